@@ -1,0 +1,24 @@
+# Warnings are errors of review, not of taste: hand-written code compiles without one.
+set(CORVANE_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+
+# Every source of the target is hand-written: warn about all of them.
+function(corvane_strict_target target)
+  target_compile_options(${target} PRIVATE ${CORVANE_WARNINGS})
+endfunction()
+
+# Code that the QML compiler generates trips -Wconversion and -Wshadow, so a target that holds QML names
+# its hand-written sources instead.
+function(corvane_strict_sources)
+  set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS ${CORVANE_WARNINGS})
+endfunction()
+
+# Adds one GoogleTest program. corvane_test(NAME SOURCES a.cpp b.cpp LIBRARIES x y)
+function(corvane_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock_main)
+  corvane_strict_target(${name})
+  include(GoogleTest)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+namespace corvane {
+
+/// Calls `body` once for every number from 0 to `iterations` - 1, at once on as many threads as the machine
+/// has cores, and returns when all have returned. The calling thread takes its share; calls may be nested.
+void concurrentPerform(std::size_t iterations, const std::function<void(std::size_t)> &body);
+
+} // namespace corvane

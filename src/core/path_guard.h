@@ -1,0 +1,67 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/host.h"
+#include "platform/protected_places.h"
+
+namespace corvane {
+
+/// The path without ".", "..", repeated and trailing slashes, and with a leading "~" replaced by `home`.
+/// Works on the text alone.
+[[nodiscard]] std::string standardizedPath(std::string_view path, std::string_view home);
+
+/// Whether `path` lies beneath `folder` (both standardized); a folder does not lie beneath itself.
+[[nodiscard]] bool liesBeneath(std::string_view path, std::string_view folder);
+
+/// The places that must never be removed, for one home folder and one system's table. Immutable, so safe to
+/// ask from any thread.
+class ProtectedLocations {
+public:
+    ProtectedLocations(std::string_view home, const ProtectedPlaces &system);
+
+    /// Judges the text of the path alone.
+    [[nodiscard]] bool isProtected(std::string_view path) const;
+
+    /// Judges the path by its text and, where its folder is reached through a symbolic link, by where the
+    /// item really lies. The item itself is never followed: a link is its own item.
+    [[nodiscard]] bool isProtected(std::string_view path, FileSystem &files) const;
+
+    [[nodiscard]] const std::string &home() const { return m_home; }
+
+private:
+    [[nodiscard]] bool covers(std::string path) const;
+
+    std::string m_home;
+    std::string m_homeLibrary;
+    std::unordered_set<std::string> m_exact;
+    std::vector<std::string> m_prefixes;
+    bool m_ignoresCase;
+};
+
+/// The rule as it holds for this user on this system. Any thread.
+struct PathGuard {
+    /// True when the path must never be removed.
+    [[nodiscard]] static bool isProtected(std::string_view path);
+
+    /// The user's home folder, standardized.
+    [[nodiscard]] static const std::string &home();
+
+    /// The tables behind it, for those who take them as an argument.
+    [[nodiscard]] static const ProtectedLocations &locations();
+
+    /// Opens the pane of the system's settings that grants Full Disk Access. Main thread.
+    static void openFullDiskAccessSettings(Desktop &desktop = systemHost().desktop);
+
+    /// The file whose readability shows Full Disk Access, for a home folder.
+    [[nodiscard]] static std::string accessProbePath(std::string_view home);
+
+    /// Whether the program may read what the system hides from others: on a home with a Library folder, that
+    /// the probe file opens; on any other home, that the home can be listed.
+    [[nodiscard]] static bool probeFullDiskAccess(FileSystem &files = systemHost().files);
+};
+
+} // namespace corvane

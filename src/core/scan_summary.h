@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "cleanup/dev_junk_rule.h"
+#include "core/file_node.h"
+#include "core/path_index.h"
+#include "core/type_slice.h"
+#include "platform/host.h"
+
+namespace corvane {
+
+/// What the screens need of a finished scan, derived in one pass. Made off the main thread.
+struct ScanSummary {
+    std::vector<std::shared_ptr<FileNode>> allFiles; ///< files and large packages, largest first
+    std::vector<DevJunkItem> devJunk;                ///< largest first
+    PathIndex index;                                 ///< every node of the tree
+    std::int64_t unreadableCount = 0;
+
+    [[nodiscard]] static ScanSummary make(const std::shared_ptr<FileNode> &root,
+                                          FileSystem &files = systemHost().files);
+
+    /// The size per file type, largest first, types without bytes left out.
+    [[nodiscard]] static std::vector<TypeSlice> types(const FileNode &root);
+};
+
+} // namespace corvane

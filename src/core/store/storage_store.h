@@ -1,0 +1,192 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QThreadPool>
+#include <QTimer>
+
+#include "cleanup/dev_junk_rule.h"
+#include "core/file_node.h"
+#include "core/path_guard.h"
+#include "core/path_index.h"
+#include "core/removal.h"
+#include "core/scan_progress.h"
+#include "core/scan_summary.h"
+#include "core/selected_entry.h"
+#include "core/selection.h"
+#include "core/type_slice.h"
+#include "core/volume_info.h"
+#include "platform/host.h"
+
+namespace corvane {
+
+/// The one observable object of the program: holds everything that the screens show and runs every long
+/// operation. Made once at launch and outliving every screen. Main thread only; work runs on its own pool and
+/// hands its results back with a queued call, where they are accepted only if they are still current.
+class StorageStore : public QObject {
+    Q_OBJECT
+
+public:
+    enum class Phase { idle, scanning, ready };
+    Q_ENUM(Phase)
+
+    /// The screens, in the order of the sidebar.
+    enum class SidebarItem { overview, breakdown, explorer, uninstaller, large, old, duplicates, cleanup };
+    Q_ENUM(SidebarItem)
+
+    Q_PROPERTY(corvane::StorageStore::SidebarItem sidebar READ sidebar WRITE setSidebar NOTIFY sidebarChanged)
+    Q_PROPERTY(corvane::StorageStore::Phase phase READ phase NOTIFY phaseChanged)
+    Q_PROPERTY(bool hasScan READ hasScan NOTIFY treeChanged)
+    Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
+    Q_PROPERTY(bool hasFullDiskAccess READ hasFullDiskAccess NOTIFY accessChanged)
+    Q_PROPERTY(bool isRemoving READ isRemoving NOTIFY isRemovingChanged)
+
+    /// What a scan hands over when it has finished. Made on a background thread.
+    struct ScanResult {
+        std::shared_ptr<FileNode> root;
+        ScanSummary summary;
+        std::vector<TypeSlice> types;
+    };
+
+    /// `host` and what it refers to must outlive the store.
+    explicit StorageStore(const Host &host = systemHost(),
+                          const ProtectedLocations &locations = PathGuard::locations(), QObject *parent = nullptr);
+    /// Stops a running scan and waits for the background work to end.
+    ~StorageStore() override;
+
+    // --- Published state; each is followed by the signal that announces it.
+    [[nodiscard]] SidebarItem sidebar() const { return m_sidebar; }
+    void setSidebar(SidebarItem item);
+    [[nodiscard]] Phase phase() const { return m_phase; }
+    [[nodiscard]] const std::shared_ptr<FileNode> &root() const { return m_root; }                   // treeChanged
+    [[nodiscard]] const std::shared_ptr<FileNode> &currentFolder() const { return m_currentFolder; } // currentFolderChanged
+    [[nodiscard]] const std::vector<std::shared_ptr<FileNode>> &allFiles() const { return m_allFiles; }
+    [[nodiscard]] const std::vector<TypeSlice> &typeBreakdown() const { return m_typeBreakdown; }
+    [[nodiscard]] const std::vector<DevJunkItem> &devJunk() const { return m_devJunk; }
+    [[nodiscard]] std::int64_t scannedFiles() const { return m_scannedFiles; }     // progressChanged
+    [[nodiscard]] std::int64_t scannedBytes() const { return m_scannedBytes; }     // progressChanged
+    [[nodiscard]] const std::string &currentPath() const { return m_currentPath; } // progressChanged; bytes
+    [[nodiscard]] double scanDuration() const { return m_scanDuration; }           // seconds
+    [[nodiscard]] int revision() const { return m_revision; }
+    [[nodiscard]] const VolumeInfo &volume() const { return m_volume; } // volumeChanged
+    [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
+    [[nodiscard]] std::int64_t unreadableCount() const { return m_unreadableCount; }
+    [[nodiscard]] const Selection &selection() const { return m_selection; } // selectionChanged
+    [[nodiscard]] bool isRemoving() const { return m_isRemoving; }
+    [[nodiscard]] const std::optional<std::string> &toast() const { return m_toast; } // toastChanged; bytes
+    /// Whether the toast reports something that went wrong.
+    [[nodiscard]] bool toastIsWarning() const { return m_toastIsWarning; }
+
+    /// A finished scan is there to look at.
+    [[nodiscard]] bool hasScan() const { return m_root != nullptr; }
+    /// The root of the last scan started, bytes; empty before the first.
+    [[nodiscard]] const std::string &lastScanPath() const { return m_lastScanPath; }
+    /// The node of the current tree at a path, or null.
+    [[nodiscard]] FileNode *node(std::string_view path) const { return m_index.find(path); }
+    [[nodiscard]] const Host &host() const { return m_host; }
+    [[nodiscard]] const ProtectedLocations &locations() const { return m_locations; }
+
+    // --- Scanning
+    /// Starts a scan of a folder (absolute bytes); a running one is stopped and its result dropped. A path
+    /// that is not a readable folder leaves everything as it is and says so in the toast.
+    void scan(const std::string &path);
+    void scanHome();
+    void scanEntireDisk();
+    /// Asks the window for a folder (`folderWanted`), which then calls `scan`.
+    void chooseFolder();
+    /// Stops the running scan; what it has found is shown.
+    void stopScan();
+    /// Takes over a scan's result unless `token` is no longer the current scan.
+    void finishScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token);
+    /// The token of the running (or last) scan.
+    [[nodiscard]] const std::shared_ptr<ScanProgress> &progress() const { return m_progress; }
+    /// Shows a folder or package of the current tree in the explorer; a file shows its folder.
+    void open(const std::shared_ptr<FileNode> &node);
+    /// Opens the explorer's containing folder, if the folder shown is not the root.
+    void openParent();
+
+    // --- Selection and removal
+    [[nodiscard]] bool isProtected(std::string_view path) const;
+    [[nodiscard]] bool isSelected(const std::string &path) const;
+    /// Whether the path is selected or lies inside a selected folder.
+    [[nodiscard]] bool isCovered(const std::string &path) const;
+    void setSelected(const std::string &path, std::int64_t size, bool selected);
+    void setSelected(std::span<const SelectedEntry> entries, bool selected);
+    void clearSelection();
+    [[nodiscard]] Selection effectiveSelection() const;
+    [[nodiscard]] std::int64_t selectedTotal() const;
+    [[nodiscard]] std::vector<SelectedEntry> selectedEntries() const;
+    /// Removes the entries in the background (one removal at a time) and reports once.
+    void remove(const Selection &entries, bool permanently);
+    /// Takes over what a removal did.
+    void didRemove(const RemovalOutcome &outcome, bool permanently);
+
+    // --- Messages
+    void showToast(std::string text, bool warning = false);
+    void dismissToast();
+
+signals:
+    void sidebarChanged();
+    void phaseChanged();
+    void treeChanged();          ///< root, allFiles, typeBreakdown, devJunk, unreadableCount, scanDuration
+    void currentFolderChanged();
+    void progressChanged();
+    void revisionChanged();      ///< the installed tree itself has changed
+    void volumeChanged();
+    void accessChanged();
+    void selectionChanged();
+    void isRemovingChanged();
+    void toastChanged();
+    void folderWanted();
+
+private:
+    void pollProgress();
+    void publishCounters();
+    void setPhase(Phase phase);
+    void clearScan();
+    void probeAccess();
+    void refreshVolume();
+    void dropRemovedFromLists();
+    void refreshSelectedSizes();
+
+    const Host &m_host;
+    const ProtectedLocations &m_locations;
+
+    SidebarItem m_sidebar = SidebarItem::explorer;
+    Phase m_phase = Phase::idle;
+    std::shared_ptr<FileNode> m_root;
+    std::shared_ptr<FileNode> m_currentFolder;
+    std::vector<std::shared_ptr<FileNode>> m_allFiles;
+    std::vector<TypeSlice> m_typeBreakdown;
+    std::vector<DevJunkItem> m_devJunk;
+    std::int64_t m_scannedFiles = 0;
+    std::int64_t m_scannedBytes = 0;
+    std::string m_currentPath;
+    double m_scanDuration = 0;
+    int m_revision = 0;
+    VolumeInfo m_volume;
+    bool m_hasFullDiskAccess = false;
+    std::int64_t m_unreadableCount = 0;
+    Selection m_selection;
+    bool m_isRemoving = false;
+    std::optional<std::string> m_toast;
+    bool m_toastIsWarning = false;
+
+    PathIndex m_index;
+    std::shared_ptr<ScanProgress> m_progress;
+    QTimer m_timer;
+    QElapsedTimer m_scanStart;
+    std::string m_lastScanPath;
+
+    // Last, so that its destructor, which waits for the work, runs before anything that the work uses goes.
+    QThreadPool m_pool;
+};
+
+} // namespace corvane

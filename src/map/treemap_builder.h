@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/color.h"
+#include "core/file_node.h"
+#include "map/rect.h"
+
+namespace corvane {
+
+/// One input of the layout; an aggregate of several items has no node.
+struct TreemapItem {
+    std::shared_ptr<FileNode> node;
+    std::string label; ///< bytes of a name, or the words of an aggregate
+    std::int64_t size = 0;
+};
+
+/// One rectangle of the map.
+struct TreemapTile {
+    std::shared_ptr<FileNode> node; ///< null for an aggregate
+    std::string label;
+    std::int64_t size = 0;
+    Rect rect;              ///< points
+    Color color;
+    int depth = 0;          ///< 0: inside the explored folder; 1: drawn inside such a tile
+    bool hasNested = false; ///< tiles of depth 1 follow
+};
+
+/// Turns a folder into the flat list of tiles that the map draws. Pure; touches the tree on the caller's
+/// thread only.
+struct TreemapBuilder {
+    static constexpr std::size_t topLimit = 60;
+    static constexpr std::size_t nestedLimit = 40;
+
+    [[nodiscard]] static std::vector<TreemapItem> items(const FileNode &folder, std::size_t limit);
+    /// Parents before their nested tiles; at most 61 x 41.
+    [[nodiscard]] static std::vector<TreemapTile> tiles(const FileNode &folder, const Rect &rect);
+    /// One of ten colours, chosen by the index modulo 10.
+    [[nodiscard]] static Color folderColor(int index);
+    /// The colour of an item that stands at `index` in its folder's list: by position for folders, by type
+    /// for files and packages, grey for aggregates.
+    [[nodiscard]] static Color itemColor(const FileNode *node, int index);
+};
+
+} // namespace corvane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/error.h"
+
+namespace corvane {
+
+/// What the desktop around the program does for it. Main thread only.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    /// Shows the item in the file manager, selected; where that cannot be done, opens its folder.
+    [[nodiscard]] virtual Expected<void> reveal(const std::string &path) = 0;
+
+    /// Opens an address in the program that handles it.
+    [[nodiscard]] virtual Expected<void> openUrl(const std::string &url) = 0;
+
+    /// Makes the program a normal one with a menu bar and brings its window to the front.
+    virtual void activateApplication() = 0;
+
+    /// Writes a line to the system's log.
+    virtual void log(std::string_view message) = 0;
+
+    /// Whether the user asked the system for less movement on the screen.
+    [[nodiscard]] virtual bool prefersReducedMotion() = 0;
+};
+
+} // namespace corvane

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <system_error>
+
+#include <tl/expected.hpp>
+
+namespace corvane {
+
+/// What a call of the system failed at: the operation ("open", "move to Trash"), the path as bytes, the
+/// system's code, and, where the system gave one, its own sentence for people.
+struct Error {
+    std::string operation;
+    std::string path;
+    std::error_code code;
+    std::string text;
+
+    /// The sentence to show: the system's own where there is one, else the code's message.
+    [[nodiscard]] std::string description() const { return text.empty() ? code.message() : text; }
+};
+
+template <typename T>
+using Expected = tl::expected<T, Error>;
+
+} // namespace corvane

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <chrono>
+
+namespace corvane {
+
+/// A point in time to the second, in UTC.
+using Time = std::chrono::sys_seconds;
+
+/// Stands for "unknown": midnight of 1 January of the year 1, before anything that a file system records.
+inline constexpr Time distantPast{std::chrono::seconds{-62135596800}};
+
+} // namespace corvane
