@@ -55,7 +55,7 @@ public:
         std::vector<TypeSlice> types;
     };
 
-    /// `host` and what it refers to must outlive the store.
+    /// What `host` refers to, and `locations`, must outlive the store.
     explicit StorageStore(const Host &host = systemHost(),
                           const ProtectedLocations &locations = PathGuard::locations(), QObject *parent = nullptr);
     /// Stops a running scan and waits for the background work to end.
@@ -147,16 +147,17 @@ signals:
     void folderWanted();
 
 private:
-    void pollProgress();
     void publishCounters();
     void setPhase(Phase phase);
+    void setCurrentFolder(std::shared_ptr<FileNode> folder);
     void clearScan();
     void probeAccess();
     void refreshVolume();
-    void dropRemovedFromLists();
     void refreshSelectedSizes();
+    /// Takes what was removed out of the tree and of every list; true when the tree has changed.
+    bool dropFromTree(std::span<const SelectedEntry> removed);
 
-    const Host &m_host;
+    const Host m_host;
     const ProtectedLocations &m_locations;
 
     SidebarItem m_sidebar = SidebarItem::explorer;
@@ -180,6 +181,7 @@ private:
     bool m_toastIsWarning = false;
 
     PathIndex m_index;
+    std::vector<SelectedEntry> m_removedDuringScan; // the running walk may still have seen them
     std::shared_ptr<ScanProgress> m_progress;
     QTimer m_timer;
     QElapsedTimer m_scanStart;

@@ -1,0 +1,430 @@
+#include "core/store/storage_store.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include <QMetaObject>
+
+#include "core/scanner.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr int pollInterval = 150; // milliseconds
+
+// A superseded walk, its successor, a removal and the freeing of an old tree may all be under way at once;
+// none of them may wait for another.
+constexpr int poolThreads = 6;
+
+std::string lastComponent(const std::string &path)
+{
+    const auto slash = path.rfind('/');
+    const std::string last = slash == std::string::npos ? path : path.substr(slash + 1);
+    return last.empty() ? path : last;
+}
+
+bool isSameOrAncestor(std::string_view folder, std::string_view path)
+{
+    return path == folder || liesBeneath(path, folder);
+}
+
+std::unordered_set<const FileNode *> subtree(const FileNode &top)
+{
+    std::unordered_set<const FileNode *> nodes;
+    std::vector<const FileNode *> pending{&top};
+    while (!pending.empty()) {
+        const FileNode *node = pending.back();
+        pending.pop_back();
+        nodes.insert(node);
+        for (const auto &child : node->children)
+            pending.push_back(child.get());
+    }
+    return nodes;
+}
+
+} // namespace
+
+StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations, QObject *parent)
+    : QObject(parent), m_host(host), m_locations(locations), m_volume(VolumeInfo::current(host.volumes))
+{
+    m_pool.setMaxThreadCount(poolThreads);
+    m_timer.setInterval(pollInterval);
+    connect(&m_timer, &QTimer::timeout, this, &StorageStore::publishCounters);
+    probeAccess();
+}
+
+StorageStore::~StorageStore()
+{
+    if (m_progress)
+        m_progress->cancel();
+    m_pool.waitForDone();
+}
+
+void StorageStore::setSidebar(SidebarItem item)
+{
+    if (m_sidebar == item)
+        return;
+    m_sidebar = item;
+    emit sidebarChanged();
+}
+
+void StorageStore::setPhase(Phase phase)
+{
+    if (m_phase == phase)
+        return;
+    m_phase = phase;
+    emit phaseChanged();
+}
+
+void StorageStore::probeAccess()
+{
+    const bool granted = PathGuard::probeFullDiskAccess(m_host.files);
+    if (granted == m_hasFullDiskAccess)
+        return;
+    m_hasFullDiskAccess = granted;
+    emit accessChanged();
+}
+
+void StorageStore::refreshVolume()
+{
+    VolumeInfo volume = VolumeInfo::current(m_host.volumes);
+    if (volume == m_volume)
+        return;
+    m_volume = std::move(volume);
+    emit volumeChanged();
+}
+
+// --- Scanning
+
+void StorageStore::scan(const std::string &path)
+{
+    std::string target = standardizedPath(path, m_locations.home());
+    auto facts = m_host.files.facts(target);
+    if (facts && facts->type == EntryType::symbolicLink) {
+        if (const auto real = m_host.files.realPath(target)) {
+            target = *real;
+            facts = m_host.files.facts(target);
+        } else {
+            facts = tl::unexpected(real.error());
+        }
+    }
+    if (!facts) {
+        showToast("Can't scan " + lastComponent(target) + ": " + facts.error().description(), true);
+        return;
+    }
+    if (facts->type != EntryType::directory) {
+        showToast("Can't scan " + lastComponent(target) + ": it is not a folder", true);
+        return;
+    }
+
+    if (m_progress && m_phase == Phase::scanning)
+        m_progress->cancel();
+    m_progress = std::make_shared<ScanProgress>();
+    probeAccess();
+    clearScan();
+    m_scanStart.start();
+    m_lastScanPath = target;
+    m_timer.start();
+    setPhase(Phase::scanning);
+
+    m_pool.start([this, target, token = m_progress] {
+        auto result = std::make_shared<ScanResult>();
+        result->root = Scanner::scan(target, *token, m_host.files);
+        result->summary = ScanSummary::make(result->root, m_host.files);
+        result->types = ScanSummary::types(*result->root);
+        QMetaObject::invokeMethod(
+            this, [this, result = std::move(result), token] { finishScan(result, token); }, Qt::QueuedConnection);
+    });
+}
+
+void StorageStore::scanHome()
+{
+    scan(m_locations.home());
+}
+
+void StorageStore::scanEntireDisk()
+{
+    scan("/");
+}
+
+void StorageStore::chooseFolder()
+{
+    emit folderWanted();
+}
+
+void StorageStore::stopScan()
+{
+    if (m_phase == Phase::scanning)
+        m_progress->cancel();
+}
+
+void StorageStore::clearScan()
+{
+    // Letting go of a large tree takes time that the window should not wait for.
+    struct Discarded {
+        std::shared_ptr<FileNode> root;
+        std::vector<std::shared_ptr<FileNode>> allFiles;
+        std::vector<DevJunkItem> devJunk;
+        PathIndex index;
+    };
+    auto discarded = std::make_shared<Discarded>();
+    discarded->root = std::exchange(m_root, nullptr);
+    discarded->allFiles = std::exchange(m_allFiles, {});
+    discarded->devJunk = std::exchange(m_devJunk, {});
+    discarded->index = std::exchange(m_index, PathIndex());
+    m_typeBreakdown.clear();
+    m_unreadableCount = 0;
+    m_scannedFiles = 0;
+    m_scannedBytes = 0;
+    m_currentPath.clear();
+    m_scanDuration = 0;
+    m_removedDuringScan.clear();
+    ++m_revision;
+
+    setCurrentFolder(nullptr);
+    emit treeChanged();
+    emit progressChanged();
+    emit revisionChanged();
+    m_pool.start([discarded = std::move(discarded)]() mutable { discarded.reset(); });
+}
+
+void StorageStore::publishCounters()
+{
+    auto counters = m_progress->counters();
+    m_scannedFiles = counters.files;
+    m_scannedBytes = counters.bytes;
+    m_currentPath = std::move(counters.current);
+    emit progressChanged();
+}
+
+void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token)
+{
+    if (token != m_progress) {
+        m_pool.start([result = std::move(result)]() mutable { result.reset(); });
+        return;
+    }
+    m_timer.stop();
+    m_scanDuration = static_cast<double>(m_scanStart.elapsed()) / 1000.0;
+    m_root = std::move(result->root);
+    m_index = std::move(result->summary.index);
+    m_allFiles = std::move(result->summary.allFiles);
+    m_devJunk = std::move(result->summary.devJunk);
+    m_unreadableCount = result->summary.unreadableCount;
+    m_typeBreakdown = std::move(result->types);
+    ++m_revision;
+
+    std::erase_if(m_removedDuringScan,
+                  [this](const SelectedEntry &entry) { return m_host.files.facts(entry.path).has_value(); });
+    if (dropFromTree(std::exchange(m_removedDuringScan, {})))
+        m_typeBreakdown = ScanSummary::types(*m_root);
+    if (!token->isCancelled())
+        refreshSelectedSizes();
+
+    publishCounters();
+    refreshVolume();
+    setCurrentFolder(m_root);
+    emit treeChanged();
+    emit revisionChanged();
+    setPhase(Phase::ready);
+    if (token->isCancelled())
+        showToast("Scan stopped — showing partial results");
+}
+
+void StorageStore::setCurrentFolder(std::shared_ptr<FileNode> folder)
+{
+    if (m_currentFolder == folder)
+        return;
+    m_currentFolder = std::move(folder);
+    emit currentFolderChanged();
+}
+
+void StorageStore::open(const std::shared_ptr<FileNode> &node)
+{
+    if (!node || !m_root || m_index.find(node->path()) != node.get())
+        return;
+    setCurrentFolder(node->kind == FileNode::Kind::file ? node->parent.lock() : node);
+}
+
+void StorageStore::openParent()
+{
+    if (!m_currentFolder || m_currentFolder == m_root)
+        return;
+    if (auto parent = m_currentFolder->parent.lock())
+        setCurrentFolder(std::move(parent));
+}
+
+// --- Selection
+
+bool StorageStore::isProtected(std::string_view path) const
+{
+    return m_locations.isProtected(path, m_host.files);
+}
+
+bool StorageStore::isSelected(const std::string &path) const
+{
+    return m_selection.contains(path);
+}
+
+bool StorageStore::isCovered(const std::string &path) const
+{
+    return m_selection.contains(path) || hasSelectedAncestor(m_selection, path);
+}
+
+void StorageStore::setSelected(const std::string &path, std::int64_t size, bool selected)
+{
+    const SelectedEntry entry{path, size};
+    setSelected(std::span(&entry, 1), selected);
+}
+
+void StorageStore::setSelected(std::span<const SelectedEntry> entries, bool selected)
+{
+    bool changed = false;
+    for (const SelectedEntry &entry : entries) {
+        if (!selected) {
+            changed |= m_selection.erase(entry.path) > 0;
+        } else if (!isProtected(entry.path)) {
+            const auto [position, inserted] = m_selection.try_emplace(entry.path, entry.size);
+            changed |= inserted || position->second != entry.size;
+            position->second = entry.size;
+        }
+    }
+    if (changed)
+        emit selectionChanged();
+}
+
+void StorageStore::clearSelection()
+{
+    if (m_selection.empty())
+        return;
+    m_selection.clear();
+    emit selectionChanged();
+}
+
+// The selection outlives a rescan; its sizes follow what the new walk has found.
+void StorageStore::refreshSelectedSizes()
+{
+    bool changed = false;
+    for (auto &[path, size] : m_selection) {
+        const FileNode *node = m_index.find(path);
+        if (node == nullptr || node->size == size)
+            continue;
+        size = node->size;
+        changed = true;
+    }
+    if (changed)
+        emit selectionChanged();
+}
+
+Selection StorageStore::effectiveSelection() const
+{
+    return corvane::effectiveSelection(m_selection);
+}
+
+std::int64_t StorageStore::selectedTotal() const
+{
+    return totalSize(effectiveSelection());
+}
+
+std::vector<SelectedEntry> StorageStore::selectedEntries() const
+{
+    return corvane::selectedEntries(effectiveSelection());
+}
+
+// --- Removal
+
+void StorageStore::remove(const Selection &entries, bool permanently)
+{
+    if (m_isRemoving || entries.empty())
+        return;
+    m_isRemoving = true;
+    emit isRemovingChanged();
+    m_pool.start([this, entries, permanently] {
+        const auto steps = Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders());
+        auto outcome = Removal::perform(steps, m_locations, m_host);
+        QMetaObject::invokeMethod(
+            this, [this, outcome = std::move(outcome), permanently] { didRemove(outcome, permanently); },
+            Qt::QueuedConnection);
+    });
+}
+
+bool StorageStore::dropFromTree(std::span<const SelectedEntry> removed)
+{
+    bool changed = false;
+    for (const SelectedEntry &entry : removed) {
+        FileNode *node = m_index.find(entry.path);
+        const std::shared_ptr<FileNode> folder = node != nullptr ? node->parent.lock() : nullptr;
+        if (folder == nullptr)
+            continue;
+        // Keeps the subtree alive until nothing refers to it any more.
+        const auto position = std::ranges::find(folder->children, node, &std::shared_ptr<FileNode>::get);
+        if (position == folder->children.end())
+            continue;
+        const std::shared_ptr<FileNode> held = *position;
+        const auto gone = subtree(*held);
+        m_index.eraseSubtree(*held);
+        if (!detach(*held))
+            continue;
+        changed = true;
+        std::erase_if(m_allFiles, [&](const auto &file) { return gone.contains(file.get()); });
+        std::erase_if(m_devJunk, [&](const DevJunkItem &item) { return gone.contains(item.node.get()); });
+        if (gone.contains(m_currentFolder.get()))
+            setCurrentFolder(folder);
+    }
+    return changed;
+}
+
+void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently)
+{
+    bool selectionHasChanged = false;
+    for (const SelectedEntry &entry : outcome.removed) {
+        // What was selected inside a removed folder is gone with it.
+        selectionHasChanged |= std::erase_if(m_selection, [&](const auto &selected) {
+            return isSameOrAncestor(entry.path, selected.first);
+        }) > 0;
+    }
+
+    const bool rootIsGone = m_root && std::ranges::any_of(outcome.removed, [this](const SelectedEntry &entry) {
+        return isSameOrAncestor(entry.path, m_root->path());
+    });
+    if (rootIsGone) {
+        clearScan();
+        setPhase(Phase::idle);
+    } else if (m_root && dropFromTree(outcome.removed)) {
+        m_typeBreakdown = ScanSummary::types(*m_root);
+        ++m_revision;
+        emit treeChanged();
+        emit revisionChanged();
+    } else if (m_phase == Phase::scanning) {
+        m_removedDuringScan.insert(m_removedDuringScan.end(), outcome.removed.begin(), outcome.removed.end());
+    }
+
+    if (selectionHasChanged)
+        emit selectionChanged();
+    if (const std::string lines = Removal::logText(outcome); !lines.empty())
+        m_host.desktop.log(lines);
+    m_isRemoving = false;
+    emit isRemovingChanged();
+    refreshVolume();
+    showToast(Removal::message(outcome, permanently), !outcome.failures.empty());
+}
+
+// --- Messages
+
+void StorageStore::showToast(std::string text, bool warning)
+{
+    m_toast = std::move(text);
+    m_toastIsWarning = warning;
+    emit toastChanged();
+}
+
+void StorageStore::dismissToast()
+{
+    if (!m_toast)
+        return;
+    m_toast.reset();
+    emit toastChanged();
+}
+
+} // namespace corvane
