@@ -1,0 +1,68 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "core/file_node.h"
+
+namespace corvane::test {
+
+using NodePtr = std::shared_ptr<FileNode>;
+
+/// A tree made by hand: every addition keeps the children largest first and the ancestors' figures right.
+inline NodePtr makeRoot(std::string_view path = "/home/studio", FileNode::Kind kind = FileNode::Kind::directory)
+{
+    return std::make_shared<FileNode>(path, kind);
+}
+
+inline void account(const NodePtr &folder, std::int64_t size, std::int64_t files)
+{
+    for (NodePtr node = folder; node; node = node->parent.lock()) {
+        node->size += size;
+        node->fileCount += files;
+        if (const NodePtr parent = node->parent.lock())
+            std::stable_sort(parent->children.begin(), parent->children.end(),
+                             [](const NodePtr &a, const NodePtr &b) { return a->size > b->size; });
+    }
+}
+
+inline NodePtr add(const NodePtr &folder, std::string name, FileNode::Kind kind, std::int64_t size,
+                   std::int64_t files)
+{
+    auto path = std::make_shared<const std::string>(folder->path());
+    auto node = std::make_shared<FileNode>(std::move(path), std::move(name), kind, folder);
+    folder->children.push_back(node);
+    node->size = size;
+    node->fileCount = files;
+    account(folder, size, files);
+    return node;
+}
+
+inline NodePtr addFile(const NodePtr &folder, std::string name, std::int64_t size)
+{
+    return add(folder, std::move(name), FileNode::Kind::file, size, 1);
+}
+
+/// A folder that grows with what is put into it.
+inline NodePtr addFolder(const NodePtr &folder, std::string name)
+{
+    return add(folder, std::move(name), FileNode::Kind::directory, 0, 0);
+}
+
+inline NodePtr addPackage(const NodePtr &folder, std::string name, std::int64_t size)
+{
+    return add(folder, std::move(name), FileNode::Kind::package, size, 1);
+}
+
+inline void addSmallFiles(const NodePtr &folder, std::int64_t count, std::int64_t size)
+{
+    folder->smallFilesCount += count;
+    folder->smallFilesSize += size;
+    account(folder, size, count);
+}
+
+} // namespace corvane::test
