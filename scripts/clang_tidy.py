@@ -1,0 +1,110 @@
+#!/usr/bin/env python3
+"""Runs clang-tidy over every hand-written source of a build folder, on all cores.
+
+A source that was clean is remembered by the contents of everything that the compiler read for it (the
+project's own files; the build's dependency log names them), its compile command, the configuration and
+clang-tidy's version, and is not looked at again until one of them changes.
+"""
+
+import argparse
+import concurrent.futures
+import hashlib
+import json
+import os
+import pathlib
+import subprocess
+import sys
+
+SOURCE_FOLDERS = ("src", "tests", "bench")
+
+
+def file_hash(path, known={}):
+    """The hash of a file's bytes; each file is read once."""
+    if path not in known:
+        try:
+            known[path] = hashlib.sha256(pathlib.Path(path).read_bytes()).hexdigest()
+        except OSError:
+            known[path] = "absent"
+    return known[path]
+
+
+def dependencies(build):
+    """For each object file of the build, the files that the compiler read for it."""
+    log = subprocess.run(["ninja", "-C", build, "-t", "deps"], capture_output=True, text=True, check=True)
+    result, current = {}, []
+    for line in log.stdout.splitlines():
+        if line and not line.startswith(" "):
+            current = result.setdefault(line.split(":")[0], [])
+        elif line.strip():
+            current.append(os.path.normpath(os.path.join(build, line.strip())))
+    return result
+
+
+def configurations(source, root):
+    """The .clang-tidy files that apply to a source."""
+    folder = source.parent
+    while True:
+        if (folder / ".clang-tidy").is_file():
+            yield folder / ".clang-tidy"
+        if folder == root:
+            return
+        folder = folder.parent
+
+
+def key(entry, root, dependency_log, version):
+    """What the verdict on a source depends on, as one hash; None where it cannot be told."""
+    files = dependency_log.get(entry.get("output", ""))
+    if files is None:
+        return None
+    source = pathlib.Path(entry["file"])
+    parts = [version, entry["command"], file_hash(str(source))]
+    parts += [file_hash(str(path)) for path in configurations(source, root)]
+    parts += [path + file_hash(path) for path in sorted(files) if path.startswith(str(root))]
+    return hashlib.sha256("\n".join(parts).encode()).hexdigest()
+
+
+def look_at(entry, arguments):
+    """Runs clang-tidy on one source: whether it is clean, and what it said."""
+    done = subprocess.run(
+        [arguments.clang_tidy, "--quiet", "-p", arguments.build, entry["file"]],
+        capture_output=True, text=True, check=False)
+    said = done.stdout + "".join(line for line in done.stderr.splitlines(True) if "error:" in line)
+    return done.returncode == 0 and "warning:" not in done.stdout, said
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--build", required=True, help="a build folder with compile_commands.json")
+    parser.add_argument("--clang-tidy", required=True, help="the program")
+    parser.add_argument("--cache", required=True, help="where clean sources are remembered")
+    arguments = parser.parse_args()
+
+    root = pathlib.Path(__file__).resolve().parent.parent
+    wanted = tuple(str(root / folder) + os.sep for folder in SOURCE_FOLDERS)
+    commands = json.loads(pathlib.Path(arguments.build, "compile_commands.json").read_text())
+    entries = {entry["file"]: entry for entry in commands if entry["file"].startswith(wanted)}
+    version = subprocess.run([arguments.clang_tidy, "--version"], capture_output=True, text=True, check=True).stdout
+    dependency_log = dependencies(os.path.abspath(arguments.build))
+    cache = pathlib.Path(arguments.cache)
+    cache.mkdir(parents=True, exist_ok=True)
+
+    def verdict(entry):
+        remembered = key(entry, root, dependency_log, version)
+        if remembered and (cache / remembered).exists():
+            return True, ""
+        clean, said = look_at(entry, arguments)
+        if clean and remembered:
+            (cache / remembered).touch()
+        return clean, said
+
+    all_clean = True
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for clean, said in pool.map(verdict, entries.values()):
+            if not clean:
+                all_clean = False
+                print(said, end="")
+    return 0 if all_clean else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,103 @@
+# What each purpose needs from the system's packages, and how it is installed. Sourced by `dev`, from bash.
+# shellcheck shell=bash
+
+# One word per package; "a|b" means either, whichever the distribution has.
+packages_for() {
+    case "$(uname -s)/$1" in
+    Linux/build)
+        echo git ca-certificates build-essential cmake ninja-build ccache pkg-config python3 \
+            libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libcli11-dev nlohmann-json3-dev
+        ;;
+    Linux/ui)
+        # The QML modules are run-time parts that the development packages do not pull in.
+        echo qt6-base-dev qt6-declarative-dev 'qt6-svg-dev|libqt6svg6-dev' qt6-wayland nodejs npm \
+            qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick \
+            qml6-module-qtquick-window qml6-module-qtquick-templates qml6-module-qtquick-controls \
+            qml6-module-qtquick-layouts qml6-module-qtquick-shapes qml6-module-qtquick-dialogs \
+            qml6-module-qt-labs-folderlistmodel fonts-noto-color-emoji
+        ;;
+    Linux/test) echo libgtest-dev libgmock-dev bubblewrap dbus-daemon ;;
+    Linux/lint) echo clang-format-14 clang-tidy-14 shellcheck ;;
+    Linux/bench) echo hyperfine ncdu gdu ;;
+    Linux/macos-check) echo clang-19 libc++-19-dev ;;
+    Linux/package) echo file dpkg-dev ;;
+    Darwin/build) echo cmake ninja ccache pkg-config fmt tl-expected cli11 nlohmann-json ;;
+    Darwin/ui) echo qt node ;;
+    Darwin/test) echo googletest ;;
+    Darwin/lint) echo llvm shellcheck ;;
+    Darwin/bench) echo hyperfine ncdu gdu ;;
+    Darwin/*) ;;
+    *)
+        echo "dev: no package list for $1 on $(uname -s)" >&2
+        return 1
+        ;;
+    esac
+}
+
+# Installs what is missing for the purposes named, saying what; does nothing when all is there.
+require_packages() {
+    local purpose wanted missing=()
+    for purpose in "$@"; do
+        wanted=$(packages_for "$purpose")
+        for package in $wanted; do
+            is_installed "$package" || missing+=("$package")
+        done
+    done
+    [[ ${#missing[@]} -gt 0 ]] || return 0
+    case "$(uname -s)" in
+    Linux) install_with_apt "${missing[@]}" ;;
+    Darwin) install_with_brew "${missing[@]}" ;;
+    esac
+}
+
+is_installed() {
+    local name
+    # Node.js from elsewhere than the distribution brings its npm along.
+    case "$1" in
+    nodejs | node) command -v node >/dev/null && return 0 ;;
+    npm) command -v npm >/dev/null && return 0 ;;
+    esac
+    for name in ${1//|/ }; do
+        if [[ $(uname -s) == Darwin ]]; then
+            brew list --formula --versions "$name" >/dev/null 2>&1 && return 0
+        elif [[ $(dpkg-query -W -f '${db:Status-Status}' "$name" 2>/dev/null) == installed ]]; then
+            return 0
+        fi
+    done
+    return 1
+}
+
+install_with_apt() {
+    local package name as_root=() chosen=()
+    if ! command -v apt-get >/dev/null; then
+        echo "dev: these packages are missing, and there is no apt-get to install them with: $*" >&2
+        return 1
+    fi
+    if [[ $EUID -ne 0 ]]; then
+        if ! command -v sudo >/dev/null; then
+            echo "dev: these packages are missing; install them as root (there is no sudo): $*" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" apt-get -q update
+    for package in "$@"; do
+        for name in ${package//|/ }; do
+            if [[ -n $(apt-cache madison "$name" 2>/dev/null) ]]; then
+                break
+            fi
+        done
+        chosen+=("$name")
+    done
+    echo "dev: installing with apt: ${chosen[*]}"
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y install --no-install-recommends "${chosen[@]}"
+}
+
+install_with_brew() {
+    if ! command -v brew >/dev/null; then
+        echo "dev: these packages are missing, and there is no Homebrew to install them with: $*" >&2
+        return 1
+    fi
+    echo "dev: installing with brew: $*"
+    brew install "$@"
+}
