@@ -1,0 +1,48 @@
+#include "platform/linux/package_extensions.h"
+
+#include <algorithm>
+#include <array>
+
+namespace corvane {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+// Linux knows no folder that is one document, so this table stands in for what a Mac declares: the bundle
+// types of the system itself, of its media and office programs, of its developer tools, and of widespread
+// programs for audio plug-ins and virtual machines. Extensions that such a type shares with everyday folder
+// names ("download", "service", "template", "trace") are left out: hiding a plain folder's inside from its
+// owner is worse than showing a document's. Lower case, in order, so that one binary search answers.
+constexpr std::array packageExtensions{
+    "aaxplugin"sv, "aplibrary"sv, "app"sv, "appex"sv, "backupbundle"sv, "band"sv, "bundle"sv,
+    "component"sv, "dictionary"sv, "docset"sv, "dsym"sv, "fcpbundle"sv, "fcpcache"sv, "framework"sv,
+    "imovielibrary"sv, "kext"sv, "key"sv, "logicx"sv, "lrdata"sv, "lrlibrary"sv, "mdimporter"sv,
+    "migratedphotolibrary"sv, "mpkg"sv, "musiclibrary"sv, "numbers"sv, "pages"sv, "photolibrary"sv,
+    "photoslibrary"sv, "pkg"sv, "playground"sv, "playgroundbook"sv, "plugin"sv, "prefpane"sv, "pvm"sv,
+    "qlgenerator"sv, "rtfd"sv, "saver"sv, "scptd"sv, "slidesaver"sv, "sparsebundle"sv, "swiftpm"sv,
+    "theater"sv, "tvlibrary"sv, "utm"sv, "vmwarevm"sv, "vst"sv, "vst3"sv, "wdgt"sv, "workflow"sv,
+    "xcarchive"sv, "xcdatamodel"sv, "xcdatamodeld"sv, "xcodeproj"sv, "xcplugin"sv, "xcresult"sv, "xctest"sv,
+    "xcworkspace"sv, "xpc"sv};
+static_assert(std::ranges::is_sorted(packageExtensions));
+
+constexpr std::size_t longestExtension =
+    std::ranges::max(packageExtensions, {}, [](std::string_view e) { return e.size(); }).size();
+
+constexpr char lowerAscii(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+} // namespace
+
+bool isKnownPackageExtension(std::string_view extension)
+{
+    if (extension.empty() || extension.size() > longestExtension)
+        return false;
+    std::array<char, longestExtension> buffer{};
+    std::ranges::transform(extension, buffer.begin(), lowerAscii);
+    return std::ranges::binary_search(packageExtensions, std::string_view(buffer.data(), extension.size()));
+}
+
+} // namespace corvane
