@@ -10,36 +10,51 @@
 
 namespace corvane {
 
-/// The path without ".", "..", repeated and trailing slashes, and with a leading "~" replaced by `home`.
-/// Works on the text alone.
+/// The path without ".", "..", repeated and trailing slashes, and with "~" as its first component replaced by
+/// `home`. Works on the text alone. A relative path stays relative; the empty one stays empty.
 [[nodiscard]] std::string standardizedPath(std::string_view path, std::string_view home);
 
 /// Whether `path` lies beneath `folder` (both standardized); a folder does not lie beneath itself.
 [[nodiscard]] bool liesBeneath(std::string_view path, std::string_view folder);
 
-/// The places that must never be removed, for one home folder and one system's table. Immutable, so safe to
-/// ask from any thread.
+/// The text of a path without its last component, "/" for what lies directly in it; empty where there is no slash.
+[[nodiscard]] std::string_view containingFolder(std::string_view path);
+
+/// The last component of a path's text; the whole text where that is empty ("/").
+[[nodiscard]] std::string_view lastPathComponent(std::string_view path);
+
+/// The places that must never be removed, for one home folder and one system's table; and every folder that
+/// contains one of them. Immutable, so safe to ask from any thread.
 class ProtectedLocations {
 public:
-    ProtectedLocations(std::string_view home, const ProtectedPlaces &system);
+    /// `home` is absolute. Where it is reached through a symbolic link, `realHome` is the same folder with
+    /// every link resolved, and both are protected.
+    ProtectedLocations(std::string_view home, const ProtectedPlaces &system, std::string_view realHome = {});
 
-    /// Judges the text of the path alone.
+    /// Judges the text of the path alone. What is not an absolute path cannot be judged and is protected.
     [[nodiscard]] bool isProtected(std::string_view path) const;
 
     /// Judges the path by its text and, where its folder is reached through a symbolic link, by where the
-    /// item really lies. The item itself is never followed: a link is its own item.
+    /// item really lies. The item itself is not followed, for a link is its own item, unless the text asks for
+    /// it (a trailing slash, "." or ".." at the end).
     [[nodiscard]] bool isProtected(std::string_view path, FileSystem &files) const;
 
     [[nodiscard]] const std::string &home() const { return m_home; }
 
 private:
-    [[nodiscard]] bool covers(std::string path) const;
+    void protectHome(const std::string &home, const ProtectedPlaces &system);
+    void protectPlace(std::string place);
+    void protectWithContents(std::string place);
+    [[nodiscard]] bool isProtectedReally(const std::string &realPath) const;
+    [[nodiscard]] std::string folded(std::string path) const;
 
     std::string m_home;
-    std::string m_homeLibrary;
+    std::string m_realHome;
+    bool m_ignoresCase;
+    // All as `folded` gives them.
     std::unordered_set<std::string> m_exact;
     std::vector<std::string> m_prefixes;
-    bool m_ignoresCase;
+    std::vector<std::string> m_librariesOfHome; ///< what lies directly inside is protected
 };
 
 /// The rule as it holds for this user on this system. Any thread.

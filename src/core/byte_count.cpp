@@ -1,0 +1,53 @@
+#include "core/byte_count.h"
+
+#include <fmt/format.h>
+
+namespace corvane {
+namespace {
+
+struct Unit {
+    const char *symbol;
+    std::uint64_t bytes;
+    int digits;          ///< shown after the point
+    std::uint64_t scale; ///< ten to the power of `digits`
+};
+
+constexpr Unit units[] = {
+    {"KB", 1'000, 0, 1},
+    {"MB", 1'000'000, 1, 10},
+    {"GB", 1'000'000'000, 2, 100},
+    {"TB", 1'000'000'000'000, 2, 100},
+    {"PB", 1'000'000'000'000'000, 2, 100},
+    {"EB", 1'000'000'000'000'000'000, 2, 100},
+};
+
+} // namespace
+
+std::string formatByteCount(std::int64_t bytes)
+{
+    if (bytes <= 0)
+        return "Zero KB";
+    if (bytes == 1)
+        return "1 byte";
+    if (bytes < 1000)
+        return fmt::format("{} bytes", bytes);
+
+    // The unit is chosen by the rounded figure, so that no "1000 KB" appears. 63 bits end at 9.22 EB, so the
+    // last unit always fits.
+    for (const Unit &unit : units) {
+        const std::uint64_t step = unit.bytes / unit.scale;
+        const std::uint64_t rounded = (static_cast<std::uint64_t>(bytes) + step / 2) / step;
+        if (rounded >= 1000 * unit.scale)
+            continue;
+        std::string text = fmt::format("{}", rounded / unit.scale);
+        if (const std::uint64_t fraction = rounded % unit.scale; fraction != 0) {
+            text += fmt::format(".{:0{}}", fraction, unit.digits);
+            while (text.back() == '0')
+                text.pop_back();
+        }
+        return text + ' ' + unit.symbol;
+    }
+    return {};
+}
+
+} // namespace corvane

@@ -1,0 +1,66 @@
+#include "core/selection.h"
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_set>
+
+#include "core/checked_add.h"
+
+namespace corvane {
+namespace {
+
+/// Whether the predicate holds for an ancestor folder of the path; "/" itself is not asked for.
+template <typename Predicate>
+bool anyAncestor(std::string_view path, const Predicate &predicate)
+{
+    for (std::size_t slash = path.rfind('/'); slash != std::string_view::npos && slash >= 2; slash = path.rfind('/')) {
+        path = path.substr(0, slash);
+        if (predicate(path))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+Selection effectiveSelection(const Selection &selection)
+{
+    // Tens of thousands of entries, each a dozen levels deep, are looked up on every click of a checkbox.
+    std::unordered_set<std::string_view> paths;
+    paths.reserve(selection.size());
+    for (const auto &entry : selection)
+        paths.insert(entry.first);
+
+    Selection effective;
+    for (const auto &entry : selection) {
+        if (!anyAncestor(entry.first, [&](std::string_view folder) { return paths.contains(folder); }))
+            effective.emplace_hint(effective.end(), entry);
+    }
+    return effective;
+}
+
+std::vector<SelectedEntry> selectedEntries(const Selection &effective)
+{
+    std::vector<SelectedEntry> entries;
+    entries.reserve(effective.size());
+    for (const auto &[path, size] : effective)
+        entries.push_back({path, size});
+    // The map hands them over by path, which the stable sort keeps within a size.
+    std::ranges::stable_sort(entries, std::ranges::greater{}, &SelectedEntry::size);
+    return entries;
+}
+
+std::int64_t totalSize(const Selection &effective)
+{
+    std::int64_t total = 0;
+    for (const auto &entry : effective)
+        total = checkedAdd(total, entry.second);
+    return total;
+}
+
+bool hasSelectedAncestor(const Selection &selection, const std::string &path)
+{
+    return anyAncestor(path, [&](std::string_view folder) { return selection.contains(std::string(folder)); });
+}
+
+} // namespace corvane
