@@ -33,7 +33,8 @@ struct FolderIdentity {
     friend bool operator==(const FolderIdentity &, const FolderIdentity &) = default;
 };
 
-/// A folder that is open for reading; closed by its destructor. Used by one thread at a time.
+/// A folder that is open for reading; closed by its destructor. Used by one thread at a time, except that
+/// several may call `openChild` at once.
 class OpenFolder {
 public:
     OpenFolder() = default;

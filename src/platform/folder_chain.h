@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+/// The folders on the way from the top of a walk down to where it stands, each directly inside the one
+/// before. Only the innermost few are kept open, so a walk may go down thousands of levels; one that was
+/// closed is opened again from its child on the way back up. Used by one thread.
+class FolderChain {
+public:
+    /// Some systems allow a program 256 open files, and a walk runs on every core. Few folders lie deeper
+    /// than this below the top of a walk, so few are ever opened twice.
+    static constexpr std::size_t openLimit = 16;
+
+    [[nodiscard]] bool empty() const { return m_links.empty(); }
+    [[nodiscard]] std::size_t size() const { return m_links.size(); }
+
+    /// Goes down into a folder directly inside the innermost one, or starts the chain.
+    void push(std::unique_ptr<OpenFolder> folder)
+    {
+        m_links.push_back({std::move(folder), {}});
+        if (m_links.size() - m_firstOpen > openLimit) {
+            Link &outermost = m_links[m_firstOpen++];
+            outermost.identity = outermost.folder->identity();
+            outermost.folder.reset();
+        }
+    }
+
+    /// The innermost folder. Null when it had been closed and cannot be reached again, because what the walk
+    /// went through has been moved away meanwhile; then every folder above is out of reach as well.
+    [[nodiscard]] OpenFolder *innermost() const { return m_links.back().folder.get(); }
+
+    /// Goes back up by one folder.
+    void pop()
+    {
+        const std::unique_ptr<OpenFolder> left = std::move(m_links.back().folder);
+        m_links.pop_back();
+        if (m_links.size() > m_firstOpen || m_links.empty())
+            return;
+        Link &now = m_links.back();
+        m_firstOpen = m_links.size() - 1;
+        if (!left)
+            return;
+        Expected<std::unique_ptr<OpenFolder>> reopened = left->openParent();
+        if (reopened && (*reopened)->identity() == now.identity)
+            now.folder = std::move(*reopened);
+    }
+
+private:
+    struct Link {
+        std::unique_ptr<OpenFolder> folder; // null while closed
+        FolderIdentity identity;            // noted when it is closed
+    };
+
+    std::vector<Link> m_links;
+    std::size_t m_firstOpen = 0; // position of the outermost folder that is open
+};
+
+} // namespace corvane

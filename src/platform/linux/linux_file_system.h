@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+/// Files and folders through the kernel's own calls. Holds no state.
+class LinuxFileSystem final : public FileSystem {
+public:
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &path) override;
+    [[nodiscard]] Expected<ItemFacts> facts(const std::string &path) override;
+    [[nodiscard]] bool exists(const std::string &path) override;
+    [[nodiscard]] bool canOpen(const std::string &path) override;
+    [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
+    [[nodiscard]] bool isPackageExtension(std::string_view extension) override;
+    [[nodiscard]] Expected<void> removeItem(const std::string &path) override;
+    [[nodiscard]] std::string homeFolder() override;
+};
+
+} // namespace corvane

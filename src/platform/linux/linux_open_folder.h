@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/file_system.h"
+#include "platform/linux/file_descriptor.h"
+
+namespace corvane {
+
+/// A folder held by its file number: everything is asked relative to it, so no path is ever walked twice and
+/// none can be too long.
+class LinuxOpenFolder final : public OpenFolder {
+public:
+    enum class LinkRule { follow, refuse };
+
+    /// Opens `name` relative to the folder `base` (or AT_FDCWD). A refused link fails with ELOOP or ENOTDIR.
+    [[nodiscard]] static Expected<std::unique_ptr<LinuxOpenFolder>> open(int base, const char *name, LinkRule rule);
+
+    [[nodiscard]] Expected<void> list(const EntrySink &sink) override;
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override;
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openParent() override;
+    [[nodiscard]] bool contains(const std::string &name) override;
+    [[nodiscard]] FolderIdentity identity() const override { return facts().identity; }
+    [[nodiscard]] Time modified() const override { return facts().modified; }
+
+    /// For calls relative to this folder.
+    [[nodiscard]] int descriptor() const { return m_descriptor.number(); }
+
+private:
+    struct Facts {
+        FolderIdentity identity;
+        Time modified = distantPast;
+    };
+
+    explicit LinuxOpenFolder(FileDescriptor descriptor) : m_descriptor(std::move(descriptor)) {}
+
+    [[nodiscard]] const Facts &facts() const;
+    void deliver(const char *name, unsigned char type, const EntrySink &sink) const;
+
+    FileDescriptor m_descriptor;
+    mutable std::optional<Facts> m_facts; // asked for at first need
+    bool m_listed = false;
+};
+
+/// Whether a folder of that name is presented as one document.
+[[nodiscard]] bool isPackageName(std::string_view name);
+
+} // namespace corvane

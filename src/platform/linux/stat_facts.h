@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+
+#include <sys/stat.h>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+/// What the kernel's record of an item says, in our terms.
+
+[[nodiscard]] inline EntryType entryType(const struct stat &facts)
+{
+    return S_ISDIR(facts.st_mode)   ? EntryType::directory
+           : S_ISLNK(facts.st_mode) ? EntryType::symbolicLink
+                                    : EntryType::file;
+}
+
+/// The kernel counts blocks of 512 bytes whatever the disk's own grain is.
+[[nodiscard]] inline std::int64_t allocatedBytes(const struct stat &facts)
+{
+    return static_cast<std::int64_t>(facts.st_blocks) * 512;
+}
+
+[[nodiscard]] inline Time modificationTime(const struct stat &facts)
+{
+    return Time(std::chrono::seconds(facts.st_mtim.tv_sec));
+}
+
+} // namespace corvane
