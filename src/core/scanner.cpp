@@ -1,0 +1,294 @@
+#include "core/scanner.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+#include "core/checked_add.h"
+#include "core/concurrent_perform.h"
+#include "core/skipped_folders.h"
+#include "platform/folder_chain.h"
+
+namespace corvane {
+
+namespace {
+
+// The levels whose subfolders are walked at once: 0 and 1.
+constexpr int parallelLevels = 2;
+
+std::string joined(const std::string &folder, std::string_view name)
+{
+    std::string path;
+    path.reserve(folder.size() + 1 + name.size());
+    path = folder;
+    if (path != "/")
+        path += '/';
+    path += name;
+    return path;
+}
+
+struct Subfolder {
+    std::string name; // moves into the node when its turn comes
+    FileNode::Kind kind;
+};
+
+/// One folder between its listing and the return of its subfolders. Used by one thread, but for `node` and
+/// `path`, which the threads that walk the subfolders read.
+struct Visit {
+    std::shared_ptr<FileNode> node;
+    std::shared_ptr<const std::string> path; // for the nodes inside to share; null as long as there are none
+    std::vector<Subfolder> subfolders;
+    std::vector<std::shared_ptr<FileNode>> folders; // those that stay
+    std::vector<std::shared_ptr<FileNode>> files;
+
+    void absorb(std::shared_ptr<FileNode> folder)
+    {
+        node->size = checkedAdd(node->size, folder->size);
+        node->fileCount = checkedAdd(node->fileCount, folder->fileCount);
+        if (folder->size > 0)
+            folders.push_back(std::move(folder));
+    }
+
+    void finish()
+    {
+        std::vector<std::shared_ptr<FileNode>> &children = node->children;
+        children = std::move(folders);
+        children.insert(children.end(), std::make_move_iterator(files.begin()), std::make_move_iterator(files.end()));
+        std::ranges::stable_sort(children, std::ranges::greater{}, &FileNode::size);
+        children.shrink_to_fit();
+    }
+};
+
+/// Takes one folder's entries as they are listed. Nothing of it reaches the node before the listing has come
+/// to a good end.
+class Reader {
+public:
+    Reader(const std::string &path, Visit &visit) : m_path(path), m_skipped(skippedNames(path)), m_visit(visit) {}
+
+    void take(const DirectoryEntry &entry)
+    {
+        switch (entry.type) {
+        case EntryType::symbolicLink: return;
+        case EntryType::directory: return takeFolder(entry);
+        case EntryType::file: return takeFile(entry);
+        }
+    }
+
+    void commit(ScanProgress &progress)
+    {
+        FileNode &node = *m_visit.node;
+        node.size = m_bytes;
+        node.fileCount = m_files;
+        node.smallFilesSize = m_smallSize;
+        node.smallFilesCount = m_smallCount;
+        progress.record(m_files, m_bytes, m_path);
+    }
+
+private:
+    void takeFolder(const DirectoryEntry &entry)
+    {
+        if (std::ranges::find(m_skipped, entry.name) != m_skipped.end())
+            return;
+        nodePath();
+        m_visit.subfolders.push_back({std::string(entry.name),
+                                      entry.isPackage ? FileNode::Kind::package : FileNode::Kind::directory});
+    }
+
+    void takeFile(const DirectoryEntry &entry)
+    {
+        ++m_files;
+        m_bytes = checkedAdd(m_bytes, entry.allocated);
+        if (entry.allocated < Scanner::smallFileLimit) {
+            m_smallSize += entry.allocated; // a part of m_bytes, so it cannot overflow first
+            ++m_smallCount;
+            return;
+        }
+        auto node = std::make_shared<FileNode>(nodePath(), std::string(entry.name), FileNode::Kind::file, m_visit.node);
+        node->size = entry.allocated;
+        node->modified = entry.modified;
+        m_visit.files.push_back(std::move(node));
+    }
+
+    const std::shared_ptr<const std::string> &nodePath()
+    {
+        if (!m_visit.path)
+            m_visit.path = std::make_shared<const std::string>(m_path);
+        return m_visit.path;
+    }
+
+    const std::string &m_path;
+    const std::span<const std::string_view> m_skipped;
+    Visit &m_visit;
+    std::int64_t m_files = 0;
+    std::int64_t m_bytes = 0;
+    std::int64_t m_smallSize = 0;
+    std::int64_t m_smallCount = 0;
+};
+
+/// Lists a folder into its visit; where that fails, the node is `unreadable` and stays empty.
+bool read(OpenFolder &folder, const std::string &path, Visit &visit, ScanProgress &progress)
+{
+    Reader reader(path, visit);
+    if (!folder.list([&reader](const DirectoryEntry &entry) { reader.take(entry); })) {
+        visit.subfolders.clear();
+        visit.files.clear();
+        visit.node->unreadable = true;
+        return false;
+    }
+    reader.commit(progress);
+    return true;
+}
+
+/// Walks everything below one folder on the calling thread. A tree may be thousands of levels deep, so the
+/// way down is kept here and not on the thread's stack.
+class SubtreeWalk {
+public:
+    SubtreeWalk(std::string path, ScanProgress &progress) : m_progress(progress), m_path(std::move(path)) {}
+
+    void walk(std::unique_ptr<OpenFolder> top, std::shared_ptr<FileNode> node)
+    {
+        if (enter(std::move(top), std::move(node)) == Entered::done)
+            return;
+        while (!m_levels.empty()) {
+            if (!goDown())
+                goUp();
+        }
+    }
+
+private:
+    enum class Entered { done, pending };
+
+    struct Level {
+        Visit visit;
+        std::size_t next = 0; // of the subfolders
+        std::size_t pathLength = 0;
+    };
+
+    /// Lists a folder. One with subfolders becomes the innermost level; any other is done with.
+    Entered enter(std::unique_ptr<OpenFolder> folder, std::shared_ptr<FileNode> node)
+    {
+        Visit visit;
+        visit.node = std::move(node);
+        if (!read(*folder, m_path, visit, m_progress))
+            return Entered::done;
+        if (visit.subfolders.empty()) {
+            visit.finish();
+            return Entered::done;
+        }
+        m_folders.push(std::move(folder));
+        m_levels.push_back({.visit = std::move(visit), .next = 0, .pathLength = m_path.size()});
+        return Entered::pending;
+    }
+
+    /// Goes on to the innermost level's next subfolder; false when there is none left, or none can be reached.
+    bool goDown()
+    {
+        Level &level = m_levels.back();
+        OpenFolder *const folder = m_folders.innermost();
+        if (!folder || level.next == level.visit.subfolders.size())
+            return false;
+        Subfolder &subfolder = level.visit.subfolders[level.next++];
+        if (m_progress.isCancelled())
+            return true;
+        Expected<std::unique_ptr<OpenFolder>> opened = folder->openChild(subfolder.name);
+        if (!opened)
+            return true; // unreadable, so of size 0: such a folder has no place in the tree
+        auto node = std::make_shared<FileNode>(level.visit.path, std::move(subfolder.name), subfolder.kind,
+                                               level.visit.node);
+        node->modified = (*opened)->modified();
+        m_path.append("/").append(node->name);
+        if (enter(std::move(*opened), node) == Entered::done) {
+            m_path.resize(level.pathLength);
+            level.visit.absorb(std::move(node));
+        }
+        return true;
+    }
+
+    void goUp()
+    {
+        Visit done = std::move(m_levels.back().visit);
+        m_levels.pop_back();
+        m_folders.pop();
+        done.finish();
+        if (m_levels.empty())
+            return;
+        m_path.resize(m_levels.back().pathLength);
+        m_levels.back().visit.absorb(std::move(done.node));
+    }
+
+    ScanProgress &m_progress;
+    std::string m_path;
+    FolderChain m_folders;
+    std::vector<Level> m_levels; // the same folders
+};
+
+/// The walk of the top of the tree, where subfolders are walked at once.
+class TopWalk {
+public:
+    explicit TopWalk(ScanProgress &progress) : m_progress(progress) {}
+
+    void walk(std::unique_ptr<OpenFolder> folder, std::shared_ptr<FileNode> node, std::string path, int depth) const
+    {
+        if (depth >= parallelLevels) {
+            SubtreeWalk(std::move(path), m_progress).walk(std::move(folder), std::move(node));
+            return;
+        }
+        Visit visit;
+        visit.node = std::move(node);
+        if (!read(*folder, path, visit, m_progress))
+            return;
+        std::vector<std::shared_ptr<FileNode>> walked(visit.subfolders.size());
+        concurrentPerform(walked.size(), [&](std::size_t i) {
+            walked[i] = walkSubfolder(*folder, visit, visit.subfolders[i], path, depth + 1);
+        });
+        for (std::shared_ptr<FileNode> &subfolder : walked) {
+            if (subfolder)
+                visit.absorb(std::move(subfolder));
+        }
+        visit.finish();
+    }
+
+private:
+    /// Null where the folder is not entered or cannot be opened: being of size 0, it has no place in the tree.
+    std::shared_ptr<FileNode> walkSubfolder(OpenFolder &folder, const Visit &visit, Subfolder &subfolder,
+                                            const std::string &path, int depth) const
+    {
+        if (m_progress.isCancelled())
+            return nullptr;
+        Expected<std::unique_ptr<OpenFolder>> opened = folder.openChild(subfolder.name);
+        if (!opened)
+            return nullptr;
+        auto node = std::make_shared<FileNode>(visit.path, std::move(subfolder.name), subfolder.kind, visit.node);
+        node->modified = (*opened)->modified();
+        walk(std::move(*opened), node, joined(path, node->name), depth);
+        return node;
+    }
+
+    ScanProgress &m_progress;
+};
+
+/// The kind of the folder that the path leads to. A link was chosen for the sake of what it points to.
+FileNode::Kind rootKind(const std::string &path, FileSystem &files)
+{
+    Expected<ItemFacts> facts = files.facts(path);
+    if (facts && facts->type == EntryType::symbolicLink)
+        facts = files.realPath(path).and_then([&](const std::string &target) { return files.facts(target); });
+    return facts && facts->isPackage ? FileNode::Kind::package : FileNode::Kind::directory;
+}
+
+} // namespace
+
+std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &progress, FileSystem &files)
+{
+    auto root = std::make_shared<FileNode>(path, rootKind(path, files));
+    if (progress.isCancelled())
+        return root;
+    if (Expected<std::unique_ptr<OpenFolder>> folder = files.openFolder(path))
+        TopWalk(progress).walk(std::move(*folder), root, path, 0);
+    else
+        root->unreadable = true;
+    return root;
+}
+
+} // namespace corvane
