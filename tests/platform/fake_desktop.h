@@ -1,0 +1,53 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "platform/call_log.h"
+#include "platform/desktop.h"
+
+namespace corvane {
+
+/// Records what is asked of the desktop, and fails where the test says so. Main thread only, as the real ones.
+///
+/// Recorded calls: "reveal P", "openUrl U", "activateApplication", "log M".
+class FakeDesktop final : public Desktop {
+public:
+    explicit FakeDesktop(std::shared_ptr<CallLog> log = std::make_shared<CallLog>()) : m_log(std::move(log)) {}
+
+    /// From now on revealing that path, or opening that address, fails with that sentence.
+    void fail(const std::string &pathOrUrl, std::string text) { m_failures[pathOrUrl] = std::move(text); }
+    void setPrefersReducedMotion(bool prefers) { m_prefersReducedMotion = prefers; }
+
+    /// The system's log.
+    [[nodiscard]] const std::vector<std::string> &logged() const { return m_logged; }
+
+    [[nodiscard]] Expected<void> reveal(const std::string &path) override { return perform("reveal", path); }
+    [[nodiscard]] Expected<void> openUrl(const std::string &url) override { return perform("openUrl", url); }
+    void activateApplication() override { m_log->record("activateApplication"); }
+    void log(std::string_view message) override
+    {
+        m_log->record("log " + std::string(message));
+        m_logged.emplace_back(message);
+    }
+    [[nodiscard]] bool prefersReducedMotion() override { return m_prefersReducedMotion; }
+
+private:
+    [[nodiscard]] Expected<void> perform(const std::string &operation, const std::string &target)
+    {
+        m_log->record(operation + " " + target);
+        const auto failure = m_failures.find(target);
+        if (failure == m_failures.end())
+            return {};
+        return tl::unexpected(
+            Error{operation, target, std::make_error_code(std::errc::not_supported), failure->second});
+    }
+
+    const std::shared_ptr<CallLog> m_log;
+    std::map<std::string, std::string> m_failures;
+    std::vector<std::string> m_logged;
+    bool m_prefersReducedMotion = false;
+};
+
+} // namespace corvane

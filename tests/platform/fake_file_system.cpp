@@ -1,0 +1,464 @@
+#include "platform/fake_file_system.h"
+
+#include <algorithm>
+#include <cctype>
+#include <deque>
+#include <optional>
+#include <stdexcept>
+
+namespace corvane {
+
+namespace {
+
+tl::unexpected<Error> failure(std::string operation, std::string path, std::errc code)
+{
+    return tl::unexpected(Error{std::move(operation), std::move(path), std::make_error_code(code), {}});
+}
+
+std::deque<std::string> components(std::string_view path)
+{
+    std::deque<std::string> parts;
+    for (std::size_t start = 0; start <= path.size();) {
+        const std::size_t end = std::min(path.find('/', start), path.size());
+        if (end > start)
+            parts.emplace_back(path.substr(start, end - start));
+        start = end + 1;
+    }
+    return parts;
+}
+
+std::string lowered(std::string_view text)
+{
+    std::string result(text);
+    std::ranges::transform(result, result.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return result;
+}
+
+struct Trouble {
+    std::errc code{};
+    std::size_t entries = 0;
+    std::string text;
+};
+
+} // namespace
+
+struct FakeFileSystem::Item {
+    std::string name;
+    EntryType type = EntryType::directory;
+    std::int64_t allocated = 0;
+    Time modified = distantPast;
+    std::string target;
+    std::optional<bool> package;
+    FolderIdentity identity;
+    std::weak_ptr<Item> parent;
+    std::vector<ItemPointer> children;
+
+    bool vanished = false;
+    std::optional<Trouble> opening, listing, facts, removal;
+
+    [[nodiscard]] ItemPointer child(std::string_view childName) const
+    {
+        const auto found =
+            std::ranges::find(children, childName, [](const ItemPointer &c) { return std::string_view(c->name); });
+        return found == children.end() ? nullptr : *found;
+    }
+};
+
+class FakeFileSystem::Folder final : public OpenFolder {
+public:
+    Folder(FakeFileSystem &files, ItemPointer item) : m_files(files), m_item(std::move(item)) {}
+
+    Expected<void> list(const EntrySink &sink) override
+    {
+        m_files.m_log->record("list " + path());
+        struct Row {
+            std::string name;
+            DirectoryEntry entry;
+        };
+        std::vector<Row> rows;
+        std::optional<Trouble> trouble;
+        {
+            const std::lock_guard lock(m_files.m_mutex);
+            for (const ItemPointer &child : m_item->children) {
+                DirectoryEntry entry;
+                if (!child->facts) {
+                    entry.type = child->type;
+                    entry.isPackage = m_files.isPackage(*child);
+                    if (child->type == EntryType::file) {
+                        entry.allocated = child->allocated;
+                        entry.modified = child->modified;
+                    }
+                }
+                rows.push_back({child->name, entry});
+            }
+            trouble = m_item->listing;
+        }
+        if (trouble)
+            rows.resize(std::min(rows.size(), trouble->entries));
+        for (Row &row : rows) {
+            row.entry.name = row.name;
+            sink(row.entry);
+        }
+        if (trouble)
+            return failure("list", path(), trouble->code);
+        return {};
+    }
+
+    Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override
+    {
+        const std::string childPath = pathInside(name);
+        m_files.m_log->record("openChild " + childPath);
+        const std::lock_guard lock(m_files.m_mutex);
+        const ItemPointer child = m_item->child(name);
+        if (!child || child->vanished)
+            return failure("open", childPath, std::errc::no_such_file_or_directory);
+        if (child->type == EntryType::symbolicLink)
+            return failure("open", childPath, std::errc::too_many_symbolic_link_levels);
+        return m_files.open(child, childPath);
+    }
+
+    Expected<std::unique_ptr<OpenFolder>> openParent() override
+    {
+        const std::string here = path();
+        m_files.m_log->record("openParent " + here);
+        const std::lock_guard lock(m_files.m_mutex);
+        if (m_item == m_files.m_root)
+            return m_files.open(m_item, here);
+        const ItemPointer parent = m_item->parent.lock();
+        if (!parent)
+            return failure("open", here, std::errc::no_such_file_or_directory);
+        return m_files.open(parent, here);
+    }
+
+    bool contains(const std::string &name) override
+    {
+        const std::string itemPath = pathInside(name);
+        m_files.m_log->record("contains " + itemPath);
+        const std::lock_guard lock(m_files.m_mutex);
+        return m_files.find(itemPath, LastLink::follow).has_value();
+    }
+
+    FolderIdentity identity() const override
+    {
+        const std::lock_guard lock(m_files.m_mutex);
+        return m_item->identity;
+    }
+
+    Time modified() const override
+    {
+        const std::lock_guard lock(m_files.m_mutex);
+        return m_item->modified;
+    }
+
+private:
+    [[nodiscard]] std::string path() const
+    {
+        const std::lock_guard lock(m_files.m_mutex);
+        return pathOf(*m_item);
+    }
+
+    [[nodiscard]] std::string pathInside(const std::string &name) const
+    {
+        const std::string here = path();
+        return (here == "/" ? here : here + "/") + name;
+    }
+
+    FakeFileSystem &m_files;
+    const ItemPointer m_item;
+};
+
+FakeFileSystem::FakeFileSystem(std::shared_ptr<CallLog> log)
+    : m_log(std::move(log)), m_root(std::make_shared<Item>()), m_packageExtensions{"app",          "photoslibrary",
+                                                                                   "xcodeproj",    "framework",
+                                                                                   "sparsebundle", "logicx"}
+{
+    m_root->identity = {.device = 1, .inode = m_lastInode};
+    setHome("/Users/me");
+}
+
+FakeFileSystem::~FakeFileSystem() = default;
+
+void FakeFileSystem::addFolder(const std::string &path, Time modified)
+{
+    const std::lock_guard lock(m_mutex);
+    makeFolders(path)->modified = modified;
+}
+
+void FakeFileSystem::addFile(const std::string &path, std::int64_t allocated, Time modified)
+{
+    const std::lock_guard lock(m_mutex);
+    const ItemPointer item = make(path, EntryType::file);
+    item->allocated = allocated;
+    item->modified = modified;
+}
+
+void FakeFileSystem::addLink(const std::string &path, const std::string &target)
+{
+    const std::lock_guard lock(m_mutex);
+    make(path, EntryType::symbolicLink)->target = target;
+}
+
+void FakeFileSystem::setPackage(const std::string &path, bool isPackage)
+{
+    const std::lock_guard lock(m_mutex);
+    demand(path)->package = isPackage;
+}
+
+void FakeFileSystem::setDevice(const std::string &path, std::uint64_t device)
+{
+    const std::lock_guard lock(m_mutex);
+    demand(path)->identity.device = device;
+}
+
+void FakeFileSystem::take(const std::string &path)
+{
+    const std::lock_guard lock(m_mutex);
+    detach(demand(path));
+}
+
+void FakeFileSystem::move(const std::string &from, const std::string &to)
+{
+    const std::lock_guard lock(m_mutex);
+    const ItemPointer item = demand(from);
+    detach(item);
+    const std::size_t slash = to.rfind('/');
+    const ItemPointer parent = makeFolders(to.substr(0, slash));
+    item->name = to.substr(slash + 1);
+    item->parent = parent;
+    parent->children.push_back(item);
+}
+
+bool FakeFileSystem::has(const std::string &path) const
+{
+    const std::lock_guard lock(m_mutex);
+    return find(path, LastLink::keep).has_value();
+}
+
+void FakeFileSystem::setHome(const std::string &path)
+{
+    const std::lock_guard lock(m_mutex);
+    makeFolders(path);
+    m_home = path;
+}
+
+void FakeFileSystem::setPackageExtensions(std::set<std::string> extensions)
+{
+    const std::lock_guard lock(m_mutex);
+    m_packageExtensions = std::move(extensions);
+}
+
+void FakeFileSystem::failOpening(const std::string &path, std::errc code)
+{
+    const std::lock_guard lock(m_mutex);
+    demand(path)->opening = Trouble{.code = code, .entries = 0, .text = {}};
+}
+
+void FakeFileSystem::failListing(const std::string &path, std::errc code, std::size_t entries)
+{
+    const std::lock_guard lock(m_mutex);
+    demand(path)->listing = Trouble{.code = code, .entries = entries, .text = {}};
+}
+
+void FakeFileSystem::failFacts(const std::string &path, std::errc code)
+{
+    const std::lock_guard lock(m_mutex);
+    demand(path)->facts = Trouble{.code = code, .entries = 0, .text = {}};
+}
+
+void FakeFileSystem::makeVanish(const std::string &path)
+{
+    const std::lock_guard lock(m_mutex);
+    demand(path)->vanished = true;
+}
+
+void FakeFileSystem::failRemoval(const std::string &path, std::errc code, std::string text)
+{
+    const std::lock_guard lock(m_mutex);
+    demand(path)->removal = Trouble{.code = code, .entries = 0, .text = std::move(text)};
+}
+
+Expected<std::unique_ptr<OpenFolder>> FakeFileSystem::openFolder(const std::string &path)
+{
+    m_log->record("openFolder " + path);
+    const std::lock_guard lock(m_mutex);
+    const auto item = find(path, LastLink::follow);
+    if (!item)
+        return failure("open", path, static_cast<std::errc>(item.error().code.value()));
+    return open(*item, path);
+}
+
+Expected<ItemFacts> FakeFileSystem::facts(const std::string &path)
+{
+    m_log->record("facts " + path);
+    const std::lock_guard lock(m_mutex);
+    const auto item = find(path, LastLink::keep);
+    if (!item)
+        return tl::unexpected(item.error());
+    const Item &found = **item;
+    if (found.facts)
+        return failure("look at", path, found.facts->code);
+    return ItemFacts{found.type, isPackage(found), found.allocated, found.modified};
+}
+
+bool FakeFileSystem::exists(const std::string &path)
+{
+    m_log->record("exists " + path);
+    const std::lock_guard lock(m_mutex);
+    return find(path, LastLink::follow).has_value();
+}
+
+bool FakeFileSystem::canOpen(const std::string &path)
+{
+    m_log->record("canOpen " + path);
+    const std::lock_guard lock(m_mutex);
+    const auto item = find(path, LastLink::follow);
+    return item && !(*item)->opening;
+}
+
+Expected<std::string> FakeFileSystem::realPath(const std::string &path)
+{
+    m_log->record("realPath " + path);
+    const std::lock_guard lock(m_mutex);
+    return find(path, LastLink::follow).map([](const ItemPointer &item) { return pathOf(*item); });
+}
+
+bool FakeFileSystem::isPackageExtension(std::string_view extension)
+{
+    const std::lock_guard lock(m_mutex);
+    return m_packageExtensions.contains(lowered(extension));
+}
+
+Expected<void> FakeFileSystem::removeItem(const std::string &path)
+{
+    m_log->record("removeItem " + path);
+    const std::lock_guard lock(m_mutex);
+    const auto item = find(path, LastLink::keep);
+    if (!item)
+        return tl::unexpected(item.error());
+    if (const auto &trouble = (*item)->removal)
+        return tl::unexpected(Error{"remove", path, std::make_error_code(trouble->code), trouble->text});
+    detach(*item);
+    return {};
+}
+
+std::string FakeFileSystem::homeFolder()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_home;
+}
+
+/// Walks the path as a system does: ".", ".." and links on the way count.
+Expected<FakeFileSystem::ItemPointer> FakeFileSystem::find(const std::string &path, LastLink lastLink) const
+{
+    constexpr int mostLinks = 40;
+    int links = 0;
+    ItemPointer here = m_root;
+    std::deque<std::string> pending = components(path);
+    if (!path.starts_with('/'))
+        return failure("find", path, std::errc::no_such_file_or_directory);
+    while (!pending.empty()) {
+        const std::string name = std::move(pending.front());
+        pending.pop_front();
+        if (here->type != EntryType::directory)
+            return failure("find", path, std::errc::not_a_directory);
+        if (name == ".")
+            continue;
+        if (name == "..") {
+            if (const ItemPointer parent = here->parent.lock())
+                here = parent;
+            continue;
+        }
+        const ItemPointer next = here->child(name);
+        if (!next || next->vanished)
+            return failure("find", path, std::errc::no_such_file_or_directory);
+        const bool isLast = pending.empty() && !path.ends_with('/');
+        if (next->type != EntryType::symbolicLink || (isLast && lastLink == LastLink::keep)) {
+            here = next;
+            continue;
+        }
+        if (++links > mostLinks)
+            return failure("find", path, std::errc::too_many_symbolic_link_levels);
+        const std::deque<std::string> target = components(next->target);
+        pending.insert(pending.begin(), target.begin(), target.end());
+        if (next->target.starts_with('/'))
+            here = m_root;
+    }
+    return here;
+}
+
+FakeFileSystem::ItemPointer FakeFileSystem::demand(const std::string &path) const
+{
+    auto item = find(path, LastLink::keep);
+    if (!item)
+        throw std::logic_error("The test's tree has no item " + path);
+    return std::move(*item);
+}
+
+FakeFileSystem::ItemPointer FakeFileSystem::make(const std::string &path, EntryType type)
+{
+    if (!path.starts_with('/') || path.ends_with('/'))
+        throw std::logic_error("Not the absolute path of an item: " + path);
+    const std::size_t slash = path.rfind('/');
+    const ItemPointer parent = makeFolders(path.substr(0, slash));
+    const std::string name = path.substr(slash + 1);
+    if (parent->child(name))
+        throw std::logic_error("The test's tree already has an item " + path);
+    const auto item = std::make_shared<Item>();
+    item->name = name;
+    item->type = type;
+    item->parent = parent;
+    item->identity = {.device = parent->identity.device, .inode = ++m_lastInode};
+    parent->children.push_back(item);
+    return item;
+}
+
+FakeFileSystem::ItemPointer FakeFileSystem::makeFolders(const std::string &path)
+{
+    if (path.empty() || path == "/")
+        return m_root;
+    if (const auto found = find(path, LastLink::follow)) {
+        if ((*found)->type != EntryType::directory)
+            throw std::logic_error("Not a folder in the test's tree: " + path);
+        return *found;
+    }
+    return make(path, EntryType::directory);
+}
+
+bool FakeFileSystem::isPackage(const Item &item) const
+{
+    if (item.type != EntryType::directory)
+        return false;
+    if (item.package)
+        return *item.package;
+    const std::size_t dot = item.name.rfind('.');
+    return dot != std::string::npos && dot > 0 && m_packageExtensions.contains(lowered(item.name.substr(dot + 1)));
+}
+
+Expected<std::unique_ptr<OpenFolder>> FakeFileSystem::open(const ItemPointer &item, const std::string &path)
+{
+    if (item->type != EntryType::directory)
+        return failure("open", path, std::errc::not_a_directory);
+    if (item->opening)
+        return failure("open", path, item->opening->code);
+    return std::make_unique<Folder>(*this, item);
+}
+
+std::string FakeFileSystem::pathOf(const Item &item)
+{
+    const ItemPointer parent = item.parent.lock();
+    if (!parent)
+        return item.name.empty() ? "/" : item.name;
+    const std::string folder = pathOf(*parent);
+    return (folder == "/" ? folder : folder + "/") + item.name;
+}
+
+void FakeFileSystem::detach(const ItemPointer &item)
+{
+    const ItemPointer parent = item->parent.lock();
+    if (!parent)
+        throw std::logic_error("The test's root cannot be taken away");
+    std::erase(parent->children, item);
+    item->parent.reset();
+}
+
+} // namespace corvane

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/call_log.h"
+#include "platform/file_system.h"
+
+namespace corvane {
+
+/// A file system in memory for tests of what stands above the seam. A test describes its tree with absolute
+/// paths; the folders that lead to a new item are made. A listing's order is the order of making. Any thread.
+///
+/// Recorded calls: "openFolder P", "list P", "openChild P" (the child's path), "openParent P", "contains P"
+/// (the item's path), "facts P", "exists P", "canOpen P", "realPath P", "removeItem P". An open folder is
+/// recorded by where it lies at that moment. Questions about text alone (`homeFolder`, `isPackageExtension`)
+/// are not recorded.
+class FakeFileSystem final : public FileSystem {
+public:
+    /// Holds "/" and the home folder, nothing else.
+    explicit FakeFileSystem(std::shared_ptr<CallLog> log = std::make_shared<CallLog>());
+    ~FakeFileSystem() override;
+
+    // --- The tree ---------------------------------------------------------------------------------------
+
+    /// A folder is a package when its extension is in `packageExtensions`, unless `setPackage` says otherwise.
+    void addFolder(const std::string &path, Time modified = distantPast);
+    void addFile(const std::string &path, std::int64_t allocated, Time modified = distantPast);
+    void addLink(const std::string &path, const std::string &target);
+    void setPackage(const std::string &path, bool isPackage);
+
+    /// Another device's folder, as where a volume is mounted. Items made beneath it later belong to it too.
+    void setDevice(const std::string &path, std::uint64_t device);
+
+    /// Takes the item and everything beneath it away; folders that are open stay open.
+    void take(const std::string &path);
+
+    /// Moves an item with everything beneath it; folders that are open move along.
+    void move(const std::string &from, const std::string &to);
+
+    /// Whether the tree holds the item itself: not recorded, links not followed.
+    [[nodiscard]] bool has(const std::string &path) const;
+
+    void setHome(const std::string &path);
+    void setPackageExtensions(std::set<std::string> extensions);
+
+    // --- Trouble ----------------------------------------------------------------------------------------
+
+    /// Opening the item fails; its facts can still be had, and it can be listed from outside.
+    void failOpening(const std::string &path, std::errc code = std::errc::permission_denied);
+
+    /// Opening the folder works, listing it fails after `entries` entries.
+    void failListing(const std::string &path, std::errc code = std::errc::io_error, std::size_t entries = 0);
+
+    /// The item's facts cannot be read: `facts` fails, a listing has it as a file of 0 bytes.
+    void failFacts(const std::string &path, std::errc code = std::errc::io_error);
+
+    /// A listing still names the item, but whoever looks closer finds nothing.
+    void makeVanish(const std::string &path);
+
+    /// Deleting the item fails with that error and changes nothing.
+    void failRemoval(const std::string &path, std::errc code, std::string text = {});
+
+    [[nodiscard]] const std::shared_ptr<CallLog> &log() const { return m_log; }
+
+    // --- FileSystem -------------------------------------------------------------------------------------
+
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &path) override;
+    [[nodiscard]] Expected<ItemFacts> facts(const std::string &path) override;
+    [[nodiscard]] bool exists(const std::string &path) override;
+    [[nodiscard]] bool canOpen(const std::string &path) override;
+    [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
+    [[nodiscard]] bool isPackageExtension(std::string_view extension) override;
+    [[nodiscard]] Expected<void> removeItem(const std::string &path) override;
+    [[nodiscard]] std::string homeFolder() override;
+
+private:
+    struct Item;
+    class Folder;
+    using ItemPointer = std::shared_ptr<Item>;
+    enum class LastLink { follow, keep };
+
+    [[nodiscard]] Expected<ItemPointer> find(const std::string &path, LastLink lastLink) const;
+    [[nodiscard]] ItemPointer demand(const std::string &path) const;
+    ItemPointer make(const std::string &path, EntryType type);
+    ItemPointer makeFolders(const std::string &path);
+    [[nodiscard]] bool isPackage(const Item &item) const;
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> open(const ItemPointer &item, const std::string &path);
+    [[nodiscard]] static std::string pathOf(const Item &item);
+    static void detach(const ItemPointer &item);
+
+    const std::shared_ptr<CallLog> m_log; // constant after construction
+
+    mutable std::mutex m_mutex;
+    // Guarded by m_mutex, and so is every item.
+    ItemPointer m_root;
+    std::string m_home;
+    std::set<std::string> m_packageExtensions;
+    std::uint64_t m_lastInode = 1;
+};
+
+} // namespace corvane

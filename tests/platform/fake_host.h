@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/fake_desktop.h"
+#include "platform/fake_file_system.h"
+#include "platform/fake_trash.h"
+#include "platform/fake_volumes.h"
+#include "platform/host.h"
+
+namespace corvane {
+
+/// A whole system for tests. All fakes write into one log, so that a test sees the order of calls across them.
+struct FakeHost {
+    FakeHost() = default;
+    FakeHost(const FakeHost &) = delete;
+    FakeHost &operator=(const FakeHost &) = delete;
+
+    std::shared_ptr<CallLog> log = std::make_shared<CallLog>();
+    FakeFileSystem files{log};
+    FakeTrash trash{files};
+    FakeVolumes volumes{log};
+    FakeDesktop desktop{log};
+
+    /// Valid as long as this object.
+    [[nodiscard]] Host host() { return {files, trash, volumes, desktop}; }
+};
+
+} // namespace corvane
