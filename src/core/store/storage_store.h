@@ -56,8 +56,7 @@ public:
     };
 
     /// What `host` refers to, and `locations`, must outlive the store.
-    explicit StorageStore(const Host &host = systemHost(),
-                          const ProtectedLocations &locations = PathGuard::locations(), QObject *parent = nullptr);
+    StorageStore(const Host &host, const ProtectedLocations &locations, QObject *parent = nullptr);
     /// Stops a running scan and waits for the background work to end.
     ~StorageStore() override;
 
