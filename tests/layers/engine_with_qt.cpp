@@ -1,0 +1,3 @@
+#include <QtCore/qglobal.h>
+
+#include "core/file_node.h"

@@ -1,0 +1,316 @@
+#!/usr/bin/env python3
+"""Builds a root folder shaped like a Mac's disk from description.txt.
+
+    mac_root.py build FOLDER [--scale N]   makes FOLDER/root; an earlier one is replaced
+    mac_root.py sizes [--scale N]          prints what every folder and file comes to, as JSON
+
+Sizes are allocated, not written, where the file system can do that, so building takes a second. Everything is
+the same from run to run: names, sizes, contents, dates.
+"""
+
+import argparse
+import dataclasses
+import datetime
+import json
+import os
+import pathlib
+import plistlib
+import re
+import shlex
+import shutil
+import stat
+import sys
+
+HERE = pathlib.Path(__file__).resolve().parent
+DEFAULT_SCALE = 1000
+BLOCK = 4096
+MARKER = b".corvane-mac-root"
+UNITS = {"KB": 1000, "MB": 1000**2, "GB": 1000**3}
+USUAL_DATE = datetime.datetime(2025, 11, 1, 12, tzinfo=datetime.timezone.utc)
+
+
+@dataclasses.dataclass
+class Item:
+    """One item of the description, series already spelled out. Sizes are the Mac's, in bytes."""
+
+    name: bytes
+    is_folder: bool = False
+    size: int = 0               # of a file; "the rest" once it has been worked out
+    takes_rest: float = 0.0     # this item's share of the rest, among its siblings of one series
+    stated: int = 0             # what a folder must come to; 0 where nothing is said
+    date: datetime.datetime = None
+    content: bytes = None       # a file of this content rather than of a size
+    mode: int = 0
+    link: bytes = None
+    children: list = dataclasses.field(default_factory=list)
+
+    def total(self):
+        if self.is_folder:
+            return sum(child.total() for child in self.children)
+        return len(self.content) if self.content is not None else self.size
+
+    def allocated(self, scale):
+        """The bytes that a file occupies in a root of that scale."""
+        if self.content is not None:
+            return -(-len(self.content) // BLOCK) * BLOCK
+        return max(round(self.size / scale / BLOCK), 1) * BLOCK if self.size else 0
+
+
+def fail(line, message):
+    raise SystemExit(f"description.txt:{line}: {message}")
+
+
+def parse_size(text):
+    number, unit = text.split()
+    return round(float(number) * UNITS[unit])
+
+
+def parse_date(text):
+    form = "%Y-%m-%d %H:%M" if ":" in text else "%Y-%m-%d"
+    date = datetime.datetime.strptime(text, form).replace(tzinfo=datetime.timezone.utc)
+    return date if ":" in text else date.replace(hour=12)
+
+
+def name_bytes(text):
+    return re.sub(rb"\\x([0-9a-f]{2})", lambda match: bytes([int(match[1], 16)]), text.encode())
+
+
+def spelled_out(name):
+    """The names of a series: "a {01..03}" is "a 01", "a 02", "a 03"."""
+    match = re.search(r"\{(\w+)\.\.(\w+)\}", name)
+    if not match:
+        return [name]
+    first, last = match[1], match[2]
+    if first.isdigit():
+        parts = [str(number).zfill(len(first)) for number in range(int(first), int(last) + 1)]
+    else:
+        parts = [chr(code) for code in range(ord(first), ord(last) + 1)]
+    return [name[:match.start()] + part + name[match.end():] for part in parts]
+
+
+def shares(count):
+    """How a series divides a sum: the first gets three times what the last gets."""
+    weights = [3 - 2 * index / max(count - 1, 1) for index in range(count)]
+    return [weight / sum(weights) for weight in weights]
+
+
+def property_list(binary, text):
+    entries = dict(pair.split("=", 1) for pair in shlex.split(text))
+    return plistlib.dumps(entries, fmt=plistlib.FMT_BINARY if binary else plistlib.FMT_XML)
+
+
+def bundle(name, how, size, keys):
+    """An application: its property list, its program, its resources; what the App Store adds."""
+    binary = how == "binary"
+    contents = Item(b"Contents", is_folder=True)
+    contents.children.append(Item(b"Info.plist", content=property_list(binary, keys)))
+    program = Item(b"MacOS", is_folder=True)
+    program.children.append(Item(name.removesuffix(b".app"), size=size * 3 // 10))
+    resources = Item(b"Resources", is_folder=True)
+    for number, share in enumerate(shares(12), 1):
+        resources.children.append(Item(b"Assets-%02d.car" % number, size=round((size - size * 3 // 10) * share)))
+    contents.children += [program, resources]
+    if how == "appstore":
+        receipt = Item(b"_MASReceipt", is_folder=True)
+        receipt.children.append(Item(b"receipt", content=b"receipt\n"))
+        contents.children.append(receipt)
+    return Item(name, is_folder=True, children=[contents])
+
+
+def parse_line(text, number):
+    """The items that one line stands for."""
+    if " -> " in text:
+        name, target = text.split(" -> ")
+        return [Item(name_bytes(name), link=target.encode())]
+    name, *fields = text.split(" | ")
+    is_folder = name.endswith("/")
+    names = spelled_out(name.removesuffix("/"))
+    items = [Item(name_bytes(one), is_folder=is_folder) for one in names]
+    if not fields:
+        if not is_folder:
+            fail(number, "a file needs a size")
+        return items
+
+    kind, *rest = fields
+    if kind == "text":
+        items[0].content = rest[0].replace("\\n", "\n").encode()
+        return items
+    if kind.startswith("plist "):
+        items[0].content = property_list(kind == "plist binary", rest[0])
+        return items
+    if kind.startswith("copy"):
+        items[0].content = (HERE / rest[0]).read_bytes()
+        items[0].mode = 0o755 if kind == "copy executable" else 0
+        return items
+    if kind.startswith("app "):
+        return [bundle(items[0].name, kind.removeprefix("app "), parse_size(rest[0]), rest[1])]
+
+    for field in fields:
+        if field == "locked":
+            items[0].mode = stat.S_IFDIR  # with no permission at all
+        elif field == "the rest":
+            for item, share in zip(items, shares(len(items))):
+                item.takes_rest = share
+        elif field.endswith(" in all"):
+            whole = parse_size(field.removesuffix(" in all"))
+            for item, share in zip(items, shares(len(items))):
+                set_size(item, round(whole * share))
+        elif field.split()[-1] in UNITS:
+            for item in items:
+                set_size(item, parse_size(field))
+        else:
+            for item in items:
+                item.date = parse_date(field.removeprefix("dated "))
+    return items
+
+
+def set_size(item, size):
+    if item.is_folder:
+        item.stated = size
+    else:
+        item.size = size
+
+
+def parse(path):
+    """The description as one folder without a name."""
+    root = Item(b"", is_folder=True)
+    levels = [[root]]  # for each depth the items that the lines beneath go into
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+        text = line.strip()
+        if not text or text.startswith("#"):
+            continue
+        depth = (len(line) - len(line.lstrip())) // 2
+        if depth >= len(levels):
+            fail(number, "nothing to lie inside of")
+        del levels[depth + 1:]
+        added = []
+        for parent in levels[depth]:
+            items = parse_line(text, number)
+            parent.children += items
+            added += items
+        levels.append([item for item in added if item.is_folder])
+    return root
+
+
+def resolve(folder, date):
+    """Fills up what each folder must come to, checks that it does, and hands dates down."""
+    folder.date = folder.date or date
+    for child in folder.children:
+        if child.is_folder:
+            resolve(child, folder.date)
+        child.date = child.date or folder.date
+    if not folder.stated:
+        return
+    takers = [item for item in descendants(folder) if item.takes_rest and not item.size]
+    left = max(0, folder.stated - folder.total())
+    for item in takers:
+        item.size = round(left * item.takes_rest)
+    if abs(folder.total() - folder.stated) > folder.stated / 100:
+        raise SystemExit(f"description.txt: {folder.name.decode()} comes to {folder.total()}, not {folder.stated}")
+
+
+def descendants(folder):
+    for child in folder.children:
+        yield child
+        if child.is_folder:
+            yield from descendants(child)
+
+
+def description():
+    root = parse(HERE / "description.txt")
+    resolve(root, USUAL_DATE)
+    return root
+
+
+def build(item, path, scale):
+    """Makes one item and what lies beneath it."""
+    if item.link is not None:
+        os.symlink(item.link, path)
+        return
+    if item.is_folder:
+        os.mkdir(path, 0o755)
+        for child in item.children:
+            build(child, os.path.join(path, child.name), scale)
+        set_date(path, item.date)
+        if item.mode == stat.S_IFDIR:
+            os.chmod(path, 0)
+        return
+    descriptor = os.open(path, os.O_CREAT | os.O_EXCL | os.O_WRONLY, item.mode or 0o644)
+    try:
+        if item.content is not None:
+            os.write(descriptor, item.content)
+        elif item.size:
+            os.posix_fallocate(descriptor, 0, item.allocated(scale))
+    finally:
+        os.close(descriptor)
+    set_date(path, item.date)
+
+
+def set_date(path, date):
+    seconds = int(date.timestamp())
+    os.utime(path, (seconds, seconds))
+
+
+def replace_root(folder, scale):
+    """Makes FOLDER/root in place of an earlier one."""
+    wanted = description()
+    os.makedirs(folder, exist_ok=True)
+    remove_root(folder)
+    folder = os.fsencode(folder)
+    with open(os.path.join(folder, MARKER), "wb"):
+        pass
+    build(wanted, os.path.join(folder, b"root"), scale)
+
+
+def remove_root(folder):
+    """Deletes FOLDER/root if there is one. One that this program did not make, it leaves and gives up."""
+    folder = os.fsencode(folder)
+    root = os.path.join(folder, b"root")
+    if not os.path.lexists(root):
+        return
+    if not os.path.exists(os.path.join(folder, MARKER)):
+        raise SystemExit(f"mac_root: {os.fsdecode(root)} is there and was not made by this program")
+    for parent, folders, _ in os.walk(root):
+        for name in folders:
+            path = os.path.join(parent, name)
+            if not os.path.islink(path):
+                os.chmod(path, 0o755)
+    shutil.rmtree(root)
+
+
+def sizes(item, path, scale, result):
+    """Every item's allocated bytes by its path in the root; a folder's are those of the files beneath it."""
+    if item.link is not None:
+        return 0
+    if item.is_folder:
+        total = sum(sizes(child, path + b"/" + child.name, scale, result) for child in item.children)
+    else:
+        total = item.allocated(scale)
+    result[path or b"/"] = total
+    return total
+
+
+def all_sizes(scale):
+    result = {}
+    sizes(description(), b"", scale, result)
+    return result
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("action", choices=("build", "sizes"))
+    parser.add_argument("folder", nargs="?")
+    parser.add_argument("--scale", type=int, default=DEFAULT_SCALE, help="what the Mac's sizes are divided by")
+    arguments = parser.parse_args()
+    if arguments.action == "sizes":
+        table = {os.fsdecode(path): size for path, size in all_sizes(arguments.scale).items()}
+        json.dump(table, sys.stdout, indent=1, ensure_ascii=True)
+        print()
+    elif not arguments.folder:
+        parser.error("build needs a folder")
+    else:
+        replace_root(arguments.folder, arguments.scale)
+
+
+if __name__ == "__main__":
+    main()
