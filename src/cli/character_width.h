@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace corvane {
+
+/// One thing that a terminal draws as a whole: a character with its accents, or a joined emoji.
+struct Cluster {
+    std::size_t length = 0; ///< bytes
+    std::size_t width = 0;  ///< columns: 0, 1 or 2
+};
+
+/// The cluster that starts at `position`, which lies inside `text`. `text` is valid UTF-8. A close
+/// approximation of how terminals group and measure: East Asian wide characters and emoji take two columns,
+/// marks that combine take none, emoji joined by U+200D and pairs of regional letters count once.
+[[nodiscard]] Cluster nextCluster(std::string_view text, std::size_t position);
+
+} // namespace corvane

@@ -1,0 +1,193 @@
+#include "cli/command_line.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include "cli/map_command.h"
+#include "cli/protected_command.h"
+#include "cli/remove_command.h"
+#include "cli/scan_command.h"
+#include "cli/shielded_arguments.h"
+#include "platform/host.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr int allPaths = -1; ///< the parser's word for "one or more"
+constexpr int helpColumns = 26;
+
+/// What the parser knows of the commands; `App`s and `Option`s belong to `app`.
+struct Commands {
+    CLI::App app{"Explains where the space on a disk went and helps to win it back safely.", "corvane-cli"};
+
+    CLI::App *scan = nullptr;
+    CLI::Option *scanPath = nullptr;
+
+    CLI::App *map = nullptr;
+    CLI::Option *mapPath = nullptr;
+    CLI::Option *size = nullptr;
+    CLI::Option *svg = nullptr;
+
+    CLI::App *isProtected = nullptr;
+    CLI::Option *protectedPaths = nullptr;
+
+    CLI::App *remove = nullptr;
+    CLI::Option *removePaths = nullptr;
+    CLI::Option *permanently = nullptr;
+    CLI::Option *yes = nullptr;
+
+    bool json = false;
+
+    Commands();
+
+private:
+    CLI::App *add(const std::string &name, const std::string &description, const std::string &example);
+    static CLI::Option *addPath(CLI::App &command, const std::string &description);
+};
+
+CLI::App *Commands::add(const std::string &name, const std::string &description, const std::string &example)
+{
+    CLI::App *const command = app.add_subcommand(name, description);
+    command->set_help_flag("-h,--help", "Show this help");
+    command->add_flag("--json", json, "Print one JSON document instead of a table");
+    command->footer("Example:\n  " + example);
+    return command;
+}
+
+CLI::Option *Commands::addPath(CLI::App &command, const std::string &description)
+{
+    return command.add_option("PATH")->description(description)->type_name("");
+}
+
+Commands::Commands()
+{
+    app.get_formatter()->column_width(helpColumns);
+    app.require_subcommand(0, 1);
+    app.set_help_flag("-h,--help", "Show this help");
+    app.set_version_flag("-V,--version", "corvane-cli " CORVANE_VERSION, "Show the version");
+    app.footer("\"corvane-cli COMMAND --help\" tells more of each command.\n\n"
+               "Exit status: 0 done, 1 done with failures, 2 the command line is wrong or a path does not exist.");
+
+    scan = add("scan", "Show where the space of a folder went.", "corvane-cli scan --json ~/Movies > movies.json");
+    scanPath = addPath(*scan, "The folder; your home folder where none is given");
+
+    map = add("map", "Lay a folder out as a treemap.", "corvane-cli map ~/Movies --size 1600x1000 --svg movies.svg");
+    mapPath = addPath(*map, "The folder")->required();
+    size = map->add_option("--size")->description("The map's size in points, by default 900x600")->type_name("WxH");
+    svg = map->add_option("--svg")->description("Write the map as a picture; \"-\" is standard output")->type_name("FILE");
+    for (CLI::Option *const option : {size, svg})
+        option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+
+    isProtected = add("protected", "Tell which paths would never be removed; they need not exist.",
+                      "corvane-cli protected ~/Library /opt/tool");
+    protectedPaths = addPath(*isProtected, "The paths to judge")->required()->expected(allPaths);
+
+    remove = add("remove", "Move items to the Trash, after asking.", "corvane-cli remove ~/Downloads/old.iso ~/build");
+    removePaths = addPath(*remove, "Files, folders and links; a link is removed itself")->required()->expected(allPaths);
+    permanently = remove->add_flag("--permanently")->description("Delete for good instead of moving to the Trash");
+    yes = remove->add_flag("-y,--yes")->description("Do not ask; needed where there is no terminal");
+}
+
+std::vector<std::string> valuesOf(const CLI::Option &option)
+{
+    std::vector<std::string> values;
+    std::ranges::transform(option.results(), std::back_inserter(values), unshielded);
+    return values;
+}
+
+std::optional<std::string> valueOf(const CLI::Option &option)
+{
+    if (option.results().empty())
+        return std::nullopt;
+    return unshielded(option.results().back());
+}
+
+ExitStatus refuse(const std::string &reason, const CLI::App &command, Console &console)
+{
+    const std::string name = command.get_parent() != nullptr ? "corvane-cli " + command.get_name() : "corvane-cli";
+    console.complain(fmt::format("{}; see \"{} --help\"", reason, name));
+    return ExitStatus::refused;
+}
+
+/// The parser's complaint in one sentence of ours.
+std::string reasonOf(const CLI::ParseError &error, const CLI::App &app, bool hasCommand)
+{
+    const std::vector<std::string> extras = app.remaining(true);
+    if (dynamic_cast<const CLI::ExtrasError *>(&error) != nullptr && !extras.empty()) {
+        const std::string extra = unshielded(extras.front());
+        if (extras.front().starts_with('-'))
+            return fmt::format("unknown option \"{}\"", extra);
+        return fmt::format("{} \"{}\"", hasCommand ? "unexpected argument" : "unknown command", extra);
+    }
+    const std::string text = error.what();
+    if (dynamic_cast<const CLI::RequiredError *>(&error) != nullptr)
+        return "a PATH is needed";
+    if (dynamic_cast<const CLI::ArgumentMismatch *>(&error) != nullptr && text.starts_with("--"))
+        return fmt::format("{} needs a value", text.substr(0, text.find_first_of(": ")));
+    return text.substr(0, text.find('\n'));
+}
+
+ExitStatus runMap(const Commands &commands, Console &console)
+{
+    MapCommand command{.path = *valueOf(*commands.mapPath), .svgFile = valueOf(*commands.svg), .json = commands.json};
+    if (const std::optional<std::string> text = valueOf(*commands.size)) {
+        const std::optional<Rect> size = mapSize(*text);
+        if (!size)
+            return refuse(fmt::format("\"{}\" is no size; 900x600 would be one", *text), *commands.map, console);
+        command.size = *size;
+    }
+    return command.run(console, systemHost());
+}
+
+ExitStatus runCommand(const Commands &commands, Console &console)
+{
+    if (commands.scan->parsed()) {
+        const ScanCommand command{.path = valueOf(*commands.scanPath), .json = commands.json};
+        return command.run(console, systemHost());
+    }
+    if (commands.map->parsed())
+        return runMap(commands, console);
+    if (commands.isProtected->parsed()) {
+        const ProtectedCommand command{.paths = valuesOf(*commands.protectedPaths), .json = commands.json};
+        return command.run(console, systemHost());
+    }
+    if (commands.remove->parsed()) {
+        const RemoveCommand command{.paths = valuesOf(*commands.removePaths),
+                                    .permanently = commands.permanently->count() > 0,
+                                    .yes = commands.yes->count() > 0,
+                                    .json = commands.json};
+        return command.run(console, systemHost());
+    }
+    return refuse("no command given", commands.app, console);
+}
+
+} // namespace
+
+ExitStatus runCommandLine(const std::vector<std::string> &arguments, Console &console)
+{
+    Commands commands;
+    std::vector<std::string> shielded = shieldedArguments(arguments);
+    std::ranges::reverse(shielded); // the parser takes them from the back
+    try {
+        commands.app.parse(shielded);
+    } catch (const CLI::CallForVersion &version) {
+        console.out.write(version.what());
+        console.out.write('\n');
+        return ExitStatus::done;
+    } catch (const CLI::CallForHelp &) {
+        console.out.write(commands.app.help());
+        return ExitStatus::done;
+    } catch (const CLI::ParseError &error) {
+        const std::vector<CLI::App *> parsed = commands.app.get_subcommands();
+        const CLI::App &command = parsed.empty() ? commands.app : *parsed.front();
+        return refuse(reasonOf(error, commands.app, !parsed.empty()), command, console);
+    }
+    return runCommand(commands, console);
+}
+
+} // namespace corvane

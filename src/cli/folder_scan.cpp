@@ -1,0 +1,44 @@
+#include "cli/folder_scan.h"
+
+#include <chrono>
+
+#include <fmt/format.h>
+
+#include "cli/scan_watch.h"
+#include "core/scanner.h"
+
+namespace corvane {
+
+FolderScan FolderScan::run(const std::string &path, Extent extent, const Console &console, FileSystem &files)
+{
+    using Clock = std::chrono::steady_clock;
+
+    FolderScan scan;
+    ScanProgress progress;
+    const Clock::time_point start = Clock::now();
+    {
+        const auto display = console.canShowProgress() ? ScanWatch::Display::shown : ScanWatch::Display::hidden;
+        const ScanWatch watch(progress, display);
+        scan.root = Scanner::scan(path, progress, files);
+        scan.isCancelled = progress.isCancelled();
+        if (extent == Extent::treeAndSummary)
+            scan.summary = ScanSummary::make(scan.root, files);
+    }
+    scan.seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    if (scan.root->unreadable) {
+        const Expected<std::unique_ptr<OpenFolder>> folder = files.openFolder(path);
+        scan.unreadableReason = folder ? "the listing failed" : folder.error().description();
+    }
+    return scan;
+}
+
+ExitStatus FolderScan::report(Console &console, bool resultSaysSo) const
+{
+    if (!unreadableReason.empty())
+        console.complain(fmt::format("cannot read {}: {}", root->path(), unreadableReason));
+    if (isCancelled && !(resultSaysSo && console.outIsTerminal()))
+        console.complain(stoppedText);
+    return isCancelled || !unreadableReason.empty() ? ExitStatus::doneWithFailures : ExitStatus::done;
+}
+
+} // namespace corvane

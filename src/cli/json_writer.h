@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "cli/output.h"
+#include "platform/time.h"
+
+namespace corvane {
+
+/// Writes one JSON document piece by piece, so that a tree of any size needs no second copy of itself. The
+/// caller opens and closes objects and arrays in the right order; commas are put by the writer.
+class JsonWriter {
+public:
+    explicit JsonWriter(Output &out);
+
+    void beginObject();
+    void endObject();
+    void beginArray();
+    void endArray();
+    void key(std::string_view name);
+
+    void value(std::int64_t number);
+    void value(double number);
+    void value(bool flag);
+    /// Unix seconds; null for `distantPast`.
+    void value(Time time);
+    void null();
+
+    /// A text given as bytes; what is not UTF-8 becomes U+FFFD.
+    void text(std::string_view bytes);
+
+    /// `"key": text`, and where the bytes are not UTF-8 also `"keyHex"` with all of them in hexadecimal.
+    void bytes(std::string_view name, std::string_view value);
+
+    /// `"key": the bytes in hexadecimal`, and nothing where they are UTF-8 and so told by their text.
+    void hexUnlessText(std::string_view name, std::string_view value);
+
+    /// Ends the document with a line break.
+    void finish();
+
+    /// Whether further text would reach nobody.
+    [[nodiscard]] bool isClosed() const { return m_out.isClosed(); }
+
+private:
+    void separate();
+
+    Output &m_out;
+    bool m_needsComma = false;
+};
+
+} // namespace corvane

@@ -1,0 +1,30 @@
+#include <csignal>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "cli/command_line.h"
+
+int main(int argumentCount, char *arguments[])
+{
+    using namespace corvane;
+
+    // A reader that goes away is noticed where it is written to.
+    std::signal(SIGPIPE, SIG_IGN);
+
+    Console console;
+    ExitStatus status = ExitStatus::doneWithFailures;
+    try {
+        status = runCommandLine({arguments + 1, arguments + argumentCount}, console);
+    } catch (const std::exception &error) {
+        console.complain(error.what());
+    }
+    console.out.flush();
+    if (console.out.error()) {
+        console.complain(fmt::format("cannot write the result: {}", console.out.error().message()));
+        status = ExitStatus::doneWithFailures;
+    }
+    return static_cast<int>(status);
+}

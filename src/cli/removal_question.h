@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vector>
+
+#include "core/removal.h"
+
+namespace corvane {
+
+/// The question on the terminal before a removal. Standard output has no part in it: it may belong to a document.
+class RemovalQuestion {
+public:
+    RemovalQuestion();
+    ~RemovalQuestion();
+
+    RemovalQuestion(const RemovalQuestion &) = delete;
+    RemovalQuestion &operator=(const RemovalQuestion &) = delete;
+
+    /// Whether there is a terminal to ask on and to be answered from.
+    [[nodiscard]] bool canBeAsked() const { return m_terminal >= 0; }
+
+    /// Shows what would happen and waits for the answer; everything but "y" and "yes" is a no.
+    [[nodiscard]] bool ask(const std::vector<RemovalStep> &steps, bool permanently);
+
+private:
+    int m_terminal = -1; ///< what the question is written to
+    bool m_isOwned = false;
+};
+
+} // namespace corvane

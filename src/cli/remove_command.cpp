@@ -1,0 +1,96 @@
+#include "cli/remove_command.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+#include "cli/display_text.h"
+#include "cli/path_argument.h"
+#include "cli/removal_question.h"
+#include "cli/remove_json.h"
+#include "cli/scan_watch.h"
+#include "core/removal.h"
+#include "core/scanner.h"
+#include "core/selection.h"
+
+namespace corvane {
+
+namespace {
+
+std::int64_t allocatedSize(const std::string &path, ScanProgress &progress, FileSystem &files)
+{
+    const Expected<ItemFacts> facts = files.facts(path);
+    if (!facts || facts->type == EntryType::symbolicLink)
+        return 0;
+    return facts->type == EntryType::directory ? Scanner::scan(path, progress, files)->size : facts->allocated;
+}
+
+/// The selection with what each item occupies; nothing when Ctrl-C stopped the measuring.
+std::optional<Selection> measured(Selection selection, const Console &console, FileSystem &files)
+{
+    ScanProgress progress;
+    const ScanWatch watch(progress, console.canShowProgress() ? ScanWatch::Display::shown : ScanWatch::Display::hidden);
+    for (auto &[path, size] : selection)
+        size = allocatedSize(path, progress, files);
+    if (progress.isCancelled())
+        return std::nullopt;
+    return selection;
+}
+
+bool isRefused(const RemovalStep &step)
+{
+    return step.action == RemovalStep::Action::refuse;
+}
+
+} // namespace
+
+ExitStatus RemoveCommand::run(Console &console, const Host &host) const
+{
+    const ProtectedLocations &locations = PathGuard::locations();
+    std::set<std::string> refused;
+    Selection selection;
+    for (const std::string &path : paths) {
+        const Judged<ExistingItem> item = existingItem(path, host.files);
+        if (!item) {
+            console.complain(item.error());
+            return ExitStatus::refused;
+        }
+        // What is protected is never in a selection, and so stands for nothing that lies inside it.
+        if (locations.isProtected(item->path, host.files))
+            refused.insert(item->path);
+        else
+            selection.emplace(item->path, 0);
+    }
+    RemovalQuestion question;
+    if (!yes && !question.canBeAsked()) {
+        console.complain("there is no terminal to ask on; --yes removes without asking");
+        return ExitStatus::refused;
+    }
+
+    std::optional<Selection> entries = measured(effectiveSelection(selection), console, host.files);
+    if (!entries) {
+        console.complain("stopped; nothing was removed");
+        return ExitStatus::doneWithFailures;
+    }
+    for (const std::string &path : refused)
+        entries->emplace(path, 0);
+    std::vector<RemovalStep> steps = Removal::plan(*entries, permanently, locations, host.trash.trashFolders());
+    for (RemovalStep &step : steps) {
+        if (refused.contains(step.path))
+            step.action = RemovalStep::Action::refuse;
+    }
+
+    RemovalOutcome outcome;
+    if (yes || std::ranges::all_of(steps, isRefused) || question.ask(steps, permanently))
+        outcome = Removal::perform(steps, locations, host);
+    const std::string message = Removal::message(outcome, permanently);
+    if (json)
+        writeRemovalJson(outcome, message, console.out);
+    else
+        console.out.write(displayText(message) + "\n");
+    for (const std::string &failure : outcome.failures)
+        console.complain(failure);
+    return outcome.failures.empty() ? ExitStatus::done : ExitStatus::doneWithFailures;
+}
+
+} // namespace corvane
