@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include <QColor>
 #include <QFont>
 #include <QObject>
@@ -9,6 +11,9 @@ class QJSEngine;
 class QQmlEngine;
 
 namespace corvane {
+
+class ColorSchemeSetting;
+class Desktop;
 
 /// Every colour, size and duration of the window. Follows the system between light and dark while the
 /// program runs (`changed`). One instance, main thread only; C++ that paints asks `Theme::instance()`.
@@ -56,10 +61,17 @@ class Theme : public QObject {
     Q_PROPERTY(QColor focus READ focus NOTIFY changed)
     Q_PROPERTY(QColor scrim READ scrim NOTIFY changed)
     Q_PROPERTY(QColor toast READ toast NOTIFY changed)
+    // Colours made of the roles.
+    Q_PROPERTY(QColor fillqPress READ fillqPress NOTIFY changed)           // fillq twice
+    Q_PROPERTY(QColor accentSoftPress READ accentSoftPress NOTIFY changed) // accentSoft twice
+    Q_PROPERTY(QColor checkOutline READ checkOutline NOTIFY changed)
+    Q_PROPERTY(QColor panelOutline READ panelOutline NOTIFY changed)       // around what floats
+    Q_PROPERTY(QColor scrimNested READ scrimNested NOTIFY changed)         // under an alert that covers a sheet
     // Fixed colours.
     Q_PROPERTY(QColor brandA READ brandA CONSTANT)
     Q_PROPERTY(QColor brandB READ brandB CONSTANT)
     Q_PROPERTY(QColor onFill READ onFill CONSTANT)             // text and glyphs on accentFill, dangerFill, toast
+    Q_PROPERTY(QColor onFillRule READ onFillRule CONSTANT)     // hairline on accentFill
     Q_PROPERTY(QColor toastOk READ toastOk CONSTANT)
     Q_PROPERTY(QColor toastWarning READ toastWarning CONSTANT)
     Q_PROPERTY(QColor folderIcon READ folderIcon CONSTANT)
@@ -82,6 +94,16 @@ class Theme : public QObject {
     Q_PROPERTY(QFont captionMediumFont READ captionMediumFont CONSTANT)
     Q_PROPERTY(QFont captionSemiboldFont READ captionSemiboldFont CONSTANT)
     Q_PROPERTY(QFont captionFiguresFont READ captionFiguresFont CONSTANT)
+
+    // Line heights that go with the fonts, in points.
+    Q_PROPERTY(int heroLine MEMBER m_heroLine CONSTANT)
+    Q_PROPERTY(int figureLine MEMBER m_figureLine CONSTANT)
+    Q_PROPERTY(int title1Line MEMBER m_title1Line CONSTANT)
+    Q_PROPERTY(int statLine MEMBER m_statLine CONSTANT)
+    Q_PROPERTY(int title2Line MEMBER m_title2Line CONSTANT)
+    Q_PROPERTY(int bodyLine MEMBER m_bodyLine CONSTANT)
+    Q_PROPERTY(int secondaryLine MEMBER m_secondaryLine CONSTANT)
+    Q_PROPERTY(int captionLine MEMBER m_captionLine CONSTANT)
 
     // Sizes, in points.
     Q_PROPERTY(int pageMargin MEMBER m_pageMargin CONSTANT)
@@ -125,6 +147,57 @@ class Theme : public QObject {
     Q_PROPERTY(int reviewSheetWidth MEMBER m_reviewSheetWidth CONSTANT)
     Q_PROPERTY(int alertWidth MEMBER m_alertWidth CONSTANT)
 
+    // Sizes of single parts of the shared components, in points.
+    Q_PROPERTY(int hairlineWidth MEMBER m_hairlineWidth CONSTANT)
+    Q_PROPERTY(int focusRingWidth MEMBER m_focusRingWidth CONSTANT)
+    Q_PROPERTY(int focusRingGap MEMBER m_focusRingGap CONSTANT)
+    Q_PROPERTY(int space2 MEMBER m_space2 CONSTANT)
+    Q_PROPERTY(int space4 MEMBER m_space4 CONSTANT)
+    Q_PROPERTY(int space6 MEMBER m_space6 CONSTANT)
+    Q_PROPERTY(int space8 MEMBER m_space8 CONSTANT)
+    Q_PROPERTY(int space10 MEMBER m_space10 CONSTANT)
+    Q_PROPERTY(int space12 MEMBER m_space12 CONSTANT)
+    Q_PROPERTY(int space14 MEMBER m_space14 CONSTANT)
+    Q_PROPERTY(int space16 MEMBER m_space16 CONSTANT)
+    Q_PROPERTY(int space20 MEMBER m_space20 CONSTANT)
+    Q_PROPERTY(int space24 MEMBER m_space24 CONSTANT)
+    Q_PROPERTY(int space32 MEMBER m_space32 CONSTANT)
+    Q_PROPERTY(int controlPadding MEMBER m_controlPadding CONSTANT)
+    Q_PROPERTY(int smallControlPadding MEMBER m_smallControlPadding CONSTANT)
+    Q_PROPERTY(int pillPadding MEMBER m_pillPadding CONSTANT)
+    Q_PROPERTY(int smallPillPadding MEMBER m_smallPillPadding CONSTANT)
+    Q_PROPERTY(int quietPadding MEMBER m_quietPadding CONSTANT)
+    Q_PROPERTY(int badgeSize MEMBER m_badgeSize CONSTANT)
+    Q_PROPERTY(int badgeIconSize MEMBER m_badgeIconSize CONSTANT)
+    Q_PROPERTY(int largeBadgeSize MEMBER m_largeBadgeSize CONSTANT)
+    Q_PROPERTY(int largeBadgeIconSize MEMBER m_largeBadgeIconSize CONSTANT)
+    Q_PROPERTY(int solidBadgeSize MEMBER m_solidBadgeSize CONSTANT)
+    Q_PROPERTY(int checkIconSize MEMBER m_checkIconSize CONSTANT)
+    Q_PROPERTY(int caretSize MEMBER m_caretSize CONSTANT)
+    Q_PROPERTY(int searchIconSize MEMBER m_searchIconSize CONSTANT)
+    Q_PROPERTY(int closeIconSize MEMBER m_closeIconSize CONSTANT)
+    Q_PROPERTY(int alertIconSize MEMBER m_alertIconSize CONSTANT)
+    Q_PROPERTY(int tagHeight MEMBER m_tagHeight CONSTANT)
+    Q_PROPERTY(int tagPadding MEMBER m_tagPadding CONSTANT)
+    Q_PROPERTY(int bandRuleHeight MEMBER m_bandRuleHeight CONSTANT)
+    Q_PROPERTY(int splitRuleHeight MEMBER m_splitRuleHeight CONSTANT)
+    Q_PROPERTY(int bandIconGap MEMBER m_bandIconGap CONSTANT)
+    Q_PROPERTY(int segmentPadding MEMBER m_segmentPadding CONSTANT)
+    Q_PROPERTY(int checkCellWidth MEMBER m_checkCellWidth CONSTANT)
+    Q_PROPERTY(int emptyStateWidth MEMBER m_emptyStateWidth CONSTANT)
+    Q_PROPERTY(int emptyStateRise MEMBER m_emptyStateRise CONSTANT)
+    Q_PROPERTY(int sheetFooterHeight MEMBER m_sheetFooterHeight CONSTANT)
+    Q_PROPERTY(int sheetRise MEMBER m_sheetRise CONSTANT)
+    Q_PROPERTY(int menuMinimumWidth MEMBER m_menuMinimumWidth CONSTANT)
+    Q_PROPERTY(int scrollBarWidth MEMBER m_scrollBarWidth CONSTANT)
+    Q_PROPERTY(int scrollThumbWidth MEMBER m_scrollThumbWidth CONSTANT)
+    Q_PROPERTY(int indeterminateHeight MEMBER m_indeterminateHeight CONSTANT)
+    Q_PROPERTY(int tipMaximumWidth MEMBER m_tipMaximumWidth CONSTANT)
+    Q_PROPERTY(int fileIconSize MEMBER m_fileIconSize CONSTANT)
+    Q_PROPERTY(int headerFileIconSize MEMBER m_headerFileIconSize CONSTANT)
+    Q_PROPERTY(int pillFileIconSize MEMBER m_pillFileIconSize CONSTANT)
+    Q_PROPERTY(int appIconSize MEMBER m_appIconSize CONSTANT)
+
     // Durations, in milliseconds. Movements are 0 under reduced motion: see motion().
     Q_PROPERTY(int fastDuration MEMBER m_fastDuration CONSTANT)
     Q_PROPERTY(int baseDuration MEMBER m_baseDuration CONSTANT)
@@ -138,18 +211,30 @@ class Theme : public QObject {
     Q_PROPERTY(int toastStayWarningDuration MEMBER m_toastStayWarningDuration CONSTANT)
     Q_PROPERTY(int copiedStayDuration MEMBER m_copiedStayDuration CONSTANT)
     Q_PROPERTY(int pillDelayDuration MEMBER m_pillDelayDuration CONSTANT)
+    Q_PROPERTY(int tipDelayDuration MEMBER m_tipDelayDuration CONSTANT)
 
 public:
+    /// Follows the application's palette and, where there is one, the desktop's own setting of light and dark;
+    /// asks `desktop` about movement. Tests make their own; everything else takes the instance.
+    Theme(Desktop &desktop, std::unique_ptr<ColorSchemeSetting> setting);
+    ~Theme() override;
+
     static Theme *create(QQmlEngine *, QJSEngine *);
+    /// Made on first use, from the system that the program runs on; needs a QGuiApplication.
     static Theme *instance();
 
     [[nodiscard]] bool isDark() const { return m_dark; }
     [[nodiscard]] bool reducedMotion() const { return m_reducedMotion; }
-    /// Overrides what the system says, for tests and pictures.
+    /// Overrides what the system says from now on, for tests and pictures.
     void setDark(bool dark);
     void setReducedMotion(bool reduced);
     /// A movement's duration: as given, or 0 under reduced motion.
     Q_INVOKABLE [[nodiscard]] int motion(int duration) const { return m_reducedMotion ? 0 : duration; }
+
+    /// The ground of a solid badge: the colour, darkened in steps of 2 % until white stands out by 3.1 : 1.
+    Q_INVOKABLE [[nodiscard]] QColor solidFill(const QColor &color) const;
+    /// The colour with another opacity, from 0 to 1.
+    Q_INVOKABLE [[nodiscard]] QColor withAlpha(const QColor &color, double alpha) const;
 
     [[nodiscard]] QColor window() const;
     [[nodiscard]] QColor sidebar() const;
@@ -186,9 +271,15 @@ public:
     [[nodiscard]] QColor focus() const;
     [[nodiscard]] QColor scrim() const;
     [[nodiscard]] QColor toast() const;
+    [[nodiscard]] QColor fillqPress() const;
+    [[nodiscard]] QColor accentSoftPress() const;
+    [[nodiscard]] QColor checkOutline() const;
+    [[nodiscard]] QColor panelOutline() const;
+    [[nodiscard]] QColor scrimNested() const;
     [[nodiscard]] QColor brandA() const;
     [[nodiscard]] QColor brandB() const;
     [[nodiscard]] QColor onFill() const;
+    [[nodiscard]] QColor onFillRule() const;
     [[nodiscard]] QColor toastOk() const;
     [[nodiscard]] QColor toastWarning() const;
     [[nodiscard]] QColor folderIcon() const;
@@ -213,12 +304,30 @@ public:
 signals:
     void changed();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
-    Theme();
+    struct Colors;
+    static const Colors &lightColors();
+    static const Colors &darkColors();
+    [[nodiscard]] const Colors &colors() const { return m_dark ? darkColors() : lightColors(); }
     void followSystem();
 
+    Desktop &m_desktop;
+    const std::unique_ptr<ColorSchemeSetting> m_setting;
     bool m_dark = false;
     bool m_reducedMotion = false;
+    bool m_darkIsFixed = false;
+    bool m_reducedMotionIsFixed = false;
+    const int m_heroLine = 52;
+    const int m_figureLine = 28;
+    const int m_title1Line = 26;
+    const int m_statLine = 22;
+    const int m_title2Line = 20;
+    const int m_bodyLine = 18;
+    const int m_secondaryLine = 16;
+    const int m_captionLine = 14;
     const int m_pageMargin = 24;
     const int m_boxGap = 14;
     const int m_boxPadding = 16;
@@ -259,6 +368,55 @@ private:
     const int m_mapListGap = 8;
     const int m_reviewSheetWidth = 640;
     const int m_alertWidth = 420;
+    const int m_hairlineWidth = 1;
+    const int m_focusRingWidth = 2;
+    const int m_focusRingGap = 1;
+    const int m_space2 = 2;
+    const int m_space4 = 4;
+    const int m_space6 = 6;
+    const int m_space8 = 8;
+    const int m_space10 = 10;
+    const int m_space12 = 12;
+    const int m_space14 = 14;
+    const int m_space16 = 16;
+    const int m_space20 = 20;
+    const int m_space24 = 24;
+    const int m_space32 = 32;
+    const int m_controlPadding = 12;
+    const int m_smallControlPadding = 9;
+    const int m_pillPadding = 14;
+    const int m_smallPillPadding = 11;
+    const int m_quietPadding = 10;
+    const int m_badgeSize = 32;
+    const int m_badgeIconSize = 18;
+    const int m_largeBadgeSize = 40;
+    const int m_largeBadgeIconSize = 22;
+    const int m_solidBadgeSize = 30;
+    const int m_checkIconSize = 10;
+    const int m_caretSize = 10;
+    const int m_searchIconSize = 13;
+    const int m_closeIconSize = 16;
+    const int m_alertIconSize = 36;
+    const int m_tagHeight = 18;
+    const int m_tagPadding = 7;
+    const int m_bandRuleHeight = 20;
+    const int m_splitRuleHeight = 16;
+    const int m_bandIconGap = 11;
+    const int m_segmentPadding = 2;
+    const int m_checkCellWidth = 30;
+    const int m_emptyStateWidth = 420;
+    const int m_emptyStateRise = 20;
+    const int m_sheetFooterHeight = 60;
+    const int m_sheetRise = 12;
+    const int m_menuMinimumWidth = 200;
+    const int m_scrollBarWidth = 11;
+    const int m_scrollThumbWidth = 7;
+    const int m_indeterminateHeight = 4;
+    const int m_tipMaximumWidth = 320;
+    const int m_fileIconSize = 16;
+    const int m_headerFileIconSize = 18;
+    const int m_pillFileIconSize = 22;
+    const int m_appIconSize = 26;
     const int m_fastDuration = 90;
     const int m_baseDuration = 140;
     const int m_expandDuration = 180;
@@ -271,6 +429,7 @@ private:
     const int m_toastStayWarningDuration = 10000;
     const int m_copiedStayDuration = 1600;
     const int m_pillDelayDuration = 80;
+    const int m_tipDelayDuration = 600;
 };
 
 } // namespace corvane

@@ -1,0 +1,96 @@
+# Everything that the window embeds besides its code: icons, fonts, the program's own icon.
+
+# --- Icons, by their names in Phosphor Icons. An icon that is not named here is not in the program.
+# In regular, for headers, rows and buttons; in fill, for what is selected; in light, for empty states.
+set(CORVANE_ICONS
+  app-window apple-logo archive arrow-circle-down arrow-clockwise arrow-u-up-left arrow-up bank cards caret-down
+  caret-right caret-up-down chart-bar-horizontal chart-pie-slice chats-circle check check-circle circle-notch
+  clipboard-text clock-clockwise clock-counter-clockwise coffee cpu cube device-mobile device-mobile-camera
+  device-mobile-speaker devices eye eye-slash file file-audio file-code file-image file-magnifying-glass file-text
+  file-video file-zip files folder folder-dashed folder-open gear-fine gear-six hammer hard-drive hard-drives house
+  info leaf list-magnifying-glass lock-key lock-simple magnifying-glass memory minus package paperclip question
+  scales seal-check shield-check sparkle squares-four stack stop-circle terminal-window toolbox trash trash-simple
+  tray user-square users warning warning-circle warning-octagon wrench x-circle)
+set(CORVANE_ICON_WEIGHTS regular fill light)
+# In bold, for glyphs of 12 points and less.
+set(CORVANE_BOLD_ICONS caret-down caret-right caret-up-down check eye minus)
+
+set(CORVANE_ICON_SOURCE ${CMAKE_SOURCE_DIR}/node_modules/@phosphor-icons/core/assets)
+if(NOT IS_DIRECTORY ${CORVANE_ICON_SOURCE})
+  message(FATAL_ERROR "The icons are not installed: run \"npm ci\" in ${CMAKE_SOURCE_DIR}, or \"./dev setup\".")
+endif()
+
+# Puts one icon into `files_variable` under the alias weight/name.svg.
+function(corvane_collect_icon files_variable name weight)
+  if(weight STREQUAL regular)
+    set(file ${CORVANE_ICON_SOURCE}/regular/${name}.svg)
+  else()
+    set(file ${CORVANE_ICON_SOURCE}/${weight}/${name}-${weight}.svg)
+  endif()
+  if(NOT EXISTS ${file})
+    message(FATAL_ERROR "There is no icon \"${name}\" of weight ${weight}: check the lists in CorvaneAssets.cmake "
+                        "against ${CORVANE_ICON_SOURCE}.")
+  endif()
+  set_source_files_properties(${file} PROPERTIES QT_RESOURCE_ALIAS ${weight}/${name}.svg)
+  list(APPEND ${files_variable} ${file})
+  set(${files_variable} ${${files_variable}} PARENT_SCOPE)
+endfunction()
+
+# Embeds the icons into a target under :/corvane/icons.
+function(corvane_embed_icons target)
+  foreach(name IN LISTS CORVANE_ICONS)
+    foreach(weight IN LISTS CORVANE_ICON_WEIGHTS)
+      corvane_collect_icon(files ${name} ${weight})
+    endforeach()
+  endforeach()
+  foreach(name IN LISTS CORVANE_BOLD_ICONS)
+    corvane_collect_icon(files ${name} bold)
+  endforeach()
+  qt_add_resources(${target} ${target}_icons PREFIX /corvane/icons FILES ${files})
+endfunction()
+
+# --- Fonts. macOS uses the system's own.
+function(corvane_has_font_tools result candidate)
+  execute_process(COMMAND ${candidate} -c "import fontTools" RESULT_VARIABLE status OUTPUT_QUIET ERROR_QUIET)
+  if(NOT status EQUAL 0)
+    set(${result} FALSE PARENT_SCOPE)
+  endif()
+endfunction()
+
+# Embeds Inter, and Inter with figures of one width, under :/corvane/fonts.
+function(corvane_embed_fonts target)
+  # The system's Python before any other on the path: that is the one for which packages bring fontTools.
+  find_program(CORVANE_FONT_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH VALIDATOR corvane_has_font_tools)
+  find_program(CORVANE_FONT_PYTHON NAMES python3 VALIDATOR corvane_has_font_tools)
+  if(NOT CORVANE_FONT_PYTHON)
+    message(FATAL_ERROR "No Python with fontTools: install python3-fonttools, or run \"./dev setup\".")
+  endif()
+  find_path(CORVANE_INTER_FOLDER NAMES Inter-Regular.otf Inter-Regular.ttf
+    PATHS /usr/share/fonts/opentype/inter /usr/share/fonts/truetype/inter /usr/local/share/fonts/inter NO_DEFAULT_PATH)
+  if(NOT CORVANE_INTER_FOLDER)
+    message(FATAL_ERROR "The font Inter is not installed: install fonts-inter, run \"./dev setup\", or set "
+                        "CORVANE_INTER_FOLDER to the folder that holds Inter-Regular.otf.")
+  endif()
+
+  set(script ${CMAKE_SOURCE_DIR}/assets/fonts/build_fonts.py)
+  set(folder ${CMAKE_BINARY_DIR}/fonts)
+  foreach(family Inter InterTabular)
+    foreach(weight Regular Medium SemiBold Bold)
+      list(APPEND files ${folder}/${family}-${weight}.otf)
+    endforeach()
+  endforeach()
+  add_custom_command(OUTPUT ${files}
+    COMMAND ${CORVANE_FONT_PYTHON} ${script} --source ${CORVANE_INTER_FOLDER} --output ${folder}
+    DEPENDS ${script} COMMENT "Making the embedded fonts" VERBATIM)
+  qt_add_resources(${target} ${target}_fonts PREFIX /corvane/fonts BASE ${folder} FILES ${files})
+endfunction()
+
+# --- The program's own icon.
+set(CORVANE_APP_ICON ${CMAKE_SOURCE_DIR}/assets/icon/corvane.svg)
+set(CORVANE_APP_ICON_SIZES 16 22 24 32 48 64 128 256 512)
+
+# Embeds the drawing under :/corvane/icon.
+function(corvane_embed_app_icon target)
+  set_source_files_properties(${CORVANE_APP_ICON} PROPERTIES QT_RESOURCE_ALIAS corvane.svg)
+  qt_add_resources(${target} ${target}_app_icon PREFIX /corvane/icon FILES ${CORVANE_APP_ICON})
+endfunction()

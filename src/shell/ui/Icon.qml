@@ -1,0 +1,33 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Window
+import Corvane.Shell
+
+/// One icon in one colour: by its own name, or by a symbol's name. Decoration only: what it means is said by the
+/// control that holds it.
+Image {
+    id: icon
+
+    property string name
+    property string symbol
+    /// "regular", "fill", "bold" or "light"; empty for the symbol's own.
+    property string weight
+    property color color: Theme.t1
+    property int size: Theme.iconSize
+
+    width: size
+    height: size
+    visible: name !== "" || symbol !== ""
+    source: {
+        // #AARRGGBB without its sharp, and opaque colours too in eight digits.
+        const plain = icon.color.toString().slice(1);
+        const tint = plain.length === 6 ? "ff" + plain : plain;
+        if (icon.symbol !== "")
+            return "image://symbol/" + icon.symbol + "/" + (icon.weight || "rest") + "/" + tint;
+        return icon.name === "" ? "" : "image://icon/" + icon.name + "/" + (icon.weight || "regular") + "/" + tint;
+    }
+    sourceSize.width: Math.round(size * Screen.devicePixelRatio)
+    sourceSize.height: sourceSize.width
+    Accessible.ignored: true
+}

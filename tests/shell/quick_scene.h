@@ -1,0 +1,82 @@
+#pragma once
+
+#include <memory>
+
+#include <QAccessible>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QtTest/QtTest>
+
+#include "shell/ui/shell_ui.h"
+
+namespace corvane {
+
+/// A window that shows one piece of QML, for tests of components by mouse and keyboard.
+class QuickScene {
+public:
+    /// `body` is put into a Window of 600 x 400 points; the modules are imported already.
+    explicit QuickScene(const QByteArray &body)
+    {
+        setUpShell(m_engine);
+        QQmlComponent component(&m_engine);
+        component.setData("import QtQuick\nimport QtQuick.Window\nimport QtQuick.Controls.Basic\n"
+                          "import Corvane.Shell\n"
+                          "Window { width: 600; height: 400; visible: true; color: Theme.window\n" +
+                              body + "\n}",
+                          QUrl(QStringLiteral("qrc:/scene.qml")));
+        m_window.reset(qobject_cast<QQuickWindow *>(component.create()));
+        m_errors = component.errorString();
+        if (m_window) {
+            m_window->requestActivate();
+            m_shown = QTest::qWaitForWindowActive(m_window.get());
+        }
+    }
+
+    [[nodiscard]] bool isShown() const { return m_shown; }
+    [[nodiscard]] const QString &errors() const { return m_errors; }
+    [[nodiscard]] QQuickWindow *window() const { return m_window.get(); }
+
+    /// The object of that objectName.
+    [[nodiscard]] QObject *object(const char *name) const { return m_window->findChild<QObject *>(QLatin1String(name)); }
+    [[nodiscard]] QQuickItem *item(const char *name) const { return qobject_cast<QQuickItem *>(object(name)); }
+
+    void click(QQuickItem *item) const
+    {
+        QTest::mouseClick(m_window.get(), Qt::LeftButton, Qt::NoModifier, centre(item));
+    }
+    void hover(QQuickItem *item) const { QTest::mouseMove(m_window.get(), centre(item)); }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        QTest::keyClick(m_window.get(), key, modifiers);
+    }
+
+    [[nodiscard]] static QAccessibleInterface *accessible(QObject *object)
+    {
+        return QAccessible::queryAccessibleInterface(object);
+    }
+    [[nodiscard]] static QString accessibleName(QObject *object)
+    {
+        QAccessibleInterface *const interface = accessible(object);
+        return interface ? interface->text(QAccessible::Name) : QString();
+    }
+    [[nodiscard]] static QAccessible::Role accessibleRole(QObject *object)
+    {
+        QAccessibleInterface *const interface = accessible(object);
+        return interface ? interface->role() : QAccessible::NoRole;
+    }
+
+private:
+    static QPoint centre(QQuickItem *item)
+    {
+        return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+    }
+
+    QQmlEngine m_engine;
+    std::unique_ptr<QQuickWindow> m_window;
+    QString m_errors;
+    bool m_shown = false;
+};
+
+} // namespace corvane
