@@ -1,0 +1,148 @@
+#include "platform/linux/linux_desktop.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <string>
+
+#include <sys/stat.h>
+#include <syslog.h>
+
+#include "platform/linux/gio_error.h"
+
+namespace corvane {
+
+namespace {
+
+void writeToLog(std::string_view message)
+{
+    // The system's log and not the standard error stream: that of a program started from the desktop ends
+    // nowhere in particular. A line break would be written as an escape by most logs, so each line goes alone.
+    while (!message.empty()) {
+        const std::string_view line = message.substr(0, message.find('\n'));
+        message.remove_prefix(std::min(line.size() + 1, message.size()));
+        ::syslog(LOG_USER | LOG_NOTICE, "%.*s", static_cast<int>(line.size()), line.data());
+    }
+}
+
+/// Asks the file manager to show the item, selected.
+Expected<void> showItem(const std::string &path, const std::string &uri, GCancellable *cancel)
+{
+    GError *failure = nullptr;
+    const GObjectPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancel, &failure));
+    if (bus) {
+        GVariantBuilder uris;
+        g_variant_builder_init(&uris, G_VARIANT_TYPE("as"));
+        g_variant_builder_add(&uris, "s", uri.c_str());
+        constexpr int longestStart = 10'000; // milliseconds: a file manager may have to be started first
+        const GVariantPointer answer(
+            g_dbus_connection_call_sync(bus.get(), "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+                                        "org.freedesktop.FileManager1", "ShowItems", g_variant_new("(ass)", &uris, ""),
+                                        nullptr, G_DBUS_CALL_FLAGS_NONE, longestStart, cancel, &failure));
+        if (answer)
+            return {};
+    }
+    const GErrorPointer owner(failure);
+    return tl::unexpected(gioError("reveal", path, *failure));
+}
+
+Expected<void> openWithDefault(const std::string &operation, const std::string &path, const std::string &uri)
+{
+    GError *failure = nullptr;
+    if (g_app_info_launch_default_for_uri(uri.c_str(), nullptr, &failure))
+        return {};
+    const GErrorPointer owner(failure);
+    return tl::unexpected(gioError(operation, path, *failure));
+}
+
+Expected<std::string> uriOf(const std::string &path)
+{
+    GError *failure = nullptr;
+    const GStringPointer uri(g_filename_to_uri(path.c_str(), nullptr, &failure));
+    if (uri)
+        return std::string(uri.get());
+    const GErrorPointer owner(failure);
+    return tl::unexpected(Error{"reveal", path, std::make_error_code(std::errc::invalid_argument), failure->message});
+}
+
+struct Reveal {
+    std::string path;
+    std::string uri;
+};
+
+void perform(gpointer data, gpointer userData)
+{
+    const std::unique_ptr<Reveal> request(static_cast<Reveal *>(data));
+    auto *const cancel = static_cast<GCancellable *>(userData);
+    if (showItem(request->path, request->uri, cancel) || g_cancellable_is_cancelled(cancel))
+        return;
+    const std::string folder = request->uri.substr(0, std::max<std::size_t>(request->uri.rfind('/'), sizeof "file://"));
+    if (const auto opened = openWithDefault("open", request->path, folder); !opened)
+        writeToLog("Could not show " + request->uri + ": " + opened.error().description());
+}
+
+/// Whether a desktop that keeps its settings through GSettings was told to leave animations out.
+bool settingsForbidAnimations()
+{
+    // Looked up first: GSettings ends the program when it is asked for a schema that is not installed.
+    GSettingsSchemaSource *const source = g_settings_schema_source_get_default();
+    if (source == nullptr)
+        return false;
+    constexpr const char *key = "enable-animations";
+    const GSchemaPointer schema(g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE));
+    if (!schema || !g_settings_schema_has_key(schema.get(), key))
+        return false;
+    const GObjectPointer<GSettings> settings(g_settings_new_full(schema.get(), nullptr, nullptr));
+    return !g_settings_get_boolean(settings.get(), key);
+}
+
+/// The same for Plasma, which keeps a factor for the duration of every animation in a file.
+bool plasmaForbidsAnimations()
+{
+    const GKeyFilePointer file(g_key_file_new());
+    const std::string path = std::string(g_get_user_config_dir()) + "/kdeglobals";
+    if (!g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, nullptr))
+        return false;
+    GError *failure = nullptr;
+    const double factor = g_key_file_get_double(file.get(), "KDE", "AnimationDurationFactor", &failure);
+    const GErrorPointer owner(failure);
+    return failure == nullptr && factor <= 0;
+}
+
+} // namespace
+
+LinuxDesktop::~LinuxDesktop()
+{
+    g_cancellable_cancel(m_cancel.get());
+    if (m_reveals != nullptr)
+        g_thread_pool_free(m_reveals, FALSE, TRUE);
+}
+
+Expected<void> LinuxDesktop::reveal(const std::string &path)
+{
+    struct stat facts {};
+    if (::lstat(path.c_str(), &facts) != 0)
+        return tl::unexpected(Error{"reveal", path, {errno, std::generic_category()}, {}});
+    return uriOf(path).map([&](std::string uri) {
+        if (m_reveals == nullptr)
+            m_reveals = g_thread_pool_new(perform, m_cancel.get(), 1, FALSE, nullptr);
+        g_thread_pool_push(m_reveals, std::make_unique<Reveal>(Reveal{path, std::move(uri)}).release(), nullptr);
+    });
+}
+
+Expected<void> LinuxDesktop::openUrl(const std::string &url)
+{
+    return openWithDefault("open", url, url);
+}
+
+void LinuxDesktop::log(std::string_view message)
+{
+    writeToLog(message);
+}
+
+bool LinuxDesktop::prefersReducedMotion()
+{
+    return settingsForbidAnimations() || plasmaForbidsAnimations();
+}
+
+} // namespace corvane

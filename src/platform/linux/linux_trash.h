@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/trash.h"
+
+namespace corvane {
+
+/// The Trash that Linux desktops share, through GIO: the one in the user's data folder, or the one at the top
+/// of the item's own volume. Needs no session bus. Any thread.
+class LinuxTrash final : public Trash {
+public:
+    /// `files` outlives the object.
+    explicit LinuxTrash(FileSystem &files) : m_files(files) {}
+
+    /// Fails, and leaves the item where it is, when its volume has no Trash.
+    [[nodiscard]] Expected<void> trashItem(const std::string &path) override;
+
+    [[nodiscard]] Expected<void> recycle(const std::string &path) override;
+    [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
+
+    /// Those that may exist; none of them is touched, for a volume that no longer answers would block.
+    [[nodiscard]] std::vector<std::string> trashFolders() override;
+
+private:
+    FileSystem &m_files; // constant after construction
+};
+
+} // namespace corvane
