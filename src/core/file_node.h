@@ -64,17 +64,17 @@ private:
     std::shared_ptr<const std::string> m_folderPath;
 
 public:
-    const std::string name;             ///< bytes to show: the last path component; "/" is "Macintosh HD"
-    std::int64_t size = 0;              ///< bytes allocated for the item and everything beneath it
-    std::int64_t fileCount = 0;         ///< files beneath it; a file has 1
-    std::int64_t smallFilesSize = 0;    ///< bytes of the small files directly inside that have no nodes
-    std::int64_t smallFilesCount = 0;   ///< how many such files
+    const std::string name;           ///< bytes to show: the last path component; "/" is "Macintosh HD"
+    std::int64_t size = 0;            ///< bytes allocated for the item and everything beneath it
+    std::int64_t fileCount = 0;       ///< files beneath it; a file has 1
+    std::int64_t smallFilesSize = 0;  ///< bytes of the small files directly inside that have no nodes
+    std::int64_t smallFilesCount = 0; ///< how many such files
     Time modified = distantPast;
     std::weak_ptr<FileNode> parent;
     std::vector<std::shared_ptr<FileNode>> children; ///< largest first
     const Kind kind;
-    bool unreadable = false;            ///< the listing could not be read
-    bool removed = false;               ///< removed since the scan
+    bool unreadable = false; ///< the listing could not be read
+    bool removed = false;    ///< removed since the scan
 
 private:
     const bool m_isRoot;

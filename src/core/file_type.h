@@ -12,19 +12,7 @@ namespace corvane {
 /// classification never gives them. A value, cheap to copy, usable from any thread.
 class FileType {
 public:
-    enum Case : std::uint8_t {
-        video,
-        image,
-        audio,
-        archive,
-        diskImage,
-        app,
-        document,
-        code,
-        other,
-        folder,
-        small
-    };
+    enum Case : std::uint8_t { video, image, audio, archive, diskImage, app, document, code, other, folder, small };
 
     static constexpr std::size_t count = 11;
 

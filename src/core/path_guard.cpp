@@ -124,8 +124,9 @@ ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPla
         else
             protectWithContents(place);
     }
-    for (const std::string &each : homes)
-        protectHome(each, system);
+    protectHome(m_home, system);
+    if (m_realHome != m_home)
+        protectHome(m_realHome, system);
 }
 
 void ProtectedLocations::protectHome(const std::string &home, const ProtectedPlaces &system)
@@ -147,7 +148,7 @@ void ProtectedLocations::protectPlace(std::string place)
     // With its ancestors: who removes one of them removes the place.
     place = folded(std::move(place));
     while (m_exact.insert(place).second)
-        place = containingFolder(place);
+        place.resize(containingFolder(place).size());
 }
 
 void ProtectedLocations::protectWithContents(std::string place)

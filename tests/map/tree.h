@@ -24,9 +24,8 @@ inline void account(const NodePtr &folder, std::int64_t size, std::int64_t files
     for (NodePtr node = folder; node; node = node->parent.lock()) {
         node->size += size;
         node->fileCount += files;
-        if (const NodePtr parent = node->parent.lock())
-            std::stable_sort(parent->children.begin(), parent->children.end(),
-                             [](const NodePtr &a, const NodePtr &b) { return a->size > b->size; });
+        std::stable_sort(node->children.begin(), node->children.end(),
+                         [](const NodePtr &a, const NodePtr &b) { return a->size > b->size; });
     }
 }
 

@@ -1,0 +1,422 @@
+#include "core/removal.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "platform/fake_host.h"
+
+namespace corvane {
+namespace {
+
+using Action = RemovalStep::Action;
+using Operation = FakeTrash::Operation;
+
+constexpr const char *home = "/Users/me";
+
+const ProtectedLocations &locations()
+{
+    static const ProtectedLocations instance(home, {});
+    return instance;
+}
+
+std::vector<RemovalStep> planFor(const Selection &entries, bool permanently,
+                                 const std::vector<std::string> &trashFolders = {})
+{
+    return Removal::plan(entries, permanently, locations(), trashFolders);
+}
+
+std::vector<Action> actions(const std::vector<RemovalStep> &steps)
+{
+    std::vector<Action> result;
+    for (const RemovalStep &step : steps)
+        result.push_back(step.action);
+    return result;
+}
+
+class RemovalOf : public testing::Test {
+protected:
+    RemovalOutcome remove(const Selection &entries, bool permanently = false)
+    {
+        const auto steps = planFor(entries, permanently, fake.trash.trashFolders());
+        return Removal::perform(steps, locations(), fake.host());
+    }
+
+    /// What was done to items, without the questions that were asked before.
+    std::vector<std::string> deeds() const
+    {
+        std::vector<std::string> result;
+        for (const std::string &line : fake.log->lines()) {
+            for (const char *deed : {"removeItem ", "trashItem ", "recycle ", "deleteThroughFinder "}) {
+                if (line.starts_with(deed))
+                    result.push_back(line);
+            }
+        }
+        return result;
+    }
+
+    FakeHost fake;
+};
+
+using Lines = std::vector<std::string>;
+using Entries = std::vector<SelectedEntry>;
+
+TEST(RemovalPlan, HasOneStepForEachEntryInTheOrderOfTheirPaths)
+{
+    const auto steps = planFor({{"/srv/b", 2}, {"/srv/a", 1}, {"/usr/x", 3}}, false);
+    const std::vector<RemovalStep> expected{
+        {"/srv/a", 1, Action::trash}, {"/srv/b", 2, Action::trash}, {"/usr/x", 3, Action::refuse}};
+    EXPECT_EQ(steps, expected);
+}
+
+TEST(RemovalPlan, PermanentRemovalErases)
+{
+    EXPECT_EQ(actions(planFor({{"/srv/a", 1}}, true)), std::vector{Action::erase});
+}
+
+TEST(RemovalPlan, ProtectedEntryIsRefusedEvenPermanently)
+{
+    EXPECT_EQ(actions(planFor({{"/Users/me/Documents", 1}}, false)), std::vector{Action::refuse});
+    EXPECT_EQ(actions(planFor({{"/Users/me/Documents", 1}}, true)), std::vector{Action::refuse});
+    EXPECT_EQ(actions(planFor({{"/Users/me/.Trash", 1}}, true)), std::vector{Action::refuse});
+}
+
+TEST(RemovalPlan, EntryInTheTrashIsErased)
+{
+    EXPECT_EQ(actions(planFor({{"/Users/me/.Trash/a", 1}}, false)), std::vector{Action::erase});
+    EXPECT_EQ(actions(planFor({{"/Users/me/.Trash/a/b", 1}}, false)), std::vector{Action::erase});
+    EXPECT_EQ(actions(planFor({{"/srv/trash/a", 1}}, false, {"/srv/trash"})), std::vector{Action::erase});
+}
+
+TEST(RemovalPlan, EntryWhoseNameOnlyBeginsLikeTheTrashIsTrashed)
+{
+    EXPECT_EQ(actions(planFor({{"/Users/me/.Trash2/a", 1}}, false)), std::vector{Action::trash});
+    EXPECT_EQ(actions(planFor({{"/srv/trash", 1}}, false, {"/srv/trash"})), std::vector{Action::trash});
+    EXPECT_EQ(actions(planFor({{"/Users/me/.Trash/../a", 1}}, false)), std::vector{Action::trash});
+    EXPECT_EQ(actions(planFor({{"/Users/other/.Trash/a", 1}}, false)), std::vector{Action::trash});
+}
+
+TEST(RemovalPlan, PathThatIsNotAbsoluteIsRefused)
+{
+    for (const char *path : {"", "a", "~/a", "./a"})
+        EXPECT_EQ(actions(planFor({{path, 1}}, true)), std::vector{Action::refuse}) << path;
+}
+
+TEST(RemovalPlan, OfNothingIsEmpty)
+{
+    EXPECT_TRUE(planFor({}, false).empty());
+}
+
+TEST_F(RemovalOf, AnItemMovesItToTheTrash)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    const RemovalOutcome outcome = remove({{"/Users/me/a", 2'000'000}});
+    EXPECT_EQ(outcome.removed, (Entries{{"/Users/me/a", 2'000'000}}));
+    EXPECT_TRUE(outcome.failures.empty());
+    EXPECT_EQ(deeds(), Lines{"trashItem /Users/me/a"});
+    EXPECT_FALSE(fake.files.has("/Users/me/a"));
+}
+
+TEST_F(RemovalOf, AnItemPermanentlyErasesIt)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    const RemovalOutcome outcome = remove({{"/Users/me/a", 5}}, true);
+    EXPECT_EQ(outcome.removed.size(), 1u);
+    EXPECT_EQ(deeds(), Lines{"removeItem /Users/me/a"});
+}
+
+TEST_F(RemovalOf, AnItemThatIsAlreadyInTheTrashErasesItAndStillSaysMoved)
+{
+    fake.files.addFile("/Users/me/.Trash/a", 5);
+    const RemovalOutcome outcome = remove({{"/Users/me/.Trash/a", 2'000'000}});
+    EXPECT_EQ(deeds(), Lines{"removeItem /Users/me/.Trash/a"});
+    EXPECT_EQ(Removal::message(outcome, false), "Moved 1 item (2 MB) to Trash — empty it to free the space");
+}
+
+TEST_F(RemovalOf, AFolderAndAFileInsideItRemovesTheFolderOnly)
+{
+    fake.files.addFile("/Users/me/x/a", 5);
+    const RemovalOutcome outcome = remove(effectiveSelection({{"/Users/me/x", 7}, {"/Users/me/x/a", 5}}));
+    EXPECT_EQ(outcome.removed, (Entries{{"/Users/me/x", 7}}));
+    EXPECT_EQ(deeds(), Lines{"trashItem /Users/me/x"});
+}
+
+TEST_F(RemovalOf, AProtectedItemIsRefusedWithoutTouchingIt)
+{
+    fake.files.addFolder("/Users/me/Documents");
+    for (const bool permanently : {false, true}) {
+        const RemovalOutcome outcome = remove({{"/Users/me/Documents", 5}}, permanently);
+        EXPECT_TRUE(outcome.removed.empty());
+        EXPECT_EQ(outcome.failures, Lines{"Documents: protected location"});
+    }
+    EXPECT_TRUE(deeds().empty());
+}
+
+TEST_F(RemovalOf, AnItemThatVanishedIsAFailureThatSaysSo)
+{
+    for (const bool permanently : {false, true}) {
+        const RemovalOutcome outcome = remove({{"/Users/me/a", 5}}, permanently);
+        EXPECT_TRUE(outcome.removed.empty());
+        EXPECT_EQ(outcome.failures, Lines{"a: No such file or directory"});
+    }
+    EXPECT_TRUE(deeds().empty());
+}
+
+TEST_F(RemovalOf, AnItemThatCannotBeLookedAtIsAFailure)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.files.failFacts("/Users/me/a", std::errc::permission_denied);
+    EXPECT_EQ(remove({{"/Users/me/a", 5}}).failures, Lines{"a: Permission denied"});
+    EXPECT_TRUE(deeds().empty());
+}
+
+TEST_F(RemovalOf, AnItemThatVanishesOnTheWayToTheTrashIsAFailure)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.log->observe([&](const std::string &line) {
+        if (line.starts_with("trashItem "))
+            fake.files.take("/Users/me/a");
+    });
+    const RemovalOutcome outcome = remove({{"/Users/me/a", 5}});
+    EXPECT_TRUE(outcome.removed.empty());
+    EXPECT_EQ(outcome.failures, Lines{"a: No such file or directory"});
+    EXPECT_EQ(deeds(), Lines{"trashItem /Users/me/a"});
+}
+
+TEST_F(RemovalOf, AnItemBehindALinkToAProtectedPlaceIsRefused)
+{
+    fake.files.addFolder("/usr/lib");
+    fake.files.addLink("/Users/me/link-to-usr", "/usr");
+    for (const bool permanently : {false, true})
+        EXPECT_EQ(remove({{"/Users/me/link-to-usr/lib", 5}}, permanently).failures, Lines{"lib: protected location"});
+    EXPECT_TRUE(deeds().empty());
+    EXPECT_TRUE(fake.files.has("/usr/lib"));
+}
+
+TEST_F(RemovalOf, AnItemWhoseFolderBecameALinkSinceThePlanIsRefused)
+{
+    for (const bool permanently : {false, true}) {
+        FakeHost system;
+        system.files.addFile("/Users/me/work/lib", 5);
+        system.files.addFolder("/usr/lib");
+        const auto steps = planFor({{"/Users/me/work/lib", 5}}, permanently);
+        system.files.take("/Users/me/work");
+        system.files.addLink("/Users/me/work", "/usr");
+
+        const RemovalOutcome outcome = Removal::perform(steps, locations(), system.host());
+        EXPECT_TRUE(outcome.removed.empty());
+        EXPECT_EQ(outcome.failures, Lines{"lib: protected location"});
+        EXPECT_TRUE(system.files.has("/usr/lib"));
+    }
+}
+
+TEST_F(RemovalOf, EachItemIsLookedAtJustBeforeItIsTouched)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.files.addFile("/Users/me/work/lib", 5);
+    fake.files.addFolder("/usr/lib");
+    // What happens while the first item moves shows at the second.
+    fake.log->observe([&](const std::string &line) {
+        if (line == "trashItem /Users/me/a") {
+            fake.files.take("/Users/me/work");
+            fake.files.addLink("/Users/me/work", "/usr");
+        }
+    });
+    const RemovalOutcome outcome = remove({{"/Users/me/a", 1}, {"/Users/me/work/lib", 2}});
+    EXPECT_EQ(outcome.removed, (Entries{{"/Users/me/a", 1}}));
+    EXPECT_EQ(outcome.failures, Lines{"lib: protected location"});
+}
+
+TEST_F(RemovalOf, AnItemBehindALinkInTheTrashDeletesNothing)
+{
+    fake.files.addFile("/Users/me/Documents/thesis.pdf", 5);
+    fake.files.addLink("/Users/me/.Trash/link", "/Users/me/Documents");
+    const RemovalOutcome outcome = remove({{"/Users/me/.Trash/link/thesis.pdf", 5}});
+    EXPECT_EQ(outcome.failures, Lines{"thesis.pdf: not in the Trash"});
+    EXPECT_TRUE(deeds().empty());
+
+    EXPECT_EQ(remove({{"/Users/me/.Trash/link", 1}}).removed.size(), 1u) << "the link itself is in the Trash";
+    EXPECT_TRUE(fake.files.has("/Users/me/Documents/thesis.pdf"));
+}
+
+TEST_F(RemovalOf, ItemsInATrashThatIsReachedThroughALinkErasesThem)
+{
+    fake.files.addFile("/disk/trash/folder/a", 5);
+    fake.files.addLink("/Users/me/.Trash", "/disk/trash");
+    const RemovalOutcome outcome = remove({{"/Users/me/.Trash/folder/a", 1}});
+    EXPECT_EQ(outcome.removed.size(), 1u);
+    EXPECT_EQ(deeds(), Lines{"removeItem /Users/me/.Trash/folder/a"});
+}
+
+TEST_F(RemovalOf, ALinkTakesTheLinkAndNotItsTarget)
+{
+    fake.files.addFile("/Users/me/Documents/a", 5);
+    fake.files.addLink("/Users/me/link", "/Users/me/Documents");
+    EXPECT_EQ(remove({{"/Users/me/link", 0}}).removed.size(), 1u);
+    EXPECT_FALSE(fake.files.has("/Users/me/link"));
+    EXPECT_TRUE(fake.files.has("/Users/me/Documents/a"));
+}
+
+TEST_F(RemovalOf, AnItemThatTheTrashRefusesAsksTheFinder)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.trash.fail(Operation::trashItem, "/Users/me/a", "No.");
+    const RemovalOutcome outcome = remove({{"/Users/me/a", 5}});
+    EXPECT_EQ(outcome.removed.size(), 1u);
+    EXPECT_TRUE(outcome.failures.empty());
+    EXPECT_EQ(deeds(), (Lines{"trashItem /Users/me/a", "deleteThroughFinder /Users/me/a"}));
+}
+
+TEST_F(RemovalOf, AnItemThatTheFinderLeavesWhereItIsFails)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.trash.fail(Operation::trashItem, "/Users/me/a", "The volume has no Trash.");
+    fake.trash.pretend(Operation::deleteThroughFinder, "/Users/me/a");
+    const RemovalOutcome outcome = remove({{"/Users/me/a", 5}});
+    EXPECT_TRUE(outcome.removed.empty());
+    EXPECT_EQ(outcome.failures, Lines{"a: The volume has no Trash."});
+}
+
+TEST_F(RemovalOf, AnItemThatTheFinderTookWorkedWhateverItAnswered)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.trash.fail(Operation::trashItem, "/Users/me/a", "No.");
+    fake.trash.fail(Operation::deleteThroughFinder, "/Users/me/a", "Timed out.");
+    fake.log->observe([&](const std::string &line) {
+        if (line.starts_with("deleteThroughFinder "))
+            fake.files.take("/Users/me/a");
+    });
+    EXPECT_EQ(remove({{"/Users/me/a", 5}}).removed.size(), 1u);
+}
+
+TEST_F(RemovalOf, AnItemThatCannotBeLookedAtAfterTheFinderFails)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.trash.fail(Operation::trashItem, "/Users/me/a", "No.");
+    fake.trash.pretend(Operation::deleteThroughFinder, "/Users/me/a");
+    fake.log->observe([&](const std::string &line) {
+        if (line.starts_with("deleteThroughFinder "))
+            fake.files.failFacts("/Users/me/a");
+    });
+    EXPECT_TRUE(remove({{"/Users/me/a", 5}}).removed.empty());
+}
+
+TEST_F(RemovalOf, AnItemOnASystemWithoutOtherWaysSaysWhatTheTrashSaid)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.files.addFolder("/Users/me/A.app");
+    fake.trash.lack(Operation::recycle);
+    fake.trash.lack(Operation::deleteThroughFinder);
+    fake.trash.fail(Operation::trashItem, "/Users/me/a", "Trashing on this disk is not supported.");
+    fake.trash.fail(Operation::trashItem, "/Users/me/A.app", "Trashing on this disk is not supported.");
+    EXPECT_EQ(remove({{"/Users/me/a", 5}, {"/Users/me/A.app", 5}}).failures,
+              (Lines{"A.app: Trashing on this disk is not supported.", "a: Trashing on this disk is not supported."}));
+}
+
+TEST_F(RemovalOf, AnApplicationThatTheTrashRefusesIsRecycled)
+{
+    fake.files.addFolder("/Applications/A.app");
+    fake.trash.fail(Operation::trashItem, "/Applications/A.app", "No.");
+    const RemovalOutcome outcome = remove({{"/Applications/A.app", 5}});
+    EXPECT_EQ(outcome.removed.size(), 1u);
+    EXPECT_EQ(deeds(), (Lines{"trashItem /Applications/A.app", "recycle /Applications/A.app"}));
+}
+
+TEST_F(RemovalOf, AnApplicationThatCannotBeRecycledDoesNotAskTheFinder)
+{
+    fake.files.addFolder("/Applications/A.app");
+    fake.trash.fail(Operation::trashItem, "/Applications/A.app", "Permission is missing.");
+    fake.trash.fail(Operation::recycle, "/Applications/A.app", "Other.");
+    const RemovalOutcome outcome = remove({{"/Applications/A.app", 5}});
+    EXPECT_EQ(outcome.failures, Lines{"A.app: Permission is missing."});
+    EXPECT_EQ(deeds(), (Lines{"trashItem /Applications/A.app", "recycle /Applications/A.app"}));
+}
+
+TEST_F(RemovalOf, AnItemNeverTurnsFromTheTrashToDeleting)
+{
+    for (const char *path : {"/Users/me/a", "/Users/me/A.app", "/Users/me/link"})
+        fake.trash.fail(Operation::trashItem, path, "No.");
+    fake.trash.lack(Operation::recycle);
+    fake.trash.lack(Operation::deleteThroughFinder);
+    fake.files.addFile("/Users/me/a", 5);
+    fake.files.addFolder("/Users/me/A.app");
+    fake.files.addLink("/Users/me/link", "/Users/me/a");
+    EXPECT_EQ(remove({{"/Users/me/a", 5}, {"/Users/me/A.app", 5}, {"/Users/me/link", 5}}).failures.size(), 3u);
+    EXPECT_TRUE(fake.log->linesStartingWith("removeItem").empty());
+    for (const char *path : {"/Users/me/a", "/Users/me/A.app", "/Users/me/link"})
+        EXPECT_TRUE(fake.files.has(path)) << path;
+}
+
+TEST_F(RemovalOf, ALinkIsNeverHandedToTheFinderWhichWouldFollowIt)
+{
+    fake.files.addFolder("/Users/me/Documents");
+    fake.files.addLink("/Users/me/link", "/Users/me/Documents");
+    fake.trash.fail(Operation::trashItem, "/Users/me/link", "No.");
+    EXPECT_EQ(remove({{"/Users/me/link", 0}}).failures, Lines{"link: No."});
+    EXPECT_EQ(deeds(), Lines{"trashItem /Users/me/link"});
+}
+
+TEST_F(RemovalOf, AFolderThatIsOnlyPartlyDeletedIsAFailure)
+{
+    fake.files.addFile("/Users/me/x/a", 5);
+    fake.files.failRemoval("/Users/me/x", std::errc::permission_denied, "“a” could not be deleted.");
+    const RemovalOutcome outcome = remove({{"/Users/me/x", 5}}, true);
+    EXPECT_TRUE(outcome.removed.empty());
+    EXPECT_EQ(outcome.failures, Lines{"x: “a” could not be deleted."});
+}
+
+TEST_F(RemovalOf, OneItemThatFailsDoesNotStopTheOthers)
+{
+    for (const char *path : {"/Users/me/a", "/Users/me/b", "/Users/me/d"})
+        fake.files.addFile(path, 5);
+    fake.files.failRemoval("/Users/me/b", std::errc::permission_denied);
+    const RemovalOutcome outcome =
+        remove({{"/Users/me/a", 1}, {"/Users/me/b", 2}, {"/Users/me/c", 3}, {"/Users/me/d", 4}, {"/usr", 5}}, true);
+    EXPECT_EQ(outcome.removed, (Entries{{"/Users/me/a", 1}, {"/Users/me/d", 4}}));
+    EXPECT_EQ(outcome.failures,
+              (Lines{"b: Permission denied", "c: No such file or directory", "usr: protected location"}));
+}
+
+TEST(RemovalMessage, OfOneItemIsInTheSingular)
+{
+    EXPECT_EQ(Removal::message({.removed = {{"/a", 2'000'000}}, .failures = {}}, false),
+              "Moved 1 item (2 MB) to Trash — empty it to free the space");
+    EXPECT_EQ(Removal::message({.removed = {{"/a", 2'000'000}}, .failures = {}}, true), "Deleted 1 item · freed 2 MB");
+}
+
+TEST(RemovalMessage, OfSeveralItemsIsInThePluralAndAddsThemUp)
+{
+    const RemovalOutcome outcome{.removed = {{"/a", 2'000'000}, {"/b", 500'000}, {"/c", 0}}, .failures = {}};
+    EXPECT_EQ(Removal::message(outcome, false), "Moved 3 items (2.5 MB) to Trash — empty it to free the space");
+    EXPECT_EQ(Removal::message(outcome, true), "Deleted 3 items · freed 2.5 MB");
+}
+
+TEST(RemovalMessage, OfNothing)
+{
+    EXPECT_EQ(Removal::message({}, false), "Nothing was removed");
+    EXPECT_EQ(Removal::message({}, true), "Nothing was removed");
+}
+
+TEST(RemovalMessage, NamesTheFirstFailureAndCountsThemAll)
+{
+    EXPECT_EQ(Removal::message({.removed = {}, .failures = {"a: no"}}, true),
+              "Nothing was removed · 1 couldn't be removed (a: no)");
+    EXPECT_EQ(Removal::message({.removed = {{"/x", 1000}}, .failures = {"a: no", "b: never"}}, false),
+              "Moved 1 item (1 KB) to Trash — empty it to free the space · 2 couldn't be removed (a: no)");
+}
+
+TEST(RemovalMessage, KeepsTextThatLooksLikeAFormat)
+{
+    EXPECT_EQ(Removal::message({.removed = {}, .failures = {"{0} %s: no"}}, false),
+              "Nothing was removed · 1 couldn't be removed ({0} %s: no)");
+}
+
+TEST(RemovalLog, HoldsEveryFailureOnItsLine)
+{
+    EXPECT_EQ(Removal::logText({.removed = {}, .failures = {"a: no", "b: {}"}}),
+              "Corvane removal failures:\na: no\nb: {}");
+    EXPECT_EQ(Removal::logText({.removed = {{"/a", 1}}, .failures = {}}), "");
+}
+
+} // namespace
+} // namespace corvane

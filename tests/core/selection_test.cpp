@@ -1,0 +1,78 @@
+#include "core/selection.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+TEST(Selection, FolderAndFileInsideItCountTheFolderOnly)
+{
+    const Selection selection{{"/home/u/Movies", 500}, {"/home/u/Movies/a.mp4", 200}};
+    const Selection effective = effectiveSelection(selection);
+    EXPECT_EQ(effective, (Selection{{"/home/u/Movies", 500}}));
+    EXPECT_EQ(totalSize(effective), 500);
+}
+
+TEST(Selection, EntryDeepInsideASelectedFolderIsCovered)
+{
+    const Selection selection{{"/a/b", 9}, {"/a/b/c/d/e", 1}, {"/a/b/c/d", 2}};
+    EXPECT_EQ(effectiveSelection(selection), (Selection{{"/a/b", 9}}));
+}
+
+TEST(Selection, SiblingWhoseNameBeginsAlikeIsNotCovered)
+{
+    // In the order of paths "/a/b c" stands between "/a/b" and "/a/b/c".
+    const Selection selection{{"/a/b", 1}, {"/a/b c", 2}, {"/a/b/c", 4}, {"/a/bb", 8}, {"/a/b.app/x", 16}};
+    EXPECT_EQ(effectiveSelection(selection), (Selection{{"/a/b", 1}, {"/a/b c", 2}, {"/a/bb", 8}, {"/a/b.app/x", 16}}));
+}
+
+TEST(Selection, ShortestAncestorHasTwoBytes)
+{
+    EXPECT_EQ(effectiveSelection({{"/a", 1}, {"/a/b", 2}}), (Selection{{"/a", 1}}));
+    EXPECT_EQ(effectiveSelection({{"/", 1}, {"/a", 2}}), (Selection{{"/", 1}, {"/a", 2}}));
+}
+
+TEST(Selection, EntryIsNotItsOwnAncestor)
+{
+    EXPECT_FALSE(hasSelectedAncestor({{"/a/b", 1}}, "/a/b"));
+    EXPECT_EQ(effectiveSelection({{"/a/b", 1}}), (Selection{{"/a/b", 1}}));
+}
+
+TEST(Selection, PathInsideASelectedFolderHasASelectedAncestor)
+{
+    const Selection selection{{"/a/b", 1}};
+    EXPECT_TRUE(hasSelectedAncestor(selection, "/a/b/c"));
+    EXPECT_TRUE(hasSelectedAncestor(selection, "/a/b/c/d"));
+    EXPECT_FALSE(hasSelectedAncestor(selection, "/a/bc"));
+    EXPECT_FALSE(hasSelectedAncestor(selection, "/a"));
+    EXPECT_FALSE(hasSelectedAncestor({{"/", 1}}, "/a/b"));
+}
+
+TEST(Selection, EntriesComeLargestFirstThenByPath)
+{
+    const Selection effective{{"/a", 1}, {"/b", 7}, {"/c", 1}, {"/d", 7}, {"/e", 9}};
+    const std::vector<SelectedEntry> expected{{"/e", 9}, {"/b", 7}, {"/d", 7}, {"/a", 1}, {"/c", 1}};
+    EXPECT_EQ(selectedEntries(effective), expected);
+}
+
+TEST(Selection, EmptySelectionHasNoEntriesAndNoBytes)
+{
+    EXPECT_TRUE(effectiveSelection({}).empty());
+    EXPECT_TRUE(selectedEntries({}).empty());
+    EXPECT_EQ(totalSize({}), 0);
+}
+
+TEST(Selection, PathsAreBytesAndNeedNotBeText)
+{
+    const Selection selection{{"/a/\xff", 3}, {"/a/\xff/\xfe", 2}, {"/a/\xfe", 1}};
+    EXPECT_EQ(effectiveSelection(selection), (Selection{{"/a/\xff", 3}, {"/a/\xfe", 1}}));
+}
+
+TEST(SelectionDeath, SumBeyondSixtyThreeBitsStopsTheProgram)
+{
+    const Selection selection{{"/a", INT64_MAX}, {"/b", 1}};
+    EXPECT_DEATH((void)totalSize(selection), "");
+}
+
+} // namespace
+} // namespace corvane
