@@ -2,7 +2,7 @@
 """Tests of the Mac-shaped root and of the command line inside it.
 
     mac_root_test.py --list                              the tests' names
-    mac_root_test.py NAME --cli PROGRAM --folder FOLDER  one test; its root is built below FOLDER
+    mac_root_test.py NAME --cli PROGRAM --folder FOLDER  one test, in the root that was built in FOLDER
 
 Exit status: 0 passed, 1 failed, 77 skipped (with the reason).
 """
@@ -11,7 +11,6 @@ import argparse
 import json
 import os
 import pathlib
-import shutil
 import stat
 import subprocess
 import sys
@@ -26,20 +25,14 @@ SKIPPED = 77
 
 
 class RootCase(unittest.TestCase):
-    """A test with a fresh root in a folder of its own."""
+    """A test in a root that several share."""
 
     cli = None
-    parent = None
+    folder = None
 
-    def setUp(self):
-        self.folder = tempfile.mkdtemp(prefix="mac_root.", dir=self.parent)
-        self.addCleanup(self.remove_folder)
-        mac_root.replace_root(self.folder, mac_root.DEFAULT_SCALE)
-        self.root = os.path.join(self.folder, "root")
-
-    def remove_folder(self):
-        mac_root.remove_root(self.folder)
-        shutil.rmtree(self.folder)
+    @property
+    def root(self):
+        return os.path.join(self.folder, "root")
 
     def run_inside(self, *arguments):
         """Runs a program in the root; what it printed and its exit status."""
@@ -97,13 +90,13 @@ class MacRoot(RootCase):
                     size = facts.st_size if stat.S_ISREG(facts.st_mode) else 0
                     yield os.path.relpath(path, os.fsencode(folder)), facts.st_mode, size, date
 
-        with tempfile.TemporaryDirectory(dir=self.parent) as other:
+        with tempfile.TemporaryDirectory(dir=self.folder) as other:
             mac_root.replace_root(other, mac_root.DEFAULT_SCALE)
             self.assertEqual(list(everything(self.folder)), list(everything(other)))
             mac_root.remove_root(other)
 
     def test_AFolderThatItDidNotMakeIsLeftAlone(self):
-        with tempfile.TemporaryDirectory(dir=self.parent) as other:
+        with tempfile.TemporaryDirectory(dir=self.folder) as other:
             precious = pathlib.Path(other, "root", "precious")
             precious.mkdir(parents=True)
             with self.assertRaises(SystemExit):
@@ -138,8 +131,13 @@ class CommandLineOnAMac(RootCase):
         done = self.run_cli("scan", "--json")
         self.assertEqual(json.loads(done.stdout)["root"]["path"], HOME)
 
-    def test_FoldersThatNobodyMayReadAreCounted(self):
-        self.assertEqual(self.scan(HOME)["unreadable"], 2)
+    def test_AFolderThatNobodyMayReadIsNamed(self):
+        path = HOME + "/Library/Application Support/com.apple.TCC"
+        done = self.run_cli("scan", "--json", path)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(path, done.stderr.decode())
+        result = json.loads(done.stdout)
+        self.assertEqual((result["root"]["unreadable"], result["unreadable"], result["bytes"]), (True, 1, 0))
 
     def test_PackagesAreOneDocument(self):
         pictures = child(self.scan(HOME)["root"], "Pictures")
@@ -196,6 +194,10 @@ class CommandLineOnAMac(RootCase):
         self.assertEqual(done.returncode, 0, done.stderr.decode())
         self.assertEqual({item["path"]: item["protected"] for item in json.loads(done.stdout)}, expected)
 
+
+class RemovalOnAMac(RootCase):
+    """What the command line removes. Each test has its own items; none counts what the others change."""
+
     def test_RemovedFileLiesInTheTrash(self):
         path = HOME + "/Downloads/client-rushes (1).zip"
         size = self.on_disk_file(path)
@@ -207,7 +209,7 @@ class CommandLineOnAMac(RootCase):
         self.assertFalse(os.path.exists(self.root + path))
         self.assertEqual(self.on_disk_file(HOME + "/.local/share/Trash/files/client-rushes (1).zip"), size)
         info = pathlib.Path(self.root + HOME + "/.local/share/Trash/info/client-rushes (1).zip.trashinfo").read_text()
-        self.assertIn("Path=/Users/studio/Downloads/client-rushes%20(1).zip", info)
+        self.assertIn("Path=/Users/studio/Downloads/client-rushes%20%281%29.zip", info)
 
     def test_ProtectedPlaceIsNotRemoved(self):
         before = self.on_disk(HOME + "/Library")
@@ -230,7 +232,7 @@ class CommandLineOnAMac(RootCase):
 
 def tests():
     """The tests by the names that ctest shows: Class.Rule."""
-    for case in (MacRoot, CommandLineOnAMac):
+    for case in (MacRoot, CommandLineOnAMac, RemovalOnAMac):
         for method in unittest.TestLoader().getTestCaseNames(case):
             yield f"{case.__name__}.{method.removeprefix('test_')}", case(method)
 
@@ -246,7 +248,7 @@ def main():
     if arguments.list:
         print("\n".join(known), end="")
         return 0
-    RootCase.cli, RootCase.parent = arguments.cli, arguments.folder
+    RootCase.cli, RootCase.folder = arguments.cli, arguments.folder
     result = unittest.TextTestRunner(verbosity=2).run(known[arguments.name])
     if result.skipped:
         return SKIPPED
