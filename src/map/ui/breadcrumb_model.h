@@ -1,0 +1,92 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+
+namespace corvane {
+
+/// The folders from the root of the scan to the folder shown, one row each. Knows how wide each is drawn, so
+/// that where they do not fit, those in the middle make room for an ellipsis, and in the end the last one is
+/// shortened. Main thread only.
+class BreadcrumbModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    /// What the crumbs may take, in points; 0 as long as it is not known.
+    Q_PROPERTY(double availableWidth READ availableWidth WRITE setAvailableWidth NOTIFY availableWidthChanged)
+    /// The names of the crumbs behind the ellipsis.
+    Q_PROPERTY(QStringList collapsedNames READ collapsedNames NOTIFY collapsedChanged)
+    // The measures that the widths are made of, in points.
+    Q_PROPERTY(int crumbPadding READ crumbPadding CONSTANT)
+    Q_PROPERTY(int crumbSpacing READ crumbSpacing CONSTANT)
+    Q_PROPERTY(int caretSize READ caretSize CONSTANT)
+    Q_PROPERTY(int rootIconSize READ rootIconSize CONSTANT)
+    Q_PROPERTY(int rootIconGap READ rootIconGap CONSTANT)
+
+public:
+    enum Role {
+        NameRole = Qt::UserRole + 1,
+        IconRole,           ///< the root's; empty for all others
+        CurrentRole,        ///< the folder shown
+        CollapsedRole,      ///< behind the ellipsis
+        EllipsisBeforeRole, ///< the ellipsis stands before this one
+        WidthRole,          ///< points
+    };
+    Q_ENUM(Role)
+
+    explicit BreadcrumbModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+    [[nodiscard]] double availableWidth() const { return m_availableWidth; }
+    void setAvailableWidth(double width);
+    [[nodiscard]] QStringList collapsedNames() const;
+    [[nodiscard]] int crumbPadding() const { return 6; }
+    [[nodiscard]] int crumbSpacing() const { return 4; }
+    [[nodiscard]] int caretSize() const { return 12; }
+    [[nodiscard]] int rootIconSize() const { return 15; }
+    [[nodiscard]] int rootIconGap() const { return 6; }
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// Shows the folder of a row in the explorer.
+    Q_INVOKABLE void open(int row);
+    /// The same for an entry of `collapsedNames`.
+    Q_INVOKABLE void openCollapsed(int entry);
+
+signals:
+    void storeChanged();
+    void availableWidthChanged();
+    void collapsedChanged();
+
+private:
+    struct Crumb {
+        std::shared_ptr<FileNode> folder;
+        bool collapsed = false;
+        double width = 0;
+
+        friend bool operator==(const Crumb &, const Crumb &) = default;
+    };
+
+    void followFolder();
+    void fit();
+    [[nodiscard]] double naturalWidth(std::size_t row) const;
+    [[nodiscard]] double separatorWidth() const;
+    [[nodiscard]] double ellipsisWidth() const;
+    [[nodiscard]] QString rootIcon() const;
+
+    QPointer<StorageStore> m_store;
+    std::vector<Crumb> m_crumbs;
+    double m_availableWidth = 0;
+};
+
+} // namespace corvane

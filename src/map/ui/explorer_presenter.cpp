@@ -1,0 +1,92 @@
+#include "map/ui/explorer_presenter.h"
+
+#include <QKeySequence>
+#include <QLocale>
+
+#include "core/byte_count.h"
+#include "core/store/path_text.h"
+#include "map/treemap_builder.h"
+
+namespace corvane {
+
+void ExplorerPresenter::setStore(StorageStore *store)
+{
+    if (m_store == store)
+        return;
+    if (m_store)
+        m_store->disconnect(this);
+    m_store = store;
+    if (m_store) {
+        connect(m_store, &StorageStore::currentFolderChanged, this, &ExplorerPresenter::changed);
+        connect(m_store, &StorageStore::revisionChanged, this, &ExplorerPresenter::changed);
+    }
+    emit storeChanged();
+    emit changed();
+}
+
+const FileNode *ExplorerPresenter::folder() const
+{
+    return m_store ? m_store->currentFolder().get() : nullptr;
+}
+
+QString ExplorerPresenter::folderName() const
+{
+    return folder() ? displayText(folder()->name) : QString();
+}
+
+QString ExplorerPresenter::folderSize() const
+{
+    return folder() ? QString::fromStdString(formatByteCount(folder()->size)) : QString();
+}
+
+QString ExplorerPresenter::fileCount() const
+{
+    if (!folder())
+        return {};
+    const auto count = static_cast<qlonglong>(folder()->fileCount);
+    return QLocale(QLocale::English, QLocale::UnitedStates).toString(count)
+           + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
+}
+
+bool ExplorerPresenter::canGoUp() const
+{
+    return folder() && m_store->currentFolder() != m_store->root();
+}
+
+QString ExplorerPresenter::upText() const
+{
+    // "⌘↑" on a Mac, where the key's own name is an arrow already.
+    const QString shortcut = QKeySequence(Qt::CTRL | Qt::Key_Up).toString(QKeySequence::NativeText);
+    return QStringLiteral("Up one level (%1)").arg(QString(shortcut).replace(QStringLiteral("Up"), QStringLiteral("↑")));
+}
+
+bool ExplorerPresenter::isEmpty() const
+{
+    return folder() && TreemapBuilder::items(*folder(), TreemapBuilder::topLimit).empty();
+}
+
+QString ExplorerPresenter::emptySymbol() const
+{
+    return folder() && folder()->unreadable ? QStringLiteral("lock") : QStringLiteral("tray");
+}
+
+QString ExplorerPresenter::emptyTitle() const
+{
+    return folder() && folder()->unreadable ? QStringLiteral("Can't read this folder")
+                                            : QStringLiteral("Nothing big here");
+}
+
+QString ExplorerPresenter::emptyText() const
+{
+    return folder() && folder()->unreadable
+               ? QStringLiteral("macOS blocked access. Granting Full Disk Access usually fixes this.")
+               : QStringLiteral("This folder is empty.");
+}
+
+void ExplorerPresenter::goUp() const
+{
+    if (m_store)
+        m_store->openParent();
+}
+
+} // namespace corvane

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+
+namespace corvane {
+
+/// The explorer's sentences and figures, and its way up. Main thread only.
+class ExplorerPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(QString folderName READ folderName NOTIFY changed)
+    Q_PROPERTY(QString folderSize READ folderSize NOTIFY changed)
+    Q_PROPERTY(QString fileCount READ fileCount NOTIFY changed)
+    Q_PROPERTY(bool canGoUp READ canGoUp NOTIFY changed)
+    Q_PROPERTY(QString upText READ upText CONSTANT)
+    /// The folder shown has no tiles, and what is said in their place.
+    Q_PROPERTY(bool empty READ isEmpty NOTIFY changed)
+    Q_PROPERTY(QString emptySymbol READ emptySymbol NOTIFY changed)
+    Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY changed)
+    Q_PROPERTY(QString emptyText READ emptyText NOTIFY changed)
+
+public:
+    explicit ExplorerPresenter(QObject *parent = nullptr) : QObject(parent) {}
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] QString folderName() const;
+    [[nodiscard]] QString folderSize() const;
+    [[nodiscard]] QString fileCount() const;
+    [[nodiscard]] bool canGoUp() const;
+    [[nodiscard]] QString upText() const;
+    [[nodiscard]] bool isEmpty() const;
+    [[nodiscard]] QString emptySymbol() const;
+    [[nodiscard]] QString emptyTitle() const;
+    [[nodiscard]] QString emptyText() const;
+
+    Q_INVOKABLE void goUp() const;
+
+signals:
+    void storeChanged();
+    void changed();
+
+private:
+    [[nodiscard]] const FileNode *folder() const;
+
+    QPointer<StorageStore> m_store;
+};
+
+} // namespace corvane

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "map/ui/node_actions.h"
+
+namespace corvane {
+
+/// The contents of the folder shown, one row for each child in the order of the tree, and a last row for its
+/// small files. Another folder resets the model; a removal takes rows out and a selection changes rows.
+/// Main thread only.
+class FolderContentsModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
+
+public:
+    enum Role {
+        NameRole = Qt::UserRole + 1,
+        ElideRole,       ///< Qt::TextElideMode
+        SizeTextRole,
+        IconKeyRole,     ///< empty for the small files
+        FractionRole,    ///< of the largest row, from 0 to 1
+        BarColorRole,    ///< the colour of the item's tile
+        OpensRole,       ///< a folder or a package
+        SmallFilesRole,
+        CheckStateRole,  ///< Qt::CheckState
+        CheckableRole,
+        CheckReasonRole, ///< why it is not checkable
+        DescriptionRole, ///< the row in words
+    };
+    Q_ENUM(Role)
+
+    explicit FolderContentsModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+    [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// Shows the folder or package of the row in the explorer.
+    Q_INVOKABLE void open(int row);
+    /// Selects the row's item, or takes it out of the selection.
+    Q_INVOKABLE void toggle(int row);
+    /// Makes the row's item the target of the context menu; false where there is no item.
+    Q_INVOKABLE bool prepareMenu(int row);
+    /// The row that a navigation key leads to from `row` when `page` rows are seen at once; -1 for other keys.
+    Q_INVOKABLE [[nodiscard]] int rowAfterKey(int key, int row, int page) const;
+
+signals:
+    void storeChanged();
+    /// Another folder is shown; the row is that of the folder one came from, else the first.
+    void folderShown(int row);
+
+private:
+    void followFolder();
+    void followTree();
+    void followSelection();
+    void takeOutRemoved();
+    void updateFigures();
+    void announceAll(const QList<int> &roles);
+
+    /// What the selection says of the items of this folder.
+    struct Marks {
+        bool allCovered = false; ///< the folder goes with the selection
+        std::unordered_map<std::string, Qt::CheckState> byName;
+    };
+    [[nodiscard]] Marks readMarks() const;
+
+    [[nodiscard]] const FileNode *nodeAt(int row) const;
+    [[nodiscard]] bool isSmallFilesRow(int row) const;
+    [[nodiscard]] Qt::CheckState checkState(const FileNode &node) const;
+    [[nodiscard]] QVariant itemData(const FileNode &node, int row, int role) const;
+    [[nodiscard]] QVariant smallFilesData(int role) const;
+    [[nodiscard]] QString checkReason(const FileNode &node) const;
+    [[nodiscard]] int rowOf(std::string_view name);
+
+    QPointer<StorageStore> m_store;
+    std::shared_ptr<FileNode> m_folder;
+    std::vector<std::shared_ptr<FileNode>> m_children;
+    bool m_hasSmallFiles = false;
+    std::int64_t m_largest = 0;
+    std::unordered_map<const FileNode *, int> m_places; ///< in the map, which gives folders their colour
+    Marks m_marks;
+    std::unordered_map<std::string_view, int> m_rows; ///< by name; empty until asked for
+    NodeActions m_menuTarget;
+};
+
+} // namespace corvane

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include <QColor>
+#include <QImage>
+#include <QRectF>
+#include <QSGNode>
+#include <QSGTexture>
+
+class QQuickWindow;
+class QSGImageNode;
+
+namespace corvane {
+
+/// A ring around a rectangle: one line inside its edge, one outside.
+struct RingStyle {
+    double inner = 0; ///< points
+    QColor innerColor;
+    double outer = 0; ///< points
+    QColor outerColor;
+
+    friend bool operator==(const RingStyle &, const RingStyle &) = default;
+};
+
+/// Draws a ring as nine parts of a small picture, so that moving it costs nothing, however large the
+/// rectangle. Render thread, as every node.
+class RingNode : public QSGNode {
+public:
+    explicit RingNode(QQuickWindow &window);
+    ~RingNode() override;
+
+    /// `rect` lies on whole device pixels.
+    void show(const QRectF &rect, double cornerRadius, const RingStyle &style, double devicePixelRatio);
+    void hide();
+
+private:
+    struct Picture {
+        QSize size; ///< device pixels
+        double cornerRadius = 0;
+        double devicePixelRatio = 1;
+        RingStyle style;
+
+        friend bool operator==(const Picture &, const Picture &) = default;
+    };
+    [[nodiscard]] static QImage paint(const Picture &picture);
+
+    QQuickWindow &m_window;
+    std::array<QSGImageNode *, 9> m_parts{}; ///< row by row; owned as child nodes, made with the first picture
+    std::unique_ptr<QSGTexture> m_texture;
+    Picture m_picture;
+};
+
+} // namespace corvane

@@ -1,0 +1,60 @@
+#include "map/ui/tile_info_pill.h"
+
+#include <algorithm>
+
+#include "core/byte_count.h"
+#include "core/store/path_text.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr QPointF pointerGap{14, 18};
+
+/// Along one axis: after the pointer, else before it, else as far in as it goes.
+double placed(double pointer, double gap, double length, double start, double end)
+{
+    if (pointer + gap + length <= end)
+        return pointer + gap;
+    if (pointer - gap - length >= start)
+        return pointer - gap - length;
+    return std::max(start, end - length);
+}
+
+} // namespace
+
+TileInfoPill::TileInfoPill(const TreemapTile &tile)
+    : title(displayText(tile.label)), size(tile.size), opens(opensInMap(tile.node.get()))
+{
+}
+
+QString TileInfoPill::info(double percent) const
+{
+    QString text = QString::fromStdString(formatByteCount(size)) + QStringLiteral(" · ") + percentText(percent);
+    if (opens)
+        text += QStringLiteral(" · click to open");
+    return text;
+}
+
+QPointF TileInfoPill::place(QPointF pointer, QSizeF panel, const QRectF &bounds)
+{
+    return {placed(pointer.x(), pointerGap.x(), panel.width(), bounds.left(), bounds.right()),
+            placed(pointer.y(), pointerGap.y(), panel.height(), bounds.top(), bounds.bottom())};
+}
+
+bool opensInMap(const FileNode *node)
+{
+    return node && node->kind != FileNode::Kind::file;
+}
+
+double percentOf(std::int64_t size, std::int64_t whole)
+{
+    return whole > 0 ? 100.0 * static_cast<double>(size) / static_cast<double>(whole) : 0;
+}
+
+QString percentText(double percent)
+{
+    return QString::asprintf("%.1f%%", percent);
+}
+
+} // namespace corvane

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "core/file_node.h"
+
+namespace corvane {
+
+/// The folders from the root of the tree down to the node, both included; empty for null.
+[[nodiscard]] std::vector<std::shared_ptr<FileNode>> pathFromRoot(std::shared_ptr<FileNode> node);
+
+/// The child of `folder` that is `node` or holds it; null where `node` does not lie inside the folder.
+[[nodiscard]] std::shared_ptr<FileNode> childTowards(const FileNode *folder, std::shared_ptr<FileNode> node);
+
+} // namespace corvane

@@ -1,0 +1,100 @@
+#include "map/ui/treemap_node.h"
+
+#include <QQuickWindow>
+#include <QSGImageNode>
+#include <QSGOpacityNode>
+
+namespace corvane {
+
+namespace {
+
+constexpr double firstOpacity = 0.4; // of the map inside, when it is as large as its tile
+
+QRectF between(const QRectF &from, const QRectF &to, double part)
+{
+    const auto mix = [part](double a, double b) { return a + (b - a) * part; };
+    return {mix(from.x(), to.x()), mix(from.y(), to.y()), mix(from.width(), to.width()),
+            mix(from.height(), to.height())};
+}
+
+void moveTo(QSGNode *node, QSGNode *parent)
+{
+    if (!node || node->parent() == parent)
+        return;
+    node->parent()->removeChildNode(node);
+    parent->appendChildNode(node);
+}
+
+QRectF wholeSource(const QSGImageNode *node)
+{
+    return {QPointF(0, 0), QSizeF(node->texture()->textureSize())};
+}
+
+} // namespace
+
+TreemapNode::TreemapNode(QQuickWindow &window) : m_window(window)
+{
+    m_back = new QSGOpacityNode;
+    m_front = new QSGOpacityNode;
+    m_hoverRing = new RingNode(window);
+    m_focusRing = new RingNode(window);
+    for (QSGNode *child : {static_cast<QSGNode *>(m_back), static_cast<QSGNode *>(m_front),
+                           static_cast<QSGNode *>(m_hoverRing), static_cast<QSGNode *>(m_focusRing)})
+        appendChildNode(child);
+}
+
+QSGImageNode *TreemapNode::addPictureTo(QSGNode &parent, const QImage &picture)
+{
+    QSGImageNode *node = m_window.createImageNode();
+    node->setOwnsTexture(true);
+    node->setTexture(m_window.createTextureFromImage(picture, QQuickWindow::TextureIsOpaque));
+    parent.appendChildNode(node);
+    return node;
+}
+
+void TreemapNode::setPicture(const QImage &picture)
+{
+    delete m_picture;
+    m_picture = addPictureTo(*m_back, picture);
+}
+
+void TreemapNode::setOtherPicture(const QImage &picture)
+{
+    delete m_other;
+    m_other = picture.isNull() ? nullptr : addPictureTo(*m_front, picture);
+}
+
+void TreemapNode::showStill(const QRectF &area)
+{
+    moveTo(m_picture, m_back);
+    m_picture->setFiltering(QSGTexture::Nearest);
+    m_picture->setSourceRect(wholeSource(m_picture));
+    m_picture->setRect(area);
+}
+
+void TreemapNode::showBetween(const QRectF &area, const QRectF &tile, double part, bool inward)
+{
+    QSGImageNode *outer = inward ? m_other : m_picture;
+    QSGImageNode *inner = inward ? m_picture : m_other;
+    moveTo(outer, m_back);
+    moveTo(inner, m_front);
+    outer->setFiltering(QSGTexture::Linear);
+    inner->setFiltering(QSGTexture::Linear);
+
+    // Only what lies inside the area is drawn, so nothing has to be clipped.
+    const QRectF seen = between(area, tile, part);
+    const QSizeF pixels(outer->texture()->textureSize());
+    const double scaleX = pixels.width() / area.width();
+    const double scaleY = pixels.height() / area.height();
+    outer->setSourceRect(QRectF(seen.x() * scaleX, seen.y() * scaleY, seen.width() * scaleX, seen.height() * scaleY));
+    outer->setRect(area);
+
+    const double zoomX = area.width() / seen.width();
+    const double zoomY = area.height() / seen.height();
+    inner->setSourceRect(wholeSource(inner));
+    inner->setRect(QRectF((tile.x() - seen.x()) * zoomX, (tile.y() - seen.y()) * zoomY, tile.width() * zoomX,
+                          tile.height() * zoomY));
+    m_front->setOpacity(firstOpacity + (1 - firstOpacity) * part);
+}
+
+} // namespace corvane

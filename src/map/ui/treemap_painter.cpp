@@ -1,0 +1,194 @@
+#include "map/ui/treemap_painter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace corvane {
+
+namespace {
+
+// All in points.
+constexpr double smallestRounded = 8;
+constexpr double smallestSmoothed = 4;
+
+constexpr double frameBand = 22;
+constexpr double frameInset = 7;
+constexpr double frameSizeGap = 26; // both insets and the gap between name and size
+
+constexpr qsizetype fewestCharacters = 8;
+
+/// Where a label stands in a tile without nested ones.
+struct LabelGeometry {
+    double left;
+    double right;
+    double top;
+    double lineHeight;
+    double smallestHeight;         ///< of a tile with a name
+    double smallestHeightWithSize; ///< of a tile with a name and a size
+};
+constexpr LabelGeometry leafLabel{7, 7, 5, 16, 24, 42};
+constexpr LabelGeometry nestedLabel{6, 5, 3, 14, 19, 34};
+
+constexpr double hatchSpacing = 6;
+constexpr double hatchStrength = 0.24;
+constexpr double checkDisc = 16;
+constexpr double checkInset = 6;
+constexpr double checkSmallestTile = 40;
+constexpr double checkStroke = 1.7;
+
+constexpr int textFlags = Qt::AlignVCenter | Qt::TextSingleLine;
+
+QPainterPath outline(const QRectF &rect, double radius)
+{
+    QPainterPath path;
+    path.addRoundedRect(rect, radius, radius);
+    return path;
+}
+
+} // namespace
+
+TreemapPainter::TreemapPainter(TileTones &tones, TileFonts fonts) : m_tones(tones), m_fonts(std::move(fonts)) {}
+
+double TreemapPainter::cornerRadius(const QRectF &rect, TileRole role)
+{
+    if (std::min(rect.width(), rect.height()) < smallestRounded)
+        return 0;
+    switch (role) {
+    case TileRole::frame:
+        return 4;
+    case TileRole::leaf:
+        return 3;
+    case TileRole::nested:
+        break;
+    }
+    return 2;
+}
+
+QRectF TreemapPainter::snapped(const QRectF &rect, double devicePixelRatio)
+{
+    const auto snap = [&](double value) { return std::round(value * devicePixelRatio) / devicePixelRatio; };
+    const double pixel = 1 / devicePixelRatio;
+    const double left = snap(rect.left());
+    const double top = snap(rect.top());
+    return {left, top, std::max(snap(rect.right()) - left, pixel), std::max(snap(rect.bottom()) - top, pixel)};
+}
+
+void TreemapPainter::paint(QPainter &painter, std::span<const TileFace> tiles)
+{
+    const double ratio = painter.device()->devicePixelRatioF();
+    for (const TileFace &tile : tiles) {
+        const QRectF rect = snapped(tile.rect, ratio);
+        paintGround(painter, tile, rect);
+        if (tile.role == TileRole::frame)
+            paintFrameLabel(painter, tile, rect);
+        else
+            paintLabel(painter, tile, rect);
+    }
+    for (const TileFace &tile : tiles) {
+        if (tile.hatched)
+            paintSelection(painter, tile, snapped(tile.rect, ratio));
+    }
+}
+
+void TreemapPainter::paintGround(QPainter &painter, const TileFace &tile, const QRectF &rect)
+{
+    const QColor color = m_tones.fill(tile.color, tile.role, tile.rank);
+    const double radius = cornerRadius(tile.rect, tile.role);
+    painter.setRenderHint(QPainter::Antialiasing,
+                          std::min(tile.rect.width(), tile.rect.height()) >= smallestSmoothed);
+    if (radius > 0) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawRoundedRect(rect, radius, radius);
+    } else {
+        painter.fillRect(rect, color);
+    }
+}
+
+void TreemapPainter::paintFrameLabel(QPainter &painter, const TileFace &tile, const QRectF &rect) const
+{
+    const QFontMetricsF nameMetrics(m_fonts.name);
+    const QFontMetricsF sizeMetrics(m_fonts.size);
+    const double nameWidth = nameMetrics.horizontalAdvance(tile.label);
+    const double sizeWidth = sizeMetrics.horizontalAdvance(tile.sizeText);
+    const QRectF band(rect.left() + frameInset, rect.top(), rect.width() - 2 * frameInset, frameBand);
+
+    const bool withSize = nameWidth + sizeWidth + frameSizeGap <= rect.width();
+    painter.setFont(m_fonts.name);
+    painter.setPen(m_tones.ink(tile.color));
+    painter.drawText(band, textFlags | Qt::AlignLeft,
+                     nameWidth <= band.width() ? tile.label
+                                               : nameMetrics.elidedText(tile.label, Qt::ElideRight, band.width()));
+    if (withSize) {
+        painter.setFont(m_fonts.size);
+        painter.setPen(m_tones.sizeInk(tile.color));
+        painter.drawText(band, textFlags | Qt::AlignRight, tile.sizeText);
+    }
+}
+
+void TreemapPainter::paintLabel(QPainter &painter, const TileFace &tile, const QRectF &rect) const
+{
+    const bool nested = tile.role == TileRole::nested;
+    const LabelGeometry &place = nested ? nestedLabel : leafLabel;
+    const double width = rect.width() - place.left - place.right;
+    if (tile.rect.height() < place.smallestHeight || width <= 0)
+        return;
+
+    const QFont &font = nested ? m_fonts.nestedName : m_fonts.name;
+    const QFontMetricsF metrics(font);
+    QString name = tile.label;
+    if (metrics.horizontalAdvance(name) > width) {
+        name = metrics.elidedText(name, Qt::ElideRight, width);
+        if (name.size() < fewestCharacters)
+            return;
+    }
+    QRectF line(rect.left() + place.left, rect.top() + place.top, width, place.lineHeight);
+    painter.setFont(font);
+    painter.setPen(m_tones.ink(tile.color));
+    painter.drawText(line, textFlags | Qt::AlignLeft, name);
+
+    if (tile.rect.height() < place.smallestHeightWithSize
+        || QFontMetricsF(m_fonts.size).horizontalAdvance(tile.sizeText) > width)
+        return;
+    line.translate(0, place.lineHeight);
+    painter.setFont(m_fonts.size);
+    painter.setPen(m_tones.sizeInk(tile.color));
+    painter.drawText(line, textFlags | Qt::AlignLeft, tile.sizeText);
+}
+
+void TreemapPainter::paintSelection(QPainter &painter, const TileFace &tile, const QRectF &rect) const
+{
+    const QColor ink = m_tones.ink(tile.color);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipPath(outline(rect, cornerRadius(tile.rect, tile.role)), Qt::IntersectClip);
+    QColor hatch = ink;
+    hatch.setAlphaF(static_cast<float>(hatchStrength));
+    painter.setPen(QPen(hatch, 1));
+    const double spacing = hatchSpacing * std::sqrt(2.0);
+    for (double offset = spacing / 2; offset < rect.width() + rect.height(); offset += spacing)
+        painter.drawLine(QPointF(rect.left() + offset, rect.top()),
+                         QPointF(rect.left() + offset - rect.height(), rect.bottom()));
+    painter.restore();
+
+    if (!tile.checked || std::min(tile.rect.width(), tile.rect.height()) < checkSmallestTile)
+        return;
+    const QRectF disc(rect.right() - checkInset - checkDisc, rect.bottom() - checkInset - checkDisc, checkDisc,
+                      checkDisc);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ink);
+    painter.drawEllipse(disc);
+    painter.setPen(QPen(m_tones.onInk(), checkStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    const QPointF check[]{disc.topLeft() + QPointF(4.8, 8.4), disc.topLeft() + QPointF(7, 10.6),
+                          disc.topLeft() + QPointF(11.2, 5.8)};
+    painter.drawPolyline(check, 3);
+}
+
+} // namespace corvane

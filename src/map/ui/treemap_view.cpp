@@ -1,0 +1,605 @@
+#include "map/ui/treemap_view.h"
+
+#include <cmath>
+#include <utility>
+
+#include <QAccessible>
+#include <QCursor>
+#include <QDrag>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QQuickWindow>
+#include <QStyleHints>
+
+#include "core/byte_count.h"
+#include "core/store/path_text.h"
+#include "map/ui/tile_info_pill.h"
+#include "map/ui/treemap_accessible.h"
+#include "map/ui/treemap_node.h"
+#include "map/ui/treemap_painter.h"
+#include "map/ui/tree_path.h"
+#include "shell/ui/file_icons.h"
+#include "shell/ui/theme.h"
+
+namespace corvane {
+
+namespace {
+
+RingStyle hoverRingStyle()
+{
+    return {2, Qt::white, 1.5, QColor(0x0a, 0x0b, 0x14, 184)}; // 72 %
+}
+
+RingStyle focusRingStyle()
+{
+    return {2, Theme::instance()->surface(), 3, Theme::instance()->focus()};
+}
+
+bool isKeyboardReason(Qt::FocusReason reason)
+{
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+}
+
+/// The tile that shows the way from the folder of the layout to one beneath it: that folder's own tile, or
+/// the deepest one on the way to it.
+int tileTowards(const TreemapLayout &layout, const FileNode *node)
+{
+    while (node) {
+        if (const int index = layout.indexOf(node); index >= 0)
+            return index;
+        node = node->parent.lock().get();
+    }
+    return -1;
+}
+
+} // namespace
+
+TreemapView::TreemapView(QQuickItem *parent) : QQuickItem(parent)
+{
+    setFlag(ItemHasContents);
+    setAcceptHoverEvents(true);
+    setAcceptedMouseButtons(Qt::LeftButton | Qt::RightButton);
+    setActiveFocusOnTab(true);
+    installTreemapAccessibility();
+
+    m_tones = TileTones(Theme::instance()->isDark());
+    connect(Theme::instance(), &Theme::changed, this, [this] {
+        m_tones = TileTones(Theme::instance()->isDark());
+        repaintPicture();
+    });
+
+    m_change.setStartValue(0.0);
+    m_change.setEndValue(1.0);
+    m_change.setEasingCurve(QEasingCurve::InOutCubic);
+    connect(&m_change, &QVariantAnimation::valueChanged, this, [this] { update(); });
+    connect(&m_change, &QVariantAnimation::finished, this, &TreemapView::stopChange);
+
+    m_pillDelay.setSingleShot(true);
+    m_pillDelay.setInterval(Theme::instance()->property("pillDelayDuration").toInt());
+    connect(&m_pillDelay, &QTimer::timeout, this, [this] {
+        m_pillShown = true;
+        emit hoverChanged();
+    });
+}
+
+TreemapView::~TreemapView() = default;
+
+void TreemapView::setStore(StorageStore *store)
+{
+    if (m_store == store)
+        return;
+    if (m_store)
+        m_store->disconnect(this);
+    m_store = store;
+    if (m_store) {
+        connect(m_store, &StorageStore::currentFolderChanged, this, &TreemapView::followFolder);
+        connect(m_store, &StorageStore::revisionChanged, this, &TreemapView::followTree);
+        connect(m_store, &StorageStore::selectionChanged, this, &TreemapView::repaintPicture);
+    }
+    emit storeChanged();
+    followFolder();
+}
+
+// --- The folder shown
+
+void TreemapView::followFolder()
+{
+    const std::shared_ptr<FileNode> folder = m_store ? m_store->currentFolder() : nullptr;
+    if (folder == m_folder)
+        return;
+    const std::shared_ptr<FileNode> previousFolder = std::exchange(m_folder, folder);
+    // Only a picture that shows the previous folder can lead over to this one.
+    const bool pictureFits = !m_layoutIsStale && !m_pictureIsStale;
+    const TreemapLayout previous = std::exchange(m_layout, TreemapLayout());
+    invalidateLayout();
+    stopChange();
+
+    const std::shared_ptr<FileNode> cameFrom = childTowards(m_folder.get(), previousFolder);
+    const int back = layout().indexOf(cameFrom.get());
+    m_focused = back >= 0 ? back : layout().first();
+    if (pictureFits)
+        startChange(previousFolder, previous);
+    clearHover();
+    if (m_pointerIsInside)
+        setPointer(m_pointer);
+}
+
+void TreemapView::followTree()
+{
+    followFolder();
+    const FileNode *focused = m_focused >= 0 && !m_layoutIsStale && m_focused < m_layout.count()
+                                  ? m_layout.tile(m_focused).node.get()
+                                  : nullptr;
+    invalidateLayout();
+    stopChange();
+    const int again = layout().indexOf(focused);
+    m_focused = again >= 0 ? again : layout().first();
+    m_hovered = -1;
+    emit hoverChanged();
+    if (m_pointerIsInside)
+        setPointer(m_pointer);
+}
+
+void TreemapView::invalidateLayout()
+{
+    m_layoutIsStale = true;
+    m_pressed = -1;
+    repaintPicture();
+}
+
+const TreemapLayout &TreemapView::layout() const
+{
+    if (m_layoutIsStale) {
+        m_layout = m_folder ? TreemapLayout(*m_folder, size()) : TreemapLayout();
+        m_layoutIsStale = false;
+        notifyTilesChanged(const_cast<TreemapView *>(this));
+    }
+    return m_layout;
+}
+
+void TreemapView::startChange(const std::shared_ptr<FileNode> &from, const TreemapLayout &previous)
+{
+    const int duration = Theme::instance()->motion(Theme::instance()->property("mapDuration").toInt());
+    if (!from || !m_folder || m_picture.isNull() || duration == 0 || !isVisible() || !window())
+        return;
+    const bool inward = childTowards(from.get(), m_folder) != nullptr;
+    if (!inward && !childTowards(m_folder.get(), from))
+        return;
+    const TreemapLayout &outer = inward ? previous : layout();
+    const int index = tileTowards(outer, inward ? m_folder.get() : from.get());
+    if (index < 0)
+        return;
+    m_changeTile = outer.rect(index);
+    m_changeIsInward = inward;
+    m_otherPicture = m_picture;
+    m_otherIsNew = true;
+    m_change.setDuration(duration);
+    m_change.start();
+}
+
+void TreemapView::stopChange()
+{
+    m_change.stop();
+    if (m_otherPicture.isNull())
+        return;
+    m_otherPicture = QImage();
+    m_otherIsNew = true;
+    if (m_pointerIsInside)
+        setPointer(m_pointer);
+    update();
+}
+
+// --- Drawing
+
+double TreemapView::devicePixelRatio() const
+{
+    return window() ? window()->effectiveDevicePixelRatio() : qGuiApp->devicePixelRatio();
+}
+
+void TreemapView::repaintPicture()
+{
+    m_pictureIsStale = true;
+    polish();
+}
+
+void TreemapView::updatePolish()
+{
+    if (!m_pictureIsStale || width() <= 0 || height() <= 0)
+        return;
+    paintPicture();
+    m_pictureIsStale = false;
+    m_pictureIsNew = true;
+    update();
+}
+
+void TreemapView::paintPicture()
+{
+    const TreemapLayout &tiles = layout();
+    std::vector<TileFace> faces;
+    faces.reserve(static_cast<std::size_t>(tiles.count()));
+    const bool anySelected = m_store && !m_store->selection().empty();
+    const bool allCovered = anySelected && m_folder && m_store->isCovered(m_folder->path());
+    bool topIsHatched = false;
+    for (int i = 0; i < tiles.count(); ++i) {
+        const TreemapTile &tile = tiles.tile(i);
+        TileFace face{.rect = tiles.rect(i),
+                      .color = tile.color,
+                      .role = tiles.role(i),
+                      .rank = tiles.rank(i),
+                      .label = displayText(tile.label),
+                      .sizeText = QString::fromStdString(formatByteCount(tile.size))};
+        face.checked = anySelected && tileIsSelected(i);
+        if (tile.depth == 0)
+            topIsHatched = face.hatched = face.checked || allCovered;
+        else
+            face.hatched = face.checked && !topIsHatched;
+        faces.push_back(std::move(face));
+    }
+
+    const double ratio = devicePixelRatio();
+    m_picture = QImage((size() * ratio).toSize().expandedTo(QSize(1, 1)), QImage::Format_ARGB32_Premultiplied);
+    m_picture.setDevicePixelRatio(ratio);
+    m_picture.fill(Theme::instance()->surface());
+    QPainter painter(&m_picture);
+    const Theme &theme = *Theme::instance();
+    TreemapPainter(m_tones, {.name = theme.secondarySemiboldFont(),
+                             .nestedName = theme.captionMediumFont(),
+                             .size = theme.captionFiguresFont()})
+        .paint(painter, faces);
+}
+
+QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
+{
+    if (m_picture.isNull()) {
+        delete old;
+        return nullptr;
+    }
+    auto *node = static_cast<TreemapNode *>(old);
+    if (!node) {
+        node = new TreemapNode(*window());
+        m_pictureIsNew = true;
+        m_otherIsNew = true;
+    }
+    if (m_otherIsNew)
+        node->setOtherPicture(m_otherPicture);
+    if (m_pictureIsNew)
+        node->setPicture(m_picture);
+    m_otherIsNew = false;
+    m_pictureIsNew = false;
+
+    // The picture's pixels fall on the screen's, wherever the item stands.
+    const double ratio = m_picture.devicePixelRatio();
+    const QPointF origin = mapToScene(QPointF(0, 0));
+    const QPointF aligned(std::round(origin.x() * ratio) / ratio, std::round(origin.y() * ratio) / ratio);
+    QMatrix4x4 shift;
+    shift.translate(static_cast<float>(aligned.x() - origin.x()), static_cast<float>(aligned.y() - origin.y()));
+    node->setMatrix(shift);
+
+    const QRectF area(QPointF(0, 0), m_picture.deviceIndependentSize());
+    const bool changing = !m_otherPicture.isNull();
+    if (changing) {
+        const double progress = m_change.currentValue().toDouble();
+        node->showBetween(area, m_changeTile, m_changeIsInward ? progress : 1 - progress, m_changeIsInward);
+    } else {
+        node->showStill(area);
+    }
+
+    const auto showRing = [&](RingNode &ring, int index, const RingStyle &style) {
+        if (changing || index < 0 || index >= m_layout.count()) {
+            ring.hide();
+            return;
+        }
+        const QRectF rect = m_layout.rect(index);
+        ring.show(TreemapPainter::snapped(rect, ratio), TreemapPainter::cornerRadius(rect, m_layout.role(index)),
+                  style, ratio);
+    };
+    showRing(node->hoverRing(), m_hovered >= 0 ? m_hovered : m_layout.tileOfRow(m_highlightedRow), hoverRingStyle());
+    showRing(node->focusRing(), showsFocus() ? m_focused : -1, focusRingStyle());
+    return node;
+}
+
+void TreemapView::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
+{
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    if (newGeometry.size() == oldGeometry.size())
+        return;
+    const bool wasEmpty = layout().count() == 0;
+    const FileNode *focused = m_focused >= 0 ? m_layout.tile(m_focused).node.get() : nullptr;
+    invalidateLayout();
+    stopChange();
+    const int again = wasEmpty ? -1 : layout().indexOf(focused);
+    m_focused = again >= 0 ? again : layout().first();
+    m_hovered = -1;
+    emit hoverChanged();
+}
+
+void TreemapView::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    QQuickItem::itemChange(change, data);
+    if (change == ItemDevicePixelRatioHasChanged || (change == ItemSceneChange && data.window)) {
+        stopChange();
+        repaintPicture();
+    }
+    if (change == ItemVisibleHasChanged && !data.boolValue) {
+        m_pointerIsInside = false;
+        clearHover();
+    }
+}
+
+// --- Pointer
+
+int TreemapView::hoveredRow() const
+{
+    return m_hovered >= 0 ? layout().row(m_hovered) : -1;
+}
+
+void TreemapView::setHighlightedRow(int row)
+{
+    if (m_highlightedRow == row)
+        return;
+    m_highlightedRow = row;
+    emit highlightedRowChanged();
+    update();
+}
+
+QString TreemapView::pillTitle() const
+{
+    return m_hovered >= 0 ? TileInfoPill(layout().tile(m_hovered)).title : QString();
+}
+
+QString TreemapView::pillInfo() const
+{
+    if (m_hovered < 0)
+        return {};
+    const TreemapTile &tile = layout().tile(m_hovered);
+    return TileInfoPill(tile).info(percentOf(tile.size, m_folder->size));
+}
+
+QString TreemapView::pillIcon() const
+{
+    if (m_hovered < 0 || !layout().tile(m_hovered).node)
+        return {};
+    return fileIconKey(*layout().tile(m_hovered).node);
+}
+
+QPointF TreemapView::pillPlace(QPointF pointer, QSizeF panel) const
+{
+    return TileInfoPill::place(pointer, panel, boundingRect());
+}
+
+void TreemapView::setPointer(QPointF position)
+{
+    m_pointerIsInside = true;
+    m_pointer = position;
+    emit pointerChanged();
+    setHovered(isChangingFolder() ? -1 : layout().at(position));
+}
+
+void TreemapView::clearHover()
+{
+    m_pillDelay.stop();
+    m_pillShown = false;
+    m_hovered = -1;
+    unsetCursor();
+    emit hoverChanged();
+    update();
+}
+
+void TreemapView::setHovered(int index)
+{
+    if (index == m_hovered)
+        return;
+    if (index < 0) {
+        clearHover();
+        return;
+    }
+    m_hovered = index;
+    if (!m_pillShown)
+        m_pillDelay.start();
+    if (tileOpens(index))
+        setCursor(Qt::PointingHandCursor);
+    else
+        unsetCursor();
+    emit hoverChanged();
+    update();
+}
+
+void TreemapView::hoverEnterEvent(QHoverEvent *event)
+{
+    setPointer(event->position());
+}
+
+void TreemapView::hoverMoveEvent(QHoverEvent *event)
+{
+    setPointer(event->position());
+}
+
+void TreemapView::hoverLeaveEvent(QHoverEvent *)
+{
+    m_pointerIsInside = false;
+    clearHover();
+}
+
+void TreemapView::mousePressEvent(QMouseEvent *event)
+{
+    m_focusVisible = false;
+    forceActiveFocus(Qt::MouseFocusReason);
+    setPointer(event->position());
+    const int index = layout().at(event->position());
+    if (event->button() == Qt::RightButton) {
+        requestMenu(index, event->position());
+        return;
+    }
+    m_pressed = index;
+    m_pressPosition = event->position();
+    if (index >= 0)
+        m_focused = layout().top(index);
+    update();
+}
+
+void TreemapView::mouseMoveEvent(QMouseEvent *event)
+{
+    setPointer(event->position());
+    const QPointF way = event->position() - m_pressPosition;
+    if (m_pressed >= 0 && way.manhattanLength() >= QGuiApplication::styleHints()->startDragDistance())
+        startDrag(std::exchange(m_pressed, -1));
+}
+
+void TreemapView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const int pressed = std::exchange(m_pressed, -1);
+    if (pressed >= 0 && layout().at(event->position()) == pressed)
+        openTile(pressed);
+}
+
+void TreemapView::mouseUngrabEvent()
+{
+    m_pressed = -1;
+}
+
+void TreemapView::startDrag(int index)
+{
+    const std::shared_ptr<FileNode> node = layout().tile(index).node;
+    if (!node)
+        return;
+    auto *drag = new QDrag(this);
+    drag->setMimeData(makeMimeData(*node));
+    clearHover();
+    drag->exec(Qt::CopyAction);
+    ungrabMouse();
+}
+
+void TreemapView::requestMenu(int index, QPointF position)
+{
+    if (index < 0 || !layout().tile(index).node)
+        return;
+    m_menuTarget.setTarget(m_store, layout().tile(index).node);
+    emit menuRequested(position);
+}
+
+// --- Keyboard and actions
+
+bool TreemapView::moveFocus(TreemapLayout::Direction direction)
+{
+    if (m_focused < 0)
+        return false;
+    if (const int next = layout().neighbour(m_focused, direction); next >= 0)
+        focusTile(next);
+    return true;
+}
+
+void TreemapView::focusTile(int index)
+{
+    m_focused = index;
+    notifyTileFocused(this, index);
+    update();
+}
+
+void TreemapView::keyPressEvent(QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    bool done = false;
+    if (modifiers == Qt::ControlModifier && event->key() == Qt::Key_Up) {
+        done = m_store && m_store->currentFolder() != m_store->root();
+        if (done)
+            m_store->openParent();
+    } else if (modifiers == Qt::ShiftModifier && event->key() == Qt::Key_F10) {
+        done = m_focused >= 0;
+        requestMenu(m_focused, m_focused >= 0 ? layout().rect(m_focused).center() : QPointF());
+    } else if (modifiers == Qt::NoModifier) {
+        switch (event->key()) {
+        case Qt::Key_Left:
+            done = moveFocus(TreemapLayout::Direction::left);
+            break;
+        case Qt::Key_Right:
+            done = moveFocus(TreemapLayout::Direction::right);
+            break;
+        case Qt::Key_Up:
+            done = moveFocus(TreemapLayout::Direction::up);
+            break;
+        case Qt::Key_Down:
+            done = moveFocus(TreemapLayout::Direction::down);
+            break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            done = m_focused >= 0;
+            openTile(m_focused);
+            break;
+        case Qt::Key_Space:
+            done = m_focused >= 0;
+            toggleTile(m_focused);
+            break;
+        case Qt::Key_Escape:
+            done = m_store && m_store->currentFolder() != m_store->root();
+            if (done)
+                m_store->openParent();
+            break;
+        case Qt::Key_Menu:
+            done = m_focused >= 0;
+            requestMenu(m_focused, m_focused >= 0 ? layout().rect(m_focused).center() : QPointF());
+            break;
+        default:
+            break;
+        }
+    }
+    if (!done) {
+        event->ignore();
+        return;
+    }
+    m_focusVisible = true;
+    update();
+}
+
+void TreemapView::focusInEvent(QFocusEvent *event)
+{
+    QQuickItem::focusInEvent(event);
+    if (isKeyboardReason(event->reason()))
+        m_focusVisible = true;
+    else if (event->reason() == Qt::MouseFocusReason)
+        m_focusVisible = false;
+    if (m_focused < 0)
+        m_focused = layout().first();
+    if (m_focused >= 0)
+        notifyTileFocused(this, m_focused);
+    update();
+}
+
+void TreemapView::focusOutEvent(QFocusEvent *event)
+{
+    QQuickItem::focusOutEvent(event);
+    update();
+}
+
+QString TreemapView::tileName(int index) const
+{
+    const TreemapTile &tile = layout().tile(index);
+    return displayText(tile.label) + QStringLiteral(", ") + QString::fromStdString(formatByteCount(tile.size))
+           + QStringLiteral(", ") + percentText(percentOf(tile.size, m_folder->size));
+}
+
+bool TreemapView::tileOpens(int index) const
+{
+    return opensInMap(layout().tile(index).node.get());
+}
+
+bool TreemapView::tileIsSelected(int index) const
+{
+    const FileNode *node = layout().tile(index).node.get();
+    return node && m_store && m_store->isSelected(node->path());
+}
+
+void TreemapView::openTile(int index)
+{
+    if (index >= 0 && m_store && tileOpens(index))
+        m_store->open(layout().tile(index).node);
+}
+
+void TreemapView::toggleTile(int index)
+{
+    if (index >= 0 && m_store && layout().tile(index).node)
+        toggleSelected(*m_store, *layout().tile(index).node);
+}
+
+} // namespace corvane

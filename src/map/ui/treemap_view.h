@@ -1,0 +1,146 @@
+#pragma once
+
+#include <memory>
+
+#include <QImage>
+#include <QPointer>
+#include <QQuickItem>
+#include <QTimer>
+#include <QVariantAnimation>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "map/ui/node_actions.h"
+#include "map/ui/tile_tones.h"
+#include "map/ui/treemap_layout.h"
+
+namespace corvane {
+
+/// The map of the folder shown. Draws it into one picture that is redrawn only when the folder, the size,
+/// the tree, the selection or the theme changes; what follows the pointer and the keyboard lies above it.
+/// Main thread, as every item.
+class TreemapView : public QQuickItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    /// The row of the folder's list that the tile under the pointer belongs to, or -1.
+    Q_PROPERTY(int hoveredRow READ hoveredRow NOTIFY hoverChanged)
+    /// The row of the list under the pointer, or -1: its tile gets the ring.
+    Q_PROPERTY(int highlightedRow READ highlightedRow WRITE setHighlightedRow NOTIFY highlightedRowChanged)
+    Q_PROPERTY(bool pillShown READ isPillShown NOTIFY hoverChanged)
+    Q_PROPERTY(QString pillTitle READ pillTitle NOTIFY hoverChanged)
+    Q_PROPERTY(QString pillInfo READ pillInfo NOTIFY hoverChanged)
+    /// The icon's key; empty for what stands for several files.
+    Q_PROPERTY(QString pillIcon READ pillIcon NOTIFY hoverChanged)
+    Q_PROPERTY(QPointF pointer READ pointer NOTIFY pointerChanged)
+    Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
+
+public:
+    explicit TreemapView(QQuickItem *parent = nullptr);
+    ~TreemapView() override;
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] int hoveredRow() const;
+    [[nodiscard]] int highlightedRow() const { return m_highlightedRow; }
+    void setHighlightedRow(int row);
+    [[nodiscard]] bool isPillShown() const { return m_pillShown; }
+    [[nodiscard]] QString pillTitle() const;
+    [[nodiscard]] QString pillInfo() const;
+    [[nodiscard]] QString pillIcon() const;
+    [[nodiscard]] QPointF pointer() const { return m_pointer; }
+    [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
+
+    /// Where a panel of this size stands beside the pointer.
+    Q_INVOKABLE [[nodiscard]] QPointF pillPlace(QPointF pointer, QSizeF panel) const;
+
+    // --- The tiles, for whoever reads the map instead of looking at it.
+    [[nodiscard]] const TreemapLayout &layout() const;
+    [[nodiscard]] int hoveredTile() const { return m_hovered; }
+    [[nodiscard]] int focusedTile() const { return m_focused; }
+    [[nodiscard]] bool showsFocus() const { return m_focusVisible && hasActiveFocus(); }
+    /// "Movies, 156.82 GB, 24.4%"
+    [[nodiscard]] QString tileName(int index) const;
+    [[nodiscard]] bool tileOpens(int index) const;
+    [[nodiscard]] bool tileIsSelected(int index) const;
+    void openTile(int index);
+    void toggleTile(int index);
+    void focusTile(int index);
+
+    /// The picture of the map as it stands; null before there is one. For tests.
+    [[nodiscard]] const QImage &picture() const { return m_picture; }
+    [[nodiscard]] bool isChangingFolder() const { return m_change.state() == QAbstractAnimation::Running; }
+
+signals:
+    void storeChanged();
+    void hoverChanged();
+    void highlightedRowChanged();
+    void pointerChanged();
+    /// A context menu for `menuTarget` is wanted at a point of the map.
+    void menuRequested(QPointF position);
+
+protected:
+    QSGNode *updatePaintNode(QSGNode *old, UpdatePaintNodeData *) override;
+    void updatePolish() override;
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
+    void hoverEnterEvent(QHoverEvent *event) override;
+    void hoverMoveEvent(QHoverEvent *event) override;
+    void hoverLeaveEvent(QHoverEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseUngrabEvent() override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    void followFolder();
+    void followTree();
+    void invalidateLayout();
+    void repaintPicture();
+    void paintPicture();
+    void startChange(const std::shared_ptr<FileNode> &from, const TreemapLayout &previous);
+    void stopChange();
+
+    void setPointer(QPointF position);
+    void clearHover();
+    void setHovered(int index);
+    void requestMenu(int index, QPointF position);
+    void startDrag(int index);
+    [[nodiscard]] bool moveFocus(TreemapLayout::Direction direction);
+    [[nodiscard]] double devicePixelRatio() const;
+
+    QPointer<StorageStore> m_store;
+    std::shared_ptr<FileNode> m_folder;
+    mutable TreemapLayout m_layout;
+    mutable bool m_layoutIsStale = true;
+    TileTones m_tones{false};
+    QImage m_picture;
+    bool m_pictureIsStale = true;
+    bool m_pictureIsNew = false; ///< not handed to the screen yet
+
+    // A change of folder.
+    QVariantAnimation m_change;
+    QImage m_otherPicture;
+    bool m_otherIsNew = false;
+    QRectF m_changeTile;
+    bool m_changeIsInward = true;
+
+    int m_hovered = -1;
+    int m_highlightedRow = -1;
+    QPointF m_pointer;
+    bool m_pointerIsInside = false;
+    bool m_pillShown = false;
+    QTimer m_pillDelay;
+
+    int m_pressed = -1;
+    QPointF m_pressPosition;
+    int m_focused = -1;
+    bool m_focusVisible = false;
+    NodeActions m_menuTarget;
+};
+
+} // namespace corvane
