@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <optional>
 
 #include <CLI/CLI.hpp>
@@ -18,8 +19,8 @@ namespace corvane {
 
 namespace {
 
-constexpr int allPaths = -1; ///< the parser's word for "one or more"
 constexpr int helpColumns = 26;
+constexpr const char *jsonDescription = "Print one JSON document instead of a table";
 
 /// What the parser knows of the commands; `App`s and `Option`s belong to `app`.
 struct Commands {
@@ -38,23 +39,26 @@ struct Commands {
 
     CLI::App *remove = nullptr;
     CLI::Option *removePaths = nullptr;
-    CLI::Option *permanently = nullptr;
-    CLI::Option *yes = nullptr;
 
+    // Bound as `bool`, so that "--yes=no" is refused rather than counted as given.
     bool json = false;
+    bool permanently = false;
+    bool yes = false;
 
     Commands();
 
 private:
     CLI::App *add(const std::string &name, const std::string &description, const std::string &example);
     static CLI::Option *addPath(CLI::App &command, const std::string &description);
+    static CLI::Option *addPaths(CLI::App &command, const std::string &description);
 };
 
 CLI::App *Commands::add(const std::string &name, const std::string &description, const std::string &example)
 {
     CLI::App *const command = app.add_subcommand(name, description);
+    command->group("Commands");
     command->set_help_flag("-h,--help", "Show this help");
-    command->add_flag("--json", json, "Print one JSON document instead of a table");
+    command->add_flag("--json", json, jsonDescription);
     command->footer("Example:\n  " + example);
     return command;
 }
@@ -64,12 +68,22 @@ CLI::Option *Commands::addPath(CLI::App &command, const std::string &description
     return command.add_option("PATH")->description(description)->type_name("");
 }
 
+CLI::Option *Commands::addPaths(CLI::App &command, const std::string &description)
+{
+    return addPath(command, description)->required()->expected(1, -1)->allow_extra_args();
+}
+
 Commands::Commands()
 {
-    app.get_formatter()->column_width(helpColumns);
+    const std::shared_ptr<CLI::FormatterBase> formatter = app.get_formatter();
+    formatter->column_width(helpColumns);
+    formatter->label("SUBCOMMAND", "COMMAND");
+    formatter->label("Positionals", "Arguments");
+    formatter->label("REQUIRED", "");
     app.require_subcommand(0, 1);
     app.set_help_flag("-h,--help", "Show this help");
     app.set_version_flag("-V,--version", "corvane-cli " CORVANE_VERSION, "Show the version");
+    app.add_flag("--json", json, jsonDescription);
     app.footer("\"corvane-cli COMMAND --help\" tells more of each command.\n\n"
                "Exit status: 0 done, 1 done with failures, 2 the command line is wrong or a path does not exist.");
 
@@ -85,12 +99,12 @@ Commands::Commands()
 
     isProtected = add("protected", "Tell which paths would never be removed; they need not exist.",
                       "corvane-cli protected ~/Library /opt/tool");
-    protectedPaths = addPath(*isProtected, "The paths to judge")->required()->expected(allPaths);
+    protectedPaths = addPaths(*isProtected, "The paths to judge");
 
     remove = add("remove", "Move items to the Trash, after asking.", "corvane-cli remove ~/Downloads/old.iso ~/build");
-    removePaths = addPath(*remove, "Files, folders and links; a link is removed itself")->required()->expected(allPaths);
-    permanently = remove->add_flag("--permanently")->description("Delete for good instead of moving to the Trash");
-    yes = remove->add_flag("-y,--yes")->description("Do not ask; needed where there is no terminal");
+    removePaths = addPaths(*remove, "Files, folders and links; a link is removed itself");
+    remove->add_flag("--permanently", permanently, "Delete for good instead of moving to the Trash");
+    remove->add_flag("-y,--yes", yes, "Do not ask; needed where there is no terminal");
 }
 
 std::vector<std::string> valuesOf(const CLI::Option &option)
@@ -114,21 +128,30 @@ ExitStatus refuse(const std::string &reason, const CLI::App &command, Console &c
     return ExitStatus::refused;
 }
 
+/// The first option that a complaint of the parser names.
+std::string optionNamedIn(const std::string &text)
+{
+    const std::size_t start = std::min(text.find("--"), text.size());
+    return text.substr(start, text.find_first_of(":= ", start) - start);
+}
+
 /// The parser's complaint in one sentence of ours.
 std::string reasonOf(const CLI::ParseError &error, const CLI::App &app, bool hasCommand)
 {
     const std::vector<std::string> extras = app.remaining(true);
     if (dynamic_cast<const CLI::ExtrasError *>(&error) != nullptr && !extras.empty()) {
-        const std::string extra = unshielded(extras.front());
-        if (extras.front().starts_with('-'))
-            return fmt::format("unknown option \"{}\"", extra);
-        return fmt::format("{} \"{}\"", hasCommand ? "unexpected argument" : "unknown command", extra);
+        const std::string &extra = extras.front();
+        if (extra.starts_with('-'))
+            return fmt::format("unknown option \"{}\"", extra.substr(0, extra.find('=')));
+        return fmt::format("{} \"{}\"", hasCommand ? "unexpected argument" : "unknown command", unshielded(extra));
     }
     const std::string text = error.what();
     if (dynamic_cast<const CLI::RequiredError *>(&error) != nullptr)
         return "a PATH is needed";
-    if (dynamic_cast<const CLI::ArgumentMismatch *>(&error) != nullptr && text.starts_with("--"))
-        return fmt::format("{} needs a value", text.substr(0, text.find_first_of(": ")));
+    if (dynamic_cast<const CLI::ArgumentMismatch *>(&error) != nullptr)
+        return fmt::format("{} needs a value", optionNamedIn(text));
+    if (dynamic_cast<const CLI::ConversionError *>(&error) != nullptr)
+        return fmt::format("{} takes no value", optionNamedIn(text));
     return text.substr(0, text.find('\n'));
 }
 
@@ -158,8 +181,8 @@ ExitStatus runCommand(const Commands &commands, Console &console)
     }
     if (commands.remove->parsed()) {
         const RemoveCommand command{.paths = valuesOf(*commands.removePaths),
-                                    .permanently = commands.permanently->count() > 0,
-                                    .yes = commands.yes->count() > 0,
+                                    .permanently = commands.permanently,
+                                    .yes = commands.yes,
                                     .json = commands.json};
         return command.run(console, systemHost());
     }

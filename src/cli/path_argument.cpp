@@ -38,7 +38,7 @@ std::string missing(const std::string &path, FileSystem &files)
     std::string ancestor(containingFolder(path));
     while (ancestor != "/" && !files.exists(ancestor))
         ancestor.resize(containingFolder(ancestor).size());
-    return fmt::format("{} does not exist; {} does", path, ancestor);
+    return fmt::format("{} does not exist; the nearest folder that does is {}", path, ancestor);
 }
 
 std::string failed(const std::string &path, const Error &error, FileSystem &files)

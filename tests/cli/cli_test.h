@@ -1,0 +1,73 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "cli/program.h"
+#include "support/temporary_folder.h"
+
+namespace corvane {
+
+/// The program over a temporary folder that also holds its home and its Trash.
+class CliTest : public testing::Test {
+protected:
+    CliTest()
+    {
+        m_folder.makeFolder("home");
+        m_folder.makeFolder("data");
+    }
+
+    [[nodiscard]] Program program(std::vector<std::string> arguments) const
+    {
+        Program result(std::move(arguments));
+        result.with("HOME", m_folder / "home").with("XDG_DATA_HOME", m_folder / "data").in(m_folder.path());
+        return result;
+    }
+
+    [[nodiscard]] ProgramResult run(std::vector<std::string> arguments) const
+    {
+        return program(std::move(arguments)).run();
+    }
+
+    /// Runs with `--json` and gives the document; the test fails where there is none.
+    [[nodiscard]] nlohmann::json document(std::vector<std::string> arguments, int exitStatus = 0) const
+    {
+        arguments.emplace_back("--json");
+        return parsed(program(std::move(arguments)).run(), exitStatus);
+    }
+
+    [[nodiscard]] static nlohmann::json parsed(const ProgramResult &result, int exitStatus = 0)
+    {
+        EXPECT_EQ(result.exitStatus, exitStatus) << result.errors;
+        nlohmann::json json = nlohmann::json::parse(result.out, nullptr, false);
+        EXPECT_FALSE(json.is_discarded()) << result.out;
+        return json;
+    }
+
+    /// Lets the user that `asOrdinaryUser` runs the program as into the folder and own what is in it.
+    void openToOrdinaryUser() const
+    {
+        if (geteuid() == 0)
+            giveAway(m_folder.path());
+    }
+
+    TemporaryFolder m_folder;
+
+private:
+    static void giveAway(const std::filesystem::path &path)
+    {
+        EXPECT_EQ(lchown(path.c_str(), nobody, nobody), 0);
+        if (std::filesystem::is_symlink(path) || !std::filesystem::is_directory(path))
+            return;
+        for (const auto &entry : std::filesystem::directory_iterator(path))
+            giveAway(entry.path());
+    }
+};
+
+} // namespace corvane
