@@ -1,0 +1,330 @@
+#include "platform/linux/probe_home.h"
+
+#include <cerrno>
+#include <fstream>
+#include <sstream>
+
+#include <glib.h>
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+namespace corvane {
+namespace {
+
+using ::testing::Contains;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+#define REQUIRE_SANDBOX()                                                                                              \
+    if (!ProbeHome::canSandbox())                                                                                      \
+    GTEST_SKIP() << "bwrap cannot make a sandbox here"
+
+std::string contents(const std::string &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+std::string linkTarget(const std::string &path)
+{
+    std::string target(4096, '\0');
+    const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+    target.resize(length < 0 ? 0 : static_cast<std::size_t>(length));
+    return target;
+}
+
+/// The bytes of the path that a Trash record names.
+std::string originalPath(const std::string &record)
+{
+    std::istringstream lines(contents(record));
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("Path=")) {
+            char *const path = g_uri_unescape_string(line.c_str() + 5, nullptr);
+            const std::string result = path != nullptr ? path : "";
+            g_free(path);
+            return result;
+        }
+    }
+    return {};
+}
+
+std::string startOfFailure(int code)
+{
+    return std::to_string(code) + " ";
+}
+
+TEST(LinuxTrash, ItemLiesInTheTrashWithARecordOfWhereItCameFrom)
+{
+    const ProbeHome home;
+    const std::string path = home.folder.writeText("home/Documents/letter.txt", "Dear");
+    EXPECT_EQ(home.ask("trash", path), "done");
+    EXPECT_FALSE(home.folder.has("home/Documents/letter.txt"));
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/files/letter.txt"), "Dear");
+    EXPECT_EQ(originalPath(home.folder / "home/data/Trash/info/letter.txt.trashinfo"), path);
+}
+
+TEST(LinuxTrash, FolderGoesWithEverythingInIt)
+{
+    const ProbeHome home;
+    home.folder.writeText("home/project/src/main.c", "int");
+    home.folder.link("home/project/link", "src");
+    EXPECT_EQ(home.ask("trash", home.folder / "home/project"), "done");
+    EXPECT_FALSE(home.folder.has("home/project"));
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/files/project/src/main.c"), "int");
+    EXPECT_EQ(linkTarget(home.folder / "home/data/Trash/files/project/link"), "src");
+}
+
+TEST(LinuxTrash, LinkIsTrashedItselfAndItsTargetStays)
+{
+    const ProbeHome home;
+    const std::string target = home.folder.writeText("home/photos/a.jpg", "picture");
+    const std::string link = home.folder.link("home/shortcut", home.folder / "home/photos");
+    EXPECT_EQ(home.ask("trash", link), "done");
+    EXPECT_FALSE(home.folder.has("home/shortcut"));
+    EXPECT_EQ(linkTarget(home.folder / "home/data/Trash/files/shortcut"), home.folder / "home/photos");
+    EXPECT_EQ(contents(target), "picture");
+}
+
+TEST(LinuxTrash, LinkWithASlashBehindItIsStillTheLink)
+{
+    const ProbeHome home;
+    home.folder.writeText("home/photos/a.jpg", "picture");
+    const std::string link = home.folder.link("home/shortcut", "photos");
+    EXPECT_EQ(home.ask("trash", link + "/"), "done");
+    EXPECT_EQ(linkTarget(home.folder / "home/data/Trash/files/shortcut"), "photos");
+    EXPECT_TRUE(home.folder.has("home/photos/a.jpg"));
+}
+
+TEST(LinuxTrash, DanglingLinkIsTrashed)
+{
+    const ProbeHome home;
+    EXPECT_EQ(home.ask("trash", home.folder.link("home/dangling", "/nowhere/at/all")), "done");
+    EXPECT_FALSE(home.folder.has("home/dangling"));
+    EXPECT_EQ(linkTarget(home.folder / "home/data/Trash/files/dangling"), "/nowhere/at/all");
+}
+
+class LinuxTrashNames : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(LinuxTrashNames, AreKeptByteForByte)
+{
+    const ProbeHome home;
+    const std::string path = home.folder.writeText("home/" + GetParam(), "kept");
+    EXPECT_EQ(home.ask("trash", path), "done");
+    EXPECT_FALSE(home.folder.has("home/" + GetParam()));
+    EXPECT_EQ(contents(home.folder / ("home/data/Trash/files/" + GetParam())), "kept");
+    EXPECT_EQ(originalPath(home.folder / ("home/data/Trash/info/" + GetParam() + ".trashinfo")), path);
+}
+
+INSTANTIATE_TEST_SUITE_P(Odd, LinuxTrashNames,
+                         ::testing::Values("not utf-8 \xff\xfe", "two\nlines", "100%20 %", "-rf", "#?&;*", " ",
+                                           "\xf0\x9f\x93\xa6 \xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d"));
+
+TEST(LinuxTrash, ItemsOfTheSameNameAreAllKept)
+{
+    const ProbeHome home;
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/a/note", "first")), "done");
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/b/note", "second")), "done");
+    std::vector<std::string> kept;
+    for (const auto &each : std::filesystem::directory_iterator(home.folder / "home/data/Trash/files"))
+        kept.push_back(contents(each.path()));
+    EXPECT_THAT(kept, ::testing::UnorderedElementsAre("first", "second"));
+}
+
+TEST(LinuxTrash, MissingItemFails)
+{
+    const ProbeHome home;
+    EXPECT_THAT(home.ask("trash", home.folder / "home/none"), StartsWith(startOfFailure(ENOENT)));
+}
+
+TEST(LinuxTrash, FileInTheTrashsPlaceFailsAndTheItemStays)
+{
+    const ProbeHome home;
+    home.folder.writeText("home/data", "not a folder");
+    const std::string path = home.folder.writeText("home/item", "kept");
+    const std::string answer = home.ask("trash", path);
+    EXPECT_THAT(answer, StartsWith(startOfFailure(ENOTDIR)));
+    EXPECT_THAT(answer, HasSubstr("trash"));
+    EXPECT_EQ(contents(path), "kept");
+    EXPECT_EQ(contents(home.folder / "home/data"), "not a folder");
+}
+
+TEST(LinuxTrash, NameTooLongForARecordFailsAndTheItemStays)
+{
+    const ProbeHome home;
+    const std::string path = home.folder.writeText("home/" + std::string(255, 'n'), "kept");
+    EXPECT_THAT(home.ask("trash", path), StartsWith(startOfFailure(ENAMETOOLONG)));
+    EXPECT_EQ(contents(path), "kept");
+}
+
+TEST(LinuxTrash, TrashIsNotMovedIntoItself)
+{
+    const ProbeHome home;
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/old", "kept")), "done");
+    EXPECT_NE(home.ask("trash", home.folder / "home/data/Trash"), "done");
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/files/old"), "kept");
+}
+
+TEST(LinuxTrash, TrashThatCannotBeWrittenFailsAndTheItemStays)
+{
+    REQUIRE_SANDBOX();
+    const ProbeHome home;
+    const std::string data = home.folder.makeFolder("home/data");
+    const std::string path = home.folder.writeText("home/item", "kept");
+    const std::string answer = home.runSandboxed({"--ro-bind", data, data}, "$probe trash '" + path + "'");
+    EXPECT_THAT(answer, StartsWith(startOfFailure(EROFS)));
+    EXPECT_EQ(contents(path), "kept");
+}
+
+TEST(LinuxTrash, ReadOnlyDiskFailsAndTheItemStays)
+{
+    REQUIRE_SANDBOX();
+    const ProbeHome home;
+    const std::string path = home.folder.writeText("home/item", "kept");
+    const std::string answer =
+        home.runSandboxed({"--ro-bind", home.folder / "home", home.folder / "home"}, "$probe trash '" + path + "'");
+    EXPECT_THAT(answer, StartsWith(startOfFailure(EROFS)));
+    EXPECT_EQ(contents(path), "kept");
+}
+
+TEST(LinuxTrash, FullDiskFailsAndTheItemStaysWithNothingLeftBehind)
+{
+    REQUIRE_SANDBOX();
+    const ProbeHome home;
+    // The Trash is there already and its first item fits: only the room for one more record is missing.
+    const std::string answer = home.runSandboxed({"--size", "131072", "--tmpfs", home.folder / "home"}, R"(
+        cd "$HOME"; echo first > first; echo second > second
+        $probe trash "$HOME/first"
+        dd if=/dev/zero of=filler bs=4096 2> /dev/null
+        $probe trash "$HOME/second"
+        cat second
+        ls data/Trash/files data/Trash/info
+        rm filler
+        $probe trash "$HOME/second")");
+    EXPECT_EQ(answer, "done\n" + std::to_string(ENOSPC) +
+                          " The disk is full: the Trash cannot note where the item came from.\n"
+                          "second\n"
+                          "data/Trash/files:\nfirst\n\ndata/Trash/info:\nfirst.trashinfo\n"
+                          "done");
+}
+
+TEST(LinuxTrash, DiskWithoutRoomForTheTrashFolderFailsAndTheItemStays)
+{
+    REQUIRE_SANDBOX();
+    const ProbeHome home;
+    const std::string answer = home.runSandboxed({"--size", "65536", "--tmpfs", home.folder / "home"}, R"(
+        cd "$HOME"; echo kept > item
+        dd if=/dev/zero of=filler bs=4096 2> /dev/null
+        $probe trash "$HOME/item"
+        cat item)");
+    EXPECT_THAT(answer, StartsWith(startOfFailure(ENOSPC)));
+    EXPECT_THAT(answer, EndsWith("\nkept"));
+}
+
+TEST(LinuxTrash, VolumeThatHasNoTrashFailsAndTheItemStays)
+{
+    REQUIRE_SANDBOX();
+    const ProbeHome home;
+    const std::string volume = home.folder.makeFolder("volume");
+    const std::string answer = home.runSandboxed({"--tmpfs", volume}, "cd '" + volume + R"('
+        echo kept > item
+        $probe trash "$PWD/item"
+        ls -A; cat item)");
+    EXPECT_THAT(answer, StartsWith(startOfFailure(ENOTSUP)));
+    EXPECT_THAT(answer, EndsWith("\nitem\nkept"));
+}
+
+TEST(LinuxTrash, ItemThatWouldHaveToBeCopiedToTheTrashFailsAndStays)
+{
+    REQUIRE_SANDBOX();
+    const ProbeHome home;
+    const std::string path = home.folder.writeText("home/bound/item", "kept");
+    const std::string bound = home.folder / "home/bound";
+    const std::string answer = home.runSandboxed({"--bind", bound, bound}, "$probe trash '" + path + "'");
+    EXPECT_THAT(answer, StartsWith(startOfFailure(ENOTSUP)));
+    EXPECT_EQ(contents(path), "kept");
+    EXPECT_TRUE(std::filesystem::is_empty(home.folder / "home/data/Trash/info"));
+}
+
+TEST(LinuxTrash, ServicesOfAnotherSystemFailWithASentence)
+{
+    const ProbeHome home;
+    const std::string path = home.folder.writeText("home/X.app/file", "kept");
+    const std::string answer = startOfFailure(ENOTSUP) + "There is no such service on this system.";
+    EXPECT_EQ(home.ask("recycle", home.folder / "home/X.app"), answer);
+    EXPECT_EQ(home.ask("finder", home.folder / "home/X.app"), answer);
+    EXPECT_EQ(contents(path), "kept");
+}
+
+std::vector<std::string> lines(const std::string &text)
+{
+    std::vector<std::string> result;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        result.push_back(line);
+    return result;
+}
+
+TEST(LinuxTrash, FoldersAreTheOnesInTheHomeFirst)
+{
+    const ProbeHome home;
+    const std::vector<std::string> folders = lines(home.ask("trash-folders"));
+    ASSERT_GE(folders.size(), 2U);
+    EXPECT_EQ(folders[0], home.folder / "home/.Trash");
+    EXPECT_EQ(folders[1], home.folder / "home/data/Trash");
+}
+
+class LinuxTrashOfAVolume : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!m_home.canMountDisks())
+            GTEST_SKIP() << "this user or machine cannot mount a disk image";
+    }
+
+    const ProbeHome m_home;
+    const std::string m_user = std::to_string(::getuid());
+};
+
+TEST_F(LinuxTrashOfAVolume, LiesAtItsTopAndTakesItsItems)
+{
+    EXPECT_EQ(m_home.runOnDisk(R"(
+        mkdir folder; echo kept > folder/item
+        $probe trash "$PWD/folder/item"
+        ls folder; cat .Trash-$user/files/item; grep Path .Trash-$user/info/item.trashinfo)"),
+              "done\nkept\nPath=folder/item");
+    EXPECT_FALSE(m_home.folder.has("home/data/Trash"));
+}
+
+TEST_F(LinuxTrashOfAVolume, IsNamedAmongTheTrashFoldersAndNotMade)
+{
+    const std::vector<std::string> folders = lines(m_home.runOnDisk("$probe trash-folders; ls -A"));
+    EXPECT_THAT(folders, Contains(m_home.folder / ("disk/.Trash-" + m_user)));
+    EXPECT_THAT(folders, Contains(m_home.folder / ("disk/.Trash/" + m_user)));
+    EXPECT_THAT(folders, Each(StartsWith("/")));
+}
+
+TEST_F(LinuxTrashOfAVolume, FailsOnAFullDiskAndTheItemStays)
+{
+    const std::string answer = m_home.runOnDisk(R"(
+        echo kept > item
+        dd if=/dev/zero of=filler bs=1024 2> /dev/null
+        $probe trash "$PWD/item"
+        cat item)");
+    EXPECT_THAT(answer, StartsWith(startOfFailure(ENOSPC)));
+    EXPECT_THAT(answer, EndsWith("\nkept"));
+}
+
+TEST(LinuxTrash, DataFolderIsTheUsualOneWhereNoneIsSet)
+{
+    ProbeHome home;
+    home.setVariable("XDG_DATA_HOME", {});
+    EXPECT_THAT(lines(home.ask("trash-folders")), Contains(home.folder / "home/.local/share/Trash"));
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/item", "kept")), "done");
+    EXPECT_EQ(contents(home.folder / "home/.local/share/Trash/files/item"), "kept");
+}
+
+} // namespace
+} // namespace corvane
