@@ -11,7 +11,7 @@
 namespace corvane {
 
 FileNode::FileNode(std::string_view path, Kind kind_)
-    : m_folderPath(std::make_shared<const std::string>(path)),
+    : m_folderPath(path),
       name(path == "/" ? "Macintosh HD" : lastPathComponent(path)),
       fileCount(kind_ == Kind::file ? 1 : 0),
       kind(kind_),
@@ -19,8 +19,7 @@ FileNode::FileNode(std::string_view path, Kind kind_)
 {
 }
 
-FileNode::FileNode(std::shared_ptr<const std::string> folderPath, std::string name_, Kind kind_,
-                   const std::shared_ptr<FileNode> &folder)
+FileNode::FileNode(FolderPath folderPath, std::string name_, Kind kind_, const std::shared_ptr<FileNode> &folder)
     : m_folderPath(std::move(folderPath)),
       name(std::move(name_)),
       fileCount(kind_ == Kind::file ? 1 : 0),
@@ -47,25 +46,20 @@ FileNode::~FileNode()
 
 std::string FileNode::path() const
 {
-    if (m_isRoot)
-        return *m_folderPath;
-    std::string path;
-    path.reserve(m_folderPath->size() + 1 + name.size());
-    path = *m_folderPath;
-    if (path != "/")
-        path += '/';
-    path += name;
-    return path;
+    return m_isRoot ? m_folderPath.text() : m_folderPath.textOf(name);
 }
 
 std::string FileNode::folderPath() const
 {
-    if (!m_isRoot)
-        return *m_folderPath;
-    const std::size_t slash = m_folderPath->rfind('/');
-    if (slash == std::string::npos)
-        return {};
-    return slash == 0 ? "/" : m_folderPath->substr(0, slash);
+    std::string path = m_folderPath.text();
+    if (m_isRoot)
+        path.resize(containingFolder(path).size());
+    return path;
+}
+
+FolderPath FileNode::pathForChildren() const
+{
+    return m_isRoot ? m_folderPath : FolderPath(m_folderPath, name);
 }
 
 std::string FileNode::parentPath() const
@@ -90,27 +84,18 @@ std::string_view FileNode::kindLabel() const
 
 bool FileNode::hasPath(std::string_view path) const
 {
-    if (m_isRoot)
-        return path == *m_folderPath;
-    if (!path.ends_with(name))
-        return false;
-    path.remove_suffix(name.size());
-    if (*m_folderPath == "/")
-        return path == "/";
-    return path.size() == m_folderPath->size() + 1 && path.back() == '/' && path.starts_with(*m_folderPath);
+    return m_isRoot ? m_folderPath.is(path) : m_folderPath.isFolderOf(name, path);
 }
 
 std::uint64_t FileNode::pathHash() const
 {
-    const std::uint64_t folder = hashPath(*m_folderPath);
-    if (m_isRoot)
-        return folder;
-    return hashPath(name, *m_folderPath == "/" ? folder : hashPath("/", folder));
+    return m_isRoot ? m_folderPath.hash() : m_folderPath.hashOf(name);
 }
 
 std::string_view FileNode::extension() const
 {
-    return pathExtension(m_isRoot ? lastPathComponent(*m_folderPath) : std::string_view(name));
+    // The root of the whole disk, whose name is not its last component, has none either way.
+    return pathExtension(name);
 }
 
 bool detach(FileNode &node)

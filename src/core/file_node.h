@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/folder_path.h"
 #include "platform/time.h"
 
 namespace corvane {
@@ -16,7 +17,7 @@ namespace corvane {
 /// they are the same object.
 ///
 /// A home folder has hundreds of thousands of items, so a node does not hold its whole path: the siblings of
-/// a folder share one string for it, and `path()` is put together on demand.
+/// a folder share one record for it, and `path()` is put together on demand.
 class FileNode {
 public:
     enum class Kind : std::uint8_t { file, directory, package };
@@ -24,9 +25,8 @@ public:
     /// The root of a tree: `path` is absolute, standardized bytes.
     FileNode(std::string_view path, Kind kind);
 
-    /// An item inside `folder`, whose path is `*folderPath`.
-    FileNode(std::shared_ptr<const std::string> folderPath, std::string name, Kind kind,
-             const std::shared_ptr<FileNode> &folder);
+    /// An item inside `folder`, whose path is `folderPath`: its `pathForChildren()`, taken once for all of them.
+    FileNode(FolderPath folderPath, std::string name, Kind kind, const std::shared_ptr<FileNode> &folder);
 
     FileNode(const FileNode &) = delete;
     FileNode &operator=(const FileNode &) = delete;
@@ -40,6 +40,9 @@ public:
     /// The path of the folder that contains the item, bytes; works after the parent is gone. For the root of
     /// the whole disk "/".
     [[nodiscard]] std::string folderPath() const;
+
+    /// The folder's path for the nodes inside it to share.
+    [[nodiscard]] FolderPath pathForChildren() const;
 
     /// `folderPath()` with the user's home folder shortened to "~".
     [[nodiscard]] std::string parentPath() const;
@@ -61,7 +64,7 @@ public:
 
 private:
     // The path of the containing folder; for the root, the root's own whole path.
-    std::shared_ptr<const std::string> m_folderPath;
+    FolderPath m_folderPath;
 
 public:
     const std::string name;           ///< bytes to show: the last path component; "/" is "Macintosh HD"
@@ -80,22 +83,15 @@ private:
     const bool m_isRoot;
 };
 
-/// A 64-bit hash of a path that can be continued: hashPath("/a/b") == hashPath("/b", hashPath("/a")).
-inline constexpr std::uint64_t pathHashSeed = 0xcbf29ce484222325;
-[[nodiscard]] constexpr std::uint64_t hashPath(std::string_view bytes, std::uint64_t start = pathHashSeed)
-{
-    for (const char c : bytes)
-        start = (start ^ static_cast<unsigned char>(c)) * 0x100000001b3;
-    return start;
-}
-
 /// Takes a node out of the tree: its parent's `children` lose it, every ancestor's `size` and `fileCount`
-/// lose its size and count, and it is marked `removed`. Does nothing and answers false when the node or an
-/// ancestor is marked already, or when it is the root. The only change that an installed tree ever sees.
+/// lose its size and count and find their new place among their siblings, and it is marked `removed`. Does nothing
+/// and answers false when the node or an ancestor is marked already, or when it is the root. The only change that
+/// an installed tree ever sees. Where nobody else holds the node, it is gone afterwards.
 bool detach(FileNode &node);
 
-/// Whether every folder's figures are the sums of its own small files and its children, and every child's
-/// parent is its folder. For tests and debug builds; walks the whole tree.
+/// Whether every folder's size is the sum of its own small files and its children, it counts at least their files
+/// (a folder of empty files has no node), and every child's parent is its folder. For tests and debug builds;
+/// walks the whole tree.
 [[nodiscard]] bool verify(const FileNode &root);
 
 } // namespace corvane

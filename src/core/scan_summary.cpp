@@ -21,11 +21,19 @@ struct Level {
     bool insideJunk;
 };
 
+/// A file to be listed, its size beside it: sorting a million nodes that must each be asked for theirs again and
+/// again makes the whole summary take 0.40 s instead of 0.25 s.
+struct ListedFile {
+    std::int64_t size;
+    const std::shared_ptr<FileNode> *node; // in its folder's children
+};
+
 } // namespace
 
 ScanSummary ScanSummary::make(const std::shared_ptr<FileNode> &root, FileSystem &files)
 {
     ScanSummary summary;
+    std::vector<ListedFile> listed;
     std::vector<FileNode *> nodes; // the index's room can be reserved exactly once their number is known
 
     const std::vector<std::shared_ptr<FileNode>> top{root};
@@ -46,12 +54,12 @@ ScanSummary ScanSummary::make(const std::shared_ptr<FileNode> &root, FileSystem 
         switch (node->kind) {
         case FileNode::Kind::package:
             if (!insidePackage && node->size >= smallestListedPackage)
-                summary.allFiles.push_back(node);
+                listed.push_back({node->size, &node});
             insidePackage = true;
             break;
         case FileNode::Kind::file:
             if (!insidePackage)
-                summary.allFiles.push_back(node);
+                listed.push_back({node->size, &node});
             break;
         case FileNode::Kind::directory:
             if (!insidePackage && !insideJunk) {
@@ -66,7 +74,10 @@ ScanSummary ScanSummary::make(const std::shared_ptr<FileNode> &root, FileSystem 
             levels.push_back({&node->children, 0, insidePackage, insideJunk});
     }
 
-    std::ranges::stable_sort(summary.allFiles, std::ranges::greater{}, [](const auto &node) { return node->size; });
+    std::ranges::stable_sort(listed, std::ranges::greater{}, &ListedFile::size);
+    summary.allFiles.reserve(listed.size());
+    for (const ListedFile &file : listed)
+        summary.allFiles.push_back(*file.node);
     std::ranges::stable_sort(summary.devJunk, std::ranges::greater{}, [](const auto &item) { return item.node->size; });
     summary.index.reserve(nodes.size());
     for (FileNode *node : nodes)

@@ -37,7 +37,7 @@ struct Subfolder {
 /// `path`, which the threads that walk the subfolders read.
 struct Visit {
     std::shared_ptr<FileNode> node;
-    std::shared_ptr<const std::string> path; // for the nodes inside to share; null as long as there are none
+    FolderPath path; // for the nodes inside to share; none as long as there are none
     std::vector<Subfolder> subfolders;
     std::vector<std::shared_ptr<FileNode>> folders; // those that stay
     std::vector<std::shared_ptr<FileNode>> files;
@@ -110,10 +110,10 @@ private:
         m_visit.files.push_back(std::move(node));
     }
 
-    const std::shared_ptr<const std::string> &nodePath()
+    const FolderPath &nodePath()
     {
         if (!m_visit.path)
-            m_visit.path = std::make_shared<const std::string>(m_path);
+            m_visit.path = m_visit.node->pathForChildren();
         return m_visit.path;
     }
 

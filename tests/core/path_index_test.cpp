@@ -109,7 +109,7 @@ TEST(PathIndex, MovedFromIndexIsEmptyAndUsable)
 TEST(PathIndex, AgreesWithAPlainListThroughManyChanges)
 {
     const NodePtr root = makeRoot("/home/u");
-    const auto folder = std::make_shared<const std::string>("/home/u");
+    const FolderPath folder("/home/u");
     std::vector<NodePtr> nodes;
     for (int i = 0; i < 5000; ++i)
         nodes.push_back(std::make_shared<FileNode>(folder, std::to_string(i), FileNode::Kind::file, root));
@@ -135,7 +135,7 @@ TEST(PathIndex, AgreesWithAPlainListThroughManyChanges)
 TEST(PathIndex, ReservedRoomHoldsAsManyNodes)
 {
     const NodePtr root = makeRoot("/home/u");
-    const auto folder = std::make_shared<const std::string>("/home/u");
+    const FolderPath folder("/home/u");
     for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{3}, std::size_t{1000}}) {
         std::vector<NodePtr> nodes;
         PathIndex index;
@@ -152,17 +152,17 @@ TEST(PathIndex, ReservedRoomHoldsAsManyNodes)
 
 TEST(PathIndex, ErasesASubtreeOfAHundredThousandLevels)
 {
-    const auto shared = std::make_shared<const std::string>("/deep");
     const NodePtr root = makeRoot("/deep");
     PathIndex index;
     index.insert(*root);
     NodePtr folder = root;
     for (int level = 0; level < 100'000; ++level) {
-        auto child = std::make_shared<FileNode>(shared, std::to_string(level), FileNode::Kind::directory, folder);
+        auto child = std::make_shared<FileNode>(folder->pathForChildren(), "d", FileNode::Kind::directory, folder);
         index.insert(*child);
         folder->children.push_back(child);
         folder = std::move(child);
     }
+    EXPECT_EQ(index.find(folder->path()), folder.get());
     ASSERT_EQ(index.size(), 100'001u);
     index.eraseSubtree(*root->children.front());
     EXPECT_EQ(index.size(), 1u);

@@ -222,20 +222,20 @@ TEST(ScanSummary, DiskIsAskedForBuildFoldersAlone)
 TEST(ScanSummary, TreeOfAHundredThousandLevelsIsSummarised)
 {
     FakeFileSystem files;
-    const auto shared = std::make_shared<const std::string>("/deep");
     const NodePtr root = makeRoot("/deep");
     NodePtr folder = root;
     for (int level = 0; level < 100'000; ++level) {
-        auto child = std::make_shared<FileNode>(shared, std::to_string(level), FileNode::Kind::directory, folder);
+        auto child = std::make_shared<FileNode>(folder->pathForChildren(), "d", FileNode::Kind::directory, folder);
         folder->children.push_back(child);
         folder = std::move(child);
     }
-    auto file = std::make_shared<FileNode>(shared, "a.mp4", FileNode::Kind::file, folder);
+    auto file = std::make_shared<FileNode>(folder->pathForChildren(), "a.mp4", FileNode::Kind::file, folder);
     file->size = 5'000'000;
     folder->children.push_back(file);
 
     const ScanSummary summary = ScanSummary::make(root, files);
     EXPECT_EQ(summary.index.size(), 100'002u);
+    EXPECT_EQ(summary.index.find(file->path()), file.get());
     EXPECT_EQ(summary.allFiles, std::vector{file});
     EXPECT_EQ(ScanSummary::types(*root), (std::vector<TypeSlice>{{FileType::video, 5'000'000}}));
 }

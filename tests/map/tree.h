@@ -32,8 +32,7 @@ inline void account(const NodePtr &folder, std::int64_t size, std::int64_t files
 inline NodePtr add(const NodePtr &folder, std::string name, FileNode::Kind kind, std::int64_t size,
                    std::int64_t files)
 {
-    auto path = std::make_shared<const std::string>(folder->path());
-    auto node = std::make_shared<FileNode>(std::move(path), std::move(name), kind, folder);
+    auto node = std::make_shared<FileNode>(folder->pathForChildren(), std::move(name), kind, folder);
     folder->children.push_back(node);
     node->size = size;
     node->fileCount = files;

@@ -354,12 +354,12 @@ NodePtr makeLargestMap()
 {
     const NodePtr root = makeRoot();
     for (int i = 0; i < 70; ++i) {
-        const NodePtr folder = std::make_shared<FileNode>(std::make_shared<const std::string>(root->path()),
+        const NodePtr folder = std::make_shared<FileNode>(root->pathForChildren(),
                                                           "folder" + std::to_string(i),
                                                           FileNode::Kind::directory, root);
         root->children.push_back(folder);
         for (int j = 0; j < 60; ++j) {
-            const NodePtr file = std::make_shared<FileNode>(std::make_shared<const std::string>(folder->path()),
+            const NodePtr file = std::make_shared<FileNode>(folder->pathForChildren(),
                                                             "file" + std::to_string(j), FileNode::Kind::file, folder);
             folder->children.push_back(file);
             file->size = 1'000'000;
