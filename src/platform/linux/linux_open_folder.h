@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "platform/file_system.h"
-#include "platform/linux/file_descriptor.h"
+#include "platform/file_descriptor.h"
 
 namespace corvane {
 

@@ -7,7 +7,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
-#include "platform/linux/file_descriptor.h"
+#include "platform/file_descriptor.h"
 #include "platform/linux/gio_error.h"
 #include "platform/linux/glib_pointer.h"
 

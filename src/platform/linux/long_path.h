@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/error.h"
-#include "platform/linux/file_descriptor.h"
+#include "platform/file_descriptor.h"
 
 namespace corvane {
 

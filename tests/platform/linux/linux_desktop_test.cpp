@@ -16,7 +16,7 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 
-#include "platform/linux/file_descriptor.h"
+#include "platform/file_descriptor.h"
 #include "platform/linux/probe_home.h"
 
 namespace corvane {
