@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/fake_host.h"
+#include "support/temporary_folder.h"
 
 namespace corvane {
 namespace {
@@ -340,6 +341,28 @@ TEST(PathGuard, HomeBehindALinkBeneathAProtectedFolderIsStillTheUsers)
     EXPECT_TRUE(locations.isProtected("/home/u", fake.files));
     EXPECT_TRUE(locations.isProtected("/home/u/Library/Mail", fake.files));
     EXPECT_TRUE(locations.isProtected("/home/v", fake.files)) << "someone else's home, beneath /var";
+}
+
+TEST(PathGuard, FollowsTheLinksOfARealDisk)
+{
+    const TemporaryFolder disk;
+    disk.makeFolder("real/me/Library/Mail");
+    disk.writeText("real/me/a", "x");
+    disk.link("home", "real");
+    disk.link("home/me/usr", "/usr");
+    disk.link("home/me/up", "Library");
+    FileSystem &files = systemHost().files;
+    const ProtectedLocations locations(disk / "home/me", {}, files.realPath(disk / "home/me").value_or(""));
+
+    EXPECT_TRUE(locations.isProtected(disk / "home/me/usr/lib", files));
+    EXPECT_TRUE(locations.isProtected(disk / "home/me/up/Mail", files));
+    EXPECT_TRUE(locations.isProtected(disk / "home/me/usr/", files));
+    EXPECT_TRUE(locations.isProtected(disk / "home/me/usr/../etc", files));
+    EXPECT_TRUE(locations.isProtected(disk / "real/me", files));
+    EXPECT_TRUE(locations.isProtected(disk / "real", files));
+    EXPECT_FALSE(locations.isProtected(disk / "home/me/usr", files));
+    EXPECT_FALSE(locations.isProtected(disk / "home/me/a", files));
+    EXPECT_FALSE(locations.isProtected(disk / "real/me/a", files));
 }
 
 TEST(PathGuard, KnowsTheUserOfThisSystem)

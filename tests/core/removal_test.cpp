@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/fake_host.h"
+#include "support/temporary_folder.h"
 
 namespace corvane {
 namespace {
@@ -375,6 +376,29 @@ TEST_F(RemovalOf, OneItemThatFailsDoesNotStopTheOthers)
     EXPECT_EQ(outcome.removed, (Entries{{"/Users/me/a", 1}, {"/Users/me/d", 4}}));
     EXPECT_EQ(outcome.failures,
               (Lines{"b: Permission denied", "c: No such file or directory", "usr: protected location"}));
+}
+
+TEST_F(RemovalOf, ItemsOnARealDiskLeavesWhatTheirLinksLeadTo)
+{
+    const TemporaryFolder disk;
+    disk.writeText("keep/thesis.txt", "x");
+    disk.writeText("home/x/deep/a", "x");
+    disk.link("home/x/deep/link", disk / "keep");
+    disk.link("home/link", disk / "keep");
+    disk.writeText("home/Documents/a", "x");
+    const ProtectedLocations ofDisk(disk / "home", {});
+    const Host host{systemHost().files, fake.trash, fake.volumes, fake.desktop};
+    const Selection entries{
+        {disk / "home/x", 5}, {disk / "home/link", 0}, {disk / "home/Documents", 7}, {disk / "home/missing", 9}};
+
+    const RemovalOutcome outcome = Removal::perform(Removal::plan(entries, true, ofDisk, {}), ofDisk, host);
+    EXPECT_EQ(outcome.removed, (Entries{{disk / "home/link", 0}, {disk / "home/x", 5}}));
+    EXPECT_EQ(outcome.failures, (Lines{"Documents: protected location", "missing: No such file or directory"}));
+    EXPECT_FALSE(disk.has("home/x"));
+    EXPECT_FALSE(disk.has("home/link"));
+    EXPECT_TRUE(disk.has("keep/thesis.txt"));
+    EXPECT_TRUE(disk.has("home/Documents/a"));
+    EXPECT_TRUE(deeds().empty()) << "the Trash has no part in it";
 }
 
 TEST(RemovalMessage, OfOneItemIsInTheSingular)
