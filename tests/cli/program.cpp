@@ -14,6 +14,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+extern char **environ;
+
 namespace corvane {
 
 namespace {
@@ -147,14 +149,15 @@ void Program::become() const
     for (const auto &[name, value] : m_environment)
         settings.push_back(name + "=" + value);
     const std::vector<char *> arguments = pointers(line);
-    const std::vector<char *> environment = pointers(settings);
+    std::vector<char *> environment = pointers(settings);
 
     std::signal(SIGPIPE, SIG_DFL);
     if (!m_folder.empty() && chdir(m_folder.c_str()) != 0)
         _exit(cannotStart);
     if (m_asOrdinaryUser && (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0))
         _exit(cannotStart);
-    execve(arguments.front(), arguments.data(), environment.data());
+    environ = environment.data();
+    execvp(arguments.front(), arguments.data());
     _exit(cannotStart);
 }
 

@@ -1,0 +1,43 @@
+# Completion of corvane-cli for bash.
+
+_corvane_cli() {
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}
+    local command='' word onlyPaths=''
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        if [[ $word == -- ]]; then
+            onlyPaths=1
+        elif [[ -z $command && $word != -* ]]; then
+            command=$word
+        fi
+    done
+
+    COMPREPLY=()
+    if [[ -z $command ]]; then
+        mapfile -t COMPREPLY < <(compgen -W 'scan map protected remove --json --help -h --version -V ' -- "$current")
+        return
+    fi
+
+    local options='--json --help -h '
+    case $command in
+    map) options+='--size --svg ' ;;
+    remove) options+='--permanently --yes -y ' ;;
+    esac
+
+    if [[ -z $onlyPaths && $command == map && $previous == --size ]]; then
+        mapfile -t COMPREPLY < <(compgen -W '900x600 1600x1000 1920x1080' -- "$current")
+        return
+    fi
+    if [[ -z $onlyPaths && $current == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
+        return
+    fi
+
+    compopt -o filenames
+    local kind=-f
+    if [[ $command == scan || ($command == map && $previous != --svg) ]]; then
+        kind=-d
+    fi
+    mapfile -t COMPREPLY < <(compgen "$kind" -- "$current")
+}
+
+complete -F _corvane_cli corvane-cli

@@ -1,0 +1,25 @@
+# Completion of corvane-cli for fish.
+
+set -l commands scan map protected remove
+set -l none "not __fish_seen_subcommand_from $commands"
+
+complete -c corvane-cli -f
+complete -c corvane-cli -s h -l help -d 'Show help'
+complete -c corvane-cli -l json -d 'Print one JSON document instead of a table'
+complete -c corvane-cli -n $none -s V -l version -d 'Show the version'
+
+complete -c corvane-cli -n $none -a scan -d 'Show where the space of a folder went'
+complete -c corvane-cli -n $none -a map -d 'Lay a folder out as a treemap'
+complete -c corvane-cli -n $none -a protected -d 'Tell which paths would never be removed'
+complete -c corvane-cli -n $none -a remove -d 'Move items to the Trash, after asking'
+
+complete -c corvane-cli -n '__fish_seen_subcommand_from scan map' -a '(__fish_complete_directories)'
+complete -c corvane-cli -n '__fish_seen_subcommand_from protected remove' -F
+
+complete -c corvane-cli -n '__fish_seen_subcommand_from map' -l size -x -a '900x600 1600x1000 1920x1080' \
+    -d 'The size of the map in points'
+complete -c corvane-cli -n '__fish_seen_subcommand_from map' -l svg -r -F -d 'Write the map as a picture'
+
+complete -c corvane-cli -n '__fish_seen_subcommand_from remove' -l permanently \
+    -d 'Delete for good instead of moving to the Trash'
+complete -c corvane-cli -n '__fish_seen_subcommand_from remove' -s y -l yes -d 'Do not ask'

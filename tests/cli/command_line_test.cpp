@@ -1,0 +1,188 @@
+#include <algorithm>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "cli/cli_test.h"
+#include "cli/shielded_arguments.h"
+
+namespace corvane {
+
+namespace {
+
+const std::vector<std::string> commands{"scan", "map", "protected", "remove"};
+
+std::string textOf(const std::string &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file.good()) << path;
+    std::stringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+/// The names of the options that a help text lists, with their dashes.
+std::set<std::string> optionsIn(const std::string &help)
+{
+    const std::regex option("(^|[\\s,])(--?[a-zA-Z][a-zA-Z-]*)");
+    std::set<std::string> options;
+    const std::size_t start = help.find("Options:");
+    const std::string list = help.substr(start, help.find("\n\n", start) - start);
+    for (std::sregex_iterator it(list.begin(), list.end(), option), end; it != end; ++it)
+        options.insert((*it)[2]);
+    return options;
+}
+
+class CommandLineTest : public CliTest {};
+
+TEST_F(CommandLineTest, HelpNamesEveryCommandAndLeavesNothingOut)
+{
+    for (const char *const option : {"--help", "-h"}) {
+        const ProgramResult result = run({option});
+        EXPECT_EQ(result.exitStatus, 0);
+        EXPECT_EQ(result.errors, "");
+        for (const std::string &command : commands)
+            EXPECT_NE(result.out.find("\n  " + command + " "), std::string::npos) << result.out;
+        const auto listed = static_cast<std::size_t>(std::ranges::count(result.out.substr(result.out.find("Commands:")), '\n'));
+        EXPECT_GE(listed, commands.size());
+    }
+}
+
+TEST_F(CommandLineTest, EveryCommandHasHelpWithAnExample)
+{
+    for (const std::string &command : commands) {
+        const ProgramResult result = run({command, "--help"});
+        EXPECT_EQ(result.exitStatus, 0);
+        EXPECT_NE(result.out.find("Usage: corvane-cli " + command), std::string::npos) << result.out;
+        EXPECT_NE(result.out.find("Example:\n  corvane-cli " + command), std::string::npos) << result.out;
+        EXPECT_NE(result.out.find("--json"), std::string::npos);
+    }
+}
+
+TEST_F(CommandLineTest, VersionIsOneLine)
+{
+    for (const char *const option : {"--version", "-V"}) {
+        const ProgramResult result = run({option});
+        EXPECT_EQ(result.exitStatus, 0);
+        EXPECT_TRUE(std::regex_match(result.out, std::regex("corvane-cli [0-9]+\\.[0-9]+\\.[0-9]+\n"))) << result.out;
+    }
+}
+
+TEST_F(CommandLineTest, WhatIsWrongIsOneLineWithAHint)
+{
+    struct Case {
+        std::vector<std::string> arguments;
+        std::string complaint;
+    };
+    const std::string general = "; see \"corvane-cli --help\"\n";
+    const std::string ofScan = "; see \"corvane-cli scan --help\"\n";
+    for (const Case &wrong :
+         {Case{{}, "no command given" + general}, Case{{"--json"}, "no command given" + general},
+          Case{{"scn"}, "unknown command \"scn\"" + general}, Case{{""}, "unknown command \"\"" + general},
+          Case{{"breakdown"}, "unknown command \"breakdown\"" + general},
+          Case{{"--bogus"}, "unknown option \"--bogus\"" + general},
+          Case{{"scan", "--bogus"}, "unknown option \"--bogus\"" + ofScan},
+          Case{{"scan", "--bogus=\x1b[31m"}, "unknown option \"--bogus\"" + ofScan},
+          Case{{"scan", "-x"}, "unknown option \"-x\"" + ofScan},
+          Case{{"scan", "--svg", "x"}, "unknown option \"--svg\"" + ofScan},
+          Case{{"scan", "a", "b\x1b"}, "unexpected argument \"b␛\"" + ofScan},
+          Case{{"scan", "--json=yes"}, "--json takes no value" + ofScan},
+          Case{{"map"}, "a PATH is needed; see \"corvane-cli map --help\"\n"},
+          Case{{"map", "/", "--size"}, "--size needs a value; see \"corvane-cli map --help\"\n"},
+          Case{{"protected", "--json"}, "a PATH is needed; see \"corvane-cli protected --help\"\n"},
+          Case{{"remove", "--yes"}, "a PATH is needed; see \"corvane-cli remove --help\"\n"}}) {
+        const ProgramResult result = run(wrong.arguments);
+        EXPECT_EQ(result.exitStatus, 2) << wrong.complaint;
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.errors, "corvane-cli: " + wrong.complaint);
+    }
+}
+
+TEST_F(CommandLineTest, JsonMayStandBeforeTheCommand)
+{
+    EXPECT_EQ(parsed(run({"--json", "protected", "/"}))[0]["protected"], true);
+}
+
+TEST_F(CommandLineTest, ALaterValueReplacesAnEarlierOne)
+{
+    EXPECT_EQ(run({"map", "home", "--size", "1x1", "--size", "20x20"}).exitStatus, 0);
+}
+
+TEST_F(CommandLineTest, ManyPathsAreTaken)
+{
+    std::vector<std::string> arguments{"protected", "--json"};
+    for (int i = 0; i < 5'000; ++i)
+        arguments.push_back("/tmp/" + std::to_string(i));
+
+    EXPECT_EQ(parsed(run(arguments)).size(), 5'000u);
+}
+
+TEST_F(CommandLineTest, EveryOptionIsInTheManualAndTheCompletions)
+{
+    std::set<std::string> options = optionsIn(run({"--help"}).out);
+    for (const std::string &command : commands)
+        options.merge(optionsIn(run({command, "--help"}).out));
+    ASSERT_TRUE(options.contains("--permanently"));
+    ASSERT_TRUE(options.contains("-y"));
+
+    const std::string packaging = CORVANE_PACKAGING_FOLDER;
+    const std::string bash = textOf(packaging + "/completions/corvane-cli.bash");
+    const std::string zsh = textOf(packaging + "/completions/_corvane-cli");
+    const std::string fish = textOf(packaging + "/completions/corvane-cli.fish");
+    const std::string manual = textOf(packaging + "/man/corvane-cli.1");
+    for (const std::string &option : options) {
+        const std::string letters = option.substr(option.find_first_not_of('-'));
+        EXPECT_TRUE(std::regex_search(bash, std::regex("[ '\"]" + option + "[ '\"]"))) << option;
+        EXPECT_TRUE(std::regex_search(zsh, std::regex("[ ',{]" + option + "[ ',}=\\[]"))) << option;
+        EXPECT_TRUE(std::regex_search(fish, std::regex((letters.size() == 1 ? " -s " : " -l ") + letters + "\\b"))) << option;
+        const std::string inManual = letters.size() == 1 ? "Fl " + letters : "Fl Fl " + letters;
+        EXPECT_TRUE(std::regex_search(manual, std::regex(inManual + "\\b"))) << option;
+    }
+    for (const std::string &command : commands) {
+        for (const std::string &text : {bash, zsh, fish, manual})
+            EXPECT_NE(text.find(command), std::string::npos) << command;
+    }
+}
+
+TEST_F(CommandLineTest, TheCompletionsNameNoOptionThatDoesNotExist)
+{
+    std::set<std::string> options = optionsIn(run({"--help"}).out);
+    for (const std::string &command : commands)
+        options.merge(optionsIn(run({command, "--help"}).out));
+
+    const std::string packaging = CORVANE_PACKAGING_FOLDER;
+    const std::regex longOption("(^|[ '\",{])(--[a-z][a-z-]*)");
+    for (const char *const name : {"corvane-cli.bash", "_corvane-cli"}) {
+        const std::string text = textOf(packaging + "/completions/" + name);
+        for (std::sregex_iterator it(text.begin(), text.end(), longOption), end; it != end; ++it)
+            EXPECT_TRUE(options.contains((*it)[2])) << name << " " << (*it)[2];
+    }
+    const std::string fish = textOf(packaging + "/completions/corvane-cli.fish");
+    const std::regex fishOption("complete [^\n]* -l ([a-z-]+)");
+    for (std::sregex_iterator it(fish.begin(), fish.end(), fishOption), end; it != end; ++it)
+        EXPECT_TRUE(options.contains("--" + (*it)[1].str())) << (*it)[1];
+}
+
+TEST(ShieldedArguments, MarkEverythingButTheCommandAndOptions)
+{
+    EXPECT_EQ(shieldedArguments({"--json", "map", "[a]", "--size", "1x1", "--svg=x", "-"}),
+              (std::vector<std::string>{"--json", "map", ":[a]", "--size", ":1x1", "--svg=:x", ":-"}));
+}
+
+TEST(ShieldedArguments, NothingBehindTwoDashesIsAnOption)
+{
+    EXPECT_EQ(shieldedArguments({"remove", "--yes", "--", "--yes", "--", ""}),
+              (std::vector<std::string>{"remove", "--yes", ":--yes", ":--", ":"}));
+}
+
+TEST(ShieldedArguments, ComeBackAsTheyWere)
+{
+    for (const char *const argument : {"", "x", ":x", "::", "[a,b]"})
+        EXPECT_EQ(unshielded(shieldedArguments({"remove", "--", argument})[1]), argument);
+}
+
+} // namespace
+
+} // namespace corvane

@@ -1,0 +1,120 @@
+#include "cli/json_writer.h"
+
+#include <array>
+#include <functional>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <unistd.h>
+
+namespace corvane {
+
+namespace {
+
+std::string written(const std::function<void(JsonWriter &)> &write)
+{
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe(ends.data()), 0);
+    {
+        Output out(ends[1]);
+        JsonWriter json(out);
+        write(json);
+        out.flush();
+    }
+    close(ends[1]);
+    std::string text(60'000, '\0'); // less than a pipe holds
+    const ssize_t count = read(ends[0], text.data(), text.size());
+    close(ends[0]);
+    text.resize(static_cast<std::size_t>(count));
+    return text;
+}
+
+TEST(JsonWriter, PutsCommasBetweenAndNowhereElse)
+{
+    EXPECT_EQ(written([](JsonWriter &json) {
+                  json.beginObject();
+                  json.key("a");
+                  json.beginArray();
+                  json.value(std::int64_t{1});
+                  json.null();
+                  json.value(true);
+                  json.beginObject();
+                  json.endObject();
+                  json.beginArray();
+                  json.endArray();
+                  json.endArray();
+                  json.key("b");
+                  json.text("x");
+                  json.endObject();
+                  json.finish();
+              }),
+              "{\"a\":[1,null,true,{},[]],\"b\":\"x\"}\n");
+}
+
+TEST(JsonWriter, NumbersKeepTheirValue)
+{
+    const std::string text = written([](JsonWriter &json) {
+        json.beginArray();
+        json.value(std::int64_t{9'223'372'036'854'775'807});
+        json.value(std::int64_t{-5});
+        json.value(0.1);
+        json.value(1.5e-9);
+        json.value(597.0);
+        json.endArray();
+    });
+    const nlohmann::json numbers = nlohmann::json::parse(text);
+    EXPECT_EQ(numbers[0], 9'223'372'036'854'775'807);
+    EXPECT_EQ(numbers[1], -5);
+    EXPECT_EQ(numbers[2], 0.1);
+    EXPECT_EQ(numbers[3], 1.5e-9);
+    EXPECT_EQ(numbers[4], 597.0);
+}
+
+TEST(JsonWriter, AnUnknownTimeIsNull)
+{
+    EXPECT_EQ(written([](JsonWriter &json) {
+                  json.beginArray();
+                  json.value(distantPast);
+                  json.value(Time{std::chrono::seconds{1'500'000'000}});
+                  json.value(Time{std::chrono::seconds{-1}});
+                  json.endArray();
+              }),
+              "[null,1500000000,-1]");
+}
+
+TEST(JsonWriter, EveryValidTextComesBack)
+{
+    std::string all;
+    for (char c = 1; c < 127; ++c)
+        all += c;
+    for (const std::string &text : {all, std::string("a\0b", 3), std::string("\x7F\u0080\u2028\U0001F389 \\\"/")}) {
+        const std::string document = written([&](JsonWriter &json) { json.text(text); });
+        EXPECT_EQ(nlohmann::json::parse(document), text);
+    }
+}
+
+TEST(JsonWriter, BytesThatAreNoTextAreAlsoGivenInHexadecimal)
+{
+    EXPECT_EQ(written([](JsonWriter &json) {
+                  json.beginObject();
+                  json.bytes("path", "/a\xFF");
+                  json.bytes("name", "plain");
+                  json.endObject();
+              }),
+              "{\"path\":\"/a\xEF\xBF\xBD\",\"pathHex\":\"2f61ff\",\"name\":\"plain\"}");
+}
+
+TEST(Output, KeepsTheFailureAndStopsWriting)
+{
+    Output out(-1);
+    out.write("x");
+    EXPECT_FALSE(out.isClosed());
+    out.flush();
+    EXPECT_TRUE(out.isClosed());
+    EXPECT_EQ(out.error(), std::errc::bad_file_descriptor);
+}
+
+} // namespace
+
+} // namespace corvane

@@ -1,0 +1,82 @@
+#include <string>
+
+#include "cli/cli_test.h"
+
+namespace corvane {
+
+namespace {
+
+using nlohmann::json;
+
+class ProtectedCommandTest : public CliTest {};
+
+TEST_F(ProtectedCommandTest, JsonAnswersEachPathInOrder)
+{
+    m_folder.makeFolder("tree");
+
+    EXPECT_EQ(document({"protected", "/usr/lib", m_folder / "tree", "/"}),
+              (json{{{"path", "/usr/lib"}, {"protected", true}},
+                    {{"path", m_folder / "tree"}, {"protected", false}},
+                    {{"path", "/"}, {"protected", true}}}));
+}
+
+TEST_F(ProtectedCommandTest, LinesStartWithTheVerdict)
+{
+    const ProgramResult result = run({"protected", "/usr", "tree"});
+
+    EXPECT_EQ(result.exitStatus, 0);
+    EXPECT_EQ(result.out, "protected  /usr\nremovable  " + m_folder / "tree" + "\n");
+}
+
+TEST_F(ProtectedCommandTest, PathsNeedNotExist)
+{
+    EXPECT_EQ(document({"protected", m_folder / "home/Library/Keychains/x"})[0]["protected"], true);
+    EXPECT_EQ(document({"protected", m_folder / "home/nothing/here"})[0]["protected"], false);
+}
+
+TEST_F(ProtectedCommandTest, ATildeIsTheHomeFolder)
+{
+    EXPECT_EQ(document({"protected", "~", "~/Library/x/y", "~/.ssh"}),
+              (json{{{"path", m_folder / "home"}, {"protected", true}},
+                    {{"path", m_folder / "home/Library/x/y"}, {"protected", false}},
+                    {{"path", m_folder / "home/.ssh"}, {"protected", true}}}));
+    EXPECT_EQ(document({"protected", "./~"})[0]["path"], m_folder / "~");
+}
+
+TEST_F(ProtectedCommandTest, WhatLiesBehindALinkIsJudgedByWhereItLies)
+{
+    m_folder.link("system", "/usr");
+    m_folder.makeFolder("home/.ssh/inner");
+    m_folder.link("keys", m_folder / "home/.ssh");
+
+    EXPECT_EQ(document({"protected", "system/lib"})[0]["protected"], true);
+    EXPECT_EQ(document({"protected", "keys/inner"})[0]["protected"], true);
+    EXPECT_EQ(document({"protected", "keys/inner/../.."})[0]["protected"], true); // the home folder
+    // A link is an item of its own.
+    EXPECT_EQ(document({"protected", "system", "keys"})[0]["protected"], false);
+}
+
+TEST_F(ProtectedCommandTest, APathThatIsNotUtf8CarriesItsBytes)
+{
+    const json verdict = document({"protected", "/tmp/caf\xE9"})[0];
+
+    EXPECT_EQ(verdict["path"], "/tmp/caf\xEF\xBF\xBD");
+    EXPECT_EQ(verdict["pathHex"], "2f746d702f636166e9");
+}
+
+TEST_F(ProtectedCommandTest, LinesHoldNoControlCharacters)
+{
+    EXPECT_EQ(run({"protected", "/tmp/a\x1b[31m\nb"}).out, "removable  /tmp/a␛[31m␊b\n");
+}
+
+TEST_F(ProtectedCommandTest, AnEmptyPathIsRefused)
+{
+    const ProgramResult result = run({"protected", "/usr", ""});
+
+    EXPECT_EQ(result.exitStatus, 2);
+    EXPECT_EQ(result.out, "");
+}
+
+} // namespace
+
+} // namespace corvane

@@ -1,0 +1,151 @@
+#include "cli/scan_watch.h"
+
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include "cli/console.h"
+#include "cli/folder_scan.h"
+#include "platform/fake_file_system.h"
+
+namespace corvane {
+
+namespace {
+
+bool becomesCancelled(const ScanProgress &progress)
+{
+    for (int i = 0; i < 10'000 && !progress.isCancelled(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return progress.isCancelled();
+}
+
+bool defaultHandles(int signal)
+{
+    struct sigaction action{};
+    sigaction(signal, nullptr, &action);
+    return action.sa_handler == SIG_DFL;
+}
+
+/// A folder with one file and one folder in it, which is just such a folder, and so on without end. The hundredth
+/// raises a signal when it is listed.
+class EndlessFolder final : public OpenFolder {
+public:
+    explicit EndlessFolder(std::uint64_t depth) : m_depth(depth) {}
+
+    Expected<void> list(const EntrySink &sink) override
+    {
+        if (m_depth == 100)
+            std::raise(SIGINT);
+        if (m_depth > 100)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        sink({.name = "file", .type = EntryType::file, .allocated = 1'000'000});
+        sink({.name = "folder", .type = EntryType::directory});
+        return {};
+    }
+    Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &) override
+    {
+        return std::make_unique<EndlessFolder>(m_depth + 1);
+    }
+    Expected<std::unique_ptr<OpenFolder>> openParent() override { return std::make_unique<EndlessFolder>(m_depth - 1); }
+    bool contains(const std::string &) override { return false; }
+    FolderIdentity identity() const override { return {1, m_depth}; }
+    Time modified() const override { return distantPast; }
+
+private:
+    const std::uint64_t m_depth;
+};
+
+class EndlessFileSystem final : public FileSystem {
+public:
+    Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &) override
+    {
+        return std::make_unique<EndlessFolder>(1);
+    }
+    Expected<ItemFacts> facts(const std::string &) override { return ItemFacts{.type = EntryType::directory}; }
+    bool exists(const std::string &) override { return false; }
+    bool canOpen(const std::string &) override { return false; }
+    Expected<std::string> realPath(const std::string &path) override { return path; }
+    bool isPackageExtension(std::string_view) override { return false; }
+    Expected<void> removeItem(const std::string &path) override
+    {
+        return tl::unexpected(Error{"remove", path, std::make_error_code(std::errc::operation_not_permitted), {}});
+    }
+    std::string homeFolder() override { return "/home"; }
+};
+
+TEST(ScanWatch, InterruptAndTerminateStopTheScan)
+{
+    for (const int signal : {SIGINT, SIGTERM}) {
+        ScanProgress progress;
+        const ScanWatch watch(progress, ScanWatch::Display::hidden);
+        EXPECT_FALSE(progress.isCancelled());
+        std::raise(signal);
+        EXPECT_TRUE(becomesCancelled(progress));
+    }
+}
+
+TEST(ScanWatch, TheSecondSignalEndsTheProgram)
+{
+    ScanProgress progress;
+    const ScanWatch watch(progress, ScanWatch::Display::hidden);
+    std::raise(SIGINT);
+    EXPECT_TRUE(becomesCancelled(progress));
+    EXPECT_TRUE(defaultHandles(SIGINT));
+}
+
+TEST(ScanWatch, AfterwardsSignalsDoWhatTheyAlwaysDo)
+{
+    {
+        ScanProgress progress;
+        const ScanWatch watch(progress, ScanWatch::Display::hidden);
+        EXPECT_FALSE(defaultHandles(SIGINT));
+    }
+    EXPECT_TRUE(defaultHandles(SIGINT));
+    EXPECT_TRUE(defaultHandles(SIGTERM));
+}
+
+TEST(FolderScan, ACtrlCGivesThePartThatWasScanned)
+{
+    const Console console;
+    EndlessFileSystem files;
+
+    const FolderScan scan = FolderScan::run("/endless", FolderScan::Extent::treeAndSummary, console, files);
+
+    EXPECT_TRUE(scan.isCancelled);
+    EXPECT_GE(scan.root->fileCount, 100);
+    EXPECT_EQ(scan.root->size, scan.root->fileCount * 1'000'000);
+    EXPECT_TRUE(verify(*scan.root));
+    EXPECT_EQ(static_cast<std::int64_t>(scan.summary->allFiles.size()), scan.root->fileCount);
+}
+
+TEST(FolderScan, AScanThatIsLeftAloneIsWhole)
+{
+    const Console console;
+    FakeFileSystem files;
+    files.addFile("/tree/film.mov", 2'000'000);
+
+    const FolderScan scan = FolderScan::run("/tree", FolderScan::Extent::tree, console, files);
+
+    EXPECT_FALSE(scan.isCancelled);
+    EXPECT_EQ(scan.unreadableReason, "");
+    EXPECT_EQ(scan.root->size, 2'000'000);
+    EXPECT_FALSE(scan.summary.has_value());
+}
+
+TEST(FolderScan, AFolderThatCannotBeListedTellsWhy)
+{
+    const Console console;
+    FakeFileSystem files;
+    files.addFile("/tree/film.mov", 2'000'000);
+    files.failOpening("/tree");
+
+    const FolderScan scan = FolderScan::run("/tree", FolderScan::Extent::tree, console, files);
+
+    EXPECT_EQ(scan.unreadableReason, "Permission denied");
+}
+
+} // namespace
+
+} // namespace corvane
