@@ -15,6 +15,7 @@ Image {
     property string weight
     property color color: Theme.t1
     property int size: Theme.iconSize
+    readonly property int pixels: Math.round(size * Screen.devicePixelRatio)
 
     width: size
     height: size
@@ -27,7 +28,7 @@ Image {
             return "image://symbol/" + icon.symbol + "/" + (icon.weight || "rest") + "/" + tint;
         return icon.name === "" ? "" : "image://icon/" + icon.name + "/" + (icon.weight || "regular") + "/" + tint;
     }
-    sourceSize.width: Math.round(size * Screen.devicePixelRatio)
-    sourceSize.height: sourceSize.width
+    sourceSize.width: pixels
+    sourceSize.height: pixels
     Accessible.ignored: true
 }

@@ -2,9 +2,13 @@
 
 #include <QGuiApplication>
 #include <QQmlEngine>
+#include <QQuickWindow>
 
+#include "shell/ui/app_icon.h"
+#include "shell/ui/file_icons.h"
 #include "shell/ui/fonts.h"
 #include "shell/ui/icon_provider.h"
+#include "shell/ui/shadow_provider.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -13,9 +17,15 @@ void setUpShell(QQmlEngine &engine)
 {
     registerFonts();
     QGuiApplication::setFont(Theme::instance()->bodyFont());
+    QGuiApplication::setWindowIcon(appIcon());
+    // Small text is sharpest where the system's own rasteriser draws it.
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine.addImageProvider(QStringLiteral("icon"), new IconProvider(IconProvider::Names::icons));
     engine.addImageProvider(QStringLiteral("symbol"), new IconProvider(IconProvider::Names::symbols));
+    engine.addImageProvider(QStringLiteral("file"), new FileIconProvider);
+    engine.addImageProvider(QStringLiteral("shadow"), new ShadowProvider);
+    engine.addImageProvider(QStringLiteral("app"), new AppIconProvider);
 }
 
 } // namespace corvane

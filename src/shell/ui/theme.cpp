@@ -10,6 +10,7 @@
 #include "core/color.h"
 #include "platform/host.h"
 #include "shell/ui/color_scheme_setting.h"
+#include "shell/ui/file_icons.h"
 #include "shell/ui/fonts.h"
 
 namespace corvane {
@@ -67,6 +68,12 @@ QColor twice(QColor color)
     const float rest = 1 - color.alphaF();
     color.setAlphaF(1 - rest * rest);
     return color;
+}
+
+QColor darkened(const QColor &color, float share)
+{
+    const float kept = 1 - share;
+    return QColor::fromRgbF(color.redF() * kept, color.greenF() * kept, color.blueF() * kept, color.alphaF());
 }
 
 QColor fromColor(const Color &color)
@@ -256,8 +263,7 @@ QColor Theme::solidFill(const QColor &color) const
 {
     constexpr double contrast = 3.1;
     for (int step = 0; step < 50; ++step) {
-        const float kept = 1 - 0.02f * static_cast<float>(step);
-        const QColor fill = QColor::fromRgbF(color.redF() * kept, color.greenF() * kept, color.blueF() * kept);
+        const QColor fill = darkened(color, 0.02f * static_cast<float>(step));
         if (1.05 / (luminance(fill) + 0.05) >= contrast)
             return fill;
     }
@@ -466,6 +472,16 @@ QColor Theme::accentSoftPress() const
     return twice(accentSoft());
 }
 
+QColor Theme::dangerFillHover() const
+{
+    return darkened(dangerFill(), 0.08f);
+}
+
+QColor Theme::dangerFillPress() const
+{
+    return darkened(dangerFill(), 0.16f);
+}
+
 QColor Theme::checkOutline() const
 {
     return withAlpha(t3(), 0.72);
@@ -503,7 +519,7 @@ QColor Theme::toastWarning() const
 
 QColor Theme::folderIcon() const
 {
-    return QColor(0x4e, 0x9c, 0xeb);
+    return fileIconColor(FileType::folder, FileNode::Kind::directory);
 }
 
 QFont Theme::heroFont() const
@@ -559,6 +575,11 @@ QFont Theme::bodyMediumFiguresFont() const
 QFont Theme::secondaryFont() const
 {
     return font(12, QFont::Normal);
+}
+
+QFont Theme::secondaryMediumFont() const
+{
+    return font(12, QFont::Medium);
 }
 
 QFont Theme::secondarySemiboldFont() const

@@ -64,6 +64,8 @@ class Theme : public QObject {
     // Colours made of the roles.
     Q_PROPERTY(QColor fillqPress READ fillqPress NOTIFY changed)           // fillq twice
     Q_PROPERTY(QColor accentSoftPress READ accentSoftPress NOTIFY changed) // accentSoft twice
+    Q_PROPERTY(QColor dangerFillHover READ dangerFillHover NOTIFY changed)
+    Q_PROPERTY(QColor dangerFillPress READ dangerFillPress NOTIFY changed)
     Q_PROPERTY(QColor checkOutline READ checkOutline NOTIFY changed)
     Q_PROPERTY(QColor panelOutline READ panelOutline NOTIFY changed)       // around what floats
     Q_PROPERTY(QColor scrimNested READ scrimNested NOTIFY changed)         // under an alert that covers a sheet
@@ -88,6 +90,7 @@ class Theme : public QObject {
     Q_PROPERTY(QFont bodyFiguresFont READ bodyFiguresFont CONSTANT)
     Q_PROPERTY(QFont bodyMediumFiguresFont READ bodyMediumFiguresFont CONSTANT)
     Q_PROPERTY(QFont secondaryFont READ secondaryFont CONSTANT)
+    Q_PROPERTY(QFont secondaryMediumFont READ secondaryMediumFont CONSTANT)
     Q_PROPERTY(QFont secondarySemiboldFont READ secondarySemiboldFont CONSTANT)
     Q_PROPERTY(QFont secondaryFiguresFont READ secondaryFiguresFont CONSTANT)
     Q_PROPERTY(QFont captionFont READ captionFont CONSTANT)
@@ -133,6 +136,8 @@ class Theme : public QObject {
     Q_PROPERTY(int radiusNested MEMBER m_radiusNested CONSTANT)
     Q_PROPERTY(int radiusLeaf MEMBER m_radiusLeaf CONSTANT)
     Q_PROPERTY(int radiusFrame MEMBER m_radiusFrame CONSTANT)
+    Q_PROPERTY(int radiusSmallControl MEMBER m_radiusSmallControl CONSTANT)
+    Q_PROPERTY(double radiusSegment MEMBER m_radiusSegment CONSTANT)
     Q_PROPERTY(int radiusControl MEMBER m_radiusControl CONSTANT)
     Q_PROPERTY(int radiusPanel MEMBER m_radiusPanel CONSTANT)
     Q_PROPERTY(int radiusBox MEMBER m_radiusBox CONSTANT)
@@ -189,6 +194,7 @@ class Theme : public QObject {
     Q_PROPERTY(int sheetFooterHeight MEMBER m_sheetFooterHeight CONSTANT)
     Q_PROPERTY(int sheetRise MEMBER m_sheetRise CONSTANT)
     Q_PROPERTY(int menuMinimumWidth MEMBER m_menuMinimumWidth CONSTANT)
+    Q_PROPERTY(int popupMaximumHeight MEMBER m_popupMaximumHeight CONSTANT)
     Q_PROPERTY(int scrollBarWidth MEMBER m_scrollBarWidth CONSTANT)
     Q_PROPERTY(int scrollThumbWidth MEMBER m_scrollThumbWidth CONSTANT)
     Q_PROPERTY(int indeterminateHeight MEMBER m_indeterminateHeight CONSTANT)
@@ -197,6 +203,15 @@ class Theme : public QObject {
     Q_PROPERTY(int headerFileIconSize MEMBER m_headerFileIconSize CONSTANT)
     Q_PROPERTY(int pillFileIconSize MEMBER m_pillFileIconSize CONSTANT)
     Q_PROPERTY(int appIconSize MEMBER m_appIconSize CONSTANT)
+
+    // Shares of a whole.
+    Q_PROPERTY(double disabledOpacity MEMBER m_disabledOpacity CONSTANT)
+    Q_PROPERTY(double disabledPlainOpacity MEMBER m_disabledPlainOpacity CONSTANT)
+    Q_PROPERTY(double protectedOpacity MEMBER m_protectedOpacity CONSTANT)
+    Q_PROPERTY(double badgeOpacity MEMBER m_badgeOpacity CONSTANT)           // the tint behind a badge's glyph
+    Q_PROPERTY(double sizeBarMinimum MEMBER m_sizeBarMinimum CONSTANT)       // of the bar's width
+    Q_PROPERTY(double indeterminatePart MEMBER m_indeterminatePart CONSTANT) // of the bar's width
+    Q_PROPERTY(double sheetCentre MEMBER m_sheetCentre CONSTANT)             // of the window's height
 
     // Durations, in milliseconds. Movements are 0 under reduced motion: see motion().
     Q_PROPERTY(int fastDuration MEMBER m_fastDuration CONSTANT)
@@ -273,6 +288,8 @@ public:
     [[nodiscard]] QColor toast() const;
     [[nodiscard]] QColor fillqPress() const;
     [[nodiscard]] QColor accentSoftPress() const;
+    [[nodiscard]] QColor dangerFillHover() const;
+    [[nodiscard]] QColor dangerFillPress() const;
     [[nodiscard]] QColor checkOutline() const;
     [[nodiscard]] QColor panelOutline() const;
     [[nodiscard]] QColor scrimNested() const;
@@ -294,6 +311,7 @@ public:
     [[nodiscard]] QFont bodyFiguresFont() const;
     [[nodiscard]] QFont bodyMediumFiguresFont() const;
     [[nodiscard]] QFont secondaryFont() const;
+    [[nodiscard]] QFont secondaryMediumFont() const;
     [[nodiscard]] QFont secondarySemiboldFont() const;
     [[nodiscard]] QFont secondaryFiguresFont() const;
     [[nodiscard]] QFont captionFont() const;
@@ -355,6 +373,8 @@ private:
     const int m_radiusNested = 2;
     const int m_radiusLeaf = 3;
     const int m_radiusFrame = 4;
+    const int m_radiusSmallControl = 5;
+    const double m_radiusSegment = 4.5;
     const int m_radiusControl = 6;
     const int m_radiusPanel = 8;
     const int m_radiusBox = 10;
@@ -409,6 +429,7 @@ private:
     const int m_sheetFooterHeight = 60;
     const int m_sheetRise = 12;
     const int m_menuMinimumWidth = 200;
+    const int m_popupMaximumHeight = 320;
     const int m_scrollBarWidth = 11;
     const int m_scrollThumbWidth = 7;
     const int m_indeterminateHeight = 4;
@@ -417,6 +438,13 @@ private:
     const int m_headerFileIconSize = 18;
     const int m_pillFileIconSize = 22;
     const int m_appIconSize = 26;
+    const double m_disabledOpacity = 0.5;
+    const double m_disabledPlainOpacity = 0.55;
+    const double m_protectedOpacity = 0.4;
+    const double m_badgeOpacity = 0.13;
+    const double m_sizeBarMinimum = 0.015;
+    const double m_indeterminatePart = 0.28;
+    const double m_sheetCentre = 0.46;
     const int m_fastDuration = 90;
     const int m_baseDuration = 140;
     const int m_expandDuration = 180;

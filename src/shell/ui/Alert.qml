@@ -1,0 +1,38 @@
+import QtQuick
+import Corvane.Shell
+
+/// A question with two answers. Return gives the default one, Escape cancels. Where the answer cannot be undone,
+/// "Cancel" is the default.
+Sheet {
+    id: alert
+
+    property string message
+    required property string confirmText
+    property string cancelText: qsTr("Cancel")
+    /// What the answer does cannot be undone.
+    property bool destructive: false
+
+    signal confirmed
+
+    width: Theme.alertWidth
+    height: body.implicitHeight
+    onOpened: body.focusDefault()
+
+    function confirm() {
+        alert.settle();
+        alert.confirmed();
+    }
+
+    AlertBody {
+        id: body
+
+        anchors.fill: parent
+        title: alert.title
+        message: alert.message
+        confirmText: alert.confirmText
+        cancelText: alert.cancelText
+        destructive: alert.destructive
+        onConfirmed: alert.confirm()
+        onCancelled: alert.close()
+    }
+}

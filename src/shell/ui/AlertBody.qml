@@ -1,0 +1,96 @@
+import QtQuick
+import Corvane.Shell
+
+/// The inside of an alert: sign, question, explanation and the two answers.
+FocusScope {
+    id: body
+
+    required property string title
+    required property string message
+    required property string confirmText
+    required property string cancelText
+    required property bool destructive
+
+    signal confirmed
+    signal cancelled
+
+    implicitHeight: words.height + buttons.height
+    focus: true
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: title
+    Accessible.description: message
+
+    function focusDefault() {
+        (destructive ? cancelButton : confirmButton).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    Item {
+        id: words
+
+        width: parent.width
+        height: Math.max(icon.height, heading.height + Theme.space4 + text.height) + Theme.space20 + Theme.space20
+
+        Icon {
+            id: icon
+
+            x: Theme.space24
+            y: Theme.space20 + Theme.space2
+            name: body.destructive ? "warning-octagon" : "info"
+            weight: "fill"
+            color: body.destructive ? Theme.dangerFill : Theme.accentFill
+            size: Theme.alertIconSize
+        }
+        PlainText {
+            id: heading
+
+            anchors.left: icon.right
+            anchors.right: parent.right
+            anchors.leftMargin: Theme.space16
+            anchors.rightMargin: Theme.space24
+            y: icon.y
+            height: Math.max(Theme.title2Line, implicitHeight)
+            text: body.title
+            font: Theme.title2Font
+            wrapMode: Text.Wrap
+            elide: Text.ElideNone
+        }
+        PlainText {
+            id: text
+
+            anchors.left: heading.left
+            anchors.right: heading.right
+            anchors.top: heading.bottom
+            anchors.topMargin: Theme.space4
+            text: body.message
+            color: Theme.t2
+            wrapMode: Text.Wrap
+            elide: Text.ElideNone
+            lineHeightMode: Text.FixedHeight
+            lineHeight: Theme.bodyLine
+        }
+    }
+    Row {
+        id: buttons
+
+        anchors.top: words.bottom
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space20
+        height: Theme.controlHeight + Theme.space14
+        spacing: Theme.buttonGap
+
+        PushButton {
+            id: cancelButton
+
+            text: body.cancelText
+            onClicked: body.cancelled()
+        }
+        PushButton {
+            id: confirmButton
+
+            text: body.confirmText
+            danger: body.destructive
+            primary: !body.destructive
+            onClicked: body.confirmed()
+        }
+    }
+}

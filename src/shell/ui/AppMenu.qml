@@ -1,0 +1,47 @@
+import QtQuick
+import QtQuick.Templates as T
+import QtQuick.Window
+import Corvane.Shell
+
+/// A menu, opened by a button, a right click or the menu bar.
+T.Menu {
+    id: menu
+
+    readonly property real widest: {
+        let result = Theme.menuMinimumWidth - leftPadding - rightPadding;
+        for (let row = 0; row < count; ++row)
+            result = Math.max(result, itemAt(row).implicitWidth);
+        return result;
+    }
+
+    implicitWidth: widest + leftPadding + rightPadding
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    padding: Theme.menuPadding
+    margins: Theme.space6
+    overlap: Theme.hairlineWidth
+
+    delegate: AppMenuItem {}
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: menu.contentModel
+        interactive: Window.window ? contentHeight + menu.topPadding + menu.bottomPadding > Window.window.height : false
+        clip: interactive
+        currentIndex: menu.currentIndex
+    }
+    background: Panel {}
+    enter: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.fastDuration
+        }
+    }
+    exit: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.fastDuration
+        }
+    }
+}

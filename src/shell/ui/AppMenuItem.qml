@@ -1,0 +1,30 @@
+import QtQuick
+import QtQuick.Templates as T
+import Corvane.Shell
+
+/// One command of a menu.
+T.MenuItem {
+    id: item
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Theme.menuRowHeight
+    horizontalPadding: Theme.space10
+    font: Theme.bodyFont
+
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: text
+    Accessible.onPressAction: item.triggered()
+
+    contentItem: MenuRow {
+        text: item.text
+        detail: item.action ? KeyText.text(item.action.shortcut) : ""
+        markable: item.checkable
+        marked: item.checked
+        opensMenu: item.subMenu !== null
+        highlighted: item.highlighted && item.enabled
+        active: item.enabled
+    }
+    background: MenuHighlight {
+        highlighted: item.highlighted && item.enabled
+    }
+}

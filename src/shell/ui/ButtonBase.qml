@@ -1,0 +1,39 @@
+import QtQuick
+import QtQuick.Templates as T
+import Corvane.Shell
+
+/// What every button has: Space and Return press it, it says what it is, and it shows the keyboard's focus.
+T.AbstractButton {
+    id: control
+
+    /// The corner radius that the focus ring follows.
+    property real cornerRadius: Theme.radiusControl
+    /// What the focus ring surrounds.
+    property Item ringTarget: control
+    /// Whether Return does what Space does.
+    property bool returnPresses: true
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Theme.controlHeight
+    focusPolicy: Qt.StrongFocus
+    font: Theme.bodyMediumFont
+
+    Keys.onReturnPressed: event => press(event)
+    Keys.onEnterPressed: event => press(event)
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: control.clicked()
+
+    function press(event: KeyEvent) {
+        event.accepted = returnPresses;
+        if (returnPresses && !event.isAutoRepeat)
+            control.clicked();
+    }
+
+    FocusRing {
+        parent: control.ringTarget
+        around: control.cornerRadius
+        visible: control.visualFocus
+    }
+}

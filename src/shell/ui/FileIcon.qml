@@ -1,0 +1,19 @@
+import QtQuick
+import QtQuick.Window
+import Corvane.Shell
+
+/// The icon of a file or folder, by the key that C++ makes for it. The name beside it says what it is.
+Image {
+    id: icon
+
+    required property string iconKey
+    property int size: Theme.fileIconSize
+    readonly property int pixels: Math.round(size * Screen.devicePixelRatio)
+
+    width: size
+    height: size
+    source: iconKey === "" ? "" : "image://file/" + iconKey
+    sourceSize.width: pixels
+    sourceSize.height: pixels
+    Accessible.ignored: true
+}

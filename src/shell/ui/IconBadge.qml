@@ -1,0 +1,28 @@
+import QtQuick
+import Corvane.Shell
+
+/// A symbol on a tile of its own colour.
+Rectangle {
+    id: badge
+
+    property string symbol
+    property string iconName
+    property color tint: Theme.accentText
+    /// White on the full colour, darkened as far as white needs it.
+    property bool solid: false
+    property int size: solid ? Theme.solidBadgeSize : Theme.badgeSize
+
+    implicitWidth: size
+    implicitHeight: size
+    radius: size / 4
+    color: solid ? Theme.solidFill(tint) : Theme.withAlpha(tint, Theme.badgeOpacity)
+    Accessible.ignored: true
+
+    Icon {
+        anchors.centerIn: parent
+        name: badge.iconName
+        symbol: badge.symbol
+        color: badge.solid ? Theme.onFill : badge.tint
+        size: badge.size >= Theme.largeBadgeSize ? Theme.largeBadgeIconSize : Theme.badgeIconSize
+    }
+}

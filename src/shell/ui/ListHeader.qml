@@ -1,0 +1,48 @@
+import QtQuick
+import Corvane.Shell
+
+/// The header of a screen: its symbol, its title and one line about what it shows.
+HeaderBand {
+    id: header
+
+    required property string title
+    property string subtitle
+    property string symbol
+
+    IconBadge {
+        id: badge
+
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: header.symbol
+        visible: header.symbol !== ""
+    }
+    Item {
+        anchors.left: badge.visible ? badge.right : parent.left
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.leftMargin: badge.visible ? Theme.bandIconGap : 0
+        height: heading.height + detail.height
+
+        PlainText {
+            id: heading
+
+            width: parent.width
+            height: Theme.title2Line
+            text: header.title
+            font: Theme.title2Font
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+        PlainText {
+            id: detail
+
+            anchors.top: heading.bottom
+            width: parent.width
+            height: visible ? Theme.secondaryLine : 0
+            text: header.subtitle
+            font: Theme.secondaryFiguresFont
+            color: Theme.t2
+            visible: text !== ""
+        }
+    }
+}

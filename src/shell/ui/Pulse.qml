@@ -1,0 +1,20 @@
+import QtQuick
+import Corvane.Shell
+
+/// What takes the place of an endless movement under reduced motion.
+SequentialAnimation {
+    loops: Animation.Infinite
+
+    NumberAnimation {
+        from: 1
+        to: Theme.protectedOpacity
+        duration: Theme.spinnerTurnDuration
+        easing.type: Easing.InOutQuad
+    }
+    NumberAnimation {
+        from: Theme.protectedOpacity
+        to: 1
+        duration: Theme.spinnerTurnDuration
+        easing.type: Easing.InOutQuad
+    }
+}

@@ -1,0 +1,66 @@
+import QtQuick
+import Corvane.Shell
+
+/// The check box of an item. Its whole cell takes the click; what the click does is the owner's business, which
+/// listens to `toggled()` and sets `checkState`. A protected place cannot be checked and says why.
+ButtonBase {
+    id: control
+
+    /// Qt.Unchecked, Qt.PartiallyChecked or Qt.Checked.
+    required property int checkState
+    /// What is checked: the item's name.
+    required property string accessibleName
+    property bool protectedPlace: false
+    property string reason
+
+    readonly property bool marked: checkState !== Qt.Unchecked
+
+    implicitWidth: Theme.checkCellWidth
+    implicitHeight: Theme.tableRowHeight
+    cornerRadius: Theme.radiusFrame
+    ringTarget: box
+    returnPresses: false
+    onClicked: if (!protectedPlace) control.toggled()
+
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: accessibleName
+    Accessible.description: protectedPlace ? reason : ""
+    Accessible.checkable: !protectedPlace
+    Accessible.checked: checkState === Qt.Checked
+    Accessible.checkStateMixed: checkState === Qt.PartiallyChecked
+    Accessible.onToggleAction: control.clicked()
+
+    Rectangle {
+        id: box
+
+        anchors.centerIn: parent
+        width: Theme.checkBoxSize
+        height: Theme.checkBoxSize
+        radius: Theme.radiusFrame
+        opacity: control.protectedPlace || !control.enabled ? Theme.protectedOpacity : 1
+        color: control.marked ? Theme.accentFill : Theme.control
+        border.width: control.marked ? 0 : Theme.hairlineWidth
+        border.color: Theme.checkOutline
+
+        Icon {
+            anchors.centerIn: parent
+            name: control.checkState === Qt.PartiallyChecked ? "minus" : "check"
+            weight: "bold"
+            color: Theme.onFill
+            size: Theme.checkIconSize
+            opacity: control.marked ? 1 : 0
+
+            Behavior on opacity {
+                NumberAnimation {
+                    duration: Theme.baseDuration
+                    easing.type: Easing.OutCubic
+                }
+            }
+        }
+    }
+
+    Tip {
+        text: control.reason
+        visible: control.protectedPlace && control.reason !== "" && (control.hovered || control.visualFocus)
+    }
+}

@@ -1,0 +1,87 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import QtQuick.Window
+import Corvane.Shell
+
+/// A panel over the whole window that wants an answer first. Escape cancels. While it is open, Tab stays inside;
+/// afterwards the keyboard is back where it was.
+T.Popup {
+    id: sheet
+
+    /// What the sheet is about, for those who do not see it.
+    required property string title
+    /// Whether it lies over another sheet, which then keeps some light.
+    property bool nested: false
+
+    /// Closed without an answer: by Escape or by close().
+    signal cancelled
+
+    property real rise: 0
+    property Item focusBefore: null
+    property bool settled: false
+
+    parent: T.Overlay.overlay
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round(Math.max(Theme.space12, parent.height * Theme.sheetCentre - height / 2) + rise) : 0
+    implicitWidth: implicitContentWidth
+    implicitHeight: implicitContentHeight
+    modal: true
+    focus: true
+    closePolicy: T.Popup.CloseOnEscape
+
+    /// Closes the sheet because of an answer that is not cancelling.
+    function settle() {
+        settled = true;
+        sheet.close();
+    }
+
+    onAboutToShow: {
+        settled = false;
+        focusBefore = sheet.parent ? sheet.parent.Window.activeFocusItem : null;
+    }
+    onAboutToHide: if (!settled) sheet.cancelled()
+    onClosed: {
+        if (focusBefore)
+            focusBefore.forceActiveFocus(Qt.PopupFocusReason);
+        focusBefore = null;
+    }
+
+    T.Overlay.modal: Rectangle {
+        color: sheet.nested ? Theme.scrimNested : Theme.scrim
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.motion(Theme.panelDuration)
+            }
+        }
+    }
+    background: Panel {
+        elevation: 3
+        radius: Theme.radiusSheet
+    }
+    enter: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.reducedMotion ? Theme.fastDuration : Theme.panelDuration
+            easing.type: Easing.OutCubic
+        }
+        NumberAnimation {
+            property: "rise"
+            from: Theme.reducedMotion ? 0 : Theme.sheetRise
+            to: 0
+            duration: Theme.motion(Theme.panelDuration)
+            easing.type: Easing.OutCubic
+        }
+    }
+    exit: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.fastDuration
+        }
+    }
+}

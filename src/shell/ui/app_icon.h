@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QIcon>
+#include <QImage>
+#include <QQuickImageProvider>
+
+namespace corvane {
+
+/// The program's icon, `pixels` wide and high. Any thread.
+[[nodiscard]] QImage renderAppIcon(int pixels);
+
+/// The icon of the program's windows, in every size that desktops ask for.
+[[nodiscard]] QIcon appIcon();
+
+/// Gives QML image://app/icon at the source size asked for.
+class AppIconProvider : public QQuickImageProvider {
+public:
+    AppIconProvider();
+
+    QImage requestImage(const QString &id, QSize *size, const QSize &requestedSize) override;
+};
+
+} // namespace corvane

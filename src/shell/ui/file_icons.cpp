@@ -1,0 +1,51 @@
+#include "shell/ui/file_icons.h"
+
+#include "shell/ui/icon_cache.h"
+#include "shell/ui/system_file_icon.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr QByteArray::Base64Options keyEncoding = QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals;
+
+} // namespace
+
+// A path is bytes, not text, and goes through an address: hence its encoding.
+QString fileIconKey(const std::string &path, FileNode::Kind kind)
+{
+    const std::string standing = iconPath(path, kind);
+    return QString::number(static_cast<int>(kind)) + u'/'
+         + QString::fromLatin1(QByteArray::fromStdString(standing).toBase64(keyEncoding));
+}
+
+QString fileIconKey(const FileNode &node)
+{
+    return fileIconKey(node.path(), node.kind);
+}
+
+QColor fileIconColor(FileType type, FileNode::Kind kind)
+{
+    if (kind == FileNode::Kind::directory)
+        return QColor(0x4e, 0x9c, 0xeb);
+    const Color color = type.color();
+    const auto part = [](double value) { return qRound(value * 0.94 * 255); };
+    return QColor(part(color.red), part(color.green), part(color.blue));
+}
+
+FileIconProvider::FileIconProvider() : QQuickImageProvider(QQuickImageProvider::Image) {}
+
+QImage FileIconProvider::requestImage(const QString &id, QSize *size, const QSize &requestedSize)
+{
+    const auto kind = static_cast<FileNode::Kind>(id.section(u'/', 0, 0).toInt());
+    const QByteArray path = QByteArray::fromBase64(id.section(u'/', 1, 1).toLatin1(), keyEncoding);
+    QImage image = IconCache::shared().icon(path.toStdString(), kind);
+    if (requestedSize.width() > 0)
+        image = image.scaled(requestedSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    image.setDevicePixelRatio(1);
+    if (size)
+        *size = image.size();
+    return image;
+}
+
+} // namespace corvane

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include <QByteArray>
+#include <QCache>
+#include <QImage>
+#include <QMutex>
+
+#include "core/file_node.h"
+
+namespace corvane {
+
+/// The icons of files and folders, by path. One for the whole program; every function may be called from any
+/// thread. Forgets what was asked for longest ago.
+class IconCache {
+public:
+    IconCache();
+
+    /// Made on first use.
+    static IconCache &shared();
+
+    /// The icon of the item at that path (bytes), drawn for 32 x 32 points. Nothing is read from the disk: the
+    /// name and the kind decide, where the system does not know better.
+    [[nodiscard]] QImage icon(const std::string &path, FileNode::Kind kind);
+
+private:
+    QMutex m_mutex;
+    QCache<QByteArray, QImage> m_icons; // guarded by m_mutex; costs are bytes
+};
+
+} // namespace corvane
