@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "platform/file_system.h"
 #include "platform/file_descriptor.h"
+#include "platform/file_system.h"
 
 namespace corvane {
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/package_extension_cache.h"
+
+namespace corvane {
+
+/// Files and folders through the kernel's calls where there are many, through Foundation where there is one.
+class MacFileSystem final : public FileSystem {
+public:
+    MacFileSystem();
+
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &path) override;
+    [[nodiscard]] Expected<ItemFacts> facts(const std::string &path) override;
+    [[nodiscard]] bool exists(const std::string &path) override;
+    [[nodiscard]] bool canOpen(const std::string &path) override;
+    [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
+    [[nodiscard]] bool isPackageExtension(std::string_view extension) override;
+    [[nodiscard]] Expected<void> removeItem(const std::string &path) override;
+    [[nodiscard]] std::string homeFolder() override;
+
+private:
+    PackageExtensionCache m_packages;
+};
+
+} // namespace corvane

@@ -1,0 +1,117 @@
+#include "platform/macos/mac_file_system.h"
+
+#import <CoreServices/CoreServices.h>
+
+#include <cerrno>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/file_descriptor.h"
+#include "platform/macos/foundation_bridge.h"
+#include "platform/macos/mac_open_folder.h"
+
+namespace corvane {
+
+namespace {
+
+tl::unexpected<Error> failure(const char *operation, const std::string &path, int code)
+{
+    return tl::unexpected(Error{operation, path, {code, std::generic_category()}, {}});
+}
+
+/// Asks what types are declared, so no folder with the extension need be at hand.
+bool isDeclaredAsPackage(const std::string &extension)
+{
+    return guardedAnswer(false, [&] {
+        NSString *text = [NSString stringWithUTF8String:extension.c_str()];
+        if (text == nil)
+            return false;
+// The functions work on every version that we run on; the class that replaces them knows no more.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wdeprecated-declarations"
+        NSString *type = CFBridgingRelease(UTTypeCreatePreferredIdentifierForTag(
+            kUTTagClassFilenameExtension, (__bridge CFStringRef)text, kUTTypeDirectory));
+        return type != nil && UTTypeConformsTo((__bridge CFStringRef)type, kUTTypePackage);
+#pragma clang diagnostic pop
+    });
+}
+
+/// What the Finder makes of that very folder.
+bool isShownAsPackage(const std::string &path)
+{
+    return guardedAnswer(false, [&] {
+        NSNumber *answer = nil;
+        return [fileUrl(path) getResourceValue:&answer forKey:NSURLIsPackageKey error:nil] && answer.boolValue;
+    });
+}
+
+} // namespace
+
+MacFileSystem::MacFileSystem() : m_packages(isDeclaredAsPackage) {}
+
+Expected<std::unique_ptr<OpenFolder>> MacFileSystem::openFolder(const std::string &path)
+{
+    return MacOpenFolder::open(AT_FDCWD, path, 0, m_packages);
+}
+
+Expected<ItemFacts> MacFileSystem::facts(const std::string &path)
+{
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0)
+        return failure("look at", path, errno);
+    ItemFacts facts;
+    facts.type = S_ISDIR(status.st_mode)   ? EntryType::directory
+                 : S_ISLNK(status.st_mode) ? EntryType::symbolicLink
+                                           : EntryType::file;
+    facts.isPackage = facts.type == EntryType::directory && isShownAsPackage(path);
+    facts.allocated = static_cast<std::int64_t>(status.st_blocks) * S_BLKSIZE;
+    facts.modified = Time(std::chrono::seconds(status.st_mtimespec.tv_sec));
+    return facts;
+}
+
+bool MacFileSystem::exists(const std::string &path)
+{
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0;
+}
+
+bool MacFileSystem::canOpen(const std::string &path)
+{
+    return FileDescriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)).isOpen();
+}
+
+Expected<std::string> MacFileSystem::realPath(const std::string &path)
+{
+    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), std::free);
+    if (!resolved)
+        return failure("resolve", path, errno);
+    return std::string(resolved.get());
+}
+
+bool MacFileSystem::isPackageExtension(std::string_view extension)
+{
+    return m_packages.isPackageExtension(extension);
+}
+
+Expected<void> MacFileSystem::removeItem(const std::string &path)
+{
+    return guarded("remove", path, [&]() -> Expected<void> {
+        NSURL *url = fileUrl(path);
+        if (url == nil)
+            return failure("remove", path, EINVAL);
+        NSError *error = nil;
+        if ([NSFileManager.defaultManager removeItemAtURL:url error:&error])
+            return {};
+        return tl::unexpected(foundationError("remove", path, error));
+    });
+}
+
+std::string MacFileSystem::homeFolder()
+{
+    return guardedAnswer(std::string(), [] { return std::string(NSHomeDirectory().fileSystemRepresentation); });
+}
+
+} // namespace corvane

@@ -1,0 +1,200 @@
+#include "platform/macos/mac_open_folder.h"
+
+#include <cerrno>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/attr.h>
+#include <sys/param.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/vnode.h>
+#include <unistd.h>
+
+#include "platform/bulk_attributes.h"
+
+namespace corvane {
+
+static_assert(BulkAttributes::name == ATTR_CMN_NAME && BulkAttributes::objectType == ATTR_CMN_OBJTYPE &&
+              BulkAttributes::modificationTime == ATTR_CMN_MODTIME && BulkAttributes::finderInfo == ATTR_CMN_FNDRINFO &&
+              BulkAttributes::error == ATTR_CMN_ERROR &&
+              BulkAttributes::returnedAttributes == ATTR_CMN_RETURNED_ATTRS &&
+              BulkAttributes::totalAllocated == ATTR_FILE_ALLOCSIZE &&
+              BulkAttributes::dataAllocated == ATTR_FILE_DATAALLOCSIZE);
+static_assert(BulkEntry::directoryType == VDIR && BulkEntry::symbolicLinkType == VLNK);
+static_assert(sizeof(timespec) == 2 * sizeof(std::int64_t) && sizeof(off_t) == sizeof(std::int64_t));
+
+namespace {
+
+constexpr std::size_t bulkSize = 128 * 1024; // some hundred entries a call
+
+tl::unexpected<Error> failure(const char *operation, const std::string &path, int code)
+{
+    return tl::unexpected(Error{operation, path, {code, std::generic_category()}, {}});
+}
+
+/// A walk must not download what lies in a cloud alone, nor touch the date of last use. The policy is a
+/// thread's own.
+void keepThreadFromChangingFiles()
+{
+    thread_local bool isKept = false;
+    if (isKept)
+        return;
+    isKept = true;
+    setiopolicy_np(IOPOL_TYPE_VFS_MATERIALIZE_DATALESS_FILES, IOPOL_SCOPE_THREAD, IOPOL_MATERIALIZE_DATALESS_FILES_OFF);
+    setiopolicy_np(IOPOL_TYPE_VFS_ATIME_UPDATES, IOPOL_SCOPE_THREAD, IOPOL_ATIME_UPDATES_OFF);
+}
+
+Time modificationTime(const struct stat &status)
+{
+    return Time(std::chrono::seconds(status.st_mtimespec.tv_sec));
+}
+
+} // namespace
+
+Expected<std::unique_ptr<OpenFolder>> MacOpenFolder::open(int base, const std::string &name, int flags,
+                                                          PackageExtensionCache &packages)
+{
+    keepThreadFromChangingFiles();
+    FileDescriptor descriptor(::openat(base, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | flags));
+    if (!descriptor.isOpen())
+        return failure("open", name, errno);
+    return std::unique_ptr<OpenFolder>(new MacOpenFolder(std::move(descriptor), packages));
+}
+
+MacOpenFolder::MacOpenFolder(FileDescriptor descriptor, PackageExtensionCache &packages)
+    : m_descriptor(std::move(descriptor)), m_packages(packages)
+{
+    struct stat status {};
+    if (::fstat(m_descriptor.number(), &status) != 0)
+        return;
+    m_identity = {static_cast<std::uint64_t>(status.st_dev), status.st_ino};
+    m_modified = modificationTime(status);
+}
+
+Expected<void> MacOpenFolder::list(const EntrySink &sink)
+{
+    int code = listInBulk(sink);
+    if (code == ENOTSUP || code == EINVAL) // not every file system has it
+        code = listOneByOne(sink);
+    if (code != 0)
+        return failure("list", {}, code);
+    return {};
+}
+
+int MacOpenFolder::listInBulk(const EntrySink &sink) const
+{
+    attrlist wanted{};
+    wanted.bitmapcount = ATTR_BIT_MAP_COUNT;
+    wanted.commonattr = BulkAttributes::common;
+    wanted.fileattr = BulkAttributes::file;
+
+    if (::lseek(m_descriptor.number(), 0, SEEK_SET) != 0)
+        return errno;
+    // Not shared: the sink may list another folder.
+    const auto buffer = std::make_unique_for_overwrite<std::byte[]>(bulkSize);
+    bool hasListed = false;
+    for (;;) {
+        int count = ::getattrlistbulk(m_descriptor.number(), &wanted, buffer.get(), bulkSize, 0);
+        if (count == 0)
+            return 0;
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return hasListed && (errno == ENOTSUP || errno == EINVAL) ? EIO : errno; // nothing is listed twice
+        hasListed = true;
+        for (std::span<const std::byte> bytes(buffer.get(), bulkSize); count > 0; --count) {
+            const std::optional<BulkEntry> found = takeBulkEntry(bytes);
+            if (!found)
+                return EIO;
+            if (found->error == ENOENT)
+                continue;
+            DirectoryEntry entry{.name = found->name, .type = found->type};
+            if (found->type == EntryType::directory) {
+                entry.isPackage = found->hasBundleBit || m_packages.isPackageName(found->name);
+            } else if (found->type == EntryType::file && found->error == 0) {
+                entry.modified = found->modified.value_or(distantPast);
+                entry.allocated = found->allocated.value_or(0);
+                if (!found->allocated && !completeFromStatus(std::string(found->name), entry))
+                    continue;
+            }
+            sink(entry);
+        }
+    }
+}
+
+int MacOpenFolder::listOneByOne(const EntrySink &sink) const
+{
+    // A number of its own, for the two ways of listing must not share one.
+    const int number = ::openat(m_descriptor.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (number < 0)
+        return errno;
+    const std::unique_ptr<DIR, int (*)(DIR *)> stream(::fdopendir(number), ::closedir);
+    if (!stream) {
+        const int code = errno;
+        ::close(number);
+        return code;
+    }
+    for (;;) {
+        errno = 0;
+        const dirent *const found = ::readdir(stream.get());
+        if (found == nullptr)
+            return errno;
+        const std::string name(found->d_name, found->d_namlen);
+        DirectoryEntry entry{.name = name};
+        if (name != "." && name != ".." && completeFromStatus(name, entry))
+            sink(entry);
+    }
+}
+
+/// Fills in what the item's status tells; false when there is no such item any more.
+bool MacOpenFolder::completeFromStatus(const std::string &name, DirectoryEntry &entry) const
+{
+    struct stat status {};
+    if (::fstatat(m_descriptor.number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return errno != ENOENT;
+    if (S_ISDIR(status.st_mode)) {
+        entry.type = EntryType::directory;
+        entry.isPackage = m_packages.isPackageName(name);
+    } else if (S_ISLNK(status.st_mode)) {
+        entry.type = EntryType::symbolicLink;
+    } else {
+        entry.allocated = static_cast<std::int64_t>(status.st_blocks) * S_BLKSIZE;
+        entry.modified = modificationTime(status);
+    }
+    return true;
+}
+
+Expected<std::unique_ptr<OpenFolder>> MacOpenFolder::openChild(const std::string &name)
+{
+    return open(m_descriptor.number(), name, O_NOFOLLOW, m_packages);
+}
+
+Expected<std::unique_ptr<OpenFolder>> MacOpenFolder::openParent()
+{
+    // By the path that people see, where it is short enough to be had: a folder such as "/Users" lies on another
+    // volume, whose own top ".." leads to.
+    char path[MAXPATHLEN];
+    if (::fcntl(m_descriptor.number(), F_GETPATH, path) == 0) {
+        const std::string_view here(path);
+        const std::size_t slash = here.rfind('/');
+        if (slash != std::string_view::npos) {
+            auto parent = open(AT_FDCWD, slash == 0 ? "/" : std::string(here.substr(0, slash)), 0, m_packages);
+            if (parent)
+                return parent;
+        }
+    }
+    return open(m_descriptor.number(), "..", 0, m_packages);
+}
+
+bool MacOpenFolder::contains(const std::string &name)
+{
+    struct stat status {};
+    return ::fstatat(m_descriptor.number(), name.c_str(), &status, 0) == 0;
+}
+
+} // namespace corvane

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/file_descriptor.h"
+#include "platform/file_system.h"
+#include "platform/package_extension_cache.h"
+
+namespace corvane {
+
+/// A folder held by its file number. Its entries come by the hundred from one call of the kernel each.
+class MacOpenFolder final : public OpenFolder {
+public:
+    /// Opens `name` relative to the folder `base` (or AT_FDCWD) with these flags added to the usual ones.
+    /// `packages` outlives the folder.
+    [[nodiscard]] static Expected<std::unique_ptr<OpenFolder>> open(int base, const std::string &name, int flags,
+                                                                    PackageExtensionCache &packages);
+
+    [[nodiscard]] Expected<void> list(const EntrySink &sink) override;
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override;
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openParent() override;
+    [[nodiscard]] bool contains(const std::string &name) override;
+    [[nodiscard]] FolderIdentity identity() const override { return m_identity; }
+    [[nodiscard]] Time modified() const override { return m_modified; }
+
+private:
+    MacOpenFolder(FileDescriptor descriptor, PackageExtensionCache &packages);
+
+    [[nodiscard]] int listInBulk(const EntrySink &sink) const;
+    [[nodiscard]] int listOneByOne(const EntrySink &sink) const;
+    [[nodiscard]] bool completeFromStatus(const std::string &name, DirectoryEntry &entry) const;
+
+    const FileDescriptor m_descriptor;
+    PackageExtensionCache &m_packages;
+    FolderIdentity m_identity;
+    Time m_modified = distantPast;
+};
+
+} // namespace corvane

@@ -1,0 +1,19 @@
+#include "platform/protected_places.h"
+
+namespace corvane {
+
+const ProtectedPlaces &systemProtectedPlaces()
+{
+    // The places that hold on every system are a Mac's; its disks usually ignore case.
+    static const ProtectedPlaces places{
+        .exact = {}, .prefixes = {}, .homeExact = {}, .homePrefixes = {}, .ignoresCase = true};
+    return places;
+}
+
+const std::vector<std::string> &systemVirtualFolders()
+{
+    static const std::vector<std::string> folders;
+    return folders;
+}
+
+} // namespace corvane

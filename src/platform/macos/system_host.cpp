@@ -1,0 +1,29 @@
+#include "platform/host.h"
+
+#include "platform/macos/mac_desktop.h"
+#include "platform/macos/mac_file_system.h"
+#include "platform/macos/mac_trash.h"
+#include "platform/macos/mac_volumes.h"
+
+namespace corvane {
+
+namespace {
+
+struct System {
+    MacFileSystem files;
+    MacTrash trash{files};
+    MacVolumes volumes;
+    MacDesktop desktop;
+    Host host{files, trash, volumes, desktop};
+};
+
+} // namespace
+
+const Host &systemHost()
+{
+    // Never destroyed: threads that still run when the program ends may be using it.
+    static const System &system = *new System;
+    return system.host;
+}
+
+} // namespace corvane

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <mutex>
+#include <shared_mutex>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace corvane {
+
+/// Remembers for each name extension whether the system presents folders with it as one document, so that the
+/// system, which is slow to answer, is asked once. Any thread.
+class PackageExtensionCache {
+public:
+    using Question = std::function<bool(const std::string &lowerCaseExtension)>;
+
+    /// `ask` is called by one thread at a time.
+    explicit PackageExtensionCache(Question ask) : m_ask(std::move(ask)) {}
+
+    /// For an extension without its dot, in any case. Without one, no folder is a package.
+    [[nodiscard]] bool isPackageExtension(std::string_view extension)
+    {
+        if (extension.empty())
+            return false;
+        std::string key(extension);
+        std::ranges::transform(key, key.begin(),
+                               [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+        {
+            const std::shared_lock lock(m_mutex);
+            if (const auto known = m_answers.find(key); known != m_answers.end())
+                return known->second;
+        }
+        const std::unique_lock lock(m_mutex);
+        if (const auto known = m_answers.find(key); known != m_answers.end())
+            return known->second;
+        const bool answer = m_ask(key);
+        m_answers.emplace(std::move(key), answer);
+        return answer;
+    }
+
+    /// For a folder's name. A dot at its very start begins no extension.
+    [[nodiscard]] bool isPackageName(std::string_view name)
+    {
+        const std::size_t dot = name.rfind('.');
+        return dot != std::string_view::npos && dot > 0 && isPackageExtension(name.substr(dot + 1));
+    }
+
+private:
+    const Question m_ask; // constant after construction; called with m_mutex held
+    std::shared_mutex m_mutex;
+    std::unordered_map<std::string, bool> m_answers; // guarded by m_mutex
+};
+
+} // namespace corvane
