@@ -12,6 +12,7 @@ import hashlib
 import json
 import os
 import pathlib
+import re
 import subprocess
 import sys
 
@@ -53,7 +54,8 @@ def configurations(source, root):
 
 def key(entry, root, dependency_log, version):
     """What the verdict on a source depends on, as one hash; None where it cannot be told."""
-    files = dependency_log.get(entry.get("output", ""))
+    output = re.search(r" -o (\S+)", entry["command"])
+    files = dependency_log.get(output[1]) if output else None
     if files is None:
         return None
     source = pathlib.Path(entry["file"])

@@ -2,6 +2,7 @@
 # Runs one of our programs inside a Mac-shaped root, as the user of its home folder.
 #
 #   scripts/mac-root-run.sh [--output DIR] FOLDER PROGRAM [ARGUMENT…]
+#   scripts/mac-root-run.sh --check        says why it would not run, if so
 #
 # FOLDER is what tests/mac_root/mac_root.py built. The program sees FOLDER/root as "/" and cannot leave it; what
 # it removes is removed there. The Linux system that it needs lies read-only under /System/Volumes, where no
@@ -9,19 +10,6 @@
 #
 # Exit status: the program's own; 77 where bubblewrap cannot run, with the reason.
 set -euo pipefail
-
-output=
-if [[ ${1:-} == --output ]]; then
-    output=$(readlink -f "$2")
-    shift 2
-fi
-if [[ $# -lt 2 ]]; then
-    echo "usage: mac-root-run.sh [--output DIR] FOLDER PROGRAM [ARGUMENT…]" >&2
-    exit 2
-fi
-root=$(readlink -f "$1")/root
-program=$(readlink -f "$2")
-shift 2
 
 # Only inside a user namespace of its own, without capabilities, is the program bound by permissions even where
 # it was started by root.
@@ -35,6 +23,22 @@ if ! reason=$(bwrap "${namespace[@]}" --ro-bind / / true 2>&1); then
     echo "mac-root-run: skipped: bubblewrap cannot run here: $reason"
     exit 77
 fi
+if [[ ${1:-} == --check ]]; then
+    exit 0
+fi
+
+output=
+if [[ ${1:-} == --output ]]; then
+    output=$(readlink -f "$2")
+    shift 2
+fi
+if [[ $# -lt 2 ]]; then
+    echo "usage: mac-root-run.sh [--output DIR] FOLDER PROGRAM [ARGUMENT…]" >&2
+    exit 2
+fi
+root=$(readlink -f "$1")/root
+program=$(readlink -f "$2")
+shift 2
 
 options=(
     "${namespace[@]}" --unshare-pid --unshare-net --unshare-uts --die-with-parent --new-session

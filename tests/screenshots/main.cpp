@@ -1,0 +1,37 @@
+#include <cstdlib>
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QQuickStyle>
+#include <QQuickWindow>
+
+#include "main/corvane_app.h"
+#include "screenshots/photographer.h"
+#include "shell/ui/theme.h"
+
+int main(int argc, char **argv)
+{
+    // One renderer, one scale and one place in the world, so that two runs give the same pictures.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    qputenv("QT_SCALE_FACTOR", "1");
+    qputenv("TZ", "UTC");
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+
+    QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
+    QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(CORVANE_VERSION));
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    const QGuiApplication application(argc, argv);
+    if (argc != 2)
+        corvane::giveUp(QStringLiteral("name the folder that takes the pictures"));
+
+    corvane::CorvaneApp program;
+    corvane::Theme::instance()->setReducedMotion(true);
+    if (!program.openWindow())
+        return EXIT_FAILURE;
+    auto *window = qobject_cast<QQuickWindow *>(QGuiApplication::topLevelWindows().constFirst());
+    corvane::Photographer(*window, program.store(), QDir(QString::fromLocal8Bit(argv[1]))).takeAll();
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,204 @@
+#include "screenshots/photographer.h"
+
+#include <chrono>
+#include <memory>
+
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QtTest/QTest>
+
+#include "map/treemap_builder.h"
+#include "screenshots/slow_disk.h"
+#include "shell/ui/theme.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr int width = 1280;
+constexpr int height = 800;
+
+} // namespace
+
+Photographer::Photographer(QQuickWindow &window, StorageStore &store, const QDir &folder)
+    : m_driver(window), m_store(store), m_folder(folder)
+{
+    m_driver.resize(width, height);
+    m_driver.pointAtNothing();
+}
+
+void Photographer::takeAll()
+{
+    takeScanning();
+    takeMap();
+    takeMenus();
+    takeSelection();
+    takeRemoval();
+    takeEmptyFolders();
+}
+
+void Photographer::takeScanning()
+{
+    take(QStringLiteral("scan-prompt"));
+    slowDownListings(std::chrono::milliseconds(40));
+    m_driver.click(m_driver.item(QStringLiteral("requiresScan.scan")));
+    m_driver.pointAtNothing();
+    m_driver.waitFor([&] { return m_store.scannedFiles() > 1'000; }, QStringLiteral("a scan under way"));
+    takeMoving(QStringLiteral("scan-progress"));
+    slowDownListings(std::chrono::milliseconds(0));
+    m_driver.waitFor([&] { return m_store.phase() == StorageStore::Phase::ready; }, QStringLiteral("the scan's end"));
+}
+
+void Photographer::takeMap()
+{
+    take(QStringLiteral("explorer"));
+    QQuickItem &map = m_driver.item(QStringLiteral("map"));
+    m_driver.pointAt(map, tile("Movies"));
+    take(QStringLiteral("explorer-hover"));
+    m_driver.pointAtNothing();
+
+    m_driver.resize(Theme::instance()->property("minimumWidth").toInt(),
+                    Theme::instance()->property("minimumHeight").toInt());
+    take(QStringLiteral("explorer-min"));
+    m_driver.resize(width, height);
+
+    m_driver.press(Qt::Key_Tab);
+    m_driver.press(Qt::Key_Tab);
+    take(QStringLiteral("explorer-keyboard"));
+}
+
+void Photographer::takeMenus()
+{
+    m_driver.click(m_driver.item(QStringLiteral("scanMenuButton")));
+    take(QStringLiteral("scan-menu"));
+    m_driver.press(Qt::Key_Escape);
+    m_driver.click(m_driver.item(QStringLiteral("appMenuButton")));
+    take(QStringLiteral("app-menu"));
+    m_driver.press(Qt::Key_Escape);
+    m_driver.clickAt(m_driver.item(QStringLiteral("map")), tile("Pictures"), Qt::RightButton);
+    take(QStringLiteral("map-menu"));
+    m_driver.press(Qt::Key_Escape);
+
+    m_driver.click(m_driver.item(QStringLiteral("appMenuButton")));
+    m_driver.click(m_driver.item(QStringLiteral("appMenu.about")));
+    m_driver.pointAtNothing();
+    take(QStringLiteral("about"));
+    m_driver.press(Qt::Key_Escape);
+}
+
+void Photographer::takeSelection()
+{
+    m_driver.clickAt(m_driver.item(QStringLiteral("map")), tile("Movies"));
+    m_driver.waitFor([&] { return m_store.currentFolder()->name == "Movies"; }, QStringLiteral("the opened folder"));
+    m_driver.pointAtNothing();
+    take(QStringLiteral("explorer-folder"));
+    tick("Exports");
+    tick("Talk rehearsal, take 3.mov");
+    m_driver.pointAt(row("Screen Recordings"), QPointF(row("Screen Recordings").width() / 2, 8));
+    take(QStringLiteral("explorer-selection"));
+
+    m_driver.click(m_driver.item(QStringLiteral("reviewButton")));
+    m_driver.pointAtNothing();
+    take(QStringLiteral("review-sheet"));
+    m_driver.click(m_driver.item(QStringLiteral("reviewSheet.deletePermanently")));
+    m_driver.pointAtNothing();
+    take(QStringLiteral("delete-confirm"));
+    m_driver.click(m_driver.item(QStringLiteral("deleteConfirm.cancel")));
+    m_driver.click(m_driver.item(QStringLiteral("reviewSheet.cancel")));
+    m_driver.pointAtNothing();
+}
+
+void Photographer::takeRemoval()
+{
+    m_driver.click(m_driver.item(QStringLiteral("moveToTrashButton")));
+    m_driver.pointAtNothing();
+    m_driver.waitFor([&] { return m_store.toast().has_value(); }, QStringLiteral("the removal's message"));
+    take(QStringLiteral("toast"));
+    m_store.dismissToast();
+
+    // A folder of the disk that nobody may read, as it might be dropped or chosen.
+    m_store.scan("/Users/studio/Library/Application Support/com.apple.TCC");
+    m_driver.waitFor([&] { return m_store.toast().has_value(); }, QStringLiteral("the refusal"));
+    take(QStringLiteral("toast-warning"));
+    m_store.dismissToast();
+}
+
+void Photographer::takeEmptyFolders()
+{
+    m_store.scan("/Users/studio/Public");
+    m_driver.waitFor([&] { return m_store.phase() == StorageStore::Phase::ready; }, QStringLiteral("the scan's end"));
+    take(QStringLiteral("explorer-empty"));
+
+    // A root that could be read when the scan began and no longer when its turn came.
+    auto result = std::make_shared<StorageStore::ScanResult>();
+    result->root = std::make_shared<FileNode>("/Users/studio/Public", FileNode::Kind::directory);
+    result->root->unreadable = true;
+    result->summary = ScanSummary::make(result->root);
+    m_store.finishScan(result, m_store.progress());
+    take(QStringLiteral("explorer-unreadable"));
+
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(QStringLiteral("/Users/studio/Movies"))});
+    QDragEnterEvent enter(QPoint(width / 2, height / 2), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_driver.window(), &enter);
+    take(QStringLiteral("drop"));
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(m_driver.window(), &leave);
+}
+
+void Photographer::take(const QString &name)
+{
+    for (const bool dark : {false, true}) {
+        Theme::instance()->setDark(dark);
+        save(name + (dark ? QStringLiteral("-dark") : QStringLiteral("-light")), m_driver.stillPicture());
+    }
+    Theme::instance()->setDark(false);
+}
+
+void Photographer::takeMoving(const QString &name)
+{
+    for (const bool dark : {false, true}) {
+        Theme::instance()->setDark(dark);
+        QTest::qWait(300);
+        save(name + (dark ? QStringLiteral("-dark") : QStringLiteral("-light")), m_driver.picture());
+    }
+    Theme::instance()->setDark(false);
+}
+
+void Photographer::save(const QString &name, const QImage &picture) const
+{
+    // 0 asks for the smallest file.
+    if (!picture.save(m_folder.filePath(name + QStringLiteral(".png")), "PNG", 0))
+        giveUp(QStringLiteral("cannot write %1").arg(m_folder.filePath(name)));
+}
+
+QQuickItem &Photographer::row(const std::string &name) const
+{
+    const QString text = QString::fromStdString(name);
+    return m_driver.itemWhere(
+        [&](const QQuickItem &item) {
+            return item.property("checkState").isValid() && item.property("name").toString() == text;
+        },
+        QStringLiteral("the row of %1").arg(text));
+}
+
+void Photographer::tick(const std::string &name)
+{
+    QQuickItem &item = row(name);
+    m_driver.clickAt(item, QPointF(22, item.height() / 2));
+}
+
+QPointF Photographer::tile(const std::string &name) const
+{
+    const QQuickItem &map = m_driver.item(QStringLiteral("map"));
+    for (const TreemapTile &tile :
+         TreemapBuilder::tiles(*m_store.currentFolder(), Rect{0, 0, map.width(), map.height()})) {
+        if (tile.label == name)
+            return {tile.rect.x + tile.rect.width / 2, tile.rect.y + 11};
+    }
+    giveUp(QStringLiteral("no tile of %1").arg(QString::fromStdString(name)));
+}
+
+} // namespace corvane
