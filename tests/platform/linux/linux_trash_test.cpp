@@ -106,21 +106,31 @@ TEST(LinuxTrash, DanglingLinkIsTrashed)
     EXPECT_EQ(linkTarget(home.folder / "home/data/Trash/files/dangling"), "/nowhere/at/all");
 }
 
-class LinuxTrashNames : public ::testing::TestWithParam<std::string> {};
+struct OddName {
+    std::string title;
+    std::string bytes;
+};
+
+class LinuxTrashNames : public ::testing::TestWithParam<OddName> {};
 
 TEST_P(LinuxTrashNames, AreKeptByteForByte)
 {
     const ProbeHome home;
-    const std::string path = home.folder.writeText("home/" + GetParam(), "kept");
+    const std::string &name = GetParam().bytes;
+    const std::string path = home.folder.writeText("home/" + name, "kept");
     EXPECT_EQ(home.ask("trash", path), "done");
-    EXPECT_FALSE(home.folder.has("home/" + GetParam()));
-    EXPECT_EQ(contents(home.folder / ("home/data/Trash/files/" + GetParam())), "kept");
-    EXPECT_EQ(originalPath(home.folder / ("home/data/Trash/info/" + GetParam() + ".trashinfo")), path);
+    EXPECT_FALSE(home.folder.has("home/" + name));
+    EXPECT_EQ(contents(home.folder / ("home/data/Trash/files/" + name)), "kept");
+    EXPECT_EQ(originalPath(home.folder / ("home/data/Trash/info/" + name + ".trashinfo")), path);
 }
 
 INSTANTIATE_TEST_SUITE_P(Odd, LinuxTrashNames,
-                         ::testing::Values("not utf-8 \xff\xfe", "two\nlines", "100%20 %", "-rf", "#?&;*", " ",
-                                           "\xf0\x9f\x93\xa6 \xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d"));
+                         ::testing::Values(OddName{"NotUtf8", "not utf-8 \xff\xfe"}, OddName{"LineBreak", "two\nlines"},
+                                           OddName{"PercentSign", "100%20 %"}, OddName{"Option", "-rf"},
+                                           OddName{"UriPunctuation", "#?&;*"}, OddName{"Blank", " "},
+                                           OddName{"EmojiAndHebrew",
+                                                   "\xf0\x9f\x93\xa6 \xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d"}),
+                         [](const auto &name) { return name.param.title; });
 
 TEST(LinuxTrash, ItemsOfTheSameNameAreAllKept)
 {
