@@ -176,13 +176,11 @@ bool ProtectedLocations::isProtected(std::string_view path, FileSystem &files) c
 
     // The path as it stands, not the standardized one: the system follows "link/.." through the link.
     const std::string expanded = withTildeExpanded(path, m_home);
-    const std::string_view last = std::string_view(expanded).substr(expanded.rfind('/') + 1);
-    if (last.empty() || last == "." || last == "..") {
-        const Expected<std::string> real = files.realPath(expanded);
-        return real && isProtectedReally(*real);
-    }
     const Expected<std::string> folder = files.realPath(std::string(containingFolder(expanded)));
-    return folder && isProtectedReally(joined(*folder, last));
+    if (!folder)
+        return false;
+    const std::string last = expanded.substr(expanded.rfind('/') + 1);
+    return isProtectedReally(standardizedPath(joined(*folder, last), m_home));
 }
 
 bool ProtectedLocations::isProtectedReally(const std::string &realPath) const

@@ -131,6 +131,7 @@ TEST(DevJunkRule, ProjectInTheRootOfTheDiskIsRecognised)
 {
     std::vector<std::string> calls;
     EXPECT_EQ(matchOf("target", {"/Cargo.toml"}, &calls, "/"), "Rust target");
+    EXPECT_EQ(calls, std::vector<std::string>{"exists /Cargo.toml"});
     EXPECT_EQ(matchOf("venv", {"/venv/pyvenv.cfg"}, &calls, "/"), "Python virtualenv");
 }
 

@@ -300,6 +300,16 @@ TEST(Detach, NodeThatIsMarkedAlreadyChangesNothing)
     EXPECT_EQ(root->fileCount, 1);
 }
 
+TEST(Detach, NodeThatIsMarkedStaysEvenWhereItStillHasItsPlace)
+{
+    const NodePtr root = makeRoot("/home/u");
+    const NodePtr file = addFile(root, "a", 100);
+    file->removed = true;
+    EXPECT_FALSE(detach(*file));
+    EXPECT_EQ(root->size, 100);
+    EXPECT_EQ(names(*root), std::vector<std::string>{"a"});
+}
+
 TEST(Detach, NodeBeneathARemovedFolderChangesNothing)
 {
     const NodePtr root = makeRoot("/home/u");

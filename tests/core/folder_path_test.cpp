@@ -63,6 +63,7 @@ TEST(FolderPath, IsTheTextAndNothingElse)
         EXPECT_FALSE(path.is(text + "/"));
         EXPECT_FALSE(path.is("/" + text));
         EXPECT_FALSE(path.isFolderOf("d", text + "d"));
+        EXPECT_FALSE(path.isFolderOf("d", text + "xd"));
         EXPECT_FALSE(path.isFolderOf("d", text));
         EXPECT_FALSE(path.isFolderOf("d", "d"));
     }

@@ -30,6 +30,7 @@ TEST(Selection, ShortestAncestorHasTwoBytes)
 {
     EXPECT_EQ(effectiveSelection({{"/a", 1}, {"/a/b", 2}}), (Selection{{"/a", 1}}));
     EXPECT_EQ(effectiveSelection({{"/", 1}, {"/a", 2}}), (Selection{{"/", 1}, {"/a", 2}}));
+    EXPECT_FALSE(hasSelectedAncestor({{"a", 1}}, "a/b"));
 }
 
 TEST(Selection, EntryIsNotItsOwnAncestor)
