@@ -56,7 +56,8 @@ Expected<void> LinuxTrash::trashItem(const std::string &path)
                                     "The disk is full: the Trash cannot note where the item came from."});
     }
 
-    // The local files' own implementation: the default one may load extensions and wait for the session bus.
+    // The local files' own implementation: the default one may leave the work to a service on the session bus.
+    // GIO tells the default one of the move afterwards; without a bus that comes to nothing and does no harm.
     const GObjectPointer<GFile> file(g_vfs_get_file_for_path(g_vfs_get_local(), path.c_str()));
     GError *failure = nullptr;
     if (g_file_trash(file.get(), nullptr, &failure))
