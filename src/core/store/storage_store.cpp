@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include <QCoreApplication>
 #include <QMetaObject>
 
 #include "core/scanner.h"
@@ -13,6 +14,7 @@ namespace corvane {
 namespace {
 
 constexpr int pollInterval = 150; // milliseconds
+constexpr int removalWait = 20;   // milliseconds
 
 // A superseded walk, its successor, a removal and the freeing of an old tree may all be under way at once;
 // none of them may wait for another.
@@ -30,18 +32,16 @@ bool isSameOrAncestor(std::string_view folder, std::string_view path)
     return path == folder || liesBeneath(path, folder);
 }
 
-std::unordered_set<const FileNode *> subtree(const FileNode &top)
+void collectSubtree(const FileNode &top, std::unordered_set<const FileNode *> &into)
 {
-    std::unordered_set<const FileNode *> nodes;
     std::vector<const FileNode *> pending{&top};
     while (!pending.empty()) {
         const FileNode *node = pending.back();
         pending.pop_back();
-        nodes.insert(node);
+        into.insert(node);
         for (const auto &child : node->children)
             pending.push_back(child.get());
     }
-    return nodes;
 }
 
 } // namespace
@@ -59,6 +59,9 @@ StorageStore::~StorageStore()
 {
     if (m_progress)
         m_progress->cancel();
+    // A removal may wait for the main thread: some of the system's services answer only there.
+    while (m_isRemoving && !m_pool.waitForDone(removalWait))
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_pool.waitForDone();
 }
 
@@ -351,28 +354,30 @@ void StorageStore::remove(const Selection &entries, bool permanently)
 
 bool StorageStore::dropFromTree(std::span<const SelectedEntry> removed)
 {
-    bool changed = false;
+    // Kept alive until no list refers to them any more; thousands may go at once, so each list is gone
+    // through once.
+    std::vector<std::shared_ptr<FileNode>> held;
+    std::unordered_set<const FileNode *> gone;
     for (const SelectedEntry &entry : removed) {
         FileNode *node = m_index.find(entry.path);
         const std::shared_ptr<FileNode> folder = node != nullptr ? node->parent.lock() : nullptr;
         if (folder == nullptr)
             continue;
-        // Keeps the subtree alive until nothing refers to it any more.
         const auto position = std::ranges::find(folder->children, node, &std::shared_ptr<FileNode>::get);
         if (position == folder->children.end())
             continue;
-        const std::shared_ptr<FileNode> held = *position;
-        const auto gone = subtree(*held);
-        m_index.eraseSubtree(*held);
-        if (!detach(*held))
-            continue;
-        changed = true;
-        std::erase_if(m_allFiles, [&](const auto &file) { return gone.contains(file.get()); });
-        std::erase_if(m_devJunk, [&](const DevJunkItem &item) { return gone.contains(item.node.get()); });
+        held.push_back(*position);
+        collectSubtree(*node, gone);
+        m_index.eraseSubtree(*node);
+        detach(*node);
         if (gone.contains(m_currentFolder.get()))
             setCurrentFolder(folder);
     }
-    return changed;
+    if (gone.empty())
+        return false;
+    std::erase_if(m_allFiles, [&gone](const auto &file) { return gone.contains(file.get()); });
+    std::erase_if(m_devJunk, [&gone](const DevJunkItem &item) { return gone.contains(item.node.get()); });
+    return true;
 }
 
 void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently)
