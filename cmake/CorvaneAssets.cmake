@@ -8,7 +8,7 @@ set(CORVANE_ICONS
   clipboard-text clock-clockwise clock-counter-clockwise coffee cpu cube device-mobile device-mobile-camera
   device-mobile-speaker devices eye eye-slash file file-audio file-code file-image file-magnifying-glass file-text
   file-video file-zip files folder folder-dashed folder-open gear-fine gear-six hammer hard-drive hard-drives house
-  info leaf list-magnifying-glass lock-key lock-simple magnifying-glass memory minus package paperclip question
+  info leaf list list-magnifying-glass lock-key lock-simple magnifying-glass memory minus package paperclip question
   scales seal-check shield-check sparkle squares-four stack stop-circle terminal-window toolbox trash trash-simple
   tray user-square users warning warning-circle warning-octagon wrench x-circle)
 set(CORVANE_ICON_WEIGHTS regular fill light)
@@ -74,9 +74,9 @@ function(corvane_embed_fonts target)
 
   set(script ${CMAKE_SOURCE_DIR}/assets/fonts/build_fonts.py)
   set(folder ${CMAKE_BINARY_DIR}/fonts)
-  foreach(family Inter InterTabular)
+  foreach(family InterText InterTabular)
     foreach(weight Regular Medium SemiBold Bold)
-      list(APPEND files ${folder}/${family}-${weight}.otf)
+      list(APPEND files ${folder}/${family}-${weight}.ttf)
     endforeach()
   endforeach()
   add_custom_command(OUTPUT ${files}

@@ -1,21 +1,25 @@
 #!/usr/bin/env python3
 """Makes the fonts that the program embeds, from an installed Inter.
 
-Per weight two files: Inter itself as it is, and "Inter Tabular", whose figures all have one width. Qt 6.4 has no
-font features, so for columns of figures the tabular forms are put in the place of the ordinary ones; that family
-keeps only the characters that such columns use.
+Per weight two files. "Inter Text" is Inter with TrueType outlines: Qt draws the original's outlines with thickened
+stems, so that every weight looks like the next one. "Inter Tabular" has figures of one width besides: Qt 6.4 has no
+font features, so the tabular forms are put in the place of the ordinary ones; it keeps only the characters that
+columns of figures use. Their own family names keep an installed Inter from being taken in their place.
 """
 
 import argparse
 import pathlib
-import shutil
 import sys
 
 from fontTools import subset
-from fontTools.ttLib import TTFont
+from fontTools.pens.cu2quPen import Cu2QuPen
+from fontTools.pens.ttGlyphPen import TTGlyphPen
+from fontTools.ttLib import TTFont, newTable
 
 WEIGHTS = ("Regular", "Medium", "SemiBold", "Bold")
-TABULAR_FAMILY = "Inter Tabular"
+
+# How far a converted outline may lie from the original, in units of the font (2816 to the em).
+LARGEST_ERROR = 1.0
 
 # Basic Latin, Latin-1 and the punctuation of the program's own texts: dashes, quotation marks, the dot between
 # facts, the ellipsis, arrows, minus, "at least" and the narrow spaces.
@@ -53,24 +57,40 @@ def tabular_glyphs(font):
     return exchanged
 
 
-def rename(font, weight):
-    name = font["name"]
-    for record in name.names:
-        # An unbroken name of the file for PostScript, the family's name everywhere else.
-        if record.nameID == 6:
-            record.string = f"InterTabular-{weight}"
-        elif record.nameID in (1, 3, 4, 16):
-            record.string = record.toUnicode().replace("Inter", TABULAR_FAMILY, 1)
-    if "CFF " in font:
-        cff = font["CFF "].cff
-        cff.fontNames[0] = f"InterTabular-{weight}"
-        top = cff.topDictIndex[0]
-        top.FamilyName = TABULAR_FAMILY
-        top.FullName = f"{TABULAR_FAMILY} {weight}"
+def use_truetype_outlines(font):
+    """Exchanges the font's cubic outlines for quadratic ones."""
+    if "CFF " not in font:
+        return
+    order = font.getGlyphOrder()
+    glyphs = font.getGlyphSet()
+    outlines = newTable("glyf")
+    outlines.glyphOrder = order
+    outlines.glyphs = {}
+    for name in order:
+        pen = TTGlyphPen(glyphs)
+        glyphs[name].draw(Cu2QuPen(pen, LARGEST_ERROR, reverse_direction=True))
+        outlines.glyphs[name] = pen.glyph()
+    font["glyf"] = outlines
+    font["loca"] = newTable("loca")
+    del font["CFF "]
+    if "VORG" in font:
+        del font["VORG"]
+
+    for name, (advance, _) in font["hmtx"].metrics.items():
+        outlines.glyphs[name].recalcBounds(outlines)
+        font["hmtx"].metrics[name] = (advance, getattr(outlines.glyphs[name], "xMin", 0))
+
+    limits = font["maxp"]
+    limits.tableVersion = 0x00010000
+    limits.maxZones = 1
+    limits.maxTwilightPoints = limits.maxStorage = limits.maxFunctionDefs = limits.maxInstructionDefs = 0
+    limits.maxStackElements = limits.maxSizeOfInstructions = 0
+    limits.maxComponentElements = limits.maxComponentDepth = 0
+    font["post"].formatType = 3.0
+    font.sfntVersion = "\000\001\000\000"
 
 
-def write_tabular(source, target, weight):
-    font = TTFont(source)
+def use_tabular_figures(font):
     exchanged = tabular_glyphs(font)
     for table in font["cmap"].tables:
         table.cmap = {code: exchanged.get(glyph, glyph) for code, glyph in table.cmap.items()}
@@ -82,8 +102,24 @@ def write_tabular(source, target, weight):
     worker = subset.Subsetter(options)
     worker.populate(unicodes=TABULAR_CHARACTERS)
     worker.subset(font)
-    rename(font, weight)
-    font.save(target)
+
+
+def rename(font, family, weight):
+    for record in font["name"].names:
+        # A name without spaces for PostScript, the family's name everywhere else.
+        if record.nameID == 6:
+            record.string = f"{family}-{weight}".replace(" ", "")
+        elif record.nameID in (1, 3, 4, 16):
+            record.string = record.toUnicode().replace("Inter", family, 1)
+
+
+def write(source, folder, family, weight):
+    font = TTFont(source)
+    if family == "Inter Tabular":
+        use_tabular_figures(font)
+    use_truetype_outlines(font)
+    rename(font, family, weight)
+    font.save(folder / f"{family}-{weight}.ttf".replace(" ", ""))
 
 
 def main():
@@ -95,8 +131,8 @@ def main():
     arguments.output.mkdir(parents=True, exist_ok=True)
     for weight in WEIGHTS:
         source = source_file(arguments.source, weight)
-        shutil.copyfile(source, arguments.output / f"Inter-{weight}.otf")
-        write_tabular(source, arguments.output / f"InterTabular-{weight}.otf", weight)
+        for family in ("Inter Text", "Inter Tabular"):
+            write(source, arguments.output, family, weight)
 
 
 if __name__ == "__main__":

@@ -11,6 +11,9 @@ Sheet {
     property string cancelText: qsTr("Cancel")
     /// What the answer does cannot be undone.
     property bool destructive: false
+    /// The object names of the two buttons.
+    property alias cancelName: body.cancelName
+    property alias confirmName: body.confirmName
 
     signal confirmed
 

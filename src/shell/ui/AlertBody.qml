@@ -10,6 +10,9 @@ FocusScope {
     required property string confirmText
     required property string cancelText
     required property bool destructive
+    /// The object names of the two buttons.
+    property alias cancelName: cancelButton.objectName
+    property alias confirmName: confirmButton.objectName
 
     signal confirmed
     signal cancelled

@@ -13,7 +13,8 @@ T.AbstractButton {
     /// Whether Return does what Space does.
     property bool returnPresses: true
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    // Whole points: edges fall between pixels otherwise.
+    implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: Theme.controlHeight
     focusPolicy: Qt.StrongFocus
     font: Theme.bodyMediumFont

@@ -14,7 +14,7 @@ Rectangle {
         : tone === "warning" ? Theme.warnText
         : tone === "ok" ? Theme.okText : Theme.t2
 
-    implicitWidth: row.implicitWidth + 2 * Theme.tagPadding - (iconName === "" ? 0 : Theme.hairlineWidth)
+    implicitWidth: Math.ceil(row.implicitWidth) + 2 * Theme.tagPadding - (iconName === "" ? 0 : Theme.hairlineWidth)
     implicitHeight: Theme.tagHeight
     radius: height / 2
     color: tone === "accent" ? Theme.accentSoft
