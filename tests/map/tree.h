@@ -29,6 +29,14 @@ inline void account(const NodePtr &folder, std::int64_t size, std::int64_t files
     }
 }
 
+/// Added at the end, without a size; for large trees, whose figures are filled in by hand.
+inline NodePtr makeChild(const NodePtr &folder, std::string name, FileNode::Kind kind)
+{
+    auto node = std::make_shared<FileNode>(folder->pathForChildren(), std::move(name), kind, folder);
+    folder->children.push_back(node);
+    return node;
+}
+
 inline NodePtr add(const NodePtr &folder, std::string name, FileNode::Kind kind, std::int64_t size,
                    std::int64_t files)
 {

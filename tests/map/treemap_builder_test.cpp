@@ -16,6 +16,7 @@ using test::addFile;
 using test::addFolder;
 using test::addPackage;
 using test::addSmallFiles;
+using test::makeChild;
 using test::makeRoot;
 using test::NodePtr;
 using testing::ElementsAre;
@@ -354,14 +355,9 @@ NodePtr makeLargestMap()
 {
     const NodePtr root = makeRoot();
     for (int i = 0; i < 70; ++i) {
-        const NodePtr folder = std::make_shared<FileNode>(root->pathForChildren(),
-                                                          "folder" + std::to_string(i),
-                                                          FileNode::Kind::directory, root);
-        root->children.push_back(folder);
+        const NodePtr folder = makeChild(root, "folder" + std::to_string(i), FileNode::Kind::directory);
         for (int j = 0; j < 60; ++j) {
-            const NodePtr file = std::make_shared<FileNode>(folder->pathForChildren(),
-                                                            "file" + std::to_string(j), FileNode::Kind::file, folder);
-            folder->children.push_back(file);
+            const NodePtr file = makeChild(folder, "file" + std::to_string(j), FileNode::Kind::file);
             file->size = 1'000'000;
         }
         folder->size = 60'000'000;

@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 
 #include "core/store/path_text.h"
+#include "map/ui/map_metrics.h"
 #include "map/ui/tree_path.h"
 #include "shell/ui/theme.h"
 
@@ -70,18 +71,18 @@ double BreadcrumbModel::naturalWidth(std::size_t row) const
     const bool current = row + 1 == m_crumbs.size();
     const QFontMetricsF metrics(current ? theme.bodySemiboldFont() : theme.bodyFont());
     const double text = std::ceil(metrics.horizontalAdvance(displayText(m_crumbs[row].folder->name)));
-    const double icon = row == 0 ? rootIconSize() + rootIconGap() : 0;
-    return 2 * crumbPadding() + icon + text;
+    const double icon = row == 0 ? MapMetrics::rootIconSize() + MapMetrics::rootIconGap() : 0;
+    return 2 * MapMetrics::crumbPadding() + icon + text;
 }
 
 double BreadcrumbModel::separatorWidth() const
 {
-    return caretSize() + 2 * crumbSpacing();
+    return MapMetrics::crumbCaretSize() + 2 * MapMetrics::crumbSpacing();
 }
 
 double BreadcrumbModel::ellipsisWidth() const
 {
-    return 2 * crumbPadding()
+    return 2 * MapMetrics::crumbPadding()
            + std::ceil(QFontMetricsF(Theme::instance()->bodyFont()).horizontalAdvance(QStringLiteral("…")));
 }
 
@@ -123,6 +124,12 @@ QStringList BreadcrumbModel::collapsedNames() const
             names << displayText(crumb.folder->name);
     }
     return names;
+}
+
+QString BreadcrumbModel::collapsedText() const
+{
+    const qsizetype count = collapsedNames().size();
+    return QString::number(count) + (count == 1 ? QStringLiteral(" more folder") : QStringLiteral(" more folders"));
 }
 
 int BreadcrumbModel::rowCount(const QModelIndex &parent) const

@@ -23,12 +23,8 @@ class BreadcrumbModel : public QAbstractListModel {
     Q_PROPERTY(double availableWidth READ availableWidth WRITE setAvailableWidth NOTIFY availableWidthChanged)
     /// The names of the crumbs behind the ellipsis.
     Q_PROPERTY(QStringList collapsedNames READ collapsedNames NOTIFY collapsedChanged)
-    // The measures that the widths are made of, in points.
-    Q_PROPERTY(int crumbPadding READ crumbPadding CONSTANT)
-    Q_PROPERTY(int crumbSpacing READ crumbSpacing CONSTANT)
-    Q_PROPERTY(int caretSize READ caretSize CONSTANT)
-    Q_PROPERTY(int rootIconSize READ rootIconSize CONSTANT)
-    Q_PROPERTY(int rootIconGap READ rootIconGap CONSTANT)
+    /// The ellipsis in words.
+    Q_PROPERTY(QString collapsedText READ collapsedText NOTIFY collapsedChanged)
 
 public:
     enum Role {
@@ -48,11 +44,7 @@ public:
     [[nodiscard]] double availableWidth() const { return m_availableWidth; }
     void setAvailableWidth(double width);
     [[nodiscard]] QStringList collapsedNames() const;
-    [[nodiscard]] int crumbPadding() const { return 6; }
-    [[nodiscard]] int crumbSpacing() const { return 4; }
-    [[nodiscard]] int caretSize() const { return 12; }
-    [[nodiscard]] int rootIconSize() const { return 15; }
-    [[nodiscard]] int rootIconGap() const { return 6; }
+    [[nodiscard]] QString collapsedText() const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

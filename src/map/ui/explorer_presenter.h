@@ -19,6 +19,9 @@ class ExplorerPresenter : public QObject {
     Q_PROPERTY(QString fileCount READ fileCount NOTIFY changed)
     Q_PROPERTY(bool canGoUp READ canGoUp NOTIFY changed)
     Q_PROPERTY(QString upText READ upText CONSTANT)
+    // What the way and the map are called where they are read out.
+    Q_PROPERTY(QString wayName READ wayName CONSTANT)
+    Q_PROPERTY(QString mapName READ mapName CONSTANT)
     /// The folder shown has no tiles, and what is said in their place.
     Q_PROPERTY(bool empty READ isEmpty NOTIFY changed)
     Q_PROPERTY(QString emptySymbol READ emptySymbol NOTIFY changed)
@@ -36,6 +39,8 @@ public:
     [[nodiscard]] QString fileCount() const;
     [[nodiscard]] bool canGoUp() const;
     [[nodiscard]] QString upText() const;
+    [[nodiscard]] QString wayName() const { return QStringLiteral("Path"); }
+    [[nodiscard]] QString mapName() const { return QStringLiteral("Space Map"); }
     [[nodiscard]] bool isEmpty() const;
     [[nodiscard]] QString emptySymbol() const;
     [[nodiscard]] QString emptyTitle() const;

@@ -66,12 +66,15 @@ void RingNode::show(const QRectF &rect, double cornerRadius, const RingStyle &st
         m_picture = picture;
         m_texture.reset(m_window.createTextureFromImage(paint(picture)));
         for (QSGImageNode *&part : m_parts) {
-            if (!part) {
-                part = m_window.createImageNode();
-                part->setFiltering(QSGTexture::Nearest);
-                appendChildNode(part);
+            if (part) {
+                part->setTexture(m_texture.get());
+                continue;
             }
+            // Complete before it joins the scene: the software renderer looks at its texture at once.
+            part = m_window.createImageNode();
+            part->setFiltering(QSGTexture::Nearest);
             part->setTexture(m_texture.get());
+            appendChildNode(part);
         }
     }
 

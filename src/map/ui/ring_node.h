@@ -6,8 +6,8 @@
 #include <QColor>
 #include <QImage>
 #include <QRectF>
-#include <QSGNode>
 #include <QSGTexture>
+#include <QSGTransformNode>
 
 class QQuickWindow;
 class QSGImageNode;
@@ -25,8 +25,9 @@ struct RingStyle {
 };
 
 /// Draws a ring as nine parts of a small picture, so that moving it costs nothing, however large the
-/// rectangle. Render thread, as every node.
-class RingNode : public QSGNode {
+/// rectangle. A transform node, because the software renderer draws the later children of a plain one without
+/// the item's offset. Render thread, as every node.
+class RingNode : public QSGTransformNode {
 public:
     explicit RingNode(QQuickWindow &window);
     ~RingNode() override;

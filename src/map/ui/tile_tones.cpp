@@ -55,7 +55,7 @@ double luminance(const Rgb &rgb)
 /// The contrast ratio of WCAG 2, from 1 to 21.
 double contrast(const Rgb &a, const Rgb &b)
 {
-    const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
@@ -95,8 +95,8 @@ QColor TileTones::fill(const Color &color, TileRole role, double rank)
         return contrast(ground, mix(ground, ink, sizeInkStrength)) >= sizeInkContrast;
     };
     Rgb ground = mix(own, base, share);
-    for (int steps = 1; !legible(ground) && share + steps * step <= 1; ++steps)
-        ground = mix(own, base, share + steps * step);
+    for (double more = share + step; !legible(ground) && more <= 1; more += step)
+        ground = mix(own, base, more);
 
     const QColor result = toQColor(ground);
     m_fills.insert(key, result.rgb());

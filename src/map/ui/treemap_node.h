@@ -13,8 +13,7 @@ class QSGOpacityNode;
 namespace corvane {
 
 /// What the screen shows of a map: its picture, during a change of folder the other folder's picture, and
-/// the rings above. A transform node, because the software renderer draws the rebuilt children of any other
-/// root without the item's offset. Render thread.
+/// the rings above. A transform node for the same reason as the ring. Render thread.
 class TreemapNode : public QSGTransformNode {
 public:
     explicit TreemapNode(QQuickWindow &window);

@@ -1,0 +1,71 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Corvane.Shell
+import Corvane.Map
+
+/// The way to the folder shown, one level up, and how many files it holds.
+HeaderBand {
+    id: bar
+
+    required property ExplorerPresenter presenter
+    /// The window's own commands, at the right.
+    property Component commands
+
+    PushButton {
+        id: up
+
+        objectName: "upButton"
+        anchors.verticalCenter: parent.verticalCenter
+        width: Theme.controlHeight
+        leftPadding: 0
+        rightPadding: 0
+        iconName: "arrow-up"
+        enabled: bar.presenter.canGoUp
+        onClicked: bar.presenter.goUp()
+
+        Accessible.name: bar.presenter.upText
+        Accessible.role: Accessible.Button
+
+        Tip {
+            text: bar.presenter.upText
+            visible: up.hovered || up.visualFocus
+        }
+    }
+    Row {
+        id: way
+
+        anchors.left: up.right
+        anchors.right: parent.right
+        anchors.leftMargin: Theme.space12
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: MapMetrics.crumbSpacing
+
+        Accessible.role: Accessible.Grouping
+        Accessible.name: bar.presenter.wayName
+
+        Repeater {
+            model: BreadcrumbModel {
+                id: crumbModel
+
+                store: bar.presenter.store
+                availableWidth: way.width
+            }
+            delegate: Crumb {
+                crumbs: crumbModel
+            }
+        }
+    }
+    trailing: PlainText {
+        height: Theme.secondaryLine
+        text: bar.presenter.fileCount
+        font: Theme.secondaryFiguresFont
+        color: Theme.t2
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+    toolbar: Loader {
+        sourceComponent: bar.commands
+        visible: bar.commands !== null
+    }
+}

@@ -1,0 +1,97 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Map
+
+/// The Space Map: the way to a folder, its map, and the list of what it holds.
+Item {
+    id: screen
+
+    /// The window's own commands, shown at the right of the band.
+    property alias toolbar: band.commands
+    readonly property bool wide: width >= Theme.wideContentWidth
+
+    ExplorerPresenter {
+        id: presenter
+
+        store: Store
+    }
+    Shortcut {
+        sequence: "Ctrl+Up"
+        enabled: screen.visible && presenter.canGoUp
+        onActivated: presenter.goUp()
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.surface
+    }
+    BreadcrumbBar {
+        id: band
+
+        width: parent.width
+        presenter: presenter
+    }
+    Item {
+        id: mapPlace
+
+        anchors.left: parent.left
+        anchors.right: rule.left
+        anchors.top: band.bottom
+        anchors.bottom: parent.bottom
+
+        TreemapView {
+            id: map
+
+            objectName: "map"
+            anchors.fill: parent
+            anchors.margins: Theme.mapMargin
+            anchors.rightMargin: Theme.mapListGap
+            store: Store
+            visible: !presenter.empty
+            highlightedRow: list.hoveredRow
+
+            Accessible.role: Accessible.List
+            Accessible.name: presenter.mapName
+
+            onMenuRequested: position => menu.popup(map, position.x, position.y)
+        }
+        EmptyStateView {
+            objectName: "emptyMap"
+            anchors.fill: parent
+            symbol: presenter.emptySymbol
+            title: presenter.emptyTitle
+            message: presenter.emptyText
+            visible: presenter.empty
+        }
+        NodeMenu {
+            id: menu
+
+            target: map.menuTarget
+        }
+    }
+    Rectangle {
+        id: rule
+
+        anchors.right: list.left
+        anchors.top: band.bottom
+        anchors.bottom: parent.bottom
+        width: Theme.hairlineWidth
+        color: Theme.hairline
+    }
+    FolderContentsList {
+        id: list
+
+        anchors.right: parent.right
+        anchors.top: band.bottom
+        anchors.bottom: parent.bottom
+        width: (screen.wide ? Theme.mapListWidth : Theme.mapListWidthNarrow) - Theme.hairlineWidth
+        presenter: presenter
+        markedRow: map.hoveredRow
+        wide: screen.wide
+    }
+    TileInfoPill {
+        id: pill
+
+        parent: map
+        map: map
+    }
+}
