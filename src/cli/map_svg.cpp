@@ -8,7 +8,7 @@
 #include <fmt/format.h>
 
 #include "cli/display_text.h"
-#include "cli/tile_colors.h"
+#include "map/tile_colors.h"
 #include "cli/tile_label.h"
 #include "core/byte_count.h"
 
@@ -84,14 +84,14 @@ void writeLabel(const TileLabel &label, const Rect &tile, const Color &ink, Outp
         return;
     out.write(fmt::format("<text x=\"{}\" y=\"{}\" font-size=\"{}\" fill=\"{}\" fill-opacity=\"{}\"{}>{}</text>",
                           number(tile.x + label.sizeX), number(tile.y + label.sizeBaseline), TileLabel::sizeHeight,
-                          hexColor(ink), sizeInkOpacity, label.sizeEndsAtX ? " text-anchor=\"end\"" : "",
+                          hexColor(ink), TileColors::sizeInkOpacity, label.sizeEndsAtX ? " text-anchor=\"end\"" : "",
                           xmlText(label.size)));
 }
 
 void writeTile(const TreemapTile &tile, double rank, Output &out)
 {
     const TileColors::Role role = roleOf(tile);
-    const TileColors colors = TileColors::of(tile.color, role, rank);
+    const TileColors colors = TileColors::of(tile.color, role, rank, TileColors::Appearance::light);
     const std::string size = formatByteCount(tile.size);
     out.write(fmt::format("<g><title>{}\n{}</title>", xmlText(tile.label), size));
     out.write(fmt::format("<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\"{} fill=\"{}\"/>", number(tile.rect.x),

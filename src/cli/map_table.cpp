@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "cli/display_text.h"
+#include "cli/folder_heading.h"
 #include "core/byte_count.h"
 
 namespace corvane {
@@ -41,15 +42,9 @@ std::string name(const TreemapTile &tile)
 void writeMapTable(const FolderScan &scan, const std::vector<TreemapTile> &tiles, std::string_view home,
                    Console &console)
 {
-    const FileNode &root = *scan.root;
-    console.out.write(console.strong(pathText(root.path(), home)) + "\n");
-    console.out.write(fmt::format("{} in {}\n", formatByteCount(root.size),
-                                  countText(root.fileCount, "file", "files")));
-    if (scan.isCancelled)
-        console.out.write(console.strong(stoppedText) + "\n");
-    console.out.write('\n');
+    writeFolderHeading(scan, home, console);
     if (tiles.empty()) {
-        console.out.write(root.unreadable ? "Can't read this folder\n" : "Nothing big here\n");
+        writeNoItems(*scan.root, console);
         return;
     }
     console.out.write(console.faint(line("Size", "X", "Y", "Width", "Height", "Name")));

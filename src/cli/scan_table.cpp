@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "cli/display_text.h"
+#include "cli/folder_heading.h"
 #include "cli/size_bar.h"
 #include "core/byte_count.h"
 #include "map/treemap_builder.h"
@@ -42,7 +43,7 @@ void writeItems(const FileNode &root, Console &console)
 {
     const std::vector<TreemapItem> items = TreemapBuilder::items(root, itemLimit);
     if (items.empty()) {
-        console.out.write(root.unreadable ? "Can't read this folder\n" : "Nothing big here\n");
+        writeNoItems(root, console);
         return;
     }
     console.out.write(console.strong("Largest items") + "\n");
@@ -69,15 +70,9 @@ void writeTypes(const FileNode &root, Console &console)
 
 void writeScanTable(const FolderScan &scan, std::string_view home, Console &console)
 {
-    const FileNode &root = *scan.root;
-    console.out.write(console.strong(pathText(root.path(), home)) + "\n");
-    console.out.write(fmt::format("{} in {}, scanned in {:.1f} seconds\n", formatByteCount(root.size),
-                                  countText(root.fileCount, "file", "files"), scan.seconds));
-    if (scan.isCancelled)
-        console.out.write(console.strong(stoppedText) + "\n");
-    console.out.write('\n');
-    writeItems(root, console);
-    writeTypes(root, console);
+    writeFolderHeading(scan, home, console);
+    writeItems(*scan.root, console);
+    writeTypes(*scan.root, console);
 }
 
 } // namespace corvane

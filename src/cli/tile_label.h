@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "cli/tile_colors.h"
 #include "map/rect.h"
+#include "map/tile_colors.h"
 
 namespace corvane {
 

@@ -1,14 +1,25 @@
 #include "cli/scan_watch.h"
 
+#include <array>
 #include <chrono>
 #include <csignal>
+#include <cstdio>
+#include <string>
 #include <thread>
 
 #include <gtest/gtest.h>
+#include <poll.h>
+#ifdef __APPLE__
+#include <util.h>
+#else
+#include <pty.h>
+#endif
+#include <unistd.h>
 
 #include "cli/console.h"
 #include "cli/folder_scan.h"
-#include "platform/fake_file_system.h"
+#include "cli/remove_command.h"
+#include "platform/fake_host.h"
 
 namespace corvane {
 
@@ -20,6 +31,46 @@ bool becomesCancelled(const ScanProgress &progress)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     return progress.isCancelled();
 }
+
+/// Standard error on a terminal of the test's own, 60 columns wide.
+class TerminalOnStandardError {
+public:
+    TerminalOnStandardError() : m_saved(dup(STDERR_FILENO))
+    {
+        winsize size{};
+        size.ws_row = 20;
+        size.ws_col = 60;
+        int terminal = -1;
+        EXPECT_EQ(openpty(&m_reader, &terminal, nullptr, nullptr, &size), 0);
+        dup2(terminal, STDERR_FILENO);
+        close(terminal);
+    }
+    ~TerminalOnStandardError()
+    {
+        dup2(m_saved, STDERR_FILENO);
+        close(m_saved);
+        close(m_reader);
+    }
+    TerminalOnStandardError(const TerminalOnStandardError &) = delete;
+    TerminalOnStandardError &operator=(const TerminalOnStandardError &) = delete;
+
+    /// What has been written, once it ends in that text; all there was after ten seconds otherwise.
+    std::string writtenUntil(std::string_view end)
+    {
+        for (int i = 0; i < 1'000 && !m_text.ends_with(end); ++i) {
+            pollfd wait{m_reader, POLLIN, 0};
+            std::array<char, 4096> buffer{};
+            if (poll(&wait, 1, 10) == 1)
+                m_text.append(buffer.data(), static_cast<std::size_t>(read(m_reader, buffer.data(), buffer.size())));
+        }
+        return m_text;
+    }
+
+private:
+    const int m_saved;
+    int m_reader = -1;
+    std::string m_text;
+};
 
 bool defaultHandles(int signal)
 {
@@ -70,9 +121,12 @@ public:
     bool isPackageExtension(std::string_view) override { return false; }
     Expected<void> removeItem(const std::string &path) override
     {
+        ++removals;
         return tl::unexpected(Error{"remove", path, std::make_error_code(std::errc::operation_not_permitted), {}});
     }
     std::string homeFolder() override { return "/home"; }
+
+    int removals = 0;
 };
 
 TEST(ScanWatch, InterruptAndTerminateStopTheScan)
@@ -106,6 +160,32 @@ TEST(ScanWatch, AfterwardsSignalsDoWhatTheyAlwaysDo)
     EXPECT_TRUE(defaultHandles(SIGTERM));
 }
 
+TEST(ScanWatch, ShowsHowFarTheScanIsAndWipesItAway)
+{
+    TerminalOnStandardError terminal;
+    ScanProgress progress;
+    progress.record(1'234, 5'000'000, "/a/folder\x1b[31m/with/a/long/path");
+    {
+        const ScanWatch watch(progress, ScanWatch::Display::shown);
+        const std::string line = terminal.writtenUntil("path");
+        EXPECT_TRUE(line.ends_with("\r\x1b[KScanning… 1,234 files · 5 MB  …folder␛[31m/with/a/long/path")) << line;
+    }
+    EXPECT_TRUE(terminal.writtenUntil("\r\x1b[K").ends_with("\r\x1b[K"));
+}
+
+TEST(ScanWatch, HiddenItWritesNothing)
+{
+    TerminalOnStandardError terminal;
+    ScanProgress progress;
+    progress.record(1, 5'000'000, "/folder");
+    {
+        const ScanWatch watch(progress, ScanWatch::Display::hidden);
+        std::this_thread::sleep_for(std::chrono::milliseconds(250));
+    }
+    std::fputs("end", stderr);
+    EXPECT_EQ(terminal.writtenUntil("end"), "end");
+}
+
 TEST(FolderScan, ACtrlCGivesThePartThatWasScanned)
 {
     const Console console;
@@ -118,6 +198,19 @@ TEST(FolderScan, ACtrlCGivesThePartThatWasScanned)
     EXPECT_EQ(scan.root->size, scan.root->fileCount * 1'000'000);
     EXPECT_TRUE(verify(*scan.root));
     EXPECT_EQ(static_cast<std::int64_t>(scan.summary->allFiles.size()), scan.root->fileCount);
+}
+
+TEST(RemoveCommand, ACtrlCWhileSizesAreMeasuredRemovesNothing)
+{
+    Console console;
+    EndlessFileSystem files;
+    FakeHost fakes;
+    const Host host{files, fakes.trash, fakes.volumes, fakes.desktop};
+    const RemoveCommand command{.paths = {"/endless"}, .permanently = true, .yes = true, .json = false};
+
+    EXPECT_EQ(command.run(console, host), ExitStatus::doneWithFailures);
+
+    EXPECT_EQ(files.removals, 0);
 }
 
 TEST(FolderScan, AScanThatIsLeftAloneIsWhole)

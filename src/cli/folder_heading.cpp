@@ -1,0 +1,26 @@
+#include "cli/folder_heading.h"
+
+#include <fmt/format.h>
+
+#include "cli/display_text.h"
+#include "core/byte_count.h"
+
+namespace corvane {
+
+void writeFolderHeading(const FolderScan &scan, std::string_view home, Console &console)
+{
+    const FileNode &folder = *scan.root;
+    console.out.write(console.strong(pathText(folder.path(), home)) + "\n");
+    console.out.write(fmt::format("{} in {}, scanned in {:.1f} seconds\n", formatByteCount(folder.size),
+                                  countText(folder.fileCount, "file", "files"), scan.seconds));
+    if (scan.isCancelled)
+        console.out.write(console.strong(stoppedText) + "\n");
+    console.out.write('\n');
+}
+
+void writeNoItems(const FileNode &folder, Console &console)
+{
+    console.out.write(folder.unreadable ? "Can't read this folder\n" : "Nothing big here\n");
+}
+
+} // namespace corvane

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+#include "cli/console.h"
+#include "cli/folder_scan.h"
+
+namespace corvane {
+
+/// Writes what stands above a table: the folder, its figures, and that the scan was stopped if it was.
+void writeFolderHeading(const FolderScan &scan, std::string_view home, Console &console);
+
+/// Writes what stands in the place of a table that would have no rows.
+void writeNoItems(const FileNode &folder, Console &console);
+
+} // namespace corvane
