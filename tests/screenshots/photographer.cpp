@@ -10,7 +10,7 @@
 #include <QtTest/QTest>
 
 #include "map/treemap_builder.h"
-#include "screenshots/slow_disk.h"
+#include "screenshots/mac_disk.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {

@@ -4,6 +4,9 @@
 
 namespace corvane {
 
+// The disk that the pictures show. In the program that links this, every volume has a Mac's capacity and free
+// space, whatever the machine's own, so that two machines take the same pictures.
+
 /// How long every listing of a folder takes longer than it does. The Mac-shaped root is read in an instant; a
 /// picture of a scan under way needs a disk that takes its time. Any thread.
 void slowDownListings(std::chrono::milliseconds delay);

@@ -1,0 +1,47 @@
+#include "screenshots/mac_disk.h"
+
+#include <atomic>
+#include <thread>
+
+#include <dirent.h>
+#include <sys/statvfs.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+std::atomic<std::chrono::milliseconds> delay{};
+
+constexpr unsigned long blockSize = 4096;
+constexpr fsblkcnt_t capacity = 994'662'584'320 / blockSize;
+constexpr fsblkcnt_t available = 183'371'001'856 / blockSize;
+
+} // namespace
+
+namespace corvane {
+
+void slowDownListings(std::chrono::milliseconds longer)
+{
+    delay = longer;
+}
+
+} // namespace corvane
+
+// The program's own definitions are found before the C library's.
+
+extern "C" ssize_t getdents64(int descriptor, void *buffer, size_t size) noexcept
+{
+    std::this_thread::sleep_for(delay.load());
+    return syscall(SYS_getdents64, descriptor, buffer, size);
+}
+
+extern "C" int statvfs(const char *, struct statvfs *volume) noexcept
+{
+    *volume = {};
+    volume->f_bsize = blockSize;
+    volume->f_frsize = blockSize;
+    volume->f_blocks = capacity;
+    volume->f_bfree = available;
+    volume->f_bavail = available;
+    return 0;
+}
