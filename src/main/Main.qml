@@ -1,0 +1,21 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Window
+import Corvane.Map
+
+/// The window with every screen that the program has.
+MainWindow {
+    screens: SidebarModel {
+        store: Store
+
+        WindowScreen {
+            item: Store.SidebarItem.explorer
+
+            ExplorerScreen {
+                toolbar: Component {
+                    ScanToolbar {}
+                }
+            }
+        }
+    }
+}

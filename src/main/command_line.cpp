@@ -1,0 +1,41 @@
+#include "main/command_line.h"
+
+namespace corvane {
+
+CommandLine CommandLine::parse(std::span<const std::string_view> arguments)
+{
+    CommandLine line;
+    bool optionsEnded = false;
+    bool hasFolder = false;
+    for (const std::string_view argument : arguments) {
+        if (!optionsEnded && argument == "--") {
+            optionsEnded = true;
+        } else if (!optionsEnded && (argument == "--help" || argument == "-h")) {
+            return {.request = Request::help, .folder = {}, .error = {}};
+        } else if (!optionsEnded && (argument == "--version" || argument == "-v")) {
+            return {.request = Request::version, .folder = {}, .error = {}};
+        } else if (line.request == Request::wrong) {
+            continue;
+        } else if (!optionsEnded && argument.starts_with('-') && argument.size() > 1) {
+            line = {.request = Request::wrong, .folder = {}, .error = "unknown option " + std::string(argument)};
+        } else if (hasFolder || argument.empty()) {
+            line = {.request = Request::wrong, .folder = {}, .error = "name one folder, or none"};
+        } else {
+            line.folder = argument;
+            hasFolder = true;
+        }
+    }
+    return line;
+}
+
+std::string_view CommandLine::helpText()
+{
+    return "Usage: corvane [FOLDER]\n"
+           "\n"
+           "Opens the window. With a folder, scans it at once; without, nothing is read until you ask.\n"
+           "\n"
+           "  -h, --help     show this text\n"
+           "  -v, --version  show the version\n";
+}
+
+} // namespace corvane

@@ -1,0 +1,76 @@
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QQuickStyle>
+
+#include "main/command_line.h"
+#include "main/corvane_app.h"
+
+namespace {
+
+using corvane::CommandLine;
+
+CommandLine commandLine(int argc, char **argv)
+{
+    const std::vector<std::string_view> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    return CommandLine::parse(arguments);
+}
+
+// Without a display Qt's constructor says why in several lines and calls abort(); nobody needs the crash.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString &)
+{
+    if (type != QtFatalMsg)
+        return;
+    std::fputs("corvane: there is no display to open a window on\n", stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // Asked first, so that help does not need a display.
+    const CommandLine::Request request = commandLine(argc, argv).request;
+    if (request == CommandLine::Request::help) {
+        const std::string_view help = CommandLine::helpText();
+        std::fwrite(help.data(), 1, help.size(), stdout);
+        return EXIT_SUCCESS;
+    }
+    if (request == CommandLine::Request::version) {
+        std::puts("corvane " CORVANE_VERSION);
+        return EXIT_SUCCESS;
+    }
+
+    QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
+    QCoreApplication::setOrganizationDomain(QStringLiteral("corvane.app"));
+    QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(CORVANE_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("app.corvane.Corvane"));
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+
+    const QtMessageHandler handler = qInstallMessageHandler(endWithoutDisplay);
+    const QGuiApplication application(argc, argv);
+    qInstallMessageHandler(handler);
+
+    // Qt has taken its own options out by now.
+    const CommandLine line = commandLine(argc, argv);
+    if (line.request == CommandLine::Request::wrong) {
+        std::fprintf(stderr, "corvane: %s (see corvane --help)\n", line.error.c_str());
+        return 2;
+    }
+
+    corvane::CorvaneApp program;
+    if (!program.openWindow())
+        return EXIT_FAILURE;
+    if (!line.folder.empty()) {
+        std::error_code error;
+        const std::filesystem::path folder = std::filesystem::absolute(line.folder, error);
+        program.store().scan(error ? line.folder : folder.string());
+    }
+    return QGuiApplication::exec();
+}

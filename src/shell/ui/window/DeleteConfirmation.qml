@@ -1,0 +1,18 @@
+import Corvane.Shell
+import Corvane.Window
+
+/// The question before something is deleted for good.
+Alert {
+    id: alert
+
+    required property SelectionPresenter selection
+
+    objectName: "deleteConfirm"
+    cancelName: "deleteConfirm.cancel"
+    confirmName: "deleteConfirm.delete"
+    nested: true
+    destructive: true
+    title: selection.confirmTitle
+    message: selection.confirmMessage
+    confirmText: selection.confirmDelete
+}

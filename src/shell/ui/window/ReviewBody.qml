@@ -1,0 +1,117 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Window
+
+/// The inside of the review sheet: the entries and what can be done with them. Return moves them to the Trash.
+FocusScope {
+    id: body
+
+    required property SelectionPresenter selection
+    /// Whether it is looked at.
+    required property bool active
+
+    signal cancelled
+    signal trashWanted
+    signal deleteWanted
+
+    implicitHeight: header.height + list.height + footer.height
+    focus: true
+    Keys.onReturnPressed: body.answerByDefault()
+    Keys.onEnterPressed: body.answerByDefault()
+    Accessible.role: Accessible.Dialog
+    Accessible.name: body.selection.reviewTitle
+
+    function answerByDefault() {
+        if (body.selection.canRemove)
+            body.trashWanted();
+    }
+    function focusDefault() {
+        trash.forceActiveFocus(Qt.PopupFocusReason);
+    }
+
+    Item {
+        id: header
+
+        width: parent.width
+        height: WindowMetrics.reviewHeaderTop + Theme.title2Line + Theme.secondaryLine + WindowMetrics.reviewHeaderBottom
+            + Theme.hairlineWidth
+
+        PlainText {
+            id: heading
+
+            x: Theme.space20
+            y: WindowMetrics.reviewHeaderTop
+            height: Theme.title2Line
+            text: body.selection.reviewTitle
+            font: Theme.title2Font
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+        PlainText {
+            x: Theme.space20
+            anchors.top: heading.bottom
+            height: Theme.secondaryLine
+            text: body.selection.reviewSubtitle
+            font: Theme.secondaryFiguresFont
+            color: Theme.t2
+        }
+        Rectangle {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: Theme.hairlineWidth
+            color: Theme.hairline
+        }
+    }
+    ReviewList {
+        id: list
+
+        active: body.active
+        anchors.top: header.bottom
+        width: parent.width
+    }
+    Item {
+        id: footer
+
+        anchors.top: list.bottom
+        width: parent.width
+        height: Theme.sheetFooterHeight
+
+        Rectangle {
+            width: parent.width
+            height: Theme.hairlineWidth
+            color: Theme.hairline
+        }
+        PushButton {
+            objectName: "reviewSheet.deletePermanently"
+            x: Theme.space20
+            anchors.verticalCenter: parent.verticalCenter
+            text: qsTr("Delete Permanently…")
+            dangerText: true
+            enabled: body.selection.canRemove
+            onClicked: body.deleteWanted()
+        }
+        Row {
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.space20
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: Theme.buttonGap
+
+            PushButton {
+                objectName: "reviewSheet.cancel"
+                text: qsTr("Cancel")
+                onClicked: body.cancelled()
+            }
+            PushButton {
+                id: trash
+
+                objectName: "reviewSheet.moveToTrash"
+                text: body.selection.trashTitle
+                symbol: "trash"
+                primary: true
+                busy: body.selection.removing
+                enabled: body.selection.canRemove
+                onClicked: body.trashWanted()
+            }
+        }
+    }
+}

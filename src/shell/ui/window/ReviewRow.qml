@@ -1,0 +1,48 @@
+import QtQuick
+import QtQuick.Templates as T
+import Corvane.Shell
+import Corvane.Window
+
+/// One entry that is selected for removal, with the button that drops it from the selection.
+T.ItemDelegate {
+    id: row
+
+    required property int index
+    required property string name
+    required property string path
+    required property string size
+    required property string iconKey
+    required property string dropTitle
+
+    signal dropped(row: int)
+
+    implicitHeight: WindowMetrics.reviewRowHeight
+    focusPolicy: Qt.NoFocus
+    highlighted: ListView.isCurrentItem && ListView.view.activeFocus
+    Accessible.role: Accessible.ListItem
+    Accessible.name: name + ", " + size
+    Accessible.description: path
+
+    background: Rectangle {
+        color: row.highlighted ? Theme.accentRow : row.hovered ? Theme.fillq : Theme.withAlpha(Theme.fillq, 0)
+
+        Rectangle {
+            width: parent.width
+            height: Theme.hairlineWidth
+            color: Theme.hairline2
+            visible: row.index > 0
+        }
+        FocusRing {
+            inset: true
+            visible: row.highlighted
+        }
+    }
+    contentItem: ReviewRowContent {
+        name: row.name
+        path: row.path
+        size: row.size
+        iconKey: row.iconKey
+        dropTitle: row.dropTitle
+        onDropped: row.dropped(row.index)
+    }
+}

@@ -1,0 +1,50 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Window
+
+/// The chosen screen, made anew each time it is chosen; the change fades.
+Item {
+    id: view
+
+    required property SidebarModel screens
+
+    function show() {
+        if (screen.screen === view.screens.content)
+            return;
+        screen.screen = null;
+        screen.screen = view.screens.content;
+        fade.restart();
+    }
+
+    Component.onCompleted: show()
+
+    RequiresScan {
+        id: screen
+
+        anchors.fill: parent
+        layer.enabled: fade.running
+        needed: view.screens.needsScan
+        title: view.screens.title
+        symbol: view.screens.symbol
+        prompt: view.screens.scanPrompt
+        promptTitle: view.screens.scanTitle
+        screen: null
+    }
+    NumberAnimation {
+        id: fade
+
+        target: screen
+        property: "opacity"
+        from: 0
+        to: 1
+        duration: Theme.baseDuration
+        easing.type: Easing.OutCubic
+    }
+    Connections {
+        target: view.screens
+
+        function onCurrentChanged() {
+            view.show();
+        }
+    }
+}

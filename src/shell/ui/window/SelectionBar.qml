@@ -1,0 +1,112 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Window
+
+/// What is selected for removal, along the bottom of the detail area. Slides up when the first item is selected
+/// and away with the last.
+FocusScope {
+    id: bar
+
+    required property SelectionPresenter selection
+
+    signal reviewWanted
+
+    /// The height that the bar takes from what is above it.
+    readonly property int takenHeight: visible ? height : 0
+    property real hiddenPart: shown ? 0 : 1
+    readonly property bool shown: !selection.empty
+
+    objectName: "selectionBar"
+    height: Theme.selectionBarHeight
+    visible: hiddenPart < 1
+    Accessible.role: Accessible.Pane
+    Accessible.name: bar.selection.reviewTitle
+
+    transform: Translate {
+        y: Theme.reducedMotion ? 0 : bar.hiddenPart * bar.height
+    }
+    opacity: Theme.reducedMotion ? 1 - hiddenPart : 1
+
+    Behavior on hiddenPart {
+        NumberAnimation {
+            duration: Theme.reducedMotion ? Theme.fastDuration : Theme.panelDuration
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    Rectangle {
+        anchors.bottom: parent.top
+        width: parent.width
+        height: WindowMetrics.selectionShadow
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: Theme.withAlpha(Theme.scrim, 0)
+            }
+            GradientStop {
+                position: 1
+                color: Theme.withAlpha(Theme.scrim, WindowMetrics.selectionShadowOpacity)
+            }
+        }
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.raised
+    }
+    Rectangle {
+        width: parent.width
+        height: Theme.hairlineWidth
+        color: Theme.hairline
+    }
+    Column {
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.pageMargin
+        anchors.right: buttons.left
+        anchors.rightMargin: Theme.space16
+        anchors.verticalCenter: parent.verticalCenter
+
+        PlainText {
+            width: parent.width
+            height: Theme.bodyLine
+            text: bar.selection.countText
+            font: Theme.bodySemiboldFont
+        }
+        PlainText {
+            width: parent.width
+            height: Theme.secondaryLine
+            text: bar.selection.totalText
+            font: Theme.secondaryFiguresFont
+            color: Theme.t2
+        }
+    }
+    Row {
+        id: buttons
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.pageMargin
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.buttonGap
+
+        PushButton {
+            objectName: "reviewButton"
+            text: qsTr("Review")
+            enabled: bar.selection.canRemove
+            onClicked: bar.reviewWanted()
+        }
+        PushButton {
+            objectName: "clearButton"
+            text: qsTr("Clear")
+            enabled: bar.selection.canRemove
+            onClicked: bar.selection.clear()
+        }
+        PushButton {
+            objectName: "moveToTrashButton"
+            text: bar.selection.trashTitle
+            symbol: "trash"
+            primary: true
+            busy: bar.selection.removing
+            enabled: bar.selection.canRemove
+            onClicked: bar.selection.moveToTrash()
+        }
+    }
+}

@@ -1,0 +1,50 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Window
+
+/// Every entry that is selected for removal, to look over, to drop, to remove. Closes when none is left.
+Sheet {
+    id: sheet
+
+    required property SelectionPresenter selection
+
+    objectName: "reviewSheet"
+    title: selection.reviewTitle
+    width: Theme.reviewSheetWidth
+    height: body.implicitHeight
+    onOpened: body.focusDefault()
+
+    function moveToTrash() {
+        sheet.settle();
+        sheet.selection.moveToTrash();
+    }
+    function deletePermanently() {
+        sheet.settle();
+        sheet.selection.deletePermanently();
+    }
+
+    ReviewBody {
+        id: body
+
+        anchors.fill: parent
+        selection: sheet.selection
+        active: sheet.visible
+        onCancelled: sheet.close()
+        onTrashWanted: sheet.moveToTrash()
+        onDeleteWanted: confirmation.open()
+    }
+    DeleteConfirmation {
+        id: confirmation
+
+        selection: sheet.selection
+        onConfirmed: sheet.deletePermanently()
+    }
+    Connections {
+        target: sheet.selection
+
+        function onSelectionChanged() {
+            if (sheet.selection.empty)
+                sheet.settle();
+        }
+    }
+}

@@ -1,0 +1,90 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQml
+import Corvane.Window
+
+/// Every command of the window with its keys, for the menu and for the keyboard alone.
+QtObject {
+    id: actions
+
+    required property SidebarModel screens
+    required property ScanPresenter scan
+    required property SelectionPresenter selection
+    /// Nothing is answered while a sheet wants an answer.
+    required property bool enabled
+
+    signal reviewWanted
+    signal aboutWanted
+
+    readonly property Action scanHome: Action {
+        text: qsTr("Scan Home Folder")
+        shortcut: "Ctrl+R"
+        enabled: actions.enabled
+        onTriggered: actions.scan.scanHome()
+    }
+    readonly property Action scanEntireDisk: Action {
+        text: qsTr("Scan Entire Disk")
+        shortcut: "Ctrl+Shift+R"
+        enabled: actions.enabled
+        onTriggered: actions.scan.scanEntireDisk()
+    }
+    readonly property Action chooseFolder: Action {
+        text: qsTr("Choose Folder to Scan…")
+        shortcut: "Ctrl+O"
+        enabled: actions.enabled
+        onTriggered: actions.scan.chooseFolder()
+    }
+    readonly property Action stopScan: Action {
+        text: qsTr("Stop Scan")
+        shortcut: "Ctrl+."
+        enabled: actions.enabled && actions.scan.scanning
+        onTriggered: actions.scan.stop()
+    }
+    readonly property Action review: Action {
+        text: qsTr("Review Selection…")
+        shortcut: "Ctrl+Shift+S"
+        enabled: actions.enabled && actions.selection.canRemove
+        onTriggered: actions.reviewWanted()
+    }
+    readonly property Action clear: Action {
+        text: qsTr("Clear Selection")
+        enabled: actions.enabled && actions.selection.canRemove
+        onTriggered: actions.selection.clear()
+    }
+    readonly property Action moveToTrash: Action {
+        text: qsTr("Move to Trash")
+        shortcut: "Ctrl+Backspace"
+        enabled: actions.enabled && actions.selection.canRemove
+        onTriggered: actions.selection.moveToTrash()
+    }
+    readonly property Action about: Action {
+        text: qsTr("About %1").arg(Qt.application.name)
+        enabled: actions.enabled
+        onTriggered: actions.aboutWanted()
+    }
+    readonly property Action quit: Action {
+        text: qsTr("Quit")
+        shortcut: "Ctrl+Q"
+        onTriggered: Qt.quit()
+    }
+
+    /// One for each screen, in the order of the sidebar.
+    readonly property Instantiator show: Instantiator {
+        model: actions.screens
+
+        delegate: Action {
+            id: screen
+
+            required property int index
+            required property string title
+            required property string keys
+
+            text: title
+            shortcut: keys
+            enabled: actions.enabled
+            onTriggered: actions.screens.choose(screen.index)
+        }
+    }
+}

@@ -1,0 +1,39 @@
+#include "shell/ui/window/disk_gauge_presenter.h"
+
+#include <algorithm>
+
+#include "core/byte_count.h"
+
+namespace corvane {
+
+void DiskGaugePresenter::setStore(StorageStore *store)
+{
+    if (m_store == store)
+        return;
+    if (m_store)
+        m_store->disconnect(this);
+    m_store = store;
+    if (m_store)
+        connect(m_store, &StorageStore::volumeChanged, this, &DiskGaugePresenter::changed);
+    emit storeChanged();
+    emit changed();
+}
+
+QString DiskGaugePresenter::text() const
+{
+    if (!m_store)
+        return {};
+    const VolumeInfo &volume = m_store->volume();
+    return QString::fromStdString(formatByteCount(volume.available) + " free of " + formatByteCount(volume.total));
+}
+
+double DiskGaugePresenter::usedFraction() const
+{
+    if (!m_store || m_store->volume().total <= 0)
+        return 0;
+    const VolumeInfo &volume = m_store->volume();
+    const double free = static_cast<double>(volume.available) / static_cast<double>(volume.total);
+    return std::clamp(1.0 - free, 0.0, 1.0);
+}
+
+} // namespace corvane

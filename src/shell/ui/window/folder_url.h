@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include <QUrl>
+
+namespace corvane {
+
+/// The path, byte for byte, that a file address stands for; empty for any other address. A name that is not
+/// valid UTF-8 stands percent-encoded in the address and keeps its bytes.
+[[nodiscard]] std::string pathOfFileUrl(const QUrl &url);
+
+} // namespace corvane

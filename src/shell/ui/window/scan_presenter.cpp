@@ -1,0 +1,140 @@
+#include "shell/ui/window/scan_presenter.h"
+
+#include <QLocale>
+
+#include "core/byte_count.h"
+#include "core/store/path_text.h"
+#include "shell/ui/window/folder_url.h"
+
+namespace corvane {
+
+namespace {
+
+QString folderName(const StorageStore &store)
+{
+    const std::string &path = store.lastScanPath();
+    if (path == "/")
+        return displayText(store.volume().name);
+    return displayText(std::string_view(path).substr(path.rfind('/') + 1));
+}
+
+} // namespace
+
+void ScanPresenter::setStore(StorageStore *store)
+{
+    if (m_store == store)
+        return;
+    if (m_store)
+        m_store->disconnect(this);
+    m_store = store;
+    if (m_store) {
+        connect(m_store, &StorageStore::phaseChanged, this, &ScanPresenter::stateChanged);
+        connect(m_store, &StorageStore::treeChanged, this, &ScanPresenter::stateChanged);
+        connect(m_store, &StorageStore::phaseChanged, this, &ScanPresenter::progressChanged);
+        connect(m_store, &StorageStore::progressChanged, this, &ScanPresenter::progressChanged);
+        connect(m_store, &StorageStore::folderWanted, this, &ScanPresenter::folderWanted);
+    }
+    emit storeChanged();
+    emit stateChanged();
+    emit progressChanged();
+}
+
+bool ScanPresenter::isScanning() const
+{
+    return m_store && m_store->phase() == StorageStore::Phase::scanning;
+}
+
+bool ScanPresenter::hasScan() const
+{
+    return m_store && m_store->hasScan();
+}
+
+QString ScanPresenter::scanTitle() const
+{
+    return hasScan() ? QStringLiteral("Rescan") : QStringLiteral("Scan");
+}
+
+QString ScanPresenter::scanSymbol() const
+{
+    return hasScan() ? QStringLiteral("arrow.clockwise") : QString();
+}
+
+QString ScanPresenter::scanHelp() const
+{
+    return QStringLiteral("Scan your home folder");
+}
+
+QString ScanPresenter::stopHelp() const
+{
+    return QStringLiteral("Stop scanning");
+}
+
+QString ScanPresenter::folderPrompt() const
+{
+    return QStringLiteral("Choose a folder or disk for Corvane to analyze");
+}
+
+QString ScanPresenter::heading() const
+{
+    return m_store ? QStringLiteral("Scanning ") + folderName(*m_store) : QString();
+}
+
+QString ScanPresenter::filesCounted() const
+{
+    const QLocale english(QLocale::English, QLocale::UnitedStates);
+    return english.toString(m_store ? static_cast<qlonglong>(m_store->scannedFiles()) : 0);
+}
+
+QString ScanPresenter::spaceFound() const
+{
+    return QString::fromStdString(formatByteCount(m_store ? m_store->scannedBytes() : 0));
+}
+
+QString ScanPresenter::currentPath() const
+{
+    return m_store ? displayText(m_store->currentPath()) : QString();
+}
+
+void ScanPresenter::scanHome()
+{
+    if (m_store)
+        m_store->scanHome();
+}
+
+void ScanPresenter::scanEntireDisk()
+{
+    if (m_store)
+        m_store->scanEntireDisk();
+}
+
+void ScanPresenter::chooseFolder()
+{
+    if (m_store)
+        m_store->chooseFolder();
+}
+
+void ScanPresenter::scanUrl(const QUrl &url)
+{
+    const std::string path = pathOfFileUrl(url);
+    if (m_store && !path.empty())
+        m_store->scan(path);
+}
+
+bool ScanPresenter::accepts(const QList<QUrl> &urls) const
+{
+    return urls.size() == 1 && urls.front().isLocalFile();
+}
+
+void ScanPresenter::scanDropped(const QList<QUrl> &urls)
+{
+    if (accepts(urls))
+        scanUrl(urls.front());
+}
+
+void ScanPresenter::stop()
+{
+    if (m_store)
+        m_store->stopScan();
+}
+
+} // namespace corvane

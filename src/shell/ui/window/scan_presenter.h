@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QList>
+#include <QUrl>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+
+namespace corvane {
+
+/// What the scan controls and the progress of a scan show, and what they do. The figures change with the
+/// store's own progress, a few times a second. Main thread only.
+class ScanPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(bool scanning READ isScanning NOTIFY stateChanged)
+    Q_PROPERTY(bool hasScan READ hasScan NOTIFY stateChanged)
+    Q_PROPERTY(QString scanTitle READ scanTitle NOTIFY stateChanged)
+    Q_PROPERTY(QString scanSymbol READ scanSymbol NOTIFY stateChanged)
+    Q_PROPERTY(QString scanHelp READ scanHelp CONSTANT)
+    Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT)
+    Q_PROPERTY(QString folderPrompt READ folderPrompt CONSTANT)
+    Q_PROPERTY(QString heading READ heading NOTIFY progressChanged)
+    Q_PROPERTY(QString filesCounted READ filesCounted NOTIFY progressChanged)
+    Q_PROPERTY(QString spaceFound READ spaceFound NOTIFY progressChanged)
+    Q_PROPERTY(QString currentPath READ currentPath NOTIFY progressChanged)
+
+public:
+    explicit ScanPresenter(QObject *parent = nullptr) : QObject(parent) {}
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] bool isScanning() const;
+    [[nodiscard]] bool hasScan() const;
+    [[nodiscard]] QString scanTitle() const;
+    /// Empty before the first scan.
+    [[nodiscard]] QString scanSymbol() const;
+    [[nodiscard]] QString scanHelp() const;
+    [[nodiscard]] QString stopHelp() const;
+    [[nodiscard]] QString folderPrompt() const;
+    /// "Scanning " and the name of the folder.
+    [[nodiscard]] QString heading() const;
+    [[nodiscard]] QString filesCounted() const;
+    [[nodiscard]] QString spaceFound() const;
+    [[nodiscard]] QString currentPath() const;
+
+    Q_INVOKABLE void scanHome();
+    Q_INVOKABLE void scanEntireDisk();
+    Q_INVOKABLE void chooseFolder();
+    /// Scans the folder at a file address, byte for byte; other addresses are ignored.
+    Q_INVOKABLE void scanUrl(const QUrl &url);
+    /// Whether something dropped on the window could be a folder to scan: exactly one local item.
+    Q_INVOKABLE [[nodiscard]] bool accepts(const QList<QUrl> &urls) const;
+    Q_INVOKABLE void scanDropped(const QList<QUrl> &urls);
+    Q_INVOKABLE void stop();
+
+signals:
+    void storeChanged();
+    void stateChanged();
+    void progressChanged();
+    /// The user is to be asked for a folder.
+    void folderWanted();
+
+private:
+    QPointer<StorageStore> m_store;
+};
+
+} // namespace corvane

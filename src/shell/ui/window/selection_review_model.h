@@ -1,0 +1,58 @@
+#pragma once
+
+#include <vector>
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/selected_entry.h"
+#include "core/store/storage_store.h"
+
+namespace corvane {
+
+/// The entries that a removal would take, largest first, then by path: the effective selection. Follows the
+/// store by inserting and removing single runs of rows. Main thread only.
+class SelectionReviewModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+
+public:
+    enum Role {
+        NameRole = Qt::UserRole + 1,
+        PathRole,      ///< to be shown: the home folder is "~"
+        SizeRole,      ///< as text
+        IconKeyRole,
+        DropTitleRole, ///< the name of the button that drops the entry
+    };
+
+    explicit SelectionReviewModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+    [[nodiscard]] int count() const { return static_cast<int>(m_entries.size()); }
+
+    /// Takes the row's entry out of the selection. What it covered, if that was selected too, comes up in its
+    /// place.
+    Q_INVOKABLE void drop(int row);
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+signals:
+    void storeChanged();
+    void countChanged();
+
+private:
+    void follow();
+    void removeMissing(const std::vector<SelectedEntry> &wanted);
+    void insertNew(const std::vector<SelectedEntry> &wanted);
+
+    QPointer<StorageStore> m_store;
+    std::vector<SelectedEntry> m_entries;
+};
+
+} // namespace corvane

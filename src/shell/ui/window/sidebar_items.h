@@ -1,0 +1,31 @@
+#pragma once
+
+#include <span>
+
+#include <QString>
+
+#include "core/store/storage_store.h"
+
+namespace corvane {
+
+/// What the window says of one screen. Constant data; any thread.
+struct SidebarItemInfo {
+    enum class Section { storage, findAndRemove };
+
+    StorageStore::SidebarItem item;
+    QString key;    ///< the item's raw value, such as "explorer"
+    QString title;
+    QString symbol;
+    Section section;
+    bool needsScan;
+    QString scanPrompt; ///< why a scan is wanted, where one is needed
+};
+
+/// All eight screens, in the order of the sidebar.
+[[nodiscard]] std::span<const SidebarItemInfo> sidebarItems();
+
+[[nodiscard]] const SidebarItemInfo &sidebarItemInfo(StorageStore::SidebarItem item);
+
+[[nodiscard]] QString sectionTitle(SidebarItemInfo::Section section);
+
+} // namespace corvane

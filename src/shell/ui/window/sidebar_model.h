@@ -1,0 +1,86 @@
+#pragma once
+
+#include <vector>
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QQmlListProperty>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "shell/ui/window/sidebar_items.h"
+#include "shell/ui/window/window_screen.h"
+
+namespace corvane {
+
+/// The rows of the sidebar: one for each screen that the program has, in the sidebar's order whatever order
+/// they were given in. Also tells the window what the chosen screen is. The choice itself lives in the store;
+/// an item without a screen shows the first one there is. Main thread only.
+class SidebarModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_CLASSINFO("DefaultProperty", "screens")
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(QQmlListProperty<corvane::WindowScreen> screens READ screens NOTIFY currentChanged)
+    Q_PROPERTY(int currentRow READ currentRow NOTIFY currentChanged)
+    Q_PROPERTY(QQmlComponent *content READ content NOTIFY currentChanged)
+    Q_PROPERTY(bool needsScan READ needsScan NOTIFY currentChanged)
+    Q_PROPERTY(QString title READ title NOTIFY currentChanged)
+    Q_PROPERTY(QString symbol READ symbol NOTIFY currentChanged)
+    Q_PROPERTY(QString scanTitle READ scanTitle NOTIFY currentChanged)
+    Q_PROPERTY(QString scanPrompt READ scanPrompt NOTIFY currentChanged)
+
+public:
+    enum Role {
+        KeyRole = Qt::UserRole + 1,
+        TitleRole,
+        SymbolRole,
+        SectionRole,       ///< the section's title
+        StartsSectionRole, ///< whether the section's title stands above the row
+        CurrentRole,
+        ShortcutRole,      ///< "Ctrl+1" for the first row, and so on
+    };
+
+    explicit SidebarModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] QQmlListProperty<WindowScreen> screens();
+    /// The model does not own the screen, which must outlive it.
+    void addScreen(WindowScreen *screen);
+
+    /// -1 while there is no screen at all.
+    [[nodiscard]] int currentRow() const;
+    [[nodiscard]] QQmlComponent *content() const;
+    [[nodiscard]] bool needsScan() const;
+    [[nodiscard]] QString title() const;
+    [[nodiscard]] QString symbol() const;
+    /// The heading and the sentence that stand in place of a screen that needs a scan.
+    [[nodiscard]] QString scanTitle() const;
+    [[nodiscard]] QString scanPrompt() const;
+
+    /// Shows the row's screen; rows that do not exist are ignored.
+    Q_INVOKABLE void choose(int row);
+    /// Shows the screen so many rows further down, stopping at the ends.
+    Q_INVOKABLE void step(int rows);
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+signals:
+    void storeChanged();
+    void currentChanged();
+
+private:
+    [[nodiscard]] const SidebarItemInfo &info(int row) const;
+    [[nodiscard]] const SidebarItemInfo *current() const;
+    [[nodiscard]] bool startsSection(int row) const;
+    void announceCurrent();
+
+    QPointer<StorageStore> m_store;
+    std::vector<WindowScreen *> m_screens; // in the sidebar's order
+};
+
+} // namespace corvane

@@ -1,0 +1,62 @@
+#include "shell/ui/window/toast_presenter.h"
+
+#include <algorithm>
+
+#include "core/store/path_text.h"
+
+namespace corvane {
+
+ToastPresenter::ToastPresenter(QObject *parent) : QObject(parent)
+{
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &ToastPresenter::dismiss);
+}
+
+void ToastPresenter::setStore(StorageStore *store)
+{
+    if (m_store == store)
+        return;
+    if (m_store)
+        m_store->disconnect(this);
+    m_store = store;
+    if (m_store)
+        connect(m_store, &StorageStore::toastChanged, this, &ToastPresenter::follow);
+    emit storeChanged();
+    follow();
+}
+
+void ToastPresenter::follow()
+{
+    m_shown = m_store && m_store->toast().has_value();
+    m_timer.stop();
+    if (m_shown) {
+        m_text = displayText(*m_store->toast());
+        m_warning = m_store->toastIsWarning();
+        m_remaining = m_warning ? m_stayWarningDuration : m_stayDuration;
+        if (!m_hovered)
+            m_timer.start(m_remaining);
+    }
+    emit changed();
+}
+
+void ToastPresenter::setHovered(bool hovered)
+{
+    if (m_hovered == hovered)
+        return;
+    m_hovered = hovered;
+    if (m_shown && m_hovered) {
+        m_remaining = std::max(0, m_timer.remainingTime());
+        m_timer.stop();
+    } else if (m_shown) {
+        m_timer.start(m_remaining);
+    }
+    emit hoveredChanged();
+}
+
+void ToastPresenter::dismiss()
+{
+    if (m_store)
+        m_store->dismissToast();
+}
+
+} // namespace corvane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+#include "core/store/storage_store.h"
+#include "platform/fake_host.h"
+
+namespace corvane {
+
+/// A store over a home folder in memory, "/home/studio", on a volume of 994.66 GB.
+struct FakeStore {
+    FakeStore()
+    {
+        fake.files.setHome(home);
+        fake.files.addFile(home + "/Movies/rushes.mov", 27'880'000'000);
+        fake.files.addFile(home + "/notes.txt", 4'096);
+    }
+
+    /// Bytes that the volume says are free from now on.
+    void setAvailable(std::int64_t bytes)
+    {
+        fake.volumes.set("/", {.name = "Macintosh HD",
+                               .total = 994'662'584'320,
+                               .available = bytes,
+                               .availableForImportantUse = {}});
+    }
+
+    /// Selects an item of the home folder.
+    void select(const std::string &name, std::int64_t size) { store.setSelected(home + "/" + name, size, true); }
+
+    const std::string home = "/home/studio";
+    FakeHost fake;
+    ProtectedLocations locations{home, ProtectedPlaces{}};
+    StorageStore store{hostWithVolume(), locations};
+
+private:
+    Host hostWithVolume()
+    {
+        setAvailable(183'370'000'000);
+        return fake.host();
+    }
+};
+
+} // namespace corvane

@@ -1,0 +1,144 @@
+#include "shell/ui/window/scan_presenter.h"
+
+#include <gmock/gmock.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include "shell/ui/window/folder_url.h"
+#include "shell/window/fake_store.h"
+
+namespace corvane {
+namespace {
+
+using Phase = StorageStore::Phase;
+
+struct ScanControls : testing::Test {
+    ScanControls() { presenter.setStore(&fake.store); }
+
+    /// Hands the running scan's result over, as its thread would.
+    void finish()
+    {
+        auto result = std::make_shared<StorageStore::ScanResult>();
+        result->root = std::make_shared<FileNode>(fake.store.lastScanPath(), FileNode::Kind::directory);
+        fake.store.finishScan(std::move(result), fake.store.progress());
+    }
+
+    FakeStore fake;
+    ScanPresenter presenter;
+};
+
+TEST_F(ScanControls, OfferAScanBeforeTheFirstOne)
+{
+    EXPECT_FALSE(presenter.isScanning());
+    EXPECT_EQ(presenter.scanTitle(), "Scan");
+    EXPECT_EQ(presenter.scanSymbol(), "");
+    EXPECT_EQ(presenter.scanHelp(), "Scan your home folder");
+}
+
+TEST_F(ScanControls, OfferARescanOnceAScanExists)
+{
+    QSignalSpy changed(&presenter, &ScanPresenter::stateChanged);
+    presenter.scanHome();
+    EXPECT_TRUE(presenter.isScanning());
+    EXPECT_GE(changed.size(), 1);
+    finish();
+    EXPECT_FALSE(presenter.isScanning());
+    EXPECT_TRUE(presenter.hasScan());
+    EXPECT_EQ(presenter.scanTitle(), "Rescan");
+    EXPECT_EQ(presenter.scanSymbol(), "arrow.clockwise");
+}
+
+TEST_F(ScanControls, ARescanHidesTheOldScan)
+{
+    presenter.scanHome();
+    finish();
+    presenter.scanHome();
+    EXPECT_FALSE(presenter.hasScan());
+}
+
+TEST_F(ScanControls, ScanWhatTheyNameAndNothingElse)
+{
+    presenter.scanHome();
+    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio");
+    EXPECT_EQ(presenter.heading(), "Scanning studio");
+    presenter.scanEntireDisk();
+    EXPECT_EQ(fake.store.lastScanPath(), "/");
+    EXPECT_EQ(presenter.heading(), "Scanning Macintosh HD");
+}
+
+TEST_F(ScanControls, StopAsksTheWalkToStop)
+{
+    presenter.scanHome();
+    EXPECT_FALSE(fake.store.progress()->isCancelled());
+    presenter.stop();
+    EXPECT_TRUE(fake.store.progress()->isCancelled());
+}
+
+TEST_F(ScanControls, ChoosingAFolderAsksTheWindowOnce)
+{
+    QSignalSpy wanted(&presenter, &ScanPresenter::folderWanted);
+    presenter.chooseFolder();
+    EXPECT_EQ(wanted.size(), 1);
+    EXPECT_EQ(fake.store.phase(), Phase::idle);
+    EXPECT_EQ(presenter.folderPrompt(), "Choose a folder or disk for Corvane to analyze");
+}
+
+TEST_F(ScanControls, ProgressIsWrittenForPeople)
+{
+    presenter.scanHome();
+    EXPECT_EQ(presenter.filesCounted(), "0");
+    EXPECT_EQ(presenter.spaceFound(), "Zero KB");
+
+    // After the walk, so that the figures are this test's own.
+    QTRY_VERIFY(!presenter.isScanning());
+    const auto scanned = fake.store.progress()->counters();
+    fake.store.progress()->record(187'406 - scanned.files, 418'920'000'000 - scanned.bytes, "/home/studio/Mov\xff" "ies");
+    QSignalSpy changed(&presenter, &ScanPresenter::progressChanged);
+    finish();
+    EXPECT_GE(changed.size(), 1);
+    EXPECT_EQ(presenter.filesCounted(), "187,406");
+    EXPECT_EQ(presenter.spaceFound(), "418.92 GB");
+    EXPECT_EQ(presenter.currentPath(), QString::fromUtf8("/home/studio/Mov\xef\xbf\xbd" "ies"));
+}
+
+TEST_F(ScanControls, ADroppedFolderIsScanned)
+{
+    const QList<QUrl> folder{QUrl::fromLocalFile("/home/studio/Movies")};
+    EXPECT_TRUE(presenter.accepts(folder));
+    presenter.scanDropped(folder);
+    EXPECT_EQ(fake.store.phase(), Phase::scanning);
+    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio/Movies");
+}
+
+TEST_F(ScanControls, ADroppedFileIsExplainedInTheToast)
+{
+    presenter.scanDropped({QUrl::fromLocalFile("/home/studio/notes.txt")});
+    EXPECT_EQ(fake.store.phase(), Phase::idle);
+    ASSERT_TRUE(fake.store.toast().has_value());
+    EXPECT_TRUE(fake.store.toastIsWarning());
+}
+
+TEST_F(ScanControls, SeveralDroppedItemsAndAddressesOfTheWebAreNotTaken)
+{
+    const QList<QUrl> two{QUrl::fromLocalFile("/home/studio"), QUrl::fromLocalFile("/home/studio/Movies")};
+    const QList<QUrl> web{QUrl("https://example.com/home/studio")};
+    for (const auto &urls : {two, web, QList<QUrl>()}) {
+        EXPECT_FALSE(presenter.accepts(urls));
+        presenter.scanDropped(urls);
+    }
+    EXPECT_EQ(fake.store.phase(), Phase::idle);
+    EXPECT_FALSE(fake.store.toast().has_value());
+}
+
+TEST(FolderUrl, KeepsEveryByteOfAPath)
+{
+    EXPECT_EQ(pathOfFileUrl(QUrl("file:///home/studio/Movies")), "/home/studio/Movies");
+    EXPECT_EQ(pathOfFileUrl(QUrl::fromLocalFile("/tmp/a b#c?d%41é")), "/tmp/a b#c?d%41é");
+    EXPECT_EQ(pathOfFileUrl(QUrl::fromEncoded("file:///tmp/x%FFy%0Az")), "/tmp/x\xffy\nz");
+    EXPECT_EQ(pathOfFileUrl(QUrl("https://example.com/tmp")), "");
+    EXPECT_EQ(pathOfFileUrl(QUrl()), "");
+}
+
+} // namespace
+} // namespace corvane
