@@ -48,7 +48,7 @@ if [[ ! $bin ]]; then
     build bench
     bin=build/bench/bin
 fi
-bin=$(cd "$bin" && pwd)
+cd "$bin"
 
 # A generated folder is whole once its mark lies beside it.
 generate() {
@@ -57,8 +57,8 @@ generate() {
         echo "Generating the $shape folder in $cache (once; ./dev bench --remove takes it away again) …" >&2
         rm -rf "$folder"
         mkdir -p "$cache"
-        "$bin/bench_tree_generator" "$shape" "$seed" "$folder"
-        sync -f "$cache"
+        ./bench_tree_generator "$shape" "$seed" "$folder"
+        sync
         touch "$folder.done"
     fi
 }
@@ -74,30 +74,33 @@ peer() {
 }
 
 scan() {
-    local shape=$1 folder=$cache/$1-$version-$seed
+    local shape=$1 folder=$cache/$1-$version-$seed quoted
+    local conditions=(--at-most floor 1.15 --at-least du 2 --at-least ncdu 2 --at-least gdu 5 --peak 40)
+    quoted=$(printf %q "$folder")
     generate "$shape"
     peers=()
-    if [[ -x $bin/bench_floor ]]; then
-        peer floor "$bin/bench_floor $folder"
+    if [[ -x ./bench_floor ]]; then
+        peer floor "./bench_floor $quoted"
         if [[ $shape == deep ]]; then
-            peer 'floor, one thread' "$bin/bench_floor 1 $folder"
+            peer 'floor, one thread' "./bench_floor 1 $quoted"
         fi
     fi
-    peer du "du -s $folder"
-    peer ncdu "ncdu -0 -o /dev/null $folder"
-    peer gdu "gdu -npc $folder"
-    local before=()
+    peer du "du -s $quoted"
+    peer ncdu "ncdu -0 -o /dev/null $quoted"
+    peer gdu "gdu -npc $quoted"
     if [[ $cold ]]; then
-        before=(--before "sh -c 'sync; echo 3 >/proc/sys/vm/drop_caches'")
+        # The goals are for what the processor has to do; this is the disk.
+        conditions=(--before "sh -c 'sync; echo 3 >/proc/sys/vm/drop_caches'")
     fi
-    "$bin/bench_race" --rounds "$rounds" "${before[@]}" --at-most floor 1.15 --at-least du 2 --at-least ncdu 2 \
-        --at-least gdu 5 --peak 40 'corvane-cli scan' "$bin/corvane-cli scan $folder" "${peers[@]}"
-    echo "  alone:"
-    "$bin/bench_scan" "$folder" | sed 's/^/    /; s/^\(    bytes per folder node: .*\)$/\1 (goal: at most 250, path index included)/'
+    ./bench_race --rounds "$rounds" "${conditions[@]}" 'corvane-cli scan' "./corvane-cli scan $quoted" "${peers[@]}"
+    if [[ -x ./bench_scan ]]; then
+        echo "  one scan by itself:"
+        ./bench_scan "$folder" | sed 's/^/    /; s/bytes per folder node: .*/& (goal: at most 250, path index included)/'
+    fi
     echo
 }
 
-echo "$(nproc) cores, $(if [[ $cold ]]; then echo cold; else echo warm; fi), $rounds rounds"
+echo "$(getconf _NPROCESSORS_ONLN) cores, $(if [[ $cold ]]; then echo cold; else echo warm; fi), $rounds rounds"
 echo
 echo "wide: 400,000 files in 40,000 folders, many of them at the top"
 scan wide
