@@ -45,8 +45,7 @@ public:
         lock.unlock();
 
         t_isWorking = true;
-        while (takeOne(job)) {
-        }
+        while (takeOne(job)) {}
         t_isWorking = isNested;
 
         lock.lock();
@@ -130,8 +129,7 @@ private:
             ++job->helpers;
             ++m_working;
             lock.unlock();
-            while (m_working.load(std::memory_order_relaxed) <= m_cores && takeOne(*job)) {
-            }
+            while (m_working.load(std::memory_order_relaxed) <= m_cores && takeOne(*job)) {}
             lock.lock();
             --m_working;
             if (--job->helpers == 0)
@@ -143,7 +141,8 @@ private:
     /// the lock.
     [[nodiscard]] Job *newestOpenJob() const
     {
-        const auto found = std::find_if(m_jobs.rbegin(), m_jobs.rend(), [](const Job *job) { return !job->isHandedOut(); });
+        const auto found =
+            std::find_if(m_jobs.rbegin(), m_jobs.rend(), [](const Job *job) { return !job->isHandedOut(); });
         return found == m_jobs.rend() ? nullptr : *found;
     }
 

@@ -69,9 +69,12 @@ public:
     void take(const DirectoryEntry &entry)
     {
         switch (entry.type) {
-        case EntryType::symbolicLink: return;
-        case EntryType::directory: return takeFolder(entry);
-        case EntryType::file: return takeFile(entry);
+        case EntryType::symbolicLink:
+            return;
+        case EntryType::directory:
+            return takeFolder(entry);
+        case EntryType::file:
+            return takeFile(entry);
         }
     }
 
@@ -91,8 +94,8 @@ private:
         if (std::ranges::find(m_skipped, entry.name) != m_skipped.end())
             return;
         nodePath();
-        m_visit.subfolders.push_back({std::string(entry.name),
-                                      entry.isPackage ? FileNode::Kind::package : FileNode::Kind::directory});
+        m_visit.subfolders.push_back(
+            {std::string(entry.name), entry.isPackage ? FileNode::Kind::package : FileNode::Kind::directory});
     }
 
     void takeFile(const DirectoryEntry &entry)
@@ -194,8 +197,8 @@ private:
         Expected<std::unique_ptr<OpenFolder>> opened = folder->openChild(subfolder.name);
         if (!opened)
             return true; // unreadable, so of size 0: such a folder has no place in the tree
-        auto node = std::make_shared<FileNode>(level.visit.path, std::move(subfolder.name), subfolder.kind,
-                                               level.visit.node);
+        auto node =
+            std::make_shared<FileNode>(level.visit.path, std::move(subfolder.name), subfolder.kind, level.visit.node);
         node->modified = (*opened)->modified();
         m_path.append("/").append(node->name);
         if (enter(std::move(*opened), node) == Entered::done) {

@@ -19,8 +19,8 @@ struct Scanner {
 
     /// Folders that are never entered, by their whole path: other volumes, what the system shows twice, and
     /// what is no disk space at all. `systemVirtualFolders()` joins them.
-    static constexpr std::array<std::string_view, 7> skipPaths{
-        "/System/Volumes", "/Volumes", "/dev", "/net", "/home", "/private/var/vm", "/cores"};
+    static constexpr std::array<std::string_view, 7> skipPaths{"/System/Volumes", "/Volumes",        "/dev",  "/net",
+                                                               "/home",           "/private/var/vm", "/cores"};
 
     /// The tree of a finished or cancelled walk of the folder at `path` (absolute bytes). Blocks; never fails:
     /// a root that cannot be listed comes back `unreadable`.

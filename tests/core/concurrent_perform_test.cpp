@@ -130,9 +130,7 @@ TEST(ConcurrentPerform, NestedCallsReturnAndCountRight)
 {
     std::atomic<std::size_t> calls = 0;
     concurrentPerform(30, [&](std::size_t outer) {
-        concurrentPerform(outer, [&](std::size_t) {
-            concurrentPerform(3, [&](std::size_t) { ++calls; });
-        });
+        concurrentPerform(outer, [&](std::size_t) { concurrentPerform(3, [&](std::size_t) { ++calls; }); });
     });
     EXPECT_EQ(calls, 30U * 29U / 2U * 3U);
 }

@@ -22,7 +22,8 @@ using testing::IsEmpty;
 
 std::shared_ptr<FileNode> childNamed(const FileNode &folder, std::string_view name)
 {
-    const auto found = std::ranges::find(folder.children, name, [](const auto &child) { return std::string_view(child->name); });
+    const auto found =
+        std::ranges::find(folder.children, name, [](const auto &child) { return std::string_view(child->name); });
     return found == folder.children.end() ? nullptr : *found;
 }
 
@@ -96,12 +97,25 @@ TEST_F(ScannerFoldersTest, ATreeOfManyKindsIsMeasuredRight)
     for (int i = 0; i < 300; ++i) {
         const std::string name = folders[random() % folders.size()] + "/" + std::to_string(i);
         switch (random() % 8) {
-        case 0: temporary.writeFile(name, 1'000'000 + static_cast<std::int64_t>(random() % 100'000)); break;
-        case 1: temporary.writeSparse(name, 50'000'000); break;
-        case 2: temporary.link(name, temporary.path()); break;
-        case 3: temporary.writeText(name, ""); break;
-        case 4: temporary.writeText(name, "some text"); break;
-        default: temporary.makeFolder(name); folders.push_back(name); break;
+        case 0:
+            temporary.writeFile(name, 1'000'000 + static_cast<std::int64_t>(random() % 100'000));
+            break;
+        case 1:
+            temporary.writeSparse(name, 50'000'000);
+            break;
+        case 2:
+            temporary.link(name, temporary.path());
+            break;
+        case 3:
+            temporary.writeText(name, "");
+            break;
+        case 4:
+            temporary.writeText(name, "some text");
+            break;
+        default:
+            temporary.makeFolder(name);
+            folders.push_back(name);
+            break;
         }
     }
     std::map<std::string, Figures> expected;
@@ -196,9 +210,16 @@ TEST_F(ScannerFoldersTest, UnreadableFolderIsDropped)
 
 TEST_F(ScannerFoldersTest, OddNamesComeThroughUnchanged)
 {
-    const std::vector<std::string> names{std::string(255, 'n'),       "two\nlines",    "\"quoted\" 'twice'",
-                                         "\xF0\x9F\x98\x80\xE2\x80\x8D", "not \xff\xfe text", " ",
-                                         "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D", "tab\tand\\backslash", "-rf", "..."};
+    const std::vector<std::string> names{std::string(255, 'n'),
+                                         "two\nlines",
+                                         "\"quoted\" 'twice'",
+                                         "\xF0\x9F\x98\x80\xE2\x80\x8D",
+                                         "not \xff\xfe text",
+                                         " ",
+                                         "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D",
+                                         "tab\tand\\backslash",
+                                         "-rf",
+                                         "..."};
     for (const std::string &name : names) {
         temporary.writeFile("files/" + name, 1'100'000);
         temporary.writeFile("a/b/" + name + "/" + name, 1'200'000);
@@ -309,7 +330,8 @@ TEST_F(ScannerFoldersTest, FilesAndFoldersThatComeAndGoMeanwhileAreNothingSpecia
 TEST_F(ScannerFoldersTest, CancellingFromAnotherThreadEndsTheWalkWithARightTree)
 {
     for (int i = 0; i < 600; ++i)
-        temporary.writeText(std::to_string(i % 10) + "/" + std::to_string(i % 100) + "/" + std::to_string(i) + "/f", "x");
+        temporary.writeText(std::to_string(i % 10) + "/" + std::to_string(i % 100) + "/" + std::to_string(i) + "/f",
+                            "x");
     std::thread canceller([&] {
         while (progress.counters().files < 100)
             std::this_thread::yield();

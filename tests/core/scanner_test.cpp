@@ -223,10 +223,9 @@ TEST_F(ScannerTest, ChildrenAreLargestFirstAndEqualSizesKeepFoldersFirstThenList
     files.addFile("/r/folder a/x", 2'000'000);
     files.addFile("/r/largest", 3'000'000);
     files.addFile("/r/smallest/x", 1);
-    EXPECT_THAT(childrenOf(*scan()),
-                ElementsAre(std::pair("largest", 3'000'000), std::pair("folder b", 2'000'000),
-                            std::pair("folder a", 2'000'000), std::pair("file b", 2'000'000),
-                            std::pair("file a", 2'000'000), std::pair("smallest", 1)));
+    EXPECT_THAT(childrenOf(*scan()), ElementsAre(std::pair("largest", 3'000'000), std::pair("folder b", 2'000'000),
+                                                 std::pair("folder a", 2'000'000), std::pair("file b", 2'000'000),
+                                                 std::pair("file a", 2'000'000), std::pair("smallest", 1)));
 }
 
 TEST_F(ScannerTest, ThereIsNoRoomLeftBehindTheChildren)
@@ -293,11 +292,11 @@ TEST_F(ScannerTest, ARootThatIsALinkIsFollowed)
 
 TEST_F(ScannerTest, WholeDiskNeverEntersOtherVolumesNorWhatIsNoDiskSpace)
 {
-    const std::vector<std::string> skipped{"/System/Volumes", "/Volumes", "/dev",  "/net", "/home", "/private/var/vm",
-                                           "/cores",          "/proc",    "/sys"};
+    const std::vector<std::string> skipped{"/System/Volumes", "/Volumes", "/dev",  "/net", "/home",
+                                           "/private/var/vm", "/cores",   "/proc", "/sys"};
     for (const std::string &folder : skipped)
         files.addFile(folder + "/inside/file", 5'000'000);
-    const std::vector<std::string> entered{"/System/Library",    "/private/var/log", "/Users/me/dev", "/Users/me/Volumes",
+    const std::vector<std::string> entered{"/System/Library",  "/private/var/log", "/Users/me/dev", "/Users/me/Volumes",
                                            "/private/var/vm2", "/device",          "/System/net"};
     for (const std::string &folder : entered)
         files.addFile(folder + "/file", 1'000'000);
@@ -333,11 +332,11 @@ TEST_F(ScannerTest, EveryFolderIsOpenedAndListedOnceAndNothingIsAskedByPath)
         files.addFile(path, 1'000'000);
     scan();
     const auto lines = files.log()->lines();
-    EXPECT_THAT(lines, testing::UnorderedElementsAre("facts /r", "openFolder /r", "list /r", "openChild /r/a", "list /r/a",
-                                                     "openChild /r/a/b", "list /r/a/b", "openChild /r/a/b/c",
-                                                     "list /r/a/b/c", "openChild /r/a/b/c/d", "list /r/a/b/c/d",
-                                                     "openChild /r/a/b/e", "list /r/a/b/e", "openChild /r/f", "list /r/f",
-                                                     "openChild /r/f/g", "list /r/f/g"));
+    EXPECT_THAT(lines, testing::UnorderedElementsAre("facts /r", "openFolder /r", "list /r", "openChild /r/a",
+                                                     "list /r/a", "openChild /r/a/b", "list /r/a/b",
+                                                     "openChild /r/a/b/c", "list /r/a/b/c", "openChild /r/a/b/c/d",
+                                                     "list /r/a/b/c/d", "openChild /r/a/b/e", "list /r/a/b/e",
+                                                     "openChild /r/f", "list /r/f", "openChild /r/f/g", "list /r/f/g"));
 }
 
 TEST_F(ScannerTest, ProgressCountsOnceForEachFolderAndNamesItsPath)

@@ -33,9 +33,10 @@ std::map<std::string, Entry> entriesOf(OpenFolder &folder)
 {
     std::map<std::string, Entry> entries;
     const Expected<void> listed = folder.list([&](const DirectoryEntry &entry) {
-        const bool isNew =
-            entries.try_emplace(std::string(entry.name), Entry{entry.type, entry.isPackage, entry.allocated, entry.modified})
-                .second;
+        const bool isNew = entries
+                               .try_emplace(std::string(entry.name),
+                                            Entry{entry.type, entry.isPackage, entry.allocated, entry.modified})
+                               .second;
         EXPECT_TRUE(isNew) << entry.name;
     });
     EXPECT_TRUE(listed) << listed.error().description();
@@ -157,8 +158,8 @@ TEST_F(LinuxOpenFolderTest, FoldersWithAKnownExtensionArePackages)
 TEST_F(LinuxOpenFolderTest, NamesAreBytes)
 {
     const std::string longest(255, 'n');
-    const std::set<std::string> names{longest, "two\nlines", "\"quoted\" 'twice'", "\xF0\x9F\x98\x80 emoji",
-                                      "not \xff\xfe text", " ", "-rf", "..."};
+    const std::set<std::string> names{
+        longest, "two\nlines", "\"quoted\" 'twice'", "\xF0\x9F\x98\x80 emoji", "not \xff\xfe text", " ", "-rf", "..."};
     for (const std::string &name : names)
         temporary.writeText(name, "x");
     EXPECT_EQ(namesIn(*open(temporary.path())), names);

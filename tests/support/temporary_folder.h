@@ -29,7 +29,8 @@ public:
     TemporaryFolder()
     {
         // Resolved, so that a path compared with what the system answers is the same text.
-        std::string pattern = (std::filesystem::canonical(std::filesystem::temp_directory_path()) / "corvane-test-XXXXXX");
+        std::string pattern =
+            (std::filesystem::canonical(std::filesystem::temp_directory_path()) / "corvane-test-XXXXXX");
         check(::mkdtemp(pattern.data()) != nullptr, "mkdtemp", pattern);
         m_path = pattern;
     }
@@ -53,7 +54,10 @@ public:
     [[nodiscard]] const std::string &path() const { return m_path; }
 
     /// The absolute path of an item inside.
-    [[nodiscard]] std::string operator/(std::string_view relative) const { return m_path + "/" + std::string(relative); }
+    [[nodiscard]] std::string operator/(std::string_view relative) const
+    {
+        return m_path + "/" + std::string(relative);
+    }
 
     /// Makes a folder and those that lead to it; returns its absolute path.
     std::string makeFolder(std::string_view relative) const
@@ -114,7 +118,10 @@ public:
     }
 
     /// Whether taking a folder's permissions away keeps this process out: not for root.
-    [[nodiscard]] static bool canMakeUnreadable() { return ::geteuid() != 0; }
+    [[nodiscard]] static bool canMakeUnreadable()
+    {
+        return ::geteuid() != 0;
+    }
 
     /// Makes a folder, if need be, and takes every permission from it; returns its absolute path.
     std::string makeUnreadable(std::string_view relative)

@@ -156,7 +156,8 @@ bool LinuxFileSystem::canOpen(const std::string &path)
     if (!item)
         return false;
     // A pipe that nobody writes to would keep a plain open waiting.
-    return FileDescriptor(::openat(item->folder(), item->name(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)).isOpen();
+    return FileDescriptor(::openat(item->folder(), item->name(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY))
+        .isOpen();
 }
 
 Expected<std::string> LinuxFileSystem::realPath(const std::string &path)
