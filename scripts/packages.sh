@@ -6,7 +6,7 @@ packages_for() {
     case "$(uname -s)/$1" in
     Linux/build)
         echo git ca-certificates build-essential cmake ninja-build ccache pkg-config python3 \
-            libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libcli11-dev nlohmann-json3-dev
+            libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libplist-dev libcli11-dev nlohmann-json3-dev
         ;;
     Linux/ui)
         # The QML modules are run-time parts that the development packages do not pull in.
@@ -16,12 +16,12 @@ packages_for() {
             qml6-module-qtquick-layouts qml6-module-qtquick-shapes qml6-module-qtquick-dialogs \
             qml6-module-qt-labs-folderlistmodel fonts-inter python3-fonttools fonts-noto-color-emoji
         ;;
-    Linux/test) echo libgtest-dev libgmock-dev bubblewrap dbus-daemon ;;
+    Linux/test) echo libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
     Linux/lint) echo clang-format-14 clang-tidy-14 shellcheck ;;
     Linux/bench) echo hyperfine ncdu gdu ;;
     Linux/macos-check) echo clang-19 libc++-19-dev ;;
     Linux/package) echo file dpkg-dev ;;
-    Darwin/build) echo cmake ninja ccache pkg-config fmt tl-expected cli11 nlohmann-json ;;
+    Darwin/build) echo cmake ninja ccache pkg-config fmt tl-expected libplist cli11 nlohmann-json ;;
     Darwin/ui) echo qt node ;;
     Darwin/test) echo googletest ;;
     Darwin/lint) echo llvm shellcheck ;;

@@ -1,0 +1,64 @@
+#include "core/folder_size.h"
+
+#include <utility>
+#include <vector>
+
+#include "core/checked_add.h"
+#include "platform/folder_chain.h"
+
+namespace corvane {
+
+namespace {
+
+class SizeWalk {
+public:
+    std::int64_t walk(std::unique_ptr<OpenFolder> top)
+    {
+        enter(std::move(top));
+        while (!m_pending.empty()) {
+            OpenFolder *const folder = m_folders.innermost();
+            if (folder == nullptr || m_pending.back().empty()) {
+                m_pending.pop_back();
+                m_folders.pop();
+                continue;
+            }
+            const std::string name = std::move(m_pending.back().back());
+            m_pending.back().pop_back();
+            if (auto child = folder->openChild(name))
+                enter(std::move(*child));
+        }
+        return m_size;
+    }
+
+private:
+    void enter(std::unique_ptr<OpenFolder> folder)
+    {
+        std::vector<std::string> subfolders;
+        std::int64_t size = 0;
+        const auto listed = folder->list([&](const DirectoryEntry &entry) {
+            if (entry.type == EntryType::directory)
+                subfolders.emplace_back(entry.name);
+            else if (entry.type == EntryType::file)
+                size = checkedAdd(size, entry.allocated);
+        });
+        m_size = checkedAdd(m_size, size); // what was listed before a failure is there all the same
+        if (!listed || subfolders.empty())
+            return;
+        m_pending.push_back(std::move(subfolders));
+        m_folders.push(std::move(folder));
+    }
+
+    std::int64_t m_size = 0;
+    FolderChain m_folders;
+    std::vector<std::vector<std::string>> m_pending; // of the same folders, the subfolders not yet entered
+};
+
+} // namespace
+
+std::int64_t folderSize(const std::string &path, FileSystem &files)
+{
+    auto folder = files.openFolder(path);
+    return folder ? SizeWalk().walk(std::move(*folder)) : 0;
+}
+
+} // namespace corvane

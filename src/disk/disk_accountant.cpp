@@ -1,0 +1,286 @@
+#include "disk/disk_accountant.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "cleanup/cleanup_catalog.h"
+#include "core/checked_add.h"
+#include "core/path_guard.h"
+#include "disk/shell.h"
+
+namespace corvane {
+
+namespace {
+
+// What is not larger than this is not worth a row of its own.
+constexpr std::int64_t segmentLimit = 50'000'000;
+constexpr std::size_t childrenShown = 3;
+
+constexpr Color systemColor{0.45, 0.52, 0.62};
+constexpr Color swapColor{0.2, 0.62, 0.7};
+constexpr Color otherVolumeColor{0.78, 0.52, 0.32};
+constexpr Color supportColor{0.6, 0.63, 0.69};
+constexpr Color purgeableColor{0.25, 0.75, 0.62};
+constexpr Color hiddenColor{0.93, 0.42, 0.4};
+
+using Kind = BreakdownSegment::Kind;
+
+bool hasRole(const APFSVolumeInfo &volume, std::string_view role)
+{
+    return std::ranges::find(volume.roles, role) != volume.roles.end();
+}
+
+bool isSupportVolume(const APFSVolumeInfo &volume)
+{
+    constexpr std::array<std::string_view, 7> roles{"Preboot",  "Recovery",  "Update",   "xART",
+                                                    "Hardware", "Prelogin", "Installer"};
+    return std::ranges::any_of(roles, [&volume](std::string_view role) { return hasRole(volume, role); });
+}
+
+std::string plural(std::int64_t count)
+{
+    return count == 1 ? "" : "s";
+}
+
+std::string lastComponent(const std::string &path)
+{
+    return path.substr(path.rfind('/') + 1);
+}
+
+/// Builds one breakdown, step by step; `remainder` is the used space that no segment has explained yet.
+class Composer {
+public:
+    Composer(const ScanContext &scan, const DiskAccountant::Sources &sources)
+        : m_scan(scan), m_sources(sources), m_home(standardizedPath(sources.home, sources.home))
+    {
+        if (scan.rootPath)
+            m_root = standardizedPath(*scan.rootPath, sources.home);
+    }
+
+    DiskBreakdown compose()
+    {
+        const VolumeFacts volume = m_sources.volume();
+        const std::int64_t total = volume.total.value_or(0);
+        const std::int64_t available = volume.available.value_or(0);
+        const std::int64_t important = volume.availableForImportantUse.value_or(available);
+        const auto container = m_sources.container(total);
+
+        m_result.volumeName = volume.name.value_or("Macintosh HD");
+        m_result.fromAPFS = container.has_value();
+        m_result.total = container ? container->ceiling : total;
+        m_result.free = container ? container->free : available;
+        m_result.hasScan = m_root.has_value();
+
+        if (container)
+            addVolumes(*container);
+        else
+            m_remainder = std::max<std::int64_t>(0, checkedSubtract(total, available));
+        addScanned();
+        addLocations();
+        m_result.overcount = std::max<std::int64_t>(0, checkedSubtract(0, m_remainder));
+        m_remainder = std::max<std::int64_t>(0, m_remainder);
+        addPurgeable(std::max<std::int64_t>(0, checkedSubtract(important, available)));
+
+        std::ranges::stable_sort(m_result.segments, std::ranges::greater(), &BreakdownSegment::size);
+        return std::move(m_result);
+    }
+
+private:
+    void add(BreakdownSegment segment) { m_result.segments.push_back(std::move(segment)); }
+
+    void explain(std::int64_t size) { m_remainder = checkedSubtract(m_remainder, size); }
+
+    void addVolumes(const APFSContainerInfo &container)
+    {
+        std::int64_t support = 0;
+        for (const APFSVolumeInfo &volume : container.volumes) {
+            if (hasRole(volume, "System")) {
+                add({"system", Kind::system, "macOS",
+                     "The read-only system volume, sealed and signed by Apple. It can't be cleaned, and it doesn't "
+                     "need to be.",
+                     "apple.logo", systemColor, volume.used, {}, {}, {}});
+            } else if (hasRole(volume, "Data")) {
+                m_remainder = checkedAdd(m_remainder, volume.used);
+            } else if (hasRole(volume, "VM")) {
+                add({"vm", Kind::vm, "Swap & Sleep Image",
+                     "Virtual memory macOS writes to disk when RAM fills up. It shrinks again after a restart.",
+                     "memorychip", swapColor, volume.used, {}, {}, {}});
+            } else if (isSupportVolume(volume)) {
+                support = checkedAdd(support, volume.used);
+            } else {
+                add({"vol-" + volume.name, Kind::otherVolume, volume.name,
+                     "Another volume sharing this disk's space.", "externaldrive", otherVolumeColor, volume.used,
+                     {}, {}, {}});
+            }
+        }
+        if (support > 0) {
+            add({"support", Kind::support, "macOS Support Files",
+                 "Boot files, the Recovery system and staged software updates. Managed by macOS.",
+                 "wrench.and.screwdriver", supportColor, support, {}, {}, {}});
+        }
+    }
+
+    void addScanned()
+    {
+        if (!m_root)
+            return;
+        BreakdownSegment segment{"scanned", Kind::scanned, {}, {}, {}, brandA, m_scan.rootSize, m_scan.topChildren,
+                                 BreakdownAction{BreakdownAction::Kind::openMap, {}}, "Open Space Map"};
+        if (*m_root == "/") {
+            segment.size = std::max<std::int64_t>(0, checkedSubtract(m_scan.rootSize, m_scan.systemDirSize));
+            segment.title = "Files Corvane Scanned";
+            segment.detail = "Everything Corvane could read on the disk. Explore it in the Space Map.";
+            segment.symbol = "internaldrive";
+        } else {
+            segment.title = *m_root == m_home ? "Your Home Folder" : "Scanned: " + lastComponent(*m_root);
+            segment.detail = "Your documents, apps' data, caches and projects. Explore it in the Space Map, or tidy "
+                             "it in Cleanup.";
+            segment.symbol = "house";
+        }
+        explain(segment.size);
+        add(std::move(segment));
+    }
+
+    void addLocations()
+    {
+        if (m_root && *m_root == "/")
+            return;
+        for (const DiskAccountant::Location &location : DiskAccountant::locations) {
+            const std::string path(location.path);
+            if (m_root && (path == *m_root || liesBeneath(path, *m_root)))
+                continue;
+            if (!m_sources.exists(path))
+                continue;
+            auto [size, children] = m_sources.measure(path, m_root);
+            if (size <= segmentLimit)
+                continue;
+            explain(size);
+            add({path, Kind::measured, std::string(location.title), std::string(location.detail),
+                 std::string(location.symbol), location.color, size, std::move(children),
+                 BreakdownAction{BreakdownAction::Kind::reveal, path}, "Show in Finder"});
+        }
+    }
+
+    void addPurgeable(std::int64_t purgeable)
+    {
+        m_result.purgeable = purgeable;
+        m_result.snapshots = m_sources.snapshots();
+        const std::int64_t shown = std::min(purgeable, m_remainder);
+        if (shown > segmentLimit) {
+            std::string detail = "Local Time Machine snapshots, iCloud copies and caches that macOS frees "
+                                 "automatically when you need room. Finder counts it as available.";
+            if (const auto count = static_cast<std::int64_t>(m_result.snapshots.size()); count > 0)
+                detail += fmt::format(" {} local Time Machine snapshot{} found.", count, plural(count));
+            add({"purgeable", Kind::purgeable, "Purgeable Space", std::move(detail), "clock.arrow.2.circlepath",
+                 purgeableColor, shown, {}, {}, {}});
+        }
+        const std::int64_t hidden = checkedSubtract(m_remainder, shown);
+        if (hidden > segmentLimit)
+            addHidden(hidden);
+    }
+
+    void addHidden(std::int64_t size)
+    {
+        BreakdownSegment segment{"hidden", Kind::hidden, {}, {}, {}, hiddenColor, size, {}, {}, {}};
+        if (!m_root) {
+            segment.title = "Not Scanned Yet";
+            segment.symbol = "questionmark.folder";
+            segment.detail = "Not scanned yet. Scan your home folder and most of this turns into named folders you "
+                             "can explore.";
+            segment.action = BreakdownAction{BreakdownAction::Kind::scanHome, {}};
+            segment.actionTitle = "Scan Home Folder";
+        } else {
+            segment.title = "Hidden System Data";
+            segment.symbol = "eye.slash";
+            if (*m_root != "/" && *m_root != m_home && !liesBeneath(m_home, *m_root))
+                segment.detail = "Includes the parts of your home folder outside this scan. ";
+            segment.detail += "Files macOS doesn't let apps measure: system caches and logs in /private/var, other "
+                              "users' folders, the Spotlight index and snapshot data.";
+            if (m_scan.unreadableCount > 0) {
+                segment.detail += fmt::format(" Corvane couldn't open {} folder{} during the scan.",
+                                              m_scan.unreadableCount, plural(m_scan.unreadableCount));
+            }
+            if (!m_scan.hasFullDiskAccess) {
+                segment.action = BreakdownAction{BreakdownAction::Kind::fullDiskAccess, {}};
+                segment.actionTitle = "Grant Full Disk Access";
+            }
+        }
+        add(std::move(segment));
+    }
+
+    const ScanContext &m_scan;
+    const DiskAccountant::Sources &m_sources;
+    const std::string m_home;
+    std::optional<std::string> m_root;
+    std::int64_t m_remainder = 0;
+    DiskBreakdown m_result;
+};
+
+} // namespace
+
+const std::array<DiskAccountant::Location, 5> DiskAccountant::locations{{
+    {"/Applications", "Applications",
+     "Apps installed for everyone on this Mac. Remove ones you no longer use from Large Files or Finder.", "app.badge",
+     {0.24, 0.52, 0.98}},
+    {"/Library", "System-wide Library",
+     "Shared app data, iOS Simulator runtimes, fonts, audio plug-ins and printer drivers.", "building.columns",
+     {0.62, 0.36, 0.96}},
+    {"/opt", "Homebrew (/opt)", "Homebrew packages on Apple Silicon. Tip: `brew cleanup` removes old versions.", "mug",
+     {0.98, 0.56, 0.22}},
+    {"/usr/local", "/usr/local", "Command-line tools and Homebrew on Intel Macs.", "terminal", {0.9, 0.68, 0.16}},
+    {"/Users/Shared", "Shared Folder", "Files shared between all users of this Mac.", "person.2", {0.13, 0.68, 0.74}},
+}};
+
+DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Sources &sources)
+{
+    return Composer(scan, sources).compose();
+}
+
+DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Host &host)
+{
+    Sources sources;
+    sources.volume = [&host] { return host.volumes.facts("/"); };
+    sources.container = &APFSContainerInfo::load;
+    sources.snapshots = &DiskAccountant::loadSnapshots;
+    sources.exists = [&host](const std::string &path) { return host.files.exists(path); };
+    sources.measure = [&host](const std::string &path, const std::optional<std::string> &excluding) {
+        return measure(path, excluding, host.files);
+    };
+    sources.home = host.files.homeFolder();
+    return compute(scan, sources);
+}
+
+DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
+                                                    const std::optional<std::string> &excluding, FileSystem &files)
+{
+    std::vector<std::string> names;
+    auto folder = files.openFolder(path);
+    if (!folder || !(*folder)->list([&names](const DirectoryEntry &entry) { names.emplace_back(entry.name); }))
+        return {CleanupCatalog::allocatedSize(path, files), {}};
+
+    std::vector<NamedSize> children;
+    for (std::string &name : names) {
+        const std::string child = path + "/" + name;
+        // A child that contains the scanned folder is left out whole rather than partly.
+        if (excluding && (child == *excluding || liesBeneath(*excluding, child)))
+            continue;
+        const std::int64_t size = CleanupCatalog::allocatedSize(child, files);
+        if (size > 0)
+            children.push_back({std::move(name), size});
+    }
+    std::ranges::stable_sort(children, std::ranges::greater(), &NamedSize::size);
+    std::int64_t total = 0;
+    for (const NamedSize &child : children)
+        total = checkedAdd(total, child.size);
+    children.resize(std::min(children.size(), childrenShown));
+    return {total, std::move(children)};
+}
+
+std::vector<LocalSnapshot> DiskAccountant::loadSnapshots()
+{
+    const auto listing = Shell::run("/usr/bin/tmutil", {"listlocalsnapshots", "/"});
+    return listing ? LocalSnapshot::parse(*listing) : std::vector<LocalSnapshot>();
+}
+
+} // namespace corvane

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "core/color.h"
+#include "disk/apfs_container_info.h"
+#include "disk/disk_breakdown.h"
+#include "disk/local_snapshot.h"
+#include "platform/host.h"
+
+namespace corvane {
+
+/// Explains the whole start-up disk. Holds no state; every call blocks and belongs off the main thread.
+struct DiskAccountant {
+    /// A folder outside the home folder that is measured for the breakdown.
+    struct Location {
+        std::string_view path;
+        std::string_view title;
+        std::string_view detail;
+        std::string_view symbol;
+        Color color;
+    };
+    static const std::array<Location, 5> locations;
+
+    /// A location's size and its three largest children.
+    using Measurement = std::pair<std::int64_t, std::vector<NamedSize>>;
+
+    /// Where the figures come from; each may be replaced for a test.
+    struct Sources {
+        std::function<VolumeFacts()> volume;
+        std::function<std::optional<APFSContainerInfo>(std::int64_t)> container;
+        std::function<std::vector<LocalSnapshot>()> snapshots;
+        std::function<bool(const std::string &)> exists;
+        std::function<Measurement(const std::string &, const std::optional<std::string> &)> measure;
+        std::string home;
+    };
+
+    [[nodiscard]] static DiskBreakdown compute(const ScanContext &scan, const Host &host = systemHost());
+    [[nodiscard]] static DiskBreakdown compute(const ScanContext &scan, const Sources &sources);
+
+    /// The allocated size of a folder's children, without the child that is, or contains, `excluding`.
+    [[nodiscard]] static Measurement measure(const std::string &path, const std::optional<std::string> &excluding,
+                                             FileSystem &files = systemHost().files);
+
+    /// The local snapshots in the system's order; none on any failure.
+    [[nodiscard]] static std::vector<LocalSnapshot> loadSnapshots();
+};
+
+} // namespace corvane

@@ -1,0 +1,108 @@
+#include "disk/local_snapshot.h"
+
+#include <algorithm>
+#include <charconv>
+#include <ctime>
+
+namespace corvane {
+
+namespace {
+
+constexpr std::size_t stampLength = 17; // "2024-05-01-101500"
+
+bool isValidUtf8(std::string_view bytes)
+{
+    for (std::size_t i = 0; i < bytes.size();) {
+        const auto lead = static_cast<unsigned char>(bytes[i]);
+        const std::size_t length = lead < 0x80 ? 1 : lead >= 0xc2 && lead < 0xe0 ? 2 : lead >= 0xe0 && lead < 0xf0 ? 3 : lead >= 0xf0 && lead < 0xf5 ? 4 : 0;
+        if (length == 0 || i + length > bytes.size())
+            return false;
+        for (std::size_t k = 1; k < length; ++k) {
+            if ((static_cast<unsigned char>(bytes[i + k]) & 0xc0) != 0x80)
+                return false;
+        }
+        const auto second = length > 1 ? static_cast<unsigned char>(bytes[i + 1]) : 0;
+        if ((lead == 0xe0 && second < 0xa0) || (lead == 0xed && second > 0x9f) || (lead == 0xf0 && second < 0x90)
+            || (lead == 0xf4 && second > 0x8f)) {
+            return false; // overlong, a surrogate, or beyond U+10FFFF
+        }
+        i += length;
+    }
+    return true;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+std::optional<int> number(std::string_view digits)
+{
+    int value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec != std::errc() || result.ptr != digits.data() + digits.size() || digits.front() == '-')
+        return std::nullopt;
+    return value;
+}
+
+// "yyyy-MM-dd-HHmmss" in local time.
+std::optional<Time> timeFromStamp(std::string_view stamp)
+{
+    if (stamp[4] != '-' || stamp[7] != '-' || stamp[10] != '-')
+        return std::nullopt;
+    const auto year = number(stamp.substr(0, 4));
+    const auto month = number(stamp.substr(5, 2));
+    const auto day = number(stamp.substr(8, 2));
+    const auto hour = number(stamp.substr(11, 2));
+    const auto minute = number(stamp.substr(13, 2));
+    const auto second = number(stamp.substr(15, 2));
+    if (!year || !month || !day || !hour || !minute || !second || *hour > 23 || *minute > 59 || *second > 59)
+        return std::nullopt;
+    const std::chrono::year_month_day date{std::chrono::year(*year), std::chrono::month(static_cast<unsigned>(*month)),
+                                           std::chrono::day(static_cast<unsigned>(*day))};
+    if (!date.ok())
+        return std::nullopt;
+    std::tm local{};
+    local.tm_year = *year - 1900;
+    local.tm_mon = *month - 1;
+    local.tm_mday = *day;
+    local.tm_hour = *hour;
+    local.tm_min = *minute;
+    local.tm_sec = *second;
+    local.tm_isdst = -1;
+    return Time(std::chrono::seconds(std::mktime(&local)));
+}
+
+// The first dot-separated piece that looks like a stamp decides, whether it can be read or not.
+std::optional<Time> timeFromName(std::string_view name)
+{
+    while (!name.empty()) {
+        const std::string_view piece = name.substr(0, name.find('.'));
+        if (piece.size() == stampLength && piece.front() >= '0' && piece.front() <= '9')
+            return timeFromStamp(piece);
+        name.remove_prefix(std::min(piece.size() + 1, name.size()));
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::vector<LocalSnapshot> LocalSnapshot::parse(std::string_view listing)
+{
+    std::vector<LocalSnapshot> snapshots;
+    if (!isValidUtf8(listing))
+        return snapshots;
+    while (!listing.empty()) {
+        const std::string_view rawLine = listing.substr(0, listing.find('\n'));
+        listing.remove_prefix(std::min(rawLine.size() + 1, listing.size()));
+        const std::string_view line = trimmed(rawLine);
+        if (line.starts_with("com.apple"))
+            snapshots.push_back({std::string(line), timeFromName(line)});
+    }
+    return snapshots;
+}
+
+} // namespace corvane

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+/// Runs the system's command-line tools.
+struct Shell {
+    /// The whole standard output of the tool at `path`, or nothing when it is not executable, could not be
+    /// started or exited with another status than 0. Blocks until it has exited.
+    [[nodiscard]] static std::optional<std::string> run(const std::string &path,
+                                                        const std::vector<std::string> &arguments);
+};
+
+} // namespace corvane

@@ -1,0 +1,144 @@
+#include "platform/process_runner.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char **environ; // NOLINT: declared by no header on macOS
+
+namespace corvane {
+
+namespace {
+
+Error failure(std::string operation, const std::string &path, int code)
+{
+    return {std::move(operation), path, std::error_code(code, std::generic_category()), {}};
+}
+
+/// One end of a pipe; closed by its destructor.
+class Descriptor {
+public:
+    explicit Descriptor(int fd = -1) : m_fd(fd) {}
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+    ~Descriptor() { close(); }
+
+    [[nodiscard]] int get() const { return m_fd; }
+    [[nodiscard]] bool isOpen() const { return m_fd >= 0; }
+    void set(int fd)
+    {
+        close();
+        m_fd = fd;
+    }
+    void close()
+    {
+        if (m_fd >= 0)
+            ::close(m_fd);
+        m_fd = -1;
+    }
+
+private:
+    int m_fd;
+};
+
+struct Pipe {
+    Descriptor read;
+    Descriptor write;
+
+    bool open()
+    {
+        std::array<int, 2> ends{};
+#ifdef __linux__
+        if (::pipe2(ends.data(), O_CLOEXEC) != 0)
+            return false;
+#else
+        if (::pipe(ends.data()) != 0)
+            return false;
+        ::fcntl(ends[0], F_SETFD, FD_CLOEXEC);
+        ::fcntl(ends[1], F_SETFD, FD_CLOEXEC);
+#endif
+        read.set(ends[0]);
+        write.set(ends[1]);
+        return true;
+    }
+};
+
+// Reads what is there; closes the end at its end. `into` null: thrown away.
+void drain(Descriptor &end, std::string *into)
+{
+    std::array<char, 65536> buffer{};
+    const ssize_t count = ::read(end.get(), buffer.data(), buffer.size());
+    if (count > 0) {
+        if (into != nullptr)
+            into->append(buffer.data(), static_cast<std::size_t>(count));
+    } else if (count == 0 || errno != EINTR) {
+        end.close();
+    }
+}
+
+} // namespace
+
+Expected<std::string> runProcess(const std::string &path, const std::vector<std::string> &arguments)
+{
+    struct stat facts {};
+    if (::stat(path.c_str(), &facts) != 0)
+        return tl::unexpected(failure("start", path, errno));
+    if (!S_ISREG(facts.st_mode) || ::access(path.c_str(), X_OK) != 0)
+        return tl::unexpected(failure("start", path, EACCES));
+
+    Pipe output;
+    Pipe errors;
+    if (!output.open() || !errors.open())
+        return tl::unexpected(failure("start", path, errno));
+
+    std::vector<char *> argv;
+    argv.push_back(const_cast<char *>(path.c_str())); // NOLINT: posix_spawn takes char *const but writes nothing
+    for (const std::string &argument : arguments)
+        argv.push_back(const_cast<char *>(argument.c_str())); // NOLINT
+    argv.push_back(nullptr);
+
+    posix_spawn_file_actions_t actions{};
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&actions, output.write.get(), STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, errors.write.get(), STDERR_FILENO);
+    pid_t child = 0;
+    const int started = ::posix_spawn(&child, path.c_str(), &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (started != 0)
+        return tl::unexpected(failure("start", path, started));
+    output.write.close();
+    errors.write.close();
+
+    std::string text;
+    while (output.read.isOpen() || errors.read.isOpen()) {
+        // poll() passes over a descriptor of -1.
+        std::array<pollfd, 2> waited{pollfd{output.read.get(), POLLIN, 0}, pollfd{errors.read.get(), POLLIN, 0}};
+        if (::poll(waited.data(), waited.size(), -1) < 0) {
+            if (errno == EINTR)
+                continue;
+            break;
+        }
+        if (waited[0].revents != 0)
+            drain(output.read, &text);
+        if (waited[1].revents != 0)
+            drain(errors.read, nullptr);
+    }
+
+    int status = 0;
+    while (::waitpid(child, &status, 0) < 0) {
+        if (errno != EINTR)
+            return tl::unexpected(failure("wait for", path, errno));
+    }
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        return tl::unexpected(failure("run", path, ECANCELED));
+    return text;
+}
+
+} // namespace corvane

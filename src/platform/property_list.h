@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace corvane {
+
+/// A value of a property list. Dates and raw data are read over: nothing here needs them.
+class PropertyList {
+public:
+    using Array = std::vector<PropertyList>;
+    using Dictionary = std::map<std::string, PropertyList>;
+
+    PropertyList() = default;
+    explicit PropertyList(bool value) : m_value(value) {}
+    explicit PropertyList(std::int64_t value) : m_value(value) {}
+    explicit PropertyList(double value) : m_value(value) {}
+    explicit PropertyList(std::string value) : m_value(std::move(value)) {}
+    explicit PropertyList(Array value) : m_value(std::move(value)) {}
+    explicit PropertyList(Dictionary value) : m_value(std::move(value)) {}
+
+    /// Reads an XML or binary property list; nothing for anything else, whatever it is.
+    [[nodiscard]] static std::optional<PropertyList> parse(std::string_view bytes);
+
+    /// Each gives null when the value is of another type.
+    [[nodiscard]] const std::string *string() const { return std::get_if<std::string>(&m_value); }
+    [[nodiscard]] const Array *array() const { return std::get_if<Array>(&m_value); }
+    [[nodiscard]] const Dictionary *dictionary() const { return std::get_if<Dictionary>(&m_value); }
+    /// The value of a dictionary's key, or null.
+    [[nodiscard]] const PropertyList *find(const std::string &key) const;
+    /// A number, the fraction dropped; nothing for anything else.
+    [[nodiscard]] std::optional<std::int64_t> integer() const;
+    /// A truth value, or a number's not being 0.
+    [[nodiscard]] std::optional<bool> boolean() const;
+
+private:
+    std::variant<std::monostate, bool, std::int64_t, double, std::string, Array, Dictionary> m_value;
+};
+
+} // namespace corvane

@@ -1,0 +1,177 @@
+#include "cleanup/cleanup_catalog.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "platform/fake_host.h"
+#include "support/temporary_folder.h"
+
+namespace corvane {
+namespace {
+
+/// The real file system with another home folder.
+class HomeIn : public FileSystem {
+public:
+    explicit HomeIn(std::string home) : m_home(std::move(home)) {}
+
+    Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &path) override
+    {
+        if (path == unlistable)
+            return tl::unexpected(Error{"open", path, std::make_error_code(std::errc::operation_not_permitted), {}});
+        return m_files.openFolder(path);
+    }
+    Expected<ItemFacts> facts(const std::string &path) override { return m_files.facts(path); }
+    bool exists(const std::string &path) override { return m_files.exists(path); }
+    bool canOpen(const std::string &path) override { return m_files.canOpen(path); }
+    Expected<std::string> realPath(const std::string &path) override { return m_files.realPath(path); }
+    bool isPackageExtension(std::string_view extension) override { return m_files.isPackageExtension(extension); }
+    Expected<void> removeItem(const std::string &path) override { return m_files.removeItem(path); }
+    std::string homeFolder() override { return m_home; }
+
+    std::string unlistable;
+
+private:
+    FileSystem &m_files = systemHost().files;
+    std::string m_home;
+};
+
+class CleanupCatalogTest : public testing::Test {
+protected:
+    const CleanupDefinition &definition(std::string_view id) const
+    {
+        return *std::ranges::find(CleanupCatalog::definitions, id, &CleanupDefinition::id);
+    }
+    std::int64_t sizeOf(const std::string &relative)
+    {
+        return CleanupCatalog::allocatedSize(folder.path() + "/" + relative, files);
+    }
+
+    TemporaryFolder folder;
+    HomeIn files{folder.path()};
+};
+
+TEST_F(CleanupCatalogTest, AMissingFolderIsAnEmptyItemThatIsAccessible)
+{
+    const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
+    EXPECT_TRUE(item.entries.empty());
+    EXPECT_EQ(item.total(), 0);
+    EXPECT_TRUE(item.accessible);
+}
+
+TEST_F(CleanupCatalogTest, AFolderThatCannotBeListedIsNotAccessible)
+{
+    folder.writeFile("Library/Logs/a.log", 8192);
+    files.unlistable = folder.path() + "/Library/Logs";
+    const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
+    EXPECT_FALSE(item.accessible);
+    EXPECT_TRUE(item.entries.empty());
+}
+
+TEST_F(CleanupCatalogTest, AFileInTheFoldersPlaceIsNotAccessible)
+{
+    folder.writeFile("Library/Logs", 8192);
+    EXPECT_FALSE(CleanupCatalog::measure(definition("logs"), files).accessible);
+}
+
+TEST_F(CleanupCatalogTest, EntriesAreTheDirectChildrenLargestFirst)
+{
+    folder.writeFile("Library/Logs/small.log", 8192);
+    folder.writeFile("Library/Logs/App/deep/large.log", 40'960);
+    folder.writeFile("Library/Logs/.hidden", 20'480);
+    const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
+    const std::string logs = folder.path() + "/Library/Logs/";
+    EXPECT_EQ(item.entries,
+              (std::vector<CleanupEntry>{{logs + "App", 40'960}, {logs + ".hidden", 20'480}, {logs + "small.log", 8192}}));
+    EXPECT_EQ(item.total(), 40'960 + 20'480 + 8192);
+}
+
+TEST_F(CleanupCatalogTest, IgnoredNamesAreNeverListedWhateverTheirSize)
+{
+    folder.writeFile("Library/Logs/.DS_Store", 40'960);
+    folder.writeFile("Library/Logs/.localized", 40'960);
+    folder.writeFile("Library/Logs/.ds_store", 8192);
+    const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
+    ASSERT_EQ(item.entries.size(), 1u);
+    EXPECT_EQ(item.entries.front().path, folder.path() + "/Library/Logs/.ds_store");
+}
+
+TEST_F(CleanupCatalogTest, LinksEmptyFoldersAndEmptyFilesAreNotListed)
+{
+    folder.writeFile("target/big", 40'960);
+    folder.makeFolder("Library/Logs/empty");
+    folder.writeText("Library/Logs/nothing", "");
+    folder.link("Library/Logs/link", folder.path() + "/target");
+    EXPECT_TRUE(CleanupCatalog::measure(definition("logs"), files).entries.empty());
+}
+
+TEST_F(CleanupCatalogTest, AllEighteenAreThereLargestTotalFirst)
+{
+    folder.writeFile("Library/Logs/a", 8192);
+    folder.writeFile("Downloads/b", 40'960);
+    folder.writeFile(".npm/_cacache/c", 20'480);
+    const auto items = CleanupCatalog::measureAll(files);
+    ASSERT_EQ(items.size(), 18u);
+    EXPECT_EQ(items[0].def->id, "downloads");
+    EXPECT_EQ(items[1].def->id, "npm");
+    EXPECT_EQ(items[2].def->id, "logs");
+    EXPECT_TRUE(std::ranges::is_sorted(items, std::ranges::greater(), &CleanupItem::total));
+    for (const CleanupDefinition &row : CleanupCatalog::definitions)
+        EXPECT_EQ(std::ranges::count(items, &row, &CleanupItem::def), 1) << row.id;
+}
+
+TEST_F(CleanupCatalogTest, AllocatedSizeOfAFileIsWhatItOccupies)
+{
+    folder.writeFile("plain", 8192);
+    std::filesystem::resize_file(folder.writeText("sparse", ""), 100'000'000);
+    EXPECT_EQ(sizeOf("plain"), 8192);
+    EXPECT_EQ(sizeOf("sparse"), 0);
+}
+
+TEST_F(CleanupCatalogTest, AllocatedSizeOfAFolderCountsEveryFileBeneathIt)
+{
+    folder.writeFile("top/a", 8192);
+    folder.writeFile("top/.hidden/b", 8192);
+    folder.writeFile("top/Thing.app/Contents/c", 8192);
+    EXPECT_EQ(sizeOf("top"), 3 * 8192);
+}
+
+TEST_F(CleanupCatalogTest, AllocatedSizeNeverFollowsALink)
+{
+    folder.writeFile("target/big", 40'960);
+    folder.writeFile("top/a", 8192);
+    folder.link("top/link", folder.path() + "/target");
+    folder.link("link", folder.path() + "/target");
+    EXPECT_EQ(sizeOf("top"), 8192);
+    EXPECT_EQ(sizeOf("link"), 0);
+}
+
+TEST_F(CleanupCatalogTest, AllocatedSizeOfWhatIsNotThereIsNothing)
+{
+    EXPECT_EQ(sizeOf("missing"), 0);
+}
+
+TEST(AllocatedSize, AFolderInsideThatCannotBeReadIsSkipped)
+{
+    FakeHost fake;
+    fake.files.addFile("/top/a", 8192);
+    fake.files.addFile("/top/locked/b", 8192);
+    fake.files.addFile("/top/open/c", 4096);
+    fake.files.failOpening("/top/locked");
+    EXPECT_EQ(CleanupCatalog::allocatedSize("/top", fake.files), 8192 + 4096);
+}
+
+TEST(AllocatedSize, EveryFolderIsListedOnce)
+{
+    TemporaryFolder folder;
+    std::string path = "deep";
+    for (int level = 0; level < 200; ++level) {
+        folder.writeFile(path + "/f", 4096);
+        path += "/d";
+    }
+    EXPECT_EQ(CleanupCatalog::allocatedSize(folder.path() + "/deep"), 200 * 4096);
+}
+
+} // namespace
+} // namespace corvane

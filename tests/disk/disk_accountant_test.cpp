@@ -1,0 +1,373 @@
+#include "disk/disk_accountant.h"
+
+#include <algorithm>
+#include <map>
+
+#include <gtest/gtest.h>
+
+#include "support/temporary_folder.h"
+
+namespace corvane {
+namespace {
+
+using Kind = BreakdownSegment::Kind;
+
+constexpr std::int64_t limit = 50'000'000;
+constexpr std::int64_t gb = 1'000'000'000;
+
+/// A disk of made-up figures; whatever a test does not set is absent.
+class DiskAccountantTest : public testing::Test {
+protected:
+    DiskBreakdown compute()
+    {
+        DiskAccountant::Sources sources;
+        sources.volume = [this] { return volume; };
+        sources.container = [this](std::int64_t total) {
+            askedTotal = total;
+            return container;
+        };
+        sources.snapshots = [this] { return snapshots; };
+        sources.exists = [this](const std::string &path) { return sizes.contains(path); };
+        sources.measure = [this](const std::string &path, const std::optional<std::string> &excluding) {
+            measured.push_back(path);
+            excluded = excluding;
+            return DiskAccountant::Measurement{sizes.at(path), {{"child", 1}}};
+        };
+        sources.home = "/Users/u";
+        return DiskAccountant::compute(scan, sources);
+    }
+    static const BreakdownSegment *find(const DiskBreakdown &breakdown, Kind kind)
+    {
+        const auto position = std::ranges::find(breakdown.segments, kind, &BreakdownSegment::kind);
+        return position == breakdown.segments.end() ? nullptr : &*position;
+    }
+    static std::int64_t sum(const DiskBreakdown &breakdown)
+    {
+        std::int64_t bytes = 0;
+        for (const BreakdownSegment &segment : breakdown.segments)
+            bytes += segment.size;
+        return bytes;
+    }
+    void scanned(const std::string &root, std::int64_t size)
+    {
+        scan.rootPath = root;
+        scan.rootSize = size;
+    }
+
+    VolumeFacts volume{"Disk", 100 * gb, 40 * gb, std::nullopt};
+    std::optional<APFSContainerInfo> container;
+    std::vector<LocalSnapshot> snapshots;
+    std::map<std::string, std::int64_t> sizes;
+    ScanContext scan;
+
+    std::vector<std::string> measured;
+    std::optional<std::string> excluded;
+    std::int64_t askedTotal = -1;
+};
+
+TEST_F(DiskAccountantTest, WithoutScanAndLayoutTheUsedSpaceIsWhatIsNotAvailableAndNotScannedYet)
+{
+    for (const auto &location : DiskAccountant::locations)
+        sizes[std::string(location.path)] = gb;
+    const DiskBreakdown breakdown = compute();
+    EXPECT_EQ(measured, (std::vector<std::string>{"/Applications", "/Library", "/opt", "/usr/local", "/Users/Shared"}));
+    EXPECT_FALSE(breakdown.fromAPFS);
+    EXPECT_FALSE(breakdown.hasScan);
+    EXPECT_EQ(breakdown.total, 100 * gb);
+    EXPECT_EQ(breakdown.free, 40 * gb);
+    const BreakdownSegment *hidden = find(breakdown, Kind::hidden);
+    ASSERT_NE(hidden, nullptr);
+    EXPECT_EQ(hidden->size, 55 * gb);
+    EXPECT_EQ(hidden->title, "Not Scanned Yet");
+    EXPECT_EQ(hidden->symbol, "questionmark.folder");
+    EXPECT_EQ(hidden->detail, "Not scanned yet. Scan your home folder and most of this turns into named folders you "
+                              "can explore.");
+    EXPECT_EQ(hidden->action, (BreakdownAction{BreakdownAction::Kind::scanHome, {}}));
+    EXPECT_EQ(hidden->actionTitle, "Scan Home Folder");
+    EXPECT_EQ(sum(breakdown), 60 * gb);
+}
+
+TEST_F(DiskAccountantTest, AnUnreadableVolumeTakesTheDefaults)
+{
+    volume = {};
+    const DiskBreakdown breakdown = compute();
+    EXPECT_EQ(breakdown.volumeName, "Macintosh HD");
+    EXPECT_EQ(breakdown.total, 0);
+    EXPECT_EQ(breakdown.free, 0);
+    EXPECT_TRUE(breakdown.segments.empty());
+    EXPECT_EQ(askedTotal, 0);
+    EXPECT_EQ(breakdown.explainedPercentage(), 0);
+}
+
+TEST_F(DiskAccountantTest, MoreAvailableThanThereIsLeavesNothingToExplain)
+{
+    volume.available = 200 * gb;
+    EXPECT_TRUE(compute().segments.empty());
+}
+
+TEST_F(DiskAccountantTest, VolumesAreToldByTheirRolesInAFixedOrderOfTests)
+{
+    container = APFSContainerInfo{500 * gb, 100 * gb,
+                                  {{"Both", {"Data", "System"}, 1 * gb},
+                                   {"Data", {"VM", "Data"}, 60 * gb},
+                                   {"Swap", {"VM", "Preboot"}, 2 * gb},
+                                   {"P", {"Preboot"}, 3},
+                                   {"R", {"Recovery"}, 30},
+                                   {"U", {"Update"}, 300},
+                                   {"X", {"xART"}, 3000},
+                                   {"H", {"Hardware"}, 30'000},
+                                   {"L", {"Prelogin"}, 300'000},
+                                   {"I", {"Installer"}, 3'000'000},
+                                   {"Work", {}, 7 * gb},
+                                   {"Backup", {"Backup"}, 0}}};
+    const DiskBreakdown breakdown = compute();
+    EXPECT_TRUE(breakdown.fromAPFS);
+    EXPECT_EQ(breakdown.total, 500 * gb);
+    EXPECT_EQ(breakdown.free, 100 * gb);
+    EXPECT_EQ(find(breakdown, Kind::system)->size, 1 * gb);
+    EXPECT_EQ(find(breakdown, Kind::system)->title, "macOS");
+    EXPECT_EQ(find(breakdown, Kind::vm)->size, 2 * gb);
+    EXPECT_EQ(find(breakdown, Kind::support)->size, 3'333'333);
+    EXPECT_EQ(find(breakdown, Kind::otherVolume)->id, "vol-Work");
+    EXPECT_EQ(find(breakdown, Kind::hidden)->size, 60 * gb);
+    EXPECT_EQ(breakdown.segments.back().id, "vol-Backup");
+}
+
+TEST_F(DiskAccountantTest, SupportVolumesWithoutBytesMakeNoSegment)
+{
+    container = APFSContainerInfo{10 * gb, 1 * gb, {{"P", {"Preboot"}, 0}}};
+    EXPECT_EQ(find(compute(), Kind::support), nullptr);
+}
+
+TEST_F(DiskAccountantTest, AContainerWithoutVolumesHasNothingToExplain)
+{
+    container = APFSContainerInfo{500 * gb, 100 * gb, {}};
+    EXPECT_TRUE(compute().segments.empty());
+}
+
+TEST_F(DiskAccountantTest, AWholeDiskScanHasNoLocationsAndLeavesOutTheSystemFolder)
+{
+    sizes["/Library"] = gb;
+    scanned("/", 50 * gb);
+    scan.systemDirSize = 10 * gb;
+    const DiskBreakdown breakdown = compute();
+    EXPECT_TRUE(measured.empty());
+    const BreakdownSegment *segment = find(breakdown, Kind::scanned);
+    EXPECT_EQ(segment->size, 40 * gb);
+    EXPECT_EQ(segment->title, "Files Corvane Scanned");
+    EXPECT_EQ(segment->detail, "Everything Corvane could read on the disk. Explore it in the Space Map.");
+    EXPECT_EQ(segment->symbol, "internaldrive");
+}
+
+TEST_F(DiskAccountantTest, ASystemFolderLargerThanTheScanCountsAsNothingScanned)
+{
+    scanned("/", 5);
+    scan.systemDirSize = 10;
+    EXPECT_EQ(find(compute(), Kind::scanned)->size, 0);
+}
+
+TEST_F(DiskAccountantTest, AHomeScanIsNamedForTheHomeHoweverItsPathIsWritten)
+{
+    scanned("/Users/x/../u/", 20 * gb);
+    scan.topChildren = {{"Movies", 5}};
+    const DiskBreakdown breakdown = compute();
+    const BreakdownSegment *segment = find(breakdown, Kind::scanned);
+    EXPECT_EQ(segment->title, "Your Home Folder");
+    EXPECT_EQ(segment->symbol, "house");
+    EXPECT_EQ(segment->children, scan.topChildren);
+    EXPECT_EQ(segment->color, brandA);
+    EXPECT_EQ(segment->action, (BreakdownAction{BreakdownAction::Kind::openMap, {}}));
+    EXPECT_EQ(segment->actionTitle, "Open Space Map");
+    EXPECT_EQ(find(breakdown, Kind::hidden)->size, 40 * gb);
+}
+
+TEST_F(DiskAccountantTest, AnyOtherFolderIsNamedAsScanned)
+{
+    scanned("/Users/u/Projects", gb);
+    EXPECT_EQ(find(compute(), Kind::scanned)->title, "Scanned: Projects");
+}
+
+TEST_F(DiskAccountantTest, AScannedLocationIsSkippedAndTheOthersAreMeasuredWithoutTheScan)
+{
+    sizes = {{"/Users/Shared", gb}, {"/Library", gb}};
+    scanned("/Users/Shared", gb);
+    const DiskBreakdown breakdown = compute();
+    EXPECT_EQ(measured, std::vector<std::string>{"/Library"});
+    EXPECT_EQ(excluded, "/Users/Shared");
+}
+
+TEST_F(DiskAccountantTest, ALocationBeneathTheScanIsSkipped)
+{
+    sizes = {{"/Users/Shared", gb}, {"/usr/local", gb}};
+    scanned("/Users", gb);
+    EXPECT_EQ(compute().segments.size(), 3u);
+    EXPECT_EQ(measured, std::vector<std::string>{"/usr/local"});
+}
+
+TEST_F(DiskAccountantTest, ALocationOfExactlyTheLimitIsDroppedAndNotSubtracted)
+{
+    sizes = {{"/Library", limit}, {"/opt", limit + 1}};
+    const DiskBreakdown breakdown = compute();
+    EXPECT_EQ(find(breakdown, Kind::measured)->id, "/opt");
+    EXPECT_EQ(find(breakdown, Kind::measured)->action, (BreakdownAction{BreakdownAction::Kind::reveal, "/opt"}));
+    EXPECT_EQ(find(breakdown, Kind::measured)->actionTitle, "Show in Finder");
+    EXPECT_EQ(breakdown.segments.size(), 2u);
+    EXPECT_EQ(find(breakdown, Kind::hidden)->size, 60 * gb - limit - 1);
+}
+
+TEST_F(DiskAccountantTest, PurgeableIsCappedByWhatIsLeftAndThenNothingIsHidden)
+{
+    volume.availableForImportantUse = 140 * gb;
+    const DiskBreakdown breakdown = compute();
+    EXPECT_EQ(breakdown.purgeable, 100 * gb);
+    EXPECT_EQ(find(breakdown, Kind::purgeable)->size, 60 * gb);
+    EXPECT_EQ(find(breakdown, Kind::hidden), nullptr);
+}
+
+TEST_F(DiskAccountantTest, PurgeableOfExactlyTheLimitIsNotShown)
+{
+    volume.availableForImportantUse = 40 * gb + limit;
+    EXPECT_EQ(find(compute(), Kind::purgeable), nullptr);
+    volume.availableForImportantUse = 40 * gb + limit + 1;
+    EXPECT_EQ(find(compute(), Kind::purgeable)->size, limit + 1);
+}
+
+TEST_F(DiskAccountantTest, HiddenOfExactlyTheLimitIsNotShown)
+{
+    scanned("/Users/u", 60 * gb - limit);
+    EXPECT_EQ(find(compute(), Kind::hidden), nullptr);
+    scan.rootSize -= 1;
+    EXPECT_EQ(find(compute(), Kind::hidden)->size, limit + 1);
+}
+
+TEST_F(DiskAccountantTest, LessForImportantUseThanAvailableIsNotNegative)
+{
+    volume.availableForImportantUse = 10 * gb;
+    EXPECT_EQ(compute().purgeable, 0);
+}
+
+TEST_F(DiskAccountantTest, ThePurgeableTextCountsTheSnapshots)
+{
+    const std::string text = "Local Time Machine snapshots, iCloud copies and caches that macOS frees automatically "
+                             "when you need room. Finder counts it as available.";
+    volume.availableForImportantUse = 50 * gb;
+    EXPECT_EQ(find(compute(), Kind::purgeable)->detail, text);
+    snapshots.resize(1);
+    EXPECT_EQ(find(compute(), Kind::purgeable)->detail, text + " 1 local Time Machine snapshot found.");
+    snapshots.resize(2);
+    EXPECT_EQ(find(compute(), Kind::purgeable)->detail, text + " 2 local Time Machine snapshots found.");
+    EXPECT_EQ(compute().snapshots.size(), 2u);
+}
+
+TEST_F(DiskAccountantTest, WhatIsCountedTwiceIsTheOvercountAndNothingIsLeftToExplain)
+{
+    volume.availableForImportantUse = 90 * gb;
+    scanned("/Users/u", 60 * gb + 1);
+    const DiskBreakdown breakdown = compute();
+    EXPECT_EQ(breakdown.overcount, 1);
+    EXPECT_EQ(breakdown.purgeable, 50 * gb);
+    EXPECT_EQ(find(breakdown, Kind::purgeable), nullptr);
+    EXPECT_EQ(find(breakdown, Kind::hidden), nullptr);
+    scan.rootSize -= 1;
+    EXPECT_EQ(compute().overcount, 0);
+}
+
+TEST_F(DiskAccountantTest, HiddenAfterAScanNamesUnreadableFoldersAndOffersAccess)
+{
+    const std::string text = "Files macOS doesn't let apps measure: system caches and logs in /private/var, other "
+                             "users' folders, the Spotlight index and snapshot data.";
+    scanned("/Users/u", gb);
+    const DiskBreakdown without = compute();
+    EXPECT_EQ(find(without, Kind::hidden)->title, "Hidden System Data");
+    EXPECT_EQ(find(without, Kind::hidden)->symbol, "eye.slash");
+    EXPECT_EQ(find(without, Kind::hidden)->detail, text);
+    EXPECT_EQ(find(without, Kind::hidden)->action, (BreakdownAction{BreakdownAction::Kind::fullDiskAccess, {}}));
+    EXPECT_EQ(find(without, Kind::hidden)->actionTitle, "Grant Full Disk Access");
+
+    scan.hasFullDiskAccess = true;
+    scan.unreadableCount = 1;
+    const DiskBreakdown one = compute();
+    EXPECT_EQ(find(one, Kind::hidden)->detail, text + " Corvane couldn't open 1 folder during the scan.");
+    EXPECT_EQ(find(one, Kind::hidden)->action, std::nullopt);
+    scan.unreadableCount = 2;
+    EXPECT_EQ(find(compute(), Kind::hidden)->detail, text + " Corvane couldn't open 2 folders during the scan.");
+}
+
+TEST_F(DiskAccountantTest, HiddenSaysSoWhenTheHomeLiesOutsideTheScan)
+{
+    const std::string prefix = "Includes the parts of your home folder outside this scan. ";
+    const auto hasPrefix = [&] { return find(compute(), Kind::hidden)->detail.starts_with(prefix); };
+    scanned("/Users/u/Projects", gb);
+    EXPECT_TRUE(hasPrefix());
+    scanned("/Users/u2", gb);
+    EXPECT_TRUE(hasPrefix());
+    scanned("/Use", gb);
+    EXPECT_TRUE(hasPrefix());
+    scanned("/Users", gb);
+    EXPECT_FALSE(hasPrefix());
+    scanned("/Users/u", gb);
+    EXPECT_FALSE(hasPrefix());
+    scanned("/", gb);
+    EXPECT_FALSE(hasPrefix());
+}
+
+TEST_F(DiskAccountantTest, SegmentsOfEqualSizeKeepTheOrderInWhichTheyWereMade)
+{
+    sizes = {{"/Library", gb}, {"/opt", gb}, {"/Applications", gb}};
+    scanned("/Users/u", gb);
+    const DiskBreakdown breakdown = compute();
+    ASSERT_EQ(breakdown.segments.size(), 5u);
+    EXPECT_EQ(breakdown.segments[0].id, "hidden");
+    EXPECT_EQ(breakdown.segments[1].id, "scanned");
+    EXPECT_EQ(breakdown.segments[2].id, "/Applications");
+    EXPECT_EQ(breakdown.segments[3].id, "/Library");
+    EXPECT_EQ(breakdown.segments[4].id, "/opt");
+}
+
+TEST_F(DiskAccountantTest, TheExplainedShareIsRoundedToWholePercent)
+{
+    DiskBreakdown breakdown;
+    breakdown.total = 300;
+    breakdown.free = 100;
+    breakdown.segments.push_back({"hidden", Kind::hidden, {}, {}, {}, {}, 31, {}, {}, {}});
+    EXPECT_EQ(breakdown.hidden(), 31);
+    EXPECT_EQ(breakdown.explainedPercentage(), 85); // 84.5
+    breakdown.free = 300;
+    EXPECT_EQ(breakdown.explainedPercentage(), 0);
+}
+
+TEST(MeasuringALocation, GivesTheSumAndTheThreeLargestChildren)
+{
+    TemporaryFolder folder;
+    folder.writeFile("a", 8192);
+    folder.writeFile("b/inside", 40'960);
+    folder.writeFile("c", 20'480);
+    folder.writeFile("d", 12'288);
+    folder.makeFolder("empty");
+    const auto [size, children] = DiskAccountant::measure(folder.path(), std::nullopt);
+    EXPECT_EQ(size, 8192 + 40'960 + 20'480 + 12'288);
+    EXPECT_EQ(children, (std::vector<NamedSize>{{"b", 40'960}, {"c", 20'480}, {"d", 12'288}}));
+}
+
+TEST(MeasuringALocation, LeavesOutTheChildThatIsOrHoldsTheScannedFolder)
+{
+    TemporaryFolder folder;
+    folder.writeFile("top/scanned/file", 40'960);
+    folder.writeFile("top/other", 40'960);
+    folder.writeFile("topping", 8192);
+    EXPECT_EQ(DiskAccountant::measure(folder.path(), folder.path() + "/top/scanned").first, 8192);
+    EXPECT_EQ(DiskAccountant::measure(folder.path(), folder.path() + "/top").first, 8192);
+    EXPECT_EQ(DiskAccountant::measure(folder.path(), folder.path() + "/to").first, 8192 + 2 * 40'960);
+}
+
+TEST(MeasuringALocation, AFileIsMeasuredAsAWholeWithoutChildren)
+{
+    TemporaryFolder folder;
+    folder.writeFile("file", 8192);
+    const auto [size, children] = DiskAccountant::measure(folder.path() + "/file", std::nullopt);
+    EXPECT_EQ(size, 8192);
+    EXPECT_TRUE(children.empty());
+}
+
+} // namespace
+} // namespace corvane
