@@ -8,6 +8,7 @@
 #include <QMetaObject>
 
 #include "core/scanner.h"
+#include "disk/disk_accountant.h"
 
 namespace corvane {
 
@@ -15,6 +16,9 @@ namespace {
 
 constexpr int pollInterval = 150; // milliseconds
 constexpr int removalWait = 20;   // milliseconds
+
+// As many of the scanned folder's items as fit into one line of a row.
+constexpr std::size_t topChildrenShown = 5;
 
 // A superseded walk, its successor, a removal and the freeing of an old tree may all be under way at once;
 // none of them may wait for another.
@@ -233,6 +237,7 @@ void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::sha
     setPhase(Phase::ready);
     if (token->isCancelled())
         showToast("Scan stopped — showing partial results");
+    refreshBreakdown();
 }
 
 void StorageStore::setCurrentFolder(std::shared_ptr<FileNode> folder)
@@ -256,6 +261,68 @@ void StorageStore::openParent()
         return;
     if (auto parent = m_currentFolder->parent.lock())
         setCurrentFolder(std::move(parent));
+}
+
+// --- The breakdown of the disk
+
+ScanContext StorageStore::makeScanContext() const
+{
+    ScanContext context;
+    context.hasFullDiskAccess = m_hasFullDiskAccess;
+    if (!m_root)
+        return context;
+    context.rootPath = m_root->path();
+    context.rootSize = m_root->size;
+    context.unreadableCount = m_unreadableCount;
+    for (const auto &child : m_root->children) {
+        if (context.topChildren.size() < topChildrenShown)
+            context.topChildren.push_back({child->name, child->size});
+        // Seen through "/", the sealed system volume is a folder, which has a segment of its own.
+        if (*context.rootPath == "/" && child->name == "System")
+            context.systemDirSize = child->size;
+    }
+    return context;
+}
+
+void StorageStore::refreshBreakdown()
+{
+    const int token = ++m_breakdownToken;
+    m_breakdownLoading = true;
+    emit breakdownChanged();
+    m_pool.start([this, token, context = makeScanContext()] {
+        DiskBreakdown breakdown = DiskAccountant::compute(context, m_host);
+        QMetaObject::invokeMethod(
+            this, [this, breakdown = std::move(breakdown), token] { finishBreakdown(breakdown, token); },
+            Qt::QueuedConnection);
+    });
+}
+
+void StorageStore::finishBreakdown(DiskBreakdown breakdown, int token)
+{
+    if (token != m_breakdownToken)
+        return;
+    m_breakdown = std::move(breakdown);
+    m_breakdownLoading = false;
+    emit breakdownChanged();
+}
+
+void StorageStore::perform(const BreakdownAction &action)
+{
+    switch (action.kind) {
+    case BreakdownAction::Kind::reveal:
+        if (const auto shown = m_host.desktop.reveal(action.path); !shown)
+            showToast("Can't show " + lastComponent(action.path) + ": " + shown.error().description(), true);
+        break;
+    case BreakdownAction::Kind::openMap:
+        setSidebar(SidebarItem::explorer);
+        break;
+    case BreakdownAction::Kind::scanHome:
+        scanHome();
+        break;
+    case BreakdownAction::Kind::fullDiskAccess:
+        PathGuard::openFullDiskAccessSettings(m_host.desktop);
+        break;
+    }
 }
 
 // --- Selection
@@ -413,6 +480,7 @@ void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently)
     emit isRemovingChanged();
     refreshVolume();
     showToast(Removal::message(outcome, permanently), !outcome.failures.empty());
+    refreshBreakdown();
 }
 
 // --- Messages

@@ -23,6 +23,7 @@
 #include "core/selection.h"
 #include "core/type_slice.h"
 #include "core/volume_info.h"
+#include "disk/disk_breakdown.h"
 #include "platform/host.h"
 
 namespace corvane {
@@ -77,6 +78,8 @@ public:
     [[nodiscard]] const VolumeInfo &volume() const { return m_volume; } // volumeChanged
     [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
     [[nodiscard]] std::int64_t unreadableCount() const { return m_unreadableCount; }
+    [[nodiscard]] const std::optional<DiskBreakdown> &breakdown() const { return m_breakdown; } // breakdownChanged
+    [[nodiscard]] bool breakdownLoading() const { return m_breakdownLoading; }                   // breakdownChanged
     [[nodiscard]] const Selection &selection() const { return m_selection; } // selectionChanged
     [[nodiscard]] bool isRemoving() const { return m_isRemoving; }
     [[nodiscard]] const std::optional<std::string> &toast() const { return m_toast; } // toastChanged; bytes
@@ -111,6 +114,18 @@ public:
     /// Opens the explorer's containing folder, if the folder shown is not the root.
     void openParent();
 
+    // --- The breakdown of the disk
+    /// Computes the breakdown anew in the background, with what the last scan found.
+    void refreshBreakdown();
+    /// Takes over a breakdown unless `token` is no longer the newest request.
+    void finishBreakdown(DiskBreakdown breakdown, int token);
+    /// The number of the newest request.
+    [[nodiscard]] int breakdownToken() const { return m_breakdownToken; }
+    /// What the breakdown needs to know of the installed tree.
+    [[nodiscard]] ScanContext makeScanContext() const;
+    /// Carries out what a segment of the breakdown offers.
+    void perform(const BreakdownAction &action);
+
     // --- Selection and removal
     [[nodiscard]] bool isProtected(std::string_view path) const;
     [[nodiscard]] bool isSelected(const std::string &path) const;
@@ -140,6 +155,7 @@ signals:
     void revisionChanged();      ///< the installed tree itself has changed
     void volumeChanged();
     void accessChanged();
+    void breakdownChanged();     ///< the breakdown, or whether one is being computed
     void selectionChanged();
     void isRemovingChanged();
     void toastChanged();
@@ -174,6 +190,8 @@ private:
     VolumeInfo m_volume;
     bool m_hasFullDiskAccess = false;
     std::int64_t m_unreadableCount = 0;
+    std::optional<DiskBreakdown> m_breakdown;
+    bool m_breakdownLoading = false;
     Selection m_selection;
     bool m_isRemoving = false;
     std::optional<std::string> m_toast;
@@ -182,6 +200,7 @@ private:
     PathIndex m_index;
     std::vector<SelectedEntry> m_removedDuringScan; // the running walk may still have seen them
     std::shared_ptr<ScanProgress> m_progress;
+    int m_breakdownToken = 0;
     QTimer m_timer;
     QElapsedTimer m_scanStart;
     std::string m_lastScanPath;

@@ -303,6 +303,72 @@ TEST_F(StorageStoreTest, WhatIsRemovedDuringAScanIsNotInItsTree)
     EXPECT_TRUE(verify(*store.root()));
 }
 
+TEST_F(StorageStoreTest, ASupersededBreakdownThatArrivesAfterTheNewRequestIsDropped)
+{
+    store.refreshBreakdown();
+    const int oldToken = store.breakdownToken();
+    store.refreshBreakdown();
+    DiskBreakdown stale;
+    stale.volumeName = "Stale";
+    store.finishBreakdown(stale, oldToken);
+    EXPECT_TRUE(store.breakdownLoading());
+    EXPECT_FALSE(store.breakdown());
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.breakdownLoading(); }, patience));
+    ASSERT_TRUE(store.breakdown());
+    EXPECT_NE(store.breakdown()->volumeName, "Stale");
+    store.finishBreakdown(stale, oldToken);
+    EXPECT_NE(store.breakdown()->volumeName, "Stale");
+}
+
+TEST_F(StorageStoreTest, TheBreakdownFollowsAScanAndARemoval)
+{
+    scanHome();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.breakdownLoading(); }, patience));
+    ASSERT_TRUE(store.breakdown());
+    EXPECT_TRUE(store.breakdown()->hasScan);
+    store.didRemove({{{at("Movies"), sizeOf("Movies")}}, {}}, false);
+    EXPECT_TRUE(store.breakdownLoading());
+    EXPECT_EQ(store.makeScanContext().rootSize, store.root()->size);
+}
+
+TEST_F(StorageStoreTest, TheScanContextHasTheFiveLargestChildrenAndTheSystemFolderOfAWholeDiskAlone)
+{
+    EXPECT_EQ(store.makeScanContext().rootPath, std::nullopt);
+    for (int i = 1; i <= 6; ++i)
+        fake.files.addFile("/System/big" + std::to_string(i), i * 1'000'000);
+    fake.files.addFile(at("System/own"), 9'000'000);
+    scanHome();
+    EXPECT_EQ(store.makeScanContext().rootPath, home);
+    EXPECT_EQ(store.makeScanContext().systemDirSize, 0);
+    EXPECT_EQ(store.makeScanContext().topChildren.front(), (NamedSize{"System", 9'000'000}));
+
+    store.scanEntireDisk();
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.makeScanContext().systemDirSize, 21'000'000);
+    store.scan("/System");
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.makeScanContext().topChildren.size(), 5u);
+    EXPECT_EQ(store.makeScanContext().topChildren.back(), (NamedSize{"big2", 2'000'000}));
+}
+
+TEST_F(StorageStoreTest, AnActionOfTheBreakdownIsCarriedOut)
+{
+    store.setSidebar(StorageStore::SidebarItem::breakdown);
+    store.perform({BreakdownAction::Kind::openMap, {}});
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::explorer);
+
+    fake.desktop.fail("/opt", "There is no file manager.");
+    store.perform({BreakdownAction::Kind::reveal, "/opt"});
+    ASSERT_TRUE(store.toast());
+    EXPECT_EQ(*store.toast(), "Can't show opt: There is no file manager.");
+
+    store.perform({BreakdownAction::Kind::scanHome, {}});
+    EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.root()->path(), home);
+}
+
 TEST_F(StorageStoreTest, AStoreThatGoesAwayDuringAScanStopsItCleanly)
 {
     for (int i = 0; i < 20; ++i) {
