@@ -205,7 +205,8 @@ TEST_F(ScannerFoldersTest, UnreadableFolderIsDropped)
     const auto root = scan();
     EXPECT_EQ(root->size, temporary.allocated("open/file"));
     EXPECT_EQ(root->children.size(), 1U);
-    EXPECT_TRUE(scan(temporary / "closed")->unreadable);
+    ScanProgress own;
+    EXPECT_TRUE(Scanner::scan(temporary / "closed", own)->unreadable);
 }
 
 TEST_F(ScannerFoldersTest, OddNamesComeThroughUnchanged)
