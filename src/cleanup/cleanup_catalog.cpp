@@ -91,7 +91,7 @@ std::int64_t CleanupItem::total() const
     return sum;
 }
 
-std::int64_t CleanupCatalog::allocatedSize(const std::string &path, FileSystem &files)
+std::int64_t CleanupCatalog::allocatedSize(const std::string &path, FileSystem &files, const StopFlag &stop)
 {
     const auto facts = files.facts(path);
     if (!facts)
@@ -104,7 +104,7 @@ std::int64_t CleanupCatalog::allocatedSize(const std::string &path, FileSystem &
     case EntryType::directory:
         break;
     }
-    return folderSize(path, files);
+    return folderSize(path, files, stop);
 }
 
 CleanupItem CleanupCatalog::measure(const CleanupDefinition &definition, FileSystem &files)

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/stop_flag.h"
 #include "platform/host.h"
 
 namespace corvane {
@@ -68,8 +69,10 @@ struct CleanupCatalog {
                                              FileSystem &files = systemHost().files);
 
     /// The bytes that a file, or every regular file beneath a folder, takes on disk: hidden files and package
-    /// contents included, links never followed, folders' own blocks not counted, what cannot be read as 0.
-    [[nodiscard]] static std::int64_t allocatedSize(const std::string &path, FileSystem &files = systemHost().files);
+    /// contents included, links never followed, folders' own blocks not counted, what cannot be read as 0. Once stopped,
+    /// what has been counted so far.
+    [[nodiscard]] static std::int64_t allocatedSize(const std::string &path, FileSystem &files = systemHost().files,
+                                                    const StopFlag &stop = neverStopped);
 };
 
 } // namespace corvane

@@ -12,10 +12,12 @@ namespace {
 
 class SizeWalk {
 public:
+    explicit SizeWalk(const StopFlag &stop) : m_stop(stop) {}
+
     std::int64_t walk(std::unique_ptr<OpenFolder> top)
     {
         enter(std::move(top));
-        while (!m_pending.empty()) {
+        while (!m_pending.empty() && !m_stop) {
             OpenFolder *const folder = m_folders.innermost();
             if (folder == nullptr || m_pending.back().empty()) {
                 m_pending.pop_back();
@@ -48,6 +50,7 @@ private:
         m_folders.push(std::move(folder));
     }
 
+    const StopFlag &m_stop;
     std::int64_t m_size = 0;
     FolderChain m_folders;
     std::vector<std::vector<std::string>> m_pending; // of the same folders, the subfolders not yet entered
@@ -55,10 +58,10 @@ private:
 
 } // namespace
 
-std::int64_t folderSize(const std::string &path, FileSystem &files)
+std::int64_t folderSize(const std::string &path, FileSystem &files, const StopFlag &stop)
 {
     auto folder = files.openFolder(path);
-    return folder ? SizeWalk().walk(std::move(*folder)) : 0;
+    return folder ? SizeWalk(stop).walk(std::move(*folder)) : 0;
 }
 
 } // namespace corvane

@@ -54,9 +54,9 @@ std::uint64_t distance(std::int64_t a, std::int64_t b)
 
 } // namespace
 
-std::optional<APFSContainerInfo> APFSContainerInfo::load(std::int64_t matchingTotal)
+std::optional<APFSContainerInfo> APFSContainerInfo::load(std::int64_t matchingTotal, const StopFlag &stop)
 {
-    const auto listing = Shell::run("/usr/sbin/diskutil", {"apfs", "list", "-plist"});
+    const auto listing = Shell::run("/usr/sbin/diskutil", {"apfs", "list", "-plist"}, stop);
     if (!listing)
         return std::nullopt;
     const auto containers = parse(*listing);

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/stop_flag.h"
+
 namespace corvane {
 
 /// One volume of an APFS container.
@@ -25,7 +27,8 @@ struct APFSContainerInfo {
 
     /// The container that holds a start-up volume of `matchingTotal` bytes (0 when unknown), or nothing when
     /// the layout cannot be read. Runs a tool and blocks.
-    [[nodiscard]] static std::optional<APFSContainerInfo> load(std::int64_t matchingTotal);
+    [[nodiscard]] static std::optional<APFSContainerInfo> load(std::int64_t matchingTotal,
+                                                               const StopFlag &stop = neverStopped);
 
     /// The containers of a listing in its order; those without a ceiling or a free figure are left out.
     /// Nothing when the bytes are not such a listing.

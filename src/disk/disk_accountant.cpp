@@ -237,27 +237,28 @@ DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Sources &so
     return Composer(scan, sources).compose();
 }
 
-DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Host &host)
+DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Host &host, const StopFlag &stop)
 {
     Sources sources;
     sources.volume = [&host] { return host.volumes.facts("/"); };
-    sources.container = &APFSContainerInfo::load;
-    sources.snapshots = &DiskAccountant::loadSnapshots;
+    sources.container = [&stop](std::int64_t total) { return APFSContainerInfo::load(total, stop); };
+    sources.snapshots = [&stop] { return loadSnapshots(stop); };
     sources.exists = [&host](const std::string &path) { return host.files.exists(path); };
-    sources.measure = [&host](const std::string &path, const std::optional<std::string> &excluding) {
-        return measure(path, excluding, host.files);
+    sources.measure = [&host, &stop](const std::string &path, const std::optional<std::string> &excluding) {
+        return measure(path, excluding, host.files, stop);
     };
     sources.home = host.files.homeFolder();
     return compute(scan, sources);
 }
 
 DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
-                                                    const std::optional<std::string> &excluding, FileSystem &files)
+                                                    const std::optional<std::string> &excluding, FileSystem &files,
+                                                    const StopFlag &stop)
 {
     std::vector<std::string> names;
     auto folder = files.openFolder(path);
     if (!folder || !(*folder)->list([&names](const DirectoryEntry &entry) { names.emplace_back(entry.name); }))
-        return {CleanupCatalog::allocatedSize(path, files), {}};
+        return {CleanupCatalog::allocatedSize(path, files, stop), {}};
 
     std::vector<NamedSize> children;
     for (std::string &name : names) {
@@ -265,7 +266,7 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
         // A child that contains the scanned folder is left out whole rather than partly.
         if (excluding && (child == *excluding || liesBeneath(*excluding, child)))
             continue;
-        const std::int64_t size = CleanupCatalog::allocatedSize(child, files);
+        const std::int64_t size = CleanupCatalog::allocatedSize(child, files, stop);
         if (size > 0)
             children.push_back({std::move(name), size});
     }
@@ -277,9 +278,9 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
     return {total, std::move(children)};
 }
 
-std::vector<LocalSnapshot> DiskAccountant::loadSnapshots()
+std::vector<LocalSnapshot> DiskAccountant::loadSnapshots(const StopFlag &stop)
 {
-    const auto listing = Shell::run("/usr/bin/tmutil", {"listlocalsnapshots", "/"});
+    const auto listing = Shell::run("/usr/bin/tmutil", {"listlocalsnapshots", "/"}, stop);
     return listing ? LocalSnapshot::parse(*listing) : std::vector<LocalSnapshot>();
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/color.h"
+#include "core/stop_flag.h"
 #include "disk/apfs_container_info.h"
 #include "disk/disk_breakdown.h"
 #include "disk/local_snapshot.h"
@@ -42,15 +43,18 @@ struct DiskAccountant {
         std::string home;
     };
 
-    [[nodiscard]] static DiskBreakdown compute(const ScanContext &scan, const Host &host = systemHost());
+    /// Once stopped, the result is of no use.
+    [[nodiscard]] static DiskBreakdown compute(const ScanContext &scan, const Host &host = systemHost(),
+                                               const StopFlag &stop = neverStopped);
     [[nodiscard]] static DiskBreakdown compute(const ScanContext &scan, const Sources &sources);
 
     /// The allocated size of a folder's children, without the child that is, or contains, `excluding`.
     [[nodiscard]] static Measurement measure(const std::string &path, const std::optional<std::string> &excluding,
-                                             FileSystem &files = systemHost().files);
+                                             FileSystem &files = systemHost().files,
+                                             const StopFlag &stop = neverStopped);
 
     /// The local snapshots in the system's order; none on any failure.
-    [[nodiscard]] static std::vector<LocalSnapshot> loadSnapshots();
+    [[nodiscard]] static std::vector<LocalSnapshot> loadSnapshots(const StopFlag &stop = neverStopped);
 };
 
 } // namespace corvane

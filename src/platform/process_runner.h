@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <string>
 #include <vector>
 
@@ -10,7 +11,9 @@ namespace corvane {
 /// Starts the program at `path` directly (no shell, no change of the environment) with the arguments as they
 /// are and returns all that it wrote on standard output, once it has exited. What it writes on standard error
 /// is read and thrown away, so that it cannot block on a full pipe. An exit status other than 0 is an error.
-/// Blocks for as long as the program runs; safe from any thread but the main one.
-[[nodiscard]] Expected<std::string> runProcess(const std::string &path, const std::vector<std::string> &arguments);
+/// Blocks for as long as the program runs, or until `stop` is set, which ends it; safe from any thread but the
+/// main one.
+[[nodiscard]] Expected<std::string> runProcess(const std::string &path, const std::vector<std::string> &arguments,
+                                               const std::atomic<bool> &stop);
 
 } // namespace corvane

@@ -1,6 +1,8 @@
 #include "core/store/storage_store.h"
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 #include <unordered_set>
 #include <utility>
 
@@ -24,16 +26,31 @@ constexpr std::size_t topChildrenShown = 5;
 // none of them may wait for another.
 constexpr int poolThreads = 6;
 
-std::string lastComponent(const std::string &path)
+std::string nameOf(const std::string &path)
 {
-    const auto slash = path.rfind('/');
-    const std::string last = slash == std::string::npos ? path : path.substr(slash + 1);
-    return last.empty() ? path : last;
+    return std::string(lastPathComponent(path));
 }
 
 bool isSameOrAncestor(std::string_view folder, std::string_view path)
 {
     return path == folder || liesBeneath(path, folder);
+}
+
+/// Whether the item, or a folder that contains it, is among what was removed.
+bool isGone(const std::string &path, std::span<const SelectedEntry> removed)
+{
+    return std::ranges::any_of(
+        removed, [&path](const SelectedEntry &entry) { return isSameOrAncestor(entry.path, path); });
+}
+
+/// Forgets a path and what lies beneath it; whether there was any of it.
+bool eraseWithContents(Selection &selection, const std::string &path)
+{
+    const std::size_t before = selection.size();
+    selection.erase(path);
+    // In the order of bytes "0" comes right after "/".
+    selection.erase(selection.lower_bound(path + "/"), selection.lower_bound(path + "0"));
+    return selection.size() != before;
 }
 
 void collectSubtree(const FileNode &top, std::unordered_set<const FileNode *> &into)
@@ -48,12 +65,23 @@ void collectSubtree(const FileNode &top, std::unordered_set<const FileNode *> &i
     }
 }
 
+// Where the explorer goes when the folder that it shows is gone: the nearest folder around it that is not.
+std::shared_ptr<FileNode> shownInstead(const FileNode &folder, const std::unordered_set<const FileNode *> &gone,
+                                       const std::shared_ptr<FileNode> &root)
+{
+    std::shared_ptr<FileNode> around = folder.parent.lock();
+    while (around && gone.contains(around.get()))
+        around = around->parent.lock();
+    return around ? around : root;
+}
+
 } // namespace
 
 StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations, QObject *parent)
     : QObject(parent), m_host(host), m_locations(locations), m_volume(VolumeInfo::current(host.volumes))
 {
     m_pool.setMaxThreadCount(poolThreads);
+    m_breakdownPool.setMaxThreadCount(1);
     m_timer.setInterval(pollInterval);
     connect(&m_timer, &QTimer::timeout, this, &StorageStore::publishCounters);
     probeAccess();
@@ -61,12 +89,17 @@ StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations
 
 StorageStore::~StorageStore()
 {
+    m_isClosing = true;
     if (m_progress)
         m_progress->cancel();
+    stopBreakdown();
     // A removal may wait for the main thread: some of the system's services answer only there.
     while (m_isRemoving && !m_pool.waitForDone(removalWait))
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_pool.waitForDone();
+    m_breakdownPool.waitForDone();
+    // A removal's outcome that is still under way is not lost to the log.
+    QCoreApplication::sendPostedEvents(this);
 }
 
 void StorageStore::setSidebar(SidebarItem item)
@@ -110,19 +143,18 @@ void StorageStore::scan(const std::string &path)
     std::string target = standardizedPath(path, m_locations.home());
     auto facts = m_host.files.facts(target);
     if (facts && facts->type == EntryType::symbolicLink) {
-        if (const auto real = m_host.files.realPath(target)) {
+        const auto real = m_host.files.realPath(target);
+        facts = real ? m_host.files.facts(*real) : Expected<ItemFacts>(tl::unexpected(real.error()));
+        // A home that is a link keeps its name, by which its places are known.
+        if (real && target != m_locations.home())
             target = *real;
-            facts = m_host.files.facts(target);
-        } else {
-            facts = tl::unexpected(real.error());
-        }
     }
     if (!facts) {
-        showToast("Can't scan " + lastComponent(target) + ": " + facts.error().description(), true);
+        showToast("Can't scan " + nameOf(target) + ": " + facts.error().description(), true);
         return;
     }
     if (facts->type != EntryType::directory) {
-        showToast("Can't scan " + lastComponent(target) + ": it is not a folder", true);
+        showToast("Can't scan " + nameOf(target) + ": it is not a folder", true);
         return;
     }
 
@@ -142,7 +174,8 @@ void StorageStore::scan(const std::string &path)
         result->summary = ScanSummary::make(result->root, m_host.files);
         result->types = ScanSummary::types(*result->root);
         QMetaObject::invokeMethod(
-            this, [this, result = std::move(result), token] { finishScan(result, token); }, Qt::QueuedConnection);
+            this, [this, result = std::move(result), token]() mutable { finishScan(std::move(result), token); },
+            Qt::QueuedConnection);
     });
 }
 
@@ -189,12 +222,24 @@ void StorageStore::clearScan()
     m_scanDuration = 0;
     m_removedDuringScan.clear();
     ++m_revision;
+    if (m_breakdownLoading && m_breakdownHasTree) {
+        // It is about a tree that is no longer there. The last one stays to be looked at until the next.
+        stopBreakdown();
+        ++m_breakdownToken;
+        m_breakdownLoading = false;
+        emit breakdownChanged();
+    }
 
     setCurrentFolder(nullptr);
     emit treeChanged();
     emit progressChanged();
     emit revisionChanged();
-    m_pool.start([discarded = std::move(discarded)]() mutable { discarded.reset(); });
+    discard(std::move(discarded));
+}
+
+void StorageStore::discard(std::shared_ptr<void> held)
+{
+    m_pool.start([held = std::move(held)]() mutable { held.reset(); });
 }
 
 void StorageStore::publishCounters()
@@ -208,11 +253,21 @@ void StorageStore::publishCounters()
 
 void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token)
 {
-    if (token != m_progress) {
-        m_pool.start([result = std::move(result)]() mutable { result.reset(); });
+    if (token != m_progress || m_phase != Phase::scanning) {
+        discard(std::move(result));
+        return;
+    }
+    if (!m_removedDuringScan.empty()) {
+        applyRemovalsDuringScan(std::move(result), token);
         return;
     }
     m_timer.stop();
+    if (isGone(result->root->path(), result->removedMeanwhile)) {
+        discard(std::move(result));
+        clearScan();
+        setPhase(Phase::idle);
+        return;
+    }
     m_scanDuration = static_cast<double>(m_scanStart.elapsed()) / 1000.0;
     m_root = std::move(result->root);
     m_index = std::move(result->summary.index);
@@ -222,9 +277,7 @@ void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::sha
     m_typeBreakdown = std::move(result->types);
     ++m_revision;
 
-    std::erase_if(m_removedDuringScan,
-                  [this](const SelectedEntry &entry) { return m_host.files.facts(entry.path).has_value(); });
-    if (dropFromTree(std::exchange(m_removedDuringScan, {})))
+    if (dropFromTree(result->removedMeanwhile))
         m_typeBreakdown = ScanSummary::types(*m_root);
     if (!token->isCancelled())
         refreshSelectedSizes();
@@ -238,6 +291,21 @@ void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::sha
     if (token->isCancelled())
         showToast("Scan stopped — showing partial results");
     refreshBreakdown();
+}
+
+// What was removed while the walk ran may be in its tree. Whether it came back before the walk saw it is asked
+// of the disk, which is no work for the main thread; meanwhile more may have gone, so the result comes by again.
+void StorageStore::applyRemovalsDuringScan(std::shared_ptr<ScanResult> result,
+                                           const std::shared_ptr<ScanProgress> &token)
+{
+    auto removed = std::exchange(m_removedDuringScan, {});
+    m_pool.start([this, removed = std::move(removed), result = std::move(result), token]() mutable {
+        std::erase_if(removed, [this](const SelectedEntry &entry) { return m_host.files.exists(entry.path); });
+        result->removedMeanwhile.insert(result->removedMeanwhile.end(), removed.begin(), removed.end());
+        QMetaObject::invokeMethod(
+            this, [this, result = std::move(result), token]() mutable { finishScan(std::move(result), token); },
+            Qt::QueuedConnection);
+    });
 }
 
 void StorageStore::setCurrentFolder(std::shared_ptr<FileNode> folder)
@@ -284,13 +352,28 @@ ScanContext StorageStore::makeScanContext() const
     return context;
 }
 
+void StorageStore::stopBreakdown()
+{
+    if (m_breakdownStop)
+        *m_breakdownStop = true;
+}
+
 void StorageStore::refreshBreakdown()
 {
-    const int token = ++m_breakdownToken;
+    if (m_isClosing)
+        return;
+    stopBreakdown();
+    m_breakdownStop = std::make_shared<StopFlag>(false);
+    m_breakdownHasTree = m_root != nullptr;
     m_breakdownLoading = true;
+    const int token = ++m_breakdownToken;
     emit breakdownChanged();
-    m_pool.start([this, token, context = makeScanContext()] {
-        DiskBreakdown breakdown = DiskAccountant::compute(context, m_host);
+    m_breakdownPool.start([this, token, stop = m_breakdownStop, context = makeScanContext()] {
+        if (*stop)
+            return;
+        DiskBreakdown breakdown = DiskAccountant::compute(context, m_host, *stop);
+        if (*stop)
+            return;
         QMetaObject::invokeMethod(
             this, [this, breakdown = std::move(breakdown), token] { finishBreakdown(breakdown, token); },
             Qt::QueuedConnection);
@@ -311,7 +394,7 @@ void StorageStore::perform(const BreakdownAction &action)
     switch (action.kind) {
     case BreakdownAction::Kind::reveal:
         if (const auto shown = m_host.desktop.reveal(action.path); !shown)
-            showToast("Can't show " + lastComponent(action.path) + ": " + shown.error().description(), true);
+            showToast("Can't show " + nameOf(action.path) + ": " + shown.error().description(), true);
         break;
     case BreakdownAction::Kind::openMap:
         setSidebar(SidebarItem::explorer);
@@ -411,8 +494,15 @@ void StorageStore::remove(const Selection &entries, bool permanently)
     m_isRemoving = true;
     emit isRemovingChanged();
     m_pool.start([this, entries, permanently] {
-        const auto steps = Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders());
-        auto outcome = Removal::perform(steps, m_locations, m_host);
+        RemovalOutcome outcome;
+        for (const RemovalStep &step : Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders())) {
+            // Whoever quits wants no further item touched.
+            if (m_isClosing)
+                break;
+            RemovalOutcome one = Removal::perform({step}, m_locations, m_host);
+            std::ranges::move(one.removed, std::back_inserter(outcome.removed));
+            std::ranges::move(one.failures, std::back_inserter(outcome.failures));
+        }
         QMetaObject::invokeMethod(
             this, [this, outcome = std::move(outcome), permanently] { didRemove(outcome, permanently); },
             Qt::QueuedConnection);
@@ -421,46 +511,52 @@ void StorageStore::remove(const Selection &entries, bool permanently)
 
 bool StorageStore::dropFromTree(std::span<const SelectedEntry> removed)
 {
-    // Kept alive until no list refers to them any more; thousands may go at once, so each list is gone
-    // through once.
-    std::vector<std::shared_ptr<FileNode>> held;
-    std::unordered_set<const FileNode *> gone;
+    // Thousands may go at once: each folder and each list is gone through once.
+    std::map<std::shared_ptr<FileNode>, std::unordered_set<const FileNode *>> leaving;
     for (const SelectedEntry &entry : removed) {
-        FileNode *node = m_index.find(entry.path);
-        const std::shared_ptr<FileNode> folder = node != nullptr ? node->parent.lock() : nullptr;
-        if (folder == nullptr)
-            continue;
-        const auto position = std::ranges::find(folder->children, node, &std::shared_ptr<FileNode>::get);
-        if (position == folder->children.end())
-            continue;
-        held.push_back(*position);
-        collectSubtree(*node, gone);
-        m_index.eraseSubtree(*node);
-        detach(*node);
-        if (gone.contains(m_currentFolder.get()))
-            setCurrentFolder(folder);
+        FileNode *const node = m_index.find(entry.path);
+        if (const std::shared_ptr<FileNode> folder = node != nullptr ? node->parent.lock() : nullptr)
+            leaving[folder].insert(node);
+    }
+    // Kept until no list refers to them any more, and let go of elsewhere.
+    auto held = std::make_shared<std::vector<std::shared_ptr<FileNode>>>();
+    std::unordered_set<const FileNode *> gone;
+    for (const auto &[folder, nodes] : leaving) {
+        const std::size_t first = held->size();
+        std::ranges::copy_if(folder->children, std::back_inserter(*held),
+                             [&nodes = nodes](const auto &child) { return nodes.contains(child.get()); });
+        for (std::size_t i = first; i < held->size(); ++i) {
+            FileNode &node = *(*held)[i];
+            collectSubtree(node, gone);
+            m_index.eraseSubtree(node);
+            detach(node);
+        }
     }
     if (gone.empty())
         return false;
-    std::erase_if(m_allFiles, [&gone](const auto &file) { return gone.contains(file.get()); });
+    if (m_currentFolder && gone.contains(m_currentFolder.get()))
+        setCurrentFolder(shownInstead(*m_currentFolder, gone, m_root));
+
+    std::erase_if(m_allFiles, [&gone](const auto &file) {
+        const bool isShrunkPackage = file->kind == FileNode::Kind::package && file->size < Scanner::smallFileLimit;
+        return isShrunkPackage || gone.contains(file.get());
+    });
     std::erase_if(m_devJunk, [&gone](const DevJunkItem &item) { return gone.contains(item.node.get()); });
+    // What contained a removed item has become smaller.
+    std::ranges::stable_sort(m_allFiles, std::ranges::greater(), &FileNode::size);
+    std::ranges::stable_sort(m_devJunk, std::ranges::greater(), [](const DevJunkItem &item) { return item.node->size; });
+    discard(std::move(held));
     return true;
 }
 
 void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently)
 {
     bool selectionHasChanged = false;
-    for (const SelectedEntry &entry : outcome.removed) {
-        // What was selected inside a removed folder is gone with it.
-        selectionHasChanged |= std::erase_if(m_selection, [&](const auto &selected) {
-            return isSameOrAncestor(entry.path, selected.first);
-        }) > 0;
-    }
+    // What was selected inside a removed folder is gone with it.
+    for (const SelectedEntry &entry : outcome.removed)
+        selectionHasChanged |= eraseWithContents(m_selection, entry.path);
 
-    const bool rootIsGone = m_root && std::ranges::any_of(outcome.removed, [this](const SelectedEntry &entry) {
-        return isSameOrAncestor(entry.path, m_root->path());
-    });
-    if (rootIsGone) {
+    if (m_root && isGone(m_root->path(), outcome.removed)) {
         clearScan();
         setPhase(Phase::idle);
     } else if (m_root && dropFromTree(outcome.removed)) {

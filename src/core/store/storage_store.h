@@ -21,6 +21,7 @@
 #include "core/scan_summary.h"
 #include "core/selected_entry.h"
 #include "core/selection.h"
+#include "core/stop_flag.h"
 #include "core/type_slice.h"
 #include "core/volume_info.h"
 #include "disk/disk_breakdown.h"
@@ -54,11 +55,12 @@ public:
         std::shared_ptr<FileNode> root;
         ScanSummary summary;
         std::vector<TypeSlice> types;
+        std::vector<SelectedEntry> removedMeanwhile; ///< what the walk may have seen and is no longer there
     };
 
     /// What `host` refers to, and `locations`, must outlive the store.
     StorageStore(const Host &host, const ProtectedLocations &locations, QObject *parent = nullptr);
-    /// Stops a running scan and waits for the background work to end.
+    /// Stops the background work, a removal after the item that it is at, and waits for its end.
     ~StorageStore() override;
 
     // --- Published state; each is followed by the signal that announces it.
@@ -167,6 +169,9 @@ private:
     void setCurrentFolder(std::shared_ptr<FileNode> folder);
     void clearScan();
     void probeAccess();
+    void applyRemovalsDuringScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token);
+    void stopBreakdown();
+    void discard(std::shared_ptr<void> held);
     void refreshVolume();
     void refreshSelectedSizes();
     /// Takes what was removed out of the tree and of every list; true when the tree has changed.
@@ -201,12 +206,16 @@ private:
     std::vector<SelectedEntry> m_removedDuringScan; // the running walk may still have seen them
     std::shared_ptr<ScanProgress> m_progress;
     int m_breakdownToken = 0;
+    std::shared_ptr<StopFlag> m_breakdownStop; // of the newest request
+    bool m_breakdownHasTree = false;           // whether the newest request is about the installed tree
+    StopFlag m_isClosing = false;
     QTimer m_timer;
     QElapsedTimer m_scanStart;
     std::string m_lastScanPath;
 
-    // Last, so that its destructor, which waits for the work, runs before anything that the work uses goes.
+    // Last, so that their destructors, which wait for the work, run before anything that the work uses goes.
     QThreadPool m_pool;
+    QThreadPool m_breakdownPool; // of one thread: measuring may take long, and scans must not wait for it
 };
 
 } // namespace corvane

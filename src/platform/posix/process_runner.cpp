@@ -16,6 +16,8 @@ namespace corvane {
 
 namespace {
 
+constexpr int stopInterval = 200; // milliseconds between two looks at whether the answer is still wanted
+
 Error failure(std::string operation, const std::string &path, int code)
 {
     return {std::move(operation), path, std::error_code(code, std::generic_category()), {}};
@@ -84,7 +86,8 @@ void drain(Descriptor &end, std::string *into)
 
 } // namespace
 
-Expected<std::string> runProcess(const std::string &path, const std::vector<std::string> &arguments)
+Expected<std::string> runProcess(const std::string &path, const std::vector<std::string> &arguments,
+                                 const std::atomic<bool> &stop)
 {
     struct stat facts {};
     if (::stat(path.c_str(), &facts) != 0)
@@ -117,10 +120,10 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
     errors.write.close();
 
     std::string text;
-    while (output.read.isOpen() || errors.read.isOpen()) {
+    while ((output.read.isOpen() || errors.read.isOpen()) && !stop) {
         // poll() passes over a descriptor of -1.
         std::array<pollfd, 2> waited{pollfd{output.read.get(), POLLIN, 0}, pollfd{errors.read.get(), POLLIN, 0}};
-        if (::poll(waited.data(), waited.size(), -1) < 0) {
+        if (::poll(waited.data(), waited.size(), stopInterval) < 0) {
             if (errno == EINTR)
                 continue;
             break;
@@ -131,6 +134,8 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
             drain(errors.read, nullptr);
     }
 
+    if (stop)
+        ::kill(child, SIGKILL);
     int status = 0;
     while (::waitpid(child, &status, 0) < 0) {
         if (errno != EINTR)

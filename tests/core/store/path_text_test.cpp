@@ -20,7 +20,13 @@ TEST(DisplayText, BytesThatAreNotUtf8BecomeReplacementCharacters)
 TEST(DisplayText, ControlCharactersBecomeTheirPicturesSoThatANameStaysOnOneLine)
 {
     EXPECT_EQ(displayText("a\nb\tc\x1b\x7f"), QStringLiteral("a\u240Ab\u2409c\u241B\u2421"));
-    EXPECT_EQ(displayText("a\u2028b"), QStringLiteral("a\u2424b"));
+    EXPECT_EQ(displayText("a\u2028b\u0085c"), QStringLiteral("a\uFFFDb\uFFFDc"));
+}
+
+TEST(DisplayText, CharactersThatTurnTheDirectionOfWritingCannotDisguiseAName)
+{
+    EXPECT_EQ(displayText("photo\u202Egpj.app"), QStringLiteral("photo\uFFFDgpj.app"));
+    EXPECT_EQ(displayText("a\u2066b\u061Cc\u200Fd"), QStringLiteral("a\uFFFDb\uFFFDc\uFFFDd"));
 }
 
 } // namespace

@@ -1,9 +1,16 @@
 #include "core/store/storage_store.h"
 
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 #include "platform/fake_host.h"
 
@@ -11,6 +18,45 @@ namespace corvane {
 namespace {
 
 constexpr int patience = 20'000; // milliseconds; only a hang takes that long
+
+/// Holds a background thread at a call of the system until the test lets it go on.
+class Gate {
+public:
+    /// Holds the first call that is recorded as `line`.
+    Gate(CallLog &log, std::string line) : m_log(log), m_line(std::move(line))
+    {
+        m_log.observe([this](const std::string &recorded) {
+            if (recorded != m_line || m_reached.exchange(true))
+                return;
+            std::unique_lock lock(m_mutex);
+            m_changed.wait(lock, [this] { return m_isOpen; });
+        });
+    }
+    ~Gate()
+    {
+        open();
+        m_log.observe({});
+    }
+
+    bool waitUntilReached() const
+    {
+        return QTest::qWaitFor([this] { return m_reached.load(); }, patience);
+    }
+    void open()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isOpen = true;
+        m_changed.notify_all();
+    }
+
+private:
+    CallLog &m_log;
+    const std::string m_line;
+    std::atomic<bool> m_reached = false;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    bool m_isOpen = false;
+};
 
 /// A store over a small home folder in memory.
 class StorageStoreTest : public testing::Test {
@@ -100,13 +146,62 @@ TEST_F(StorageStoreTest, ASupersededResultThatArrivesAfterTheNewScanHasStartedIs
 
 TEST_F(StorageStoreTest, StoppingAScanShowsPartialResultsAndSaysSo)
 {
+    fake.files.addFile(at("Movies/inner/late.mov"), 8'000'000);
+    Gate gate(*fake.log, "list " + at("Movies"));
     store.scanHome();
+    ASSERT_TRUE(gate.waitUntilReached());
     store.stopScan();
+    gate.open();
     ASSERT_TRUE(waitForReady());
-    EXPECT_TRUE(store.hasScan());
+    EXPECT_EQ(sizeOf("Movies"), 5'000'000); // listed before the stop; what lies below was no longer entered
+    EXPECT_EQ(sizeOf("Movies/inner"), -1);
     ASSERT_TRUE(store.toast());
     EXPECT_EQ(*store.toast(), "Scan stopped — showing partial results");
     EXPECT_TRUE(verify(*store.root()));
+}
+
+TEST_F(StorageStoreTest, TheWalksCountersArePublishedWhileItRuns)
+{
+    fake.files.addFile(at("own.mov"), 6'000'000);
+    Gate gate(*fake.log, "list " + at("Projects/deep"));
+    store.scan(home);
+    ASSERT_TRUE(gate.waitUntilReached());
+    QSignalSpy spy(&store, &StorageStore::progressChanged);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.scannedFiles() >= 2; }, patience));
+    EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
+    EXPECT_GE(spy.count(), 1);
+    EXPECT_GE(store.scannedBytes(), 6'000'000);
+    EXPECT_TRUE(store.currentPath().starts_with(home));
+    gate.open();
+    ASSERT_TRUE(waitForReady());
+}
+
+TEST_F(StorageStoreTest, ANewScanClearsWhatTheLastOneFound)
+{
+    scanHome();
+    const int revision = store.revision();
+    Gate gate(*fake.log, "list " + at("Movies"));
+    store.scanHome();
+    EXPECT_EQ(store.root(), nullptr);
+    EXPECT_TRUE(store.allFiles().empty());
+    EXPECT_TRUE(store.typeBreakdown().empty());
+    EXPECT_EQ(store.scannedFiles(), 0);
+    EXPECT_EQ(store.scannedBytes(), 0);
+    EXPECT_TRUE(store.currentPath().empty());
+    EXPECT_EQ(store.scanDuration(), 0);
+    EXPECT_EQ(store.node(at("Movies")), nullptr);
+    EXPECT_GT(store.revision(), revision);
+    gate.open();
+    ASSERT_TRUE(waitForReady());
+}
+
+TEST_F(StorageStoreTest, AReplacedTreeIsLetGoOfInTheBackground)
+{
+    scanHome();
+    const std::weak_ptr<FileNode> old = store.root();
+    store.scanHome();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return old.expired(); }, patience));
+    ASSERT_TRUE(waitForReady());
 }
 
 TEST_F(StorageStoreTest, AFinishedScanThatWasNotStoppedSaysNothing)
@@ -295,12 +390,128 @@ TEST_F(StorageStoreTest, AFailureIsReportedOnceAndLogged)
 
 TEST_F(StorageStoreTest, WhatIsRemovedDuringAScanIsNotInItsTree)
 {
+    Gate gate(*fake.log, "list " + at("Projects/deep")); // the walk may have seen the movies by then, or not
     store.scanHome();
+    ASSERT_TRUE(gate.waitUntilReached());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.log->linesStartingWith("list " + at("Movies")).empty(); }, patience));
     fake.files.take(at("Movies/a.mov"));
     store.didRemove({{{at("Movies/a.mov"), 3'000'000}}, {}}, false);
+    gate.open();
     ASSERT_TRUE(waitForReady());
     EXPECT_EQ(store.node(at("Movies/a.mov")), nullptr);
+    EXPECT_EQ(sizeOf("Movies"), 2'000'000);
     EXPECT_TRUE(verify(*store.root()));
+}
+
+TEST_F(StorageStoreTest, WhatCameBackAfterItsRemovalDuringAScanStaysInTheTree)
+{
+    Gate gate(*fake.log, "list " + at("Movies"));
+    store.scanHome();
+    ASSERT_TRUE(gate.waitUntilReached());
+    store.didRemove({{{at("Movies/a.mov"), 3'000'000}}, {}}, false); // the fake still has it
+    gate.open();
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(sizeOf("Movies/a.mov"), 3'000'000);
+}
+
+TEST_F(StorageStoreTest, AFolderThatIsRemovedDuringItsOwnScanIsNotShown)
+{
+    Gate gate(*fake.log, "list " + at("Movies"));
+    store.scan(at("Movies"));
+    ASSERT_TRUE(gate.waitUntilReached());
+    fake.files.take(at("Movies"));
+    store.didRemove({{{at("Movies"), 5'000'000}}, {}}, false);
+    gate.open();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::idle; }, patience));
+    EXPECT_FALSE(store.hasScan());
+}
+
+TEST_F(StorageStoreTest, ListsStayLargestFirstWhenSomethingInsideAPackageIsRemoved)
+{
+    fake.files.setPackageExtensions({"app"});
+    fake.files.addFile(at("Big.app/Contents/one"), 6'000'000);
+    fake.files.addFile(at("Big.app/Contents/two"), 500'000);
+    fake.files.addFile(at("Mid.app/Contents/three"), 5'000'000);
+    fake.files.addFile(at("Mid.app/Contents/four"), 3'500'000);
+    scanHome();
+    ASSERT_EQ(store.allFiles().front()->name, "Mid.app");
+    const auto isListed = [&](std::string_view name) {
+        return std::ranges::any_of(store.allFiles(), [&](const auto &file) { return file->name == name; });
+    };
+    ASSERT_TRUE(isListed("Big.app"));
+    store.didRemove({{{at("Mid.app/Contents/three"), 5'000'000}, {at("Big.app/Contents/one"), 6'000'000}}, {}}, false);
+    EXPECT_FALSE(isListed("Big.app")); // half a megabyte is left of it
+    EXPECT_TRUE(isListed("Mid.app"));
+    EXPECT_TRUE(std::ranges::is_sorted(store.allFiles(), std::ranges::greater(), &FileNode::size));
+}
+
+TEST_F(StorageStoreTest, ABuildFolderThatIsRemovedLeavesItsList)
+{
+    fake.files.addFile(at("Projects/web/package.json"), 4096);
+    fake.files.addFile(at("Projects/web/node_modules/m"), 2'000'000);
+    scanHome();
+    ASSERT_EQ(store.devJunk().size(), 1u);
+    store.didRemove({{{at("Projects/web/node_modules"), 2'000'000}}, {}}, false);
+    EXPECT_TRUE(store.devJunk().empty());
+}
+
+TEST_F(StorageStoreTest, ThousandsOfRemovedItemsLeaveTheTreeAtOnce)
+{
+    RemovalOutcome outcome;
+    for (int i = 0; i < 3000; ++i) {
+        const std::string path = at("Many/" + std::to_string(i));
+        fake.files.addFile(path, 1'000'000);
+        if (i % 3 != 0) {
+            outcome.removed.push_back({path, 1'000'000});
+            store.setSelected(path, 1'000'000, true);
+        }
+    }
+    scanHome();
+    store.didRemove(outcome, false);
+    EXPECT_EQ(sizeOf("Many"), 1'000'000'000);
+    EXPECT_TRUE(store.selection().empty());
+    EXPECT_TRUE(verify(*store.root()));
+}
+
+TEST_F(StorageStoreTest, TheVolumeIsReadAgainAfterAScanAndAfterARemoval)
+{
+    fake.volumes.set("/", {"Disk", 100, 10, std::nullopt});
+    scanHome();
+    EXPECT_EQ(store.volume().available, 10);
+    fake.volumes.set("/", {"Disk", 100, 20, std::nullopt});
+    store.didRemove({{{at("Movies/a.mov"), 3'000'000}}, {}}, false);
+    EXPECT_EQ(store.volume().available, 20);
+}
+
+TEST_F(StorageStoreTest, ASecondRemovalWhileOneRunsIsIgnored)
+{
+    Gate gate(*fake.log, "trashItem " + at("Movies/a.mov"));
+    store.remove({{at("Movies/a.mov"), 1}}, false);
+    ASSERT_TRUE(gate.waitUntilReached());
+    store.remove({{at("Movies/b.mov"), 1}}, false);
+    gate.open();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+    EXPECT_FALSE(fake.files.has(at("Movies/a.mov")));
+    EXPECT_TRUE(fake.files.has(at("Movies/b.mov")));
+}
+
+TEST_F(StorageStoreTest, TheLibraryAndItsPreferencesCannotBeSelectedButAFileInsideThemCan)
+{
+    for (const char *refused : {"Library", "Library/Preferences", "Library/Keychains/login.keychain"}) {
+        store.setSelected(at(refused), 1, true);
+        EXPECT_TRUE(store.selection().empty()) << refused;
+    }
+    store.setSelected(at("Library/Preferences/com.example.app.plist"), 1, true);
+    EXPECT_EQ(store.selection().size(), 1u);
+}
+
+TEST_F(StorageStoreTest, AHomeThatIsALinkKeepsItsNameAsTheScannedFolder)
+{
+    fake.files.move(home, "/data/u");
+    fake.files.addLink(home, "/data/u");
+    scanHome();
+    EXPECT_EQ(store.root()->path(), home);
+    EXPECT_EQ(store.root()->children.front()->parentPath(home), "~");
 }
 
 TEST_F(StorageStoreTest, ASupersededBreakdownThatArrivesAfterTheNewRequestIsDropped)
@@ -369,14 +580,30 @@ TEST_F(StorageStoreTest, AnActionOfTheBreakdownIsCarriedOut)
     EXPECT_EQ(store.root()->path(), home);
 }
 
-TEST_F(StorageStoreTest, AStoreThatGoesAwayDuringAScanStopsItCleanly)
+TEST_F(StorageStoreTest, AStoreThatGoesAwayDuringAScanStopsItFirst)
 {
-    for (int i = 0; i < 20; ++i) {
-        StorageStore brief(systemHost(), PathGuard::locations());
-        brief.scan("/usr");
-        QTest::qWait(i % 4);
+    std::shared_ptr<ScanProgress> token;
+    Gate gate(*fake.log, "list " + at("Movies"));
+    {
+        StorageStore brief(fake.host(), locations);
+        brief.scanHome();
+        token = brief.progress();
+        ASSERT_TRUE(gate.waitUntilReached());
+        gate.open();
     }
-    SUCCEED(); // the sanitizers are the judges
+    EXPECT_TRUE(token->isCancelled());
+}
+
+TEST_F(StorageStoreTest, AStoreThatGoesAwayDuringARemovalTouchesNoFurtherItem)
+{
+    Gate gate(*fake.log, "trashItem " + at("Movies/a.mov"));
+    auto brief = std::make_unique<StorageStore>(fake.host(), locations);
+    brief->remove({{at("Movies/a.mov"), 1}, {at("Movies/b.mov"), 1}}, false);
+    ASSERT_TRUE(gate.waitUntilReached());
+    QTimer::singleShot(0, [&gate] { gate.open(); }); // runs in the loop that the store turns while it waits
+    brief.reset();
+    EXPECT_FALSE(fake.files.has(at("Movies/a.mov")));
+    EXPECT_TRUE(fake.files.has(at("Movies/b.mov")));
 }
 
 } // namespace
