@@ -1,6 +1,7 @@
 #include "platform/linux/item_removal.h"
 
 #include <cerrno>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "platform/folder_chain.h"
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/long_path.h"
+#include "platform/linux/mounts.h"
 #include "platform/linux/stat_facts.h"
 
 namespace corvane {
@@ -18,11 +20,11 @@ namespace {
 /// Empties one folder from the bottom up.
 class Removal {
 public:
-    explicit Removal(const std::string &path) : m_path(path) {}
+    /// `mount` is that of the folder which contains the item.
+    Removal(const std::string &path, const Mount &mount) : m_path(path), m_mount(mount) {}
 
     Expected<void> emptyFolder(std::unique_ptr<LinuxOpenFolder> top)
     {
-        m_device = top->identity().device;
         if (Expected<void> entered = enter(std::move(top), {}); !entered)
             return entered;
         while (!m_levels.empty()) {
@@ -63,8 +65,11 @@ private:
 
     Expected<void> enter(std::unique_ptr<LinuxOpenFolder> folder, std::string name)
     {
-        if (folder->identity().device != m_device)
-            return failure("delete", EBUSY, name);
+        const std::optional<Mount> mount = Mount::of(folder->descriptor());
+        if (!mount)
+            return failure("examine", errno, name);
+        if (!mount->isSameAs(m_mount))
+            return tl::unexpected(mountedInside("delete", pathOf(name)));
         Level level{.name = std::move(name), .subfolders = {}};
         std::vector<std::string> others;
         Expected<void> listed = folder->list([&](const DirectoryEntry &entry) {
@@ -100,16 +105,21 @@ private:
     /// The failure of an item of that name in the folder where the walk stands.
     tl::unexpected<Error> failure(const char *operation, int code, std::string_view name = {}) const
     {
+        return tl::unexpected(Error{operation, pathOf(name), {code, std::generic_category()}, {}});
+    }
+
+    std::string pathOf(std::string_view name) const
+    {
         std::string path = m_path;
         for (std::size_t i = 1; i < m_levels.size(); ++i)
             path.append("/").append(m_levels[i].name);
         if (!name.empty())
             path.append("/").append(name);
-        return tl::unexpected(Error{operation, std::move(path), {code, std::generic_category()}, {}});
+        return path;
     }
 
     const std::string &m_path;
-    std::uint64_t m_device = 0;
+    const Mount m_mount;
     FolderChain m_folders;
     std::vector<Level> m_levels; // the same folders
 };
@@ -129,19 +139,36 @@ Expected<void> removeItemForGood(const std::string &path)
     if (!item)
         return failure(item.error().code.value());
 
+    // From here on everything goes by the folder that contains the item, wherever its path may lead by then.
+    const std::string_view relative(item->name());
+    const std::size_t slash = relative.rfind('/');
+    const std::string name(relative.substr(slash + 1));
+    if (name == "." || name == "..")
+        return failure(EINVAL);
+    const std::string containing(slash == std::string_view::npos ? "." : relative.substr(0, slash + 1));
+    const FileDescriptor parent(::openat(item->folder(), containing.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!parent.isOpen())
+        return failure(errno);
+
     struct stat facts;
-    if (::fstatat(item->folder(), item->name(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
+    if (::fstatat(parent.number(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
         return failure(errno);
     if (!S_ISDIR(facts.st_mode))
-        return ::unlinkat(item->folder(), item->name(), 0) == 0 ? Expected<void>{} : failure(errno);
+        return ::unlinkat(parent.number(), name.c_str(), 0) == 0 ? Expected<void>{} : failure(errno);
 
+    // Looked for before the first item goes; the walk looks again at every folder that it enters.
+    if (Expected<void> unmounted = refuseMountPoints("delete", path); !unmounted)
+        return unmounted;
+    const std::optional<Mount> mount = Mount::of(parent.number());
+    if (!mount)
+        return failure(errno);
     Expected<std::unique_ptr<LinuxOpenFolder>> top =
-        LinuxOpenFolder::open(item->folder(), item->name(), LinuxOpenFolder::LinkRule::refuse);
+        LinuxOpenFolder::open(parent.number(), name.c_str(), LinuxOpenFolder::LinkRule::refuse);
     if (top) {
-        if (Expected<void> emptied = Removal(path).emptyFolder(std::move(*top)); !emptied)
+        if (Expected<void> emptied = Removal(path, *mount).emptyFolder(std::move(*top)); !emptied)
             return emptied;
     }
-    if (::unlinkat(item->folder(), item->name(), AT_REMOVEDIR) != 0)
+    if (::unlinkat(parent.number(), name.c_str(), AT_REMOVEDIR) != 0)
         return failure(top ? errno : top.error().code.value());
     return {};
 }

@@ -1,7 +1,6 @@
 #include "platform/linux/linux_file_system.h"
 
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <vector>
 
@@ -13,6 +12,7 @@
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/long_path.h"
 #include "platform/linux/package_extensions.h"
+#include "platform/linux/real_path.h"
 #include "platform/linux/stat_facts.h"
 
 namespace corvane {
@@ -30,88 +30,6 @@ std::string withoutTrailingSlashes(const std::string &path)
     const std::size_t last = path.find_last_not_of('/');
     return last == std::string::npos ? path.substr(0, 1) : path.substr(0, last + 1);
 }
-
-/// `realPath` for a path that the system's own function refuses for its length.
-class LongRealPath {
-public:
-    static Expected<std::string> resolve(const std::string &path)
-    {
-        LongRealPath walk(path);
-        while (!walk.m_pending.empty()) {
-            if (const int code = walk.step(); code != 0)
-                return failure("resolve", path, code);
-        }
-        return walk.m_resolved.empty() ? "/" : std::move(walk.m_resolved);
-    }
-
-private:
-    explicit LongRealPath(std::string_view path) { prepend(path); }
-
-    /// Takes one component; answers 0 or the system's code.
-    int step()
-    {
-        const std::string name = std::move(m_pending.back());
-        m_pending.pop_back();
-        if (name == "/") {
-            m_resolved.clear();
-            return goTo(AT_FDCWD, "/");
-        }
-        if (name == "..") {
-            m_resolved.resize(m_resolved.empty() ? 0 : m_resolved.rfind('/'));
-            return goTo(m_folder.number(), "..");
-        }
-        struct stat facts;
-        if (::fstatat(m_folder.number(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
-            return errno;
-        if (S_ISLNK(facts.st_mode))
-            return followLink(name);
-        m_resolved.append("/").append(name);
-        return m_pending.empty() ? 0 : goTo(m_folder.number(), name.c_str());
-    }
-
-    int followLink(const std::string &name)
-    {
-        constexpr int mostLinks = 40; // the kernel's own limit
-        if (++m_links > mostLinks)
-            return ELOOP;
-        std::string target(PATH_MAX, '\0');
-        const ssize_t length = ::readlinkat(m_folder.number(), name.c_str(), target.data(), target.size());
-        if (length < 0)
-            return errno;
-        target.resize(static_cast<std::size_t>(length));
-        prepend(target);
-        return 0;
-    }
-
-    int goTo(int base, const char *name)
-    {
-        FileDescriptor next(::openat(base, name, O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-        if (!next.isOpen())
-            return errno;
-        m_folder = std::move(next);
-        return 0;
-    }
-
-    /// Puts a text's components in front of those that are still to be taken.
-    void prepend(std::string_view text)
-    {
-        std::vector<std::string> components;
-        if (text.starts_with('/'))
-            components.emplace_back("/");
-        for (std::size_t start = text.find_first_not_of('/'); start != std::string_view::npos;) {
-            const std::size_t end = text.find('/', start);
-            if (const std::string_view component = text.substr(start, end - start); component != ".")
-                components.emplace_back(component);
-            start = text.find_first_not_of('/', end);
-        }
-        m_pending.insert(m_pending.end(), components.rbegin(), components.rend());
-    }
-
-    FileDescriptor m_folder;
-    std::string m_resolved;             // the path of m_folder; empty for "/"
-    std::vector<std::string> m_pending; // components to take, the next one last
-    int m_links = 0;
-};
 
 } // namespace
 
@@ -162,12 +80,7 @@ bool LinuxFileSystem::canOpen(const std::string &path)
 
 Expected<std::string> LinuxFileSystem::realPath(const std::string &path)
 {
-    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), &std::free);
-    if (resolved)
-        return std::string(resolved.get());
-    if (errno == ENAMETOOLONG && path.starts_with('/'))
-        return LongRealPath::resolve(path);
-    return failure("resolve", path, errno);
+    return resolvedPath(path);
 }
 
 bool LinuxFileSystem::isPackageExtension(std::string_view extension)

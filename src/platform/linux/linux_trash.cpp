@@ -10,6 +10,7 @@
 #include "platform/file_descriptor.h"
 #include "platform/linux/gio_error.h"
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/mounts.h"
 
 namespace corvane {
 
@@ -49,6 +50,10 @@ bool volumeIsFull(const std::string &path)
 
 Expected<void> LinuxTrash::trashItem(const std::string &path)
 {
+    // A folder that is moved takes along what is mounted inside it: emptying the Trash would then empty that disk.
+    if (Expected<void> unmounted = refuseMountPoints(moveToTrash, path); !unmounted)
+        return unmounted;
+
     // On a full disk GIO moves the item but leaves the record of where it came from empty, and reports
     // success: no file manager could ever put the item back.
     if (volumeIsFull(path)) {

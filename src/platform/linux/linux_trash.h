@@ -12,7 +12,7 @@ public:
     /// `files` outlives the object.
     explicit LinuxTrash(FileSystem &files) : m_files(files) {}
 
-    /// Fails, and leaves the item where it is, when its volume has no Trash.
+    /// Fails, and leaves the item where it is, when its volume has no Trash, or something is mounted on it or inside.
     [[nodiscard]] Expected<void> trashItem(const std::string &path) override;
 
     [[nodiscard]] Expected<void> recycle(const std::string &path) override;

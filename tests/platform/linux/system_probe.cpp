@@ -27,6 +27,8 @@ int run(std::string_view question, const std::string &subject)
     const Host &host = systemHost();
     if (question == "trash")
         return tell(host.trash.trashItem(subject));
+    if (question == "erase")
+        return tell(host.files.removeItem(subject));
     if (question == "recycle")
         return tell(host.trash.recycle(subject));
     if (question == "finder")
