@@ -23,6 +23,10 @@ FocusScope {
     Accessible.name: title
     Accessible.description: message
 
+    // From wherever the keyboard is: Return gives the default answer.
+    Keys.onReturnPressed: (destructive ? cancelButton : confirmButton).clicked()
+    Keys.onEnterPressed: (destructive ? cancelButton : confirmButton).clicked()
+
     function focusDefault() {
         (destructive ? cancelButton : confirmButton).forceActiveFocus(Qt.TabFocusReason);
     }
@@ -93,6 +97,8 @@ FocusScope {
             text: body.confirmText
             danger: body.destructive
             primary: !body.destructive
+            // What cannot be undone is not the answer to a Return too many.
+            returnPresses: !body.destructive
             onClicked: body.confirmed()
         }
     }

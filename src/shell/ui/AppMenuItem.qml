@@ -9,11 +9,16 @@ T.MenuItem {
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Theme.menuRowHeight
     horizontalPadding: Theme.space10
+    hoverEnabled: true
     font: Theme.bodyFont
 
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
-    Accessible.onPressAction: item.triggered()
+    Accessible.onPressAction: {
+        item.triggered();
+        if (item.menu)
+            item.menu.dismiss();
+    }
 
     contentItem: MenuRow {
         text: item.text

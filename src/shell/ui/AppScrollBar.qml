@@ -8,6 +8,7 @@ T.ScrollBar {
 
     implicitWidth: Theme.scrollBarWidth
     implicitHeight: Theme.scrollBarWidth
+    hoverEnabled: true
     padding: (Theme.scrollBarWidth - Theme.scrollThumbWidth) / 2
     visible: policy !== T.ScrollBar.AlwaysOff && size < 1
     minimumSize: orientation === Qt.Horizontal ? height / Math.max(1, width) * 2 : width / Math.max(1, height) * 2

@@ -8,8 +8,6 @@ T.AbstractButton {
 
     /// The corner radius that the focus ring follows.
     property real cornerRadius: Theme.radiusControl
-    /// What the focus ring surrounds.
-    property Item ringTarget: control
     /// Whether Return does what Space does.
     property bool returnPresses: true
 
@@ -17,6 +15,7 @@ T.AbstractButton {
     implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: Theme.controlHeight
     focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
     font: Theme.bodyMediumFont
 
     Keys.onReturnPressed: event => press(event)
@@ -33,7 +32,6 @@ T.AbstractButton {
     }
 
     FocusRing {
-        parent: control.ringTarget
         around: control.cornerRadius
         visible: control.visualFocus
     }

@@ -23,19 +23,18 @@ T.ComboBox {
     rightPadding: Theme.hairlineWidth + Theme.smallControlPadding + Theme.caretSize + Theme.space6
     font: Theme.bodyFont
     focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
     opacity: enabled ? 1 : Theme.disabledPlainOpacity
 
     Accessible.role: Accessible.ComboBox
     Accessible.name: accessibleName
     Accessible.description: displayText
     Accessible.onPressAction: control.popup.open()
-    Keys.onReturnPressed: event => openByKey(event)
-    Keys.onEnterPressed: event => openByKey(event)
-
-    // Once open, Return takes the highlighted row, which the template does by itself.
-    function openByKey(event: KeyEvent) {
-        event.accepted = !popup.visible;
-        if (!popup.visible)
+    // Return opens the list when it is let go: the template closes an open list at that moment, taking the
+    // highlighted row.
+    Keys.onReleased: event => {
+        event.accepted = !popup.visible && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter);
+        if (event.accepted)
             popup.open();
     }
 

@@ -12,6 +12,7 @@ T.ItemDelegate {
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Theme.menuRowHeight
     horizontalPadding: Theme.space10
+    hoverEnabled: true
     Accessible.role: Accessible.ListItem
     Accessible.name: text
     Accessible.selected: marked

@@ -1,25 +1,29 @@
 import QtQuick
+import QtQuick.Templates as T
 import Corvane.Shell
 
-/// One choice of a segmented control. Only the chosen one is reached by Tab.
-ButtonBase {
+/// One choice of a segmented control, which has the keyboard itself.
+T.RadioButton {
     id: segment
 
-    required property bool chosen
+    /// Whether the keyboard's ring is around the chosen segment.
+    required property bool ringed
 
-    cornerRadius: Theme.radiusSegment
+    implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)
     leftPadding: Theme.smallControlPadding
     rightPadding: Theme.smallControlPadding
-    focusPolicy: chosen ? Qt.StrongFocus : Qt.ClickFocus
-    focus: chosen
-    font: chosen ? Theme.secondaryMediumFont : Theme.secondaryFont
-    Accessible.role: Accessible.PageTab
-    Accessible.selected: chosen
+    focusPolicy: Qt.NoFocus
+    hoverEnabled: true
+    font: checked ? Theme.secondaryMediumFont : Theme.secondaryFont
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: text
+    Accessible.checkable: true
+    Accessible.checked: checked
+    Accessible.onPressAction: segment.clicked()
 
     background: Rectangle {
         radius: Theme.radiusSegment
-        color: segment.chosen ? Theme.segOn
-            : segment.hovered ? Theme.fillq : Theme.withAlpha(Theme.fillq, 0)
+        color: segment.checked ? Theme.segOn : segment.hovered ? Theme.fillq : Theme.withAlpha(Theme.fillq, 0)
 
         Rectangle {
             anchors.fill: parent
@@ -28,13 +32,18 @@ ButtonBase {
             color: "transparent"
             border.width: Theme.hairlineWidth
             border.color: Theme.panelOutline
-            visible: segment.chosen
+            visible: segment.checked
         }
     }
     contentItem: PlainText {
         text: segment.text
         font: segment.font
-        color: segment.chosen ? Theme.t1 : Theme.t2
+        color: segment.checked ? Theme.t1 : Theme.t2
         horizontalAlignment: Text.AlignHCenter
+    }
+
+    FocusRing {
+        around: Theme.radiusSegment
+        visible: segment.ringed && segment.checked
     }
 }

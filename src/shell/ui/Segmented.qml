@@ -1,10 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import Corvane.Shell
 
 /// A few choices side by side, one of which holds. The arrow keys move the choice.
-FocusScope {
+T.Control {
     id: control
 
     required property list<string> segments
@@ -14,9 +15,12 @@ FocusScope {
 
     signal activated(int index)
 
-    implicitWidth: row.implicitWidth + 2 * Theme.segmentPadding
+    implicitWidth: row.width + leftPadding + rightPadding
     implicitHeight: Theme.controlHeight
-    Accessible.role: Accessible.PageTabList
+    padding: Theme.segmentPadding
+    focusPolicy: Qt.StrongFocus
+    opacity: enabled ? 1 : Theme.disabledPlainOpacity
+    Accessible.role: Accessible.Grouping
     Accessible.name: accessibleName
 
     Keys.onLeftPressed: choose(currentIndex - 1)
@@ -29,16 +33,17 @@ FocusScope {
         activated(index);
     }
 
-    Rectangle {
-        anchors.fill: parent
+    background: Rectangle {
         radius: Theme.radiusControl
         color: Theme.fillq
     }
+
     Row {
         id: row
 
-        anchors.fill: parent
-        anchors.margins: Theme.segmentPadding
+        x: control.leftPadding
+        y: control.topPadding
+        height: control.availableHeight
 
         Repeater {
             model: control.segments
@@ -49,7 +54,8 @@ FocusScope {
 
                 height: row.height
                 text: modelData
-                chosen: index === control.currentIndex
+                checked: index === control.currentIndex
+                ringed: control.visualFocus
                 onClicked: control.choose(index)
             }
         }

@@ -1,13 +1,14 @@
 import QtQuick
+import QtQuick.Templates as T
 import Corvane.Shell
 
 /// The check box of an item. Its whole cell takes the click; what the click does is the owner's business, which
 /// listens to `toggled()` and sets `checkState`. A protected place cannot be checked and says why.
-ButtonBase {
+T.CheckBox {
     id: control
 
-    /// Qt.Unchecked, Qt.PartiallyChecked or Qt.Checked.
-    required property int checkState
+    /// Qt.Unchecked, Qt.PartiallyChecked or Qt.Checked: what the item is, never changed from here.
+    required checkState
     /// What is checked: the item's name.
     required property string accessibleName
     property bool protectedPlace: false
@@ -17,9 +18,9 @@ ButtonBase {
 
     implicitWidth: Theme.checkCellWidth
     implicitHeight: Theme.tableRowHeight
-    cornerRadius: Theme.radiusFrame
-    ringTarget: box
-    returnPresses: false
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+    nextCheckState: () => checkState
     onClicked: if (!protectedPlace) control.toggled()
 
     Accessible.role: Accessible.CheckBox
@@ -28,6 +29,7 @@ ButtonBase {
     Accessible.checkable: !protectedPlace
     Accessible.checked: checkState === Qt.Checked
     Accessible.checkStateMixed: checkState === Qt.PartiallyChecked
+    Accessible.onPressAction: control.clicked()
     Accessible.onToggleAction: control.clicked()
 
     Rectangle {
@@ -57,9 +59,14 @@ ButtonBase {
                 }
             }
         }
+        FocusRing {
+            around: Theme.radiusFrame
+            visible: control.visualFocus
+        }
     }
 
     Tip {
+        objectName: "tip"
         text: control.reason
         visible: control.protectedPlace && control.reason !== "" && (control.hovered || control.visualFocus)
     }

@@ -29,7 +29,7 @@ QColor fileIconColor(FileType type, FileNode::Kind kind)
     if (kind == FileNode::Kind::directory)
         return QColor(0x4e, 0x9c, 0xeb);
     const Color color = type.color();
-    const auto part = [](double value) { return qRound(value * 0.94 * 255); };
+    const auto part = [](double value) { return qRound(qRound(value * 255) * 0.94); };
     return QColor(part(color.red), part(color.green), part(color.blue));
 }
 

@@ -1,0 +1,231 @@
+#include "shell/ui/theme.h"
+
+#include <gtest/gtest.h>
+
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QSignalSpy>
+
+#include "platform/desktop.h"
+#include "shell/contrast.h"
+#include "shell/ui/color_scheme_setting.h"
+#include "shell/ui/fonts.h"
+
+namespace corvane {
+namespace {
+
+class FakeDesktop : public Desktop {
+public:
+    Expected<void> reveal(const std::string &) override { return {}; }
+    Expected<void> openUrl(const std::string &) override { return {}; }
+    void activateApplication() override {}
+    void log(std::string_view) override {}
+    bool prefersReducedMotion() override { return reducedMotion; }
+
+    bool reducedMotion = false;
+};
+
+class FakeSetting : public ColorSchemeSetting {
+public:
+    [[nodiscard]] std::optional<bool> prefersDark() const override { return m_prefersDark; }
+    void set(std::optional<bool> prefersDark)
+    {
+        m_prefersDark = prefersDark;
+        emit changed();
+    }
+
+private:
+    std::optional<bool> m_prefersDark;
+};
+
+/// A light palette before and after each test.
+class ThemeTest : public testing::Test {
+protected:
+    void SetUp() override { setWindowColor(Qt::white); }
+    void TearDown() override { setWindowColor(Qt::white); }
+
+    static void setWindowColor(const QColor &color)
+    {
+        QPalette palette = QGuiApplication::palette();
+        palette.setColor(QPalette::Window, color);
+        QGuiApplication::setPalette(palette);
+    }
+
+    FakeDesktop desktop;
+};
+
+TEST_F(ThemeTest, FollowsThePaletteWhileRunning)
+{
+    Theme theme(desktop, nullptr);
+    EXPECT_FALSE(theme.isDark());
+    EXPECT_EQ(theme.window(), QColor("#F6F6F8"));
+    QSignalSpy changed(&theme, &Theme::changed);
+
+    setWindowColor(QColor(30, 30, 30));
+    EXPECT_TRUE(theme.isDark());
+    EXPECT_EQ(theme.window(), QColor("#1C1D21"));
+    EXPECT_EQ(changed.count(), 1);
+
+    setWindowColor(Qt::white);
+    EXPECT_FALSE(theme.isDark());
+    EXPECT_EQ(changed.count(), 2);
+}
+
+TEST_F(ThemeTest, StaysSilentWhenThePaletteChangesWithinTheSameScheme)
+{
+    const Theme theme(desktop, nullptr);
+    QSignalSpy changed(&theme, &Theme::changed);
+    setWindowColor(QColor(240, 240, 240));
+    EXPECT_EQ(changed.count(), 0);
+}
+
+TEST_F(ThemeTest, DesktopsOwnSettingOutweighsThePalette)
+{
+    auto setting = std::make_unique<FakeSetting>();
+    FakeSetting &handle = *setting;
+    const Theme theme(desktop, std::move(setting));
+    EXPECT_FALSE(theme.isDark());
+
+    handle.set(true);
+    EXPECT_TRUE(theme.isDark());
+    setWindowColor(QColor(250, 250, 250));
+    EXPECT_TRUE(theme.isDark());
+
+    handle.set(std::nullopt);
+    EXPECT_FALSE(theme.isDark());
+}
+
+TEST_F(ThemeTest, FixedSchemeNoLongerFollowsTheSystem)
+{
+    Theme theme(desktop, nullptr);
+    theme.setDark(true);
+    EXPECT_TRUE(theme.isDark());
+    setWindowColor(QColor(250, 250, 250));
+    EXPECT_TRUE(theme.isDark());
+}
+
+TEST_F(ThemeTest, MovementsTakeNoTimeUnderReducedMotion)
+{
+    Theme theme(desktop, nullptr);
+    EXPECT_EQ(theme.motion(220), 220);
+
+    // The wish is asked for again when something in the system changes.
+    desktop.reducedMotion = true;
+    QEvent activated(QEvent::ApplicationStateChange);
+    QCoreApplication::sendEvent(qApp, &activated);
+    EXPECT_TRUE(theme.reducedMotion());
+    EXPECT_EQ(theme.motion(220), 0);
+}
+
+TEST_F(ThemeTest, EveryTextStandsOutFromEveryGround)
+{
+    Theme theme(desktop, nullptr);
+    for (const bool dark : {false, true}) {
+        theme.setDark(dark);
+        const QColor grounds[] = {theme.window(), theme.sidebar(), theme.band(), theme.surface(), theme.raised(),
+                                  theme.control()};
+        const QColor texts[] = {theme.t1(),         theme.t2(),       theme.t3(),    theme.accentText(),
+                                theme.dangerText(), theme.warnText(), theme.okText()};
+        for (const QColor &ground : grounds) {
+            for (const QColor &text : texts)
+                EXPECT_GE(contrast(text, ground), 4.5) << text.name().toStdString() << " on " << ground.name().toStdString();
+            // The grounds of rows lie over these.
+            for (const QColor &row : {theme.fillq(), theme.accentRow()}) {
+                for (const QColor &text : {theme.t1(), theme.t2()}) {
+                    const QColor mixed = over(row, ground);
+                    EXPECT_GE(contrast(text, mixed), 4.5)
+                        << text.name().toStdString() << " on " << mixed.name().toStdString();
+                }
+            }
+        }
+    }
+}
+
+TEST_F(ThemeTest, TagsStandOutFromTheirOwnGround)
+{
+    Theme theme(desktop, nullptr);
+    for (const bool dark : {false, true}) {
+        theme.setDark(dark);
+        EXPECT_GE(contrast(theme.okText(), theme.okSoft()), 4.5);
+        EXPECT_GE(contrast(theme.warnText(), theme.warnSoft()), 4.5);
+        EXPECT_GE(contrast(theme.dangerText(), theme.dangerSoft()), 4.5);
+        EXPECT_GE(contrast(theme.accentText(), over(theme.accentSoft(), theme.surface())), 4.5);
+        EXPECT_GE(contrast(theme.t2(), over(theme.fillq(), theme.surface())), 4.5);
+    }
+}
+
+TEST_F(ThemeTest, WhiteStandsOutFromEveryFill)
+{
+    Theme theme(desktop, nullptr);
+    for (const bool dark : {false, true}) {
+        theme.setDark(dark);
+        for (const QColor &fill : {theme.accentFill(), theme.accentFillHover(), theme.accentFillPress(),
+                                   theme.dangerFill(), theme.dangerFillHover(), theme.dangerFillPress(), theme.toast()})
+            EXPECT_GE(contrast(theme.onFill(), fill), 4.5) << fill.name().toStdString();
+    }
+}
+
+TEST_F(ThemeTest, FocusRingAndCheckBoxStandOutAsMarks)
+{
+    Theme theme(desktop, nullptr);
+    for (const bool dark : {false, true}) {
+        theme.setDark(dark);
+        for (const QColor &ground : {theme.window(), theme.sidebar(), theme.band(), theme.surface(), theme.raised()})
+            EXPECT_GE(contrast(theme.focus(), ground), 3.0) << ground.name().toStdString();
+        EXPECT_GE(contrast(over(theme.checkOutline(), theme.surface()), theme.surface()), 3.0);
+    }
+}
+
+TEST_F(ThemeTest, TranslucentColorsKeepTheirOpacity)
+{
+    Theme theme(desktop, nullptr);
+    EXPECT_EQ(theme.accentSoft(), QColor(84, 110, 255, qRound(0.12 * 255)));
+    EXPECT_EQ(theme.scrim(), QColor(20, 21, 28, qRound(0.34 * 255)));
+    theme.setDark(true);
+    EXPECT_EQ(theme.fillq(), QColor(255, 255, 255, qRound(0.07 * 255)));
+    // Two coats of 7 % cover 13.5 %.
+    EXPECT_NEAR(theme.fillqPress().alphaF(), 0.135, 0.005);
+}
+
+TEST_F(ThemeTest, SolidFillDarkensOnlyAsFarAsWhiteNeeds)
+{
+    const Theme theme(desktop, nullptr);
+    EXPECT_EQ(theme.solidFill(QColor(84, 110, 255)), QColor(84, 110, 255));
+
+    const QColor pale(250, 143, 56);
+    EXPECT_LT(contrast(Qt::white, pale), 3.1);
+    const QColor fill = theme.solidFill(pale);
+    EXPECT_GE(contrast(Qt::white, fill), 3.1);
+    EXPECT_EQ(fill.rgb(), QColor(215, 123, 48).rgb());
+}
+
+TEST_F(ThemeTest, EmbeddedFontsAreTheOnesInUse)
+{
+    registerFonts();
+    const Theme theme(desktop, nullptr);
+    EXPECT_EQ(QFontInfo(theme.bodyFont()).family(), QStringLiteral("Inter Text"));
+    EXPECT_EQ(QFontInfo(theme.bodyFiguresFont()).family(), QStringLiteral("Inter Tabular"));
+    EXPECT_EQ(QFontInfo(theme.bodyMediumFont()).weight(), QFont::Medium);
+    EXPECT_EQ(QFontInfo(theme.title2Font()).weight(), QFont::DemiBold);
+    EXPECT_EQ(theme.captionFont().pixelSize(), 11);
+}
+
+TEST_F(ThemeTest, FiguresOfColumnsHaveOneWidth)
+{
+    registerFonts();
+    const Theme theme(desktop, nullptr);
+    const QFontMetricsF plain(theme.bodyFont());
+    EXPECT_NE(plain.horizontalAdvance(u'1'), plain.horizontalAdvance(u'8'));
+    for (const QFont &font : {theme.bodyFiguresFont(), theme.bodyMediumFiguresFont(), theme.secondaryFiguresFont(),
+                              theme.captionFiguresFont(), theme.figureFont(), theme.statFont()}) {
+        const QFontMetricsF figures(font);
+        // The font's own "4" is a few hundredths of a point narrower.
+        for (const QChar digit : QStringLiteral("0123456789"))
+            EXPECT_NEAR(figures.horizontalAdvance(digit), figures.horizontalAdvance(u'0'), 0.05) << digit.toLatin1();
+    }
+}
+
+} // namespace
+} // namespace corvane
