@@ -93,7 +93,9 @@ Commands::Commands()
     map = add("map", "Lay a folder out as a treemap.", "corvane-cli map ~/Movies --size 1600x1000 --svg movies.svg");
     mapPath = addPath(*map, "The folder")->required();
     size = map->add_option("--size")->description("The map's size in points, by default 900x600")->type_name("WxH");
-    svg = map->add_option("--svg")->description("Write the map as a picture; \"-\" is standard output")->type_name("FILE");
+    svg = map->add_option("--svg")
+              ->description("Write the map as a picture; \"-\" is standard output")
+              ->type_name("FILE");
     for (CLI::Option *const option : {size, svg})
         option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
 

@@ -44,8 +44,11 @@ int scaled(double part, int largest)
 } // namespace
 
 Console::Console()
-    : out(STDOUT_FILENO), errors(STDERR_FILENO), m_outIsTerminal(isatty(STDOUT_FILENO) == 1),
-      m_canShowProgress(isatty(STDERR_FILENO) == 1 && !isDumb()), m_colors(supportedColors())
+    : out(STDOUT_FILENO),
+      errors(STDERR_FILENO),
+      m_outIsTerminal(isatty(STDOUT_FILENO) == 1),
+      m_canShowProgress(isatty(STDERR_FILENO) == 1 && !isDumb()),
+      m_colors(supportedColors())
 {
 }
 
@@ -100,9 +103,9 @@ std::string Console::colored(std::string_view text, const Color &color) const
 {
     switch (m_colors) {
     case Colors::full:
-        return styled(fmt::format("38;2;{};{};{}", scaled(color.red, 255), scaled(color.green, 255),
-                                  scaled(color.blue, 255)),
-                      text);
+        return styled(
+            fmt::format("38;2;{};{};{}", scaled(color.red, 255), scaled(color.green, 255), scaled(color.blue, 255)),
+            text);
     case Colors::palette: {
         // The palette's colours 16 to 231 are a cube of six steps each of red, green and blue.
         const int index = 16 + 36 * scaled(color.red, 5) + 6 * scaled(color.green, 5) + scaled(color.blue, 5);

@@ -28,9 +28,7 @@ std::string hexadecimal(std::string_view bytes)
 
 } // namespace
 
-JsonWriter::JsonWriter(Output &out) : m_out(out)
-{
-}
+JsonWriter::JsonWriter(Output &out) : m_out(out) {}
 
 void JsonWriter::separate()
 {

@@ -9,22 +9,20 @@
 
 int main(int argumentCount, char *arguments[])
 {
-    using namespace corvane;
-
     // A reader that goes away is noticed where it is written to.
     std::signal(SIGPIPE, SIG_IGN);
 
-    Console console;
-    ExitStatus status = ExitStatus::doneWithFailures;
+    corvane::Console console;
+    auto status = corvane::ExitStatus::doneWithFailures;
     try {
-        status = runCommandLine({arguments + 1, arguments + argumentCount}, console);
+        status = corvane::runCommandLine({arguments + 1, arguments + argumentCount}, console);
     } catch (const std::exception &error) {
         console.complain(error.what());
     }
     console.out.flush();
     if (console.out.error()) {
         console.complain(fmt::format("cannot write the result: {}", console.out.error().message()));
-        status = ExitStatus::doneWithFailures;
+        status = corvane::ExitStatus::doneWithFailures;
     }
     return static_cast<int>(status);
 }

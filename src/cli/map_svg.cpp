@@ -8,9 +8,9 @@
 #include <fmt/format.h>
 
 #include "cli/display_text.h"
-#include "map/tile_colors.h"
 #include "cli/tile_label.h"
 #include "core/byte_count.h"
+#include "map/tile_colors.h"
 
 namespace corvane {
 

@@ -19,9 +19,7 @@ void waitUntilWritable(int descriptor)
 
 } // namespace
 
-Output::Output(int descriptor) : m_descriptor(descriptor)
-{
-}
+Output::Output(int descriptor) : m_descriptor(descriptor) {}
 
 void Output::write(std::string_view text)
 {

@@ -43,7 +43,8 @@ std::string missing(const std::string &path, FileSystem &files)
 
 std::string failed(const std::string &path, const Error &error, FileSystem &files)
 {
-    const bool isMissing = error.code == std::errc::no_such_file_or_directory || error.code == std::errc::not_a_directory;
+    const bool isMissing =
+        error.code == std::errc::no_such_file_or_directory || error.code == std::errc::not_a_directory;
     return isMissing ? missing(path, files) : unreachable(path, error);
 }
 
@@ -101,14 +102,16 @@ Judged<std::string> existingFolder(std::string_view argument, FileSystem &files)
     if (type == EntryType::symbolicLink) {
         const Expected<std::string> target = files.realPath(item->path);
         if (!target)
-            return tl::unexpected(fmt::format("{} is a link to something that does not exist; give an existing folder", item->path));
+            return tl::unexpected(
+                fmt::format("{} is a link to something that does not exist; give an existing folder", item->path));
         const Expected<ItemFacts> facts = files.facts(*target);
         if (!facts)
             return tl::unexpected(unreachable(*target, facts.error()));
         type = facts->type;
     }
     if (type == EntryType::file)
-        return tl::unexpected(fmt::format("{} is a file, not a folder; its folder is {}", item->path, containingFolder(item->path)));
+        return tl::unexpected(
+            fmt::format("{} is a file, not a folder; its folder is {}", item->path, containingFolder(item->path)));
     return item->path;
 }
 

@@ -85,7 +85,7 @@ RemovalQuestion::~RemovalQuestion()
         close(m_terminal);
 }
 
-bool RemovalQuestion::ask(const std::vector<RemovalStep> &steps, bool permanently)
+bool RemovalQuestion::ask(const std::vector<RemovalStep> &steps, bool permanently) const
 {
     Output terminal(m_terminal);
     terminal.write(questionText(steps, permanently));

@@ -19,7 +19,7 @@ public:
     [[nodiscard]] bool canBeAsked() const { return m_terminal >= 0; }
 
     /// Shows what would happen and waits for the answer; everything but "y" and "yes" is a no.
-    [[nodiscard]] bool ask(const std::vector<RemovalStep> &steps, bool permanently);
+    [[nodiscard]] bool ask(const std::vector<RemovalStep> &steps, bool permanently) const;
 
 private:
     int m_terminal = -1; ///< what the question is written to

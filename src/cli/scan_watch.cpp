@@ -36,7 +36,7 @@ extern "C" void wakeUpWatch(int)
 
 void handleStops(bool byWatch)
 {
-    struct sigaction action{};
+    struct sigaction action {};
     sigemptyset(&action.sa_mask);
     if (byWatch) {
         action.sa_handler = wakeUpWatch;
@@ -98,13 +98,14 @@ void ScanWatch::run()
 void ScanWatch::draw()
 {
     const ScanProgress::Counters counters = m_progress.counters();
-    const std::string figures = fmt::format("Scanning… {} · {}  ", countText(counters.files, "file", "files"),
-                                            formatByteCount(counters.bytes));
+    const std::string figures =
+        fmt::format("Scanning… {} · {}  ", countText(counters.files, "file", "files"), formatByteCount(counters.bytes));
     // The last column stays free: some terminals break the line when it is written to.
     const std::size_t columns = Console::errorColumns() - 1;
     const std::size_t taken = displayWidth(figures);
     const std::string path = pathText(counters.current, PathGuard::home());
-    const std::string line = taken < columns ? figures + elidedAtFront(path, columns - taken) : elided(figures, columns);
+    const std::string line =
+        taken < columns ? figures + elidedAtFront(path, columns - taken) : elided(figures, columns);
     writeToTerminal(std::string(clearLine) + line);
 }
 

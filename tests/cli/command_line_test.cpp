@@ -66,7 +66,8 @@ TEST_F(CommandLineTest, HelpNamesEveryCommandAndLeavesNothingOut)
         EXPECT_EQ(result.errors, "");
         for (const std::string &command : commands)
             EXPECT_NE(result.out.find("\n  " + command + " "), std::string::npos) << result.out;
-        const auto listed = static_cast<std::size_t>(std::ranges::count(result.out.substr(result.out.find("Commands:")), '\n'));
+        const auto listed =
+            static_cast<std::size_t>(std::ranges::count(result.out.substr(result.out.find("Commands:")), '\n'));
         EXPECT_GE(listed, commands.size());
     }
 }

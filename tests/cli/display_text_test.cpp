@@ -16,8 +16,9 @@ TEST(Utf8, OnlyShortestFormsOfCharactersAreValid)
     EXPECT_TRUE(isValidUtf8(""));
     EXPECT_TRUE(isValidUtf8("plain"));
     EXPECT_TRUE(isValidUtf8("\u00e4\u20ac\U0001F389\U0010FFFF"));
-    for (const char *const bytes : {"\x80", "\xC3", "\xC3(", "\xC0\x80", "\xC1\xBF", "\xE0\x80\x80", "\xE2\x82", "\xED\xA0\x80",
-                                    "\xF0\x80\x80\x80", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xFF"})
+    for (const char *const bytes :
+         {"\x80", "\xC3", "\xC3(", "\xC0\x80", "\xC1\xBF", "\xE0\x80\x80", "\xE2\x82", "\xED\xA0\x80",
+          "\xF0\x80\x80\x80", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xFF"})
         EXPECT_FALSE(isValidUtf8(bytes)) << bytes;
 }
 
@@ -50,8 +51,8 @@ TEST(DisplayText, WhatIsNoCharacterIsReplacedByteByByte)
 
 TEST(DisplayText, CharactersThatSteerTheLineAreReplaced)
 {
-    for (const char *const steering : {"\u0085", "\u009b", "\u2028", "\u2029", "\u202e", "\u202a", "\u2066", "\u2069", "\u200e",
-                                       "\u200f", "\u061c", "\uffff"})
+    for (const char *const steering : {"\u0085", "\u009b", "\u2028", "\u2029", "\u202e", "\u202a", "\u2066", "\u2069",
+                                       "\u200e", "\u200f", "\u061c", "\uffff"})
         EXPECT_EQ(displayText(steering), bad) << steering;
 }
 

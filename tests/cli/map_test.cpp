@@ -87,8 +87,8 @@ TEST_F(MapCommandTest, TilesFillTheSizeThatIsAskedFor)
 
 TEST_F(MapCommandTest, ASizeThatIsNoneIsRefused)
 {
-    for (const char *const size : {"900", "900x", "x600", "0x600", "900x-1", "900x600x2", "900 x 600", "1e3x5", "", "200000x5",
-                                   "99999999999999999999x5", "900X600"}) {
+    for (const char *const size : {"900", "900x", "x600", "0x600", "900x-1", "900x600x2", "900 x 600", "1e3x5", "",
+                                   "200000x5", "99999999999999999999x5", "900X600"}) {
         const ProgramResult result = run({"map", "tree", "--size", size});
         EXPECT_EQ(result.exitStatus, 2) << size;
         EXPECT_EQ(result.errors, "corvane-cli: \"" + std::string(size) +
@@ -112,7 +112,8 @@ TEST_F(MapCommandTest, TheTableNamesEveryTile)
     const ProgramResult result = run({"map", "tree"});
 
     EXPECT_EQ(result.exitStatus, 0);
-    EXPECT_NE(result.out.find("      Size        X        Y    Width   Height  Name\n"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("      Size        X        Y    Width   Height  Name\n"), std::string::npos)
+        << result.out;
     EXPECT_NE(result.out.find("      6 MB      1.5      1.5 "), std::string::npos) << result.out;
     EXPECT_NE(result.out.find("  films/\n"), std::string::npos) << result.out;
     EXPECT_NE(result.out.find("    first.mov\n"), std::string::npos) << result.out;

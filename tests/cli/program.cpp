@@ -14,8 +14,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char **environ;
-
 namespace corvane {
 
 namespace {
@@ -81,6 +79,7 @@ bool readAll(const Pipe &out, const Pipe &errors, ProgramResult &result)
 std::vector<char *> pointers(std::vector<std::string> &texts)
 {
     std::vector<char *> result;
+    result.reserve(texts.size() + 1);
     for (std::string &text : texts)
         result.push_back(text.data());
     result.push_back(nullptr);
@@ -134,30 +133,23 @@ std::string Program::path()
     return CORVANE_CLI_PROGRAM;
 }
 
-std::vector<std::string> Program::commandLine() const
-{
-    std::vector<std::string> line = m_launcher;
-    line.push_back(path());
-    line.insert(line.end(), m_arguments.begin(), m_arguments.end());
-    return line;
-}
-
 void Program::become() const
 {
-    std::vector<std::string> line = commandLine();
-    std::vector<std::string> settings;
+    // Sets the environment and looks the launcher up in its path.
+    std::vector<std::string> line{"/usr/bin/env", "-i"};
     for (const auto &[name, value] : m_environment)
-        settings.push_back(name + "=" + value);
+        line.push_back(name + "=" + value);
+    line.insert(line.end(), m_launcher.begin(), m_launcher.end());
+    line.push_back(path());
+    line.insert(line.end(), m_arguments.begin(), m_arguments.end());
     const std::vector<char *> arguments = pointers(line);
-    std::vector<char *> environment = pointers(settings);
 
     std::signal(SIGPIPE, SIG_DFL);
     if (!m_folder.empty() && chdir(m_folder.c_str()) != 0)
         _exit(cannotStart);
     if (m_asOrdinaryUser && (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0))
         _exit(cannotStart);
-    environ = environment.data();
-    execvp(arguments.front(), arguments.data());
+    execv(arguments.front(), arguments.data());
     _exit(cannotStart);
 }
 
@@ -185,8 +177,7 @@ ProgramResult Program::run() const
     if (!readAll(out, errors, result))
         kill(child, SIGKILL);
     int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {}
     if (WIFEXITED(status))
         result.exitStatus = WEXITSTATUS(status);
     else

@@ -40,8 +40,7 @@ public:
     /// The path of the program under test.
     [[nodiscard]] static std::string path();
 
-    // What a child process needs to become this program; used on either kind of run.
-    [[nodiscard]] std::vector<std::string> commandLine() const;
+    /// Turns the calling process, a fresh child, into the program.
     [[noreturn]] void become() const;
 
 private:

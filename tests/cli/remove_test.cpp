@@ -304,7 +304,8 @@ TEST_F(RemoveCommandTest, OnAReadOnlyDiskNothingIsRemoved)
         GTEST_SKIP() << "bubblewrap cannot make a read-only disk here";
 
     for (const char *const way : {"--permanently", "--yes"}) {
-        const ProgramResult result = program({"remove", "--yes", way, "--json", "disk/kept.txt"}).through(launcher).run();
+        const ProgramResult result =
+            program({"remove", "--yes", way, "--json", "disk/kept.txt"}).through(launcher).run();
         const json removal = parsed(result, 1);
         EXPECT_EQ(removal["removed"], json::array());
         ASSERT_EQ(removal["failures"].size(), 1u);

@@ -37,12 +37,13 @@ TEST_F(ScanCommandTest, JsonHasEveryFieldOfItsShape)
 
     const json scan = document({"scan", m_folder / "tree"});
 
-    const std::vector<std::string> expected{"allFiles", "bytes", "cancelled",  "devJunk", "files",
-                                            "root",     "seconds", "types", "unreadable"};
+    const std::vector<std::string> expected{"allFiles", "bytes",   "cancelled", "devJunk",   "files",
+                                            "root",     "seconds", "types",     "unreadable"};
     EXPECT_EQ(keys(scan), expected);
     const json &root = scan["root"];
-    const std::vector<std::string> expectedOfNode{"children", "fileCount", "kind", "modified", "name", "path",
-                                                  "size", "smallFilesCount", "smallFilesSize", "unreadable"};
+    const std::vector<std::string> expectedOfNode{"children",       "fileCount", "kind", "modified",
+                                                  "name",           "path",      "size", "smallFilesCount",
+                                                  "smallFilesSize", "unreadable"};
     EXPECT_EQ(keys(root), expectedOfNode);
     EXPECT_EQ(root["name"], "tree");
     EXPECT_EQ(root["path"], m_folder / "tree");
@@ -380,7 +381,9 @@ TEST_F(ScanCommandTest, AReaderThatGoesAwayEndsTheOutputQuietly)
         m_folder.writeText("tree/" + std::string(200, 'n') + std::to_string(i) + "/x", "x");
 
     const ProgramResult result =
-        program({"scan", "tree", "--json"}).through({"/bin/sh", "-c", "{ \"$0\" \"$@\"; echo \"status $?\" >&2; } | head -c 10"}).run();
+        program({"scan", "tree", "--json"})
+            .through({"/bin/sh", "-c", "{ \"$0\" \"$@\"; echo \"status $?\" >&2; } | head -c 10"})
+            .run();
 
     EXPECT_EQ(result.out, R"({"root":{")");
     EXPECT_EQ(result.errors, "status 0\n");
@@ -391,7 +394,8 @@ TEST_F(ScanCommandTest, AFullDiskIsNamed)
     if (access("/dev/full", W_OK) != 0)
         GTEST_SKIP() << "there is no /dev/full on this system";
 
-    const ProgramResult result = program({"scan", "home"}).through({"/bin/sh", "-c", "\"$0\" \"$@\" > /dev/full"}).run();
+    const ProgramResult result =
+        program({"scan", "home"}).through({"/bin/sh", "-c", "\"$0\" \"$@\" > /dev/full"}).run();
 
     EXPECT_EQ(result.exitStatus, 1);
     EXPECT_EQ(result.errors, "corvane-cli: cannot write the result: No space left on device\n");

@@ -74,7 +74,7 @@ private:
 
 bool defaultHandles(int signal)
 {
-    struct sigaction action{};
+    struct sigaction action {};
     sigaction(signal, nullptr, &action);
     return action.sa_handler == SIG_DFL;
 }

@@ -68,7 +68,7 @@ bool TerminalProgram::waitFor(std::string_view text)
     return true;
 }
 
-void TerminalProgram::type(std::string_view text)
+void TerminalProgram::type(std::string_view text) const
 {
     if (write(m_terminal, text.data(), text.size()) != static_cast<ssize_t>(text.size()))
         throw std::system_error(errno, std::generic_category(), "write to the terminal");
@@ -82,8 +82,7 @@ ProgramResult TerminalProgram::finish()
             kill(m_child, SIGKILL);
     }
     int status = 0;
-    while (waitpid(m_child, &status, 0) < 0 && errno == EINTR) {
-    }
+    while (waitpid(m_child, &status, 0) < 0 && errno == EINTR) {}
     m_child = -1;
     ProgramResult result;
     result.out = m_screen;

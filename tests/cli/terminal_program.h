@@ -21,7 +21,7 @@ public:
     /// Waits until the text has appeared; false where the program ended or a minute passed before.
     [[nodiscard]] bool waitFor(std::string_view text);
 
-    void type(std::string_view text);
+    void type(std::string_view text) const;
 
     /// Waits for the end and gives all that the terminal got as `out`.
     [[nodiscard]] ProgramResult finish();

@@ -77,7 +77,7 @@ TEST_F(TerminalTest, ADocumentIsAloneOnStandardOutput)
 
     EXPECT_EQ(result.exitStatus, 0);
     EXPECT_EQ(outputFile()["files"], 1);
-    EXPECT_TRUE(result.out == "" || result.out.ends_with("\r\x1b[K")) << result.out; // at most a line wiped away
+    EXPECT_TRUE(result.out.empty() || result.out.ends_with("\r\x1b[K")) << result.out; // at most a line wiped away
 }
 
 TEST_F(TerminalTest, RemovalAsksAndAYesRemoves)

@@ -19,7 +19,8 @@ bool isXmlCharacter(char32_t c)
 
 bool isNameCharacter(char c)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == ':' || c == '_';
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == ':' ||
+           c == '_';
 }
 
 class Checker {
@@ -117,8 +118,9 @@ private:
             if (!character.isValid || !isXmlCharacter(character.codePoint))
                 m_fault = "a character that XML does not know";
             const std::string_view rest = text.substr(i);
-            if (text[i] == '<' ||
-                (text[i] == '&' && std::ranges::none_of(references, [rest](auto known) { return rest.starts_with(known); })))
+            if (text[i] == '<' || (text[i] == '&' && std::ranges::none_of(references, [rest](auto known) {
+                                       return rest.starts_with(known);
+                                   })))
                 m_fault = "a character that is not escaped";
             i += character.length;
         }
@@ -135,15 +137,14 @@ private:
     bool skipSpace()
     {
         const std::size_t before = m_rest.size();
-        while (take(' ') || take('\n')) {
-        }
+        while (take(' ') || take('\n')) {}
         return m_rest.size() < before;
     }
 
     std::string takeName()
     {
         const auto *const end = std::ranges::find_if_not(m_rest, isNameCharacter);
-        const std::string name(m_rest.begin(), end);
+        std::string name(m_rest.begin(), end);
         m_rest.remove_prefix(name.size());
         return name;
     }
