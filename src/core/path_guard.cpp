@@ -31,14 +31,6 @@ constexpr std::string_view systemPrefixes[] = {"/System", "/usr", "/bin",   "/sb
 constexpr std::string_view prefixesInHome[] = {"Library/Keychains", "Library/Mail", "Library/Messages",
                                                "Library/Accounts",  ".ssh",         ".gnupg"};
 
-std::string joined(std::string_view folder, std::string_view name)
-{
-    std::string path(folder);
-    if (!path.ends_with('/'))
-        path += '/';
-    return path.append(name);
-}
-
 bool isOrLiesBeneath(std::string_view path, std::string_view folder)
 {
     return path == folder || liesBeneath(path, folder);
@@ -53,53 +45,9 @@ std::string withTildeExpanded(std::string_view path, std::string_view home)
 
 } // namespace
 
-std::string standardizedPath(std::string_view text, std::string_view home)
+std::string standardizedPath(std::string_view path, std::string_view home)
 {
-    const std::string expanded = withTildeExpanded(text, home);
-    std::string_view path = expanded;
-    const bool isAbsolute = path.starts_with('/');
-    std::vector<std::string_view> components;
-    while (!path.empty()) {
-        const std::string_view component = path.substr(0, path.find('/'));
-        path.remove_prefix(std::min(component.size() + 1, path.size()));
-        if (component.empty() || component == ".")
-            continue;
-        if (component != "..")
-            components.push_back(component);
-        else if (!components.empty() && components.back() != "..")
-            components.pop_back();
-        else if (!isAbsolute)
-            components.push_back(component);
-    }
-
-    std::string standardized = isAbsolute ? "/" : "";
-    for (const std::string_view component : components) {
-        if (standardized.size() > 1 || (!isAbsolute && !standardized.empty()))
-            standardized += '/';
-        standardized += component;
-    }
-    return standardized;
-}
-
-bool liesBeneath(std::string_view path, std::string_view folder)
-{
-    if (folder == "/")
-        return path.size() > 1 && path.front() == '/';
-    return path.size() > folder.size() + 1 && path.starts_with(folder) && path[folder.size()] == '/';
-}
-
-std::string_view containingFolder(std::string_view path)
-{
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string_view::npos)
-        return {};
-    return path.substr(0, std::max<std::size_t>(slash, 1));
-}
-
-std::string_view lastPathComponent(std::string_view path)
-{
-    const std::string_view last = path.substr(path.rfind('/') + 1);
-    return last.empty() ? path : last;
+    return withoutDots(withTildeExpanded(path, home));
 }
 
 ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPlaces &system, std::string_view realHome)
@@ -124,6 +72,17 @@ ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPla
         else
             protectWithContents(place);
     }
+    for (const std::string &each : homes) {
+        // Where a system that keeps "/usr" sealed puts the home folders.
+        if (liesBeneath(each, "/var/home"))
+            m_homesInVar.push_back(folded(each));
+    }
+    for (const std::string &folder : system.trashFolders) {
+        m_trashFolders.push_back("/" + folded(folder));
+        for (std::string_view around = containingFolder(folder); !around.empty(); around = containingFolder(around))
+            m_trashHolders.push_back("/" + folded(std::string(around)));
+    }
+    m_trashParts = system.trashParts;
     protectHome(m_home, system);
     if (m_realHome != m_home)
         protectHome(m_realHome, system);
@@ -165,7 +124,12 @@ bool ProtectedLocations::isProtected(std::string_view path) const
     if (!standardized.starts_with('/'))
         return true;
     return m_exact.contains(standardized) ||
-           std::ranges::any_of(m_prefixes, [&](const auto &prefix) { return liesBeneath(standardized, prefix); }) ||
+           std::ranges::any_of(m_prefixes,
+                               [&](const auto &prefix) {
+                                   return liesBeneath(standardized, prefix) &&
+                                          !(prefix == "/var" && isUsersOwn(standardized));
+                               }) ||
+           isTrashFolder(standardized) ||
            std::ranges::find(m_librariesOfHome, containingFolder(standardized)) != m_librariesOfHome.end();
 }
 
@@ -185,10 +149,26 @@ bool ProtectedLocations::isProtected(std::string_view path, FileSystem &files) c
 
 bool ProtectedLocations::isProtectedReally(const std::string &realPath) const
 {
-    // A home may lie, behind a link, beneath a folder such as "/var"; it is still the user's own.
-    if (isOrLiesBeneath(folded(realPath), folded(m_realHome)))
+    // A home may lie, behind a link, beneath a folder such as "/var"; it is still the user's own. Where it is the
+    // root itself, the system's places are not.
+    if (m_realHome != "/" && isOrLiesBeneath(folded(realPath), folded(m_realHome)))
         return isProtected(m_home + realPath.substr(m_realHome.size()));
     return isProtected(realPath);
+}
+
+bool ProtectedLocations::isTrashFolder(std::string_view path) const
+{
+    const auto endsLikeOneOf = [](std::string_view text, const std::vector<std::string> &endings) {
+        return std::ranges::any_of(endings, [&](const std::string &ending) { return text.ends_with(ending); });
+    };
+    return endsLikeOneOf(path, m_trashFolders) || endsLikeOneOf(path, m_trashHolders) ||
+           (std::ranges::find(m_trashParts, lastPathComponent(path)) != m_trashParts.end() &&
+            endsLikeOneOf(containingFolder(path), m_trashFolders));
+}
+
+bool ProtectedLocations::isUsersOwn(std::string_view path) const
+{
+    return std::ranges::any_of(m_homesInVar, [&](const std::string &home) { return liesBeneath(path, home); });
 }
 
 std::string ProtectedLocations::folded(std::string path) const
@@ -245,8 +225,7 @@ bool PathGuard::probeFullDiskAccess(FileSystem &files)
     const std::string home = files.homeFolder();
     if (files.exists(joined(home, "Library")))
         return files.canOpen(accessProbePath(home));
-    const auto folder = files.openFolder(home);
-    return folder && (*folder)->list([](const DirectoryEntry &) {});
+    return files.openFolder(home).has_value();
 }
 
 } // namespace corvane

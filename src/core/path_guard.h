@@ -6,22 +6,13 @@
 #include <vector>
 
 #include "platform/host.h"
+#include "platform/path.h"
 #include "platform/protected_places.h"
 
 namespace corvane {
 
-/// The path without ".", "..", repeated and trailing slashes, and with "~" as its first component replaced by
-/// `home`. Works on the text alone. A relative path stays relative; the empty one stays empty.
+/// The path `withoutDots`, and with "~" as its first component replaced by `home`. Works on the text alone.
 [[nodiscard]] std::string standardizedPath(std::string_view path, std::string_view home);
-
-/// Whether `path` lies beneath `folder` (both standardized); a folder does not lie beneath itself.
-[[nodiscard]] bool liesBeneath(std::string_view path, std::string_view folder);
-
-/// The text of a path without its last component, "/" for what lies directly in it; empty where there is no slash.
-[[nodiscard]] std::string_view containingFolder(std::string_view path);
-
-/// The last component of a path's text; the whole text where that is empty ("/").
-[[nodiscard]] std::string_view lastPathComponent(std::string_view path);
 
 /// The places that must never be removed, for one home folder and one system's table; and every folder that
 /// contains one of them. Immutable, so safe to ask from any thread.
@@ -39,13 +30,17 @@ public:
     /// it (a trailing slash, "." or ".." at the end).
     [[nodiscard]] bool isProtected(std::string_view path, FileSystem &files) const;
 
+    /// Judges an item by the real path of its folder and its own name; no link is followed.
+    [[nodiscard]] bool isProtectedReally(const std::string &realPath) const;
+
     [[nodiscard]] const std::string &home() const { return m_home; }
 
 private:
     void protectHome(const std::string &home, const ProtectedPlaces &system);
     void protectPlace(std::string place);
     void protectWithContents(std::string place);
-    [[nodiscard]] bool isProtectedReally(const std::string &realPath) const;
+    [[nodiscard]] bool isTrashFolder(std::string_view path) const;
+    [[nodiscard]] bool isUsersOwn(std::string_view path) const;
     [[nodiscard]] std::string folded(std::string path) const;
 
     std::string m_home;
@@ -55,6 +50,10 @@ private:
     std::unordered_set<std::string> m_exact;
     std::vector<std::string> m_prefixes;
     std::vector<std::string> m_librariesOfHome; ///< what lies directly inside is protected
+    std::vector<std::string> m_homesInVar;      ///< what lies beneath is not protected for lying in "/var"
+    std::vector<std::string> m_trashFolders;    ///< how their paths end, on any volume
+    std::vector<std::string> m_trashHolders;    ///< how the paths of the folders around those end
+    std::vector<std::string> m_trashParts;      ///< names of the folders that a Trash folder consists of
 };
 
 /// The rule as it holds for this user on this system. Any thread.

@@ -12,6 +12,10 @@ struct ProtectedPlaces {
     std::vector<std::string> prefixes;     ///< the place and everything beneath it
     std::vector<std::string> homeExact;
     std::vector<std::string> homePrefixes;
+    /// The Trash folders at the top of volumes, relative to it ("a/b": then "a" is protected as well), and the names
+    /// of the folders that one consists of. Protected are these folders themselves, not what lies inside.
+    std::vector<std::string> trashFolders = {};
+    std::vector<std::string> trashParts = {};
     bool ignoresCase = false;              ///< the system's disks usually treat "/Users" and "/users" alike
 };
 

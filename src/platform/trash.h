@@ -22,6 +22,10 @@ public:
     /// Asks the file manager to do it, by its scripting interface; blocks until it has answered.
     [[nodiscard]] virtual Expected<void> deleteThroughFinder(const std::string &path) = 0;
 
+    /// Drops what the Trash has noted of an item that lay in it and has been erased by the path given, which has no
+    /// links on its way. Does nothing for any other path, nor while the item is there.
+    virtual void forget(const std::string &path) = 0;
+
     /// The folders in which trashed items lie: what is inside one of them is in the Trash already.
     [[nodiscard]] virtual std::vector<std::string> trashFolders() = 0;
 };

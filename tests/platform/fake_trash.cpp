@@ -63,6 +63,11 @@ Expected<void> FakeTrash::deleteThroughFinder(const std::string &path)
     return perform(Operation::deleteThroughFinder, path);
 }
 
+void FakeTrash::forget(const std::string &path)
+{
+    m_files.log()->record("forget " + path);
+}
+
 std::vector<std::string> FakeTrash::trashFolders()
 {
     const std::lock_guard lock(m_mutex);

@@ -10,7 +10,8 @@ namespace corvane {
 
 /// A Trash for tests: takes what it trashes out of the fake file system, or fails as the test says. Any thread.
 ///
-/// Recorded calls: "trashItem P", "recycle P", "deleteThroughFinder P".
+/// Recorded calls: "trashItem P", "recycle P", "deleteThroughFinder P",
+/// "forget P".
 class FakeTrash final : public Trash {
 public:
     enum class Operation { trashItem, recycle, deleteThroughFinder };
@@ -36,6 +37,7 @@ public:
     [[nodiscard]] Expected<void> trashItem(const std::string &path) override;
     [[nodiscard]] Expected<void> recycle(const std::string &path) override;
     [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
+    void forget(const std::string &path) override;
     [[nodiscard]] std::vector<std::string> trashFolders() override;
 
 private:

@@ -1,6 +1,8 @@
 #include "platform/linux/linux_trash.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <iterator>
 
 #include <fcntl.h>
 #include <gio/gunixmounts.h>
@@ -11,6 +13,8 @@
 #include "platform/linux/gio_error.h"
 #include "platform/linux/glib_pointer.h"
 #include "platform/linux/mounts.h"
+#include "platform/linux/real_path.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -24,25 +28,19 @@ tl::unexpected<Error> lackingService(const char *operation, const std::string &p
                                 "There is no such service on this system."});
 }
 
-std::string containingFolder(const std::string &path)
-{
-    const std::size_t nameEnd = path.find_last_not_of('/');
-    const std::size_t slash = path.rfind('/', nameEnd);
-    return slash == std::string::npos || slash == 0 ? "/" : path.substr(0, slash);
-}
-
 /// Whether the volume of the item has no room for even one more block. The item's own folder is asked: the
 /// Trash that takes the item lies on the same volume, and a quota holds for both. Nothing with a name is made.
 bool volumeIsFull(const std::string &path)
 {
-    const FileDescriptor probe(::open(containingFolder(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
+    const std::string folder(containingFolder(withoutDots(path)));
+    const FileDescriptor probe(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
     constexpr off_t oneRecord = 4096; // more than the record of a path of the greatest length that the kernel takes
     const int code = probe.isOpen() ? ::posix_fallocate(probe.number(), 0, oneRecord) : errno;
     if (code == ENOSPC || code == EDQUOT)
         return true;
     const bool cannotTell = code == EOPNOTSUPP || code == EISDIR || code == EINVAL; // no nameless files there
     struct statvfs volume {};
-    return cannotTell && ::statvfs(containingFolder(path).c_str(), &volume) == 0 && volume.f_blocks > 0 &&
+    return cannotTell && ::statvfs(folder.c_str(), &volume) == 0 && volume.f_blocks > 0 &&
            volume.f_bavail == 0;
 }
 
@@ -81,20 +79,43 @@ Expected<void> LinuxTrash::deleteThroughFinder(const std::string &path)
     return lackingService("delete through the file manager", path);
 }
 
+void LinuxTrash::forget(const std::string &path)
+{
+    const std::string_view files = containingFolder(path);
+    const std::string trash(containingFolder(files));
+    const std::vector<std::string> folders = trashFolders();
+    if (lastPathComponent(files) != "files" || std::ranges::find(folders, trash) == folders.end() ||
+        m_files.facts(path).has_value())
+        return;
+    const FileDescriptor top(::open(trash.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor records(::openat(top.number(), "info", O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    const std::string record = std::string(lastPathComponent(path)) + ".trashinfo";
+    if (records.isOpen())
+        ::unlinkat(records.number(), record.c_str(), 0);
+}
+
+std::vector<std::string> LinuxTrash::foldersOfUser()
+{
+    const std::string data = withoutDots(g_get_user_data_dir());
+    std::vector<std::string> folders{joined(data, "Trash")};
+    if (const Expected<std::string> real = resolvedPath(data); real && *real != data)
+        folders.push_back(joined(*real, "Trash"));
+    return folders;
+}
+
 std::vector<std::string> LinuxTrash::trashFolders()
 {
-    std::vector<std::string> folders{m_files.homeFolder() + "/.Trash", std::string(g_get_user_data_dir()) + "/Trash"};
+    std::vector<std::string> folders{joined(m_files.homeFolder(), ".Trash")};
+    std::ranges::move(foldersOfUser(), std::back_inserter(folders));
     const std::string user = std::to_string(::getuid());
     GList *const mounts = g_unix_mounts_get(nullptr);
     for (const GList *each = mounts; each != nullptr; each = each->next) {
         auto *const mount = static_cast<GUnixMountEntry *>(each->data);
         if (g_unix_mount_is_system_internal(mount))
             continue;
-        std::string top = g_unix_mount_get_mount_path(mount);
-        if (!top.ends_with('/'))
-            top += '/';
-        folders.push_back(top + ".Trash/" + user);
-        folders.push_back(top + ".Trash-" + user);
+        const std::string top = withoutDots(g_unix_mount_get_mount_path(mount));
+        folders.push_back(joined(top, ".Trash/" + user));
+        folders.push_back(joined(top, ".Trash-" + user));
     }
     g_list_free_full(mounts, [](gpointer mount) { g_unix_mount_free(static_cast<GUnixMountEntry *>(mount)); });
     return folders;

@@ -18,8 +18,13 @@ public:
     [[nodiscard]] Expected<void> recycle(const std::string &path) override;
     [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
 
-    /// Those that may exist; none of them is touched, for a volume that no longer answers would block.
+    void forget(const std::string &path) override;
+
+    /// Those that may exist; those on volumes are not touched, for one that no longer answers would block.
     [[nodiscard]] std::vector<std::string> trashFolders() override;
+
+    /// The one in the user's data folder; a second path of it where links lead to that folder.
+    [[nodiscard]] static std::vector<std::string> foldersOfUser();
 
 private:
     FileSystem &m_files; // constant after construction

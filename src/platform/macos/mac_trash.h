@@ -18,6 +18,9 @@ public:
     /// Success means that nothing is at the path any more, whatever the Finder said.
     [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
 
+    /// Nothing: what the Finder notes lies in one file for all items, which it keeps right itself.
+    void forget(const std::string &) override {}
+
     [[nodiscard]] std::vector<std::string> trashFolders() override;
 
 private:

@@ -1,5 +1,6 @@
 #include "platform/linux/probe_home.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fstream>
 #include <sstream>
@@ -284,6 +285,77 @@ TEST(LinuxTrash, FoldersAreTheOnesInTheHomeFirst)
     ASSERT_GE(folders.size(), 2U);
     EXPECT_EQ(folders[0], home.folder / "home/.Trash");
     EXPECT_EQ(folders[1], home.folder / "home/data/Trash");
+}
+
+TEST(LinuxTrash, DataFolderWithNeedlessSlashesIsTheSame)
+{
+    for (const char *slashes : {"/", "//"}) {
+        ProbeHome home;
+        home.setVariable("XDG_DATA_HOME", home.folder / "home/data" + slashes);
+        home.folder.makeFolder("home/data");
+        const std::vector<std::string> folders = lines(home.ask("trash-folders"));
+        ASSERT_GE(folders.size(), 2U);
+        EXPECT_EQ(folders[1], home.folder / "home/data/Trash");
+        EXPECT_EQ(std::ranges::count(folders, folders[1]), 1);
+        EXPECT_THAT(lines(home.ask("exact-places")), Contains(home.folder / "home/data/Trash/files"));
+    }
+}
+
+TEST(LinuxTrash, DataFolderBehindALinkIsNamedByBothPaths)
+{
+    ProbeHome home;
+    home.folder.makeFolder("home/real/share");
+    home.folder.link("home/link", "real");
+    home.setVariable("XDG_DATA_HOME", home.folder / "home/link/share");
+    const std::vector<std::string> folders = lines(home.ask("trash-folders"));
+    const std::vector<std::string> places = lines(home.ask("exact-places"));
+    for (const char *data : {"home/link/share", "home/real/share"}) {
+        const std::string trash = home.folder / data + "/Trash";
+        EXPECT_THAT(folders, Contains(trash));
+        for (const char *part : {"", "/files", "/info"})
+            EXPECT_THAT(places, Contains(trash + part));
+    }
+}
+
+TEST(LinuxTrash, RecordOfAnErasedItemIsForgotten)
+{
+    const ProbeHome home;
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/gone", "x")), "done");
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/kept", "x")), "done");
+    EXPECT_EQ(home.ask("erase", home.folder / "home/data/Trash/files/gone"), "done");
+    EXPECT_EQ(home.ask("forget", home.folder / "home/data/Trash/files/gone"), "");
+    EXPECT_FALSE(home.folder.has("home/data/Trash/info/gone.trashinfo"));
+    EXPECT_TRUE(home.folder.has("home/data/Trash/info/kept.trashinfo"));
+    EXPECT_TRUE(home.folder.has("home/data/Trash/files/kept"));
+}
+
+TEST(LinuxTrash, ForgettingDropsNothingButTheRecordOfAnItemThatIsGone)
+{
+    const ProbeHome home;
+    home.folder.writeText("home/data/Trash/files/here", "x");
+    home.folder.writeText("home/data/Trash/files/folder/files/x", "x");
+    const std::vector<std::string> records{
+        "home/data/Trash/info/here.trashinfo", // its item is still there
+        "home/data/Trash/info/inner.trashinfo", "home/data/Trash/files/folder/info/inner.trashinfo",
+        "home/project/info/inner.trashinfo"};
+    for (const std::string &record : records)
+        home.folder.writeText(record, "x");
+    for (const char *path : {"home/data/Trash/files/here", "home/data/Trash/files/folder/inner",
+                             "home/data/Trash/files/folder/files/inner", "home/project/files/inner",
+                             "home/data/Trash/info/inner", "home/data/Trash/inner"})
+        EXPECT_EQ(home.ask("forget", home.folder / path), "");
+    for (const std::string &record : records)
+        EXPECT_TRUE(home.folder.has(record)) << record;
+}
+
+TEST(LinuxTrash, ForgettingDoesNotFollowALinkInTheRecordsPlace)
+{
+    const ProbeHome home;
+    home.folder.writeText("home/elsewhere/gone.trashinfo", "x");
+    home.folder.makeFolder("home/data/Trash/files");
+    home.folder.link("home/data/Trash/info", home.folder / "home/elsewhere");
+    EXPECT_EQ(home.ask("forget", home.folder / "home/data/Trash/files/gone"), "");
+    EXPECT_TRUE(home.folder.has("home/elsewhere/gone.trashinfo"));
 }
 
 class LinuxTrashOfAVolume : public ::testing::Test {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/host.h"
+#include "platform/protected_places.h"
 
 namespace {
 
@@ -46,6 +47,15 @@ int run(std::string_view question, const std::string &subject)
     if (question == "trash-folders") {
         for (const std::string &folder : host.trash.trashFolders())
             std::cout << folder << '\n';
+        return 0;
+    }
+    if (question == "forget") {
+        host.trash.forget(subject);
+        return 0;
+    }
+    if (question == "exact-places") {
+        for (const std::string &place : systemProtectedPlaces().exact)
+            std::cout << place << '\n';
         return 0;
     }
     if (question == "volume") {
