@@ -16,28 +16,54 @@ bool isMissing(const Error &error)
     return error.code == std::errc::no_such_file_or_directory;
 }
 
-std::vector<std::string> allTrashFolders(const ProtectedLocations &locations, std::vector<std::string> ofSystem)
-{
-    ofSystem.push_back(locations.home() + "/.Trash");
-    return ofSystem;
-}
+/// The Trash folders of one system, standardized.
+class TrashFolders {
+public:
+    TrashFolders(const ProtectedLocations &locations, const std::vector<std::string> &ofSystem)
+        : m_home(locations.home()), m_folders{joined(m_home, ".Trash")}
+    {
+        for (const std::string &folder : ofSystem)
+            m_folders.push_back(standardizedPath(folder, m_home));
+    }
 
-bool liesInTrash(const std::string &path, const ProtectedLocations &locations,
-                 const std::vector<std::string> &trashFolders)
-{
-    const std::string standardized = standardizedPath(path, locations.home());
-    return std::ranges::any_of(trashFolders,
-                               [&](const std::string &folder) { return liesBeneath(standardized, folder); });
-}
+    [[nodiscard]] bool contain(const std::string &path) const
+    {
+        return std::ranges::any_of(m_folders, [&](const std::string &folder) { return liesBeneath(path, folder); });
+    }
 
-/// Whether the item lies in the Trash with every link on the way to it followed.
-bool liesReallyInTrash(const std::string &path, const std::vector<std::string> &trashFolders, FileSystem &files)
+    /// Whether the item really lies in the Trash, given the real path of its folder. Resolves only the folders of
+    /// which that may be true: a volume that no longer answers would block. A Trash folder that is itself a link
+    /// counts for those items alone that were given as lying in it: what it leads to may be any folder.
+    [[nodiscard]] bool reallyContain(const std::string &path, const std::string &realFolder, FileSystem &files) const
+    {
+        const auto isOrLiesIn = [&](const std::string &trash) {
+            return realFolder == trash || liesBeneath(realFolder, trash);
+        };
+        return std::ranges::any_of(m_folders, [&](const std::string &folder) {
+            if (isOrLiesIn(folder))
+                return true;
+            if (liesBeneath(path, folder)) {
+                const Expected<std::string> real = files.realPath(folder);
+                return real && isOrLiesIn(*real);
+            }
+            if (!liesBeneath(folder, m_home))
+                return false;
+            const Expected<std::string> around = files.realPath(std::string(containingFolder(folder)));
+            return around && isOrLiesIn(joined(*around, lastPathComponent(folder)));
+        });
+    }
+
+private:
+    std::string m_home;
+    std::vector<std::string> m_folders;
+};
+
+/// Whether the text of an entry leads the system to the very item that is judged by that text. "~/x" is judged as
+/// an item of the home folder, but the system would take it for one called "~"; and it follows "link/.." through
+/// the link.
+bool isPlain(const std::string &path, const ProtectedLocations &locations)
 {
-    const Expected<std::string> folder = files.realPath(std::string(containingFolder(path)));
-    return folder && std::ranges::any_of(trashFolders, [&](const std::string &trashFolder) {
-               const Expected<std::string> real = files.realPath(trashFolder);
-               return real && (*folder == *real || liesBeneath(*folder, *real));
-           });
+    return path.starts_with('/') && path == standardizedPath(path, locations.home());
 }
 
 /// The last ways to the Trash, for what it did not take. Nothing here deletes.
@@ -57,28 +83,40 @@ bool trashOtherwise(const std::string &path, const ItemFacts &facts, const Host 
 
 /// Carries one step out; the reason when the item could not be removed.
 std::optional<std::string> failureOf(const RemovalStep &step, const ProtectedLocations &locations,
-                                     const std::vector<std::string> &trashFolders, const Host &host)
+                                     const TrashFolders &trashFolders, const Host &host)
 {
     static constexpr const char *protectedLocation = "protected location";
+    if (!isPlain(step.path, locations))
+        return "not a plain path";
     if (step.action == RemovalStep::Action::refuse)
         return protectedLocation;
 
-    // The plan may be old: the item may be gone, or a folder on its way may be a link by now.
-    const Expected<ItemFacts> facts = host.files.facts(step.path);
+    // The plan may be old: the item may be gone, or a folder on its way may be a link by now. What is acted on is
+    // the path that is judged here, without a link on its way.
+    const Expected<std::string> folder = host.files.realPath(std::string(containingFolder(step.path)));
+    if (!folder)
+        return folder.error().description();
+    const std::string path = joined(*folder, lastPathComponent(step.path));
+    const Expected<ItemFacts> facts = host.files.facts(path);
     if (!facts)
         return facts.error().description();
-    if (locations.isProtected(step.path, host.files))
+    if (locations.isProtected(step.path) || locations.isProtectedReally(path))
         return protectedLocation;
 
-    if (step.action == RemovalStep::Action::erase) {
+    const bool isInTrash = trashFolders.reallyContain(step.path, *folder, host.files);
+    if (step.action == RemovalStep::Action::erase || isInTrash) {
         // What only seems to be in the Trash, behind a link that lies there, was never meant to be deleted.
-        if (liesInTrash(step.path, locations, trashFolders) && !liesReallyInTrash(step.path, trashFolders, host.files))
+        if (!isInTrash && trashFolders.contain(step.path))
             return "not in the Trash";
-        const Expected<void> erased = host.files.removeItem(step.path);
-        return erased ? std::nullopt : std::optional(erased.error().description());
+        const Expected<void> erased = host.files.removeItem(path);
+        if (!erased)
+            return erased.error().description();
+        if (isInTrash)
+            host.trash.forget(path);
+        return std::nullopt;
     }
-    const Expected<void> trashed = host.trash.trashItem(step.path);
-    if (trashed || (!isMissing(trashed.error()) && trashOtherwise(step.path, *facts, host)))
+    const Expected<void> trashed = host.trash.trashItem(path);
+    if (trashed || (!isMissing(trashed.error()) && trashOtherwise(path, *facts, host)))
         return std::nullopt;
     return trashed.error().description();
 }
@@ -88,15 +126,14 @@ std::optional<std::string> failureOf(const RemovalStep &step, const ProtectedLoc
 std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanently, const ProtectedLocations &locations,
                                        const std::vector<std::string> &trashFolders)
 {
-    const std::vector<std::string> allFolders = allTrashFolders(locations, trashFolders);
+    const TrashFolders folders(locations, trashFolders);
     std::vector<RemovalStep> steps;
     steps.reserve(entries.size());
     for (const auto &[path, size] : entries) {
         RemovalStep step{.path = path, .size = size, .action = RemovalStep::Action::trash};
-        // "~/x" is judged as an item of the home folder, but the system would take it for one called "~".
-        if (!path.starts_with('/') || locations.isProtected(path))
+        if (!isPlain(path, locations) || locations.isProtected(path))
             step.action = RemovalStep::Action::refuse;
-        else if (permanently || liesInTrash(path, locations, allFolders))
+        else if (permanently || folders.contain(path))
             step.action = RemovalStep::Action::erase;
         steps.push_back(std::move(step));
     }
@@ -106,7 +143,7 @@ std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanentl
 RemovalOutcome Removal::perform(const std::vector<RemovalStep> &steps, const ProtectedLocations &locations,
                                 const Host &host)
 {
-    const std::vector<std::string> trashFolders = allTrashFolders(locations, host.trash.trashFolders());
+    const TrashFolders trashFolders(locations, host.trash.trashFolders());
     RemovalOutcome outcome;
     for (const RemovalStep &step : steps) {
         if (const std::optional<std::string> reason = failureOf(step, locations, trashFolders, host)) {

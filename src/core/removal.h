@@ -30,13 +30,15 @@ struct RemovalOutcome {
 
 /// The removal of a selection: first the list of what would happen, which touches nothing, then the doing.
 struct Removal {
-    /// One step for each entry, in the order of their paths.
+    /// One step for each entry, in the order of their paths. An entry whose path is not absolute and standardized
+    /// is refused: the system might take it for another item than the one that was judged.
     [[nodiscard]] static std::vector<RemovalStep> plan(const Selection &entries, bool permanently,
                                                        const ProtectedLocations &locations,
                                                        const std::vector<std::string> &trashFolders);
 
-    /// Carries the steps out one after another, looking at each item again just before it is touched. Blocks;
-    /// off the main thread. Never turns to deleting where the Trash failed.
+    /// Carries the steps out one after another, looking at each item again just before it is touched: what turns out
+    /// to lie in the Trash already is erased. Blocks; off the main thread. Never turns to deleting where the Trash
+    /// failed.
     [[nodiscard]] static RemovalOutcome perform(const std::vector<RemovalStep> &steps,
                                                 const ProtectedLocations &locations, const Host &host);
 

@@ -93,7 +93,6 @@ TEST(RemovalPlan, EntryWhoseNameOnlyBeginsLikeTheTrashIsTrashed)
 {
     EXPECT_EQ(actions(planFor({{"/Users/me/.Trash2/a", 1}}, false)), std::vector{Action::trash});
     EXPECT_EQ(actions(planFor({{"/srv/trash", 1}}, false, {"/srv/trash"})), std::vector{Action::trash});
-    EXPECT_EQ(actions(planFor({{"/Users/me/.Trash/../a", 1}}, false)), std::vector{Action::trash});
     EXPECT_EQ(actions(planFor({{"/Users/other/.Trash/a", 1}}, false)), std::vector{Action::trash});
 }
 
@@ -101,6 +100,21 @@ TEST(RemovalPlan, PathThatIsNotAbsoluteIsRefused)
 {
     for (const char *path : {"", "a", "~/a", "./a"})
         EXPECT_EQ(actions(planFor({{path, 1}}, true)), std::vector{Action::refuse}) << path;
+}
+
+TEST(RemovalPlan, PathThatIsNotStandardizedIsRefused)
+{
+    for (const char *path : {"/srv/x/", "/srv/x/.", "/srv/./x", "/srv//x", "//srv/x", "/srv/link/../x",
+                             "/Users/me/.Trash/../a", "/Users/me/.Trash/."}) {
+        for (const bool permanently : {false, true})
+            EXPECT_EQ(actions(planFor({{path, 1}}, permanently)), std::vector{Action::refuse}) << path;
+    }
+}
+
+TEST(RemovalPlan, TrashFolderWithNeedlessSlashesIsTheSame)
+{
+    for (const char *folder : {"/srv/trash/", "/srv/trash//", "//srv/./trash"})
+        EXPECT_EQ(actions(planFor({{"/srv/trash/a", 1}}, false, {folder})), std::vector{Action::erase}) << folder;
 }
 
 TEST(RemovalPlan, OfNothingIsEmpty)
@@ -246,7 +260,108 @@ TEST_F(RemovalOf, ItemsInATrashThatIsReachedThroughALinkErasesThem)
     fake.files.addLink("/Users/me/.Trash", "/disk/trash");
     const RemovalOutcome outcome = remove({{"/Users/me/.Trash/folder/a", 1}});
     EXPECT_EQ(outcome.removed.size(), 1u);
-    EXPECT_EQ(deeds(), Lines{"removeItem /Users/me/.Trash/folder/a"});
+    EXPECT_EQ(outcome.removed, (Entries{{"/Users/me/.Trash/folder/a", 1}}));
+    EXPECT_EQ(deeds(), Lines{"removeItem /disk/trash/folder/a"});
+}
+
+TEST_F(RemovalOf, AnItemInTheTrashOfAHomeThatIsALinkErasesItByEitherPath)
+{
+    for (const char *path : {"/home/u/data/Trash/files/a", "/disk/u/data/Trash/files/a", "/short/Trash/files/a"}) {
+        FakeHost system;
+        system.files.addFile("/disk/u/data/Trash/files/a", 5);
+        system.files.addLink("/home/u", "/disk/u");
+        system.files.addLink("/short", "/home/u/data");
+        system.trash.setTrashFolders({"/home/u/data/Trash"});
+        const ProtectedLocations ofHome("/home/u", {}, "/disk/u");
+        const auto steps = Removal::plan({{path, 1}}, false, ofHome, system.trash.trashFolders());
+        const RemovalOutcome outcome = Removal::perform(steps, ofHome, system.host());
+        EXPECT_EQ(outcome.removed, (Entries{{path, 1}}));
+        EXPECT_EQ(system.log->linesStartingWith("removeItem"), Lines{"removeItem /disk/u/data/Trash/files/a"});
+        EXPECT_TRUE(system.log->linesStartingWith("trashItem").empty());
+    }
+}
+
+TEST_F(RemovalOf, AnItemInAFolderThatATrashFolderLinksToTrashesIt)
+{
+    fake.files.addFile("/Users/me/Downloads/a", 5);
+    fake.files.addLink("/Users/me/.Trash", "/Users/me/Downloads");
+    EXPECT_EQ(remove({{"/Users/me/Downloads/a", 1}}).removed.size(), 1u);
+    EXPECT_EQ(deeds(), Lines{"trashItem /Users/me/Downloads/a"});
+}
+
+TEST_F(RemovalOf, AnItemAsksNothingOfTheTrashOnOtherVolumes)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.files.addFolder("/Volumes/dead/.Trashes/501");
+    fake.trash.setTrashFolders({"/Volumes/dead/.Trashes/501"});
+    for (const bool permanently : {false, true})
+        (void)remove({{"/Users/me/a", 1}}, permanently);
+    for (const std::string &line : fake.log->lines())
+        EXPECT_EQ(line.find("/Volumes"), std::string::npos) << line;
+}
+
+TEST_F(RemovalOf, AnItemInTheTrashHasItsRecordForgottenOnceItIsErased)
+{
+    fake.files.addFile("/Users/me/.Trash/a", 5);
+    fake.files.addFile("/Users/me/.Trash/stays", 5);
+    fake.files.failRemoval("/Users/me/.Trash/stays", std::errc::permission_denied);
+    fake.files.addFile("/Users/me/b", 5);
+    for (const bool permanently : {false, true})
+        (void)remove({{"/Users/me/.Trash/a", 1}, {"/Users/me/.Trash/stays", 1}, {"/Users/me/b", 1}}, permanently);
+    EXPECT_EQ(fake.log->linesStartingWith("forget"), Lines{"forget /Users/me/.Trash/a"});
+}
+
+TEST_F(RemovalOf, AnItemWhosePathIsNotPlainTouchesNothing)
+{
+    fake.files.addFile("/Users/me/x/y/a", 5);
+    fake.files.addFolder("/srv/z");
+    fake.files.addLink("/Users/me/x/link", "/srv/z");
+    // Also where the plan came from elsewhere.
+    for (const Action action : {Action::refuse, Action::trash, Action::erase}) {
+        const RemovalOutcome outcome =
+            Removal::perform({{"/Users/me/x/y/.", 1, action}, {"/Users/me/x/link/../y", 1, action}, {"~/x", 1, action}},
+                             locations(), fake.host());
+        EXPECT_TRUE(outcome.removed.empty());
+        EXPECT_EQ(outcome.failures, (Lines{"y: not a plain path", "y: not a plain path", "x: not a plain path"}));
+    }
+    EXPECT_TRUE(fake.log->lines().empty());
+}
+
+TEST_F(RemovalOf, AnItemWhoseFolderCannotBeResolvedFailsAndIsNotTouched)
+{
+    fake.files.addLink("/Users/me/loop", "/Users/me/loop");
+    for (const bool permanently : {false, true}) {
+        const RemovalOutcome outcome = remove({{"/Users/me/loop/a", 1}, {"/Users/me/none/b", 1}}, permanently);
+        EXPECT_EQ(outcome.failures,
+                  (Lines{"a: Too many levels of symbolic links", "b: No such file or directory"}));
+    }
+    EXPECT_TRUE(deeds().empty());
+}
+
+TEST_F(RemovalOf, AnItemReachedThroughALinkActsOnWhereItLiesAndReportsTheGivenPath)
+{
+    fake.files.addFile("/srv/work/a", 5);
+    fake.files.addFile("/srv/work/b", 5);
+    fake.files.addLink("/Users/me/link", "/srv/work");
+    EXPECT_EQ(remove({{"/Users/me/link/a", 1}}).removed, (Entries{{"/Users/me/link/a", 1}}));
+    EXPECT_EQ(remove({{"/Users/me/link/b", 1}}, true).removed, (Entries{{"/Users/me/link/b", 1}}));
+    EXPECT_EQ(deeds(), (Lines{"trashItem /srv/work/a", "removeItem /srv/work/b"}));
+}
+
+TEST_F(RemovalOf, AnItemWhoseFolderIsReplacedAfterItsJudgementActsOnTheOneJudged)
+{
+    fake.files.addFile("/srv/work/lib", 5);
+    fake.files.addFolder("/usr/lib");
+    fake.files.addLink("/Users/me/link", "/srv/work");
+    fake.log->observe([&](const std::string &line) {
+        if (line == "facts /srv/work/lib") {
+            fake.files.take("/Users/me/link");
+            fake.files.addLink("/Users/me/link", "/usr");
+        }
+    });
+    EXPECT_EQ(remove({{"/Users/me/link/lib", 1}}, true).removed.size(), 1u);
+    EXPECT_EQ(deeds(), Lines{"removeItem /srv/work/lib"});
+    EXPECT_TRUE(fake.files.has("/usr/lib"));
 }
 
 TEST_F(RemovalOf, ALinkTakesTheLinkAndNotItsTarget)
