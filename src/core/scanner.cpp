@@ -129,13 +129,12 @@ private:
     std::int64_t m_smallCount = 0;
 };
 
-/// Lists a folder into its visit; where that fails, the node is `unreadable` and stays empty.
+/// Lists a folder into its visit; where that fails, the node is `unreadable` and stays empty, and the visit is
+/// over.
 bool read(OpenFolder &folder, const std::string &path, Visit &visit, ScanProgress &progress)
 {
     Reader reader(path, visit);
     if (!folder.list([&reader](const DirectoryEntry &entry) { reader.take(entry); })) {
-        visit.subfolders.clear();
-        visit.files.clear();
         visit.node->unreadable = true;
         return false;
     }

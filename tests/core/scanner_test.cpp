@@ -232,11 +232,13 @@ TEST_F(ScannerTest, ThereIsNoRoomLeftBehindTheChildren)
 {
     for (int i = 0; i < 5; ++i)
         files.addFile("/r/a/b/c/file" + std::to_string(i), 1'000'000);
-    files.addFile("/r/a/b/d/file", 1);
-    files.addFile("/r/a/b/e/file", 0);
+    for (const char *file : {"/r/a/b/d/file", "/r/a/b/e/file", "/r/d/file", "/r/e/file"})
+        files.addFile(file, 1);
+    files.addFile("/r/a/b/f/file", 0);
     const auto root = scan();
     EXPECT_EQ(at(root, "a/b/c")->children.capacity(), 5U);
-    EXPECT_EQ(at(root, "a/b")->children.capacity(), 2U);
+    EXPECT_EQ(at(root, "a/b")->children.capacity(), 3U);
+    EXPECT_EQ(root->children.capacity(), 3U);
 }
 
 TEST_F(ScannerTest, FoldersCarryTheirOwnDateAndTheRootNone)
@@ -358,6 +360,22 @@ TEST_F(ScannerTest, ProgressCountsOnceForEachFolderAndNamesItsPath)
     EXPECT_EQ(counters.files, 4);
     EXPECT_EQ(counters.bytes, 2'000'080);
     EXPECT_EQ(counters.current, "/r/a/b/c");
+}
+
+TEST_F(ScannerTest, ProgressNamesEveryFolderOnTheWayDownAndUp)
+{
+    // One chain above, so that one thread walks it all.
+    for (const char *path : {"/r/a/b/c/d/1", "/r/a/b/c/e/2", "/r/a/b/f/g/3", "/r/a/b/h/4", "/r/a/b/i/5"})
+        files.addFile(path, 1);
+    std::vector<std::string> seen;
+    files.log()->observe([&](const std::string &line) {
+        if (line.starts_with("openChild"))
+            seen.push_back(progress.counters().current);
+    });
+    scan();
+    seen.push_back(progress.counters().current);
+    EXPECT_THAT(seen, ElementsAre("/r", "/r/a", "/r/a/b", "/r/a/b/c", "/r/a/b/c/d", "/r/a/b/c/e", "/r/a/b/f",
+                                  "/r/a/b/f/g", "/r/a/b/h", "/r/a/b/i"));
 }
 
 TEST_F(ScannerTest, FoldersOfTheFirstTwoLevelsAreWalkedAtOnce)
