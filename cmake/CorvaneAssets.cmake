@@ -87,7 +87,6 @@ endfunction()
 
 # --- The program's own icon.
 set(CORVANE_APP_ICON ${CMAKE_SOURCE_DIR}/assets/icon/corvane.svg)
-set(CORVANE_APP_ICON_SIZES 16 22 24 32 48 64 128 256 512)
 
 # Embeds the drawing under :/corvane/icon.
 function(corvane_embed_app_icon target)

@@ -34,9 +34,11 @@ class PortalColorScheme : public ColorSchemeSetting {
 public:
     PortalColorScheme()
     {
+        // Qt 6.4 looks the slot's types up by name and does not know this one until someone has asked for it.
+        qRegisterMetaType<QDBusVariant>();
         QDBusConnection bus = QDBusConnection::sessionBus();
         bus.connect(service, object, interface, QStringLiteral("SettingChanged"), this,
-                    SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+                    SLOT(onSettingChanged(QString,QString,QDBusVariant)));
 
         QDBusMessage read = QDBusMessage::createMethodCall(service, object, interface, QStringLiteral("Read"));
         read << settingGroup << settingKey;

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QtTest/QtTest>
+
+#include "shell/ui/color_scheme_setting.h"
+
+namespace corvane {
+namespace {
+
+constexpr uint noPreference = 0;
+constexpr uint preferDark = 1;
+constexpr uint preferLight = 2;
+
+/// The part of the desktop portal that publishes settings.
+class FakePortal : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    uint scheme = noPreference;
+
+public slots:
+    QDBusVariant Read(const QString &group, const QString &key)
+    {
+        if (group != QStringLiteral("org.freedesktop.appearance") || key != QStringLiteral("color-scheme"))
+            return {};
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme)));
+    }
+
+signals:
+    void SettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
+};
+
+/// A session bus of the test's own.
+class PortalColorSchemeTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
+            GTEST_SKIP() << "dbus-daemon is not installed";
+        daemon.start(QStringLiteral("dbus-daemon"),
+                     {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+        ASSERT_TRUE(daemon.waitForReadyRead());
+        const QByteArray address = daemon.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+
+        QDBusConnection bus = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("portal"));
+        ASSERT_TRUE(bus.isConnected());
+        ASSERT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+        ASSERT_TRUE(bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), &portal,
+                                       QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+    }
+    void TearDown() override
+    {
+        QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        daemon.kill();
+        daemon.waitForFinished();
+    }
+
+    FakePortal portal;
+    QProcess daemon;
+};
+
+TEST_F(PortalColorSchemeTest, AnswersWhatThePortalSaysAndFollowsItsChanges)
+{
+    portal.scheme = preferDark;
+    const std::unique_ptr<ColorSchemeSetting> setting = systemColorSchemeSetting();
+    ASSERT_NE(setting, nullptr);
+    EXPECT_FALSE(setting->prefersDark().has_value());
+    QSignalSpy changed(setting.get(), &ColorSchemeSetting::changed);
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return setting->prefersDark() == true; }));
+    EXPECT_EQ(changed.count(), 1);
+
+    emit portal.SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
+                               QDBusVariant(preferLight));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return setting->prefersDark() == false; }));
+
+    emit portal.SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
+                               QDBusVariant(noPreference));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !setting->prefersDark().has_value(); }));
+    EXPECT_EQ(changed.count(), 3);
+
+    // Another setting with such a value is none of its business.
+    emit portal.SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("contrast"),
+                               QDBusVariant(preferDark));
+    QTest::qWait(50);
+    EXPECT_FALSE(setting->prefersDark().has_value());
+}
+
+TEST(ColorSchemeSetting, WithoutASessionBusThereIsNone)
+{
+    ASSERT_FALSE(qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS"));
+    EXPECT_EQ(systemColorSchemeSetting(), nullptr);
+}
+
+} // namespace
+} // namespace corvane
+
+#include "portal_color_scheme_test.moc"
