@@ -44,7 +44,7 @@ FocusScope {
         x: Theme.hairlineWidth
         height: split.height
         focus: true
-        leftPadding: split.hasIcon ? Theme.space10 : Theme.pillPadding
+        leftPadding: split.hasIcon ? Theme.space10 - Theme.hairlineWidth : Theme.pillPadding
         rightPadding: split.hasIcon ? Theme.bandIconGap : Theme.pillPadding
         Accessible.description: split.tip
         onClicked: split.clicked()

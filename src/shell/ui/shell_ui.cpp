@@ -9,6 +9,7 @@
 #include "shell/ui/fonts.h"
 #include "shell/ui/icon_provider.h"
 #include "shell/ui/shadow_provider.h"
+#include "shell/ui/system_symbols.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -22,7 +23,7 @@ void setUpShell(QQmlEngine &engine)
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine.addImageProvider(QStringLiteral("icon"), new IconProvider(IconProvider::Names::icons));
-    engine.addImageProvider(QStringLiteral("symbol"), new IconProvider(IconProvider::Names::symbols));
+    engine.addImageProvider(QStringLiteral("symbol"), new IconProvider(IconProvider::Names::symbols, systemSymbols()));
     engine.addImageProvider(QStringLiteral("file"), new FileIconProvider);
     engine.addImageProvider(QStringLiteral("shadow"), new ShadowProvider);
     engine.addImageProvider(QStringLiteral("app"), new AppIconProvider);

@@ -1,6 +1,7 @@
 #include "shell/ui/theme.h"
 
 #include <cmath>
+#include <optional>
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -91,13 +92,16 @@ double luminance(const QColor &color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-QFont font(int pixelSize, QFont::Weight weight, Figures figures = Figures::proportional, double letterSpacing = 0)
+/// Ordinary text is set a trace tighter than the font's own spacing, in parts of its size.
+constexpr double tracking = -0.003;
+
+QFont font(int pixelSize, QFont::Weight weight, Figures figures = Figures::proportional,
+           std::optional<double> letterSpacing = std::nullopt)
 {
     QFont font = textFont(figures);
     font.setPixelSize(pixelSize);
     font.setWeight(weight);
-    if (letterSpacing != 0)
-        font.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing.value_or(tracking * pixelSize));
     return font;
 }
 

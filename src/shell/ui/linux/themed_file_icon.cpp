@@ -1,0 +1,49 @@
+// Desktops with icon themes: the extension of a name decides.
+
+#include <algorithm>
+
+#include <QIcon>
+#include <QMimeDatabase>
+#include <QPixmap>
+
+#include "core/file_type.h"
+#include "shell/ui/system_file_icon.h"
+
+namespace corvane {
+
+namespace {
+
+QIcon themedIcon(const std::string &path, FileNode::Kind kind)
+{
+    if (kind == FileNode::Kind::directory)
+        return QIcon::fromTheme(QStringLiteral("folder"));
+    // Themes of these desktops know nothing of packages.
+    if (kind == FileNode::Kind::package)
+        return {};
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(QString::fromStdString(path), QMimeDatabase::MatchExtension);
+    const QIcon icon = QIcon::fromTheme(type.iconName());
+    return icon.isNull() ? QIcon::fromTheme(type.genericIconName()) : icon;
+}
+
+} // namespace
+
+QImage systemFileIcon(const std::string &path, FileNode::Kind kind, int pixels)
+{
+    const QIcon icon = themedIcon(path, kind);
+    if (icon.isNull())
+        return {};
+    return icon.pixmap(QSize(pixels, pixels), 1.0).toImage();
+}
+
+std::string iconPath(const std::string &path, FileNode::Kind kind)
+{
+    if (kind == FileNode::Kind::directory)
+        return "/folder";
+    const std::string_view name = std::string_view(path).substr(path.rfind('/') + 1);
+    std::string extension(pathExtension(name));
+    std::ranges::transform(extension, extension.begin(),
+                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return (kind == FileNode::Kind::package ? "/package." : "/file.") + extension;
+}
+
+} // namespace corvane

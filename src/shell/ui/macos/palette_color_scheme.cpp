@@ -1,0 +1,12 @@
+// Systems whose palette follows the user's choice of light and dark.
+
+#include "shell/ui/color_scheme_setting.h"
+
+namespace corvane {
+
+std::unique_ptr<ColorSchemeSetting> systemColorSchemeSetting()
+{
+    return nullptr;
+}
+
+} // namespace corvane

@@ -1,0 +1,14 @@
+// Systems whose own font is the program's font.
+
+#include "shell/ui/fonts.h"
+
+namespace corvane {
+
+void registerFonts() {}
+
+QFont textFont(Figures)
+{
+    return {};
+}
+
+} // namespace corvane

@@ -1,0 +1,25 @@
+// macOS knows an icon for every item.
+
+#import <AppKit/AppKit.h>
+
+#include "shell/ui/macos/ns_image.h"
+#include "shell/ui/system_file_icon.h"
+
+namespace corvane {
+
+QImage systemFileIcon(const std::string &path, FileNode::Kind, int pixels)
+{
+    @autoreleasepool {
+        NSString *name = [NSFileManager.defaultManager stringWithFileSystemRepresentation:path.data()
+                                                                                   length:path.size()];
+        return name == nil ? QImage() : rasterized([NSWorkspace.sharedWorkspace iconForFile:name], pixels);
+    }
+}
+
+// An application's icon is its own, and any item may have been given one.
+std::string iconPath(const std::string &path, FileNode::Kind)
+{
+    return path;
+}
+
+} // namespace corvane
