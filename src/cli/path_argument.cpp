@@ -21,13 +21,6 @@ bool hasParentComponent(std::string_view path)
     return path.starts_with("../") || path.ends_with("/..") || path.find("/../") != std::string_view::npos;
 }
 
-std::string joined(std::string folder, std::string_view name)
-{
-    if (folder != "/")
-        folder += '/';
-    return folder.append(name);
-}
-
 std::string unreachable(const std::string &path, const Error &error)
 {
     return fmt::format("cannot look at {}: {}", path, error.description());

@@ -18,15 +18,14 @@ public:
     {
         enter(std::move(top));
         while (!m_pending.empty() && !m_stop) {
-            OpenFolder *const folder = m_folders.innermost();
-            if (folder == nullptr || m_pending.back().empty()) {
+            if (m_folders.innermost() == nullptr || m_pending.back().empty()) {
                 m_pending.pop_back();
                 m_folders.pop();
                 continue;
             }
             const std::string name = std::move(m_pending.back().back());
             m_pending.back().pop_back();
-            if (auto child = folder->openChild(name))
+            if (auto child = m_folders.openChild(name))
                 enter(std::move(*child));
         }
         return m_size;

@@ -9,6 +9,8 @@
 #include "core/concurrent_perform.h"
 #include "core/skipped_folders.h"
 #include "platform/folder_chain.h"
+#include "platform/patient_open.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -16,17 +18,6 @@ namespace {
 
 // The levels whose subfolders are walked at once: 0 and 1.
 constexpr int parallelLevels = 2;
-
-std::string joined(const std::string &folder, std::string_view name)
-{
-    std::string path;
-    path.reserve(folder.size() + 1 + name.size());
-    path = folder;
-    if (path != "/")
-        path += '/';
-    path += name;
-    return path;
-}
 
 struct Subfolder {
     std::string name; // moves into the node when its turn comes
@@ -187,13 +178,12 @@ private:
     bool goDown()
     {
         Level &level = m_levels.back();
-        OpenFolder *const folder = m_folders.innermost();
-        if (!folder || level.next == level.visit.subfolders.size())
+        if (!m_folders.innermost() || level.next == level.visit.subfolders.size())
             return false;
         Subfolder &subfolder = level.visit.subfolders[level.next++];
         if (m_progress.isCancelled())
             return true;
-        Expected<std::unique_ptr<OpenFolder>> opened = folder->openChild(subfolder.name);
+        Expected<std::unique_ptr<OpenFolder>> opened = m_folders.openChild(subfolder.name);
         if (!opened)
             return true; // unreadable, so of size 0: such a folder has no place in the tree
         auto node =
@@ -258,7 +248,8 @@ private:
     {
         if (m_progress.isCancelled())
             return nullptr;
-        Expected<std::unique_ptr<OpenFolder>> opened = folder.openChild(subfolder.name);
+        Expected<std::unique_ptr<OpenFolder>> opened =
+            openPatiently([&] { return folder.openChild(subfolder.name); });
         if (!opened)
             return nullptr;
         auto node = std::make_shared<FileNode>(visit.path, std::move(subfolder.name), subfolder.kind, visit.node);
@@ -286,7 +277,7 @@ std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &p
     auto root = std::make_shared<FileNode>(path, rootKind(path, files));
     if (progress.isCancelled())
         return root;
-    if (Expected<std::unique_ptr<OpenFolder>> folder = files.openFolder(path))
+    if (Expected<std::unique_ptr<OpenFolder>> folder = openPatiently([&] { return files.openFolder(path); }))
         TopWalk(progress).walk(std::move(*folder), root, path, 0);
     else
         root->unreadable = true;

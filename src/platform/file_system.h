@@ -25,12 +25,16 @@ struct DirectoryEntry {
 
 using EntrySink = std::function<void(const DirectoryEntry &)>;
 
-/// Tells one open folder from another, however it was reached.
+/// Tells one open folder from another, however it was reached. One that is not known, which is all zeros, equals
+/// none, not even itself.
 struct FolderIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
 
-    friend bool operator==(const FolderIdentity &, const FolderIdentity &) = default;
+    friend bool operator==(const FolderIdentity &a, const FolderIdentity &b)
+    {
+        return a.device == b.device && a.inode == b.inode && (a.device != 0 || a.inode != 0);
+    }
 };
 
 /// A folder that is open for reading; closed by its destructor. Used by one thread at a time, except that
@@ -51,9 +55,6 @@ public:
 
     /// Opens the folder that now contains this one.
     [[nodiscard]] virtual Expected<std::unique_ptr<OpenFolder>> openParent() = 0;
-
-    /// Whether an item of that name exists directly inside, links followed.
-    [[nodiscard]] virtual bool contains(const std::string &name) = 0;
 
     [[nodiscard]] virtual FolderIdentity identity() const = 0;
 
@@ -87,9 +88,6 @@ public:
 
     /// The path with every link resolved; the item must exist.
     [[nodiscard]] virtual Expected<std::string> realPath(const std::string &path) = 0;
-
-    /// Whether a folder with this extension (no dot, any case) is presented as one document.
-    [[nodiscard]] virtual bool isPackageExtension(std::string_view extension) = 0;
 
     /// Deletes an item and everything beneath it for good. Links are deleted, never followed.
     [[nodiscard]] virtual Expected<void> removeItem(const std::string &path) = 0;

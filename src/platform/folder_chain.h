@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/file_system.h"
+#include "platform/patient_open.h"
 
 namespace corvane {
 
@@ -25,11 +27,16 @@ public:
     void push(std::unique_ptr<OpenFolder> folder)
     {
         m_links.push_back({std::move(folder), {}});
-        if (m_links.size() - m_firstOpen > openLimit) {
-            Link &outermost = m_links[m_firstOpen++];
-            outermost.identity = outermost.folder->identity();
-            outermost.folder.reset();
-        }
+        closeAllBut(openLimit);
+    }
+
+    /// Opens a folder directly inside the innermost one, which is not null. Where file numbers have run out, here
+    /// or for another walk, the chain gives back all but its last.
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name)
+    {
+        if (waitingForFileNumbers.load(std::memory_order_relaxed) > 0)
+            closeAllBut(1);
+        return openPatiently([&] { return innermost()->openChild(name); }, [this] { closeAllBut(1); });
     }
 
     /// The innermost folder. Null when it had been closed and cannot be reached again, because what the walk
@@ -47,7 +54,7 @@ public:
         m_firstOpen = m_links.size() - 1;
         if (!left)
             return;
-        Expected<std::unique_ptr<OpenFolder>> reopened = left->openParent();
+        Expected<std::unique_ptr<OpenFolder>> reopened = openPatiently([&] { return left->openParent(); });
         if (reopened && (*reopened)->identity() == now.identity)
             now.folder = std::move(*reopened);
     }
@@ -57,6 +64,16 @@ private:
         std::unique_ptr<OpenFolder> folder; // null while closed
         FolderIdentity identity;            // noted when it is closed
     };
+
+    /// Keeps the innermost `count` open.
+    void closeAllBut(std::size_t count)
+    {
+        while (m_links.size() - m_firstOpen > count) {
+            Link &outermost = m_links[m_firstOpen++];
+            outermost.identity = outermost.folder->identity();
+            outermost.folder.reset();
+        }
+    }
 
     std::vector<Link> m_links;
     std::size_t m_firstOpen = 0; // position of the outermost folder that is open

@@ -9,6 +9,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "platform/path.h"
+
 namespace corvane {
 
 /// Remembers for each name extension whether the system presents folders with it as one document, so that the
@@ -41,11 +43,10 @@ public:
         return answer;
     }
 
-    /// For a folder's name. A dot at its very start begins no extension.
+    /// For a folder's name.
     [[nodiscard]] bool isPackageName(std::string_view name)
     {
-        const std::size_t dot = name.rfind('.');
-        return dot != std::string_view::npos && dot > 0 && isPackageExtension(name.substr(dot + 1));
+        return isPackageExtension(nameExtension(name));
     }
 
 private:

@@ -26,7 +26,6 @@ public:
     bool exists(const std::string &path) override { return m_files.exists(path); }
     bool canOpen(const std::string &path) override { return m_files.canOpen(path); }
     Expected<std::string> realPath(const std::string &path) override { return m_files.realPath(path); }
-    bool isPackageExtension(std::string_view extension) override { return m_files.isPackageExtension(extension); }
     Expected<void> removeItem(const std::string &path) override { return m_files.removeItem(path); }
     std::string homeFolder() override { return m_home; }
 

@@ -100,7 +100,6 @@ public:
         return std::make_unique<EndlessFolder>(m_depth + 1);
     }
     Expected<std::unique_ptr<OpenFolder>> openParent() override { return std::make_unique<EndlessFolder>(m_depth - 1); }
-    bool contains(const std::string &) override { return false; }
     FolderIdentity identity() const override { return {1, m_depth}; }
     Time modified() const override { return distantPast; }
 
@@ -118,7 +117,6 @@ public:
     bool exists(const std::string &) override { return false; }
     bool canOpen(const std::string &) override { return false; }
     Expected<std::string> realPath(const std::string &path) override { return path; }
-    bool isPackageExtension(std::string_view) override { return false; }
     Expected<void> removeItem(const std::string &path) override
     {
         ++removals;

@@ -91,6 +91,21 @@ TEST(PathText, ContainingFolderAndLastComponent)
     EXPECT_EQ(lastPathComponent(""), "");
 }
 
+TEST(PathText, JoinedHasOneSlashBetween)
+{
+    EXPECT_EQ(joined("/a", "b"), "/a/b");
+    EXPECT_EQ(joined("/", "b"), "/b");
+    EXPECT_EQ(joined("/a/", "b"), "/a/b");
+}
+
+TEST(PathText, ExtensionFollowsTheLastDotButTheFirstLetter)
+{
+    EXPECT_EQ(nameExtension("a.b.app"), "app");
+    EXPECT_EQ(nameExtension(".hidden.rtfd"), "rtfd");
+    for (const char *name : {"", "a", "a.", ".app", "."})
+        EXPECT_EQ(nameExtension(name), "") << name;
+}
+
 TEST(PathGuard, ExactPlacesAreProtectedAndWhatIsInsideIsNot)
 {
     const ProtectedLocations locations = standardLocations();

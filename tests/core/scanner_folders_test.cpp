@@ -9,10 +9,14 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/stat.h>
 
 #include <gmock/gmock.h>
 
+#include "core/scan_summary.h"
+#include "platform/fake_file_system.h"
+#include "support/few_open_files.h"
 #include "support/temporary_folder.h"
 
 namespace corvane {
@@ -237,10 +241,17 @@ TEST_F(ScannerFoldersTest, OddNamesComeThroughUnchanged)
     EXPECT_EQ(root->fileCount, static_cast<std::int64_t>(2 * names.size()));
 }
 
-TEST_F(ScannerFoldersTest, AFolderThreeThousandLevelsDeepIsWalked)
+/// A tree longer than any path that the system takes, with something beside the way down on every hundredth level.
+class DeepFolderTest : public ScannerFoldersTest {
+protected:
+    static constexpr int levels = 3'000;
+
+    void SetUp() override;
+    void expectIsWhole(const FileNode &root) const;
+};
+
+void DeepFolderTest::SetUp()
 {
-    // Longer than any path that the system takes, with something beside the way down on every hundredth level.
-    constexpr int levels = 3'000;
     int descriptor = ::open(temporary.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     const auto writeBlock = [&](const char *name) {
         const int file = ::openat(descriptor, name, O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
@@ -260,18 +271,94 @@ TEST_F(ScannerFoldersTest, AFolderThreeThousandLevelsDeepIsWalked)
     }
     writeBlock("file");
     ::close(descriptor);
+}
 
-    const auto root = scan();
-    EXPECT_EQ(root->fileCount, levels / 100 + 1);
+void DeepFolderTest::expectIsWhole(const FileNode &root) const
+{
+    EXPECT_EQ(root.fileCount, levels / 100 + 1);
     int depth = 0;
-    std::shared_ptr<FileNode> node = root;
-    while (const auto next = childNamed(*node, "deep")) {
+    std::shared_ptr<FileNode> node = childNamed(root, "deep");
+    ASSERT_NE(node, nullptr);
+    for (++depth; const auto next = childNamed(*node, "deep"); ++depth)
         node = next;
-        ++depth;
-    }
     EXPECT_EQ(depth, levels);
     EXPECT_EQ(node->smallFilesCount, 1);
     EXPECT_EQ(node->path().size(), temporary.path().size() + 5UL * levels);
+}
+
+TEST_F(DeepFolderTest, IsWalkedWhole)
+{
+    expectIsWhole(*scan());
+}
+
+TEST_F(DeepFolderTest, IsWalkedWholeWhereFileNumbersAreScarce)
+{
+    (void)systemHost(); // raises the limit once
+    std::shared_ptr<FileNode> root;
+    {
+        const FewOpenFiles limit(6);
+        root = scan();
+    }
+    expectIsWhole(*root);
+}
+
+TEST_F(DeepFolderTest, IsWalkedWholeOnAThreadWithASmallStack)
+{
+    pthread_attr_t attributes;
+    ASSERT_EQ(::pthread_attr_init(&attributes), 0);
+    ASSERT_EQ(::pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
+    struct Walk {
+        const std::string path;
+        ScanProgress progress;
+        std::shared_ptr<FileNode> root;
+    } walk{.path = temporary.path(), .progress = {}, .root = nullptr};
+    pthread_t thread{};
+    const auto run = [](void *argument) -> void * {
+        auto &own = *static_cast<Walk *>(argument);
+        own.root = Scanner::scan(own.path, own.progress);
+        return nullptr;
+    };
+    ASSERT_EQ(::pthread_create(&thread, &attributes, run, &walk), 0);
+    ::pthread_join(thread, nullptr);
+    ::pthread_attr_destroy(&attributes);
+    expectIsWhole(*walk.root);
+}
+
+TEST_F(ScannerFoldersTest, ManyBranchesAreWalkedWholeWhereFileNumbersAreScarce)
+{
+    constexpr int branches = 8;
+    for (int branch = 0; branch < branches; ++branch) {
+        std::string path = std::to_string(branch % 2) + "/" + std::to_string(branch);
+        for (int level = 0; level < 60; ++level) {
+            path += "/a";
+            temporary.writeText(path + "/file", "x");
+        }
+    }
+    (void)systemHost(); // raises the limit once
+    // The tops of the walk take three, and each branch no more than two and one on the way up.
+    const FewOpenFiles limit(3 + 3 * branches);
+    EXPECT_EQ(scan()->fileCount, branches * 60);
+}
+
+TEST(ScannerAndSummary, AnUnreadableSubfolderIsGoneAndNotCountedButAnUnreadableRootIs)
+{
+    FakeFileSystem files;
+    files.addFile("/data/open/file", 2'000'000);
+    files.addFile("/data/closed/file", 2'000'000);
+    files.addFile("/data/broken/file", 2'000'000);
+    files.failOpening("/data/closed");
+    files.failListing("/data/broken");
+
+    ScanProgress progress;
+    const auto root = Scanner::scan("/data", progress, files);
+    ASSERT_EQ(root->children.size(), 1U);
+    EXPECT_EQ(root->children.front()->name, "open");
+    EXPECT_EQ(ScanSummary::make(root, files).unreadableCount, 0);
+
+    for (const char *folder : {"/data/closed", "/data/broken"}) {
+        ScanProgress own;
+        EXPECT_EQ(ScanSummary::make(Scanner::scan(folder, own, files), files).unreadableCount, 1) << folder;
+    }
 }
 
 TEST_F(ScannerFoldersTest, ThreeHundredThousandFilesInOneFolderAreCounted)

@@ -130,14 +130,6 @@ public:
         return m_files.open(parent, here);
     }
 
-    bool contains(const std::string &name) override
-    {
-        const std::string itemPath = pathInside(name);
-        m_files.m_log->record("contains " + itemPath);
-        const std::lock_guard lock(m_files.m_mutex);
-        return m_files.find(itemPath, LastLink::follow).has_value();
-    }
-
     FolderIdentity identity() const override
     {
         const std::lock_guard lock(m_files.m_mutex);
@@ -320,12 +312,6 @@ Expected<std::string> FakeFileSystem::realPath(const std::string &path)
     m_log->record("realPath " + path);
     const std::lock_guard lock(m_mutex);
     return find(path, LastLink::follow).map([](const ItemPointer &item) { return pathOf(*item); });
-}
-
-bool FakeFileSystem::isPackageExtension(std::string_view extension)
-{
-    const std::lock_guard lock(m_mutex);
-    return m_packageExtensions.contains(lowered(extension));
 }
 
 Expected<void> FakeFileSystem::removeItem(const std::string &path)

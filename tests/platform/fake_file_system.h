@@ -16,10 +16,9 @@ namespace corvane {
 /// A file system in memory for tests of what stands above the seam. A test describes its tree with absolute
 /// paths; the folders that lead to a new item are made. A listing's order is the order of making. Any thread.
 ///
-/// Recorded calls: "openFolder P", "list P", "openChild P" (the child's path), "openParent P", "contains P"
-/// (the item's path), "facts P", "exists P", "canOpen P", "realPath P", "removeItem P". An open folder is
-/// recorded by where it lies at that moment. Questions about text alone (`homeFolder`, `isPackageExtension`)
-/// are not recorded.
+/// Recorded calls: "openFolder P", "list P", "openChild P" (the child's path), "openParent P", "facts P",
+/// "exists P", "canOpen P", "realPath P", "removeItem P". An open folder is recorded by where it lies at that
+/// moment. `homeFolder` is not recorded.
 class FakeFileSystem final : public FileSystem {
 public:
     /// Holds "/" and the home folder, nothing else.
@@ -75,7 +74,6 @@ public:
     [[nodiscard]] bool exists(const std::string &path) override;
     [[nodiscard]] bool canOpen(const std::string &path) override;
     [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
-    [[nodiscard]] bool isPackageExtension(std::string_view extension) override;
     [[nodiscard]] Expected<void> removeItem(const std::string &path) override;
     [[nodiscard]] std::string homeFolder() override;
 

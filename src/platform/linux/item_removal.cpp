@@ -49,11 +49,12 @@ private:
             return failure("open", ESTALE);
         std::string name = std::move(level.subfolders.back());
         level.subfolders.pop_back();
+        Expected<std::unique_ptr<OpenFolder>> child = m_folders.openChild(name);
+        if (child) {
+            return enter(std::unique_ptr<LinuxOpenFolder>(static_cast<LinuxOpenFolder *>(child->release())),
+                         std::move(name));
+        }
         const int descriptor = static_cast<LinuxOpenFolder *>(parent)->descriptor();
-        Expected<std::unique_ptr<LinuxOpenFolder>> child =
-            LinuxOpenFolder::open(descriptor, name.c_str(), LinuxOpenFolder::LinkRule::refuse);
-        if (child)
-            return enter(std::move(*child), std::move(name));
         // One that may not be looked into can still be deleted while it is empty, and so can a link or a file
         // that has taken the folder's place.
         if (child.error().code.value() == ENOENT || ::unlinkat(descriptor, name.c_str(), AT_REMOVEDIR) == 0)

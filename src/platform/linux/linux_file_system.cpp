@@ -14,6 +14,7 @@
 #include "platform/linux/package_extensions.h"
 #include "platform/linux/real_path.h"
 #include "platform/linux/stat_facts.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -54,9 +55,9 @@ Expected<ItemFacts> LinuxFileSystem::facts(const std::string &path)
     if (::fstatat(item->folder(), item->name(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
         return failure("examine", path, errno);
     const EntryType type = entryType(facts);
-    const std::string_view name(item->name());
+    const std::string_view extension = nameExtension(lastPathComponent(item->name()));
     return ItemFacts{.type = type,
-                     .isPackage = type == EntryType::directory && isPackageName(name.substr(name.rfind('/') + 1)),
+                     .isPackage = type == EntryType::directory && isKnownPackageExtension(extension),
                      .allocated = allocatedBytes(facts),
                      .modified = modificationTime(facts)};
 }
@@ -83,11 +84,6 @@ Expected<std::string> LinuxFileSystem::realPath(const std::string &path)
     return resolvedPath(path);
 }
 
-bool LinuxFileSystem::isPackageExtension(std::string_view extension)
-{
-    return isKnownPackageExtension(extension);
-}
-
 Expected<void> LinuxFileSystem::removeItem(const std::string &path)
 {
     return removeItemForGood(path);
@@ -96,12 +92,12 @@ Expected<void> LinuxFileSystem::removeItem(const std::string &path)
 std::string LinuxFileSystem::homeFolder()
 {
     if (const char *home = std::getenv("HOME"); home && *home == '/')
-        return withoutTrailingSlashes(home);
+        return withoutDots(home);
     std::vector<char> memory(16 * 1024);
     passwd record{};
     passwd *found = nullptr;
     if (::getpwuid_r(::getuid(), &record, memory.data(), memory.size(), &found) == 0 && found)
-        return withoutTrailingSlashes(found->pw_dir);
+        return withoutDots(found->pw_dir);
     return "/";
 }
 

@@ -9,8 +9,10 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include "platform/linux/interrupted_call.h"
 #include "platform/linux/package_extensions.h"
 #include "platform/linux/stat_facts.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -61,19 +63,13 @@ bool isDots(const char *name)
 
 } // namespace
 
-bool isPackageName(std::string_view name)
-{
-    const std::size_t dot = name.rfind('.');
-    return dot != std::string_view::npos && dot != 0 && isKnownPackageExtension(name.substr(dot + 1));
-}
-
 Expected<std::unique_ptr<LinuxOpenFolder>> LinuxOpenFolder::open(int base, const char *name, LinkRule rule)
 {
     const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | (rule == LinkRule::refuse ? O_NOFOLLOW : 0);
     // Looking at a folder should leave no trace of it, but only its owner may ask for that.
-    int number = ::openat(base, name, flags | O_NOATIME);
+    int number = uninterrupted([&] { return ::openat(base, name, flags | O_NOATIME); });
     if (number < 0 && errno == EPERM)
-        number = ::openat(base, name, flags);
+        number = uninterrupted([&] { return ::openat(base, name, flags); });
     if (number < 0)
         return failure("open", name);
     return std::unique_ptr<LinuxOpenFolder>(new LinuxOpenFolder(FileDescriptor(number)));
@@ -87,7 +83,8 @@ Expected<void> LinuxOpenFolder::list(const EntrySink &sink)
 
     ListingBuffer buffer;
     for (;;) {
-        const ssize_t length = ::getdents64(descriptor(), buffer.data(), ListingBuffer::size);
+        const ssize_t length =
+            uninterrupted([&] { return ::getdents64(descriptor(), buffer.data(), ListingBuffer::size); });
         if (length < 0 && errno == ENOENT) // the folder was deleted while it was open: it holds nothing
             return {};
         if (length < 0)
@@ -116,7 +113,7 @@ void LinuxOpenFolder::deliver(const char *name, unsigned char type, const EntryS
         entry.type = EntryType::directory;
     } else {
         struct stat facts;
-        if (::fstatat(descriptor(), name, &facts, AT_SYMLINK_NOFOLLOW) == 0) {
+        if (uninterrupted([&] { return ::fstatat(descriptor(), name, &facts, AT_SYMLINK_NOFOLLOW); }) == 0) {
             entry.type = entryType(facts);
             if (entry.type == EntryType::file) {
                 entry.allocated = allocatedBytes(facts);
@@ -126,7 +123,7 @@ void LinuxOpenFolder::deliver(const char *name, unsigned char type, const EntryS
             return;
         }
     }
-    entry.isPackage = entry.type == EntryType::directory && isPackageName(entry.name);
+    entry.isPackage = entry.type == EntryType::directory && isKnownPackageExtension(nameExtension(entry.name));
     sink(entry);
 }
 
@@ -140,18 +137,12 @@ Expected<std::unique_ptr<OpenFolder>> LinuxOpenFolder::openParent()
     return open(descriptor(), "..", LinkRule::refuse);
 }
 
-bool LinuxOpenFolder::contains(const std::string &name)
-{
-    struct stat facts;
-    return ::fstatat(descriptor(), name.c_str(), &facts, 0) == 0;
-}
-
 const LinuxOpenFolder::Facts &LinuxOpenFolder::facts() const
 {
     if (!m_facts) {
         m_facts.emplace();
         struct stat facts;
-        if (::fstat(descriptor(), &facts) == 0)
+        if (uninterrupted([&] { return ::fstat(descriptor(), &facts); }) == 0)
             *m_facts = {{facts.st_dev, facts.st_ino}, modificationTime(facts)};
     }
     return *m_facts;

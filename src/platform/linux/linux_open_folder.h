@@ -19,7 +19,6 @@ public:
     [[nodiscard]] Expected<void> list(const EntrySink &sink) override;
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override;
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openParent() override;
-    [[nodiscard]] bool contains(const std::string &name) override;
     [[nodiscard]] FolderIdentity identity() const override { return facts().identity; }
     [[nodiscard]] Time modified() const override { return facts().modified; }
 
@@ -41,8 +40,5 @@ private:
     mutable std::optional<Facts> m_facts; // asked for at first need
     bool m_listed = false;
 };
-
-/// Whether a folder of that name is presented as one document.
-[[nodiscard]] bool isPackageName(std::string_view name);
 
 } // namespace corvane

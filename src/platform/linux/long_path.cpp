@@ -12,6 +12,8 @@ Expected<LongPath> LongPath::resolve(const std::string &path)
 {
     LongPath result;
     std::string_view rest = path;
+    if (rest.size() >= PATH_MAX) // one slash at the end says as much as thousands
+        rest = rest.substr(0, rest.find_last_not_of('/') + 2);
     while (rest.size() >= PATH_MAX) {
         const std::size_t slash = rest.rfind('/', PATH_MAX - 2);
         if (slash == std::string_view::npos || slash == 0)

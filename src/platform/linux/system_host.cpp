@@ -4,6 +4,7 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_trash.h"
 #include "platform/linux/linux_volumes.h"
+#include "platform/open_file_limit.h"
 
 namespace corvane {
 
@@ -22,7 +23,10 @@ struct System {
 const Host &systemHost()
 {
     // Never destroyed: threads that still run when the program ends may be using it.
-    static const System &system = *new System;
+    static const System &system = *[] {
+        raiseOpenFileLimit();
+        return new System;
+    }();
     return system.host;
 }
 

@@ -15,7 +15,6 @@ public:
     [[nodiscard]] bool exists(const std::string &path) override;
     [[nodiscard]] bool canOpen(const std::string &path) override;
     [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
-    [[nodiscard]] bool isPackageExtension(std::string_view extension) override;
     [[nodiscard]] Expected<void> removeItem(const std::string &path) override;
     [[nodiscard]] std::string homeFolder() override;
 

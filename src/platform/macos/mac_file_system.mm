@@ -91,11 +91,6 @@ Expected<std::string> MacFileSystem::realPath(const std::string &path)
     return std::string(resolved.get());
 }
 
-bool MacFileSystem::isPackageExtension(std::string_view extension)
-{
-    return m_packages.isPackageExtension(extension);
-}
-
 Expected<void> MacFileSystem::removeItem(const std::string &path)
 {
     return guarded("remove", path, [&]() -> Expected<void> {

@@ -191,10 +191,4 @@ Expected<std::unique_ptr<OpenFolder>> MacOpenFolder::openParent()
     return open(m_descriptor.number(), "..", 0, m_packages);
 }
 
-bool MacOpenFolder::contains(const std::string &name)
-{
-    struct stat status {};
-    return ::fstatat(m_descriptor.number(), name.c_str(), &status, 0) == 0;
-}
-
 } // namespace corvane

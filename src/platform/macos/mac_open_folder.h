@@ -17,7 +17,6 @@ public:
     [[nodiscard]] Expected<void> list(const EntrySink &sink) override;
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override;
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openParent() override;
-    [[nodiscard]] bool contains(const std::string &name) override;
     [[nodiscard]] FolderIdentity identity() const override { return m_identity; }
     [[nodiscard]] Time modified() const override { return m_modified; }
 

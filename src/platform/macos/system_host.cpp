@@ -4,6 +4,7 @@
 #include "platform/macos/mac_file_system.h"
 #include "platform/macos/mac_trash.h"
 #include "platform/macos/mac_volumes.h"
+#include "platform/open_file_limit.h"
 
 namespace corvane {
 
@@ -22,7 +23,10 @@ struct System {
 const Host &systemHost()
 {
     // Never destroyed: threads that still run when the program ends may be using it.
-    static const System &system = *new System;
+    static const System &system = *[] {
+        raiseOpenFileLimit();
+        return new System;
+    }();
     return system.host;
 }
 

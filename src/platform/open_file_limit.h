@@ -1,0 +1,9 @@
+#pragma once
+
+namespace corvane {
+
+/// Lets this program have as many files open as the system allows, within reason. Some systems start a program with
+/// 256, and a walk on every core of a large machine takes more. Once at the start; costs nothing.
+void raiseOpenFileLimit();
+
+} // namespace corvane
