@@ -4,6 +4,7 @@
 #include <thread>
 
 #include <dirent.h>
+#include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -15,6 +16,9 @@ std::atomic<std::chrono::milliseconds> delay{};
 constexpr unsigned long blockSize = 4096;
 constexpr fsblkcnt_t capacity = 994'662'584'320 / blockSize;
 constexpr fsblkcnt_t available = 183'371'001'856 / blockSize;
+
+constexpr blkcnt_t scale = 1000; // of tests/mac_root
+constexpr blkcnt_t oneBlock = blockSize / 512;
 
 } // namespace
 
@@ -33,6 +37,14 @@ extern "C" ssize_t getdents64(int descriptor, void *buffer, size_t size) noexcep
 {
     std::this_thread::sleep_for(delay.load());
     return syscall(SYS_getdents64, descriptor, buffer, size);
+}
+
+extern "C" int fstatat(int folder, const char *name, struct stat *facts, int flags) noexcept
+{
+    const long result = syscall(SYS_newfstatat, folder, name, facts, flags);
+    if (result == 0 && facts->st_blocks > oneBlock)
+        facts->st_blocks *= scale;
+    return static_cast<int>(result);
 }
 
 extern "C" int statvfs(const char *, struct statvfs *volume) noexcept

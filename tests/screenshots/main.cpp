@@ -1,4 +1,6 @@
+#include <cstdio>
 #include <cstdlib>
+#include <exception>
 
 #include <QDir>
 #include <QGuiApplication>
@@ -24,14 +26,21 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVANE_VERSION));
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     const QGuiApplication application(argc, argv);
-    if (argc != 2)
-        corvane::giveUp(QStringLiteral("name the folder that takes the pictures"));
+    if (argc != 2) {
+        std::fputs("screenshots: name the folder that takes the pictures\n", stderr);
+        return EXIT_FAILURE;
+    }
 
     corvane::CorvaneApp program;
     corvane::Theme::instance()->setReducedMotion(true);
     if (!program.openWindow())
         return EXIT_FAILURE;
     auto *window = qobject_cast<QQuickWindow *>(QGuiApplication::topLevelWindows().constFirst());
-    corvane::Photographer(*window, program.store(), QDir(QString::fromLocal8Bit(argv[1]))).takeAll();
+    try {
+        corvane::Photographer(*window, program.store(), QDir(QString::fromLocal8Bit(argv[1]))).takeAll();
+    } catch (const std::exception &failure) {
+        std::fprintf(stderr, "screenshots: %s\n", failure.what());
+        return EXIT_FAILURE;
+    }
     return EXIT_SUCCESS;
 }

@@ -1,7 +1,6 @@
 #include "screenshots/photographer.h"
 
 #include <chrono>
-#include <memory>
 
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
@@ -36,6 +35,7 @@ void Photographer::takeAll()
     takeMenus();
     takeSelection();
     takeRemoval();
+    takeDrop();
     takeEmptyFolders();
 }
 
@@ -55,7 +55,7 @@ void Photographer::takeMap()
 {
     take(QStringLiteral("explorer"));
     QQuickItem &map = m_driver.item(QStringLiteral("map"));
-    m_driver.pointAt(map, tile("Movies"));
+    m_driver.pointAt(map, tile("Drone Footage"));
     take(QStringLiteral("explorer-hover"));
     m_driver.pointAtNothing();
 
@@ -64,8 +64,13 @@ void Photographer::takeMap()
     take(QStringLiteral("explorer-min"));
     m_driver.resize(width, height);
 
-    m_driver.press(Qt::Key_Tab);
-    m_driver.press(Qt::Key_Tab);
+    for (int stops = 0; !map.hasActiveFocus(); ++stops) {
+        if (stops == 20)
+            giveUp(QStringLiteral("the Tab key does not lead to the map"));
+        m_driver.press(Qt::Key_Tab);
+    }
+    m_driver.press(Qt::Key_Right);
+    m_driver.press(Qt::Key_Down);
     take(QStringLiteral("explorer-keyboard"));
 }
 
@@ -73,19 +78,19 @@ void Photographer::takeMenus()
 {
     m_driver.click(m_driver.item(QStringLiteral("scanMenuButton")));
     take(QStringLiteral("scan-menu"));
-    m_driver.press(Qt::Key_Escape);
+    dismiss();
     m_driver.click(m_driver.item(QStringLiteral("appMenuButton")));
     take(QStringLiteral("app-menu"));
-    m_driver.press(Qt::Key_Escape);
+    dismiss();
     m_driver.clickAt(m_driver.item(QStringLiteral("map")), tile("Pictures"), Qt::RightButton);
     take(QStringLiteral("map-menu"));
-    m_driver.press(Qt::Key_Escape);
+    dismiss();
 
     m_driver.click(m_driver.item(QStringLiteral("appMenuButton")));
     m_driver.click(m_driver.item(QStringLiteral("appMenu.about")));
     m_driver.pointAtNothing();
     take(QStringLiteral("about"));
-    m_driver.press(Qt::Key_Escape);
+    dismiss();
 }
 
 void Photographer::takeSelection()
@@ -105,9 +110,8 @@ void Photographer::takeSelection()
     m_driver.click(m_driver.item(QStringLiteral("reviewSheet.deletePermanently")));
     m_driver.pointAtNothing();
     take(QStringLiteral("delete-confirm"));
-    m_driver.click(m_driver.item(QStringLiteral("deleteConfirm.cancel")));
-    m_driver.click(m_driver.item(QStringLiteral("reviewSheet.cancel")));
-    m_driver.pointAtNothing();
+    dismiss();
+    dismiss();
 }
 
 void Photographer::takeRemoval()
@@ -118,8 +122,8 @@ void Photographer::takeRemoval()
     take(QStringLiteral("toast"));
     m_store.dismissToast();
 
-    // A folder of the disk that nobody may read, as it might be dropped or chosen.
-    m_store.scan("/Users/studio/Library/Application Support/com.apple.TCC");
+    // A folder that was there when it was chosen.
+    m_store.scan("/Users/studio/Old Projects");
     m_driver.waitFor([&] { return m_store.toast().has_value(); }, QStringLiteral("the refusal"));
     take(QStringLiteral("toast-warning"));
     m_store.dismissToast();
@@ -127,18 +131,14 @@ void Photographer::takeRemoval()
 
 void Photographer::takeEmptyFolders()
 {
-    m_store.scan("/Users/studio/Public");
-    m_driver.waitFor([&] { return m_store.phase() == StorageStore::Phase::ready; }, QStringLiteral("the scan's end"));
+    scan("/Users/studio/Public");
     take(QStringLiteral("explorer-empty"));
-
-    // A root that could be read when the scan began and no longer when its turn came.
-    auto result = std::make_shared<StorageStore::ScanResult>();
-    result->root = std::make_shared<FileNode>("/Users/studio/Public", FileNode::Kind::directory);
-    result->root->unreadable = true;
-    result->summary = ScanSummary::make(result->root);
-    m_store.finishScan(result, m_store.progress());
+    scan("/Users/studio/Library/Application Support/com.apple.TCC");
     take(QStringLiteral("explorer-unreadable"));
+}
 
+void Photographer::takeDrop()
+{
     QMimeData dragged;
     dragged.setUrls({QUrl::fromLocalFile(QStringLiteral("/Users/studio/Movies"))});
     QDragEnterEvent enter(QPoint(width / 2, height / 2), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
@@ -146,6 +146,18 @@ void Photographer::takeEmptyFolders()
     take(QStringLiteral("drop"));
     QDragLeaveEvent leave;
     QCoreApplication::sendEvent(m_driver.window(), &leave);
+}
+
+void Photographer::scan(const std::string &path)
+{
+    m_store.scan(path);
+    m_driver.waitFor([&] { return m_store.phase() == StorageStore::Phase::ready; }, QStringLiteral("the scan's end"));
+}
+
+void Photographer::dismiss()
+{
+    m_driver.press(Qt::Key_Escape);
+    m_driver.rest();
 }
 
 void Photographer::take(const QString &name)

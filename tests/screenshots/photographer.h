@@ -26,7 +26,12 @@ private:
     void takeSelection();
     void takeRemoval();
     void takeEmptyFolders();
+    void takeDrop();
 
+    /// Scans a folder that no button leads to.
+    void scan(const std::string &path);
+    /// Closes the menu or sheet that lies on top.
+    void dismiss();
     /// Saves NAME-light.png and NAME-dark.png of the window at rest.
     void take(const QString &name);
     /// The same while it moves.

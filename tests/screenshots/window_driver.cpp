@@ -1,7 +1,6 @@
 #include "screenshots/window_driver.h"
 
-#include <cstdio>
-#include <cstdlib>
+#include <stdexcept>
 
 #include <QImage>
 #include <QtTest/QTest>
@@ -10,8 +9,8 @@ namespace corvane {
 
 namespace {
 
-constexpr int patience = 10'000;   // milliseconds
-constexpr int stillness = 120;     // milliseconds between two pictures that must be the same
+constexpr int patience = 20'000; // milliseconds
+constexpr int stillness = 120;   // milliseconds between two pictures that must be the same
 constexpr QPoint nowhere{1, 1};
 
 QQuickItem *findVisible(QQuickItem &from, const std::function<bool(const QQuickItem &)> &rule)
@@ -31,8 +30,7 @@ QQuickItem *findVisible(QQuickItem &from, const std::function<bool(const QQuickI
 
 void giveUp(const QString &why)
 {
-    std::fprintf(stderr, "screenshots: %s\n", qPrintable(why));
-    std::exit(EXIT_FAILURE);
+    throw std::runtime_error(why.toStdString());
 }
 
 QQuickItem &WindowDriver::item(const QString &objectName) const
@@ -45,11 +43,16 @@ QQuickItem &WindowDriver::itemWhere(const std::function<bool(const QQuickItem &)
     QQuickItem *found = nullptr;
     waitFor(
         [&] {
-            found = findVisible(*m_window.contentItem(), rule);
+            found = find(rule);
             return found != nullptr;
         },
         what);
     return *found;
+}
+
+QQuickItem *WindowDriver::find(const std::function<bool(const QQuickItem &)> &rule) const
+{
+    return findVisible(*m_window.contentItem(), rule);
 }
 
 void WindowDriver::click(const QQuickItem &item, Qt::MouseButton button)

@@ -11,7 +11,7 @@
 namespace corvane {
 
 /// Works a window as a person does: looks for things, points at them, clicks, types. What cannot be found or
-/// does not come about ends the program with a sentence. Main thread only.
+/// does not come about throws a std::runtime_error. Main thread only.
 class WindowDriver {
 public:
     explicit WindowDriver(QQuickWindow &window) : m_window(window) {}
@@ -21,6 +21,8 @@ public:
     [[nodiscard]] QQuickItem &item(const QString &objectName) const;
     /// The visible item of which this holds.
     [[nodiscard]] QQuickItem &itemWhere(const std::function<bool(const QQuickItem &)> &rule, const QString &what) const;
+    /// The first visible item of which this holds now; null for none.
+    [[nodiscard]] QQuickItem *find(const std::function<bool(const QQuickItem &)> &rule) const;
 
     void click(const QQuickItem &item, Qt::MouseButton button = Qt::LeftButton);
     /// The same at a point of the item.
@@ -34,6 +36,7 @@ public:
     /// Lets the window live until the condition holds.
     void waitFor(const std::function<bool()> &condition, const QString &what) const;
     /// Lets the window live until it stops moving.
+    void rest() const { static_cast<void>(stillPicture()); }
     [[nodiscard]] QImage stillPicture() const;
     [[nodiscard]] QImage picture() const;
 
@@ -41,7 +44,7 @@ private:
     QQuickWindow &m_window;
 };
 
-/// Ends the program with a sentence.
+/// Throws a std::runtime_error with that sentence.
 [[noreturn]] void giveUp(const QString &why);
 
 } // namespace corvane
