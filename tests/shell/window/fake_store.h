@@ -4,6 +4,7 @@
 
 #include "core/store/storage_store.h"
 #include "platform/fake_host.h"
+#include "shell/window/gated_file_system.h"
 
 namespace corvane {
 
@@ -13,8 +14,11 @@ struct FakeStore {
     {
         fake.files.setHome(home);
         fake.files.addFile(home + "/Movies/rushes.mov", 27'880'000'000);
+        fake.files.addFile(home + "/Movies/one.mov", 5'000'000);
+        fake.files.addFile(home + "/Movies/two.mov", 4'000'000);
         fake.files.addFile(home + "/notes.txt", 4'096);
     }
+    ~FakeStore() { gate.setShut(false); }
 
     /// Bytes that the volume says are free from now on.
     void setAvailable(std::int64_t bytes)
@@ -30,14 +34,15 @@ struct FakeStore {
 
     const std::string home = "/home/studio";
     FakeHost fake;
+    GatedFileSystem gate{fake.files};
     ProtectedLocations locations{home, ProtectedPlaces{}};
-    StorageStore store{hostWithVolume(), locations};
+    StorageStore store{host(), locations};
 
 private:
-    Host hostWithVolume()
+    Host host()
     {
         setAvailable(183'370'000'000);
-        return fake.host();
+        return {gate, fake.trash, fake.volumes, fake.desktop};
     }
 };
 

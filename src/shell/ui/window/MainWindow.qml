@@ -114,6 +114,7 @@ ApplicationWindow {
     FolderDialog {
         id: folderDialog
 
+        objectName: "folderDialog"
         title: scan.folderPrompt
         acceptLabel: qsTr("Scan")
         onAccepted: scan.scanUrl(selectedFolder)

@@ -1,12 +1,10 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
 /// The list of screens at the left of the window, with the program's name above it where the title bar is
-/// separate, and the disk below. Arrow keys, Home and End move the choice.
-FocusScope {
+/// separate, and the disk below.
+Item {
     id: sidebar
 
     required property SidebarModel screens
@@ -14,12 +12,6 @@ FocusScope {
     property alias headControl: head.control
 
     implicitWidth: Theme.sidebarWidth
-
-    function focusCurrent() {
-        const row = rows.itemAt(sidebar.screens.currentRow);
-        if (row)
-            row.forceActiveFocus(Qt.TabFocusReason);
-    }
 
     Rectangle {
         anchors.fill: parent
@@ -38,44 +30,14 @@ FocusScope {
         height: Theme.bandHeight
         visible: Qt.platform.os !== "osx"
     }
-    Column {
-        id: list
-
+    SidebarList {
         x: Theme.sidebarInset
         y: Theme.bandHeight
         width: parent.width - 2 * Theme.sidebarInset - Theme.hairlineWidth
-        Accessible.role: Accessible.List
-        Accessible.name: qsTr("Screens")
-        Keys.onUpPressed: sidebar.screens.step(-1)
-        Keys.onDownPressed: sidebar.screens.step(1)
-        Keys.onPressed: event => {
-            if (event.key !== Qt.Key_Home && event.key !== Qt.Key_End)
-                return;
-            sidebar.screens.step(event.key === Qt.Key_Home ? -rows.count : rows.count);
-            event.accepted = true;
-        }
-
-        Repeater {
-            id: rows
-
-            model: sidebar.screens
-
-            SidebarRow {
-                width: list.width
-                onChosen: row => sidebar.screens.choose(row)
-            }
-        }
+        screens: sidebar.screens
     }
     DiskMiniGauge {
         anchors.bottom: parent.bottom
         width: parent.width - Theme.hairlineWidth
-    }
-    Connections {
-        target: sidebar.screens
-
-        function onCurrentChanged() {
-            if (list.activeFocus)
-                sidebar.focusCurrent();
-        }
     }
 }

@@ -24,14 +24,14 @@ std::span<const SidebarItemInfo> sidebarItems()
         {Item::overview, "overview", "Overview", "chart.pie", Section::storage, false, {}},
         {Item::breakdown, "breakdown", "Where's My Space", "chart.bar.doc.horizontal", Section::storage, false, {}},
         {Item::explorer, "explorer", "Space Map", "square.grid.2x2", Section::storage, true,
-         scanPrompt("draws a map of everything in it.")},
+         scanPrompt("draws a map of all it holds.")},
         {Item::uninstaller, "uninstaller", "App Uninstaller", "xmark.bin", Section::findAndRemove, false, {}},
         {Item::large, "large", "Large Files", "scalemass", Section::findAndRemove, true,
          scanPrompt("lists every big file it holds.")},
         {Item::old, "old", "Old Files", "clock.arrow.circlepath", Section::findAndRemove, true,
-         scanPrompt("lists the files that nobody has changed for long.")},
+         scanPrompt("finds the files you forgot about.")},
         {Item::duplicates, "duplicates", "Duplicates", "doc.on.doc", Section::findAndRemove, true,
-         scanPrompt("finds the files that it holds more than once.")},
+         scanPrompt("finds what it holds twice.")},
         {Item::cleanup, "cleanup", "Cleanup", "sparkles", Section::findAndRemove, false, {}},
     }};
     return items;

@@ -1,0 +1,68 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Corvane.Window
+
+/// The screens of the program. One stop for Tab; arrow keys, Home and End move the choice.
+T.Control {
+    id: list
+
+    required property SidebarModel screens
+
+    objectName: "sidebar"
+    implicitHeight: rows.height
+    focusPolicy: Qt.TabFocus
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Screens")
+
+    Keys.onUpPressed: screens.step(-1)
+    Keys.onDownPressed: screens.step(1)
+    Keys.onPressed: event => {
+        if (event.key !== Qt.Key_Home && event.key !== Qt.Key_End)
+            return;
+        list.screens.step(event.key === Qt.Key_Home ? -list.screens.rowCount() : list.screens.rowCount());
+        event.accepted = true;
+    }
+
+    Column {
+        id: rows
+
+        width: parent.width
+        spacing: WindowMetrics.rowGap
+
+        Repeater {
+            model: list.screens
+
+            delegate: Column {
+                id: entry
+
+                required property int index
+                required property string key
+                required property string title
+                required property string symbol
+                required property string section
+                required property bool startsSection
+                required property bool current
+
+                width: list.width
+
+                SidebarSection {
+                    width: parent.width
+                    visible: entry.startsSection
+                    first: entry.index === 0
+                    text: entry.section
+                }
+                SidebarRow {
+                    objectName: "sidebar." + entry.key
+                    width: parent.width
+                    title: entry.title
+                    symbol: entry.symbol
+                    current: entry.current
+                    focused: entry.current && list.visualFocus
+                    onChosen: list.screens.choose(entry.index)
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+/// A file system that keeps background threads waiting at a folder while it is shut, so that a test can look at a
+/// scan that is under way. The thread that made it passes. Opens at the end. Any thread.
+class GatedFileSystem final : public FileSystem {
+public:
+    explicit GatedFileSystem(FileSystem &files) : m_files(files) {}
+    ~GatedFileSystem() override { setShut(false); }
+
+    void setShut(bool shut)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_shut = shut;
+        m_opened.notify_all();
+    }
+
+    Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &path) override
+    {
+        std::unique_lock lock(m_mutex);
+        m_opened.wait(lock, [this] { return !m_shut || std::this_thread::get_id() == m_owner; });
+        return m_files.openFolder(path);
+    }
+    Expected<ItemFacts> facts(const std::string &path) override { return m_files.facts(path); }
+    bool exists(const std::string &path) override { return m_files.exists(path); }
+    bool canOpen(const std::string &path) override { return m_files.canOpen(path); }
+    Expected<std::string> realPath(const std::string &path) override { return m_files.realPath(path); }
+    Expected<void> removeItem(const std::string &path) override { return m_files.removeItem(path); }
+    std::string homeFolder() override { return m_files.homeFolder(); }
+
+private:
+    FileSystem &m_files;
+    const std::thread::id m_owner = std::this_thread::get_id();
+    std::mutex m_mutex;
+    std::condition_variable m_opened;
+    bool m_shut = false; // guarded by m_mutex
+};
+
+} // namespace corvane

@@ -1,0 +1,398 @@
+#include <functional>
+#include <memory>
+
+#include <gtest/gtest.h>
+
+#include <QMimeData>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include "shell/ui/shell_ui.h"
+#include "shell/ui/store_registration.h"
+#include "shell/ui/theme.h"
+#include "shell/window/fake_store.h"
+
+namespace corvane {
+namespace {
+
+using Item = StorageStore::SidebarItem;
+using Phase = StorageStore::Phase;
+
+constexpr auto source = R"(
+    import QtQuick
+    import Corvane.Shell
+    import Corvane.Window
+
+    MainWindow {
+        id: window
+        property int made: 0
+        function count() { ++made; }
+        screens: SidebarModel {
+            store: Store
+            WindowScreen {
+                item: Store.SidebarItem.explorer
+                Item {
+                    objectName: "mapScreen"
+                    Component.onCompleted: window.count()
+                    ScanToolbar { anchors.right: parent.right }
+                }
+            }
+            WindowScreen {
+                item: Store.SidebarItem.cleanup
+                Item { objectName: "cleanupScreen" }
+            }
+        }
+    })";
+
+/// The whole window with two screens that stand in for real ones: one that needs a scan and one that does not.
+class MainWindowTest : public testing::Test {
+protected:
+    MainWindowTest()
+    {
+        StoreRegistration::setStore(&fake.store);
+        setUpShell(engine);
+        Theme::instance()->setReducedMotion(true); // so that nothing is clicked while it moves
+        QQmlComponent component(&engine);
+        component.setData(source, QUrl(QStringLiteral("qrc:/scene.qml")));
+        window.reset(qobject_cast<QQuickWindow *>(component.create()));
+        errors = component.errorString();
+    }
+    ~MainWindowTest() override { fake.gate.setShut(false); }
+
+    void SetUp() override
+    {
+        ASSERT_NE(window, nullptr) << qPrintable(errors);
+        window->show();
+        window->requestActivate();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    /// A shown item by its objectName; null for hidden ones.
+    QQuickItem *item(const char *name) const
+    {
+        return find(window->contentItem(), QLatin1String(name));
+    }
+    QObject *object(const char *name) const { return window->findChild<QObject *>(QLatin1String(name)); }
+    bool isOpen(const char *sheet) const { return object(sheet)->property("opened").toBool(); }
+    bool isVisible(const char *sheet) const { return object(sheet)->property("visible").toBool(); }
+
+    bool waitFor(const std::function<bool()> &condition) const { return QTest::qWaitFor(condition, 10'000); }
+    bool waitForItem(const char *name) const
+    {
+        return waitFor([&] { return item(name) != nullptr; });
+    }
+
+    void click(const char *name)
+    {
+        ASSERT_TRUE(waitForItem(name)) << name;
+        window->grabWindow(); // brings every position up to date
+        QQuickItem *target = item(name);
+        const QPointF centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
+        QTest::mouseClick(window.get(), Qt::LeftButton, Qt::NoModifier, centre.toPoint());
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(window.get(), key, modifiers);
+    }
+    void scan()
+    {
+        fake.store.scanHome();
+        ASSERT_TRUE(waitFor([this] { return fake.store.phase() == Phase::ready; }));
+    }
+    void openReview()
+    {
+        click("reviewButton");
+        ASSERT_TRUE(waitFor([this] { return isOpen("reviewSheet"); }));
+    }
+    void openConfirmation()
+    {
+        openReview();
+        click("reviewSheet.deletePermanently");
+        ASSERT_TRUE(waitFor([this] { return isOpen("deleteConfirm"); }));
+    }
+
+    FakeStore fake;
+    QQmlEngine engine;
+    std::unique_ptr<QQuickWindow> window;
+    QString errors;
+
+private:
+    static QQuickItem *find(QQuickItem *top, const QString &name)
+    {
+        if (!top->isVisible())
+            return nullptr;
+        if (top->objectName() == name)
+            return top;
+        for (QQuickItem *child : top->childItems()) {
+            if (QQuickItem *found = find(child, name))
+                return found;
+        }
+        return nullptr;
+    }
+};
+
+TEST_F(MainWindowTest, HasItsMinimumSize)
+{
+    EXPECT_EQ(window->minimumSize(), QSize(1040, 660));
+    EXPECT_EQ(window->size(), QSize(1280, 800));
+}
+
+TEST_F(MainWindowTest, AScreenThatNeedsAScanAsksForItFirst)
+{
+    EXPECT_EQ(item("mapScreen"), nullptr);
+    click("requiresScan.scan");
+    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio");
+    ASSERT_TRUE(waitForItem("mapScreen"));
+    EXPECT_EQ(item("requiresScan.scan"), nullptr);
+}
+
+TEST_F(MainWindowTest, ARunningScanCanBeStoppedWhereItIsShown)
+{
+    fake.gate.setShut(true);
+    click("scanButton");
+    EXPECT_EQ(fake.store.phase(), Phase::scanning);
+    EXPECT_EQ(item("requiresScan.scan"), nullptr);
+    EXPECT_NE(item("stopScanButton"), nullptr);
+    click("requiresScan.stop");
+    EXPECT_TRUE(fake.store.progress()->isCancelled());
+    fake.gate.setShut(false);
+    ASSERT_TRUE(waitForItem("mapScreen"));
+    EXPECT_EQ(fake.store.toast(), "Scan stopped — showing partial results");
+}
+
+TEST_F(MainWindowTest, ARescanTakesTheScreenAwayUntilItIsDone)
+{
+    scan();
+    ASSERT_TRUE(waitForItem("mapScreen"));
+    fake.gate.setShut(true);
+    click("scanButton");
+    EXPECT_EQ(item("mapScreen"), nullptr);
+    click("stopScanButton");
+    EXPECT_TRUE(fake.store.progress()->isCancelled());
+}
+
+TEST_F(MainWindowTest, TheKeyboardStaysWithTheScanCommands)
+{
+    fake.gate.setShut(true);
+    ASSERT_TRUE(waitForItem("scanButton"));
+    item("scanButton")->forceActiveFocus(Qt::TabFocusReason);
+    key(Qt::Key_Space);
+    EXPECT_EQ(fake.store.phase(), Phase::scanning);
+    EXPECT_EQ(window->activeFocusItem(), item("stopScanButton"));
+}
+
+TEST_F(MainWindowTest, TheScanMenuOffersTheOtherWays)
+{
+    fake.gate.setShut(true);
+    click("scanMenuButton");
+    ASSERT_TRUE(waitForItem("scanMenu.disk"));
+    click("scanMenu.disk");
+    ASSERT_TRUE(waitFor([this] { return fake.store.phase() == Phase::scanning; }));
+    EXPECT_EQ(fake.store.lastScanPath(), "/");
+}
+
+TEST_F(MainWindowTest, AScreenThatNeedsNoScanIsShownAtOnce)
+{
+    click("sidebar.cleanup");
+    EXPECT_EQ(fake.store.sidebar(), Item::cleanup);
+    EXPECT_NE(item("cleanupScreen"), nullptr);
+    EXPECT_EQ(item("requiresScan.scan"), nullptr);
+}
+
+TEST_F(MainWindowTest, AScreenIsMadeAnewEachTimeItIsShown)
+{
+    scan();
+    ASSERT_TRUE(waitForItem("mapScreen"));
+    EXPECT_EQ(window->property("made").toInt(), 1);
+    click("sidebar.cleanup");
+    EXPECT_EQ(item("mapScreen"), nullptr);
+    click("sidebar.explorer");
+    EXPECT_NE(item("mapScreen"), nullptr);
+    EXPECT_EQ(window->property("made").toInt(), 2);
+    click("sidebar.explorer");
+    EXPECT_EQ(window->property("made").toInt(), 2);
+}
+
+TEST_F(MainWindowTest, ArrowKeysMoveThroughTheSidebar)
+{
+    ASSERT_TRUE(waitForItem("sidebar.explorer"));
+    item("sidebar")->forceActiveFocus(Qt::TabFocusReason);
+    key(Qt::Key_Down);
+    EXPECT_EQ(fake.store.sidebar(), Item::cleanup);
+    EXPECT_TRUE(item("sidebar.cleanup")->property("focused").toBool());
+    key(Qt::Key_Down);
+    EXPECT_EQ(fake.store.sidebar(), Item::cleanup);
+    key(Qt::Key_Home);
+    EXPECT_EQ(fake.store.sidebar(), Item::explorer);
+    EXPECT_TRUE(item("sidebar.explorer")->property("focused").toBool());
+}
+
+TEST_F(MainWindowTest, CommandsHaveTheirKeys)
+{
+    key(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(fake.store.sidebar(), Item::cleanup);
+    fake.gate.setShut(true);
+    key(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio");
+    key(Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(fake.store.lastScanPath(), "/");
+    key(Qt::Key_Period, Qt::ControlModifier);
+    EXPECT_TRUE(fake.store.progress()->isCancelled());
+}
+
+TEST_F(MainWindowTest, TheMenuOpensByButtonAndByF10)
+{
+    click("appMenuButton");
+    ASSERT_TRUE(waitForItem("appMenu.scanHome"));
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([this] { return item("appMenu.scanHome") == nullptr; }));
+    key(Qt::Key_F10);
+    ASSERT_TRUE(waitForItem("appMenu.about"));
+    click("appMenu.about");
+    EXPECT_TRUE(waitFor([this] { return isOpen("about"); }));
+}
+
+TEST_F(MainWindowTest, TheSelectionBarComesAndGoesWithTheSelection)
+{
+    EXPECT_EQ(item("selectionBar"), nullptr);
+    fake.select("Movies/one.mov", 5'000'000);
+    ASSERT_TRUE(waitForItem("selectionBar"));
+    click("clearButton");
+    EXPECT_TRUE(fake.store.selection().empty());
+    EXPECT_TRUE(waitFor([this] { return item("selectionBar") == nullptr; }));
+}
+
+TEST_F(MainWindowTest, MoveToTrashMovesWhatIsSelected)
+{
+    scan();
+    fake.select("Movies/one.mov", 5'000'000);
+    click("moveToTrashButton");
+    ASSERT_TRUE(waitFor([this] { return fake.store.toast().has_value(); }));
+    EXPECT_EQ(fake.store.toast(), "Moved 1 item (5 MB) to Trash — empty it to free the space");
+    EXPECT_FALSE(fake.fake.files.has("/home/studio/Movies/one.mov"));
+    EXPECT_TRUE(fake.fake.files.has("/home/studio/Movies/two.mov"));
+}
+
+TEST_F(MainWindowTest, DroppingTheLastEntryClosesTheReview)
+{
+    fake.select("Movies/one.mov", 5'000'000);
+    fake.select("Movies/two.mov", 4'000'000);
+    openReview();
+    click("reviewSheet.drop");
+    EXPECT_TRUE(isOpen("reviewSheet"));
+    EXPECT_EQ(fake.store.selection().size(), 1u);
+    click("reviewSheet.drop");
+    EXPECT_TRUE(fake.store.selection().empty());
+    EXPECT_TRUE(waitFor([this] { return !isVisible("reviewSheet"); }));
+}
+
+TEST_F(MainWindowTest, TheReviewIsWorkedByKeys)
+{
+    fake.select("Movies/one.mov", 5'000'000);
+    fake.select("Movies/two.mov", 4'000'000);
+    openReview();
+    item("reviewSheet.list")->forceActiveFocus(Qt::TabFocusReason);
+    key(Qt::Key_Down);
+    key(Qt::Key_Delete);
+    EXPECT_TRUE(fake.store.isSelected("/home/studio/Movies/one.mov"));
+    EXPECT_FALSE(fake.store.isSelected("/home/studio/Movies/two.mov"));
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([this] { return !isVisible("reviewSheet"); }));
+    EXPECT_TRUE(fake.store.isSelected("/home/studio/Movies/one.mov"));
+}
+
+TEST_F(MainWindowTest, ReturnInTheReviewMovesToTheTrash)
+{
+    fake.select("Movies/one.mov", 5'000'000);
+    openReview();
+    key(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([this] { return !fake.fake.files.has("/home/studio/Movies/one.mov"); }));
+    EXPECT_TRUE(waitFor([this] { return !isVisible("reviewSheet"); }));
+}
+
+TEST_F(MainWindowTest, ReturnAndEscapeNeverDeleteForGood)
+{
+    fake.select("Movies/one.mov", 5'000'000);
+    openConfirmation();
+    key(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([this] { return !isVisible("deleteConfirm"); }));
+    EXPECT_TRUE(isOpen("reviewSheet"));
+
+    click("reviewSheet.deletePermanently");
+    ASSERT_TRUE(waitFor([this] { return isOpen("deleteConfirm"); }));
+    key(Qt::Key_Tab);
+    key(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([this] { return !isVisible("deleteConfirm"); }));
+
+    click("reviewSheet.deletePermanently");
+    ASSERT_TRUE(waitFor([this] { return isOpen("deleteConfirm"); }));
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([this] { return !isVisible("deleteConfirm"); }));
+    EXPECT_TRUE(isOpen("reviewSheet"));
+    EXPECT_FALSE(fake.store.isRemoving());
+    EXPECT_TRUE(fake.fake.files.has("/home/studio/Movies/one.mov"));
+}
+
+TEST_F(MainWindowTest, OnlyTheDeleteButtonDeletesForGood)
+{
+    fake.select("Movies/one.mov", 5'000'000);
+    openConfirmation();
+    click("deleteConfirm.delete");
+    ASSERT_TRUE(waitFor([this] { return fake.store.toast().has_value(); }));
+    EXPECT_EQ(fake.store.toast(), "Deleted 1 item · freed 5 MB");
+    EXPECT_FALSE(fake.fake.files.has("/home/studio/Movies/one.mov"));
+    EXPECT_TRUE(waitFor([this] { return !isVisible("reviewSheet") && !isVisible("deleteConfirm"); }));
+}
+
+TEST_F(MainWindowTest, CommandsWaitWhileASheetWantsAnAnswer)
+{
+    fake.select("Movies/one.mov", 5'000'000);
+    openReview();
+    key(Qt::Key_R, Qt::ControlModifier);
+    key(Qt::Key_Backspace, Qt::ControlModifier);
+    key(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(fake.store.phase(), Phase::idle);
+    EXPECT_FALSE(fake.store.isRemoving());
+    EXPECT_EQ(fake.store.sidebar(), Item::explorer);
+}
+
+TEST_F(MainWindowTest, AClickOrEscapePutsTheToastAway)
+{
+    fake.store.showToast("Done");
+    click("toast");
+    EXPECT_FALSE(fake.store.toast().has_value());
+    fake.store.showToast("Done again");
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(fake.store.toast().has_value());
+}
+
+TEST_F(MainWindowTest, AFolderDroppedOnTheWindowIsScanned)
+{
+    fake.gate.setShut(true);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile("/home/studio/Movies")});
+    const QPoint place(700, 400);
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.get(), &drop);
+    EXPECT_EQ(fake.store.phase(), Phase::scanning);
+    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio/Movies");
+}
+
+TEST_F(MainWindowTest, ChoosingAFolderOpensTheDialog)
+{
+    key(Qt::Key_O, Qt::ControlModifier);
+    QObject *dialog = object("folderDialog");
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(waitFor([dialog] { return dialog->property("visible").toBool(); }));
+    EXPECT_EQ(dialog->property("title").toString(), "Choose a folder or disk for Corvane to analyze");
+    EXPECT_EQ(dialog->property("acceptLabel").toString(), "Scan");
+}
+
+} // namespace
+} // namespace corvane
