@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +32,17 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, 20'000));
     }
     void scanHome() { scan(home); }
+
+    /// A tree made by hand takes the place of a scan of the home.
+    void install(const std::shared_ptr<FileNode> &root)
+    {
+        store.scanHome();
+        auto result = std::make_shared<StorageStore::ScanResult>();
+        result->root = root;
+        result->summary = ScanSummary::make(root, fake.files);
+        store.finishScan(std::move(result), store.progress());
+        ASSERT_EQ(store.root(), root);
+    }
 
     /// As though the item had been moved to the Trash.
     void removeItem(const std::string &relative, std::int64_t size)

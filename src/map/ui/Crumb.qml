@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Corvane.Shell
 import Corvane.Map
@@ -18,9 +20,12 @@ Row {
     spacing: MapMetrics.crumbSpacing
     visible: !collapsed
 
-    EllipsisCrumb {
-        crumbs: crumb.crumbs
-        visible: crumb.ellipsisBefore
+    Loader {
+        active: crumb.ellipsisBefore
+        visible: active
+        sourceComponent: EllipsisCrumb {
+            crumbs: crumb.crumbs
+        }
     }
     Icon {
         anchors.verticalCenter: parent.verticalCenter
@@ -39,7 +44,6 @@ Row {
         horizontalPadding: MapMetrics.crumbPadding
         text: crumb.name
         font: crumb.current ? Theme.bodySemiboldFont : Theme.bodyFont
-        activeFocusOnTab: !crumb.current
         onClicked: crumb.crumbs.open(crumb.index)
 
         background: Rectangle {

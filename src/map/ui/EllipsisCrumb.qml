@@ -45,6 +45,8 @@ Row {
     AppMenu {
         id: menu
 
+        objectName: "collapsedMenu"
+
         Instantiator {
             model: ellipsis.crumbs.collapsedNames
             delegate: AppMenuItem {

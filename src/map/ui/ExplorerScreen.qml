@@ -65,6 +65,7 @@ Item {
         NodeMenu {
             id: menu
 
+            objectName: "tileMenu"
             target: map.menuTarget
         }
     }
@@ -80,6 +81,7 @@ Item {
     FolderContentsList {
         id: list
 
+        objectName: "list"
         anchors.right: parent.right
         anchors.top: band.bottom
         anchors.bottom: parent.bottom
@@ -91,6 +93,7 @@ Item {
     TileInfoPill {
         id: pill
 
+        objectName: "pill"
         parent: map
         map: map
     }

@@ -6,7 +6,7 @@ import Corvane.Shell
 import Corvane.Map
 
 /// What the folder shown holds, largest first.
-T.Control {
+KeyboardItem {
     id: list
 
     required property ExplorerPresenter presenter
@@ -16,38 +16,37 @@ T.Control {
     property bool wide: true
     /// The row under the pointer, or -1.
     property int hoveredRow: -1
-    /// The keyboard was used since the last press of the mouse.
-    property bool keyboardUsed: false
-
-    focusPolicy: Qt.StrongFocus
 
     Accessible.role: Accessible.List
     Accessible.name: presenter.folderName
 
-    onActiveFocusChanged: if (!activeFocus) keyboardUsed = false
-
     Keys.onPressed: event => list.navigate(event)
-    Keys.onSpacePressed: list.use(() => contents.toggle(view.currentIndex))
-    Keys.onReturnPressed: list.use(() => contents.open(view.currentIndex))
-    Keys.onEnterPressed: list.use(() => contents.open(view.currentIndex))
-    Keys.onMenuPressed: list.use(() => list.showMenu(view.currentIndex))
-    Keys.onEscapePressed: list.presenter.goUp()
-
-    function use(action: var) {
-        keyboardUsed = true;
-        action();
+    Keys.onSpacePressed: {
+        useKeyboard();
+        contents.toggle(view.currentIndex);
     }
+    Keys.onReturnPressed: contents.open(view.currentIndex)
+    Keys.onEnterPressed: contents.open(view.currentIndex)
+    Keys.onMenuPressed: list.showMenu(view.currentIndex)
+    Keys.onEscapePressed: list.presenter.goUp()
 
     function navigate(event: KeyEvent) {
         const row = contents.rowAfterKey(event.key, view.currentIndex, Math.floor(view.height / Theme.nodeRowHeight));
         event.accepted = row >= 0;
-        if (row >= 0)
-            use(() => goTo(row));
+        if (row >= 0) {
+            useKeyboard();
+            goTo(row);
+        }
     }
 
     function goTo(row: int) {
         view.currentIndex = row;
         view.positionViewAtIndex(row, ListView.Contain);
+    }
+
+    function point(row: int) {
+        usePointer();
+        view.currentIndex = row;
     }
 
     function showMenu(row: int) {
@@ -64,11 +63,8 @@ T.Control {
     NodeMenu {
         id: menu
 
+        objectName: "rowMenu"
         target: contents.menuTarget
-    }
-
-    background: Rectangle {
-        color: Theme.surface
     }
 
     ListView {
@@ -91,9 +87,10 @@ T.Control {
 
             width: view.width
             marked: index === list.markedRow
-            ringed: ListView.isCurrentItem && list.activeFocus && (list.visualFocus || list.keyboardUsed)
+            ringed: ListView.isCurrentItem && list.visualFocus
             wide: list.wide
             onHoveredChanged: list.hoveredRow = hovered ? index : list.hoveredRow === index ? -1 : list.hoveredRow
+            onPressed: list.point(index)
             onOpenWanted: contents.open(index)
             onToggleWanted: contents.toggle(index)
             onMenuWanted: (x, y) => {

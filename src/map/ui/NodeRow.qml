@@ -28,6 +28,7 @@ Item {
     property bool wide: true
     readonly property bool hovered: hover.hovered
 
+    signal pressed
     signal openWanted
     signal toggleWanted
     signal menuWanted(real x, real y)
@@ -48,6 +49,7 @@ Item {
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.LeftButton | Qt.RightButton
+        onPressed: row.pressed()
         onClicked: event => event.button === Qt.RightButton ? row.menuWanted(event.x, event.y) : row.openWanted()
     }
     SelectToggle {
@@ -93,7 +95,7 @@ Item {
 
         PlainText {
             anchors.left: parent.left
-            anchors.right: size.left
+            anchors.right: size.visible ? size.left : parent.right
             anchors.rightMargin: size.visible ? Theme.space8 : 0
             height: Theme.bodyLine
             text: row.name
@@ -104,7 +106,6 @@ Item {
             id: size
 
             anchors.right: parent.right
-            width: visible ? implicitWidth : 0
             height: Theme.bodyLine
             text: row.sizeText
             font: Theme.bodyFiguresFont

@@ -15,12 +15,12 @@ namespace corvane {
 
 /// What is drawn of one tile.
 struct TileFace {
-    QRectF rect;       ///< points
-    Color color;
+    QRectF rect{}; ///< points
+    Color color{};
     TileRole role = TileRole::leaf;
-    double rank = 0;   ///< see TileTones::fill
-    QString label;
-    QString sizeText;
+    double rank = 0; ///< see TileTones::fill
+    QString label{};
+    QString sizeText{};
     bool hatched = false; ///< goes with the selection
     bool checked = false; ///< is itself selected
 };

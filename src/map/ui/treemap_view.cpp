@@ -37,11 +37,6 @@ RingStyle focusRingStyle()
     return {2, Theme::instance()->surface(), 3, Theme::instance()->focus()};
 }
 
-bool isKeyboardReason(Qt::FocusReason reason)
-{
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
-}
-
 /// The tile that shows the way from the folder of the layout to one beneath it: that folder's own tile, or
 /// the deepest one on the way to it.
 int tileTowards(const TreemapLayout &layout, const FileNode *node)
@@ -56,13 +51,13 @@ int tileTowards(const TreemapLayout &layout, const FileNode *node)
 
 } // namespace
 
-TreemapView::TreemapView(QQuickItem *parent) : QQuickItem(parent)
+TreemapView::TreemapView(QQuickItem *parent) : KeyboardItem(parent)
 {
     setFlag(ItemHasContents);
     setAcceptHoverEvents(true);
     setAcceptedMouseButtons(Qt::LeftButton | Qt::RightButton);
-    setActiveFocusOnTab(true);
     installTreemapAccessibility();
+    connect(this, &KeyboardItem::visualFocusChanged, this, &QQuickItem::update);
 
     m_tones = TileTones(Theme::instance()->isDark());
     connect(Theme::instance(), &Theme::changed, this, [this] {
@@ -295,8 +290,9 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
         ring.show(TreemapPainter::snapped(rect, ratio), TreemapPainter::cornerRadius(rect, m_layout.role(index)),
                   style, ratio);
     };
-    showRing(node->hoverRing(), m_hovered >= 0 ? m_hovered : m_layout.tileOfRow(m_highlightedRow), hoverRingStyle());
-    showRing(node->focusRing(), showsFocus() ? m_focused : -1, focusRingStyle());
+    const int ofRow = m_layout.tileOfRow(m_highlightedRow);
+    showRing(node->hoverRing(), ofRow >= 0 ? ofRow : m_hovered, hoverRingStyle());
+    showRing(node->focusRing(), hasVisualFocus() ? m_focused : -1, focusRingStyle());
     return node;
 }
 
@@ -424,8 +420,7 @@ void TreemapView::hoverLeaveEvent(QHoverEvent *)
 
 void TreemapView::mousePressEvent(QMouseEvent *event)
 {
-    m_focusVisible = false;
-    forceActiveFocus(Qt::MouseFocusReason);
+    usePointer();
     setPointer(event->position());
     const int index = layout().at(event->position());
     if (event->button() == Qt::RightButton) {
@@ -548,28 +543,17 @@ void TreemapView::keyPressEvent(QKeyEvent *event)
         event->ignore();
         return;
     }
-    m_focusVisible = true;
+    useKeyboard();
     update();
 }
 
 void TreemapView::focusInEvent(QFocusEvent *event)
 {
-    QQuickItem::focusInEvent(event);
-    if (isKeyboardReason(event->reason()))
-        m_focusVisible = true;
-    else if (event->reason() == Qt::MouseFocusReason)
-        m_focusVisible = false;
+    KeyboardItem::focusInEvent(event);
     if (m_focused < 0)
         m_focused = layout().first();
     if (m_focused >= 0)
         notifyTileFocused(this, m_focused);
-    update();
-}
-
-void TreemapView::focusOutEvent(QFocusEvent *event)
-{
-    QQuickItem::focusOutEvent(event);
-    update();
 }
 
 QString TreemapView::tileName(int index) const

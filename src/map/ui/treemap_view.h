@@ -4,12 +4,12 @@
 
 #include <QImage>
 #include <QPointer>
-#include <QQuickItem>
 #include <QTimer>
 #include <QVariantAnimation>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
+#include "map/ui/keyboard_item.h"
 #include "map/ui/node_actions.h"
 #include "map/ui/tile_tones.h"
 #include "map/ui/treemap_layout.h"
@@ -19,7 +19,7 @@ namespace corvane {
 /// The map of the folder shown. Draws it into one picture that is redrawn only when the folder, the size,
 /// the tree, the selection or the theme changes; what follows the pointer and the keyboard lies above it.
 /// Main thread, as every item.
-class TreemapView : public QQuickItem {
+class TreemapView : public corvane::KeyboardItem { // qualified for qmllint, which looks the name up as written
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
@@ -59,7 +59,6 @@ public:
     [[nodiscard]] const TreemapLayout &layout() const;
     [[nodiscard]] int hoveredTile() const { return m_hovered; }
     [[nodiscard]] int focusedTile() const { return m_focused; }
-    [[nodiscard]] bool showsFocus() const { return m_focusVisible && hasActiveFocus(); }
     /// "Movies, 156.82 GB, 24.4%"
     [[nodiscard]] QString tileName(int index) const;
     [[nodiscard]] bool tileOpens(int index) const;
@@ -94,7 +93,6 @@ protected:
     void mouseUngrabEvent() override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     void followFolder();
@@ -139,7 +137,6 @@ private:
     int m_pressed = -1;
     QPointF m_pressPosition;
     int m_focused = -1;
-    bool m_focusVisible = false;
     NodeActions m_menuTarget;
 };
 

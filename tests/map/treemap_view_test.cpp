@@ -1,0 +1,537 @@
+#include "map/ui/treemap_view.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QElapsedTimer>
+#include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "map/explorer_fixture.h"
+#include "map/tree.h"
+#include "shell/ui/theme.h"
+
+namespace corvane {
+namespace {
+
+constexpr int patience = 5'000; // milliseconds
+
+/// The map of a small home in a window of its own, worked by real mouse and key events.
+class TreemapViewTest : public test::ExplorerFixture {
+protected:
+    TreemapViewTest()
+    {
+        addFile("Films/a.mov", 30'000'000);
+        addFile("Films/Sub/b.mov", 20'000'000);
+        addFile("Projects/c.zip", 20'000'000);
+        addFile("film.mov", 10'000'000);
+        addFile("X.app/Contents/x", 9'000'000);
+        addFile("Library/Caches/c", 8'000'000);
+        addFile("small", 900'000);
+    }
+    ~TreemapViewTest() override { Theme::instance()->setReducedMotion(false); }
+
+    void show()
+    {
+        Theme::instance()->setReducedMotion(true);
+        scanHome();
+        showWindow();
+    }
+    void showWindow(QSize size = {600, 400})
+    {
+        window.resize(size);
+        view = new TreemapView(window.contentItem());
+        view->setSize(size);
+        view->setStore(&store);
+        window.show();
+        window.requestActivate();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        drawFrame();
+    }
+    void drawFrame()
+    {
+        const QImage frame = grab();
+        ASSERT_FALSE(view->picture().isNull());
+    }
+    void allowMotion()
+    {
+        Theme::instance()->setReducedMotion(false);
+        drawFrame();
+    }
+    [[nodiscard]] int tile(const std::string &relative) const { return view->layout().indexOf(node(relative).get()); }
+    /// A point of the tile that lies in none of the tiles inside it.
+    [[nodiscard]] QPoint point(int index) const
+    {
+        return view->layout().rect(index).topLeft().toPoint() + QPoint(20, 8);
+    }
+    void hover(int index) { QTest::mouseMove(&window, point(index)); }
+    void click(int index, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseClick(&window, button, Qt::NoModifier, point(index));
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&window, key, modifiers);
+    }
+    void focusByTab() { view->forceActiveFocus(Qt::TabFocusReason); }
+    [[nodiscard]] QImage grab() { return window.grabWindow(); }
+
+    QQuickWindow window;
+    TreemapView *view = nullptr;
+};
+
+// --- Pointer
+
+TEST_F(TreemapViewTest, TheDeepestTileUnderThePointerIsHovered)
+{
+    show();
+    hover(tile("Films/a.mov"));
+    EXPECT_EQ(view->hoveredTile(), tile("Films/a.mov"));
+    hover(tile("Films"));
+    EXPECT_EQ(view->hoveredTile(), tile("Films"));
+    EXPECT_EQ(view->hoveredRow(), 0);
+}
+
+TEST_F(TreemapViewTest, TheHandIsShownOverFoldersAndPackagesOnly)
+{
+    show();
+    hover(tile("Films"));
+    EXPECT_EQ(view->cursor().shape(), Qt::PointingHandCursor);
+    hover(tile("film.mov"));
+    EXPECT_EQ(view->cursor().shape(), Qt::ArrowCursor);
+    hover(tile("X.app"));
+    EXPECT_EQ(view->cursor().shape(), Qt::PointingHandCursor);
+}
+
+TEST_F(TreemapViewTest, ThePillSaysWhatTheTileIsOfTheFolderShown)
+{
+    show();
+    hover(tile("Films"));
+    EXPECT_EQ(view->pillTitle(), QStringLiteral("Films"));
+    EXPECT_EQ(view->pillInfo(), QStringLiteral("50 MB · 51.1% · click to open"));
+    hover(tile("film.mov"));
+    EXPECT_EQ(view->pillInfo(), QStringLiteral("10 MB · 10.2%"));
+}
+
+TEST_F(TreemapViewTest, ThePillWaitsTheFirstTimeOnly)
+{
+    show();
+    hover(tile("Films"));
+    EXPECT_FALSE(view->isPillShown());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view->isPillShown(); }, patience));
+    hover(tile("film.mov"));
+    EXPECT_TRUE(view->isPillShown());
+}
+
+TEST_F(TreemapViewTest, ThePillGoesWithThePointer)
+{
+    show();
+    hover(tile("Films"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view->isPillShown(); }, patience));
+    view->setSize(QSizeF(300, 200));
+    QTest::mouseMove(&window, QPoint(500, 350));
+    EXPECT_FALSE(view->isPillShown());
+    EXPECT_EQ(view->hoveredTile(), -1);
+}
+
+TEST_F(TreemapViewTest, HoveringRingsTheTileAndRedrawsNothing)
+{
+    show();
+    const qint64 picture = view->picture().cacheKey();
+    hover(tile("film.mov"));
+    const QImage image = grab();
+    const QRectF rect = view->layout().rect(tile("film.mov"));
+    EXPECT_EQ(image.pixelColor(rect.toRect().center().x(), static_cast<int>(std::round(rect.top()))), QColor(Qt::white));
+    EXPECT_EQ(view->picture().cacheKey(), picture);
+}
+
+TEST_F(TreemapViewTest, ARowOfTheListRingsItsTile)
+{
+    show();
+    const QRectF rect = view->layout().rect(tile("Projects"));
+    const QPoint edge(rect.toRect().center().x(), static_cast<int>(std::round(rect.top())));
+    EXPECT_NE(grab().pixelColor(edge), QColor(Qt::white));
+    view->setHighlightedRow(1);
+    EXPECT_EQ(grab().pixelColor(edge), QColor(Qt::white));
+    view->setHighlightedRow(-1);
+    EXPECT_NE(grab().pixelColor(edge), QColor(Qt::white));
+}
+
+TEST_F(TreemapViewTest, AClickOpensAFolder)
+{
+    show();
+    click(tile("Films"));
+    EXPECT_EQ(store.currentFolder(), node("Films"));
+}
+
+TEST_F(TreemapViewTest, AClickOnANestedFolderOpensThatOne)
+{
+    show();
+    click(tile("Films/Sub"));
+    EXPECT_EQ(store.currentFolder(), node("Films/Sub"));
+}
+
+TEST_F(TreemapViewTest, AClickOpensAPackageButNotAFile)
+{
+    show();
+    click(tile("film.mov"));
+    EXPECT_EQ(store.currentFolder(), store.root());
+    click(tile("X.app"));
+    EXPECT_EQ(store.currentFolder(), node("X.app"));
+}
+
+TEST_F(TreemapViewTest, APressThatEndsOnAnotherTileOpensNothing)
+{
+    show();
+    QTest::mousePress(&window, Qt::LeftButton, Qt::NoModifier, point(tile("Films")));
+    QTest::mouseRelease(&window, Qt::LeftButton, Qt::NoModifier, point(tile("Projects")));
+    EXPECT_EQ(store.currentFolder(), store.root());
+}
+
+TEST_F(TreemapViewTest, ARightClickAsksForTheMenuOfTheTile)
+{
+    show();
+    const QSignalSpy menu(view, &TreemapView::menuRequested);
+    click(tile("film.mov"), Qt::RightButton);
+    ASSERT_EQ(menu.count(), 1);
+    EXPECT_EQ(view->menuTarget()->node(), node("film.mov"));
+    EXPECT_EQ(store.currentFolder(), store.root());
+}
+
+TEST_F(TreemapViewTest, AnAggregateHasNoMenu)
+{
+    show();
+    const int aggregate = view->layout().tileOfRow(5);
+    ASSERT_GE(aggregate, 0);
+    ASSERT_EQ(view->layout().tile(aggregate).label, "1 small file");
+    const QSignalSpy menu(view, &TreemapView::menuRequested);
+    QTest::mouseClick(&window, Qt::RightButton, Qt::NoModifier, view->layout().rect(aggregate).center().toPoint());
+    EXPECT_EQ(menu.count(), 0);
+}
+
+// --- Keyboard
+
+TEST_F(TreemapViewTest, TheFirstFocusGoesToTheLargestTile)
+{
+    show();
+    focusByTab();
+    EXPECT_EQ(view->focusedTile(), tile("Films"));
+    EXPECT_TRUE(view->hasVisualFocus());
+}
+
+TEST_F(TreemapViewTest, TheFocusRingAppearsOnlyAfterTheKeyboardWasUsed)
+{
+    show();
+    click(tile("film.mov"));
+    EXPECT_TRUE(view->hasActiveFocus());
+    EXPECT_FALSE(view->hasVisualFocus());
+    key(Qt::Key_Left);
+    EXPECT_TRUE(view->hasVisualFocus());
+    const QRectF rect = view->layout().rect(view->focusedTile());
+    const QPoint outside(static_cast<int>(std::round(rect.right())) + 1, rect.toRect().center().y());
+    EXPECT_EQ(grab().pixelColor(outside), Theme::instance()->focus());
+}
+
+TEST_F(TreemapViewTest, ArrowKeysMoveToTheNeighbour)
+{
+    show();
+    focusByTab();
+    const int expected = view->layout().neighbour(tile("Films"), TreemapLayout::Direction::right);
+    ASSERT_GE(expected, 0);
+    key(Qt::Key_Right);
+    EXPECT_EQ(view->focusedTile(), expected);
+    key(Qt::Key_Left);
+    EXPECT_EQ(view->focusedTile(), tile("Films"));
+    key(Qt::Key_Left);
+    EXPECT_EQ(view->focusedTile(), tile("Films")) << "at the edge it stays";
+}
+
+TEST_F(TreemapViewTest, ReturnOpensTheTile)
+{
+    show();
+    focusByTab();
+    key(Qt::Key_Return);
+    EXPECT_EQ(store.currentFolder(), node("Films"));
+    EXPECT_EQ(view->focusedTile(), tile("Films/a.mov"));
+    key(Qt::Key_Enter);
+    EXPECT_EQ(store.currentFolder(), node("Films")) << "a file does not open";
+}
+
+TEST_F(TreemapViewTest, SpaceTogglesTheSelection)
+{
+    show();
+    view->focusTile(tile("film.mov"));
+    focusByTab();
+    key(Qt::Key_Space);
+    EXPECT_TRUE(store.isSelected(at("film.mov")));
+    key(Qt::Key_Space);
+    EXPECT_FALSE(store.isSelected(at("film.mov")));
+}
+
+TEST_F(TreemapViewTest, SpaceDoesNothingToAProtectedItem)
+{
+    show();
+    view->focusTile(tile("Library"));
+    focusByTab();
+    key(Qt::Key_Space);
+    EXPECT_TRUE(store.selection().empty());
+}
+
+TEST_F(TreemapViewTest, EscapeGoesUpToTheTileOneCameFrom)
+{
+    show();
+    open("Projects");
+    focusByTab();
+    key(Qt::Key_Escape);
+    EXPECT_EQ(store.currentFolder(), store.root());
+    EXPECT_EQ(view->focusedTile(), tile("Projects"));
+    key(Qt::Key_Escape);
+    EXPECT_EQ(store.currentFolder(), store.root());
+}
+
+TEST_F(TreemapViewTest, ControlUpGoesUp)
+{
+    show();
+    open("Films/Sub");
+    focusByTab();
+    key(Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(store.currentFolder(), node("Films"));
+}
+
+TEST_F(TreemapViewTest, TheMenuKeyAsksForTheMenuOfTheFocusedTile)
+{
+    show();
+    focusByTab();
+    const QSignalSpy menu(view, &TreemapView::menuRequested);
+    key(Qt::Key_Menu);
+    key(Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_EQ(menu.count(), 2);
+    EXPECT_EQ(view->menuTarget()->node(), node("Films"));
+}
+
+// --- The picture
+
+TEST_F(TreemapViewTest, TheSelectionRedrawsThePicture)
+{
+    show();
+    const qint64 before = view->picture().cacheKey();
+    select("film.mov");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view->picture().cacheKey() != before; }, patience));
+}
+
+TEST_F(TreemapViewTest, TheThemeRedrawsThePicture)
+{
+    show();
+    const QColor before = view->picture().pixelColor(0, 0);
+    const bool dark = Theme::instance()->isDark();
+    Theme::instance()->setDark(!dark);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view->picture().pixelColor(0, 0) != before; }, patience));
+    Theme::instance()->setDark(dark);
+}
+
+TEST_F(TreemapViewTest, ARemovalTakesTheTileAwayAndKeepsTheFocus)
+{
+    show();
+    view->focusTile(tile("film.mov"));
+    removeItem("Projects", 20'000'000);
+    EXPECT_EQ(tile("Projects"), -1);
+    EXPECT_EQ(view->focusedTile(), tile("film.mov"));
+}
+
+TEST_F(TreemapViewTest, ASizeGivesNewTiles)
+{
+    show();
+    const QRectF before = view->layout().rect(0);
+    view->setSize(QSizeF(300, 200));
+    EXPECT_NE(view->layout().rect(0), before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view->picture().size() == QSize(300, 200); }, patience));
+}
+
+TEST_F(TreemapViewTest, AFolderWithoutItemsShowsNoTiles)
+{
+    show();
+    addFolder("Empty");
+    scan(at("Empty"));
+    EXPECT_EQ(view->layout().count(), 0);
+    focusByTab();
+    key(Qt::Key_Right);
+    key(Qt::Key_Return);
+    key(Qt::Key_Space);
+    key(Qt::Key_Menu);
+    QTest::mouseClick(&window, Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
+    EXPECT_EQ(store.currentFolder(), store.root());
+}
+
+TEST_F(TreemapViewTest, WithoutAStoreThereIsNothing)
+{
+    show();
+    view->setStore(nullptr);
+    EXPECT_EQ(view->layout().count(), 0);
+    QTest::mouseMove(&window, QPoint(100, 100));
+    EXPECT_EQ(view->hoveredTile(), -1);
+}
+
+// --- Changing folders
+
+TEST_F(TreemapViewTest, GoingInAndOutIsAnimatedOnce)
+{
+    show();
+    allowMotion();
+    open("Films");
+    EXPECT_TRUE(view->isChangingFolder());
+    EXPECT_FALSE(grab().isNull());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !view->isChangingFolder(); }, patience));
+    const QImage still = grab();
+    for (int i = 0; i < view->layout().count(); ++i) {
+        const QPoint middle = view->layout().rect(i).center().toPoint();
+        EXPECT_EQ(still.pixelColor(middle), view->picture().pixelColor(middle)) << i;
+    }
+    store.openParent();
+    EXPECT_TRUE(view->isChangingFolder());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !view->isChangingFolder(); }, patience));
+}
+
+TEST_F(TreemapViewTest, WithReducedMotionNothingMoves)
+{
+    show();
+    open("Films");
+    EXPECT_FALSE(view->isChangingFolder());
+}
+
+TEST_F(TreemapViewTest, AChangeToAnUnrelatedFolderIsNotAnimated)
+{
+    show();
+    open("Projects");
+    allowMotion();
+    open("Films");
+    EXPECT_FALSE(view->isChangingFolder());
+}
+
+TEST_F(TreemapViewTest, AnotherChangeWhileOneRunsIsHarmless)
+{
+    show();
+    allowMotion();
+    open("Films");
+    open("Films/Sub");
+    store.openParent();
+    store.openParent();
+    view->setSize(QSizeF(500, 300));
+    EXPECT_FALSE(view->isChangingFolder());
+    EXPECT_EQ(store.currentFolder(), store.root());
+    EXPECT_FALSE(grab().isNull());
+}
+
+// --- Readers
+
+class TreemapAccessibilityTest : public TreemapViewTest {
+protected:
+    QAccessibleInterface *map() { return QAccessible::queryAccessibleInterface(view); }
+    QAccessibleInterface *child(const std::string &relative) { return map()->child(tile(relative)); }
+};
+
+TEST_F(TreemapAccessibilityTest, EveryTileIsAChildWithNameRoleAndPlace)
+{
+    show();
+    ASSERT_NE(map(), nullptr);
+    EXPECT_EQ(map()->role(), QAccessible::List);
+    EXPECT_EQ(map()->childCount(), view->layout().count());
+    QAccessibleInterface *films = child("Films");
+    ASSERT_NE(films, nullptr);
+    EXPECT_EQ(films->role(), QAccessible::ListItem);
+    EXPECT_EQ(films->text(QAccessible::Name), QStringLiteral("Films, 50 MB, 51.1%"));
+    EXPECT_EQ(films->parent(), map());
+    EXPECT_EQ(map()->indexOfChild(films), tile("Films"));
+    EXPECT_EQ(films->rect().size(), view->layout().rect(tile("Films")).size().toSize());
+    EXPECT_EQ(map()->childAt(films->rect().left() + 30, films->rect().top() + 10), films);
+    EXPECT_EQ(map()->child(-1), nullptr);
+    EXPECT_EQ(map()->child(999), nullptr);
+}
+
+TEST_F(TreemapAccessibilityTest, PressingATileOpensIt)
+{
+    show();
+    QAccessibleActionInterface *actions = child("Films")->actionInterface();
+    ASSERT_NE(actions, nullptr);
+    EXPECT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(store.currentFolder(), node("Films"));
+}
+
+TEST_F(TreemapAccessibilityTest, AFileCannotBePressedButToggled)
+{
+    show();
+    QAccessibleActionInterface *actions = child("film.mov")->actionInterface();
+    EXPECT_FALSE(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(store.isSelected(at("film.mov")));
+    EXPECT_TRUE(child("film.mov")->state().checked);
+}
+
+TEST_F(TreemapAccessibilityTest, TheFocusedTileSaysSo)
+{
+    show();
+    focusByTab();
+    EXPECT_TRUE(child("Films")->state().focused);
+    EXPECT_FALSE(child("film.mov")->state().focused);
+    EXPECT_EQ(map()->focusChild(), child("Films"));
+}
+
+TEST_F(TreemapAccessibilityTest, ATileThatIsGoneIsInvalid)
+{
+    show();
+    QAccessibleInterface *last = map()->child(view->layout().count() - 1);
+    ASSERT_TRUE(last->isValid());
+    open("Projects");
+    EXPECT_FALSE(last->isValid());
+    EXPECT_TRUE(last->state().invalid);
+    EXPECT_TRUE(last->actionInterface()->actionNames().isEmpty());
+    last->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(store.currentFolder(), node("Projects"));
+}
+
+// --- Time
+
+class LargestMapTest : public TreemapViewTest {
+protected:
+    void installLargestMap()
+    {
+        const test::NodePtr root = test::makeRoot(home);
+        for (int i = 0; i < 70; ++i) {
+            const test::NodePtr folder = test::makeChild(root, "folder" + std::to_string(i), FileNode::Kind::directory);
+            for (int j = 0; j < 60; ++j)
+                test::makeChild(folder, "file number " + std::to_string(j) + ".mov", FileNode::Kind::file)->size =
+                    1'000'000 + (60 - j) * 10'000;
+            for (const auto &file : folder->children)
+                folder->size += file->size;
+            root->size += folder->size;
+        }
+        install(root);
+    }
+};
+
+TEST_F(LargestMapTest, HoveringIsAnsweredWithinAFrame)
+{
+    installLargestMap();
+    showWindow({1400, 900});
+    ASSERT_GT(view->layout().count(), 1'500);
+    std::vector<qint64> times;
+    for (int i = 0; i < 60; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        QTest::mouseMove(&window, QPoint(5 + i * 23, 20 + (i * 137) % 860));
+        const QImage frame = grab();
+        times.push_back(timer.nsecsElapsed() / 1000);
+    }
+    std::nth_element(times.begin(), times.begin() + 30, times.end());
+    RecordProperty("medianMicroseconds", static_cast<int>(times[30]));
+    EXPECT_LT(times[30], 16'000);
+}
+
+} // namespace
+} // namespace corvane
