@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import Corvane.Shell
 import Corvane.Map
 
@@ -45,15 +46,35 @@ HeaderBand {
         Accessible.name: bar.presenter.wayName
 
         Repeater {
-            model: BreadcrumbModel {
-                id: crumbModel
-
-                store: bar.presenter.store
-                availableWidth: way.width
-            }
+            model: crumbModel
             delegate: Crumb {
                 crumbs: crumbModel
+                onMenuWanted: place => collapsedMenu.popup(place, 0, place.height)
             }
+        }
+    }
+    BreadcrumbModel {
+        id: crumbModel
+
+        store: bar.presenter.store
+        availableWidth: way.width
+    }
+    AppMenu {
+        id: collapsedMenu
+
+        objectName: "collapsedMenu"
+
+        Instantiator {
+            model: crumbModel.collapsedNames
+            delegate: AppMenuItem {
+                required property int index
+                required property string modelData
+
+                text: modelData
+                onTriggered: crumbModel.openCollapsed(index)
+            }
+            onObjectAdded: (index, object) => collapsedMenu.insertItem(index, object as T.MenuItem)
+            onObjectRemoved: (index, object) => collapsedMenu.removeItem(object as T.MenuItem)
         }
     }
     trailing: PlainText {

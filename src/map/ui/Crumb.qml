@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Corvane.Shell
 import Corvane.Map
@@ -17,15 +15,15 @@ Row {
     required property real crumbWidth
     required property BreadcrumbModel crumbs
 
+    signal menuWanted(Item place)
+
     spacing: MapMetrics.crumbSpacing
     visible: !collapsed
 
-    Loader {
-        active: crumb.ellipsisBefore
-        visible: active
-        sourceComponent: EllipsisCrumb {
-            crumbs: crumb.crumbs
-        }
+    EllipsisCrumb {
+        description: crumb.crumbs.collapsedText
+        visible: crumb.ellipsisBefore
+        onMenuWanted: place => crumb.menuWanted(place)
     }
     Icon {
         anchors.verticalCenter: parent.verticalCenter

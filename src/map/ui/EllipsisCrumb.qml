@@ -1,15 +1,14 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
-import QtQuick.Templates as T
 import Corvane.Shell
 import Corvane.Map
 
-/// Stands for the folders in the middle of a way that is too long: a menu of them.
+/// Stands for the folders in the middle of a way that is too long.
 Row {
     id: ellipsis
 
-    required property BreadcrumbModel crumbs
+    required property string description
+
+    signal menuWanted(Item place)
 
     spacing: MapMetrics.crumbSpacing
 
@@ -28,36 +27,18 @@ Row {
         horizontalPadding: MapMetrics.crumbPadding
         text: "…"
         font: Theme.bodyFont
-        onClicked: menu.popup(button, 0, button.height)
+        onClicked: ellipsis.menuWanted(button)
 
         Accessible.role: Accessible.ButtonMenu
-        Accessible.name: ellipsis.crumbs.collapsedText
+        Accessible.name: ellipsis.description
 
         background: Rectangle {
             radius: button.cornerRadius
-            color: button.hovered || menu.visible ? Theme.fillq : Theme.withAlpha(Theme.fillq, 0)
+            color: button.hovered ? Theme.fillq : Theme.withAlpha(Theme.fillq, 0)
         }
         contentItem: PlainText {
             text: button.text
             color: Theme.t2
-        }
-    }
-    AppMenu {
-        id: menu
-
-        objectName: "collapsedMenu"
-
-        Instantiator {
-            model: ellipsis.crumbs.collapsedNames
-            delegate: AppMenuItem {
-                required property int index
-                required property string modelData
-
-                text: modelData
-                onTriggered: ellipsis.crumbs.openCollapsed(index)
-            }
-            onObjectAdded: (index, object) => menu.insertItem(index, object as T.MenuItem)
-            onObjectRemoved: (index, object) => menu.removeItem(object as T.MenuItem)
         }
     }
 }
