@@ -71,10 +71,7 @@ protected:
     }
 
     /// A shown item by its objectName; null for hidden ones.
-    QQuickItem *item(const char *name) const
-    {
-        return find(window->contentItem(), QLatin1String(name));
-    }
+    QQuickItem *item(const char *name) const { return find(window->contentItem(), QLatin1String(name)); }
     QObject *object(const char *name) const { return window->findChild<QObject *>(QLatin1String(name)); }
     bool isOpen(const char *sheet) const { return object(sheet)->property("opened").toBool(); }
     bool isVisible(const char *sheet) const { return object(sheet)->property("visible").toBool(); }
@@ -247,6 +244,7 @@ TEST_F(MainWindowTest, TheMenuOpensByButtonAndByF10)
 {
     click("appMenuButton");
     ASSERT_TRUE(waitForItem("appMenu.scanHome"));
+    EXPECT_EQ(object("appMenu")->property("count").toInt(), 14) << "two screens, nine commands, three lines";
     key(Qt::Key_Escape);
     ASSERT_TRUE(waitFor([this] { return item("appMenu.scanHome") == nullptr; }));
     key(Qt::Key_F10);

@@ -18,9 +18,8 @@ PushButton {
     onClicked: openMenu()
 
     function openMenu() {
+        menu.byKeyboard = button.visualFocus;
         menu.popup(button, 0, button.height + Theme.space4);
-        if (button.visualFocus)
-            menu.currentIndex = 0;
     }
     function openMenuFromKeyboard() {
         button.forceActiveFocus(Qt.ShortcutFocusReason);

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import QtQml
@@ -10,7 +12,12 @@ AppMenu {
 
     required property WindowActions actions
 
+    /// Whether the keyboard opened it, which then goes on from the first command.
+    property bool byKeyboard: false
+
     readonly property int screensAt: 9
+
+    onOpened: currentIndex = byKeyboard ? 0 : -1
 
     AppMenuItem {
         objectName: "appMenu.scanHome"
@@ -52,18 +59,16 @@ AppMenu {
         action: menu.actions.quit
     }
 
-    Connections {
-        target: menu.actions.show
+    Instantiator {
+        model: menu.actions.show.count
 
-        function onObjectAdded(index, action) {
-            menu.insertAction(menu.screensAt + index, action);
+        delegate: AppMenuItem {
+            required property int index
+
+            objectName: "appMenu.show" + (index + 1)
+            action: menu.actions.show.objectAt(index) as T.Action
         }
-        function onObjectRemoved(index, action) {
-            menu.removeAction(action);
-        }
-    }
-    Component.onCompleted: {
-        for (let index = 0; index < actions.show.count; ++index)
-            menu.insertAction(screensAt + index, actions.show.objectAt(index) as T.Action);
+        onObjectAdded: (index, object) => menu.insertItem(menu.screensAt + index, object as AppMenuItem)
+        onObjectRemoved: (index, object) => menu.removeItem(object as AppMenuItem)
     }
 }
