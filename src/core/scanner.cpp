@@ -9,8 +9,8 @@
 #include "core/concurrent_perform.h"
 #include "core/skipped_folders.h"
 #include "platform/folder_chain.h"
-#include "platform/patient_open.h"
 #include "platform/path.h"
+#include "platform/patient_open.h"
 
 namespace corvane {
 
@@ -248,8 +248,7 @@ private:
     {
         if (m_progress.isCancelled())
             return nullptr;
-        Expected<std::unique_ptr<OpenFolder>> opened =
-            openPatiently([&] { return folder.openChild(subfolder.name); });
+        Expected<std::unique_ptr<OpenFolder>> opened = openPatiently([&] { return folder.openChild(subfolder.name); });
         if (!opened)
             return nullptr;
         auto node = std::make_shared<FileNode>(visit.path, std::move(subfolder.name), subfolder.kind, visit.node);

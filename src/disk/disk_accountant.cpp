@@ -33,7 +33,7 @@ bool hasRole(const APFSVolumeInfo &volume, std::string_view role)
 
 bool isSupportVolume(const APFSVolumeInfo &volume)
 {
-    constexpr std::array<std::string_view, 7> roles{"Preboot",  "Recovery",  "Update",   "xART",
+    constexpr std::array<std::string_view, 7> roles{"Preboot",  "Recovery", "Update",   "xART",
                                                     "Hardware", "Prelogin", "Installer"};
     return std::ranges::any_of(roles, [&volume](std::string_view role) { return hasRole(volume, role); });
 }
@@ -96,28 +96,56 @@ private:
         std::int64_t support = 0;
         for (const APFSVolumeInfo &volume : container.volumes) {
             if (hasRole(volume, "System")) {
-                add({"system", Kind::system, "macOS",
+                add({"system",
+                     Kind::system,
+                     "macOS",
                      "The read-only system volume, sealed and signed by Apple. It can't be cleaned, and it doesn't "
                      "need to be.",
-                     "apple.logo", systemColor, volume.used, {}, {}, {}});
+                     "apple.logo",
+                     systemColor,
+                     volume.used,
+                     {},
+                     {},
+                     {}});
             } else if (hasRole(volume, "Data")) {
                 m_remainder = checkedAdd(m_remainder, volume.used);
             } else if (hasRole(volume, "VM")) {
-                add({"vm", Kind::vm, "Swap & Sleep Image",
+                add({"vm",
+                     Kind::vm,
+                     "Swap & Sleep Image",
                      "Virtual memory macOS writes to disk when RAM fills up. It shrinks again after a restart.",
-                     "memorychip", swapColor, volume.used, {}, {}, {}});
+                     "memorychip",
+                     swapColor,
+                     volume.used,
+                     {},
+                     {},
+                     {}});
             } else if (isSupportVolume(volume)) {
                 support = checkedAdd(support, volume.used);
             } else {
-                add({"vol-" + volume.name, Kind::otherVolume, volume.name,
-                     "Another volume sharing this disk's space.", "externaldrive", otherVolumeColor, volume.used,
-                     {}, {}, {}});
+                add({"vol-" + volume.name,
+                     Kind::otherVolume,
+                     volume.name,
+                     "Another volume sharing this disk's space.",
+                     "externaldrive",
+                     otherVolumeColor,
+                     volume.used,
+                     {},
+                     {},
+                     {}});
             }
         }
         if (support > 0) {
-            add({"support", Kind::support, "macOS Support Files",
+            add({"support",
+                 Kind::support,
+                 "macOS Support Files",
                  "Boot files, the Recovery system and staged software updates. Managed by macOS.",
-                 "wrench.and.screwdriver", supportColor, support, {}, {}, {}});
+                 "wrench.and.screwdriver",
+                 supportColor,
+                 support,
+                 {},
+                 {},
+                 {}});
         }
     }
 
@@ -125,8 +153,16 @@ private:
     {
         if (!m_root)
             return;
-        BreakdownSegment segment{"scanned", Kind::scanned, {}, {}, {}, brandA, m_scan.rootSize, m_scan.topChildren,
-                                 BreakdownAction{BreakdownAction::Kind::openMap, {}}, "Open Space Map"};
+        BreakdownSegment segment{"scanned",
+                                 Kind::scanned,
+                                 {},
+                                 {},
+                                 {},
+                                 brandA,
+                                 m_scan.rootSize,
+                                 m_scan.topChildren,
+                                 BreakdownAction{BreakdownAction::Kind::openMap, {}},
+                                 "Open Space Map"};
         if (*m_root == "/") {
             segment.size = std::max<std::int64_t>(0, checkedSubtract(m_scan.rootSize, m_scan.systemDirSize));
             segment.title = "Files Corvane Scanned";
@@ -172,8 +208,16 @@ private:
                                  "automatically when you need room. Finder counts it as available.";
             if (const auto count = static_cast<std::int64_t>(m_result.snapshots.size()); count > 0)
                 detail += fmt::format(" {} local Time Machine snapshot{} found.", count, plural(count));
-            add({"purgeable", Kind::purgeable, "Purgeable Space", std::move(detail), "clock.arrow.2.circlepath",
-                 purgeableColor, shown, {}, {}, {}});
+            add({"purgeable",
+                 Kind::purgeable,
+                 "Purgeable Space",
+                 std::move(detail),
+                 "clock.arrow.2.circlepath",
+                 purgeableColor,
+                 shown,
+                 {},
+                 {},
+                 {}});
         }
         const std::int64_t hidden = checkedSubtract(m_remainder, shown);
         if (hidden > segmentLimit)
@@ -220,13 +264,20 @@ private:
 } // namespace
 
 const std::array<DiskAccountant::Location, 5> DiskAccountant::locations{{
-    {"/Applications", "Applications",
-     "Apps installed for everyone on this Mac. Remove ones you no longer use from Large Files or Finder.", "app.badge",
+    {"/Applications",
+     "Applications",
+     "Apps installed for everyone on this Mac. Remove ones you no longer use from Large Files or Finder.",
+     "app.badge",
      {0.24, 0.52, 0.98}},
-    {"/Library", "System-wide Library",
-     "Shared app data, iOS Simulator runtimes, fonts, audio plug-ins and printer drivers.", "building.columns",
+    {"/Library",
+     "System-wide Library",
+     "Shared app data, iOS Simulator runtimes, fonts, audio plug-ins and printer drivers.",
+     "building.columns",
      {0.62, 0.36, 0.96}},
-    {"/opt", "Homebrew (/opt)", "Homebrew packages on Apple Silicon. Tip: `brew cleanup` removes old versions.", "mug",
+    {"/opt",
+     "Homebrew (/opt)",
+     "Homebrew packages on Apple Silicon. Tip: `brew cleanup` removes old versions.",
+     "mug",
      {0.98, 0.56, 0.22}},
     {"/usr/local", "/usr/local", "Command-line tools and Homebrew on Intel Macs.", "terminal", {0.9, 0.68, 0.16}},
     {"/Users/Shared", "Shared Folder", "Files shared between all users of this Mac.", "person.2", {0.13, 0.68, 0.74}},

@@ -14,7 +14,11 @@ bool isValidUtf8(std::string_view bytes)
 {
     for (std::size_t i = 0; i < bytes.size();) {
         const auto lead = static_cast<unsigned char>(bytes[i]);
-        const std::size_t length = lead < 0x80 ? 1 : lead >= 0xc2 && lead < 0xe0 ? 2 : lead >= 0xe0 && lead < 0xf0 ? 3 : lead >= 0xf0 && lead < 0xf5 ? 4 : 0;
+        const std::size_t length = lead < 0x80                   ? 1
+                                   : lead >= 0xc2 && lead < 0xe0 ? 2
+                                   : lead >= 0xe0 && lead < 0xf0 ? 3
+                                   : lead >= 0xf0 && lead < 0xf5 ? 4
+                                                                 : 0;
         if (length == 0 || i + length > bytes.size())
             return false;
         for (std::size_t k = 1; k < length; ++k) {
@@ -22,8 +26,8 @@ bool isValidUtf8(std::string_view bytes)
                 return false;
         }
         const auto second = length > 1 ? static_cast<unsigned char>(bytes[i + 1]) : 0;
-        if ((lead == 0xe0 && second < 0xa0) || (lead == 0xed && second > 0x9f) || (lead == 0xf0 && second < 0x90)
-            || (lead == 0xf4 && second > 0x8f)) {
+        if ((lead == 0xe0 && second < 0xa0) || (lead == 0xed && second > 0x9f) || (lead == 0xf0 && second < 0x90) ||
+            (lead == 0xf4 && second > 0x8f)) {
             return false; // overlong, a surrogate, or beyond U+10FFFF
         }
         i += length;

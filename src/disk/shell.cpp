@@ -4,7 +4,8 @@
 
 namespace corvane {
 
-std::optional<std::string> Shell::run(const std::string &path, const std::vector<std::string> &arguments, const StopFlag &stop)
+std::optional<std::string> Shell::run(const std::string &path, const std::vector<std::string> &arguments,
+                                      const StopFlag &stop)
 {
     auto output = runProcess(path, arguments, stop);
     if (!output)

@@ -35,8 +35,8 @@ CorvaneApp::CorvaneApp() : m_store(systemHost(), PathGuard::locations())
 bool CorvaneApp::openWindow()
 {
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/App/Main.qml")));
-    auto *window = m_engine.rootObjects().isEmpty() ? nullptr
-                                                    : qobject_cast<QQuickWindow *>(m_engine.rootObjects().first());
+    auto *window =
+        m_engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(m_engine.rootObjects().first());
     if (window == nullptr) {
         std::fputs("corvane: the window could not be made; is the installation complete?\n", stderr);
         return false;

@@ -17,10 +17,7 @@ class Row {
 public:
     explicit Row(double side) : m_sideSquared(side * side) {}
 
-    [[nodiscard]] bool admits(double area) const
-    {
-        return m_total == 0 || worstRatio(with(area)) <= worstRatio(*this);
-    }
+    [[nodiscard]] bool admits(double area) const { return m_total == 0 || worstRatio(with(area)) <= worstRatio(*this); }
     void add(double area) { *this = with(area); }
     [[nodiscard]] double total() const { return m_total; }
 

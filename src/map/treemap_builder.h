@@ -24,7 +24,7 @@ struct TreemapTile {
     std::shared_ptr<FileNode> node; ///< null for an aggregate
     std::string label;
     std::int64_t size = 0;
-    Rect rect;              ///< points
+    Rect rect; ///< points
     Color color;
     int depth = 0;          ///< 0: inside the explored folder; 1: drawn inside such a tile
     bool hasNested = false; ///< tiles of depth 1 follow

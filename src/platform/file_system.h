@@ -16,11 +16,11 @@ enum class EntryType : std::uint8_t { file, directory, symbolicLink };
 
 /// One item of a folder's listing. Anything that is neither a folder nor a symbolic link is a `file`.
 struct DirectoryEntry {
-    std::string_view name;                  ///< bytes; dies with the call of the sink
+    std::string_view name; ///< bytes; dies with the call of the sink
     EntryType type = EntryType::file;
-    bool isPackage = false;                 ///< a folder that the system presents as one document
-    std::int64_t allocated = 0;             ///< bytes on disk; files only; 0 where the system cannot tell
-    Time modified = distantPast;            ///< files only; a folder tells its own once it is open
+    bool isPackage = false;      ///< a folder that the system presents as one document
+    std::int64_t allocated = 0;  ///< bytes on disk; files only; 0 where the system cannot tell
+    Time modified = distantPast; ///< files only; a folder tells its own once it is open
 };
 
 using EntrySink = std::function<void(const DirectoryEntry &)>;

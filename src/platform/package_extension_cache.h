@@ -44,10 +44,7 @@ public:
     }
 
     /// For a folder's name.
-    [[nodiscard]] bool isPackageName(std::string_view name)
-    {
-        return isPackageExtension(nameExtension(name));
-    }
+    [[nodiscard]] bool isPackageName(std::string_view name) { return isPackageExtension(nameExtension(name)); }
 
 private:
     const Question m_ask; // constant after construction; called with m_mutex held

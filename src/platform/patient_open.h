@@ -38,7 +38,8 @@ template <typename Open, typename GiveBack>
 }
 
 /// For callers that hold nothing.
-template <typename Open> [[nodiscard]] auto openPatiently(const Open &open) -> decltype(open())
+template <typename Open>
+[[nodiscard]] auto openPatiently(const Open &open) -> decltype(open())
 {
     return openPatiently(open, [] {});
 }

@@ -9,8 +9,8 @@ namespace corvane {
 /// What the system reports of a volume in one request; what it does not report is absent.
 struct VolumeFacts {
     std::optional<std::string> name;
-    std::optional<std::int64_t> total;                  ///< bytes
-    std::optional<std::int64_t> available;              ///< bytes
+    std::optional<std::int64_t> total;                    ///< bytes
+    std::optional<std::int64_t> available;                ///< bytes
     std::optional<std::int64_t> availableForImportantUse; ///< bytes, purgeable space included
 
     friend bool operator==(const VolumeFacts &, const VolumeFacts &) = default;

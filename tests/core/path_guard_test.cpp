@@ -365,9 +365,9 @@ TEST(PathGuard, HomeInVarHomeIsTheUsersAndNothingElseInVarIs)
 {
     for (const ProtectedLocations &locations :
          {ProtectedLocations("/var/home/u", {}), ProtectedLocations("/home/u", {}, "/var/home/u")}) {
-        for (const char *path : {"/var", "/var/home", "/var/home/u", "/var/home/u/Documents", "/var/home/u/.ssh/id",
-                                 "/var/home/u/Library/Mail", "/var/home/v", "/var/home/v/a", "/var/home/uu/a",
-                                 "/var/lib/a", "/usr/a"})
+        for (const char *path :
+             {"/var", "/var/home", "/var/home/u", "/var/home/u/Documents", "/var/home/u/.ssh/id",
+              "/var/home/u/Library/Mail", "/var/home/v", "/var/home/v/a", "/var/home/uu/a", "/var/lib/a", "/usr/a"})
             EXPECT_TRUE(locations.isProtected(path)) << path;
         for (const char *path : {"/var/home/u/a", "/var/home/u/Documents/a", "/var/home/u/.cache/a"})
             EXPECT_FALSE(locations.isProtected(path)) << path;
@@ -434,10 +434,9 @@ TEST(PathGuard, LinuxPlacesAreJudgedThroughTheRule)
                                                             "/media/u/USB/" + own,
                                                             "/media/u/USB/" + own + "/files"})
         EXPECT_TRUE(locations.isProtected(path)) << path;
-    for (const std::string &path : std::vector<std::string>{"/home/v/x", "/media/u/USB/x", "/mnt/x", "/srv/x",
-                                                            "/home/u/.cache/x", "/home/u/.local/share/x",
-                                                            "/home/u/.local/share/Trash/files/x",
-                                                            "/media/u/USB/" + own + "/files/x", "/boots/x"})
+    for (const std::string &path : std::vector<std::string>{
+             "/home/v/x", "/media/u/USB/x", "/mnt/x", "/srv/x", "/home/u/.cache/x", "/home/u/.local/share/x",
+             "/home/u/.local/share/Trash/files/x", "/media/u/USB/" + own + "/files/x", "/boots/x"})
         EXPECT_FALSE(locations.isProtected(path)) << path;
 }
 #endif

@@ -332,8 +332,7 @@ TEST_F(RemovalOf, AnItemWhoseFolderCannotBeResolvedFailsAndIsNotTouched)
     fake.files.addLink("/Users/me/loop", "/Users/me/loop");
     for (const bool permanently : {false, true}) {
         const RemovalOutcome outcome = remove({{"/Users/me/loop/a", 1}, {"/Users/me/none/b", 1}}, permanently);
-        EXPECT_EQ(outcome.failures,
-                  (Lines{"a: Too many levels of symbolic links", "b: No such file or directory"}));
+        EXPECT_EQ(outcome.failures, (Lines{"a: Too many levels of symbolic links", "b: No such file or directory"}));
     }
     EXPECT_TRUE(deeds().empty());
 }

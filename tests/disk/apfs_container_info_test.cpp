@@ -14,8 +14,8 @@ APFSContainerInfo container(std::int64_t ceiling, std::vector<std::string> roles
 
 std::string listing(const std::string &containers)
 {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict><key>Containers</key><array>"
-           + containers + "</array></dict></plist>";
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict><key>Containers</key><array>" +
+           containers + "</array></dict></plist>";
 }
 
 std::string integers(std::int64_t ceiling, std::int64_t free)
@@ -84,9 +84,9 @@ TEST(APFSContainerParsing, AVolumesMissingFieldsHaveDefaults)
 TEST(APFSContainerParsing, AVolumeCarriesNameRolesAndUse)
 {
     const auto parsed = APFSContainerInfo::parse(listing(
-        "<dict>" + integers(7, 3)
-        + "<key>Volumes</key><array><dict><key>Name</key><string>Data</string><key>Roles</key><array><string>Data"
-          "</string><string>Extra</string></array><key>CapacityInUse</key><integer>4</integer></dict></array></dict>"));
+        "<dict>" + integers(7, 3) +
+        "<key>Volumes</key><array><dict><key>Name</key><string>Data</string><key>Roles</key><array><string>Data"
+        "</string><string>Extra</string></array><key>CapacityInUse</key><integer>4</integer></dict></array></dict>"));
     ASSERT_TRUE(parsed);
     EXPECT_EQ(parsed->front().volumes.front(), (APFSVolumeInfo{"Data", {"Data", "Extra"}, 4}));
 }
@@ -101,8 +101,8 @@ TEST(APFSContainerParsing, VolumesOfAnotherTypeCountAsNone)
 
 TEST(APFSContainerParsing, AFigureThatIsNoNumberDropsTheContainer)
 {
-    const auto parsed = APFSContainerInfo::parse(
-        listing("<dict><key>CapacityCeiling</key><string>7</string><key>CapacityFree</key><integer>3</integer></dict>"));
+    const auto parsed = APFSContainerInfo::parse(listing(
+        "<dict><key>CapacityCeiling</key><string>7</string><key>CapacityFree</key><integer>3</integer></dict>"));
     ASSERT_TRUE(parsed);
     EXPECT_TRUE(parsed->empty());
 }

@@ -107,7 +107,8 @@ TEST_F(DiskAccountantTest, MoreAvailableThanThereIsLeavesNothingToExplain)
 
 TEST_F(DiskAccountantTest, VolumesAreToldByTheirRolesInAFixedOrderOfTests)
 {
-    container = APFSContainerInfo{500 * gb, 100 * gb,
+    container = APFSContainerInfo{500 * gb,
+                                  100 * gb,
                                   {{"Both", {"Data", "System"}, 1 * gb},
                                    {"Data", {"VM", "Data"}, 60 * gb},
                                    {"Swap", {"VM", "Preboot"}, 2 * gb},

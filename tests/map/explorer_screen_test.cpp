@@ -71,7 +71,10 @@ protected:
         };
         return search(scene->window()->contentItem());
     }
-    [[nodiscard]] QQuickItem *row(const QString &description) const { return named(description, QAccessible::ListItem); }
+    [[nodiscard]] QQuickItem *row(const QString &description) const
+    {
+        return named(description, QAccessible::ListItem);
+    }
     [[nodiscard]] QQuickItem *button(const QString &name) const { return named(name, QAccessible::Button); }
     [[nodiscard]] QQuickItem *checkBox(const QString &name) const { return named(name, QAccessible::CheckBox); }
     [[nodiscard]] bool isMenuOpen(const char *name) const { return scene->object(name)->property("opened").toBool(); }
@@ -157,7 +160,8 @@ TEST_F(ExplorerScreenTest, TheCheckBoxOfAProtectedItemDoesNothing)
 TEST_F(ExplorerScreenTest, HoveringATileMarksItsRow)
 {
     show();
-    const QPointF place = map()->layout().rect(map()->layout().indexOf(node("Projects").get())).topLeft() + QPointF(20, 8);
+    const QPointF place =
+        map()->layout().rect(map()->layout().indexOf(node("Projects").get())).topLeft() + QPointF(20, 8);
     QTest::mouseMove(scene->window(), map()->mapToScene(place).toPoint());
     EXPECT_TRUE(row(projects)->property("marked").toBool());
     EXPECT_FALSE(row(films)->property("marked").toBool());
@@ -319,7 +323,8 @@ TEST_F(ExplorerScreenTest, ARightClickOnARowOpensItsMenu)
 TEST_F(ExplorerScreenTest, ARightClickOnATileOpensItsMenu)
 {
     show();
-    const QPointF place = map()->layout().rect(map()->layout().indexOf(node("Projects").get())).topLeft() + QPointF(20, 8);
+    const QPointF place =
+        map()->layout().rect(map()->layout().indexOf(node("Projects").get())).topLeft() + QPointF(20, 8);
     clickAt(map(), place, Qt::RightButton);
     ASSERT_TRUE(QTest::qWaitFor([&] { return isMenuOpen("tileMenu"); }, patience));
     scene->click(named(QStringLiteral("Open"), QAccessible::MenuItem));

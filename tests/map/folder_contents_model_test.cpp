@@ -211,9 +211,9 @@ TEST_F(FolderContentsModelTest, SeveralRemovalsTakeOutEveryStretchOfRows)
     scanHome();
     open("Many");
     const QSignalSpy removed(&model, &Model::rowsRemoved);
-    store.didRemove({.removed = {{at("Many/f1"), 1}, {at("Many/f2"), 1}, {at("Many/f5"), 1}, {at("Many/f9"), 1}},
-                     .failures = {}},
-                    false);
+    store.didRemove(
+        {.removed = {{at("Many/f1"), 1}, {at("Many/f2"), 1}, {at("Many/f5"), 1}, {at("Many/f9"), 1}}, .failures = {}},
+        false);
     EXPECT_EQ(names(), QStringList({"f0", "f3", "f4", "f6", "f7", "f8"}));
     EXPECT_EQ(removed.count(), 3);
 }

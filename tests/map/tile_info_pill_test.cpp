@@ -31,7 +31,8 @@ TEST(TileInfoPill, AFolderSaysThatItOpens)
 
 TEST(TileInfoPill, APackageSaysThatItOpens)
 {
-    EXPECT_EQ(info(addPackage(makeRoot(), "X.app", 1), 1'000'000, 100), QStringLiteral("1 MB · 100.0% · click to open"));
+    EXPECT_EQ(info(addPackage(makeRoot(), "X.app", 1), 1'000'000, 100),
+              QStringLiteral("1 MB · 100.0% · click to open"));
 }
 
 TEST(TileInfoPill, AnAggregateShowsSizeAndShareOnly)

@@ -104,7 +104,9 @@ double contrast(const QColor &a, const QColor &b)
 QColor over(const QColor &ground, const QColor &ink)
 {
     const double alpha = ink.alphaF();
-    const auto blend = [alpha](double below, double above) { return static_cast<float>(below + (above - below) * alpha); };
+    const auto blend = [alpha](double below, double above) {
+        return static_cast<float>(below + (above - below) * alpha);
+    };
     return QColor::fromRgbF(blend(ground.redF(), ink.redF()), blend(ground.greenF(), ink.greenF()),
                             blend(ground.blueF(), ink.blueF()));
 }

@@ -37,8 +37,7 @@ inline NodePtr makeChild(const NodePtr &folder, std::string name, FileNode::Kind
     return node;
 }
 
-inline NodePtr add(const NodePtr &folder, std::string name, FileNode::Kind kind, std::int64_t size,
-                   std::int64_t files)
+inline NodePtr add(const NodePtr &folder, std::string name, FileNode::Kind kind, std::int64_t size, std::int64_t files)
 {
     auto node = std::make_shared<FileNode>(folder->pathForChildren(), std::move(name), kind, folder);
     folder->children.push_back(node);

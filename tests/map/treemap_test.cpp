@@ -89,22 +89,19 @@ TEST(Treemap, LaysOutTheTextbookExample)
 TEST(Treemap, AWideRectangleStartsWithAColumnAtTheLeft)
 {
     const std::vector<double> weights{1, 1};
-    EXPECT_EQ(Treemap::squarify(weights, {0, 0, 200, 100}),
-              (std::vector<Rect>{{0, 0, 100, 100}, {100, 0, 100, 100}}));
+    EXPECT_EQ(Treemap::squarify(weights, {0, 0, 200, 100}), (std::vector<Rect>{{0, 0, 100, 100}, {100, 0, 100, 100}}));
 }
 
 TEST(Treemap, ATallRectangleStartsWithAStripAtTheTop)
 {
     const std::vector<double> weights{1, 1};
-    EXPECT_EQ(Treemap::squarify(weights, {0, 0, 100, 200}),
-              (std::vector<Rect>{{0, 0, 100, 100}, {0, 100, 100, 100}}));
+    EXPECT_EQ(Treemap::squarify(weights, {0, 0, 100, 200}), (std::vector<Rect>{{0, 0, 100, 100}, {0, 100, 100, 100}}));
 }
 
 TEST(Treemap, ASquareStartsWithAColumn)
 {
     const std::vector<double> weights{3, 1};
-    EXPECT_EQ(Treemap::squarify(weights, {0, 0, 100, 100}),
-              (std::vector<Rect>{{0, 0, 75, 100}, {75, 0, 25, 100}}));
+    EXPECT_EQ(Treemap::squarify(weights, {0, 0, 100, 100}), (std::vector<Rect>{{0, 0, 75, 100}, {75, 0, 25, 100}}));
 }
 
 // With one area of 2 in a side of 2 the worst ratio is 2; with two of them it is 2 again.

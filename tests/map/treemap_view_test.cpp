@@ -147,7 +147,8 @@ TEST_F(TreemapViewTest, HoveringRingsTheTileAndRedrawsNothing)
     hover(tile("film.mov"));
     const QImage image = grab();
     const QRectF rect = view->layout().rect(tile("film.mov"));
-    EXPECT_EQ(image.pixelColor(rect.toRect().center().x(), static_cast<int>(std::round(rect.top()))), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(rect.toRect().center().x(), static_cast<int>(std::round(rect.top()))),
+              QColor(Qt::white));
     EXPECT_EQ(view->picture().cacheKey(), picture);
 }
 

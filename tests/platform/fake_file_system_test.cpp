@@ -51,8 +51,8 @@ TEST(FakeFileSystem, RecordsEachCallInOrder)
     EXPECT_EQ((*(*b)->openParent())->identity(), (*a)->identity());
     EXPECT_TRUE(files.exists("/a"));
     EXPECT_TRUE(files.facts("/a/b/c"));
-    EXPECT_THAT(files.log()->lines(), ElementsAre("openFolder /a", "openChild /a/b", "list /a/b",
-                                                  "openParent /a/b", "exists /a", "facts /a/b/c"));
+    EXPECT_THAT(files.log()->lines(), ElementsAre("openFolder /a", "openChild /a/b", "list /a/b", "openParent /a/b",
+                                                  "exists /a", "facts /a/b/c"));
     EXPECT_THAT(files.log()->linesStartingWith("list "), ElementsAre("list /a/b"));
 }
 

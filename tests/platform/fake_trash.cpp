@@ -7,9 +7,12 @@ namespace {
 const char *nameOf(FakeTrash::Operation operation)
 {
     switch (operation) {
-    case FakeTrash::Operation::trashItem: return "trashItem";
-    case FakeTrash::Operation::recycle: return "recycle";
-    case FakeTrash::Operation::deleteThroughFinder: return "deleteThroughFinder";
+    case FakeTrash::Operation::trashItem:
+        return "trashItem";
+    case FakeTrash::Operation::recycle:
+        return "recycle";
+    case FakeTrash::Operation::deleteThroughFinder:
+        return "deleteThroughFinder";
     }
     return "";
 }

@@ -190,7 +190,8 @@ TEST(SelectToggle, ProtectedPlaceNamesTheReason)
     QQuickItem *const toggle = scene.item("toggle");
     EXPECT_EQ(QuickScene::accessible(toggle)->text(QAccessible::Description), QString());
     scene.window()->setProperty("locked", true);
-    EXPECT_EQ(QuickScene::accessible(toggle)->text(QAccessible::Description), QStringLiteral("macOS needs this folder."));
+    EXPECT_EQ(QuickScene::accessible(toggle)->text(QAccessible::Description),
+              QStringLiteral("macOS needs this folder."));
 
     QObject *const tip = toggle->findChild<QObject *>(QStringLiteral("tip"));
     ASSERT_NE(tip, nullptr);

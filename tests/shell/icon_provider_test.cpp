@@ -97,10 +97,8 @@ TEST(IconProvider, SystemsOwnSymbolsComeFirst)
 {
     QImage own(8, 8, QImage::Format_ARGB32);
     own.fill(Qt::red);
-    IconProvider provider(IconProvider::Names::symbols,
-                          [&own](std::string_view symbol, IconWeight, const QColor &, int) {
-                              return symbol == "trash" ? own : QImage();
-                          });
+    IconProvider provider(IconProvider::Names::symbols, [&own](std::string_view symbol, IconWeight, const QColor &,
+                                                               int) { return symbol == "trash" ? own : QImage(); });
     EXPECT_EQ(provider.requestImage(QStringLiteral("trash/rest/ff000000"), nullptr, QSize(8, 8)), own);
     EXPECT_EQ(provider.requestImage(QStringLiteral("house/rest/ff000000"), nullptr, QSize(8, 8)),
               renderIcon("house", IconWeight::regular, Qt::black, 8));

@@ -55,7 +55,8 @@ TEST(GradientBar, FillsItsFractionFromOneBrandColorToTheOther)
     bar.setFraction(0.5);
     const QImage image = painted(bar);
     const auto distance = [](QRgb pixel, const QColor &color) {
-        return qAbs(qRed(pixel) - color.red()) + qAbs(qGreen(pixel) - color.green()) + qAbs(qBlue(pixel) - color.blue());
+        return qAbs(qRed(pixel) - color.red()) + qAbs(qGreen(pixel) - color.green()) +
+               qAbs(qBlue(pixel) - color.blue());
     };
     EXPECT_LT(distance(image.pixel(1, 5), theme.brandA()), 6);
     EXPECT_LT(distance(image.pixel(98, 5), theme.brandB()), 6);
@@ -97,7 +98,8 @@ TEST(AppIcon, ShowsTheBrandGradientWithRoundCorners)
 
 TEST(KeyText, WritesShortcutsAsTheSystemDoes)
 {
-    EXPECT_EQ(KeyText::text(QStringLiteral("Ctrl+R")), QKeySequence(QStringLiteral("Ctrl+R")).toString(QKeySequence::NativeText));
+    EXPECT_EQ(KeyText::text(QStringLiteral("Ctrl+R")),
+              QKeySequence(QStringLiteral("Ctrl+R")).toString(QKeySequence::NativeText));
     EXPECT_EQ(KeyText::text(QVariant::fromValue(QKeySequence(QKeySequence::Copy))),
               QKeySequence(QKeySequence::Copy).toString(QKeySequence::NativeText));
     EXPECT_EQ(KeyText::text(int(QKeySequence::Copy)),

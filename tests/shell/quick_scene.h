@@ -39,7 +39,10 @@ public:
     [[nodiscard]] QQuickWindow *window() const { return m_window.get(); }
 
     /// The object of that objectName.
-    [[nodiscard]] QObject *object(const char *name) const { return m_window->findChild<QObject *>(QLatin1String(name)); }
+    [[nodiscard]] QObject *object(const char *name) const
+    {
+        return m_window->findChild<QObject *>(QLatin1String(name));
+    }
     [[nodiscard]] QQuickItem *item(const char *name) const { return qobject_cast<QQuickItem *>(object(name)); }
 
     void click(QQuickItem *item) const

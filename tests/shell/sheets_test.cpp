@@ -37,10 +37,7 @@ protected:
     {
         return QTest::qWaitFor([this] { return !scene.object("alert")->property("visible").toBool(); });
     }
-    [[nodiscard]] QString focusedText() const
-    {
-        return scene.window()->activeFocusItem()->property("text").toString();
-    }
+    [[nodiscard]] QString focusedText() const { return scene.window()->activeFocusItem()->property("text").toString(); }
 
     QuickScene scene{alert};
 };

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "shell/ui/store_registration.h"
 #include "shell/quick_scene.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 namespace {

@@ -124,13 +124,14 @@ TEST_F(ThemeTest, EveryTextStandsOutFromEveryGround)
     Theme theme(desktop, nullptr);
     for (const bool dark : {false, true}) {
         theme.setDark(dark);
-        const QColor grounds[] = {theme.window(), theme.sidebar(), theme.band(), theme.surface(), theme.raised(),
-                                  theme.control()};
+        const QColor grounds[] = {theme.window(),  theme.sidebar(), theme.band(),
+                                  theme.surface(), theme.raised(),  theme.control()};
         const QColor texts[] = {theme.t1(),         theme.t2(),       theme.t3(),    theme.accentText(),
                                 theme.dangerText(), theme.warnText(), theme.okText()};
         for (const QColor &ground : grounds) {
             for (const QColor &text : texts)
-                EXPECT_GE(contrast(text, ground), 4.5) << text.name().toStdString() << " on " << ground.name().toStdString();
+                EXPECT_GE(contrast(text, ground), 4.5)
+                    << text.name().toStdString() << " on " << ground.name().toStdString();
             // The grounds of rows lie over these.
             for (const QColor &row : {theme.fillq(), theme.accentRow()}) {
                 for (const QColor &text : {theme.t1(), theme.t2()}) {

@@ -39,8 +39,8 @@ bool isSameOrAncestor(std::string_view folder, std::string_view path)
 /// Whether the item, or a folder that contains it, is among what was removed.
 bool isGone(const std::string &path, std::span<const SelectedEntry> removed)
 {
-    return std::ranges::any_of(
-        removed, [&path](const SelectedEntry &entry) { return isSameOrAncestor(entry.path, path); });
+    return std::ranges::any_of(removed,
+                               [&path](const SelectedEntry &entry) { return isSameOrAncestor(entry.path, path); });
 }
 
 /// Forgets a path and what lies beneath it; whether there was any of it.
@@ -544,7 +544,8 @@ bool StorageStore::dropFromTree(std::span<const SelectedEntry> removed)
     std::erase_if(m_devJunk, [&gone](const DevJunkItem &item) { return gone.contains(item.node.get()); });
     // What contained a removed item has become smaller.
     std::ranges::stable_sort(m_allFiles, std::ranges::greater(), &FileNode::size);
-    std::ranges::stable_sort(m_devJunk, std::ranges::greater(), [](const DevJunkItem &item) { return item.node->size; });
+    std::ranges::stable_sort(m_devJunk, std::ranges::greater(),
+                             [](const DevJunkItem &item) { return item.node->size; });
     discard(std::move(held));
     return true;
 }

@@ -67,8 +67,11 @@ public:
     [[nodiscard]] SidebarItem sidebar() const { return m_sidebar; }
     void setSidebar(SidebarItem item);
     [[nodiscard]] Phase phase() const { return m_phase; }
-    [[nodiscard]] const std::shared_ptr<FileNode> &root() const { return m_root; }                   // treeChanged
-    [[nodiscard]] const std::shared_ptr<FileNode> &currentFolder() const { return m_currentFolder; } // currentFolderChanged
+    [[nodiscard]] const std::shared_ptr<FileNode> &root() const { return m_root; } // treeChanged
+    [[nodiscard]] const std::shared_ptr<FileNode> &currentFolder() const
+    {
+        return m_currentFolder;
+    } // currentFolderChanged
     [[nodiscard]] const std::vector<std::shared_ptr<FileNode>> &allFiles() const { return m_allFiles; }
     [[nodiscard]] const std::vector<TypeSlice> &typeBreakdown() const { return m_typeBreakdown; }
     [[nodiscard]] const std::vector<DevJunkItem> &devJunk() const { return m_devJunk; }
@@ -81,8 +84,8 @@ public:
     [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
     [[nodiscard]] std::int64_t unreadableCount() const { return m_unreadableCount; }
     [[nodiscard]] const std::optional<DiskBreakdown> &breakdown() const { return m_breakdown; } // breakdownChanged
-    [[nodiscard]] bool breakdownLoading() const { return m_breakdownLoading; }                   // breakdownChanged
-    [[nodiscard]] const Selection &selection() const { return m_selection; } // selectionChanged
+    [[nodiscard]] bool breakdownLoading() const { return m_breakdownLoading; }                  // breakdownChanged
+    [[nodiscard]] const Selection &selection() const { return m_selection; }                    // selectionChanged
     [[nodiscard]] bool isRemoving() const { return m_isRemoving; }
     [[nodiscard]] const std::optional<std::string> &toast() const { return m_toast; } // toastChanged; bytes
     /// Whether the toast reports something that went wrong.
@@ -151,13 +154,13 @@ public:
 signals:
     void sidebarChanged();
     void phaseChanged();
-    void treeChanged();          ///< root, allFiles, typeBreakdown, devJunk, unreadableCount, scanDuration
+    void treeChanged(); ///< root, allFiles, typeBreakdown, devJunk, unreadableCount, scanDuration
     void currentFolderChanged();
     void progressChanged();
-    void revisionChanged();      ///< the installed tree itself has changed
+    void revisionChanged(); ///< the installed tree itself has changed
     void volumeChanged();
     void accessChanged();
-    void breakdownChanged();     ///< the breakdown, or whether one is being computed
+    void breakdownChanged(); ///< the breakdown, or whether one is being computed
     void selectionChanged();
     void isRemovingChanged();
     void toastChanged();

@@ -82,8 +82,8 @@ double BreadcrumbModel::separatorWidth() const
 
 double BreadcrumbModel::ellipsisWidth() const
 {
-    return 2 * MapMetrics::crumbPadding()
-           + std::ceil(QFontMetricsF(Theme::instance()->bodyFont()).horizontalAdvance(QStringLiteral("…")));
+    return 2 * MapMetrics::crumbPadding() +
+           std::ceil(QFontMetricsF(Theme::instance()->bodyFont()).horizontalAdvance(QStringLiteral("…")));
 }
 
 void BreadcrumbModel::fit()
@@ -172,9 +172,12 @@ QVariant BreadcrumbModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> BreadcrumbModel::roleNames() const
 {
-    return {{NameRole, "name"},           {IconRole, "icon"},
-            {CurrentRole, "current"},     {CollapsedRole, "collapsed"},
-            {EllipsisBeforeRole, "ellipsisBefore"}, {WidthRole, "crumbWidth"}};
+    return {{NameRole, "name"},
+            {IconRole, "icon"},
+            {CurrentRole, "current"},
+            {CollapsedRole, "collapsed"},
+            {EllipsisBeforeRole, "ellipsisBefore"},
+            {WidthRole, "crumbWidth"}};
 }
 
 void BreadcrumbModel::open(int row)

@@ -44,8 +44,8 @@ QString ExplorerPresenter::fileCount() const
     if (!folder())
         return {};
     const auto count = static_cast<qlonglong>(folder()->fileCount);
-    return QLocale(QLocale::English, QLocale::UnitedStates).toString(count)
-           + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
+    return QLocale(QLocale::English, QLocale::UnitedStates).toString(count) +
+           (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
 }
 
 bool ExplorerPresenter::canGoUp() const
@@ -57,7 +57,8 @@ QString ExplorerPresenter::upText() const
 {
     // "⌘↑" on a Mac, where the key's own name is an arrow already.
     const QString shortcut = QKeySequence(Qt::CTRL | Qt::Key_Up).toString(QKeySequence::NativeText);
-    return QStringLiteral("Up one level (%1)").arg(QString(shortcut).replace(QStringLiteral("Up"), QStringLiteral("↑")));
+    return QStringLiteral("Up one level (%1)")
+        .arg(QString(shortcut).replace(QStringLiteral("Up"), QStringLiteral("↑")));
 }
 
 bool ExplorerPresenter::isEmpty() const

@@ -43,8 +43,8 @@ std::string insidePrefix(const FileNode &folder)
 
 QString smallFilesText(std::int64_t count)
 {
-    return QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qlonglong>(count))
-           + (count == 1 ? QStringLiteral(" smaller file (< 1 MB)") : QStringLiteral(" smaller files (< 1 MB)"));
+    return QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qlonglong>(count)) +
+           (count == 1 ? QStringLiteral(" smaller file (< 1 MB)") : QStringLiteral(" smaller files (< 1 MB)"));
 }
 
 } // namespace
@@ -146,8 +146,7 @@ FolderContentsModel::Marks FolderContentsModel::readMarks() const
     // The selection is in the order of its paths, so what lies inside this folder is one stretch of it, and
     // so is what lies inside each item.
     const std::string prefix = insidePrefix(*m_folder);
-    for (auto entry = selection.lower_bound(prefix);
-         entry != selection.end() && entry->first.starts_with(prefix);) {
+    for (auto entry = selection.lower_bound(prefix); entry != selection.end() && entry->first.starts_with(prefix);) {
         const std::size_t slash = entry->first.find('/', prefix.size());
         std::string name = entry->first.substr(prefix.size(), slash - prefix.size());
         if (slash == std::string::npos) {
@@ -209,8 +208,9 @@ int FolderContentsModel::rowCount(const QModelIndex &parent) const
 
 const FileNode *FolderContentsModel::nodeAt(int row) const
 {
-    return row >= 0 && static_cast<std::size_t>(row) < m_children.size() ? m_children[static_cast<std::size_t>(row)].get()
-                                                                         : nullptr;
+    return row >= 0 && static_cast<std::size_t>(row) < m_children.size()
+               ? m_children[static_cast<std::size_t>(row)].get()
+               : nullptr;
 }
 
 bool FolderContentsModel::isSmallFilesRow(int row) const
@@ -256,8 +256,8 @@ QVariant FolderContentsModel::itemData(const FileNode &node, int row, int role) 
         return checkReason(node);
     case DescriptionRole:
     case Qt::AccessibleTextRole:
-        return displayText(node.name) + QStringLiteral(", ") + displayText(node.kindLabel()) + QStringLiteral(", ")
-               + sizeText(node.size);
+        return displayText(node.name) + QStringLiteral(", ") + displayText(node.kindLabel()) + QStringLiteral(", ") +
+               sizeText(node.size);
     default:
         return {};
     }
@@ -314,18 +314,10 @@ QString FolderContentsModel::checkReason(const FileNode &node) const
 
 QHash<int, QByteArray> FolderContentsModel::roleNames() const
 {
-    return {{NameRole, "name"},
-            {ElideRole, "elideMode"},
-            {SizeTextRole, "sizeText"},
-            {IconKeyRole, "iconKey"},
-            {FractionRole, "fraction"},
-            {BarColorRole, "barColor"},
-            {OpensRole, "opens"},
-            {SmallFilesRole, "smallFiles"},
-            {CheckStateRole, "checkState"},
-            {CheckableRole, "checkable"},
-            {CheckReasonRole, "checkReason"},
-            {DescriptionRole, "description"}};
+    return {{NameRole, "name"},           {ElideRole, "elideMode"},         {SizeTextRole, "sizeText"},
+            {IconKeyRole, "iconKey"},     {FractionRole, "fraction"},       {BarColorRole, "barColor"},
+            {OpensRole, "opens"},         {SmallFilesRole, "smallFiles"},   {CheckStateRole, "checkState"},
+            {CheckableRole, "checkable"}, {CheckReasonRole, "checkReason"}, {DescriptionRole, "description"}};
 }
 
 // --- Actions

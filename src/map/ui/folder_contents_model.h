@@ -27,14 +27,14 @@ class FolderContentsModel : public QAbstractListModel {
 public:
     enum Role {
         NameRole = Qt::UserRole + 1,
-        ElideRole,       ///< Qt::TextElideMode
+        ElideRole, ///< Qt::TextElideMode
         SizeTextRole,
-        IconKeyRole,     ///< empty for the small files
-        FractionRole,    ///< of the largest row, from 0 to 1
-        BarColorRole,    ///< the colour of the item's tile
-        OpensRole,       ///< a folder or a package
+        IconKeyRole,  ///< empty for the small files
+        FractionRole, ///< of the largest row, from 0 to 1
+        BarColorRole, ///< the colour of the item's tile
+        OpensRole,    ///< a folder or a package
         SmallFilesRole,
-        CheckStateRole,  ///< Qt::CheckState
+        CheckStateRole, ///< Qt::CheckState
         CheckableRole,
         CheckReasonRole, ///< why it is not checkable
         DescriptionRole, ///< the row in words

@@ -104,10 +104,10 @@ QMimeData *makeMimeData(const FileNode &node)
     // Percent-encoded from the bytes of the path, so that a name that is no valid text arrives unharmed.
     const std::string path = node.path();
     auto *data = new QMimeData;
-    data->setData(QStringLiteral("text/uri-list"), "file://"
-                      + QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size()))
-                            .toPercentEncoding("/")
-                      + "\r\n");
+    data->setData(QStringLiteral("text/uri-list"),
+                  "file://" +
+                      QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size())).toPercentEncoding("/") +
+                      "\r\n");
     return data;
 }
 

@@ -99,8 +99,7 @@ void TreemapPainter::paintGround(QPainter &painter, const TileFace &tile, const 
 {
     const QColor color = m_tones.fill(tile.color, tile.role, tile.rank);
     const double radius = cornerRadius(tile.rect, tile.role);
-    painter.setRenderHint(QPainter::Antialiasing,
-                          std::min(tile.rect.width(), tile.rect.height()) >= smallestSmoothed);
+    painter.setRenderHint(QPainter::Antialiasing, std::min(tile.rect.width(), tile.rect.height()) >= smallestSmoothed);
     if (radius > 0) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(color);
@@ -152,8 +151,8 @@ void TreemapPainter::paintLabel(QPainter &painter, const TileFace &tile, const Q
     painter.setPen(m_tones.ink(tile.color));
     painter.drawText(line, textFlags | Qt::AlignLeft, name);
 
-    if (tile.rect.height() < place.smallestHeightWithSize
-        || QFontMetricsF(m_fonts.size).horizontalAdvance(tile.sizeText) > width)
+    if (tile.rect.height() < place.smallestHeightWithSize ||
+        QFontMetricsF(m_fonts.size).horizontalAdvance(tile.sizeText) > width)
         return;
     line.translate(0, place.lineHeight);
     painter.setFont(m_fonts.size);

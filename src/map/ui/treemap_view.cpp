@@ -16,10 +16,10 @@
 #include "core/byte_count.h"
 #include "core/store/path_text.h"
 #include "map/ui/tile_info_pill.h"
+#include "map/ui/tree_path.h"
 #include "map/ui/treemap_accessible.h"
 #include "map/ui/treemap_node.h"
 #include "map/ui/treemap_painter.h"
-#include "map/ui/tree_path.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/theme.h"
 
@@ -287,8 +287,8 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
             return;
         }
         const QRectF rect = m_layout.rect(index);
-        ring.show(TreemapPainter::snapped(rect, ratio), TreemapPainter::cornerRadius(rect, m_layout.role(index)),
-                  style, ratio);
+        ring.show(TreemapPainter::snapped(rect, ratio), TreemapPainter::cornerRadius(rect, m_layout.role(index)), style,
+                  ratio);
     };
     const int ofRow = m_layout.tileOfRow(m_highlightedRow);
     showRing(node->hoverRing(), ofRow >= 0 ? ofRow : m_hovered, hoverRingStyle());
@@ -559,8 +559,8 @@ void TreemapView::focusInEvent(QFocusEvent *event)
 QString TreemapView::tileName(int index) const
 {
     const TreemapTile &tile = layout().tile(index);
-    return displayText(tile.label) + QStringLiteral(", ") + QString::fromStdString(formatByteCount(tile.size))
-           + QStringLiteral(", ") + percentText(percentOf(tile.size, m_folder->size));
+    return displayText(tile.label) + QStringLiteral(", ") + QString::fromStdString(formatByteCount(tile.size)) +
+           QStringLiteral(", ") + percentText(percentOf(tile.size, m_folder->size));
 }
 
 bool TreemapView::tileOpens(int index) const

@@ -40,8 +40,7 @@ bool volumeIsFull(const std::string &path)
         return true;
     const bool cannotTell = code == EOPNOTSUPP || code == EISDIR || code == EINVAL; // no nameless files there
     struct statvfs volume {};
-    return cannotTell && ::statvfs(folder.c_str(), &volume) == 0 && volume.f_blocks > 0 &&
-           volume.f_bavail == 0;
+    return cannotTell && ::statvfs(folder.c_str(), &volume) == 0 && volume.f_blocks > 0 && volume.f_bavail == 0;
 }
 
 } // namespace

@@ -8,15 +8,23 @@ std::errc codeOfCocoaError(NSInteger code)
 {
     switch (code) {
     case NSFileNoSuchFileError:
-    case NSFileReadNoSuchFileError: return std::errc::no_such_file_or_directory;
+    case NSFileReadNoSuchFileError:
+        return std::errc::no_such_file_or_directory;
     case NSFileReadNoPermissionError:
-    case NSFileWriteNoPermissionError: return std::errc::permission_denied;
-    case NSFileWriteVolumeReadOnlyError: return std::errc::read_only_file_system;
-    case NSFileWriteOutOfSpaceError: return std::errc::no_space_on_device;
-    case NSFileWriteFileExistsError: return std::errc::file_exists;
-    case NSFeatureUnsupportedError: return std::errc::not_supported; // a volume that has no Trash
-    case NSUserCancelledError: return std::errc::operation_canceled;
-    default: return std::errc::io_error;
+    case NSFileWriteNoPermissionError:
+        return std::errc::permission_denied;
+    case NSFileWriteVolumeReadOnlyError:
+        return std::errc::read_only_file_system;
+    case NSFileWriteOutOfSpaceError:
+        return std::errc::no_space_on_device;
+    case NSFileWriteFileExistsError:
+        return std::errc::file_exists;
+    case NSFeatureUnsupportedError:
+        return std::errc::not_supported; // a volume that has no Trash
+    case NSUserCancelledError:
+        return std::errc::operation_canceled;
+    default:
+        return std::errc::io_error;
     }
 }
 

@@ -27,11 +27,16 @@ std::errc codeOfScriptError(NSInteger number)
     case -1743: // the user forbade it
     case -1744: // the user would have to be asked
         return std::errc::operation_not_permitted;
-    case -1728: return std::errc::no_such_file_or_directory; // no such object
-    case -1712: return std::errc::timed_out;
-    case -600: return std::errc::no_such_process; // the Finder is not running
-    case -128: return std::errc::operation_canceled;
-    default: return std::errc::io_error;
+    case -1728:
+        return std::errc::no_such_file_or_directory; // no such object
+    case -1712:
+        return std::errc::timed_out;
+    case -600:
+        return std::errc::no_such_process; // the Finder is not running
+    case -128:
+        return std::errc::operation_canceled;
+    default:
+        return std::errc::io_error;
     }
 }
 

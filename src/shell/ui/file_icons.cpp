@@ -15,8 +15,8 @@ constexpr QByteArray::Base64Options keyEncoding = QByteArray::Base64UrlEncoding 
 QString fileIconKey(const std::string &path, FileNode::Kind kind)
 {
     const std::string standing = iconPath(path, kind);
-    return QString::number(static_cast<int>(kind)) + u'/'
-         + QString::fromLatin1(QByteArray::fromStdString(standing).toBase64(keyEncoding));
+    return QString::number(static_cast<int>(kind)) + u'/' +
+           QString::fromLatin1(QByteArray::fromStdString(standing).toBase64(keyEncoding));
 }
 
 QString fileIconKey(const FileNode &node)

@@ -23,17 +23,28 @@ std::string_view iconName(FileType type, FileNode::Kind kind)
     if (kind == FileNode::Kind::package)
         return type == FileType::app ? "app-window" : "package";
     switch (type) {
-    case FileType::video: return "file-video";
-    case FileType::image: return "file-image";
-    case FileType::audio: return "file-audio";
-    case FileType::archive: return "file-zip";
-    case FileType::diskImage: return "hard-drive";
-    case FileType::app: return "app-window";
-    case FileType::document: return "file-text";
-    case FileType::code: return "file-code";
-    case FileType::folder: return "folder";
-    case FileType::small: return "files";
-    case FileType::other: break;
+    case FileType::video:
+        return "file-video";
+    case FileType::image:
+        return "file-image";
+    case FileType::audio:
+        return "file-audio";
+    case FileType::archive:
+        return "file-zip";
+    case FileType::diskImage:
+        return "hard-drive";
+    case FileType::app:
+        return "app-window";
+    case FileType::document:
+        return "file-text";
+    case FileType::code:
+        return "file-code";
+    case FileType::folder:
+        return "folder";
+    case FileType::small:
+        return "files";
+    case FileType::other:
+        break;
     }
     return "file";
 }

@@ -16,7 +16,8 @@ namespace corvane {
 [[nodiscard]] QImage renderIcon(std::string_view icon, IconWeight weight, const QColor &color, int pixels);
 
 /// The system's own drawing of a symbol (a name of `allSymbols()`), or a null image where it has none.
-using SystemSymbols = std::function<QImage(std::string_view symbol, IconWeight weight, const QColor &color, int pixels)>;
+using SystemSymbols =
+    std::function<QImage(std::string_view symbol, IconWeight weight, const QColor &color, int pixels)>;
 
 /// Gives QML its icons: image://icon/NAME/WEIGHT/AARRGGBB by the icon's own name, and
 /// image://symbol/NAME/WEIGHT/AARRGGBB by a symbol's name, where the weight "rest" means the symbol's own.

@@ -7,8 +7,8 @@ namespace corvane {
 QString KeyText::text(const QVariant &shortcut)
 {
     const QKeySequence keys = shortcut.metaType() == QMetaType::fromType<int>()
-                                ? QKeySequence(static_cast<QKeySequence::StandardKey>(shortcut.toInt()))
-                                : shortcut.value<QKeySequence>();
+                                  ? QKeySequence(static_cast<QKeySequence::StandardKey>(shortcut.toInt()))
+                                  : shortcut.value<QKeySequence>();
     return keys.toString(QKeySequence::NativeText);
 }
 

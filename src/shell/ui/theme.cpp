@@ -226,8 +226,8 @@ Theme *Theme::create(QQmlEngine *, QJSEngine *)
 bool Theme::eventFilter(QObject *watched, QEvent *event)
 {
     // The user may have changed a setting while another program was in front.
-    if (watched == qApp
-        && (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::ApplicationStateChange))
+    if (watched == qApp &&
+        (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::ApplicationStateChange))
         followSystem();
     return QObject::eventFilter(watched, event);
 }
@@ -235,8 +235,8 @@ bool Theme::eventFilter(QObject *watched, QEvent *event)
 void Theme::followSystem()
 {
     const std::optional<bool> setting = m_setting ? m_setting->prefersDark() : std::nullopt;
-    const bool dark = m_darkIsFixed ? m_dark
-                                    : setting.value_or(QGuiApplication::palette().window().color().lightnessF() < 0.5f);
+    const bool dark =
+        m_darkIsFixed ? m_dark : setting.value_or(QGuiApplication::palette().window().color().lightnessF() < 0.5f);
     const bool reduced = m_reducedMotionIsFixed ? m_reducedMotion : m_desktop.prefersReducedMotion();
     if (dark == m_dark && reduced == m_reducedMotion)
         return;

@@ -67,13 +67,13 @@ class Theme : public QObject {
     Q_PROPERTY(QColor dangerFillHover READ dangerFillHover NOTIFY changed)
     Q_PROPERTY(QColor dangerFillPress READ dangerFillPress NOTIFY changed)
     Q_PROPERTY(QColor checkOutline READ checkOutline NOTIFY changed)
-    Q_PROPERTY(QColor panelOutline READ panelOutline NOTIFY changed)       // around what floats
-    Q_PROPERTY(QColor scrimNested READ scrimNested NOTIFY changed)         // under an alert that covers a sheet
+    Q_PROPERTY(QColor panelOutline READ panelOutline NOTIFY changed) // around what floats
+    Q_PROPERTY(QColor scrimNested READ scrimNested NOTIFY changed)   // under an alert that covers a sheet
     // Fixed colours.
     Q_PROPERTY(QColor brandA READ brandA CONSTANT)
     Q_PROPERTY(QColor brandB READ brandB CONSTANT)
-    Q_PROPERTY(QColor onFill READ onFill CONSTANT)             // text and glyphs on accentFill, dangerFill, toast
-    Q_PROPERTY(QColor onFillRule READ onFillRule CONSTANT)     // hairline on accentFill
+    Q_PROPERTY(QColor onFill READ onFill CONSTANT)         // text and glyphs on accentFill, dangerFill, toast
+    Q_PROPERTY(QColor onFillRule READ onFillRule CONSTANT) // hairline on accentFill
     Q_PROPERTY(QColor toastOk READ toastOk CONSTANT)
     Q_PROPERTY(QColor toastWarning READ toastWarning CONSTANT)
     Q_PROPERTY(QColor folderIcon READ folderIcon CONSTANT)

@@ -14,7 +14,9 @@ TEST(DisplayText, KeepsWhatIsValidText)
 
 TEST(DisplayText, BytesThatAreNotUtf8BecomeReplacementCharacters)
 {
-    EXPECT_EQ(displayText("a\xff" "b"), QStringLiteral("a\uFFFDb"));
+    EXPECT_EQ(displayText("a\xff"
+                          "b"),
+              QStringLiteral("a\uFFFDb"));
 }
 
 TEST(DisplayText, ControlCharactersBecomeTheirPicturesSoThatANameStaysOnOneLine)

@@ -393,7 +393,8 @@ TEST_F(StorageStoreTest, WhatIsRemovedDuringAScanIsNotInItsTree)
     Gate gate(*fake.log, "list " + at("Projects/deep")); // the walk may have seen the movies by then, or not
     store.scanHome();
     ASSERT_TRUE(gate.waitUntilReached());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.log->linesStartingWith("list " + at("Movies")).empty(); }, patience));
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return !fake.log->linesStartingWith("list " + at("Movies")).empty(); }, patience));
     fake.files.take(at("Movies/a.mov"));
     store.didRemove({{{at("Movies/a.mov"), 3'000'000}}, {}}, false);
     gate.open();

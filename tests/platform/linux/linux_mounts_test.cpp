@@ -38,7 +38,8 @@ protected:
 
     void expectNothingIsGone() const
     {
-        for (const char *item : {"home/original/precious", "home/work/a/file", "home/work/z/file", "home/work/m/mounted"})
+        for (const char *item :
+             {"home/original/precious", "home/work/a/file", "home/work/z/file", "home/work/m/mounted"})
             EXPECT_TRUE(m_home.folder.has(item)) << item;
         EXPECT_FALSE(m_home.folder.has("home/data/Trash/files/work"));
         EXPECT_FALSE(m_home.folder.has("home/data/Trash/files/USB"));
@@ -76,10 +77,9 @@ TEST_P(LinuxMounts, AMountPointWithBlanksInItsNameIsRecognised)
 TEST_P(LinuxMounts, AnotherFileSystemIsNotEmptied)
 {
     const std::string point = m_home.folder / "home/work/m/mounted";
-    const std::string answer = m_home.runSandboxed({"--tmpfs", point}, "cd '" + point + "'; echo kept > item\n" +
-                                                                           "$probe " + GetParam() + " '" + point +
-                                                                           "'\n$probe " + GetParam() + " '" +
-                                                                           m_home.folder / "home/work" + "'\ncat item");
+    const std::string answer = m_home.runSandboxed(
+        {"--tmpfs", point}, "cd '" + point + "'; echo kept > item\n" + "$probe " + GetParam() + " '" + point +
+                                "'\n$probe " + GetParam() + " '" + m_home.folder / "home/work" + "'\ncat item");
     EXPECT_EQ(answer, mountedThere + "\n" + mountedInside + "\nkept");
     expectNothingIsGone();
 }
@@ -95,9 +95,9 @@ TEST_P(LinuxMounts, ANeighbourWhoseNameOnlyBeginsLikeAMountPointGoes)
 TEST_P(LinuxMounts, WhereTheMountsCannotBeToldNoFolderGoesButAFileDoes)
 {
     m_home.folder.writeText("home/file", "x");
-    const std::string answer =
-        m_home.runSandboxed({"--tmpfs", "/proc"}, "$probe " + GetParam() + " '" + m_home.folder / "home/work" +
-                                                      "'\n$probe " + GetParam() + " '" + m_home.folder / "home/file" + "'");
+    const std::string answer = m_home.runSandboxed(
+        {"--tmpfs", "/proc"}, "$probe " + GetParam() + " '" + m_home.folder / "home/work" + "'\n$probe " + GetParam() +
+                                  " '" + m_home.folder / "home/file" + "'");
     EXPECT_EQ(answer, "2 The system does not tell which disks are mounted.\ndone");
     EXPECT_FALSE(m_home.folder.has("home/file"));
     expectNothingIsGone();

@@ -334,10 +334,10 @@ TEST(LinuxTrash, ForgettingDropsNothingButTheRecordOfAnItemThatIsGone)
     const ProbeHome home;
     home.folder.writeText("home/data/Trash/files/here", "x");
     home.folder.writeText("home/data/Trash/files/folder/files/x", "x");
-    const std::vector<std::string> records{
-        "home/data/Trash/info/here.trashinfo", // its item is still there
-        "home/data/Trash/info/inner.trashinfo", "home/data/Trash/files/folder/info/inner.trashinfo",
-        "home/project/info/inner.trashinfo"};
+    const std::vector<std::string> records{"home/data/Trash/info/here.trashinfo", // its item is still there
+                                           "home/data/Trash/info/inner.trashinfo",
+                                           "home/data/Trash/files/folder/info/inner.trashinfo",
+                                           "home/project/info/inner.trashinfo"};
     for (const std::string &record : records)
         home.folder.writeText(record, "x");
     for (const char *path : {"home/data/Trash/files/here", "home/data/Trash/files/folder/inner",

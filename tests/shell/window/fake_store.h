@@ -23,10 +23,9 @@ struct FakeStore {
     /// Bytes that the volume says are free from now on.
     void setAvailable(std::int64_t bytes)
     {
-        fake.volumes.set("/", {.name = "Macintosh HD",
-                               .total = 994'662'584'320,
-                               .available = bytes,
-                               .availableForImportantUse = {}});
+        fake.volumes.set(
+            "/",
+            {.name = "Macintosh HD", .total = 994'662'584'320, .available = bytes, .availableForImportantUse = {}});
     }
 
     /// Selects an item of the home folder.

@@ -92,12 +92,15 @@ TEST_F(ScanControls, ProgressIsWrittenForPeople)
     EXPECT_EQ(presenter.filesCounted(), "0");
     EXPECT_EQ(presenter.spaceFound(), "Zero KB");
 
-    fake.store.progress()->record(187'406, 418'920'000'000, "/home/studio/Mov\xff" "ies");
+    fake.store.progress()->record(187'406, 418'920'000'000,
+                                  "/home/studio/Mov\xff"
+                                  "ies");
     QTRY_COMPARE(presenter.filesCounted(), QStringLiteral("187,406"));
     EXPECT_TRUE(presenter.isScanning());
     EXPECT_EQ(presenter.filesCounted(), "187,406");
     EXPECT_EQ(presenter.spaceFound(), "418.92 GB");
-    EXPECT_EQ(presenter.currentPath(), QString::fromUtf8("/home/studio/Mov\xef\xbf\xbd" "ies"));
+    EXPECT_EQ(presenter.currentPath(), QString::fromUtf8("/home/studio/Mov\xef\xbf\xbd"
+                                                         "ies"));
 }
 
 TEST_F(ScanControls, ADroppedFolderIsScanned)

@@ -35,7 +35,8 @@ TEST_F(Toast, NamesThatAreNotTextStayOnOneLine)
 {
     fake.store.showToast("a\nb\xff: refused", true);
     EXPECT_TRUE(presenter.isWarning());
-    EXPECT_EQ(presenter.text(), QString::fromUtf8("a\xe2\x90\x8a" "b\xef\xbf\xbd: refused"));
+    EXPECT_EQ(presenter.text(), QString::fromUtf8("a\xe2\x90\x8a"
+                                                  "b\xef\xbf\xbd: refused"));
 }
 
 TEST_F(Toast, GoesByItselfAndKeepsItsTextWhileItFades)

@@ -12,8 +12,8 @@ void registerFonts()
     static const bool done = [] {
         for (const char *family : {"InterText", "InterTabular"}) {
             for (const char *weight : {"Regular", "Medium", "SemiBold", "Bold"}) {
-                const auto file = QStringLiteral(":/corvane/fonts/%1-%2.ttf")
-                                      .arg(QLatin1String(family), QLatin1String(weight));
+                const auto file =
+                    QStringLiteral(":/corvane/fonts/%1-%2.ttf").arg(QLatin1String(family), QLatin1String(weight));
                 if (QFontDatabase::addApplicationFont(file) < 0)
                     qWarning("The embedded font %s cannot be read", qPrintable(file));
             }

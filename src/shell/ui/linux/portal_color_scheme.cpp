@@ -38,7 +38,7 @@ public:
         qRegisterMetaType<QDBusVariant>();
         QDBusConnection bus = QDBusConnection::sessionBus();
         bus.connect(service, object, interface, QStringLiteral("SettingChanged"), this,
-                    SLOT(onSettingChanged(QString,QString,QDBusVariant)));
+                    SLOT(onSettingChanged(QString, QString, QDBusVariant)));
 
         QDBusMessage read = QDBusMessage::createMethodCall(service, object, interface, QStringLiteral("Read"));
         read << settingGroup << settingKey;
@@ -66,8 +66,9 @@ private:
     {
         // 1 is dark, 2 is light, 0 and anything later is no preference.
         const uint scheme = unwrapped(value).toUInt();
-        const std::optional<bool> prefersDark =
-            scheme == 1 ? std::optional(true) : scheme == 2 ? std::optional(false) : std::nullopt;
+        const std::optional<bool> prefersDark = scheme == 1   ? std::optional(true)
+                                                : scheme == 2 ? std::optional(false)
+                                                              : std::nullopt;
         if (prefersDark == m_prefersDark)
             return;
         m_prefersDark = prefersDark;
@@ -80,8 +81,8 @@ private:
 /// Whether a session bus runs already: asking for it must not start one.
 bool hasSessionBus()
 {
-    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
-        || QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
+           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
 }
 
 } // namespace

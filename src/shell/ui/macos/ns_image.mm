@@ -11,10 +11,10 @@ QImage rasterized(NSImage *picture, int pixels)
     QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     CGColorSpaceRef colors = CGColorSpaceCreateWithName(kCGColorSpaceSRGB);
-    CGContextRef context = CGBitmapContextCreate(
-        image.bits(), static_cast<std::size_t>(pixels), static_cast<std::size_t>(pixels), 8,
-        static_cast<std::size_t>(image.bytesPerLine()), colors,
-        CGBitmapInfo(kCGImageAlphaPremultipliedFirst) | kCGBitmapByteOrder32Host);
+    CGContextRef context =
+        CGBitmapContextCreate(image.bits(), static_cast<std::size_t>(pixels), static_cast<std::size_t>(pixels), 8,
+                              static_cast<std::size_t>(image.bytesPerLine()), colors,
+                              CGBitmapInfo(kCGImageAlphaPremultipliedFirst) | kCGBitmapByteOrder32Host);
     CGColorSpaceRelease(colors);
     if (context == nullptr)
         return {};

@@ -16,17 +16,21 @@ NSImage *symbolNamed(std::string_view symbol, IconWeight weight)
     NSString *name = [[NSString alloc] initWithBytes:symbol.data() length:symbol.size() encoding:NSUTF8StringEncoding];
     NSImage *picture = nil;
     if (weight == IconWeight::fill)
-        picture = [NSImage imageWithSystemSymbolName:[name stringByAppendingString:@".fill"] accessibilityDescription:nil];
+        picture = [NSImage imageWithSystemSymbolName:[name stringByAppendingString:@".fill"]
+                            accessibilityDescription:nil];
     return picture != nil ? picture : [NSImage imageWithSystemSymbolName:name accessibilityDescription:nil];
 }
 
 NSFontWeight stroke(IconWeight weight)
 {
     switch (weight) {
-    case IconWeight::bold: return NSFontWeightBold;
-    case IconWeight::light: return NSFontWeightLight;
+    case IconWeight::bold:
+        return NSFontWeightBold;
+    case IconWeight::light:
+        return NSFontWeightLight;
     case IconWeight::regular:
-    case IconWeight::fill: break;
+    case IconWeight::fill:
+        break;
     }
     return NSFontWeightRegular;
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QString>
-#include <QList>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 

@@ -137,7 +137,10 @@ QVariant SelectionReviewModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> SelectionReviewModel::roleNames() const
 {
-    return {{NameRole, "name"}, {PathRole, "path"}, {SizeRole, "size"}, {IconKeyRole, "iconKey"},
+    return {{NameRole, "name"},
+            {PathRole, "path"},
+            {SizeRole, "size"},
+            {IconKeyRole, "iconKey"},
             {DropTitleRole, "dropTitle"}};
 }
 

@@ -22,8 +22,8 @@ class SelectionReviewModel : public QAbstractListModel {
 public:
     enum Role {
         NameRole = Qt::UserRole + 1,
-        PathRole,      ///< to be shown: the home folder is "~"
-        SizeRole,      ///< as text
+        PathRole, ///< to be shown: the home folder is "~"
+        SizeRole, ///< as text
         IconKeyRole,
         DropTitleRole, ///< the name of the button that drops the entry
     };

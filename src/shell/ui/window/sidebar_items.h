@@ -13,7 +13,7 @@ struct SidebarItemInfo {
     enum class Section { storage, findAndRemove };
 
     StorageStore::SidebarItem item;
-    QString key;    ///< the item's raw value, such as "explorer"
+    QString key; ///< the item's raw value, such as "explorer"
     QString title;
     QString symbol;
     Section section;

@@ -148,9 +148,12 @@ QVariant SidebarModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> SidebarModel::roleNames() const
 {
-    return {{KeyRole, "key"},         {TitleRole, "title"},
-            {SymbolRole, "symbol"},   {SectionRole, "section"},
-            {StartsSectionRole, "startsSection"}, {CurrentRole, "current"},
+    return {{KeyRole, "key"},
+            {TitleRole, "title"},
+            {SymbolRole, "symbol"},
+            {SectionRole, "section"},
+            {StartsSectionRole, "startsSection"},
+            {CurrentRole, "current"},
             {ShortcutRole, "keys"}};
 }
 

@@ -38,7 +38,7 @@ public:
         SectionRole,       ///< the section's title
         StartsSectionRole, ///< whether the section's title stands above the row
         CurrentRole,
-        ShortcutRole,      ///< "Ctrl+1" for the first row, and so on
+        ShortcutRole, ///< "Ctrl+1" for the first row, and so on
     };
 
     explicit SidebarModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
