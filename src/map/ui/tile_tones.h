@@ -1,19 +1,21 @@
 #pragma once
 
-#include <tuple>
-
 #include <QColor>
 #include <QHash>
 
 #include "core/color.h"
-#include "map/tile_colors.h"
 
 namespace corvane {
 
-using TileRole = TileColors::Role;
+/// What a tile is drawn as.
+enum class TileRole {
+    frame, ///< a folder whose own items are drawn inside it
+    leaf,  ///< any other item of the folder shown
+    nested ///< an item inside a frame
+};
 
-/// The engine's tile colours for Qt, light or dark. Remembers what it has asked for: each takes several
-/// looks at the contrast. One thread.
+/// The colours that a tile's own colour becomes on the map, light or dark: its ground and the ink on it,
+/// each with enough contrast for a line of text. Remembers what it has worked out; one thread.
 class TileTones {
 public:
     explicit TileTones(bool dark) : m_dark(dark) {}
@@ -24,19 +26,17 @@ public:
     [[nodiscard]] QColor fill(const Color &color, TileRole role, double rank = 0);
 
     /// Names, the hatch and the mark of a selected tile.
-    [[nodiscard]] QColor ink(const Color &color);
+    [[nodiscard]] QColor ink(const Color &color) const;
 
     /// The size below a name: the ink, a little weaker.
-    [[nodiscard]] QColor sizeInk(const Color &color);
+    [[nodiscard]] QColor sizeInk(const Color &color) const;
 
     /// What stands on a disc of ink.
     [[nodiscard]] QColor onInk() const;
 
 private:
-    [[nodiscard]] TileColors colors(const Color &color, TileRole role, double rank);
-
     bool m_dark;
-    QHash<std::tuple<QRgb, int, double>, TileColors> m_known; ///< by colour, role and rank
+    QHash<quint64, QRgb> m_fills;
 };
 
 /// A colour of the engine as Qt has it, in eight bits.
