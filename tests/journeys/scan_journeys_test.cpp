@@ -1,0 +1,217 @@
+#include "core/byte_count.h"
+#include "journeys/held_listing.h"
+#include "journeys/journey.h"
+
+namespace corvane {
+namespace {
+
+using testing::ElementsAre;
+
+class ScanJourney : public Journey {
+protected:
+    /// A home of which one folder keeps the scan waiting; what lies around it is soon counted.
+    void addSlowHome()
+    {
+        addFile("Movies/film.mkv", 3);
+        addFile("Slow/early.bin", 2);
+        addFile("Slow/Deeper/late.bin", 5);
+        m_held.emplace(at("Slow"));
+    }
+    void releaseSlowFolder() { m_held->release(); }
+    /// The scan has counted what it can and waits for the slow folder.
+    void waitForSlowScan()
+    {
+        waitUntil([&] { return m_held->isReached() && store().scannedFiles() == 1; }, QStringLiteral("a slow scan"));
+    }
+
+    QObject &folderDialog() { return *window().findChild<QObject *>(QStringLiteral("folderDialog")); }
+    bool folderDialogIsOpen() { return folderDialog().property("visible").toBool(); }
+
+private:
+    std::optional<HeldListing> m_held;
+};
+
+TEST_F(ScanJourney, BeforeAScanTheSpaceMapAsksForOne)
+{
+    addFile("Movies/film.mkv", 3);
+
+    open();
+
+    EXPECT_TRUE(shows(QStringLiteral("Scan first to see Space Map")));
+    EXPECT_FALSE(isShown(QStringLiteral("map")));
+    EXPECT_EQ(store().phase(), StorageStore::Phase::idle) << "nothing is scanned until somebody asks";
+}
+
+TEST_F(ScanJourney, ScanButtonScansTheHomeFolderAndShowsWhatItsItemsReallyOccupy)
+{
+    addFile("Movies/film.mkv", 6);
+    addFile("Movies/Exports/cut.mov", 3);
+    addFile("Music/song.flac", 2);
+    folder().writeSparse("home/Music/hole.wav", 500 * mebibyte);
+    folder().writeText("home/notes.txt", "hello");
+    const auto occupied = [&](const char *relative) { return folder().allocated(std::string("home/") + relative); };
+    const std::int64_t movies = occupied("Movies/film.mkv") + occupied("Movies/Exports/cut.mov");
+    const std::int64_t music = occupied("Music/song.flac") + occupied("Music/hole.wav");
+    const std::int64_t notes = occupied("notes.txt");
+
+    openAndScan();
+
+    EXPECT_EQ(way(), "home");
+    EXPECT_THAT(rows(), ElementsAre("Movies " + formatByteCount(movies), "Music " + formatByteCount(music),
+                                    "1 smaller file (< 1 MB) " + formatByteCount(notes)));
+    EXPECT_THAT(tiles(), ElementsAre("Movies", "Music"));
+    EXPECT_TRUE(shows(QString::fromStdString(formatByteCount(movies + music + notes))));
+    EXPECT_TRUE(shows(QStringLiteral("5 files")));
+    EXPECT_TRUE(shows(QStringLiteral("Rescan")));
+}
+
+TEST_F(ScanJourney, WhileItScansTheWindowTellsHowFarItHasCome)
+{
+    addSlowHome();
+    open();
+
+    click(QStringLiteral("scanButton"));
+    waitForSlowScan();
+
+    waitForText(QStringLiteral("1"));
+    EXPECT_TRUE(shows(QStringLiteral("Files counted")));
+    EXPECT_TRUE(shows(QStringLiteral("3.1 MB")));
+    EXPECT_TRUE(shows(QStringLiteral("Space found")));
+    EXPECT_TRUE(shows(QStringLiteral("Scanning home")));
+    EXPECT_TRUE(shows(QString::fromStdString(at("Movies"))));
+    EXPECT_FALSE(isShown(QStringLiteral("map")));
+
+    releaseSlowFolder();
+    waitForText(QStringLiteral("Rescan"));
+    EXPECT_THAT(rows(), ElementsAre("Slow 7.3 MB", "Movies 3.1 MB"));
+}
+
+TEST_F(ScanJourney, StopButtonShowsWhatWasFoundSoFar)
+{
+    addSlowHome();
+    open();
+    click(QStringLiteral("requiresScan.scan"));
+    waitForSlowScan();
+
+    click(QStringLiteral("requiresScan.stop"));
+    releaseSlowFolder();
+
+    waitForToast();
+    EXPECT_EQ(toast(), "Scan stopped — showing partial results");
+    EXPECT_EQ(store().phase(), StorageStore::Phase::ready);
+    EXPECT_THAT(rows(), ElementsAre("Movies 3.1 MB", "Slow 2.1 MB"));
+}
+
+TEST_F(ScanJourney, StopScanInTheToolbarShowsWhatWasFoundSoFar)
+{
+    addSlowHome();
+    open();
+    click(QStringLiteral("requiresScan.scan"));
+    waitForSlowScan();
+    EXPECT_TRUE(shows(QStringLiteral("Stop Scan")));
+
+    click(QStringLiteral("stopScanButton"));
+    releaseSlowFolder();
+
+    waitForToast();
+    EXPECT_EQ(toast(), "Scan stopped — showing partial results");
+    EXPECT_EQ(store().phase(), StorageStore::Phase::ready);
+    EXPECT_THAT(rows(), ElementsAre("Movies 3.1 MB", "Slow 2.1 MB"));
+}
+
+TEST_F(ScanJourney, AScanStartedDuringAnotherIsShownAndTheOtherNever)
+{
+    addSlowHome();
+    folder().writeFile("elsewhere/new/fresh.iso", 4 * mebibyte);
+    open();
+    std::vector<std::string> shownRoots;
+    QObject::connect(&store(), &StorageStore::treeChanged, &window(), [&] {
+        if (store().root())
+            shownRoots.push_back(store().root()->name);
+    });
+    press(Qt::Key_R, Qt::ControlModifier);
+    waitForSlowScan();
+    const std::shared_ptr<ScanProgress> older = store().progress();
+
+    drop({QUrl::fromLocalFile(QString::fromStdString(folder() / "elsewhere/new"))});
+    waitForWay("new");
+    EXPECT_THAT(rows(), ElementsAre("fresh.iso 4.2 MB"));
+
+    releaseSlowFolder();
+    waitUntil([&] { return older.use_count() == 1; }, QStringLiteral("the older result to arrive"));
+    EXPECT_THAT(shownRoots, ElementsAre("new"));
+    EXPECT_EQ(way(), "new");
+    EXPECT_EQ(toast(), "");
+}
+
+TEST_F(ScanJourney, CtrlRScansTheHomeFolderAgain)
+{
+    addFile("Movies/film.mkv", 3);
+    open();
+
+    press(Qt::Key_R, Qt::ControlModifier);
+    waitForWay("home");
+    EXPECT_THAT(rows(), ElementsAre("Movies 3.1 MB"));
+
+    addFile("Music/song.flac", 2);
+    press(Qt::Key_R, Qt::ControlModifier);
+    waitUntil([&] { return isScanned() && isShown(QStringLiteral("contents")); }, QStringLiteral("the scan's end"));
+    EXPECT_THAT(rows(), ElementsAre("Movies 3.1 MB", "Music 2.1 MB"));
+}
+
+TEST_F(ScanJourney, CtrlOAsksForAFolderAndEscapeLeavesEverythingAsItIs)
+{
+    addFile("Movies/film.mkv", 3);
+    openAndScan();
+
+    press(Qt::Key_O, Qt::ControlModifier);
+    waitUntil([&] { return folderDialogIsOpen(); }, QStringLiteral("the folder dialog"));
+
+    press(Qt::Key_Escape);
+    waitUntil([&] { return !folderDialogIsOpen(); }, QStringLiteral("the folder dialog to close"));
+    EXPECT_EQ(store().phase(), StorageStore::Phase::ready);
+    EXPECT_THAT(rows(), ElementsAre("Movies 3.1 MB"));
+}
+
+TEST_F(ScanJourney, AFolderDroppedOnTheWindowIsScanned)
+{
+    folder().writeFile("elsewhere/disk one/film.mkv", 3 * mebibyte);
+    open();
+
+    drop({QUrl::fromLocalFile(QString::fromStdString(folder() / "elsewhere/disk one"))});
+
+    waitForWay("disk one");
+    EXPECT_THAT(rows(), ElementsAre("film.mkv 3.1 MB"));
+}
+
+TEST_F(ScanJourney, AFileDroppedOnTheWindowIsRefusedAndNothingIsLost)
+{
+    addFile("Movies/film.mkv", 3);
+    openAndScan();
+
+    drop({QUrl::fromLocalFile(QString::fromStdString(at("Movies/film.mkv")))});
+
+    waitForToast();
+    EXPECT_EQ(toast(), "Can't scan film.mkv: it is not a folder");
+    EXPECT_TRUE(store().toastIsWarning());
+    EXPECT_THAT(rows(), ElementsAre("Movies 3.1 MB"));
+}
+
+TEST_F(ScanJourney, AFolderThatIsGoneBeforeItsScanIsReportedAndNothingIsLost)
+{
+    addFile("Movies/film.mkv", 3);
+    const std::string gone = folder().makeFolder("elsewhere/gone");
+    openAndScan();
+    std::filesystem::remove(gone);
+
+    drop({QUrl::fromLocalFile(QString::fromStdString(gone))});
+
+    waitForToast();
+    EXPECT_EQ(toast(), "Can't scan gone: No such file or directory");
+    EXPECT_TRUE(store().toastIsWarning());
+    EXPECT_EQ(way(), "home");
+    EXPECT_THAT(rows(), ElementsAre("Movies 3.1 MB"));
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,100 @@
+#include <QGuiApplication>
+#include <QTimer>
+
+#include "journeys/held_listing.h"
+#include "journeys/journey.h"
+#include "shell/ui/theme.h"
+
+namespace corvane {
+namespace {
+
+class WindowJourney : public Journey {
+protected:
+    void openHome()
+    {
+        addFile("Projects/Exports/cut.mov", 4);
+        addFile("Games/world.dat", 2);
+        openAndScan();
+    }
+    /// Runs the program until its last window is closed, or, failing that, until the test has waited long enough.
+    int runUntilClosed()
+    {
+        constexpr int patience = 20'000; // milliseconds
+        QTimer::singleShot(0, &window(), &QWindow::close);
+        QTimer::singleShot(patience, &window(), [] { QCoreApplication::exit(1); });
+        return QGuiApplication::exec();
+    }
+    /// The colour of the window's pixel in the middle of the band above the sidebar.
+    QColor bandColor() { return driver().picture().pixelColor(140, 4); }
+};
+
+TEST_F(WindowJourney, ClosingTheWindowEndsTheProgram)
+{
+    openHome();
+
+    EXPECT_EQ(runUntilClosed(), 0);
+}
+
+TEST_F(WindowJourney, ClosingTheWindowDuringAScanEndsTheProgram)
+{
+    addFile("Slow/Deeper/late.bin", 5);
+    HeldListing slow(at("Slow"));
+    open();
+    click(QStringLiteral("scanButton"));
+    waitUntil([&] { return slow.isReached(); }, QStringLiteral("a slow scan"));
+
+    EXPECT_EQ(runUntilClosed(), 0);
+    slow.release();
+    quit();
+}
+
+TEST_F(WindowJourney, ItTurnsDarkAndLightWhileItRuns)
+{
+    openHome();
+    tick(QStringLiteral("Projects"));
+    waitForSelectionBar();
+    const QColor light = bandColor();
+    const QColor lightMap = map().picture().pixelColor(40, 60);
+
+    Theme::instance()->setDark(true);
+    waitUntil([&] { return bandColor().lightnessF() < 0.3F; }, QStringLiteral("a dark window"));
+    EXPECT_NE(map().picture().pixelColor(40, 60), lightMap);
+    EXPECT_TRUE(shows(QStringLiteral("1 item selected")));
+
+    Theme::instance()->setDark(false);
+    waitUntil([&] { return bandColor() == light; }, QStringLiteral("a light window"));
+}
+
+TEST_F(WindowJourney, EscapeAndAClickPutAMessageAway)
+{
+    openHome();
+    store().showToast("a message");
+    waitForToast();
+    press(Qt::Key_Escape);
+    waitUntil([&] { return !isShown(QStringLiteral("toast")); }, QStringLiteral("the message to go"));
+
+    store().showToast("another message");
+    waitForToast();
+    click(QStringLiteral("toast"));
+    waitUntil([&] { return !isShown(QStringLiteral("toast")); }, QStringLiteral("the message to go"));
+}
+
+TEST_F(WindowJourney, NoKeyReachesTheWindowBehindASheet)
+{
+    openHome();
+    tick(QStringLiteral("Games"));
+    waitForSelectionBar();
+    click(QStringLiteral("reviewButton"));
+    waitForPopup(QStringLiteral("reviewSheet"));
+    const std::shared_ptr<FileNode> before = store().root();
+
+    press(Qt::Key_R, Qt::ControlModifier);
+    press(Qt::Key_Backspace, Qt::ControlModifier);
+
+    EXPECT_EQ(store().root(), before);
+    EXPECT_FALSE(store().isRemoving());
+    EXPECT_TRUE(exists("Games/world.dat"));
+}
+
+} // namespace
+} // namespace corvane
