@@ -36,7 +36,7 @@ class Pool {
 public:
     void perform(Job &job)
     {
-        const bool isNested = t_isWorking;
+        const bool isNested = isWorkingHere;
         std::unique_lock lock(m_lock);
         if (!isNested)
             ++m_working;
@@ -44,9 +44,9 @@ public:
         wakeHelpers(job.iterations - 1);
         lock.unlock();
 
-        t_isWorking = true;
+        isWorkingHere = true;
         while (takeOne(job)) {}
-        t_isWorking = isNested;
+        isWorkingHere = isNested;
 
         lock.lock();
         m_jobs.erase(position);
@@ -113,7 +113,7 @@ private:
 
     void help()
     {
-        t_isWorking = true;
+        isWorkingHere = true;
         std::unique_lock lock(m_lock);
         --m_starting;
         while (!m_isStopping) {
@@ -147,7 +147,7 @@ private:
     }
 
     // Whether this thread counts as working already, so that a nested call does not count it twice.
-    static thread_local bool t_isWorking;
+    static thread_local bool isWorkingHere;
 
     const std::size_t m_cores = std::max(1U, std::thread::hardware_concurrency());
     std::mutex m_lock;
@@ -163,7 +163,7 @@ private:
     std::condition_variable m_wake;
 };
 
-thread_local bool Pool::t_isWorking = false;
+thread_local bool Pool::isWorkingHere = false;
 
 /// The pool outlives every thread that may still call it while the program ends; only its threads are ended.
 Pool &pool()

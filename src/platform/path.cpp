@@ -24,11 +24,10 @@ std::string withoutDots(std::string_view path)
         path.remove_prefix(std::min(component.size() + 1, path.size()));
         if (component.empty() || component == ".")
             continue;
-        if (component != "..")
-            components.push_back(component);
-        else if (!components.empty() && components.back() != "..")
+        const bool goesUp = component == "..";
+        if (goesUp && !components.empty() && components.back() != "..")
             components.pop_back();
-        else if (!isAbsolute)
+        else if (!goesUp || !isAbsolute)
             components.push_back(component);
     }
 

@@ -10,7 +10,7 @@ namespace corvane {
 /// What was asked of the fakes, one line for each call, in order: the operation, a blank, the path. Any thread.
 class CallLog {
 public:
-    void record(std::string line)
+    void record(const std::string &line)
     {
         std::function<void(const std::string &)> observer;
         {

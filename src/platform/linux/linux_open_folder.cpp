@@ -140,7 +140,7 @@ Expected<std::unique_ptr<OpenFolder>> LinuxOpenFolder::openParent()
 const LinuxOpenFolder::Facts &LinuxOpenFolder::facts() const
 {
     if (!m_facts) {
-        m_facts.emplace();
+        m_facts = Facts{{}, distantPast};
         struct stat facts;
         if (uninterrupted([&] { return ::fstat(descriptor(), &facts); }) == 0)
             *m_facts = {{facts.st_dev, facts.st_ino}, modificationTime(facts)};

@@ -28,7 +28,7 @@ public:
 private:
     struct Facts {
         FolderIdentity identity;
-        Time modified = distantPast;
+        Time modified;
     };
 
     explicit LinuxOpenFolder(FileDescriptor descriptor) : m_descriptor(std::move(descriptor)) {}

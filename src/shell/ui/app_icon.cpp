@@ -28,7 +28,7 @@ AppIconProvider::AppIconProvider() : QQuickImageProvider(QQuickImageProvider::Im
 
 QImage AppIconProvider::requestImage(const QString &, QSize *size, const QSize &requestedSize)
 {
-    const QImage image = renderAppIcon(requestedSize.width() > 0 ? requestedSize.width() : 64);
+    QImage image = renderAppIcon(requestedSize.width() > 0 ? requestedSize.width() : 64);
     if (size)
         *size = image.size();
     return image;

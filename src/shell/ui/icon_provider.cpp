@@ -80,7 +80,7 @@ QImage IconProvider::requestImage(const QString &id, QSize *size, const QSize &r
     }
     const IconWeight drawn = weight.value_or(symbol->weight);
     if (m_system) {
-        const QImage own = m_system(symbol->name, drawn, color, pixels);
+        QImage own = m_system(symbol->name, drawn, color, pixels);
         if (!own.isNull())
             return own;
     }

@@ -76,7 +76,7 @@ QImage ShadowProvider::requestImage(const QString &id, QSize *size, const QSize 
 {
     const QString measures = id.section(u'/', 2, 2);
     const QSize panel(measures.section(u'x', 0, 0).toInt(), measures.section(u'x', 1, 1).toInt());
-    const QImage image =
+    QImage image =
         renderShadow(id.section(u'/', 0, 0).toInt(), id.section(u'/', 1, 1) == u"dark", panel.expandedTo(QSize(1, 1)));
     if (size)
         *size = image.size();
