@@ -11,7 +11,6 @@
 namespace corvane {
 namespace {
 
-using test::add;
 using test::addFile;
 using test::addFolder;
 using test::addPackage;
