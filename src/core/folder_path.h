@@ -32,7 +32,7 @@ public:
 
     FolderPath(const FolderPath &other) noexcept;
     FolderPath(FolderPath &&other) noexcept : m_record(std::exchange(other.m_record, nullptr)) {}
-    FolderPath &operator=(FolderPath other) noexcept
+    FolderPath &operator=(FolderPath other) noexcept // NOLINT(performance-unnecessary-value-param): swapped with
     {
         std::swap(m_record, other.m_record);
         return *this;

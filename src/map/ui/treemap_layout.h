@@ -44,7 +44,7 @@ public:
     /// The row of the folder's list that the tile belongs to: its item's, or, for the folder's small files,
     /// the one after the last item. -1 where several items share the tile.
     [[nodiscard]] int row(int index) const;
-    [[nodiscard]] int tileOfRow(int row) const;
+    [[nodiscard]] int tileOfRow(int wanted) const;
 
 private:
     std::vector<TreemapTile> m_tiles;
