@@ -6,6 +6,7 @@
 
 #include <fcntl.h>
 #include <gio/gunixmounts.h>
+#include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -13,6 +14,7 @@
 #include "platform/linux/gio_error.h"
 #include "platform/linux/glib_pointer.h"
 #include "platform/linux/mounts.h"
+#include "platform/linux/name_reservation.h"
 #include "platform/linux/real_path.h"
 #include "platform/path.h"
 
@@ -43,6 +45,28 @@ bool volumeIsFull(const std::string &path)
     return cannotTell && ::statvfs(folder.c_str(), &volume) == 0 && volume.f_blocks > 0 && volume.f_bavail == 0;
 }
 
+/// The Trash folders that GIO may choose for an item in `folder`: the user's own, and for an item on
+/// another volume also the two at its top. Those that do not exist are among them.
+std::vector<std::string> trashFoldersFor(std::string folder)
+{
+    std::vector<std::string> folders{LinuxTrash::foldersOfUser().front()};
+    struct stat home {};
+    struct stat here {};
+    if (::stat(g_get_home_dir(), &home) != 0 || ::stat(folder.c_str(), &here) != 0 || home.st_dev == here.st_dev)
+        return folders;
+    while (folder.size() > 1) {
+        const std::string above(containingFolder(folder));
+        struct stat facts {};
+        if (::stat(above.c_str(), &facts) != 0 || facts.st_dev != here.st_dev)
+            break;
+        folder = above;
+    }
+    const std::string user = std::to_string(::getuid());
+    folders.push_back(joined(folder, ".Trash/" + user));
+    folders.push_back(joined(folder, ".Trash-" + user));
+    return folders;
+}
+
 } // namespace
 
 Expected<void> LinuxTrash::trashItem(const std::string &path)
@@ -56,6 +80,15 @@ Expected<void> LinuxTrash::trashItem(const std::string &path)
     if (volumeIsFull(path)) {
         return tl::unexpected(Error{moveToTrash, path, std::make_error_code(std::errc::no_space_on_device),
                                     "The disk is full: the Trash cannot note where the item came from."});
+    }
+
+    std::vector<NameReservation> reservations; // until the item is moved
+    const std::string plain = withoutDots(path);
+    for (const std::string &trash : trashFoldersFor(std::string(containingFolder(plain)))) {
+        Expected<NameReservation> reservation = NameReservation::make(trash, std::string(lastPathComponent(plain)));
+        if (!reservation)
+            return tl::unexpected(reservation.error());
+        reservations.push_back(std::move(*reservation));
     }
 
     // The local files' own implementation: the default one may leave the work to a service on the session bus.

@@ -144,6 +144,54 @@ TEST(LinuxTrash, ItemsOfTheSameNameAreAllKept)
     EXPECT_THAT(kept, ::testing::UnorderedElementsAre("first", "second"));
 }
 
+class LinuxTrashWithAnUnrecordedItem : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(LinuxTrashWithAnUnrecordedItem, KeepsItAndTheNewOne)
+{
+    const ProbeHome home;
+    const std::string &name = GetParam();
+    home.folder.writeText("home/data/Trash/files/" + name, "left without a record");
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/a/" + name, "first")), "done");
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/b/" + name, "second")), "done");
+    std::vector<std::string> kept;
+    for (const auto &each : std::filesystem::directory_iterator(home.folder / "home/data/Trash/files"))
+        kept.push_back(contents(each.path()));
+    EXPECT_THAT(kept, ::testing::UnorderedElementsAre("left without a record", "first", "second"));
+    EXPECT_EQ(contents(home.folder / ("home/data/Trash/files/" + name)), "left without a record");
+    EXPECT_FALSE(home.folder.has("home/data/Trash/info/" + name + ".trashinfo"))
+        << "the record of nothing must not stay";
+    std::vector<std::string> origins;
+    for (const auto &each : std::filesystem::directory_iterator(home.folder / "home/data/Trash/info"))
+        origins.push_back(originalPath(each.path()));
+    EXPECT_THAT(origins,
+                ::testing::UnorderedElementsAre(home.folder / ("home/a/" + name), home.folder / ("home/b/" + name)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, LinuxTrashWithAnUnrecordedItem,
+                         ::testing::Values("note", "note.txt", "archive.tar.gz", ".hidden"),
+                         [](const auto &name) { return "Number" + std::to_string(name.index); });
+
+TEST(LinuxTrash, UnrecordedItemWithALaterNumberIsKeptToo)
+{
+    const ProbeHome home;
+    home.folder.writeText("home/data/Trash/files/note.2.txt", "left without a record");
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/a/note.txt", "first")), "done");
+    EXPECT_EQ(home.ask("trash", home.folder.writeText("home/b/note.txt", "second")), "done");
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/files/note.txt"), "first");
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/files/note.2.txt"), "left without a record");
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/files/note.3.txt"), "second");
+}
+
+TEST(LinuxTrash, ItemThatLeadsOverAnUnrecordedFolderKeepsBoth)
+{
+    const ProbeHome home;
+    home.folder.makeFolder("home/data/Trash/files/project"); // empty: a folder could be moved over it
+    home.folder.writeText("home/project/main.c", "int");
+    EXPECT_EQ(home.ask("trash", home.folder / "home/project"), "done");
+    EXPECT_TRUE(std::filesystem::is_empty(home.folder / "home/data/Trash/files/project"));
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/files/project.2/main.c"), "int");
+}
+
 TEST(LinuxTrash, MissingItemFails)
 {
     const ProbeHome home;
@@ -378,6 +426,15 @@ TEST_F(LinuxTrashOfAVolume, LiesAtItsTopAndTakesItsItems)
         ls folder; cat .Trash-$user/files/item; grep Path .Trash-$user/info/item.trashinfo)"),
               "done\nkept\nPath=folder/item");
     EXPECT_FALSE(m_home.folder.has("home/data/Trash"));
+}
+
+TEST_F(LinuxTrashOfAVolume, KeepsWhatLiesThereWithoutARecord)
+{
+    EXPECT_EQ(m_home.runOnDisk(R"(
+        mkdir -p folder/inner .Trash-$user/files; echo first > .Trash-$user/files/item; echo second > folder/inner/item
+        $probe trash "$PWD/folder/inner/item"
+        cat .Trash-$user/files/item .Trash-$user/files/item.2; ls .Trash-$user/info)"),
+              "done\nfirst\nsecond\nitem.2.trashinfo");
 }
 
 TEST_F(LinuxTrashOfAVolume, IsNamedAmongTheTrashFoldersAndNotMade)
