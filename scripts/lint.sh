@@ -42,6 +42,11 @@ no_qt_in_the_engine() {
     fi
 }
 
+# The files that a Linux desktop and its software catalogue read.
+desktop_files() {
+    desktop-file-validate packaging/linux/*.desktop && appstreamcli validate --no-net packaging/linux/*.metainfo.xml
+}
+
 # clang-tidy and qmllint look at what the build generates, too.
 built() {
     source scripts/build.sh
@@ -51,6 +56,7 @@ built() {
 check clang-format formatting
 check shellcheck shell_check
 check layers no_qt_in_the_engine
+[[ $(uname -s) == Linux ]] && check desktop-files desktop_files
 check build built
 if [[ " ${failed[*]} " != *" build "* ]]; then
     check qmllint cmake --build "build/$preset" --target all_qmllint

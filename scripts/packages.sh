@@ -17,7 +17,7 @@ packages_for() {
             qml6-module-qt-labs-folderlistmodel fonts-inter python3-fonttools fonts-noto-color-emoji
         ;;
     Linux/test) echo libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
-    Linux/lint) echo clang-format-14 clang-tidy-14 shellcheck ;;
+    Linux/lint) echo clang-format-14 clang-tidy-14 shellcheck desktop-file-utils appstream ;;
     Linux/bench) echo hyperfine ncdu gdu ;;
     Linux/macos-check) echo clang-19 libc++-19-dev ;;
     Linux/package) echo file dpkg-dev ;;
