@@ -11,6 +11,8 @@
 
 namespace corvane {
 
+class FileNode;
+
 /// A name and how many bytes it stands for; identified by the name (bytes).
 struct NamedSize {
     std::string name;
@@ -27,6 +29,10 @@ struct ScanContext {
     std::vector<NamedSize> topChildren;
     std::int64_t unreadableCount = 0;
     bool hasFullDiskAccess = false;
+
+    /// What a scanned tree tells; how many of its folders could not be read is known from its summary. Whether
+    /// there is access is left to the caller.
+    [[nodiscard]] static ScanContext of(const FileNode &root, std::int64_t unreadableCount);
 };
 
 /// What a segment's button does; carried out by the screens.
@@ -75,6 +81,8 @@ struct DiskBreakdown {
     [[nodiscard]] std::int64_t used() const;
     /// How much of the used space is explained, in whole percent; 0 when nothing is used.
     [[nodiscard]] int explainedPercentage() const;
+    /// What is to be known of the figures, each in a sentence or two.
+    [[nodiscard]] std::vector<std::string> footnotes() const;
 
     friend bool operator==(const DiskBreakdown &, const DiskBreakdown &) = default;
 };

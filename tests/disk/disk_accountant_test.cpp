@@ -325,18 +325,6 @@ TEST_F(DiskAccountantTest, SegmentsOfEqualSizeKeepTheOrderInWhichTheyWereMade)
     EXPECT_EQ(breakdown.segments[4].id, "/opt");
 }
 
-TEST_F(DiskAccountantTest, TheExplainedShareIsRoundedToWholePercent)
-{
-    DiskBreakdown breakdown;
-    breakdown.total = 300;
-    breakdown.free = 100;
-    breakdown.segments.push_back({"hidden", Kind::hidden, {}, {}, {}, {}, 31, {}, {}, {}});
-    EXPECT_EQ(breakdown.hidden(), 31);
-    EXPECT_EQ(breakdown.explainedPercentage(), 85); // 84.5
-    breakdown.free = 300;
-    EXPECT_EQ(breakdown.explainedPercentage(), 0);
-}
-
 TEST(MeasuringALocation, GivesTheSumAndTheThreeLargestChildren)
 {
     TemporaryFolder folder;

@@ -19,9 +19,6 @@ namespace {
 constexpr int pollInterval = 150; // milliseconds
 constexpr int removalWait = 20;   // milliseconds
 
-// As many of the scanned folder's items as fit into one line of a row.
-constexpr std::size_t topChildrenShown = 5;
-
 // A superseded walk, its successor, a removal and the freeing of an old tree may all be under way at once;
 // none of them may wait for another.
 constexpr int poolThreads = 6;
@@ -335,20 +332,8 @@ void StorageStore::openParent()
 
 ScanContext StorageStore::makeScanContext() const
 {
-    ScanContext context;
+    ScanContext context = m_root ? ScanContext::of(*m_root, m_unreadableCount) : ScanContext();
     context.hasFullDiskAccess = m_hasFullDiskAccess;
-    if (!m_root)
-        return context;
-    context.rootPath = m_root->path();
-    context.rootSize = m_root->size;
-    context.unreadableCount = m_unreadableCount;
-    for (const auto &child : m_root->children) {
-        if (context.topChildren.size() < topChildrenShown)
-            context.topChildren.push_back({child->name, child->size});
-        // Seen through "/", the sealed system volume is a folder, which has a segment of its own.
-        if (*context.rootPath == "/" && child->name == "System")
-            context.systemDirSize = child->size;
-    }
     return context;
 }
 
