@@ -13,13 +13,15 @@ _corvane_cli() {
 
     COMPREPLY=()
     if [[ -z $command ]]; then
-        mapfile -t COMPREPLY < <(compgen -W 'scan map protected remove --json --help -h --version -V ' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W \
+            'scan map breakdown snapshots cleanup protected remove --json --help -h --version -V ' -- "$current")
         return
     fi
 
     local options='--json --help -h '
     case $command in
     map) options+='--size --svg ' ;;
+    breakdown) options+='--scan ' ;;
     remove) options+='--permanently --yes -y ' ;;
     esac
 
@@ -32,9 +34,14 @@ _corvane_cli() {
         return
     fi
 
+    # These take no path but what an option wants.
+    if [[ $command == snapshots || $command == cleanup || ($command == breakdown && $previous != --scan) ]]; then
+        return
+    fi
+
     compopt -o filenames
     local kind=-f
-    if [[ $command == scan || ($command == map && $previous != --svg) ]]; then
+    if [[ $command == scan || $command == breakdown || ($command == map && $previous != --svg) ]]; then
         kind=-d
     fi
     mapfile -t COMPREPLY < <(compgen "$kind" -- "$current")

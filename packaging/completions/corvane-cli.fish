@@ -1,6 +1,6 @@
 # Completion of corvane-cli for fish.
 
-set -l commands scan map protected remove
+set -l commands scan map breakdown snapshots cleanup protected remove
 set -l none "not __fish_seen_subcommand_from $commands"
 
 complete -c corvane-cli -f
@@ -10,6 +10,9 @@ complete -c corvane-cli -n $none -s V -l version -d 'Show the version'
 
 complete -c corvane-cli -n $none -a scan -d 'Show where the space of a folder went'
 complete -c corvane-cli -n $none -a map -d 'Lay a folder out as a treemap'
+complete -c corvane-cli -n $none -a breakdown -d 'Explain where the space of the whole disk went'
+complete -c corvane-cli -n $none -a snapshots -d 'List the local Time Machine snapshots'
+complete -c corvane-cli -n $none -a cleanup -d 'Measure caches and other folders that could be cleaned up'
 complete -c corvane-cli -n $none -a protected -d 'Tell which paths would never be removed'
 complete -c corvane-cli -n $none -a remove -d 'Move items to the Trash, after asking'
 
@@ -19,6 +22,9 @@ complete -c corvane-cli -n '__fish_seen_subcommand_from protected remove' -F
 complete -c corvane-cli -n '__fish_seen_subcommand_from map' -l size -x -a '900x600 1600x1000 1920x1080' \
     -d 'The size of the map in points'
 complete -c corvane-cli -n '__fish_seen_subcommand_from map' -l svg -r -F -d 'Write the map as a picture'
+
+complete -c corvane-cli -n '__fish_seen_subcommand_from breakdown' -l scan -x -a '(__fish_complete_directories)' \
+    -d 'Scan this folder first, so that it is explained too'
 
 complete -c corvane-cli -n '__fish_seen_subcommand_from remove' -l permanently \
     -d 'Delete for good instead of moving to the Trash'

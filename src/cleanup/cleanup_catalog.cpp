@@ -56,6 +56,30 @@ const std::array<CleanupDefinition, 18> CleanupCatalog::definitions{{
      CleanupTint::gray, CleanupRisk::review, CleanupGroup::personal, "Library/Application Support/MobileSync/Backup"},
 }};
 
+std::string_view rawValue(CleanupRisk risk)
+{
+    switch (risk) {
+    case CleanupRisk::safe:
+        return "safe";
+    case CleanupRisk::review:
+        return "review";
+    }
+    return {};
+}
+
+std::string_view rawValue(CleanupGroup group)
+{
+    switch (group) {
+    case CleanupGroup::system:
+        return "system";
+    case CleanupGroup::developer:
+        return "developer";
+    case CleanupGroup::personal:
+        return "personal";
+    }
+    return {};
+}
+
 std::int64_t CleanupItem::total() const
 {
     std::int64_t sum = 0;

@@ -18,6 +18,13 @@ enum class CleanupRisk { safe, review };
 /// The sections of the catalogue, in this order.
 enum class CleanupGroup { system, developer, personal };
 
+inline constexpr std::array<CleanupGroup, 3> allCleanupGroups{CleanupGroup::system, CleanupGroup::developer,
+                                                              CleanupGroup::personal};
+
+/// The names of the cases as text.
+[[nodiscard]] std::string_view rawValue(CleanupRisk risk);
+[[nodiscard]] std::string_view rawValue(CleanupGroup group);
+
 /// The system colours that the catalogue's icons take.
 enum class CleanupTint { blue, gray, cyan, red, indigo, purple, teal, green, mint, orange };
 

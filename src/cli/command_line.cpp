@@ -8,11 +8,14 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include "cli/breakdown_command.h"
+#include "cli/cleanup_command.h"
 #include "cli/map_command.h"
 #include "cli/protected_command.h"
 #include "cli/remove_command.h"
 #include "cli/scan_command.h"
 #include "cli/shielded_arguments.h"
+#include "cli/snapshots_command.h"
 #include "platform/host.h"
 
 namespace corvane {
@@ -33,6 +36,13 @@ struct Commands {
     CLI::Option *mapPath = nullptr;
     CLI::Option *size = nullptr;
     CLI::Option *svg = nullptr;
+
+    CLI::App *breakdown = nullptr;
+    CLI::Option *breakdownScan = nullptr;
+
+    CLI::App *snapshots = nullptr;
+
+    CLI::App *cleanup = nullptr;
 
     CLI::App *isProtected = nullptr;
     CLI::Option *protectedPaths = nullptr;
@@ -96,8 +106,17 @@ Commands::Commands()
     svg = map->add_option("--svg")
               ->description("Write the map as a picture; \"-\" is standard output")
               ->type_name("FILE");
-    for (CLI::Option *const option : {size, svg})
+
+    breakdown = add("breakdown", "Explain where the space of the whole disk went.", "corvane-cli breakdown --scan ~");
+    breakdownScan = breakdown->add_option("--scan")
+                        ->description("Scan this folder first, so that it is explained too")
+                        ->type_name("PATH");
+    for (CLI::Option *const option : {size, svg, breakdownScan})
         option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+
+    snapshots = add("snapshots", "List the local Time Machine snapshots.", "corvane-cli snapshots");
+
+    cleanup = add("cleanup", "Measure caches and other folders that could be cleaned up.", "corvane-cli cleanup");
 
     isProtected = add("protected", "Tell which paths would never be removed; they need not exist.",
                       "corvane-cli protected ~/Library /opt/tool");
@@ -177,6 +196,14 @@ ExitStatus runCommand(const Commands &commands, Console &console)
     }
     if (commands.map->parsed())
         return runMap(commands, console);
+    if (commands.breakdown->parsed()) {
+        const BreakdownCommand command{.scanPath = valueOf(*commands.breakdownScan), .json = commands.json};
+        return command.run(console, systemHost());
+    }
+    if (commands.snapshots->parsed())
+        return SnapshotsCommand{.json = commands.json}.run(console);
+    if (commands.cleanup->parsed())
+        return CleanupCommand{.json = commands.json}.run(console, systemHost());
     if (commands.isProtected->parsed()) {
         const ProtectedCommand command{.paths = valuesOf(*commands.protectedPaths), .json = commands.json};
         return command.run(console, systemHost());

@@ -11,7 +11,7 @@ namespace corvane {
 
 namespace {
 
-const std::vector<std::string> commands{"scan", "map", "protected", "remove"};
+const std::vector<std::string> commands{"scan", "map", "breakdown", "snapshots", "cleanup", "protected", "remove"};
 
 std::string textOf(const std::string &path)
 {
@@ -103,7 +103,10 @@ TEST_F(CommandLineTest, WhatIsWrongIsOneLineWithAHint)
     for (const Case &wrong :
          {Case{{}, "no command given" + general}, Case{{"--json"}, "no command given" + general},
           Case{{"scn"}, "unknown command \"scn\"" + general}, Case{{""}, "unknown command \"\"" + general},
-          Case{{"breakdown"}, "unknown command \"breakdown\"" + general},
+          Case{{"breakdown", "/"}, "unexpected argument \"/\"; see \"corvane-cli breakdown --help\"\n"},
+          Case{{"breakdown", "--scan"}, "--scan needs a value; see \"corvane-cli breakdown --help\"\n"},
+          Case{{"snapshots", "/"}, "unexpected argument \"/\"; see \"corvane-cli snapshots --help\"\n"},
+          Case{{"cleanup", "--yes"}, "unknown option \"--yes\"; see \"corvane-cli cleanup --help\"\n"},
           Case{{"--bogus"}, "unknown option \"--bogus\"" + general},
           Case{{"scan", "--bogus"}, "unknown option \"--bogus\"" + ofScan},
           Case{{"scan", "--bogus=\x1b[31m"}, "unknown option \"--bogus\"" + ofScan},

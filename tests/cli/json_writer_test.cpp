@@ -1,12 +1,12 @@
 #include "cli/json_writer.h"
 
-#include <array>
 #include <functional>
 #include <string>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <unistd.h>
+
+#include "cli/written.h"
 
 namespace corvane {
 
@@ -14,20 +14,10 @@ namespace {
 
 std::string written(const std::function<void(JsonWriter &)> &write)
 {
-    std::array<int, 2> ends{};
-    EXPECT_EQ(pipe(ends.data()), 0);
-    {
-        Output out(ends[1]);
+    return writtenTo([&write](Output &out) {
         JsonWriter json(out);
         write(json);
-        out.flush();
-    }
-    close(ends[1]);
-    std::string text(60'000, '\0'); // less than a pipe holds
-    const ssize_t count = read(ends[0], text.data(), text.size());
-    close(ends[0]);
-    text.resize(static_cast<std::size_t>(count));
-    return text;
+    });
 }
 
 TEST(JsonWriter, PutsCommasBetweenAndNowhereElse)

@@ -1,0 +1,74 @@
+#include "cli/breakdown_table.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "cli/display_text.h"
+#include "cli/folder_scan.h"
+#include "cli/size_bar.h"
+#include "core/byte_count.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::size_t sizeColumns = 10;
+constexpr std::size_t percentColumns = 6;
+constexpr std::size_t barColumns = 20;
+constexpr std::size_t columnsBeforeName = sizeColumns + 2 + percentColumns + 2 + barColumns + 2;
+constexpr std::size_t leastNameColumns = 8;
+
+/// A name as wide as the terminal leaves room for, with a mark that is never cut.
+std::string fitted(std::string_view name, std::string_view mark, const Console &console)
+{
+    const std::size_t columns = console.outColumns();
+    const std::size_t taken = columnsBeforeName + displayWidth(mark);
+    const std::size_t room = std::max(columns - std::min(columns, taken), leastNameColumns);
+    return elided(displayText(name), room) + std::string(mark);
+}
+
+void writeSegment(const BreakdownSegment &segment, std::int64_t used, Console &console)
+{
+    const double share = used > 0 ? static_cast<double>(segment.size) / static_cast<double>(used) : 0;
+    const bool isUnexplained = segment.kind == BreakdownSegment::Kind::hidden;
+    console.out.write(fmt::format("{}  {}  {}  {}\n", rightAligned(formatByteCount(segment.size), sizeColumns),
+                                  rightAligned(percentText(segment.size, used), percentColumns),
+                                  console.colored(sizeBar(share, barColumns), segment.color),
+                                  fitted(segment.title, isUnexplained ? " (unexplained)" : "", console)));
+    const std::string indentation(columnsBeforeName - sizeColumns, ' ');
+    for (const NamedSize &child : segment.children) {
+        console.out.write(console.faint(rightAligned(formatByteCount(child.size), sizeColumns) + indentation +
+                                        fitted("  " + child.name, "", console)) +
+                          "\n");
+    }
+}
+
+} // namespace
+
+void writeBreakdownTable(const DiskBreakdown &breakdown, ScanExtent extent, Console &console)
+{
+    console.out.write(console.strong(fmt::format("{}% explained", breakdown.explainedPercentage())) + "\n");
+    console.out.write(fmt::format("{} used of {}, {} free on {}\n", formatByteCount(breakdown.used()),
+                                  formatByteCount(breakdown.total), formatByteCount(breakdown.free),
+                                  displayText(breakdown.volumeName)));
+    if (extent == ScanExtent::partial)
+        console.out.write(console.strong(stoppedText) + "\n");
+    console.out.write('\n');
+    for (const BreakdownSegment &segment : breakdown.segments)
+        writeSegment(segment, breakdown.used(), console);
+    if (!breakdown.segments.empty())
+        console.out.write('\n');
+    if (!breakdown.snapshots.empty()) {
+        console.out.write(countText(static_cast<std::int64_t>(breakdown.snapshots.size()),
+                                    "local Time Machine snapshot", "local Time Machine snapshots") +
+                          "; \"corvane-cli snapshots\" lists them\n");
+    }
+    if (!breakdown.hasScan)
+        console.out.write("\"corvane-cli breakdown --scan ~\" explains your home folder too\n");
+    for (const std::string &note : breakdown.footnotes())
+        console.out.write(console.faint(note) + "\n");
+}
+
+} // namespace corvane

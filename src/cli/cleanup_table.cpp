@@ -1,0 +1,79 @@
+#include "cli/cleanup_table.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "cli/display_text.h"
+#include "core/byte_count.h"
+#include "core/checked_add.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::size_t sizeColumns = 10;
+constexpr std::size_t riskColumns = 6;
+constexpr std::size_t titleColumns = 28; // of the longest title
+
+std::string_view heading(CleanupGroup group)
+{
+    switch (group) {
+    case CleanupGroup::system:
+        return "System";
+    case CleanupGroup::developer:
+        return "Developer";
+    case CleanupGroup::personal:
+        return "Personal";
+    }
+    return {};
+}
+
+bool isShown(const CleanupItem &item)
+{
+    return !item.accessible || !item.entries.empty();
+}
+
+void writeRow(const CleanupItem &item, Console &console)
+{
+    const std::string size = item.accessible ? formatByteCount(item.total()) : "?";
+    const std::string contents = item.accessible
+                                     ? countText(static_cast<std::int64_t>(item.entries.size()), "item", "items")
+                                     : "cannot be read without Full Disk Access";
+    console.out.write(fmt::format("{}  {}  {}  {}\n", rightAligned(size, sizeColumns),
+                                  leftAligned(rawValue(item.def->risk), riskColumns),
+                                  leftAligned(item.def->title, titleColumns), contents));
+}
+
+} // namespace
+
+void writeCleanupTable(const std::vector<CleanupItem> &items, Console &console)
+{
+    std::int64_t total = 0;
+    std::int64_t safe = 0;
+    for (const CleanupItem &item : items) {
+        total = checkedAdd(total, item.total());
+        if (item.def->risk == CleanupRisk::safe)
+            safe = checkedAdd(safe, item.total());
+    }
+    console.out.write(console.strong(formatByteCount(total) + " could be cleaned up"));
+    console.out.write(fmt::format(", {} of it safely\n", formatByteCount(safe)));
+    for (const CleanupGroup group : allCleanupGroups) {
+        const auto belongs = [group](const CleanupItem &item) { return item.def->group == group && isShown(item); };
+        if (std::ranges::none_of(items, belongs))
+            continue;
+        console.out.write(fmt::format("\n{}\n", console.strong(heading(group))));
+        for (const CleanupItem &item : items) {
+            if (belongs(item))
+                writeRow(item, console);
+        }
+    }
+    console.out.write("\n" +
+                      console.faint("\"corvane-cli cleanup --json\" names what lies in each; "
+                                    "\"corvane-cli remove PATH\" removes it") +
+                      "\n");
+}
+
+} // namespace corvane

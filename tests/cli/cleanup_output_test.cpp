@@ -1,0 +1,113 @@
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "cli/cleanup_json.h"
+#include "cli/cleanup_table.h"
+#include "cli/written.h"
+
+namespace corvane {
+
+namespace {
+
+using nlohmann::json;
+
+CleanupItem item(std::string_view id)
+{
+    for (const CleanupDefinition &definition : CleanupCatalog::definitions) {
+        if (definition.id == id)
+            return {&definition, {}, true};
+    }
+    ADD_FAILURE() << id;
+    return {};
+}
+
+CleanupItem item(std::string_view id, std::vector<CleanupEntry> entries)
+{
+    CleanupItem filled = item(id);
+    filled.entries = std::move(entries);
+    return filled;
+}
+
+CleanupItem closed(std::string_view id)
+{
+    CleanupItem unreadable = item(id);
+    unreadable.accessible = false;
+    return unreadable;
+}
+
+std::string table(const std::vector<CleanupItem> &items)
+{
+    testing::internal::CaptureStdout();
+    {
+        Console console;
+        writeCleanupTable(items, console);
+        console.out.flush();
+    }
+    return testing::internal::GetCapturedStdout();
+}
+
+TEST(CleanupJson, HasEveryFieldOfAnItemInTheGivenOrder)
+{
+    const std::vector<CleanupItem> items{
+        item("downloads", {{"/home/u/Downloads/a", 5'000}, {"/home/u/Downloads/caf\xE9", 3}}), closed("trash")};
+
+    EXPECT_EQ(json::parse(writtenTo([&](Output &out) { writeCleanupJson(items, out); })),
+              (json{{{"id", "downloads"},
+                     {"title", "Downloads"},
+                     {"detail", "Everything in your Downloads folder — installers and one-off files pile up here."},
+                     {"risk", "review"},
+                     {"group", "personal"},
+                     {"relativePath", "Downloads"},
+                     {"accessible", true},
+                     {"total", 5'003},
+                     {"entries",
+                      {{{"path", "/home/u/Downloads/a"}, {"size", 5'000}},
+                       {{"path", "/home/u/Downloads/caf\xEF\xBF\xBD"},
+                        {"pathHex", "2f686f6d652f752f446f776e6c6f6164732f636166e9"},
+                        {"size", 3}}}}},
+                    {{"id", "trash"},
+                     {"title", "Trash"},
+                     {"detail", "Items already in your Trash. Removing them here deletes them permanently."},
+                     {"risk", "safe"},
+                     {"group", "system"},
+                     {"relativePath", ".Trash"},
+                     {"accessible", false},
+                     {"total", 0},
+                     {"entries", json::array()}}}));
+}
+
+TEST(CleanupTable, ShowsGroupsInTheirOrderAndLeavesOutEmptyFolders)
+{
+    EXPECT_EQ(table({item("downloads", {{"/d/a", 2'000'000}, {"/d/b", 1'000'000}}), item("npm", {{"/n/a", 400'000}}),
+                     item("logs"), closed("trash"), item("caches", {{"/c/a", 100'000}})}),
+              "3.5 MB could be cleaned up, 500 KB of it safely\n"
+              "\n"
+              "System\n"
+              "         ?  safe    Trash                         cannot be read without Full Disk Access\n"
+              "    100 KB  safe    App Caches                    1 item\n"
+              "\n"
+              "Developer\n"
+              "    400 KB  safe    npm Cache                     1 item\n"
+              "\n"
+              "Personal\n"
+              "      3 MB  review  Downloads                     2 items\n"
+              "\n"
+              "\"corvane-cli cleanup --json\" names what lies in each; \"corvane-cli remove PATH\" removes it\n");
+}
+
+TEST(CleanupTable, EveryTitleFitsItsColumn)
+{
+    for (const CleanupDefinition &definition : CleanupCatalog::definitions) {
+        const std::string text = table({{&definition, {{"/a", 1}}, true}});
+        EXPECT_NE(text.find("1 item\n"), std::string::npos);
+        const std::size_t row = text.find("    1 byte");
+        EXPECT_EQ(text.find("1 item\n", row) - row, 50u) << definition.title;
+    }
+}
+
+} // namespace
+
+} // namespace corvane

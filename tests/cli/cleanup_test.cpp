@@ -1,0 +1,86 @@
+#include <set>
+#include <string>
+
+#include "cli/cli_test.h"
+
+namespace corvane {
+
+namespace {
+
+using nlohmann::json;
+
+class CleanupCommandTest : public CliTest {
+protected:
+    static json item(const json &items, const std::string &id)
+    {
+        for (const json &one : items) {
+            if (one["id"] == id)
+                return one;
+        }
+        ADD_FAILURE() << id;
+        return nullptr;
+    }
+};
+
+TEST_F(CleanupCommandTest, JsonHasAllEighteenLargestFirst)
+{
+    m_folder.writeFile("home/Library/Caches/pip/wheel", 500'000);
+    m_folder.writeFile("home/Downloads/film.mov", 2'000'000);
+    m_folder.writeFile("home/Downloads/small", 5'000);
+
+    const json items = document({"cleanup"});
+
+    ASSERT_EQ(items.size(), 18u);
+    EXPECT_EQ(items[0]["id"], "downloads");
+    EXPECT_EQ(
+        items[0]["entries"],
+        (json{{{"path", m_folder / "home/Downloads/film.mov"}, {"size", m_folder.allocated("home/Downloads/film.mov")}},
+              {{"path", m_folder / "home/Downloads/small"}, {"size", m_folder.allocated("home/Downloads/small")}}}));
+    EXPECT_EQ(items[1]["id"], "caches");
+    EXPECT_EQ(items[1]["total"], m_folder.allocated("home/Library/Caches/pip/wheel"));
+    EXPECT_EQ(items[2]["total"], 0);
+    std::set<std::string> ids;
+    for (const json &one : items) {
+        ids.insert(one["id"]);
+        EXPECT_EQ(one["accessible"], true);
+        EXPECT_EQ(one.size(), 9u);
+    }
+    EXPECT_EQ(ids.size(), 18u);
+}
+
+TEST_F(CleanupCommandTest, AFolderThatCannotBeListedIsMarkedAndNoFailure)
+{
+    m_folder.makeUnreadable("home/Library/Logs");
+    openToOrdinaryUser();
+
+    const ProgramResult result = program({"cleanup", "--json"}).asOrdinaryUser().run();
+
+    const json items = parsed(result);
+    EXPECT_EQ(item(items, "logs")["accessible"], false);
+    EXPECT_EQ(item(items, "logs")["entries"], json::array());
+    EXPECT_EQ(result.errors, "");
+    EXPECT_NE(program({"cleanup"}).asOrdinaryUser().run().out.find("cannot be read"), std::string::npos);
+}
+
+TEST_F(CleanupCommandTest, TheTableNamesWhatHoldsSomething)
+{
+    m_folder.writeFile("home/.npm/_cacache/blob", 300'000);
+
+    const ProgramResult result = run({"cleanup"});
+
+    EXPECT_EQ(result.exitStatus, 0);
+    EXPECT_NE(result.out.find("npm Cache"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("1 item\n"), std::string::npos);
+    EXPECT_EQ(result.out.find("Downloads"), std::string::npos);
+}
+
+TEST_F(CleanupCommandTest, NothingIsTouched)
+{
+    m_folder.writeFile("home/Library/Caches/pip/wheel", 1'000);
+    EXPECT_EQ(run({"cleanup"}).exitStatus, 0);
+    EXPECT_TRUE(m_folder.has("home/Library/Caches/pip/wheel"));
+}
+
+} // namespace
+
+} // namespace corvane

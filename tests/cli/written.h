@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "cli/output.h"
+
+namespace corvane {
+
+/// What is written to an output: less than a pipe holds.
+inline std::string writtenTo(const std::function<void(Output &)> &write)
+{
+    std::array<int, 2> ends{};
+    EXPECT_EQ(::pipe(ends.data()), 0);
+    {
+        Output out(ends[1]);
+        write(out);
+        out.flush();
+    }
+    ::close(ends[1]);
+    std::string text(60'000, '\0');
+    const ssize_t count = ::read(ends[0], text.data(), text.size());
+    ::close(ends[0]);
+    text.resize(static_cast<std::size_t>(count));
+    return text;
+}
+
+} // namespace corvane
