@@ -5,6 +5,7 @@
 #include "core/checked_add.h"
 #include "core/concurrent_perform.h"
 #include "core/folder_size.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -104,23 +105,31 @@ std::int64_t CleanupCatalog::allocatedSize(const std::string &path, FileSystem &
     return folderSize(path, files, stop);
 }
 
+std::string CleanupCatalog::folder(const CleanupDefinition &definition, FileSystem &files)
+{
+    std::string path = joined(files.homeFolder(), definition.relativePath);
+    if (files.exists(path))
+        return path;
+    return files.ownPlaceFor(definition.relativePath).value_or(std::move(path));
+}
+
 CleanupItem CleanupCatalog::measure(const CleanupDefinition &definition, FileSystem &files)
 {
-    const std::string path = files.homeFolder() + "/" + std::string(definition.relativePath);
+    const std::string path = folder(definition, files);
     CleanupItem item{&definition, {}, true};
     if (!files.exists(path))
         return item;
 
     std::vector<std::string> names;
-    auto folder = files.openFolder(path);
-    if (!folder || !(*folder)->list([&names](const DirectoryEntry &entry) { names.emplace_back(entry.name); })) {
+    auto opened = files.openFolder(path);
+    if (!opened || !(*opened)->list([&names](const DirectoryEntry &entry) { names.emplace_back(entry.name); })) {
         item.accessible = false;
         return item;
     }
     for (const std::string &name : names) {
         if (std::ranges::find(ignoredNames, name) != ignoredNames.end())
             continue;
-        std::string child = path + "/" + name;
+        std::string child = joined(path, name);
         const std::int64_t size = allocatedSize(child, files);
         if (size > 0)
             item.entries.push_back({std::move(child), size});

@@ -71,6 +71,11 @@ struct CleanupCatalog {
     /// All 18 folders, measured at once, largest total first.
     [[nodiscard]] static std::vector<CleanupItem> measureAll(FileSystem &files = systemHost().files);
 
+    /// Where the definition's folder is: in the home folder, or where the system has a place of its own for the same
+    /// thing and the home folder lacks it, that place.
+    [[nodiscard]] static std::string folder(const CleanupDefinition &definition,
+                                            FileSystem &files = systemHost().files);
+
     /// One folder. A missing one is an empty item; one that cannot be listed is not `accessible`.
     [[nodiscard]] static CleanupItem measure(const CleanupDefinition &definition,
                                              FileSystem &files = systemHost().files);

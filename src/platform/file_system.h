@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -94,6 +95,10 @@ public:
 
     /// The user's home folder, without a trailing slash.
     [[nodiscard]] virtual std::string homeFolder() = 0;
+
+    /// Where this system keeps what a Mac keeps in that folder of the home (a path relative to it), if it has a
+    /// place of its own for it; a Mac has none. The place need not exist.
+    [[nodiscard]] virtual std::optional<std::string> ownPlaceFor(std::string_view /*macPlace*/) { return std::nullopt; }
 };
 
 } // namespace corvane

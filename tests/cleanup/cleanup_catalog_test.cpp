@@ -28,8 +28,15 @@ public:
     Expected<std::string> realPath(const std::string &path) override { return m_files.realPath(path); }
     Expected<void> removeItem(const std::string &path) override { return m_files.removeItem(path); }
     std::string homeFolder() override { return m_home; }
+    std::optional<std::string> ownPlaceFor(std::string_view macPlace) override
+    {
+        askedPlaces.emplace_back(macPlace);
+        return ownPlace;
+    }
 
     std::string unlistable;
+    std::optional<std::string> ownPlace; ///< the system's answer, whatever it is asked
+    std::vector<std::string> askedPlaces;
 
 private:
     FileSystem &m_files = systemHost().files;
@@ -118,6 +125,42 @@ TEST_F(CleanupCatalogTest, AllEighteenAreThereLargestTotalFirst)
     EXPECT_TRUE(std::ranges::is_sorted(items, std::ranges::greater(), &CleanupItem::total));
     for (const CleanupDefinition &row : CleanupCatalog::definitions)
         EXPECT_EQ(std::ranges::count(items, &row, &CleanupItem::def), 1) << row.id;
+}
+
+TEST_F(CleanupCatalogTest, WithoutTheFolderInTheHomeTheSystemsOwnPlaceIsMeasured)
+{
+    files.ownPlace = folder / "elsewhere/logs";
+    folder.writeFile("elsewhere/logs/a.log", 8192);
+    const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
+    EXPECT_EQ(item.entries, (std::vector<CleanupEntry>{{folder / "elsewhere/logs/a.log", 8192}}));
+    EXPECT_EQ(files.askedPlaces, std::vector<std::string>{"Library/Logs"});
+}
+
+TEST_F(CleanupCatalogTest, AFolderInTheHomeIsMeasuredThoughTheSystemHasAPlaceOfItsOwn)
+{
+    files.ownPlace = folder / "elsewhere/logs";
+    folder.writeFile("elsewhere/logs/a.log", 8192);
+    folder.makeFolder("Library/Logs");
+    EXPECT_TRUE(CleanupCatalog::measure(definition("logs"), files).entries.empty());
+    folder.writeFile("Library/Logs/b.log", 4096);
+    EXPECT_EQ(CleanupCatalog::measure(definition("logs"), files).entries,
+              (std::vector<CleanupEntry>{{folder / "Library/Logs/b.log", 4096}}));
+}
+
+TEST_F(CleanupCatalogTest, WithNeitherFolderTheItemIsEmptyAndAccessible)
+{
+    files.ownPlace = folder / "elsewhere/logs";
+    const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
+    EXPECT_TRUE(item.entries.empty());
+    EXPECT_TRUE(item.accessible);
+}
+
+TEST_F(CleanupCatalogTest, AnOwnPlaceThatCannotBeListedIsNotAccessible)
+{
+    files.ownPlace = folder / "elsewhere/logs";
+    folder.makeFolder("elsewhere/logs");
+    files.unlistable = folder / "elsewhere/logs";
+    EXPECT_FALSE(CleanupCatalog::measure(definition("logs"), files).accessible);
 }
 
 TEST_F(CleanupCatalogTest, AllocatedSizeOfAFileIsWhatItOccupies)

@@ -62,6 +62,38 @@ TEST_F(CleanupCommandTest, AFolderThatCannotBeListedIsMarkedAndNoFailure)
     EXPECT_NE(program({"cleanup"}).asOrdinaryUser().run().out.find("cannot be read"), std::string::npos);
 }
 
+#ifdef __linux__
+TEST_F(CleanupCommandTest, OnLinuxAMissingFolderIsMeasuredInTheSystemsOwnPlace)
+{
+    m_folder.writeFile("home/.cache/pip/wheel", 500'000);
+    m_folder.writeFile("data/Trash/files/film.mov", 400'000);
+    m_folder.writeFile("home/Android/Sdk/system-images/android-34/system.img", 300'000);
+    m_folder.writeFile("data/pnpm/store/v3/blob", 200'000);
+    m_folder.writeFile("home/.local/share/docker/overlay2/layer", 100'000);
+    m_folder.writeFile("home/incoming/paper.pdf", 50'000);
+    m_folder.writeText("home/.config/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"$HOME/incoming\"\n");
+
+    const json items = document({"cleanup"});
+
+    const std::vector<std::pair<std::string, std::string>> expected{
+        {"caches", "home/.cache/pip"},
+        {"trash", "data/Trash/files/film.mov"},
+        {"androidimages", "home/Android/Sdk/system-images/android-34"},
+        {"pnpm", "data/pnpm/store/v3"},
+        {"docker", "home/.local/share/docker/overlay2"},
+        {"downloads", "home/incoming/paper.pdf"}};
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(items[i]["id"], expected[i].first);
+        ASSERT_EQ(items[i]["entries"].size(), 1u) << expected[i].first;
+        EXPECT_EQ(items[i]["entries"][0]["path"], m_folder / expected[i].second);
+    }
+    EXPECT_EQ(items[0]["relativePath"], "Library/Caches");
+
+    m_folder.writeFile("home/Library/Caches/app/data", 10'000);
+    EXPECT_EQ(item(document({"cleanup"}), "caches")["entries"][0]["path"], m_folder / "home/Library/Caches/app");
+}
+#endif
+
 TEST_F(CleanupCommandTest, TheTableNamesWhatHoldsSomething)
 {
     m_folder.writeFile("home/.npm/_cacache/blob", 300'000);

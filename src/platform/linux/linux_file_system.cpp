@@ -10,6 +10,7 @@
 
 #include "platform/linux/item_removal.h"
 #include "platform/linux/linux_open_folder.h"
+#include "platform/linux/linux_places.h"
 #include "platform/linux/long_path.h"
 #include "platform/linux/package_extensions.h"
 #include "platform/linux/real_path.h"
@@ -99,6 +100,11 @@ std::string LinuxFileSystem::homeFolder()
     if (::getpwuid_r(::getuid(), &record, memory.data(), memory.size(), &found) == 0 && found)
         return withoutDots(found->pw_dir);
     return "/";
+}
+
+std::optional<std::string> LinuxFileSystem::ownPlaceFor(std::string_view macPlace)
+{
+    return linuxPlaceFor(macPlace, homeFolder());
 }
 
 } // namespace corvane

@@ -14,6 +14,7 @@ public:
     [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
     [[nodiscard]] Expected<void> removeItem(const std::string &path) override;
     [[nodiscard]] std::string homeFolder() override;
+    [[nodiscard]] std::optional<std::string> ownPlaceFor(std::string_view macPlace) override;
 };
 
 } // namespace corvane
