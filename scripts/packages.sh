@@ -19,12 +19,14 @@ packages_for() {
     Linux/test) echo libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
     Linux/lint) echo clang-format-14 clang-tidy-14 shellcheck desktop-file-utils appstream ;;
     Linux/bench) echo hyperfine ncdu gdu ;;
+    Linux/fuzz) echo clang-19 libclang-rt-19-dev ;;
     Linux/macos-check) echo clang-19 libc++-19-dev ;;
     Linux/package) echo file dpkg-dev ;;
     Darwin/build) echo cmake ninja ccache pkg-config fmt tl-expected libplist cli11 nlohmann-json ;;
     Darwin/ui) echo qt node ;;
     Darwin/test) echo googletest ;;
     Darwin/lint) echo llvm shellcheck ;;
+    Darwin/fuzz) echo llvm ;;
     Darwin/bench) echo hyperfine ncdu gdu ;;
     Darwin/*) ;;
     *)

@@ -7,14 +7,11 @@
 
 #include <plist/plist.h>
 
+#include "platform/posix/property_list_guard.h"
+
 namespace corvane {
 
 namespace {
-
-// Deeper lists than this are not made by any tool; a hostile one could exhaust the stack.
-constexpr int depthLimit = 64;
-// A bomb of shared references must not grow without end.
-constexpr std::size_t valueLimit = 1'000'000;
 
 struct FreePlist {
     void operator()(void *node) const { plist_free(node); }
@@ -24,99 +21,85 @@ struct FreeMemory {
 };
 using OwnedText = std::unique_ptr<char, FreeMemory>;
 
-class Converter {
-public:
-    PropertyList convert(plist_t node, int depth)
-    {
-        if (depth > depthLimit || ++m_values > valueLimit) {
-            m_failed = true;
-            return {};
-        }
-        switch (plist_get_node_type(node)) {
-        case PLIST_BOOLEAN: {
-            std::uint8_t value = 0;
-            plist_get_bool_val(node, &value);
-            return PropertyList(value != 0);
-        }
-        case PLIST_UINT: {
-            std::uint64_t value = 0;
-            plist_get_uint_val(node, &value);
-            return PropertyList(static_cast<std::int64_t>(value));
-        }
-        case PLIST_REAL: {
-            double value = 0;
-            plist_get_real_val(node, &value);
-            return PropertyList(value);
-        }
-        case PLIST_STRING: {
-            char *text = nullptr;
-            plist_get_string_val(node, &text);
-            const OwnedText owned(text);
-            return PropertyList(text == nullptr ? std::string() : std::string(text));
-        }
-        case PLIST_ARRAY:
-            return array(node, depth);
-        case PLIST_DICT:
-            return dictionary(node, depth);
-        default:
-            return {};
-        }
+PropertyList convert(plist_t node);
+
+PropertyList convertArray(plist_t node)
+{
+    PropertyList::Array values;
+    const std::uint32_t count = plist_array_get_size(node);
+    for (std::uint32_t i = 0; i < count; ++i)
+        values.push_back(convert(plist_array_get_item(node, i)));
+    return PropertyList(std::move(values));
+}
+
+PropertyList convertDictionary(plist_t node)
+{
+    PropertyList::Dictionary values;
+    plist_dict_iter iterator = nullptr;
+    plist_dict_new_iter(node, &iterator);
+    const std::unique_ptr<void, FreeMemory> ownedIterator(iterator);
+    while (true) {
+        char *key = nullptr;
+        plist_t value = nullptr;
+        plist_dict_next_item(node, iterator, &key, &value);
+        const OwnedText owned(key);
+        if (key == nullptr)
+            break;
+        values.insert_or_assign(key, convert(value));
     }
+    return PropertyList(std::move(values));
+}
 
-    [[nodiscard]] bool failed() const { return m_failed; }
-
-private:
-    PropertyList array(plist_t node, int depth)
-    {
-        PropertyList::Array values;
-        const std::uint32_t count = plist_array_get_size(node);
-        for (std::uint32_t i = 0; i < count && !m_failed; ++i)
-            values.push_back(convert(plist_array_get_item(node, i), depth + 1));
-        return PropertyList(std::move(values));
+/// Calls itself for nested lists, whose depth was looked at before.
+PropertyList convert(plist_t node) // NOLINT(misc-no-recursion)
+{
+    switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN: {
+        std::uint8_t value = 0;
+        plist_get_bool_val(node, &value);
+        return PropertyList(value != 0);
     }
-
-    PropertyList dictionary(plist_t node, int depth)
-    {
-        PropertyList::Dictionary values;
-        plist_dict_iter iterator = nullptr;
-        plist_dict_new_iter(node, &iterator);
-        const std::unique_ptr<void, FreeMemory> ownedIterator(iterator);
-        while (!m_failed) {
-            char *key = nullptr;
-            plist_t value = nullptr;
-            plist_dict_next_item(node, iterator, &key, &value);
-            const OwnedText owned(key);
-            if (key == nullptr)
-                break;
-            values.insert_or_assign(key, convert(value, depth + 1));
-        }
-        return PropertyList(std::move(values));
+    case PLIST_UINT: {
+        std::uint64_t value = 0;
+        plist_get_uint_val(node, &value);
+        return PropertyList(static_cast<std::int64_t>(value));
     }
-
-    std::size_t m_values = 0;
-    bool m_failed = false;
-};
+    case PLIST_REAL: {
+        double value = 0;
+        plist_get_real_val(node, &value);
+        return PropertyList(value);
+    }
+    case PLIST_STRING: {
+        char *text = nullptr;
+        plist_get_string_val(node, &text);
+        const OwnedText owned(text);
+        return PropertyList(text == nullptr ? std::string() : std::string(text));
+    }
+    case PLIST_ARRAY:
+        return convertArray(node);
+    case PLIST_DICT:
+        return convertDictionary(node);
+    default:
+        return {};
+    }
+}
 
 } // namespace
 
 std::optional<PropertyList> PropertyList::parse(std::string_view bytes)
 {
-    if (bytes.empty() || bytes.size() > std::numeric_limits<std::uint32_t>::max())
+    if (bytes.empty() || bytes.size() > std::numeric_limits<std::uint32_t>::max() || !isHarmlessPropertyList(bytes))
         return std::nullopt;
     plist_t node = nullptr;
     const auto length = static_cast<std::uint32_t>(bytes.size());
-    if (bytes.starts_with("bplist00"))
+    if (bytes.starts_with(binaryPropertyListMark))
         plist_from_bin(bytes.data(), length, &node);
     else
         plist_from_xml(bytes.data(), length, &node);
     if (node == nullptr)
         return std::nullopt;
     const std::unique_ptr<void, FreePlist> owned(node);
-    Converter converter;
-    PropertyList list = converter.convert(node, 0);
-    if (converter.failed())
-        return std::nullopt;
-    return list;
+    return convert(node);
 }
 
 const PropertyList *PropertyList::find(const std::string &key) const

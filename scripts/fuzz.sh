@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# Feeds each parser of foreign data with made-up input for a time and says how it went: fuzz.sh SECONDS
+#
+# What a run learns is kept in build/fuzz/corpus for the next one. Exit status: 1 where an input crashed a parser,
+# broke one of its rules or took too long; the input is named, and belongs among the seeds once it is mended.
+set -euo pipefail
+
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/build.sh
+source scripts/build.sh
+
+seconds=${1:-}
+if [[ ! $seconds =~ ^[1-9][0-9]*$ ]]; then
+    echo "fuzz: say for how many seconds each parser is to be fed: ./dev fuzz SECONDS" >&2
+    exit 2
+fi
+
+if [[ $(uname -s) == Darwin ]]; then
+    # Apple's own compiler comes without the fuzzer.
+    CXX=$(brew --prefix llvm)/bin/clang++
+    export CXX OBJCXX=$CXX
+else
+    export CXX=clang++-19
+fi
+build fuzz fuzz_container fuzz_snapshots
+
+export ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=1
+export LSAN_OPTIONS=print_suppressions=0
+failed=
+summary=()
+for target in container snapshots; do
+    corpus=build/fuzz/corpus/$target
+    findings=build/fuzz/findings/$target
+    log=build/fuzz/$target.log
+    mkdir -p "$corpus" "$findings"
+    options=(-max_total_time="$seconds" -max_len=16384 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1
+        -artifact_prefix="$findings/")
+    if [[ -e tests/fuzz/$target.dict ]]; then
+        options+=(-dict="tests/fuzz/$target.dict")
+    fi
+    echo "fuzz: feeding $target for $seconds seconds"
+    verdict="nothing found"
+    if ! "build/fuzz/bin/fuzz_$target" "${options[@]}" "$corpus" "tests/fuzz/$target" >"$log" 2>&1; then
+        tail -n 40 "$log"
+        verdict="FAILED: see $log and $findings"
+        failed=yes
+    fi
+    executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
+    rate=$(sed -n 's/^stat::average_exec_per_sec: *//p' "$log")
+    inputs=$(find "$corpus" -type f | wc -l)
+    summary+=("$(printf '%-10s %12s executions %10s per second %8s inputs kept   %s' \
+        "$target" "${executions:-?}" "${rate:-?}" "$inputs" "$verdict")")
+done
+printf '%s\n' "${summary[@]}"
+[[ ! $failed ]]

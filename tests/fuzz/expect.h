@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdlib>
+
+namespace corvane::fuzz {
+
+/// Ends the program where a rule does not hold, which the fuzzer reports as a finding.
+inline void expect(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+} // namespace corvane::fuzz
