@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QElapsedTimer>
 #include <QQuickWindow>
 #include <QSignalSpy>
 #include <QTest>
@@ -494,44 +493,6 @@ TEST_F(TreemapAccessibilityTest, ATileThatIsGoneIsInvalid)
     EXPECT_TRUE(last->actionInterface()->actionNames().isEmpty());
     last->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(store.currentFolder(), node("Projects"));
-}
-
-// --- Time
-
-class LargestMapTest : public TreemapViewTest {
-protected:
-    void installLargestMap()
-    {
-        const test::NodePtr root = test::makeRoot(home);
-        for (int i = 0; i < 70; ++i) {
-            const test::NodePtr folder = test::makeChild(root, "folder" + std::to_string(i), FileNode::Kind::directory);
-            for (int j = 0; j < 60; ++j)
-                test::makeChild(folder, "file number " + std::to_string(j) + ".mov", FileNode::Kind::file)->size =
-                    1'000'000 + (60 - j) * 10'000;
-            for (const auto &file : folder->children)
-                folder->size += file->size;
-            root->size += folder->size;
-        }
-        install(root);
-    }
-};
-
-TEST_F(LargestMapTest, HoveringIsAnsweredWithinAFrame)
-{
-    installLargestMap();
-    showWindow({1400, 900});
-    ASSERT_GT(view->layout().count(), 1'500);
-    std::vector<qint64> times;
-    for (int i = 0; i < 60; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        QTest::mouseMove(&window, QPoint(5 + i * 23, 20 + (i * 137) % 860));
-        const QImage frame = grab();
-        times.push_back(timer.nsecsElapsed() / 1000);
-    }
-    std::nth_element(times.begin(), times.begin() + 30, times.end());
-    RecordProperty("medianMicroseconds", static_cast<int>(times[30]));
-    EXPECT_LT(times[30], 16'000);
 }
 
 } // namespace

@@ -73,8 +73,16 @@ TEST_F(FolderChainTest, GoingDownAgainAfterTheWayUpWorks)
         ASSERT_NE(chain.innermost(), nullptr) << level;
 }
 
+// To look at an object's type the sanitizer opens a pipe, and takes the failure to do so for a broken object.
+#ifdef __SANITIZE_ADDRESS__
+#define SKIP_UNDER_SANITIZER() GTEST_SKIP() << "the sanitizer needs a file number of its own"
+#else
+#define SKIP_UNDER_SANITIZER()
+#endif
+
 TEST_F(FolderChainTest, GivesBackFileNumbersWhereTheyHaveRunOut)
 {
+    SKIP_UNDER_SANITIZER();
     temporary.makeFolder(pathOf(levels - 1).substr(temporary.path().size() + 1) + "/inside");
     {
         const FewOpenFiles limit(0);
@@ -120,6 +128,7 @@ TEST_F(FolderChainTest, GivesBackFileNumbersThatAnotherThreadWaitsFor)
 
 TEST_F(FolderChainTest, WaitsForAFileNumberOnTheWayUp)
 {
+    SKIP_UNDER_SANITIZER();
     while (chain.size() > levels - FolderChain::openLimit + 1)
         chain.pop();
     auto limit = std::make_unique<FewOpenFiles>(0);
