@@ -10,16 +10,13 @@ namespace {
 constexpr double leastContrast = 4.55; ///< WCAG 2 asks for 4.5 of small text; the rest is for rounding
 constexpr double step = 0.02;
 
-constexpr Color rgb(int red, int green, int blue)
-{
-    return {red / 255.0, green / 255.0, blue / 255.0};
-}
-
-constexpr Color lightGround = rgb(0xFF, 0xFF, 0xFF);
-constexpr Color darkGround = rgb(0x18, 0x19, 0x1D);
-constexpr Color lightInk = rgb(0x08, 0x09, 0x12);
+// Here the parts go from 0 to 255, the steps that a screen has: the design mixes colours of whole steps, and
+// what comes to lie halfway between two steps is exact only in this unit.
+constexpr Color lightGround{0xFF, 0xFF, 0xFF};
+constexpr Color darkGround{0x18, 0x19, 0x1D};
+constexpr Color lightInk{0x08, 0x09, 0x12};
 constexpr double lightInkShare = 0.86;
-constexpr Color darkInk = rgb(0xFA, 0xFA, 0xFC);
+constexpr Color darkInk{0xFA, 0xFA, 0xFC};
 
 double groundShare(TileColors::Role role, double rank, bool isDark)
 {
@@ -34,11 +31,29 @@ double groundShare(TileColors::Role role, double rank, bool isDark)
     return isDark ? 0.36 + 0.16 * rank : 0.24 + 0.22 * rank;
 }
 
-/// The colour as a screen has it, in eight bits for each part.
-Color onScreen(const Color &color)
+Color inSteps(const Color &color)
 {
-    const auto part = [](double value) { return std::round(value * 255) / 255; };
-    return {part(color.red), part(color.green), part(color.blue)};
+    return {std::round(color.red * 255), std::round(color.green * 255), std::round(color.blue * 255)};
+}
+
+Color fromSteps(const Color &steps)
+{
+    return {steps.red / 255, steps.green / 255, steps.blue / 255};
+}
+
+Color rounded(const Color &steps)
+{
+    return {std::round(steps.red), std::round(steps.green), std::round(steps.blue)};
+}
+
+Color inkInSteps(const Color &own, bool isDark)
+{
+    return isDark ? darkInk : mixed(own, lightInk, lightInkShare);
+}
+
+bool isLegible(const Color &fill, const Color &ink)
+{
+    return contrast(fromSteps(fill), fromSteps(mixed(fill, ink, TileColors::sizeInkOpacity))) >= leastContrast;
 }
 
 double linear(double part)
@@ -68,17 +83,22 @@ double contrast(const Color &a, const Color &b)
 TileColors TileColors::of(const Color &color, Role role, double rank, Appearance appearance)
 {
     const bool isDark = appearance == Appearance::dark;
-    const Color own = onScreen(color);
+    const Color own = inSteps(color);
     const Color ground = isDark ? darkGround : lightGround;
-    const Color ink = isDark ? darkInk : mixed(own, lightInk, lightInkShare);
+    const Color ink = inkInSteps(own, isDark);
 
     double share = groundShare(role, rank, isDark);
     Color fill = mixed(own, ground, share);
-    while (share < 1 && contrast(fill, mixed(fill, ink, sizeInkOpacity)) < leastContrast) {
+    while (share < 1 && !isLegible(fill, ink)) {
         share = std::min(share + step, 1.0);
         fill = mixed(own, ground, share);
     }
-    return {onScreen(fill), onScreen(ink)};
+    return {fromSteps(rounded(fill)), fromSteps(rounded(ink))};
+}
+
+Color TileColors::inkOn(const Color &color, Appearance appearance)
+{
+    return fromSteps(rounded(inkInSteps(inSteps(color), appearance == Appearance::dark)));
 }
 
 } // namespace corvane

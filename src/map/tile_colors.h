@@ -24,13 +24,16 @@ struct TileColors {
     /// other roles.
     [[nodiscard]] static TileColors of(const Color &color, Role role, double rank, Appearance appearance);
 
+    /// The ink on tiles of that colour, whatever their role.
+    [[nodiscard]] static Color inkOn(const Color &color, Appearance appearance);
+
     /// The opacity of the ink that sizes are written in.
     static constexpr double sizeInkOpacity = 0.86;
 
     friend constexpr bool operator==(const TileColors &, const TileColors &) = default;
 };
 
-/// What is seen where `above` lies over `below` with that opacity.
+/// What is seen where `above` lies over `below` with that opacity; in whatever unit both are given.
 [[nodiscard]] Color mixed(const Color &below, const Color &above, double opacity);
 
 /// The contrast of two colours as WCAG 2 defines it, from 1 to 21.

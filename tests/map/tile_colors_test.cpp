@@ -1,5 +1,8 @@
 #include "map/tile_colors.h"
 
+#include <cmath>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "core/file_type.h"
@@ -19,11 +22,10 @@ constexpr Color hex(unsigned rgb)
 
 void expectColor(const Color &color, unsigned rgb)
 {
-    constexpr double oneStep = 1.01 / 255; // what lies halfway may be rounded either way
-    const Color expected = hex(rgb);
-    EXPECT_NEAR(color.red, expected.red, oneStep) << std::hex << rgb;
-    EXPECT_NEAR(color.green, expected.green, oneStep) << std::hex << rgb;
-    EXPECT_NEAR(color.blue, expected.blue, oneStep) << std::hex << rgb;
+    const auto steps = [](const Color &each) {
+        return std::vector{std::round(each.red * 255), std::round(each.green * 255), std::round(each.blue * 255)};
+    };
+    EXPECT_EQ(steps(color), steps(hex(rgb))) << std::hex << rgb;
 }
 
 struct Row {

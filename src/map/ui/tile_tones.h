@@ -4,25 +4,20 @@
 #include <QHash>
 
 #include "core/color.h"
+#include "map/tile_colors.h"
 
 namespace corvane {
 
-/// What a tile is drawn as.
-enum class TileRole {
-    frame, ///< a folder whose own items are drawn inside it
-    leaf,  ///< any other item of the folder shown
-    nested ///< an item inside a frame
-};
+using TileRole = TileColors::Role;
 
-/// The colours that a tile's own colour becomes on the map, light or dark: its ground and the ink on it,
-/// each with enough contrast for a line of text. Remembers what it has worked out; one thread.
+/// The colours of the tiles, as Qt has them, light or dark. Remembers what it has worked out; one thread.
 class TileTones {
 public:
-    explicit TileTones(bool dark) : m_dark(dark) {}
+    explicit TileTones(bool dark) : m_appearance(dark ? TileColors::Appearance::dark : TileColors::Appearance::light) {}
 
-    [[nodiscard]] bool isDark() const { return m_dark; }
+    [[nodiscard]] bool isDark() const { return m_appearance == TileColors::Appearance::dark; }
 
-    /// The ground. `rank` is a nested tile's place among its siblings, from 0 for the first to 1 for the last.
+    /// The ground; see TileColors::of.
     [[nodiscard]] QColor fill(const Color &color, TileRole role, double rank = 0);
 
     /// Names, the hatch and the mark of a selected tile.
@@ -35,7 +30,7 @@ public:
     [[nodiscard]] QColor onInk() const;
 
 private:
-    bool m_dark;
+    TileColors::Appearance m_appearance;
     QHash<quint64, QRgb> m_fills;
 };
 
