@@ -71,6 +71,19 @@ protected:
         };
         return search(scene->window()->contentItem());
     }
+    /// How many items that are seen show that symbol.
+    [[nodiscard]] int countSymbols(const QString &symbol) const
+    {
+        std::function<int(const QQuickItem *)> count = [&](const QQuickItem *item) {
+            if (!item->isVisible())
+                return 0;
+            int found = item->property("symbol") == symbol ? 1 : 0;
+            for (const QQuickItem *child : item->childItems())
+                found += count(child);
+            return found;
+        };
+        return count(scene->window()->contentItem());
+    }
     [[nodiscard]] QQuickItem *row(const QString &description) const
     {
         return named(description, QAccessible::ListItem);
@@ -232,6 +245,18 @@ TEST_F(ExplorerScreenTest, ACrumbOpensItsFolder)
     EXPECT_EQ(store.currentFolder(), node("Projects"));
     scene->click(button(QStringLiteral("studio")));
     EXPECT_EQ(store.currentFolder(), store.root());
+}
+
+TEST_F(ExplorerScreenTest, TheSymbolsAreThoseOfTheSystem)
+{
+    show();
+    open("Projects/harbor");
+    QTest::qWait(20);
+    EXPECT_EQ(countSymbols(QStringLiteral("chevron.compact.right")), 2) << "between three crumbs";
+    store.open(store.root());
+    QTest::qWait(20);
+    EXPECT_EQ(countSymbols(QStringLiteral("chevron.compact.right")), 0) << "a single crumb";
+    EXPECT_EQ(countSymbols(QStringLiteral("doc.on.doc")), 1) << "the small files";
 }
 
 TEST_F(ExplorerScreenTest, ALongWayCollapsesIntoAMenu)

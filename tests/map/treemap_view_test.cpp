@@ -194,6 +194,17 @@ TEST_F(TreemapViewTest, APressThatEndsOnAnotherTileOpensNothing)
     EXPECT_EQ(store.currentFolder(), store.root());
 }
 
+TEST_F(TreemapViewTest, ARightClickWhileTheLeftButtonIsDownOpensNoFolder)
+{
+    show();
+    QTest::mousePress(&window, Qt::LeftButton, Qt::NoModifier, point(tile("Films")));
+    QTest::mousePress(&window, Qt::RightButton, Qt::NoModifier, point(tile("Films")));
+    QTest::mouseRelease(&window, Qt::RightButton, Qt::NoModifier, point(tile("Films")));
+    EXPECT_EQ(store.currentFolder(), store.root());
+    QTest::mouseRelease(&window, Qt::LeftButton, Qt::NoModifier, point(tile("Films")));
+    EXPECT_EQ(store.currentFolder(), store.root());
+}
+
 TEST_F(TreemapViewTest, ARightClickAsksForTheMenuOfTheTile)
 {
     show();

@@ -27,7 +27,7 @@ Row {
     }
     Icon {
         anchors.verticalCenter: parent.verticalCenter
-        name: "caret-right"
+        symbol: "chevron.compact.right"
         color: Theme.t3
         size: MapMetrics.crumbCaretSize
         visible: crumb.index > 0

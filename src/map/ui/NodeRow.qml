@@ -78,7 +78,7 @@ Item {
         }
         Icon {
             anchors.verticalCenter: parent.verticalCenter
-            name: "files"
+            symbol: "doc.on.doc"
             color: Theme.t2
             visible: row.smallFiles
         }

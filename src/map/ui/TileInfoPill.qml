@@ -38,7 +38,7 @@ Item {
     }
     Icon {
         anchors.centerIn: fileIcon
-        name: "files"
+        symbol: "doc.on.doc"
         color: Theme.t2
         size: Theme.pillFileIconSize
         visible: pill.map.pillIcon === ""

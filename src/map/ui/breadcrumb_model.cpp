@@ -6,6 +6,7 @@
 
 #include <QFontMetricsF>
 
+#include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 #include "map/ui/map_metrics.h"
 #include "map/ui/tree_path.h"
@@ -22,11 +23,8 @@ constexpr double narrowestCurrent = 60; // what the folder shown keeps in any ca
 
 void BreadcrumbModel::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store)
         connect(m_store, &StorageStore::currentFolderChanged, this, &BreadcrumbModel::followFolder);
     emit storeChanged();

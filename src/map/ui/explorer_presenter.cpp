@@ -4,6 +4,7 @@
 #include <QLocale>
 
 #include "core/byte_count.h"
+#include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 #include "map/treemap_builder.h"
 
@@ -11,11 +12,8 @@ namespace corvane {
 
 void ExplorerPresenter::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store) {
         connect(m_store, &StorageStore::currentFolderChanged, this, &ExplorerPresenter::changed);
         connect(m_store, &StorageStore::revisionChanged, this, &ExplorerPresenter::changed);

@@ -8,6 +8,7 @@
 #include <QLocale>
 
 #include "core/byte_count.h"
+#include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 #include "map/treemap_builder.h"
 #include "map/ui/tile_info_pill.h"
@@ -51,11 +52,8 @@ QString smallFilesText(std::int64_t count)
 
 void FolderContentsModel::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store) {
         connect(m_store, &StorageStore::currentFolderChanged, this, &FolderContentsModel::followFolder);
         connect(m_store, &StorageStore::revisionChanged, this, &FolderContentsModel::followTree);

@@ -9,17 +9,18 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QPainter>
 #include <QQuickWindow>
 #include <QStyleHints>
 
 #include "core/byte_count.h"
+#include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 #include "map/ui/tile_info_pill.h"
 #include "map/ui/tree_path.h"
 #include "map/ui/treemap_accessible.h"
 #include "map/ui/treemap_node.h"
 #include "map/ui/treemap_painter.h"
+#include "map/ui/treemap_picture.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/theme.h"
 
@@ -35,18 +36,6 @@ RingStyle hoverRingStyle()
 RingStyle focusRingStyle()
 {
     return {2, Theme::instance()->surface(), 3, Theme::instance()->focus()};
-}
-
-/// The tile that shows the way from the folder of the layout to one beneath it: that folder's own tile, or
-/// the deepest one on the way to it.
-int tileTowards(const TreemapLayout &layout, const FileNode *node)
-{
-    while (node) {
-        if (const int index = layout.indexOf(node); index >= 0)
-            return index;
-        node = node->parent.lock().get();
-    }
-    return -1;
 }
 
 } // namespace
@@ -65,11 +54,8 @@ TreemapView::TreemapView(QQuickItem *parent) : KeyboardItem(parent)
         repaintPicture();
     });
 
-    m_change.setStartValue(0.0);
-    m_change.setEndValue(1.0);
-    m_change.setEasingCurve(QEasingCurve::InOutCubic);
-    connect(&m_change, &QVariantAnimation::valueChanged, this, [this] { update(); });
-    connect(&m_change, &QVariantAnimation::finished, this, &TreemapView::stopChange);
+    connect(&m_change, &FolderChange::moved, this, &QQuickItem::update);
+    connect(&m_change, &FolderChange::ended, this, &TreemapView::endChange);
 
     m_pillDelay.setSingleShot(true);
     m_pillDelay.setInterval(Theme::instance()->property("pillDelayDuration").toInt());
@@ -83,11 +69,8 @@ TreemapView::~TreemapView() = default;
 
 void TreemapView::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store) {
         connect(m_store, &StorageStore::currentFolderChanged, this, &TreemapView::followFolder);
         connect(m_store, &StorageStore::revisionChanged, this, &TreemapView::followTree);
@@ -109,13 +92,15 @@ void TreemapView::followFolder()
     const bool pictureFits = !m_layoutIsStale && !m_pictureIsStale;
     const TreemapLayout previous = std::exchange(m_layout, TreemapLayout());
     invalidateLayout();
-    stopChange();
+    m_change.stop();
 
     const std::shared_ptr<FileNode> cameFrom = childTowards(m_folder.get(), previousFolder);
     const int back = layout().indexOf(cameFrom.get());
     m_focused = back >= 0 ? back : layout().first();
-    if (pictureFits)
-        startChange(previousFolder, previous);
+    if (pictureFits && isVisible() && window()) {
+        m_change.start({previousFolder, previous}, {m_folder, layout()}, m_picture);
+        m_otherIsNew = true;
+    }
     clearHover();
     if (m_pointerIsInside)
         setPointer(m_pointer);
@@ -128,7 +113,7 @@ void TreemapView::followTree()
                                   ? m_layout.tile(m_focused).node.get()
                                   : nullptr;
     invalidateLayout();
-    stopChange();
+    m_change.stop();
     const int again = layout().indexOf(focused);
     m_focused = again >= 0 ? again : layout().first();
     m_hovered = -1;
@@ -154,32 +139,8 @@ const TreemapLayout &TreemapView::layout() const
     return m_layout;
 }
 
-void TreemapView::startChange(const std::shared_ptr<FileNode> &from, const TreemapLayout &previous)
+void TreemapView::endChange()
 {
-    const int duration = Theme::instance()->motion(Theme::instance()->property("mapDuration").toInt());
-    if (!from || !m_folder || m_picture.isNull() || duration == 0 || !isVisible() || !window())
-        return;
-    const bool inward = childTowards(from.get(), m_folder) != nullptr;
-    if (!inward && !childTowards(m_folder.get(), from))
-        return;
-    const TreemapLayout &outer = inward ? previous : layout();
-    const int index = tileTowards(outer, inward ? m_folder.get() : from.get());
-    if (index < 0)
-        return;
-    m_changeTile = outer.rect(index);
-    m_changeIsInward = inward;
-    m_otherPicture = m_picture;
-    m_otherIsNew = true;
-    m_change.setDuration(duration);
-    m_change.start();
-}
-
-void TreemapView::stopChange()
-{
-    m_change.stop();
-    if (m_otherPicture.isNull())
-        return;
-    m_otherPicture = QImage();
     m_otherIsNew = true;
     if (m_pointerIsInside)
         setPointer(m_pointer);
@@ -203,46 +164,15 @@ void TreemapView::updatePolish()
 {
     if (!m_pictureIsStale || width() <= 0 || height() <= 0)
         return;
-    paintPicture();
+    m_picture = paintTreemap({.layout = layout(),
+                              .folder = m_folder.get(),
+                              .store = m_store,
+                              .size = size(),
+                              .devicePixelRatio = devicePixelRatio()},
+                             m_tones);
     m_pictureIsStale = false;
     m_pictureIsNew = true;
     update();
-}
-
-void TreemapView::paintPicture()
-{
-    const TreemapLayout &tiles = layout();
-    std::vector<TileFace> faces;
-    faces.reserve(static_cast<std::size_t>(tiles.count()));
-    const bool anySelected = m_store && !m_store->selection().empty();
-    const bool allCovered = anySelected && m_folder && m_store->isCovered(m_folder->path());
-    bool topIsHatched = false;
-    for (int i = 0; i < tiles.count(); ++i) {
-        const TreemapTile &tile = tiles.tile(i);
-        TileFace face{.rect = tiles.rect(i),
-                      .color = tile.color,
-                      .role = tiles.role(i),
-                      .rank = tiles.rank(i),
-                      .label = displayText(tile.label),
-                      .sizeText = QString::fromStdString(formatByteCount(tile.size))};
-        face.checked = anySelected && tileIsSelected(i);
-        if (tile.depth == 0)
-            topIsHatched = face.hatched = face.checked || allCovered;
-        else
-            face.hatched = face.checked && !topIsHatched;
-        faces.push_back(std::move(face));
-    }
-
-    const double ratio = devicePixelRatio();
-    m_picture = QImage((size() * ratio).toSize().expandedTo(QSize(1, 1)), QImage::Format_ARGB32_Premultiplied);
-    m_picture.setDevicePixelRatio(ratio);
-    m_picture.fill(Theme::instance()->surface());
-    QPainter painter(&m_picture);
-    const Theme &theme = *Theme::instance();
-    TreemapPainter(m_tones, {.name = theme.secondarySemiboldFont(),
-                             .nestedName = theme.captionMediumFont(),
-                             .size = theme.captionFiguresFont()})
-        .paint(painter, faces);
 }
 
 QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
@@ -258,7 +188,7 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
         m_otherIsNew = true;
     }
     if (m_otherIsNew)
-        node->setOtherPicture(m_otherPicture);
+        node->setOtherPicture(m_change.picture());
     if (m_pictureIsNew)
         node->setPicture(m_picture);
     m_otherIsNew = false;
@@ -273,13 +203,11 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
     node->setMatrix(shift);
 
     const QRectF area(QPointF(0, 0), m_picture.deviceIndependentSize());
-    const bool changing = !m_otherPicture.isNull();
-    if (changing) {
-        const double progress = m_change.currentValue().toDouble();
-        node->showBetween(area, m_changeTile, m_changeIsInward ? progress : 1 - progress, m_changeIsInward);
-    } else {
+    const bool changing = !m_change.picture().isNull();
+    if (changing)
+        node->showBetween(area, m_change.tile(), m_change.part(), m_change.isInward());
+    else
         node->showStill(area);
-    }
 
     const auto showRing = [&](RingNode &ring, int index, const RingStyle &style) {
         if (changing || index < 0 || index >= m_layout.count()) {
@@ -304,7 +232,7 @@ void TreemapView::geometryChange(const QRectF &newGeometry, const QRectF &oldGeo
     const bool wasEmpty = layout().count() == 0;
     const FileNode *focused = m_focused >= 0 ? m_layout.tile(m_focused).node.get() : nullptr;
     invalidateLayout();
-    stopChange();
+    m_change.stop();
     const int again = wasEmpty ? -1 : layout().indexOf(focused);
     m_focused = again >= 0 ? again : layout().first();
     m_hovered = -1;
@@ -315,7 +243,7 @@ void TreemapView::itemChange(ItemChange change, const ItemChangeData &data)
 {
     QQuickItem::itemChange(change, data);
     if (change == ItemDevicePixelRatioHasChanged || (change == ItemSceneChange && data.window)) {
-        stopChange();
+        m_change.stop();
         repaintPicture();
     }
     if (change == ItemVisibleHasChanged && !data.boolValue) {
@@ -424,6 +352,7 @@ void TreemapView::mousePressEvent(QMouseEvent *event)
     setPointer(event->position());
     const int index = layout().at(event->position());
     if (event->button() == Qt::RightButton) {
+        m_pressed = -1; // with both buttons down, the menu is meant
         requestMenu(index, event->position());
         return;
     }

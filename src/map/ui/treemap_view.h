@@ -5,14 +5,14 @@
 #include <QImage>
 #include <QPointer>
 #include <QTimer>
-#include <QVariantAnimation>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
-#include "map/ui/keyboard_item.h"
+#include "map/ui/folder_change.h"
 #include "map/ui/node_actions.h"
 #include "map/ui/tile_tones.h"
 #include "map/ui/treemap_layout.h"
+#include "shell/ui/keyboard_item.h"
 
 namespace corvane {
 
@@ -69,7 +69,7 @@ public:
 
     /// The picture of the map as it stands; null before there is one. For tests.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
-    [[nodiscard]] bool isChangingFolder() const { return m_change.state() == QAbstractAnimation::Running; }
+    [[nodiscard]] bool isChangingFolder() const { return m_change.isRunning(); }
 
 signals:
     void storeChanged();
@@ -99,9 +99,7 @@ private:
     void followTree();
     void invalidateLayout();
     void repaintPicture();
-    void paintPicture();
-    void startChange(const std::shared_ptr<FileNode> &from, const TreemapLayout &previous);
-    void stopChange();
+    void endChange();
 
     void setPointer(QPointF position);
     void clearHover();
@@ -120,12 +118,8 @@ private:
     bool m_pictureIsStale = true;
     bool m_pictureIsNew = false; ///< not handed to the screen yet
 
-    // A change of folder.
-    QVariantAnimation m_change;
-    QImage m_otherPicture;
-    bool m_otherIsNew = false;
-    QRectF m_changeTile;
-    bool m_changeIsInward = true;
+    FolderChange m_change;
+    bool m_otherIsNew = false; ///< the picture of the change, as above
 
     int m_hovered = -1;
     int m_highlightedRow = -1;

@@ -1,11 +1,10 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Corvane.Shell
 
 /// A few choices side by side, one of which holds. The arrow keys move the choice.
-T.Control {
+KeyboardItem {
     id: control
 
     required property list<string> segments
@@ -15,10 +14,8 @@ T.Control {
 
     signal activated(int index)
 
-    implicitWidth: row.width + leftPadding + rightPadding
+    implicitWidth: row.width + 2 * Theme.segmentPadding
     implicitHeight: Theme.controlHeight
-    padding: Theme.segmentPadding
-    focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : Theme.disabledPlainOpacity
     Accessible.role: Accessible.Grouping
     Accessible.name: accessibleName
@@ -33,17 +30,17 @@ T.Control {
         activated(index);
     }
 
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         radius: Theme.radiusControl
         color: Theme.fillq
     }
-
     Row {
         id: row
 
-        x: control.leftPadding
-        y: control.topPadding
-        height: control.availableHeight
+        x: Theme.segmentPadding
+        y: Theme.segmentPadding
+        height: control.height - 2 * Theme.segmentPadding
 
         Repeater {
             model: control.segments

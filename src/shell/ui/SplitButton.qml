@@ -65,7 +65,7 @@ FocusScope {
 
         Tip {
             text: split.tip
-            visible: split.tip !== "" && main.hovered
+            visible: split.tip !== "" && (main.hovered || main.visualFocus)
         }
     }
     Rectangle {

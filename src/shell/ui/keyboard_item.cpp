@@ -1,4 +1,4 @@
-#include "map/ui/keyboard_item.h"
+#include "shell/ui/keyboard_item.h"
 
 #include <QFocusEvent>
 

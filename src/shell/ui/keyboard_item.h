@@ -12,11 +12,18 @@ class KeyboardItem : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(bool visualFocus READ hasVisualFocus NOTIFY visualFocusChanged)
+    /// As a Control has it: what brought the focus.
+    Q_PROPERTY(Qt::FocusReason focusReason READ focusReason NOTIFY visualFocusChanged)
 
 public:
     explicit KeyboardItem(QQuickItem *parent = nullptr);
 
     [[nodiscard]] bool hasVisualFocus() const { return m_keyboardIsUsed && hasActiveFocus(); }
+
+    [[nodiscard]] Qt::FocusReason focusReason() const
+    {
+        return m_keyboardIsUsed ? Qt::TabFocusReason : Qt::MouseFocusReason;
+    }
 
     Q_INVOKABLE void useKeyboard();
     /// Takes the focus.

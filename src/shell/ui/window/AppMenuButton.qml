@@ -15,21 +15,17 @@ PushButton {
     rightPadding: Theme.space6
     Accessible.role: Accessible.ButtonMenu
     Accessible.name: qsTr("Menu")
-    onClicked: openMenu()
+    onClicked: openMenu(button.visualFocus)
 
-    function openMenu() {
-        menu.byKeyboard = button.visualFocus;
+    function openMenu(byKeyboard: bool) {
+        menu.byKeyboard = byKeyboard;
         menu.popup(button, 0, button.height + Theme.space4);
-    }
-    function openMenuFromKeyboard() {
-        button.forceActiveFocus(Qt.ShortcutFocusReason);
-        openMenu();
     }
 
     Shortcut {
         sequence: "F10"
         enabled: button.visible && button.actions.enabled
-        onActivated: button.openMenuFromKeyboard()
+        onActivated: button.openMenu(true)
     }
     WindowMenu {
         id: menu

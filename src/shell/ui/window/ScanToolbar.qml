@@ -66,7 +66,7 @@ FocusScope {
             id: tip
 
             text: scan.stopHelp
-            visible: stop.hovered
+            visible: stop.hovered || stop.visualFocus
         }
     }
 }

@@ -1,18 +1,17 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
+import Corvane.Shell
 import Corvane.Window
 
 /// The screens of the program. One stop for Tab; arrow keys, Home and End move the choice.
-T.Control {
+KeyboardItem {
     id: list
 
     required property SidebarModel screens
 
     objectName: "sidebar"
     implicitHeight: rows.height
-    focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Screens")
 

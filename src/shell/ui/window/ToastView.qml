@@ -1,13 +1,13 @@
 import QtQuick
-import QtQuick.Templates as T
 import Corvane.Shell
 import Corvane.Window
 
 /// A short message at the bottom. A click puts it away; while the pointer rests on it, it stays.
-T.AbstractButton {
+Item {
     id: view
 
     readonly property bool shown: toast.shown
+    readonly property string text: toast.text
     property real rise: shown || Theme.reducedMotion ? 0 : WindowMetrics.toastRise
 
     function dismiss() {
@@ -15,19 +15,14 @@ T.AbstractButton {
     }
 
     objectName: "toast"
-    leftPadding: Theme.space12
-    rightPadding: Theme.space16
-    implicitWidth: Math.min(WindowMetrics.toastWidth, implicitContentWidth + leftPadding + rightPadding)
-    implicitHeight: Math.max(WindowMetrics.toastHeight, implicitContentHeight + 2 * Theme.space8)
-    focusPolicy: Qt.NoFocus
-    text: toast.text
+    implicitWidth: Math.min(WindowMetrics.toastWidth, content.implicitWidth + Theme.space12 + Theme.space16)
+    implicitHeight: Math.max(WindowMetrics.toastHeight, content.implicitHeight + 2 * Theme.space8)
     opacity: shown ? 1 : 0
     visible: opacity > 0
     enabled: shown
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
     Accessible.onPressAction: view.dismiss()
-    onClicked: dismiss()
 
     transform: Translate {
         y: view.rise
@@ -52,14 +47,27 @@ T.AbstractButton {
         store: Store
         stayDuration: Theme.toastStayDuration
         stayWarningDuration: Theme.toastStayWarningDuration
-        hovered: view.hovered
+        hovered: hover.hovered
     }
-
-    background: Panel {
+    HoverHandler {
+        id: hover
+    }
+    // An area and not a handler, so that what lies below it gets nothing of the click.
+    MouseArea {
+        anchors.fill: parent
+        onClicked: view.dismiss()
+    }
+    Panel {
+        anchors.fill: parent
         color: Theme.toast
         radius: Theme.radiusBox
     }
-    contentItem: ToastContent {
+    ToastContent {
+        id: content
+
+        anchors.fill: parent
+        anchors.leftMargin: Theme.space12
+        anchors.rightMargin: Theme.space16
         text: view.text
         warning: toast.warning
     }

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QImage>
+#include <QSizeF>
+
+#include "map/ui/tile_tones.h"
+#include "map/ui/treemap_layout.h"
+
+namespace corvane {
+
+class StorageStore;
+
+/// What a map is drawn from.
+struct TreemapScene {
+    const TreemapLayout &layout;
+    const FileNode *folder = nullptr;    ///< whose layout it is
+    const StorageStore *store = nullptr; ///< knows what is selected; null where nothing is
+    QSizeF size;                         ///< points
+    double devicePixelRatio = 1;
+};
+
+/// The whole map as one opaque picture: tiles, labels, and the marks of what is selected.
+[[nodiscard]] QImage paintTreemap(const TreemapScene &scene, TileTones &tones);
+
+} // namespace corvane
