@@ -1,5 +1,8 @@
 #include <QGuiApplication>
+#include <QScreen>
+#include <QSettings>
 #include <QTimer>
+#include <QtTest/QTest>
 
 #include "journeys/held_listing.h"
 #include "journeys/journey.h"
@@ -10,6 +13,8 @@ namespace {
 
 class WindowJourney : public Journey {
 protected:
+    static constexpr int settled = 500; // milliseconds; the program writes its place down after a moment's rest
+
     void openHome()
     {
         addFile("Projects/Exports/cut.mov", 4);
@@ -23,6 +28,12 @@ protected:
         QTimer::singleShot(0, &window(), &QWindow::close);
         QTimer::singleShot(patience, &window(), [] { QCoreApplication::exit(1); });
         return QGuiApplication::exec();
+    }
+    /// What the program finds of an earlier run's window.
+    static void remember(const QRect &place)
+    {
+        QSettings settings;
+        settings.setValue(QStringLiteral("window.geometry"), place);
     }
     /// The colour of the window's pixel in the middle of the band above the sidebar.
     QColor bandColor() { return driver().picture().pixelColor(140, 4); }
@@ -46,6 +57,67 @@ TEST_F(WindowJourney, ClosingTheWindowDuringAScanEndsTheProgram)
     EXPECT_EQ(runUntilClosed(), 0);
     slow.release();
     quit();
+}
+
+TEST_F(WindowJourney, ItComesBackWhereItWasAndAsLargeAsItWas)
+{
+    constexpr QRect place(210, 130, 1300, 820);
+    open();
+    EXPECT_EQ(window().size(), QSize(1280, 800)) << "at the first start";
+    window().setGeometry(place);
+    waitUntil([&] { return window().contentItem()->size() == QSizeF(place.size()); }, QStringLiteral("the new size"));
+    quit();
+
+    open();
+    EXPECT_EQ(window().geometry(), place);
+    EXPECT_EQ(window().contentItem()->size(), QSizeF(place.size()));
+}
+
+TEST_F(WindowJourney, ItComesBackWhereItWasAfterItWasClosed)
+{
+    constexpr QRect place(330, 90, 1200, 700);
+    open();
+    window().setGeometry(place);
+    EXPECT_EQ(runUntilClosed(), 0);
+    quit();
+
+    open();
+    EXPECT_EQ(window().geometry(), place);
+}
+
+TEST_F(WindowJourney, APlaceOffEveryScreenComesToTheMiddleOfTheScreen)
+{
+    remember({9000, -4000, 1300, 820});
+
+    open();
+
+    EXPECT_EQ(window().size(), QSize(1300, 820));
+    EXPECT_EQ(window().geometry().center(), window().screen()->availableGeometry().center());
+}
+
+TEST_F(WindowJourney, ASizeLargerThanTheScreenFitsIt)
+{
+    remember({100, 100, 4000, 3000});
+
+    open();
+
+    EXPECT_EQ(window().geometry(), window().screen()->availableGeometry());
+}
+
+TEST_F(WindowJourney, AMaximisedWindowComesBackMaximisedAndKeepsThePlaceBehindIt)
+{
+    constexpr QRect place(210, 130, 1300, 820);
+    open();
+    window().setGeometry(place);
+    QTest::qWait(settled);
+    window().showMaximized();
+    waitUntil([&] { return window().width() > place.width(); }, QStringLiteral("the large window"));
+    quit();
+
+    open();
+    EXPECT_EQ(window().windowState(), Qt::WindowMaximized);
+    window().showNormal();
+    waitUntil([&] { return window().geometry() == place; }, QStringLiteral("the place behind it"));
 }
 
 TEST_F(WindowJourney, ItTurnsDarkAndLightWhileItRuns)

@@ -73,8 +73,11 @@ void WindowState::restore()
     m_normal = fitted(remembered, screens, m_window->minimumSize());
     m_window->setGeometry(m_normal);
     m_maximised = m_settings.value(maximisedKey).toBool();
-    if (m_maximised)
-        m_window->setWindowState(Qt::WindowMaximized);
+    if (!m_maximised)
+        return;
+    // The window system has to see the place first: a window that is made maximised has none to go back to.
+    m_window->create();
+    m_window->setWindowState(Qt::WindowMaximized);
 }
 
 void WindowState::note()
