@@ -27,6 +27,17 @@ protected:
     QObject &folderDialog() { return *window().findChild<QObject *>(QStringLiteral("folderDialog")); }
     bool folderDialogIsOpen() { return folderDialog().property("visible").toBool(); }
 
+    /// Clicks what bears that text in the dialog, which is Qt's own: a folder's row or a button.
+    void clickInDialog(const QString &text)
+    {
+        const QString scanButton = QStringLiteral("scanButton");
+        const auto bearsText = [&](const QQuickItem &item) {
+            const bool isOfDialog = item.inherits("QQuickAbstractButton") && item.objectName() != scanButton;
+            return isOfDialog && (item.property("text") == text || item.property("fileName") == text);
+        };
+        driver().click(driver().itemWhere(bearsText, text));
+    }
+
 private:
     std::optional<HeldListing> m_held;
 };
@@ -171,6 +182,39 @@ TEST_F(ScanJourney, CtrlOAsksForAFolderAndEscapeLeavesEverythingAsItIs)
     waitUntil([&] { return !folderDialogIsOpen(); }, QStringLiteral("the folder dialog to close"));
     EXPECT_EQ(store().phase(), StorageStore::Phase::ready);
     EXPECT_THAT(rows(), ElementsAre("Movies 3.1 MB"));
+}
+
+TEST_F(ScanJourney, AFolderAcceptedInTheDialogIsScanned)
+{
+    addFile("Movies/film.mkv", 3);
+    addFile("Games/world.dat", 2);
+    open();
+
+    press(Qt::Key_O, Qt::ControlModifier);
+    waitUntil([&] { return folderDialogIsOpen(); }, QStringLiteral("the folder dialog"));
+    clickInDialog(QStringLiteral("Games"));
+    clickInDialog(QStringLiteral("Scan"));
+
+    waitForWay("Games");
+    EXPECT_FALSE(folderDialogIsOpen());
+    EXPECT_THAT(rows(), ElementsAre("world.dat 2.1 MB"));
+    EXPECT_EQ(store().lastScanPath(), at("Games"));
+}
+
+TEST_F(ScanJourney, CancellingTheFolderDialogScansNothing)
+{
+    addFile("Movies/film.mkv", 3);
+    open();
+
+    click(QStringLiteral("scanMenuButton"));
+    click(QStringLiteral("scanMenu.choose"));
+    waitUntil([&] { return folderDialogIsOpen(); }, QStringLiteral("the folder dialog"));
+    clickInDialog(QStringLiteral("Movies"));
+    clickInDialog(QStringLiteral("Cancel"));
+
+    waitUntil([&] { return !folderDialogIsOpen(); }, QStringLiteral("the folder dialog to close"));
+    EXPECT_EQ(store().phase(), StorageStore::Phase::idle);
+    EXPECT_TRUE(shows(QStringLiteral("Scan first to see Space Map")));
 }
 
 TEST_F(ScanJourney, AFolderDroppedOnTheWindowIsScanned)

@@ -28,16 +28,11 @@ std::string nameOf(const std::string &path)
     return std::string(lastPathComponent(path));
 }
 
-bool isSameOrAncestor(std::string_view folder, std::string_view path)
-{
-    return path == folder || liesBeneath(path, folder);
-}
-
 /// Whether the item, or a folder that contains it, is among what was removed.
 bool isGone(const std::string &path, std::span<const SelectedEntry> removed)
 {
-    return std::ranges::any_of(removed,
-                               [&path](const SelectedEntry &entry) { return isSameOrAncestor(entry.path, path); });
+    return std::ranges::any_of(
+        removed, [&path](const SelectedEntry &entry) { return path == entry.path || liesBeneath(path, entry.path); });
 }
 
 /// Forgets a path and what lies beneath it; whether there was any of it.

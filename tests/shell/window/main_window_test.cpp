@@ -244,13 +244,24 @@ TEST_F(MainWindowTest, TheMenuOpensByButtonAndByF10)
 {
     click("appMenuButton");
     ASSERT_TRUE(waitForItem("appMenu.scanHome"));
-    EXPECT_EQ(object("appMenu")->property("count").toInt(), 14) << "two screens, nine commands, three lines";
+    EXPECT_EQ(object("appMenu")->property("count").toInt(), 16) << "two screens, eleven commands, three lines";
     key(Qt::Key_Escape);
     ASSERT_TRUE(waitFor([this] { return item("appMenu.scanHome") == nullptr; }));
     key(Qt::Key_F10);
     ASSERT_TRUE(waitForItem("appMenu.about"));
     click("appMenu.about");
     EXPECT_TRUE(waitFor([this] { return isOpen("about"); }));
+}
+
+TEST_F(MainWindowTest, TheMenuLeadsToTheWebsiteAndToThePrivacyPolicy)
+{
+    click("appMenuButton");
+    click("appMenu.privacyPolicy");
+    ASSERT_TRUE(waitFor([this] { return item("appMenu.privacyPolicy") == nullptr; }));
+    click("appMenuButton");
+    click("appMenu.website");
+    EXPECT_EQ(fake.fake.log->linesStartingWith("openUrl"),
+              (std::vector<std::string>{"openUrl https://corvane.app/privacy.html", "openUrl https://corvane.app/"}));
 }
 
 TEST_F(MainWindowTest, TheSelectionBarComesAndGoesWithTheSelection)

@@ -141,5 +141,16 @@ TEST(FolderUrl, KeepsEveryByteOfAPath)
     EXPECT_EQ(pathOfFileUrl(QUrl()), "");
 }
 
+TEST_F(ScanControls, LookForAFolderFromTheHomeFolderOn)
+{
+    EXPECT_EQ(presenter.firstFolder(), QUrl("file:///home/studio"));
+}
+
+TEST(FolderUrl, LeadsBackToThePath)
+{
+    for (const std::string path : {"/home/studio", "/a b/100%/#1?", "/Bücher/\xff\xfe", "/"})
+        EXPECT_EQ(pathOfFileUrl(fileUrlOfPath(path)), path);
+}
+
 } // namespace
 } // namespace corvane

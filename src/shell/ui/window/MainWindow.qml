@@ -31,12 +31,18 @@ ApplicationWindow {
 
         store: Store
     }
+    HelpPresenter {
+        id: help
+
+        store: Store
+    }
     WindowActions {
         id: actions
 
         screens: window.screens
         scan: scan
         selection: selection
+        help: help
         enabled: !window.asking
         onReviewWanted: review.open()
         onAboutWanted: about.open()
@@ -117,6 +123,7 @@ ApplicationWindow {
         objectName: "folderDialog"
         title: scan.folderPrompt
         acceptLabel: qsTr("Scan")
+        currentFolder: scan.firstFolder
         onAccepted: scan.scanUrl(selectedFolder)
     }
     Component {

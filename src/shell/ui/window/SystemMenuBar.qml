@@ -52,6 +52,12 @@ MenuBar {
         title: qsTr("Help")
 
         MenuItem {
+            action: bar.actions.privacyPolicy
+        }
+        MenuItem {
+            action: bar.actions.website
+        }
+        MenuItem {
             action: bar.actions.about
         }
     }

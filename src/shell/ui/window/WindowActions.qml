@@ -12,6 +12,7 @@ QtObject {
     required property SidebarModel screens
     required property ScanPresenter scan
     required property SelectionPresenter selection
+    required property HelpPresenter help
     /// Nothing is answered while a sheet wants an answer.
     required property bool enabled
 
@@ -58,6 +59,16 @@ QtObject {
         shortcut: "Ctrl+Backspace"
         enabled: actions.enabled && actions.selection.canRemove
         onTriggered: actions.selection.moveToTrash()
+    }
+    readonly property Action privacyPolicy: Action {
+        text: qsTr("Privacy Policy")
+        enabled: actions.enabled
+        onTriggered: actions.help.openPrivacyPolicy()
+    }
+    readonly property Action website: Action {
+        text: qsTr("%1 Website").arg(Qt.application.name)
+        enabled: actions.enabled
+        onTriggered: actions.help.openWebsite()
     }
     readonly property Action about: Action {
         text: qsTr("About %1").arg(Qt.application.name)

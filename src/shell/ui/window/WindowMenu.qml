@@ -51,6 +51,14 @@ AppMenu {
     AppMenuSeparator {}
     AppMenuSeparator {}
     AppMenuItem {
+        objectName: "appMenu.privacyPolicy"
+        action: menu.actions.privacyPolicy
+    }
+    AppMenuItem {
+        objectName: "appMenu.website"
+        action: menu.actions.website
+    }
+    AppMenuItem {
         objectName: "appMenu.about"
         action: menu.actions.about
     }

@@ -3,16 +3,14 @@
 #include <algorithm>
 
 #include "core/byte_count.h"
+#include "core/store/followed_store.h"
 
 namespace corvane {
 
 void DiskGaugePresenter::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store)
         connect(m_store, &StorageStore::volumeChanged, this, &DiskGaugePresenter::changed);
     emit storeChanged();

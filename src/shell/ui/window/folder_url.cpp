@@ -12,4 +12,10 @@ std::string pathOfFileUrl(const QUrl &url)
     return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toUtf8()).toStdString();
 }
 
+QUrl fileUrlOfPath(std::string_view path)
+{
+    const QByteArray bytes = QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size()));
+    return QUrl::fromEncoded("file://" + bytes.toPercentEncoding("/"));
+}
+
 } // namespace corvane

@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include "core/byte_count.h"
+#include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 #include "shell/ui/window/folder_url.h"
 
@@ -22,11 +23,8 @@ QString folderName(const StorageStore &store)
 
 void ScanPresenter::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store) {
         connect(m_store, &StorageStore::phaseChanged, this, &ScanPresenter::stateChanged);
         connect(m_store, &StorageStore::treeChanged, this, &ScanPresenter::stateChanged);
@@ -72,6 +70,11 @@ QString ScanPresenter::stopHelp() const
 QString ScanPresenter::folderPrompt() const
 {
     return QStringLiteral("Choose a folder or disk for Corvane to analyze");
+}
+
+QUrl ScanPresenter::firstFolder() const
+{
+    return m_store ? fileUrlOfPath(m_store->locations().home()) : QUrl();
 }
 
 QString ScanPresenter::heading() const

@@ -24,6 +24,8 @@ class ScanPresenter : public QObject {
     Q_PROPERTY(QString scanHelp READ scanHelp CONSTANT)
     Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT)
     Q_PROPERTY(QString folderPrompt READ folderPrompt CONSTANT)
+    /// Where a search for a folder begins.
+    Q_PROPERTY(QUrl firstFolder READ firstFolder NOTIFY storeChanged)
     Q_PROPERTY(QString heading READ heading NOTIFY progressChanged)
     Q_PROPERTY(QString filesCounted READ filesCounted NOTIFY progressChanged)
     Q_PROPERTY(QString spaceFound READ spaceFound NOTIFY progressChanged)
@@ -43,6 +45,7 @@ public:
     [[nodiscard]] QString scanHelp() const;
     [[nodiscard]] QString stopHelp() const;
     [[nodiscard]] QString folderPrompt() const;
+    [[nodiscard]] QUrl firstFolder() const;
     /// "Scanning " and the name of the folder.
     [[nodiscard]] QString heading() const;
     [[nodiscard]] QString filesCounted() const;

@@ -1,16 +1,14 @@
 #include "shell/ui/window/selection_presenter.h"
 
 #include "core/byte_count.h"
+#include "core/store/followed_store.h"
 
 namespace corvane {
 
 void SelectionPresenter::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store) {
         connect(m_store, &StorageStore::selectionChanged, this, &SelectionPresenter::readSelection);
         connect(m_store, &StorageStore::isRemovingChanged, this, &SelectionPresenter::removingChanged);

@@ -5,6 +5,7 @@
 
 #include "core/byte_count.h"
 #include "core/path_guard.h"
+#include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 #include "shell/ui/file_icons.h"
 
@@ -40,11 +41,8 @@ QString shortenedPath(std::string_view path, std::string_view home)
 
 void SelectionReviewModel::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store)
         connect(m_store, &StorageStore::selectionChanged, this, &SelectionReviewModel::follow);
     emit storeChanged();

@@ -2,15 +2,14 @@
 
 #include <algorithm>
 
+#include "core/store/followed_store.h"
+
 namespace corvane {
 
 void SidebarModel::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store)
         connect(m_store, &StorageStore::sidebarChanged, this, &SidebarModel::announceCurrent);
     emit storeChanged();

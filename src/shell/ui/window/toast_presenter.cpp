@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 
 namespace corvane {
@@ -14,11 +15,8 @@ ToastPresenter::ToastPresenter(QObject *parent) : QObject(parent)
 
 void ToastPresenter::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!followStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store)
         connect(m_store, &StorageStore::toastChanged, this, &ToastPresenter::follow);
     emit storeChanged();

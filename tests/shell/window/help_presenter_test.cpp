@@ -1,0 +1,41 @@
+#include "shell/ui/window/help_presenter.h"
+
+#include <gmock/gmock.h>
+
+#include "shell/window/fake_store.h"
+
+namespace corvane {
+namespace {
+
+using testing::ElementsAre;
+
+struct HelpCommands : testing::Test {
+    HelpCommands() { presenter.setStore(&fake.store); }
+
+    FakeStore fake;
+    HelpPresenter presenter;
+};
+
+TEST_F(HelpCommands, OpenTheWebsite)
+{
+    presenter.openWebsite();
+    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl https://corvane.app/"));
+    EXPECT_FALSE(fake.store.toast().has_value());
+}
+
+TEST_F(HelpCommands, OpenThePrivacyPolicy)
+{
+    presenter.openPrivacyPolicy();
+    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl https://corvane.app/privacy.html"));
+}
+
+TEST_F(HelpCommands, SayThatThereIsNoBrowser)
+{
+    fake.fake.desktop.fail("https://corvane.app/", "no browser");
+    presenter.openWebsite();
+    EXPECT_EQ(fake.store.toast(), "Can't open https://corvane.app/: no browser");
+    EXPECT_TRUE(fake.store.toastIsWarning());
+}
+
+} // namespace
+} // namespace corvane
