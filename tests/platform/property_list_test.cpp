@@ -128,6 +128,18 @@ TEST(PropertyList, ALongTextThatIsReferredToAgainAndAgainIsAbsent)
     EXPECT_FALSE(PropertyList::parse(binary({arrayOf(14, 1), arrayOf(14, 2), text})));
 }
 
+TEST(PropertyList, ATextWithTheCharacterZeroIsAbsent)
+{
+    EXPECT_FALSE(PropertyList::parse(binary({std::string("\x53x\0z", 4)})));
+    EXPECT_FALSE(PropertyList::parse(binary({std::string("\x62\0x\0\0", 5)})));
+    EXPECT_TRUE(PropertyList::parse(binary({std::string("\x62\0x\1\0", 5)})));
+    EXPECT_FALSE(PropertyList::parse(binary({std::string("\xd1\1\2", 3), std::string("\x52k\0", 3), "\x09"})));
+    for (const char *const zero : {"&#0;", "&#x0;", "&#X000;", "&#"})
+        EXPECT_FALSE(PropertyList::parse("<plist><string>a" + std::string(zero) + "b</string></plist>")) << zero;
+    EXPECT_FALSE(PropertyList::parse(std::string("<plist><string>a\0b</string></plist>", 35)));
+    EXPECT_TRUE(PropertyList::parse("<plist><string>a&#48;b</string></plist>"));
+}
+
 TEST(PropertyList, AValueInsideItselfIsAbsent)
 {
     EXPECT_FALSE(PropertyList::parse(binary({arrayOf(1, 0)})));

@@ -28,6 +28,8 @@ public:
 
     bool isHarmless()
     {
+        if (m_text.find('\0') != std::string_view::npos || namesZero())
+            return false;
         std::size_t tags = 0;
         for (m_position = m_text.find('<'); m_position != std::string_view::npos;
              m_position = m_text.find('<', m_position)) {
@@ -38,6 +40,17 @@ public:
     }
 
 private:
+    /// Whether the character zero is written as a number.
+    [[nodiscard]] bool namesZero() const
+    {
+        for (std::size_t at = m_text.find("&#"); at != std::string_view::npos; at = m_text.find("&#", at + 1)) {
+            const std::size_t other = m_text.find_first_not_of('0', m_text.find_first_not_of("xX", at + 2));
+            if (other == std::string_view::npos || m_text[other] == ';')
+                return true;
+        }
+        return false;
+    }
+
     /// Reads what begins with the "<" at the position; false where it should not be there.
     bool readMarkup()
     {
@@ -179,10 +192,11 @@ private:
         case 0x8:
             return copy(start, size + 1, 1);
         case 0x4:
-        case 0x5:
             return copy(start, size, 1);
+        case 0x5:
+            return copy(start, size, 1) && !holdsZero(start, size, 1);
         case 0x6:
-            return copy(start, size, 2);
+            return copy(start, size, 2) && !holdsZero(start, size, 2);
         case 0xa:
         case 0xc:
             return open(start, size, 1);
@@ -219,6 +233,16 @@ private:
             return false;
         m_copiedBytes += count * each;
         return m_copiedBytes <= copiedBytesLimit;
+    }
+
+    /// Whether a text that lies inside has the character zero, of that many bytes.
+    [[nodiscard]] bool holdsZero(std::uint64_t start, std::uint64_t count, std::uint64_t each) const
+    {
+        for (std::uint64_t i = 0; i < count; ++i) {
+            if (number(start + i * each, each) == 0)
+                return true;
+        }
+        return false;
     }
 
     bool open(std::uint64_t start, std::uint64_t count, std::uint64_t referencesEach)
