@@ -28,6 +28,8 @@
 
 #include <fmt/format.h>
 
+#include "median.h"
+
 extern char **environ;
 
 namespace {
@@ -86,13 +88,6 @@ Measured run(const std::string &command)
     constexpr double unitsPerMegabyte = 1e6 / 1024;
 #endif
     return {taken.count(), static_cast<double>(usage.ru_maxrss) / unitsPerMegabyte};
-}
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    const std::size_t middle = values.size() / 2;
-    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
 /// How many times as long as `other` a command takes: the median over the rounds, each of which compares two

@@ -1,9 +1,13 @@
 #!/usr/bin/env bash
-# The benchmarks, each beside its goals and other programs in the same run. bench.sh [scan] [--rounds N]
-# [--cold] [--remove]
-#   scan        scanning two generated folders of 400,000 files (the only one, and the default)
+# The benchmarks, each beside its goals and other programs in the same run. bench.sh [NAME…] [--rounds N] [--cold]
+# [--remove]. On a busy machine, "chrt -f 1 ./dev bench …" as root lets nothing else come in between.
+#   scan        scanning two generated folders of 400,000 files
+#   measure     measuring the same folders, one and both at once, as the breakdown and the cleanup catalogue do
+#   summary     what recognising build folders adds to the summary of 1,000,000 files
+#   publish     how long the window stands still when a scan of 1,000,000 files is published (needs Qt)
+#               Without a name, all of them.
 #   --rounds N  how often each program runs (7)
-#   --cold      with the system's disk cache emptied before each run (needs root); without, all runs are warm
+#   --cold      scan: with the system's disk cache emptied before each run (needs root); without, all runs are warm
 #   --remove    remove the generated folders, which are kept for the next run, and do nothing else
 set -euo pipefail
 
@@ -17,9 +21,10 @@ version=1 # of what the generator makes of a seed
 rounds=7
 cold=
 remove=
+names=()
 while [[ $# -gt 0 ]]; do
     case $1 in
-    scan) ;;
+    scan | measure | summary | publish) names+=("$1") ;;
     --rounds)
         rounds=${2:?--rounds needs a number}
         shift
@@ -43,12 +48,17 @@ if [[ $cold && $(id -u) -ne 0 ]]; then
     exit 2
 fi
 
-bin=${CORVANE_BENCH_BIN:-}
-if [[ ! $bin ]]; then
-    build bench
-    bin=build/bench/bin
+[[ ${#names[@]} -gt 0 ]] || names=(scan measure summary publish)
+
+# Qt belongs to the window, so what needs it has a build of its own.
+if [[ " ${names[*]} " == *" publish "* ]]; then
+    build bench-window bench_publish
+    publish_program=$PWD/build/bench-window/bin/bench_publish
 fi
-cd "$bin"
+if [[ "${names[*]}" != publish ]]; then
+    build bench
+    cd build/bench/bin
+fi
 
 # A generated folder is whole once its mark lies beside it.
 generate() {
@@ -100,9 +110,53 @@ scan() {
     echo
 }
 
+both_scans() {
+    echo "wide: 400,000 files in 40,000 folders, many of them at the top"
+    scan wide
+    echo "deep: the same below one chain of folders, where the scan has one thread by design"
+    scan deep
+}
+
+# A home whose caches and derived data are the two generated folders, which the measuring enters through links.
+measure() {
+    local home=$cache/home wide=$cache/wide-$version-$seed deep=$cache/deep-$version-$seed
+    generate wide
+    generate deep
+    mkdir -p "$home/Library/Developer/Xcode"
+    ln -sfn "$wide" "$home/Library/Caches"
+    ln -sfn "$deep" "$home/Library/Developer/Xcode/DerivedData"
+    local one two in_home=env\ HOME=$home\ XDG_CONFIG_HOME=$home\ XDG_DATA_HOME=$home
+    printf -v one %q "$wide"
+    printf -v two %q "$deep"
+    peers=()
+    if [[ -x ./bench_floor ]]; then
+        peer 'floor, one thread' "./bench_floor 1 $one"
+    fi
+    peer du "du -s $one"
+    echo "one location: 400,000 files, on one thread"
+    ./bench_race --rounds "$rounds" --at-most 'floor, one thread' 1.2 \
+        'allocatedSize' "./bench_measure $one" "${peers[@]}"
+    echo "two big locations of the catalogue: 400,000 files in each"
+    peers=()
+    peer du "du -s $one $two"
+    ./bench_race --rounds "$rounds" --at-least du 1.8 'measureAll' "$in_home ./corvane-cli cleanup" "${peers[@]}"
+    echo
+}
+
 echo "$(getconf _NPROCESSORS_ONLN) cores, $(if [[ $cold ]]; then echo cold; else echo warm; fi), $rounds rounds"
 echo
-echo "wide: 400,000 files in 40,000 folders, many of them at the top"
-scan wide
-echo "deep: the same below one chain of folders, where the scan has one thread by design"
-scan deep
+for name in "${names[@]}"; do
+    case $name in
+    scan) both_scans ;;
+    measure) measure ;;
+    summary)
+        echo "summary: recognising build folders"
+        ./bench_summary "$rounds"
+        echo
+        ;;
+    publish)
+        "$publish_program" "$rounds"
+        echo
+        ;;
+    esac
+done

@@ -41,8 +41,10 @@ constexpr Rule rules[] = {
 
 std::optional<std::string_view> DevJunkRule::match(const FileNode &node, FileSystem &files)
 {
+    if (node.size < 1)
+        return std::nullopt;
     const auto rule = std::ranges::find(rules, std::string_view(node.name), &Rule::folderName);
-    if (rule == std::ranges::end(rules) || node.size < 1)
+    if (rule == std::ranges::end(rules))
         return std::nullopt;
 
     std::string folder = rule->place == MarkerPlace::inside ? node.path() : node.folderPath();

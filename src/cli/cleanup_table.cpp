@@ -70,10 +70,10 @@ void writeCleanupTable(const std::vector<CleanupItem> &items, Console &console)
                 writeRow(item, console);
         }
     }
-    console.out.write("\n" +
-                      console.faint("\"corvane-cli cleanup --json\" names what lies in each; "
-                                    "\"corvane-cli remove PATH\" removes it") +
-                      "\n");
+    console.out.write('\n');
+    console.out.write(console.faint("\"corvane-cli cleanup --json\" names what lies in each; "
+                                    "\"corvane-cli remove PATH\" removes it"));
+    console.out.write('\n');
 }
 
 } // namespace corvane

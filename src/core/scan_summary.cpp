@@ -28,6 +28,14 @@ struct ListedFile {
     const std::shared_ptr<FileNode> *node; // in its folder's children
 };
 
+/// Has the memory of a node fetched while others are looked at: a tree of a million nodes lies all over it, and
+/// waiting for each in turn takes longer than everything that is done with it.
+void fetchAhead(const FileNode &node)
+{
+    __builtin_prefetch(&node.size);
+    __builtin_prefetch(&node.kind);
+}
+
 } // namespace
 
 ScanSummary ScanSummary::make(const std::shared_ptr<FileNode> &root, FileSystem &files)
@@ -45,6 +53,8 @@ ScanSummary ScanSummary::make(const std::shared_ptr<FileNode> &root, FileSystem 
             continue;
         }
         const std::shared_ptr<FileNode> &node = (*level.children)[level.next++];
+        if (level.next < level.children->size())
+            fetchAhead(*(*level.children)[level.next]);
         bool insidePackage = level.insidePackage;
         bool insideJunk = level.insideJunk;
 

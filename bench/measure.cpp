@@ -1,0 +1,18 @@
+// The size of one folder as the disk's breakdown, the cleanup catalogue and the apps' list measure it: bench_measure
+// FOLDER
+
+#include <cstdlib>
+
+#include <fmt/format.h>
+
+#include "cleanup/cleanup_catalog.h"
+
+int main(int argc, char **argv)
+{
+    if (argc != 2) {
+        fmt::print(stderr, "usage: bench_measure FOLDER\n");
+        return 2;
+    }
+    fmt::print("{} bytes\n", corvane::CleanupCatalog::allocatedSize(argv[1]));
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,168 @@
+// How long the main thread is held when a finished scan is published: bench_publish [ROUNDS]
+//
+// The store scans a made-up file system of 1,000,000 files, each large enough for a node of its own, which is the
+// most that a scan can hand over. Each event that the main thread handles meanwhile is timed; the one in which the
+// store becomes ready is the publishing. From the second round on, starting a scan also lets go of the tree before.
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTimer>
+#include <fmt/format.h>
+
+#include "core/store/storage_store.h"
+#include "median.h"
+
+namespace {
+
+using corvane::DirectoryEntry;
+using corvane::EntryType;
+using corvane::Error;
+using corvane::Expected;
+using corvane::ItemFacts;
+using corvane::OpenFolder;
+using corvane::StorageStore;
+using Clock = std::chrono::steady_clock;
+
+constexpr double limit = 50; // milliseconds
+
+// At the top 1000 folders with 100 folders each, in which there are 10 files.
+constexpr std::size_t widths[] = {1'000, 100, 10};
+constexpr std::int64_t fileSize = 1'200'000;
+constexpr std::int64_t fileCount = 1'000'000;
+
+Error refusal(const std::string &path)
+{
+    return {"open", path, std::make_error_code(std::errc::operation_not_permitted), {}};
+}
+
+class MadeUpFolder final : public OpenFolder {
+public:
+    MadeUpFolder(std::size_t level, std::uint64_t number) : m_level(level), m_number(number) {}
+
+    Expected<void> list(const corvane::EntrySink &sink) override
+    {
+        const bool holdsFiles = m_level + 1 == std::size(widths);
+        for (std::size_t i = 0; i < widths[m_level]; ++i) {
+            const std::string name = fmt::format("{}{}", holdsFiles ? "film" : "folder", i);
+            sink({.name = name,
+                  .type = holdsFiles ? EntryType::file : EntryType::directory,
+                  .allocated = holdsFiles ? fileSize : 0,
+                  .modified = {}});
+        }
+        return {};
+    }
+    Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override
+    {
+        std::uint64_t index = 0;
+        const std::string_view digits = std::string_view(name).substr(std::string_view("folder").size());
+        std::from_chars(digits.data(), digits.data() + digits.size(), index);
+        return std::make_unique<MadeUpFolder>(m_level + 1, m_number * widths[m_level] + index + 1);
+    }
+    Expected<std::unique_ptr<OpenFolder>> openParent() override { return tl::unexpected(refusal("..")); }
+    [[nodiscard]] corvane::FolderIdentity identity() const override { return {m_level + 1, m_number + 1}; }
+    [[nodiscard]] corvane::Time modified() const override { return corvane::distantPast; }
+
+private:
+    const std::size_t m_level;
+    const std::uint64_t m_number;
+};
+
+class MadeUpFiles final : public corvane::FileSystem {
+public:
+    Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &) override
+    {
+        return std::make_unique<MadeUpFolder>(0, 0);
+    }
+    Expected<ItemFacts> facts(const std::string &) override { return ItemFacts{.type = EntryType::directory}; }
+    bool exists(const std::string &) override { return false; }
+    bool canOpen(const std::string &) override { return false; }
+    Expected<std::string> realPath(const std::string &path) override { return path; }
+    Expected<void> removeItem(const std::string &path) override { return tl::unexpected(refusal(path)); }
+    std::string homeFolder() override { return "/made-up"; }
+};
+
+double milliseconds(Clock::duration duration)
+{
+    return std::chrono::duration<double, std::milli>(duration).count();
+}
+
+/// Times every event.
+class TimedApplication final : public QCoreApplication {
+public:
+    using QCoreApplication::QCoreApplication;
+
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        const Clock::time_point start = Clock::now();
+        const bool result = QCoreApplication::notify(receiver, event);
+        const double taken = milliseconds(Clock::now() - start);
+        longest = std::max(longest, taken);
+        if (isPublishing)
+            publishing = taken;
+        isPublishing = false;
+        return result;
+    }
+
+    bool isPublishing = false; ///< set while the event is handled
+    double publishing = 0;     ///< milliseconds
+    double longest = 0;        ///< of any event
+};
+
+void report(std::string_view what, const std::vector<double> &values)
+{
+    const double worst = std::ranges::max(values);
+    fmt::print("  {:<34} median {:>7.2f} ms, worst {:>7.2f} ms\n", what, median(values), worst);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    int rounds = 5;
+    if (argc > 1) {
+        const std::string_view text = argv[1];
+        std::from_chars(text.data(), text.data() + text.size(), rounds);
+    }
+    TimedApplication application(argc, argv);
+    const corvane::Host &system = corvane::systemHost();
+    MadeUpFiles files;
+    const corvane::Host host{files, system.trash, system.volumes, system.desktop};
+    StorageStore store(host, corvane::PathGuard::locations());
+
+    std::vector<double> starting;
+    std::vector<double> publishing;
+    std::vector<double> longest;
+    for (int round = 0; round < rounds; ++round) {
+        application.longest = 0;
+        const auto connection = QObject::connect(&store, &StorageStore::phaseChanged, &application, [&] {
+            if (store.phase() == StorageStore::Phase::ready)
+                application.isPublishing = true;
+        });
+        const Clock::time_point start = Clock::now();
+        store.scan("/made-up");
+        starting.push_back(milliseconds(Clock::now() - start));
+        while (store.phase() != StorageStore::Phase::ready || store.breakdownLoading())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QObject::disconnect(connection);
+        if (store.root()->fileCount != fileCount || store.allFiles().size() != fileCount)
+            return EXIT_FAILURE;
+        publishing.push_back(application.publishing);
+        longest.push_back(application.longest);
+    }
+    fmt::print("publish: {} rounds of a scan of 1,000,000 files, all of them nodes\n", rounds);
+    report("starting a scan", starting);
+    report("publishing the finished scan", publishing);
+    report("any event meanwhile", longest);
+    const double worst = std::max(std::ranges::max(starting), std::ranges::max(longest));
+    fmt::print("  goal: holds the main thread for at most {:.0f} ms: {:.2f} ms, {}\n", limit, worst,
+               worst <= limit ? "reached" : "MISSED");
+    return EXIT_SUCCESS;
+}
