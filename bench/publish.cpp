@@ -22,7 +22,6 @@
 
 namespace {
 
-using corvane::DirectoryEntry;
 using corvane::EntryType;
 using corvane::Error;
 using corvane::Expected;

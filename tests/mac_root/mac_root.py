@@ -251,9 +251,18 @@ def set_date(path, date):
     os.utime(path, (seconds, seconds))
 
 
-def replace_root(folder, scale):
-    """Makes FOLDER/root in place of an earlier one."""
+def empty(item, path, paths):
+    """Takes everything out of the folders at those paths."""
+    if path in paths:
+        item.children = []
+    for child in item.children:
+        empty(child, path + "/" + os.fsdecode(child.name), paths)
+
+
+def replace_root(folder, scale, left_empty=()):
+    """Makes FOLDER/root in place of an earlier one, some of its folders without their contents."""
     wanted = description()
+    empty(wanted, "", left_empty)
     os.makedirs(folder, exist_ok=True)
     remove_root(folder)
     folder = os.fsencode(folder)
