@@ -252,6 +252,46 @@ TEST_F(KeyboardJourney, ARingStaysWhenTheWindowWasLeftForAnother)
     expectKeyboardAt("reviewButton");
 }
 
+TEST_F(KeyboardJourney, AtTheRootTheKeyboardGoesOnFromTheUpButton)
+{
+    openDeepFolder();
+    tabTo(driver().item(QStringLiteral("upButton")));
+
+    press(Qt::Key_Return);
+    waitForWay("home/Movies");
+    expectKeyboardAt("upButton");
+    press(Qt::Key_Return);
+    waitForWay("home");
+
+    waitUntil([&] { return focusedName() == "home (button)"; }, QStringLiteral("the keyboard at the root's crumb"));
+    EXPECT_TRUE(focused()->property("visualFocus").toBool());
+}
+
+TEST_F(KeyboardJourney, WithTheSelectionClearedTheKeyboardGoesBackToTheList)
+{
+    openDeepFolder();
+    tabTo(driver().item(QStringLiteral("clearButton")));
+
+    press(Qt::Key_Return);
+
+    expectKeyboardAt("list");
+    waitUntil([&] { return !isShown(QStringLiteral("selectionBar")); }, QStringLiteral("the selection bar to go"));
+    expectKeyboardAt("list");
+}
+
+TEST_F(KeyboardJourney, AfterARemovalTheKeyboardIsInTheList)
+{
+    openDeepFolder();
+    tabTo(driver().item(QStringLiteral("moveToTrashButton")));
+
+    press(Qt::Key_Return);
+
+    waitForToast();
+    EXPECT_FALSE(exists("Games"));
+    waitUntil([&] { return !isShown(QStringLiteral("selectionBar")); }, QStringLiteral("the selection bar to go"));
+    expectKeyboardAt("list");
+}
+
 TEST_F(KeyboardJourney, F10OpensTheMenuAndEscapeGivesTheKeyboardBack)
 {
     openDeepFolder();

@@ -59,6 +59,14 @@ TEST_F(WindowJourney, ClosingTheWindowDuringAScanEndsTheProgram)
     quit();
 }
 
+TEST_F(WindowJourney, ItBearsTheProgramsName)
+{
+    open();
+
+    EXPECT_EQ(window().title(), QStringLiteral("Corvane"));
+    EXPECT_EQ(window().minimumSize(), QSize(1040, 660));
+}
+
 TEST_F(WindowJourney, ItComesBackWhereItWasAndAsLargeAsItWas)
 {
     constexpr QRect place(210, 130, 1300, 820);

@@ -425,6 +425,15 @@ TEST_F(ExplorerScreenTest, TheListIsAListWithTheFoldersName)
     EXPECT_EQ(QuickScene::accessibleName(list()), QStringLiteral("studio"));
 }
 
+TEST_F(ExplorerScreenTest, TheRowThatTheKeyboardIsOnSaysSo)
+{
+    show();
+    list()->forceActiveFocus(Qt::TabFocusReason);
+    scene->key(Qt::Key_Down);
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(row(projects))->state().focused);
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(row(films))->state().focused);
+}
+
 TEST_F(ExplorerScreenTest, PressingARowOpensItsFolder)
 {
     show();

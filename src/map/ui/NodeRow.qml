@@ -37,6 +37,8 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: description
+    Accessible.focusable: true
+    Accessible.focused: ringed
     Accessible.onPressAction: row.openWanted()
 
     HoverHandler {

@@ -6,7 +6,7 @@
 
 #include "shell/ui/app_icon.h"
 #include "shell/ui/file_icons.h"
-#include "shell/ui/focus_reason_keeper.h"
+#include "shell/ui/focus_keeper.h"
 #include "shell/ui/fonts.h"
 #include "shell/ui/icon_provider.h"
 #include "shell/ui/shadow_provider.h"
@@ -18,7 +18,7 @@ namespace corvane {
 void setUpShell(QQmlEngine &engine)
 {
     registerFonts();
-    FocusReasonKeeper::install();
+    FocusKeeper::install();
     QGuiApplication::setFont(Theme::instance()->bodyFont());
     QGuiApplication::setWindowIcon(appIcon());
     // Small text is sharpest where the system's own rasteriser draws it.

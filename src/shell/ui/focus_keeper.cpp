@@ -1,10 +1,11 @@
-#include "shell/ui/focus_reason_keeper.h"
+#include "shell/ui/focus_keeper.h"
 
 #include <utility>
 
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QQuickItem>
+#include <QQuickWindow>
 
 namespace corvane {
 
@@ -21,25 +22,50 @@ bool isOfUser(Qt::FocusReason reason)
     return isOfKeyboard(reason) || reason == Qt::MouseFocusReason;
 }
 
+bool isAbove(const QQuickItem &item, const QQuickItem &other)
+{
+    return item.mapToScene({0, item.height()}).y() <= other.mapToScene({0, 0}).y();
+}
+
+/// Takes the focus on from a control that was disabled, unless something else has it by now.
+void moveOn(QQuickItem &from)
+{
+    const QQuickWindow *const window = from.window();
+    if (window == nullptr || !from.isVisible() || from.isEnabled())
+        return;
+    if (const QQuickItem *now = window->activeFocusItem();
+        now != nullptr && now->activeFocusOnTab() && now->isEnabled())
+        return;
+    QQuickItem *next = from.nextItemInFocusChain(true);
+    // After the last one comes the first, which is too far away.
+    if (isAbove(*next, from))
+        next = from.nextItemInFocusChain(false);
+    next->forceActiveFocus(Qt::TabFocusReason);
+}
+
 } // namespace
 
-void FocusReasonKeeper::install()
+void FocusKeeper::install()
 {
     static bool isInstalled = false;
     if (!std::exchange(isInstalled, true))
-        qGuiApp->installEventFilter(new FocusReasonKeeper(qGuiApp));
+        qGuiApp->installEventFilter(new FocusKeeper(qGuiApp));
 }
 
-bool FocusReasonKeeper::eventFilter(QObject *receiver, QEvent *event)
+bool FocusKeeper::eventFilter(QObject *receiver, QEvent *event)
 {
     const bool isFocusEvent = event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut;
-    if (!isFocusEvent || qobject_cast<QQuickItem *>(receiver) == nullptr)
+    auto *const item = isFocusEvent ? qobject_cast<QQuickItem *>(receiver) : nullptr;
+    if (item == nullptr)
         return false;
 
     if (event->type() == QEvent::FocusOut) {
         const QVariant reason = receiver->property("focusReason");
         if (reason.isValid() && isOfUser(static_cast<Qt::FocusReason>(reason.toInt())))
             m_byKeyboard = isOfKeyboard(static_cast<Qt::FocusReason>(reason.toInt()));
+        if (m_byKeyboard && !item->isEnabled())
+            QMetaObject::invokeMethod(
+                item, [item] { moveOn(*item); }, Qt::QueuedConnection);
         return false;
     }
 
