@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 
+#include "journeys/held_listing.h"
 #include "journeys/journey.h"
 #include "shell/ui/theme.h"
 
@@ -172,6 +173,22 @@ TEST_F(KeyboardJourney, BeforeAScanTabLeadsToTheWayToOne)
 
     EXPECT_THAT(stops(Qt::Key_Tab), ElementsAre("Menu (button)", "Screens (list)", "Scan (button)",
                                                 "More ways to scan (button)", "Scan Home Folder (button)"));
+}
+
+TEST_F(KeyboardJourney, DuringAScanTabLeadsToBothWaysToStopIt)
+{
+    addFile("Slow/late.bin", 5);
+    HeldListing slow(at("Slow"));
+    open();
+    press(Qt::Key_R, Qt::ControlModifier);
+    waitUntil([&] { return slow.isReached(); }, QStringLiteral("a slow scan"));
+    driver().item(QStringLiteral("requiresScan.stop")).forceActiveFocus(Qt::TabFocusReason);
+
+    EXPECT_THAT(stops(Qt::Key_Tab),
+                ElementsAre("Menu (button)", "Screens (list)", "Stop Scan (button)", "Stop (button)"));
+
+    slow.release();
+    waitUntil([&] { return isScanned(); }, QStringLiteral("the scan's end"));
 }
 
 TEST_F(KeyboardJourney, ARingShowsWhereTheKeyboardIsInLight)
