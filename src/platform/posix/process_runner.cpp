@@ -16,7 +16,10 @@ namespace corvane {
 
 namespace {
 
-constexpr int stopInterval = 200; // milliseconds between two looks at whether the answer is still wanted
+// Milliseconds between two looks: at whether the answer is still wanted, and at whether the program is over once it
+// has nothing more to say.
+constexpr int stopInterval = 200;
+constexpr int exitInterval = 10;
 
 Error failure(std::string operation, const std::string &path, int code)
 {
@@ -84,6 +87,20 @@ void drain(Descriptor &end, std::string *into)
     }
 }
 
+/// Waits for either end to have something, at most that many milliseconds; false where there can be no waiting.
+bool drainWhatComes(Descriptor &output, Descriptor &errors, std::string &text, int milliseconds)
+{
+    // poll() passes over a descriptor of -1.
+    std::array<pollfd, 2> waited{pollfd{output.get(), POLLIN, 0}, pollfd{errors.get(), POLLIN, 0}};
+    if (::poll(waited.data(), waited.size(), milliseconds) < 0)
+        return errno == EINTR;
+    if (waited[0].revents != 0)
+        drain(output, &text);
+    if (waited[1].revents != 0)
+        drain(errors, nullptr);
+    return true;
+}
+
 } // namespace
 
 Expected<std::string> runProcess(const std::string &path, const std::vector<std::string> &arguments,
@@ -120,26 +137,26 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
     errors.write.close();
 
     std::string text;
-    while ((output.read.isOpen() || errors.read.isOpen()) && !stop) {
-        // poll() passes over a descriptor of -1.
-        std::array<pollfd, 2> waited{pollfd{output.read.get(), POLLIN, 0}, pollfd{errors.read.get(), POLLIN, 0}};
-        if (::poll(waited.data(), waited.size(), stopInterval) < 0) {
-            if (errno == EINTR)
-                continue;
+    while (output.read.isOpen() && !stop) {
+        if (!drainWhatComes(output.read, errors.read, text, stopInterval))
             break;
-        }
-        if (waited[0].revents != 0)
-            drain(output.read, &text);
-        if (waited[1].revents != 0)
-            drain(errors.read, nullptr);
     }
-
-    if (stop)
-        ::kill(child, SIGKILL);
+    // Standard error may stay open in a program that this one has left behind, and the program may live on without
+    // its output; neither may keep what it still writes from being read.
     int status = 0;
-    while (::waitpid(child, &status, 0) < 0) {
-        if (errno != EINTR)
+    bool wasEnded = false;
+    while (true) {
+        const pid_t exited = ::waitpid(child, &status, wasEnded ? 0 : WNOHANG);
+        if (exited == child)
+            break;
+        if (exited < 0 && errno != EINTR)
             return tl::unexpected(failure("wait for", path, errno));
+        if (stop && !wasEnded) {
+            ::kill(child, SIGKILL);
+            wasEnded = true;
+        } else if (!wasEnded) {
+            drainWhatComes(output.read, errors.read, text, exitInterval);
+        }
     }
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
         return tl::unexpected(failure("run", path, ECANCELED));
