@@ -35,12 +35,31 @@ bool isValidUtf8(std::string_view bytes)
     return true;
 }
 
+// The characters that count as blank: the tab and Unicode's space separators.
+constexpr std::string_view blanks[] = {"\t",     " ",      "\u00A0", "\u1680", "\u2000", "\u2001",
+                                       "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007",
+                                       "\u2008", "\u2009", "\u200A", "\u202F", "\u205F", "\u3000"};
+
 std::string_view trimmed(std::string_view text)
 {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+    const auto *const end = std::ranges::end(blanks);
+    for (auto blank = blanks; blank != end;) {
+        blank = std::ranges::find_if(blanks, [&](std::string_view each) { return text.starts_with(each); });
+        if (blank != end)
+            text.remove_prefix(blank->size());
+    }
+    for (auto blank = blanks; blank != end;) {
+        blank = std::ranges::find_if(blanks, [&](std::string_view each) { return text.ends_with(each); });
+        if (blank != end)
+            text.remove_suffix(blank->size());
+    }
+    return text;
+}
+
+std::size_t characterCount(std::string_view text)
+{
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xc0) != 0x80; }));
 }
 
 std::optional<int> number(std::string_view digits)
@@ -55,7 +74,7 @@ std::optional<int> number(std::string_view digits)
 // "yyyy-MM-dd-HHmmss" in local time.
 std::optional<Time> timeFromStamp(std::string_view stamp)
 {
-    if (stamp[4] != '-' || stamp[7] != '-' || stamp[10] != '-')
+    if (stamp.size() != stampLength || stamp[4] != '-' || stamp[7] != '-' || stamp[10] != '-')
         return std::nullopt;
     const auto year = number(stamp.substr(0, 4));
     const auto month = number(stamp.substr(5, 2));
@@ -85,7 +104,7 @@ std::optional<Time> timeFromName(std::string_view name)
 {
     while (!name.empty()) {
         const std::string_view piece = name.substr(0, name.find('.'));
-        if (piece.size() == stampLength && piece.front() >= '0' && piece.front() <= '9')
+        if (characterCount(piece) == stampLength && piece.front() >= '0' && piece.front() <= '9')
             return timeFromStamp(piece);
         name.remove_prefix(std::min(piece.size() + 1, name.size()));
     }

@@ -1,6 +1,7 @@
 #include "cleanup/cleanup_catalog.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 
 #include <gtest/gtest.h>
@@ -177,6 +178,61 @@ TEST_F(CleanupCatalogTest, AllocatedSizeOfAFolderCountsEveryFileBeneathIt)
     folder.writeFile("top/.hidden/b", 8192);
     folder.writeFile("top/Thing.app/Contents/c", 8192);
     EXPECT_EQ(sizeOf("top"), 3 * 8192);
+}
+
+TEST_F(CleanupCatalogTest, AFileWithTwoNamesCountsForEach)
+{
+    folder.writeFile("top/a", 8192);
+    folder.hardLink("top/b", "top/a");
+    EXPECT_EQ(sizeOf("top"), 2 * 8192);
+}
+
+TEST_F(CleanupCatalogTest, ASparseFileInAFolderCountsWhatItOccupies)
+{
+    folder.writeSparse("top/disk.img", 100'000'000);
+    EXPECT_EQ(sizeOf("top"), 0);
+    folder.writeFile("top/a", 8192);
+    EXPECT_EQ(sizeOf("top"), 8192);
+}
+
+TEST_F(CleanupCatalogTest, EntriesOfEqualSizeKeepTheOrderOfTheListing)
+{
+    FakeHost fake;
+    fake.files.setHome("/home/u");
+    for (const char *const name : {"c", "a", "b"})
+        fake.files.addFile(std::string("/home/u/Library/Logs/") + name, 4096);
+    std::vector<std::string> names;
+    for (const CleanupEntry &entry : CleanupCatalog::measure(definition("logs"), fake.files).entries)
+        names.push_back(entry.path);
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"/home/u/Library/Logs/c", "/home/u/Library/Logs/a", "/home/u/Library/Logs/b"}));
+}
+
+TEST_F(CleanupCatalogTest, AListingThatFailsHalfwayIsNotAccessible)
+{
+    FakeHost fake;
+    fake.files.setHome("/home/u");
+    fake.files.addFile("/home/u/Library/Logs/a", 4096);
+    fake.files.addFile("/home/u/Library/Logs/b", 4096);
+    fake.files.failListing("/home/u/Library/Logs", std::errc::io_error, 1);
+    const CleanupItem item = CleanupCatalog::measure(definition("logs"), fake.files);
+    EXPECT_FALSE(item.accessible);
+    EXPECT_TRUE(item.entries.empty());
+}
+
+TEST(CleanupNames, AreThoseOfTheCases)
+{
+    EXPECT_EQ(rawValue(CleanupRisk::safe), "safe");
+    EXPECT_EQ(rawValue(CleanupRisk::review), "review");
+    std::vector<std::string_view> groups;
+    for (const CleanupGroup group : allCleanupGroups)
+        groups.push_back(rawValue(group));
+    EXPECT_EQ(groups, (std::vector<std::string_view>{"system", "developer", "personal"}));
+}
+
+TEST(CleanupNames, IgnoredAreTheTwoThatFileManagersLeaveBehind)
+{
+    EXPECT_EQ(CleanupCatalog::ignoredNames, (std::array<std::string_view, 2>{".DS_Store", ".localized"}));
 }
 
 TEST_F(CleanupCatalogTest, AllocatedSizeNeverFollowsALink)

@@ -1,5 +1,6 @@
 #include "cleanup/dev_junk_rule.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,56 @@ TEST(DevJunkRule, EveryFolderNeedsOneOfItsMarkers)
         EXPECT_EQ(matchOf(each.name, {each.marker}), each.kind) << each.name << " " << each.marker;
         EXPECT_EQ(matchOf(each.name, {}), std::nullopt) << each.name;
     }
+}
+
+TEST(DevJunkRule, NearMissesOfEveryRowAreNotOffered)
+{
+    struct Case {
+        const char *name;
+        std::vector<std::string> markers;
+    };
+    const Case cases[] = {
+        // The marker inside the folder, or beside its parent, where it must stand beside it.
+        {"node_modules", {"/p/app/node_modules/package.json", "/p/package.json"}},
+        {"build", {"/p/app/build/build.gradle", "/p/build.gradle.kts"}},
+        {".gradle", {"/p/app/.gradle/settings.gradle", "/p/settings.gradle", "/p/build.gradle"}},
+        {"target", {"/p/app/target/Cargo.toml", "/p/Cargo.toml"}},
+        {".next", {"/p/app/.next/package.json", "/p/package.json"}},
+        {"Pods", {"/p/app/Pods/Podfile", "/p/Podfile"}},
+        {".dart_tool", {"/p/app/.dart_tool/pubspec.yaml", "/p/pubspec.yaml"}},
+        // The other way round, and deeper.
+        {"venv", {"/p/app/pyvenv.cfg", "/p/app/.venv/pyvenv.cfg", "/p/app/venv/lib/pyvenv.cfg"}},
+        {".venv", {"/p/app/pyvenv.cfg", "/p/app/venv/pyvenv.cfg", "/p/app/.venv/lib/pyvenv.cfg"}},
+        // A marker that belongs to a row of another name.
+        {"build", {"/p/app/settings.gradle", "/p/app/settings.gradle.kts", "/p/app/package.json"}},
+        {"target", {"/p/app/package.json", "/p/app/build.gradle"}},
+        {"Pods", {"/p/app/package.json", "/p/app/pubspec.yaml"}},
+        // A marker of almost the right name.
+        {"node_modules", {"/p/app/package.json5", "/p/app/package-lock.json", "/p/app/Package.json"}},
+        {"build", {"/p/app/build.gradle.bak", "/p/app/build.gradle.KTS"}},
+        {"target", {"/p/app/cargo.toml", "/p/app/Cargo.lock"}},
+        {"Pods", {"/p/app/Podfile.lock", "/p/app/podfile"}},
+        {".dart_tool", {"/p/app/pubspec.yml", "/p/app/pubspec.lock"}},
+        {".next", {"/p/app/next.config.js"}},
+    };
+    for (const Case &each : cases)
+        EXPECT_EQ(matchOf(each.name, each.markers), std::nullopt) << each.name << " " << each.markers.front();
+}
+
+TEST(DevJunkRule, FoldersOfAlmostAKnownNameAreNotOffered)
+{
+    const std::vector<std::string> markers{"/p/app/package.json", "/p/app/build.gradle", "/p/app/settings.gradle",
+                                           "/p/app/Cargo.toml",   "/p/app/Podfile",      "/p/app/pubspec.yaml"};
+    for (const std::string name : {"node_modules", "build", ".gradle", "target", ".next", "Pods", ".dart_tool"}) {
+        ASSERT_TRUE(matchOf(name, markers)) << name;
+        std::string upper = name;
+        std::ranges::transform(upper, upper.begin(),
+                               [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+        for (const std::string &other : {upper, name + " ", name + "2", " " + name, "." + name, name.substr(1)})
+            EXPECT_EQ(matchOf(other, markers), std::nullopt) << other;
+    }
+    for (const std::string name : {"Venv", ".VENV", "env", "venv2", "..venv"})
+        EXPECT_EQ(matchOf(name, {"/p/app/" + name + "/pyvenv.cfg"}), std::nullopt) << name;
 }
 
 TEST(DevJunkRule, NodeModulesWithoutAPackageFileBesideItIsNotOffered)

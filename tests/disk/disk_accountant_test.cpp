@@ -1,11 +1,10 @@
 #include "disk/disk_accountant.h"
 
 #include <algorithm>
+#include <limits>
 #include <map>
 
 #include <gtest/gtest.h>
-
-#include "support/temporary_folder.h"
 
 namespace corvane {
 namespace {
@@ -99,6 +98,31 @@ TEST_F(DiskAccountantTest, AnUnreadableVolumeTakesTheDefaults)
     EXPECT_EQ(breakdown.explainedPercentage(), 0);
 }
 
+TEST_F(DiskAccountantTest, EachMissingFigureTakesItsOwnDefault)
+{
+    volume.name.reset();
+    EXPECT_EQ(compute().volumeName, "Macintosh HD");
+    EXPECT_EQ(compute().total, 100 * gb);
+    EXPECT_EQ(compute().purgeable, 0); // as much is available for important use as for anything
+    volume.availableForImportantUse = 45 * gb;
+    EXPECT_EQ(compute().purgeable, 5 * gb);
+    volume.available.reset();
+    EXPECT_EQ(compute().free, 0);
+    EXPECT_EQ(compute().purgeable, 45 * gb);
+    volume.total.reset();
+    EXPECT_EQ(compute().total, 0);
+    EXPECT_EQ(askedTotal, 0);
+}
+
+TEST_F(DiskAccountantTest, ADiskOfWhichNothingIsUsedHasNoSegments)
+{
+    volume.available = 100 * gb;
+    const DiskBreakdown breakdown = compute();
+    EXPECT_TRUE(breakdown.segments.empty());
+    EXPECT_EQ(breakdown.used(), 0);
+    EXPECT_EQ(breakdown.explainedPercentage(), 0);
+}
+
 TEST_F(DiskAccountantTest, MoreAvailableThanThereIsLeavesNothingToExplain)
 {
     volume.available = 200 * gb;
@@ -132,6 +156,117 @@ TEST_F(DiskAccountantTest, VolumesAreToldByTheirRolesInAFixedOrderOfTests)
     EXPECT_EQ(find(breakdown, Kind::otherVolume)->id, "vol-Work");
     EXPECT_EQ(find(breakdown, Kind::hidden)->size, 60 * gb);
     EXPECT_EQ(breakdown.segments.back().id, "vol-Backup");
+}
+
+TEST_F(DiskAccountantTest, EverySegmentOfAVolumeIsAsItIsShown)
+{
+    container = APFSContainerInfo{500 * gb,
+                                  100 * gb,
+                                  {{"Macintosh HD", {"System"}, 9 * gb},
+                                   {"VM", {"VM"}, 8 * gb},
+                                   {"Preboot", {"Preboot"}, 7 * gb},
+                                   {"Work", {"Backup"}, 6 * gb}}};
+    EXPECT_EQ(compute().segments,
+              (std::vector<BreakdownSegment>{
+                  {"system",
+                   Kind::system,
+                   "macOS",
+                   "The read-only system volume, sealed and signed by Apple. It can't be cleaned, and it doesn't need "
+                   "to be.",
+                   "apple.logo",
+                   {0.45, 0.52, 0.62},
+                   9 * gb,
+                   {},
+                   {},
+                   {}},
+                  {"vm",
+                   Kind::vm,
+                   "Swap & Sleep Image",
+                   "Virtual memory macOS writes to disk when RAM fills up. It shrinks again after a restart.",
+                   "memorychip",
+                   {0.2, 0.62, 0.7},
+                   8 * gb,
+                   {},
+                   {},
+                   {}},
+                  {"support",
+                   Kind::support,
+                   "macOS Support Files",
+                   "Boot files, the Recovery system and staged software updates. Managed by macOS.",
+                   "wrench.and.screwdriver",
+                   {0.6, 0.63, 0.69},
+                   7 * gb,
+                   {},
+                   {},
+                   {}},
+                  {"vol-Work",
+                   Kind::otherVolume,
+                   "Work",
+                   "Another volume sharing this disk's space.",
+                   "externaldrive",
+                   {0.78, 0.52, 0.32},
+                   6 * gb,
+                   {},
+                   {},
+                   {}},
+              }));
+}
+
+TEST_F(DiskAccountantTest, PurgeableAndHiddenSpaceLookAsTheyAreShown)
+{
+    volume.availableForImportantUse = 50 * gb;
+    const DiskBreakdown breakdown = compute();
+    const BreakdownSegment *purgeable = find(breakdown, Kind::purgeable);
+    EXPECT_EQ(purgeable->id, "purgeable");
+    EXPECT_EQ(purgeable->title, "Purgeable Space");
+    EXPECT_EQ(purgeable->symbol, "clock.arrow.2.circlepath");
+    EXPECT_EQ(purgeable->color, (Color{0.25, 0.75, 0.62}));
+    EXPECT_EQ(purgeable->action, std::nullopt);
+    EXPECT_EQ(purgeable->actionTitle, std::nullopt);
+    EXPECT_EQ(find(breakdown, Kind::hidden)->id, "hidden");
+    EXPECT_EQ(find(breakdown, Kind::hidden)->color, (Color{0.93, 0.42, 0.4}));
+}
+
+TEST_F(DiskAccountantTest, ALocationIsAsTheTableSays)
+{
+    sizes = {{"/opt", gb}};
+    EXPECT_EQ(*find(compute(), Kind::measured),
+              (BreakdownSegment{"/opt",
+                                Kind::measured,
+                                "Homebrew (/opt)",
+                                "Homebrew packages on Apple Silicon. Tip: `brew cleanup` removes old versions.",
+                                "mug",
+                                {0.98, 0.56, 0.22},
+                                gb,
+                                {{"child", 1}},
+                                BreakdownAction{BreakdownAction::Kind::reveal, "/opt"},
+                                "Show in Finder"}));
+}
+
+TEST_F(DiskAccountantTest, SnapshotsAreThereWithoutPurgeableSpaceToo)
+{
+    snapshots = {{"com.apple.a", std::nullopt}};
+    const DiskBreakdown breakdown = compute();
+    EXPECT_EQ(find(breakdown, Kind::purgeable), nullptr);
+    EXPECT_EQ(breakdown.snapshots, snapshots);
+}
+
+TEST_F(DiskAccountantTest, ScannedAndMeasuredFoldersTogetherMakeTheOvercount)
+{
+    container = APFSContainerInfo{100 * gb, 40 * gb, {{"Data", {"Data"}, 10 * gb}, {"S", {"System"}, gb}}};
+    sizes = {{"/Library", 4 * gb}};
+    scanned("/Users/u", 6 * gb);
+    EXPECT_EQ(compute().overcount, 0);
+    sizes["/opt"] = limit + 1;
+    EXPECT_EQ(compute().overcount, limit + 1);
+    EXPECT_EQ(find(compute(), Kind::hidden), nullptr);
+}
+
+TEST_F(DiskAccountantTest, AnOverflowEndsTheProgram)
+{
+    container =
+        APFSContainerInfo{0, 0, {{"A", {"Data"}, std::numeric_limits<std::int64_t>::max()}, {"B", {"Data"}, 1}}};
+    EXPECT_DEATH((void)compute(), "");
 }
 
 TEST_F(DiskAccountantTest, SupportVolumesWithoutBytesMakeNoSegment)
@@ -323,39 +458,6 @@ TEST_F(DiskAccountantTest, SegmentsOfEqualSizeKeepTheOrderInWhichTheyWereMade)
     EXPECT_EQ(breakdown.segments[2].id, "/Applications");
     EXPECT_EQ(breakdown.segments[3].id, "/Library");
     EXPECT_EQ(breakdown.segments[4].id, "/opt");
-}
-
-TEST(MeasuringALocation, GivesTheSumAndTheThreeLargestChildren)
-{
-    TemporaryFolder folder;
-    folder.writeFile("a", 8192);
-    folder.writeFile("b/inside", 40'960);
-    folder.writeFile("c", 20'480);
-    folder.writeFile("d", 12'288);
-    folder.makeFolder("empty");
-    const auto [size, children] = DiskAccountant::measure(folder.path(), std::nullopt);
-    EXPECT_EQ(size, 8192 + 40'960 + 20'480 + 12'288);
-    EXPECT_EQ(children, (std::vector<NamedSize>{{"b", 40'960}, {"c", 20'480}, {"d", 12'288}}));
-}
-
-TEST(MeasuringALocation, LeavesOutTheChildThatIsOrHoldsTheScannedFolder)
-{
-    TemporaryFolder folder;
-    folder.writeFile("top/scanned/file", 40'960);
-    folder.writeFile("top/other", 40'960);
-    folder.writeFile("topping", 8192);
-    EXPECT_EQ(DiskAccountant::measure(folder.path(), folder.path() + "/top/scanned").first, 8192);
-    EXPECT_EQ(DiskAccountant::measure(folder.path(), folder.path() + "/top").first, 8192);
-    EXPECT_EQ(DiskAccountant::measure(folder.path(), folder.path() + "/to").first, 8192 + 2 * 40'960);
-}
-
-TEST(MeasuringALocation, AFileIsMeasuredAsAWholeWithoutChildren)
-{
-    TemporaryFolder folder;
-    folder.writeFile("file", 8192);
-    const auto [size, children] = DiskAccountant::measure(folder.path() + "/file", std::nullopt);
-    EXPECT_EQ(size, 8192);
-    EXPECT_TRUE(children.empty());
 }
 
 } // namespace

@@ -52,6 +52,35 @@ TEST_F(LocalSnapshotTest, ALineIsTrimmedBeforeItIsJudged)
     EXPECT_EQ(snapshots[0].name, "com.apple.TimeMachine.2024-05-01-101500.local");
 }
 
+TEST_F(LocalSnapshotTest, EveryKindOfSpaceIsTrimmedAndNoOtherCharacter)
+{
+    for (const std::string blank : {" ", "\t", "\u00A0", "\u1680", "\u2000", "\u200A", "\u202F", "\u205F", "\u3000"}) {
+        const auto snapshots = LocalSnapshot::parse(blank + blank + "com.apple.a" + blank + "\n");
+        ASSERT_EQ(snapshots.size(), 1u) << blank;
+        EXPECT_EQ(snapshots[0].name, "com.apple.a") << blank;
+    }
+    EXPECT_TRUE(LocalSnapshot::parse("\u200Bcom.apple.a\n\rcom.apple.b\n").empty());
+    EXPECT_EQ(LocalSnapshot::parse("com.apple.a\r\n").front().name, "com.apple.a\r");
+}
+
+TEST_F(LocalSnapshotTest, ALineMustBeginWithTheMarkInItsLetters)
+{
+    EXPECT_TRUE(LocalSnapshot::parse("com.appl\nCom.apple.a\nx com.apple.a\n").empty());
+    EXPECT_EQ(LocalSnapshot::parse("com.apple\ncom.applesauce\n").size(), 2u);
+}
+
+TEST_F(LocalSnapshotTest, AListingWithoutALastLineFeedIsReadWhole)
+{
+    EXPECT_EQ(LocalSnapshot::parse("com.apple.a\ncom.apple.b").size(), 2u);
+}
+
+TEST_F(LocalSnapshotTest, AStampHasSeventeenCharactersNotBytes)
+{
+    // Seventeen bytes, of fewer characters: the search goes on. Seventeen characters, of more bytes: it ends.
+    EXPECT_EQ(dateOf("com.apple.2024-05-01-1015\u00E4.2024-05-01-101500"), tenFifteen);
+    EXPECT_EQ(dateOf("com.apple.2024-05-01-10150\u00E4.2024-05-01-101500"), std::nullopt);
+}
+
 TEST_F(LocalSnapshotTest, ANameWithoutAStampHasNoDate)
 {
     EXPECT_EQ(dateOf("com.apple.os.update-MSUPrepareUpdate"), std::nullopt);

@@ -1,5 +1,12 @@
 #include "disk/shell.h"
 
+#include <chrono>
+#include <cstdlib>
+#include <future>
+#include <string>
+#include <thread>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "support/temporary_folder.h"
@@ -64,6 +71,66 @@ TEST_F(ShellTest, AChildThatClosesItsOutputEarlyIsWaitedFor)
     const auto output = Shell::run(script("echo early; exec >&-; sleep 0.2; touch " + folder.path() + "/finished"), {});
     EXPECT_EQ(output, "early\n");
     EXPECT_TRUE(std::filesystem::exists(folder.path() + "/finished"));
+}
+
+TEST_F(ShellTest, AChildThatFloodsStandardErrorAfterItsOutputDoesNotBlock)
+{
+    EXPECT_EQ(Shell::run(script("echo early; exec >&-; head -c 1000000 /dev/zero >&2"), {}), "early\n");
+}
+
+TEST_F(ShellTest, AProgramThatIsLeftBehindWithStandardErrorIsNotWaitedFor)
+{
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(Shell::run(script("sleep 20 >/dev/null & echo done"), {}), "done\n");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15));
+}
+
+TEST_F(ShellTest, TheToolGetsTheProgramsOwnEnvironment)
+{
+    ::setenv("CORVANE_TEST_VARIABLE", "a b", 1);
+    EXPECT_EQ(Shell::run(script("printf %s \"$CORVANE_TEST_VARIABLE\""), {}), "a b");
+    ::unsetenv("CORVANE_TEST_VARIABLE");
+}
+
+TEST_F(ShellTest, WhatTheToolWritesOnStandardErrorReachesNobody)
+{
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(Shell::run(script("echo noise >&2; echo text"), {}), "text\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(ShellTest, AnEmptyOutputIsNotAFailure)
+{
+    EXPECT_EQ(Shell::run(script("exit 0"), {}), "");
+}
+
+TEST_F(ShellTest, BytesOfEveryValueArrive)
+{
+    EXPECT_EQ(Shell::run(script("printf 'a\\000\\377\\nb'"), {}), std::string("a\0\xff\nb", 5));
+}
+
+TEST_F(ShellTest, SeveralToolsMayRunAtOnce)
+{
+    const std::string tool = script("sleep 0.1; echo \"$1\"");
+    std::vector<std::future<std::optional<std::string>>> runs;
+    for (int i = 0; i < 8; ++i)
+        runs.push_back(std::async(std::launch::async, [&tool, i] { return Shell::run(tool, {std::to_string(i)}); }));
+    for (int i = 0; i < 8; ++i)
+        EXPECT_EQ(runs[static_cast<std::size_t>(i)].get(), std::to_string(i) + "\n");
+}
+
+TEST_F(ShellTest, OnceStoppedTheToolIsEnded)
+{
+    for (const char *const body : {"sleep 30", "exec >&- 2>&-; sleep 30"}) {
+        StopFlag stop = false;
+        const std::string tool = script(body);
+        const auto start = std::chrono::steady_clock::now();
+        auto run = std::async(std::launch::async, [&] { return Shell::run(tool, {}, stop); });
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        stop = true;
+        EXPECT_EQ(run.get(), std::nullopt) << body;
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << body;
+    }
 }
 
 TEST_F(ShellTest, AChildThatReadsItsInputFindsItsEnd)
