@@ -12,7 +12,7 @@ ExitStatus CleanupCommand::run(Console &console, const Host &host) const
     if (json)
         writeCleanupJson(items, console.out);
     else
-        writeCleanupTable(items, console);
+        writeCleanupTable(items, host.files.homeFolder(), console);
     return ExitStatus::done;
 }
 

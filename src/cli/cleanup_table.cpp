@@ -9,6 +9,7 @@
 #include "cli/display_text.h"
 #include "core/byte_count.h"
 #include "core/checked_add.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -17,6 +18,8 @@ namespace {
 constexpr std::size_t sizeColumns = 10;
 constexpr std::size_t riskColumns = 6;
 constexpr std::size_t titleColumns = 28; // of the longest title
+constexpr std::size_t columnsBeforeContents = sizeColumns + 2 + riskColumns + 2 + titleColumns + 2;
+constexpr std::size_t leastFolderColumns = 8;
 
 std::string_view heading(CleanupGroup group)
 {
@@ -36,20 +39,28 @@ bool isShown(const CleanupItem &item)
     return !item.accessible || !item.entries.empty();
 }
 
-void writeRow(const CleanupItem &item, Console &console)
+std::string contents(const CleanupItem &item, std::string_view home, const Console &console)
+{
+    if (!item.accessible)
+        return "cannot be read";
+    const std::string count = countText(static_cast<std::int64_t>(item.entries.size()), "item", "items") + " in ";
+    const std::size_t columns = console.outColumns();
+    const std::size_t taken = columnsBeforeContents + displayWidth(count);
+    const std::string folder = pathText(containingFolder(item.entries.front().path), home);
+    return count + elidedAtFront(folder, std::max(columns - std::min(columns, taken), leastFolderColumns));
+}
+
+void writeRow(const CleanupItem &item, std::string_view home, Console &console)
 {
     const std::string size = item.accessible ? formatByteCount(item.total()) : "?";
-    const std::string contents = item.accessible
-                                     ? countText(static_cast<std::int64_t>(item.entries.size()), "item", "items")
-                                     : "cannot be read without Full Disk Access";
     console.out.write(fmt::format("{}  {}  {}  {}\n", rightAligned(size, sizeColumns),
                                   leftAligned(rawValue(item.def->risk), riskColumns),
-                                  leftAligned(item.def->title, titleColumns), contents));
+                                  leftAligned(item.def->title, titleColumns), contents(item, home, console)));
 }
 
 } // namespace
 
-void writeCleanupTable(const std::vector<CleanupItem> &items, Console &console)
+void writeCleanupTable(const std::vector<CleanupItem> &items, std::string_view home, Console &console)
 {
     std::int64_t total = 0;
     std::int64_t safe = 0;
@@ -67,7 +78,7 @@ void writeCleanupTable(const std::vector<CleanupItem> &items, Console &console)
         console.out.write(fmt::format("\n{}\n", console.strong(heading(group))));
         for (const CleanupItem &item : items) {
             if (belongs(item))
-                writeRow(item, console);
+                writeRow(item, home, console);
         }
     }
     console.out.write('\n');

@@ -43,7 +43,7 @@ std::string table(const std::vector<CleanupItem> &items)
     testing::internal::CaptureStdout();
     {
         Console console;
-        writeCleanupTable(items, console);
+        writeCleanupTable(items, "/home/u", console);
         console.out.flush();
     }
     return testing::internal::GetCapturedStdout();
@@ -81,19 +81,20 @@ TEST(CleanupJson, HasEveryFieldOfAnItemInTheGivenOrder)
 
 TEST(CleanupTable, ShowsGroupsInTheirOrderAndLeavesOutEmptyFolders)
 {
-    EXPECT_EQ(table({item("downloads", {{"/d/a", 2'000'000}, {"/d/b", 1'000'000}}), item("npm", {{"/n/a", 400'000}}),
-                     item("logs"), closed("trash"), item("caches", {{"/c/a", 100'000}})}),
+    EXPECT_EQ(table({item("downloads", {{"/home/u/Downloads/a", 2'000'000}, {"/home/u/Downloads/b", 1'000'000}}),
+                     item("npm", {{"/home/u/.npm/_cacache/a", 400'000}}), item("logs"), closed("trash"),
+                     item("caches", {{"/fast/cache/a", 100'000}})}),
               "3.5 MB could be cleaned up, 500 KB of it safely\n"
               "\n"
               "System\n"
-              "         ?  safe    Trash                         cannot be read without Full Disk Access\n"
-              "    100 KB  safe    App Caches                    1 item\n"
+              "         ?  safe    Trash                         cannot be read\n"
+              "    100 KB  safe    App Caches                    1 item in /fast/cache\n"
               "\n"
               "Developer\n"
-              "    400 KB  safe    npm Cache                     1 item\n"
+              "    400 KB  safe    npm Cache                     1 item in ~/.npm/_cacache\n"
               "\n"
               "Personal\n"
-              "      3 MB  review  Downloads                     2 items\n"
+              "      3 MB  review  Downloads                     2 items in ~/Downloads\n"
               "\n"
               "\"corvane-cli cleanup --json\" names what lies in each; \"corvane-cli remove PATH\" removes it\n");
 }
@@ -101,11 +102,17 @@ TEST(CleanupTable, ShowsGroupsInTheirOrderAndLeavesOutEmptyFolders)
 TEST(CleanupTable, EveryTitleFitsItsColumn)
 {
     for (const CleanupDefinition &definition : CleanupCatalog::definitions) {
-        const std::string text = table({{&definition, {{"/a", 1}}, true}});
-        EXPECT_NE(text.find("1 item\n"), std::string::npos);
+        const std::string text = table({{&definition, {{"/x/a", 1}}, true}});
+        EXPECT_NE(text.find("1 item in /x\n"), std::string::npos);
         const std::size_t row = text.find("    1 byte");
-        EXPECT_EQ(text.find("1 item\n", row) - row, 50u) << definition.title;
+        EXPECT_EQ(text.find("1 item in /x\n", row) - row, 50u) << definition.title;
     }
+}
+
+TEST(CleanupTable, FoldersHoldNoControlCharacters)
+{
+    const std::string text = table({item("caches", {{"/a\x1b[31m\n/b", 1}})});
+    EXPECT_NE(text.find("1 item in /a␛[31m␊\n"), std::string::npos) << text;
 }
 
 } // namespace

@@ -47,6 +47,13 @@ TEST_F(ShellTest, AMissingToolOrAFolderGivesNothing)
     EXPECT_EQ(Shell::run(folder.path(), {}), std::nullopt);
 }
 
+TEST_F(ShellTest, AFileThatIsNoProgramGivesNothing)
+{
+    const std::string path = folder.writeText("text", "no program\n");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    EXPECT_EQ(Shell::run(path, {}), std::nullopt);
+}
+
 TEST_F(ShellTest, AnExitStatusOtherThanZeroDiscardsTheOutput)
 {
     EXPECT_EQ(Shell::run(script("echo text; exit 3"), {}), std::nullopt);
