@@ -49,7 +49,7 @@ function(corvane_embed_icons target)
   qt_add_resources(${target} ${target}_icons PREFIX /corvane/icons FILES ${files})
 endfunction()
 
-# --- Fonts. macOS uses the system's own.
+# --- Fonts. For ordinary text, macOS uses the system's own.
 function(corvane_has_font_tools result candidate)
   execute_process(COMMAND ${candidate} -c "import fontTools" RESULT_VARIABLE status OUTPUT_QUIET ERROR_QUIET)
   if(NOT status EQUAL 0)
@@ -83,6 +83,22 @@ function(corvane_embed_fonts target)
     COMMAND ${CORVANE_FONT_PYTHON} ${script} --source ${CORVANE_INTER_FOLDER} --output ${folder}
     DEPENDS ${script} COMMENT "Making the embedded fonts" VERBATIM)
   qt_add_resources(${target} ${target}_fonts PREFIX /corvane/fonts BASE ${folder} FILES ${files})
+endfunction()
+
+# Embeds Nunito Bold, of the one large figure, under :/corvane/fonts.
+function(corvane_embed_rounded_font target)
+  set(source ${CMAKE_SOURCE_DIR}/node_modules/@fontsource/nunito/files/nunito-latin-700-normal.woff)
+  if(NOT EXISTS ${source})
+    message(FATAL_ERROR "The font Nunito is not installed: run \"npm ci\" in ${CMAKE_SOURCE_DIR}, or \"./dev setup\".")
+  endif()
+  find_program(CORVANE_PYTHON NAMES python3 REQUIRED)
+  set(script ${CMAKE_SOURCE_DIR}/assets/fonts/unpack_woff.py)
+  set(folder ${CMAKE_BINARY_DIR}/fonts)
+  set(file ${folder}/Nunito-Bold.ttf)
+  add_custom_command(OUTPUT ${file}
+    COMMAND ${CORVANE_PYTHON} ${script} ${source} ${file}
+    DEPENDS ${script} ${source} COMMENT "Unpacking the rounded font" VERBATIM)
+  qt_add_resources(${target} ${target}_rounded_font PREFIX /corvane/fonts BASE ${folder} FILES ${file})
 endfunction()
 
 # --- The program's own icon.

@@ -211,6 +211,8 @@ TEST_F(ThemeTest, EmbeddedFontsAreTheOnesInUse)
     EXPECT_EQ(QFontInfo(theme.bodyMediumFont()).weight(), QFont::Medium);
     EXPECT_EQ(QFontInfo(theme.title2Font()).weight(), QFont::DemiBold);
     EXPECT_EQ(theme.captionFont().pixelSize(), 11);
+    EXPECT_EQ(QFontInfo(theme.heroFont()).family(), QStringLiteral("Nunito"));
+    EXPECT_EQ(QFontInfo(theme.heroFont()).weight(), QFont::Bold);
 }
 
 TEST_F(ThemeTest, FiguresOfColumnsHaveOneWidth)
@@ -219,8 +221,9 @@ TEST_F(ThemeTest, FiguresOfColumnsHaveOneWidth)
     const Theme theme(desktop, nullptr);
     const QFontMetricsF plain(theme.bodyFont());
     EXPECT_NE(plain.horizontalAdvance(u'1'), plain.horizontalAdvance(u'8'));
-    for (const QFont &font : {theme.bodyFiguresFont(), theme.bodyMediumFiguresFont(), theme.secondaryFiguresFont(),
-                              theme.captionFiguresFont(), theme.figureFont(), theme.statFont()}) {
+    for (const QFont &font :
+         {theme.bodyFiguresFont(), theme.bodyMediumFiguresFont(), theme.bodySemiboldFiguresFont(),
+          theme.secondaryFiguresFont(), theme.captionFiguresFont(), theme.figureFont(), theme.statFont()}) {
         const QFontMetricsF figures(font);
         // The font's own "4" is a few hundredths of a point narrower.
         for (const QChar digit : QStringLiteral("0123456789"))

@@ -23,6 +23,7 @@ Rectangle {
         name: badge.iconName
         symbol: badge.symbol
         color: badge.solid ? Theme.onFill : badge.tint
-        size: badge.size >= Theme.largeBadgeSize ? Theme.largeBadgeIconSize : Theme.badgeIconSize
+        size: badge.size >= Theme.largeBadgeSize ? Theme.largeBadgeIconSize
+            : badge.size <= Theme.smallBadgeSize ? Theme.iconSize : Theme.badgeIconSize
     }
 }

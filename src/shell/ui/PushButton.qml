@@ -13,6 +13,8 @@ ButtonBase {
     property bool danger: false
     /// Leads to something that cannot be undone.
     property bool dangerText: false
+    /// Says that it has been done.
+    property bool done: false
     /// Without a ground of its own.
     property bool quiet: false
     property bool small: false
@@ -36,7 +38,7 @@ ButtonBase {
             return Theme.onFill;
         if (!enabled)
             return Theme.t3;
-        return dangerText ? Theme.dangerText : quiet ? Theme.t2 : Theme.t1;
+        return done ? Theme.okText : dangerText ? Theme.dangerText : quiet ? Theme.t2 : Theme.t1;
     }
     readonly property bool hasIcon: iconName !== "" || symbol !== "" || busy
 

@@ -95,14 +95,18 @@ double luminance(const QColor &color)
 /// Ordinary text is set a trace tighter than the font's own spacing, in parts of its size.
 constexpr double tracking = -0.003;
 
+QFont sized(QFont font, int pixelSize, QFont::Weight weight, double letterSpacing)
+{
+    font.setPixelSize(pixelSize);
+    font.setWeight(weight);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing);
+    return font;
+}
+
 QFont font(int pixelSize, QFont::Weight weight, Figures figures = Figures::proportional,
            std::optional<double> letterSpacing = std::nullopt)
 {
-    QFont font = textFont(figures);
-    font.setPixelSize(pixelSize);
-    font.setWeight(weight);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing.value_or(tracking * pixelSize));
-    return font;
+    return sized(textFont(figures), pixelSize, weight, letterSpacing.value_or(tracking * pixelSize));
 }
 
 } // namespace
@@ -486,6 +490,11 @@ QColor Theme::dangerFillPress() const
     return darkened(dangerFill(), 0.16f);
 }
 
+QColor Theme::accentLine() const
+{
+    return withAlpha(colors().accent, 0.3);
+}
+
 QColor Theme::checkOutline() const
 {
     return withAlpha(t3(), 0.72);
@@ -528,7 +537,7 @@ QColor Theme::folderIcon() const
 
 QFont Theme::heroFont() const
 {
-    return font(52, QFont::Bold, Figures::proportional, -1);
+    return sized(roundedFont(), 52, QFont::Bold, -1);
 }
 
 QFont Theme::figureFont() const
@@ -544,6 +553,11 @@ QFont Theme::title1Font() const
 QFont Theme::statFont() const
 {
     return font(17, QFont::DemiBold, Figures::tabular, -0.26);
+}
+
+QFont Theme::statPlainFont() const
+{
+    return font(17, QFont::Normal, Figures::proportional, -0.26);
 }
 
 QFont Theme::title2Font() const
@@ -574,6 +588,11 @@ QFont Theme::bodyFiguresFont() const
 QFont Theme::bodyMediumFiguresFont() const
 {
     return font(13, QFont::Medium, Figures::tabular);
+}
+
+QFont Theme::bodySemiboldFiguresFont() const
+{
+    return font(13, QFont::DemiBold, Figures::tabular);
 }
 
 QFont Theme::secondaryFont() const

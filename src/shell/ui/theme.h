@@ -66,6 +66,7 @@ class Theme : public QObject {
     Q_PROPERTY(QColor accentSoftPress READ accentSoftPress NOTIFY changed) // accentSoft twice
     Q_PROPERTY(QColor dangerFillHover READ dangerFillHover NOTIFY changed)
     Q_PROPERTY(QColor dangerFillPress READ dangerFillPress NOTIFY changed)
+    Q_PROPERTY(QColor accentLine READ accentLine NOTIFY changed) // around what lies on accentSoft
     Q_PROPERTY(QColor checkOutline READ checkOutline NOTIFY changed)
     Q_PROPERTY(QColor panelOutline READ panelOutline NOTIFY changed) // around what floats
     Q_PROPERTY(QColor scrimNested READ scrimNested NOTIFY changed)   // under an alert that covers a sheet
@@ -83,12 +84,14 @@ class Theme : public QObject {
     Q_PROPERTY(QFont figureFont READ figureFont CONSTANT)
     Q_PROPERTY(QFont title1Font READ title1Font CONSTANT)
     Q_PROPERTY(QFont statFont READ statFont CONSTANT)
+    Q_PROPERTY(QFont statPlainFont READ statPlainFont CONSTANT)
     Q_PROPERTY(QFont title2Font READ title2Font CONSTANT)
     Q_PROPERTY(QFont bodyFont READ bodyFont CONSTANT)
     Q_PROPERTY(QFont bodyMediumFont READ bodyMediumFont CONSTANT)
     Q_PROPERTY(QFont bodySemiboldFont READ bodySemiboldFont CONSTANT)
     Q_PROPERTY(QFont bodyFiguresFont READ bodyFiguresFont CONSTANT)
     Q_PROPERTY(QFont bodyMediumFiguresFont READ bodyMediumFiguresFont CONSTANT)
+    Q_PROPERTY(QFont bodySemiboldFiguresFont READ bodySemiboldFiguresFont CONSTANT)
     Q_PROPERTY(QFont secondaryFont READ secondaryFont CONSTANT)
     Q_PROPERTY(QFont secondaryMediumFont READ secondaryMediumFont CONSTANT)
     Q_PROPERTY(QFont secondarySemiboldFont READ secondarySemiboldFont CONSTANT)
@@ -172,6 +175,7 @@ class Theme : public QObject {
     Q_PROPERTY(int pillPadding MEMBER m_pillPadding CONSTANT)
     Q_PROPERTY(int smallPillPadding MEMBER m_smallPillPadding CONSTANT)
     Q_PROPERTY(int quietPadding MEMBER m_quietPadding CONSTANT)
+    Q_PROPERTY(int smallBadgeSize MEMBER m_smallBadgeSize CONSTANT)
     Q_PROPERTY(int badgeSize MEMBER m_badgeSize CONSTANT)
     Q_PROPERTY(int badgeIconSize MEMBER m_badgeIconSize CONSTANT)
     Q_PROPERTY(int largeBadgeSize MEMBER m_largeBadgeSize CONSTANT)
@@ -182,6 +186,8 @@ class Theme : public QObject {
     Q_PROPERTY(int searchIconSize MEMBER m_searchIconSize CONSTANT)
     Q_PROPERTY(int closeIconSize MEMBER m_closeIconSize CONSTANT)
     Q_PROPERTY(int alertIconSize MEMBER m_alertIconSize CONSTANT)
+    Q_PROPERTY(int bannerIconSize MEMBER m_bannerIconSize CONSTANT)
+    Q_PROPERTY(int swatchSize MEMBER m_swatchSize CONSTANT)
     Q_PROPERTY(int tagHeight MEMBER m_tagHeight CONSTANT)
     Q_PROPERTY(int tagPadding MEMBER m_tagPadding CONSTANT)
     Q_PROPERTY(int bandRuleHeight MEMBER m_bandRuleHeight CONSTANT)
@@ -224,7 +230,6 @@ class Theme : public QObject {
     Q_PROPERTY(int indeterminateSweepDuration MEMBER m_indeterminateSweepDuration CONSTANT)
     Q_PROPERTY(int toastStayDuration MEMBER m_toastStayDuration CONSTANT)
     Q_PROPERTY(int toastStayWarningDuration MEMBER m_toastStayWarningDuration CONSTANT)
-    Q_PROPERTY(int copiedStayDuration MEMBER m_copiedStayDuration CONSTANT)
     Q_PROPERTY(int pillDelayDuration MEMBER m_pillDelayDuration CONSTANT)
     Q_PROPERTY(int tipDelayDuration MEMBER m_tipDelayDuration CONSTANT)
 
@@ -290,6 +295,7 @@ public:
     [[nodiscard]] QColor accentSoftPress() const;
     [[nodiscard]] QColor dangerFillHover() const;
     [[nodiscard]] QColor dangerFillPress() const;
+    [[nodiscard]] QColor accentLine() const;
     [[nodiscard]] QColor checkOutline() const;
     [[nodiscard]] QColor panelOutline() const;
     [[nodiscard]] QColor scrimNested() const;
@@ -304,12 +310,14 @@ public:
     [[nodiscard]] QFont figureFont() const;
     [[nodiscard]] QFont title1Font() const;
     [[nodiscard]] QFont statFont() const;
+    [[nodiscard]] QFont statPlainFont() const;
     [[nodiscard]] QFont title2Font() const;
     [[nodiscard]] QFont bodyFont() const;
     [[nodiscard]] QFont bodyMediumFont() const;
     [[nodiscard]] QFont bodySemiboldFont() const;
     [[nodiscard]] QFont bodyFiguresFont() const;
     [[nodiscard]] QFont bodyMediumFiguresFont() const;
+    [[nodiscard]] QFont bodySemiboldFiguresFont() const;
     [[nodiscard]] QFont secondaryFont() const;
     [[nodiscard]] QFont secondaryMediumFont() const;
     [[nodiscard]] QFont secondarySemiboldFont() const;
@@ -407,6 +415,7 @@ private:
     const int m_pillPadding = 14;
     const int m_smallPillPadding = 11;
     const int m_quietPadding = 10;
+    const int m_smallBadgeSize = 28;
     const int m_badgeSize = 32;
     const int m_badgeIconSize = 18;
     const int m_largeBadgeSize = 40;
@@ -417,6 +426,8 @@ private:
     const int m_searchIconSize = 13;
     const int m_closeIconSize = 16;
     const int m_alertIconSize = 36;
+    const int m_bannerIconSize = 22;
+    const int m_swatchSize = 10;
     const int m_tagHeight = 18;
     const int m_tagPadding = 7;
     const int m_bandRuleHeight = 20;
@@ -455,7 +466,6 @@ private:
     const int m_indeterminateSweepDuration = 1400;
     const int m_toastStayDuration = 5000;
     const int m_toastStayWarningDuration = 10000;
-    const int m_copiedStayDuration = 1600;
     const int m_pillDelayDuration = 80;
     const int m_tipDelayDuration = 600;
 };

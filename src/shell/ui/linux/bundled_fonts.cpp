@@ -7,20 +7,16 @@
 
 namespace corvane {
 
-void registerFonts()
+void registerTextFonts()
 {
-    static const bool done = [] {
-        for (const char *family : {"InterText", "InterTabular"}) {
-            for (const char *weight : {"Regular", "Medium", "SemiBold", "Bold"}) {
-                const auto file =
-                    QStringLiteral(":/corvane/fonts/%1-%2.ttf").arg(QLatin1String(family), QLatin1String(weight));
-                if (QFontDatabase::addApplicationFont(file) < 0)
-                    qWarning("The embedded font %s cannot be read", qPrintable(file));
-            }
+    for (const char *family : {"InterText", "InterTabular"}) {
+        for (const char *weight : {"Regular", "Medium", "SemiBold", "Bold"}) {
+            const auto file =
+                QStringLiteral(":/corvane/fonts/%1-%2.ttf").arg(QLatin1String(family), QLatin1String(weight));
+            if (QFontDatabase::addApplicationFont(file) < 0)
+                qWarning("The embedded font %s cannot be read", qPrintable(file));
         }
-        return true;
-    }();
-    Q_UNUSED(done)
+    }
 }
 
 QFont textFont(Figures figures)

@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-void registerFonts() {}
+void registerTextFonts() {}
 
 QFont textFont(Figures)
 {

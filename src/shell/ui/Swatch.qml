@@ -1,0 +1,10 @@
+import QtQuick
+import Corvane.Shell
+
+/// The colour that something has in a bar.
+Rectangle {
+    implicitWidth: Theme.swatchSize
+    implicitHeight: Theme.swatchSize
+    radius: Theme.radiusLeaf
+    Accessible.ignored: true
+}

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <vector>
+
+#include <QColor>
+#include <QImage>
+#include <QList>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include "shell/ui/bar_layout.h"
+#include "shell/ui/keyboard_item.h"
+
+namespace corvane {
+
+/// What a stacked bar shows of one part; a value for QML.
+struct StackedBarPart {
+    Q_GADGET
+    QML_VALUE_TYPE(stackedBarPart)
+    Q_PROPERTY(QString id MEMBER id)
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString info MEMBER info)
+    Q_PROPERTY(QColor color MEMBER color)
+
+public:
+    QString id;    ///< not empty, and no other part's
+    QString title; ///< what it is
+    QString info;  ///< how large it is, for people
+    QColor color;
+    qint64 size = 0; ///< bytes
+
+    friend bool operator==(const StackedBarPart &, const StackedBarPart &) = default;
+};
+
+/// A bar whose parts stand for shares of a whole. Where it is interactive, it answers to the pointer and, with the
+/// keyboard's focus, to the arrow keys, Home and End: `current` is the part concerned, and the others are dimmed.
+/// Painted into one picture, because only that has round corners without jags everywhere. Main thread, as every
+/// item.
+class StackedBar : public corvane::KeyboardItem { // qualified for qmllint, which looks the name up as written
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QList<corvane::StackedBarPart> parts READ parts WRITE setParts NOTIFY partsChanged)
+    /// Bytes that belong to no part: left empty before the last part.
+    Q_PROPERTY(double rest READ rest WRITE setRest NOTIFY restChanged)
+    /// The id of the part under the pointer or chosen by the keyboard; empty for none.
+    Q_PROPERTY(QString current READ current WRITE setCurrent NOTIFY currentChanged)
+    /// That part; without an id for none.
+    Q_PROPERTY(corvane::StackedBarPart currentPart READ currentPart NOTIFY currentChanged)
+    /// The part of this id bears its title, where that fits, and is never dimmed.
+    Q_PROPERTY(QString labelledPart READ labelledPart WRITE setLabelledPart NOTIFY labelledPartChanged)
+    Q_PROPERTY(qreal radius READ radius WRITE setRadius NOTIFY radiusChanged)
+    Q_PROPERTY(qreal gap READ gap WRITE setGap NOTIFY gapChanged)
+    Q_PROPERTY(bool interactive READ isInteractive WRITE setInteractive NOTIFY interactiveChanged)
+
+public:
+    explicit StackedBar(QQuickItem *parent = nullptr);
+
+    [[nodiscard]] const QList<StackedBarPart> &parts() const { return m_parts; }
+    void setParts(const QList<StackedBarPart> &parts);
+    [[nodiscard]] double rest() const { return m_rest; }
+    void setRest(double bytes);
+    [[nodiscard]] const QString &current() const { return m_current; }
+    /// An id that no part has stands for none.
+    void setCurrent(const QString &id);
+    [[nodiscard]] StackedBarPart currentPart() const;
+    [[nodiscard]] const QString &labelledPart() const { return m_labelledPart; }
+    void setLabelledPart(const QString &id);
+    [[nodiscard]] qreal radius() const { return m_radius; }
+    void setRadius(qreal radius);
+    [[nodiscard]] qreal gap() const { return m_gap; }
+    void setGap(qreal gap);
+    [[nodiscard]] bool isInteractive() const { return m_interactive; }
+    void setInteractive(bool interactive);
+
+    /// Where the parts lie, in their order.
+    [[nodiscard]] const std::vector<BarPart> &layout() const { return m_layout; }
+    /// The bar as it stands, at so many pixels to the point.
+    [[nodiscard]] QImage picture(qreal pixelRatio) const;
+
+signals:
+    void partsChanged();
+    void restChanged();
+    void currentChanged();
+    void labelledPartChanged();
+    void radiusChanged();
+    void gapChanged();
+    void interactiveChanged();
+    /// A part was clicked, or Return was pressed on it.
+    void chosen(const QString &id);
+
+protected:
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
+    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *) override;
+    void hoverEnterEvent(QHoverEvent *event) override { hoverMoveEvent(event); }
+    void hoverMoveEvent(QHoverEvent *event) override;
+    void hoverLeaveEvent(QHoverEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    void layOut();
+    void redraw();
+    [[nodiscard]] qsizetype indexOf(const QString &id) const;
+    [[nodiscard]] QString partAt(QPointF point) const;
+    void step(qsizetype by);
+
+    QList<StackedBarPart> m_parts;
+    std::vector<BarPart> m_layout; // one for each part
+    double m_rest = 0;
+    QString m_current;
+    QString m_labelledPart;
+    qreal m_radius = 4;
+    qreal m_gap = 2;
+    bool m_interactive = false;
+    bool m_isStale = true; // the picture that is shown
+};
+
+} // namespace corvane
