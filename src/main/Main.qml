@@ -1,6 +1,7 @@
 import QtQuick
 import Corvane.Shell
 import Corvane.Window
+import Corvane.Disk
 import Corvane.Map
 
 /// The window with every screen that the program has.
@@ -8,6 +9,15 @@ MainWindow {
     screens: SidebarModel {
         store: Store
 
+        WindowScreen {
+            item: Store.SidebarItem.breakdown
+
+            BreakdownScreen {
+                toolbar: Component {
+                    ScanToolbar {}
+                }
+            }
+        }
         WindowScreen {
             item: Store.SidebarItem.explorer
 

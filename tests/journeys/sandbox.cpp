@@ -29,8 +29,13 @@ Sandbox::Sandbox() : m_home(m_folder.makeFolder("home"))
                        "[Desktop Entry]\nType=Application\nName=Opener\nNoDisplay=true\nMimeType=inode/directory;\n"
                        "Exec=" +
                            opener + " %f\n");
+    m_folder.writeText("applications/applications/settings.desktop",
+                       "[Desktop Entry]\nType=Application\nName=Settings\nNoDisplay=true\n"
+                       "MimeType=x-scheme-handler/x-apple.systempreferences;\nExec=" +
+                           opener + " %u\n");
     m_folder.writeText("applications/applications/mimeapps.list",
-                       "[Default Applications]\ninode/directory=opener.desktop\n");
+                       "[Default Applications]\ninode/directory=opener.desktop\n"
+                       "x-scheme-handler/x-apple.systempreferences=settings.desktop\n");
 
     ::setenv("HOME", m_home.c_str(), 1);
     ::setenv("XDG_DATA_HOME", (m_folder / "data").c_str(), 1);

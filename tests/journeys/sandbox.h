@@ -8,8 +8,8 @@
 namespace corvane {
 
 /// The user that the program runs as: an empty home folder with its own Trash, settings and runtime folder, and
-/// one program that opens folders and notes down which. Made before anything reads the environment; the program
-/// looks at some of it only once, so there is one sandbox for the whole run.
+/// one program that opens folders and pages of settings and notes down which. Made before anything reads the
+/// environment; the program looks at some of it only once, so there is one sandbox for the whole run.
 class Sandbox {
 public:
     Sandbox();
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] std::string trashedFiles() const { return m_folder / "data/Trash/files"; }
     /// The names of the items in the Trash, bytes, sorted.
     [[nodiscard]] std::vector<std::string> trash() const;
-    /// The folders that were opened in the file manager.
+    /// The folders that were opened in the file manager, and the addresses of settings.
     [[nodiscard]] std::vector<std::string> openedFolders() const;
 
 private:

@@ -30,7 +30,9 @@ Photographer::Photographer(QQuickWindow &window, StorageStore &store, const QDir
 
 void Photographer::takeAll()
 {
+    takeBreakdownBeforeScan();
     takeScanning();
+    takeBreakdown();
     takeMap();
     takeMenus();
     takeSelection();
@@ -59,16 +61,9 @@ void Photographer::takeMap()
     take(QStringLiteral("explorer-hover"));
     m_driver.pointAtNothing();
 
-    m_driver.resize(Theme::instance()->property("minimumWidth").toInt(),
-                    Theme::instance()->property("minimumHeight").toInt());
-    take(QStringLiteral("explorer-min"));
-    m_driver.resize(width, height);
+    takeMinimum(QStringLiteral("explorer-min"));
 
-    for (int stops = 0; !map.hasActiveFocus(); ++stops) {
-        if (stops == 20)
-            giveUp(QStringLiteral("the Tab key does not lead to the map"));
-        m_driver.press(Qt::Key_Tab);
-    }
+    tabTo(map);
     m_driver.press(Qt::Key_Right);
     m_driver.press(Qt::Key_Down);
     take(QStringLiteral("explorer-keyboard"));
@@ -167,6 +162,29 @@ void Photographer::take(const QString &name)
         save(name + (dark ? QStringLiteral("-dark") : QStringLiteral("-light")), m_driver.stillPicture());
     }
     Theme::instance()->setDark(false);
+}
+
+void Photographer::takeMinimum(const QString &name)
+{
+    m_driver.resize(Theme::instance()->property("minimumWidth").toInt(),
+                    Theme::instance()->property("minimumHeight").toInt());
+    take(name);
+    m_driver.resize(width, height);
+}
+
+void Photographer::tabTo(const QQuickItem &item)
+{
+    for (int stops = 0; !item.hasActiveFocus(); ++stops) {
+        if (stops == 20)
+            giveUp(QStringLiteral("the Tab key does not lead to %1").arg(item.objectName()));
+        m_driver.press(Qt::Key_Tab);
+    }
+}
+
+void Photographer::show(StorageStore::SidebarItem screen)
+{
+    m_store.setSidebar(screen);
+    m_driver.pointAtNothing();
 }
 
 void Photographer::takeMoving(const QString &name)

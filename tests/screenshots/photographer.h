@@ -20,6 +20,8 @@ public:
     void takeAll();
 
 private:
+    void takeBreakdownBeforeScan();
+    void takeBreakdown();
     void takeScanning();
     void takeMap();
     void takeMenus();
@@ -27,6 +29,17 @@ private:
     void takeRemoval();
     void takeEmptyFolders();
     void takeDrop();
+
+    void show(StorageStore::SidebarItem screen);
+    /// Measures the disk anew, and waits for that.
+    void refreshBreakdown();
+    /// A picture of the breakdown's top, and one of its end.
+    void takeBothEnds(const QString &name);
+    /// Moves the pointer to where a part of the bar is.
+    void pointAtPart(double share);
+    /// Presses Tab until the item has the keyboard.
+    void tabTo(const QQuickItem &item);
+    void takeMinimum(const QString &name);
 
     /// Scans a folder that no button leads to.
     void scan(const std::string &path);

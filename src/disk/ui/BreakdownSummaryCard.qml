@@ -1,0 +1,71 @@
+import QtQuick
+import Corvane.Disk
+import Corvane.Shell
+
+/// The breakdown in one line: a small bar, how much is explained, and the way to the whole. A row of a box: it has
+/// no ground of its own.
+Item {
+    id: card
+
+    implicitHeight: DiskMetrics.summaryHeight
+
+    BreakdownPresenter {
+        id: presenter
+
+        store: Store
+    }
+    Rectangle {
+        anchors.fill: bar
+        radius: bar.radius
+        color: Theme.track
+        visible: !presenter.available
+    }
+    StackedBar {
+        id: bar
+
+        objectName: "summary.bar"
+        x: Theme.boxPadding
+        anchors.verticalCenter: parent.verticalCenter
+        width: DiskMetrics.summaryBarWidth
+        height: DiskMetrics.summaryBarHeight
+        radius: Theme.radiusLeaf
+        gap: Theme.hairlineWidth
+        parts: presenter.usedParts
+        Accessible.ignored: true
+    }
+    PlainText {
+        id: title
+
+        anchors.left: bar.right
+        anchors.leftMargin: Theme.space14
+        anchors.verticalCenter: parent.verticalCenter
+        text: qsTr("Where's my space?")
+        font: Theme.bodySemiboldFont
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    PlainText {
+        objectName: "summary.text"
+        anchors.left: title.right
+        anchors.right: button.left
+        anchors.leftMargin: Theme.space10
+        anchors.rightMargin: Theme.space10
+        anchors.baseline: title.baseline
+        text: presenter.summary
+        font: Theme.secondaryFiguresFont
+        color: Theme.t2
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+    PillButton {
+        id: button
+
+        objectName: "summary.seeBreakdown"
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.boxPadding
+        anchors.verticalCenter: parent.verticalCenter
+        small: true
+        text: qsTr("See Breakdown")
+        onClicked: presenter.openBreakdown()
+    }
+}

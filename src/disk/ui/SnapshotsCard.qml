@@ -1,0 +1,136 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Corvane.Disk
+import Corvane.Shell
+
+/// The snapshots that the system keeps on the disk, and the commands that list and thin them.
+Rectangle {
+    id: card
+
+    required property BreakdownPresenter presenter
+
+    implicitHeight: content.y + content.height + Theme.space14 + Theme.hairlineWidth
+    radius: Theme.radiusBox
+    color: Theme.surface
+    border.width: Theme.hairlineWidth
+    border.color: Theme.hairline
+
+    IconBadge {
+        id: badge
+
+        x: Theme.hairlineWidth + Theme.boxPadding
+        y: Theme.hairlineWidth + Theme.space12
+        size: Theme.smallBadgeSize
+        symbol: "clock.arrow.2.circlepath"
+    }
+    PlainText {
+        id: title
+
+        anchors.left: badge.right
+        anchors.leftMargin: Theme.space10
+        anchors.verticalCenter: badge.verticalCenter
+        text: qsTr("Local Time Machine Snapshots")
+        font: Theme.bodySemiboldFont
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    PlainText {
+        anchors.left: title.right
+        anchors.leftMargin: Theme.space10
+        anchors.baseline: title.baseline
+        text: card.presenter.snapshotsFound
+        font: Theme.secondaryFiguresFont
+        color: Theme.t2
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+    Column {
+        id: content
+
+        anchors.left: title.left
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.boxPadding + Theme.hairlineWidth
+        anchors.top: badge.bottom
+        anchors.topMargin: Theme.space8
+
+        PlainText {
+            width: Math.min(parent.width, DiskMetrics.snapshotTextWidth)
+            bottomPadding: Theme.space10
+            text: qsTr("macOS keeps these hourly copies when Time Machine is on and deletes them by itself when space runs low, so they're usually nothing to worry about. If you need the space right now, you can thin them yourself in Terminal.")
+            font: Theme.secondaryFont
+            color: Theme.t2
+            wrapMode: Text.Wrap
+            elide: Text.ElideNone
+            lineHeightMode: Text.FixedHeight
+            lineHeight: Theme.secondaryLine
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+        Repeater {
+            model: card.presenter.snapshots
+
+            Row {
+                id: line
+
+                required property snapshotText modelData
+
+                height: DiskMetrics.snapshotLine
+                spacing: Theme.space6
+                Accessible.role: Accessible.StaticText
+                Accessible.name: modelData.text
+
+                Icon {
+                    anchors.verticalCenter: parent.verticalCenter
+                    symbol: line.modelData.symbol
+                    size: Theme.buttonIconSize
+                    color: Theme.t3
+                }
+                PlainText {
+                    height: parent.height
+                    width: Math.min(implicitWidth, content.width - Theme.buttonIconSize - Theme.space6)
+                    text: line.modelData.text
+                    font: Theme.secondaryFiguresFont
+                    elide: Text.ElideMiddle
+                    Accessible.ignored: true
+                }
+            }
+        }
+        PlainText {
+            height: DiskMetrics.snapshotLine
+            text: card.presenter.moreSnapshots
+            font: Theme.secondaryFiguresFont
+            color: Theme.t2
+            visible: text !== ""
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+        Row {
+            topPadding: Theme.space12
+            bottomPadding: Theme.space10
+            spacing: Theme.buttonGap
+
+            CopyButton {
+                objectName: "snapshots.copyList"
+                presenter: card.presenter
+                label: qsTr("Copy “list snapshots” command")
+                command: presenter.listCommand
+            }
+            CopyButton {
+                objectName: "snapshots.copyThin"
+                presenter: card.presenter
+                label: qsTr("Copy “free snapshots” command")
+                command: presenter.thinCommand
+            }
+        }
+        PlainText {
+            width: parent.width
+            height: Theme.captionLine
+            text: qsTr("The second command asks for your Mac password. Corvane never runs it for you.")
+            font: Theme.captionFont
+            color: Theme.t3
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+    }
+}

@@ -1,0 +1,251 @@
+#include "disk/ui/breakdown_presenter.h"
+
+#include <algorithm>
+
+#include <QClipboard>
+#include <QDateTime>
+#include <QGuiApplication>
+#include <QLocale>
+
+#include "core/byte_count.h"
+#include "core/store/followed_store.h"
+#include "core/store/path_text.h"
+#include "disk/ui/date_text.h"
+#include "shell/ui/theme.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr qsizetype legendLength = 5;
+constexpr std::size_t snapshotsShown = 6;
+
+QString bytes(std::int64_t count)
+{
+    return QString::fromStdString(formatByteCount(count));
+}
+
+SnapshotText lineOf(const LocalSnapshot &snapshot)
+{
+    if (!snapshot.date)
+        return {displayText(snapshot.name), QStringLiteral("camera.metering.unknown")};
+    return {abbreviatedDateTime(QDateTime::fromSecsSinceEpoch(snapshot.date->time_since_epoch().count()), QLocale()),
+            {}};
+}
+
+} // namespace
+
+BreakdownPresenter::BreakdownPresenter(QObject *parent) : QObject(parent)
+{
+    m_copiedTimer.setSingleShot(true);
+    m_copiedTimer.setInterval(copiedStay);
+    connect(&m_copiedTimer, &QTimer::timeout, this, [this] { setCopied({}); });
+    // The free space has a colour of the theme.
+    connect(Theme::instance(), &Theme::changed, this, &BreakdownPresenter::changed);
+}
+
+void BreakdownPresenter::setStore(StorageStore *store)
+{
+    if (!followStore(m_store, store, this))
+        return;
+    if (m_store) {
+        connect(m_store, &StorageStore::breakdownChanged, this, &BreakdownPresenter::update);
+        connect(m_store, &StorageStore::phaseChanged, this, &BreakdownPresenter::canScanChanged);
+        if (!m_store->breakdown() && !m_store->breakdownLoading())
+            m_store->refreshBreakdown();
+    }
+    emit storeChanged();
+    emit canScanChanged();
+    update();
+}
+
+const DiskBreakdown *BreakdownPresenter::breakdown() const
+{
+    return m_store && m_store->breakdown() ? &*m_store->breakdown() : nullptr;
+}
+
+void BreakdownPresenter::update()
+{
+    if (const DiskBreakdown *current = breakdown())
+        m_segments.setSegments(current->segments, current->used());
+    else
+        m_segments.setSegments({}, 0);
+    emit changed();
+}
+
+bool BreakdownPresenter::isLoading() const
+{
+    return m_store && m_store->breakdownLoading();
+}
+
+QString BreakdownPresenter::loadingText() const
+{
+    return QStringLiteral("Measuring your disk…");
+}
+
+bool BreakdownPresenter::needsScan() const
+{
+    return isAvailable() && !breakdown()->hasScan;
+}
+
+bool BreakdownPresenter::canScan() const
+{
+    return m_store && m_store->phase() != StorageStore::Phase::scanning;
+}
+
+// --- The figures
+
+QString BreakdownPresenter::percentage() const
+{
+    return isAvailable() ? QString::number(breakdown()->explainedPercentage()) + QLatin1Char('%') : QString();
+}
+
+QString BreakdownPresenter::used() const
+{
+    return isAvailable() ? bytes(breakdown()->used()) : QString();
+}
+
+QString BreakdownPresenter::usedOf() const
+{
+    return isAvailable() ? QStringLiteral(" used of ") + bytes(breakdown()->total) : QString();
+}
+
+QString BreakdownPresenter::free() const
+{
+    return isAvailable() ? bytes(breakdown()->free) : QString();
+}
+
+QString BreakdownPresenter::freeOn() const
+{
+    return isAvailable() ? QStringLiteral(" free on ") + displayText(breakdown()->volumeName) : QString();
+}
+
+QString BreakdownPresenter::summary() const
+{
+    return isAvailable() ? percentage() + QStringLiteral(" of ") + used() + QStringLiteral(" explained")
+                         : loadingText();
+}
+
+// --- The bar
+
+QList<StackedBarPart> BreakdownPresenter::usedParts() const
+{
+    QList<StackedBarPart> parts;
+    for (int row = 0; row < m_segments.rowCount(); ++row)
+        parts.append(m_segments.barPart(row));
+    return parts;
+}
+
+QList<StackedBarPart> BreakdownPresenter::parts() const
+{
+    QList<StackedBarPart> parts = usedParts();
+    if (isAvailable()) {
+        const std::int64_t size = std::max<std::int64_t>(0, breakdown()->free);
+        parts.append({freePart(), QStringLiteral("Free"), bytes(size), Theme::instance()->track(), size});
+    }
+    return parts;
+}
+
+double BreakdownPresenter::rest() const
+{
+    if (!isAvailable())
+        return 0;
+    std::int64_t unexplained = breakdown()->used();
+    for (const BreakdownSegment &segment : breakdown()->segments)
+        unexplained -= segment.size;
+    return static_cast<double>(std::max<std::int64_t>(0, unexplained));
+}
+
+QList<StackedBarPart> BreakdownPresenter::legend() const
+{
+    return usedParts().mid(0, legendLength);
+}
+
+QString BreakdownPresenter::legendRest() const
+{
+    const qsizetype rest = m_segments.rowCount() - legendLength;
+    return rest > 0 ? QStringLiteral("and %1 smaller").arg(rest) : QString();
+}
+
+QList<QString> BreakdownPresenter::footnotes() const
+{
+    QList<QString> notes;
+    if (isAvailable()) {
+        for (const std::string &note : breakdown()->footnotes())
+            notes.append(displayText(note));
+    }
+    return notes;
+}
+
+// --- The snapshots
+
+bool BreakdownPresenter::hasSnapshots() const
+{
+    return isAvailable() && !breakdown()->snapshots.empty();
+}
+
+QString BreakdownPresenter::snapshotsFound() const
+{
+    return isAvailable() ? QStringLiteral("%1 found").arg(breakdown()->snapshots.size()) : QString();
+}
+
+QList<SnapshotText> BreakdownPresenter::snapshots() const
+{
+    QList<SnapshotText> lines;
+    if (!isAvailable())
+        return lines;
+    const std::vector<LocalSnapshot> &all = breakdown()->snapshots;
+    for (std::size_t i = 0; i < std::min(all.size(), snapshotsShown); ++i)
+        lines.append(lineOf(all[i]));
+    return lines;
+}
+
+QString BreakdownPresenter::moreSnapshots() const
+{
+    if (!isAvailable() || breakdown()->snapshots.size() <= snapshotsShown)
+        return {};
+    return QStringLiteral("+ %1 more").arg(breakdown()->snapshots.size() - snapshotsShown);
+}
+
+// --- What can be done
+
+void BreakdownPresenter::refresh()
+{
+    if (m_store)
+        m_store->refreshBreakdown();
+}
+
+void BreakdownPresenter::scanHome()
+{
+    if (m_store)
+        m_store->scanHome();
+}
+
+void BreakdownPresenter::perform(int row)
+{
+    if (const auto action = m_segments.action(row); action && m_store)
+        m_store->perform(*action);
+}
+
+void BreakdownPresenter::openBreakdown()
+{
+    if (m_store)
+        m_store->setSidebar(StorageStore::SidebarItem::breakdown);
+}
+
+void BreakdownPresenter::copy(const QString &command)
+{
+    QGuiApplication::clipboard()->setText(command);
+    setCopied(command);
+    m_copiedTimer.start();
+}
+
+void BreakdownPresenter::setCopied(const QString &command)
+{
+    if (m_copied == command)
+        return;
+    m_copied = command;
+    emit copiedChanged();
+}
+
+} // namespace corvane

@@ -1,0 +1,145 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "disk/ui/segment_model.h"
+#include "shell/ui/stacked_bar.h"
+
+namespace corvane {
+
+/// One line of the snapshots card; a value for QML.
+struct SnapshotText {
+    Q_GADGET
+    QML_VALUE_TYPE(snapshotText)
+    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString symbol MEMBER symbol)
+
+public:
+    QString text;
+    QString symbol; ///< empty where the date is known
+
+    friend bool operator==(const SnapshotText &, const SnapshotText &) = default;
+};
+
+/// The breakdown of the disk as words, figures and rows, for the screen and for its summary on the overview. Asks
+/// the store for one where there is none. Main thread only.
+class BreakdownPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
+    /// There is a breakdown to look at.
+    Q_PROPERTY(bool available READ isAvailable NOTIFY changed)
+    Q_PROPERTY(bool loading READ isLoading NOTIFY changed)
+    /// What is said while there is no breakdown.
+    Q_PROPERTY(QString loadingText READ loadingText CONSTANT)
+    /// The breakdown knows of no scan.
+    Q_PROPERTY(bool needsScan READ needsScan NOTIFY changed)
+    /// No scan is running, so that one can be started.
+    Q_PROPERTY(bool canScan READ canScan NOTIFY canScanChanged)
+    Q_PROPERTY(QString percentage READ percentage NOTIFY changed)
+    Q_PROPERTY(QString used READ used NOTIFY changed)
+    Q_PROPERTY(QString usedOf READ usedOf NOTIFY changed)
+    Q_PROPERTY(QString free READ free NOTIFY changed)
+    Q_PROPERTY(QString freeOn READ freeOn NOTIFY changed)
+    Q_PROPERTY(QString summary READ summary NOTIFY changed)
+    /// The segments, and the segments with the free space behind them.
+    Q_PROPERTY(QList<corvane::StackedBarPart> usedParts READ usedParts NOTIFY changed)
+    Q_PROPERTY(QList<corvane::StackedBarPart> parts READ parts NOTIFY changed)
+    Q_PROPERTY(QString freePart READ freePart CONSTANT)
+    /// Bytes in use that no segment explains.
+    Q_PROPERTY(double rest READ rest NOTIFY changed)
+    /// The largest segments, and how many more there are.
+    Q_PROPERTY(QList<corvane::StackedBarPart> legend READ legend NOTIFY changed)
+    Q_PROPERTY(QString legendRest READ legendRest NOTIFY changed)
+    Q_PROPERTY(corvane::SegmentModel *segments READ segments CONSTANT)
+    Q_PROPERTY(QList<QString> footnotes READ footnotes NOTIFY changed)
+
+    Q_PROPERTY(bool hasSnapshots READ hasSnapshots NOTIFY changed)
+    Q_PROPERTY(QString snapshotsFound READ snapshotsFound NOTIFY changed)
+    Q_PROPERTY(QList<corvane::SnapshotText> snapshots READ snapshots NOTIFY changed)
+    Q_PROPERTY(QString moreSnapshots READ moreSnapshots NOTIFY changed)
+    Q_PROPERTY(QString listCommand READ listCommand CONSTANT)
+    Q_PROPERTY(QString thinCommand READ thinCommand CONSTANT)
+    /// The command that was copied last, for a short while; else empty.
+    Q_PROPERTY(QString copied READ copied NOTIFY copiedChanged)
+
+public:
+    static constexpr int copiedStay = 2000; // milliseconds
+
+    explicit BreakdownPresenter(QObject *parent = nullptr);
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] bool isAvailable() const { return breakdown() != nullptr; }
+    [[nodiscard]] bool isLoading() const;
+    [[nodiscard]] QString loadingText() const;
+    [[nodiscard]] bool needsScan() const;
+    [[nodiscard]] bool canScan() const;
+    /// "95%"
+    [[nodiscard]] QString percentage() const;
+    /// "811.29 GB" and " used of 994.66 GB"
+    [[nodiscard]] QString used() const;
+    [[nodiscard]] QString usedOf() const;
+    /// "183.37 GB" and " free on Macintosh HD"
+    [[nodiscard]] QString free() const;
+    [[nodiscard]] QString freeOn() const;
+    /// "95% of 811.29 GB explained"
+    [[nodiscard]] QString summary() const;
+    [[nodiscard]] QList<StackedBarPart> usedParts() const;
+    [[nodiscard]] QList<StackedBarPart> parts() const;
+    /// The id of the part that stands for the free space.
+    [[nodiscard]] QString freePart() const { return QStringLiteral("free"); }
+    [[nodiscard]] double rest() const;
+    [[nodiscard]] QList<StackedBarPart> legend() const;
+    /// "and 4 smaller", or empty
+    [[nodiscard]] QString legendRest() const;
+    [[nodiscard]] SegmentModel *segments() { return &m_segments; }
+    [[nodiscard]] QList<QString> footnotes() const;
+
+    [[nodiscard]] bool hasSnapshots() const;
+    /// "3 found"
+    [[nodiscard]] QString snapshotsFound() const;
+    [[nodiscard]] QList<SnapshotText> snapshots() const;
+    /// "+ 3 more", or empty
+    [[nodiscard]] QString moreSnapshots() const;
+    [[nodiscard]] QString listCommand() const { return QStringLiteral("tmutil listlocalsnapshots /"); }
+    [[nodiscard]] QString thinCommand() const
+    {
+        return QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4");
+    }
+    [[nodiscard]] const QString &copied() const { return m_copied; }
+
+    Q_INVOKABLE void refresh();
+    Q_INVOKABLE void scanHome();
+    /// Carries out the action of a row.
+    Q_INVOKABLE void perform(int row);
+    /// Shows the screen that this presenter stands for.
+    Q_INVOKABLE void openBreakdown();
+    /// Puts a command on the clipboard, and says so for a while.
+    Q_INVOKABLE void copy(const QString &command);
+
+signals:
+    void storeChanged();
+    void changed();
+    void canScanChanged();
+    void copiedChanged();
+
+private:
+    void update();
+    void setCopied(const QString &command);
+    [[nodiscard]] const DiskBreakdown *breakdown() const;
+
+    QPointer<StorageStore> m_store;
+    SegmentModel m_segments;
+    QString m_copied;
+    QTimer m_copiedTimer;
+};
+
+} // namespace corvane

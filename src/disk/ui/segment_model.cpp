@@ -1,0 +1,152 @@
+#include "disk/ui/segment_model.h"
+
+#include <algorithm>
+
+#include <QColor>
+
+#include "core/byte_count.h"
+#include "core/store/path_text.h"
+
+namespace corvane {
+
+namespace {
+
+QString shareText(std::int64_t size, std::int64_t used)
+{
+    const double percent = used < 1 ? 0 : 100.0 * static_cast<double>(size) / static_cast<double>(used);
+    return QString::asprintf("%.0f%%", percent);
+}
+
+QString sizeText(std::int64_t size)
+{
+    return QString::fromStdString(formatByteCount(size));
+}
+
+QColor colorOf(const BreakdownSegment &segment)
+{
+    return QColor::fromRgbF(static_cast<float>(segment.color.red), static_cast<float>(segment.color.green),
+                            static_cast<float>(segment.color.blue));
+}
+
+QList<NamedSizeText> largestItems(const BreakdownSegment &segment)
+{
+    QList<NamedSizeText> items;
+    for (const NamedSize &child : segment.children)
+        items.append({displayText(child.name), sizeText(child.size)});
+    return items;
+}
+
+} // namespace
+
+void SegmentModel::setSegments(const std::vector<BreakdownSegment> &segments, std::int64_t used)
+{
+    std::vector<Row> wanted;
+    wanted.reserve(segments.size());
+    for (const BreakdownSegment &segment : segments) {
+        // Two volumes may have one name.
+        QString id = displayText(segment.id);
+        while (std::ranges::find(wanted, id, &Row::id) != wanted.end())
+            id += QLatin1Char('+');
+        wanted.push_back({id, segment, shareText(segment.size, used)});
+    }
+
+    for (int row = rowCount() - 1; row >= 0; --row) {
+        if (std::ranges::find(wanted, m_rows[static_cast<std::size_t>(row)].id, &Row::id) != wanted.end())
+            continue;
+        beginRemoveRows({}, row, row);
+        m_rows.erase(m_rows.begin() + row);
+        endRemoveRows();
+    }
+    for (int row = 0; row < static_cast<int>(wanted.size()); ++row) {
+        Row &next = wanted[static_cast<std::size_t>(row)];
+        const auto present = std::ranges::find(m_rows, next.id, &Row::id);
+        if (present == m_rows.end()) {
+            beginInsertRows({}, row, row);
+            m_rows.insert(m_rows.begin() + row, std::move(next));
+            endInsertRows();
+            continue;
+        }
+        if (const auto from = static_cast<int>(present - m_rows.begin()); from != row) {
+            beginMoveRows({}, from, from, {}, row);
+            std::rotate(m_rows.begin() + row, present, present + 1);
+            endMoveRows();
+        }
+        if (Row &kept = m_rows[static_cast<std::size_t>(row)]; kept != next) {
+            kept = std::move(next);
+            emit dataChanged(index(row), index(row));
+        }
+    }
+}
+
+std::optional<BreakdownAction> SegmentModel::action(int row) const
+{
+    if (row < 0 || row >= rowCount())
+        return std::nullopt;
+    return m_rows[static_cast<std::size_t>(row)].segment.action;
+}
+
+StackedBarPart SegmentModel::barPart(int row) const
+{
+    const auto &[id, segment, share] = m_rows.at(static_cast<std::size_t>(row));
+    return {id, displayText(segment.title), sizeText(segment.size) + QStringLiteral(" · ") + share, colorOf(segment),
+            segment.size};
+}
+
+int SegmentModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant SegmentModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const auto &[id, segment, share] = m_rows[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case SegmentIdRole:
+        return id;
+    case Qt::DisplayRole:
+    case TitleRole:
+        return displayText(segment.title);
+    case DetailRole:
+        return displayText(segment.detail);
+    case SymbolRole:
+        return displayText(segment.symbol);
+    case ColorRole:
+        return colorOf(segment);
+    case SizeTextRole:
+        return sizeText(segment.size);
+    case ShareTextRole:
+        return share;
+    case UnexplainedRole:
+        return segment.kind == BreakdownSegment::Kind::hidden;
+    case LargestItemsRole:
+        return QVariant::fromValue(largestItems(segment));
+    case ActionTitleRole:
+        return segment.action && segment.actionTitle ? displayText(*segment.actionTitle) : QString();
+    case NeedsIdleRole:
+        return segment.action && segment.action->kind == BreakdownAction::Kind::scanHome;
+    case DescriptionRole:
+        return QStringList{displayText(segment.title), sizeText(segment.size), share}.join(QStringLiteral(", "));
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> SegmentModel::roleNames() const
+{
+    return {{SegmentIdRole, "segmentId"},
+            {TitleRole, "title"},
+            {DetailRole, "detail"},
+            {SymbolRole, "symbol"},
+            {ColorRole, "segmentColor"},
+            {SizeTextRole, "sizeText"},
+            {ShareTextRole, "shareText"},
+            {UnexplainedRole, "unexplained"},
+            {LargestItemsRole, "largestItems"},
+            {ActionTitleRole, "actionTitle"},
+            {NeedsIdleRole, "needsIdle"},
+            {DescriptionRole, "description"}};
+}
+
+} // namespace corvane

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include <QAbstractListModel>
+#include <QList>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include "disk/disk_breakdown.h"
+#include "shell/ui/stacked_bar.h"
+
+namespace corvane {
+
+/// A name and its size as they are shown; a value for QML.
+struct NamedSizeText {
+    Q_GADGET
+    QML_VALUE_TYPE(namedSizeText)
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(QString size MEMBER size)
+
+public:
+    QString name;
+    QString size;
+
+    friend bool operator==(const NamedSizeText &, const NamedSizeText &) = default;
+};
+
+/// The segments of a breakdown as rows, in its order. A new breakdown moves, inserts, removes and changes only the
+/// rows that differ. Main thread only.
+class SegmentModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Given by the presenter")
+
+public:
+    enum Role {
+        SegmentIdRole = Qt::UserRole + 1,
+        TitleRole,
+        DetailRole,
+        SymbolRole,
+        ColorRole,
+        SizeTextRole,
+        ShareTextRole,    ///< of the used space
+        UnexplainedRole,  ///< whether nothing is known of what it holds
+        LargestItemsRole, ///< a list of NamedSizeText
+        ActionTitleRole,  ///< empty for none
+        NeedsIdleRole,    ///< whether the action starts a scan
+        DescriptionRole,  ///< the row's figures in one line
+    };
+
+    using QAbstractListModel::QAbstractListModel;
+
+    /// `used` is what the shares refer to, in bytes.
+    void setSegments(const std::vector<BreakdownSegment> &segments, std::int64_t used);
+    /// The action of a row, if it has one.
+    [[nodiscard]] std::optional<BreakdownAction> action(int row) const;
+    /// What a bar shows of a row.
+    [[nodiscard]] StackedBarPart barPart(int row) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+private:
+    struct Row {
+        QString id; ///< the segment's, made different where two segments share one
+        BreakdownSegment segment;
+        QString share;
+
+        friend bool operator==(const Row &, const Row &) = default;
+    };
+    std::vector<Row> m_rows;
+};
+
+} // namespace corvane

@@ -1,0 +1,427 @@
+#include "disk/ui/breakdown_presenter.h"
+
+#include <gmock/gmock.h>
+
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "disk/sample_breakdown.h"
+#include "shell/ui/theme.h"
+#include "shell/window/fake_store.h"
+
+namespace corvane {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr int patience = 10'000; // milliseconds
+
+class BreakdownPresenterTest : public testing::Test {
+protected:
+    ~BreakdownPresenterTest() override { Theme::instance()->setDark(false); }
+
+    /// The store holds that breakdown and the presenter shows it.
+    void show(const DiskBreakdown &breakdown)
+    {
+        store().finishBreakdown(breakdown, store().breakdownToken());
+        presenter.setStore(&store());
+    }
+    void showSnapshots(std::vector<LocalSnapshot> snapshots)
+    {
+        DiskBreakdown disk = test::sampleBreakdown();
+        disk.snapshots = std::move(snapshots);
+        show(disk);
+    }
+    void showSnapshots(int count)
+    {
+        std::vector<LocalSnapshot> snapshots;
+        for (int i = 0; i < count; ++i)
+            snapshots.push_back(test::snapshotAt(i));
+        showSnapshots(std::move(snapshots));
+    }
+    StorageStore &store() { return fake.store; }
+    [[nodiscard]] std::vector<std::string> legend() const
+    {
+        std::vector<std::string> titles;
+        for (const StackedBarPart &part : presenter.legend())
+            titles.push_back(part.title.toStdString());
+        return titles;
+    }
+    [[nodiscard]] std::vector<std::string> footnotes() const
+    {
+        std::vector<std::string> notes;
+        for (const QString &note : presenter.footnotes())
+            notes.push_back(note.toStdString());
+        return notes;
+    }
+    int rowOf(const char *id)
+    {
+        const SegmentModel &model = *presenter.segments();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            if (model.data(model.index(row), SegmentModel::SegmentIdRole).toString() == QLatin1String(id))
+                return row;
+        }
+        return -1;
+    }
+
+    FakeStore fake;
+    BreakdownPresenter presenter;
+};
+
+const std::string always = "Sizes are the space files really occupy on disk, so they can differ slightly from the "
+                           "sizes Finder shows.";
+
+TEST_F(BreakdownPresenterTest, AsksForABreakdownWhereThereIsNone)
+{
+    presenter.setStore(&store());
+
+    EXPECT_TRUE(presenter.isLoading());
+    EXPECT_FALSE(presenter.isAvailable());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return presenter.isAvailable(); }, patience));
+    EXPECT_FALSE(presenter.isLoading());
+    EXPECT_EQ(presenter.freeOn(), QStringLiteral(" free on Macintosh HD"));
+}
+
+TEST_F(BreakdownPresenterTest, AsksForNoneWhereThereIsOneOrOneIsUnderWay)
+{
+    show(test::sampleBreakdown());
+    EXPECT_EQ(store().breakdownToken(), 0);
+
+    FakeStore other;
+    other.store.refreshBreakdown();
+    presenter.setStore(&other.store);
+    EXPECT_EQ(other.store.breakdownToken(), 1);
+}
+
+TEST_F(BreakdownPresenterTest, RefreshAsksForANewBreakdownAndTheOldOneStaysMeanwhile)
+{
+    show(test::sampleBreakdown());
+
+    presenter.refresh();
+
+    EXPECT_EQ(store().breakdownToken(), 1);
+    EXPECT_TRUE(presenter.isLoading());
+    EXPECT_TRUE(presenter.isAvailable());
+    EXPECT_EQ(presenter.percentage(), QStringLiteral("95%"));
+}
+
+TEST_F(BreakdownPresenterTest, WithoutABreakdownThereIsNothingButTheTextOfMeasuring)
+{
+    presenter.setStore(&store());
+    ASSERT_FALSE(presenter.isAvailable());
+
+    EXPECT_EQ(presenter.loadingText(), QStringLiteral("Measuring your disk…"));
+    EXPECT_EQ(presenter.summary(), QStringLiteral("Measuring your disk…"));
+    EXPECT_EQ(presenter.percentage(), QString());
+    EXPECT_EQ(presenter.used() + presenter.usedOf() + presenter.free() + presenter.freeOn(), QString());
+    EXPECT_TRUE(presenter.parts().isEmpty());
+    EXPECT_THAT(footnotes(), IsEmpty());
+    EXPECT_FALSE(presenter.needsScan());
+    EXPECT_FALSE(presenter.hasSnapshots());
+    EXPECT_EQ(presenter.snapshotsFound() + presenter.moreSnapshots() + presenter.legendRest(), QString());
+    EXPECT_EQ(presenter.rest(), 0);
+}
+
+TEST_F(BreakdownPresenterTest, TellsHowMuchIsExplainedUsedAndFree)
+{
+    show(test::sampleBreakdown());
+
+    EXPECT_EQ(presenter.percentage(), QStringLiteral("95%"));
+    EXPECT_EQ(presenter.used() + presenter.usedOf(), QStringLiteral("811.29 GB used of 994.66 GB"));
+    EXPECT_EQ(presenter.free() + presenter.freeOn(), QStringLiteral("183.37 GB free on Macintosh HD"));
+    EXPECT_EQ(presenter.summary(), QStringLiteral("95% of 811.29 GB explained"));
+}
+
+TEST_F(BreakdownPresenterTest, NothingUsedIsExplainedByNothing)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.free = disk.total;
+    show(disk);
+
+    EXPECT_EQ(presenter.percentage(), QStringLiteral("0%"));
+    EXPECT_EQ(presenter.used() + presenter.usedOf(), QStringLiteral("Zero KB used of 994.66 GB"));
+    EXPECT_EQ(presenter.summary(), QStringLiteral("0% of Zero KB explained"));
+    EXPECT_EQ(presenter.rest(), 0);
+}
+
+TEST_F(BreakdownPresenterTest, NegativeFiguresAreShownAsZero)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.total = 10;
+    disk.free = 20;
+    show(disk);
+    EXPECT_EQ(presenter.used(), QStringLiteral("Zero KB"));
+    EXPECT_EQ(presenter.percentage(), QStringLiteral("0%"));
+
+    disk.total = 0;
+    disk.free = -5;
+    store().finishBreakdown(disk, store().breakdownToken());
+    EXPECT_EQ(presenter.free(), QStringLiteral("Zero KB"));
+    EXPECT_EQ(presenter.parts().constLast().size, 0);
+}
+
+TEST_F(BreakdownPresenterTest, PartsAreTheSegmentsInTheirOrderAndTheFreeSpaceLast)
+{
+    show(test::sampleBreakdown());
+
+    const QList<StackedBarPart> parts = presenter.parts();
+    ASSERT_EQ(parts.size(), 8);
+    EXPECT_EQ(parts[1].id, QStringLiteral("/Applications"));
+    EXPECT_EQ(parts[1].title, QStringLiteral("Applications"));
+    EXPECT_EQ(parts[1].info, QStringLiteral("73.8 GB · 9%"));
+    EXPECT_EQ(parts[1].color, QColor::fromRgbF(0.24F, 0.52F, 0.98F));
+    EXPECT_EQ(parts[1].size, 73'800'000'000);
+    EXPECT_EQ(parts[7].id, presenter.freePart());
+    EXPECT_EQ(parts[7].title, QStringLiteral("Free"));
+    EXPECT_EQ(parts[7].info, QStringLiteral("183.37 GB"));
+    EXPECT_EQ(presenter.usedParts(), parts.first(7));
+}
+
+TEST_F(BreakdownPresenterTest, PartsAndTheRestComeToTheWholeContainer)
+{
+    for (const std::int64_t missing : {std::int64_t{0}, std::int64_t{50'000'000}, std::int64_t{4'290'000'000}}) {
+        DiskBreakdown disk = test::sampleBreakdown();
+        disk.segments.back().size -= missing;
+        show(disk);
+        std::int64_t sum = 0;
+        for (const StackedBarPart &part : presenter.parts())
+            sum += part.size;
+        EXPECT_EQ(presenter.rest(), static_cast<double>(missing));
+        EXPECT_EQ(sum + missing, disk.total);
+    }
+}
+
+TEST_F(BreakdownPresenterTest, FreeSpaceHasTheColorOfTheTheme)
+{
+    show(test::sampleBreakdown());
+    const QSignalSpy changes(&presenter, &BreakdownPresenter::changed);
+
+    Theme::instance()->setDark(true);
+
+    EXPECT_GE(changes.count(), 1);
+    EXPECT_EQ(presenter.parts().constLast().color, Theme::instance()->track());
+}
+
+TEST_F(BreakdownPresenterTest, LegendNamesTheFiveLargestAndCountsTheOthers)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    show(disk);
+    EXPECT_THAT(legend(),
+                ElementsAre("Your Home Folder", "Applications", "Hidden System Data", "System-wide Library", "macOS"));
+    EXPECT_EQ(presenter.legendRest(), QStringLiteral("and 2 smaller"));
+
+    disk.segments.pop_back();
+    show(disk);
+    EXPECT_EQ(presenter.legendRest(), QStringLiteral("and 1 smaller"));
+
+    disk.segments.pop_back();
+    show(disk);
+    EXPECT_EQ(legend().size(), 5U);
+    EXPECT_EQ(presenter.legendRest(), QString());
+}
+
+TEST_F(BreakdownPresenterTest, OnlyWithoutAScanOneIsWanted)
+{
+    show(test::sampleBreakdown());
+    EXPECT_FALSE(presenter.needsScan());
+
+    show(test::unscannedBreakdown());
+    EXPECT_TRUE(presenter.needsScan());
+    EXPECT_EQ(presenter.percentage(), QStringLiteral("16%"));
+}
+
+TEST_F(BreakdownPresenterTest, AScannedAndReadableDiskHasTheOneFootnote)
+{
+    show(test::sampleBreakdown());
+    EXPECT_THAT(footnotes(), ElementsAre(always));
+}
+
+TEST_F(BreakdownPresenterTest, OneByteTooManyIsExplainedByClones)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.overcount = 1;
+    show(disk);
+    EXPECT_THAT(footnotes(),
+                ElementsAre("Scanned files add up to 1 byte more than the disk actually uses. That's normal: copies "
+                            "made in Finder on APFS share their storage (clones), so they're counted twice here but "
+                            "stored once.",
+                            always));
+}
+
+TEST_F(BreakdownPresenterTest, AnUnreadableContainerIsSaidAfterTheClones)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.fromAPFS = false;
+    disk.overcount = 2'140'000'000;
+    show(disk);
+    ASSERT_EQ(footnotes().size(), 3U);
+    EXPECT_THAT(footnotes()[0], testing::StartsWith("Scanned files add up to 2.14 GB more than"));
+    EXPECT_EQ(footnotes()[1], "Couldn't read the APFS layout, so macOS, swap and Recovery are shown as one total.");
+    EXPECT_EQ(footnotes()[2], always);
+}
+
+// --- Snapshots
+
+TEST_F(BreakdownPresenterTest, WithoutSnapshotsThereIsNoCard)
+{
+    showSnapshots(0);
+    EXPECT_FALSE(presenter.hasSnapshots());
+    EXPECT_TRUE(presenter.snapshots().isEmpty());
+    EXPECT_EQ(presenter.moreSnapshots(), QString());
+}
+
+TEST_F(BreakdownPresenterTest, ASnapshotIsShownByItsDate)
+{
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    showSnapshots(1);
+    EXPECT_TRUE(presenter.hasSnapshots());
+    EXPECT_EQ(presenter.snapshotsFound(), QStringLiteral("1 found"));
+    ASSERT_EQ(presenter.snapshots().size(), 1);
+    const auto local = QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC).toLocalTime();
+    EXPECT_EQ(presenter.snapshots()[0].text, QLocale().toString(local, QStringLiteral("MMM d, yyyy")) +
+                                                 QStringLiteral(" at ") +
+                                                 QLocale().toString(local, QStringLiteral("h:mm AP")));
+    EXPECT_EQ(presenter.snapshots()[0].symbol, QString());
+}
+
+TEST_F(BreakdownPresenterTest, ASnapshotWithoutADateIsShownByItsName)
+{
+    showSnapshots({{"com.apple.os.update-\xff", {}}});
+    ASSERT_EQ(presenter.snapshots().size(), 1);
+    EXPECT_EQ(presenter.snapshots()[0].text, QStringLiteral("com.apple.os.update-\uFFFD"));
+    EXPECT_EQ(presenter.snapshots()[0].symbol, QStringLiteral("camera.metering.unknown"));
+}
+
+TEST_F(BreakdownPresenterTest, SixSnapshotsAreAllShown)
+{
+    showSnapshots(6);
+    EXPECT_EQ(presenter.snapshotsFound(), QStringLiteral("6 found"));
+    EXPECT_EQ(presenter.snapshots().size(), 6);
+    EXPECT_EQ(presenter.moreSnapshots(), QString());
+}
+
+TEST_F(BreakdownPresenterTest, FromTheSeventhOnSnapshotsAreCounted)
+{
+    showSnapshots(7);
+    EXPECT_EQ(presenter.snapshots().size(), 6);
+    EXPECT_EQ(presenter.moreSnapshots(), QStringLiteral("+ 1 more"));
+
+    showSnapshots(9);
+    EXPECT_EQ(presenter.snapshotsFound(), QStringLiteral("9 found"));
+    EXPECT_EQ(presenter.snapshots().size(), 6);
+    EXPECT_EQ(presenter.moreSnapshots(), QStringLiteral("+ 3 more"));
+}
+
+TEST_F(BreakdownPresenterTest, ACommandIsCopiedAsItIsAndSaidForTwoSeconds)
+{
+    EXPECT_EQ(presenter.listCommand(), QStringLiteral("tmutil listlocalsnapshots /"));
+    EXPECT_EQ(presenter.thinCommand(), QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4"));
+    EXPECT_EQ(presenter.copied(), QString());
+    QElapsedTimer time;
+    time.start();
+
+    presenter.copy(presenter.thinCommand());
+
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), presenter.thinCommand());
+    EXPECT_EQ(presenter.copied(), presenter.thinCommand());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return presenter.copied().isEmpty(); }, patience));
+    EXPECT_GE(time.elapsed(), 1'900);
+}
+
+TEST_F(BreakdownPresenterTest, OnlyTheCommandCopiedLastIsSaidToBe)
+{
+    presenter.copy(presenter.listCommand());
+    presenter.copy(presenter.thinCommand());
+    EXPECT_EQ(presenter.copied(), presenter.thinCommand());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), presenter.thinCommand());
+}
+
+// --- Actions
+
+TEST_F(BreakdownPresenterTest, AMeasuredFolderIsRevealed)
+{
+    show(test::sampleBreakdown());
+    presenter.perform(rowOf("/Applications"));
+    EXPECT_THAT(fake.fake.log->lines(), Contains("reveal /Applications"));
+}
+
+TEST_F(BreakdownPresenterTest, TheScannedFolderOpensInTheSpaceMap)
+{
+    show(test::sampleBreakdown());
+    store().setSidebar(StorageStore::SidebarItem::breakdown);
+    presenter.perform(rowOf("scanned"));
+    EXPECT_EQ(store().sidebar(), StorageStore::SidebarItem::explorer);
+}
+
+TEST_F(BreakdownPresenterTest, HiddenDataLeadsToTheSettingsOfFullDiskAccess)
+{
+    show(test::sampleBreakdown());
+    presenter.perform(rowOf("hidden"));
+    EXPECT_THAT(fake.fake.log->lines(),
+                Contains("openUrl x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"));
+}
+
+TEST_F(BreakdownPresenterTest, WhatIsNotScannedYetStartsAScanOfTheHome)
+{
+    show(test::unscannedBreakdown());
+    EXPECT_TRUE(presenter.canScan());
+    const QSignalSpy changes(&presenter, &BreakdownPresenter::canScanChanged);
+    fake.gate.setShut(true);
+
+    presenter.perform(rowOf("hidden"));
+
+    EXPECT_EQ(store().phase(), StorageStore::Phase::scanning);
+    EXPECT_EQ(store().lastScanPath(), fake.home);
+    EXPECT_FALSE(presenter.canScan());
+    EXPECT_GE(changes.count(), 1);
+    fake.gate.setShut(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return presenter.canScan(); }, patience));
+}
+
+TEST_F(BreakdownPresenterTest, TheNudgeStartsAScanOfTheHome)
+{
+    show(test::unscannedBreakdown());
+    presenter.scanHome();
+    EXPECT_EQ(store().lastScanPath(), fake.home);
+}
+
+TEST_F(BreakdownPresenterTest, ARowWithoutAnActionDoesNothing)
+{
+    show(test::sampleBreakdown());
+    const auto before = fake.fake.log->lines().size();
+    presenter.perform(rowOf("system"));
+    presenter.perform(-1);
+    presenter.perform(100);
+    EXPECT_EQ(fake.fake.log->lines().size(), before);
+    EXPECT_EQ(store().phase(), StorageStore::Phase::idle);
+}
+
+TEST_F(BreakdownPresenterTest, TheSummaryLeadsToTheScreen)
+{
+    show(test::sampleBreakdown());
+    presenter.openBreakdown();
+    EXPECT_EQ(store().sidebar(), StorageStore::SidebarItem::breakdown);
+}
+
+TEST_F(BreakdownPresenterTest, ANewBreakdownTakesTheOldOnesPlaceAfterAScan)
+{
+    show(test::unscannedBreakdown());
+    presenter.scanHome();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter.needsScan() && !presenter.isLoading(); }, patience));
+    EXPECT_GE(rowOf("scanned"), 0);
+    const QString before = presenter.parts().constFirst().info;
+
+    store().didRemove({.removed = {{fake.home + "/Movies/rushes.mov", 27'880'000'000}}, .failures = {}}, false);
+    EXPECT_TRUE(presenter.isLoading());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter.isLoading(); }, patience));
+    EXPECT_NE(presenter.parts()[rowOf("scanned")].info, before);
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,401 @@
+#include <functional>
+#include <memory>
+
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include "disk/sample_breakdown.h"
+#include "shell/quick_scene.h"
+#include "shell/ui/stacked_bar.h"
+#include "shell/ui/store_registration.h"
+#include "shell/ui/theme.h"
+#include "shell/window/fake_store.h"
+
+namespace corvane {
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+
+/// The whole screen in a window of its own, worked by mouse and keyboard.
+class BreakdownScreenTest : public testing::Test {
+protected:
+    BreakdownScreenTest()
+    {
+        Theme::instance()->setReducedMotion(true);
+        // So that measuring the disk can be held up at a folder.
+        fake.fake.files.addFile("/Applications/Harbor.app", 60'000'000);
+        StoreRegistration::setStore(&fake.store);
+    }
+    ~BreakdownScreenTest() override
+    {
+        fake.gate.setShut(false);
+        Theme::instance()->setReducedMotion(false);
+    }
+
+    void show(const DiskBreakdown &disk, QSize size = {1064, 800})
+    {
+        fake.store.finishBreakdown(disk, fake.store.breakdownToken());
+        showFile("BreakdownScreen", size);
+    }
+    void showFile(const char *file, QSize size)
+    {
+        scene = std::make_unique<QuickScene>(
+            QByteArray("Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Disk/") + file + ".qml\" }");
+        ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
+        scene->window()->resize(size);
+        pointAtNothing();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return scene->window()->contentItem()->size() == QSizeF(size); }));
+        scene->window()->grabWindow(); // brings every position up to date
+    }
+    void pointAtNothing()
+    {
+        QTest::mouseMove(scene->window(), QPoint(1, 1));
+        QTest::qWait(1);
+    }
+
+    void visit(const std::function<void(QQuickItem &)> &each) const
+    {
+        const std::function<void(QQuickItem &)> from = [&](QQuickItem &item) {
+            if (!item.isVisible() || item.opacity() == 0)
+                return;
+            each(item);
+            for (QQuickItem *child : item.childItems())
+                from(*child);
+        };
+        from(*scene->window()->contentItem());
+    }
+    /// Everything that is read out, in the order of the screen.
+    [[nodiscard]] std::vector<std::string> names() const
+    {
+        std::vector<std::string> all;
+        visit([&](QQuickItem &item) {
+            if (const QString name = QuickScene::accessibleName(&item); !name.isEmpty())
+                all.push_back(name.toStdString());
+        });
+        return all;
+    }
+    [[nodiscard]] std::vector<QQuickItem *> rows() const
+    {
+        std::vector<QQuickItem *> all;
+        visit([&](QQuickItem &item) {
+            if (item.property("segmentId").isValid())
+                all.push_back(&item);
+        });
+        return all;
+    }
+    /// The ids of the rows that are lit.
+    [[nodiscard]] std::vector<std::string> litRows() const
+    {
+        std::vector<std::string> ids;
+        for (const QQuickItem *row : rows()) {
+            if (row->property("highlighted").toBool())
+                ids.push_back(row->property("segmentId").toString().toStdString());
+        }
+        return ids;
+    }
+    [[nodiscard]] StackedBar &bar() const
+    {
+        return *scene->window()->findChild<StackedBar *>(QStringLiteral("breakdown.bar"));
+    }
+    [[nodiscard]] QQuickItem *visibleItem(const QString &objectName) const
+    {
+        QQuickItem *found = nullptr;
+        visit([&](QQuickItem &item) {
+            if (item.objectName() == objectName)
+                found = &item;
+        });
+        return found;
+    }
+    [[nodiscard]] qreal top() const { return scene->item("breakdown.page")->property("contentY").toReal(); }
+    void pointAtPart(int part)
+    {
+        const BarPart &place = bar().layout()[static_cast<std::size_t>(part)];
+        QTest::mouseMove(scene->window(), bar().mapToScene(QPointF(place.x + place.width / 2, 10)).toPoint());
+        QTest::qWait(1);
+    }
+    [[nodiscard]] bool tabTo(const char *name)
+    {
+        const QQuickItem *const item = visibleItem(QLatin1String(name));
+        if (item == nullptr)
+            return false;
+        for (int i = 0; i < 20 && !item->hasActiveFocus(); ++i)
+            scene->key(Qt::Key_Tab);
+        return item->hasActiveFocus();
+    }
+
+    FakeStore fake;
+    std::unique_ptr<QuickScene> scene;
+};
+
+TEST_F(BreakdownScreenTest, SaysWhatItShows)
+{
+    show(test::sampleBreakdown());
+    EXPECT_THAT(names(), Contains("Where's My Space"));
+    bool hasSubtitle = false;
+    visit([&](QQuickItem &item) {
+        hasSubtitle |= item.property("text").toString() ==
+                       QStringLiteral("Every byte on your disk, accounted for — including what Finder calls “System "
+                                      "Data”");
+    });
+    EXPECT_TRUE(hasSubtitle);
+    EXPECT_THAT(names(), AllOf(Contains("95% explained"), Contains("811.29 GB used of 994.66 GB"),
+                               Contains("183.37 GB free on Macintosh HD"), Contains("and 2 smaller")));
+}
+
+TEST_F(BreakdownScreenTest, BeforeThereIsABreakdownItSaysThatItMeasures)
+{
+    fake.gate.setShut(true);
+    showFile("BreakdownScreen", {1064, 800});
+
+    EXPECT_NE(visibleItem(QStringLiteral("breakdown.loading")), nullptr);
+    EXPECT_THAT(names(), Contains("Measuring your disk…"));
+    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.page")), nullptr);
+    EXPECT_NE(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
+
+    fake.gate.setShut(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return visibleItem(QStringLiteral("breakdown.page")) != nullptr; }, 10'000));
+    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.loading")), nullptr);
+}
+
+TEST_F(BreakdownScreenTest, RefreshGivesItsPlaceToTheProgressAndComesBack)
+{
+    show(test::sampleBreakdown());
+    QQuickItem *const button = visibleItem(QStringLiteral("breakdown.refresh"));
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
+    fake.gate.setShut(true);
+
+    scene->click(button);
+
+    EXPECT_TRUE(fake.store.breakdownLoading());
+    EXPECT_FALSE(button->isEnabled());
+    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.refresh")), nullptr);
+    EXPECT_NE(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
+    EXPECT_THAT(names(), Contains("95% explained")) << "the old one stays";
+    fake.gate.setShut(false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.store.breakdownLoading(); }, 10'000));
+    EXPECT_TRUE(button->isEnabled());
+    EXPECT_NE(visibleItem(QStringLiteral("breakdown.refresh")), nullptr);
+}
+
+TEST_F(BreakdownScreenTest, EverySegmentHasItsRow)
+{
+    show(test::sampleBreakdown());
+    EXPECT_THAT(names(), AllOf(Contains("Your Home Folder, 642.43 GB, 79%"), Contains("Applications, 73.8 GB, 9%"),
+                               Contains("Swap & Sleep Image, 4.29 GB, 1%"), Contains("Library 174 GB"),
+                               Contains("Xcode.app 12.84 GB"), Contains("Open Space Map"), Contains("Show in Finder"),
+                               Contains("Grant Full Disk Access")));
+    EXPECT_EQ(rows().size(), 7U);
+    EXPECT_EQ(std::ranges::count(names(), "Unexplained"), 1);
+}
+
+TEST_F(BreakdownScreenTest, APartUnderThePointerLightsItsRowAndTellsItsSize)
+{
+    show(test::sampleBreakdown());
+    EXPECT_THAT(litRows(), ElementsAre());
+
+    pointAtPart(1);
+
+    EXPECT_THAT(litRows(), ElementsAre("/Applications"));
+    QQuickItem *const told = visibleItem(QStringLiteral("breakdown.current"));
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(told->childItems()[1]->property("text").toString(), QStringLiteral("Applications"));
+    EXPECT_EQ(told->childItems()[2]->property("text").toString(), QStringLiteral("73.8 GB · 9%"));
+
+    pointAtPart(7);
+    EXPECT_THAT(litRows(), ElementsAre());
+    EXPECT_EQ(told->childItems()[1]->property("text").toString(), QStringLiteral("Free"));
+    pointAtNothing();
+    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.current")), nullptr);
+}
+
+TEST_F(BreakdownScreenTest, ARowUnderThePointerLightsItsPart)
+{
+    show(test::sampleBreakdown());
+    scene->hover(rows()[3]);
+    QTest::qWait(1);
+    EXPECT_EQ(bar().current(), QStringLiteral("/Library"));
+    EXPECT_THAT(litRows(), ElementsAre("/Library"));
+
+    for (const std::size_t row : {4U, 3U}) {
+        scene->hover(rows()[row]);
+        QTest::qWait(1);
+        EXPECT_THAT(litRows(), ElementsAre(rows()[row]->property("segmentId").toString().toStdString()));
+    }
+    pointAtNothing();
+    EXPECT_EQ(bar().current(), QString());
+}
+
+TEST_F(BreakdownScreenTest, ArrowsOnTheBarLightTheRows)
+{
+    show(test::sampleBreakdown());
+    ASSERT_TRUE(tabTo("breakdown.bar"));
+    scene->key(Qt::Key_Right);
+    scene->key(Qt::Key_Right);
+    EXPECT_THAT(litRows(), ElementsAre("/Applications"));
+    QAccessibleInterface *const read = QuickScene::accessible(&bar());
+    EXPECT_EQ(read->text(QAccessible::Description), QStringLiteral("Applications, 73.8 GB · 9%"));
+
+    scene->key(Qt::Key_Tab);
+    EXPECT_THAT(litRows(), ElementsAre());
+}
+
+TEST_F(BreakdownScreenTest, ReturnOnAPartBringsItsRowIntoSight)
+{
+    show(test::sampleBreakdown(), {824, 400});
+    ASSERT_TRUE(tabTo("breakdown.bar"));
+    scene->key(Qt::Key_End);
+    scene->key(Qt::Key_Return);
+    EXPECT_EQ(top(), 0) << "the free space has no row";
+    scene->key(Qt::Key_Left);
+    scene->key(Qt::Key_Return);
+    EXPECT_GT(top(), 0);
+    const QQuickItem *last = rows().back();
+    EXPECT_LE(last->mapToScene(QPointF(0, last->height())).y(), 400);
+}
+
+TEST_F(BreakdownScreenTest, TabBringsTheActionsIntoSight)
+{
+    show(test::sampleBreakdown(), {824, 400});
+    ASSERT_TRUE(tabTo("breakdown.action./Library"));
+    const QQuickItem *button = visibleItem(QStringLiteral("breakdown.action./Library"));
+    EXPECT_GT(top(), 0);
+    EXPECT_GE(button->mapToScene(QPointF()).y(), 56);
+    EXPECT_LE(button->mapToScene(QPointF(0, button->height())).y(), 400);
+}
+
+TEST_F(BreakdownScreenTest, TheNudgeStandsThereOnlyWithoutAScan)
+{
+    show(test::unscannedBreakdown());
+    ASSERT_NE(visibleItem(QStringLiteral("breakdown.nudge")), nullptr);
+    EXPECT_THAT(names(),
+                AllOf(Contains("Scan your home folder to explain the rest"),
+                      Contains("Right now Corvane only knows the volume sizes. A scan turns “Not Scanned Yet” into "
+                               "folders you can explore and clean."),
+                      Contains("Not Scanned Yet, 680.55 GB, 84%")));
+    EXPECT_EQ(std::ranges::count(names(), "Scan Home Folder"), 2) << "the nudge's and the row's";
+
+    fake.store.finishBreakdown(test::sampleBreakdown(), fake.store.breakdownToken());
+    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.nudge")), nullptr);
+    EXPECT_THAT(names(), Not(Contains("Scan Home Folder")));
+}
+
+TEST_F(BreakdownScreenTest, WhileAScanRunsNoneCanBeStarted)
+{
+    show(test::unscannedBreakdown());
+    fake.gate.setShut(true);
+    scene->click(visibleItem(QStringLiteral("breakdown.nudge")));
+    ASSERT_EQ(fake.store.phase(), StorageStore::Phase::scanning);
+    EXPECT_FALSE(visibleItem(QStringLiteral("breakdown.nudge"))->isEnabled());
+    EXPECT_FALSE(visibleItem(QStringLiteral("breakdown.action.hidden"))->isEnabled());
+    EXPECT_TRUE(visibleItem(QStringLiteral("breakdown.action./Library"))->isEnabled());
+}
+
+TEST_F(BreakdownScreenTest, ActionsAreCarriedOutByClickAndByKey)
+{
+    show(test::sampleBreakdown());
+    scene->click(visibleItem(QStringLiteral("breakdown.action./Applications")));
+    EXPECT_THAT(fake.fake.log->lines(), Contains("reveal /Applications"));
+    ASSERT_TRUE(tabTo("breakdown.action./Library"));
+    scene->key(Qt::Key_Return);
+    EXPECT_THAT(fake.fake.log->lines(), Contains("reveal /Library"));
+}
+
+TEST_F(BreakdownScreenTest, TheSnapshotsCardIsThereOnlyWithSnapshots)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    show(disk);
+    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyList")), nullptr);
+    EXPECT_THAT(names(), Not(Contains("Local Time Machine Snapshots")));
+
+    for (int i = 0; i < 9; ++i)
+        disk.snapshots.push_back(test::snapshotAt(i));
+    fake.store.finishBreakdown(disk, fake.store.breakdownToken());
+    EXPECT_THAT(names(),
+                AllOf(Contains("Local Time Machine Snapshots"), Contains("9 found"), Contains("+ 3 more"),
+                      Contains("macOS keeps these hourly copies when Time Machine is on and deletes them by itself "
+                               "when space runs low, so they're usually nothing to worry about. If you need the space "
+                               "right now, you can thin them yourself in Terminal."),
+                      Contains("Copy “list snapshots” command"), Contains("Copy “free snapshots” command"),
+                      Contains("The second command asks for your Mac password. Corvane never runs it for you.")));
+}
+
+TEST_F(BreakdownScreenTest, ACopyButtonSaysCopiedAndKeepsItsWidth)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.snapshots.push_back(test::snapshotAt(0));
+    show(disk, {1064, 1200});
+    QQuickItem *const button = visibleItem(QStringLiteral("snapshots.copyThin"));
+    ASSERT_NE(button, nullptr);
+    const qreal width = button->width();
+
+    scene->click(button);
+
+    EXPECT_EQ(button->property("text").toString(), QStringLiteral("Copied!"));
+    EXPECT_EQ(button->property("symbol").toString(), QStringLiteral("checkmark"));
+    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyList"))->property("text").toString(),
+              QStringLiteral("Copy “list snapshots” command"));
+    EXPECT_EQ(button->width(), width);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return button->property("text").toString() == QStringLiteral("Copy “free snapshots” command"); },
+        10'000));
+    EXPECT_EQ(button->property("symbol").toString(), QStringLiteral("doc.on.clipboard"));
+}
+
+TEST_F(BreakdownScreenTest, NothingIsCutOffInTheSmallestWindow)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.fromAPFS = false;
+    disk.overcount = 5;
+    disk.segments[2].detail = "Files macOS doesn't let apps measure: system caches and logs in /private/var, other "
+                              "users' folders, the Spotlight index and snapshot data. Corvane couldn't open 14 folders "
+                              "during the scan.";
+    disk.segments[0].children = {{"Library", 174'000'000'000},
+                                 {"Movies", 156'820'000'000},
+                                 {"Pictures", 94'920'000'000},
+                                 {"Projects", 73'980'000'000},
+                                 {"Virtual Machines", 44'320'000'000}};
+    disk.snapshots.push_back({"com.apple.TimeMachine.unreadable", {}});
+    show(disk, {1040 - 216, 660});
+
+    visit([&](QQuickItem &item) {
+        if (!item.property("truncated").isValid() || item.property("text").toString().isEmpty())
+            return;
+        EXPECT_FALSE(item.property("truncated").toBool()) << item.property("text").toString().toStdString();
+        EXPECT_LE(item.mapToScene(QPointF(item.width(), 0)).x(), 1040 - 216 - 24)
+            << item.property("text").toString().toStdString();
+    });
+    for (QQuickItem *row : rows()) {
+        const QRectF inside(QPointF(), row->size());
+        EXPECT_TRUE(inside.contains(row->childrenRect())) << row->property("title").toString().toStdString();
+    }
+}
+
+TEST_F(BreakdownScreenTest, TheSummaryTellsHowMuchIsExplainedAndLeadsToTheScreen)
+{
+    fake.store.finishBreakdown(test::sampleBreakdown(), fake.store.breakdownToken());
+    showFile("BreakdownSummaryCard", {900, 44});
+    EXPECT_THAT(names(), AllOf(Contains("Where's my space?"), Contains("95% of 811.29 GB explained")));
+    EXPECT_EQ(scene->window()->findChild<StackedBar *>(QStringLiteral("summary.bar"))->parts().size(), 7);
+
+    scene->click(visibleItem(QStringLiteral("summary.seeBreakdown")));
+    EXPECT_EQ(fake.store.sidebar(), StorageStore::SidebarItem::breakdown);
+}
+
+TEST_F(BreakdownScreenTest, TheSummaryWaitsForABreakdown)
+{
+    fake.gate.setShut(true);
+    showFile("BreakdownSummaryCard", {900, 44});
+    EXPECT_THAT(names(), AllOf(Contains("Where's my space?"), Contains("Measuring your disk…")));
+    EXPECT_TRUE(fake.store.breakdownLoading());
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,143 @@
+#include <chrono>
+
+#include <QFile>
+
+#include "screenshots/mac_disk.h"
+#include "screenshots/photographer.h"
+
+namespace corvane {
+
+namespace {
+
+QByteArray recorded(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        giveUp(QStringLiteral("cannot read %1").arg(path));
+    return file.readAll();
+}
+
+/// What a tool of the Mac-shaped disk answers instead, as long as this object lives.
+class OtherAnswer {
+public:
+    explicit OtherAnswer(const char *file)
+        : m_path(QStringLiteral("/System/Volumes/recorded/") + QLatin1String(file)), m_usual(recorded(m_path))
+    {
+    }
+    OtherAnswer(const OtherAnswer &) = delete;
+    OtherAnswer &operator=(const OtherAnswer &) = delete;
+    ~OtherAnswer() { set(m_usual); }
+
+    void set(const QByteArray &text) const
+    {
+        QFile file(m_path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+            qFatal("cannot write %s", qPrintable(m_path));
+    }
+    /// The usual answer with another figure in it.
+    void setFigure(const char *figure, const char *other) const { set(QByteArray(m_usual).replace(figure, other)); }
+
+private:
+    QString m_path;
+    QByteArray m_usual;
+};
+
+constexpr const char *snapshots = "tmutil-listlocalsnapshots.txt";
+constexpr const char *containers = "diskutil-apfs-list.plist";
+
+QByteArray snapshotList(int count)
+{
+    QByteArray list = "Snapshots for disk /:\n";
+    for (int i = 0; i < count; ++i) {
+        // One of them comes from another program, without a date.
+        list += i == 2 ? QByteArray("com.apple.os.update-MSUPrepareUpdate\n")
+                       : "com.apple.TimeMachine.2025-11-1" + QByteArray::number(i) + "-081502.local\n";
+    }
+    return list;
+}
+
+} // namespace
+
+void Photographer::refreshBreakdown()
+{
+    m_store.refreshBreakdown();
+    m_driver.waitFor([&] { return !m_store.breakdownLoading(); }, QStringLiteral("the breakdown"));
+}
+
+void Photographer::takeBothEnds(const QString &name)
+{
+    take(name);
+    QQuickItem &page = m_driver.item(QStringLiteral("breakdown.page"));
+    page.setProperty("contentY", page.property("contentHeight").toReal() - page.height());
+    take(name + QStringLiteral("-end"));
+    page.setProperty("contentY", 0);
+}
+
+void Photographer::pointAtPart(double share)
+{
+    const QQuickItem &bar = m_driver.item(QStringLiteral("breakdown.bar"));
+    m_driver.pointAt(bar, QPointF(bar.width() * share, bar.height() / 2));
+}
+
+void Photographer::takeBreakdownBeforeScan()
+{
+    slowDownListings(std::chrono::milliseconds(300));
+    show(StorageStore::SidebarItem::breakdown);
+    takeMoving(QStringLiteral("breakdown-measuring"));
+    slowDownListings(std::chrono::milliseconds(0));
+    m_driver.waitFor([&] { return !m_store.breakdownLoading(); }, QStringLiteral("the breakdown"));
+
+    takeBothEnds(QStringLiteral("breakdown-unscanned"));
+    takeMinimum(QStringLiteral("breakdown-unscanned-min"));
+    for (const int count : {0, 1, 9}) {
+        const OtherAnswer answer(snapshots);
+        answer.set(snapshotList(count));
+        refreshBreakdown();
+        takeBothEnds(QStringLiteral("breakdown-snapshots-%1").arg(count));
+    }
+    {
+        const OtherAnswer answer(containers);
+        answer.set("");
+        refreshBreakdown();
+        takeBothEnds(QStringLiteral("breakdown-no-container"));
+    }
+    show(StorageStore::SidebarItem::explorer);
+}
+
+void Photographer::takeBreakdown()
+{
+    m_driver.waitFor([&] { return !m_store.breakdownLoading(); }, QStringLiteral("the breakdown"));
+    show(StorageStore::SidebarItem::breakdown);
+    takeBothEnds(QStringLiteral("breakdown"));
+    pointAtPart(0.67);
+    take(QStringLiteral("breakdown-hover"));
+    pointAtPart(0.95);
+    take(QStringLiteral("breakdown-hover-free"));
+    m_driver.pointAtNothing();
+
+    tabTo(m_driver.item(QStringLiteral("breakdown.bar")));
+    for (int part = 0; part < 3; ++part)
+        m_driver.press(Qt::Key_Right);
+    take(QStringLiteral("breakdown-keyboard"));
+    tabTo(m_driver.item(QStringLiteral("snapshots.copyThin")));
+    m_driver.press(Qt::Key_Space);
+    take(QStringLiteral("breakdown-copied"));
+
+    m_driver.item(QStringLiteral("breakdown.page")).setProperty("contentY", 0);
+    takeMinimum(QStringLiteral("breakdown-min"));
+    slowDownListings(std::chrono::milliseconds(300));
+    m_store.refreshBreakdown();
+    takeMoving(QStringLiteral("breakdown-refreshing"));
+    slowDownListings(std::chrono::milliseconds(0));
+    m_driver.waitFor([&] { return !m_store.breakdownLoading(); }, QStringLiteral("the breakdown"));
+    {
+        const OtherAnswer answer(containers);
+        answer.setFigure("788935835648", "700000000000");
+        refreshBreakdown();
+        takeBothEnds(QStringLiteral("breakdown-overcount"));
+    }
+    refreshBreakdown();
+    show(StorageStore::SidebarItem::explorer);
+}
+
+} // namespace corvane
