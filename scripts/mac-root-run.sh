@@ -64,10 +64,13 @@ for name in usr etc bin sbin lib lib32 lib64; do
     fi
 done
 
+# A sanitizer ends the program where it cannot read its list of exceptions.
+sanitizers=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/sanitizers
+options+=(--ro-bind "$sanitizers" /private/tmp/sanitizers)
 for name in QT_QPA_PLATFORM QT_QUICK_BACKEND QT_SCALE_FACTOR QT_FATAL_WARNINGS NO_COLOR ASAN_OPTIONS LSAN_OPTIONS \
     TSAN_OPTIONS UBSAN_OPTIONS; do
     if [[ -n ${!name:-} ]]; then
-        options+=(--setenv "$name" "${!name}")
+        options+=(--setenv "$name" "${!name//$sanitizers//private/tmp/sanitizers}")
     fi
 done
 if [[ -n $output ]]; then
