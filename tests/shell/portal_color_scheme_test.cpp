@@ -17,6 +17,8 @@ constexpr uint noPreference = 0;
 constexpr uint preferDark = 1;
 constexpr uint preferLight = 2;
 
+const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+
 /// The part of the desktop portal that publishes settings.
 class FakePortal : public QObject {
     Q_OBJECT
@@ -53,11 +55,13 @@ protected:
         QDBusConnection bus = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("portal"));
         ASSERT_TRUE(bus.isConnected());
         ASSERT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
-        ASSERT_TRUE(bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), &portal,
+        ASSERT_TRUE(bus.registerObject(portalPath, &portal,
                                        QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
     }
     void TearDown() override
     {
+        // The connection ends on a thread of its own, some time later: it must not look at the portal any more.
+        QDBusConnection(QStringLiteral("portal")).unregisterObject(portalPath);
         QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
         qunsetenv("DBUS_SESSION_BUS_ADDRESS");
         daemon.kill();
