@@ -68,11 +68,7 @@ void writeSegment(const BreakdownSegment &segment, JsonWriter &json)
     writeText("detail", segment.detail, json);
     writeText("symbol", segment.symbol, json);
     json.key("color");
-    json.beginArray();
-    json.value(segment.color.red);
-    json.value(segment.color.green);
-    json.value(segment.color.blue);
-    json.endArray();
+    json.value(segment.color);
     writeNumber("size", segment.size, json);
     json.key("children");
     json.beginArray();

@@ -96,6 +96,14 @@ void JsonWriter::value(Time time)
         value(std::int64_t{time.time_since_epoch().count()});
 }
 
+void JsonWriter::value(const Color &color)
+{
+    beginArray();
+    for (const double part : {color.red, color.green, color.blue})
+        value(part);
+    endArray();
+}
+
 void JsonWriter::null()
 {
     separate();

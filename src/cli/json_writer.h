@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "cli/output.h"
+#include "core/color.h"
 #include "platform/time.h"
 
 namespace corvane {
@@ -25,6 +26,8 @@ public:
     void value(bool flag);
     /// Unix seconds; null for `distantPast`.
     void value(Time time);
+    /// Red, green and blue as an array, each from 0 to 1.
+    void value(const Color &color);
     void null();
 
     /// A text given as bytes; what is not UTF-8 becomes U+FFFD.

@@ -29,11 +29,7 @@ void writeTile(const TreemapTile &tile, JsonWriter &json)
     json.key("height");
     json.value(tile.rect.height);
     json.key("color");
-    json.beginArray();
-    json.value(tile.color.red);
-    json.value(tile.color.green);
-    json.value(tile.color.blue);
-    json.endArray();
+    json.value(tile.color);
     json.key("depth");
     json.value(std::int64_t{tile.depth});
     json.key("hasNested");
