@@ -9,6 +9,17 @@
 
 namespace corvane {
 
+namespace {
+
+FileNode::Kind kindOf(const DirectoryEntry &entry)
+{
+    if (entry.type != EntryType::directory)
+        return FileNode::Kind::file;
+    return entry.isPackage ? FileNode::Kind::package : FileNode::Kind::directory;
+}
+
+} // namespace
+
 const std::array<CleanupDefinition, 18> CleanupCatalog::definitions{{
     {"caches", "App Caches", "Temporary data apps rebuild automatically. Apps may feel a bit slower on first launch.",
      "archivebox", CleanupTint::blue, CleanupRisk::safe, CleanupGroup::system, "Library/Caches"},
@@ -113,35 +124,37 @@ std::string CleanupCatalog::folder(const CleanupDefinition &definition, FileSyst
     return files.ownPlaceFor(definition.relativePath).value_or(std::move(path));
 }
 
-CleanupItem CleanupCatalog::measure(const CleanupDefinition &definition, FileSystem &files)
+CleanupItem CleanupCatalog::measure(const CleanupDefinition &definition, FileSystem &files, const StopFlag &stop)
 {
     const std::string path = folder(definition, files);
     CleanupItem item{&definition, {}, true};
     if (!files.exists(path))
         return item;
 
-    std::vector<std::string> names;
+    std::vector<CleanupEntry> children;
     auto opened = files.openFolder(path);
-    if (!opened || !(*opened)->list([&names](const DirectoryEntry &entry) { names.emplace_back(entry.name); })) {
+    if (!opened || !(*opened)->list([&](const DirectoryEntry &entry) {
+            if (std::ranges::find(ignoredNames, entry.name) == ignoredNames.end())
+                children.push_back({joined(path, entry.name), 0, kindOf(entry)});
+        })) {
         item.accessible = false;
         return item;
     }
-    for (const std::string &name : names) {
-        if (std::ranges::find(ignoredNames, name) != ignoredNames.end())
-            continue;
-        std::string child = joined(path, name);
-        const std::int64_t size = allocatedSize(child, files);
-        if (size > 0)
-            item.entries.push_back({std::move(child), size});
+    for (CleanupEntry &child : children) {
+        if (stop)
+            break;
+        child.size = allocatedSize(child.path, files, stop);
+        if (child.size > 0)
+            item.entries.push_back(std::move(child));
     }
     std::ranges::stable_sort(item.entries, std::ranges::greater(), &CleanupEntry::size);
     return item;
 }
 
-std::vector<CleanupItem> CleanupCatalog::measureAll(FileSystem &files)
+std::vector<CleanupItem> CleanupCatalog::measureAll(FileSystem &files, const StopFlag &stop)
 {
     std::vector<CleanupItem> items(definitions.size());
-    concurrentPerform(definitions.size(), [&](std::size_t i) { items[i] = measure(definitions[i], files); });
+    concurrentPerform(definitions.size(), [&](std::size_t i) { items[i] = measure(definitions[i], files, stop); });
     std::ranges::stable_sort(items, std::ranges::greater(), &CleanupItem::total);
     return items;
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/file_node.h"
 #include "core/stop_flag.h"
 #include "platform/host.h"
 
@@ -44,6 +45,7 @@ struct CleanupDefinition {
 struct CleanupEntry {
     std::string path;
     std::int64_t size = 0; ///< allocated bytes, at least 1
+    FileNode::Kind kind = FileNode::Kind::file;
 
     friend bool operator==(const CleanupEntry &, const CleanupEntry &) = default;
 };
@@ -68,8 +70,9 @@ struct CleanupCatalog {
     /// Names that are never listed as entries.
     static constexpr std::array<std::string_view, 2> ignoredNames{".DS_Store", ".localized"};
 
-    /// All 18 folders, measured at once, largest total first.
-    [[nodiscard]] static std::vector<CleanupItem> measureAll(FileSystem &files = systemHost().files);
+    /// All 18 folders, measured at once, largest total first. Once stopped, what has been measured so far.
+    [[nodiscard]] static std::vector<CleanupItem> measureAll(FileSystem &files = systemHost().files,
+                                                             const StopFlag &stop = neverStopped);
 
     /// Where the definition's folder is: in the home folder, or where the system has a place of its own for the same
     /// thing and the home folder lacks it, that place.
@@ -78,7 +81,8 @@ struct CleanupCatalog {
 
     /// One folder. A missing one is an empty item; one that cannot be listed is not `accessible`.
     [[nodiscard]] static CleanupItem measure(const CleanupDefinition &definition,
-                                             FileSystem &files = systemHost().files);
+                                             FileSystem &files = systemHost().files,
+                                             const StopFlag &stop = neverStopped);
 
     /// The bytes that a file, or every regular file beneath a folder, takes on disk: hidden files and package
     /// contents included, links never followed, folders' own blocks not counted, what cannot be read as 0. Once

@@ -89,8 +89,9 @@ TEST_F(CleanupCatalogTest, EntriesAreTheDirectChildrenLargestFirst)
     folder.writeFile("Library/Logs/.hidden", 20'480);
     const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
     const std::string logs = folder.path() + "/Library/Logs/";
-    EXPECT_EQ(item.entries, (std::vector<CleanupEntry>{
-                                {logs + "App", 40'960}, {logs + ".hidden", 20'480}, {logs + "small.log", 8192}}));
+    EXPECT_EQ(item.entries, (std::vector<CleanupEntry>{{logs + "App", 40'960, FileNode::Kind::directory},
+                                                       {logs + ".hidden", 20'480, FileNode::Kind::file},
+                                                       {logs + "small.log", 8192, FileNode::Kind::file}}));
     EXPECT_EQ(item.total(), 40'960 + 20'480 + 8192);
 }
 

@@ -74,6 +74,7 @@ StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations
 {
     m_pool.setMaxThreadCount(poolThreads);
     m_breakdownPool.setMaxThreadCount(1);
+    m_cleanupPool.setMaxThreadCount(1);
     m_timer.setInterval(pollInterval);
     connect(&m_timer, &QTimer::timeout, this, &StorageStore::publishCounters);
     probeAccess();
@@ -85,11 +86,13 @@ StorageStore::~StorageStore()
     if (m_progress)
         m_progress->cancel();
     stopBreakdown();
+    stopCleanup();
     // A removal may wait for the main thread: some of the system's services answer only there.
     while (m_isRemoving && !m_pool.waitForDone(removalWait))
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_pool.waitForDone();
     m_breakdownPool.waitForDone();
+    m_cleanupPool.waitForDone();
     // A removal's outcome that is still under way is not lost to the log.
     QCoreApplication::sendPostedEvents(this);
 }
@@ -261,6 +264,7 @@ void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::sha
         return;
     }
     m_scanDuration = static_cast<double>(m_scanStart.elapsed()) / 1000.0;
+    m_scanEnd.start();
     m_root = std::move(result->root);
     m_index = std::move(result->summary.index);
     m_allFiles = std::move(result->summary.allFiles);
@@ -283,6 +287,9 @@ void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::sha
     if (token->isCancelled())
         showToast("Scan stopped — showing partial results");
     refreshBreakdown();
+    // One that is under way is as new as the scan.
+    if (!m_cleanupLoading)
+        refreshCleanup();
 }
 
 // What was removed while the walk ran may be in its tree. Whether it came back before the walk saw it is asked
@@ -300,6 +307,11 @@ void StorageStore::applyRemovalsDuringScan(std::shared_ptr<ScanResult> result,
     });
 }
 
+std::int64_t StorageStore::secondsSinceScan() const
+{
+    return m_scanEnd.isValid() ? m_scanEnd.elapsed() / 1000 : 0;
+}
+
 void StorageStore::setCurrentFolder(std::shared_ptr<FileNode> folder)
 {
     if (m_currentFolder == folder)
@@ -310,9 +322,26 @@ void StorageStore::setCurrentFolder(std::shared_ptr<FileNode> folder)
 
 void StorageStore::open(const std::shared_ptr<FileNode> &node)
 {
-    if (!node || !m_root || m_index.find(node->path()) != node.get())
+    if (node && isInTree(*node))
+        setCurrentFolder(node->kind == FileNode::Kind::file ? node->parent.lock() : node);
+}
+
+std::shared_ptr<FileNode> StorageStore::sharedNode(std::string_view path) const
+{
+    const FileNode *const found = node(path);
+    if (found == nullptr || found == m_root.get())
+        return found == nullptr ? nullptr : m_root;
+    const std::shared_ptr<FileNode> folder = found->parent.lock();
+    const auto position = std::ranges::find(folder->children, found, &std::shared_ptr<FileNode>::get);
+    return position == folder->children.end() ? nullptr : *position;
+}
+
+void StorageStore::showInMap(const std::shared_ptr<FileNode> &node)
+{
+    if (!node || !isInTree(*node))
         return;
-    setCurrentFolder(node->kind == FileNode::Kind::file ? node->parent.lock() : node);
+    open(node);
+    setSidebar(SidebarItem::explorer);
 }
 
 void StorageStore::openParent()
@@ -373,8 +402,7 @@ void StorageStore::perform(const BreakdownAction &action)
 {
     switch (action.kind) {
     case BreakdownAction::Kind::reveal:
-        if (const auto shown = m_host.desktop.reveal(action.path); !shown)
-            showToast("Can't show " + nameOf(action.path) + ": " + shown.error().description(), true);
+        reveal(action.path);
         break;
     case BreakdownAction::Kind::openMap:
         setSidebar(SidebarItem::explorer);
@@ -386,6 +414,12 @@ void StorageStore::perform(const BreakdownAction &action)
         PathGuard::openFullDiskAccessSettings(m_host.desktop);
         break;
     }
+}
+
+void StorageStore::reveal(const std::string &path)
+{
+    if (const auto shown = m_host.desktop.reveal(path); !shown)
+        showToast("Can't show " + nameOf(path) + ": " + shown.error().description(), true);
 }
 
 // --- Selection
@@ -548,6 +582,7 @@ void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently)
     } else if (m_phase == Phase::scanning) {
         m_removedDuringScan.insert(m_removedDuringScan.end(), outcome.removed.begin(), outcome.removed.end());
     }
+    dropFromCleanup(outcome.removed);
 
     if (selectionHasChanged)
         emit selectionChanged();
@@ -558,6 +593,7 @@ void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently)
     refreshVolume();
     showToast(Removal::message(outcome, permanently), !outcome.failures.empty());
     refreshBreakdown();
+    refreshCleanup();
 }
 
 // --- Messages

@@ -12,6 +12,7 @@
 #include <QThreadPool>
 #include <QTimer>
 
+#include "cleanup/cleanup_catalog.h"
 #include "cleanup/dev_junk_rule.h"
 #include "core/file_node.h"
 #include "core/path_guard.h"
@@ -85,7 +86,10 @@ public:
     [[nodiscard]] std::int64_t unreadableCount() const { return m_unreadableCount; }
     [[nodiscard]] const std::optional<DiskBreakdown> &breakdown() const { return m_breakdown; } // breakdownChanged
     [[nodiscard]] bool breakdownLoading() const { return m_breakdownLoading; }                  // breakdownChanged
-    [[nodiscard]] const Selection &selection() const { return m_selection; }                    // selectionChanged
+    /// The measured catalogue, largest total first; empty until it has been measured once.
+    [[nodiscard]] const std::vector<CleanupItem> &cleanupItems() const { return m_cleanupItems; } // cleanupChanged
+    [[nodiscard]] bool cleanupLoading() const { return m_cleanupLoading; }                        // cleanupChanged
+    [[nodiscard]] const Selection &selection() const { return m_selection; }                      // selectionChanged
     [[nodiscard]] bool isRemoving() const { return m_isRemoving; }
     [[nodiscard]] const std::optional<std::string> &toast() const { return m_toast; } // toastChanged; bytes
     /// Whether the toast reports something that went wrong.
@@ -93,10 +97,14 @@ public:
 
     /// A finished scan is there to look at.
     [[nodiscard]] bool hasScan() const { return m_root != nullptr; }
+    /// How long ago the last scan ended; 0 before that.
+    [[nodiscard]] std::int64_t secondsSinceScan() const;
     /// The root of the last scan started, bytes; empty before the first.
     [[nodiscard]] const std::string &lastScanPath() const { return m_lastScanPath; }
     /// The node of the current tree at a path, or null.
     [[nodiscard]] FileNode *node(std::string_view path) const { return m_index.find(path); }
+    /// The same to be held.
+    [[nodiscard]] std::shared_ptr<FileNode> sharedNode(std::string_view path) const;
     [[nodiscard]] const Host &host() const { return m_host; }
     [[nodiscard]] const ProtectedLocations &locations() const { return m_locations; }
 
@@ -118,6 +126,8 @@ public:
     void open(const std::shared_ptr<FileNode> &node);
     /// Opens the explorer's containing folder, if the folder shown is not the root.
     void openParent();
+    /// Opens a node of the current tree and shows the explorer's screen.
+    void showInMap(const std::shared_ptr<FileNode> &node);
 
     // --- The breakdown of the disk
     /// Computes the breakdown anew in the background, with what the last scan found.
@@ -130,6 +140,20 @@ public:
     [[nodiscard]] ScanContext makeScanContext() const;
     /// Carries out what a segment of the breakdown offers.
     void perform(const BreakdownAction &action);
+    /// Shows an item in the file manager; what goes wrong is said in the toast.
+    void reveal(const std::string &path);
+
+    // --- The cleanup catalogue
+    /// Measures the catalogue anew in the background.
+    void refreshCleanup();
+    /// Takes over a measurement unless `token` is no longer the newest request.
+    void finishCleanup(std::vector<CleanupItem> items, int token);
+    /// The number of the newest request.
+    [[nodiscard]] int cleanupToken() const { return m_cleanupToken; }
+    /// What the items come to that may be cleared without a second look.
+    [[nodiscard]] std::int64_t safeCleanupTotal() const;
+    /// Selects every entry of those items that may be selected at all.
+    void selectAllSafeCleanup();
 
     // --- Selection and removal
     [[nodiscard]] bool isProtected(std::string_view path) const;
@@ -161,6 +185,7 @@ signals:
     void volumeChanged();
     void accessChanged();
     void breakdownChanged(); ///< the breakdown, or whether one is being computed
+    void cleanupChanged();   ///< the catalogue's items, or whether they are being measured
     void selectionChanged();
     void isRemovingChanged();
     void toastChanged();
@@ -173,7 +198,12 @@ private:
     void clearScan();
     void probeAccess();
     void applyRemovalsDuringScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token);
+    [[nodiscard]] bool isInTree(const FileNode &node) const { return m_index.find(node.path()) == &node; }
     void stopBreakdown();
+    void stopCleanup();
+    /// Takes what was removed out of the catalogue's items, until they are measured again.
+    void dropFromCleanup(std::span<const SelectedEntry> removed);
+    void takeSizesFromCleanup();
     void discard(std::shared_ptr<void> held);
     void refreshVolume();
     void refreshSelectedSizes();
@@ -200,6 +230,8 @@ private:
     std::int64_t m_unreadableCount = 0;
     std::optional<DiskBreakdown> m_breakdown;
     bool m_breakdownLoading = false;
+    std::vector<CleanupItem> m_cleanupItems;
+    bool m_cleanupLoading = false;
     Selection m_selection;
     bool m_isRemoving = false;
     std::optional<std::string> m_toast;
@@ -211,14 +243,19 @@ private:
     int m_breakdownToken = 0;
     std::shared_ptr<StopFlag> m_breakdownStop; // of the newest request
     bool m_breakdownHasTree = false;           // whether the newest request is about the installed tree
+    int m_cleanupToken = 0;
+    std::shared_ptr<StopFlag> m_cleanupStop; // of the newest request
     StopFlag m_isClosing = false;
     QTimer m_timer;
     QElapsedTimer m_scanStart;
+    QElapsedTimer m_scanEnd;
     std::string m_lastScanPath;
 
     // Last, so that their destructors, which wait for the work, run before anything that the work uses goes.
     QThreadPool m_pool;
-    QThreadPool m_breakdownPool; // of one thread: measuring may take long, and scans must not wait for it
+    // Of one thread each: measuring may take long, and scans must not wait for it, nor one for the other.
+    QThreadPool m_breakdownPool;
+    QThreadPool m_cleanupPool;
 };
 
 } // namespace corvane

@@ -16,12 +16,25 @@ void NodeActions::setTarget(StorageStore *store, std::shared_ptr<FileNode> node)
 {
     m_store = store;
     m_node = std::move(node);
+    m_path = m_node ? m_node->path() : std::string();
+    m_size = m_node ? m_node->size : 0;
+    m_isElsewhere = false;
+    emit changed();
+}
+
+void NodeActions::setTarget(StorageStore *store, const std::string &path, std::int64_t size)
+{
+    m_store = store;
+    m_node = store->sharedNode(path);
+    m_path = path;
+    m_size = size;
+    m_isElsewhere = true;
     emit changed();
 }
 
 QString NodeActions::title() const
 {
-    return m_node ? displayText(m_node->name) : QString();
+    return displayText(lastPathComponent(m_path));
 }
 
 bool NodeActions::canOpen() const
@@ -31,20 +44,19 @@ bool NodeActions::canOpen() const
 
 bool NodeActions::canSelect() const
 {
-    if (!m_store || !m_node || m_node->removed)
+    if (!m_store || m_path.empty() || (m_node && m_node->removed))
         return false;
-    const std::string path = m_node->path();
-    return !m_store->isProtected(path) && !hasSelectedAncestor(m_store->selection(), path);
+    return !m_store->isProtected(m_path) && !hasSelectedAncestor(m_store->selection(), m_path);
 }
 
 bool NodeActions::isSelected() const
 {
-    return m_store && m_node && m_store->isSelected(m_node->path());
+    return m_store && m_store->isSelected(m_path);
 }
 
 QString NodeActions::openText() const
 {
-    return QStringLiteral("Open");
+    return m_isElsewhere ? QStringLiteral("Open in Space Map") : QStringLiteral("Open");
 }
 
 QString NodeActions::revealText() const
@@ -68,35 +80,42 @@ QString NodeActions::selectText() const
 
 void NodeActions::open() const
 {
-    if (m_store && canOpen())
+    if (!m_store || !canOpen())
+        return;
+    if (m_isElsewhere)
+        m_store->showInMap(m_node);
+    else
         m_store->open(m_node);
 }
 
 void NodeActions::reveal() const
 {
-    if (!m_store || !m_node)
-        return;
-    if (const auto shown = m_store->host().desktop.reveal(m_node->path()); !shown)
-        m_store->showToast("Can't show " + m_node->name + ": " + shown.error().description(), true);
+    if (m_store && !m_path.empty())
+        m_store->reveal(m_path);
 }
 
 void NodeActions::copyPath() const
 {
-    if (m_node)
-        QGuiApplication::clipboard()->setText(QString::fromStdString(m_node->path()));
+    if (!m_path.empty())
+        QGuiApplication::clipboard()->setText(QString::fromStdString(m_path));
 }
 
 void NodeActions::toggleSelection() const
 {
-    if (m_store && m_node)
-        toggleSelected(*m_store, *m_node);
+    if (canSelect())
+        toggleSelected(*m_store, m_path, m_size);
 }
 
 void toggleSelected(StorageStore &store, const FileNode &node)
 {
-    const std::string path = node.path();
-    if (!node.removed && !hasSelectedAncestor(store.selection(), path))
-        store.setSelected(path, node.size, !store.isSelected(path));
+    if (!node.removed)
+        toggleSelected(store, node.path(), node.size);
+}
+
+void toggleSelected(StorageStore &store, const std::string &path, std::int64_t size)
+{
+    if (!hasSelectedAncestor(store.selection(), path))
+        store.setSelected(path, size, !store.isSelected(path));
 }
 
 QMimeData *makeMimeData(const FileNode &node)

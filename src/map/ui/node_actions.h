@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <string>
 
 #include <QObject>
 #include <QString>
@@ -14,16 +16,15 @@ namespace corvane {
 
 class StorageStore;
 
-/// What can be done with one item of the tree from a tile's or a row's context menu, and the words for it.
-/// Main thread only.
+/// What can be done with one item from a tile's or a row's context menu, and the words for it. Main thread only.
 class NodeActions : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Given by the map and by the list")
+    QML_UNCREATABLE("Given by the map and by the lists")
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(bool canOpen READ canOpen NOTIFY changed)
     Q_PROPERTY(bool canSelect READ canSelect NOTIFY changed)
-    Q_PROPERTY(QString openText READ openText CONSTANT)
+    Q_PROPERTY(QString openText READ openText NOTIFY changed)
     Q_PROPERTY(QString revealText READ revealText CONSTANT)
     Q_PROPERTY(QString copyText READ copyText CONSTANT)
     Q_PROPERTY(QString selectText READ selectText NOTIFY changed)
@@ -31,8 +32,10 @@ class NodeActions : public QObject {
 public:
     explicit NodeActions(QObject *parent = nullptr) : QObject(parent) {}
 
-    /// Neither is taken over; the store outlives this object.
+    /// An item of the tree, shown by the explorer. Neither is taken over; the store outlives this object.
     void setTarget(StorageStore *store, std::shared_ptr<FileNode> node);
+    /// An item that another screen shows, in the tree or not: it opens in the explorer's screen.
+    void setTarget(StorageStore *store, const std::string &path, std::int64_t size);
     [[nodiscard]] const std::shared_ptr<FileNode> &node() const { return m_node; }
 
     [[nodiscard]] QString title() const;
@@ -55,12 +58,16 @@ private:
     [[nodiscard]] bool isSelected() const;
 
     StorageStore *m_store = nullptr;
-    std::shared_ptr<FileNode> m_node;
+    std::string m_path; // bytes; empty for no target
+    std::int64_t m_size = 0;
+    std::shared_ptr<FileNode> m_node; // null for what is not in the tree
+    bool m_isElsewhere = false;
 };
 
 /// Puts an item into the selection or takes it out; does nothing for one that may not be selected, or that
 /// goes with a selected folder anyway.
 void toggleSelected(StorageStore &store, const FileNode &node);
+void toggleSelected(StorageStore &store, const std::string &path, std::int64_t size);
 
 /// What another program gets when the item is dragged to it. The caller owns it.
 [[nodiscard]] QMimeData *makeMimeData(const FileNode &node);
