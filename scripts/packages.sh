@@ -14,7 +14,7 @@ packages_for() {
             qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick \
             qml6-module-qtquick-window qml6-module-qtquick-templates qml6-module-qtquick-controls \
             qml6-module-qtquick-layouts qml6-module-qtquick-shapes qml6-module-qtquick-dialogs \
-            qml6-module-qt-labs-folderlistmodel fonts-inter python3-fonttools fonts-noto-color-emoji
+            qml6-module-qt-labs-folderlistmodel qml6-module-qt-labs-qmlmodels fonts-inter python3-fonttools fonts-noto-color-emoji
         ;;
     Linux/test) echo libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
     Linux/lint) echo clang-format-14 clang-tidy-14 shellcheck desktop-file-utils appstream ;;

@@ -3,6 +3,7 @@ import Corvane.Shell
 import Corvane.Window
 import Corvane.Disk
 import Corvane.Map
+import Corvane.Cleanup
 
 /// The window with every screen that the program has.
 MainWindow {
@@ -22,6 +23,15 @@ MainWindow {
             item: Store.SidebarItem.explorer
 
             ExplorerScreen {
+                toolbar: Component {
+                    ScanToolbar {}
+                }
+            }
+        }
+        WindowScreen {
+            item: Store.SidebarItem.cleanup
+
+            CleanupScreen {
                 toolbar: Component {
                     ScanToolbar {}
                 }

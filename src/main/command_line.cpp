@@ -32,7 +32,7 @@ std::string_view CommandLine::helpText()
 {
     return "Usage: corvane [FOLDER]\n"
            "\n"
-           "Opens the window. With a folder, scans it at once; without, nothing is read until you ask.\n"
+           "Opens the window. With a folder, scans it at once; without, nothing is scanned until you ask.\n"
            "\n"
            "  -h, --help     show this text\n"
            "  -v, --version  show the version\n";

@@ -50,6 +50,8 @@ bool CorvaneApp::openWindow()
         window->show();
     window->requestActivate();
     systemHost().desktop.activateApplication();
+    // Known by the time the screen that shows it is opened.
+    m_store.refreshCleanup();
     return true;
 }
 

@@ -31,6 +31,7 @@ Photographer::Photographer(QQuickWindow &window, StorageStore &store, const QDir
 void Photographer::takeAll()
 {
     takeBreakdownBeforeScan();
+    takeCleanupWithoutScan();
     takeScanning();
     takeBreakdown();
     takeMap();
@@ -38,6 +39,7 @@ void Photographer::takeAll()
     takeSelection();
     takeRemoval();
     takeDrop();
+    takeCleanup();
     takeEmptyFolders();
 }
 
@@ -141,6 +143,80 @@ void Photographer::takeDrop()
     take(QStringLiteral("drop"));
     QDragLeaveEvent leave;
     QCoreApplication::sendEvent(m_driver.window(), &leave);
+}
+
+void Photographer::takeCleanupWithoutScan()
+{
+    show(StorageStore::SidebarItem::cleanup);
+    waitForMeasurement();
+    m_driver.click(m_driver.item(QStringLiteral("cleanup.refresh")));
+    waitForMeasurement();
+    tabTo(m_driver.item(QStringLiteral("cleanupList")));
+    m_driver.press(Qt::Key_End);
+    m_driver.pointAtNothing();
+    take(QStringLiteral("cleanup-noscan"));
+
+    slowDownListings(std::chrono::milliseconds(40));
+    m_store.finishCleanup({}, m_store.cleanupToken());
+    m_driver.press(Qt::Key_Home);
+    m_driver.click(m_driver.item(QStringLiteral("cleanup.refresh")));
+    m_driver.pointAtNothing();
+    takeMoving(QStringLiteral("cleanup-measuring"));
+    slowDownListings(std::chrono::milliseconds(0));
+    waitForMeasurement();
+    show(StorageStore::SidebarItem::explorer);
+}
+
+void Photographer::takeCleanup()
+{
+    show(StorageStore::SidebarItem::cleanup);
+    waitForMeasurement();
+    m_driver.click(cleanupRow(QStringLiteral("App Caches")));
+    tickCleanup(QStringLiteral("Trash"));
+    tickCleanup(QStringLiteral("Xcode DerivedData"));
+    for (const char *name : {"Northwind Browser", "com.framewright.studio", "com.signaldeck.desktop"})
+        tickCleanup(QString::fromLatin1(name));
+    m_driver.pointAtNothing();
+    take(QStringLiteral("cleanup"));
+    takeMinimum(QStringLiteral("cleanup-min"));
+    m_driver.press(Qt::Key_End);
+    take(QStringLiteral("cleanup-end"));
+    m_store.clearSelection();
+
+    std::vector<CleanupItem> nothing;
+    for (const CleanupDefinition &def : CleanupCatalog::definitions)
+        nothing.push_back({&def, {}, true});
+    m_store.finishCleanup(std::move(nothing), m_store.cleanupToken());
+    m_driver.press(Qt::Key_Home);
+    take(QStringLiteral("cleanup-empty"));
+    scan("/Users/studio/Public");
+    waitForMeasurement();
+    m_driver.press(Qt::Key_End);
+    take(QStringLiteral("cleanup-none"));
+    show(StorageStore::SidebarItem::explorer);
+}
+
+QQuickItem &Photographer::cleanupRow(const QString &title) const
+{
+    return m_driver.itemWhere(
+        [&](const QQuickItem &item) {
+            return item.property("checkState").isValid() && item.property("title").toString() == title;
+        },
+        QStringLiteral("the row of %1").arg(title));
+}
+
+void Photographer::tickCleanup(const QString &title)
+{
+    m_driver.click(m_driver.itemWhere(
+        [&](const QQuickItem &item) {
+            return item.property("checkState").isValid() && item.property("accessibleName").toString() == title;
+        },
+        QStringLiteral("the check box of %1").arg(title)));
+}
+
+void Photographer::waitForMeasurement() const
+{
+    m_driver.waitFor([&] { return !m_store.cleanupLoading(); }, QStringLiteral("the catalogue's figures"));
 }
 
 void Photographer::scan(const std::string &path)

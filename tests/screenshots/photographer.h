@@ -29,6 +29,8 @@ private:
     void takeRemoval();
     void takeEmptyFolders();
     void takeDrop();
+    void takeCleanup();
+    void takeCleanupWithoutScan();
 
     void show(StorageStore::SidebarItem screen);
     /// Measures the disk anew, and waits for that.
@@ -53,6 +55,10 @@ private:
 
     [[nodiscard]] QQuickItem &row(const std::string &name) const;
     void tick(const std::string &name);
+    /// A row of the cleanup list.
+    [[nodiscard]] QQuickItem &cleanupRow(const QString &title) const;
+    void tickCleanup(const QString &title);
+    void waitForMeasurement() const;
     /// The middle of an item's tile in the map's band of labels, so that it is the item that is meant and not
     /// what lies inside.
     [[nodiscard]] QPointF tile(const std::string &name) const;

@@ -8,6 +8,8 @@ HeaderBand {
     required property string title
     property string subtitle
     property string symbol
+    /// What the subtitle says is going on.
+    property bool busy: false
 
     IconBadge {
         id: badge
@@ -33,11 +35,20 @@ HeaderBand {
             Accessible.role: Accessible.Heading
             Accessible.name: text
         }
+        Spinner {
+            id: spinner
+
+            anchors.verticalCenter: detail.verticalCenter
+            size: Theme.buttonIconSize
+            visible: header.busy
+        }
         PlainText {
             id: detail
 
             anchors.top: heading.bottom
-            width: parent.width
+            anchors.left: header.busy ? spinner.right : parent.left
+            anchors.right: parent.right
+            anchors.leftMargin: header.busy ? Theme.space6 : 0
             height: visible ? Theme.secondaryLine : 0
             text: header.subtitle
             font: Theme.secondaryFiguresFont

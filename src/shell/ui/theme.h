@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QList>
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
@@ -70,6 +71,8 @@ class Theme : public QObject {
     Q_PROPERTY(QColor checkOutline READ checkOutline NOTIFY changed)
     Q_PROPERTY(QColor panelOutline READ panelOutline NOTIFY changed) // around what floats
     Q_PROPERTY(QColor scrimNested READ scrimNested NOTIFY changed)   // under an alert that covers a sheet
+    /// Of the cleanup catalogue's icons, in the order of its tints.
+    Q_PROPERTY(QList<QColor> cleanupTints READ cleanupTints NOTIFY changed)
     // Fixed colours.
     Q_PROPERTY(QColor brandA READ brandA CONSTANT)
     Q_PROPERTY(QColor brandB READ brandB CONSTANT)
@@ -299,6 +302,7 @@ public:
     [[nodiscard]] QColor checkOutline() const;
     [[nodiscard]] QColor panelOutline() const;
     [[nodiscard]] QColor scrimNested() const;
+    [[nodiscard]] QList<QColor> cleanupTints() const;
     [[nodiscard]] QColor brandA() const;
     [[nodiscard]] QColor brandB() const;
     [[nodiscard]] QColor onFill() const;

@@ -1,0 +1,109 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Cleanup
+
+/// One row of a grouped box: its part of the box's outline, and what every row answers to. The first and the last
+/// row have the box's corners.
+Item {
+    id: row
+
+    /// Fills the room inside the outline.
+    default property alias content: body.data
+    required property bool startsBox
+    required property bool endsBox
+    /// The height of the content.
+    required property int bodyHeight
+    required property string description
+    /// How much of the row is to be seen, from 0 to 1.
+    property real part: 1
+    property bool ruled: !startsBox
+    /// Lies inside the row above it.
+    property bool nested: false
+    /// Whether a press does something.
+    property bool presses: true
+    /// The keyboard works on this row.
+    property bool ringed: false
+    readonly property bool hovered: hover.hovered
+
+    signal pressed
+    signal activated
+    signal menuWanted(real x, real y)
+
+    implicitHeight: Math.round((bodyHeight + body.y + (endsBox ? Theme.hairlineWidth : 0)) * part)
+    clip: true
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: description
+    Accessible.onPressAction: row.activated()
+
+    HoverHandler {
+        id: hover
+    }
+    Item {
+        id: box
+
+        anchors.fill: parent
+        anchors.leftMargin: Theme.pageMargin
+        anchors.rightMargin: Theme.pageMargin
+        clip: true
+
+        // Beyond the row where the box goes on, so that the clip cuts it straight.
+        Rectangle {
+            y: row.startsBox ? 0 : -Theme.radiusBox
+            width: parent.width
+            height: parent.height - y + (row.endsBox ? 0 : Theme.radiusBox)
+            radius: Theme.radiusBox
+            color: Theme.surface
+            border.width: Theme.hairlineWidth
+            border.color: Theme.hairline
+
+            Rectangle {
+                anchors.fill: parent
+                anchors.margins: Theme.hairlineWidth
+                radius: Theme.radiusBox - Theme.hairlineWidth
+                color: Theme.withAlpha(Theme.fillq, Theme.fillq.a * CleanupMetrics.entriesOpacity)
+                visible: row.nested
+            }
+            Rectangle {
+                anchors.fill: parent
+                anchors.margins: Theme.hairlineWidth
+                radius: Theme.radiusBox - Theme.hairlineWidth
+                color: Theme.fillq
+                visible: row.presses && row.hovered
+            }
+        }
+        Rectangle {
+            x: Theme.hairlineWidth
+            width: parent.width - 2 * x
+            height: Theme.hairlineWidth
+            color: Theme.hairline2
+            visible: row.ruled
+        }
+    }
+    MouseArea {
+        anchors.fill: box
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        onPressed: row.pressed()
+        onClicked: event => {
+            if (event.button === Qt.RightButton)
+                row.menuWanted(event.x + x, event.y);
+            else if (row.presses)
+                row.activated();
+        }
+    }
+    Item {
+        id: body
+
+        anchors.left: box.left
+        anchors.right: box.right
+        y: row.startsBox ? Theme.hairlineWidth : 0
+        height: row.bodyHeight
+    }
+    FocusRing {
+        anchors.fill: box
+        anchors.margins: Theme.hairlineWidth
+        around: Theme.radiusControl
+        inset: true
+        visible: row.ringed
+    }
+}

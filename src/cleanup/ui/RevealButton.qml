@@ -1,0 +1,32 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Cleanup
+
+/// Shows a row's item in the file manager. From the keyboard the row's menu does that.
+ButtonBase {
+    id: button
+
+    required property string itemName
+
+    implicitWidth: CleanupMetrics.revealSize
+    implicitHeight: CleanupMetrics.revealSize
+    focusPolicy: Qt.NoFocus
+    cornerRadius: Theme.radiusSmallControl
+    Accessible.name: qsTr("%1: %2").arg(text).arg(itemName)
+
+    background: Rectangle {
+        radius: button.cornerRadius
+        color: button.down ? Theme.fillqPress : button.hovered ? Theme.fillq : Theme.withAlpha(Theme.fillq, 0)
+    }
+
+    Icon {
+        anchors.centerIn: parent
+        symbol: "magnifyingglass"
+        color: Theme.t3
+        size: Theme.buttonIconSize
+    }
+    Tip {
+        text: button.text
+        visible: button.hovered
+    }
+}

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+#include "cleanup/ui/card_opening.h"
+#include "cleanup/ui/check_facts.h"
+#include "cleanup/ui/cleanup_rows.h"
+#include "core/store/storage_store.h"
+#include "map/ui/node_actions.h"
+
+namespace corvane {
+
+/// The cleanup list: the catalogue in its groups, what expanded cards hold, and the build folders of the last
+/// scan. Rows come, go and move as the store's figures do; which cards are expanded is known here alone. Main
+/// thread only.
+class CleanupListModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
+
+public:
+    enum Role {
+        KindRole = Qt::UserRole + 1, ///< the name of the row's kind
+        StartsBoxRole,               ///< the first of the rows that stand in one box
+        EndsBoxRole,
+        LeadsRole, ///< the first row beneath its card
+        TitleRole,
+        NoteRole, ///< a line about it
+        SymbolRole,
+        TintRole, ///< the place of its colour among the catalogue's
+        RiskRole, ///< "safe" or "review"
+        TagRole,  ///< what kind of build folder it is
+        SizeTextRole,
+        CountTextRole,
+        UnreadableRole,
+        CheckStateRole, ///< Qt::CheckState
+        CheckableRole,
+        CheckReasonRole, ///< why it is not checkable
+        ExpandedRole,
+        OpeningRole, ///< how far the card is open that the row belongs to, from 0 to 1
+        IconKeyRole,
+        ElideRole,   ///< Qt::TextElideMode
+        WorkingRole, ///< a scan is under way
+        DescriptionRole,
+    };
+    Q_ENUM(Role)
+
+    explicit CleanupListModel(QObject *parent = nullptr);
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+    [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// What a press on the row does: a card opens or closes, its last row leads to the location, a build folder
+    /// is shown in the map, and where there is no scan, one starts.
+    Q_INVOKABLE void activate(int row);
+    /// Opens or closes the card that the row is or belongs to.
+    Q_INVOKABLE void setExpanded(int row, bool expanded);
+    /// The row of the card that the row belongs to; the row itself otherwise.
+    Q_INVOKABLE [[nodiscard]] int cardRow(int row) const;
+    /// Selects the row's item, all that a card holds, or takes it out of the selection.
+    Q_INVOKABLE void toggle(int row);
+    /// Shows the row's item in the file manager.
+    Q_INVOKABLE void reveal(int row);
+    /// Makes the row's item the target of the context menu; false where there is no item.
+    Q_INVOKABLE bool prepareMenu(int row);
+    /// The row that a navigation key leads to from `row` when `page` rows are seen at once; -1 for other keys.
+    Q_INVOKABLE [[nodiscard]] int rowAfterKey(int key, int row, int page) const;
+
+signals:
+    void storeChanged();
+
+private:
+    void follow();
+    void followSelection();
+    void install(std::vector<CleanupRow> rows);
+    void takeOutMissing(const std::vector<CleanupRow> &rows);
+    void announceAll(const QList<int> &roles);
+    void announceOpening(const CleanupDefinition &def);
+    [[nodiscard]] std::vector<CleanupRow> makeRows() const;
+
+    [[nodiscard]] const CleanupRow *rowAt(int row) const;
+    [[nodiscard]] bool startsBox(int row) const;
+    [[nodiscard]] bool endsBox(int row) const;
+    [[nodiscard]] const CleanupItem *item(const CleanupDefinition *def) const;
+    [[nodiscard]] const CardOpening *opening(const CleanupDefinition *def) const;
+    [[nodiscard]] CardOpening &openingToChange(const CleanupDefinition &def);
+    [[nodiscard]] std::string pathOf(const CleanupRow &row) const;
+    [[nodiscard]] std::int64_t sizeOf(const CleanupRow &row) const;
+
+    [[nodiscard]] CheckFacts checkFacts(const CleanupRow &row) const;
+    [[nodiscard]] QVariant rowData(const CleanupRow &row, int role) const;
+    [[nodiscard]] QVariant sectionData(const CleanupRow &row, int role) const;
+    [[nodiscard]] QVariant cardData(const CleanupRow &row, int role) const;
+    [[nodiscard]] QVariant entryData(const CleanupRow &row, int role) const;
+    [[nodiscard]] QVariant artifactData(const CleanupRow &row, int role) const;
+    [[nodiscard]] QVariant wordsData(const CleanupRow &row, int role) const;
+    [[nodiscard]] QString sectionTotal(int section) const;
+
+    QPointer<StorageStore> m_store;
+    std::map<const CleanupDefinition *, std::unique_ptr<CardOpening>> m_openings; // of those that were opened once
+    std::vector<CleanupRow> m_rows;
+    std::map<const CleanupDefinition *, CheckFacts> m_cardChecks;
+    NodeActions m_menuTarget;
+};
+
+} // namespace corvane

@@ -1,0 +1,50 @@
+#include "cleanup/ui/cleanup_presenter.h"
+
+#include "core/byte_count.h"
+#include "core/store/followed_store.h"
+
+namespace corvane {
+
+void CleanupPresenter::setStore(StorageStore *store)
+{
+    if (!followStore(m_store, store, this))
+        return;
+    if (m_store)
+        connect(m_store, &StorageStore::cleanupChanged, this, &CleanupPresenter::changed);
+    emit storeChanged();
+    emit changed();
+}
+
+QString CleanupPresenter::subtitle() const
+{
+    if (isMeasuring())
+        return QStringLiteral("Measuring caches…");
+    if (!m_store || m_store->cleanupItems().empty())
+        return {};
+    return QString::fromStdString(formatByteCount(m_store->safeCleanupTotal())) +
+           QStringLiteral(" of caches & build junk is safe to clear");
+}
+
+bool CleanupPresenter::isMeasuring() const
+{
+    return m_store && m_store->cleanupLoading();
+}
+
+bool CleanupPresenter::canSelectSafe() const
+{
+    return m_store && m_store->safeCleanupTotal() > 0;
+}
+
+void CleanupPresenter::refresh()
+{
+    if (m_store)
+        m_store->refreshCleanup();
+}
+
+void CleanupPresenter::selectAllSafe()
+{
+    if (m_store)
+        m_store->selectAllSafeCleanup();
+}
+
+} // namespace corvane

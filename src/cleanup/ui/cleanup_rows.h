@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "cleanup/cleanup_catalog.h"
+#include "cleanup/dev_junk_rule.h"
+
+namespace corvane {
+
+/// One row of the cleanup list: what it is, not what it shows.
+struct CleanupRow {
+    enum class Kind : std::uint8_t {
+        header,   ///< opens a section
+        card,     ///< a location
+        entry,    ///< one of the largest items in the location above it
+        more,     ///< how many entries are not listed
+        reveal,   ///< leads to the location above it
+        prompt,   ///< there is no scan to find build folders in
+        none,     ///< the scan found no build folders
+        artifact, ///< a build folder
+    };
+
+    Kind kind = Kind::header;
+    int section = 0;                        ///< its place among the sections
+    const CleanupDefinition *def = nullptr; ///< of static storage; of a card and the rows that it opens
+    CleanupEntry entry = {};
+    DevJunkItem artifact = {};
+    std::size_t unlisted = 0; ///< the entries that a `more` row stands for
+
+    /// Whether both stand for the same thing, whatever its size is by now.
+    [[nodiscard]] bool isSame(const CleanupRow &other) const;
+    /// Whether it is one of the rows that a card shows when it is expanded.
+    [[nodiscard]] bool isInsideCard() const;
+    /// Whether the keyboard stops at it.
+    [[nodiscard]] bool isStop() const;
+};
+
+/// The rows of the cleanup list.
+struct CleanupRows {
+    /// An expanded card lists no more than its largest.
+    static constexpr std::size_t entriesListed = 80;
+    /// After the groups of the catalogue stands the section of the build folders.
+    static constexpr int artifactSection = static_cast<int>(allCleanupGroups.size());
+
+    using Expanded = std::function<bool(const CleanupDefinition &)>;
+
+    /// The groups with their cards in the items' order, then the build folders. Without items the cards stand in
+    /// the catalogue's own order.
+    [[nodiscard]] static std::vector<CleanupRow> make(std::span<const CleanupItem> items, const Expanded &isExpanded,
+                                                      bool hasScan, std::span<const DevJunkItem> artifacts);
+};
+
+} // namespace corvane

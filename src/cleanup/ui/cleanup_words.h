@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+#include <QString>
+
+#include "cleanup/cleanup_catalog.h"
+
+namespace corvane {
+
+// What the window says of the catalogue, wherever it shows some of it.
+
+/// "1 item", "31 items".
+[[nodiscard]] QString itemsText(std::size_t count);
+
+/// The total of a measured item; "–" for one that cannot be read.
+[[nodiscard]] QString totalText(const CleanupItem &item);
+
+/// How many entries a measured item has, or that it cannot be read.
+[[nodiscard]] QString countText(const CleanupItem &item);
+
+} // namespace corvane

@@ -1,0 +1,466 @@
+#include "cleanup/ui/cleanup_list_model.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+#include "cleanup/cleanup_fixture.h"
+
+namespace corvane {
+namespace {
+
+using Model = CleanupListModel;
+using testing::Contains;
+
+class CleanupListModelTest : public test::CleanupFixture {
+protected:
+    CleanupListModelTest() { model.setStore(&store); }
+
+    [[nodiscard]] QVariant data(int row, int role) const { return model.data(model.index(row), role); }
+    [[nodiscard]] QString text(int row, int role = Model::TitleRole) const { return data(row, role).toString(); }
+    [[nodiscard]] QStringList titles(const QString &kind) const
+    {
+        QStringList result;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            if (text(row, Model::KindRole) == kind)
+                result << text(row);
+        }
+        return result;
+    }
+    [[nodiscard]] QStringList entries() const { return titles(QStringLiteral("entry")); }
+    [[nodiscard]] int rowOf(const QString &title) const
+    {
+        for (int row = 0; row < model.rowCount(); ++row) {
+            if (text(row) == title)
+                return row;
+        }
+        return -1;
+    }
+    void expand(const QString &title) { model.setExpanded(rowOf(title), true); }
+
+    CleanupListModel model;
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+const QString caches = QStringLiteral("App Caches");
+const QString revealTitle = QStringLiteral("Reveal Folder in Finder");
+
+// --- Sections and cards
+
+TEST_F(CleanupListModelTest, TheGroupsStandInTheirOrderAndTheBuildFoldersLast)
+{
+    EXPECT_EQ(titles(QStringLiteral("header")),
+              QStringList({QStringLiteral("System Junk"), QStringLiteral("Developer Junk"),
+                           QStringLiteral("Personal Files to Review"), QStringLiteral("Project Build Artifacts")}));
+    EXPECT_EQ(text(0, Model::SymbolRole), QStringLiteral("gearshape.2"));
+    EXPECT_EQ(text(rowOf(QStringLiteral("Developer Junk")), Model::SymbolRole), QStringLiteral("hammer"));
+    EXPECT_EQ(text(rowOf(QStringLiteral("Personal Files to Review")), Model::SymbolRole),
+              QStringLiteral("person.crop.square"));
+    EXPECT_EQ(text(rowOf(QStringLiteral("Project Build Artifacts")), Model::SymbolRole),
+              QStringLiteral("folder.badge.gearshape"));
+}
+
+TEST_F(CleanupListModelTest, BeforeAMeasurementEveryCardIsThereWithoutFigures)
+{
+    EXPECT_EQ(titles(QStringLiteral("card")).size(), 18);
+    EXPECT_EQ(text(1), caches);
+    EXPECT_EQ(text(1, Model::SizeTextRole), QStringLiteral("–"));
+    EXPECT_EQ(text(1, Model::CountTextRole), QString());
+    EXPECT_EQ(text(0, Model::SizeTextRole), QString());
+    EXPECT_FALSE(data(1, Model::CheckableRole).toBool());
+}
+
+TEST_F(CleanupListModelTest, CardsOfAGroupAreLargestFirstAndTheGroupSaysTheirSum)
+{
+    addFile("Library/Logs/a", 5'000'000);
+    addFile("Library/Caches/b", 3'000'000);
+    addFile("Library/Caches/c", 1'000'000);
+    measure();
+    EXPECT_EQ(text(1), QStringLiteral("Logs"));
+    EXPECT_EQ(text(2), caches);
+    EXPECT_EQ(text(0, Model::SizeTextRole), QStringLiteral("9 MB"));
+    EXPECT_EQ(text(2, Model::SizeTextRole), QStringLiteral("4 MB"));
+    EXPECT_EQ(text(2, Model::CountTextRole), QStringLiteral("2 items"));
+    EXPECT_EQ(text(1, Model::CountTextRole), QStringLiteral("1 item"));
+    EXPECT_EQ(text(2, Model::RiskRole), QStringLiteral("safe"));
+    EXPECT_EQ(text(rowOf(QStringLiteral("Downloads")), Model::RiskRole), QStringLiteral("review"));
+    EXPECT_EQ(text(2, Model::DescriptionRole), QStringLiteral("App Caches, Safe, 4 MB, 2 items"));
+}
+
+TEST_F(CleanupListModelTest, ALocationThatCannotBeReadSaysWhatItNeeds)
+{
+    addFile(".Trash/a", 5'000'000);
+    fake.files.failOpening(at(".Trash"));
+    measure();
+    const int row = rowOf(QStringLiteral("Trash"));
+    EXPECT_EQ(text(row, Model::SizeTextRole), QStringLiteral("–"));
+    EXPECT_EQ(text(row, Model::CountTextRole), QStringLiteral("Needs Full Disk Access"));
+    EXPECT_TRUE(data(row, Model::UnreadableRole).toBool());
+    EXPECT_FALSE(data(row, Model::CheckableRole).toBool());
+    expand(QStringLiteral("Trash"));
+    EXPECT_TRUE(entries().isEmpty());
+}
+
+TEST_F(CleanupListModelTest, RowsKnowTheCornersOfTheirBox)
+{
+    measure();
+    expand(QStringLiteral("Downloads"));
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const bool isHeader = text(row, Model::KindRole) == QStringLiteral("header");
+        const bool followsHeader = row > 0 && text(row - 1, Model::KindRole) == QStringLiteral("header");
+        const bool precedesHeader =
+            row + 1 == model.rowCount() || text(row + 1, Model::KindRole) == QStringLiteral("header");
+        EXPECT_EQ(data(row, Model::StartsBoxRole).toBool(), !isHeader && followsHeader) << row;
+        EXPECT_EQ(data(row, Model::EndsBoxRole).toBool(), precedesHeader) << row;
+    }
+}
+
+// --- Expanding
+
+TEST_F(CleanupListModelTest, AnExpandedCardListsItsEntriesAndTheWayToIt)
+{
+    addFile("Library/Caches/small.db", 1'000'000);
+    addFile("Library/Caches/com.framewright.studio/x", 3'000'000);
+    measure();
+    expand(caches);
+    EXPECT_TRUE(data(1, Model::ExpandedRole).toBool());
+    EXPECT_EQ(entries(), QStringList({QStringLiteral("com.framewright.studio"), QStringLiteral("small.db")}));
+    EXPECT_EQ(text(2, Model::SizeTextRole), QStringLiteral("3 MB"));
+    EXPECT_EQ(data(2, Model::ElideRole).toInt(), Qt::ElideRight) << "a folder's name has no extension";
+    EXPECT_EQ(data(3, Model::ElideRole).toInt(), Qt::ElideMiddle);
+    EXPECT_TRUE(data(2, Model::LeadsRole).toBool());
+    EXPECT_FALSE(data(3, Model::LeadsRole).toBool());
+    EXPECT_EQ(text(4), revealTitle);
+    model.setExpanded(3, false);
+    EXPECT_TRUE(entries().isEmpty()) << "closing works from any row inside";
+    EXPECT_FALSE(data(1, Model::ExpandedRole).toBool());
+}
+
+TEST_F(CleanupListModelTest, EightyEntriesHaveNoCaption)
+{
+    addCaches(80);
+    measure();
+    expand(caches);
+    EXPECT_EQ(entries().size(), 80);
+    EXPECT_TRUE(titles(QStringLiteral("more")).isEmpty());
+}
+
+TEST_F(CleanupListModelTest, EightyOneEntriesListEightyAndACaptionWithOne)
+{
+    addCaches(81);
+    measure();
+    expand(caches);
+    EXPECT_EQ(entries().size(), 80);
+    EXPECT_EQ(entries().last(), QStringLiteral("cache79")) << "the smallest is the one left out";
+    EXPECT_EQ(titles(QStringLiteral("more")), QStringList(QStringLiteral("+ 1 smaller item")));
+    EXPECT_EQ(text(rowOf(QStringLiteral("+ 1 smaller item")) + 1), revealTitle);
+}
+
+TEST_F(CleanupListModelTest, TheCaptionCountsWhatIsLeftOut)
+{
+    addCaches(1'282);
+    measure();
+    expand(caches);
+    EXPECT_EQ(titles(QStringLiteral("more")), QStringList(QStringLiteral("+ 1,202 smaller items")));
+    EXPECT_EQ(text(1, Model::CountTextRole), QStringLiteral("1,282 items"));
+}
+
+TEST_F(CleanupListModelTest, OpeningTakesItsTimeAndClosingKeepsTheRowsUntilItIsDone)
+{
+    Theme::instance()->setReducedMotion(false);
+    addCaches(2);
+    measure();
+    QElapsedTimer clock;
+    clock.start();
+    expand(caches);
+    EXPECT_EQ(entries().size(), 2);
+    EXPECT_LT(data(2, Model::OpeningRole).toDouble(), 0.2);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return data(2, Model::OpeningRole).toDouble() == 1; }));
+    EXPECT_GE(clock.elapsed(), 170);
+
+    model.setExpanded(1, false);
+    EXPECT_FALSE(data(1, Model::ExpandedRole).toBool());
+    EXPECT_EQ(entries().size(), 2);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return entries().isEmpty(); }));
+}
+
+TEST_F(CleanupListModelTest, ACardThatIsOpenedAgainWhileItClosesStaysOpen)
+{
+    Theme::instance()->setReducedMotion(false);
+    addCaches(2);
+    measure();
+    expand(caches);
+    QTest::qWait(60);
+    model.setExpanded(1, false);
+    QTest::qWait(30);
+    model.setExpanded(1, true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return data(2, Model::OpeningRole).toDouble() == 1; }));
+    QTest::qWait(250);
+    EXPECT_EQ(entries().size(), 2);
+}
+
+TEST_F(CleanupListModelTest, WithReducedMotionACardIsOpenAtOnce)
+{
+    addCaches(2);
+    measure();
+    expand(caches);
+    EXPECT_EQ(data(2, Model::OpeningRole).toDouble(), 1);
+    model.setExpanded(1, false);
+    EXPECT_TRUE(entries().isEmpty());
+}
+
+// --- Following the store
+
+TEST_F(CleanupListModelTest, ANewMeasurementMovesTheRowsAndResetsNothing)
+{
+    addFile("Library/Caches/a", 3'000'000);
+    addFile("Library/Logs/b", 2'000'000);
+    measure();
+    expand(caches);
+    const QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+    const QSignalSpy moved(&model, &QAbstractItemModel::rowsMoved);
+    const QPersistentModelIndex card = model.index(rowOf(caches));
+    addFile("Library/Logs/c", 9'000'000);
+    addFile("Library/Caches/d", 4'000'000);
+    measure();
+    EXPECT_EQ(text(1), QStringLiteral("Logs"));
+    EXPECT_EQ(card.row(), 2);
+    EXPECT_EQ(entries(), QStringList({QStringLiteral("d"), QStringLiteral("a")})) << "it is still expanded";
+    EXPECT_GT(moved.count(), 0);
+    EXPECT_EQ(reset.count(), 0);
+}
+
+TEST_F(CleanupListModelTest, AfterARemovalTheRowIsGoneAndTheFiguresFollow)
+{
+    addFile("Library/Caches/a", 3'000'000);
+    addFile("Library/Caches/b", 2'000'000);
+    measure();
+    expand(caches);
+    const QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+    removeItem("Library/Caches/a", 3'000'000);
+    EXPECT_EQ(entries(), QStringList(QStringLiteral("b")));
+    EXPECT_EQ(removed.count(), 1);
+    EXPECT_EQ(text(1, Model::SizeTextRole), QStringLiteral("2 MB"));
+    EXPECT_EQ(text(0, Model::SizeTextRole), QStringLiteral("2 MB"));
+    EXPECT_EQ(text(1, Model::CountTextRole), QStringLiteral("1 item"));
+}
+
+// --- Selecting
+
+TEST_F(CleanupListModelTest, ACardsToggleSelectsItsEntriesAndShowsTheirState)
+{
+    addFile("Library/Caches/a", 3'000'000);
+    addFile("Library/Caches/b", 2'000'000);
+    measure();
+    expand(caches);
+    const QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.toggle(2);
+    EXPECT_TRUE(isSelected("Library/Caches/a"));
+    EXPECT_EQ(store.selectedTotal(), 3'000'000);
+    EXPECT_EQ(data(2, Model::CheckStateRole).toInt(), Qt::Checked);
+    EXPECT_EQ(data(1, Model::CheckStateRole).toInt(), Qt::PartiallyChecked);
+    EXPECT_GT(changed.count(), 0);
+    model.toggle(1);
+    EXPECT_EQ(data(1, Model::CheckStateRole).toInt(), Qt::Checked);
+    EXPECT_EQ(store.selectedTotal(), 5'000'000);
+    model.toggle(1);
+    EXPECT_TRUE(store.selection().empty());
+    EXPECT_EQ(data(1, Model::CheckStateRole).toInt(), Qt::Unchecked);
+}
+
+TEST_F(CleanupListModelTest, ACardSelectsWhatItDoesNotListToo)
+{
+    addCaches(100);
+    measure();
+    model.toggle(rowOf(caches));
+    EXPECT_EQ(store.selection().size(), 100u);
+}
+
+TEST_F(CleanupListModelTest, OnlyItemsAndCardsCanBeToggled)
+{
+    measure();
+    expand(caches);
+    for (int row = 0; row < model.rowCount(); ++row)
+        model.toggle(row);
+    EXPECT_TRUE(store.selection().empty());
+}
+
+// --- Build folders
+
+TEST_F(CleanupListModelTest, WithoutAScanTheBuildFoldersAskForOne)
+{
+    measure();
+    const int row = model.rowCount() - 1;
+    EXPECT_EQ(text(row, Model::KindRole), QStringLiteral("prompt"));
+    EXPECT_EQ(text(row), QStringLiteral("Find node_modules, Gradle build folders & more"));
+    EXPECT_EQ(text(row, Model::NoteRole),
+              QStringLiteral("Run a scan and Corvane will spot regenerable folders inside your projects."));
+    EXPECT_FALSE(data(row, Model::WorkingRole).toBool());
+    model.activate(row);
+    EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
+    EXPECT_TRUE(data(row, Model::WorkingRole).toBool());
+    const auto token = store.progress();
+    model.activate(row);
+    EXPECT_EQ(store.progress(), token) << "a second press does not start another";
+}
+
+TEST_F(CleanupListModelTest, AScanWithoutBuildFoldersSaysSo)
+{
+    addFile("notes.txt", 1'000);
+    scanHome();
+    EXPECT_EQ(titles(QStringLiteral("none")),
+              QStringList(QStringLiteral(
+                  "No node_modules, Gradle build outputs, Rust targets or virtualenvs found in this scan.")));
+    EXPECT_TRUE(titles(QStringLiteral("prompt")).isEmpty());
+    EXPECT_EQ(text(rowOf(QStringLiteral("Project Build Artifacts")), Model::NoteRole), QString());
+}
+
+TEST_F(CleanupListModelTest, BuildFoldersAreListedLargestFirstWithProjectKindAndSize)
+{
+    addProject("small", 2'000'000);
+    addProject("harbor", 5'000'000);
+    scanHome();
+    const int header = rowOf(QStringLiteral("Project Build Artifacts"));
+    EXPECT_EQ(text(header, Model::SizeTextRole), QStringLiteral("7 MB"));
+    EXPECT_EQ(text(header, Model::NoteRole),
+              QStringLiteral("Your build tools regenerate these on the next build or install."));
+    EXPECT_EQ(text(header + 1), QStringLiteral("harbor/node_modules"));
+    EXPECT_EQ(text(header + 1, Model::TagRole), QStringLiteral("node_modules"));
+    EXPECT_EQ(text(header + 1, Model::NoteRole), QStringLiteral("~/Projects/harbor"));
+    EXPECT_EQ(text(header + 1, Model::SizeTextRole), QStringLiteral("5 MB"));
+    EXPECT_EQ(text(header + 2), QStringLiteral("small/node_modules"));
+    EXPECT_EQ(text(header + 1, Model::DescriptionRole),
+              QStringLiteral("harbor/node_modules, node_modules, ~/Projects/harbor, 5 MB"));
+}
+
+TEST_F(CleanupListModelTest, ABuildFolderIsSelectedRevealedAndShownInTheMap)
+{
+    addProject("harbor", 5'000'000);
+    scanHome();
+    const int row = model.rowCount() - 1;
+    model.toggle(row);
+    EXPECT_TRUE(isSelected("Projects/harbor/node_modules"));
+    EXPECT_EQ(store.selectedTotal(), 5'000'000);
+    model.reveal(row);
+    EXPECT_THAT(fake.log->lines(), Contains("reveal " + at("Projects/harbor/node_modules")));
+    model.activate(row);
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::explorer);
+    EXPECT_EQ(store.currentFolder()->name, "node_modules");
+}
+
+TEST_F(CleanupListModelTest, ARemovedBuildFolderLeavesTheListAndTheTotal)
+{
+    addProject("small", 2'000'000);
+    addProject("harbor", 5'000'000);
+    scanHome();
+    removeItem("Projects/harbor/node_modules", 5'000'000);
+    const int header = rowOf(QStringLiteral("Project Build Artifacts"));
+    EXPECT_EQ(text(header + 1), QStringLiteral("small/node_modules"));
+    EXPECT_EQ(header + 2, model.rowCount());
+    EXPECT_EQ(text(header, Model::SizeTextRole), QStringLiteral("2 MB"));
+}
+
+TEST_F(CleanupListModelTest, ANewScanTakesTheOldBuildFoldersAway)
+{
+    addProject("harbor", 5'000'000);
+    scanHome();
+    store.scanHome();
+    EXPECT_TRUE(titles(QStringLiteral("artifact")).isEmpty());
+    EXPECT_EQ(titles(QStringLiteral("prompt")).size(), 1);
+}
+
+// --- What rows do
+
+TEST_F(CleanupListModelTest, TheLastRowOfACardLeadsToTheLocation)
+{
+    addFile("Library/Caches/a", 3'000'000);
+    measure();
+    expand(caches);
+    model.activate(rowOf(revealTitle));
+    EXPECT_THAT(fake.log->lines(), Contains("reveal " + at("Library/Caches")));
+}
+
+TEST_F(CleanupListModelTest, AnEntryHasAMenuThatKnowsWhetherTheMapCanShowIt)
+{
+    addFile("Library/Caches/a/x", 3'000'000);
+    measure();
+    expand(caches);
+    ASSERT_TRUE(model.prepareMenu(2));
+    EXPECT_EQ(model.menuTarget()->title(), QStringLiteral("a"));
+    EXPECT_EQ(model.menuTarget()->openText(), QStringLiteral("Open in Space Map"));
+    EXPECT_FALSE(model.menuTarget()->canOpen()) << "nothing is scanned";
+    EXPECT_TRUE(model.menuTarget()->canSelect());
+    model.menuTarget()->toggleSelection();
+    EXPECT_EQ(store.selectedTotal(), 3'000'000);
+
+    scanHome();
+    ASSERT_TRUE(model.prepareMenu(2));
+    EXPECT_TRUE(model.menuTarget()->canOpen());
+    model.menuTarget()->open();
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::explorer);
+    EXPECT_EQ(store.currentFolder()->name, "a");
+    EXPECT_FALSE(model.prepareMenu(1)) << "a card has none";
+}
+
+TEST_F(CleanupListModelTest, KeysStopAtWhatCanBeUsed)
+{
+    addFile("Library/Caches/a", 3'000'000);
+    measure();
+    const int firstDeveloper = rowOf(QStringLiteral("Developer Junk")) + 1;
+    EXPECT_EQ(model.rowAfterKey(Qt::Key_Home, 5, 3), 1);
+    EXPECT_EQ(model.rowAfterKey(Qt::Key_Up, 1, 3), 1) << "nothing above the first card";
+    EXPECT_EQ(model.rowAfterKey(Qt::Key_Down, firstDeveloper - 2, 3), firstDeveloper);
+    EXPECT_EQ(model.rowAfterKey(Qt::Key_Up, firstDeveloper, 3), firstDeveloper - 2);
+    EXPECT_EQ(model.rowAfterKey(Qt::Key_End, 1, 3), model.rowCount() - 1);
+    EXPECT_EQ(model.rowAfterKey(Qt::Key_Down, model.rowCount() - 1, 3), model.rowCount() - 1);
+    EXPECT_EQ(model.rowAfterKey(Qt::Key_PageDown, 1, 2), 3);
+    EXPECT_EQ(model.rowAfterKey(Qt::Key_PageUp, 3, 50), 1);
+    EXPECT_EQ(model.rowAfterKey(Qt::Key_X, 1, 3), -1);
+}
+
+TEST_F(CleanupListModelTest, KeysPassWhatSaysThatThereIsNothing)
+{
+    addFile("notes.txt", 1'000);
+    scanHome();
+    ASSERT_EQ(text(model.rowCount() - 1, Model::KindRole), QStringLiteral("none"));
+    EXPECT_EQ(text(model.rowAfterKey(Qt::Key_End, 1, 3), Model::KindRole), QStringLiteral("card"));
+}
+
+TEST_F(CleanupListModelTest, TheCardOfARowIsTheOneAboveIt)
+{
+    addFile("Library/Caches/a", 3'000'000);
+    measure();
+    expand(caches);
+    EXPECT_EQ(model.cardRow(2), 1);
+    EXPECT_EQ(model.cardRow(3), 1);
+    EXPECT_EQ(model.cardRow(4), 4);
+}
+
+// --- Many
+
+TEST_F(CleanupListModelTest, TenThousandEntriesAndFiveThousandBuildFoldersAreFollowedWithinAFrameOrFew)
+{
+    addCaches(10'000);
+    for (int i = 0; i < 5'000; ++i)
+        addProject("p" + std::to_string(i), 1'000'000 + i * 4'096);
+    scanHome();
+    ASSERT_EQ(titles(QStringLiteral("artifact")).size(), 5'000);
+    const auto timed = [](const auto &work) {
+        QElapsedTimer clock;
+        clock.start();
+        work();
+        return clock.elapsed();
+    };
+    constexpr int fewFrames = 100; // milliseconds, on a busy machine without optimisation
+    // What makes the list, as opening the screen does.
+    EXPECT_LT(timed([&] { CleanupListModel().setStore(&store); }), fewFrames);
+    EXPECT_LT(timed([&] { expand(caches); }), fewFrames);
+    EXPECT_LT(timed([&] { select("Projects/p7/node_modules"); }), fewFrames);
+    EXPECT_LT(timed([&] { store.finishCleanup(store.cleanupItems(), store.cleanupToken()); }), fewFrames);
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,315 @@
+#include <functional>
+#include <memory>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include "cleanup/cleanup_fixture.h"
+#include "shell/quick_scene.h"
+#include "shell/ui/store_registration.h"
+
+namespace corvane {
+namespace {
+
+constexpr int patience = 5'000; // milliseconds
+
+/// The whole screen in a window of its own, worked by mouse and keyboard.
+class CleanupScreenTest : public test::CleanupFixture {
+protected:
+    CleanupScreenTest()
+    {
+        addFile("Library/Caches/browser/page", 4'000'000);
+        addFile("Library/Caches/archive.db", 2'000'000);
+        addFile("Downloads/installer.zip", 9'000'000);
+        StoreRegistration::setStore(&store);
+    }
+
+    void show(QSize size = {1064, 700})
+    {
+        scene = std::make_unique<QuickScene>(
+            "Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Cleanup/CleanupScreen.qml\" }");
+        ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
+        scene->window()->resize(size);
+        QTest::mouseMove(scene->window(), QPoint(1, 1));
+        QTest::qWait(50);
+        ASSERT_NE(scene->item("cleanupList"), nullptr);
+    }
+    void measureAndShow()
+    {
+        measure();
+        show();
+    }
+
+    [[nodiscard]] QQuickItem *find(const std::function<bool(QQuickItem *)> &rule) const
+    {
+        std::function<QQuickItem *(QQuickItem *)> search = [&](QQuickItem *item) -> QQuickItem * {
+            if (!item->isVisible())
+                return nullptr;
+            if (rule(item))
+                return item;
+            for (QQuickItem *child : item->childItems()) {
+                if (QQuickItem *found = search(child))
+                    return found;
+            }
+            return nullptr;
+        };
+        return search(scene->window()->contentItem());
+    }
+    [[nodiscard]] QQuickItem *named(const QString &name, QAccessible::Role role) const
+    {
+        return find([&](QQuickItem *item) {
+            return QuickScene::accessibleName(item) == name && QuickScene::accessibleRole(item) == role;
+        });
+    }
+    [[nodiscard]] QQuickItem *row(const QString &description) const
+    {
+        return named(description, QAccessible::ListItem);
+    }
+    [[nodiscard]] QQuickItem *checkBox(const QString &name) const { return named(name, QAccessible::CheckBox); }
+    [[nodiscard]] QQuickItem *button(const QString &name) const { return named(name, QAccessible::Button); }
+    [[nodiscard]] QQuickItem *rows() const { return scene->item("cleanupRows"); }
+    /// The list makes and drops its rows when it is next drawn.
+    [[nodiscard]] bool appears(const QString &description) const
+    {
+        return QTest::qWaitFor([&] { return row(description) != nullptr; }, patience);
+    }
+    [[nodiscard]] bool disappears(const QString &description) const
+    {
+        return QTest::qWaitFor([&] { return row(description) == nullptr; }, patience);
+    }
+    [[nodiscard]] bool shows(const QString &text) const
+    {
+        return find([&](QQuickItem *item) { return item->property("text").toString() == text; }) != nullptr;
+    }
+    [[nodiscard]] int currentRow() const { return rows()->property("currentIndex").toInt(); }
+    [[nodiscard]] QAccessible::State state(QQuickItem *item) const { return QuickScene::accessible(item)->state(); }
+    void clickRow(QQuickItem *item, Qt::MouseButton mouseButton = Qt::LeftButton)
+    {
+        QTest::mouseClick(scene->window(), mouseButton, Qt::NoModifier,
+                          item->mapToScene({item->width() / 2, item->height() / 2}).toPoint());
+    }
+    void press(QQuickItem *item) { QuickScene::accessible(item)->actionInterface()->doAction("Press"); }
+    void tabToList()
+    {
+        for (int i = 0; i < 20 && !scene->item("cleanupList")->hasActiveFocus(); ++i)
+            scene->key(Qt::Key_Tab);
+        ASSERT_TRUE(scene->item("cleanupList")->hasActiveFocus());
+    }
+
+    std::unique_ptr<QuickScene> scene;
+};
+
+const QString caches = QStringLiteral("App Caches, Safe, 6 MB, 2 items");
+const QString downloads = QStringLiteral("Downloads, Review, 9 MB, 1 item");
+const QString browser = QStringLiteral("browser, 4 MB");
+
+TEST_F(CleanupScreenTest, ShowsTheHeaderTheGroupsAndTheCards)
+{
+    measureAndShow();
+    EXPECT_TRUE(shows(QStringLiteral("Cleanup")));
+    EXPECT_TRUE(shows(QStringLiteral("6 MB of caches & build junk is safe to clear")));
+    EXPECT_NE(named(QStringLiteral("System Junk"), QAccessible::Heading), nullptr);
+    EXPECT_NE(row(caches), nullptr);
+    EXPECT_TRUE(shows(QStringLiteral("Temporary data apps rebuild automatically. Apps may feel a bit slower on first "
+                                     "launch.")));
+}
+
+TEST_F(CleanupScreenTest, WhileMeasuringItSaysSoAndCannotBeRefreshed)
+{
+    show();
+    EXPECT_TRUE(button(QStringLiteral("Refresh"))->isEnabled());
+    scene->click(button(QStringLiteral("Refresh")));
+    EXPECT_TRUE(shows(QStringLiteral("Measuring caches…")));
+    EXPECT_FALSE(button(QStringLiteral("Refresh"))->isEnabled());
+    waitForMeasurement();
+    EXPECT_TRUE(button(QStringLiteral("Refresh"))->isEnabled());
+    EXPECT_NE(row(caches), nullptr);
+}
+
+TEST_F(CleanupScreenTest, SelectAllSafeSelectsWhatIsSafeAndNothingElse)
+{
+    measureAndShow();
+    scene->click(button(QStringLiteral("Select All Safe")));
+    EXPECT_EQ(store.selectedTotal(), 6'000'000);
+    EXPECT_FALSE(isSelected("Downloads/installer.zip"));
+    EXPECT_TRUE(state(checkBox(QStringLiteral("App Caches"))).checked);
+}
+
+TEST_F(CleanupScreenTest, WithNothingSafeTheButtonIsOff)
+{
+    fake.files.take(at("Library/Caches"));
+    measureAndShow();
+    EXPECT_FALSE(button(QStringLiteral("Select All Safe"))->isEnabled());
+}
+
+TEST_F(CleanupScreenTest, APressOnACardOpensAndClosesIt)
+{
+    measureAndShow();
+    clickRow(row(caches));
+    ASSERT_TRUE(appears(browser));
+    EXPECT_TRUE(shows(QStringLiteral("Reveal Folder in Finder")));
+    clickRow(row(caches));
+    ASSERT_TRUE(disappears(browser));
+}
+
+TEST_F(CleanupScreenTest, TheRowsOfACardGrowWithItsMovement)
+{
+    Theme::instance()->setReducedMotion(false);
+    measureAndShow();
+    clickRow(row(caches));
+    QElapsedTimer clock;
+    clock.start();
+    bool sawItOnItsWay = false;
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            QQuickItem *const entry = row(browser);
+            sawItOnItsWay |= entry != nullptr && entry->height() > 2 && entry->height() < 26;
+            return entry != nullptr && entry->height() == 33;
+        },
+        patience));
+    EXPECT_TRUE(sawItOnItsWay);
+    EXPECT_GE(clock.elapsed(), 150);
+}
+
+TEST_F(CleanupScreenTest, TheCheckBoxesOfACardAndItsEntriesFollowEachOther)
+{
+    measureAndShow();
+    clickRow(row(caches));
+    ASSERT_TRUE(appears(browser));
+    scene->click(checkBox(QStringLiteral("browser")));
+    EXPECT_TRUE(isSelected("Library/Caches/browser"));
+    EXPECT_TRUE(state(checkBox(QStringLiteral("App Caches"))).checkStateMixed);
+    EXPECT_NE(row(browser), nullptr) << "and the card stays open";
+    scene->click(checkBox(QStringLiteral("App Caches")));
+    EXPECT_TRUE(isSelected("Library/Caches/archive.db"));
+    scene->click(checkBox(QStringLiteral("App Caches")));
+    EXPECT_TRUE(store.selection().empty());
+}
+
+TEST_F(CleanupScreenTest, WhatCannotBeReadSaysWhatItNeeds)
+{
+    fake.files.addFile(at(".Trash/a"), 1'000);
+    fake.files.failOpening(at(".Trash"));
+    measureAndShow();
+    EXPECT_NE(row(QStringLiteral("Trash, Safe, Needs Full Disk Access")), nullptr);
+    scene->click(checkBox(QStringLiteral("Trash")));
+    EXPECT_TRUE(store.selection().empty());
+}
+
+TEST_F(CleanupScreenTest, ARightClickOnAnEntryOpensItsMenu)
+{
+    measureAndShow();
+    clickRow(row(caches));
+    ASSERT_TRUE(appears(browser));
+    clickRow(row(browser), Qt::RightButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->object("cleanupMenu")->property("opened").toBool(); }, patience));
+    clickRow(row(caches), Qt::RightButton);
+}
+
+TEST_F(CleanupScreenTest, TheKeyboardReachesAndWorksEveryRow)
+{
+    measureAndShow();
+    tabToList();
+    EXPECT_EQ(currentRow(), 1);
+    scene->key(Qt::Key_Space);
+    EXPECT_EQ(store.selectedTotal(), 6'000'000);
+    scene->key(Qt::Key_Space);
+    EXPECT_TRUE(store.selection().empty());
+
+    scene->key(Qt::Key_Right);
+    ASSERT_TRUE(appears(browser));
+    scene->key(Qt::Key_Down);
+    scene->key(Qt::Key_Space);
+    EXPECT_TRUE(isSelected("Library/Caches/browser"));
+    scene->key(Qt::Key_Down);
+    scene->key(Qt::Key_Down);
+    scene->key(Qt::Key_Return);
+    EXPECT_THAT(fake.log->lines(), testing::Contains("reveal " + at("Library/Caches")));
+
+    scene->key(Qt::Key_Left);
+    EXPECT_EQ(currentRow(), 1);
+    EXPECT_TRUE(disappears(browser));
+    scene->key(Qt::Key_Return);
+    EXPECT_TRUE(appears(browser));
+
+    scene->key(Qt::Key_End);
+    ASSERT_TRUE(appears(QStringLiteral("Find node_modules, Gradle build folders & more")));
+    EXPECT_NE(button(QStringLiteral("Scan Home Folder")), nullptr);
+    scene->key(Qt::Key_Return);
+    EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
+}
+
+TEST_F(CleanupScreenTest, TheMenuKeyOpensTheMenuOfAnEntry)
+{
+    measureAndShow();
+    tabToList();
+    scene->key(Qt::Key_Right);
+    scene->key(Qt::Key_Down);
+    scene->key(Qt::Key_Menu);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->object("cleanupMenu")->property("opened").toBool(); }, patience));
+}
+
+TEST_F(CleanupScreenTest, AReaderCanPressACardAndABuildFoldersButtons)
+{
+    addProject("harbor", 5'000'000);
+    scanHome();
+    show();
+    press(row(caches));
+    ASSERT_TRUE(appears(browser));
+    press(row(caches));
+    tabToList();
+    scene->key(Qt::Key_End);
+    const QString name = QStringLiteral("harbor/node_modules, node_modules, ~/Projects/harbor, 5 MB");
+    ASSERT_TRUE(appears(name));
+    QQuickItem *const harbor = row(name);
+    QQuickItem *const reveal = find([](QQuickItem *item) {
+        return QuickScene::accessibleName(item).endsWith(QStringLiteral(": harbor/node_modules"));
+    });
+    ASSERT_NE(reveal, nullptr);
+    scene->click(reveal);
+    EXPECT_THAT(fake.log->lines(), testing::Contains("reveal " + at("Projects/harbor/node_modules")));
+    clickRow(harbor);
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::explorer);
+    EXPECT_EQ(store.currentFolder()->name, "node_modules");
+}
+
+TEST_F(CleanupScreenTest, ALongListIsOnlyMadeWhereItIsSeen)
+{
+    addCaches(10'000);
+    for (int i = 0; i < 5'000; ++i)
+        addProject("p" + std::to_string(i), 1'000'000 + i * 4'096);
+    scanHome();
+    QElapsedTimer clock;
+    clock.start();
+    show();
+    const qint64 opening = clock.elapsed() - 50; // what `show` waits
+    RecordProperty("opening", static_cast<int>(opening));
+    EXPECT_LT(opening, 1'000) << "a window, its program and its first frame";
+    const auto made = [&] {
+        int count = 0;
+        for (const QQuickItem *item : rows()->property("contentItem").value<QQuickItem *>()->childItems())
+            count += item->property("description").isValid() ? 1 : 0;
+        return count;
+    };
+    EXPECT_LT(made(), 60);
+    tabToList();
+    scene->key(Qt::Key_End);
+    EXPECT_TRUE(appears(QStringLiteral("p0/node_modules, node_modules, ~/Projects/p0, 1 MB")));
+    EXPECT_LT(made(), 120);
+    scene->key(Qt::Key_Home);
+    clock.restart();
+    scene->key(Qt::Key_Right);
+    static_cast<void>(scene->window()->grabWindow());
+    const qint64 expanding = clock.elapsed();
+    RecordProperty("expanding", static_cast<int>(expanding));
+    EXPECT_LT(expanding, 500);
+    EXPECT_LT(made(), 200);
+}
+
+} // namespace
+} // namespace corvane
