@@ -4,12 +4,22 @@ import Corvane.Window
 import Corvane.Disk
 import Corvane.Map
 import Corvane.Cleanup
+import Corvane.Overview
 
 /// The window with every screen that the program has.
 MainWindow {
     screens: SidebarModel {
         store: Store
 
+        WindowScreen {
+            item: Store.SidebarItem.overview
+
+            OverviewScreen {
+                toolbar: Component {
+                    ScanToolbar {}
+                }
+            }
+        }
         WindowScreen {
             item: Store.SidebarItem.breakdown
 

@@ -249,7 +249,7 @@ TEST_F(CleanupJourney, ABuildFolderIsShownInTheSpaceMap)
 TEST_F(CleanupJourney, TheKeyboardAloneClearsACache)
 {
     open();
-    press(Qt::Key_3, Qt::ControlModifier);
+    press(Qt::Key_4, Qt::ControlModifier);
     waitUntil([&] { return isShown(QStringLiteral("cleanupList")) && !store().cleanupLoading(); },
               QStringLiteral("the screen"));
     tabTo(driver().item(QStringLiteral("cleanupList")));

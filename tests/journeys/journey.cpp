@@ -77,9 +77,15 @@ void Journey::open()
     driver().pointAtNothing();
 }
 
-void Journey::openAndScan()
+void Journey::openSpaceMap()
 {
     open();
+    store().setSidebar(StorageStore::SidebarItem::explorer);
+}
+
+void Journey::openAndScan()
+{
+    openSpaceMap();
     click(QStringLiteral("requiresScan.scan"));
     waitUntil([&] { return isScanned() && isShown(QStringLiteral("contents")); }, QStringLiteral("the scan's end"));
     driver().pointAtNothing();

@@ -44,7 +44,9 @@ protected:
     void open();
     /// Ends the program as its main() does when the last window is gone.
     void quit() { m_program.reset(); }
-    /// Opens the window and scans the home folder with the button of the Space Map.
+    /// Opens the window and goes to the Space Map.
+    void openSpaceMap();
+    /// The same, and scans the home folder with the button there.
     void openAndScan();
     [[nodiscard]] bool isScanned() { return store().phase() == StorageStore::Phase::ready; }
     [[nodiscard]] StorageStore &store() { return m_program->store(); }

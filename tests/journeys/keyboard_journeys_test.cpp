@@ -169,7 +169,7 @@ TEST_F(KeyboardJourney, ShiftTabWalksTheSameWayBack)
 
 TEST_F(KeyboardJourney, BeforeAScanTabLeadsToTheWayToOne)
 {
-    open();
+    openSpaceMap();
 
     EXPECT_THAT(stops(Qt::Key_Tab), ElementsAre("Menu (button)", "Screens (list)", "Scan (button)",
                                                 "More ways to scan (button)", "Scan Home Folder (button)"));
@@ -179,7 +179,7 @@ TEST_F(KeyboardJourney, DuringAScanTabLeadsToBothWaysToStopIt)
 {
     addFile("Slow/late.bin", 5);
     HeldListing slow(at("Slow"));
-    open();
+    openSpaceMap();
     press(Qt::Key_R, Qt::ControlModifier);
     waitUntil([&] { return slow.isReached(); }, QStringLiteral("a slow scan"));
     driver().item(QStringLiteral("requiresScan.stop")).forceActiveFocus(Qt::TabFocusReason);
@@ -344,7 +344,7 @@ TEST_F(KeyboardJourney, ReturnInTheMenuGivesTheCommand)
 
 TEST_F(KeyboardJourney, TheMenuButtonOpensItsMenuBySpaceAndHasTheKeyboardAgainAfterwards)
 {
-    open();
+    openSpaceMap();
     tabTo(driver().item(QStringLiteral("appMenuButton")));
 
     press(Qt::Key_Space);

@@ -46,7 +46,7 @@ TEST_F(ScanJourney, BeforeAScanTheSpaceMapAsksForOne)
 {
     addFile("Movies/film.mkv", 3);
 
-    open();
+    openSpaceMap();
 
     EXPECT_TRUE(shows(QStringLiteral("Scan first to see Space Map")));
     EXPECT_FALSE(isShown(QStringLiteral("map")));
@@ -79,7 +79,7 @@ TEST_F(ScanJourney, ScanButtonScansTheHomeFolderAndShowsWhatItsItemsReallyOccupy
 TEST_F(ScanJourney, WhileItScansTheWindowTellsHowFarItHasCome)
 {
     addSlowHome();
-    open();
+    openSpaceMap();
 
     click(QStringLiteral("scanButton"));
     waitForSlowScan();
@@ -100,7 +100,7 @@ TEST_F(ScanJourney, WhileItScansTheWindowTellsHowFarItHasCome)
 TEST_F(ScanJourney, StopButtonShowsWhatWasFoundSoFar)
 {
     addSlowHome();
-    open();
+    openSpaceMap();
     click(QStringLiteral("requiresScan.scan"));
     waitForSlowScan();
 
@@ -116,7 +116,7 @@ TEST_F(ScanJourney, StopButtonShowsWhatWasFoundSoFar)
 TEST_F(ScanJourney, StopScanInTheToolbarShowsWhatWasFoundSoFar)
 {
     addSlowHome();
-    open();
+    openSpaceMap();
     click(QStringLiteral("requiresScan.scan"));
     waitForSlowScan();
     EXPECT_TRUE(shows(QStringLiteral("Stop Scan")));
@@ -134,7 +134,7 @@ TEST_F(ScanJourney, AScanStartedDuringAnotherIsShownAndTheOtherNever)
 {
     addSlowHome();
     folder().writeFile("elsewhere/new/fresh.iso", 4 * mebibyte);
-    open();
+    openSpaceMap();
     std::vector<std::string> shownRoots;
     QObject::connect(&store(), &StorageStore::treeChanged, &window(), [&] {
         if (store().root())
@@ -158,7 +158,7 @@ TEST_F(ScanJourney, AScanStartedDuringAnotherIsShownAndTheOtherNever)
 TEST_F(ScanJourney, CtrlRScansTheHomeFolderAgain)
 {
     addFile("Movies/film.mkv", 3);
-    open();
+    openSpaceMap();
 
     press(Qt::Key_R, Qt::ControlModifier);
     waitForWay("home");
@@ -188,7 +188,7 @@ TEST_F(ScanJourney, AFolderAcceptedInTheDialogIsScanned)
 {
     addFile("Movies/film.mkv", 3);
     addFile("Games/world.dat", 2);
-    open();
+    openSpaceMap();
 
     press(Qt::Key_O, Qt::ControlModifier);
     waitUntil([&] { return folderDialogIsOpen(); }, QStringLiteral("the folder dialog"));
@@ -204,7 +204,7 @@ TEST_F(ScanJourney, AFolderAcceptedInTheDialogIsScanned)
 TEST_F(ScanJourney, CancellingTheFolderDialogScansNothing)
 {
     addFile("Movies/film.mkv", 3);
-    open();
+    openSpaceMap();
 
     click(QStringLiteral("scanMenuButton"));
     click(QStringLiteral("scanMenu.choose"));
@@ -220,7 +220,7 @@ TEST_F(ScanJourney, CancellingTheFolderDialogScansNothing)
 TEST_F(ScanJourney, AFolderDroppedOnTheWindowIsScanned)
 {
     folder().writeFile("elsewhere/disk one/film.mkv", 3 * mebibyte);
-    open();
+    openSpaceMap();
 
     drop({QUrl::fromLocalFile(QString::fromStdString(folder() / "elsewhere/disk one"))});
 

@@ -50,7 +50,7 @@ TEST_F(WindowJourney, ClosingTheWindowDuringAScanEndsTheProgram)
 {
     addFile("Slow/Deeper/late.bin", 5);
     HeldListing slow(at("Slow"));
-    open();
+    openSpaceMap();
     click(QStringLiteral("scanButton"));
     waitUntil([&] { return slow.isReached(); }, QStringLiteral("a slow scan"));
 
@@ -61,7 +61,7 @@ TEST_F(WindowJourney, ClosingTheWindowDuringAScanEndsTheProgram)
 
 TEST_F(WindowJourney, ItBearsTheProgramsName)
 {
-    open();
+    openSpaceMap();
 
     EXPECT_EQ(window().title(), QStringLiteral("Corvane"));
     EXPECT_EQ(window().minimumSize(), QSize(1040, 660));
@@ -70,13 +70,13 @@ TEST_F(WindowJourney, ItBearsTheProgramsName)
 TEST_F(WindowJourney, ItComesBackWhereItWasAndAsLargeAsItWas)
 {
     constexpr QRect place(210, 130, 1300, 820);
-    open();
+    openSpaceMap();
     EXPECT_EQ(window().size(), QSize(1280, 800)) << "at the first start";
     window().setGeometry(place);
     waitUntil([&] { return window().contentItem()->size() == QSizeF(place.size()); }, QStringLiteral("the new size"));
     quit();
 
-    open();
+    openSpaceMap();
     EXPECT_EQ(window().geometry(), place);
     EXPECT_EQ(window().contentItem()->size(), QSizeF(place.size()));
 }
@@ -84,12 +84,12 @@ TEST_F(WindowJourney, ItComesBackWhereItWasAndAsLargeAsItWas)
 TEST_F(WindowJourney, ItComesBackWhereItWasAfterItWasClosed)
 {
     constexpr QRect place(330, 90, 1200, 700);
-    open();
+    openSpaceMap();
     window().setGeometry(place);
     EXPECT_EQ(runUntilClosed(), 0);
     quit();
 
-    open();
+    openSpaceMap();
     EXPECT_EQ(window().geometry(), place);
 }
 
@@ -97,7 +97,7 @@ TEST_F(WindowJourney, APlaceOffEveryScreenComesToTheMiddleOfTheScreen)
 {
     remember({9000, -4000, 1300, 820});
 
-    open();
+    openSpaceMap();
 
     EXPECT_EQ(window().size(), QSize(1300, 820));
     EXPECT_EQ(window().geometry().center(), window().screen()->availableGeometry().center());
@@ -107,7 +107,7 @@ TEST_F(WindowJourney, ASizeLargerThanTheScreenFitsIt)
 {
     remember({100, 100, 4000, 3000});
 
-    open();
+    openSpaceMap();
 
     EXPECT_EQ(window().geometry(), window().screen()->availableGeometry());
 }
@@ -115,14 +115,14 @@ TEST_F(WindowJourney, ASizeLargerThanTheScreenFitsIt)
 TEST_F(WindowJourney, AMaximisedWindowComesBackMaximisedAndKeepsThePlaceBehindIt)
 {
     constexpr QRect place(210, 130, 1300, 820);
-    open();
+    openSpaceMap();
     window().setGeometry(place);
     QTest::qWait(settled);
     window().showMaximized();
     waitUntil([&] { return window().width() > place.width(); }, QStringLiteral("the large window"));
     quit();
 
-    open();
+    openSpaceMap();
     EXPECT_EQ(window().windowState(), Qt::WindowMaximized);
     window().showNormal();
     waitUntil([&] { return window().geometry() == place; }, QStringLiteral("the place behind it"));

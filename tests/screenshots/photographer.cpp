@@ -30,9 +30,11 @@ Photographer::Photographer(QQuickWindow &window, StorageStore &store, const QDir
 
 void Photographer::takeAll()
 {
+    takeOverviewBeforeScan();
     takeBreakdownBeforeScan();
     takeCleanupWithoutScan();
     takeScanning();
+    takeOverview();
     takeBreakdown();
     takeMap();
     takeMenus();
@@ -51,6 +53,9 @@ void Photographer::takeScanning()
     m_driver.pointAtNothing();
     m_driver.waitFor([&] { return m_store.scannedFiles() > 1'000; }, QStringLiteral("a scan under way"));
     takeMoving(QStringLiteral("scan-progress"));
+    show(StorageStore::SidebarItem::overview);
+    takeMoving(QStringLiteral("overview-scanning"));
+    show(StorageStore::SidebarItem::explorer);
     slowDownListings(std::chrono::milliseconds(0));
     m_driver.waitFor([&] { return m_store.phase() == StorageStore::Phase::ready; }, QStringLiteral("the scan's end"));
 }
@@ -145,6 +150,32 @@ void Photographer::takeDrop()
     QCoreApplication::sendEvent(m_driver.window(), &leave);
 }
 
+void Photographer::takeOverviewBeforeScan()
+{
+    waitForMeasurement();
+    refreshBreakdown();
+    tabTo(m_driver.item(QStringLiteral("overview.scanHome")));
+    take(QStringLiteral("overview-idle"));
+    m_driver.click(m_driver.item(QStringLiteral("overview.accessGuide")));
+    m_driver.pointAtNothing();
+    take(QStringLiteral("access-guide"));
+    dismiss();
+}
+
+void Photographer::takeOverview()
+{
+    show(StorageStore::SidebarItem::overview);
+    waitForMeasurement();
+    refreshBreakdown();
+    take(QStringLiteral("overview"));
+    takeMinimum(QStringLiteral("overview-min"));
+    tabTo(m_driver.item(QStringLiteral("overview.topFolders")));
+    m_driver.press(Qt::Key_Down);
+    take(QStringLiteral("overview-keyboard"));
+    m_driver.resize(width, height);
+    show(StorageStore::SidebarItem::explorer);
+}
+
 void Photographer::takeCleanupWithoutScan()
 {
     show(StorageStore::SidebarItem::cleanup);
@@ -189,6 +220,9 @@ void Photographer::takeCleanup()
     m_store.finishCleanup(std::move(nothing), m_store.cleanupToken());
     m_driver.press(Qt::Key_Home);
     take(QStringLiteral("cleanup-empty"));
+    show(StorageStore::SidebarItem::overview);
+    take(QStringLiteral("overview-tidy"));
+    show(StorageStore::SidebarItem::cleanup);
     scan("/Users/studio/Public");
     waitForMeasurement();
     m_driver.press(Qt::Key_End);

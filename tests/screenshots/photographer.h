@@ -29,6 +29,8 @@ private:
     void takeRemoval();
     void takeEmptyFolders();
     void takeDrop();
+    void takeOverviewBeforeScan();
+    void takeOverview();
     void takeCleanup();
     void takeCleanupWithoutScan();
 

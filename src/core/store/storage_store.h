@@ -213,7 +213,7 @@ private:
     const Host m_host;
     const ProtectedLocations &m_locations;
 
-    SidebarItem m_sidebar = SidebarItem::explorer;
+    SidebarItem m_sidebar = SidebarItem::overview;
     Phase m_phase = Phase::idle;
     std::shared_ptr<FileNode> m_root;
     std::shared_ptr<FileNode> m_currentFolder;

@@ -365,7 +365,7 @@ TEST_F(MainWindowTest, CommandsWaitWhileASheetWantsAnAnswer)
     key(Qt::Key_2, Qt::ControlModifier);
     EXPECT_EQ(fake.store.phase(), Phase::idle);
     EXPECT_FALSE(fake.store.isRemoving());
-    EXPECT_EQ(fake.store.sidebar(), Item::explorer);
+    EXPECT_EQ(fake.store.sidebar(), Item::overview);
 }
 
 TEST_F(MainWindowTest, AClickOrEscapePutsTheToastAway)

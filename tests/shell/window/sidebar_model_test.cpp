@@ -144,7 +144,7 @@ TEST_F(Sidebar, WithoutScreensThereIsNothingChosen)
     EXPECT_EQ(model.currentRow(), -1);
     EXPECT_EQ(model.content(), nullptr);
     model.step(1);
-    EXPECT_EQ(fake.store.sidebar(), Item::explorer);
+    EXPECT_EQ(fake.store.sidebar(), Item::overview);
 }
 
 } // namespace

@@ -7,6 +7,9 @@ Rectangle {
     id: card
 
     required property ScanPresenter scan
+    property string title: scan.heading
+    /// The object name of the button.
+    property alias stopName: stop.objectName
 
     implicitHeight: path.y + path.height + Theme.secondaryLine + Theme.boxPadding
     radius: Theme.radiusBox
@@ -21,7 +24,7 @@ Rectangle {
         anchors.right: stop.left
         anchors.rightMargin: Theme.space12
         anchors.verticalCenter: stop.verticalCenter
-        text: card.scan.heading
+        text: card.title
         font: Theme.title2Font
         Accessible.role: Accessible.Heading
         Accessible.name: text
@@ -43,7 +46,7 @@ Rectangle {
         x: Theme.boxPadding
         y: stop.y + stop.height + Theme.space12
         width: parent.width - 2 * x
-        accessibleName: card.scan.heading
+        accessibleName: card.title
     }
     ScanFigure {
         id: files

@@ -1,0 +1,76 @@
+import QtQuick
+import Corvane.Shell
+
+/// The program may not read everything: what that means and what to do about it.
+Rectangle {
+    id: banner
+
+    signal guideWanted
+    signal settingsWanted
+
+    implicitHeight: heading.height + words.height + 2 * (Theme.space10 + Theme.hairlineWidth)
+    radius: Theme.radiusBox
+    color: Theme.warnSoft
+    border.width: Theme.hairlineWidth
+    border.color: Theme.warnLine
+    Accessible.role: Accessible.Pane
+    Accessible.name: heading.text
+
+    Icon {
+        id: icon
+
+        x: Theme.space14 + Theme.hairlineWidth
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: "lock.shield"
+        color: Theme.warnIcon
+        size: Theme.bannerIconSize
+    }
+    PlainText {
+        id: heading
+
+        anchors.left: icon.right
+        anchors.right: guide.left
+        anchors.leftMargin: Theme.space12
+        anchors.rightMargin: Theme.space12
+        y: Theme.space10 + Theme.hairlineWidth
+        height: Theme.bodyLine
+        text: qsTr("Give Corvane Full Disk Access for complete results")
+        font: Theme.bodySemiboldFont
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    PlainText {
+        id: words
+
+        anchors.left: heading.left
+        anchors.right: heading.right
+        anchors.top: heading.bottom
+        text: qsTr("Without it, macOS hides Mail, Safari, Trash and some app data — and may ask for permission folder by folder. Add Corvane in System Settings › Privacy & Security › Full Disk Access, then relaunch.")
+        font: Theme.secondaryFont
+        color: Theme.t2
+        wrapMode: Text.Wrap
+        elide: Text.ElideNone
+        lineHeightMode: Text.FixedHeight
+        lineHeight: Theme.secondaryLine
+    }
+    PushButton {
+        id: guide
+
+        objectName: "overview.accessGuide"
+        anchors.right: settings.left
+        anchors.rightMargin: Theme.space12
+        anchors.verticalCenter: parent.verticalCenter
+        text: qsTr("Show Me How")
+        onClicked: banner.guideWanted()
+    }
+    PushButton {
+        id: settings
+
+        objectName: "overview.accessSettings"
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space12 + Theme.hairlineWidth
+        anchors.verticalCenter: parent.verticalCenter
+        text: qsTr("Open Settings")
+        onClicked: banner.settingsWanted()
+    }
+}

@@ -1,0 +1,108 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Window
+import Corvane.Overview
+
+/// The first screen: the volume, the scan or the ways to one, what it found, and what could be cleared at once.
+/// Each thing keeps its place from one state to the next.
+Rectangle {
+    id: screen
+
+    /// The window's own commands, shown at the right of the header.
+    property Component toolbar
+    readonly property bool wide: width >= Theme.wideContentWidth
+
+    color: Theme.window
+
+    OverviewPresenter {
+        id: presenter
+
+        store: Store
+    }
+    ScanPresenter {
+        id: scan
+
+        store: Store
+    }
+    ListHeader {
+        id: header
+
+        width: parent.width
+        symbol: "chart.pie"
+        title: qsTr("Overview")
+        subtitle: presenter.subtitle
+        toolbar: Loader {
+            sourceComponent: screen.toolbar
+        }
+    }
+    ScrollPage {
+        id: page
+
+        objectName: "overview.page"
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        contentHeight: cards.height + OverviewMetrics.pageTop + Theme.pageMargin
+
+        Column {
+            id: cards
+
+            x: Theme.pageMargin
+            y: OverviewMetrics.pageTop
+            width: parent.width - 2 * x
+            spacing: Theme.boxGap
+
+            FullDiskAccessBanner {
+                width: parent.width
+                visible: presenter.needsAccess
+                onGuideWanted: guide.open()
+                onSettingsWanted: presenter.openAccessSettings()
+            }
+            DiskCard {
+                width: parent.width
+                presenter: presenter
+            }
+            WelcomeCard {
+                width: parent.width
+                visible: !presenter.hasScan && !presenter.scanning
+                presenter: presenter
+                scan: scan
+            }
+            ScanProgressCard {
+                width: parent.width
+                visible: presenter.scanning
+                scan: scan
+                title: qsTr("Scanning")
+                stopName: "overview.stop"
+            }
+            SummaryCard {
+                width: parent.width
+                visible: presenter.hasScan
+                presenter: presenter
+            }
+            FoundCards {
+                width: parent.width
+                visible: presenter.hasScan
+                presenter: presenter
+                wide: screen.wide
+            }
+            QuickWinsCard {
+                width: parent.width
+                visible: !presenter.hasScan || !screen.wide
+                presenter: presenter
+            }
+        }
+    }
+    Alert {
+        id: guide
+
+        objectName: "accessGuide"
+        title: qsTr("Full Disk Access")
+        message: qsTr("Lets Corvane measure Mail, Safari, the Trash and app data, without asking folder by folder.\n\n1. Click Open System Settings below.\n2. Click + and choose Corvane.\n3. Switch Corvane on. If macOS asks, choose Quit & Reopen.")
+        confirmText: qsTr("Open System Settings")
+        cancelText: qsTr("Skip for Now")
+        cancelName: "accessGuide.skip"
+        confirmName: "accessGuide.open"
+        onConfirmed: presenter.openAccessSettings()
+    }
+}

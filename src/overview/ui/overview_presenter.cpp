@@ -1,0 +1,321 @@
+#include "overview/ui/overview_presenter.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+
+#include <QLocale>
+
+#include "cleanup/ui/cleanup_words.h"
+#include "core/byte_count.h"
+#include "core/checked_add.h"
+#include "core/store/followed_store.h"
+#include "core/store/path_text.h"
+#include "map/treemap_builder.h"
+#include "map/ui/tile_tones.h"
+#include "shell/ui/file_icons.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr int clockInterval = 20'000; // milliseconds
+
+QString sizeText(std::int64_t size)
+{
+    return QString::fromStdString(formatByteCount(size));
+}
+
+QString countText(std::int64_t count)
+{
+    return QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qlonglong>(count));
+}
+
+QString filesText(std::int64_t count)
+{
+    return countText(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
+}
+
+} // namespace
+
+QString agoText(std::int64_t seconds)
+{
+    struct Unit {
+        std::int64_t length;
+        QString name;
+    };
+    static const std::array<Unit, 3> units{
+        {{86'400, QStringLiteral("day")}, {3'600, QStringLiteral("hour")}, {60, QStringLiteral("minute")}}};
+    for (const Unit &unit : units) {
+        if (const std::int64_t count = seconds / unit.length; count > 0)
+            return countText(count) + u' ' + unit.name + (count == 1 ? QString() : QStringLiteral("s")) +
+                   QStringLiteral(" ago");
+    }
+    return QStringLiteral("just now");
+}
+
+OverviewPresenter::OverviewPresenter(QObject *parent) : QObject(parent)
+{
+    m_clock.setInterval(clockInterval);
+    connect(&m_clock, &QTimer::timeout, this, &OverviewPresenter::changed);
+    m_clock.start();
+}
+
+void OverviewPresenter::setStore(StorageStore *store)
+{
+    if (!followStore(m_store, store, this))
+        return;
+    if (m_store) {
+        connect(m_store, &StorageStore::treeChanged, this, &OverviewPresenter::followTree);
+        connect(m_store, &StorageStore::cleanupChanged, this, &OverviewPresenter::followCleanup);
+        connect(m_store, &StorageStore::phaseChanged, this, &OverviewPresenter::changed);
+        connect(m_store, &StorageStore::volumeChanged, this, &OverviewPresenter::changed);
+        connect(m_store, &StorageStore::accessChanged, this, &OverviewPresenter::changed);
+    }
+    emit storeChanged();
+    followTree();
+    followCleanup();
+}
+
+const FileNode *OverviewPresenter::root() const
+{
+    return m_store ? m_store->root().get() : nullptr;
+}
+
+QString OverviewPresenter::scannedName() const
+{
+    if (!m_store)
+        return {};
+    const std::string &path = m_store->lastScanPath();
+    return path == "/" ? volumeName() : displayText(lastPathComponent(path));
+}
+
+QString OverviewPresenter::subtitle() const
+{
+    if (isScanning())
+        return QStringLiteral("Scanning ") + scannedName();
+    return hasScan() ? volumeName() + QStringLiteral(" · scanned ") + agoText(m_store->secondsSinceScan())
+                     : QStringLiteral("Nothing scanned yet");
+}
+
+bool OverviewPresenter::isScanning() const
+{
+    return m_store && m_store->phase() == StorageStore::Phase::scanning;
+}
+
+bool OverviewPresenter::hasScan() const
+{
+    return root() != nullptr;
+}
+
+bool OverviewPresenter::needsAccess() const
+{
+    return m_store && !m_store->hasFullDiskAccess();
+}
+
+// --- The volume
+
+QString OverviewPresenter::volumeName() const
+{
+    return m_store ? displayText(m_store->volume().name) : QString();
+}
+
+QString OverviewPresenter::usedText() const
+{
+    return m_store ? sizeText(m_store->volume().total - m_store->volume().available) : QString();
+}
+
+QString OverviewPresenter::totalText() const
+{
+    return m_store ? sizeText(m_store->volume().total) : QString();
+}
+
+QString OverviewPresenter::availableText() const
+{
+    return m_store ? sizeText(m_store->volume().available) : QString();
+}
+
+double OverviewPresenter::usedFraction() const
+{
+    if (!m_store || m_store->volume().total <= 0)
+        return 0;
+    const VolumeInfo &volume = m_store->volume();
+    const double available = static_cast<double>(volume.available) / static_cast<double>(volume.total);
+    return std::clamp(1.0 - available, 0.0, 1.0);
+}
+
+QString OverviewPresenter::welcomeTitle() const
+{
+#ifdef Q_OS_MACOS
+    return QStringLiteral("See what fills this Mac");
+#else
+    return QStringLiteral("See what fills this computer");
+#endif
+}
+
+QString OverviewPresenter::diskChoiceText() const
+{
+    return QStringLiteral("Everything readable on ") + volumeName() + u'.';
+}
+
+// --- The scan
+
+void OverviewPresenter::followTree()
+{
+    std::vector<OverviewRow> types;
+    m_typeParts.clear();
+    if (m_store) {
+        for (const TypeSlice &slice : m_store->typeBreakdown()) {
+            StackedBarPart part;
+            part.id = displayText(slice.type.caseName());
+            part.title = displayText(slice.type.label());
+            part.info = sizeText(slice.size);
+            part.color = toQColor(slice.type.color());
+            part.size = slice.size;
+            m_typeParts << part;
+            types.push_back({.id = part.id, .title = part.title, .sizeText = part.info, .color = part.color});
+        }
+    }
+    m_types.setRows(std::move(types));
+
+    std::vector<OverviewRow> items;
+    if (const FileNode *const folder = root()) {
+        // The map gives folders their colours by their places in it.
+        std::unordered_map<const FileNode *, int> places;
+        for (const TreemapItem &item : TreemapBuilder::items(*folder, TreemapBuilder::topLimit))
+            places.emplace(item.node.get(), static_cast<int>(places.size()));
+        const std::size_t count = std::min(folder->children.size(), topItemsListed);
+        for (std::size_t i = 0; i < count; ++i) {
+            const FileNode &node = *folder->children[i];
+            const auto place = places.find(&node);
+            const std::int64_t largest = folder->children.front()->size;
+            items.push_back(
+                {.id = displayText(node.path()),
+                 .title = displayText(node.name),
+                 .sizeText = sizeText(node.size),
+                 .iconKey = fileIconKey(node),
+                 .color = toQColor(
+                     TreemapBuilder::itemColor(&node, place == places.end() ? static_cast<int>(i) : place->second)),
+                 .fraction = largest > 0 ? static_cast<double>(node.size) / static_cast<double>(largest) : 0.0,
+                 .elideMode = node.kind != FileNode::Kind::directory && !node.extension().empty() ? Qt::ElideMiddle
+                                                                                                  : Qt::ElideRight});
+        }
+    }
+    m_topItems.setRows(std::move(items));
+    emit changed();
+}
+
+QString OverviewPresenter::scannedLine() const
+{
+    return hasScan() ? QStringLiteral("Scanned ") + scannedName() +
+                           QString::asprintf(" in %.1f seconds", m_store->scanDuration())
+                     : QString();
+}
+
+QString OverviewPresenter::scannedFigures() const
+{
+    return hasScan() ? filesText(root()->fileCount) + QStringLiteral(" · ") + sizeText(root()->size) : QString();
+}
+
+QString OverviewPresenter::largeFiles() const
+{
+    if (!m_store)
+        return {};
+    return countText(
+        std::ranges::count_if(m_store->allFiles(), [](const auto &file) { return file->size > largeFileLimit; }));
+}
+
+QString OverviewPresenter::projectJunk() const
+{
+    if (!m_store)
+        return {};
+    std::int64_t total = 0;
+    for (const DevJunkItem &item : m_store->devJunk())
+        total = checkedAdd(total, item.node->size);
+    return sizeText(total);
+}
+
+QString OverviewPresenter::typesFigures() const
+{
+    return hasScan() ? sizeText(root()->size) + QStringLiteral(" in ") + filesText(root()->fileCount) : QString();
+}
+
+QString OverviewPresenter::topTitle() const
+{
+    return QStringLiteral("Biggest items in ") + scannedName();
+}
+
+QString OverviewPresenter::topFigures() const
+{
+    return hasScan() ? sizeText(root()->size) : QString();
+}
+
+void OverviewPresenter::openTopItem(int row)
+{
+    if (prepareMenu(row))
+        m_store->showInMap(std::shared_ptr<FileNode>(m_menuTarget.node()));
+}
+
+bool OverviewPresenter::prepareMenu(int row)
+{
+    if (root() == nullptr || row < 0 || row >= m_topItems.rowCount())
+        return false;
+    const FileNode &node = *root()->children[static_cast<std::size_t>(row)];
+    m_menuTarget.setTarget(m_store, node.path(), node.size);
+    return true;
+}
+
+void OverviewPresenter::seeAll()
+{
+    if (m_store)
+        m_store->showInMap(std::shared_ptr<FileNode>(m_store->root()));
+}
+
+// --- What could be cleared
+
+void OverviewPresenter::followCleanup()
+{
+    std::vector<OverviewRow> rows;
+    if (m_store) {
+        for (const CleanupItem &item : m_store->cleanupItems()) {
+            if (item.def->risk != CleanupRisk::safe || item.total() == 0 || rows.size() == quickWinsListed)
+                continue;
+            rows.push_back({.id = displayText(item.def->id),
+                            .title = displayText(item.def->title),
+                            .sizeText = corvane::totalText(item),
+                            .countText = corvane::countText(item),
+                            .symbol = displayText(item.def->symbol),
+                            .tint = static_cast<int>(item.def->tint)});
+        }
+    }
+    m_quickWins.setRows(std::move(rows));
+    emit changed();
+}
+
+bool OverviewPresenter::isMeasuring() const
+{
+    return m_store && m_store->cleanupItems().empty();
+}
+
+QString OverviewPresenter::quickWinsText() const
+{
+    if (isMeasuring())
+        return QStringLiteral("Measuring caches…");
+    return m_quickWins.rowCount() == 0
+               ? QStringLiteral("Your caches look tidy. Nice!")
+               : sizeText(m_store->safeCleanupTotal()) + QStringLiteral(" of safe-to-clear junk");
+}
+
+void OverviewPresenter::openCleanup()
+{
+    if (m_store)
+        m_store->setSidebar(StorageStore::SidebarItem::cleanup);
+}
+
+void OverviewPresenter::openAccessSettings()
+{
+    if (m_store)
+        m_store->perform({BreakdownAction::Kind::fullDiskAccess, {}});
+}
+
+} // namespace corvane

@@ -1,0 +1,124 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "map/ui/node_actions.h"
+#include "overview/ui/overview_rows_model.h"
+#include "shell/ui/stacked_bar.h"
+
+namespace corvane {
+
+/// How long ago something was that happened so many seconds ago: "just now", "1 minute ago", "3 hours ago".
+[[nodiscard]] QString agoText(std::int64_t seconds);
+
+/// What the overview's cards say, and where they lead. Reads the store, changes nothing. Main thread only.
+class OverviewPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
+    Q_PROPERTY(bool scanning READ isScanning NOTIFY changed)
+    Q_PROPERTY(bool hasScan READ hasScan NOTIFY changed)
+    Q_PROPERTY(bool needsAccess READ needsAccess NOTIFY changed)
+    // The volume.
+    Q_PROPERTY(QString volumeName READ volumeName NOTIFY changed)
+    Q_PROPERTY(QString usedText READ usedText NOTIFY changed)
+    Q_PROPERTY(QString totalText READ totalText NOTIFY changed)
+    Q_PROPERTY(QString availableText READ availableText NOTIFY changed)
+    Q_PROPERTY(double usedFraction READ usedFraction NOTIFY changed)
+    // The choices before the first scan.
+    Q_PROPERTY(QString welcomeTitle READ welcomeTitle CONSTANT)
+    Q_PROPERTY(QString diskChoiceText READ diskChoiceText NOTIFY changed)
+    // The scan.
+    Q_PROPERTY(QString scannedLine READ scannedLine NOTIFY changed)
+    Q_PROPERTY(QString scannedFigures READ scannedFigures NOTIFY changed)
+    Q_PROPERTY(QString largeFiles READ largeFiles NOTIFY changed)
+    Q_PROPERTY(QString projectJunk READ projectJunk NOTIFY changed)
+    Q_PROPERTY(QString typesFigures READ typesFigures NOTIFY changed)
+    Q_PROPERTY(QList<corvane::StackedBarPart> typeParts READ typeParts NOTIFY changed)
+    Q_PROPERTY(corvane::OverviewRowsModel *types READ types CONSTANT)
+    Q_PROPERTY(QString topTitle READ topTitle NOTIFY changed)
+    Q_PROPERTY(QString topFigures READ topFigures NOTIFY changed)
+    Q_PROPERTY(corvane::OverviewRowsModel *topItems READ topItems CONSTANT)
+    Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
+    // What could be cleared at once.
+    Q_PROPERTY(QString quickWinsText READ quickWinsText NOTIFY changed)
+    Q_PROPERTY(bool measuring READ isMeasuring NOTIFY changed)
+    Q_PROPERTY(corvane::OverviewRowsModel *quickWins READ quickWins CONSTANT)
+
+public:
+    static constexpr std::size_t topItemsListed = 8;
+    static constexpr std::size_t quickWinsListed = 4;
+    /// Larger files are counted as large: 100 MB, a byte less.
+    static constexpr std::int64_t largeFileLimit = 99'999'999;
+
+    explicit OverviewPresenter(QObject *parent = nullptr);
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] QString subtitle() const;
+    [[nodiscard]] bool isScanning() const;
+    [[nodiscard]] bool hasScan() const;
+    [[nodiscard]] bool needsAccess() const;
+    [[nodiscard]] QString volumeName() const;
+    [[nodiscard]] QString usedText() const;
+    [[nodiscard]] QString totalText() const;
+    [[nodiscard]] QString availableText() const;
+    /// From 0 to 1.
+    [[nodiscard]] double usedFraction() const;
+    [[nodiscard]] QString welcomeTitle() const;
+    [[nodiscard]] QString diskChoiceText() const;
+    [[nodiscard]] QString scannedLine() const;
+    [[nodiscard]] QString scannedFigures() const;
+    /// How many files exceed the limit.
+    [[nodiscard]] QString largeFiles() const;
+    [[nodiscard]] QString projectJunk() const;
+    [[nodiscard]] QString typesFigures() const;
+    [[nodiscard]] const QList<StackedBarPart> &typeParts() const { return m_typeParts; }
+    [[nodiscard]] OverviewRowsModel *types() { return &m_types; }
+    [[nodiscard]] QString topTitle() const;
+    [[nodiscard]] QString topFigures() const;
+    [[nodiscard]] OverviewRowsModel *topItems() { return &m_topItems; }
+    [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
+    [[nodiscard]] QString quickWinsText() const;
+    /// The catalogue's figures are not known yet.
+    [[nodiscard]] bool isMeasuring() const;
+    [[nodiscard]] OverviewRowsModel *quickWins() { return &m_quickWins; }
+
+    /// Shows one of the biggest items in the map; a file in its folder.
+    Q_INVOKABLE void openTopItem(int row);
+    /// Makes one of the biggest items the target of the context menu; false where there is no item.
+    Q_INVOKABLE bool prepareMenu(int row);
+    /// Shows all of the scanned folder in the map.
+    Q_INVOKABLE void seeAll();
+    Q_INVOKABLE void openCleanup();
+    Q_INVOKABLE void openAccessSettings();
+
+signals:
+    void storeChanged();
+    void changed();
+
+private:
+    void followTree();
+    void followCleanup();
+    [[nodiscard]] const FileNode *root() const;
+    /// "studio", or the volume's name for the whole disk.
+    [[nodiscard]] QString scannedName() const;
+
+    QPointer<StorageStore> m_store;
+    QTimer m_clock; // how long ago the scan was
+    QList<StackedBarPart> m_typeParts;
+    OverviewRowsModel m_types;
+    OverviewRowsModel m_topItems;
+    OverviewRowsModel m_quickWins;
+    NodeActions m_menuTarget;
+};
+
+} // namespace corvane

@@ -1,0 +1,97 @@
+#include "overview/ui/overview_rows_model.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace corvane {
+
+void OverviewRowsModel::setRows(std::vector<OverviewRow> rows)
+{
+    if (rows.size() < m_rows.size()) {
+        beginRemoveRows({}, static_cast<int>(rows.size()), static_cast<int>(m_rows.size()) - 1);
+        m_rows.resize(rows.size());
+        endRemoveRows();
+    }
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        if (m_rows[i] == rows[i])
+            continue;
+        m_rows[i] = rows[i];
+        const QModelIndex changed = index(static_cast<int>(i));
+        emit dataChanged(changed, changed);
+    }
+    if (rows.size() > m_rows.size()) {
+        beginInsertRows({}, static_cast<int>(m_rows.size()), static_cast<int>(rows.size()) - 1);
+        m_rows = std::move(rows);
+        endInsertRows();
+    }
+}
+
+int OverviewRowsModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant OverviewRowsModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const OverviewRow &row = m_rows[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case Qt::DisplayRole:
+    case TitleRole:
+        return row.title;
+    case SizeTextRole:
+        return row.sizeText;
+    case CountTextRole:
+        return row.countText;
+    case SymbolRole:
+        return row.symbol;
+    case IconKeyRole:
+        return row.iconKey;
+    case ColorRole:
+        return row.color;
+    case TintRole:
+        return row.tint;
+    case FractionRole:
+        return row.fraction;
+    case ElideRole:
+        return row.elideMode;
+    case DescriptionRole:
+    case Qt::AccessibleTextRole: {
+        const QString figures = row.title + QStringLiteral(", ") + row.sizeText;
+        return row.countText.isEmpty() ? figures : figures + QStringLiteral(", ") + row.countText;
+    }
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> OverviewRowsModel::roleNames() const
+{
+    return {{TitleRole, "title"},         {SizeTextRole, "sizeText"},
+            {CountTextRole, "countText"}, {SymbolRole, "symbol"},
+            {IconKeyRole, "iconKey"},     {ColorRole, "color"},
+            {TintRole, "tint"},           {FractionRole, "fraction"},
+            {ElideRole, "elideMode"},     {DescriptionRole, "description"}};
+}
+
+int OverviewRowsModel::rowAfterKey(int key, int row) const
+{
+    const int last = rowCount() - 1;
+    if (last < 0)
+        return -1;
+    switch (key) {
+    case Qt::Key_Up:
+        return std::clamp(row - 1, 0, last);
+    case Qt::Key_Down:
+        return std::clamp(row + 1, 0, last);
+    case Qt::Key_Home:
+        return 0;
+    case Qt::Key_End:
+        return last;
+    default:
+        return -1;
+    }
+}
+
+} // namespace corvane

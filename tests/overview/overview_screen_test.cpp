@@ -1,0 +1,239 @@
+#include <functional>
+#include <memory>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include "overview/overview_fixture.h"
+#include "shell/quick_scene.h"
+#include "shell/ui/store_registration.h"
+
+namespace corvane {
+namespace {
+
+constexpr int patience = 5'000; // milliseconds
+
+/// The whole screen in a window of its own, worked by mouse and keyboard.
+class OverviewScreenTest : public test::OverviewFixture {
+protected:
+    OverviewScreenTest()
+    {
+        addFile("Movies/a.mov", 30'000'000);
+        addFile("Music/b.flac", 20'000'000);
+        addFile(".npm/_cacache/c", 4'000'000);
+        addProject("harbor", 5'000'000);
+        StoreRegistration::setStore(&store);
+    }
+
+    void show(QSize size = {1064, 800})
+    {
+        scene = std::make_unique<QuickScene>(
+            "Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Overview/OverviewScreen.qml\" }");
+        ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
+        scene->window()->resize(size);
+        QTest::mouseMove(scene->window(), QPoint(1, 1));
+        QTest::qWait(50);
+        ASSERT_NE(scene->item("overview.page"), nullptr);
+    }
+    void scanAndShow(QSize size = {1064, 800})
+    {
+        scanHome();
+        store.setSidebar(StorageStore::SidebarItem::overview);
+        show(size);
+    }
+
+    [[nodiscard]] QQuickItem *find(const std::function<bool(QQuickItem *)> &rule) const
+    {
+        std::function<QQuickItem *(QQuickItem *)> search = [&](QQuickItem *item) -> QQuickItem * {
+            if (!item->isVisible())
+                return nullptr;
+            if (rule(item))
+                return item;
+            for (QQuickItem *child : item->childItems()) {
+                if (QQuickItem *found = search(child))
+                    return found;
+            }
+            return nullptr;
+        };
+        return search(scene->window()->contentItem());
+    }
+    [[nodiscard]] QQuickItem *named(const QString &name, QAccessible::Role role) const
+    {
+        return find([&](QQuickItem *item) {
+            return QuickScene::accessibleName(item) == name && QuickScene::accessibleRole(item) == role;
+        });
+    }
+    [[nodiscard]] QQuickItem *button(const QString &name) const { return named(name, QAccessible::Button); }
+    [[nodiscard]] QQuickItem *link(const QString &name) const { return named(name, QAccessible::Link); }
+    [[nodiscard]] QQuickItem *row(const QString &name) const { return named(name, QAccessible::ListItem); }
+    [[nodiscard]] bool shows(const QString &text) const
+    {
+        return find([&](QQuickItem *item) { return item->property("text").toString() == text; }) != nullptr;
+    }
+    [[nodiscard]] bool tabTo(const QQuickItem *item)
+    {
+        for (int i = 0; i < 20 && !item->hasActiveFocus(); ++i)
+            scene->key(Qt::Key_Tab);
+        return item->hasActiveFocus();
+    }
+
+    std::unique_ptr<QuickScene> scene;
+};
+
+TEST_F(OverviewScreenTest, BeforeAScanItOffersTheWaysToOne)
+{
+    measure();
+    show();
+    EXPECT_TRUE(shows(QStringLiteral("Nothing scanned yet")));
+    EXPECT_TRUE(shows(QStringLiteral("Entire Disk")));
+    EXPECT_TRUE(shows(QStringLiteral(
+        "Choose what to scan. Nothing is changed or removed; Corvane only reads sizes, names and dates.")));
+    EXPECT_TRUE(shows(QStringLiteral("4 MB of safe-to-clear junk")));
+    EXPECT_FALSE(shows(QStringLiteral("Files over 100 MB")));
+    scene->click(button(QStringLiteral("Home Folder")));
+    EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
+    EXPECT_EQ(store.lastScanPath(), home);
+}
+
+TEST_F(OverviewScreenTest, TheOtherWaysScanTheDiskAndAskForAFolder)
+{
+    show();
+    const QSignalSpy wanted(&store, &StorageStore::folderWanted);
+    scene->click(button(QStringLiteral("Choose Folder…")));
+    EXPECT_EQ(wanted.count(), 1);
+    scene->click(button(QStringLiteral("Entire Disk")));
+    EXPECT_EQ(store.lastScanPath(), "/");
+}
+
+TEST_F(OverviewScreenTest, AfterAScanItSaysWhatWasFound)
+{
+    scanAndShow();
+    EXPECT_TRUE(shows(QStringLiteral("811.29 GB")));
+    EXPECT_TRUE(shows(QStringLiteral("Used")));
+    EXPECT_TRUE(shows(QStringLiteral("Total")));
+    EXPECT_TRUE(shows(QStringLiteral("available")));
+    EXPECT_TRUE(shows(QStringLiteral("Files over 100 MB")));
+    EXPECT_TRUE(shows(QStringLiteral("Project junk")));
+    EXPECT_TRUE(shows(QStringLiteral("File types")));
+    EXPECT_TRUE(shows(QStringLiteral("Biggest items in studio")));
+    EXPECT_TRUE(shows(QStringLiteral("Quick wins")));
+    EXPECT_TRUE(shows(QStringLiteral("Where's my space?")));
+    EXPECT_NE(row(QStringLiteral("Movies, 30 MB")), nullptr);
+    EXPECT_EQ(button(QStringLiteral("Home Folder")), nullptr);
+    EXPECT_EQ(link(QStringLiteral("npm Cache, 4 MB, 1 item"))->height(), 56) << "in a column of its own";
+}
+
+TEST_F(OverviewScreenTest, WithoutRoomForThreeTheQuickWinsStandBelow)
+{
+    scanAndShow({824, 600});
+    EXPECT_EQ(link(QStringLiteral("npm Cache, 4 MB, 1 item"))->height(), 46);
+    QQuickItem *const page = scene->item("overview.page");
+    EXPECT_GT(page->property("contentHeight").toReal(), page->height()) << "the page scrolls";
+}
+
+TEST_F(OverviewScreenTest, FiguresLeadWhereTheyAreExplained)
+{
+    scanAndShow();
+    scene->click(row(QStringLiteral("Music, 20 MB")));
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::explorer);
+    EXPECT_EQ(store.currentFolder()->name, "Music");
+    scene->click(button(QStringLiteral("See all")));
+    EXPECT_EQ(store.currentFolder(), store.root());
+
+    scene->click(button(QStringLiteral("Project junk: 5 MB")));
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::cleanup);
+    store.setSidebar(StorageStore::SidebarItem::overview);
+    scene->click(link(QStringLiteral("npm Cache, 4 MB, 1 item")));
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::cleanup);
+    store.setSidebar(StorageStore::SidebarItem::overview);
+    scene->click(button(QStringLiteral("Open Cleanup")));
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::cleanup);
+    scene->click(button(QStringLiteral("See Breakdown")));
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::breakdown);
+}
+
+TEST_F(OverviewScreenTest, TheKeyboardReachesEveryCommand)
+{
+    scanAndShow();
+    QQuickItem *const list = scene->item("overview.topFolders");
+    ASSERT_TRUE(tabTo(list));
+    scene->key(Qt::Key_Down);
+    EXPECT_TRUE(row(QStringLiteral("Music, 20 MB"))->property("ringed").toBool());
+    scene->key(Qt::Key_Return);
+    EXPECT_EQ(store.currentFolder()->name, "Music");
+
+    ASSERT_TRUE(tabTo(button(QStringLiteral("Open Cleanup"))));
+    scene->key(Qt::Key_Return);
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::cleanup);
+    store.setSidebar(StorageStore::SidebarItem::overview);
+    ASSERT_TRUE(tabTo(button(QStringLiteral("Project junk: 5 MB"))));
+    scene->key(Qt::Key_Space);
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::cleanup);
+}
+
+TEST_F(OverviewScreenTest, TheMenuKeyOpensTheMenuOfAnItem)
+{
+    scanAndShow();
+    ASSERT_TRUE(tabTo(scene->item("overview.topFolders")));
+    scene->key(Qt::Key_Menu);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->object("overviewMenu")->property("opened").toBool(); }, patience));
+}
+
+TEST_F(OverviewScreenTest, TheKeyboardStartsAScan)
+{
+    show();
+    ASSERT_TRUE(tabTo(button(QStringLiteral("Home Folder"))));
+    scene->key(Qt::Key_Space);
+    EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
+}
+
+TEST_F(OverviewScreenTest, WithoutAccessABannerExplainsAndLeadsToTheSettings)
+{
+    addFile("Library/x", 5'000);
+    scanAndShow();
+    EXPECT_TRUE(shows(QStringLiteral("Give Corvane Full Disk Access for complete results")));
+    EXPECT_TRUE(shows(QStringLiteral(
+        "Without it, macOS hides Mail, Safari, Trash and some app data — and may ask for permission folder by folder. "
+        "Add Corvane in System Settings › Privacy & Security › Full Disk Access, then relaunch.")));
+    const auto settingsOpened = [&] {
+        return std::ranges::count(fake.log->lines(),
+                                  "openUrl x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles");
+    };
+    scene->click(button(QStringLiteral("Open Settings")));
+    EXPECT_EQ(settingsOpened(), 1);
+
+    scene->click(button(QStringLiteral("Show Me How")));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->object("accessGuide")->property("opened").toBool(); }, patience));
+    scene->key(Qt::Key_Return);
+    EXPECT_EQ(settingsOpened(), 2);
+}
+
+TEST_F(OverviewScreenTest, WithAccessThereIsNoBanner)
+{
+    scanAndShow();
+    EXPECT_EQ(button(QStringLiteral("Show Me How")), nullptr);
+}
+
+TEST_F(OverviewScreenTest, OfLargeListsOnlyTheFirstFewAreMade)
+{
+    for (int i = 0; i < 5'000; ++i) {
+        addFile("f" + std::to_string(i) + ".mov", 1'000'000 + i);
+        addProject("p" + std::to_string(i), 1'000'000 + i * 4'096);
+    }
+    addCaches(10'000);
+    scanHome();
+    QElapsedTimer clock;
+    clock.start();
+    show();
+    const qint64 opening = clock.elapsed() - 50; // what `show` waits
+    RecordProperty("opening", static_cast<int>(opening));
+    EXPECT_LT(opening, 1'000) << "a window, its program and its first frame";
+}
+
+} // namespace
+} // namespace corvane
