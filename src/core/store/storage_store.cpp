@@ -218,11 +218,16 @@ void StorageStore::clearScan()
     m_removedDuringScan.clear();
     ++m_revision;
     if (m_breakdownLoading && m_breakdownHasTree) {
-        // It is about a tree that is no longer there. The last one stays to be looked at until the next.
-        stopBreakdown();
-        ++m_breakdownToken;
-        m_breakdownLoading = false;
-        emit breakdownChanged();
+        // It is about a tree that is no longer there. The last one stays to be looked at until the next; where there
+        // is none, the scan may take long, and the disk is told without it.
+        if (m_breakdown) {
+            stopBreakdown();
+            ++m_breakdownToken;
+            m_breakdownLoading = false;
+            emit breakdownChanged();
+        } else {
+            refreshBreakdown();
+        }
     }
 
     setCurrentFolder(nullptr);

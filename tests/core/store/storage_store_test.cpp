@@ -544,6 +544,40 @@ TEST_F(StorageStoreTest, TheBreakdownFollowsAScanAndARemoval)
     EXPECT_EQ(store.makeScanContext().rootSize, store.root()->size);
 }
 
+TEST_F(StorageStoreTest, ARescanBeforeTheFirstBreakdownIsThereMeasuresTheDiskWithoutAScan)
+{
+    store.scan(at("Projects"));
+    store.finishScan(resultNamed(at("Projects")), store.progress());
+    ASSERT_TRUE(store.breakdownLoading());
+    ASSERT_FALSE(store.breakdown());
+    Gate gate(*fake.log, "list " + at("Movies"));
+
+    store.scanHome();
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return store.breakdown().has_value(); }, patience));
+    EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
+    ASSERT_TRUE(store.breakdown());
+    EXPECT_FALSE(store.breakdown()->hasScan);
+    gate.open();
+    ASSERT_TRUE(waitForReady());
+}
+
+TEST_F(StorageStoreTest, ARescanLeavesTheLastBreakdownToBeLookedAt)
+{
+    scanHome();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.breakdownLoading(); }, patience));
+    store.refreshBreakdown();
+    Gate gate(*fake.log, "list " + at("Movies"));
+
+    store.scanHome();
+
+    EXPECT_FALSE(store.breakdownLoading());
+    ASSERT_TRUE(store.breakdown());
+    EXPECT_TRUE(store.breakdown()->hasScan);
+    gate.open();
+    ASSERT_TRUE(waitForReady());
+}
+
 TEST_F(StorageStoreTest, TheScanContextHasTheFiveLargestChildrenAndTheSystemFolderOfAWholeDiskAlone)
 {
     EXPECT_EQ(store.makeScanContext().rootPath, std::nullopt);
