@@ -24,11 +24,11 @@ ScanContext ScanContext::of(const FileNode &root, std::int64_t unreadableCount)
     context.rootSize = root.size;
     context.unreadableCount = unreadableCount;
     for (const auto &child : root.children) {
-        if (context.topChildren.size() < topChildrenShown)
-            context.topChildren.push_back({child->name, child->size});
         // Seen through "/", the sealed system volume is a folder, which has a segment of its own.
         if (*context.rootPath == "/" && child->name == "System")
             context.systemDirSize = child->size;
+        else if (context.topChildren.size() < topChildrenShown)
+            context.topChildren.push_back({child->name, child->size});
     }
     return context;
 }

@@ -25,8 +25,8 @@ struct NamedSize {
 struct ScanContext {
     std::optional<std::string> rootPath; ///< bytes; absent before the first scan
     std::int64_t rootSize = 0;
-    std::int64_t systemDirSize = 0; ///< of a whole-disk scan, what already belongs to the system volume
-    std::vector<NamedSize> topChildren;
+    std::int64_t systemDirSize = 0;     ///< of a whole-disk scan, what already belongs to the system volume
+    std::vector<NamedSize> topChildren; ///< largest first; of a whole-disk scan, not the system folder
     std::int64_t unreadableCount = 0;
     bool hasFullDiskAccess = false;
 

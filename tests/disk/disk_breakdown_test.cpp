@@ -95,5 +95,20 @@ TEST(ScanContext, TheSystemFolderCountsApartOnTheWholeDiskAlone)
     }
 }
 
+TEST(ScanContext, TheSystemFolderIsNoneOfTheLargestItemsOfTheWholeDiskForItIsNotPartOfThem)
+{
+    for (const std::string_view path : {"/", "/home/studio"}) {
+        const auto root = test::makeRoot(path);
+        test::add(root, "System", FileNode::Kind::directory, 9'000'000, 1);
+        for (int i = 1; i <= 5; ++i)
+            test::addFile(root, std::to_string(i), i * 1'000'000);
+        const ScanContext context = ScanContext::of(*root, 0);
+        ASSERT_EQ(context.topChildren.size(), 5U) << path;
+        EXPECT_EQ(context.topChildren.front(),
+                  (path == "/" ? NamedSize{"5", 5'000'000} : NamedSize{"System", 9'000'000}))
+            << path;
+    }
+}
+
 } // namespace
 } // namespace corvane
