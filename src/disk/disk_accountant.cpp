@@ -313,7 +313,7 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
 
     std::vector<NamedSize> children;
     for (std::string &name : names) {
-        const std::string child = path + "/" + name;
+        const std::string child = joined(path, name);
         // A child that contains the scanned folder is left out whole rather than partly.
         if (excluding && (child == *excluding || liesBeneath(*excluding, child)))
             continue;

@@ -73,6 +73,15 @@ TEST(MeasuringALocation, LeavesOutTheChildThatIsOrHoldsTheScannedFolder)
     EXPECT_EQ(DiskAccountant::measure(folder.path(), folder.path() + "/to").first, 8192 + 2 * 40'960);
 }
 
+TEST(MeasuringALocation, LeavesItOutOfTheWholeDiskToo)
+{
+    FakeHost fake;
+    fake.files.addFile("/opt/a", 8192);
+    fake.files.addFile("/usr/b", 4096);
+    EXPECT_EQ(DiskAccountant::measure("/", "/opt", fake.files).first, 4096);
+    EXPECT_EQ(DiskAccountant::measure("/", "/opt/deep", fake.files).first, 4096);
+}
+
 TEST(MeasuringALocation, AFileIsMeasuredAsAWholeWithoutChildren)
 {
     TemporaryFolder folder;
