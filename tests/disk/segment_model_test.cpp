@@ -87,6 +87,14 @@ TEST_F(SegmentModelTest, SharesAreWholePercentOfTheUsedSpace)
     EXPECT_EQ(text(1, SegmentModel::ShareTextRole), "0%");
 }
 
+TEST_F(SegmentModelTest, AShareHalfwayBetweenTwoGoesToTheEvenOne)
+{
+    model.setSegments({segment("a", 5), segment("b", 3), segment("c", 1)}, 200);
+    EXPECT_EQ(text(0, SegmentModel::ShareTextRole), "2%");
+    EXPECT_EQ(text(1, SegmentModel::ShareTextRole), "2%");
+    EXPECT_EQ(text(2, SegmentModel::ShareTextRole), "0%");
+}
+
 TEST_F(SegmentModelTest, OfNothingUsedEveryShareIsZero)
 {
     model.setSegments({segment("a", 994)}, 0);

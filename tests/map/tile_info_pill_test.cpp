@@ -40,6 +40,12 @@ TEST(TileInfoPill, AnAggregateShowsSizeAndShareOnly)
     EXPECT_EQ(info(nullptr, 320'000'000, 0.04), QStringLiteral("320 MB · 0.0%"));
 }
 
+TEST(TileInfoPill, AShareHalfwayBetweenTwoGoesToTheEvenOne)
+{
+    EXPECT_EQ(info(nullptr, 1'000'000, 12.25), QStringLiteral("1 MB · 12.2%"));
+    EXPECT_EQ(info(nullptr, 1'000'000, 12.75), QStringLiteral("1 MB · 12.8%"));
+}
+
 TEST(TileInfoPill, TheTitleIsTheLabelAsText)
 {
     const TileInfoPill pill(TreemapTile{.node = nullptr, .label = "broken\xff", .size = 1, .rect = {}, .color = {}});

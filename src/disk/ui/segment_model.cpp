@@ -4,6 +4,8 @@
 
 #include <QColor>
 
+#include <fmt/format.h>
+
 #include "core/byte_count.h"
 #include "core/store/path_text.h"
 
@@ -14,7 +16,8 @@ namespace {
 QString shareText(std::int64_t size, std::int64_t used)
 {
     const double percent = used < 1 ? 0 : 100.0 * static_cast<double>(size) / static_cast<double>(used);
-    return QString::asprintf("%.0f%%", percent);
+    // Not by Qt, which rounds what lies halfway up instead of to the even figure.
+    return QString::fromStdString(fmt::format("{:.0f}%", percent));
 }
 
 QString sizeText(std::int64_t size)

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
 #include "core/byte_count.h"
 #include "core/store/path_text.h"
 
@@ -54,7 +56,8 @@ double percentOf(std::int64_t size, std::int64_t whole)
 
 QString percentText(double percent)
 {
-    return QString::asprintf("%.1f%%", percent);
+    // Not by Qt, which rounds what lies halfway up instead of to the even figure.
+    return QString::fromStdString(fmt::format("{:.1f}%", percent));
 }
 
 } // namespace corvane
