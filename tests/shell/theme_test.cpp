@@ -190,6 +190,21 @@ TEST_F(ThemeTest, TranslucentColorsKeepTheirOpacity)
     EXPECT_NEAR(theme.fillqPress().alphaF(), 0.135, 0.005);
 }
 
+TEST_F(ThemeTest, ALineAroundASoftGroundIsAsIfItLayOnThatGround)
+{
+    Theme theme(desktop, nullptr);
+    for (const bool dark : {false, true}) {
+        theme.setDark(dark);
+        const QColor ground = over(theme.accentSoft(), theme.window());
+        const QColor wanted = over(theme.withAlpha(theme.accent(), 0.3), ground);
+        const QColor line = over(theme.accentLine(), theme.window());
+        EXPECT_NEAR(line.red(), wanted.red(), 1);
+        EXPECT_NEAR(line.green(), wanted.green(), 1);
+        EXPECT_NEAR(line.blue(), wanted.blue(), 1);
+        EXPECT_GE(contrast(line, ground), 1.2);
+    }
+}
+
 TEST_F(ThemeTest, SolidFillDarkensOnlyAsFarAsWhiteNeeds)
 {
     const Theme theme(desktop, nullptr);

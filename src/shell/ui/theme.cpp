@@ -63,12 +63,20 @@ QColor translucent(int red, int green, int blue, double alpha)
     return QColor(red, green, blue, qRound(alpha * 255));
 }
 
-/// One colour at two coats: what covers a ground that the colour covers already.
-QColor twice(QColor color)
+/// What two translucent colours, one over the other, come to.
+QColor overlaid(const QColor &above, const QColor &below)
 {
-    const float rest = 1 - color.alphaF();
-    color.setAlphaF(1 - rest * rest);
-    return color;
+    const float alpha = 1 - (1 - above.alphaF()) * (1 - below.alphaF());
+    const float share = above.alphaF() / alpha;
+    const auto mixed = [share](float a, float b) { return share * a + (1 - share) * b; };
+    return QColor::fromRgbF(mixed(above.redF(), below.redF()), mixed(above.greenF(), below.greenF()),
+                            mixed(above.blueF(), below.blueF()), alpha);
+}
+
+/// One colour at two coats: what covers a ground that the colour covers already.
+QColor twice(const QColor &color)
+{
+    return overlaid(color, color);
 }
 
 QColor darkened(const QColor &color, float share)
@@ -492,7 +500,8 @@ QColor Theme::dangerFillPress() const
 
 QColor Theme::accentLine() const
 {
-    return withAlpha(colors().accent, 0.3);
+    // A rectangle does not reach under its own border.
+    return overlaid(withAlpha(colors().accent, 0.3), accentSoft());
 }
 
 QColor Theme::checkOutline() const
