@@ -54,6 +54,8 @@ HeaderBand {
             font: Theme.secondaryFiguresFont
             color: Theme.t2
             visible: text !== ""
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
 }
