@@ -318,7 +318,7 @@ TEST_F(BreakdownPresenterTest, FromTheSeventhOnSnapshotsAreCounted)
     EXPECT_EQ(presenter.moreSnapshots(), QStringLiteral("+ 3 more"));
 }
 
-TEST_F(BreakdownPresenterTest, ACommandIsCopiedAsItIsAndSaidForSixteenTenthsOfASecond)
+TEST_F(BreakdownPresenterTest, ACommandIsCopiedAsItIsAndSaidForTwoSeconds)
 {
     EXPECT_EQ(presenter.listCommand(), QStringLiteral("tmutil listlocalsnapshots /"));
     EXPECT_EQ(presenter.thinCommand(), QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4"));
@@ -331,8 +331,7 @@ TEST_F(BreakdownPresenterTest, ACommandIsCopiedAsItIsAndSaidForSixteenTenthsOfAS
     EXPECT_EQ(QGuiApplication::clipboard()->text(), presenter.thinCommand());
     EXPECT_EQ(presenter.copied(), presenter.thinCommand());
     ASSERT_TRUE(QTest::qWaitFor([&] { return presenter.copied().isEmpty(); }, patience));
-    EXPECT_GE(time.elapsed(), 1'500);
-    EXPECT_EQ(BreakdownPresenter::copiedStay, 1'600);
+    EXPECT_GE(time.elapsed(), 1'900);
 }
 
 TEST_F(BreakdownPresenterTest, OnlyTheCommandCopiedLastIsSaidToBe)

@@ -70,7 +70,7 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QString copied READ copied NOTIFY copiedChanged)
 
 public:
-    static constexpr int copiedStay = 1600; // milliseconds
+    static constexpr int copiedStay = 2000; // milliseconds
 
     explicit BreakdownPresenter(QObject *parent = nullptr);
 
