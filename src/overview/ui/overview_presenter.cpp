@@ -6,6 +6,8 @@
 
 #include <QLocale>
 
+#include <fmt/format.h>
+
 #include "cleanup/ui/cleanup_words.h"
 #include "core/byte_count.h"
 #include "core/checked_add.h"
@@ -208,7 +210,7 @@ void OverviewPresenter::followTree()
 QString OverviewPresenter::scannedLine() const
 {
     return hasScan() ? QStringLiteral("Scanned ") + scannedName() +
-                           QString::asprintf(" in %.1f seconds", m_store->scanDuration())
+                           QString::fromStdString(fmt::format(" in {:.1f} seconds", m_store->scanDuration()))
                      : QString();
 }
 
