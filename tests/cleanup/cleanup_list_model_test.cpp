@@ -363,6 +363,22 @@ TEST_F(CleanupListModelTest, ARemovedBuildFolderLeavesTheListAndTheTotal)
     EXPECT_EQ(text(header, Model::SizeTextRole), QStringLiteral("2 MB"));
 }
 
+TEST_F(CleanupListModelTest, ABuildFolderThatARemovalEmptiesIsNotOfferedAnyMore)
+{
+    addProject("small", 2'000'000);
+    addProject("harbor", 5'000'000);
+    addFile("Projects/harbor/node_modules/last.bin", 1'000'000);
+    scanHome();
+    removeItem("Projects/harbor/node_modules/blob.bin", 5'000'000);
+    const int header = rowOf(QStringLiteral("Project Build Artifacts"));
+    EXPECT_EQ(text(header + 1), QStringLiteral("small/node_modules"));
+    EXPECT_EQ(text(header + 2), QStringLiteral("harbor/node_modules"));
+    EXPECT_EQ(text(header + 2, Model::SizeTextRole), QStringLiteral("1 MB"));
+    removeItem("Projects/harbor/node_modules/last.bin", 1'000'000);
+    EXPECT_EQ(header + 2, model.rowCount());
+    EXPECT_EQ(text(header, Model::SizeTextRole), QStringLiteral("2 MB"));
+}
+
 TEST_F(CleanupListModelTest, ANewScanTakesTheOldBuildFoldersAway)
 {
     addProject("harbor", 5'000'000);

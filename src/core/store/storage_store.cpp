@@ -560,7 +560,9 @@ bool StorageStore::dropFromTree(std::span<const SelectedEntry> removed)
         const bool isShrunkPackage = file->kind == FileNode::Kind::package && file->size < Scanner::smallFileLimit;
         return isShrunkPackage || gone.contains(file.get());
     });
-    std::erase_if(m_devJunk, [&gone](const DevJunkItem &item) { return gone.contains(item.node.get()); });
+    // A build folder that was emptied is no more offered than one that a scan finds empty.
+    std::erase_if(m_devJunk,
+                  [&gone](const DevJunkItem &item) { return item.node->size < 1 || gone.contains(item.node.get()); });
     // What contained a removed item has become smaller.
     std::ranges::stable_sort(m_allFiles, std::ranges::greater(), &FileNode::size);
     std::ranges::stable_sort(m_devJunk, std::ranges::greater(),
