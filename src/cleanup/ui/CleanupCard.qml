@@ -74,6 +74,8 @@ BoxRow {
             text: card.note
             font: Theme.secondaryFont
             color: Theme.t2
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
     Item {

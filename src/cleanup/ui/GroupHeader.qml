@@ -48,6 +48,9 @@ Item {
             text: header.note
             font: Theme.secondaryFont
             color: Theme.t2
+            visible: text !== ""
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
         PlainText {
             id: total

@@ -38,6 +38,8 @@ BoxRow {
             text: row.note
             font: Theme.secondaryFont
             color: Theme.t2
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
     PillButton {

@@ -49,6 +49,9 @@ Item {
         text: head.detail
         font: Theme.secondaryFiguresFont
         color: Theme.t2
+        visible: text !== ""
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
     Row {
         id: place

@@ -52,6 +52,8 @@ Rectangle {
         elide: Text.ElideNone
         lineHeightMode: Text.FixedHeight
         lineHeight: Theme.secondaryLine
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
     PushButton {
         id: guide
