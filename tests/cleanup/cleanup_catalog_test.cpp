@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <mutex>
 
 #include <gtest/gtest.h>
 
@@ -31,6 +32,7 @@ public:
     std::string homeFolder() override { return m_home; }
     std::optional<std::string> ownPlaceFor(std::string_view macPlace) override
     {
+        const std::scoped_lock lock(m_lock); // the places are measured at the same time
         askedPlaces.emplace_back(macPlace);
         return ownPlace;
     }
@@ -42,6 +44,7 @@ public:
 private:
     FileSystem &m_files = systemHost().files;
     std::string m_home;
+    std::mutex m_lock;
 };
 
 class CleanupCatalogTest : public testing::Test {
