@@ -63,12 +63,24 @@ public:
     [[nodiscard]] virtual Time modified() const = 0;
 };
 
+/// Tells one item from whatever takes its place: its kind, and its number on its device. All zeros where unknown.
+struct ItemIdentity {
+    EntryType type = EntryType::file;
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+
+    [[nodiscard]] bool isKnown() const { return device != 0 || inode != 0; }
+
+    friend bool operator==(const ItemIdentity &, const ItemIdentity &) = default;
+};
+
 /// What one path is, looked at without following a link in its last component.
 struct ItemFacts {
     EntryType type = EntryType::file;
     bool isPackage = false;
     std::int64_t allocated = 0; ///< the item's own bytes on disk; nothing beneath it is counted
     Time modified = distantPast;
+    ItemIdentity identity = {};
 };
 
 /// Files and folders as the system sees them. Every call may be made from any thread; paths are bytes.

@@ -289,7 +289,8 @@ Expected<ItemFacts> FakeFileSystem::facts(const std::string &path)
     const Item &found = **item;
     if (found.facts)
         return failure("look at", path, found.facts->code);
-    return ItemFacts{found.type, isPackage(found), found.allocated, found.modified};
+    return ItemFacts{found.type, isPackage(found), found.allocated, found.modified,
+                     ItemIdentity{found.type, found.identity.device, found.identity.inode}};
 }
 
 bool FakeFileSystem::exists(const std::string &path)

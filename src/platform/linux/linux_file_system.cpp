@@ -60,7 +60,8 @@ Expected<ItemFacts> LinuxFileSystem::facts(const std::string &path)
     return ItemFacts{.type = type,
                      .isPackage = type == EntryType::directory && isKnownPackageExtension(extension),
                      .allocated = allocatedBytes(facts),
-                     .modified = modificationTime(facts)};
+                     .modified = modificationTime(facts),
+                     .identity = {.type = type, .device = facts.st_dev, .inode = facts.st_ino}};
 }
 
 bool LinuxFileSystem::exists(const std::string &path)

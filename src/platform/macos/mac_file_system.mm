@@ -69,6 +69,9 @@ Expected<ItemFacts> MacFileSystem::facts(const std::string &path)
     facts.isPackage = facts.type == EntryType::directory && isShownAsPackage(path);
     facts.allocated = static_cast<std::int64_t>(status.st_blocks) * S_BLKSIZE;
     facts.modified = Time(std::chrono::seconds(status.st_mtimespec.tv_sec));
+    facts.identity = {.type = facts.type,
+                      .device = static_cast<std::uint64_t>(status.st_dev),
+                      .inode = static_cast<std::uint64_t>(status.st_ino)};
     return facts;
 }
 
