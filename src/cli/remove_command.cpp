@@ -88,8 +88,8 @@ ExitStatus RemoveCommand::run(Console &console, const Host &host) const
         writeRemovalJson(outcome, message, console.out);
     else
         console.out.write(displayText(message) + "\n");
-    for (const std::string &failure : outcome.failures)
-        console.complain(failure);
+    for (const RemovalFailure &failure : outcome.failures)
+        console.complain(failure.line);
     return outcome.failures.empty() ? ExitStatus::done : ExitStatus::doneWithFailures;
 }
 

@@ -22,8 +22,8 @@ void writeRemovalJson(const RemovalOutcome &outcome, std::string_view message, O
     json.endArray();
     json.key("failures");
     json.beginArray();
-    for (const std::string &failure : outcome.failures)
-        json.text(failure);
+    for (const RemovalFailure &failure : outcome.failures)
+        json.text(failure.line);
     json.endArray();
     json.endObject();
     json.finish();

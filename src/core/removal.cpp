@@ -124,7 +124,7 @@ std::optional<std::string> failureOf(const RemovalStep &step, const ProtectedLoc
 } // namespace
 
 std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanently, const ProtectedLocations &locations,
-                                       const std::vector<std::string> &trashFolders)
+                                       const std::vector<std::string> &trashFolders, const SeenItems &seen)
 {
     const TrashFolders folders(locations, trashFolders);
     std::vector<RemovalStep> steps;
@@ -135,20 +135,26 @@ std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanentl
             step.action = RemovalStep::Action::refuse;
         else if (permanently || folders.contain(path))
             step.action = RemovalStep::Action::erase;
+        if (const auto item = seen.find(path); item != seen.end())
+            step.seen = item->second;
         steps.push_back(std::move(step));
     }
     return steps;
 }
 
 RemovalOutcome Removal::perform(const std::vector<RemovalStep> &steps, const ProtectedLocations &locations,
-                                const Host &host)
+                                const Host &host, const StopFlag &stop)
 {
     const TrashFolders trashFolders(locations, host.trash.trashFolders());
     RemovalOutcome outcome;
     for (const RemovalStep &step : steps) {
+        if (stop) {
+            outcome.isStopped = true;
+            break;
+        }
         if (const std::optional<std::string> reason = failureOf(step, locations, trashFolders, host)) {
             const std::string name(lastPathComponent(standardizedPath(step.path, locations.home())));
-            outcome.failures.push_back(name + ": " + *reason);
+            outcome.failures.push_back({.path = step.path, .line = name + ": " + *reason});
         } else {
             outcome.removed.push_back({step.path, step.size});
         }
@@ -173,7 +179,8 @@ std::string Removal::message(const RemovalOutcome &outcome, bool permanently)
         message = fmt::format("Moved {} ({}) to Trash — empty it to free the space", items, formatByteCount(total));
 
     if (!outcome.failures.empty()) {
-        message += fmt::format(" · {} couldn't be removed ({})", outcome.failures.size(), outcome.failures.front());
+        message +=
+            fmt::format(" · {} couldn't be removed ({})", outcome.failures.size(), outcome.failures.front().line);
     }
     return message;
 }
@@ -182,7 +189,10 @@ std::string Removal::logText(const RemovalOutcome &outcome)
 {
     if (outcome.failures.empty())
         return {};
-    return fmt::format("Corvane removal failures:\n{}", fmt::join(outcome.failures, "\n"));
+    std::string text = "Corvane removal failures:";
+    for (const RemovalFailure &failure : outcome.failures)
+        text.append("\n").append(failure.line);
+    return text;
 }
 
 } // namespace corvane

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/path_guard.h"
 #include "core/selected_entry.h"
 #include "core/selection.h"
+#include "core/stop_flag.h"
 #include "platform/host.h"
 
 namespace corvane {
@@ -18,14 +20,34 @@ struct RemovalStep {
     std::string path;
     std::int64_t size = 0;
     Action action = Action::refuse;
+    std::optional<ItemIdentity> seen = std::nullopt; ///< what was selected; anything else by now stays
 
     friend bool operator==(const RemovalStep &, const RemovalStep &) = default;
+};
+
+/// An entry that could not be removed.
+struct RemovalFailure {
+    /// What is at the entry's path now, as far as the removal knows.
+    enum class Left {
+        asItWas,
+        somethingElse, ///< another item than the one that was selected
+        aPart,         ///< of a folder that was to be deleted, what resisted
+        nothing,       ///< it was gone before
+    };
+
+    std::string path;
+    std::string line; ///< name, ": ", reason
+    Left left = Left::asItWas;
+    std::int64_t freed = 0; ///< bytes of the part that was deleted
+
+    friend bool operator==(const RemovalFailure &, const RemovalFailure &) = default;
 };
 
 /// What really happened.
 struct RemovalOutcome {
     std::vector<SelectedEntry> removed;
-    std::vector<std::string> failures; ///< one line each: name, ": ", reason
+    std::vector<RemovalFailure> failures = {};
+    bool isStopped = false; ///< further steps were not begun
 };
 
 /// The removal of a selection: first the list of what would happen, which touches nothing, then the doing.
@@ -34,13 +56,15 @@ struct Removal {
     /// is refused: the system might take it for another item than the one that was judged.
     [[nodiscard]] static std::vector<RemovalStep> plan(const Selection &entries, bool permanently,
                                                        const ProtectedLocations &locations,
-                                                       const std::vector<std::string> &trashFolders);
+                                                       const std::vector<std::string> &trashFolders,
+                                                       const SeenItems &seen = {});
 
     /// Carries the steps out one after another, looking at each item again just before it is touched: what turns out
     /// to lie in the Trash already is erased. Blocks; off the main thread. Never turns to deleting where the Trash
-    /// failed.
+    /// failed. Once stopped, it finishes the item that it is at.
     [[nodiscard]] static RemovalOutcome perform(const std::vector<RemovalStep> &steps,
-                                                const ProtectedLocations &locations, const Host &host);
+                                                const ProtectedLocations &locations, const Host &host,
+                                                const StopFlag &stop = neverStopped);
 
     /// The one short message for people.
     [[nodiscard]] static std::string message(const RemovalOutcome &outcome, bool permanently);

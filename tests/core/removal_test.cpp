@@ -62,6 +62,14 @@ protected:
 using Lines = std::vector<std::string>;
 using Entries = std::vector<SelectedEntry>;
 
+Lines failureLines(const RemovalOutcome &outcome)
+{
+    Lines lines;
+    for (const RemovalFailure &failure : outcome.failures)
+        lines.push_back(failure.line);
+    return lines;
+}
+
 TEST(RemovalPlan, HasOneStepForEachEntryInTheOrderOfTheirPaths)
 {
     const auto steps = planFor({{"/srv/b", 2}, {"/srv/a", 1}, {"/usr/x", 3}}, false);
@@ -162,7 +170,7 @@ TEST_F(RemovalOf, AProtectedItemIsRefusedWithoutTouchingIt)
     for (const bool permanently : {false, true}) {
         const RemovalOutcome outcome = remove({{"/Users/me/Documents", 5}}, permanently);
         EXPECT_TRUE(outcome.removed.empty());
-        EXPECT_EQ(outcome.failures, Lines{"Documents: protected location"});
+        EXPECT_EQ(failureLines(outcome), Lines{"Documents: protected location"});
     }
     EXPECT_TRUE(deeds().empty());
 }
@@ -172,7 +180,7 @@ TEST_F(RemovalOf, AnItemThatVanishedIsAFailureThatSaysSo)
     for (const bool permanently : {false, true}) {
         const RemovalOutcome outcome = remove({{"/Users/me/a", 5}}, permanently);
         EXPECT_TRUE(outcome.removed.empty());
-        EXPECT_EQ(outcome.failures, Lines{"a: No such file or directory"});
+        EXPECT_EQ(failureLines(outcome), Lines{"a: No such file or directory"});
     }
     EXPECT_TRUE(deeds().empty());
 }
@@ -181,7 +189,7 @@ TEST_F(RemovalOf, AnItemThatCannotBeLookedAtIsAFailure)
 {
     fake.files.addFile("/Users/me/a", 5);
     fake.files.failFacts("/Users/me/a", std::errc::permission_denied);
-    EXPECT_EQ(remove({{"/Users/me/a", 5}}).failures, Lines{"a: Permission denied"});
+    EXPECT_EQ(failureLines(remove({{"/Users/me/a", 5}})), Lines{"a: Permission denied"});
     EXPECT_TRUE(deeds().empty());
 }
 
@@ -194,7 +202,7 @@ TEST_F(RemovalOf, AnItemThatVanishesOnTheWayToTheTrashIsAFailure)
     });
     const RemovalOutcome outcome = remove({{"/Users/me/a", 5}});
     EXPECT_TRUE(outcome.removed.empty());
-    EXPECT_EQ(outcome.failures, Lines{"a: No such file or directory"});
+    EXPECT_EQ(failureLines(outcome), Lines{"a: No such file or directory"});
     EXPECT_EQ(deeds(), Lines{"trashItem /Users/me/a"});
 }
 
@@ -203,7 +211,8 @@ TEST_F(RemovalOf, AnItemBehindALinkToAProtectedPlaceIsRefused)
     fake.files.addFolder("/usr/lib");
     fake.files.addLink("/Users/me/link-to-usr", "/usr");
     for (const bool permanently : {false, true})
-        EXPECT_EQ(remove({{"/Users/me/link-to-usr/lib", 5}}, permanently).failures, Lines{"lib: protected location"});
+        EXPECT_EQ(failureLines(remove({{"/Users/me/link-to-usr/lib", 5}}, permanently)),
+                  Lines{"lib: protected location"});
     EXPECT_TRUE(deeds().empty());
     EXPECT_TRUE(fake.files.has("/usr/lib"));
 }
@@ -220,7 +229,7 @@ TEST_F(RemovalOf, AnItemWhoseFolderBecameALinkSinceThePlanIsRefused)
 
         const RemovalOutcome outcome = Removal::perform(steps, locations(), system.host());
         EXPECT_TRUE(outcome.removed.empty());
-        EXPECT_EQ(outcome.failures, Lines{"lib: protected location"});
+        EXPECT_EQ(failureLines(outcome), Lines{"lib: protected location"});
         EXPECT_TRUE(system.files.has("/usr/lib"));
     }
 }
@@ -239,7 +248,7 @@ TEST_F(RemovalOf, EachItemIsLookedAtJustBeforeItIsTouched)
     });
     const RemovalOutcome outcome = remove({{"/Users/me/a", 1}, {"/Users/me/work/lib", 2}});
     EXPECT_EQ(outcome.removed, (Entries{{"/Users/me/a", 1}}));
-    EXPECT_EQ(outcome.failures, Lines{"lib: protected location"});
+    EXPECT_EQ(failureLines(outcome), Lines{"lib: protected location"});
 }
 
 TEST_F(RemovalOf, AnItemBehindALinkInTheTrashDeletesNothing)
@@ -247,7 +256,7 @@ TEST_F(RemovalOf, AnItemBehindALinkInTheTrashDeletesNothing)
     fake.files.addFile("/Users/me/Documents/thesis.pdf", 5);
     fake.files.addLink("/Users/me/.Trash/link", "/Users/me/Documents");
     const RemovalOutcome outcome = remove({{"/Users/me/.Trash/link/thesis.pdf", 5}});
-    EXPECT_EQ(outcome.failures, Lines{"thesis.pdf: not in the Trash"});
+    EXPECT_EQ(failureLines(outcome), Lines{"thesis.pdf: not in the Trash"});
     EXPECT_TRUE(deeds().empty());
 
     EXPECT_EQ(remove({{"/Users/me/.Trash/link", 1}}).removed.size(), 1u) << "the link itself is in the Trash";
@@ -322,7 +331,7 @@ TEST_F(RemovalOf, AnItemWhosePathIsNotPlainTouchesNothing)
             Removal::perform({{"/Users/me/x/y/.", 1, action}, {"/Users/me/x/link/../y", 1, action}, {"~/x", 1, action}},
                              locations(), fake.host());
         EXPECT_TRUE(outcome.removed.empty());
-        EXPECT_EQ(outcome.failures, (Lines{"y: not a plain path", "y: not a plain path", "x: not a plain path"}));
+        EXPECT_EQ(failureLines(outcome), (Lines{"y: not a plain path", "y: not a plain path", "x: not a plain path"}));
     }
     EXPECT_TRUE(fake.log->lines().empty());
 }
@@ -332,7 +341,8 @@ TEST_F(RemovalOf, AnItemWhoseFolderCannotBeResolvedFailsAndIsNotTouched)
     fake.files.addLink("/Users/me/loop", "/Users/me/loop");
     for (const bool permanently : {false, true}) {
         const RemovalOutcome outcome = remove({{"/Users/me/loop/a", 1}, {"/Users/me/none/b", 1}}, permanently);
-        EXPECT_EQ(outcome.failures, (Lines{"a: Too many levels of symbolic links", "b: No such file or directory"}));
+        EXPECT_EQ(failureLines(outcome),
+                  (Lines{"a: Too many levels of symbolic links", "b: No such file or directory"}));
     }
     EXPECT_TRUE(deeds().empty());
 }
@@ -389,7 +399,7 @@ TEST_F(RemovalOf, AnItemThatTheFinderLeavesWhereItIsFails)
     fake.trash.pretend(Operation::deleteThroughFinder, "/Users/me/a");
     const RemovalOutcome outcome = remove({{"/Users/me/a", 5}});
     EXPECT_TRUE(outcome.removed.empty());
-    EXPECT_EQ(outcome.failures, Lines{"a: The volume has no Trash."});
+    EXPECT_EQ(failureLines(outcome), Lines{"a: The volume has no Trash."});
 }
 
 TEST_F(RemovalOf, AnItemThatTheFinderTookWorkedWhateverItAnswered)
@@ -424,7 +434,7 @@ TEST_F(RemovalOf, AnItemOnASystemWithoutOtherWaysSaysWhatTheTrashSaid)
     fake.trash.lack(Operation::deleteThroughFinder);
     fake.trash.fail(Operation::trashItem, "/Users/me/a", "Trashing on this disk is not supported.");
     fake.trash.fail(Operation::trashItem, "/Users/me/A.app", "Trashing on this disk is not supported.");
-    EXPECT_EQ(remove({{"/Users/me/a", 5}, {"/Users/me/A.app", 5}}).failures,
+    EXPECT_EQ(failureLines(remove({{"/Users/me/a", 5}, {"/Users/me/A.app", 5}})),
               (Lines{"A.app: Trashing on this disk is not supported.", "a: Trashing on this disk is not supported."}));
 }
 
@@ -443,7 +453,7 @@ TEST_F(RemovalOf, AnApplicationThatCannotBeRecycledDoesNotAskTheFinder)
     fake.trash.fail(Operation::trashItem, "/Applications/A.app", "Permission is missing.");
     fake.trash.fail(Operation::recycle, "/Applications/A.app", "Other.");
     const RemovalOutcome outcome = remove({{"/Applications/A.app", 5}});
-    EXPECT_EQ(outcome.failures, Lines{"A.app: Permission is missing."});
+    EXPECT_EQ(failureLines(outcome), Lines{"A.app: Permission is missing."});
     EXPECT_EQ(deeds(), (Lines{"trashItem /Applications/A.app", "recycle /Applications/A.app"}));
 }
 
@@ -467,7 +477,7 @@ TEST_F(RemovalOf, ALinkIsNeverHandedToTheFinderWhichWouldFollowIt)
     fake.files.addFolder("/Users/me/Documents");
     fake.files.addLink("/Users/me/link", "/Users/me/Documents");
     fake.trash.fail(Operation::trashItem, "/Users/me/link", "No.");
-    EXPECT_EQ(remove({{"/Users/me/link", 0}}).failures, Lines{"link: No."});
+    EXPECT_EQ(failureLines(remove({{"/Users/me/link", 0}})), Lines{"link: No."});
     EXPECT_EQ(deeds(), Lines{"trashItem /Users/me/link"});
 }
 
@@ -477,7 +487,7 @@ TEST_F(RemovalOf, AFolderThatIsOnlyPartlyDeletedIsAFailure)
     fake.files.failRemoval("/Users/me/x", std::errc::permission_denied, "“a” could not be deleted.");
     const RemovalOutcome outcome = remove({{"/Users/me/x", 5}}, true);
     EXPECT_TRUE(outcome.removed.empty());
-    EXPECT_EQ(outcome.failures, Lines{"x: “a” could not be deleted."});
+    EXPECT_EQ(failureLines(outcome), Lines{"x: “a” could not be deleted."});
 }
 
 TEST_F(RemovalOf, OneItemThatFailsDoesNotStopTheOthers)
@@ -488,8 +498,36 @@ TEST_F(RemovalOf, OneItemThatFailsDoesNotStopTheOthers)
     const RemovalOutcome outcome =
         remove({{"/Users/me/a", 1}, {"/Users/me/b", 2}, {"/Users/me/c", 3}, {"/Users/me/d", 4}, {"/usr", 5}}, true);
     EXPECT_EQ(outcome.removed, (Entries{{"/Users/me/a", 1}, {"/Users/me/d", 4}}));
-    EXPECT_EQ(outcome.failures,
+    EXPECT_EQ(failureLines(outcome),
               (Lines{"b: Permission denied", "c: No such file or directory", "usr: protected location"}));
+}
+
+TEST_F(RemovalOf, ItemsFinishesTheOneAtHandWhenItIsStopped)
+{
+    for (const char *path : {"/Users/me/a", "/Users/me/b", "/Users/me/c"})
+        fake.files.addFile(path, 5);
+    StopFlag stop = false;
+    fake.log->observe([&](const std::string &line) {
+        if (line == "trashItem /Users/me/b")
+            stop = true;
+    });
+    const auto steps = planFor({{"/Users/me/a", 1}, {"/Users/me/b", 2}, {"/Users/me/c", 3}}, false);
+    const RemovalOutcome outcome = Removal::perform(steps, locations(), fake.host(), stop);
+    EXPECT_TRUE(outcome.isStopped);
+    EXPECT_EQ(outcome.removed, (Entries{{"/Users/me/a", 1}, {"/Users/me/b", 2}}));
+    EXPECT_TRUE(outcome.failures.empty());
+    EXPECT_TRUE(fake.files.has("/Users/me/c"));
+}
+
+TEST_F(RemovalOf, ItemsThatIsStoppedAfterTheLastOneIsWhole)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    StopFlag stop = false;
+    fake.log->observe([&](const std::string &line) {
+        if (line == "trashItem /Users/me/a")
+            stop = true;
+    });
+    EXPECT_FALSE(Removal::perform(planFor({{"/Users/me/a", 1}}, false), locations(), fake.host(), stop).isStopped);
 }
 
 TEST_F(RemovalOf, ItemsOnARealDiskLeavesWhatTheirLinksLeadTo)
@@ -507,7 +545,7 @@ TEST_F(RemovalOf, ItemsOnARealDiskLeavesWhatTheirLinksLeadTo)
 
     const RemovalOutcome outcome = Removal::perform(Removal::plan(entries, true, ofDisk, {}), ofDisk, host);
     EXPECT_EQ(outcome.removed, (Entries{{disk / "home/link", 0}, {disk / "home/x", 5}}));
-    EXPECT_EQ(outcome.failures, (Lines{"Documents: protected location", "missing: No such file or directory"}));
+    EXPECT_EQ(failureLines(outcome), (Lines{"Documents: protected location", "missing: No such file or directory"}));
     EXPECT_FALSE(disk.has("home/x"));
     EXPECT_FALSE(disk.has("home/link"));
     EXPECT_TRUE(disk.has("keep/thesis.txt"));
@@ -537,21 +575,21 @@ TEST(RemovalMessage, OfNothing)
 
 TEST(RemovalMessage, NamesTheFirstFailureAndCountsThemAll)
 {
-    EXPECT_EQ(Removal::message({.removed = {}, .failures = {"a: no"}}, true),
+    EXPECT_EQ(Removal::message({.removed = {}, .failures = {{"/a", "a: no"}}}, true),
               "Nothing was removed · 1 couldn't be removed (a: no)");
-    EXPECT_EQ(Removal::message({.removed = {{"/x", 1000}}, .failures = {"a: no", "b: never"}}, false),
+    EXPECT_EQ(Removal::message({.removed = {{"/x", 1000}}, .failures = {{"/a", "a: no"}, {"/b", "b: never"}}}, false),
               "Moved 1 item (1 KB) to Trash — empty it to free the space · 2 couldn't be removed (a: no)");
 }
 
 TEST(RemovalMessage, KeepsTextThatLooksLikeAFormat)
 {
-    EXPECT_EQ(Removal::message({.removed = {}, .failures = {"{0} %s: no"}}, false),
+    EXPECT_EQ(Removal::message({.removed = {}, .failures = {{"/{0} %s", "{0} %s: no"}}}, false),
               "Nothing was removed · 1 couldn't be removed ({0} %s: no)");
 }
 
 TEST(RemovalLog, HoldsEveryFailureOnItsLine)
 {
-    EXPECT_EQ(Removal::logText({.removed = {}, .failures = {"a: no", "b: {}"}}),
+    EXPECT_EQ(Removal::logText({.removed = {}, .failures = {{"/a", "a: no"}, {"/b", "b: {}"}}}),
               "Corvane removal failures:\na: no\nb: {}");
     EXPECT_EQ(Removal::logText({.removed = {{"/a", 1}}, .failures = {}}), "");
 }

@@ -513,15 +513,9 @@ void StorageStore::remove(const Selection &entries, bool permanently)
     m_isRemoving = true;
     emit isRemovingChanged();
     m_pool.start([this, entries, permanently] {
-        RemovalOutcome outcome;
-        for (const RemovalStep &step : Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders())) {
-            // Whoever quits wants no further item touched.
-            if (m_isClosing)
-                break;
-            RemovalOutcome one = Removal::perform({step}, m_locations, m_host);
-            std::ranges::move(one.removed, std::back_inserter(outcome.removed));
-            std::ranges::move(one.failures, std::back_inserter(outcome.failures));
-        }
+        const auto steps = Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders());
+        // Stop between items when the application is closing.
+        RemovalOutcome outcome = Removal::perform(steps, m_locations, m_host, m_isClosing);
         QMetaObject::invokeMethod(
             this, [this, outcome = std::move(outcome), permanently] { didRemove(outcome, permanently); },
             Qt::QueuedConnection);

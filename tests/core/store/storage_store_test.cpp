@@ -381,7 +381,7 @@ TEST_F(StorageStoreTest, RemovingTheScannedFolderItselfEndsTheScan)
 TEST_F(StorageStoreTest, AFailureIsReportedOnceAndLogged)
 {
     scanHome();
-    store.didRemove({{}, {"a.mov: Operation not permitted"}}, false);
+    store.didRemove({{}, {{at("Movies/a.mov"), "a.mov: Operation not permitted"}}}, false);
     EXPECT_EQ(*store.toast(), "Nothing was removed · 1 couldn't be removed (a.mov: Operation not permitted)");
     EXPECT_TRUE(store.toastIsWarning());
     ASSERT_EQ(fake.desktop.logged().size(), 1u);

@@ -90,7 +90,8 @@ TEST_F(SelectionWords, AFailedRemovalLeavesTheSelectionAndCanBeTriedAgain)
 {
     fake.select("a.zip", 2'000'000);
     presenter.deletePermanently();
-    fake.store.didRemove({.removed = {}, .failures = {"a.zip: No such file or directory"}}, true);
+    fake.store.didRemove({.removed = {}, .failures = {{"/home/studio/a.zip", "a.zip: No such file or directory"}}},
+                         true);
     EXPECT_TRUE(presenter.canRemove());
     EXPECT_EQ(presenter.countText(), "1 item selected");
 }
