@@ -36,15 +36,15 @@ ExitStatus BreakdownCommand::run(Console &console, const Host &host) const
         scan =
             FolderScan::run(scannedPath(*folder, host.files), FolderScan::Extent::treeAndSummary, console, host.files);
         context = ScanContext::of(*scan->root, scan->summary->unreadableCount);
+        context.isPartial = scan->isCancelled;
     }
     context.hasFullDiskAccess = PathGuard::probeFullDiskAccess(host.files);
 
     const DiskBreakdown breakdown = DiskAccountant::compute(context, host);
-    const ScanExtent extent = scan && scan->isCancelled ? ScanExtent::partial : ScanExtent::whole;
     if (json)
-        writeBreakdownJson(breakdown, extent, console.out);
+        writeBreakdownJson(breakdown, console.out);
     else
-        writeBreakdownTable(breakdown, extent, console);
+        writeBreakdownTable(breakdown, console);
     return scan ? scan->report(console, !json) : ExitStatus::done;
 }
 

@@ -112,7 +112,7 @@ void writeSnapshots(const std::vector<LocalSnapshot> &snapshots, JsonWriter &jso
 
 } // namespace
 
-void writeBreakdownJson(const DiskBreakdown &breakdown, ScanExtent extent, Output &out)
+void writeBreakdownJson(const DiskBreakdown &breakdown, Output &out)
 {
     JsonWriter json(out);
     json.beginObject();
@@ -133,7 +133,7 @@ void writeBreakdownJson(const DiskBreakdown &breakdown, ScanExtent extent, Outpu
     json.value(breakdown.fromAPFS);
     writeNumber("overcount", breakdown.overcount, json);
     writeNumber("hidden", breakdown.hidden(), json);
-    if (extent == ScanExtent::partial) {
+    if (breakdown.scanIsPartial) {
         json.key("cancelled");
         json.value(true);
     }

@@ -47,13 +47,13 @@ void writeSegment(const BreakdownSegment &segment, std::int64_t used, Console &c
 
 } // namespace
 
-void writeBreakdownTable(const DiskBreakdown &breakdown, ScanExtent extent, Console &console)
+void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console)
 {
     console.out.write(console.strong(fmt::format("{}% explained", breakdown.explainedPercentage())) + "\n");
     console.out.write(fmt::format("{} used of {}, {} free on {}\n", formatByteCount(breakdown.used()),
                                   formatByteCount(breakdown.total), formatByteCount(breakdown.free),
                                   displayText(breakdown.volumeName)));
-    if (extent == ScanExtent::partial)
+    if (breakdown.scanIsPartial)
         console.out.write(console.strong(stoppedText) + "\n");
     console.out.write('\n');
     for (const BreakdownSegment &segment : breakdown.segments)

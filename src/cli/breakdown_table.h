@@ -1,12 +1,11 @@
 #pragma once
 
 #include "cli/console.h"
-#include "cli/scan_extent.h"
 #include "disk/disk_breakdown.h"
 
 namespace corvane {
 
 /// The breakdown for people: the figures, a row for each segment, what is to be known of them.
-void writeBreakdownTable(const DiskBreakdown &breakdown, ScanExtent extent, Console &console);
+void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console);
 
 } // namespace corvane

@@ -203,16 +203,17 @@ const ProtectedLocations &PathGuard::locations()
     return instance;
 }
 
-void PathGuard::openFullDiskAccessSettings(Desktop &desktop)
+bool PathGuard::openFullDiskAccessSettings(Desktop &desktop)
 {
     // Newer systems have a second address for the same pane.
     for (const char *address :
          {"x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles",
           "x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_AllFiles"}) {
         if (desktop.openUrl(address))
-            return;
+            return true;
     }
     desktop.log("The settings for Full Disk Access could not be opened");
+    return false;
 }
 
 std::string PathGuard::accessProbePath(std::string_view home)

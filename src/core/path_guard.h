@@ -67,8 +67,9 @@ struct PathGuard {
     /// The tables behind it, for those who take them as an argument.
     [[nodiscard]] static const ProtectedLocations &locations();
 
-    /// Opens the pane of the system's settings that grants Full Disk Access. Main thread.
-    static void openFullDiskAccessSettings(Desktop &desktop = systemHost().desktop);
+    /// Opens the pane of the system's settings that grants Full Disk Access; false, with a line in
+    /// the system's log, where there is none. Main thread.
+    static bool openFullDiskAccessSettings(Desktop &desktop = systemHost().desktop);
 
     /// The file whose readability shows Full Disk Access, for a home folder.
     [[nodiscard]] static std::string accessProbePath(std::string_view home);

@@ -71,6 +71,7 @@ public:
         m_result.total = container ? container->ceiling : total;
         m_result.free = container ? container->free : available;
         m_result.hasScan = m_root.has_value();
+        m_result.scanIsPartial = m_root && m_scan.isPartial;
 
         if (container)
             addVolumes(*container);
@@ -245,6 +246,8 @@ private:
                 segment.detail += fmt::format(" Corvane couldn't open {} folder{} during the scan.",
                                               m_scan.unreadableCount, plural(m_scan.unreadableCount));
             }
+            if (m_scan.isPartial)
+                segment.detail += " The scan was stopped, so most of this was not looked at.";
             if (!m_scan.hasFullDiskAccess) {
                 segment.action = BreakdownAction{BreakdownAction::Kind::fullDiskAccess, {}};
                 segment.actionTitle = "Grant Full Disk Access";

@@ -28,10 +28,11 @@ struct ScanContext {
     std::int64_t systemDirSize = 0;     ///< of a whole-disk scan, what already belongs to the system volume
     std::vector<NamedSize> topChildren; ///< largest first; of a whole-disk scan, not the system folder
     std::int64_t unreadableCount = 0;
+    bool isPartial = false; ///< the scan was stopped: the sizes are those of what it had reached
     bool hasFullDiskAccess = false;
 
     /// What a scanned tree tells; how many of its folders could not be read is known from its summary. Whether
-    /// there is access is left to the caller.
+    /// there is access, and whether the scan was stopped, is left to the caller.
     [[nodiscard]] static ScanContext of(const FileNode &root, std::int64_t unreadableCount);
 };
 
@@ -72,6 +73,7 @@ struct DiskBreakdown {
     std::vector<BreakdownSegment> segments;
     std::vector<LocalSnapshot> snapshots;
     bool hasScan = false;
+    bool scanIsPartial = false; ///< the scan was stopped, so most of the unexplained space was not looked at
     bool fromAPFS = false;
     std::int64_t overcount = 0; ///< by how much the measured folders exceed what the disk uses
 

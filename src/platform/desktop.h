@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -12,8 +13,12 @@ class Desktop {
 public:
     virtual ~Desktop() = default;
 
-    /// Shows the item in the file manager, selected; where that cannot be done, opens its folder.
-    [[nodiscard]] virtual Expected<void> reveal(const std::string &path) = 0;
+    /// Told of what failed after the call had returned. Called once or never, on any thread.
+    using FailureHandler = std::function<void(const Error &)>;
+
+    /// Shows the item in the file manager, selected; where that cannot be done, opens its folder. Success may mean
+    /// that the request is under way; what goes wrong later is handed to `failed`, the path being the item's.
+    [[nodiscard]] virtual Expected<void> reveal(const std::string &path, FailureHandler failed) = 0;
 
     /// Opens an address in the program that handles it.
     [[nodiscard]] virtual Expected<void> openUrl(const std::string &url) = 0;

@@ -479,7 +479,7 @@ TEST(PathGuard, KnowsTheUserOfThisSystem)
 TEST(PathGuard, SettingsOpenAtTheirAddress)
 {
     FakeHost fake;
-    PathGuard::openFullDiskAccessSettings(fake.desktop);
+    EXPECT_TRUE(PathGuard::openFullDiskAccessSettings(fake.desktop));
     EXPECT_EQ(
         fake.log->lines(),
         std::vector<std::string>{"openUrl x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"});
@@ -489,13 +489,13 @@ TEST(PathGuard, SettingsOpenAtTheirNewerAddressWhereTheFirstFails)
 {
     FakeHost fake;
     fake.desktop.fail("x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles", "unknown");
-    PathGuard::openFullDiskAccessSettings(fake.desktop);
+    EXPECT_TRUE(PathGuard::openFullDiskAccessSettings(fake.desktop));
     EXPECT_EQ(fake.log->lines().back(),
               "openUrl x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_AllFiles");
     EXPECT_TRUE(fake.desktop.logged().empty());
 
     fake.desktop.fail("x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_AllFiles", "no");
-    PathGuard::openFullDiskAccessSettings(fake.desktop);
+    EXPECT_FALSE(PathGuard::openFullDiskAccessSettings(fake.desktop));
     EXPECT_EQ(fake.desktop.logged().size(), 1u);
 }
 

@@ -429,6 +429,19 @@ TEST_F(DiskAccountantTest, HiddenAfterAScanNamesUnreadableFoldersAndOffersAccess
     EXPECT_EQ(find(compute(), Kind::hidden)->detail, text + " Corvane couldn't open 2 folders during the scan.");
 }
 
+TEST_F(DiskAccountantTest, HiddenAfterAStoppedScanSaysThatMostOfItWasNotLookedAt)
+{
+    scanned("/Users/u", gb);
+    const std::string text = find(compute(), Kind::hidden)->detail;
+    EXPECT_FALSE(compute().scanIsPartial);
+    scan.isPartial = true;
+    EXPECT_TRUE(compute().scanIsPartial);
+    EXPECT_EQ(find(compute(), Kind::hidden)->detail,
+              text + " The scan was stopped, so most of this was not looked at.");
+    scan.rootPath.reset();
+    EXPECT_FALSE(compute().scanIsPartial);
+}
+
 TEST_F(DiskAccountantTest, HiddenSaysSoWhenTheHomeLiesOutsideTheScan)
 {
     const std::string prefix = "Includes the parts of your home folder outside this scan. ";

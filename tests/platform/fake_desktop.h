@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/call_log.h"
@@ -18,12 +19,22 @@ public:
 
     /// From now on revealing that path, or opening that address, fails with that sentence.
     void fail(const std::string &pathOrUrl, std::string text) { m_failures[pathOrUrl] = std::move(text); }
+    /// Everything that was to be revealed turns out not to be shown.
+    void failRevealsLate(const std::string &text)
+    {
+        for (const auto &[path, failed] : std::exchange(m_lateFailures, {}))
+            failed(Error{"reveal", path, std::make_error_code(std::errc::not_supported), text});
+    }
     void setPrefersReducedMotion(bool prefers) { m_prefersReducedMotion = prefers; }
 
     /// The system's log.
     [[nodiscard]] const std::vector<std::string> &logged() const { return m_logged; }
 
-    [[nodiscard]] Expected<void> reveal(const std::string &path) override { return perform("reveal", path); }
+    [[nodiscard]] Expected<void> reveal(const std::string &path, FailureHandler failed) override
+    {
+        m_lateFailures.emplace_back(path, std::move(failed));
+        return perform("reveal", path);
+    }
     [[nodiscard]] Expected<void> openUrl(const std::string &url) override { return perform("openUrl", url); }
     void activateApplication() override { m_log->record("activateApplication"); }
     void log(std::string_view message) override
@@ -46,6 +57,7 @@ private:
 
     const std::shared_ptr<CallLog> m_log;
     std::map<std::string, std::string> m_failures;
+    std::vector<std::pair<std::string, FailureHandler>> m_lateFailures;
     std::vector<std::string> m_logged;
     bool m_prefersReducedMotion = false;
 };

@@ -70,8 +70,8 @@ TEST(FakeHost, DesktopFailsForWhatTheTestNames)
 {
     FakeHost fake;
     fake.desktop.fail("/a", "Nothing to show it with.");
-    EXPECT_EQ(fake.desktop.reveal("/a").error().text, "Nothing to show it with.");
-    EXPECT_TRUE(fake.desktop.reveal("/b"));
+    EXPECT_EQ(fake.desktop.reveal("/a", {}).error().text, "Nothing to show it with.");
+    EXPECT_TRUE(fake.desktop.reveal("/b", {}));
 }
 
 } // namespace

@@ -18,7 +18,7 @@ namespace {
 
 class FakeDesktop : public Desktop {
 public:
-    Expected<void> reveal(const std::string &) override { return {}; }
+    Expected<void> reveal(const std::string &, FailureHandler) override { return {}; }
     Expected<void> openUrl(const std::string &) override { return {}; }
     void activateApplication() override {}
     void log(std::string_view) override {}

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <mutex>
 #include <unordered_set>
 #include <utility>
 
@@ -69,8 +70,29 @@ std::shared_ptr<FileNode> shownInstead(const FileNode &folder, const std::unorde
 
 } // namespace
 
+/// Receives what the desktop reports from its own threads, also after the store is gone.
+struct StorageStore::LateFailures {
+    explicit LateFailures(StorageStore *receiver) : store(receiver) {}
+
+    void report(const Error &error)
+    {
+        const std::lock_guard lock(mutex);
+        if (store == nullptr)
+            return;
+        QMetaObject::invokeMethod(
+            store, [receiver = store, error] { receiver->showRevealFailure(error); }, Qt::QueuedConnection);
+    }
+
+    std::mutex mutex;
+    StorageStore *store; // guarded by the mutex; null when it is gone
+};
+
 StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations, QObject *parent)
-    : QObject(parent), m_host(host), m_locations(locations), m_volume(VolumeInfo::current(host.volumes))
+    : QObject(parent),
+      m_host(host),
+      m_locations(locations),
+      m_volume(VolumeInfo::current(host.volumes)),
+      m_lateFailures(std::make_shared<LateFailures>(this))
 {
     m_pool.setMaxThreadCount(poolThreads);
     m_breakdownPool.setMaxThreadCount(1);
@@ -83,6 +105,10 @@ StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations
 StorageStore::~StorageStore()
 {
     m_isClosing = true;
+    {
+        const std::lock_guard lock(m_lateFailures->mutex);
+        m_lateFailures->store = nullptr;
+    }
     if (m_progress)
         m_progress->cancel();
     stopBreakdown();
@@ -157,6 +183,10 @@ void StorageStore::scan(const std::string &path)
         m_progress->cancel();
     m_progress = std::make_shared<ScanProgress>();
     probeAccess();
+    if (target != m_lastScanPath)
+        m_folderToShow.clear();
+    else if (m_currentFolder)
+        m_folderToShow = m_currentFolder->path();
     clearScan();
     m_scanStart.start();
     m_lastScanPath = target;
@@ -182,6 +212,11 @@ void StorageStore::scanHome()
 void StorageStore::scanEntireDisk()
 {
     scan("/");
+}
+
+void StorageStore::rescan()
+{
+    scan(m_lastScanPath.empty() ? m_locations.home() : std::string(m_lastScanPath));
 }
 
 void StorageStore::chooseFolder()
@@ -215,6 +250,7 @@ void StorageStore::clearScan()
     m_scannedBytes = 0;
     m_currentPath.clear();
     m_scanDuration = 0;
+    m_scanIsPartial = false;
     m_removedDuringScan.clear();
     ++m_revision;
     if (m_breakdownLoading && m_breakdownHasTree) {
@@ -276,25 +312,37 @@ void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::sha
     m_devJunk = std::move(result->summary.devJunk);
     m_unreadableCount = result->summary.unreadableCount;
     m_typeBreakdown = std::move(result->types);
+    m_scanIsPartial = token->isCancelled();
     ++m_revision;
 
     if (dropFromTree(result->removedMeanwhile))
         m_typeBreakdown = ScanSummary::types(*m_root);
-    if (!token->isCancelled())
+    if (!m_scanIsPartial)
         refreshSelectedSizes();
 
     publishCounters();
     refreshVolume();
-    setCurrentFolder(m_root);
+    setCurrentFolder(folderToShow());
     emit treeChanged();
     emit revisionChanged();
     setPhase(Phase::ready);
-    if (token->isCancelled())
+    if (m_scanIsPartial)
         showToast("Scan stopped — showing partial results");
     refreshBreakdown();
     // One that is under way is as new as the scan.
     if (!m_cleanupLoading)
         refreshCleanup();
+}
+
+// A folder that is gone gives way to the nearest one around it.
+std::shared_ptr<FileNode> StorageStore::folderToShow() const
+{
+    const std::string root = m_root->path();
+    for (std::string path = m_folderToShow; liesBeneath(path, root); path.resize(containingFolder(path).size())) {
+        if (std::shared_ptr<FileNode> folder = sharedNode(path); folder && folder->kind != FileNode::Kind::file)
+            return folder;
+    }
+    return m_root;
 }
 
 // What was removed while the walk ran may be in its tree. Whether it came back before the walk saw it is asked
@@ -362,6 +410,7 @@ void StorageStore::openParent()
 ScanContext StorageStore::makeScanContext() const
 {
     ScanContext context = m_root ? ScanContext::of(*m_root, m_unreadableCount) : ScanContext();
+    context.isPartial = m_scanIsPartial;
     context.hasFullDiskAccess = m_hasFullDiskAccess;
     return context;
 }
@@ -416,15 +465,23 @@ void StorageStore::perform(const BreakdownAction &action)
         scanHome();
         break;
     case BreakdownAction::Kind::fullDiskAccess:
-        PathGuard::openFullDiskAccessSettings(m_host.desktop);
+        if (!PathGuard::openFullDiskAccessSettings(m_host.desktop))
+            showToast("Can't open the settings for Full Disk Access", true);
         break;
     }
 }
 
 void StorageStore::reveal(const std::string &path)
 {
-    if (const auto shown = m_host.desktop.reveal(path); !shown)
-        showToast("Can't show " + nameOf(path) + ": " + shown.error().description(), true);
+    const auto shown =
+        m_host.desktop.reveal(path, [failures = m_lateFailures](const Error &error) { failures->report(error); });
+    if (!shown)
+        showRevealFailure(shown.error());
+}
+
+void StorageStore::showRevealFailure(const Error &error)
+{
+    showToast("Can't show " + nameOf(error.path) + ": " + error.description(), true);
 }
 
 // --- Selection

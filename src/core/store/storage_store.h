@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <QElapsedTimer>
@@ -30,6 +31,9 @@
 
 namespace corvane {
 
+/// The remark that stands beside every figure of a scan that was stopped.
+inline constexpr std::string_view partialScanText = "Partial: the scan was stopped";
+
 /// The one observable object of the program: holds everything that the screens show and runs every long
 /// operation. Made once at launch and outliving every screen. Main thread only; work runs on its own pool and
 /// hands its results back with a queued call, where they are accepted only if they are still current.
@@ -47,6 +51,7 @@ public:
     Q_PROPERTY(corvane::StorageStore::SidebarItem sidebar READ sidebar WRITE setSidebar NOTIFY sidebarChanged)
     Q_PROPERTY(corvane::StorageStore::Phase phase READ phase NOTIFY phaseChanged)
     Q_PROPERTY(bool hasScan READ hasScan NOTIFY treeChanged)
+    Q_PROPERTY(bool scanIsPartial READ scanIsPartial NOTIFY treeChanged)
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
     Q_PROPERTY(bool hasFullDiskAccess READ hasFullDiskAccess NOTIFY accessChanged)
     Q_PROPERTY(bool isRemoving READ isRemoving NOTIFY isRemovingChanged)
@@ -97,6 +102,8 @@ public:
 
     /// A finished scan is there to look at.
     [[nodiscard]] bool hasScan() const { return m_root != nullptr; }
+    /// The installed tree is that of a scan that was stopped: it holds only a part of the folder.
+    [[nodiscard]] bool scanIsPartial() const { return m_scanIsPartial; }
     /// How long ago the last scan ended; 0 before that.
     [[nodiscard]] std::int64_t secondsSinceScan() const;
     /// The root of the last scan started, bytes; empty before the first.
@@ -110,10 +117,14 @@ public:
 
     // --- Scanning
     /// Starts a scan of a folder (absolute bytes); a running one is stopped and its result dropped. A path
-    /// that is not a readable folder leaves everything as it is and says so in the toast.
+    /// that is not a readable folder leaves everything as it is and says so in the toast. Where the root is that of
+    /// the last scan, the explorer goes back to the folder shown when the scan ends, or to the nearest one around
+    /// it that is still there.
     void scan(const std::string &path);
     void scanHome();
     void scanEntireDisk();
+    /// Scans the root of the last scan again; the home folder before the first.
+    void rescan();
     /// Asks the window for a folder (`folderWanted`), which then calls `scan`.
     void chooseFolder();
     /// Stops the running scan; what it has found is shown.
@@ -140,7 +151,7 @@ public:
     [[nodiscard]] ScanContext makeScanContext() const;
     /// Carries out what a segment of the breakdown offers.
     void perform(const BreakdownAction &action);
-    /// Shows an item in the file manager; what goes wrong is said in the toast.
+    /// Shows an item in the file manager; what goes wrong, at once or later, is said in the toast.
     void reveal(const std::string &path);
 
     // --- The cleanup catalogue
@@ -192,10 +203,14 @@ signals:
     void folderWanted();
 
 private:
+    struct LateFailures;
+
     void publishCounters();
+    void showRevealFailure(const Error &error);
     void setPhase(Phase phase);
     void setCurrentFolder(std::shared_ptr<FileNode> folder);
     void clearScan();
+    [[nodiscard]] std::shared_ptr<FileNode> folderToShow() const;
     void probeAccess();
     void applyRemovalsDuringScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token);
     [[nodiscard]] bool isInTree(const FileNode &node) const { return m_index.find(node.path()) == &node; }
@@ -224,6 +239,7 @@ private:
     std::int64_t m_scannedBytes = 0;
     std::string m_currentPath;
     double m_scanDuration = 0;
+    bool m_scanIsPartial = false;
     int m_revision = 0;
     VolumeInfo m_volume;
     bool m_hasFullDiskAccess = false;
@@ -246,10 +262,12 @@ private:
     int m_cleanupToken = 0;
     std::shared_ptr<StopFlag> m_cleanupStop; // of the newest request
     StopFlag m_isClosing = false;
+    std::shared_ptr<LateFailures> m_lateFailures;
     QTimer m_timer;
     QElapsedTimer m_scanStart;
     QElapsedTimer m_scanEnd;
     std::string m_lastScanPath;
+    std::string m_folderToShow; // when the running scan ends; empty for its root
 
     // Last, so that their destructors, which wait for the work, run before anything that the work uses goes.
     QThreadPool m_pool;

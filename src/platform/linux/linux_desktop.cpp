@@ -68,6 +68,7 @@ Expected<std::string> uriOf(const std::string &path)
 struct Reveal {
     std::string path;
     std::string uri;
+    Desktop::FailureHandler failed;
 };
 
 void perform(gpointer data, gpointer userData)
@@ -77,8 +78,12 @@ void perform(gpointer data, gpointer userData)
     if (showItem(request->path, request->uri, cancel) || g_cancellable_is_cancelled(cancel))
         return;
     const std::string folder = request->uri.substr(0, std::max<std::size_t>(request->uri.rfind('/'), sizeof "file://"));
-    if (const auto opened = openWithDefault("open", request->path, folder); !opened)
-        writeToLog("Could not show " + request->uri + ": " + opened.error().description());
+    const auto opened = openWithDefault("open", request->path, folder);
+    if (opened)
+        return;
+    writeToLog("Could not show " + request->uri + ": " + opened.error().description());
+    if (request->failed)
+        request->failed(Error{"reveal", request->path, opened.error().code, "no file manager is available"});
 }
 
 /// Whether a desktop that keeps its settings through GSettings was told to leave animations out.
@@ -101,6 +106,9 @@ bool plasmaForbidsAnimations()
 {
     const GKeyFilePointer file(g_key_file_new());
     const std::string path = std::string(g_get_user_config_dir()) + "/kdeglobals";
+    // Reading a pipe or a device might never end.
+    if (g_file_test(path.c_str(), G_FILE_TEST_IS_REGULAR) == FALSE)
+        return false;
     if (!g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, nullptr))
         return false;
     GError *failure = nullptr;
@@ -118,7 +126,7 @@ LinuxDesktop::~LinuxDesktop()
         g_thread_pool_free(m_reveals, FALSE, TRUE);
 }
 
-Expected<void> LinuxDesktop::reveal(const std::string &path)
+Expected<void> LinuxDesktop::reveal(const std::string &path, FailureHandler failed)
 {
     struct stat facts {};
     if (::lstat(path.c_str(), &facts) != 0)
@@ -126,7 +134,8 @@ Expected<void> LinuxDesktop::reveal(const std::string &path)
     return uriOf(path).map([&](std::string uri) {
         if (m_reveals == nullptr)
             m_reveals = g_thread_pool_new(perform, m_cancel.get(), 1, FALSE, nullptr);
-        g_thread_pool_push(m_reveals, std::make_unique<Reveal>(Reveal{path, std::move(uri)}).release(), nullptr);
+        g_thread_pool_push(
+            m_reveals, std::make_unique<Reveal>(Reveal{path, std::move(uri), std::move(failed)}).release(), nullptr);
     });
 }
 

@@ -8,7 +8,7 @@
 namespace corvane {
 
 /// The desktop through freedesktop.org's interfaces. Main thread only; what may take long (a file manager
-/// that has to start first) happens on a thread of its own, and its failure goes to the log.
+/// that has to start first) happens on a thread of its own, and its failure also goes to the log.
 class LinuxDesktop final : public Desktop {
 public:
     LinuxDesktop() = default;
@@ -17,7 +17,7 @@ public:
     ~LinuxDesktop() override; ///< gives up what has not been shown yet
 
     /// Success means that the request is under way. Fails at once when nothing is at the path.
-    [[nodiscard]] Expected<void> reveal(const std::string &path) override;
+    [[nodiscard]] Expected<void> reveal(const std::string &path, FailureHandler failed) override;
 
     [[nodiscard]] Expected<void> openUrl(const std::string &url) override;
 

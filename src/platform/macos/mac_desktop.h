@@ -7,7 +7,7 @@ namespace corvane {
 /// The desktop through the workspace. Main thread only.
 class MacDesktop final : public Desktop {
 public:
-    [[nodiscard]] Expected<void> reveal(const std::string &path) override;
+    [[nodiscard]] Expected<void> reveal(const std::string &path, FailureHandler failed) override;
     [[nodiscard]] Expected<void> openUrl(const std::string &url) override;
     void activateApplication() override;
     void log(std::string_view message) override;

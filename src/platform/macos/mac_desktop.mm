@@ -19,7 +19,7 @@ tl::unexpected<Error> failure(const char *operation, const std::string &path, in
 
 } // namespace
 
-Expected<void> MacDesktop::reveal(const std::string &path)
+Expected<void> MacDesktop::reveal(const std::string &path, FailureHandler /*failed*/)
 {
     return guarded("reveal", path, [&]() -> Expected<void> {
         struct stat status {};

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -158,6 +159,97 @@ TEST_F(StorageStoreTest, StoppingAScanShowsPartialResultsAndSaysSo)
     ASSERT_TRUE(store.toast());
     EXPECT_EQ(*store.toast(), "Scan stopped — showing partial results");
     EXPECT_TRUE(verify(*store.root()));
+}
+
+TEST_F(StorageStoreTest, AStoppedScanStaysMarkedAsPartialUntilTheNextOne)
+{
+    EXPECT_FALSE(store.scanIsPartial());
+    {
+        Gate gate(*fake.log, "list " + at("Movies"));
+        store.scanHome();
+        ASSERT_TRUE(gate.waitUntilReached());
+        store.stopScan();
+        gate.open();
+        ASSERT_TRUE(waitForReady());
+    }
+    store.dismissToast();
+    EXPECT_TRUE(store.scanIsPartial());
+    EXPECT_TRUE(store.makeScanContext().isPartial);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.breakdown() && !store.breakdownLoading(); }, patience));
+    EXPECT_TRUE(store.breakdown()->scanIsPartial);
+
+    store.rescan();
+    EXPECT_FALSE(store.scanIsPartial());
+    ASSERT_TRUE(waitForReady());
+    EXPECT_FALSE(store.scanIsPartial());
+    EXPECT_FALSE(store.makeScanContext().isPartial);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.breakdownLoading(); }, patience));
+    EXPECT_FALSE(store.breakdown()->scanIsPartial);
+}
+
+TEST_F(StorageStoreTest, ARescanRepeatsTheRootOfTheLastScan)
+{
+    store.scan(at("Projects"));
+    ASSERT_TRUE(waitForReady());
+    store.rescan();
+    EXPECT_EQ(store.lastScanPath(), at("Projects"));
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.root()->path(), at("Projects"));
+}
+
+TEST_F(StorageStoreTest, ARescanBeforeAnyScanIsThatOfTheHomeFolder)
+{
+    store.rescan();
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.root()->path(), home);
+}
+
+TEST_F(StorageStoreTest, ARescanKeepsTheFolderShown)
+{
+    scanHome();
+    store.open(store.sharedNode(at("Projects/deep")));
+    store.rescan();
+    EXPECT_EQ(store.currentFolder(), nullptr);
+    store.rescan(); // once more, while nothing is shown
+    ASSERT_TRUE(waitForReady());
+    ASSERT_NE(store.currentFolder(), nullptr);
+    EXPECT_EQ(store.currentFolder()->path(), at("Projects/deep"));
+    EXPECT_EQ(store.currentFolder(), store.sharedNode(at("Projects/deep")));
+}
+
+TEST_F(StorageStoreTest, AfterARescanTheNearestFolderAroundOneThatIsGoneIsShown)
+{
+    fake.files.addFile(at("Projects/deep/deeper/deepest/d.zip"), 4'000'000);
+    scanHome();
+    store.open(store.sharedNode(at("Projects/deep/deeper/deepest")));
+    fake.files.take(at("Projects/deep/deeper"));
+    store.rescan();
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.currentFolder()->path(), at("Projects/deep"));
+
+    // A file may have taken the place of the folder shown.
+    fake.files.take(at("Projects/deep"));
+    fake.files.addFile(at("Projects/deep"), 3'000'000);
+    store.rescan();
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.currentFolder()->path(), at("Projects"));
+
+    fake.files.take(at("Projects"));
+    store.rescan();
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.currentFolder(), store.root());
+}
+
+TEST_F(StorageStoreTest, AScanOfAnotherRootShowsThatRoot)
+{
+    scanHome();
+    store.open(store.sharedNode(at("Projects/deep")));
+    store.scan(at("Projects"));
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.currentFolder(), store.root());
+    store.scanHome();
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.currentFolder(), store.root());
 }
 
 TEST_F(StorageStoreTest, TheWalksCountersArePublishedWhileItRuns)
@@ -613,6 +705,36 @@ TEST_F(StorageStoreTest, AnActionOfTheBreakdownIsCarriedOut)
     EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
     ASSERT_TRUE(waitForReady());
     EXPECT_EQ(store.root()->path(), home);
+}
+
+TEST_F(StorageStoreTest, AnItemThatTurnsOutNotToBeShownIsReported)
+{
+    store.reveal("/opt");
+    EXPECT_FALSE(store.toast());
+    fake.desktop.failRevealsLate("no file manager is available");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.toast().has_value(); }, patience));
+    EXPECT_EQ(*store.toast(), "Can't show opt: no file manager is available");
+    EXPECT_TRUE(store.toastIsWarning());
+}
+
+TEST_F(StorageStoreTest, AFailureToShowAnItemThatArrivesAfterTheStoreIsGoneIsDropped)
+{
+    {
+        StorageStore brief(fake.host(), locations);
+        brief.reveal("/opt");
+    }
+    fake.desktop.failRevealsLate("no file manager is available");
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(store.toast());
+}
+
+TEST_F(StorageStoreTest, SettingsForFullDiskAccessThatCannotBeOpenedAreReported)
+{
+    fake.desktop.fail("x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles", "no");
+    fake.desktop.fail("x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_AllFiles", "no");
+    store.perform({BreakdownAction::Kind::fullDiskAccess, {}});
+    ASSERT_TRUE(store.toast());
+    EXPECT_EQ(*store.toast(), "Can't open the settings for Full Disk Access");
 }
 
 TEST_F(StorageStoreTest, AStoreThatGoesAwayDuringAScanStopsItFirst)

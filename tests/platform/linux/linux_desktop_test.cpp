@@ -14,6 +14,7 @@
 
 #include <gmock/gmock.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 
 #include "platform/file_descriptor.h"
@@ -60,10 +61,11 @@ public:
         s_instance = this;
         m_folder.emplace();
         m_record = *m_folder / "opened";
+        m_opener = script("opener", "printf '%s\\n' \"$1\" >> '" + m_record + "'");
         m_folder->writeText("data/applications/opener.desktop",
                             "[Desktop Entry]\nType=Application\nName=Opener\nNoDisplay=true\n"
                             "MimeType=inode/directory;x-scheme-handler/corvane-test;\nExec=" +
-                                script("opener", "printf '%s\\n' \"$1\" >> '" + m_record + "'") + " %u\n");
+                                m_opener + " %u\n");
         m_folder->writeText("config/mimeapps.list", "[Default Applications]\ninode/directory=opener.desktop\n"
                                                     "x-scheme-handler/corvane-test=opener.desktop\n");
         ::setenv("HOME", m_folder->path().c_str(), 1);
@@ -99,6 +101,15 @@ public:
         return lines;
     }
 
+    /// While it lives, the program that opens things cannot be started.
+    class WithoutOpener {
+    public:
+        WithoutOpener() { std::filesystem::rename(instance().m_opener, instance().m_opener + "-away"); }
+        WithoutOpener(const WithoutOpener &) = delete;
+        WithoutOpener &operator=(const WithoutOpener &) = delete;
+        ~WithoutOpener() { std::filesystem::rename(instance().m_opener + "-away", instance().m_opener); }
+    };
+
     [[nodiscard]] bool somethingWasOpened() const { return !linesOf(m_record).empty(); }
 
 private:
@@ -111,6 +122,7 @@ private:
 
     std::optional<TemporaryFolder> m_folder;
     std::string m_record;
+    std::string m_opener;
     inline static Session *s_instance = nullptr;
     GTestDBus *m_bus = nullptr;
 };
@@ -210,7 +222,7 @@ TEST(LinuxDesktop, RevealedItemIsShownInTheFileManager)
     const FileManager manager(FileManager::Manner::answers);
     LinuxDesktop desktop;
     const std::string item = Session::instance().folder().writeText("a 100%/\xff.txt", "");
-    ASSERT_TRUE(desktop.reveal(item));
+    ASSERT_TRUE(desktop.reveal(item, {}));
     ASSERT_TRUE(waitFor([&] { return !manager.shown().empty(); }));
     EXPECT_THAT(manager.shown(), ElementsAre("file://" + Session::instance().folder().path() + "/a%20100%25/%FF.txt"));
     EXPECT_THAT(Session::instance().takeOpened(), IsEmpty());
@@ -223,7 +235,7 @@ TEST(LinuxDesktop, ItemsAreRevealedInTheOrderAskedFor)
     LinuxDesktop desktop;
     std::vector<std::string> expected;
     for (const std::string name : {"1", "2", "3", "4"}) {
-        ASSERT_TRUE(desktop.reveal(Session::instance().folder().writeText("order/" + name, "")));
+        ASSERT_TRUE(desktop.reveal(Session::instance().folder().writeText("order/" + name, ""), {}));
         expected.push_back("file://" + Session::instance().folder().path() + "/order/" + name);
     }
     ASSERT_TRUE(waitFor([&] { return manager.shown().size() == expected.size(); }));
@@ -236,7 +248,7 @@ TEST(LinuxDesktop, DanglingLinkCanBeRevealed)
     const FileManager manager(FileManager::Manner::answers);
     LinuxDesktop desktop;
     const std::string link = Session::instance().folder().link("dangling", "/nowhere");
-    ASSERT_TRUE(desktop.reveal(link));
+    ASSERT_TRUE(desktop.reveal(link, {}));
     ASSERT_TRUE(waitFor([&] { return !manager.shown().empty(); }));
     EXPECT_THAT(manager.shown(), ElementsAre("file://" + link));
 }
@@ -245,7 +257,7 @@ TEST(LinuxDesktop, FolderOpensWhereNoFileManagerShowsItems)
 {
     REQUIRE_BUS();
     LinuxDesktop desktop;
-    ASSERT_TRUE(desktop.reveal(Session::instance().folder().writeText("holder/item", "")));
+    ASSERT_TRUE(desktop.reveal(Session::instance().folder().writeText("holder/item", ""), {}));
     ASSERT_TRUE(waitFor([] { return Session::instance().somethingWasOpened(); }));
     EXPECT_THAT(Session::instance().takeOpened(), ElementsAre(Session::instance().folder() / "holder"));
 }
@@ -255,16 +267,33 @@ TEST(LinuxDesktop, FolderOpensWhereTheFileManagerRefuses)
     REQUIRE_BUS();
     const FileManager manager(FileManager::Manner::refuses);
     LinuxDesktop desktop;
-    ASSERT_TRUE(desktop.reveal(Session::instance().folder().writeText("refused/item", "")));
+    ASSERT_TRUE(desktop.reveal(Session::instance().folder().writeText("refused/item", ""), {}));
     ASSERT_TRUE(waitFor([] { return Session::instance().somethingWasOpened(); }));
     EXPECT_THAT(Session::instance().takeOpened(), ElementsAre(Session::instance().folder() / "refused"));
     EXPECT_EQ(manager.shown().size(), 1U);
 }
 
+TEST(LinuxDesktop, ItemThatNothingCanShowIsReportedAsFailed)
+{
+    REQUIRE_BUS();
+    const Session::WithoutOpener none;
+    LinuxDesktop desktop;
+    const std::string item = Session::instance().folder().writeText("nobody/item", "");
+    std::atomic<bool> isDone = false;
+    Error reported;
+    ASSERT_TRUE(desktop.reveal(item, [&](const Error &error) {
+        reported = error;
+        isDone = true;
+    }));
+    ASSERT_TRUE(waitFor([&] { return isDone.load(); }));
+    EXPECT_EQ(reported.path, item);
+    EXPECT_EQ(reported.description(), "no file manager is available");
+}
+
 TEST(LinuxDesktop, MissingItemIsNotRevealed)
 {
     LinuxDesktop desktop;
-    const auto result = desktop.reveal(Session::instance().folder() / "none");
+    const auto result = desktop.reveal(Session::instance().folder() / "none", {});
     ASSERT_FALSE(result);
     EXPECT_EQ(result.error().code, std::errc::no_such_file_or_directory);
 }
@@ -377,6 +406,15 @@ TEST(LinuxDesktop, PlasmasFactorOfNoDurationMeansLessMovement)
     home.folder.writeText("home/config/kdeglobals", "[KDE]\nAnimationDurationFactor=0.5\n");
     EXPECT_EQ(home.ask("motion"), "as usual");
     home.folder.writeText("home/config/kdeglobals", "[KDE]\nSingleClick=true\n");
+    EXPECT_EQ(home.ask("motion"), "as usual");
+}
+
+TEST(LinuxDesktop, PlasmaSettingsThatAreAPipeAreNotRead)
+{
+    ProbeHome home;
+    home.setVariable("XDG_DATA_DIRS", home.folder.makeFolder("no-schemas"));
+    home.folder.makeFolder("home/config");
+    ASSERT_EQ(::mkfifo((home.folder / "home/config/kdeglobals").c_str(), 0600), 0);
     EXPECT_EQ(home.ask("motion"), "as usual");
 }
 
