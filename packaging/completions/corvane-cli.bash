@@ -12,9 +12,20 @@ _corvane_cli() {
     done
 
     COMPREPLY=()
+    local commands='scan map breakdown snapshots cleanup protected remove help'
     if [[ -z $command ]]; then
-        mapfile -t COMPREPLY < <(compgen -W \
-            'scan map breakdown snapshots cleanup protected remove --json --help -h --version -V ' -- "$current")
+        if [[ -z $onlyPaths ]]; then
+            mapfile -t COMPREPLY < <(compgen -W "$commands --json --help -h --version -V " -- "$current")
+        fi
+        # A path in the place of a command is scanned.
+        if [[ ${#COMPREPLY[@]} -eq 0 ]]; then
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -d -- "$current")
+        fi
+        return
+    fi
+    if [[ $command == help ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
         return
     fi
 

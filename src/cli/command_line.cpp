@@ -4,6 +4,8 @@
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <span>
+#include <string_view>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -11,11 +13,14 @@
 #include "cli/breakdown_command.h"
 #include "cli/cleanup_command.h"
 #include "cli/map_command.h"
+#include "cli/meant_command.h"
+#include "cli/path_argument.h"
 #include "cli/protected_command.h"
 #include "cli/remove_command.h"
 #include "cli/scan_command.h"
 #include "cli/shielded_arguments.h"
 #include "cli/snapshots_command.h"
+#include "core/nearest_name.h"
 #include "platform/host.h"
 
 namespace corvane {
@@ -57,6 +62,8 @@ struct Commands {
 
     Commands();
 
+    [[nodiscard]] std::vector<std::string> names() const;
+
 private:
     CLI::App *add(const std::string &name, const std::string &description, const std::string &example);
     static CLI::Option *addPath(CLI::App &command, const std::string &description);
@@ -94,7 +101,7 @@ Commands::Commands()
     app.set_help_flag("-h,--help", "Show this help");
     app.set_version_flag("-V,--version", "corvane-cli " CORVANE_VERSION, "Show the version");
     app.add_flag("--json", json, jsonDescription);
-    app.footer("\"corvane-cli COMMAND --help\" tells more of each command.\n\n"
+    app.footer("\"corvane-cli help COMMAND\" tells more of each command; \"corvane-cli PATH\" scans that folder.\n\n"
                "Exit status: 0 done, 1 done with failures, 2 the command line is wrong or a path does not exist.");
 
     scan = add("scan", "Show where the space of a folder went.", "corvane-cli scan --json ~/Movies > movies.json");
@@ -128,6 +135,14 @@ Commands::Commands()
     remove->add_flag("-y,--yes", yes, "Do not ask; needed where there is no terminal");
 }
 
+std::vector<std::string> Commands::names() const
+{
+    std::vector<std::string> names{"help"};
+    for (const CLI::App *const command : app.get_subcommands([](const CLI::App *) { return true; }))
+        names.push_back(command->get_name());
+    return names;
+}
+
 std::vector<std::string> valuesOf(const CLI::Option &option)
 {
     std::vector<std::string> values;
@@ -156,15 +171,39 @@ std::string optionNamedIn(const std::string &text)
     return text.substr(start, text.find_first_of(":= ", start) - start);
 }
 
-/// The parser's complaint in one sentence of ours.
-std::string reasonOf(const CLI::ParseError &error, const CLI::App &app, bool hasCommand)
+/// What may have been meant by a mistyped word, for the end of a complaint.
+std::string suggestion(std::string_view word, std::span<const std::string> names, std::string_view dashes = {})
 {
-    const std::vector<std::string> extras = app.remaining(true);
+    const std::optional<std::string> nearest = nearestName(word, names);
+    return nearest ? fmt::format(" (did you mean \"{}{}\"?)", dashes, *nearest) : std::string();
+}
+
+std::string unknownOption(const std::string &argument, const CLI::App &command)
+{
+    if (existingItem(argument, systemHost().files))
+        return fmt::format("\"{0}\" counts as an option; for the item of that name write \"./{0}\"", argument);
+    const std::string option = argument.substr(0, argument.find('='));
+    std::vector<std::string> names;
+    for (const CLI::Option *const known : command.get_options())
+        std::ranges::copy(known->get_lnames(), std::back_inserter(names));
+    const std::string_view word =
+        std::string_view(option).substr(std::min(option.find_first_not_of('-'), option.size()));
+    return fmt::format("unknown option \"{}\"", option) + suggestion(word, names, "--");
+}
+
+/// The parser's complaint in one sentence of ours. `command` is the one that was recognised, or the whole program.
+std::string reasonOf(const CLI::ParseError &error, const Commands &commands, const CLI::App &command)
+{
+    // Before what else is wrong: an option that is not known may be the path that is missing.
+    const std::vector<std::string> extras = commands.app.remaining(true);
+    const auto option = std::ranges::find_if(extras, isOption);
+    if (option != extras.end())
+        return unknownOption(*option, command);
     if (dynamic_cast<const CLI::ExtrasError *>(&error) != nullptr && !extras.empty()) {
-        const std::string &extra = extras.front();
-        if (extra.starts_with('-'))
-            return fmt::format("unknown option \"{}\"", extra.substr(0, extra.find('=')));
-        return fmt::format("{} \"{}\"", hasCommand ? "unexpected argument" : "unknown command", unshielded(extra));
+        const std::string extra = unshielded(extras.front());
+        if (&command != &commands.app)
+            return fmt::format("unexpected argument \"{}\"", extra);
+        return fmt::format("unknown command \"{}\"", extra) + suggestion(extra, commands.names());
     }
     const std::string text = error.what();
     if (dynamic_cast<const CLI::RequiredError *>(&error) != nullptr)
@@ -223,7 +262,8 @@ ExitStatus runCommand(const Commands &commands, Console &console)
 ExitStatus runCommandLine(const std::vector<std::string> &arguments, Console &console)
 {
     Commands commands;
-    std::vector<std::string> shielded = shieldedArguments(arguments);
+    std::vector<std::string> shielded =
+        shieldedArguments(withMeantCommand(arguments, commands.names(), systemHost().files));
     std::ranges::reverse(shielded); // the parser takes them from the back
     try {
         commands.app.parse(shielded);
@@ -237,7 +277,7 @@ ExitStatus runCommandLine(const std::vector<std::string> &arguments, Console &co
     } catch (const CLI::ParseError &error) {
         const std::vector<CLI::App *> parsed = commands.app.get_subcommands();
         const CLI::App &command = parsed.empty() ? commands.app : *parsed.front();
-        return refuse(reasonOf(error, commands.app, !parsed.empty()), command, console);
+        return refuse(reasonOf(error, commands, command), command, console);
     }
     return runCommand(commands, console);
 }

@@ -6,6 +6,7 @@
 
 #include "cli/character_width.h"
 #include "cli/utf8.h"
+#include "core/byte_count.h"
 
 namespace corvane {
 
@@ -34,17 +35,6 @@ char32_t shown(char32_t codePoint)
     if (isUpperControl || breaksLine || isNoCharacter || turnsDirection(codePoint))
         return replacement;
     return codePoint;
-}
-
-std::string grouped(std::int64_t count)
-{
-    std::string digits = fmt::format("{}", count);
-    const std::size_t first = count < 0 ? 1 : 0;
-    for (std::size_t position = digits.size(); position > first + 3;) {
-        position -= 3;
-        digits.insert(position, 1, ',');
-    }
-    return digits;
 }
 
 } // namespace
@@ -118,7 +108,7 @@ std::string leftAligned(std::string_view text, std::size_t columns)
 
 std::string countText(std::int64_t count, std::string_view one, std::string_view many)
 {
-    return fmt::format("{} {}", grouped(count), count == 1 ? one : many);
+    return fmt::format("{} {}", formatCount(count), count == 1 ? one : many);
 }
 
 std::string percentText(std::int64_t part, std::int64_t whole)

@@ -6,11 +6,6 @@ namespace {
 
 constexpr char mark = ':';
 
-bool isOption(std::string_view argument)
-{
-    return argument.size() > 1 && argument.front() == '-';
-}
-
 std::string marked(std::string_view text)
 {
     return std::string(1, mark).append(text);
@@ -26,6 +21,11 @@ std::string withValueMarked(const std::string &option)
 }
 
 } // namespace
+
+bool isOption(std::string_view argument)
+{
+    return argument.size() > 1 && argument.front() == '-';
+}
 
 std::vector<std::string> shieldedArguments(const std::vector<std::string> &arguments)
 {

@@ -11,6 +11,9 @@ namespace corvane {
 /// it behind a mark, and has the mark taken off again by `unshielded`. What follows "--" is never an option.
 [[nodiscard]] std::vector<std::string> shieldedArguments(const std::vector<std::string> &arguments);
 
+/// Whether an argument that stands before "--" is an option; "-" alone is none.
+[[nodiscard]] bool isOption(std::string_view argument);
+
 /// The argument as it was given.
 [[nodiscard]] std::string unshielded(std::string_view argument);
 

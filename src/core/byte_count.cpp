@@ -50,4 +50,15 @@ std::string formatByteCount(std::int64_t bytes)
     return {};
 }
 
+std::string formatCount(std::int64_t count)
+{
+    std::string digits = fmt::format("{}", count);
+    const std::size_t first = count < 0 ? 1 : 0;
+    for (std::size_t position = digits.size(); position > first + 3;) {
+        position -= 3;
+        digits.insert(position, 1, ',');
+    }
+    return digits;
+}
+
 } // namespace corvane

@@ -9,4 +9,7 @@ namespace corvane {
 /// "12.3 MB", "12.35 GB"; trailing zeros dropped, always a point. A negative count is written as 0.
 [[nodiscard]] std::string formatByteCount(std::int64_t bytes);
 
+/// A count of items as it is written everywhere: "7", "1,234,567".
+[[nodiscard]] std::string formatCount(std::int64_t count);
+
 } // namespace corvane

@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include "core/byte_count.h"
 #include "core/checked_add.h"
 #include "core/file_type.h"
 #include "map/treemap.h"
@@ -93,11 +94,11 @@ std::vector<TreemapItem> TreemapBuilder::items(const FileNode &folder, std::size
     if (rest < 1) {
         const std::int64_t count = folder.smallFilesCount;
         if (folder.smallFilesSize > 0)
-            result.push_back(
-                {nullptr, fmt::format("{} small file{}", count, count == 1 ? "" : "s"), folder.smallFilesSize});
+            result.push_back({nullptr, fmt::format("{} small file{}", formatCount(count), count == 1 ? "" : "s"),
+                              folder.smallFilesSize});
     } else {
-        const std::size_t count = children.size() - shown;
-        result.push_back({nullptr, fmt::format("{} more item{}", count, count == 1 ? "" : "s"),
+        const auto count = static_cast<std::int64_t>(children.size() - shown);
+        result.push_back({nullptr, fmt::format("{} more item{}", formatCount(count), count == 1 ? "" : "s"),
                           checkedAdd(rest, folder.smallFilesSize)});
     }
 

@@ -1,8 +1,11 @@
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "cli/cli_test.h"
 #include "cli/shielded_arguments.h"
@@ -101,8 +104,23 @@ TEST_F(CommandLineTest, WhatIsWrongIsOneLineWithAHint)
     const std::string general = "; see \"corvane-cli --help\"\n";
     const std::string ofScan = "; see \"corvane-cli scan --help\"\n";
     for (const Case &wrong :
-         {Case{{}, "no command given" + general}, Case{{"--json"}, "no command given" + general},
-          Case{{"scn"}, "unknown command \"scn\"" + general}, Case{{""}, "unknown command \"\"" + general},
+         {Case{{}, "no command given" + general},
+          Case{{"--json"}, "no command given" + general},
+          Case{{"scn"}, "unknown command \"scn\" (did you mean \"scan\"?)" + general},
+          Case{{"REMVOE", "x"}, "unknown command \"REMVOE\" (did you mean \"remove\"?)" + general},
+          Case{{"hlep"}, "unknown command \"hlep\" (did you mean \"help\"?)" + general},
+          Case{{"help", "scn"}, "unknown command \"scn\" (did you mean \"scan\"?)" + general},
+          Case{{"help", "."}, "unknown command \".\"" + general},
+          Case{{"delete"}, "unknown command \"delete\"" + general},
+          Case{{""}, "unknown command \"\"" + general},
+          Case{{"--jsn"}, "unknown option \"--jsn\" (did you mean \"--json\"?)" + general},
+          Case{{"scan", "-json"}, "unknown option \"-json\" (did you mean \"--json\"?)" + ofScan},
+          Case{{"map", "/", "--sizes=1x1"},
+               "unknown option \"--sizes\" (did you mean \"--size\"?); see \"corvane-cli map --help\"\n"},
+          Case{{"remove", "--permanetly", "x"},
+               "unknown option \"--permanetly\" (did you mean \"--permanently\"?); see \"corvane-cli remove "
+               "--help\"\n"},
+          Case{{"remove", "-dfoo"}, "unknown option \"-dfoo\"; see \"corvane-cli remove --help\"\n"},
           Case{{"breakdown", "/"}, "unexpected argument \"/\"; see \"corvane-cli breakdown --help\"\n"},
           Case{{"breakdown", "--scan"}, "--scan needs a value; see \"corvane-cli breakdown --help\"\n"},
           Case{{"snapshots", "/"}, "unexpected argument \"/\"; see \"corvane-cli snapshots --help\"\n"},
@@ -123,6 +141,51 @@ TEST_F(CommandLineTest, WhatIsWrongIsOneLineWithAHint)
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.errors, "corvane-cli: " + wrong.complaint);
     }
+}
+
+TEST_F(CommandLineTest, AnItemWhoseNameCountsAsAnOptionIsNamedWithTheWayToWriteIt)
+{
+    m_folder.writeText("-dfoo", "");
+    const ProgramResult result = run({"remove", "--yes", "-dfoo"});
+    EXPECT_EQ(result.exitStatus, 2);
+    EXPECT_EQ(result.errors, "corvane-cli: \"-dfoo\" counts as an option; for the item of that name write "
+                             "\"./-dfoo\"; see \"corvane-cli remove --help\"\n");
+    EXPECT_TRUE(std::filesystem::exists(m_folder / "-dfoo"));
+}
+
+TEST_F(CommandLineTest, APathInThePlaceOfACommandIsScanned)
+{
+    m_folder.makeFolder("movies");
+    m_folder.makeFolder("scan");
+    const std::vector<std::pair<std::vector<std::string>, std::string>> cases{
+        {{"."}, m_folder.path()},          {{"./scan"}, m_folder / "scan"},
+        {{"scan"}, m_folder / "home"},     {{"scan", "scan"}, m_folder / "scan"},
+        {{"movies"}, m_folder / "movies"}, {{m_folder / "movies"}, m_folder / "movies"},
+        {{"home/.."}, m_folder.path()},
+    };
+    for (const auto &[arguments, root] : cases)
+        EXPECT_EQ(document(arguments)["root"]["path"], root) << arguments.back();
+    EXPECT_EQ(parsed(run({"--json", "."}))["root"]["path"], m_folder.path());
+    EXPECT_EQ(parsed(run({"--json", "--", "scan"}))["root"]["path"], m_folder / "scan");
+}
+
+TEST_F(CommandLineTest, AMissingPathInThePlaceOfACommandIsNamed)
+{
+    const ProgramResult result = run({"/nope/a"});
+    EXPECT_EQ(result.exitStatus, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.errors, "corvane-cli: /nope/a does not exist; the nearest folder that does is /\n");
+}
+
+TEST_F(CommandLineTest, HelpIsACommandTooAndWinsOverAFolderOfThatName)
+{
+    m_folder.makeFolder("help");
+    EXPECT_EQ(run({"help"}).out, run({"--help"}).out);
+    EXPECT_EQ(run({"help", "--json"}).out, run({"--help"}).out);
+    for (const std::string &command : commands)
+        EXPECT_EQ(run({"help", command}).out, run({command, "--help"}).out) << command;
+    EXPECT_EQ(run({"help"}).exitStatus, 0);
+    EXPECT_EQ(document({"./help"})["root"]["path"], m_folder / "help");
 }
 
 TEST_F(CommandLineTest, JsonMayStandBeforeTheCommand)

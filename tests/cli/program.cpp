@@ -98,6 +98,12 @@ Program::Program(std::vector<std::string> arguments) : m_arguments(std::move(arg
     }
 }
 
+Program &Program::at(const std::string &path)
+{
+    m_path = path;
+    return *this;
+}
+
 Program &Program::in(const std::string &folder)
 {
     m_folder = folder;
@@ -140,7 +146,7 @@ void Program::become() const
     for (const auto &[name, value] : m_environment)
         line.push_back(name + "=" + value);
     line.insert(line.end(), m_launcher.begin(), m_launcher.end());
-    line.push_back(path());
+    line.push_back(m_path);
     line.insert(line.end(), m_arguments.begin(), m_arguments.end());
     const std::vector<char *> arguments = pointers(line);
 

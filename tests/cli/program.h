@@ -23,6 +23,8 @@ class Program {
 public:
     explicit Program(std::vector<std::string> arguments);
 
+    /// Runs another program of ours.
+    Program &at(const std::string &path);
     Program &in(const std::string &folder);
     Program &with(const std::string &name, const std::string &value);
 
@@ -44,6 +46,7 @@ public:
     [[noreturn]] void become() const;
 
 private:
+    std::string m_path = path();
     std::vector<std::string> m_arguments;
     std::vector<std::string> m_launcher;
     std::map<std::string, std::string> m_environment;

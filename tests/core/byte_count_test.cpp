@@ -55,5 +55,15 @@ TEST(ByteCount, LargestCountIsWrittenInItsUnit)
     EXPECT_EQ(formatByteCount(std::numeric_limits<std::int64_t>::max()), "9.22 EB");
 }
 
+TEST(Count, IsGroupedInThousands)
+{
+    EXPECT_EQ(formatCount(0), "0");
+    EXPECT_EQ(formatCount(999), "999");
+    EXPECT_EQ(formatCount(1'000), "1,000");
+    EXPECT_EQ(formatCount(1'234'567), "1,234,567");
+    EXPECT_EQ(formatCount(-1'000), "-1,000");
+    EXPECT_EQ(formatCount(-100), "-100");
+}
+
 } // namespace
 } // namespace corvane

@@ -80,6 +80,15 @@ TEST(TreemapItems, OneSmallFileIsNamedInTheSingular)
     EXPECT_THAT(labels(TreemapBuilder::items(*root, 60)), ElementsAre("1 small file"));
 }
 
+TEST(TreemapItems, CountsAreGroupedAsInTheList)
+{
+    const NodePtr root = makeRoot();
+    addSmallFiles(root, 1'234'567, 40'000);
+    EXPECT_THAT(labels(TreemapBuilder::items(*root, 60)), ElementsAre("1,234,567 small files"));
+    addFiles(root, 1'060, 1'000'000);
+    EXPECT_EQ(TreemapBuilder::items(*root, 60).front().label, "1,000 more items");
+}
+
 TEST(TreemapItems, SmallFilesWithoutBytesGiveNoAggregate)
 {
     const NodePtr root = makeRoot();
