@@ -1,6 +1,25 @@
 #include "main/command_line.h"
 
+#include <algorithm>
+#include <array>
+
+#include "core/nearest_name.h"
+
 namespace corvane {
+
+namespace {
+
+std::string unknownOption(std::string_view argument)
+{
+    static const std::array<std::string, 2> names{"help", "version"};
+    std::string error = "unknown option " + std::string(argument);
+    argument.remove_prefix(std::min(argument.find_first_not_of('-'), argument.size()));
+    if (const auto nearest = nearestName(argument, names))
+        error += "; did you mean --" + *nearest + "?";
+    return error;
+}
+
+} // namespace
 
 CommandLine CommandLine::parse(std::span<const std::string_view> arguments)
 {
@@ -17,7 +36,7 @@ CommandLine CommandLine::parse(std::span<const std::string_view> arguments)
         } else if (line.request == Request::wrong) {
             continue;
         } else if (!optionsEnded && argument.starts_with('-') && argument.size() > 1) {
-            line = {.request = Request::wrong, .folder = {}, .error = "unknown option " + std::string(argument)};
+            line = {.request = Request::wrong, .folder = {}, .error = unknownOption(argument)};
         } else if (hasFolder || argument.empty()) {
             line = {.request = Request::wrong, .folder = {}, .error = "name one folder, or none"};
         } else {

@@ -6,6 +6,7 @@
 #include <QQuickWindow>
 
 #include "core/path_guard.h"
+#include "main/user_settings.h"
 #include "platform/host.h"
 #include "shell/ui/shell_ui.h"
 #include "shell/ui/store_registration.h"
@@ -24,10 +25,8 @@ void endWithoutGraphics(QQuickWindow::SceneGraphError, const QString &message)
 
 } // namespace
 
-CorvaneApp::CorvaneApp() : m_store(systemHost(), PathGuard::locations())
+CorvaneApp::CorvaneApp() : m_store(systemHost(), PathGuard::locations()), m_settings(openUserSettings())
 {
-    // What other programs of the same organisation have set is not ours.
-    m_settings.setFallbacksEnabled(false);
     StoreRegistration::setStore(&m_store);
     setUpShell(m_engine);
 }
@@ -42,7 +41,7 @@ bool CorvaneApp::openWindow()
         return false;
     }
     QObject::connect(window, &QQuickWindow::sceneGraphError, window, endWithoutGraphics, Qt::DirectConnection);
-    m_windowState.emplace(*window, m_settings);
+    m_windowState.emplace(*window, *m_settings);
     m_windowState->restore();
     if (window->windowState() == Qt::WindowMaximized)
         window->showMaximized();

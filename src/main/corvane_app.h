@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -28,7 +29,7 @@ public:
 private:
     // In this order: the window state reads the window, the window reads the store.
     StorageStore m_store;
-    QSettings m_settings;
+    const std::unique_ptr<QSettings> m_settings;
     QQmlApplicationEngine m_engine;
     std::optional<WindowState> m_windowState;
 };

@@ -1,15 +1,18 @@
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <system_error>
+#include <string>
 #include <vector>
 
 #include <QGuiApplication>
-#include <QIcon>
+#include <QLocale>
 #include <QQuickStyle>
 
+#include "cli/display_text.h"
+#include "cli/path_argument.h"
+#include "disk/ui/date_text.h"
 #include "main/command_line.h"
 #include "main/corvane_app.h"
+#include "platform/host.h"
 
 namespace {
 
@@ -60,17 +63,25 @@ int main(int argc, char **argv)
     // Qt has taken its own options out by now.
     const CommandLine line = commandLine(argc, argv);
     if (line.request == CommandLine::Request::wrong) {
-        std::fprintf(stderr, "corvane: %s (see corvane --help)\n", line.error.c_str());
+        std::fprintf(stderr, "corvane: %s (see corvane --help)\n", corvane::displayText(line.error).c_str());
         return 2;
     }
+
+    std::string folder;
+    if (!line.folder.empty()) {
+        const corvane::Judged<std::string> judged = corvane::existingFolder(line.folder, corvane::systemHost().files);
+        if (!judged) {
+            std::fprintf(stderr, "corvane: %s\n", corvane::displayText(judged.error()).c_str());
+            return 2;
+        }
+        folder = *judged;
+    }
+    QLocale::setDefault(corvane::dateLocale());
 
     corvane::CorvaneApp program;
     if (!program.openWindow())
         return EXIT_FAILURE;
-    if (!line.folder.empty()) {
-        std::error_code error;
-        const std::filesystem::path folder = std::filesystem::absolute(line.folder, error);
-        program.store().scan(error ? line.folder : folder.string());
-    }
+    if (!folder.empty())
+        program.store().scan(folder);
     return QGuiApplication::exec();
 }

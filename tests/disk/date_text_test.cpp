@@ -1,5 +1,9 @@
 #include "disk/ui/date_text.h"
 
+#include <array>
+#include <optional>
+#include <utility>
+
 #include <gtest/gtest.h>
 
 namespace corvane {
@@ -16,8 +20,41 @@ TEST(AbbreviatedDateTime, FollowsTheLocalesOrder)
 {
     EXPECT_EQ(shown("en_US"), "Nov 20, 2026 at 9:14 AM");
     EXPECT_EQ(shown("en_GB"), "20 Nov 2026 at 09:14");
-    EXPECT_EQ(shown("da_DK"), "den 20. nov. 2026 at 09.14");
+    EXPECT_EQ(shown("da_DK"), "den 20. nov. 2026 09.14");
 }
+
+TEST(AbbreviatedDateTime, HasNoEnglishWordInAnotherLanguage)
+{
+    EXPECT_EQ(shown("de_DE"), "20. Nov. 2026 09:14");
+    EXPECT_EQ(shown("ja_JP"), "2026年11月20日 9:14");
+}
+
+#ifndef Q_OS_MACOS
+TEST(DateLocale, IsThatOfTheTimesNotOfTheWords)
+{
+    const auto before = [](const char *name) {
+        return std::pair(name, qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name)) : std::nullopt);
+    };
+    const std::array kept{before("LC_ALL"), before("LC_TIME"), before("LANG")};
+    qunsetenv("LC_ALL");
+    qputenv("LANG", "en_US.UTF-8");
+    qputenv("LC_TIME", "de_DE.UTF-8");
+    EXPECT_EQ(dateLocale(), QLocale(QLocale::German, QLocale::Germany));
+    qputenv("LC_ALL", "da_DK.UTF-8");
+    EXPECT_EQ(dateLocale(), QLocale(QLocale::Danish, QLocale::Denmark));
+    qunsetenv("LC_ALL");
+    qunsetenv("LC_TIME");
+    EXPECT_EQ(dateLocale(), QLocale(QLocale::English, QLocale::UnitedStates));
+    qunsetenv("LANG");
+    EXPECT_EQ(dateLocale(), QLocale::c());
+    for (const auto &[name, value] : kept) {
+        if (value)
+            qputenv(name, *value);
+        else
+            qunsetenv(name);
+    }
+}
+#endif
 
 TEST(AbbreviatedDateTime, HasNoSecondsWhereTheLocaleHasThem)
 {

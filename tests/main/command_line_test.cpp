@@ -43,8 +43,15 @@ TEST(CommandLine, UnknownOptionsAndSecondFoldersAreWrong)
 {
     EXPECT_EQ(parse({"--fast"}).request, Request::wrong);
     EXPECT_EQ(parse({"--fast"}).error, "unknown option --fast");
+    EXPECT_EQ(parse({"---"}).error, "unknown option ---");
     EXPECT_EQ(parse({"a", "b"}).request, Request::wrong);
     EXPECT_EQ(parse({""}).request, Request::wrong);
+}
+
+TEST(CommandLine, AMistypedOptionIsAnsweredWithTheNearestOne)
+{
+    EXPECT_EQ(parse({"--hlep"}).error, "unknown option --hlep; did you mean --help?");
+    EXPECT_EQ(parse({"--vers"}).error, "unknown option --vers; did you mean --version?");
 }
 
 TEST(CommandLine, ASingleDashIsAFolderOfThatName)

@@ -1,0 +1,55 @@
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "cli/program.h"
+#include "support/temporary_folder.h"
+
+namespace corvane {
+namespace {
+
+/// The window's program, as far as it goes without a window.
+class WindowProgramTest : public testing::Test {
+protected:
+    ProgramResult run(std::vector<std::string> arguments) const
+    {
+        return Program(std::move(arguments))
+            .at(CORVANE_PROGRAM)
+            .with("HOME", m_folder.path())
+            .with("QT_QPA_PLATFORM", "offscreen")
+            .with("QT_QUICK_BACKEND", "software")
+            .in(m_folder.path())
+            .run();
+    }
+
+    TemporaryFolder m_folder;
+};
+
+TEST_F(WindowProgramTest, AFolderThatDoesNotExistIsNamed)
+{
+    const ProgramResult result = run({"/nope/a"});
+    EXPECT_EQ(result.exitStatus, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.errors, "corvane: /nope/a does not exist; the nearest folder that does is /\n");
+}
+
+TEST_F(WindowProgramTest, AFileIsNamedWithItsFolder)
+{
+    m_folder.writeText("file\x1b", "");
+    const ProgramResult result = run({"file\x1b"});
+    EXPECT_EQ(result.exitStatus, 2);
+    EXPECT_EQ(result.errors, "corvane: " + m_folder.path() + "/file␛ is a file, not a folder; its folder is " +
+                                 m_folder.path() + "\n");
+}
+
+TEST_F(WindowProgramTest, AMistypedOptionIsAnsweredWithTheNearestOne)
+{
+    const ProgramResult result = run({"--hlep"});
+    EXPECT_EQ(result.exitStatus, 2);
+    EXPECT_EQ(result.errors, "corvane: unknown option --hlep; did you mean --help? (see corvane --help)\n");
+}
+
+} // namespace
+} // namespace corvane
