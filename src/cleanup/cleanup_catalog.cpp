@@ -127,8 +127,9 @@ std::string CleanupCatalog::folder(const CleanupDefinition &definition, FileSyst
 CleanupItem CleanupCatalog::measure(const CleanupDefinition &definition, FileSystem &files, const StopFlag &stop)
 {
     const std::string path = folder(definition, files);
-    CleanupItem item{&definition, {}, true};
-    if (!files.exists(path))
+    CleanupItem item{.def = &definition, .entries = {}};
+    item.exists = files.exists(path);
+    if (!item.exists)
         return item;
 
     std::vector<CleanupEntry> children;

@@ -55,6 +55,7 @@ struct CleanupItem {
     const CleanupDefinition *def = nullptr; ///< of static storage
     std::vector<CleanupEntry> entries;      ///< largest first
     bool accessible = true;                 ///< false when the folder is there but cannot be listed
+    bool exists = true;                     ///< false when there is no such folder
 
     /// The sum of the entries.
     [[nodiscard]] std::int64_t total() const;

@@ -68,6 +68,13 @@ TEST_F(CleanupCatalogTest, AMissingFolderIsAnEmptyItemThatIsAccessible)
     EXPECT_TRUE(item.entries.empty());
     EXPECT_EQ(item.total(), 0);
     EXPECT_TRUE(item.accessible);
+    EXPECT_FALSE(item.exists);
+}
+
+TEST_F(CleanupCatalogTest, AnEmptyFolderExists)
+{
+    folder.makeFolder("Library/Logs");
+    EXPECT_TRUE(CleanupCatalog::measure(definition("logs"), files).exists);
 }
 
 TEST_F(CleanupCatalogTest, AFolderThatCannotBeListedIsNotAccessible)

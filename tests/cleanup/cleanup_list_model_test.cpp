@@ -379,6 +379,25 @@ TEST_F(CleanupListModelTest, ABuildFolderThatARemovalEmptiesIsNotOfferedAnyMore)
     EXPECT_EQ(text(header, Model::SizeTextRole), QStringLiteral("2 MB"));
 }
 
+TEST_F(CleanupListModelTest, BuildFoldersOfAStoppedScanCarryARemarkAndTheWayToANewScan)
+{
+    addProject("harbor", 5'000'000);
+    store.scan(at("Projects"));
+    store.stopScan();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, 20'000));
+    const int row = rowOf(QStringLiteral("Partial: the scan was stopped"));
+    ASSERT_GE(row, 0);
+    EXPECT_EQ(text(row, Model::KindRole), QStringLiteral("partial"));
+    EXPECT_EQ(text(row - 1), QStringLiteral("Project Build Artifacts"));
+    EXPECT_EQ(text(row, Model::ActionRole), QStringLiteral("Scan Again"));
+    EXPECT_TRUE(titles(QStringLiteral("none")).isEmpty()) << "nothing was found where nothing was looked for";
+    model.activate(row);
+    EXPECT_EQ(store.lastScanPath(), at("Projects"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, 20'000));
+    EXPECT_TRUE(titles(QStringLiteral("partial")).isEmpty());
+    EXPECT_EQ(titles(QStringLiteral("artifact")).size(), 1);
+}
+
 TEST_F(CleanupListModelTest, ANewScanTakesTheOldBuildFoldersAway)
 {
     addProject("harbor", 5'000'000);
@@ -397,6 +416,32 @@ TEST_F(CleanupListModelTest, TheLastRowOfACardLeadsToTheLocation)
     expand(caches);
     model.activate(rowOf(revealTitle));
     EXPECT_THAT(fake.log->lines(), Contains("reveal " + at("Library/Caches")));
+}
+
+TEST_F(CleanupListModelTest, ALocationThatDoesNotExistOffersNoWayToIt)
+{
+    fake.files.addFolder(at("Library/Logs"));
+    measure();
+    expand(QStringLiteral("Logs"));
+    EXPECT_EQ(titles(QStringLiteral("reveal")).size(), 1) << "empty, but there";
+    EXPECT_TRUE(titles(QStringLiteral("missing")).isEmpty());
+    model.setExpanded(rowOf(QStringLiteral("Logs")), false);
+
+    expand(caches);
+    EXPECT_TRUE(titles(QStringLiteral("reveal")).isEmpty());
+    EXPECT_EQ(titles(QStringLiteral("missing")), QStringList(QStringLiteral("This folder does not exist.")));
+
+    addFile("Library/Caches/a", 3'000'000);
+    measure();
+    EXPECT_EQ(titles(QStringLiteral("reveal")).size(), 1);
+    EXPECT_TRUE(titles(QStringLiteral("missing")).isEmpty());
+}
+
+TEST_F(CleanupListModelTest, BeforeAMeasurementNoWayToALocationIsOffered)
+{
+    expand(caches);
+    EXPECT_TRUE(titles(QStringLiteral("reveal")).isEmpty());
+    EXPECT_TRUE(titles(QStringLiteral("missing")).isEmpty());
 }
 
 TEST_F(CleanupListModelTest, AnEntryHasAMenuThatKnowsWhetherTheMapCanShowIt)

@@ -392,5 +392,29 @@ TEST_F(BreakdownScreenTest, TheSummaryWaitsForABreakdown)
     EXPECT_TRUE(fake.store.breakdownLoading());
 }
 
+TEST_F(BreakdownScreenTest, FiguresOfAStoppedScanCarryARemarkAndTheWayToANewScan)
+{
+    show(test::sampleBreakdown());
+    EXPECT_THAT(names(), Not(Contains("Partial: the scan was stopped")));
+
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.scanIsPartial = true;
+    show(disk);
+    EXPECT_THAT(names(), Contains("Partial: the scan was stopped"));
+    scene->click(visibleItem(QStringLiteral("breakdown.scanAgain")));
+    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio") << "nothing else was scanned before";
+}
+
+TEST_F(BreakdownScreenTest, TheSummaryOfAStoppedScanCarriesTheRemark)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.scanIsPartial = true;
+    fake.store.finishBreakdown(disk, fake.store.breakdownToken());
+    showFile("BreakdownSummaryCard", {772, 44});
+    EXPECT_THAT(names(), AllOf(Contains("95% of 811.29 GB explained"), Contains("Partial: the scan was stopped")));
+    const QQuickItem *const words = visibleItem(QStringLiteral("summary.text"));
+    EXPECT_GE(words->width(), words->implicitWidth()) << "both are read whole in the smallest window";
+}
+
 } // namespace
 } // namespace corvane

@@ -398,6 +398,16 @@ TEST_F(ExplorerScreenTest, ARescanEmptiesTheScreenAndFillsItAgain)
     EXPECT_NE(scene->item("contents")->property("count").toInt(), 0);
 }
 
+TEST_F(ExplorerScreenTest, AStoppedScanIsMarkedBesideItsFiles)
+{
+    show();
+    EXPECT_EQ(named(QStringLiteral("Partial: the scan was stopped"), QAccessible::StaticText), nullptr);
+    store.scanHome();
+    store.stopScan();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
+    EXPECT_NE(named(QStringLiteral("Partial: the scan was stopped"), QAccessible::StaticText), nullptr);
+}
+
 // --- Readers
 
 TEST_F(ExplorerScreenTest, TheMapIsReachedFromTheWindow)

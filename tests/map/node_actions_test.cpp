@@ -62,6 +62,16 @@ TEST_F(NodeActionsTest, AFailureToRevealIsSaid)
     EXPECT_TRUE(store.toastIsWarning());
 }
 
+TEST_F(NodeActionsTest, AnItemThatWasRemovedMeanwhileIsNotRevealed)
+{
+    target("Films/a.mov");
+    EXPECT_TRUE(actions.canReveal());
+    removeItem("Films/a.mov", 3'000'000);
+    EXPECT_FALSE(actions.canReveal());
+    actions.reveal();
+    EXPECT_THAT(fake.log->lines(), testing::Not(testing::Contains("reveal /home/studio/Films/a.mov")));
+}
+
 TEST_F(NodeActionsTest, CopyPutsThePathOnTheClipboard)
 {
     target("Films/a.mov");

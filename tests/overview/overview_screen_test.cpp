@@ -128,6 +128,33 @@ TEST_F(OverviewScreenTest, AfterAScanItSaysWhatWasFound)
     EXPECT_EQ(link(QStringLiteral("npm Cache, 4 MB, 1 item"))->height(), 56) << "in a column of its own";
 }
 
+TEST_F(OverviewScreenTest, AStoppedScanIsMarkedAndCanBeRepeated)
+{
+    store.scan(at("Movies"));
+    store.stopScan();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
+    store.dismissToast();
+    show();
+    EXPECT_TRUE(shows(QStringLiteral("Partial: the scan was stopped")));
+    scene->click(button(QStringLiteral("Scan Again")));
+    EXPECT_EQ(store.lastScanPath(), at("Movies"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
+    EXPECT_FALSE(shows(QStringLiteral("Partial: the scan was stopped")));
+    EXPECT_EQ(button(QStringLiteral("Scan Again")), nullptr);
+}
+
+TEST_F(OverviewScreenTest, WithoutQuickWinsTheCardSaysSoInItsMiddle)
+{
+    fake.files.take(at(".npm"));
+    scanAndShow();
+    QQuickItem *const words =
+        find([](QQuickItem *item) { return item->property("text") == QStringLiteral("Your caches look tidy. Nice!"); });
+    ASSERT_NE(words, nullptr);
+    EXPECT_EQ(words->property("horizontalAlignment").toInt(), int(Qt::AlignHCenter));
+    EXPECT_FALSE(shows(QStringLiteral("Rebuilt or downloaded again when an app needs it.")));
+    EXPECT_NE(button(QStringLiteral("Open Cleanup")), nullptr);
+}
+
 TEST_F(OverviewScreenTest, WithoutRoomForThreeTheQuickWinsStandBelow)
 {
     scanAndShow({824, 600});

@@ -143,6 +143,16 @@ KeyboardItem {
                 }
             }
             DelegateChoice {
+                roleValue: "missing"
+
+                MoreRow {
+                    required property real opening
+
+                    width: view.width
+                    part: opening
+                }
+            }
+            DelegateChoice {
                 roleValue: "reveal"
 
                 RevealRow {
@@ -163,6 +173,19 @@ KeyboardItem {
                     required property int index
 
                     width: view.width
+                    buttonName: "cleanup.scanHome"
+                    ringed: ListView.isCurrentItem && list.visualFocus
+                    onActivated: contents.activate(index)
+                }
+            }
+            DelegateChoice {
+                roleValue: "partial"
+
+                ScanPromptRow {
+                    required property int index
+
+                    width: view.width
+                    buttonName: "cleanup.scanAgain"
                     ringed: ListView.isCurrentItem && list.visualFocus
                     onActivated: contents.activate(index)
                 }

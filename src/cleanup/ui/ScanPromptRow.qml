@@ -2,21 +2,24 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// There is no scan to find build folders in: the way to one.
+/// There is no scan to find build folders in, or only a part of one: the way to one.
 BoxRow {
     id: row
 
     required property string title
     required property string note
+    required property string action
     /// A scan is under way.
     required property bool working
+    /// The object name of the button.
+    property alias buttonName: button.objectName
 
     bodyHeight: CleanupMetrics.promptHeight
     presses: false
 
     Item {
         anchors.left: parent.left
-        anchors.right: action.left
+        anchors.right: button.left
         anchors.leftMargin: CleanupMetrics.rowInset
         anchors.rightMargin: Theme.space12
         anchors.verticalCenter: parent.verticalCenter
@@ -43,15 +46,14 @@ BoxRow {
         }
     }
     PillButton {
-        id: action
+        id: button
 
-        objectName: "cleanup.scanHome"
         anchors.right: parent.right
         anchors.rightMargin: CleanupMetrics.rowInset
         anchors.verticalCenter: parent.verticalCenter
         focusPolicy: Qt.NoFocus
         filled: true
-        text: qsTr("Scan Home Folder")
+        text: row.action
         enabled: !row.working
         onClicked: row.activated()
     }

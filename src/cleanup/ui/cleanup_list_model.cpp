@@ -46,10 +46,14 @@ QString kindName(Kind kind)
         return QStringLiteral("entry");
     case Kind::more:
         return QStringLiteral("more");
+    case Kind::missing:
+        return QStringLiteral("missing");
     case Kind::reveal:
         return QStringLiteral("reveal");
     case Kind::prompt:
         return QStringLiteral("prompt");
+    case Kind::partial:
+        return QStringLiteral("partial");
     case Kind::none:
         return QStringLiteral("none");
     case Kind::artifact:
@@ -127,8 +131,11 @@ std::vector<CleanupRow> CleanupListModel::makeRows() const
         return found != nullptr && found->isOpen();
     };
     if (!m_store)
-        return CleanupRows::make({}, isExpanded, false, {});
-    return CleanupRows::make(m_store->cleanupItems(), isExpanded, m_store->hasScan(), m_store->devJunk());
+        return CleanupRows::make({}, isExpanded, CleanupRows::Scan::none, {});
+    const auto scan = !m_store->hasScan()        ? CleanupRows::Scan::none
+                      : m_store->scanIsPartial() ? CleanupRows::Scan::stopped
+                                                 : CleanupRows::Scan::finished;
+    return CleanupRows::make(m_store->cleanupItems(), isExpanded, scan, m_store->devJunk());
 }
 
 void CleanupListModel::follow()
@@ -335,8 +342,10 @@ QVariant CleanupListModel::rowData(const CleanupRow &row, int role) const
     case Kind::artifact:
         return artifactData(row, role);
     case Kind::more:
+    case Kind::missing:
     case Kind::reveal:
     case Kind::prompt:
+    case Kind::partial:
     case Kind::none:
         return wordsData(row, role);
     }
@@ -466,6 +475,8 @@ QVariant CleanupListModel::wordsData(const CleanupRow &row, int role) const
     switch (row.kind) {
     case Kind::more:
         return isTitle ? moreText(row.unlisted) : QVariant();
+    case Kind::missing:
+        return isTitle ? QStringLiteral("This folder does not exist.") : QVariant();
     case Kind::reveal:
         return isTitle ? QStringLiteral("Reveal Folder in Finder") : QVariant();
     case Kind::none:
@@ -475,6 +486,16 @@ QVariant CleanupListModel::wordsData(const CleanupRow &row, int role) const
     default:
         break;
     }
+    if (row.kind == Kind::partial) {
+        if (role == ActionRole)
+            return QStringLiteral("Scan Again");
+        if (isTitle)
+            return displayText(partialScanText);
+        return role == NoteRole ? QStringLiteral("Build folders that the scan had not reached are not listed.")
+                                : QVariant();
+    }
+    if (role == ActionRole)
+        return QStringLiteral("Scan Home Folder");
     if (isTitle)
         return QStringLiteral("Find node_modules, Gradle build folders & more");
     return role == NoteRole
@@ -504,6 +525,7 @@ QHash<int, QByteArray> CleanupListModel::roleNames() const
             {OpeningRole, "opening"},
             {IconKeyRole, "iconKey"},
             {ElideRole, "elideMode"},
+            {ActionRole, "action"},
             {WorkingRole, "working"},
             {DescriptionRole, "description"}};
 }
@@ -532,9 +554,14 @@ void CleanupListModel::activate(int row)
         if (m_store->phase() != StorageStore::Phase::scanning)
             m_store->scanHome();
         break;
+    case Kind::partial:
+        if (m_store->phase() != StorageStore::Phase::scanning)
+            m_store->rescan();
+        break;
     case Kind::header:
     case Kind::entry:
     case Kind::more:
+    case Kind::missing:
     case Kind::none:
         break;
     }

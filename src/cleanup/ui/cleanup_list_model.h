@@ -47,6 +47,7 @@ public:
         OpeningRole, ///< how far the card is open that the row belongs to, from 0 to 1
         IconKeyRole,
         ElideRole,   ///< Qt::TextElideMode
+        ActionRole,  ///< what the row's button does
         WorkingRole, ///< a scan is under way
         DescriptionRole,
     };
@@ -63,7 +64,7 @@ public:
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
     /// What a press on the row does: a card opens or closes, its last row leads to the location, a build folder
-    /// is shown in the map, and where there is no scan, one starts.
+    /// is shown in the map, and where there is no scan, or only a part of one, one starts.
     Q_INVOKABLE void activate(int row);
     /// Opens or closes the card that the row is or belongs to.
     Q_INVOKABLE void setExpanded(int row, bool expanded);

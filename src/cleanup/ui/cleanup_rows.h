@@ -19,8 +19,10 @@ struct CleanupRow {
         card,     ///< a location
         entry,    ///< one of the largest items in the location above it
         more,     ///< how many entries are not listed
+        missing,  ///< there is no such location
         reveal,   ///< leads to the location above it
         prompt,   ///< there is no scan to find build folders in
+        partial,  ///< the scan was stopped, so build folders may be missing
         none,     ///< the scan found no build folders
         artifact, ///< a build folder
     };
@@ -49,10 +51,13 @@ struct CleanupRows {
 
     using Expanded = std::function<bool(const CleanupDefinition &)>;
 
+    /// The scan that the build folders are from.
+    enum class Scan : std::uint8_t { none, stopped, finished };
+
     /// The groups with their cards in the items' order, then the build folders. Without items the cards stand in
-    /// the catalogue's own order.
+    /// the catalogue's own order. The way to a location is only offered where it is known to exist.
     [[nodiscard]] static std::vector<CleanupRow> make(std::span<const CleanupItem> items, const Expanded &isExpanded,
-                                                      bool hasScan, std::span<const DevJunkItem> artifacts);
+                                                      Scan scan, std::span<const DevJunkItem> artifacts);
 };
 
 } // namespace corvane

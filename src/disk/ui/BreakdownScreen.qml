@@ -72,6 +72,14 @@ Rectangle {
                 visible: presenter.needsScan
                 presenter: presenter
             }
+            PartialScanNote {
+                width: parent.width
+                visible: presenter.partialText !== ""
+                text: presenter.partialText
+                canScan: presenter.canScan
+                buttonName: "breakdown.scanAgain"
+                onScanWanted: presenter.rescan()
+            }
             SegmentList {
                 id: list
 

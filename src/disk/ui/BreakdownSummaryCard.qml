@@ -47,7 +47,7 @@ Item {
     PlainText {
         objectName: "summary.text"
         anchors.left: title.right
-        anchors.right: button.left
+        anchors.right: partial.visible ? partial.left : button.left
         anchors.leftMargin: Theme.space10
         anchors.rightMargin: Theme.space10
         anchors.baseline: title.baseline
@@ -56,6 +56,17 @@ Item {
         color: Theme.t2
         Accessible.role: Accessible.StaticText
         Accessible.name: text
+    }
+    Tag {
+        id: partial
+
+        objectName: "summary.partial"
+        anchors.right: button.left
+        anchors.rightMargin: Theme.space10
+        anchors.verticalCenter: parent.verticalCenter
+        tone: "warning"
+        text: presenter.partialText
+        visible: text !== ""
     }
     PillButton {
         id: button

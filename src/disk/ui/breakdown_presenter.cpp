@@ -88,6 +88,11 @@ bool BreakdownPresenter::needsScan() const
     return isAvailable() && !breakdown()->hasScan;
 }
 
+QString BreakdownPresenter::partialText() const
+{
+    return isAvailable() && breakdown()->scanIsPartial ? displayText(partialScanText) : QString();
+}
+
 bool BreakdownPresenter::canScan() const
 {
     return m_store && m_store->phase() != StorageStore::Phase::scanning;
@@ -219,6 +224,12 @@ void BreakdownPresenter::scanHome()
 {
     if (m_store)
         m_store->scanHome();
+}
+
+void BreakdownPresenter::rescan()
+{
+    if (m_store)
+        m_store->rescan();
 }
 
 void BreakdownPresenter::perform(int row)

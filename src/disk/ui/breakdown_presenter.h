@@ -40,6 +40,8 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QString loadingText READ loadingText CONSTANT)
     /// The breakdown knows of no scan.
     Q_PROPERTY(bool needsScan READ needsScan NOTIFY changed)
+    /// The remark about a scan that was stopped, from which the breakdown was made; else empty.
+    Q_PROPERTY(QString partialText READ partialText NOTIFY changed)
     /// No scan is running, so that one can be started.
     Q_PROPERTY(bool canScan READ canScan NOTIFY canScanChanged)
     Q_PROPERTY(QString percentage READ percentage NOTIFY changed)
@@ -81,6 +83,7 @@ public:
     [[nodiscard]] bool isLoading() const;
     [[nodiscard]] QString loadingText() const;
     [[nodiscard]] bool needsScan() const;
+    [[nodiscard]] QString partialText() const;
     [[nodiscard]] bool canScan() const;
     /// "95%"
     [[nodiscard]] QString percentage() const;
@@ -118,6 +121,8 @@ public:
 
     Q_INVOKABLE void refresh();
     Q_INVOKABLE void scanHome();
+    /// Repeats the last scan.
+    Q_INVOKABLE void rescan();
     /// Carries out the action of a row.
     Q_INVOKABLE void perform(int row);
     /// Shows the screen that this presenter stands for.

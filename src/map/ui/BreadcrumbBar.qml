@@ -77,14 +77,24 @@ HeaderBand {
             onObjectRemoved: (index, object) => collapsedMenu.removeItem(object as T.MenuItem)
         }
     }
-    trailing: PlainText {
-        height: Theme.secondaryLine
-        text: bar.presenter.fileCount
-        font: Theme.secondaryFiguresFont
-        color: Theme.t2
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
-    }
+    trailing: [
+        Tag {
+            objectName: "partialScan"
+            anchors.verticalCenter: parent.verticalCenter
+            tone: "warning"
+            text: bar.presenter.partialText
+            visible: text !== ""
+        },
+        PlainText {
+            anchors.verticalCenter: parent.verticalCenter
+            height: Theme.secondaryLine
+            text: bar.presenter.fileCount
+            font: Theme.secondaryFiguresFont
+            color: Theme.t2
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+    ]
     toolbar: Loader {
         sourceComponent: bar.commands
         visible: bar.commands !== null

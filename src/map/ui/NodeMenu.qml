@@ -15,6 +15,7 @@ AppMenu {
     }
     AppMenuItem {
         text: menu.target.revealText
+        enabled: menu.target.canReveal
         onTriggered: menu.target.reveal()
     }
     AppMenuItem {

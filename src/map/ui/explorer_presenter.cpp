@@ -1,7 +1,6 @@
 #include "map/ui/explorer_presenter.h"
 
 #include <QKeySequence>
-#include <QLocale>
 
 #include "core/byte_count.h"
 #include "core/store/followed_store.h"
@@ -41,9 +40,14 @@ QString ExplorerPresenter::fileCount() const
 {
     if (!folder())
         return {};
-    const auto count = static_cast<qlonglong>(folder()->fileCount);
-    return QLocale(QLocale::English, QLocale::UnitedStates).toString(count) +
+    const std::int64_t count = folder()->fileCount;
+    return QString::fromStdString(formatCount(count)) +
            (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
+}
+
+QString ExplorerPresenter::partialText() const
+{
+    return m_store && m_store->scanIsPartial() ? displayText(partialScanText) : QString();
 }
 
 bool ExplorerPresenter::canGoUp() const

@@ -17,6 +17,8 @@ class ExplorerPresenter : public QObject {
     Q_PROPERTY(QString folderName READ folderName NOTIFY changed)
     Q_PROPERTY(QString folderSize READ folderSize NOTIFY changed)
     Q_PROPERTY(QString fileCount READ fileCount NOTIFY changed)
+    /// The remark about a scan that was stopped; else empty.
+    Q_PROPERTY(QString partialText READ partialText NOTIFY changed)
     Q_PROPERTY(bool canGoUp READ canGoUp NOTIFY changed)
     Q_PROPERTY(QString upText READ upText CONSTANT)
     // What the way and the map are called where they are read out.
@@ -37,6 +39,7 @@ public:
     [[nodiscard]] QString folderName() const;
     [[nodiscard]] QString folderSize() const;
     [[nodiscard]] QString fileCount() const;
+    [[nodiscard]] QString partialText() const;
     [[nodiscard]] bool canGoUp() const;
     [[nodiscard]] QString upText() const;
     [[nodiscard]] QString wayName() const { return QStringLiteral("Path"); }

@@ -42,9 +42,15 @@ bool NodeActions::canOpen() const
     return opensInMap(m_node.get());
 }
 
+bool NodeActions::canReveal() const
+{
+    return m_store && !m_path.empty() && !(m_node && m_node->removed);
+}
+
 bool NodeActions::canSelect() const
 {
-    if (!m_store || m_path.empty() || (m_node && m_node->removed))
+    // What has been removed can be neither shown nor removed again.
+    if (!canReveal())
         return false;
     return !m_store->isProtected(m_path) && !hasSelectedAncestor(m_store->selection(), m_path);
 }
@@ -90,7 +96,7 @@ void NodeActions::open() const
 
 void NodeActions::reveal() const
 {
-    if (m_store && !m_path.empty())
+    if (canReveal())
         m_store->reveal(m_path);
 }
 

@@ -23,6 +23,7 @@ class NodeActions : public QObject {
     QML_UNCREATABLE("Given by the map and by the lists")
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(bool canOpen READ canOpen NOTIFY changed)
+    Q_PROPERTY(bool canReveal READ canReveal NOTIFY changed)
     Q_PROPERTY(bool canSelect READ canSelect NOTIFY changed)
     Q_PROPERTY(QString openText READ openText NOTIFY changed)
     Q_PROPERTY(QString revealText READ revealText CONSTANT)
@@ -40,6 +41,8 @@ public:
 
     [[nodiscard]] QString title() const;
     [[nodiscard]] bool canOpen() const;
+    /// Whether the item is there, as far as is known.
+    [[nodiscard]] bool canReveal() const;
     [[nodiscard]] bool canSelect() const;
     [[nodiscard]] QString openText() const;
     [[nodiscard]] QString revealText() const;

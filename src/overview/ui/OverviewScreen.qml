@@ -75,6 +75,14 @@ Rectangle {
                 title: qsTr("Scanning")
                 stopName: "overview.stop"
             }
+            PartialScanNote {
+                width: parent.width
+                visible: scan.partialText !== ""
+                text: scan.partialText
+                canScan: !scan.scanning
+                buttonName: "overview.scanAgain"
+                onScanWanted: scan.scan()
+            }
             SummaryCard {
                 width: parent.width
                 visible: presenter.hasScan

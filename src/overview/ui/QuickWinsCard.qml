@@ -13,14 +13,15 @@ OverviewBox {
 
     readonly property real bottomHeight: tall ? footer.height : 0
 
-    contentHeight: wins.y + wins.height + OverviewMetrics.rowsBottom + bottomHeight
+    contentHeight: wins.y + (tidy.visible ? tidy.height : wins.height) + OverviewMetrics.rowsBottom + bottomHeight
 
     CardHead {
         id: head
 
         width: parent.width
         title: qsTr("Quick wins")
-        detail: card.presenter.quickWinsText
+        // In the column the words of a tidy card stand in its middle.
+        detail: card.tall && card.presenter.tidy ? "" : card.presenter.quickWinsText
         busy: card.presenter.measuring
         trailing: PillButton {
             objectName: card.tall ? "" : "overview.openCleanup"
@@ -29,6 +30,47 @@ OverviewBox {
             text: qsTr("Open Cleanup")
             visible: !card.tall
             onClicked: card.presenter.openCleanup()
+        }
+    }
+    Column {
+        id: tidy
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.margins: Theme.boxPadding
+        // Between the head and the footer.
+        y: head.height + Math.round((parent.height - head.height - card.bottomHeight - height) / 2)
+        spacing: Theme.space8
+        visible: card.tall && card.presenter.tidy
+
+        IconBadge {
+            anchors.horizontalCenter: parent.horizontalCenter
+            size: Theme.largeBadgeSize
+            symbol: "sparkles"
+            tint: Theme.okText
+        }
+        PlainText {
+            width: parent.width
+            text: card.presenter.quickWinsText
+            font: Theme.bodySemiboldFont
+            wrapMode: Text.Wrap
+            elide: Text.ElideNone
+            horizontalAlignment: Text.AlignHCenter
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+        PlainText {
+            width: parent.width
+            text: qsTr("Nothing is left to clear without a second look.")
+            font: Theme.secondaryFont
+            color: Theme.t2
+            wrapMode: Text.Wrap
+            elide: Text.ElideNone
+            lineHeightMode: Text.FixedHeight
+            lineHeight: Theme.secondaryLine
+            horizontalAlignment: Text.AlignHCenter
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
     Grid {
@@ -72,6 +114,7 @@ OverviewBox {
             anchors.rightMargin: Theme.space12
             anchors.verticalCenter: parent.verticalCenter
             text: qsTr("Rebuilt or downloaded again when an app needs it.")
+            visible: !card.presenter.tidy
             font: Theme.captionFont
             color: Theme.t3
             wrapMode: Text.Wrap

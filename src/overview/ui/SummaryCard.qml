@@ -56,5 +56,15 @@ OverviewBox {
             title: qsTr("Project junk")
             Accessible.ignored: true
         }
+        // Tells it from the figure beside it, which leads nowhere.
+        Icon {
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.boxPadding
+            anchors.verticalCenter: parent.verticalCenter
+            name: "caret-right"
+            weight: "bold"
+            color: junk.hovered ? Theme.t2 : Theme.t3
+            size: Theme.caretSize
+        }
     }
 }

@@ -4,8 +4,6 @@
 #include <array>
 #include <unordered_map>
 
-#include <QLocale>
-
 #include <fmt/format.h>
 
 #include "cleanup/ui/cleanup_words.h"
@@ -30,7 +28,7 @@ QString sizeText(std::int64_t size)
 
 QString countText(std::int64_t count)
 {
-    return QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qlonglong>(count));
+    return QString::fromStdString(formatCount(count));
 }
 
 QString filesText(std::int64_t count)
@@ -299,13 +297,17 @@ bool OverviewPresenter::isMeasuring() const
     return m_store && m_store->cleanupItems().empty();
 }
 
+bool OverviewPresenter::isTidy() const
+{
+    return !isMeasuring() && m_quickWins.rowCount() == 0;
+}
+
 QString OverviewPresenter::quickWinsText() const
 {
     if (isMeasuring())
         return QStringLiteral("Measuring caches…");
-    return m_quickWins.rowCount() == 0
-               ? QStringLiteral("Your caches look tidy. Nice!")
-               : sizeText(m_store->safeCleanupTotal()) + QStringLiteral(" of safe-to-clear junk");
+    return isTidy() ? QStringLiteral("Your caches look tidy. Nice!")
+                    : sizeText(m_store->safeCleanupTotal()) + QStringLiteral(" of safe-to-clear junk");
 }
 
 void OverviewPresenter::openCleanup()

@@ -49,6 +49,8 @@ class OverviewPresenter : public QObject {
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
     // What could be cleared at once.
     Q_PROPERTY(QString quickWinsText READ quickWinsText NOTIFY changed)
+    /// The catalogue's figures are known, and nothing may be cleared at once.
+    Q_PROPERTY(bool tidy READ isTidy NOTIFY changed)
     Q_PROPERTY(bool measuring READ isMeasuring NOTIFY changed)
     Q_PROPERTY(corvane::OverviewRowsModel *quickWins READ quickWins CONSTANT)
 
@@ -88,6 +90,7 @@ public:
     [[nodiscard]] OverviewRowsModel *topItems() { return &m_topItems; }
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
     [[nodiscard]] QString quickWinsText() const;
+    [[nodiscard]] bool isTidy() const;
     /// The catalogue's figures are not known yet.
     [[nodiscard]] bool isMeasuring() const;
     [[nodiscard]] OverviewRowsModel *quickWins() { return &m_quickWins; }

@@ -57,6 +57,52 @@ TEST_F(ScanControls, ARescanHidesTheOldScan)
     EXPECT_FALSE(presenter.hasScan());
 }
 
+TEST_F(ScanControls, ARescanRepeatsTheLastScanAndItsTipNamesIt)
+{
+    presenter.scan();
+    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio");
+    finish();
+    EXPECT_EQ(presenter.scanHelp(), "Scan your home folder");
+
+    QSignalSpy changed(&presenter, &ScanPresenter::stateChanged);
+    presenter.scanUrl(fileUrlOfPath("/home/studio/Movies"));
+    finish();
+    EXPECT_GE(changed.size(), 1);
+    EXPECT_EQ(presenter.scanHelp(), "Scan “Movies” again");
+    presenter.scan();
+    EXPECT_TRUE(presenter.isScanning());
+    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio/Movies");
+    finish();
+
+    presenter.scanEntireDisk();
+    finish();
+    EXPECT_EQ(presenter.scanHelp(), "Scan the entire disk again");
+    presenter.scan();
+    EXPECT_EQ(fake.store.lastScanPath(), "/");
+}
+
+TEST_F(ScanControls, WithoutAScanToRepeatTheHomeFolderIsScanned)
+{
+    presenter.scanUrl(fileUrlOfPath("/home/studio/Movies"));
+    finish();
+    fake.store.didRemove({.removed = {{"/home/studio/Movies", 1}}, .failures = {}}, false);
+    EXPECT_EQ(presenter.scanTitle(), "Scan");
+    EXPECT_EQ(presenter.scanHelp(), "Scan your home folder");
+    presenter.scan();
+    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio");
+}
+
+TEST_F(ScanControls, AStoppedScanIsMarkedUntilTheNext)
+{
+    presenter.scanHome();
+    EXPECT_EQ(presenter.partialText(), "");
+    presenter.stop();
+    finish();
+    EXPECT_EQ(presenter.partialText(), "Partial: the scan was stopped");
+    presenter.scan();
+    EXPECT_EQ(presenter.partialText(), "");
+}
+
 TEST_F(ScanControls, ScanWhatTheyNameAndNothingElse)
 {
     presenter.scanHome();

@@ -33,7 +33,7 @@ FocusScope {
         primary: !scan.hasScan
         tip: scan.scanHelp
         menuName: qsTr("More ways to scan")
-        onClicked: scan.scanHome()
+        onClicked: scan.scan()
         menu: AppMenu {
             AppMenuItem {
                 objectName: "scanMenu.home"

@@ -59,7 +59,16 @@ QString ScanPresenter::scanSymbol() const
 
 QString ScanPresenter::scanHelp() const
 {
-    return QStringLiteral("Scan your home folder");
+    if (!hasScan() || m_store->lastScanPath() == m_store->locations().home())
+        return QStringLiteral("Scan your home folder");
+    if (m_store->lastScanPath() == "/")
+        return QStringLiteral("Scan the entire disk again");
+    return QStringLiteral("Scan “%1” again").arg(folderName(*m_store));
+}
+
+QString ScanPresenter::partialText() const
+{
+    return m_store && m_store->scanIsPartial() ? displayText(partialScanText) : QString();
 }
 
 QString ScanPresenter::stopHelp() const
@@ -96,6 +105,14 @@ QString ScanPresenter::spaceFound() const
 QString ScanPresenter::currentPath() const
 {
     return m_store ? displayText(m_store->currentPath()) : QString();
+}
+
+void ScanPresenter::scan()
+{
+    if (hasScan())
+        m_store->rescan();
+    else
+        scanHome();
 }
 
 void ScanPresenter::scanHome()

@@ -21,7 +21,8 @@ class ScanPresenter : public QObject {
     Q_PROPERTY(bool hasScan READ hasScan NOTIFY stateChanged)
     Q_PROPERTY(QString scanTitle READ scanTitle NOTIFY stateChanged)
     Q_PROPERTY(QString scanSymbol READ scanSymbol NOTIFY stateChanged)
-    Q_PROPERTY(QString scanHelp READ scanHelp CONSTANT)
+    Q_PROPERTY(QString scanHelp READ scanHelp NOTIFY stateChanged)
+    Q_PROPERTY(QString partialText READ partialText NOTIFY stateChanged)
     Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT)
     Q_PROPERTY(QString folderPrompt READ folderPrompt CONSTANT)
     /// Where a search for a folder begins.
@@ -42,7 +43,10 @@ public:
     [[nodiscard]] QString scanTitle() const;
     /// Empty before the first scan.
     [[nodiscard]] QString scanSymbol() const;
+    /// What `scan` would do.
     [[nodiscard]] QString scanHelp() const;
+    /// The remark about a scan that was stopped; empty when the last one was not.
+    [[nodiscard]] QString partialText() const;
     [[nodiscard]] QString stopHelp() const;
     [[nodiscard]] QString folderPrompt() const;
     [[nodiscard]] QUrl firstFolder() const;
@@ -52,6 +56,8 @@ public:
     [[nodiscard]] QString spaceFound() const;
     [[nodiscard]] QString currentPath() const;
 
+    /// Repeats the last scan; before the first, scans the home folder.
+    Q_INVOKABLE void scan();
     Q_INVOKABLE void scanHome();
     Q_INVOKABLE void scanEntireDisk();
     Q_INVOKABLE void chooseFolder();
