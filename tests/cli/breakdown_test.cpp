@@ -60,12 +60,14 @@ TEST_F(BreakdownCommandTest, AScannedFolderIsASegmentOfItsOwn)
 
 TEST_F(BreakdownCommandTest, TheHomeFolderIsNamedAsSuch)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeFile("home/film.mov", 1'000'000);
     EXPECT_EQ(segment(document({"breakdown", "--scan", m_folder / "home"}), "scanned")["title"], "Your Home Folder");
 }
 
 TEST_F(BreakdownCommandTest, AHomeThatIsALinkKeepsItsName)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeFile("home/film.mov", 1'000'000);
     m_folder.link("house", "home");
     const json breakdown =

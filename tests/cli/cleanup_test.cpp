@@ -24,6 +24,7 @@ protected:
 
 TEST_F(CleanupCommandTest, JsonHasAllEighteenLargestFirst)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeFile("home/Library/Caches/pip/wheel", 500'000);
     m_folder.writeFile("home/Downloads/film.mov", 2'000'000);
     m_folder.writeFile("home/Downloads/small", 5'000);
@@ -50,6 +51,7 @@ TEST_F(CleanupCommandTest, JsonHasAllEighteenLargestFirst)
 
 TEST_F(CleanupCommandTest, AFolderThatCannotBeListedIsMarkedAndNoFailure)
 {
+    REQUIRE_OWN_HOME();
     m_folder.makeUnreadable("home/Library/Logs");
     openToOrdinaryUser();
 
@@ -96,6 +98,7 @@ TEST_F(CleanupCommandTest, OnLinuxAMissingFolderIsMeasuredInTheSystemsOwnPlace)
 
 TEST_F(CleanupCommandTest, TheTableNamesWhatHoldsSomething)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeFile("home/.npm/_cacache/blob", 300'000);
 
     const ProgramResult result = run({"cleanup"});
@@ -108,6 +111,7 @@ TEST_F(CleanupCommandTest, TheTableNamesWhatHoldsSomething)
 
 TEST_F(CleanupCommandTest, NothingIsTouched)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeFile("home/Library/Caches/pip/wheel", 1'000);
     EXPECT_EQ(run({"cleanup"}).exitStatus, 0);
     EXPECT_TRUE(m_folder.has("home/Library/Caches/pip/wheel"));

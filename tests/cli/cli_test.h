@@ -57,6 +57,12 @@ protected:
             giveAway(m_folder.path());
     }
 
+    /// Whether the program's home is the test's: on a Mac it is always the user's own, whatever HOME says.
+    [[nodiscard]] bool hasOwnHome() const
+    {
+        return document({"protected", m_folder / "home"})[0]["protected"].get<bool>();
+    }
+
     TemporaryFolder m_folder;
 
 private:
@@ -69,5 +75,10 @@ private:
             giveAway(entry.path());
     }
 };
+
+/// For tests that rely on what lies in the home folder.
+#define REQUIRE_OWN_HOME()                                                                                             \
+    if (!hasOwnHome())                                                                                                 \
+    GTEST_SKIP() << "the program does not take its home folder from the environment here"
 
 } // namespace corvane

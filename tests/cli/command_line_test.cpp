@@ -155,6 +155,7 @@ TEST_F(CommandLineTest, AnItemWhoseNameCountsAsAnOptionIsNamedWithTheWayToWriteI
 
 TEST_F(CommandLineTest, APathInThePlaceOfACommandIsScanned)
 {
+    REQUIRE_OWN_HOME();
     m_folder.makeFolder("movies");
     m_folder.makeFolder("scan");
     const std::vector<std::pair<std::vector<std::string>, std::string>> cases{

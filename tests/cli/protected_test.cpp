@@ -30,12 +30,14 @@ TEST_F(ProtectedCommandTest, LinesStartWithTheVerdict)
 
 TEST_F(ProtectedCommandTest, PathsNeedNotExist)
 {
+    REQUIRE_OWN_HOME();
     EXPECT_EQ(document({"protected", m_folder / "home/Library/Keychains/x"})[0]["protected"], true);
     EXPECT_EQ(document({"protected", m_folder / "home/nothing/here"})[0]["protected"], false);
 }
 
 TEST_F(ProtectedCommandTest, ATildeIsTheHomeFolder)
 {
+    REQUIRE_OWN_HOME();
     EXPECT_EQ(document({"protected", "~", "~/Library/x/y", "~/.ssh"}),
               (json{{{"path", m_folder / "home"}, {"protected", true}},
                     {{"path", m_folder / "home/Library/x/y"}, {"protected", false}},
@@ -45,6 +47,7 @@ TEST_F(ProtectedCommandTest, ATildeIsTheHomeFolder)
 
 TEST_F(ProtectedCommandTest, WhatLiesBehindALinkIsJudgedByWhereItLies)
 {
+    REQUIRE_OWN_HOME();
     m_folder.link("system", "/usr");
     m_folder.makeFolder("home/.ssh/inner");
     m_folder.link("keys", m_folder / "home/.ssh");

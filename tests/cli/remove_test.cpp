@@ -130,6 +130,7 @@ TEST_F(RemoveCommandTest, NestedAndRepeatedArgumentsCountOnce)
 
 TEST_F(RemoveCommandTest, AProtectedPlaceStaysAndIsNamed)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeText("home/Documents/letter.txt", "x");
 
     const ProgramResult result = run({"remove", "--yes", "--json", "home/Documents"});
@@ -144,6 +145,7 @@ TEST_F(RemoveCommandTest, AProtectedPlaceStaysAndIsNamed)
 
 TEST_F(RemoveCommandTest, AProtectedFolderDoesNotStandForAnItemInsideIt)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeText("home/Documents/letter.txt", "x");
 
     const json removal = document({"remove", "--yes", "home/Documents", "home/Documents/letter.txt"}, 1);
@@ -155,6 +157,7 @@ TEST_F(RemoveCommandTest, AProtectedFolderDoesNotStandForAnItemInsideIt)
 
 TEST_F(RemoveCommandTest, AProtectedPlaceBehindALinkStays)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeText("home/.ssh/id", "x");
     m_folder.link("keys", m_folder / "home/.ssh");
 
@@ -166,6 +169,7 @@ TEST_F(RemoveCommandTest, AProtectedPlaceBehindALinkStays)
 
 TEST_F(RemoveCommandTest, TheHomeFolderIsRefusedHoweverItIsWritten)
 {
+    REQUIRE_OWN_HOME();
     m_folder.makeFolder("home/sub");
     m_folder.link("way", m_folder / "home/sub");
 

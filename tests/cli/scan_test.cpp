@@ -94,6 +94,7 @@ TEST_F(ScanCommandTest, SizesAddUpFromTheLeavesToTheRoot)
 
 TEST_F(ScanCommandTest, WithoutAPathTheHomeFolderIsScanned)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeFile("home/film.mov", 1'200'000);
 
     const json scan = document({"scan"});
@@ -194,6 +195,7 @@ TEST_F(ScanCommandTest, ATreeDeeperThanAnyPathIsLongIsWritten)
 
 TEST_F(ScanCommandTest, TheTableShowsSizesSharesAndTypes)
 {
+    REQUIRE_OWN_HOME();
     m_folder.writeFile("home/films/film.mov", 3'000'000);
     m_folder.writeFile("home/song.mp3", 1'000'000);
     m_folder.writeText("home/note.txt", "x");

@@ -131,6 +131,7 @@ TEST_F(TerminalTest, DeletingForGoodSaysSoBeforehand)
 
 TEST_F(TerminalTest, TheQuestionNamesWhatStaysAndWhatIsDeletedForGood)
 {
+    REQUIRE_OWN_HOME();
     m_folder.makeFolder("home/Documents");
     m_folder.writeText("data/Trash/files/old.txt", "x");
     TerminalProgram terminal(program({"remove", "home/Documents", "data/Trash/files/old.txt"}));
@@ -147,6 +148,7 @@ TEST_F(TerminalTest, TheQuestionNamesWhatStaysAndWhatIsDeletedForGood)
 
 TEST_F(TerminalTest, WhereEverythingIsProtectedNothingIsAsked)
 {
+    REQUIRE_OWN_HOME();
     m_folder.makeFolder("home/Documents");
 
     const ProgramResult result = TerminalProgram(program({"remove", "home/Documents"})).finish();

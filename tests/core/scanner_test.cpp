@@ -4,12 +4,14 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <iterator>
 #include <mutex>
 #include <thread>
 
 #include <gmock/gmock.h>
 
 #include "platform/fake_file_system.h"
+#include "platform/protected_places.h"
 
 namespace corvane {
 namespace {
@@ -294,8 +296,9 @@ TEST_F(ScannerTest, ARootThatIsALinkIsFollowed)
 
 TEST_F(ScannerTest, WholeDiskNeverEntersOtherVolumesNorWhatIsNoDiskSpace)
 {
-    const std::vector<std::string> skipped{"/System/Volumes", "/Volumes", "/dev",  "/net", "/home",
-                                           "/private/var/vm", "/cores",   "/proc", "/sys"};
+    std::vector<std::string> skipped{"/System/Volumes", "/Volumes",        "/dev",  "/net",
+                                     "/home",           "/private/var/vm", "/cores"};
+    std::ranges::copy(systemVirtualFolders(), std::back_inserter(skipped));
     for (const std::string &folder : skipped)
         files.addFile(folder + "/inside/file", 5'000'000);
     const std::vector<std::string> entered{"/System/Library",  "/private/var/log", "/Users/me/dev", "/Users/me/Volumes",
