@@ -130,6 +130,25 @@ TEST_F(ScanJourney, StopScanInTheToolbarShowsWhatWasFoundSoFar)
     EXPECT_THAT(rows(), ElementsAre("Movies 3.1 MB", "Slow 2.1 MB"));
 }
 
+TEST_F(ScanJourney, AStoppedScanStaysMarkedUntilItIsRepeated)
+{
+    const QString remark = QStringLiteral("Partial: the scan was stopped");
+    addSlowHome();
+    openSpaceMap();
+    click(QStringLiteral("requiresScan.scan"));
+    waitForSlowScan();
+    click(QStringLiteral("stopScanButton"));
+    releaseSlowFolder();
+    waitForToast();
+    store().dismissToast();
+    EXPECT_TRUE(shows(remark));
+
+    click(QStringLiteral("scanButton"));
+    waitUntil([&] { return store().phase() == StorageStore::Phase::ready; }, QStringLiteral("the whole scan"));
+    EXPECT_THAT(rows(), ElementsAre("Slow 7.3 MB", "Movies 3.1 MB"));
+    EXPECT_FALSE(shows(remark));
+}
+
 TEST_F(ScanJourney, AScanStartedDuringAnotherIsShownAndTheOtherNever)
 {
     addSlowHome();
