@@ -17,7 +17,7 @@ set(CORVANE_BOLD_ICONS caret-down caret-right caret-up-down check eye minus)
 
 set(CORVANE_ICON_SOURCE ${CMAKE_SOURCE_DIR}/node_modules/@phosphor-icons/core/assets)
 if(NOT IS_DIRECTORY ${CORVANE_ICON_SOURCE})
-  message(FATAL_ERROR "The icons are not installed: run \"npm ci\" in ${CMAKE_SOURCE_DIR}, or \"./dev setup\".")
+  message(FATAL_ERROR "The icons are not here: run scripts/fetch_assets.py, or \"./dev setup\".")
 endif()
 
 # Puts one icon into `files_variable` under the alias weight/name.svg.
@@ -50,29 +50,17 @@ function(corvane_embed_icons target)
 endfunction()
 
 # --- Fonts. For ordinary text, macOS uses the system's own.
-function(corvane_has_font_tools result candidate)
-  execute_process(COMMAND ${candidate} -c "import fontTools" RESULT_VARIABLE status OUTPUT_QUIET ERROR_QUIET)
-  if(NOT status EQUAL 0)
-    set(${result} FALSE PARENT_SCOPE)
-  endif()
-endfunction()
-
 # Embeds Inter, and Inter with figures of one width, under :/corvane/fonts.
 function(corvane_embed_fonts target)
-  # The system's Python before any other on the path: that is the one for which packages bring fontTools.
-  find_program(CORVANE_FONT_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH VALIDATOR corvane_has_font_tools)
-  find_program(CORVANE_FONT_PYTHON NAMES python3 VALIDATOR corvane_has_font_tools)
-  if(NOT CORVANE_FONT_PYTHON)
-    message(FATAL_ERROR "No Python with fontTools: install python3-fonttools, or run \"./dev setup\".")
-  endif()
-  find_path(CORVANE_INTER_FOLDER NAMES Inter-Regular.otf Inter-Regular.ttf
-    PATHS /usr/share/fonts/opentype/inter /usr/share/fonts/truetype/inter /usr/local/share/fonts/inter NO_DEFAULT_PATH)
+  find_program(CORVANE_PYTHON NAMES python3 REQUIRED)
+  find_path(CORVANE_INTER_FOLDER NAMES Inter-Regular.otf
+    PATHS /usr/share/fonts/opentype/inter /usr/local/share/fonts/inter NO_DEFAULT_PATH)
   if(NOT CORVANE_INTER_FOLDER)
     message(FATAL_ERROR "The font Inter is not installed: install fonts-inter, run \"./dev setup\", or set "
                         "CORVANE_INTER_FOLDER to the folder that holds Inter-Regular.otf.")
   endif()
 
-  set(script ${CMAKE_SOURCE_DIR}/assets/fonts/build_fonts.py)
+  set(scripts ${CMAKE_SOURCE_DIR}/assets/fonts)
   set(folder ${CMAKE_BINARY_DIR}/fonts)
   foreach(family InterText InterTabular)
     foreach(weight Regular Medium SemiBold Bold)
@@ -80,8 +68,9 @@ function(corvane_embed_fonts target)
     endforeach()
   endforeach()
   add_custom_command(OUTPUT ${files}
-    COMMAND ${CORVANE_FONT_PYTHON} ${script} --source ${CORVANE_INTER_FOLDER} --output ${folder}
-    DEPENDS ${script} COMMENT "Making the embedded fonts" VERBATIM)
+    COMMAND ${CORVANE_PYTHON} -B ${scripts}/build_fonts.py --source ${CORVANE_INTER_FOLDER} --output ${folder}
+    DEPENDS ${scripts}/build_fonts.py ${scripts}/cff.py ${scripts}/sfnt.py ${scripts}/truetype.py
+    COMMENT "Making the embedded fonts" VERBATIM)
   qt_add_resources(${target} ${target}_fonts PREFIX /corvane/fonts BASE ${folder} FILES ${files})
 endfunction()
 
@@ -89,15 +78,16 @@ endfunction()
 function(corvane_embed_rounded_font target)
   set(source ${CMAKE_SOURCE_DIR}/node_modules/@fontsource/nunito/files/nunito-latin-700-normal.woff)
   if(NOT EXISTS ${source})
-    message(FATAL_ERROR "The font Nunito is not installed: run \"npm ci\" in ${CMAKE_SOURCE_DIR}, or \"./dev setup\".")
+    message(FATAL_ERROR "The font Nunito is not here: run scripts/fetch_assets.py, or \"./dev setup\".")
   endif()
   find_program(CORVANE_PYTHON NAMES python3 REQUIRED)
-  set(script ${CMAKE_SOURCE_DIR}/assets/fonts/unpack_woff.py)
+  set(scripts ${CMAKE_SOURCE_DIR}/assets/fonts)
   set(folder ${CMAKE_BINARY_DIR}/fonts)
   set(file ${folder}/Nunito-Bold.ttf)
   add_custom_command(OUTPUT ${file}
-    COMMAND ${CORVANE_PYTHON} ${script} ${source} ${file}
-    DEPENDS ${script} ${source} COMMENT "Unpacking the rounded font" VERBATIM)
+    COMMAND ${CORVANE_PYTHON} -B ${scripts}/unpack_woff.py ${source} ${file}
+    DEPENDS ${scripts}/unpack_woff.py ${scripts}/sfnt.py ${source}
+    COMMENT "Unpacking the rounded font" VERBATIM)
   qt_add_resources(${target} ${target}_rounded_font PREFIX /corvane/fonts BASE ${folder} FILES ${file})
 endfunction()
 

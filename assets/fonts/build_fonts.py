@@ -9,12 +9,12 @@ columns of figures use. Their own family names keep an installed Inter from bein
 
 import argparse
 import pathlib
+import struct
 import sys
 
-from fontTools import subset
-from fontTools.pens.cu2quPen import Cu2QuPen
-from fontTools.pens.ttGlyphPen import TTGlyphPen
-from fontTools.ttLib import TTFont, newTable
+import cff
+import sfnt
+import truetype
 
 WEIGHTS = ("Regular", "Medium", "SemiBold", "Bold")
 
@@ -31,95 +31,126 @@ TABULAR_CHARACTERS = {
 }
 
 
-def source_file(folder, weight):
-    for suffix in (".otf", ".ttf"):
-        path = folder / f"Inter-{weight}{suffix}"
-        if path.is_file():
-            return path
-    sys.exit(f"{folder} has no Inter-{weight}.otf")
+def numbers(content, offset, count):
+    """`count` numbers of two bytes each."""
+    return struct.unpack_from(f">{count}H", content, offset)
 
 
-def tabular_glyphs(font):
-    """The glyph names that the font's tnum feature exchanges."""
-    table = font["GSUB"].table
-    lookups = {
-        index
-        for record in table.FeatureList.FeatureRecord
-        if record.FeatureTag == "tnum"
-        for index in record.Feature.LookupListIndex
-    }
+def counted(content, offset):
+    """A list of numbers of two bytes each, which begins with its length."""
+    return numbers(content, offset + 2, *numbers(content, offset, 1))
+
+
+def read_characters(table):
+    """The glyph of each character, from the font's map of all of Unicode."""
+    for index in range(*numbers(table, 2, 1)):
+        platform, encoding, start = struct.unpack_from(">HHI", table, 4 + index * 8)
+        if (platform, encoding) == (3, 10) and numbers(table, start, 1) == (12,):
+            break
+    else:
+        sys.exit("the font has no map of Unicode of format 12")
+    (groups,) = struct.unpack_from(">I", table, start + 12)
+    characters = {}
+    for first, last, glyph in struct.iter_unpack(">III", table[start + 16:start + 16 + groups * 12]):
+        characters.update(zip(range(first, last + 1), range(glyph, glyph + last - first + 1)))
+    return characters
+
+
+def write_characters(characters):
+    """A map of Unicode of format 12 with a group for each character."""
+    groups = b"".join(struct.pack(">III", code, code, glyph) for code, glyph in sorted(characters.items()))
+    subtable = struct.pack(">HHIII", 12, 0, 16 + len(groups), 0, len(characters)) + groups
+    return struct.pack(">HHHHI", 0, 1, 3, 10, 12) + subtable
+
+
+def covered_glyphs(table, offset):
+    """The glyphs to which a substitution applies, in the order of their replacements."""
+    kind, count = numbers(table, offset, 2)
+    if kind == 1:
+        return list(numbers(table, offset + 4, count))
+    ranges = (numbers(table, offset + 4 + index * 6, 3) for index in range(count))
+    return [glyph for first, last, _ in ranges for glyph in range(first, last + 1)]
+
+
+def single_substitution(table, offset):
+    """What a subtable puts in the place of each glyph."""
+    kind, coverage = numbers(table, offset, 2)
+    glyphs = covered_glyphs(table, offset + coverage)
+    if kind == 1:
+        (step,) = struct.unpack_from(">h", table, offset + 4)
+        return {glyph: (glyph + step) & 0xFFFF for glyph in glyphs}
+    return dict(zip(glyphs, counted(table, offset + 4)))
+
+
+def tabular_glyphs(table):
+    """The glyphs that the font's tnum feature exchanges, from its table GSUB."""
+    _, _, _, features, lookups = numbers(table, 0, 5)
+    wanted = set()
+    for index in range(*numbers(table, features, 1)):
+        tag, feature = struct.unpack_from(">4sH", table, features + 2 + index * 6)
+        if tag == b"tnum":
+            wanted.update(counted(table, features + feature + 2))
+    offsets = counted(table, lookups)
     exchanged = {}
-    for index in lookups:
-        for subtable in table.LookupList.Lookup[index].SubTable:
-            exchanged.update(getattr(subtable, "ExtSubTable", subtable).mapping)
+    for index in wanted:
+        lookup = lookups + offsets[index]
+        for subtable in counted(table, lookup + 4):
+            kind, offset = numbers(table, lookup, 1)[0], lookup + subtable
+            if kind == 7:  # the real one lies elsewhere
+                _, kind, distance = struct.unpack_from(">HHI", table, offset)
+                offset += distance
+            if kind == 1:
+                exchanged.update(single_substitution(table, offset))
     if not exchanged:
         sys.exit("the font has no tabular figures")
     return exchanged
 
 
-def use_truetype_outlines(font):
-    """Exchanges the font's cubic outlines for quadratic ones."""
-    if "CFF " not in font:
-        return
-    order = font.getGlyphOrder()
-    glyphs = font.getGlyphSet()
-    outlines = newTable("glyf")
-    outlines.glyphOrder = order
-    outlines.glyphs = {}
-    for name in order:
-        pen = TTGlyphPen(glyphs)
-        glyphs[name].draw(Cu2QuPen(pen, LARGEST_ERROR, reverse_direction=True))
-        outlines.glyphs[name] = pen.glyph()
-    font["glyf"] = outlines
-    font["loca"] = newTable("loca")
-    del font["CFF "]
-    if "VORG" in font:
-        del font["VORG"]
-
-    for name, (advance, _) in font["hmtx"].metrics.items():
-        outlines.glyphs[name].recalcBounds(outlines)
-        font["hmtx"].metrics[name] = (advance, getattr(outlines.glyphs[name], "xMin", 0))
-
-    limits = font["maxp"]
-    limits.tableVersion = 0x00010000
-    limits.maxZones = 1
-    limits.maxTwilightPoints = limits.maxStorage = limits.maxFunctionDefs = limits.maxInstructionDefs = 0
-    limits.maxStackElements = limits.maxSizeOfInstructions = 0
-    limits.maxComponentElements = limits.maxComponentDepth = 0
-    font["post"].formatType = 3.0
-    font.sfntVersion = "\000\001\000\000"
+def use_tabular_figures(tables, outlines):
+    """Keeps the characters of columns, in their tabular forms. The outlines without those of the other glyphs, which
+    stay as numbers."""
+    exchanged = tabular_glyphs(tables["GSUB"])
+    characters = read_characters(tables["cmap"])
+    kept = {code: exchanged.get(characters[code], characters[code]) for code in TABULAR_CHARACTERS & characters.keys()}
+    tables["cmap"] = write_characters(kept)
+    # What it would exchange besides, such as an x between figures, does not belong into columns.
+    del tables["GSUB"]
+    drawn = {0, *kept.values()}
+    return [contours if glyph in drawn else [] for glyph, contours in enumerate(outlines)]
 
 
-def use_tabular_figures(font):
-    exchanged = tabular_glyphs(font)
-    for table in font["cmap"].tables:
-        table.cmap = {code: exchanged.get(glyph, glyph) for code, glyph in table.cmap.items()}
-
-    options = subset.Options()
-    options.layout_features = ["ccmp", "kern", "locl", "mark"]
-    options.name_IDs = ["*"]
-    options.notdef_outline = True
-    worker = subset.Subsetter(options)
-    worker.populate(unicodes=TABULAR_CHARACTERS)
-    worker.subset(font)
-
-
-def rename(font, family, weight):
-    for record in font["name"].names:
+def renamed(table, family, weight):
+    """The table of names with the family's own."""
+    count, start = numbers(table, 2, 2)
+    records, strings = bytearray(), bytearray()
+    for index in range(count):
+        platform, encoding, language, name, length, offset = numbers(table, 6 + index * 12, 6)
+        text = table[start + offset:start + offset + length]
+        codec = "mac-roman" if platform == 1 else "utf-16-be"
         # A name without spaces for PostScript, the family's name everywhere else.
-        if record.nameID == 6:
-            record.string = f"{family}-{weight}".replace(" ", "")
-        elif record.nameID in (1, 3, 4, 16):
-            record.string = record.toUnicode().replace("Inter", family, 1)
+        if name == 6:
+            text = f"{family}-{weight}".replace(" ", "").encode(codec)
+        elif name in (1, 3, 4, 16):
+            text = text.decode(codec).replace("Inter", family, 1).encode(codec)
+        records += struct.pack(">6H", platform, encoding, language, name, len(text), len(strings))
+        strings += text
+    return struct.pack(">HHH", 0, count, 6 + len(records)) + records + strings
 
 
-def write(source, folder, family, weight):
-    font = TTFont(source)
-    if family == "Inter Tabular":
-        use_tabular_figures(font)
-    use_truetype_outlines(font)
-    rename(font, family, weight)
-    font.save(folder / f"{family}-{weight}.ttf".replace(" ", ""))
+def write(source, folder, weight):
+    original = sfnt.read_tables(source.read_bytes())
+    outlines = [[truetype.quadratic_contour(contour, LARGEST_ERROR) for contour in contours]
+                for contours in cff.read_outlines(original.pop("CFF "))]
+    original.pop("VORG", None)
+    original.pop("DSIG", None)
+    original["post"] = struct.pack(">I", 0x00030000) + original["post"][4:32]  # without names of glyphs
+    for family in ("Inter Text", "Inter Tabular"):
+        tables = dict(original)
+        drawn = use_tabular_figures(tables, outlines) if family == "Inter Tabular" else outlines
+        truetype.use_outlines(tables, drawn)
+        tables["name"] = renamed(tables["name"], family, weight)
+        target = folder / f"{family}-{weight}.ttf".replace(" ", "")
+        target.write_bytes(sfnt.write_font(b"\0\1\0\0", tables))
 
 
 def main():
@@ -130,9 +161,10 @@ def main():
 
     arguments.output.mkdir(parents=True, exist_ok=True)
     for weight in WEIGHTS:
-        source = source_file(arguments.source, weight)
-        for family in ("Inter Text", "Inter Tabular"):
-            write(source, arguments.output, family, weight)
+        source = arguments.source / f"Inter-{weight}.otf"
+        if not source.is_file():
+            sys.exit(f"{arguments.source} has no Inter-{weight}.otf")
+        write(source, arguments.output, weight)
 
 
 if __name__ == "__main__":

@@ -9,20 +9,20 @@ import struct
 import sys
 import zlib
 
+import sfnt
+
 WOFF_HEADER = struct.Struct(">4s4sIHHIHHIIIII")
 WOFF_ENTRY = struct.Struct(">4sIIII")
-FONT_HEADER = struct.Struct(">4sHHHH")
-FONT_ENTRY = struct.Struct(">4sIII")
 
 
 def read_tables(packed):
-    """The font's flavour, and (tag, checksum, content) of every table."""
+    """The font's flavour, and the content of each table, by its tag."""
     signature, flavor, _, count, *_ = WOFF_HEADER.unpack_from(packed)
     if signature != b"wOFF":
         sys.exit("not a WOFF 1.0 font")
-    tables = []
+    tables = {}
     for index in range(count):
-        tag, offset, packed_length, length, checksum = WOFF_ENTRY.unpack_from(
+        tag, offset, packed_length, length, _ = WOFF_ENTRY.unpack_from(
             packed, WOFF_HEADER.size + index * WOFF_ENTRY.size)
         content = packed[offset:offset + packed_length]
         # A table that would not have become smaller is stored as it is.
@@ -30,22 +30,8 @@ def read_tables(packed):
             content = zlib.decompress(content)
         if len(content) != length:
             sys.exit(f"the table {tag.decode()} is damaged")
-        tables.append((tag, checksum, content))
+        tables[tag.decode("latin-1")] = content
     return flavor, tables
-
-
-def write_font(flavor, tables):
-    # The directory's search parameters follow from the number of tables.
-    power = 1 << (len(tables).bit_length() - 1)
-    font = bytearray(FONT_HEADER.pack(flavor, len(tables), power * 16, power.bit_length() - 1,
-                                      (len(tables) - power) * 16))
-    offset = FONT_HEADER.size + len(tables) * FONT_ENTRY.size
-    for tag, checksum, content in tables:
-        font += FONT_ENTRY.pack(tag, checksum, offset, len(content))
-        offset += len(content) + -len(content) % 4
-    for _, _, content in tables:
-        font += content + bytes(-len(content) % 4)
-    return bytes(font)
 
 
 def main():
@@ -53,7 +39,7 @@ def main():
         sys.exit(__doc__.strip())
     source, target = map(pathlib.Path, sys.argv[1:])
     target.parent.mkdir(parents=True, exist_ok=True)
-    target.write_bytes(write_font(*read_tables(source.read_bytes())))
+    target.write_bytes(sfnt.write_font(*read_tables(source.read_bytes())))
 
 
 if __name__ == "__main__":

@@ -1,0 +1,143 @@
+#!/usr/bin/env python3
+"""Fetches the icons and the font that the build embeds into node_modules, without Node.js or npm.
+
+package-lock.json names the packages, their versions and the hashes that what arrives must have. They come from the
+registry that npm would use: npm_config_registry or NPM_CONFIG_REGISTRY of the environment, "registry" of the
+project's .npmrc or of the user's (~/.npmrc, or what NPM_CONFIG_USERCONFIG names), or else npm's own. Only the files
+that the build uses are kept. Nothing is fetched again until the lock file, or this script, has changed, nor where
+"npm ci" has put the same packages there.
+"""
+
+import argparse
+import base64
+import fnmatch
+import hashlib
+import io
+import json
+import os
+import pathlib
+import shutil
+import sys
+import tarfile
+import time
+import urllib.error
+import urllib.request
+
+# What is kept of each package: its folder in the archive is called "package".
+KEPT = {
+    "@fontsource/nunito": ("files/nunito-latin-700-normal.woff",),
+    "@phosphor-icons/core": tuple(f"assets/{weight}/*.svg" for weight in ("regular", "fill", "light", "bold")),
+}
+
+DEFAULT_REGISTRY = "https://registry.npmjs.org/"
+ATTEMPTS = 3
+
+
+def setting(path, name):
+    """The value of a setting in one of npm's own files, or None."""
+    try:
+        lines = path.read_text().splitlines()
+    except OSError:
+        return None
+    for line in lines:
+        key, separator, value = line.partition("=")
+        if separator and key.strip() == name:
+            return os.path.expandvars(value.strip().strip("\"'"))
+    return None
+
+
+def registry(root, environment):
+    files = [root / ".npmrc"]
+    user = next((value for name, value in environment.items() if name.lower() == "npm_config_userconfig"), None)
+    files.append(pathlib.Path(user or pathlib.Path.home() / ".npmrc"))
+    named = [value for name, value in environment.items() if name.lower() == "npm_config_registry"]
+    named += [setting(path, "registry") for path in files]
+    return next(filter(None, named), DEFAULT_REGISTRY).rstrip("/") + "/"
+
+
+def download(url):
+    for attempt in range(ATTEMPTS):
+        try:
+            with urllib.request.urlopen(url, timeout=60) as answer:
+                return answer.read()
+        except (OSError, urllib.error.URLError) as error:
+            if attempt + 1 == ATTEMPTS or isinstance(error, urllib.error.HTTPError):
+                sys.exit(f"fetch_assets: {url}: {error}")
+            time.sleep(2 ** attempt)
+
+
+def is_intact(content, integrity):
+    """Whether the content has the SHA-512 hash of the lock file's "sha512-BASE64"."""
+    expected = [value[len("sha512-"):] for value in integrity.split() if value.startswith("sha512-")]
+    return base64.b64encode(hashlib.sha512(content).digest()).decode() in expected
+
+
+def unpack(archive, patterns, folder):
+    """Writes the archive's files that are kept below the folder. How many."""
+    count = 0
+    with tarfile.open(fileobj=io.BytesIO(archive), mode="r:gz") as members:
+        for member in members:
+            name = pathlib.PurePosixPath(*pathlib.PurePosixPath(member.name).parts[1:])
+            if not member.isfile() or ".." in name.parts or name.is_absolute():
+                continue
+            if any(fnmatch.fnmatchcase(str(name), pattern) for pattern in patterns):
+                target = folder / name
+                target.parent.mkdir(parents=True, exist_ok=True)
+                target.write_bytes(members.extractfile(member).read())
+                count += 1
+    return count
+
+
+def fetch(name, package, source, folder):
+    version = package["version"]
+    url = f"{source}{name}/-/{name.rpartition('/')[2]}-{version}.tgz"
+    print(f"fetch_assets: {name} {version}", flush=True)
+    archive = download(url)
+    if not is_intact(archive, package["integrity"]):
+        sys.exit(f"fetch_assets: {url} is not what package-lock.json names: its hash is another")
+    if unpack(archive, KEPT[name], folder / name) == 0:
+        sys.exit(f"fetch_assets: {url} holds nothing that the build uses")
+
+
+def installed_by_npm(modules, packages):
+    """Whether npm's own note of what it installed has the same hashes."""
+    try:
+        installed = json.loads((modules / ".package-lock.json").read_bytes())["packages"]
+    except (OSError, ValueError, KeyError):
+        return False
+    return all(installed.get(f"node_modules/{name}", {}).get("integrity") == package["integrity"]
+               for name, package in packages.items())
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--root", type=pathlib.Path, default=pathlib.Path(__file__).resolve().parent.parent,
+                        help="folder with package-lock.json")
+    root = parser.parse_args().root
+
+    lock = (root / "package-lock.json").read_bytes()
+    state = hashlib.sha256(lock + pathlib.Path(__file__).read_bytes()).hexdigest()
+    modules = root / "node_modules"
+    stamp = modules / ".fetched"
+    if stamp.is_file() and stamp.read_text() == state:
+        return
+
+    packages = {path.removeprefix("node_modules/"): package
+                for path, package in json.loads(lock)["packages"].items() if path}
+    if packages.keys() != KEPT.keys():
+        sys.exit(f"fetch_assets: package-lock.json names other packages than this script: {', '.join(packages)}")
+    if installed_by_npm(modules, packages):
+        return
+    source = registry(root, os.environ)
+    # The old folder stays until everything has arrived.
+    fresh = root / "node_modules.fetching"
+    shutil.rmtree(fresh, ignore_errors=True)
+    for name, package in packages.items():
+        fetch(name, package, source, fresh)
+    (fresh / stamp.name).write_text(state)
+    shutil.rmtree(modules, ignore_errors=True)
+    fresh.rename(modules)
+
+
+if __name__ == "__main__":
+    main()
