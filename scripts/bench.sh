@@ -12,6 +12,8 @@
 set -euo pipefail
 
 cd "$(dirname "$0")/.."
+# shellcheck source=scripts/packages.sh
+source scripts/packages.sh
 # shellcheck source=scripts/build.sh
 source scripts/build.sh
 
@@ -26,7 +28,11 @@ while [[ $# -gt 0 ]]; do
     case $1 in
     scan | measure | summary | publish) names+=("$1") ;;
     --rounds)
-        rounds=${2:?--rounds needs a number}
+        rounds=${2:-}
+        if [[ ! $rounds =~ ^[1-9][0-9]*$ ]]; then
+            echo "bench: --rounds needs a number" >&2
+            exit 2
+        fi
         shift
         ;;
     --cold) cold=yes ;;
@@ -49,9 +55,12 @@ if [[ $cold && $(id -u) -ne 0 ]]; then
 fi
 
 [[ ${#names[@]} -gt 0 ]] || names=(scan measure summary publish)
+require_packages build bench
 
 # Qt belongs to the window, so what needs it has a build of its own.
 if [[ " ${names[*]} " == *" publish "* ]]; then
+    require_packages ui
+    require_assets
     build bench-window bench_publish
     publish_program=$PWD/build/bench-window/bin/bench_publish
 fi

@@ -3,7 +3,7 @@
 
 A source that was clean is remembered by the contents of everything that the compiler read for it (the
 project's own files; the build's dependency log names them), its compile command, the configuration and
-clang-tidy's version, and is not looked at again until one of them changes.
+clang-tidy's version, and is not looked at again until one of them changes. How far it is goes to the standard error.
 """
 
 import argparse
@@ -18,6 +18,7 @@ import sys
 
 SOURCE_FOLDERS = ("src", "tests", "bench")
 MEANT_NOT_TO_COMPILE = ("tests/layers/",)
+PROGRESS_STEP = 5  # per cent
 
 
 def file_hash(path, known={}):
@@ -102,12 +103,20 @@ def main():
             (cache / remembered).touch()
         return clean, said
 
-    all_clean = True
+    # The largest first, so that none of them is what everything waits for in the end.
+    largest_first = sorted(entries.values(), key=lambda entry: os.path.getsize(entry["file"]), reverse=True)
+    all_clean, told = True, 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for clean, said in pool.map(verdict, entries.values()):
+        verdicts = [pool.submit(verdict, entry) for entry in largest_first]
+        for done, finished in enumerate(concurrent.futures.as_completed(verdicts), 1):
+            clean, said = finished.result()
             if not clean:
                 all_clean = False
-                print(said, end="")
+                print(said, end="", flush=True)
+            percent = done * 100 // len(verdicts)
+            if percent >= told + PROGRESS_STEP or done == len(verdicts):
+                told = percent
+                print(f"clang-tidy: {done} of {len(verdicts)} sources ({percent} %)", file=sys.stderr, flush=True)
     return 0 if all_clean else 1
 
 

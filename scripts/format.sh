@@ -4,4 +4,15 @@ set -euo pipefail
 
 cd "$(dirname "$0")/.."
 source scripts/sources.sh
-cxx_sources | xargs "$(llvm_tool clang-format)" -i
+sources() {
+    if is_wanted_llvm clang-format "only files with changes of your own are rewritten" >&2; then
+        cxx_sources
+    else
+        # Another version lays some lines out differently, which does not belong into a change.
+        comm -12 <(cxx_sources) <({
+            git diff --name-only HEAD
+            git ls-files --others --exclude-standard
+        } | LC_ALL=C sort -u)
+    fi
+}
+sources | xargs --no-run-if-empty "$(llvm_tool clang-format)" -i

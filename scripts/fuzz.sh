@@ -6,14 +6,17 @@
 set -euo pipefail
 
 cd "$(dirname "$0")/.."
+# shellcheck source=scripts/packages.sh
+source scripts/packages.sh
 # shellcheck source=scripts/build.sh
 source scripts/build.sh
 
 seconds=${1:-}
-if [[ ! $seconds =~ ^[1-9][0-9]*$ ]]; then
+if [[ $# -ne 1 || ! $seconds =~ ^[1-9][0-9]*$ ]]; then
     echo "fuzz: say for how many seconds each parser is to be fed: ./dev fuzz SECONDS" >&2
     exit 2
 fi
+require_packages build fuzz
 
 if [[ $(uname -s) == Darwin ]]; then
     # Apple's own compiler comes without the fuzzer.

@@ -15,18 +15,14 @@ complain() {
 sdk=$(cd "$1" 2>/dev/null && pwd) || complain "there is no folder $1"
 [[ -d $sdk/Frameworks && -d $sdk/include ]] || complain "$sdk lacks a Frameworks or an include folder"
 cd "$(dirname "$0")/.." || exit 2
+# shellcheck source=scripts/packages.sh
+source scripts/packages.sh
+require_packages build ui macos-check || exit 1
 
 clang="clang++-19"
 libcxx=/usr/lib/llvm-19/include/c++/v1
-missing=()
-command -v "$clang" >/dev/null || missing+=(clang-19)
-[[ -d $libcxx ]] || missing+=(libc++-19-dev)
-[[ -d /usr/include/tl ]] || missing+=(libexpected-dev)
-[[ -d /usr/include/fmt ]] || missing+=(libfmt-dev)
 qt=$(pkg-config --variable=includedir Qt6Core 2>/dev/null || true)
 [[ -n $qt ]] || qt=$(echo /usr/include/*/qt6)
-[[ -d $qt ]] || missing+=(qt6-base-dev)
-((${#missing[@]} == 0)) || complain "missing Debian packages: ${missing[*]}"
 
 # The folder of this machine's own headers must not be searched, so what the code takes from there is set apart.
 libraries=$(mktemp -d)

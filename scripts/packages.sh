@@ -5,26 +5,28 @@
 packages_for() {
     case "$(uname -s)/$1" in
     Linux/build)
-        echo git ca-certificates build-essential cmake ninja-build ccache pkg-config python3 \
+        echo ca-certificates g++ cmake ninja-build pkg-config python3 \
             libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libplist-dev libcli11-dev nlohmann-json3-dev
         ;;
     Linux/ui)
         # The QML modules are run-time parts that the development packages do not pull in.
-        echo qt6-base-dev qt6-declarative-dev 'qt6-svg-dev|libqt6svg6-dev' qt6-wayland nodejs npm \
+        echo qt6-base-dev qt6-declarative-dev 'qt6-svg-dev|libqt6svg6-dev' \
             qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick \
             qml6-module-qtquick-window qml6-module-qtquick-templates qml6-module-qtquick-controls \
             qml6-module-qtquick-layouts qml6-module-qtquick-shapes qml6-module-qtquick-dialogs \
-            qml6-module-qt-labs-folderlistmodel qml6-module-qt-labs-qmlmodels fonts-inter python3-fonttools fonts-noto-color-emoji
+            qml6-module-qt-labs-folderlistmodel qml6-module-qt-labs-qmlmodels fonts-inter
         ;;
-    Linux/test) echo libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
-    Linux/lint) echo clang-format-14 clang-tidy-14 shellcheck desktop-file-utils appstream ;;
+    # What only a window on a display uses, and pictures of one.
+    Linux/window) echo qt6-wayland fonts-noto-color-emoji ;;
+    Linux/test) echo ccache libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
+    Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck desktop-file-utils appstream ;;
     Linux/bench) echo hyperfine ncdu gdu ;;
     Linux/fuzz) echo clang-19 libclang-rt-19-dev ;;
     Linux/macos-check) echo clang-19 libc++-19-dev ;;
     Linux/package) echo file dpkg-dev ;;
-    Darwin/build) echo cmake ninja ccache pkg-config fmt tl-expected libplist cli11 nlohmann-json ;;
-    Darwin/ui) echo qt node ;;
-    Darwin/test) echo googletest ;;
+    Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist cli11 nlohmann-json ;;
+    Darwin/ui) echo qt ;;
+    Darwin/test) echo ccache googletest ;;
     Darwin/lint) echo llvm shellcheck ;;
     Darwin/fuzz) echo llvm ;;
     Darwin/bench) echo hyperfine ncdu gdu ;;
@@ -52,13 +54,13 @@ require_packages() {
     esac
 }
 
+# The icons and a font, which come from npm's registry.
+require_assets() {
+    python3 scripts/fetch_assets.py
+}
+
 is_installed() {
     local name
-    # Node.js from elsewhere than the distribution brings its npm along.
-    case "$1" in
-    nodejs | node) command -v node >/dev/null && return 0 ;;
-    npm) command -v npm >/dev/null && return 0 ;;
-    esac
     for name in ${1//|/ }; do
         if [[ $(uname -s) == Darwin ]]; then
             brew list --formula --versions "$name" >/dev/null 2>&1 && return 0

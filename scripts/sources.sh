@@ -14,11 +14,25 @@ shell_scripts() {
     } | LC_ALL=C sort -u
 }
 
-# Homebrew's names carry no version.
+# The version whose layout the sources have and for which the checks are chosen; others differ in both.
+llvm_version=14
+
+# The wanted version of an LLVM tool, or else the one that is there. Homebrew's names carry no version.
 llvm_tool() {
     if [[ $(uname -s) == Darwin ]]; then
         echo "$(brew --prefix llvm)/bin/$1"
+    elif command -v "$1-$llvm_version" >/dev/null; then
+        echo "$1-$llvm_version"
     else
-        echo "$1-14"
+        echo "$1"
     fi
+}
+
+# Whether the tool is of the wanted version; if not, says so: is_wanted_llvm TOOL WHAT_FOLLOWS
+is_wanted_llvm() {
+    local version
+    version=$("$(llvm_tool "$1")" --version | sed -n 's/.*version \([0-9]*\).*/\1/p' | head -n 1)
+    [[ $version == "$llvm_version" ]] && return 0
+    echo "$1 is version ${version:-unknown} here, and the sources follow version $llvm_version: $2"
+    return 1
 }
