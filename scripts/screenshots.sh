@@ -1,11 +1,52 @@
 #!/usr/bin/env bash
 # One picture of every screen and sheet, light and dark, from the real program over the Mac-shaped root.
-# screenshots.sh PROGRAM DIR
+#
+#   screenshots.sh PROGRAM DIR                    into that folder
+#   screenshots.sh --docs PROGRAM DIR             and those that the documents show into docs/screenshots
+#   screenshots.sh --check COMPARE PROGRAM DIR    and compares docs/screenshots with them by the program COMPARE
+#
+# Exit status of --check: 1 where a picture is out of date; 77 where that cannot be told, with the reason.
 set -euo pipefail
 
+mode=
+case $1 in
+--docs)
+    mode=docs
+    shift
+    ;;
+--check)
+    mode=check
+    compare=$(readlink -f "$2")
+    shift 2
+    ;;
+esac
 program=$(readlink -f "$1")
 mkdir -p "$2"
 output=$(readlink -f "$2")
 cd "$(dirname "$0")/.."
+
+if [[ $mode == check ]]; then
+    # Another version of Qt or FreeType draws letters a little differently.
+    if ! grep -qx 'VERSION_CODENAME=bookworm' /etc/os-release; then
+        echo "screenshots: skipped: the pictures of the documents are made on Debian 12, and compared only there"
+        exit 77
+    fi
+    scripts/mac-root-run.sh --check
+fi
+
 python3 tests/mac_root/mac_root.py build build/mac_root
 scripts/mac-root-run.sh --output "$output" build/mac_root "$program" /System/Volumes/output
+
+case $mode in
+docs)
+    for picture in docs/screenshots/*.png; do
+        cp "$output/$(basename "$picture")" "$picture"
+    done
+    ;;
+check)
+    if ! "$compare" docs/screenshots "$output"; then
+        echo "screenshots: these pictures are out of date; \"./dev screenshots --docs\" makes them anew"
+        exit 1
+    fi
+    ;;
+esac
