@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Fetches the icons and the font that the build embeds into node_modules, without Node.js or npm.
+"""Fetches the icons and the font that the build embeds into node_modules.
 
-package-lock.json names the packages, their versions and the hashes that what arrives must have. They come from the
-registry that npm would use: npm_config_registry or NPM_CONFIG_REGISTRY of the environment, "registry" of the
-project's .npmrc or of the user's (~/.npmrc, or what NPM_CONFIG_USERCONFIG names), or else npm's own. Only the files
-that the build uses are kept. Nothing is fetched again until the lock file, or this script, has changed, nor where
-"npm ci" has put the same packages there.
+Where npm is installed it does so, with all that it is told about registries, logins and certificates. Elsewhere it
+is not needed: package-lock.json names the packages, their versions and the hashes that what arrives must have. They
+then come from the registry that npm would use: npm_config_registry or NPM_CONFIG_REGISTRY of the environment,
+"registry" of the project's .npmrc or of the user's (~/.npmrc, or what NPM_CONFIG_USERCONFIG names), or else npm's
+own. Only the files that the build uses are kept. Nothing is fetched again until the lock file has changed.
 """
 
 import argparse
@@ -17,6 +17,7 @@ import json
 import os
 import pathlib
 import shutil
+import subprocess
 import sys
 import tarfile
 import time
@@ -116,6 +117,7 @@ def main():
     root = parser.parse_args().root
 
     lock = (root / "package-lock.json").read_bytes()
+    # What is kept may change with this script.
     state = hashlib.sha256(lock + pathlib.Path(__file__).read_bytes()).hexdigest()
     modules = root / "node_modules"
     stamp = modules / ".fetched"
@@ -128,6 +130,11 @@ def main():
         sys.exit(f"fetch_assets: package-lock.json names other packages than this script: {', '.join(packages)}")
     if installed_by_npm(modules, packages):
         return
+    npm = shutil.which("npm")
+    if npm:
+        print("fetch_assets: fetching the icons and a font with npm", flush=True)
+        command = [npm, "ci", "--ignore-scripts", "--no-audit", "--no-fund"]
+        sys.exit(subprocess.run(command, cwd=root, check=False).returncode)
     source = registry(root, os.environ)
     # The old folder stays until everything has arrived.
     fresh = root / "node_modules.fetching"

@@ -79,7 +79,8 @@ class FetchAssets(unittest.TestCase):
 
     def run_script(self, **environment):
         inherited = {name: value for name, value in os.environ.items() if not name.lower().startswith("npm_config")}
-        inherited.update({"HOME": str(self.root), "no_proxy": "127.0.0.1"})
+        # No npm, unless a test puts one there.
+        inherited.update({"HOME": str(self.root), "PATH": str(self.root / "bin"), "no_proxy": "127.0.0.1"})
         if not environment:
             environment = {"npm_config_registry": self.registry}
         return subprocess.run([sys.executable, str(SCRIPT), "--root", str(self.root)], capture_output=True, text=True,
@@ -128,6 +129,15 @@ class FetchAssets(unittest.TestCase):
     def test_takes_what_npm_has_installed(self):
         self.write_lock(self.root / "node_modules" / ".package-lock.json")
         self.assertEqual(self.run_script().returncode, 0)
+        self.assertEqual(self.asked, [])
+
+    def test_leaves_it_to_npm_where_there_is_one(self):
+        npm = self.root / "bin" / "npm"
+        npm.parent.mkdir()
+        npm.write_text('#!/bin/sh\necho "$1" > called\n')
+        npm.chmod(0o755)
+        self.assertEqual(self.run_script().returncode, 0)
+        self.assertEqual((self.root / "called").read_text(), "ci\n")
         self.assertEqual(self.asked, [])
 
 
