@@ -36,6 +36,17 @@ bool isOrLiesBeneath(std::string_view path, std::string_view folder)
     return path == folder || liesBeneath(path, folder);
 }
 
+/// The innermost mount point that the path is or lies beneath.
+std::string mountPointOf(const std::string &path, const std::vector<std::string> &mountPoints)
+{
+    std::string innermost = "/";
+    for (const std::string &point : mountPoints) {
+        if (point.size() > innermost.size() && isOrLiesBeneath(path, point))
+            innermost = point;
+    }
+    return innermost;
+}
+
 std::string withTildeExpanded(std::string_view path, std::string_view home)
 {
     if (path == "~" || path.starts_with("~/"))
@@ -105,9 +116,10 @@ void ProtectedLocations::protectHome(const std::string &home, const ProtectedPla
 void ProtectedLocations::protectPlace(std::string place)
 {
     // With its ancestors: who removes one of them removes the place.
-    place = folded(std::move(place));
-    while (m_exact.insert(place).second)
+    while (m_exact.insert(folded(place)).second) {
+        m_places.push_back(place);
         place.resize(containingFolder(place).size());
+    }
 }
 
 void ProtectedLocations::protectWithContents(std::string place)
@@ -154,6 +166,36 @@ bool ProtectedLocations::isProtectedReally(const std::string &realPath) const
     if (m_realHome != "/" && isOrLiesBeneath(folded(realPath), folded(m_realHome)))
         return isProtected(m_home + realPath.substr(m_realHome.size()));
     return isProtected(realPath);
+}
+
+bool ProtectedLocations::isProtectedByIdentity(const std::string &realPath, const std::vector<std::string> &mountPoints,
+                                               FileSystem &files) const
+{
+    const std::string mountOfHome = mountPointOf(m_realHome, mountPoints);
+    if (mountOfHome == "/" && mountPointOf(realPath, mountPoints) == "/")
+        return false;
+
+    std::vector<std::pair<ItemIdentity, const std::string *>> places;
+    for (const std::string &place : m_places) {
+        const std::string mount = mountPointOf(place, mountPoints);
+        if (mount != "/" && mount != mountOfHome)
+            continue;
+        if (const Expected<ItemFacts> facts = files.facts(place); facts && facts->identity.isKnown())
+            places.emplace_back(facts->identity, &place);
+    }
+    for (std::string around = realPath; around.size() > 1; around.resize(containingFolder(around).size())) {
+        const Expected<ItemFacts> facts = files.facts(around);
+        if (!facts || facts->type == EntryType::symbolicLink)
+            continue;
+        const std::string inside = realPath.substr(around.size());
+        const bool leadsToProtected = std::ranges::any_of(places, [&](const auto &place) {
+            return place.first == facts->identity && *place.second != around &&
+                   isProtected(*place.second == "/" ? inside : *place.second + inside);
+        });
+        if (leadsToProtected)
+            return true;
+    }
+    return false;
 }
 
 bool ProtectedLocations::isTrashFolder(std::string_view path) const

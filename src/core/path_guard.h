@@ -33,7 +33,18 @@ public:
     /// Judges an item by the real path of its folder and its own name; no link is followed.
     [[nodiscard]] bool isProtectedReally(const std::string &realPath) const;
 
+    /// Whether a real path is a second one to something protected, as where a folder is mounted a second time
+    /// elsewhere: goes by the identity (device, inode) of the protected places and of the folders around the item. Asks
+    /// nothing of places on other volumes than those of "/" and of the home, for one that no longer answers would
+    /// block; and asks nothing at all where no second mount is involved. Reads a hundred items otherwise: for the
+    /// moment of removing, not for the rows of a list.
+    [[nodiscard]] bool isProtectedByIdentity(const std::string &realPath, const std::vector<std::string> &mountPoints,
+                                             FileSystem &files) const;
+
     [[nodiscard]] const std::string &home() const { return m_home; }
+
+    /// The same folder without links on its way.
+    [[nodiscard]] const std::string &realHome() const { return m_realHome; }
 
 private:
     void protectHome(const std::string &home, const ProtectedPlaces &system);
@@ -46,6 +57,7 @@ private:
     std::string m_home;
     std::string m_realHome;
     bool m_ignoresCase;
+    std::vector<std::string> m_places; // those of m_exact as they are written
     // All as `folded` gives them.
     std::unordered_set<std::string> m_exact;
     std::vector<std::string> m_prefixes;

@@ -7,20 +7,16 @@
 
 #include "core/byte_count.h"
 #include "core/checked_add.h"
+#include "core/trash_move.h"
 
 namespace corvane {
 namespace {
-
-bool isMissing(const Error &error)
-{
-    return error.code == std::errc::no_such_file_or_directory;
-}
 
 /// The Trash folders of one system, standardized.
 class TrashFolders {
 public:
     TrashFolders(const ProtectedLocations &locations, const std::vector<std::string> &ofSystem)
-        : m_home(locations.home()), m_folders{joined(m_home, ".Trash")}
+        : m_home(locations.home()), m_realHome(locations.realHome()), m_folders{joined(m_home, ".Trash")}
     {
         for (const std::string &folder : ofSystem)
             m_folders.push_back(standardizedPath(folder, m_home));
@@ -31,31 +27,41 @@ public:
         return std::ranges::any_of(m_folders, [&](const std::string &folder) { return liesBeneath(path, folder); });
     }
 
-    /// Whether the item really lies in the Trash, given the real path of its folder. Resolves only the folders of
-    /// which that may be true: a volume that no longer answers would block. A Trash folder that is itself a link
-    /// counts for those items alone that were given as lying in it: what it leads to may be any folder.
-    [[nodiscard]] bool reallyContain(const std::string &path, const std::string &realFolder, FileSystem &files) const
+    /// Finds out where those Trash folders really are in which a step's item is said to lie, and asks nothing of any
+    /// other: a volume that no longer answers would block. What a Trash folder leads to later does not count.
+    void resolveThoseOf(const std::vector<RemovalStep> &steps, FileSystem &files)
+    {
+        for (const std::string &folder : m_folders) {
+            if (std::ranges::none_of(steps, [&](const auto &step) { return liesBeneath(step.path, folder); }))
+                continue;
+            if (Expected<std::string> real = files.realPath(folder))
+                m_resolved.emplace_back(folder, std::move(*real));
+        }
+    }
+
+    /// Whether the item really lies in the Trash, given the real path of its folder. A Trash folder that is itself a
+    /// link counts for those items alone that were given as lying in it: what it leads to may be any folder.
+    [[nodiscard]] bool reallyContain(const std::string &path, const std::string &realFolder) const
     {
         const auto isOrLiesIn = [&](const std::string &trash) {
             return realFolder == trash || liesBeneath(realFolder, trash);
         };
-        return std::ranges::any_of(m_folders, [&](const std::string &folder) {
-            if (isOrLiesIn(folder))
-                return true;
-            if (liesBeneath(path, folder)) {
-                const Expected<std::string> real = files.realPath(folder);
-                return real && isOrLiesIn(*real);
-            }
-            if (!liesBeneath(folder, m_home))
-                return false;
-            const Expected<std::string> around = files.realPath(std::string(containingFolder(folder)));
-            return around && isOrLiesIn(joined(*around, lastPathComponent(folder)));
-        });
+        return std::ranges::any_of(m_folders,
+                                   [&](const std::string &folder) {
+                                       return isOrLiesIn(folder) ||
+                                              (liesBeneath(folder, m_home) &&
+                                               isOrLiesIn(m_realHome + folder.substr(m_home.size())));
+                                   }) ||
+               std::ranges::any_of(m_resolved, [&](const auto &folder) {
+                   return liesBeneath(path, folder.first) && isOrLiesIn(folder.second);
+               });
     }
 
 private:
     std::string m_home;
+    std::string m_realHome;
     std::vector<std::string> m_folders;
+    std::vector<std::pair<std::string, std::string>> m_resolved; // as given, and without links
 };
 
 /// Whether the text of an entry leads the system to the very item that is judged by that text. "~/x" is judged as
@@ -66,19 +72,20 @@ bool isPlain(const std::string &path, const ProtectedLocations &locations)
     return path.starts_with('/') && path == standardizedPath(path, locations.home());
 }
 
-/// The last ways to the Trash, for what it did not take. Nothing here deletes.
-bool trashOtherwise(const std::string &path, const ItemFacts &facts, const Host &host)
+/// The reason not to remove a folder on which or in which another disk is mounted: emptying the Trash that it was moved
+/// to would empty that disk. Any other kind of item passes: the system itself keeps such a mount point.
+std::optional<std::string> mountedOn(const std::string &path, const ItemFacts &facts,
+                                     const Expected<std::vector<std::string>> &mountPoints)
 {
-    if (path.ends_with(".app"))
-        return host.trash.recycle(path).has_value();
-
-    // The script addresses an alias, and an alias of a link is one of the link's target.
-    if (facts.type == EntryType::symbolicLink)
-        return false;
-    // What the file manager answers says little; what is left at the path says all.
-    (void)host.trash.deleteThroughFinder(path);
-    const Expected<ItemFacts> left = host.files.facts(path);
-    return !left && isMissing(left.error());
+    if (facts.type != EntryType::directory)
+        return std::nullopt;
+    if (!mountPoints)
+        return mountPoints.error().description();
+    if (std::ranges::find(*mountPoints, path) != mountPoints->end())
+        return "Another disk is mounted there.";
+    if (std::ranges::any_of(*mountPoints, [&](const std::string &point) { return liesBeneath(point, path); }))
+        return "Another disk is mounted inside it.";
+    return std::nullopt;
 }
 
 /// Carries one step out; the reason when the item could not be removed.
@@ -92,33 +99,40 @@ std::optional<std::string> failureOf(const RemovalStep &step, const ProtectedLoc
         return protectedLocation;
 
     // The plan may be old: the item may be gone, or a folder on its way may be a link by now. What is acted on is
-    // the path that is judged here, without a link on its way.
-    const Expected<std::string> folder = host.files.realPath(std::string(containingFolder(step.path)));
+    // the folder that is judged here, wherever its path leads in a moment.
+    const Expected<std::unique_ptr<HeldFolder>> folder =
+        host.files.holdFolder(std::string(containingFolder(step.path)));
     if (!folder)
         return folder.error().description();
-    const std::string path = joined(*folder, lastPathComponent(step.path));
-    const Expected<ItemFacts> facts = host.files.facts(path);
+    const std::string name(lastPathComponent(step.path));
+    const std::string path = joined((*folder)->path(), name);
+    const Expected<ItemFacts> facts = (*folder)->facts(name);
     if (!facts)
         return facts.error().description();
-    if (locations.isProtected(step.path) || locations.isProtectedReally(path))
+    const Expected<std::vector<std::string>> mountPoints = host.files.mountPoints();
+    if (locations.isProtected(step.path) || locations.isProtectedReally(path) ||
+        (mountPoints && locations.isProtectedByIdentity(path, *mountPoints, host.files)))
         return protectedLocation;
+    if (std::optional<std::string> mounted = mountedOn(path, *facts, mountPoints))
+        return mounted;
 
-    const bool isInTrash = trashFolders.reallyContain(step.path, *folder, host.files);
+    if (step.seen && *step.seen != facts->identity)
+        return "it has changed since you selected it";
+
+    const bool isInTrash = trashFolders.reallyContain(step.path, (*folder)->path());
     if (step.action == RemovalStep::Action::erase || isInTrash) {
         // What only seems to be in the Trash, behind a link that lies there, was never meant to be deleted.
         if (!isInTrash && trashFolders.contain(step.path))
             return "not in the Trash";
-        const Expected<void> erased = host.files.removeItem(path);
+        const Expected<void> erased = (*folder)->removeItem(name, facts->identity);
         if (!erased)
             return erased.error().description();
         if (isInTrash)
-            host.trash.forget(path);
+            host.trash.forget(**folder, name);
         return std::nullopt;
     }
-    const Expected<void> trashed = host.trash.trashItem(path);
-    if (trashed || (!isMissing(trashed.error()) && trashOtherwise(path, *facts, host)))
-        return std::nullopt;
-    return trashed.error().description();
+    const Expected<void> trashed = TrashMove(**folder, name, *facts, host).perform();
+    return trashed ? std::nullopt : std::optional(trashed.error().description());
 }
 
 } // namespace
@@ -145,7 +159,8 @@ std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanentl
 RemovalOutcome Removal::perform(const std::vector<RemovalStep> &steps, const ProtectedLocations &locations,
                                 const Host &host, const StopFlag &stop)
 {
-    const TrashFolders trashFolders(locations, host.trash.trashFolders());
+    TrashFolders trashFolders(locations, host.trash.trashFolders());
+    trashFolders.resolveThoseOf(steps, host.files);
     RemovalOutcome outcome;
     for (const RemovalStep &step : steps) {
         if (stop) {

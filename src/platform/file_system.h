@@ -61,6 +61,9 @@ public:
 
     /// The folder's own modification date, `distantPast` where unknown.
     [[nodiscard]] virtual Time modified() const = 0;
+
+    /// The system's number of the open folder; -1 where it has none.
+    [[nodiscard]] virtual int descriptor() const { return -1; }
 };
 
 /// Tells one item from whatever takes its place: its kind, and its number on its device. All zeros where unknown.
@@ -83,6 +86,8 @@ struct ItemFacts {
     ItemIdentity identity = {};
 };
 
+class HeldFolder;
+
 /// Files and folders as the system sees them. Every call may be made from any thread; paths are bytes.
 class FileSystem {
 public:
@@ -102,8 +107,11 @@ public:
     /// The path with every link resolved; the item must exist.
     [[nodiscard]] virtual Expected<std::string> realPath(const std::string &path) = 0;
 
-    /// Deletes an item and everything beneath it for good. Links are deleted, never followed.
-    [[nodiscard]] virtual Expected<void> removeItem(const std::string &path) = 0;
+    /// Opens the folder at the path, links followed once, and keeps it: what is done to an item inside is done there.
+    [[nodiscard]] virtual Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) = 0;
+
+    /// The folders on which a file system is mounted, "/" included; told without asking any of them.
+    [[nodiscard]] virtual Expected<std::vector<std::string>> mountPoints() = 0;
 
     /// The user's home folder, without a trailing slash.
     [[nodiscard]] virtual std::string homeFolder() = 0;

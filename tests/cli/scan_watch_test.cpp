@@ -117,11 +117,12 @@ public:
     bool exists(const std::string &) override { return false; }
     bool canOpen(const std::string &) override { return false; }
     Expected<std::string> realPath(const std::string &path) override { return path; }
-    Expected<void> removeItem(const std::string &path) override
+    Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override
     {
         ++removals;
         return tl::unexpected(Error{"remove", path, std::make_error_code(std::errc::operation_not_permitted), {}});
     }
+    Expected<std::vector<std::string>> mountPoints() override { return std::vector<std::string>{"/"}; }
     std::string homeFolder() override { return "/home"; }
 
     int removals = 0;

@@ -298,6 +298,37 @@ TEST_F(RemovalOf, AnItemInAFolderThatATrashFolderLinksToTrashesIt)
     EXPECT_EQ(deeds(), Lines{"trashItem /Users/me/Downloads/a"});
 }
 
+TEST_F(RemovalOf, AnItemAsksNothingOfAMountInsideTheHomeThatIsNotItsOwn)
+{
+    fake.files.addFile("/Users/me/a", 5);
+    fake.files.addFile("/Users/me/.Trash/b", 5);
+    fake.files.addFolder("/Users/me/mnt/.Trash-1000");
+    fake.files.setMountPoints({{"/", "/Users/me/mnt"}});
+    fake.trash.setTrashFolders({"/Users/me/.Trash", "/Users/me/mnt/.Trash-1000", "/Users/me/mnt/.Trash/1000"});
+    for (const bool permanently : {false, true})
+        (void)remove({{"/Users/me/a", 1}, {"/Users/me/.Trash/b", 1}}, permanently);
+    EXPECT_FALSE(fake.files.has("/Users/me/a"));
+    EXPECT_FALSE(fake.files.has("/Users/me/.Trash/b"));
+    for (const std::string &line : fake.log->lines())
+        EXPECT_EQ(line.find("/Users/me/mnt"), std::string::npos) << line;
+}
+
+TEST_F(RemovalOf, AnItemOfAMountInsideTheHomeAsksNothingOfTheOthers)
+{
+    fake.files.addFile("/Users/me/usb/work/a", 5);
+    fake.files.addFile("/Users/me/usb/.Trash-1000/files/b", 5);
+    fake.files.addFolder("/Users/me/mnt/.Trash-1000");
+    fake.files.addFolder("/Users/me/Documents");
+    fake.files.setMountPoints({{"/", "/Users/me/mnt", "/Users/me/usb", "/Users/me/Documents"}});
+    fake.trash.setTrashFolders({"/Users/me/.Trash", "/Users/me/mnt/.Trash-1000", "/Users/me/usb/.Trash-1000"});
+    EXPECT_EQ(remove({{"/Users/me/usb/work/a", 1}, {"/Users/me/usb/.Trash-1000/files/b", 1}}).removed.size(), 2u);
+    EXPECT_EQ(deeds(), (Lines{"removeItem /Users/me/usb/.Trash-1000/files/b", "trashItem /Users/me/usb/work/a"}));
+    for (const std::string &line : fake.log->lines()) {
+        EXPECT_EQ(line.find("/Users/me/mnt"), std::string::npos) << line;
+        EXPECT_EQ(line.find("/Users/me/Documents"), std::string::npos) << line;
+    }
+}
+
 TEST_F(RemovalOf, AnItemAsksNothingOfTheTrashOnOtherVolumes)
 {
     fake.files.addFile("/Users/me/a", 5);
@@ -371,6 +402,167 @@ TEST_F(RemovalOf, AnItemWhoseFolderIsReplacedAfterItsJudgementActsOnTheOneJudged
     EXPECT_EQ(remove({{"/Users/me/link/lib", 1}}, true).removed.size(), 1u);
     EXPECT_EQ(deeds(), Lines{"removeItem /srv/work/lib"});
     EXPECT_TRUE(fake.files.has("/usr/lib"));
+}
+
+TEST_F(RemovalOf, AnItemThatIsReplacedAfterItsJudgementIsNotErased)
+{
+    fake.files.addFile("/Users/me/work/a", 5);
+    fake.log->observe([&](const std::string &line) {
+        if (line == "removeItem /Users/me/work/a") {
+            fake.files.move("/Users/me/work/a", "/Users/me/work/old");
+            fake.files.addFile("/Users/me/work/a", 7);
+        }
+    });
+    EXPECT_EQ(failureLines(remove({{"/Users/me/work/a", 1}}, true)),
+              Lines{"a: it was replaced while it was being removed"});
+    EXPECT_TRUE(fake.files.has("/Users/me/work/a"));
+    EXPECT_TRUE(fake.files.has("/Users/me/work/old"));
+}
+
+TEST_F(RemovalOf, AnItemThatTheTrashTookFromAnotherFolderIsPutBackThere)
+{
+    fake.files.addFile("/Users/me/work/key", 5);
+    fake.files.addFile("/Users/me/.ssh/key", 7);
+    fake.log->observe([&](const std::string &line) {
+        if (line == "trashItem /Users/me/work/key") {
+            fake.files.move("/Users/me/work", "/Users/me/aside");
+            fake.files.addLink("/Users/me/work", "/Users/me/.ssh");
+        }
+    });
+    const RemovalOutcome outcome = remove({{"/Users/me/work/key", 1}});
+    EXPECT_TRUE(outcome.removed.empty());
+    EXPECT_EQ(failureLines(outcome), Lines{"key: it was replaced while it was being removed"});
+    EXPECT_EQ(fake.files.facts("/Users/me/.ssh/key")->allocated, 7);
+    EXPECT_EQ(fake.files.facts("/Users/me/aside/key")->allocated, 5);
+    EXPECT_EQ(fake.log->linesStartingWith("forget").size(), 1u) << "the Trash must not note what it no longer holds";
+}
+
+TEST_F(RemovalOf, AnItemThatTheTrashTookInAnotherOnesPlaceIsPutBackThere)
+{
+    fake.files.addFile("/Users/me/work/a", 5);
+    fake.log->observe([&](const std::string &line) {
+        if (line == "trashItem /Users/me/work/a") {
+            fake.files.move("/Users/me/work/a", "/Users/me/work/old");
+            fake.files.addFile("/Users/me/work/a", 7);
+        }
+    });
+    EXPECT_EQ(failureLines(remove({{"/Users/me/work/a", 1}})), Lines{"a: it was replaced while it was being removed"});
+    EXPECT_EQ(fake.files.facts("/Users/me/work/a")->allocated, 7);
+    EXPECT_EQ(fake.files.facts("/Users/me/work/old")->allocated, 5);
+}
+
+TEST_F(RemovalOf, AnItemThatCannotBePutBackReplacesNothingAndIsNamedAsTrashed)
+{
+    fake.files.addFile("/Users/me/work/a", 5);
+    fake.log->observe([&](const std::string &line) {
+        if (line == "trashItem /Users/me/work/a") {
+            fake.files.move("/Users/me/work/a", "/Users/me/work/old");
+            fake.files.addFile("/Users/me/work/a", 7);
+        } else if (line.starts_with("moveItem ")) {
+            fake.files.addFile("/Users/me/work/a", 9);
+        }
+    });
+    EXPECT_EQ(failureLines(remove({{"/Users/me/work/a", 1}})),
+              Lines{"a: it was replaced while it was being removed, and what took its place is in the Trash"});
+    EXPECT_EQ(fake.files.facts("/Users/me/work/a")->allocated, 9);
+    EXPECT_TRUE(fake.log->linesStartingWith("forget").empty()) << "the Trash still holds it";
+}
+
+TEST_F(RemovalOf, AnApplicationThatTheWorkspaceTookFromAnotherFolderIsPutBackThere)
+{
+    fake.files.addFolder("/Users/me/work/A.app");
+    fake.files.addFile("/Users/me/precious/A.app/thesis", 7);
+    fake.trash.fail(Operation::trashItem, "/Users/me/work/A.app", "No.");
+    fake.log->observe([&](const std::string &line) {
+        if (line == "recycle /Users/me/work/A.app") {
+            fake.files.move("/Users/me/work", "/Users/me/aside");
+            fake.files.addLink("/Users/me/work", "/Users/me/precious");
+        }
+    });
+    EXPECT_EQ(failureLines(remove({{"/Users/me/work/A.app", 1}})),
+              Lines{"A.app: it was replaced while it was being removed"});
+    EXPECT_TRUE(fake.files.has("/Users/me/precious/A.app/thesis"));
+    EXPECT_TRUE(fake.files.has("/Users/me/aside/A.app"));
+}
+
+TEST_F(RemovalOf, AnItemWhosePathLeadsElsewhereIsNotHandedToTheFinder)
+{
+    fake.files.addFile("/Users/me/work/key", 5);
+    fake.files.addFile("/Users/me/.ssh/key", 7);
+    fake.trash.fail(Operation::trashItem, "/Users/me/work/key", "No.");
+    fake.log->observe([&](const std::string &line) {
+        if (line == "trashItem /Users/me/work/key") {
+            fake.files.move("/Users/me/work", "/Users/me/aside");
+            fake.files.addLink("/Users/me/work", "/Users/me/.ssh");
+        }
+    });
+    EXPECT_EQ(failureLines(remove({{"/Users/me/work/key", 1}})),
+              Lines{"key: it was replaced while it was being removed"});
+    EXPECT_TRUE(fake.log->linesStartingWith("deleteThroughFinder").empty());
+}
+
+TEST_F(RemovalOf, AFolderThatIsOrHoldsAMountPointIsRefusedAndAFileIsNot)
+{
+    fake.files.addFolder("/Users/me/usb/disk/inner");
+    fake.files.addFile("/Users/me/usb/other", 5);
+    fake.files.addFolder("/Users/me/us");
+    fake.files.setMountPoints({{"/", "/Users/me/usb/disk", "/Users/me/usb/other"}});
+    for (const bool permanently : {false, true}) {
+        EXPECT_EQ(failureLines(remove({{"/Users/me/usb/disk", 1}}, permanently)),
+                  Lines{"disk: Another disk is mounted there."});
+        EXPECT_EQ(failureLines(remove({{"/Users/me/usb", 1}}, permanently)),
+                  Lines{"usb: Another disk is mounted inside it."});
+    }
+    EXPECT_TRUE(deeds().empty());
+    EXPECT_EQ(remove({{"/Users/me/us", 1}, {"/Users/me/usb/other", 1}}).removed.size(), 2u)
+        << "a name that only begins alike, and a file, which the system itself keeps";
+}
+
+TEST_F(RemovalOf, AFolderIsRefusedWhereTheMountsCannotBeToldAndAFileIsNot)
+{
+    fake.files.addFolder("/Users/me/x");
+    fake.files.addFile("/Users/me/a", 5);
+    fake.files.setMountPoints(std::nullopt);
+    EXPECT_EQ(failureLines(remove({{"/Users/me/a", 1}, {"/Users/me/x", 1}})), Lines{"x: Input/output error"});
+    EXPECT_EQ(deeds(), Lines{"trashItem /Users/me/a"});
+}
+
+TEST_F(RemovalOf, AnItemOfAProtectedPlaceThatIsMountedASecondTimeIsRefused)
+{
+    fake.files.addFile("/Users/me/.ssh/key", 5);
+    fake.files.addFile("/second/keys/key", 5);
+    fake.files.identify("/second/keys", "/Users/me/.ssh");
+    fake.files.setMountPoints({{"/", "/second/keys"}});
+    for (const bool permanently : {false, true}) {
+        EXPECT_EQ(failureLines(remove({{"/second/keys/key", 1}}, permanently)), Lines{"key: protected location"});
+    }
+    EXPECT_TRUE(deeds().empty());
+}
+
+TEST_F(RemovalOf, AHomeThatIsMountedASecondTimeIsProtectedThereAsInItsOwnPlace)
+{
+    for (const char *folder : {"Documents", "Library/Preferences", ".ssh"})
+        fake.files.addFolder(std::string("/Users/me/") + folder);
+    for (const char *file : {"Documents/a", "Library/Preferences/b", ".ssh/key"})
+        fake.files.addFile(std::string("/second/me/") + file, 5);
+    fake.files.identify("/second/me", "/Users/me");
+    fake.files.setMountPoints({{"/", "/second"}});
+    EXPECT_EQ(failureLines(remove({{"/second/me", 1},
+                                   {"/second/me/.ssh/key", 1},
+                                   {"/second/me/Documents", 1},
+                                   {"/second/me/Library/Preferences", 1}})),
+              (Lines{"me: protected location", "key: protected location", "Documents: protected location",
+                     "Preferences: protected location"}));
+    EXPECT_TRUE(deeds().empty());
+    EXPECT_EQ(remove({{"/second/me/Documents/a", 1}, {"/second/me/Library/Preferences/b", 1}}).removed.size(), 2u);
+}
+
+TEST_F(RemovalOf, AnItemAsksNothingOfProtectedPlacesWhereNothingIsMountedASecondTime)
+{
+    fake.files.addFolder("/Users/me/.ssh");
+    fake.files.addFile("/Users/me/a", 5);
+    (void)remove({{"/Users/me/a", 1}}, true);
+    EXPECT_EQ(fake.log->lines(), (Lines{"holdFolder /Users/me", "facts /Users/me/a", "removeItem /Users/me/a"}));
 }
 
 TEST_F(RemovalOf, ALinkTakesTheLinkAndNotItsTarget)

@@ -6,6 +6,9 @@
 #include <optional>
 #include <stdexcept>
 
+#include "platform/held_folder.h"
+#include "platform/path.h"
+
 namespace corvane {
 
 namespace {
@@ -159,6 +162,76 @@ private:
     const ItemPointer m_item;
 };
 
+class FakeFileSystem::Held final : public HeldFolder {
+public:
+    Held(FakeFileSystem &files, ItemPointer item, std::string path)
+        : m_files(files), m_item(std::move(item)), m_path(std::move(path))
+    {
+    }
+
+    const std::string &path() const override { return m_path; }
+
+    FolderIdentity identity() const override
+    {
+        const std::lock_guard lock(m_files.m_mutex);
+        return m_item->identity;
+    }
+
+    Expected<ItemFacts> facts(const std::string &name) override
+    {
+        m_files.m_log->record("facts " + joined(m_path, name));
+        const std::lock_guard lock(m_files.m_mutex);
+        return child(name).and_then(
+            [&](const ItemPointer &item) { return m_files.factsOf(*item, joined(m_path, name)); });
+    }
+
+    Expected<void> removeItem(const std::string &name, const ItemIdentity &expected) override
+    {
+        m_files.m_log->record("removeItem " + joined(m_path, name));
+        const std::lock_guard lock(m_files.m_mutex);
+        const auto item = child(name);
+        if (!item)
+            return tl::unexpected(item.error());
+        if (identityOf(**item) != expected)
+            return tl::unexpected(replacedMeanwhile("remove", joined(m_path, name)));
+        if (const auto &trouble = (*item)->removal)
+            return tl::unexpected(
+                Error{"remove", joined(m_path, name), std::make_error_code(trouble->code), trouble->text});
+        detach(*item);
+        return {};
+    }
+
+    Expected<void> moveItem(const std::string &name, HeldFolder &target, const std::string &newName) override
+    {
+        m_files.m_log->record("moveItem " + joined(m_path, name));
+        const std::lock_guard lock(m_files.m_mutex);
+        const auto item = child(name);
+        if (!item)
+            return tl::unexpected(item.error());
+        const ItemPointer parent = dynamic_cast<Held &>(target).m_item;
+        if (parent->child(newName))
+            return failure("move", joined(target.path(), newName), std::errc::file_exists);
+        detach(*item);
+        attach(*item, parent, newName);
+        return {};
+    }
+
+    int descriptor() const override { return -1; }
+
+private:
+    [[nodiscard]] Expected<ItemPointer> child(const std::string &name) const
+    {
+        const ItemPointer item = m_item->child(name);
+        if (!item || item->vanished)
+            return failure("find", joined(m_path, name), std::errc::no_such_file_or_directory);
+        return item;
+    }
+
+    FakeFileSystem &m_files;
+    const ItemPointer m_item;
+    const std::string m_path;
+};
+
 FakeFileSystem::FakeFileSystem(std::shared_ptr<CallLog> log)
     : m_log(std::move(log)), m_root(std::make_shared<Item>()), m_packageExtensions{"app",          "photoslibrary",
                                                                                    "xcodeproj",    "framework",
@@ -215,9 +288,30 @@ void FakeFileSystem::move(const std::string &from, const std::string &to)
     detach(item);
     const std::size_t slash = to.rfind('/');
     const ItemPointer parent = makeFolders(to.substr(0, slash));
-    item->name = to.substr(slash + 1);
-    item->parent = parent;
-    parent->children.push_back(item);
+    attach(item, parent, to.substr(slash + 1));
+}
+
+TrashedItem FakeFileSystem::moveOut(const std::string &path)
+{
+    const std::lock_guard lock(m_mutex);
+    const ItemPointer item = demand(path);
+    detach(item);
+    const auto outside = std::make_shared<Item>();
+    outside->identity = {.device = item->identity.device, .inode = ++m_lastInode};
+    attach(item, outside, item->name);
+    return {std::make_shared<Held>(*this, outside, "/outside"), item->name, identityOf(*item)};
+}
+
+void FakeFileSystem::setMountPoints(std::optional<std::vector<std::string>> points)
+{
+    const std::lock_guard lock(m_mutex);
+    m_mountPoints = std::move(points);
+}
+
+void FakeFileSystem::identify(const std::string &path, const std::string &other)
+{
+    const std::lock_guard lock(m_mutex);
+    demand(path)->identity = demand(other)->identity;
 }
 
 bool FakeFileSystem::has(const std::string &path) const
@@ -286,11 +380,19 @@ Expected<ItemFacts> FakeFileSystem::facts(const std::string &path)
     const auto item = find(path, LastLink::keep);
     if (!item)
         return tl::unexpected(item.error());
-    const Item &found = **item;
-    if (found.facts)
-        return failure("look at", path, found.facts->code);
-    return ItemFacts{found.type, isPackage(found), found.allocated, found.modified,
-                     ItemIdentity{found.type, found.identity.device, found.identity.inode}};
+    return factsOf(**item, path);
+}
+
+Expected<ItemFacts> FakeFileSystem::factsOf(const Item &item, const std::string &path) const
+{
+    if (item.facts)
+        return failure("look at", path, item.facts->code);
+    return ItemFacts{item.type, isPackage(item), item.allocated, item.modified, identityOf(item)};
+}
+
+ItemIdentity FakeFileSystem::identityOf(const Item &item)
+{
+    return {item.type, item.identity.device, item.identity.inode};
 }
 
 bool FakeFileSystem::exists(const std::string &path)
@@ -315,17 +417,24 @@ Expected<std::string> FakeFileSystem::realPath(const std::string &path)
     return find(path, LastLink::follow).map([](const ItemPointer &item) { return pathOf(*item); });
 }
 
-Expected<void> FakeFileSystem::removeItem(const std::string &path)
+Expected<std::unique_ptr<HeldFolder>> FakeFileSystem::holdFolder(const std::string &path)
 {
-    m_log->record("removeItem " + path);
+    m_log->record("holdFolder " + path);
     const std::lock_guard lock(m_mutex);
-    const auto item = find(path, LastLink::keep);
+    const auto item = find(path, LastLink::follow);
     if (!item)
         return tl::unexpected(item.error());
-    if (const auto &trouble = (*item)->removal)
-        return tl::unexpected(Error{"remove", path, std::make_error_code(trouble->code), trouble->text});
-    detach(*item);
-    return {};
+    if ((*item)->type != EntryType::directory)
+        return failure("open", path, std::errc::not_a_directory);
+    return std::make_unique<Held>(*this, *item, pathOf(**item));
+}
+
+Expected<std::vector<std::string>> FakeFileSystem::mountPoints()
+{
+    const std::lock_guard lock(m_mutex);
+    if (!m_mountPoints)
+        return failure("list the disks", "/", std::errc::io_error);
+    return *m_mountPoints;
 }
 
 std::string FakeFileSystem::homeFolder()
@@ -446,6 +555,13 @@ void FakeFileSystem::detach(const ItemPointer &item)
         throw std::logic_error("The test's root cannot be taken away");
     std::erase(parent->children, item);
     item->parent.reset();
+}
+
+void FakeFileSystem::attach(const ItemPointer &item, const ItemPointer &parent, const std::string &name)
+{
+    item->name = name;
+    item->parent = parent;
+    parent->children.push_back(item);
 }
 
 } // namespace corvane

@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -10,6 +11,7 @@
 
 #include "platform/call_log.h"
 #include "platform/file_system.h"
+#include "platform/trash.h"
 
 namespace corvane {
 
@@ -17,8 +19,9 @@ namespace corvane {
 /// paths; the folders that lead to a new item are made. A listing's order is the order of making. Any thread.
 ///
 /// Recorded calls: "openFolder P", "list P", "openChild P" (the child's path), "openParent P", "facts P",
-/// "exists P", "canOpen P", "realPath P", "removeItem P". An open folder is recorded by where it lies at that
-/// moment. `homeFolder` is not recorded.
+/// "exists P", "canOpen P", "realPath P", "holdFolder P", "removeItem P", "moveItem P". An open folder is recorded by
+/// where it lies at that moment, a held one by the path that it was opened by. `homeFolder` and `mountPoints` are not
+/// recorded.
 class FakeFileSystem final : public FileSystem {
 public:
     /// Holds "/" and the home folder, nothing else.
@@ -35,6 +38,15 @@ public:
 
     /// Another device's folder, as where a volume is mounted. Items made beneath it later belong to it too.
     void setDevice(const std::string &path, std::uint64_t device);
+
+    /// The answer of `mountPoints`; "/" alone at first, and an error where it is absent.
+    void setMountPoints(std::optional<std::vector<std::string>> points);
+
+    /// Makes an item the same as another one, as a folder is that is mounted a second time.
+    void identify(const std::string &path, const std::string &other);
+
+    /// Moves the item with everything beneath it out of the tree, into a folder that no path leads to.
+    [[nodiscard]] TrashedItem moveOut(const std::string &path);
 
     /// Takes the item and everything beneath it away; folders that are open stay open.
     void take(const std::string &path);
@@ -74,12 +86,14 @@ public:
     [[nodiscard]] bool exists(const std::string &path) override;
     [[nodiscard]] bool canOpen(const std::string &path) override;
     [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
-    [[nodiscard]] Expected<void> removeItem(const std::string &path) override;
+    [[nodiscard]] Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override;
+    [[nodiscard]] Expected<std::vector<std::string>> mountPoints() override;
     [[nodiscard]] std::string homeFolder() override;
 
 private:
     struct Item;
     class Folder;
+    class Held;
     using ItemPointer = std::shared_ptr<Item>;
     enum class LastLink { follow, keep };
 
@@ -90,7 +104,10 @@ private:
     [[nodiscard]] bool isPackage(const Item &item) const;
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> open(const ItemPointer &item, const std::string &path);
     [[nodiscard]] static std::string pathOf(const Item &item);
+    [[nodiscard]] Expected<ItemFacts> factsOf(const Item &item, const std::string &path) const;
+    [[nodiscard]] static ItemIdentity identityOf(const Item &item);
     static void detach(const ItemPointer &item);
+    static void attach(const ItemPointer &item, const ItemPointer &parent, const std::string &name);
 
     const std::shared_ptr<CallLog> m_log; // constant after construction
 
@@ -99,6 +116,7 @@ private:
     ItemPointer m_root;
     std::string m_home;
     std::set<std::string> m_packageExtensions;
+    std::optional<std::vector<std::string>> m_mountPoints{{"/"}};
     std::uint64_t m_lastInode = 1;
 };
 

@@ -120,12 +120,18 @@ TEST(FakeFileSystem, VanishedItemIsListedButNotFound)
     EXPECT_FALSE(files.facts("/a/gone"));
 }
 
+Expected<void> remove(FakeFileSystem &files, const std::string &folder, const std::string &name)
+{
+    const std::unique_ptr<HeldFolder> held = std::move(*files.holdFolder(folder));
+    return held->removeItem(name, held->facts(name)->identity);
+}
+
 TEST(FakeFileSystem, RemovingALinkKeepsItsTarget)
 {
     FakeFileSystem files;
     files.addFile("/a/f", 1);
     files.addLink("/l", "/a");
-    EXPECT_TRUE(files.removeItem("/l"));
+    EXPECT_TRUE(remove(files, "/", "l"));
     EXPECT_FALSE(files.has("/l"));
     EXPECT_TRUE(files.has("/a/f"));
 }
@@ -135,7 +141,7 @@ TEST(FakeFileSystem, RefusedRemovalChangesNothing)
     FakeFileSystem files;
     files.addFile("/a/f", 1);
     files.failRemoval("/a/f", std::errc::permission_denied, "You may not.");
-    EXPECT_EQ(files.removeItem("/a/f").error().description(), "You may not.");
+    EXPECT_EQ(remove(files, "/a", "f").error().description(), "You may not.");
     EXPECT_TRUE(files.has("/a/f"));
 }
 

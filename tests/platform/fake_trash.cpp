@@ -1,5 +1,7 @@
 #include "platform/fake_trash.h"
 
+#include "platform/path.h"
+
 namespace corvane {
 
 namespace {
@@ -51,24 +53,24 @@ std::vector<std::string> FakeTrash::trashed() const
     return m_trashed;
 }
 
-Expected<void> FakeTrash::trashItem(const std::string &path)
+Expected<TrashedItem> FakeTrash::trashItem(HeldFolder &folder, const std::string &name)
 {
-    return perform(Operation::trashItem, path);
+    return perform(Operation::trashItem, joined(folder.path(), name));
 }
 
-Expected<void> FakeTrash::recycle(const std::string &path)
+Expected<TrashedItem> FakeTrash::recycle(HeldFolder &folder, const std::string &name)
 {
-    return perform(Operation::recycle, path);
+    return perform(Operation::recycle, joined(folder.path(), name));
 }
 
 Expected<void> FakeTrash::deleteThroughFinder(const std::string &path)
 {
-    return perform(Operation::deleteThroughFinder, path);
+    return perform(Operation::deleteThroughFinder, path).map([](const TrashedItem &) {});
 }
 
-void FakeTrash::forget(const std::string &path)
+void FakeTrash::forget(HeldFolder &folder, const std::string &name)
 {
-    m_files.log()->record("forget " + path);
+    m_files.log()->record("forget " + joined(folder.path(), name));
 }
 
 std::vector<std::string> FakeTrash::trashFolders()
@@ -77,7 +79,7 @@ std::vector<std::string> FakeTrash::trashFolders()
     return m_folders;
 }
 
-Expected<void> FakeTrash::perform(Operation operation, const std::string &path)
+Expected<TrashedItem> FakeTrash::perform(Operation operation, const std::string &path)
 {
     m_files.log()->record(std::string(nameOf(operation)) + " " + path);
     const std::lock_guard lock(m_mutex);
@@ -88,14 +90,13 @@ Expected<void> FakeTrash::perform(Operation operation, const std::string &path)
     if (const auto failure = m_failures.find({operation, path}); failure != m_failures.end())
         return tl::unexpected(failure->second);
     if (m_pretended.contains({operation, path}))
-        return {};
+        return TrashedItem{};
     if (!m_files.has(path)) {
         return tl::unexpected(
             Error{nameOf(operation), path, std::make_error_code(std::errc::no_such_file_or_directory), {}});
     }
-    m_files.take(path);
     m_trashed.push_back(path);
-    return {};
+    return m_files.moveOut(path);
 }
 
 } // namespace corvane

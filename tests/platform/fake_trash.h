@@ -8,10 +8,10 @@
 
 namespace corvane {
 
-/// A Trash for tests: takes what it trashes out of the fake file system, or fails as the test says. Any thread.
+/// A Trash for tests: takes what it trashes out of the fake file system, or fails as the test says. Like a Mac's it
+/// goes by the path of the item, wherever that leads at the time. Any thread.
 ///
-/// Recorded calls: "trashItem P", "recycle P", "deleteThroughFinder P",
-/// "forget P".
+/// Recorded calls: "trashItem P", "recycle P", "deleteThroughFinder P", "forget P".
 class FakeTrash final : public Trash {
 public:
     enum class Operation { trashItem, recycle, deleteThroughFinder };
@@ -34,16 +34,16 @@ public:
     /// What was really trashed, in order.
     [[nodiscard]] std::vector<std::string> trashed() const;
 
-    [[nodiscard]] Expected<void> trashItem(const std::string &path) override;
-    [[nodiscard]] Expected<void> recycle(const std::string &path) override;
+    [[nodiscard]] Expected<TrashedItem> trashItem(HeldFolder &folder, const std::string &name) override;
+    [[nodiscard]] Expected<TrashedItem> recycle(HeldFolder &folder, const std::string &name) override;
     [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
-    void forget(const std::string &path) override;
+    void forget(HeldFolder &folder, const std::string &name) override;
     [[nodiscard]] std::vector<std::string> trashFolders() override;
 
 private:
     using Case = std::pair<Operation, std::string>;
 
-    [[nodiscard]] Expected<void> perform(Operation operation, const std::string &path);
+    [[nodiscard]] Expected<TrashedItem> perform(Operation operation, const std::string &path);
 
     FakeFileSystem &m_files;
 

@@ -12,7 +12,9 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/held_folder.h"
 #include "platform/linux/interrupted_call.h"
+#include "platform/path.h"
 #include "support/few_open_files.h"
 #include "support/temporary_folder.h"
 
@@ -59,6 +61,18 @@ protected:
         if (!folder)
             throw std::system_error(folder.error().code, path);
         return std::move(*folder);
+    }
+
+    /// Deletes an item as a removal does: from the folder that holds it.
+    Expected<void> remove(const std::string &path)
+    {
+        const std::string plain = path.substr(0, path.find_last_not_of('/') + 1);
+        const Expected<std::unique_ptr<HeldFolder>> folder = files.holdFolder(std::string(containingFolder(plain)));
+        if (!folder)
+            return tl::unexpected(folder.error());
+        const std::string name(lastPathComponent(plain));
+        return (*folder)->facts(name).and_then(
+            [&](const ItemFacts &facts) { return (*folder)->removeItem(name, facts.identity); });
     }
 
     /// Makes `levels` folders called `name` inside one another; returns the whole path of the innermost.
@@ -381,9 +395,9 @@ TEST_F(LinuxFileSystemTest, PathsLongerThanTheSystemAllowsWork)
     const std::string below = deepest.substr(temporary.path().size() + 1 + name.size());
     EXPECT_EQ(files.realPath(temporary / "short" + below + "/link"), deepest + "/file");
 
-    EXPECT_TRUE(files.removeItem(deepest + "/file"));
+    EXPECT_TRUE(remove(deepest + "/file"));
     EXPECT_FALSE(files.exists(deepest + "/file"));
-    EXPECT_TRUE(files.removeItem(deepest));
+    EXPECT_TRUE(remove(deepest));
     EXPECT_FALSE(files.exists(deepest));
 }
 
@@ -406,7 +420,7 @@ TEST_F(LinuxFileSystemTest, ANameLongerThanTheSystemAllowsFails)
     const std::string path = temporary / std::string(2 * PATH_MAX, 'x');
     EXPECT_FALSE(files.exists(path));
     EXPECT_EQ(files.facts(path).error().code, std::errc::filename_too_long);
-    EXPECT_FALSE(files.removeItem(path));
+    EXPECT_FALSE(remove(path));
 }
 
 TEST_F(LinuxFileSystemTest, TheHomeFolderComesFromTheEnvironmentThenFromTheAccount)
@@ -433,7 +447,7 @@ TEST_F(LinuxRemovalTest, DeletesAFile)
 {
     const std::string path = temporary.writeText("file", "x");
     temporary.writeText("other", "x");
-    EXPECT_TRUE(files.removeItem(path));
+    EXPECT_TRUE(remove(path));
     EXPECT_FALSE(temporary.has("file"));
     EXPECT_TRUE(temporary.has("other"));
 }
@@ -446,7 +460,7 @@ TEST_F(LinuxRemovalTest, DeletesAFolderWithEverythingInIt)
     temporary.makeFolder("folder/empty");
     temporary.writeText("folder/.hidden", "x");
     temporary.writeText("beside", "x");
-    EXPECT_TRUE(files.removeItem(temporary / "folder/"));
+    EXPECT_TRUE(remove(temporary / "folder/"));
     EXPECT_FALSE(temporary.has("folder"));
     EXPECT_TRUE(temporary.has("beside"));
 }
@@ -457,8 +471,8 @@ TEST_F(LinuxRemovalTest, LinksAreDeletedNeverFollowed)
     temporary.link("folder/link", temporary / "kept");
     temporary.link("folder/deep/link", "../../kept");
     temporary.link("top link", "kept");
-    EXPECT_TRUE(files.removeItem(temporary / "folder"));
-    EXPECT_TRUE(files.removeItem(temporary / "top link/"));
+    EXPECT_TRUE(remove(temporary / "folder"));
+    EXPECT_TRUE(remove(temporary / "top link/"));
     EXPECT_FALSE(temporary.has("folder"));
     EXPECT_FALSE(temporary.has("top link"));
     EXPECT_TRUE(temporary.has("kept/file"));
@@ -466,7 +480,7 @@ TEST_F(LinuxRemovalTest, LinksAreDeletedNeverFollowed)
 
 TEST_F(LinuxRemovalTest, AMissingItemIsAnError)
 {
-    const Expected<void> removed = files.removeItem(temporary / "missing");
+    const Expected<void> removed = remove(temporary / "missing");
     ASSERT_FALSE(removed);
     EXPECT_EQ(removed.error().code, std::errc::no_such_file_or_directory);
     EXPECT_EQ(removed.error().path, temporary / "missing");
@@ -474,15 +488,15 @@ TEST_F(LinuxRemovalTest, AMissingItemIsAnError)
 
 TEST_F(LinuxRemovalTest, TheRootAndAnEmptyPathAreRefused)
 {
-    EXPECT_FALSE(files.removeItem("/"));
-    EXPECT_FALSE(files.removeItem("//"));
-    EXPECT_FALSE(files.removeItem(""));
+    EXPECT_FALSE(remove("/"));
+    EXPECT_FALSE(remove("//"));
+    EXPECT_FALSE(remove(""));
 }
 
 TEST_F(LinuxRemovalTest, AFolderThousandsOfLevelsDeepIsDeletedWithFewOpenFiles)
 {
     makeDeep("deep", 3'000);
-    EXPECT_TRUE(files.removeItem(temporary / "deep"));
+    EXPECT_TRUE(remove(temporary / "deep"));
     EXPECT_FALSE(temporary.has("deep"));
 }
 
@@ -491,7 +505,7 @@ TEST_F(LinuxRemovalTest, AFolderThousandsOfLevelsDeepIsDeletedWhereFileNumbersAr
     makeDeep("deep", 3'000);
     {
         const FewOpenFiles limit(8);
-        const Expected<void> removed = files.removeItem(temporary / "deep");
+        const Expected<void> removed = remove(temporary / "deep");
         EXPECT_TRUE(removed) << removed.error().description();
     }
     EXPECT_FALSE(temporary.has("deep"));
@@ -505,7 +519,7 @@ TEST_F(LinuxRemovalTest, BranchesOnTheWayBackUpAreDeletedToo)
         temporary.writeText(path + "/z side/file", "x");
         path += "/m";
     }
-    EXPECT_TRUE(files.removeItem(temporary / "top"));
+    EXPECT_TRUE(remove(temporary / "top"));
     EXPECT_FALSE(temporary.has("top"));
 }
 
@@ -515,7 +529,7 @@ TEST_F(LinuxRemovalTest, AnUndeletableItemIsNamed)
         GTEST_SKIP() << "root deletes everything";
     temporary.writeText("folder/closed/file", "x");
     const std::string closed = temporary.makeUnreadable("folder/closed");
-    const Expected<void> removed = files.removeItem(temporary / "folder");
+    const Expected<void> removed = remove(temporary / "folder");
     ASSERT_FALSE(removed);
     EXPECT_EQ(removed.error().path, closed);
     EXPECT_EQ(removed.error().code, std::errc::permission_denied);
@@ -525,10 +539,10 @@ TEST_F(LinuxRemovalTest, AnUndeletableItemIsNamed)
 TEST_F(LinuxRemovalTest, AnEmptyUnreadableFolderCanBeDeleted)
 {
     temporary.makeUnreadable("folder/closed");
-    EXPECT_TRUE(files.removeItem(temporary / "folder"));
+    EXPECT_TRUE(remove(temporary / "folder"));
     EXPECT_FALSE(temporary.has("folder"));
     temporary.makeUnreadable("alone");
-    EXPECT_TRUE(files.removeItem(temporary / "alone"));
+    EXPECT_TRUE(remove(temporary / "alone"));
     EXPECT_FALSE(temporary.has("alone"));
 }
 
@@ -536,7 +550,7 @@ TEST_F(LinuxRemovalTest, APathThatEndsInDotsIsRefusedAndTheFolderKeepsItsItems)
 {
     temporary.writeText("folder/inner/file", "x");
     for (const char *path : {"folder/.", "folder/./", "folder/inner/..", "folder/inner/../"}) {
-        const Expected<void> removed = files.removeItem(temporary / path);
+        const Expected<void> removed = remove(temporary / path);
         ASSERT_FALSE(removed) << path;
         EXPECT_EQ(removed.error().code, std::errc::invalid_argument) << path;
     }

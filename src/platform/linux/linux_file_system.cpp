@@ -8,11 +8,11 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include "platform/linux/item_removal.h"
+#include "platform/linux/linux_held_folder.h"
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/linux_places.h"
 #include "platform/linux/long_path.h"
-#include "platform/linux/package_extensions.h"
+#include "platform/linux/mount_points.h"
 #include "platform/linux/real_path.h"
 #include "platform/linux/stat_facts.h"
 #include "platform/path.h"
@@ -55,13 +55,7 @@ Expected<ItemFacts> LinuxFileSystem::facts(const std::string &path)
     struct stat facts;
     if (::fstatat(item->folder(), item->name(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
         return failure("examine", path, errno);
-    const EntryType type = entryType(facts);
-    const std::string_view extension = nameExtension(lastPathComponent(item->name()));
-    return ItemFacts{.type = type,
-                     .isPackage = type == EntryType::directory && isKnownPackageExtension(extension),
-                     .allocated = allocatedBytes(facts),
-                     .modified = modificationTime(facts),
-                     .identity = {.type = type, .device = facts.st_dev, .inode = facts.st_ino}};
+    return itemFacts(facts, lastPathComponent(item->name()));
 }
 
 bool LinuxFileSystem::exists(const std::string &path)
@@ -86,9 +80,14 @@ Expected<std::string> LinuxFileSystem::realPath(const std::string &path)
     return resolvedPath(path);
 }
 
-Expected<void> LinuxFileSystem::removeItem(const std::string &path)
+Expected<std::unique_ptr<HeldFolder>> LinuxFileSystem::holdFolder(const std::string &path)
 {
-    return removeItemForGood(path);
+    return LinuxHeldFolder::hold(path);
+}
+
+Expected<std::vector<std::string>> LinuxFileSystem::mountPoints()
+{
+    return listedMountPoints();
 }
 
 std::string LinuxFileSystem::homeFolder()

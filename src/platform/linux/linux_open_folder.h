@@ -22,8 +22,7 @@ public:
     [[nodiscard]] FolderIdentity identity() const override { return facts().identity; }
     [[nodiscard]] Time modified() const override { return facts().modified; }
 
-    /// For calls relative to this folder.
-    [[nodiscard]] int descriptor() const { return m_descriptor.number(); }
+    [[nodiscard]] int descriptor() const override { return m_descriptor.number(); }
 
 private:
     struct Facts {

@@ -11,11 +11,9 @@
 #include <unistd.h>
 
 #include "platform/file_descriptor.h"
-#include "platform/linux/gio_error.h"
-#include "platform/linux/glib_pointer.h"
-#include "platform/linux/mounts.h"
-#include "platform/linux/name_reservation.h"
+#include "platform/linux/open_trash.h"
 #include "platform/linux/real_path.h"
+#include "platform/linux/trash_slot.h"
 #include "platform/path.h"
 
 namespace corvane {
@@ -30,80 +28,47 @@ tl::unexpected<Error> lackingService(const char *operation, const std::string &p
                                 "There is no such service on this system."});
 }
 
-/// Whether the volume of the item has no room for even one more block. The item's own folder is asked: the
-/// Trash that takes the item lies on the same volume, and a quota holds for both. Nothing with a name is made.
-bool volumeIsFull(const std::string &path)
+/// Whether the folder's volume has no room for even one more block. The Trash that takes an item of the folder lies
+/// on the same volume, and a quota holds for both. Nothing with a name is made.
+bool volumeIsFull(int folder)
 {
-    const std::string folder(containingFolder(withoutDots(path)));
-    const FileDescriptor probe(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
+    const FileDescriptor probe(::openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
     constexpr off_t oneRecord = 4096; // more than the record of a path of the greatest length that the kernel takes
     const int code = probe.isOpen() ? ::posix_fallocate(probe.number(), 0, oneRecord) : errno;
     if (code == ENOSPC || code == EDQUOT)
         return true;
     const bool cannotTell = code == EOPNOTSUPP || code == EISDIR || code == EINVAL; // no nameless files there
     struct statvfs volume {};
-    return cannotTell && ::statvfs(folder.c_str(), &volume) == 0 && volume.f_blocks > 0 && volume.f_bavail == 0;
-}
-
-/// The Trash folders that GIO may choose for an item in `folder`: the user's own, and for an item on
-/// another volume also the two at its top. Those that do not exist are among them.
-std::vector<std::string> trashFoldersFor(std::string folder)
-{
-    std::vector<std::string> folders{LinuxTrash::foldersOfUser().front()};
-    struct stat home {};
-    struct stat here {};
-    if (::stat(g_get_home_dir(), &home) != 0 || ::stat(folder.c_str(), &here) != 0 || home.st_dev == here.st_dev)
-        return folders;
-    while (folder.size() > 1) {
-        const std::string above(containingFolder(folder));
-        struct stat facts {};
-        if (::stat(above.c_str(), &facts) != 0 || facts.st_dev != here.st_dev)
-            break;
-        folder = above;
-    }
-    const std::string user = std::to_string(::getuid());
-    folders.push_back(joined(folder, ".Trash/" + user));
-    folders.push_back(joined(folder, ".Trash-" + user));
-    return folders;
+    return cannotTell && ::fstatvfs(folder, &volume) == 0 && volume.f_blocks > 0 && volume.f_bavail == 0;
 }
 
 } // namespace
 
-Expected<void> LinuxTrash::trashItem(const std::string &path)
+Expected<TrashedItem> LinuxTrash::trashItem(HeldFolder &folder, const std::string &name)
 {
-    // A folder that is moved takes along what is mounted inside it: emptying the Trash would then empty that disk.
-    if (Expected<void> unmounted = refuseMountPoints(moveToTrash, path); !unmounted)
-        return unmounted;
-
-    // On a full disk GIO moves the item but leaves the record of where it came from empty, and reports
-    // success: no file manager could ever put the item back.
-    if (volumeIsFull(path)) {
-        return tl::unexpected(Error{moveToTrash, path, std::make_error_code(std::errc::no_space_on_device),
+    if (const Expected<ItemFacts> facts = folder.facts(name); !facts)
+        return tl::unexpected(facts.error());
+    // On a full disk GIO leaves the record of where the item came from empty, and reports success: no file manager
+    // could ever put the item back.
+    if (volumeIsFull(folder.descriptor())) {
+        return tl::unexpected(Error{moveToTrash, joined(folder.path(), name),
+                                    std::make_error_code(std::errc::no_space_on_device),
                                     "The disk is full: the Trash cannot note where the item came from."});
     }
-
-    std::vector<NameReservation> reservations; // until the item is moved
-    const std::string plain = withoutDots(path);
-    for (const std::string &trash : trashFoldersFor(std::string(containingFolder(plain)))) {
-        Expected<NameReservation> reservation = NameReservation::make(trash, std::string(lastPathComponent(plain)));
-        if (!reservation)
-            return tl::unexpected(reservation.error());
-        reservations.push_back(std::move(*reservation));
-    }
-
-    // The local files' own implementation: the default one may leave the work to a service on the session bus.
-    // GIO tells the default one of the move afterwards; without a bus that comes to nothing and does no harm.
-    const GObjectPointer<GFile> file(g_vfs_get_file_for_path(g_vfs_get_local(), path.c_str()));
-    GError *failure = nullptr;
-    if (g_file_trash(file.get(), nullptr, &failure))
-        return {};
-    const GErrorPointer owner(failure);
-    return tl::unexpected(gioError(moveToTrash, path, *failure));
+    Expected<TrashSlot> slot = TrashSlot::make(folder, name);
+    if (!slot)
+        return tl::unexpected(slot.error());
+    if (Expected<void> moved = slot->fill(); !moved)
+        return tl::unexpected(moved.error());
+    const std::string arrivedAs = slot->name();
+    std::shared_ptr<HeldFolder> items = std::move(*slot).folder();
+    const Expected<ItemFacts> arrived = items->facts(arrivedAs);
+    return TrashedItem{std::move(items), arrivedAs, arrived ? arrived->identity : ItemIdentity{}};
 }
 
-Expected<void> LinuxTrash::recycle(const std::string &path)
+Expected<TrashedItem> LinuxTrash::recycle(HeldFolder &folder, const std::string &name)
 {
-    return lackingService("recycle", path);
+    return lackingService("recycle", joined(folder.path(), name));
 }
 
 Expected<void> LinuxTrash::deleteThroughFinder(const std::string &path)
@@ -111,19 +76,16 @@ Expected<void> LinuxTrash::deleteThroughFinder(const std::string &path)
     return lackingService("delete through the file manager", path);
 }
 
-void LinuxTrash::forget(const std::string &path)
+void LinuxTrash::forget(HeldFolder &folder, const std::string &name)
 {
-    const std::string_view files = containingFolder(path);
-    const std::string trash(containingFolder(files));
     const std::vector<std::string> folders = trashFolders();
-    if (lastPathComponent(files) != "files" || std::ranges::find(folders, trash) == folders.end() ||
-        m_files.facts(path).has_value())
+    if (lastPathComponent(folder.path()) != "files" ||
+        std::ranges::find(folders, containingFolder(folder.path())) == folders.end() || folder.facts(name))
         return;
-    const FileDescriptor top(::open(trash.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor top(::openat(folder.descriptor(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
     const FileDescriptor records(::openat(top.number(), "info", O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    const std::string record = std::string(lastPathComponent(path)) + ".trashinfo";
     if (records.isOpen())
-        ::unlinkat(records.number(), record.c_str(), 0);
+        ::unlinkat(records.number(), recordName(name).c_str(), 0);
 }
 
 std::vector<std::string> LinuxTrash::foldersOfUser()

@@ -12,13 +12,14 @@ public:
     /// `files` outlives the object.
     explicit LinuxTrash(FileSystem &files) : m_files(files) {}
 
-    /// Fails, and leaves the item where it is, when its volume has no Trash, or something is mounted on it or inside.
-    [[nodiscard]] Expected<void> trashItem(const std::string &path) override;
+    /// Fails, and leaves the item where it is, when its volume has no Trash. What arrives is always what the folder
+    /// holds under that name at the moment of the move, wherever the folder's path leads by then.
+    [[nodiscard]] Expected<TrashedItem> trashItem(HeldFolder &folder, const std::string &name) override;
 
-    [[nodiscard]] Expected<void> recycle(const std::string &path) override;
+    [[nodiscard]] Expected<TrashedItem> recycle(HeldFolder &folder, const std::string &name) override;
     [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
 
-    void forget(const std::string &path) override;
+    void forget(HeldFolder &folder, const std::string &name) override;
 
     /// Those that may exist; those on volumes are not touched, for one that no longer answers would block.
     [[nodiscard]] std::vector<std::string> trashFolders() override;

@@ -5,6 +5,7 @@
 
 #include "platform/error.h"
 #include "platform/file_descriptor.h"
+#include "platform/linux/open_trash.h"
 
 namespace corvane {
 
@@ -16,7 +17,7 @@ class NameReservation {
 public:
     /// Reserves what GIO would come upon for an item called `name`. A Trash that is not there needs nothing.
     /// Fails where a record that is needed cannot be made.
-    [[nodiscard]] static Expected<NameReservation> make(const std::string &trash, const std::string &name);
+    [[nodiscard]] static Expected<NameReservation> make(const TrashPlace &trash, const std::string &name);
 
     NameReservation() = default;
     NameReservation(NameReservation &&) = default;

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include <sys/stat.h>
 
 #include "platform/file_system.h"
+#include "platform/linux/package_extensions.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -26,6 +29,16 @@ namespace corvane {
 [[nodiscard]] inline Time modificationTime(const struct stat &facts)
 {
     return Time(std::chrono::seconds(facts.st_mtim.tv_sec));
+}
+
+[[nodiscard]] inline ItemFacts itemFacts(const struct stat &facts, std::string_view name)
+{
+    const EntryType type = entryType(facts);
+    return {.type = type,
+            .isPackage = type == EntryType::directory && isKnownPackageExtension(nameExtension(name)),
+            .allocated = allocatedBytes(facts),
+            .modified = modificationTime(facts),
+            .identity = {.type = type, .device = facts.st_dev, .inode = facts.st_ino}};
 }
 
 } // namespace corvane

@@ -15,7 +15,8 @@ public:
     [[nodiscard]] bool exists(const std::string &path) override;
     [[nodiscard]] bool canOpen(const std::string &path) override;
     [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
-    [[nodiscard]] Expected<void> removeItem(const std::string &path) override;
+    [[nodiscard]] Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override;
+    [[nodiscard]] Expected<std::vector<std::string>> mountPoints() override;
     [[nodiscard]] std::string homeFolder() override;
 
 private:

@@ -11,7 +11,9 @@
 
 #include "platform/file_descriptor.h"
 #include "platform/macos/foundation_bridge.h"
+#include "platform/macos/mac_held_folder.h"
 #include "platform/macos/mac_open_folder.h"
+#include "platform/macos/mounted_volumes.h"
 
 namespace corvane {
 
@@ -39,15 +41,6 @@ bool isDeclaredAsPackage(const std::string &extension)
     });
 }
 
-/// What the Finder makes of that very folder.
-bool isShownAsPackage(const std::string &path)
-{
-    return guardedAnswer(false, [&] {
-        NSNumber *answer = nil;
-        return [fileUrl(path) getResourceValue:&answer forKey:NSURLIsPackageKey error:nil] && answer.boolValue;
-    });
-}
-
 } // namespace
 
 MacFileSystem::MacFileSystem() : m_packages(isDeclaredAsPackage) {}
@@ -59,20 +52,7 @@ Expected<std::unique_ptr<OpenFolder>> MacFileSystem::openFolder(const std::strin
 
 Expected<ItemFacts> MacFileSystem::facts(const std::string &path)
 {
-    struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0)
-        return failure("look at", path, errno);
-    ItemFacts facts;
-    facts.type = S_ISDIR(status.st_mode)   ? EntryType::directory
-                 : S_ISLNK(status.st_mode) ? EntryType::symbolicLink
-                                           : EntryType::file;
-    facts.isPackage = facts.type == EntryType::directory && isShownAsPackage(path);
-    facts.allocated = static_cast<std::int64_t>(status.st_blocks) * S_BLKSIZE;
-    facts.modified = Time(std::chrono::seconds(status.st_mtimespec.tv_sec));
-    facts.identity = {.type = facts.type,
-                      .device = static_cast<std::uint64_t>(status.st_dev),
-                      .inode = static_cast<std::uint64_t>(status.st_ino)};
-    return facts;
+    return macFactsAt(AT_FDCWD, path, path);
 }
 
 bool MacFileSystem::exists(const std::string &path)
@@ -94,17 +74,19 @@ Expected<std::string> MacFileSystem::realPath(const std::string &path)
     return std::string(resolved.get());
 }
 
-Expected<void> MacFileSystem::removeItem(const std::string &path)
+Expected<std::unique_ptr<HeldFolder>> MacFileSystem::holdFolder(const std::string &path)
 {
-    return guarded("remove", path, [&]() -> Expected<void> {
-        NSURL *url = fileUrl(path);
-        if (url == nil)
-            return failure("remove", path, EINVAL);
-        NSError *error = nil;
-        if ([NSFileManager.defaultManager removeItemAtURL:url error:&error])
-            return {};
-        return tl::unexpected(foundationError("remove", path, error));
-    });
+    return MacHeldFolder::hold(path, m_packages);
+}
+
+Expected<std::vector<std::string>> MacFileSystem::mountPoints()
+{
+    std::vector<std::string> points;
+    for (const struct statfs &volume : mountedVolumes())
+        points.emplace_back(volume.f_mntonname);
+    if (points.empty())
+        return failure("list the disks", "/", errno);
+    return points;
 }
 
 std::string MacFileSystem::homeFolder()

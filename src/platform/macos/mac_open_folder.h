@@ -19,6 +19,7 @@ public:
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openParent() override;
     [[nodiscard]] FolderIdentity identity() const override { return m_identity; }
     [[nodiscard]] Time modified() const override { return m_modified; }
+    [[nodiscard]] int descriptor() const override { return m_descriptor.number(); }
 
 private:
     MacOpenFolder(FileDescriptor descriptor, PackageExtensionCache &packages);

@@ -12,14 +12,14 @@ public:
     /// `files` outlives the object.
     explicit MacTrash(FileSystem &files) : m_files(files) {}
 
-    [[nodiscard]] Expected<void> trashItem(const std::string &path) override;
-    [[nodiscard]] Expected<void> recycle(const std::string &path) override;
+    [[nodiscard]] Expected<TrashedItem> trashItem(HeldFolder &folder, const std::string &name) override;
+    [[nodiscard]] Expected<TrashedItem> recycle(HeldFolder &folder, const std::string &name) override;
 
     /// Success means that nothing is at the path any more, whatever the Finder said.
     [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
 
     /// Nothing: what the Finder notes lies in one file for all items, which it keeps right itself.
-    void forget(const std::string &) override {}
+    void forget(HeldFolder &, const std::string &) override {}
 
     [[nodiscard]] std::vector<std::string> trashFolders() override;
 

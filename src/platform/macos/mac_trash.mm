@@ -2,15 +2,15 @@
 
 #import <AppKit/AppKit.h>
 
-#include <algorithm>
 #include <cerrno>
 
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/finder_script.h"
 #include "platform/macos/foundation_bridge.h"
+#include "platform/macos/mounted_volumes.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -54,32 +54,50 @@ NSDictionary<NSString *, id> *errorOfScript(const std::string &source)
     return error;
 }
 
+/// What lies where the system says that it put the item; a null folder where it does not say.
+TrashedItem arrivedItem(NSURL *url, FileSystem &files)
+{
+    if (url == nil)
+        return {};
+    const std::string path = withoutDots(url.fileSystemRepresentation);
+    Expected<std::unique_ptr<HeldFolder>> folder = files.holdFolder(std::string(containingFolder(path)));
+    if (!folder)
+        return {};
+    const std::string name(lastPathComponent(path));
+    const Expected<ItemFacts> facts = (*folder)->facts(name);
+    return {std::move(*folder), name, facts ? facts->identity : ItemIdentity{}};
+}
+
 } // namespace
 
-Expected<void> MacTrash::trashItem(const std::string &path)
+Expected<TrashedItem> MacTrash::trashItem(HeldFolder &folder, const std::string &name)
 {
+    const std::string path = joined(folder.path(), name);
     constexpr const char *operation = "move to Trash";
-    return guarded(operation, path, [&]() -> Expected<void> {
+    return guarded(operation, path, [&]() -> Expected<TrashedItem> {
         NSURL *url = fileUrl(path);
         if (url == nil)
             return failure(operation, path, EINVAL);
         NSError *error = nil;
-        if ([NSFileManager.defaultManager trashItemAtURL:url resultingItemURL:nil error:&error])
-            return {};
+        NSURL *arrivedAt = nil;
+        if ([NSFileManager.defaultManager trashItemAtURL:url resultingItemURL:&arrivedAt error:&error])
+            return arrivedItem(arrivedAt, m_files);
         return tl::unexpected(foundationError(operation, path, error));
     });
 }
 
-Expected<void> MacTrash::recycle(const std::string &path)
+Expected<TrashedItem> MacTrash::recycle(HeldFolder &folder, const std::string &name)
 {
+    const std::string path = joined(folder.path(), name);
     constexpr const char *operation = "recycle";
-    return guarded(operation, path, [&]() -> Expected<void> {
+    return guarded(operation, path, [&]() -> Expected<TrashedItem> {
         NSURL *url = fileUrl(path);
         if (url == nil)
             return failure(operation, path, EINVAL);
 
         // Filled in by the completion on the main thread, read here once that has been waited for.
         __block bool isMoved = false;
+        __block NSURL *arrivedAt = nil;
         __block NSError *error = nil;
         __block bool isFinished = false;
         dispatch_semaphore_t finished = dispatch_semaphore_create(0);
@@ -88,6 +106,7 @@ Expected<void> MacTrash::recycle(const std::string &path)
                 [NSWorkspace.sharedWorkspace recycleURLs:@[ url ]
                                        completionHandler:^(NSDictionary<NSURL *, NSURL *> *moved, NSError *problem) {
                                            isMoved = problem == nil && moved.count == 1;
+                                           arrivedAt = moved.allValues.firstObject;
                                            error = problem;
                                            isFinished = true;
                                            dispatch_semaphore_signal(finished);
@@ -107,7 +126,7 @@ Expected<void> MacTrash::recycle(const std::string &path)
             dispatch_semaphore_wait(finished, DISPATCH_TIME_FOREVER);
         }
         if (isMoved)
-            return {};
+            return arrivedItem(arrivedAt, m_files);
         return error != nil ? tl::unexpected(foundationError(operation, path, error)) : failure(operation, path, EIO);
     });
 }
@@ -144,11 +163,7 @@ Expected<void> MacTrash::deleteThroughFinder(const std::string &path)
 std::vector<std::string> MacTrash::trashFolders()
 {
     std::vector<std::string> folders{m_files.homeFolder() + "/.Trash"};
-    // Without waiting for a volume that no longer answers.
-    std::vector<struct statfs> volumes(static_cast<std::size_t>(std::max(0, ::getfsstat(nullptr, 0, MNT_NOWAIT))));
-    const int count = ::getfsstat(volumes.data(), static_cast<int>(volumes.size() * sizeof(struct statfs)), MNT_NOWAIT);
-    volumes.resize(static_cast<std::size_t>(std::max(0, count)));
-    for (const struct statfs &volume : volumes) {
+    for (const struct statfs &volume : mountedVolumes()) {
         if ((volume.f_flags & MNT_DONTBROWSE) == 0) {
             const std::string top = volume.f_mntonname;
             folders.push_back((top == "/" ? top : top + "/") + ".Trashes/" + std::to_string(::getuid()));

@@ -1,7 +1,7 @@
 // What is mounted is never removed. Every mount is made in a mount namespace of its own, so it is seen by nobody
 // else and goes with the sandbox.
 
-#include "platform/linux/mounts.h"
+#include "platform/mounts.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -13,8 +13,8 @@
 namespace corvane {
 namespace {
 
-const std::string mountedThere = "16 Another disk is mounted there.";
-const std::string mountedInside = "16 Another disk is mounted inside it.";
+const std::string mountedThere = ": Another disk is mounted there.";
+const std::string mountedInside = ": Another disk is mounted inside it.";
 
 class LinuxMounts : public ::testing::TestWithParam<std::string> {
 protected:
@@ -50,27 +50,27 @@ protected:
 
 TEST_P(LinuxMounts, AFolderMountedASecondTimeIsNotRemovedThere)
 {
-    EXPECT_EQ(removeWhereBound("home/USB", "home/USB"), mountedThere);
+    EXPECT_EQ(removeWhereBound("home/USB", "home/USB"), "USB" + mountedThere);
     expectNothingIsGone();
 }
 
 TEST_P(LinuxMounts, AFolderThatHoldsAFolderMountedASecondTimeIsRefusedBeforeAnythingGoes)
 {
-    EXPECT_EQ(removeWhereBound("home/work/m/mounted", "home/work"), mountedInside);
+    EXPECT_EQ(removeWhereBound("home/work/m/mounted", "home/work"), "work" + mountedInside);
     expectNothingIsGone();
 }
 
 TEST_P(LinuxMounts, AFolderReachedThroughALinkIsJudgedByWhereItLies)
 {
     m_home.folder.link("home/shortcut", "work/m");
-    EXPECT_EQ(removeWhereBound("home/work/m/mounted", "home/shortcut/mounted"), mountedThere);
+    EXPECT_EQ(removeWhereBound("home/work/m/mounted", "home/shortcut/mounted"), "mounted" + mountedThere);
     expectNothingIsGone();
 }
 
 TEST_P(LinuxMounts, AMountPointWithBlanksInItsNameIsRecognised)
 {
     m_home.folder.makeFolder("home/work/my \\040 disk\n");
-    EXPECT_EQ(removeWhereBound("home/work/my \\040 disk\n", "home/work"), mountedInside);
+    EXPECT_EQ(removeWhereBound("home/work/my \\040 disk\n", "home/work"), "work" + mountedInside);
     expectNothingIsGone();
 }
 
@@ -80,7 +80,7 @@ TEST_P(LinuxMounts, AnotherFileSystemIsNotEmptied)
     const std::string answer = m_home.runSandboxed(
         {"--tmpfs", point}, "cd '" + point + "'; echo kept > item\n" + "$probe " + GetParam() + " '" + point +
                                 "'\n$probe " + GetParam() + " '" + m_home.folder / "home/work" + "'\ncat item");
-    EXPECT_EQ(answer, mountedThere + "\n" + mountedInside + "\nkept");
+    EXPECT_EQ(answer, "mounted" + mountedThere + "\nwork" + mountedInside + "\nkept");
     expectNothingIsGone();
 }
 
@@ -101,9 +101,33 @@ TEST_P(LinuxMounts, WhereTheMountsCannotBeToldNoFolderGoesButAFileDoes)
     const std::string answer = m_home.runSandboxed(
         {"--tmpfs", "/proc"}, "$probe " + GetParam() + " '" + m_home.folder / "home/work" + "'\n$probe " + GetParam() +
                                   " '" + m_home.folder / "home/file" + "'");
-    EXPECT_EQ(answer, "2 The system does not tell which disks are mounted.\ndone");
+    EXPECT_EQ(answer, "work: The system does not tell which disks are mounted.\ndone");
     EXPECT_FALSE(m_home.folder.has("home/file"));
     expectNothingIsGone();
+}
+
+TEST_P(LinuxMounts, AProtectedFolderThatIsMountedASecondTimeIsRecognised)
+{
+    m_home.folder.writeText("home/.ssh/key", "kept");
+    m_home.folder.makeFolder("home/second");
+    const std::string answer =
+        m_home.runSandboxed({"--bind", m_home.folder / "home/.ssh", m_home.folder / "home/second"},
+                            "$probe " + GetParam() + " '" + m_home.folder / "home/second/key'");
+    EXPECT_EQ(answer, "key: protected location");
+    EXPECT_TRUE(m_home.folder.has("home/.ssh/key"));
+}
+
+TEST_P(LinuxMounts, AHomeThatIsMountedASecondTimeIsRecognised)
+{
+    m_home.folder.writeText("home/.ssh/key", "kept");
+    m_home.folder.writeText("home/Documents/letter", "kept");
+    const std::string second = m_home.folder.makeFolder("second");
+    const std::string answer = m_home.runSandboxed({"--bind", m_home.folder.path(), second},
+                                                   "for item in home home/.ssh/key home/Documents; do $probe " +
+                                                       GetParam() + " '" + second + "'/$item; done");
+    EXPECT_EQ(answer, "home: protected location\nkey: protected location\nDocuments: protected location");
+    EXPECT_TRUE(m_home.folder.has("home/.ssh/key"));
+    EXPECT_TRUE(m_home.folder.has("home/Documents/letter"));
 }
 
 std::optional<Mount> mountOf(const std::string &folder)
@@ -127,8 +151,8 @@ TEST(LinuxMount, OfNothingIsUnknown)
     EXPECT_FALSE(Mount::of(-1));
 }
 
-INSTANTIATE_TEST_SUITE_P(Removal, LinuxMounts, ::testing::Values("trash", "erase"),
-                         [](const auto &question) { return question.param; });
+INSTANTIATE_TEST_SUITE_P(Removal, LinuxMounts, ::testing::Values("remove", "remove-permanently"),
+                         [](const auto &question) { return question.param == "remove" ? "Trash" : "Permanent"; });
 
 } // namespace
 } // namespace corvane

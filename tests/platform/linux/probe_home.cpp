@@ -112,7 +112,7 @@ std::vector<std::string> ProbeHome::onDisk(const std::string &script) const
 {
     // The mount is seen by nobody else and goes with the shell.
     return {"unshare", "--mount", "/bin/sh", "-c",
-            "set -e; truncate -s 4M '" + folder / "image" + "'; mkfs.ext4 -q -F '" + folder / "image" +
+            "set -e; truncate -s 16M '" + folder / "image" + "'; mkfs.ext4 -q -F '" + folder / "image" +
                 "'; mkdir -p '" + folder / "disk" + "'; mount -o loop '" + folder / "image" + "' '" + folder / "disk" +
                 "'; set +e; user=$(id -u); cd '" + folder / "disk" + "'; rmdir lost+found\n" + script};
 }

@@ -24,6 +24,9 @@ public:
     /// does not end well or writes a warning.
     [[nodiscard]] std::string ask(const std::string &question, const std::string &subject = {}) const;
 
+    /// The same for another program of the test's.
+    [[nodiscard]] std::string runOther(const std::vector<std::string> &arguments) const { return run(arguments); }
+
     /// Runs a shell script in bubblewrap with these options added to a view of the whole machine; in the script
     /// "$probe" is the probe. Returns what it printed. Call only where `canSandbox()`.
     [[nodiscard]] std::string runSandboxed(const std::vector<std::string> &options, const std::string &script) const;

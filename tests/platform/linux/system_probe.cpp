@@ -6,7 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "core/removal.h"
 #include "platform/host.h"
+#include "platform/path.h"
 #include "platform/protected_places.h"
 
 namespace {
@@ -14,7 +16,8 @@ namespace {
 using namespace corvane;
 
 /// One line for each request: "done", or the code's number and the sentence.
-int tell(const Expected<void> &result)
+template <typename T>
+int tell(const Expected<T> &result)
 {
     if (result)
         std::cout << "done\n";
@@ -23,15 +26,46 @@ int tell(const Expected<void> &result)
     return 0;
 }
 
+/// What `call` answers for the item's folder and name.
+template <typename Call>
+auto withHeld(const Host &host, const std::string &path, const Call &call)
+{
+    const std::string plain = withoutDots(path);
+    auto folder = host.files.holdFolder(std::string(containingFolder(plain)));
+    using Answer = decltype(call(**folder, plain));
+    return folder ? call(**folder, std::string(lastPathComponent(plain))) : Answer(tl::unexpected(folder.error()));
+}
+
+Expected<void> erase(HeldFolder &folder, const std::string &name)
+{
+    return folder.facts(name).and_then([&](const ItemFacts &facts) { return folder.removeItem(name, facts.identity); });
+}
+
+/// The whole removal of one item, as the program carries it out.
+int removeItem(const Host &host, const std::string &path, bool permanently)
+{
+    const ProtectedLocations &locations = PathGuard::locations();
+    const auto steps = Removal::plan({{path, 0}}, permanently, locations, host.trash.trashFolders());
+    const RemovalOutcome outcome = Removal::perform(steps, locations, host);
+    std::cout << (outcome.failures.empty() ? "done" : outcome.failures.front().line) << '\n';
+    return 0;
+}
+
 int run(std::string_view question, const std::string &subject)
 {
     const Host &host = systemHost();
     if (question == "trash")
-        return tell(host.trash.trashItem(subject));
+        return tell(withHeld(host, subject, [&](HeldFolder &folder, const std::string &name) {
+            return host.trash.trashItem(folder, name);
+        }));
     if (question == "erase")
-        return tell(host.files.removeItem(subject));
+        return tell(withHeld(host, subject, erase));
+    if (question == "remove" || question == "remove-permanently")
+        return removeItem(host, subject, question == "remove-permanently");
     if (question == "recycle")
-        return tell(host.trash.recycle(subject));
+        return tell(withHeld(host, subject, [&](HeldFolder &folder, const std::string &name) {
+            return host.trash.recycle(folder, name);
+        }));
     if (question == "finder")
         return tell(host.trash.deleteThroughFinder(subject));
     if (question == "open")
@@ -50,7 +84,10 @@ int run(std::string_view question, const std::string &subject)
         return 0;
     }
     if (question == "forget") {
-        host.trash.forget(subject);
+        (void)withHeld(host, subject, [&](HeldFolder &folder, const std::string &name) -> Expected<void> {
+            host.trash.forget(folder, name);
+            return {};
+        });
         return 0;
     }
     if (question == "exact-places") {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/file_system.h"
+#include "platform/held_folder.h"
 
 namespace corvane {
 
@@ -33,7 +34,11 @@ public:
     bool exists(const std::string &path) override { return m_files.exists(path); }
     bool canOpen(const std::string &path) override { return m_files.canOpen(path); }
     Expected<std::string> realPath(const std::string &path) override { return m_files.realPath(path); }
-    Expected<void> removeItem(const std::string &path) override { return m_files.removeItem(path); }
+    Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override
+    {
+        return m_files.holdFolder(path);
+    }
+    Expected<std::vector<std::string>> mountPoints() override { return m_files.mountPoints(); }
     std::string homeFolder() override { return m_files.homeFolder(); }
 
 private:

@@ -1,0 +1,98 @@
+#include "core/trash_move.h"
+
+#include <utility>
+
+#include "platform/path.h"
+
+namespace corvane {
+namespace {
+
+constexpr const char *moveToTrash = "move to Trash";
+
+bool isMissing(const Error &error)
+{
+    return error.code == std::errc::no_such_file_or_directory;
+}
+
+} // namespace
+
+TrashMove::TrashMove(HeldFolder &folder, std::string name, const ItemFacts &judged, const Host &host)
+    : m_folder(folder), m_name(std::move(name)), m_judged(judged), m_host(host), m_path(joined(folder.path(), m_name))
+{
+}
+
+Expected<void> TrashMove::perform()
+{
+    const Expected<TrashedItem> trashed = m_host.trash.trashItem(m_folder, m_name);
+    if (trashed)
+        return checked(*trashed);
+    if (isMissing(trashed.error()))
+        return tl::unexpected(trashed.error());
+    if (m_path.ends_with(".app")) {
+        const Expected<TrashedItem> recycled = m_host.trash.recycle(m_folder, m_name);
+        return recycled ? checked(*recycled) : tl::unexpected(trashed.error());
+    }
+    return performThroughFinder(trashed.error());
+}
+
+Expected<void> TrashMove::performThroughFinder(const Error &refusal)
+{
+    // The script addresses an alias, and an alias of a link is one of the link's target.
+    if (m_judged.type == EntryType::symbolicLink)
+        return tl::unexpected(refusal);
+    // The file manager takes a path, and does not tell what it took.
+    const Expected<ItemFacts> found = m_host.files.facts(m_path);
+    if (!found || found->identity != m_judged.identity)
+        return tl::unexpected(replacedMeanwhile(moveToTrash, m_path));
+    // What it answers says little; what is left at the path says all.
+    (void)m_host.trash.deleteThroughFinder(m_path);
+    const Expected<ItemFacts> left = m_folder.facts(m_name);
+    return !left && isMissing(left.error()) ? Expected<void>{} : tl::unexpected(refusal);
+}
+
+Expected<void> TrashMove::checked(const TrashedItem &arrived)
+{
+    if (arrived.folder && arrived.identity == m_judged.identity)
+        return {};
+    if (arrived.folder)
+        return putBack(arrived);
+    return isStillThere() ? tl::unexpected(replacedMeanwhile(moveToTrash, m_path)) : Expected<void>{};
+}
+
+Expected<void> TrashMove::putBack(const TrashedItem &stranger)
+{
+    Error error = replacedMeanwhile(moveToTrash, m_path);
+    // While the judged item has its name, the other one was not taken from its folder but from the one that had the
+    // folder's path for a while.
+    std::unique_ptr<HeldFolder> other;
+    HeldFolder *origin = &m_folder;
+    if (isStillThere()) {
+        other = folderThatHasThePathNow();
+        origin = other.get();
+    }
+    if (origin != nullptr && stranger.folder->moveItem(stranger.name, *origin, m_name))
+        m_host.trash.forget(*stranger.folder, stranger.name);
+    else
+        error.text += ", and what took its place is in the Trash";
+    return tl::unexpected(std::move(error));
+}
+
+/// Null where no other folder than the judged one is met. A folder that is swapped to and fro is met after a few looks.
+std::unique_ptr<HeldFolder> TrashMove::folderThatHasThePathNow()
+{
+    constexpr int looks = 1000;
+    for (int look = 0; look < looks; ++look) {
+        Expected<std::unique_ptr<HeldFolder>> found = m_host.files.holdFolder(m_folder.path());
+        if (found && !((*found)->identity() == m_folder.identity()))
+            return std::move(*found);
+    }
+    return nullptr;
+}
+
+bool TrashMove::isStillThere()
+{
+    const Expected<ItemFacts> found = m_folder.facts(m_name);
+    return found && found->identity == m_judged.identity;
+}
+
+} // namespace corvane

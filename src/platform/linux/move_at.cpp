@@ -1,0 +1,24 @@
+#include "platform/posix/item_at.h"
+
+#include <cerrno>
+#include <cstdio>
+
+#include <fcntl.h>
+
+namespace corvane {
+
+bool moveAt(int folder, const std::string &name, int target, const std::string &newName)
+{
+    if (::renameat2(folder, name.c_str(), target, newName.c_str(), RENAME_NOREPLACE) == 0)
+        return true;
+    // Some file systems know no flags.
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    if (identityAt(target, newName)) {
+        errno = EEXIST;
+        return false;
+    }
+    return errno == ENOENT && ::renameat(folder, name.c_str(), target, newName.c_str()) == 0;
+}
+
+} // namespace corvane

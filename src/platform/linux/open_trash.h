@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/file_descriptor.h"
+
+namespace corvane {
+
+/// Where a Trash is or would be: a path relative to a folder that is open.
+struct TrashPlace {
+    FileDescriptor base;  ///< not open: `relative` is absolute
+    std::string basePath; ///< the path of that folder, the top of a volume; empty: the same
+    std::string relative;
+
+    [[nodiscard]] std::string path() const;
+
+    /// Opens the Trash itself.
+    [[nodiscard]] FileDescriptor open() const;
+};
+
+/// The Trash folders that GIO may choose for an item in that open folder: the user's own, and for an item on another
+/// volume the two at its top. Those that do not exist are among them. Goes up from the folder itself, and asks no
+/// other volume than the folder's and the home's. `path` is the folder's.
+[[nodiscard]] std::vector<TrashPlace> trashPlacesFor(int folder, const std::string &path);
+
+/// The two parts of a Trash: where the items lie, and where it is noted what they are. Not open where they are missing.
+struct OpenTrash {
+    FileDescriptor items;
+    FileDescriptor records;
+    std::string itemsPath;
+    std::string top; ///< of its volume; empty for the one in the home
+
+    [[nodiscard]] static OpenTrash at(const TrashPlace &place);
+};
+
+/// The name that GIO tries as its `attempt`-th for an item, the first being 1.
+[[nodiscard]] std::string trashName(const std::string &name, int attempt);
+
+/// What the record of an item that has that name in the Trash is called.
+[[nodiscard]] std::string recordName(const std::string &name);
+
+} // namespace corvane

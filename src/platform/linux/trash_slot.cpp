@@ -1,0 +1,226 @@
+#include "platform/linux/trash_slot.h"
+
+#include <cerrno>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/linux/gio_error.h"
+#include "platform/linux/glib_pointer.h"
+#include "platform/linux/linux_held_folder.h"
+#include "platform/linux/name_reservation.h"
+#include "platform/path.h"
+#include "platform/posix/item_at.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr const char *moveToTrash = "move to Trash";
+
+std::string linkTarget(const std::string &path)
+{
+    std::string target(8192, '\0');
+    const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+    target.resize(length < 0 ? 0 : static_cast<std::size_t>(length));
+    return target;
+}
+
+/// The path of an open folder that leads to nothing else. Under the number of the process rather than "self", so that
+/// it is the same folder to whoever reads it. Empty where the kernel's view of processes is not at hand.
+std::string anchoredPath(int folder)
+{
+    const std::string process = linkTarget("/proc/self");
+    if (process.empty())
+        return {};
+    std::string path = "/proc/" + process + "/fd/" + std::to_string(folder);
+    struct stat there {};
+    struct stat here {};
+    const bool leadsHere = ::stat(path.c_str(), &there) == 0 && ::fstat(folder, &here) == 0 &&
+                           there.st_dev == here.st_dev && there.st_ino == here.st_ino;
+    return leadsHere ? path : std::string();
+}
+
+std::string escaped(const std::string &path)
+{
+    const GStringPointer text(g_uri_escape_string(path.c_str(), "/", FALSE));
+    return text.get();
+}
+
+/// The fresh folder with the stand-in; both are gone after it.
+class Stage {
+public:
+    Stage(HeldFolder &parent, const std::string &itemName)
+        : m_parent(parent.descriptor()), m_name(uniqueName(".corvane-")), m_itemName(itemName)
+    {
+        if (::mkdirat(m_parent, m_name.c_str(), 0700) != 0)
+            return;
+        m_folder = FileDescriptor(::openat(m_parent, m_name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        const FileDescriptor made(
+            ::openat(m_folder.number(), itemName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+        if (!made.isOpen())
+            return;
+        m_standIn = identityAt(m_folder.number(), itemName);
+        m_path = anchoredPath(m_folder.number());
+        if (m_path.empty())
+            m_path = joined(parent.path(), m_name);
+    }
+    Stage(const Stage &) = delete;
+    Stage &operator=(const Stage &) = delete;
+    ~Stage()
+    {
+        const int kept = errno;
+        if (m_folder.isOpen())
+            ::unlinkat(m_folder.number(), m_itemName.c_str(), 0);
+        ::unlinkat(m_parent, m_name.c_str(), AT_REMOVEDIR);
+        errno = kept;
+    }
+
+    /// Absent, with `errno` set, where it could not be made.
+    [[nodiscard]] const std::optional<ItemIdentity> &standIn() const { return m_standIn; }
+    [[nodiscard]] const std::string &path() const { return m_path; }
+
+private:
+    const int m_parent;
+    const std::string m_name;
+    const std::string m_itemName;
+    FileDescriptor m_folder;
+    std::optional<ItemIdentity> m_standIn;
+    std::string m_path;
+};
+
+/// GIO's sentence names the stand-in; people know the item.
+Error errorOfItem(const GError &error, const std::string &itemPath, const std::string &standInPath)
+{
+    Error result = gioError(moveToTrash, itemPath, error);
+    if (const std::size_t at = result.text.find(standInPath); at != std::string::npos)
+        result.text.replace(at, standInPath.size(), itemPath);
+    return result;
+}
+
+} // namespace
+
+Expected<TrashSlot> TrashSlot::make(HeldFolder &folder, const std::string &name)
+{
+    TrashSlot slot(folder, name);
+    std::vector<NameReservation> reservations; // until the stand-in is moved
+    for (const TrashPlace &trash : trashPlacesFor(folder.descriptor(), folder.path())) {
+        Expected<NameReservation> reservation = NameReservation::make(trash, name);
+        if (!reservation)
+            return tl::unexpected(reservation.error());
+        reservations.push_back(std::move(*reservation));
+    }
+
+    const Stage stage(folder, name);
+    if (!stage.standIn())
+        return tl::unexpected(slot.failure(errno));
+    const std::string standIn = joined(stage.path(), name);
+    // The local files' own implementation: the default one may leave the work to a service on the session bus.
+    // GIO tells the default one of the move afterwards; without a bus that comes to nothing and does no harm.
+    const GObjectPointer<GFile> file(g_vfs_get_file_for_path(g_vfs_get_local(), standIn.c_str()));
+    GError *problem = nullptr;
+    if (!g_file_trash(file.get(), nullptr, &problem)) {
+        const GErrorPointer owner(problem);
+        return tl::unexpected(errorOfItem(*problem, joined(folder.path(), name), standIn));
+    }
+    // The Trash may have been made just now.
+    if (!slot.find(*stage.standIn(), trashPlacesFor(folder.descriptor(), folder.path())) || !slot.completeRecord()) {
+        Error error = slot.failure(EIO);
+        error.text = "The Trash could not note where the item came from.";
+        return tl::unexpected(std::move(error));
+    }
+    return slot;
+}
+
+bool TrashSlot::find(const ItemIdentity &standIn, const std::vector<TrashPlace> &places)
+{
+    for (const TrashPlace &place : places) {
+        OpenTrash trash = OpenTrash::at(place);
+        if (!trash.items.isOpen() || !trash.records.isOpen())
+            continue;
+        for (int attempt = 1;; ++attempt) {
+            const std::string taken = trashName(m_name, attempt);
+            const std::optional<ItemIdentity> found = identityAt(trash.items.number(), taken);
+            if (found == standIn) {
+                m_trash = std::move(trash);
+                m_slotName = taken;
+                m_standIn = standIn;
+                m_isWaiting = true;
+                return true;
+            }
+            if (!found && !identityAt(trash.records.number(), recordName(taken)))
+                break;
+        }
+    }
+    return false;
+}
+
+bool TrashSlot::completeRecord() const
+{
+    static constexpr const char *group = "Trash Info";
+    static constexpr const char *key = "Path";
+    const FileDescriptor record(
+        ::openat(m_trash.records.number(), recordName(m_slotName).c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));
+    struct stat facts {};
+    constexpr off_t longest = 1024 * 1024;
+    if (!record.isOpen() || ::fstat(record.number(), &facts) != 0 || facts.st_size > longest)
+        return false;
+    std::string text(static_cast<std::size_t>(facts.st_size), '\0');
+    if (::pread(record.number(), text.data(), text.size(), 0) != static_cast<ssize_t>(text.size()))
+        return false;
+
+    const GKeyFilePointer keys(g_key_file_new());
+    if (!g_key_file_load_from_data(keys.get(), text.data(), text.size(), G_KEY_FILE_NONE, nullptr))
+        return false;
+    const GStringPointer noted(g_key_file_get_value(keys.get(), group, key, nullptr));
+    if (!noted)
+        return false;
+    // Under the home GIO notes a whole path; on another volume one that starts at its top.
+    std::string path = joined(m_source->path(), m_name);
+    if (noted.get()[0] != '/') {
+        const std::string &top = m_trash.top;
+        if (!liesBeneath(path, top))
+            return false;
+        path.erase(0, top == "/" ? 1 : top.size() + 1);
+    }
+    g_key_file_set_value(keys.get(), group, key, escaped(path).c_str());
+    gsize length = 0;
+    const GStringPointer changed(g_key_file_to_data(keys.get(), &length, nullptr));
+    return changed && ::pwrite(record.number(), changed.get(), length, 0) == static_cast<ssize_t>(length) &&
+           ::ftruncate(record.number(), static_cast<off_t>(length)) == 0;
+}
+
+Expected<void> TrashSlot::fill()
+{
+    if (::unlinkat(m_trash.items.number(), m_slotName.c_str(), 0) != 0 ||
+        !moveAt(m_source->descriptor(), m_name, m_trash.items.number(), m_slotName))
+        return tl::unexpected(failure(errno));
+    m_isWaiting = false;
+    return {};
+}
+
+TrashSlot::~TrashSlot()
+{
+    // Moved from, or filled: the folders are somebody else's.
+    if (!m_isWaiting || !m_trash.records.isOpen())
+        return;
+    if (identityAt(m_trash.items.number(), m_slotName) == m_standIn)
+        ::unlinkat(m_trash.items.number(), m_slotName.c_str(), 0);
+    ::unlinkat(m_trash.records.number(), recordName(m_slotName).c_str(), 0);
+}
+
+std::unique_ptr<HeldFolder> TrashSlot::folder() &&
+{
+    return std::make_unique<LinuxHeldFolder>(std::move(m_trash.items), m_trash.itemsPath);
+}
+
+Error TrashSlot::failure(int code) const
+{
+    return {moveToTrash, joined(m_source->path(), m_name), {code, std::generic_category()}, {}};
+}
+
+} // namespace corvane

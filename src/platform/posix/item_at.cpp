@@ -1,0 +1,37 @@
+#include "platform/posix/item_at.h"
+
+#include <array>
+#include <cstdio>
+#include <random>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace corvane {
+
+bool isItemName(const std::string &name)
+{
+    return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
+}
+
+std::optional<ItemIdentity> identityAt(int folder, const std::string &name)
+{
+    struct stat facts {};
+    if (::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
+        return std::nullopt;
+    return ItemIdentity{.type = S_ISDIR(facts.st_mode)   ? EntryType::directory
+                                : S_ISLNK(facts.st_mode) ? EntryType::symbolicLink
+                                                         : EntryType::file,
+                        .device = static_cast<std::uint64_t>(facts.st_dev),
+                        .inode = static_cast<std::uint64_t>(facts.st_ino)};
+}
+
+std::string uniqueName(const std::string &prefix)
+{
+    std::random_device source;
+    std::array<char, 17> digits{};
+    std::snprintf(digits.data(), digits.size(), "%08x%08x", source(), source());
+    return prefix + digits.data();
+}
+
+} // namespace corvane

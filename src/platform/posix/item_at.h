@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+// Single items relative to an open folder's number.
+
+/// Whether the text names an item directly inside a folder.
+[[nodiscard]] bool isItemName(const std::string &name);
+
+/// What the item of that name is, a link not followed; nothing, with `errno` set, where it cannot be looked at.
+[[nodiscard]] std::optional<ItemIdentity> identityAt(int folder, const std::string &name);
+
+/// Moves an item and never replaces another one; false with `errno` set where it could not, EEXIST for a taken name.
+[[nodiscard]] bool moveAt(int folder, const std::string &name, int target, const std::string &newName);
+
+/// "PREFIX" and 16 random digits: a name that nothing else bears.
+[[nodiscard]] std::string uniqueName(const std::string &prefix);
+
+} // namespace corvane

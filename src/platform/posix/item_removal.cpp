@@ -1,0 +1,203 @@
+#include "platform/posix/item_removal.h"
+
+#include <cerrno>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "platform/folder_chain.h"
+#include "platform/held_folder.h"
+#include "platform/mounts.h"
+#include "platform/path.h"
+#include "platform/posix/item_at.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr const char *operationName = "delete";
+
+tl::unexpected<Error> failureAt(const std::string &path, int code)
+{
+    return tl::unexpected(Error{operationName, path, {code, std::generic_category()}, {}});
+}
+
+/// Empties one folder from the bottom up.
+class FolderEmptying {
+public:
+    /// `mount` is that of the folder which contains the item.
+    FolderEmptying(std::string path, const Mount &mount) : m_path(std::move(path)), m_mount(mount) {}
+
+    Expected<void> empty(std::unique_ptr<OpenFolder> top)
+    {
+        if (Expected<void> entered = enter(std::move(top), {}); !entered)
+            return entered;
+        while (!m_levels.empty()) {
+            Level &level = m_levels.back();
+            Expected<void> done = level.subfolders.empty() ? leave() : goDown(level);
+            if (!done)
+                return done;
+        }
+        return {};
+    }
+
+private:
+    struct Level {
+        std::string name;
+        std::vector<std::string> subfolders; // those still to be deleted
+    };
+
+    Expected<void> goDown(Level &level)
+    {
+        OpenFolder *const parent = m_folders.innermost();
+        if (!parent)
+            return failure("open", ESTALE);
+        std::string name = std::move(level.subfolders.back());
+        level.subfolders.pop_back();
+        Expected<std::unique_ptr<OpenFolder>> child = m_folders.openChild(name);
+        if (child)
+            return enter(std::move(*child), std::move(name));
+        const int descriptor = parent->descriptor();
+        // One that may not be looked into can still be deleted while it is empty, and so can a link or a file
+        // that has taken the folder's place.
+        if (child.error().code.value() == ENOENT || ::unlinkat(descriptor, name.c_str(), AT_REMOVEDIR) == 0)
+            return {};
+        if (errno == ENOTDIR && ::unlinkat(descriptor, name.c_str(), 0) == 0)
+            return {};
+        return failure("open", child.error().code.value(), name);
+    }
+
+    Expected<void> enter(std::unique_ptr<OpenFolder> folder, std::string name)
+    {
+        const std::optional<Mount> mount = Mount::of(folder->descriptor());
+        if (!mount)
+            return failure("examine", errno, name);
+        if (!mount->isSameAs(m_mount))
+            return failure("delete", EBUSY, name, "Another disk is mounted inside it.");
+        Level level{.name = std::move(name), .subfolders = {}};
+        std::vector<std::string> others;
+        Expected<void> listed = folder->list([&](const DirectoryEntry &entry) {
+            (entry.type == EntryType::directory ? level.subfolders : others).emplace_back(entry.name);
+        });
+        if (!listed)
+            return failure("list", listed.error().code.value(), level.name);
+        for (const std::string &other : others) {
+            if (::unlinkat(folder->descriptor(), other.c_str(), 0) != 0 && errno != ENOENT)
+                return failure("delete", errno, other);
+        }
+        m_folders.push(std::move(folder));
+        m_levels.push_back(std::move(level));
+        return {};
+    }
+
+    Expected<void> leave()
+    {
+        const std::string name = std::move(m_levels.back().name);
+        m_levels.pop_back();
+        m_folders.pop();
+        if (m_folders.empty())
+            return {}; // the top itself is deleted by the caller
+        OpenFolder *const parent = m_folders.innermost();
+        if (!parent)
+            return failure("open", ESTALE, name);
+        if (::unlinkat(parent->descriptor(), name.c_str(), AT_REMOVEDIR) != 0 && errno != ENOENT)
+            return failure("delete", errno, name);
+        return {};
+    }
+
+    /// The failure of an item of that name in the folder where the walk stands.
+    tl::unexpected<Error> failure(const char *operation, int code, std::string_view name = {},
+                                  std::string text = {}) const
+    {
+        return tl::unexpected(Error{operation, pathOf(name), {code, std::generic_category()}, std::move(text)});
+    }
+
+    std::string pathOf(std::string_view name) const
+    {
+        std::string path = m_path;
+        for (std::size_t i = 1; i < m_levels.size(); ++i)
+            path.append("/").append(m_levels[i].name);
+        if (!name.empty())
+            path.append("/").append(name);
+        return path;
+    }
+
+    const std::string m_path;
+    const Mount m_mount;
+    FolderChain m_folders;
+    std::vector<Level> m_levels; // the same folders
+};
+
+} // namespace
+
+Expected<void> ItemRemoval::remove(const std::string &name, const ItemIdentity &expected) const
+{
+    const std::optional<ItemIdentity> found = identityAt(m_parent, name);
+    if (!found)
+        return failureAt(joined(m_parentPath, name), errno);
+    if (*found != expected)
+        return tl::unexpected(replacedMeanwhile(operationName, joined(m_parentPath, name)));
+    return expected.type == EntryType::directory ? removeFolder(name, expected) : removeFile(name, expected);
+}
+
+/// The kernel deletes by name only, and the name may belong to another file by then: a program may just be putting a
+/// newer version there. So the file gets a name first that nobody else uses, and is looked at under it.
+Expected<void> ItemRemoval::removeFile(const std::string &name, const ItemIdentity &expected) const
+{
+    const std::string path = joined(m_parentPath, name);
+    constexpr std::size_t longestStart = 200; // a name has at most 255 bytes
+    const std::string aside = uniqueName(name.substr(0, longestStart) + ".corvane-");
+    if (!moveAt(m_parent, name, m_parent, aside)) {
+        if (errno == ENOENT)
+            return failureAt(path, errno);
+        if (!isStill(name, expected))
+            return tl::unexpected(replacedMeanwhile(operationName, path));
+        // On a full disk there may be no room for another name, but room for one fewer.
+        return ::unlinkat(m_parent, name.c_str(), 0) == 0 ? Expected<void>{} : failureAt(path, errno);
+    }
+    if (!isStill(aside, expected)) {
+        if (moveAt(m_parent, aside, m_parent, name))
+            return tl::unexpected(replacedMeanwhile(operationName, path));
+        Error error = replacedMeanwhile(operationName, path);
+        error.text += ", and what took its place is now called " + aside;
+        return tl::unexpected(std::move(error));
+    }
+    if (::unlinkat(m_parent, aside.c_str(), 0) == 0)
+        return {};
+    const int code = errno;
+    (void)moveAt(m_parent, aside, m_parent, name);
+    return failureAt(path, code);
+}
+
+Expected<void> ItemRemoval::removeFolder(const std::string &name, const ItemIdentity &expected) const
+{
+    const std::string path = joined(m_parentPath, name);
+    const std::optional<Mount> mount = Mount::of(m_parent);
+    if (!mount)
+        return failureAt(path, errno);
+    Expected<std::unique_ptr<OpenFolder>> top = m_openInside(m_parent, name);
+    if (top) {
+        if (const FolderIdentity opened = (*top)->identity();
+            opened.device != expected.device || opened.inode != expected.inode)
+            return tl::unexpected(replacedMeanwhile(operationName, path));
+        if (Expected<void> emptied = FolderEmptying(path, *mount).empty(std::move(*top)); !emptied)
+            return emptied;
+    }
+    if (!isStill(name, expected))
+        return tl::unexpected(replacedMeanwhile(operationName, path));
+    if (::unlinkat(m_parent, name.c_str(), AT_REMOVEDIR) != 0)
+        return failureAt(path, top ? errno : top.error().code.value());
+    return {};
+}
+
+bool ItemRemoval::isStill(const std::string &name, const ItemIdentity &expected) const
+{
+    const std::optional<ItemIdentity> found = identityAt(m_parent, name);
+    return found && *found == expected;
+}
+
+} // namespace corvane
