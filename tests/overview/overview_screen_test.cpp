@@ -138,7 +138,8 @@ TEST_F(OverviewScreenTest, AStoppedScanIsMarkedAndCanBeRepeated)
     EXPECT_TRUE(shows(QStringLiteral("Partial: the scan was stopped")));
     scene->click(button(QStringLiteral("Scan Again")));
     EXPECT_EQ(store.lastScanPath(), at("Movies"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return store.phase() == StorageStore::Phase::ready && !store.breakdownLoading(); }, patience));
     EXPECT_FALSE(shows(QStringLiteral("Partial: the scan was stopped")));
     EXPECT_EQ(button(QStringLiteral("Scan Again")), nullptr);
 }

@@ -26,7 +26,8 @@ Item {
         objectName: "summary.bar"
         x: Theme.boxPadding
         anchors.verticalCenter: parent.verticalCenter
-        width: DiskMetrics.summaryBarWidth
+        // The words beside a remark are read whole in the smallest window too.
+        width: partial.visible ? DiskMetrics.summaryBarWidthBesideRemark : DiskMetrics.summaryBarWidth
         height: DiskMetrics.summaryBarHeight
         radius: Theme.radiusLeaf
         gap: Theme.hairlineWidth

@@ -27,6 +27,7 @@ class DiskMetrics : public QObject {
     Q_PROPERTY(int snapshotLine READ snapshotLine CONSTANT)
     Q_PROPERTY(int summaryHeight READ summaryHeight CONSTANT)
     Q_PROPERTY(int summaryBarWidth READ summaryBarWidth CONSTANT)
+    Q_PROPERTY(int summaryBarWidthBesideRemark READ summaryBarWidthBesideRemark CONSTANT)
     Q_PROPERTY(int summaryBarHeight READ summaryBarHeight CONSTANT)
 
 public:
@@ -47,6 +48,7 @@ public:
     static constexpr int snapshotLine() { return 20; }
     static constexpr int summaryHeight() { return 44; }
     static constexpr int summaryBarWidth() { return 150; }
+    static constexpr int summaryBarWidthBesideRemark() { return 100; }
     static constexpr int summaryBarHeight() { return 8; }
 };
 

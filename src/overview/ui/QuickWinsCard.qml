@@ -13,7 +13,7 @@ OverviewBox {
 
     readonly property real bottomHeight: tall ? footer.height : 0
 
-    contentHeight: wins.y + (tidy.visible ? tidy.height : wins.height) + OverviewMetrics.rowsBottom + bottomHeight
+    contentHeight: wins.y + (tidy.visible ? tidy.height + 2 * Theme.space16 : wins.height) + OverviewMetrics.rowsBottom + bottomHeight
 
     CardHead {
         id: head
