@@ -16,7 +16,7 @@ using ::testing::StartsWith;
 std::string removalsOfACase()
 {
     const char *const wanted = std::getenv("CORVANE_SWAPPED_REMOVALS");
-    return wanted != nullptr ? wanted : "500";
+    return wanted != nullptr ? wanted : "250";
 }
 
 const std::vector<std::string> &ways()
