@@ -21,6 +21,7 @@
 #include "cli/shielded_arguments.h"
 #include "cli/snapshots_command.h"
 #include "core/nearest_name.h"
+#include "platform/environment.h"
 #include "platform/host.h"
 
 namespace corvane {
@@ -227,8 +228,19 @@ ExitStatus runMap(const Commands &commands, Console &console)
     return command.run(console, systemHost());
 }
 
+/// Whether the command is about the home folder, or judges by it.
+bool needsHome(const Commands &commands)
+{
+    return (commands.scan->parsed() && commands.scanPath->results().empty()) || commands.breakdown->parsed() ||
+           commands.cleanup->parsed() || commands.isProtected->parsed() || commands.remove->parsed();
+}
+
 ExitStatus runCommand(const Commands &commands, Console &console)
 {
+    if (const std::optional<std::string> complaint = Environment::homeComplaint(); complaint && needsHome(commands)) {
+        console.complain(*complaint);
+        return ExitStatus::refused;
+    }
     if (commands.scan->parsed()) {
         const ScanCommand command{.path = valueOf(*commands.scanPath), .json = commands.json};
         return command.run(console, systemHost());

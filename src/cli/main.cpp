@@ -6,11 +6,13 @@
 #include <fmt/format.h>
 
 #include "cli/command_line.h"
+#include "platform/environment.h"
 
 int main(int argumentCount, char *arguments[])
 {
     // A reader that goes away is noticed where it is written to.
     std::signal(SIGPIPE, SIG_IGN);
+    corvane::Environment::ignoreRelativeBaseFolders();
 
     corvane::Console console;
     auto status = corvane::ExitStatus::doneWithFailures;

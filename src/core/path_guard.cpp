@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/environment.h"
+
 namespace corvane {
 namespace {
 
@@ -61,7 +63,8 @@ std::string standardizedPath(std::string_view path, std::string_view home)
     return withoutDots(withTildeExpanded(path, home));
 }
 
-ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPlaces &system, std::string_view realHome)
+ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPlaces &system, std::string_view realHome,
+                                       const std::vector<std::string> &otherHomes)
     : m_home(standardizedPath(home, {})),
       m_realHome(realHome.empty() ? m_home : standardizedPath(realHome, {})),
       m_ignoresCase(system.ignoresCase)
@@ -97,6 +100,8 @@ ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPla
     protectHome(m_home, system);
     if (m_realHome != m_home)
         protectHome(m_realHome, system);
+    for (const std::string &other : otherHomes)
+        protectHome(standardizedPath(other, {}), system);
 }
 
 void ProtectedLocations::protectHome(const std::string &home, const ProtectedPlaces &system)
@@ -240,7 +245,10 @@ const ProtectedLocations &PathGuard::locations()
     static const ProtectedLocations instance = [] {
         FileSystem &files = systemHost().files;
         const std::string home = files.homeFolder();
-        return ProtectedLocations(home, systemProtectedPlaces(), files.realPath(home).value_or(home));
+        // A variable is quickly set to something else; the account's own files stay what they are.
+        const std::string account = Environment::accountHome();
+        return ProtectedLocations(home, systemProtectedPlaces(), files.realPath(home).value_or(home),
+                                  {account, files.realPath(account).value_or(account)});
     }();
     return instance;
 }

@@ -19,8 +19,9 @@ namespace corvane {
 class ProtectedLocations {
 public:
     /// `home` is absolute. Where it is reached through a symbolic link, `realHome` is the same folder with
-    /// every link resolved, and both are protected.
-    ProtectedLocations(std::string_view home, const ProtectedPlaces &system, std::string_view realHome = {});
+    /// every link resolved, and both are protected. So are `otherHomes`, absolute paths with and without their links.
+    ProtectedLocations(std::string_view home, const ProtectedPlaces &system, std::string_view realHome = {},
+                       const std::vector<std::string> &otherHomes = {});
 
     /// Judges the text of the path alone. What is not an absolute path cannot be judged and is protected.
     [[nodiscard]] bool isProtected(std::string_view path) const;

@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "disk/ui/date_text.h"
 #include "main/command_line.h"
 #include "main/corvane_app.h"
+#include "platform/environment.h"
 #include "platform/host.h"
 
 namespace {
@@ -49,6 +51,11 @@ int main(int argc, char **argv)
         return EXIT_SUCCESS;
     }
 
+    corvane::Environment::ignoreRelativeBaseFolders();
+    const std::optional<std::string> homeComplaint = corvane::Environment::homeComplaint();
+    if (homeComplaint) // libraries read it too
+        corvane::Environment::useAccountHome();
+
     QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
     QCoreApplication::setOrganizationDomain(QStringLiteral("corvane.app"));
     QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
@@ -81,6 +88,8 @@ int main(int argc, char **argv)
     corvane::CorvaneApp program;
     if (!program.openWindow())
         return EXIT_FAILURE;
+    if (homeComplaint)
+        program.store().showToast(*homeComplaint + " — your account's home folder is used", true);
     if (!folder.empty())
         program.store().scan(folder);
     return QGuiApplication::exec();

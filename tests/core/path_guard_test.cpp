@@ -463,6 +463,16 @@ TEST(PathGuard, FollowsTheLinksOfARealDisk)
     EXPECT_FALSE(locations.isProtected(disk / "real/me/a", files));
 }
 
+TEST(ProtectedLocations, OtherHomesAreProtectedLikeTheUsersOwn)
+{
+    const ProtectedLocations locations("/tmp/pretended", {}, {}, {"/Users/me/", "/data/me"});
+    for (const char *path : {"/Users/me", "/Users/me/Documents", "/Users/me/.ssh/id", "/Users/me/Library/Mail/x",
+                             "/Users/me/Library/x", "/data/me", "/data", "/data/me/.gnupg/x"})
+        EXPECT_TRUE(locations.isProtected(path)) << path;
+    EXPECT_FALSE(locations.isProtected("/Users/me/Documents/letter.txt"));
+    EXPECT_EQ(locations.home(), "/tmp/pretended");
+}
+
 TEST(PathGuard, KnowsTheUserOfThisSystem)
 {
     const std::string own = standardizedPath(systemHost().files.homeFolder(), {});

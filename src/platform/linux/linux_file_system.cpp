@@ -2,13 +2,13 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <vector>
+#include <string_view>
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <unistd.h>
 
 #include "platform/linux/linux_held_folder.h"
+#include "platform/environment.h"
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/linux_places.h"
 #include "platform/linux/long_path.h"
@@ -92,14 +92,15 @@ Expected<std::vector<std::string>> LinuxFileSystem::mountPoints()
 
 std::string LinuxFileSystem::homeFolder()
 {
-    if (const char *home = std::getenv("HOME"); home && *home == '/')
-        return withoutDots(home);
-    std::vector<char> memory(16 * 1024);
-    passwd record{};
-    passwd *found = nullptr;
-    if (::getpwuid_r(::getuid(), &record, memory.data(), memory.size(), &found) == 0 && found)
-        return withoutDots(found->pw_dir);
-    return "/";
+    const char *const home = std::getenv("HOME");
+    if (home == nullptr || *home != '/')
+        return Environment::accountHome();
+    // Behind a link ".." leads elsewhere than the text says.
+    if (std::string_view(home).find("/..") != std::string_view::npos) {
+        if (Expected<std::string> real = resolvedPath(home))
+            return *std::move(real);
+    }
+    return withoutDots(home);
 }
 
 std::optional<std::string> LinuxFileSystem::ownPlaceFor(std::string_view macPlace)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace corvane {
+
+/// What the environment variables tell of the user's folders. The changes are made at the start of a program, before
+/// it has threads and before libraries read the variables.
+struct Environment {
+    /// What is wrong with HOME, for people; nothing where it is an absolute path or not set.
+    [[nodiscard]] static std::optional<std::string> homeComplaint();
+
+    /// The home folder that the user's account has, whatever HOME says.
+    [[nodiscard]] static std::string accountHome();
+
+    /// Sets HOME to the account's home folder.
+    static void useAccountHome();
+
+    /// Takes the XDG variables away that name relative paths, which their specification has ignored.
+    static void ignoreRelativeBaseFolders();
+};
+
+} // namespace corvane
