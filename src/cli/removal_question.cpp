@@ -31,6 +31,7 @@ std::string_view note(const RemovalStep &step, bool permanently)
 std::string questionText(const std::vector<RemovalStep> &steps, bool permanently)
 {
     std::int64_t count = 0;
+    std::int64_t inTrash = 0;
     std::int64_t total = 0;
     std::string text = "Selected for removal\n";
     for (const RemovalStep &step : steps) {
@@ -40,6 +41,7 @@ std::string questionText(const std::vector<RemovalStep> &steps, bool permanently
         if (stays)
             continue;
         ++count;
+        inTrash += step.action == RemovalStep::Action::erase ? 1 : 0;
         total = checkedAdd(total, step.size);
     }
     const std::string items = countText(count, "item", "items");
@@ -50,6 +52,10 @@ std::string questionText(const std::vector<RemovalStep> &steps, bool permanently
                             "Delete {} Permanently? [y/N] ",
                             items, size);
     } else {
+        if (inTrash > 0) {
+            text += fmt::format("{} of them {} in the Trash and will be deleted permanently\n", inTrash,
+                                inTrash == 1 ? "is" : "are");
+        }
         text += fmt::format("Move {} ({}) to Trash? [y/N] ", items, size);
     }
     return text;

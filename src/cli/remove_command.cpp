@@ -4,11 +4,14 @@
 #include <optional>
 #include <set>
 
+#include <fmt/format.h>
+
 #include "cli/display_text.h"
 #include "cli/path_argument.h"
 #include "cli/removal_question.h"
 #include "cli/remove_json.h"
 #include "cli/scan_watch.h"
+#include "cli/stop_signal.h"
 #include "core/removal.h"
 #include "core/scanner.h"
 #include "core/selection.h"
@@ -61,6 +64,8 @@ ExitStatus RemoveCommand::run(Console &console, const Host &host) const
         else
             selection.emplace(item->path, 0);
     }
+    // What is shown from here on is what may be removed, and nothing that takes its place.
+    const SeenItems seen = Removal::look(selectedEntries(selection), locations, host);
     RemovalQuestion question;
     if (!yes && !question.canBeAsked()) {
         console.complain("there is no terminal to ask on; --yes removes without asking");
@@ -74,15 +79,17 @@ ExitStatus RemoveCommand::run(Console &console, const Host &host) const
     }
     for (const std::string &path : refused)
         entries->emplace(path, 0);
-    std::vector<RemovalStep> steps = Removal::plan(*entries, permanently, locations, host.trash.trashFolders());
+    std::vector<RemovalStep> steps = Removal::plan(*entries, permanently, locations, host.trash.trashFolders(), seen);
     for (RemovalStep &step : steps) {
         if (refused.contains(step.path))
             step.action = RemovalStep::Action::refuse;
     }
 
     RemovalOutcome outcome;
-    if (yes || std::ranges::all_of(steps, isRefused) || question.ask(steps, permanently))
-        outcome = Removal::perform(steps, locations, host);
+    if (yes || std::ranges::all_of(steps, isRefused) || question.ask(steps, permanently)) {
+        const StopSignal signal;
+        outcome = Removal::perform(steps, locations, host, StopSignal::flag());
+    }
     const std::string message = Removal::message(outcome, permanently);
     if (json)
         writeRemovalJson(outcome, message, console.out);
@@ -90,7 +97,12 @@ ExitStatus RemoveCommand::run(Console &console, const Host &host) const
         console.out.write(displayText(message) + "\n");
     for (const RemovalFailure &failure : outcome.failures)
         console.complain(failure.line);
-    return outcome.failures.empty() ? ExitStatus::done : ExitStatus::doneWithFailures;
+    if (outcome.isStopped) {
+        const std::size_t untouched = steps.size() - outcome.removed.size() - outcome.failures.size();
+        console.complain(fmt::format("stopped; {} left as before",
+                                     countText(static_cast<std::int64_t>(untouched), "item", "items")));
+    }
+    return outcome.failures.empty() && !outcome.isStopped ? ExitStatus::done : ExitStatus::doneWithFailures;
 }
 
 } // namespace corvane

@@ -4,6 +4,28 @@
 
 namespace corvane {
 
+namespace {
+
+void writeFailedItems(const std::vector<RemovalFailure> &failures, JsonWriter &json)
+{
+    json.key("failedItems");
+    json.beginArray();
+    for (const RemovalFailure &failure : failures) {
+        json.beginObject();
+        json.bytes("path", failure.path);
+        json.key("line");
+        json.text(failure.line);
+        if (failure.left == RemovalFailure::Left::aPart) {
+            json.key("freed");
+            json.value(failure.freed);
+        }
+        json.endObject();
+    }
+    json.endArray();
+}
+
+} // namespace
+
 void writeRemovalJson(const RemovalOutcome &outcome, std::string_view message, Output &out)
 {
     JsonWriter json(out);
@@ -25,6 +47,12 @@ void writeRemovalJson(const RemovalOutcome &outcome, std::string_view message, O
     for (const RemovalFailure &failure : outcome.failures)
         json.text(failure.line);
     json.endArray();
+    if (!outcome.failures.empty())
+        writeFailedItems(outcome.failures, json);
+    if (outcome.isStopped) {
+        json.key("cancelled");
+        json.value(true);
+    }
     json.endObject();
     json.finish();
 }

@@ -29,18 +29,11 @@ FileType typeOf(const FileNode &node)
 }
 
 /// Everything of a node up to and with the bracket that opens its children.
-void openNode(const FileNode &node, bool isRoot, JsonWriter &json)
+void openNode(const FileNode &node, JsonWriter &json)
 {
-    const std::string path = node.path();
     json.beginObject();
     json.bytes("name", node.name);
-    // The bytes of every other path can be put together from the names.
-    if (isRoot) {
-        json.bytes("path", path);
-    } else {
-        json.key("path");
-        json.text(path);
-    }
+    json.bytes("path", node.path());
     json.key("kind");
     json.text(kindName(node.kind));
     json.key("size");
@@ -71,7 +64,7 @@ void writeTree(const FileNode &root, JsonWriter &json)
         const FileNode *folder;
         std::size_t nextChild;
     };
-    openNode(root, true, json);
+    openNode(root, json);
     std::vector<Place> way{{&root, 0}};
     while (!way.empty() && !json.isClosed()) {
         Place &place = way.back();
@@ -81,7 +74,7 @@ void writeTree(const FileNode &root, JsonWriter &json)
             continue;
         }
         const FileNode &child = *place.folder->children[place.nextChild++];
-        openNode(child, false, json);
+        openNode(child, json);
         way.push_back({&child, 0});
     }
 }

@@ -7,6 +7,7 @@
 #include "core/checked_add.h"
 #include "core/file_type.h"
 #include "core/path_guard.h"
+#include "core/scanner.h"
 
 namespace corvane {
 
@@ -98,6 +99,60 @@ std::string_view FileNode::extension() const
     return pathExtension(name);
 }
 
+namespace {
+
+/// Gives a node whose size has changed its place among its siblings, largest first; the others keep theirs.
+void putInOrder(std::vector<std::shared_ptr<FileNode>> &siblings, const std::shared_ptr<FileNode> &node)
+{
+    const auto at = std::ranges::find(siblings, node);
+    if (at == siblings.end())
+        return;
+    const auto isNoLarger = [&](const auto &sibling) { return sibling->size <= node->size; };
+    const auto begin = std::find_if(siblings.begin(), at, [&](const auto &each) { return each->size < node->size; });
+    if (begin != at)
+        std::rotate(begin, at, at + 1);
+    else
+        std::rotate(at, at + 1, std::find_if(at + 1, siblings.end(), isNoLarger));
+}
+
+/// Adds to the figures of a folder and of every folder around it.
+void changeAncestors(std::shared_ptr<FileNode> ancestor, std::int64_t size, std::int64_t fileCount)
+{
+    while (ancestor != nullptr) {
+        ancestor->size = checkedAdd(ancestor->size, size);
+        ancestor->fileCount = checkedAdd(ancestor->fileCount, fileCount);
+        std::shared_ptr<FileNode> above = ancestor->parent.lock();
+        if (above != nullptr)
+            putInOrder(above->children, ancestor);
+        ancestor = std::move(above);
+    }
+}
+
+} // namespace
+
+void attach(const std::shared_ptr<FileNode> &folder, FileNode &root)
+{
+    if (root.kind == FileNode::Kind::file && root.size < Scanner::smallFileLimit) {
+        folder->smallFilesSize = checkedAdd(folder->smallFilesSize, root.size);
+        folder->smallFilesCount = checkedAdd(folder->smallFilesCount, root.fileCount);
+    } else if (root.size > 0) {
+        auto node = std::make_shared<FileNode>(folder->pathForChildren(), root.name, root.kind, folder);
+        node->size = root.size;
+        node->fileCount = root.fileCount;
+        node->smallFilesSize = root.smallFilesSize;
+        node->smallFilesCount = root.smallFilesCount;
+        node->modified = root.modified;
+        node->unreadable = root.unreadable;
+        node->children = std::move(root.children);
+        root.children.clear();
+        for (const std::shared_ptr<FileNode> &child : node->children)
+            child->parent = node;
+        folder->children.push_back(node);
+        putInOrder(folder->children, node);
+    }
+    changeAncestors(folder, root.size, root.fileCount);
+}
+
 bool detach(FileNode &node)
 {
     const std::shared_ptr<FileNode> folder = node.parent.lock();
@@ -116,23 +171,7 @@ bool detach(FileNode &node)
     folder->children.erase(position);
     node.removed = true;
 
-    std::shared_ptr<FileNode> ancestor = folder;
-    while (ancestor != nullptr) {
-        ancestor->size = checkedSubtract(ancestor->size, node.size);
-        ancestor->fileCount = checkedSubtract(ancestor->fileCount, node.fileCount);
-
-        // Only the ancestor has shrunk, so it moves behind those of its siblings that are now larger.
-        std::shared_ptr<FileNode> above = ancestor->parent.lock();
-        if (above != nullptr) {
-            const auto at = std::ranges::find(above->children, ancestor);
-            if (at != above->children.end()) {
-                const auto end = std::find_if(at + 1, above->children.end(),
-                                              [&](const auto &sibling) { return sibling->size <= ancestor->size; });
-                std::rotate(at, at + 1, end);
-            }
-        }
-        ancestor = std::move(above);
-    }
+    changeAncestors(folder, -node.size, -node.fileCount);
     return true;
 }
 

@@ -83,10 +83,15 @@ private:
     const bool m_isRoot;
 };
 
+/// Puts the root of another tree, which has been measured for it, into `folder` of an installed one: every ancestor
+/// gains its size and count and finds its new place among its siblings. `root` loses its children to the node that
+/// stands for it. What a scan gives no node is counted as a scan counts it.
+void attach(const std::shared_ptr<FileNode> &folder, FileNode &root);
+
 /// Takes a node out of the tree: its parent's `children` lose it, every ancestor's `size` and `fileCount`
 /// lose its size and count and find their new place among their siblings, and it is marked `removed`. Does nothing
-/// and answers false when the node or an ancestor is marked already, or when it is the root. The only change that
-/// an installed tree ever sees. Where nobody else holds the node, it is gone afterwards.
+/// and answers false when the node or an ancestor is marked already, or when it is the root. With
+/// `attach` the only change that an installed tree ever sees. Where nobody else holds the node, it is gone afterwards.
 bool detach(FileNode &node);
 
 /// Whether every folder's size is the sum of its own small files and its children, it counts at least their files

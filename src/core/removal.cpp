@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <optional>
+#include <unordered_map>
 
 #include <fmt/format.h>
 
 #include "core/byte_count.h"
 #include "core/checked_add.h"
+#include "core/folder_size.h"
 #include "core/trash_move.h"
 
 namespace corvane {
@@ -88,9 +90,47 @@ std::optional<std::string> mountedOn(const std::string &path, const ItemFacts &f
     return std::nullopt;
 }
 
+/// Why an item could not be removed, and what is left of it.
+struct Refusal {
+    Refusal(const char *why) : reason(why) {}
+    Refusal(std::string why, RemovalFailure::Left what = RemovalFailure::Left::asItWas, std::int64_t bytes = 0)
+        : reason(std::move(why)), left(what), freed(bytes)
+    {
+    }
+
+    std::string reason;
+    RemovalFailure::Left left = RemovalFailure::Left::asItWas;
+    std::int64_t freed = 0;
+};
+
+bool isMissing(const Error &error)
+{
+    return error.code == std::errc::no_such_file_or_directory;
+}
+
+/// What the system said, and that there is nothing to remove any more where it said so.
+Refusal systemRefusal(const Error &error)
+{
+    return {error.description(), isMissing(error) ? RemovalFailure::Left::nothing : RemovalFailure::Left::asItWas};
+}
+
+/// A deletion that failed: names the item inside that resisted, and finds out what is left.
+Refusal deletionRefusal(const RemovalStep &step, const std::string &path, const Error &error, FileSystem &files)
+{
+    if (!error.inPart && !liesBeneath(error.path, path))
+        return systemRefusal(error);
+    std::string reason = error.description();
+    if (liesBeneath(error.path, path))
+        reason = error.path.substr(path.size() + (path.ends_with('/') ? 0 : 1)) + ": " + reason;
+    if (!error.inPart)
+        return {reason};
+    const std::int64_t freed = std::max<std::int64_t>(0, step.size - folderSize(path, files));
+    return {reason + "; the rest was deleted", RemovalFailure::Left::aPart, freed};
+}
+
 /// Carries one step out; the reason when the item could not be removed.
-std::optional<std::string> failureOf(const RemovalStep &step, const ProtectedLocations &locations,
-                                     const TrashFolders &trashFolders, const Host &host)
+std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocations &locations,
+                                 const TrashFolders &trashFolders, const Host &host)
 {
     static constexpr const char *protectedLocation = "protected location";
     if (!isPlain(step.path, locations))
@@ -103,12 +143,12 @@ std::optional<std::string> failureOf(const RemovalStep &step, const ProtectedLoc
     const Expected<std::unique_ptr<HeldFolder>> folder =
         host.files.holdFolder(std::string(containingFolder(step.path)));
     if (!folder)
-        return folder.error().description();
+        return systemRefusal(folder.error());
     const std::string name(lastPathComponent(step.path));
     const std::string path = joined((*folder)->path(), name);
     const Expected<ItemFacts> facts = (*folder)->facts(name);
     if (!facts)
-        return facts.error().description();
+        return systemRefusal(facts.error());
     const Expected<std::vector<std::string>> mountPoints = host.files.mountPoints();
     if (locations.isProtected(step.path) || locations.isProtectedReally(path) ||
         (mountPoints && locations.isProtectedByIdentity(path, *mountPoints, host.files)))
@@ -116,8 +156,8 @@ std::optional<std::string> failureOf(const RemovalStep &step, const ProtectedLoc
     if (std::optional<std::string> mounted = mountedOn(path, *facts, mountPoints))
         return mounted;
 
-    if (step.seen && *step.seen != facts->identity)
-        return "it has changed since you selected it";
+    if (step.seen && !(step.seen->isKnown() && *step.seen == facts->identity))
+        return Refusal("it has changed since you selected it", RemovalFailure::Left::somethingElse);
 
     const bool isInTrash = trashFolders.reallyContain(step.path, (*folder)->path());
     if (step.action == RemovalStep::Action::erase || isInTrash) {
@@ -126,16 +166,47 @@ std::optional<std::string> failureOf(const RemovalStep &step, const ProtectedLoc
             return "not in the Trash";
         const Expected<void> erased = (*folder)->removeItem(name, facts->identity);
         if (!erased)
-            return erased.error().description();
+            return deletionRefusal(step, path, erased.error(), host.files);
         if (isInTrash)
             host.trash.forget(**folder, name);
         return std::nullopt;
     }
     const Expected<void> trashed = TrashMove(**folder, name, *facts, host).perform();
-    return trashed ? std::nullopt : std::optional(trashed.error().description());
+    if (!trashed)
+        return systemRefusal(trashed.error());
+    return std::nullopt;
 }
 
 } // namespace
+
+SeenItems Removal::look(std::span<const SelectedEntry> entries, const ProtectedLocations &locations, const Host &host)
+{
+    TrashFolders trashFolders(locations, host.trash.trashFolders());
+    std::vector<RemovalStep> steps(entries.size());
+    std::ranges::transform(entries, steps.begin(), [](const SelectedEntry &entry) {
+        return RemovalStep{.path = entry.path, .size = entry.size};
+    });
+    trashFolders.resolveThoseOf(steps, host.files);
+    // Thousands of items of one folder may be selected at once.
+    std::unordered_map<std::string, bool> isTrash;
+    const auto liesInTrash = [&](const std::string &path) {
+        if (trashFolders.contain(path))
+            return true;
+        const auto [known, isNew] = isTrash.try_emplace(std::string(containingFolder(path)), false);
+        if (isNew) {
+            const Expected<std::string> folder = host.files.realPath(known->first);
+            known->second = folder && trashFolders.reallyContain(path, *folder);
+        }
+        return known->second;
+    };
+    SeenItems seen;
+    for (const SelectedEntry &entry : entries) {
+        const Expected<ItemFacts> facts = host.files.facts(entry.path);
+        seen.insert_or_assign(entry.path, SeenItem{.identity = facts ? facts->identity : ItemIdentity(),
+                                                   .isInTrash = liesInTrash(entry.path)});
+    }
+    return seen;
+}
 
 std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanently, const ProtectedLocations &locations,
                                        const std::vector<std::string> &trashFolders, const SeenItems &seen)
@@ -149,8 +220,11 @@ std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanentl
             step.action = RemovalStep::Action::refuse;
         else if (permanently || folders.contain(path))
             step.action = RemovalStep::Action::erase;
-        if (const auto item = seen.find(path); item != seen.end())
-            step.seen = item->second;
+        if (const auto item = seen.find(path); item != seen.end()) {
+            step.seen = item->second.identity;
+            if (item->second.isInTrash && step.action == RemovalStep::Action::trash)
+                step.action = RemovalStep::Action::erase;
+        }
         steps.push_back(std::move(step));
     }
     return steps;
@@ -167,9 +241,12 @@ RemovalOutcome Removal::perform(const std::vector<RemovalStep> &steps, const Pro
             outcome.isStopped = true;
             break;
         }
-        if (const std::optional<std::string> reason = failureOf(step, locations, trashFolders, host)) {
+        if (const std::optional<Refusal> refusal = failureOf(step, locations, trashFolders, host)) {
             const std::string name(lastPathComponent(standardizedPath(step.path, locations.home())));
-            outcome.failures.push_back({.path = step.path, .line = name + ": " + *reason});
+            outcome.failures.push_back({.path = step.path,
+                                        .line = name + ": " + refusal->reason,
+                                        .left = refusal->left,
+                                        .freed = refusal->freed});
         } else {
             outcome.removed.push_back({step.path, step.size});
         }
@@ -182,13 +259,18 @@ std::string Removal::message(const RemovalOutcome &outcome, bool permanently)
     std::int64_t total = 0;
     for (const SelectedEntry &entry : outcome.removed)
         total = checkedAdd(total, entry.size);
+    bool hasDeletedParts = false;
+    for (const RemovalFailure &failure : outcome.failures) {
+        total = checkedAdd(total, failure.freed);
+        hasDeletedParts |= failure.left == RemovalFailure::Left::aPart;
+    }
 
     const std::size_t count = outcome.removed.size();
     const std::string items = fmt::format("{} item{}", count, count == 1 ? "" : "s");
     std::string message;
-    if (count == 0)
+    if (count == 0 && !hasDeletedParts)
         message = "Nothing was removed";
-    else if (permanently)
+    else if (permanently || count == 0) // nothing was moved: a part is what a deletion leaves
         message = fmt::format("Deleted {} · freed {}", items, formatByteCount(total));
     else
         message = fmt::format("Moved {} ({}) to Trash — empty it to free the space", items, formatByteCount(total));

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,8 @@ struct RemovalStep {
     std::string path;
     std::int64_t size = 0;
     Action action = Action::refuse;
-    std::optional<ItemIdentity> seen = std::nullopt; ///< what was selected; anything else by now stays
+    /// What was selected: anything else by now stays. Not compared where there is none.
+    std::optional<ItemIdentity> seen = std::nullopt;
 
     friend bool operator==(const RemovalStep &, const RemovalStep &) = default;
 };
@@ -52,6 +54,10 @@ struct RemovalOutcome {
 
 /// The removal of a selection: first the list of what would happen, which touches nothing, then the doing.
 struct Removal {
+    /// What is at each path now, to be remembered with a selection. Asks the disk.
+    [[nodiscard]] static SeenItems look(std::span<const SelectedEntry> entries, const ProtectedLocations &locations,
+                                        const Host &host);
+
     /// One step for each entry, in the order of their paths. An entry whose path is not absolute and standardized
     /// is refused: the system might take it for another item than the one that was judged.
     [[nodiscard]] static std::vector<RemovalStep> plan(const Selection &entries, bool permanently,
@@ -66,7 +72,7 @@ struct Removal {
                                                 const ProtectedLocations &locations, const Host &host,
                                                 const StopFlag &stop = neverStopped);
 
-    /// The one short message for people.
+    /// The one short message for people. What was deleted of a folder counts as freed.
     [[nodiscard]] static std::string message(const RemovalOutcome &outcome, bool permanently);
 
     /// What the system's log gets, or nothing when there was no failure.

@@ -13,8 +13,12 @@ namespace corvane {
 /// Paths (bytes) to the size that was shown when each was selected.
 using Selection = std::map<std::string, std::int64_t>;
 
-/// What the item at each path was when it was selected. A path that could not be looked at has none.
-using SeenItems = std::map<std::string, ItemIdentity>;
+/// What was at a path when it was selected.
+struct SeenItem {
+    ItemIdentity identity; ///< not known where nothing could be seen
+    bool isInTrash = false;
+};
+using SeenItems = std::map<std::string, SeenItem>;
 
 /// The selection without every entry that has an ancestor folder in it: what would really be removed.
 [[nodiscard]] Selection effectiveSelection(const Selection &selection);

@@ -14,6 +14,7 @@ struct Error {
     std::string path;
     std::error_code code;
     std::string text;
+    bool inPart = false; ///< some of it has happened all the same: of a folder that was to be deleted, the rest is gone
 
     /// The sentence to show: the system's own where there is one, else the code's message.
     [[nodiscard]] std::string description() const { return text.empty() ? code.message() : text; }

@@ -28,7 +28,7 @@ public:
 
     /// Deletes an item and everything beneath it for good, or fails with `replacedMeanwhile` where the name belongs
     /// to another item than `expected` by now. Links are deleted, never followed, and nothing that is mounted is
-    /// entered. Stops at the first item that cannot be deleted, whose path the error bears.
+    /// entered. An item inside that cannot be deleted does not keep the others: the error has the path of the first.
     [[nodiscard]] virtual Expected<void> removeItem(const std::string &name, const ItemIdentity &expected) = 0;
 
     /// Moves an item to a name in another held folder of the same system; fails where that name is taken.

@@ -1,7 +1,13 @@
 #include <algorithm>
+#include <chrono>
+#include <csignal>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
+#include <thread>
+
+#include <pwd.h>
 
 #include "cli/cli_test.h"
 
@@ -138,7 +144,9 @@ TEST_F(RemoveCommandTest, AProtectedPlaceStaysAndIsNamed)
     EXPECT_EQ(parsed(result, 1),
               (json{{"message", "Nothing was removed · 1 couldn't be removed (Documents: protected location)"},
                     {"removed", json::array()},
-                    {"failures", json::array({"Documents: protected location"})}}));
+                    {"failures", json::array({"Documents: protected location"})},
+                    {"failedItems", json::array({{{"path", m_folder / "home/Documents"},
+                                                  {"line", "Documents: protected location"}}})}}));
     EXPECT_EQ(result.errors, "corvane-cli: Documents: protected location\n");
     EXPECT_TRUE(m_folder.has("home/Documents/letter.txt"));
 }
@@ -316,6 +324,139 @@ TEST_F(RemoveCommandTest, OnAReadOnlyDiskNothingIsRemoved)
         EXPECT_TRUE(removal["failures"][0].get<std::string>().starts_with("kept.txt: ")) << removal;
         EXPECT_TRUE(m_folder.has("disk/kept.txt"));
     }
+}
+
+TEST_F(RemoveCommandTest, AFailureCarriesTheWholePathAndItsBytes)
+{
+    m_folder.writeText("home/Documents/x", "x");
+    m_folder.link("caf\xE9", m_folder / "home");
+
+    const json removal = document({"remove", "--yes", "caf\xE9/Documents"}, 1);
+
+    ASSERT_EQ(removal["failedItems"].size(), 1u);
+    const json &item = removal["failedItems"][0];
+    EXPECT_EQ(item["path"], m_folder / "caf\uFFFD/Documents");
+    EXPECT_TRUE(item["pathHex"].get<std::string>().ends_with("636166e92f446f63756d656e7473")) << item;
+    EXPECT_EQ(item["line"], "Documents: protected location");
+    EXPECT_EQ(removal["failures"], json::array({"Documents: protected location"}));
+}
+
+TEST_F(RemoveCommandTest, AFolderThatIsDeletedInPartSaysWhatResistedAndWhatWasFreed)
+{
+    m_folder.writeFile("build/a.o", 2'000'000);
+    m_folder.writeFile("build/z.o", 1'000'000);
+    m_folder.writeText("build/locked/kept.txt", "x");
+    openToOrdinaryUser();
+    ASSERT_EQ(chmod((m_folder / "build/locked").c_str(), 0500), 0);
+
+    const ProgramResult result =
+        program({"remove", "--yes", "--permanently", "--json", "build"}).asOrdinaryUser().run();
+
+    ASSERT_EQ(chmod((m_folder / "build/locked").c_str(), 0700), 0);
+    const json removal = parsed(result, 1);
+    const std::string line = "build: locked/kept.txt: Permission denied; the rest was deleted";
+    EXPECT_EQ(removal["failures"], json::array({line}));
+    EXPECT_EQ(removal["message"], "Deleted 0 items · freed 3 MB · 1 couldn't be removed (" + line + ")");
+    EXPECT_EQ(removal["removed"], json::array());
+    EXPECT_GE(removal["failedItems"][0]["freed"].get<std::int64_t>(), 3'000'000);
+    EXPECT_FALSE(m_folder.has("build/a.o"));
+    EXPECT_FALSE(m_folder.has("build/z.o"));
+    EXPECT_TRUE(m_folder.has("build/locked/kept.txt"));
+}
+
+TEST_F(RemoveCommandTest, AStopFinishesTheItemAtHandAndTellsWhatWasDone)
+{
+    constexpr int count = 3'000;
+    std::vector<std::string> arguments{"remove", "--yes", "--json"};
+    for (int i = 0; i < count; ++i) {
+        m_folder.writeText("many/" + std::to_string(i), "x");
+        arguments.push_back("many/" + std::to_string(i));
+    }
+    const auto removedSome = [&] { return m_folder.has("data/Trash/info"); };
+    for (const int signal : {SIGINT, SIGTERM}) {
+        std::filesystem::remove_all(m_folder / "data");
+        m_folder.makeFolder("data");
+        for (int i = 0; i < count; ++i)
+            m_folder.writeText("many/" + std::to_string(i), "x");
+
+        const ProgramResult result = program(arguments)
+                                         .meanwhile([&](pid_t child) {
+                                             while (!removedSome() && kill(child, 0) == 0)
+                                                 std::this_thread::sleep_for(std::chrono::microseconds(200));
+                                             kill(child, signal);
+                                         })
+                                         .run();
+
+        const json removal = parsed(result, 1);
+        EXPECT_EQ(removal["cancelled"], true);
+        const auto removed = removal["removed"].size();
+        EXPECT_GT(removed, 0u);
+        EXPECT_LT(removed, static_cast<std::size_t>(count));
+        for (const json &item : removal["removed"])
+            EXPECT_FALSE(std::filesystem::exists(item["path"].get<std::string>()));
+        const auto entriesIn = [&](const std::string &folder) {
+            return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_folder / folder), {}));
+        };
+        EXPECT_EQ(entriesIn("many"), count - removed);
+        EXPECT_EQ(entriesIn("data/Trash/files"), removed);
+        EXPECT_EQ(entriesIn("data/Trash/info"), removed) << "no record is left without its item";
+        EXPECT_NE(result.errors.find("corvane-cli: stopped; "), std::string::npos) << result.errors;
+    }
+}
+
+TEST_F(RemoveCommandTest, AHomeThatIsNoAbsolutePathIsRefusedByWhatNeedsIt)
+{
+    m_folder.writeText("kept.txt", "x");
+    for (const char *const home : {"", "home", "./home"}) {
+        for (const std::vector<std::string> &command : {std::vector<std::string>{"remove", "--yes", "kept.txt"},
+                                                        {"protected", "kept.txt"},
+                                                        {"scan"},
+                                                        {"cleanup"},
+                                                        {"breakdown"}}) {
+            const ProgramResult result = program(command).with("HOME", home).run();
+            expectRefused(result);
+            EXPECT_TRUE(result.errors.starts_with("corvane-cli: HOME is ")) << result.errors;
+        }
+        EXPECT_EQ(program({"--version"}).with("HOME", home).run().exitStatus, 0);
+        EXPECT_EQ(program({"scan", m_folder / "data"}).with("HOME", home).run().exitStatus, 0);
+    }
+    EXPECT_TRUE(m_folder.has("kept.txt"));
+}
+
+TEST_F(RemoveCommandTest, ARelativeDataFolderIsIgnored)
+{
+    m_folder.writeText("old.txt", "x");
+
+    EXPECT_EQ(program({"remove", "--yes", "old.txt"}).with("XDG_DATA_HOME", "data").run().exitStatus, 0);
+
+    EXPECT_FALSE(m_folder.has("old.txt"));
+    EXPECT_TRUE(m_folder.has("home/.local/share/Trash/files/old.txt"));
+    EXPECT_TRUE(trashIsEmpty()) << "the folder of that name in the current one is no Trash";
+}
+
+TEST_F(RemoveCommandTest, AHomeIsWhatItReallyIs)
+{
+    m_folder.writeText("real/me/.ssh/id", "x");
+    m_folder.makeFolder("real/me/sub");
+    m_folder.link("way", m_folder / "real/me/sub");
+
+    // By its text alone it would be the folder around the link.
+    const ProgramResult result = program({"remove", "--yes", "--permanently", m_folder / "real/me/.ssh/id"})
+                                     .with("HOME", m_folder / "way/..")
+                                     .run();
+
+    EXPECT_EQ(result.exitStatus, 1);
+    EXPECT_TRUE(m_folder.has("real/me/.ssh/id"));
+}
+
+TEST_F(RemoveCommandTest, TheAccountsHomeIsProtectedWhateverHomeSays)
+{
+    const passwd *const account = getpwuid(geteuid());
+    ASSERT_NE(account, nullptr);
+    const std::string home = account->pw_dir;
+    const json verdicts = document({"protected", home, home + "/Documents", home + "/.ssh/id"});
+    for (const json &verdict : verdicts)
+        EXPECT_EQ(verdict["protected"], true) << verdict;
 }
 
 TEST_F(RemoveCommandTest, AnEmptyPathIsRefused)

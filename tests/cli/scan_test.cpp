@@ -153,11 +153,14 @@ TEST_F(ScanCommandTest, NamesThatAreNotUtf8CarryTheirBytes)
     const json &film = folder["children"][0];
     EXPECT_EQ(film["name"], std::string("film") + replacement + ".mov");
     EXPECT_EQ(film["nameHex"], "66696c6dff2e6d6f76");
+    EXPECT_TRUE(folder["pathHex"].get<std::string>().ends_with("2f636166e9")) << folder["pathHex"];
+    EXPECT_TRUE(film["pathHex"].get<std::string>().ends_with("2f636166e92f66696c6dff2e6d6f76")) << film["pathHex"];
     const json &file = scan["allFiles"][0];
     EXPECT_EQ(file["path"], m_folder / "tree/caf" + replacement + "/film" + replacement + ".mov");
     const std::string hex = file["pathHex"];
     EXPECT_TRUE(hex.ends_with("2f636166e92f66696c6dff2e6d6f76")) << hex;
     EXPECT_FALSE(scan["root"].contains("nameHex"));
+    EXPECT_FALSE(scan["root"].contains("pathHex"));
 }
 
 TEST_F(ScanCommandTest, NamesWithQuotesAndLineBreaksStayThemselvesInJson)

@@ -140,6 +140,9 @@ TEST_F(TerminalTest, TheQuestionNamesWhatStaysAndWhatIsDeletedForGood)
     terminal.type("n\n");
     const std::string screen = terminal.finish().out;
 
+    EXPECT_NE(screen.find("\r\n1 of them is in the Trash and will be deleted permanently\r\nMove 1 item ("),
+              std::string::npos)
+        << screen;
     EXPECT_NE(screen.find("         –  " + m_folder / "home/Documents" + "  (protected location: stays)\r\n"),
               std::string::npos)
         << screen;
@@ -223,6 +226,23 @@ TEST_F(TerminalTest, AnItemThatVanishesDuringTheQuestionIsAFailure)
     EXPECT_FALSE(m_folder.has("second.txt"));
 }
 
+TEST_F(TerminalTest, AFolderInThePlaceOfTheFileThatWasShownStays)
+{
+    m_folder.writeText("notes", "x");
+    TerminalProgram terminal(program({"remove", "notes"}));
+
+    ASSERT_TRUE(terminal.waitFor("[y/N] "));
+    std::filesystem::remove(m_folder / "notes");
+    m_folder.writeText("notes/kept.txt", "x");
+    terminal.type("y\n");
+    const ProgramResult result = terminal.finish();
+
+    EXPECT_EQ(result.exitStatus, 1);
+    EXPECT_NE(result.out.find("corvane-cli: notes: it has changed since you selected it"), std::string::npos)
+        << result.out;
+    EXPECT_TRUE(m_folder.has("notes/kept.txt"));
+}
+
 TEST_F(TerminalTest, AFolderThatBecomesALinkDuringTheQuestionIsNotFollowed)
 {
     m_folder.writeText("target/kept.txt", "x");
@@ -233,9 +253,12 @@ TEST_F(TerminalTest, AFolderThatBecomesALinkDuringTheQuestionIsNotFollowed)
     std::filesystem::remove_all(m_folder / "folder");
     m_folder.link("folder", m_folder / "target");
     terminal.type("y\n");
+    const ProgramResult result = terminal.finish();
 
-    EXPECT_EQ(terminal.finish().exitStatus, 0);
-    EXPECT_FALSE(m_folder.has("folder"));
+    EXPECT_EQ(result.exitStatus, 1);
+    EXPECT_NE(result.out.find("corvane-cli: folder: it has changed since you selected it"), std::string::npos)
+        << result.out;
+    EXPECT_TRUE(std::filesystem::is_symlink(m_folder / "folder"));
     EXPECT_TRUE(m_folder.has("target/kept.txt"));
 }
 

@@ -464,5 +464,48 @@ TEST(Verify, WorksAHundredThousandLevelsDeep)
     EXPECT_FALSE(verify(*root));
 }
 
+TEST(Attach, GivesEveryAncestorTheFiguresAndItsPlace)
+{
+    const auto root = std::make_shared<FileNode>("/r", FileNode::Kind::directory);
+    const auto folderOf = [](const std::shared_ptr<FileNode> &parent, const char *name, std::int64_t size) {
+        auto node = std::make_shared<FileNode>(parent->pathForChildren(), name, FileNode::Kind::directory, parent);
+        node->size = node->smallFilesSize = size;
+        node->fileCount = node->smallFilesCount = 1;
+        parent->children.push_back(node);
+        return node;
+    };
+    const auto large = folderOf(root, "large", 5'000'000);
+    const auto small = folderOf(root, "small", 2'000'000);
+    root->size = 7'000'000;
+    root->fileCount = 2;
+
+    FileNode measured("/r/small/new", FileNode::Kind::directory);
+    const auto file = std::make_shared<FileNode>(measured.pathForChildren(), "f", FileNode::Kind::file, nullptr);
+    file->size = 4'000'000;
+    measured.children.push_back(file);
+    measured.size = 4'000'000;
+    measured.fileCount = 1;
+    attach(small, measured);
+
+    EXPECT_TRUE(verify(*root));
+    EXPECT_EQ(root->size, 11'000'000);
+    EXPECT_EQ(root->fileCount, 3);
+    EXPECT_EQ(root->children.front(), small);
+    EXPECT_EQ(file->path(), "/r/small/new/f");
+    EXPECT_EQ(file->parent.lock()->path(), "/r/small/new");
+}
+
+TEST(Attach, CountsASmallFileWithoutANode)
+{
+    const auto root = std::make_shared<FileNode>("/r", FileNode::Kind::directory);
+    FileNode measured("/r/f", FileNode::Kind::file);
+    measured.size = 4'096;
+    attach(root, measured);
+    EXPECT_TRUE(verify(*root));
+    EXPECT_TRUE(root->children.empty());
+    EXPECT_EQ(root->smallFilesSize, 4'096);
+    EXPECT_EQ(root->fileCount, 1);
+}
+
 } // namespace
 } // namespace corvane

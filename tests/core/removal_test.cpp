@@ -682,6 +682,111 @@ TEST_F(RemovalOf, AFolderThatIsOnlyPartlyDeletedIsAFailure)
     EXPECT_EQ(failureLines(outcome), Lines{"x: “a” could not be deleted."});
 }
 
+TEST_F(RemovalOf, AFolderNamesTheFirstItemInsideThatResistedAndDeletesTheRest)
+{
+    fake.files.addFile("/Users/me/x/a", 5);
+    fake.files.addFile("/Users/me/x/b/keep", 7);
+    fake.files.addFile("/Users/me/x/b/other", 3);
+    fake.files.addFile("/Users/me/x/c", 4);
+    fake.files.failRemoval("/Users/me/x/b/keep", std::errc::permission_denied);
+    const RemovalOutcome outcome = remove({{"/Users/me/x", 19}}, true);
+    EXPECT_TRUE(outcome.removed.empty());
+    ASSERT_EQ(outcome.failures.size(), 1u);
+    EXPECT_EQ(outcome.failures.front(),
+              (RemovalFailure{"/Users/me/x", "x: b/keep: Permission denied; the rest was deleted",
+                              RemovalFailure::Left::aPart, 12}));
+    EXPECT_EQ(Removal::message(outcome, true), "Deleted 0 items · freed 12 bytes · 1 couldn't be removed (x: b/keep: "
+                                               "Permission denied; the rest was deleted)");
+    EXPECT_FALSE(fake.files.has("/Users/me/x/a"));
+    EXPECT_FALSE(fake.files.has("/Users/me/x/b/other"));
+    EXPECT_FALSE(fake.files.has("/Users/me/x/c"));
+}
+
+TEST_F(RemovalOf, AFolderInWhichNothingCouldBeDeletedDoesNotSayThatTheRestWas)
+{
+    fake.files.addFile("/Users/me/x/a", 5);
+    fake.files.failRemoval("/Users/me/x/a", std::errc::read_only_file_system);
+    const RemovalOutcome outcome = remove({{"/Users/me/x", 5}}, true);
+    EXPECT_EQ(failureLines(outcome), Lines{"x: a: Read-only file system"});
+    EXPECT_EQ(outcome.failures.front().left, RemovalFailure::Left::asItWas);
+    EXPECT_TRUE(Removal::message(outcome, true).starts_with("Nothing was removed"));
+}
+
+TEST_F(RemovalOf, AFolderInTheTrashThatIsDeletedInPartIsReportedAsDeleted)
+{
+    fake.files.addFile("/Users/me/.Trash/x/a", 5);
+    fake.files.addFile("/Users/me/.Trash/x/keep", 7);
+    fake.files.failRemoval("/Users/me/.Trash/x/keep", std::errc::permission_denied);
+    EXPECT_TRUE(
+        Removal::message(remove({{"/Users/me/.Trash/x", 12}}), false).starts_with("Deleted 0 items · freed 5 bytes"));
+    EXPECT_TRUE(fake.log->linesStartingWith("forget").empty());
+}
+
+TEST_F(RemovalOf, AnItemThatTookThePlaceOfTheSelectedOneStaysAndSaysSo)
+{
+    for (const bool permanently : {false, true}) {
+        FakeHost system;
+        system.files.addFile("/Users/me/file", 4'096);
+        system.files.addFile("/Users/me/folder/a", 5);
+        const Selection entries{{"/Users/me/file", 4'096}, {"/Users/me/folder", 5}};
+        const SeenItems seen = Removal::look(selectedEntries(entries), locations(), system.host());
+        system.files.take("/Users/me/file");
+        system.files.addFile("/Users/me/file/precious", 9);
+        system.files.take("/Users/me/folder");
+        system.files.addFile("/Users/me/folder/b", 9); // the same kind, and yet another one
+        const auto steps = Removal::plan(entries, permanently, locations(), {}, seen);
+        const RemovalOutcome outcome = Removal::perform(steps, locations(), system.host());
+        EXPECT_TRUE(outcome.removed.empty());
+        EXPECT_EQ(failureLines(outcome), (Lines{"file: it has changed since you selected it",
+                                                "folder: it has changed since you selected it"}));
+        EXPECT_EQ(outcome.failures.front().left, RemovalFailure::Left::somethingElse);
+        EXPECT_TRUE(system.files.has("/Users/me/file/precious"));
+        EXPECT_TRUE(system.files.has("/Users/me/folder/b"));
+    }
+}
+
+TEST_F(RemovalOf, AnItemThatCameAfterNothingWasSeenThereStays)
+{
+    const Selection entries{{"/Users/me/a", 5}};
+    const SeenItems seen = Removal::look(selectedEntries(entries), locations(), fake.host());
+    fake.files.addFile("/Users/me/a", 5);
+    const auto steps = Removal::plan(entries, false, locations(), {}, seen);
+    EXPECT_EQ(failureLines(Removal::perform(steps, locations(), fake.host())),
+              Lines{"a: it has changed since you selected it"});
+    EXPECT_TRUE(fake.files.has("/Users/me/a"));
+}
+
+TEST_F(RemovalOf, AnItemThatIsStillTheSelectedOneGoes)
+{
+    fake.files.addFile("/Users/me/x/a", 5);
+    const Selection entries{{"/Users/me/x", 5}};
+    const SeenItems seen = Removal::look(selectedEntries(entries), locations(), fake.host());
+    fake.files.addFile("/Users/me/x/b", 5); // what a folder holds may change
+    const auto steps = Removal::plan(entries, false, locations(), {}, seen);
+    EXPECT_EQ(Removal::perform(steps, locations(), fake.host()).removed.size(), 1u);
+}
+
+TEST_F(RemovalOf, AnItemThatIsGoneLeavesNothing)
+{
+    const RemovalOutcome outcome = remove({{"/Users/me/a", 5}, {"/Users/me/none/b", 5}});
+    for (const RemovalFailure &failure : outcome.failures)
+        EXPECT_EQ(failure.left, RemovalFailure::Left::nothing) << failure.path;
+}
+
+TEST_F(RemovalOf, AnItemThatIsSeenInTheTrashIsErasedAlsoWhereALinkLeadsThere)
+{
+    fake.files.addFile("/Users/me/.Trash/a", 5);
+    fake.files.addFile("/Users/me/b", 5);
+    fake.files.addLink("/srv/way", "/Users/me/.Trash");
+    const Selection entries{{"/Users/me/.Trash/a", 5}, {"/Users/me/b", 5}, {"/srv/way/a", 5}};
+    const SeenItems seen = Removal::look(selectedEntries(entries), locations(), fake.host());
+    EXPECT_TRUE(seen.at("/Users/me/.Trash/a").isInTrash);
+    EXPECT_FALSE(seen.at("/Users/me/b").isInTrash);
+    EXPECT_TRUE(seen.at("/srv/way/a").isInTrash);
+    EXPECT_EQ(actions(Removal::plan(entries, false, locations(), {}, seen)),
+              (std::vector{Action::erase, Action::trash, Action::erase}));
+}
+
 TEST_F(RemovalOf, OneItemThatFailsDoesNotStopTheOthers)
 {
     for (const char *path : {"/Users/me/a", "/Users/me/b", "/Users/me/d"})

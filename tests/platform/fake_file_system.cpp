@@ -194,11 +194,7 @@ public:
             return tl::unexpected(item.error());
         if (identityOf(**item) != expected)
             return tl::unexpected(replacedMeanwhile("remove", joined(m_path, name)));
-        if (const auto &trouble = (*item)->removal)
-            return tl::unexpected(
-                Error{"remove", joined(m_path, name), std::make_error_code(trouble->code), trouble->text});
-        detach(*item);
-        return {};
+        return removeTree(*item, joined(m_path, name));
     }
 
     Expected<void> moveItem(const std::string &name, HeldFolder &target, const std::string &newName) override
@@ -435,6 +431,25 @@ Expected<std::vector<std::string>> FakeFileSystem::mountPoints()
     if (!m_mountPoints)
         return failure("list the disks", "/", std::errc::io_error);
     return *m_mountPoints;
+}
+
+Expected<void> FakeFileSystem::removeTree(const ItemPointer &item, const std::string &path)
+{
+    if (const auto &trouble = item->removal)
+        return tl::unexpected(Error{"remove", path, std::make_error_code(trouble->code), trouble->text});
+    Expected<void> result;
+    bool hasRemoved = false;
+    for (const ItemPointer &child : std::vector<ItemPointer>(item->children)) {
+        const Expected<void> removed = removeTree(child, path + "/" + child->name);
+        hasRemoved |= removed.has_value() || removed.error().inPart;
+        if (!removed && result)
+            result = removed;
+    }
+    if (result)
+        detach(item);
+    else
+        result.error().inPart = hasRemoved;
+    return result;
 }
 
 std::string FakeFileSystem::homeFolder()

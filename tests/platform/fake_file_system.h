@@ -74,7 +74,7 @@ public:
     /// A listing still names the item, but whoever looks closer finds nothing.
     void makeVanish(const std::string &path);
 
-    /// Deleting the item fails with that error and changes nothing.
+    /// Deleting the item fails with that error; of a folder around it, everything else goes.
     void failRemoval(const std::string &path, std::errc code, std::string text = {});
 
     [[nodiscard]] const std::shared_ptr<CallLog> &log() const { return m_log; }
@@ -108,6 +108,7 @@ private:
     [[nodiscard]] static ItemIdentity identityOf(const Item &item);
     static void detach(const ItemPointer &item);
     static void attach(const ItemPointer &item, const ItemPointer &parent, const std::string &name);
+    static Expected<void> removeTree(const ItemPointer &item, const std::string &path);
 
     const std::shared_ptr<CallLog> m_log; // constant after construction
 

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <set>
 #include <thread>
@@ -534,6 +535,21 @@ TEST_F(LinuxRemovalTest, AnUndeletableItemIsNamed)
     EXPECT_EQ(removed.error().path, closed);
     EXPECT_EQ(removed.error().code, std::errc::permission_denied);
     EXPECT_TRUE(temporary.has("folder"));
+}
+
+TEST_F(LinuxRemovalTest, AFolderIsDeletedPastWhatResists)
+{
+    if (!TemporaryFolder::canMakeUnreadable())
+        GTEST_SKIP() << "root deletes everything";
+    temporary.writeText("folder/closed/file", "x");
+    temporary.makeUnreadable("folder/closed");
+    for (int i = 0; i < 100; ++i)
+        temporary.writeText("folder/side" + std::to_string(i) + "/file", "x");
+    const Expected<void> removed = files.removeItem(temporary / "folder");
+    ASSERT_FALSE(removed);
+    EXPECT_EQ(removed.error().path, temporary / "folder/closed");
+    EXPECT_TRUE(removed.error().inPart);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(temporary / "folder"), {}), 1);
 }
 
 TEST_F(LinuxRemovalTest, AnEmptyUnreadableFolderCanBeDeleted)

@@ -37,13 +37,33 @@ bool isGone(const std::string &path, std::span<const SelectedEntry> removed)
 }
 
 /// Forgets a path and what lies beneath it; whether there was any of it.
-bool eraseWithContents(Selection &selection, const std::string &path)
+template <typename Paths>
+bool eraseWithContents(Paths &paths, const std::string &path)
 {
-    const std::size_t before = selection.size();
-    selection.erase(path);
+    const std::size_t before = paths.size();
+    paths.erase(path);
     // In the order of bytes "0" comes right after "/".
-    selection.erase(selection.lower_bound(path + "/"), selection.lower_bound(path + "0"));
-    return selection.size() != before;
+    paths.erase(paths.lower_bound(path + "/"), paths.lower_bound(path + "0"));
+    return paths.size() != before;
+}
+
+EntryType entryType(FileNode::Kind kind)
+{
+    return kind == FileNode::Kind::file ? EntryType::file : EntryType::directory;
+}
+
+/// What is left at a path, as the root of a tree; null where there is nothing that a tree shows.
+std::shared_ptr<FileNode> measuredAnew(const std::string &path, ScanProgress &progress, FileSystem &files)
+{
+    const Expected<ItemFacts> facts = files.facts(path);
+    if (!facts || facts->type == EntryType::symbolicLink)
+        return nullptr;
+    if (facts->type == EntryType::directory)
+        return Scanner::scan(path, progress, files);
+    auto file = std::make_shared<FileNode>(path, FileNode::Kind::file);
+    file->size = facts->allocated;
+    file->modified = facts->modified;
+    return file;
 }
 
 void collectSubtree(const FileNode &top, std::unordered_set<const FileNode *> &into)
@@ -109,6 +129,7 @@ StorageStore::~StorageStore()
         const std::lock_guard lock(m_lateFailures->mutex);
         m_lateFailures->store = nullptr;
     }
+    m_removalStop = true; // no further item is touched
     if (m_progress)
         m_progress->cancel();
     stopBreakdown();
@@ -510,13 +531,25 @@ void StorageStore::setSelected(const std::string &path, std::int64_t size, bool 
 void StorageStore::setSelected(std::span<const SelectedEntry> entries, bool selected)
 {
     bool changed = false;
+    std::vector<SelectedEntry> added;
     for (const SelectedEntry &entry : entries) {
         if (!selected) {
             changed |= m_selection.erase(entry.path) > 0;
+            m_seen.erase(entry.path);
         } else if (!isProtected(entry.path)) {
             const auto [position, inserted] = m_selection.try_emplace(entry.path, entry.size);
             changed |= inserted || position->second != entry.size;
             position->second = entry.size;
+            if (inserted)
+                added.push_back(entry);
+        }
+    }
+    if (!added.empty()) {
+        for (auto &[path, seen] : Removal::look(added, m_locations, m_host)) {
+            // What was chosen is what the tree shows, a file or a folder.
+            if (const FileNode *shown = node(path))
+                seen.identity.type = entryType(shown->kind);
+            m_seen.insert_or_assign(path, seen);
         }
     }
     if (changed)
@@ -525,10 +558,17 @@ void StorageStore::setSelected(std::span<const SelectedEntry> entries, bool sele
 
 void StorageStore::clearSelection()
 {
+    m_seen.clear();
     if (m_selection.empty())
         return;
     m_selection.clear();
     emit selectionChanged();
+}
+
+bool StorageStore::deselectWithContents(const std::string &path)
+{
+    eraseWithContents(m_seen, path);
+    return eraseWithContents(m_selection, path);
 }
 
 // The selection outlives a rescan; its sizes follow what the new walk has found.
@@ -563,20 +603,48 @@ std::vector<SelectedEntry> StorageStore::selectedEntries() const
 
 // --- Removal
 
+std::vector<SelectedEntry> StorageStore::selectedInTrash() const
+{
+    std::vector<SelectedEntry> entries = selectedEntries();
+    std::erase_if(entries, [this](const SelectedEntry &entry) {
+        const auto seen = m_seen.find(entry.path);
+        return seen == m_seen.end() || !seen->second.isInTrash;
+    });
+    return entries;
+}
+
 void StorageStore::remove(const Selection &entries, bool permanently)
 {
     if (m_isRemoving || entries.empty())
         return;
     m_isRemoving = true;
+    m_removalStop = false;
     emit isRemovingChanged();
-    m_pool.start([this, entries, permanently] {
-        const auto steps = Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders());
-        // Stop between items when the application is closing.
-        RemovalOutcome outcome = Removal::perform(steps, m_locations, m_host, m_isClosing);
+    m_pool.start([this, entries, permanently, seen = m_seen] {
+        const auto steps = Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders(), seen);
+        const RemovalOutcome outcome = Removal::perform(steps, m_locations, m_host, m_removalStop);
+        std::vector<std::shared_ptr<FileNode>> remains;
+        for (const RemovalFailure &failure : outcome.failures) {
+            if (m_isClosing)
+                break;
+            if (failure.left != RemovalFailure::Left::aPart && failure.left != RemovalFailure::Left::somethingElse)
+                continue;
+            ScanProgress progress;
+            if (std::shared_ptr<FileNode> left = measuredAnew(failure.path, progress, m_host.files))
+                remains.push_back(std::move(left));
+        }
         QMetaObject::invokeMethod(
-            this, [this, outcome = std::move(outcome), permanently] { didRemove(outcome, permanently); },
+            this, [this, outcome, permanently, remains] { didRemove(outcome, permanently, remains); },
             Qt::QueuedConnection);
     });
+}
+
+void StorageStore::stopRemoval()
+{
+    if (!m_isRemoving || m_removalStop)
+        return;
+    m_removalStop = true;
+    emit isRemovingChanged();
 }
 
 bool StorageStore::dropFromTree(std::span<const SelectedEntry> removed)
@@ -622,25 +690,108 @@ bool StorageStore::dropFromTree(std::span<const SelectedEntry> removed)
     return true;
 }
 
-void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently)
+bool StorageStore::replaceInTree(std::span<const std::shared_ptr<FileNode>> remains)
 {
-    bool selectionHasChanged = false;
-    // What was selected inside a removed folder is gone with it.
-    for (const SelectedEntry &entry : outcome.removed)
-        selectionHasChanged |= eraseWithContents(m_selection, entry.path);
+    // Kept until no list refers to them any more, and let go of elsewhere.
+    auto held = std::make_shared<std::vector<std::shared_ptr<FileNode>>>();
+    std::string shown = m_currentFolder ? m_currentFolder->path() : std::string();
+    for (const std::shared_ptr<FileNode> &measured : remains) {
+        std::shared_ptr<FileNode> old = sharedNode(measured->path());
+        const std::shared_ptr<FileNode> folder = old ? old->parent.lock() : nullptr;
+        if (folder == nullptr)
+            continue;
+        m_index.eraseSubtree(*old);
+        detach(*old);
+        attach(folder, *measured);
+        held->push_back(std::move(old));
+    }
+    if (held->empty())
+        return false;
+    ScanSummary summary = ScanSummary::make(m_root, m_host.files);
+    m_index = std::move(summary.index);
+    m_allFiles = std::move(summary.allFiles);
+    m_devJunk = std::move(summary.devJunk);
+    m_unreadableCount = summary.unreadableCount;
+    if (m_currentFolder && !isInTree(*m_currentFolder)) {
+        while (shown != m_root->path() && node(shown) == nullptr)
+            shown = containingFolder(shown);
+        setCurrentFolder(sharedNode(shown));
+    }
+    discard(std::move(held));
+    return true;
+}
 
-    if (m_root && isGone(m_root->path(), outcome.removed)) {
+// The tree changes from what really happened alone.
+void StorageStore::updateTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains)
+{
+    const auto concernsScan = [&](const std::string &root) {
+        return std::ranges::any_of(remains, [&](const auto &measured) {
+            const std::string path = measured->path();
+            return path == root || liesBeneath(root, path) || (m_phase == Phase::scanning && liesBeneath(path, root));
+        });
+    };
+    if (m_root && isGone(m_root->path(), gone)) {
         clearScan();
         setPhase(Phase::idle);
-    } else if (m_root && dropFromTree(outcome.removed)) {
+        return;
+    }
+    if ((m_root || m_phase == Phase::scanning) && concernsScan(m_lastScanPath)) {
+        // What is left of the scanned folder itself, or of what a walk may have seen whole.
+        scan(std::string(m_lastScanPath));
+        return;
+    }
+    if (m_root) {
+        const bool hasDropped = dropFromTree(gone);
+        if (!replaceInTree(remains) && !hasDropped)
+            return;
         m_typeBreakdown = ScanSummary::types(*m_root);
         ++m_revision;
         emit treeChanged();
         emit revisionChanged();
     } else if (m_phase == Phase::scanning) {
-        m_removedDuringScan.insert(m_removedDuringScan.end(), outcome.removed.begin(), outcome.removed.end());
+        m_removedDuringScan.insert(m_removedDuringScan.end(), gone.begin(), gone.end());
     }
-    dropFromCleanup(outcome.removed);
+}
+
+void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently,
+                             const std::vector<std::shared_ptr<FileNode>> &remains)
+{
+    std::vector<SelectedEntry> gone = outcome.removed;
+    bool selectionHasChanged = false;
+    for (const RemovalFailure &failure : outcome.failures) {
+        const auto selected = m_selection.find(failure.path);
+        const std::int64_t size = selected == m_selection.end() ? 0 : selected->second;
+        const std::optional<SeenItem> seen =
+            m_seen.contains(failure.path) ? std::optional(m_seen.at(failure.path)) : std::nullopt;
+        switch (failure.left) {
+        case RemovalFailure::Left::asItWas:
+            break;
+        case RemovalFailure::Left::nothing:
+            gone.push_back({failure.path, size});
+            break;
+        case RemovalFailure::Left::somethingElse:
+            // To be chosen anew by who wants that one removed.
+            selectionHasChanged |= deselectWithContents(failure.path);
+            break;
+        case RemovalFailure::Left::aPart:
+            if (selected == m_selection.end())
+                break;
+            // What resisted stays selected; of what was selected inside, nobody knows.
+            selectionHasChanged |= deselectWithContents(failure.path);
+            m_selection.emplace(failure.path, std::max<std::int64_t>(0, size - failure.freed));
+            if (seen)
+                m_seen.emplace(failure.path, *seen);
+            break;
+        }
+    }
+    // What was selected inside a removed folder is gone with it.
+    for (const SelectedEntry &entry : gone)
+        selectionHasChanged |= deselectWithContents(entry.path);
+
+    updateTree(gone, remains);
+    if (!remains.empty())
+        refreshSelectedSizes();
+    dropFromCleanup(gone);
 
     if (selectionHasChanged)
         emit selectionChanged();

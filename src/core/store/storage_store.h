@@ -55,6 +55,7 @@ public:
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
     Q_PROPERTY(bool hasFullDiskAccess READ hasFullDiskAccess NOTIFY accessChanged)
     Q_PROPERTY(bool isRemoving READ isRemoving NOTIFY isRemovingChanged)
+    Q_PROPERTY(bool isStopping READ isStopping NOTIFY isRemovingChanged)
 
     /// What a scan hands over when it has finished. Made on a background thread.
     struct ScanResult {
@@ -96,6 +97,8 @@ public:
     [[nodiscard]] bool cleanupLoading() const { return m_cleanupLoading; }                        // cleanupChanged
     [[nodiscard]] const Selection &selection() const { return m_selection; }                      // selectionChanged
     [[nodiscard]] bool isRemoving() const { return m_isRemoving; }
+    /// The removal under way ends after the item that it is at.
+    [[nodiscard]] bool isStopping() const { return m_isRemoving && m_removalStop; }   // isRemovingChanged
     [[nodiscard]] const std::optional<std::string> &toast() const { return m_toast; } // toastChanged; bytes
     /// Whether the toast reports something that went wrong.
     [[nodiscard]] bool toastIsWarning() const { return m_toastIsWarning; }
@@ -177,10 +180,17 @@ public:
     [[nodiscard]] Selection effectiveSelection() const;
     [[nodiscard]] std::int64_t selectedTotal() const;
     [[nodiscard]] std::vector<SelectedEntry> selectedEntries() const;
-    /// Removes the entries in the background (one removal at a time) and reports once.
+    /// Those of the effective selection that lie in the Trash: moving them there deletes them for good.
+    [[nodiscard]] std::vector<SelectedEntry> selectedInTrash() const;
+    /// Removes the entries in the background (one removal at a time) and reports once. A selected one must still be
+    /// the item that was selected.
     void remove(const Selection &entries, bool permanently);
-    /// Takes over what a removal did.
-    void didRemove(const RemovalOutcome &outcome, bool permanently);
+    /// Ends the removal after the item that it is at.
+    void stopRemoval();
+    /// Takes over what a removal did. `remains` are what is left where an item was removed in part or was another one
+    /// than expected, each scanned anew.
+    void didRemove(const RemovalOutcome &outcome, bool permanently,
+                   const std::vector<std::shared_ptr<FileNode>> &remains = {});
 
     // --- Messages
     void showToast(std::string text, bool warning = false);
@@ -222,8 +232,13 @@ private:
     void discard(std::shared_ptr<void> held);
     void refreshVolume();
     void refreshSelectedSizes();
+    /// Forgets a path and what lies beneath it; whether there was any of it.
+    bool deselectWithContents(const std::string &path);
     /// Takes what was removed out of the tree and of every list; true when the tree has changed.
     bool dropFromTree(std::span<const SelectedEntry> removed);
+    /// Puts what was scanned anew in the place of what the tree has there; true when the tree has changed.
+    bool replaceInTree(std::span<const std::shared_ptr<FileNode>> remains);
+    void updateTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
 
     const Host m_host;
     const ProtectedLocations &m_locations;
@@ -249,6 +264,7 @@ private:
     std::vector<CleanupItem> m_cleanupItems;
     bool m_cleanupLoading = false;
     Selection m_selection;
+    SeenItems m_seen; // what was at those paths when they were selected
     bool m_isRemoving = false;
     std::optional<std::string> m_toast;
     bool m_toastIsWarning = false;
@@ -263,6 +279,7 @@ private:
     std::shared_ptr<StopFlag> m_cleanupStop; // of the newest request
     StopFlag m_isClosing = false;
     std::shared_ptr<LateFailures> m_lateFailures;
+    StopFlag m_removalStop = false; // of the removal under way
     QTimer m_timer;
     QElapsedTimer m_scanStart;
     QElapsedTimer m_scanEnd;

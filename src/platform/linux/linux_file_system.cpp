@@ -7,8 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "platform/linux/linux_held_folder.h"
 #include "platform/environment.h"
+#include "platform/linux/linux_held_folder.h"
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/linux_places.h"
 #include "platform/linux/long_path.h"

@@ -32,18 +32,23 @@ public:
     /// `mount` is that of the folder which contains the item.
     FolderEmptying(std::string path, const Mount &mount) : m_path(std::move(path)), m_mount(mount) {}
 
+    /// Fails with the first item that resisted; the others are deleted.
     Expected<void> empty(std::unique_ptr<OpenFolder> top)
     {
-        if (Expected<void> entered = enter(std::move(top), {}); !entered)
-            return entered;
+        enter(std::move(top), {});
         while (!m_levels.empty()) {
             Level &level = m_levels.back();
-            Expected<void> done = level.subfolders.empty() ? leave() : goDown(level);
-            if (!done)
-                return done;
+            // Where the way back to a folder is lost, nothing above it can be reached any more.
+            if (!(level.subfolders.empty() ? leave() : goDown(level)))
+                break;
         }
-        return {};
+        if (!m_firstFailure)
+            return {};
+        m_firstFailure->inPart = m_hasDeleted;
+        return tl::unexpected(*m_firstFailure);
     }
+
+    [[nodiscard]] bool hasDeleted() const { return m_hasDeleted; }
 
 private:
     struct Level {
@@ -51,69 +56,83 @@ private:
         std::vector<std::string> subfolders; // those still to be deleted
     };
 
-    Expected<void> goDown(Level &level)
+    bool goDown(Level &level)
     {
-        OpenFolder *const parent = m_folders.innermost();
-        if (!parent)
-            return failure("open", ESTALE);
-        std::string name = std::move(level.subfolders.back());
+        const std::string name = std::move(level.subfolders.back());
         level.subfolders.pop_back();
+        OpenFolder *const parent = m_folders.innermost();
+        if (!parent) {
+            noteFailure("open", ESTALE, name);
+            return false;
+        }
         Expected<std::unique_ptr<OpenFolder>> child = m_folders.openChild(name);
-        if (child)
-            return enter(std::move(*child), std::move(name));
+        if (child) {
+            enter(std::move(*child), name);
+            return true;
+        }
         const int descriptor = parent->descriptor();
         // One that may not be looked into can still be deleted while it is empty, and so can a link or a file
         // that has taken the folder's place.
-        if (child.error().code.value() == ENOENT || ::unlinkat(descriptor, name.c_str(), AT_REMOVEDIR) == 0)
-            return {};
-        if (errno == ENOTDIR && ::unlinkat(descriptor, name.c_str(), 0) == 0)
-            return {};
-        return failure("open", child.error().code.value(), name);
+        if (child.error().code.value() == ENOENT)
+            return true;
+        if (::unlinkat(descriptor, name.c_str(), AT_REMOVEDIR) == 0 ||
+            (errno == ENOTDIR && ::unlinkat(descriptor, name.c_str(), 0) == 0))
+            m_hasDeleted = true;
+        else
+            noteFailure("open", child.error().code.value(), name);
+        return true;
     }
 
-    Expected<void> enter(std::unique_ptr<OpenFolder> folder, std::string name)
+    /// A folder that cannot be entered is passed over.
+    void enter(std::unique_ptr<OpenFolder> folder, const std::string &name)
     {
         const std::optional<Mount> mount = Mount::of(folder->descriptor());
         if (!mount)
-            return failure("examine", errno, name);
+            return noteFailure("examine", errno, name);
         if (!mount->isSameAs(m_mount))
-            return failure("delete", EBUSY, name, "Another disk is mounted inside it.");
-        Level level{.name = std::move(name), .subfolders = {}};
+            return noteFailure("delete", EBUSY, name, "Another disk is mounted inside it.");
+        Level level{.name = name, .subfolders = {}};
         std::vector<std::string> others;
-        Expected<void> listed = folder->list([&](const DirectoryEntry &entry) {
+        const Expected<void> listed = folder->list([&](const DirectoryEntry &entry) {
             (entry.type == EntryType::directory ? level.subfolders : others).emplace_back(entry.name);
         });
-        if (!listed)
-            return failure("list", listed.error().code.value(), level.name);
-        for (const std::string &other : others) {
-            if (::unlinkat(folder->descriptor(), other.c_str(), 0) != 0 && errno != ENOENT)
-                return failure("delete", errno, other);
-        }
+        const int descriptor = folder->descriptor();
         m_folders.push(std::move(folder));
         m_levels.push_back(std::move(level));
-        return {};
+        if (!listed)
+            noteFailure("list", listed.error().code.value());
+        for (const std::string &other : others) {
+            if (::unlinkat(descriptor, other.c_str(), 0) == 0)
+                m_hasDeleted = true;
+            else if (errno != ENOENT)
+                noteFailure("delete", errno, other);
+        }
     }
 
-    Expected<void> leave()
+    bool leave()
     {
         const std::string name = std::move(m_levels.back().name);
         m_levels.pop_back();
         m_folders.pop();
         if (m_folders.empty())
-            return {}; // the top itself is deleted by the caller
+            return true; // the top itself is deleted by the caller
         OpenFolder *const parent = m_folders.innermost();
-        if (!parent)
-            return failure("open", ESTALE, name);
-        if (::unlinkat(parent->descriptor(), name.c_str(), AT_REMOVEDIR) != 0 && errno != ENOENT)
-            return failure("delete", errno, name);
-        return {};
+        if (!parent) {
+            noteFailure("open", ESTALE, name);
+            return false;
+        }
+        if (::unlinkat(parent->descriptor(), name.c_str(), AT_REMOVEDIR) == 0)
+            m_hasDeleted = true;
+        else if (errno != ENOENT)
+            noteFailure("delete", errno, name); // of a folder that is not empty, what is in it came first
+        return true;
     }
 
-    /// The failure of an item of that name in the folder where the walk stands.
-    tl::unexpected<Error> failure(const char *operation, int code, std::string_view name = {},
-                                  std::string text = {}) const
+    /// The failure of an item of that name in the folder where the walk stands. The first one is kept.
+    void noteFailure(const char *operation, int code, std::string_view name = {}, std::string text = {})
     {
-        return tl::unexpected(Error{operation, pathOf(name), {code, std::generic_category()}, std::move(text)});
+        if (!m_firstFailure)
+            m_firstFailure = Error{operation, pathOf(name), {code, std::generic_category()}, std::move(text)};
     }
 
     std::string pathOf(std::string_view name) const
@@ -130,6 +149,8 @@ private:
     const Mount m_mount;
     FolderChain m_folders;
     std::vector<Level> m_levels; // the same folders
+    std::optional<Error> m_firstFailure;
+    bool m_hasDeleted = false;
 };
 
 } // namespace
@@ -180,18 +201,21 @@ Expected<void> ItemRemoval::removeFolder(const std::string &name, const ItemIden
     if (!mount)
         return failureAt(path, errno);
     Expected<std::unique_ptr<OpenFolder>> top = m_openInside(m_parent, name);
+    FolderEmptying emptying(path, *mount);
     if (top) {
         if (const FolderIdentity opened = (*top)->identity();
             opened.device != expected.device || opened.inode != expected.inode)
             return tl::unexpected(replacedMeanwhile(operationName, path));
-        if (Expected<void> emptied = FolderEmptying(path, *mount).empty(std::move(*top)); !emptied)
+        if (Expected<void> emptied = emptying.empty(std::move(*top)); !emptied)
             return emptied;
     }
     if (!isStill(name, expected))
         return tl::unexpected(replacedMeanwhile(operationName, path));
-    if (::unlinkat(m_parent, name.c_str(), AT_REMOVEDIR) != 0)
-        return failureAt(path, top ? errno : top.error().code.value());
-    return {};
+    if (::unlinkat(m_parent, name.c_str(), AT_REMOVEDIR) == 0)
+        return {};
+    Error error{operationName, path, {top ? errno : top.error().code.value(), std::generic_category()}, {}};
+    error.inPart = emptying.hasDeleted();
+    return tl::unexpected(std::move(error));
 }
 
 bool ItemRemoval::isStill(const std::string &name, const ItemIdentity &expected) const

@@ -480,6 +480,132 @@ TEST_F(StorageStoreTest, AFailureIsReportedOnceAndLogged)
     EXPECT_EQ(fake.desktop.logged().front(), "Corvane removal failures:\na.mov: Operation not permitted");
 }
 
+TEST_F(StorageStoreTest, AFolderThatIsDeletedInPartIsMeasuredAgain)
+{
+    fake.files.addFile(at("Projects/deep/keep/d.zip"), 1'500'000);
+    scanHome();
+    store.open(store.sharedNode(at("Projects/deep")));
+    fake.files.failRemoval(at("Projects/deep/keep/d.zip"), std::errc::permission_denied);
+    store.setSelected(at("Projects"), sizeOf("Projects"), true);
+    store.setSelected(at("Projects/deep/c.zip"), 4'000'000, true);
+    store.remove(store.effectiveSelection(), true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+
+    EXPECT_EQ(*store.toast(), "Deleted 0 items · freed 4 MB · 1 couldn't be removed (Projects: deep/keep/d.zip: "
+                              "Permission denied; the rest was deleted)");
+    EXPECT_EQ(sizeOf("Projects"), 1'500'000);
+    EXPECT_EQ(store.root()->size, 6'500'000);
+    EXPECT_EQ(store.root()->fileCount, 3);
+    EXPECT_TRUE(verify(*store.root()));
+    EXPECT_EQ(store.node(at("Projects/deep/c.zip")), nullptr);
+    EXPECT_EQ(store.allFiles().size(), 3u);
+    EXPECT_EQ(store.currentFolder(), store.sharedNode(at("Projects/deep")));
+    EXPECT_EQ(store.selection(), (Selection{{at("Projects"), 1'500'000}})) << "to be tried again";
+}
+
+TEST_F(StorageStoreTest, AScannedFolderThatIsDeletedInPartIsScannedAgain)
+{
+    store.scan(at("Projects"));
+    ASSERT_TRUE(waitForReady());
+    fake.files.failRemoval(at("Projects/deep/c.zip"), std::errc::permission_denied);
+    store.remove({{at("Projects"), 4'005'000}}, true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+    ASSERT_TRUE(waitForReady());
+    EXPECT_EQ(store.root()->size, 4'000'000);
+}
+
+TEST_F(StorageStoreTest, AnItemThatIsGoneAlreadyLeavesTheSelectionAndTheTree)
+{
+    scanHome();
+    store.setSelected(at("Movies/a.mov"), 3'000'000, true);
+    fake.files.take(at("Movies/a.mov"));
+    store.remove(store.effectiveSelection(), false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+    EXPECT_EQ(*store.toast(), "Nothing was removed · 1 couldn't be removed (a.mov: No such file or directory)");
+    EXPECT_TRUE(store.selection().empty());
+    EXPECT_EQ(store.node(at("Movies/a.mov")), nullptr);
+    EXPECT_EQ(sizeOf("Movies"), 2'000'000);
+    EXPECT_EQ(store.allFiles().size(), 2u);
+    EXPECT_TRUE(verify(*store.root()));
+}
+
+TEST_F(StorageStoreTest, AnItemThatTookTheSelectedOnesPlaceStaysUntilItIsSelectedAnew)
+{
+    scanHome();
+    store.setSelected(at("Movies/a.mov"), 3'000'000, true);
+    fake.files.take(at("Movies/a.mov"));
+    fake.files.addFile(at("Movies/a.mov/one"), 1'000'000);
+    store.setSelected(at("Movies/a.mov"), 3'000'000, true); // it is selected already
+    store.remove(store.effectiveSelection(), false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+    EXPECT_EQ(*store.toast(),
+              "Nothing was removed · 1 couldn't be removed (a.mov: it has changed since you selected it)");
+    EXPECT_TRUE(fake.files.has(at("Movies/a.mov/one")));
+    EXPECT_TRUE(store.selection().empty());
+    EXPECT_EQ(sizeOf("Movies/a.mov"), 1'000'000) << "the tree shows what is there now";
+    EXPECT_TRUE(verify(*store.root()));
+
+    store.setSelected(at("Movies/a.mov"), 1'000'000, true);
+    store.remove(store.effectiveSelection(), false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+    EXPECT_FALSE(fake.files.has(at("Movies/a.mov")));
+}
+
+TEST_F(StorageStoreTest, AFolderWhereTheTreeShowsAFileIsNotWhatWasSelected)
+{
+    scanHome();
+    fake.files.take(at("Movies/a.mov"));
+    fake.files.addFile(at("Movies/a.mov/one"), 1'000'000);
+    store.setSelected(at("Movies/a.mov"), 3'000'000, true);
+    store.remove(store.effectiveSelection(), true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+    EXPECT_TRUE(fake.files.has(at("Movies/a.mov/one")));
+}
+
+TEST_F(StorageStoreTest, ASmallFileInThePlaceOfALargeOneCountsAmongTheSmallOnes)
+{
+    scanHome();
+    store.setSelected(at("Movies/a.mov"), 3'000'000, true);
+    fake.files.take(at("Movies/a.mov"));
+    fake.files.addFile(at("Movies/a.mov"), 4'096);
+    store.remove(store.effectiveSelection(), true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+    EXPECT_EQ(store.node(at("Movies/a.mov")), nullptr);
+    EXPECT_EQ(sizeOf("Movies"), 2'004'096);
+    EXPECT_TRUE(verify(*store.root()));
+}
+
+TEST_F(StorageStoreTest, ARemovalThatIsStoppedFinishesTheItemAtHand)
+{
+    for (const char *name : {"Movies/a.mov", "Movies/b.mov"})
+        store.setSelected(at(name), 2'000'000, true);
+    Gate gate(*fake.log, "trashItem " + at("Movies/a.mov"));
+    store.remove(store.effectiveSelection(), false);
+    ASSERT_TRUE(gate.waitUntilReached());
+    EXPECT_FALSE(store.isStopping());
+    store.stopRemoval();
+    EXPECT_TRUE(store.isStopping());
+    gate.open();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+    EXPECT_FALSE(store.isStopping());
+    EXPECT_FALSE(fake.files.has(at("Movies/a.mov")));
+    EXPECT_TRUE(fake.files.has(at("Movies/b.mov")));
+    EXPECT_EQ(store.selection(), (Selection{{at("Movies/b.mov"), 2'000'000}}));
+    EXPECT_TRUE(store.toast()->starts_with("Moved 1 item"));
+}
+
+TEST_F(StorageStoreTest, WhatIsSelectedInTheTrashIsTold)
+{
+    fake.files.addFile(at(".Trash/old"), 1'000'000);
+    fake.trash.setTrashFolders({at(".Trash")});
+    store.setSelected(at(".Trash/old"), 1'000'000, true);
+    store.setSelected(at("Movies/a.mov"), 3'000'000, true);
+    ASSERT_EQ(store.selectedInTrash().size(), 1u);
+    EXPECT_EQ(store.selectedInTrash().front(), (SelectedEntry{at(".Trash/old"), 1'000'000}));
+    store.setSelected(at(".Trash/old"), 1'000'000, false);
+    EXPECT_TRUE(store.selectedInTrash().empty());
+}
+
 TEST_F(StorageStoreTest, WhatIsRemovedDuringAScanIsNotInItsTree)
 {
     Gate gate(*fake.log, "list " + at("Projects/deep")); // the walk may have seen the movies by then, or not
