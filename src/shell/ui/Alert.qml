@@ -7,6 +7,8 @@ Sheet {
     id: alert
 
     property string message
+    /// A line before the message, such as the names of what the question is about.
+    property string detail
     required property string confirmText
     property string cancelText: qsTr("Cancel")
     /// What the answer does cannot be undone.
@@ -32,6 +34,7 @@ Sheet {
         anchors.fill: parent
         title: alert.title
         message: alert.message
+        detail: alert.detail
         confirmText: alert.confirmText
         cancelText: alert.cancelText
         destructive: alert.destructive

@@ -7,6 +7,7 @@ FocusScope {
 
     required property string title
     required property string message
+    required property string detail
     required property string confirmText
     required property string cancelText
     required property bool destructive
@@ -21,7 +22,7 @@ FocusScope {
     focus: true
     Accessible.role: Accessible.AlertMessage
     Accessible.name: title
-    Accessible.description: message
+    Accessible.description: detail === "" ? message : detail + ". " + message
 
     // From wherever the keyboard is: Return gives the default answer.
     Keys.onReturnPressed: (destructive ? cancelButton : confirmButton).clicked()
@@ -35,7 +36,7 @@ FocusScope {
         id: words
 
         width: parent.width
-        height: Math.max(icon.height, heading.height + Theme.space4 + text.height) + Theme.space20 + Theme.space20
+        height: Math.max(icon.height, text.y + text.height - icon.y) + Theme.space20 + Theme.space20
 
         Icon {
             id: icon
@@ -62,12 +63,27 @@ FocusScope {
             elide: Text.ElideNone
         }
         PlainText {
-            id: text
+            id: detail
 
             anchors.left: heading.left
             anchors.right: heading.right
             anchors.top: heading.bottom
             anchors.topMargin: Theme.space4
+            height: visible ? implicitHeight : 0
+            visible: text !== ""
+            text: body.detail
+            wrapMode: Text.Wrap
+            maximumLineCount: 4
+            lineHeightMode: Text.FixedHeight
+            lineHeight: Theme.bodyLine
+        }
+        PlainText {
+            id: text
+
+            anchors.left: heading.left
+            anchors.right: heading.right
+            anchors.top: detail.bottom
+            anchors.topMargin: detail.visible ? Theme.space4 : 0
             text: body.message
             color: Theme.t2
             wrapMode: Text.Wrap

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include "shell/window/fake_store.h"
 
@@ -90,10 +91,66 @@ TEST_F(SelectionWords, AFailedRemovalLeavesTheSelectionAndCanBeTriedAgain)
 {
     fake.select("a.zip", 2'000'000);
     presenter.deletePermanently();
-    fake.store.didRemove({.removed = {}, .failures = {{"/home/studio/a.zip", "a.zip: No such file or directory"}}},
-                         true);
+    presenter.confirm();
+    fake.store.didRemove({.removed = {}, .failures = {{"/home/studio/a.zip", "a.zip: Permission denied"}}}, true);
     EXPECT_TRUE(presenter.canRemove());
     EXPECT_EQ(presenter.countText(), "1 item selected");
+}
+
+TEST_F(SelectionWords, WhatLiesInTheTrashIsToldAndAskedAboutFirst)
+{
+    fake.fake.files.addFile("/home/studio/.Trash/old.mov", 3'000'000);
+    fake.fake.files.addFile("/home/studio/.Trash/older.mov", 1'000'000);
+    fake.fake.trash.setTrashFolders({"/home/studio/.Trash"});
+    fake.select("Movies/one.mov", 5'000'000);
+    EXPECT_EQ(presenter.trashNote(), "");
+    fake.select(".Trash/old.mov", 3'000'000);
+    EXPECT_EQ(presenter.trashNote(), "1 of them is in the Trash and will be deleted permanently");
+    fake.select(".Trash/older.mov", 1'000'000);
+    EXPECT_EQ(presenter.trashNote(), "2 of them are in the Trash and will be deleted permanently");
+
+    QSignalSpy questions(&presenter, &SelectionPresenter::questionWanted);
+    presenter.moveToTrash();
+    EXPECT_EQ(questions.size(), 1);
+    EXPECT_FALSE(fake.store.isRemoving()) << "nothing happens before the answer";
+    EXPECT_EQ(presenter.confirmTitle(), "Permanently delete 2 items?");
+    EXPECT_EQ(presenter.confirmNames(), "“old.mov” and “older.mov”");
+    EXPECT_EQ(presenter.confirmDelete(), "Delete 4 MB Permanently");
+    presenter.confirm();
+    EXPECT_TRUE(fake.store.isRemoving());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.store.isRemoving(); }, 20'000));
+    EXPECT_EQ(*fake.store.toast(), "Moved 3 items (9 MB) to Trash — empty it to free the space");
+    EXPECT_EQ(fake.fake.trash.trashed(), std::vector<std::string>{"/home/studio/Movies/one.mov"});
+}
+
+TEST_F(SelectionWords, TheQuestionNamesTheOneItemOrTheFirstFew)
+{
+    QSignalSpy questions(&presenter, &SelectionPresenter::questionWanted);
+    fake.select("a.zip", 5'000'000);
+    presenter.deletePermanently();
+    EXPECT_EQ(questions.size(), 1);
+    EXPECT_FALSE(fake.store.isRemoving());
+    EXPECT_EQ(presenter.confirmNames(), "“a.zip”");
+    fake.select("b.zip", 4'000'000);
+    fake.select("c.zip", 3'000'000);
+    EXPECT_EQ(presenter.confirmNames(), "“a.zip”, “b.zip” and “c.zip”");
+    fake.select("d.zip", 2'000'000);
+    fake.select("e.zip", 1'000'000);
+    EXPECT_EQ(presenter.confirmNames(), "“a.zip”, “b.zip”, “c.zip” and 2 more");
+}
+
+TEST_F(SelectionWords, ARemovalCanBeStoppedOnce)
+{
+    fake.gate.setShut(true);
+    EXPECT_FALSE(presenter.canStop());
+    fake.select("a.zip", 2'000'000);
+    presenter.moveToTrash();
+    EXPECT_TRUE(presenter.canStop());
+    EXPECT_EQ(presenter.stopTitle(), "Stop");
+    presenter.stop();
+    EXPECT_FALSE(presenter.canStop());
+    EXPECT_EQ(presenter.stopTitle(), "Stopping");
+    fake.gate.setShut(false);
 }
 
 } // namespace

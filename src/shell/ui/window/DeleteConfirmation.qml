@@ -10,9 +10,10 @@ Alert {
     objectName: "deleteConfirm"
     cancelName: "deleteConfirm.cancel"
     confirmName: "deleteConfirm.delete"
-    nested: true
     destructive: true
     title: selection.confirmTitle
     message: selection.confirmMessage
+    detail: selection.confirmNames
     confirmText: selection.confirmDelete
+    onConfirmed: selection.confirm()
 }

@@ -11,7 +11,7 @@ ApplicationWindow {
 
     required property SidebarModel screens
 
-    readonly property bool asking: review.visible || about.visible
+    readonly property bool asking: review.visible || about.visible || confirmation.visible
 
     title: Qt.application.name
     width: WindowMetrics.defaultWidth
@@ -30,6 +30,7 @@ ApplicationWindow {
         id: selection
 
         store: Store
+        onQuestionWanted: confirmation.open()
     }
     HelpPresenter {
         id: help
@@ -113,6 +114,12 @@ ApplicationWindow {
         id: review
 
         selection: selection
+    }
+    DeleteConfirmation {
+        id: confirmation
+
+        selection: selection
+        nested: review.visible
     }
     AboutSheet {
         id: about

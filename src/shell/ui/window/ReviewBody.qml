@@ -34,7 +34,7 @@ FocusScope {
 
         width: parent.width
         height: WindowMetrics.reviewHeaderTop + Theme.title2Line + Theme.secondaryLine + WindowMetrics.reviewHeaderBottom
-            + Theme.hairlineWidth
+            + Theme.hairlineWidth + (trashNote.visible ? Theme.secondaryLine : 0)
 
         PlainText {
             id: heading
@@ -48,12 +48,26 @@ FocusScope {
             Accessible.name: text
         }
         PlainText {
+            id: subtitle
+
             x: Theme.space20
             anchors.top: heading.bottom
             height: Theme.secondaryLine
             text: body.selection.reviewSubtitle
             font: Theme.secondaryFiguresFont
             color: Theme.t2
+        }
+        PlainText {
+            id: trashNote
+
+            objectName: "reviewSheet.trashNote"
+            x: Theme.space20
+            anchors.top: subtitle.bottom
+            height: Theme.secondaryLine
+            visible: text !== ""
+            text: body.selection.trashNote
+            font: Theme.secondaryFiguresFont
+            color: Theme.dangerText
         }
         Rectangle {
             anchors.bottom: parent.bottom

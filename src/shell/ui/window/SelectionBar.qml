@@ -78,6 +78,15 @@ FocusScope {
             font: Theme.secondaryFiguresFont
             color: Theme.t2
         }
+        PlainText {
+            objectName: "selectionBar.trashNote"
+            width: parent.width
+            height: Theme.captionLine
+            visible: text !== ""
+            text: bar.selection.trashNote
+            font: Theme.captionFont
+            color: Theme.dangerText
+        }
     }
     Row {
         id: buttons
@@ -96,8 +105,16 @@ FocusScope {
         PushButton {
             objectName: "clearButton"
             text: qsTr("Clear")
+            visible: !bar.selection.removing
             enabled: bar.selection.canRemove
             onClicked: bar.selection.clear()
+        }
+        PushButton {
+            objectName: "stopRemovalButton"
+            text: bar.selection.stopTitle
+            visible: bar.selection.removing
+            enabled: bar.selection.canStop
+            onClicked: bar.selection.stop()
         }
         PushButton {
             objectName: "moveToTrashButton"

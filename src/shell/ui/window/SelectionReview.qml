@@ -14,15 +14,6 @@ Sheet {
     height: body.implicitHeight
     onOpened: body.focusDefault()
 
-    function moveToTrash() {
-        sheet.settle();
-        sheet.selection.moveToTrash();
-    }
-    function deletePermanently() {
-        sheet.settle();
-        sheet.selection.deletePermanently();
-    }
-
     ReviewBody {
         id: body
 
@@ -30,20 +21,18 @@ Sheet {
         selection: sheet.selection
         active: sheet.visible
         onCancelled: sheet.close()
-        onTrashWanted: sheet.moveToTrash()
-        onDeleteWanted: confirmation.open()
-    }
-    DeleteConfirmation {
-        id: confirmation
-
-        selection: sheet.selection
-        onConfirmed: sheet.deletePermanently()
+        onTrashWanted: sheet.selection.moveToTrash()
+        onDeleteWanted: sheet.selection.deletePermanently()
     }
     Connections {
         target: sheet.selection
 
         function onSelectionChanged() {
             if (sheet.selection.empty)
+                sheet.settle();
+        }
+        function onRemovingChanged() {
+            if (sheet.selection.removing)
                 sheet.settle();
         }
     }

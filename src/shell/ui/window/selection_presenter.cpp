@@ -1,9 +1,31 @@
 #include "shell/ui/window/selection_presenter.h"
 
+#include <algorithm>
+
+#include <QStringList>
+
 #include "core/byte_count.h"
+#include "core/checked_add.h"
 #include "core/store/followed_store.h"
+#include "core/store/path_text.h"
 
 namespace corvane {
+
+namespace {
+
+constexpr std::size_t namedItems = 3; ///< of those that a question is about
+
+QString itemCount(std::size_t count)
+{
+    return count == 1 ? QStringLiteral("1 item") : QStringLiteral("%1 items").arg(count);
+}
+
+QString sizeText(std::int64_t bytes)
+{
+    return QString::fromStdString(formatByteCount(bytes));
+}
+
+} // namespace
 
 void SelectionPresenter::setStore(StorageStore *store)
 {
@@ -22,10 +44,17 @@ void SelectionPresenter::setStore(StorageStore *store)
 void SelectionPresenter::readSelection()
 {
     const Selection effective = m_store ? m_store->effectiveSelection() : Selection();
-    m_count = effective.size();
-    m_total = totalSize(effective);
+    m_selected = {.count = effective.size(), .total = totalSize(effective)};
+    m_inTrash = {};
+    if (m_store) {
+        for (const SelectedEntry &entry : m_store->selectedInTrash()) {
+            ++m_inTrash.count;
+            m_inTrash.total = checkedAdd(m_inTrash.total, entry.size);
+        }
+    }
     emit selectionChanged();
     emit removableChanged();
+    emit questionChanged();
 }
 
 bool SelectionPresenter::isRemoving() const
@@ -33,29 +62,38 @@ bool SelectionPresenter::isRemoving() const
     return m_store && m_store->isRemoving();
 }
 
-QString SelectionPresenter::itemCount() const
-{
-    return m_count == 1 ? QStringLiteral("1 item") : QStringLiteral("%1 items").arg(m_count);
-}
-
-QString SelectionPresenter::size() const
-{
-    return QString::fromStdString(formatByteCount(m_total));
-}
-
 QString SelectionPresenter::countText() const
 {
-    return itemCount() + QStringLiteral(" selected");
+    return itemCount(m_selected.count) + QStringLiteral(" selected");
 }
 
 QString SelectionPresenter::totalText() const
 {
-    return size() + QStringLiteral(" can be reclaimed");
+    return sizeText(m_selected.total) + QStringLiteral(" can be reclaimed");
+}
+
+QString SelectionPresenter::trashNote() const
+{
+    if (m_inTrash.count == 0)
+        return {};
+    return QStringLiteral("%1 of them %2 in the Trash and will be deleted permanently")
+        .arg(m_inTrash.count)
+        .arg(m_inTrash.count == 1 ? QStringLiteral("is") : QStringLiteral("are"));
 }
 
 QString SelectionPresenter::trashTitle() const
 {
     return isRemoving() ? QStringLiteral("Removing") : QStringLiteral("Move to Trash");
+}
+
+bool SelectionPresenter::canStop() const
+{
+    return isRemoving() && !m_store->isStopping();
+}
+
+QString SelectionPresenter::stopTitle() const
+{
+    return isRemoving() && !canStop() ? QStringLiteral("Stopping") : QStringLiteral("Stop");
 }
 
 QString SelectionPresenter::reviewTitle() const
@@ -65,12 +103,12 @@ QString SelectionPresenter::reviewTitle() const
 
 QString SelectionPresenter::reviewSubtitle() const
 {
-    return itemCount() + QStringLiteral(" · ") + size();
+    return itemCount(m_selected.count) + QStringLiteral(" · ") + sizeText(m_selected.total);
 }
 
 QString SelectionPresenter::confirmTitle() const
 {
-    return QStringLiteral("Permanently delete %1?").arg(itemCount());
+    return QStringLiteral("Permanently delete %1?").arg(itemCount(asked().count));
 }
 
 QString SelectionPresenter::confirmMessage() const
@@ -78,9 +116,24 @@ QString SelectionPresenter::confirmMessage() const
     return QStringLiteral("These items will be erased immediately and can't be recovered from the Trash.");
 }
 
+QString SelectionPresenter::confirmNames() const
+{
+    if (!m_store)
+        return {};
+    const std::vector<SelectedEntry> entries =
+        m_question == Question::everything ? m_store->selectedEntries() : m_store->selectedInTrash();
+    QStringList names;
+    for (std::size_t i = 0; i < std::min(entries.size(), namedItems); ++i)
+        names.append(QStringLiteral("“%1”").arg(displayText(lastPathComponent(entries[i].path))));
+    if (entries.size() > namedItems)
+        return names.join(QStringLiteral(", ")) + QStringLiteral(" and %1 more").arg(entries.size() - namedItems);
+    const QString last = names.isEmpty() ? QString() : names.takeLast();
+    return names.isEmpty() ? last : names.join(QStringLiteral(", ")) + QStringLiteral(" and ") + last;
+}
+
 QString SelectionPresenter::confirmDelete() const
 {
-    return QStringLiteral("Delete %1 Permanently").arg(size());
+    return QStringLiteral("Delete %1 Permanently").arg(sizeText(asked().total));
 }
 
 void SelectionPresenter::clear()
@@ -89,16 +142,39 @@ void SelectionPresenter::clear()
         m_store->clearSelection();
 }
 
+void SelectionPresenter::ask(Question question)
+{
+    m_question = question;
+    emit questionChanged();
+    emit questionWanted();
+}
+
 void SelectionPresenter::moveToTrash()
 {
-    if (canRemove())
+    if (!canRemove())
+        return;
+    if (m_inTrash.count > 0)
+        ask(Question::whatIsInTrash);
+    else
         m_store->remove(m_store->effectiveSelection(), false);
 }
 
 void SelectionPresenter::deletePermanently()
 {
     if (canRemove())
-        m_store->remove(m_store->effectiveSelection(), true);
+        ask(Question::everything);
+}
+
+void SelectionPresenter::confirm()
+{
+    if (canRemove())
+        m_store->remove(m_store->effectiveSelection(), m_question == Question::everything);
+}
+
+void SelectionPresenter::stop()
+{
+    if (m_store)
+        m_store->stopRemoval();
 }
 
 } // namespace corvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include <QObject>
 #include <QPointer>
@@ -23,12 +24,16 @@ class SelectionPresenter : public QObject {
     Q_PROPERTY(bool canRemove READ canRemove NOTIFY removableChanged)
     Q_PROPERTY(QString countText READ countText NOTIFY selectionChanged)
     Q_PROPERTY(QString totalText READ totalText NOTIFY selectionChanged)
+    Q_PROPERTY(QString trashNote READ trashNote NOTIFY selectionChanged)
     Q_PROPERTY(QString trashTitle READ trashTitle NOTIFY removingChanged)
+    Q_PROPERTY(bool canStop READ canStop NOTIFY removingChanged)
+    Q_PROPERTY(QString stopTitle READ stopTitle NOTIFY removingChanged)
     Q_PROPERTY(QString reviewTitle READ reviewTitle CONSTANT)
     Q_PROPERTY(QString reviewSubtitle READ reviewSubtitle NOTIFY selectionChanged)
-    Q_PROPERTY(QString confirmTitle READ confirmTitle NOTIFY selectionChanged)
+    Q_PROPERTY(QString confirmTitle READ confirmTitle NOTIFY questionChanged)
     Q_PROPERTY(QString confirmMessage READ confirmMessage CONSTANT)
-    Q_PROPERTY(QString confirmDelete READ confirmDelete NOTIFY selectionChanged)
+    Q_PROPERTY(QString confirmNames READ confirmNames NOTIFY questionChanged)
+    Q_PROPERTY(QString confirmDelete READ confirmDelete NOTIFY questionChanged)
 
 public:
     explicit SelectionPresenter(QObject *parent = nullptr) : QObject(parent) {}
@@ -36,37 +41,60 @@ public:
     [[nodiscard]] StorageStore *store() const { return m_store; }
     void setStore(StorageStore *store);
 
-    [[nodiscard]] bool isEmpty() const { return m_count == 0; }
+    [[nodiscard]] bool isEmpty() const { return m_selected.count == 0; }
     [[nodiscard]] bool isRemoving() const;
     [[nodiscard]] bool canRemove() const { return !isEmpty() && !isRemoving(); }
     [[nodiscard]] QString countText() const;
     [[nodiscard]] QString totalText() const;
+    /// How many of the items lie in the Trash, from where they can only be deleted; empty when none does.
+    [[nodiscard]] QString trashNote() const;
     [[nodiscard]] QString trashTitle() const;
+    [[nodiscard]] bool canStop() const;
+    [[nodiscard]] QString stopTitle() const;
     [[nodiscard]] QString reviewTitle() const;
     [[nodiscard]] QString reviewSubtitle() const;
     [[nodiscard]] QString confirmTitle() const;
     [[nodiscard]] QString confirmMessage() const;
+    /// The name of the one item, or those of the first few.
+    [[nodiscard]] QString confirmNames() const;
     [[nodiscard]] QString confirmDelete() const;
 
     Q_INVOKABLE void clear();
+    /// Asks first about what would be deleted for good.
     Q_INVOKABLE void moveToTrash();
     Q_INVOKABLE void deletePermanently();
+    /// Carries out what was asked about.
+    Q_INVOKABLE void confirm();
+    /// Ends the removal after the item that it is at.
+    Q_INVOKABLE void stop();
 
 signals:
     void storeChanged();
     void selectionChanged();
     void removingChanged();
     void removableChanged();
+    void questionChanged();
+    void questionWanted(); ///< before anything is deleted for good
 
 private:
+    /// What the question before a permanent delete is about.
+    enum class Question { everything, whatIsInTrash };
+
+    /// How many items, of what size in bytes.
+    struct Figures {
+        std::size_t count = 0;
+        std::int64_t total = 0;
+    };
+
     void readSelection();
-    [[nodiscard]] QString itemCount() const;
-    [[nodiscard]] QString size() const;
+    void ask(Question question);
+    [[nodiscard]] const Figures &asked() const { return m_question == Question::everything ? m_selected : m_inTrash; }
 
     QPointer<StorageStore> m_store;
     // Of the effective selection, worked out once for each change.
-    std::size_t m_count = 0;
-    std::int64_t m_total = 0; // bytes
+    Figures m_selected;
+    Figures m_inTrash;
+    Question m_question = Question::everything;
 };
 
 } // namespace corvane
