@@ -1,4 +1,5 @@
 #include <functional>
+#include <future>
 #include <memory>
 
 #include <gtest/gtest.h>
@@ -354,6 +355,58 @@ TEST_F(MainWindowTest, OnlyTheDeleteButtonDeletesForGood)
     EXPECT_EQ(fake.store.toast(), "Deleted 1 item · freed 5 MB");
     EXPECT_FALSE(fake.fake.files.has("/home/studio/Movies/one.mov"));
     EXPECT_TRUE(waitFor([this] { return !isVisible("reviewSheet") && !isVisible("deleteConfirm"); }));
+}
+
+TEST_F(MainWindowTest, WhatLiesInTheTrashIsAskedAboutBeforeTheBarDeletesIt)
+{
+    fake.fake.files.addFile("/home/studio/.Trash/old.mov", 3'000'000);
+    fake.fake.trash.setTrashFolders({"/home/studio/.Trash"});
+    fake.select("Movies/one.mov", 5'000'000);
+    ASSERT_TRUE(waitForItem("selectionBar"));
+    EXPECT_EQ(item("selectionBar.trashNote"), nullptr);
+    fake.select(".Trash/old.mov", 3'000'000);
+    ASSERT_TRUE(waitForItem("selectionBar.trashNote"));
+    EXPECT_EQ(item("selectionBar.trashNote")->property("text").toString(),
+              "1 of them is in the Trash and will be deleted permanently");
+
+    click("moveToTrashButton");
+    ASSERT_TRUE(waitFor([this] { return isOpen("deleteConfirm"); }));
+    EXPECT_EQ(object("deleteConfirm")->property("detail").toString(), "“old.mov”");
+    key(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([this] { return !isVisible("deleteConfirm"); }));
+    EXPECT_TRUE(fake.fake.files.has("/home/studio/Movies/one.mov"));
+    EXPECT_TRUE(fake.fake.files.has("/home/studio/.Trash/old.mov"));
+
+    openReview();
+    EXPECT_NE(item("reviewSheet.trashNote"), nullptr);
+    click("reviewSheet.moveToTrash");
+    ASSERT_TRUE(waitFor([this] { return isOpen("deleteConfirm"); }));
+    click("deleteConfirm.delete");
+    ASSERT_TRUE(waitFor([this] { return fake.store.toast().has_value(); }));
+    EXPECT_EQ(fake.store.toast(), "Moved 2 items (8 MB) to Trash — empty it to free the space");
+    EXPECT_TRUE(waitFor([this] { return !isVisible("reviewSheet") && !isVisible("deleteConfirm"); }));
+}
+
+TEST_F(MainWindowTest, ARemovalIsStoppedFromTheBar)
+{
+    std::promise<void> goOn;
+    fake.fake.log->observe([waiting = goOn.get_future().share()](const std::string &line) {
+        if (line == "trashItem /home/studio/Movies/one.mov")
+            waiting.wait();
+    });
+    fake.select("Movies/one.mov", 5'000'000);
+    fake.select("Movies/two.mov", 4'000'000);
+    click("moveToTrashButton");
+    ASSERT_TRUE(waitForItem("stopRemovalButton"));
+    EXPECT_EQ(item("clearButton"), nullptr);
+    click("stopRemovalButton");
+    EXPECT_TRUE(fake.store.isStopping());
+    EXPECT_FALSE(item("stopRemovalButton")->isEnabled());
+    goOn.set_value();
+    ASSERT_TRUE(waitFor([this] { return fake.store.toast().has_value(); }));
+    EXPECT_EQ(fake.store.toast(), "Moved 1 item (5 MB) to Trash — empty it to free the space");
+    EXPECT_TRUE(fake.fake.files.has("/home/studio/Movies/two.mov"));
+    EXPECT_TRUE(waitForItem("clearButton"));
 }
 
 TEST_F(MainWindowTest, CommandsWaitWhileASheetWantsAnAnswer)

@@ -141,7 +141,6 @@ TEST_F(SelectionWords, TheQuestionNamesTheOneItemOrTheFirstFew)
 
 TEST_F(SelectionWords, ARemovalCanBeStoppedOnce)
 {
-    fake.gate.setShut(true);
     EXPECT_FALSE(presenter.canStop());
     fake.select("a.zip", 2'000'000);
     presenter.moveToTrash();
@@ -150,7 +149,6 @@ TEST_F(SelectionWords, ARemovalCanBeStoppedOnce)
     presenter.stop();
     EXPECT_FALSE(presenter.canStop());
     EXPECT_EQ(presenter.stopTitle(), "Stopping");
-    fake.gate.setShut(false);
 }
 
 } // namespace
