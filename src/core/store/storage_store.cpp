@@ -713,9 +713,8 @@ bool StorageStore::replaceInTree(std::span<const std::shared_ptr<FileNode>> rema
     m_devJunk = std::move(summary.devJunk);
     m_unreadableCount = summary.unreadableCount;
     if (m_currentFolder && !isInTree(*m_currentFolder)) {
-        while (shown != m_root->path() && node(shown) == nullptr)
-            shown = containingFolder(shown);
-        setCurrentFolder(sharedNode(shown));
+        m_folderToShow = std::move(shown);
+        setCurrentFolder(folderToShow());
     }
     discard(std::move(held));
     return true;
@@ -737,7 +736,7 @@ void StorageStore::updateTree(std::span<const SelectedEntry> gone, std::span<con
     }
     if ((m_root || m_phase == Phase::scanning) && concernsScan(m_lastScanPath)) {
         // What is left of the scanned folder itself, or of what a walk may have seen whole.
-        scan(std::string(m_lastScanPath));
+        rescan();
         return;
     }
     if (m_root) {
