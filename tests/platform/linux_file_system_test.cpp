@@ -545,7 +545,7 @@ TEST_F(LinuxRemovalTest, AFolderIsDeletedPastWhatResists)
     temporary.makeUnreadable("folder/closed");
     for (int i = 0; i < 100; ++i)
         temporary.writeText("folder/side" + std::to_string(i) + "/file", "x");
-    const Expected<void> removed = files.removeItem(temporary / "folder");
+    const Expected<void> removed = remove(temporary / "folder");
     ASSERT_FALSE(removed);
     EXPECT_EQ(removed.error().path, temporary / "folder/closed");
     EXPECT_TRUE(removed.error().inPart);
