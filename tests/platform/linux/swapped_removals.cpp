@@ -7,7 +7,7 @@
 //           item (each item is exchanged with another one beside it)
 //   FOLDER  where the items and what must survive are made; for "within" a folder inside the Trash
 //
-// Prints one line, "COUNT removals: D done, R refused, L lost".
+// Prints one line, "COUNT removals: D done, R times refused, L lost".
 
 #include <algorithm>
 #include <atomic>
@@ -195,17 +195,27 @@ public:
 
     void report() const
     {
-        std::cout << m_done + m_refused << " removals: " << m_done << " done, " << m_refused << " refused, " << m_lost
+        std::cout << m_removals << " removals: " << m_done << " done, " << m_refused << " times refused, " << m_lost
                   << " lost\n";
     }
 
 private:
     void perform(const std::vector<RemovalStep> &steps)
     {
-        const auto remove = [&](const std::vector<RemovalStep> &which) {
-            const RemovalOutcome outcome = Removal::perform(which, PathGuard::locations(), systemHost());
-            m_done += outcome.removed.size();
-            m_refused += outcome.failures.size();
+        m_removals += steps.size();
+        // What met the swapped state when it was judged is refused. It is tried again, so that most of the items are
+        // acted on at last, and swapped while they are.
+        const auto remove = [&](std::vector<RemovalStep> which) {
+            constexpr int passes = 100;
+            for (int pass = 0; pass < passes && !which.empty(); ++pass) {
+                const RemovalOutcome outcome = Removal::perform(which, PathGuard::locations(), systemHost());
+                m_done += outcome.removed.size();
+                m_refused += outcome.failures.size();
+                std::erase_if(which, [&](const RemovalStep &step) {
+                    return std::ranges::any_of(outcome.removed,
+                                               [&](const SelectedEntry &entry) { return entry.path == step.path; });
+                });
+            }
         };
         if (m_case.swap == "item") {
             const Swapper swapper([this, count = steps.size()] {
@@ -253,7 +263,7 @@ private:
     const Case m_case;
     fs::path m_folder, m_items, m_link, m_strangers, m_trash, m_top;
     bool m_remembersItems = false;
-    std::size_t m_done = 0, m_refused = 0, m_lost = 0;
+    std::size_t m_removals = 0, m_done = 0, m_refused = 0, m_lost = 0;
 };
 
 } // namespace
