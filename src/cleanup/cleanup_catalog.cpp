@@ -1,11 +1,16 @@
 #include "cleanup/cleanup_catalog.h"
 
 #include <algorithm>
+#include <optional>
 
+#include "cleanup/place_rule.h"
 #include "core/checked_add.h"
 #include "core/concurrent_perform.h"
 #include "core/folder_size.h"
+#include "core/foreign_sum.h"
+#include "core/scanner.h"
 #include "platform/path.h"
+#include "platform/walk_conditions.h"
 
 namespace corvane {
 
@@ -116,36 +121,34 @@ std::int64_t CleanupCatalog::allocatedSize(const std::string &path, FileSystem &
     return folderSize(path, files, stop);
 }
 
-std::string CleanupCatalog::folder(const CleanupDefinition &definition, FileSystem &files)
-{
-    std::string path = joined(files.homeFolder(), definition.relativePath);
-    if (files.exists(path))
-        return path;
-    return files.ownPlaceFor(definition.relativePath).value_or(std::move(path));
-}
-
 CleanupItem CleanupCatalog::measure(const CleanupDefinition &definition, FileSystem &files, const StopFlag &stop)
 {
-    const std::string path = folder(definition, files);
-    CleanupItem item{.def = &definition, .entries = {}};
-    item.exists = files.exists(path);
+    const WalkConditions conditions;
+    CleanupItem item{.def = &definition, .entries = {}, .exists = false};
+    const std::optional<std::string> place = PlaceRule(files).placeFor(definition.relativePath);
+    if (!place)
+        return item;
+    item.path = *place;
+    item.exists = files.exists(item.path);
     if (!item.exists)
         return item;
 
     std::vector<CleanupEntry> children;
-    auto opened = files.openFolder(path);
+    auto opened = files.openFolder(item.path);
     if (!opened || !(*opened)->list([&](const DirectoryEntry &entry) {
             if (std::ranges::find(ignoredNames, entry.name) == ignoredNames.end())
-                children.push_back({joined(path, entry.name), 0, kindOf(entry)});
+                children.push_back({joined(item.path, entry.name), 0, kindOf(entry)});
+            return stop || children.size() > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
         })) {
         item.accessible = false;
         return item;
     }
+    std::int64_t total = 0;
     for (CleanupEntry &child : children) {
         if (stop)
             break;
         child.size = allocatedSize(child.path, files, stop);
-        if (child.size > 0)
+        if (child.size > 0 && addForeign(total, child.size))
             item.entries.push_back(std::move(child));
     }
     std::ranges::stable_sort(item.entries, std::ranges::greater(), &CleanupEntry::size);

@@ -55,7 +55,8 @@ struct CleanupItem {
     const CleanupDefinition *def = nullptr; ///< of static storage
     std::vector<CleanupEntry> entries;      ///< largest first
     bool accessible = true;                 ///< false when the folder is there but cannot be listed
-    bool exists = true;                     ///< false when there is no such folder
+    bool exists = true;                     ///< false when there is no such folder, or its place is refused
+    std::string path = {};                  ///< of the folder (bytes); empty where its place is refused
 
     /// The sum of the entries.
     [[nodiscard]] std::int64_t total() const;
@@ -75,12 +76,8 @@ struct CleanupCatalog {
     [[nodiscard]] static std::vector<CleanupItem> measureAll(FileSystem &files = systemHost().files,
                                                              const StopFlag &stop = neverStopped);
 
-    /// Where the definition's folder is: in the home folder, or where the system has a place of its own for the same
-    /// thing and the home folder lacks it, that place.
-    [[nodiscard]] static std::string folder(const CleanupDefinition &definition,
-                                            FileSystem &files = systemHost().files);
-
-    /// One folder. A missing one is an empty item; one that cannot be listed is not `accessible`.
+    /// One folder. A missing one, and one whose place is refused (`PlaceRule`), is an empty item; one that cannot be
+    /// listed is not `accessible`.
     [[nodiscard]] static CleanupItem measure(const CleanupDefinition &definition,
                                              FileSystem &files = systemHost().files,
                                              const StopFlag &stop = neverStopped);

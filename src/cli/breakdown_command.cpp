@@ -33,8 +33,13 @@ ExitStatus BreakdownCommand::run(Console &console, const Host &host) const
             console.complain(folder.error());
             return ExitStatus::refused;
         }
-        scan =
+        Judged<FolderScan> scanned =
             FolderScan::run(scannedPath(*folder, host.files), FolderScan::Extent::treeAndSummary, console, host.files);
+        if (!scanned) {
+            console.complain(scanned.error());
+            return ExitStatus::doneWithFailures;
+        }
+        scan = *std::move(scanned);
         context = ScanContext::of(*scan->root, scan->summary->unreadableCount);
         context.isPartial = scan->isCancelled;
     }

@@ -23,6 +23,12 @@ void writeItem(const CleanupItem &item, JsonWriter &json)
     writeText("risk", rawValue(item.def->risk), json);
     writeText("group", rawValue(item.def->group), json);
     writeText("relativePath", item.def->relativePath, json);
+    if (item.path.empty()) {
+        json.key("path");
+        json.null();
+    } else {
+        json.bytes("path", item.path);
+    }
     json.key("accessible");
     json.value(item.accessible);
     json.key("total");

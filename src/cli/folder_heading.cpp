@@ -4,6 +4,7 @@
 
 #include "cli/display_text.h"
 #include "core/byte_count.h"
+#include "core/scan_words.h"
 
 namespace corvane {
 
@@ -13,6 +14,8 @@ void writeFolderHeading(const FolderScan &scan, std::string_view home, Console &
     console.out.write(console.strong(pathText(folder.path(), home)) + "\n");
     console.out.write(fmt::format("{} in {}, scanned in {:.1f} seconds\n", formatByteCount(folder.size),
                                   countText(folder.fileCount, "file", "files"), scan.seconds));
+    if (scan.denied > 0)
+        console.out.write(deniedText(scan.denied) + "\n");
     if (scan.isCancelled)
         console.out.write(console.strong(stoppedText) + "\n");
     console.out.write('\n');

@@ -5,11 +5,12 @@
 #include <fmt/format.h>
 
 #include "cli/scan_watch.h"
+#include "core/scan_words.h"
 #include "core/scanner.h"
 
 namespace corvane {
 
-FolderScan FolderScan::run(const std::string &path, Extent extent, const Console &console, FileSystem &files)
+Judged<FolderScan> FolderScan::run(const std::string &path, Extent extent, const Console &console, FileSystem &files)
 {
     using Clock = std::chrono::steady_clock;
 
@@ -20,7 +21,10 @@ FolderScan FolderScan::run(const std::string &path, Extent extent, const Console
         const auto display = console.canShowProgress() ? ScanWatch::Display::shown : ScanWatch::Display::hidden;
         const ScanWatch watch(progress, display);
         scan.root = Scanner::scan(path, progress, files);
+        if (const std::optional<Error> failure = progress.failure())
+            return tl::unexpected(fmt::format("cannot scan {}: {}", path, scanFailureText(*failure)));
         scan.isCancelled = progress.isCancelled();
+        scan.denied = progress.counters().denied;
         if (extent == Extent::treeAndSummary)
             scan.summary = ScanSummary::make(scan.root, files);
     }

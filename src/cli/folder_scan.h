@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -7,6 +8,7 @@
 
 #include "cli/console.h"
 #include "cli/exit_status.h"
+#include "cli/path_argument.h"
 #include "core/file_node.h"
 #include "core/scan_summary.h"
 #include "platform/host.h"
@@ -18,14 +20,16 @@ struct FolderScan {
     std::shared_ptr<FileNode> root;
     double seconds = 0;
     bool isCancelled = false;     ///< Ctrl-C: the tree is a part of the folder
+    std::int64_t denied = 0;      ///< folders inside that could not be opened
     std::string unreadableReason; ///< why the folder itself could not be listed; empty where it could
     std::optional<ScanSummary> summary;
 
     enum class Extent { tree, treeAndSummary };
 
-    /// Scans the folder at an absolute path, showing progress on a terminal and minding Ctrl-C.
-    [[nodiscard]] static FolderScan run(const std::string &path, Extent extent, const Console &console,
-                                        FileSystem &files);
+    /// Scans the folder at an absolute path, showing progress on a terminal and minding Ctrl-C. Where the scan could
+    /// not go on, a sentence that says why, and no tree whose figures would be wrong.
+    [[nodiscard]] static Judged<FolderScan> run(const std::string &path, Extent extent, const Console &console,
+                                                FileSystem &files);
 
     /// Names on standard error what kept the result from being whole, unless the result on the same terminal
     /// says so already.

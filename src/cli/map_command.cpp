@@ -66,7 +66,12 @@ ExitStatus MapCommand::run(Console &console, const Host &host) const
         }
     }
 
-    const FolderScan scan = FolderScan::run(*folder, FolderScan::Extent::tree, console, host.files);
+    const Judged<FolderScan> scanned = FolderScan::run(*folder, FolderScan::Extent::tree, console, host.files);
+    if (!scanned) {
+        console.complain(scanned.error());
+        return ExitStatus::doneWithFailures;
+    }
+    const FolderScan &scan = *scanned;
     const std::vector<TreemapTile> tiles = TreemapBuilder::tiles(*scan.root, size);
     bool isWritten = true;
     if (file) {

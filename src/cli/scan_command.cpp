@@ -16,12 +16,16 @@ ExitStatus ScanCommand::run(Console &console, const Host &host) const
     }
     // The table shows nothing of the summary, which would cost memory and a look into every project.
     const auto extent = json ? FolderScan::Extent::treeAndSummary : FolderScan::Extent::tree;
-    const FolderScan scan = FolderScan::run(*folder, extent, console, host.files);
+    const Judged<FolderScan> scan = FolderScan::run(*folder, extent, console, host.files);
+    if (!scan) {
+        console.complain(scan.error());
+        return ExitStatus::doneWithFailures;
+    }
     if (json)
-        writeScanJson(scan, console.out);
+        writeScanJson(*scan, console.out);
     else
-        writeScanTable(scan, host.files.homeFolder(), console);
-    return scan.report(console, !json);
+        writeScanTable(*scan, host.files.homeFolder(), console);
+    return scan->report(console, !json);
 }
 
 } // namespace corvane

@@ -144,6 +144,8 @@ void writeScanJson(const FolderScan &scan, Output &out)
     json.value(scan.root->size);
     json.key("unreadable");
     json.value(scan.summary->unreadableCount);
+    json.key("denied");
+    json.value(scan.denied);
     json.key("seconds");
     json.value(scan.seconds);
     json.key("cancelled");

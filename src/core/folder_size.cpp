@@ -3,12 +3,16 @@
 #include <utility>
 #include <vector>
 
-#include "core/checked_add.h"
+#include "core/foreign_sum.h"
 #include "platform/folder_chain.h"
+#include "platform/walk_conditions.h"
 
 namespace corvane {
 
 namespace {
+
+// Of a folder that holds more subfolders, and may have no end, only the files are counted.
+constexpr std::size_t subfoldersLimit = 2'000'000;
 
 class SizeWalk {
 public:
@@ -39,11 +43,12 @@ private:
         const auto listed = folder->list([&](const DirectoryEntry &entry) {
             if (entry.type == EntryType::directory)
                 subfolders.emplace_back(entry.name);
-            else if (entry.type == EntryType::file)
-                size = checkedAdd(size, entry.allocated);
+            else if (entry.type == EntryType::file && !addForeign(size, entry.allocated))
+                return Listing::goOn; // no file has that size, so it counts as one that cannot be read
+            return m_stop || subfolders.size() > subfoldersLimit ? Listing::stop : Listing::goOn;
         });
-        m_size = checkedAdd(m_size, size); // what was listed before a failure is there all the same
-        if (!listed || subfolders.empty())
+        // What was listed before a failure is there all the same.
+        if (!addForeign(m_size, size) || !listed || subfolders.empty())
             return;
         m_pending.push_back(std::move(subfolders));
         m_folders.push(std::move(folder));
@@ -59,6 +64,7 @@ private:
 
 std::int64_t folderSize(const std::string &path, FileSystem &files, const StopFlag &stop)
 {
+    const WalkConditions conditions;
     auto folder = files.openFolder(path);
     return folder ? SizeWalk(stop).walk(std::move(*folder)) : 0;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/system_table.h"
 #include "platform/environment.h"
 
 namespace corvane {
@@ -268,15 +269,14 @@ bool PathGuard::openFullDiskAccessSettings(Desktop &desktop)
 
 std::string PathGuard::accessProbePath(std::string_view home)
 {
-    return joined(home, "Library/Application Support/com.apple.TCC/TCC.db");
+    return joined(home, tableOf(SystemKind::mac).accessProbe);
 }
 
 bool PathGuard::probeFullDiskAccess(FileSystem &files)
 {
     const std::string home = files.homeFolder();
-    if (files.exists(joined(home, "Library")))
-        return files.canOpen(accessProbePath(home));
-    return files.openFolder(home).has_value();
+    const std::string_view probe = tableOf(files.systemKind()).accessProbe;
+    return probe.empty() ? files.openFolder(home).has_value() : files.canOpen(joined(home, probe));
 }
 
 } // namespace corvane

@@ -84,11 +84,11 @@ struct PathGuard {
     /// the system's log, where there is none. Main thread.
     static bool openFullDiskAccessSettings(Desktop &desktop = systemHost().desktop);
 
-    /// The file whose readability shows Full Disk Access, for a home folder.
+    /// The file whose readability shows Full Disk Access on a Mac, for a home folder.
     [[nodiscard]] static std::string accessProbePath(std::string_view home);
 
-    /// Whether the program may read what the system hides from others: on a home with a Library folder, that
-    /// the probe file opens; on any other home, that the home can be listed.
+    /// Whether the program may read what the system hides from others: on a Mac, that the probe file opens; on any
+    /// other system, which hides nothing, that the home folder does.
     [[nodiscard]] static bool probeFullDiskAccess(FileSystem &files = systemHost().files);
 };
 

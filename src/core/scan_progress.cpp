@@ -1,5 +1,7 @@
 #include "core/scan_progress.h"
 
+#include <utility>
+
 #include "core/checked_add.h"
 
 namespace corvane {
@@ -12,10 +14,31 @@ void ScanProgress::record(std::int64_t files, std::int64_t bytes, std::string_vi
     m_counters.current = path;
 }
 
+void ScanProgress::recordDenied()
+{
+    const std::scoped_lock lock(m_lock);
+    ++m_counters.denied;
+}
+
 void ScanProgress::cancel()
 {
     const std::scoped_lock lock(m_lock);
     m_cancelled = true;
+    m_shouldStop = true;
+}
+
+void ScanProgress::fail(Error error)
+{
+    const std::scoped_lock lock(m_lock);
+    if (!m_failure)
+        m_failure = std::move(error);
+    m_shouldStop = true;
+}
+
+std::optional<Error> ScanProgress::failure() const
+{
+    const std::scoped_lock lock(m_lock);
+    return m_failure;
 }
 
 bool ScanProgress::isCancelled() const

@@ -1,16 +1,20 @@
 #include "core/scanner.h"
 
 #include <algorithm>
+#include <atomic>
 #include <iterator>
+#include <span>
 #include <utility>
 #include <vector>
 
 #include "core/checked_add.h"
 #include "core/concurrent_perform.h"
-#include "core/skipped_folders.h"
+#include "core/foreign_sum.h"
+#include "core/scan_bounds.h"
 #include "platform/folder_chain.h"
 #include "platform/path.h"
 #include "platform/patient_open.h"
+#include "platform/walk_conditions.h"
 
 namespace corvane {
 
@@ -51,35 +55,80 @@ struct Visit {
     }
 };
 
+/// What all threads of one walk share.
+struct Walk {
+    ScanProgress &progress;
+    const ScanBounds bounds;
+    // Of all the files' figures, which come from outside. More than `foreignSumLimit` cannot be added up.
+    std::atomic<std::int64_t> total = 0;
+
+    /// Makes room for one folder's bytes; false where they cannot be added up with the others.
+    bool admit(std::int64_t bytes)
+    {
+        std::int64_t before = total.load(std::memory_order_relaxed);
+        std::int64_t after = 0;
+        do {
+            after = before;
+            if (!addForeign(after, bytes))
+                return false;
+        } while (!total.compare_exchange_weak(before, after, std::memory_order_relaxed));
+        return true;
+    }
+
+    /// Takes note of a folder that could not be opened; that it has just vanished is nothing special.
+    void noteUnopened(const Error &error)
+    {
+        if (hasRunOutOfFileNumbers(error))
+            progress.fail(error);
+        else if (error.code != std::errc::no_such_file_or_directory)
+            progress.recordDenied();
+    }
+};
+
 /// Takes one folder's entries as they are listed. Nothing of it reaches the node before the listing has come
 /// to a good end.
 class Reader {
 public:
-    Reader(const std::string &path, Visit &visit) : m_path(path), m_skipped(skippedNames(path)), m_visit(visit) {}
+    Reader(Walk &walk, const std::string &path, Visit &visit)
+        : m_walk(walk), m_path(path), m_skipped(walk.bounds.skippedIn(path)), m_visit(visit)
+    {
+    }
 
-    void take(const DirectoryEntry &entry)
+    Listing take(const DirectoryEntry &entry)
     {
         switch (entry.type) {
         case EntryType::symbolicLink:
-            return;
+            break;
         case EntryType::directory:
-            return takeFolder(entry);
+            takeFolder(entry);
+            break;
         case EntryType::file:
-            return takeFile(entry);
+            takeFile(entry);
+            break;
         }
+        const bool isTooMuch = m_visit.subfolders.size() + m_visit.files.size() > Scanner::keptEntriesLimit;
+        const bool isStopped = ++m_entries % stopInterval == 0 && m_walk.progress.shouldStop();
+        return isTooMuch || isStopped ? Listing::stop : Listing::goOn;
     }
 
-    void commit(ScanProgress &progress)
+    /// False, with nothing counted, where the figures cannot be added up with those of the other folders.
+    bool commit()
     {
+        if (!m_walk.admit(m_bytes))
+            return false;
         FileNode &node = *m_visit.node;
         node.size = m_bytes;
         node.fileCount = m_files;
         node.smallFilesSize = m_smallSize;
         node.smallFilesCount = m_smallCount;
-        progress.record(m_files, m_bytes, m_path);
+        m_walk.progress.record(m_files, m_bytes, m_path);
+        return true;
     }
 
 private:
+    // A folder that has been entered is listed to its end, unless it is so large that the end may never come.
+    static constexpr std::uint64_t stopInterval = 1024;
+
     void takeFolder(const DirectoryEntry &entry)
     {
         if (std::ranges::find(m_skipped, entry.name) != m_skipped.end())
@@ -92,14 +141,15 @@ private:
     void takeFile(const DirectoryEntry &entry)
     {
         ++m_files;
-        m_bytes = checkedAdd(m_bytes, entry.allocated);
-        if (entry.allocated < Scanner::smallFileLimit) {
-            m_smallSize += entry.allocated; // a part of m_bytes, so it cannot overflow first
+        // A size that no file can have counts as one that cannot be read.
+        const std::int64_t size = addForeign(m_bytes, entry.allocated) ? entry.allocated : 0;
+        if (size < Scanner::smallFileLimit) {
+            m_smallSize += size; // a part of m_bytes, so it cannot overflow first
             ++m_smallCount;
             return;
         }
         auto node = std::make_shared<FileNode>(nodePath(), std::string(entry.name), FileNode::Kind::file, m_visit.node);
-        node->size = entry.allocated;
+        node->size = size;
         node->modified = entry.modified;
         m_visit.files.push_back(std::move(node));
     }
@@ -111,33 +161,36 @@ private:
         return m_visit.path;
     }
 
+    Walk &m_walk;
     const std::string &m_path;
-    const std::span<const std::string_view> m_skipped;
+    const std::span<const std::string> m_skipped;
     Visit &m_visit;
+    std::uint64_t m_entries = 0;
     std::int64_t m_files = 0;
     std::int64_t m_bytes = 0;
     std::int64_t m_smallSize = 0;
     std::int64_t m_smallCount = 0;
 };
 
-/// Lists a folder into its visit; where that fails, the node is `unreadable` and stays empty, and the visit is
-/// over.
-bool read(OpenFolder &folder, const std::string &path, Visit &visit, ScanProgress &progress)
+/// Lists a folder into its visit. Where that fails, the node is `unreadable` and stays empty, and the visit is over;
+/// so is it where the walk is to end.
+bool read(Walk &walk, OpenFolder &folder, const std::string &path, Visit &visit)
 {
-    Reader reader(path, visit);
-    if (!folder.list([&reader](const DirectoryEntry &entry) { reader.take(entry); })) {
-        visit.node->unreadable = true;
-        return false;
-    }
-    reader.commit(progress);
-    return true;
+    Reader reader(walk, path, visit);
+    const Expected<void> listed = folder.list([&reader](const DirectoryEntry &entry) { return reader.take(entry); });
+    if (listed && reader.commit())
+        return true;
+    if (!listed && hasRunOutOfFileNumbers(listed.error()))
+        walk.progress.fail(listed.error());
+    visit.node->unreadable = !walk.progress.shouldStop();
+    return false;
 }
 
 /// Walks everything below one folder on the calling thread. A tree may be thousands of levels deep, so the
 /// way down is kept here and not on the thread's stack.
 class SubtreeWalk {
 public:
-    SubtreeWalk(std::string path, ScanProgress &progress) : m_progress(progress), m_path(std::move(path)) {}
+    SubtreeWalk(std::string path, Walk &walk) : m_walk(walk), m_path(std::move(path)) {}
 
     void walk(std::unique_ptr<OpenFolder> top, std::shared_ptr<FileNode> node)
     {
@@ -163,7 +216,7 @@ private:
     {
         Visit visit;
         visit.node = std::move(node);
-        if (!read(*folder, m_path, visit, m_progress))
+        if (!read(m_walk, *folder, m_path, visit))
             return Entered::done;
         if (visit.subfolders.empty()) {
             visit.finish();
@@ -178,20 +231,29 @@ private:
     bool goDown()
     {
         Level &level = m_levels.back();
-        if (!m_folders.innermost() || level.next == level.visit.subfolders.size())
+        if (!m_folders.innermost()) {
+            if (m_folders.loss() && hasRunOutOfFileNumbers(*m_folders.loss()))
+                m_walk.progress.fail(*m_folders.loss());
+            return false;
+        }
+        if (level.next == level.visit.subfolders.size())
             return false;
         Subfolder &subfolder = level.visit.subfolders[level.next++];
-        if (m_progress.isCancelled())
+        if (m_walk.progress.shouldStop())
             return true;
         Expected<std::unique_ptr<OpenFolder>> opened = m_folders.openChild(subfolder.name);
-        if (!opened)
+        if (!opened) {
+            m_walk.noteUnopened(opened.error());
             return true; // unreadable, so of size 0: such a folder has no place in the tree
+        }
         auto node =
             std::make_shared<FileNode>(level.visit.path, std::move(subfolder.name), subfolder.kind, level.visit.node);
         node->modified = (*opened)->modified();
         m_path.append("/").append(node->name);
         if (enter(std::move(*opened), node) == Entered::done) {
             m_path.resize(level.pathLength);
+            if (node->unreadable)
+                m_walk.progress.recordDenied();
             level.visit.absorb(std::move(node));
         }
         return true;
@@ -209,7 +271,7 @@ private:
         m_levels.back().visit.absorb(std::move(done.node));
     }
 
-    ScanProgress &m_progress;
+    Walk &m_walk;
     std::string m_path;
     FolderChain m_folders;
     std::vector<Level> m_levels; // the same folders
@@ -218,17 +280,17 @@ private:
 /// The walk of the top of the tree, where subfolders are walked at once.
 class TopWalk {
 public:
-    explicit TopWalk(ScanProgress &progress) : m_progress(progress) {}
+    explicit TopWalk(Walk &walk) : m_walk(walk) {}
 
     void walk(std::unique_ptr<OpenFolder> folder, std::shared_ptr<FileNode> node, std::string path, int depth) const
     {
         if (depth >= parallelLevels) {
-            SubtreeWalk(std::move(path), m_progress).walk(std::move(folder), std::move(node));
+            SubtreeWalk(std::move(path), m_walk).walk(std::move(folder), std::move(node));
             return;
         }
         Visit visit;
         visit.node = std::move(node);
-        if (!read(*folder, path, visit, m_progress))
+        if (!read(m_walk, *folder, path, visit))
             return;
         std::vector<std::shared_ptr<FileNode>> walked(visit.subfolders.size());
         concurrentPerform(walked.size(), [&](std::size_t i) {
@@ -246,18 +308,23 @@ private:
     std::shared_ptr<FileNode> walkSubfolder(OpenFolder &folder, const Visit &visit, Subfolder &subfolder,
                                             const std::string &path, int depth) const
     {
-        if (m_progress.isCancelled())
+        if (m_walk.progress.shouldStop())
             return nullptr;
+        const WalkConditions conditions;
         Expected<std::unique_ptr<OpenFolder>> opened = openPatiently([&] { return folder.openChild(subfolder.name); });
-        if (!opened)
+        if (!opened) {
+            m_walk.noteUnopened(opened.error());
             return nullptr;
+        }
         auto node = std::make_shared<FileNode>(visit.path, std::move(subfolder.name), subfolder.kind, visit.node);
         node->modified = (*opened)->modified();
         walk(std::move(*opened), node, joined(path, node->name), depth);
+        if (node->unreadable)
+            m_walk.progress.recordDenied();
         return node;
     }
 
-    ScanProgress &m_progress;
+    Walk &m_walk;
 };
 
 /// The kind of the folder that the path leads to. A link was chosen for the sake of what it points to.
@@ -276,10 +343,16 @@ std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &p
     auto root = std::make_shared<FileNode>(path, rootKind(path, files));
     if (progress.isCancelled())
         return root;
-    if (Expected<std::unique_ptr<OpenFolder>> folder = openPatiently([&] { return files.openFolder(path); }))
-        TopWalk(progress).walk(std::move(*folder), root, path, 0);
-    else
+    const WalkConditions conditions;
+    Walk walk{.progress = progress, .bounds = ScanBounds::of(path, files)};
+    Expected<std::unique_ptr<OpenFolder>> folder = openPatiently([&] { return files.openFolder(path); });
+    if (folder) {
+        TopWalk(walk).walk(std::move(*folder), root, path, 0);
+    } else {
+        if (hasRunOutOfFileNumbers(folder.error()))
+            progress.fail(folder.error());
         root->unreadable = true;
+    }
     return root;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -17,13 +18,18 @@ struct Scanner {
     /// Files of fewer allocated bytes get no node: they are folded into their folder's totals.
     static constexpr std::int64_t smallFileLimit = 1'000'000;
 
-    /// Folders that are never entered, by their whole path: other volumes, what the system shows twice, and
-    /// what is no disk space at all. `systemVirtualFolders()` joins them.
+    /// Of folders inside one folder and files with nodes of their own, at most so many: a folder that holds more, which
+    /// may have no end, counts as one that cannot be read. Files without nodes take no memory and may be as many as
+    /// there are.
+    static constexpr std::size_t keptEntriesLimit = 2'000'000;
+
+    /// Folders of a Mac that are never entered, by their whole path: other volumes, what the system shows twice, and
+    /// what is no disk space at all. `ScanBounds` knows what holds for one walk.
     static constexpr std::array<std::string_view, 7> skipPaths{"/System/Volumes", "/Volumes",        "/dev",  "/net",
                                                                "/home",           "/private/var/vm", "/cores"};
 
     /// The tree of a finished or cancelled walk of the folder at `path` (absolute bytes). Blocks; never fails:
-    /// a root that cannot be listed comes back `unreadable`.
+    /// a root that cannot be listed comes back `unreadable`. Where the walk could not go on, `progress` has a failure.
     [[nodiscard]] static std::shared_ptr<FileNode> scan(const std::string &path, ScanProgress &progress,
                                                         FileSystem &files = systemHost().files);
 };

@@ -1,12 +1,61 @@
 #include "core/volume_info.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "core/foreign_sum.h"
+#include "core/mount_map.h"
+#include "core/system_table.h"
 
 namespace corvane {
 
-VolumeInfo VolumeInfo::current(Volumes &volumes)
+namespace {
+
+using Figure = std::optional<std::int64_t>;
+
+Figure sumOf(const Figure &a, const Figure &b)
 {
-    const VolumeFacts facts = volumes.facts("/");
+    Figure sum = a;
+    return a && b && addForeign(*sum, *b) ? sum : std::nullopt;
+}
+
+} // namespace
+
+VolumeFacts withoutNonsense(VolumeFacts facts)
+{
+    for (Figure VolumeFacts::*const figure :
+         {&VolumeFacts::total, &VolumeFacts::available, &VolumeFacts::availableForImportantUse}) {
+        if (facts.*figure && !isPlausibleSize(*(facts.*figure)))
+            return {.name = std::move(facts.name), .total = {}, .available = {}, .availableForImportantUse = {}};
+    }
+    return facts;
+}
+
+VolumeFacts startupDiskFacts(const Host &host)
+{
+    VolumeFacts facts = withoutNonsense(host.volumes.facts("/"));
+    if (!tableOf(host.files.systemKind()).isMadeOfMounts)
+        return facts;
+    const MountMap mounts(host.files.mounts());
+    if (mounts.isEmpty())
+        return facts;
+    const std::string home = host.files.homeFolder();
+    const std::string realHome = host.files.realPath(home).value_or(home);
+    const MountedFolder *const ofRoot = mounts.holding("/");
+    const MountedFolder *const ofHome = mounts.holding(realHome);
+    if (ofRoot == nullptr || ofHome == nullptr || ofRoot->fileSystem == ofHome->fileSystem)
+        return facts;
+    const VolumeFacts second = withoutNonsense(host.volumes.facts(realHome));
+    facts.total = sumOf(facts.total, second.total);
+    facts.available = sumOf(facts.available, second.available);
+    facts.availableForImportantUse = sumOf(facts.availableForImportantUse, second.availableForImportantUse);
+    return facts;
+}
+
+VolumeInfo VolumeInfo::current(const Host &host)
+{
+    const VolumeFacts facts = startupDiskFacts(host);
     return {.name = facts.name.value_or("Macintosh HD"),
             .total = facts.total.value_or(0),
             .available = std::max(facts.availableForImportantUse.value_or(0), facts.available.value_or(0))};

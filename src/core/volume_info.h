@@ -7,14 +7,22 @@
 
 namespace corvane {
 
-/// The facts of the volume that holds "/".
+/// What the system reports of the start-up disk: of the volume that holds "/", or, on a Linux system whose home folder
+/// lies on a file system of its own, of both together. Figures that are no sizes on a disk, or cannot be added up, are
+/// absent.
+[[nodiscard]] VolumeFacts startupDiskFacts(const Host &host);
+
+/// The facts without figures that are no sizes on a disk.
+[[nodiscard]] VolumeFacts withoutNonsense(VolumeFacts facts);
+
+/// The facts of the start-up disk.
 struct VolumeInfo {
     std::string name;
     std::int64_t total = 0;     ///< bytes
     std::int64_t available = 0; ///< bytes; the larger of what is free and what could be made free
 
     /// Never fails: what the system does not tell is 0, the name "Macintosh HD".
-    [[nodiscard]] static VolumeInfo current(Volumes &volumes = systemHost().volumes);
+    [[nodiscard]] static VolumeInfo current(const Host &host = systemHost());
 
     friend bool operator==(const VolumeInfo &, const VolumeInfo &) = default;
 };

@@ -6,8 +6,12 @@
 
 #include "cleanup/cleanup_catalog.h"
 #include "core/checked_add.h"
+#include "core/foreign_sum.h"
 #include "core/path_guard.h"
+#include "core/scanner.h"
+#include "core/volume_info.h"
 #include "disk/shell.h"
+#include "platform/walk_conditions.h"
 
 namespace corvane {
 
@@ -38,6 +42,15 @@ bool isSupportVolume(const APFSVolumeInfo &volume)
     return std::ranges::any_of(roles, [&volume](std::string_view role) { return hasRole(volume, role); });
 }
 
+/// Whether the tool's figures can be those of one container; where they cannot, the layout counts as unreadable.
+bool addsUp(const APFSContainerInfo &container)
+{
+    std::int64_t used = 0;
+    return isPlausibleSize(container.ceiling) && isPlausibleSize(container.free) &&
+           std::ranges::all_of(container.volumes,
+                               [&used](const APFSVolumeInfo &volume) { return addForeign(used, volume.used); });
+}
+
 std::string plural(std::int64_t count)
 {
     return count == 1 ? "" : "s";
@@ -60,11 +73,13 @@ public:
 
     DiskBreakdown compose()
     {
-        const VolumeFacts volume = m_sources.volume();
+        const VolumeFacts volume = withoutNonsense(m_sources.volume());
         const std::int64_t total = volume.total.value_or(0);
         const std::int64_t available = volume.available.value_or(0);
         const std::int64_t important = volume.availableForImportantUse.value_or(available);
-        const auto container = m_sources.container(total);
+        auto container = m_sources.container(total);
+        if (container && !addsUp(*container))
+            container.reset();
 
         m_result.volumeName = volume.name.value_or("Macintosh HD");
         m_result.fromAPFS = container.has_value();
@@ -294,7 +309,7 @@ DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Sources &so
 DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Host &host, const StopFlag &stop)
 {
     Sources sources;
-    sources.volume = [&host] { return host.volumes.facts("/"); };
+    sources.volume = [&host] { return startupDiskFacts(host); };
     sources.container = [&stop](std::int64_t total) { return APFSContainerInfo::load(total, stop); };
     sources.snapshots = [&stop] { return loadSnapshots(stop); };
     sources.exists = [&host](const std::string &path) { return host.files.exists(path); };
@@ -309,11 +324,17 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
                                                     const std::optional<std::string> &excluding, FileSystem &files,
                                                     const StopFlag &stop)
 {
+    const WalkConditions conditions;
     std::vector<std::string> names;
     auto folder = files.openFolder(path);
-    if (!folder || !(*folder)->list([&names](const DirectoryEntry &entry) { names.emplace_back(entry.name); }))
+    const auto listed = !folder ? tl::unexpected(folder.error()) : (*folder)->list([&](const DirectoryEntry &entry) {
+        names.emplace_back(entry.name);
+        return stop || names.size() > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
+    });
+    if (!listed)
         return {CleanupCatalog::allocatedSize(path, files, stop), {}};
 
+    std::int64_t total = 0;
     std::vector<NamedSize> children;
     for (std::string &name : names) {
         const std::string child = joined(path, name);
@@ -321,13 +342,10 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
         if (excluding && (child == *excluding || liesBeneath(*excluding, child)))
             continue;
         const std::int64_t size = CleanupCatalog::allocatedSize(child, files, stop);
-        if (size > 0)
+        if (size > 0 && addForeign(total, size))
             children.push_back({std::move(name), size});
     }
     std::ranges::stable_sort(children, std::ranges::greater(), &NamedSize::size);
-    std::int64_t total = 0;
-    for (const NamedSize &child : children)
-        total = checkedAdd(total, child.size);
     children.resize(std::min(children.size(), childrenShown));
     return {total, std::move(children)};
 }

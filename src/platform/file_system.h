@@ -3,12 +3,17 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "platform/error.h"
+#include "platform/mounted_folder.h"
+#include "platform/system_kind.h"
 #include "platform/time.h"
 
 namespace corvane {
@@ -24,7 +29,36 @@ struct DirectoryEntry {
     Time modified = distantPast; ///< files only; a folder tells its own once it is open
 };
 
-using EntrySink = std::function<void(const DirectoryEntry &)>;
+/// What a listing does after an entry.
+enum class Listing : std::uint8_t { goOn, stop };
+
+/// Takes the entries of a listing. A function that returns nothing takes them all; one that returns a `Listing` may end
+/// it, since a file system in user space may have folders without end.
+class EntrySink {
+public:
+    template <typename Take>
+    EntrySink(Take take) : m_take(always(std::move(take)))
+    {
+    } // NOLINT: made of a lambda
+
+    Listing operator()(const DirectoryEntry &entry) const { return m_take(entry); }
+
+private:
+    template <typename Take>
+    static std::function<Listing(const DirectoryEntry &)> always(Take take)
+    {
+        if constexpr (std::is_void_v<std::invoke_result_t<Take &, const DirectoryEntry &>>) {
+            return [take = std::move(take)](const DirectoryEntry &entry) mutable {
+                take(entry);
+                return Listing::goOn;
+            };
+        } else {
+            return take;
+        }
+    }
+
+    std::function<Listing(const DirectoryEntry &)> m_take;
+};
 
 /// Tells one open folder from another, however it was reached. One that is not known, which is all zeros, equals
 /// none, not even itself.
@@ -48,7 +82,8 @@ public:
     virtual ~OpenFolder() = default;
 
     /// Hands every entry but "." and ".." to the sink, in the system's order, in one pass. Entries that
-    /// vanish meanwhile are left out; an entry whose facts cannot be read comes as a file of 0 bytes.
+    /// vanish meanwhile are left out; an entry whose facts cannot be read comes as a file of 0 bytes. Fails with
+    /// `std::errc::operation_canceled` where the sink ended it.
     [[nodiscard]] virtual Expected<void> list(const EntrySink &sink) = 0;
 
     /// Opens a folder directly inside this one by its name, never through a symbolic link.
@@ -88,6 +123,14 @@ struct ItemFacts {
 
 class HeldFolder;
 
+/// Where a system keeps something: as the user has set it, and where it lies as long as nobody sets anything.
+struct OwnPlace {
+    std::string path;
+    std::string usual;
+
+    friend bool operator==(const OwnPlace &, const OwnPlace &) = default;
+};
+
 /// Files and folders as the system sees them. Every call may be made from any thread; paths are bytes.
 class FileSystem {
 public:
@@ -116,9 +159,24 @@ public:
     /// The user's home folder, without a trailing slash.
     [[nodiscard]] virtual std::string homeFolder() = 0;
 
+    /// Which system the root describes, by whether it holds `macSystemFile`. Looked at once.
+    [[nodiscard]] virtual SystemKind systemKind();
+
+    /// What is mounted, each mount point once, with what is seen there; empty where the system does not tell. Touches
+    /// none of the mounted file systems.
+    [[nodiscard]] virtual std::vector<MountedFolder> mounts() { return {}; }
+
     /// Where this system keeps what a Mac keeps in that folder of the home (a path relative to it), if it has a
     /// place of its own for it; a Mac has none. The place need not exist.
-    [[nodiscard]] virtual std::optional<std::string> ownPlaceFor(std::string_view /*macPlace*/) { return std::nullopt; }
+    [[nodiscard]] virtual std::optional<OwnPlace> ownPlaceFor(std::string_view /*macPlace*/) { return std::nullopt; }
+
+    /// The folders for documents, pictures and the like that the user has chosen (absolute paths), where the system
+    /// lets them be chosen; one that stands for two is named twice. They need not exist.
+    [[nodiscard]] virtual std::vector<std::string> userFolders() { return {}; }
+
+private:
+    std::once_flag m_kindKnown;
+    SystemKind m_kind = SystemKind::mac; // written once
 };
 
 } // namespace corvane

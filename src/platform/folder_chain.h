@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -43,6 +44,10 @@ public:
     /// went through has been moved away meanwhile; then every folder above is out of reach as well.
     [[nodiscard]] OpenFolder *innermost() const { return m_links.back().folder.get(); }
 
+    /// Why the innermost folder is null: what opening it again failed with. Absent where another folder was found in
+    /// its place, and as long as nothing was lost.
+    [[nodiscard]] const std::optional<Error> &loss() const { return m_loss; }
+
     /// Goes back up by one folder.
     void pop()
     {
@@ -57,6 +62,8 @@ public:
         Expected<std::unique_ptr<OpenFolder>> reopened = openPatiently([&] { return left->openParent(); });
         if (reopened && (*reopened)->identity() == now.identity)
             now.folder = std::move(*reopened);
+        else if (!reopened)
+            m_loss = std::move(reopened.error());
     }
 
 private:
@@ -77,6 +84,7 @@ private:
 
     std::vector<Link> m_links;
     std::size_t m_firstOpen = 0; // position of the outermost folder that is open
+    std::optional<Error> m_loss;
 };
 
 } // namespace corvane

@@ -8,6 +8,12 @@
 
 namespace corvane {
 
+/// Whether the program or the system had no file number left.
+[[nodiscard]] inline bool hasRunOutOfFileNumbers(const Error &error)
+{
+    return error.code == std::errc::too_many_files_open || error.code == std::errc::too_many_files_open_in_system;
+}
+
 /// How many threads are waiting for a file number: as long as there are any, others hold only what they need.
 inline std::atomic<int> waitingForFileNumbers = 0;
 
@@ -19,10 +25,7 @@ template <typename Open, typename GiveBack>
 {
     constexpr int attempts = 200;
     constexpr std::chrono::milliseconds pause(5);
-    const auto hasRunOut = [](const auto &opened) {
-        return !opened && (opened.error().code == std::errc::too_many_files_open ||
-                           opened.error().code == std::errc::too_many_files_open_in_system);
-    };
+    const auto hasRunOut = [](const auto &opened) { return !opened && hasRunOutOfFileNumbers(opened.error()); };
     auto opened = open();
     if (!hasRunOut(opened))
         return opened;

@@ -34,15 +34,17 @@ public:
     }
     Expected<std::vector<std::string>> mountPoints() override { return m_files.mountPoints(); }
     std::string homeFolder() override { return m_home; }
-    std::optional<std::string> ownPlaceFor(std::string_view macPlace) override
+    SystemKind systemKind() override { return kind; }
+    std::optional<OwnPlace> ownPlaceFor(std::string_view macPlace) override
     {
         const std::scoped_lock lock(m_lock); // the places are measured at the same time
         askedPlaces.emplace_back(macPlace);
-        return ownPlace;
+        return ownPlace.empty() ? std::nullopt : std::optional(OwnPlace{ownPlace, m_home + "/.cache"});
     }
 
     std::string unlistable;
-    std::optional<std::string> ownPlace; ///< the system's answer, whatever it is asked
+    SystemKind kind = SystemKind::mac;
+    std::string ownPlace; ///< the system's answer, whatever it is asked; empty for none
     std::vector<std::string> askedPlaces;
 
 private:
@@ -143,36 +145,52 @@ TEST_F(CleanupCatalogTest, AllEighteenAreThereLargestTotalFirst)
         EXPECT_EQ(std::ranges::count(items, &row, &CleanupItem::def), 1) << row.id;
 }
 
-TEST_F(CleanupCatalogTest, WithoutTheFolderInTheHomeTheSystemsOwnPlaceIsMeasured)
+TEST_F(CleanupCatalogTest, OnALinuxSystemItsOwnPlaceIsMeasuredWhateverTheHomeHolds)
 {
+    files.kind = SystemKind::linuxSystem;
     files.ownPlace = folder / "elsewhere/logs";
     folder.writeFile("elsewhere/logs/a.log", 8192);
+    folder.makeFolder("Library/Logs"); // a stray one
     const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
     EXPECT_EQ(item.entries, (std::vector<CleanupEntry>{{folder / "elsewhere/logs/a.log", 8192}}));
+    EXPECT_EQ(item.path, folder / "elsewhere/logs");
+    EXPECT_TRUE(item.exists);
     EXPECT_EQ(files.askedPlaces, std::vector<std::string>{"Library/Logs"});
 }
 
-TEST_F(CleanupCatalogTest, AFolderInTheHomeIsMeasuredThoughTheSystemHasAPlaceOfItsOwn)
+TEST_F(CleanupCatalogTest, OnAMacTheFolderInTheHomeIsMeasured)
 {
     files.ownPlace = folder / "elsewhere/logs";
     folder.writeFile("elsewhere/logs/a.log", 8192);
-    folder.makeFolder("Library/Logs");
-    EXPECT_TRUE(CleanupCatalog::measure(definition("logs"), files).entries.empty());
     folder.writeFile("Library/Logs/b.log", 4096);
-    EXPECT_EQ(CleanupCatalog::measure(definition("logs"), files).entries,
-              (std::vector<CleanupEntry>{{folder / "Library/Logs/b.log", 4096}}));
+    const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
+    EXPECT_EQ(item.entries, (std::vector<CleanupEntry>{{folder / "Library/Logs/b.log", 4096}}));
+    EXPECT_EQ(item.path, folder / "Library/Logs");
 }
 
-TEST_F(CleanupCatalogTest, WithNeitherFolderTheItemIsEmptyAndAccessible)
+TEST_F(CleanupCatalogTest, AFolderThatIsMissingIsNamedAllTheSame)
 {
-    files.ownPlace = folder / "elsewhere/logs";
     const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
     EXPECT_TRUE(item.entries.empty());
     EXPECT_TRUE(item.accessible);
+    EXPECT_FALSE(item.exists);
+    EXPECT_EQ(item.path, folder / "Library/Logs");
+}
+
+TEST_F(CleanupCatalogTest, OfAPlaceThatIsRefusedNothingIsMeasuredOrNamed)
+{
+    files.kind = SystemKind::linuxSystem;
+    files.ownPlace = folder / "Documents";
+    folder.writeFile("Documents/thesis", 8192);
+    const CleanupItem item = CleanupCatalog::measure(definition("caches"), files);
+    EXPECT_TRUE(item.entries.empty());
+    EXPECT_TRUE(item.accessible);
+    EXPECT_EQ(item.path, "");
 }
 
 TEST_F(CleanupCatalogTest, AnOwnPlaceThatCannotBeListedIsNotAccessible)
 {
+    files.kind = SystemKind::linuxSystem;
     files.ownPlace = folder / "elsewhere/logs";
     folder.makeFolder("elsewhere/logs");
     files.unlistable = folder / "elsewhere/logs";

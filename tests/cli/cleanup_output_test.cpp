@@ -51,8 +51,9 @@ std::string table(const std::vector<CleanupItem> &items)
 
 TEST(CleanupJson, HasEveryFieldOfAnItemInTheGivenOrder)
 {
-    const std::vector<CleanupItem> items{
+    std::vector<CleanupItem> items{
         item("downloads", {{"/home/u/Downloads/a", 5'000}, {"/home/u/Downloads/caf\xE9", 3}}), closed("trash")};
+    items.front().path = "/home/u/Downloads";
 
     EXPECT_EQ(json::parse(writtenTo([&](Output &out) { writeCleanupJson(items, out); })),
               (json{{{"id", "downloads"},
@@ -61,6 +62,7 @@ TEST(CleanupJson, HasEveryFieldOfAnItemInTheGivenOrder)
                      {"risk", "review"},
                      {"group", "personal"},
                      {"relativePath", "Downloads"},
+                     {"path", "/home/u/Downloads"},
                      {"accessible", true},
                      {"total", 5'003},
                      {"entries",
@@ -74,6 +76,7 @@ TEST(CleanupJson, HasEveryFieldOfAnItemInTheGivenOrder)
                      {"risk", "safe"},
                      {"group", "system"},
                      {"relativePath", ".Trash"},
+                     {"path", nullptr},
                      {"accessible", false},
                      {"total", 0},
                      {"entries", json::array()}}}));

@@ -1,7 +1,9 @@
+#include <filesystem>
 #include <set>
 #include <string>
 
 #include "cli/cli_test.h"
+#include "platform/system_kind.h"
 
 namespace corvane {
 
@@ -11,6 +13,12 @@ using nlohmann::json;
 
 class CleanupCommandTest : public CliTest {
 protected:
+    /// Where this system keeps a user's caches, beneath the temporary folder.
+    static std::string cacheFolder()
+    {
+        return std::filesystem::exists(macSystemFile) ? "home/Library/Caches" : "home/.cache";
+    }
+
     static json item(const json &items, const std::string &id)
     {
         for (const json &one : items) {
@@ -25,7 +33,8 @@ protected:
 TEST_F(CleanupCommandTest, JsonHasAllEighteenLargestFirst)
 {
     REQUIRE_OWN_HOME();
-    m_folder.writeFile("home/Library/Caches/pip/wheel", 500'000);
+    const std::string wheel = cacheFolder() + "/pip/wheel";
+    m_folder.writeFile(wheel, 500'000);
     m_folder.writeFile("home/Downloads/film.mov", 2'000'000);
     m_folder.writeFile("home/Downloads/small", 5'000);
 
@@ -38,13 +47,14 @@ TEST_F(CleanupCommandTest, JsonHasAllEighteenLargestFirst)
         (json{{{"path", m_folder / "home/Downloads/film.mov"}, {"size", m_folder.allocated("home/Downloads/film.mov")}},
               {{"path", m_folder / "home/Downloads/small"}, {"size", m_folder.allocated("home/Downloads/small")}}}));
     EXPECT_EQ(items[1]["id"], "caches");
-    EXPECT_EQ(items[1]["total"], m_folder.allocated("home/Library/Caches/pip/wheel"));
+    EXPECT_EQ(items[1]["total"], m_folder.allocated(wheel));
+    EXPECT_EQ(items[1]["path"], m_folder / cacheFolder());
     EXPECT_EQ(items[2]["total"], 0);
     std::set<std::string> ids;
     for (const json &one : items) {
         ids.insert(one["id"]);
         EXPECT_EQ(one["accessible"], true);
-        EXPECT_EQ(one.size(), 9u);
+        EXPECT_EQ(one.size(), 10u);
     }
     EXPECT_EQ(ids.size(), 18u);
 }
@@ -65,7 +75,7 @@ TEST_F(CleanupCommandTest, AFolderThatCannotBeListedIsMarkedAndNoFailure)
 }
 
 #ifdef __linux__
-TEST_F(CleanupCommandTest, OnLinuxAMissingFolderIsMeasuredInTheSystemsOwnPlace)
+TEST_F(CleanupCommandTest, OnALinuxSystemItsOwnPlacesAreMeasuredWhateverTheHomeHolds)
 {
     m_folder.writeFile("home/.cache/pip/wheel", 500'000);
     m_folder.writeFile("data/Trash/files/film.mov", 400'000);
@@ -90,9 +100,22 @@ TEST_F(CleanupCommandTest, OnLinuxAMissingFolderIsMeasuredInTheSystemsOwnPlace)
         EXPECT_EQ(items[i]["entries"][0]["path"], m_folder / expected[i].second);
     }
     EXPECT_EQ(items[0]["relativePath"], "Library/Caches");
+    EXPECT_EQ(items[0]["path"], m_folder / "home/.cache");
 
-    m_folder.writeFile("home/Library/Caches/app/data", 10'000);
-    EXPECT_EQ(item(document({"cleanup"}), "caches")["entries"][0]["path"], m_folder / "home/Library/Caches/app");
+    m_folder.makeFolder("home/Library/Caches");
+    EXPECT_EQ(item(document({"cleanup"}), "caches")["entries"][0]["path"], m_folder / "home/.cache/pip");
+}
+
+TEST_F(CleanupCommandTest, AVariableOrALinkDoesNotMakeTheUsersFoldersACache)
+{
+    m_folder.writeFile("home/Documents/thesis", 500'000);
+    for (const std::string folder : {"home", "home/Documents"}) {
+        const json items = parsed(program({"cleanup", "--json"}).with("XDG_CACHE_HOME", m_folder / folder).run());
+        EXPECT_EQ(item(items, "caches")["entries"], json::array());
+        EXPECT_EQ(item(items, "caches")["path"], nullptr);
+    }
+    m_folder.link("home/.cache", "Documents");
+    EXPECT_EQ(item(document({"cleanup"}), "caches")["path"], nullptr);
 }
 #endif
 
@@ -112,9 +135,9 @@ TEST_F(CleanupCommandTest, TheTableNamesWhatHoldsSomething)
 TEST_F(CleanupCommandTest, NothingIsTouched)
 {
     REQUIRE_OWN_HOME();
-    m_folder.writeFile("home/Library/Caches/pip/wheel", 1'000);
+    m_folder.writeFile(cacheFolder() + "/pip/wheel", 1'000);
     EXPECT_EQ(run({"cleanup"}).exitStatus, 0);
-    EXPECT_TRUE(m_folder.has("home/Library/Caches/pip/wheel"));
+    EXPECT_TRUE(m_folder.has(cacheFolder() + "/pip/wheel"));
 }
 
 } // namespace

@@ -37,8 +37,8 @@ TEST_F(ScanCommandTest, JsonHasEveryFieldOfItsShape)
 
     const json scan = document({"scan", m_folder / "tree"});
 
-    const std::vector<std::string> expected{"allFiles", "bytes",   "cancelled", "devJunk",   "files",
-                                            "root",     "seconds", "types",     "unreadable"};
+    const std::vector<std::string> expected{"allFiles", "bytes", "cancelled", "denied", "devJunk",
+                                            "files",    "root",  "seconds",   "types",  "unreadable"};
     EXPECT_EQ(keys(scan), expected);
     const json &root = scan["root"];
     const std::vector<std::string> expectedOfNode{"children",       "fileCount", "kind", "modified",
@@ -376,7 +376,25 @@ TEST_F(ScanCommandTest, AnUnreadableFolderInsideIsNoFailure)
     const json scan = parsed(result, 0);
     EXPECT_EQ(scan["root"]["children"].size(), 1u);
     EXPECT_EQ(scan["unreadable"], 0);
+    EXPECT_EQ(scan["denied"], 1);
     EXPECT_EQ(result.errors, "");
+
+    const ProgramResult table = program({"scan", "tree"}).asOrdinaryUser().run();
+    EXPECT_NE(table.out.find("\n1 folder could not be opened\n"), std::string::npos) << table.out;
+}
+
+TEST_F(ScanCommandTest, WithTooFewOpenFilesItEndsWithOneLineAndNoFigures)
+{
+    m_folder.writeFile("tree/a/b/c/d/e/film.mov", 1'200'000);
+    for (const std::string command : {"scan", "map"}) {
+        const ProgramResult result =
+            program({command, "tree"}).through({"/bin/sh", "-c", "ulimit -n 6; exec \"$0\" \"$@\""}).run();
+        EXPECT_EQ(result.exitStatus, 1);
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.errors, "corvane-cli: cannot scan " + m_folder / "tree" +
+                                     ": too many files are open at once; close some programs, or raise the limit "
+                                     "(ulimit -n)\n");
+    }
 }
 
 TEST_F(ScanCommandTest, AReaderThatGoesAwayEndsTheOutputQuietly)

@@ -190,7 +190,7 @@ TEST(FolderScan, ACtrlCGivesThePartThatWasScanned)
     const Console console;
     EndlessFileSystem files;
 
-    const FolderScan scan = FolderScan::run("/endless", FolderScan::Extent::treeAndSummary, console, files);
+    const FolderScan scan = FolderScan::run("/endless", FolderScan::Extent::treeAndSummary, console, files).value();
 
     EXPECT_TRUE(scan.isCancelled);
     EXPECT_GE(scan.root->fileCount, 100);
@@ -218,7 +218,7 @@ TEST(FolderScan, AScanThatIsLeftAloneIsWhole)
     FakeFileSystem files;
     files.addFile("/tree/film.mov", 2'000'000);
 
-    const FolderScan scan = FolderScan::run("/tree", FolderScan::Extent::tree, console, files);
+    const FolderScan scan = FolderScan::run("/tree", FolderScan::Extent::tree, console, files).value();
 
     EXPECT_FALSE(scan.isCancelled);
     EXPECT_EQ(scan.unreadableReason, "");
@@ -233,7 +233,7 @@ TEST(FolderScan, AFolderThatCannotBeListedTellsWhy)
     files.addFile("/tree/film.mov", 2'000'000);
     files.failOpening("/tree");
 
-    const FolderScan scan = FolderScan::run("/tree", FolderScan::Extent::tree, console, files);
+    const FolderScan scan = FolderScan::run("/tree", FolderScan::Extent::tree, console, files).value();
 
     EXPECT_EQ(scan.unreadableReason, "Permission denied");
 }

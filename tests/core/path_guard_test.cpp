@@ -512,6 +512,7 @@ TEST(PathGuard, SettingsOpenAtTheirNewerAddressWhereTheFirstFails)
 TEST(FullDiskAccess, IsGrantedWhenTheProbeFileOpens)
 {
     FakeHost fake;
+    fake.files.setSystemKind(SystemKind::mac);
     const std::string probe = PathGuard::accessProbePath(home);
     EXPECT_EQ(probe, "/Users/me/Library/Application Support/com.apple.TCC/TCC.db");
     fake.files.addFolder("/Users/me/Library");
@@ -522,20 +523,22 @@ TEST(FullDiskAccess, IsGrantedWhenTheProbeFileOpens)
     EXPECT_FALSE(PathGuard::probeFullDiskAccess(fake.files));
 }
 
-TEST(FullDiskAccess, OfAHomeWithoutALibraryIsThatItOpensForReading)
+TEST(FullDiskAccess, OfALinuxSystemIsThatTheHomeOpensForReading)
 {
     FakeHost fake;
     fake.files.setHome("/home/u");
     EXPECT_TRUE(PathGuard::probeFullDiskAccess(fake.files));
     EXPECT_TRUE(fake.log->linesStartingWith("list").empty()) << "a large home takes its time";
+    fake.files.addFolder("/home/u/Library"); // a stray one
+    EXPECT_TRUE(PathGuard::probeFullDiskAccess(fake.files));
     fake.files.failOpening("/home/u");
     EXPECT_FALSE(PathGuard::probeFullDiskAccess(fake.files));
 }
 
-TEST(FullDiskAccess, IsMissingWhereTheHomeCannotBeOpened)
+TEST(FullDiskAccess, OfAMacIsMissingWhereTheHomeHasNoLibrary)
 {
     FakeHost fake;
-    fake.files.failOpening(home);
+    fake.files.setSystemKind(SystemKind::mac);
     EXPECT_FALSE(PathGuard::probeFullDiskAccess(fake.files));
 }
 

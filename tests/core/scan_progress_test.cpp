@@ -63,6 +63,17 @@ TEST(ScanProgress, RecordsOfSeveralThreadsAreAllCounted)
     EXPECT_EQ(progress.counters().bytes, threadCount * records * 10);
 }
 
+TEST(ScanProgress, TheFirstFailureCountsAndEndsTheWalkWithoutCancellingIt)
+{
+    ScanProgress progress;
+    EXPECT_FALSE(progress.shouldStop());
+    progress.fail(Error{"open", "/a", std::make_error_code(std::errc::too_many_files_open), {}});
+    progress.fail(Error{"open", "/b", std::make_error_code(std::errc::io_error), {}});
+    EXPECT_EQ(progress.failure()->path, "/a");
+    EXPECT_TRUE(progress.shouldStop());
+    EXPECT_FALSE(progress.isCancelled());
+}
+
 TEST(ScanProgressDeathTest, CounterOverflowStopsTheProgram)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");

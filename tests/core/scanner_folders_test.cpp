@@ -302,6 +302,17 @@ TEST_F(DeepFolderTest, IsWalkedWholeWhereFileNumbersAreScarce)
     expectIsWhole(*root);
 }
 
+TEST_F(DeepFolderTest, IsNotShownInPartWhereNoFileNumberIsLeft)
+{
+    (void)systemHost(); // raises the limit once
+    {
+        const FewOpenFiles limit(1);
+        (void)Scanner::scan(temporary.path(), progress);
+    }
+    ASSERT_NE(progress.failure(), std::nullopt);
+    EXPECT_EQ(progress.failure()->code, std::errc::too_many_files_open);
+}
+
 TEST_F(DeepFolderTest, IsWalkedWholeOnAThreadWithASmallStack)
 {
     pthread_attr_t attributes;

@@ -4,13 +4,17 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <iterator>
+#include <limits>
 #include <mutex>
 #include <thread>
 
 #include <gmock/gmock.h>
 
+#include "core/foreign_sum.h"
 #include "platform/fake_file_system.h"
+#include "platform/held_folder.h"
 #include "platform/protected_places.h"
 
 namespace corvane {
@@ -296,6 +300,7 @@ TEST_F(ScannerTest, ARootThatIsALinkIsFollowed)
 
 TEST_F(ScannerTest, WholeDiskNeverEntersOtherVolumesNorWhatIsNoDiskSpace)
 {
+    files.setSystemKind(SystemKind::mac);
     std::vector<std::string> skipped{"/System/Volumes", "/Volumes",        "/dev",  "/net",
                                      "/home",           "/private/var/vm", "/cores"};
     std::ranges::copy(systemVirtualFolders(), std::back_inserter(skipped));
@@ -318,14 +323,154 @@ TEST_F(ScannerTest, WholeDiskNeverEntersOtherVolumesNorWhatIsNoDiskSpace)
         EXPECT_EQ(at(root, folder.substr(1))->path(), folder);
 }
 
+TEST_F(ScannerTest, FoldersThatCouldNotBeOpenedAreCounted)
+{
+    files.addFile("/r/open/file", 10);
+    for (const char *folder : {"/r/a", "/r/b/a", "/r/b/c/a", "/r/b/c/d/a"}) {
+        files.addFile(std::string(folder) + "/file", 2'000'000);
+        files.failOpening(folder);
+    }
+    files.addFile("/r/b/listing/file", 1);
+    files.failListing("/r/b/listing");
+    files.addFile("/r/b/c/d/listing/file", 1);
+    files.failListing("/r/b/c/d/listing");
+    files.addFile("/r/gone/file", 1);
+    files.makeVanish("/r/gone");
+    EXPECT_EQ(scan()->size, 10);
+    EXPECT_EQ(progress.counters().denied, 6);
+    EXPECT_EQ(progress.failure(), std::nullopt);
+}
+
+TEST_F(ScannerTest, AnUnreadableRootIsNotOneOfTheFoldersInside)
+{
+    files.addFile("/r/file", 1);
+    files.failOpening("/r");
+    EXPECT_TRUE(scan()->unreadable);
+    EXPECT_EQ(progress.counters().denied, 0);
+}
+
+TEST_F(ScannerTest, ASizeThatNoFileCanHaveCountsAsNone)
+{
+    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
+    files.addFile("/r/a", largest);
+    files.addFile("/r/b", -5);
+    files.addFile("/r/c", 2'000'000);
+    files.addFile("/r/d/e/f/g", largest);
+    const auto root = scan();
+    EXPECT_EQ(root->size, 2'000'000);
+    EXPECT_EQ(root->fileCount, 4);
+    EXPECT_EQ(root->smallFilesCount, 2);
+}
+
+TEST_F(ScannerTest, AFolderWhoseFiguresCannotBeAddedUpCountsAsUnreadable)
+{
+    for (const char *folder : {"/r/a", "/r/b", "/r/c/c/c"}) {
+        files.addFile(std::string(folder) + "/file", foreignSumLimit / 2);
+        files.addFile(std::string(folder) + "/rest", foreignSumLimit / 4);
+    }
+    const auto root = scan();
+    EXPECT_EQ(root->size, foreignSumLimit / 4 * 3);
+    EXPECT_EQ(root->children.size(), 1U);
+    EXPECT_EQ(progress.counters().denied, 2);
+    EXPECT_EQ(progress.counters().bytes, root->size);
+}
+
+/// A file system of one folder that a test makes up while it is listed.
+class MadeUpFolder final : public FileSystem {
+public:
+    using Next = std::function<DirectoryEntry(std::uint64_t number)>;
+    explicit MadeUpFolder(Next next) : m_next(std::move(next)) {}
+
+    Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &) override
+    {
+        return std::make_unique<Endless>(m_next);
+    }
+    Expected<ItemFacts> facts(const std::string &) override { return ItemFacts{.type = EntryType::directory}; }
+    bool exists(const std::string &) override { return false; }
+    bool canOpen(const std::string &) override { return false; }
+    Expected<std::string> realPath(const std::string &path) override { return path; }
+    Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override
+    {
+        return tl::unexpected(Error{"open", path, std::make_error_code(std::errc::permission_denied), {}});
+    }
+    Expected<std::vector<std::string>> mountPoints() override { return std::vector<std::string>{"/"}; }
+    std::string homeFolder() override { return "/home"; }
+
+private:
+    class Endless final : public OpenFolder {
+    public:
+        explicit Endless(const Next &next) : m_next(next) {}
+        Expected<void> list(const EntrySink &sink) override
+        {
+            for (std::uint64_t number = 0; sink(m_next(number)) == Listing::goOn; ++number) {}
+            return tl::unexpected(Error{"list", {}, std::make_error_code(std::errc::operation_canceled), {}});
+        }
+        Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override
+        {
+            return tl::unexpected(Error{"open", name, std::make_error_code(std::errc::permission_denied), {}});
+        }
+        Expected<std::unique_ptr<OpenFolder>> openParent() override { return openChild(".."); }
+        FolderIdentity identity() const override { return {}; }
+        Time modified() const override { return distantPast; }
+
+    private:
+        const Next &m_next;
+    };
+
+    const Next m_next;
+};
+
+TEST(EndlessListing, NoticesAStop)
+{
+    ScanProgress progress;
+    MadeUpFolder endless([&](std::uint64_t number) {
+        if (number == 100'000)
+            progress.cancel();
+        return DirectoryEntry{.name = "file", .type = EntryType::file, .allocated = 4096};
+    });
+    const auto root = Scanner::scan("/endless", progress, endless);
+    EXPECT_EQ(root->size, 0) << "what is not listed to its end is not counted";
+    EXPECT_FALSE(root->unreadable);
+}
+
+TEST(EndlessListing, OfFoldersEndsAsUnreadable)
+{
+    std::uint64_t last = 0;
+    MadeUpFolder endless([&](std::uint64_t number) {
+        last = number;
+        return DirectoryEntry{.name = "folder", .type = EntryType::directory};
+    });
+    ScanProgress progress;
+    EXPECT_TRUE(Scanner::scan("/endless", progress, endless)->unreadable);
+    EXPECT_EQ(last, Scanner::keptEntriesLimit);
+    EXPECT_FALSE(progress.isCancelled());
+}
+
+TEST(ScannerFailure, WithoutAFileNumberLeftTheScanEndsWithAnError)
+{
+    for (const char *folder : {"/r", "/r/a", "/r/a/b", "/r/a/b/c"}) {
+        FakeFileSystem files;
+        files.addFile("/r/a/b/c/file", 10);
+        files.failOpening(folder, std::errc::too_many_files_open);
+        ScanProgress progress;
+        (void)Scanner::scan("/r", progress, files);
+        ASSERT_NE(progress.failure(), std::nullopt) << folder;
+        EXPECT_EQ(progress.failure()->code, std::errc::too_many_files_open);
+        EXPECT_EQ(progress.counters().denied, 0);
+        EXPECT_FALSE(progress.isCancelled());
+    }
+}
+
 TEST_F(ScannerTest, AFileWithASkippedFoldersNameIsCounted)
 {
+    files.setSystemKind(SystemKind::mac);
     files.addFile("/cores", 2'000'000);
     EXPECT_THAT(childrenOf(*scan("/")), ElementsAre(std::pair("cores", 2'000'000)));
 }
 
 TEST_F(ScannerTest, ASkippedFolderCanBeTheRoot)
 {
+    files.setSystemKind(SystemKind::mac);
     files.addFile("/Volumes/Disk/file", 2'000'000);
     EXPECT_EQ(scan("/Volumes")->size, 2'000'000);
     EXPECT_EQ(scan("/Volumes/Disk")->size, 2'000'000);

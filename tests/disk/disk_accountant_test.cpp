@@ -262,11 +262,48 @@ TEST_F(DiskAccountantTest, ScannedAndMeasuredFoldersTogetherMakeTheOvercount)
     EXPECT_EQ(find(compute(), Kind::hidden), nullptr);
 }
 
-TEST_F(DiskAccountantTest, AnOverflowEndsTheProgram)
+TEST_F(DiskAccountantTest, AnOverflowOfOurOwnSumsEndsTheProgram)
 {
-    container =
-        APFSContainerInfo{0, 0, {{"A", {"Data"}, std::numeric_limits<std::int64_t>::max()}, {"B", {"Data"}, 1}}};
+    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
+    sizes = {{"/Library", largest}, {"/opt", largest}};
     EXPECT_DEATH((void)compute(), "");
+}
+
+TEST_F(DiskAccountantTest, ALayoutWhoseFiguresCannotBeAddedUpCountsAsUnreadable)
+{
+    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t smallest = std::numeric_limits<std::int64_t>::min();
+    const DiskBreakdown expected = compute();
+    ASSERT_FALSE(expected.fromAPFS);
+    const std::vector<APFSVolumeInfo> system{{"S", {"System"}, gb}};
+    for (const APFSContainerInfo &absurd : std::vector<APFSContainerInfo>{
+             {10 * gb, gb, {{"A", {"Data"}, largest}, {"B", {"Data"}, 1}}},
+             {10 * gb, gb, {{"A", {"Preboot"}, largest}, {"B", {"Recovery"}, largest}}},
+             {10 * gb, gb, {{"A", {"VM"}, largest / 2}, {"B", {}, largest / 2}, {"C", {"Data"}, largest / 2}}},
+             {10 * gb, gb, {{"A", {"Data"}, -1}}},
+             {10 * gb, gb, {{"A", {"Data"}, smallest}}},
+             {largest, gb, system},
+             {smallest, gb, system},
+             {10 * gb, -1, system},
+             {10 * gb, largest, system},
+         }) {
+        container = absurd;
+        EXPECT_EQ(compute(), expected) << absurd.ceiling << ' ' << absurd.free << ' ' << absurd.volumes.front().used;
+    }
+}
+
+TEST_F(DiskAccountantTest, AVolumeWhoseFiguresAreNoSizesCountsAsUnreadable)
+{
+    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
+    volume = {"Disk", std::nullopt, std::nullopt, std::nullopt};
+    const DiskBreakdown expected = compute();
+    for (const VolumeFacts &absurd : std::vector<VolumeFacts>{{"Disk", largest, -largest, std::nullopt},
+                                                              {"Disk", -1, 0, std::nullopt},
+                                                              {"Disk", 10 * gb, gb, largest},
+                                                              {"Disk", 10 * gb, -gb, gb}}) {
+        volume = absurd;
+        EXPECT_EQ(compute(), expected);
+    }
 }
 
 TEST_F(DiskAccountantTest, SupportVolumesWithoutBytesMakeNoSegment)

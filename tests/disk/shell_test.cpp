@@ -1,7 +1,9 @@
 #include "disk/shell.h"
 
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <future>
 #include <string>
 #include <thread>
@@ -9,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/process_runner.h"
 #include "support/temporary_folder.h"
 
 namespace corvane {
@@ -22,6 +25,12 @@ protected:
         folder.writeText("tool", "#!/bin/sh\n" + body + "\n");
         std::filesystem::permissions(path, std::filesystem::perms::owner_all);
         return path;
+    }
+
+    static bool isZombie(int pid)
+    {
+        const std::string state = Shell::run("/bin/ps", {"-o", "state=", "-p", std::to_string(pid)}).value_or("");
+        return state.starts_with('Z');
     }
 
     TemporaryFolder folder;
@@ -66,11 +75,11 @@ TEST_F(ShellTest, AChildThatFillsStandardErrorDoesNotBlock)
     EXPECT_EQ(output, "done\n");
 }
 
-TEST_F(ShellTest, OutputOfOneHundredMegabytesArrivesWhole)
+TEST_F(ShellTest, OutputOfSixtyMegabytesArrivesWhole)
 {
-    const auto output = Shell::run(script("head -c 100000000 /dev/zero"), {});
+    const auto output = Shell::run(script("head -c 60000000 /dev/zero"), {});
     ASSERT_TRUE(output);
-    EXPECT_EQ(output->size(), 100'000'000u);
+    EXPECT_EQ(output->size(), 60'000'000u);
 }
 
 TEST_F(ShellTest, AChildThatClosesItsOutputEarlyIsWaitedFor)
@@ -137,6 +146,30 @@ TEST_F(ShellTest, OnceStoppedTheToolIsEnded)
         stop = true;
         EXPECT_EQ(run.get(), std::nullopt) << body;
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << body;
+    }
+}
+
+TEST_F(ShellTest, AToolThatPrintsMoreThanSixtyFourMegabytesHasFailed)
+{
+    EXPECT_EQ(Shell::run(script("yes"), {}), std::nullopt); // prints without end
+    EXPECT_EQ(Shell::run(script("head -c 64000001 /dev/zero"), {}), std::nullopt);
+}
+
+TEST_F(ShellTest, AToolThatDoesNotEndInTimeIsEndedWithWhatItStartedAndHasFailed)
+{
+    const ProcessLimits limits{.time = std::chrono::milliseconds(300)};
+    const std::string started = folder.path() + "/started";
+    for (const char *const body :
+         {"sleep 60 & echo $! > started; wait", "exec >&- 2>&-; sleep 60 & echo $! > started; wait"}) {
+        const auto output = runProcess(script("cd " + folder.path() + "\n" + body), {}, neverStopped, limits);
+        ASSERT_FALSE(output) << body;
+        int pid = 0;
+        std::ifstream(started) >> pid;
+        ASSERT_GT(pid, 0) << body;
+        // Ended, though perhaps not yet waited for by the system.
+        for (int i = 0; i < 1'000 && ::kill(pid, 0) == 0 && !isZombie(pid); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        EXPECT_TRUE(::kill(pid, 0) != 0 || isZombie(pid)) << body;
     }
 }
 

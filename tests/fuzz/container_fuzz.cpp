@@ -1,15 +1,46 @@
-// What a disk tool prints, as containers: whatever the bytes are, the answer is a list or nothing.
+// What a disk tool prints, as containers: whatever the bytes are, the answer is a list or nothing, and a breakdown can
+// be made of it.
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "disk/apfs_container_info.h"
+#include "disk/disk_accountant.h"
 #include "fuzz/expect.h"
 
 using corvane::APFSContainerInfo;
+
+namespace {
+
+void checkBreakdown(const APFSContainerInfo &container, const corvane::VolumeFacts &volume)
+{
+    using corvane::DiskAccountant;
+    constexpr std::int64_t scannedSize = 5'000'000'000;
+    DiskAccountant::Sources sources;
+    sources.volume = [&] { return volume; };
+    sources.container = [&](std::int64_t) { return container; };
+    sources.snapshots = [] { return std::vector<corvane::LocalSnapshot>(); };
+    sources.exists = [](const std::string &) { return true; };
+    sources.measure = [](const std::string &, const std::optional<std::string> &) {
+        return DiskAccountant::Measurement{60'000'000, {}};
+    };
+    sources.home = "/Users/u";
+    corvane::ScanContext scan;
+    scan.rootPath = "/Users/u";
+    scan.rootSize = scannedSize;
+    const corvane::DiskBreakdown breakdown = DiskAccountant::compute(scan, sources);
+    corvane::fuzz::expect(breakdown.total >= 0 && breakdown.free >= 0 && breakdown.purgeable >= 0);
+    for (const corvane::BreakdownSegment &segment : breakdown.segments)
+        corvane::fuzz::expect(segment.size >= 0);
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
@@ -23,7 +54,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         const auto chosen = APFSContainerInfo::choose(*containers, total);
         corvane::fuzz::expect(!chosen || std::ranges::find(*containers, *chosen) != containers->end());
     }
-    for (const APFSContainerInfo &container : *containers)
+    for (const APFSContainerInfo &container : *containers) {
         corvane::fuzz::expect(APFSContainerInfo::choose(*containers, container.ceiling).has_value());
+        // The volume's figures are foreign as well, so the tool's serve for them once more.
+        for (const std::optional<std::int64_t> figure : {std::optional<std::int64_t>(), std::optional(container.free)})
+            checkBreakdown(container, {"Disk", container.ceiling, figure, figure});
+    }
     return 0;
 }

@@ -1,17 +1,23 @@
-// What the snapshot tool prints: whatever the bytes are, the answer is a list of names as they stand there.
+// What the snapshot tool prints: whatever the bytes are, the answer is a list of names as they stand there, and a
+// breakdown can be made with it.
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
+#include "disk/disk_accountant.h"
 #include "disk/local_snapshot.h"
 #include "fuzz/expect.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const std::string_view listing(reinterpret_cast<const char *>(data), size);
+    const std::vector<corvane::LocalSnapshot> snapshots = corvane::LocalSnapshot::parse(listing);
     std::size_t position = 0;
-    for (const corvane::LocalSnapshot &snapshot : corvane::LocalSnapshot::parse(listing)) {
+    for (const corvane::LocalSnapshot &snapshot : snapshots) {
         corvane::fuzz::expect(snapshot.name.starts_with("com.apple"));
         corvane::fuzz::expect(snapshot.name.find('\n') == std::string::npos);
         corvane::fuzz::expect(snapshot.name.back() != ' ' && snapshot.name.back() != '\t');
@@ -20,5 +26,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         corvane::fuzz::expect(found != std::string_view::npos);
         position = found + snapshot.name.size();
     }
+
+    corvane::DiskAccountant::Sources sources;
+    sources.volume = [] { return corvane::VolumeFacts{"Disk", 900'000'000'000, 100'000'000'000, 200'000'000'000}; };
+    sources.container = [](std::int64_t) { return std::nullopt; };
+    sources.snapshots = [&] { return snapshots; };
+    sources.exists = [](const std::string &) { return false; };
+    sources.home = "/Users/u";
+    corvane::fuzz::expect(corvane::DiskAccountant::compute({}, sources).snapshots == snapshots);
     return 0;
 }

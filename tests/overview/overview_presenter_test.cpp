@@ -86,7 +86,7 @@ TEST_F(OverviewPresenterTest, AVolumeThatTellsNothingIsNotFull)
 TEST_F(OverviewPresenterTest, TheBannerIsThereWithoutAccess)
 {
     EXPECT_FALSE(presenter.needsAccess());
-    addFile("Library/x", 5'000); // a home with a Library is read as a Mac's, whose probe file cannot be opened
+    fake.files.setSystemKind(SystemKind::mac); // whose probe file cannot be opened
     scanHome();
     EXPECT_TRUE(presenter.needsAccess());
     presenter.openAccessSettings();
@@ -95,6 +95,19 @@ TEST_F(OverviewPresenterTest, TheBannerIsThereWithoutAccess)
 }
 
 // --- The scan's figures
+
+TEST_F(OverviewPresenterTest, FoldersThatCouldNotBeOpenedAreSaidBesideTheFigures)
+{
+    addFile("Movies/a.mov", 5'000'000);
+    addFile("closed/b.mov", 3'500'000);
+    fake.files.failOpening(fake.files.homeFolder() + "/closed");
+    scanHome();
+    EXPECT_EQ(presenter.scannedFigures(), QStringLiteral("1 file · 5 MB · 1 folder could not be opened"));
+    addFile("other/b.mov", 3'500'000);
+    fake.files.failOpening(fake.files.homeFolder() + "/other");
+    scanHome();
+    EXPECT_EQ(presenter.scannedFigures(), QStringLiteral("1 file · 5 MB · 2 folders could not be opened"));
+}
 
 TEST_F(OverviewPresenterTest, TheScanSaysWhatItCountedAndHowLongItTook)
 {

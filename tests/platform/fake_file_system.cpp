@@ -100,7 +100,8 @@ public:
             rows.resize(std::min(rows.size(), trouble->entries));
         for (Row &row : rows) {
             row.entry.name = row.name;
-            sink(row.entry);
+            if (sink(row.entry) == Listing::stop)
+                return failure("list", path(), std::errc::operation_canceled);
         }
         if (trouble)
             return failure("list", path(), trouble->code);
@@ -321,6 +322,55 @@ void FakeFileSystem::setHome(const std::string &path)
     const std::lock_guard lock(m_mutex);
     makeFolders(path);
     m_home = path;
+}
+
+void FakeFileSystem::setSystemKind(SystemKind kind)
+{
+    const std::lock_guard lock(m_mutex);
+    m_kind = kind;
+}
+
+void FakeFileSystem::addMount(MountedFolder mount)
+{
+    const std::lock_guard lock(m_mutex);
+    m_mounts.push_back(std::move(mount));
+}
+
+void FakeFileSystem::setUserFolders(std::vector<std::string> folders)
+{
+    const std::lock_guard lock(m_mutex);
+    m_userFolders = std::move(folders);
+}
+
+void FakeFileSystem::setOwnPlace(const std::string &macPlace, OwnPlace place)
+{
+    const std::lock_guard lock(m_mutex);
+    m_ownPlaces[macPlace] = std::move(place);
+}
+
+SystemKind FakeFileSystem::systemKind()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_kind;
+}
+
+std::vector<MountedFolder> FakeFileSystem::mounts()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_mounts;
+}
+
+std::optional<OwnPlace> FakeFileSystem::ownPlaceFor(std::string_view macPlace)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto found = m_ownPlaces.find(macPlace);
+    return found == m_ownPlaces.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::vector<std::string> FakeFileSystem::userFolders()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_userFolders;
 }
 
 void FakeFileSystem::setPackageExtensions(std::set<std::string> extensions)

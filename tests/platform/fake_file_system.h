@@ -58,6 +58,11 @@ public:
     [[nodiscard]] bool has(const std::string &path) const;
 
     void setHome(const std::string &path);
+    /// A Linux system of which no mounts are known unless the test says otherwise.
+    void setSystemKind(SystemKind kind);
+    void addMount(MountedFolder mount);
+    void setUserFolders(std::vector<std::string> folders);
+    void setOwnPlace(const std::string &macPlace, OwnPlace place);
     void setPackageExtensions(std::set<std::string> extensions);
 
     // --- Trouble ----------------------------------------------------------------------------------------
@@ -89,6 +94,10 @@ public:
     [[nodiscard]] Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override;
     [[nodiscard]] Expected<std::vector<std::string>> mountPoints() override;
     [[nodiscard]] std::string homeFolder() override;
+    [[nodiscard]] SystemKind systemKind() override;
+    [[nodiscard]] std::vector<MountedFolder> mounts() override;
+    [[nodiscard]] std::optional<OwnPlace> ownPlaceFor(std::string_view macPlace) override;
+    [[nodiscard]] std::vector<std::string> userFolders() override;
 
 private:
     struct Item;
@@ -119,6 +128,10 @@ private:
     std::set<std::string> m_packageExtensions;
     std::optional<std::vector<std::string>> m_mountPoints{{"/"}};
     std::uint64_t m_lastInode = 1;
+    SystemKind m_kind = SystemKind::linuxSystem;
+    std::vector<MountedFolder> m_mounts;
+    std::vector<std::string> m_userFolders;
+    std::map<std::string, OwnPlace, std::less<>> m_ownPlaces;
 };
 
 } // namespace corvane

@@ -277,7 +277,10 @@ std::string CleanupListModel::pathOf(const CleanupRow &row) const
         return row.entry.path;
     if (row.kind == Kind::artifact)
         return row.artifact.node->path();
-    return row.def != nullptr && m_store ? CleanupCatalog::folder(*row.def, m_store->host().files) : std::string();
+    if (row.def == nullptr || !m_store)
+        return {};
+    const auto item = std::ranges::find(m_store->cleanupItems(), row.def, &CleanupItem::def);
+    return item == m_store->cleanupItems().end() ? std::string() : item->path;
 }
 
 std::int64_t CleanupListModel::sizeOf(const CleanupRow &row) const

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QMetaObject>
 
+#include "core/scan_words.h"
 #include "core/scanner.h"
 #include "disk/disk_accountant.h"
 
@@ -111,7 +112,7 @@ StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations
     : QObject(parent),
       m_host(host),
       m_locations(locations),
-      m_volume(VolumeInfo::current(host.volumes)),
+      m_volume(VolumeInfo::current(host)),
       m_lateFailures(std::make_shared<LateFailures>(this))
 {
     m_pool.setMaxThreadCount(poolThreads);
@@ -171,7 +172,7 @@ void StorageStore::probeAccess()
 
 void StorageStore::refreshVolume()
 {
-    VolumeInfo volume = VolumeInfo::current(m_host.volumes);
+    VolumeInfo volume = VolumeInfo::current(m_host);
     if (volume == m_volume)
         return;
     m_volume = std::move(volume);
@@ -267,6 +268,7 @@ void StorageStore::clearScan()
     discarded->index = std::exchange(m_index, PathIndex());
     m_typeBreakdown.clear();
     m_unreadableCount = 0;
+    m_deniedCount = 0;
     m_scannedFiles = 0;
     m_scannedBytes = 0;
     m_currentPath.clear();
@@ -319,6 +321,13 @@ void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::sha
         return;
     }
     m_timer.stop();
+    if (const std::optional<Error> failure = token->failure()) {
+        showToast("Can't scan " + nameOf(m_lastScanPath) + ": " + scanFailureText(*failure), true);
+        discard(std::move(result));
+        clearScan();
+        setPhase(Phase::idle);
+        return;
+    }
     if (isGone(result->root->path(), result->removedMeanwhile)) {
         discard(std::move(result));
         clearScan();
@@ -332,6 +341,7 @@ void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::sha
     m_allFiles = std::move(result->summary.allFiles);
     m_devJunk = std::move(result->summary.devJunk);
     m_unreadableCount = result->summary.unreadableCount;
+    m_deniedCount = token->counters().denied;
     m_typeBreakdown = std::move(result->types);
     m_scanIsPartial = token->isCancelled();
     ++m_revision;

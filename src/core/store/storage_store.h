@@ -90,6 +90,8 @@ public:
     [[nodiscard]] const VolumeInfo &volume() const { return m_volume; } // volumeChanged
     [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
     [[nodiscard]] std::int64_t unreadableCount() const { return m_unreadableCount; }
+    /// Folders below the scanned one that could not be opened; they are not in the tree.
+    [[nodiscard]] std::int64_t deniedCount() const { return m_deniedCount; }                    // treeChanged
     [[nodiscard]] const std::optional<DiskBreakdown> &breakdown() const { return m_breakdown; } // breakdownChanged
     [[nodiscard]] bool breakdownLoading() const { return m_breakdownLoading; }                  // breakdownChanged
     /// The measured catalogue, largest total first; empty until it has been measured once.
@@ -199,7 +201,7 @@ public:
 signals:
     void sidebarChanged();
     void phaseChanged();
-    void treeChanged(); ///< root, allFiles, typeBreakdown, devJunk, unreadableCount, scanDuration
+    void treeChanged(); ///< root, allFiles, typeBreakdown, devJunk, unreadableCount, deniedCount, scanDuration
     void currentFolderChanged();
     void progressChanged();
     void revisionChanged(); ///< the installed tree itself has changed
@@ -259,6 +261,7 @@ private:
     VolumeInfo m_volume;
     bool m_hasFullDiskAccess = false;
     std::int64_t m_unreadableCount = 0;
+    std::int64_t m_deniedCount = 0;
     std::optional<DiskBreakdown> m_breakdown;
     bool m_breakdownLoading = false;
     std::vector<CleanupItem> m_cleanupItems;

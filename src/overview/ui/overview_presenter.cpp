@@ -9,6 +9,7 @@
 #include "cleanup/ui/cleanup_words.h"
 #include "core/byte_count.h"
 #include "core/checked_add.h"
+#include "core/scan_words.h"
 #include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 #include "map/treemap_builder.h"
@@ -214,7 +215,12 @@ QString OverviewPresenter::scannedLine() const
 
 QString OverviewPresenter::scannedFigures() const
 {
-    return hasScan() ? filesText(root()->fileCount) + QStringLiteral(" · ") + sizeText(root()->size) : QString();
+    if (!hasScan())
+        return {};
+    QString text = filesText(root()->fileCount) + QStringLiteral(" · ") + sizeText(root()->size);
+    if (const std::int64_t denied = m_store->deniedCount(); denied > 0)
+        text += QStringLiteral(" · ") + QString::fromStdString(deniedText(denied));
+    return text;
 }
 
 QString OverviewPresenter::largeFiles() const

@@ -1,5 +1,6 @@
 #include "platform/linux/linux_file_system.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <string_view>
@@ -13,6 +14,7 @@
 #include "platform/linux/linux_places.h"
 #include "platform/linux/long_path.h"
 #include "platform/linux/mount_points.h"
+#include "platform/linux/mount_table.h"
 #include "platform/linux/real_path.h"
 #include "platform/linux/stat_facts.h"
 #include "platform/path.h"
@@ -103,7 +105,25 @@ std::string LinuxFileSystem::homeFolder()
     return withoutDots(home);
 }
 
-std::optional<std::string> LinuxFileSystem::ownPlaceFor(std::string_view macPlace)
+std::vector<MountedFolder> LinuxFileSystem::mounts()
+{
+    std::vector<MountedFolder> visible;
+    for (MountedFolder &mount : readMountTable()) {
+        // What was mounted on the same folder before lies hidden beneath it.
+        const auto hidden = std::ranges::find(visible, mount.path, &MountedFolder::path);
+        if (hidden != visible.end())
+            visible.erase(hidden);
+        visible.push_back(std::move(mount));
+    }
+    return visible;
+}
+
+std::vector<std::string> LinuxFileSystem::userFolders()
+{
+    return linuxUserFolders(homeFolder());
+}
+
+std::optional<OwnPlace> LinuxFileSystem::ownPlaceFor(std::string_view macPlace)
 {
     return linuxPlaceFor(macPlace, homeFolder());
 }

@@ -96,13 +96,15 @@ Expected<void> LinuxOpenFolder::list(const EntrySink &sink)
         while (position < end) {
             const auto *entry = reinterpret_cast<const dirent64 *>(position);
             position += entry->d_reclen;
-            if (!isDots(entry->d_name))
-                deliver(entry->d_name, entry->d_type, sink);
+            if (!isDots(entry->d_name) && deliver(entry->d_name, entry->d_type, sink) == Listing::stop) {
+                errno = ECANCELED;
+                return failure("list", "");
+            }
         }
     }
 }
 
-void LinuxOpenFolder::deliver(const char *name, unsigned char type, const EntrySink &sink) const
+Listing LinuxOpenFolder::deliver(const char *name, unsigned char type, const EntrySink &sink) const
 {
     DirectoryEntry entry{.name = name};
     // What the listing itself says of a link or a folder is all that is asked of it; some file systems say
@@ -120,11 +122,11 @@ void LinuxOpenFolder::deliver(const char *name, unsigned char type, const EntryS
                 entry.modified = modificationTime(facts);
             }
         } else if (errno == ENOENT) {
-            return;
+            return Listing::goOn;
         }
     }
     entry.isPackage = entry.type == EntryType::directory && isKnownPackageExtension(nameExtension(entry.name));
-    sink(entry);
+    return sink(entry);
 }
 
 Expected<std::unique_ptr<OpenFolder>> LinuxOpenFolder::openChild(const std::string &name)

@@ -33,7 +33,7 @@ private:
     explicit LinuxOpenFolder(FileDescriptor descriptor) : m_descriptor(std::move(descriptor)) {}
 
     [[nodiscard]] const Facts &facts() const;
-    void deliver(const char *name, unsigned char type, const EntrySink &sink) const;
+    [[nodiscard]] Listing deliver(const char *name, unsigned char type, const EntrySink &sink) const;
 
     FileDescriptor m_descriptor;
     mutable std::optional<Facts> m_facts; // asked for at first need

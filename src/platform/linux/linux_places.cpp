@@ -49,63 +49,97 @@ std::optional<std::string> unquoted(std::string_view text)
     return value;
 }
 
-/// The folder that one line of the user's folders names for downloads.
-std::optional<std::string> downloadFolderIn(std::string_view line, const std::string &home)
+struct UserFolder {
+    std::string key; ///< "XDG_DOWNLOAD_DIR" and the like
+    std::string path;
+};
+
+/// What one line of the user's list of folders says.
+std::optional<UserFolder> userFolderIn(std::string_view line, const std::string &home)
 {
-    constexpr std::string_view key = "XDG_DOWNLOAD_DIR=";
+    constexpr std::string_view prefix = "XDG_";
+    constexpr std::string_view suffix = "_DIR";
     constexpr std::string_view homeMark = "$HOME";
 
     line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-    if (!line.starts_with(key))
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos)
         return std::nullopt;
-    const std::optional<std::string> value = unquoted(line.substr(key.size()));
+    const std::string_view key = line.substr(0, equals);
+    if (!key.starts_with(prefix) || !key.ends_with(suffix))
+        return std::nullopt;
+    const std::optional<std::string> value = unquoted(line.substr(equals + 1));
     if (!value)
         return std::nullopt;
     if (value->starts_with('/'))
-        return withoutDots(*value);
+        return UserFolder{std::string(key), withoutDots(*value)};
     if (value->starts_with(homeMark) && (value->size() == homeMark.size() || (*value)[homeMark.size()] == '/'))
-        return withoutDots(home + value->substr(homeMark.size()));
+        return UserFolder{std::string(key), withoutDots(home + value->substr(homeMark.size()))};
     return std::nullopt;
+}
+
+/// In the order of the file; a later line replaces an earlier one of the same key.
+std::vector<UserFolder> readUserFolders(const std::string &home)
+{
+    std::ifstream file(joined(baseFolder("XDG_CONFIG_HOME", ".config", home), "user-dirs.dirs"), std::ios::binary);
+    std::vector<UserFolder> folders;
+    for (std::string line; std::getline(file, line);) {
+        std::optional<UserFolder> named = userFolderIn(line, home);
+        if (!named)
+            continue;
+        std::erase_if(folders, [&](const UserFolder &earlier) { return earlier.key == named->key; });
+        folders.push_back(*std::move(named));
+    }
+    // The home folder itself stands for a user folder that is switched off.
+    std::erase_if(folders, [&](const UserFolder &folder) { return folder.path == home; });
+    return folders;
 }
 
 std::optional<std::string> downloadFolder(const std::string &home)
 {
-    std::ifstream file(joined(baseFolder("XDG_CONFIG_HOME", ".config", home), "user-dirs.dirs"), std::ios::binary);
-    std::optional<std::string> folder;
-    for (std::string line; std::getline(file, line);) {
-        if (std::optional<std::string> named = downloadFolderIn(line, home))
-            folder = std::move(named);
-    }
-    // The home folder itself stands for a user folder that is switched off.
-    return folder == home ? std::nullopt : folder;
+    const std::vector<UserFolder> folders = readUserFolders(home);
+    const auto found = std::ranges::find(folders, "XDG_DOWNLOAD_DIR", &UserFolder::key);
+    return found == folders.end() ? std::nullopt : std::optional(found->path);
 }
 
-std::optional<std::string> folderOf(Base base, const std::string &home)
+std::optional<OwnPlace> folderOf(Base base, const std::string &home)
 {
+    constexpr std::string_view usualCache = ".cache";
+    constexpr std::string_view usualData = ".local/share";
     switch (base) {
     case Base::home:
-        return home;
+        return OwnPlace{home, home};
     case Base::cacheFolder:
-        return baseFolder("XDG_CACHE_HOME", ".cache", home);
+        return OwnPlace{baseFolder("XDG_CACHE_HOME", usualCache, home), joined(home, usualCache)};
     case Base::dataFolder:
-        return baseFolder("XDG_DATA_HOME", ".local/share", home);
+        return OwnPlace{baseFolder("XDG_DATA_HOME", usualData, home), joined(home, usualData)};
     case Base::downloadFolder:
-        return downloadFolder(home);
+        if (std::optional<std::string> folder = downloadFolder(home))
+            return OwnPlace{*std::move(folder), joined(home, "Downloads")};
+        return std::nullopt;
     }
     return std::nullopt;
 }
 
 } // namespace
 
-std::optional<std::string> linuxPlaceFor(std::string_view macPlace, const std::string &home)
+std::optional<OwnPlace> linuxPlaceFor(std::string_view macPlace, const std::string &home)
 {
     const auto *const place = std::ranges::find(places, macPlace, &Place::onAMac);
     if (place == std::ranges::end(places))
         return std::nullopt;
-    std::optional<std::string> folder = folderOf(place->base, home);
+    std::optional<OwnPlace> folder = folderOf(place->base, home);
     if (folder && !place->rest.empty())
-        folder = joined(*folder, place->rest);
+        folder = OwnPlace{joined(folder->path, place->rest), joined(folder->usual, place->rest)};
     return folder;
+}
+
+std::vector<std::string> linuxUserFolders(const std::string &home)
+{
+    std::vector<std::string> paths;
+    for (UserFolder &folder : readUserFolders(home))
+        paths.push_back(std::move(folder.path));
+    return paths;
 }
 
 } // namespace corvane

@@ -4,20 +4,9 @@
 
 #include <sys/statvfs.h>
 
+#include "platform/block_count.h"
+
 namespace corvane {
-
-namespace {
-
-/// Absent where a file system that reports nonsense would overflow.
-std::optional<std::int64_t> bytes(fsblkcnt_t blocks, unsigned long blockSize)
-{
-    std::int64_t product = 0;
-    if (__builtin_mul_overflow(blocks, blockSize, &product))
-        return std::nullopt;
-    return product;
-}
-
-} // namespace
 
 VolumeFacts LinuxVolumes::facts(const std::string &path)
 {
@@ -26,11 +15,13 @@ VolumeFacts LinuxVolumes::facts(const std::string &path)
     do {
         result = ::statvfs(path.c_str(), &volume);
     } while (result != 0 && errno == EINTR);
-    if (result != 0)
+    fsblkcnt_t usedOrAvailable = 0; // what is kept back for the administrator is neither
+    if (result != 0 || volume.f_bfree > volume.f_blocks ||
+        __builtin_add_overflow(volume.f_blocks - volume.f_bfree, volume.f_bavail, &usedOrAvailable))
         return {};
     VolumeFacts facts;
-    facts.total = bytes(volume.f_blocks, volume.f_frsize);
-    facts.available = bytes(volume.f_bavail, volume.f_frsize); // without the share kept for the administrator
+    facts.total = bytesOfBlocks(usedOrAvailable, volume.f_frsize);
+    facts.available = bytesOfBlocks(volume.f_bavail, volume.f_frsize);
     return facts;
 }
 

@@ -5,6 +5,7 @@
 
 #include <sys/stat.h>
 
+#include "platform/block_count.h"
 #include "platform/file_system.h"
 #include "platform/linux/package_extensions.h"
 #include "platform/path.h"
@@ -20,10 +21,10 @@ namespace corvane {
                                     : EntryType::file;
 }
 
-/// The kernel counts blocks of 512 bytes whatever the disk's own grain is.
+/// The kernel counts blocks of 512 bytes whatever the disk's own grain is. 0 where the count is nonsense.
 [[nodiscard]] inline std::int64_t allocatedBytes(const struct stat &facts)
 {
-    return static_cast<std::int64_t>(facts.st_blocks) * 512;
+    return bytesOfBlocks(facts.st_blocks, 512).value_or(0);
 }
 
 [[nodiscard]] inline Time modificationTime(const struct stat &facts)

@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include "platform/block_count.h"
 #include "platform/macos/foundation_bridge.h"
 #include "platform/macos/mac_open_folder.h"
 #include "platform/path.h"
@@ -42,7 +43,7 @@ Expected<ItemFacts> macFactsAt(int folder, const std::string &name, const std::s
                  : S_ISLNK(status.st_mode) ? EntryType::symbolicLink
                                            : EntryType::file;
     facts.isPackage = facts.type == EntryType::directory && isShownAsPackage(path);
-    facts.allocated = static_cast<std::int64_t>(status.st_blocks) * S_BLKSIZE;
+    facts.allocated = bytesOfBlocks(status.st_blocks, S_BLKSIZE).value_or(0);
     facts.modified = Time(std::chrono::seconds(status.st_mtimespec.tv_sec));
     facts.identity = {.type = facts.type,
                       .device = static_cast<std::uint64_t>(status.st_dev),

@@ -10,11 +10,11 @@
 #include <fcntl.h>
 #include <sys/attr.h>
 #include <sys/param.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/vnode.h>
 #include <unistd.h>
 
+#include "platform/block_count.h"
 #include "platform/bulk_attributes.h"
 
 namespace corvane {
@@ -37,18 +37,6 @@ tl::unexpected<Error> failure(const char *operation, const std::string &path, in
     return tl::unexpected(Error{operation, path, {code, std::generic_category()}, {}});
 }
 
-/// A walk must not download what lies in a cloud alone, nor touch the date of last use. The policy is a
-/// thread's own.
-void keepThreadFromChangingFiles()
-{
-    thread_local bool isKept = false;
-    if (isKept)
-        return;
-    isKept = true;
-    setiopolicy_np(IOPOL_TYPE_VFS_MATERIALIZE_DATALESS_FILES, IOPOL_SCOPE_THREAD, IOPOL_MATERIALIZE_DATALESS_FILES_OFF);
-    setiopolicy_np(IOPOL_TYPE_VFS_ATIME_UPDATES, IOPOL_SCOPE_THREAD, IOPOL_ATIME_UPDATES_OFF);
-}
-
 Time modificationTime(const struct stat &status)
 {
     return Time(std::chrono::seconds(status.st_mtimespec.tv_sec));
@@ -59,7 +47,6 @@ Time modificationTime(const struct stat &status)
 Expected<std::unique_ptr<OpenFolder>> MacOpenFolder::open(int base, const std::string &name, int flags,
                                                           PackageExtensionCache &packages)
 {
-    keepThreadFromChangingFiles();
     FileDescriptor descriptor(::openat(base, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | flags));
     if (!descriptor.isOpen())
         return failure("open", name, errno);
@@ -122,7 +109,8 @@ int MacOpenFolder::listInBulk(const EntrySink &sink) const
                 if (!found->allocated && !completeFromStatus(std::string(found->name), entry))
                     continue;
             }
-            sink(entry);
+            if (sink(entry) == Listing::stop)
+                return ECANCELED;
         }
     }
 }
@@ -146,8 +134,8 @@ int MacOpenFolder::listOneByOne(const EntrySink &sink) const
             return errno;
         const std::string name(found->d_name, found->d_namlen);
         DirectoryEntry entry{.name = name};
-        if (name != "." && name != ".." && completeFromStatus(name, entry))
-            sink(entry);
+        if (name != "." && name != ".." && completeFromStatus(name, entry) && sink(entry) == Listing::stop)
+            return ECANCELED;
     }
 }
 
@@ -163,7 +151,7 @@ bool MacOpenFolder::completeFromStatus(const std::string &name, DirectoryEntry &
     } else if (S_ISLNK(status.st_mode)) {
         entry.type = EntryType::symbolicLink;
     } else {
-        entry.allocated = static_cast<std::int64_t>(status.st_blocks) * S_BLKSIZE;
+        entry.allocated = bytesOfBlocks(status.st_blocks, S_BLKSIZE).value_or(0);
         entry.modified = modificationTime(status);
     }
     return true;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
@@ -104,7 +105,7 @@ bool drainWhatComes(Descriptor &output, Descriptor &errors, std::string &text, i
 } // namespace
 
 Expected<std::string> runProcess(const std::string &path, const std::vector<std::string> &arguments,
-                                 const std::atomic<bool> &stop)
+                                 const std::atomic<bool> &stop, const ProcessLimits &limits)
 {
     struct stat facts {};
     if (::stat(path.c_str(), &facts) != 0)
@@ -128,16 +129,25 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions, output.write.get(), STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, errors.write.get(), STDERR_FILENO);
+    // A group of its own, so that what it starts can be ended with it.
+    posix_spawnattr_t attributes{};
+    posix_spawnattr_init(&attributes);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
+    posix_spawnattr_setpgroup(&attributes, 0);
     pid_t child = 0;
-    const int started = ::posix_spawn(&child, path.c_str(), &actions, nullptr, argv.data(), environ);
+    const int started = ::posix_spawn(&child, path.c_str(), &actions, &attributes, argv.data(), environ);
+    posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     if (started != 0)
         return tl::unexpected(failure("start", path, started));
     output.write.close();
     errors.write.close();
 
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point end = Clock::now() + limits.time;
     std::string text;
-    while (output.read.isOpen() && !stop) {
+    const auto isOver = [&] { return stop || text.size() > limits.output || Clock::now() >= end; };
+    while (output.read.isOpen() && !isOver()) {
         if (!drainWhatComes(output.read, errors.read, text, stopInterval))
             break;
     }
@@ -151,13 +161,15 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
             break;
         if (exited < 0 && errno != EINTR)
             return tl::unexpected(failure("wait for", path, errno));
-        if (stop && !wasEnded) {
-            ::kill(child, SIGKILL);
+        if (!wasEnded && isOver()) {
+            ::kill(-child, SIGKILL);
             wasEnded = true;
         } else if (!wasEnded) {
             drainWhatComes(output.read, errors.read, text, exitInterval);
         }
     }
+    if (text.size() > limits.output)
+        return tl::unexpected(failure("run", path, EFBIG));
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
         return tl::unexpected(failure("run", path, ECANCELED));
     return text;

@@ -151,7 +151,7 @@ TEST_F(CleanupStoreTest, SelectingAllThatIsSafeSelectsNothingProtected)
     fake.files.addFolder(at(".npm"));
     fake.files.addLink(at(".npm/_cacache"), "/usr/share");
     measure();
-    ASSERT_EQ(item("npm").total(), 4'000'000);
+    EXPECT_EQ(item("npm").total(), 0);
     store.selectAllSafeCleanup();
     EXPECT_FALSE(store.isSelected(at(".npm/_cacache/manual")));
     EXPECT_EQ(store.selection().size(), 3u);

@@ -304,8 +304,8 @@ TEST_F(StorageStoreTest, AFinishedScanThatWasNotStoppedSaysNothing)
 
 TEST_F(StorageStoreTest, AScanStillRunsWithoutFullDiskAccess)
 {
-    EXPECT_TRUE(store.hasFullDiskAccess()); // a home without a Library folder that can be listed
-    fake.files.addFolder(at("Library"));    // one with a Library but no probe file to open denies access
+    EXPECT_TRUE(store.hasFullDiskAccess());    // a home that can be listed
+    fake.files.setSystemKind(SystemKind::mac); // which without a probe file to open denies access
     scanHome();
     EXPECT_FALSE(store.hasFullDiskAccess());
     EXPECT_TRUE(store.hasScan());
@@ -313,6 +313,7 @@ TEST_F(StorageStoreTest, AScanStillRunsWithoutFullDiskAccess)
 
 TEST_F(StorageStoreTest, FullDiskAccessIsKnownBeforeTheFirstScan)
 {
+    fake.files.setSystemKind(SystemKind::mac);
     fake.files.addFile(at("Library/Application Support/com.apple.TCC/TCC.db"), 4096);
     EXPECT_TRUE(StorageStore(fake.host(), locations).hasFullDiskAccess());
     fake.files.failOpening(at("Library/Application Support/com.apple.TCC/TCC.db"));
@@ -329,6 +330,27 @@ TEST_F(StorageStoreTest, AMissingFolderIsNamedAndEverythingStaysAsItIs)
     ASSERT_TRUE(store.toast());
     EXPECT_EQ(*store.toast(), "Can't scan no such folder: No such file or directory");
     EXPECT_TRUE(store.toastIsWarning());
+}
+
+TEST_F(StorageStoreTest, FoldersThatCouldNotBeOpenedAreCountedUntilTheNextScan)
+{
+    fake.files.failOpening(at("Projects/deep"));
+    scanHome();
+    EXPECT_EQ(store.deniedCount(), 1);
+    EXPECT_EQ(store.unreadableCount(), 0);
+    store.scan(at("Movies"));
+    EXPECT_EQ(store.deniedCount(), 0);
+}
+
+TEST_F(StorageStoreTest, AScanThatCouldNotGoOnShowsNothingAndSaysWhy)
+{
+    fake.files.failOpening(at("Projects/deep"), std::errc::too_many_files_open);
+    store.scanHome();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::idle; }, patience));
+    EXPECT_FALSE(store.hasScan());
+    EXPECT_TRUE(store.toastIsWarning());
+    EXPECT_EQ(store.toast(), "Can't scan u: too many files are open at once; close some programs, or raise the limit "
+                             "(ulimit -n)");
 }
 
 TEST_F(StorageStoreTest, AFileIsNotScanned)

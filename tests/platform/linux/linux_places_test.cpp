@@ -41,7 +41,12 @@ protected:
     }
 
     static void set(const std::string &name, const std::string &value) { ::setenv(name.c_str(), value.c_str(), 1); }
-    std::optional<std::string> place(std::string_view macPlace) const { return linuxPlaceFor(macPlace, folder.path()); }
+    std::optional<std::string> place(std::string_view macPlace) const
+    {
+        const std::optional<OwnPlace> own = linuxPlaceFor(macPlace, folder.path());
+        return own ? std::optional(own->path) : std::nullopt;
+    }
+    std::vector<std::string> userFolders() const { return linuxUserFolders(folder.path()); }
 
     TemporaryFolder folder;
 
@@ -108,6 +113,33 @@ TEST_F(LinuxPlaces, DownloadsAreWhereTheUsersFoldersSay)
     }
 }
 
+TEST_F(LinuxPlaces, TheUsualPlaceIsToldBesideTheOneThatIsSet)
+{
+    set("XDG_CACHE_HOME", "/fast/cache");
+    set("XDG_DATA_HOME", "/big/data");
+    folder.writeText(".config/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"/mnt/downloads\"\n");
+    const std::string home = folder.path();
+    EXPECT_EQ(linuxPlaceFor(caches, home), (OwnPlace{"/fast/cache", folder / ".cache"}));
+    EXPECT_EQ(linuxPlaceFor(trash, home), (OwnPlace{"/big/data/Trash/files", folder / ".local/share/Trash/files"}));
+    EXPECT_EQ(linuxPlaceFor(downloads, home), (OwnPlace{"/mnt/downloads", folder / "Downloads"}));
+    EXPECT_EQ(linuxPlaceFor(docker, home), (OwnPlace{folder / ".local/share/docker", folder / ".local/share/docker"}));
+}
+
+TEST_F(LinuxPlaces, TheFoldersThatTheUserHasNamedAreAllKnown)
+{
+    EXPECT_TRUE(userFolders().empty());
+    folder.writeText(".config/user-dirs.dirs", "# comment\n"
+                                               "XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\n"
+                                               "XDG_PUBLICSHARE_DIR=\"$HOME/\"\n"
+                                               "XDG_VIDEOS_DIR=\"/data/films\"\n"
+                                               "XDG_MUSIC_DIR=\"relative\"\n"
+                                               "OTHER_DIR=\"/other\"\n"
+                                               "XDG_DOWNLOAD_DIR=\"$HOME/old\"\n"
+                                               "XDG_DOWNLOAD_DIR=\"$HOME/Schreibtisch\"\n");
+    EXPECT_EQ(userFolders(),
+              (std::vector<std::string>{folder / "Schreibtisch", "/data/films", folder / "Schreibtisch"}));
+}
+
 TEST_F(LinuxPlaces, TheUsersFoldersAreReadFromTheConfigurationFolder)
 {
     folder.writeText("settings/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"$HOME/incoming\"\n");
@@ -123,7 +155,7 @@ TEST_F(LinuxPlaces, OfWhatHasNoOtherPlaceNothingIsKnown)
 
 TEST_F(LinuxPlaces, TheSystemAnswersForTheUsersHome)
 {
-    EXPECT_EQ(systemHost().files.ownPlaceFor(caches), folder / ".cache");
+    EXPECT_EQ(systemHost().files.ownPlaceFor(caches), (OwnPlace{folder / ".cache", folder / ".cache"}));
     EXPECT_EQ(systemHost().files.ownPlaceFor("Library/Logs"), std::nullopt);
 }
 

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/linux/probe_home.h"
+
 namespace corvane {
 namespace {
 
@@ -30,8 +32,19 @@ TEST(LinuxProtectedPlaces, WhatLiesOnAVolumeOrInAHomeMayGo)
 TEST(LinuxProtectedPlaces, SingleFoldersInTheUsersDataMayGoButNotTheWhole)
 {
     const ProtectedPlaces &places = systemProtectedPlaces();
-    EXPECT_THAT(places.homeExact, IsSupersetOf({".local", ".local/share", ".cache", ".mozilla"}));
+    EXPECT_THAT(places.homeExact,
+                IsSupersetOf({".local", ".local/share", ".cache", ".mozilla", "Templates", "Videos"}));
     EXPECT_THAT(places.homePrefixes, Contains(".local/share/keyrings"));
+}
+
+TEST(LinuxProtectedPlaces, HoldTheFoldersThatTheUserHasNamed)
+{
+    const ProbeHome home;
+    home.folder.writeText("home/config/user-dirs.dirs",
+                          "XDG_VIDEOS_DIR=\"$HOME/Filme\"\nXDG_MUSIC_DIR=\"/data/music\"\n");
+    const std::string places = "\n" + home.ask("exact-places") + "\n";
+    EXPECT_NE(places.find("\n" + home.folder / "home/Filme" + "\n"), std::string::npos) << places;
+    EXPECT_NE(places.find("\n/data/music\n"), std::string::npos) << places;
 }
 
 TEST(LinuxProtectedPlaces, AreWrittenAsTheirReaderExpects)

@@ -95,6 +95,17 @@ int run(std::string_view question, const std::string &subject)
             std::cout << place << '\n';
         return 0;
     }
+    if (question == "kind") {
+        std::cout << (host.files.systemKind() == SystemKind::mac ? "mac" : "linux") << '\n';
+        return 0;
+    }
+    if (question == "mounts") {
+        for (const MountedFolder &mount : host.files.mounts()) {
+            if (mount.path.starts_with(subject))
+                std::cout << mount.path << ' ' << mount.fileSystem << ' ' << mount.shown << '\n';
+        }
+        return 0;
+    }
     if (question == "volume") {
         const VolumeFacts facts = host.volumes.facts(subject);
         const auto tellNumber = [](const std::optional<std::int64_t> &number) {

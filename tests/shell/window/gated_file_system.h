@@ -40,6 +40,7 @@ public:
     }
     Expected<std::vector<std::string>> mountPoints() override { return m_files.mountPoints(); }
     std::string homeFolder() override { return m_files.homeFolder(); }
+    SystemKind systemKind() override { return m_files.systemKind(); }
 
 private:
     FileSystem &m_files;

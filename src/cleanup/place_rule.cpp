@@ -1,0 +1,87 @@
+#include "cleanup/place_rule.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/system_table.h"
+#include "platform/path.h"
+#include "platform/protected_places.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::string_view mainFoldersOfHome[] = {"Desktop",  "Documents", "Downloads", "Movies", "Music",
+                                                  "Pictures", "Public",    "Templates", "Videos"};
+
+bool isOrLiesBeneath(std::string_view path, std::string_view folder)
+{
+    return path == folder || liesBeneath(path, folder);
+}
+
+} // namespace
+
+PlaceRule::PlaceRule(FileSystem &files)
+    : m_files(files),
+      m_home(files.homeFolder()),
+      m_realHome(real(m_home)),
+      m_locations(m_home, systemProtectedPlaces(), m_realHome),
+      m_userFolders(files.userFolders())
+{
+    for (const std::string_view name : mainFoldersOfHome)
+        m_usualFolders.push_back(joined(m_home, name));
+}
+
+std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) const
+{
+    if (m_home.empty()) // nobody knows where the user's folders are
+        return std::nullopt;
+    std::string usual = joined(m_home, relativePath);
+    std::string place = usual;
+    if (tableOf(m_files.systemKind()).hasOwnPlaces) {
+        if (std::optional<OwnPlace> own = m_files.ownPlaceFor(relativePath)) {
+            place = std::move(own->path);
+            usual = std::move(own->usual);
+        }
+    }
+    const Expected<std::string> realPlace = m_files.realPath(place);
+    if (!realPlace) // nothing is there
+        return place;
+    const bool isUsual = liesBeneath(usual, m_home) && *realPlace == m_realHome + usual.substr(m_home.size());
+    // The folder of the items in the Trash is protected wherever it lies; the items are not.
+    const std::string judged = relativePath == ".Trash" ? joined(*realPlace, "item") : *realPlace;
+    if (!isUsual &&
+        (isRefused(*realPlace, place, usual) || (m_locations.isProtectedReally(judged) && !isMainFolder(usual))))
+        return std::nullopt;
+    return place;
+}
+
+std::string PlaceRule::real(const std::string &path) const
+{
+    return m_files.realPath(path).value_or(path);
+}
+
+bool PlaceRule::isRefused(const std::string &realPlace, const std::string &place, const std::string &usual) const
+{
+    // The place for downloads is a main folder itself, which does not speak against it; that another one is the same
+    // folder does.
+    std::vector<std::string> others = m_usualFolders;
+    std::erase(others, usual);
+    others.insert(others.end(), m_userFolders.begin(), m_userFolders.end());
+    if (isMainFolder(usual)) {
+        if (const auto itself = std::ranges::find(others, place); itself != others.end())
+            others.erase(itself);
+    }
+    const bool touchesAnother = std::ranges::any_of(others, [&](const std::string &folder) {
+        const std::string realFolder = real(folder);
+        return isOrLiesBeneath(realPlace, realFolder) || liesBeneath(realFolder, realPlace);
+    });
+    return touchesAnother || isOrLiesBeneath(m_realHome, realPlace) || realPlace == real("/tmp");
+}
+
+bool PlaceRule::isMainFolder(const std::string &usual) const
+{
+    return std::ranges::find(m_usualFolders, usual) != m_usualFolders.end();
+}
+
+} // namespace corvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/path_guard.h"
+#include "platform/file_system.h"
+
+namespace corvane {
+
+/// Finds the folders of the cleanup catalogue, and refuses those that are not what they are taken for: a variable or a
+/// link may make a user's own folder a "cache". Immutable, so safe to ask from any thread.
+class PlaceRule {
+public:
+    /// `files` outlives the object.
+    explicit PlaceRule(FileSystem &files);
+
+    /// The folder that holds what a Mac keeps at `relativePath` in the home folder; it need not exist. Nothing where it
+    /// really (links resolved) is or contains the home folder or one of the user's main folders, lies in one, is "/tmp"
+    /// or is protected. The usual place itself holds whatever it is, and so does a link to a folder of its own.
+    [[nodiscard]] std::optional<std::string> placeFor(std::string_view relativePath) const;
+
+private:
+    [[nodiscard]] std::string real(const std::string &path) const;
+    [[nodiscard]] bool isRefused(const std::string &realPlace, const std::string &place,
+                                 const std::string &usual) const;
+    [[nodiscard]] bool isMainFolder(const std::string &usual) const;
+
+    FileSystem &m_files;
+    const std::string m_home;
+    const std::string m_realHome;
+    const ProtectedLocations m_locations;
+    const std::vector<std::string> m_userFolders; // as the user has named them
+    std::vector<std::string> m_usualFolders;      // as they are usually named
+};
+
+} // namespace corvane

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+
+namespace corvane {
+
+/// No disk holds as much (288 PB), and the few sums that are made of sums up to it stay far within 63 bits.
+inline constexpr std::int64_t foreignSumLimit = std::int64_t{1} << 58;
+
+/// Whether a figure that comes from outside can be one of bytes on a disk.
+[[nodiscard]] constexpr bool isPlausibleSize(std::int64_t figure)
+{
+    return figure >= 0 && figure <= foreignSumLimit;
+}
+
+/// Adds a figure that comes from outside, where file systems and tools report what they like. False, with the sum as it
+/// was, where the two cannot be added up: the figure's source then counts as unreadable.
+[[nodiscard]] constexpr bool addForeign(std::int64_t &sum, std::int64_t figure)
+{
+    if (!isPlausibleSize(figure) || figure > foreignSumLimit - sum)
+        return false;
+    sum += figure;
+    return true;
+}
+
+} // namespace corvane

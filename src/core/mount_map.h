@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/mounted_folder.h"
+
+namespace corvane {
+
+/// What is mounted, asked by path. Paths are absolute with every link resolved. Immutable.
+class MountMap {
+public:
+    explicit MountMap(std::vector<MountedFolder> mounts);
+
+    [[nodiscard]] bool isEmpty() const { return m_mounts.empty(); }
+
+    /// The mount that the path lies in; null where nothing is known of it.
+    [[nodiscard]] const MountedFolder *holding(std::string_view path) const;
+
+    /// The mounts beneath a folder, shorter paths first.
+    [[nodiscard]] std::vector<const MountedFolder *> beneath(std::string_view folder) const;
+
+private:
+    std::vector<MountedFolder> m_mounts; // shorter paths first
+};
+
+} // namespace corvane

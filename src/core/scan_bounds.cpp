@@ -1,0 +1,155 @@
+#include "core/scan_bounds.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/mount_map.h"
+#include "core/system_table.h"
+#include "platform/path.h"
+#include "platform/protected_places.h"
+
+namespace corvane {
+
+namespace {
+
+bool isOrLiesBeneath(std::string_view path, std::string_view folder)
+{
+    return path == folder || liesBeneath(path, folder);
+}
+
+/// The path with `from`, which it lies in, replaced by `to`.
+std::string moved(std::string_view path, std::string_view from, std::string_view to)
+{
+    const std::string_view rest = path.substr(from == "/" ? 0 : from.size());
+    return rest.empty() || rest == "/" ? std::string(to) : joined(to, rest.substr(1));
+}
+
+/// Decides which mounts beneath a walk's root are entered. Paths have every link resolved.
+class MountChoice {
+public:
+    MountChoice(const MountMap &mounts, std::string root, const std::string &home)
+        : m_mounts(mounts), m_root(std::move(root)), m_holding(mounts.holding(m_root))
+    {
+        if (m_holding == nullptr)
+            return;
+        m_wanted = {m_holding->fileSystem};
+        const std::array<const MountedFolder *, 2> disk{mounts.holding("/"), mounts.holding(home)};
+        const auto isOfDisk = [&](const MountedFolder *mount) {
+            return mount != nullptr && mount->fileSystem == m_holding->fileSystem;
+        };
+        if (std::ranges::any_of(disk, isOfDisk)) {
+            for (const MountedFolder *mount : disk) {
+                if (mount != nullptr)
+                    m_wanted.push_back(mount->fileSystem);
+            }
+        }
+        choose(disk[1]);
+    }
+
+    /// The paths that are not entered.
+    [[nodiscard]] const std::vector<std::string> &skipped() const { return m_skipped; }
+
+private:
+    void choose(const MountedFolder *home)
+    {
+        const MountedFolder root{m_root, m_holding->fileSystem, moved(m_root, m_holding->path, m_holding->shown)};
+        const std::vector<const MountedFolder *> inside = m_mounts.beneath(m_root);
+        // Where the home folder can be had in two places, it is shown where its user knows it.
+        const bool homeComesFirst = home != nullptr && isReached(*home, inside) && !covers(*home, root);
+        if (homeComesFirst)
+            enter(*home);
+        enter(root);
+        for (const MountedFolder *mount : inside) {
+            const bool isOutOfReach = std::ranges::any_of(
+                m_skipped, [&](const std::string &skipped) { return isOrLiesBeneath(mount->path, skipped); });
+            if (isOutOfReach || (homeComesFirst && mount == home))
+                continue;
+            const bool isShownAlready =
+                std::ranges::any_of(m_entered, [&](const MountedFolder &entered) { return covers(entered, *mount); });
+            if (!isWanted(*mount) || isShownAlready)
+                m_skipped.push_back(mount->path);
+            else
+                enter(*mount);
+        }
+    }
+
+    void enter(const MountedFolder &mount)
+    {
+        for (const MountedFolder &other : m_entered) {
+            if (!covers(mount, other))
+                continue;
+            std::string twice = moved(other.shown, mount.shown, mount.path);
+            const MountedFolder *const there = m_mounts.holding(twice);
+            if (there != nullptr && isOrLiesBeneath(mount.path, there->path))
+                m_skipped.push_back(std::move(twice));
+        }
+        m_entered.push_back(mount);
+    }
+
+    /// Whether what `other` shows is seen in `mount` as well.
+    static bool covers(const MountedFolder &mount, const MountedFolder &other)
+    {
+        return mount.fileSystem == other.fileSystem && isOrLiesBeneath(other.shown, mount.shown);
+    }
+
+    [[nodiscard]] bool isWanted(const MountedFolder &mount) const
+    {
+        return std::ranges::find(m_wanted, mount.fileSystem) != m_wanted.end();
+    }
+
+    /// Whether a mount is one of those inside the root, with nothing on the way to it that is not entered.
+    [[nodiscard]] bool isReached(const MountedFolder &mount, const std::vector<const MountedFolder *> &inside) const
+    {
+        return std::ranges::find(inside, &mount) != inside.end() &&
+               std::ranges::all_of(inside, [&](const MountedFolder *around) {
+                   return !isOrLiesBeneath(mount.path, around->path) || isWanted(*around);
+               });
+    }
+
+    const MountMap &m_mounts;
+    const std::string m_root;
+    const MountedFolder *const m_holding;
+    std::vector<std::uint64_t> m_wanted; // file systems
+    std::vector<MountedFolder> m_entered;
+    std::vector<std::string> m_skipped;
+};
+
+} // namespace
+
+ScanBounds ScanBounds::of(const std::string &root, FileSystem &files)
+{
+    ScanBounds bounds;
+    const SystemTable &system = tableOf(files.systemKind());
+    for (const std::string_view path : system.skippedFolders)
+        bounds.skip(path);
+    for (const std::string &path : systemVirtualFolders())
+        bounds.skip(path);
+    if (system.isMadeOfMounts)
+        bounds.skipOtherMounts(root, files);
+    return bounds;
+}
+
+std::span<const std::string> ScanBounds::skippedIn(std::string_view folder) const
+{
+    const auto found = m_names.find(folder);
+    return found == m_names.end() ? std::span<const std::string>{} : std::span(found->second);
+}
+
+void ScanBounds::skip(std::string_view path)
+{
+    m_names[std::string(containingFolder(path))].emplace_back(lastPathComponent(path));
+}
+
+void ScanBounds::skipOtherMounts(const std::string &root, FileSystem &files)
+{
+    const MountMap mounts(files.mounts());
+    if (mounts.isEmpty())
+        return;
+    const std::string home = files.homeFolder();
+    const std::string realRoot = files.realPath(root).value_or(root);
+    const MountChoice choice(mounts, realRoot, files.realPath(home).value_or(home));
+    for (const std::string &path : choice.skipped())
+        skip(moved(path, realRoot, root));
+}
+
+} // namespace corvane

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+/// The folders that one walk does not enter, known before it starts, so that the walk touches none of them: a network
+/// disk that does not answer would hold it up. Immutable, so safe to ask from any thread.
+class ScanBounds {
+public:
+    /// For a walk of the folder at `root` (absolute). On a Mac these are the folders skipped by name. On a Linux system
+    /// the walk keeps to the file systems of "/" and of the home folder, or to the root's own where that is another;
+    /// of several mounts that show the same, one is entered, the home folder's before others.
+    [[nodiscard]] static ScanBounds of(const std::string &root, FileSystem &files);
+
+    /// The names of the folders directly inside `folder` (absolute path, bytes) that are not entered. Empty for all but
+    /// a few folders.
+    [[nodiscard]] std::span<const std::string> skippedIn(std::string_view folder) const;
+
+private:
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+
+    void skip(std::string_view path);
+    void skipOtherMounts(const std::string &root, FileSystem &files);
+
+    std::unordered_map<std::string, std::vector<std::string>, Hash, std::equal_to<>> m_names; // by the folder around
+};
+
+} // namespace corvane

@@ -1,0 +1,24 @@
+#include "core/system_table.h"
+
+#include "core/scanner.h"
+
+namespace corvane {
+
+const SystemTable &tableOf(SystemKind kind)
+{
+    static constexpr SystemTable mac{
+        .skippedFolders = Scanner::skipPaths,
+        .isMadeOfMounts = false,
+        .accessProbe = "Library/Application Support/com.apple.TCC/TCC.db",
+        .hasOwnPlaces = false,
+    };
+    static constexpr SystemTable linuxSystem{
+        .skippedFolders = {},
+        .isMadeOfMounts = true,
+        .accessProbe = {},
+        .hasOwnPlaces = true,
+    };
+    return kind == SystemKind::mac ? mac : linuxSystem;
+}
+
+} // namespace corvane

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace corvane {
+
+/// A folder on which a file system, or a part of one, is mounted.
+struct MountedFolder {
+    std::string path;             ///< absolute, links resolved
+    std::uint64_t fileSystem = 0; ///< the same number for every mount of one file system
+    std::string shown = "/";      ///< the folder of the file system that is seen there; "/" is all of it
+
+    friend bool operator==(const MountedFolder &, const MountedFolder &) = default;
+};
+
+} // namespace corvane
