@@ -8,6 +8,8 @@ import Corvane.Overview
 
 /// The window with every screen that the program has.
 MainWindow {
+    id: window
+
     screens: SidebarModel {
         store: Store
 
@@ -31,8 +33,11 @@ MainWindow {
         }
         WindowScreen {
             item: Store.SidebarItem.explorer
+            goesBeneathBar: true
 
             ExplorerScreen {
+                // A component that is bound to its surroundings is more than the Loader of Qt 6.4 can make.
+                coveredHeight: window.coveredHeight // qmllint disable unqualified
                 toolbar: Component {
                     ScanToolbar {}
                 }

@@ -201,6 +201,16 @@ TEST_F(BreakdownJourney, ArrowsOnTheBarLightTheRowsAndReturnBringsOneIntoSight)
     EXPECT_GE(row.mapToScene(QPointF()).y(), 56);
 }
 
+TEST_F(BreakdownJourney, TypingOnTheBarLightsThePartOfThatName)
+{
+    openOnAMac(test::sampleBreakdown());
+    tabTo(bar());
+
+    press(Qt::Key_A);
+
+    EXPECT_THAT(litRows(), ElementsAre("/Applications"));
+}
+
 TEST_F(BreakdownJourney, OpenSpaceMapShowsTheMapOfTheScan)
 {
     openScannedBreakdown();
@@ -220,8 +230,8 @@ TEST_F(BreakdownJourney, ShowInFinderOpensTheFileManagerAtTheFolder)
 
     click(QStringLiteral("breakdown.action./Applications"));
 
-    waitUntil([&] { return !Sandbox::instance().openedFolders().empty(); }, QStringLiteral("the file manager"));
-    EXPECT_THAT(Sandbox::instance().openedFolders(), ElementsAre(home()));
+    waitUntil([&] { return !Sandbox::instance().opened().empty(); }, QStringLiteral("the file manager"));
+    EXPECT_THAT(Sandbox::instance().opened(), ElementsAre(home()));
     EXPECT_EQ(toast(), "");
 }
 
@@ -241,8 +251,8 @@ TEST_F(BreakdownJourney, GrantFullDiskAccessOpensTheSystemsSettings)
 
     press("hidden");
 
-    waitUntil([&] { return !Sandbox::instance().openedFolders().empty(); }, QStringLiteral("the settings"));
-    EXPECT_THAT(Sandbox::instance().openedFolders(),
+    waitUntil([&] { return !Sandbox::instance().opened().empty(); }, QStringLiteral("the settings"));
+    EXPECT_THAT(Sandbox::instance().opened(),
                 ElementsAre("x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"));
 }
 

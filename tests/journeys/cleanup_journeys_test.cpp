@@ -267,5 +267,42 @@ TEST_F(CleanupJourney, TheKeyboardAloneClearsACache)
     EXPECT_TRUE(exists(".npm/_cacache/content/blob"));
 }
 
+TEST_F(CleanupJourney, TypingFindsALocationAndDeleteSelectsIt)
+{
+    openCleanup();
+    tabTo(driver().item(QStringLiteral("cleanupList")));
+
+    press(Qt::Key_N);
+    press(Qt::Key_P);
+    press(Qt::Key_M);
+    press(Qt::Key_Delete);
+
+    const auto itsEntries = ElementsAre(".npm/_cacache/content", ".npm/_cacache/index.bin");
+    EXPECT_THAT(selected(), itsEntries);
+    press(Qt::Key_Delete);
+    EXPECT_THAT(selected(), itsEntries) << "they stay selected";
+    EXPECT_TRUE(exists(".npm/_cacache/index.bin"));
+}
+
+TEST_F(CleanupJourney, CtrlASelectsEverythingThatIsListed)
+{
+    openCleanup();
+    tabTo(driver().item(QStringLiteral("cleanupList")));
+
+    press(Qt::Key_A, Qt::ControlModifier);
+
+    EXPECT_THAT(selected(), testing::IsSupersetOf({".gradle/caches/jars.bin", ".npm/_cacache/content",
+                                                   ".npm/_cacache/index.bin", "Downloads/film.mov"}));
+}
+
+TEST_F(CleanupJourney, TwoPressesOnALocationOpenAndCloseIt)
+{
+    openCleanup();
+    driver().doubleClick(cleanupRow(npm));
+    driver().rest();
+    EXPECT_EQ(findRow(QStringLiteral("index.bin")), nullptr);
+    EXPECT_TRUE(Sandbox::instance().opened().empty());
+}
+
 } // namespace
 } // namespace corvane

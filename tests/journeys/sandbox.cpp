@@ -25,16 +25,18 @@ Sandbox::Sandbox() : m_home(m_folder.makeFolder("home"))
     const std::string opener =
         m_folder.writeText("opener", "#!/bin/sh\nprintf '%s\\n' \"$1\" >> '" + (m_folder / openedRecord) + "'\n");
     std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
-    m_folder.writeText("applications/applications/opener.desktop",
-                       "[Desktop Entry]\nType=Application\nName=Opener\nNoDisplay=true\nMimeType=inode/directory;\n"
-                       "Exec=" +
-                           opener + " %f\n");
+    m_folder.writeText(
+        "applications/applications/opener.desktop",
+        "[Desktop Entry]\nType=Application\nName=Opener\nNoDisplay=true\nMimeType=inode/directory;video/x-matroska;\n"
+        "Exec=" +
+            opener + " %f\n");
     m_folder.writeText("applications/applications/settings.desktop",
                        "[Desktop Entry]\nType=Application\nName=Settings\nNoDisplay=true\n"
                        "MimeType=x-scheme-handler/x-apple.systempreferences;\nExec=" +
                            opener + " %u\n");
     m_folder.writeText("applications/applications/mimeapps.list",
                        "[Default Applications]\ninode/directory=opener.desktop\n"
+                       "video/x-matroska=opener.desktop\n"
                        "x-scheme-handler/x-apple.systempreferences=settings.desktop\n");
 
     ::setenv("HOME", m_home.c_str(), 1);
@@ -90,7 +92,7 @@ std::vector<std::string> Sandbox::trash() const
     return names;
 }
 
-std::vector<std::string> Sandbox::openedFolders() const
+std::vector<std::string> Sandbox::opened() const
 {
     std::vector<std::string> folders;
     std::ifstream record(m_folder / openedRecord);

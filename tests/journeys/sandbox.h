@@ -32,7 +32,7 @@ public:
     /// The names of the items in the Trash, bytes, sorted.
     [[nodiscard]] std::vector<std::string> trash() const;
     /// The folders that were opened in the file manager, and the addresses of settings.
-    [[nodiscard]] std::vector<std::string> openedFolders() const;
+    [[nodiscard]] std::vector<std::string> opened() const;
 
 private:
     TemporaryFolder m_folder;

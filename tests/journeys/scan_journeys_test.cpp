@@ -1,6 +1,7 @@
 #include "core/byte_count.h"
 #include "journeys/held_listing.h"
 #include "journeys/journey.h"
+#include "shell/ui/theme.h"
 
 namespace corvane {
 namespace {
@@ -218,6 +219,40 @@ TEST_F(ScanJourney, AFolderAcceptedInTheDialogIsScanned)
     EXPECT_FALSE(folderDialogIsOpen());
     EXPECT_THAT(rows(), ElementsAre("world.dat 2.1 MB"));
     EXPECT_EQ(store().lastScanPath(), at("Games"));
+}
+
+TEST_F(ScanJourney, TheFolderDialogListsHiddenFolders)
+{
+    addFile(".hidden/world.dat", 2);
+    openSpaceMap();
+
+    press(Qt::Key_O, Qt::ControlModifier);
+    waitUntil([&] { return folderDialogIsOpen(); }, QStringLiteral("the folder dialog"));
+    clickInDialog(QStringLiteral(".hidden"));
+    clickInDialog(QStringLiteral("Scan"));
+
+    waitForWay(".hidden");
+    EXPECT_THAT(rows(), ElementsAre("world.dat 2.1 MB"));
+}
+
+TEST_F(ScanJourney, TheFolderDialogHasTheColoursOfTheTheme)
+{
+    addFile("Movies/film.mkv", 3);
+    openSpaceMap();
+    Theme::instance()->setDark(true);
+
+    press(Qt::Key_O, Qt::ControlModifier);
+    waitUntil([&] { return folderDialogIsOpen(); }, QStringLiteral("the folder dialog"));
+
+    const QQuickItem &list = driver().item(QStringLiteral("folderDialogListView"));
+    waitUntil(
+        [&] {
+            const QPoint corner = list.mapToScene(QPointF(4, list.height() - 4)).toPoint();
+            return driver().picture().pixelColor(corner) == Theme::instance()->raised();
+        },
+        QStringLiteral("the ground of the dialog"));
+    EXPECT_EQ(driver().item(QStringLiteral("dialogTitleBarLabel")).property("color").value<QColor>(),
+              Theme::instance()->t1());
 }
 
 TEST_F(ScanJourney, CancellingTheFolderDialogScansNothing)

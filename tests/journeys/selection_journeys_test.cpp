@@ -69,6 +69,13 @@ protected:
             },
             QStringLiteral("the button that drops %1").arg(name)));
     }
+    std::vector<QRectF> tileRects()
+    {
+        std::vector<QRectF> rects;
+        for (int i = 0; i < map().layout().count(); ++i)
+            rects.push_back(map().layout().rect(i));
+        return rects;
+    }
     int checkState(const QString &name) { return row(name).property("checkState").toInt(); }
     void expectNothingSelected()
     {
@@ -219,13 +226,212 @@ TEST_F(SelectionJourney, AProtectedFolderCannotBeSelectedByTheSpaceBar)
     tabTo(map());
     ASSERT_EQ(map().layout().tile(map().focusedTile()).label, "Documents");
 
-    press(Qt::Key_Space);
-    expectNothingSelected();
+    const std::string reason = "Documents can't be selected: protected location";
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Delete}) {
+        press(key);
+        waitForToast();
+        EXPECT_EQ(toast(), reason);
+        expectNothingSelected();
+        store().dismissToast();
+    }
 
     press(Qt::Key_Tab);
     press(Qt::Key_Home);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Delete}) {
+        press(key);
+        waitForToast();
+        EXPECT_EQ(toast(), reason);
+        expectNothingSelected();
+        store().dismissToast();
+    }
+}
+
+TEST_F(SelectionJourney, SpaceInsideASelectedFolderSaysThatItGoesWithIt)
+{
+    openHome();
+    tick(QStringLiteral("Projects"));
+    waitForSelectionBar();
+    openFolder(QStringLiteral("Projects"));
+    tabTo(map());
+
     press(Qt::Key_Space);
-    expectNothingSelected();
+
+    waitForToast();
+    EXPECT_EQ(toast(), "build.tar can't be selected: inside a selected folder");
+}
+
+TEST_F(SelectionJourney, DeleteSelectsTheCurrentItemInTheListAndOnTheMap)
+{
+    openHome();
+    tabTo(map());
+    press(Qt::Key_Tab);
+    press(Qt::Key_G);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(checkState(QStringLiteral("Games")), Qt::Checked);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(checkState(QStringLiteral("Games")), Qt::Checked) << "it stays selected";
+    EXPECT_TRUE(exists("Games/world.dat"));
+
+    press(Qt::Key_Tab, Qt::ShiftModifier);
+    press(Qt::Key_P);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(checkState(QStringLiteral("Projects")), Qt::Checked);
+}
+
+TEST_F(SelectionJourney, CtrlASelectsWhatIsListedButNothingProtected)
+{
+    openHome();
+    tabTo(map());
+    press(Qt::Key_Tab);
+
+    press(Qt::Key_A, Qt::ControlModifier);
+
+    waitForText(QStringLiteral("3 items selected"));
+    EXPECT_EQ(checkState(QStringLiteral("Documents")), Qt::Unchecked);
+    EXPECT_EQ(checkState(QStringLiteral("archive.zip")), Qt::Checked);
+    store().clearSelection();
+
+    press(Qt::Key_Tab, Qt::ShiftModifier);
+    ASSERT_TRUE(map().hasActiveFocus());
+    press(Qt::Key_A, Qt::ControlModifier);
+    waitForText(QStringLiteral("3 items selected"));
+}
+
+// --- What stays in its place
+
+TEST_F(SelectionJourney, TheBarThatAppearsMovesNoTile)
+{
+    openHome();
+    const QRectF place = map().mapRectToScene(map().boundingRect());
+    const std::vector<QRectF> before = tileRects();
+
+    tick(QStringLiteral("Projects"));
+    waitForSelectionBar();
+
+    EXPECT_EQ(map().mapRectToScene(map().boundingRect()), place);
+    EXPECT_EQ(tileRects(), before);
+    click(QStringLiteral("clearButton"));
+    waitUntil([&] { return !isShown(QStringLiteral("selectionBar")); }, QStringLiteral("the selection bar to go"));
+    EXPECT_EQ(tileRects(), before);
+}
+
+TEST_F(SelectionJourney, AFolderOpenedAboveTheBarHasAllItsTilesAboveIt)
+{
+    openHome();
+    tick(QStringLiteral("Games"));
+    waitForSelectionBar();
+
+    openFolder(QStringLiteral("Projects"));
+
+    const double barTop = driver().item(QStringLiteral("selectionBar")).mapToScene(QPointF()).y();
+    for (const QRectF &rect : tileRects())
+        EXPECT_LT(map().mapRectToScene(rect).bottom(), barTop);
+    const std::vector<QRectF> before = tileRects();
+    driver().pointAtNothing();
+    store().clearSelection();
+    waitUntil([&] { return tileRects() != before; }, QStringLiteral("the map to take the room of the bar"));
+}
+
+TEST_F(SelectionJourney, NothingUnderThePointerMovesWhenTheBarGoes)
+{
+    openHome();
+    tick(QStringLiteral("Games"));
+    waitForSelectionBar();
+    openFolder(QStringLiteral("Projects"));
+    const std::vector<QRectF> before = tileRects();
+    driver().pointAt(map(), tile("build.tar"));
+
+    store().clearSelection();
+    waitUntil([&] { return !isShown(QStringLiteral("selectionBar")); }, QStringLiteral("the selection bar to go"));
+
+    EXPECT_EQ(tileRects(), before);
+}
+
+TEST_F(SelectionJourney, TheListEndsAboveTheBar)
+{
+    openHome();
+    tick(QStringLiteral("Games"));
+    waitForSelectionBar();
+
+    const QQuickItem &list = driver().item(QStringLiteral("contents"));
+    EXPECT_LE(list.mapRectToScene(list.boundingRect()).bottom(),
+              driver().item(QStringLiteral("selectionBar")).mapToScene(QPointF()).y());
+}
+
+TEST_F(SelectionJourney, AClickOnTheBarHitsNoTileBeneath)
+{
+    openHome();
+    tick(QStringLiteral("Games"));
+    waitForSelectionBar();
+
+    driver().clickAt(driver().item(QStringLiteral("selectionBar")), QPointF(300, 10));
+    driver().clickAt(driver().item(QStringLiteral("selectionBar")), QPointF(300, 10), Qt::RightButton);
+
+    EXPECT_EQ(way(), "home");
+    EXPECT_EQ(map().hoveredTile(), -1);
+    EXPECT_FALSE(shows(QStringLiteral("Copy Path")));
+}
+
+TEST_F(SelectionJourney, TheReviewKeepsItsPlaceWhileEntriesAreDropped)
+{
+    openHome();
+    for (const char *name : {"Projects", "Games", "archive.zip"})
+        tick(QString::fromLatin1(name));
+    waitForSelectionBar();
+    openReview();
+    const QQuickItem &list = driver().item(QStringLiteral("reviewSheet.list"));
+    const QRectF place = list.mapRectToScene(list.boundingRect());
+    const QQuickItem &cancel = driver().item(QStringLiteral("reviewSheet.cancel"));
+    const QPointF button = cancel.mapToScene(QPointF());
+
+    // Twice at the same point: the second click drops the entry that has come up.
+    const QPointF firstDrop(list.width() - 24, 23);
+    driver().clickAt(list, firstDrop);
+    waitForText(QStringLiteral("2 items · 3.1 MB"));
+    driver().rest();
+    EXPECT_EQ(list.mapRectToScene(list.boundingRect()), place);
+    EXPECT_EQ(cancel.mapToScene(QPointF()), button);
+    driver().clickAt(list, firstDrop);
+    waitForText(QStringLiteral("1 item · 1 MB"));
+    EXPECT_EQ(list.mapRectToScene(list.boundingRect()), place);
+    EXPECT_THAT(reviewed(), ElementsAre("archive.zip ~/archive.zip 1 MB"));
+
+    press(Qt::Key_Escape);
+    waitForPopupClosed(QStringLiteral("reviewSheet"));
+    openReview();
+    EXPECT_LT(driver().item(QStringLiteral("reviewSheet.list")).height(), place.height()) << "made for what there is";
+}
+
+TEST_F(SelectionJourney, TypingFindsInTheReview)
+{
+    openHome();
+    for (const char *name : {"Projects", "Games", "archive.zip"})
+        tick(QString::fromLatin1(name));
+    waitForSelectionBar();
+    openReview();
+    tabTo(driver().item(QStringLiteral("reviewSheet.list")));
+
+    press(Qt::Key_A);
+    press(Qt::Key_Delete);
+
+    waitForText(QStringLiteral("2 items · 8.4 MB"));
+    EXPECT_THAT(reviewed(), ElementsAre("Projects ~/Projects 6.3 MB", "Games ~/Games 2.1 MB"));
+}
+
+TEST_F(SelectionJourney, AnEntryOfTheReviewOpensByDoubleClickAndByItsMenu)
+{
+    openHome();
+    tick(QStringLiteral("Games"));
+    waitForSelectionBar();
+    openReview();
+    driver().doubleClickAt(driver().item(QStringLiteral("reviewSheet.list")), QPointF(200, 23));
+    waitUntil([&] { return Sandbox::instance().opened().size() == 1; }, QStringLiteral("the file manager"));
+    EXPECT_EQ(Sandbox::instance().opened().back(), at("Games"));
+
+    driver().clickAt(driver().item(QStringLiteral("reviewSheet.list")), QPointF(200, 23), Qt::RightButton);
+    clickText(QStringLiteral("Open"));
+    waitUntil([&] { return Sandbox::instance().opened().size() == 2; }, QStringLiteral("the file manager once more"));
+    EXPECT_TRUE(isShown(QStringLiteral("reviewSheet.list")));
 }
 
 TEST_F(SelectionJourney, AProtectedFolderCannotBeSelectedByItsMenu)

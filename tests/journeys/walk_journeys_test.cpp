@@ -28,6 +28,11 @@ protected:
         waitForWay("home/Movies");
     }
     std::string focusedTile() { return map().layout().tile(map().focusedTile()).label; }
+    void waitForOpened(const std::string &relative)
+    {
+        waitUntil([&] { return !Sandbox::instance().opened().empty(); }, QStringLiteral("the file's program"));
+        EXPECT_THAT(Sandbox::instance().opened(), ElementsAre(at(relative)));
+    }
     void hoverTile(const std::string &name)
     {
         driver().pointAt(map(), tile(name));
@@ -236,8 +241,8 @@ TEST_F(WalkJourney, TheMenuOfARowShowsTheItemInTheFileManager)
     driver().click(row(QStringLiteral("film.mkv")), Qt::RightButton);
     clickText(QStringLiteral("Show in File Manager"));
 
-    waitUntil([&] { return !Sandbox::instance().openedFolders().empty(); }, QStringLiteral("the file manager"));
-    EXPECT_THAT(Sandbox::instance().openedFolders(), ElementsAre(at("Movies")));
+    waitUntil([&] { return !Sandbox::instance().opened().empty(); }, QStringLiteral("the file manager"));
+    EXPECT_THAT(Sandbox::instance().opened(), ElementsAre(at("Movies")));
 }
 
 TEST_F(WalkJourney, TheMenuKeyOpensTheMenuOfTheTileWithTheKeyboard)
@@ -253,15 +258,155 @@ TEST_F(WalkJourney, TheMenuKeyOpensTheMenuOfTheTileWithTheKeyboard)
     waitForWay("home/Movies");
 }
 
-TEST_F(WalkJourney, OpenIsNotOfferedForAFile)
+TEST_F(WalkJourney, OpenOpensAFileInItsOwnProgram)
 {
     openMovies();
 
     clickTile("film.mkv", Qt::RightButton);
-    waitForText(QStringLiteral("Open"));
+    clickText(QStringLiteral("Open"));
 
-    EXPECT_FALSE(isEnabledInMenu(QStringLiteral("Open")));
-    EXPECT_TRUE(isEnabledInMenu(QStringLiteral("Copy Path")));
+    waitForOpened("Movies/film.mkv");
+    EXPECT_EQ(way(), "home/Movies");
+}
+
+TEST_F(WalkJourney, AFileThatNoProgramOpensSaysSo)
+{
+    addFile("notes.of-no-known-kind", 1);
+    openAndScan();
+
+    driver().click(row(QStringLiteral("notes.of-no-known-kind")), Qt::RightButton);
+    clickText(QStringLiteral("Open"));
+
+    waitForToast();
+    EXPECT_THAT(toast(), testing::StartsWith("Can't open notes.of-no-known-kind: "));
+}
+
+TEST_F(WalkJourney, ADoubleClickOnAFileOpensItInTheListAndOnTheMap)
+{
+    openMovies();
+
+    driver().doubleClick(row(QStringLiteral("film.mkv")));
+    waitForOpened("Movies/film.mkv");
+
+    driver().doubleClickAt(map(), tile("film.mkv"));
+    waitUntil([&] { return Sandbox::instance().opened().size() == 2; }, QStringLiteral("the program once more"));
+    EXPECT_EQ(Sandbox::instance().opened().back(), at("Movies/film.mkv"));
+}
+
+TEST_F(WalkJourney, TheSecondClickOnAFolderHitsNothingOfWhatItHolds)
+{
+    openHome();
+
+    driver().doubleClick(row(QStringLiteral("Movies")));
+    waitForWay("home/Movies");
+    EXPECT_TRUE(Sandbox::instance().opened().empty()) << "film.mkv stands where Movies stood";
+
+    press(Qt::Key_Up, Qt::ControlModifier);
+    waitForWay("home");
+    driver().doubleClickAt(map(), tile("Movies"));
+    waitForWay("home/Movies");
+    EXPECT_TRUE(Sandbox::instance().opened().empty());
+}
+
+// --- Back and forward
+
+TEST_F(WalkJourney, AltLeftAndRightWalkBackAndForward)
+{
+    openHome();
+    clickTile("Exports");
+    waitForWay("home/Movies/Exports");
+    clickCrumb(QStringLiteral("Movies"));
+    waitForWay("home/Movies");
+
+    press(Qt::Key_Left, Qt::AltModifier);
+    waitForWay("home/Movies/Exports");
+    press(Qt::Key_Left, Qt::AltModifier);
+    waitForWay("home");
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(way(), "home") << "nothing was shown before";
+
+    press(Qt::Key_Right, Qt::AltModifier);
+    waitForWay("home/Movies/Exports");
+    press(Qt::Key_Right, Qt::AltModifier);
+    waitForWay("home/Movies");
+}
+
+TEST_F(WalkJourney, TheButtonsOfTheMouseWalkBackAndForward)
+{
+    openMovies();
+
+    driver().click(map(), Qt::BackButton);
+    waitForWay("home");
+    driver().click(row(QStringLiteral("Music")), Qt::ForwardButton);
+    waitForWay("home/Movies");
+}
+
+TEST_F(WalkJourney, BackAndForwardStandInTheMenu)
+{
+    openMovies();
+
+    click(QStringLiteral("appMenuButton"));
+    click(QStringLiteral("appMenu.back"));
+
+    waitForWay("home");
+    click(QStringLiteral("appMenuButton"));
+    click(QStringLiteral("appMenu.forward"));
+    waitForWay("home/Movies");
+}
+
+TEST_F(WalkJourney, TheWayBackOutlivesAnotherScreen)
+{
+    openMovies();
+    store().setSidebar(StorageStore::SidebarItem::overview);
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(store().currentFolder()->name, "Movies") << "the map is not shown";
+    store().setSidebar(StorageStore::SidebarItem::explorer);
+
+    press(Qt::Key_Left, Qt::AltModifier);
+    waitForWay("home");
+}
+
+TEST_F(WalkJourney, BackspaceGoesUpFromTheListAndFromTheMap)
+{
+    openHome();
+    clickTile("Exports");
+    waitForWay("home/Movies/Exports");
+    tabTo(map());
+
+    press(Qt::Key_Backspace);
+    waitForWay("home/Movies");
+    press(Qt::Key_Tab);
+    press(Qt::Key_Backspace);
+    waitForWay("home");
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(way(), "home");
+}
+
+TEST_F(WalkJourney, TypingFindsInTheListAndOnTheMap)
+{
+    openHome();
+    tabTo(map());
+    press(Qt::Key_A);
+    EXPECT_EQ(focusedTile(), "archive.zip");
+
+    press(Qt::Key_Tab);
+    press(Qt::Key_M);
+    EXPECT_EQ(driver().item(QStringLiteral("contents")).property("currentIndex").toInt(), 1) << "the next with M";
+    press(Qt::Key_M);
+    press(Qt::Key_Return);
+    waitForWay("home/Movies");
+}
+
+TEST_F(WalkJourney, ReturnOpensAFile)
+{
+    openMovies();
+    tabTo(map());
+    press(Qt::Key_Tab);
+
+    press(Qt::Key_F);
+    press(Qt::Key_Return);
+
+    waitForOpened("Movies/film.mkv");
 }
 
 } // namespace

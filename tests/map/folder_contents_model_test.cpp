@@ -1,5 +1,6 @@
 #include "map/ui/folder_contents_model.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
@@ -106,20 +107,49 @@ TEST_F(FolderContentsModelTest, AnAggregateBeforeAFolderShiftsItsColorAsOnTheMap
     EXPECT_EQ(data(0, Model::BarColorRole).value<QColor>(), toQColor(TreemapBuilder::folderColor(1)));
 }
 
-TEST_F(FolderContentsModelTest, FoldersAndPackagesOpenFilesDoNot)
+TEST_F(FolderContentsModelTest, AClickOpensFoldersAndPackagesButNoFiles)
 {
     scanHome();
     EXPECT_TRUE(data(0, Model::OpensRole).toBool());
     EXPECT_FALSE(data(2, Model::OpensRole).toBool());
     EXPECT_TRUE(data(3, Model::OpensRole).toBool());
     EXPECT_FALSE(data(4, Model::OpensRole).toBool());
+    model.click(2);
+    model.click(4);
+    model.click(-1);
+    model.click(99);
+    EXPECT_EQ(store.currentFolder(), store.root());
+    EXPECT_THAT(fake.log->lines(), testing::Not(testing::Contains(testing::HasSubstr("openUrl"))));
+    model.click(3);
+    EXPECT_EQ(store.currentFolder(), node("X.app"));
+}
+
+TEST_F(FolderContentsModelTest, TheSecondClickOpensTheFileThatWasClickedFirst)
+{
+    scanHome();
+    ASSERT_EQ(names()[2], QStringLiteral("film.mov"));
+    model.doubleClick(2);
+    EXPECT_THAT(fake.log->lines(), testing::Not(testing::Contains(testing::HasSubstr("openUrl"))));
+    model.click(2);
+    model.doubleClick(2);
+    EXPECT_THAT(fake.log->lines(), testing::Contains("openUrl file:///home/studio/film.mov"));
+    model.click(0);
+    model.doubleClick(0);
+    model.doubleClick(99);
+    EXPECT_THAT(fake.log->lines(), testing::Contains(testing::HasSubstr("openUrl")).Times(1))
+        << "what stands in the place of the folder by now is not meant";
+}
+
+TEST_F(FolderContentsModelTest, OpeningShowsFoldersInTheMapAndFilesInTheirProgram)
+{
+    scanHome();
     model.open(2);
+    EXPECT_THAT(fake.log->lines(), testing::Contains("openUrl file:///home/studio/film.mov"));
     model.open(4);
     model.open(-1);
-    model.open(99);
     EXPECT_EQ(store.currentFolder(), store.root());
-    model.open(3);
-    EXPECT_EQ(store.currentFolder(), node("X.app"));
+    model.open(0);
+    EXPECT_NE(store.currentFolder(), store.root());
 }
 
 TEST_F(FolderContentsModelTest, NamesWithAnExtensionGiveWayInTheMiddle)
@@ -246,6 +276,40 @@ TEST_F(FolderContentsModelTest, TogglingSelectsAndDeselects)
     model.toggle(4);
     model.toggle(99);
     EXPECT_TRUE(store.selection().empty());
+    EXPECT_FALSE(store.toast().has_value());
+}
+
+TEST_F(FolderContentsModelTest, SelectingNeverTakesOut)
+{
+    scanHome();
+    model.select(2);
+    model.select(2);
+    model.select(4);
+    EXPECT_EQ(state(2), Qt::Checked);
+    EXPECT_EQ(store.selection().size(), 1u);
+}
+
+TEST_F(FolderContentsModelTest, SelectingAllLeavesOutWhatIsProtected)
+{
+    addFile("Documents/letter.pdf", 2'000'000);
+    scanHome();
+    model.selectAll();
+    EXPECT_FALSE(store.isSelected(at("Documents")));
+    EXPECT_TRUE(store.isSelected(at("film.mov")));
+    EXPECT_EQ(store.selection().size(), 4u);
+}
+
+TEST_F(FolderContentsModelTest, WhatCannotBeSelectedSaysWhy)
+{
+    addFile("Documents/letter.pdf", 200'000'000);
+    scanHome();
+    model.toggle(0);
+    EXPECT_EQ(store.toast(), "Documents can't be selected: protected location");
+    store.dismissToast();
+    model.select(0);
+    EXPECT_EQ(store.toast(), "Documents can't be selected: protected location");
+    EXPECT_TRUE(store.toastIsWarning());
+    EXPECT_TRUE(store.selection().empty());
 }
 
 TEST_F(FolderContentsModelTest, ASelectionChangesOnlyTheRowsItConcerns)
@@ -352,24 +416,6 @@ TEST_F(FolderContentsModelTest, TheSelectionSurvivesLeavingAndEnteringAFolder)
 }
 
 // --- Keyboard and menu
-
-TEST_F(FolderContentsModelTest, NavigationKeysLeadToRows)
-{
-    scanHome();
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_Down, 0, 3), 1);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_Up, 0, 3), 0);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_PageDown, 0, 3), 3);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_PageDown, 3, 3), 4);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_PageUp, 4, 3), 1);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_End, 0, 3), 4);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_Home, 4, 3), 0);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_A, 0, 3), -1);
-}
-
-TEST_F(FolderContentsModelTest, WithoutRowsNoKeyLeadsAnywhere)
-{
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_Down, 0, 3), -1);
-}
 
 TEST_F(FolderContentsModelTest, TheMenuIsForItemsOnly)
 {

@@ -27,14 +27,47 @@ protected:
     NodeActions actions;
 };
 
-TEST_F(NodeActionsTest, OnlyFoldersAndPackagesOpen)
+TEST_F(NodeActionsTest, AFileOpensInItsOwnProgram)
 {
-    target("Films");
+    addFile("Films/100% \xff.mov", 3'000'000);
+    scanHome();
+    target("Films/100% \xff.mov");
     EXPECT_TRUE(actions.canOpen());
-    target("Films/a.mov");
-    EXPECT_FALSE(actions.canOpen());
+    EXPECT_EQ(actions.openText(), QStringLiteral("Open"));
     actions.open();
+    EXPECT_THAT(fake.log->lines(), testing::Contains("openUrl file:///home/studio/Films/100%25%20%FF.mov"));
     EXPECT_EQ(store.currentFolder(), store.root());
+    EXPECT_FALSE(store.toast().has_value());
+}
+
+TEST_F(NodeActionsTest, WhatCannotBeOpenedIsSaid)
+{
+    fake.desktop.fail("file:///home/studio/Films/a.mov", "No application is registered");
+    target("Films/a.mov");
+    actions.open();
+    ASSERT_TRUE(store.toast().has_value());
+    EXPECT_EQ(*store.toast(), "Can't open a.mov: No application is registered");
+    EXPECT_TRUE(store.toastIsWarning());
+}
+
+TEST_F(NodeActionsTest, AFileThatIsGoneIsNotOpened)
+{
+    target("Films/a.mov");
+    fake.files.take(at("Films/a.mov"));
+    actions.open();
+    EXPECT_THAT(fake.log->lines(), testing::Not(testing::Contains(testing::HasSubstr("openUrl"))));
+    ASSERT_TRUE(store.toast().has_value());
+    EXPECT_THAT(*store.toast(), testing::StartsWith("Can't open a.mov: "));
+}
+
+TEST_F(NodeActionsTest, AFileShownElsewhereOpensInItsOwnProgramAndAFolderInTheMap)
+{
+    actions.setTarget(&store, at("Films/a.mov"), 3'000'000);
+    EXPECT_EQ(actions.openText(), QStringLiteral("Open"));
+    EXPECT_TRUE(actions.canOpen());
+    actions.setTarget(&store, at("Films"), 3'000'000);
+    EXPECT_EQ(actions.openText(), QStringLiteral("Open in Space Map"));
+    EXPECT_TRUE(actions.canOpen());
 }
 
 TEST_F(NodeActionsTest, OpenShowsTheFolder)

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QAccessible>
@@ -14,6 +15,8 @@
 
 #include "map/explorer_fixture.h"
 #include "map/tree.h"
+#include "map/treemap_builder.h"
+#include "map/ui/tile_tones.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -271,7 +274,8 @@ TEST_F(TreemapViewTest, ReturnOpensTheTile)
     EXPECT_EQ(store.currentFolder(), node("Films"));
     EXPECT_EQ(view->focusedTile(), tile("Films/a.mov"));
     key(Qt::Key_Enter);
-    EXPECT_EQ(store.currentFolder(), node("Films")) << "a file does not open";
+    EXPECT_EQ(store.currentFolder(), node("Films"));
+    EXPECT_THAT(fake.log->lines(), testing::Contains("openUrl file:///home/studio/Films/a.mov"));
 }
 
 TEST_F(TreemapViewTest, SpaceTogglesTheSelection)
@@ -285,13 +289,14 @@ TEST_F(TreemapViewTest, SpaceTogglesTheSelection)
     EXPECT_FALSE(store.isSelected(at("film.mov")));
 }
 
-TEST_F(TreemapViewTest, SpaceDoesNothingToAProtectedItem)
+TEST_F(TreemapViewTest, SpaceOnAProtectedItemSaysWhyItCannotBeSelected)
 {
     show();
     view->focusTile(tile("Library"));
     focusByTab();
     key(Qt::Key_Space);
     EXPECT_TRUE(store.selection().empty());
+    EXPECT_EQ(store.toast(), "Library can't be selected: protected location");
 }
 
 TEST_F(TreemapViewTest, EscapeGoesUpToTheTileOneCameFrom)
@@ -364,6 +369,96 @@ TEST_F(TreemapViewTest, ASizeGivesNewTiles)
     EXPECT_TRUE(QTest::qWaitFor([&] { return view->picture().size() == QSize(300, 200); }, patience));
 }
 
+TEST_F(TreemapViewTest, WhatComesToCoverTheMapMovesNoTile)
+{
+    show();
+    const QRectF before = view->layout().rect(0);
+    view->setCoveredHeight(60);
+    EXPECT_EQ(view->layout().rect(0), before);
+
+    open("Films");
+    for (int i = 0; i < view->layout().count(); ++i)
+        EXPECT_LE(view->layout().rect(i).bottom(), 340) << "another folder has the room above";
+    store.openParent();
+    removeItem("Projects", 20'000'000);
+    EXPECT_LE(view->layout().rect(tile("film.mov")).bottom(), 340);
+}
+
+TEST_F(TreemapViewTest, WhatUncoversTheMapMovesNoTileUnderThePointer)
+{
+    show();
+    view->setCoveredHeight(60);
+    open("Films");
+    const QRectF before = view->layout().rect(0);
+    QTest::mouseMove(&window, QPoint(100, 100));
+    view->setCoveredHeight(0);
+    EXPECT_EQ(view->layout().rect(0), before);
+    store.openParent();
+    store.open(node("Films"));
+    EXPECT_NE(view->layout().rect(0), before);
+}
+
+TEST_F(TreemapViewTest, WithThePointerElsewhereTheMapTakesTheRoomBack)
+{
+    show();
+    view->setCoveredHeight(60);
+    open("Films");
+    const QRectF before = view->layout().rect(0);
+    view->setCoveredHeight(0);
+    EXPECT_GT(view->layout().rect(0).height(), before.height());
+}
+
+TEST_F(TreemapViewTest, ThePillStaysAboveWhatCoversTheMap)
+{
+    show();
+    view->setCoveredHeight(60);
+    EXPECT_LE(view->pillPlace(QPointF(100, 330), QSizeF(200, 48)).y() + 48, 340);
+}
+
+TEST_F(TreemapViewTest, TheSecondClickOfADoubleClickOpensAFileOnly)
+{
+    show();
+    QTest::mouseDClick(&window, Qt::LeftButton, Qt::NoModifier, point(tile("film.mov")));
+    EXPECT_THAT(fake.log->lines(), testing::Contains("openUrl file:///home/studio/film.mov"));
+    QTest::mouseDClick(&window, Qt::LeftButton, Qt::NoModifier, point(tile("Projects")));
+    EXPECT_EQ(store.currentFolder(), node("Projects"));
+    EXPECT_THAT(fake.log->lines(), testing::Not(testing::Contains("openUrl file:///home/studio/Projects/c.zip")));
+}
+
+TEST_F(TreemapViewTest, TypingGoesToTheTileOfThatName)
+{
+    show();
+    focusByTab();
+    key(Qt::Key_P);
+    EXPECT_EQ(view->focusedTile(), tile("Projects"));
+    key(Qt::Key_Z);
+    EXPECT_EQ(view->focusedTile(), tile("Projects"));
+}
+
+TEST_F(TreemapViewTest, DeleteSelectsAndBackspaceGoesUp)
+{
+    show();
+    open("Films");
+    focusByTab();
+    key(Qt::Key_Delete);
+    key(Qt::Key_Delete);
+    EXPECT_TRUE(store.isSelected(at("Films/a.mov")));
+    key(Qt::Key_Backspace);
+    EXPECT_EQ(store.currentFolder(), store.root());
+    key(Qt::Key_Backspace);
+    EXPECT_EQ(store.currentFolder(), store.root());
+}
+
+TEST_F(TreemapViewTest, ControlASelectsTheItemsOfTheFolder)
+{
+    show();
+    open("Films");
+    focusByTab();
+    key(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(store.selection().size(), 2u);
+    EXPECT_TRUE(store.isSelected(at("Films/Sub")));
+}
+
 TEST_F(TreemapViewTest, AFolderWithoutItemsShowsNoTiles)
 {
     show();
@@ -406,6 +501,26 @@ TEST_F(TreemapViewTest, GoingInAndOutIsAnimatedOnce)
     store.openParent();
     EXPECT_TRUE(view->isChangingFolder());
     ASSERT_TRUE(QTest::qWaitFor([&] { return !view->isChangingFolder(); }, patience));
+}
+
+// Sub is violet on the map of Films, and Films is blue on that of the home.
+TEST_F(TreemapViewTest, AFolderOpensInTheColourOfItsTile)
+{
+    show();
+    allowMotion();
+    const QRect place = view->layout().rect(tile("Films")).toRect().adjusted(4, 4, -4, -4);
+    const int hue = toQColor(TreemapBuilder::folderColor(0)).hsvHue();
+    open("Films");
+    ASSERT_NE(toQColor(view->layout().tile(tile("Films/Sub")).color).hsvHue(), hue);
+    const QImage first = grab();
+    for (int y = place.top(); y < place.bottom(); y += 3) {
+        for (int x = place.left(); x < place.right(); x += 3) {
+            const QColor color = first.pixelColor(x, y);
+            if (color.hsvSaturation() > 25) {
+                ASSERT_NEAR(color.hsvHue(), hue, 8) << x << " " << y;
+            }
+        }
+    }
 }
 
 TEST_F(TreemapViewTest, WithReducedMotionNothingMoves)

@@ -57,17 +57,5 @@ TEST_F(OverviewRowsModelTest, ARowSaysItsTitleAndItsFigures)
     EXPECT_EQ(text(1), QStringLiteral("Music, 1 MB"));
 }
 
-TEST_F(OverviewRowsModelTest, KeysStopAtTheEnds)
-{
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_Down, 0), -1) << "there is no row";
-    model.setRows(rowsNamed({"a", "b", "c"}));
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_Up, 0), 0);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_Down, 0), 1);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_Down, 2), 2);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_End, 0), 2);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_Home, 2), 0);
-    EXPECT_EQ(model.rowAfterKey(Qt::Key_X, 1), -1);
-}
-
 } // namespace
 } // namespace corvane

@@ -66,6 +66,12 @@ void WindowDriver::clickAt(const QQuickItem &item, QPointF point, Qt::MouseButto
     QTest::mouseClick(&m_window, button, Qt::NoModifier, item.mapToScene(point).toPoint());
 }
 
+void WindowDriver::doubleClickAt(const QQuickItem &item, QPointF point)
+{
+    pointAt(item, point);
+    QTest::mouseDClick(&m_window, Qt::LeftButton, Qt::NoModifier, item.mapToScene(point).toPoint());
+}
+
 void WindowDriver::pointAt(const QQuickItem &item, QPointF point)
 {
     QTest::mouseMove(&m_window, item.mapToScene(point).toPoint());

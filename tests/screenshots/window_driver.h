@@ -27,6 +27,8 @@ public:
     void click(const QQuickItem &item, Qt::MouseButton button = Qt::LeftButton);
     /// The same at a point of the item.
     void clickAt(const QQuickItem &item, QPointF point, Qt::MouseButton button = Qt::LeftButton);
+    void doubleClick(const QQuickItem &item) { doubleClickAt(item, item.boundingRect().center()); }
+    void doubleClickAt(const QQuickItem &item, QPointF point);
     void pointAt(const QQuickItem &item, QPointF point);
     /// Takes the pointer off everything.
     void pointAtNothing();

@@ -1,13 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusVariant>
-#include <QProcess>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QtTest/QtTest>
 
+#include "shell/session_bus.h"
 #include "shell/ui/color_scheme_setting.h"
 
 namespace corvane {
@@ -16,8 +13,6 @@ namespace {
 constexpr uint noPreference = 0;
 constexpr uint preferDark = 1;
 constexpr uint preferLight = 2;
-
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 
 /// The part of the desktop portal that publishes settings.
 class FakePortal : public QObject {
@@ -39,37 +34,18 @@ signals:
     void SettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
 };
 
-/// A session bus of the test's own.
-class PortalColorSchemeTest : public testing::Test {
+class PortalColorSchemeTest : public SessionBusTest {
 protected:
     void SetUp() override
     {
-        if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
-            GTEST_SKIP() << "dbus-daemon is not installed";
-        daemon.start(QStringLiteral("dbus-daemon"),
-                     {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        ASSERT_TRUE(daemon.waitForReadyRead());
-        const QByteArray address = daemon.readLine().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-
-        QDBusConnection bus = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("portal"));
-        ASSERT_TRUE(bus.isConnected());
-        ASSERT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
-        ASSERT_TRUE(bus.registerObject(portalPath, &portal,
-                                       QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
-    }
-    void TearDown() override
-    {
-        // The connection ends on a thread of its own, some time later: it must not look at the portal any more.
-        QDBusConnection(QStringLiteral("portal")).unregisterObject(portalPath);
-        QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
-        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-        daemon.kill();
-        daemon.waitForFinished();
+        SessionBusTest::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
+        ASSERT_TRUE(portalBus().registerObject(portalPath, &portal,
+                                               QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
     }
 
     FakePortal portal;
-    QProcess daemon;
 };
 
 TEST_F(PortalColorSchemeTest, AnswersWhatThePortalSaysAndFollowsItsChanges)

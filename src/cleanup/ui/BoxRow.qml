@@ -19,7 +19,7 @@ Item {
     property bool ruled: !startsBox
     /// Lies inside the row above it.
     property bool nested: false
-    /// Whether a press does something.
+    /// Whether a press does something; else a double click does.
     property bool presses: true
     /// The keyboard works on this row.
     property bool ringed: false
@@ -88,6 +88,10 @@ Item {
             if (event.button === Qt.RightButton)
                 row.menuWanted(event.x + x, event.y);
             else if (row.presses)
+                row.activated();
+        }
+        onDoubleClicked: event => {
+            if (event.button === Qt.LeftButton)
                 row.activated();
         }
     }

@@ -16,36 +16,19 @@ KeyboardItem {
     Accessible.role: Accessible.List
     Accessible.name: title
 
-    Keys.onPressed: event => list.navigate(event)
-    Keys.onSpacePressed: {
-        useKeyboard();
-        contents.toggle(view.currentIndex);
-    }
-    Keys.onReturnPressed: contents.activate(view.currentIndex)
-    Keys.onEnterPressed: contents.activate(view.currentIndex)
     Keys.onRightPressed: contents.setExpanded(view.currentIndex, true)
     Keys.onLeftPressed: {
         goTo(contents.cardRow(view.currentIndex));
         contents.setExpanded(view.currentIndex, false);
-    }
-    Keys.onMenuPressed: list.showMenu(view.currentIndex)
-
-    function navigate(event: KeyEvent) {
-        const row = contents.rowAfterKey(event.key, view.currentIndex, Math.floor(view.height / CleanupMetrics.cardHeight));
-        event.accepted = row >= 0;
-        if (row >= 0) {
-            useKeyboard();
-            goTo(row);
-        }
     }
 
     function goTo(row: int) {
         view.currentIndex = row;
         view.positionViewAtIndex(row, ListView.Contain);
         // The ends with their margins, and with the header above the first row that can be used.
-        if (row === contents.rowAfterKey(Qt.Key_Home, row, 1))
+        if (row === keys.firstRow())
             view.contentY = view.originY - view.topMargin;
-        else if (row === contents.rowAfterKey(Qt.Key_End, row, 1) && view.contentHeight > view.height)
+        else if (row === keys.lastRow() && view.contentHeight > view.height)
             view.contentY = view.originY + view.contentHeight + view.bottomMargin - view.height;
     }
 
@@ -63,6 +46,20 @@ KeyboardItem {
         id: contents
 
         store: Store
+    }
+    ListKeys {
+        id: keys
+
+        target: list
+        model: contents
+        current: view.currentIndex
+        page: Math.floor(view.height / CleanupMetrics.cardHeight)
+        onMoved: row => list.goTo(row)
+        onOpenWanted: row => contents.open(row)
+        onToggleWanted: row => contents.toggle(row)
+        onSelectWanted: row => contents.select(row)
+        onSelectAllWanted: contents.selectAll()
+        onMenuWanted: row => list.showMenu(row)
     }
     NodeMenu {
         id: menu
@@ -125,6 +122,7 @@ KeyboardItem {
                     part: opening
                     ringed: ListView.isCurrentItem && list.visualFocus
                     onPressed: list.point(index)
+                    onActivated: contents.open(index)
                     onToggleWanted: contents.toggle(index)
                     onMenuWanted: (x, y) => {
                         if (contents.prepareMenu(entry.index))

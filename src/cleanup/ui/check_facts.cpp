@@ -4,13 +4,11 @@
 #include <vector>
 
 #include "core/store/storage_store.h"
+#include "shell/ui/selecting.h"
 
 namespace corvane {
 
 namespace {
-
-const QString protectedReason = QStringLiteral("Protected location");
-const QString coveredReason = QStringLiteral("Inside a selected folder");
 
 bool hasSelectedInside(const Selection &selection, const std::string &path)
 {
@@ -18,14 +16,23 @@ bool hasSelectedInside(const Selection &selection, const std::string &path)
     return next != selection.end() && liesBeneath(next->first, path);
 }
 
+std::vector<SelectedEntry> entriesOf(const CleanupItem &item)
+{
+    std::vector<SelectedEntry> entries;
+    entries.reserve(item.entries.size());
+    for (const CleanupEntry &entry : item.entries)
+        entries.push_back({entry.path, entry.size});
+    return entries;
+}
+
 } // namespace
 
 CheckFacts checkFactsOf(const StorageStore &store, const std::string &path)
 {
     if (hasSelectedAncestor(store.selection(), path))
-        return {Qt::Checked, false, coveredReason};
+        return {Qt::Checked, false, coveredRefusal()};
     if (store.isProtected(path))
-        return {Qt::Unchecked, false, protectedReason};
+        return {Qt::Unchecked, false, protectedRefusal()};
     if (store.isSelected(path))
         return {Qt::Checked, true, {}};
     return {hasSelectedInside(store.selection(), path) ? Qt::PartiallyChecked : Qt::Unchecked, true, {}};
@@ -37,7 +44,7 @@ CheckFacts checkFactsOf(const StorageStore &store, const CleanupItem &item)
     if (item.entries.empty())
         return {};
     if (hasSelectedAncestor(selection, item.entries.front().path))
-        return {Qt::Checked, false, coveredReason};
+        return {Qt::Checked, false, coveredRefusal()};
 
     std::size_t selected = 0;
     bool isAnyInside = false;
@@ -52,20 +59,19 @@ CheckFacts checkFactsOf(const StorageStore &store, const CleanupItem &item)
         return !selection.contains(entry.path) && !store.isProtected(entry.path);
     });
     if (!isAnyLeft)
-        return selected > 0 ? CheckFacts{Qt::Checked, true, {}} : CheckFacts{Qt::Unchecked, false, protectedReason};
+        return selected > 0 ? CheckFacts{Qt::Checked, true, {}} : CheckFacts{Qt::Unchecked, false, protectedRefusal()};
     return {selected > 0 || isAnyInside ? Qt::PartiallyChecked : Qt::Unchecked, true, {}};
+}
+
+void selectEntries(StorageStore &store, const CleanupItem &item)
+{
+    store.setSelected(entriesOf(item), true);
 }
 
 void toggleEntries(StorageStore &store, const CleanupItem &item)
 {
-    const CheckFacts facts = checkFactsOf(store, item);
-    if (!facts.isCheckable)
-        return;
-    std::vector<SelectedEntry> entries;
-    entries.reserve(item.entries.size());
-    for (const CleanupEntry &entry : item.entries)
-        entries.push_back({entry.path, entry.size});
-    store.setSelected(entries, facts.state != Qt::Checked);
+    if (const CheckFacts facts = checkFactsOf(store, item); facts.isCheckable)
+        store.setSelected(entriesOf(item), facts.state != Qt::Checked);
 }
 
 } // namespace corvane

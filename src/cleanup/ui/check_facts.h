@@ -26,7 +26,9 @@ struct CheckFacts {
 /// entries, so without any there is nothing to check.
 [[nodiscard]] CheckFacts checkFactsOf(const StorageStore &store, const CleanupItem &item);
 
-/// Selects every entry of the location that may be selected; takes them all out where nothing is left to select.
+/// Selects every entry of the location that may be selected.
+void selectEntries(StorageStore &store, const CleanupItem &item);
+/// The same; takes them all out where nothing is left to select.
 void toggleEntries(StorageStore &store, const CleanupItem &item);
 
 } // namespace corvane

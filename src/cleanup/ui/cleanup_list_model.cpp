@@ -13,6 +13,7 @@
 #include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 #include "shell/ui/file_icons.h"
+#include "shell/ui/selecting.h"
 
 namespace corvane {
 
@@ -294,8 +295,7 @@ CheckFacts CleanupListModel::checkFacts(const CleanupRow &row) const
         const auto facts = m_cardChecks.find(row.def);
         return facts == m_cardChecks.end() ? CheckFacts() : facts->second;
     }
-    const bool isItem = row.kind == Kind::entry || row.kind == Kind::artifact;
-    return isItem && m_store ? checkFactsOf(*m_store, pathOf(row)) : CheckFacts();
+    return row.isItem() && m_store ? checkFactsOf(*m_store, pathOf(row)) : CheckFacts();
 }
 
 QVariant CleanupListModel::data(const QModelIndex &index, int role) const
@@ -506,6 +506,12 @@ QVariant CleanupListModel::wordsData(const CleanupRow &row, int role) const
                : QVariant();
 }
 
+Qt::ItemFlags CleanupListModel::flags(const QModelIndex &index) const
+{
+    const CleanupRow *const row = rowAt(index.row());
+    return row != nullptr && row->isStop() ? QAbstractListModel::flags(index) : Qt::ItemFlags(Qt::NoItemFlags);
+}
+
 QHash<int, QByteArray> CleanupListModel::roleNames() const
 {
     return {{KindRole, "kind"},
@@ -570,6 +576,15 @@ void CleanupListModel::activate(int row)
     }
 }
 
+void CleanupListModel::open(int row)
+{
+    const CleanupRow *const pressed = rowAt(row);
+    if (pressed == nullptr || pressed->kind != Kind::entry)
+        activate(row);
+    else if (prepareMenu(row))
+        m_menuTarget.open();
+}
+
 void CleanupListModel::setExpanded(int row, bool expanded)
 {
     const CleanupRow *const pressed = rowAt(row);
@@ -596,15 +611,47 @@ void CleanupListModel::toggle(int row)
     const CleanupRow *const pressed = rowAt(row);
     if (pressed == nullptr || !m_store)
         return;
-    if (pressed->kind == Kind::card) {
-        if (const CleanupItem *const measured = item(pressed->def))
-            toggleEntries(*m_store, *measured);
+    if (pressed->kind != Kind::card) {
+        if (pressed->isItem())
+            toggleItem(*m_store, pathOf(*pressed), sizeOf(*pressed));
+    } else if (mayBeSelected(*pressed)) {
+        toggleEntries(*m_store, *item(pressed->def));
+    }
+}
+
+void CleanupListModel::select(int row)
+{
+    const CleanupRow *const pressed = rowAt(row);
+    if (pressed == nullptr || !m_store)
         return;
+    if (pressed->kind != Kind::card) {
+        if (pressed->isItem())
+            selectItem(*m_store, pathOf(*pressed), sizeOf(*pressed));
+    } else if (mayBeSelected(*pressed)) {
+        selectEntries(*m_store, *item(pressed->def));
     }
-    if (checkFacts(*pressed).isCheckable) {
-        const std::string path = pathOf(*pressed);
-        m_store->setSelected(path, sizeOf(*pressed), !m_store->isSelected(path));
+}
+
+bool CleanupListModel::mayBeSelected(const CleanupRow &card)
+{
+    const CheckFacts facts = checkFacts(card);
+    if (!facts.isCheckable && !facts.reason.isEmpty())
+        sayRefusal(*m_store, displayText(card.def->title), facts.reason);
+    return facts.isCheckable;
+}
+
+void CleanupListModel::selectAll()
+{
+    if (!m_store)
+        return;
+    std::vector<SelectedEntry> entries;
+    for (const CleanupItem &item : m_store->cleanupItems()) {
+        for (const CleanupEntry &entry : item.entries)
+            entries.push_back({entry.path, entry.size});
     }
+    for (const DevJunkItem &artifact : m_store->devJunk())
+        entries.push_back({artifact.node->path(), artifact.node->size});
+    m_store->setSelected(entries, true);
 }
 
 void CleanupListModel::reveal(int row)
@@ -616,45 +663,10 @@ void CleanupListModel::reveal(int row)
 bool CleanupListModel::prepareMenu(int row)
 {
     const CleanupRow *const pressed = rowAt(row);
-    if (pressed == nullptr || !m_store || (pressed->kind != Kind::entry && pressed->kind != Kind::artifact))
+    if (pressed == nullptr || !m_store || !pressed->isItem())
         return false;
     m_menuTarget.setTarget(m_store, pathOf(*pressed), sizeOf(*pressed));
     return true;
-}
-
-int CleanupListModel::rowAfterKey(int key, int row, int page) const
-{
-    const int last = rowCount() - 1;
-    const auto nearest = [this, last](int from, int step) {
-        int place = std::clamp(from, 0, last);
-        while (rowAt(place) != nullptr && !rowAt(place)->isStop())
-            place += step;
-        return place;
-    };
-    const auto forwards = [&](int from) {
-        const int found = nearest(from, 1);
-        return found <= last ? found : nearest(last, -1);
-    };
-    const auto backwards = [&](int from) {
-        const int found = nearest(from, -1);
-        return found >= 0 ? found : nearest(0, 1);
-    };
-    switch (key) {
-    case Qt::Key_Up:
-        return backwards(row - 1);
-    case Qt::Key_Down:
-        return forwards(row + 1);
-    case Qt::Key_PageUp:
-        return backwards(row - std::max(page, 1));
-    case Qt::Key_PageDown:
-        return forwards(row + std::max(page, 1));
-    case Qt::Key_Home:
-        return forwards(0);
-    case Qt::Key_End:
-        return backwards(last);
-    default:
-        return -1;
-    }
 }
 
 } // namespace corvane

@@ -63,21 +63,30 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
+    /// Rows that the keyboard does not stop at are not enabled.
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
+
     /// What a press on the row does: a card opens or closes, its last row leads to the location, a build folder
     /// is shown in the map, and where there is no scan, or only a part of one, one starts.
     Q_INVOKABLE void activate(int row);
+    /// The same, and opens the item of an entry, as a double click does: a file in its own program, a folder of the
+    /// tree in the map.
+    Q_INVOKABLE void open(int row);
     /// Opens or closes the card that the row is or belongs to.
     Q_INVOKABLE void setExpanded(int row, bool expanded);
     /// The row of the card that the row belongs to; the row itself otherwise.
     Q_INVOKABLE [[nodiscard]] int cardRow(int row) const;
-    /// Selects the row's item, all that a card holds, or takes it out of the selection.
+    /// Selects the row's item, all that a card holds, or takes it out of the selection; says why where that is
+    /// refused.
     Q_INVOKABLE void toggle(int row);
+    /// Selects the same; says why where that is refused.
+    Q_INVOKABLE void select(int row);
+    /// Selects all that is listed: what every card holds, and the build folders.
+    Q_INVOKABLE void selectAll();
     /// Shows the row's item in the file manager.
     Q_INVOKABLE void reveal(int row);
     /// Makes the row's item the target of the context menu; false where there is no item.
     Q_INVOKABLE bool prepareMenu(int row);
-    /// The row that a navigation key leads to from `row` when `page` rows are seen at once; -1 for other keys.
-    Q_INVOKABLE [[nodiscard]] int rowAfterKey(int key, int row, int page) const;
 
 signals:
     void storeChanged();
@@ -101,6 +110,8 @@ private:
     [[nodiscard]] std::int64_t sizeOf(const CleanupRow &row) const;
 
     [[nodiscard]] CheckFacts checkFacts(const CleanupRow &row) const;
+    /// Whether there is something of the card to select; says why where that is refused.
+    [[nodiscard]] bool mayBeSelected(const CleanupRow &card);
     [[nodiscard]] QVariant rowData(const CleanupRow &row, int role) const;
     [[nodiscard]] QVariant sectionData(const CleanupRow &row, int role) const;
     [[nodiscard]] QVariant cardData(const CleanupRow &row, int role) const;

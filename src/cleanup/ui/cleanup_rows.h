@@ -38,6 +38,8 @@ struct CleanupRow {
     [[nodiscard]] bool isSame(const CleanupRow &other) const;
     /// Whether it is one of the rows that a card shows when it is expanded.
     [[nodiscard]] bool isInsideCard() const;
+    /// Whether it stands for one file or folder.
+    [[nodiscard]] bool isItem() const { return kind == Kind::entry || kind == Kind::artifact; }
     /// Whether the keyboard stops at it.
     [[nodiscard]] bool isStop() const;
 };

@@ -34,4 +34,9 @@ QString displayText(std::string_view bytes)
     return text;
 }
 
+QByteArray fileUrl(std::string_view path)
+{
+    return "file://" + QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size())).toPercentEncoding("/");
+}
+
 } // namespace corvane

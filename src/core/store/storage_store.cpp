@@ -12,6 +12,7 @@
 
 #include "core/scan_words.h"
 #include "core/scanner.h"
+#include "core/store/path_text.h"
 #include "disk/disk_accountant.h"
 
 namespace corvane {
@@ -513,6 +514,15 @@ void StorageStore::reveal(const std::string &path)
 void StorageStore::showRevealFailure(const Error &error)
 {
     showToast("Can't show " + nameOf(error.path) + ": " + error.description(), true);
+}
+
+void StorageStore::openFile(const std::string &path)
+{
+    // Some desktops start the program for a file that is gone, and leave the message to it.
+    const auto opened = m_host.files.facts(path).and_then(
+        [&](const auto &) { return m_host.desktop.openUrl(fileUrl(path).toStdString()); });
+    if (!opened)
+        showToast("Can't open " + nameOf(path) + ": " + opened.error().description(), true);
 }
 
 // --- Selection

@@ -158,6 +158,8 @@ public:
     void perform(const BreakdownAction &action);
     /// Shows an item in the file manager; what goes wrong, at once or later, is said in the toast.
     void reveal(const std::string &path);
+    /// Opens a file in the program that the desktop has for it; what goes wrong is said in the toast.
+    void openFile(const std::string &path);
 
     // --- The cleanup catalogue
     /// Measures the catalogue anew in the background.

@@ -74,6 +74,16 @@ Item {
             visible: bar.visualFocus
         }
     }
+    ListKeys {
+        target: bar
+        model: hero.presenter.segments
+        current: hero.presenter.segments.rowOf(hero.current)
+        navigates: false
+        onMoved: row => {
+            hero.pointedAt(hero.presenter.segments.idOf(row));
+            hero.chosen(hero.current);
+        }
+    }
     Legend {
         id: legend
 

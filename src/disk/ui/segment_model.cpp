@@ -88,6 +88,17 @@ std::optional<BreakdownAction> SegmentModel::action(int row) const
     return m_rows[static_cast<std::size_t>(row)].segment.action;
 }
 
+QString SegmentModel::idOf(int row) const
+{
+    return row >= 0 && row < rowCount() ? m_rows[static_cast<std::size_t>(row)].id : QString();
+}
+
+int SegmentModel::rowOf(const QString &id) const
+{
+    const auto found = std::ranges::find(m_rows, id, &Row::id);
+    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+}
+
 StackedBarPart SegmentModel::barPart(int row) const
 {
     const auto &[id, segment, share] = m_rows.at(static_cast<std::size_t>(row));

@@ -56,6 +56,10 @@ public:
     void setSegments(const std::vector<BreakdownSegment> &segments, std::int64_t used);
     /// The action of a row, if it has one.
     [[nodiscard]] std::optional<BreakdownAction> action(int row) const;
+    /// The id of a row's segment; empty for no row.
+    Q_INVOKABLE [[nodiscard]] QString idOf(int row) const;
+    /// The row of a segment, or -1.
+    Q_INVOKABLE [[nodiscard]] int rowOf(const QString &id) const;
     /// What a bar shows of a row.
     [[nodiscard]] StackedBarPart barPart(int row) const;
 

@@ -8,6 +8,8 @@ Item {
 
     /// The window's own commands, shown at the right of the band.
     property alias toolbar: band.commands
+    /// How much of the screen lies beneath the selection bar, at its bottom.
+    property real coveredHeight: 0
     readonly property bool wide: width >= Theme.wideContentWidth
 
     ExplorerPresenter {
@@ -48,6 +50,7 @@ Item {
             store: Store
             visible: !presenter.empty
             highlightedRow: list.hoveredRow
+            coveredHeight: screen.coveredHeight
 
             Accessible.role: Accessible.List
             Accessible.name: presenter.mapName
@@ -57,6 +60,7 @@ Item {
         EmptyStateView {
             objectName: "emptyMap"
             anchors.fill: parent
+            anchors.bottomMargin: screen.coveredHeight
             symbol: presenter.emptySymbol
             title: presenter.emptyTitle
             message: presenter.emptyText
@@ -85,6 +89,7 @@ Item {
         anchors.right: parent.right
         anchors.top: band.bottom
         anchors.bottom: parent.bottom
+        anchors.bottomMargin: screen.coveredHeight
         width: (screen.wide ? Theme.mapListWidth : Theme.mapListWidthNarrow) - Theme.hairlineWidth
         presenter: presenter
         markedRow: map.hoveredRow

@@ -20,24 +20,7 @@ KeyboardItem {
     Accessible.role: Accessible.List
     Accessible.name: presenter.folderName
 
-    Keys.onPressed: event => list.navigate(event)
-    Keys.onSpacePressed: {
-        useKeyboard();
-        contents.toggle(view.currentIndex);
-    }
-    Keys.onReturnPressed: contents.open(view.currentIndex)
-    Keys.onEnterPressed: contents.open(view.currentIndex)
-    Keys.onMenuPressed: list.showMenu(view.currentIndex)
     Keys.onEscapePressed: list.presenter.goUp()
-
-    function navigate(event: KeyEvent) {
-        const row = contents.rowAfterKey(event.key, view.currentIndex, Math.floor(view.height / Theme.nodeRowHeight));
-        event.accepted = row >= 0;
-        if (row >= 0) {
-            useKeyboard();
-            goTo(row);
-        }
-    }
 
     function goTo(row: int) {
         view.currentIndex = row;
@@ -59,6 +42,19 @@ KeyboardItem {
 
         store: list.presenter.store
         onFolderShown: row => list.goTo(row)
+    }
+    ListKeys {
+        target: list
+        model: contents
+        current: view.currentIndex
+        page: Math.floor(view.height / Theme.nodeRowHeight)
+        onMoved: row => list.goTo(row)
+        onOpenWanted: row => contents.open(row)
+        onToggleWanted: row => contents.toggle(row)
+        onSelectWanted: row => contents.select(row)
+        onSelectAllWanted: contents.selectAll()
+        onUpWanted: list.presenter.goUp()
+        onMenuWanted: row => list.showMenu(row)
     }
     NodeMenu {
         id: menu
@@ -91,6 +87,8 @@ KeyboardItem {
             wide: list.wide
             onHoveredChanged: list.hoveredRow = hovered ? index : list.hoveredRow === index ? -1 : list.hoveredRow
             onPressed: list.point(index)
+            onClicked: contents.click(index)
+            onDoubleClicked: contents.doubleClick(index)
             onOpenWanted: contents.open(index)
             onToggleWanted: contents.toggle(index)
             onMenuWanted: (x, y) => {

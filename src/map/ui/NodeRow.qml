@@ -29,6 +29,8 @@ Item {
     readonly property bool hovered: hover.hovered
 
     signal pressed
+    signal clicked
+    signal doubleClicked
     signal openWanted
     signal toggleWanted
     signal menuWanted(real x, real y)
@@ -52,7 +54,11 @@ Item {
         anchors.fill: parent
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         onPressed: row.pressed()
-        onClicked: event => event.button === Qt.RightButton ? row.menuWanted(event.x, event.y) : row.openWanted()
+        onClicked: event => event.button === Qt.RightButton ? row.menuWanted(event.x, event.y) : row.clicked()
+        onDoubleClicked: event => {
+            if (event.button === Qt.LeftButton)
+                row.doubleClicked();
+        }
     }
     SelectToggle {
         id: toggle

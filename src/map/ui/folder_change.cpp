@@ -30,7 +30,7 @@ FolderChange::FolderChange(QObject *parent) : QObject(parent)
     connect(&m_animation, &QVariantAnimation::finished, this, &FolderChange::stop);
 }
 
-void FolderChange::start(const Place &from, const Place &to, const QImage &picture)
+void FolderChange::start(const Place &from, const Place &to, const QImage &picture, const Paint &paint)
 {
     const int duration = Theme::instance()->motion(Theme::instance()->property("mapDuration").toInt());
     if (!from.folder || !to.folder || picture.isNull() || duration == 0)
@@ -45,6 +45,7 @@ void FolderChange::start(const Place &from, const Place &to, const QImage &pictu
         return;
     m_tile = outer.layout.rect(index);
     m_picture = picture;
+    m_tinted = paint(inner, outer.layout.tile(index).color);
     m_animation.setDuration(duration);
     m_animation.start();
 }
@@ -55,6 +56,7 @@ void FolderChange::stop()
     if (m_picture.isNull())
         return;
     m_picture = QImage();
+    m_tinted = QImage();
     emit ended();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include <QImage>
@@ -25,15 +26,21 @@ public:
 
     explicit FolderChange(QObject *parent = nullptr);
 
+    /// The map of a place with all tiles in one colour.
+    using Paint = std::function<QImage(const Place &place, const Color &color)>;
+
     /// Begins to lead over from one folder, of which `picture` is the map, to another. Nothing begins where
     /// neither lies inside the other, or where no movement is wanted.
-    void start(const Place &from, const Place &to, const QImage &picture);
+    void start(const Place &from, const Place &to, const QImage &picture, const Paint &paint);
     /// Ends it at once, if there is one.
     void stop();
 
     [[nodiscard]] bool isRunning() const { return m_animation.state() == QAbstractAnimation::Running; }
     /// The map of the folder that it comes from; null when nothing moves.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
+    /// The map of the inner folder in the colour of its tile, from which the movement begins; null when nothing
+    /// moves.
+    [[nodiscard]] const QImage &tinted() const { return m_tinted; }
     /// The tile of the inner folder on the map of the outer one.
     [[nodiscard]] const QRectF &tile() const { return m_tile; }
     [[nodiscard]] bool isInward() const { return m_isInward; }
@@ -47,6 +54,7 @@ signals:
 private:
     QVariantAnimation m_animation;
     QImage m_picture;
+    QImage m_tinted;
     QRectF m_tile;
     bool m_isInward = true;
 };

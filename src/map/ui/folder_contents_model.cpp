@@ -15,6 +15,7 @@
 #include "map/ui/tile_tones.h"
 #include "map/ui/tree_path.h"
 #include "shell/ui/file_icons.h"
+#include "shell/ui/selecting.h"
 
 namespace corvane {
 
@@ -304,9 +305,9 @@ Qt::CheckState FolderContentsModel::checkState(const FileNode &node) const
 QString FolderContentsModel::checkReason(const FileNode &node) const
 {
     if (m_marks.allCovered)
-        return QStringLiteral("Inside a selected folder");
+        return coveredRefusal();
     if (m_store && m_store->isProtected(node.path()))
-        return QStringLiteral("Protected location");
+        return protectedRefusal();
     return {};
 }
 
@@ -320,20 +321,49 @@ QHash<int, QByteArray> FolderContentsModel::roleNames() const
 
 // --- Actions
 
-void FolderContentsModel::open(int row)
+void FolderContentsModel::click(int row)
 {
     const FileNode *node = nodeAt(row);
-    if (m_store && opensInMap(node)) {
-        // The rows are gone when the store has answered.
-        const std::shared_ptr<FileNode> target = m_children[static_cast<std::size_t>(row)];
+    m_clicked = node ? m_children[static_cast<std::size_t>(row)] : nullptr;
+    if (opensInMap(node))
+        open(row);
+}
+
+void FolderContentsModel::doubleClick(int row)
+{
+    const FileNode *node = nodeAt(row);
+    if (node && node == m_clicked.lock().get() && !opensInMap(node))
+        open(row);
+}
+
+void FolderContentsModel::open(int row)
+{
+    if (!m_store || !nodeAt(row))
+        return;
+    // The rows are gone when the store has answered.
+    const std::shared_ptr<FileNode> target = m_children[static_cast<std::size_t>(row)];
+    if (opensInMap(target.get()))
         m_store->open(target);
-    }
+    else
+        m_store->openFile(target->path());
 }
 
 void FolderContentsModel::toggle(int row)
 {
-    if (const FileNode *node = nodeAt(row); node && m_store)
-        toggleSelected(*m_store, *node);
+    if (const FileNode *node = nodeAt(row); node && m_store && !node->removed)
+        toggleItem(*m_store, node->path(), node->size);
+}
+
+void FolderContentsModel::select(int row)
+{
+    if (const FileNode *node = nodeAt(row); node && m_store && !node->removed)
+        selectItem(*m_store, node->path(), node->size);
+}
+
+void FolderContentsModel::selectAll()
+{
+    if (m_store && m_folder)
+        selectChildren(*m_store, *m_folder);
 }
 
 bool FolderContentsModel::prepareMenu(int row)
@@ -342,29 +372,6 @@ bool FolderContentsModel::prepareMenu(int row)
         return false;
     m_menuTarget.setTarget(m_store, m_children[static_cast<std::size_t>(row)]);
     return true;
-}
-
-int FolderContentsModel::rowAfterKey(int key, int row, int page) const
-{
-    const int last = rowCount() - 1;
-    if (last < 0)
-        return -1;
-    switch (key) {
-    case Qt::Key_Up:
-        return std::clamp(row - 1, 0, last);
-    case Qt::Key_Down:
-        return std::clamp(row + 1, 0, last);
-    case Qt::Key_PageUp:
-        return std::clamp(row - std::max(page, 1), 0, last);
-    case Qt::Key_PageDown:
-        return std::clamp(row + std::max(page, 1), 0, last);
-    case Qt::Key_Home:
-        return 0;
-    case Qt::Key_End:
-        return last;
-    default:
-        return -1;
-    }
 }
 
 } // namespace corvane

@@ -51,14 +51,20 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// Shows the folder or package of the row in the explorer.
+    /// What a click does: shows the folder or package of the row in the explorer.
+    Q_INVOKABLE void click(int row);
+    /// What the second click of a double click does: opens the file that was clicked. After the first one a folder
+    /// is shown, and the second one would hit whatever stands in its place by then.
+    Q_INVOKABLE void doubleClick(int row);
+    /// Shows a folder or package in the explorer, and a file in its own program.
     Q_INVOKABLE void open(int row);
-    /// Selects the row's item, or takes it out of the selection.
+    /// Selects the row's item, or takes it out of the selection; says why where that is refused.
     Q_INVOKABLE void toggle(int row);
+    /// Selects the row's item; says why where that is refused.
+    Q_INVOKABLE void select(int row);
+    Q_INVOKABLE void selectAll();
     /// Makes the row's item the target of the context menu; false where there is no item.
     Q_INVOKABLE bool prepareMenu(int row);
-    /// The row that a navigation key leads to from `row` when `page` rows are seen at once; -1 for other keys.
-    Q_INVOKABLE [[nodiscard]] int rowAfterKey(int key, int row, int page) const;
 
 signals:
     void storeChanged();
@@ -96,6 +102,7 @@ private:
     std::unordered_map<const FileNode *, int> m_places; ///< in the map, which gives folders their colour
     Marks m_marks;
     std::unordered_map<std::string_view, int> m_rows; ///< by name; empty until asked for
+    std::weak_ptr<FileNode> m_clicked;                ///< the last item that was clicked
     NodeActions m_menuTarget;
 };
 

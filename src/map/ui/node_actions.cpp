@@ -1,6 +1,7 @@
 #include "map/ui/node_actions.h"
 
 #include <utility>
+#include <vector>
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -9,6 +10,8 @@
 #include "core/store/path_text.h"
 #include "core/store/storage_store.h"
 #include "map/ui/tile_info_pill.h"
+#include "shell/ui/desktop_words.h"
+#include "shell/ui/selecting.h"
 
 namespace corvane {
 
@@ -18,6 +21,7 @@ void NodeActions::setTarget(StorageStore *store, std::shared_ptr<FileNode> node)
     m_node = std::move(node);
     m_path = m_node ? m_node->path() : std::string();
     m_size = m_node ? m_node->size : 0;
+    m_isFile = m_node && m_node->kind == FileNode::Kind::file;
     m_isElsewhere = false;
     emit changed();
 }
@@ -28,6 +32,8 @@ void NodeActions::setTarget(StorageStore *store, const std::string &path, std::i
     m_node = store->sharedNode(path);
     m_path = path;
     m_size = size;
+    const auto facts = store->host().files.facts(path);
+    m_isFile = facts && facts->type != EntryType::directory;
     m_isElsewhere = true;
     emit changed();
 }
@@ -39,7 +45,7 @@ QString NodeActions::title() const
 
 bool NodeActions::canOpen() const
 {
-    return opensInMap(m_node.get());
+    return m_isFile || opensInMap(m_node.get());
 }
 
 bool NodeActions::canReveal() const
@@ -50,9 +56,7 @@ bool NodeActions::canReveal() const
 bool NodeActions::canSelect() const
 {
     // What has been removed can be neither shown nor removed again.
-    if (!canReveal())
-        return false;
-    return !m_store->isProtected(m_path) && !hasSelectedAncestor(m_store->selection(), m_path);
+    return canReveal() && refusalOf(*m_store, m_path).isEmpty();
 }
 
 bool NodeActions::isSelected() const
@@ -62,16 +66,12 @@ bool NodeActions::isSelected() const
 
 QString NodeActions::openText() const
 {
-    return m_isElsewhere ? QStringLiteral("Open in Space Map") : QStringLiteral("Open");
+    return m_isElsewhere && !m_isFile ? QStringLiteral("Open in Space Map") : QStringLiteral("Open");
 }
 
 QString NodeActions::revealText() const
 {
-#ifdef Q_OS_MACOS
-    return QStringLiteral("Reveal in Finder");
-#else
-    return QStringLiteral("Show in File Manager");
-#endif
+    return revealWords();
 }
 
 QString NodeActions::copyText() const
@@ -88,7 +88,9 @@ void NodeActions::open() const
 {
     if (!m_store || !canOpen())
         return;
-    if (m_isElsewhere)
+    if (m_isFile)
+        m_store->openFile(m_path);
+    else if (m_isElsewhere)
         m_store->showInMap(m_node);
     else
         m_store->open(m_node);
@@ -109,30 +111,22 @@ void NodeActions::copyPath() const
 void NodeActions::toggleSelection() const
 {
     if (canSelect())
-        toggleSelected(*m_store, m_path, m_size);
+        toggleItem(*m_store, m_path, m_size);
 }
 
-void toggleSelected(StorageStore &store, const FileNode &node)
+void selectChildren(StorageStore &store, const FileNode &folder)
 {
-    if (!node.removed)
-        toggleSelected(store, node.path(), node.size);
-}
-
-void toggleSelected(StorageStore &store, const std::string &path, std::int64_t size)
-{
-    if (!hasSelectedAncestor(store.selection(), path))
-        store.setSelected(path, size, !store.isSelected(path));
+    std::vector<SelectedEntry> entries;
+    entries.reserve(folder.children.size());
+    for (const auto &child : folder.children)
+        entries.push_back({child->path(), child->size});
+    store.setSelected(entries, true);
 }
 
 QMimeData *makeMimeData(const FileNode &node)
 {
-    // Percent-encoded from the bytes of the path, so that a name that is no valid text arrives unharmed.
-    const std::string path = node.path();
     auto *data = new QMimeData;
-    data->setData(QStringLiteral("text/uri-list"),
-                  "file://" +
-                      QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size())).toPercentEncoding("/") +
-                      "\r\n");
+    data->setData(QStringLiteral("text/uri-list"), fileUrl(node.path()) + "\r\n");
     return data;
 }
 

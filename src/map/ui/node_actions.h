@@ -35,7 +35,7 @@ public:
 
     /// An item of the tree, shown by the explorer. Neither is taken over; the store outlives this object.
     void setTarget(StorageStore *store, std::shared_ptr<FileNode> node);
-    /// An item that another screen shows, in the tree or not: it opens in the explorer's screen.
+    /// An item that another screen shows, in the tree or not: a folder opens in the explorer's screen.
     void setTarget(StorageStore *store, const std::string &path, std::int64_t size);
     [[nodiscard]] const std::shared_ptr<FileNode> &node() const { return m_node; }
 
@@ -64,13 +64,12 @@ private:
     std::string m_path; // bytes; empty for no target
     std::int64_t m_size = 0;
     std::shared_ptr<FileNode> m_node; // null for what is not in the tree
+    bool m_isFile = false;            // or a link: it opens in a program of its own
     bool m_isElsewhere = false;
 };
 
-/// Puts an item into the selection or takes it out; does nothing for one that may not be selected, or that
-/// goes with a selected folder anyway.
-void toggleSelected(StorageStore &store, const FileNode &node);
-void toggleSelected(StorageStore &store, const std::string &path, std::int64_t size);
+/// Puts all that a folder holds into the selection but what may not be selected; its small files are no items.
+void selectChildren(StorageStore &store, const FileNode &folder);
 
 /// What another program gets when the item is dragged to it. The caller owns it.
 [[nodiscard]] QMimeData *makeMimeData(const FileNode &node);

@@ -41,6 +41,10 @@ TreemapNode::TreemapNode(QQuickWindow &window) : m_window(window)
     for (QSGNode *child : {static_cast<QSGNode *>(m_back), static_cast<QSGNode *>(m_front),
                            static_cast<QSGNode *>(m_hoverRing), static_cast<QSGNode *>(m_focusRing)})
         appendChildNode(child);
+    m_own = new QSGOpacityNode;
+    m_tint = new QSGOpacityNode;
+    m_front->appendChildNode(m_own);
+    m_front->appendChildNode(m_tint);
 }
 
 QSGImageNode *TreemapNode::addPictureTo(QSGNode &parent, const QImage &picture)
@@ -58,10 +62,12 @@ void TreemapNode::setPicture(const QImage &picture)
     m_picture = addPictureTo(*m_back, picture);
 }
 
-void TreemapNode::setOtherPicture(const QImage &picture)
+void TreemapNode::setOtherPictures(const QImage &picture, const QImage &tinted)
 {
     delete m_other;
-    m_other = picture.isNull() ? nullptr : addPictureTo(*m_front, picture);
+    m_other = picture.isNull() ? nullptr : addPictureTo(*m_own, picture);
+    delete m_tinted;
+    m_tinted = tinted.isNull() ? nullptr : addPictureTo(*m_tint, tinted);
 }
 
 void TreemapNode::showStill(const QRectF &area)
@@ -77,9 +83,8 @@ void TreemapNode::showBetween(const QRectF &area, const QRectF &tile, double par
     QSGImageNode *outer = inward ? m_other : m_picture;
     QSGImageNode *inner = inward ? m_picture : m_other;
     moveTo(outer, m_back);
-    moveTo(inner, m_front);
+    moveTo(inner, m_own);
     outer->setFiltering(QSGTexture::Linear);
-    inner->setFiltering(QSGTexture::Linear);
 
     // Only what lies inside the area is drawn, so nothing has to be clipped.
     const QRectF seen = between(area, tile, part);
@@ -91,9 +96,14 @@ void TreemapNode::showBetween(const QRectF &area, const QRectF &tile, double par
 
     const double zoomX = area.width() / seen.width();
     const double zoomY = area.height() / seen.height();
-    inner->setSourceRect(wholeSource(inner));
-    inner->setRect(QRectF((tile.x() - seen.x()) * zoomX, (tile.y() - seen.y()) * zoomY, tile.width() * zoomX,
-                          tile.height() * zoomY));
+    const QRectF place((tile.x() - seen.x()) * zoomX, (tile.y() - seen.y()) * zoomY, tile.width() * zoomX,
+                       tile.height() * zoomY);
+    for (QSGImageNode *const node : {inner, m_tinted}) {
+        node->setFiltering(QSGTexture::Linear);
+        node->setSourceRect(wholeSource(node));
+        node->setRect(place);
+    }
+    m_tint->setOpacity(1 - part);
     m_front->setOpacity(firstOpacity + (1 - firstOpacity) * part);
 }
 

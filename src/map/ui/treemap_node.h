@@ -20,14 +20,15 @@ public:
 
     /// The map of the folder shown.
     void setPicture(const QImage &picture);
-    /// The map that a change of folder comes from; null ends the change.
-    void setOtherPicture(const QImage &picture);
+    /// The map that a change of folder comes from, and that of the folder inside in the colour of its tile; both
+    /// null end the change.
+    void setOtherPictures(const QImage &picture, const QImage &tinted);
 
     /// The folder shown fills `area`.
     void showStill(const QRectF &area);
     /// Between two folders: the map of the containing folder is drawn so large that the tile `tile` comes to
-    /// `part` of its way to the whole area, and the map of the folder inside over that tile. `inward` tells
-    /// which of the two is the folder shown.
+    /// `part` of its way to the whole area, and the map of the folder inside over that tile, at first in
+    /// the tile's colour. `inward` tells which of the two is the folder shown.
     void showBetween(const QRectF &area, const QRectF &tile, double part, bool inward);
 
     RingNode &hoverRing() { return *m_hoverRing; }
@@ -39,8 +40,11 @@ private:
     QQuickWindow &m_window;
     QSGOpacityNode *m_back = nullptr;  ///< the containing folder's map, or the only one
     QSGOpacityNode *m_front = nullptr; ///< the map of the folder inside
+    QSGOpacityNode *m_own = nullptr;   ///< that map in its own colours
+    QSGOpacityNode *m_tint = nullptr;  ///< that map in the colour of its tile, above
     QSGImageNode *m_picture = nullptr;
     QSGImageNode *m_other = nullptr;
+    QSGImageNode *m_tinted = nullptr;
     RingNode *m_hoverRing = nullptr;
     RingNode *m_focusRing = nullptr;
 };

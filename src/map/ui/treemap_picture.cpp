@@ -26,7 +26,7 @@ std::vector<TileFace> facesOf(const TreemapScene &scene)
     for (int i = 0; i < tiles.count(); ++i) {
         const TreemapTile &tile = tiles.tile(i);
         TileFace face{.rect = tiles.rect(i),
-                      .color = tile.color,
+                      .color = scene.onlyColor.value_or(tile.color),
                       .role = tiles.role(i),
                       .rank = tiles.rank(i),
                       .label = displayText(tile.label),

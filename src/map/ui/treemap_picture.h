@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QImage>
 #include <QSizeF>
 
@@ -17,6 +19,7 @@ struct TreemapScene {
     const StorageStore *store = nullptr; ///< knows what is selected; null where nothing is
     QSizeF size;                         ///< points
     double devicePixelRatio = 1;
+    std::optional<Color> onlyColor = {}; ///< in place of the tiles' own
 };
 
 /// The whole map as one opaque picture: tiles, labels, and the marks of what is selected.

@@ -1,7 +1,9 @@
 #include "map/ui/treemap_view.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 #include <QAccessible>
 #include <QCursor>
@@ -20,8 +22,8 @@
 #include "map/ui/treemap_accessible.h"
 #include "map/ui/treemap_node.h"
 #include "map/ui/treemap_painter.h"
-#include "map/ui/treemap_picture.h"
 #include "shell/ui/file_icons.h"
+#include "shell/ui/selecting.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -98,7 +100,12 @@ void TreemapView::followFolder()
     const int back = layout().indexOf(cameFrom.get());
     m_focused = back >= 0 ? back : layout().first();
     if (pictureFits && isVisible() && window()) {
-        m_change.start({previousFolder, previous}, {m_folder, layout()}, m_picture);
+        const auto paint = [this](const FolderChange::Place &place, const Color &color) {
+            TreemapScene scene = sceneOf(place.layout, place.folder.get());
+            scene.onlyColor = color;
+            return paintTreemap(scene, m_tones);
+        };
+        m_change.start({previousFolder, previous}, {m_folder, layout()}, m_picture, paint);
         m_otherIsNew = true;
     }
     clearHover();
@@ -125,14 +132,20 @@ void TreemapView::followTree()
 void TreemapView::invalidateLayout()
 {
     m_layoutIsStale = true;
+    m_heightLeftFree = m_coveredHeight;
     m_pressed = -1;
     repaintPicture();
+}
+
+QSizeF TreemapView::layoutSize() const
+{
+    return {width(), std::max(height() - m_heightLeftFree, 0.0)};
 }
 
 const TreemapLayout &TreemapView::layout() const
 {
     if (m_layoutIsStale) {
-        m_layout = m_folder ? TreemapLayout(*m_folder, size()) : TreemapLayout();
+        m_layout = m_folder ? TreemapLayout(*m_folder, layoutSize()) : TreemapLayout();
         m_layoutIsStale = false;
         notifyTilesChanged(const_cast<TreemapView *>(this));
     }
@@ -160,16 +173,17 @@ void TreemapView::repaintPicture()
     polish();
 }
 
+TreemapScene TreemapView::sceneOf(const TreemapLayout &layout, const FileNode *folder) const
+{
+    return {
+        .layout = layout, .folder = folder, .store = m_store, .size = size(), .devicePixelRatio = devicePixelRatio()};
+}
+
 void TreemapView::updatePolish()
 {
     if (!m_pictureIsStale || width() <= 0 || height() <= 0)
         return;
-    m_picture = paintTreemap({.layout = layout(),
-                              .folder = m_folder.get(),
-                              .store = m_store,
-                              .size = size(),
-                              .devicePixelRatio = devicePixelRatio()},
-                             m_tones);
+    m_picture = paintTreemap(sceneOf(layout(), m_folder.get()), m_tones);
     m_pictureIsStale = false;
     m_pictureIsNew = true;
     update();
@@ -188,7 +202,7 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
         m_otherIsNew = true;
     }
     if (m_otherIsNew)
-        node->setOtherPicture(m_change.picture());
+        node->setOtherPictures(m_change.picture(), m_change.tinted());
     if (m_pictureIsNew)
         node->setPicture(m_picture);
     m_otherIsNew = false;
@@ -224,11 +238,21 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
     return node;
 }
 
+void TreemapView::componentComplete()
+{
+    KeyboardItem::componentComplete();
+    invalidateLayout(); // the properties come in any order
+}
+
 void TreemapView::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
     QQuickItem::geometryChange(newGeometry, oldGeometry);
-    if (newGeometry.size() == oldGeometry.size())
-        return;
+    if (newGeometry.size() != oldGeometry.size())
+        layOutAgain();
+}
+
+void TreemapView::layOutAgain()
+{
     const bool wasEmpty = layout().count() == 0;
     const FileNode *focused = m_focused >= 0 ? m_layout.tile(m_focused).node.get() : nullptr;
     invalidateLayout();
@@ -268,6 +292,16 @@ void TreemapView::setHighlightedRow(int row)
     update();
 }
 
+void TreemapView::setCoveredHeight(double height)
+{
+    if (m_coveredHeight == height)
+        return;
+    m_coveredHeight = height;
+    emit coveredHeightChanged();
+    if (m_heightLeftFree > m_coveredHeight && !m_pointerIsInside)
+        layOutAgain();
+}
+
 QString TreemapView::pillTitle() const
 {
     return m_hovered >= 0 ? TileInfoPill(layout().tile(m_hovered)).title : QString();
@@ -290,7 +324,7 @@ QString TreemapView::pillIcon() const
 
 QPointF TreemapView::pillPlace(QPointF pointer, QSizeF panel) const
 {
-    return TileInfoPill::place(pointer, panel, boundingRect());
+    return TileInfoPill::place(pointer, panel, boundingRect().adjusted(0, 0, 0, -m_coveredHeight));
 }
 
 void TreemapView::setPointer(QPointF position)
@@ -374,7 +408,20 @@ void TreemapView::mouseMoveEvent(QMouseEvent *event)
 void TreemapView::mouseReleaseEvent(QMouseEvent *event)
 {
     const int pressed = std::exchange(m_pressed, -1);
-    if (pressed >= 0 && layout().at(event->position()) == pressed)
+    if (pressed < 0 || layout().at(event->position()) != pressed)
+        return;
+    m_clicked = layout().tile(pressed).node;
+    if (tileOpens(pressed))
+        openTile(pressed);
+}
+
+// Follows the second press. A file opens; where the first click has opened a folder, the second one hits whatever
+// stands in its place by now, and is meant for none of that.
+void TreemapView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const int pressed = std::exchange(m_pressed, -1);
+    if (event->button() == Qt::LeftButton && pressed >= 0 && layout().tile(pressed).node &&
+        layout().tile(pressed).node == m_clicked.lock() && !tileOpens(pressed))
         openTile(pressed);
 }
 
@@ -421,54 +468,85 @@ void TreemapView::focusTile(int index)
     update();
 }
 
+bool TreemapView::goUp()
+{
+    if (!m_store || m_store->currentFolder() == m_store->root())
+        return false;
+    m_store->openParent();
+    return true;
+}
+
+bool TreemapView::runCommand(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const bool hasTile = m_focused >= 0;
+    const auto showMenu = [&] {
+        requestMenu(m_focused, hasTile ? layout().rect(m_focused).center() : QPointF());
+        return hasTile;
+    };
+    if (modifiers == Qt::ControlModifier && event.key() == Qt::Key_Up)
+        return goUp();
+    if (modifiers == Qt::ControlModifier && event.key() == Qt::Key_A) {
+        if (m_store && m_folder)
+            selectChildren(*m_store, *m_folder);
+        return m_folder != nullptr;
+    }
+    if (modifiers == Qt::ShiftModifier && event.key() == Qt::Key_F10)
+        return showMenu();
+    if (modifiers != Qt::NoModifier)
+        return false;
+    switch (event.key()) {
+    case Qt::Key_Left:
+        return moveFocus(TreemapLayout::Direction::left);
+    case Qt::Key_Right:
+        return moveFocus(TreemapLayout::Direction::right);
+    case Qt::Key_Up:
+        return moveFocus(TreemapLayout::Direction::up);
+    case Qt::Key_Down:
+        return moveFocus(TreemapLayout::Direction::down);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        openTile(m_focused);
+        return hasTile;
+    case Qt::Key_Space:
+        toggleTile(m_focused);
+        return hasTile;
+    case Qt::Key_Delete:
+        selectTile(m_focused);
+        return hasTile;
+    case Qt::Key_Escape:
+    case Qt::Key_Backspace:
+        return goUp();
+    case Qt::Key_Menu:
+        return showMenu();
+    default:
+        return false;
+    }
+}
+
+bool TreemapView::findTyped(const QKeyEvent &event)
+{
+    const QString typed = TypeToFind::typedText(event);
+    if (typed.isEmpty() || m_focused < 0)
+        return false;
+    // Only the tiles of the folder's own items take the focus.
+    std::vector<int> tops;
+    for (int i = 0; i < layout().count(); ++i) {
+        if (layout().tile(i).depth == 0)
+            tops.push_back(i);
+    }
+    const auto current = static_cast<int>(std::ranges::find(tops, layout().top(m_focused)) - tops.begin());
+    const auto at = [&](int place) { return tops[static_cast<std::size_t>(place)]; };
+    const int found = m_typeToFind.find(typed, event.timestamp(), current, static_cast<int>(tops.size()),
+                                        [&](int place) { return displayText(layout().tile(at(place)).label); });
+    if (found >= 0)
+        focusTile(at(found));
+    return true;
+}
+
 void TreemapView::keyPressEvent(QKeyEvent *event)
 {
-    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
-    bool done = false;
-    if (modifiers == Qt::ControlModifier && event->key() == Qt::Key_Up) {
-        done = m_store && m_store->currentFolder() != m_store->root();
-        if (done)
-            m_store->openParent();
-    } else if (modifiers == Qt::ShiftModifier && event->key() == Qt::Key_F10) {
-        done = m_focused >= 0;
-        requestMenu(m_focused, m_focused >= 0 ? layout().rect(m_focused).center() : QPointF());
-    } else if (modifiers == Qt::NoModifier) {
-        switch (event->key()) {
-        case Qt::Key_Left:
-            done = moveFocus(TreemapLayout::Direction::left);
-            break;
-        case Qt::Key_Right:
-            done = moveFocus(TreemapLayout::Direction::right);
-            break;
-        case Qt::Key_Up:
-            done = moveFocus(TreemapLayout::Direction::up);
-            break;
-        case Qt::Key_Down:
-            done = moveFocus(TreemapLayout::Direction::down);
-            break;
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            done = m_focused >= 0;
-            openTile(m_focused);
-            break;
-        case Qt::Key_Space:
-            done = m_focused >= 0;
-            toggleTile(m_focused);
-            break;
-        case Qt::Key_Escape:
-            done = m_store && m_store->currentFolder() != m_store->root();
-            if (done)
-                m_store->openParent();
-            break;
-        case Qt::Key_Menu:
-            done = m_focused >= 0;
-            requestMenu(m_focused, m_focused >= 0 ? layout().rect(m_focused).center() : QPointF());
-            break;
-        default:
-            break;
-        }
-    }
-    if (!done) {
+    if (!runCommand(*event) && !findTyped(*event)) {
         event->ignore();
         return;
     }
@@ -505,14 +583,27 @@ bool TreemapView::tileIsSelected(int index) const
 
 void TreemapView::openTile(int index)
 {
-    if (index >= 0 && m_store && tileOpens(index))
-        m_store->open(layout().tile(index).node);
+    const std::shared_ptr<FileNode> node = index >= 0 ? layout().tile(index).node : nullptr;
+    if (!m_store || !node)
+        return;
+    if (tileOpens(index))
+        m_store->open(node);
+    else
+        m_store->openFile(node->path());
 }
 
 void TreemapView::toggleTile(int index)
 {
-    if (index >= 0 && m_store && layout().tile(index).node)
-        toggleSelected(*m_store, *layout().tile(index).node);
+    const FileNode *const node = index >= 0 ? layout().tile(index).node.get() : nullptr;
+    if (m_store && node && !node->removed)
+        toggleItem(*m_store, node->path(), node->size);
+}
+
+void TreemapView::selectTile(int index)
+{
+    const FileNode *const node = index >= 0 ? layout().tile(index).node.get() : nullptr;
+    if (m_store && node && !node->removed)
+        selectItem(*m_store, node->path(), node->size);
 }
 
 } // namespace corvane

@@ -12,7 +12,9 @@
 #include "map/ui/node_actions.h"
 #include "map/ui/tile_tones.h"
 #include "map/ui/treemap_layout.h"
+#include "map/ui/treemap_picture.h"
 #include "shell/ui/keyboard_item.h"
+#include "shell/ui/type_to_find.h"
 
 namespace corvane {
 
@@ -27,6 +29,9 @@ class TreemapView : public corvane::KeyboardItem { // qualified for qmllint, whi
     Q_PROPERTY(int hoveredRow READ hoveredRow NOTIFY hoverChanged)
     /// The row of the list under the pointer, or -1: its tile gets the ring.
     Q_PROPERTY(int highlightedRow READ highlightedRow WRITE setHighlightedRow NOTIFY highlightedRowChanged)
+    /// How much of the map lies beneath something, at its bottom. A folder is laid out in the room above it. What
+    /// comes while the folder is shown moves no tile, and what goes moves none under the pointer.
+    Q_PROPERTY(double coveredHeight READ coveredHeight WRITE setCoveredHeight NOTIFY coveredHeightChanged)
     Q_PROPERTY(bool pillShown READ isPillShown NOTIFY hoverChanged)
     Q_PROPERTY(QString pillTitle READ pillTitle NOTIFY hoverChanged)
     Q_PROPERTY(QString pillInfo READ pillInfo NOTIFY hoverChanged)
@@ -45,6 +50,8 @@ public:
     [[nodiscard]] int hoveredRow() const;
     [[nodiscard]] int highlightedRow() const { return m_highlightedRow; }
     void setHighlightedRow(int row);
+    [[nodiscard]] double coveredHeight() const { return m_coveredHeight; }
+    void setCoveredHeight(double height);
     [[nodiscard]] bool isPillShown() const { return m_pillShown; }
     [[nodiscard]] QString pillTitle() const;
     [[nodiscard]] QString pillInfo() const;
@@ -63,8 +70,11 @@ public:
     [[nodiscard]] QString tileName(int index) const;
     [[nodiscard]] bool tileOpens(int index) const;
     [[nodiscard]] bool tileIsSelected(int index) const;
+    /// Shows a folder or package in the explorer, and a file in its own program.
     void openTile(int index);
+    /// Selects the tile's item, or takes it out of the selection; says why where that is refused.
     void toggleTile(int index);
+    void selectTile(int index);
     void focusTile(int index);
 
     /// The picture of the map as it stands; null before there is one. For tests.
@@ -75,11 +85,13 @@ signals:
     void storeChanged();
     void hoverChanged();
     void highlightedRowChanged();
+    void coveredHeightChanged();
     void pointerChanged();
     /// A context menu for `menuTarget` is wanted at a point of the map.
     void menuRequested(QPointF position);
 
 protected:
+    void componentComplete() override;
     QSGNode *updatePaintNode(QSGNode *old, UpdatePaintNodeData *) override;
     void updatePolish() override;
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
@@ -90,6 +102,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseUngrabEvent() override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -98,7 +111,11 @@ private:
     void followFolder();
     void followTree();
     void invalidateLayout();
+    /// The same folder in the room that there is now.
+    void layOutAgain();
+    [[nodiscard]] QSizeF layoutSize() const;
     void repaintPicture();
+    [[nodiscard]] TreemapScene sceneOf(const TreemapLayout &layout, const FileNode *folder) const;
     void endChange();
 
     void setPointer(QPointF position);
@@ -106,13 +123,18 @@ private:
     void setHovered(int index);
     void requestMenu(int index, QPointF position);
     void startDrag(int index);
+    [[nodiscard]] bool goUp();
     [[nodiscard]] bool moveFocus(TreemapLayout::Direction direction);
+    [[nodiscard]] bool runCommand(const QKeyEvent &event);
+    [[nodiscard]] bool findTyped(const QKeyEvent &event);
     [[nodiscard]] double devicePixelRatio() const;
 
     QPointer<StorageStore> m_store;
     std::shared_ptr<FileNode> m_folder;
     mutable TreemapLayout m_layout;
     mutable bool m_layoutIsStale = true;
+    double m_coveredHeight = 0;
+    double m_heightLeftFree = 0; ///< by the layout
     TileTones m_tones{false};
     QImage m_picture;
     bool m_pictureIsStale = true;
@@ -130,6 +152,8 @@ private:
 
     int m_pressed = -1;
     QPointF m_pressPosition;
+    std::weak_ptr<FileNode> m_clicked; ///< the last item that was clicked
+    TypeToFind m_typeToFind;
     int m_focused = -1;
     NodeActions m_menuTarget;
 };

@@ -44,19 +44,6 @@ OverviewBox {
         Accessible.role: Accessible.List
         Accessible.name: head.title
 
-        Keys.onPressed: event => list.navigate(event)
-        Keys.onReturnPressed: card.presenter.openTopItem(current)
-        Keys.onEnterPressed: card.presenter.openTopItem(current)
-        Keys.onMenuPressed: list.showMenu(current, 0, OverviewMetrics.topRowHeight)
-
-        function navigate(event: KeyEvent) {
-            const row = card.presenter.topItems.rowAfterKey(event.key, current);
-            event.accepted = row >= 0;
-            if (row >= 0) {
-                useKeyboard();
-                current = row;
-            }
-        }
         function point(row: int) {
             usePointer();
             current = row;
@@ -66,6 +53,15 @@ OverviewBox {
                 menu.popup(list, x, row * OverviewMetrics.topRowHeight + y);
         }
 
+        ListKeys {
+            target: list
+            model: card.presenter.topItems
+            current: list.current
+            onMoved: row => list.current = row
+            onOpenWanted: row => card.presenter.openTopItem(row)
+            onSelectWanted: row => card.presenter.selectTopItem(row)
+            onMenuWanted: row => list.showMenu(row, 0, OverviewMetrics.topRowHeight)
+        }
         Column {
             id: rows
 

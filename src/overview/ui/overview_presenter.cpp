@@ -15,6 +15,7 @@
 #include "map/treemap_builder.h"
 #include "map/ui/tile_tones.h"
 #include "shell/ui/file_icons.h"
+#include "shell/ui/selecting.h"
 
 namespace corvane {
 
@@ -260,6 +261,12 @@ void OverviewPresenter::openTopItem(int row)
 {
     if (prepareMenu(row))
         m_store->showInMap(std::shared_ptr<FileNode>(m_menuTarget.node()));
+}
+
+void OverviewPresenter::selectTopItem(int row)
+{
+    if (prepareMenu(row))
+        selectItem(*m_store, m_menuTarget.node()->path(), m_menuTarget.node()->size);
 }
 
 bool OverviewPresenter::prepareMenu(int row)

@@ -97,6 +97,8 @@ public:
 
     /// Shows one of the biggest items in the map; a file in its folder.
     Q_INVOKABLE void openTopItem(int row);
+    /// Selects one of the biggest items for removal; says why where that is refused.
+    Q_INVOKABLE void selectTopItem(int row);
     /// Makes one of the biggest items the target of the context menu; false where there is no item.
     Q_INVOKABLE bool prepareMenu(int row);
     /// Shows all of the scanned folder in the map.

@@ -1,6 +1,5 @@
 #include "overview/ui/overview_rows_model.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace corvane {
@@ -73,25 +72,6 @@ QHash<int, QByteArray> OverviewRowsModel::roleNames() const
             {IconKeyRole, "iconKey"},     {ColorRole, "color"},
             {TintRole, "tint"},           {FractionRole, "fraction"},
             {ElideRole, "elideMode"},     {DescriptionRole, "description"}};
-}
-
-int OverviewRowsModel::rowAfterKey(int key, int row) const
-{
-    const int last = rowCount() - 1;
-    if (last < 0)
-        return -1;
-    switch (key) {
-    case Qt::Key_Up:
-        return std::clamp(row - 1, 0, last);
-    case Qt::Key_Down:
-        return std::clamp(row + 1, 0, last);
-    case Qt::Key_Home:
-        return 0;
-    case Qt::Key_End:
-        return last;
-    default:
-        return -1;
-    }
 }
 
 } // namespace corvane

@@ -54,9 +54,6 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// The row that a navigation key leads to from `row`; -1 for other keys.
-    Q_INVOKABLE [[nodiscard]] int rowAfterKey(int key, int row) const;
-
 private:
     std::vector<OverviewRow> m_rows;
 };

@@ -122,28 +122,12 @@ TEST_F(Sidebar, ChoosingARowSetsTheStoresChoice)
     EXPECT_EQ(fake.store.sidebar(), Item::duplicates);
 }
 
-TEST_F(Sidebar, SteppingStopsAtTheEnds)
-{
-    add(Item::explorer);
-    add(Item::large);
-    add(Item::old);
-    model.setStore(&fake.store);
-    model.step(1);
-    EXPECT_EQ(fake.store.sidebar(), Item::large);
-    model.step(100);
-    EXPECT_EQ(fake.store.sidebar(), Item::old);
-    model.step(1);
-    EXPECT_EQ(fake.store.sidebar(), Item::old);
-    model.step(-100);
-    EXPECT_EQ(fake.store.sidebar(), Item::explorer);
-}
-
 TEST_F(Sidebar, WithoutScreensThereIsNothingChosen)
 {
     model.setStore(&fake.store);
     EXPECT_EQ(model.currentRow(), -1);
     EXPECT_EQ(model.content(), nullptr);
-    model.step(1);
+    model.choose(1);
     EXPECT_EQ(fake.store.sidebar(), Item::overview);
 }
 

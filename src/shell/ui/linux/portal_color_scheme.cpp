@@ -1,21 +1,18 @@
 // Linux: the "color-scheme" of the desktop portal. A plain Qt program gets a light palette on most desktops,
 // whatever the user has chosen; the portal is where that choice is published.
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QFileInfo>
 
 #include "shell/ui/color_scheme_setting.h"
+#include "shell/ui/linux/desktop_portal.h"
 
 namespace corvane {
 
 namespace {
 
-const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto object = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto settingGroup = QStringLiteral("org.freedesktop.appearance");
 const auto settingKey = QStringLiteral("color-scheme");
@@ -32,15 +29,15 @@ class PortalColorScheme : public ColorSchemeSetting {
     Q_OBJECT
 
 public:
-    PortalColorScheme()
+    explicit PortalColorScheme(QDBusConnection bus)
     {
         // Qt 6.4 looks the slot's types up by name and does not know this one until someone has asked for it.
         qRegisterMetaType<QDBusVariant>();
-        QDBusConnection bus = QDBusConnection::sessionBus();
-        bus.connect(service, object, interface, QStringLiteral("SettingChanged"), this,
+        bus.connect(portalService(), portalObject(), interface, QStringLiteral("SettingChanged"), this,
                     SLOT(onSettingChanged(QString, QString, QDBusVariant)));
 
-        QDBusMessage read = QDBusMessage::createMethodCall(service, object, interface, QStringLiteral("Read"));
+        QDBusMessage read =
+            QDBusMessage::createMethodCall(portalService(), portalObject(), interface, QStringLiteral("Read"));
         read << settingGroup << settingKey;
         auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
         connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *call) {
@@ -78,20 +75,12 @@ private:
     std::optional<bool> m_prefersDark;
 };
 
-/// Whether a session bus runs already: asking for it must not start one.
-bool hasSessionBus()
-{
-    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
-           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-}
-
 } // namespace
 
 std::unique_ptr<ColorSchemeSetting> systemColorSchemeSetting()
 {
-    if (!hasSessionBus() || !QDBusConnection::sessionBus().isConnected())
-        return nullptr;
-    return std::make_unique<PortalColorScheme>();
+    const std::optional<QDBusConnection> bus = runningSessionBus();
+    return bus ? std::make_unique<PortalColorScheme>(*bus) : nullptr;
 }
 
 } // namespace corvane

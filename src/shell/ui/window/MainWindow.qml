@@ -12,6 +12,8 @@ ApplicationWindow {
     required property SidebarModel screens
 
     readonly property bool asking: review.visible || about.visible || confirmation.visible
+    /// How much of a screen lies beneath the selection bar.
+    readonly property real coveredHeight: selectionBar.takenHeight
 
     title: Qt.application.name
     width: WindowMetrics.defaultWidth
@@ -20,11 +22,29 @@ ApplicationWindow {
     minimumHeight: Theme.minimumHeight
     color: Theme.window
 
+    // For Qt's own folder dialog; the program's parts have their colours from the theme.
+    palette {
+        window: Theme.raised
+        windowText: Theme.t1
+        base: Theme.surface
+        text: Theme.t1
+        placeholderText: Theme.t3
+        button: Theme.control
+        buttonText: Theme.t1
+        light: Theme.raised
+        midlight: Theme.hairline
+        mid: Theme.controlBorder
+        dark: Theme.controlBorder
+        shadow: "black"
+        highlight: Theme.accentFill
+        highlightedText: Theme.t1
+    }
+
     ScanPresenter {
         id: scan
 
         store: Store
-        onFolderWanted: folderDialog.open()
+        onFolderWanted: chooser.ask()
     }
     SelectionPresenter {
         id: selection
@@ -37,6 +57,11 @@ ApplicationWindow {
 
         store: Store
     }
+    FolderHistory {
+        id: history
+
+        store: Store
+    }
     WindowActions {
         id: actions
 
@@ -44,6 +69,7 @@ ApplicationWindow {
         scan: scan
         selection: selection
         help: help
+        history: history
         enabled: !window.asking
         onReviewWanted: review.open()
         onAboutWanted: about.open()
@@ -67,9 +93,9 @@ ApplicationWindow {
         clip: true
 
         ScreenLoader {
-            width: parent.width
-            height: parent.height - selectionBar.takenHeight
+            anchors.fill: parent
             screens: window.screens
+            coveredHeight: window.coveredHeight
         }
         SelectionBar {
             id: selectionBar
@@ -104,6 +130,24 @@ ApplicationWindow {
             text: qsTr("Drop to scan this folder")
         }
     }
+    // The keys that some keyboards have for it; the commands' own are in the menu.
+    Shortcut {
+        sequences: ["Back", Qt.platform.os === "osx" ? "Alt+Left" : ""]
+        enabled: actions.back.enabled
+        onActivated: history.goBack()
+    }
+    Shortcut {
+        sequences: ["Forward", Qt.platform.os === "osx" ? "Alt+Right" : ""]
+        enabled: actions.forward.enabled
+        onActivated: history.goForward()
+    }
+    // Over everything, so that the mouse's own buttons do the same wherever the pointer is.
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.BackButton | Qt.ForwardButton
+        enabled: actions.enabled
+        onPressed: event => history.go(event.button)
+    }
     Shortcut {
         sequence: "Escape"
         enabled: toast.shown && !window.asking
@@ -124,13 +168,24 @@ ApplicationWindow {
     AboutSheet {
         id: about
     }
+    FolderChooser {
+        id: chooser
+
+        asker: window
+        title: scan.folderPrompt
+        acceptLabel: qsTr("Scan")
+        firstFolder: scan.firstFolder
+        onChosen: folder => scan.scanUrl(folder)
+        onDialogWanted: folderDialog.open()
+    }
     FolderDialog {
         id: folderDialog
 
         objectName: "folderDialog"
-        title: scan.folderPrompt
-        acceptLabel: qsTr("Scan")
-        currentFolder: scan.firstFolder
+        title: chooser.title
+        acceptLabel: chooser.acceptLabel
+        currentFolder: chooser.firstFolder
+        onVisibleChanged: if (visible) chooser.showHiddenFolders()
         onAccepted: scan.scanUrl(selectedFolder)
     }
     Component {

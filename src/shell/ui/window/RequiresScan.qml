@@ -15,16 +15,21 @@ Item {
     required property string prompt
     required property string promptTitle
     required property Component screen
+    /// How much of the view lies beneath the selection bar, at its bottom.
+    required property real coveredHeight
+    /// Whether the screen leaves room for the bar by itself.
+    required property bool goesBeneathBar
 
-    readonly property bool waiting: needed && !scan.hasScan
+    readonly property bool waiting: needed && !presenter.hasScan
 
     ScanPresenter {
-        id: scan
+        id: presenter
 
         store: Store
     }
     Loader {
         anchors.fill: parent
+        anchors.bottomMargin: view.goesBeneathBar ? 0 : view.coveredHeight
         sourceComponent: view.waiting ? null : view.screen
     }
     // A Repeater because the Loader of Qt 6.4 makes no component that refers to what surrounds it.
@@ -33,7 +38,8 @@ Item {
 
         delegate: WaitingForScan {
             anchors.fill: parent
-            scan: scan
+            anchors.bottomMargin: view.coveredHeight
+            scan: presenter
             title: view.title
             symbol: view.symbol
             prompt: view.prompt

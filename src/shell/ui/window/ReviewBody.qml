@@ -14,6 +14,12 @@ FocusScope {
     signal trashWanted
     signal deleteWanted
 
+    /// Whether the note on the Trash has a line. It keeps it until the sheet is closed, so that nothing below moves
+    /// while entries are dropped.
+    property bool hasNoteLine: false
+
+    onActiveChanged: hasNoteLine = active && trashNote.text !== ""
+
     implicitHeight: header.height + list.height + footer.height
     focus: true
     Keys.onReturnPressed: body.answerByDefault()
@@ -34,7 +40,7 @@ FocusScope {
 
         width: parent.width
         height: WindowMetrics.reviewHeaderTop + Theme.title2Line + Theme.secondaryLine + WindowMetrics.reviewHeaderBottom
-            + Theme.hairlineWidth + (trashNote.visible ? Theme.secondaryLine : 0)
+            + Theme.hairlineWidth + (body.hasNoteLine ? Theme.secondaryLine : 0)
 
         PlainText {
             id: heading
@@ -68,6 +74,7 @@ FocusScope {
             text: body.selection.trashNote
             font: Theme.secondaryFiguresFont
             color: Theme.dangerText
+            onTextChanged: if (body.active && text !== "") body.hasNoteLine = true
         }
         Rectangle {
             anchors.bottom: parent.bottom

@@ -15,6 +15,7 @@ T.ItemDelegate {
     required property string dropTitle
 
     signal dropped(row: int)
+    signal menuWanted(x: real, y: real)
 
     implicitHeight: WindowMetrics.reviewRowHeight
     focusPolicy: Qt.NoFocus
@@ -22,6 +23,11 @@ T.ItemDelegate {
     Accessible.role: Accessible.ListItem
     Accessible.name: name + ", " + size
     Accessible.description: path
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: point => row.menuWanted(point.position.x, point.position.y)
+    }
 
     background: Rectangle {
         color: row.highlighted ? Theme.accentRow : row.hovered ? Theme.fillq : Theme.withAlpha(Theme.fillq, 0)

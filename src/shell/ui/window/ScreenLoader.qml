@@ -7,6 +7,8 @@ Item {
     id: view
 
     required property SidebarModel screens
+    /// How much of the view lies beneath the selection bar, at its bottom.
+    required property real coveredHeight
 
     function show() {
         if (screen.screen === view.screens.content)
@@ -24,6 +26,8 @@ Item {
         anchors.fill: parent
         layer.enabled: fade.running
         needed: view.screens.needsScan
+        coveredHeight: view.coveredHeight
+        goesBeneathBar: view.screens.goesBeneathBar
         title: view.screens.title
         symbol: view.screens.symbol
         prompt: view.screens.scanPrompt

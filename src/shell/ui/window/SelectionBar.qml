@@ -11,8 +11,8 @@ FocusScope {
 
     signal reviewWanted
 
-    /// The height that the bar takes from what is above it.
-    readonly property int takenHeight: visible ? height : 0
+    /// The height that the bar takes from the screens. All of it from the first moment, and none as soon as it goes.
+    readonly property int takenHeight: shown ? height : 0
     property real hiddenPart: shown ? 0 : 1
     readonly property bool shown: !selection.empty
 
@@ -52,6 +52,13 @@ FocusScope {
     Rectangle {
         anchors.fill: parent
         color: Theme.raised
+    }
+    // Nothing reaches the screen beneath.
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
+        hoverEnabled: true
+        onWheel: event => event.accepted = true
     }
     Rectangle {
         width: parent.width

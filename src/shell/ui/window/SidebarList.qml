@@ -15,15 +15,12 @@ KeyboardItem {
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Screens")
 
-    Keys.onUpPressed: screens.step(-1)
-    Keys.onDownPressed: screens.step(1)
-    Keys.onPressed: event => {
-        if (event.key !== Qt.Key_Home && event.key !== Qt.Key_End)
-            return;
-        list.screens.step(event.key === Qt.Key_Home ? -list.screens.rowCount() : list.screens.rowCount());
-        event.accepted = true;
+    ListKeys {
+        target: list
+        model: list.screens
+        current: list.screens.currentRow
+        onMoved: row => list.screens.choose(row)
     }
-
     Column {
         id: rows
 

@@ -44,6 +44,16 @@ MenuBar {
         }
     }
     Menu {
+        title: qsTr("Go")
+
+        MenuItem {
+            action: bar.actions.back
+        }
+        MenuItem {
+            action: bar.actions.forward
+        }
+    }
+    Menu {
         id: view
 
         title: qsTr("View")

@@ -13,6 +13,7 @@ QtObject {
     required property ScanPresenter scan
     required property SelectionPresenter selection
     required property HelpPresenter help
+    required property FolderHistory history
     /// Nothing is answered while a sheet wants an answer.
     required property bool enabled
 
@@ -59,6 +60,18 @@ QtObject {
         shortcut: "Ctrl+Backspace"
         enabled: actions.enabled && actions.selection.canRemove
         onTriggered: actions.selection.moveToTrash()
+    }
+    readonly property Action back: Action {
+        text: qsTr("Back")
+        shortcut: Qt.platform.os === "osx" ? "Ctrl+[" : "Alt+Left"
+        enabled: actions.enabled
+        onTriggered: actions.history.goBack()
+    }
+    readonly property Action forward: Action {
+        text: qsTr("Forward")
+        shortcut: Qt.platform.os === "osx" ? "Ctrl+]" : "Alt+Right"
+        enabled: actions.enabled
+        onTriggered: actions.history.goForward()
     }
     readonly property Action privacyPolicy: Action {
         text: qsTr("Privacy Policy")

@@ -15,7 +15,7 @@ AppMenu {
     /// Whether the keyboard opened it, which then goes on from the first command.
     property bool byKeyboard: false
 
-    readonly property int screensAt: 9
+    readonly property int screensAt: 12
 
     onOpened: currentIndex = byKeyboard ? 0 : -1
 
@@ -47,6 +47,15 @@ AppMenu {
     AppMenuItem {
         objectName: "appMenu.moveToTrash"
         action: menu.actions.moveToTrash
+    }
+    AppMenuSeparator {}
+    AppMenuItem {
+        objectName: "appMenu.back"
+        action: menu.actions.back
+    }
+    AppMenuItem {
+        objectName: "appMenu.forward"
+        action: menu.actions.forward
     }
     AppMenuSeparator {}
     AppMenuSeparator {}

@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include "core/store/path_text.h"
+
 namespace corvane {
 
 std::string pathOfFileUrl(const QUrl &url)
@@ -14,8 +16,7 @@ std::string pathOfFileUrl(const QUrl &url)
 
 QUrl fileUrlOfPath(std::string_view path)
 {
-    const QByteArray bytes = QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size()));
-    return QUrl::fromEncoded("file://" + bytes.toPercentEncoding("/"));
+    return QUrl::fromEncoded(fileUrl(path));
 }
 
 } // namespace corvane

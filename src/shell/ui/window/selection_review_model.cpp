@@ -106,6 +106,18 @@ void SelectionReviewModel::drop(int row)
         m_store->setSelected(std::string(m_entries[static_cast<std::size_t>(row)].path), 0, false);
 }
 
+void SelectionReviewModel::open(int row)
+{
+    if (m_store && row >= 0 && row < count())
+        m_store->openFile(m_entries[static_cast<std::size_t>(row)].path);
+}
+
+void SelectionReviewModel::reveal(int row)
+{
+    if (m_store && row >= 0 && row < count())
+        m_store->reveal(m_entries[static_cast<std::size_t>(row)].path);
+}
+
 int SelectionReviewModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : count();

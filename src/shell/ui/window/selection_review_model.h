@@ -8,6 +8,7 @@
 
 #include "core/selected_entry.h"
 #include "core/store/storage_store.h"
+#include "shell/ui/desktop_words.h"
 
 namespace corvane {
 
@@ -18,6 +19,7 @@ class SelectionReviewModel : public QAbstractListModel {
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
+    Q_PROPERTY(QString revealText READ revealText CONSTANT)
 
 public:
     enum Role {
@@ -37,6 +39,11 @@ public:
     /// Takes the row's entry out of the selection. What it covered, if that was selected too, comes up in its
     /// place.
     Q_INVOKABLE void drop(int row);
+    /// Opens the row's item in the program that the desktop has for it, a folder in the file manager.
+    Q_INVOKABLE void open(int row);
+    /// Shows the row's item in the file manager.
+    Q_INVOKABLE void reveal(int row);
+    [[nodiscard]] QString revealText() const { return revealWords(); }
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

@@ -68,6 +68,12 @@ QQmlComponent *SidebarModel::content() const
     return row < 0 ? nullptr : m_screens[static_cast<std::size_t>(row)]->content;
 }
 
+bool SidebarModel::goesBeneathBar() const
+{
+    const int row = currentRow();
+    return row >= 0 && m_screens[static_cast<std::size_t>(row)]->goesBeneathBar;
+}
+
 bool SidebarModel::needsScan() const
 {
     const SidebarItemInfo *item = current();
@@ -101,12 +107,6 @@ void SidebarModel::choose(int row)
 {
     if (m_store && row >= 0 && row < rowCount())
         m_store->setSidebar(m_screens[static_cast<std::size_t>(row)]->item);
-}
-
-void SidebarModel::step(int rows)
-{
-    if (!m_screens.empty())
-        choose(std::clamp(currentRow() + rows, 0, rowCount() - 1));
 }
 
 int SidebarModel::rowCount(const QModelIndex &parent) const

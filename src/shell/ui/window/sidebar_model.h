@@ -24,6 +24,7 @@ class SidebarModel : public QAbstractListModel {
     Q_PROPERTY(QQmlListProperty<corvane::WindowScreen> screens READ screens NOTIFY currentChanged)
     Q_PROPERTY(int currentRow READ currentRow NOTIFY currentChanged)
     Q_PROPERTY(QQmlComponent *content READ content NOTIFY currentChanged)
+    Q_PROPERTY(bool goesBeneathBar READ goesBeneathBar NOTIFY currentChanged)
     Q_PROPERTY(bool needsScan READ needsScan NOTIFY currentChanged)
     Q_PROPERTY(QString title READ title NOTIFY currentChanged)
     Q_PROPERTY(QString symbol READ symbol NOTIFY currentChanged)
@@ -53,6 +54,7 @@ public:
     /// -1 while there is no screen at all.
     [[nodiscard]] int currentRow() const;
     [[nodiscard]] QQmlComponent *content() const;
+    [[nodiscard]] bool goesBeneathBar() const;
     [[nodiscard]] bool needsScan() const;
     [[nodiscard]] QString title() const;
     [[nodiscard]] QString symbol() const;
@@ -62,8 +64,6 @@ public:
 
     /// Shows the row's screen; rows that do not exist are ignored.
     Q_INVOKABLE void choose(int row);
-    /// Shows the screen so many rows further down, stopping at the ends.
-    Q_INVOKABLE void step(int rows);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QUrl>
+#include <QWindow>
+#include <QtQml/qqmlregistration.h>
+
+#include "shell/ui/system_folder_chooser.h"
+
+namespace corvane {
+
+/// Asks for a folder with the desktop's own dialog, and tells when Qt's has to be used. Main thread only.
+class FolderChooser : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    /// The window that asks.
+    Q_PROPERTY(QObject *asker MEMBER m_asker NOTIFY changed)
+    Q_PROPERTY(QString title MEMBER m_title NOTIFY changed)
+    Q_PROPERTY(QString acceptLabel MEMBER m_acceptLabel NOTIFY changed)
+    Q_PROPERTY(QUrl firstFolder MEMBER m_firstFolder NOTIFY changed)
+
+public:
+    explicit FolderChooser(QObject *parent = nullptr) : QObject(parent) {}
+
+    Q_INVOKABLE void ask();
+    /// Makes Qt's dialog, once it is open, list hidden folders, for which it has no switch. Does nothing to a
+    /// system's dialog.
+    Q_INVOKABLE void showHiddenFolders() const;
+
+signals:
+    void changed();
+    void chosen(const QUrl &folder);
+    /// There is no other dialog than Qt's.
+    void dialogWanted();
+
+private:
+    QPointer<QObject> m_asker;
+    QString m_title;
+    QString m_acceptLabel;
+    QUrl m_firstFolder;
+    std::unique_ptr<SystemFolderChooser> m_system;
+};
+
+} // namespace corvane

@@ -1,0 +1,67 @@
+#include "shell/ui/window/folder_history.h"
+
+#include "core/store/followed_store.h"
+
+namespace corvane {
+
+void FolderHistory::setStore(StorageStore *store)
+{
+    if (!followStore(m_store, store, this))
+        return;
+    if (m_store) {
+        connect(m_store, &StorageStore::currentFolderChanged, this, &FolderHistory::follow);
+        for (const auto signal :
+             {&StorageStore::treeChanged, &StorageStore::revisionChanged, &StorageStore::sidebarChanged})
+            connect(m_store, signal, this, &FolderHistory::changed);
+    }
+    emit storeChanged();
+    follow();
+}
+
+void FolderHistory::follow()
+{
+    const FileNode *const folder = m_store ? m_store->currentFolder().get() : nullptr;
+    std::string path = folder != nullptr ? folder->path() : std::string();
+    if (!path.empty() && (m_paths.empty() || m_paths[m_place] != path)) {
+        // A new way ends what was ahead of the old one.
+        if (!m_paths.empty())
+            m_paths.resize(m_place + 1);
+        m_paths.push_back(std::move(path));
+        if (m_paths.size() > foldersKept)
+            m_paths.erase(m_paths.begin());
+        m_place = m_paths.size() - 1;
+    }
+    emit changed();
+}
+
+std::optional<std::size_t> FolderHistory::nearest(int step) const
+{
+    if (!m_store || !m_store->currentFolder() || m_store->sidebar() != StorageStore::SidebarItem::explorer)
+        return std::nullopt;
+    for (auto place = static_cast<std::ptrdiff_t>(m_place) + step;
+         place >= 0 && place < static_cast<std::ptrdiff_t>(m_paths.size()); place += step) {
+        const FileNode *const node = m_store->node(m_paths[static_cast<std::size_t>(place)]);
+        if (node != nullptr && node->kind != FileNode::Kind::file && node != m_store->currentFolder().get())
+            return static_cast<std::size_t>(place);
+    }
+    return std::nullopt;
+}
+
+void FolderHistory::walk(int step)
+{
+    const std::optional<std::size_t> place = nearest(step);
+    if (!place)
+        return;
+    m_place = *place; // first, so that the folder is taken for the one that is here
+    m_store->open(m_store->sharedNode(m_paths[m_place]));
+}
+
+void FolderHistory::go(int button)
+{
+    if (button == Qt::BackButton)
+        goBack();
+    else if (button == Qt::ForwardButton)
+        goForward();
+}
+
+} // namespace corvane
