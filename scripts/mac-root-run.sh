@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Runs one of our programs inside a Mac-shaped root, as the user of its home folder.
 #
-#   scripts/mac-root-run.sh [--output DIR] FOLDER PROGRAM [ARGUMENT…]
+#   scripts/mac-root-run.sh [--output DIR] [--preload LIBRARY] FOLDER PROGRAM [ARGUMENT…]
 #   scripts/mac-root-run.sh --check        says why it would not run, if so
 #
 # FOLDER is what tests/mac_root/mac_root.py built. The program sees FOLDER/root as "/" and cannot leave it; what
 # it removes is removed there. The Linux system that it needs lies read-only under /System/Volumes, where no
-# scan goes. DIR, if given, is /System/Volumes/output inside. A display of the desktop is passed through.
+# scan goes. DIR, if given, is /System/Volumes/output inside; LIBRARY is loaded into the program before its own. A
+# display of the desktop is passed through.
 #
 # Exit status: the program's own; 77 where bubblewrap cannot run, with the reason.
 set -euo pipefail
@@ -32,8 +33,13 @@ if [[ ${1:-} == --output ]]; then
     output=$(readlink -f "$2")
     shift 2
 fi
+preload=
+if [[ ${1:-} == --preload ]]; then
+    preload=$(readlink -f "$2")
+    shift 2
+fi
 if [[ $# -lt 2 ]]; then
-    echo "usage: mac-root-run.sh [--output DIR] FOLDER PROGRAM [ARGUMENT…]" >&2
+    echo "usage: mac-root-run.sh [--output DIR] [--preload LIBRARY] FOLDER PROGRAM [ARGUMENT…]" >&2
     exit 2
 fi
 root=$(readlink -f "$1")/root
@@ -75,6 +81,9 @@ for name in QT_QPA_PLATFORM QT_QUICK_BACKEND QT_SCALE_FACTOR QT_FATAL_WARNINGS N
 done
 if [[ -n $output ]]; then
     options+=(--bind "$output" /System/Volumes/output)
+fi
+if [[ -n $preload ]]; then
+    options+=(--ro-bind "$preload" /private/tmp/preload.so --setenv LD_PRELOAD /private/tmp/preload.so)
 fi
 
 # The desktop, as far as a window needs it.

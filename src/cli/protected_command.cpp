@@ -38,6 +38,18 @@ void writeLines(const std::vector<Verdict> &verdicts, Output &out)
     }
 }
 
+/// By the path, by where it really leads, and by what the item is: a mount may show a protected place a second time.
+bool isProtectedAnywhere(const std::string &path, const ProtectedLocations &locations, FileSystem &files)
+{
+    if (locations.isProtected(path, files))
+        return true;
+    const std::string plain = standardizedPath(path, locations.home());
+    const Expected<std::string> folder = files.realPath(std::string(containingFolder(plain)));
+    const Expected<std::vector<std::string>> mountPoints = files.mountPoints();
+    return folder && mountPoints &&
+           locations.isProtectedByIdentity(joined(*folder, lastPathComponent(plain)), *mountPoints, files);
+}
+
 } // namespace
 
 ExitStatus ProtectedCommand::run(Console &console, const Host &host) const
@@ -51,7 +63,8 @@ ExitStatus ProtectedCommand::run(Console &console, const Host &host) const
             console.complain(whole.error());
             return ExitStatus::refused;
         }
-        verdicts.push_back({standardizedPath(*whole, locations.home()), locations.isProtected(*whole, host.files)});
+        verdicts.push_back(
+            {standardizedPath(*whole, locations.home()), isProtectedAnywhere(*whole, locations, host.files)});
     }
     if (json)
         writeJson(verdicts, console.out);

@@ -35,6 +35,25 @@ TEST_F(ProtectedCommandTest, PathsNeedNotExist)
     EXPECT_EQ(document({"protected", m_folder / "home/nothing/here"})[0]["protected"], false);
 }
 
+TEST_F(ProtectedCommandTest, ASecondPathThroughAMountIsProtectedAsWell)
+{
+    REQUIRE_OWN_HOME();
+    m_folder.makeFolder("home/.ssh");
+    m_folder.makeFolder("second/inside");
+    const std::vector<std::string> launcher{
+        "bwrap", "--dev-bind", "/", "/", "--bind", m_folder / "home/.ssh", m_folder / "second", "--"};
+    if (Program({"--version"}).through(launcher).run().exitStatus != 0)
+        GTEST_SKIP() << "bubblewrap cannot run here";
+
+    const nlohmann::json verdicts =
+        parsed(program({"protected", "--json", m_folder / "second", m_folder / "second/key", m_folder / "data"})
+                   .through(launcher)
+                   .run());
+    EXPECT_EQ(verdicts[0]["protected"], true);
+    EXPECT_EQ(verdicts[1]["protected"], true);
+    EXPECT_EQ(verdicts[2]["protected"], false);
+}
+
 TEST_F(ProtectedCommandTest, ATildeIsTheHomeFolder)
 {
     REQUIRE_OWN_HOME();
