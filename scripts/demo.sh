@@ -5,9 +5,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 program=$1
 python3 tests/mac_root/mac_root.py build build/mac_root
-# The volume's capacity and the files' sizes are those of the Mac whose container "diskutil" reports.
 disk=build/mac_root/mac_disk.so
-c++ -std=c++20 -O1 -shared -fPIC -Itests -o "$disk" tests/screenshots/mac_disk.cpp
+scripts/mac-disk.sh "$disk"
 if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
     exec scripts/mac-root-run.sh --preload "$disk" build/mac_root "$program" /Users/studio
 fi

@@ -20,7 +20,8 @@ import unittest
 
 import mac_root
 
-RUNNER = pathlib.Path(__file__).resolve().parent.parent.parent / "scripts" / "mac-root-run.sh"
+SCRIPTS = pathlib.Path(__file__).resolve().parent.parent.parent / "scripts"
+RUNNER = SCRIPTS / "mac-root-run.sh"
 HOME = "/Users/studio"
 SKIPPED = 77
 
@@ -37,7 +38,10 @@ class RootCase(unittest.TestCase):
 
     def run_inside(self, *arguments):
         """Runs a program in the root; what it printed and its exit status."""
-        done = subprocess.run([RUNNER, self.folder, *arguments], capture_output=True, check=False)
+        options = []
+        if arguments[0] == "--preload":
+            options, arguments = arguments[:2], arguments[2:]
+        done = subprocess.run([RUNNER, *options, self.folder, *arguments], capture_output=True, check=False)
         if done.returncode == SKIPPED:
             self.skipTest(done.stdout.decode().strip())
         return done
@@ -217,6 +221,20 @@ class BreakdownCase(RootCase):
 
 class BreakdownOnAMac(BreakdownCase):
     """The account of the whole disk."""
+
+    def test_OnTheDemonstrationsDiskVolumeContainerAndFilesAgree(self):
+        if "ASAN_OPTIONS" in os.environ or "TSAN_OPTIONS" in os.environ:
+            self.skipTest("a sanitizer's own library must be loaded first")
+        with tempfile.TemporaryDirectory() as folder:
+            disk = os.path.join(folder, "mac_disk.so")
+            subprocess.run([SCRIPTS / "mac-disk.sh", disk], check=True)
+            done = self.run_inside("--preload", disk, self.cli, "breakdown", "--json", "--scan", HOME)
+        self.assertEqual(done.returncode, 0, done.stderr.decode())
+        result = json.loads(done.stdout)
+        self.assertEqual((result["total"], result["free"]), (self.CEILING, self.FREE))
+        self.assertEqual(result["overcount"], 0)
+        used = result["total"] - result["free"]
+        self.assertLess(result["hidden"], used / 10)
 
     def test_WithoutAScanTheRestIsNotScannedYet(self):
         result = self.breakdown()
