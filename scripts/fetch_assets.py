@@ -3,9 +3,11 @@
 
 Where npm is installed it does so, with all that it is told about registries, logins and certificates. Elsewhere it
 is not needed: package-lock.json names the packages, their versions and the hashes that what arrives must have. They
-then come from the registry that npm would use: npm_config_registry or NPM_CONFIG_REGISTRY of the environment,
-"registry" of the project's .npmrc or of the user's (~/.npmrc, or what NPM_CONFIG_USERCONFIG names), or else npm's
-own. Only the files that the build uses are kept. Nothing is fetched again until the lock file has changed.
+then come from the registry that npm is told to use: npm_config_registry or NPM_CONFIG_REGISTRY of the environment,
+"registry" of the project's .npmrc or of the user's (~/.npmrc, or what NPM_CONFIG_USERCONFIG names). Only the files that
+the build uses are kept. Nothing is fetched again until the lock file has changed.
+
+Exit status 3: no registry is named, and there is no npm, which knows one of its own.
 """
 
 import argparse
@@ -30,8 +32,8 @@ KEPT = {
     "@phosphor-icons/core": tuple(f"assets/{weight}/*.svg" for weight in ("regular", "fill", "light", "bold")),
 }
 
-DEFAULT_REGISTRY = "https://registry.npmjs.org/"
 ATTEMPTS = 3
+NO_REGISTRY = 3
 
 
 def setting(path, name):
@@ -53,7 +55,8 @@ def registry(root, environment):
     files.append(pathlib.Path(user or pathlib.Path.home() / ".npmrc"))
     named = [value for name, value in environment.items() if name.lower() == "npm_config_registry"]
     named += [setting(path, "registry") for path in files]
-    return next(filter(None, named), DEFAULT_REGISTRY).rstrip("/") + "/"
+    known = next(filter(None, named), None)
+    return known and known.rstrip("/") + "/"
 
 
 def download(url):
@@ -136,6 +139,8 @@ def main():
         command = [npm, "ci", "--ignore-scripts", "--no-audit", "--no-fund"]
         sys.exit(subprocess.run(command, cwd=root, check=False).returncode)
     source = registry(root, os.environ)
+    if source is None:
+        sys.exit(NO_REGISTRY)
     # The old folder stays until everything has arrived.
     fresh = root / "node_modules.fetching"
     shutil.rmtree(fresh, ignore_errors=True)

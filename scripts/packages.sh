@@ -19,6 +19,7 @@ packages_for() {
     # What only a window on a display uses, and pictures of one.
     Linux/window) echo qt6-wayland fonts-noto-color-emoji ;;
     Linux/test) echo ccache libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
+    Linux/npm) echo nodejs npm ;;
     Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck desktop-file-utils appstream ;;
     Linux/bench) echo hyperfine ncdu gdu ;;
     Linux/fuzz) echo clang-19 libclang-rt-19-dev ;;
@@ -27,6 +28,7 @@ packages_for() {
     Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist cli11 nlohmann-json ;;
     Darwin/ui) echo qt ;;
     Darwin/test) echo ccache googletest ;;
+    Darwin/npm) echo node ;;
     Darwin/lint) echo llvm shellcheck ;;
     Darwin/fuzz) echo llvm ;;
     Darwin/bench) echo hyperfine ncdu gdu ;;
@@ -54,9 +56,16 @@ require_packages() {
     esac
 }
 
-# The icons and a font, which come from npm's registry.
+# The icons and a font, which come from npm's registry. Where nobody names one, npm is installed, which knows its own.
 require_assets() {
-    python3 scripts/fetch_assets.py
+    local status=0
+    python3 scripts/fetch_assets.py || status=$?
+    if [[ $status -eq 3 ]]; then
+        require_packages npm
+        python3 scripts/fetch_assets.py
+        return
+    fi
+    return "$status"
 }
 
 is_installed() {

@@ -114,7 +114,7 @@ std::int64_t CleanupCatalog::allocatedSize(const std::string &path, FileSystem &
     case EntryType::symbolicLink:
         return 0;
     case EntryType::file:
-        return facts->allocated;
+        return isPlausibleSize(facts->allocated) ? facts->allocated : 0;
     case EntryType::directory:
         break;
     }

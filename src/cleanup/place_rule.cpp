@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/system_table.h"
+#include "platform/environment.h"
 #include "platform/path.h"
 #include "platform/protected_places.h"
 
@@ -25,7 +26,8 @@ PlaceRule::PlaceRule(FileSystem &files)
     : m_files(files),
       m_home(files.homeFolder()),
       m_realHome(real(m_home)),
-      m_locations(m_home, systemProtectedPlaces(), m_realHome),
+      m_locations(m_home, systemProtectedPlaces(), m_realHome,
+                  {Environment::accountHome(), real(Environment::accountHome())}),
       m_userFolders(files.userFolders())
 {
     for (const std::string_view name : mainFoldersOfHome)

@@ -53,7 +53,7 @@ ExitStatus MapCommand::run(Console &console, const Host &host) const
     }
     const bool picturesToOutput = svgFile == standardOutput;
     if (picturesToOutput && json) {
-        console.complain("--json and --svg - both want standard output; give the picture a file");
+        console.complain("--json and --svg - cannot both write to standard output; give --svg a file name");
         return ExitStatus::refused;
     }
     // Opened before the scan: what cannot be written should not cost the wait.

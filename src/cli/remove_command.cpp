@@ -12,7 +12,9 @@
 #include "cli/remove_json.h"
 #include "cli/scan_watch.h"
 #include "cli/stop_signal.h"
+#include "core/foreign_sum.h"
 #include "core/removal.h"
+#include "core/scan_words.h"
 #include "core/scanner.h"
 #include "core/selection.h"
 
@@ -25,18 +27,22 @@ std::int64_t allocatedSize(const std::string &path, ScanProgress &progress, File
     const Expected<ItemFacts> facts = files.facts(path);
     if (!facts || facts->type == EntryType::symbolicLink)
         return 0;
-    return facts->type == EntryType::directory ? Scanner::scan(path, progress, files)->size : facts->allocated;
+    return facts->type == EntryType::directory ? Scanner::scan(path, progress, files)->size
+           : isPlausibleSize(facts->allocated) ? facts->allocated
+                                               : 0;
 }
 
-/// The selection with what each item occupies; nothing when Ctrl-C stopped the measuring.
-std::optional<Selection> measured(Selection selection, const Console &console, FileSystem &files)
+/// The selection with what each item occupies; else why the measuring did not come to its end.
+tl::expected<Selection, std::string> measured(Selection selection, const Console &console, FileSystem &files)
 {
     ScanProgress progress;
     const ScanWatch watch(progress, console.canShowProgress() ? ScanWatch::Display::shown : ScanWatch::Display::hidden);
     for (auto &[path, size] : selection)
         size = allocatedSize(path, progress, files);
+    if (const std::optional<Error> failure = progress.failure())
+        return tl::unexpected(scanFailureText(*failure));
     if (progress.isCancelled())
-        return std::nullopt;
+        return tl::unexpected(std::string("stopped"));
     return selection;
 }
 
@@ -72,9 +78,13 @@ ExitStatus RemoveCommand::run(Console &console, const Host &host) const
         return ExitStatus::refused;
     }
 
-    std::optional<Selection> entries = measured(effectiveSelection(selection), console, host.files);
+    tl::expected<Selection, std::string> entries = measured(effectiveSelection(selection), console, host.files);
     if (!entries) {
-        console.complain("stopped; nothing was removed");
+        if (json) {
+            const RemovalOutcome nothing{.removed = {}, .failures = {}, .isStopped = true};
+            writeRemovalJson(nothing, Removal::message(nothing, permanently), console.out);
+        }
+        console.complain(entries.error() + "; nothing was removed");
         return ExitStatus::doneWithFailures;
     }
     for (const std::string &path : refused)

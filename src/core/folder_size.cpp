@@ -43,8 +43,8 @@ private:
         const auto listed = folder->list([&](const DirectoryEntry &entry) {
             if (entry.type == EntryType::directory)
                 subfolders.emplace_back(entry.name);
-            else if (entry.type == EntryType::file && !addForeign(size, entry.allocated))
-                return Listing::goOn; // no file has that size, so it counts as one that cannot be read
+            else if (entry.type == EntryType::file)
+                static_cast<void>(addForeign(size, entry.allocated)); // a size that no file can have counts as none
             return m_stop || subfolders.size() > subfoldersLimit ? Listing::stop : Listing::goOn;
         });
         // What was listed before a failure is there all the same.

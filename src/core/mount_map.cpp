@@ -8,6 +8,12 @@
 
 namespace corvane {
 
+std::string moved(std::string_view path, std::string_view from, std::string_view to)
+{
+    const std::string_view rest = path.substr(from == "/" ? 0 : from.size());
+    return rest.empty() || rest == "/" ? std::string(to) : joined(to, rest.substr(1));
+}
+
 MountMap::MountMap(std::vector<MountedFolder> mounts) : m_mounts(std::move(mounts))
 {
     std::ranges::stable_sort(m_mounts, {}, [](const MountedFolder &mount) { return mount.path.size(); });
@@ -28,6 +34,24 @@ std::vector<const MountedFolder *> MountMap::beneath(std::string_view folder) co
     for (const MountedFolder &mount : m_mounts) {
         if (liesBeneath(mount.path, folder))
             found.push_back(&mount);
+    }
+    return found;
+}
+
+std::vector<std::string> MountMap::otherPathsOf(const std::string &path) const
+{
+    std::vector<std::string> found;
+    const MountedFolder *const own = holding(path);
+    if (own == nullptr)
+        return found;
+    const std::string inside = moved(path, own->path, own->shown);
+    for (const MountedFolder &mount : m_mounts) {
+        if (mount.fileSystem != own->fileSystem || (inside != mount.shown && !liesBeneath(inside, mount.shown)))
+            continue;
+        std::string other = moved(inside, mount.shown, mount.path);
+        // Not where another mount hides it.
+        if (other != path && holding(other) == &mount)
+            found.push_back(std::move(other));
     }
     return found;
 }

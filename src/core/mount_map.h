@@ -8,6 +8,9 @@
 
 namespace corvane {
 
+/// The path with `from`, which it is or lies beneath, replaced by `to`. All absolute.
+[[nodiscard]] std::string moved(std::string_view path, std::string_view from, std::string_view to);
+
 /// What is mounted, asked by path. Paths are absolute with every link resolved. Immutable.
 class MountMap {
 public:
@@ -20,6 +23,9 @@ public:
 
     /// The mounts beneath a folder, shorter paths first.
     [[nodiscard]] std::vector<const MountedFolder *> beneath(std::string_view folder) const;
+
+    /// The other paths at which the item of that path is seen, because its file system is mounted there as well.
+    [[nodiscard]] std::vector<std::string> otherPathsOf(const std::string &path) const;
 
 private:
     std::vector<MountedFolder> m_mounts; // shorter paths first

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/mount_map.h"
 #include "core/system_table.h"
 #include "platform/environment.h"
 
@@ -178,7 +179,8 @@ bool ProtectedLocations::isProtectedByIdentity(const std::string &realPath, cons
                                                FileSystem &files) const
 {
     const std::string mountOfHome = mountPointOf(m_realHome, mountPoints);
-    if (mountOfHome == "/" && mountPointOf(realPath, mountPoints) == "/")
+    // Where case is ignored, so are the many ways to write an accented letter: the text of a name tells little.
+    if (!m_ignoresCase && mountOfHome == "/" && mountPointOf(realPath, mountPoints) == "/")
         return false;
 
     std::vector<std::pair<ItemIdentity, const std::string *>> places;
@@ -201,7 +203,11 @@ bool ProtectedLocations::isProtectedByIdentity(const std::string &realPath, cons
         if (leadsToProtected)
             return true;
     }
-    return false;
+    // What lies deeper in a protected folder is in no table. The system's own places are left to their texts: some
+    // systems show the whole disk, the user's files included, beneath one of those.
+    return std::ranges::any_of(MountMap(files.mounts()).otherPathsOf(realPath), [&](const std::string &other) {
+        return liesBeneath(other, m_realHome) && isProtectedReally(other);
+    });
 }
 
 bool ProtectedLocations::isTrashFolder(std::string_view path) const

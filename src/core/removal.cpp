@@ -142,8 +142,13 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
     // the folder that is judged here, wherever its path leads in a moment.
     const Expected<std::unique_ptr<HeldFolder>> folder =
         host.files.holdFolder(std::string(containingFolder(step.path)));
-    if (!folder)
-        return systemRefusal(folder.error());
+    if (!folder) {
+        Refusal refusal = systemRefusal(folder.error());
+        // A file has the place of a folder on the way.
+        if (folder.error().code == std::errc::not_a_directory && !host.files.exists(step.path))
+            refusal.left = RemovalFailure::Left::nothing;
+        return refusal;
+    }
     const std::string name(lastPathComponent(step.path));
     const std::string path = joined((*folder)->path(), name);
     const Expected<ItemFacts> facts = (*folder)->facts(name);
@@ -172,8 +177,13 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
         return std::nullopt;
     }
     const Expected<void> trashed = TrashMove(**folder, name, *facts, host).perform();
-    if (!trashed)
-        return systemRefusal(trashed.error());
+    if (!trashed) {
+        // What is missing may be the Trash.
+        Refusal refusal = systemRefusal(trashed.error());
+        if ((*folder)->facts(name))
+            refusal.left = RemovalFailure::Left::asItWas;
+        return refusal;
+    }
     return std::nullopt;
 }
 

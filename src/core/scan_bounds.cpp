@@ -17,13 +17,6 @@ bool isOrLiesBeneath(std::string_view path, std::string_view folder)
     return path == folder || liesBeneath(path, folder);
 }
 
-/// The path with `from`, which it lies in, replaced by `to`.
-std::string moved(std::string_view path, std::string_view from, std::string_view to)
-{
-    const std::string_view rest = path.substr(from == "/" ? 0 : from.size());
-    return rest.empty() || rest == "/" ? std::string(to) : joined(to, rest.substr(1));
-}
-
 /// Decides which mounts beneath a walk's root are entered. Paths have every link resolved.
 class MountChoice {
 public:

@@ -32,7 +32,7 @@ struct Subfolder {
 /// `path`, which the threads that walk the subfolders read.
 struct Visit {
     std::shared_ptr<FileNode> node;
-    FolderPath path; // for the nodes inside to share; none as long as there are none
+    FolderPath path; // shared by the child nodes; null until the first child exists
     std::vector<Subfolder> subfolders;
     std::vector<std::shared_ptr<FileNode>> folders; // those that stay
     std::vector<std::shared_ptr<FileNode>> files;

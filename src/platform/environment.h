@@ -17,7 +17,7 @@ struct Environment {
     /// Sets HOME to the account's home folder.
     static void useAccountHome();
 
-    /// Takes the XDG variables away that name relative paths, which their specification has ignored.
+    /// Takes the XDG variables away that name relative paths, which their standard has ignored.
     static void ignoreRelativeBaseFolders();
 };
 

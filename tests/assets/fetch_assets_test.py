@@ -120,6 +120,11 @@ class FetchAssets(unittest.TestCase):
         done = self.run_script(NPM_CONFIG_USERCONFIG=str(self.root / ".npmrc"))
         self.assertEqual(done.returncode, 0, done.stderr)
 
+    def test_tells_by_its_status_that_nobody_names_a_registry(self):
+        done = self.run_script(NPM_CONFIG_USERCONFIG=str(self.root / "none"))
+        self.assertEqual(done.returncode, 3, done.stderr)
+        self.assertFalse((self.root / "node_modules").exists())
+
     def test_fails_where_the_registry_lacks_a_package(self):
         self.served.clear()
         done = self.run_script()

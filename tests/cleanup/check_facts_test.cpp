@@ -95,13 +95,21 @@ TEST_F(CheckFactsTest, WhatMayNotBeSelectedStaysOutAndDoesNotKeepTheLocationMixe
 
 TEST_F(CheckFactsTest, ALocationOfNothingButProtectedItemsCannotBeChecked)
 {
-    fake.files.addFile("/usr/share/manual", 4'000);
-    fake.files.addFolder(at("Library"));
-    fake.files.addLink(at("Library/Logs"), "/usr/share");
-    measure();
-    EXPECT_EQ(checkFactsOf(store, item("logs")), refused);
-    toggleEntries(store, item("logs"));
-    EXPECT_TRUE(store.selection().empty());
+    const ProtectedLocations strict{home, ProtectedPlaces{.exact = {},
+                                                          .prefixes = {at(".npm/_cacache/a"), at(".npm/_cacache/b")},
+                                                          .homeExact = {},
+                                                          .homePrefixes = {},
+                                                          .trashFolders = {},
+                                                          .trashParts = {}}};
+    StorageStore guarded(host, strict);
+    guarded.refreshCleanup();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !guarded.cleanupLoading(); }, 20'000));
+    const CleanupItem npm =
+        *std::ranges::find_if(guarded.cleanupItems(), [](const CleanupItem &each) { return each.def->id == "npm"; });
+    ASSERT_EQ(npm.entries.size(), 2u);
+    EXPECT_EQ(checkFactsOf(guarded, npm), refused);
+    toggleEntries(guarded, npm);
+    EXPECT_TRUE(guarded.selection().empty());
 }
 
 TEST_F(CheckFactsTest, OneItemIsOffOnOrMixed)

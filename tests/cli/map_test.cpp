@@ -92,7 +92,7 @@ TEST_F(MapCommandTest, ASizeThatIsNoneIsRefused)
         const ProgramResult result = run({"map", "tree", "--size", size});
         EXPECT_EQ(result.exitStatus, 2) << size;
         EXPECT_EQ(result.errors, "corvane-cli: \"" + std::string(size) +
-                                     "\" is no size; 900x600 would be one; see \"corvane-cli map --help\"\n");
+                                     "\" is not a valid size; use WIDTHxHEIGHT, such as 900x600; see \"corvane-cli map --help\"\n");
     }
 }
 

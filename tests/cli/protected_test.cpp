@@ -39,14 +39,15 @@ TEST_F(ProtectedCommandTest, ASecondPathThroughAMountIsProtectedAsWell)
 {
     REQUIRE_OWN_HOME();
     m_folder.makeFolder("home/.ssh");
-    m_folder.makeFolder("second/inside");
+    m_folder.makeFolder("second");
+    m_folder.makeFolder("tree");
     const std::vector<std::string> launcher{
         "bwrap", "--dev-bind", "/", "/", "--bind", m_folder / "home/.ssh", m_folder / "second", "--"};
     if (Program({"--version"}).through(launcher).run().exitStatus != 0)
         GTEST_SKIP() << "bubblewrap cannot run here";
 
     const nlohmann::json verdicts =
-        parsed(program({"protected", "--json", m_folder / "second", m_folder / "second/key", m_folder / "data"})
+        parsed(program({"protected", "--json", m_folder / "second", m_folder / "second/key", m_folder / "tree"})
                    .through(launcher)
                    .run());
     EXPECT_EQ(verdicts[0]["protected"], true);

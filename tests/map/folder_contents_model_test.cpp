@@ -372,9 +372,9 @@ TEST_F(FolderContentsModelTest, TheWholeDiskSeesTheSelectionToo)
 {
     fake.files.addFile("/data/film.mov", 3'000'000);
     scan("/");
-    ASSERT_EQ(names(), QStringList{"data"});
+    ASSERT_TRUE(names().contains("data"));
     store.setSelected("/data/film.mov", 3'000'000, true);
-    EXPECT_EQ(state(0), Qt::PartiallyChecked);
+    EXPECT_EQ(state(rowOf("data")), Qt::PartiallyChecked);
 }
 
 TEST_F(FolderContentsModelTest, InsideASelectedFolderEverythingIsCheckedAndSaysWhy)

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QMetaObject>
 
+#include "core/foreign_sum.h"
 #include "core/scan_words.h"
 #include "core/scanner.h"
 #include "core/store/path_text.h"
@@ -63,7 +64,7 @@ std::shared_ptr<FileNode> measuredAnew(const std::string &path, ScanProgress &pr
     if (facts->type == EntryType::directory)
         return Scanner::scan(path, progress, files);
     auto file = std::make_shared<FileNode>(path, FileNode::Kind::file);
-    file->size = facts->allocated;
+    file->size = isPlausibleSize(facts->allocated) ? facts->allocated : 0;
     file->modified = facts->modified;
     return file;
 }
@@ -642,9 +643,9 @@ void StorageStore::remove(const Selection &entries, bool permanently)
     emit isRemovingChanged();
     m_pool.start([this, entries, permanently, seen = m_seen] {
         const auto steps = Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders(), seen);
-        const RemovalOutcome outcome = Removal::perform(steps, m_locations, m_host, m_removalStop);
+        RemovalOutcome outcome = Removal::perform(steps, m_locations, m_host, m_removalStop);
         std::vector<std::shared_ptr<FileNode>> remains;
-        for (const RemovalFailure &failure : outcome.failures) {
+        for (RemovalFailure &failure : outcome.failures) {
             if (m_isClosing)
                 break;
             if (failure.left != RemovalFailure::Left::aPart && failure.left != RemovalFailure::Left::somethingElse)
@@ -652,6 +653,8 @@ void StorageStore::remove(const Selection &entries, bool permanently)
             ScanProgress progress;
             if (std::shared_ptr<FileNode> left = measuredAnew(failure.path, progress, m_host.files))
                 remains.push_back(std::move(left));
+            else if (failure.left == RemovalFailure::Left::somethingElse)
+                failure.left = RemovalFailure::Left::nothing; // what took its place is nothing that a tree shows
         }
         QMetaObject::invokeMethod(
             this, [this, outcome, permanently, remains] { didRemove(outcome, permanently, remains); },

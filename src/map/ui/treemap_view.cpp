@@ -378,6 +378,8 @@ void TreemapView::hoverLeaveEvent(QHoverEvent *)
 {
     m_pointerIsInside = false;
     clearHover();
+    if (m_heightLeftFree > m_coveredHeight)
+        layOutAgain();
 }
 
 void TreemapView::mousePressEvent(QMouseEvent *event)

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <system_error>
 
 #include "platform/path.h"
 
@@ -65,10 +67,13 @@ std::optional<UserFolder> userFolderIn(std::string_view line, const std::string 
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos)
         return std::nullopt;
-    const std::string_view key = line.substr(0, equals);
+    std::string_view key = line.substr(0, equals);
+    key = key.substr(0, key.find_last_not_of(" \t") + 1);
+    std::string_view rest = line.substr(equals + 1);
+    rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size()));
     if (!key.starts_with(prefix) || !key.ends_with(suffix))
         return std::nullopt;
-    const std::optional<std::string> value = unquoted(line.substr(equals + 1));
+    const std::optional<std::string> value = unquoted(rest);
     if (!value)
         return std::nullopt;
     if (value->starts_with('/'))
@@ -81,8 +86,13 @@ std::optional<UserFolder> userFolderIn(std::string_view line, const std::string 
 /// In the order of the file; a later line replaces an earlier one of the same key.
 std::vector<UserFolder> readUserFolders(const std::string &home)
 {
-    std::ifstream file(joined(baseFolder("XDG_CONFIG_HOME", ".config", home), "user-dirs.dirs"), std::ios::binary);
     std::vector<UserFolder> folders;
+    const std::string list = joined(baseFolder("XDG_CONFIG_HOME", ".config", home), "user-dirs.dirs");
+    // Reading a pipe or a device might never end.
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(list, unknown))
+        return folders;
+    std::ifstream file(list, std::ios::binary);
     for (std::string line; std::getline(file, line);) {
         std::optional<UserFolder> named = userFolderIn(line, home);
         if (!named)

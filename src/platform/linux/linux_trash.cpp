@@ -42,6 +42,15 @@ bool volumeIsFull(int folder)
     return cannotTell && ::fstatvfs(folder, &volume) == 0 && volume.f_blocks > 0 && volume.f_bavail == 0;
 }
 
+/// Whether the open folder is the user's own Trash, also where that is a link to it.
+bool isTrashOfUser(int folder)
+{
+    struct stat here {};
+    struct stat there {};
+    return ::fstat(folder, &here) == 0 && ::stat(LinuxTrash::foldersOfUser().front().c_str(), &there) == 0 &&
+           here.st_dev == there.st_dev && here.st_ino == there.st_ino;
+}
+
 } // namespace
 
 Expected<TrashedItem> LinuxTrash::trashItem(HeldFolder &folder, const std::string &name)
@@ -78,11 +87,12 @@ Expected<void> LinuxTrash::deleteThroughFinder(const std::string &path)
 
 void LinuxTrash::forget(HeldFolder &folder, const std::string &name)
 {
-    const std::vector<std::string> folders = trashFolders();
-    if (lastPathComponent(folder.path()) != "files" ||
-        std::ranges::find(folders, containingFolder(folder.path())) == folders.end() || folder.facts(name))
+    if (lastPathComponent(folder.path()) != "files" || folder.facts(name))
         return;
     const FileDescriptor top(::openat(folder.descriptor(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const std::vector<std::string> folders = trashFolders();
+    if (std::ranges::find(folders, containingFolder(folder.path())) == folders.end() && !isTrashOfUser(top.number()))
+        return;
     const FileDescriptor records(::openat(top.number(), "info", O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (records.isOpen())
         ::unlinkat(records.number(), recordName(name).c_str(), 0);

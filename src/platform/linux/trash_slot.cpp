@@ -149,6 +149,7 @@ bool TrashSlot::find(const ItemIdentity &standIn, const std::vector<TrashPlace> 
                 m_trash = std::move(trash);
                 m_slotName = taken;
                 m_standIn = standIn;
+                m_record = identityAt(m_trash.records.number(), recordName(taken)).value_or(ItemIdentity{});
                 m_isWaiting = true;
                 return true;
             }
@@ -194,10 +195,27 @@ bool TrashSlot::completeRecord() const
            ::ftruncate(record.number(), static_cast<off_t>(length)) == 0;
 }
 
+bool TrashSlot::recordIsOurs() const
+{
+    return identityAt(m_trash.records.number(), recordName(m_slotName)) == m_record;
+}
+
 Expected<void> TrashSlot::fill()
 {
-    if (::unlinkat(m_trash.items.number(), m_slotName.c_str(), 0) != 0 ||
-        !moveAt(m_source->descriptor(), m_name, m_trash.items.number(), m_slotName))
+    const int items = m_trash.items.number();
+    // Where the Trash was emptied and filled meanwhile, the name may belong to an item of somebody else by now.
+    const std::string aside = uniqueName(".corvane-");
+    const bool isAside = moveAt(items, m_slotName, items, aside);
+    if (!isAside || identityAt(items, aside) != m_standIn || !recordIsOurs()) {
+        if (isAside)
+            (void)moveAt(items, aside, items, m_slotName);
+        Error error = failure(EBUSY);
+        error.text = "The Trash was changed by another program meanwhile.";
+        return tl::unexpected(std::move(error));
+    }
+    const bool isMoved =
+        ::unlinkat(items, aside.c_str(), 0) == 0 && moveAt(m_source->descriptor(), m_name, items, m_slotName);
+    if (!isMoved)
         return tl::unexpected(failure(errno));
     m_isWaiting = false;
     return {};
@@ -210,7 +228,8 @@ TrashSlot::~TrashSlot()
         return;
     if (identityAt(m_trash.items.number(), m_slotName) == m_standIn)
         ::unlinkat(m_trash.items.number(), m_slotName.c_str(), 0);
-    ::unlinkat(m_trash.records.number(), recordName(m_slotName).c_str(), 0);
+    if (recordIsOurs())
+        ::unlinkat(m_trash.records.number(), recordName(m_slotName).c_str(), 0);
 }
 
 std::unique_ptr<HeldFolder> TrashSlot::folder() &&

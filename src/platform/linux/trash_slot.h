@@ -47,6 +47,7 @@ private:
 
     [[nodiscard]] bool find(const ItemIdentity &standIn, const std::vector<TrashPlace> &places);
     [[nodiscard]] bool completeRecord() const;
+    [[nodiscard]] bool recordIsOurs() const;
     [[nodiscard]] Error failure(int code) const;
 
     HeldFolder *m_source;
@@ -54,6 +55,7 @@ private:
     OpenTrash m_trash;
     std::string m_slotName;
     ItemIdentity m_standIn;
+    ItemIdentity m_record;
     bool m_isWaiting = false; // the stand-in lies in the Trash, or its record alone
 };
 

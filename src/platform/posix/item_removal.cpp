@@ -209,8 +209,11 @@ Expected<void> ItemRemoval::removeFolder(const std::string &name, const ItemIden
         if (Expected<void> emptied = emptying.empty(std::move(*top)); !emptied)
             return emptied;
     }
-    if (!isStill(name, expected))
-        return tl::unexpected(replacedMeanwhile(operationName, path));
+    if (!isStill(name, expected)) {
+        Error error = replacedMeanwhile(operationName, path);
+        error.inPart = emptying.hasDeleted();
+        return tl::unexpected(std::move(error));
+    }
     if (::unlinkat(m_parent, name.c_str(), AT_REMOVEDIR) == 0)
         return {};
     Error error{operationName, path, {top ? errno : top.error().code.value(), std::generic_category()}, {}};

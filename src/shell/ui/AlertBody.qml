@@ -69,7 +69,6 @@ FocusScope {
             anchors.right: heading.right
             anchors.top: heading.bottom
             anchors.topMargin: Theme.space4
-            height: visible ? implicitHeight : 0
             visible: text !== ""
             text: body.detail
             wrapMode: Text.Wrap
@@ -82,8 +81,8 @@ FocusScope {
 
             anchors.left: heading.left
             anchors.right: heading.right
-            anchors.top: detail.bottom
-            anchors.topMargin: detail.visible ? Theme.space4 : 0
+            anchors.top: detail.visible ? detail.bottom : heading.bottom
+            anchors.topMargin: Theme.space4
             text: body.message
             color: Theme.t2
             wrapMode: Text.Wrap

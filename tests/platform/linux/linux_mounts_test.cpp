@@ -117,6 +117,17 @@ TEST_P(LinuxMounts, AProtectedFolderThatIsMountedASecondTimeIsRecognised)
     EXPECT_TRUE(m_home.folder.has("home/.ssh/key"));
 }
 
+TEST_P(LinuxMounts, AFolderInsideAProtectedOneThatIsMountedASecondTimeIsRecognised)
+{
+    m_home.folder.writeText("home/.ssh/keys/id", "kept");
+    m_home.folder.makeFolder("home/second");
+    const std::string answer =
+        m_home.runSandboxed({"--bind", m_home.folder / "home/.ssh/keys", m_home.folder / "home/second"},
+                            "$probe " + GetParam() + " '" + m_home.folder / "home/second/id'");
+    EXPECT_EQ(answer, "id: protected location");
+    EXPECT_TRUE(m_home.folder.has("home/.ssh/keys/id"));
+}
+
 TEST_P(LinuxMounts, AHomeThatIsMountedASecondTimeIsRecognised)
 {
     m_home.folder.writeText("home/.ssh/key", "kept");

@@ -4,6 +4,7 @@
 #include <map>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "platform/host.h"
 #include "support/temporary_folder.h"
@@ -145,6 +146,19 @@ TEST_F(LinuxPlaces, TheUsersFoldersAreReadFromTheConfigurationFolder)
     folder.writeText("settings/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"$HOME/incoming\"\n");
     set("XDG_CONFIG_HOME", folder / "settings");
     EXPECT_EQ(place(downloads), folder / "incoming");
+}
+
+TEST_F(LinuxPlaces, BlanksAroundTheEqualsSignDoNotMatter)
+{
+    folder.writeText(".config/user-dirs.dirs", "XDG_DOCUMENTS_DIR = \"$HOME/Dokumente\"\n");
+    EXPECT_EQ(userFolders(), std::vector<std::string>{folder / "Dokumente"});
+}
+
+TEST_F(LinuxPlaces, AListOfFoldersThatIsAPipeIsNotRead)
+{
+    folder.makeFolder(".config");
+    ASSERT_EQ(::mkfifo((folder / ".config/user-dirs.dirs").c_str(), 0600), 0);
+    EXPECT_TRUE(userFolders().empty());
 }
 
 TEST_F(LinuxPlaces, OfWhatHasNoOtherPlaceNothingIsKnown)

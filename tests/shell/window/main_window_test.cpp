@@ -245,7 +245,7 @@ TEST_F(MainWindowTest, TheMenuOpensByButtonAndByF10)
 {
     click("appMenuButton");
     ASSERT_TRUE(waitForItem("appMenu.scanHome"));
-    EXPECT_EQ(object("appMenu")->property("count").toInt(), 16) << "two screens, eleven commands, three lines";
+    EXPECT_EQ(object("appMenu")->property("count").toInt(), 19) << "two screens, thirteen commands, four lines";
     key(Qt::Key_Escape);
     ASSERT_TRUE(waitFor([this] { return item("appMenu.scanHome") == nullptr; }));
     key(Qt::Key_F10);

@@ -65,13 +65,14 @@ QtObject {
         text: qsTr("Back")
         shortcut: Qt.platform.os === "osx" ? "Ctrl+[" : "Alt+Left"
         enabled: actions.enabled
-        onTriggered: actions.history.goBack()
+        // The map takes the keyboard: only once the menu that this stands in has closed.
+        onTriggered: Qt.callLater(actions.history.goBack)
     }
     readonly property Action forward: Action {
         text: qsTr("Forward")
         shortcut: Qt.platform.os === "osx" ? "Ctrl+]" : "Alt+Right"
         enabled: actions.enabled
-        onTriggered: actions.history.goForward()
+        onTriggered: Qt.callLater(actions.history.goForward)
     }
     readonly property Action privacyPolicy: Action {
         text: qsTr("Privacy Policy")
