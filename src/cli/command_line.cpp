@@ -222,7 +222,8 @@ ExitStatus runMap(const Commands &commands, Console &console)
     if (const std::optional<std::string> text = valueOf(*commands.size)) {
         const std::optional<Rect> size = mapSize(*text);
         if (!size)
-            return refuse(fmt::format("\"{}\" is not a valid size; use WIDTHxHEIGHT, such as 900x600", *text), *commands.map, console);
+            return refuse(fmt::format("\"{}\" is not a valid size; use WIDTHxHEIGHT, such as 900x600", *text),
+                          *commands.map, console);
         command.size = *size;
     }
     return command.run(console, systemHost());

@@ -26,7 +26,7 @@ public:
 
 private:
     struct Hash : std::hash<std::string_view> {
-        using is_transparent = void;
+        using is_transparent = void; // NOLINT(readability-identifier-naming): the library's name
     };
 
     void skip(std::string_view path);

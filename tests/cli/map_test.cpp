@@ -91,8 +91,9 @@ TEST_F(MapCommandTest, ASizeThatIsNoneIsRefused)
                                    "200000x5", "99999999999999999999x5", "900X600"}) {
         const ProgramResult result = run({"map", "tree", "--size", size});
         EXPECT_EQ(result.exitStatus, 2) << size;
-        EXPECT_EQ(result.errors, "corvane-cli: \"" + std::string(size) +
-                                     "\" is not a valid size; use WIDTHxHEIGHT, such as 900x600; see \"corvane-cli map --help\"\n");
+        EXPECT_EQ(result.errors,
+                  "corvane-cli: \"" + std::string(size) +
+                      "\" is not a valid size; use WIDTHxHEIGHT, such as 900x600; see \"corvane-cli map --help\"\n");
     }
 }
 

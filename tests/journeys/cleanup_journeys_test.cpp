@@ -88,6 +88,10 @@ protected:
     {
         waitForSelectionBar();
         click(QStringLiteral("moveToTrashButton"));
+        waitForRemoval();
+    }
+    void waitForRemoval()
+    {
         waitUntil([&] { return !store().isRemoving() && !store().cleanupLoading() && !toast().empty(); },
                   QStringLiteral("the removal's message"));
         driver().rest();
@@ -191,7 +195,11 @@ TEST_F(CleanupJourney, WhatLiesInTheTrashIsDeletedForGood)
     store().dismissToast();
 
     tickRow(QStringLiteral("Trash"));
-    moveToTrash();
+    waitForSelectionBar();
+    click(QStringLiteral("moveToTrashButton"));
+    waitForPopup(QStringLiteral("deleteConfirm"));
+    click(QStringLiteral("deleteConfirm.delete"));
+    waitForRemoval();
 
     EXPECT_EQ(toast(), "Moved 2 items (5.2 MB) to Trash — empty it to free the space");
     EXPECT_THAT(Sandbox::instance().trash(), IsEmpty());

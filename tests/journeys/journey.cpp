@@ -123,7 +123,8 @@ std::vector<std::string> Journey::rows()
     const auto read = [&] {
         byIndex.clear();
         visitVisible(list, [&](const QQuickItem &item) {
-            if (isRow(item)) {
+            // One that the list keeps for another row has no place in it.
+            if (isRow(item) && item.property("index").toInt() >= 0) {
                 const QString text =
                     item.property("name").toString() + QLatin1Char(' ') + item.property("sizeText").toString();
                 byIndex[item.property("index").toInt()] = text.toStdString();

@@ -14,8 +14,6 @@
 namespace corvane {
 namespace {
 
-using testing::ElementsAre;
-
 /// "Header", "b", "Header", "d", "e": the headers are no stops.
 class Rows : public QStringListModel {
 public:

@@ -27,11 +27,16 @@ bool isAbove(const QQuickItem &item, const QQuickItem &other)
     return item.mapToScene({0, item.height()}).y() <= other.mapToScene({0, 0}).y();
 }
 
-/// Takes the focus on from a control that was disabled, unless something else has it by now.
+bool isOfUse(const QQuickItem &item)
+{
+    return item.isEnabled() && item.isVisible();
+}
+
+/// Takes the focus on from a control that was disabled or hidden, unless something else has it by now.
 void moveOn(QQuickItem &from)
 {
     const QQuickWindow *const window = from.window();
-    if (window == nullptr || !from.isVisible() || from.isEnabled())
+    if (window == nullptr || isOfUse(from))
         return;
     if (const QQuickItem *now = window->activeFocusItem();
         now != nullptr && now->activeFocusOnTab() && now->isEnabled())
@@ -63,7 +68,7 @@ bool FocusKeeper::eventFilter(QObject *receiver, QEvent *event)
         const QVariant reason = receiver->property("focusReason");
         if (reason.isValid() && isOfUser(static_cast<Qt::FocusReason>(reason.toInt())))
             m_byKeyboard = isOfKeyboard(static_cast<Qt::FocusReason>(reason.toInt()));
-        if (m_byKeyboard && !item->isEnabled())
+        if (m_byKeyboard && !isOfUse(*item))
             QMetaObject::invokeMethod(
                 item, [item] { moveOn(*item); }, Qt::QueuedConnection);
         return false;

@@ -74,7 +74,10 @@ FocusScope {
             text: body.selection.trashNote
             font: Theme.secondaryFiguresFont
             color: Theme.dangerText
-            onTextChanged: if (body.active && text !== "") body.hasNoteLine = true
+            onVisibleChanged: {
+                if (body.active && visible)
+                    body.hasNoteLine = true;
+            }
         }
         Rectangle {
             anchors.bottom: parent.bottom

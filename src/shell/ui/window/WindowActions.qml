@@ -65,14 +65,13 @@ QtObject {
         text: qsTr("Back")
         shortcut: Qt.platform.os === "osx" ? "Ctrl+[" : "Alt+Left"
         enabled: actions.enabled
-        // The map takes the keyboard: only once the menu that this stands in has closed.
-        onTriggered: Qt.callLater(actions.history.goBack)
+        onTriggered: actions.history.goBackSoon()
     }
     readonly property Action forward: Action {
         text: qsTr("Forward")
         shortcut: Qt.platform.os === "osx" ? "Ctrl+]" : "Alt+Right"
         enabled: actions.enabled
-        onTriggered: Qt.callLater(actions.history.goForward)
+        onTriggered: actions.history.goForwardSoon()
     }
     readonly property Action privacyPolicy: Action {
         text: qsTr("Privacy Policy")

@@ -56,6 +56,12 @@ void FolderHistory::walk(int step)
     m_store->open(m_store->sharedNode(m_paths[m_place]));
 }
 
+void FolderHistory::walkSoon(int step)
+{
+    QMetaObject::invokeMethod(
+        this, [this, step] { walk(step); }, Qt::QueuedConnection);
+}
+
 void FolderHistory::go(int button)
 {
     if (button == Qt::BackButton)

@@ -36,6 +36,9 @@ public:
     [[nodiscard]] bool canGoForward() const { return nearest(1).has_value(); }
     Q_INVOKABLE void goBack() { walk(-1); }
     Q_INVOKABLE void goForward() { walk(1); }
+    /// The same once control is back in the event loop: a menu closes before the map takes the keyboard.
+    Q_INVOKABLE void goBackSoon() { walkSoon(-1); }
+    Q_INVOKABLE void goForwardSoon() { walkSoon(1); }
     /// What a button of the mouse does: Qt::BackButton and Qt::ForwardButton walk.
     Q_INVOKABLE void go(int button);
 
@@ -46,6 +49,7 @@ signals:
 private:
     void follow();
     void walk(int step);
+    void walkSoon(int step);
     /// The place of the next folder in a direction that can be shown and is not shown already.
     [[nodiscard]] std::optional<std::size_t> nearest(int step) const;
 
