@@ -69,7 +69,7 @@ FocusScope {
             anchors.right: heading.right
             anchors.top: heading.bottom
             anchors.topMargin: Theme.space4
-            visible: text !== ""
+            visible: body.detail !== ""
             text: body.detail
             wrapMode: Text.Wrap
             maximumLineCount: 4

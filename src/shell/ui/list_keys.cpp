@@ -53,13 +53,13 @@ bool ListKeys::handleCommand(const QKeyEvent &event)
     const auto send = [this](void (ListKeys::*signal)(int)) {
         if (m_current < 0 || !isSignalConnected(QMetaMethod::fromSignal(signal)))
             return false;
-        emit(this->*signal)(m_current);
+        (this->*signal)(m_current);
         return true;
     };
     const auto sendForAll = [this](void (ListKeys::*signal)()) {
         if (!isSignalConnected(QMetaMethod::fromSignal(signal)))
             return false;
-        emit(this->*signal)();
+        (this->*signal)();
         return true;
     };
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
