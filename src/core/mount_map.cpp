@@ -1,7 +1,6 @@
 #include "core/mount_map.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "platform/path.h"
@@ -21,11 +20,10 @@ MountMap::MountMap(std::vector<MountedFolder> mounts) : m_mounts(std::move(mount
 
 const MountedFolder *MountMap::holding(std::string_view path) const
 {
-    for (const MountedFolder &mount : std::views::reverse(m_mounts)) {
-        if (mount.path == path || liesBeneath(path, mount.path))
-            return &mount;
-    }
-    return nullptr;
+    const auto found = std::find_if(m_mounts.rbegin(), m_mounts.rend(), [&](const MountedFolder &mount) {
+        return mount.path == path || liesBeneath(path, mount.path);
+    });
+    return found == m_mounts.rend() ? nullptr : &*found;
 }
 
 std::vector<const MountedFolder *> MountMap::beneath(std::string_view folder) const
