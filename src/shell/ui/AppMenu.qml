@@ -22,23 +22,16 @@ T.Menu {
 
     delegate: AppMenuItem {}
     contentItem: ListView {
-        id: rows
-
         implicitHeight: contentHeight
         model: menu.contentModel
         interactive: Window.window ? contentHeight + menu.topPadding + menu.bottomPadding > Window.window.height : false
         clip: interactive
         // The menu moves the keyboard itself; a current row of the list would take it once more.
         currentIndex: -1
-
-        Connections {
-            target: menu
-
-            function onCurrentIndexChanged() {
-                if (menu.currentIndex >= 0)
-                    rows.positionViewAtIndex(menu.currentIndex, ListView.Contain);
-            }
-        }
+    }
+    onCurrentIndexChanged: {
+        if (currentIndex >= 0)
+            (contentItem as ListView).positionViewAtIndex(currentIndex, ListView.Contain);
     }
     background: Panel {}
     enter: Transition {
