@@ -15,11 +15,6 @@ namespace {
 constexpr std::string_view mainFoldersOfHome[] = {"Desktop",  "Documents", "Downloads", "Movies", "Music",
                                                   "Pictures", "Public",    "Templates", "Videos"};
 
-bool isOrLiesBeneath(std::string_view path, std::string_view folder)
-{
-    return path == folder || liesBeneath(path, folder);
-}
-
 } // namespace
 
 PlaceRule::PlaceRule(FileSystem &files)
@@ -28,7 +23,8 @@ PlaceRule::PlaceRule(FileSystem &files)
       m_realHome(real(m_home)),
       m_locations(m_home, systemProtectedPlaces(), m_realHome,
                   {Environment::accountHome(), real(Environment::accountHome())}),
-      m_userFolders(files.userFolders())
+      m_userFolders(files.userFolders()),
+      m_mounts(files.mounts())
 {
     for (const std::string_view name : mainFoldersOfHome)
         m_usualFolders.push_back(joined(m_home, name));
@@ -55,7 +51,14 @@ std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) co
     if (!isUsual &&
         (isRefused(*realPlace, place, usual) || (m_locations.isProtectedReally(judged) && !isMainFolder(usual))))
         return std::nullopt;
-    return place;
+    // A main folder may be mounted there. What the system's own places show is left aside: the whole disk is seen
+    // beneath one of those on some systems.
+    const bool isRefusedElsewhere =
+        std::ranges::any_of(m_mounts.otherPathsOf(*realPlace), [&](const std::string &other) {
+            return isRefused(other, place, usual) ||
+                   (liesBeneath(other, m_realHome) && !isMainFolder(usual) && m_locations.isProtectedReally(other));
+        });
+    return isRefusedElsewhere ? std::nullopt : std::optional(place);
 }
 
 std::string PlaceRule::real(const std::string &path) const

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/mount_map.h"
 #include "core/path_guard.h"
 #include "platform/file_system.h"
 
@@ -19,7 +20,7 @@ public:
 
     /// The folder that holds what a Mac keeps at `relativePath` in the home folder; it need not exist. Nothing where it
     /// really (links resolved) is or contains the home folder or one of the user's main folders, lies in one, is "/tmp"
-    /// or is protected. The usual place itself holds whatever it is, and so does a link to a folder of its own.
+    /// or is protected, also where it is mounted a second time. The usual place itself holds whatever it is, and so does a link to a folder of its own.
     [[nodiscard]] std::optional<std::string> placeFor(std::string_view relativePath) const;
 
 private:
@@ -33,7 +34,8 @@ private:
     const std::string m_realHome;
     const ProtectedLocations m_locations;
     const std::vector<std::string> m_userFolders; // as the user has named them
-    std::vector<std::string> m_usualFolders;      // as they are usually named
+    const MountMap m_mounts;
+    std::vector<std::string> m_usualFolders; // as they are usually named
 };
 
 } // namespace corvane

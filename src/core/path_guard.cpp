@@ -35,11 +35,6 @@ constexpr std::string_view systemPrefixes[] = {"/System", "/usr", "/bin",   "/sb
 constexpr std::string_view prefixesInHome[] = {"Library/Keychains", "Library/Mail", "Library/Messages",
                                                "Library/Accounts",  ".ssh",         ".gnupg"};
 
-bool isOrLiesBeneath(std::string_view path, std::string_view folder)
-{
-    return path == folder || liesBeneath(path, folder);
-}
-
 /// The innermost mount point that the path is or lies beneath.
 std::string mountPointOf(const std::string &path, const std::vector<std::string> &mountPoints)
 {

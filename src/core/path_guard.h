@@ -42,6 +42,9 @@ public:
     [[nodiscard]] bool isProtectedByIdentity(const std::string &realPath, const std::vector<std::string> &mountPoints,
                                              FileSystem &files) const;
 
+    /// The path as it is compared: in small letters where the system takes no account of case.
+    [[nodiscard]] std::string folded(std::string path) const;
+
     [[nodiscard]] const std::string &home() const { return m_home; }
 
     /// The same folder without links on its way.
@@ -53,7 +56,6 @@ private:
     void protectWithContents(std::string place);
     [[nodiscard]] bool isTrashFolder(std::string_view path) const;
     [[nodiscard]] bool isUsersOwn(std::string_view path) const;
-    [[nodiscard]] std::string folded(std::string path) const;
 
     std::string m_home;
     std::string m_realHome;

@@ -77,15 +77,21 @@ bool isPlain(const std::string &path, const ProtectedLocations &locations)
 /// The reason not to remove a folder on which or in which another disk is mounted: emptying the Trash that it was moved
 /// to would empty that disk. Any other kind of item passes: the system itself keeps such a mount point.
 std::optional<std::string> mountedOn(const std::string &path, const ItemFacts &facts,
-                                     const Expected<std::vector<std::string>> &mountPoints)
+                                     const Expected<std::vector<std::string>> &mountPoints,
+                                     const ProtectedLocations &locations)
 {
     if (facts.type != EntryType::directory)
         return std::nullopt;
     if (!mountPoints)
         return mountPoints.error().description();
-    if (std::ranges::find(*mountPoints, path) != mountPoints->end())
+    const std::string folder = locations.folded(path);
+    const auto anyPoint = [&](const auto &condition) {
+        return std::ranges::any_of(*mountPoints,
+                                   [&](const std::string &point) { return condition(locations.folded(point)); });
+    };
+    if (anyPoint([&](const std::string &point) { return point == folder; }))
         return "Another disk is mounted there.";
-    if (std::ranges::any_of(*mountPoints, [&](const std::string &point) { return liesBeneath(point, path); }))
+    if (anyPoint([&](const std::string &point) { return liesBeneath(point, folder); }))
         return "Another disk is mounted inside it.";
     return std::nullopt;
 }
@@ -103,15 +109,10 @@ struct Refusal {
     std::int64_t freed = 0;
 };
 
-bool isMissing(const Error &error)
-{
-    return error.code == std::errc::no_such_file_or_directory;
-}
-
 /// What the system said, and that there is nothing to remove any more where it said so.
 Refusal systemRefusal(const Error &error)
 {
-    return {error.description(), isMissing(error) ? RemovalFailure::Left::nothing : RemovalFailure::Left::asItWas};
+    return {error.description(), error.isMissing() ? RemovalFailure::Left::nothing : RemovalFailure::Left::asItWas};
 }
 
 /// A deletion that failed: names the item inside that resisted, and finds out what is left.
@@ -158,7 +159,7 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
     if (locations.isProtected(step.path) || locations.isProtectedReally(path) ||
         (mountPoints && locations.isProtectedByIdentity(path, *mountPoints, host.files)))
         return protectedLocation;
-    if (std::optional<std::string> mounted = mountedOn(path, *facts, mountPoints))
+    if (std::optional<std::string> mounted = mountedOn(path, *facts, mountPoints, locations))
         return mounted;
 
     if (step.seen && !(step.seen->isKnown() && *step.seen == facts->identity))

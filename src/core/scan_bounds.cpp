@@ -12,11 +12,6 @@ namespace corvane {
 
 namespace {
 
-bool isOrLiesBeneath(std::string_view path, std::string_view folder)
-{
-    return path == folder || liesBeneath(path, folder);
-}
-
 /// Decides which mounts beneath a walk's root are entered. Paths have every link resolved.
 class MountChoice {
 public:

@@ -80,7 +80,7 @@ struct Walk {
     {
         if (hasRunOutOfFileNumbers(error))
             progress.fail(error);
-        else if (error.code != std::errc::no_such_file_or_directory)
+        else if (!error.isMissing())
             progress.recordDenied();
     }
 };

@@ -9,11 +9,6 @@ namespace {
 
 constexpr const char *moveToTrash = "move to Trash";
 
-bool isMissing(const Error &error)
-{
-    return error.code == std::errc::no_such_file_or_directory;
-}
-
 } // namespace
 
 TrashMove::TrashMove(HeldFolder &folder, std::string name, const ItemFacts &judged, const Host &host)
@@ -26,7 +21,7 @@ Expected<void> TrashMove::perform()
     const Expected<TrashedItem> trashed = m_host.trash.trashItem(m_folder, m_name);
     if (trashed)
         return checked(*trashed);
-    if (isMissing(trashed.error()))
+    if (trashed.error().isMissing())
         return tl::unexpected(trashed.error());
     if (m_path.ends_with(".app")) {
         const Expected<TrashedItem> recycled = m_host.trash.recycle(m_folder, m_name);
@@ -47,7 +42,7 @@ Expected<void> TrashMove::performThroughFinder(const Error &refusal)
     // What it answers says little; what is left at the path says all.
     (void)m_host.trash.deleteThroughFinder(m_path);
     const Expected<ItemFacts> left = m_folder.facts(m_name);
-    return !left && isMissing(left.error()) ? Expected<void>{} : tl::unexpected(refusal);
+    return !left && left.error().isMissing() ? Expected<void>{} : tl::unexpected(refusal);
 }
 
 Expected<void> TrashMove::checked(const TrashedItem &arrived)

@@ -18,6 +18,9 @@ struct Error {
 
     /// The sentence to show: the system's own where there is one, else the code's message.
     [[nodiscard]] std::string description() const { return text.empty() ? code.message() : text; }
+
+    /// Nothing has that path.
+    [[nodiscard]] bool isMissing() const { return code == std::errc::no_such_file_or_directory; }
 };
 
 template <typename T>

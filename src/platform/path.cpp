@@ -47,6 +47,11 @@ bool liesBeneath(std::string_view path, std::string_view folder)
     return path.size() > folder.size() + 1 && path.starts_with(folder) && path[folder.size()] == '/';
 }
 
+bool isOrLiesBeneath(std::string_view path, std::string_view folder)
+{
+    return path == folder || liesBeneath(path, folder);
+}
+
 std::string_view containingFolder(std::string_view path)
 {
     const std::size_t slash = path.rfind('/');

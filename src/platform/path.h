@@ -17,6 +17,8 @@ namespace corvane {
 /// Whether `path` lies beneath `folder` (neither with dots or needless slashes); a folder does not lie beneath itself.
 [[nodiscard]] bool liesBeneath(std::string_view path, std::string_view folder);
 
+[[nodiscard]] bool isOrLiesBeneath(std::string_view path, std::string_view folder);
+
 /// The text of a path without its last component, "/" for what lies directly in it; empty where there is no slash.
 [[nodiscard]] std::string_view containingFolder(std::string_view path);
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/environment.h"
 #include "platform/fake_file_system.h"
 
 namespace corvane {
@@ -54,6 +55,46 @@ TEST_F(PlaceRuleTest, TheHomeAndWhatContainsItAreRefused)
 {
     for (const char *folder : {"/home/me", "/home", "/"})
         EXPECT_EQ(placeWhereCachesAre(folder), std::nullopt) << folder;
+}
+
+TEST_F(PlaceRuleTest, AMainFolderThatIsMountedOnTheUsualPlaceIsRefused)
+{
+    files.addFolder("/home/me/.cache");
+    files.addMount({"/", 1, "/"});
+    files.addMount({"/home/me/.cache", 1, "/home/me/Documents"});
+    EXPECT_EQ(placeWhereCachesAre("/home/me/.cache"), std::nullopt);
+}
+
+TEST_F(PlaceRuleTest, AProtectedFolderThatIsMountedOnTheUsualPlaceIsRefused)
+{
+    files.addFolder("/home/me/.cache");
+    files.addMount({"/", 1, "/"});
+    files.addMount({"/home/me/.cache", 1, "/home/me/.ssh"});
+    EXPECT_EQ(placeWhereCachesAre("/home/me/.cache"), std::nullopt);
+}
+
+TEST_F(PlaceRuleTest, AFolderOfItsOwnThatIsMountedOnTheUsualPlaceHolds)
+{
+    files.addFolder("/home/me/.cache");
+    files.addMount({"/", 1, "/"});
+    files.addMount({"/data", 2, "/"});
+    files.addMount({"/home/me/.cache", 2, "/cache"});
+    EXPECT_EQ(placeWhereCachesAre("/home/me/.cache"), "/home/me/.cache");
+}
+
+TEST_F(PlaceRuleTest, AHomeThatIsSeenInASystemPlaceAsWellKeepsItsUsualPlaces)
+{
+    files.addFolder("/home/me/.cache");
+    files.addMount({"/", 1, "/"});
+    files.addMount({"/home", 1, "/var/home"});
+    EXPECT_EQ(placeWhereCachesAre("/home/me/.cache"), "/home/me/.cache");
+}
+
+TEST_F(PlaceRuleTest, TheHomeOfTheAccountIsRefusedWhereHomeSaysSomethingElse)
+{
+    const std::string account = Environment::accountHome();
+    files.addFolder(account);
+    EXPECT_EQ(placeWhereCachesAre(account), std::nullopt);
 }
 
 TEST_F(PlaceRuleTest, AMainFolderAndWhatLiesInOneAreRefused)

@@ -404,6 +404,20 @@ TEST_F(RemoveCommandTest, AStopFinishesTheItemAtHandAndTellsWhatWasDone)
     }
 }
 
+TEST_F(RemoveCommandTest, WhereAFolderCannotBeMeasuredNothingIsRemoved)
+{
+    m_folder.writeFile("tree/a/b/c/d/e/film.mov", 1'200'000);
+    const ProgramResult result = program({"remove", "--yes", "--json", "tree"})
+                                     .through({"/bin/sh", "-c", "ulimit -n 6; exec \"$0\" \"$@\""})
+                                     .run();
+    EXPECT_EQ(result.exitStatus, 1);
+    const json removal = json::parse(result.out);
+    EXPECT_EQ(removal["message"], "Nothing was removed");
+    EXPECT_EQ(removal["removed"], json::array());
+    EXPECT_TRUE(result.errors.ends_with("; nothing was removed\n")) << result.errors;
+    EXPECT_TRUE(m_folder.has("tree/a/b/c/d/e/film.mov"));
+}
+
 TEST_F(RemoveCommandTest, AHomeThatIsNoAbsolutePathIsRefusedByWhatNeedsIt)
 {
     m_folder.writeText("kept.txt", "x");

@@ -518,6 +518,29 @@ TEST_F(RemovalOf, AFolderThatIsOrHoldsAMountPointIsRefusedAndAFileIsNot)
         << "a name that only begins alike, and a file, which the system itself keeps";
 }
 
+TEST_F(RemovalOf, AMountPointIsRecognisedInAnyLetterCaseWhereTheSystemIgnoresIt)
+{
+    fake.files.addFolder("/Users/me/usb/Disk");
+    fake.files.setMountPoints({{"/", "/Users/me/USB/disk"}});
+    const ProtectedLocations ignoringCase(
+        home, {.exact = {}, .prefixes = {}, .homeExact = {}, .homePrefixes = {}, .ignoresCase = true});
+    for (const auto &[item, reason] : {std::pair("usb/Disk", "Disk: Another disk is mounted there."),
+                                       std::pair("usb", "usb: Another disk is mounted inside it.")}) {
+        const auto steps = Removal::plan({{std::string("/Users/me/") + item, 1}}, true, ignoringCase, {});
+        EXPECT_EQ(failureLines(Removal::perform(steps, ignoringCase, fake.host())), Lines{reason});
+    }
+    EXPECT_TRUE(deeds().empty());
+}
+
+TEST_F(RemovalOf, AFileInThePlaceOfAFolderOnTheWayMeansThatTheItemIsGone)
+{
+    fake.files.addFile("/Users/me/work", 5);
+    const RemovalOutcome outcome = remove({{"/Users/me/work/file", 1}});
+    ASSERT_EQ(outcome.failures.size(), 1u);
+    EXPECT_EQ(outcome.failures.front().left, RemovalFailure::Left::nothing);
+    EXPECT_TRUE(deeds().empty());
+}
+
 TEST_F(RemovalOf, AFolderIsRefusedWhereTheMountsCannotBeToldAndAFileIsNot)
 {
     fake.files.addFolder("/Users/me/x");

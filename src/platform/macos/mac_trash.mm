@@ -68,6 +68,14 @@ TrashedItem arrivedItem(NSURL *url, FileSystem &files)
     return {std::move(*folder), name, facts ? facts->identity : ItemIdentity{}};
 }
 
+/// Whether the path still leads to the item that the open folder has under that name. The system takes the path alone.
+bool leadsTo(const std::string &path, HeldFolder &folder, const std::string &name, FileSystem &files)
+{
+    const Expected<ItemFacts> held = folder.facts(name);
+    const Expected<ItemFacts> there = files.facts(path);
+    return !held || (there && there->identity == held->identity);
+}
+
 } // namespace
 
 Expected<TrashedItem> MacTrash::trashItem(HeldFolder &folder, const std::string &name)
@@ -78,6 +86,8 @@ Expected<TrashedItem> MacTrash::trashItem(HeldFolder &folder, const std::string 
         NSURL *url = fileUrl(path);
         if (url == nil)
             return failure(operation, path, EINVAL);
+        if (!leadsTo(path, folder, name, m_files))
+            return tl::unexpected(replacedMeanwhile(operation, path));
         NSError *error = nil;
         NSURL *arrivedAt = nil;
         if ([NSFileManager.defaultManager trashItemAtURL:url resultingItemURL:&arrivedAt error:&error])
@@ -94,6 +104,8 @@ Expected<TrashedItem> MacTrash::recycle(HeldFolder &folder, const std::string &n
         NSURL *url = fileUrl(path);
         if (url == nil)
             return failure(operation, path, EINVAL);
+        if (!leadsTo(path, folder, name, m_files))
+            return tl::unexpected(replacedMeanwhile(operation, path));
 
         // Filled in by the completion on the main thread, read here once that has been waited for.
         __block bool isMoved = false;

@@ -153,6 +153,18 @@ private:
     bool m_hasDeleted = false;
 };
 
+/// As much of a name as leaves room for an ending. No character is cut in two: some systems take no name that is not
+/// text.
+std::string startOf(const std::string &name)
+{
+    std::size_t length = 200; // bytes; a name has at most 255
+    if (name.size() <= length)
+        return name;
+    while (length > 0 && (static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80)
+        --length;
+    return name.substr(0, length);
+}
+
 } // namespace
 
 Expected<void> ItemRemoval::remove(const std::string &name, const ItemIdentity &expected) const
@@ -170,8 +182,7 @@ Expected<void> ItemRemoval::remove(const std::string &name, const ItemIdentity &
 Expected<void> ItemRemoval::removeFile(const std::string &name, const ItemIdentity &expected) const
 {
     const std::string path = joined(m_parentPath, name);
-    constexpr std::size_t longestStart = 200; // a name has at most 255 bytes
-    const std::string aside = uniqueName(name.substr(0, longestStart) + ".corvane-");
+    const std::string aside = uniqueName(startOf(name) + ".corvane-");
     if (!moveAt(m_parent, name, m_parent, aside)) {
         if (errno == ENOENT)
             return failureAt(path, errno);

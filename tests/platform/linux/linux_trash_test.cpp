@@ -107,6 +107,55 @@ TEST(LinuxTrash, DanglingLinkIsTrashed)
     EXPECT_EQ(linkTarget(home.folder / "home/data/Trash/files/dangling"), "/nowhere/at/all");
 }
 
+/// What becomes of "home/letter.txt" when a script changes the Trash while the item is on its way there. The script
+/// runs in the Trash.
+class TrashChangedMeanwhile : public ::testing::Test {
+protected:
+    TrashChangedMeanwhile() : letter(home.folder.writeText("home/letter.txt", "Dear")) {}
+
+    std::string trashWhile(const std::string &script)
+    {
+        home.setVariable("MEANWHILE", "cd '" + home.folder / "home/data/Trash" + "' && " + script);
+        return home.ask("trash-interrupted", letter);
+    }
+
+    ProbeHome home;
+    const std::string letter;
+};
+
+TEST_F(TrashChangedMeanwhile, AnEmptiedOneLeavesTheItemInItsPlace)
+{
+    EXPECT_THAT(trashWhile("rm files/* info/*"), HasSubstr("The Trash was changed by another program meanwhile."));
+    EXPECT_EQ(contents(letter), "Dear");
+    EXPECT_FALSE(home.folder.has("home/data/Trash/info/letter.txt.trashinfo"));
+}
+
+TEST_F(TrashChangedMeanwhile, WhatSomebodyElsePutThereUnderThatNameStaysWithItsRecord)
+{
+    EXPECT_THAT(trashWhile("rm files/* info/* && echo other > files/letter.txt && "
+                           "echo record > info/letter.txt.trashinfo"),
+                HasSubstr("The Trash was changed by another program meanwhile."));
+    EXPECT_EQ(contents(letter), "Dear");
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/files/letter.txt"), "other\n");
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/info/letter.txt.trashinfo"), "record\n");
+}
+
+TEST_F(TrashChangedMeanwhile, AMissingOneLeavesTheItemInItsPlace)
+{
+    EXPECT_THAT(trashWhile("rm -r ../Trash"), HasSubstr("The Trash was changed by another program meanwhile."));
+    EXPECT_EQ(contents(letter), "Dear");
+}
+
+TEST_F(TrashChangedMeanwhile, ALinkInItsPlaceLeadsNothingElsewhere)
+{
+    home.folder.makeFolder("home/project/files");
+    home.folder.makeFolder("home/project/info");
+    EXPECT_EQ(trashWhile("mv ../Trash ../moved && ln -s ../project ../Trash"), "done");
+    EXPECT_FALSE(home.folder.has("home/project/files/letter.txt"));
+    EXPECT_EQ(contents(home.folder / "home/data/moved/files/letter.txt"), "Dear");
+    EXPECT_EQ(originalPath(home.folder / "home/data/moved/info/letter.txt.trashinfo"), letter);
+}
+
 struct OddName {
     std::string title;
     std::string bytes;

@@ -1,6 +1,7 @@
 // Asks the real system one thing and prints the answer, so that a test can do it in a fresh process: with a home
 // folder of its own, on a disk of its own, or where something is missing.
 
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -8,6 +9,7 @@
 
 #include "core/removal.h"
 #include "platform/host.h"
+#include "platform/linux/trash_slot.h"
 #include "platform/path.h"
 #include "platform/protected_places.h"
 
@@ -51,6 +53,20 @@ int removeItem(const Host &host, const std::string &path, bool permanently)
     return 0;
 }
 
+/// Moves an item to the Trash while the shell runs the script in MEANWHILE: after a place in the Trash has been made
+/// for it, and before it gets there.
+int trashInterrupted(const Host &host, const std::string &path)
+{
+    return tell(withHeld(host, path, [](HeldFolder &folder, const std::string &name) -> Expected<void> {
+        Expected<TrashSlot> slot = TrashSlot::make(folder, name);
+        if (!slot)
+            return tl::unexpected(slot.error());
+        if (std::system(std::getenv("MEANWHILE")) != 0)
+            std::cout << "the script failed\n";
+        return slot->fill();
+    }));
+}
+
 int run(std::string_view question, const std::string &subject)
 {
     const Host &host = systemHost();
@@ -58,6 +74,8 @@ int run(std::string_view question, const std::string &subject)
         return tell(withHeld(host, subject, [&](HeldFolder &folder, const std::string &name) {
             return host.trash.trashItem(folder, name);
         }));
+    if (question == "trash-interrupted")
+        return trashInterrupted(host, subject);
     if (question == "erase")
         return tell(withHeld(host, subject, erase));
     if (question == "remove" || question == "remove-permanently")
