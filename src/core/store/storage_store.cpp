@@ -118,8 +118,6 @@ StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations
       m_lateFailures(std::make_shared<LateFailures>(this))
 {
     m_pool.setMaxThreadCount(poolThreads);
-    m_breakdownPool.setMaxThreadCount(1);
-    m_cleanupPool.setMaxThreadCount(1);
     m_timer.setInterval(pollInterval);
     connect(&m_timer, &QTimer::timeout, this, &StorageStore::publishCounters);
     probeAccess();
@@ -135,14 +133,12 @@ StorageStore::~StorageStore()
     m_removalStop = true; // no further item is touched
     if (m_progress)
         m_progress->cancel();
-    stopBreakdown();
-    stopCleanup();
+    m_breakdownJob.close();
+    m_cleanupJob.close();
     // A removal may wait for the main thread: some of the system's services answer only there.
     while (m_isRemoving && !m_pool.waitForDone(removalWait))
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_pool.waitForDone();
-    m_breakdownPool.waitForDone();
-    m_cleanupPool.waitForDone();
     // A removal's outcome that is still under way is not lost to the log.
     QCoreApplication::sendPostedEvents(this);
 }
@@ -278,13 +274,11 @@ void StorageStore::clearScan()
     m_scanIsPartial = false;
     m_removedDuringScan.clear();
     ++m_revision;
-    if (m_breakdownLoading && m_breakdownHasTree) {
+    if (m_breakdownJob.isLoading() && m_breakdownHasTree) {
         // It is about a tree that is no longer there. The last one stays to be looked at until the next; where there
         // is none, the scan may take long, and the disk is told without it.
         if (m_breakdown) {
-            stopBreakdown();
-            ++m_breakdownToken;
-            m_breakdownLoading = false;
+            m_breakdownJob.drop();
             emit breakdownChanged();
         } else {
             refreshBreakdown();
@@ -363,7 +357,7 @@ void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::sha
         showToast("Scan stopped — showing partial results");
     refreshBreakdown();
     // One that is under way is as new as the scan.
-    if (!m_cleanupLoading)
+    if (!m_cleanupJob.isLoading())
         refreshCleanup();
 }
 
@@ -448,40 +442,25 @@ ScanContext StorageStore::makeScanContext() const
     return context;
 }
 
-void StorageStore::stopBreakdown()
-{
-    if (m_breakdownStop)
-        *m_breakdownStop = true;
-}
-
 void StorageStore::refreshBreakdown()
 {
     if (m_isClosing)
         return;
-    stopBreakdown();
-    m_breakdownStop = std::make_shared<StopFlag>(false);
     m_breakdownHasTree = m_root != nullptr;
-    m_breakdownLoading = true;
-    const int token = ++m_breakdownToken;
-    emit breakdownChanged();
-    m_breakdownPool.start([this, token, stop = m_breakdownStop, context = makeScanContext()] {
-        if (*stop)
-            return;
-        DiskBreakdown breakdown = DiskAccountant::compute(context, m_host, *stop);
-        if (*stop)
-            return;
-        QMetaObject::invokeMethod(
-            this, [this, breakdown = std::move(breakdown), token] { finishBreakdown(breakdown, token); },
-            Qt::QueuedConnection);
+    m_breakdownJob.start([this, context = makeScanContext()](const StopFlag &stop) {
+        return DiskAccountant::compute(context, m_host, stop);
     });
+    emit breakdownChanged();
 }
 
 void StorageStore::finishBreakdown(DiskBreakdown breakdown, int token)
 {
-    if (token != m_breakdownToken)
-        return;
+    m_breakdownJob.finish(std::move(breakdown), token);
+}
+
+void StorageStore::publishBreakdown(DiskBreakdown breakdown)
+{
     m_breakdown = std::move(breakdown);
-    m_breakdownLoading = false;
     emit breakdownChanged();
 }
 

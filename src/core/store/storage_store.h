@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <QElapsedTimer>
@@ -24,6 +25,7 @@
 #include "core/selected_entry.h"
 #include "core/selection.h"
 #include "core/stop_flag.h"
+#include "core/store/latest_job.h"
 #include "core/type_slice.h"
 #include "core/volume_info.h"
 #include "disk/disk_breakdown.h"
@@ -93,10 +95,10 @@ public:
     /// Folders below the scanned one that could not be opened; they are not in the tree.
     [[nodiscard]] std::int64_t deniedCount() const { return m_deniedCount; }                    // treeChanged
     [[nodiscard]] const std::optional<DiskBreakdown> &breakdown() const { return m_breakdown; } // breakdownChanged
-    [[nodiscard]] bool breakdownLoading() const { return m_breakdownLoading; }                  // breakdownChanged
+    [[nodiscard]] bool breakdownLoading() const { return m_breakdownJob.isLoading(); }          // breakdownChanged
     /// The measured catalogue, largest total first; empty until it has been measured once.
     [[nodiscard]] const std::vector<CleanupItem> &cleanupItems() const { return m_cleanupItems; } // cleanupChanged
-    [[nodiscard]] bool cleanupLoading() const { return m_cleanupLoading; }                        // cleanupChanged
+    [[nodiscard]] bool cleanupLoading() const { return m_cleanupJob.isLoading(); }                // cleanupChanged
     [[nodiscard]] const Selection &selection() const { return m_selection; }                      // selectionChanged
     [[nodiscard]] bool isRemoving() const { return m_isRemoving; }
     /// The removal under way ends after the item that it is at.
@@ -151,7 +153,7 @@ public:
     /// Takes over a breakdown unless `token` is no longer the newest request.
     void finishBreakdown(DiskBreakdown breakdown, int token);
     /// The number of the newest request.
-    [[nodiscard]] int breakdownToken() const { return m_breakdownToken; }
+    [[nodiscard]] int breakdownToken() const { return m_breakdownJob.token(); }
     /// What the breakdown needs to know of the installed tree.
     [[nodiscard]] ScanContext makeScanContext() const;
     /// Carries out what a segment of the breakdown offers.
@@ -167,7 +169,7 @@ public:
     /// Takes over a measurement unless `token` is no longer the newest request.
     void finishCleanup(std::vector<CleanupItem> items, int token);
     /// The number of the newest request.
-    [[nodiscard]] int cleanupToken() const { return m_cleanupToken; }
+    [[nodiscard]] int cleanupToken() const { return m_cleanupJob.token(); }
     /// What the items come to that may be cleared without a second look.
     [[nodiscard]] std::int64_t safeCleanupTotal() const;
     /// Selects every entry of those items that may be selected at all.
@@ -228,8 +230,8 @@ private:
     void probeAccess();
     void applyRemovalsDuringScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token);
     [[nodiscard]] bool isInTree(const FileNode &node) const { return m_index.find(node.path()) == &node; }
-    void stopBreakdown();
-    void stopCleanup();
+    void publishBreakdown(DiskBreakdown breakdown);
+    void publishCleanup(std::vector<CleanupItem> items);
     /// Takes what was removed out of the catalogue's items, until they are measured again.
     void dropFromCleanup(std::span<const SelectedEntry> removed);
     void takeSizesFromCleanup();
@@ -265,9 +267,7 @@ private:
     std::int64_t m_unreadableCount = 0;
     std::int64_t m_deniedCount = 0;
     std::optional<DiskBreakdown> m_breakdown;
-    bool m_breakdownLoading = false;
     std::vector<CleanupItem> m_cleanupItems;
-    bool m_cleanupLoading = false;
     Selection m_selection;
     SeenItems m_seen; // what was at those paths when they were selected
     bool m_isRemoving = false;
@@ -277,11 +277,7 @@ private:
     PathIndex m_index;
     std::vector<SelectedEntry> m_removedDuringScan; // the running walk may still have seen them
     std::shared_ptr<ScanProgress> m_progress;
-    int m_breakdownToken = 0;
-    std::shared_ptr<StopFlag> m_breakdownStop; // of the newest request
-    bool m_breakdownHasTree = false;           // whether the newest request is about the installed tree
-    int m_cleanupToken = 0;
-    std::shared_ptr<StopFlag> m_cleanupStop; // of the newest request
+    bool m_breakdownHasTree = false; // whether the newest request is about the installed tree
     StopFlag m_isClosing = false;
     std::shared_ptr<LateFailures> m_lateFailures;
     StopFlag m_removalStop = false; // of the removal under way
@@ -293,9 +289,9 @@ private:
 
     // Last, so that their destructors, which wait for the work, run before anything that the work uses goes.
     QThreadPool m_pool;
-    // Of one thread each: measuring may take long, and scans must not wait for it, nor one for the other.
-    QThreadPool m_breakdownPool;
-    QThreadPool m_cleanupPool;
+    LatestJob<DiskBreakdown> m_breakdownJob{[this](DiskBreakdown made) { publishBreakdown(std::move(made)); }};
+    LatestJob<std::vector<CleanupItem>> m_cleanupJob{
+        [this](std::vector<CleanupItem> measured) { publishCleanup(std::move(measured)); }};
 };
 
 } // namespace corvane

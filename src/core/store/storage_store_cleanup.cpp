@@ -1,46 +1,27 @@
 #include <algorithm>
 #include <utility>
 
-#include <QMetaObject>
-
 #include "core/checked_add.h"
 #include "core/store/storage_store.h"
 
 namespace corvane {
 
-void StorageStore::stopCleanup()
-{
-    if (m_cleanupStop)
-        *m_cleanupStop = true;
-}
-
 void StorageStore::refreshCleanup()
 {
     if (m_isClosing)
         return;
-    stopCleanup();
-    m_cleanupStop = std::make_shared<StopFlag>(false);
-    m_cleanupLoading = true;
-    const int token = ++m_cleanupToken;
+    m_cleanupJob.start([this](const StopFlag &stop) { return CleanupCatalog::measureAll(m_host.files, stop); });
     emit cleanupChanged();
-    m_cleanupPool.start([this, token, stop = m_cleanupStop] {
-        if (*stop)
-            return;
-        std::vector<CleanupItem> items = CleanupCatalog::measureAll(m_host.files, *stop);
-        if (*stop)
-            return;
-        QMetaObject::invokeMethod(
-            this, [this, items = std::move(items), token]() mutable { finishCleanup(std::move(items), token); },
-            Qt::QueuedConnection);
-    });
 }
 
 void StorageStore::finishCleanup(std::vector<CleanupItem> items, int token)
 {
-    if (token != m_cleanupToken)
-        return;
+    m_cleanupJob.finish(std::move(items), token);
+}
+
+void StorageStore::publishCleanup(std::vector<CleanupItem> items)
+{
     m_cleanupItems = std::move(items);
-    m_cleanupLoading = false;
     emit cleanupChanged();
     takeSizesFromCleanup();
 }
