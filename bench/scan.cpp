@@ -11,6 +11,7 @@
 
 #include <fmt/format.h>
 
+#include "cleanup/dev_junk_rule.h"
 #include "core/scan_summary.h"
 #include "core/scanner.h"
 
@@ -60,7 +61,7 @@ int main(int argc, char **argv)
     const auto start = std::chrono::steady_clock::now();
     const auto root = corvane::Scanner::scan(argv[1], progress);
     const auto scanned = std::chrono::steady_clock::now();
-    const auto summary = corvane::ScanSummary::make(root);
+    const auto summary = corvane::ScanSummary::make(root, corvane::DevJunkRule::match);
     const auto end = std::chrono::steady_clock::now();
     const std::int64_t held = heapInUse() - before;
 

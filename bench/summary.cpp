@@ -24,6 +24,7 @@
 
 #include <fmt/format.h>
 
+#include "cleanup/dev_junk_rule.h"
 #include "core/scan_summary.h"
 #include "median.h"
 
@@ -124,7 +125,7 @@ public:
         for (std::size_t i = 0; i < m_folders.size(); ++i)
             m_folders[i]->size = sizes == Sizes::kept ? m_sizes[i] : 0;
         const auto start = std::chrono::steady_clock::now();
-        const ScanSummary summary = ScanSummary::make(m_root, corvane::systemHost().files);
+        const ScanSummary summary = ScanSummary::make(m_root, corvane::DevJunkRule::match, corvane::systemHost().files);
         const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
         if ((sizes == Sizes::kept) == summary.devJunk.empty())
             std::abort();

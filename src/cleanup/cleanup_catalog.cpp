@@ -4,9 +4,9 @@
 #include <optional>
 
 #include "cleanup/place_rule.h"
+#include "core/allocated_size.h"
 #include "core/checked_add.h"
 #include "core/concurrent_perform.h"
-#include "core/folder_size.h"
 #include "core/foreign_sum.h"
 #include "core/scanner.h"
 #include "platform/path.h"
@@ -103,22 +103,6 @@ std::int64_t CleanupItem::total() const
     for (const CleanupEntry &entry : entries)
         sum = checkedAdd(sum, entry.size);
     return sum;
-}
-
-std::int64_t CleanupCatalog::allocatedSize(const std::string &path, FileSystem &files, const StopFlag &stop)
-{
-    const auto facts = files.facts(path);
-    if (!facts)
-        return 0;
-    switch (facts->type) {
-    case EntryType::symbolicLink:
-        return 0;
-    case EntryType::file:
-        return isPlausibleSize(facts->allocated) ? facts->allocated : 0;
-    case EntryType::directory:
-        break;
-    }
-    return folderSize(path, files, stop);
 }
 
 CleanupItem CleanupCatalog::measure(const CleanupDefinition &definition, FileSystem &files, const StopFlag &stop)

@@ -81,12 +81,6 @@ struct CleanupCatalog {
     [[nodiscard]] static CleanupItem measure(const CleanupDefinition &definition,
                                              FileSystem &files = systemHost().files,
                                              const StopFlag &stop = neverStopped);
-
-    /// The bytes that a file, or every regular file beneath a folder, takes on disk: hidden files and package
-    /// contents included, links never followed, folders' own blocks not counted, what cannot be read as 0. Once
-    /// stopped, what has been counted so far.
-    [[nodiscard]] static std::int64_t allocatedSize(const std::string &path, FileSystem &files = systemHost().files,
-                                                    const StopFlag &stop = neverStopped);
 };
 
 } // namespace corvane

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "cleanup/dev_junk_rule.h"
 #include "cli/scan_watch.h"
 #include "core/scan_words.h"
 #include "core/scanner.h"
@@ -26,7 +27,7 @@ Judged<FolderScan> FolderScan::run(const std::string &path, Extent extent, const
         scan.isCancelled = progress.isCancelled();
         scan.denied = progress.counters().denied;
         if (extent == Extent::treeAndSummary)
-            scan.summary = ScanSummary::make(scan.root, files);
+            scan.summary = ScanSummary::make(scan.root, DevJunkRule::match, files);
     }
     scan.seconds = std::chrono::duration<double>(Clock::now() - start).count();
     if (scan.root->unreadable) {

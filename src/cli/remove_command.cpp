@@ -12,7 +12,7 @@
 #include "cli/remove_json.h"
 #include "cli/scan_watch.h"
 #include "cli/stop_signal.h"
-#include "core/foreign_sum.h"
+#include "core/allocated_size.h"
 #include "core/removal.h"
 #include "core/scan_words.h"
 #include "core/scanner.h"
@@ -22,14 +22,12 @@ namespace corvane {
 
 namespace {
 
-std::int64_t allocatedSize(const std::string &path, ScanProgress &progress, FileSystem &files)
+/// As `allocatedSize`, but on several threads, which can be watched and stopped.
+std::int64_t sizeOf(const std::string &path, ScanProgress &progress, FileSystem &files)
 {
     const Expected<ItemFacts> facts = files.facts(path);
-    if (!facts || facts->type == EntryType::symbolicLink)
-        return 0;
-    return facts->type == EntryType::directory ? Scanner::scan(path, progress, files)->size
-           : isPlausibleSize(facts->allocated) ? facts->allocated
-                                               : 0;
+    return facts && facts->type == EntryType::directory ? Scanner::scan(path, progress, files)->size
+                                                        : allocatedSize(path, files);
 }
 
 /// The selection with what each item occupies; else why the measuring did not come to its end.
@@ -38,7 +36,7 @@ tl::expected<Selection, std::string> measured(Selection selection, const Console
     ScanProgress progress;
     const ScanWatch watch(progress, console.canShowProgress() ? ScanWatch::Display::shown : ScanWatch::Display::hidden);
     for (auto &[path, size] : selection)
-        size = allocatedSize(path, progress, files);
+        size = sizeOf(path, progress, files);
     if (const std::optional<Error> failure = progress.failure())
         return tl::unexpected(scanFailureText(*failure));
     if (progress.isCancelled())

@@ -6,9 +6,9 @@
 
 #include <fmt/format.h>
 
+#include "core/allocated_size.h"
 #include "core/byte_count.h"
 #include "core/checked_add.h"
-#include "core/folder_size.h"
 #include "core/trash_move.h"
 
 namespace corvane {

@@ -38,7 +38,7 @@ void fetchAhead(const FileNode &node)
 
 } // namespace
 
-ScanSummary ScanSummary::make(const std::shared_ptr<FileNode> &root, FileSystem &files)
+ScanSummary ScanSummary::make(const std::shared_ptr<FileNode> &root, DevJunkMatch buildFolders, FileSystem &files)
 {
     ScanSummary summary;
     std::vector<ListedFile> listed;
@@ -73,7 +73,7 @@ ScanSummary ScanSummary::make(const std::shared_ptr<FileNode> &root, FileSystem 
             break;
         case FileNode::Kind::directory:
             if (!insidePackage && !insideJunk) {
-                if (const auto kind = DevJunkRule::match(*node, files)) {
+                if (const auto kind = buildFolders(*node, files)) {
                     summary.devJunk.push_back({node, *kind});
                     insideJunk = true;
                 }

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "cleanup/dev_junk_rule.h"
+#include "core/dev_junk_item.h"
 #include "core/file_node.h"
 #include "core/path_index.h"
 #include "core/type_slice.h"
@@ -19,7 +19,8 @@ struct ScanSummary {
     PathIndex index;                                 ///< every node of the tree
     std::int64_t unreadableCount = 0;
 
-    [[nodiscard]] static ScanSummary make(const std::shared_ptr<FileNode> &root,
+    /// `buildFolders` is asked about folders outside packages and outside other build folders.
+    [[nodiscard]] static ScanSummary make(const std::shared_ptr<FileNode> &root, DevJunkMatch buildFolders,
                                           FileSystem &files = systemHost().files);
 
     /// The size per file type, largest first, types without bytes left out.

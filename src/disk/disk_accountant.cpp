@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "cleanup/cleanup_catalog.h"
+#include "core/allocated_size.h"
 #include "core/checked_add.h"
 #include "core/foreign_sum.h"
 #include "core/path_guard.h"
@@ -332,7 +332,7 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
         return stop || names.size() > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
     });
     if (!listed)
-        return {CleanupCatalog::allocatedSize(path, files, stop), {}};
+        return {allocatedSize(path, files, stop), {}};
 
     std::int64_t total = 0;
     std::vector<NamedSize> children;
@@ -341,7 +341,7 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
         // A child that contains the scanned folder is left out whole rather than partly.
         if (excluding && (child == *excluding || liesBeneath(*excluding, child)))
             continue;
-        const std::int64_t size = CleanupCatalog::allocatedSize(child, files, stop);
+        const std::int64_t size = allocatedSize(child, files, stop);
         if (size > 0 && addForeign(total, size))
             children.push_back({std::move(name), size});
     }

@@ -59,10 +59,6 @@ protected:
     {
         return *std::ranges::find(CleanupCatalog::definitions, id, &CleanupDefinition::id);
     }
-    std::int64_t sizeOf(const std::string &relative)
-    {
-        return CleanupCatalog::allocatedSize(folder.path() + "/" + relative, files);
-    }
 
     TemporaryFolder folder;
     HomeIn files{folder.path()};
@@ -197,37 +193,6 @@ TEST_F(CleanupCatalogTest, AnOwnPlaceThatCannotBeListedIsNotAccessible)
     EXPECT_FALSE(CleanupCatalog::measure(definition("logs"), files).accessible);
 }
 
-TEST_F(CleanupCatalogTest, AllocatedSizeOfAFileIsWhatItOccupies)
-{
-    folder.writeFile("plain", 8192);
-    std::filesystem::resize_file(folder.writeText("sparse", ""), 100'000'000);
-    EXPECT_EQ(sizeOf("plain"), 8192);
-    EXPECT_EQ(sizeOf("sparse"), 0);
-}
-
-TEST_F(CleanupCatalogTest, AllocatedSizeOfAFolderCountsEveryFileBeneathIt)
-{
-    folder.writeFile("top/a", 8192);
-    folder.writeFile("top/.hidden/b", 8192);
-    folder.writeFile("top/Thing.app/Contents/c", 8192);
-    EXPECT_EQ(sizeOf("top"), 3 * 8192);
-}
-
-TEST_F(CleanupCatalogTest, AFileWithTwoNamesCountsForEach)
-{
-    folder.writeFile("top/a", 8192);
-    folder.hardLink("top/b", "top/a");
-    EXPECT_EQ(sizeOf("top"), 2 * 8192);
-}
-
-TEST_F(CleanupCatalogTest, ASparseFileInAFolderCountsWhatItOccupies)
-{
-    folder.writeSparse("top/disk.img", 100'000'000);
-    EXPECT_EQ(sizeOf("top"), 0);
-    folder.writeFile("top/a", 8192);
-    EXPECT_EQ(sizeOf("top"), 8192);
-}
-
 TEST_F(CleanupCatalogTest, EntriesOfEqualSizeKeepTheOrderOfTheListing)
 {
     FakeHost fake;
@@ -266,42 +231,6 @@ TEST(CleanupNames, AreThoseOfTheCases)
 TEST(CleanupNames, IgnoredAreTheTwoThatFileManagersLeaveBehind)
 {
     EXPECT_EQ(CleanupCatalog::ignoredNames, (std::array<std::string_view, 2>{".DS_Store", ".localized"}));
-}
-
-TEST_F(CleanupCatalogTest, AllocatedSizeNeverFollowsALink)
-{
-    folder.writeFile("target/big", 40'960);
-    folder.writeFile("top/a", 8192);
-    folder.link("top/link", folder.path() + "/target");
-    folder.link("link", folder.path() + "/target");
-    EXPECT_EQ(sizeOf("top"), 8192);
-    EXPECT_EQ(sizeOf("link"), 0);
-}
-
-TEST_F(CleanupCatalogTest, AllocatedSizeOfWhatIsNotThereIsNothing)
-{
-    EXPECT_EQ(sizeOf("missing"), 0);
-}
-
-TEST(AllocatedSize, AFolderInsideThatCannotBeReadIsSkipped)
-{
-    FakeHost fake;
-    fake.files.addFile("/top/a", 8192);
-    fake.files.addFile("/top/locked/b", 8192);
-    fake.files.addFile("/top/open/c", 4096);
-    fake.files.failOpening("/top/locked");
-    EXPECT_EQ(CleanupCatalog::allocatedSize("/top", fake.files), 8192 + 4096);
-}
-
-TEST(AllocatedSize, EveryFolderIsListedOnce)
-{
-    TemporaryFolder folder;
-    std::string path = "deep";
-    for (int level = 0; level < 200; ++level) {
-        folder.writeFile(path + "/f", 4096);
-        path += "/d";
-    }
-    EXPECT_EQ(CleanupCatalog::allocatedSize(folder.path() + "/deep"), 200 * 4096);
 }
 
 } // namespace

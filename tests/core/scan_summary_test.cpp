@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "cleanup/dev_junk_rule.h"
 #include "map/tree.h"
 #include "platform/fake_file_system.h"
 
@@ -44,7 +45,7 @@ TEST(ScanSummary, IndexHoldsEveryNode)
     const NodePtr file = addFile(folder, "a.mp4", 2'000'000);
     const NodePtr package = addPackage(root, "A.app", 0);
     const NodePtr inner = addFile(package, "inner", 3'000'000);
-    const ScanSummary summary = ScanSummary::make(root, files);
+    const ScanSummary summary = ScanSummary::make(root, DevJunkRule::match, files);
     EXPECT_EQ(summary.index.size(), 5u);
     for (const NodePtr &node : {root, folder, file, package, inner})
         EXPECT_EQ(summary.index.find(node->path()), node.get()) << node->path();
@@ -58,7 +59,7 @@ TEST(ScanSummary, FilesComeLargestFirst)
     const NodePtr folder = addFolder(root, "folder");
     addFile(folder, "small", 1'000'000);
     addFile(folder, "large", 3'000'000);
-    EXPECT_EQ(paths(ScanSummary::make(root, files).allFiles),
+    EXPECT_EQ(paths(ScanSummary::make(root, DevJunkRule::match, files).allFiles),
               (Lines{"/p/folder/large", "/p/middle", "/p/folder/small"}));
 }
 
@@ -69,7 +70,8 @@ TEST(ScanSummary, FilesOfOneSizeKeepTheOrderOfTheWalk)
     for (const char *name : {"c", "a", "d"})
         addFile(root, name, 1'000'000);
     addFile(addFolder(root, "folder"), "b", 1'000'000);
-    EXPECT_EQ(paths(ScanSummary::make(root, files).allFiles), (Lines{"/p/c", "/p/a", "/p/d", "/p/folder/b"}));
+    EXPECT_EQ(paths(ScanSummary::make(root, DevJunkRule::match, files).allFiles),
+              (Lines{"/p/c", "/p/a", "/p/d", "/p/folder/b"}));
 }
 
 TEST(ScanSummary, PackageOfAMillionBytesIsListedOnceAndItsFilesAreNot)
@@ -80,7 +82,7 @@ TEST(ScanSummary, PackageOfAMillionBytesIsListedOnceAndItsFilesAreNot)
     addFile(addFolder(app, "Contents"), "movie.mp4", 5'000'000);
     const NodePtr nested = addPackage(app, "Helper.app", 0);
     addFile(nested, "program", 4'000'000);
-    EXPECT_EQ(paths(ScanSummary::make(root, files).allFiles), Lines{"/p/A.app"});
+    EXPECT_EQ(paths(ScanSummary::make(root, DevJunkRule::match, files).allFiles), Lines{"/p/A.app"});
 }
 
 TEST(ScanSummary, PackageIsListedFromAMillionBytesOn)
@@ -89,7 +91,7 @@ TEST(ScanSummary, PackageIsListedFromAMillionBytesOn)
     const NodePtr root = makeRoot("/p");
     addPackage(root, "large.app", 1'000'000);
     addPackage(root, "small.app", 999'999);
-    EXPECT_EQ(paths(ScanSummary::make(root, files).allFiles), Lines{"/p/large.app"});
+    EXPECT_EQ(paths(ScanSummary::make(root, DevJunkRule::match, files).allFiles), Lines{"/p/large.app"});
 }
 
 TEST(ScanSummary, FileOfASmallPackageIsNotListedEither)
@@ -98,7 +100,7 @@ TEST(ScanSummary, FileOfASmallPackageIsNotListedEither)
     const NodePtr root = makeRoot("/p");
     const NodePtr app = addPackage(root, "small.app", 0);
     addFile(app, "file", 999'999);
-    EXPECT_TRUE(ScanSummary::make(root, files).allFiles.empty());
+    EXPECT_TRUE(ScanSummary::make(root, DevJunkRule::match, files).allFiles.empty());
 }
 
 TEST(ScanSummary, PackageAsTheRootIsListed)
@@ -106,7 +108,7 @@ TEST(ScanSummary, PackageAsTheRootIsListed)
     FakeFileSystem files;
     const NodePtr root = makeRoot("/Applications/A.app", FileNode::Kind::package);
     addFile(root, "program", 4'000'000);
-    EXPECT_EQ(paths(ScanSummary::make(root, files).allFiles), Lines{"/Applications/A.app"});
+    EXPECT_EQ(paths(ScanSummary::make(root, DevJunkRule::match, files).allFiles), Lines{"/Applications/A.app"});
 }
 
 TEST(ScanSummary, FlagsEndWithTheirFolder)
@@ -120,7 +122,7 @@ TEST(ScanSummary, FlagsEndWithTheirFolder)
     const NodePtr after = addFolder(root, "q");
     addFile(after, "outside", 2'000'000);
     addFile(addFolder(after, "node_modules"), "y", 1'000'000);
-    const ScanSummary summary = ScanSummary::make(root, files);
+    const ScanSummary summary = ScanSummary::make(root, DevJunkRule::match, files);
     EXPECT_EQ(paths(summary.allFiles), (Lines{"/p/A.app", "/p/node_modules/x", "/p/q/outside", "/p/q/node_modules/y"}));
     EXPECT_EQ(junk(summary), (Lines{"node_modules /p/node_modules", "node_modules /p/q/node_modules"}));
 }
@@ -130,10 +132,10 @@ TEST(ScanSummary, UnreadableRootIsCountedAndIndexed)
     FakeFileSystem files;
     const NodePtr root = makeRoot("/p");
     root->unreadable = true;
-    const ScanSummary summary = ScanSummary::make(root, files);
+    const ScanSummary summary = ScanSummary::make(root, DevJunkRule::match, files);
     EXPECT_EQ(summary.unreadableCount, 1);
     EXPECT_EQ(summary.index.find("/p"), root.get());
-    EXPECT_EQ(ScanSummary::make(makeRoot("/q"), files).unreadableCount, 0);
+    EXPECT_EQ(ScanSummary::make(makeRoot("/q"), DevJunkRule::match, files).unreadableCount, 0);
 }
 
 TEST(ScanSummary, EveryUnreadableFolderInTheTreeIsCounted)
@@ -142,7 +144,7 @@ TEST(ScanSummary, EveryUnreadableFolderInTheTreeIsCounted)
     const NodePtr root = makeRoot("/p");
     addFolder(root, "a")->unreadable = true;
     addFolder(addPackage(root, "B.app", 0), "c")->unreadable = true;
-    EXPECT_EQ(ScanSummary::make(root, files).unreadableCount, 2);
+    EXPECT_EQ(ScanSummary::make(root, DevJunkRule::match, files).unreadableCount, 2);
 }
 
 TEST(ScanSummary, BuildFoldersComeLargestFirst)
@@ -155,7 +157,7 @@ TEST(ScanSummary, BuildFoldersComeLargestFirst)
     addFile(a, "unrelated", 9'000'000);
     addSmallFiles(addFolder(a, "target"), 1, 10);
     addSmallFiles(addFolder(addFolder(root, "b"), "node_modules"), 1, 20);
-    EXPECT_EQ(junk(ScanSummary::make(root, files)),
+    EXPECT_EQ(junk(ScanSummary::make(root, DevJunkRule::match, files)),
               (Lines{"node_modules /p/b/node_modules", "Rust target /p/a/target"}));
 }
 
@@ -167,7 +169,7 @@ TEST(ScanSummary, NodeModulesInsideNodeModulesYieldsNoItemOfItsOwn)
     const NodePtr root = makeRoot("/p");
     const NodePtr outer = addFolder(root, "node_modules");
     addSmallFiles(addFolder(addFolder(outer, "lib"), "node_modules"), 1, 10);
-    EXPECT_EQ(junk(ScanSummary::make(root, files)), Lines{"node_modules /p/node_modules"});
+    EXPECT_EQ(junk(ScanSummary::make(root, DevJunkRule::match, files)), Lines{"node_modules /p/node_modules"});
     EXPECT_TRUE(files.log()->linesStartingWith("exists /p/node_modules/lib").empty());
 }
 
@@ -177,7 +179,7 @@ TEST(ScanSummary, FilesInsideABuildFolderAreListed)
     files.addFile("/p/package.json", 1);
     const NodePtr root = makeRoot("/p");
     addFile(addFolder(root, "node_modules"), "binary", 2'000'000);
-    EXPECT_EQ(paths(ScanSummary::make(root, files).allFiles), Lines{"/p/node_modules/binary"});
+    EXPECT_EQ(paths(ScanSummary::make(root, DevJunkRule::match, files).allFiles), Lines{"/p/node_modules/binary"});
 }
 
 TEST(ScanSummary, NothingInsideAPackageIsABuildFolder)
@@ -186,7 +188,7 @@ TEST(ScanSummary, NothingInsideAPackageIsABuildFolder)
     files.addFile("/p/A.app/package.json", 1);
     const NodePtr root = makeRoot("/p");
     addSmallFiles(addFolder(addPackage(root, "A.app", 0), "node_modules"), 1, 10);
-    EXPECT_TRUE(ScanSummary::make(root, files).devJunk.empty());
+    EXPECT_TRUE(ScanSummary::make(root, DevJunkRule::match, files).devJunk.empty());
 }
 
 TEST(ScanSummary, OnlyFoldersAreBuildFolders)
@@ -197,7 +199,7 @@ TEST(ScanSummary, OnlyFoldersAreBuildFolders)
     const NodePtr root = makeRoot("/p");
     addFile(root, "target", 2'000'000);
     addPackage(root, "build", 10);
-    EXPECT_TRUE(ScanSummary::make(root, files).devJunk.empty());
+    EXPECT_TRUE(ScanSummary::make(root, DevJunkRule::match, files).devJunk.empty());
 }
 
 TEST(ScanSummary, BuildFolderOfSizeZeroIsNotListed)
@@ -206,7 +208,7 @@ TEST(ScanSummary, BuildFolderOfSizeZeroIsNotListed)
     files.addFile("/p/Cargo.toml", 1);
     const NodePtr root = makeRoot("/p");
     addFolder(root, "target");
-    EXPECT_TRUE(ScanSummary::make(root, files).devJunk.empty());
+    EXPECT_TRUE(ScanSummary::make(root, DevJunkRule::match, files).devJunk.empty());
 }
 
 TEST(ScanSummary, DiskIsAskedForBuildFoldersAlone)
@@ -215,7 +217,7 @@ TEST(ScanSummary, DiskIsAskedForBuildFoldersAlone)
     const NodePtr root = makeRoot("/p");
     addFile(addFolder(addFolder(root, "a"), "b"), "c", 2'000'000);
     addSmallFiles(addFolder(root, "target"), 1, 10);
-    (void)ScanSummary::make(root, files);
+    (void)ScanSummary::make(root, DevJunkRule::match, files);
     EXPECT_EQ(files.log()->lines(), Lines{"exists /p/Cargo.toml"});
 }
 
@@ -233,7 +235,7 @@ TEST(ScanSummary, TreeOfAHundredThousandLevelsIsSummarised)
     file->size = 5'000'000;
     folder->children.push_back(file);
 
-    const ScanSummary summary = ScanSummary::make(root, files);
+    const ScanSummary summary = ScanSummary::make(root, DevJunkRule::match, files);
     EXPECT_EQ(summary.index.size(), 100'002u);
     EXPECT_EQ(summary.index.find(file->path()), file.get());
     EXPECT_EQ(summary.allFiles, std::vector{file});

@@ -14,6 +14,7 @@
 
 #include <gmock/gmock.h>
 
+#include "cleanup/dev_junk_rule.h"
 #include "core/scan_summary.h"
 #include "platform/fake_file_system.h"
 #include "support/few_open_files.h"
@@ -364,11 +365,12 @@ TEST(ScannerAndSummary, AnUnreadableSubfolderIsGoneAndNotCountedButAnUnreadableR
     const auto root = Scanner::scan("/data", progress, files);
     ASSERT_EQ(root->children.size(), 1U);
     EXPECT_EQ(root->children.front()->name, "open");
-    EXPECT_EQ(ScanSummary::make(root, files).unreadableCount, 0);
+    EXPECT_EQ(ScanSummary::make(root, DevJunkRule::match, files).unreadableCount, 0);
 
     for (const char *folder : {"/data/closed", "/data/broken"}) {
         ScanProgress own;
-        EXPECT_EQ(ScanSummary::make(Scanner::scan(folder, own, files), files).unreadableCount, 1) << folder;
+        EXPECT_EQ(ScanSummary::make(Scanner::scan(folder, own, files), DevJunkRule::match, files).unreadableCount, 1)
+            << folder;
     }
 }
 

@@ -7,6 +7,7 @@
 #include <malloc.h>
 #endif
 
+#include "cleanup/dev_junk_rule.h"
 #include "core/scan_summary.h"
 #include "map/tree.h"
 #include "platform/fake_file_system.h"
@@ -49,7 +50,7 @@ TEST(TreeMemory, FolderTakesAtMost250BytesWithItsPathAndItsPlaceInTheIndex)
             }
         }
     }
-    const ScanSummary summary = ScanSummary::make(root, files);
+    const ScanSummary summary = ScanSummary::make(root, DevJunkRule::match, files);
     const std::size_t taken = inUse() - before;
     ASSERT_GE(summary.index.size(), folderCount);
     EXPECT_LE(taken / summary.index.size(), 250u);

@@ -8,6 +8,7 @@
 
 #include <QTest>
 
+#include "cleanup/dev_junk_rule.h"
 #include "core/store/storage_store.h"
 #include "platform/fake_host.h"
 
@@ -39,7 +40,7 @@ protected:
         store.scanHome();
         auto result = std::make_shared<StorageStore::ScanResult>();
         result->root = root;
-        result->summary = ScanSummary::make(root, fake.files);
+        result->summary = ScanSummary::make(root, DevJunkRule::match, fake.files);
         store.finishScan(std::move(result), store.progress());
         ASSERT_EQ(store.root(), root);
     }

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "cleanup/cleanup_catalog.h"
-#include "cleanup/dev_junk_rule.h"
+#include "core/dev_junk_item.h"
 
 namespace corvane {
 

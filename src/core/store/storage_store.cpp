@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QMetaObject>
 
+#include "cleanup/dev_junk_rule.h"
 #include "core/foreign_sum.h"
 #include "core/scan_words.h"
 #include "core/scanner.h"
@@ -216,7 +217,7 @@ void StorageStore::scan(const std::string &path)
     m_pool.start([this, target, token = m_progress] {
         auto result = std::make_shared<ScanResult>();
         result->root = Scanner::scan(target, *token, m_host.files);
-        result->summary = ScanSummary::make(result->root, m_host.files);
+        result->summary = ScanSummary::make(result->root, DevJunkRule::match, m_host.files);
         result->types = ScanSummary::types(*result->root);
         QMetaObject::invokeMethod(
             this, [this, result = std::move(result), token]() mutable { finishScan(std::move(result), token); },
@@ -709,7 +710,7 @@ bool StorageStore::replaceInTree(std::span<const std::shared_ptr<FileNode>> rema
     }
     if (held->empty())
         return false;
-    ScanSummary summary = ScanSummary::make(m_root, m_host.files);
+    ScanSummary summary = ScanSummary::make(m_root, DevJunkRule::match, m_host.files);
     m_index = std::move(summary.index);
     m_allFiles = std::move(summary.allFiles);
     m_devJunk = std::move(summary.devJunk);

@@ -15,7 +15,7 @@
 #include <QTimer>
 
 #include "cleanup/cleanup_catalog.h"
-#include "cleanup/dev_junk_rule.h"
+#include "core/dev_junk_item.h"
 #include "core/file_node.h"
 #include "core/path_guard.h"
 #include "core/path_index.h"

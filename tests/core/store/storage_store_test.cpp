@@ -13,6 +13,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "cleanup/dev_junk_rule.h"
 #include "platform/fake_host.h"
 
 namespace corvane {
@@ -97,7 +98,7 @@ std::shared_ptr<StorageStore::ScanResult> resultNamed(const std::string &path)
 {
     auto result = std::make_shared<StorageStore::ScanResult>();
     result->root = std::make_shared<FileNode>(path, FileNode::Kind::directory);
-    result->summary = ScanSummary::make(result->root);
+    result->summary = ScanSummary::make(result->root, DevJunkRule::match);
     return result;
 }
 

@@ -1,4 +1,4 @@
-#include "core/folder_size.h"
+#include "core/allocated_size.h"
 
 #include <utility>
 #include <vector>
@@ -61,6 +61,22 @@ private:
 };
 
 } // namespace
+
+std::int64_t allocatedSize(const std::string &path, FileSystem &files, const StopFlag &stop)
+{
+    const auto facts = files.facts(path);
+    if (!facts)
+        return 0;
+    switch (facts->type) {
+    case EntryType::symbolicLink:
+        return 0;
+    case EntryType::file:
+        return isPlausibleSize(facts->allocated) ? facts->allocated : 0;
+    case EntryType::directory:
+        break;
+    }
+    return folderSize(path, files, stop);
+}
 
 std::int64_t folderSize(const std::string &path, FileSystem &files, const StopFlag &stop)
 {
