@@ -20,6 +20,9 @@ MainWindow {
                 toolbar: Component {
                     ScanToolbar {}
                 }
+                breakdown: Component {
+                    BreakdownSummaryCard {}
+                }
             }
         }
         WindowScreen {

@@ -5,7 +5,7 @@
 #include <QSignalSpy>
 
 #include "cleanup/cleanup_fixture.h"
-#include "cleanup/ui/cleanup_words.h"
+#include "shell/ui/cleanup_words.h"
 
 namespace corvane {
 namespace {

@@ -11,7 +11,7 @@
 #include "map/explorer_fixture.h"
 #include "map/tree.h"
 #include "map/treemap_builder.h"
-#include "map/ui/tile_tones.h"
+#include "shell/ui/qt_color.h"
 
 namespace corvane {
 namespace {

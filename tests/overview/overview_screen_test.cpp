@@ -33,7 +33,9 @@ protected:
     void show(QSize size = {1064, 800})
     {
         scene = std::make_unique<QuickScene>(
-            "Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Overview/OverviewScreen.qml\" }");
+            "Component { id: summary; Loader { source: \"qrc:/qt/qml/Corvane/Disk/BreakdownSummaryCard.qml\" } }\n"
+            "Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Overview/OverviewScreen.qml\"\n"
+            "onLoaded: item.breakdown = summary }");
         ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
         scene->window()->resize(size);
         QTest::mouseMove(scene->window(), QPoint(1, 1));

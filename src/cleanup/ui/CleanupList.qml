@@ -4,7 +4,6 @@ import QtQuick
 import QtQuick.Templates as T
 import Qt.labs.qmlmodels
 import Corvane.Shell
-import Corvane.Map
 import Corvane.Cleanup
 
 /// The catalogue in its groups, and the build folders. One stop for Tab; the arrow keys move in it.

@@ -7,11 +7,11 @@
 
 #include <QLocale>
 
-#include "cleanup/ui/cleanup_words.h"
 #include "core/byte_count.h"
 #include "core/checked_add.h"
 #include "core/store/followed_store.h"
 #include "core/store/path_text.h"
+#include "shell/ui/cleanup_words.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/selecting.h"
 

@@ -12,7 +12,7 @@
 #include "cleanup/ui/check_facts.h"
 #include "cleanup/ui/cleanup_rows.h"
 #include "core/store/storage_store.h"
-#include "map/ui/node_actions.h"
+#include "shell/ui/node_actions.h"
 
 namespace corvane {
 

@@ -8,6 +8,7 @@
 
 #include "core/byte_count.h"
 #include "core/store/path_text.h"
+#include "shell/ui/qt_color.h"
 
 namespace corvane {
 
@@ -23,12 +24,6 @@ QString shareText(std::int64_t size, std::int64_t used)
 QString sizeText(std::int64_t size)
 {
     return QString::fromStdString(formatByteCount(size));
-}
-
-QColor colorOf(const BreakdownSegment &segment)
-{
-    return QColor::fromRgbF(static_cast<float>(segment.color.red), static_cast<float>(segment.color.green),
-                            static_cast<float>(segment.color.blue));
 }
 
 QList<NamedSizeText> largestItems(const BreakdownSegment &segment)
@@ -102,8 +97,8 @@ int SegmentModel::rowOf(const QString &id) const
 StackedBarPart SegmentModel::barPart(int row) const
 {
     const auto &[id, segment, share] = m_rows.at(static_cast<std::size_t>(row));
-    return {id, displayText(segment.title), sizeText(segment.size) + QStringLiteral(" · ") + share, colorOf(segment),
-            segment.size};
+    return {id, displayText(segment.title), sizeText(segment.size) + QStringLiteral(" · ") + share,
+            toExactQColor(segment.color), segment.size};
 }
 
 int SegmentModel::rowCount(const QModelIndex &parent) const
@@ -127,7 +122,7 @@ QVariant SegmentModel::data(const QModelIndex &index, int role) const
     case SymbolRole:
         return displayText(segment.symbol);
     case ColorRole:
-        return colorOf(segment);
+        return toExactQColor(segment.color);
     case SizeTextRole:
         return sizeText(segment.size);
     case ShareTextRole:

@@ -12,9 +12,9 @@
 #include "core/store/path_text.h"
 #include "map/treemap_builder.h"
 #include "map/ui/tile_info_pill.h"
-#include "map/ui/tile_tones.h"
 #include "map/ui/tree_path.h"
 #include "shell/ui/file_icons.h"
+#include "shell/ui/qt_color.h"
 #include "shell/ui/selecting.h"
 
 namespace corvane {

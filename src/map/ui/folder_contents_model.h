@@ -11,7 +11,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
-#include "map/ui/node_actions.h"
+#include "shell/ui/node_actions.h"
 
 namespace corvane {
 

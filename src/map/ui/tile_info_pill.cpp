@@ -6,6 +6,7 @@
 
 #include "core/byte_count.h"
 #include "core/store/path_text.h"
+#include "shell/ui/node_actions.h"
 
 namespace corvane {
 
@@ -42,11 +43,6 @@ QPointF TileInfoPill::place(QPointF pointer, QSizeF panel, const QRectF &bounds)
 {
     return {placed(pointer.x(), pointerGap.x(), panel.width(), bounds.left(), bounds.right()),
             placed(pointer.y(), pointerGap.y(), panel.height(), bounds.top(), bounds.bottom())};
-}
-
-bool opensInMap(const FileNode *node)
-{
-    return node && node->kind != FileNode::Kind::file;
 }
 
 double percentOf(std::int64_t size, std::int64_t whole)

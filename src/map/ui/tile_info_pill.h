@@ -27,9 +27,6 @@ struct TileInfoPill {
     [[nodiscard]] static QPointF place(QPointF pointer, QSizeF panel, const QRectF &bounds);
 };
 
-/// Whether a node has contents to show.
-[[nodiscard]] bool opensInMap(const FileNode *node);
-
 /// The share of `whole` that `size` is, from 0 to 100; 0 where the whole is nothing.
 [[nodiscard]] double percentOf(std::int64_t size, std::int64_t whole);
 

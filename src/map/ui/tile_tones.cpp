@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "shell/ui/qt_color.h"
+
 namespace corvane {
 
 QColor TileTones::fill(const Color &color, TileRole role, double rank)
@@ -31,12 +33,6 @@ QColor TileTones::sizeInk(const Color &color) const
 QColor TileTones::onInk() const
 {
     return isDark() ? QColor(0x11, 0x11, 0x11) : QColor(Qt::white);
-}
-
-QColor toQColor(const Color &color)
-{
-    const auto part = [](double value) { return static_cast<int>(std::lround(value * 255)); };
-    return {part(color.red), part(color.green), part(color.blue)};
 }
 
 } // namespace corvane

@@ -34,7 +34,4 @@ private:
     QHash<quint64, QRgb> m_fills;
 };
 
-/// A colour of the engine as Qt has it, in eight bits.
-[[nodiscard]] QColor toQColor(const Color &color);
-
 } // namespace corvane

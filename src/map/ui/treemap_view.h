@@ -9,11 +9,11 @@
 
 #include "core/store/storage_store.h"
 #include "map/ui/folder_change.h"
-#include "map/ui/node_actions.h"
 #include "map/ui/tile_tones.h"
 #include "map/ui/treemap_layout.h"
 #include "map/ui/treemap_picture.h"
 #include "shell/ui/keyboard_item.h"
+#include "shell/ui/node_actions.h"
 #include "shell/ui/type_to_find.h"
 
 namespace corvane {

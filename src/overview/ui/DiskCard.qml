@@ -1,6 +1,5 @@
 import QtQuick
 import Corvane.Shell
-import Corvane.Disk
 import Corvane.Overview
 
 /// The startup volume, and in its lower row what is known of the used part.
@@ -8,6 +7,8 @@ OverviewBox {
     id: card
 
     required property OverviewPresenter presenter
+    /// What is known of the used part, in one row; the screen of the breakdown has it.
+    property Component breakdown
 
     contentHeight: summary.y + summary.height
 
@@ -82,10 +83,11 @@ OverviewBox {
         height: Theme.hairlineWidth
         color: Theme.hairline2
     }
-    BreakdownSummaryCard {
+    Loader {
         id: summary
 
         anchors.top: rule.bottom
         width: parent.width
+        sourceComponent: card.breakdown
     }
 }

@@ -10,6 +10,8 @@ Rectangle {
 
     /// The window's own commands, shown at the right of the header.
     property Component toolbar
+    /// The row of the disk's card that tells of the breakdown.
+    property Component breakdown
     readonly property bool wide: width >= Theme.wideContentWidth
 
     color: Theme.window
@@ -61,6 +63,7 @@ Rectangle {
             DiskCard {
                 width: parent.width
                 presenter: presenter
+                breakdown: screen.breakdown
             }
             WelcomeCard {
                 width: parent.width

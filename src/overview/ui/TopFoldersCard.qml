@@ -2,7 +2,6 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Corvane.Shell
-import Corvane.Map
 import Corvane.Overview
 
 /// The biggest items of the scanned folder; a press shows one in the Space Map.

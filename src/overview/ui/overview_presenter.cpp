@@ -6,15 +6,15 @@
 
 #include <fmt/format.h>
 
-#include "cleanup/ui/cleanup_words.h"
 #include "core/byte_count.h"
 #include "core/checked_add.h"
 #include "core/scan_words.h"
 #include "core/store/followed_store.h"
 #include "core/store/path_text.h"
 #include "map/treemap_builder.h"
-#include "map/ui/tile_tones.h"
+#include "shell/ui/cleanup_words.h"
 #include "shell/ui/file_icons.h"
+#include "shell/ui/qt_color.h"
 #include "shell/ui/selecting.h"
 
 namespace corvane {

@@ -8,8 +8,8 @@
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
-#include "map/ui/node_actions.h"
 #include "overview/ui/overview_rows_model.h"
+#include "shell/ui/node_actions.h"
 #include "shell/ui/stacked_bar.h"
 
 namespace corvane {

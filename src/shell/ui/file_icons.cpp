@@ -1,6 +1,7 @@
 #include "shell/ui/file_icons.h"
 
 #include "shell/ui/icon_cache.h"
+#include "shell/ui/qt_color.h"
 #include "shell/ui/system_file_icon.h"
 
 namespace corvane {
@@ -28,9 +29,9 @@ QColor fileIconColor(FileType type, FileNode::Kind kind)
 {
     if (kind == FileNode::Kind::directory)
         return QColor(0x4e, 0x9c, 0xeb);
-    const Color color = type.color();
-    const auto part = [](double value) { return qRound(qRound(value * 255) * 0.94); };
-    return QColor(part(color.red), part(color.green), part(color.blue));
+    const QColor color = toQColor(type.color());
+    const auto part = [](int value) { return qRound(value * 0.94); };
+    return QColor(part(color.red()), part(color.green()), part(color.blue()));
 }
 
 FileIconProvider::FileIconProvider() : QQuickImageProvider(QQuickImageProvider::Image) {}

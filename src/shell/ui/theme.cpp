@@ -13,6 +13,7 @@
 #include "shell/ui/color_scheme_setting.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/fonts.h"
+#include "shell/ui/qt_color.h"
 
 namespace corvane {
 
@@ -83,12 +84,6 @@ QColor darkened(const QColor &color, float share)
 {
     const float kept = 1 - share;
     return QColor::fromRgbF(color.redF() * kept, color.greenF() * kept, color.blueF() * kept, color.alphaF());
-}
-
-QColor fromColor(const Color &color)
-{
-    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
-                            static_cast<float>(color.blue));
 }
 
 /// Relative luminance as WCAG 2 defines it.
@@ -523,12 +518,12 @@ QList<QColor> Theme::cleanupTints() const
 
 QColor Theme::brandA() const
 {
-    return fromColor(corvane::brandA);
+    return toExactQColor(corvane::brandA);
 }
 
 QColor Theme::brandB() const
 {
-    return fromColor(corvane::brandB);
+    return toExactQColor(corvane::brandB);
 }
 
 QColor Theme::onFill() const

@@ -68,6 +68,9 @@ private:
     bool m_isElsewhere = false;
 };
 
+/// Whether a node has contents for the map to show.
+[[nodiscard]] bool opensInMap(const FileNode *node);
+
 /// Puts all that a folder holds into the selection but what may not be selected; its small files are no items.
 void selectChildren(StorageStore &store, const FileNode &folder);
 

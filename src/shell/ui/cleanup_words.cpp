@@ -1,4 +1,4 @@
-#include "cleanup/ui/cleanup_words.h"
+#include "shell/ui/cleanup_words.h"
 
 #include <QLocale>
 

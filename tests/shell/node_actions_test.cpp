@@ -1,4 +1,4 @@
-#include "map/ui/node_actions.h"
+#include "shell/ui/node_actions.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "map/ui/node_actions.h"
+#include "shell/ui/node_actions.h"
 
 #include <utility>
 #include <vector>
@@ -9,7 +9,6 @@
 
 #include "core/store/path_text.h"
 #include "core/store/storage_store.h"
-#include "map/ui/tile_info_pill.h"
 #include "shell/ui/desktop_words.h"
 #include "shell/ui/selecting.h"
 
@@ -112,6 +111,11 @@ void NodeActions::toggleSelection() const
 {
     if (canSelect())
         toggleItem(*m_store, m_path, m_size);
+}
+
+bool opensInMap(const FileNode *node)
+{
+    return node && node->kind != FileNode::Kind::file;
 }
 
 void selectChildren(StorageStore &store, const FileNode &folder)

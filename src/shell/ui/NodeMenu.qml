@@ -1,6 +1,5 @@
 import QtQuick
 import Corvane.Shell
-import Corvane.Map
 
 /// The context menu of a tile or a row.
 AppMenu {
