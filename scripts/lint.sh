@@ -43,20 +43,6 @@ shell_check() {
     shell_scripts | xargs shellcheck --external-sources
 }
 
-# The engine's target does not link Qt, so such an include would not compile; this says so in words, and
-# reaches headers that nothing includes yet.
-no_qt_in_the_engine() {
-    local hits
-    hits=$(find src -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.mm' \) \
-        -not -path '*/ui/*' -not -path 'src/core/store/*' -not -path 'src/shell/*' -not -path 'src/main/*' -print0 |
-        xargs -0 grep -nE '^[[:space:]]*#[[:space:]]*(include|import)[[:space:]]*[<"]Q(t|[A-Z])')
-    if [[ -n $hits ]]; then
-        echo "The engine, the platform seam and the command line do not use Qt:"
-        echo "$hits"
-        return 1
-    fi
-}
-
 # The files that a Linux desktop and its software catalogue read.
 desktop_files() {
     desktop-file-validate packaging/linux/*.desktop && appstreamcli validate --no-net packaging/linux/*.metainfo.xml
@@ -78,7 +64,7 @@ if is_wanted_llvm clang-format "the layout is not checked"; then
     check clang-format formatting
 fi
 check shellcheck shell_check
-check layers no_qt_in_the_engine
+check layers python3 scripts/layers.py
 [[ $(uname -s) == Linux ]] && check desktop-files desktop_files
 check_aloud build built
 if [[ " ${failed[*]} " != *" build "* ]]; then
