@@ -115,16 +115,25 @@ Refusal systemRefusal(const Error &error)
     return {error.description(), error.isMissing() ? RemovalFailure::Left::nothing : RemovalFailure::Left::asItWas};
 }
 
-/// A deletion that failed: names the item inside that resisted, and finds out what is left.
-Refusal deletionRefusal(const RemovalStep &step, const std::string &path, const Error &error, FileSystem &files)
+/// What is at the path after a deed that has changed nothing: the judged item may have left meanwhile, and another one
+/// may have taken its place.
+RemovalFailure::Left leftAt(const std::string &path, const ItemIdentity &judged, FileSystem &files)
 {
-    if (!error.inPart && !liesBeneath(error.path, path))
-        return systemRefusal(error);
+    const Expected<ItemFacts> found = files.facts(path);
+    if (!found)
+        return found.error().isMissing() ? RemovalFailure::Left::nothing : RemovalFailure::Left::asItWas;
+    return found->identity == judged ? RemovalFailure::Left::asItWas : RemovalFailure::Left::somethingElse;
+}
+
+/// A deletion that failed: names the item inside that resisted, and finds out what is left.
+Refusal deletionRefusal(const RemovalStep &step, const std::string &path, const ItemIdentity &judged,
+                        const Error &error, FileSystem &files)
+{
     std::string reason = error.description();
     if (liesBeneath(error.path, path))
         reason = error.path.substr(path.size() + (path.ends_with('/') ? 0 : 1)) + ": " + reason;
     if (!error.inPart)
-        return {reason};
+        return {reason, leftAt(step.path, judged, files)};
     const std::int64_t freed = std::max<std::int64_t>(0, step.size - folderSize(path, files));
     return {reason + "; the rest was deleted", RemovalFailure::Left::aPart, freed};
 }
@@ -172,19 +181,14 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
             return "not in the Trash";
         const Expected<void> erased = (*folder)->removeItem(name, facts->identity);
         if (!erased)
-            return deletionRefusal(step, path, erased.error(), host.files);
+            return deletionRefusal(step, path, facts->identity, erased.error(), host.files);
         if (isInTrash)
             host.trash.forget(**folder, name);
         return std::nullopt;
     }
     const Expected<void> trashed = TrashMove(**folder, name, *facts, host).perform();
-    if (!trashed) {
-        // What is missing may be the Trash.
-        Refusal refusal = systemRefusal(trashed.error());
-        if ((*folder)->facts(name))
-            refusal.left = RemovalFailure::Left::asItWas;
-        return refusal;
-    }
+    if (!trashed)
+        return Refusal(trashed.error().description(), leftAt(step.path, facts->identity, host.files));
     return std::nullopt;
 }
 

@@ -1,6 +1,8 @@
 #include "core/removal.h"
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -417,6 +419,39 @@ TEST_F(RemovalOf, AnItemThatIsReplacedAfterItsJudgementIsNotErased)
               Lines{"a: it was replaced while it was being removed"});
     EXPECT_TRUE(fake.files.has("/Users/me/work/a"));
     EXPECT_TRUE(fake.files.has("/Users/me/work/old"));
+}
+
+TEST_F(RemovalOf, WhatIsAtThePathAfterAFailedDeedIsToldApartFromTheItemJudged)
+{
+    using Left = RemovalFailure::Left;
+    fake.files.addFolder("/Users/me/work");
+    std::function<void()> meanwhile;
+    fake.log->observe([&](const std::string &line) {
+        if (line == "removeItem /Users/me/work/a" || line == "trashItem /Users/me/work/a")
+            meanwhile();
+    });
+    const auto leftAfter = [&](bool permanently, std::function<void()> event) {
+        fake.files.take("/Users/me/work");
+        fake.files.addFile("/Users/me/work/a", 5);
+        meanwhile = std::move(event);
+        const RemovalOutcome outcome = remove({{"/Users/me/work/a", 1}}, permanently);
+        EXPECT_EQ(outcome.failures.size(), 1u);
+        return outcome.failures.empty() ? Left::aPart : outcome.failures.front().left;
+    };
+    for (const bool permanently : {false, true}) {
+        EXPECT_EQ(leftAfter(permanently,
+                            [&] {
+                                fake.files.take("/Users/me/work/a");
+                                fake.files.addFile("/Users/me/work/a", 7);
+                            }),
+                  Left::somethingElse);
+        EXPECT_EQ(leftAfter(permanently, [&] { fake.files.take("/Users/me/work/a"); }), Left::nothing);
+    }
+    fake.trash.fail(Operation::trashItem, "/Users/me/work/a", "No.");
+    fake.trash.lack(Operation::deleteThroughFinder);
+    EXPECT_EQ(leftAfter(false, [] {}), Left::asItWas);
+    EXPECT_EQ(leftAfter(true, [&] { fake.files.failRemoval("/Users/me/work/a", std::errc::permission_denied); }),
+              Left::asItWas);
 }
 
 TEST_F(RemovalOf, AnItemThatTheTrashTookFromAnotherFolderIsPutBackThere)

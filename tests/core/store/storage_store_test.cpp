@@ -574,6 +574,30 @@ TEST_F(StorageStoreTest, AnItemThatTookTheSelectedOnesPlaceStaysUntilItIsSelecte
     EXPECT_FALSE(fake.files.has(at("Movies/a.mov")));
 }
 
+TEST_F(StorageStoreTest, AnItemThatIsReplacedDuringItsRemovalIsNoLongerSelected)
+{
+    for (const bool permanently : {false, true}) {
+        scanHome();
+        store.setSelected(at("Movies/a.mov"), sizeOf("Movies/a.mov"), true);
+        const std::string deed = (permanently ? "removeItem " : "trashItem ") + at("Movies/a.mov");
+        fake.log->observe([&](const std::string &line) {
+            if (line != deed)
+                return;
+            fake.files.take(at("Movies/a.mov"));
+            fake.files.addFile(at("Movies/a.mov"), 7'000'000);
+        });
+        store.remove(store.effectiveSelection(), permanently);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
+        fake.log->observe({});
+        EXPECT_EQ(*store.toast(), "Nothing was removed · 1 couldn't be removed (a.mov: it was replaced while it was "
+                                  "being removed)");
+        EXPECT_TRUE(fake.files.has(at("Movies/a.mov")));
+        EXPECT_TRUE(store.selection().empty()) << permanently;
+        EXPECT_EQ(sizeOf("Movies/a.mov"), 7'000'000) << "the tree shows what is there now";
+        EXPECT_TRUE(verify(*store.root()));
+    }
+}
+
 TEST_F(StorageStoreTest, AFolderWhereTheTreeShowsAFileIsNotWhatWasSelected)
 {
     scanHome();
