@@ -92,20 +92,11 @@ public:
     }
 
     /// Receives a result unless `token` is no longer that of the newest request. What the work returns takes this way.
-    void finish(Result result, int token)
+    void finish(Result result, int token) { take(std::move(result), token == m_token); }
+    /// The same with the request's progress for a token.
+    void finish(Result result, const std::shared_ptr<Progress> &token)
     {
-        if (token != m_token) {
-            letGo(std::move(result));
-            return;
-        }
-        m_isLoading = false;
-        m_receive(std::move(result));
-    }
-
-    /// Frees what may be too large to be freed on the main thread.
-    void letGo(Result result)
-    {
-        m_pool.start([held = std::make_shared<Result>(std::move(result))]() mutable { held.reset(); });
+        take(std::move(result), m_request && !m_request->isSuperseded && token == progress());
     }
 
 private:
@@ -121,6 +112,17 @@ private:
             progress = true;
         else
             progress.cancel();
+    }
+
+    void take(Result result, bool isCurrent)
+    {
+        if (isCurrent) {
+            m_isLoading = false;
+            m_receive(std::move(result));
+        } else {
+            // It may be too large to be freed on the main thread.
+            m_pool.start([held = std::make_shared<Result>(std::move(result))]() mutable { held.reset(); });
+        }
     }
 
     void run(Work work)

@@ -6,7 +6,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include <QElapsedTimer>
@@ -15,17 +14,18 @@
 #include <QTimer>
 
 #include "cleanup/cleanup_catalog.h"
-#include "core/dev_junk_item.h"
 #include "core/file_node.h"
+#include "core/installed_tree.h"
 #include "core/path_guard.h"
-#include "core/path_index.h"
 #include "core/removal.h"
 #include "core/scan_progress.h"
 #include "core/scan_summary.h"
 #include "core/selected_entry.h"
+#include "core/selected_items.h"
 #include "core/selection.h"
-#include "core/stop_flag.h"
+#include "core/store/late_failures.h"
 #include "core/store/latest_job.h"
+#include "core/store/removal_job.h"
 #include "core/type_slice.h"
 #include "core/volume_info.h"
 #include "disk/disk_breakdown.h"
@@ -37,8 +37,8 @@ namespace corvane {
 inline constexpr std::string_view partialScanText = "Partial: the scan was stopped";
 
 /// The one observable object of the program: holds everything that the screens show and runs every long
-/// operation. Made once at launch and outliving every screen. Main thread only; work runs on its own pool and
-/// hands its results back with a queued call, where they are accepted only if they are still current.
+/// operation. Made once at launch and outliving every screen. Main thread only; work runs in background jobs
+/// (`LatestJob`, `RemovalJob`), whose results are received only while they are current.
 class StorageStore : public QObject {
     Q_OBJECT
 
@@ -72,57 +72,50 @@ public:
     /// Stops the background work, a removal after the item that it is at, and waits for its end.
     ~StorageStore() override;
 
-    // --- Published state; each is followed by the signal that announces it.
+    // What is published is followed by the signal that announces it.
+
+    // --- The screen shown, and the explorer's folder
     [[nodiscard]] SidebarItem sidebar() const { return m_sidebar; }
     void setSidebar(SidebarItem item);
-    [[nodiscard]] Phase phase() const { return m_phase; }
-    [[nodiscard]] const std::shared_ptr<FileNode> &root() const { return m_root; } // treeChanged
     [[nodiscard]] const std::shared_ptr<FileNode> &currentFolder() const
     {
         return m_currentFolder;
     } // currentFolderChanged
-    [[nodiscard]] const std::vector<std::shared_ptr<FileNode>> &allFiles() const { return m_allFiles; }
-    [[nodiscard]] const std::vector<TypeSlice> &typeBreakdown() const { return m_typeBreakdown; }
-    [[nodiscard]] const std::vector<DevJunkItem> &devJunk() const { return m_devJunk; }
-    [[nodiscard]] std::int64_t scannedFiles() const { return m_scannedFiles; }     // progressChanged
-    [[nodiscard]] std::int64_t scannedBytes() const { return m_scannedBytes; }     // progressChanged
-    [[nodiscard]] const std::string &currentPath() const { return m_currentPath; } // progressChanged; bytes
-    [[nodiscard]] double scanDuration() const { return m_scanDuration; }           // seconds
-    [[nodiscard]] int revision() const { return m_revision; }
-    [[nodiscard]] const VolumeInfo &volume() const { return m_volume; } // volumeChanged
-    [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
-    [[nodiscard]] std::int64_t unreadableCount() const { return m_unreadableCount; }
-    /// Folders below the scanned one that could not be opened; they are not in the tree.
-    [[nodiscard]] std::int64_t deniedCount() const { return m_deniedCount; }                    // treeChanged
-    [[nodiscard]] const std::optional<DiskBreakdown> &breakdown() const { return m_breakdown; } // breakdownChanged
-    [[nodiscard]] bool breakdownLoading() const { return m_breakdownJob.isLoading(); }          // breakdownChanged
-    /// The measured catalogue, largest total first; empty until it has been measured once.
-    [[nodiscard]] const std::vector<CleanupItem> &cleanupItems() const { return m_cleanupItems; } // cleanupChanged
-    [[nodiscard]] bool cleanupLoading() const { return m_cleanupJob.isLoading(); }                // cleanupChanged
-    [[nodiscard]] const Selection &selection() const { return m_selection; }                      // selectionChanged
-    [[nodiscard]] bool isRemoving() const { return m_isRemoving; }
-    /// The removal under way ends after the item that it is at.
-    [[nodiscard]] bool isStopping() const { return m_isRemoving && m_removalStop; }   // isRemovingChanged
-    [[nodiscard]] const std::optional<std::string> &toast() const { return m_toast; } // toastChanged; bytes
-    /// Whether the toast reports something that went wrong.
-    [[nodiscard]] bool toastIsWarning() const { return m_toastIsWarning; }
+    /// Shows a folder or package of the current tree in the explorer; a file shows its folder.
+    void open(const std::shared_ptr<FileNode> &node);
+    /// Opens the explorer's containing folder, if the folder shown is not the root.
+    void openParent();
+    /// Opens a node of the current tree and shows the explorer's screen.
+    void showInMap(const std::shared_ptr<FileNode> &node);
 
+    // --- The tree of the last scan: treeChanged, and revisionChanged where the tree itself is another
+    [[nodiscard]] const std::shared_ptr<FileNode> &root() const { return m_tree.root(); }
+    [[nodiscard]] const std::vector<std::shared_ptr<FileNode>> &allFiles() const { return m_tree.allFiles(); }
+    [[nodiscard]] const std::vector<TypeSlice> &typeBreakdown() const { return m_tree.types(); }
+    [[nodiscard]] const std::vector<DevJunkItem> &devJunk() const { return m_tree.devJunk(); }
+    [[nodiscard]] std::int64_t unreadableCount() const { return m_tree.unreadableCount(); }
+    /// Folders below the scanned one that could not be opened; they are not in the tree.
+    [[nodiscard]] std::int64_t deniedCount() const { return m_tree.walk().deniedCount; }
+    [[nodiscard]] double scanDuration() const { return m_tree.walk().seconds; }
     /// A finished scan is there to look at.
-    [[nodiscard]] bool hasScan() const { return m_root != nullptr; }
+    [[nodiscard]] bool hasScan() const { return root() != nullptr; }
     /// The installed tree is that of a scan that was stopped: it holds only a part of the folder.
-    [[nodiscard]] bool scanIsPartial() const { return m_scanIsPartial; }
-    /// How long ago the last scan ended; 0 before that.
-    [[nodiscard]] std::int64_t secondsSinceScan() const;
-    /// The root of the last scan started, bytes; empty before the first.
-    [[nodiscard]] const std::string &lastScanPath() const { return m_lastScanPath; }
+    [[nodiscard]] bool scanIsPartial() const { return m_tree.walk().isPartial; }
+    [[nodiscard]] int revision() const { return m_revision; }
     /// The node of the current tree at a path, or null.
-    [[nodiscard]] FileNode *node(std::string_view path) const { return m_index.find(path); }
+    [[nodiscard]] FileNode *node(std::string_view path) const { return m_tree.find(path); }
     /// The same to be held.
-    [[nodiscard]] std::shared_ptr<FileNode> sharedNode(std::string_view path) const;
-    [[nodiscard]] const Host &host() const { return m_host; }
-    [[nodiscard]] const ProtectedLocations &locations() const { return m_locations; }
+    [[nodiscard]] std::shared_ptr<FileNode> sharedNode(std::string_view path) const { return m_tree.shared(path); }
 
     // --- Scanning
+    [[nodiscard]] Phase phase() const { return m_phase; }
+    [[nodiscard]] std::int64_t scannedFiles() const { return m_counters.files; }        // progressChanged
+    [[nodiscard]] std::int64_t scannedBytes() const { return m_counters.bytes; }        // progressChanged
+    [[nodiscard]] const std::string &currentPath() const { return m_counters.current; } // progressChanged; bytes
+    /// The root of the last scan started, bytes; empty before the first.
+    [[nodiscard]] const std::string &lastScanPath() const { return m_lastScanPath; }
+    /// How long ago the last scan ended; 0 before that.
+    [[nodiscard]] std::int64_t secondsSinceScan() const;
     /// Starts a scan of a folder (absolute bytes); a running one is stopped and its result dropped. A path
     /// that is not a readable folder leaves everything as it is and says so in the toast. Where the root is that of
     /// the last scan, the explorer goes back to the folder shown when the scan ends, or to the nearest one around
@@ -139,15 +132,11 @@ public:
     /// Takes over a scan's result unless `token` is no longer the current scan.
     void finishScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token);
     /// The token of the running (or last) scan.
-    [[nodiscard]] const std::shared_ptr<ScanProgress> &progress() const { return m_progress; }
-    /// Shows a folder or package of the current tree in the explorer; a file shows its folder.
-    void open(const std::shared_ptr<FileNode> &node);
-    /// Opens the explorer's containing folder, if the folder shown is not the root.
-    void openParent();
-    /// Opens a node of the current tree and shows the explorer's screen.
-    void showInMap(const std::shared_ptr<FileNode> &node);
+    [[nodiscard]] std::shared_ptr<ScanProgress> progress() const { return m_scanJob.progress(); }
 
     // --- The breakdown of the disk
+    [[nodiscard]] const std::optional<DiskBreakdown> &breakdown() const { return m_breakdown; } // breakdownChanged
+    [[nodiscard]] bool breakdownLoading() const { return m_breakdownJob.isLoading(); }          // breakdownChanged
     /// Computes the breakdown anew in the background, with what the last scan found.
     void refreshBreakdown();
     /// Takes over a breakdown unless `token` is no longer the newest request.
@@ -158,12 +147,11 @@ public:
     [[nodiscard]] ScanContext makeScanContext() const;
     /// Carries out what a segment of the breakdown offers.
     void perform(const BreakdownAction &action);
-    /// Shows an item in the file manager; what goes wrong, at once or later, is said in the toast.
-    void reveal(const std::string &path);
-    /// Opens a file in the program that the desktop has for it; what goes wrong is said in the toast.
-    void openFile(const std::string &path);
 
     // --- The cleanup catalogue
+    /// The measured catalogue, largest total first; empty until it has been measured once.
+    [[nodiscard]] const std::vector<CleanupItem> &cleanupItems() const { return m_cleanupItems; } // cleanupChanged
+    [[nodiscard]] bool cleanupLoading() const { return m_cleanupJob.isLoading(); }                // cleanupChanged
     /// Measures the catalogue anew in the background.
     void refreshCleanup();
     /// Takes over a measurement unless `token` is no longer the newest request.
@@ -175,7 +163,8 @@ public:
     /// Selects every entry of those items that may be selected at all.
     void selectAllSafeCleanup();
 
-    // --- Selection and removal
+    // --- The selection
+    [[nodiscard]] const Selection &selection() const { return m_selected.sizes(); } // selectionChanged
     [[nodiscard]] bool isProtected(std::string_view path) const;
     [[nodiscard]] bool isSelected(const std::string &path) const;
     /// Whether the path is selected or lies inside a selected folder.
@@ -187,7 +176,12 @@ public:
     [[nodiscard]] std::int64_t selectedTotal() const;
     [[nodiscard]] std::vector<SelectedEntry> selectedEntries() const;
     /// Those of the effective selection that lie in the Trash: moving them there deletes them for good.
-    [[nodiscard]] std::vector<SelectedEntry> selectedInTrash() const;
+    [[nodiscard]] std::vector<SelectedEntry> selectedInTrash() const { return m_selected.inTrash(); }
+
+    // --- Removal
+    [[nodiscard]] bool isRemoving() const { return m_removal.isRunning(); } // isRemovingChanged
+    /// The removal under way ends after the item that it is at.
+    [[nodiscard]] bool isStopping() const { return m_removal.isStopping(); } // isRemovingChanged
     /// Removes the entries in the background (one removal at a time) and reports once. A selected one must still be
     /// the item that was selected.
     void remove(const Selection &entries, bool permanently);
@@ -198,100 +192,107 @@ public:
     void didRemove(const RemovalOutcome &outcome, bool permanently,
                    const std::vector<std::shared_ptr<FileNode>> &remains = {});
 
-    // --- Messages
+    // --- The system
+    [[nodiscard]] const VolumeInfo &volume() const { return m_volume; } // volumeChanged
+    [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
+    [[nodiscard]] const Host &host() const { return m_host; }
+    [[nodiscard]] const ProtectedLocations &locations() const { return m_locations; }
+    /// Shows an item in the file manager; what goes wrong, at once or later, is said in the toast.
+    void reveal(const std::string &path);
+    /// Opens a file in the program that the desktop has for it; what goes wrong is said in the toast.
+    void openFile(const std::string &path);
+
+    // --- The short message
+    [[nodiscard]] const std::optional<std::string> &toast() const { return m_toast; } // toastChanged; bytes
+    /// Whether the toast reports something that went wrong.
+    [[nodiscard]] bool toastIsWarning() const { return m_toastIsWarning; }
     void showToast(std::string text, bool warning = false);
     void dismissToast();
 
 signals:
     void sidebarChanged();
-    void phaseChanged();
-    void treeChanged(); ///< root, allFiles, typeBreakdown, devJunk, unreadableCount, deniedCount, scanDuration
     void currentFolderChanged();
-    void progressChanged();
+    void treeChanged();     ///< the tree, its lists, or a fact of the scan that found it
     void revisionChanged(); ///< the installed tree itself has changed
-    void volumeChanged();
-    void accessChanged();
+    void phaseChanged();
+    void progressChanged();
+    void folderWanted();
     void breakdownChanged(); ///< the breakdown, or whether one is being computed
     void cleanupChanged();   ///< the catalogue's items, or whether they are being measured
     void selectionChanged();
     void isRemovingChanged();
+    void volumeChanged();
+    void accessChanged();
     void toastChanged();
-    void folderWanted();
 
 private:
-    struct LateFailures;
-
-    void publishCounters();
-    void showRevealFailure(const Error &error);
-    void setPhase(Phase phase);
     void setCurrentFolder(std::shared_ptr<FileNode> folder);
+
+    // The scan.
+    /// The folder to scan for a path; nothing, and the toast says why, where there is none.
+    [[nodiscard]] std::optional<std::string> scannable(const std::string &path);
+    void setPhase(Phase phase);
     void clearScan();
-    [[nodiscard]] std::shared_ptr<FileNode> folderToShow() const;
-    void probeAccess();
-    void applyRemovalsDuringScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token);
-    [[nodiscard]] bool isInTree(const FileNode &node) const { return m_index.find(node.path()) == &node; }
-    void publishBreakdown(DiskBreakdown breakdown);
-    void publishCleanup(std::vector<CleanupItem> items);
-    /// Takes what was removed out of the catalogue's items, until they are measured again.
-    void dropFromCleanup(std::span<const SelectedEntry> removed);
-    void takeSizesFromCleanup();
+    void publishCounters();
+    void publishScan(std::shared_ptr<ScanResult> result);
+    void checkRemovalsDuringScan(std::shared_ptr<ScanResult> result);
+    void endScanWithoutTree(std::shared_ptr<ScanResult> result);
     void discard(std::shared_ptr<void> held);
+
+    // What is derived.
+    void publishBreakdown(DiskBreakdown breakdown);
+    void dropOutdatedBreakdown();
+    void publishCleanup(std::vector<CleanupItem> items);
+
+    // The removal.
+    void applyToTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
+    /// Updates the installed tree and the folder shown; whether anything has changed.
+    bool updateTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
+
+    // The system.
+    void probeAccess();
     void refreshVolume();
-    void refreshSelectedSizes();
-    /// Forgets a path and what lies beneath it; whether there was any of it.
-    bool deselectWithContents(const std::string &path);
-    /// Takes what was removed out of the tree and of every list; true when the tree has changed.
-    bool dropFromTree(std::span<const SelectedEntry> removed);
-    /// Puts what was scanned anew in the place of what the tree has there; true when the tree has changed.
-    bool replaceInTree(std::span<const std::shared_ptr<FileNode>> remains);
-    void updateTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
+    /// Says in the toast that something cannot be done ("scan") with an item, and why.
+    void showFailure(std::string_view what, const std::string &path, const std::string &why);
 
     const Host m_host;
     const ProtectedLocations &m_locations;
+    bool m_isClosing = false;
 
     SidebarItem m_sidebar = SidebarItem::overview;
-    Phase m_phase = Phase::idle;
-    std::shared_ptr<FileNode> m_root;
     std::shared_ptr<FileNode> m_currentFolder;
-    std::vector<std::shared_ptr<FileNode>> m_allFiles;
-    std::vector<TypeSlice> m_typeBreakdown;
-    std::vector<DevJunkItem> m_devJunk;
-    std::int64_t m_scannedFiles = 0;
-    std::int64_t m_scannedBytes = 0;
-    std::string m_currentPath;
-    double m_scanDuration = 0;
-    bool m_scanIsPartial = false;
-    int m_revision = 0;
-    VolumeInfo m_volume;
-    bool m_hasFullDiskAccess = false;
-    std::int64_t m_unreadableCount = 0;
-    std::int64_t m_deniedCount = 0;
-    std::optional<DiskBreakdown> m_breakdown;
-    std::vector<CleanupItem> m_cleanupItems;
-    Selection m_selection;
-    SeenItems m_seen; // what was at those paths when they were selected
-    bool m_isRemoving = false;
-    std::optional<std::string> m_toast;
-    bool m_toastIsWarning = false;
 
-    PathIndex m_index;
+    InstalledTree m_tree;
+    int m_revision = 0;
+
+    Phase m_phase = Phase::idle;
+    ScanProgress::Counters m_counters;
+    std::string m_lastScanPath;
+    std::string m_folderToShow;                     // when the running scan ends; empty for its root
     std::vector<SelectedEntry> m_removedDuringScan; // the running walk may still have seen them
-    std::shared_ptr<ScanProgress> m_progress;
-    bool m_breakdownHasTree = false; // whether the newest request is about the installed tree
-    StopFlag m_isClosing = false;
-    std::shared_ptr<LateFailures> m_lateFailures;
-    StopFlag m_removalStop = false; // of the removal under way
     QTimer m_timer;
     QElapsedTimer m_scanStart;
     QElapsedTimer m_scanEnd;
-    std::string m_lastScanPath;
-    std::string m_folderToShow; // when the running scan ends; empty for its root
 
-    // Last, so that their destructors, which wait for the work, run before anything that the work uses goes.
-    QThreadPool m_pool;
-    LatestJob<DiskBreakdown> m_breakdownJob{[this](DiskBreakdown made) { publishBreakdown(std::move(made)); }};
-    LatestJob<std::vector<CleanupItem>> m_cleanupJob{
-        [this](std::vector<CleanupItem> measured) { publishCleanup(std::move(measured)); }};
+    std::optional<DiskBreakdown> m_breakdown;
+    bool m_breakdownHasTree = false; // whether the newest request is about the installed tree
+    std::vector<CleanupItem> m_cleanupItems;
+
+    SelectedItems m_selected;
+
+    VolumeInfo m_volume;
+    bool m_hasFullDiskAccess = false;
+    std::optional<std::string> m_toast;
+    bool m_toastIsWarning = false;
+
+    // Last, so that their destructors, which wait for the work, run before anything that the work uses goes. Each has
+    // threads of its own: measuring may take long, and no other work must wait for it.
+    LateFailures m_revealFailures;
+    QThreadPool m_discards;
+    LatestJob<std::shared_ptr<ScanResult>, ScanProgress> m_scanJob;
+    LatestJob<DiskBreakdown> m_breakdownJob;
+    LatestJob<std::vector<CleanupItem>> m_cleanupJob;
+    RemovalJob m_removal;
 };
 
 } // namespace corvane

@@ -936,5 +936,18 @@ TEST_F(StorageStoreTest, AStoreThatGoesAwayDuringARemovalTouchesNoFurtherItem)
     EXPECT_TRUE(fake.files.has(at("Movies/b.mov")));
 }
 
+TEST_F(StorageStoreTest, TheFailuresOfARemovalThatEndsWithTheStoreAreLogged)
+{
+    fake.files.failRemoval(at("Movies/a.mov"), std::errc::permission_denied);
+    Gate gate(*fake.log, "removeItem " + at("Movies/a.mov"));
+    auto brief = std::make_unique<StorageStore>(fake.host(), locations);
+    brief->remove({{at("Movies/a.mov"), 1}}, true);
+    ASSERT_TRUE(gate.waitUntilReached());
+    QTimer::singleShot(0, [&gate] { gate.open(); });
+    brief.reset();
+    ASSERT_EQ(fake.desktop.logged().size(), 1u);
+    EXPECT_EQ(fake.desktop.logged().front(), "Corvane removal failures:\na.mov: Permission denied");
+}
+
 } // namespace
 } // namespace corvane

@@ -1,0 +1,75 @@
+#include "cleanup/cleanup_items.h"
+
+#include <algorithm>
+
+#include "core/checked_add.h"
+#include "core/selection.h"
+#include "platform/path.h"
+
+namespace corvane {
+namespace {
+
+void appendEntries(const CleanupItem &item, std::vector<SelectedEntry> &into)
+{
+    for (const CleanupEntry &entry : item.entries)
+        into.push_back({entry.path, entry.size});
+}
+
+} // namespace
+
+bool takeRemoved(std::vector<CleanupItem> &items, std::span<const SelectedEntry> removed)
+{
+    Selection gone;
+    for (const SelectedEntry &entry : removed)
+        gone.emplace(entry.path, entry.size);
+    bool hasChanged = false;
+    for (CleanupItem &item : items) {
+        for (CleanupEntry &entry : item.entries) {
+            const std::int64_t before = entry.size;
+            if (gone.contains(entry.path) || hasSelectedAncestor(gone, entry.path))
+                entry.size = 0;
+            for (auto inside = gone.lower_bound(entry.path + "/");
+                 inside != gone.end() && liesBeneath(inside->first, entry.path); ++inside)
+                entry.size -= inside->second;
+            hasChanged |= entry.size != before;
+        }
+    }
+    if (!hasChanged)
+        return false;
+    for (CleanupItem &item : items) {
+        std::erase_if(item.entries, [](const CleanupEntry &entry) { return entry.size <= 0; });
+        std::ranges::stable_sort(item.entries, std::ranges::greater(), &CleanupEntry::size);
+    }
+    std::ranges::stable_sort(items, std::ranges::greater(), &CleanupItem::total);
+    return true;
+}
+
+std::int64_t safeTotal(std::span<const CleanupItem> items)
+{
+    std::int64_t total = 0;
+    for (const CleanupItem &item : items) {
+        if (item.def->risk == CleanupRisk::safe)
+            total = checkedAdd(total, item.total());
+    }
+    return total;
+}
+
+std::vector<SelectedEntry> safeEntries(std::span<const CleanupItem> items)
+{
+    std::vector<SelectedEntry> entries;
+    for (const CleanupItem &item : items) {
+        if (item.def->risk == CleanupRisk::safe)
+            appendEntries(item, entries);
+    }
+    return entries;
+}
+
+std::vector<SelectedEntry> allEntries(std::span<const CleanupItem> items)
+{
+    std::vector<SelectedEntry> entries;
+    for (const CleanupItem &item : items)
+        appendEntries(item, entries);
+    return entries;
+}
+
+} // namespace corvane

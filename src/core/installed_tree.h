@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/dev_junk_item.h"
+#include "core/file_node.h"
+#include "core/scan_summary.h"
+#include "core/selected_entry.h"
+#include "core/type_slice.h"
+#include "platform/file_system.h"
+
+namespace corvane {
+
+/// The tree of a finished scan with everything that is derived from it: installed together, changed together, let go
+/// of together. Not for two threads at once. What is moved from is not used again.
+class InstalledTree {
+public:
+    /// How the walk went that found the tree.
+    struct Walk {
+        double seconds = 0;
+        std::int64_t deniedCount = 0; ///< folders below the root that could not be opened; they are not in the tree
+        bool isPartial = false;       ///< it was stopped: the tree holds only a part of the folder
+    };
+
+    /// No tree.
+    InstalledTree() = default;
+    InstalledTree(std::shared_ptr<FileNode> root, ScanSummary summary, std::vector<TypeSlice> types, Walk walk);
+
+    /// Null where there is no tree.
+    [[nodiscard]] const std::shared_ptr<FileNode> &root() const { return m_root; }
+    [[nodiscard]] const std::vector<std::shared_ptr<FileNode>> &allFiles() const { return m_summary.allFiles; }
+    [[nodiscard]] const std::vector<DevJunkItem> &devJunk() const { return m_summary.devJunk; }
+    [[nodiscard]] std::int64_t unreadableCount() const { return m_summary.unreadableCount; }
+    [[nodiscard]] const std::vector<TypeSlice> &types() const { return m_types; }
+    [[nodiscard]] const Walk &walk() const { return m_walk; }
+
+    /// The node at a path (bytes), or null.
+    [[nodiscard]] FileNode *find(std::string_view path) const { return m_summary.index.find(path); }
+    /// The same to be held.
+    [[nodiscard]] std::shared_ptr<FileNode> shared(std::string_view path) const;
+    [[nodiscard]] bool contains(const FileNode &node) const { return find(node.path()) == &node; }
+    /// The folder or package at the path, else the nearest folder around it; the root where the path is not inside it.
+    [[nodiscard]] std::shared_ptr<FileNode> nearestFolder(std::string path) const;
+
+    /// Takes what is gone out of the tree and of every list, then puts each of `remains`, a tree that was measured for
+    /// it, in the place of what has its path. The root itself is neither taken nor replaced.
+    /// @return the nodes that have left the tree, none where nothing has changed. Freeing them may take long.
+    [[nodiscard]] std::vector<std::shared_ptr<FileNode>> update(std::span<const SelectedEntry> gone,
+                                                                std::span<const std::shared_ptr<FileNode>> remains,
+                                                                DevJunkMatch buildFolders, FileSystem &files);
+
+private:
+    void take(std::span<const SelectedEntry> gone, std::vector<std::shared_ptr<FileNode>> &left);
+    void replace(std::span<const std::shared_ptr<FileNode>> remains, std::vector<std::shared_ptr<FileNode>> &left,
+                 DevJunkMatch buildFolders, FileSystem &files);
+
+    std::shared_ptr<FileNode> m_root;
+    ScanSummary m_summary;
+    std::vector<TypeSlice> m_types;
+    Walk m_walk;
+};
+
+/// Whether the root of a tree, or a folder that contains it, is among what is gone.
+[[nodiscard]] bool isRootGone(const FileNode &root, std::span<const SelectedEntry> gone);
+
+} // namespace corvane

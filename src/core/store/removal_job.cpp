@@ -1,0 +1,100 @@
+#include "core/store/removal_job.h"
+
+#include <utility>
+
+#include <QCoreApplication>
+#include <QMetaObject>
+
+#include "core/foreign_sum.h"
+#include "core/scan_progress.h"
+#include "core/scanner.h"
+
+namespace corvane {
+namespace {
+
+constexpr int turn = 20; // milliseconds between two looks at the main thread's events
+
+/// What is left at a path, as the root of a tree; null where there is nothing that a tree shows.
+std::shared_ptr<FileNode> measuredAnew(const std::string &path, FileSystem &files)
+{
+    const Expected<ItemFacts> facts = files.facts(path);
+    if (!facts || facts->type == EntryType::symbolicLink)
+        return nullptr;
+    ScanProgress progress;
+    if (facts->type == EntryType::directory)
+        return Scanner::scan(path, progress, files);
+    auto file = std::make_shared<FileNode>(path, FileNode::Kind::file);
+    file->size = isPlausibleSize(facts->allocated) ? facts->allocated : 0;
+    file->modified = facts->modified;
+    return file;
+}
+
+} // namespace
+
+RemovalJob::RemovalJob(const Host &host, const ProtectedLocations &locations, Receiver receive)
+    : m_host(host), m_locations(locations), m_receive(std::move(receive))
+{
+    m_pool.setMaxThreadCount(1);
+}
+
+RemovalJob::~RemovalJob()
+{
+    close();
+}
+
+bool RemovalJob::start(const Selection &entries, bool permanently, const SeenItems &seen)
+{
+    if (m_isClosing || m_isRunning || entries.empty())
+        return false;
+    m_isRunning = true;
+    m_stop = false;
+    m_pool.start([this, entries, permanently, seen] {
+        const auto steps = Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders(), seen);
+        RemovalOutcome outcome = Removal::perform(steps, m_locations, m_host, m_stop);
+        auto remains = remainsOf(outcome);
+        QMetaObject::invokeMethod(
+            &m_mainThread,
+            [this, outcome = std::move(outcome), permanently, remains = std::move(remains)] {
+                m_receive(outcome, permanently, remains);
+            },
+            Qt::QueuedConnection);
+    });
+    return true;
+}
+
+std::vector<std::shared_ptr<FileNode>> RemovalJob::remainsOf(RemovalOutcome &outcome) const
+{
+    std::vector<std::shared_ptr<FileNode>> remains;
+    for (RemovalFailure &failure : outcome.failures) {
+        if (m_isClosing)
+            break;
+        if (failure.left != RemovalFailure::Left::aPart && failure.left != RemovalFailure::Left::somethingElse)
+            continue;
+        if (std::shared_ptr<FileNode> left = measuredAnew(failure.path, m_host.files))
+            remains.push_back(std::move(left));
+        else if (failure.left == RemovalFailure::Left::somethingElse)
+            failure.left = RemovalFailure::Left::nothing; // what took its place is nothing that a tree shows
+    }
+    return remains;
+}
+
+bool RemovalJob::stop()
+{
+    if (!m_isRunning || m_stop)
+        return false;
+    m_stop = true;
+    return true;
+}
+
+void RemovalJob::close()
+{
+    m_isClosing = true;
+    m_stop = true;
+    // A removal may wait for the main thread: some of the system's services answer only there.
+    while (m_isRunning && !m_pool.waitForDone(turn))
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_pool.waitForDone();
+    QCoreApplication::sendPostedEvents(&m_mainThread);
+}
+
+} // namespace corvane

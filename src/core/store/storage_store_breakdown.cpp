@@ -1,0 +1,69 @@
+#include <utility>
+
+#include "core/store/storage_store.h"
+#include "disk/disk_accountant.h"
+
+namespace corvane {
+
+ScanContext StorageStore::makeScanContext() const
+{
+    ScanContext context = hasScan() ? ScanContext::of(*root(), unreadableCount()) : ScanContext();
+    context.isPartial = scanIsPartial();
+    context.hasFullDiskAccess = m_hasFullDiskAccess;
+    return context;
+}
+
+void StorageStore::refreshBreakdown()
+{
+    m_breakdownHasTree = hasScan();
+    m_breakdownJob.start([this, context = makeScanContext()](const StopFlag &stop) {
+        return DiskAccountant::compute(context, m_host, stop);
+    });
+    emit breakdownChanged();
+}
+
+void StorageStore::finishBreakdown(DiskBreakdown breakdown, int token)
+{
+    m_breakdownJob.finish(std::move(breakdown), token);
+}
+
+void StorageStore::publishBreakdown(DiskBreakdown breakdown)
+{
+    m_breakdown = std::move(breakdown);
+    emit breakdownChanged();
+}
+
+// One that is about a tree which is no longer there. The last one stays to be looked at until the next; where there is
+// none, the scan may take long, and the disk is told without it.
+void StorageStore::dropOutdatedBreakdown()
+{
+    if (!breakdownLoading() || !m_breakdownHasTree)
+        return;
+    if (!m_breakdown) {
+        refreshBreakdown();
+        return;
+    }
+    m_breakdownJob.drop();
+    emit breakdownChanged();
+}
+
+void StorageStore::perform(const BreakdownAction &action)
+{
+    switch (action.kind) {
+    case BreakdownAction::Kind::reveal:
+        reveal(action.path);
+        break;
+    case BreakdownAction::Kind::openMap:
+        setSidebar(SidebarItem::explorer);
+        break;
+    case BreakdownAction::Kind::scanHome:
+        scanHome();
+        break;
+    case BreakdownAction::Kind::fullDiskAccess:
+        if (!PathGuard::openFullDiskAccessSettings(m_host.desktop))
+            showToast("Can't open the settings for Full Disk Access", true);
+        break;
+    }
+}
+
+} // namespace corvane

@@ -1,0 +1,193 @@
+#include <utility>
+
+#include "cleanup/dev_junk_rule.h"
+#include "core/scan_words.h"
+#include "core/scanner.h"
+#include "core/store/storage_store.h"
+#include "platform/path.h"
+
+namespace corvane {
+
+std::int64_t StorageStore::secondsSinceScan() const
+{
+    return m_scanEnd.isValid() ? m_scanEnd.elapsed() / 1000 : 0;
+}
+
+// --- Starting and stopping
+
+std::optional<std::string> StorageStore::scannable(const std::string &path)
+{
+    std::string target = standardizedPath(path, m_locations.home());
+    auto facts = m_host.files.facts(target);
+    if (facts && facts->type == EntryType::symbolicLink) {
+        const auto real = m_host.files.realPath(target);
+        facts = real ? m_host.files.facts(*real) : Expected<ItemFacts>(tl::unexpected(real.error()));
+        // A home that is a link keeps its name, by which its places are known.
+        if (real && target != m_locations.home())
+            target = *real;
+    }
+    if (facts && facts->type == EntryType::directory)
+        return target;
+    showFailure("scan", target, facts ? "it is not a folder" : facts.error().description());
+    return std::nullopt;
+}
+
+void StorageStore::scan(const std::string &path)
+{
+    const std::optional<std::string> target = scannable(path);
+    if (!target)
+        return;
+    probeAccess();
+    if (*target != m_lastScanPath)
+        m_folderToShow.clear();
+    else if (m_currentFolder)
+        m_folderToShow = m_currentFolder->path();
+    clearScan();
+    m_scanStart.start();
+    m_lastScanPath = *target;
+    m_scanJob.start([this, target = *target](ScanProgress &progress) {
+        auto result = std::make_shared<ScanResult>();
+        result->root = Scanner::scan(target, progress, m_host.files);
+        result->summary = ScanSummary::make(result->root, DevJunkRule::match, m_host.files);
+        result->types = ScanSummary::types(*result->root);
+        return result;
+    });
+    m_timer.start();
+    setPhase(Phase::scanning);
+}
+
+void StorageStore::scanHome()
+{
+    scan(m_locations.home());
+}
+
+void StorageStore::scanEntireDisk()
+{
+    scan("/");
+}
+
+void StorageStore::rescan()
+{
+    scan(m_lastScanPath.empty() ? m_locations.home() : std::string(m_lastScanPath));
+}
+
+void StorageStore::chooseFolder()
+{
+    emit folderWanted();
+}
+
+void StorageStore::stopScan()
+{
+    if (m_phase == Phase::scanning)
+        progress()->cancel();
+}
+
+void StorageStore::setPhase(Phase phase)
+{
+    if (m_phase == phase)
+        return;
+    m_phase = phase;
+    emit phaseChanged();
+}
+
+void StorageStore::clearScan()
+{
+    auto discarded = std::make_shared<InstalledTree>(std::exchange(m_tree, {}));
+    m_counters = {};
+    m_removedDuringScan.clear();
+    ++m_revision;
+    dropOutdatedBreakdown();
+
+    setCurrentFolder(nullptr);
+    emit treeChanged();
+    emit progressChanged();
+    emit revisionChanged();
+    discard(std::move(discarded));
+}
+
+// Letting go of a large tree takes time that the window should not wait for.
+void StorageStore::discard(std::shared_ptr<void> held)
+{
+    m_discards.start([held = std::move(held)]() mutable { held.reset(); });
+}
+
+void StorageStore::publishCounters()
+{
+    m_counters = progress()->counters();
+    emit progressChanged();
+}
+
+// --- Finishing
+
+void StorageStore::finishScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token)
+{
+    m_scanJob.finish(std::move(result), token);
+}
+
+void StorageStore::publishScan(std::shared_ptr<ScanResult> result)
+{
+    if (m_phase != Phase::scanning) {
+        discard(std::move(result));
+        return;
+    }
+    if (!m_removedDuringScan.empty()) {
+        checkRemovalsDuringScan(std::move(result));
+        return;
+    }
+    m_timer.stop();
+    const std::shared_ptr<ScanProgress> walk = progress();
+    if (const std::optional<Error> failure = walk->failure()) {
+        showFailure("scan", m_lastScanPath, scanFailureText(*failure));
+        endScanWithoutTree(std::move(result));
+        return;
+    }
+    if (isRootGone(*result->root, result->removedMeanwhile)) {
+        endScanWithoutTree(std::move(result));
+        return;
+    }
+    m_tree = InstalledTree(std::move(result->root), std::move(result->summary), std::move(result->types),
+                           {.seconds = static_cast<double>(m_scanStart.elapsed()) / 1000.0,
+                            .deniedCount = walk->counters().denied,
+                            .isPartial = walk->isCancelled()});
+    updateTree(result->removedMeanwhile, {});
+    m_scanEnd.start();
+    ++m_revision;
+    if (!scanIsPartial() && m_selected.resizeFrom(m_tree))
+        emit selectionChanged();
+
+    publishCounters();
+    refreshVolume();
+    setCurrentFolder(m_tree.nearestFolder(m_folderToShow));
+    emit treeChanged();
+    emit revisionChanged();
+    setPhase(Phase::ready);
+    if (scanIsPartial())
+        showToast("Scan stopped — showing partial results");
+    refreshBreakdown();
+    // One that is under way is as new as the scan.
+    if (!cleanupLoading())
+        refreshCleanup();
+}
+
+void StorageStore::endScanWithoutTree(std::shared_ptr<ScanResult> result)
+{
+    discard(std::move(result));
+    clearScan();
+    setPhase(Phase::idle);
+}
+
+// What was removed while the walk ran may be in its tree. Whether it came back before the walk saw it is asked
+// of the disk, which is no work for the main thread; meanwhile more may have gone, so the result comes by again.
+void StorageStore::checkRemovalsDuringScan(std::shared_ptr<ScanResult> result)
+{
+    m_scanJob.proceed(
+        [this, removed = std::exchange(m_removedDuringScan, {}), result = std::move(result)](const ScanProgress &) {
+            for (const SelectedEntry &entry : removed) {
+                if (!m_host.files.exists(entry.path))
+                    result->removedMeanwhile.push_back(entry);
+            }
+            return result;
+        });
+}
+
+} // namespace corvane
