@@ -13,7 +13,7 @@
 #include "disk/ui/date_text.h"
 #include "main/command_line.h"
 #include "main/corvane_app.h"
-#include "platform/environment.h"
+#include "main/start_environment.h"
 #include "platform/host.h"
 
 namespace {
@@ -51,10 +51,7 @@ int main(int argc, char **argv)
         return EXIT_SUCCESS;
     }
 
-    corvane::Environment::ignoreRelativeBaseFolders();
-    const std::optional<std::string> homeComplaint = corvane::Environment::homeComplaint();
-    if (homeComplaint) // libraries read it too
-        corvane::Environment::useAccountHome();
+    const std::optional<std::string> refusedHome = corvane::settleEnvironment();
 
     QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
     QCoreApplication::setOrganizationDomain(QStringLiteral("corvane.app"));
@@ -88,8 +85,8 @@ int main(int argc, char **argv)
     corvane::CorvaneApp program;
     if (!program.openWindow())
         return EXIT_FAILURE;
-    if (homeComplaint)
-        program.store().showToast(*homeComplaint + " — your account's home folder is used", true);
+    if (refusedHome)
+        program.store().showToast(*refusedHome, true);
     if (!folder.empty())
         program.store().scan(folder);
     return QGuiApplication::exec();
