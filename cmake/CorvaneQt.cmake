@@ -5,9 +5,20 @@ else()
 endif()
 find_package(Qt6 ${CORVANE_QT_MINIMUM} REQUIRED COMPONENTS Core Gui Qml Quick QuickControls2 Svg Network Concurrent)
 qt_standard_project_setup()
+set(CMAKE_AUTOUIC OFF) # there are no forms
 if(COMMAND qt_policy)
   qt_policy(SET QTP0001 NEW)
 endif()
 
 set(QT_QML_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml)
 set(CORVANE_QML_PREFIX /qt/qml)
+
+# Compiles what the QML compiler made of a target's files, and the registration of its types, a dozen at a time: each of
+# them reads all of Qt's QML headers and holds little besides. Hand-written sources stay apart, so that an edit
+# compiles one.
+function(corvane_batch_qml target)
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources EXCLUDE REGEX "_(qml|qmltyperegistrations)\\.cpp$")
+  set_source_files_properties(${sources} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+endfunction()
