@@ -1,19 +1,28 @@
-# Brings a preset's build folder up to date and builds the targets named, or everything. Sourced from the
-# repository's root. build PRESET [TARGET…]
+# Brings a preset's build folder up to date. Sourced from the repository's root.
 # shellcheck shell=bash
-build() {
-    local preset=$1 options=()
-    shift
+
+# Configures a preset, unless it is; what changes in the CMake files the build itself notices. configure PRESET
+configure() {
+    local preset=$1 options=() ninja=build/$1/build.ninja stamp=build/$1/.configured wanted
     if command -v ccache >/dev/null; then
         options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_OBJCXX_COMPILER_LAUNCHER=ccache)
     fi
     if [[ $(uname -s) == Darwin ]]; then
         options+=(-DCMAKE_PREFIX_PATH="$(brew --prefix qt)")
     fi
-    cmake --preset "$preset" "${options[@]}"
-    if [[ $# -gt 0 ]]; then
-        cmake --build "build/$preset" --target "$@"
+    wanted="${options[*]} ${CXX:-} ${CXXFLAGS:-} ${LDFLAGS:-}"
+    if [[ ! -f $ninja || CMakePresets.json -nt $ninja || $(cat "$stamp" 2>/dev/null) != "$wanted" ]]; then
+        cmake --preset "$preset" "${options[@]}" || return 1
+        echo "$wanted" >"$stamp"
+    fi
+}
+
+# Builds the targets named, or everything. build PRESET [TARGET…]
+build() {
+    configure "$1" || return 1
+    if [[ $# -gt 1 ]]; then
+        cmake --build "build/$1" --target "${@:2}"
     else
-        cmake --build "build/$preset"
+        cmake --build "build/$1"
     fi
 }
