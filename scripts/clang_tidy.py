@@ -1,5 +1,8 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over every hand-written source of a build folder, on all cores.
+"""Runs clang-tidy over the hand-written sources of a build folder, on all cores.
+
+With --since, over those alone that the commits since a revision or the uncommitted changes concern: what has changed,
+and what includes it. Their objects are built first, for clang-tidy reads what the build generates.
 
 A source that was clean is remembered by the contents of everything that the compiler read for it (the
 project's own files; the build's dependency log names them), its compile command, the configuration and
@@ -18,7 +21,42 @@ import sys
 
 SOURCE_FOLDERS = ("src", "tests", "bench")
 MEANT_NOT_TO_COMPILE = ("tests/layers/",)
+INCLUDE = re.compile(r"^[ \t]*#[ \t]*(?:include|import)[ \t]*\"([^\"]+)\"", re.M)
 PROGRESS_STEP = 5  # per cent
+
+
+def changed_since(root, revision):
+    """The files that differ from a revision, those that git does not track yet included."""
+    commands = (["git", "diff", "--name-only", revision], ["git", "ls-files", "--others", "--exclude-standard"])
+    listed = [subprocess.run(command, cwd=root, capture_output=True, text=True, check=True).stdout
+              for command in commands]
+    return {root / name for name in "".join(listed).splitlines()}
+
+
+def concerned(root, changed):
+    """The sources and headers among the changed files, and whatever includes one of them, however far away."""
+    files = [path for folder in SOURCE_FOLDERS for path in (root / folder).rglob("*")
+             if path.suffix in (".h", ".cpp", ".mm")]
+    if any(path.name == ".clang-tidy" for path in changed):
+        return set(files)
+    included_by = {}
+    for path in files:
+        for name in INCLUDE.findall(path.read_text()):
+            for folder in (path.parent, *(root / each for each in SOURCE_FOLDERS)):
+                included_by.setdefault(folder / name, set()).add(path)
+    found, pending = set(), list(changed)
+    while pending:
+        path = pending.pop()
+        if path not in found:
+            found.add(path)
+            pending.extend(included_by.get(path, ()))
+    return found & set(files)
+
+
+def object_of(entry):
+    """The object file that an entry of the build makes; None where it cannot be told."""
+    output = re.search(r" -o (\S+)", entry["command"])
+    return output[1] if output else None
 
 
 def file_hash(path, known={}):
@@ -56,8 +94,7 @@ def configurations(source, root):
 
 def key(entry, root, dependency_log, version):
     """What the verdict on a source depends on, as one hash; None where it cannot be told."""
-    output = re.search(r" -o (\S+)", entry["command"])
-    files = dependency_log.get(output[1]) if output else None
+    files = dependency_log.get(object_of(entry))
     if files is None:
         return None
     source = pathlib.Path(entry["file"])
@@ -81,6 +118,7 @@ def main():
     parser.add_argument("--build", required=True, help="a build folder with compile_commands.json")
     parser.add_argument("--clang-tidy", required=True, help="the program")
     parser.add_argument("--cache", required=True, help="where clean sources are remembered")
+    parser.add_argument("--since", metavar="REVISION", help="only what has changed since then")
     arguments = parser.parse_args()
 
     root = pathlib.Path(__file__).resolve().parent.parent
@@ -89,6 +127,14 @@ def main():
     unwanted = tuple(str(root / folder) + os.sep for folder in MEANT_NOT_TO_COMPILE)
     entries = {entry["file"]: entry for entry in commands
                if entry["file"].startswith(wanted) and not entry["file"].startswith(unwanted)}
+    if arguments.since:
+        wanted_files = {str(path) for path in concerned(root, changed_since(root, arguments.since))}
+        entries = {file: entry for file, entry in entries.items() if file in wanted_files}
+        if not entries:
+            print("clang-tidy: no source has changed", file=sys.stderr)
+            return 0
+        objects = [name for name in map(object_of, entries.values()) if name]
+        subprocess.run(["ninja", "-C", arguments.build, *objects], stdout=sys.stderr, check=True)
     version = subprocess.run([arguments.clang_tidy, "--version"], capture_output=True, text=True, check=True).stdout
     dependency_log = dependencies(os.path.abspath(arguments.build))
     cache = pathlib.Path(arguments.cache)

@@ -1,11 +1,20 @@
 #!/usr/bin/env bash
-# Every check that is not a test. Says which one runs, and what it finds.
+# Every check that is not a test. Says which one runs, and what it finds. lint.sh [--all]: the checks that take minutes
+# look only at what has changed since the upstream branch, and with --all, or without such a branch, at everything.
 set -uo pipefail
 
 cd "$(dirname "$0")/.." || exit 1
 source scripts/sources.sh
 
 preset=dev
+case "${1:-}" in
+'') base=$(git merge-base HEAD '@{upstream}' 2>/dev/null) ;;
+--all) base= ;;
+*)
+    echo "lint: there is no option \"$1\"; --all checks everything" >&2
+    exit 2
+    ;;
+esac
 failed=()
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
@@ -48,18 +57,33 @@ desktop_files() {
     desktop-file-validate packaging/linux/*.desktop && appstreamcli validate --no-net packaging/linux/*.metainfo.xml
 }
 
+# Whether the screens, or what they know of the program, have changed.
+screens_have_changed() {
+    [[ -z $base ]] && return
+    {
+        git diff --name-only "$base"
+        git ls-files --others --exclude-standard
+    } | grep -qE '\.qml$|^src/(.*/ui|core/store)/.*\.h$|CMakeLists\.txt$'
+}
+
 # clang-tidy and qmllint look at what the build generates, too.
 built() {
     source scripts/build.sh
-    build "$preset"
+    if [[ -n $base ]]; then
+        configure "$preset"
+    else
+        build "$preset"
+    fi
 }
 
 # What another version than the sources' finds is told, but is no fault.
 tidy() {
-    python3 scripts/clang_tidy.py --build "build/$preset" --clang-tidy "$(llvm_tool clang-tidy)" --cache build/lint && return
+    python3 scripts/clang_tidy.py --build "build/$preset" --clang-tidy "$(llvm_tool clang-tidy)" --cache build/lint \
+        ${base:+--since "$base"} && return
     ! is_wanted_llvm clang-tidy "what it found does not count"
 }
 
+[[ -z $base ]] || echo "lint: what has changed since ${base:0:12}; --all looks at everything"
 if is_wanted_llvm clang-format "the layout is not checked"; then
     check clang-format formatting
 fi
@@ -68,7 +92,7 @@ check layers python3 scripts/layers.py
 [[ $(uname -s) == Linux ]] && check desktop-files desktop_files
 check_aloud build built
 if [[ " ${failed[*]} " != *" build "* ]]; then
-    check qmllint cmake --build "build/$preset" --target all_qmllint
+    screens_have_changed && check qmllint cmake --build "build/$preset" --target all_qmllint
     check_aloud clang-tidy tidy
 fi
 
