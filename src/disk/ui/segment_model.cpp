@@ -1,6 +1,7 @@
 #include "disk/ui/segment_model.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QColor>
 
@@ -47,33 +48,7 @@ void SegmentModel::setSegments(const std::vector<BreakdownSegment> &segments, st
             id += QLatin1Char('+');
         wanted.push_back({id, segment, shareText(segment.size, used)});
     }
-
-    for (int row = rowCount() - 1; row >= 0; --row) {
-        if (std::ranges::find(wanted, m_rows[static_cast<std::size_t>(row)].id, &Row::id) != wanted.end())
-            continue;
-        beginRemoveRows({}, row, row);
-        m_rows.erase(m_rows.begin() + row);
-        endRemoveRows();
-    }
-    for (int row = 0; row < static_cast<int>(wanted.size()); ++row) {
-        Row &next = wanted[static_cast<std::size_t>(row)];
-        const auto present = std::ranges::find(m_rows, next.id, &Row::id);
-        if (present == m_rows.end()) {
-            beginInsertRows({}, row, row);
-            m_rows.insert(m_rows.begin() + row, std::move(next));
-            endInsertRows();
-            continue;
-        }
-        if (const auto from = static_cast<int>(present - m_rows.begin()); from != row) {
-            beginMoveRows({}, from, from, {}, row);
-            std::rotate(m_rows.begin() + row, present, present + 1);
-            endMoveRows();
-        }
-        if (Row &kept = m_rows[static_cast<std::size_t>(row)]; kept != next) {
-            kept = std::move(next);
-            emit dataChanged(index(row), index(row));
-        }
-    }
+    setRows(m_rows, std::move(wanted), &Row::id);
 }
 
 std::optional<BreakdownAction> SegmentModel::action(int row) const

@@ -3,12 +3,12 @@
 #include <optional>
 #include <vector>
 
-#include <QAbstractListModel>
 #include <QList>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
 #include "disk/disk_breakdown.h"
+#include "shell/ui/row_list_model.h"
 #include "shell/ui/stacked_bar.h"
 
 namespace corvane {
@@ -29,7 +29,7 @@ public:
 
 /// The segments of a breakdown as rows, in its order. A new breakdown moves, inserts, removes and changes only the
 /// rows that differ. Main thread only.
-class SegmentModel : public QAbstractListModel {
+class SegmentModel : public RowListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Given by the presenter")
@@ -50,7 +50,7 @@ public:
         DescriptionRole,  ///< the row's figures in one line
     };
 
-    using QAbstractListModel::QAbstractListModel;
+    using RowListModel::RowListModel;
 
     /// `used` is what the shares refer to, in bytes.
     void setSegments(const std::vector<BreakdownSegment> &segments, std::int64_t used);

@@ -33,25 +33,11 @@ void BreadcrumbModel::setStore(StorageStore *store)
 
 void BreadcrumbModel::followFolder()
 {
-    const auto path = pathFromRoot(m_store ? m_store->currentFolder() : nullptr);
-    std::size_t kept = 0;
-    while (kept < path.size() && kept < m_crumbs.size() && path[kept] == m_crumbs[kept].folder)
-        ++kept;
-
-    if (kept < m_crumbs.size()) {
-        beginRemoveRows({}, static_cast<int>(kept), static_cast<int>(m_crumbs.size()) - 1);
-        m_crumbs.resize(kept);
-        endRemoveRows();
-    }
-    if (kept < path.size()) {
-        beginInsertRows({}, static_cast<int>(kept), static_cast<int>(path.size()) - 1);
-        for (std::size_t i = kept; i < path.size(); ++i)
-            m_crumbs.push_back({path[i]});
-        endInsertRows();
-    }
-    if (!m_crumbs.empty())
-        emit dataChanged(index(0), index(rowCount() - 1), {CurrentRole});
-    fit();
+    std::vector<Crumb> crumbs;
+    for (const auto &folder : pathFromRoot(m_store ? m_store->currentFolder() : nullptr))
+        crumbs.push_back({folder});
+    show(std::move(crumbs));
+    announceAll({CurrentRole});
 }
 
 void BreadcrumbModel::setAvailableWidth(double width)
@@ -60,58 +46,64 @@ void BreadcrumbModel::setAvailableWidth(double width)
         return;
     m_availableWidth = width;
     emit availableWidthChanged();
-    fit();
+    show(m_crumbs);
 }
 
-double BreadcrumbModel::naturalWidth(std::size_t row) const
+void BreadcrumbModel::show(std::vector<Crumb> crumbs)
+{
+    fit(crumbs);
+    const bool differs = crumbs != m_crumbs;
+    setRows(m_crumbs, std::move(crumbs), &Crumb::folder, {CollapsedRole, WidthRole});
+    if (!differs || m_crumbs.empty())
+        return;
+    announceAll({EllipsisBeforeRole});
+    emit collapsedChanged();
+}
+
+double BreadcrumbModel::naturalWidth(const Crumb &crumb, bool isRoot, bool isCurrent)
 {
     const Theme &theme = *Theme::instance();
-    const bool current = row + 1 == m_crumbs.size();
-    const QFontMetricsF metrics(current ? theme.bodySemiboldFont() : theme.bodyFont());
-    const double text = std::ceil(metrics.horizontalAdvance(displayText(m_crumbs[row].folder->name)));
-    const double icon = row == 0 ? MapMetrics::rootIconSize() + MapMetrics::rootIconGap() : 0;
+    const QFontMetricsF metrics(isCurrent ? theme.bodySemiboldFont() : theme.bodyFont());
+    const double text = std::ceil(metrics.horizontalAdvance(displayText(crumb.folder->name)));
+    const double icon = isRoot ? MapMetrics::rootIconSize() + MapMetrics::rootIconGap() : 0;
     return 2 * MapMetrics::crumbPadding() + icon + text;
 }
 
-double BreadcrumbModel::separatorWidth() const
+double BreadcrumbModel::separatorWidth()
 {
     return MapMetrics::crumbCaretSize() + 2 * MapMetrics::crumbSpacing();
 }
 
-double BreadcrumbModel::ellipsisWidth() const
+double BreadcrumbModel::ellipsisWidth()
 {
     return 2 * MapMetrics::crumbPadding() +
            std::ceil(QFontMetricsF(Theme::instance()->bodyFont()).horizontalAdvance(QStringLiteral("…")));
 }
 
-void BreadcrumbModel::fit()
+void BreadcrumbModel::fit(std::vector<Crumb> &crumbs) const
 {
-    if (m_crumbs.empty())
+    if (crumbs.empty())
         return;
-    const std::vector<Crumb> before = m_crumbs;
-    const std::size_t last = m_crumbs.size() - 1;
+    const std::size_t last = crumbs.size() - 1;
     double total = static_cast<double>(last) * separatorWidth();
     for (std::size_t i = 0; i <= last; ++i) {
-        m_crumbs[i].collapsed = false;
-        m_crumbs[i].width = i == last ? naturalWidth(i) : std::min(naturalWidth(i), widestCrumb);
-        total += m_crumbs[i].width;
+        const double width = naturalWidth(crumbs[i], i == 0, i == last);
+        crumbs[i].collapsed = false;
+        crumbs[i].width = i == last ? width : std::min(width, widestCrumb);
+        total += crumbs[i].width;
     }
-    if (m_availableWidth > 0) {
-        for (std::size_t i = 1; i < last && total > m_availableWidth; ++i) {
-            m_crumbs[i].collapsed = true;
-            total -= m_crumbs[i].width + separatorWidth();
-            if (i == 1)
-                total += ellipsisWidth() + separatorWidth();
-        }
-        if (total > m_availableWidth) {
-            double &width = m_crumbs[last].width;
-            width = std::max(width - (total - m_availableWidth), std::min(width, narrowestCurrent));
-        }
-    }
-    if (m_crumbs == before)
+    if (m_availableWidth <= 0)
         return;
-    emit dataChanged(index(0), index(static_cast<int>(last)), {CollapsedRole, EllipsisBeforeRole, WidthRole});
-    emit collapsedChanged();
+    for (std::size_t i = 1; i < last && total > m_availableWidth; ++i) {
+        crumbs[i].collapsed = true;
+        total -= crumbs[i].width + separatorWidth();
+        if (i == 1)
+            total += ellipsisWidth() + separatorWidth();
+    }
+    if (total > m_availableWidth) {
+        double &width = crumbs[last].width;
+        width = std::max(width - (total - m_availableWidth), std::min(width, narrowestCurrent));
+    }
 }
 
 QStringList BreadcrumbModel::collapsedNames() const

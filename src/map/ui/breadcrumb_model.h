@@ -3,19 +3,19 @@
 #include <memory>
 #include <vector>
 
-#include <QAbstractListModel>
 #include <QPointer>
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
+#include "shell/ui/row_list_model.h"
 
 namespace corvane {
 
 /// The folders from the root of the scan to the folder shown, one row each. Knows how wide each is drawn, so
 /// that where they do not fit, those in the middle make room for an ellipsis, and in the end the last one is
 /// shortened. Main thread only.
-class BreadcrumbModel : public QAbstractListModel {
+class BreadcrumbModel : public RowListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
@@ -37,7 +37,7 @@ public:
     };
     Q_ENUM(Role)
 
-    explicit BreadcrumbModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+    using RowListModel::RowListModel;
 
     [[nodiscard]] StorageStore *store() const { return m_store; }
     void setStore(StorageStore *store);
@@ -70,10 +70,12 @@ private:
     };
 
     void followFolder();
-    void fit();
-    [[nodiscard]] double naturalWidth(std::size_t row) const;
-    [[nodiscard]] double separatorWidth() const;
-    [[nodiscard]] double ellipsisWidth() const;
+    void show(std::vector<Crumb> crumbs);
+    /// Gives the crumbs their widths and puts as many behind the ellipsis as do not fit.
+    void fit(std::vector<Crumb> &crumbs) const;
+    [[nodiscard]] static double naturalWidth(const Crumb &crumb, bool isRoot, bool isCurrent);
+    [[nodiscard]] static double separatorWidth();
+    [[nodiscard]] static double ellipsisWidth();
     [[nodiscard]] QString rootIcon() const;
 
     QPointer<StorageStore> m_store;

@@ -6,23 +6,7 @@ namespace corvane {
 
 void OverviewRowsModel::setRows(std::vector<OverviewRow> rows)
 {
-    if (rows.size() < m_rows.size()) {
-        beginRemoveRows({}, static_cast<int>(rows.size()), static_cast<int>(m_rows.size()) - 1);
-        m_rows.resize(rows.size());
-        endRemoveRows();
-    }
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        if (m_rows[i] == rows[i])
-            continue;
-        m_rows[i] = rows[i];
-        const QModelIndex changed = index(static_cast<int>(i));
-        emit dataChanged(changed, changed);
-    }
-    if (rows.size() > m_rows.size()) {
-        beginInsertRows({}, static_cast<int>(m_rows.size()), static_cast<int>(rows.size()) - 1);
-        m_rows = std::move(rows);
-        endInsertRows();
-    }
+    setRowsInPlace(m_rows, std::move(rows));
 }
 
 int OverviewRowsModel::rowCount(const QModelIndex &parent) const

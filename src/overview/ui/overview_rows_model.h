@@ -2,9 +2,10 @@
 
 #include <vector>
 
-#include <QAbstractListModel>
 #include <QColor>
 #include <QtQml/qqmlregistration.h>
+
+#include "shell/ui/row_list_model.h"
 
 namespace corvane {
 
@@ -25,7 +26,7 @@ struct OverviewRow {
 };
 
 /// The few rows of one card. New rows take the place of the old ones row by row. Main thread only.
-class OverviewRowsModel : public QAbstractListModel {
+class OverviewRowsModel : public RowListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Given by the overview")
@@ -45,7 +46,7 @@ public:
     };
     Q_ENUM(Role)
 
-    explicit OverviewRowsModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+    using RowListModel::RowListModel;
 
     void setRows(std::vector<OverviewRow> rows);
     [[nodiscard]] const std::vector<OverviewRow> &rows() const { return m_rows; }

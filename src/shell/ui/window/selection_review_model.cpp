@@ -1,8 +1,5 @@
 #include "shell/ui/window/selection_review_model.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "core/byte_count.h"
 #include "core/path_guard.h"
 #include "core/store/followed_store.h"
@@ -12,12 +9,6 @@
 namespace corvane {
 
 namespace {
-
-// The order of `selectedEntries`, in which both lists stand.
-bool standsBefore(const SelectedEntry &a, const SelectedEntry &b)
-{
-    return a.size != b.size ? a.size > b.size : a.path < b.path;
-}
 
 // What has no node, such as a small file, is looked at on the disk.
 FileNode::Kind kindOf(const StorageStore &store, const std::string &path)
@@ -51,53 +42,10 @@ void SelectionReviewModel::setStore(StorageStore *store)
 
 void SelectionReviewModel::follow()
 {
-    const std::vector<SelectedEntry> wanted = m_store ? m_store->selectedEntries() : std::vector<SelectedEntry>();
     const int before = count();
-    removeMissing(wanted);
-    insertNew(wanted);
+    setRows(m_entries, m_store ? m_store->selectedEntries() : std::vector<SelectedEntry>(), &SelectedEntry::path);
     if (count() != before)
         emit countChanged();
-}
-
-void SelectionReviewModel::removeMissing(const std::vector<SelectedEntry> &wanted)
-{
-    std::vector<SelectedEntry> kept;
-    std::ranges::set_intersection(m_entries, wanted, std::back_inserter(kept), standsBefore);
-    // From the end, so that the rows before a run keep their numbers.
-    auto keptEnd = kept.rbegin();
-    for (int last = count() - 1; last >= 0;) {
-        if (keptEnd != kept.rend() && m_entries[static_cast<std::size_t>(last)] == *keptEnd) {
-            ++keptEnd;
-            --last;
-            continue;
-        }
-        int first = last;
-        while (first > 0 && (keptEnd == kept.rend() || m_entries[static_cast<std::size_t>(first - 1)] != *keptEnd))
-            --first;
-        beginRemoveRows({}, first, last);
-        m_entries.erase(m_entries.begin() + first, m_entries.begin() + last + 1);
-        endRemoveRows();
-        last = first - 1;
-    }
-}
-
-void SelectionReviewModel::insertNew(const std::vector<SelectedEntry> &wanted)
-{
-    for (std::size_t first = 0; first < wanted.size();) {
-        if (first < m_entries.size() && m_entries[first] == wanted[first]) {
-            ++first;
-            continue;
-        }
-        std::size_t end = first + 1;
-        while (end < wanted.size() && (first == m_entries.size() || wanted[end] != m_entries[first]))
-            ++end;
-        beginInsertRows({}, static_cast<int>(first), static_cast<int>(end) - 1);
-        m_entries.insert(m_entries.begin() + static_cast<std::ptrdiff_t>(first),
-                         wanted.begin() + static_cast<std::ptrdiff_t>(first),
-                         wanted.begin() + static_cast<std::ptrdiff_t>(end));
-        endInsertRows();
-        first = end;
-    }
 }
 
 void SelectionReviewModel::drop(int row)

@@ -2,19 +2,19 @@
 
 #include <vector>
 
-#include <QAbstractListModel>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/selected_entry.h"
 #include "core/store/storage_store.h"
 #include "shell/ui/desktop_words.h"
+#include "shell/ui/row_list_model.h"
 
 namespace corvane {
 
-/// The entries that a removal would take, largest first, then by path: the effective selection. Follows the
-/// store by inserting and removing single runs of rows. Main thread only.
-class SelectionReviewModel : public QAbstractListModel {
+/// The entries that a removal would take, largest first, then by path: the effective selection. Main thread
+/// only.
+class SelectionReviewModel : public RowListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
@@ -30,7 +30,7 @@ public:
         DropTitleRole, ///< the name of the button that drops the entry
     };
 
-    explicit SelectionReviewModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+    using RowListModel::RowListModel;
 
     [[nodiscard]] StorageStore *store() const { return m_store; }
     void setStore(StorageStore *store);
@@ -55,8 +55,6 @@ signals:
 
 private:
     void follow();
-    void removeMissing(const std::vector<SelectedEntry> &wanted);
-    void insertNew(const std::vector<SelectedEntry> &wanted);
 
     QPointer<StorageStore> m_store;
     std::vector<SelectedEntry> m_entries;
