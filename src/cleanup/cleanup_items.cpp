@@ -26,7 +26,7 @@ bool takeRemoved(std::vector<CleanupItem> &items, std::span<const SelectedEntry>
     for (CleanupItem &item : items) {
         for (CleanupEntry &entry : item.entries) {
             const std::int64_t before = entry.size;
-            if (gone.contains(entry.path) || hasSelectedAncestor(gone, entry.path))
+            if (isCovered(gone, entry.path))
                 entry.size = 0;
             for (auto inside = gone.lower_bound(entry.path + "/");
                  inside != gone.end() && liesBeneath(inside->first, entry.path); ++inside)

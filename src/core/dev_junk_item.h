@@ -13,6 +13,8 @@ namespace corvane {
 struct DevJunkItem {
     std::shared_ptr<FileNode> node;
     std::string_view kind; ///< of static storage
+
+    friend bool operator==(const DevJunkItem &, const DevJunkItem &) = default;
 };
 
 /// The rule for build folders: what kind of one the folder is, or nothing.

@@ -1,10 +1,10 @@
 #include "core/selection.h"
 
 #include <algorithm>
-#include <string_view>
 #include <unordered_set>
 
 #include "core/checked_add.h"
+#include "platform/path.h"
 
 namespace corvane {
 namespace {
@@ -58,9 +58,21 @@ std::int64_t totalSize(const Selection &effective)
     return total;
 }
 
-bool hasSelectedAncestor(const Selection &selection, const std::string &path)
+bool hasSelectedAncestor(const Selection &selection, std::string_view path)
 {
-    return anyAncestor(path, [&](std::string_view folder) { return selection.contains(std::string(folder)); });
+    return anyAncestor(path, [&](std::string_view folder) { return selection.contains(folder); });
+}
+
+bool hasSelectedInside(const Selection &selection, std::string_view path)
+{
+    // In the order of paths, what lies beneath a folder is one stretch.
+    const auto next = selection.lower_bound(joined(path, {}));
+    return next != selection.end() && liesBeneath(next->first, path);
+}
+
+bool isCovered(const Selection &selection, std::string_view path)
+{
+    return selection.contains(path) || hasSelectedAncestor(selection, path);
 }
 
 } // namespace corvane

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/selected_entry.h"
@@ -11,7 +13,7 @@
 namespace corvane {
 
 /// Paths (bytes) to the size that was shown when each was selected.
-using Selection = std::map<std::string, std::int64_t>;
+using Selection = std::map<std::string, std::int64_t, std::less<>>;
 
 /// What was at a path when it was selected.
 struct SeenItem {
@@ -30,6 +32,12 @@ using SeenItems = std::map<std::string, SeenItem>;
 [[nodiscard]] std::int64_t totalSize(const Selection &effective);
 
 /// Whether an ancestor folder of the path is in the selection.
-[[nodiscard]] bool hasSelectedAncestor(const Selection &selection, const std::string &path);
+[[nodiscard]] bool hasSelectedAncestor(const Selection &selection, std::string_view path);
+
+/// Whether something that lies beneath the path is in the selection.
+[[nodiscard]] bool hasSelectedInside(const Selection &selection, std::string_view path);
+
+/// Whether the path is in the selection or lies inside a selected folder.
+[[nodiscard]] bool isCovered(const Selection &selection, std::string_view path);
 
 } // namespace corvane

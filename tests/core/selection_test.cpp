@@ -49,6 +49,28 @@ TEST(Selection, PathInsideASelectedFolderHasASelectedAncestor)
     EXPECT_FALSE(hasSelectedAncestor({{"/", 1}}, "/a/b"));
 }
 
+TEST(Selection, AFolderHasWhatIsSelectedBeneathItInside)
+{
+    // In the order of paths "/a/b c" stands between "/a/b" and "/a/b/c".
+    const Selection selection{{"/a/b c", 1}, {"/a/b/c/d", 2}, {"/a/e", 3}};
+    EXPECT_TRUE(hasSelectedInside(selection, "/a"));
+    EXPECT_TRUE(hasSelectedInside(selection, "/a/b"));
+    EXPECT_TRUE(hasSelectedInside(selection, "/"));
+    EXPECT_FALSE(hasSelectedInside(selection, "/a/b c"));
+    EXPECT_FALSE(hasSelectedInside(selection, "/a/e")) << "it is selected itself";
+    EXPECT_FALSE(hasSelectedInside(selection, "/a/b/c/d/e"));
+    EXPECT_FALSE(hasSelectedInside({}, "/"));
+}
+
+TEST(Selection, WhatIsSelectedAndWhatLiesInsideItIsCovered)
+{
+    const Selection selection{{"/a/b", 1}};
+    EXPECT_TRUE(isCovered(selection, "/a/b"));
+    EXPECT_TRUE(isCovered(selection, "/a/b/c/d"));
+    EXPECT_FALSE(isCovered(selection, "/a"));
+    EXPECT_FALSE(isCovered(selection, "/a/bc"));
+}
+
 TEST(Selection, EntriesComeLargestFirstThenByPath)
 {
     const Selection effective{{"/a", 1}, {"/b", 7}, {"/c", 1}, {"/d", 7}, {"/e", 9}};

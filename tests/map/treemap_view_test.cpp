@@ -615,6 +615,14 @@ TEST_F(TreemapAccessibilityTest, AFileCannotBePressedButToggled)
     EXPECT_TRUE(child("film.mov")->state().checked);
 }
 
+TEST_F(TreemapAccessibilityTest, ATileInsideASelectedFolderSaysThatItIsSelected)
+{
+    show();
+    select("Films");
+    open("Films");
+    EXPECT_TRUE(child("Films/a.mov")->state().checked);
+}
+
 TEST_F(TreemapAccessibilityTest, TheFocusedTileSaysSo)
 {
     show();

@@ -1,18 +1,11 @@
 #include "cleanup/ui/cleanup_list_model.h"
 
 #include <algorithm>
-#include <array>
-#include <unordered_set>
-#include <utility>
 
-#include <QLocale>
-
-#include "core/byte_count.h"
-#include "core/checked_add.h"
+#include "cleanup/cleanup_items.h"
+#include "cleanup/ui/cleanup_row_data.h"
 #include "core/store/followed_store.h"
 #include "core/store/path_text.h"
-#include "shell/ui/cleanup_words.h"
-#include "shell/ui/file_icons.h"
 #include "shell/ui/selecting.h"
 
 namespace corvane {
@@ -21,93 +14,12 @@ namespace {
 
 using Kind = CleanupRow::Kind;
 
-struct SectionWords {
-    QString title;
-    QString symbol;
-};
-
-const std::array<SectionWords, 4> sections{{
-    {QStringLiteral("System Junk"), QStringLiteral("gearshape.2")},
-    {QStringLiteral("Developer Junk"), QStringLiteral("hammer")},
-    {QStringLiteral("Personal Files to Review"), QStringLiteral("person.crop.square")},
-    {QStringLiteral("Project Build Artifacts"), QStringLiteral("folder.badge.gearshape")},
-}};
-
 const QList<int> checkRoles{CleanupListModel::CheckStateRole, CleanupListModel::CheckableRole,
                             CleanupListModel::CheckReasonRole};
 
-QString kindName(Kind kind)
-{
-    switch (kind) {
-    case Kind::header:
-        return QStringLiteral("header");
-    case Kind::card:
-        return QStringLiteral("card");
-    case Kind::entry:
-        return QStringLiteral("entry");
-    case Kind::more:
-        return QStringLiteral("more");
-    case Kind::missing:
-        return QStringLiteral("missing");
-    case Kind::reveal:
-        return QStringLiteral("reveal");
-    case Kind::prompt:
-        return QStringLiteral("prompt");
-    case Kind::partial:
-        return QStringLiteral("partial");
-    case Kind::none:
-        return QStringLiteral("none");
-    case Kind::artifact:
-        return QStringLiteral("artifact");
-    }
-    return {};
-}
-
-QString sizeText(std::int64_t size)
-{
-    return QString::fromStdString(formatByteCount(size));
-}
-
-QString moreText(std::size_t count)
-{
-    return QStringLiteral("+ %1 smaller %2")
-        .arg(QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qulonglong>(count)),
-             count == 1 ? QStringLiteral("item") : QStringLiteral("items"));
-}
-
-/// "harbor-app/node_modules": what it is called, and in which project.
-QString artifactName(const FileNode &node)
-{
-    return displayText(lastPathComponent(node.folderPath())) + u'/' + displayText(node.name);
-}
-
-struct RowHash {
-    std::size_t operator()(const CleanupRow *row) const
-    {
-        const std::size_t place = std::hash<const void *>()(
-            row->artifact.node ? static_cast<const void *>(row->artifact.node.get()) : row->def);
-        return place ^ std::hash<std::string>()(row->entry.path) ^ static_cast<std::size_t>(row->kind);
-    }
-};
-
-struct RowEqual {
-    bool operator()(const CleanupRow *a, const CleanupRow *b) const { return a->isSame(*b); }
-};
-
-using RowSet = std::unordered_set<const CleanupRow *, RowHash, RowEqual>;
-
-RowSet setOf(const std::vector<CleanupRow> &rows)
-{
-    RowSet set;
-    set.reserve(rows.size());
-    for (const CleanupRow &row : rows)
-        set.insert(&row);
-    return set;
-}
-
 } // namespace
 
-CleanupListModel::CleanupListModel(QObject *parent) : QAbstractListModel(parent), m_rows(makeRows()) {}
+CleanupListModel::CleanupListModel(QObject *parent) : RowListModel(parent), m_rows(makeRows()) {}
 
 void CleanupListModel::setStore(StorageStore *store)
 {
@@ -141,9 +53,14 @@ std::vector<CleanupRow> CleanupListModel::makeRows() const
 
 void CleanupListModel::follow()
 {
-    install(makeRows());
+    install();
     followSelection();
-    announceAll({});
+}
+
+void CleanupListModel::install()
+{
+    setRows(m_rows, makeRows(), &CleanupRow::key);
+    announceAll({StartsBoxRole, EndsBoxRole, LeadsRole});
 }
 
 void CleanupListModel::followSelection()
@@ -151,65 +68,10 @@ void CleanupListModel::followSelection()
     m_cardChecks.clear();
     if (m_store) {
         for (const CleanupItem &item : m_store->cleanupItems())
-            m_cardChecks.emplace(item.def, checkFactsOf(*m_store, item));
+            m_cardChecks.emplace(item.def,
+                                 selectionFactsOfAll(m_store->selection(), item.entries, protectionTest(*m_store)));
     }
     announceAll(checkRoles);
-}
-
-void CleanupListModel::takeOutMissing(const std::vector<CleanupRow> &rows)
-{
-    const RowSet left = setOf(rows);
-    for (std::size_t end = m_rows.size(); end > 0;) {
-        if (left.contains(&m_rows[end - 1])) {
-            --end;
-            continue;
-        }
-        std::size_t first = end - 1;
-        while (first > 0 && !left.contains(&m_rows[first - 1]))
-            --first;
-        beginRemoveRows({}, static_cast<int>(first), static_cast<int>(end - 1));
-        m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(first),
-                     m_rows.begin() + static_cast<std::ptrdiff_t>(end));
-        endRemoveRows();
-        end = first;
-    }
-}
-
-void CleanupListModel::install(std::vector<CleanupRow> rows)
-{
-    takeOutMissing(rows);
-    const std::vector<CleanupRow> before = m_rows;
-    const RowSet known = setOf(before);
-    const auto at = [this](std::size_t place) { return m_rows.begin() + static_cast<std::ptrdiff_t>(place); };
-    for (std::size_t i = 0; i < rows.size();) {
-        if (!known.contains(&rows[i])) {
-            std::size_t end = i + 1;
-            while (end < rows.size() && !known.contains(&rows[end]))
-                ++end;
-            beginInsertRows({}, static_cast<int>(i), static_cast<int>(end - 1));
-            m_rows.insert(at(i), rows.begin() + static_cast<std::ptrdiff_t>(i),
-                          rows.begin() + static_cast<std::ptrdiff_t>(end));
-            endInsertRows();
-            i = end;
-            continue;
-        }
-        const auto found =
-            std::find_if(at(i), m_rows.end(), [&](const CleanupRow &row) { return row.isSame(rows[i]); });
-        if (const auto from = static_cast<std::size_t>(found - m_rows.begin()); from != i) {
-            beginMoveRows({}, static_cast<int>(from), static_cast<int>(from), {}, static_cast<int>(i));
-            std::rotate(at(i), at(from), at(from + 1));
-            endMoveRows();
-        }
-        ++i;
-    }
-    m_rows = std::move(rows); // with the figures of now
-    announceAll({StartsBoxRole, EndsBoxRole, LeadsRole});
-}
-
-void CleanupListModel::announceAll(const QList<int> &roles)
-{
-    if (!m_rows.empty())
-        emit dataChanged(index(0), index(rowCount() - 1), roles);
 }
 
 void CleanupListModel::announceOpening(const CleanupDefinition &def)
@@ -255,6 +117,11 @@ const CleanupItem *CleanupListModel::item(const CleanupDefinition *def) const
     return found == m_store->cleanupItems().end() ? nullptr : &*found;
 }
 
+const CleanupItem *CleanupListModel::locationOf(const CleanupRow &row) const
+{
+    return row.kind == Kind::card ? item(row.def) : nullptr;
+}
+
 const CardOpening *CleanupListModel::opening(const CleanupDefinition *def) const
 {
     const auto found = m_openings.find(def);
@@ -267,7 +134,7 @@ CardOpening &CleanupListModel::openingToChange(const CleanupDefinition &def)
     if (!opening) {
         opening = std::make_unique<CardOpening>();
         connect(opening.get(), &CardOpening::partChanged, this, [this, &def] { announceOpening(def); });
-        connect(opening.get(), &CardOpening::closed, this, [this] { install(makeRows()); });
+        connect(opening.get(), &CardOpening::closed, this, [this] { install(); });
     }
     return *opening;
 }
@@ -278,24 +145,16 @@ std::string CleanupListModel::pathOf(const CleanupRow &row) const
         return row.entry.path;
     if (row.kind == Kind::artifact)
         return row.artifact.node->path();
-    if (row.def == nullptr || !m_store)
-        return {};
-    const auto item = std::ranges::find(m_store->cleanupItems(), row.def, &CleanupItem::def);
-    return item == m_store->cleanupItems().end() ? std::string() : item->path;
+    const CleanupItem *const location = item(row.def);
+    return location != nullptr ? location->path : std::string();
 }
 
-std::int64_t CleanupListModel::sizeOf(const CleanupRow &row) const
+SelectionFacts CleanupListModel::selectionFacts(const CleanupRow &row) const
 {
-    return row.kind == Kind::artifact ? row.artifact.node->size : row.entry.size;
-}
-
-CheckFacts CleanupListModel::checkFacts(const CleanupRow &row) const
-{
-    if (row.kind == Kind::card) {
-        const auto facts = m_cardChecks.find(row.def);
-        return facts == m_cardChecks.end() ? CheckFacts() : facts->second;
-    }
-    return row.isItem() && m_store ? checkFactsOf(*m_store, pathOf(row)) : CheckFacts();
+    if (row.isItem() && m_store)
+        return selectionFactsOf(*m_store, pathOf(row));
+    const auto facts = m_cardChecks.find(row.def);
+    return facts == m_cardChecks.end() ? SelectionFacts{Selected::no, SelectionRefusal::nothingThere} : facts->second;
 }
 
 QVariant CleanupListModel::data(const QModelIndex &index, int role) const
@@ -304,8 +163,6 @@ QVariant CleanupListModel::data(const QModelIndex &index, int role) const
         return {};
     const CleanupRow &row = *rowAt(index.row());
     switch (role) {
-    case KindRole:
-        return kindName(row.kind);
     case StartsBoxRole:
         return startsBox(index.row());
     case EndsBoxRole:
@@ -313,203 +170,27 @@ QVariant CleanupListModel::data(const QModelIndex &index, int role) const
     case LeadsRole:
         return row.isInsideCard() && rowAt(index.row() - 1)->kind == Kind::card;
     case CheckStateRole:
-        return checkFacts(row).state;
+        return checkFacts(selectionFacts(row)).state;
     case CheckableRole:
-        return checkFacts(row).isCheckable;
+        return checkFacts(selectionFacts(row)).isCheckable;
     case CheckReasonRole:
-        return checkFacts(row).reason;
+        return checkFacts(selectionFacts(row)).reason;
     case ExpandedRole:
         return opening(row.def) != nullptr && opening(row.def)->isExpanded();
     case OpeningRole:
         return row.isInsideCard() && opening(row.def) != nullptr ? opening(row.def)->part() : 1.0;
     case WorkingRole:
         return m_store && m_store->phase() == StorageStore::Phase::scanning;
-    case Qt::DisplayRole:
-        return rowData(row, TitleRole);
-    case Qt::AccessibleTextRole:
-        return rowData(row, DescriptionRole);
     default:
-        return rowData(row, role);
+        return cleanupRowData(row, role, item(row.def),
+                              m_store ? std::string_view(m_store->locations().home()) : std::string_view());
     }
-}
-
-QVariant CleanupListModel::rowData(const CleanupRow &row, int role) const
-{
-    switch (row.kind) {
-    case Kind::header:
-        return sectionData(row, role);
-    case Kind::card:
-        return cardData(row, role);
-    case Kind::entry:
-        return entryData(row, role);
-    case Kind::artifact:
-        return artifactData(row, role);
-    case Kind::more:
-    case Kind::missing:
-    case Kind::reveal:
-    case Kind::prompt:
-    case Kind::partial:
-    case Kind::none:
-        return wordsData(row, role);
-    }
-    return {};
-}
-
-QString CleanupListModel::sectionTotal(int section) const
-{
-    if (!m_store)
-        return {};
-    std::int64_t total = 0;
-    if (section == CleanupRows::artifactSection) {
-        for (const DevJunkItem &artifact : m_store->devJunk())
-            total = checkedAdd(total, artifact.node->size);
-        return m_store->devJunk().empty() ? QString() : sizeText(total);
-    }
-    for (const CleanupItem &each : m_store->cleanupItems()) {
-        if (each.def->group == allCleanupGroups[static_cast<std::size_t>(section)])
-            total = checkedAdd(total, each.total());
-    }
-    return m_store->cleanupItems().empty() ? QString() : sizeText(total);
-}
-
-QVariant CleanupListModel::sectionData(const CleanupRow &row, int role) const
-{
-    const SectionWords &words = sections[static_cast<std::size_t>(row.section)];
-    switch (role) {
-    case TitleRole:
-        return words.title;
-    case SymbolRole:
-        return words.symbol;
-    case NoteRole:
-        return row.section == CleanupRows::artifactSection && m_store && !m_store->devJunk().empty()
-                   ? QStringLiteral("Your build tools regenerate these on the next build or install.")
-                   : QString();
-    case SizeTextRole:
-        return sectionTotal(row.section);
-    case DescriptionRole: {
-        const QString total = sectionTotal(row.section);
-        return total.isEmpty() ? words.title : words.title + QStringLiteral(", ") + total;
-    }
-    default:
-        return {};
-    }
-}
-
-QVariant CleanupListModel::cardData(const CleanupRow &row, int role) const
-{
-    const CleanupItem *const measured = item(row.def);
-    switch (role) {
-    case TitleRole:
-        return displayText(row.def->title);
-    case NoteRole:
-        return displayText(row.def->detail);
-    case SymbolRole:
-        return displayText(row.def->symbol);
-    case TintRole:
-        return static_cast<int>(row.def->tint);
-    case RiskRole:
-        return displayText(rawValue(row.def->risk));
-    case SizeTextRole:
-        return measured != nullptr ? totalText(*measured) : QStringLiteral("–");
-    case CountTextRole:
-        return measured != nullptr ? countText(*measured) : QString();
-    case UnreadableRole:
-        return measured != nullptr && !measured->accessible;
-    case DescriptionRole: {
-        QStringList words{displayText(row.def->title),
-                          row.def->risk == CleanupRisk::safe ? QStringLiteral("Safe") : QStringLiteral("Review")};
-        if (measured != nullptr && measured->accessible)
-            words << totalText(*measured);
-        if (measured != nullptr)
-            words << countText(*measured);
-        return words.join(QStringLiteral(", "));
-    }
-    default:
-        return {};
-    }
-}
-
-QVariant CleanupListModel::entryData(const CleanupRow &row, int role) const
-{
-    const std::string_view name = lastPathComponent(row.entry.path);
-    switch (role) {
-    case TitleRole:
-        return displayText(name);
-    case SizeTextRole:
-        return sizeText(row.entry.size);
-    case IconKeyRole:
-        return fileIconKey(row.entry.path, row.entry.kind);
-    case ElideRole:
-        return row.entry.kind != FileNode::Kind::directory && !nameExtension(name).empty() ? Qt::ElideMiddle
-                                                                                           : Qt::ElideRight;
-    case DescriptionRole:
-        return displayText(name) + QStringLiteral(", ") + sizeText(row.entry.size);
-    default:
-        return {};
-    }
-}
-
-QVariant CleanupListModel::artifactData(const CleanupRow &row, int role) const
-{
-    const FileNode &node = *row.artifact.node;
-    switch (role) {
-    case TitleRole:
-        return artifactName(node);
-    case NoteRole:
-        return m_store ? displayText(node.parentPath(m_store->locations().home())) : QString();
-    case TagRole:
-        return displayText(row.artifact.kind);
-    case SizeTextRole:
-        return sizeText(node.size);
-    case IconKeyRole:
-        return fileIconKey(node);
-    case DescriptionRole:
-        return QStringList{artifactName(node), displayText(row.artifact.kind), rowData(row, NoteRole).toString(),
-                           sizeText(node.size)}
-            .join(QStringLiteral(", "));
-    default:
-        return {};
-    }
-}
-
-QVariant CleanupListModel::wordsData(const CleanupRow &row, int role) const
-{
-    const bool isTitle = role == TitleRole || role == DescriptionRole;
-    switch (row.kind) {
-    case Kind::more:
-        return isTitle ? moreText(row.unlisted) : QVariant();
-    case Kind::missing:
-        return isTitle ? QStringLiteral("This folder does not exist.") : QVariant();
-    case Kind::reveal:
-        return isTitle ? QStringLiteral("Reveal Folder in Finder") : QVariant();
-    case Kind::none:
-        return isTitle ? QStringLiteral("No node_modules, Gradle build outputs, Rust targets or virtualenvs found in "
-                                        "this scan.")
-                       : QVariant();
-    default:
-        break;
-    }
-    if (row.kind == Kind::partial) {
-        if (role == ActionRole)
-            return QStringLiteral("Scan Again");
-        if (isTitle)
-            return displayText(partialScanText);
-        return role == NoteRole ? QStringLiteral("Build folders that the scan had not reached are not listed.")
-                                : QVariant();
-    }
-    if (role == ActionRole)
-        return QStringLiteral("Scan Home Folder");
-    if (isTitle)
-        return QStringLiteral("Find node_modules, Gradle build folders & more");
-    return role == NoteRole
-               ? QStringLiteral("Run a scan and Corvane will spot regenerable folders inside your projects.")
-               : QVariant();
 }
 
 Qt::ItemFlags CleanupListModel::flags(const QModelIndex &index) const
 {
     const CleanupRow *const row = rowAt(index.row());
-    return row != nullptr && row->isStop() ? QAbstractListModel::flags(index) : Qt::ItemFlags(Qt::NoItemFlags);
+    return row != nullptr && row->isStop() ? RowListModel::flags(index) : Qt::ItemFlags(Qt::NoItemFlags);
 }
 
 QHash<int, QByteArray> CleanupListModel::roleNames() const
@@ -592,7 +273,7 @@ void CleanupListModel::setExpanded(int row, bool expanded)
         return;
     const int card = cardRow(row);
     openingToChange(*pressed->def).setExpanded(expanded);
-    install(makeRows());
+    install();
     emit dataChanged(index(card), index(card), {ExpandedRole});
 }
 
@@ -611,12 +292,10 @@ void CleanupListModel::toggle(int row)
     const CleanupRow *const pressed = rowAt(row);
     if (pressed == nullptr || !m_store)
         return;
-    if (pressed->kind != Kind::card) {
-        if (pressed->isItem())
-            toggleItem(*m_store, pathOf(*pressed), sizeOf(*pressed));
-    } else if (mayBeSelected(*pressed)) {
-        toggleEntries(*m_store, *item(pressed->def));
-    }
+    if (pressed->isItem())
+        toggleItem(*m_store, pathOf(*pressed), pressed->size);
+    else if (const CleanupItem *const location = locationOf(*pressed))
+        toggleEntries(*m_store, displayText(location->def->title), allEntries({location, 1}));
 }
 
 void CleanupListModel::select(int row)
@@ -624,31 +303,17 @@ void CleanupListModel::select(int row)
     const CleanupRow *const pressed = rowAt(row);
     if (pressed == nullptr || !m_store)
         return;
-    if (pressed->kind != Kind::card) {
-        if (pressed->isItem())
-            selectItem(*m_store, pathOf(*pressed), sizeOf(*pressed));
-    } else if (mayBeSelected(*pressed)) {
-        selectEntries(*m_store, *item(pressed->def));
-    }
-}
-
-bool CleanupListModel::mayBeSelected(const CleanupRow &card)
-{
-    const CheckFacts facts = checkFacts(card);
-    if (!facts.isCheckable && !facts.reason.isEmpty())
-        sayRefusal(*m_store, displayText(card.def->title), facts.reason);
-    return facts.isCheckable;
+    if (pressed->isItem())
+        selectItem(*m_store, pathOf(*pressed), pressed->size);
+    else if (const CleanupItem *const location = locationOf(*pressed))
+        selectEntries(*m_store, displayText(location->def->title), allEntries({location, 1}));
 }
 
 void CleanupListModel::selectAll()
 {
     if (!m_store)
         return;
-    std::vector<SelectedEntry> entries;
-    for (const CleanupItem &item : m_store->cleanupItems()) {
-        for (const CleanupEntry &entry : item.entries)
-            entries.push_back({entry.path, entry.size});
-    }
+    std::vector<SelectedEntry> entries = allEntries(m_store->cleanupItems());
     for (const DevJunkItem &artifact : m_store->devJunk())
         entries.push_back({artifact.node->path(), artifact.node->size});
     m_store->setSelected(entries, true);
@@ -665,7 +330,7 @@ bool CleanupListModel::prepareMenu(int row)
     const CleanupRow *const pressed = rowAt(row);
     if (pressed == nullptr || !m_store || !pressed->isItem())
         return false;
-    m_menuTarget.setTarget(m_store, pathOf(*pressed), sizeOf(*pressed));
+    m_menuTarget.setTarget(m_store, pathOf(*pressed), pressed->size);
     return true;
 }
 

@@ -4,22 +4,22 @@
 #include <memory>
 #include <vector>
 
-#include <QAbstractListModel>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 #include "cleanup/ui/card_opening.h"
-#include "cleanup/ui/check_facts.h"
 #include "cleanup/ui/cleanup_rows.h"
+#include "core/selection_facts.h"
 #include "core/store/storage_store.h"
 #include "shell/ui/node_actions.h"
+#include "shell/ui/row_list_model.h"
 
 namespace corvane {
 
 /// The cleanup list: the catalogue in its groups, what expanded cards hold, and the build folders of the last
 /// scan. Rows come, go and move as the store's figures do; which cards are expanded is known here alone. Main
 /// thread only.
-class CleanupListModel : public QAbstractListModel {
+class CleanupListModel : public RowListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
@@ -94,9 +94,7 @@ signals:
 private:
     void follow();
     void followSelection();
-    void install(std::vector<CleanupRow> rows);
-    void takeOutMissing(const std::vector<CleanupRow> &rows);
-    void announceAll(const QList<int> &roles);
+    void install();
     void announceOpening(const CleanupDefinition &def);
     [[nodiscard]] std::vector<CleanupRow> makeRows() const;
 
@@ -104,26 +102,18 @@ private:
     [[nodiscard]] bool startsBox(int row) const;
     [[nodiscard]] bool endsBox(int row) const;
     [[nodiscard]] const CleanupItem *item(const CleanupDefinition *def) const;
+    /// What a card stands for; null for other rows, and before the measurement.
+    [[nodiscard]] const CleanupItem *locationOf(const CleanupRow &row) const;
     [[nodiscard]] const CardOpening *opening(const CleanupDefinition *def) const;
     [[nodiscard]] CardOpening &openingToChange(const CleanupDefinition &def);
     [[nodiscard]] std::string pathOf(const CleanupRow &row) const;
-    [[nodiscard]] std::int64_t sizeOf(const CleanupRow &row) const;
 
-    [[nodiscard]] CheckFacts checkFacts(const CleanupRow &row) const;
-    /// Whether there is something of the card to select; says why where that is refused.
-    [[nodiscard]] bool mayBeSelected(const CleanupRow &card);
-    [[nodiscard]] QVariant rowData(const CleanupRow &row, int role) const;
-    [[nodiscard]] QVariant sectionData(const CleanupRow &row, int role) const;
-    [[nodiscard]] QVariant cardData(const CleanupRow &row, int role) const;
-    [[nodiscard]] QVariant entryData(const CleanupRow &row, int role) const;
-    [[nodiscard]] QVariant artifactData(const CleanupRow &row, int role) const;
-    [[nodiscard]] QVariant wordsData(const CleanupRow &row, int role) const;
-    [[nodiscard]] QString sectionTotal(int section) const;
+    [[nodiscard]] SelectionFacts selectionFacts(const CleanupRow &row) const;
 
     QPointer<StorageStore> m_store;
     std::map<const CleanupDefinition *, std::unique_ptr<CardOpening>> m_openings; // of those that were opened once
     std::vector<CleanupRow> m_rows;
-    std::map<const CleanupDefinition *, CheckFacts> m_cardChecks;
+    std::map<const CleanupDefinition *, SelectionFacts> m_cardChecks;
     NodeActions m_menuTarget;
 };
 

@@ -5,6 +5,8 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "cleanup/cleanup_catalog.h"
@@ -12,7 +14,7 @@
 
 namespace corvane {
 
-/// One row of the cleanup list: what it is, not what it shows.
+/// One row of the cleanup list: what it stands for, and its figures.
 struct CleanupRow {
     enum class Kind : std::uint8_t {
         header,   ///< opens a section
@@ -32,10 +34,16 @@ struct CleanupRow {
     const CleanupDefinition *def = nullptr; ///< of static storage; of a card and the rows that it opens
     CleanupEntry entry = {};
     DevJunkItem artifact = {};
-    std::size_t unlisted = 0; ///< the entries that a `more` row stands for
+    std::int64_t size = 0;   ///< bytes of all that it stands for; 0 without a measurement
+    std::size_t count = 0;   ///< the entries of a card; those that a `more` row stands for
+    bool isMeasured = false; ///< what the size is of
+    bool isReadable = true;  ///< of a card
 
-    /// Whether both stand for the same thing, whatever its size is by now.
-    [[nodiscard]] bool isSame(const CleanupRow &other) const;
+    /// What it stands for, whatever its figures are by now.
+    using Key = std::tuple<Kind, int, const void *, std::string_view>;
+    [[nodiscard]] Key key() const;
+
+    friend bool operator==(const CleanupRow &, const CleanupRow &) = default;
     /// Whether it is one of the rows that a card shows when it is expanded.
     [[nodiscard]] bool isInsideCard() const;
     /// Whether it stands for one file or folder.

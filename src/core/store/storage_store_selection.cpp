@@ -14,7 +14,7 @@ bool StorageStore::isSelected(const std::string &path) const
 
 bool StorageStore::isCovered(const std::string &path) const
 {
-    return isSelected(path) || hasSelectedAncestor(selection(), path);
+    return corvane::isCovered(selection(), path);
 }
 
 void StorageStore::setSelected(const std::string &path, std::int64_t size, bool selected)

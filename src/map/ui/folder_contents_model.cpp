@@ -1,7 +1,6 @@
 #include "map/ui/folder_contents_model.h"
 
 #include <algorithm>
-#include <unordered_set>
 #include <utility>
 
 #include <QColor>
@@ -21,9 +20,6 @@ namespace corvane {
 
 namespace {
 
-// Beyond this, one signal for the whole stretch is cheaper than one for each row.
-constexpr std::size_t fewRows = 64;
-
 const QList<int> checkRoles{FolderContentsModel::CheckStateRole, FolderContentsModel::CheckableRole,
                             FolderContentsModel::CheckReasonRole, FolderContentsModel::DescriptionRole};
 const QList<int> figureRoles{FolderContentsModel::SizeTextRole, FolderContentsModel::FractionRole,
@@ -32,15 +28,6 @@ const QList<int> figureRoles{FolderContentsModel::SizeTextRole, FolderContentsMo
 QString sizeText(std::int64_t size)
 {
     return QString::fromStdString(formatByteCount(size));
-}
-
-/// What the paths of the items inside a folder start with.
-std::string insidePrefix(const FileNode &folder)
-{
-    std::string path = folder.path();
-    if (!path.ends_with('/'))
-        path += '/';
-    return path;
 }
 
 QString smallFilesText(std::int64_t count)
@@ -73,16 +60,15 @@ void FolderContentsModel::followFolder()
         return;
     beginResetModel();
     const std::shared_ptr<FileNode> previous = std::exchange(m_folder, folder);
-    m_children = m_folder ? m_folder->children : decltype(m_children)();
-    m_hasSmallFiles = m_folder && m_folder->smallFilesCount > 0;
+    m_nodes = rowsOfFolder();
     m_rows.clear();
-    m_marks = readMarks();
+    m_selection = readSelection();
     updateFigures();
     endResetModel();
 
     const std::shared_ptr<FileNode> cameFrom = childTowards(m_folder.get(), previous);
-    const auto position = std::ranges::find(m_children, cameFrom);
-    emit folderShown(position == m_children.end() ? 0 : static_cast<int>(position - m_children.begin()));
+    const auto position = cameFrom ? std::ranges::find(m_nodes, cameFrom) : m_nodes.end();
+    emit folderShown(position == m_nodes.end() ? 0 : static_cast<int>(position - m_nodes.begin()));
 }
 
 void FolderContentsModel::followTree()
@@ -90,109 +76,63 @@ void FolderContentsModel::followTree()
     followFolder();
     if (!m_folder)
         return;
-    takeOutRemoved();
+    m_rows.clear(); // which refer to the names of the nodes
+    setRows(m_nodes, rowsOfFolder(), &std::shared_ptr<FileNode>::get);
     updateFigures();
     announceAll(figureRoles);
 }
 
-void FolderContentsModel::takeOutRemoved()
+std::vector<std::shared_ptr<FileNode>> FolderContentsModel::rowsOfFolder() const
 {
-    const std::unordered_set<std::shared_ptr<FileNode>> left(m_folder->children.begin(), m_folder->children.end());
-    for (std::size_t end = m_children.size(); end > 0;) {
-        if (left.contains(m_children[end - 1])) {
-            --end;
-            continue;
-        }
-        std::size_t first = end - 1;
-        while (first > 0 && !left.contains(m_children[first - 1]))
-            --first;
-        beginRemoveRows({}, static_cast<int>(first), static_cast<int>(end - 1));
-        m_children.erase(m_children.begin() + static_cast<std::ptrdiff_t>(first),
-                         m_children.begin() + static_cast<std::ptrdiff_t>(end));
-        m_rows.clear();
-        endRemoveRows();
-        end = first;
-    }
+    if (!m_folder)
+        return {};
+    std::vector<std::shared_ptr<FileNode>> nodes = m_folder->children;
+    if (m_folder->smallFilesCount > 0)
+        nodes.push_back(nullptr);
+    return nodes;
 }
 
 void FolderContentsModel::updateFigures()
 {
     m_largest = 0;
-    for (const auto &child : m_children)
-        m_largest = std::max(m_largest, child->size);
     m_places.clear();
     if (!m_folder)
         return;
+    for (const auto &child : m_folder->children)
+        m_largest = std::max(m_largest, child->size);
     const auto items = TreemapBuilder::items(*m_folder, TreemapBuilder::topLimit);
     for (std::size_t i = 0; i < items.size(); ++i)
         m_places.emplace(items[i].node.get(), static_cast<int>(i));
 }
 
-void FolderContentsModel::announceAll(const QList<int> &roles)
+FolderSelection FolderContentsModel::readSelection() const
 {
-    if (const int rows = rowCount(); rows > 0)
-        emit dataChanged(index(0), index(rows - 1), roles);
-}
-
-FolderContentsModel::Marks FolderContentsModel::readMarks() const
-{
-    Marks marks;
-    if (!m_store || !m_folder || m_store->selection().empty())
-        return marks;
-    const Selection &selection = m_store->selection();
-    marks.allCovered = m_store->isCovered(m_folder->path());
-
-    // The selection is in the order of its paths, so what lies inside this folder is one stretch of it, and
-    // so is what lies inside each item.
-    const std::string prefix = insidePrefix(*m_folder);
-    for (auto entry = selection.lower_bound(prefix); entry != selection.end() && entry->first.starts_with(prefix);) {
-        const std::size_t slash = entry->first.find('/', prefix.size());
-        std::string name = entry->first.substr(prefix.size(), slash - prefix.size());
-        if (slash == std::string::npos) {
-            marks.byName[std::move(name)] = Qt::Checked;
-            ++entry;
-        } else {
-            const std::string afterItem = prefix + name + static_cast<char>('/' + 1);
-            marks.byName.try_emplace(std::move(name), Qt::PartiallyChecked);
-            entry = selection.lower_bound(afterItem);
-        }
-    }
-    return marks;
+    return m_store && m_folder ? FolderSelection(m_store->selection(), m_folder->path()) : FolderSelection();
 }
 
 void FolderContentsModel::followSelection()
 {
-    const Marks before = std::exchange(m_marks, readMarks());
-    if (before.allCovered != m_marks.allCovered) {
+    const FolderSelection before = std::exchange(m_selection, readSelection());
+    if (before.isCovered() != m_selection.isCovered()) {
         announceAll(checkRoles);
         return;
     }
     std::vector<int> changed;
-    const auto compare = [&](const Marks &a, const Marks &b, bool onlyMissing) {
-        for (const auto &[name, state] : a.byName) {
-            const auto other = b.byName.find(name);
-            if (other == b.byName.end() || (!onlyMissing && other->second != state))
-                changed.push_back(rowOf(name));
-        }
-    };
-    compare(m_marks, before, false);
-    compare(before, m_marks, true);
+    for (const std::string &name : m_selection.namesThatDiffer(before))
+        changed.push_back(rowOf(name));
     std::erase(changed, -1);
-    if (changed.size() > fewRows) {
-        const auto [first, last] = std::ranges::minmax(changed);
-        emit dataChanged(index(first), index(last), checkRoles);
-        return;
-    }
-    for (const int row : changed)
-        emit dataChanged(index(row), index(row), checkRoles);
+    std::ranges::sort(changed);
+    announce(changed, checkRoles);
 }
 
 int FolderContentsModel::rowOf(std::string_view name)
 {
     if (m_rows.empty()) {
-        m_rows.reserve(m_children.size());
-        for (std::size_t i = 0; i < m_children.size(); ++i)
-            m_rows.emplace(m_children[i]->name, static_cast<int>(i));
+        m_rows.reserve(m_nodes.size());
+        for (std::size_t i = 0; i < m_nodes.size(); ++i) {
+            if (m_nodes[i])
+                m_rows.emplace(m_nodes[i]->name, static_cast<int>(i));
+        }
     }
     const auto position = m_rows.find(name);
     return position == m_rows.end() ? -1 : position->second;
@@ -202,19 +142,12 @@ int FolderContentsModel::rowOf(std::string_view name)
 
 int FolderContentsModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_children.size()) + (m_hasSmallFiles ? 1 : 0);
+    return parent.isValid() ? 0 : static_cast<int>(m_nodes.size());
 }
 
 const FileNode *FolderContentsModel::nodeAt(int row) const
 {
-    return row >= 0 && static_cast<std::size_t>(row) < m_children.size()
-               ? m_children[static_cast<std::size_t>(row)].get()
-               : nullptr;
-}
-
-bool FolderContentsModel::isSmallFilesRow(int row) const
-{
-    return m_hasSmallFiles && row == static_cast<int>(m_children.size());
+    return row >= 0 && row < rowCount() ? m_nodes[static_cast<std::size_t>(row)].get() : nullptr;
 }
 
 QVariant FolderContentsModel::data(const QModelIndex &index, int role) const
@@ -248,11 +181,11 @@ QVariant FolderContentsModel::itemData(const FileNode &node, int row, int role) 
     case SmallFilesRole:
         return false;
     case CheckStateRole:
-        return checkState(node);
+        return checkState(m_selection.of(node.name));
     case CheckableRole:
-        return checkReason(node).isEmpty();
+        return refusal(node) == SelectionRefusal::none;
     case CheckReasonRole:
-        return checkReason(node);
+        return refusalText(refusal(node));
     case DescriptionRole:
     case Qt::AccessibleTextRole:
         return displayText(node.name) + QStringLiteral(", ") + displayText(node.kindLabel()) + QStringLiteral(", ") +
@@ -294,21 +227,9 @@ QVariant FolderContentsModel::smallFilesData(int role) const
     }
 }
 
-Qt::CheckState FolderContentsModel::checkState(const FileNode &node) const
+SelectionRefusal FolderContentsModel::refusal(const FileNode &node) const
 {
-    if (m_marks.allCovered)
-        return Qt::Checked;
-    const auto mark = m_marks.byName.find(node.name);
-    return mark == m_marks.byName.end() ? Qt::Unchecked : mark->second;
-}
-
-QString FolderContentsModel::checkReason(const FileNode &node) const
-{
-    if (m_marks.allCovered)
-        return coveredRefusal();
-    if (m_store && m_store->isProtected(node.path()))
-        return protectedRefusal();
-    return {};
+    return refusalOf(m_selection.of(node.name), [&] { return m_store && m_store->isProtected(node.path()); });
 }
 
 QHash<int, QByteArray> FolderContentsModel::roleNames() const
@@ -324,7 +245,7 @@ QHash<int, QByteArray> FolderContentsModel::roleNames() const
 void FolderContentsModel::click(int row)
 {
     const FileNode *node = nodeAt(row);
-    m_clicked = node ? m_children[static_cast<std::size_t>(row)] : nullptr;
+    m_clicked = node ? m_nodes[static_cast<std::size_t>(row)] : nullptr;
     if (opensInMap(node))
         open(row);
 }
@@ -341,7 +262,7 @@ void FolderContentsModel::open(int row)
     if (!m_store || !nodeAt(row))
         return;
     // The rows are gone when the store has answered.
-    const std::shared_ptr<FileNode> target = m_children[static_cast<std::size_t>(row)];
+    const std::shared_ptr<FileNode> target = m_nodes[static_cast<std::size_t>(row)];
     if (opensInMap(target.get()))
         m_store->open(target);
     else
@@ -350,14 +271,14 @@ void FolderContentsModel::open(int row)
 
 void FolderContentsModel::toggle(int row)
 {
-    if (const FileNode *node = nodeAt(row); node && m_store && !node->removed)
-        toggleItem(*m_store, node->path(), node->size);
+    if (const FileNode *node = nodeAt(row); node && m_store)
+        toggleItem(*m_store, *node);
 }
 
 void FolderContentsModel::select(int row)
 {
-    if (const FileNode *node = nodeAt(row); node && m_store && !node->removed)
-        selectItem(*m_store, node->path(), node->size);
+    if (const FileNode *node = nodeAt(row); node && m_store)
+        selectItem(*m_store, *node);
 }
 
 void FolderContentsModel::selectAll()
@@ -370,7 +291,7 @@ bool FolderContentsModel::prepareMenu(int row)
 {
     if (!nodeAt(row))
         return false;
-    m_menuTarget.setTarget(m_store, m_children[static_cast<std::size_t>(row)]);
+    m_menuTarget.setTarget(m_store, m_nodes[static_cast<std::size_t>(row)]);
     return true;
 }
 

@@ -6,19 +6,20 @@
 #include <unordered_map>
 #include <vector>
 
-#include <QAbstractListModel>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
+#include "core/selection_facts.h"
 #include "core/store/storage_store.h"
 #include "shell/ui/node_actions.h"
+#include "shell/ui/row_list_model.h"
 
 namespace corvane {
 
 /// The contents of the folder shown, one row for each child in the order of the tree, and a last row for its
-/// small files. Another folder resets the model; a removal takes rows out and a selection changes rows.
+/// small files. Another folder resets the model; a change of the tree or of the selection changes rows.
 /// Main thread only.
-class FolderContentsModel : public QAbstractListModel {
+class FolderContentsModel : public RowListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
@@ -41,7 +42,7 @@ public:
     };
     Q_ENUM(Role)
 
-    explicit FolderContentsModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+    using RowListModel::RowListModel;
 
     [[nodiscard]] StorageStore *store() const { return m_store; }
     void setStore(StorageStore *store);
@@ -75,32 +76,22 @@ private:
     void followFolder();
     void followTree();
     void followSelection();
-    void takeOutRemoved();
     void updateFigures();
-    void announceAll(const QList<int> &roles);
-
-    /// What the selection says of the items of this folder.
-    struct Marks {
-        bool allCovered = false; ///< the folder goes with the selection
-        std::unordered_map<std::string, Qt::CheckState> byName;
-    };
-    [[nodiscard]] Marks readMarks() const;
+    [[nodiscard]] std::vector<std::shared_ptr<FileNode>> rowsOfFolder() const;
+    [[nodiscard]] FolderSelection readSelection() const;
 
     [[nodiscard]] const FileNode *nodeAt(int row) const;
-    [[nodiscard]] bool isSmallFilesRow(int row) const;
-    [[nodiscard]] Qt::CheckState checkState(const FileNode &node) const;
     [[nodiscard]] QVariant itemData(const FileNode &node, int row, int role) const;
     [[nodiscard]] QVariant smallFilesData(int role) const;
-    [[nodiscard]] QString checkReason(const FileNode &node) const;
+    [[nodiscard]] SelectionRefusal refusal(const FileNode &node) const;
     [[nodiscard]] int rowOf(std::string_view name);
 
     QPointer<StorageStore> m_store;
     std::shared_ptr<FileNode> m_folder;
-    std::vector<std::shared_ptr<FileNode>> m_children;
-    bool m_hasSmallFiles = false;
+    std::vector<std::shared_ptr<FileNode>> m_nodes; ///< one for each row; null for the small files
     std::int64_t m_largest = 0;
     std::unordered_map<const FileNode *, int> m_places; ///< in the map, which gives folders their colour
-    Marks m_marks;
+    FolderSelection m_selection;
     std::unordered_map<std::string_view, int> m_rows; ///< by name; empty until asked for
     std::weak_ptr<FileNode> m_clicked;                ///< the last item that was clicked
     NodeActions m_menuTarget;

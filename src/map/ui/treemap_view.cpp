@@ -580,7 +580,7 @@ bool TreemapView::tileOpens(int index) const
 bool TreemapView::tileIsSelected(int index) const
 {
     const FileNode *node = layout().tile(index).node.get();
-    return node && m_store && m_store->isSelected(node->path());
+    return node && m_store && m_store->isCovered(node->path());
 }
 
 void TreemapView::openTile(int index)
@@ -597,15 +597,15 @@ void TreemapView::openTile(int index)
 void TreemapView::toggleTile(int index)
 {
     const FileNode *const node = index >= 0 ? layout().tile(index).node.get() : nullptr;
-    if (m_store && node && !node->removed)
-        toggleItem(*m_store, node->path(), node->size);
+    if (m_store && node)
+        toggleItem(*m_store, *node);
 }
 
 void TreemapView::selectTile(int index)
 {
     const FileNode *const node = index >= 0 ? layout().tile(index).node.get() : nullptr;
-    if (m_store && node && !node->removed)
-        selectItem(*m_store, node->path(), node->size);
+    if (m_store && node)
+        selectItem(*m_store, *node);
 }
 
 } // namespace corvane

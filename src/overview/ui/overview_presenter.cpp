@@ -266,7 +266,7 @@ void OverviewPresenter::openTopItem(int row)
 void OverviewPresenter::selectTopItem(int row)
 {
     if (prepareMenu(row))
-        selectItem(*m_store, m_menuTarget.node()->path(), m_menuTarget.node()->size);
+        selectItem(*m_store, *m_menuTarget.node());
 }
 
 bool OverviewPresenter::prepareMenu(int row)

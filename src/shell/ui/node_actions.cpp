@@ -55,7 +55,7 @@ bool NodeActions::canReveal() const
 bool NodeActions::canSelect() const
 {
     // What has been removed can be neither shown nor removed again.
-    return canReveal() && refusalOf(*m_store, m_path).isEmpty();
+    return canReveal() && selectionFactsOf(*m_store, m_path).canChange();
 }
 
 bool NodeActions::isSelected() const

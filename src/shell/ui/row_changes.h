@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
-#include <numeric>
 #include <span>
+#include <tuple>
+#include <type_traits>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -39,42 +42,55 @@ struct RowChanges {
     [[nodiscard]] static RowChanges make(std::span<const int> before, int oldCount);
 };
 
-/// What `RowChanges::make` takes, for rows that are the same when `keyOf` gives the same key for both. Where rows of
-/// one list share a key, the first of the one list are taken for the first of the other. A key compares with < and ==.
+struct RowKeyHash {
+    template <typename Key>
+    std::size_t operator()(const Key &key) const
+    {
+        return std::hash<Key>()(key);
+    }
+    template <typename... Parts>
+    std::size_t operator()(const std::tuple<Parts...> &key) const
+    {
+        std::size_t hash = 0;
+        std::apply([&](const Parts &...part) { ((hash = 31 * hash + (*this)(part)), ...); }, key);
+        return hash;
+    }
+};
+
+/// What `RowChanges::make` takes, for rows that are the same when `keyOf` gives the same key for both: something with
+/// == and std::hash, or a tuple of such. Where rows of one list share a key, the first of the one list are taken for
+/// the first of the other.
 template <typename Row, typename KeyOf>
 [[nodiscard]] std::vector<int> rowsBefore(const std::vector<Row> &oldRows, const std::vector<Row> &newRows,
                                           const KeyOf &keyOf)
 {
-    const auto key = [&keyOf](const std::vector<Row> &rows, std::size_t row) -> decltype(auto) {
-        return std::invoke(keyOf, rows[row]);
-    };
+    const auto key = [&keyOf](const Row &row) -> decltype(auto) { return std::invoke(keyOf, row); };
     std::vector<int> before(newRows.size(), -1);
     // Most changes are about a few rows, so what is the same at both ends is not looked up.
     const std::size_t shorter = std::min(oldRows.size(), newRows.size());
     std::size_t head = 0;
-    for (; head < shorter && key(oldRows, head) == key(newRows, head); ++head)
+    for (; head < shorter && key(oldRows[head]) == key(newRows[head]); ++head)
         before[head] = static_cast<int>(head);
     std::size_t oldEnd = oldRows.size();
     std::size_t newEnd = newRows.size();
-    while (oldEnd > head && newEnd > head && key(oldRows, oldEnd - 1) == key(newRows, newEnd - 1))
+    while (oldEnd > head && newEnd > head && key(oldRows[oldEnd - 1]) == key(newRows[newEnd - 1]))
         before[--newEnd] = static_cast<int>(--oldEnd);
 
-    std::vector<std::size_t> sorted(oldEnd - head);
-    std::iota(sorted.begin(), sorted.end(), head);
-    std::ranges::stable_sort(sorted, {}, [&](std::size_t row) -> decltype(auto) { return key(oldRows, row); });
-    std::vector<std::size_t> used(sorted.size()); // of each stretch of one key, where that begins
+    using Key = std::remove_cvref_t<decltype(key(oldRows[0]))>;
+    std::unordered_map<Key, int, RowKeyHash> firstOf; // of each key the first row that is not taken
+    std::vector<int> nextOfSameKey(oldRows.size(), -1);
+    firstOf.reserve(oldEnd - head);
+    for (std::size_t row = oldEnd; row-- > head;) {
+        const auto [first, isNew] = firstOf.try_emplace(key(oldRows[row]), static_cast<int>(row));
+        if (!isNew)
+            nextOfSameKey[row] = std::exchange(first->second, static_cast<int>(row));
+    }
     for (std::size_t row = head; row < newEnd; ++row) {
-        const auto &wanted = key(newRows, row);
-        const auto found = std::ranges::lower_bound(
-            sorted, wanted, {}, [&](std::size_t old) -> decltype(auto) { return key(oldRows, old); });
-        const auto first = static_cast<std::size_t>(found - sorted.begin());
-        if (first == sorted.size())
+        const auto first = firstOf.find(key(newRows[row]));
+        if (first == firstOf.end() || first->second < 0)
             continue;
-        const std::size_t place = first + used[first];
-        if (place == sorted.size() || key(oldRows, sorted[place]) != wanted)
-            continue;
-        before[row] = static_cast<int>(sorted[place]);
-        ++used[first];
+        before[row] = first->second;
+        first->second = nextOfSameKey[static_cast<std::size_t>(before[row])];
     }
     return before;
 }

@@ -5,44 +5,116 @@
 
 namespace corvane {
 
-QString protectedRefusal()
-{
-    return QStringLiteral("Protected location");
-}
+namespace {
 
-QString coveredRefusal()
+/// Says in the toast that the item of that name cannot be selected, and why.
+void sayRefusal(StorageStore &store, const QString &name, SelectionRefusal refusal)
 {
-    return QStringLiteral("Inside a selected folder");
-}
-
-QString refusalOf(const StorageStore &store, const std::string &path)
-{
-    if (hasSelectedAncestor(store.selection(), path))
-        return coveredRefusal();
-    return store.isProtected(path) ? protectedRefusal() : QString();
-}
-
-void sayRefusal(StorageStore &store, const QString &name, const QString &refusal)
-{
+    const QString reason = refusalText(refusal);
+    if (reason.isEmpty())
+        return;
     store.showToast(
-        QStringLiteral("%1 can't be selected: %2").arg(name, refusal.at(0).toLower() + refusal.mid(1)).toStdString(),
+        QStringLiteral("%1 can't be selected: %2").arg(name, reason.at(0).toLower() + reason.mid(1)).toStdString(),
         true);
+}
+
+/// Whether the selection may be changed; says why where it may not.
+bool mayChange(StorageStore &store, const QString &name, const SelectionFacts &facts)
+{
+    if (!facts.canChange())
+        sayRefusal(store, name, facts.refusal);
+    return facts.canChange();
+}
+
+void setItem(StorageStore &store, const std::string &path, std::int64_t size, bool canTakeOut)
+{
+    const SelectionFacts facts = selectionFactsOf(store, path);
+    if (mayChange(store, displayText(lastPathComponent(path)), facts))
+        store.setSelected(path, size, !canTakeOut || facts.selected != Selected::itself);
+}
+
+void setEntries(StorageStore &store, const QString &name, std::span<const SelectedEntry> entries, bool canTakeOut)
+{
+    const SelectionFacts facts = selectionFactsOfAll(store.selection(), entries, protectionTest(store));
+    if (mayChange(store, name, facts))
+        store.setSelected(entries, !canTakeOut || facts.selected != Selected::itself);
+}
+
+} // namespace
+
+Qt::CheckState checkState(Selected selected)
+{
+    switch (selected) {
+    case Selected::no:
+        return Qt::Unchecked;
+    case Selected::partly:
+        return Qt::PartiallyChecked;
+    case Selected::itself:
+    case Selected::throughFolder:
+        return Qt::Checked;
+    }
+    return Qt::Unchecked;
+}
+
+QString refusalText(SelectionRefusal refusal)
+{
+    switch (refusal) {
+    case SelectionRefusal::insideSelectedFolder:
+        return QStringLiteral("Inside a selected folder");
+    case SelectionRefusal::protectedLocation:
+        return QStringLiteral("Protected location");
+    case SelectionRefusal::none:
+    case SelectionRefusal::nothingThere:
+        return {};
+    }
+    return {};
+}
+
+CheckFacts checkFacts(const SelectionFacts &facts)
+{
+    return {checkState(facts.selected), facts.canChange(), refusalText(facts.refusal)};
+}
+
+ProtectionTest protectionTest(const StorageStore &store)
+{
+    return [&store](const std::string &path) { return store.isProtected(path); };
+}
+
+SelectionFacts selectionFactsOf(const StorageStore &store, const std::string &path)
+{
+    return selectionFacts(store.selection(), path, protectionTest(store));
 }
 
 void selectItem(StorageStore &store, const std::string &path, std::int64_t size)
 {
-    if (const QString refusal = refusalOf(store, path); !refusal.isEmpty())
-        sayRefusal(store, displayText(lastPathComponent(path)), refusal);
-    else
-        store.setSelected(path, size, true);
+    setItem(store, path, size, false);
 }
 
 void toggleItem(StorageStore &store, const std::string &path, std::int64_t size)
 {
-    if (store.isSelected(path) && !hasSelectedAncestor(store.selection(), path))
-        store.setSelected(path, size, false);
-    else
-        selectItem(store, path, size);
+    setItem(store, path, size, true);
+}
+
+void selectItem(StorageStore &store, const FileNode &node)
+{
+    if (!node.removed)
+        selectItem(store, node.path(), node.size);
+}
+
+void toggleItem(StorageStore &store, const FileNode &node)
+{
+    if (!node.removed)
+        toggleItem(store, node.path(), node.size);
+}
+
+void selectEntries(StorageStore &store, const QString &name, std::span<const SelectedEntry> entries)
+{
+    setEntries(store, name, entries, false);
+}
+
+void toggleEntries(StorageStore &store, const QString &name, std::span<const SelectedEntry> entries)
+{
+    setEntries(store, name, entries, true);
 }
 
 } // namespace corvane

@@ -1,5 +1,7 @@
 #include "shell/ui/window/selection_review_model.h"
 
+#include <string_view>
+
 #include "core/byte_count.h"
 #include "core/path_guard.h"
 #include "core/store/followed_store.h"
@@ -43,7 +45,8 @@ void SelectionReviewModel::setStore(StorageStore *store)
 void SelectionReviewModel::follow()
 {
     const int before = count();
-    setRows(m_entries, m_store ? m_store->selectedEntries() : std::vector<SelectedEntry>(), &SelectedEntry::path);
+    setRows(m_entries, m_store ? m_store->selectedEntries() : std::vector<SelectedEntry>(),
+            [](const SelectedEntry &entry) { return std::string_view(entry.path); });
     if (count() != before)
         emit countChanged();
 }

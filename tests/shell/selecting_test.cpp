@@ -1,8 +1,9 @@
-#include "cleanup/ui/check_facts.h"
+#include "shell/ui/selecting.h"
 
 #include <gtest/gtest.h>
 
 #include "cleanup/cleanup_fixture.h"
+#include "cleanup/cleanup_items.h"
 
 namespace corvane {
 namespace {
@@ -13,9 +14,22 @@ const CheckFacts on{Qt::Checked, true, {}};
 const CheckFacts covered{Qt::Checked, false, QStringLiteral("Inside a selected folder")};
 const CheckFacts refused{Qt::Unchecked, false, QStringLiteral("Protected location")};
 
-class CheckFactsTest : public test::CleanupFixture {
+CheckFacts checkFactsOf(const StorageStore &store, const std::string &path)
+{
+    return checkFacts(selectionFactsOf(store, path));
+}
+CheckFacts checkFactsOf(const StorageStore &store, const CleanupItem &item)
+{
+    return checkFacts(selectionFactsOfAll(store.selection(), item.entries, protectionTest(store)));
+}
+void toggle(StorageStore &store, const CleanupItem &item)
+{
+    toggleEntries(store, QStringLiteral("Location"), allEntries({&item, 1}));
+}
+
+class SelectingTest : public test::CleanupFixture {
 protected:
-    CheckFactsTest()
+    SelectingTest()
     {
         addFile(".npm/_cacache/a/deep", 3'000);
         addFile(".npm/_cacache/b", 2'000);
@@ -23,7 +37,7 @@ protected:
     CheckFacts npm() { return checkFactsOf(store, item("npm")); }
 };
 
-TEST_F(CheckFactsTest, ALocationIsOnOffOrMixedAfterItsEntries)
+TEST_F(SelectingTest, ALocationIsOnOffOrMixedAfterItsEntries)
 {
     measure();
     EXPECT_EQ(npm(), off);
@@ -33,14 +47,14 @@ TEST_F(CheckFactsTest, ALocationIsOnOffOrMixedAfterItsEntries)
     EXPECT_EQ(npm(), on);
 }
 
-TEST_F(CheckFactsTest, ALocationIsMixedWhenSomethingInsideAnEntryIsSelected)
+TEST_F(SelectingTest, ALocationIsMixedWhenSomethingInsideAnEntryIsSelected)
 {
     measure();
     select(".npm/_cacache/a/deep");
     EXPECT_EQ(npm(), mixed);
 }
 
-TEST_F(CheckFactsTest, ALocationWhoseFolderIsSelectedGoesWithIt)
+TEST_F(SelectingTest, ALocationWhoseFolderIsSelectedGoesWithIt)
 {
     measure();
     select(".npm/_cacache");
@@ -48,24 +62,24 @@ TEST_F(CheckFactsTest, ALocationWhoseFolderIsSelectedGoesWithIt)
     EXPECT_EQ(checkFactsOf(store, at(".npm/_cacache/a")), covered);
 }
 
-TEST_F(CheckFactsTest, WithoutEntriesThereIsNothingToCheck)
+TEST_F(SelectingTest, WithoutEntriesThereIsNothingToCheck)
 {
     measure();
     EXPECT_EQ(checkFactsOf(store, item("logs")), CheckFacts());
 }
 
-TEST_F(CheckFactsTest, TogglingSelectsEveryEntryAndTakesThemAllOutAgain)
+TEST_F(SelectingTest, TogglingSelectsEveryEntryAndTakesThemAllOutAgain)
 {
     measure();
     select(".npm/_cacache/a");
-    toggleEntries(store, item("npm"));
+    toggle(store, item("npm"));
     EXPECT_EQ(npm(), on) << "mixed becomes on";
     EXPECT_EQ(store.selection().size(), 2u);
-    toggleEntries(store, item("npm"));
+    toggle(store, item("npm"));
     EXPECT_TRUE(store.selection().empty());
 }
 
-TEST_F(CheckFactsTest, WhatMayNotBeSelectedStaysOutAndDoesNotKeepTheLocationMixed)
+TEST_F(SelectingTest, WhatMayNotBeSelectedStaysOutAndDoesNotKeepTheLocationMixed)
 {
     fake.files.addFile("/srv/files/mine", 4'000);
     fake.files.addFile("/srv/files/Library/Keychains", 4'000);
@@ -85,15 +99,15 @@ TEST_F(CheckFactsTest, WhatMayNotBeSelectedStaysOutAndDoesNotKeepTheLocationMixe
     ASSERT_EQ(logs.entries.size(), 2u);
 
     EXPECT_EQ(checkFactsOf(guarded, logs), off);
-    toggleEntries(guarded, logs);
+    toggle(guarded, logs);
     EXPECT_EQ(checkFactsOf(guarded, logs), on);
     EXPECT_EQ(guarded.selection().size(), 1u);
     EXPECT_EQ(checkFactsOf(guarded, at("Library/Logs/Library")), refused);
-    toggleEntries(guarded, logs);
+    toggle(guarded, logs);
     EXPECT_TRUE(guarded.selection().empty());
 }
 
-TEST_F(CheckFactsTest, ALocationOfNothingButProtectedItemsCannotBeChecked)
+TEST_F(SelectingTest, ALocationOfNothingButProtectedItemsCannotBeChecked)
 {
     const ProtectedLocations strict{home, ProtectedPlaces{.exact = {},
                                                           .prefixes = {at(".npm/_cacache/a"), at(".npm/_cacache/b")},
@@ -108,11 +122,11 @@ TEST_F(CheckFactsTest, ALocationOfNothingButProtectedItemsCannotBeChecked)
         *std::ranges::find_if(guarded.cleanupItems(), [](const CleanupItem &each) { return each.def->id == "npm"; });
     ASSERT_EQ(npm.entries.size(), 2u);
     EXPECT_EQ(checkFactsOf(guarded, npm), refused);
-    toggleEntries(guarded, npm);
+    toggle(guarded, npm);
     EXPECT_TRUE(guarded.selection().empty());
 }
 
-TEST_F(CheckFactsTest, OneItemIsOffOnOrMixed)
+TEST_F(SelectingTest, OneItemIsOffOnOrMixed)
 {
     EXPECT_EQ(checkFactsOf(store, at("Downloads/a")), off);
     select("Downloads/a/inside");
