@@ -1,219 +1,172 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Qt.labs.qmlmodels
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// The catalogue in its groups, and the build folders. One stop for Tab; the arrow keys move in it.
-KeyboardItem {
+/// The catalogue in its groups, and the build folders. Left and Right close and open a card.
+AppList {
     id: list
 
     required property string title
 
-    Accessible.role: Accessible.List
     Accessible.name: title
 
-    Keys.onRightPressed: contents.setExpanded(view.currentIndex, true)
+    Keys.onRightPressed: contents.setExpanded(currentIndex, true)
     Keys.onLeftPressed: {
-        goTo(contents.cardRow(view.currentIndex));
-        contents.setExpanded(view.currentIndex, false);
+        goTo(contents.cardRow(currentIndex));
+        contents.setExpanded(currentIndex, false);
     }
 
-    function goTo(row: int) {
-        view.currentIndex = row;
-        view.positionViewAtIndex(row, ListView.Contain);
-        // The ends with their margins, and with the header above the first row that can be used.
-        if (row === keys.firstRow())
-            view.contentY = view.originY - view.topMargin;
-        else if (row === keys.lastRow() && view.contentHeight > view.height)
-            view.contentY = view.originY + view.contentHeight + view.bottomMargin - view.height;
-    }
-
-    function point(row: int) {
-        usePointer();
-        view.currentIndex = row;
-    }
-
-    function showMenu(row: int) {
+    function showMenu(row: int, x: real, y: real) {
         if (contents.prepareMenu(row))
-            menu.popup(view.itemAtIndex(row), Theme.pageMargin, CleanupMetrics.entryHeight);
+            menu.popup(itemAt(row), x, y);
     }
 
-    CleanupListModel {
-        id: contents
+    // A header does nothing; the keyboard begins at the first card.
+    currentIndex: 1
+    rowHeight: CleanupMetrics.cardHeight
+    view.objectName: "cleanupRows"
+    // Rows that are made ahead are made bit by bit, and a window that closes meanwhile would say so.
+    view.cacheBuffer: 0
+    view.topMargin: CleanupMetrics.listMargin
+    view.bottomMargin: Theme.pageMargin
+    keys.onOpenWanted: row => contents.open(row)
+    keys.onToggleWanted: row => contents.toggle(row)
+    keys.onSelectWanted: row => contents.select(row)
+    keys.onSelectAllWanted: contents.selectAll()
+    keys.onMenuWanted: row => list.showMenu(row, Theme.pageMargin, CleanupMetrics.entryHeight)
 
-        store: Store
-    }
-    ListKeys {
-        id: keys
-
-        target: list
-        model: contents
-        current: view.currentIndex
-        page: Math.floor(view.height / CleanupMetrics.cardHeight)
-        onMoved: row => list.goTo(row)
-        onOpenWanted: row => contents.open(row)
-        onToggleWanted: row => contents.toggle(row)
-        onSelectWanted: row => contents.select(row)
-        onSelectAllWanted: contents.selectAll()
-        onMenuWanted: row => list.showMenu(row)
-    }
     NodeMenu {
         id: menu
 
         objectName: "cleanupMenu"
         target: contents.menuTarget
     }
+    model: CleanupListModel {
+        id: contents
 
-    ListView {
-        id: view
+        store: Store
+    }
+    delegate: DelegateChooser {
+        role: "kind"
 
-        objectName: "cleanupRows"
-        anchors.fill: parent
-        model: contents
-        // A header does nothing; the keyboard begins at the first card.
-        currentIndex: 1
-        highlightFollowsCurrentItem: false
-        // Rows that are made ahead are made bit by bit, and a window that closes meanwhile would say so.
-        cacheBuffer: 0
-        clip: true
-        topMargin: CleanupMetrics.listMargin
-        bottomMargin: Theme.pageMargin
-        boundsBehavior: Flickable.StopAtBounds
-        activeFocusOnTab: false
-        T.ScrollBar.vertical: AppScrollBar {}
+        DelegateChoice {
+            roleValue: "header"
 
-        delegate: DelegateChooser {
-            role: "kind"
-
-            DelegateChoice {
-                roleValue: "header"
-
-                GroupHeader {
-                    width: view.width
-                }
+            GroupHeader {
+                width: list.width
             }
-            DelegateChoice {
-                roleValue: "card"
+        }
+        DelegateChoice {
+            roleValue: "card"
 
-                CleanupCard {
-                    required property int index
+            CleanupCard {
+                required property int index
 
-                    width: view.width
-                    ringed: ListView.isCurrentItem && list.visualFocus
-                    onPressed: list.point(index)
-                    onActivated: contents.activate(index)
-                    onToggleWanted: contents.toggle(index)
-                }
+                width: list.width
+                ringed: ListView.isCurrentItem && list.visualFocus
+                onPressed: list.point(index)
+                onActivated: contents.activate(index)
+                onToggleWanted: contents.toggle(index)
             }
-            DelegateChoice {
-                roleValue: "entry"
+        }
+        DelegateChoice {
+            roleValue: "entry"
 
-                EntryRow {
-                    id: entry
+            EntryRow {
+                required property int index
+                required property real opening
 
-                    required property int index
-                    required property real opening
-
-                    width: view.width
-                    part: opening
-                    ringed: ListView.isCurrentItem && list.visualFocus
-                    onPressed: list.point(index)
-                    onActivated: contents.open(index)
-                    onToggleWanted: contents.toggle(index)
-                    onMenuWanted: (x, y) => {
-                        if (contents.prepareMenu(entry.index))
-                            menu.popup(entry, x, y);
-                    }
-                }
+                width: list.width
+                part: opening
+                ringed: ListView.isCurrentItem && list.visualFocus
+                onPressed: list.point(index)
+                onActivated: contents.open(index)
+                onToggleWanted: contents.toggle(index)
+                onMenuWanted: (x, y) => list.showMenu(index, x, y)
             }
-            DelegateChoice {
-                roleValue: "more"
+        }
+        DelegateChoice {
+            roleValue: "more"
 
-                MoreRow {
-                    required property real opening
+            MoreRow {
+                required property real opening
 
-                    width: view.width
-                    part: opening
-                }
+                width: list.width
+                part: opening
             }
-            DelegateChoice {
-                roleValue: "missing"
+        }
+        DelegateChoice {
+            roleValue: "missing"
 
-                MoreRow {
-                    required property real opening
+            MoreRow {
+                required property real opening
 
-                    width: view.width
-                    part: opening
-                }
+                width: list.width
+                part: opening
             }
-            DelegateChoice {
-                roleValue: "reveal"
+        }
+        DelegateChoice {
+            roleValue: "reveal"
 
-                RevealRow {
-                    required property int index
-                    required property real opening
+            RevealRow {
+                required property int index
+                required property real opening
 
-                    width: view.width
-                    part: opening
-                    ringed: ListView.isCurrentItem && list.visualFocus
-                    onPressed: list.point(index)
-                    onActivated: contents.activate(index)
-                }
+                width: list.width
+                part: opening
+                ringed: ListView.isCurrentItem && list.visualFocus
+                onPressed: list.point(index)
+                onActivated: contents.activate(index)
             }
-            DelegateChoice {
-                roleValue: "prompt"
+        }
+        DelegateChoice {
+            roleValue: "prompt"
 
-                ScanPromptRow {
-                    required property int index
+            ScanPromptRow {
+                required property int index
 
-                    width: view.width
-                    buttonName: "cleanup.scanHome"
-                    ringed: ListView.isCurrentItem && list.visualFocus
-                    onActivated: contents.activate(index)
-                }
+                width: list.width
+                buttonName: "cleanup.scanHome"
+                ringed: ListView.isCurrentItem && list.visualFocus
+                onActivated: contents.activate(index)
             }
-            DelegateChoice {
-                roleValue: "partial"
+        }
+        DelegateChoice {
+            roleValue: "partial"
 
-                ScanPromptRow {
-                    required property int index
+            ScanPromptRow {
+                required property int index
 
-                    width: view.width
-                    buttonName: "cleanup.scanAgain"
-                    ringed: ListView.isCurrentItem && list.visualFocus
-                    onActivated: contents.activate(index)
-                }
+                width: list.width
+                buttonName: "cleanup.scanAgain"
+                ringed: ListView.isCurrentItem && list.visualFocus
+                onActivated: contents.activate(index)
             }
-            DelegateChoice {
-                roleValue: "none"
+        }
+        DelegateChoice {
+            roleValue: "none"
 
-                NoArtifactsRow {
-                    width: view.width
-                }
+            NoArtifactsRow {
+                width: list.width
             }
-            DelegateChoice {
-                roleValue: "artifact"
+        }
+        DelegateChoice {
+            roleValue: "artifact"
 
-                ArtifactRow {
-                    id: artifact
+            ArtifactRow {
+                required property int index
 
-                    required property int index
-
-                    width: view.width
-                    revealText: contents.menuTarget.revealText
-                    ringed: ListView.isCurrentItem && list.visualFocus
-                    onPressed: list.point(index)
-                    onActivated: contents.activate(index)
-                    onToggleWanted: contents.toggle(index)
-                    onRevealWanted: contents.reveal(index)
-                    onMenuWanted: (x, y) => {
-                        if (contents.prepareMenu(artifact.index))
-                            menu.popup(artifact, x, y);
-                    }
-                }
+                width: list.width
+                revealText: contents.menuTarget.revealText
+                ringed: ListView.isCurrentItem && list.visualFocus
+                onPressed: list.point(index)
+                onActivated: contents.activate(index)
+                onToggleWanted: contents.toggle(index)
+                onRevealWanted: contents.reveal(index)
+                onMenuWanted: (x, y) => list.showMenu(index, x, y)
             }
         }
     }

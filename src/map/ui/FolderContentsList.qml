@@ -1,12 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Corvane.Shell
 import Corvane.Map
 
 /// What the folder shown holds, largest first.
-KeyboardItem {
+AppList {
     id: list
 
     required property ExplorerPresenter presenter
@@ -17,87 +16,54 @@ KeyboardItem {
     /// The row under the pointer, or -1.
     property int hoveredRow: -1
 
-    Accessible.role: Accessible.List
     Accessible.name: presenter.folderName
-
     Keys.onEscapePressed: list.presenter.goUp()
 
-    function goTo(row: int) {
-        view.currentIndex = row;
-        view.positionViewAtIndex(row, ListView.Contain);
-    }
-
-    function point(row: int) {
-        usePointer();
-        view.currentIndex = row;
-    }
-
-    function showMenu(row: int) {
+    function showMenu(row: int, x: real, y: real) {
         if (contents.prepareMenu(row))
-            menu.popup(view.itemAtIndex(row), Theme.space14, Theme.nodeRowHeight);
+            menu.popup(itemAt(row), x, y);
     }
 
-    FolderContentsModel {
+    rowHeight: Theme.nodeRowHeight
+    headHeight: header.height
+    view.objectName: "contents"
+    view.reuseItems: true
+    view.highlightFollowsCurrentItem: true
+    view.topMargin: Theme.space4
+    view.bottomMargin: Theme.space4
+    keys.onOpenWanted: row => contents.open(row)
+    keys.onToggleWanted: row => contents.toggle(row)
+    keys.onSelectWanted: row => contents.select(row)
+    keys.onSelectAllWanted: contents.selectAll()
+    keys.onUpWanted: list.presenter.goUp()
+    keys.onMenuWanted: row => list.showMenu(row, Theme.space14, Theme.nodeRowHeight)
+
+    model: FolderContentsModel {
         id: contents
 
         store: list.presenter.store
         onFolderShown: row => list.goTo(row)
     }
-    ListKeys {
-        target: list
-        model: contents
-        current: view.currentIndex
-        page: Math.floor(view.height / Theme.nodeRowHeight)
-        onMoved: row => list.goTo(row)
-        onOpenWanted: row => contents.open(row)
-        onToggleWanted: row => contents.toggle(row)
-        onSelectWanted: row => contents.select(row)
-        onSelectAllWanted: contents.selectAll()
-        onUpWanted: list.presenter.goUp()
-        onMenuWanted: row => list.showMenu(row)
+    delegate: NodeRow {
+        width: list.width
+        marked: index === list.markedRow
+        ringed: ListView.isCurrentItem && list.visualFocus
+        wide: list.wide
+        onHoveredChanged: list.hoveredRow = hovered ? index : list.hoveredRow === index ? -1 : list.hoveredRow
+        onPressed: list.point(index)
+        onClicked: contents.click(index)
+        onDoubleClicked: contents.doubleClick(index)
+        onOpenWanted: contents.open(index)
+        onToggleWanted: contents.toggle(index)
+        onMenuWanted: (x, y) => list.showMenu(index, x, y)
     }
+
     NodeMenu {
         id: menu
 
         objectName: "rowMenu"
         target: contents.menuTarget
     }
-
-    ListView {
-        id: view
-
-        objectName: "contents"
-        anchors.fill: parent
-        anchors.topMargin: header.height
-        model: contents
-        clip: true
-        reuseItems: true
-        topMargin: Theme.space4
-        bottomMargin: Theme.space4
-        boundsBehavior: Flickable.StopAtBounds
-        activeFocusOnTab: false
-        T.ScrollBar.vertical: AppScrollBar {}
-
-        delegate: NodeRow {
-            id: row
-
-            width: view.width
-            marked: index === list.markedRow
-            ringed: ListView.isCurrentItem && list.visualFocus
-            wide: list.wide
-            onHoveredChanged: list.hoveredRow = hovered ? index : list.hoveredRow === index ? -1 : list.hoveredRow
-            onPressed: list.point(index)
-            onClicked: contents.click(index)
-            onDoubleClicked: contents.doubleClick(index)
-            onOpenWanted: contents.open(index)
-            onToggleWanted: contents.toggle(index)
-            onMenuWanted: (x, y) => {
-                if (contents.prepareMenu(row.index))
-                    menu.popup(row, x, y);
-            }
-        }
-    }
-
     Rectangle {
         id: header
 

@@ -30,53 +30,34 @@ OverviewBox {
         objectName: "overviewMenu"
         target: card.presenter.menuTarget
     }
-    KeyboardItem {
+    AppList {
         id: list
-
-        property int current: 0
 
         objectName: "overview.topFolders"
         x: Theme.boxPadding
         anchors.top: head.bottom
         width: parent.width - 2 * x
-        height: rows.height
-        Accessible.role: Accessible.List
+        height: view.count * rowHeight
         Accessible.name: head.title
 
-        function point(row: int) {
-            usePointer();
-            current = row;
-        }
         function showMenu(row: int, x: real, y: real) {
             if (card.presenter.prepareMenu(row))
-                menu.popup(list, x, row * OverviewMetrics.topRowHeight + y);
+                menu.popup(itemAt(row), x, y);
         }
 
-        ListKeys {
-            target: list
-            model: card.presenter.topItems
-            current: list.current
-            onMoved: row => list.current = row
-            onOpenWanted: row => card.presenter.openTopItem(row)
-            onSelectWanted: row => card.presenter.selectTopItem(row)
-            onMenuWanted: row => list.showMenu(row, 0, OverviewMetrics.topRowHeight)
-        }
-        Column {
-            id: rows
+        rowHeight: OverviewMetrics.topRowHeight
+        view.interactive: false
+        keys.onOpenWanted: row => card.presenter.openTopItem(row)
+        keys.onSelectWanted: row => card.presenter.selectTopItem(row)
+        keys.onMenuWanted: row => list.showMenu(row, 0, list.rowHeight)
 
-            width: parent.width
-
-            Repeater {
-                model: card.presenter.topItems
-
-                delegate: TopFolderRow {
-                    width: rows.width
-                    ringed: index === list.current && list.visualFocus
-                    onPressed: list.point(index)
-                    onActivated: card.presenter.openTopItem(index)
-                    onMenuWanted: (x, y) => list.showMenu(index, x, y)
-                }
-            }
+        model: card.presenter.topItems
+        delegate: TopFolderRow {
+            width: list.width
+            ringed: ListView.isCurrentItem && list.visualFocus
+            onPressed: list.point(index)
+            onActivated: card.presenter.openTopItem(index)
+            onMenuWanted: (x, y) => list.showMenu(index, x, y)
         }
     }
 }

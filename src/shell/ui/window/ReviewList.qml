@@ -1,12 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Corvane.Shell
 import Corvane.Window
 
-/// The selected entries. Arrow keys and typing move through them, Delete and Backspace drop the one with the focus.
-ListView {
+/// The selected entries. Delete and Backspace drop the one that the keyboard is at.
+AppList {
     id: list
 
     /// Whether the list is looked at; nothing is kept in step otherwise.
@@ -16,25 +15,25 @@ ListView {
     /// while rows are dropped.
     property int rowsAtFirst: 0
 
-    onCountChanged: if (rowsAtFirst === 0) rowsAtFirst = count
     onActiveChanged: if (!active) rowsAtFirst = 0
 
-    implicitHeight: Math.min(WindowMetrics.reviewListHeight, rowsAtFirst * WindowMetrics.reviewRowHeight)
+    implicitHeight: Math.min(WindowMetrics.reviewListHeight, rowsAtFirst * rowHeight)
     objectName: "reviewSheet.list"
-    clip: true
-    activeFocusOnTab: true
-    keyNavigationEnabled: true
-    boundsBehavior: Flickable.StopAtBounds
-    highlightMoveDuration: 0
-    Accessible.role: Accessible.List
     Accessible.name: qsTr("Selected items")
-    Keys.onDeletePressed: entries.drop(list.currentIndex)
-    Keys.onPressed: event => {
-        if (event.key !== Qt.Key_Backspace)
-            return;
-        entries.drop(list.currentIndex);
-        event.accepted = true;
+
+    /// At a point of a row.
+    function showMenu(row: int, x: real, y: real) {
+        currentIndex = row;
+        menu.popup(itemAt(row), x, y);
     }
+
+    rowHeight: WindowMetrics.reviewRowHeight
+    view.highlightFollowsCurrentItem: true
+    view.highlightMoveDuration: 0
+    view.onCountChanged: if (list.rowsAtFirst === 0) list.rowsAtFirst = list.view.count
+    keys.onSelectWanted: row => entries.drop(row)
+    keys.onUpWanted: entries.drop(list.currentIndex)
+    keys.onMenuWanted: row => list.showMenu(row, Theme.space20, list.rowHeight)
 
     model: SelectionReviewModel {
         id: entries
@@ -42,28 +41,13 @@ ListView {
         store: list.active ? Store : null
     }
     delegate: ReviewRow {
-        id: row
-
         width: list.width
+        highlighted: ListView.isCurrentItem && list.activeFocus
         onDropped: row => entries.drop(row)
         onDoubleClicked: entries.open(index)
-        onMenuWanted: (x, y) => list.showMenu(row, x, y)
+        onMenuWanted: (x, y) => list.showMenu(index, x, y)
     }
 
-    /// At a point of a row.
-    function showMenu(row: ReviewRow, x: real, y: real) {
-        list.currentIndex = row.index;
-        menu.popup(row, x, y);
-    }
-
-    ListKeys {
-        target: list
-        model: entries
-        current: list.currentIndex
-        page: Math.floor(list.height / WindowMetrics.reviewRowHeight)
-        onMoved: row => list.currentIndex = row
-        onMenuWanted: list.showMenu(list.currentItem as ReviewRow, Theme.space20, WindowMetrics.reviewRowHeight)
-    }
     AppMenu {
         id: menu
 
@@ -78,6 +62,4 @@ ListView {
             onTriggered: entries.reveal(list.currentIndex)
         }
     }
-
-    T.ScrollBar.vertical: AppScrollBar {}
 }

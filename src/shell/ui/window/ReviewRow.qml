@@ -19,7 +19,6 @@ T.ItemDelegate {
 
     implicitHeight: WindowMetrics.reviewRowHeight
     focusPolicy: Qt.NoFocus
-    highlighted: ListView.isCurrentItem && ListView.view.activeFocus
     Accessible.role: Accessible.ListItem
     Accessible.name: name + ", " + size
     Accessible.description: path
