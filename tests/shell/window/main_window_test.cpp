@@ -254,6 +254,27 @@ TEST_F(MainWindowTest, TheMenuOpensByButtonAndByF10)
     EXPECT_TRUE(waitFor([this] { return isOpen("about"); }));
 }
 
+TEST_F(MainWindowTest, BackAndForwardAreOfferedWhereTheyLeadSomewhere)
+{
+    const auto isOffered = [this](const char *command) { return object(command)->property("enabled").toBool(); };
+    scan();
+    fake.store.setSidebar(Item::explorer);
+    EXPECT_FALSE(isOffered("appMenu.back"));
+    EXPECT_FALSE(isOffered("appMenu.forward"));
+
+    fake.store.open(fake.store.sharedNode("/home/studio/Movies"));
+    EXPECT_TRUE(isOffered("appMenu.back"));
+    EXPECT_FALSE(isOffered("appMenu.forward"));
+    click("appMenuButton");
+    click("appMenu.back");
+    ASSERT_TRUE(waitFor([this] { return fake.store.currentFolder() == fake.store.root(); }));
+    EXPECT_FALSE(isOffered("appMenu.back"));
+    EXPECT_TRUE(isOffered("appMenu.forward"));
+
+    fake.store.setSidebar(Item::cleanup);
+    EXPECT_FALSE(isOffered("appMenu.forward"));
+}
+
 TEST_F(MainWindowTest, TheMenuLeadsToTheWebsiteAndToThePrivacyPolicy)
 {
     click("appMenuButton");

@@ -64,13 +64,13 @@ QtObject {
     readonly property Action back: Action {
         text: qsTr("Back")
         shortcut: Qt.platform.os === "osx" ? "Ctrl+[" : "Alt+Left"
-        enabled: actions.enabled
+        enabled: actions.enabled && actions.history.canGoBack
         onTriggered: actions.history.goBackSoon()
     }
     readonly property Action forward: Action {
         text: qsTr("Forward")
         shortcut: Qt.platform.os === "osx" ? "Ctrl+]" : "Alt+Right"
-        enabled: actions.enabled
+        enabled: actions.enabled && actions.history.canGoForward
         onTriggered: actions.history.goForwardSoon()
     }
     readonly property Action privacyPolicy: Action {
