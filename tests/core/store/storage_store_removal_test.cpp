@@ -151,7 +151,7 @@ TEST_F(StorageStoreTest, AnItemThatIsReplacedDuringItsRemovalIsNoLongerSelected)
         scanHome();
         store.setSelected(at("Movies/a.mov"), sizeOf("Movies/a.mov"), true);
         const std::string deed = (permanently ? "removeItem " : "trashItem ") + at("Movies/a.mov");
-        fake.log->observe([&](const std::string &line) {
+        fake.log->observe([this, deed](const std::string &line) {
             if (line != deed)
                 return;
             fake.files.take(at("Movies/a.mov"));

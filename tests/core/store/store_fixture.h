@@ -20,17 +20,18 @@ namespace corvane {
 
 inline constexpr int patience = 20'000; // milliseconds; only a hang takes that long
 
-/// Holds a background thread at a call of the system until the test lets it go on.
+/// Holds a background thread at a call of the system until the test lets it go on. Another thread may still be at the
+/// gate when it is taken away.
 class Gate {
 public:
     /// Holds the first call that is recorded as `line`.
-    Gate(CallLog &log, std::string line) : m_log(log), m_line(std::move(line))
+    Gate(CallLog &log, std::string line) : m_log(log)
     {
-        m_log.observe([this](const std::string &recorded) {
-            if (recorded != m_line || m_reached.exchange(true))
+        m_log.observe([state = m_state, line = std::move(line)](const std::string &recorded) {
+            if (recorded != line || state->isReached.exchange(true))
                 return;
-            std::unique_lock lock(m_mutex);
-            m_changed.wait(lock, [this] { return m_isOpen; });
+            std::unique_lock lock(state->mutex);
+            state->changed.wait(lock, [&] { return state->isOpen; });
         });
     }
     ~Gate()
@@ -41,22 +42,25 @@ public:
 
     bool waitUntilReached() const
     {
-        return QTest::qWaitFor([this] { return m_reached.load(); }, patience);
+        return QTest::qWaitFor([this] { return m_state->isReached.load(); }, patience);
     }
     void open()
     {
-        const std::lock_guard lock(m_mutex);
-        m_isOpen = true;
-        m_changed.notify_all();
+        const std::lock_guard lock(m_state->mutex);
+        m_state->isOpen = true;
+        m_state->changed.notify_all();
     }
 
 private:
+    struct State {
+        std::atomic<bool> isReached = false;
+        std::mutex mutex;
+        std::condition_variable changed;
+        bool isOpen = false; // guarded by the mutex
+    };
+
     CallLog &m_log;
-    const std::string m_line;
-    std::atomic<bool> m_reached = false;
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    bool m_isOpen = false;
+    const std::shared_ptr<State> m_state = std::make_shared<State>();
 };
 
 /// A store over a small home folder in memory.
