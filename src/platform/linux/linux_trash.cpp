@@ -57,16 +57,16 @@ Expected<TrashedItem> LinuxTrash::trashItem(HeldFolder &folder, const std::strin
 {
     if (const Expected<ItemFacts> facts = folder.facts(name); !facts)
         return tl::unexpected(facts.error());
-    // On a full disk GIO leaves the record of where the item came from empty, and reports success: no file manager
-    // could ever put the item back.
-    if (volumeIsFull(folder.descriptor())) {
+    Expected<TrashSlot> slot = TrashSlot::make(folder, name);
+    if (!slot) {
+        // On a full disk the record of where the item came from is left empty, and GIO reports success. Asking costs
+        // the disk as much work as trashing, so it is left until something went wrong.
+        if (!volumeIsFull(folder.descriptor()))
+            return tl::unexpected(slot.error());
         return tl::unexpected(Error{moveToTrash, joined(folder.path(), name),
                                     std::make_error_code(std::errc::no_space_on_device),
                                     "The disk is full: the Trash cannot note where the item came from."});
     }
-    Expected<TrashSlot> slot = TrashSlot::make(folder, name);
-    if (!slot)
-        return tl::unexpected(slot.error());
     if (Expected<void> moved = slot->fill(); !moved)
         return tl::unexpected(moved.error());
     const std::string arrivedAs = slot->name();
