@@ -5,10 +5,11 @@
 
 #include <fmt/format.h>
 
-#include "cli/display_text.h"
 #include "cli/folder_scan.h"
 #include "cli/size_bar.h"
-#include "core/byte_count.h"
+#include "cli/terminal_text.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
 
 namespace corvane {
 
@@ -26,7 +27,7 @@ std::string fitted(std::string_view name, std::string_view mark, const Console &
     const std::size_t columns = console.outColumns();
     const std::size_t taken = columnsBeforeName + displayWidth(mark);
     const std::size_t room = std::max(columns - std::min(columns, taken), leastNameColumns);
-    return elided(displayText(name), room) + std::string(mark);
+    return elided(displayUtf8(name), room) + std::string(mark);
 }
 
 void writeSegment(const BreakdownSegment &segment, std::int64_t used, Console &console)
@@ -34,7 +35,7 @@ void writeSegment(const BreakdownSegment &segment, std::int64_t used, Console &c
     const double share = used > 0 ? static_cast<double>(segment.size) / static_cast<double>(used) : 0;
     const bool isUnexplained = segment.kind == BreakdownSegment::Kind::hidden;
     console.out.write(fmt::format("{}  {}  {}  {}\n", rightAligned(formatByteCount(segment.size), sizeColumns),
-                                  rightAligned(percentText(segment.size, used), percentColumns),
+                                  rightAligned(formatPercent(percentOf(segment.size, used)), percentColumns),
                                   console.colored(sizeBar(share, barColumns), segment.color),
                                   fitted(segment.title, isUnexplained ? " (unexplained)" : "", console)));
     const std::string indentation(columnsBeforeName - sizeColumns, ' ');
@@ -52,7 +53,7 @@ void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console)
     console.out.write(console.strong(fmt::format("{}% explained", breakdown.explainedPercentage())) + "\n");
     console.out.write(fmt::format("{} used of {}, {} free on {}\n", formatByteCount(breakdown.used()),
                                   formatByteCount(breakdown.total), formatByteCount(breakdown.free),
-                                  displayText(breakdown.volumeName)));
+                                  displayUtf8(breakdown.volumeName)));
     if (breakdown.scanIsPartial)
         console.out.write(console.strong(stoppedText) + "\n");
     console.out.write('\n');
@@ -61,8 +62,8 @@ void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console)
     if (!breakdown.segments.empty())
         console.out.write('\n');
     if (!breakdown.snapshots.empty()) {
-        console.out.write(countText(static_cast<std::int64_t>(breakdown.snapshots.size()),
-                                    "local Time Machine snapshot", "local Time Machine snapshots") +
+        console.out.write(formatCount(static_cast<std::int64_t>(breakdown.snapshots.size()),
+                                      "local Time Machine snapshot", "local Time Machine snapshots") +
                           "; \"corvane-cli snapshots\" lists them\n");
     }
     if (!breakdown.hasScan)

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "cli/utf8.h"
+#include "core/words/utf8.h"
 
 namespace corvane {
 

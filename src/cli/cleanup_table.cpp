@@ -6,9 +6,10 @@
 
 #include <fmt/format.h>
 
-#include "cli/display_text.h"
-#include "core/byte_count.h"
+#include "cli/terminal_text.h"
 #include "core/checked_add.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
 #include "platform/path.h"
 
 namespace corvane {
@@ -43,10 +44,10 @@ std::string contents(const CleanupItem &item, std::string_view home, const Conso
 {
     if (!item.accessible)
         return "cannot be read";
-    const std::string count = countText(static_cast<std::int64_t>(item.entries.size()), "item", "items") + " in ";
+    const std::string count = formatCount(static_cast<std::int64_t>(item.entries.size()), "item", "items") + " in ";
     const std::size_t columns = console.outColumns();
     const std::size_t taken = columnsBeforeContents + displayWidth(count);
-    const std::string folder = pathText(containingFolder(item.entries.front().path), home);
+    const std::string folder = formatPath(containingFolder(item.entries.front().path), home);
     return count + elidedAtFront(folder, std::max(columns - std::min(columns, taken), leastFolderColumns));
 }
 

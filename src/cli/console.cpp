@@ -8,7 +8,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include "cli/display_text.h"
+#include "core/words/display_text.h"
 
 namespace corvane {
 
@@ -67,7 +67,7 @@ void Console::complain(std::string_view message)
 {
     out.flush();
     errors.write("corvane-cli: ");
-    errors.write(displayText(message));
+    errors.write(displayUtf8(message));
     errors.write('\n');
     errors.flush();
 }

@@ -2,18 +2,18 @@
 
 #include <fmt/format.h>
 
-#include "cli/display_text.h"
-#include "core/byte_count.h"
 #include "core/scan_words.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
 
 namespace corvane {
 
 void writeFolderHeading(const FolderScan &scan, std::string_view home, Console &console)
 {
     const FileNode &folder = *scan.root;
-    console.out.write(console.strong(pathText(folder.path(), home)) + "\n");
+    console.out.write(console.strong(formatPath(folder.path(), home)) + "\n");
     console.out.write(fmt::format("{} in {}, scanned in {:.1f} seconds\n", formatByteCount(folder.size),
-                                  countText(folder.fileCount, "file", "files"), scan.seconds));
+                                  formatCount(folder.fileCount, "file", "files"), scan.seconds));
     if (scan.denied > 0)
         console.out.write(deniedText(scan.denied) + "\n");
     if (scan.isCancelled)

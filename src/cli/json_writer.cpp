@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
-#include "cli/utf8.h"
+#include "core/words/utf8.h"
 
 namespace corvane {
 

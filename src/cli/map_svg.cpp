@@ -7,9 +7,9 @@
 
 #include <fmt/format.h>
 
-#include "cli/display_text.h"
 #include "cli/tile_label.h"
-#include "core/byte_count.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
 #include "map/tile_colors.h"
 
 namespace corvane {
@@ -20,7 +20,7 @@ namespace {
 std::string xmlText(std::string_view bytes)
 {
     std::string text;
-    for (const char c : displayText(bytes)) {
+    for (const char c : displayUtf8(bytes)) {
         switch (c) {
         case '&':
             text += "&amp;";
@@ -97,7 +97,7 @@ void writeTile(const TreemapTile &tile, double rank, Output &out)
     out.write(fmt::format("<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\"{} fill=\"{}\"/>", number(tile.rect.x),
                           number(tile.rect.y), number(tile.rect.width), number(tile.rect.height),
                           cornerAttributes(tile.rect, role), hexColor(colors.fill)));
-    writeLabel(TileLabel::of(displayText(tile.label), size, tile.rect, role), tile.rect, colors.ink, out);
+    writeLabel(TileLabel::of(displayUtf8(tile.label), size, tile.rect, role), tile.rect, colors.ink, out);
     out.write("</g>\n");
 }
 

@@ -5,9 +5,10 @@
 
 #include <fmt/format.h>
 
-#include "cli/display_text.h"
 #include "cli/folder_heading.h"
-#include "core/byte_count.h"
+#include "cli/terminal_text.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
 
 namespace corvane {
 
@@ -34,7 +35,7 @@ std::string points(double length)
 std::string name(const TreemapTile &tile)
 {
     const bool isFolder = tile.node && tile.node->kind != FileNode::Kind::file;
-    return (tile.depth == 0 ? "" : "  ") + displayText(tile.label) + (isFolder ? "/" : "");
+    return (tile.depth == 0 ? "" : "  ") + displayUtf8(tile.label) + (isFolder ? "/" : "");
 }
 
 } // namespace

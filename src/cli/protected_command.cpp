@@ -1,9 +1,9 @@
 #include "cli/protected_command.h"
 
-#include "cli/display_text.h"
 #include "cli/json_writer.h"
 #include "cli/path_argument.h"
 #include "core/path_guard.h"
+#include "core/words/display_text.h"
 
 namespace corvane {
 
@@ -33,7 +33,7 @@ void writeLines(const std::vector<Verdict> &verdicts, Output &out)
 {
     for (const Verdict &verdict : verdicts) {
         out.write(verdict.isProtected ? "protected  " : "removable  ");
-        out.write(displayText(verdict.path));
+        out.write(displayUtf8(verdict.path));
         out.write('\n');
     }
 }

@@ -8,10 +8,12 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include "cli/display_text.h"
 #include "cli/output.h"
-#include "core/byte_count.h"
+#include "cli/terminal_text.h"
 #include "core/checked_add.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
+#include "platform/ascii_case.h"
 
 namespace corvane {
 
@@ -37,14 +39,14 @@ std::string questionText(const std::vector<RemovalStep> &steps, bool permanently
     for (const RemovalStep &step : steps) {
         const bool stays = step.action == RemovalStep::Action::refuse;
         text += fmt::format("{}  {}{}\n", rightAligned(stays ? "–" : formatByteCount(step.size), sizeColumns),
-                            displayText(step.path), note(step, permanently));
+                            displayUtf8(step.path), note(step, permanently));
         if (stays)
             continue;
         ++count;
         inTrash += step.action == RemovalStep::Action::erase ? 1 : 0;
         total = checkedAdd(total, step.size);
     }
-    const std::string items = countText(count, "item", "items");
+    const std::string items = formatCount(count, "item", "items");
     const std::string size = formatByteCount(total);
     if (permanently) {
         text += fmt::format("Permanently delete {}?\n"
@@ -54,7 +56,7 @@ std::string questionText(const std::vector<RemovalStep> &steps, bool permanently
     } else {
         if (inTrash > 0) {
             text += fmt::format("{} of them {} in the Trash and will be deleted permanently\n", inTrash,
-                                inTrash == 1 ? "is" : "are");
+                                plural(inTrash, "is", "are"));
         }
         text += fmt::format("Move {} ({}) to Trash? [y/N] ", items, size);
     }
@@ -71,7 +73,7 @@ std::string readLine()
             continue;
         if (count != 1 || c == '\n')
             return line;
-        line += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        line += lowerAscii(c);
     }
 }
 

@@ -6,7 +6,6 @@
 
 #include <fmt/format.h>
 
-#include "cli/display_text.h"
 #include "cli/path_argument.h"
 #include "cli/removal_question.h"
 #include "cli/remove_json.h"
@@ -17,6 +16,8 @@
 #include "core/scan_words.h"
 #include "core/scanner.h"
 #include "core/selection.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
 
 namespace corvane {
 
@@ -102,13 +103,13 @@ ExitStatus RemoveCommand::run(Console &console, const Host &host) const
     if (json)
         writeRemovalJson(outcome, message, console.out);
     else
-        console.out.write(displayText(message) + "\n");
+        console.out.write(displayUtf8(message) + "\n");
     for (const RemovalFailure &failure : outcome.failures)
         console.complain(failure.line);
     if (outcome.isStopped) {
         const std::size_t untouched = steps.size() - outcome.removed.size() - outcome.failures.size();
         console.complain(fmt::format("stopped; {} left as before",
-                                     countText(static_cast<std::int64_t>(untouched), "item", "items")));
+                                     formatCount(static_cast<std::int64_t>(untouched), "item", "items")));
     }
     return outcome.failures.empty() && !outcome.isStopped ? ExitStatus::done : ExitStatus::doneWithFailures;
 }

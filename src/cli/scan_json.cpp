@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "cli/json_writer.h"
-#include "cli/utf8.h"
 
 namespace corvane {
 

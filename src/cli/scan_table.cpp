@@ -5,10 +5,11 @@
 
 #include <fmt/format.h>
 
-#include "cli/display_text.h"
 #include "cli/folder_heading.h"
 #include "cli/size_bar.h"
-#include "core/byte_count.h"
+#include "cli/terminal_text.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
 #include "map/treemap_builder.h"
 
 namespace corvane {
@@ -34,7 +35,7 @@ void writeRow(const Row &row, std::int64_t whole, Console &console)
     const std::size_t nameColumns = std::max(columns - std::min(columns, columnsBeforeName), leastNameColumns);
     const double share = whole > 0 ? static_cast<double>(row.size) / static_cast<double>(whole) : 0;
     console.out.write(fmt::format("{}  {}  {}  {}\n", rightAligned(formatByteCount(row.size), sizeColumns),
-                                  rightAligned(percentText(row.size, whole), percentColumns),
+                                  rightAligned(formatPercent(percentOf(row.size, whole)), percentColumns),
                                   console.colored(sizeBar(share, barColumns), row.color),
                                   elided(row.name, nameColumns)));
 }
@@ -51,7 +52,7 @@ void writeItems(const FileNode &root, Console &console)
         const TreemapItem &item = items[i];
         const bool isFolder = item.node && item.node->kind != FileNode::Kind::file;
         writeRow({item.size, TreemapBuilder::itemColor(item.node.get(), static_cast<int>(i)),
-                  displayText(item.label) + (isFolder ? "/" : "")},
+                  displayUtf8(item.label) + (isFolder ? "/" : "")},
                  root.size, console);
     }
 }

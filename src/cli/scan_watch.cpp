@@ -11,9 +11,10 @@
 #include <unistd.h>
 
 #include "cli/console.h"
-#include "cli/display_text.h"
-#include "core/byte_count.h"
+#include "cli/terminal_text.h"
 #include "core/path_guard.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
 
 namespace corvane {
 
@@ -98,12 +99,12 @@ void ScanWatch::run()
 void ScanWatch::draw()
 {
     const ScanProgress::Counters counters = m_progress.counters();
-    const std::string figures =
-        fmt::format("Scanning… {} · {}  ", countText(counters.files, "file", "files"), formatByteCount(counters.bytes));
+    const std::string figures = fmt::format("Scanning… {} · {}  ", formatCount(counters.files, "file", "files"),
+                                            formatByteCount(counters.bytes));
     // The last column stays free: some terminals break the line when it is written to.
     const std::size_t columns = Console::errorColumns() - 1;
     const std::size_t taken = displayWidth(figures);
-    const std::string path = pathText(counters.current, PathGuard::home());
+    const std::string path = formatPath(counters.current, PathGuard::home());
     const std::string line =
         taken < columns ? figures + elidedAtFront(path, columns - taken) : elided(figures, columns);
     writeToTerminal(std::string(clearLine) + line);

@@ -6,7 +6,8 @@
 #include <fmt/format.h>
 
 #include "cli/breakdown_json.h"
-#include "cli/display_text.h"
+#include "cli/terminal_text.h"
+#include "core/words/display_text.h"
 #include "disk/disk_accountant.h"
 
 namespace corvane {
@@ -38,7 +39,7 @@ ExitStatus SnapshotsCommand::run(Console &console) const
     if (snapshots.empty())
         console.out.write("No local snapshots\n");
     for (const LocalSnapshot &snapshot : snapshots)
-        console.out.write(leftAligned(dateText(snapshot), dateColumns) + "  " + displayText(snapshot.name) + "\n");
+        console.out.write(leftAligned(dateText(snapshot), dateColumns) + "  " + displayUtf8(snapshot.name) + "\n");
     return ExitStatus::done;
 }
 

@@ -8,6 +8,8 @@
 #include "core/file_type.h"
 #include "core/path_guard.h"
 #include "core/scanner.h"
+#include "core/words/display_text.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -70,10 +72,7 @@ std::string FileNode::parentPath() const
 
 std::string FileNode::parentPath(std::string_view home) const
 {
-    std::string folder = folderPath();
-    if (home.size() > 1 && (folder == home || liesBeneath(folder, home)))
-        folder.replace(0, home.size(), "~");
-    return folder;
+    return withHomeShortened(folderPath(), home);
 }
 
 std::string_view FileNode::kindLabel() const
@@ -96,7 +95,7 @@ std::uint64_t FileNode::pathHash() const
 std::string_view FileNode::extension() const
 {
     // The root of the whole disk, whose name is not its last component, has none either way.
-    return pathExtension(name);
+    return nameExtension(name);
 }
 
 namespace {

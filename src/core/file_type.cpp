@@ -5,6 +5,8 @@
 #include <span>
 #include <unordered_map>
 
+#include "platform/ascii_case.h"
+
 namespace corvane {
 namespace {
 
@@ -95,8 +97,7 @@ FileType FileType::from(std::string_view extension, bool isPackage)
     if (extension.size() > longestExtension)
         return other;
     char lowered[longestExtension];
-    std::transform(extension.begin(), extension.end(), lowered,
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    std::ranges::transform(extension, lowered, [](char c) { return lowerAscii(c); });
     const TypeTable &table = isPackage ? packages : files;
     const auto found = table.find(std::string_view(lowered, extension.size()));
     return found == table.end() ? FileType(other) : found->second;
@@ -122,14 +123,6 @@ std::string_view FileType::caseName() const
 Color FileType::color() const
 {
     return allFacts[m_value].color;
-}
-
-std::string_view pathExtension(std::string_view name)
-{
-    const std::size_t dot = name.rfind('.');
-    if (dot == std::string_view::npos || dot == 0)
-        return {};
-    return name.substr(dot + 1);
 }
 
 } // namespace corvane

@@ -38,8 +38,4 @@ private:
     Case m_value;
 };
 
-/// What follows the last dot of a name; empty where there is no dot, where it is the first byte
-/// (".profile") or the last.
-[[nodiscard]] std::string_view pathExtension(std::string_view name);
-
 } // namespace corvane

@@ -3,19 +3,11 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/ascii_case.h"
+
 namespace corvane {
 
 namespace {
-
-std::string inSmallLetters(std::string_view text)
-{
-    std::string small(text);
-    for (char &c : small) {
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    }
-    return small;
-}
 
 /// How many slips lead from one word to the other.
 std::size_t slips(std::string_view from, std::string_view to)
@@ -46,7 +38,7 @@ std::optional<std::string> nearestName(std::string_view word, std::span<const st
     constexpr std::size_t longestWord = 64; // no name is nearly as long
     if (word.empty() || word.size() > longestWord)
         return std::nullopt;
-    const std::string small = inSmallLetters(word);
+    const std::string small = lowerAscii(std::string(word));
     const auto begun =
         std::ranges::find_if(names, [&small](const std::string &name) { return name.starts_with(small); });
     if (begun != names.end())

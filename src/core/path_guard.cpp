@@ -5,6 +5,7 @@
 
 #include "core/mount_map.h"
 #include "core/system_table.h"
+#include "platform/ascii_case.h"
 #include "platform/environment.h"
 
 namespace corvane {
@@ -222,14 +223,7 @@ bool ProtectedLocations::isUsersOwn(std::string_view path) const
 
 std::string ProtectedLocations::folded(std::string path) const
 {
-    // The tables hold nothing but ASCII, and only their letters matter.
-    if (m_ignoresCase) {
-        for (char &c : path) {
-            if (c >= 'A' && c <= 'Z')
-                c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
-    return path;
+    return m_ignoresCase ? lowerAscii(std::move(path)) : path;
 }
 
 bool PathGuard::isProtected(std::string_view path)

@@ -7,9 +7,9 @@
 #include <fmt/format.h>
 
 #include "core/allocated_size.h"
-#include "core/byte_count.h"
 #include "core/checked_add.h"
 #include "core/trash_move.h"
+#include "core/words/figures.h"
 
 namespace corvane {
 namespace {
@@ -280,8 +280,8 @@ std::string Removal::message(const RemovalOutcome &outcome, bool permanently)
         hasDeletedParts |= failure.left == RemovalFailure::Left::aPart;
     }
 
-    const std::size_t count = outcome.removed.size();
-    const std::string items = fmt::format("{} item{}", count, count == 1 ? "" : "s");
+    const auto count = static_cast<std::int64_t>(outcome.removed.size());
+    const std::string items = fmt::format("{} {}", count, plural(count, "item", "items"));
     std::string message;
     if (count == 0 && !hasDeletedParts)
         message = "Nothing was removed";

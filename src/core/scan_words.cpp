@@ -1,15 +1,13 @@
 #include "core/scan_words.h"
 
-#include <fmt/format.h>
-
-#include "core/byte_count.h"
+#include "core/words/figures.h"
 #include "platform/patient_open.h"
 
 namespace corvane {
 
 std::string deniedText(std::int64_t count)
 {
-    return fmt::format("{} folder{} could not be opened", formatCount(count), count == 1 ? "" : "s");
+    return formatCount(count, "folder", "folders") + " could not be opened";
 }
 
 std::string scanFailureText(const Error &failure)

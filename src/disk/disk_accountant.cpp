@@ -10,6 +10,7 @@
 #include "core/path_guard.h"
 #include "core/scanner.h"
 #include "core/volume_info.h"
+#include "core/words/figures.h"
 #include "disk/shell.h"
 #include "platform/walk_conditions.h"
 
@@ -49,11 +50,6 @@ bool addsUp(const APFSContainerInfo &container)
     return isPlausibleSize(container.ceiling) && isPlausibleSize(container.free) &&
            std::ranges::all_of(container.volumes,
                                [&used](const APFSVolumeInfo &volume) { return addForeign(used, volume.used); });
-}
-
-std::string plural(std::int64_t count)
-{
-    return count == 1 ? "" : "s";
 }
 
 std::string lastComponent(const std::string &path)
@@ -223,7 +219,8 @@ private:
             std::string detail = "Local Time Machine snapshots, iCloud copies and caches that macOS frees "
                                  "automatically when you need room. Finder counts it as available.";
             if (const auto count = static_cast<std::int64_t>(m_result.snapshots.size()); count > 0)
-                detail += fmt::format(" {} local Time Machine snapshot{} found.", count, plural(count));
+                detail +=
+                    fmt::format(" {} local Time Machine {} found.", count, plural(count, "snapshot", "snapshots"));
             add({"purgeable",
                  Kind::purgeable,
                  "Purgeable Space",
@@ -258,8 +255,8 @@ private:
             segment.detail += "Files macOS doesn't let apps measure: system caches and logs in /private/var, other "
                               "users' folders, the Spotlight index and snapshot data.";
             if (m_scan.unreadableCount > 0) {
-                segment.detail += fmt::format(" Corvane couldn't open {} folder{} during the scan.",
-                                              m_scan.unreadableCount, plural(m_scan.unreadableCount));
+                segment.detail += fmt::format(" Corvane couldn't open {} {} during the scan.", m_scan.unreadableCount,
+                                              plural(m_scan.unreadableCount, "folder", "folders"));
             }
             if (m_scan.isPartial)
                 segment.detail += " The scan was stopped, so most of this was not looked at.";

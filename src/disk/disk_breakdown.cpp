@@ -4,9 +4,9 @@
 
 #include <fmt/format.h>
 
-#include "core/byte_count.h"
 #include "core/checked_add.h"
 #include "core/file_node.h"
+#include "core/words/figures.h"
 
 namespace corvane {
 

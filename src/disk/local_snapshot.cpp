@@ -4,36 +4,13 @@
 #include <charconv>
 #include <ctime>
 
+#include "core/words/utf8.h"
+
 namespace corvane {
 
 namespace {
 
 constexpr std::size_t stampLength = 17; // "2024-05-01-101500"
-
-bool isValidUtf8(std::string_view bytes)
-{
-    for (std::size_t i = 0; i < bytes.size();) {
-        const auto lead = static_cast<unsigned char>(bytes[i]);
-        const std::size_t length = lead < 0x80                   ? 1
-                                   : lead >= 0xc2 && lead < 0xe0 ? 2
-                                   : lead >= 0xe0 && lead < 0xf0 ? 3
-                                   : lead >= 0xf0 && lead < 0xf5 ? 4
-                                                                 : 0;
-        if (length == 0 || i + length > bytes.size())
-            return false;
-        for (std::size_t k = 1; k < length; ++k) {
-            if ((static_cast<unsigned char>(bytes[i + k]) & 0xc0) != 0x80)
-                return false;
-        }
-        const auto second = length > 1 ? static_cast<unsigned char>(bytes[i + 1]) : 0;
-        if ((lead == 0xe0 && second < 0xa0) || (lead == 0xed && second > 0x9f) || (lead == 0xf0 && second < 0x90) ||
-            (lead == 0xf4 && second > 0x8f)) {
-            return false; // overlong, a surrogate, or beyond U+10FFFF
-        }
-        i += length;
-    }
-    return true;
-}
 
 // The characters that count as blank: the tab and Unicode's space separators.
 constexpr std::string_view blanks[] = {"\t",     " ",      "\u00A0", "\u1680", "\u2000", "\u2001",

@@ -8,9 +8,9 @@
 #include <QLocale>
 #include <QQuickStyle>
 
-#include "cli/display_text.h"
 #include "cli/path_argument.h"
-#include "disk/ui/date_text.h"
+#include "core/store/qt_words.h"
+#include "core/words/display_text.h"
 #include "main/command_line.h"
 #include "main/corvane_app.h"
 #include "main/start_environment.h"
@@ -67,7 +67,7 @@ int main(int argc, char **argv)
     // Qt has taken its own options out by now.
     const CommandLine line = commandLine(argc, argv);
     if (line.request == CommandLine::Request::wrong) {
-        std::fprintf(stderr, "corvane: %s (see corvane --help)\n", corvane::displayText(line.error).c_str());
+        std::fprintf(stderr, "corvane: %s (see corvane --help)\n", corvane::displayUtf8(line.error).c_str());
         return 2;
     }
 
@@ -75,7 +75,7 @@ int main(int argc, char **argv)
     if (!line.folder.empty()) {
         const corvane::Judged<std::string> judged = corvane::existingFolder(line.folder, corvane::systemHost().files);
         if (!judged) {
-            std::fprintf(stderr, "corvane: %s\n", corvane::displayText(judged.error()).c_str());
+            std::fprintf(stderr, "corvane: %s\n", corvane::displayUtf8(judged.error()).c_str());
             return 2;
         }
         folder = *judged;

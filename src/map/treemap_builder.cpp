@@ -7,9 +7,9 @@
 
 #include <fmt/format.h>
 
-#include "core/byte_count.h"
 #include "core/checked_add.h"
 #include "core/file_type.h"
+#include "core/words/figures.h"
 #include "map/treemap.h"
 
 namespace corvane {
@@ -94,12 +94,11 @@ std::vector<TreemapItem> TreemapBuilder::items(const FileNode &folder, std::size
     if (rest < 1) {
         const std::int64_t count = folder.smallFilesCount;
         if (folder.smallFilesSize > 0)
-            result.push_back({nullptr, fmt::format("{} small file{}", formatCount(count), count == 1 ? "" : "s"),
-                              folder.smallFilesSize});
+            result.push_back({nullptr, formatCount(count, "small file", "small files"), folder.smallFilesSize});
     } else {
         const auto count = static_cast<std::int64_t>(children.size() - shown);
-        result.push_back({nullptr, fmt::format("{} more item{}", formatCount(count), count == 1 ? "" : "s"),
-                          checkedAdd(rest, folder.smallFilesSize)});
+        result.push_back(
+            {nullptr, formatCount(count, "more item", "more items"), checkedAdd(rest, folder.smallFilesSize)});
     }
 
     std::erase_if(result, [](const TreemapItem &item) { return item.size < 1; });

@@ -9,6 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "platform/ascii_case.h"
 #include "platform/path.h"
 
 namespace corvane {
@@ -27,9 +28,7 @@ public:
     {
         if (extension.empty())
             return false;
-        std::string key(extension);
-        std::ranges::transform(key, key.begin(),
-                               [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+        std::string key = lowerAscii(std::string(extension));
         {
             const std::shared_lock lock(m_mutex);
             if (const auto known = m_answers.find(key); known != m_answers.end())

@@ -5,7 +5,7 @@
 #include <set>
 #include <vector>
 
-#include "cli/utf8.h"
+#include "core/words/utf8.h"
 
 namespace corvane {
 

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/path.h"
+
 namespace corvane {
 namespace {
 
@@ -148,30 +150,30 @@ TEST(FileType, UnknownExtensionIsOther)
 
 TEST(PathExtension, IsWhatFollowsTheLastDot)
 {
-    EXPECT_EQ(pathExtension("archive.tar.gz"), "gz");
-    EXPECT_EQ(pathExtension("a.b"), "b");
-    EXPECT_EQ(pathExtension(".config.json"), "json");
-    EXPECT_EQ(pathExtension("Report v1.2 final"), "2 final");
-    EXPECT_EQ(pathExtension("clip.MP4"), "MP4");
+    EXPECT_EQ(nameExtension("archive.tar.gz"), "gz");
+    EXPECT_EQ(nameExtension("a.b"), "b");
+    EXPECT_EQ(nameExtension(".config.json"), "json");
+    EXPECT_EQ(nameExtension("Report v1.2 final"), "2 final");
+    EXPECT_EQ(nameExtension("clip.MP4"), "MP4");
 }
 
 TEST(PathExtension, HiddenNameHasNone)
 {
-    EXPECT_EQ(pathExtension(".profile"), "");
+    EXPECT_EQ(nameExtension(".profile"), "");
 }
 
 TEST(PathExtension, NameThatEndsInADotHasNone)
 {
-    EXPECT_EQ(pathExtension("a."), "");
-    EXPECT_EQ(pathExtension("a.b."), "");
-    EXPECT_EQ(pathExtension("."), "");
-    EXPECT_EQ(pathExtension(".."), "");
+    EXPECT_EQ(nameExtension("a."), "");
+    EXPECT_EQ(nameExtension("a.b."), "");
+    EXPECT_EQ(nameExtension("."), "");
+    EXPECT_EQ(nameExtension(".."), "");
 }
 
 TEST(PathExtension, NameWithoutADotHasNone)
 {
-    EXPECT_EQ(pathExtension("Makefile"), "");
-    EXPECT_EQ(pathExtension(""), "");
+    EXPECT_EQ(nameExtension("Makefile"), "");
+    EXPECT_EQ(nameExtension(""), "");
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "core/byte_count.h"
+#include "core/words/figures.h"
 #include "journeys/held_listing.h"
 #include "journeys/journey.h"
 #include "shell/ui/theme.h"

@@ -52,12 +52,6 @@ TEST(TileInfoPill, TheTitleIsTheLabelAsText)
     EXPECT_EQ(pill.title, QStringLiteral("broken\uFFFD"));
 }
 
-TEST(TileInfoPill, TheShareOfAFolderOfNothingIsNothing)
-{
-    EXPECT_EQ(percentOf(5, 0), 0);
-    EXPECT_EQ(percentOf(1, 4), 25);
-}
-
 const QRectF bounds(0, 0, 700, 600);
 const QSizeF panel(200, 50);
 

@@ -43,18 +43,6 @@ TEST_F(OverviewPresenterTest, TheSubtitleFollowsTheScan)
     EXPECT_EQ(presenter.subtitle(), QStringLiteral("Macintosh HD · scanned just now"));
 }
 
-TEST(AgoText, CountsInTheLargestUnitThatFits)
-{
-    EXPECT_EQ(agoText(0), QStringLiteral("just now"));
-    EXPECT_EQ(agoText(59), QStringLiteral("just now"));
-    EXPECT_EQ(agoText(60), QStringLiteral("1 minute ago"));
-    EXPECT_EQ(agoText(3'599), QStringLiteral("59 minutes ago"));
-    EXPECT_EQ(agoText(3'600), QStringLiteral("1 hour ago"));
-    EXPECT_EQ(agoText(7'200), QStringLiteral("2 hours ago"));
-    EXPECT_EQ(agoText(86'400), QStringLiteral("1 day ago"));
-    EXPECT_EQ(agoText(10 * 86'400), QStringLiteral("10 days ago"));
-}
-
 TEST_F(OverviewPresenterTest, TheVolumesFiguresFollowARemoval)
 {
     addFile("Movies/a.mov", 5'000'000);

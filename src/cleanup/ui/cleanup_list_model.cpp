@@ -5,7 +5,7 @@
 #include "cleanup/cleanup_items.h"
 #include "cleanup/ui/cleanup_row_data.h"
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "shell/ui/selecting.h"
 
 namespace corvane {

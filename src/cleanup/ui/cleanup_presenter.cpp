@@ -1,7 +1,7 @@
 #include "cleanup/ui/cleanup_presenter.h"
 
-#include "core/byte_count.h"
 #include "core/store/followed_store.h"
+#include "core/store/qt_words.h"
 
 namespace corvane {
 
@@ -21,8 +21,7 @@ QString CleanupPresenter::subtitle() const
         return QStringLiteral("Measuring caches…");
     if (!m_store || m_store->cleanupItems().empty())
         return {};
-    return QString::fromStdString(formatByteCount(m_store->safeCleanupTotal())) +
-           QStringLiteral(" of caches & build junk is safe to clear");
+    return sizeText(m_store->safeCleanupTotal()) + QStringLiteral(" of caches & build junk is safe to clear");
 }
 
 bool CleanupPresenter::isMeasuring() const

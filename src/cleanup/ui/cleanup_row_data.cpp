@@ -2,12 +2,10 @@
 
 #include <array>
 
-#include <QLocale>
 #include <QStringList>
 
 #include "cleanup/ui/cleanup_list_model.h"
-#include "core/byte_count.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "shell/ui/cleanup_words.h"
 #include "shell/ui/file_icons.h"
 
@@ -57,16 +55,9 @@ QString kindName(Kind kind)
     return {};
 }
 
-QString sizeText(std::int64_t size)
-{
-    return QString::fromStdString(formatByteCount(size));
-}
-
 QString moreText(std::size_t count)
 {
-    return QStringLiteral("+ %1 smaller %2")
-        .arg(QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qulonglong>(count)),
-             count == 1 ? QStringLiteral("item") : QStringLiteral("items"));
+    return QStringLiteral("+ ") + countText(static_cast<std::int64_t>(count), "smaller item", "smaller items");
 }
 
 /// "harbor-app/node_modules": what it is called, and in which project.

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "platform/path.h"
 
 namespace corvane {

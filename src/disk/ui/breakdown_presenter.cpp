@@ -7,10 +7,8 @@
 #include <QGuiApplication>
 #include <QLocale>
 
-#include "core/byte_count.h"
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
-#include "disk/ui/date_text.h"
+#include "core/store/qt_words.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -19,11 +17,6 @@ namespace {
 
 constexpr qsizetype legendLength = 5;
 constexpr std::size_t snapshotsShown = 6;
-
-QString bytes(std::int64_t count)
-{
-    return QString::fromStdString(formatByteCount(count));
-}
 
 SnapshotText lineOf(const LocalSnapshot &snapshot)
 {
@@ -107,17 +100,17 @@ QString BreakdownPresenter::percentage() const
 
 QString BreakdownPresenter::used() const
 {
-    return isAvailable() ? bytes(breakdown()->used()) : QString();
+    return isAvailable() ? sizeText(breakdown()->used()) : QString();
 }
 
 QString BreakdownPresenter::usedOf() const
 {
-    return isAvailable() ? QStringLiteral(" used of ") + bytes(breakdown()->total) : QString();
+    return isAvailable() ? QStringLiteral(" used of ") + sizeText(breakdown()->total) : QString();
 }
 
 QString BreakdownPresenter::free() const
 {
-    return isAvailable() ? bytes(breakdown()->free) : QString();
+    return isAvailable() ? sizeText(breakdown()->free) : QString();
 }
 
 QString BreakdownPresenter::freeOn() const
@@ -146,7 +139,7 @@ QList<StackedBarPart> BreakdownPresenter::parts() const
     QList<StackedBarPart> parts = usedParts();
     if (isAvailable()) {
         const std::int64_t size = std::max<std::int64_t>(0, breakdown()->free);
-        parts.append({freePart(), QStringLiteral("Free"), bytes(size), Theme::instance()->track(), size});
+        parts.append({freePart(), QStringLiteral("Free"), sizeText(size), Theme::instance()->track(), size});
     }
     return parts;
 }

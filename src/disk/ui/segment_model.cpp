@@ -5,27 +5,13 @@
 
 #include <QColor>
 
-#include <fmt/format.h>
-
-#include "core/byte_count.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
+#include "core/words/figures.h"
 #include "shell/ui/qt_color.h"
 
 namespace corvane {
 
 namespace {
-
-QString shareText(std::int64_t size, std::int64_t used)
-{
-    const double percent = used < 1 ? 0 : 100.0 * static_cast<double>(size) / static_cast<double>(used);
-    // Not by Qt, which rounds what lies halfway up instead of to the even figure.
-    return QString::fromStdString(fmt::format("{:.0f}%", percent));
-}
-
-QString sizeText(std::int64_t size)
-{
-    return QString::fromStdString(formatByteCount(size));
-}
 
 QList<NamedSizeText> largestItems(const BreakdownSegment &segment)
 {
@@ -46,7 +32,7 @@ void SegmentModel::setSegments(const std::vector<BreakdownSegment> &segments, st
         QString id = displayText(segment.id);
         while (std::ranges::find(wanted, id, &Row::id) != wanted.end())
             id += QLatin1Char('+');
-        wanted.push_back({id, segment, shareText(segment.size, used)});
+        wanted.push_back({id, segment, percentText(percentOf(segment.size, used), 0)});
     }
     setRows(m_rows, std::move(wanted), &Row::id);
 }

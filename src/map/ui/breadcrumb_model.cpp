@@ -7,7 +7,8 @@
 #include <QFontMetricsF>
 
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
+#include "core/words/figures.h"
 #include "map/ui/map_metrics.h"
 #include "map/ui/tree_path.h"
 #include "shell/ui/theme.h"
@@ -119,7 +120,7 @@ QStringList BreadcrumbModel::collapsedNames() const
 QString BreadcrumbModel::collapsedText() const
 {
     const qsizetype count = collapsedNames().size();
-    return QString::number(count) + (count == 1 ? QStringLiteral(" more folder") : QStringLiteral(" more folders"));
+    return QString::number(count) + displayText(plural(count, " more folder", " more folders"));
 }
 
 int BreadcrumbModel::rowCount(const QModelIndex &parent) const

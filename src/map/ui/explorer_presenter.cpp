@@ -2,9 +2,8 @@
 
 #include <QKeySequence>
 
-#include "core/byte_count.h"
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "map/treemap_builder.h"
 
 namespace corvane {
@@ -33,16 +32,12 @@ QString ExplorerPresenter::folderName() const
 
 QString ExplorerPresenter::folderSize() const
 {
-    return folder() ? QString::fromStdString(formatByteCount(folder()->size)) : QString();
+    return folder() ? sizeText(folder()->size) : QString();
 }
 
 QString ExplorerPresenter::fileCount() const
 {
-    if (!folder())
-        return {};
-    const std::int64_t count = folder()->fileCount;
-    return QString::fromStdString(formatCount(count)) +
-           (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
+    return folder() ? countText(folder()->fileCount, "file", "files") : QString();
 }
 
 QString ExplorerPresenter::partialText() const

@@ -4,11 +4,9 @@
 #include <utility>
 
 #include <QColor>
-#include <QLocale>
 
-#include "core/byte_count.h"
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "map/treemap_builder.h"
 #include "map/ui/tile_info_pill.h"
 #include "map/ui/tree_path.h"
@@ -25,15 +23,9 @@ const QList<int> checkRoles{FolderContentsModel::CheckStateRole, FolderContentsM
 const QList<int> figureRoles{FolderContentsModel::SizeTextRole, FolderContentsModel::FractionRole,
                              FolderContentsModel::BarColorRole, FolderContentsModel::DescriptionRole};
 
-QString sizeText(std::int64_t size)
-{
-    return QString::fromStdString(formatByteCount(size));
-}
-
 QString smallFilesText(std::int64_t count)
 {
-    return QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qlonglong>(count)) +
-           (count == 1 ? QStringLiteral(" smaller file (< 1 MB)") : QStringLiteral(" smaller files (< 1 MB)"));
+    return countText(count, "smaller file (< 1 MB)", "smaller files (< 1 MB)");
 }
 
 } // namespace

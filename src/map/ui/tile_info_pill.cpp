@@ -2,10 +2,7 @@
 
 #include <algorithm>
 
-#include <fmt/format.h>
-
-#include "core/byte_count.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "shell/ui/node_actions.h"
 
 namespace corvane {
@@ -33,7 +30,7 @@ TileInfoPill::TileInfoPill(const TreemapTile &tile)
 
 QString TileInfoPill::info(double percent) const
 {
-    QString text = QString::fromStdString(formatByteCount(size)) + QStringLiteral(" · ") + percentText(percent);
+    QString text = sizeText(size) + QStringLiteral(" · ") + percentText(percent);
     if (opens)
         text += QStringLiteral(" · click to open");
     return text;
@@ -43,17 +40,6 @@ QPointF TileInfoPill::place(QPointF pointer, QSizeF panel, const QRectF &bounds)
 {
     return {placed(pointer.x(), pointerGap.x(), panel.width(), bounds.left(), bounds.right()),
             placed(pointer.y(), pointerGap.y(), panel.height(), bounds.top(), bounds.bottom())};
-}
-
-double percentOf(std::int64_t size, std::int64_t whole)
-{
-    return whole > 0 ? 100.0 * static_cast<double>(size) / static_cast<double>(whole) : 0;
-}
-
-QString percentText(double percent)
-{
-    // Not by Qt, which rounds what lies halfway up instead of to the even figure.
-    return QString::fromStdString(fmt::format("{:.1f}%", percent));
 }
 
 } // namespace corvane

@@ -27,10 +27,4 @@ struct TileInfoPill {
     [[nodiscard]] static QPointF place(QPointF pointer, QSizeF panel, const QRectF &bounds);
 };
 
-/// The share of `whole` that `size` is, from 0 to 100; 0 where the whole is nothing.
-[[nodiscard]] double percentOf(std::int64_t size, std::int64_t whole);
-
-/// A percentage as people read it: "4.3%".
-[[nodiscard]] QString percentText(double percent);
-
 } // namespace corvane

@@ -5,8 +5,7 @@
 
 #include <QPainter>
 
-#include "core/byte_count.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "core/store/storage_store.h"
 #include "map/ui/treemap_painter.h"
 #include "shell/ui/theme.h"
@@ -30,7 +29,7 @@ std::vector<TileFace> facesOf(const TreemapScene &scene)
                       .role = tiles.role(i),
                       .rank = tiles.rank(i),
                       .label = displayText(tile.label),
-                      .sizeText = QString::fromStdString(formatByteCount(tile.size))};
+                      .sizeText = corvane::sizeText(tile.size)};
         face.checked = anySelected && tile.node && scene.store->isSelected(tile.node->path());
         if (tile.depth == 0)
             topIsHatched = face.hatched = face.checked || allCovered;

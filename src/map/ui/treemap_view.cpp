@@ -14,9 +14,9 @@
 #include <QQuickWindow>
 #include <QStyleHints>
 
-#include "core/byte_count.h"
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
+#include "core/words/figures.h"
 #include "map/ui/tile_info_pill.h"
 #include "map/ui/tree_path.h"
 #include "map/ui/treemap_accessible.h"
@@ -568,8 +568,8 @@ void TreemapView::focusInEvent(QFocusEvent *event)
 QString TreemapView::tileName(int index) const
 {
     const TreemapTile &tile = layout().tile(index);
-    return displayText(tile.label) + QStringLiteral(", ") + QString::fromStdString(formatByteCount(tile.size)) +
-           QStringLiteral(", ") + percentText(percentOf(tile.size, m_folder->size));
+    return displayText(tile.label) + QStringLiteral(", ") + sizeText(tile.size) + QStringLiteral(", ") +
+           percentText(percentOf(tile.size, m_folder->size));
 }
 
 bool TreemapView::tileOpens(int index) const

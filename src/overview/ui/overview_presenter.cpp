@@ -6,11 +6,10 @@
 
 #include <fmt/format.h>
 
-#include "core/byte_count.h"
 #include "core/checked_add.h"
 #include "core/scan_words.h"
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "map/treemap_builder.h"
 #include "shell/ui/cleanup_words.h"
 #include "shell/ui/file_icons.h"
@@ -23,38 +22,12 @@ namespace {
 
 constexpr int clockInterval = 20'000; // milliseconds
 
-QString sizeText(std::int64_t size)
-{
-    return QString::fromStdString(formatByteCount(size));
-}
-
-QString countText(std::int64_t count)
-{
-    return QString::fromStdString(formatCount(count));
-}
-
 QString filesText(std::int64_t count)
 {
-    return countText(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
+    return countText(count, "file", "files");
 }
 
 } // namespace
-
-QString agoText(std::int64_t seconds)
-{
-    struct Unit {
-        std::int64_t length;
-        QString name;
-    };
-    static const std::array<Unit, 3> units{
-        {{86'400, QStringLiteral("day")}, {3'600, QStringLiteral("hour")}, {60, QStringLiteral("minute")}}};
-    for (const Unit &unit : units) {
-        if (const std::int64_t count = seconds / unit.length; count > 0)
-            return countText(count) + u' ' + unit.name + (count == 1 ? QString() : QStringLiteral("s")) +
-                   QStringLiteral(" ago");
-    }
-    return QStringLiteral("just now");
-}
 
 OverviewPresenter::OverviewPresenter(QObject *parent) : QObject(parent)
 {

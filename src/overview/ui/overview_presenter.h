@@ -14,9 +14,6 @@
 
 namespace corvane {
 
-/// How long ago something was that happened so many seconds ago: "just now", "1 minute ago", "3 hours ago".
-[[nodiscard]] QString agoText(std::int64_t seconds);
-
 /// What the overview's cards say, and where they lead. Reads the store, changes nothing. Main thread only.
 class OverviewPresenter : public QObject {
     Q_OBJECT

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/ascii_case.h"
+
 namespace corvane {
 
 namespace {
@@ -77,11 +79,6 @@ static_assert(std::ranges::is_sorted(packageExtensions));
 constexpr std::size_t longestExtension =
     std::ranges::max(packageExtensions, {}, [](std::string_view e) { return e.size(); }).size();
 
-constexpr char lowerAscii(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 } // namespace
 
 bool isKnownPackageExtension(std::string_view extension)
@@ -89,7 +86,7 @@ bool isKnownPackageExtension(std::string_view extension)
     if (extension.empty() || extension.size() > longestExtension)
         return false;
     std::array<char, longestExtension> buffer{};
-    std::ranges::transform(extension, buffer.begin(), lowerAscii);
+    std::ranges::transform(extension, buffer.begin(), [](char c) { return lowerAscii(c); });
     return std::ranges::binary_search(packageExtensions, std::string_view(buffer.data(), extension.size()));
 }
 

@@ -1,20 +1,17 @@
 #include "shell/ui/cleanup_words.h"
 
-#include <QLocale>
-
-#include "core/byte_count.h"
+#include "core/store/qt_words.h"
 
 namespace corvane {
 
 QString itemsText(std::size_t count)
 {
-    return QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qulonglong>(count)) +
-           (count == 1 ? QStringLiteral(" item") : QStringLiteral(" items"));
+    return countText(static_cast<std::int64_t>(count), "item", "items");
 }
 
 QString totalText(const CleanupItem &item)
 {
-    return item.accessible ? QString::fromStdString(formatByteCount(item.total())) : QStringLiteral("–");
+    return item.accessible ? sizeText(item.total()) : QStringLiteral("–");
 }
 
 QString countText(const CleanupItem &item)

@@ -3,6 +3,7 @@
 #include <QMutexLocker>
 
 #include "core/file_type.h"
+#include "platform/path.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/icon_provider.h"
 #include "shell/ui/system_file_icon.h"
@@ -52,7 +53,7 @@ std::string_view iconName(FileType type, FileNode::Kind kind)
 QImage drawnIcon(const std::string &path, FileNode::Kind kind, int pixels)
 {
     const std::string_view name = std::string_view(path).substr(path.rfind('/') + 1);
-    const FileType type = FileType::from(pathExtension(name), kind == FileNode::Kind::package);
+    const FileType type = FileType::from(nameExtension(name), kind == FileNode::Kind::package);
     return renderIcon(iconName(type, kind), IconWeight::fill, fileIconColor(type, kind), pixels);
 }
 

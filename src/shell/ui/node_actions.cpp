@@ -7,7 +7,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "core/store/storage_store.h"
 #include "shell/ui/desktop_words.h"
 #include "shell/ui/selecting.h"

@@ -1,6 +1,6 @@
 #include "shell/ui/selecting.h"
 
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "core/store/storage_store.h"
 
 namespace corvane {

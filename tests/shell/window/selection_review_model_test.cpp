@@ -54,6 +54,20 @@ TEST_F(Review, AFolderBesideTheHomeFolderIsNotShortened)
     EXPECT_THAT(texts(SelectionReviewModel::PathRole), ElementsAre("/home/studio2/a.zip"));
 }
 
+TEST(ReviewOfAnotherHome, AHomeThatIsTheRootOfTheDiskShortensNothing)
+{
+    FakeHost fake;
+    fake.files.setHome("/");
+    const Host host = fake.host();
+    const ProtectedLocations locations{"/", ProtectedPlaces{}};
+    StorageStore store{host, locations};
+    SelectionReviewModel model;
+    model.setStore(&store);
+    store.setSelected("/srv/big.iso", 1, true);
+    ASSERT_EQ(model.rowCount(), 1);
+    EXPECT_EQ(model.index(0).data(SelectionReviewModel::PathRole).toString(), QStringLiteral("/srv/big.iso"));
+}
+
 TEST_F(Review, NamesThatAreNotTextAreShownAndDropped)
 {
     fake.select("bad\xff\nname", 2'000'000);

@@ -7,6 +7,8 @@
 #include <QPixmap>
 
 #include "core/file_type.h"
+#include "platform/ascii_case.h"
+#include "platform/path.h"
 #include "shell/ui/system_file_icon.h"
 
 namespace corvane {
@@ -40,10 +42,7 @@ std::string iconPath(const std::string &path, FileNode::Kind kind)
     if (kind == FileNode::Kind::directory)
         return "/folder";
     const std::string_view name = std::string_view(path).substr(path.rfind('/') + 1);
-    std::string extension(pathExtension(name));
-    std::ranges::transform(extension, extension.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return (kind == FileNode::Kind::package ? "/package." : "/file.") + extension;
+    return (kind == FileNode::Kind::package ? "/package." : "/file.") + lowerAscii(std::string(nameExtension(name)));
 }
 
 } // namespace corvane

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/byte_count.h"
 #include "core/store/followed_store.h"
+#include "core/store/qt_words.h"
 
 namespace corvane {
 
@@ -22,7 +22,7 @@ QString DiskGaugePresenter::text() const
     if (!m_store)
         return {};
     const VolumeInfo &volume = m_store->volume();
-    return QString::fromStdString(formatByteCount(volume.available) + " free of " + formatByteCount(volume.total));
+    return sizeText(volume.available) + QStringLiteral(" free of ") + sizeText(volume.total);
 }
 
 double DiskGaugePresenter::usedFraction() const

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 
 namespace corvane {
 

@@ -1,10 +1,7 @@
 #include "shell/ui/window/scan_presenter.h"
 
-#include <QLocale>
-
-#include "core/byte_count.h"
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "shell/ui/window/folder_url.h"
 
 namespace corvane {
@@ -93,13 +90,12 @@ QString ScanPresenter::heading() const
 
 QString ScanPresenter::filesCounted() const
 {
-    const QLocale english(QLocale::English, QLocale::UnitedStates);
-    return english.toString(m_store ? static_cast<qlonglong>(m_store->scannedFiles()) : 0);
+    return countText(m_store ? m_store->scannedFiles() : 0);
 }
 
 QString ScanPresenter::spaceFound() const
 {
-    return QString::fromStdString(formatByteCount(m_store ? m_store->scannedBytes() : 0));
+    return sizeText(m_store ? m_store->scannedBytes() : 0);
 }
 
 QString ScanPresenter::currentPath() const

@@ -4,10 +4,10 @@
 
 #include <QStringList>
 
-#include "core/byte_count.h"
 #include "core/checked_add.h"
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
+#include "core/words/figures.h"
 
 namespace corvane {
 
@@ -17,12 +17,7 @@ constexpr std::size_t namedItems = 3; ///< of those that a question is about
 
 QString itemCount(std::size_t count)
 {
-    return count == 1 ? QStringLiteral("1 item") : QStringLiteral("%1 items").arg(count);
-}
-
-QString sizeText(std::int64_t bytes)
-{
-    return QString::fromStdString(formatByteCount(bytes));
+    return QString::number(count) + displayText(plural(static_cast<std::int64_t>(count), " item", " items"));
 }
 
 } // namespace
@@ -78,7 +73,7 @@ QString SelectionPresenter::trashNote() const
         return {};
     return QStringLiteral("%1 of them %2 in the Trash and will be deleted permanently")
         .arg(m_inTrash.count)
-        .arg(m_inTrash.count == 1 ? QStringLiteral("is") : QStringLiteral("are"));
+        .arg(displayText(plural(static_cast<std::int64_t>(m_inTrash.count), "is", "are")));
 }
 
 QString SelectionPresenter::trashTitle() const

@@ -2,10 +2,9 @@
 
 #include <string_view>
 
-#include "core/byte_count.h"
 #include "core/path_guard.h"
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 #include "shell/ui/file_icons.h"
 
 namespace corvane {
@@ -21,13 +20,6 @@ FileNode::Kind kindOf(const StorageStore &store, const std::string &path)
     if (!facts || facts->type != EntryType::directory)
         return FileNode::Kind::file;
     return facts->isPackage ? FileNode::Kind::package : FileNode::Kind::directory;
-}
-
-QString shortenedPath(std::string_view path, std::string_view home)
-{
-    if (!liesBeneath(path, home))
-        return displayText(path);
-    return u'~' + displayText(path.substr(home.size()));
 }
 
 } // namespace
@@ -84,9 +76,9 @@ QVariant SelectionReviewModel::data(const QModelIndex &index, int role) const
     case NameRole:
         return displayText(lastPathComponent(entry.path));
     case PathRole:
-        return shortenedPath(entry.path, m_store->locations().home());
+        return pathText(entry.path, m_store->locations().home());
     case SizeRole:
-        return QString::fromStdString(formatByteCount(entry.size));
+        return sizeText(entry.size);
     case IconKeyRole:
         return fileIconKey(entry.path, kindOf(*m_store, entry.path));
     case DropTitleRole:

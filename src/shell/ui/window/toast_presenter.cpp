@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/store/followed_store.h"
-#include "core/store/path_text.h"
+#include "core/store/qt_words.h"
 
 namespace corvane {
 

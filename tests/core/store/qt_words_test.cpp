@@ -1,8 +1,4 @@
-#include "disk/ui/date_text.h"
-
-#include <array>
-#include <optional>
-#include <utility>
+#include "core/store/qt_words.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +10,52 @@ std::string shown(const char *locale)
     const QDateTime when(QDate(2026, 11, 20), QTime(9, 14, 33));
     QString text = abbreviatedDateTime(when, QLocale(QLatin1String(locale)));
     return text.replace(QChar(0x202f), QLatin1Char(' ')).toStdString(); // newer locale data parts "AM" so
+}
+
+TEST(DisplayText, KeepsWhatIsValidText)
+{
+    EXPECT_EQ(displayText("Grüße 🎬.mov"), QStringLiteral("Grüße 🎬.mov"));
+}
+
+TEST(DisplayText, BytesThatAreNotUtf8BecomeReplacementCharacters)
+{
+    EXPECT_EQ(displayText("a\xff"
+                          "b"),
+              QStringLiteral("a\uFFFDb"));
+}
+
+TEST(DisplayText, ControlCharactersBecomeTheirPicturesSoThatANameStaysOnOneLine)
+{
+    EXPECT_EQ(displayText("a\nb\tc\x1b\x7f"), QStringLiteral("a\u240Ab\u2409c\u241B\u2421"));
+    EXPECT_EQ(displayText("a\u2028b\u0085c"), QStringLiteral("a\uFFFDb\uFFFDc"));
+}
+
+TEST(DisplayText, CharactersThatTurnTheDirectionOfWritingCannotDisguiseAName)
+{
+    EXPECT_EQ(displayText("photo\u202Egpj.app"), QStringLiteral("photo\uFFFDgpj.app"));
+    EXPECT_EQ(displayText("a\u2066b\u061Cc\u200Fd"), QStringLiteral("a\uFFFDb\uFFFDc\uFFFDd"));
+}
+
+TEST(DisplayText, NoncharactersAreReplaced)
+{
+    EXPECT_EQ(displayText("a\uFDD0b\uFFFEc\U0001FFFFd"), QStringLiteral("a\uFFFDb\uFFFDc\uFFFDd"));
+}
+
+TEST(PathText, IsShortenedAndSafe)
+{
+    EXPECT_EQ(pathText("/home/anna/a\xff", "/home/anna"), QStringLiteral("~/a\uFFFD"));
+    EXPECT_EQ(pathText("/srv/big.iso", "/"), QStringLiteral("/srv/big.iso"));
+}
+
+TEST(Figures, AreThoseOfTheEngine)
+{
+    EXPECT_EQ(sizeText(12'345'678), QStringLiteral("12.3 MB"));
+    EXPECT_EQ(countText(1'234'567), QStringLiteral("1,234,567"));
+    EXPECT_EQ(countText(1, "file", "files"), QStringLiteral("1 file"));
+    EXPECT_EQ(countText(2'000, "file", "files"), QStringLiteral("2,000 files"));
+    EXPECT_EQ(percentText(4.25), QStringLiteral("4.2%"));
+    EXPECT_EQ(percentText(4.25, 0), QStringLiteral("4%"));
+    EXPECT_EQ(agoText(7'200), QStringLiteral("2 hours ago"));
 }
 
 TEST(AbbreviatedDateTime, FollowsTheLocalesOrder)

@@ -1,8 +1,49 @@
-#include "disk/ui/date_text.h"
+#include "core/store/qt_words.h"
 
 #include <QRegularExpression>
 
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
+
 namespace corvane {
+
+QString displayText(std::string_view bytes)
+{
+    // A map or a list asks for thousands at once, and nearly all are shown as they are.
+    if (isDisplayText(bytes))
+        return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    return QString::fromStdString(displayUtf8(bytes));
+}
+
+QString pathText(std::string_view path, std::string_view home)
+{
+    return QString::fromStdString(formatPath(path, home));
+}
+
+QString sizeText(std::int64_t bytes)
+{
+    return QString::fromStdString(formatByteCount(bytes));
+}
+
+QString countText(std::int64_t count)
+{
+    return QString::fromStdString(formatCount(count));
+}
+
+QString countText(std::int64_t count, std::string_view one, std::string_view many)
+{
+    return QString::fromStdString(formatCount(count, one, many));
+}
+
+QString percentText(double percent, int digits)
+{
+    return QString::fromStdString(formatPercent(percent, digits));
+}
+
+QString agoText(std::int64_t seconds)
+{
+    return QString::fromStdString(formatAgo(seconds));
+}
 
 QLocale dateLocale()
 {
@@ -30,6 +71,11 @@ QString abbreviatedDateTime(const QDateTime &when, const QLocale &locale)
     const bool isEnglish = locale.language() == QLocale::English || locale.language() == QLocale::C;
     return locale.toString(when.date(), date) + (isEnglish ? QStringLiteral(" at ") : QStringLiteral(" ")) +
            locale.toString(when.time(), time);
+}
+
+QByteArray fileUrl(std::string_view path)
+{
+    return "file://" + QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size())).toPercentEncoding("/");
 }
 
 } // namespace corvane

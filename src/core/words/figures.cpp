@@ -1,4 +1,4 @@
-#include "core/byte_count.h"
+#include "core/words/figures.h"
 
 #include <fmt/format.h>
 
@@ -59,6 +59,40 @@ std::string formatCount(std::int64_t count)
         digits.insert(position, 1, ',');
     }
     return digits;
+}
+
+std::string formatCount(std::int64_t count, std::string_view one, std::string_view many)
+{
+    return fmt::format("{} {}", formatCount(count), plural(count, one, many));
+}
+
+std::string_view plural(std::int64_t count, std::string_view one, std::string_view many)
+{
+    return count == 1 ? one : many;
+}
+
+double percentOf(std::int64_t part, std::int64_t whole)
+{
+    return whole > 0 ? 100.0 * static_cast<double>(part) / static_cast<double>(whole) : 0;
+}
+
+std::string formatPercent(double percent, int digits)
+{
+    return fmt::format("{:.{}f}%", percent, digits);
+}
+
+std::string formatAgo(std::int64_t seconds)
+{
+    constexpr std::int64_t minute = 60;
+    constexpr std::int64_t hour = 60 * minute;
+    constexpr std::int64_t day = 24 * hour;
+    if (seconds >= day)
+        return formatCount(seconds / day, "day", "days") + " ago";
+    if (seconds >= hour)
+        return formatCount(seconds / hour, "hour", "hours") + " ago";
+    if (seconds >= minute)
+        return formatCount(seconds / minute, "minute", "minutes") + " ago";
+    return "just now";
 }
 
 } // namespace corvane

@@ -1,4 +1,4 @@
-#include "cli/utf8.h"
+#include "core/words/utf8.h"
 
 namespace corvane {
 

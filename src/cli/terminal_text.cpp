@@ -1,0 +1,70 @@
+#include "cli/terminal_text.h"
+
+#include <algorithm>
+
+#include "cli/character_width.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::string_view ellipsis = "…";
+
+} // namespace
+
+std::size_t displayWidth(std::string_view text)
+{
+    std::size_t width = 0;
+    for (std::size_t i = 0; i < text.size();) {
+        const Cluster cluster = nextCluster(text, i);
+        width += cluster.width;
+        i += cluster.length;
+    }
+    return width;
+}
+
+std::string elided(std::string_view text, std::size_t columns)
+{
+    if (displayWidth(text) <= columns)
+        return std::string(text);
+    if (columns == 0)
+        return {};
+    std::size_t kept = 0;
+    for (std::size_t width = 0; kept < text.size();) {
+        const Cluster cluster = nextCluster(text, kept);
+        if (width + cluster.width > columns - 1)
+            break;
+        width += cluster.width;
+        kept += cluster.length;
+    }
+    return std::string(text.substr(0, kept)) + std::string(ellipsis);
+}
+
+std::string elidedAtFront(std::string_view text, std::size_t columns)
+{
+    std::size_t width = displayWidth(text);
+    if (width <= columns)
+        return std::string(text);
+    if (columns == 0)
+        return {};
+    while (width > columns - 1) {
+        const Cluster cluster = nextCluster(text, 0);
+        width -= cluster.width;
+        text.remove_prefix(cluster.length);
+    }
+    return std::string(ellipsis) + std::string(text);
+}
+
+std::string rightAligned(std::string_view text, std::size_t columns)
+{
+    const std::size_t width = displayWidth(text);
+    return std::string(columns - std::min(columns, width), ' ') + std::string(text);
+}
+
+std::string leftAligned(std::string_view text, std::size_t columns)
+{
+    const std::size_t width = displayWidth(text);
+    return std::string(text) + std::string(columns - std::min(columns, width), ' ');
+}
+
+} // namespace corvane

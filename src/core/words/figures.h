@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+/// A byte count as files' sizes are written: decimal units, "Zero KB", "1 byte", "999 bytes", "12 KB",
+/// "12.3 MB", "12.35 GB"; trailing zeros dropped, always a point. A negative count is written as 0.
+[[nodiscard]] std::string formatByteCount(std::int64_t bytes);
+
+/// A count of items as it is written everywhere: "7", "1,234,567".
+[[nodiscard]] std::string formatCount(std::int64_t count);
+
+/// The same with what is counted: "1 file", "12,345 files".
+[[nodiscard]] std::string formatCount(std::int64_t count, std::string_view one, std::string_view many);
+
+/// The word that goes with a count: `one` for 1 alone.
+[[nodiscard]] std::string_view plural(std::int64_t count, std::string_view one, std::string_view many);
+
+/// The share of `whole` that `part` is, from 0 to 100; 0 where the whole is nothing.
+[[nodiscard]] double percentOf(std::int64_t part, std::int64_t whole);
+
+/// A percentage with that many digits after the point: "4.3%". What lies halfway goes to the even figure.
+[[nodiscard]] std::string formatPercent(double percent, int digits = 1);
+
+/// How long ago something was, in the largest unit that fits: "just now", "5 minutes ago", "1 day ago".
+[[nodiscard]] std::string formatAgo(std::int64_t seconds);
+
+} // namespace corvane
