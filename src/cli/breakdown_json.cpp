@@ -133,10 +133,8 @@ void writeBreakdownJson(const DiskBreakdown &breakdown, Output &out)
     json.value(breakdown.fromAPFS);
     writeNumber("overcount", breakdown.overcount, json);
     writeNumber("hidden", breakdown.hidden(), json);
-    if (breakdown.scanIsPartial) {
-        json.key("cancelled");
-        json.value(true);
-    }
+    json.key("cancelled");
+    json.value(breakdown.scanIsPartial);
     json.endObject();
     json.finish();
 }

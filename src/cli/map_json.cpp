@@ -43,10 +43,10 @@ void writeMapJson(const FolderScan &scan, const std::vector<TreemapTile> &tiles,
 {
     JsonWriter json(out);
     json.beginObject();
-    if (scan.isCancelled) {
-        json.key("cancelled");
-        json.value(true);
-    }
+    json.key("denied");
+    json.value(scan.denied);
+    json.key("cancelled");
+    json.value(scan.isCancelled);
     json.key("tiles");
     json.beginArray();
     for (const TreemapTile &tile : tiles)

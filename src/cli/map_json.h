@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// Writes the tiles of a scanned folder as one JSON document; one of a scan that was stopped says so.
+/// Writes the tiles of a scanned folder as one JSON document, with what is missing from them.
 void writeMapJson(const FolderScan &scan, const std::vector<TreemapTile> &tiles, Output &out);
 
 } // namespace corvane

@@ -55,7 +55,7 @@ TEST_F(BreakdownCommandTest, AScannedFolderIsASegmentOfItsOwn)
     EXPECT_EQ(scanned["size"], size);
     EXPECT_EQ(scanned["children"][0], (json{{"name", "films"}, {"size", m_folder.allocated("tree/films/one.mov")}}));
     EXPECT_EQ(scanned["action"], (json{{"kind", "openMap"}}));
-    EXPECT_FALSE(breakdown.contains("cancelled"));
+    EXPECT_EQ(breakdown["cancelled"], false);
 }
 
 TEST_F(BreakdownCommandTest, TheHomeFolderIsNamedAsSuch)

@@ -44,7 +44,9 @@ TEST_F(MapCommandTest, JsonHasEveryFieldOfATile)
 {
     const json map = document({"map", "tree"});
 
-    ASSERT_EQ(map.size(), 1u);
+    ASSERT_EQ(map.size(), 3u);
+    EXPECT_EQ(map["denied"], 0);
+    EXPECT_EQ(map["cancelled"], false);
     const json &tiles = map["tiles"];
     ASSERT_EQ(tiles.size(), 5u);
     const json &films = tiles[0];
@@ -123,7 +125,7 @@ TEST_F(MapCommandTest, TheTableNamesEveryTile)
 
 TEST_F(MapCommandTest, AnEmptyFolderHasNoTiles)
 {
-    EXPECT_EQ(document({"map", "home"}), (json{{"tiles", json::array()}}));
+    EXPECT_EQ(document({"map", "home"}), (json{{"denied", 0}, {"cancelled", false}, {"tiles", json::array()}}));
     EXPECT_NE(run({"map", "home"}).out.find("Nothing big here\n"), std::string::npos);
 }
 
@@ -221,6 +223,17 @@ TEST_F(MapCommandTest, APathThatCannotBeScannedIsRefusedAndNoPictureMade)
     EXPECT_FALSE(m_folder.has("map.svg"));
 }
 
+TEST_F(MapCommandTest, FoldersInsideThatCannotBeOpenedAreCounted)
+{
+    m_folder.makeUnreadable("tree/closed");
+    openToOrdinaryUser();
+
+    const json map = parsed(program({"map", "tree", "--json"}).asOrdinaryUser().run(), 0);
+
+    EXPECT_EQ(map["denied"], 1);
+    EXPECT_EQ(map["tiles"].size(), 5u);
+}
+
 TEST_F(MapCommandTest, AnUnreadableFolderHasNoTilesAndIsNamed)
 {
     m_folder.makeUnreadable("closed");
@@ -228,7 +241,7 @@ TEST_F(MapCommandTest, AnUnreadableFolderHasNoTilesAndIsNamed)
 
     const ProgramResult result = program({"map", "closed", "--json"}).asOrdinaryUser().run();
 
-    EXPECT_EQ(parsed(result, 1), (json{{"tiles", json::array()}}));
+    EXPECT_EQ(parsed(result, 1), (json{{"denied", 0}, {"cancelled", false}, {"tiles", json::array()}}));
     EXPECT_EQ(result.errors, "corvane-cli: cannot read " + m_folder / "closed" + ": Permission denied\n");
 }
 
