@@ -114,7 +114,8 @@ TEST(BreakdownJson, HasEveryFieldOfABreakdown)
               {"hasScan", false},
               {"fromAPFS", true},
               {"overcount", 7},
-              {"hidden", 10 * gb}}));
+              {"hidden", 10 * gb},
+              {"cancelled", false}}));
 }
 
 TEST(BreakdownJson, KindsAndActionsCarryTheirOwnNames)
