@@ -19,7 +19,7 @@ namespace corvane {
 /// The cleanup list: the catalogue in its groups, what expanded cards hold, and the build folders of the last
 /// scan. Rows come, go and move as the store's figures do; which cards are expanded is known here alone. Main
 /// thread only.
-class CleanupListModel : public RowListModel {
+class CleanupListModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)

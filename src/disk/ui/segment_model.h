@@ -29,7 +29,7 @@ public:
 
 /// The segments of a breakdown as rows, in its order. A new breakdown moves, inserts, removes and changes only the
 /// rows that differ. Main thread only.
-class SegmentModel : public RowListModel {
+class SegmentModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Given by the presenter")

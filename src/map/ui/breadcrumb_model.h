@@ -15,7 +15,7 @@ namespace corvane {
 /// The folders from the root of the scan to the folder shown, one row each. Knows how wide each is drawn, so
 /// that where they do not fit, those in the middle make room for an ellipsis, and in the end the last one is
 /// shortened. Main thread only.
-class BreadcrumbModel : public RowListModel {
+class BreadcrumbModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)

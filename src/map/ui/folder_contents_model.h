@@ -19,7 +19,7 @@ namespace corvane {
 /// The contents of the folder shown, one row for each child in the order of the tree, and a last row for its
 /// small files. Another folder resets the model; a change of the tree or of the selection changes rows.
 /// Main thread only.
-class FolderContentsModel : public RowListModel {
+class FolderContentsModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)

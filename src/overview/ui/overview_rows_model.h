@@ -26,7 +26,7 @@ struct OverviewRow {
 };
 
 /// The few rows of one card. New rows take the place of the old ones row by row. Main thread only.
-class OverviewRowsModel : public RowListModel {
+class OverviewRowsModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Given by the overview")

@@ -16,11 +16,12 @@
 namespace corvane {
 
 /// What list models share: turning their rows into others with the fewest signals, so that views keep their place,
-/// their current row and what is animated. A derived model keeps its rows in a vector of as many as `rowCount` says.
-/// Main thread only.
+/// their current row and what is animated. A derived model keeps its rows in a vector of as many as `rowCount` says,
+/// and names this base with its namespace, for qmllint looks the name up as written. Main thread only.
 class RowListModel : public QAbstractListModel {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("A base of models")
 
 public:
     /// A change of more steps than this is announced as one new layout: each step costs as much as the list is long,

@@ -14,7 +14,7 @@ namespace corvane {
 
 /// The entries that a removal would take, largest first, then by path: the effective selection. Main thread
 /// only.
-class SelectionReviewModel : public RowListModel {
+class SelectionReviewModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
