@@ -18,8 +18,10 @@ AppList {
     onActiveChanged: if (!active) rowsAtFirst = 0
 
     implicitHeight: Math.min(WindowMetrics.reviewListHeight, rowsAtFirst * rowHeight)
-    objectName: "reviewSheet.list"
     Accessible.name: qsTr("Selected items")
+    // The current row itself has the keyboard, so that a reader says it.
+    activeFocusOnTab: false
+    view.activeFocusOnTab: true
 
     /// At a point of a row.
     function showMenu(row: int, x: real, y: real) {
@@ -28,6 +30,7 @@ AppList {
     }
 
     rowHeight: WindowMetrics.reviewRowHeight
+    view.objectName: "reviewSheet.list"
     view.highlightFollowsCurrentItem: true
     view.highlightMoveDuration: 0
     view.onCountChanged: if (list.rowsAtFirst === 0) list.rowsAtFirst = list.view.count
@@ -42,7 +45,7 @@ AppList {
     }
     delegate: ReviewRow {
         width: list.width
-        highlighted: ListView.isCurrentItem && list.activeFocus
+        highlighted: ListView.isCurrentItem && list.view.activeFocus
         onDropped: row => entries.drop(row)
         onDoubleClicked: entries.open(index)
         onMenuWanted: (x, y) => list.showMenu(index, x, y)
