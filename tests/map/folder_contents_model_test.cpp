@@ -255,6 +255,18 @@ TEST_F(FolderContentsModelTest, ARemovalInsideAChildChangesItsSize)
     EXPECT_EQ(model.rowCount(), 5);
 }
 
+TEST_F(FolderContentsModelTest, AFolderThatWasMeasuredAnewHasItsRowWhereItsSizePutsIt)
+{
+    scanHome();
+    const QSignalSpy reset(&model, &Model::modelReset);
+    const test::NodePtr remains = test::makeRoot(at("Films"));
+    test::addFile(remains, "a.mov", 15'000'000);
+    store.didRemove({.removed = {}, .failures = {}}, true, {remains});
+    EXPECT_EQ(names(), QStringList({"Projects", "Films", "film.mov", "X.app", "2 smaller files (< 1 MB)"}));
+    EXPECT_EQ(data(1, Model::SizeTextRole).toString(), QStringLiteral("15 MB"));
+    EXPECT_EQ(reset.count(), 0);
+}
+
 TEST_F(FolderContentsModelTest, RemovingTheFolderShownShowsWhatContainedIt)
 {
     scanHome();
