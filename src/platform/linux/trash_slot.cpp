@@ -51,8 +51,19 @@ std::string escaped(const std::string &path)
     return text.get();
 }
 
+/// GIO's sentence names the stand-in; people know the item.
+Error errorOfItem(const GError &error, const std::string &itemPath, const std::string &standInPath)
+{
+    Error result = gioError(moveToTrash, itemPath, error);
+    if (const std::size_t at = result.text.find(standInPath); at != std::string::npos)
+        result.text.replace(at, standInPath.size(), itemPath);
+    return result;
+}
+
+} // namespace
+
 /// The fresh folder with the stand-in; both are gone after it.
-class Stage {
+class TrashSlot::Stage {
 public:
     Stage(HeldFolder &parent, const std::string &itemName)
         : m_parent(parent.descriptor()), m_name(uniqueName(".corvane-")), m_itemName(itemName)
@@ -60,11 +71,10 @@ public:
         if (::mkdirat(m_parent, m_name.c_str(), 0700) != 0)
             return;
         m_folder = FileDescriptor(::openat(m_parent, m_name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-        const FileDescriptor made(
+        m_standIn = FileDescriptor(
             ::openat(m_folder.number(), itemName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-        if (!made.isOpen())
+        if (!m_standIn.isOpen())
             return;
-        m_standIn = identityAt(m_folder.number(), itemName);
         m_path = anchoredPath(m_folder.number());
         if (m_path.empty())
             m_path = joined(parent.path(), m_name);
@@ -80,8 +90,8 @@ public:
         errno = kept;
     }
 
-    /// Absent, with `errno` set, where it could not be made.
-    [[nodiscard]] const std::optional<ItemIdentity> &standIn() const { return m_standIn; }
+    /// Not open, with `errno` set, where it could not be made. To be taken once.
+    [[nodiscard]] FileDescriptor takeStandIn() { return std::move(m_standIn); }
     [[nodiscard]] const std::string &path() const { return m_path; }
 
 private:
@@ -89,20 +99,9 @@ private:
     const std::string m_name;
     const std::string m_itemName;
     FileDescriptor m_folder;
-    std::optional<ItemIdentity> m_standIn;
+    FileDescriptor m_standIn;
     std::string m_path;
 };
-
-/// GIO's sentence names the stand-in; people know the item.
-Error errorOfItem(const GError &error, const std::string &itemPath, const std::string &standInPath)
-{
-    Error result = gioError(moveToTrash, itemPath, error);
-    if (const std::size_t at = result.text.find(standInPath); at != std::string::npos)
-        result.text.replace(at, standInPath.size(), itemPath);
-    return result;
-}
-
-} // namespace
 
 Expected<TrashSlot> TrashSlot::make(HeldFolder &folder, const std::string &name)
 {
@@ -115,8 +114,9 @@ Expected<TrashSlot> TrashSlot::make(HeldFolder &folder, const std::string &name)
         reservations.push_back(std::move(*reservation));
     }
 
-    const Stage stage(folder, name);
-    if (!stage.standIn())
+    Stage stage(folder, name);
+    slot.m_standIn = stage.takeStandIn();
+    if (!slot.m_standIn.isOpen())
         return tl::unexpected(slot.failure(errno));
     const std::string standIn = joined(stage.path(), name);
     // The local files' own implementation: the default one may leave the work to a service on the session bus.
@@ -128,7 +128,7 @@ Expected<TrashSlot> TrashSlot::make(HeldFolder &folder, const std::string &name)
         return tl::unexpected(errorOfItem(*problem, joined(folder.path(), name), standIn));
     }
     // The Trash may have been made just now.
-    if (!slot.find(*stage.standIn(), trashPlacesFor(folder.descriptor(), folder.path())) || !slot.completeRecord()) {
+    if (!slot.find(trashPlacesFor(folder.descriptor(), folder.path())) || !slot.completeRecord()) {
         Error error = slot.failure(EIO);
         error.text = "The Trash could not note where the item came from.";
         return tl::unexpected(std::move(error));
@@ -136,7 +136,7 @@ Expected<TrashSlot> TrashSlot::make(HeldFolder &folder, const std::string &name)
     return slot;
 }
 
-bool TrashSlot::find(const ItemIdentity &standIn, const std::vector<TrashPlace> &places)
+bool TrashSlot::find(const std::vector<TrashPlace> &places)
 {
     for (const TrashPlace &place : places) {
         OpenTrash trash = OpenTrash::at(place);
@@ -144,16 +144,15 @@ bool TrashSlot::find(const ItemIdentity &standIn, const std::vector<TrashPlace> 
             continue;
         for (int attempt = 1;; ++attempt) {
             const std::string taken = trashName(m_name, attempt);
-            const std::optional<ItemIdentity> found = identityAt(trash.items.number(), taken);
-            if (found == standIn) {
+            if (isAt(m_standIn.number(), trash.items.number(), taken)) {
                 m_trash = std::move(trash);
                 m_slotName = taken;
-                m_standIn = standIn;
-                m_record = identityAt(m_trash.records.number(), recordName(taken)).value_or(ItemIdentity{});
+                m_record = FileDescriptor(::openat(m_trash.records.number(), recordName(taken).c_str(),
+                                                   O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
                 m_isWaiting = true;
                 return true;
             }
-            if (!found && !identityAt(trash.records.number(), recordName(taken)))
+            if (!identityAt(trash.items.number(), taken) && !identityAt(trash.records.number(), recordName(taken)))
                 break;
         }
     }
@@ -164,14 +163,12 @@ bool TrashSlot::completeRecord() const
 {
     static constexpr const char *group = "Trash Info";
     static constexpr const char *key = "Path";
-    const FileDescriptor record(
-        ::openat(m_trash.records.number(), recordName(m_slotName).c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));
     struct stat facts {};
     constexpr off_t longest = 1024 * 1024;
-    if (!record.isOpen() || ::fstat(record.number(), &facts) != 0 || facts.st_size > longest)
+    if (!m_record.isOpen() || ::fstat(m_record.number(), &facts) != 0 || facts.st_size > longest)
         return false;
     std::string text(static_cast<std::size_t>(facts.st_size), '\0');
-    if (::pread(record.number(), text.data(), text.size(), 0) != static_cast<ssize_t>(text.size()))
+    if (::pread(m_record.number(), text.data(), text.size(), 0) != static_cast<ssize_t>(text.size()))
         return false;
 
     const GKeyFilePointer keys(g_key_file_new());
@@ -191,13 +188,13 @@ bool TrashSlot::completeRecord() const
     g_key_file_set_value(keys.get(), group, key, escaped(path).c_str());
     gsize length = 0;
     const GStringPointer changed(g_key_file_to_data(keys.get(), &length, nullptr));
-    return changed && ::pwrite(record.number(), changed.get(), length, 0) == static_cast<ssize_t>(length) &&
-           ::ftruncate(record.number(), static_cast<off_t>(length)) == 0;
+    return changed && ::pwrite(m_record.number(), changed.get(), length, 0) == static_cast<ssize_t>(length) &&
+           ::ftruncate(m_record.number(), static_cast<off_t>(length)) == 0;
 }
 
 bool TrashSlot::recordIsOurs() const
 {
-    return identityAt(m_trash.records.number(), recordName(m_slotName)) == m_record;
+    return isAt(m_record.number(), m_trash.records.number(), recordName(m_slotName));
 }
 
 Expected<void> TrashSlot::fill()
@@ -206,13 +203,14 @@ Expected<void> TrashSlot::fill()
     // Where the Trash was emptied and filled meanwhile, the name may belong to an item of somebody else by now.
     const std::string aside = uniqueName(".corvane-");
     const bool isAside = moveAt(items, m_slotName, items, aside);
-    if (!isAside || identityAt(items, aside) != m_standIn || !recordIsOurs()) {
+    if (!isAside || !isAt(m_standIn.number(), items, aside) || !recordIsOurs()) {
         if (isAside)
             (void)moveAt(items, aside, items, m_slotName);
         Error error = failure(EBUSY);
         error.text = "The Trash was changed by another program meanwhile.";
         return tl::unexpected(std::move(error));
     }
+    m_standIn = FileDescriptor(); // network file systems keep an open file in the folder under a name of their own
     const bool isMoved =
         ::unlinkat(items, aside.c_str(), 0) == 0 && moveAt(m_source->descriptor(), m_name, items, m_slotName);
     if (!isMoved)
@@ -226,7 +224,7 @@ TrashSlot::~TrashSlot()
     // Moved from, or filled: the folders are somebody else's.
     if (!m_isWaiting || !m_trash.records.isOpen())
         return;
-    if (identityAt(m_trash.items.number(), m_slotName) == m_standIn)
+    if (isAt(m_standIn.number(), m_trash.items.number(), m_slotName))
         ::unlinkat(m_trash.items.number(), m_slotName.c_str(), 0);
     if (recordIsOurs())
         ::unlinkat(m_trash.records.number(), recordName(m_slotName).c_str(), 0);

@@ -45,7 +45,9 @@ public:
 private:
     TrashSlot(HeldFolder &source, std::string name) : m_source(&source), m_name(std::move(name)) {}
 
-    [[nodiscard]] bool find(const ItemIdentity &standIn, const std::vector<TrashPlace> &places);
+    class Stage;
+
+    [[nodiscard]] bool find(const std::vector<TrashPlace> &places);
     [[nodiscard]] bool completeRecord() const;
     [[nodiscard]] bool recordIsOurs() const;
     [[nodiscard]] Error failure(int code) const;
@@ -54,8 +56,9 @@ private:
     std::string m_name;
     OpenTrash m_trash;
     std::string m_slotName;
-    ItemIdentity m_standIn;
-    ItemIdentity m_record;
+    // Held open, so that nothing else can get their numbers while they are compared.
+    FileDescriptor m_standIn;
+    FileDescriptor m_record;
     bool m_isWaiting = false; // the stand-in lies in the Trash, or its record alone
 };
 

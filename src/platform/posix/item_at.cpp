@@ -26,6 +26,14 @@ std::optional<ItemIdentity> identityAt(int folder, const std::string &name)
                         .inode = static_cast<std::uint64_t>(facts.st_ino)};
 }
 
+bool isAt(int item, int folder, const std::string &name)
+{
+    struct stat expected {};
+    struct stat found {};
+    return ::fstat(item, &expected) == 0 && ::fstatat(folder, name.c_str(), &found, AT_SYMLINK_NOFOLLOW) == 0 &&
+           expected.st_dev == found.st_dev && expected.st_ino == found.st_ino;
+}
+
 std::string uniqueName(const std::string &prefix)
 {
     std::random_device source;

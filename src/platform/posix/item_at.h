@@ -15,6 +15,10 @@ namespace corvane {
 /// What the item of that name is, a link not followed; nothing, with `errno` set, where it cannot be looked at.
 [[nodiscard]] std::optional<ItemIdentity> identityAt(int folder, const std::string &name);
 
+/// Whether the open item bears that name in the folder. Other than a number that was remembered, that of an open item
+/// is not given to a new one meanwhile.
+[[nodiscard]] bool isAt(int item, int folder, const std::string &name);
+
 /// Moves an item and never replaces another one; false with `errno` set where it could not, EEXIST for a taken name.
 [[nodiscard]] bool moveAt(int folder, const std::string &name, int target, const std::string &newName);
 

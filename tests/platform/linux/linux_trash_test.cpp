@@ -140,6 +140,27 @@ TEST_F(TrashChangedMeanwhile, WhatSomebodyElsePutThereUnderThatNameStaysWithItsR
     EXPECT_EQ(contents(home.folder / "home/data/Trash/info/letter.txt.trashinfo"), "record\n");
 }
 
+TEST_F(TrashChangedMeanwhile, WhatSomebodyElsePutThereStaysAlsoUnderTheFileNumberOfWhatWasDeleted)
+{
+    // Many file systems give a new file the number that was freed last.
+    static constexpr const char *script = R"sh(
+        refill() {
+            freed=$(stat -c %i "$1"); rm "$1"
+            for attempt in $(seq 200); do
+                echo other > refill
+                [ "$(stat -c %i refill)" = "$freed" ] && break
+                mv refill ../taken.$attempt
+            done
+            [ -e refill ] || echo other > refill
+            mv refill "$1"
+        }
+        refill files/letter.txt; refill info/letter.txt.trashinfo)sh";
+    EXPECT_THAT(trashWhile(script), HasSubstr("The Trash was changed by another program meanwhile."));
+    EXPECT_EQ(contents(letter), "Dear");
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/files/letter.txt"), "other\n");
+    EXPECT_EQ(contents(home.folder / "home/data/Trash/info/letter.txt.trashinfo"), "other\n");
+}
+
 TEST_F(TrashChangedMeanwhile, AMissingOneLeavesTheItemInItsPlace)
 {
     EXPECT_THAT(trashWhile("rm -r ../Trash"), HasSubstr("The Trash was changed by another program meanwhile."));
