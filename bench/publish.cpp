@@ -133,7 +133,7 @@ int main(int argc, char **argv)
     TimedApplication application(argc, argv);
     const corvane::Host &system = corvane::systemHost();
     MadeUpFiles files;
-    const corvane::Host host{files, system.trash, system.volumes, system.desktop};
+    const corvane::Host host{files, system.trash, system.volumes, system.desktop, system.applications};
     StorageStore store(host, corvane::PathGuard::locations());
 
     std::vector<double> starting;

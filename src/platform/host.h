@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/applications.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/trash.h"
@@ -13,6 +14,7 @@ struct Host {
     Trash &trash;
     Volumes &volumes;
     Desktop &desktop;
+    Applications &applications;
 };
 
 /// The system that the program runs on. Made on first use; safe to call from any thread.

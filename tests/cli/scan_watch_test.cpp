@@ -204,7 +204,7 @@ TEST(RemoveCommand, ACtrlCWhileSizesAreMeasuredRemovesNothing)
     Console console;
     EndlessFileSystem files;
     FakeHost fakes;
-    const Host host{files, fakes.trash, fakes.volumes, fakes.desktop};
+    const Host host{files, fakes.trash, fakes.volumes, fakes.desktop, fakes.applications};
     const RemoveCommand command{.paths = {"/endless"}, .permanently = true, .yes = true, .json = false};
 
     EXPECT_EQ(command.run(console, host), ExitStatus::doneWithFailures);

@@ -894,7 +894,7 @@ TEST_F(RemovalOf, ItemsOnARealDiskLeavesWhatTheirLinksLeadTo)
     disk.link("home/link", disk / "keep");
     disk.writeText("home/Documents/a", "x");
     const ProtectedLocations ofDisk(disk / "home", {});
-    const Host host{systemHost().files, fake.trash, fake.volumes, fake.desktop};
+    const Host host{systemHost().files, fake.trash, fake.volumes, fake.desktop, fake.applications};
     const Selection entries{
         {disk / "home/x", 5}, {disk / "home/link", 0}, {disk / "home/Documents", 7}, {disk / "home/missing", 9}};
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/fake_applications.h"
 #include "platform/fake_desktop.h"
 #include "platform/fake_file_system.h"
 #include "platform/fake_trash.h"
@@ -19,9 +20,10 @@ struct FakeHost {
     FakeTrash trash{files};
     FakeVolumes volumes{log};
     FakeDesktop desktop{log};
+    FakeApplications applications{log};
 
     /// Valid as long as this object.
-    [[nodiscard]] Host host() { return {files, trash, volumes, desktop}; }
+    [[nodiscard]] Host host() { return {files, trash, volumes, desktop, applications}; }
 };
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #include "platform/host.h"
 
+#include "platform/linux/linux_applications.h"
 #include "platform/linux/linux_desktop.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_trash.h"
@@ -15,7 +16,8 @@ struct System {
     LinuxTrash trash{files};
     LinuxVolumes volumes;
     LinuxDesktop desktop;
-    Host host{files, trash, volumes, desktop};
+    LinuxApplications applications;
+    Host host{files, trash, volumes, desktop, applications};
 };
 
 } // namespace

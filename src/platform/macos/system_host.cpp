@@ -1,5 +1,6 @@
 #include "platform/host.h"
 
+#include "platform/macos/mac_applications.h"
 #include "platform/macos/mac_desktop.h"
 #include "platform/macos/mac_file_system.h"
 #include "platform/macos/mac_trash.h"
@@ -15,7 +16,8 @@ struct System {
     MacTrash trash{files};
     MacVolumes volumes;
     MacDesktop desktop;
-    Host host{files, trash, volumes, desktop};
+    MacApplications applications;
+    Host host{files, trash, volumes, desktop, applications};
 };
 
 } // namespace

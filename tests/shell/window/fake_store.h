@@ -41,7 +41,7 @@ private:
     Host host()
     {
         setAvailable(183'370'000'000);
-        return {gate, fake.trash, fake.volumes, fake.desktop};
+        return {gate, fake.trash, fake.volumes, fake.desktop, fake.applications};
     }
 };
 
