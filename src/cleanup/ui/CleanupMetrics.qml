@@ -21,8 +21,4 @@ QtObject {
     readonly property int entryTextInset: 69
     readonly property int cardFiguresWidth: 96
     readonly property int artifactIconSize: 18
-    readonly property int revealSize: 24
-
-    /// How much of the hover ground lies behind the entries of a card.
-    readonly property double entriesOpacity: 0.45
 }

@@ -59,17 +59,27 @@ QLocale dateLocale()
 #endif
 }
 
-QString abbreviatedDateTime(const QDateTime &when, const QLocale &locale)
+QDate localDate(Time time)
+{
+    return QDateTime::fromSecsSinceEpoch(time.time_since_epoch().count()).date();
+}
+
+QString abbreviatedDate(const QDate &date, const QLocale &locale)
 {
     // Qt has no form between the long one and the one of figures alone.
     static const QRegularExpression dayOfWeek(QStringLiteral("[,،\\s]*dddd?[,،.\\s]*"));
-    static const QRegularExpression seconds(QStringLiteral("[:.]ss?"));
-    const QString date =
+    const QString format =
         locale.dateFormat(QLocale::LongFormat).remove(dayOfWeek).replace(QStringLiteral("MMMM"), QStringLiteral("MMM"));
+    return locale.toString(date, format);
+}
+
+QString abbreviatedDateTime(const QDateTime &when, const QLocale &locale)
+{
+    static const QRegularExpression seconds(QStringLiteral("[:.]ss?"));
     const QString time = locale.timeFormat(QLocale::ShortFormat).remove(seconds);
     // An English word between the two belongs into English alone. "C" stands for English without a country.
     const bool isEnglish = locale.language() == QLocale::English || locale.language() == QLocale::C;
-    return locale.toString(when.date(), date) + (isEnglish ? QStringLiteral(" at ") : QStringLiteral(" ")) +
+    return abbreviatedDate(when.date(), locale) + (isEnglish ? QStringLiteral(" at ") : QStringLiteral(" ")) +
            locale.toString(when.time(), time);
 }
 

@@ -8,6 +8,8 @@
 #include <QLocale>
 #include <QString>
 
+#include "platform/time.h"
+
 namespace corvane {
 
 // The words of the engine as Qt has them, for every screen; see core/words. Dates alone are made here, since they
@@ -38,9 +40,14 @@ namespace corvane {
 /// default at the start.
 [[nodiscard]] QLocale dateLocale();
 
-/// A date with its month abbreviated and without the day of the week, and a time without seconds, in the order
-/// and with the names of the locale: "Nov 20, 2026 at 9:14 AM", "20 Nov 2026 at 09:14",
-/// "20. Nov. 2026 09:14".
+/// The day of a point in time where the user is.
+[[nodiscard]] QDate localDate(Time time);
+
+/// A date with its month abbreviated and without the day of the week, in the order and with the names of the locale:
+/// "Nov 20, 2026", "20 Nov 2026", "20. Nov. 2026".
+[[nodiscard]] QString abbreviatedDate(const QDate &date, const QLocale &locale);
+
+/// The same with a time without seconds: "Nov 20, 2026 at 9:14 AM", "20 Nov 2026 at 09:14", "20. Nov. 2026 09:14".
 [[nodiscard]] QString abbreviatedDateTime(const QDateTime &when, const QLocale &locale);
 
 /// The file address of a path, percent-encoded from its bytes, so that a name that is not valid text keeps them.

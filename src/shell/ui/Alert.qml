@@ -11,6 +11,8 @@ Sheet {
     property string detail
     required property string confirmText
     property string cancelText: qsTr("Cancel")
+    /// Of the application that the question is about; empty for others.
+    property string iconKey
     /// What the answer does cannot be undone.
     property bool destructive: false
     /// The object names of the two buttons.
@@ -35,6 +37,7 @@ Sheet {
         title: alert.title
         message: alert.message
         detail: alert.detail
+        iconKey: alert.iconKey
         confirmText: alert.confirmText
         cancelText: alert.cancelText
         destructive: alert.destructive

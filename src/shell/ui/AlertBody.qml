@@ -11,6 +11,7 @@ FocusScope {
     required property string confirmText
     required property string cancelText
     required property bool destructive
+    required property string iconKey
     /// The object names of the two buttons.
     property alias cancelName: cancelButton.objectName
     property alias confirmName: confirmButton.objectName
@@ -38,15 +39,30 @@ FocusScope {
         width: parent.width
         height: Math.max(icon.height, text.y + text.height - icon.y) + Theme.space20 + Theme.space20
 
-        Icon {
+        Item {
             id: icon
 
             x: Theme.space24
             y: Theme.space20 + Theme.space2
-            name: body.destructive ? "warning-octagon" : "info"
-            weight: "fill"
-            color: body.destructive ? Theme.dangerFill : Theme.accentFill
-            size: Theme.alertIconSize
+            width: appIcon.visible ? appIcon.width : sign.width
+            height: width
+
+            Icon {
+                id: sign
+
+                name: body.destructive ? "warning-octagon" : "info"
+                weight: "fill"
+                color: body.destructive ? Theme.dangerFill : Theme.accentFill
+                size: Theme.alertIconSize
+                visible: !appIcon.visible
+            }
+            BundleIcon {
+                id: appIcon
+
+                iconKey: body.iconKey
+                size: Theme.alertBundleIconSize
+                visible: iconKey !== ""
+            }
         }
         PlainText {
             id: heading

@@ -12,12 +12,19 @@ constexpr QByteArray::Base64Options keyEncoding = QByteArray::Base64UrlEncoding 
 
 } // namespace
 
-// A path is bytes, not text, and goes through an address: hence its encoding.
+QString encodedPath(const std::string &path)
+{
+    return QString::fromLatin1(QByteArray::fromStdString(path).toBase64(keyEncoding));
+}
+
+std::string decodedPath(const QString &text)
+{
+    return QByteArray::fromBase64(text.toLatin1(), keyEncoding).toStdString();
+}
+
 QString fileIconKey(const std::string &path, FileNode::Kind kind)
 {
-    const std::string standing = iconPath(path, kind);
-    return QString::number(static_cast<int>(kind)) + u'/' +
-           QString::fromLatin1(QByteArray::fromStdString(standing).toBase64(keyEncoding));
+    return QString::number(static_cast<int>(kind)) + u'/' + encodedPath(iconPath(path, kind));
 }
 
 QString fileIconKey(const FileNode &node)
@@ -39,8 +46,7 @@ FileIconProvider::FileIconProvider() : QQuickImageProvider(QQuickImageProvider::
 QImage FileIconProvider::requestImage(const QString &id, QSize *size, const QSize &requestedSize)
 {
     const auto kind = static_cast<FileNode::Kind>(id.section(u'/', 0, 0).toInt());
-    const QByteArray path = QByteArray::fromBase64(id.section(u'/', 1, 1).toLatin1(), keyEncoding);
-    QImage image = IconCache::shared().icon(path.toStdString(), kind);
+    QImage image = IconCache::shared().icon(decodedPath(id.section(u'/', 1, 1)), kind);
     if (requestedSize.width() > 0)
         image = image.scaled(requestedSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     image.setDevicePixelRatio(1);

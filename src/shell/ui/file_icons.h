@@ -16,6 +16,10 @@ namespace corvane {
 [[nodiscard]] QString fileIconKey(const FileNode &node);
 [[nodiscard]] QString fileIconKey(const std::string &path, FileNode::Kind kind);
 
+/// A path, which is bytes, as letters and figures that an address can hold, and back. Any thread.
+[[nodiscard]] QString encodedPath(const std::string &path);
+[[nodiscard]] std::string decodedPath(const QString &text);
+
 /// The colour of an item's drawn icon: its type's, a little darker; folders have their own.
 [[nodiscard]] QColor fileIconColor(FileType type, FileNode::Kind kind);
 

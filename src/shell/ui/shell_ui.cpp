@@ -5,6 +5,7 @@
 #include <QQuickWindow>
 
 #include "shell/ui/app_icon.h"
+#include "shell/ui/bundle_icons.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/focus_keeper.h"
 #include "shell/ui/fonts.h"
@@ -27,6 +28,7 @@ void setUpShell(QQmlEngine &engine)
     engine.addImageProvider(QStringLiteral("icon"), new IconProvider(IconProvider::Names::icons));
     engine.addImageProvider(QStringLiteral("symbol"), new IconProvider(IconProvider::Names::symbols, systemSymbols()));
     engine.addImageProvider(QStringLiteral("file"), new FileIconProvider);
+    engine.addImageProvider(QStringLiteral("bundle"), new BundleIconProvider);
     engine.addImageProvider(QStringLiteral("shadow"), new ShadowProvider);
     engine.addImageProvider(QStringLiteral("app"), new AppIconProvider);
 }

@@ -212,12 +212,15 @@ class Theme : public QObject {
     Q_PROPERTY(int headerFileIconSize MEMBER m_headerFileIconSize CONSTANT)
     Q_PROPERTY(int pillFileIconSize MEMBER m_pillFileIconSize CONSTANT)
     Q_PROPERTY(int appIconSize MEMBER m_appIconSize CONSTANT)
+    Q_PROPERTY(int bundleIconSize MEMBER m_bundleIconSize CONSTANT)
+    Q_PROPERTY(int alertBundleIconSize MEMBER m_alertBundleIconSize CONSTANT)
 
     // Shares of a whole.
     Q_PROPERTY(double disabledOpacity MEMBER m_disabledOpacity CONSTANT)
     Q_PROPERTY(double disabledPlainOpacity MEMBER m_disabledPlainOpacity CONSTANT)
     Q_PROPERTY(double protectedOpacity MEMBER m_protectedOpacity CONSTANT)
     Q_PROPERTY(double badgeOpacity MEMBER m_badgeOpacity CONSTANT)           // the tint behind a badge's glyph
+    Q_PROPERTY(double nestedRowOpacity MEMBER m_nestedRowOpacity CONSTANT)   // of the hover ground behind nested rows
     Q_PROPERTY(double sizeBarMinimum MEMBER m_sizeBarMinimum CONSTANT)       // of the bar's width
     Q_PROPERTY(double indeterminatePart MEMBER m_indeterminatePart CONSTANT) // of the bar's width
     Q_PROPERTY(double sheetCentre MEMBER m_sheetCentre CONSTANT)             // of the window's height
@@ -453,10 +456,13 @@ private:
     const int m_headerFileIconSize = 18;
     const int m_pillFileIconSize = 22;
     const int m_appIconSize = 26;
+    const int m_bundleIconSize = 32;
+    const int m_alertBundleIconSize = 48;
     const double m_disabledOpacity = 0.5;
     const double m_disabledPlainOpacity = 0.55;
     const double m_protectedOpacity = 0.4;
     const double m_badgeOpacity = 0.13;
+    const double m_nestedRowOpacity = 0.45;
     const double m_sizeBarMinimum = 0.015;
     const double m_indeterminatePart = 0.28;
     const double m_sheetCentre = 0.46;

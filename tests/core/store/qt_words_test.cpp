@@ -98,6 +98,22 @@ TEST(DateLocale, IsThatOfTheTimesNotOfTheWords)
 }
 #endif
 
+TEST(AbbreviatedDate, IsTheSameWithoutTheTime)
+{
+    const QDate date(2026, 11, 20);
+    EXPECT_EQ(abbreviatedDate(date, QLocale(QStringLiteral("en_US"))), QStringLiteral("Nov 20, 2026"));
+    EXPECT_EQ(abbreviatedDate(date, QLocale(QStringLiteral("en_GB"))), QStringLiteral("20 Nov 2026"));
+    EXPECT_EQ(abbreviatedDate(date, QLocale(QStringLiteral("de_DE"))), QStringLiteral("20. Nov. 2026"));
+}
+
+TEST(LocalDate, IsTheDayWhereTheUserIs)
+{
+    const QDateTime late(QDate(2026, 11, 20), QTime(23, 59, 59));
+    const Time time{std::chrono::seconds(late.toSecsSinceEpoch())};
+    EXPECT_EQ(localDate(time), QDate(2026, 11, 20));
+    EXPECT_EQ(localDate(time + std::chrono::seconds(1)), QDate(2026, 11, 21));
+}
+
 TEST(AbbreviatedDateTime, HasNoSecondsWhereTheLocaleHasThem)
 {
     EXPECT_EQ(shown("C"), "20 Nov 2026 at 09:14");

@@ -16,6 +16,11 @@ QImage systemFileIcon(const std::string &path, FileNode::Kind, int pixels)
     }
 }
 
+QImage systemBundleIcon(const std::string &path, int pixels)
+{
+    return systemFileIcon(path, FileNode::Kind::package, pixels);
+}
+
 // An application's icon is its own, and any item may have been given one.
 std::string iconPath(const std::string &path, FileNode::Kind)
 {

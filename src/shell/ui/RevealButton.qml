@@ -1,6 +1,5 @@
 import QtQuick
 import Corvane.Shell
-import Corvane.Cleanup
 
 /// Shows a row's item in the file manager. From the keyboard the row's menu does that.
 ButtonBase {
@@ -8,8 +7,8 @@ ButtonBase {
 
     required property string itemName
 
-    implicitWidth: CleanupMetrics.revealSize
-    implicitHeight: CleanupMetrics.revealSize
+    implicitWidth: Theme.smallControlHeight
+    implicitHeight: Theme.smallControlHeight
     focusPolicy: Qt.NoFocus
     cornerRadius: Theme.radiusSmallControl
     Accessible.name: qsTr("%1: %2").arg(text).arg(itemName)

@@ -1,6 +1,5 @@
 import QtQuick
 import Corvane.Shell
-import Corvane.Cleanup
 
 /// One row of a grouped box: its part of the box's outline, and what every row answers to. The first and the last
 /// row have the box's corners.
@@ -61,7 +60,7 @@ Item {
                 anchors.fill: parent
                 anchors.margins: Theme.hairlineWidth
                 radius: Theme.radiusBox - Theme.hairlineWidth
-                color: Theme.withAlpha(Theme.fillq, Theme.fillq.a * CleanupMetrics.entriesOpacity)
+                color: Theme.withAlpha(Theme.fillq, Theme.fillq.a * Theme.nestedRowOpacity)
                 visible: row.nested
             }
             Rectangle {

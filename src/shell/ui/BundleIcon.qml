@@ -1,0 +1,21 @@
+import QtQuick
+import QtQuick.Window
+import Corvane.Shell
+
+/// The icon of an application, by the key that C++ makes for its bundle. Comes when it has been read; its place is kept
+/// until then. The name beside it says what it is.
+Image {
+    id: icon
+
+    required property string iconKey
+    property int size: Theme.bundleIconSize
+    readonly property int pixels: Math.round(size * Screen.devicePixelRatio)
+
+    width: size
+    height: size
+    asynchronous: true
+    source: iconKey === "" ? "" : "image://bundle/" + iconKey
+    sourceSize.width: pixels
+    sourceSize.height: pixels
+    Accessible.ignored: true
+}

@@ -1,0 +1,68 @@
+#include "shell/ui/icns.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+namespace corvane {
+
+namespace {
+
+using namespace std::literals;
+
+constexpr std::size_t headSize = 8; // of the file and of every entry
+constexpr std::size_t widthAt = 16; // in a PNG
+constexpr std::size_t heightAt = 20;
+constexpr std::uint32_t largestIcon = 1024; // pixels
+
+/// The number at a position; the caller has checked that there are four bytes.
+std::uint32_t numberAt(std::string_view bytes, std::size_t position)
+{
+    std::uint32_t number = 0;
+    for (const char byte : bytes.substr(position, 4))
+        number = number << 8 | static_cast<unsigned char>(byte);
+    return number;
+}
+
+/// The width of a PNG as its header says; nothing for other pictures, and for sizes that no icon has.
+std::optional<std::uint32_t> pngWidth(std::string_view picture)
+{
+    constexpr std::string_view start = "\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR"sv;
+    if (!picture.starts_with(start) || picture.size() < heightAt + 4)
+        return std::nullopt;
+    const std::uint32_t width = numberAt(picture, widthAt);
+    const std::uint32_t height = numberAt(picture, heightAt);
+    if (width == 0 || width > largestIcon || height == 0 || height > largestIcon)
+        return std::nullopt;
+    return width;
+}
+
+} // namespace
+
+std::string_view findPng(std::string_view icns, int pixels)
+{
+    if (icns.size() < headSize || !icns.starts_with("icns"sv))
+        return {};
+    const auto wanted = static_cast<std::uint32_t>(pixels > 0 ? pixels : 0);
+    std::string_view best;
+    std::uint32_t bestWidth = 0;
+    // What follows the length that the file gives itself is not looked at; a file that was cut off may be shorter.
+    std::string_view left = icns.substr(0, numberAt(icns, 4));
+    left.remove_prefix(left.size() < headSize ? left.size() : headSize);
+    while (left.size() > headSize) {
+        const std::size_t length = numberAt(left, 4);
+        if (length < headSize || length > left.size())
+            break;
+        const std::string_view picture = left.substr(headSize, length - headSize);
+        left.remove_prefix(length);
+        const std::uint32_t width = pngWidth(picture).value_or(0);
+        const bool isBetter = bestWidth < wanted ? width > bestWidth : width >= wanted && width < bestWidth;
+        if (isBetter) {
+            best = picture;
+            bestWidth = width;
+        }
+    }
+    return best;
+}
+
+} // namespace corvane

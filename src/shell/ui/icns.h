@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+namespace corvane {
+
+/// The bytes of one of the PNG pictures in an icon file of macOS: of the smallest one that is at least `pixels` wide,
+/// or else of the largest one. Empty where there is none; pictures of other formats and sizes that no icon has are left
+/// out. Any thread.
+///
+/// The file is "icns", its length in bytes, and then entries: four characters of type, the entry's length with these
+/// eight bytes, the picture. Lengths are of 32 bits, the highest byte first. Whatever the bytes are, none outside of
+/// them is read.
+[[nodiscard]] std::string_view findPng(std::string_view icns, int pixels);
+
+} // namespace corvane

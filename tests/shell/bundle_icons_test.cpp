@@ -1,0 +1,134 @@
+#include "shell/ui/bundle_icons.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+
+#include "shell/icns_bytes.h"
+#include "support/temporary_folder.h"
+
+namespace corvane {
+namespace {
+
+const QColor ownColor(0xe0, 0x66, 0x2b);
+
+std::string icnsOf(const QColor &color, int side = 128)
+{
+    QImage picture(side, side, QImage::Format_ARGB32);
+    picture.fill(color);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, "PNG");
+    return test::icnsFile(test::icnsEntry("ic07", buffer.data().toStdString()));
+}
+
+std::string plistWith(const std::string &iconFile)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict><key>CFBundleIconFile</key>" +
+           iconFile + "</dict></plist>";
+}
+
+/// What the provider gives for the bundle "Kite.app" of a folder.
+class BundleIconsTest : public testing::Test {
+protected:
+    void addBundle(const std::string &iconFile, const std::string &pictureName = "Kite.icns")
+    {
+        folder.writeText("Kite.app/Contents/Info.plist", plistWith(iconFile));
+        folder.writeText("Kite.app/Contents/Resources/" + pictureName, icnsOf(ownColor));
+    }
+    [[nodiscard]] QImage ask(int side = 64)
+    {
+        return provider.requestImage(bundleIconKey(folder / "Kite.app"), nullptr, QSize(side, side));
+    }
+    [[nodiscard]] bool isOwn() { return ask().pixelColor(32, 32) == ownColor; }
+    [[nodiscard]] bool isDrawn()
+    {
+        return ask() == drawnBundleIcon(128).scaled(64, 64, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+
+    TemporaryFolder folder;
+    BundleIconProvider provider;
+};
+
+TEST(BundleIcons, AreReadOffTheThreadThatDraws)
+{
+    EXPECT_TRUE(BundleIconProvider().flags().testFlag(QQuickImageProvider::ForceAsynchronousImageLoading));
+}
+
+TEST(BundleIcons, KeyHoldsOnlyWhatAnAddressCanHold)
+{
+    for (const QChar c : bundleIconKey("/Applications/a.\xff #?%/\xc3\xa9.app"))
+        EXPECT_TRUE(c.isLetterOrNumber() || c == u'-' || c == u'_') << int(c.unicode());
+}
+
+TEST(BundleIcons, TheDrawnOneIsAFilledTileWithRoundCorners)
+{
+    const QImage tile = drawnBundleIcon(64);
+    EXPECT_EQ(tile.size(), QSize(64, 64));
+    EXPECT_EQ(tile.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(tile.pixelColor(32, 3).alpha(), 255);
+}
+
+#ifndef Q_OS_MACOS // which has an icon for everything
+
+TEST_F(BundleIconsTest, ABundleHasTheIconThatItBringsAlong)
+{
+    addBundle("<string>Kite.icns</string>");
+    EXPECT_TRUE(isOwn());
+    EXPECT_EQ(ask(36).size(), QSize(36, 36));
+}
+
+TEST_F(BundleIconsTest, TheNameOfTheIconNeedsNoExtension)
+{
+    addBundle("<string>Kite</string>");
+    EXPECT_TRUE(isOwn());
+}
+
+TEST_F(BundleIconsTest, WithoutAnIconThereIsTheDrawnOne)
+{
+    EXPECT_TRUE(isDrawn()) << "no bundle";
+    folder.writeText("Kite.app/Contents/Info.plist", plistWith("<string>Other</string>"));
+    EXPECT_TRUE(isDrawn()) << "no such picture";
+}
+
+TEST_F(BundleIconsTest, ANameThatLeadsElsewhereIsNotFollowed)
+{
+    addBundle("<string>../Resources/Kite.icns</string>");
+    EXPECT_TRUE(isDrawn());
+}
+
+TEST_F(BundleIconsTest, ANameOfAnotherTypeIsNone)
+{
+    addBundle("<array><string>Kite.icns</string></array>");
+    EXPECT_TRUE(isDrawn());
+}
+
+TEST_F(BundleIconsTest, APictureThatIsCutOffIsNone)
+{
+    addBundle("<string>Kite.icns</string>");
+    folder.writeText("Kite.app/Contents/Resources/Kite.icns", icnsOf(ownColor).substr(0, 60));
+    EXPECT_TRUE(isDrawn());
+}
+
+TEST_F(BundleIconsTest, APipeInPlaceOfThePictureIsNotWaitedFor)
+{
+    folder.writeText("Kite.app/Contents/Info.plist", plistWith("<string>Kite.icns</string>"));
+    folder.makeFolder("Kite.app/Contents/Resources");
+    ASSERT_EQ(::mkfifo((folder / "Kite.app/Contents/Resources/Kite.icns").c_str(), 0600), 0);
+    EXPECT_TRUE(isDrawn());
+}
+
+TEST_F(BundleIconsTest, AnIconIsReadOnce)
+{
+    addBundle("<string>Kite.icns</string>");
+    ASSERT_TRUE(isOwn());
+    std::filesystem::remove(folder / "Kite.app/Contents/Resources/Kite.icns");
+    EXPECT_TRUE(isOwn());
+}
+
+#endif
+
+} // namespace
+} // namespace corvane
