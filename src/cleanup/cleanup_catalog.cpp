@@ -8,22 +8,12 @@
 #include "core/checked_add.h"
 #include "core/concurrent_perform.h"
 #include "core/foreign_sum.h"
+#include "core/item_kind.h"
 #include "core/scanner.h"
 #include "platform/path.h"
 #include "platform/walk_conditions.h"
 
 namespace corvane {
-
-namespace {
-
-FileNode::Kind kindOf(const DirectoryEntry &entry)
-{
-    if (entry.type != EntryType::directory)
-        return FileNode::Kind::file;
-    return entry.isPackage ? FileNode::Kind::package : FileNode::Kind::directory;
-}
-
-} // namespace
 
 const std::array<CleanupDefinition, 18> CleanupCatalog::definitions{{
     {"caches", "App Caches", "Temporary data apps rebuild automatically. Apps may feel a bit slower on first launch.",
@@ -121,7 +111,7 @@ CleanupItem CleanupCatalog::measure(const CleanupDefinition &definition, FileSys
     auto opened = files.openFolder(item.path);
     if (!opened || !(*opened)->list([&](const DirectoryEntry &entry) {
             if (std::ranges::find(ignoredNames, entry.name) == ignoredNames.end())
-                children.push_back({joined(item.path, entry.name), 0, kindOf(entry)});
+                children.push_back({joined(item.path, entry.name), 0, kindOf(entry.type, entry.isPackage)});
             return stop || children.size() > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
         })) {
         item.accessible = false;

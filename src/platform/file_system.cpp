@@ -2,6 +2,11 @@
 
 namespace corvane {
 
+Expected<std::string> FileSystem::readFile(const std::string &path, std::size_t /*most*/)
+{
+    return tl::unexpected(Error{"read", path, std::make_error_code(std::errc::not_supported), {}});
+}
+
 SystemKind FileSystem::systemKind()
 {
     std::call_once(m_kindKnown,

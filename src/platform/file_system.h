@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -146,6 +147,10 @@ public:
 
     /// Whether the path can be opened for reading; it is closed again at once.
     [[nodiscard]] virtual bool canOpen(const std::string &path) = 0;
+
+    /// The bytes of a regular file, a link to one followed. Fails without waiting where it holds more than `most`
+    /// (`std::errc::file_too_large`) and for a folder, a pipe, a device or the like.
+    [[nodiscard]] virtual Expected<std::string> readFile(const std::string &path, std::size_t most);
 
     /// The path with every link resolved; the item must exist.
     [[nodiscard]] virtual Expected<std::string> realPath(const std::string &path) = 0;

@@ -51,6 +51,7 @@ struct FakeFileSystem::Item {
     std::int64_t allocated = 0;
     Time modified = distantPast;
     std::string target;
+    std::string content;
     std::optional<bool> package;
     FolderIdentity identity;
     std::weak_ptr<Item> parent;
@@ -254,6 +255,14 @@ void FakeFileSystem::addFile(const std::string &path, std::int64_t allocated, Ti
     item->modified = modified;
 }
 
+void FakeFileSystem::addText(const std::string &path, std::string content, std::int64_t allocated)
+{
+    const std::lock_guard lock(m_mutex);
+    const ItemPointer item = make(path, EntryType::file);
+    item->content = std::move(content);
+    item->allocated = allocated;
+}
+
 void FakeFileSystem::addLink(const std::string &path, const std::string &target)
 {
     const std::lock_guard lock(m_mutex);
@@ -454,6 +463,22 @@ bool FakeFileSystem::canOpen(const std::string &path)
     const std::lock_guard lock(m_mutex);
     const auto item = find(path, LastLink::follow);
     return item && !(*item)->opening;
+}
+
+Expected<std::string> FakeFileSystem::readFile(const std::string &path, std::size_t most)
+{
+    m_log->record("readFile " + path);
+    const std::lock_guard lock(m_mutex);
+    const auto item = find(path, LastLink::follow);
+    if (!item)
+        return tl::unexpected(item.error());
+    if ((*item)->type != EntryType::file)
+        return failure("read", path, std::errc::not_supported);
+    if ((*item)->opening)
+        return failure("open", path, (*item)->opening->code);
+    if ((*item)->content.size() > most)
+        return failure("read", path, std::errc::file_too_large);
+    return (*item)->content;
 }
 
 Expected<std::string> FakeFileSystem::realPath(const std::string &path)

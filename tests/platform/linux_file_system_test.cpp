@@ -14,7 +14,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/held_folder.h"
-#include "platform/linux/interrupted_call.h"
+#include "platform/posix/interrupted_call.h"
 #include "platform/path.h"
 #include "support/few_open_files.h"
 #include "support/temporary_folder.h"

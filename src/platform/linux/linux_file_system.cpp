@@ -18,6 +18,7 @@
 #include "platform/linux/real_path.h"
 #include "platform/linux/stat_facts.h"
 #include "platform/path.h"
+#include "platform/posix/regular_file.h"
 
 namespace corvane {
 
@@ -75,6 +76,12 @@ bool LinuxFileSystem::canOpen(const std::string &path)
     // A pipe that nobody writes to would keep a plain open waiting.
     return FileDescriptor(::openat(item->folder(), item->name(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY))
         .isOpen();
+}
+
+Expected<std::string> LinuxFileSystem::readFile(const std::string &path, std::size_t most)
+{
+    return LongPath::resolve(path).and_then(
+        [&](const LongPath &item) { return readRegularFile(item.folder(), item.name(), path, most); });
 }
 
 Expected<std::string> LinuxFileSystem::realPath(const std::string &path)

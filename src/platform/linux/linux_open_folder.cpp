@@ -9,7 +9,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include "platform/linux/interrupted_call.h"
+#include "platform/posix/interrupted_call.h"
 #include "platform/linux/package_extensions.h"
 #include "platform/linux/stat_facts.h"
 #include "platform/path.h"

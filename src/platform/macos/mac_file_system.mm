@@ -14,6 +14,7 @@
 #include "platform/macos/mac_held_folder.h"
 #include "platform/macos/mac_open_folder.h"
 #include "platform/macos/mounted_volumes.h"
+#include "platform/posix/regular_file.h"
 
 namespace corvane {
 
@@ -64,6 +65,11 @@ bool MacFileSystem::exists(const std::string &path)
 bool MacFileSystem::canOpen(const std::string &path)
 {
     return FileDescriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)).isOpen();
+}
+
+Expected<std::string> MacFileSystem::readFile(const std::string &path, std::size_t most)
+{
+    return readRegularFile(AT_FDCWD, path.c_str(), path, most);
 }
 
 Expected<std::string> MacFileSystem::realPath(const std::string &path)

@@ -33,6 +33,10 @@ public:
     Expected<ItemFacts> facts(const std::string &path) override { return m_files.facts(path); }
     bool exists(const std::string &path) override { return m_files.exists(path); }
     bool canOpen(const std::string &path) override { return m_files.canOpen(path); }
+    Expected<std::string> readFile(const std::string &path, std::size_t most) override
+    {
+        return m_files.readFile(path, most);
+    }
     Expected<std::string> realPath(const std::string &path) override { return m_files.realPath(path); }
     Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override
     {

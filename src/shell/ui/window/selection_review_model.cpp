@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "core/item_kind.h"
 #include "core/path_guard.h"
 #include "core/store/followed_store.h"
 #include "core/store/qt_words.h"
@@ -17,9 +18,7 @@ FileNode::Kind kindOf(const StorageStore &store, const std::string &path)
     if (const FileNode *node = store.node(path))
         return node->kind;
     const auto facts = store.host().files.facts(path);
-    if (!facts || facts->type != EntryType::directory)
-        return FileNode::Kind::file;
-    return facts->isPackage ? FileNode::Kind::package : FileNode::Kind::directory;
+    return facts ? kindOf(facts->type, facts->isPackage) : FileNode::Kind::file;
 }
 
 } // namespace
