@@ -23,4 +23,14 @@ inline constexpr std::int64_t foreignSumLimit = std::int64_t{1} << 58;
     return true;
 }
 
+/// Adds such figures up, each beside the others that make up one result.
+class ForeignSum {
+public:
+    /// The figure; 0 where it cannot be added to those before.
+    [[nodiscard]] std::int64_t counted(std::int64_t figure) { return addForeign(m_sum, figure) ? figure : 0; }
+
+private:
+    std::int64_t m_sum = 0;
+};
+
 } // namespace corvane
