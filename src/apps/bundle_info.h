@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace corvane {
 
@@ -12,6 +14,10 @@ struct BundleInfo {
     std::string bundleID; ///< the identifier, its case kept; never empty
     std::string version;  ///< its "CFBundleShortVersionString"; empty where it has none
     bool isAppStore = false;
+
+    /// Reads the bytes of the Info.plist, XML or binary, of the bundle at that path; nothing where they hold no
+    /// identifier. A value that is no text counts as absent. Where the application is from is not told there.
+    [[nodiscard]] static std::optional<BundleInfo> parse(std::string_view path, std::string_view infoPlist);
 
     friend bool operator==(const BundleInfo &, const BundleInfo &) = default;
 };

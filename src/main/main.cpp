@@ -57,7 +57,7 @@ int main(int argc, char **argv)
     QCoreApplication::setOrganizationDomain(QStringLiteral("corvane.app"));
     QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVANE_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("app.corvane.Corvane"));
+    QGuiApplication::setDesktopFileName(QStringLiteral(CORVANE_APP_ID));
     QQuickStyle::setStyle(QStringLiteral("Basic"));
 
     const QtMessageHandler handler = qInstallMessageHandler(endWithoutDisplay);

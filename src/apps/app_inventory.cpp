@@ -1,0 +1,162 @@
+#include "apps/app_inventory.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/allocated_size.h"
+#include "core/checked_add.h"
+#include "core/concurrent_perform.h"
+#include "core/foreign_sum.h"
+#include "core/scanner.h"
+#include "platform/path.h"
+#include "platform/patient_open.h"
+#include "platform/walk_conditions.h"
+
+namespace corvane {
+
+namespace {
+
+// The longest that real applications have are of some hundred kilobytes.
+constexpr std::size_t longestInfoPlist = 4UL * 1024 * 1024;
+
+// The system's own applications, and this one, are never offered.
+constexpr std::string_view systemPrefix = "com.apple.";
+constexpr std::string_view ownID = CORVANE_APP_ID;
+
+bool isBundleName(std::string_view name)
+{
+    return nameExtension(name) == "app";
+}
+
+struct Child {
+    std::string name;
+    bool isBundle = false;
+};
+
+/// The bundles and the folders directly inside a folder; none of one that has no end.
+std::vector<Child> childrenOf(OpenFolder &folder, const StopFlag &stop)
+{
+    std::vector<Child> children;
+    std::size_t count = 0;
+    const auto take = [&](const DirectoryEntry &entry) {
+        const bool isBundle = isBundleName(entry.name);
+        if (isBundle || entry.type == EntryType::directory)
+            children.push_back({std::string(entry.name), isBundle});
+        return stop || ++count > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
+    };
+    // After a failure on the way the rest still counts: what is not found here makes orphans there.
+    if (const auto listed = folder.list(take); !listed && listed.error().code == std::errc::operation_canceled)
+        children.clear();
+    return children;
+}
+
+void appendBundlesIn(OpenFolder &root, const std::string &path, const StopFlag &stop, std::vector<std::string> &bundles)
+{
+    for (const Child &child : childrenOf(root, stop)) {
+        const std::string childPath = joined(path, child.name);
+        if (child.isBundle) {
+            bundles.push_back(childPath);
+            continue;
+        }
+        const auto folder = openPatiently([&] { return root.openChild(child.name); });
+        if (stop || !folder)
+            continue;
+        for (const Child &inside : childrenOf(**folder, stop)) {
+            if (inside.isBundle)
+                bundles.push_back(joined(childPath, inside.name));
+        }
+    }
+}
+
+/// Those of the bundles that are offered, in the same order.
+std::vector<BundleInfo> readBundles(const std::vector<std::string> &paths, FileSystem &files, const StopFlag &stop)
+{
+    std::vector<std::optional<BundleInfo>> read(paths.size());
+    concurrentPerform(paths.size(), [&](std::size_t i) {
+        if (!stop)
+            read[i] = AppInventory::readBundle(paths[i], files);
+    });
+    std::vector<BundleInfo> bundles;
+    for (std::optional<BundleInfo> &bundle : read) {
+        if (bundle)
+            bundles.push_back(*std::move(bundle));
+    }
+    return bundles;
+}
+
+std::int64_t sizeOf(const InstalledApp &app)
+{
+    return checkedAdd(app.appSize, app.exactLeftoverSize());
+}
+
+} // namespace
+
+std::vector<std::string> AppInventory::findAppURLs(const std::string &home, FileSystem &files, const StopFlag &stop)
+{
+    const WalkConditions conditions;
+    std::vector<std::string> bundles;
+    FolderIdentity first;
+    for (const std::string &root : {std::string("/Applications"), joined(home, "Applications")}) {
+        const auto folder = openPatiently([&] { return files.openFolder(root); });
+        if (!folder || (*folder)->identity() == first)
+            continue;
+        first = (*folder)->identity();
+        appendBundlesIn(**folder, root, stop, bundles);
+    }
+    return bundles;
+}
+
+std::optional<BundleInfo> AppInventory::readBundle(const std::string &path, FileSystem &files)
+{
+    const WalkConditions conditions;
+    const auto infoPlist =
+        openPatiently([&] { return files.readFile(joined(path, "Contents/Info.plist"), longestInfoPlist); });
+    if (!infoPlist)
+        return std::nullopt;
+    std::optional<BundleInfo> bundle = BundleInfo::parse(path, *infoPlist);
+    if (!bundle || bundle->bundleID.starts_with(systemPrefix) || bundle->bundleID == ownID)
+        return std::nullopt;
+    bundle->isAppStore = files.exists(joined(path, "Contents/_MASReceipt/receipt"));
+    return bundle;
+}
+
+AppInventory::Result AppInventory::load(const Host &host, const ProtectedLocations &locations, Time now,
+                                        const StopFlag &stop)
+{
+    const Surroundings surroundings{.files = host.files, .locations = locations, .now = now, .stop = stop};
+    const std::vector<BundleInfo> bundles =
+        readBundles(findAppURLs(locations.home(), host.files, stop), host.files, stop);
+    const std::vector<std::string> ids = allIDs(bundles);
+    const LibraryListings listings = LibraryListings::read(locations.home(), host.files, stop);
+
+    std::vector<std::optional<InstalledApp>> measured(bundles.size());
+    concurrentPerform(bundles.size(), [&](std::size_t i) {
+        if (stop)
+            return;
+        const BundleInfo &bundle = bundles[i];
+        measured[i] = InstalledApp{.path = bundle.path,
+                                   .name = bundle.name,
+                                   .bundleID = bundle.bundleID,
+                                   .version = bundle.version,
+                                   .isAppStore = bundle.isAppStore,
+                                   .appSize = allocatedSize(bundle.path, host.files, stop),
+                                   .lastUsed = {},
+                                   .leftovers = findLeftovers(bundle, ids, listings, surroundings)};
+    });
+
+    Result result;
+    ForeignSum sum;
+    for (std::optional<InstalledApp> &app : measured) {
+        if (!app)
+            continue;
+        app->appSize = sum.counted(app->appSize);
+        for (Leftover &leftover : app->leftovers)
+            leftover.size = sum.counted(leftover.size);
+        result.apps.push_back(*std::move(app));
+    }
+    std::ranges::stable_sort(result.apps, std::ranges::greater(), sizeOf);
+    result.orphanGroups = findOrphans(vendors(ids), listings, surroundings);
+    return result;
+}
+
+} // namespace corvane

@@ -1,0 +1,102 @@
+#include "apps/library_listings.h"
+
+#include <algorithm>
+#include <numeric>
+#include <tuple>
+#include <utility>
+
+#include "core/concurrent_perform.h"
+#include "core/scanner.h"
+#include "core/words/lower_case.h"
+#include "platform/path.h"
+#include "platform/patient_open.h"
+#include "platform/walk_conditions.h"
+
+namespace corvane {
+
+namespace {
+
+using Item = LibraryListing::Item;
+
+std::string_view startOf(std::string_view text, std::size_t length)
+{
+    return text.substr(0, length);
+}
+
+std::string_view endOf(std::string_view text, std::size_t length)
+{
+    return text.substr(text.size() - std::min(text.size(), length));
+}
+
+bool isBeforeReadBackwards(std::string_view a, std::string_view b)
+{
+    return std::lexicographical_compare(a.rbegin(), a.rend(), b.rbegin(), b.rend());
+}
+
+std::vector<std::string> namesIn(const std::string &folder, FileSystem &files, const StopFlag &stop)
+{
+    const WalkConditions conditions;
+    std::vector<std::string> names;
+    const auto opened = openPatiently([&] { return files.openFolder(folder); });
+    if (!opened || !(*opened)->list([&](const DirectoryEntry &entry) {
+            names.emplace_back(entry.name);
+            return stop || names.size() > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
+        }))
+        return {};
+    return names;
+}
+
+} // namespace
+
+LibraryListing::LibraryListing(std::vector<std::string> names)
+{
+    m_items.reserve(names.size());
+    for (std::string &name : names) {
+        std::string lowered = lowerCase(name);
+        m_items.push_back({std::move(name), std::move(lowered)});
+    }
+    std::ranges::sort(m_items, [](const Item &a, const Item &b) {
+        return std::tie(a.lowered, a.name) < std::tie(b.lowered, b.name);
+    });
+    m_byEnding.resize(m_items.size());
+    std::iota(m_byEnding.begin(), m_byEnding.end(), 0U);
+    std::ranges::sort(m_byEnding, isBeforeReadBackwards, [this](std::uint32_t i) { return m_items[i].lowered; });
+}
+
+std::span<const Item> LibraryListing::named(std::string_view lowered) const
+{
+    return std::ranges::equal_range(m_items, lowered, std::ranges::less(), &Item::lowered);
+}
+
+std::span<const Item> LibraryListing::startingWith(std::string_view lowered) const
+{
+    return std::ranges::equal_range(m_items, lowered, std::ranges::less(),
+                                    [&](const Item &item) { return startOf(item.lowered, lowered.size()); });
+}
+
+std::vector<const Item *> LibraryListing::endingWith(std::string_view lowered) const
+{
+    std::vector<const Item *> found;
+    for (const std::uint32_t i :
+         std::ranges::equal_range(m_byEnding, lowered, isBeforeReadBackwards,
+                                  [&](std::uint32_t each) { return endOf(m_items[each].lowered, lowered.size()); }))
+        found.push_back(&m_items[i]);
+    std::ranges::sort(found);
+    return found;
+}
+
+LibraryListings LibraryListings::read(const std::string &home, FileSystem &files, const StopFlag &stop)
+{
+    LibraryListings result{.library = joined(home, "Library")};
+    concurrentPerform(leftoverLocations.size(), [&](std::size_t i) {
+        result.listings[i] = LibraryListing(namesIn(joined(result.library, leftoverLocations[i].folder), files, stop));
+    });
+    return result;
+}
+
+std::string LibraryListings::pathOf(std::size_t location, const LibraryListing::Item &item) const
+{
+    return joined(joined(library, leftoverLocations[location].folder), item.name);
+}
+
+} // namespace corvane
