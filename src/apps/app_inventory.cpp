@@ -140,7 +140,7 @@ AppInventory::Result AppInventory::load(const Host &host, const ProtectedLocatio
                                    .version = bundle.version,
                                    .isAppStore = bundle.isAppStore,
                                    .appSize = allocatedSize(bundle.path, host.files, stop),
-                                   .lastUsed = {},
+                                   .lastUsed = host.applications.lastUsed(bundle.path),
                                    .leftovers = findLeftovers(bundle, ids, listings, surroundings)};
     });
 

@@ -166,6 +166,7 @@ TEST_F(AppInventoryTest, AnApplicationHasWhatItsBundleSaysAndItsSize)
                                {"CFBundleShortVersionString", "2.1"}}),
               5'000'000);
     addItem("Caches/org.sea.chart", 70);
+    fake.applications.setLastUsed("/Applications/Sea Chart.app", longAgo);
     const std::vector<InstalledApp> apps = load().apps;
     ASSERT_EQ(apps.size(), 1U);
     EXPECT_EQ(apps[0].path, "/Applications/Sea Chart.app");
@@ -174,7 +175,14 @@ TEST_F(AppInventoryTest, AnApplicationHasWhatItsBundleSaysAndItsSize)
     EXPECT_EQ(apps[0].version, "2.1");
     EXPECT_FALSE(apps[0].isAppStore);
     EXPECT_EQ(apps[0].appSize, 5'000'000);
+    EXPECT_EQ(apps[0].lastUsed, longAgo);
     EXPECT_EQ(apps[0].leftovers.size(), 1U);
+}
+
+TEST_F(AppInventoryTest, WithoutADateOfLastUseThereIsNone)
+{
+    addApp("/Applications/Chart.app", "a.b");
+    EXPECT_EQ(load().apps.at(0).lastUsed, std::nullopt);
 }
 
 TEST_F(AppInventoryTest, TheLargestComesFirstTogetherWithItsExactLeftovers)

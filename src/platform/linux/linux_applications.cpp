@@ -16,9 +16,9 @@
 #include <unistd.h>
 
 #include "platform/file_descriptor.h"
-#include "platform/linux/interrupted_call.h"
 #include "platform/linux/real_path.h"
 #include "platform/path.h"
+#include "platform/posix/interrupted_call.h"
 
 namespace corvane {
 
