@@ -1,6 +1,7 @@
 #include "cleanup/cleanup_items.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/checked_add.h"
 #include "core/selection.h"
@@ -25,13 +26,9 @@ bool takeRemoved(std::vector<CleanupItem> &items, std::span<const SelectedEntry>
     bool hasChanged = false;
     for (CleanupItem &item : items) {
         for (CleanupEntry &entry : item.entries) {
-            const std::int64_t before = entry.size;
             if (isCovered(gone, entry.path))
-                entry.size = 0;
-            for (auto inside = gone.lower_bound(entry.path + "/");
-                 inside != gone.end() && liesBeneath(inside->first, entry.path); ++inside)
-                entry.size -= inside->second;
-            hasChanged |= entry.size != before;
+                hasChanged |= std::exchange(entry.size, 0) != 0;
+            hasChanged |= takeInside(gone, entry.path, entry.size);
         }
     }
     if (!hasChanged)

@@ -63,11 +63,21 @@ bool hasSelectedAncestor(const Selection &selection, std::string_view path)
     return anyAncestor(path, [&](std::string_view folder) { return selection.contains(folder); });
 }
 
+// In the order of paths, what lies beneath a folder is one stretch.
+
 bool hasSelectedInside(const Selection &selection, std::string_view path)
 {
-    // In the order of paths, what lies beneath a folder is one stretch.
     const auto next = selection.lower_bound(joined(path, {}));
     return next != selection.end() && liesBeneath(next->first, path);
+}
+
+bool takeInside(const Selection &gone, std::string_view path, std::int64_t &size)
+{
+    const std::int64_t before = size;
+    for (auto inside = gone.lower_bound(joined(path, {})); inside != gone.end() && liesBeneath(inside->first, path);
+         ++inside)
+        size = std::max<std::int64_t>(0, size - inside->second);
+    return size != before;
 }
 
 bool isCovered(const Selection &selection, std::string_view path)

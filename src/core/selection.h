@@ -37,6 +37,10 @@ using SeenItems = std::map<std::string, SeenItem>;
 /// Whether something that lies beneath the path is in the selection.
 [[nodiscard]] bool hasSelectedInside(const Selection &selection, std::string_view path);
 
+/// Takes what of the selection lies beneath a path off the size of the item there, of which no less than 0 is left;
+/// whether the size has changed.
+bool takeInside(const Selection &gone, std::string_view path, std::int64_t &size);
+
 /// Whether the path is in the selection or lies inside a selected folder.
 [[nodiscard]] bool isCovered(const Selection &selection, std::string_view path);
 

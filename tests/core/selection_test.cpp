@@ -85,6 +85,18 @@ TEST(Selection, EmptySelectionHasNoEntriesAndNoBytes)
     EXPECT_EQ(totalSize({}), 0);
 }
 
+TEST(Selection, WhatIsTakenFromInsideAnItemMakesItSmaller)
+{
+    const Selection gone{{"/a", 50}, {"/a/b", 3}, {"/a/c/d", 4}, {"/a.b", 20}, {"/ab", 30}};
+    std::int64_t size = 10;
+    EXPECT_TRUE(takeInside(gone, "/a", size));
+    EXPECT_EQ(size, 3) << "neither it nor what is named like it counts";
+    EXPECT_FALSE(takeInside(gone, "/ab", size));
+    EXPECT_EQ(size, 3);
+    EXPECT_TRUE(takeInside(gone, "/a", size));
+    EXPECT_EQ(size, 0) << "figures of another moment may come to more";
+}
+
 TEST(Selection, PathsAreBytesAndNeedNotBeText)
 {
     const Selection selection{{"/a/\xff", 3}, {"/a/\xff/\xfe", 2}, {"/a/\xfe", 1}};

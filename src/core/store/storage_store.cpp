@@ -18,16 +18,18 @@ constexpr int walksAtOnce = 4;
 
 } // namespace
 
-StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations, QObject *parent)
+StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations, StoreTiming timing, QObject *parent)
     : QObject(parent),
       m_host(host),
       m_locations(locations),
+      m_timing(std::move(timing)),
       m_selected(host, locations),
       m_volume(VolumeInfo::current(host)),
       m_revealFailures([this](const Error &error) { showFailure("show", error.path, error.description()); }),
       m_scanJob([this](std::shared_ptr<ScanResult> result) { publishScan(std::move(result)); }, walksAtOnce),
       m_breakdownJob([this](DiskBreakdown breakdown) { publishBreakdown(std::move(breakdown)); }),
       m_cleanupJob([this](std::vector<CleanupItem> items) { publishCleanup(std::move(items)); }),
+      m_appsJob([this](AppInventory::Result result) { publishApps(std::move(result)); }),
       m_removal(host, locations, [this](const auto &outcome, bool permanently, const auto &remains) {
           didRemove(outcome, permanently, remains);
       })
@@ -45,6 +47,7 @@ StorageStore::~StorageStore()
     m_scanJob.close();
     m_breakdownJob.close();
     m_cleanupJob.close();
+    m_appsJob.close();
     m_removal.close();
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -13,6 +15,7 @@
 #include <QThreadPool>
 #include <QTimer>
 
+#include "apps/app_inventory.h"
 #include "cleanup/cleanup_catalog.h"
 #include "core/file_node.h"
 #include "core/installed_tree.h"
@@ -30,11 +33,18 @@
 #include "core/volume_info.h"
 #include "disk/disk_breakdown.h"
 #include "platform/host.h"
+#include "platform/time.h"
 
 namespace corvane {
 
 /// The remark that stands beside every figure of a scan that was stopped.
 inline constexpr std::string_view partialScanText = "Partial: the scan was stopped";
+
+/// The store's times, for tests to set otherwise.
+struct StoreTiming {
+    std::function<Time()> now = currentTime;
+    std::chrono::milliseconds quitDelay{2'000}; ///< from the request to an application to quit to its removal
+};
 
 /// The one observable object of the program: holds everything that the screens show and runs every long
 /// operation. Made once at launch and outliving every screen. Main thread only; work runs in background jobs
@@ -68,8 +78,10 @@ public:
     };
 
     /// What `host` refers to, and `locations`, must outlive the store.
-    StorageStore(const Host &host, const ProtectedLocations &locations, QObject *parent = nullptr);
-    /// Stops the background work, a removal after the item that it is at, and waits for its end.
+    StorageStore(const Host &host, const ProtectedLocations &locations, StoreTiming timing = {},
+                 QObject *parent = nullptr);
+    /// Stops the background work, a removal after the item that it is at, and waits for its end. An uninstall whose
+    /// application has been asked to quit, and that waits for that, removes nothing any more.
     ~StorageStore() override;
 
     // What is published is followed by the signal that announces it.
@@ -163,6 +175,34 @@ public:
     /// Selects every entry of those items that may be selected at all.
     void selectAllSafeCleanup();
 
+    // --- The applications, and what they and deleted ones keep
+    /// The installed applications, largest first with what is theirs; empty until they have been loaded once.
+    [[nodiscard]] const std::vector<InstalledApp> &apps() const { return m_inventory.apps; } // appsChanged
+    /// What deleted applications have left, largest first.
+    [[nodiscard]] const std::vector<OrphanGroup> &orphanGroups() const
+    {
+        return m_inventory.orphanGroups;
+    } // appsChanged
+    [[nodiscard]] std::int64_t orphanTotal() const;
+    [[nodiscard]] bool appsLoading() const { return m_appsJob.isLoading(); } // appsChanged
+    /// They have been loaded once.
+    [[nodiscard]] bool appsLoaded() const { return m_appsLoaded; } // appsChanged
+    /// Loads the inventory anew in the background.
+    void refreshApps();
+    /// Takes over an inventory unless `token` is no longer the newest request.
+    void setApps(AppInventory::Result result, int token);
+    /// The number of the newest request.
+    [[nodiscard]] int appsToken() const { return m_appsJob.token(); }
+    /// Asks the system, which does not tell when it changes.
+    [[nodiscard]] bool isRunning(const InstalledApp &app) const;
+    /// Moves an application and those leftovers to the Trash, as they are at this moment: what is another item by the
+    /// time of the removal stays. Where the application runs, every instance is asked to quit and the removal follows
+    /// after `StoreTiming::quitDelay`, whether they have quit or not. A removal that is due while another one runs
+    /// follows it. An application that is being uninstalled is left to that.
+    void uninstall(const InstalledApp &app, std::span<const Leftover> leftovers);
+    /// From the call of `uninstall` for that bundle to the end of its removal.
+    [[nodiscard]] bool isUninstalling(const std::string &bundlePath) const; // uninstallsChanged
+
     // --- The selection
     [[nodiscard]] const Selection &selection() const { return m_selected.sizes(); } // selectionChanged
     [[nodiscard]] bool isProtected(std::string_view path) const;
@@ -219,6 +259,8 @@ signals:
     void folderWanted();
     void breakdownChanged(); ///< the breakdown, or whether one is being computed
     void cleanupChanged();   ///< the catalogue's items, or whether they are being measured
+    void appsChanged();      ///< the applications, the orphans, or whether they are being loaded
+    void uninstallsChanged();
     void selectionChanged();
     void isRemovingChanged();
     void volumeChanged();
@@ -243,6 +285,24 @@ private:
     void publishBreakdown(DiskBreakdown breakdown);
     void dropOutdatedBreakdown();
     void publishCleanup(std::vector<CleanupItem> items);
+    void publishApps(AppInventory::Result result);
+
+    // The uninstalls.
+    /// One on its way: its application is quitting, its removal may begin, or is under way.
+    struct Uninstall {
+        enum class Stage { quitting, due, removing };
+
+        std::string bundlePath;
+        Selection entries;
+        SeenItems seen;
+        Stage stage = Stage::quitting;
+    };
+    void uninstallIsDue(const std::string &bundlePath);
+    /// Begins the first removal that is due, unless one is under way.
+    void removeNextUninstall();
+    /// Forgets the one whose removal has ended; whether there was one.
+    bool endUninstall();
+    void followRemovalInApps(std::span<const SelectedEntry> gone, bool wasUninstall);
 
     // The removal.
     void applyToTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
@@ -257,6 +317,7 @@ private:
 
     const Host m_host;
     const ProtectedLocations &m_locations;
+    const StoreTiming m_timing;
     bool m_isClosing = false;
 
     SidebarItem m_sidebar = SidebarItem::overview;
@@ -277,6 +338,9 @@ private:
     std::optional<DiskBreakdown> m_breakdown;
     bool m_breakdownHasTree = false; // whether the newest request is about the installed tree
     std::vector<CleanupItem> m_cleanupItems;
+    AppInventory::Result m_inventory;
+    bool m_appsLoaded = false;
+    std::vector<Uninstall> m_uninstalls; // in the order of the requests
 
     SelectedItems m_selected;
 
@@ -292,6 +356,7 @@ private:
     LatestJob<std::shared_ptr<ScanResult>, ScanProgress> m_scanJob;
     LatestJob<DiskBreakdown> m_breakdownJob;
     LatestJob<std::vector<CleanupItem>> m_cleanupJob;
+    LatestJob<AppInventory::Result> m_appsJob;
     RemovalJob m_removal;
 };
 

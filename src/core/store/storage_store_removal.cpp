@@ -33,6 +33,7 @@ void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently,
         emit selectionChanged();
     if (takeRemoved(m_cleanupItems, settled.gone))
         emit cleanupChanged();
+    followRemovalInApps(settled.gone, endUninstall());
     if (settled.hasChanged)
         emit selectionChanged();
 
@@ -42,6 +43,7 @@ void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently,
     showToast(Removal::message(outcome, permanently), !outcome.failures.empty());
     refreshBreakdown();
     refreshCleanup();
+    removeNextUninstall();
 }
 
 // The tree changes from what really happened alone.

@@ -112,7 +112,8 @@ std::string executablesFolder(const std::string &bundlePath)
 std::vector<std::int64_t> LinuxApplications::running(const std::string & /*bundleID*/, const std::string &bundlePath)
 {
     const std::string folder = executablesFolder(bundlePath);
-    const std::unique_ptr<DIR, decltype(&::closedir)> processes(::opendir("/proc"), &::closedir);
+    const auto close = [](DIR *listing) { ::closedir(listing); };
+    const std::unique_ptr<DIR, decltype(close)> processes(::opendir("/proc"));
     if (folder.empty() || !processes || !areNumbersOurs())
         return {};
     std::vector<std::int64_t> instances;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "apps/app_inventory.h"
+#include "core/selected_entry.h"
+#include "core/selection.h"
+
+namespace corvane {
+
+// What is asked of a loaded inventory, and of the items that it lists.
+
+/// Takes what was removed out of the applications, their leftovers and the orphans, until they are loaded again;
+/// whether anything has changed.
+bool takeRemoved(AppInventory::Result &inventory, std::span<const SelectedEntry> removed);
+
+/// The items of all groups, in the order of the groups.
+[[nodiscard]] std::vector<SelectedEntry> orphanEntries(std::span<const OrphanGroup> groups);
+
+/// What the groups come to.
+[[nodiscard]] std::int64_t orphanTotal(std::span<const OrphanGroup> groups);
+
+/// What is removed with an application: its bundle and those leftovers. A path that stands there twice has its last
+/// size.
+[[nodiscard]] Selection uninstallEntries(const InstalledApp &app, std::span<const Leftover> leftovers);
+
+/// What is at each of those paths now. A leftover that is no longer of the listed kind is not known: a file may be
+/// removed as one, a folder that has taken its place may not. Asks the disk.
+[[nodiscard]] SeenItems lookAtUninstall(const InstalledApp &app, std::span<const Leftover> leftovers,
+                                        const ProtectedLocations &locations, const Host &host);
+
+} // namespace corvane
