@@ -5,7 +5,7 @@
 
 #include <fmt/format.h>
 
-#include "cleanup/cleanup_catalog.h"
+#include "core/allocated_size.h"
 
 int main(int argc, char **argv)
 {
@@ -13,6 +13,6 @@ int main(int argc, char **argv)
         fmt::print(stderr, "usage: bench_measure FOLDER\n");
         return 2;
     }
-    fmt::print("{} bytes\n", corvane::CleanupCatalog::allocatedSize(argv[1]));
+    fmt::print("{} bytes\n", corvane::allocatedSize(argv[1]));
     return EXIT_SUCCESS;
 }

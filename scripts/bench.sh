@@ -4,6 +4,7 @@
 #   scan        scanning two generated folders of 400,000 files
 #   measure     measuring the same folders, one and both at once, as the breakdown and the cleanup catalogue do
 #   summary     what recognising build folders adds to the summary of 1,000,000 files
+#   apps        finding what belongs to 400 applications among 60,000 items of the Library
 #   publish     how long the window stands still when a scan of 1,000,000 files is published (needs Qt)
 #               Without a name, all of them.
 #   --rounds N  how often each program runs (7)
@@ -26,7 +27,7 @@ remove=
 names=()
 while [[ $# -gt 0 ]]; do
     case $1 in
-    scan | measure | summary | publish) names+=("$1") ;;
+    scan | measure | summary | apps | publish) names+=("$1") ;;
     --rounds)
         rounds=${2:-}
         if [[ ! $rounds =~ ^[1-9][0-9]*$ ]]; then
@@ -54,7 +55,7 @@ if [[ $cold && $(id -u) -ne 0 ]]; then
     exit 2
 fi
 
-[[ ${#names[@]} -gt 0 ]] || names=(scan measure summary publish)
+[[ ${#names[@]} -gt 0 ]] || names=(scan measure summary apps publish)
 require_packages build bench
 
 # Qt belongs to the window, so what needs it has a build of its own.
@@ -161,6 +162,11 @@ for name in "${names[@]}"; do
     summary)
         echo "summary: recognising build folders"
         ./bench_summary "$rounds"
+        echo
+        ;;
+    apps)
+        echo "apps: matching the items of the Library"
+        ./bench_apps "$rounds"
         echo
         ;;
     publish)
