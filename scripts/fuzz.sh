@@ -25,13 +25,13 @@ if [[ $(uname -s) == Darwin ]]; then
 else
     export CXX=clang++-19
 fi
-build fuzz fuzz_container fuzz_snapshots
+build fuzz fuzz_container fuzz_snapshots fuzz_info_plist
 
 export ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=1
 export LSAN_OPTIONS=print_suppressions=0
 failed=
 summary=()
-for target in container snapshots; do
+for target in container snapshots info_plist; do
     corpus=build/fuzz/corpus/$target
     findings=build/fuzz/findings/$target
     log=build/fuzz/$target.log

@@ -1,0 +1,44 @@
+// What a bundle's Info.plist says: whatever the bytes are, it is nothing or a bundle with an identifier, and what
+// belongs to that is found.
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "apps/app_inventory.h"
+#include "core/words/lower_case.h"
+#include "fuzz/expect.h"
+#include "platform/protected_places.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    using corvane::AppInventory;
+    const std::string_view bytes(reinterpret_cast<const char *>(data), size);
+    const std::optional<corvane::BundleInfo> bundle = corvane::BundleInfo::parse("/Applications/Sea Chart.app", bytes);
+    if (!bundle)
+        return 0;
+    corvane::fuzz::expect(!bundle->bundleID.empty() && bundle->name == "Sea Chart" && !bundle->isAppStore);
+
+    const std::string id = corvane::lowerCase(bundle->bundleID);
+    const std::vector<std::string> ids = AppInventory::allIDs({*bundle});
+    corvane::fuzz::expect(ids == std::vector{id} && AppInventory::vendors(ids).size() == 1);
+    if (id == "." || id == ".." || id.find('/') != std::string::npos) // no item's name
+        return 0;
+
+    // Nothing lies there; what an item is like is not the question.
+    static const corvane::ProtectedLocations locations("/nowhere/home", corvane::ProtectedPlaces{});
+    const AppInventory::Surroundings surroundings{
+        .files = corvane::systemHost().files, .locations = locations, .now = corvane::Time{}};
+    corvane::LibraryListings listings{.library = "/nowhere/home/Library"};
+    for (corvane::LibraryListing &listing : listings.listings) {
+        listing = corvane::LibraryListing(
+            {bundle->bundleID, id + ".PLIST", "group." + id, id + ".savedState", bundle->altName, "Sea Chart"});
+    }
+    const std::vector<corvane::Leftover> found = AppInventory::findLeftovers(*bundle, ids, listings, surroundings);
+    corvane::fuzz::expect(found.size() >= corvane::leftoverLocations.size());
+    static_cast<void>(AppInventory::findOrphans({}, listings, surroundings));
+    return 0;
+}
