@@ -1,3 +1,6 @@
+#include <array>
+#include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -383,23 +386,62 @@ TEST_F(LeftoverMatching, NothingIsLookedAtThatDoesNotMatch)
     }
 }
 
-TEST_F(LeftoverMatching, TwentyThousandItemsAndManyApplicationsAreMatched)
+/// The rule for exact matches as it is told in words: item by item, with nothing looked up.
+bool belongsTo(const std::string &id, const std::vector<std::string> &allIDs, std::size_t location,
+               const std::string &name)
 {
-    constexpr int apps = 60;
-    std::vector<std::string> names;
-    for (int i = 0; i < 20'000; ++i)
-        names.push_back("com.vendor" + std::to_string(i % 300) + ".product.piece" + std::to_string(i));
-    LibraryListings listings{.library = home + "/Library"};
-    listings.listings[1] = LibraryListing(names);
-    const AppInventory::Surroundings surroundings{.files = fake.files, .locations = locations, .now = now};
-    std::vector<std::string> ids;
-    for (int i = 0; i < apps; ++i)
-        ids.push_back("com.vendor" + std::to_string(i) + ".product");
-    for (const std::string &id : ids) {
-        const BundleInfo bundle{.path = "/A.app", .name = "A", .altName = "A", .bundleID = id, .version = {}};
-        const std::size_t expected =
-            std::ranges::count_if(names, [&](const std::string &name) { return name.starts_with(id + "."); });
-        EXPECT_EQ(AppInventory::findLeftovers(bundle, ids, listings, surroundings).size(), expected) << id;
+    for (const std::string &other : allIDs) {
+        if (other != id && other.starts_with(id + ".") && (name == other || name.starts_with(other + ".")))
+            return false;
+    }
+    const std::string_view folder = leftoverLocations[location].folder;
+    if (folder == "Group Containers")
+        return name.ends_with("." + id) || name == "group." + id;
+    if (folder == "Saved Application State")
+        return name == id + ".savedstate";
+    if (folder == "Preferences" || folder == "Preferences/ByHost" || folder == "LaunchAgents" || folder == "Cookies") {
+        const bool hasEnding = name.ends_with(".plist") || name.ends_with(".binarycookies");
+        return name == id + ".plist" || name == id + ".binarycookies" || (name.starts_with(id + ".") && hasEnding);
+    }
+    return name == id || name.starts_with(id + ".");
+}
+
+TEST_F(LeftoverMatching, LookingItemsUpFindsWhatGoingThroughThemFinds)
+{
+    std::mt19937 random(7);
+    const auto pick = [&](const std::vector<std::string> &texts) { return texts[random() % texts.size()]; };
+    const auto makeName = [&](const std::vector<std::string> &ends) {
+        std::string name = pick({"com", "a", "group", "x1.com"});
+        for (std::size_t pieces = random() % 4; pieces > 0; --pieces)
+            name += pick({".", ".", "-"}) + pick({"a", "b", "ab", "", "plist"});
+        return name + pick(ends);
+    };
+    for (int round = 0; round < 30; ++round) {
+        std::vector<std::string> allIDs;
+        for (int i = 0; i < 40; ++i)
+            allIDs.push_back(makeName({""}));
+        LibraryListings listings{.library = home + "/Library"};
+        std::array<std::set<std::string>, leftoverLocations.size()> names;
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            for (int item = 0; item < 60; ++item)
+                names[i].insert(makeName({"", ".plist", ".savedstate", ".binarycookies"}));
+            listings.listings[i] = LibraryListing({names[i].begin(), names[i].end()});
+        }
+        const AppInventory::Surroundings surroundings{.files = fake.files, .locations = locations, .now = now};
+        for (const std::string &id : allIDs) {
+            const BundleInfo bundle{.path = "/A.app", .name = "A", .altName = "A", .bundleID = id, .version = {}};
+            std::vector<std::string> found;
+            for (const Leftover &leftover : AppInventory::findLeftovers(bundle, allIDs, listings, surroundings))
+                found.push_back(leftover.path);
+            std::vector<std::string> expected;
+            for (std::size_t i = 0; i < names.size(); ++i) {
+                for (const std::string &name : names[i]) {
+                    if (belongsTo(id, allIDs, i, name))
+                        expected.push_back(inLibrary(std::string(leftoverLocations[i].folder) + "/" + name));
+                }
+            }
+            ASSERT_THAT(found, testing::UnorderedElementsAreArray(expected)) << id;
+        }
     }
 }
 
