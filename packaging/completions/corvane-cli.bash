@@ -12,7 +12,7 @@ _corvane_cli() {
     done
 
     COMPREPLY=()
-    local commands='scan map breakdown snapshots cleanup protected remove help'
+    local commands='scan map breakdown snapshots cleanup apps protected remove help'
     if [[ -z $command ]]; then
         if [[ -z $onlyPaths ]]; then
             mapfile -t COMPREPLY < <(compgen -W "$commands --json --help -h --version -V " -- "$current")
@@ -46,7 +46,8 @@ _corvane_cli() {
     fi
 
     # These take no path but what an option wants.
-    if [[ $command == snapshots || $command == cleanup || ($command == breakdown && $previous != --scan) ]]; then
+    if [[ $command == snapshots || $command == cleanup || $command == apps || \
+        ($command == breakdown && $previous != --scan) ]]; then
         return
     fi
 

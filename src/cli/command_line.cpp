@@ -10,6 +10,7 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include "cli/apps_command.h"
 #include "cli/breakdown_command.h"
 #include "cli/cleanup_command.h"
 #include "cli/map_command.h"
@@ -49,6 +50,8 @@ struct Commands {
     CLI::App *snapshots = nullptr;
 
     CLI::App *cleanup = nullptr;
+
+    CLI::App *apps = nullptr;
 
     CLI::App *isProtected = nullptr;
     CLI::Option *protectedPaths = nullptr;
@@ -125,6 +128,8 @@ Commands::Commands()
     snapshots = add("snapshots", "List the local Time Machine snapshots.", "corvane-cli snapshots");
 
     cleanup = add("cleanup", "Measure caches and other folders that could be cleaned up.", "corvane-cli cleanup");
+
+    apps = add("apps", "List the apps, the data they keep, and what deleted ones left behind.", "corvane-cli apps");
 
     isProtected = add("protected", "Tell which paths would never be removed; they need not exist.",
                       "corvane-cli protected ~/Library /opt/tool");
@@ -233,7 +238,8 @@ ExitStatus runMap(const Commands &commands, Console &console)
 bool needsHome(const Commands &commands)
 {
     return (commands.scan->parsed() && commands.scanPath->results().empty()) || commands.breakdown->parsed() ||
-           commands.cleanup->parsed() || commands.isProtected->parsed() || commands.remove->parsed();
+           commands.cleanup->parsed() || commands.apps->parsed() || commands.isProtected->parsed() ||
+           commands.remove->parsed();
 }
 
 ExitStatus runCommand(const Commands &commands, Console &console)
@@ -256,6 +262,8 @@ ExitStatus runCommand(const Commands &commands, Console &console)
         return SnapshotsCommand{.json = commands.json}.run(console);
     if (commands.cleanup->parsed())
         return CleanupCommand{.json = commands.json}.run(console, systemHost());
+    if (commands.apps->parsed())
+        return AppsCommand{.json = commands.json}.run(console, systemHost());
     if (commands.isProtected->parsed()) {
         const ProtectedCommand command{.paths = valuesOf(*commands.protectedPaths), .json = commands.json};
         return command.run(console, systemHost());

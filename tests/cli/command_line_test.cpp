@@ -14,7 +14,8 @@ namespace corvane {
 
 namespace {
 
-const std::vector<std::string> commands{"scan", "map", "breakdown", "snapshots", "cleanup", "protected", "remove"};
+const std::vector<std::string> commands{"scan",    "map",  "breakdown", "snapshots",
+                                        "cleanup", "apps", "protected", "remove"};
 
 std::string textOf(const std::string &path)
 {

@@ -426,6 +426,7 @@ TEST_F(RemoveCommandTest, AHomeThatIsNoAbsolutePathIsRefusedByWhatNeedsIt)
                                                         {"protected", "kept.txt"},
                                                         {"scan"},
                                                         {"cleanup"},
+                                                        {"apps"},
                                                         {"breakdown"}}) {
             const ProgramResult result = program(command).with("HOME", home).run();
             expectRefused(result);

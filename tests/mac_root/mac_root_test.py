@@ -11,6 +11,7 @@ import argparse
 import json
 import os
 import pathlib
+import plistlib
 import re
 import stat
 import subprocess
@@ -456,6 +457,69 @@ class CleanupOnAMac(RootCase):
         self.assertEqual(closed, ["mail"])
 
 
+class AppsOnAMac(RootCase):
+    """The applications, what they keep in the Library, and what deleted ones have left there."""
+
+    LIBRARY = HOME + "/Library"
+
+    def inventory(self):
+        done = self.run_cli("apps", "--json")
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        return json.loads(done.stdout)
+
+    def bundles(self):
+        """Every bundle that is offered, with its Info.plist as another reader has it."""
+        found = {}
+        for folder in ("/Applications", "/Applications/Utilities", HOME + "/Applications"):
+            for name in os.listdir(self.root + folder):
+                path = f"{folder}/{name}"
+                if name.endswith(".app"):
+                    found[path] = plistlib.loads(pathlib.Path(self.root + path, "Contents/Info.plist").read_bytes())
+        return {path: plist for path, plist in found.items()
+                if not plist["CFBundleIdentifier"].startswith("com.apple.")}
+
+    def test_EveryBundleIsReadAndMeasured(self):
+        apps = self.inventory()["apps"]
+        bundles = self.bundles()
+        self.assertGreater(len(bundles), 15)
+        self.assertEqual({app["path"] for app in apps}, set(bundles))
+        for app in apps:
+            plist = bundles[app["path"]]
+            self.assertEqual(app["bundleID"], plist["CFBundleIdentifier"])
+            self.assertEqual(app["version"], plist.get("CFBundleShortVersionString", ""))
+            self.assertEqual(app["name"], os.path.basename(app["path"]).removesuffix(".app"))
+            self.assertEqual(app["appSize"], self.on_disk(app["path"]), app["path"])
+            self.assertEqual(app["isAppStore"],
+                             os.path.exists(self.root + app["path"] + "/Contents/_MASReceipt/receipt"))
+        sums = [app["appSize"] + sum(item["size"] for item in app["leftovers"] if item["match"] == "exact")
+                for app in apps]
+        self.assertEqual(sums, sorted(sums, reverse=True))
+
+    def test_WhatAnAppKeepsIsFound(self):
+        leftovers = {app["bundleID"]: app["leftovers"] for app in self.inventory()["apps"]}
+        support = self.LIBRARY + "/Application Support/com.framewright.studio"
+        self.assertIn({"path": support, "size": self.on_disk(support), "location": "Application Support",
+                       "match": "exact", "modified": round(os.lstat(self.root + support).st_mtime)},
+                      leftovers["com.framewright.studio"])
+        named = self.LIBRARY + "/Application Support/Signal Deck"
+        self.assertIn((named, "name"), [(item["path"], item["match"]) for item in leftovers["com.signaldeck.desktop"]])
+        for bundle, items in leftovers.items():
+            for item in items:
+                if item["match"] == "exact":
+                    self.assertIn(bundle.lower(), os.path.basename(item["path"]).lower())
+
+    def test_WhatDeletedAppsLeftIsFound(self):
+        inventory = self.inventory()
+        groups = {group["id"]: group["items"] for group in inventory["orphanGroups"]}
+        gone = self.LIBRARY + "/Application Support/org.lanternworks.viewer"
+        self.assertIn((gone, self.on_disk(gone)),
+                      [(item["path"], item["size"]) for item in groups["org.lanternworks.viewer"]])
+        installed = {".".join(app["bundleID"].lower().split(".")[:2]) for app in inventory["apps"]}
+        for group in groups:
+            self.assertNotIn(".".join(group.split(".")[:2]), installed)
+            self.assertFalse(group.startswith("com.apple"), group)
+
+
 class RemovalOnAMac(RootCase):
     """What the command line removes. Each test has its own items; none counts what the others change."""
 
@@ -494,7 +558,7 @@ class RemovalOnAMac(RootCase):
 def tests():
     """The tests by the names that ctest shows: Class.Rule."""
     for case in (MacRoot, CommandLineOnAMac, BreakdownOnAMac, ToolsOnAMac, LargePlacesOnAMac, CleanupOnAMac,
-                 RemovalOnAMac):
+                 AppsOnAMac, RemovalOnAMac):
         for method in unittest.TestLoader().getTestCaseNames(case):
             yield f"{case.__name__}.{method.removeprefix('test_')}", case(method)
 

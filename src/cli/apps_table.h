@@ -1,0 +1,13 @@
+#pragma once
+
+#include "apps/app_inventory.h"
+#include "cli/console.h"
+#include "core/calendar.h"
+
+namespace corvane {
+
+/// The inventory for people: each application with its own size and that of its exact leftovers, and each group of
+/// what deleted ones have left.
+void writeAppsTable(const AppInventory::Result &inventory, Time now, const Calendar &calendar, Console &console);
+
+} // namespace corvane
