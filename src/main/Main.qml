@@ -3,6 +3,7 @@ import Corvane.Shell
 import Corvane.Window
 import Corvane.Disk
 import Corvane.Map
+import Corvane.Apps
 import Corvane.Cleanup
 import Corvane.Overview
 
@@ -41,6 +42,15 @@ MainWindow {
             ExplorerScreen {
                 // A component that is bound to its surroundings is more than the Loader of Qt 6.4 can make.
                 coveredHeight: window.coveredHeight // qmllint disable unqualified
+                toolbar: Component {
+                    ScanToolbar {}
+                }
+            }
+        }
+        WindowScreen {
+            item: Store.SidebarItem.uninstaller
+
+            UninstallerScreen {
                 toolbar: Component {
                     ScanToolbar {}
                 }

@@ -45,26 +45,10 @@ protected:
         show();
     }
 
-    [[nodiscard]] QQuickItem *find(const std::function<bool(QQuickItem *)> &rule) const
-    {
-        std::function<QQuickItem *(QQuickItem *)> search = [&](QQuickItem *item) -> QQuickItem * {
-            if (!item->isVisible())
-                return nullptr;
-            if (rule(item))
-                return item;
-            for (QQuickItem *child : item->childItems()) {
-                if (QQuickItem *found = search(child))
-                    return found;
-            }
-            return nullptr;
-        };
-        return search(scene->window()->contentItem());
-    }
+    [[nodiscard]] QQuickItem *find(const std::function<bool(QQuickItem *)> &rule) const { return scene->find(rule); }
     [[nodiscard]] QQuickItem *named(const QString &name, QAccessible::Role role) const
     {
-        return find([&](QQuickItem *item) {
-            return QuickScene::accessibleName(item) == name && QuickScene::accessibleRole(item) == role;
-        });
+        return scene->named(name, role);
     }
     [[nodiscard]] QQuickItem *row(const QString &description) const
     {

@@ -33,6 +33,7 @@ void Photographer::takeAll()
     takeOverviewBeforeScan();
     takeBreakdownBeforeScan();
     takeCleanupWithoutScan();
+    takeUninstaller();
     takeScanning();
     takeOverview();
     takeBreakdown();

@@ -33,6 +33,10 @@ private:
     void takeOverview();
     void takeCleanup();
     void takeCleanupWithoutScan();
+    void takeUninstaller();
+    void takeAppsByKeyboard();
+    void takeOrphans();
+    void takeUninstallerWithoutApps();
 
     void show(StorageStore::SidebarItem screen);
     /// Measures the disk anew, and waits for that.
@@ -61,6 +65,10 @@ private:
     [[nodiscard]] QQuickItem &cleanupRow(const QString &title) const;
     void tickCleanup(const QString &title);
     void waitForMeasurement() const;
+    void waitForInventory() const;
+    /// A row of the uninstaller's list.
+    void chooseApp(const QString &name);
+    void publishApps(const AppInventory::Result &inventory);
     /// The middle of an item's tile in the map's band of labels, so that it is the item that is meant and not
     /// what lies inside.
     [[nodiscard]] QPointF tile(const std::string &name) const;

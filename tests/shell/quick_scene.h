@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include <QAccessible>
@@ -45,6 +46,17 @@ public:
     }
     [[nodiscard]] QQuickItem *item(const char *name) const { return qobject_cast<QQuickItem *>(object(name)); }
 
+    /// The first visible item of which this holds; null for none.
+    [[nodiscard]] QQuickItem *find(const std::function<bool(QQuickItem *)> &rule) const
+    {
+        return findBelow(m_window->contentItem(), rule);
+    }
+    /// The visible item that a reader knows by that name and role; null for none.
+    [[nodiscard]] QQuickItem *named(const QString &name, QAccessible::Role role) const
+    {
+        return find([&](QQuickItem *item) { return accessibleName(item) == name && accessibleRole(item) == role; });
+    }
+
     void click(QQuickItem *item) const
     {
         QTest::mouseClick(m_window.get(), Qt::LeftButton, Qt::NoModifier, centre(item));
@@ -74,6 +86,19 @@ private:
     static QPoint centre(QQuickItem *item)
     {
         return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+    }
+
+    static QQuickItem *findBelow(QQuickItem *item, const std::function<bool(QQuickItem *)> &rule)
+    {
+        if (!item->isVisible())
+            return nullptr;
+        if (rule(item))
+            return item;
+        for (QQuickItem *child : item->childItems()) {
+            if (QQuickItem *found = findBelow(child, rule))
+                return found;
+        }
+        return nullptr;
     }
 
     QQmlEngine m_engine;

@@ -1,0 +1,69 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Apps
+
+/// One application: what it is, what belongs to it, and what is about to happen when it goes.
+Item {
+    id: detail
+
+    required property AppDetailPresenter presenter
+
+    function takeKeyboard() {
+        leftovers.forceActiveFocus(Qt.TabFocusReason);
+    }
+    /// Asks before anything is uninstalled.
+    function ask() {
+        if (presenter.canUninstall)
+            question.open();
+    }
+
+    AppHeader {
+        id: header
+
+        width: parent.width
+        presenter: detail.presenter
+    }
+    RunningBanner {
+        id: banner
+
+        anchors.top: header.bottom
+        x: Theme.pageMargin
+        width: parent.width - 2 * x
+        height: visible ? AppsMetrics.bannerHeight : 0
+        text: detail.presenter.warning
+        visible: text !== ""
+    }
+    LeftoverList {
+        id: leftovers
+
+        objectName: "uninstaller.leftovers"
+        anchors.top: banner.bottom
+        anchors.topMargin: banner.visible ? Theme.space4 : 0
+        anchors.bottom: foot.top
+        width: parent.width
+        contents: detail.presenter.leftovers
+        dated: false
+        Accessible.name: qsTr("Leftovers")
+    }
+    AppFoot {
+        id: foot
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        presenter: detail.presenter
+        onUninstallWanted: detail.ask()
+    }
+    Alert {
+        id: question
+
+        objectName: "uninstallConfirm"
+        cancelName: "uninstallConfirm.cancel"
+        confirmName: "uninstallConfirm.move"
+        width: AppsMetrics.questionWidth
+        iconKey: detail.presenter.iconKey
+        title: detail.presenter.question
+        message: detail.presenter.explanation
+        confirmText: detail.presenter.confirmText
+        onConfirmed: detail.presenter.uninstall()
+    }
+}

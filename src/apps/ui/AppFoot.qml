@@ -1,0 +1,56 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Apps
+
+/// What is about to happen, and the button for it.
+Item {
+    id: foot
+
+    required property AppDetailPresenter presenter
+
+    signal uninstallWanted
+
+    implicitHeight: AppsMetrics.footHeight
+
+    Rectangle {
+        width: parent.width
+        height: Theme.hairlineWidth
+        color: Theme.hairline
+    }
+    PlainText {
+        objectName: "uninstaller.plan"
+        anchors.left: parent.left
+        anchors.right: buttons.left
+        anchors.leftMargin: Theme.pageMargin
+        anchors.rightMargin: Theme.space12
+        height: parent.height
+        text: foot.presenter.plan
+        font: Theme.secondaryFiguresFont
+        color: Theme.t2
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+    Row {
+        id: buttons
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.pageMargin
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.buttonGap
+
+        PushButton {
+            objectName: "uninstaller.reveal"
+            text: foot.presenter.revealText
+            onClicked: foot.presenter.reveal()
+        }
+        PushButton {
+            objectName: "uninstaller.uninstall"
+            text: qsTr("Uninstall…")
+            symbol: "trash"
+            primary: true
+            busy: foot.presenter.uninstalling
+            enabled: foot.presenter.canUninstall
+            onClicked: foot.uninstallWanted()
+        }
+    }
+}

@@ -1,0 +1,27 @@
+import QtQuick
+import Corvane.Shell
+
+/// The context menu of an application.
+AppMenu {
+    id: menu
+
+    required property NodeActions target
+    required property bool canUninstall
+
+    signal uninstallWanted
+
+    AppMenuItem {
+        text: menu.target.revealText
+        onTriggered: menu.target.reveal()
+    }
+    AppMenuItem {
+        text: menu.target.copyText
+        onTriggered: menu.target.copyPath()
+    }
+    AppMenuSeparator {}
+    AppMenuItem {
+        text: qsTr("Uninstall…")
+        enabled: menu.canUninstall
+        onTriggered: menu.uninstallWanted()
+    }
+}

@@ -1,0 +1,49 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Apps
+
+/// What is chosen in the list, or what could be.
+Item {
+    id: area
+
+    required property UninstallerPresenter presenter
+    readonly property bool showsApp: presenter.shown === UninstallerPresenter.Shown.app
+    readonly property bool showsOrphans: presenter.shown === UninstallerPresenter.Shown.orphans
+
+    /// Gives the keyboard to the list of what is chosen.
+    function takeKeyboard() {
+        if (showsApp)
+            app.takeKeyboard();
+        else if (showsOrphans)
+            orphans.takeKeyboard();
+    }
+    function askWhetherToUninstall() {
+        if (showsApp)
+            app.ask();
+    }
+
+    EmptyStateView {
+        objectName: "uninstaller.none"
+        anchors.fill: parent
+        visible: !area.showsApp && !area.showsOrphans
+        symbol: "xmark.bin"
+        title: qsTr("Pick an app")
+        message: qsTr("See how much space it really uses, including the caches, preferences and support files it keeps in your Library. Or open “Left behind by deleted apps” at the top of the list.")
+    }
+    AppDetail {
+        id: app
+
+        objectName: "uninstaller.app"
+        anchors.fill: parent
+        visible: area.showsApp
+        presenter: area.presenter.app
+    }
+    OrphansView {
+        id: orphans
+
+        objectName: "uninstaller.orphans"
+        anchors.fill: parent
+        visible: area.showsOrphans
+        orphans: area.presenter.orphans
+    }
+}

@@ -1,0 +1,18 @@
+import QtQuick
+import Corvane.Shell
+
+/// The context menu of a leftover.
+AppMenu {
+    id: menu
+
+    required property NodeActions target
+
+    AppMenuItem {
+        text: menu.target.revealText
+        onTriggered: menu.target.reveal()
+    }
+    AppMenuItem {
+        text: menu.target.copyText
+        onTriggered: menu.target.copyPath()
+    }
+}

@@ -1,0 +1,30 @@
+import QtQuick
+import Corvane.Shell
+
+/// Nothing is known yet, but it is being found out.
+Item {
+    id: view
+
+    required property string text
+
+    Column {
+        anchors.centerIn: parent
+        anchors.verticalCenterOffset: -Theme.emptyStateRise
+        width: Math.min(parent.width - 2 * Theme.pageMargin, Theme.emptyStateWidth)
+        spacing: Theme.space14
+
+        PlainText {
+            width: parent.width
+            height: Theme.bodyLine
+            text: view.text
+            color: Theme.t2
+            horizontalAlignment: Text.AlignHCenter
+        }
+        IndeterminateBar {
+            objectName: "uninstaller.progress"
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Theme.menuMinimumWidth
+            accessibleName: view.text
+        }
+    }
+}

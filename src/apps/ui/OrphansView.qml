@@ -1,0 +1,83 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Apps
+
+/// What deleted applications have left, to be put into the selection.
+Item {
+    id: view
+
+    required property OrphansModel orphans
+
+    function takeKeyboard() {
+        list.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    EmptyStateView {
+        objectName: "uninstaller.noOrphans"
+        anchors.fill: parent
+        visible: view.orphans.empty
+        symbol: "checkmark.seal"
+        title: qsTr("Nothing left behind")
+        message: qsTr("No leftovers from deleted apps were found. Nice and clean.")
+    }
+    Item {
+        id: header
+
+        width: parent.width
+        height: AppsMetrics.detailTop + Math.max(badge.height, words.height) + Theme.space14
+        visible: !view.orphans.empty
+
+        IconBadge {
+            id: badge
+
+            x: Theme.pageMargin
+            y: AppsMetrics.detailTop
+            symbol: "questionmark.folder"
+            tint: Theme.t2
+            size: AppsMetrics.orphansBadgeSize
+        }
+        Column {
+            id: words
+
+            anchors.left: badge.right
+            anchors.right: parent.right
+            anchors.leftMargin: Theme.space16
+            anchors.rightMargin: Theme.pageMargin
+            y: AppsMetrics.detailTop
+            spacing: Theme.space2
+
+            PlainText {
+                width: parent.width
+                height: Theme.title2Line
+                text: qsTr("Left behind by apps you've deleted")
+                font: Theme.title2Font
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+            PlainText {
+                width: parent.width
+                text: qsTr("Library folders named after apps that are no longer on this Mac, from companies with no other installed apps, untouched for 30+ days. Nothing is pre-selected. Review, then use the bar below to move them to the Trash.")
+                font: Theme.secondaryFont
+                color: Theme.t2
+                wrapMode: Text.Wrap
+                elide: Text.ElideNone
+                lineHeightMode: Text.FixedHeight
+                lineHeight: Theme.secondaryLine
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+        }
+    }
+    LeftoverList {
+        id: list
+
+        objectName: "uninstaller.orphanList"
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        visible: !view.orphans.empty
+        contents: view.orphans
+        dated: true
+        Accessible.name: qsTr("Left behind by deleted apps")
+    }
+}

@@ -1,0 +1,83 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Apps
+
+/// The applications with what belongs to them, and what deleted ones have left: the list at the left, what is chosen in
+/// it at the right.
+Rectangle {
+    id: screen
+
+    /// The window's own commands, shown at the right of the header.
+    property Component toolbar
+    readonly property bool wide: width >= Theme.wideContentWidth
+
+    color: Theme.surface
+
+    UninstallerPresenter {
+        id: presenter
+
+        store: Store
+    }
+    ListHeader {
+        id: header
+
+        width: parent.width
+        symbol: "xmark.bin"
+        title: qsTr("App Uninstaller")
+        subtitle: presenter.subtitle
+        busy: presenter.loading
+        trailing: PushButton {
+            objectName: "uninstaller.refresh"
+            quiet: true
+            text: qsTr("Refresh")
+            symbol: "arrow.clockwise"
+            enabled: !presenter.loading
+            onClicked: presenter.refresh()
+        }
+        toolbar: Loader {
+            sourceComponent: screen.toolbar
+        }
+    }
+    Item {
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        MeasuringApps {
+            anchors.fill: parent
+            visible: presenter.content === UninstallerPresenter.Content.measuring
+            text: presenter.loadingText
+        }
+        EmptyStateView {
+            objectName: "uninstaller.nothing"
+            anchors.fill: parent
+            visible: presenter.content === UninstallerPresenter.Content.nothing
+            symbol: "app.badge"
+            title: qsTr("No apps found")
+            message: qsTr("Corvane looks for apps in /Applications and in the Applications folder of your home.")
+        }
+        Item {
+            anchors.fill: parent
+            visible: presenter.content === UninstallerPresenter.Content.list
+
+            AppPanel {
+                id: panel
+
+                height: parent.height
+                width: screen.wide ? AppsMetrics.listWidth : AppsMetrics.listWidthNarrow
+                presenter: presenter
+                title: header.title
+                onOpenWanted: detail.takeKeyboard()
+                onUninstallWanted: detail.askWhetherToUninstall()
+            }
+            DetailArea {
+                id: detail
+
+                anchors.left: panel.right
+                anchors.right: parent.right
+                height: parent.height
+                presenter: presenter
+            }
+        }
+    }
+}

@@ -1,0 +1,194 @@
+#include "apps/ui/app_detail_presenter.h"
+
+#include <utility>
+
+#include <QFontMetrics>
+#include <QLocale>
+#include <QStringList>
+
+#include "apps/ui/app_row.h"
+#include "core/checked_add.h"
+#include "core/store/followed_store.h"
+#include "core/store/qt_words.h"
+#include "shell/ui/bundle_icons.h"
+#include "shell/ui/desktop_words.h"
+#include "shell/ui/theme.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr int longestNameInButton = 200; // points; the button must fit into the question
+
+} // namespace
+
+AppDetailPresenter::AppDetailPresenter(QObject *parent) : QObject(parent)
+{
+    m_runningTimer.setInterval(runningInterval);
+    connect(&m_runningTimer, &QTimer::timeout, this, &AppDetailPresenter::lookWhetherRunning);
+    connect(&m_leftovers, &AppLeftoversModel::chosenChanged, this, &AppDetailPresenter::planChanged);
+}
+
+void AppDetailPresenter::setStore(StorageStore *store)
+{
+    if (!followStore(m_store, store, this))
+        return;
+    m_leftovers.setStore(store);
+    if (m_store)
+        connect(m_store, &StorageStore::uninstallsChanged, this, &AppDetailPresenter::canUninstallChanged);
+    clear();
+}
+
+// --- The application
+
+void AppDetailPresenter::show(const InstalledApp &app)
+{
+    m_app = app;
+    m_isRunning = m_store && m_store->isRunning(app);
+    m_runningTimer.start();
+    m_leftovers.show(app);
+    emit changed();
+    emit canUninstallChanged();
+}
+
+void AppDetailPresenter::update(const InstalledApp &app)
+{
+    m_app = app;
+    m_leftovers.update(app);
+    emit changed();
+}
+
+void AppDetailPresenter::clear()
+{
+    m_app.reset();
+    m_isRunning = false;
+    m_runningTimer.stop();
+    m_leftovers.clear();
+    emit changed();
+    emit canUninstallChanged();
+}
+
+void AppDetailPresenter::lookWhetherRunning()
+{
+    const bool isRunning = m_app && m_store && m_store->isRunning(*m_app);
+    if (std::exchange(m_isRunning, isRunning) != isRunning)
+        emit changed();
+}
+
+// --- Words
+
+QString AppDetailPresenter::name() const
+{
+    return m_app ? displayText(m_app->name) : QString();
+}
+
+QString AppDetailPresenter::iconKey() const
+{
+    return m_app ? bundleIconKey(m_app->path) : QString();
+}
+
+QString AppDetailPresenter::facts() const
+{
+    if (!m_app)
+        return {};
+    QStringList facts;
+    if (!m_app->version.empty())
+        facts << QStringLiteral("Version ") + displayText(m_app->version);
+    if (m_app->isAppStore)
+        facts << QStringLiteral("App Store");
+    if (m_app->lastUsed)
+        facts << QStringLiteral("Last opened ") + abbreviatedDate(localDate(*m_app->lastUsed), QLocale());
+    return facts.join(QStringLiteral(" · "));
+}
+
+QString AppDetailPresenter::sizes() const
+{
+    return m_app ? sizesText(*m_app) : QString();
+}
+
+QString AppDetailPresenter::total() const
+{
+    return m_app ? sizeText(totalSize(*m_app)) : QString();
+}
+
+QString AppDetailPresenter::warning() const
+{
+    return m_isRunning
+               ? name() + QStringLiteral(" is running. Corvane will quit it before uninstalling. Save your work "
+                                         "first.")
+               : QString();
+}
+
+QString AppDetailPresenter::revealText() const
+{
+    return revealWords();
+}
+
+AppDetailPresenter::Plan AppDetailPresenter::currentPlan() const
+{
+    Plan plan;
+    if (!m_app)
+        return plan;
+    plan.size = m_app->appSize;
+    for (const Leftover &leftover : m_leftovers.chosenLeftovers()) {
+        ++plan.leftovers;
+        plan.size = checkedAdd(plan.size, leftover.size);
+    }
+    return plan;
+}
+
+QString AppDetailPresenter::plan() const
+{
+    const Plan plan = currentPlan();
+    const QString leftovers =
+        plan.leftovers == 0 ? QString() : QStringLiteral(" and ") + countText(plan.leftovers, "leftover", "leftovers");
+    return QStringLiteral("App") + leftovers + QStringLiteral(" · ") + sizeText(plan.size);
+}
+
+QString AppDetailPresenter::question() const
+{
+    return QStringLiteral("Uninstall %1?").arg(name());
+}
+
+QString AppDetailPresenter::explanation() const
+{
+    const Plan plan = currentPlan();
+    // The sentence goes on in the plural.
+    const QString what = plan.leftovers == 0
+                             ? QStringLiteral("The app's files")
+                             : QStringLiteral("The app and ") + countText(plan.leftovers, "leftover", "leftovers");
+    return what + QStringLiteral(" (") + sizeText(plan.size) +
+           QStringLiteral(") go to the Trash, so you can restore them if needed. macOS may ask for your password for "
+                          "apps installed by an installer.");
+}
+
+QString AppDetailPresenter::confirmText() const
+{
+    const QFontMetrics metrics(Theme::instance()->bodyMediumFont());
+    return QStringLiteral("Move ") + metrics.elidedText(name(), Qt::ElideMiddle, longestNameInButton) +
+           QStringLiteral(" to Trash");
+}
+
+// --- Actions
+
+bool AppDetailPresenter::isUninstalling() const
+{
+    return m_app && m_store && m_store->isUninstalling(m_app->path);
+}
+
+void AppDetailPresenter::uninstall()
+{
+    if (!canUninstall())
+        return;
+    // What is shown may be another by the time that the store has answered.
+    const InstalledApp app = *m_app;
+    m_store->uninstall(app, m_leftovers.chosenLeftovers());
+}
+
+void AppDetailPresenter::reveal()
+{
+    if (m_app && m_store)
+        m_store->reveal(m_app->path);
+}
+
+} // namespace corvane

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+#include <QtQml/qqmlregistration.h>
+
+#include "apps/installed_app.h"
+#include "apps/ui/app_leftovers_model.h"
+#include "core/store/storage_store.h"
+
+namespace corvane {
+
+/// One application: what it is, what belongs to it, and what is about to happen when it is uninstalled. Main thread
+/// only.
+class AppDetailPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Given by the presenter of the screen")
+    Q_PROPERTY(QString name READ name NOTIFY changed)
+    Q_PROPERTY(QString iconKey READ iconKey NOTIFY changed)
+    /// Its version, where it came from, and when it was opened last, as far as is known.
+    Q_PROPERTY(QString facts READ facts NOTIFY changed)
+    Q_PROPERTY(QString sizes READ sizes NOTIFY changed)
+    Q_PROPERTY(QString total READ total NOTIFY changed)
+    /// Empty while the application is not running.
+    Q_PROPERTY(QString warning READ warning NOTIFY changed)
+    Q_PROPERTY(corvane::AppLeftoversModel *leftovers READ leftovers CONSTANT)
+    /// What would go to the Trash.
+    Q_PROPERTY(QString plan READ plan NOTIFY planChanged)
+    Q_PROPERTY(QString revealText READ revealText CONSTANT)
+    Q_PROPERTY(bool canUninstall READ canUninstall NOTIFY canUninstallChanged)
+    /// It is on its way to the Trash, or asked to quit before.
+    Q_PROPERTY(bool uninstalling READ isUninstalling NOTIFY canUninstallChanged)
+    Q_PROPERTY(QString question READ question NOTIFY changed)
+    Q_PROPERTY(QString explanation READ explanation NOTIFY planChanged)
+    Q_PROPERTY(QString confirmText READ confirmText NOTIFY changed)
+
+public:
+    static constexpr int runningInterval = 2'000; // milliseconds between two looks at whether it is running
+
+    explicit AppDetailPresenter(QObject *parent = nullptr);
+
+    void setStore(StorageStore *store);
+
+    /// Shows another application.
+    void show(const InstalledApp &app);
+    /// Takes over what is known of the application shown by now.
+    void update(const InstalledApp &app);
+    void clear();
+    [[nodiscard]] bool isShown() const { return m_app.has_value(); }
+
+    [[nodiscard]] QString name() const;
+    [[nodiscard]] QString iconKey() const;
+    /// "Version 5.4.1 · App Store · Last opened 20 Nov 2026"
+    [[nodiscard]] QString facts() const;
+    /// "app 740 MB + data 8.66 GB"
+    [[nodiscard]] QString sizes() const;
+    /// "9.4 GB"
+    [[nodiscard]] QString total() const;
+    [[nodiscard]] QString warning() const;
+    [[nodiscard]] AppLeftoversModel *leftovers() { return &m_leftovers; }
+    /// "App and 6 leftovers · 8.95 GB"
+    [[nodiscard]] QString plan() const;
+    [[nodiscard]] QString revealText() const;
+    [[nodiscard]] bool canUninstall() const { return m_app && m_store && !isUninstalling(); }
+    [[nodiscard]] bool isUninstalling() const;
+    [[nodiscard]] QString question() const;
+    [[nodiscard]] QString explanation() const;
+    [[nodiscard]] QString confirmText() const;
+
+    /// Moves the application and the ticked leftovers to the Trash; has it quit before.
+    Q_INVOKABLE void uninstall();
+    /// Shows the bundle in the file manager.
+    Q_INVOKABLE void reveal();
+
+signals:
+    void changed();
+    void planChanged();
+    void canUninstallChanged();
+
+private:
+    struct Plan {
+        std::int64_t leftovers = 0;
+        std::int64_t size = 0; ///< bytes, the bundle's included
+    };
+
+    void lookWhetherRunning();
+    [[nodiscard]] Plan currentPlan() const;
+
+    QPointer<StorageStore> m_store;
+    std::optional<InstalledApp> m_app;
+    bool m_isRunning = false;
+    AppLeftoversModel m_leftovers;
+    QTimer m_runningTimer;
+};
+
+} // namespace corvane

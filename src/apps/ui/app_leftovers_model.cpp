@@ -1,0 +1,135 @@
+#include "apps/ui/app_leftovers_model.h"
+
+#include <algorithm>
+
+#include <QLocale>
+
+#include "core/checked_add.h"
+#include "core/store/qt_words.h"
+
+namespace corvane {
+
+namespace {
+
+using Match = Leftover::Match;
+
+/// A heading and the items of that kind below it, in their order; nothing where there are none.
+void addSection(std::vector<LeftoverRow> &rows, const InstalledApp &app, Match match, const QString &title,
+                const QString &note)
+{
+    std::int64_t size = 0;
+    std::vector<LeftoverRow> items;
+    for (const Leftover &leftover : app.leftovers) {
+        if (leftover.match != match)
+            continue;
+        size = checkedAdd(size, leftover.size);
+        items.push_back(LeftoverRow::ofItem(leftover, QLocale()));
+        items.back().date.clear(); // what counts is whose it is
+    }
+    if (items.empty())
+        return;
+    rows.push_back(LeftoverRow::ofHeading(std::string(rawValue(match)), title, note, size));
+    rows.insert(rows.end(), items.begin(), items.end());
+}
+
+} // namespace
+
+void AppLeftoversModel::show(const InstalledApp &app)
+{
+    m_chosen.clear();
+    for (const Leftover &leftover : app.leftovers) {
+        if (leftover.match == Match::exact)
+            m_chosen.insert(leftover.path);
+    }
+    installRowsOf(app);
+}
+
+void AppLeftoversModel::update(const InstalledApp &app)
+{
+    std::set<std::string> chosen;
+    for (const Leftover &leftover : app.leftovers) {
+        const auto before = std::ranges::find(rows(), leftover.path, &LeftoverRow::id);
+        const bool isDoubtfulNow =
+            leftover.match == Match::name && before != rows().end() && before->leftover.match == Match::exact;
+        if (m_chosen.contains(leftover.path) && !isDoubtfulNow)
+            chosen.insert(leftover.path);
+    }
+    m_chosen = std::move(chosen);
+    installRowsOf(app);
+}
+
+void AppLeftoversModel::clear()
+{
+    m_chosen.clear();
+    install({});
+    emit chosenChanged();
+}
+
+void AppLeftoversModel::installRowsOf(const InstalledApp &app)
+{
+    const QString certain = QStringLiteral("Leftovers in your Library");
+    std::vector<LeftoverRow> rows;
+    addSection(rows, app, Match::exact, certain,
+               QStringLiteral("Matched by the app's ID (%1), so these belong to it.").arg(displayText(app.bundleID)));
+    addSection(rows, app, Match::name, QStringLiteral("Possible matches"),
+               QStringLiteral("Folders with the same name as the app. Probably its data, but check before removing."));
+    if (rows.empty()) {
+        rows.push_back(
+            {.kind = LeftoverRow::Kind::heading, .id = std::string(rawValue(Match::exact)), .title = certain});
+        rows.push_back({.kind = LeftoverRow::Kind::none,
+                        .id = std::string(rawValue(Match::exact)),
+                        .title = QStringLiteral("None found. This app keeps its data tidy.")});
+    }
+    install(std::move(rows));
+    announceChecks();
+    emit chosenChanged();
+}
+
+std::vector<Leftover> AppLeftoversModel::chosenLeftovers() const
+{
+    std::vector<Leftover> chosen;
+    for (const LeftoverRow &row : rows()) {
+        if (row.kind == LeftoverRow::Kind::item && m_chosen.contains(row.leftover.path))
+            chosen.push_back(row.leftover);
+    }
+    return chosen;
+}
+
+CheckFacts AppLeftoversModel::checkFacts(const Leftover &leftover) const
+{
+    return {m_chosen.contains(leftover.path) ? Qt::Checked : Qt::Unchecked, true, {}};
+}
+
+void AppLeftoversModel::setChosen(const std::string &path, bool isChosen)
+{
+    if (isChosen)
+        m_chosen.insert(path);
+    else
+        m_chosen.erase(path);
+    announceChecks();
+    emit chosenChanged();
+}
+
+void AppLeftoversModel::toggle(int row)
+{
+    if (const Leftover *const item = itemAt(row))
+        setChosen(item->path, !m_chosen.contains(item->path));
+}
+
+void AppLeftoversModel::select(int row)
+{
+    if (const Leftover *const item = itemAt(row))
+        setChosen(item->path, true);
+}
+
+void AppLeftoversModel::selectAll()
+{
+    for (const LeftoverRow &row : rows()) {
+        if (row.kind == LeftoverRow::Kind::item)
+            m_chosen.insert(row.leftover.path);
+    }
+    announceChecks();
+    emit chosenChanged();
+}
+
+} // namespace corvane

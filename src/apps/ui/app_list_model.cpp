@@ -1,0 +1,129 @@
+#include "apps/ui/app_list_model.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace corvane {
+
+AppListModel::AppListModel(QObject *parent) : RowListModel(parent), m_orphans(AppRow::ofOrphans({}, 0)), m_rows{m_orphans}
+{
+}
+
+void AppListModel::setSearch(const QString &search)
+{
+    if (m_search == search)
+        return;
+    m_search = search;
+    emit searchChanged();
+    install();
+}
+
+void AppListModel::setSort(int sort)
+{
+    if (sort < 0 || sort >= sorts().size() || sort == this->sort())
+        return;
+    m_sort = static_cast<AppSort>(sort);
+    emit sortChanged();
+    install();
+}
+
+void AppListModel::setRows(AppRow orphans, AppRows apps)
+{
+    m_orphans = std::move(orphans);
+    m_apps = std::move(apps);
+    install();
+}
+
+void AppListModel::install()
+{
+    std::vector<AppRow> rows = m_apps.visible(m_search, m_sort);
+    rows.insert(rows.begin(), m_orphans);
+    RowListModel::setRows(m_rows, std::move(rows), &AppRow::key);
+    emit rowsChanged();
+}
+
+// --- The choice
+
+bool AppListModel::isChosen(const AppRow &row) const
+{
+    return m_choice && row.key() == AppRow::Key(m_choice->kind, m_choice->path);
+}
+
+int AppListModel::chosenRow() const
+{
+    const auto found = std::ranges::find_if(m_rows, [this](const AppRow &row) { return isChosen(row); });
+    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+}
+
+void AppListModel::setChoice(std::optional<Choice> choice)
+{
+    if (m_choice == choice)
+        return;
+    const int before = chosenRow();
+    m_choice = std::move(choice);
+    for (const int row : {before, chosenRow()}) {
+        if (row >= 0)
+            announce({row}, {ChosenRole});
+    }
+    emit rowsChanged();
+}
+
+std::optional<AppListModel::Choice> AppListModel::choiceAt(int row) const
+{
+    if (row < 0 || row >= rowCount())
+        return std::nullopt;
+    const AppRow &chosen = m_rows[static_cast<std::size_t>(row)];
+    return Choice{chosen.kind, chosen.path};
+}
+
+QString AppListModel::emptyText() const
+{
+    if (rowCount() > 1)
+        return {};
+    return m_search.isEmpty() ? QStringLiteral("No apps found") : QStringLiteral("No apps match “%1”").arg(m_search);
+}
+
+// --- Rows
+
+int AppListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant AppListModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const AppRow &row = m_rows[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case OrphansRole:
+        return row.kind == AppRow::Kind::orphans;
+    case Qt::DisplayRole:
+    case NameRole:
+        return row.name;
+    case NoteRole:
+        return row.note;
+    case UnusedRole:
+        return row.isUnused;
+    case SizeTextRole:
+        return row.sizeText;
+    case IconKeyRole:
+        return row.iconKey;
+    case ChosenRole:
+        return isChosen(row);
+    case DescriptionRole:
+    case Qt::AccessibleTextRole:
+        return row.description();
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> AppListModel::roleNames() const
+{
+    return {
+        {OrphansRole, "orphans"},   {NameRole, "name"},       {NoteRole, "note"},     {UnusedRole, "unused"},
+        {SizeTextRole, "sizeText"}, {IconKeyRole, "iconKey"}, {ChosenRole, "chosen"}, {DescriptionRole, "description"}};
+}
+
+} // namespace corvane

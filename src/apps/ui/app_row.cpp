@@ -1,0 +1,156 @@
+#include "apps/ui/app_row.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+#include <QCollator>
+
+#include "core/checked_add.h"
+#include "core/store/qt_words.h"
+#include "shell/ui/bundle_icons.h"
+#include "shell/ui/type_to_find.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::array allAppSorts{AppSort::name, AppSort::lastUsed, AppSort::size};
+constexpr int monthsOfYear = 12;
+
+AppRow makeRow(const InstalledApp &app, Time now, const Calendar &calendar)
+{
+    const std::optional<int> months = app.unusedForMonths(now, calendar);
+    return {.kind = AppRow::Kind::app,
+            .path = app.path,
+            .name = displayText(app.name),
+            .note = months ? AppRow::unusedLabel(*months) : sizesText(app),
+            .isUnused = months.has_value(),
+            .sizeText = sizeText(totalSize(app)),
+            .iconKey = bundleIconKey(app.path)};
+}
+
+} // namespace
+
+QString rawValue(AppSort sort)
+{
+    switch (sort) {
+    case AppSort::name:
+        return QStringLiteral("Name");
+    case AppSort::lastUsed:
+        return QStringLiteral("Last Use");
+    case AppSort::size:
+        return QStringLiteral("Size");
+    }
+    return {};
+}
+
+QStringList appSortNames()
+{
+    QStringList names;
+    for (const AppSort sort : allAppSorts)
+        names << rawValue(sort);
+    return names;
+}
+
+std::int64_t dataSize(const InstalledApp &app)
+{
+    return std::accumulate(app.leftovers.begin(), app.leftovers.end(), std::int64_t{0},
+                           [](std::int64_t sum, const Leftover &each) { return checkedAdd(sum, each.size); });
+}
+
+std::int64_t totalSize(const InstalledApp &app)
+{
+    return checkedAdd(app.appSize, dataSize(app));
+}
+
+QString sizesText(const InstalledApp &app)
+{
+    const QString own = QStringLiteral("app ") + sizeText(app.appSize);
+    return app.leftovers.empty() ? own : own + QStringLiteral(" + data ") + sizeText(dataSize(app));
+}
+
+// --- One row
+
+QString AppRow::description() const
+{
+    QStringList parts{name, note};
+    if (!sizeText.isEmpty())
+        parts << sizeText;
+    return parts.join(QStringLiteral(", "));
+}
+
+QString AppRow::unusedLabel(int months)
+{
+    if (months < monthsOfYear)
+        return QStringLiteral("Not opened in %1 months").arg(months);
+    if (months < 2 * monthsOfYear)
+        return QStringLiteral("Not opened in over a year");
+    return QStringLiteral("Not opened in %1+ years").arg(months / monthsOfYear);
+}
+
+AppRow AppRow::ofOrphans(std::span<const OrphanGroup> groups, std::int64_t total)
+{
+    std::size_t count = 0;
+    for (const OrphanGroup &group : groups)
+        count += group.items.size();
+    return {.kind = Kind::orphans,
+            .path = {},
+            .name = QStringLiteral("Left behind by deleted apps"),
+            .note = count == 0 ? QStringLiteral("Nothing left behind") : countText(static_cast<std::int64_t>(count), "item", "items"),
+            .isUnused = false,
+            .sizeText = count == 0 ? QString() : ::corvane::sizeText(total),
+            .iconKey = {}};
+}
+
+// --- All of them
+
+AppRows::AppRows(std::span<const InstalledApp> apps, Time now, const Calendar &calendar)
+{
+    m_apps.reserve(apps.size());
+    for (const InstalledApp &app : apps)
+        m_apps.push_back({.row = makeRow(app, now, calendar),
+                          .searchedName = TypeToFind::folded(displayText(app.name)),
+                          .searchedID = TypeToFind::folded(displayText(app.bundleID)),
+                          .size = totalSize(app),
+                          .lastUsed = app.lastUsed.value_or(distantPast)});
+    sortByName();
+}
+
+// Comparing names as the locale does is slow, so it is done once.
+void AppRows::sortByName()
+{
+    QCollator collator;
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    collator.setNumericMode(true);
+    std::ranges::sort(m_apps, [&](const App &a, const App &b) {
+        const int order = collator.compare(a.row.name, b.row.name);
+        return order != 0 ? order < 0 : a.row.path < b.row.path;
+    });
+    for (std::size_t i = 0; i < m_apps.size(); ++i)
+        m_apps[i].place = i;
+}
+
+std::vector<AppRow> AppRows::visible(const QString &search, AppSort sort) const
+{
+    const QString text = TypeToFind::folded(search);
+    std::vector<const App *> found;
+    for (const App &app : m_apps) {
+        if (app.searchedName.contains(text) || app.searchedID.contains(text))
+            found.push_back(&app);
+    }
+    std::ranges::sort(found, [sort](const App *a, const App *b) {
+        if (sort == AppSort::lastUsed && a->lastUsed != b->lastUsed)
+            return a->lastUsed < b->lastUsed;
+        if (sort != AppSort::name && a->size != b->size)
+            return a->size > b->size;
+        return a->place < b->place;
+    });
+    std::vector<AppRow> rows;
+    rows.reserve(found.size());
+    for (const App *app : found)
+        rows.push_back(app->row);
+    return rows;
+}
+
+} // namespace corvane

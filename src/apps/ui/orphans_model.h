@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+
+#include "apps/ui/leftover_list_model.h"
+
+namespace corvane {
+
+/// What deleted applications have left, by their identifiers. A check box puts an item into the selection of the
+/// program. Main thread only.
+class OrphansModel : public corvane::LeftoverListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Given by the presenter of the screen")
+    /// Nothing has been left behind.
+    Q_PROPERTY(bool empty READ isEmpty NOTIFY changed)
+
+public:
+    using LeftoverListModel::LeftoverListModel;
+
+    void setStore(StorageStore *store);
+    [[nodiscard]] bool isEmpty() const { return rowCount() == 0; }
+
+    void toggle(int row) override;
+    void select(int row) override;
+    void selectAll() override;
+
+signals:
+    void changed();
+
+protected:
+    [[nodiscard]] CheckFacts checkFacts(const Leftover &leftover) const override;
+    [[nodiscard]] StorageStore *revealer() const override { return m_store; }
+
+private:
+    void follow();
+
+    QPointer<StorageStore> m_store;
+};
+
+} // namespace corvane

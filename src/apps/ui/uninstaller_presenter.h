@@ -1,0 +1,96 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include "apps/ui/app_detail_presenter.h"
+#include "apps/ui/app_list_model.h"
+#include "apps/ui/orphans_model.h"
+#include "core/calendar.h"
+#include "core/store/storage_store.h"
+
+namespace corvane {
+
+/// The uninstaller's screen: what has been found, and which of it is chosen. Asks the store for an inventory where
+/// there is none. Main thread only.
+class UninstallerPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
+    Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
+    Q_PROPERTY(bool loading READ isLoading NOTIFY changed)
+    /// What is said while nothing has been found yet.
+    Q_PROPERTY(QString loadingText READ loadingText CONSTANT)
+    Q_PROPERTY(corvane::UninstallerPresenter::Content content READ content NOTIFY changed)
+    Q_PROPERTY(corvane::UninstallerPresenter::Shown shown READ shown NOTIFY shownChanged)
+    Q_PROPERTY(corvane::AppListModel *apps READ apps CONSTANT)
+    Q_PROPERTY(corvane::AppDetailPresenter *app READ app CONSTANT)
+    Q_PROPERTY(corvane::OrphansModel *orphans READ orphans CONSTANT)
+    /// What the context menu of the list is about.
+    Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
+
+public:
+    /// What the screen has to show.
+    enum class Content {
+        measuring, ///< nothing yet
+        nothing,   ///< there is neither an application nor anything that one has left
+        list,
+    };
+    Q_ENUM(Content)
+    /// What stands beside the list.
+    enum class Shown { none, app, orphans };
+    Q_ENUM(Shown)
+
+    using Clock = std::function<Time()>;
+
+    explicit UninstallerPresenter(QObject *parent = nullptr);
+    /// For tests of ages.
+    UninstallerPresenter(Clock clock, const Calendar &calendar, QObject *parent = nullptr);
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] QString subtitle() const;
+    [[nodiscard]] bool isLoading() const;
+    [[nodiscard]] QString loadingText() const;
+    [[nodiscard]] Content content() const;
+    [[nodiscard]] Shown shown() const;
+    [[nodiscard]] AppListModel *apps() { return &m_apps; }
+    [[nodiscard]] AppDetailPresenter *app() { return &m_app; }
+    [[nodiscard]] OrphansModel *orphans() { return &m_orphans; }
+    [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
+
+    Q_INVOKABLE void refresh();
+    /// Shows what a row of the list stands for.
+    Q_INVOKABLE void choose(int row);
+    /// Makes the application shown the target of the list's context menu; false where there is none.
+    Q_INVOKABLE bool prepareMenu();
+
+signals:
+    void storeChanged();
+    void changed();
+    void shownChanged();
+
+private:
+    void follow();
+    void updateShown();
+    void setChoice(std::optional<AppListModel::Choice> choice);
+    [[nodiscard]] const InstalledApp *chosenApp() const;
+
+    const Clock m_clock;
+    const Calendar &m_calendar;
+    QPointer<StorageStore> m_store;
+    std::optional<AppListModel::Choice> m_choice;
+    QString m_summary; // of the inventory
+    AppListModel m_apps;
+    AppDetailPresenter m_app;
+    OrphansModel m_orphans;
+    NodeActions m_menuTarget;
+};
+
+} // namespace corvane

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "apps/app_inventory.h"
+#include "core/store/storage_store.h"
+#include "platform/fake_host.h"
+#include "shell/window/gated_file_system.h"
+#include "shell/ui/theme.h"
+
+namespace corvane::test {
+
+/// A store over a home folder in memory, "/home/studio", for tests of what shows applications. The tests describe the
+/// inventory and then have it published; what it names is on the disk too.
+class AppsFixture : public testing::Test {
+protected:
+    AppsFixture()
+    {
+        fake.files.setHome(home);
+        fake.files.setPackageExtensions({"app"});
+        Theme::instance()->setReducedMotion(true);
+    }
+    ~AppsFixture() override
+    {
+        gate.setShut(false);
+        Theme::instance()->setReducedMotion(false);
+    }
+
+    InstalledApp &addApp(const std::string &name, std::int64_t size, const std::string &bundleID = {})
+    {
+        InstalledApp app;
+        app.path = "/Applications/" + name + ".app";
+        app.name = name;
+        app.bundleID = bundleID.empty() ? "com." + name + ".app" : bundleID;
+        app.appSize = size;
+        fake.files.addFile(app.path + "/Contents/MacOS/program", size);
+        inventory.apps.push_back(std::move(app));
+        return inventory.apps.back();
+    }
+    [[nodiscard]] Leftover leftover(const std::string &relative, std::int64_t size, Leftover::Match match)
+    {
+        Leftover item;
+        item.path = at("Library/" + relative);
+        item.kind = relative.ends_with(".plist") ? FileNode::Kind::file : FileNode::Kind::directory;
+        item.size = size;
+        item.location = std::string_view(relative).starts_with("Caches") ? "Caches" : "Application Support";
+        item.match = match;
+        fake.files.addFile(item.kind == FileNode::Kind::file ? item.path : item.path + "/data", size);
+        return item;
+    }
+    void addOrphan(const std::string &id, const std::string &relative, std::int64_t size)
+    {
+        auto group = std::ranges::find(inventory.orphanGroups, id, &OrphanGroup::id);
+        if (group == inventory.orphanGroups.end())
+            group = inventory.orphanGroups.insert(group, OrphanGroup{id, {}});
+        group->items.push_back(leftover(relative, size, Leftover::Match::orphan));
+    }
+    /// Signal Deck: of 740 MB, with 6 GB that belong to it for certain, and 400 MB that may.
+    InstalledApp &addSignalDeck()
+    {
+        InstalledApp &app = addApp("Signal Deck", 740'000'000, "com.signaldeck.desktop");
+        app.version = "5.4.1";
+        app.leftovers = {
+            leftover("Application Support/com.signaldeck.desktop", 4'000'000'000, Leftover::Match::exact),
+            leftover("Caches/com.signaldeck.desktop", 2'000'000'000, Leftover::Match::exact),
+            leftover("Application Support/Signal Deck", 400'000'000, Leftover::Match::name),
+        };
+        return app;
+    }
+
+    /// Publishes the inventory as it is by now.
+    void publish() { store.setApps(inventory, store.appsToken()); }
+
+    [[nodiscard]] std::string at(const std::string &relative) const { return home + "/" + relative; }
+
+    const std::string home = "/home/studio";
+    FakeHost fake;
+    GatedFileSystem gate{fake.files};
+    Host host{gate, fake.trash, fake.volumes, fake.desktop, fake.applications};
+    ProtectedLocations locations{home, ProtectedPlaces{}};
+    StorageStore store{host, locations};
+    AppInventory::Result inventory;
+};
+
+} // namespace corvane::test

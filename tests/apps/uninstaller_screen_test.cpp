@@ -1,0 +1,458 @@
+#include <functional>
+#include <memory>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QTest>
+
+#include "apps/apps_ui_fixture.h"
+#include "shell/quick_scene.h"
+#include "shell/ui/desktop_words.h"
+#include "shell/ui/store_registration.h"
+
+namespace corvane {
+namespace {
+
+constexpr int patience = 5'000; // milliseconds
+
+const QString deckRow = QStringLiteral("Signal Deck, app 740 MB + data 6.4 GB, 7.14 GB");
+const QString atlasRow = QStringLiteral("Atlas, app 900 MB, 900 MB");
+const QString kiteRow = QStringLiteral("Kite Mail, app 330 MB, 330 MB");
+const QString orphansRow = QStringLiteral("Left behind by deleted apps, 2 items, 6 MB");
+const QString deckID = QStringLiteral("com.signaldeck.desktop");
+
+/// The whole screen in a window of its own, worked by mouse and keyboard.
+class UninstallerScreenTest : public test::AppsFixture {
+protected:
+    UninstallerScreenTest() { StoreRegistration::setStore(&store); }
+
+    void addThree()
+    {
+        addSignalDeck();
+        addApp("Kite Mail", 330'000'000, "com.kitemail.app");
+        addApp("Atlas", 900'000'000, "com.starchart.atlas");
+        addOrphan("com.lathe.cadpro", "Application Support/com.lathe.cadpro", 4'000'000);
+        addOrphan("com.lathe.cadpro", "Caches/com.lathe.cadpro", 2'000'000);
+    }
+    void show(QSize size = {1064, 744})
+    {
+        scene = std::make_unique<QuickScene>(
+            "Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Apps/UninstallerScreen.qml\" }");
+        ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
+        scene->window()->resize(size);
+        QTest::mouseMove(scene->window(), QPoint(1, 1));
+        settle();
+    }
+    void publishAndShow()
+    {
+        addThree();
+        publish();
+        show();
+    }
+    void openSignalDeck()
+    {
+        publishAndShow();
+        choose(deckRow);
+    }
+    void openQuestion()
+    {
+        openSignalDeck();
+        scene->click(button(QStringLiteral("Uninstall…")));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return isAsking(); }, patience));
+    }
+
+    void choose(const QString &description)
+    {
+        scene->click(row(description));
+        settle();
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        scene->key(key, modifiers);
+        settle();
+    }
+    /// A list makes and drops its rows when it is next drawn.
+    static void settle() { QTest::qWait(50); }
+
+    [[nodiscard]] QQuickItem *row(const QString &description) const
+    {
+        return scene->named(description, QAccessible::ListItem);
+    }
+    [[nodiscard]] QQuickItem *button(const QString &name) const { return scene->named(name, QAccessible::Button); }
+    [[nodiscard]] QQuickItem *textItem(const QString &text) const
+    {
+        return scene->find([&](QQuickItem *item) { return item->property("text").toString() == text; });
+    }
+    [[nodiscard]] bool shows(const QString &text) const { return textItem(text) != nullptr; }
+    [[nodiscard]] bool isVisible(const char *objectName) const
+    {
+        return scene->find([&](QQuickItem *item) { return item->objectName() == QLatin1String(objectName); }) !=
+               nullptr;
+    }
+    [[nodiscard]] bool isAsking() const { return scene->object("uninstallConfirm")->property("opened").toBool(); }
+    [[nodiscard]] bool isChosen(const QString &description) const
+    {
+        QQuickItem *const found = row(description);
+        return found != nullptr && QuickScene::accessible(found)->state().selected;
+    }
+    /// The check boxes of one name, from the top.
+    [[nodiscard]] std::vector<QQuickItem *> checkBoxes(const QString &name) const
+    {
+        std::vector<QQuickItem *> found;
+        static_cast<void>(scene->find([&](QQuickItem *item) {
+            if (QuickScene::accessibleRole(item) == QAccessible::CheckBox && QuickScene::accessibleName(item) == name)
+                found.push_back(item);
+            return false;
+        }));
+        std::ranges::sort(found, {}, [](QQuickItem *item) { return item->mapToScene({}).y(); });
+        return found;
+    }
+    [[nodiscard]] static bool isChecked(QQuickItem *item) { return QuickScene::accessible(item)->state().checked; }
+    [[nodiscard]] QStringList appNames() const
+    {
+        std::vector<QQuickItem *> rows;
+        static_cast<void>(scene->find([&](QQuickItem *item) {
+            // One that the list keeps for another row has no place in it.
+            if (item->property("unused").isValid() && !item->property("orphans").toBool() &&
+                item->property("index").toInt() >= 0)
+                rows.push_back(item);
+            return false;
+        }));
+        std::ranges::sort(rows, {}, [](QQuickItem *item) { return item->mapToScene({}).y(); });
+        QStringList names;
+        for (const QQuickItem *item : rows)
+            names << item->property("name").toString();
+        return names;
+    }
+    void tabTo(const char *objectName)
+    {
+        for (int i = 0; i < 20 && !scene->item(objectName)->hasActiveFocus(); ++i)
+            scene->key(Qt::Key_Tab);
+        ASSERT_TRUE(scene->item(objectName)->hasActiveFocus());
+    }
+    void type(const QString &text)
+    {
+        for (const QChar letter : text)
+            QTest::keyClick(scene->window(), letter.toLatin1());
+    }
+    void clickSegment(const QString &name) { scene->click(scene->named(name, QAccessible::RadioButton)); }
+    void waitForToast()
+    {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return store.toast().has_value(); }, patience));
+    }
+
+    std::unique_ptr<QuickScene> scene;
+};
+
+// --- What there is to see
+
+TEST_F(UninstallerScreenTest, ShowsTheListAndWhatToDoWithIt)
+{
+    publishAndShow();
+    EXPECT_TRUE(shows(QStringLiteral("App Uninstaller")));
+    EXPECT_TRUE(shows(QStringLiteral("3 apps use 8.37 GB, including their data")));
+    EXPECT_NE(row(orphansRow), nullptr);
+    EXPECT_NE(row(deckRow), nullptr);
+    EXPECT_TRUE(shows(QStringLiteral("Pick an app")));
+    EXPECT_TRUE(shows(
+        QStringLiteral("See how much space it really uses, including the caches, preferences and support files it "
+                       "keeps in your Library. Or open “Left behind by deleted apps” at the top of the list.")));
+    EXPECT_EQ(appNames(),
+              QStringList({QStringLiteral("Signal Deck"), QStringLiteral("Atlas"), QStringLiteral("Kite Mail")}));
+}
+
+TEST_F(UninstallerScreenTest, WhileTheFirstInventoryIsMadeItSaysSo)
+{
+    gate.setShut(true);
+    show();
+    EXPECT_TRUE(shows(QStringLiteral("Finding your apps and the files they leave behind…")));
+    EXPECT_TRUE(shows(QStringLiteral("Measuring apps and their leftovers…")));
+    EXPECT_NE(scene->named(QStringLiteral("Measuring apps and their leftovers…"), QAccessible::ProgressBar), nullptr);
+    EXPECT_FALSE(button(QStringLiteral("Refresh"))->isEnabled());
+    EXPECT_FALSE(isVisible("uninstaller.list"));
+}
+
+TEST_F(UninstallerScreenTest, WithoutAnyAppItSaysWhereItLooked)
+{
+    publish();
+    show();
+    EXPECT_TRUE(isVisible("uninstaller.nothing"));
+    EXPECT_FALSE(isVisible("uninstaller.list"));
+    EXPECT_TRUE(button(QStringLiteral("Refresh"))->isEnabled());
+}
+
+TEST_F(UninstallerScreenTest, AnAppIsShownWithItsSectionsAndWhatIsAboutToHappen)
+{
+    openSignalDeck();
+    EXPECT_TRUE(shows(QStringLiteral("Version 5.4.1")));
+    EXPECT_TRUE(shows(QStringLiteral("Leftovers in your Library")));
+    EXPECT_TRUE(shows(QStringLiteral("Possible matches")));
+    EXPECT_TRUE(shows(QStringLiteral("App and 2 leftovers · 6.74 GB")));
+    EXPECT_NE(button(revealWords()), nullptr);
+    EXPECT_TRUE(isChosen(deckRow));
+    EXPECT_FALSE(isVisible("uninstaller.none"));
+    const std::vector<QQuickItem *> boxes = checkBoxes(deckID);
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_TRUE(isChecked(boxes[0]));
+    EXPECT_TRUE(isChecked(boxes[1]));
+    ASSERT_EQ(checkBoxes(QStringLiteral("Signal Deck")).size(), 1U);
+    EXPECT_FALSE(isChecked(checkBoxes(QStringLiteral("Signal Deck"))[0]));
+}
+
+TEST_F(UninstallerScreenTest, AnAppWithoutLeftoversSaysSo)
+{
+    publishAndShow();
+    choose(kiteRow);
+    EXPECT_TRUE(shows(QStringLiteral("None found. This app keeps its data tidy.")));
+    EXPECT_TRUE(shows(QStringLiteral("App · 330 MB")));
+}
+
+TEST_F(UninstallerScreenTest, WithoutOrphansTheirViewSaysSo)
+{
+    addApp("Kite Mail", 330'000'000);
+    publish();
+    show();
+    choose(QStringLiteral("Left behind by deleted apps, Nothing left behind"));
+    EXPECT_TRUE(isVisible("uninstaller.noOrphans"));
+    EXPECT_TRUE(shows(QStringLiteral("No leftovers from deleted apps were found. Nice and clean.")));
+}
+
+TEST_F(UninstallerScreenTest, ARunningAppIsWarnedAboutAsLongAsItRuns)
+{
+    fake.applications.setRunning("/Applications/Signal Deck.app", {17});
+    openSignalDeck();
+    const QString warning =
+        QStringLiteral("Signal Deck is running. Corvane will quit it before uninstalling. Save your work first.");
+    EXPECT_TRUE(shows(warning));
+    fake.applications.setRunning("/Applications/Signal Deck.app", {});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !shows(warning); }, patience));
+    fake.applications.setRunning("/Applications/Signal Deck.app", {18});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shows(warning); }, patience));
+}
+
+TEST_F(UninstallerScreenTest, ALongNameLeavesTheSizeWhole)
+{
+    addApp("A name that is so long that it cannot stand beside its size in any list that is made for people", 9);
+    publish();
+    show({824, 604});
+    const QQuickItem *const size = textItem(QStringLiteral("9 bytes"));
+    ASSERT_NE(size, nullptr);
+    EXPECT_FALSE(size->property("truncated").toBool());
+    EXPECT_LE(size->mapToScene({size->width(), 0}).x(), 300);
+}
+
+// --- Search and order
+
+TEST_F(UninstallerScreenTest, TheSearchNarrowsTheList)
+{
+    publishAndShow();
+    tabTo("uninstaller.search");
+    type(QStringLiteral("KITEmail"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return appNames() == QStringList{QStringLiteral("Kite Mail")}; }, patience));
+    type(QStringLiteral("x"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return appNames().isEmpty(); }, patience));
+    EXPECT_TRUE(shows(QStringLiteral("No apps match “KITEmailx”")));
+    EXPECT_NE(row(orphansRow), nullptr);
+    scene->key(Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return appNames().size() == 3; }, patience));
+}
+
+TEST_F(UninstallerScreenTest, TheSegmentsSortTheListAndTheChosenAppStaysShown)
+{
+    addThree();
+    inventory.apps[0].lastUsed = Time{std::chrono::seconds(2'000)};
+    inventory.apps[1].lastUsed = Time{std::chrono::seconds(1'000)};
+    publish();
+    show();
+    scene->click(scene->find([](QQuickItem *item) {
+        return item->property("name").toString() == QStringLiteral("Atlas") && item->property("unused").isValid();
+    }));
+    clickSegment(QStringLiteral("Name"));
+    const auto stand = [this](const char *first, const char *second, const char *third) {
+        const QStringList expected{QLatin1String(first), QLatin1String(second), QLatin1String(third)};
+        return QTest::qWaitFor([&] { return appNames() == expected; }, patience);
+    };
+    EXPECT_TRUE(stand("Atlas", "Kite Mail", "Signal Deck"));
+    clickSegment(QStringLiteral("Last Use"));
+    EXPECT_TRUE(stand("Atlas", "Kite Mail", "Signal Deck")) << "of Atlas nobody knows it";
+    clickSegment(QStringLiteral("Size"));
+    EXPECT_TRUE(stand("Signal Deck", "Atlas", "Kite Mail"));
+    EXPECT_TRUE(isChosen(atlasRow));
+    EXPECT_EQ(scene->item("uninstaller.rows")->property("currentIndex").toInt(), 2);
+}
+
+// --- The keyboard
+
+TEST_F(UninstallerScreenTest, TheArrowsShowOneAppAfterTheOther)
+{
+    publishAndShow();
+    tabTo("uninstaller.list");
+    press(Qt::Key_Down);
+    EXPECT_TRUE(isChosen(deckRow));
+    press(Qt::Key_Down);
+    EXPECT_TRUE(isChosen(atlasRow));
+    EXPECT_TRUE(shows(QStringLiteral("App · 900 MB")));
+    press(Qt::Key_End);
+    EXPECT_TRUE(isChosen(kiteRow));
+    press(Qt::Key_Home);
+    EXPECT_TRUE(isChosen(orphansRow));
+    EXPECT_TRUE(isVisible("uninstaller.orphans"));
+}
+
+TEST_F(UninstallerScreenTest, TypingFindsAnApp)
+{
+    publishAndShow();
+    tabTo("uninstaller.list");
+    type(QStringLiteral("ki"));
+    EXPECT_TRUE(isChosen(kiteRow));
+}
+
+TEST_F(UninstallerScreenTest, ReturnLeadsToTheLeftoversAndSpaceTicksThem)
+{
+    publishAndShow();
+    tabTo("uninstaller.list");
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(scene->item("uninstaller.leftovers")->hasActiveFocus());
+    press(Qt::Key_Space);
+    EXPECT_FALSE(isChecked(checkBoxes(deckID)[0]));
+    EXPECT_TRUE(shows(QStringLiteral("App and 1 leftover · 2.74 GB")));
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(isChecked(checkBoxes(QStringLiteral("Signal Deck"))[0])) << "over the heading";
+    press(Qt::Key_Return);
+    EXPECT_THAT(fake.log->lines(), testing::Contains("reveal " + at("Library/Application Support/Signal Deck")));
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(shows(QStringLiteral("App and 3 leftovers · 7.14 GB")));
+}
+
+TEST_F(UninstallerScreenTest, DeleteAsksWhetherToUninstall)
+{
+    publishAndShow();
+    tabTo("uninstaller.list");
+    press(Qt::Key_Delete);
+    EXPECT_FALSE(isAsking()) << "the orphans are no application";
+    press(Qt::Key_Down);
+    press(Qt::Key_Delete);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isAsking(); }, patience));
+    EXPECT_TRUE(shows(QStringLiteral("Uninstall Signal Deck?")));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->item("uninstaller.list")->hasActiveFocus(); }, patience));
+    EXPECT_FALSE(isAsking());
+    EXPECT_TRUE(fake.files.exists("/Applications/Signal Deck.app"));
+}
+
+TEST_F(UninstallerScreenTest, TheMenuKeyOpensTheMenuOfAnAppAndOfALeftover)
+{
+    publishAndShow();
+    tabTo("uninstaller.list");
+    press(Qt::Key_Down);
+    const auto opens = [this](const char *menu) {
+        return QTest::qWaitFor([&] { return scene->object(menu)->property("opened").toBool(); }, patience);
+    };
+    press(Qt::Key_Menu);
+    ASSERT_TRUE(opens("uninstaller.menu"));
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->item("uninstaller.list")->hasActiveFocus(); }, patience));
+    press(Qt::Key_Return);
+    press(Qt::Key_Menu);
+    ASSERT_TRUE(opens("uninstaller.leftovers.menu"));
+    scene->click(textItem(QStringLiteral("Copy Path")));
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
+              at("Library/Application Support/com.signaldeck.desktop"));
+}
+
+TEST_F(UninstallerScreenTest, AReaderCanChooseAnApp)
+{
+    publishAndShow();
+    QuickScene::accessible(row(kiteRow))->actionInterface()->doAction(QStringLiteral("Press"));
+    EXPECT_TRUE(isChosen(kiteRow));
+}
+
+// --- The mouse
+
+TEST_F(UninstallerScreenTest, ARightClickOpensTheMenuOfTheAppThatItChooses)
+{
+    publishAndShow();
+    QQuickItem *const kite = row(kiteRow);
+    QTest::mouseClick(scene->window(), Qt::RightButton, Qt::NoModifier, kite->mapToScene({60, 20}).toPoint());
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return scene->object("uninstaller.menu")->property("opened").toBool(); }, patience));
+    EXPECT_TRUE(isChosen(kiteRow));
+    scene->click(textItem(revealWords()));
+    EXPECT_THAT(fake.log->lines(), testing::Contains("reveal /Applications/Kite Mail.app"));
+}
+
+TEST_F(UninstallerScreenTest, EveryLeftoverHasAButtonThatRevealsIt)
+{
+    openSignalDeck();
+    QQuickItem *const reveal = button(revealWords() + QStringLiteral(": Signal Deck"));
+    ASSERT_NE(reveal, nullptr);
+    scene->click(reveal);
+    EXPECT_THAT(fake.log->lines(), testing::Contains("reveal " + at("Library/Application Support/Signal Deck")));
+    scene->click(button(revealWords()));
+    EXPECT_THAT(fake.log->lines(), testing::Contains("reveal /Applications/Signal Deck.app"));
+}
+
+TEST_F(UninstallerScreenTest, OrphansGoIntoTheSelectionAndOutOfIt)
+{
+    publishAndShow();
+    choose(orphansRow);
+    EXPECT_TRUE(shows(QStringLiteral("Left behind by apps you've deleted")));
+    EXPECT_TRUE(shows(QStringLiteral("com.lathe.cadpro")));
+    const std::vector<QQuickItem *> boxes = checkBoxes(QStringLiteral("com.lathe.cadpro"));
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_FALSE(isChecked(boxes[0]));
+    scene->click(boxes[0]);
+    EXPECT_TRUE(isChecked(boxes[0]));
+    EXPECT_EQ(store.selectedTotal(), 4'000'000);
+    scene->click(boxes[0]);
+    EXPECT_TRUE(store.selection().empty());
+}
+
+// --- Uninstalling
+
+TEST_F(UninstallerScreenTest, TheQuestionIsAskedBeforeAnythingHappens)
+{
+    openQuestion();
+    EXPECT_TRUE(shows(QStringLiteral("Uninstall Signal Deck?")));
+    EXPECT_TRUE(shows(QStringLiteral("The app and 2 leftovers (6.74 GB) go to the Trash, so you can restore them if "
+                                     "needed. macOS may ask for your password for apps installed by an installer.")));
+    EXPECT_NE(button(QStringLiteral("Move Signal Deck to Trash")), nullptr);
+    scene->click(button(QStringLiteral("Cancel")));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !isAsking(); }, patience));
+    EXPECT_FALSE(store.isRemoving());
+    EXPECT_TRUE(fake.files.exists("/Applications/Signal Deck.app"));
+}
+
+TEST_F(UninstallerScreenTest, TheAnswerMovesTheAppAndWhatIsTicked)
+{
+    openQuestion();
+    scene->click(button(QStringLiteral("Move Signal Deck to Trash")));
+    waitForToast();
+    EXPECT_EQ(*store.toast(), "Moved 3 items (6.74 GB) to Trash — empty it to free the space");
+    EXPECT_FALSE(fake.files.exists("/Applications/Signal Deck.app"));
+    EXPECT_TRUE(fake.files.exists(at("Library/Application Support/Signal Deck")));
+}
+
+// --- Many
+
+TEST_F(UninstallerScreenTest, OfFiveHundredAppsOnlyThoseThatAreSeenAreMade)
+{
+    for (int i = 0; i < 500; ++i)
+        addApp("App " + std::to_string(i), 1'000'000 + i);
+    publish();
+    show();
+    EXPECT_LT(appNames().size(), 60);
+    tabTo("uninstaller.list");
+    press(Qt::Key_End);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return row(QStringLiteral("App 0, app 1 MB, 1 MB")) != nullptr; }, patience));
+    EXPECT_LT(appNames().size(), 60);
+}
+
+} // namespace
+} // namespace corvane

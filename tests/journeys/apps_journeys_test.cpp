@@ -1,0 +1,351 @@
+#include <algorithm>
+#include <ctime>
+#include <filesystem>
+
+#include <QProcess>
+
+#include "journeys/journey.h"
+
+namespace corvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+using testing::UnorderedElementsAre;
+
+constexpr std::time_t day = 86'400; // seconds
+
+/// A home with Signal Deck (a bundle of 3 MiB, 2 MiB that belong to it, and 1 MiB that may), Kite Mail of 5 MiB, and
+/// what a deleted application has left.
+class AppsJourney : public Journey {
+protected:
+    AppsJourney()
+    {
+        addApp("Signal Deck", "com.signaldeck.desktop", 3);
+        addFile("Library/Application Support/com.signaldeck.desktop/db", 1);
+        addFile("Library/Caches/com.signaldeck.desktop/page", 1);
+        addFile("Library/Logs/Signal Deck/log", 1);
+        addApp("Kite Mail", "com.kitemail.app", 5);
+        addOrphan("Library/Caches/com.lathe.cadpro", 2);
+        addOrphan("Library/WebKit/com.lathe.cadpro", 1);
+    }
+
+    void addApp(const std::string &name, const std::string &bundleID, std::int64_t mebibytes) const
+    {
+        const std::string bundle = "Applications/" + name + ".app/Contents/";
+        folder().writeText("home/" + bundle + "Info.plist",
+                           "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict>"
+                           "<key>CFBundleIdentifier</key><string>" +
+                               bundleID +
+                               "</string><key>CFBundleShortVersionString</key><string>1.2</string></dict></plist>");
+        addFile(bundle + "Resources/data", mebibytes);
+    }
+    void addOrphan(const std::string &relative, std::int64_t mebibytes) const
+    {
+        addFile(relative + "/data", mebibytes);
+        folder().setModified("home/" + relative, std::time(nullptr) - 60 * day);
+    }
+    void openUninstaller()
+    {
+        open();
+        click(QStringLiteral("sidebar.uninstaller"));
+        waitForInventory();
+    }
+    void waitForInventory()
+    {
+        waitUntil([&] { return store().appsLoaded() && !store().appsLoading(); }, QStringLiteral("the inventory"));
+        driver().rest();
+    }
+    [[nodiscard]] static bool isAppRow(const QQuickItem &item)
+    {
+        return item.property("unused").isValid() && item.property("index").toInt() >= 0;
+    }
+    /// The names of the list, from the top.
+    [[nodiscard]] std::vector<std::string> listed()
+    {
+        std::vector<const QQuickItem *> rows;
+        static_cast<void>(driver().find([&](const QQuickItem &item) {
+            if (isAppRow(item))
+                rows.push_back(&item);
+            return false;
+        }));
+        std::ranges::sort(rows, {}, [](const QQuickItem *item) { return item->mapToScene({}).y(); });
+        std::vector<std::string> names;
+        for (const QQuickItem *item : rows)
+            names.push_back(item->property("name").toString().toStdString());
+        return names;
+    }
+    void waitForList(const std::vector<std::string> &names)
+    {
+        waitUntil([&] { return listed() == names; }, QStringLiteral("the list"));
+    }
+    void choose(const QString &name)
+    {
+        driver().click(driver().itemWhere(
+            [&](const QQuickItem &item) { return isAppRow(item) && item.property("name").toString() == name; }, name));
+        driver().rest();
+    }
+    void clickSegment(const QString &name)
+    {
+        driver().click(driver().itemWhere(
+            [&](const QQuickItem &item) {
+                return item.property("ringed").isValid() && item.property("text").toString() == name;
+            },
+            name));
+    }
+    /// On the check box of a leftover, by its name and its place.
+    void tickLeftover(const QString &name, const QString &location)
+    {
+        const QQuickItem &found = driver().itemWhere(
+            [&](const QQuickItem &item) {
+                return item.property("title").toString() == name && item.property("location").toString() == location;
+            },
+            name);
+        driver().clickAt(found, QPointF(45, found.height() / 2));
+    }
+    void uninstall(const QString &name)
+    {
+        choose(name);
+        confirm();
+    }
+    void confirm()
+    {
+        click(QStringLiteral("uninstaller.uninstall"));
+        waitForPopup(QStringLiteral("uninstallConfirm"));
+        click(QStringLiteral("uninstallConfirm.move"));
+    }
+    void waitForRemoval()
+    {
+        waitUntil([&] { return !store().isRemoving() && !toast().empty(); }, QStringLiteral("the removal's message"));
+        waitForInventory();
+    }
+    [[nodiscard]] std::vector<std::string> trash() const { return Sandbox::instance().trash(); }
+};
+
+const std::string orphans = "Left behind by deleted apps";
+const QString deck = QStringLiteral("Signal Deck");
+const QString deckID = QStringLiteral("com.signaldeck.desktop");
+const QString support = QStringLiteral("Application Support");
+const QString caches = QStringLiteral("Caches");
+
+TEST_F(AppsJourney, TheAppsAreFoundWithWhatBelongsToThem)
+{
+    openUninstaller();
+    EXPECT_TRUE(shows(QStringLiteral("2 apps use 11.5 MB, including their data")));
+    EXPECT_THAT(listed(), ElementsAre(orphans, "Signal Deck", "Kite Mail"));
+    EXPECT_TRUE(shows(QStringLiteral("Pick an app")));
+
+    choose(deck);
+
+    EXPECT_TRUE(shows(QStringLiteral("Version 1.2")));
+    EXPECT_TRUE(shows(QStringLiteral("Matched by the app's ID (com.signaldeck.desktop), so these belong to it.")));
+    EXPECT_TRUE(shows(QStringLiteral("App and 2 leftovers · 5.2 MB")));
+}
+
+TEST_F(AppsJourney, TheSearchFindsByNameAndByIdentifier)
+{
+    openUninstaller();
+    click(QStringLiteral("uninstaller.search"));
+    for (const Qt::Key key : {Qt::Key_K, Qt::Key_I, Qt::Key_T, Qt::Key_E})
+        press(key);
+    waitForList({orphans, "Kite Mail"});
+    press(Qt::Key_Escape);
+    waitForList({orphans, "Signal Deck", "Kite Mail"});
+    for (const Qt::Key key : {Qt::Key_D, Qt::Key_E, Qt::Key_S, Qt::Key_K, Qt::Key_T, Qt::Key_O, Qt::Key_P})
+        press(key);
+    waitForList({orphans, "Signal Deck"});
+}
+
+TEST_F(AppsJourney, TheListIsSortedByNameByLastUseAndBySize)
+{
+    addApp("Atlas", "com.starchart.atlas", 1);
+    openUninstaller();
+    choose(QStringLiteral("Kite Mail"));
+    // Nothing on this system remembers when an application was opened last.
+    AppInventory::Result inventory{store().apps(), store().orphanGroups()};
+    for (InstalledApp &app : inventory.apps) {
+        if (app.name != "Signal Deck")
+            app.lastUsed = Time{std::chrono::seconds(app.name == "Atlas" ? 2'000 : 1'000)};
+    }
+    store().setApps(inventory, store().appsToken());
+
+    clickSegment(QStringLiteral("Name"));
+    waitForList({orphans, "Atlas", "Kite Mail", "Signal Deck"});
+    clickSegment(QStringLiteral("Last Use"));
+    waitForList({orphans, "Signal Deck", "Kite Mail", "Atlas"});
+    clickSegment(QStringLiteral("Size"));
+    waitForList({orphans, "Signal Deck", "Kite Mail", "Atlas"});
+    EXPECT_TRUE(shows(QStringLiteral("App · 5.2 MB"))) << "Kite Mail is shown through it all";
+}
+
+TEST_F(AppsJourney, AnAppThatIsNotRunningGoesToTheTrashWithWhatIsTicked)
+{
+    openUninstaller();
+    uninstall(deck);
+    waitForRemoval();
+
+    EXPECT_THAT(toast(), StartsWith("Moved 3 items (5.2 MB) to Trash"));
+    EXPECT_THAT(trash(), testing::Contains("Signal Deck.app"));
+    EXPECT_EQ(trash().size(), 3U);
+    EXPECT_FALSE(exists("Applications/Signal Deck.app"));
+    EXPECT_FALSE(exists("Library/Caches/com.signaldeck.desktop"));
+    EXPECT_TRUE(exists("Library/Logs/Signal Deck/log")) << "only shares its name";
+    EXPECT_TRUE(exists("Applications/Kite Mail.app"));
+    waitForList({orphans, "Kite Mail"});
+    EXPECT_TRUE(shows(QStringLiteral("Pick an app")));
+}
+
+TEST_F(AppsJourney, CancelLeavesEverythingAsItWas)
+{
+    openUninstaller();
+    choose(deck);
+    click(QStringLiteral("uninstaller.uninstall"));
+    waitForPopup(QStringLiteral("uninstallConfirm"));
+    EXPECT_TRUE(shows(QStringLiteral("Uninstall Signal Deck?")));
+    press(Qt::Key_Escape);
+    waitForPopupClosed(QStringLiteral("uninstallConfirm"));
+
+    EXPECT_TRUE(exists("Applications/Signal Deck.app"));
+    EXPECT_THAT(trash(), IsEmpty());
+    EXPECT_FALSE(store().isRemoving());
+}
+
+TEST_F(AppsJourney, ARunningAppIsAskedToQuitFirst)
+{
+    const std::string program = at("Applications/Signal Deck.app/Contents/MacOS/Signal Deck");
+    addFolder("Applications/Signal Deck.app/Contents/MacOS");
+    std::filesystem::copy_file("/bin/sleep", program);
+    QProcess running;
+    running.start(QString::fromStdString(program), {QStringLiteral("600")});
+    ASSERT_TRUE(running.waitForStarted());
+    openUninstaller();
+    choose(deck);
+    EXPECT_TRUE(shows(
+        QStringLiteral("Signal Deck is running. Corvane will quit it before uninstalling. Save your work first.")));
+
+    confirm();
+
+    waitUntil([&] { return running.state() == QProcess::NotRunning; }, QStringLiteral("the application to quit"));
+    EXPECT_EQ(running.exitStatus(), QProcess::CrashExit) << "ended by the request";
+    EXPECT_TRUE(exists("Applications/Signal Deck.app")) << "it is given time to quit";
+    waitForRemoval();
+    EXPECT_THAT(toast(), StartsWith("Moved 3 items"));
+    EXPECT_FALSE(exists("Applications/Signal Deck.app"));
+    EXPECT_THAT(trash(), testing::Contains("Signal Deck.app"));
+}
+
+TEST_F(AppsJourney, WithEverythingUntickedTheBundleAloneGoes)
+{
+    openUninstaller();
+    choose(deck);
+    tickLeftover(deckID, support);
+    EXPECT_TRUE(shows(QStringLiteral("App and 1 leftover · 4.2 MB")));
+    tickLeftover(deckID, caches);
+    EXPECT_TRUE(shows(QStringLiteral("App · 3.1 MB")));
+
+    confirm();
+    waitForRemoval();
+
+    EXPECT_THAT(toast(), StartsWith("Moved 1 item (3.1 MB) to Trash"));
+    EXPECT_THAT(trash(), ElementsAre("Signal Deck.app"));
+    EXPECT_TRUE(exists("Library/Application Support/com.signaldeck.desktop/db"));
+    EXPECT_TRUE(exists("Library/Caches/com.signaldeck.desktop/page"));
+}
+
+TEST_F(AppsJourney, APossibleMatchGoesOnlyWhenItIsTicked)
+{
+    openUninstaller();
+    choose(deck);
+    tickLeftover(deck, QStringLiteral("Logs"));
+    EXPECT_TRUE(shows(QStringLiteral("App and 3 leftovers · 6.3 MB")));
+
+    confirm();
+    waitForRemoval();
+
+    EXPECT_THAT(toast(), StartsWith("Moved 4 items (6.3 MB) to Trash"));
+    EXPECT_FALSE(exists("Library/Logs/Signal Deck"));
+}
+
+TEST_F(AppsJourney, OrphansGoIntoTheSelectionAndOutOfItAndToTheTrash)
+{
+    openUninstaller();
+    choose(QString::fromStdString(orphans));
+    EXPECT_TRUE(shows(QStringLiteral("Left behind by apps you've deleted")));
+    EXPECT_TRUE(store().selection().empty());
+    const QString lathe = QStringLiteral("com.lathe.cadpro");
+
+    tickLeftover(lathe, caches);
+    waitForSelectionBar();
+    EXPECT_TRUE(shows(QStringLiteral("1 item selected")));
+    tickLeftover(lathe, caches);
+    waitUntil([&] { return !isShown(QStringLiteral("selectionBar")); }, QStringLiteral("the selection bar to go"));
+    EXPECT_TRUE(store().selection().empty());
+
+    tickLeftover(lathe, caches);
+    waitForSelectionBar();
+    click(QStringLiteral("moveToTrashButton"));
+    waitForRemoval();
+
+    EXPECT_THAT(toast(), StartsWith("Moved 1 item (2.1 MB) to Trash"));
+    EXPECT_THAT(trash(), ElementsAre("com.lathe.cadpro"));
+    EXPECT_FALSE(exists("Library/Caches/com.lathe.cadpro"));
+    EXPECT_TRUE(exists("Library/WebKit/com.lathe.cadpro"));
+    waitForText(QStringLiteral("1 item"));
+}
+
+TEST_F(AppsJourney, WhatCannotBeMovedStaysAndIsReported)
+{
+    openUninstaller();
+    folder().writeText("data/Trash", "no folder");
+
+    uninstall(deck);
+    waitForRemoval();
+
+    EXPECT_THAT(toast(), StartsWith("Nothing was removed · 3 couldn't be removed ("));
+    EXPECT_THAT(toast(), HasSubstr("Signal Deck.app: "));
+    EXPECT_TRUE(exists("Applications/Signal Deck.app/Contents/Info.plist"));
+    EXPECT_TRUE(exists("Library/Caches/com.signaldeck.desktop/page"));
+    EXPECT_TRUE(shows(QStringLiteral("App and 2 leftovers · 5.2 MB"))) << "it is still there to look at";
+}
+
+TEST_F(AppsJourney, AnAppIsUninstalledWithTheKeyboardAlone)
+{
+    openUninstaller();
+    tabTo(driver().item(QStringLiteral("uninstaller.list")));
+    press(Qt::Key_S);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(driver().item(QStringLiteral("uninstaller.leftovers")).hasActiveFocus());
+    press(Qt::Key_Space);
+    waitForText(QStringLiteral("App and 1 leftover · 4.2 MB"));
+    tabTo(driver().item(QStringLiteral("uninstaller.uninstall")));
+    press(Qt::Key_Space);
+    waitForPopup(QStringLiteral("uninstallConfirm"));
+    EXPECT_TRUE(driver().item(QStringLiteral("uninstallConfirm.move")).hasActiveFocus());
+    press(Qt::Key_Return);
+    waitForRemoval();
+
+    EXPECT_THAT(trash(), UnorderedElementsAre("Signal Deck.app", "com.signaldeck.desktop"));
+}
+
+TEST_F(AppsJourney, RevealShowsTheBundleInTheFileManager)
+{
+    openUninstaller();
+    choose(deck);
+    click(QStringLiteral("uninstaller.reveal"));
+    waitUntil([&] { return !Sandbox::instance().opened().empty(); }, QStringLiteral("the file manager"));
+    EXPECT_THAT(Sandbox::instance().opened(), ElementsAre(at("Applications")));
+}
+
+TEST_F(AppsJourney, WithoutAnyAppTheScreenSaysSo)
+{
+    Sandbox::instance().clear();
+    openUninstaller();
+    EXPECT_TRUE(isShown(QStringLiteral("uninstaller.nothing")));
+    EXPECT_TRUE(
+        shows(QStringLiteral("Corvane looks for apps in /Applications and in the Applications folder of your home.")));
+}
+
+} // namespace
+} // namespace corvane
