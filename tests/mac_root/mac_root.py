@@ -21,6 +21,8 @@ import shutil
 import stat
 import sys
 
+import app_icon
+
 HERE = pathlib.Path(__file__).resolve().parent
 DEFAULT_SCALE = 1000
 BLOCK = 4096
@@ -99,14 +101,15 @@ def property_list(binary, text):
     return plistlib.dumps(entries, fmt=plistlib.FMT_BINARY if binary else plistlib.FMT_XML)
 
 
-def bundle(name, how, size, keys):
-    """An application: its property list, its program, its resources; what the App Store adds."""
+def bundle(name, how, size, icon, keys):
+    """An application: its property list, its program, its icon, its resources; what the App Store adds."""
     binary = how == "binary"
     contents = Item(b"Contents", is_folder=True)
-    contents.children.append(Item(b"Info.plist", content=property_list(binary, keys)))
+    contents.children.append(Item(b"Info.plist", content=property_list(binary, keys + " CFBundleIconFile=AppIcon")))
     program = Item(b"MacOS", is_folder=True)
     program.children.append(Item(name.removesuffix(b".app"), size=size * 3 // 10))
     resources = Item(b"Resources", is_folder=True)
+    resources.children.append(Item(b"AppIcon.icns", content=app_icon.icns(*icon.split())))
     for number, share in enumerate(shares(12), 1):
         resources.children.append(Item(b"Assets-%02d.car" % number, size=round((size - size * 3 // 10) * share)))
     contents.children += [program, resources]
@@ -143,7 +146,7 @@ def parse_line(text, number):
         items[0].mode = 0o755 if kind == "copy executable" else 0
         return items
     if kind.startswith("app "):
-        return [bundle(items[0].name, kind.removeprefix("app "), parse_size(rest[0]), rest[1])]
+        return [bundle(items[0].name, kind.removeprefix("app "), parse_size(rest[0]), *rest[1:])]
 
     for field in fields:
         if field == "locked":

@@ -2,7 +2,8 @@
 """Tests of the Mac-shaped root and of the command line inside it.
 
     mac_root_test.py --list                              the tests' names
-    mac_root_test.py NAME --cli PROGRAM --folder FOLDER  one test, in the root that was built in FOLDER
+    mac_root_test.py NAME --cli PROGRAM [--probe PROGRAM] --folder FOLDER
+                                                         one test, in the root that was built in FOLDER
 
 Exit status: 0 passed, 1 failed, 77 skipped (with the reason).
 """
@@ -14,10 +15,13 @@ import pathlib
 import plistlib
 import re
 import stat
+import struct
 import subprocess
 import sys
 import tempfile
 import unittest
+import urllib.parse
+import zlib
 
 import mac_root
 
@@ -31,6 +35,7 @@ class RootCase(unittest.TestCase):
     """A test in a root that several share."""
 
     cli = None
+    probe = None
     folder = None
 
     @property
@@ -100,6 +105,24 @@ class MacRoot(RootCase):
             mac_root.replace_root(other, mac_root.DEFAULT_SCALE)
             self.assertEqual(list(everything(self.folder)), list(everything(other)))
             mac_root.remove_root(other)
+
+    def test_EveryApplicationHasAnIconOfItsOwn(self):
+        icons = {path.parents[2].name: path.read_bytes()
+                 for path in pathlib.Path(self.root + "/Applications").rglob("AppIcon.icns")}
+        self.assertGreater(len(icons), 30)
+        self.assertEqual(len(set(icons.values())), len(icons))
+        for name, icon in icons.items():
+            # More than a block would be shown as megabytes, as everything of this root is.
+            self.assertLessEqual(len(icon), mac_root.BLOCK, name)
+            self.assertEqual((icon[:4], struct.unpack(">I", icon[4:8])[0]), (b"icns", len(icon)), name)
+            png = icon[16:]
+            width, height = struct.unpack(">II", png[16:24])
+            points = zlib.decompress(png[png.index(b"IDAT") + 4:png.index(b"IEND") - 8])
+            self.assertEqual(len(points), height * (width + 1), name)
+            rows = [points[start + 1:start + 1 + width] for start in range(0, len(points), width + 1)]
+            self.assertEqual(rows[0][0], 0, f"{name}: a corner shows through")
+            white = sum(row.count(max(points)) for row in rows) / (width * height)
+            self.assertTrue(0.04 < white < 0.3, f"{name}: {white:.0%} of it is its sign")
 
     def test_AFolderThatItDidNotMakeIsLeftAlone(self):
         with tempfile.TemporaryDirectory(dir=self.folder) as other:
@@ -511,9 +534,16 @@ class AppsOnAMac(RootCase):
     def test_WhatDeletedAppsLeftIsFound(self):
         inventory = self.inventory()
         groups = {group["id"]: group["items"] for group in inventory["orphanGroups"]}
-        gone = self.LIBRARY + "/Application Support/org.lanternworks.viewer"
-        self.assertIn((gone, self.on_disk(gone)),
-                      [(item["path"], item["size"]) for item in groups["org.lanternworks.viewer"]])
+        self.assertEqual({group: [item["path"].removeprefix(self.LIBRARY + "/") for item in items]
+                          for group, items in groups.items()}, {
+            "com.lathe.cadpro": ["Application Support/com.lathe.cadpro", "Caches/com.lathe.cadpro",
+                                 "Preferences/com.lathe.cadpro.plist"],
+            "io.mapleaf.viewer": ["Containers/io.mapleaf.viewer", "Saved Application State/io.mapleaf.viewer.savedState"],
+            "org.chorale.player": ["Caches/org.chorale.player", "Caches/org.chorale.player.ShipIt",
+                                   "HTTPStorages/org.chorale.player"],
+            "net.paperkite.mailtool": ["Cookies/net.paperkite.mailtool.helper.binarycookies"]})
+        for item in (item for items in groups.values() for item in items):
+            self.assertEqual(item["modified"], round(os.lstat(self.root + item["path"]).st_mtime))
         installed = {".".join(app["bundleID"].lower().split(".")[:2]) for app in inventory["apps"]}
         for group in groups:
             self.assertNotIn(".".join(group.split(".")[:2]), installed)
@@ -555,10 +585,64 @@ class RemovalOnAMac(RootCase):
         return os.lstat(self.root + path).st_blocks * 512
 
 
+class UninstallOnAMac(RootCase):
+    """Whole uninstalls, with real processes. Each test has its own application; none counts what the others change."""
+
+    def uninstall(self, bundle, instances, answer):
+        done = self.run_inside(self.probe, bundle, str(instances), answer)
+        self.assertEqual(done.returncode, 0, done.stderr.decode())
+        result = json.loads(done.stdout)
+        self.assertFalse(result["isListed"])
+        self.assertTrue(result["toast"].startswith("Moved "), result["toast"])
+        self.assertNotIn("couldn't", result["toast"])
+        for path in (bundle, *result["leftovers"]):
+            self.assertFalse(os.path.lexists(self.root + path), path)
+            self.assertIn(path, self.trashed())
+        return result
+
+    def trashed(self):
+        """Where what lies in the Trash comes from, and that it is all there."""
+        trash = pathlib.Path(self.root + HOME + "/.local/share/Trash")
+        paths = []
+        for record in (trash / "info").glob("*.trashinfo"):
+            self.assertTrue(os.path.lexists(trash / "files" / record.stem), record)
+            paths.append(urllib.parse.unquote(re.search("^Path=(.*)$", record.read_text(), re.MULTILINE)[1]))
+        return paths
+
+    def test_ARunningApplicationQuitsAndGoesToTheTrashWithItsLeftovers(self):
+        result = self.uninstall("/Applications/Signal Deck.app", 1, "quit")
+        self.assertEqual((result["waits"], result["ended"]), (True, 1))
+        library = HOME + "/Library/"
+        self.assertEqual({path.removeprefix(library) for path in result["leftovers"]}, {
+            "Application Support/com.signaldeck.desktop",
+            "Caches/com.signaldeck.desktop",
+            "Containers/com.signaldeck.desktop",
+            "HTTPStorages/com.signaldeck.desktop",
+            "Preferences/com.signaldeck.desktop.plist",
+            "Saved Application State/com.signaldeck.desktop.savedState"})
+        self.assertTrue(os.path.exists(self.root + library + "Logs/Signal Deck"), "only possibly its own")
+        self.assertTrue(os.path.exists(self.root + library + "Application Support/Signal Deck"))
+
+    def test_AnApplicationThatIgnoresTheRequestGoesToTheTrashAllTheSame(self):
+        result = self.uninstall("/Applications/Tidewater Sync.app", 1, "ignore")
+        self.assertEqual((result["waits"], result["ended"]), (True, 0))
+        self.assertEqual(len(result["leftovers"]), 3)
+
+    def test_EachOfTwoInstancesIsAskedToQuit(self):
+        result = self.uninstall("/Applications/Kite Mail.app", 2, "quit")
+        self.assertEqual((result["waits"], result["ended"]), (True, 2))
+        self.assertEqual(result["leftovers"], [HOME + "/Library/Caches/com.kitemail.app"])
+
+    def test_AnApplicationThatDoesNotRunGoesToTheTrashAtOnce(self):
+        result = self.uninstall(HOME + "/Applications/Sea Chart.app", 0, "quit")
+        self.assertFalse(result["waits"])
+        self.assertEqual(result["leftovers"], [])
+
+
 def tests():
     """The tests by the names that ctest shows: Class.Rule."""
     for case in (MacRoot, CommandLineOnAMac, BreakdownOnAMac, ToolsOnAMac, LargePlacesOnAMac, CleanupOnAMac,
-                 AppsOnAMac, RemovalOnAMac):
+                 AppsOnAMac, RemovalOnAMac, UninstallOnAMac):
         for method in unittest.TestLoader().getTestCaseNames(case):
             yield f"{case.__name__}.{method.removeprefix('test_')}", case(method)
 
@@ -568,13 +652,14 @@ def main():
     parser.add_argument("name", nargs="?")
     parser.add_argument("--list", action="store_true")
     parser.add_argument("--cli")
+    parser.add_argument("--probe")
     parser.add_argument("--folder")
     arguments = parser.parse_args()
     known = dict(tests())
     if arguments.list:
         print("\n".join(known), end="")
         return 0
-    RootCase.cli, RootCase.folder = arguments.cli, arguments.folder
+    RootCase.cli, RootCase.probe, RootCase.folder = arguments.cli, arguments.probe, arguments.folder
     result = unittest.TextTestRunner(verbosity=2).run(known[arguments.name])
     if result.skipped:
         return SKIPPED

@@ -1,0 +1,117 @@
+// Uninstalls one application through the store, as the window does, and prints what came of it, so that a test can do
+// that inside a Mac-shaped root.
+//
+//   uninstall_probe BUNDLE INSTANCES quit|ignore
+//
+// As many processes as INSTANCES says run from the bundle and quit when they are asked to, or ignore that. The exact
+// leftovers go with the application, as where the user changes nothing.
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTest>
+
+#include "core/path_guard.h"
+#include "core/store/storage_store.h"
+#include "platform/host.h"
+
+namespace {
+
+using namespace corvane;
+
+constexpr int patience = 60'000; // milliseconds; only a hang takes that long
+
+void insist(bool holds, const char *what)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "uninstall_probe: %s\n", what);
+    std::exit(EXIT_FAILURE);
+}
+
+template <typename Condition>
+void waitFor(const Condition &condition, const char *what)
+{
+    insist(QTest::qWaitFor(condition, patience), what);
+}
+
+std::vector<std::unique_ptr<QProcess>> startInstances(const QString &bundle, int count, bool ignoresRequests)
+{
+    const QString program = bundle + QStringLiteral("/Contents/MacOS/sleep");
+    insist(QFile::copy(QStringLiteral("/bin/sleep"), program), "cannot put a program into the bundle");
+    std::vector<std::unique_ptr<QProcess>> instances;
+    for (int i = 0; i < count; ++i) {
+        auto instance = std::make_unique<QProcess>();
+        // What a shell ignores, the program that takes its place ignores, too.
+        const QString ignore = ignoresRequests ? QStringLiteral("trap '' TERM; ") : QString();
+        instance->start(QStringLiteral("/bin/sh"),
+                        {QStringLiteral("-c"), ignore + QStringLiteral("exec \"$0\" 1000"), program});
+        instances.push_back(std::move(instance));
+    }
+    return instances;
+}
+
+const InstalledApp &application(const StorageStore &store, const std::string &path)
+{
+    const auto found = std::ranges::find(store.apps(), path, &InstalledApp::path);
+    insist(found != store.apps().end(), "there is no such application");
+    return *found;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication program(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    insist(arguments.size() == 4, "name a bundle, a number of instances, and what they do");
+    const std::string bundle = QFile::encodeName(arguments[1]).toStdString();
+    const auto count = static_cast<std::size_t>(arguments[2].toUInt());
+    const bool ignoresRequests = arguments[3] == QStringLiteral("ignore");
+    const auto instances = startInstances(arguments[1], arguments[2].toInt(), ignoresRequests);
+
+    StorageStore store(systemHost(), PathGuard::locations());
+    store.refreshApps();
+    waitFor([&] { return store.appsLoaded(); }, "the inventory does not come");
+    const InstalledApp app = application(store, bundle);
+    const auto running = [&] { return systemHost().applications.running(app.bundleID, app.path).size(); };
+    waitFor([&] { return running() == count; }, "the instances do not run");
+
+    std::vector<Leftover> chosen;
+    std::ranges::copy_if(app.leftovers, std::back_inserter(chosen),
+                         [](const Leftover &leftover) { return leftover.match == Leftover::Match::exact; });
+    store.uninstall(app, chosen);
+    const bool waits = !store.isRemoving();
+    waitFor([&] { return !store.isUninstalling(bundle); }, "the uninstall does not end");
+    const auto ended = [&] { return std::ranges::count(instances, QProcess::NotRunning, &QProcess::state); };
+    if (!ignoresRequests)
+        waitFor([&] { return ended() == std::ssize(instances); }, "an instance does not quit");
+    const auto endedByThemselves = static_cast<int>(ended());
+    for (const auto &instance : instances) {
+        instance->kill();
+        instance->waitForFinished();
+    }
+    waitFor([&] { return !store.appsLoading(); }, "the inventory is not loaded again");
+
+    QJsonArray leftovers;
+    for (const Leftover &leftover : chosen)
+        leftovers.append(QString::fromStdString(leftover.path));
+    const QJsonObject report{{QStringLiteral("leftovers"), leftovers},
+                             {QStringLiteral("waits"), waits},
+                             {QStringLiteral("ended"), endedByThemselves},
+                             {QStringLiteral("toast"), QString::fromStdString(store.toast().value_or(""))},
+                             {QStringLiteral("isListed"),
+                              std::ranges::find(store.apps(), bundle, &InstalledApp::path) != store.apps().end()}};
+    std::puts(QJsonDocument(report).toJson(QJsonDocument::Compact).constData());
+    return EXIT_SUCCESS;
+}
