@@ -74,6 +74,18 @@ TEST(PropertyList, ReadsEveryKindOfValueFromXml)
     EXPECT_EQ(list->find("missing"), nullptr);
 }
 
+TEST(PropertyList, TextsWithMoreToReplaceThanPatienceAllowsAreRefused)
+{
+    const auto textOf = [](int entities) {
+        return PropertyList::parse("<plist><string>" + repeated("&amp;", entities) + "</string></plist>");
+    };
+    ASSERT_TRUE(textOf(10'000));
+    EXPECT_EQ(*textOf(10'000)->string(), std::string(10'000, '&'));
+    EXPECT_FALSE(textOf(100'000));
+    const std::string parts = repeated("<string>" + repeated("&amp;", 10'000) + "</string>", 5);
+    EXPECT_FALSE(PropertyList::parse("<plist><array>" + parts + "</array></plist>"));
+}
+
 TEST(PropertyList, ReadsABinaryList)
 {
     const auto list = PropertyList::parse(binary({std::string("\xd2\x01\x02\x03\x04", 5),

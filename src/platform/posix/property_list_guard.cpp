@@ -1,5 +1,6 @@
 #include "platform/posix/property_list_guard.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -13,6 +14,8 @@ constexpr std::size_t depthLimit = 64;
 // Far beyond any listing of disks and any application's own facts.
 constexpr std::size_t valueLimit = 1'000'000;
 constexpr std::size_t copiedBytesLimit = 64'000'000;
+// The library moves the rest of a text for each "&" in it: a tenth of a second's worth.
+constexpr std::size_t movedBytesLimit = 2'000'000'000;
 
 // --- XML
 
@@ -30,16 +33,29 @@ public:
     {
         if (m_text.find('\0') != std::string_view::npos || namesZero())
             return false;
-        std::size_t tags = 0;
-        for (m_position = m_text.find('<'); m_position != std::string_view::npos;
-             m_position = m_text.find('<', m_position)) {
-            if (++tags > 2 * valueLimit || !readMarkup() || m_depth > depthLimit)
+        for (std::size_t tags = 0; readText(); ++tags) {
+            if (m_position == m_text.size())
+                return true;
+            if (tags > 2 * valueLimit || !readMarkup() || m_depth > depthLimit)
                 return false;
         }
-        return true;
+        return false;
     }
 
 private:
+    /// Reads up to the next "<" or the end; false where there is too much to replace.
+    bool readText()
+    {
+        const std::string_view text =
+            m_text.substr(m_position, std::min(m_text.find('<', m_position), m_text.size()) - m_position);
+        m_position += text.size();
+        const auto entities = static_cast<std::size_t>(std::ranges::count(text, '&'));
+        if (entities > 0 && text.size() > (movedBytesLimit - m_movedBytes) / entities)
+            return false;
+        m_movedBytes += entities * text.size();
+        return true;
+    }
+
     /// Whether the character zero is written as a number.
     [[nodiscard]] bool namesZero() const
     {
@@ -106,6 +122,7 @@ private:
     std::string_view m_text;
     std::size_t m_position = 0;
     std::size_t m_depth = 0;
+    std::size_t m_movedBytes = 0;
 };
 
 // --- Binary
