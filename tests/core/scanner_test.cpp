@@ -4,7 +4,6 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
-#include <functional>
 #include <iterator>
 #include <limits>
 #include <mutex>
@@ -14,7 +13,7 @@
 
 #include "core/foreign_sum.h"
 #include "platform/fake_file_system.h"
-#include "platform/held_folder.h"
+#include "platform/made_up_folder.h"
 #include "platform/protected_places.h"
 
 namespace corvane {
@@ -374,51 +373,6 @@ TEST_F(ScannerTest, AFolderWhoseFiguresCannotBeAddedUpCountsAsUnreadable)
     EXPECT_EQ(progress.counters().denied, 2);
     EXPECT_EQ(progress.counters().bytes, root->size);
 }
-
-/// A file system of one folder that a test makes up while it is listed.
-class MadeUpFolder final : public FileSystem {
-public:
-    using Next = std::function<DirectoryEntry(std::uint64_t number)>;
-    explicit MadeUpFolder(Next next) : m_next(std::move(next)) {}
-
-    Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &) override
-    {
-        return std::make_unique<Endless>(m_next);
-    }
-    Expected<ItemFacts> facts(const std::string &) override { return ItemFacts{.type = EntryType::directory}; }
-    bool exists(const std::string &) override { return false; }
-    bool canOpen(const std::string &) override { return false; }
-    Expected<std::string> realPath(const std::string &path) override { return path; }
-    Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override
-    {
-        return tl::unexpected(Error{"open", path, std::make_error_code(std::errc::permission_denied), {}});
-    }
-    Expected<std::vector<std::string>> mountPoints() override { return std::vector<std::string>{"/"}; }
-    std::string homeFolder() override { return "/home"; }
-
-private:
-    class Endless final : public OpenFolder {
-    public:
-        explicit Endless(const Next &next) : m_next(next) {}
-        Expected<void> list(const EntrySink &sink) override
-        {
-            for (std::uint64_t number = 0; sink(m_next(number)) == Listing::goOn; ++number) {}
-            return tl::unexpected(Error{"list", {}, std::make_error_code(std::errc::operation_canceled), {}});
-        }
-        Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override
-        {
-            return tl::unexpected(Error{"open", name, std::make_error_code(std::errc::permission_denied), {}});
-        }
-        Expected<std::unique_ptr<OpenFolder>> openParent() override { return openChild(".."); }
-        FolderIdentity identity() const override { return {}; }
-        Time modified() const override { return distantPast; }
-
-    private:
-        const Next &m_next;
-    };
-
-    const Next m_next;
-};
 
 TEST(EndlessListing, NoticesAStop)
 {

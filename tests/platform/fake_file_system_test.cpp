@@ -15,6 +15,20 @@ std::vector<std::string> namesIn(OpenFolder &folder)
     return names;
 }
 
+TEST(FakeFileSystem, ReadsTextsUpToTheLimit)
+{
+    FakeFileSystem files;
+    files.addText("/a/text", "words", 40);
+    files.addLink("/a/link", "text");
+    EXPECT_EQ(files.readFile("/a/link", 5), "words");
+    EXPECT_EQ(files.facts("/a/text")->allocated, 40);
+    EXPECT_EQ(files.readFile("/a/text", 4).error().code, std::errc::file_too_large);
+    EXPECT_EQ(files.readFile("/a", 5).error().code, std::errc::not_supported);
+    EXPECT_TRUE(files.readFile("/a/gone", 5).error().isMissing());
+    files.failOpening("/a/text");
+    EXPECT_EQ(files.readFile("/a/text", 5).error().code, std::errc::permission_denied);
+}
+
 TEST(FakeFileSystem, ListsItemsInTheOrderOfMaking)
 {
     FakeFileSystem files;

@@ -14,8 +14,8 @@
 #include <gmock/gmock.h>
 
 #include "platform/held_folder.h"
-#include "platform/posix/interrupted_call.h"
 #include "platform/path.h"
+#include "platform/posix/interrupted_call.h"
 #include "support/few_open_files.h"
 #include "support/temporary_folder.h"
 
@@ -354,6 +354,36 @@ TEST_F(LinuxFileSystemTest, OpeningAPipeDoesNotWait)
 {
     ASSERT_EQ(::mkfifo((temporary / "pipe").c_str(), 0600), 0);
     EXPECT_TRUE(files.canOpen(temporary / "pipe"));
+}
+
+TEST_F(LinuxFileSystemTest, AFileIsReadThroughALinkAsLongAsItIsNotTooLarge)
+{
+    const std::string text(200'000, 'x');
+    temporary.writeText("file", text);
+    temporary.link("link", "file");
+    EXPECT_EQ(files.readFile(temporary / "link", text.size()), text);
+    EXPECT_EQ(files.readFile(temporary / "file", text.size() - 1).error().code, std::errc::file_too_large);
+    temporary.writeText("empty", "");
+    EXPECT_EQ(files.readFile(temporary / "empty", 0), "");
+    EXPECT_TRUE(files.readFile(temporary / "gone", 10).error().isMissing());
+}
+
+TEST_F(LinuxFileSystemTest, AFileThatTellsNoSizeIsReadUpToTheLimit)
+{
+    const Expected<std::string> mounts = files.readFile("/proc/self/mounts", 10'000'000);
+    ASSERT_TRUE(mounts);
+    EXPECT_GT(mounts->size(), 10U);
+    EXPECT_EQ(files.readFile("/proc/self/mounts", 10).error().code, std::errc::file_too_large);
+}
+
+TEST_F(LinuxFileSystemTest, ReadingWhatIsNoRegularFileFailsAtOnce)
+{
+    ASSERT_EQ(::mkfifo((temporary / "pipe").c_str(), 0600), 0);
+    temporary.link("to pipe", "pipe");
+    temporary.makeFolder("folder");
+    for (const std::string &path :
+         {temporary / "pipe", temporary / "to pipe", temporary / "folder", std::string("/dev/zero")})
+        EXPECT_EQ(files.readFile(path, 10).error().code, std::errc::not_supported) << path;
 }
 
 TEST_F(LinuxFileSystemTest, AnUnreadableFolderCannotBeOpened)
