@@ -47,17 +47,33 @@ std::vector<BundleInfo> makeBundles()
     return bundles;
 }
 
-std::vector<std::string> makeNames(const std::vector<BundleInfo> &bundles, std::mt19937 &random, std::string_view begin,
-                                   std::string_view end)
+/// One of ten after an application's identifier, the others after those of programs that are gone.
+template <typename Naming>
+std::vector<std::string> makeNames(const std::vector<BundleInfo> &bundles, std::mt19937 &random, const Naming &naming)
 {
     std::vector<std::string> names;
     for (std::size_t i = 0; i < items; ++i) {
         if (i % 10 == 0)
-            names.push_back(fmt::format("{}{}{}", begin, bundles[random() % bundles.size()].bundleID, end));
+            names.push_back(naming(bundles[random() % bundles.size()].bundleID, i));
         else
-            names.push_back(fmt::format("{}org.Maker{}.Tool{}.part{}{}", begin, random() % 2000, random() % 5, i, end));
+            names.push_back(naming(fmt::format("org.Maker{}.Tool{}", random() % 2000, random() % 5), i));
     }
     return names;
+}
+
+std::string plainName(std::string_view id, std::size_t number)
+{
+    return fmt::format("{}.part{}", id, number);
+}
+
+std::string groupName(std::string_view id, std::size_t number)
+{
+    return fmt::format("TEAM{}.{}", number, id);
+}
+
+std::string listName(std::string_view id, std::size_t number)
+{
+    return fmt::format("{}.part{}.plist", id, number);
 }
 
 } // namespace
@@ -71,9 +87,9 @@ int main(int argc, char **argv)
     }
     const std::vector<BundleInfo> bundles = makeBundles();
     std::mt19937 random(7);
-    const std::vector<std::string> support = makeNames(bundles, random, "", ".part");
-    const std::vector<std::string> groups = makeNames(bundles, random, "ABCDE12345.", "");
-    const std::vector<std::string> preferences = makeNames(bundles, random, "", ".plist");
+    const std::vector<std::string> support = makeNames(bundles, random, plainName);
+    const std::vector<std::string> groups = makeNames(bundles, random, groupName);
+    const std::vector<std::string> preferences = makeNames(bundles, random, listName);
     const corvane::ProtectedLocations locations("/nowhere", corvane::ProtectedPlaces{});
     const AppInventory::Surroundings surroundings{
         .files = corvane::systemHost().files, .locations = locations, .now = corvane::Time{}};
@@ -84,9 +100,9 @@ int main(int argc, char **argv)
     for (int round = -1; round < rounds; ++round) {
         const auto start = std::chrono::steady_clock::now();
         corvane::LibraryListings listings{.library = "/nowhere/Library"};
-        listings.listings[0] = corvane::LibraryListing(support);
-        listings.listings[3] = corvane::LibraryListing(groups);
-        listings.listings[4] = corvane::LibraryListing(preferences);
+        listings.listings[0] = corvane::LibraryListings::make(0, support);
+        listings.listings[3] = corvane::LibraryListings::make(3, groups);
+        listings.listings[4] = corvane::LibraryListings::make(4, preferences);
         const auto indexed = std::chrono::steady_clock::now();
         const std::vector<std::string> ids = AppInventory::allIDs(bundles);
         leftovers = 0;

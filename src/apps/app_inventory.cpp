@@ -58,8 +58,10 @@ void appendBundlesIn(OpenFolder &root, const std::string &path, const StopFlag &
             bundles.push_back(childPath);
             continue;
         }
+        if (stop || bundles.size() > Scanner::keptEntriesLimit)
+            return;
         const auto folder = openPatiently([&] { return root.openChild(child.name); });
-        if (stop || !folder)
+        if (!folder)
             continue;
         for (const Child &inside : childrenOf(**folder, stop)) {
             if (inside.isBundle)

@@ -239,7 +239,8 @@ std::vector<OrphanGroup> AppInventory::findOrphans(const std::unordered_set<std:
 {
     std::vector<Orphan> orphans = orphansWithoutSizes(vendors, listings, surroundings);
     concurrentPerform(orphans.size(), [&](std::size_t i) {
-        orphans[i].item.size = allocatedSize(orphans[i].item.path, surroundings.files, surroundings.stop);
+        if (!surroundings.stop)
+            orphans[i].item.size = allocatedSize(orphans[i].item.path, surroundings.files, surroundings.stop);
     });
     std::vector<OrphanGroup> groups;
     std::unordered_map<std::string, std::size_t> places;

@@ -48,7 +48,7 @@ std::vector<std::string> namesIn(const std::string &folder, FileSystem &files, c
 
 } // namespace
 
-LibraryListing::LibraryListing(std::vector<std::string> names)
+LibraryListing::LibraryListing(std::vector<std::string> names, Ends ends)
 {
     m_items.reserve(names.size());
     for (std::string &name : names) {
@@ -58,6 +58,8 @@ LibraryListing::LibraryListing(std::vector<std::string> names)
     std::ranges::sort(m_items, [](const Item &a, const Item &b) {
         return std::tie(a.lowered, a.name) < std::tie(b.lowered, b.name);
     });
+    if (ends == Ends::ignored)
+        return;
     m_byEnding.resize(m_items.size());
     std::iota(m_byEnding.begin(), m_byEnding.end(), 0U);
     std::ranges::sort(m_byEnding, isBeforeReadBackwards, [this](std::uint32_t i) { return m_items[i].lowered; });
@@ -89,9 +91,15 @@ LibraryListings LibraryListings::read(const std::string &home, FileSystem &files
 {
     LibraryListings result{.library = joined(home, "Library")};
     concurrentPerform(leftoverLocations.size(), [&](std::size_t i) {
-        result.listings[i] = LibraryListing(namesIn(joined(result.library, leftoverLocations[i].folder), files, stop));
+        result.listings[i] = make(i, namesIn(joined(result.library, leftoverLocations[i].folder), files, stop));
     });
     return result;
+}
+
+LibraryListing LibraryListings::make(std::size_t location, std::vector<std::string> names)
+{
+    const bool isGroups = leftoverLocations[location].naming == LeftoverLocation::Naming::groupContainer;
+    return LibraryListing(std::move(names), isGroups ? LibraryListing::Ends::findable : LibraryListing::Ends::ignored);
 }
 
 std::string LibraryListings::pathOf(std::size_t location, const LibraryListing::Item &item) const

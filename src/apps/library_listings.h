@@ -22,8 +22,11 @@ public:
         std::string lowered; ///< as `lowerCase` gives it
     };
 
+    enum class Ends : std::uint8_t { ignored, findable };
+
     LibraryListing() = default;
-    explicit LibraryListing(std::vector<std::string> names);
+    /// Only with `Ends::findable`, which takes as long again, can `endingWith` be asked.
+    explicit LibraryListing(std::vector<std::string> names, Ends ends = Ends::ignored);
 
     /// In the order of their lowered names.
     [[nodiscard]] std::span<const Item> items() const { return m_items; }
@@ -44,6 +47,9 @@ struct LibraryListings {
     /// The Library of a home folder. A folder that cannot be listed, or has no end, is empty.
     [[nodiscard]] static LibraryListings read(const std::string &home, FileSystem &files,
                                               const StopFlag &stop = neverStopped);
+
+    /// The names as a listing of that location.
+    [[nodiscard]] static LibraryListing make(std::size_t location, std::vector<std::string> names);
 
     [[nodiscard]] std::string pathOf(std::size_t location, const LibraryListing::Item &item) const;
 };

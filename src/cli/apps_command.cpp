@@ -1,7 +1,5 @@
 #include "cli/apps_command.h"
 
-#include <chrono>
-
 #include "apps/app_inventory.h"
 #include "cli/apps_json.h"
 #include "cli/apps_table.h"
@@ -10,7 +8,7 @@ namespace corvane {
 
 ExitStatus AppsCommand::run(Console &console, const Host &host, const ProtectedLocations &locations) const
 {
-    const Time now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    const Time now = currentTime();
     const AppInventory::Result inventory = AppInventory::load(host, locations, now);
     if (json)
         writeAppsJson(inventory, now, systemCalendar(), console.out);

@@ -1,12 +1,14 @@
 #include "apps/app_inventory.h"
 
+#include <algorithm>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <sys/stat.h>
 
 #include "apps/app_fixture.h"
+#include "core/scanner.h"
+#include "platform/made_up_folder.h"
 #include "support/temporary_folder.h"
 
 namespace corvane {
@@ -249,6 +251,32 @@ TEST_F(AppInventoryTest, NothingIsChanged)
     EXPECT_THAT(fake.log->linesStartingWith("removeItem "), IsEmpty());
     EXPECT_THAT(fake.log->linesStartingWith("moveItem "), IsEmpty());
     EXPECT_THAT(fake.log->linesStartingWith("holdFolder "), IsEmpty());
+}
+
+TEST(EndlessApplications, AFolderWithoutEndContributesNothing)
+{
+    for (const std::string_view name : {"x.app", "x"}) {
+        std::uint64_t last = 0;
+        MadeUpFolder files([&](std::uint64_t number) {
+            last = number;
+            return DirectoryEntry{.name = name};
+        });
+        EXPECT_THAT(AppInventory::findAppURLs("/home", files), IsEmpty());
+        EXPECT_EQ(last, Scanner::keptEntriesLimit);
+    }
+}
+
+TEST(EndlessApplications, AStopIsNoticed)
+{
+    StopFlag stop = false;
+    std::uint64_t last = 0;
+    MadeUpFolder files([&](std::uint64_t number) {
+        last = std::max(last, number);
+        stop = number >= 100;
+        return DirectoryEntry{.name = "x.app"};
+    });
+    EXPECT_THAT(AppInventory::findAppURLs("/home", files, stop), IsEmpty());
+    EXPECT_EQ(last, 100U);
 }
 
 /// The same on the disk, where an Info.plist may be anything.

@@ -425,7 +425,7 @@ TEST_F(LeftoverMatching, LookingItemsUpFindsWhatGoingThroughThemFinds)
         for (std::size_t i = 0; i < names.size(); ++i) {
             for (int item = 0; item < 60; ++item)
                 names[i].insert(makeName({"", ".plist", ".savedstate", ".binarycookies"}));
-            listings.listings[i] = LibraryListing({names[i].begin(), names[i].end()});
+            listings.listings[i] = LibraryListings::make(i, {names[i].begin(), names[i].end()});
         }
         const AppInventory::Surroundings surroundings{.files = fake.files, .locations = locations, .now = now};
         for (const std::string &id : allIDs) {

@@ -1,6 +1,6 @@
 #include "apps/library_listings.h"
 
-#include <functional>
+#include <atomic>
 #include <string>
 #include <vector>
 
@@ -8,6 +8,7 @@
 
 #include "core/scanner.h"
 #include "platform/fake_host.h"
+#include "platform/made_up_folder.h"
 
 namespace corvane {
 namespace {
@@ -43,7 +44,8 @@ TEST(LibraryListing, FindsByTheBeginning)
 
 TEST(LibraryListing, FindsByTheEnd)
 {
-    const LibraryListing listing({"x.com.a", "a", "group.COM.a", "com.a", "xcom.a", "x.com.b"});
+    const LibraryListing listing({"x.com.a", "a", "group.COM.a", "com.a", "xcom.a", "x.com.b"},
+                                 LibraryListing::Ends::findable);
     std::vector<std::string> found;
     for (const LibraryListing::Item *item : listing.endingWith(".com.a"))
         found.push_back(item->name);
@@ -83,75 +85,35 @@ TEST_F(LibraryListingsTest, AFolderThatCannotBeListedIsEmpty)
         EXPECT_THAT(listing.items(), IsEmpty());
 }
 
-/// A file system in which every folder has no end.
-class EndlessFolders final : public FileSystem {
-public:
-    using Observer = std::function<void(std::uint64_t number)>;
-    explicit EndlessFolders(Observer observer) : m_observer(std::move(observer)) {}
-
-    Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &path) override
-    {
-        if (!path.ends_with("/Caches"))
-            return tl::unexpected(Error{"open", path, std::make_error_code(std::errc::no_such_file_or_directory), {}});
-        return std::make_unique<Endless>(m_observer);
-    }
-    Expected<ItemFacts> facts(const std::string &) override { return ItemFacts{.type = EntryType::directory}; }
-    bool exists(const std::string &) override { return false; }
-    bool canOpen(const std::string &) override { return false; }
-    Expected<std::string> realPath(const std::string &path) override { return path; }
-    Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override
-    {
-        return tl::unexpected(Error{"open", path, std::make_error_code(std::errc::permission_denied), {}});
-    }
-    Expected<std::vector<std::string>> mountPoints() override { return std::vector<std::string>{"/"}; }
-    std::string homeFolder() override { return "/home"; }
-
-private:
-    class Endless final : public OpenFolder {
-    public:
-        explicit Endless(const Observer &observer) : m_observer(observer) {}
-        Expected<void> list(const EntrySink &sink) override
-        {
-            std::uint64_t number = 0;
-            while (sink({.name = "x"}) == Listing::goOn)
-                m_observer(++number);
-            return tl::unexpected(Error{"list", {}, std::make_error_code(std::errc::operation_canceled), {}});
-        }
-        Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override
-        {
-            return tl::unexpected(Error{"open", name, std::make_error_code(std::errc::permission_denied), {}});
-        }
-        Expected<std::unique_ptr<OpenFolder>> openParent() override { return openChild(".."); }
-        FolderIdentity identity() const override { return {}; }
-        Time modified() const override { return distantPast; }
-
-    private:
-        const Observer &m_observer;
-    };
-
-    const Observer m_observer;
-};
-
-TEST(EndlessLibrary, AFolderWithoutEndIsEmpty)
+TEST(EndlessLibrary, FoldersWithoutEndAreEmpty)
 {
-    std::uint64_t listed = 0;
-    EndlessFolders files([&](std::uint64_t number) { listed = number; });
+    std::atomic<bool> isTooLong = false;
+    MadeUpFolder files([&](std::uint64_t number) {
+        if (number > Scanner::keptEntriesLimit)
+            isTooLong = true;
+        return DirectoryEntry{.name = "x"};
+    });
     const LibraryListings listings = LibraryListings::read("/home", files);
-    EXPECT_THAT(listings.listings[1].items(), IsEmpty());
-    EXPECT_EQ(listed, Scanner::keptEntriesLimit);
+    for (const LibraryListing &listing : listings.listings)
+        EXPECT_THAT(listing.items(), IsEmpty());
+    EXPECT_FALSE(isTooLong);
 }
 
 TEST(EndlessLibrary, AStopIsNoticed)
 {
     StopFlag stop = false;
-    std::uint64_t listed = 0;
-    EndlessFolders files([&](std::uint64_t number) {
-        listed = number;
-        stop = number >= 100;
+    std::atomic<bool> isTooLong = false;
+    MadeUpFolder files([&](std::uint64_t number) {
+        if (number == 100)
+            stop = true;
+        if (number > 100)
+            isTooLong = true;
+        return DirectoryEntry{.name = "x"};
     });
     const LibraryListings listings = LibraryListings::read("/home", files, stop);
-    EXPECT_THAT(listings.listings[1].items(), IsEmpty());
-    EXPECT_EQ(listed, 100U);
+    for (const LibraryListing &listing : listings.listings)
+        EXPECT_THAT(listing.items(), IsEmpty());
+    EXPECT_FALSE(isTooLong);
 }
 
 } // namespace

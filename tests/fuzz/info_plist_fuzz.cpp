@@ -33,9 +33,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const AppInventory::Surroundings surroundings{
         .files = corvane::systemHost().files, .locations = locations, .now = corvane::Time{}};
     corvane::LibraryListings listings{.library = "/nowhere/home/Library"};
-    for (corvane::LibraryListing &listing : listings.listings) {
-        listing = corvane::LibraryListing(
-            {bundle->bundleID, id + ".PLIST", "group." + id, id + ".savedState", bundle->altName, "Sea Chart"});
+    for (std::size_t i = 0; i < corvane::leftoverLocations.size(); ++i) {
+        listings.listings[i] = corvane::LibraryListings::make(
+            i, {bundle->bundleID, id + ".PLIST", "group." + id, id + ".savedState", bundle->altName, "Sea Chart"});
     }
     const std::vector<corvane::Leftover> found = AppInventory::findLeftovers(*bundle, ids, listings, surroundings);
     corvane::fuzz::expect(found.size() >= corvane::leftoverLocations.size());

@@ -52,10 +52,12 @@ std::string lowerCase(std::string_view text)
     std::string result;
     result.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
+        if (static_cast<unsigned char>(text[i]) < 0x80) { // most names hold nothing else
+            result += lowerAscii(text[i++]);
+            continue;
+        }
         const DecodedCharacter character = decodeUtf8(text, i);
-        if (character.length == 1) // ASCII, or no character at all
-            result += lowerAscii(text[i]);
-        else if (const char32_t small = lowered(character.codePoint); small != character.codePoint)
+        if (const char32_t small = lowered(character.codePoint); small != character.codePoint)
             appendUtf8(result, small);
         else
             result += text.substr(i, character.length);
