@@ -122,6 +122,7 @@ struct ItemFacts {
     ItemIdentity identity = {};
 };
 
+class FileReader;
 class HeldFolder;
 
 /// Where a system keeps something: as the user has set it, and where it lies as long as nobody sets anything.
@@ -151,6 +152,9 @@ public:
     /// The bytes of a regular file, a link to one followed. Fails without waiting where it holds more than `most`
     /// (`std::errc::file_too_large`) and for a folder, a pipe, a device or the like.
     [[nodiscard]] virtual Expected<std::string> readFile(const std::string &path, std::size_t most);
+
+    /// Opens a regular file for reading, without waiting; a link is not followed. Whatever else lies there is not opened.
+    [[nodiscard]] virtual Expected<std::unique_ptr<FileReader>> openFile(const std::string &path);
 
     /// The path with every link resolved; the item must exist.
     [[nodiscard]] virtual Expected<std::string> realPath(const std::string &path) = 0;

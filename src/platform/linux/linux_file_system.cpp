@@ -80,8 +80,18 @@ bool LinuxFileSystem::canOpen(const std::string &path)
 
 Expected<std::string> LinuxFileSystem::readFile(const std::string &path, std::size_t most)
 {
-    return LongPath::resolve(path).and_then(
-        [&](const LongPath &item) { return readRegularFile(item.folder(), item.name(), path, most); });
+    return LongPath::resolve(path)
+        .and_then([&](const LongPath &item) {
+            return RegularFile::open(item.folder(), item.name(), path, RegularFile::LinkRule::follow);
+        })
+        .and_then([&](const auto &file) { return file->readAll(most); });
+}
+
+Expected<std::unique_ptr<FileReader>> LinuxFileSystem::openFile(const std::string &path)
+{
+    return LongPath::resolve(path).and_then([&](const LongPath &item) -> Expected<std::unique_ptr<FileReader>> {
+        return RegularFile::open(item.folder(), item.name(), path, RegularFile::LinkRule::refuse);
+    });
 }
 
 Expected<std::string> LinuxFileSystem::realPath(const std::string &path)

@@ -15,6 +15,7 @@ public:
     [[nodiscard]] bool exists(const std::string &path) override;
     [[nodiscard]] bool canOpen(const std::string &path) override;
     [[nodiscard]] Expected<std::string> readFile(const std::string &path, std::size_t most) override;
+    [[nodiscard]] Expected<std::unique_ptr<FileReader>> openFile(const std::string &path) override;
     [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
     [[nodiscard]] Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override;
     [[nodiscard]] Expected<std::vector<std::string>> mountPoints() override;

@@ -14,16 +14,21 @@ bool isItemName(const std::string &name)
     return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
 }
 
+ItemIdentity identityOf(const struct stat &facts)
+{
+    return {.type = S_ISDIR(facts.st_mode)   ? EntryType::directory
+                    : S_ISLNK(facts.st_mode) ? EntryType::symbolicLink
+                                             : EntryType::file,
+            .device = static_cast<std::uint64_t>(facts.st_dev),
+            .inode = static_cast<std::uint64_t>(facts.st_ino)};
+}
+
 std::optional<ItemIdentity> identityAt(int folder, const std::string &name)
 {
     struct stat facts {};
     if (::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
         return std::nullopt;
-    return ItemIdentity{.type = S_ISDIR(facts.st_mode)   ? EntryType::directory
-                                : S_ISLNK(facts.st_mode) ? EntryType::symbolicLink
-                                                         : EntryType::file,
-                        .device = static_cast<std::uint64_t>(facts.st_dev),
-                        .inode = static_cast<std::uint64_t>(facts.st_ino)};
+    return identityOf(facts);
 }
 
 bool isAt(int item, int folder, const std::string &name)

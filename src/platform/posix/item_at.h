@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include <sys/stat.h>
+
 #include "platform/file_system.h"
 
 namespace corvane {
@@ -11,6 +13,9 @@ namespace corvane {
 
 /// Whether the text names an item directly inside a folder.
 [[nodiscard]] bool isItemName(const std::string &name);
+
+/// What the kernel's record says the item is.
+[[nodiscard]] ItemIdentity identityOf(const struct stat &facts);
 
 /// What the item of that name is, a link not followed; nothing, with `errno` set, where it cannot be looked at.
 [[nodiscard]] std::optional<ItemIdentity> identityAt(int folder, const std::string &name);

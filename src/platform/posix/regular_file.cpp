@@ -1,13 +1,15 @@
 #include "platform/posix/regular_file.h"
 
 #include <cerrno>
-#include <cstdint>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
-#include "platform/file_descriptor.h"
 #include "platform/posix/interrupted_call.h"
+#include "platform/posix/item_at.h"
+#include "platform/posix/read_ahead.h"
 
 namespace corvane {
 
@@ -15,50 +17,88 @@ namespace {
 
 constexpr std::size_t stepSize = 64UL * 1024;
 
-tl::unexpected<Error> failure(const char *operation, const std::string &path, int code)
-{
-    return tl::unexpected(Error{operation, path, {code, std::generic_category()}, {}});
-}
-
-/// The error code for what is not to be read; 0 for what is.
-int objectionTo(const struct stat &facts, std::size_t most)
-{
-    if (!S_ISREG(facts.st_mode))
-        return ENOTSUP;
-    return static_cast<std::uintmax_t>(facts.st_size) > most ? EFBIG : 0;
-}
-
 } // namespace
 
-Expected<std::string> readRegularFile(int folder, const char *name, const std::string &path, std::size_t most)
+Expected<std::unique_ptr<RegularFile>> RegularFile::open(int folder, const char *name, const std::string &path,
+                                                         LinkRule rule)
 {
+    const auto failed = [&](int code) {
+        return tl::unexpected(Error{"open", path, {code, std::generic_category()}, {}});
+    };
     struct stat facts {};
     // Before it is opened: opening alone sets some devices going.
-    if (::fstatat(folder, name, &facts, 0) != 0)
-        return failure("open", path, errno);
-    if (const int objection = objectionTo(facts, most); objection != 0)
-        return failure("read", path, objection);
+    if (::fstatat(folder, name, &facts, rule == LinkRule::refuse ? AT_SYMLINK_NOFOLLOW : 0) != 0)
+        return failed(errno);
+    if (!S_ISREG(facts.st_mode))
+        return failed(ENOTSUP);
     // Something else may lie there by now; a pipe that nobody writes to would keep a plain open waiting.
-    const FileDescriptor file(
-        uninterrupted([&] { return ::openat(folder, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
+    const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | (rule == LinkRule::refuse ? O_NOFOLLOW : 0);
+    FileDescriptor file(uninterrupted([&] { return ::openat(folder, name, flags); }));
     if (!file.isOpen() || ::fstat(file.number(), &facts) != 0)
-        return failure("open", path, errno);
-    if (const int objection = objectionTo(facts, most); objection != 0)
-        return failure("read", path, objection);
+        return failed(errno);
+    if (!S_ISREG(facts.st_mode))
+        return failed(ENOTSUP);
+    return std::unique_ptr<RegularFile>(new RegularFile(std::move(file), path));
+}
 
+tl::unexpected<Error> RegularFile::failure(const char *operation, int code) const
+{
+    return tl::unexpected(Error{operation, m_path, {code, std::generic_category()}, {}});
+}
+
+Expected<FileStatus> RegularFile::status()
+{
+    struct stat facts {};
+    if (::fstat(m_file.number(), &facts) != 0)
+        return failure("examine", errno);
+    return FileStatus{
+        .length = facts.st_size, .modified = Time(std::chrono::seconds(facts.st_mtime)), .identity = identityOf(facts)};
+}
+
+Expected<std::size_t> RegularFile::read(std::int64_t offset, std::span<std::byte> buffer)
+{
+    std::size_t filled = 0;
+    while (filled < buffer.size()) {
+        const std::span<std::byte> rest = buffer.subspan(filled);
+        const ssize_t count = uninterrupted([&] {
+            return ::pread(m_file.number(), rest.data(), rest.size(),
+                           static_cast<off_t>(offset) + static_cast<off_t>(filled));
+        });
+        if (count < 0)
+            return failure("read", errno);
+        if (count == 0)
+            break;
+        filled += static_cast<std::size_t>(count);
+    }
+    return filled;
+}
+
+void RegularFile::willRead(std::int64_t offset, std::int64_t length)
+{
+    readAhead(m_file.number(), offset, length);
+}
+
+Expected<std::string> RegularFile::readAll(std::size_t most)
+{
+    const Expected<FileStatus> now = status();
+    if (!now)
+        return tl::unexpected(now.error());
+    if (static_cast<std::uintmax_t>(now->length) > most)
+        return failure("read", EFBIG);
     // Some file systems tell no size.
     std::string bytes;
     while (bytes.size() <= most) {
         const std::size_t size = bytes.size();
         bytes.resize(size + stepSize);
-        const ssize_t count = uninterrupted([&] { return ::read(file.number(), bytes.data() + size, stepSize); });
-        if (count < 0)
-            return failure("read", path, errno);
-        bytes.resize(size + static_cast<std::size_t>(count));
-        if (count == 0)
-            return bytes;
+        const auto count =
+            read(static_cast<std::int64_t>(size), std::as_writable_bytes(std::span(bytes)).subspan(size));
+        if (!count)
+            return tl::unexpected(count.error());
+        bytes.resize(size + *count);
+        if (*count < stepSize)
+            return bytes.size() > most ? Expected<std::string>(failure("read", EFBIG)) : bytes;
     }
-    return failure("read", path, EFBIG);
+    return failure("read", EFBIG);
 }
 
 } // namespace corvane
