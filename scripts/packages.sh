@@ -6,7 +6,7 @@ packages_for() {
     case "$(uname -s)/$1" in
     Linux/build)
         echo ca-certificates g++ cmake ninja-build pkg-config python3 \
-            libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libplist-dev libcli11-dev nlohmann-json3-dev
+            libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libplist-dev libssl-dev libcli11-dev nlohmann-json3-dev
         ;;
     Linux/ui)
         # The QML modules are run-time parts that the development packages do not pull in.
@@ -21,11 +21,11 @@ packages_for() {
     Linux/test) echo ccache libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
     Linux/npm) echo nodejs npm ;;
     Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck desktop-file-utils appstream ;;
-    Linux/bench) echo hyperfine ncdu gdu ;;
+    Linux/bench) echo hyperfine ncdu gdu rmlint jdupes rdfind fdupes ;;
     Linux/fuzz) echo clang-19 libclang-rt-19-dev ;;
     Linux/macos-check) echo clang-19 libc++-19-dev ;;
     Linux/package) echo file dpkg-dev ;;
-    Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist cli11 nlohmann-json ;;
+    Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist openssl@3 cli11 nlohmann-json ;;
     Darwin/ui) echo qt ;;
     Darwin/test) echo ccache googletest ;;
     Darwin/npm) echo node ;;
