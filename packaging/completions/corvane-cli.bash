@@ -12,7 +12,7 @@ _corvane_cli() {
     done
 
     COMPREPLY=()
-    local commands='scan map breakdown snapshots cleanup apps protected remove help'
+    local commands='scan map breakdown snapshots cleanup apps duplicates protected remove help'
     if [[ -z $command ]]; then
         if [[ -z $onlyPaths ]]; then
             mapfile -t COMPREPLY < <(compgen -W "$commands --json --help -h --version -V " -- "$current")
@@ -53,7 +53,8 @@ _corvane_cli() {
 
     compopt -o filenames
     local kind=-f
-    if [[ $command == scan || $command == breakdown || ($command == map && $previous != --svg) ]]; then
+    if [[ $command == scan || $command == duplicates || $command == breakdown || \
+        ($command == map && $previous != --svg) ]]; then
         kind=-d
     fi
     mapfile -t COMPREPLY < <(compgen "$kind" -- "$current")

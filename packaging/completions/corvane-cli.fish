@@ -1,6 +1,6 @@
 # Completion of corvane-cli for fish.
 
-set -l commands scan map breakdown snapshots cleanup apps protected remove help
+set -l commands scan map breakdown snapshots cleanup apps duplicates protected remove help
 set -l none "not __fish_seen_subcommand_from $commands"
 
 complete -c corvane-cli -f
@@ -14,14 +14,15 @@ complete -c corvane-cli -n $none -a breakdown -d 'Explain where the space of the
 complete -c corvane-cli -n $none -a snapshots -d 'List the local Time Machine snapshots'
 complete -c corvane-cli -n $none -a cleanup -d 'Measure caches and other folders that could be cleaned up'
 complete -c corvane-cli -n $none -a apps -d 'List the apps, the data they keep, and what deleted ones left behind'
+complete -c corvane-cli -n $none -a duplicates -d 'Find files with the same contents'
 complete -c corvane-cli -n $none -a protected -d 'Tell which paths would never be removed'
 complete -c corvane-cli -n $none -a remove -d 'Move items to the Trash, after asking'
 complete -c corvane-cli -n $none -a help -d 'Show help, of one command where one is given'
 complete -c corvane-cli -n $none -a '(__fish_complete_directories)'
 
-complete -c corvane-cli -n '__fish_seen_subcommand_from scan map' -a '(__fish_complete_directories)'
+complete -c corvane-cli -n '__fish_seen_subcommand_from scan map duplicates' -a '(__fish_complete_directories)'
 complete -c corvane-cli -n '__fish_seen_subcommand_from protected remove' -F
-complete -c corvane-cli -n '__fish_seen_subcommand_from help' -a 'scan map breakdown snapshots cleanup apps protected remove'
+complete -c corvane-cli -n '__fish_seen_subcommand_from help' -a 'scan map breakdown snapshots cleanup apps duplicates protected remove'
 
 complete -c corvane-cli -n '__fish_seen_subcommand_from map' -l size -x -a '900x600 1600x1000 1920x1080' \
     -d 'The size of the map in points'

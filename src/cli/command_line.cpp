@@ -13,6 +13,7 @@
 #include "cli/apps_command.h"
 #include "cli/breakdown_command.h"
 #include "cli/cleanup_command.h"
+#include "cli/duplicates_command.h"
 #include "cli/map_command.h"
 #include "cli/meant_command.h"
 #include "cli/path_argument.h"
@@ -52,6 +53,9 @@ struct Commands {
     CLI::App *cleanup = nullptr;
 
     CLI::App *apps = nullptr;
+
+    CLI::App *duplicates = nullptr;
+    CLI::Option *duplicatesPath = nullptr;
 
     CLI::App *isProtected = nullptr;
     CLI::Option *protectedPaths = nullptr;
@@ -130,6 +134,9 @@ Commands::Commands()
     cleanup = add("cleanup", "Measure caches and other folders that could be cleaned up.", "corvane-cli cleanup");
 
     apps = add("apps", "List the apps, the data they keep, and what deleted ones left behind.", "corvane-cli apps");
+
+    duplicates = add("duplicates", "Find files with the same contents.", "corvane-cli duplicates ~/Pictures");
+    duplicatesPath = addPath(*duplicates, "The folder")->required();
 
     isProtected = add("protected", "Tell which paths would never be removed; they need not exist.",
                       "corvane-cli protected ~/Library /opt/tool");
@@ -264,6 +271,10 @@ ExitStatus runCommand(const Commands &commands, Console &console)
         return CleanupCommand{.json = commands.json}.run(console, systemHost());
     if (commands.apps->parsed())
         return AppsCommand{.json = commands.json}.run(console, systemHost());
+    if (commands.duplicates->parsed()) {
+        const DuplicatesCommand command{.path = *valueOf(*commands.duplicatesPath), .json = commands.json};
+        return command.run(console, systemHost());
+    }
     if (commands.isProtected->parsed()) {
         const ProtectedCommand command{.paths = valuesOf(*commands.protectedPaths), .json = commands.json};
         return command.run(console, systemHost());
