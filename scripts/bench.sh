@@ -5,10 +5,11 @@
 #   measure     measuring the same folders, one and both at once, as the breakdown and the cleanup catalogue do
 #   summary     what recognising build folders adds to the summary of 1,000,000 files
 #   apps        finding what belongs to 400 applications among 60,000 items of the Library
+#   duplicates  finding duplicates among 3 GB of files
 #   publish     how long the window stands still when a scan of 1,000,000 files is published (needs Qt)
 #               Without a name, all of them.
 #   --rounds N  how often each program runs (7)
-#   --cold      scan: with the system's disk cache emptied before each run (needs root); without, all runs are warm
+#   --cold      scan, duplicates: with the system's disk cache emptied before each run (needs root); without, all runs are warm
 #   --remove    remove the generated folders, which are kept for the next run, and do nothing else
 set -euo pipefail
 
@@ -27,7 +28,7 @@ remove=
 names=()
 while [[ $# -gt 0 ]]; do
     case $1 in
-    scan | measure | summary | apps | publish) names+=("$1") ;;
+    scan | measure | summary | apps | duplicates | publish) names+=("$1") ;;
     --rounds)
         rounds=${2:-}
         if [[ ! $rounds =~ ^[1-9][0-9]*$ ]]; then
@@ -55,7 +56,7 @@ if [[ $cold && $(id -u) -ne 0 ]]; then
     exit 2
 fi
 
-[[ ${#names[@]} -gt 0 ]] || names=(scan measure summary apps publish)
+[[ ${#names[@]} -gt 0 ]] || names=(scan measure summary apps duplicates publish)
 require_packages build bench
 
 # Qt belongs to the window, so what needs it has a build of its own.
@@ -77,7 +78,10 @@ generate() {
         echo "Generating the $shape folder in $cache (once; ./dev bench --remove takes it away again) …" >&2
         rm -rf "$folder"
         mkdir -p "$cache"
-        ./bench_tree_generator "$shape" "$seed" "$folder"
+        case $shape in
+        duplicates) ./bench_duplicates_generator "$seed" "$folder" ;;
+        *) ./bench_tree_generator "$shape" "$seed" "$folder" ;;
+        esac
         sync
         touch "$folder.done"
     fi
@@ -153,6 +157,26 @@ measure() {
     echo
 }
 
+# jdupes compares bytes where the others take fingerprints: it stands beside them to show what that choice costs.
+duplicates() {
+    local folder=$cache/duplicates-$version-$seed quoted
+    local conditions=(--at-most floor 1.10 --at-least rmlint 1 --at-least rdfind 1 --at-least fdupes 1 --peak 40)
+    quoted=$(printf %q "$folder")
+    generate duplicates
+    peers=()
+    peer floor "./bench_duplicates_floor $quoted"
+    peer rmlint "rmlint -a sha256 -T df -o json:/dev/null $quoted"
+    peer rdfind "rdfind -checksum sha256 -dryrun true -makeresultsfile false $quoted"
+    peer fdupes "fdupes -q $quoted"
+    peer jdupes "jdupes -q $quoted"
+    if [[ $cold ]]; then
+        conditions+=(--before "sh -c 'sync; echo 3 >/proc/sys/vm/drop_caches'")
+    fi
+    ./bench_race --rounds "$rounds" "${conditions[@]}" \
+        'corvane-cli duplicates' "./corvane-cli duplicates $quoted" "${peers[@]}"
+    echo
+}
+
 echo "$(getconf _NPROCESSORS_ONLN) cores, $(if [[ $cold ]]; then echo cold; else echo warm; fi), $rounds rounds"
 echo
 for name in "${names[@]}"; do
@@ -168,6 +192,10 @@ for name in "${names[@]}"; do
         echo "apps: matching the items of the Library"
         ./bench_apps "$rounds"
         echo
+        ;;
+    duplicates)
+        echo "duplicates: 3 GB in files of 1 to 60 MB"
+        duplicates
         ;;
     publish)
         "$publish_program" "$rounds"
