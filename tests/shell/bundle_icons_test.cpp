@@ -14,10 +14,18 @@ namespace {
 
 const QColor ownColor(0xe0, 0x66, 0x2b);
 
-std::string icnsOf(const QColor &color, int side = 128)
+constexpr int side = 128;
+
+/// A picture all of one colour.
+QImage plain(const QColor &color)
 {
     QImage picture(side, side, QImage::Format_ARGB32);
     picture.fill(color);
+    return picture;
+}
+
+std::string icnsOf(const QImage &picture)
+{
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     picture.save(&buffer, "PNG");
@@ -33,14 +41,15 @@ std::string plistWith(const std::string &iconFile)
 /// What the provider gives for the bundle "Kite.app" of a folder.
 class BundleIconsTest : public testing::Test {
 protected:
-    void addBundle(const std::string &iconFile, const std::string &pictureName = "Kite.icns")
+    void addBundle(const std::string &iconFile, const std::string &pictureName = "Kite.icns",
+                   const QImage &picture = plain(ownColor))
     {
         folder.writeText("Kite.app/Contents/Info.plist", plistWith(iconFile));
-        folder.writeText("Kite.app/Contents/Resources/" + pictureName, icnsOf(ownColor));
+        folder.writeText("Kite.app/Contents/Resources/" + pictureName, icnsOf(picture));
     }
-    [[nodiscard]] QImage ask(int side = 64)
+    [[nodiscard]] QImage ask(int pixels = 64)
     {
-        return provider.requestImage(bundleIconKey(folder / "Kite.app"), nullptr, QSize(side, side));
+        return provider.requestImage(bundleIconKey(folder / "Kite.app"), nullptr, QSize(pixels, pixels));
     }
     [[nodiscard]] bool isOwn() { return ask().pixelColor(32, 32) == ownColor; }
     [[nodiscard]] bool isDrawn()
@@ -80,6 +89,18 @@ TEST_F(BundleIconsTest, ABundleHasTheIconThatItBringsAlong)
     EXPECT_EQ(ask(36).size(), QSize(36, 36));
 }
 
+TEST_F(BundleIconsTest, APictureWithAPaletteKeepsItsColorAtEverySize)
+{
+    QImage picture(side, side, QImage::Format_Indexed8);
+    picture.setColorTable({qRgba(0, 0, 0, 0), ownColor.rgb()});
+    picture.fill(1);
+    picture.setPixel(0, 0, 0);
+    addBundle("<string>Kite.icns</string>", "Kite.icns", picture);
+    const QImage scaled = ask(36);
+    for (int x = 0; x < scaled.width(); ++x)
+        ASSERT_EQ(scaled.pixelColor(x, 18), ownColor) << x;
+}
+
 TEST_F(BundleIconsTest, TheNameOfTheIconNeedsNoExtension)
 {
     addBundle("<string>Kite</string>");
@@ -108,7 +129,7 @@ TEST_F(BundleIconsTest, ANameOfAnotherTypeIsNone)
 TEST_F(BundleIconsTest, APictureThatIsCutOffIsNone)
 {
     addBundle("<string>Kite.icns</string>");
-    folder.writeText("Kite.app/Contents/Resources/Kite.icns", icnsOf(ownColor).substr(0, 60));
+    folder.writeText("Kite.app/Contents/Resources/Kite.icns", icnsOf(plain(ownColor)).substr(0, 60));
     EXPECT_TRUE(isDrawn());
 }
 

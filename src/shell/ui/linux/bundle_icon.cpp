@@ -44,7 +44,10 @@ QImage systemBundleIcon(const std::string &path, int pixels)
         return {};
     const std::string icns = contents(path + "/Contents/Resources/" + name, largestPicture);
     const std::string_view png = findPng(icns, pixels);
-    return QImage::fromData(reinterpret_cast<const uchar *>(png.data()), static_cast<int>(png.size()), "PNG");
+    const QImage picture =
+        QImage::fromData(reinterpret_cast<const uchar *>(png.data()), static_cast<int>(png.size()), "PNG");
+    // Scaling a picture that has a palette gives another palette, with patterns of points for the colours it lacks.
+    return picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 } // namespace corvane
