@@ -33,6 +33,16 @@ bool isBeforeReadBackwards(std::string_view a, std::string_view b)
     return std::lexicographical_compare(a.rbegin(), a.rend(), b.rbegin(), b.rend());
 }
 
+/// Those elements whose projection is the text, of a vector in the order of the projections. What the standard's
+/// `equal_range` gives is more than clang 14 compiles.
+template <typename Element, typename Less, typename Projection>
+std::span<const Element> equalTo(std::string_view text, const std::vector<Element> &sorted, Less less,
+                                 Projection projection)
+{
+    return {std::ranges::lower_bound(sorted, text, less, projection),
+            std::ranges::upper_bound(sorted, text, less, projection)};
+}
+
 std::vector<std::string> namesIn(const std::string &folder, FileSystem &files, const StopFlag &stop)
 {
     const WalkConditions conditions;
@@ -67,21 +77,21 @@ LibraryListing::LibraryListing(std::vector<std::string> names, Ends ends)
 
 std::span<const Item> LibraryListing::named(std::string_view lowered) const
 {
-    return std::ranges::equal_range(m_items, lowered, std::ranges::less(), &Item::lowered);
+    return equalTo(lowered, m_items, std::ranges::less(), &Item::lowered);
 }
 
 std::span<const Item> LibraryListing::startingWith(std::string_view lowered) const
 {
-    return std::ranges::equal_range(m_items, lowered, std::ranges::less(),
-                                    [&](const Item &item) { return startOf(item.lowered, lowered.size()); });
+    return equalTo(lowered, m_items, std::ranges::less(),
+                   [&](const Item &item) { return startOf(item.lowered, lowered.size()); });
 }
 
 std::vector<const Item *> LibraryListing::endingWith(std::string_view lowered) const
 {
     std::vector<const Item *> found;
-    for (const std::uint32_t i :
-         std::ranges::equal_range(m_byEnding, lowered, isBeforeReadBackwards,
-                                  [&](std::uint32_t each) { return endOf(m_items[each].lowered, lowered.size()); }))
+    for (const std::uint32_t i : equalTo(lowered, m_byEnding, isBeforeReadBackwards, [&](std::uint32_t each) {
+             return endOf(m_items[each].lowered, lowered.size());
+         }))
         found.push_back(&m_items[i]);
     std::ranges::sort(found);
     return found;
