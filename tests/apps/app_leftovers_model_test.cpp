@@ -69,6 +69,18 @@ TEST_F(AppLeftoversModelTest, WithoutLeftoversItSaysSo)
     EXPECT_EQ(text(0, Model::SizeTextRole), QString());
     EXPECT_EQ(text(1), QStringLiteral("None found. This app keeps its data tidy."));
     EXPECT_FALSE(model.flags(model.index(1)).testFlag(Qt::ItemIsEnabled));
+    EXPECT_FALSE(model.hasItems());
+}
+
+TEST_F(AppLeftoversModelTest, AnotherAppReplacesWhatIsListedAndARefreshDoesNot)
+{
+    QSignalSpy replacements(&model, &Model::replaced);
+    const InstalledApp deck = addSignalDeck();
+    model.show(deck);
+    EXPECT_EQ(replacements.size(), 1);
+    EXPECT_TRUE(model.hasItems());
+    model.update(deck);
+    EXPECT_EQ(replacements.size(), 1);
 }
 
 TEST_F(AppLeftoversModelTest, WithPossibleMatchesOnlyThereIsTheirSectionOnly)

@@ -165,7 +165,7 @@ TEST_F(UninstallerPresenterTest, TheOrphansStayChosenWhenNoneAreLeft)
     inventory.orphanGroups.clear();
     publish();
     EXPECT_EQ(presenter.shown(), Shown::orphans);
-    EXPECT_TRUE(presenter.orphans()->isEmpty());
+    EXPECT_FALSE(presenter.orphans()->hasItems());
 }
 
 TEST_F(UninstallerPresenterTest, TheMenuIsAboutTheAppShown)

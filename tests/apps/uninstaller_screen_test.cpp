@@ -330,6 +330,79 @@ TEST_F(UninstallerScreenTest, ReturnLeadsToTheLeftoversAndSpaceTicksThem)
     EXPECT_TRUE(shows(QStringLiteral("App and 3 leftovers · 7.14 GB")));
 }
 
+TEST_F(UninstallerScreenTest, WithoutLeftoversReturnLeadsToTheButton)
+{
+    publishAndShow();
+    tabTo("uninstaller.list");
+    press(Qt::Key_End);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(scene->item("uninstaller.uninstall")->hasActiveFocus());
+}
+
+TEST_F(UninstallerScreenTest, TheKeyboardBeginsAtTheFirstLeftoverOfEachApp)
+{
+    addThree();
+    inventory.apps.back().leftovers = {leftover("Caches/com.starchart.atlas", 1'000, Leftover::Match::exact)};
+    publish();
+    show();
+    const auto currentRow = [this] {
+        return scene->item("uninstaller.leftovers.rows")->property("currentIndex").toInt();
+    };
+    choose(deckRow);
+    EXPECT_EQ(currentRow(), 1);
+    tabTo("uninstaller.leftovers");
+    press(Qt::Key_End);
+    EXPECT_EQ(currentRow(), 4);
+    choose(QStringLiteral("Atlas, app 900 MB + data 1 KB, 900 MB"));
+    EXPECT_EQ(currentRow(), 1);
+}
+
+TEST_F(UninstallerScreenTest, DownLeadsFromTheSearchToTheList)
+{
+    publishAndShow();
+    tabTo("uninstaller.search");
+    press(Qt::Key_Down);
+    EXPECT_TRUE(scene->item("uninstaller.list")->hasActiveFocus());
+}
+
+TEST_F(UninstallerScreenTest, WhenTheAppShownIsGoneTheKeyboardGoesBackToTheList)
+{
+    publishAndShow();
+    tabTo("uninstaller.list");
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(scene->item("uninstaller.leftovers")->hasActiveFocus());
+    inventory.apps.erase(inventory.apps.begin());
+    publish();
+    settle();
+    EXPECT_TRUE(scene->item("uninstaller.list")->hasActiveFocus());
+    EXPECT_TRUE(isVisible("uninstaller.none"));
+}
+
+TEST_F(UninstallerScreenTest, AQuestionAboutAnAppThatIsGoneIsTakenBack)
+{
+    openQuestion();
+    inventory.apps.erase(inventory.apps.begin());
+    publish();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isAsking(); }, patience));
+}
+
+TEST_F(UninstallerScreenTest, InTheSmallestWindowTheWarningIsWhole)
+{
+    fake.applications.setRunning("/Applications/Signal Deck.app", {17});
+    addThree();
+    publish();
+    show({824, 660});
+    choose(deckRow);
+    const QQuickItem *const warning = textItem(
+        QStringLiteral("Signal Deck is running. Corvane will quit it before uninstalling. Save your work first."));
+    ASSERT_NE(warning, nullptr);
+    EXPECT_FALSE(warning->property("truncated").toBool());
+    EXPECT_GT(warning->height(), Theme::instance()->property("bodyLine").toInt());
+    EXPECT_LE(warning->mapToScene({0, warning->height()}).y(),
+              scene->item("uninstaller.leftovers")->mapToScene({0, 0}).y());
+}
+
 TEST_F(UninstallerScreenTest, DeleteAsksWhetherToUninstall)
 {
     publishAndShow();
@@ -357,8 +430,9 @@ TEST_F(UninstallerScreenTest, TheMenuKeyOpensTheMenuOfAnAppAndOfALeftover)
     press(Qt::Key_Menu);
     ASSERT_TRUE(opens("uninstaller.menu"));
     press(Qt::Key_Escape);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->item("uninstaller.list")->hasActiveFocus(); }, patience));
-    press(Qt::Key_Return);
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return !scene->object("uninstaller.menu")->property("visible").toBool(); }, patience));
+    tabTo("uninstaller.leftovers");
     press(Qt::Key_Menu);
     ASSERT_TRUE(opens("uninstaller.leftovers.menu"));
     scene->click(textItem(QStringLiteral("Copy Path")));

@@ -327,6 +327,21 @@ TEST_F(AppsJourney, AnAppIsUninstalledWithTheKeyboardAlone)
     waitForRemoval();
 
     EXPECT_THAT(trash(), UnorderedElementsAre("Signal Deck.app", "com.signaldeck.desktop"));
+    EXPECT_TRUE(driver().item(QStringLiteral("uninstaller.list")).hasActiveFocus());
+}
+
+TEST_F(AppsJourney, TheMenuGivesTheKeyboardBackToTheList)
+{
+    openUninstaller();
+    tabTo(driver().item(QStringLiteral("uninstaller.list")));
+    press(Qt::Key_Down);
+    press(Qt::Key_Menu);
+    waitForPopup(QStringLiteral("uninstaller.menu"));
+    press(Qt::Key_Escape);
+    waitForPopupClosed(QStringLiteral("uninstaller.menu"));
+    EXPECT_TRUE(driver().item(QStringLiteral("uninstaller.list")).hasActiveFocus());
+    press(Qt::Key_Return);
+    EXPECT_TRUE(driver().item(QStringLiteral("uninstaller.leftovers")).hasActiveFocus());
 }
 
 TEST_F(AppsJourney, RevealShowsTheBundleInTheFileManager)

@@ -9,7 +9,10 @@ Item {
     required property AppDetailPresenter presenter
 
     function takeKeyboard() {
-        leftovers.forceActiveFocus(Qt.TabFocusReason);
+        if (presenter.leftovers.hasItems)
+            leftovers.forceActiveFocus(Qt.TabFocusReason);
+        else
+            foot.takeKeyboard();
     }
     /// Asks before anything is uninstalled.
     function ask() {
@@ -29,7 +32,7 @@ Item {
         anchors.top: header.bottom
         x: Theme.pageMargin
         width: parent.width - 2 * x
-        height: visible ? AppsMetrics.bannerHeight : 0
+        height: visible ? implicitHeight : 0
         text: detail.presenter.warning
         visible: text !== ""
     }
@@ -65,5 +68,14 @@ Item {
         message: detail.presenter.explanation
         confirmText: detail.presenter.confirmText
         onConfirmed: detail.presenter.uninstall()
+    }
+    Connections {
+        target: detail.presenter
+
+        // What the question is about may be gone by now.
+        function onCanUninstallChanged() {
+            if (!detail.presenter.canUninstall)
+                question.close();
+        }
     }
 }

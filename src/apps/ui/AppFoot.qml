@@ -10,6 +10,10 @@ Item {
 
     signal uninstallWanted
 
+    function takeKeyboard() {
+        uninstall.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     implicitHeight: AppsMetrics.footHeight
 
     Rectangle {
@@ -44,6 +48,8 @@ Item {
             onClicked: foot.presenter.reveal()
         }
         PushButton {
+            id: uninstall
+
             objectName: "uninstaller.uninstall"
             text: qsTr("Uninstall…")
             symbol: "trash"

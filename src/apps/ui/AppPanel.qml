@@ -13,6 +13,10 @@ Item {
     signal openWanted
     signal uninstallWanted
 
+    function takeKeyboard() {
+        list.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     Item {
         id: filter
 
@@ -31,7 +35,7 @@ Item {
             placeholderText: qsTr("Search")
             onTextChanged: panel.presenter.apps.search = text
             // The list, with what is found at its top.
-            Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
+            Keys.onDownPressed: panel.takeKeyboard()
         }
         Segmented {
             id: sorts

@@ -13,7 +13,6 @@ QtObject {
     readonly property int detailIconSize: 64
     readonly property int orphansBadgeSize: 48
     readonly property int footHeight: 60
-    readonly property int bannerHeight: 36
     readonly property int bannerIconSize: 18
 
     readonly property int headingHeight: 32

@@ -3,7 +3,7 @@ import Corvane.Shell
 import Corvane.Apps
 
 /// What is chosen in the list, or what could be.
-Item {
+FocusScope {
     id: area
 
     required property UninstallerPresenter presenter

@@ -14,14 +14,17 @@ AppList {
     required property bool dated
     readonly property bool showsDates: dated && width >= AppsMetrics.datedListWidth
 
+    function start() {
+        currentIndex = keys.firstRow();
+        view.positionViewAtBeginning();
+    }
     function showMenu(row: int, x: real, y: real) {
         if (contents.prepareMenu(row))
             menu.popup(itemAt(row), x, y);
     }
 
     model: contents
-    // A heading does nothing; the keyboard begins at the first item.
-    currentIndex: 1
+    activeFocusOnTab: contents.hasItems
     rowHeight: AppsMetrics.leftoverHeight
     view.objectName: list.objectName + ".rows"
     view.bottomMargin: Theme.space16
@@ -31,6 +34,15 @@ AppList {
     keys.onSelectAllWanted: contents.selectAll()
     keys.onMenuWanted: row => list.showMenu(row, Theme.pageMargin, AppsMetrics.leftoverHeight)
 
+    Component.onCompleted: start()
+
+    Connections {
+        target: list.contents
+
+        function onReplaced() {
+            list.start();
+        }
+    }
     LeftoverMenu {
         id: menu
 

@@ -15,7 +15,7 @@ Item {
     EmptyStateView {
         objectName: "uninstaller.noOrphans"
         anchors.fill: parent
-        visible: view.orphans.empty
+        visible: !view.orphans.hasItems
         symbol: "checkmark.seal"
         title: qsTr("Nothing left behind")
         message: qsTr("No leftovers from deleted apps were found. Nice and clean.")
@@ -25,7 +25,7 @@ Item {
 
         width: parent.width
         height: AppsMetrics.detailTop + Math.max(badge.height, words.height) + Theme.space14
-        visible: !view.orphans.empty
+        visible: view.orphans.hasItems
 
         IconBadge {
             id: badge
@@ -75,7 +75,7 @@ Item {
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         width: parent.width
-        visible: !view.orphans.empty
+        visible: view.orphans.hasItems
         contents: view.orphans
         dated: true
         Accessible.name: qsTr("Left behind by deleted apps")

@@ -8,7 +8,7 @@ Rectangle {
 
     required property string text
 
-    implicitHeight: AppsMetrics.bannerHeight
+    implicitHeight: words.implicitHeight + 2 * (Theme.space8 + Theme.hairlineWidth)
     radius: Theme.radiusBox
     color: Theme.warnSoft
     border.width: Theme.hairlineWidth
@@ -20,20 +20,25 @@ Rectangle {
         id: icon
 
         x: Theme.space12 + Theme.hairlineWidth
-        anchors.verticalCenter: parent.verticalCenter
+        y: words.y
         name: "warning"
         weight: "fill"
         color: Theme.warnIcon
         size: AppsMetrics.bannerIconSize
     }
     PlainText {
+        id: words
+
         anchors.left: icon.right
         anchors.right: parent.right
         anchors.leftMargin: Theme.space12
         anchors.rightMargin: Theme.space12
-        height: parent.height
+        y: Theme.space8 + Theme.hairlineWidth
         text: banner.text
-        elide: Text.ElideMiddle
+        wrapMode: Text.Wrap
+        elide: Text.ElideNone
+        lineHeightMode: Text.FixedHeight
+        lineHeight: Theme.bodyLine
         Accessible.ignored: true
     }
 }

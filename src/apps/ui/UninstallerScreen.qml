@@ -17,6 +17,8 @@ Rectangle {
         id: presenter
 
         store: Store
+        // The keyboard stays with what is there.
+        onChoiceGone: if (detail.activeFocus) panel.takeKeyboard()
     }
     ListHeader {
         id: header

@@ -42,6 +42,7 @@ void AppLeftoversModel::show(const InstalledApp &app)
             m_chosen.insert(leftover.path);
     }
     installRowsOf(app);
+    emit replaced();
 }
 
 void AppLeftoversModel::update(const InstalledApp &app)

@@ -5,7 +5,8 @@
 
 namespace corvane {
 
-AppListModel::AppListModel(QObject *parent) : RowListModel(parent), m_orphans(AppRow::ofOrphans({}, 0)), m_rows{m_orphans}
+AppListModel::AppListModel(QObject *parent)
+    : RowListModel(parent), m_orphans(AppRow::ofOrphans({}, 0)), m_rows{m_orphans}
 {
 }
 

@@ -97,7 +97,8 @@ AppRow AppRow::ofOrphans(std::span<const OrphanGroup> groups, std::int64_t total
     return {.kind = Kind::orphans,
             .path = {},
             .name = QStringLiteral("Left behind by deleted apps"),
-            .note = count == 0 ? QStringLiteral("Nothing left behind") : countText(static_cast<std::int64_t>(count), "item", "items"),
+            .note = count == 0 ? QStringLiteral("Nothing left behind")
+                               : countText(static_cast<std::int64_t>(count), "item", "items"),
             .isUnused = false,
             .sizeText = count == 0 ? QString() : ::corvane::sizeText(total),
             .iconKey = {}};

@@ -1,5 +1,6 @@
 #include "apps/ui/leftover_list_model.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <QDateTime>
@@ -76,6 +77,12 @@ void LeftoverListModel::install(std::vector<LeftoverRow> rows)
         rows[i].endsBox = isItem && (i + 1 == rows.size() || rows[i + 1].kind != Kind::item);
     }
     setRows(m_rows, std::move(rows), &LeftoverRow::key);
+    emit rowsChanged();
+}
+
+bool LeftoverListModel::hasItems() const
+{
+    return std::ranges::any_of(m_rows, [](const LeftoverRow &row) { return row.kind == Kind::item; });
 }
 
 void LeftoverListModel::announceChecks()

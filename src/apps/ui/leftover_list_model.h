@@ -60,6 +60,7 @@ class LeftoverListModel : public corvane::RowListModel {
     QML_UNCREATABLE("A base of models")
     /// What the context menu is about.
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
+    Q_PROPERTY(bool hasItems READ hasItems NOTIFY rowsChanged)
 
 public:
     enum Role {
@@ -83,6 +84,7 @@ public:
     using RowListModel::RowListModel;
 
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
+    [[nodiscard]] bool hasItems() const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
@@ -101,6 +103,10 @@ public:
     Q_INVOKABLE void reveal(int row);
     /// Makes a row's item the target of the context menu; false where there is no item.
     Q_INVOKABLE bool prepareMenu(int row);
+
+signals:
+    void rowsChanged();
+    void replaced(); ///< what is listed now has nothing to do with what was
 
 protected:
     /// Of an item of the list.

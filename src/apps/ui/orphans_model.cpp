@@ -28,9 +28,11 @@ void OrphansModel::follow()
                 rows.push_back(LeftoverRow::ofItem(item, QLocale()));
         }
     }
+    const bool wereNone = !hasItems();
     install(std::move(rows));
     announceChecks();
-    emit changed();
+    if (wereNone)
+        emit replaced();
 }
 
 CheckFacts OrphansModel::checkFacts(const Leftover &leftover) const

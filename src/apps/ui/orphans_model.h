@@ -12,21 +12,15 @@ class OrphansModel : public corvane::LeftoverListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Given by the presenter of the screen")
-    /// Nothing has been left behind.
-    Q_PROPERTY(bool empty READ isEmpty NOTIFY changed)
 
 public:
     using LeftoverListModel::LeftoverListModel;
 
     void setStore(StorageStore *store);
-    [[nodiscard]] bool isEmpty() const { return rowCount() == 0; }
 
     void toggle(int row) override;
     void select(int row) override;
     void selectAll() override;
-
-signals:
-    void changed();
 
 protected:
     [[nodiscard]] CheckFacts checkFacts(const Leftover &leftover) const override;

@@ -72,7 +72,8 @@ void UninstallerPresenter::setStore(StorageStore *store)
 void UninstallerPresenter::follow()
 {
     if (m_store) {
-        m_apps.setRows(AppRow::ofOrphans(m_store->orphanGroups(), m_store->orphanTotal()), AppRows(m_store->apps(), m_clock(), m_calendar));
+        m_apps.setRows(AppRow::ofOrphans(m_store->orphanGroups(), m_store->orphanTotal()),
+                       AppRows(m_store->apps(), m_clock(), m_calendar));
         m_summary = summaryOf(m_store->apps());
     }
     emit changed();
@@ -91,10 +92,12 @@ void UninstallerPresenter::updateShown()
 {
     if (shown() != Shown::app)
         return;
-    if (const InstalledApp *const app = chosenApp())
+    if (const InstalledApp *const app = chosenApp()) {
         m_app.update(*app);
-    else
+    } else {
+        emit choiceGone();
         setChoice(std::nullopt);
+    }
 }
 
 void UninstallerPresenter::setChoice(std::optional<AppListModel::Choice> choice)

@@ -75,6 +75,7 @@ signals:
     void storeChanged();
     void changed();
     void shownChanged();
+    void choiceGone(); ///< what is shown no longer exists; before `shownChanged`
 
 private:
     void follow();
