@@ -9,7 +9,9 @@ constexpr auto alert = R"(
     property int yes: 0
     property int no: 0
     property bool hard: false
-    PushButton { objectName: "outside"; text: "Review" }
+    property bool works: false
+    PushButton { objectName: "before"; text: "Reveal" }
+    PushButton { objectName: "outside"; text: "Review"; enabled: !works }
     Alert {
         objectName: "alert"
         title: "Permanently delete 9 items?"
@@ -109,6 +111,15 @@ TEST_F(AlertTest, KeyboardIsBackWhereItWasAfterwards)
     scene.key(Qt::Key_Escape);
     EXPECT_TRUE(isClosed());
     EXPECT_EQ(scene.window()->activeFocusItem(), scene.item("outside"));
+}
+
+TEST_F(AlertTest, WhereTheAnswerDisablesTheControlTheKeyboardGoesToTheOneBeforeIt)
+{
+    open(false);
+    scene.window()->setProperty("works", true);
+    scene.key(Qt::Key_Return);
+    EXPECT_TRUE(isClosed());
+    EXPECT_TRUE(scene.item("before")->hasActiveFocus());
 }
 
 TEST_F(AlertTest, ClickOutsideDoesNothing)

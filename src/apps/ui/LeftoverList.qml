@@ -24,7 +24,7 @@ AppList {
     }
 
     model: contents
-    activeFocusOnTab: contents.hasItems
+    enabled: contents.hasItems
     rowHeight: AppsMetrics.leftoverHeight
     view.objectName: list.objectName + ".rows"
     view.bottomMargin: Theme.space16

@@ -43,8 +43,10 @@ T.Popup {
     }
     onAboutToHide: if (!settled) sheet.cancelled()
     onClosed: {
-        if (focusBefore)
-            focusBefore.forceActiveFocus(Qt.PopupFocusReason);
+        // The answer may have disabled the control that opened the sheet: then the one before it.
+        const target = focusBefore && !focusBefore.enabled ? focusBefore.nextItemInFocusChain(false) : focusBefore;
+        if (target)
+            target.forceActiveFocus(Qt.PopupFocusReason);
         focusBefore = null;
     }
 
