@@ -17,9 +17,9 @@ const QColor ownColor(0xe0, 0x66, 0x2b);
 constexpr int side = 128;
 
 /// A picture all of one colour.
-QImage plain(const QColor &color)
+QImage plain(const QColor &color, int pixels = side)
 {
-    QImage picture(side, side, QImage::Format_ARGB32);
+    QImage picture(pixels, pixels, QImage::Format_ARGB32);
     picture.fill(color);
     return picture;
 }
@@ -139,6 +139,12 @@ TEST_F(BundleIconsTest, APipeInPlaceOfThePictureIsNotWaitedFor)
     folder.makeFolder("Kite.app/Contents/Resources");
     ASSERT_EQ(::mkfifo((folder / "Kite.app/Contents/Resources/Kite.icns").c_str(), 0600), 0);
     EXPECT_TRUE(isDrawn());
+}
+
+TEST_F(BundleIconsTest, APictureThatIsLargerThanAnyUseIsMadeSmaller)
+{
+    addBundle("<string>Kite.icns</string>", "Kite.icns", plain(ownColor, 512));
+    EXPECT_EQ(provider.requestImage(bundleIconKey(folder / "Kite.app"), nullptr, {}).size(), QSize(128, 128));
 }
 
 TEST_F(BundleIconsTest, AnIconIsReadOnce)

@@ -1,5 +1,7 @@
 #include "shell/ui/bundle_icons.h"
 
+#include <algorithm>
+
 #include <QMutexLocker>
 #include <QPainter>
 
@@ -70,6 +72,8 @@ QImage BundleIconProvider::icon(const std::string &path)
     QImage image = systemBundleIcon(path, largestPixels);
     if (image.isNull())
         image = drawnBundleIcon(largestPixels);
+    if (std::max(image.width(), image.height()) > largestPixels)
+        image = image.scaled(largestPixels, largestPixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     const QMutexLocker lock(&m_mutex);
     m_icons.insert(key, new QImage(image), image.sizeInBytes());
     return image;
