@@ -138,6 +138,27 @@ Refusal deletionRefusal(const RemovalStep &step, const std::string &path, const 
     return {reason + "; the rest was deleted", RemovalFailure::Left::aPart, freed};
 }
 
+/// Whether the file is what it was when its contents were compared.
+bool isUnchanged(const KeptCopy &copy, FileSystem &files)
+{
+    const Expected<std::unique_ptr<FileReader>> file = files.openFile(copy.path);
+    if (!file)
+        return false;
+    const Expected<FileStatus> status = (*file)->status();
+    return status && *status == copy.seen;
+}
+
+/// Why a copy must not go, since none would be left.
+std::optional<Refusal> lastCopyRefusal(const RemovalCondition &condition, FileSystem &files)
+{
+    if (condition.holdsKeptCopy)
+        return "it holds the copy that is to be kept";
+    const auto stays = [&](const KeptCopy &copy) { return isUnchanged(copy, files); };
+    if (!condition.copies.empty() && std::ranges::none_of(condition.copies, stays))
+        return "the kept copy has changed";
+    return std::nullopt;
+}
+
 /// Carries one step out; the reason when the item could not be removed.
 std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocations &locations,
                                  const TrashFolders &trashFolders, const Host &host)
@@ -173,6 +194,9 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
 
     if (step.seen && !(step.seen->isKnown() && *step.seen == facts->identity))
         return Refusal("it has changed since you selected it", RemovalFailure::Left::somethingElse);
+
+    if (std::optional<Refusal> refusal = lastCopyRefusal(step.condition, host.files))
+        return refusal;
 
     const bool isInTrash = trashFolders.reallyContain(step.path, (*folder)->path());
     if (step.action == RemovalStep::Action::erase || isInTrash) {
@@ -224,7 +248,8 @@ SeenItems Removal::look(std::span<const SelectedEntry> entries, const ProtectedL
 }
 
 std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanently, const ProtectedLocations &locations,
-                                       const std::vector<std::string> &trashFolders, const SeenItems &seen)
+                                       const std::vector<std::string> &trashFolders, const SeenItems &seen,
+                                       const RemovalConditions &conditions)
 {
     const TrashFolders folders(locations, trashFolders);
     std::vector<RemovalStep> steps;
@@ -240,6 +265,8 @@ std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanentl
             if (item->second.isInTrash && step.action == RemovalStep::Action::trash)
                 step.action = RemovalStep::Action::erase;
         }
+        if (const auto condition = conditions.find(path); condition != conditions.end())
+            step.condition = condition->second;
         steps.push_back(std::move(step));
     }
     return steps;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/path_guard.h"
+#include "core/removal_condition.h"
 #include "core/selected_entry.h"
 #include "core/selection.h"
 #include "core/stop_flag.h"
@@ -23,6 +24,7 @@ struct RemovalStep {
     Action action = Action::refuse;
     /// What was selected: anything else by now stays. Not compared where there is none.
     std::optional<ItemIdentity> seen = std::nullopt;
+    RemovalCondition condition = {};
 
     friend bool operator==(const RemovalStep &, const RemovalStep &) = default;
 };
@@ -63,7 +65,8 @@ struct Removal {
     [[nodiscard]] static std::vector<RemovalStep> plan(const Selection &entries, bool permanently,
                                                        const ProtectedLocations &locations,
                                                        const std::vector<std::string> &trashFolders,
-                                                       const SeenItems &seen = {});
+                                                       const SeenItems &seen = {},
+                                                       const RemovalConditions &conditions = {});
 
     /// Carries the steps out one after another, looking at each item again just before it is touched: what turns out
     /// to lie in the Trash already is erased. Blocks; off the main thread. Never turns to deleting where the Trash

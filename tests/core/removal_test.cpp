@@ -72,6 +72,82 @@ Lines failureLines(const RemovalOutcome &outcome)
     return lines;
 }
 
+/// "/srv/a" goes, and must not be the last copy of what "/srv/b" and "/srv/c" held when they were compared.
+class RemovalOfADuplicate : public RemovalOf {
+protected:
+    RemovalOfADuplicate()
+    {
+        for (const char *path : {"/srv/a", "/srv/b", "/srv/c"})
+            fake.files.addText(path, "same", 4'096, Time(std::chrono::seconds(1'000)));
+        conditions["/srv/a"].copies = {{"/srv/b", statusOf("/srv/b")}, {"/srv/c", statusOf("/srv/c")}};
+    }
+
+    FileStatus statusOf(const std::string &path) { return (*fake.files.openFile(path))->status().value(); }
+
+    RemovalOutcome removeA(bool permanently = false)
+    {
+        const auto steps = Removal::plan({{"/srv/a", 4'096}}, permanently, locations(), {}, {}, conditions);
+        return Removal::perform(steps, locations(), fake.host());
+    }
+
+    RemovalConditions conditions;
+};
+
+TEST_F(RemovalOfADuplicate, GoesWhereACopyStays)
+{
+    EXPECT_EQ(removeA().removed, (Entries{{"/srv/a", 4'096}}));
+}
+
+TEST_F(RemovalOfADuplicate, GoesWhereOneOfTheCopiesStays)
+{
+    fake.files.take("/srv/b");
+    EXPECT_EQ(removeA().removed, (Entries{{"/srv/a", 4'096}}));
+}
+
+TEST_F(RemovalOfADuplicate, StaysWhereNoneOfTheCopiesIsThereAnyMore)
+{
+    fake.files.take("/srv/b");
+    fake.files.take("/srv/c");
+    for (const bool permanently : {false, true})
+        EXPECT_EQ(failureLines(removeA(permanently)), (Lines{"a: the kept copy has changed"}));
+    EXPECT_TRUE(deeds().empty());
+    EXPECT_TRUE(fake.files.has("/srv/a"));
+}
+
+TEST_F(RemovalOfADuplicate, StaysWhereTheCopyWasWrittenMeanwhile)
+{
+    conditions["/srv/a"].copies.pop_back();
+    fake.files.take("/srv/b");
+    fake.files.addText("/srv/b", "same", 4'096, Time(std::chrono::seconds(1'000)));
+    fake.files.identify("/srv/b", "/srv/c"); // whatever number it got
+    conditions["/srv/a"].copies[0].seen.identity = statusOf("/srv/b").identity;
+    EXPECT_EQ(removeA().removed.size(), 1U) << "one that is the same in everything that is compared";
+
+    for (const auto &[content, modified] : {std::pair("other length", 1'000), std::pair("same", 1'001)}) {
+        fake.files.addText("/srv/a", "same");
+        fake.files.take("/srv/b");
+        fake.files.addText("/srv/b", content, 4'096, Time(std::chrono::seconds(modified)));
+        fake.files.identify("/srv/b", "/srv/c");
+        EXPECT_EQ(failureLines(removeA()), (Lines{"a: the kept copy has changed"})) << content << modified;
+        fake.files.take("/srv/a");
+    }
+}
+
+TEST_F(RemovalOfADuplicate, StaysWhereTheCopyIsALinkByNow)
+{
+    conditions["/srv/a"].copies.pop_back();
+    fake.files.take("/srv/b");
+    fake.files.addLink("/srv/b", "/srv/c");
+    EXPECT_EQ(failureLines(removeA()), (Lines{"a: the kept copy has changed"}));
+}
+
+TEST_F(RemovalOfADuplicate, StaysWhereItIsTheCopyToBeKept)
+{
+    conditions["/srv/a"].holdsKeptCopy = true;
+    EXPECT_EQ(failureLines(removeA()), (Lines{"a: it holds the copy that is to be kept"}));
+    EXPECT_TRUE(deeds().empty());
+}
+
 TEST(RemovalPlan, HasOneStepForEachEntryInTheOrderOfTheirPaths)
 {
     const auto steps = planFor({{"/srv/b", 2}, {"/srv/a", 1}, {"/usr/x", 3}}, false);

@@ -4,8 +4,11 @@
 #include <cctype>
 #include <deque>
 #include <optional>
+#include <span>
 #include <stdexcept>
+#include <utility>
 
+#include "platform/file_reader.h"
 #include "platform/held_folder.h"
 #include "platform/path.h"
 
@@ -255,12 +258,13 @@ void FakeFileSystem::addFile(const std::string &path, std::int64_t allocated, Ti
     item->modified = modified;
 }
 
-void FakeFileSystem::addText(const std::string &path, std::string content, std::int64_t allocated)
+void FakeFileSystem::addText(const std::string &path, std::string content, std::int64_t allocated, Time modified)
 {
     const std::lock_guard lock(m_mutex);
     const ItemPointer item = make(path, EntryType::file);
     item->content = std::move(content);
     item->allocated = allocated;
+    item->modified = modified;
 }
 
 void FakeFileSystem::addLink(const std::string &path, const std::string &target)
@@ -479,6 +483,43 @@ Expected<std::string> FakeFileSystem::readFile(const std::string &path, std::siz
     if ((*item)->content.size() > most)
         return failure("read", path, std::errc::file_too_large);
     return (*item)->content;
+}
+
+/// Reads what the file held when it was opened.
+class FakeFileSystem::Reader final : public FileReader {
+public:
+    Reader(std::string content, const FileStatus &status) : m_content(std::move(content)), m_status(status) {}
+
+    Expected<FileStatus> status() override { return m_status; }
+    Expected<std::size_t> read(std::int64_t offset, std::span<std::byte> buffer) override
+    {
+        const std::size_t start = std::min(static_cast<std::size_t>(offset), m_content.size());
+        const std::size_t count = std::min(buffer.size(), m_content.size() - start);
+        std::ranges::copy(std::as_bytes(std::span(m_content)).subspan(start, count), buffer.begin());
+        return count;
+    }
+    void willRead(std::int64_t, std::int64_t) override {}
+
+private:
+    const std::string m_content;
+    const FileStatus m_status;
+};
+
+Expected<std::unique_ptr<FileReader>> FakeFileSystem::openFile(const std::string &path)
+{
+    m_log->record("openFile " + path);
+    const std::lock_guard lock(m_mutex);
+    const auto item = find(path, LastLink::keep);
+    if (!item)
+        return tl::unexpected(item.error());
+    if ((*item)->type != EntryType::file)
+        return failure("open", path, std::errc::not_supported);
+    if ((*item)->opening)
+        return failure("open", path, (*item)->opening->code);
+    return std::make_unique<Reader>((*item)->content,
+                                    FileStatus{.length = static_cast<std::int64_t>((*item)->content.size()),
+                                               .modified = (*item)->modified,
+                                               .identity = identityOf(**item)});
 }
 
 Expected<std::string> FakeFileSystem::realPath(const std::string &path)

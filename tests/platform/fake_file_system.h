@@ -19,9 +19,9 @@ namespace corvane {
 /// paths; the folders that lead to a new item are made. A listing's order is the order of making. Any thread.
 ///
 /// Recorded calls: "openFolder P", "list P", "openChild P" (the child's path), "openParent P", "facts P",
-/// "exists P", "canOpen P", "readFile P", "realPath P", "holdFolder P", "removeItem P", "moveItem P". An open folder is
-/// recorded by where it lies at that moment, a held one by the path that it was opened by. `homeFolder` and
-/// `mountPoints` are not recorded.
+/// "exists P", "canOpen P", "readFile P", "openFile P", "realPath P", "holdFolder P", "removeItem P", "moveItem P". An
+/// open folder is recorded by where it lies at that moment, a held one by the path that it was opened by. `homeFolder`
+/// and `mountPoints` are not recorded.
 class FakeFileSystem final : public FileSystem {
 public:
     /// Holds "/" and the home folder, nothing else.
@@ -34,7 +34,8 @@ public:
     void addFolder(const std::string &path, Time modified = distantPast);
     void addFile(const std::string &path, std::int64_t allocated, Time modified = distantPast);
     /// A file that can be read.
-    void addText(const std::string &path, std::string content, std::int64_t allocated = 4'096);
+    void addText(const std::string &path, std::string content, std::int64_t allocated = 4'096,
+                 Time modified = distantPast);
     void addLink(const std::string &path, const std::string &target);
     void setPackage(const std::string &path, bool isPackage);
 
@@ -92,6 +93,7 @@ public:
     [[nodiscard]] Expected<ItemFacts> facts(const std::string &path) override;
     [[nodiscard]] bool exists(const std::string &path) override;
     [[nodiscard]] bool canOpen(const std::string &path) override;
+    [[nodiscard]] Expected<std::unique_ptr<FileReader>> openFile(const std::string &path) override;
     [[nodiscard]] Expected<std::string> readFile(const std::string &path, std::size_t most) override;
     [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
     [[nodiscard]] Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override;
@@ -106,6 +108,7 @@ private:
     struct Item;
     class Folder;
     class Held;
+    class Reader;
     using ItemPointer = std::shared_ptr<Item>;
     enum class LastLink { follow, keep };
 

@@ -42,14 +42,16 @@ RemovalJob::~RemovalJob()
     close();
 }
 
-bool RemovalJob::start(const Selection &entries, bool permanently, const SeenItems &seen)
+bool RemovalJob::start(const Selection &entries, bool permanently, const SeenItems &seen,
+                       const RemovalConditions &conditions)
 {
     if (m_isClosing || m_isRunning || entries.empty())
         return false;
     m_isRunning = true;
     m_stop = false;
-    m_pool.start([this, entries, permanently, seen] {
-        const auto steps = Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders(), seen);
+    m_pool.start([this, entries, permanently, seen, conditions] {
+        const auto steps =
+            Removal::plan(entries, permanently, m_locations, m_host.trash.trashFolders(), seen, conditions);
         RemovalOutcome outcome = Removal::perform(steps, m_locations, m_host, m_stop);
         auto remains = remainsOf(outcome);
         QMetaObject::invokeMethod(

@@ -35,9 +35,10 @@ public:
     /// It ends after the item that it is at.
     [[nodiscard]] bool isStopping() const { return m_isRunning && m_stop; }
 
-    /// Removes the entries; a seen one must still be the item that was seen. False, and nothing happens, where there
-    /// is nothing to remove or a removal is under way.
-    bool start(const Selection &entries, bool permanently, const SeenItems &seen);
+    /// Removes the entries; a seen one must still be the item that was seen, and its condition must hold. False, and
+    /// nothing happens, where there is nothing to remove or a removal is under way.
+    bool start(const Selection &entries, bool permanently, const SeenItems &seen,
+               const RemovalConditions &conditions = {});
     /// Ends the removal after the item that it is at; false where that is so already, or there is none.
     bool stop();
     /// What was received has been dealt with.

@@ -32,6 +32,7 @@
 #include "core/type_slice.h"
 #include "core/volume_info.h"
 #include "disk/disk_breakdown.h"
+#include "duplicates/found_duplicates.h"
 #include "platform/host.h"
 #include "platform/time.h"
 
@@ -203,6 +204,22 @@ public:
     /// From the call of `uninstall` for that bundle to the end of its removal.
     [[nodiscard]] bool isUninstalling(const std::string &bundlePath) const; // uninstallsChanged
 
+    // --- The duplicates among the files of the last scan
+    /// What the last search found; stays until the next one has ended, or another scan begins.
+    [[nodiscard]] const std::vector<DuplicateGroup> &duplicateGroups() const
+    {
+        return m_duplicates.groups();
+    } // duplicatesChanged
+    /// What all groups waste, without what only has several names.
+    [[nodiscard]] std::int64_t duplicateWaste() const { return m_duplicates.waste(); } // duplicatesChanged
+    [[nodiscard]] Phase duplicatePhase() const { return m_duplicatePhase; }            // duplicatesChanged
+    /// How far the search is, from 0 to 1.
+    [[nodiscard]] double duplicateProgress() const { return m_duplicateProgress; } // duplicateProgressChanged
+    /// Starts a search in the background; while one runs, nothing.
+    void findDuplicates();
+    /// Selects all files but one of each group. Until they are deselected, that one, or another, survives a removal.
+    void autoSelectDuplicates(bool keepNewest);
+
     // --- The selection
     [[nodiscard]] const Selection &selection() const { return m_selected.sizes(); } // selectionChanged
     [[nodiscard]] bool isProtected(std::string_view path) const;
@@ -223,7 +240,7 @@ public:
     /// The removal under way ends after the item that it is at.
     [[nodiscard]] bool isStopping() const { return m_removal.isStopping(); } // isRemovingChanged
     /// Removes the entries in the background (one removal at a time) and reports once. A selected one must still be
-    /// the item that was selected.
+    /// the item that was selected, and of a duplicate a copy must stay that has not changed since the search.
     void remove(const Selection &entries, bool permanently);
     /// Ends the removal after the item that it is at.
     void stopRemoval();
@@ -261,6 +278,8 @@ signals:
     void cleanupChanged();   ///< the catalogue's items, or whether they are being measured
     void appsChanged();      ///< the applications, the orphans, or whether they are being loaded
     void uninstallsChanged();
+    void duplicatesChanged(); ///< the groups, or the phase of the search
+    void duplicateProgressChanged();
     void selectionChanged();
     void isRemovingChanged();
     void volumeChanged();
@@ -286,6 +305,13 @@ private:
     void dropOutdatedBreakdown();
     void publishCleanup(std::vector<CleanupItem> items);
     void publishApps(AppInventory::Result result);
+
+    // The duplicates.
+    void publishDuplicateProgress(double fraction, int token);
+    void publishDuplicates(std::vector<DuplicateGroup> groups);
+    void clearDuplicates();
+    /// Takes the files that have left the tree out of their groups.
+    void followTreeInDuplicates();
 
     // The uninstalls.
     /// One on its way: its application is quitting, its removal may begin, or is under way.
@@ -342,6 +368,10 @@ private:
     bool m_appsLoaded = false;
     std::vector<Uninstall> m_uninstalls; // in the order of the requests
 
+    FoundDuplicates m_duplicates;
+    Phase m_duplicatePhase = Phase::idle;
+    double m_duplicateProgress = 0;
+
     SelectedItems m_selected;
 
     VolumeInfo m_volume;
@@ -357,6 +387,7 @@ private:
     LatestJob<DiskBreakdown> m_breakdownJob;
     LatestJob<std::vector<CleanupItem>> m_cleanupJob;
     LatestJob<AppInventory::Result> m_appsJob;
+    LatestJob<std::vector<DuplicateGroup>> m_duplicatesJob;
     RemovalJob m_removal;
 };
 

@@ -10,7 +10,7 @@ namespace corvane {
 
 void StorageStore::remove(const Selection &entries, bool permanently)
 {
-    if (m_removal.start(entries, permanently, m_selected.seen()))
+    if (m_removal.start(entries, permanently, m_selected.seen(), m_duplicates.conditionsOf(entries, selection())))
         emit isRemovingChanged();
 }
 
@@ -84,6 +84,7 @@ bool StorageStore::updateTree(std::span<const SelectedEntry> gone, std::span<con
         return false;
     if (m_currentFolder && !m_tree.contains(*m_currentFolder))
         setCurrentFolder(m_tree.nearestFolder(m_currentFolder->path()));
+    followTreeInDuplicates();
     discard(std::move(left));
     return true;
 }

@@ -98,6 +98,8 @@ void StorageStore::clearScan()
     ++m_revision;
     dropOutdatedBreakdown();
 
+    clearDuplicates();
+
     setCurrentFolder(nullptr);
     emit treeChanged();
     emit progressChanged();

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/file_reader.h"
+
+namespace corvane {
+
+/// A file with the same contents as one that is to be removed, and what it was when the two were compared.
+struct KeptCopy {
+    std::string path;
+    FileStatus seen;
+
+    friend bool operator==(const KeptCopy &, const KeptCopy &) = default;
+};
+
+/// What has to hold in the moment before an entry is removed.
+struct RemovalCondition {
+    std::vector<KeptCopy> copies = {}; ///< where there are any, one at least must be as it was
+    bool holdsKeptCopy = false;        ///< the entry is, or holds, the last copy of what goes elsewhere: it stays
+
+    friend bool operator==(const RemovalCondition &, const RemovalCondition &) = default;
+};
+
+/// Those of a removal, by the path of the entry.
+using RemovalConditions = std::map<std::string, RemovalCondition>;
+
+} // namespace corvane
