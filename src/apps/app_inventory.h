@@ -68,7 +68,7 @@ struct AppInventory {
     [[nodiscard]] static std::unordered_set<std::string> vendors(const std::vector<std::string> &allIDs);
 
     /// What the bundle has in the Library, largest first. An item that an identifier of `allIDs` claims is no other
-    /// application's by its name.
+    /// application's by its name. Not all the sizes together need be such that they can be added up.
     [[nodiscard]] static std::vector<Leftover> findLeftovers(const BundleInfo &bundle,
                                                              const std::vector<std::string> &allIDs,
                                                              const LibraryListings &listings,

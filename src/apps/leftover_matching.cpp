@@ -196,7 +196,6 @@ std::vector<Leftover> AppInventory::findLeftovers(const BundleInfo &bundle, cons
 {
     std::vector<Leftover> leftovers;
     std::unordered_set<std::string> taken;
-    ForeignSum sum;
     const auto take = [&](std::size_t location, const Item &item, Match match) {
         std::string path = listings.pathOf(location, item);
         if (surroundings.stop || !taken.insert(path).second)
@@ -205,7 +204,7 @@ std::vector<Leftover> AppInventory::findLeftovers(const BundleInfo &bundle, cons
             leftoverAt(std::move(path), leftoverLocations[location].label, match, surroundings);
         if (!leftover)
             return;
-        leftover->size = sum.counted(allocatedSize(leftover->path, surroundings.files, surroundings.stop));
+        leftover->size = allocatedSize(leftover->path, surroundings.files, surroundings.stop);
         leftovers.push_back(*std::move(leftover));
     };
 

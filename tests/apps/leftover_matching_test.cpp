@@ -356,6 +356,18 @@ TEST_F(LeftoverMatching, WhatTheIdentifierTookIsNoNameMatch)
     EXPECT_THAT(namedOf("SeaChart"), IsEmpty());
 }
 
+TEST_F(LeftoverMatching, AnItemIsTakenOnceWhateverTheOtherIdentifiers)
+{
+    addItem("Caches/seachart");
+    const LibraryListings listings = LibraryListings::read(home, fake.files);
+    const AppInventory::Surroundings surroundings{.files = fake.files, .locations = locations, .now = now};
+    const BundleInfo bundle{
+        .path = "/A.app", .name = "SeaChart", .altName = "SeaChart", .bundleID = "seachart", .version = {}};
+    const std::vector<Leftover> found = AppInventory::findLeftovers(bundle, {}, listings, surroundings);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].match, Leftover::Match::exact);
+}
+
 TEST_F(LeftoverMatching, WhatAnotherApplicationsIdentifierTookIsNoNameMatch)
 {
     addApp("/Applications/SeaChart.app", "org.sea");
