@@ -6,7 +6,8 @@ packages_for() {
     case "$(uname -s)/$1" in
     Linux/build)
         echo ca-certificates g++ cmake ninja-build pkg-config python3 \
-            libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libplist-dev libssl-dev libcli11-dev nlohmann-json3-dev
+            libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libplist-dev libssl-dev libutf8proc-dev \
+            libcli11-dev nlohmann-json3-dev
         ;;
     Linux/ui)
         # The QML modules are run-time parts that the development packages do not pull in.
@@ -25,7 +26,7 @@ packages_for() {
     Linux/fuzz) echo clang-19 libclang-rt-19-dev ;;
     Linux/macos-check) echo clang-19 libc++-19-dev ;;
     Linux/package) echo file dpkg-dev ;;
-    Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist openssl@3 cli11 nlohmann-json ;;
+    Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist openssl@3 utf8proc cli11 nlohmann-json ;;
     Darwin/ui) echo qt ;;
     Darwin/test) echo ccache googletest ;;
     Darwin/npm) echo node ;;
