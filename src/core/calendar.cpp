@@ -56,6 +56,13 @@ int Calendar::wholeMonths(Time from, Time to) const
     return count;
 }
 
+Time Calendar::monthsBefore(Time time, int count) const
+{
+    const local_seconds end = local(std::clamp(time, earliest, latest));
+    const local_days day = std::chrono::floor<std::chrono::days>(end);
+    return moment(local_days{addMonths(year_month_day{day}, -count)} + (end - day));
+}
+
 local_seconds Calendar::local(Time time) const
 {
     return local_seconds{(time + m_offset(time)).time_since_epoch()};

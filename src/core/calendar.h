@@ -20,6 +20,10 @@ public:
     /// twice as the first of the two.
     [[nodiscard]] int wholeMonths(Time from, Time to) const;
 
+    /// The moment so many months before, the day pinned to the end of a shorter month, under the same rule for times
+    /// that the clocks skip or show twice.
+    [[nodiscard]] Time monthsBefore(Time time, int count) const;
+
 private:
     [[nodiscard]] std::chrono::local_seconds local(Time time) const;
     [[nodiscard]] Time moment(std::chrono::local_seconds time) const;

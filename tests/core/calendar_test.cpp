@@ -56,6 +56,23 @@ TEST(Calendar, LeapDaysCount)
     EXPECT_EQ(utc.wholeMonths(at(2024y / 2 / 29), at(2028y / 2 / 29)), 48);
 }
 
+TEST(Calendar, MonthsBeforeKeepTheTimeOfDayAndPinTheDay)
+{
+    EXPECT_EQ(utc.monthsBefore(at(2026y / 11 / 22), 12), at(2025y / 11 / 22));
+    EXPECT_EQ(utc.monthsBefore(at(2025y / 8 / 31), 6), at(2025y / 2 / 28));
+    EXPECT_EQ(utc.monthsBefore(at(2024y / 8 / 31), 6), at(2024y / 2 / 29));
+    EXPECT_EQ(utc.monthsBefore(at(2024y / 2 / 29), 12), at(2023y / 2 / 28));
+    EXPECT_EQ(utc.monthsBefore(at(2024y / 2 / 29), 48), at(2020y / 2 / 29));
+    EXPECT_EQ(utc.monthsBefore(at(2025y / 1 / 15), 60), at(2020y / 1 / 15));
+    EXPECT_EQ(utc.monthsBefore(at(2025y / 1 / 15), 0), at(2025y / 1 / 15));
+}
+
+TEST(Calendar, MonthsBeforeFollowTheClocksAcrossSummerTime)
+{
+    EXPECT_EQ(withSummerTime.monthsBefore(at(2025y / 11 / 15), 6), at(2025y / 5 / 15) - hours{1});
+    EXPECT_EQ(withSummerTime.monthsBefore(at(2025y / 5 / 15), 6), at(2024y / 11 / 15) + hours{1});
+}
+
 TEST(Calendar, FiveMonthsAndTwentyNineDaysAreFive)
 {
     EXPECT_EQ(utc.wholeMonths(at(2025y / 5 / 20), at(2025y / 11 / 18)), 5);
