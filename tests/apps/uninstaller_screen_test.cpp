@@ -357,10 +357,12 @@ TEST_F(UninstallerScreenTest, TheKeyboardBeginsAtTheFirstLeftoverOfEachApp)
     EXPECT_EQ(currentRow(), 1);
 }
 
-TEST_F(UninstallerScreenTest, DownLeadsFromTheSearchToTheList)
+TEST_F(UninstallerScreenTest, FindLeadsToTheSearchAndDownFromThereToTheList)
 {
     publishAndShow();
-    tabTo("uninstaller.search");
+    tabTo("uninstaller.list");
+    press(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_TRUE(scene->item("uninstaller.search")->hasActiveFocus());
     press(Qt::Key_Down);
     EXPECT_TRUE(scene->item("uninstaller.list")->hasActiveFocus());
 }
@@ -511,6 +513,21 @@ TEST_F(UninstallerScreenTest, TheAnswerMovesTheAppAndWhatIsTicked)
     EXPECT_EQ(*store.toast(), "Moved 3 items (6.74 GB) to Trash — empty it to free the space");
     EXPECT_FALSE(fake.files.exists("/Applications/Signal Deck.app"));
     EXPECT_TRUE(fake.files.exists(at("Library/Application Support/Signal Deck")));
+}
+
+TEST_F(UninstallerScreenTest, WhileTheAppQuitsItCannotBeUninstalledOnceMore)
+{
+    fake.applications.setRunning("/Applications/Signal Deck.app", {17, 18});
+    openQuestion();
+    scene->click(button(QStringLiteral("Move Signal Deck to Trash")));
+    EXPECT_THAT(fake.log->lines(), testing::IsSupersetOf({"requestQuit /Applications/Signal Deck.app 17",
+                                                          "requestQuit /Applications/Signal Deck.app 18"}));
+    QQuickItem *const uninstall = scene->item("uninstaller.uninstall");
+    EXPECT_FALSE(uninstall->isEnabled());
+    EXPECT_TRUE(uninstall->property("busy").toBool());
+    EXPECT_TRUE(fake.files.exists("/Applications/Signal Deck.app"));
+    waitForToast();
+    EXPECT_EQ(*store.toast(), "Moved 3 items (6.74 GB) to Trash — empty it to free the space");
 }
 
 // --- Many

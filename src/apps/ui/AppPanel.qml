@@ -17,6 +17,13 @@ Item {
         list.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    Shortcut {
+        sequence: "Ctrl+F"
+        onActivated: {
+            search.forceActiveFocus(Qt.ShortcutFocusReason);
+            search.selectAll();
+        }
+    }
     Item {
         id: filter
 
