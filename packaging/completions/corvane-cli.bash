@@ -12,7 +12,7 @@ _corvane_cli() {
     done
 
     COMPREPLY=()
-    local commands='scan map breakdown snapshots cleanup apps duplicates protected remove help'
+    local commands='scan map breakdown snapshots cleanup apps duplicates large old protected remove help'
     if [[ -z $command ]]; then
         if [[ -z $onlyPaths ]]; then
             mapfile -t COMPREPLY < <(compgen -W "$commands --json --help -h --version -V " -- "$current")
@@ -33,11 +33,21 @@ _corvane_cli() {
     case $command in
     map) options+='--size --svg ' ;;
     breakdown) options+='--scan ' ;;
+    large) options+='--min --type --name ' ;;
+    old) options+='--months --min --name ' ;;
     remove) options+='--permanently --yes -y ' ;;
     esac
 
     if [[ -z $onlyPaths && $command == map && $previous == --size ]]; then
         mapfile -t COMPREPLY < <(compgen -W '900x600 1600x1000 1920x1080' -- "$current")
+        return
+    fi
+    if [[ -z $onlyPaths && $command == large && $previous == --type ]]; then
+        mapfile -t COMPREPLY < <(compgen -W 'video image audio archive diskImage app document code other' -- "$current")
+        return
+    fi
+    if [[ -z $onlyPaths && $command == old && $previous == --months ]]; then
+        mapfile -t COMPREPLY < <(compgen -W '6 12 24 36 60' -- "$current")
         return
     fi
     if [[ -z $onlyPaths && $current == -* ]]; then
@@ -53,8 +63,8 @@ _corvane_cli() {
 
     compopt -o filenames
     local kind=-f
-    if [[ $command == scan || $command == duplicates || $command == breakdown || \
-        ($command == map && $previous != --svg) ]]; then
+    if [[ $command == scan || $command == duplicates || $command == large || $command == old || \
+        $command == breakdown || ($command == map && $previous != --svg) ]]; then
         kind=-d
     fi
     mapfile -t COMPREPLY < <(compgen "$kind" -- "$current")

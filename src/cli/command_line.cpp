@@ -14,6 +14,7 @@
 #include "cli/breakdown_command.h"
 #include "cli/cleanup_command.h"
 #include "cli/duplicates_command.h"
+#include "cli/file_lists_command.h"
 #include "cli/map_command.h"
 #include "cli/meant_command.h"
 #include "cli/path_argument.h"
@@ -57,6 +58,18 @@ struct Commands {
     CLI::App *duplicates = nullptr;
     CLI::Option *duplicatesPath = nullptr;
 
+    CLI::App *large = nullptr;
+    CLI::Option *largePath = nullptr;
+    CLI::Option *largeMin = nullptr;
+    CLI::Option *largeType = nullptr;
+    CLI::Option *largeName = nullptr;
+
+    CLI::App *old = nullptr;
+    CLI::Option *oldPath = nullptr;
+    CLI::Option *oldMonths = nullptr;
+    CLI::Option *oldMin = nullptr;
+    CLI::Option *oldName = nullptr;
+
     CLI::App *isProtected = nullptr;
     CLI::Option *protectedPaths = nullptr;
 
@@ -75,6 +88,8 @@ struct Commands {
 private:
     CLI::App *add(const std::string &name, const std::string &description, const std::string &example);
     static CLI::Option *addPath(CLI::App &command, const std::string &description);
+    static CLI::Option *addMin(CLI::App &command, const std::string &usual);
+    static CLI::Option *addName(CLI::App &command);
     static CLI::Option *addPaths(CLI::App &command, const std::string &description);
 };
 
@@ -91,6 +106,18 @@ CLI::App *Commands::add(const std::string &name, const std::string &description,
 CLI::Option *Commands::addPath(CLI::App &command, const std::string &description)
 {
     return command.add_option("PATH")->description(description)->type_name("");
+}
+
+CLI::Option *Commands::addMin(CLI::App &command, const std::string &usual)
+{
+    return command.add_option("--min")
+        ->description("Of at least that many bytes, by default " + usual)
+        ->type_name("BYTES");
+}
+
+CLI::Option *Commands::addName(CLI::App &command)
+{
+    return command.add_option("--name")->description("With that text in the name, in any case")->type_name("TEXT");
 }
 
 CLI::Option *Commands::addPaths(CLI::App &command, const std::string &description)
@@ -126,9 +153,6 @@ Commands::Commands()
     breakdownScan = breakdown->add_option("--scan")
                         ->description("Scan this folder first, so that it is explained too")
                         ->type_name("PATH");
-    for (CLI::Option *const option : {size, svg, breakdownScan})
-        option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-
     snapshots = add("snapshots", "List the local Time Machine snapshots.", "corvane-cli snapshots");
 
     cleanup = add("cleanup", "Measure caches and other folders that could be cleaned up.", "corvane-cli cleanup");
@@ -137,6 +161,23 @@ Commands::Commands()
 
     duplicates = add("duplicates", "Find files with the same contents.", "corvane-cli duplicates ~/Pictures");
     duplicatesPath = addPath(*duplicates, "The folder")->required();
+
+    large = add("large", "List the large files of a folder.", "corvane-cli large ~ --min 1000000000 --type video");
+    largePath = addPath(*large, "The folder")->required();
+    largeMin = addMin(*large, "100000000");
+    largeType = large->add_option("--type")->description("Of that type: " + fileTypeNames())->type_name("TYPE");
+    largeName = addName(*large);
+
+    old = add("old", "List the files of a folder that were not modified for long.", "corvane-cli old ~ --months 24");
+    oldPath = addPath(*old, "The folder")->required();
+    oldMonths =
+        old->add_option("--months")->description("Not modified for that many months, by default 12")->type_name("N");
+    oldMin = addMin(*old, "10000000");
+    oldName = addName(*old);
+
+    for (CLI::Option *const option :
+         {size, svg, breakdownScan, largeMin, largeType, largeName, oldMonths, oldMin, oldName})
+        option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
 
     isProtected = add("protected", "Tell which paths would never be removed; they need not exist.",
                       "corvane-cli protected ~/Library /opt/tool");
@@ -241,6 +282,49 @@ ExitStatus runMap(const Commands &commands, Console &console)
     return command.run(console, systemHost());
 }
 
+ExitStatus refuseValue(const CLI::Option &option, const std::string &value, const std::string &valid,
+                       const CLI::App &command, Console &console)
+{
+    return refuse(fmt::format("\"{}\" is not a valid {}; use {}", value, option.get_name(), valid), command, console);
+}
+
+ExitStatus runLarge(const Commands &commands, Console &console)
+{
+    LargeCommand command{.path = *valueOf(*commands.largePath), .filter = {}, .json = commands.json};
+    if (const std::optional<std::string> text = valueOf(*commands.largeMin)) {
+        const std::optional<std::int64_t> bytes = byteCount(*text);
+        if (!bytes)
+            return refuseValue(*commands.largeMin, *text, "a number of bytes", *commands.large, console);
+        command.filter.minSize = *bytes;
+    }
+    if (const std::optional<std::string> text = valueOf(*commands.largeType)) {
+        command.filter.type = fileTypeNamed(*text);
+        if (!command.filter.type)
+            return refuseValue(*commands.largeType, *text, "one of " + fileTypeNames(), *commands.large, console);
+    }
+    command.filter.query = valueOf(*commands.largeName).value_or("");
+    return command.run(console, systemHost());
+}
+
+ExitStatus runOld(const Commands &commands, Console &console)
+{
+    OldCommand command{.path = *valueOf(*commands.oldPath), .filter = {}, .json = commands.json};
+    if (const std::optional<std::string> text = valueOf(*commands.oldMonths)) {
+        const std::optional<int> months = monthCount(*text);
+        if (!months)
+            return refuseValue(*commands.oldMonths, *text, "a number of months", *commands.old, console);
+        command.filter.months = *months;
+    }
+    if (const std::optional<std::string> text = valueOf(*commands.oldMin)) {
+        const std::optional<std::int64_t> bytes = byteCount(*text);
+        if (!bytes)
+            return refuseValue(*commands.oldMin, *text, "a number of bytes", *commands.old, console);
+        command.filter.minSize = *bytes;
+    }
+    command.filter.query = valueOf(*commands.oldName).value_or("");
+    return command.run(console, systemHost());
+}
+
 /// Whether the command is about the home folder, or judges by it.
 bool needsHome(const Commands &commands)
 {
@@ -275,6 +359,10 @@ ExitStatus runCommand(const Commands &commands, Console &console)
         const DuplicatesCommand command{.path = *valueOf(*commands.duplicatesPath), .json = commands.json};
         return command.run(console, systemHost());
     }
+    if (commands.large->parsed())
+        return runLarge(commands, console);
+    if (commands.old->parsed())
+        return runOld(commands, console);
     if (commands.isProtected->parsed()) {
         const ProtectedCommand command{.paths = valuesOf(*commands.protectedPaths), .json = commands.json};
         return command.run(console, systemHost());

@@ -14,8 +14,8 @@ namespace corvane {
 
 namespace {
 
-const std::vector<std::string> commands{"scan", "map",        "breakdown", "snapshots", "cleanup",
-                                        "apps", "duplicates", "protected", "remove"};
+const std::vector<std::string> commands{"scan",       "map",   "breakdown", "snapshots", "cleanup", "apps",
+                                        "duplicates", "large", "old",       "protected", "remove"};
 
 std::string textOf(const std::string &path)
 {
