@@ -193,6 +193,11 @@ TEST(AppSearch, AnAccentIsFoundHoweverItIsEncoded)
     EXPECT_THAT(names({app("Cafe\u0301", 1)}, AppSort::name, QStringLiteral("caf\u00e9")), ElementsAre("Cafe\u0301"));
 }
 
+TEST(AppSearch, ALetterIsNotFoundInOneWithAnAccent)
+{
+    EXPECT_THAT(names({app("Caf\u00e9", 1)}, AppSort::name, QStringLiteral("cafe")), IsEmpty());
+}
+
 TEST(AppSearch, WithoutATextEverythingIsListed)
 {
     EXPECT_THAT(names({app("a", 1), app("b", 1)}, AppSort::name), ElementsAre("a", "b"));

@@ -9,7 +9,6 @@
 #include "core/checked_add.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/bundle_icons.h"
-#include "shell/ui/type_to_find.h"
 
 namespace corvane {
 
@@ -111,8 +110,8 @@ AppRows::AppRows(std::span<const InstalledApp> apps, Time now, const Calendar &c
     m_apps.reserve(apps.size());
     for (const InstalledApp &app : apps)
         m_apps.push_back({.row = makeRow(app, now, calendar),
-                          .searchedName = TypeToFind::folded(displayText(app.name)),
-                          .searchedID = TypeToFind::folded(displayText(app.bundleID)),
+                          .searchedName = searchable(app.name, m_casing),
+                          .searchedID = searchable(app.bundleID, m_casing),
                           .size = totalSize(app),
                           .lastUsed = app.lastUsed.value_or(distantPast)});
     sortByName();
@@ -134,10 +133,10 @@ void AppRows::sortByName()
 
 std::vector<AppRow> AppRows::visible(const QString &search, AppSort sort) const
 {
-    const QString text = TypeToFind::folded(search);
+    const std::string text = searchable(search.toStdString(), m_casing);
     std::vector<const App *> found;
     for (const App &app : m_apps) {
-        if (app.searchedName.contains(text) || app.searchedID.contains(text))
+        if (holds(app.searchedName, text) || holds(app.searchedID, text))
             found.push_back(&app);
     }
     std::ranges::sort(found, [sort](const App *a, const App *b) {

@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include "apps/installed_app.h"
+#include "core/words/text_search.h"
 
 namespace corvane {
 
@@ -75,8 +76,8 @@ public:
 private:
     struct App {
         AppRow row;
-        QString searchedName; ///< as names are compared
-        QString searchedID;
+        std::string searchedName; ///< made ready for a search
+        std::string searchedID;
         std::int64_t size = 0;
         Time lastUsed = distantPast;
         std::size_t place = 0; ///< among all by name
@@ -84,6 +85,7 @@ private:
 
     void sortByName();
 
+    Casing m_casing = userCasing();
     std::vector<App> m_apps;
 };
 

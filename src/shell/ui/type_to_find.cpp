@@ -10,22 +10,23 @@ namespace {
 
 constexpr quint64 pause = 1'000; // milliseconds between two letters that no longer belong together
 
+/// As names are compared: without case, and an accent as part of its letter, which some systems store apart.
+QString folded(const QString &text)
+{
+    return text.normalized(QString::NormalizationForm_KC).toCaseFolded();
+}
+
 int findFrom(int first, int count, const QString &start, const TypeToFind::NameAt &nameAt)
 {
     for (int step = 0; step < count; ++step) {
         const int row = (first + step) % count;
-        if (TypeToFind::folded(nameAt(row)).startsWith(start))
+        if (folded(nameAt(row)).startsWith(start))
             return row;
     }
     return -1;
 }
 
 } // namespace
-
-QString TypeToFind::folded(const QString &text)
-{
-    return text.normalized(QString::NormalizationForm_KC).toCaseFolded();
-}
 
 QString TypeToFind::typedText(const QKeyEvent &event)
 {

@@ -15,10 +15,6 @@ class TypeToFind {
 public:
     using NameAt = std::function<QString(int row)>;
 
-    /// The text as names are compared: without case, and an accent as part of its letter, which some systems store
-    /// apart.
-    [[nodiscard]] static QString folded(const QString &text);
-
     /// What the key press types for a search; empty for keys that are commands. Space is one.
     [[nodiscard]] static QString typedText(const QKeyEvent &event);
 
