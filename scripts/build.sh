@@ -8,7 +8,8 @@ configure() {
         options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_OBJCXX_COMPILER_LAUNCHER=ccache)
     fi
     if [[ $(uname -s) == Darwin ]]; then
-        options+=(-DCMAKE_PREFIX_PATH="$(brew --prefix qt)")
+        # Homebrew keeps OpenSSL out of the folders that are searched.
+        options+=(-DCMAKE_PREFIX_PATH="$(brew --prefix qt);$(brew --prefix openssl@3)")
     fi
     wanted="${options[*]} ${CXX:-} ${CXXFLAGS:-} ${LDFLAGS:-}"
     if [[ ! -f $ninja || CMakePresets.json -nt $ninja || $(cat "$stamp" 2>/dev/null) != "$wanted" ]]; then
