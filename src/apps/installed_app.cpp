@@ -1,12 +1,19 @@
 #include "apps/installed_app.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
+
 #include "core/checked_add.h"
+#include "core/words/lower_case.h"
+#include "platform/path.h"
 
 namespace corvane {
 
 namespace {
 
 constexpr int fewestMonths = 6;
+constexpr std::array<std::string_view, 3> systemNames{"com.apple.", "group.com.apple.", "systemgroup.com.apple."};
 
 } // namespace
 
@@ -18,6 +25,14 @@ std::int64_t InstalledApp::exactLeftoverSize() const
             sum = checkedAdd(sum, leftover.size);
     }
     return sum;
+}
+
+bool InstalledApp::proposes(const Leftover &leftover) const
+{
+    const std::string name = lowerCase(lastPathComponent(leftover.path));
+    const bool isOfSystem =
+        std::ranges::any_of(systemNames, [&](std::string_view each) { return name.starts_with(each); });
+    return leftover.match == Leftover::Match::exact && bundleID.find('.') != std::string::npos && !isOfSystem;
 }
 
 std::optional<int> InstalledApp::unusedForMonths(Time now, const Calendar &calendar) const

@@ -25,6 +25,10 @@ struct InstalledApp {
     /// The sum of the exact matches.
     [[nodiscard]] std::int64_t exactLeftoverSize() const;
 
+    /// Whether a leftover is proposed to go with the application: an exact match, unless the identifier is a single
+    /// word, as "com" with which half a Library may begin, or the item bears the name of the system's own.
+    [[nodiscard]] bool proposes(const Leftover &leftover) const;
+
     /// The whole calendar months since its last use; absent below 6, and where the last use is not known.
     [[nodiscard]] std::optional<int> unusedForMonths(Time now, const Calendar &calendar) const;
 

@@ -37,6 +37,23 @@ TEST(InstalledApp, OnlyExactLeftoversCount)
     EXPECT_EQ(app.exactLeftoverSize(), 12);
 }
 
+TEST(InstalledApp, ProposesItsExactLeftoversAlone)
+{
+    const auto proposes = [](const std::string &bundleID, const std::string &name, Leftover::Match match) {
+        InstalledApp app;
+        app.bundleID = bundleID;
+        Leftover item = leftover(match, 1);
+        item.path = "/Users/me/Library/Caches/" + name;
+        return app.proposes(item);
+    };
+    EXPECT_TRUE(proposes("com.foo.app", "com.foo.app", Leftover::Match::exact));
+    EXPECT_FALSE(proposes("com.foo.app", "app of foo", Leftover::Match::name));
+    EXPECT_FALSE(proposes("com.foo.app", "com.foo.app", Leftover::Match::orphan));
+    EXPECT_FALSE(proposes("com", "com.bar.tool", Leftover::Match::exact)) << "half the Library begins with that";
+    EXPECT_FALSE(proposes("com.apple", "com.apple.Finder", Leftover::Match::exact)) << "the system's own";
+    EXPECT_FALSE(proposes("apple.notes", "group.com.apple.notes", Leftover::Match::exact));
+}
+
 TEST(InstalledApp, UnusedSinceSixWholeMonthsHasTheirNumber)
 {
     const Time now = noonOf(2025y / 11 / 19);

@@ -38,7 +38,7 @@ void AppLeftoversModel::show(const InstalledApp &app)
 {
     m_chosen.clear();
     for (const Leftover &leftover : app.leftovers) {
-        if (leftover.match == Match::exact)
+        if (app.proposes(leftover))
             m_chosen.insert(leftover.path);
     }
     installRowsOf(app);
