@@ -29,9 +29,9 @@ std::int64_t InstalledApp::exactLeftoverSize() const
 
 bool InstalledApp::proposes(const Leftover &leftover) const
 {
-    const std::string name = lowerCase(lastPathComponent(leftover.path));
+    const std::string item = lowerCase(lastPathComponent(leftover.path));
     const bool isOfSystem =
-        std::ranges::any_of(systemNames, [&](std::string_view each) { return name.starts_with(each); });
+        std::ranges::any_of(systemNames, [&](std::string_view each) { return item.starts_with(each); });
     return leftover.match == Leftover::Match::exact && bundleID.find('.') != std::string::npos && !isOfSystem;
 }
 
