@@ -4,6 +4,7 @@ import Corvane.Window
 import Corvane.Disk
 import Corvane.Map
 import Corvane.Apps
+import Corvane.Duplicates
 import Corvane.Cleanup
 import Corvane.Overview
 
@@ -51,6 +52,15 @@ MainWindow {
             item: Store.SidebarItem.uninstaller
 
             UninstallerScreen {
+                toolbar: Component {
+                    ScanToolbar {}
+                }
+            }
+        }
+        WindowScreen {
+            item: Store.SidebarItem.duplicates
+
+            DuplicatesScreen {
                 toolbar: Component {
                     ScanToolbar {}
                 }

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+
+namespace corvane {
+
+/// The words and commands of the duplicates screen, and what it shows. Main thread only.
+class DuplicatesPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(corvane::DuplicatesPresenter::Content content READ content NOTIFY changed)
+    Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
+    Q_PROPERTY(QString searchText READ searchText NOTIFY changed)
+    Q_PROPERTY(bool canSearch READ canSearch NOTIFY changed)
+    Q_PROPERTY(bool canAutoSelect READ canAutoSelect NOTIFY changed)
+    Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
+    Q_PROPERTY(QString progressText READ progressText NOTIFY progressChanged)
+
+public:
+    /// What stands below the header.
+    enum class Content {
+        introduction, ///< nothing has been searched yet
+        search,       ///< a search is under way
+        nothing,      ///< it found no duplicates
+        groups,
+    };
+    Q_ENUM(Content)
+
+    explicit DuplicatesPresenter(QObject *parent = nullptr) : QObject(parent) {}
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] Content content() const;
+    [[nodiscard]] QString subtitle() const;
+    /// What the button is called that starts a search.
+    [[nodiscard]] QString searchText() const;
+    [[nodiscard]] bool canSearch() const;
+    /// Whether there are groups to select copies of.
+    [[nodiscard]] bool canAutoSelect() const;
+    /// From 0 to 1.
+    [[nodiscard]] double progress() const;
+    [[nodiscard]] QString progressText() const;
+
+    Q_INVOKABLE void search();
+    /// Selects all copies but one of each group.
+    Q_INVOKABLE void keepNewest();
+    Q_INVOKABLE void keepOldest();
+
+signals:
+    void storeChanged();
+    void searchEnds(); ///< before `changed` says so
+    void changed();
+    void searchEnded(); ///< after `changed` has said so
+    void progressChanged();
+
+private:
+    void follow();
+
+    QPointer<StorageStore> m_store;
+    bool m_hasSearched = false; // a search of this scan's files has ended
+    Content m_content = Content::introduction;
+};
+
+} // namespace corvane
