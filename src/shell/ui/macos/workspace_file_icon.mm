@@ -7,7 +7,10 @@
 
 namespace corvane {
 
-QImage systemFileIcon(const std::string &path, FileNode::Kind, int pixels)
+namespace {
+
+/// Any thread: the workspace may be asked on each.
+QImage workspaceIcon(const std::string &path, int pixels)
 {
     @autoreleasepool {
         NSString *name = [NSFileManager.defaultManager stringWithFileSystemRepresentation:path.data()
@@ -16,9 +19,16 @@ QImage systemFileIcon(const std::string &path, FileNode::Kind, int pixels)
     }
 }
 
+} // namespace
+
+QImage systemFileIcon(const std::string &path, FileNode::Kind, int pixels)
+{
+    return workspaceIcon(path, pixels);
+}
+
 QImage systemBundleIcon(const std::string &path, int pixels)
 {
-    return systemFileIcon(path, FileNode::Kind::package, pixels);
+    return workspaceIcon(path, pixels);
 }
 
 // An application's icon is its own, and any item may have been given one.
