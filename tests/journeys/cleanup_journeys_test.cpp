@@ -257,7 +257,8 @@ TEST_F(CleanupJourney, ABuildFolderIsShownInTheSpaceMap)
 TEST_F(CleanupJourney, TheKeyboardAloneClearsACache)
 {
     open();
-    press(Qt::Key_4, Qt::ControlModifier);
+    tabTo(driver().item(QStringLiteral("sidebar")));
+    press(Qt::Key_End);
     waitUntil([&] { return isShown(QStringLiteral("cleanupList")) && !store().cleanupLoading(); },
               QStringLiteral("the screen"));
     tabTo(driver().item(QStringLiteral("cleanupList")));

@@ -42,6 +42,7 @@ class Item:
     stated: int = 0             # what a folder must come to; 0 where nothing is said
     date: datetime.datetime = None
     content: bytes = None       # a file of this content rather than of a size
+    mark: bytes = b""           # how a file of a size begins; nothing but zeros follows
     mode: int = 0
     link: bytes = None
     children: list = dataclasses.field(default_factory=list)
@@ -154,6 +155,9 @@ def parse_line(text, number):
         elif field == "the rest":
             for item, share in zip(items, shares(len(items))):
                 item.takes_rest = share
+        elif field.startswith("contents "):
+            for item in items:
+                item.mark = field.encode()
         elif field.endswith(" in all"):
             whole = parse_size(field.removesuffix(" in all"))
             for item, share in zip(items, shares(len(items))):
@@ -212,6 +216,13 @@ def resolve(folder, date):
         raise SystemExit(f"description.txt: {folder.name.decode()} comes to {folder.total()}, not {folder.stated}")
 
 
+def mark(item, path):
+    """Lets every file of a size begin with its own path, so that no two are the same that are not said to be."""
+    item.mark = item.mark or path
+    for child in item.children:
+        mark(child, path + b"/" + child.name)
+
+
 def descendants(folder):
     for child in folder.children:
         yield child
@@ -222,6 +233,7 @@ def descendants(folder):
 def description():
     root = parse(HERE / "description.txt")
     resolve(root, USUAL_DATE)
+    mark(root, b"")
     return root
 
 
@@ -244,6 +256,7 @@ def build(item, path, scale):
             os.write(descriptor, item.content)
         elif item.size:
             os.posix_fallocate(descriptor, 0, item.allocated(scale))
+            os.write(descriptor, item.mark[:BLOCK])
     finally:
         os.close(descriptor)
     set_date(path, item.date)

@@ -480,6 +480,19 @@ class CleanupOnAMac(RootCase):
         self.assertEqual(closed, ["mail"])
 
 
+class DuplicatesOnAMac(RootCase):
+    """Files with the same contents."""
+
+    def test_OnlyFilesThatAreSaidToBeTheSameAreDuplicates(self):
+        done = self.run_cli("duplicates", "--json", HOME)
+        self.assertEqual(done.returncode, 0, done.stderr.decode())
+        groups = [sorted(os.path.basename(file["path"]) for file in group["files"])
+                  for group in json.loads(done.stdout)["groups"]]
+        self.assertEqual(groups, [["client-rushes (1).zip", "client-rushes.zip"],
+                                  ["tern-7b-q4.gguf", "tern-7b-q4.gguf"],
+                                  ["Poster A1 final copy.psd", "Poster A1 final.psd", "Poster A1.psd"]])
+
+
 class AppsOnAMac(RootCase):
     """The applications, what they keep in the Library, and what deleted ones have left there."""
 
@@ -642,7 +655,7 @@ class UninstallOnAMac(RootCase):
 def tests():
     """The tests by the names that ctest shows: Class.Rule."""
     for case in (MacRoot, CommandLineOnAMac, BreakdownOnAMac, ToolsOnAMac, LargePlacesOnAMac, CleanupOnAMac,
-                 AppsOnAMac, RemovalOnAMac, UninstallOnAMac):
+                 DuplicatesOnAMac, AppsOnAMac, RemovalOnAMac, UninstallOnAMac):
         for method in unittest.TestLoader().getTestCaseNames(case):
             yield f"{case.__name__}.{method.removeprefix('test_')}", case(method)
 

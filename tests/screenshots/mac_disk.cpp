@@ -12,6 +12,7 @@
 namespace {
 
 std::atomic<std::chrono::milliseconds> delay{};
+std::atomic<std::chrono::milliseconds> readDelay{};
 
 constexpr unsigned long blockSize = 4096;
 constexpr fsblkcnt_t capacity = 994'662'584'320 / blockSize;
@@ -29,6 +30,11 @@ void slowDownListings(std::chrono::milliseconds longer)
     delay = longer;
 }
 
+void slowDownReads(std::chrono::milliseconds longer)
+{
+    readDelay = longer;
+}
+
 } // namespace corvane
 
 // The program's own definitions are found before the C library's.
@@ -37,6 +43,12 @@ extern "C" ssize_t getdents64(int descriptor, void *buffer, size_t size) noexcep
 {
     std::this_thread::sleep_for(delay.load());
     return syscall(SYS_getdents64, descriptor, buffer, size);
+}
+
+extern "C" ssize_t pread(int descriptor, void *buffer, size_t size, off_t offset)
+{
+    std::this_thread::sleep_for(readDelay.load());
+    return syscall(SYS_pread64, descriptor, buffer, size, offset);
 }
 
 extern "C" int fstatat(int folder, const char *name, struct stat *facts, int flags) noexcept

@@ -13,4 +13,7 @@ namespace corvane {
 /// picture of a scan under way needs a disk that takes its time. Any thread.
 void slowDownListings(std::chrono::milliseconds delay);
 
+/// How long every reading of a piece of a file takes longer than it does. Any thread.
+void slowDownReads(std::chrono::milliseconds delay);
+
 } // namespace corvane

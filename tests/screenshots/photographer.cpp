@@ -42,12 +42,16 @@ void Photographer::takeAll()
     takeSelection();
     takeRemoval();
     takeDrop();
+    takeDuplicates();
     takeCleanup();
     takeEmptyFolders();
 }
 
 void Photographer::takeScanning()
 {
+    show(StorageStore::SidebarItem::duplicates);
+    take(QStringLiteral("duplicates-noscan"));
+    show(StorageStore::SidebarItem::explorer);
     take(QStringLiteral("scan-prompt"));
     slowDownListings(std::chrono::milliseconds(40));
     m_driver.click(m_driver.item(QStringLiteral("requiresScan.scan")));
@@ -138,6 +142,7 @@ void Photographer::takeEmptyFolders()
     take(QStringLiteral("explorer-empty"));
     scan("/Users/studio/Library/Application Support/com.apple.TCC");
     take(QStringLiteral("explorer-unreadable"));
+    takeNoDuplicates();
 }
 
 void Photographer::takeDrop()

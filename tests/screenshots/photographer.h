@@ -33,6 +33,9 @@ private:
     void takeOverview();
     void takeCleanup();
     void takeCleanupWithoutScan();
+    void takeDuplicates();
+    void takeDuplicatesByKeyboard();
+    void takeNoDuplicates();
     void takeUninstaller();
     void takeAppsByKeyboard();
     void takeOrphans();

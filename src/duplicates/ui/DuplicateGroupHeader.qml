@@ -103,7 +103,7 @@ Item {
     }
     FocusRing {
         anchors.fill: line
-        anchors.leftMargin: -DuplicatesMetrics.headerInset
+        anchors.leftMargin: -DuplicatesMetrics.caretRoom
         anchors.topMargin: DuplicatesMetrics.headerTop
         anchors.bottomMargin: DuplicatesMetrics.headerTop
         around: Theme.radiusControl

@@ -9,6 +9,8 @@ QtObject {
     readonly property int headerTop: 6
     readonly property int headerInset: 2
     readonly property int headerGap: 9
+    /// What a group's caret takes of the page's margin.
+    readonly property int caretRoom: 18
     readonly property int fileHeight: 44
     /// The content of a row, from the edges of its box.
     readonly property int fileInset: 15

@@ -2,15 +2,14 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Duplicates
 
-/// How far the search is. Has the keyboard while there is nothing else to work with.
-FocusScope {
+/// How far the search is. Holds the keyboard of the button that started it, which cannot be used meanwhile.
+KeyboardItem {
     id: view
 
     /// From 0 to 1.
     required property real value
     required property string text
 
-    activeFocusOnTab: true
     Accessible.role: Accessible.ProgressBar
     Accessible.name: text
 
@@ -31,10 +30,17 @@ FocusScope {
             height: DuplicatesMetrics.progressTop
         }
         SizeBar {
+            id: bar
+
             width: parent.width
             height: DuplicatesMetrics.progressHeight
             fraction: view.value
             barColor: Theme.accent
+
+            FocusRing {
+                around: bar.radius
+                visible: view.visualFocus
+            }
         }
         Item {
             width: parent.width
