@@ -52,12 +52,6 @@ std::optional<Number> numberIn(std::string_view text, Number least, Number most)
     return number;
 }
 
-/// The types that a file may have.
-bool isOfFiles(FileType type)
-{
-    return type != FileType::folder && type != FileType::small;
-}
-
 } // namespace
 
 ExitStatus LargeCommand::run(Console &console, const Host &host) const

@@ -22,9 +22,9 @@ FileList filtered(std::span<const std::shared_ptr<FileNode>> files, std::string_
     return list;
 }
 
-std::string countOf(std::span<const std::shared_ptr<FileNode>> files)
+std::string countOf(std::size_t count)
 {
-    return formatCount(static_cast<std::int64_t>(files.size()), "item", "items");
+    return formatCount(static_cast<std::int64_t>(count), "item", "items");
 }
 
 } // namespace
@@ -47,24 +47,22 @@ SearchableNames::SearchableNames(std::span<const std::shared_ptr<FileNode>> file
 
 bool SearchableNames::holds(std::size_t file, std::string_view searchableQuery) const
 {
-    const std::size_t start = file == 0 ? 0 : m_ends[file - 1];
-    return corvane::holds(std::string_view(m_names).substr(start, m_ends[file] - start), searchableQuery);
+    return corvane::holds(at(file), searchableQuery);
 }
 
 FileList largeFiles(std::span<const std::shared_ptr<FileNode>> files, const LargeFilesFilter &filter,
                     const SearchableNames &names)
 {
     return filtered(files, filter.query, names, [&](const FileNode &file) {
-        return file.size >= filter.minSize && (!filter.type || typeOf(file) == *filter.type);
+        return passes(filter, file.size, filter.type ? typeOf(file) : FileType());
     });
 }
 
 FileList oldFiles(std::span<const std::shared_ptr<FileNode>> files, const OldFilesFilter &filter, Time cutoff,
                   const SearchableNames &names)
 {
-    return filtered(files, filter.query, names, [&](const FileNode &file) {
-        return file.size >= filter.minSize && file.modified != distantPast && file.modified < cutoff;
-    });
+    return filtered(files, filter.query, names,
+                    [&](const FileNode &file) { return passes(filter, file.size, file.modified, cutoff); });
 }
 
 std::int64_t totalSize(std::span<const std::shared_ptr<FileNode>> files)
@@ -84,12 +82,22 @@ std::string ageLabel(int months)
 
 std::string largeFilesSubtitle(std::span<const std::shared_ptr<FileNode>> files)
 {
-    return countOf(files) + " · " + formatByteCount(totalSize(files));
+    return largeFilesSubtitle(files.size(), totalSize(files));
 }
 
 std::string oldFilesSubtitle(std::span<const std::shared_ptr<FileNode>> files, int months)
 {
-    return fmt::format("{} untouched for {} · {}", countOf(files), ageLabel(months), formatByteCount(totalSize(files)));
+    return oldFilesSubtitle(files.size(), totalSize(files), months);
+}
+
+std::string largeFilesSubtitle(std::size_t count, std::int64_t total)
+{
+    return countOf(count) + " · " + formatByteCount(total);
+}
+
+std::string oldFilesSubtitle(std::size_t count, std::int64_t total, int months)
+{
+    return fmt::format("{} untouched for {} · {}", countOf(count), ageLabel(months), formatByteCount(total));
 }
 
 } // namespace corvane

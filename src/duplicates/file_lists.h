@@ -35,6 +35,23 @@ struct OldFilesFilter {
     friend bool operator==(const OldFilesFilter &, const OldFilesFilter &) = default;
 };
 
+/// Whether a file passes, whatever its name.
+[[nodiscard]] inline bool passes(const LargeFilesFilter &filter, std::int64_t size, FileType type)
+{
+    return size >= filter.minSize && (!filter.type || type == *filter.type);
+}
+/// The same for one last modified before `cutoff`; a file of unknown date never passes.
+[[nodiscard]] inline bool passes(const OldFilesFilter &filter, std::int64_t size, Time modified, Time cutoff)
+{
+    return size >= filter.minSize && modified != distantPast && modified < cutoff;
+}
+
+/// Whether the type is one that a file may have; the others only label what is no single file.
+[[nodiscard]] constexpr bool isOfFiles(FileType type)
+{
+    return type != FileType::folder && type != FileType::small;
+}
+
 /// The node's type as the lists show and filter it: a folder is a folder, a package what its own extension says.
 [[nodiscard]] FileType typeOf(const FileNode &node);
 
@@ -48,6 +65,13 @@ public:
     /// Whether the name of the file at that place in the list holds the query.
     [[nodiscard]] bool holds(std::size_t file, std::string_view searchableQuery) const;
 
+    /// The name, `searchable`, of the file at that place in the list.
+    [[nodiscard]] std::string_view at(std::size_t file) const
+    {
+        const std::size_t start = file == 0 ? 0 : m_ends[file - 1];
+        return std::string_view(m_names).substr(start, m_ends[file] - start);
+    }
+
     [[nodiscard]] Casing casing() const { return m_casing; }
 
 private:
@@ -59,7 +83,7 @@ private:
 /// The files that pass, in the order given. `names` are those of `files`; they are not looked at without a query.
 [[nodiscard]] FileList largeFiles(std::span<const std::shared_ptr<FileNode>> files, const LargeFilesFilter &filter,
                                   const SearchableNames &names);
-/// The same of those last modified before `cutoff`; a file of unknown date never passes.
+/// The same of those last modified before `cutoff`.
 [[nodiscard]] FileList oldFiles(std::span<const std::shared_ptr<FileNode>> files, const OldFilesFilter &filter,
                                 Time cutoff, const SearchableNames &names);
 
@@ -72,5 +96,8 @@ private:
 /// What stands below the titles: how many files, which, and what they come to.
 [[nodiscard]] std::string largeFilesSubtitle(std::span<const std::shared_ptr<FileNode>> files);
 [[nodiscard]] std::string oldFilesSubtitle(std::span<const std::shared_ptr<FileNode>> files, int months);
+/// The same of so many files that come to so many bytes.
+[[nodiscard]] std::string largeFilesSubtitle(std::size_t count, std::int64_t total);
+[[nodiscard]] std::string oldFilesSubtitle(std::size_t count, std::int64_t total, int months);
 
 } // namespace corvane

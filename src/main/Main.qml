@@ -4,6 +4,7 @@ import Corvane.Window
 import Corvane.Disk
 import Corvane.Map
 import Corvane.Apps
+import Corvane.Lists
 import Corvane.Duplicates
 import Corvane.Cleanup
 import Corvane.Overview
@@ -52,6 +53,24 @@ MainWindow {
             item: Store.SidebarItem.uninstaller
 
             UninstallerScreen {
+                toolbar: Component {
+                    ScanToolbar {}
+                }
+            }
+        }
+        WindowScreen {
+            item: Store.SidebarItem.large
+
+            LargeFilesScreen {
+                toolbar: Component {
+                    ScanToolbar {}
+                }
+            }
+        }
+        WindowScreen {
+            item: Store.SidebarItem.old
+
+            OldFilesScreen {
                 toolbar: Component {
                     ScanToolbar {}
                 }

@@ -144,6 +144,20 @@ TEST_F(ListKeysTest, EachKeySaysWhatIsWantedOfTheCurrentRow)
     EXPECT_TRUE(moves.empty());
 }
 
+TEST_F(ListKeysTest, ShiftWithAKeyThatMovesReachesThere)
+{
+    std::vector<int> reached;
+    EXPECT_EQ(after(Qt::Key_Down, 1, Qt::ShiftModifier), -2) << "nobody listens";
+    QObject::connect(&keys, &ListKeys::extendWanted, [&](int row) { reached.push_back(row); });
+    EXPECT_EQ(after(Qt::Key_Down, 1, Qt::ShiftModifier), -1);
+    EXPECT_EQ(after(Qt::Key_Home, 4, Qt::ShiftModifier), -1);
+    EXPECT_EQ(after(Qt::Key_PageDown, 1, Qt::ShiftModifier), -1);
+    EXPECT_THAT(reached, testing::ElementsAre(3, 1, 3));
+    EXPECT_EQ(after(Qt::Key_Left, 1, Qt::ShiftModifier), -2);
+    keys.setProperty("navigates", false);
+    EXPECT_EQ(after(Qt::Key_Down, 1, Qt::ShiftModifier), -2);
+}
+
 TEST_F(ListKeysTest, ABarOfOneLineLeavesTheArrowsToItsOwner)
 {
     keys.setProperty("navigates", false);

@@ -93,6 +93,12 @@ void StorageStore::showInMap(const std::shared_ptr<FileNode> &node)
     setSidebar(SidebarItem::explorer);
 }
 
+void StorageStore::showLargeFiles(std::optional<FileType> type)
+{
+    m_largeFilesType = type;
+    setSidebar(SidebarItem::large);
+}
+
 // --- The system
 
 void StorageStore::probeAccess()

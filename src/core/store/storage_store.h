@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <QElapsedTimer>
@@ -18,6 +19,7 @@
 #include "apps/app_inventory.h"
 #include "cleanup/cleanup_catalog.h"
 #include "core/file_node.h"
+#include "core/file_type.h"
 #include "core/installed_tree.h"
 #include "core/path_guard.h"
 #include "core/removal.h"
@@ -100,6 +102,10 @@ public:
     void openParent();
     /// Opens a node of the current tree and shows the explorer's screen.
     void showInMap(const std::shared_ptr<FileNode> &node);
+    /// Shows the large files, those of one type where one is given.
+    void showLargeFiles(std::optional<FileType> type);
+    /// The type that `showLargeFiles` was given, once: for the screen that is made to show it.
+    [[nodiscard]] std::optional<FileType> takeLargeFilesType() { return std::exchange(m_largeFilesType, std::nullopt); }
 
     // --- The tree of the last scan: treeChanged, and revisionChanged where the tree itself is another
     [[nodiscard]] const std::shared_ptr<FileNode> &root() const { return m_tree.root(); }
@@ -250,6 +256,8 @@ public:
                    const std::vector<std::shared_ptr<FileNode>> &remains = {});
 
     // --- The system
+    /// The moment that ages are counted from.
+    [[nodiscard]] Time now() const { return m_timing.now(); }
     [[nodiscard]] const VolumeInfo &volume() const { return m_volume; } // volumeChanged
     [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
     [[nodiscard]] const Host &host() const { return m_host; }
@@ -347,6 +355,7 @@ private:
     bool m_isClosing = false;
 
     SidebarItem m_sidebar = SidebarItem::overview;
+    std::optional<FileType> m_largeFilesType;
     std::shared_ptr<FileNode> m_currentFolder;
 
     InstalledTree m_tree;

@@ -21,50 +21,24 @@ OverviewBox {
         title: card.presenter.scannedFigures
         Accessible.name: value + ", " + title
     }
-    StatView {
+    StatLink {
         id: large
 
+        objectName: "overview.largeFiles"
         anchors.left: scanned.right
         anchors.top: scanned.top
         width: Math.round(card.share + card.padding)
-        ruled: true
         value: card.presenter.largeFiles
         title: qsTr("Files over 100 MB")
+        onClicked: card.presenter.openLargeFiles()
     }
-    ButtonBase {
-        id: junk
-
+    StatLink {
         objectName: "overview.projectJunk"
         anchors.left: large.right
         anchors.right: parent.right
         anchors.top: scanned.top
-        height: scanned.height
-        text: figure.Accessible.name
+        value: card.presenter.projectJunk
+        title: qsTr("Project junk")
         onClicked: card.presenter.openCleanup()
-
-        background: Rectangle {
-            radius: Theme.radiusBox - Theme.hairlineWidth
-            color: junk.hovered ? Theme.fillq : Theme.withAlpha(Theme.fillq, 0)
-        }
-
-        StatView {
-            id: figure
-
-            width: parent.width
-            ruled: true
-            value: card.presenter.projectJunk
-            title: qsTr("Project junk")
-            Accessible.ignored: true
-        }
-        // Tells it from the figure beside it, which leads nowhere.
-        Icon {
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.boxPadding
-            anchors.verticalCenter: parent.verticalCenter
-            name: "caret-right"
-            weight: "bold"
-            color: junk.hovered ? Theme.t2 : Theme.t3
-            size: Theme.caretSize
-        }
     }
 }

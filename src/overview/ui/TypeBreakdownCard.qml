@@ -31,56 +31,26 @@ OverviewBox {
         parts: card.presenter.typeParts
         Accessible.ignored: true
     }
-    Column {
+    AppList {
         id: rows
 
+        objectName: "overview.types"
         x: Theme.boxPadding
         anchors.top: bar.bottom
         anchors.topMargin: Theme.space8
         width: parent.width - 2 * x
+        height: view.count * rowHeight
+        Accessible.name: head.title
+        rowHeight: OverviewMetrics.typeRowHeight
+        view.interactive: false
+        keys.onOpenWanted: row => card.presenter.openType(row)
 
-        Repeater {
-            model: card.presenter.types
-
-            delegate: Item {
-                id: row
-
-                required property string title
-                required property string sizeText
-                required property color color
-                required property string description
-
-                width: rows.width
-                height: OverviewMetrics.typeRowHeight
-                Accessible.role: Accessible.StaticText
-                Accessible.name: description
-
-                Swatch {
-                    id: swatch
-
-                    anchors.verticalCenter: parent.verticalCenter
-                    color: row.color
-                }
-                PlainText {
-                    anchors.left: swatch.right
-                    anchors.right: size.left
-                    anchors.leftMargin: Theme.space8
-                    anchors.rightMargin: Theme.space8
-                    height: parent.height
-                    text: row.title
-                    Accessible.ignored: true
-                }
-                PlainText {
-                    id: size
-
-                    anchors.right: parent.right
-                    height: parent.height
-                    text: row.sizeText
-                    font: Theme.bodyFiguresFont
-                    elide: Text.ElideNone
-                    Accessible.ignored: true
-                }
-            }
+        model: card.presenter.types
+        delegate: TypeRow {
+            width: rows.width
+            ringed: ListView.isCurrentItem && rows.visualFocus
+            onPressed: rows.point(index)
+            onActivated: card.presenter.openType(index)
         }
     }
 }

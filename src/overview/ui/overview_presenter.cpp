@@ -10,6 +10,7 @@
 #include "core/scan_words.h"
 #include "core/store/followed_store.h"
 #include "core/store/qt_words.h"
+#include "duplicates/file_lists.h"
 #include "map/treemap_builder.h"
 #include "shell/ui/cleanup_words.h"
 #include "shell/ui/file_icons.h"
@@ -148,7 +149,11 @@ void OverviewPresenter::followTree()
             part.color = toQColor(slice.type.color());
             part.size = slice.size;
             m_typeParts << part;
-            types.push_back({.id = part.id, .title = part.title, .sizeText = part.info, .color = part.color});
+            types.push_back({.id = part.id,
+                             .title = part.title,
+                             .sizeText = part.info,
+                             .color = part.color,
+                             .leads = isOfFiles(slice.type)});
         }
     }
     m_types.setRows(std::move(types));
@@ -228,6 +233,18 @@ QString OverviewPresenter::topTitle() const
 QString OverviewPresenter::topFigures() const
 {
     return hasScan() ? sizeText(root()->size) : QString();
+}
+
+void OverviewPresenter::openLargeFiles()
+{
+    if (m_store)
+        m_store->showLargeFiles(std::nullopt);
+}
+
+void OverviewPresenter::openType(int row)
+{
+    if (m_store && row >= 0 && static_cast<std::size_t>(row) < m_store->typeBreakdown().size())
+        m_store->showLargeFiles(m_store->typeBreakdown()[static_cast<std::size_t>(row)].type);
 }
 
 void OverviewPresenter::openTopItem(int row)

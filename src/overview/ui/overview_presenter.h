@@ -92,6 +92,9 @@ public:
     [[nodiscard]] bool isMeasuring() const;
     [[nodiscard]] OverviewRowsModel *quickWins() { return &m_quickWins; }
 
+    Q_INVOKABLE void openLargeFiles();
+    /// Shows the large files of a type.
+    Q_INVOKABLE void openType(int row);
     /// Shows one of the biggest items in the map; a file in its folder.
     Q_INVOKABLE void openTopItem(int row);
     /// Selects one of the biggest items for removal; says why where that is refused.

@@ -39,6 +39,8 @@ QVariant OverviewRowsModel::data(const QModelIndex &index, int role) const
         return row.fraction;
     case ElideRole:
         return row.elideMode;
+    case LeadsRole:
+        return row.leads;
     case DescriptionRole:
     case Qt::AccessibleTextRole: {
         const QString figures = row.title + QStringLiteral(", ") + row.sizeText;
@@ -49,13 +51,19 @@ QVariant OverviewRowsModel::data(const QModelIndex &index, int role) const
     }
 }
 
+Qt::ItemFlags OverviewRowsModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags flags = RowListModel::flags(index);
+    const bool leads = index.isValid() && m_rows[static_cast<std::size_t>(index.row())].leads;
+    return leads ? flags : flags & ~Qt::ItemFlags(Qt::ItemIsEnabled);
+}
+
 QHash<int, QByteArray> OverviewRowsModel::roleNames() const
 {
-    return {{TitleRole, "title"},         {SizeTextRole, "sizeText"},
-            {CountTextRole, "countText"}, {SymbolRole, "symbol"},
-            {IconKeyRole, "iconKey"},     {ColorRole, "color"},
-            {TintRole, "tint"},           {FractionRole, "fraction"},
-            {ElideRole, "elideMode"},     {DescriptionRole, "description"}};
+    return {{TitleRole, "title"},   {SizeTextRole, "sizeText"},      {CountTextRole, "countText"},
+            {SymbolRole, "symbol"}, {IconKeyRole, "iconKey"},        {ColorRole, "color"},
+            {TintRole, "tint"},     {FractionRole, "fraction"},      {ElideRole, "elideMode"},
+            {LeadsRole, "leads"},   {DescriptionRole, "description"}};
 }
 
 } // namespace corvane

@@ -21,6 +21,7 @@ struct OverviewRow {
     int tint = 0;        ///< the place of its colour among the catalogue's
     double fraction = 0; ///< of the largest row, from 0 to 1
     int elideMode = Qt::ElideRight;
+    bool leads = true; ///< somewhere; else the row is no stop of the keyboard
 
     friend bool operator==(const OverviewRow &, const OverviewRow &) = default;
 };
@@ -41,7 +42,8 @@ public:
         ColorRole,
         TintRole,
         FractionRole,
-        ElideRole,       ///< Qt::TextElideMode
+        ElideRole, ///< Qt::TextElideMode
+        LeadsRole,
         DescriptionRole, ///< the row in words
     };
     Q_ENUM(Role)
@@ -53,6 +55,7 @@ public:
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 private:

@@ -66,7 +66,7 @@ bool ListKeys::handleCommand(const QKeyEvent &event)
     if (modifiers == Qt::ControlModifier)
         return event.key() == Qt::Key_A && sendForAll(&ListKeys::selectAllWanted);
     if (modifiers == Qt::ShiftModifier)
-        return event.key() == Qt::Key_F10 && send(&ListKeys::menuWanted);
+        return event.key() == Qt::Key_F10 ? send(&ListKeys::menuWanted) : extendTo(rowAfterKey(event.key()));
     if (modifiers != Qt::NoModifier)
         return false;
     switch (event.key()) {
@@ -101,6 +101,14 @@ bool ListKeys::moveTo(int row)
     if (row >= 0)
         emit moved(row);
     return row >= 0;
+}
+
+bool ListKeys::extendTo(int row)
+{
+    if (row < 0 || !m_navigates || !isSignalConnected(QMetaMethod::fromSignal(&ListKeys::extendWanted)))
+        return false;
+    emit extendWanted(row);
+    return true;
 }
 
 bool ListKeys::isStop(int row) const

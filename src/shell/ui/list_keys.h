@@ -13,9 +13,10 @@ class QKeyEvent;
 namespace corvane {
 
 /// The keys of a list, the same in each: arrows, Page Up and Down, Home and End move, typing finds, Space toggles,
-/// Delete selects, Ctrl+A selects all, Return opens, Backspace goes up, the menu key asks for the menu. Looks at the
-/// key presses that reach the item `target`; a key whose signal nobody listens to goes on to where it would go
-/// without. Rows whose model's flags lack Qt::ItemIsEnabled are no stops. Main thread only.
+/// Delete selects, Ctrl+A selects all, Shift with those that move extends, Return opens, Backspace goes up, the menu
+/// key asks for the menu. Looks at the key presses that reach the item `target`; a key whose signal nobody listens to
+/// goes on to where it would go without. Rows whose model's flags lack Qt::ItemIsEnabled are no stops. Main thread
+/// only.
 class ListKeys : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -50,6 +51,8 @@ signals:
 
     /// The keyboard goes to that row, which may be the one that it is at.
     void moved(int row);
+    /// The same with Shift held: what lies between is meant too.
+    void extendWanted(int row);
     void openWanted(int row);
     void toggleWanted(int row);
     void selectWanted(int row);
@@ -65,6 +68,7 @@ private:
     [[nodiscard]] bool handleCommand(const QKeyEvent &event);
     [[nodiscard]] bool handleTyping(const QKeyEvent &event);
     [[nodiscard]] bool moveTo(int row);
+    [[nodiscard]] bool extendTo(int row);
     /// The row that a navigation key leads to; -1 for other keys.
     [[nodiscard]] int rowAfterKey(int key) const;
     /// The first stop from a row on, in steps of 1 or -1; -1 when there is none.

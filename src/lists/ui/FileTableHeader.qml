@@ -1,0 +1,63 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Lists
+
+/// The titles of the columns: each sorts, and the edge at its right resizes.
+Rectangle {
+    id: header
+
+    required property FileTableColumns columns
+    required property FileTableModel files
+
+    implicitHeight: Theme.tableHeaderHeight
+    color: Theme.surface
+
+    Row {
+        x: Theme.pageMargin + Theme.checkCellWidth
+        height: parent.height - Theme.hairlineWidth
+
+        ColumnTitle {
+            text: qsTr("Name")
+            column: FileTableColumns.Name
+            width: header.columns.nameWidth
+            columns: header.columns
+            files: header.files
+        }
+        ColumnTitle {
+            text: qsTr("Size")
+            column: FileTableColumns.Size
+            width: header.columns.sizeWidth
+            columns: header.columns
+            files: header.files
+            figures: true
+        }
+        ColumnTitle {
+            text: qsTr("Kind")
+            column: FileTableColumns.Kind
+            width: header.columns.kindWidth
+            columns: header.columns
+            files: header.files
+        }
+        ColumnTitle {
+            text: qsTr("Modified")
+            column: FileTableColumns.Modified
+            width: header.columns.modifiedWidth
+            columns: header.columns
+            files: header.files
+        }
+        ColumnTitle {
+            text: qsTr("Location")
+            column: FileTableColumns.Location
+            width: header.columns.locationWidth
+            columns: header.columns
+            files: header.files
+            resizable: false
+        }
+    }
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: Theme.hairlineWidth
+        color: Theme.hairline
+    }
+}

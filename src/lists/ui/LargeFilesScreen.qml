@@ -1,0 +1,36 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Lists
+
+/// The files above a chosen size.
+FileListScreen {
+    id: screen
+
+    readonly property LargeFilesPresenter largeFiles: LargeFilesPresenter {
+        store: Store
+    }
+
+    presenter: largeFiles
+    title: qsTr("Large Files")
+    symbol: "scalemass"
+    emptySymbol: "checkmark.seal"
+    emptyTitle: qsTr("No files match")
+    emptyMessage: qsTr("Try a smaller minimum size or a different type.")
+
+    FilterChoice {
+        label: qsTr("Minimum size")
+        buttonName: "lists.minimumSize"
+        choiceWidth: ListsMetrics.sizeChoiceWidth
+        choices: screen.largeFiles.sizes
+        chosen: screen.largeFiles.sizeIndex
+        onActivated: index => screen.largeFiles.sizeIndex = index
+    }
+    FilterChoice {
+        label: qsTr("Type")
+        buttonName: "lists.type"
+        choiceWidth: ListsMetrics.typeChoiceWidth
+        choices: screen.largeFiles.types
+        chosen: screen.largeFiles.typeIndex
+        onActivated: index => screen.largeFiles.typeIndex = index
+    }
+}

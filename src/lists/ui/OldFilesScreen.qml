@@ -1,0 +1,36 @@
+import QtQuick
+import Corvane.Shell
+import Corvane.Lists
+
+/// The files above a chosen size that were not modified for a chosen time.
+FileListScreen {
+    id: screen
+
+    readonly property OldFilesPresenter oldFiles: OldFilesPresenter {
+        store: Store
+    }
+
+    presenter: oldFiles
+    title: qsTr("Old Files")
+    symbol: "clock.arrow.circlepath"
+    emptySymbol: "leaf"
+    emptyTitle: qsTr("Nothing stale here")
+    emptyMessage: qsTr("No files of that size have gone untouched that long.")
+
+    FilterChoice {
+        label: qsTr("Untouched for")
+        buttonName: "lists.age"
+        choiceWidth: ListsMetrics.ageChoiceWidth
+        choices: screen.oldFiles.ages
+        chosen: screen.oldFiles.ageIndex
+        onActivated: index => screen.oldFiles.ageIndex = index
+    }
+    FilterChoice {
+        label: qsTr("Minimum size")
+        buttonName: "lists.minimumSize"
+        choiceWidth: ListsMetrics.sizeChoiceWidth
+        choices: screen.oldFiles.sizes
+        chosen: screen.oldFiles.sizeIndex
+        onActivated: index => screen.oldFiles.sizeIndex = index
+    }
+}

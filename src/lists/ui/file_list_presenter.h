@@ -1,0 +1,98 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "lists/ui/file_table_model.h"
+
+namespace corvane {
+
+class FileCatalog;
+
+/// What a screen that lists files shows: which pass its filters, and the words above them. Each kind of list says what
+/// its filters are. Made anew with the screen, its filters begin with their defaults. Main thread only.
+class FileListPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("A base of presenters")
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY filterChanged)
+    Q_PROPERTY(QStringList sizes READ sizes CONSTANT)
+    Q_PROPERTY(int sizeIndex READ sizeIndex WRITE setSizeIndex NOTIFY filterChanged)
+    Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
+    Q_PROPERTY(bool preparing READ isPreparing NOTIFY changed)
+    Q_PROPERTY(bool empty READ isEmpty NOTIFY changed)
+    Q_PROPERTY(bool allSelected READ isAllSelected NOTIFY changed)
+    Q_PROPERTY(QString selectAllText READ selectAllText NOTIFY changed)
+    Q_PROPERTY(corvane::FileTableModel *files READ files CONSTANT)
+
+public:
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] virtual QString query() const = 0;
+    void setQuery(const QString &query);
+    /// The labels of the minimum sizes.
+    [[nodiscard]] QStringList sizes() const;
+    [[nodiscard]] int sizeIndex() const;
+    void setSizeIndex(int index);
+
+    /// Empty as long as nothing is known.
+    [[nodiscard]] QString subtitle() const;
+    /// Files of a new tree are not ready yet.
+    [[nodiscard]] bool isPreparing() const;
+    /// No file passes.
+    [[nodiscard]] bool isEmpty() const;
+    [[nodiscard]] bool isAllSelected() const { return m_isAllSelected; }
+    [[nodiscard]] QString selectAllText() const;
+    [[nodiscard]] FileTableModel *files() { return &m_files; }
+
+    /// Selects every file listed, or takes all out of the selection where all are in it.
+    Q_INVOKABLE void toggleAll();
+
+signals:
+    void storeChanged();
+    void filterChanged();
+    void changed();
+
+protected:
+    struct SizeChoice {
+        const char *label;
+        std::int64_t bytes;
+    };
+
+    /// `sizes` must outlive the presenter.
+    FileListPresenter(std::span<const SizeChoice> sizes, QObject *parent);
+
+    [[nodiscard]] virtual std::int64_t minSize() const = 0;
+    virtual void changeMinSize(std::int64_t size) = 0;
+    virtual void changeQuery(std::string query) = 0;
+    [[nodiscard]] virtual FileRows list(const ListedFiles &files, FileSort sort) = 0;
+    [[nodiscard]] virtual std::string subtitleOf(std::size_t count, std::int64_t total) const = 0;
+    /// The store is there for the first time.
+    virtual void begin(StorageStore &) {}
+
+    /// The filter has changed.
+    void refilter();
+
+private:
+    void followFiles();
+    void followSelection();
+
+    const std::span<const SizeChoice> m_sizes;
+    QPointer<StorageStore> m_store;
+    QPointer<FileCatalog> m_catalog;
+    FileTableModel m_files;
+    std::int64_t m_total = 0;
+    bool m_isAllSelected = false;
+};
+
+} // namespace corvane
