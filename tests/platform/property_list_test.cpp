@@ -126,6 +126,17 @@ TEST(PropertyList, LevelsCannotBeHidden)
     EXPECT_FALSE(PropertyList::parse("<!DOCTYPE plist [<!ENTITY a \"b\">]><plist><true/></plist>"));
 }
 
+TEST(PropertyList, AnArrayOfManyItemsIsReadWithoutWalkingToEachOfThem)
+{
+    constexpr std::size_t count = 900'000;
+    const std::string array = "\xaf\x12" + bigEndian(count, 4) + std::string(count - 1, '\x01') + "\x02";
+    const auto list = PropertyList::parse(binary({array, "\x09", "\x51z"}));
+    ASSERT_TRUE(list);
+    ASSERT_EQ(list->array()->size(), count);
+    EXPECT_EQ(list->array()->front().boolean(), true);
+    EXPECT_EQ(*list->array()->back().string(), "z");
+}
+
 TEST(PropertyList, SharedReferencesThatMultiplyAreAbsent)
 {
     EXPECT_TRUE(PropertyList::parse(nested(3, 14)));

@@ -26,9 +26,17 @@ PropertyList convert(plist_t node);
 PropertyList convertArray(plist_t node)
 {
     PropertyList::Array values;
-    const std::uint32_t count = plist_array_get_size(node);
-    for (std::uint32_t i = 0; i < count; ++i)
-        values.push_back(convert(plist_array_get_item(node, i)));
+    // Asked for an item by its place, the library walks there from the first one.
+    plist_array_iter iterator = nullptr;
+    plist_array_new_iter(node, &iterator);
+    const std::unique_ptr<void, FreeMemory> ownedIterator(iterator);
+    while (true) {
+        plist_t value = nullptr;
+        plist_array_next_item(node, iterator, &value);
+        if (value == nullptr)
+            break;
+        values.push_back(convert(value));
+    }
     return PropertyList(std::move(values));
 }
 
