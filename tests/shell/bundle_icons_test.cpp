@@ -101,6 +101,16 @@ TEST_F(BundleIconsTest, APictureWithAPaletteKeepsItsColorAtEverySize)
         ASSERT_EQ(scaled.pixelColor(x, 18), ownColor) << x;
 }
 
+TEST_F(BundleIconsTest, TheTextsThatAPictureCarriesAreNotRead)
+{
+    QImage picture = plain(ownColor);
+    picture.setText("Comment", QString(100'000, u'x')); // stored as a few bytes
+    ASSERT_LT(icnsOf(picture).size(), 10'000u);
+    addBundle("<string>Kite.icns</string>", "Kite.icns", picture);
+    EXPECT_TRUE(isOwn());
+    EXPECT_TRUE(provider.requestImage(bundleIconKey(folder / "Kite.app"), nullptr, {}).textKeys().isEmpty());
+}
+
 TEST_F(BundleIconsTest, TheNameOfTheIconNeedsNoExtension)
 {
     addBundle("<string>Kite</string>");

@@ -49,6 +49,33 @@ TEST(Icns, OfTwoOfOneSizeTheFirstIsTaken)
     EXPECT_EQ(findPng(file, 256), png(128, 128, "first"));
 }
 
+/// A part of a PNG.
+std::string chunk(const std::string &type, const std::string &contents)
+{
+    return number(contents.size()) + type + contents + "sum.";
+}
+
+TEST(Icns, OfAPictureOnlyThePixelsAreKept)
+{
+    const std::string mark = "\x89PNG\r\n\x1a\n";
+    const std::string head = mark + chunk("IHDR", std::string(13, '\1')) + chunk("PLTE", "colors") + chunk("tRNS", "t");
+    const std::string tail = chunk("IDAT", "pixels") + chunk("IDAT", "") + chunk("IEND", "");
+    EXPECT_EQ(
+        pixelsAlone(head + chunk("zTXt", "a") + chunk("iTXt", "") + chunk("iCCP", "b") + tail + chunk("tEXt", "c")),
+        head + tail);
+    EXPECT_EQ(pixelsAlone(head + tail), head + tail);
+}
+
+TEST(Icns, OfAPictureThatIsCutOffThereIsWhatIsWhole)
+{
+    const std::string mark = "\x89PNG\r\n\x1a\n";
+    const std::string whole = mark + chunk("IDAT", "pixels");
+    EXPECT_EQ(pixelsAlone(whole + chunk("IDAT", "more").substr(0, 15)), whole);
+    EXPECT_EQ(pixelsAlone(whole + number(0xffff'ffff) + "zTXt" + std::string(100, 'x')), whole);
+    EXPECT_EQ(pixelsAlone(mark.substr(0, 3)), mark.substr(0, 3));
+    EXPECT_EQ(pixelsAlone({}), "");
+}
+
 TEST(Icns, OtherEntriesAreReadOver)
 {
     const std::string file =

@@ -1,5 +1,7 @@
 #include "shell/ui/icns.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -14,6 +16,10 @@ constexpr std::size_t headSize = 8; // of the file and of every entry
 constexpr std::size_t widthAt = 16; // in a PNG
 constexpr std::size_t heightAt = 20;
 constexpr std::uint32_t largestIcon = 1024; // pixels
+
+constexpr std::size_t pngMarkSize = 8;
+constexpr std::size_t chunkFrameSize = 12; // of a PNG: the length and the type before the contents, a checksum after
+constexpr std::array pixelChunks{"IHDR"sv, "PLTE"sv, "tRNS"sv, "IDAT"sv, "IEND"sv};
 
 /// The number at a position; the caller has checked that there are four bytes.
 std::uint32_t numberAt(std::string_view bytes, std::size_t position)
@@ -63,6 +69,22 @@ std::string_view findPng(std::string_view icns, int pixels)
         }
     }
     return best;
+}
+
+std::string pixelsAlone(std::string_view png)
+{
+    std::string pixels(png.substr(0, pngMarkSize));
+    std::string_view left = png.substr(pixels.size());
+    while (left.size() >= chunkFrameSize) {
+        const std::size_t length = numberAt(left, 0);
+        if (length > left.size() - chunkFrameSize)
+            break;
+        const std::string_view chunk = left.substr(0, chunkFrameSize + length);
+        left.remove_prefix(chunk.size());
+        if (std::ranges::find(pixelChunks, chunk.substr(4, 4)) != pixelChunks.end())
+            pixels += chunk;
+    }
+    return pixels;
 }
 
 } // namespace corvane

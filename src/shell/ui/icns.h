@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace corvane {
@@ -12,5 +13,9 @@ namespace corvane {
 /// eight bytes, the picture. Lengths are of 32 bits, the highest byte first. Whatever the bytes are, none outside of
 /// them is read.
 [[nodiscard]] std::string_view findPng(std::string_view icns, int pixels);
+
+/// The same PNG with nothing but what its pixels are made of. Texts, which a picture may carry by the thousand, unfold
+/// to megabytes each when the picture is read. Ends where the bytes are no PNG any more. Any thread.
+[[nodiscard]] std::string pixelsAlone(std::string_view png);
 
 } // namespace corvane

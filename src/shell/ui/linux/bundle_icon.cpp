@@ -43,7 +43,7 @@ QImage systemBundleIcon(const std::string &path, int pixels)
     if (name.empty())
         return {};
     const std::string icns = contents(path + "/Contents/Resources/" + name, largestPicture);
-    const std::string_view png = findPng(icns, pixels);
+    const std::string png = pixelsAlone(findPng(icns, pixels));
     const QImage picture =
         QImage::fromData(reinterpret_cast<const uchar *>(png.data()), static_cast<int>(png.size()), "PNG");
     // Scaling a picture that has a palette gives another palette, with patterns of points for the colours it lacks.
