@@ -43,6 +43,15 @@ const std::string support = "Application Support/com.signaldeck.desktop";
 const std::string caches = "Caches/com.signaldeck.desktop";
 const std::string named = "Application Support/Signal Deck";
 
+TEST_F(AppLeftoversModelTest, AnIdentifierWithoutEndIsCutOff)
+{
+    InstalledApp app = addSignalDeck();
+    app.bundleID = std::string(4'000'000, 'x');
+    model.show(app);
+    EXPECT_EQ(text(0, Model::NoteRole),
+              QStringLiteral("Matched by the app's ID (%1…), so these belong to it.").arg(QString(255, u'x')));
+}
+
 TEST_F(AppLeftoversModelTest, TheSectionsSayWhatTheyAreWhyAndWhatTheyComeTo)
 {
     model.show(addSignalDeck());

@@ -49,6 +49,22 @@ std::vector<std::string> names(const std::vector<InstalledApp> &apps, AppSort so
     return result;
 }
 
+// --- What a bundle says of itself
+
+TEST(BundleText, WhatIsLongerThanAnybodyReadsIsCutOff)
+{
+    EXPECT_EQ(bundleText("5.4.1"), QStringLiteral("5.4.1"));
+    EXPECT_EQ(bundleText(std::string(255, 'x')), QString(255, u'x'));
+    EXPECT_EQ(bundleText(std::string(4'000'000, 'x')), QString(255, u'x') + u'…');
+    EXPECT_EQ(bundleText("\x1b" + std::string(300, 'x')), QStringLiteral("␛") + QString(254, u'x') + u'…');
+}
+
+TEST(BundleText, NoCharacterIsCutThrough)
+{
+    EXPECT_EQ(bundleText(std::string(254, 'x') + "é and more"), QString(254, u'x') + u'…');
+    EXPECT_EQ(bundleText(std::string(300, '\x80')), u'…');
+}
+
 // --- The label of what has not been opened for long
 
 TEST(AppRow, BelowAYearTheLabelCountsMonths)

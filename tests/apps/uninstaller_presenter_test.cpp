@@ -192,6 +192,14 @@ TEST_F(UninstallerPresenterTest, TheHeaderTellsWhatIsKnown)
     EXPECT_EQ(app().total(), QStringLiteral("7.14 GB"));
 }
 
+TEST_F(UninstallerPresenterTest, AVersionWithoutEndIsCutOff)
+{
+    addSignalDeck().version = std::string(4'000'000, '1');
+    open();
+    choose(QStringLiteral("Signal Deck"));
+    EXPECT_EQ(app().facts(), QStringLiteral("Version ") + QString(255, u'1') + u'…');
+}
+
 TEST_F(UninstallerPresenterTest, WhatIsNotKnownIsLeftOutOfTheHeader)
 {
     addApp("Kite", 5'000'000);

@@ -93,7 +93,7 @@ QString AppDetailPresenter::facts() const
         return {};
     QStringList facts;
     if (!m_app->version.empty())
-        facts << QStringLiteral("Version ") + displayText(m_app->version);
+        facts << QStringLiteral("Version ") + bundleText(m_app->version);
     if (m_app->isAppStore)
         facts << QStringLiteral("App Store");
     if (m_app->lastUsed)

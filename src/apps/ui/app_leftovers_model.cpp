@@ -4,6 +4,7 @@
 
 #include <QLocale>
 
+#include "apps/ui/app_row.h"
 #include "core/checked_add.h"
 #include "core/store/qt_words.h"
 
@@ -71,7 +72,7 @@ void AppLeftoversModel::installRowsOf(const InstalledApp &app)
     const QString certain = QStringLiteral("Leftovers in your Library");
     std::vector<LeftoverRow> rows;
     addSection(rows, app, Match::exact, certain,
-               QStringLiteral("Matched by the app's ID (%1), so these belong to it.").arg(displayText(app.bundleID)));
+               QStringLiteral("Matched by the app's ID (%1), so these belong to it.").arg(bundleText(app.bundleID)));
     addSection(rows, app, Match::name, QStringLiteral("Possible matches"),
                QStringLiteral("Folders with the same name as the app. Probably its data, but check before removing."));
     if (rows.empty()) {

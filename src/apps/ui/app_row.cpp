@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::array allAppSorts{AppSort::name, AppSort::lastUsed, AppSort::size};
 constexpr int monthsOfYear = 12;
+constexpr std::size_t longestBundleText = 255; // bytes, as of a file's name
 
 AppRow makeRow(const InstalledApp &app, Time now, const Calendar &calendar)
 {
@@ -67,6 +68,16 @@ QString sizesText(const InstalledApp &app)
 {
     const QString own = QStringLiteral("app ") + sizeText(app.appSize);
     return app.leftovers.empty() ? own : own + QStringLiteral(" + data ") + sizeText(dataSize(app));
+}
+
+QString bundleText(std::string_view text)
+{
+    if (text.size() <= longestBundleText)
+        return displayText(text);
+    std::size_t end = longestBundleText;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) // within a character
+        --end;
+    return displayText(text.substr(0, end)) + QStringLiteral("…");
 }
 
 // --- One row

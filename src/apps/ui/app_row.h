@@ -35,6 +35,10 @@ enum class AppSort : std::uint8_t {
 /// "app 740 MB + data 8.66 GB"; without data "app 740 MB".
 [[nodiscard]] QString sizesText(const InstalledApp &app);
 
+/// A text that a bundle gives of itself, as far as anybody reads: at most 255 bytes of it. It may be of megabytes, on
+/// whose lines a screen would work for minutes; no identifier that names a file is longer.
+[[nodiscard]] QString bundleText(std::string_view text);
+
 /// One row of the list: an application, or the entry for what deleted ones have left. Its words and figures are made
 /// once.
 struct AppRow {
