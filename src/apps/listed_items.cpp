@@ -97,4 +97,14 @@ SeenItems lookAtUninstall(const InstalledApp &app, std::span<const Leftover> lef
     return seen;
 }
 
+void followRewrites(SeenItems &seen, const std::string &bundlePath, FileSystem &files)
+{
+    for (auto &[path, item] : seen) {
+        if (path == bundlePath || !item.identity.isKnown())
+            continue;
+        if (const Expected<ItemFacts> facts = files.facts(path); facts && facts->identity.type == item.identity.type)
+            item.identity = facts->identity;
+    }
+}
+
 } // namespace corvane

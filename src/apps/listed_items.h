@@ -31,4 +31,8 @@ bool takeRemoved(AppInventory::Result &inventory, std::span<const SelectedEntry>
 [[nodiscard]] SeenItems lookAtUninstall(const InstalledApp &app, std::span<const Leftover> leftovers,
                                         const ProtectedLocations &locations, const Host &host);
 
+/// Takes over what an application has written anew while it quit, as it does with its preferences: the items besides
+/// its bundle that are of the same type as before. Asks the disk.
+void followRewrites(SeenItems &seen, const std::string &bundlePath, FileSystem &files);
+
 } // namespace corvane

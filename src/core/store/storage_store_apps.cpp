@@ -58,8 +58,10 @@ void StorageStore::uninstall(const InstalledApp &app, std::span<const Leftover> 
     if (instances.empty())
         uninstallIsDue(app.path);
     else
-        QTimer::singleShot(m_timing.quitDelay, Qt::PreciseTimer, this,
-                           [this, path = app.path] { uninstallIsDue(path); });
+        QTimer::singleShot(m_timing.quitDelay, Qt::PreciseTimer, this, [this, path = app.path] {
+            followRewrites(std::ranges::find(m_uninstalls, path, &Uninstall::bundlePath)->seen, path, m_host.files);
+            uninstallIsDue(path);
+        });
 }
 
 void StorageStore::uninstallIsDue(const std::string &bundlePath)

@@ -278,19 +278,33 @@ TEST_F(AppsStoreTest, AnApplicationHasTwoSecondsToQuit)
     EXPECT_EQ(StoreTiming().quitDelay, 2s);
 }
 
+TEST_F(AppsStoreTest, WhatAnApplicationWritesAnewWhileItQuitsGoesWithIt)
+{
+    load();
+    fake.applications.setRunning(deck, {11});
+    uninstall(app("Deck"));
+    // A system saves preferences as another file that takes the place of the former.
+    fake.files.take(at("Library/Preferences/com.deck.app.plist"));
+    fake.files.addFile(at("Library/Preferences/com.deck.app.plist"), 4'096);
+    waitForRemoval();
+    EXPECT_FALSE(fake.files.has(at("Library/Preferences/com.deck.app.plist")));
+    EXPECT_FALSE(fake.files.has(deck));
+    EXPECT_FALSE(store.toastIsWarning());
+}
+
 TEST_F(AppsStoreTest, WhatHasTakenTheConfirmedOnesPlaceByTheRemovalStays)
 {
     load();
     fake.applications.setRunning(deck, {11});
     uninstall(app("Deck"));
-    // It installs itself anew, and makes its preferences again, while it quits.
+    // Another one is installed, and a folder takes the place of the preferences, while it quits.
     fake.files.take(deck);
     fake.files.addFile(deck + "/Contents/MacOS/Deck", 8'000'000);
     fake.files.take(at("Library/Preferences/com.deck.app.plist"));
-    fake.files.addFile(at("Library/Preferences/com.deck.app.plist"), 4'096);
+    fake.files.addFile(at("Library/Preferences/com.deck.app.plist/thesis"), 4'096);
     waitForRemoval();
     EXPECT_TRUE(fake.files.has(deck));
-    EXPECT_TRUE(fake.files.has(at("Library/Preferences/com.deck.app.plist")));
+    EXPECT_TRUE(fake.files.has(at("Library/Preferences/com.deck.app.plist/thesis")));
     EXPECT_FALSE(fake.files.has(at("Library/Caches/com.deck.app")));
     EXPECT_EQ(*store.toast(), "Moved 1 item (3 MB) to Trash — empty it to free the space · 2 couldn't be removed "
                               "(Deck.app: it has changed since you selected it)");
