@@ -6,6 +6,7 @@
 #   summary     what recognising build folders adds to the summary of 1,000,000 files
 #   apps        finding what belongs to 400 applications among 60,000 items of the Library
 #   duplicates  finding duplicates among 3 GB of files
+#   lists       filtering and sorting 500,000 files
 #   publish     how long the window stands still when a scan of 1,000,000 files is published (needs Qt)
 #               Without a name, all of them.
 #   --rounds N  how often each program runs (7)
@@ -28,7 +29,7 @@ remove=
 names=()
 while [[ $# -gt 0 ]]; do
     case $1 in
-    scan | measure | summary | apps | duplicates | publish) names+=("$1") ;;
+    scan | measure | summary | apps | duplicates | lists | publish) names+=("$1") ;;
     --rounds)
         rounds=${2:-}
         if [[ ! $rounds =~ ^[1-9][0-9]*$ ]]; then
@@ -56,7 +57,7 @@ if [[ $cold && $(id -u) -ne 0 ]]; then
     exit 2
 fi
 
-[[ ${#names[@]} -gt 0 ]] || names=(scan measure summary apps duplicates publish)
+[[ ${#names[@]} -gt 0 ]] || names=(scan measure summary apps duplicates lists publish)
 require_packages build bench
 
 # Qt belongs to the window, so what needs it has a build of its own.
@@ -196,6 +197,11 @@ for name in "${names[@]}"; do
     duplicates)
         echo "duplicates: 3 GB in files of 1 to 60 MB"
         duplicates
+        ;;
+    lists)
+        echo "lists: filters and orders of 500,000 files"
+        ./bench_lists "$rounds"
+        echo
         ;;
     publish)
         "$publish_program" "$rounds"

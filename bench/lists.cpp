@@ -1,0 +1,130 @@
+// How long the filters and the orders of a table of files take: bench_lists [ROUNDS]
+//
+// 500,000 files in 20,000 folders, made in memory, all large enough for every filter but the one by name: the most
+// that the lists of a home folder come to by far. Names begin alike, as those of cameras and of downloads do, some are
+// not ASCII, so that neither the order nor the search has an easy case. Each change is timed to the rows that the table
+// is given; what the window draws after that are the rows in sight.
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "duplicates/listed_files.h"
+#include "median.h"
+
+namespace {
+
+using corvane::FileColumn;
+using corvane::FileList;
+using corvane::FileNode;
+using corvane::FileRows;
+using corvane::ListedFiles;
+using corvane::Time;
+using Clock = std::chrono::steady_clock;
+
+constexpr int folders = 20'000;
+constexpr int filesInAFolder = 25;
+constexpr double filterLimit = 50; // milliseconds
+constexpr double sortLimit = 150;
+
+FileList makeFiles(const std::shared_ptr<FileNode> &root, std::vector<std::shared_ptr<FileNode>> &parents)
+{
+    constexpr std::string_view starts[] = {"IMG_", "Bildschirmfoto ", "Écran ", "backup-", "Interview "};
+    constexpr std::string_view ends[] = {".mov", ".zip", ".JPG", ".pdf", ".dmg", ".wav", "", ".sqlite"};
+    std::mt19937_64 random(11);
+    FileList files;
+    files.reserve(static_cast<std::size_t>(folders) * filesInAFolder);
+    for (int i = 0; i < folders; ++i) {
+        parents.push_back(std::make_shared<FileNode>(root->pathForChildren(), fmt::format("Projects {}", i),
+                                                     FileNode::Kind::directory, root));
+        for (int k = 0; k < filesInAFolder; ++k) {
+            const std::string name = fmt::format("{}{:06}{}", starts[random() % std::size(starts)],
+                                                 random() % 1'000'000, ends[random() % std::size(ends)]);
+            auto file = std::make_shared<FileNode>(parents.back()->pathForChildren(), name, FileNode::Kind::file,
+                                                   parents.back());
+            file->size = static_cast<std::int64_t>(100'000'000 + random() % 4'000'000'000);
+            file->modified = Time(std::chrono::seconds(random() % 1'700'000'000));
+            files.push_back(std::move(file));
+        }
+    }
+    std::ranges::sort(files, std::ranges::greater{}, [](const auto &file) { return file->size; });
+    return files;
+}
+
+double milliseconds(Clock::duration duration)
+{
+    return std::chrono::duration<double, std::milli>(duration).count();
+}
+
+/// Prints the median and the worst of so many rounds, and the limit; whether the median keeps it.
+bool time(std::string_view what, int rounds, double limit, const std::function<FileRows()> &work)
+{
+    std::vector<double> times;
+    std::size_t count = 0;
+    for (int i = 0; i < rounds; ++i) {
+        const Clock::time_point start = Clock::now();
+        const FileRows rows = work();
+        times.push_back(milliseconds(Clock::now() - start));
+        count = rows.files.size();
+    }
+    const bool isKept = median(times) <= limit;
+    fmt::print("  {:<34} {:>7} rows  median {:>7.2f} ms, worst {:>7.2f} ms (limit {:.0f} ms{})\n", what, count,
+               median(times), std::ranges::max(times), limit, isKept ? "" : ", NOT KEPT");
+    return isKept;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    int rounds = 5;
+    if (argc > 1) {
+        const std::string_view text = argv[1];
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), rounds);
+        if (error != std::errc() || end != text.data() + text.size() || rounds < 1) {
+            fmt::print(stderr, "bench_lists: the number of rounds must be a positive number\n");
+            return 2;
+        }
+    }
+    const auto root = std::make_shared<FileNode>("/home/studio", FileNode::Kind::directory);
+    std::vector<std::shared_ptr<FileNode>> parents;
+    const FileList files = makeFiles(root, parents);
+
+    Clock::time_point start = Clock::now();
+    ListedFiles listed(files, corvane::Casing::usual, "/home/studio");
+    const double taking = milliseconds(Clock::now() - start);
+    start = Clock::now();
+    listed.prepare();
+    fmt::print("  once for a tree: {:.0f} ms on the main thread, {:.0f} ms in the background\n", taking,
+               milliseconds(Clock::now() - start));
+
+    const Time now(std::chrono::seconds(1'700'000'000));
+    bool areKept = true;
+    areKept &= time("filter: all", rounds, filterLimit, [&] { return listed.large({}, {}); });
+    areKept &= time("filter: from 1 GB", rounds, filterLimit,
+                    [&] { return listed.large({.minSize = 1'000'000'000, .type = {}, .query = {}}, {}); });
+    areKept &= time("filter: videos", rounds, filterLimit,
+                    [&] { return listed.large({.type = corvane::FileType::video, .query = {}}, {}); });
+    areKept &= time("filter: old", rounds, filterLimit, [&] { return listed.old({}, now, {}); });
+    for (const std::string_view query : {"i", "mg_0", "ÉCRAN", "no such name"})
+        areKept &= time(fmt::format("filter: name holds \"{}\"", query), rounds, filterLimit,
+                        [&] { return listed.large({.type = {}, .query = std::string(query)}, {}); });
+    constexpr std::string_view columns[] = {"name", "size", "kind", "modified", "location"};
+    for (std::size_t i = 0; i < std::size(columns); ++i) {
+        for (const bool descending : {false, true})
+            areKept &= time(fmt::format("sort: {}, {}", columns[i], descending ? "descending" : "ascending"), rounds,
+                            sortLimit, [&] {
+                                return listed.large({}, {static_cast<FileColumn>(i), descending});
+                            });
+    }
+    return areKept ? 0 : 1;
+}
