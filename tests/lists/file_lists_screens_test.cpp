@@ -58,7 +58,7 @@ protected:
                           item->mapToScene(QPointF(300, item->height() / 2)).toPoint());
         settle();
     }
-    [[nodiscard]] QQuickItem *title(const QString &name) const { return scene->named(name, QAccessible::ColumnHeader); }
+    [[nodiscard]] QQuickItem *title(const QString &name) const { return scene->named(name, QAccessible::Button); }
     [[nodiscard]] bool shows(const QString &text) const
     {
         return scene->find([&](QQuickItem *item) { return item->property("text").toString() == text; }) != nullptr;

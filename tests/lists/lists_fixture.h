@@ -82,7 +82,7 @@ protected:
     const std::string home = "/home/studio";
     FakeHost fake;
     Host host = fake.host();
-    ProtectedLocations locations{home, {.exact = {}, .prefixes = {}, .homeExact = {}, .homePrefixes = {"/.ssh"}}};
+    ProtectedLocations locations{home, ProtectedPlaces{}};
     Time now = date(2026, 11, 22);
     StorageStore store{host, locations, {.now = [this] { return now; }}};
 };

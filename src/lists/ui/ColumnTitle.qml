@@ -27,7 +27,6 @@ ButtonBase {
 
     height: parent ? parent.height : 0
     cornerRadius: Theme.radiusFrame
-    Accessible.role: Accessible.ColumnHeader
     Accessible.description: !sorted ? "" : files.sortDescending ? qsTr("Sorted, largest or last first")
         : qsTr("Sorted, smallest or first first")
     onClicked: title.files.sortBy(title.column)
@@ -50,7 +49,8 @@ ButtonBase {
             }
             Icon {
                 anchors.verticalCenter: parent.verticalCenter
-                name: title.files.sortDescending ? "caret-down" : "caret-up"
+                name: "caret-down"
+                rotation: title.files.sortDescending ? 0 : 180
                 weight: "bold"
                 color: Theme.t1
                 size: Theme.caretSize

@@ -109,6 +109,7 @@ Item {
         }
         FileCell {
             width: row.columns.kindWidth
+            gap: ListsMetrics.kindGap
             text: row.kind
         }
         FileCell {

@@ -52,6 +52,8 @@ Item {
         rowHeight: Theme.tableRowHeight
         view.objectName: "lists.rows"
         view.reuseItems: true
+        // Rows that are made ahead of time are asked for again when the list has become shorter.
+        view.cacheBuffer: 0
         Accessible.name: table.title
         keys.onMoved: row => table.files.highlight(row)
         keys.onExtendWanted: row => list.extend(row)

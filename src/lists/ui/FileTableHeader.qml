@@ -14,9 +14,10 @@ Rectangle {
 
     Row {
         x: Theme.pageMargin + Theme.checkCellWidth
-        height: parent.height - Theme.hairlineWidth
+        height: parent.height
 
         ColumnTitle {
+            objectName: "lists.name"
             text: qsTr("Name")
             column: FileTableColumns.Name
             width: header.columns.nameWidth
@@ -24,6 +25,7 @@ Rectangle {
             files: header.files
         }
         ColumnTitle {
+            objectName: "lists.size"
             text: qsTr("Size")
             column: FileTableColumns.Size
             width: header.columns.sizeWidth
@@ -32,6 +34,7 @@ Rectangle {
             figures: true
         }
         ColumnTitle {
+            objectName: "lists.kind"
             text: qsTr("Kind")
             column: FileTableColumns.Kind
             width: header.columns.kindWidth
@@ -39,6 +42,7 @@ Rectangle {
             files: header.files
         }
         ColumnTitle {
+            objectName: "lists.modified"
             text: qsTr("Modified")
             column: FileTableColumns.Modified
             width: header.columns.modifiedWidth
@@ -46,6 +50,7 @@ Rectangle {
             files: header.files
         }
         ColumnTitle {
+            objectName: "lists.location"
             text: qsTr("Location")
             column: FileTableColumns.Location
             width: header.columns.locationWidth

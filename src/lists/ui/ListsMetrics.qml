@@ -14,6 +14,7 @@ QtObject {
     /// At the end of a column; of the figures at their right.
     readonly property int columnGap: 16
     readonly property int figureGap: 20
+    readonly property int kindGap: 8
     readonly property int caretGap: 4
     /// What takes hold of a column's edge, and how far a key moves that.
     readonly property int gripWidth: 9

@@ -41,8 +41,10 @@ void FileCatalog::followTree()
 
 void FileCatalog::install(std::shared_ptr<const ListedFiles> files)
 {
-    m_files = std::move(files);
+    std::shared_ptr<const ListedFiles> former = std::exchange(m_files, std::move(files));
     emit changed();
+    // By now nobody else holds these, and freeing half a million nodes takes long.
+    m_discards.start([held = std::move(former)] {});
 }
 
 } // namespace corvane

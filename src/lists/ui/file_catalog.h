@@ -3,7 +3,7 @@
 #include <memory>
 
 #include <QObject>
-#include <QPointer>
+#include <QThreadPool>
 
 #include "core/store/latest_job.h"
 #include "core/store/storage_store.h"
@@ -40,6 +40,7 @@ private:
 
     StorageStore &m_store;
     std::shared_ptr<const ListedFiles> m_files;
+    QThreadPool m_discards;
     LatestJob<std::shared_ptr<const ListedFiles>> m_job;
 };
 
