@@ -161,6 +161,33 @@ TEST_F(OverviewPresenterTest, TypesAreLargestFirstWithTheirColoursAndTheirPartsO
     EXPECT_NE(presenter.typeParts().front().color, presenter.typeParts().back().color);
 }
 
+TEST_F(OverviewPresenterTest, ATypeOfFilesLeadsToTheLargeFilesOfThatType)
+{
+    addFile("a.mov", 5'000'000);
+    addFile("b.zip", 9'000'000);
+    addFile("note.txt", 4'000);
+    scanHome();
+    const OverviewRowsModel &types = *presenter.types();
+    ASSERT_EQ(titles(types), QStringList({"Archives", "Videos", "Small Files"}));
+    EXPECT_TRUE(types.flags(types.index(0)).testFlag(Qt::ItemIsEnabled));
+    EXPECT_FALSE(types.flags(types.index(2)).testFlag(Qt::ItemIsEnabled)) << "small files are not listed";
+    presenter.openType(1);
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::large);
+    EXPECT_EQ(store.takeLargeFilesType(), FileType(FileType::video));
+    EXPECT_EQ(store.takeLargeFilesType(), std::nullopt);
+    presenter.openType(7);
+    EXPECT_EQ(store.takeLargeFilesType(), std::nullopt) << "there is no such row";
+}
+
+TEST_F(OverviewPresenterTest, TheCountOfLargeFilesLeadsToAllOfThem)
+{
+    store.showLargeFiles(FileType::video);
+    store.setSidebar(StorageStore::SidebarItem::overview);
+    presenter.openLargeFiles();
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::large);
+    EXPECT_EQ(store.takeLargeFilesType(), std::nullopt);
+}
+
 // --- The biggest items
 
 TEST_F(OverviewPresenterTest, AFolderWithThreeChildrenGivesThreeRows)

@@ -42,6 +42,7 @@ void Photographer::takeAll()
     takeSelection();
     takeRemoval();
     takeDrop();
+    takeLists();
     takeDuplicates();
     takeCleanup();
     takeEmptyFolders();

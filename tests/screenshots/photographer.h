@@ -33,6 +33,9 @@ private:
     void takeOverview();
     void takeCleanup();
     void takeCleanupWithoutScan();
+    void takeLists();
+    void takeLargeFiles();
+    void takeOldFiles();
     void takeDuplicates();
     void takeDuplicatesByKeyboard();
     void takeNoDuplicates();
@@ -71,6 +74,9 @@ private:
     void waitForInventory() const;
     /// A row of the uninstaller's list.
     void chooseApp(const QString &name);
+    /// A row of the large or the old files.
+    [[nodiscard]] QQuickItem &fileRow(const QString &name) const;
+    void tickFile(const QString &name);
     void publishApps(const AppInventory::Result &inventory);
     /// The middle of an item's tile in the map's band of labels, so that it is the item that is meant and not
     /// what lies inside.
