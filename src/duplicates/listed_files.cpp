@@ -144,18 +144,18 @@ FileRows ListedFiles::rows(const std::string &query, FileSort sort, const Passes
     }
 
     rows.files.reserve(count);
-    const auto &[places, startsGroup] = m_orders[static_cast<std::size_t>(sort.column)];
+    const Order &order = m_orders[static_cast<std::size_t>(sort.column)];
     const auto take = [&](std::size_t begin, std::size_t end) {
         for (std::size_t i = begin; i < end; ++i) {
-            if (isListed[places[i]])
-                rows.files.push_back(m_files[places[i]].get());
+            if (isListed[order.places[i]])
+                rows.files.push_back(m_files[order.places[i]].get());
         }
     };
     if (!sort.descending)
-        take(0, places.size());
-    for (std::size_t end = sort.descending ? places.size() : 0; end > 0;) {
+        take(0, order.places.size());
+    for (std::size_t end = sort.descending ? order.places.size() : 0; end > 0;) {
         std::size_t begin = end - 1;
-        while (!startsGroup[begin])
+        while (!order.startsGroup[begin])
             --begin;
         take(begin, end);
         end = begin;

@@ -17,6 +17,8 @@ protected:
                columns.locationWidth();
     }
 
+    void resize(FileColumn column, qreal by) { columns.resize(static_cast<int>(column), by); }
+
     FileTableColumns columns;
 };
 
@@ -42,18 +44,18 @@ TEST_F(FileTableColumnsTest, ANarrowTableHasLessRoomForKinds)
 TEST_F(FileTableColumnsTest, AResizedColumnLeavesThoseAtItsLeftWhereTheyAre)
 {
     const QSignalSpy changed(&columns, &FileTableColumns::changed);
-    columns.resize(FileTableColumns::Kind, 40);
+    resize(FileColumn::kind, 40);
     EXPECT_EQ(columns.nameWidth(), 382);
     EXPECT_EQ(columns.kindWidth(), 200);
     EXPECT_EQ(columns.modifiedWidth(), 108);
     EXPECT_EQ(columns.locationWidth(), 204);
     EXPECT_EQ(changed.count(), 1);
-    columns.resize(FileTableColumns::Size, -20);
+    resize(FileColumn::size, -20);
     EXPECT_EQ(columns.nameWidth(), 382);
     EXPECT_EQ(columns.sizeWidth(), 72);
-    columns.resize(FileTableColumns::Name, -82);
+    resize(FileColumn::name, -82);
     EXPECT_EQ(columns.nameWidth(), 300);
-    columns.resize(FileTableColumns::Modified, 10);
+    resize(FileColumn::modified, 10);
     EXPECT_EQ(columns.modifiedWidth(), 118);
     EXPECT_EQ(columns.nameWidth(), 300);
     EXPECT_EQ(sum(), 986);
@@ -61,10 +63,10 @@ TEST_F(FileTableColumnsTest, AResizedColumnLeavesThoseAtItsLeftWhereTheyAre)
 
 TEST_F(FileTableColumnsTest, NoColumnIsResizedAway)
 {
-    for (const auto column : {FileTableColumns::Name, FileTableColumns::Size, FileTableColumns::Kind,
-                              FileTableColumns::Modified, FileTableColumns::Location}) {
-        columns.resize(column, -5'000);
-        columns.resize(column, 9'000);
+    for (const auto column :
+         {FileColumn::name, FileColumn::size, FileColumn::kind, FileColumn::modified, FileColumn::location}) {
+        resize(column, -5'000);
+        resize(column, 9'000);
         EXPECT_GE(columns.nameWidth(), FileTableColumns::leastNameWidth);
         EXPECT_GE(columns.sizeWidth(), FileTableColumns::leastWidth);
         EXPECT_GE(columns.kindWidth(), FileTableColumns::leastWidth);
@@ -76,7 +78,7 @@ TEST_F(FileTableColumnsTest, NoColumnIsResizedAway)
 
 TEST_F(FileTableColumnsTest, AResizedColumnKeepsItsWidthInAnotherRoom)
 {
-    columns.resize(FileTableColumns::Kind, 40);
+    resize(FileColumn::kind, 40);
     columns.setRoom(1'200);
     columns.setWide(false);
     EXPECT_EQ(columns.kindWidth(), 200);

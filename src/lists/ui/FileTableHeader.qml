@@ -19,7 +19,7 @@ Rectangle {
         ColumnTitle {
             objectName: "lists.name"
             text: qsTr("Name")
-            column: FileTableColumns.Name
+            column: FileTableColumns.Title.name
             width: header.columns.nameWidth
             columns: header.columns
             files: header.files
@@ -27,7 +27,7 @@ Rectangle {
         ColumnTitle {
             objectName: "lists.size"
             text: qsTr("Size")
-            column: FileTableColumns.Size
+            column: FileTableColumns.Title.size
             width: header.columns.sizeWidth
             columns: header.columns
             files: header.files
@@ -36,7 +36,7 @@ Rectangle {
         ColumnTitle {
             objectName: "lists.kind"
             text: qsTr("Kind")
-            column: FileTableColumns.Kind
+            column: FileTableColumns.Title.kind
             width: header.columns.kindWidth
             columns: header.columns
             files: header.files
@@ -44,7 +44,7 @@ Rectangle {
         ColumnTitle {
             objectName: "lists.modified"
             text: qsTr("Modified")
-            column: FileTableColumns.Modified
+            column: FileTableColumns.Title.modified
             width: header.columns.modifiedWidth
             columns: header.columns
             files: header.files
@@ -52,7 +52,7 @@ Rectangle {
         ColumnTitle {
             objectName: "lists.location"
             text: qsTr("Location")
-            column: FileTableColumns.Location
+            column: FileTableColumns.Title.location
             width: header.columns.locationWidth
             columns: header.columns
             files: header.files

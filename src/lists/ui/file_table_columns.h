@@ -26,14 +26,14 @@ class FileTableColumns : public QObject {
 
 public:
     /// `FileColumn`, for QML.
-    enum Column {
-        Name = static_cast<int>(FileColumn::name),
-        Size = static_cast<int>(FileColumn::size),
-        Kind = static_cast<int>(FileColumn::kind),
-        Modified = static_cast<int>(FileColumn::modified),
-        Location = static_cast<int>(FileColumn::location),
+    enum class Title {
+        name = static_cast<int>(FileColumn::name),
+        size = static_cast<int>(FileColumn::size),
+        kind = static_cast<int>(FileColumn::kind),
+        modified = static_cast<int>(FileColumn::modified),
+        location = static_cast<int>(FileColumn::location),
     };
-    Q_ENUM(Column)
+    Q_ENUM(Title)
 
     static constexpr qreal leastNameWidth = 120;
     static constexpr qreal leastLocationWidth = 80;
@@ -53,7 +53,7 @@ public:
     [[nodiscard]] qreal locationWidth() const { return shared() - nameWidth(); }
 
     /// The column's right edge moves by so much, as far as the others let it; those at its left stay where they are.
-    /// The last column, whose edge is the table's, cannot be resized. `column` is a `Column`.
+    /// The last column, whose edge is the table's, cannot be resized. `column` is a `Title`.
     Q_INVOKABLE void resize(int column, qreal by);
 
 signals:
