@@ -124,10 +124,12 @@ void Photographer::takeAppsByKeyboard()
     take(QStringLiteral("uninstaller-nomatch"));
     search.setProperty("text", QString());
 
-    AppInventory::Result tidy{m_store.apps(), m_store.orphanGroups()};
+    const AppInventory::Result found{m_store.apps(), m_store.orphanGroups()};
+    AppInventory::Result tidy = found;
     std::ranges::find(tidy.apps, "Signal Deck", &InstalledApp::name)->leftovers.clear();
     publishApps(tidy);
     take(QStringLiteral("uninstaller-tidy"));
+    publishApps(found);
 }
 
 void Photographer::takeOrphans()
