@@ -90,11 +90,14 @@ TEST_F(LatestJobTest, SupersededWorkIsToldToStopAndItsResultIsDropped)
 TEST_F(LatestJobTest, WorkThatIsSupersededBeforeItsTurnIsNotBegun)
 {
     std::atomic<bool> hasBegun = false;
+    std::promise<void> isRunning;
     std::promise<void> mayEnd;
     job->start([&](StopFlag &) {
+        isRunning.set_value();
         mayEnd.get_future().wait();
         return 1;
     });
+    isRunning.get_future().wait(); // else the second may get the thread
     job->start([&](StopFlag &) {
         hasBegun = true;
         return 2;
