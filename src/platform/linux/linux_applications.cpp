@@ -100,11 +100,12 @@ bool areNumbersOurs()
     return Process("self").hasOneNumber();
 }
 
-/// Where the executables of a bundle lie, without links; empty where nothing can.
+/// Where the executables of a bundle lie, without links; empty where nothing can. A link that is called like a bundle
+/// may lead to any folder, the home for one, whose programs are none of its own.
 std::string executablesFolder(const std::string &bundlePath)
 {
     const Expected<std::string> real = resolvedPath(bundlePath);
-    return real && *real != "/" ? *real : std::string();
+    return real && nameExtension(lastPathComponent(*real)) == "app" ? *real : std::string();
 }
 
 } // namespace

@@ -257,6 +257,17 @@ TEST_F(LinuxApplicationsTest, ALinkToTheWholeDiskIsNoBundle)
     EXPECT_EQ(other.line(), "WINCH");
 }
 
+TEST_F(LinuxApplicationsTest, ALinkToAFolderThatIsNoBundleHasNoProgramsOfItsOwn)
+{
+    const Child other(listener("home/tools/editor"));
+    ASSERT_EQ(other.line(), "ready");
+    disk.link("Home.app", "home");
+    EXPECT_THAT(running("Home.app"), IsEmpty());
+    requestQuit(other.number(), "Home.app");
+    other.signal(SIGWINCH);
+    EXPECT_EQ(other.line(), "WINCH");
+}
+
 TEST_F(LinuxApplicationsTest, ANameMayHaveAnyBytes)
 {
     const std::string name = "F\xff o\n\\040(deleted).app";
