@@ -91,6 +91,19 @@ TEST_F(LargeFilesPresenterTest, ATextThatMatchesNoNameGivesTheEmptyState)
     EXPECT_TRUE(presenter.isEmpty());
 }
 
+TEST_F(LargeFilesPresenterTest, AFilterByNameFollowsTheLocale)
+{
+    addFile("ISPARTA.mov", 200 * megabyte);
+    const QLocale former;
+    QLocale::setDefault(QLocale(QStringLiteral("tr_TR")));
+    show();
+    QLocale::setDefault(former);
+    presenter.setQuery(QStringLiteral("isparta"));
+    EXPECT_TRUE(presenter.isEmpty()) << "in Turkish the small letter of I is another one";
+    presenter.setQuery(QStringLiteral("ısparta"));
+    EXPECT_EQ(listed(), QStringList({"ISPARTA.mov"}));
+}
+
 TEST_F(LargeFilesPresenterTest, AChoiceThatDoesNotExistChangesNothing)
 {
     addMany();
