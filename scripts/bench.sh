@@ -166,7 +166,7 @@ duplicates() {
     generate duplicates
     peers=()
     peer floor "./bench_duplicates_floor $quoted"
-    peer rmlint "rmlint -a sha256 -T df -o json:/dev/null $quoted"
+    peer rmlint "rmlint -a sha256 -T df -o json:stdout $quoted"
     peer rdfind "rdfind -checksum sha256 -dryrun true -makeresultsfile false $quoted"
     peer fdupes "fdupes -q $quoted"
     peer jdupes "jdupes -q $quoted"
