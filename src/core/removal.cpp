@@ -148,12 +148,25 @@ bool isUnchanged(const KeptCopy &copy, FileSystem &files)
     return status && *status == copy.seen;
 }
 
+/// Whether the path is a second one to the very item that goes, as where a folder is mounted a second time: then it
+/// goes, too. Another name of the same file does not.
+bool isSameEntry(const KeptCopy &copy, const HeldFolder &folder, const std::string &name, FileSystem &files)
+{
+    if (lastPathComponent(copy.path) != name)
+        return false;
+    const Expected<std::unique_ptr<HeldFolder>> around = files.holdFolder(std::string(containingFolder(copy.path)));
+    return around && (*around)->identity() == folder.identity();
+}
+
 /// Why a copy must not go, since none would be left.
-std::optional<Refusal> lastCopyRefusal(const RemovalCondition &condition, FileSystem &files)
+std::optional<Refusal> lastCopyRefusal(const RemovalCondition &condition, const HeldFolder &folder,
+                                       const std::string &name, FileSystem &files)
 {
     if (condition.holdsKeptCopy)
         return "it holds the copy that is to be kept";
-    const auto stays = [&](const KeptCopy &copy) { return isUnchanged(copy, files); };
+    const auto stays = [&](const KeptCopy &copy) {
+        return isUnchanged(copy, files) && !isSameEntry(copy, folder, name, files);
+    };
     if (!condition.copies.empty() && std::ranges::none_of(condition.copies, stays))
         return "the kept copy has changed";
     return std::nullopt;
@@ -195,7 +208,7 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
     if (step.seen && !(step.seen->isKnown() && *step.seen == facts->identity))
         return Refusal("it has changed since you selected it", RemovalFailure::Left::somethingElse);
 
-    if (std::optional<Refusal> refusal = lastCopyRefusal(step.condition, host.files))
+    if (std::optional<Refusal> refusal = lastCopyRefusal(step.condition, **folder, name, host.files))
         return refusal;
 
     const bool isInTrash = trashFolders.reallyContain(step.path, (*folder)->path());

@@ -141,6 +141,24 @@ TEST_F(RemovalOfADuplicate, StaysWhereTheCopyIsALinkByNow)
     EXPECT_EQ(failureLines(removeA()), (Lines{"a: the kept copy has changed"}));
 }
 
+TEST_F(RemovalOfADuplicate, StaysWhereTheCopyIsASecondPathToItself)
+{
+    // As where the folder is mounted a second time: what seems to be kept goes with it.
+    fake.files.addText("/mnt/again/a", "same", 4'096, Time(std::chrono::seconds(1'000)));
+    fake.files.identify("/mnt/again/a", "/srv/a");
+    fake.files.identify("/mnt/again", "/srv");
+    conditions["/srv/a"].copies = {{"/mnt/again/a", statusOf("/mnt/again/a")}};
+    EXPECT_EQ(failureLines(removeA()), (Lines{"a: the kept copy has changed"}));
+    EXPECT_TRUE(fake.files.has("/srv/a"));
+}
+
+TEST_F(RemovalOfADuplicate, GoesWhereTheCopyIsAnotherNameOfIt)
+{
+    fake.files.identify("/srv/b", "/srv/a");
+    conditions["/srv/a"].copies = {{"/srv/b", statusOf("/srv/b")}};
+    EXPECT_EQ(removeA().removed.size(), 1U);
+}
+
 TEST_F(RemovalOfADuplicate, StaysWhereItIsTheCopyToBeKept)
 {
     conditions["/srv/a"].holdsKeptCopy = true;
