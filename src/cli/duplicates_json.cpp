@@ -15,12 +15,13 @@ void writeGroup(const DuplicateGroup &group, JsonWriter &json)
     json.value(group.reclaimable());
     json.key("files");
     json.beginArray();
+    const std::vector<std::optional<std::size_t>> shared = group.sharedStorage();
     for (std::size_t i = 0; i < group.files.size(); ++i) {
         json.beginObject();
         json.bytes("path", group.files[i]->path());
         json.key("modified");
         json.value(group.files[i]->modified);
-        if (const auto other = group.sharesStorageWith(i))
+        if (const auto other = shared[i])
             json.bytes("sharesStorageWith", group.files[*other]->path());
         json.endObject();
     }

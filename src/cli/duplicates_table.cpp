@@ -22,14 +22,21 @@ std::string shownPath(const FileNode &file, std::string_view home, std::size_t t
     return elidedAtFront(formatPath(file.path(), home), std::max(columns - std::min(columns, taken), leastPathColumns));
 }
 
+/// The name of a file beside another one: its path where the two have one name.
+std::string nameBeside(const FileNode &file, const FileNode &other, std::string_view home)
+{
+    return file.name == other.name ? formatPath(file.path(), home) : displayUtf8(file.name);
+}
+
 void writeGroup(const DuplicateGroup &group, std::string_view home, Console &console)
 {
     const std::string heading = fmt::format(
         "{} copies × {}", formatCount(static_cast<std::int64_t>(group.files.size())), formatByteCount(group.size));
     console.out.write(fmt::format("\n{}, {} wasted\n", console.strong(heading), formatByteCount(group.reclaimable())));
+    const std::vector<std::optional<std::size_t>> shared = group.sharedStorage();
     for (std::size_t i = 0; i < group.files.size(); ++i) {
-        const auto other = group.sharesStorageWith(i);
-        const std::string remark = other ? "  shares its storage with " + displayUtf8(group.files[*other]->name) : "";
+        const std::string remark =
+            shared[i] ? "  shares its storage with " + nameBeside(*group.files[*shared[i]], *group.files[i], home) : "";
         const std::string path = shownPath(*group.files[i], home, indent + displayWidth(remark), console);
         console.out.write(fmt::format("{:{}}{}{}\n", "", indent, path, console.faint(remark)));
     }

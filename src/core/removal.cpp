@@ -139,36 +139,47 @@ Refusal deletionRefusal(const RemovalStep &step, const std::string &path, const 
 }
 
 /// Whether the file is what it was when its contents were compared.
-bool isUnchanged(const KeptCopy &copy, FileSystem &files)
+bool isUnchanged(const std::string &path, const FileStatus &seen, FileSystem &files)
 {
-    const Expected<std::unique_ptr<FileReader>> file = files.openFile(copy.path);
+    const Expected<std::unique_ptr<FileReader>> file = files.openFile(path);
     if (!file)
         return false;
     const Expected<FileStatus> status = (*file)->status();
-    return status && *status == copy.seen;
+    return status && *status == seen;
 }
 
 /// Whether the path is a second one to the very item that goes, as where a folder is mounted a second time: then it
 /// goes, too. Another name of the same file does not.
-bool isSameEntry(const KeptCopy &copy, const HeldFolder &folder, const std::string &name, FileSystem &files)
+bool isSameEntry(const std::string &path, const HeldFolder &folder, const std::string &name, FileSystem &files)
 {
-    if (lastPathComponent(copy.path) != name)
+    if (lastPathComponent(path) != name)
         return false;
-    const Expected<std::unique_ptr<HeldFolder>> around = files.holdFolder(std::string(containingFolder(copy.path)));
+    const Expected<std::unique_ptr<HeldFolder>> around = files.holdFolder(std::string(containingFolder(path)));
     return around && (*around)->identity() == folder.identity();
 }
 
-/// Why a copy must not go, since none would be left.
-std::optional<Refusal> lastCopyRefusal(const RemovalCondition &condition, const HeldFolder &folder,
-                                       const std::string &name, FileSystem &files)
+/// Why a duplicate, or a folder with some in it, must not go: there would be no copy left of what it holds.
+std::optional<Refusal> lastCopyRefusal(const RemovalStep &step, const HeldFolder &folder, const std::string &name,
+                                       bool isInTrash, const TrashFolders &trashFolders, FileSystem &files)
 {
+    const RemovalCondition &condition = step.condition;
     if (condition.holdsKeptCopy)
         return "it holds the copy that is to be kept";
-    const auto stays = [&](const KeptCopy &copy) {
-        return isUnchanged(copy, files) && !isSameEntry(copy, folder, name, files);
-    };
-    if (!condition.copies.empty() && std::ranges::none_of(condition.copies, stays))
-        return "the kept copy has changed";
+    if (condition.itself && !isUnchanged(step.path, *condition.itself, files))
+        return "it has changed since it was compared";
+    for (const KeptCopies &copies : condition.copies) {
+        const auto isThere = [&](const KeptCopy &copy) {
+            return isUnchanged(copy.path, copy.seen, files) && !isSameEntry(copy.path, folder, name, files);
+        };
+        // Emptying the Trash is what people are told to do next.
+        const auto stays = [&](const KeptCopy &copy) {
+            return (isInTrash || !trashFolders.contain(copy.path)) && isThere(copy);
+        };
+        if (std::ranges::any_of(*copies, stays))
+            continue;
+        return std::ranges::any_of(*copies, isThere) ? "the only other copy is in the Trash"
+                                                     : "the kept copy has changed";
+    }
     return std::nullopt;
 }
 
@@ -208,10 +219,9 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
     if (step.seen && !(step.seen->isKnown() && *step.seen == facts->identity))
         return Refusal("it has changed since you selected it", RemovalFailure::Left::somethingElse);
 
-    if (std::optional<Refusal> refusal = lastCopyRefusal(step.condition, **folder, name, host.files))
-        return refusal;
-
     const bool isInTrash = trashFolders.reallyContain(step.path, (*folder)->path());
+    if (std::optional<Refusal> refusal = lastCopyRefusal(step, **folder, name, isInTrash, trashFolders, host.files))
+        return refusal;
     if (step.action == RemovalStep::Action::erase || isInTrash) {
         // What only seems to be in the Trash, behind a link that lies there, was never meant to be deleted.
         if (!isInTrash && trashFolders.contain(step.path))

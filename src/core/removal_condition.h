@@ -1,6 +1,8 @@
 #pragma once
 
 #include <map>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,14 +14,16 @@ namespace corvane {
 struct KeptCopy {
     std::string path;
     FileStatus seen;
-
-    friend bool operator==(const KeptCopy &, const KeptCopy &) = default;
 };
+
+/// Those of one group that stay, shared by all that go.
+using KeptCopies = std::shared_ptr<const std::vector<KeptCopy>>;
 
 /// What has to hold in the moment before an entry is removed.
 struct RemovalCondition {
-    std::vector<KeptCopy> copies = {}; ///< where there are any, one at least must be as it was
-    bool holdsKeptCopy = false;        ///< the entry is, or holds, the last copy of what goes elsewhere: it stays
+    std::optional<FileStatus> itself = std::nullopt; ///< what the entry was when it was compared
+    std::vector<KeptCopies> copies = {};             ///< of each, one at least must be as it was
+    bool holdsKeptCopy = false; ///< the entry is, or holds, the last copy of what goes elsewhere: it stays
 
     friend bool operator==(const RemovalCondition &, const RemovalCondition &) = default;
 };

@@ -198,8 +198,9 @@ private:
         for (Candidate &candidate : candidates) {
             if (m_stop)
                 return {};
-            if (const std::unique_ptr<FileReader> file = ahead.next())
-                alike.add(m_fingerprinter.ofEnds(*file), std::move(candidate));
+            const std::unique_ptr<FileReader> file = ahead.next();
+            if (const auto fingerprint = file ? m_fingerprinter.ofEnds(*file) : std::nullopt)
+                alike.add(*fingerprint, std::move(candidate));
             m_progress.advance();
         }
         return alike.take();
@@ -216,8 +217,8 @@ private:
                 return;
             if (const std::unique_ptr<FileReader> file = ahead.next()) {
                 candidate.seen = file->status().value_or(FileStatus{});
-                const Fingerprint fingerprint = m_fingerprinter.ofAll(*file, m_stop);
-                same.add(fingerprint, std::move(candidate));
+                if (const auto fingerprint = m_fingerprinter.ofAll(*file, m_stop))
+                    same.add(*fingerprint, std::move(candidate));
             }
             m_progress.advance();
         }

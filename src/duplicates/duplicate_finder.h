@@ -18,8 +18,8 @@ struct DuplicateFinder {
     /// Called on the thread of the search with how far it is, from 0 to 1, in steps of at least a hundredth.
     using Progress = std::function<void(double)>;
 
-    /// The groups among the nodes that are files, the most wasteful first. A file that cannot be opened takes no part;
-    /// what cannot be read of one counts as not there. Once stopped, the groups found so far.
+    /// The groups among the nodes that are files, the most wasteful first. A file that cannot be opened or read takes
+    /// no part. Once stopped, the groups found so far.
     [[nodiscard]] static std::vector<DuplicateGroup> find(std::span<const std::shared_ptr<FileNode>> nodes,
                                                           const Progress &progress,
                                                           FileSystem &files = systemHost().files,

@@ -1,5 +1,9 @@
 #include "duplicates/duplicate_group.h"
 
+#include <algorithm>
+#include <map>
+#include <utility>
+
 #include "core/checked_add.h"
 
 namespace corvane {
@@ -23,19 +27,25 @@ std::int64_t DuplicateGroup::waste() const
 
 std::int64_t DuplicateGroup::reclaimable() const
 {
-    std::size_t copies = 0;
-    for (std::size_t i = 0; i < files.size(); ++i)
-        copies += sharesStorageWith(i) ? 0 : 1;
+    const std::vector<std::optional<std::size_t>> shared = sharedStorage();
+    const auto copies =
+        static_cast<std::size_t>(std::ranges::count_if(shared, [](const auto &owner) { return !owner; }));
     return copies == 0 ? 0 : times(size, copies - 1);
 }
 
-std::optional<std::size_t> DuplicateGroup::sharesStorageWith(std::size_t file) const
+std::vector<std::optional<std::size_t>> DuplicateGroup::sharedStorage() const
 {
-    for (std::size_t i = 0; i < file; ++i) {
-        if (seen[i].identity.isKnown() && seen[i].identity == seen[file].identity)
-            return i;
+    std::map<std::pair<std::uint64_t, std::uint64_t>, std::size_t> first; // by device and inode
+    std::vector<std::optional<std::size_t>> shared(files.size());
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const ItemIdentity &identity = seen[i].identity;
+        if (!identity.isKnown())
+            continue;
+        const auto [place, isNew] = first.try_emplace({identity.device, identity.inode}, i);
+        if (!isNew)
+            shared[i] = place->second;
     }
-    return std::nullopt;
+    return shared;
 }
 
 std::int64_t totalReclaimable(std::span<const DuplicateGroup> groups)

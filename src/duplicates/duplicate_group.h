@@ -27,8 +27,8 @@ struct DuplicateGroup {
     /// nothing.
     [[nodiscard]] std::int64_t reclaimable() const;
 
-    /// The first file before that one which is the same file on the disk under another name.
-    [[nodiscard]] std::optional<std::size_t> sharesStorageWith(std::size_t file) const;
+    /// For each file, the first one before it that is the same file on the disk under another name.
+    [[nodiscard]] std::vector<std::optional<std::size_t>> sharedStorage() const;
 };
 
 /// The space that all groups waste.

@@ -76,7 +76,7 @@ std::int64_t totalSize(std::span<const std::shared_ptr<FileNode>> files)
 std::string ageLabel(int months)
 {
     if (months < 12)
-        return fmt::format("{} months", months);
+        return fmt::format("{} {}", months, plural(months, "month", "months"));
     return months < 24 ? "1 year" : fmt::format("{} years", months / 12);
 }
 

@@ -52,24 +52,28 @@ Fingerprinter::Fingerprinter() : m_digest(std::make_unique<Digest>()), m_chunk(c
 
 Fingerprinter::~Fingerprinter() = default;
 
-Fingerprint Fingerprinter::ofEnds(FileReader &file)
+std::optional<Fingerprint> Fingerprinter::ofEnds(FileReader &file)
 {
     m_digest->start();
-    feed(file, 0, endSize);
-    if (const std::int64_t length = lengthOf(file); length > 2 * endSize)
-        feed(file, length - endSize, endSize);
+    if (!feed(file, 0, endSize))
+        return std::nullopt;
+    const std::int64_t length = lengthOf(file);
+    if (length > 2 * endSize && !feed(file, length - endSize, endSize))
+        return std::nullopt;
     return m_digest->finish();
 }
 
-Fingerprint Fingerprinter::ofAll(FileReader &file, const StopFlag &stop)
+std::optional<Fingerprint> Fingerprinter::ofAll(FileReader &file, const StopFlag &stop)
 {
     m_digest->start();
     for (std::int64_t offset = 0; !stop;) {
         file.willRead(offset + aheadSize, chunkSize);
-        const std::size_t count = feed(file, offset, chunkSize);
-        if (count == 0)
+        const std::optional<std::size_t> count = feed(file, offset, chunkSize);
+        if (!count)
+            return std::nullopt;
+        if (*count == 0)
             break;
-        offset += static_cast<std::int64_t>(count);
+        offset += static_cast<std::int64_t>(*count);
     }
     return m_digest->finish();
 }
@@ -86,11 +90,11 @@ void Fingerprinter::announceAll(FileReader &file)
     file.willRead(0, aheadSize);
 }
 
-std::size_t Fingerprinter::feed(FileReader &file, std::int64_t offset, std::size_t length)
+std::optional<std::size_t> Fingerprinter::feed(FileReader &file, std::int64_t offset, std::size_t length)
 {
     const Expected<std::size_t> count = file.read(offset, std::span(m_chunk).first(length));
-    if (!count || *count == 0)
-        return 0;
+    if (!count)
+        return std::nullopt;
     m_digest->add(std::span(m_chunk).first(*count));
     return *count;
 }

@@ -1,17 +1,31 @@
 #include "duplicates/found_duplicates.h"
 
 #include <algorithm>
+#include <set>
+#include <string_view>
 #include <utility>
 
 namespace corvane {
 
-std::vector<SelectedEntry> FoundDuplicates::copiesToSelect(bool keepNewest)
+bool FoundDuplicates::Pledge::holds(const Selection &selected) const
 {
+    return std::ranges::any_of(group.files, [&](const auto &file) {
+        const std::string path = file->path();
+        return path != kept && selected.contains(path);
+    });
+}
+
+std::vector<SelectedEntry> FoundDuplicates::copiesToSelect(bool keepNewest, const Selection &selected)
+{
+    std::set<std::string_view> ids;
+    for (const DuplicateGroup &group : m_groups)
+        ids.insert(group.id);
+    std::erase_if(m_pledges,
+                  [&](const Pledge &pledge) { return ids.contains(pledge.group.id) || !pledge.holds(selected); });
     std::vector<SelectedEntry> entries;
-    m_keptByRule.clear();
     for (const DuplicateGroup &group : m_groups) {
         const std::size_t kept = keptFile(group, keepNewest);
-        m_keptByRule.emplace(group.id, group.files[kept]->path());
+        m_pledges.push_back({.group = group, .kept = group.files[kept]->path()});
         for (std::size_t i = 0; i < group.files.size(); ++i) {
             if (i != kept)
                 entries.push_back({group.files[i]->path(), group.files[i]->size});
@@ -23,19 +37,16 @@ std::vector<SelectedEntry> FoundDuplicates::copiesToSelect(bool keepNewest)
 RemovalConditions FoundDuplicates::conditionsOf(const Selection &entries, const Selection &selected) const
 {
     CopiesKeptByRule kept;
-    for (const DuplicateGroup &group : m_groups) {
-        const auto byRule = m_keptByRule.find(group.id);
-        if (byRule == m_keptByRule.end())
+    std::vector<DuplicateGroup> groups;
+    for (const Pledge &pledge : m_pledges) {
+        if (!pledge.holds(selected))
             continue;
-        // One whose copies were all deselected since is none of the rule's any more.
-        const bool isStillSelected = std::ranges::any_of(group.files, [&](const auto &file) {
-            const std::string path = file->path();
-            return path != byRule->second && selected.contains(path);
-        });
-        if (isStillSelected)
-            kept.insert(*byRule);
+        kept.emplace(pledge.group.id, pledge.kept);
+        groups.push_back(pledge.group);
     }
-    return corvane::conditionsOf(entries, m_groups, kept);
+    // Last, for they say what the files are now.
+    groups.insert(groups.end(), m_groups.begin(), m_groups.end());
+    return corvane::conditionsOf(entries, groups, kept);
 }
 
 bool FoundDuplicates::remove(const std::function<bool(const FileNode &)> &isGone)

@@ -12,11 +12,12 @@
 
 namespace corvane {
 
-/// The groups that a search has found, and which of their copies were selected by a rule. One thread.
+/// The groups that the last search has found, and those whose copies were selected by a rule, then or after an earlier
+/// search: as long as one of these copies is selected, another is owed to the user. One thread.
 class FoundDuplicates {
 public:
-    FoundDuplicates() = default;
-    explicit FoundDuplicates(std::vector<DuplicateGroup> groups) : m_groups(std::move(groups)) {}
+    /// Those of a new search, or none. What is owed stays.
+    void replace(std::vector<DuplicateGroup> groups) { m_groups = std::move(groups); }
 
     /// The most wasteful first.
     [[nodiscard]] const std::vector<DuplicateGroup> &groups() const { return m_groups; }
@@ -24,8 +25,9 @@ public:
     /// What all of them waste.
     [[nodiscard]] std::int64_t waste() const { return totalReclaimable(m_groups); }
 
-    /// All files but the newest of each group, or but the oldest. From then on one of each group survives a removal.
-    [[nodiscard]] std::vector<SelectedEntry> copiesToSelect(bool keepNewest);
+    /// All files but the newest of each group, or but the oldest, to be added to what is selected. From then on one of
+    /// each group survives a removal.
+    [[nodiscard]] std::vector<SelectedEntry> copiesToSelect(bool keepNewest, const Selection &selected);
 
     /// What has to hold before each of the entries is removed. `selected` is the selection that they come from, with
     /// what it holds twice.
@@ -35,8 +37,17 @@ public:
     bool remove(const std::function<bool(const FileNode &)> &isGone);
 
 private:
+    /// A group as the rule found it, and the path that it keeps.
+    struct Pledge {
+        DuplicateGroup group;
+        std::string kept;
+
+        /// Whether a copy that the rule selected is still selected.
+        [[nodiscard]] bool holds(const Selection &selected) const;
+    };
+
     std::vector<DuplicateGroup> m_groups;
-    CopiesKeptByRule m_keptByRule;
+    std::vector<Pledge> m_pledges; // one a group
 };
 
 } // namespace corvane

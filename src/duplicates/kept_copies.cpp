@@ -31,6 +31,32 @@ bool isTaken(const std::string &path, const Selection &entries, const RemovalCon
     });
 }
 
+/// What the entries that take files of the group must find. Of a group of the rule a folder counts as well as a file.
+void addConditions(const DuplicateGroup &group, bool isOfRule, const Selection &entries, RemovalConditions &conditions)
+{
+    auto staying = std::make_shared<std::vector<KeptCopy>>();
+    std::vector<std::size_t> going;
+    for (std::size_t i = 0; i < group.files.size(); ++i) {
+        const std::string path = group.files[i]->path();
+        if (isTaken(path, entries, conditions))
+            going.push_back(i);
+        else
+            staying->push_back({path, group.seen[i]});
+    }
+    if (staying->empty())
+        return;
+    const KeptCopies copies = std::move(staying);
+    for (const std::size_t i : going) {
+        const std::string path = group.files[i]->path();
+        for (const std::string &entry : entriesAround(path, entries)) {
+            if (entry == path)
+                conditions[entry] = {.itself = group.seen[i], .copies = {copies}};
+            else if (isOfRule && (conditions[entry].copies.empty() || conditions[entry].copies.back() != copies))
+                conditions[entry].copies.push_back(copies);
+        }
+    }
+}
+
 } // namespace
 
 std::size_t keptFile(const DuplicateGroup &group, bool keepNewest)
@@ -56,21 +82,8 @@ RemovalConditions conditionsOf(const Selection &entries, std::span<const Duplica
                 conditions[entry].holdsKeptCopy = true;
         }
     }
-    for (const DuplicateGroup &group : groups) {
-        std::vector<KeptCopy> staying;
-        std::vector<std::string> going;
-        for (std::size_t i = 0; i < group.files.size(); ++i) {
-            const std::string path = group.files[i]->path();
-            if (!isTaken(path, entries, conditions))
-                staying.push_back({path, group.seen[i]});
-            else if (entries.contains(path))
-                going.push_back(path);
-        }
-        if (staying.empty())
-            continue;
-        for (const std::string &path : going)
-            conditions[path].copies = staying;
-    }
+    for (const DuplicateGroup &group : groups)
+        addConditions(group, keptByRule.contains(group.id), entries, conditions);
     return conditions;
 }
 

@@ -17,9 +17,10 @@ using CopiesKeptByRule = std::map<std::string, std::string>;
 [[nodiscard]] std::size_t keptFile(const DuplicateGroup &group, bool keepNewest);
 
 /// What has to hold so that a removal leaves one copy of whatever has several. An entry that is one of a group's files
-/// needs a file of the group that stays, unchanged since they were compared. Where the removal would take all files of
-/// a group whose copies were selected by a rule, the entries that would take the one that the rule keeps stay; a user
-/// who has picked all of them by hand means it.
+/// needs a file of the group that stays, both unchanged since they were compared; a folder needs the same for the files
+/// in it whose group's copies were selected by a rule. Of two groups with the same file the later one counts. Where the
+/// removal would take all files of a group whose copies were selected by a rule, the entries that would take the one
+/// that the rule keeps stay; a user who has picked all of them by hand means it.
 [[nodiscard]] RemovalConditions conditionsOf(const Selection &entries, std::span<const DuplicateGroup> groups,
                                              const CopiesKeptByRule &keptByRule);
 

@@ -14,7 +14,6 @@ namespace {
 using Content = UninstallerPresenter::Content;
 using Shown = UninstallerPresenter::Shown;
 using testing::Contains;
-using testing::Not;
 
 constexpr int patience = 20'000; // milliseconds
 

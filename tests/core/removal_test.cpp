@@ -1,6 +1,7 @@
 #include "core/removal.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -79,10 +80,19 @@ protected:
     {
         for (const char *path : {"/srv/a", "/srv/b", "/srv/c"})
             fake.files.addText(path, "same", 4'096, Time(std::chrono::seconds(1'000)));
-        conditions["/srv/a"].copies = {{"/srv/b", statusOf("/srv/b")}, {"/srv/c", statusOf("/srv/c")}};
+        keep({"/srv/b", "/srv/c"});
     }
 
     FileStatus statusOf(const std::string &path) { return (*fake.files.openFile(path))->status().value(); }
+
+    /// The copies that "/srv/a" is compared with, as they are now.
+    void keep(const std::vector<std::string> &paths)
+    {
+        std::vector<KeptCopy> copies;
+        for (const std::string &path : paths)
+            copies.push_back({path, statusOf(path)});
+        conditions["/srv/a"].copies = {std::make_shared<const std::vector<KeptCopy>>(std::move(copies))};
+    }
 
     RemovalOutcome removeA(bool permanently = false)
     {
@@ -116,26 +126,62 @@ TEST_F(RemovalOfADuplicate, StaysWhereNoneOfTheCopiesIsThereAnyMore)
 
 TEST_F(RemovalOfADuplicate, StaysWhereTheCopyWasWrittenMeanwhile)
 {
-    conditions["/srv/a"].copies.pop_back();
-    fake.files.take("/srv/b");
-    fake.files.addText("/srv/b", "same", 4'096, Time(std::chrono::seconds(1'000)));
-    fake.files.identify("/srv/b", "/srv/c"); // whatever number it got
-    conditions["/srv/a"].copies[0].seen.identity = statusOf("/srv/b").identity;
-    EXPECT_EQ(removeA().removed.size(), 1U) << "one that is the same in everything that is compared";
-
-    for (const auto &[content, modified] : {std::pair("other length", 1'000), std::pair("same", 1'001)}) {
-        fake.files.addText("/srv/a", "same");
+    for (const auto &[content, modified] :
+         {std::pair("other length", 1'000), std::pair("same", 1'001), std::pair("same", 1'000)}) {
+        fake.files.take("/srv/b");
+        fake.files.addText("/srv/b", "same", 4'096, Time(std::chrono::seconds(1'000)));
+        keep({"/srv/b"});
         fake.files.take("/srv/b");
         fake.files.addText("/srv/b", content, 4'096, Time(std::chrono::seconds(modified)));
-        fake.files.identify("/srv/b", "/srv/c");
         EXPECT_EQ(failureLines(removeA()), (Lines{"a: the kept copy has changed"})) << content << modified;
-        fake.files.take("/srv/a");
     }
+    EXPECT_TRUE(fake.files.has("/srv/a"));
+}
+
+TEST_F(RemovalOfADuplicate, StaysWhereItWasWrittenItselfMeanwhile)
+{
+    conditions["/srv/a"].itself = statusOf("/srv/a");
+    fake.files.take("/srv/a");
+    fake.files.addText("/srv/a", "the only file with this", 4'096, Time(std::chrono::seconds(2'000)));
+    EXPECT_EQ(failureLines(removeA()), (Lines{"a: it has changed since it was compared"}));
+    EXPECT_TRUE(fake.files.has("/srv/a"));
+}
+
+TEST_F(RemovalOfADuplicate, StaysWhereTheOnlyOtherCopyIsInTheTrash)
+{
+    const std::string trashed = std::string(home) + "/.Trash/b";
+    fake.files.addText(trashed, "same", 4'096, Time(std::chrono::seconds(1'000)));
+    keep({trashed});
+    EXPECT_EQ(failureLines(removeA()), (Lines{"a: the only other copy is in the Trash"}));
+    keep({trashed, "/srv/c"});
+    EXPECT_EQ(removeA().removed.size(), 1U);
+}
+
+TEST_F(RemovalOfADuplicate, GoesOutOfTheTrashWhereACopyStaysThere)
+{
+    const std::string trash = std::string(home) + "/.Trash";
+    for (const char *name : {"/a", "/b"})
+        fake.files.addText(trash + name, "same", 4'096, Time(std::chrono::seconds(1'000)));
+    keep({trash + "/b"});
+    conditions[trash + "/a"] = conditions["/srv/a"];
+    const auto steps = Removal::plan({{trash + "/a", 4'096}}, false, locations(), {}, {}, conditions);
+    EXPECT_EQ(Removal::perform(steps, locations(), fake.host()).removed.size(), 1U);
+}
+
+TEST_F(RemovalOfADuplicate, NeedsACopyOfEachGroupThatAFolderHolds)
+{
+    keep({"/srv/c"});
+    RemovalCondition both = conditions["/srv/a"];
+    keep({"/srv/b"});
+    both.copies.push_back(conditions["/srv/a"].copies.front());
+    conditions["/srv/a"] = both;
+    fake.files.take("/srv/b");
+    EXPECT_EQ(failureLines(removeA()), (Lines{"a: the kept copy has changed"}));
 }
 
 TEST_F(RemovalOfADuplicate, StaysWhereTheCopyIsALinkByNow)
 {
-    conditions["/srv/a"].copies.pop_back();
+    keep({"/srv/b"});
     fake.files.take("/srv/b");
     fake.files.addLink("/srv/b", "/srv/c");
     EXPECT_EQ(failureLines(removeA()), (Lines{"a: the kept copy has changed"}));
@@ -147,7 +193,7 @@ TEST_F(RemovalOfADuplicate, StaysWhereTheCopyIsASecondPathToItself)
     fake.files.addText("/mnt/again/a", "same", 4'096, Time(std::chrono::seconds(1'000)));
     fake.files.identify("/mnt/again/a", "/srv/a");
     fake.files.identify("/mnt/again", "/srv");
-    conditions["/srv/a"].copies = {{"/mnt/again/a", statusOf("/mnt/again/a")}};
+    keep({"/mnt/again/a"});
     EXPECT_EQ(failureLines(removeA()), (Lines{"a: the kept copy has changed"}));
     EXPECT_TRUE(fake.files.has("/srv/a"));
 }
@@ -155,7 +201,7 @@ TEST_F(RemovalOfADuplicate, StaysWhereTheCopyIsASecondPathToItself)
 TEST_F(RemovalOfADuplicate, GoesWhereTheCopyIsAnotherNameOfIt)
 {
     fake.files.identify("/srv/b", "/srv/a");
-    conditions["/srv/a"].copies = {{"/srv/b", statusOf("/srv/b")}};
+    keep({"/srv/b"});
     EXPECT_EQ(removeA().removed.size(), 1U);
 }
 

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
+#include <unistd.h>
 
 #include "support/temporary_folder.h"
 
@@ -257,6 +258,21 @@ TEST_F(DuplicateFinderTest, APipeAndADeviceAreNeverOpened)
     EXPECT_THAT(findNames(), ElementsAre(ElementsAre("a", "b")));
 }
 
+TEST_F(DuplicateFinderTest, FilesThatCannotBeReadAreNotAlikeForThat)
+{
+    // Nothing lies at the start of a program's memory: the system refuses to read there.
+    const std::string own = "/proc/" + std::to_string(::getpid());
+    if (::access((own + "/mem").c_str(), R_OK) != 0)
+        GTEST_SKIP() << "the system has no such file";
+    for (const std::string &process : {own, std::string("/proc/self")}) {
+        const auto parent = std::make_shared<FileNode>(process, FileNode::Kind::directory);
+        nodes.push_back(std::make_shared<FileNode>(parent->pathForChildren(), "mem", FileNode::Kind::file, parent));
+        nodes.back()->size = kib;
+    }
+    EXPECT_THAT(find(), IsEmpty());
+    EXPECT_EQ(progress.size(), 2U) << "they did not get to the wholes";
+}
+
 TEST_F(DuplicateFinderTest, TwoNamesOfOneFileAreDuplicatesThatFreeNothing)
 {
     add("a", text(kib), 3'000);
@@ -268,9 +284,7 @@ TEST_F(DuplicateFinderTest, TwoNamesOfOneFileAreDuplicatesThatFreeNothing)
     ASSERT_EQ(groups[0].files.size(), 3U);
     EXPECT_EQ(groups[0].waste(), 2 * kib);
     EXPECT_EQ(groups[0].reclaimable(), kib);
-    EXPECT_EQ(groups[0].sharesStorageWith(0), std::nullopt);
-    EXPECT_EQ(groups[0].sharesStorageWith(1), 0U);
-    EXPECT_EQ(groups[0].sharesStorageWith(2), std::nullopt);
+    EXPECT_THAT(groups[0].sharedStorage(), ElementsAre(std::nullopt, 0U, std::nullopt));
 }
 
 TEST_F(DuplicateFinderTest, WhatEachFileWasWhenItWasComparedIsRemembered)

@@ -113,6 +113,7 @@ TEST_F(FileListsTest, AFileOfUnknownDateIsNeverOld)
 
 TEST_F(FileListsTest, TheAgeIsSaidInMonthsBelowAYearAndInWholeYearsFromThere)
 {
+    EXPECT_EQ(ageLabel(1), "1 month");
     EXPECT_EQ(ageLabel(6), "6 months");
     EXPECT_EQ(ageLabel(11), "11 months");
     EXPECT_EQ(ageLabel(12), "1 year");

@@ -37,8 +37,10 @@ std::vector<std::string> copiesFor(const RemovalConditions &conditions, const st
 {
     std::vector<std::string> paths;
     if (const auto found = conditions.find(path); found != conditions.end()) {
-        for (const KeptCopy &copy : found->second.copies)
-            paths.push_back(copy.path);
+        for (const KeptCopies &copies : found->second.copies) {
+            for (const KeptCopy &copy : *copies)
+                paths.push_back(copy.path);
+        }
     }
     return paths;
 }
@@ -66,7 +68,8 @@ TEST(KeptCopies, ACopyThatGoesNeedsOneThatStays)
     const std::vector groups{groupOf("g", {"/x/a", "/x/b", "/x/c"})};
     const auto conditions = conditionsOf(entries({"/x/a"}), groups, {});
     EXPECT_THAT(copiesFor(conditions, "/x/a"), ElementsAre("/x/b", "/x/c"));
-    EXPECT_EQ(conditions.at("/x/a").copies[1].seen, groups[0].seen[2]);
+    EXPECT_EQ(conditions.at("/x/a").copies[0]->at(1).seen, groups[0].seen[2]);
+    EXPECT_EQ(conditions.at("/x/a").itself, groups[0].seen[0]);
     EXPECT_EQ(conditions.size(), 1U);
 }
 
@@ -82,6 +85,22 @@ TEST(KeptCopies, ACopyInAFolderThatGoesDoesNotStay)
     const auto conditions = conditionsOf(entries({"/x/a", "/y"}), groups, {});
     EXPECT_THAT(copiesFor(conditions, "/x/a"), ElementsAre("/z/c"));
     EXPECT_THAT(copiesFor(conditions, "/y"), IsEmpty()) << "a folder is not picked as a copy";
+}
+
+TEST(KeptCopies, AFolderAroundACopyThatARuleSelectedNeedsOneThatStays)
+{
+    const std::vector groups{groupOf("g", {"/x/a", "/x/b", "/y/c"}), groupOf("h", {"/x/d", "/y/e"})};
+    const auto conditions = conditionsOf(entries({"/x"}), groups, {{"g", "/y/c"}});
+    EXPECT_THAT(copiesFor(conditions, "/x"), ElementsAre("/y/c"));
+}
+
+TEST(KeptCopies, OfTwoGroupsWithTheSameFileTheLaterOneCounts)
+{
+    std::vector groups{groupOf("g", {"/x/a", "/x/b"}), groupOf("h", {"/x/a", "/x/b"})};
+    groups[1].seen[1].length = 77;
+    const auto conditions = conditionsOf(entries({"/x/a"}), groups, {{"g", "/x/b"}});
+    ASSERT_EQ(conditions.at("/x/a").copies.size(), 1U);
+    EXPECT_EQ(conditions.at("/x/a").copies[0]->at(0).seen.length, 77);
 }
 
 TEST(KeptCopies, WhoPicksAllCopiesByHandMeansIt)

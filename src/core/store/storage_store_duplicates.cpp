@@ -33,7 +33,7 @@ void StorageStore::publishDuplicateProgress(double fraction, int token)
 
 void StorageStore::publishDuplicates(std::vector<DuplicateGroup> groups)
 {
-    m_duplicates = FoundDuplicates(std::move(groups));
+    m_duplicates.replace(std::move(groups));
     // What was removed while the search ran.
     m_duplicates.remove([this](const FileNode &file) { return !m_tree.contains(file); });
     m_duplicatePhase = Phase::ready;
@@ -43,7 +43,7 @@ void StorageStore::publishDuplicates(std::vector<DuplicateGroup> groups)
 void StorageStore::clearDuplicates()
 {
     m_duplicatesJob.drop();
-    m_duplicates = {};
+    m_duplicates.replace({});
     m_duplicatePhase = Phase::idle;
     m_duplicateProgress = 0;
     emit duplicateProgressChanged();
@@ -58,7 +58,7 @@ void StorageStore::followTreeInDuplicates()
 
 void StorageStore::autoSelectDuplicates(bool keepNewest)
 {
-    setSelected(m_duplicates.copiesToSelect(keepNewest), true);
+    setSelected(m_duplicates.copiesToSelect(keepNewest, selection()), true);
 }
 
 } // namespace corvane

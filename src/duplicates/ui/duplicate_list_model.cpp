@@ -83,8 +83,11 @@ std::vector<DuplicateRow> DuplicateListModel::makeRows() const
                         .size = group.size,
                         .wasted = group.reclaimable(),
                         .isExpanded = isExpanded});
-        for (std::size_t file = 0; isExpanded && file < group.files.size(); ++file) {
-            const auto owner = group.sharesStorageWith(file);
+        if (!isExpanded)
+            continue;
+        const std::vector<std::optional<std::size_t>> shared = group.sharedStorage();
+        for (std::size_t file = 0; file < group.files.size(); ++file) {
+            const std::optional<std::size_t> owner = shared[file];
             rows.push_back({.kind = Kind::file,
                             .group = m_numbers[i],
                             .file = group.files[file],

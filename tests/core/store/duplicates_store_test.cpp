@@ -221,6 +221,54 @@ TEST_F(DuplicatesStoreTest, ACopyOfWhatWasSelectedByRuleSurvivesWhateverElseIsSe
     EXPECT_FALSE(fake.files.has(at("Songs/song.wav")));
 }
 
+TEST_F(DuplicatesStoreTest, WhatARuleKeepsIsKeptAfterAnotherSearch)
+{
+    search();
+    store.autoSelectDuplicates(true);
+    search();
+    store.setSelected(at("Films/film.mov"), 3'000'000, true);
+    remove(store.effectiveSelection());
+    EXPECT_TRUE(fake.files.has(at("Films/film.mov")));
+    EXPECT_FALSE(fake.files.has(at("Archive/film.mov")));
+    EXPECT_FALSE(fake.files.has(at("Films/film copy.mov")));
+}
+
+TEST_F(DuplicatesStoreTest, AGroupThatIsNoneAnyMoreAfterARescanStillGuardsWhatTheRuleSelected)
+{
+    search();
+    store.autoSelectDuplicates(true);
+    fake.files.take(at("Films/film.mov"));
+    fake.files.take(at("Films/film copy.mov"));
+    store.scanHome();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == Phase::ready; }, patience));
+    search();
+    remove({{at("Archive/film.mov"), 3'000'000}});
+    EXPECT_TRUE(fake.files.has(at("Archive/film.mov"))) << "the last one of its kind";
+    EXPECT_THAT(store.toast().value(), HasSubstr("film.mov: the kept copy has changed"));
+}
+
+TEST_F(DuplicatesStoreTest, AFolderWithACopyThatARuleSelectedNeedsTheOneThatItKeeps)
+{
+    search();
+    store.autoSelectDuplicates(true);
+    store.setSelected(at("Archive"), 5'000'000, true);
+    fake.files.take(at("Films/film.mov"));
+    fake.files.take(at("Films/film copy.mov"));
+    remove(store.effectiveSelection());
+    EXPECT_TRUE(fake.files.has(at("Archive/film.mov")));
+}
+
+TEST_F(DuplicatesStoreTest, ACopyThatWasWrittenSinceTheSearchStays)
+{
+    search();
+    store.autoSelectDuplicates(false);
+    fake.files.take(at("Films/film.mov"));
+    add("Films/film.mov", "newer work", 3'000'000, 9'000);
+    remove(store.effectiveSelection());
+    EXPECT_TRUE(fake.files.has(at("Films/film.mov")));
+    EXPECT_FALSE(fake.files.has(at("Films/film copy.mov")));
+}
+
 TEST_F(DuplicatesStoreTest, OnceTheCopiesAreDeselectedAFolderWithAllOfThemMayGo)
 {
     search();
