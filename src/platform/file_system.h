@@ -153,7 +153,8 @@ public:
     /// (`std::errc::file_too_large`) and for a folder, a pipe, a device or the like.
     [[nodiscard]] virtual Expected<std::string> readFile(const std::string &path, std::size_t most);
 
-    /// Opens a regular file for reading, without waiting; a link is not followed. Whatever else lies there is not opened.
+    /// Opens a regular file for reading, without waiting; a link is not followed. Whatever else lies there is not
+    /// opened.
     [[nodiscard]] virtual Expected<std::unique_ptr<FileReader>> openFile(const std::string &path);
 
     /// The path with every link resolved; the item must exist.

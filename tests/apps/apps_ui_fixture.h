@@ -12,8 +12,8 @@
 #include "apps/app_inventory.h"
 #include "core/store/storage_store.h"
 #include "platform/fake_host.h"
-#include "shell/window/gated_file_system.h"
 #include "shell/ui/theme.h"
+#include "shell/window/gated_file_system.h"
 
 namespace corvane::test {
 

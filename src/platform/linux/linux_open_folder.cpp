@@ -9,10 +9,10 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include "platform/posix/interrupted_call.h"
 #include "platform/linux/package_extensions.h"
 #include "platform/linux/stat_facts.h"
 #include "platform/path.h"
+#include "platform/posix/interrupted_call.h"
 
 namespace corvane {
 
