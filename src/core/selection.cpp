@@ -63,6 +63,19 @@ bool hasSelectedAncestor(const Selection &selection, std::string_view path)
     return anyAncestor(path, [&](std::string_view folder) { return selection.contains(folder); });
 }
 
+std::vector<std::string> entriesAround(const Selection &selection, std::string_view path)
+{
+    std::vector<std::string> around;
+    const auto take = [&](std::string_view item) {
+        if (selection.contains(item))
+            around.emplace_back(item);
+        return false;
+    };
+    take(path);
+    anyAncestor(path, take);
+    return around;
+}
+
 // In the order of paths, what lies beneath a folder is one stretch.
 
 bool hasSelectedInside(const Selection &selection, std::string_view path)

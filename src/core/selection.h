@@ -34,6 +34,9 @@ using SeenItems = std::map<std::string, SeenItem>;
 /// Whether an ancestor folder of the path is in the selection.
 [[nodiscard]] bool hasSelectedAncestor(const Selection &selection, std::string_view path);
 
+/// The entries of the selection that are the item at the path or a folder around it, the innermost first.
+[[nodiscard]] std::vector<std::string> entriesAround(const Selection &selection, std::string_view path);
+
 /// Whether something that lies beneath the path is in the selection.
 [[nodiscard]] bool hasSelectedInside(const Selection &selection, std::string_view path);
 

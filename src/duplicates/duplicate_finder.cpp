@@ -1,7 +1,6 @@
 #include "duplicates/duplicate_finder.h"
 
 #include <algorithm>
-#include <array>
 #include <deque>
 #include <functional>
 #include <map>

@@ -3,29 +3,14 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/path.h"
-
 namespace corvane {
 
 namespace {
 
-/// The entries that are the item at the path or a folder around it, that one first.
-std::vector<std::string> entriesAround(std::string_view path, const Selection &entries)
-{
-    std::vector<std::string> around;
-    for (; !path.empty(); path = containingFolder(path)) {
-        if (entries.find(path) != entries.end())
-            around.emplace_back(path);
-        if (path == "/")
-            break;
-    }
-    return around;
-}
-
 /// Whether an entry that is not held back would take the file.
 bool isTaken(const std::string &path, const Selection &entries, const RemovalConditions &conditions)
 {
-    return std::ranges::any_of(entriesAround(path, entries), [&](const std::string &entry) {
+    return std::ranges::any_of(entriesAround(entries, path), [&](const std::string &entry) {
         const auto condition = conditions.find(entry);
         return condition == conditions.end() || !condition->second.holdsKeptCopy;
     });
@@ -48,7 +33,7 @@ void addConditions(const DuplicateGroup &group, bool isOfRule, const Selection &
     const KeptCopies copies = std::move(staying);
     for (const std::size_t i : going) {
         const std::string path = group.files[i]->path();
-        for (const std::string &entry : entriesAround(path, entries)) {
+        for (const std::string &entry : entriesAround(entries, path)) {
             if (entry == path)
                 conditions[entry] = {.itself = group.seen[i], .copies = {copies}};
             else if (isOfRule && (conditions[entry].copies.empty() || conditions[entry].copies.back() != copies))
@@ -78,7 +63,7 @@ RemovalConditions conditionsOf(const Selection &entries, std::span<const Duplica
             continue;
         const auto goes = [&](const auto &file) { return isCovered(entries, file->path()); };
         if (std::ranges::all_of(group.files, goes)) {
-            for (const std::string &entry : entriesAround(kept->second, entries))
+            for (const std::string &entry : entriesAround(entries, kept->second))
                 conditions[entry].holdsKeptCopy = true;
         }
     }

@@ -109,5 +109,13 @@ TEST(SelectionDeath, SumBeyondSixtyThreeBitsStopsTheProgram)
     EXPECT_DEATH((void)totalSize(selection), "");
 }
 
+TEST(EntriesAround, AreTheItemAndTheFoldersAroundItInnermostFirst)
+{
+    const Selection selection{{"/srv", 1}, {"/srv/a", 1}, {"/srv/a/b/c", 1}, {"/srv/a b", 1}};
+    EXPECT_EQ(entriesAround(selection, "/srv/a/b/c"), (std::vector<std::string>{"/srv/a/b/c", "/srv/a", "/srv"}));
+    EXPECT_EQ(entriesAround(selection, "/srv/a/b"), (std::vector<std::string>{"/srv/a", "/srv"}));
+    EXPECT_TRUE(entriesAround(selection, "/other").empty());
+}
+
 } // namespace
 } // namespace corvane
