@@ -7,13 +7,12 @@
 #include "cli/folder_scan.h"
 #include "cli/path_argument.h"
 #include "cli/stop_signal.h"
+#include "cli/terminal_text.h"
 #include "duplicates/duplicate_finder.h"
 
 namespace corvane {
 
 namespace {
-
-constexpr std::string_view clearLine = "\r\x1b[K";
 
 DuplicatesFound search(const FolderScan &scan, Console &console, FileSystem &files)
 {

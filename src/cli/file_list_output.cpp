@@ -1,7 +1,6 @@
 #include "cli/file_list_output.h"
 
 #include <algorithm>
-#include <ctime>
 
 #include <fmt/format.h>
 
@@ -17,17 +16,6 @@ namespace {
 constexpr std::size_t sizeColumns = 10;
 constexpr std::size_t dateColumns = 10;
 constexpr std::size_t leastPathColumns = 8;
-
-std::string dateText(Time time)
-{
-    if (time == distantPast)
-        return "–";
-    const auto seconds = static_cast<std::time_t>(time.time_since_epoch().count());
-    std::tm local{};
-    if (::localtime_r(&seconds, &local) == nullptr)
-        return "–";
-    return fmt::format("{:04}-{:02}-{:02}", local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
-}
 
 } // namespace
 

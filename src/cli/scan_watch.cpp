@@ -23,7 +23,6 @@ namespace {
 constexpr int milliseconds = 100; ///< between two looks at the counters
 constexpr char stopScan = 's';
 constexpr char endWatch = 'e';
-constexpr std::string_view clearLine = "\r\x1b[K";
 
 std::atomic<int> wakeUpDescriptor{-1};
 static_assert(std::atomic<int>::is_always_lock_free, "used in a signal handler");

@@ -1,9 +1,6 @@
 #include "cli/snapshots_command.h"
 
-#include <ctime>
 #include <string>
-
-#include <fmt/format.h>
 
 #include "cli/breakdown_json.h"
 #include "cli/terminal_text.h"
@@ -18,13 +15,7 @@ constexpr std::size_t dateColumns = 16;
 
 std::string dateText(const LocalSnapshot &snapshot)
 {
-    if (!snapshot.date)
-        return "date unknown";
-    const auto seconds = static_cast<std::time_t>(snapshot.date->time_since_epoch().count());
-    std::tm local{};
-    ::localtime_r(&seconds, &local);
-    return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}", local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
-                       local.tm_hour, local.tm_min);
+    return snapshot.date ? dateTimeText(*snapshot.date) : "date unknown";
 }
 
 } // namespace

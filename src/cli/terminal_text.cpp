@@ -1,6 +1,9 @@
 #include "cli/terminal_text.h"
 
 #include <algorithm>
+#include <ctime>
+
+#include <fmt/format.h>
 
 #include "cli/character_width.h"
 
@@ -11,6 +14,22 @@ namespace {
 constexpr std::string_view ellipsis = "…";
 
 } // namespace
+
+std::string dateText(Time time)
+{
+    const std::string moment = dateTimeText(time);
+    return moment.substr(0, moment.find(' '));
+}
+
+std::string dateTimeText(Time time)
+{
+    const auto seconds = static_cast<std::time_t>(time.time_since_epoch().count());
+    std::tm local{};
+    if (time == distantPast || ::localtime_r(&seconds, &local) == nullptr)
+        return "–";
+    return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}", local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+                       local.tm_hour, local.tm_min);
+}
 
 std::size_t displayWidth(std::string_view text)
 {

@@ -4,7 +4,18 @@
 #include <string>
 #include <string_view>
 
+#include "platform/time.h"
+
 namespace corvane {
+
+/// Takes a terminal back to the start of its line, which is empty then.
+inline constexpr std::string_view clearLine = "\r\x1b[K";
+
+/// A moment in the user's time zone: "2026-11-22". "–" for one that has no date there.
+[[nodiscard]] std::string dateText(Time time);
+
+/// The same to the minute: "2026-11-22 09:41".
+[[nodiscard]] std::string dateTimeText(Time time);
 
 /// How many columns of a terminal the text takes. `text` is valid UTF-8.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);
