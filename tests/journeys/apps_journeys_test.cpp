@@ -63,20 +63,7 @@ protected:
         return item.property("unused").isValid() && item.property("index").toInt() >= 0;
     }
     /// The names of the list, from the top.
-    [[nodiscard]] std::vector<std::string> listed()
-    {
-        std::vector<const QQuickItem *> rows;
-        static_cast<void>(driver().find([&](const QQuickItem &item) {
-            if (isAppRow(item))
-                rows.push_back(&item);
-            return false;
-        }));
-        std::ranges::sort(rows, {}, [](const QQuickItem *item) { return item->mapToScene({}).y(); });
-        std::vector<std::string> names;
-        for (const QQuickItem *item : rows)
-            names.push_back(item->property("name").toString().toStdString());
-        return names;
-    }
+    [[nodiscard]] std::vector<std::string> listed() { return namesFromTheTop(isAppRow); }
     void waitForList(const std::vector<std::string> &names)
     {
         waitUntil([&] { return listed() == names; }, QStringLiteral("the list"));

@@ -100,6 +100,21 @@ QQuickItem *Journey::textItem(const QString &text)
     });
 }
 
+std::vector<std::string> Journey::namesFromTheTop(const std::function<bool(const QQuickItem &)> &condition)
+{
+    std::vector<const QQuickItem *> rows;
+    static_cast<void>(driver().find([&](const QQuickItem &item) {
+        if (condition(item))
+            rows.push_back(&item);
+        return false;
+    }));
+    std::ranges::sort(rows, {}, [](const QQuickItem *item) { return item->mapToScene({}).y(); });
+    std::vector<std::string> names;
+    for (const QQuickItem *item : rows)
+        names.push_back(item->property("name").toString().toStdString());
+    return names;
+}
+
 bool Journey::isShown(const QString &objectName)
 {
     return driver().find([&](const QQuickItem &item) { return item.objectName() == objectName; }) != nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -57,6 +58,8 @@ protected:
     [[nodiscard]] QQuickItem *textItem(const QString &text);
     [[nodiscard]] bool shows(const QString &text) { return textItem(text) != nullptr; }
     [[nodiscard]] bool isShown(const QString &objectName);
+    /// The names of the items that the condition holds for, in the order in which they stand.
+    [[nodiscard]] std::vector<std::string> namesFromTheTop(const std::function<bool(const QQuickItem &)> &condition);
     void waitForText(const QString &text);
     /// Lets the window live until the condition holds; the test fails with `what` when it does not come about.
     void waitUntil(const std::function<bool()> &condition, const QString &what) { driver().waitFor(condition, what); }
