@@ -38,7 +38,7 @@ StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations
     m_discards.setMaxThreadCount(1);
     m_timer.setInterval(pollInterval);
     connect(&m_timer, &QTimer::timeout, this, &StorageStore::publishCounters);
-    probeAccess();
+    refreshAccess();
 }
 
 StorageStore::~StorageStore()
@@ -101,13 +101,21 @@ void StorageStore::showLargeFiles(std::optional<FileType> type)
 
 // --- The system
 
-void StorageStore::probeAccess()
+void StorageStore::refreshAccess()
 {
     const bool granted = PathGuard::probeFullDiskAccess(m_host.files);
     if (granted == m_hasFullDiskAccess)
         return;
     m_hasFullDiskAccess = granted;
     emit accessChanged();
+}
+
+void StorageStore::setShowFeedback(bool show)
+{
+    if (m_showFeedback == show)
+        return;
+    m_showFeedback = show;
+    emit showFeedbackChanged();
 }
 
 void StorageStore::refreshVolume()

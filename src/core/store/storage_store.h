@@ -69,6 +69,7 @@ public:
     Q_PROPERTY(bool scanIsPartial READ scanIsPartial NOTIFY treeChanged)
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
     Q_PROPERTY(bool hasFullDiskAccess READ hasFullDiskAccess NOTIFY accessChanged)
+    Q_PROPERTY(bool showFeedback READ showFeedback WRITE setShowFeedback NOTIFY showFeedbackChanged)
     Q_PROPERTY(bool isRemoving READ isRemoving NOTIFY isRemovingChanged)
     Q_PROPERTY(bool isStopping READ isStopping NOTIFY isRemovingChanged)
 
@@ -258,14 +259,20 @@ public:
     // --- The system
     /// The moment that ages are counted from.
     [[nodiscard]] Time now() const { return m_timing.now(); }
-    [[nodiscard]] const VolumeInfo &volume() const { return m_volume; } // volumeChanged
-    [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
+    [[nodiscard]] const VolumeInfo &volume() const { return m_volume; }          // volumeChanged
+    [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; } // accessChanged
+    /// Tests the access anew, which the user may have granted meanwhile.
+    void refreshAccess();
     [[nodiscard]] const Host &host() const { return m_host; }
     [[nodiscard]] const ProtectedLocations &locations() const { return m_locations; }
     /// Shows an item in the file manager; what goes wrong, at once or later, is said in the toast.
     void reveal(const std::string &path);
     /// Opens a file in the program that the desktop has for it; what goes wrong is said in the toast.
     void openFile(const std::string &path);
+
+    // --- The feedback form
+    [[nodiscard]] bool showFeedback() const { return m_showFeedback; } // showFeedbackChanged
+    void setShowFeedback(bool show);
 
     // --- The short message
     [[nodiscard]] const std::optional<std::string> &toast() const { return m_toast; } // toastChanged; bytes
@@ -292,6 +299,7 @@ signals:
     void isRemovingChanged();
     void volumeChanged();
     void accessChanged();
+    void showFeedbackChanged();
     void toastChanged();
 
 private:
@@ -344,7 +352,6 @@ private:
     bool updateTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
 
     // The system.
-    void probeAccess();
     void refreshVolume();
     /// Says in the toast that something cannot be done ("scan") with an item, and why.
     void showFailure(std::string_view what, const std::string &path, const std::string &why);
@@ -385,6 +392,7 @@ private:
 
     VolumeInfo m_volume;
     bool m_hasFullDiskAccess = false;
+    bool m_showFeedback = false;
     std::optional<std::string> m_toast;
     bool m_toastIsWarning = false;
 

@@ -37,7 +37,7 @@ void StorageStore::scan(const std::string &path)
     const std::optional<std::string> target = scannable(path);
     if (!target)
         return;
-    probeAccess();
+    refreshAccess();
     if (*target != m_lastScanPath)
         m_folderToShow.clear();
     else if (m_currentFolder)

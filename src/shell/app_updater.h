@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+#include <QString>
+
+#include "shell/update_controller.h"
+
+namespace corvane {
+
+/// Whether this build can update itself, whether a check may start now, and the user's two choices. One for the life of
+/// the program; main thread only.
+class AppUpdater : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates NOTIFY canCheckForUpdatesChanged)
+    Q_PROPERTY(bool isConfigured READ isConfigured CONSTANT)
+    Q_PROPERTY(bool automaticallyChecksForUpdates READ automaticallyChecksForUpdates WRITE
+                   setAutomaticallyChecksForUpdates NOTIFY settingsChanged)
+    Q_PROPERTY(bool automaticallyDownloadsUpdates READ automaticallyDownloadsUpdates WRITE
+                   setAutomaticallyDownloadsUpdates NOTIFY settingsChanged)
+
+public:
+    /// Whether a build with that public key and feed address can be updated: both are there, and the key is not the
+    /// placeholder, which begins with "REPLACE".
+    [[nodiscard]] static bool isConfigured(const QString &publicKey, const QString &feedUrl);
+
+    /// Starts the controller where `configured`; otherwise it is never asked for anything.
+    AppUpdater(std::unique_ptr<UpdateController> controller, bool configured, QObject *parent = nullptr);
+    ~AppUpdater() override;
+
+    [[nodiscard]] bool canCheckForUpdates() const { return m_canCheckForUpdates; }
+    [[nodiscard]] bool isConfigured() const { return m_isConfigured; }
+    [[nodiscard]] bool automaticallyChecksForUpdates() const;
+    void setAutomaticallyChecksForUpdates(bool automatically);
+    [[nodiscard]] bool automaticallyDownloadsUpdates() const;
+    void setAutomaticallyDownloadsUpdates(bool automatically);
+
+    /// Nothing while `canCheckForUpdates` is false.
+    Q_INVOKABLE void checkForUpdates();
+
+    [[nodiscard]] UpdateController &controller() { return *m_controller; }
+
+signals:
+    void canCheckForUpdatesChanged();
+    void settingsChanged();
+
+private:
+    void followController();
+
+    const std::unique_ptr<UpdateController> m_controller;
+    const bool m_isConfigured;
+    bool m_canCheckForUpdates = false;
+};
+
+} // namespace corvane

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include <QDateTime>
+#include <QObject>
+#include <QSettings>
+#include <QString>
+
+namespace corvane {
+
+/// What this user has set and what the program remembers of earlier runs, under fixed keys of the settings file. A
+/// value that has not been set, or is none that the key can have, reads as its default. What cannot be written is kept
+/// for this run. Main thread only.
+class UserDefaults : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool didOnboard READ didOnboard WRITE setDidOnboard NOTIFY didOnboardChanged)
+    Q_PROPERTY(corvane::UserDefaults::ReportMode crashReportMode READ crashReportMode WRITE setCrashReportMode NOTIFY
+                   crashReportModeChanged)
+
+public:
+    /// What becomes of the reports of earlier crashes.
+    enum class ReportMode { ask, always, never };
+    Q_ENUM(ReportMode)
+
+    /// Never null.
+    explicit UserDefaults(std::unique_ptr<QSettings> settings, QObject *parent = nullptr);
+
+    /// "didOnboard": the welcome sheet has been dismissed once.
+    [[nodiscard]] bool didOnboard() const;
+    void setDidOnboard(bool did);
+
+    /// "crashReportMode": "ask", "always" or "never".
+    [[nodiscard]] ReportMode crashReportMode() const;
+    void setCrashReportMode(ReportMode mode);
+
+    /// "crashReportLastCheck"; nothing before the first check.
+    [[nodiscard]] std::optional<QDateTime> crashReportLastCheck() const;
+    void setCrashReportLastCheck(const QDateTime &when);
+
+    /// A truth value of a key that another part of the program owns.
+    [[nodiscard]] bool flag(const QString &key, bool fallback) const;
+    void setFlag(const QString &key, bool value);
+    /// A moment of such a key; nothing where it has not been set.
+    [[nodiscard]] std::optional<QDateTime> moment(const QString &key) const;
+    void setMoment(const QString &key, const QDateTime &when);
+
+    /// Where everything is kept; for the parts that have groups of their own in it.
+    [[nodiscard]] QSettings &settings() { return *m_settings; }
+
+signals:
+    void didOnboardChanged();
+    void crashReportModeChanged();
+
+private:
+    const std::unique_ptr<QSettings> m_settings;
+};
+
+} // namespace corvane
