@@ -1,10 +1,12 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include <QDateTime>
+#include <QJsonObject>
 #include <QObject>
 #include <QThreadPool>
 
@@ -15,7 +17,8 @@
 namespace corvane {
 
 /// Finds the reports of this program's earlier crashes and sends them where the user wants that. Nothing is sent before
-/// the user has allowed it, once or for good. Main thread only; files are read on a thread of its own.
+/// the user has allowed it, once or for good. Main thread only; the
+/// reports are read on a thread of its own.
 class CrashReporter : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool showPrompt READ showPrompt WRITE setShowPrompt NOTIFY showPromptChanged)
@@ -48,13 +51,17 @@ public:
     [[nodiscard]] std::vector<std::string> findReports(const QDateTime &since) const;
     /// Sends the pending reports, and from now on all without asking where `always` is set.
     Q_INVOKABLE void sendPending(bool always);
-    /// Sends at most the first 400,000 characters of one report in the background; a failure is not told.
+    /// Sends at most the first 400,000 characters of one report in the background, after those that were asked for
+    /// before it. One that cannot be read is skipped; a failure is not told, and nothing is sent again.
     void upload(const std::string &path);
 
 signals:
     void showPromptChanged();
 
 private:
+    void uploadNext();
+    void post(const QJsonObject &message);
+
     UserDefaults &m_defaults;
     API &m_api;
     FileSystem &m_files;
@@ -63,6 +70,8 @@ private:
     bool m_showPrompt = false;
     bool m_didCheck = false;
     std::vector<std::string> m_pending;
+    std::deque<std::string> m_uploads; // those that wait for the one under way
+    bool m_isUploading = false;
     QThreadPool m_pool; // last: nothing is read any more once the rest goes
 };
 

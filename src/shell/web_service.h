@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include <QJsonObject>
 #include <QObject>
@@ -32,24 +33,32 @@ public:
 
     /// What tests set otherwise.
     struct Options {
-        std::chrono::milliseconds timeout = std::chrono::seconds(60); ///< without a byte in either direction
+        /// How long the sending may pause, the answer may take to begin, and to end once it has begun.
+        std::chrono::milliseconds timeout = std::chrono::seconds(60);
         QNetworkAccessManager *network = nullptr; ///< outlives the service; one of its own by default
     };
 
     /// `site` is the base that paths such as "api/feedback" are appended to.
-    explicit API(QUrl site, Options options, QObject *parent = nullptr);
+    explicit API(QUrl site, Options options = defaultOptions(), QObject *parent = nullptr);
     ~API() override;
 
     [[nodiscard]] const QUrl &site() const { return m_site; }
 
     /// Posts the body as JSON. Nothing is sent twice, and nothing to another place than the site: an answer that sends
-    /// elsewhere is a failure.
+    /// elsewhere is a failure. Of an answer no more is read than its first megabytes.
     void post(const QString &path, const QJsonObject &body, Receiver received);
 
 private:
+    class Exchange;
+
+    [[nodiscard]] static Options defaultOptions() { return {}; }
+
+    void finish(Exchange &exchange);
+
     const QUrl m_site;
     const Options m_options;
     std::unique_ptr<QNetworkAccessManager> m_ownNetwork;
+    std::vector<std::unique_ptr<Exchange>> m_exchanges; // goes first, for they use the network
 };
 
 } // namespace corvane

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "shell/app_info.h"
 #include "shell/window/fake_store.h"
 
 namespace corvane {
@@ -12,6 +13,8 @@ using testing::ElementsAre;
 struct HelpCommands : testing::Test {
     HelpCommands() { presenter.setStore(&fake.store); }
 
+    const std::string site = AppInfo::site().toString().toStdString();
+
     FakeStore fake;
     HelpPresenter presenter;
 };
@@ -19,21 +22,21 @@ struct HelpCommands : testing::Test {
 TEST_F(HelpCommands, OpenTheWebsite)
 {
     presenter.openWebsite();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl https://corvane.app/"));
+    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl " + site));
     EXPECT_FALSE(fake.store.toast().has_value());
 }
 
 TEST_F(HelpCommands, OpenThePrivacyPolicy)
 {
     presenter.openPrivacyPolicy();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl https://corvane.app/privacy.html"));
+    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl " + site + "privacy.html"));
 }
 
 TEST_F(HelpCommands, SayThatThereIsNoBrowser)
 {
-    fake.fake.desktop.fail("https://corvane.app/", "no browser");
+    fake.fake.desktop.fail(site, "no browser");
     presenter.openWebsite();
-    EXPECT_EQ(fake.store.toast(), "Can't open https://corvane.app/: no browser");
+    EXPECT_EQ(fake.store.toast(), "Can't open " + site + ": no browser");
     EXPECT_TRUE(fake.store.toastIsWarning());
 }
 

@@ -11,6 +11,7 @@
 #include <QQuickWindow>
 #include <QTest>
 
+#include "shell/app_info.h"
 #include "shell/ui/shell_ui.h"
 #include "shell/ui/store_registration.h"
 #include "shell/ui/theme.h"
@@ -283,7 +284,8 @@ TEST_F(MainWindowTest, TheMenuLeadsToTheWebsiteAndToThePrivacyPolicy)
     click("appMenuButton");
     click("appMenu.website");
     EXPECT_EQ(fake.fake.log->linesStartingWith("openUrl"),
-              (std::vector<std::string>{"openUrl https://corvane.app/privacy.html", "openUrl https://corvane.app/"}));
+              (std::vector<std::string>{"openUrl " + AppInfo::privacyPage().toString().toStdString(),
+                                        "openUrl " + AppInfo::site().toString().toStdString()}));
 }
 
 TEST_F(MainWindowTest, TheSelectionBarComesAndGoesWithTheSelection)

@@ -14,7 +14,7 @@ void HelpPresenter::setStore(StorageStore *store)
 
 void HelpPresenter::openWebsite() const
 {
-    openPage(AppInfo::site);
+    openPage(AppInfo::site());
 }
 
 void HelpPresenter::openPrivacyPolicy() const
@@ -22,10 +22,11 @@ void HelpPresenter::openPrivacyPolicy() const
     openPage(AppInfo::privacyPage());
 }
 
-void HelpPresenter::openPage(const std::string &address) const
+void HelpPresenter::openPage(const QUrl &page) const
 {
     if (!m_store)
         return;
+    const std::string address = page.toString(QUrl::FullyEncoded).toStdString();
     if (const auto opened = m_store->host().desktop.openUrl(address); !opened)
         m_store->showToast("Can't open " + address + ": " + opened.error().description(), true);
 }

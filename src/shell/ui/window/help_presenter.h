@@ -1,9 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include <QObject>
 #include <QPointer>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
@@ -30,7 +29,7 @@ signals:
     void storeChanged();
 
 private:
-    void openPage(const std::string &address) const;
+    void openPage(const QUrl &page) const;
 
     QPointer<StorageStore> m_store;
 };
