@@ -34,6 +34,7 @@ public:
     }
 
     [[nodiscard]] bool isSequential() const override { return true; }
+    bool seek(qint64 /*position*/) override { return false; }
     [[nodiscard]] qint64 bytesAvailable() const override { return rest() + QIODevice::bytesAvailable(); }
     [[nodiscard]] bool atEnd() const override { return rest() == 0; }
 
@@ -76,12 +77,19 @@ QString messageIn(const QByteArray &body)
     return text;
 }
 
-// Qt counts statuses among the errors, too.
-bool isOfTheStatus(QNetworkReply::NetworkError error)
+// Qt counts statuses among the errors, too; and before an answer of 307 or 308 is its own, it tries to rewind the body.
+bool isOfTheStatus(QNetworkReply::NetworkError error, bool hasStatus)
 {
-    return error == QNetworkReply::NoError || error == QNetworkReply::ProtocolInvalidOperationError ||
-           (error >= QNetworkReply::ContentAccessDenied && error != QNetworkReply::ContentReSendError &&
-            error != QNetworkReply::ProtocolUnknownError && error != QNetworkReply::ProtocolFailure);
+    switch (error) {
+    case QNetworkReply::NoError:
+    case QNetworkReply::ProtocolInvalidOperationError:
+        return true;
+    case QNetworkReply::ContentReSendError:
+    case QNetworkReply::ProxyAuthenticationRequiredError:
+        return hasStatus;
+    default:
+        return error >= QNetworkReply::ContentAccessDenied && error != QNetworkReply::ProtocolFailure;
+    }
 }
 
 } // namespace
@@ -115,14 +123,10 @@ public:
 
     [[nodiscard]] std::optional<Failure> outcome()
     {
-        if (!m_isTooLong)
-            read();
-        const QNetworkReply::NetworkError error = m_reply->error();
-        if (error == QNetworkReply::ProtocolFailure || error == QNetworkReply::ProtocolUnknownError)
-            return notHttp();
-        if (!m_isTooLong && !isOfTheStatus(error))
-            return notReached();
+        read();
         const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
+        if (!m_isTooLong && !isOfTheStatus(m_reply->error(), status.isValid()))
+            return notReached();
         if (!status.isValid())
             return notHttp();
         if (status.toInt() >= 200 && status.toInt() <= 299)
@@ -135,8 +139,10 @@ public:
 private:
     void read()
     {
+        if (!m_reply->isOpen()) // aborted
+            return;
         m_body += m_reply->readAll();
-        if (m_body.size() <= mostAnswer || m_isTooLong)
+        if (m_body.size() <= mostAnswer)
             return;
         m_isTooLong = true;
         m_body.clear();
