@@ -1,10 +1,278 @@
 #include "platform/crash_handler.h"
 
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdint>
 #include <cstdlib>
+#include <span>
+#include <string_view>
+#include <utility>
+
+#include <execinfo.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <ucontext.h>
+#include <unistd.h>
 
 #include "platform/environment.h"
+#include "platform/linux/crash_report_text.h"
+#include "platform/path.h"
 
 namespace corvane {
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool hasSanitizer = true;
+#elif defined(__has_feature)
+constexpr bool hasSanitizer = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
+#else
+constexpr bool hasSanitizer = false;
+#endif
+
+struct FatalSignal {
+    int number;
+    std::string_view name;
+};
+constexpr std::array<FatalSignal, 7> fatalSignals{{{SIGSEGV, "SIGSEGV"},
+                                                   {SIGBUS, "SIGBUS"},
+                                                   {SIGILL, "SIGILL"},
+                                                   {SIGFPE, "SIGFPE"},
+                                                   {SIGABRT, "SIGABRT"},
+                                                   {SIGSYS, "SIGSYS"},
+                                                   {SIGTRAP, "SIGTRAP"}}};
+
+constexpr unsigned mostSeconds = 10; // that writing may take, should a lock be held that it needs
+constexpr std::uintptr_t nullPage = 65'536;
+constexpr std::size_t mostFrames = 128;
+constexpr std::size_t mostNameSize = 64;
+
+/// Everything that the handler uses, made ready beforehand: it must not allocate.
+struct Prepared {
+    std::array<char, 64UL * 1024> stack;
+    std::array<char, PATH_MAX> path; // of the folder
+    std::size_t pathSize;
+    std::array<char, mostNameSize> executable;
+    std::array<char, mostNameSize> version;
+    std::array<char, mostNameSize> build;
+    pid_t mainThread;
+
+    std::array<char, 32UL * 1024> text;
+    std::array<char, 4096> maps;
+    std::array<void *, mostFrames> frames;
+    std::array<Module, mostFrames> modules;
+};
+Prepared prepared; // written by the installation, then by the one thread that handles a crash
+
+std::atomic<pid_t> handlingThread{0};
+std::atomic<int> firstSignal{0};
+static_assert(std::atomic<pid_t>::is_always_lock_free);
+
+pid_t currentThread()
+{
+    return static_cast<pid_t>(::syscall(SYS_gettid));
+}
+
+std::string_view textIn(const std::array<char, mostNameSize> &field)
+{
+    return field.data();
+}
+
+void keep(std::array<char, mostNameSize> &field, std::string_view text)
+{
+    field.fill('\0');
+    std::ranges::transform(text.substr(0, field.size() - 1), field.begin(), harmlessCharacter);
+}
+
+void setAction(int signal, void (*handler)(int))
+{
+    struct sigaction action {};
+    action.sa_handler = handler;
+    ::sigaction(signal, &action, nullptr);
+}
+
+void unblock(int signal)
+{
+    sigset_t set;
+    ::sigemptyset(&set);
+    ::sigaddset(&set, signal);
+    ::pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+}
+
+// Ends the program by the signal that began it all.
+void endNow(int /*signal*/)
+{
+    const int first = firstSignal.load();
+    setAction(first, SIG_DFL);
+    unblock(first);
+    ::raise(first);
+}
+
+std::uintptr_t programCounter(const ucontext_t &context)
+{
+#if defined(__x86_64__)
+    return static_cast<std::uintptr_t>(context.uc_mcontext.gregs[REG_RIP]);
+#elif defined(__aarch64__)
+    return static_cast<std::uintptr_t>(context.uc_mcontext.pc);
+#else
+    static_cast<void>(context);
+    return 0;
+#endif
+}
+
+// The frames from the one that crashed on, without the handler's own.
+std::span<void *const> crashedFrames(const ucontext_t &context)
+{
+    const int count = ::backtrace(prepared.frames.data(), static_cast<int>(prepared.frames.size()));
+    std::span<void *> frames(prepared.frames.data(), static_cast<std::size_t>(std::max(count, 0)));
+    const std::uintptr_t counter = programCounter(context);
+    const auto first = std::ranges::find(frames, counter, [](void *frame) {
+        return reinterpret_cast<std::uintptr_t>(frame); // NOLINT: compared as a number
+    });
+    return first == frames.end() ? frames : frames.subspan(static_cast<std::size_t>(first - frames.begin()));
+}
+
+void findModules(std::span<void *const> frames)
+{
+    ModuleFinder finder(frames, std::span(prepared.modules));
+    const int file = ::open("/proc/self/maps", O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        return;
+    for (;;) {
+        const ssize_t count = ::read(file, prepared.maps.data(), prepared.maps.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            break;
+        finder.take(std::string_view(prepared.maps.data(), static_cast<std::size_t>(count)));
+    }
+    ::close(file);
+}
+
+std::string_view compose(int signal, const siginfo_t &info, const ucontext_t &context, std::int64_t seconds)
+{
+    ReportText text{std::span(prepared.text)};
+    text.add("{\"app_name\":\"").add(textIn(prepared.executable)).add("\",\"timestamp\":\"").addTime(seconds, " ", ":");
+    text.add(".00 +0000\",\"app_version\":\"").add(textIn(prepared.version));
+    text.add("\",\"build_version\":\"").add(textIn(prepared.build)).add("\",\"bug_type\":\"309\"}\n\n");
+
+    const auto known = std::ranges::find(fatalSignals, signal, &FatalSignal::number);
+    text.add("Signal: ").addDecimal(signal).add(" ").add(known == fatalSignals.end() ? "" : known->name);
+    text.add(", code ").addDecimal(info.si_code).add("\n");
+    // An address may be made of what was read from somewhere; one next to null is not.
+    const auto address = reinterpret_cast<std::uintptr_t>(info.si_addr);
+    if (info.si_code > 0 && (signal == SIGSEGV || signal == SIGBUS)) {
+        text.add("Fault address: ");
+        if (address < nullPage)
+            text.addHexadecimal(address).add("\n");
+        else
+            text.add("not near null\n");
+    }
+    text.add("Thread: ").add(currentThread() == prepared.mainThread ? "main\n\n" : "another than the main one\n\n");
+
+    const std::span<void *const> frames = crashedFrames(context);
+    findModules(frames);
+    for (std::size_t index = 0; index < frames.size(); ++index) {
+        const Module &module = prepared.modules[index];
+        text.addDecimal(static_cast<std::int64_t>(index)).add(" ");
+        if (module.nameSize == 0)
+            text.add("???\n");
+        else
+            text.add({module.name.data(), module.nameSize}).add(" + ").addHexadecimal(module.offset).add("\n");
+    }
+    return text.written();
+}
+
+void makeFolders()
+{
+    char *const path = prepared.path.data();
+    for (std::size_t at = 1; at <= prepared.pathSize; ++at) {
+        if (path[at] != '/' && path[at] != '\0')
+            continue;
+        const char before = std::exchange(path[at], '\0');
+        ::mkdir(path, 0700); // there already, or opening the file fails
+        path[at] = before;
+    }
+}
+
+bool writeAll(int file, std::string_view text)
+{
+    while (!text.empty()) {
+        const ssize_t count = ::write(file, text.data(), text.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return false;
+        text.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+void writeReport(int signal, const siginfo_t &info, const ucontext_t &context)
+{
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    const std::string_view report = compose(signal, info, context, now.tv_sec);
+
+    makeFolders();
+    for (char copy = '0'; copy <= '9'; ++copy) {
+        std::array<char, PATH_MAX + 2 * mostNameSize> place{};
+        ReportText path{std::span(place).first(place.size() - 1)};
+        path.add({prepared.path.data(), prepared.pathSize}).add("/").add(textIn(prepared.executable)).add("-");
+        path.addTime(now.tv_sec, "-", "");
+        if (copy != '0')
+            path.add("-").add({&copy, 1}); // another has crashed in the same second
+        path.add(".ips");
+        const int file = ::open(place.data(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+        if (file < 0 && errno == EEXIST)
+            continue;
+        if (file < 0)
+            return;
+        if (!writeAll(file, report))
+            ::unlink(place.data());
+        ::close(file);
+        return;
+    }
+}
+
+// Only what may be called in a handler of signals.
+void handle(int signal, siginfo_t *info, void *context)
+{
+    pid_t none = 0;
+    const pid_t self = currentThread();
+    if (!handlingThread.compare_exchange_strong(none, self)) {
+        if (none == self)
+            endNow(signal); // what is done here has crashed in its turn
+        for (;;)
+            ::pause(); // until the thread that came first ends them all
+    }
+    firstSignal = signal;
+    setAction(SIGALRM, endNow);
+    unblock(SIGALRM);
+    ::alarm(mostSeconds);
+    setAction(SIGXFSZ, SIG_IGN); // a limit of the size of files is a failure to write, not an end of its own
+    writeReport(signal, *info, *static_cast<const ucontext_t *>(context));
+
+    // Sent anew as it came, and delivered on return, where it finds the program as it was: a core dump shows that.
+    setAction(signal, SIG_DFL);
+    if (::syscall(SYS_rt_tgsigqueueinfo, ::getpid(), self, signal, info) != 0)
+        endNow(signal);
+}
+
+std::string executableName()
+{
+    std::array<char, PATH_MAX> path{};
+    const ssize_t size = ::readlink("/proc/self/exe", path.data(), path.size());
+    return size <= 0 ? "corvane"
+                     : std::string(lastPathComponent(std::string_view(path.data(), static_cast<std::size_t>(size))));
+}
+
+} // namespace
 
 std::optional<std::string> crashReportsFolder()
 {
@@ -13,6 +281,36 @@ std::optional<std::string> crashReportsFolder()
     const char *home = std::getenv("HOME");
     return (home != nullptr && *home == '/' ? std::string(home) : Environment::accountHome()) +
            "/.local/state/corvane/reports";
+}
+
+bool installCrashHandler(const CrashingProgram &program)
+{
+    const std::string folder = *crashReportsFolder();
+    if (hasSanitizer || folder.size() >= prepared.path.size())
+        return false;
+    std::ranges::copy(folder, prepared.path.begin());
+    prepared.pathSize = folder.size();
+    keep(prepared.executable, executableName());
+    keep(prepared.version, program.version);
+    keep(prepared.build, program.build);
+    prepared.mainThread = currentThread();
+    // Loads the library that it needs, which takes memory.
+    ::backtrace(prepared.frames.data(), 1);
+
+    stack_t stack{};
+    stack.ss_sp = prepared.stack.data();
+    stack.ss_size = prepared.stack.size();
+    ::sigaltstack(&stack, nullptr);
+    struct sigaction action {};
+    action.sa_sigaction = handle;
+    action.sa_flags = SA_SIGINFO | SA_ONSTACK;
+    for (const FatalSignal &signal : fatalSignals) {
+        struct sigaction before {};
+        // What is ignored, or handled by somebody else, does not end the program.
+        if (::sigaction(signal.number, nullptr, &before) == 0 && before.sa_handler == SIG_DFL)
+            ::sigaction(signal.number, &action, nullptr);
+    }
+    return true;
 }
 
 } // namespace corvane

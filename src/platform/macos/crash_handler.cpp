@@ -2,6 +2,12 @@
 
 namespace corvane {
 
+// The system writes a report of every crash into the folder of diagnostic reports.
+bool installCrashHandler(const CrashingProgram & /*program*/)
+{
+    return false;
+}
+
 std::optional<std::string> crashReportsFolder()
 {
     return std::nullopt;
