@@ -2,7 +2,8 @@
 # Type-checks every source of the macOS side against a macOS SDK, with clang, on a machine that is no Mac: selectors,
 # signatures, availability and our own types. Nothing is linked.
 #
-# usage: scripts/macos-check.sh SDK    where SDK holds "Frameworks" and "include"
+# usage: scripts/macos-check.sh SDK [HEADERS]    where SDK holds "Frameworks" and "include", and HEADERS a folder
+# "Sparkle" with the headers of the update framework; without it, what uses them is left out
 
 set -uo pipefail
 
@@ -11,9 +12,14 @@ complain() {
     exit 2
 }
 
-[[ $# -eq 1 ]] || complain "say where the macOS SDK is (a folder with Frameworks and include)"
+[[ $# -eq 1 || $# -eq 2 ]] || complain "say where the macOS SDK is (a folder with Frameworks and include)"
 sdk=$(cd "$1" 2>/dev/null && pwd) || complain "there is no folder $1"
 [[ -d $sdk/Frameworks && -d $sdk/include ]] || complain "$sdk lacks a Frameworks or an include folder"
+framework=
+if [[ $# -eq 2 ]]; then
+    framework=$(cd "$2" 2>/dev/null && pwd) || complain "there is no folder $2"
+    [[ -d $framework/Sparkle ]] || complain "$framework lacks a Sparkle folder"
+fi
 cd "$(dirname "$0")/.." || exit 2
 # shellcheck source=scripts/packages.sh
 source scripts/packages.sh
@@ -37,10 +43,16 @@ for module in "$qt"/Qt*/; do
     flags+=(-isystem "${module%/}")
 done
 
+[[ $framework ]] && flags+=(-isystem "$framework")
+
 mapfile -t sources < <(find src -path '*/macos/*' \( -name '*.mm' -o -name '*.cpp' \) | sort)
 ((${#sources[@]} > 0)) || complain "found no macOS source"
 failed=0
 for source in "${sources[@]}"; do
+    if [[ ! $framework ]] && grep -q '<Sparkle/' "$source"; then
+        echo "skipped $source: it needs the headers of the update framework"
+        continue
+    fi
     arc=()
     [[ $source == *.mm ]] && arc=(-fobjc-arc)
     if output=$("$clang" "${flags[@]}" "${arc[@]}" "$source" 2>&1); then

@@ -13,6 +13,7 @@ AppUpdater::AppUpdater(std::unique_ptr<UpdateController> controller, bool config
     : QObject(parent), m_controller(std::move(controller)), m_isConfigured(configured)
 {
     connect(m_controller.get(), &UpdateController::canCheckForUpdatesChanged, this, &AppUpdater::followController);
+    connect(m_controller.get(), &UpdateController::settingsChanged, this, &AppUpdater::settingsChanged);
     if (m_isConfigured)
         m_controller->start();
     followController();

@@ -4,6 +4,8 @@
 
 namespace corvane {
 
+class UpdateSession;
+
 /// What finds and fetches updates: the update framework on macOS, a reader of the same feed elsewhere. Main thread
 /// only.
 class UpdateController : public QObject {
@@ -25,8 +27,13 @@ public:
     [[nodiscard]] virtual bool automaticallyDownloadsUpdates() const = 0;
     virtual void setAutomaticallyDownloadsUpdates(bool automatically) = 0;
 
+    /// What is to be shown of its checks, as long as it lives; null where it has windows of its own.
+    [[nodiscard]] virtual UpdateSession *session() { return nullptr; }
+
 signals:
     void canCheckForUpdatesChanged();
+    /// One of the two settings has changed in another way than by its setter.
+    void settingsChanged();
 };
 
 } // namespace corvane

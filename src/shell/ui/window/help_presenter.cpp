@@ -1,6 +1,7 @@
 #include "shell/ui/window/help_presenter.h"
 
 #include "shell/app_info.h"
+#include "shell/ui/open_page.h"
 
 namespace corvane {
 
@@ -14,21 +15,14 @@ void HelpPresenter::setStore(StorageStore *store)
 
 void HelpPresenter::openWebsite() const
 {
-    openPage(AppInfo::site());
+    if (m_store)
+        openPage(*m_store, AppInfo::site());
 }
 
 void HelpPresenter::openPrivacyPolicy() const
 {
-    openPage(AppInfo::privacyPage());
-}
-
-void HelpPresenter::openPage(const QUrl &page) const
-{
-    if (!m_store)
-        return;
-    const std::string address = page.toString(QUrl::FullyEncoded).toStdString();
-    if (const auto opened = m_store->host().desktop.openUrl(address); !opened)
-        m_store->showToast("Can't open " + address + ": " + opened.error().description(), true);
+    if (m_store)
+        openPage(*m_store, AppInfo::privacyPage());
 }
 
 } // namespace corvane

@@ -29,8 +29,6 @@ signals:
     void storeChanged();
 
 private:
-    void openPage(const QUrl &page) const;
-
     QPointer<StorageStore> m_store;
 };
 

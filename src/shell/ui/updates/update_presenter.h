@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "shell/app_updater.h"
+#include "shell/updates/update_session.h"
+
+namespace corvane {
+
+/// What the sheet about updates shows and does. Main thread only.
+class UpdatePresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::AppUpdater *updater READ updater WRITE setUpdater NOTIFY updaterChanged)
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    /// Whether there is something that the user is to see.
+    Q_PROPERTY(bool open READ open NOTIFY changed)
+    /// Another number for every other content: the keyboard then goes to that content's button.
+    Q_PROPERTY(int step READ step NOTIFY stepChanged)
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    /// Empty while there is a bar.
+    Q_PROPERTY(QString message READ message NOTIFY changed)
+    Q_PROPERTY(bool hasBar READ hasBar NOTIFY changed)
+    /// Of the work, from 0 to 1; -1 where its length is not known.
+    Q_PROPERTY(double fraction READ fraction NOTIFY changed)
+    /// Beside the bar: "12.3 MB of 34.5 MB".
+    Q_PROPERTY(QString progress READ progress NOTIFY changed)
+    Q_PROPERTY(bool hasReleaseNotes READ hasReleaseNotes NOTIFY changed)
+    Q_PROPERTY(bool hasFailed READ hasFailed NOTIFY changed)
+    /// The buttons, from the right; empty for one that is not there.
+    Q_PROPERTY(QString acceptText READ acceptText NOTIFY changed)
+    Q_PROPERTY(QString revealText READ revealText NOTIFY changed)
+    Q_PROPERTY(QString dismissText READ dismissText NOTIFY changed)
+
+public:
+    explicit UpdatePresenter(QObject *parent = nullptr) : QObject(parent) {}
+
+    [[nodiscard]] AppUpdater *updater() const { return m_updater; }
+    void setUpdater(AppUpdater *updater);
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+
+    [[nodiscard]] bool open() const;
+    [[nodiscard]] int step() const { return static_cast<int>(state().phase); }
+    [[nodiscard]] QString title() const;
+    [[nodiscard]] QString message() const;
+    [[nodiscard]] bool hasBar() const;
+    [[nodiscard]] double fraction() const;
+    [[nodiscard]] QString progress() const;
+    [[nodiscard]] bool hasReleaseNotes() const;
+    [[nodiscard]] bool hasFailed() const { return state().phase == UpdateState::Phase::failed; }
+    [[nodiscard]] QString acceptText() const;
+    [[nodiscard]] QString revealText() const;
+    [[nodiscard]] QString dismissText() const;
+
+    /// What the main button does: downloads, opens the package, shows the file, or is done.
+    Q_INVOKABLE void accept();
+    /// Shows the verified download in the file manager.
+    Q_INVOKABLE void reveal();
+    /// Ends what is under way, or leaves it at that.
+    Q_INVOKABLE void dismiss();
+    Q_INVOKABLE void openReleaseNotes() const;
+
+signals:
+    void updaterChanged();
+    void storeChanged();
+    void stepChanged();
+    void changed();
+
+private:
+    void follow();
+    [[nodiscard]] const UpdateState &state() const;
+
+    QPointer<AppUpdater> m_updater;
+    QPointer<StorageStore> m_store;
+    QPointer<UpdateSession> m_session;
+    QMetaObject::Connection m_following;
+    int m_step = 0; // what was told last
+};
+
+} // namespace corvane

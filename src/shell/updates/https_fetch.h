@@ -1,0 +1,55 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <QByteArrayView>
+#include <QNetworkReply>
+#include <QObject>
+#include <QPointer>
+#include <QUrl>
+
+#include "shell/updates/update_failure.h"
+
+class QNetworkAccessManager;
+
+namespace corvane {
+
+/// Fetches one address over https, redirects included, and tells the server nothing but the program's name and version.
+/// Main thread only. Destroying it ends the transfer, and nothing is handed over any more.
+class HttpsFetch : public QObject {
+    Q_OBJECT
+
+public:
+    struct Limits {
+        qint64 mostBytes;
+        std::chrono::milliseconds timeout; ///< without a byte
+        UpdateFailure::Kind tooLarge;      ///< what more bytes are
+        UpdateFailure::Kind cut;           ///< what an answer that ends early is
+    };
+
+    /// Takes what has arrived, in order; a failure ends the transfer with it.
+    using Sink = std::function<std::optional<UpdateFailure>(QByteArrayView)>;
+    /// Called once at the end, by itself: nothing when everything has been handed over. May destroy the fetch.
+    using Receiver = std::function<void(std::optional<UpdateFailure>)>;
+
+    HttpsFetch(QNetworkAccessManager &network, const QUrl &address, Limits limits, Sink sink, Receiver received);
+    ~HttpsFetch() override;
+
+private:
+    void takeBytes();
+    void finish();
+    void end(std::optional<UpdateFailure> failure);
+    [[nodiscard]] UpdateFailure failureOfReply() const;
+
+    const Limits m_limits;
+    const Sink m_sink;
+    Receiver m_received;                                                    // empty once it has been called
+    const QPointer<QNetworkReply> m_reply;                                  // the network's own
+    const std::shared_ptr<QObject> m_context = std::make_shared<QObject>(); // receives the end
+    qint64 m_count = 0;                                                     // bytes that have arrived
+};
+
+} // namespace corvane
