@@ -15,8 +15,8 @@ URI = re.compile(r"\bURI[ \t]+(Corvane\.\w+)")
 LIBRARY = re.compile(r"\bqt_add_library\((corvane_\w+)")
 LINKED = re.compile(r"\bcorvane_\w+?(?=(?:plugin)?\b)")
 QT = re.compile(r"^Q(t|[A-Z])")
-NAMED = ("platform", "core", "core/store", "cli", "shell", "shell/ui", "shell/ui/updates", "shell/ui/window",
-         "main")
+NAMED = ("platform", "core", "core/store", "cli", "shell", "shell/ui", "shell/ui/services", "shell/ui/updates",
+         "shell/ui/window", "main")
 
 
 class Layers:
@@ -33,8 +33,9 @@ class Layers:
             "core/store": engine,
             "shell": app,
             "shell/ui": app | {"shell"},
+            "shell/ui/services": app | {"shell", "shell/ui"},
             "shell/ui/updates": app | {"shell", "shell/ui"},
-            "shell/ui/window": app | {"shell", "shell/ui", "shell/ui/updates"},
+            "shell/ui/window": app | {"shell", "shell/ui", "shell/ui/services", "shell/ui/updates"},
         }
         for feature in self.features:
             self.may_use[feature] = engine

@@ -17,14 +17,14 @@ namespace corvane {
 /// A window that shows one piece of QML, for tests of components by mouse and keyboard.
 class QuickScene {
 public:
-    /// `body` is put into a Window of 600 x 400 points; the modules are imported already.
-    explicit QuickScene(const QByteArray &body)
+    /// `body` is put into a Window of 600 x 400 points; what it needs besides Corvane.Shell is in `imports`.
+    explicit QuickScene(const QByteArray &body, const QByteArray &imports = {})
     {
         setUpShell(m_engine);
         QQmlComponent component(&m_engine);
         component.setData("import QtQuick\nimport QtQuick.Window\nimport QtQuick.Controls.Basic\n"
-                          "import Corvane.Shell\n"
-                          "Window { width: 600; height: 400; visible: true; color: Theme.window\n" +
+                          "import Corvane.Shell\n" +
+                              imports + "Window { width: 600; height: 400; visible: true; color: Theme.window\n" +
                               body + "\n}",
                           QUrl(QStringLiteral("qrc:/scene.qml")));
         m_window.reset(qobject_cast<QQuickWindow *>(component.create()));

@@ -1,8 +1,8 @@
 import QtQuick
 import Corvane.Shell
 
-/// A question with two answers. Return gives the default one, Escape cancels. Where the answer cannot be undone,
-/// "Cancel" is the default.
+/// A question with two answers, or three. Return gives the default one, Escape cancels. Where the answer cannot be
+/// undone, or what it sends cannot be taken back, "Cancel" is the default.
 Sheet {
     id: alert
 
@@ -11,15 +11,21 @@ Sheet {
     property string detail
     required property string confirmText
     property string cancelText: qsTr("Cancel")
+    /// Of a third answer; empty for none.
+    property string otherText
     /// Of the application that the question is about; empty for others.
     property string iconKey
     /// What the answer does cannot be undone.
     property bool destructive: false
-    /// The object names of the two buttons.
+    /// Cancelling is the default.
+    property bool cautious: destructive
+    /// The object names of the buttons.
     property alias cancelName: body.cancelName
     property alias confirmName: body.confirmName
+    property alias otherName: body.otherName
 
     signal confirmed
+    signal otherChosen
 
     width: Theme.alertWidth
     height: body.implicitHeight
@@ -28,6 +34,11 @@ Sheet {
     function confirm() {
         alert.settle();
         alert.confirmed();
+    }
+
+    function chooseOther() {
+        alert.settle();
+        alert.otherChosen();
     }
 
     AlertBody {
@@ -40,7 +51,10 @@ Sheet {
         iconKey: alert.iconKey
         confirmText: alert.confirmText
         cancelText: alert.cancelText
+        otherText: alert.otherText
         destructive: alert.destructive
+        cautious: alert.cautious
+        onOtherChosen: alert.chooseOther()
         onConfirmed: alert.confirm()
         onCancelled: alert.close()
     }

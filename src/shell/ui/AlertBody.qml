@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// The inside of an alert: sign, question, explanation and the two answers.
+/// The inside of an alert: sign, question, explanation and the answers.
 FocusScope {
     id: body
 
@@ -10,13 +10,19 @@ FocusScope {
     required property string detail
     required property string confirmText
     required property string cancelText
+    required property string otherText
     required property bool destructive
+    required property bool cautious
     required property string iconKey
-    /// The object names of the two buttons.
+    /// The object names of the buttons.
     property alias cancelName: cancelButton.objectName
     property alias confirmName: confirmButton.objectName
+    property alias otherName: otherButton.objectName
+
+    readonly property PushButton defaultButton: cautious ? cancelButton : confirmButton
 
     signal confirmed
+    signal otherChosen
     signal cancelled
 
     implicitHeight: words.height + buttons.height
@@ -26,11 +32,11 @@ FocusScope {
     Accessible.description: detail === "" ? message : detail + ". " + message
 
     // From wherever the keyboard is: Return gives the default answer.
-    Keys.onReturnPressed: (destructive ? cancelButton : confirmButton).clicked()
-    Keys.onEnterPressed: (destructive ? cancelButton : confirmButton).clicked()
+    Keys.onReturnPressed: defaultButton.clicked()
+    Keys.onEnterPressed: defaultButton.clicked()
 
     function focusDefault() {
-        (destructive ? cancelButton : confirmButton).forceActiveFocus(Qt.TabFocusReason);
+        defaultButton.forceActiveFocus(Qt.TabFocusReason);
     }
 
     Item {
@@ -116,6 +122,13 @@ FocusScope {
         height: Theme.controlHeight + Theme.space14
         spacing: Theme.buttonGap
 
+        PushButton {
+            id: otherButton
+
+            text: body.otherText
+            visible: body.otherText !== ""
+            onClicked: body.otherChosen()
+        }
         PushButton {
             id: cancelButton
 

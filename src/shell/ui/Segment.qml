@@ -8,13 +8,18 @@ T.RadioButton {
 
     /// Whether the keyboard's ring is around the chosen segment.
     required property bool ringed
+    property bool large: false
 
     implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)
     leftPadding: Theme.smallControlPadding
     rightPadding: Theme.smallControlPadding
     focusPolicy: Qt.NoFocus
     hoverEnabled: true
-    font: checked ? Theme.secondaryMediumFont : Theme.secondaryFont
+    font: {
+        if (large)
+            return Theme.withEmoji(checked ? Theme.bodyMediumFont : Theme.bodyFont);
+        return checked ? Theme.secondaryMediumFont : Theme.secondaryFont;
+    }
     Accessible.role: Accessible.RadioButton
     Accessible.name: text
     Accessible.checkable: true

@@ -11,6 +11,8 @@ KeyboardItem {
     property int currentIndex: 0
     /// What is chosen here.
     required property string accessibleName
+    /// Fills the width that it is given, in equal parts and larger letters.
+    property bool fills: false
 
     signal activated(int index)
 
@@ -49,7 +51,9 @@ KeyboardItem {
                 required property int index
                 required property string modelData
 
+                width: control.fills ? (control.width - 2 * row.x) / control.segments.length : implicitWidth
                 height: row.height
+                large: control.fills
                 text: modelData
                 checked: index === control.currentIndex
                 ringed: control.visualFocus

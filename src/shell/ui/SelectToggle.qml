@@ -14,8 +14,6 @@ T.CheckBox {
     property bool protectedPlace: false
     property string reason
 
-    readonly property bool marked: checkState !== Qt.Unchecked
-
     implicitWidth: Theme.checkCellWidth
     implicitHeight: Theme.tableRowHeight
     focusPolicy: Qt.StrongFocus
@@ -32,37 +30,11 @@ T.CheckBox {
     Accessible.onPressAction: control.clicked()
     Accessible.onToggleAction: control.clicked()
 
-    Rectangle {
-        id: box
-
+    CheckMark {
         anchors.centerIn: parent
-        width: Theme.checkBoxSize
-        height: Theme.checkBoxSize
-        radius: Theme.radiusFrame
+        checkState: control.checkState
+        ringed: control.visualFocus
         opacity: control.protectedPlace || !control.enabled ? Theme.protectedOpacity : 1
-        color: control.marked ? Theme.accentFill : Theme.control
-        border.width: control.marked ? 0 : Theme.hairlineWidth
-        border.color: Theme.checkOutline
-
-        Icon {
-            anchors.centerIn: parent
-            name: control.checkState === Qt.PartiallyChecked ? "minus" : "check"
-            weight: "bold"
-            color: Theme.onFill
-            size: Theme.checkIconSize
-            opacity: control.marked ? 1 : 0
-
-            Behavior on opacity {
-                NumberAnimation {
-                    duration: Theme.baseDuration
-                    easing.type: Easing.OutCubic
-                }
-            }
-        }
-        FocusRing {
-            around: Theme.radiusFrame
-            visible: control.visualFocus
-        }
     }
 
     Tip {

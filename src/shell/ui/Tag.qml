@@ -9,6 +9,9 @@ Rectangle {
     property string tone: "neutral"
     property alias text: words.text
     property string iconName
+    property string symbol
+    /// Shows a point before the word: something goes on.
+    property bool pointed: false
     readonly property color inkColor: tone === "accent" ? Theme.accentText
         : tone === "danger" ? Theme.dangerText
         : tone === "warning" ? Theme.warnText
@@ -30,14 +33,28 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         anchors.right: parent.right
         anchors.rightMargin: Theme.tagPadding
-        spacing: Theme.space4
+        spacing: tag.pointed ? Theme.space6 : Theme.space4
 
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            width: Theme.pointSize
+            height: width
+            radius: width / 2
+            color: tag.tone === "warning" ? Theme.warnIcon : tag.inkColor
+            visible: tag.pointed
+        }
         Icon {
             anchors.verticalCenter: parent.verticalCenter
             name: tag.iconName
             weight: "bold"
             color: tag.inkColor
             size: Theme.caretSize
+        }
+        Icon {
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: tag.symbol
+            color: tag.inkColor
+            size: Theme.space12
         }
         PlainText {
             id: words

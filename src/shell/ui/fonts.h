@@ -16,6 +16,10 @@ void registerTextFonts();
 /// The program's font, without size or weight; `tabular` has figures of one width where that is to be had.
 [[nodiscard]] QFont textFont(Figures figures);
 
+/// The same font, which draws emoji in colour where the system can. Another font's plain drawing of them might come
+/// first otherwise.
+[[nodiscard]] QFont fontWithEmoji(QFont font);
+
 /// The rounded font of the one large figure, without size or weight; it has one weight, bold.
 [[nodiscard]] QFont roundedFont();
 

@@ -288,6 +288,11 @@ QColor Theme::withAlpha(const QColor &color, double alpha) const
     return result;
 }
 
+QFont Theme::withEmoji(const QFont &font) const
+{
+    return fontWithEmoji(font);
+}
+
 QColor Theme::window() const
 {
     return colors().window;
@@ -502,6 +507,11 @@ QColor Theme::accentLine() const
 QColor Theme::checkOutline() const
 {
     return withAlpha(t3(), 0.72);
+}
+
+QColor Theme::switchTrack() const
+{
+    return withAlpha(t3(), 0.55);
 }
 
 QList<QColor> Theme::cleanupTints() const

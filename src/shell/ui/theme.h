@@ -69,6 +69,7 @@ class Theme : public QObject {
     Q_PROPERTY(QColor dangerFillPress READ dangerFillPress NOTIFY changed)
     Q_PROPERTY(QColor accentLine READ accentLine NOTIFY changed) // around what lies on accentSoft
     Q_PROPERTY(QColor checkOutline READ checkOutline NOTIFY changed)
+    Q_PROPERTY(QColor switchTrack READ switchTrack NOTIFY changed)   // of a switch that is off
     Q_PROPERTY(QColor panelOutline READ panelOutline NOTIFY changed) // around what floats
     Q_PROPERTY(QColor scrimNested READ scrimNested NOTIFY changed)   // under an alert that covers a sheet
     /// Of the cleanup catalogue's icons, in the order of its tints.
@@ -193,6 +194,9 @@ class Theme : public QObject {
     Q_PROPERTY(int swatchSize MEMBER m_swatchSize CONSTANT)
     Q_PROPERTY(int tagHeight MEMBER m_tagHeight CONSTANT)
     Q_PROPERTY(int tagPadding MEMBER m_tagPadding CONSTANT)
+    Q_PROPERTY(int pointSize MEMBER m_pointSize CONSTANT)
+    Q_PROPERTY(int switchWidth MEMBER m_switchWidth CONSTANT)
+    Q_PROPERTY(int switchHeight MEMBER m_switchHeight CONSTANT)
     Q_PROPERTY(int bandRuleHeight MEMBER m_bandRuleHeight CONSTANT)
     Q_PROPERTY(int splitRuleHeight MEMBER m_splitRuleHeight CONSTANT)
     Q_PROPERTY(int bandIconGap MEMBER m_bandIconGap CONSTANT)
@@ -261,6 +265,8 @@ public:
     Q_INVOKABLE [[nodiscard]] QColor solidFill(const QColor &color) const;
     /// The colour with another opacity, from 0 to 1.
     Q_INVOKABLE [[nodiscard]] QColor withAlpha(const QColor &color, double alpha) const;
+    /// The font for text that holds emoji; see `fontWithEmoji`.
+    Q_INVOKABLE [[nodiscard]] QFont withEmoji(const QFont &font) const;
 
     [[nodiscard]] QColor window() const;
     [[nodiscard]] QColor sidebar() const;
@@ -303,6 +309,7 @@ public:
     [[nodiscard]] QColor dangerFillPress() const;
     [[nodiscard]] QColor accentLine() const;
     [[nodiscard]] QColor checkOutline() const;
+    [[nodiscard]] QColor switchTrack() const;
     [[nodiscard]] QColor panelOutline() const;
     [[nodiscard]] QColor scrimNested() const;
     [[nodiscard]] QList<QColor> cleanupTints() const;
@@ -437,6 +444,9 @@ private:
     const int m_swatchSize = 10;
     const int m_tagHeight = 18;
     const int m_tagPadding = 7;
+    const int m_pointSize = 6;
+    const int m_switchWidth = 32;
+    const int m_switchHeight = 18;
     const int m_bandRuleHeight = 20;
     const int m_splitRuleHeight = 16;
     const int m_bandIconGap = 11;

@@ -29,4 +29,10 @@ QFont textFont(Figures figures)
     return font;
 }
 
+QFont fontWithEmoji(QFont font)
+{
+    font.setFamilies(font.families() << QStringLiteral("Noto Color Emoji"));
+    return font;
+}
+
 } // namespace corvane

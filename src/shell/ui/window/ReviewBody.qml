@@ -93,49 +93,34 @@ FocusScope {
         anchors.top: header.bottom
         width: parent.width
     }
-    Item {
+    SheetFooter {
         id: footer
 
         anchors.top: list.bottom
         width: parent.width
-        height: Theme.sheetFooterHeight
-
-        Rectangle {
-            width: parent.width
-            height: Theme.hairlineWidth
-            color: Theme.hairline
-        }
-        PushButton {
+        apart: PushButton {
             objectName: "reviewSheet.deletePermanently"
-            x: Theme.space20
-            anchors.verticalCenter: parent.verticalCenter
             text: qsTr("Delete Permanently…")
             dangerText: true
             enabled: body.selection.canRemove
             onClicked: body.deleteWanted()
         }
-        Row {
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.space20
-            anchors.verticalCenter: parent.verticalCenter
-            spacing: Theme.buttonGap
 
-            PushButton {
-                objectName: "reviewSheet.cancel"
-                text: qsTr("Cancel")
-                onClicked: body.cancelled()
-            }
-            PushButton {
-                id: trash
+        PushButton {
+            objectName: "reviewSheet.cancel"
+            text: qsTr("Cancel")
+            onClicked: body.cancelled()
+        }
+        PushButton {
+            id: trash
 
-                objectName: "reviewSheet.moveToTrash"
-                text: body.selection.trashTitle
-                symbol: "trash"
-                primary: true
-                busy: body.selection.removing
-                enabled: body.selection.canRemove
-                onClicked: body.trashWanted()
-            }
+            objectName: "reviewSheet.moveToTrash"
+            text: body.selection.trashTitle
+            symbol: "trash"
+            primary: true
+            busy: body.selection.removing
+            enabled: body.selection.canRemove
+            onClicked: body.trashWanted()
         }
     }
 }

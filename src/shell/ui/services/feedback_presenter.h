@@ -1,0 +1,107 @@
+#pragma once
+
+#include <optional>
+
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "shell/web_service.h"
+
+namespace corvane {
+
+/// The feedback form. What has been written stays, also while the form is closed, until it has been sent. A message
+/// whose form is closed while it is being sent is sent nevertheless, and the toast says what became of it. Main thread
+/// only.
+class FeedbackPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(corvane::API *api READ api WRITE setApi NOTIFY apiChanged)
+    /// Whether the form is to be shown.
+    Q_PROPERTY(bool wanted READ isWanted NOTIFY wantedChanged)
+    Q_PROPERTY(QList<QString> categories READ categories CONSTANT)
+    Q_PROPERTY(int categoryIndex READ categoryIndex WRITE setCategoryIndex NOTIFY changed)
+    Q_PROPERTY(QString message READ message WRITE setMessage NOTIFY changed)
+    Q_PROPERTY(QString messageHint READ messageHint NOTIFY changed)
+    Q_PROPERTY(QString email READ email WRITE setEmail NOTIFY changed)
+    Q_PROPERTY(bool includeInfo READ includesInfo WRITE setIncludeInfo NOTIFY changed)
+    Q_PROPERTY(QString infoText READ infoText NOTIFY storeChanged)
+    Q_PROPERTY(bool sending READ isSending NOTIFY changed)
+    /// Empty for none.
+    Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
+    Q_PROPERTY(bool sent READ isSent NOTIFY changed)
+    Q_PROPERTY(bool canSend READ canSend NOTIFY changed)
+    Q_PROPERTY(QString thanksText READ thanksText NOTIFY changed)
+
+public:
+    explicit FeedbackPresenter(QObject *parent = nullptr) : QObject(parent) {}
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+    [[nodiscard]] API *api() const { return m_api; }
+    void setApi(API *api);
+
+    [[nodiscard]] bool isWanted() const { return m_store && m_store->showFeedback(); }
+    /// The names of the categories.
+    [[nodiscard]] static QList<QString> categories();
+    [[nodiscard]] int categoryIndex() const { return m_draft.category; }
+    void setCategoryIndex(int index);
+    /// What the service calls the category: "idea", "bug" or "other".
+    [[nodiscard]] QString category() const;
+    [[nodiscard]] QString message() const { return m_draft.message; }
+    void setMessage(const QString &message);
+    /// Stands in the empty field.
+    [[nodiscard]] QString messageHint() const;
+    [[nodiscard]] QString email() const { return m_draft.email; }
+    void setEmail(const QString &email);
+    [[nodiscard]] bool includesInfo() const { return m_draft.includesInfo; }
+    void setIncludeInfo(bool include);
+    [[nodiscard]] QString infoText() const;
+    [[nodiscard]] bool isSending() const { return m_sending; }
+    [[nodiscard]] QString errorText() const { return m_errorText; }
+    [[nodiscard]] bool isSent() const { return m_sent; }
+    [[nodiscard]] bool canSend() const;
+    [[nodiscard]] QString thanksText() const;
+
+    /// What is posted.
+    [[nodiscard]] QJsonObject body() const;
+
+    /// Nothing while `canSend` is false.
+    Q_INVOKABLE void send();
+    /// The form was closed, by whatever means.
+    Q_INVOKABLE void close();
+
+signals:
+    void storeChanged();
+    void apiChanged();
+    void wantedChanged();
+    void changed();
+
+private:
+    struct Draft {
+        int category = 0;
+        QString message;
+        QString email;
+        bool includesInfo = true;
+    };
+
+    void followStore();
+    void receive(const std::optional<API::Failure> &failure);
+    void startAnew();
+
+    QPointer<StorageStore> m_store;
+    QPointer<API> m_api;
+    Draft m_draft;
+    bool m_wasWanted = false;
+    bool m_sending = false;
+    QString m_errorText;
+    bool m_sent = false;
+    bool m_isSeen = false; // the form was closed over what it shows, which is not shown again
+};
+
+} // namespace corvane

@@ -1,0 +1,147 @@
+#include "shell/ui/services/onboarding_presenter.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <QUrl>
+
+#include "core/store/qt_words.h"
+
+namespace corvane {
+
+namespace {
+
+// Bold text of this program is semibold.
+QString bold(const char *words)
+{
+    return QStringLiteral("<span style=\"font-weight:600\">") + QString::fromLatin1(words) + QStringLiteral("</span>");
+}
+
+QString paragraph(const QString &text)
+{
+    return QStringLiteral("<p style=\"line-height:18px; -qt-line-height-type:fixed\">") + text + QStringLiteral("</p>");
+}
+
+} // namespace
+
+OnboardingPresenter::OnboardingPresenter(QObject *parent) : QObject(parent)
+{
+    m_poll.setSingleShot(true);
+    m_poll.setInterval(std::chrono::seconds(1));
+    connect(&m_poll, &QTimer::timeout, this, &OnboardingPresenter::testAccess);
+}
+
+void OnboardingPresenter::setStore(StorageStore *store)
+{
+    if (m_store == store)
+        return;
+    if (m_store)
+        m_store->disconnect(this);
+    m_store = store;
+    if (m_store)
+        connect(m_store, &StorageStore::accessChanged, this, &OnboardingPresenter::accessChanged);
+    emit storeChanged();
+    emit accessChanged();
+}
+
+void OnboardingPresenter::setDefaults(UserDefaults *defaults)
+{
+    if (m_defaults == defaults)
+        return;
+    if (m_defaults)
+        m_defaults->disconnect(this);
+    m_defaults = defaults;
+    if (m_defaults)
+        connect(m_defaults, &UserDefaults::didOnboardChanged, this, &OnboardingPresenter::wantedChanged);
+    emit defaultsChanged();
+    emit wantedChanged();
+}
+
+void OnboardingPresenter::setVisible(bool visible)
+{
+    if (m_visible == visible)
+        return;
+    m_visible = visible;
+    emit visibleChanged();
+    m_poll.stop();
+    if (m_visible)
+        testAccess();
+}
+
+void OnboardingPresenter::testAccess()
+{
+    if (!m_store)
+        return;
+    m_store->refreshAccess();
+    if (!isGranted())
+        m_poll.start();
+}
+
+const SystemWords *OnboardingPresenter::words() const
+{
+    return m_store ? &wordsOf(m_store->host().files.systemKind()) : nullptr;
+}
+
+QString OnboardingPresenter::welcomeLine() const
+{
+    return words() ? displayText(words()->welcomeLine) : QString();
+}
+
+QString OnboardingPresenter::accessTitle() const
+{
+    return words() ? displayText(words()->accessTitle) : QString();
+}
+
+QString OnboardingPresenter::accessLine() const
+{
+    if (!words())
+        return {};
+    return displayText(isGranted() ? words()->accessGranted : words()->accessMissing);
+}
+
+QString OnboardingPresenter::status() const
+{
+    return isGranted() ? QStringLiteral("Granted") : QStringLiteral("Waiting…");
+}
+
+bool OnboardingPresenter::hasSettings() const
+{
+    return words() && words()->accessIsInSettings;
+}
+
+QStringList OnboardingPresenter::steps() const
+{
+    return {
+        paragraph(QStringLiteral("Click %1 below.").arg(bold("Open System Settings"))),
+        paragraph(QStringLiteral("Click %1 and choose %2, or drag the icon on the right into the list.")
+                      .arg(bold("+"), bold("Corvane"))),
+        paragraph(
+            QStringLiteral("Switch Corvane %1. If macOS asks, choose %2.").arg(bold("on"), bold("Quit &amp; Reopen"))),
+    };
+}
+
+QString OnboardingPresenter::bundleOf(const QString &programFile)
+{
+    // NAME.app/Contents/MacOS/NAME
+    static const QRegularExpression insideBundle(QStringLiteral("^(.+\\.app)/Contents/MacOS/[^/]+$"));
+    const QRegularExpressionMatch match = insideBundle.match(programFile);
+    return match.hasMatch() ? match.captured(1) : programFile;
+}
+
+QString OnboardingPresenter::applicationUrl()
+{
+    return QUrl::fromLocalFile(bundleOf(QCoreApplication::applicationFilePath())).toString(QUrl::FullyEncoded);
+}
+
+void OnboardingPresenter::dismiss()
+{
+    if (m_defaults)
+        m_defaults->setDidOnboard(true);
+}
+
+void OnboardingPresenter::openSettings()
+{
+    if (m_store)
+        m_store->perform({BreakdownAction::Kind::fullDiskAccess, {}});
+}
+
+} // namespace corvane

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <chrono>
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "core/words/system_words.h"
+#include "shell/user_defaults.h"
+
+namespace corvane {
+
+/// The first launch: what the program is for, and whether it may read everything. While its sheet is visible the access
+/// is tested, at once and then every second until it is granted. Main thread only.
+class OnboardingPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(corvane::UserDefaults *defaults READ defaults WRITE setDefaults NOTIFY defaultsChanged)
+    /// Whether the sheet is to be shown: it has not been dismissed yet, or is asked for again.
+    Q_PROPERTY(bool wanted READ isWanted NOTIFY wantedChanged)
+    /// Whether the sheet is seen.
+    Q_PROPERTY(bool visible READ isVisible WRITE setVisible NOTIFY visibleChanged)
+    Q_PROPERTY(bool granted READ isGranted NOTIFY accessChanged)
+    Q_PROPERTY(QString title READ title CONSTANT)
+    Q_PROPERTY(QString welcomeLine READ welcomeLine NOTIFY storeChanged)
+    Q_PROPERTY(QString accessTitle READ accessTitle NOTIFY storeChanged)
+    Q_PROPERTY(QString accessLine READ accessLine NOTIFY accessChanged)
+    Q_PROPERTY(QString status READ status NOTIFY accessChanged)
+    /// The access is granted in the system's settings, in these steps; rich text.
+    Q_PROPERTY(bool hasSettings READ hasSettings NOTIFY storeChanged)
+    Q_PROPERTY(QStringList steps READ steps CONSTANT)
+    Q_PROPERTY(QString dragHelp READ dragHelp CONSTANT)
+    /// The file address of what is dragged into the list of the settings.
+    Q_PROPERTY(QString applicationUrl READ applicationUrl CONSTANT)
+
+public:
+    explicit OnboardingPresenter(QObject *parent = nullptr);
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+    [[nodiscard]] UserDefaults *defaults() const { return m_defaults; }
+    void setDefaults(UserDefaults *defaults);
+
+    [[nodiscard]] bool isWanted() const { return m_defaults && !m_defaults->didOnboard(); }
+    [[nodiscard]] bool isVisible() const { return m_visible; }
+    void setVisible(bool visible);
+    [[nodiscard]] bool isGranted() const { return m_store && m_store->hasFullDiskAccess(); }
+    [[nodiscard]] QString title() const { return QStringLiteral("Welcome to Corvane"); }
+    [[nodiscard]] QString welcomeLine() const;
+    [[nodiscard]] QString accessTitle() const;
+    [[nodiscard]] QString accessLine() const;
+    [[nodiscard]] QString status() const;
+    [[nodiscard]] bool hasSettings() const;
+    [[nodiscard]] QStringList steps() const;
+    [[nodiscard]] QString dragHelp() const { return QStringLiteral("Drag me into the Full Disk Access list"); }
+    [[nodiscard]] static QString applicationUrl();
+
+    /// The bundle around a program's file; the file itself where there is none.
+    [[nodiscard]] static QString bundleOf(const QString &programFile);
+
+    /// The sheet was closed, by whatever means.
+    Q_INVOKABLE void dismiss();
+    Q_INVOKABLE void openSettings();
+
+    /// One second unless a test sets it otherwise.
+    void setPollInterval(std::chrono::milliseconds interval) { m_poll.setInterval(interval); }
+    [[nodiscard]] std::chrono::milliseconds pollInterval() const { return m_poll.intervalAsDuration(); }
+    [[nodiscard]] bool isPolling() const { return m_poll.isActive(); }
+
+signals:
+    void storeChanged();
+    void defaultsChanged();
+    void wantedChanged();
+    void visibleChanged();
+    void accessChanged();
+
+private:
+    [[nodiscard]] const SystemWords *words() const;
+    void testAccess();
+
+    QPointer<StorageStore> m_store;
+    QPointer<UserDefaults> m_defaults;
+    QTimer m_poll;
+    bool m_visible = false;
+};
+
+} // namespace corvane

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+#include "core/store/storage_store.h"
+#include "shell/app_updater.h"
+#include "shell/user_defaults.h"
+#include "shell/web_service.h"
+
+namespace corvane {
+
+/// What the settings window shows and sets. Main thread only.
+class SettingsPresenter : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    Q_PROPERTY(corvane::UserDefaults *defaults READ defaults WRITE setDefaults NOTIFY defaultsChanged)
+    Q_PROPERTY(corvane::API *api READ api WRITE setApi NOTIFY apiChanged)
+    Q_PROPERTY(corvane::AppUpdater *updater READ updater WRITE setUpdater NOTIFY updaterChanged)
+    /// Whether the window is seen.
+    Q_PROPERTY(bool visible READ isVisible WRITE setVisible NOTIFY visibleChanged)
+    Q_PROPERTY(bool canUpdate READ canUpdate NOTIFY updaterChanged)
+    Q_PROPERTY(bool canCheckNow READ canCheckNow NOTIFY updatesChanged)
+    Q_PROPERTY(bool checksAutomatically READ checksAutomatically WRITE setChecksAutomatically NOTIFY updatesChanged)
+    Q_PROPERTY(
+        bool installsAutomatically READ installsAutomatically WRITE setInstallsAutomatically NOTIFY updatesChanged)
+    Q_PROPERTY(QString versionText READ versionText CONSTANT)
+    Q_PROPERTY(QStringList crashChoices READ crashChoices CONSTANT)
+    Q_PROPERTY(int crashChoice READ crashChoice WRITE setCrashChoice NOTIFY crashChoiceChanged)
+    Q_PROPERTY(QString crashExplanation READ crashExplanation NOTIFY explanationChanged)
+    Q_PROPERTY(QString accessTitle READ accessTitle NOTIFY storeChanged)
+    Q_PROPERTY(bool granted READ isGranted NOTIFY accessChanged)
+    Q_PROPERTY(QString accessStatus READ accessStatus NOTIFY accessChanged)
+
+public:
+    explicit SettingsPresenter(QObject *parent = nullptr) : QObject(parent) {}
+
+    [[nodiscard]] StorageStore *store() const { return m_store; }
+    void setStore(StorageStore *store);
+    [[nodiscard]] UserDefaults *defaults() const { return m_defaults; }
+    void setDefaults(UserDefaults *defaults);
+    [[nodiscard]] API *api() const { return m_api; }
+    void setApi(API *api);
+    [[nodiscard]] AppUpdater *updater() const { return m_updater; }
+    void setUpdater(AppUpdater *updater);
+
+    [[nodiscard]] bool isVisible() const { return m_visible; }
+    /// The access is tested anew when the window comes into sight.
+    void setVisible(bool visible);
+
+    [[nodiscard]] bool canUpdate() const { return m_updater && m_updater->isConfigured(); }
+    [[nodiscard]] bool canCheckNow() const { return m_updater && m_updater->canCheckForUpdates(); }
+    [[nodiscard]] bool checksAutomatically() const { return m_updater && m_updater->automaticallyChecksForUpdates(); }
+    void setChecksAutomatically(bool automatically);
+    [[nodiscard]] bool installsAutomatically() const { return m_updater && m_updater->automaticallyDownloadsUpdates(); }
+    void setInstallsAutomatically(bool automatically);
+    /// "Version 1.2.0"
+    [[nodiscard]] QString versionText() const;
+
+    /// In the order of `UserDefaults::ReportMode`.
+    [[nodiscard]] static QStringList crashChoices();
+    [[nodiscard]] int crashChoice() const;
+    void setCrashChoice(int choice);
+    /// What a crash report holds, and where it goes.
+    [[nodiscard]] QString crashExplanation() const;
+
+    [[nodiscard]] QString accessTitle() const;
+    [[nodiscard]] bool isGranted() const { return m_store && m_store->hasFullDiskAccess(); }
+    [[nodiscard]] QString accessStatus() const;
+
+    /// These three show something in the main window.
+    Q_INVOKABLE void checkForUpdates();
+    Q_INVOKABLE void showWelcome();
+    Q_INVOKABLE void sendFeedback();
+
+signals:
+    void storeChanged();
+    void defaultsChanged();
+    void apiChanged();
+    void updaterChanged();
+    void visibleChanged();
+    void updatesChanged();
+    void crashChoiceChanged();
+    void explanationChanged();
+    void accessChanged();
+    /// What was asked for is in the main window.
+    void mainWindowWanted();
+
+private:
+    QPointer<StorageStore> m_store;
+    QPointer<UserDefaults> m_defaults;
+    QPointer<API> m_api;
+    QPointer<AppUpdater> m_updater;
+    bool m_visible = false;
+};
+
+} // namespace corvane

@@ -1,0 +1,391 @@
+#include <gmock/gmock.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include "shell/quick_scene.h"
+#include "shell/services/fake_services.h"
+#include "shell/ui/theme.h"
+
+namespace corvane {
+namespace {
+
+using testing::ElementsAre;
+using Mode = UserDefaults::ReportMode;
+
+constexpr auto sheets = R"(
+    property bool inTheWay: false
+    property int policies: 0
+    PushButton { objectName: "before"; text: "Scan" }
+    ServiceSheets {
+        objectName: "sheets"
+        anchors.fill: parent
+        blocked: inTheWay
+        onPrivacyPolicyWanted: ++policies
+    }
+)";
+
+/// The sheets of the services over a window, as users work them.
+class ServiceSheetsTest : public testing::Test {
+protected:
+    explicit ServiceSheetsTest(bool canUpdate = true, bool onMac = true) : fake(canUpdate)
+    {
+        Theme::instance()->setReducedMotion(true); // so that nothing is clicked while it moves
+        fake.defaults.setDidOnboard(true);
+        if (onMac)
+            fake.becomeMac();
+        scene.emplace(sheets, "import Corvane.Services\n");
+    }
+    ~ServiceSheetsTest() override { Theme::instance()->setDark(false); }
+
+    void SetUp() override
+    {
+        ASSERT_TRUE(scene->isShown()) << qPrintable(scene->errors());
+        scene->window()->resize(1040, 700);
+        scene->item("before")->forceActiveFocus(Qt::TabFocusReason);
+    }
+
+    [[nodiscard]] bool isOpen(const char *sheet) const { return scene->object(sheet)->property("opened").toBool(); }
+    [[nodiscard]] bool waitForOpen(const char *sheet) const
+    {
+        return QTest::qWaitFor([&] { return isOpen(sheet); });
+    }
+    [[nodiscard]] bool waitForClosed(const char *sheet) const
+    {
+        return QTest::qWaitFor([&] { return !scene->object(sheet)->property("visible").toBool(); });
+    }
+    void openWelcome()
+    {
+        fake.defaults.setDidOnboard(false);
+        ASSERT_TRUE(waitForOpen("welcome"));
+    }
+    void openFeedback()
+    {
+        fake.store.setShowFeedback(true);
+        ASSERT_TRUE(waitForOpen("feedback"));
+    }
+    void openCrashPrompt()
+    {
+        fake.fake.files.addText(fake.home + "/reports/corvane-1.ips", "one", 4'096, fake.store.now());
+        fake.defaults.setCrashReportLastCheck(QDateTime::fromSecsSinceEpoch(0));
+        fake.crashReporter.checkOnLaunch();
+        ASSERT_TRUE(fake.crashReporter.showPrompt());
+        ASSERT_TRUE(waitForOpen("crashPrompt"));
+    }
+
+    /// The names of the items that Tab leads to, from the one that has the keyboard on.
+    [[nodiscard]] std::vector<std::string> tabStops(QQuickWindow *window, int count) const
+    {
+        std::vector<std::string> names;
+        for (int stop = 0; stop < count; ++stop) {
+            QQuickItem *const item = window->activeFocusItem();
+            names.push_back(QuickScene::accessibleName(item).toStdString());
+            QTest::keyClick(window, Qt::Key_Tab);
+        }
+        return names;
+    }
+    /// Every text that stands in the sheet, or the window, of that name.
+    [[nodiscard]] bool says(const QString &text) const
+    {
+        return scene->find([&](QQuickItem *item) {
+            return item->property("textFormat").isValid() && item->property("text").toString() == text;
+        }) != nullptr;
+    }
+    void type(const QString &text)
+    {
+        for (const QChar letter : text)
+            QTest::keyClick(scene->window(), letter.toLatin1());
+    }
+    [[nodiscard]] QJsonObject posted() const
+    {
+        return QJsonDocument::fromJson(fake.server.requests().back().body).object();
+    }
+
+    FakeServices fake;
+    std::optional<QuickScene> scene;
+};
+
+class ServiceSheetsOnLinuxTest : public ServiceSheetsTest {
+protected:
+    ServiceSheetsOnLinuxTest() : ServiceSheetsTest(true, false) {}
+};
+
+// --- The welcome sheet
+
+TEST_F(ServiceSheetsTest, WelcomeIsClosedOnceItWasDismissedBefore)
+{
+    QTest::qWait(20);
+    EXPECT_FALSE(isOpen("welcome"));
+}
+
+TEST_F(ServiceSheetsTest, WelcomeOpensWhileItWasNotDismissedAndSaysItsWords)
+{
+    openWelcome();
+    for (const char *text :
+         {"Welcome to Corvane", "See what's filling your Mac and sweep it out safely.", "Map every byte",
+          "An interactive map of your folders and files.", "Find the junk",
+          "Caches, build folders, duplicates and forgotten big files.", "Safe by default",
+          "Items go to the Trash, and system files are protected.", "Full Disk Access", "Waiting…",
+          "Lets Corvane measure Mail, Safari, the Trash and app data, without asking folder by folder.", "Skip for Now",
+          "Open System Settings"})
+        EXPECT_TRUE(says(QString::fromUtf8(text))) << text;
+    EXPECT_FALSE(says(QStringLiteral("Get Started")));
+    EXPECT_NE(scene->named(QStringLiteral("Drag me into the Full Disk Access list"), QAccessible::Graphic), nullptr);
+}
+
+TEST_F(ServiceSheetsTest, SkippingTheWelcomeDismissesItForGood)
+{
+    openWelcome();
+    scene->click(scene->item("welcome.skip"));
+    ASSERT_TRUE(waitForClosed("welcome"));
+    EXPECT_TRUE(fake.defaults.didOnboard());
+}
+
+TEST_F(ServiceSheetsTest, EscapeDismissesTheWelcomeForGood)
+{
+    openWelcome();
+    scene->key(Qt::Key_Escape);
+    ASSERT_TRUE(waitForClosed("welcome"));
+    EXPECT_TRUE(fake.defaults.didOnboard());
+    EXPECT_TRUE(scene->item("before")->hasActiveFocus());
+}
+
+TEST_F(ServiceSheetsTest, ReturnOpensTheSystemsSettingsAndTheWelcomeStays)
+{
+    openWelcome();
+    EXPECT_TRUE(scene->item("welcome.openSettings")->hasActiveFocus());
+    scene->key(Qt::Key_Return);
+    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"),
+                ElementsAre("openUrl x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"));
+    EXPECT_TRUE(isOpen("welcome"));
+    EXPECT_FALSE(fake.defaults.didOnboard());
+}
+
+TEST_F(ServiceSheetsTest, WelcomeShowsTheGrantAndHasNoMoreStepsThen)
+{
+    openWelcome();
+    fake.grantAccess();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return says(QStringLiteral("Granted")); }));
+    EXPECT_TRUE(says(QStringLiteral("All set! Corvane can see your whole home folder.")));
+    EXPECT_EQ(scene->named(QStringLiteral("Drag me into the Full Disk Access list"), QAccessible::Graphic), nullptr);
+    scene->key(Qt::Key_Escape);
+    ASSERT_TRUE(waitForClosed("welcome"));
+}
+
+TEST_F(ServiceSheetsTest, WelcomeOpensAgainWhenItIsAskedFor)
+{
+    openWelcome();
+    scene->key(Qt::Key_Escape);
+    ASSERT_TRUE(waitForClosed("welcome"));
+    openWelcome();
+}
+
+TEST_F(ServiceSheetsTest, WelcomeWaitsForTheSheetThatIsOpen)
+{
+    scene->window()->setProperty("inTheWay", true);
+    fake.defaults.setDidOnboard(false);
+    QTest::qWait(20);
+    EXPECT_FALSE(isOpen("welcome"));
+    scene->window()->setProperty("inTheWay", false);
+    EXPECT_TRUE(waitForOpen("welcome"));
+}
+
+TEST_F(ServiceSheetsTest, OneSheetFollowsTheOther)
+{
+    openFeedback();
+    fake.crashReporter.setShowPrompt(true);
+    fake.defaults.setDidOnboard(false);
+    QTest::qWait(20);
+    EXPECT_FALSE(isOpen("welcome"));
+    EXPECT_FALSE(isOpen("crashPrompt"));
+    scene->key(Qt::Key_Escape);
+    ASSERT_TRUE(waitForOpen("welcome"));
+    EXPECT_FALSE(isOpen("crashPrompt"));
+    scene->key(Qt::Key_Escape);
+    EXPECT_TRUE(waitForOpen("crashPrompt"));
+}
+
+TEST_F(ServiceSheetsTest, AHiddenWindowThatShowsAgainStillHasItsWelcome)
+{
+    openWelcome();
+    scene->window()->hide();
+    QTest::qWait(20);
+    EXPECT_FALSE(fake.defaults.didOnboard()) << "closing the window dismisses nothing";
+}
+
+TEST_F(ServiceSheetsTest, TheIconShowsThatItCanBeDragged)
+{
+    openWelcome();
+    QQuickItem *const icon =
+        scene->named(QStringLiteral("Drag me into the Full Disk Access list"), QAccessible::Graphic);
+    ASSERT_NE(icon, nullptr);
+    EXPECT_FALSE(icon->property("hovering").toBool());
+    scene->hover(icon);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return icon->property("hovering").toBool(); }));
+    EXPECT_EQ(icon->property("applicationUrl").toString(),
+              QUrl::fromLocalFile(QCoreApplication::applicationFilePath()).toString(QUrl::FullyEncoded));
+}
+
+TEST_F(ServiceSheetsOnLinuxTest, WelcomeHasOneButtonAndNoStepsAndNamesNoMac)
+{
+    openWelcome();
+    EXPECT_TRUE(says(QStringLiteral("Granted"))) << "the home folder can be read";
+    EXPECT_TRUE(says(QStringLiteral("Get Started")));
+    EXPECT_FALSE(says(QStringLiteral("Skip for Now")));
+    EXPECT_FALSE(says(QStringLiteral("Open System Settings")));
+    EXPECT_EQ(scene->find([](QQuickItem *item) {
+        const QString text = item->property("text").toString() + QuickScene::accessibleName(item);
+        return text.contains(QStringLiteral("Mac")) || text.contains(QStringLiteral("Full Disk")) ||
+               text.contains(QStringLiteral("Finder"));
+    }),
+              nullptr);
+    scene->key(Qt::Key_Return);
+    ASSERT_TRUE(waitForClosed("welcome"));
+    EXPECT_TRUE(fake.defaults.didOnboard());
+}
+
+// --- The feedback form
+
+TEST_F(ServiceSheetsTest, FeedbackFormIsWorkedByKeyboardAndThanks)
+{
+    openFeedback();
+    EXPECT_THAT(tabStops(scene->window(), 6),
+                ElementsAre("Message", "E-mail", "Include app version, macOS version and Mac model", "Cancel", "Type",
+                            "Message"))
+        << "\"Send\" has nothing to send";
+    scene->key(Qt::Key_Backtab);
+    type(QStringLiteral("It hangs"));
+    scene->key(Qt::Key_Return);
+    type(QStringLiteral("often"));
+    scene->key(Qt::Key_Tab);
+    type(QStringLiteral("ada@example.org"));
+    scene->key(Qt::Key_Backtab);
+    scene->key(Qt::Key_Backtab);
+    scene->key(Qt::Key_Right);
+    scene->key(Qt::Key_Tab);
+    scene->key(Qt::Key_Return, Qt::ControlModifier);
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return says(QStringLiteral("We'll reply to ada@example.org")); }));
+    EXPECT_EQ(posted().value(QStringLiteral("message")).toString(), QStringLiteral("It hangs\noften"));
+    EXPECT_EQ(posted().value(QStringLiteral("email")).toString(), QStringLiteral("ada@example.org"));
+    EXPECT_EQ(posted().value(QStringLiteral("category")).toString(), QStringLiteral("bug"));
+    EXPECT_TRUE(posted().contains(QStringLiteral("info")));
+    EXPECT_TRUE(scene->item("feedback.done")->hasActiveFocus());
+    scene->key(Qt::Key_Return);
+    ASSERT_TRUE(waitForClosed("feedback"));
+    EXPECT_FALSE(fake.store.showFeedback());
+}
+
+TEST_F(ServiceSheetsTest, ReturnInTheAddressSendsAndTheToggleLeavesTheFactsOut)
+{
+    openFeedback();
+    type(QStringLiteral("x"));
+    scene->click(scene->item("feedback.include"));
+    scene->item("feedback.email")->forceActiveFocus();
+    scene->key(Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return says(QStringLiteral("Thank you!")); }));
+    EXPECT_EQ(fake.server.requests().size(), 1u);
+    EXPECT_FALSE(posted().contains(QStringLiteral("info")));
+    EXPECT_FALSE(scene->item("feedback.thanks")->isVisible());
+}
+
+TEST_F(ServiceSheetsTest, FeedbackThatFailsSaysWhyAndKeepsItsText)
+{
+    fake.server.answerAll({.status = 503, .body = "<html>"});
+    openFeedback();
+    EXPECT_FALSE(scene->item("feedback.send")->isEnabled());
+    type(QStringLiteral("words"));
+    EXPECT_TRUE(scene->item("feedback.send")->isEnabled());
+    scene->click(scene->item("feedback.send"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return says(QStringLiteral("The server had a problem (503).")); }));
+    EXPECT_NE(scene->named(QStringLiteral("The server had a problem (503)."), QAccessible::AlertMessage), nullptr);
+    EXPECT_EQ(scene->object("feedback.message")->property("text").toString(), QStringLiteral("words"));
+    EXPECT_TRUE(scene->item("feedback.send")->isEnabled());
+    scene->key(Qt::Key_Escape);
+    ASSERT_TRUE(waitForClosed("feedback"));
+    EXPECT_FALSE(fake.store.showFeedback());
+}
+
+TEST_F(ServiceSheetsTest, ALongAnswerOfTheServerStaysInsideTheForm)
+{
+    fake.server.answerAll(
+        {.status = 500, .body = "{\"error\": \"" + QByteArray("very long <b>words</b> ").repeated(60) + "\"}"});
+    openFeedback();
+    type(QStringLiteral("x"));
+    scene->click(scene->item("feedback.send"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->item("feedback.error")->isVisible(); }));
+    scene->window()->grabWindow();
+    const QQuickItem *const error = scene->item("feedback.error");
+    const QQuickItem *const cancel = scene->item("feedback.cancel");
+    EXPECT_LE(error->mapToScene(QPointF(error->width(), 0)).x(), cancel->mapToScene(QPointF()).x());
+    EXPECT_EQ(error->property("lineCount").toInt(), 4);
+    EXPECT_GE(error->mapToScene(QPointF()).y(), scene->item("feedback.include")->mapToScene(QPointF()).y());
+}
+
+TEST_F(ServiceSheetsTest, FeedbackHasItsLabelsRolesAndWords)
+{
+    openFeedback();
+    for (const char *text : {"Send Feedback", "Bugs, ideas or questions. It goes straight to the developer.", "Type",
+                             "💡 Idea", "🐞 Bug", "💬 Other", "Cancel", "Send"})
+        EXPECT_TRUE(says(QString::fromUtf8(text))) << text;
+    EXPECT_NE(scene->named(QStringLiteral("Message"), QAccessible::EditableText), nullptr);
+    EXPECT_NE(scene->named(QStringLiteral("E-mail"), QAccessible::EditableText), nullptr);
+    EXPECT_NE(scene->named(QStringLiteral("Type"), QAccessible::Grouping), nullptr);
+    EXPECT_NE(scene->named(QStringLiteral("Include app version, macOS version and Mac model"), QAccessible::CheckBox),
+              nullptr);
+    EXPECT_NE(scene->named(QStringLiteral("Send Feedback"), QAccessible::Dialog), nullptr);
+}
+
+// --- The question after a crash
+
+TEST_F(ServiceSheetsTest, AReturnTooManySendsNoCrashReport)
+{
+    openCrashPrompt();
+    EXPECT_TRUE(says(QStringLiteral("Corvane quit unexpectedly")));
+    EXPECT_TRUE(scene->item("crashPrompt.dontSend")->hasActiveFocus());
+    scene->key(Qt::Key_Return);
+    ASSERT_TRUE(waitForClosed("crashPrompt"));
+    EXPECT_FALSE(fake.crashReporter.showPrompt());
+    QTest::qWait(20);
+    EXPECT_EQ(fake.server.connections(), 0);
+    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::ask);
+}
+
+TEST_F(ServiceSheetsTest, EscapeSendsNoCrashReport)
+{
+    openCrashPrompt();
+    scene->key(Qt::Key_Escape);
+    ASSERT_TRUE(waitForClosed("crashPrompt"));
+    EXPECT_FALSE(fake.crashReporter.showPrompt());
+    EXPECT_EQ(fake.server.connections(), 0);
+}
+
+TEST_F(ServiceSheetsTest, SendReportSendsThisTimeOnly)
+{
+    openCrashPrompt();
+    scene->click(scene->item("crashPrompt.send"));
+    ASSERT_TRUE(waitForClosed("crashPrompt"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.server.requests().empty(); }));
+    EXPECT_EQ(fake.server.requests()[0].path, "/api/crash");
+    EXPECT_EQ(posted().value(QStringLiteral("reportName")).toString(), QStringLiteral("corvane-1.ips"));
+    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::ask);
+    EXPECT_FALSE(fake.crashReporter.showPrompt());
+}
+
+TEST_F(ServiceSheetsTest, AlwaysSendSendsFromNowOn)
+{
+    openCrashPrompt();
+    scene->click(scene->item("crashPrompt.always"));
+    ASSERT_TRUE(waitForClosed("crashPrompt"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.server.requests().empty(); }));
+    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::always);
+}
+
+TEST_F(ServiceSheetsTest, CrashPromptIsWorkedByKeyboard)
+{
+    openCrashPrompt();
+    EXPECT_THAT(tabStops(scene->window(), 4), ElementsAre("Don't Send", "Send Report", "Always Send", "Don't Send"));
+}
+
+} // namespace
+} // namespace corvane
