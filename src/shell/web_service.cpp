@@ -175,6 +175,8 @@ void API::post(const QString &path, const QJsonObject &body, Receiver received)
     request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Corvane"));
     request.setRawHeader("Accept-Language", "en");
     request.setRawHeader("Accept-Encoding", "identity");
+    // A kept connection may be ended by the server just as the next message, which is not sent twice, is on its way.
+    request.setRawHeader("Connection", "close");
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);

@@ -278,6 +278,20 @@ TEST(WebService, ReceiverMayDestroyIt)
     EXPECT_TRUE(QTest::qWaitFor([&] { return api == nullptr; }));
 }
 
+TEST(WebService, EveryMessageHasAConnectionOfItsOwn)
+{
+    LoopbackServer server;
+    API api(server.url());
+    for (int round = 0; round < 4; ++round) {
+        Answered answered;
+        api.post(QStringLiteral("api/feedback"), {}, answered.receiver());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return answered.hasCome; }));
+        EXPECT_EQ(answered.failure, std::nullopt);
+    }
+    EXPECT_EQ(server.requests().size(), 4U);
+    EXPECT_EQ(server.connections(), 4);
+}
+
 TEST(WebService, SeveralMessagesGetTheirOwnAnswers)
 {
     LoopbackServer server;

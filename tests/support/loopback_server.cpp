@@ -84,6 +84,7 @@ std::pair<QSslCertificate, QSslKey> makeCertificate()
 struct LoopbackServer::Connection {
     QSslSocket *socket = nullptr;
     QByteArray unread = {};
+    bool isToEnd = false;    // the client has asked for that
     bool isAnswered = false; // for good: nothing more is read
 };
 
@@ -144,6 +145,7 @@ void LoopbackServer::read(Connection &connection)
             return;
         request.body = connection.unread.mid(bodyStart, bodySize);
         connection.unread.remove(0, bodyStart + bodySize);
+        connection.isToEnd = request.headers["connection"].toLower() == "close";
         m_requests.push_back(request);
         const auto own = m_answers.find(request.path);
         reply(connection, own == m_answers.end() ? m_answer : own->second);
@@ -154,7 +156,7 @@ void LoopbackServer::reply(Connection &connection, const LoopbackAnswer &answer)
 {
     using Ending = LoopbackAnswer::Ending;
     QSslSocket *const socket = connection.socket;
-    connection.isAnswered = answer.ending != Ending::whole || !answer.raw.isEmpty();
+    connection.isAnswered = answer.ending != Ending::whole || !answer.raw.isEmpty() || connection.isToEnd;
     if (answer.ending == Ending::silent)
         return;
     if (answer.ending == Ending::closed) {
@@ -173,9 +175,11 @@ void LoopbackServer::reply(Connection &connection, const LoopbackAnswer &answer)
         socket->write("Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n");
     if (answer.ending == Ending::cutShort)
         socket->write("Content-Length: " + QByteArray::number(answer.body.size() + 1000) + "\r\n");
+    if (connection.isToEnd)
+        socket->write("Connection: close\r\n");
     socket->write("\r\n");
     socket->write(answer.body);
-    if (answer.ending == Ending::cutShort)
+    if (answer.ending == Ending::cutShort || (answer.ending == Ending::whole && connection.isToEnd))
         socket->disconnectFromHost();
     if (answer.ending == Ending::endless) {
         connect(socket, &QSslSocket::bytesWritten, socket, [socket, body = answer.body] {

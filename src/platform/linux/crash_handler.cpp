@@ -57,7 +57,8 @@ struct Prepared {
     std::array<char, 64UL * 1024> stack;
     std::array<char, PATH_MAX> path; // of the folder
     std::size_t pathSize;
-    std::array<char, mostNameSize> executable;
+    std::size_t foundSize; // of the path: what is not made where it is missing
+    std::array<char, NAME_MAX + 1> executable;
     std::array<char, mostNameSize> version;
     std::array<char, mostNameSize> build;
     pid_t mainThread;
@@ -78,15 +79,10 @@ pid_t currentThread()
     return static_cast<pid_t>(::syscall(SYS_gettid));
 }
 
-std::string_view textIn(const std::array<char, mostNameSize> &field)
+void keep(std::span<char> field, std::string_view text)
 {
-    return field.data();
-}
-
-void keep(std::array<char, mostNameSize> &field, std::string_view text)
-{
-    field.fill('\0');
-    std::ranges::transform(text.substr(0, field.size() - 1), field.begin(), harmlessCharacter);
+    std::ranges::fill(field, '\0');
+    std::ranges::copy(text.substr(0, field.size() - 1), field.begin());
 }
 
 void setAction(int signal, void (*handler)(int))
@@ -157,9 +153,12 @@ void findModules(std::span<void *const> frames)
 std::string_view compose(int signal, const siginfo_t &info, const ucontext_t &context, std::int64_t seconds)
 {
     ReportText text{std::span(prepared.text)};
-    text.add("{\"app_name\":\"").add(textIn(prepared.executable)).add("\",\"timestamp\":\"").addTime(seconds, " ", ":");
-    text.add(".00 +0000\",\"app_version\":\"").add(textIn(prepared.version));
-    text.add("\",\"build_version\":\"").add(textIn(prepared.build)).add("\",\"bug_type\":\"309\"}\n\n");
+    text.add("{\"app_name\":\"")
+        .addHarmless(prepared.executable.data())
+        .add("\",\"timestamp\":\"")
+        .addTime(seconds, " ", ":");
+    text.add(".00 +0000\",\"app_version\":\"").addHarmless(prepared.version.data());
+    text.add("\",\"build_version\":\"").addHarmless(prepared.build.data()).add("\",\"bug_type\":\"309\"}\n\n");
 
     const auto known = std::ranges::find(fatalSignals, signal, &FatalSignal::number);
     text.add("Signal: ").addDecimal(signal).add(" ").add(known == fatalSignals.end() ? "" : known->name);
@@ -191,7 +190,7 @@ std::string_view compose(int signal, const siginfo_t &info, const ucontext_t &co
 void makeFolders()
 {
     char *const path = prepared.path.data();
-    for (std::size_t at = 1; at <= prepared.pathSize; ++at) {
+    for (std::size_t at = prepared.foundSize + 1; at <= prepared.pathSize; ++at) {
         if (path[at] != '/' && path[at] != '\0')
             continue;
         const char before = std::exchange(path[at], '\0');
@@ -221,9 +220,9 @@ void writeReport(int signal, const siginfo_t &info, const ucontext_t &context)
 
     makeFolders();
     for (char copy = '0'; copy <= '9'; ++copy) {
-        std::array<char, PATH_MAX + 2 * mostNameSize> place{};
+        std::array<char, PATH_MAX + NAME_MAX> place{};
         ReportText path{std::span(place).first(place.size() - 1)};
-        path.add({prepared.path.data(), prepared.pathSize}).add("/").add(textIn(prepared.executable)).add("-");
+        path.add({prepared.path.data(), prepared.pathSize}).add("/").add(prepared.executable.data()).add("-");
         path.addTime(now.tv_sec, "-", "");
         if (copy != '0')
             path.add("-").add({&copy, 1}); // another has crashed in the same second
@@ -272,24 +271,40 @@ std::string executableName()
                      : std::string(lastPathComponent(std::string_view(path.data(), static_cast<std::size_t>(size))));
 }
 
+/// The folder of reports: what the environment says, and what lies beneath it.
+struct ReportsFolder {
+    std::string base;
+    std::string beneath;
+    std::size_t foundSize; // a home that is not there is not made
+};
+
+ReportsFolder reportsFolder()
+{
+    if (const char *state = std::getenv("XDG_STATE_HOME"); state != nullptr && *state == '/')
+        return {state, "/corvane/reports", 0};
+    const char *home = std::getenv("HOME");
+    std::string base = home != nullptr && *home == '/' ? home : Environment::accountHome();
+    const std::size_t size = base.size();
+    return {std::move(base), "/.local/state/corvane/reports", size};
+}
+
 } // namespace
 
 std::optional<std::string> crashReportsFolder()
 {
-    if (const char *state = std::getenv("XDG_STATE_HOME"); state != nullptr && *state == '/')
-        return std::string(state) + "/corvane/reports";
-    const char *home = std::getenv("HOME");
-    return (home != nullptr && *home == '/' ? std::string(home) : Environment::accountHome()) +
-           "/.local/state/corvane/reports";
+    const ReportsFolder folder = reportsFolder();
+    return folder.base + folder.beneath;
 }
 
 bool installCrashHandler(const CrashingProgram &program)
 {
-    const std::string folder = *crashReportsFolder();
+    const ReportsFolder parts = reportsFolder();
+    const std::string folder = parts.base + parts.beneath;
     if (hasSanitizer || folder.size() >= prepared.path.size())
         return false;
     std::ranges::copy(folder, prepared.path.begin());
     prepared.pathSize = folder.size();
+    prepared.foundSize = parts.foundSize;
     keep(prepared.executable, executableName());
     keep(prepared.version, program.version);
     keep(prepared.build, program.build);

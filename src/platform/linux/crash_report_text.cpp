@@ -29,6 +29,15 @@ ReportText &ReportText::add(std::string_view text)
     return *this;
 }
 
+ReportText &ReportText::addHarmless(std::string_view text)
+{
+    for (const char c : text) {
+        const char shown = harmlessCharacter(c);
+        add({&shown, 1});
+    }
+    return *this;
+}
+
 ReportText &ReportText::addDecimal(std::int64_t number)
 {
     std::array<char, 20> digits{};

@@ -10,12 +10,16 @@ namespace corvane {
 
 // The pieces of a crash report. Nothing here allocates, locks or calls the system: it runs in a handler of signals.
 
+/// A letter, a digit or one of "._+-" stays; anything else becomes "_".
+[[nodiscard]] char harmlessCharacter(char c);
+
 /// Text in a buffer of fixed size; what does not fit is left out.
 class ReportText {
 public:
     explicit ReportText(std::span<char> buffer) : m_buffer(buffer) {}
 
     ReportText &add(std::string_view text);
+    ReportText &addHarmless(std::string_view text); ///< every character as `harmlessCharacter` has it
     ReportText &addDecimal(std::int64_t number);
     ReportText &addHexadecimal(std::uint64_t number); ///< "0x1f"
     /// Seconds since 1970 in UTC, "2026-11-22", `between`, then "14" "15" "00" with `colon` between them.
@@ -59,8 +63,5 @@ private:
     std::uint64_t m_inode = 0;
     std::uint64_t m_base = 0;
 };
-
-/// A letter, a digit or one of "._+-" stays; anything else becomes "_".
-[[nodiscard]] char harmlessCharacter(char c);
 
 } // namespace corvane

@@ -26,6 +26,7 @@ namespace {
 using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 constexpr int noHandler = 3; // the program's exit status
 
@@ -35,10 +36,10 @@ protected:
     /// The status of its end, as waitpid tells it.
     [[nodiscard]] int run(const std::string &way, bool withHandler = true)
     {
-        std::vector<std::string> arguments{CORVANE_CRASHING_PROGRAM, way};
+        std::vector<std::string> arguments{program, way};
         if (!withHandler)
             arguments.emplace_back("plain");
-        std::vector<std::string> environment{"HOME=" + home.path(), "CORVANE_TOKEN=SECRET"};
+        std::vector<std::string> environment{"HOME=" + homeVariable, "CORVANE_TOKEN=SECRET"};
         if (!stateHome.empty())
             environment.push_back("XDG_STATE_HOME=" + stateHome);
         const auto pointers = [](std::vector<std::string> &texts) {
@@ -97,6 +98,8 @@ protected:
 
     TemporaryFolder home;
     std::string stateHome;
+    std::string homeVariable = home.path();
+    std::string program = CORVANE_CRASHING_PROGRAM;
 };
 
 TEST_F(CrashHandler, ProgramThatDoesNotCrashLeavesNothingInTheHome)
@@ -226,6 +229,23 @@ TEST_F(CrashHandler, FolderThatCannotBeMadeChangesNothing)
     ASSERT_TRUE(WIFSIGNALED(status));
     EXPECT_EQ(WTERMSIG(status), SIGSEGV);
     EXPECT_EQ(reports().size(), 0U);
+}
+
+TEST_F(CrashHandler, HomeThatIsMissingIsNotMade)
+{
+    homeVariable = home / "missing";
+    const int status = run("null");
+    ASSERT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(WTERMSIG(status), SIGSEGV);
+    EXPECT_FALSE(home.has("missing"));
+}
+
+TEST_F(CrashHandler, ReportIsNamedAfterTheExecutableWhateverItsName)
+{
+    program = home / "my \"program\"";
+    std::filesystem::copy_file(CORVANE_CRASHING_PROGRAM, program);
+    EXPECT_THAT(reportOf("null", SIGSEGV), StartsWith(R"({"app_name":"my__program_",)"));
+    EXPECT_TRUE(reports().front().filename().string().starts_with("my \"program\"-"));
 }
 
 TEST_F(CrashHandler, FullDiskLeavesNoHalfReport)
