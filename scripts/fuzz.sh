@@ -16,7 +16,7 @@ if [[ $# -ne 1 || ! $seconds =~ ^[1-9][0-9]*$ ]]; then
     echo "fuzz: say for how many seconds each parser is to be fed: ./dev fuzz SECONDS" >&2
     exit 2
 fi
-require_packages build fuzz
+require_packages build ui fuzz
 
 if [[ $(uname -s) == Darwin ]]; then
     # Apple's own compiler comes without the fuzzer.
@@ -25,13 +25,13 @@ if [[ $(uname -s) == Darwin ]]; then
 else
     export CXX=clang++-19
 fi
-build fuzz fuzz_container fuzz_snapshots fuzz_info_plist
+build fuzz fuzz_container fuzz_snapshots fuzz_info_plist fuzz_appcast
 
 export ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=1
 export LSAN_OPTIONS=print_suppressions=0
 failed=
 summary=()
-for target in container snapshots info_plist; do
+for target in container snapshots info_plist appcast; do
     corpus=build/fuzz/corpus/$target
     findings=build/fuzz/findings/$target
     log=build/fuzz/$target.log

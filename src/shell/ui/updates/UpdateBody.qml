@@ -31,8 +31,11 @@ FocusScope {
     Item {
         id: words
 
+        // Enough for every step, so that the sheet stays where it is from one to the next.
+        readonly property int usualHeight: Theme.title2Line + Theme.space4 + 3 * Theme.bodyLine
+
         width: parent.width
-        height: Math.max(icon.y + icon.height, content.y + content.height) + Theme.space20
+        height: content.y + Math.max(usualHeight, content.height) + Theme.space20
 
         AppIcon {
             id: icon

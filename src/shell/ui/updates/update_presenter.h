@@ -30,7 +30,6 @@ class UpdatePresenter : public QObject {
     /// Beside the bar: "12.3 MB of 34.5 MB".
     Q_PROPERTY(QString progress READ progress NOTIFY changed)
     Q_PROPERTY(bool hasReleaseNotes READ hasReleaseNotes NOTIFY changed)
-    Q_PROPERTY(bool hasFailed READ hasFailed NOTIFY changed)
     /// The buttons, from the right; empty for one that is not there.
     Q_PROPERTY(QString acceptText READ acceptText NOTIFY changed)
     Q_PROPERTY(QString revealText READ revealText NOTIFY changed)
@@ -52,7 +51,6 @@ public:
     [[nodiscard]] double fraction() const;
     [[nodiscard]] QString progress() const;
     [[nodiscard]] bool hasReleaseNotes() const;
-    [[nodiscard]] bool hasFailed() const { return state().phase == UpdateState::Phase::failed; }
     [[nodiscard]] QString acceptText() const;
     [[nodiscard]] QString revealText() const;
     [[nodiscard]] QString dismissText() const;
