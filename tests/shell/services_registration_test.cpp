@@ -7,21 +7,11 @@
 #include <QTemporaryDir>
 
 #include "platform/host.h"
+#include "shell/fake_update_controller.h"
 #include "shell/quick_scene.h"
 
 namespace corvane {
 namespace {
-
-class NoUpdates final : public UpdateController {
-public:
-    void start() override {}
-    [[nodiscard]] bool canCheckForUpdates() const override { return false; }
-    void checkForUpdates() override {}
-    [[nodiscard]] bool automaticallyChecksForUpdates() const override { return false; }
-    void setAutomaticallyChecksForUpdates(bool) override {}
-    [[nodiscard]] bool automaticallyDownloadsUpdates() const override { return false; }
-    void setAutomaticallyDownloadsUpdates(bool) override {}
-};
 
 struct ServicesRegistrationTest : testing::Test {
     ServicesRegistrationTest() { ServicesRegistration::setServices(&services); }
@@ -31,7 +21,7 @@ struct ServicesRegistrationTest : testing::Test {
         std::make_unique<QSettings>(folder.filePath(QStringLiteral("settings.conf")), QSettings::IniFormat)};
     API api{QUrl(QStringLiteral("https://corvane.example/"))};
     CrashReporter crashReporter{defaults, api, systemHost().files, {.folders = {}, .executable = "corvane"}};
-    AppUpdater updater{std::make_unique<NoUpdates>(), false};
+    AppUpdater updater{std::make_unique<FakeUpdateController>(), false};
     Services services{defaults, api, crashReporter, updater};
 };
 

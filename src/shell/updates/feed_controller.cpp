@@ -25,7 +25,8 @@ void FeedController::start()
     m_isStarted = true;
     followSession();
     m_timer.start(m_clock.tick);
-    checkIfDue();
+    // The window comes first.
+    QTimer::singleShot(0, this, &FeedController::checkIfDue);
 }
 
 bool FeedController::canCheckForUpdates() const

@@ -5,6 +5,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include "shell/fake_update_controller.h"
 #include "shell/services.h"
 #include "shell/ui/services_registration.h"
 #include "shell/ui/store_registration.h"
@@ -12,30 +13,6 @@
 #include "support/loopback_server.h"
 
 namespace corvane {
-
-/// Remembers what it was asked for.
-class FakeUpdateController final : public UpdateController {
-public:
-    void start() override { started = true; }
-    [[nodiscard]] bool canCheckForUpdates() const override { return canCheck; }
-    void checkForUpdates() override { ++checks; }
-    [[nodiscard]] bool automaticallyChecksForUpdates() const override { return checksAutomatically; }
-    void setAutomaticallyChecksForUpdates(bool automatically) override { checksAutomatically = automatically; }
-    [[nodiscard]] bool automaticallyDownloadsUpdates() const override { return installsAutomatically; }
-    void setAutomaticallyDownloadsUpdates(bool automatically) override { installsAutomatically = automatically; }
-
-    void setCanCheck(bool can)
-    {
-        canCheck = can;
-        emit canCheckForUpdatesChanged();
-    }
-
-    bool started = false;
-    bool canCheck = true;
-    int checks = 0;
-    bool checksAutomatically = true;
-    bool installsAutomatically = false;
-};
 
 /// The program's services over a store in memory, settings of their own and a web service on the loopback interface.
 struct FakeServices : FakeStore {

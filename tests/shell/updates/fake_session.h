@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "shell/app_updater.h"
+#include "shell/fake_update_controller.h"
 #include "shell/updates/update_session.h"
 
 namespace corvane {
@@ -32,26 +33,11 @@ private:
     UpdateState m_state;
 };
 
-/// A controller that does nothing but have that session.
-class SessionController final : public UpdateController {
-public:
-    void start() override {}
-    [[nodiscard]] bool canCheckForUpdates() const override { return true; }
-    void checkForUpdates() override {}
-    [[nodiscard]] bool automaticallyChecksForUpdates() const override { return false; }
-    void setAutomaticallyChecksForUpdates(bool) override {}
-    [[nodiscard]] bool automaticallyDownloadsUpdates() const override { return false; }
-    void setAutomaticallyDownloadsUpdates(bool) override {}
-    [[nodiscard]] FakeSession *session() override { return &m_session; }
-
-private:
-    FakeSession m_session;
-};
-
 /// An updater over such a session, at a version that is shown.
 struct FakeUpdates {
     FakeUpdates()
     {
+        static_cast<FakeUpdateController &>(updater.controller()).shown = &session;
         state.isShown = true;
         state.version = QStringLiteral("1.2.0");
         state.runningVersion = QStringLiteral("1.0.0");
@@ -64,8 +50,8 @@ struct FakeUpdates {
     }
 
     UpdateState state;
-    AppUpdater updater{std::make_unique<SessionController>(), true};
-    FakeSession &session = *static_cast<SessionController &>(updater.controller()).session();
+    FakeSession session;
+    AppUpdater updater{std::make_unique<FakeUpdateController>(), true};
 };
 
 } // namespace corvane

@@ -157,7 +157,7 @@ TEST_F(FeedControllerTest, UserWhoAsksDuringAnAutomaticCheckSeesIt)
 {
     controller->setAutomaticallyChecksForUpdates(true);
     controller->start();
-    ASSERT_EQ(controller->session()->state().phase, Phase::checking);
+    ASSERT_TRUE(waitForPhase(*controller->session(), Phase::checking));
     EXPECT_TRUE(controller->canCheckForUpdates());
     controller->checkForUpdates();
     EXPECT_TRUE(controller->session()->state().isShown);
