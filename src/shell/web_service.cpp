@@ -9,11 +9,11 @@
 #include <QJsonValue>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QNetworkRequest>
 #include <QTimer>
 
 #include "core/store/qt_words.h"
 #include "shell/app_info.h"
+#include "shell/plain_request.h"
 
 namespace corvane {
 
@@ -168,21 +168,11 @@ API::~API() = default;
 
 void API::post(const QString &path, const QJsonObject &body, Receiver received)
 {
-    QNetworkRequest request(AppInfo::pageOf(m_site, path));
+    QNetworkRequest request = plainRequest(AppInfo::pageOf(m_site, path));
     request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
-    // Qt would put the user's language into every request and call itself a browser; what is told of the user is in
-    // the body alone.
-    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Corvane"));
-    request.setRawHeader("Accept-Language", "en");
-    request.setRawHeader("Accept-Encoding", "identity");
     // A kept connection may be ended by the server just as the next message, which is not sent twice, is on its way.
     request.setRawHeader("Connection", "close");
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
     request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
 
     const QByteArray bytes = QJsonDocument(body).toJson(QJsonDocument::Compact);

@@ -41,6 +41,16 @@ protected:
             CrashReporter::Places{.folders = {folder.path(), other}, .executable = "corvane"}, [] { return launch; });
     }
 
+    /// A run that is not the first one and has looked for reports.
+    [[nodiscard]] std::unique_ptr<CrashReporter> launchAgain(Mode mode)
+    {
+        defaults.setCrashReportLastCheck(lastCheck);
+        defaults.setCrashReportMode(mode);
+        auto reporter = run();
+        reporter->checkOnLaunch();
+        return reporter;
+    }
+
     /// A report that was written that many milliseconds after the last check.
     std::string writeReport(const std::string &name, std::int64_t after = 60'000, const std::string &text = "report")
     {
@@ -164,10 +174,7 @@ TEST_F(CrashReporterTest, OnlyRegularFilesAreReports)
     // A pipe is listed as a file; it is skipped when it is to be read.
     EXPECT_THAT(found(), ElementsAre("corvane-fifo.ips", "corvane-real.ips"));
 
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::always);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::always);
     ASSERT_TRUE(waitForRequests(1));
     waitForNothing();
     ASSERT_EQ(server.requests().size(), 1U);
@@ -178,9 +185,7 @@ TEST_F(CrashReporterTest, ReportThatBecomesALinkBeforeItIsSentIsSkipped)
 {
     const std::string path = writeReport("corvane-1.ips");
     writeReport("corvane-2.ips");
-    defaults.setCrashReportLastCheck(lastCheck);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::ask);
     std::filesystem::remove(path);
     static_cast<void>(folder.link("corvane-1.ips", "/etc/passwd"));
     reporter->sendPending(false);
@@ -232,9 +237,7 @@ TEST_F(CrashReporterTest, AskingShowsThePromptAndSendsNothing)
 TEST_F(CrashReporterTest, NothingNewShowsNoPrompt)
 {
     writeReport("corvane-1.ips", -1'000'000);
-    defaults.setCrashReportLastCheck(lastCheck);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::ask);
     EXPECT_FALSE(reporter->showPrompt());
     EXPECT_EQ(defaults.crashReportLastCheck(), launch);
 }
@@ -252,10 +255,7 @@ TEST_F(CrashReporterTest, UnknownModeAsks)
 TEST_F(CrashReporterTest, NeverSendsAndAsksNothingButRemembersTheMoment)
 {
     writeReport("corvane-1.ips");
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::never);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::never);
     EXPECT_FALSE(reporter->showPrompt());
     EXPECT_THAT(reporter->pending(), IsEmpty());
     EXPECT_EQ(defaults.crashReportLastCheck(), launch);
@@ -267,10 +267,7 @@ TEST_F(CrashReporterTest, AlwaysSendsEveryReportWithoutAsking)
 {
     for (int index = 0; index < 30; ++index)
         writeReport("corvane-" + std::to_string(100 + index) + ".ips");
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::always);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::always);
     EXPECT_FALSE(reporter->showPrompt());
     ASSERT_TRUE(waitForRequests(30));
     for (std::size_t index = 0; index < 30; ++index)
@@ -279,9 +276,7 @@ TEST_F(CrashReporterTest, AlwaysSendsEveryReportWithoutAsking)
 
 TEST_F(CrashReporterTest, LooksOncePerRun)
 {
-    defaults.setCrashReportLastCheck(lastCheck);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::ask);
     writeReport("corvane-1.ips", launch.toMSecsSinceEpoch() - lastCheck.toMSecsSinceEpoch() + 1000);
     defaults.setCrashReportLastCheck(lastCheck);
     reporter->checkOnLaunch();
@@ -322,9 +317,7 @@ TEST_F(CrashReporterTest, SendReportSendsEveryPendingReport)
 {
     writeReport("corvane-1.ips", 1000, "first");
     writeReport("corvane-2.crash", 2000, "second");
-    defaults.setCrashReportLastCheck(lastCheck);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::ask);
     reporter->sendPending(false);
     EXPECT_THAT(reporter->pending(), IsEmpty());
     EXPECT_FALSE(reporter->showPrompt());
@@ -345,9 +338,7 @@ TEST_F(CrashReporterTest, SendReportSendsEveryPendingReport)
 TEST_F(CrashReporterTest, AlwaysSendIsStoredBeforeAnythingIsSent)
 {
     writeReport("corvane-1.ips");
-    defaults.setCrashReportLastCheck(lastCheck);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::ask);
     QObject::connect(&defaults, &UserDefaults::crashReportModeChanged, reporter.get(),
                      [&] { EXPECT_EQ(reporter->pending().size(), 1U) << "the reports go after the choice is stored"; });
     reporter->sendPending(true);
@@ -358,9 +349,7 @@ TEST_F(CrashReporterTest, AlwaysSendIsStoredBeforeAnythingIsSent)
 TEST_F(CrashReporterTest, DontSendClosesThePromptAndSendsNothing)
 {
     writeReport("corvane-1.ips");
-    defaults.setCrashReportLastCheck(lastCheck);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::ask);
     reporter->setShowPrompt(false);
     EXPECT_EQ(defaults.crashReportMode(), Mode::ask);
     waitForNothing();
@@ -383,10 +372,7 @@ TEST_F(CrashReporterTest, ReportIsSentUpToItsFirst400000Characters)
     writeReport("corvane-2.ips", 1000, repeated(umlaut, 1'000'000));
     writeReport("corvane-3.ips", 1000, "x" + repeated(emoji, 500'000));
     writeReport("corvane-4.ips", 1000, repeated(umlaut, 399'999));
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::always);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::always);
     ASSERT_TRUE(waitForRequests(4));
     EXPECT_TRUE(sentText(0) == QString(400'000, QLatin1Char('a')));
     EXPECT_TRUE(sentText(1) == QString(400'000, QChar(0xE4)));
@@ -397,10 +383,7 @@ TEST_F(CrashReporterTest, ReportIsSentUpToItsFirst400000Characters)
 TEST_F(CrashReporterTest, ReportOfManyGigabytesIsNotReadWhole)
 {
     date(folder.writeSparse("corvane-1.ips", 10'000'000'000), launch);
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::always);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::always);
     ASSERT_TRUE(waitForRequests(1));
     EXPECT_EQ(sentText(0).size(), 400'000);
 }
@@ -408,10 +391,7 @@ TEST_F(CrashReporterTest, ReportOfManyGigabytesIsNotReadWhole)
 TEST_F(CrashReporterTest, WhatIsNotTextIsReplaced)
 {
     writeReport("corvane-1.ips", 1000, "a\xff\xfe\x62\xc3");
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::always);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::always);
     ASSERT_TRUE(waitForRequests(1));
     EXPECT_EQ(sentText(0), QString::fromUtf8("a\uFFFD\uFFFDb\uFFFD"));
 }
@@ -419,10 +399,7 @@ TEST_F(CrashReporterTest, WhatIsNotTextIsReplaced)
 TEST_F(CrashReporterTest, NameThatIsNotTextIsReplaced)
 {
     writeReport("corvane-\xff.ips");
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::always);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::always);
     ASSERT_TRUE(waitForRequests(1));
     EXPECT_EQ(sentName(0), "corvane-\uFFFD.ips");
 }
@@ -431,9 +408,7 @@ TEST_F(CrashReporterTest, ReportThatCannotBeReadIsSkipped)
 {
     const std::string gone = writeReport("corvane-1.ips");
     writeReport("corvane-2.ips");
-    defaults.setCrashReportLastCheck(lastCheck);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::ask);
     std::filesystem::remove(gone);
     reporter->sendPending(false);
     ASSERT_TRUE(waitForRequests(1));
@@ -447,10 +422,7 @@ TEST_F(CrashReporterTest, FailureIsSilentAndNotTriedAgain)
     server.answerAll({.status = 500});
     for (const char *name : {"corvane-1.ips", "corvane-2.ips", "corvane-3.ips"})
         writeReport(name);
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::always);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::always);
     ASSERT_TRUE(waitForRequests(3));
     waitForNothing();
     EXPECT_EQ(server.requests().size(), 3U);
@@ -462,10 +434,7 @@ TEST_F(CrashReporterTest, ReportsAreSentOneAfterTheOther)
     server.answerAll({.ending = LoopbackAnswer::Ending::silent});
     for (int index = 0; index < 5; ++index)
         writeReport("corvane-" + std::to_string(index) + ".ips");
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::always);
-    const auto reporter = run();
-    reporter->checkOnLaunch();
+    const auto reporter = launchAgain(Mode::always);
     ASSERT_TRUE(waitForRequests(1));
     waitForNothing();
     EXPECT_EQ(server.requests().size(), 1U);

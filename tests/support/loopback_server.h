@@ -87,7 +87,7 @@ private:
 /// A client that trusts one certificate and no other.
 class TrustingNetwork final : public QNetworkAccessManager {
 public:
-    explicit TrustingNetwork(QSslCertificate trusted) : m_trusted(std::move(trusted)) {}
+    explicit TrustingNetwork(const QSslCertificate &trusted) : m_trusted(trusted) {}
 
 protected:
     QNetworkReply *createRequest(Operation operation, const QNetworkRequest &request, QIODevice *body) override;

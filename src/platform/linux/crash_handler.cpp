@@ -127,9 +127,8 @@ std::span<void *const> crashedFrames(const ucontext_t &context)
     const int count = ::backtrace(prepared.frames.data(), static_cast<int>(prepared.frames.size()));
     std::span<void *> frames(prepared.frames.data(), static_cast<std::size_t>(std::max(count, 0)));
     const std::uintptr_t counter = programCounter(context);
-    const auto first = std::ranges::find(frames, counter, [](void *frame) {
-        return reinterpret_cast<std::uintptr_t>(frame); // NOLINT: compared as a number
-    });
+    const auto first =
+        std::ranges::find(frames, counter, [](void *frame) { return reinterpret_cast<std::uintptr_t>(frame); });
     return first == frames.end() ? frames : frames.subspan(static_cast<std::size_t>(first - frames.begin()));
 }
 

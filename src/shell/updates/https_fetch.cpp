@@ -4,7 +4,8 @@
 
 #include <QCoreApplication>
 #include <QNetworkAccessManager>
-#include <QNetworkRequest>
+
+#include "shell/plain_request.h"
 
 namespace corvane {
 
@@ -13,19 +14,12 @@ namespace {
 constexpr int statusOk = 200;
 constexpr int firstErrorStatus = 400;
 
-QNetworkRequest plainRequest(const QUrl &address, std::chrono::milliseconds timeout)
+QNetworkRequest feedRequest(const QUrl &address, std::chrono::milliseconds timeout)
 {
     constexpr int mostRedirects = 5;
-    QNetworkRequest request(address);
+    QNetworkRequest request = plainRequest(address);
     request.setHeader(QNetworkRequest::UserAgentHeader,
                       QString(QStringLiteral("Corvane/") + QCoreApplication::applicationVersion()));
-    // Left alone, Qt sends the user's language, and unpacks what arrives, which may be small and become large.
-    request.setRawHeader("Accept-Language", "en");
-    request.setRawHeader("Accept-Encoding", "identity");
-    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     // From https to https only.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     request.setMaximumRedirectsAllowed(mostRedirects);
@@ -39,7 +33,7 @@ HttpsFetch::HttpsFetch(QNetworkAccessManager &network, const QUrl &address, Limi
     : m_limits(limits),
       m_sink(std::move(sink)),
       m_received(std::move(received)),
-      m_reply(network.get(plainRequest(address, limits.timeout)))
+      m_reply(network.get(feedRequest(address, limits.timeout)))
 {
     // A server that is faster than the disk waits.
     constexpr qint64 mostWaiting = 1 << 20;
