@@ -155,6 +155,40 @@ TEST_F(AlertTest, SaysItsQuestion)
     EXPECT_TRUE(found);
 }
 
+TEST(AlertWithThreeAnswers, OfWhichTheDefaultIsNotToAct)
+{
+    const QuickScene scene(R"(
+        property string answer
+        Alert {
+            objectName: "alert"
+            title: "Send?"; message: "It leaves the machine."
+            confirmText: "Send"; otherText: "Always Send"; cancelText: "Don't Send"
+            otherName: "other"
+            cautious: true
+            onConfirmed: answer = "send"
+            onOtherChosen: answer = "always"
+            onCancelled: answer = "no"
+        }
+    )");
+    ASSERT_TRUE(scene.isShown()) << qPrintable(scene.errors());
+    QObject *const question = scene.object("alert");
+    const auto ask = [&](const std::function<void()> &answer) {
+        QMetaObject::invokeMethod(question, "open");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return question->property("opened").toBool(); }));
+        answer();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !question->property("visible").toBool(); }));
+        return scene.window()->property("answer").toString();
+    };
+    EXPECT_EQ(ask([&] { scene.key(Qt::Key_Return); }), QStringLiteral("no"));
+    EXPECT_EQ(ask([&] {
+                  scene.key(Qt::Key_Tab);
+                  scene.key(Qt::Key_Return);
+              }),
+              QStringLiteral("send"));
+    EXPECT_EQ(ask([&] { scene.click(scene.item("other")); }), QStringLiteral("always"));
+    EXPECT_EQ(ask([&] { scene.key(Qt::Key_Escape); }), QStringLiteral("no"));
+}
+
 TEST(Sheet, InnerEscapeClosesOnlyTheUpperOfTwo)
 {
     const QuickScene scene(R"(

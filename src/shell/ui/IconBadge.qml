@@ -11,6 +11,8 @@ Rectangle {
     /// White on the full colour, darkened as far as white needs it.
     property bool solid: false
     property int size: solid ? Theme.solidBadgeSize : Theme.badgeSize
+    property int iconSize: size >= Theme.largeBadgeSize ? Theme.largeBadgeIconSize
+        : size <= Theme.smallBadgeSize ? Theme.iconSize : Theme.badgeIconSize
 
     implicitWidth: size
     implicitHeight: size
@@ -23,7 +25,6 @@ Rectangle {
         name: badge.iconName
         symbol: badge.symbol
         color: badge.solid ? Theme.onFill : badge.tint
-        size: badge.size >= Theme.largeBadgeSize ? Theme.largeBadgeIconSize
-            : badge.size <= Theme.smallBadgeSize ? Theme.iconSize : Theme.badgeIconSize
+        size: badge.iconSize
     }
 }

@@ -7,6 +7,8 @@ Row {
     id: error
 
     required property string text
+    /// The same as it is shown.
+    required property string lines
 
     spacing: Theme.space6
     visible: text !== ""
@@ -23,7 +25,7 @@ Row {
     PlainText {
         objectName: "feedback.error"
         width: parent.width - sign.width - parent.spacing
-        text: error.text
+        text: error.lines
         font: Theme.secondaryFont
         color: Theme.dangerText
         wrapMode: Text.Wrap
@@ -31,6 +33,6 @@ Row {
         lineHeightMode: Text.FixedHeight
         lineHeight: Theme.secondaryLine
         Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
+        Accessible.name: error.text
     }
 }

@@ -29,6 +29,7 @@ FocusScope {
         y: Theme.space20
         symbol: "bubble.left.and.bubble.right.fill"
         size: Theme.largeBadgeSize
+        iconSize: ServicesMetrics.feedbackIconSize
     }
     Column {
         id: heading
@@ -76,6 +77,7 @@ FocusScope {
 
             width: footer.apartWidth
             text: form.feedback.errorText
+            lines: form.feedback.errorLines
         }
 
         PushButton {

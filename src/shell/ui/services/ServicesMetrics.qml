@@ -9,6 +9,7 @@ QtObject {
     readonly property int welcomeIconSize: 72
     readonly property int featuresInset: 40
     readonly property int featureBadgeSize: 36
+    readonly property int featureIconSize: 20
     readonly property int cardIconSize: 18
     readonly property int stepNumberSize: 18
     readonly property int stepSpace: 3
@@ -16,6 +17,7 @@ QtObject {
     readonly property int dragIconSize: 56
 
     readonly property int feedbackWidth: 480
+    readonly property int feedbackIconSize: 24
     readonly property int feedbackLabelWidth: 64
     readonly property int feedbackMessageHeight: 112
     readonly property int feedbackErrorIconSize: 15

@@ -26,14 +26,18 @@ Window {
     /// Shows it, in front of the main window.
     function open() {
         window.show();
-        window.raise();
+        // Elsewhere the active window is in front.
+        if (Qt.platform.os === "osx")
+            window.raise();
         window.requestActivate();
+        body.forceActiveFocus();
     }
 
     SettingsBody {
         id: body
 
-        anchors.fill: parent
+        // The window's own content has no size before it is shown, and the height must be known by then.
+        width: window.width
         settings: window.settings
         onPrivacyPolicyWanted: window.privacyPolicyWanted()
         onCloseWanted: window.close()

@@ -21,6 +21,15 @@ FocusScope {
         footer.defaultButton.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    // What Return presses may be another button from now on.
+    Connections {
+        target: body.onboarding
+        enabled: body.onboarding.visible
+
+        function onAccessChanged() {
+            body.focusDefault();
+        }
+    }
     Column {
         id: column
 

@@ -17,6 +17,7 @@ Item {
 
         symbol: feature.symbol
         size: ServicesMetrics.featureBadgeSize
+        iconSize: ServicesMetrics.featureIconSize
     }
     Column {
         anchors.left: badge.right

@@ -31,8 +31,8 @@ void DashedFrame::setHighlighted(bool highlighted)
 
 void DashedFrame::paint(QPainter *painter)
 {
-    constexpr double lineWidth = 1.5;
-    constexpr double dash = 2; // of the line's width, as is the space after it
+    constexpr double lineWidth = 1;
+    constexpr double dash = 3; // as is the space after it
     const Theme &theme = *Theme::instance();
     QPen pen(m_highlighted ? theme.accent() : theme.controlBorder(), lineWidth);
     pen.setDashPattern({dash, dash});

@@ -173,6 +173,11 @@ void FeedbackPresenter::receive(const std::optional<API::Failure> &failure)
         m_store->showToast("Feedback sent. Thank you!");
 }
 
+QString FeedbackPresenter::errorLines() const
+{
+    return QString(m_errorText).replace(QStringLiteral(". "), QStringLiteral(".\n"));
+}
+
 void FeedbackPresenter::close()
 {
     if (m_store)

@@ -34,6 +34,8 @@ class FeedbackPresenter : public QObject {
     Q_PROPERTY(bool sending READ isSending NOTIFY changed)
     /// Empty for none.
     Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
+    /// The same with each sentence on a line of its own.
+    Q_PROPERTY(QString errorLines READ errorLines NOTIFY changed)
     Q_PROPERTY(bool sent READ isSent NOTIFY changed)
     Q_PROPERTY(bool canSend READ canSend NOTIFY changed)
     Q_PROPERTY(QString thanksText READ thanksText NOTIFY changed)
@@ -64,6 +66,7 @@ public:
     [[nodiscard]] QString infoText() const;
     [[nodiscard]] bool isSending() const { return m_sending; }
     [[nodiscard]] QString errorText() const { return m_errorText; }
+    [[nodiscard]] QString errorLines() const;
     [[nodiscard]] bool isSent() const { return m_sent; }
     [[nodiscard]] bool canSend() const;
     [[nodiscard]] QString thanksText() const;
