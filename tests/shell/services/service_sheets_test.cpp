@@ -3,6 +3,9 @@
 #include <QGuiApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QQmlProperty>
+#include <QSignalSpy>
+#include <QTimer>
 
 #include "shell/quick_scene.h"
 #include "shell/services/fake_services.h"
@@ -225,6 +228,30 @@ TEST_F(ServiceSheetsTest, TheIconShowsThatItCanBeDragged)
     EXPECT_TRUE(QTest::qWaitFor([&] { return icon->property("hovering").toBool(); }));
     EXPECT_EQ(icon->property("applicationUrl").toString(),
               QUrl::fromLocalFile(QCoreApplication::applicationFilePath()).toString(QUrl::FullyEncoded));
+}
+
+TEST_F(ServiceSheetsTest, DraggingTheIconHandsOutTheAddressOfTheApplication)
+{
+    openWelcome();
+    QQuickItem *const icon =
+        scene->named(QStringLiteral("Drag me into the Full Disk Access list"), QAccessible::Graphic);
+    ASSERT_NE(icon, nullptr);
+    const QQmlProperty data(icon, QStringLiteral("Drag.mimeData"), qmlContext(icon));
+    EXPECT_EQ(data.read().toMap().value(QStringLiteral("text/uri-list")), icon->property("applicationUrl"));
+
+    QSignalSpy started(data.object(), SIGNAL(dragStarted()));
+    QSignalSpy finished(data.object(), SIGNAL(dragFinished(Qt::DropAction)));
+    ASSERT_TRUE(started.isValid() && finished.isValid());
+    const QPoint centre = icon->mapToScene(QPointF(icon->width() / 2, icon->height() / 2)).toPoint();
+    QTest::mousePress(scene->window(), Qt::LeftButton, Qt::NoModifier, centre);
+    // The drag has an event loop of its own, in which the button is let go.
+    QTimer::singleShot(50, scene->window(), [&] {
+        QTest::mouseRelease(scene->window(), Qt::LeftButton, Qt::NoModifier, centre + QPoint(60, 0));
+    });
+    for (int step = 1; step <= 6; ++step)
+        QTest::mouseMove(scene->window(), centre + QPoint(10 * step, 0));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return started.size() == 1 && finished.size() == 1; }));
+    EXPECT_TRUE(isOpen("welcome"));
 }
 
 TEST_F(ServiceSheetsOnLinuxTest, WelcomeHasOneButtonAndNoStepsAndNamesNoMac)
