@@ -18,7 +18,7 @@ bool isDigit(QChar character)
 
 std::strong_ordering compareNumbers(const std::string &left, const std::string &right)
 {
-    if (const auto byLength = left.size() <=> right.size(); byLength != 0)
+    if (const auto byLength = left.size() <=> right.size(); std::is_neq(byLength))
         return byLength;
     return left <=> right;
 }

@@ -8,8 +8,6 @@
 
 #include <QNetworkAccessManager>
 
-#include "core/store/qt_words.h"
-
 namespace corvane {
 
 namespace {
@@ -26,22 +24,6 @@ qint64 lengthOf(const FileDescriptor &file)
 {
     struct stat facts {};
     return ::fstat(file.number(), &facts) == 0 ? static_cast<qint64>(facts.st_size) : -1;
-}
-
-UpdateFailure folderFailure(const Error &error)
-{
-    if (error.code == std::errc::resource_unavailable_try_again)
-        return {Kind::anotherDownloads};
-    if (error.code == std::errc::no_space_on_device)
-        return {Kind::diskFull};
-    return {Kind::folderUnusable, displayText(error.path + ": " + error.description())};
-}
-
-UpdateFailure writeFailure(const Error &error)
-{
-    if (error.code == std::errc::no_space_on_device || error.code == std::error_code(EDQUOT, std::generic_category()))
-        return {Kind::diskFull};
-    return {Kind::notWritten, displayText(error.description())};
 }
 
 } // namespace
@@ -149,7 +131,7 @@ void FeedSession::download()
     }
     auto folder = UpdateFolder::open(m_options.caches);
     if (!folder) {
-        fail(folderFailure(folder.error()));
+        fail(UpdateFailure::ofFolder(folder.error()));
         return;
     }
     m_folder = std::move(*folder);
@@ -170,7 +152,7 @@ void FeedSession::startTransfer()
     m_isFromEarlier = false;
     auto file = m_folder->startDownload(m_name);
     if (!file) {
-        fail(folderFailure(file.error()));
+        fail(UpdateFailure::ofFolder(file.error()));
         return;
     }
     m_file = std::make_shared<FileDescriptor>(std::move(*file));
@@ -186,7 +168,7 @@ void FeedSession::startTransfer()
 std::optional<UpdateFailure> FeedSession::write(QByteArrayView bytes)
 {
     if (const auto written = writeBytes(*m_file, bytes); !written)
-        return writeFailure(written.error());
+        return UpdateFailure::ofWriting(written.error());
     m_state.received += bytes.size();
     if (!m_progress.isActive())
         m_progress.start();
@@ -222,12 +204,13 @@ void FeedSession::takeVerdict(const Verdict &verdict)
         if (m_isFromEarlier)
             startTransfer(); // it replaces what is there
         else
-            fail(verdict.verified ? UpdateFailure{Kind::wrongSignature} : writeFailure(verdict.verified.error()));
+            fail(verdict.verified ? UpdateFailure{Kind::wrongSignature}
+                                  : UpdateFailure::ofWriting(verdict.verified.error()));
         return;
     }
     if (!m_isFromEarlier) {
         if (const auto finished = m_folder->finishDownload(m_name, *m_file); !finished) {
-            fail(writeFailure(finished.error()));
+            fail(UpdateFailure::ofWriting(finished.error()));
             return;
         }
     }

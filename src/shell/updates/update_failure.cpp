@@ -1,6 +1,37 @@
 #include "shell/updates/update_failure.h"
 
+#include <cerrno>
+
+#include "core/store/qt_words.h"
+
 namespace corvane {
+
+namespace {
+
+// A share of the disk that is used up is the same to the user.
+bool isFullDisk(const Error &error)
+{
+    return error.code == std::errc::no_space_on_device ||
+           error.code == std::error_code(EDQUOT, std::generic_category());
+}
+
+} // namespace
+
+UpdateFailure UpdateFailure::ofFolder(const Error &error)
+{
+    if (error.code == std::errc::resource_unavailable_try_again)
+        return {Kind::anotherDownloads};
+    if (isFullDisk(error))
+        return {Kind::diskFull};
+    return {Kind::folderUnusable, displayText(error.path + ": " + error.description())};
+}
+
+UpdateFailure UpdateFailure::ofWriting(const Error &error)
+{
+    if (isFullDisk(error))
+        return {Kind::diskFull};
+    return {Kind::notWritten, displayText(error.description())};
+}
 
 QString UpdateFailure::sentence() const
 {

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "platform/error.h"
+
 namespace corvane {
 
 /// Why there is no update to offer.
@@ -34,6 +36,10 @@ struct UpdateFailure {
 
     Kind kind;
     QString detail = {};
+
+    /// What an error of the folder of downloads is, or of writing to it.
+    [[nodiscard]] static UpdateFailure ofFolder(const Error &error);
+    [[nodiscard]] static UpdateFailure ofWriting(const Error &error);
 
     /// One line for people.
     [[nodiscard]] QString sentence() const;
