@@ -15,7 +15,7 @@ packages_for() {
             qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick \
             qml6-module-qtquick-window qml6-module-qtquick-templates qml6-module-qtquick-controls \
             qml6-module-qtquick-layouts qml6-module-qtquick-shapes qml6-module-qtquick-dialogs \
-            qml6-module-qt-labs-folderlistmodel qml6-module-qt-labs-qmlmodels fonts-inter
+            qml6-module-qt-labs-folderlistmodel qml6-module-qt-labs-qmlmodels qml6-module-qt-labs-platform fonts-inter
         ;;
     # What only a window on a display uses, and pictures of one.
     Linux/window) echo qt6-wayland fonts-noto-color-emoji ;;

@@ -3,11 +3,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include <QQuickWindow>
-
 #include "core/path_guard.h"
 #include "main/user_settings.h"
 #include "platform/host.h"
+#include "shell/ui/services_registration.h"
 #include "shell/ui/shell_ui.h"
 #include "shell/ui/store_registration.h"
 
@@ -25,33 +24,51 @@ void endWithoutGraphics(QQuickWindow::SceneGraphError, const QString &message)
 
 } // namespace
 
-CorvaneApp::CorvaneApp() : m_store(systemHost(), PathGuard::locations()), m_settings(openUserSettings())
+CorvaneApp::CorvaneApp(const QUrl &site, const UpdateConfiguration &updates)
+    : m_store(systemHost(), PathGuard::locations()),
+      m_defaults(openUserSettings()),
+      m_updater(makeUpdateController(updates, m_defaults),
+                AppUpdater::isConfigured(updates.publicKey, updates.feedUrl)),
+      m_api(site),
+      m_crashReporter(m_defaults, m_api, systemHost().files, CrashReporter::places(systemHost().files)),
+      m_services(m_defaults, m_api, m_crashReporter, m_updater)
 {
     StoreRegistration::setStore(&m_store);
+    ServicesRegistration::setServices(&m_services);
     setUpShell(m_engine);
 }
 
 bool CorvaneApp::openWindow()
 {
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/App/Main.qml")));
-    auto *window =
+    m_window =
         m_engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(m_engine.rootObjects().first());
-    if (window == nullptr) {
+    if (!m_window) {
         std::fputs("corvane: the window could not be made; is the installation complete?\n", stderr);
         return false;
     }
-    QObject::connect(window, &QQuickWindow::sceneGraphError, window, endWithoutGraphics, Qt::DirectConnection);
-    m_windowState.emplace(*window, *m_settings);
+    QObject::connect(m_window, &QQuickWindow::sceneGraphError, m_window, endWithoutGraphics, Qt::DirectConnection);
+    m_windowState.emplace(*m_window, m_defaults.settings());
     m_windowState->restore();
-    if (window->windowState() == Qt::WindowMaximized)
-        window->showMaximized();
+    if (m_window->windowState() == Qt::WindowMaximized)
+        m_window->showMaximized();
     else
-        window->show();
-    window->requestActivate();
+        m_window->show();
+    m_window->requestActivate();
     systemHost().desktop.activateApplication();
-    // Known by the time the screen that shows it is opened.
-    m_store.refreshCleanup();
+    measureCleanup();
+    m_crashReporter.checkOnLaunch();
     return true;
+}
+
+void CorvaneApp::measureCleanup()
+{
+    if (m_defaults.didOnboard())
+        m_store.refreshCleanup();
+    else
+        QObject::connect(
+            &m_defaults, &UserDefaults::didOnboardChanged, &m_store, [this] { m_store.refreshCleanup(); },
+            Qt::SingleShotConnection);
 }
 
 } // namespace corvane

@@ -4,33 +4,50 @@
 #include <optional>
 #include <string>
 
+#include <QPointer>
 #include <QQmlApplicationEngine>
-#include <QSettings>
+#include <QQuickWindow>
+#include <QUrl>
 
 #include "core/store/storage_store.h"
+#include "shell/app_info.h"
+#include "shell/services.h"
 #include "shell/ui/window/window_state.h"
-
-class QQuickWindow;
+#include "shell/update_system.h"
 
 namespace corvane {
 
-/// The program: owns the store for as long as it runs, and the window over it. Made once, after the
+/// The program: owns the store and the services for as long as it runs, and the window over them. Made once, after the
 /// QGuiApplication and before its event loop; main thread only.
 class CorvaneApp {
 public:
-    CorvaneApp();
+    /// `site` is where what the user sends goes, `updates` where updates come from.
+    explicit CorvaneApp(const QUrl &site = AppInfo::site(),
+                        const UpdateConfiguration &updates = UpdateConfiguration::ofThisBuild());
 
     /// Shows the window and brings it to the front; false, with one line on standard error, when it cannot be
     /// made.
     [[nodiscard]] bool openWindow();
 
     [[nodiscard]] StorageStore &store() { return m_store; }
+    [[nodiscard]] Services &services() { return m_services; }
+    /// The main window; null until it is open.
+    [[nodiscard]] QQuickWindow *window() const { return m_window; }
 
 private:
-    // In this order: the window state reads the window, the window reads the store.
+    /// Measures what can be cleaned, so that it is known by the time that a screen shows it. Not before the user has
+    /// been told what for: a system that guards folders asks about them one by one.
+    void measureCleanup();
+
+    // In this order: the window state reads the window, the window reads the store and the services.
     StorageStore m_store;
-    const std::unique_ptr<QSettings> m_settings;
+    UserDefaults m_defaults;
+    AppUpdater m_updater;
+    API m_api;
+    CrashReporter m_crashReporter;
+    Services m_services;
     QQmlApplicationEngine m_engine;
+    QPointer<QQuickWindow> m_window;
     std::optional<WindowState> m_windowState;
 };
 

@@ -14,7 +14,9 @@
 #include "main/command_line.h"
 #include "main/corvane_app.h"
 #include "main/start_environment.h"
+#include "platform/crash_handler.h"
 #include "platform/host.h"
+#include "shell/app_info.h"
 
 namespace {
 
@@ -52,6 +54,7 @@ int main(int argc, char **argv)
     }
 
     const std::optional<std::string> refusedHome = corvane::settleEnvironment();
+    corvane::installCrashHandler({corvane::AppInfo::version().toStdString(), corvane::AppInfo::build().toStdString()});
 
     QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
     QCoreApplication::setOrganizationDomain(QStringLiteral("corvane.app"));

@@ -63,16 +63,28 @@ std::string Journey::addFile(const std::string &relative, std::int64_t mebibytes
     return folder().writeFile("home/" + relative, mebibytes * mebibyte);
 }
 
+void Journey::setDefault(const std::string &key, const std::string &value) const
+{
+    QSettings settings(QString::fromStdString(folder() / "config/Corvane/Corvane.conf"), QSettings::NativeFormat);
+    settings.setValue(QString::fromStdString(key), QString::fromStdString(value));
+}
+
 // --- The program
 
 void Journey::open()
 {
+    setDefault("didOnboard", "true");
+    launch();
+}
+
+void Journey::launch()
+{
     m_driver.reset();
-    m_program.emplace();
+    m_program.emplace(m_site);
     if (!m_program->openWindow())
         giveUp(QStringLiteral("the window was not made"));
-    QWindow *const window = QGuiApplication::topLevelWindows().constFirst();
-    m_driver.emplace(*qobject_cast<QQuickWindow *>(window));
+    QQuickWindow *const window = m_program->window();
+    m_driver.emplace(*window);
     waitUntil([&] { return window->isActive() && window->isExposed(); }, QStringLiteral("the window"));
     driver().pointAtNothing();
 }

@@ -41,8 +41,16 @@ protected:
     /// What surrounds the home folder.
     [[nodiscard]] const TemporaryFolder &folder() const { return Sandbox::instance().folder(); }
 
+    /// Sets a key of the settings that the program will read.
+    void setDefault(const std::string &key, const std::string &value) const;
+
     // --- The program
+    /// Opens the window of a program that has been run before.
     void open();
+    /// Opens the window, whatever the settings hold.
+    void launch();
+    /// Where what is sent goes, of a program opened later.
+    void setSite(const QUrl &site) { m_site = site; }
     /// Ends the program as its main() does when the last window is gone.
     void quit() { m_program.reset(); }
     /// Opens the window and goes to the Space Map.
@@ -51,6 +59,7 @@ protected:
     void openAndScan();
     [[nodiscard]] bool isScanned() { return store().phase() == StorageStore::Phase::ready; }
     [[nodiscard]] StorageStore &store() { return m_program->store(); }
+    [[nodiscard]] Services &services() { return m_program->services(); }
     [[nodiscard]] QQuickWindow &window() { return *m_driver->window(); }
     [[nodiscard]] WindowDriver &driver() { return *m_driver; }
 
@@ -99,6 +108,7 @@ protected:
     void drop(const QList<QUrl> &urls);
 
 private:
+    QUrl m_site = AppInfo::site();
     std::optional<CorvaneApp> m_program;
     std::optional<WindowDriver> m_driver;
 };

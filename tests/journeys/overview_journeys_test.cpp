@@ -128,9 +128,9 @@ TEST_F(OverviewJourney, WithoutAccessABannerExplainsWhatIsMissing)
     open();
     EXPECT_TRUE(shows(QStringLiteral("Give Corvane Full Disk Access for complete results")));
     click(QStringLiteral("overview.accessGuide"));
-    waitForPopup(QStringLiteral("accessGuide"));
+    waitForPopup(QStringLiteral("welcome"));
     press(Qt::Key_Escape);
-    waitForPopupClosed(QStringLiteral("accessGuide"));
+    waitForPopupClosed(QStringLiteral("welcome"));
 }
 
 TEST_F(OverviewJourney, TheKeyboardAloneScansAndOpensAFolder)

@@ -32,10 +32,11 @@ int main(int argc, char **argv)
     }
 
     corvane::CorvaneApp program;
+    program.services().defaults()->setDidOnboard(true); // the welcome sheet has pictures of its own
     corvane::Theme::instance()->setReducedMotion(true);
     if (!program.openWindow())
         return EXIT_FAILURE;
-    auto *window = qobject_cast<QQuickWindow *>(QGuiApplication::topLevelWindows().constFirst());
+    QQuickWindow *const window = program.window();
     try {
         corvane::Photographer(*window, program.store(), QDir(QString::fromLocal8Bit(argv[1]))).takeAll();
     } catch (const std::exception &failure) {

@@ -1,28 +1,15 @@
 #include "shell/ui/services_registration.h"
 
-#include <memory>
-
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
-#include "platform/host.h"
-#include "shell/fake_update_controller.h"
+#include "shell/fake_services.h"
 #include "shell/quick_scene.h"
 
 namespace corvane {
 namespace {
 
-struct ServicesRegistrationTest : testing::Test {
-    ServicesRegistrationTest() { ServicesRegistration::setServices(&services); }
-
-    const QTemporaryDir folder;
-    UserDefaults defaults{
-        std::make_unique<QSettings>(folder.filePath(QStringLiteral("settings.conf")), QSettings::IniFormat)};
-    API api{QUrl(QStringLiteral("https://corvane.example/"))};
-    CrashReporter crashReporter{defaults, api, systemHost().files, {.folders = {}, .executable = "corvane"}};
-    AppUpdater updater{std::make_unique<FakeUpdateController>(), false};
-    Services services{defaults, api, crashReporter, updater};
+struct ServicesRegistrationTest : testing::Test, FakeServices {
+    ServicesRegistrationTest() : FakeServices({.canUpdate = false}) {}
 };
 
 TEST_F(ServicesRegistrationTest, QmlSeesTheServicesThatWereSet)

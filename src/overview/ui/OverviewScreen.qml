@@ -57,7 +57,7 @@ Rectangle {
             FullDiskAccessBanner {
                 width: parent.width
                 visible: presenter.needsAccess
-                onGuideWanted: guide.open()
+                onGuideWanted: Services.defaults.didOnboard = false
                 onSettingsWanted: presenter.openAccessSettings()
             }
             DiskCard {
@@ -103,17 +103,5 @@ Rectangle {
                 presenter: presenter
             }
         }
-    }
-    Alert {
-        id: guide
-
-        objectName: "accessGuide"
-        title: qsTr("Full Disk Access")
-        message: qsTr("Lets Corvane measure Mail, Safari, the Trash and app data, without asking folder by folder.\n\n1. Click Open System Settings below.\n2. Click + and choose Corvane.\n3. Switch Corvane on. If macOS asks, choose Quit & Reopen.")
-        confirmText: qsTr("Open System Settings")
-        cancelText: qsTr("Skip for Now")
-        cancelName: "accessGuide.skip"
-        confirmName: "accessGuide.open"
-        onConfirmed: presenter.openAccessSettings()
     }
 }

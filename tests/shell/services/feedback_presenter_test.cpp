@@ -7,7 +7,7 @@
 #include <QtTest/QTest>
 
 #include "shell/app_info.h"
-#include "shell/services/fake_services.h"
+#include "shell/services/services_over_a_store.h"
 
 namespace corvane {
 namespace {
@@ -32,7 +32,7 @@ protected:
         return QJsonDocument::fromJson(fake.server.requests().back().body).object();
     }
 
-    FakeServices fake;
+    ServicesOverAStore fake;
     FeedbackPresenter presenter;
 };
 

@@ -6,7 +6,7 @@
 #include <QSignalSpy>
 #include <QtTest/QTest>
 
-#include "shell/services/fake_services.h"
+#include "shell/services/services_over_a_store.h"
 
 namespace corvane {
 namespace {
@@ -26,7 +26,7 @@ protected:
         return fake.fake.log->linesStartingWith("canOpen " + PathGuard::accessProbePath(fake.home)).size();
     }
 
-    FakeServices fake;
+    ServicesOverAStore fake;
     OnboardingPresenter presenter;
 };
 

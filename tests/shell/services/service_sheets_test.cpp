@@ -8,7 +8,7 @@
 #include <QTimer>
 
 #include "shell/quick_scene.h"
-#include "shell/services/fake_services.h"
+#include "shell/services/services_over_a_store.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -105,7 +105,7 @@ protected:
         return QJsonDocument::fromJson(fake.server.requests().back().body).object();
     }
 
-    FakeServices fake;
+    ServicesOverAStore fake;
     std::optional<QuickScene> scene;
 };
 

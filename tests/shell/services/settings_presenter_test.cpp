@@ -5,7 +5,7 @@
 #include <QSignalSpy>
 
 #include "shell/app_info.h"
-#include "shell/services/fake_services.h"
+#include "shell/services/services_over_a_store.h"
 
 namespace corvane {
 namespace {
@@ -21,7 +21,7 @@ struct SettingsOf {
         presenter.setUpdater(&fake.updater);
     }
 
-    FakeServices fake;
+    ServicesOverAStore fake;
     SettingsPresenter presenter;
 };
 

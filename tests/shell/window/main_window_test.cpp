@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include "shell/app_info.h"
+#include "shell/fake_services.h"
 #include "shell/ui/shell_ui.h"
 #include "shell/ui/store_registration.h"
 #include "shell/ui/theme.h"
@@ -54,6 +55,7 @@ class MainWindowTest : public testing::Test {
 protected:
     MainWindowTest()
     {
+        services.defaults.setDidOnboard(true);
         StoreRegistration::setStore(&fake.store);
         setUpShell(engine);
         Theme::instance()->setReducedMotion(true); // so that nothing is clicked while it moves
@@ -114,6 +116,7 @@ protected:
     }
 
     FakeStore fake;
+    FakeServices services;
     QQmlEngine engine;
     std::unique_ptr<QQuickWindow> window;
     QString errors;
@@ -246,7 +249,7 @@ TEST_F(MainWindowTest, TheMenuOpensByButtonAndByF10)
 {
     click("appMenuButton");
     ASSERT_TRUE(waitForItem("appMenu.scanHome"));
-    EXPECT_EQ(object("appMenu")->property("count").toInt(), 19) << "two screens, thirteen commands, four lines";
+    EXPECT_EQ(object("appMenu")->property("count").toInt(), 24) << "two screens, seventeen commands, five lines";
     key(Qt::Key_Escape);
     ASSERT_TRUE(waitFor([this] { return item("appMenu.scanHome") == nullptr; }));
     key(Qt::Key_F10);

@@ -2,6 +2,8 @@ import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Dialogs
 import Corvane.Shell
+import Corvane.Services
+import Corvane.Updates
 import Corvane.Window
 
 /// The program's one window: the screens at the left, the chosen one at the right, and over it what is selected
@@ -11,7 +13,9 @@ ApplicationWindow {
 
     required property SidebarModel screens
 
-    readonly property bool asking: review.visible || about.visible || confirmation.visible
+    /// A sheet of the window's own is open.
+    readonly property bool asksItself: review.visible || about.visible || confirmation.visible
+    readonly property bool asking: asksItself || services.asking || updates.visible
     /// How much of a screen lies beneath the selection bar.
     readonly property real coveredHeight: selectionBar.takenHeight
 
@@ -73,6 +77,7 @@ ApplicationWindow {
         enabled: !window.asking
         onReviewWanted: review.open()
         onAboutWanted: about.open()
+        onSettingsWanted: services.openSettings()
     }
 
     Sidebar {
@@ -168,6 +173,19 @@ ApplicationWindow {
     AboutSheet {
         id: about
     }
+    UpdateSheet {
+        id: updates
+
+        updater: Services.updater
+        store: Store
+        held: window.asksItself || services.asking
+    }
+    ServiceSheets {
+        id: services
+
+        blocked: window.asksItself || updates.visible
+        onPrivacyPolicyWanted: help.openPrivacyPolicy()
+    }
     FolderChooser {
         id: chooser
 
@@ -193,10 +211,11 @@ ApplicationWindow {
 
         SystemMenuBar {
             actions: actions
+            window: window
         }
     }
     Component.onCompleted: {
         if (Qt.platform.os === "osx")
-            menuBar = systemMenuBar.createObject(window) as MenuBar;
+            systemMenuBar.createObject(window);
     }
 }

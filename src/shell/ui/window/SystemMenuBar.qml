@@ -1,55 +1,81 @@
 pragma ComponentBehavior: Bound
 
-import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Controls.Basic as Controls
 import QtQml
+import Qt.labs.platform
 import Corvane.Window
 
-/// The commands of the window in the system's own menu bar. The system moves "About" to the program's menu and
-/// brings "Quit" itself.
+/// The commands of the window in the system's own menu bar. The system moves the commands that have a role into the
+/// program's own menu: "About", behind it the check for updates, "Settings" and "Quit".
 MenuBar {
     id: bar
 
     required property WindowActions actions
 
+    component Command: MenuItem {
+        required property Controls.Action action
+
+        text: action.text
+        shortcut: action.shortcut
+        enabled: action.enabled
+        role: MenuItem.NoRole
+        onTriggered: action.trigger()
+    }
+
     Menu {
         title: qsTr("File")
 
-        MenuItem {
+        Command {
             action: bar.actions.scanHome
         }
-        MenuItem {
+        Command {
             action: bar.actions.scanEntireDisk
         }
-        MenuItem {
+        Command {
             action: bar.actions.chooseFolder
         }
         MenuSeparator {}
-        MenuItem {
+        Command {
             action: bar.actions.stopScan
+        }
+        Command {
+            action: bar.actions.about
+            role: MenuItem.AboutRole
+        }
+        Command {
+            action: bar.actions.checkForUpdates
+            role: MenuItem.ApplicationSpecificRole
+        }
+        Command {
+            action: bar.actions.settings
+            role: MenuItem.PreferencesRole
+        }
+        Command {
+            action: bar.actions.quit
+            role: MenuItem.QuitRole
         }
     }
     Menu {
         title: qsTr("Selection")
 
-        MenuItem {
+        Command {
             action: bar.actions.review
         }
-        MenuItem {
+        Command {
             action: bar.actions.clear
         }
         MenuSeparator {}
-        MenuItem {
+        Command {
             action: bar.actions.moveToTrash
         }
     }
     Menu {
         title: qsTr("Go")
 
-        MenuItem {
+        Command {
             action: bar.actions.back
         }
-        MenuItem {
+        Command {
             action: bar.actions.forward
         }
     }
@@ -61,24 +87,28 @@ MenuBar {
     Menu {
         title: qsTr("Help")
 
-        MenuItem {
+        Command {
+            action: bar.actions.sendFeedback
+        }
+        Command {
+            action: bar.actions.welcome
+        }
+        MenuSeparator {}
+        Command {
             action: bar.actions.privacyPolicy
         }
-        MenuItem {
+        Command {
             action: bar.actions.website
-        }
-        MenuItem {
-            action: bar.actions.about
         }
     }
 
-    Instantiator {
+    readonly property Instantiator screens: Instantiator {
         model: bar.actions.show.count
 
-        delegate: MenuItem {
+        delegate: Command {
             required property int index
 
-            action: bar.actions.show.objectAt(index) as Action
+            action: bar.actions.show.objectAt(index) as Controls.Action
         }
         onObjectAdded: (index, object) => view.insertItem(index, object as MenuItem)
         onObjectRemoved: (index, object) => view.removeItem(object as MenuItem)

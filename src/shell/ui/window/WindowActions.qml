@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls.Basic
 import QtQml
+import Corvane.Shell
 import Corvane.Window
 
 /// Every command of the window with its keys, for the menu and for the keyboard alone.
@@ -19,6 +20,7 @@ QtObject {
 
     signal reviewWanted
     signal aboutWanted
+    signal settingsWanted
 
     readonly property Action scanHome: Action {
         text: qsTr("Scan Home Folder")
@@ -72,6 +74,27 @@ QtObject {
         shortcut: Qt.platform.os === "osx" ? "Ctrl+]" : "Alt+Right"
         enabled: actions.enabled && actions.history.canGoForward
         onTriggered: actions.history.goForwardSoon()
+    }
+    readonly property Action settings: Action {
+        text: qsTr("Settings…")
+        shortcut: "Ctrl+,"
+        enabled: actions.enabled
+        onTriggered: actions.settingsWanted()
+    }
+    readonly property Action checkForUpdates: Action {
+        text: qsTr("Check for Updates…")
+        enabled: actions.enabled && Services.updater.canCheckForUpdates
+        onTriggered: Services.updater.checkForUpdates()
+    }
+    readonly property Action sendFeedback: Action {
+        text: qsTr("Send Feedback…")
+        enabled: actions.enabled
+        onTriggered: Store.showFeedback = true
+    }
+    readonly property Action welcome: Action {
+        text: qsTr("Welcome & Permissions…")
+        enabled: actions.enabled
+        onTriggered: Services.defaults.didOnboard = false
     }
     readonly property Action privacyPolicy: Action {
         text: qsTr("Privacy Policy")

@@ -60,6 +60,23 @@ AppMenu {
     AppMenuSeparator {}
     AppMenuSeparator {}
     AppMenuItem {
+        objectName: "appMenu.settings"
+        action: menu.actions.settings
+    }
+    AppMenuItem {
+        objectName: "appMenu.checkForUpdates"
+        action: menu.actions.checkForUpdates
+    }
+    AppMenuSeparator {}
+    AppMenuItem {
+        objectName: "appMenu.sendFeedback"
+        action: menu.actions.sendFeedback
+    }
+    AppMenuItem {
+        objectName: "appMenu.welcome"
+        action: menu.actions.welcome
+    }
+    AppMenuItem {
         objectName: "appMenu.privacyPolicy"
         action: menu.actions.privacyPolicy
     }

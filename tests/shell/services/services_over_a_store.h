@@ -1,0 +1,31 @@
+#pragma once
+
+#include "shell/fake_services.h"
+#include "shell/ui/store_registration.h"
+#include "shell/window/fake_store.h"
+#include "support/loopback_server.h"
+
+namespace corvane {
+
+struct RunningServer {
+    LoopbackServer server;
+};
+
+/// The program's services over a store in memory and a web service on the loopback interface.
+struct ServicesOverAStore : FakeStore, RunningServer, FakeServices {
+    explicit ServicesOverAStore(bool canUpdate = true)
+        : FakeServices({.site = server.url(), .reportFolders = {home + "/reports"}, .canUpdate = canUpdate}, fake.files)
+    {
+        StoreRegistration::setStore(&store);
+    }
+
+    /// From now on the files are a Mac's, which the program may read only once it has been granted.
+    void becomeMac()
+    {
+        fake.files.setSystemKind(SystemKind::mac);
+        store.refreshAccess();
+    }
+    void grantAccess() { fake.files.addText(PathGuard::accessProbePath(home), {}); }
+};
+
+} // namespace corvane
