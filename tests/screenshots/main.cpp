@@ -38,7 +38,8 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     QQuickWindow *const window = program.window();
     try {
-        corvane::Photographer(*window, program.store(), QDir(QString::fromLocal8Bit(argv[1]))).takeAll();
+        const QDir folder(QString::fromLocal8Bit(argv[1]));
+        corvane::Photographer(*window, program.store(), program.services(), folder).takeAll();
     } catch (const std::exception &failure) {
         std::fprintf(stderr, "screenshots: %s\n", failure.what());
         return EXIT_FAILURE;

@@ -21,8 +21,8 @@ constexpr int height = 800;
 
 } // namespace
 
-Photographer::Photographer(QQuickWindow &window, StorageStore &store, const QDir &folder)
-    : m_driver(window), m_store(store), m_folder(folder)
+Photographer::Photographer(QQuickWindow &window, StorageStore &store, Services &services, const QDir &folder)
+    : m_driver(window), m_store(store), m_services(services), m_folder(folder)
 {
     m_driver.resize(width, height);
     m_driver.pointAtNothing();
@@ -46,6 +46,7 @@ void Photographer::takeAll()
     takeDuplicates();
     takeCleanup();
     takeEmptyFolders();
+    takeServices();
 }
 
 void Photographer::takeScanning()
@@ -163,10 +164,7 @@ void Photographer::takeOverviewBeforeScan()
     refreshBreakdown();
     tabTo(m_driver.item(QStringLiteral("overview.scanHome")));
     take(QStringLiteral("overview-idle"));
-    m_driver.click(m_driver.item(QStringLiteral("overview.accessGuide")));
-    m_driver.pointAtNothing();
-    take(QStringLiteral("access-guide"));
-    dismiss();
+    takeWelcome();
 }
 
 void Photographer::takeOverview()
@@ -275,11 +273,11 @@ void Photographer::dismiss()
     m_driver.rest();
 }
 
-void Photographer::take(const QString &name)
+void Photographer::takeWindow(const QString &name, const WindowDriver &driver)
 {
     for (const bool dark : {false, true}) {
         Theme::instance()->setDark(dark);
-        save(name + (dark ? QStringLiteral("-dark") : QStringLiteral("-light")), m_driver.stillPicture());
+        save(name + (dark ? QStringLiteral("-dark") : QStringLiteral("-light")), driver.stillPicture());
     }
     Theme::instance()->setDark(false);
 }

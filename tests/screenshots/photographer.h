@@ -7,6 +7,7 @@
 
 #include "core/store/storage_store.h"
 #include "screenshots/window_driver.h"
+#include "shell/services.h"
 
 namespace corvane {
 
@@ -15,7 +16,7 @@ namespace corvane {
 class Photographer {
 public:
     /// The window shows the store over a Mac's disk; `folder` takes the pictures.
-    Photographer(QQuickWindow &window, StorageStore &store, const QDir &folder);
+    Photographer(QQuickWindow &window, StorageStore &store, Services &services, const QDir &folder);
 
     void takeAll();
 
@@ -43,6 +44,10 @@ private:
     void takeAppsByKeyboard();
     void takeOrphans();
     void takeUninstallerWithoutApps();
+    void takeWelcome();
+    void takeServices();
+    void takeFeedback();
+    void takeSettings();
 
     void show(StorageStore::SidebarItem screen);
     /// Measures the disk anew, and waits for that.
@@ -60,7 +65,9 @@ private:
     /// Closes the menu or sheet that lies on top.
     void dismiss();
     /// Saves NAME-light.png and NAME-dark.png of the window at rest.
-    void take(const QString &name);
+    void take(const QString &name) { takeWindow(name, m_driver); }
+    /// The same of another window.
+    void takeWindow(const QString &name, const WindowDriver &driver);
     /// The same while it moves.
     void takeMoving(const QString &name);
     void save(const QString &name, const QImage &picture) const;
@@ -84,6 +91,7 @@ private:
 
     WindowDriver m_driver;
     StorageStore &m_store;
+    Services &m_services;
     QDir m_folder;
 };
 

@@ -1,0 +1,21 @@
+// Says what the settings of this user hold, as a program sees them that is started later.
+
+#include <cstdio>
+
+#include <QCoreApplication>
+#include <QMetaEnum>
+
+#include "main/user_settings.h"
+#include "shell/user_defaults.h"
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
+    QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
+    const QCoreApplication application(argc, argv);
+    const corvane::UserDefaults defaults(corvane::openUserSettings());
+    std::printf("didOnboard=%s crashReportMode=%s\n", defaults.didOnboard() ? "true" : "false",
+                QMetaEnum::fromType<corvane::UserDefaults::ReportMode>().valueToKey(
+                    static_cast<int>(defaults.crashReportMode())));
+    return 0;
+}
