@@ -47,7 +47,9 @@ protected:
     }
     [[nodiscard]] bool isOpen(const char *sheet)
     {
-        return window().findChild<QObject *>(QLatin1String(sheet))->property("visible").toBool();
+        // Made when it is first opened.
+        const QObject *const made = window().findChild<QObject *>(QLatin1String(sheet));
+        return made != nullptr && made->property("visible").toBool();
     }
     void type(const QString &text)
     {
@@ -98,7 +100,7 @@ protected:
     void openSettings()
     {
         press(Qt::Key_Comma, Qt::ControlModifier);
-        waitUntil([&] { return QGuiApplication::focusWindow() == &settingsWindow(); }, QStringLiteral("the settings"));
+        waitUntil([&] { return isOpen("settings") && QGuiApplication::focusWindow() == &settingsWindow(); }, QStringLiteral("the settings"));
     }
     /// What another process reads there: "didOnboard=true crashReportMode=never".
     [[nodiscard]] static std::string settingsOfAnotherProcess()

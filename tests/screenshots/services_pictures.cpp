@@ -98,10 +98,10 @@ void Photographer::takeFeedback()
 
 void Photographer::takeSettings()
 {
-    auto *const settings = m_driver.window()->findChild<QQuickWindow *>(QStringLiteral("settings"));
     auto *const choices = m_driver.window()->findChild<SettingsPresenter *>();
     m_driver.press(Qt::Key_Comma, Qt::ControlModifier);
-    WindowDriver driver(*settings);
+    auto *const settings = m_driver.window()->findChild<QQuickWindow *>(QStringLiteral("settings"));
+    const WindowDriver driver(*settings);
     takeWindow(QStringLiteral("settings-noupdates"), driver);
     settings->close();
 

@@ -49,7 +49,12 @@ protected:
         scene->item("before")->forceActiveFocus(Qt::TabFocusReason);
     }
 
-    [[nodiscard]] bool isOpen(const char *sheet) const { return scene->object(sheet)->property("opened").toBool(); }
+    [[nodiscard]] bool isOpen(const char *sheet) const
+    {
+        // Made when it is first opened.
+        const QObject *const made = scene->object(sheet);
+        return made != nullptr && made->property("opened").toBool();
+    }
     [[nodiscard]] bool waitForOpen(const char *sheet) const
     {
         return QTest::qWaitFor([&] { return isOpen(sheet); });
@@ -448,15 +453,14 @@ protected:
     void SetUp() override
     {
         ServiceSheetsTest::SetUp();
-        settings = qobject_cast<QQuickWindow *>(scene->object("settings"));
-        ASSERT_NE(settings, nullptr);
-        ASSERT_FALSE(settings->isVisible());
+        ASSERT_EQ(scene->object("settings"), nullptr) << "made when it is first opened";
         ASSERT_TRUE(openSettings());
     }
 
-    [[nodiscard]] bool openSettings() const
+    [[nodiscard]] bool openSettings()
     {
         QMetaObject::invokeMethod(scene->object("sheets"), "openSettings");
+        settings = qobject_cast<QQuickWindow *>(scene->object("settings"));
         // A window counts as active while the one that it belongs to is.
         return QTest::qWaitFor([this] { return QGuiApplication::focusWindow() == settings; });
     }

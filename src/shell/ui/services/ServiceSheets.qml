@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Window
 import Corvane.Shell
@@ -10,74 +12,83 @@ Item {
     /// Another sheet of the window is open.
     required property bool blocked
 
-    readonly property bool asking: welcome.visible || crash.visible || feedback.visible
+    readonly property bool asking: welcome.open || crash.open || feedback.open
     readonly property bool shown: Window.visibility !== Window.Hidden
+
+    property SettingsWindow settingsWindow: null
 
     signal privacyPolicyWanted
 
+    /// Makes the window when it is first asked for.
     function openSettings() {
-        settings.open();
+        if (settingsWindow === null)
+            settingsWindow = settingsComponent.createObject(sheets) as SettingsWindow;
+        settingsWindow.open();
     }
 
     OnboardingPresenter {
-        id: onboarding
+        id: welcomePresenter
 
         store: Store
         defaults: Services.defaults
     }
     FeedbackPresenter {
-        id: feedbackForm
+        id: feedbackPresenter
 
         store: Store
         api: Services.api
     }
     SettingsPresenter {
-        id: settingsChoices
+        id: settingsPresenter
 
-        objectName: "settingsPresenter"
         store: Store
         defaults: Services.defaults
         api: Services.api
         updater: Services.updater
     }
 
-    WelcomeSheet {
+    SheetOpener {
         id: welcome
 
-        onboarding: onboarding
+        wanted: welcomePresenter.wanted
+        blocked: sheets.blocked || !sheets.shown || crash.open || feedback.open
+        component: Component {
+            WelcomeSheet {
+                onboarding: welcomePresenter
+            }
+        }
     }
     SheetOpener {
-        sheet: welcome
-        wanted: onboarding.wanted
-        blocked: sheets.blocked || !sheets.shown || crash.visible || feedback.visible
-    }
-    CrashPrompt {
         id: crash
 
-        onConfirmed: Services.crashReporter.sendPending(false)
-        onOtherChosen: Services.crashReporter.sendPending(true)
-        onCancelled: Services.crashReporter.showPrompt = false
+        wanted: Services.crashReporter.showPrompt
+        blocked: sheets.blocked || !sheets.shown || welcomePresenter.wanted || welcome.open || feedback.open
+        component: Component {
+            CrashPrompt {
+                onConfirmed: Services.crashReporter.sendPending(false)
+                onOtherChosen: Services.crashReporter.sendPending(true)
+                onCancelled: Services.crashReporter.showPrompt = false
+            }
+        }
     }
     SheetOpener {
-        sheet: crash
-        wanted: Services.crashReporter.showPrompt
-        blocked: sheets.blocked || !sheets.shown || welcome.visible || onboarding.wanted || feedback.visible
-    }
-    FeedbackSheet {
         id: feedback
 
-        feedback: feedbackForm
+        wanted: feedbackPresenter.wanted
+        blocked: sheets.blocked || !sheets.shown || welcomePresenter.wanted || welcome.open || crash.open
+        component: Component {
+            FeedbackSheet {
+                feedback: feedbackPresenter
+            }
+        }
     }
-    SheetOpener {
-        sheet: feedback
-        wanted: feedbackForm.wanted
-        blocked: sheets.blocked || !sheets.shown || welcome.visible || onboarding.wanted || crash.visible
-    }
-    SettingsWindow {
-        id: settings
+    Component {
+        id: settingsComponent
 
-        settings: settingsChoices
-        transientParent: sheets.Window.window
-        onPrivacyPolicyWanted: sheets.privacyPolicyWanted()
+        SettingsWindow {
+            settings: settingsPresenter
+            transientParent: sheets.Window.window
+            onPrivacyPolicyWanted: sheets.privacyPolicyWanted()
+        }
     }
 }
