@@ -80,7 +80,7 @@ void Journey::open()
 void Journey::launch()
 {
     m_driver.reset();
-    m_program.emplace(m_site);
+    m_program.emplace(m_site, m_updates);
     if (!m_program->openWindow())
         giveUp(QStringLiteral("the window was not made"));
     QQuickWindow *const window = m_program->window();
@@ -292,6 +292,14 @@ void Journey::waitForPopupClosed(const QString &objectName)
 {
     const QObject *const wanted = popup(window(), objectName);
     waitUntil([&] { return !wanted->property("visible").toBool(); }, objectName + QStringLiteral(" to close"));
+}
+
+void Journey::chooseInMenu(const QString &objectName)
+{
+    click(QStringLiteral("appMenuButton"));
+    waitForPopup(QStringLiteral("appMenu"));
+    click(objectName);
+    waitForPopupClosed(QStringLiteral("appMenu"));
 }
 
 void Journey::drop(const QList<QUrl> &urls)

@@ -51,6 +51,8 @@ protected:
     void launch();
     /// Where what is sent goes, of a program opened later.
     void setSite(const QUrl &site) { m_site = site; }
+    /// Where updates come from, of a program opened later.
+    void setUpdates(const UpdateConfiguration &updates) { m_updates = updates; }
     /// Ends the program as its main() does when the last window is gone.
     void quit() { m_program.reset(); }
     /// Opens the window and goes to the Space Map.
@@ -106,9 +108,12 @@ protected:
     void waitForPopup(const QString &objectName);
     void waitForPopupClosed(const QString &objectName);
     void drop(const QList<QUrl> &urls);
+    /// A command of the window's own menu.
+    void chooseInMenu(const QString &objectName);
 
 private:
     QUrl m_site = AppInfo::site();
+    UpdateConfiguration m_updates;
     std::optional<CorvaneApp> m_program;
     std::optional<WindowDriver> m_driver;
 };

@@ -38,13 +38,6 @@ protected:
     }
 
     // --- The sheets
-    void chooseInMenu(const QString &objectName)
-    {
-        click(QStringLiteral("appMenuButton"));
-        waitForPopup(QStringLiteral("appMenu"));
-        click(objectName);
-        waitForPopupClosed(QStringLiteral("appMenu"));
-    }
     [[nodiscard]] bool isOpen(const char *sheet)
     {
         // Made when it is first opened.
