@@ -142,6 +142,31 @@ TEST_F(ServiceSheetsTest, WelcomeOpensWhileItWasNotDismissedAndSaysItsWords)
     EXPECT_NE(scene->named(QStringLiteral("Drag me into the Full Disk Access list"), QAccessible::Graphic), nullptr);
 }
 
+TEST_F(ServiceSheetsTest, StepsAreReadAloudWithoutTheirMarkup)
+{
+    openWelcome();
+    EXPECT_NE(scene->named(QStringLiteral("Switch Corvane on. If macOS asks, choose Quit & Reopen."),
+                           QAccessible::StaticText),
+              nullptr);
+}
+
+TEST_F(ServiceSheetsTest, SheetsFollowLightAndDark)
+{
+    openWelcome();
+    for (const bool dark : {false, true}) {
+        Theme::instance()->setDark(dark);
+        const QImage picture = scene->window()->grabWindow();
+        const QObject *const sheet = scene->object("welcome");
+        const int left = sheet->property("x").toInt();
+        const int top = sheet->property("y").toInt();
+        EXPECT_EQ(picture.pixelColor(left + 20, top + 40), Theme::instance()->raised());
+        // The card, between its outline and its first letter.
+        const QQuickItem *const status = scene->item("welcome.status");
+        const QPoint card = status->mapToScene(QPointF(0, 0)).toPoint() - QPoint(40, 4);
+        EXPECT_EQ(picture.pixelColor(card), Theme::instance()->window());
+    }
+}
+
 TEST_F(ServiceSheetsTest, SkippingTheWelcomeDismissesItForGood)
 {
     openWelcome();

@@ -96,6 +96,7 @@ Rectangle {
                         width: parent ? parent.width : 0
                         number: index + 1
                         text: modelData
+                        plainText: card.onboarding.plainSteps[index]
                     }
                 }
             }

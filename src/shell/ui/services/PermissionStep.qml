@@ -9,6 +9,7 @@ Item {
     required property int number
     /// Rich text.
     required property string text
+    required property string plainText
 
     implicitHeight: words.height + 2 * ServicesMetrics.stepSpace
 
@@ -41,5 +42,6 @@ Item {
         color: Theme.t1
         wrapMode: Text.Wrap
         Accessible.role: Accessible.StaticText
+        Accessible.name: step.plainText
     }
 }

@@ -5,6 +5,7 @@
 #include "core/store/qt_words.h"
 #include "core/words/system_words.h"
 #include "shell/app_info.h"
+#include "shell/ui/services/followed.h"
 
 namespace corvane {
 
@@ -26,11 +27,8 @@ constexpr std::array<Category, 3> categoryList{{
 
 void FeedbackPresenter::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!follow(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store)
         connect(m_store, &StorageStore::showFeedbackChanged, this, &FeedbackPresenter::followStore);
     emit storeChanged();

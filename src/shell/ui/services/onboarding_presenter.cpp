@@ -2,9 +2,11 @@
 
 #include <QCoreApplication>
 #include <QRegularExpression>
+#include <QTextDocumentFragment>
 #include <QUrl>
 
 #include "core/store/qt_words.h"
+#include "shell/ui/services/followed.h"
 
 namespace corvane {
 
@@ -32,11 +34,8 @@ OnboardingPresenter::OnboardingPresenter(QObject *parent) : QObject(parent)
 
 void OnboardingPresenter::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!follow(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store)
         connect(m_store, &StorageStore::accessChanged, this, &OnboardingPresenter::accessChanged);
     emit storeChanged();
@@ -45,11 +44,8 @@ void OnboardingPresenter::setStore(StorageStore *store)
 
 void OnboardingPresenter::setDefaults(UserDefaults *defaults)
 {
-    if (m_defaults == defaults)
+    if (!follow(m_defaults, defaults, this))
         return;
-    if (m_defaults)
-        m_defaults->disconnect(this);
-    m_defaults = defaults;
     if (m_defaults)
         connect(m_defaults, &UserDefaults::didOnboardChanged, this, &OnboardingPresenter::wantedChanged);
     emit defaultsChanged();
@@ -108,7 +104,7 @@ bool OnboardingPresenter::hasSettings() const
     return words() && words()->accessIsInSettings;
 }
 
-QStringList OnboardingPresenter::steps() const
+QStringList OnboardingPresenter::steps()
 {
     return {
         paragraph(QStringLiteral("Click %1 below.").arg(bold("Open System Settings"))),
@@ -117,6 +113,14 @@ QStringList OnboardingPresenter::steps() const
         paragraph(
             QStringLiteral("Switch Corvane %1. If macOS asks, choose %2.").arg(bold("on"), bold("Quit &amp; Reopen"))),
     };
+}
+
+QStringList OnboardingPresenter::plainSteps()
+{
+    QStringList plain;
+    for (const QString &step : steps())
+        plain << QTextDocumentFragment::fromHtml(step).toPlainText();
+    return plain;
 }
 
 QString OnboardingPresenter::bundleOf(const QString &programFile)

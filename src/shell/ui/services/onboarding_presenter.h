@@ -35,6 +35,8 @@ class OnboardingPresenter : public QObject {
     /// The access is granted in the system's settings, in these steps; rich text.
     Q_PROPERTY(bool hasSettings READ hasSettings NOTIFY storeChanged)
     Q_PROPERTY(QStringList steps READ steps CONSTANT)
+    /// The same as plain text.
+    Q_PROPERTY(QStringList plainSteps READ plainSteps CONSTANT)
     Q_PROPERTY(QString dragHelp READ dragHelp CONSTANT)
     /// The file address of what is dragged into the list of the settings.
     Q_PROPERTY(QString applicationUrl READ applicationUrl CONSTANT)
@@ -57,7 +59,8 @@ public:
     [[nodiscard]] QString accessLine() const;
     [[nodiscard]] QString status() const;
     [[nodiscard]] bool hasSettings() const;
-    [[nodiscard]] QStringList steps() const;
+    [[nodiscard]] static QStringList steps();
+    [[nodiscard]] static QStringList plainSteps();
     [[nodiscard]] QString dragHelp() const { return QStringLiteral("Drag me into the Full Disk Access list"); }
     [[nodiscard]] static QString applicationUrl();
 

@@ -3,16 +3,14 @@
 #include "core/store/qt_words.h"
 #include "core/words/system_words.h"
 #include "shell/app_info.h"
+#include "shell/ui/services/followed.h"
 
 namespace corvane {
 
 void SettingsPresenter::setStore(StorageStore *store)
 {
-    if (m_store == store)
+    if (!follow(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (m_store)
         connect(m_store, &StorageStore::accessChanged, this, &SettingsPresenter::accessChanged);
     emit storeChanged();
@@ -22,11 +20,8 @@ void SettingsPresenter::setStore(StorageStore *store)
 
 void SettingsPresenter::setDefaults(UserDefaults *defaults)
 {
-    if (m_defaults == defaults)
+    if (!follow(m_defaults, defaults, this))
         return;
-    if (m_defaults)
-        m_defaults->disconnect(this);
-    m_defaults = defaults;
     if (m_defaults)
         connect(m_defaults, &UserDefaults::crashReportModeChanged, this, &SettingsPresenter::crashChoiceChanged);
     emit defaultsChanged();
@@ -44,11 +39,8 @@ void SettingsPresenter::setApi(API *api)
 
 void SettingsPresenter::setUpdater(AppUpdater *updater)
 {
-    if (m_updater == updater)
+    if (!follow(m_updater, updater, this))
         return;
-    if (m_updater)
-        m_updater->disconnect(this);
-    m_updater = updater;
     if (m_updater) {
         connect(m_updater, &AppUpdater::canCheckForUpdatesChanged, this, &SettingsPresenter::updatesChanged);
         connect(m_updater, &AppUpdater::settingsChanged, this, &SettingsPresenter::updatesChanged);
