@@ -12,7 +12,6 @@
 namespace corvane {
 namespace {
 
-using testing::IsEmpty;
 using testing::SizeIs;
 using Ending = LoopbackAnswer::Ending;
 

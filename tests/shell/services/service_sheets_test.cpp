@@ -530,6 +530,7 @@ TEST_F(SettingsWindowTest, BelongsToTheMainWindowAndHasItsSize)
     const double content = settings->contentItem()->childItems().constFirst()->implicitHeight();
     EXPECT_EQ(settings->height(), content) << "nothing is cut off and nothing left empty";
     EXPECT_EQ(settings->minimumSize(), settings->maximumSize());
+    EXPECT_LE((settings->geometry().center() - scene->window()->geometry().center()).manhattanLength(), 2);
 }
 
 TEST_F(SettingsWindowTest, SaysWhatIsStated)

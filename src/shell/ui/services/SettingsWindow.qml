@@ -23,6 +23,12 @@ Window {
     maximumHeight: height
     color: Theme.window
 
+    // Where it is first seen; the user may move it.
+    Component.onCompleted: {
+        x = transientParent.x + (transientParent.width - width) / 2;
+        y = transientParent.y + (transientParent.height - height) / 2;
+    }
+
     /// Shows it, in front of the main window.
     function open() {
         window.show();

@@ -154,12 +154,13 @@ void FeedbackPresenter::send()
 void FeedbackPresenter::receive(const std::optional<API::Failure> &failure)
 {
     m_sending = false;
-    if (failure)
+    if (failure) {
         m_errorText = failure->message;
-    else if (isWanted())
-        m_sent = true;
-    else
-        startAnew();
+    } else {
+        m_sent = isWanted();
+        if (!m_sent)
+            startAnew();
+    }
     emit changed();
     if (!m_store || isWanted())
         return;
