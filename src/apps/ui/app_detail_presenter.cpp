@@ -8,7 +8,7 @@
 
 #include "apps/ui/app_row.h"
 #include "core/checked_add.h"
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/bundle_icons.h"
 #include "shell/ui/desktop_words.h"
@@ -31,7 +31,7 @@ AppDetailPresenter::AppDetailPresenter(QObject *parent) : QObject(parent)
 
 void AppDetailPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     m_leftovers.setStore(store);
     if (m_store)

@@ -2,14 +2,14 @@
 
 #include <QLocale>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
 
 void OrphansModel::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::appsChanged, this, &OrphansModel::follow);

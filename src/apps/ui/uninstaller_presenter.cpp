@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "core/checked_add.h"
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
@@ -54,7 +54,7 @@ UninstallerPresenter::UninstallerPresenter(Clock clock, const Calendar &calendar
 
 void UninstallerPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     m_app.setStore(store);
     m_orphans.setStore(store);

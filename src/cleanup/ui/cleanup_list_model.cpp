@@ -4,7 +4,7 @@
 
 #include "cleanup/cleanup_items.h"
 #include "cleanup/ui/cleanup_row_data.h"
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/selecting.h"
 
@@ -23,7 +23,7 @@ CleanupListModel::CleanupListModel(QObject *parent) : RowListModel(parent), m_ro
 
 void CleanupListModel::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::cleanupChanged, this, &CleanupListModel::follow);

@@ -1,13 +1,13 @@
 #include "cleanup/ui/cleanup_presenter.h"
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
 
 void CleanupPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::cleanupChanged, this, &CleanupPresenter::changed);

@@ -7,7 +7,7 @@
 #include <QGuiApplication>
 #include <QLocale>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/theme.h"
 
@@ -39,7 +39,7 @@ BreakdownPresenter::BreakdownPresenter(QObject *parent) : QObject(parent)
 
 void BreakdownPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::breakdownChanged, this, &BreakdownPresenter::update);

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/selecting.h"
@@ -17,7 +17,7 @@ using Kind = DuplicateRow::Kind;
 
 void DuplicateListModel::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::duplicatesChanged, this, &DuplicateListModel::follow);

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
@@ -16,7 +16,7 @@ const QString fingerprinting = QStringLiteral("Fingerprinting files…");
 
 void DuplicatesPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::duplicatesChanged, this, &DuplicatesPresenter::follow);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "lists/ui/file_catalog.h"
 
 namespace corvane {
@@ -16,7 +16,7 @@ FileListPresenter::FileListPresenter(std::span<const SizeChoice> sizes, QObject 
 
 void FileListPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_catalog)
         m_catalog->disconnect(this);

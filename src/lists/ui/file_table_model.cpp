@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/selecting.h"
@@ -19,7 +19,7 @@ const QList<int> checkRoles{FileTableModel::CheckStateRole, FileTableModel::Chec
 
 void FileTableModel::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::selectionChanged, this, &FileTableModel::followSelection);

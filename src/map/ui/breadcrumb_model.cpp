@@ -6,7 +6,7 @@
 
 #include <QFontMetricsF>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/figures.h"
 #include "map/ui/map_metrics.h"
@@ -24,7 +24,7 @@ constexpr double narrowestCurrent = 60; // what the folder shown keeps in any ca
 
 void BreadcrumbModel::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::currentFolderChanged, this, &BreadcrumbModel::followFolder);

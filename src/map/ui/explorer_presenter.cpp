@@ -2,7 +2,7 @@
 
 #include <QKeySequence>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "map/treemap_builder.h"
 
@@ -10,7 +10,7 @@ namespace corvane {
 
 void ExplorerPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::currentFolderChanged, this, &ExplorerPresenter::changed);

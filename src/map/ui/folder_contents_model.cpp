@@ -5,7 +5,7 @@
 
 #include <QColor>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "map/treemap_builder.h"
 #include "map/ui/tile_info_pill.h"
@@ -32,7 +32,7 @@ QString smallFilesText(std::int64_t count)
 
 void FolderContentsModel::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::currentFolderChanged, this, &FolderContentsModel::followFolder);

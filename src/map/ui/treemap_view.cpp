@@ -14,7 +14,7 @@
 #include <QQuickWindow>
 #include <QStyleHints>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/figures.h"
 #include "map/ui/tile_info_pill.h"
@@ -71,7 +71,7 @@ TreemapView::~TreemapView() = default;
 
 void TreemapView::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::currentFolderChanged, this, &TreemapView::followFolder);

@@ -8,7 +8,7 @@
 
 #include "core/checked_add.h"
 #include "core/scan_words.h"
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "duplicates/file_lists.h"
 #include "map/treemap_builder.h"
@@ -39,7 +39,7 @@ OverviewPresenter::OverviewPresenter(QObject *parent) : QObject(parent)
 
 void OverviewPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::treeChanged, this, &OverviewPresenter::followTree);

@@ -2,10 +2,10 @@
 
 #include <array>
 
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/system_words.h"
 #include "shell/app_info.h"
-#include "shell/ui/services/followed.h"
 
 namespace corvane {
 
@@ -27,7 +27,7 @@ constexpr std::array<Category, 3> categoryList{{
 
 void FeedbackPresenter::setStore(StorageStore *store)
 {
-    if (!follow(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::showFeedbackChanged, this, &FeedbackPresenter::followStore);

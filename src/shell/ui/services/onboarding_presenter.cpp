@@ -5,8 +5,8 @@
 #include <QTextDocumentFragment>
 #include <QUrl>
 
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
-#include "shell/ui/services/followed.h"
 
 namespace corvane {
 
@@ -34,7 +34,7 @@ OnboardingPresenter::OnboardingPresenter(QObject *parent) : QObject(parent)
 
 void OnboardingPresenter::setStore(StorageStore *store)
 {
-    if (!follow(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::accessChanged, this, &OnboardingPresenter::accessChanged);
@@ -44,7 +44,7 @@ void OnboardingPresenter::setStore(StorageStore *store)
 
 void OnboardingPresenter::setDefaults(UserDefaults *defaults)
 {
-    if (!follow(m_defaults, defaults, this))
+    if (!followObject(m_defaults, defaults, this))
         return;
     if (m_defaults)
         connect(m_defaults, &UserDefaults::didOnboardChanged, this, &OnboardingPresenter::wantedChanged);

@@ -1,15 +1,15 @@
 #include "shell/ui/services/settings_presenter.h"
 
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/system_words.h"
 #include "shell/app_info.h"
-#include "shell/ui/services/followed.h"
 
 namespace corvane {
 
 void SettingsPresenter::setStore(StorageStore *store)
 {
-    if (!follow(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::accessChanged, this, &SettingsPresenter::accessChanged);
@@ -20,7 +20,7 @@ void SettingsPresenter::setStore(StorageStore *store)
 
 void SettingsPresenter::setDefaults(UserDefaults *defaults)
 {
-    if (!follow(m_defaults, defaults, this))
+    if (!followObject(m_defaults, defaults, this))
         return;
     if (m_defaults)
         connect(m_defaults, &UserDefaults::crashReportModeChanged, this, &SettingsPresenter::crashChoiceChanged);
@@ -39,7 +39,7 @@ void SettingsPresenter::setApi(API *api)
 
 void SettingsPresenter::setUpdater(AppUpdater *updater)
 {
-    if (!follow(m_updater, updater, this))
+    if (!followObject(m_updater, updater, this))
         return;
     if (m_updater) {
         connect(m_updater, &AppUpdater::canCheckForUpdatesChanged, this, &SettingsPresenter::updatesChanged);

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
 
 void DiskGaugePresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::volumeChanged, this, &DiskGaugePresenter::changed);

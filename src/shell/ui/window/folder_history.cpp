@@ -1,12 +1,12 @@
 #include "shell/ui/window/folder_history.h"
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 
 namespace corvane {
 
 void FolderHistory::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::currentFolderChanged, this, &FolderHistory::follow);

@@ -1,6 +1,6 @@
 #include "shell/ui/window/scan_presenter.h"
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/window/folder_url.h"
 
@@ -20,7 +20,7 @@ QString folderName(const StorageStore &store)
 
 void ScanPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::phaseChanged, this, &ScanPresenter::stateChanged);

@@ -5,7 +5,7 @@
 #include <QStringList>
 
 #include "core/checked_add.h"
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/figures.h"
 
@@ -24,7 +24,7 @@ QString itemCount(std::size_t count)
 
 void SelectionPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store) {
         connect(m_store, &StorageStore::selectionChanged, this, &SelectionPresenter::readSelection);

@@ -4,7 +4,7 @@
 
 #include "core/item_kind.h"
 #include "core/path_guard.h"
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/file_icons.h"
 
@@ -25,7 +25,7 @@ FileNode::Kind kindOf(const StorageStore &store, const std::string &path)
 
 void SelectionReviewModel::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::selectionChanged, this, &SelectionReviewModel::follow);

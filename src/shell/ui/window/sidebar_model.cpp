@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 
 namespace corvane {
 
 void SidebarModel::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::sidebarChanged, this, &SidebarModel::announceCurrent);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/store/followed_store.h"
+#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
@@ -15,7 +15,7 @@ ToastPresenter::ToastPresenter(QObject *parent) : QObject(parent)
 
 void ToastPresenter::setStore(StorageStore *store)
 {
-    if (!followStore(m_store, store, this))
+    if (!followObject(m_store, store, this))
         return;
     if (m_store)
         connect(m_store, &StorageStore::toastChanged, this, &ToastPresenter::follow);
