@@ -82,6 +82,21 @@ TEST_F(OverviewPresenterTest, TheBannerIsThereWithoutAccess)
                 Contains("openUrl x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"));
 }
 
+TEST_F(OverviewPresenterTest, TheBannerNamesNoMacElsewhere)
+{
+    fake.files.failOpening(fake.files.homeFolder());
+    store.refreshAccess();
+    ASSERT_TRUE(presenter.needsAccess());
+    EXPECT_FALSE(presenter.hasAccessSettings());
+    for (const QString &text : {presenter.accessTitle(), presenter.accessText()}) {
+        EXPECT_FALSE(text.isEmpty());
+        for (const char *word : {"Mac", "macOS", "Full Disk Access", "System Settings"})
+            EXPECT_FALSE(text.contains(QLatin1String(word))) << qPrintable(text);
+    }
+    fake.files.setSystemKind(SystemKind::mac);
+    EXPECT_TRUE(presenter.hasAccessSettings());
+}
+
 // --- The scan's figures
 
 TEST_F(OverviewPresenterTest, FoldersThatCouldNotBeOpenedAreSaidBesideTheFigures)

@@ -14,6 +14,8 @@ struct SystemWords {
     std::string_view accessGranted;
     /// Whether the access is granted in the system's settings, which the user has to be led to.
     bool accessIsInSettings;
+    std::string_view bannerTitle; ///< over the overview while the access is missing
+    std::string_view bannerText;
     std::string_view includeSystemInfo; ///< the feedback form's choice
     std::string_view crashReportContent;
 };

@@ -5,6 +5,11 @@ import Corvane.Shell
 Rectangle {
     id: banner
 
+    required property string title
+    required property string text
+    /// Whether the access is granted in the system's settings.
+    required property bool hasSettings
+
     signal guideWanted
     signal settingsWanted
 
@@ -34,7 +39,7 @@ Rectangle {
         anchors.rightMargin: Theme.space12
         y: Theme.space10 + Theme.hairlineWidth
         height: Theme.bodyLine
-        text: qsTr("Give Corvane Full Disk Access for complete results")
+        text: banner.title
         font: Theme.bodySemiboldFont
         Accessible.role: Accessible.Heading
         Accessible.name: text
@@ -45,7 +50,7 @@ Rectangle {
         anchors.left: heading.left
         anchors.right: heading.right
         anchors.top: heading.bottom
-        text: qsTr("Without it, macOS hides Mail, Safari, Trash and some app data — and may ask for permission folder by folder. Add Corvane in System Settings › Privacy & Security › Full Disk Access, then relaunch.")
+        text: banner.text
         font: Theme.secondaryFont
         color: Theme.t2
         wrapMode: Text.Wrap
@@ -59,8 +64,8 @@ Rectangle {
         id: guide
 
         objectName: "overview.accessGuide"
-        anchors.right: settings.left
-        anchors.rightMargin: Theme.space12
+        anchors.right: banner.hasSettings ? settings.left : parent.right
+        anchors.rightMargin: Theme.space12 + (banner.hasSettings ? 0 : Theme.hairlineWidth)
         anchors.verticalCenter: parent.verticalCenter
         text: qsTr("Show Me How")
         onClicked: banner.guideWanted()
@@ -73,6 +78,7 @@ Rectangle {
         anchors.rightMargin: Theme.space12 + Theme.hairlineWidth
         anchors.verticalCenter: parent.verticalCenter
         text: qsTr("Open Settings")
+        visible: banner.hasSettings
         onClicked: banner.settingsWanted()
     }
 }

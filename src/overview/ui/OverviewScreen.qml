@@ -57,6 +57,9 @@ Rectangle {
             FullDiskAccessBanner {
                 width: parent.width
                 visible: presenter.needsAccess
+                title: presenter.accessTitle
+                text: presenter.accessText
+                hasSettings: presenter.hasAccessSettings
                 onGuideWanted: Services.defaults.didOnboard = false
                 onSettingsWanted: presenter.openAccessSettings()
             }

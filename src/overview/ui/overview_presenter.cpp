@@ -89,6 +89,26 @@ bool OverviewPresenter::needsAccess() const
     return m_store && !m_store->hasFullDiskAccess();
 }
 
+const SystemWords &OverviewPresenter::systemWords() const
+{
+    return wordsOf(m_store ? m_store->host().files.systemKind() : SystemKind::linuxSystem);
+}
+
+QString OverviewPresenter::accessTitle() const
+{
+    return displayText(systemWords().bannerTitle);
+}
+
+QString OverviewPresenter::accessText() const
+{
+    return displayText(systemWords().bannerText);
+}
+
+bool OverviewPresenter::hasAccessSettings() const
+{
+    return systemWords().accessIsInSettings;
+}
+
 // --- The volume
 
 QString OverviewPresenter::volumeName() const

@@ -8,6 +8,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
+#include "core/words/system_words.h"
 #include "overview/ui/overview_rows_model.h"
 #include "shell/ui/node_actions.h"
 #include "shell/ui/stacked_bar.h"
@@ -23,6 +24,10 @@ class OverviewPresenter : public QObject {
     Q_PROPERTY(bool scanning READ isScanning NOTIFY changed)
     Q_PROPERTY(bool hasScan READ hasScan NOTIFY changed)
     Q_PROPERTY(bool needsAccess READ needsAccess NOTIFY changed)
+    Q_PROPERTY(QString accessTitle READ accessTitle NOTIFY changed)
+    Q_PROPERTY(QString accessText READ accessText NOTIFY changed)
+    /// Whether the access is granted in the system's settings.
+    Q_PROPERTY(bool hasAccessSettings READ hasAccessSettings NOTIFY changed)
     // The volume.
     Q_PROPERTY(QString volumeName READ volumeName NOTIFY changed)
     Q_PROPERTY(QString usedText READ usedText NOTIFY changed)
@@ -66,6 +71,9 @@ public:
     [[nodiscard]] bool isScanning() const;
     [[nodiscard]] bool hasScan() const;
     [[nodiscard]] bool needsAccess() const;
+    [[nodiscard]] QString accessTitle() const;
+    [[nodiscard]] QString accessText() const;
+    [[nodiscard]] bool hasAccessSettings() const;
     [[nodiscard]] QString volumeName() const;
     [[nodiscard]] QString usedText() const;
     [[nodiscard]] QString totalText() const;
@@ -111,6 +119,7 @@ signals:
     void changed();
 
 private:
+    [[nodiscard]] const SystemWords &systemWords() const;
     void followTree();
     void followCleanup();
     [[nodiscard]] const FileNode *root() const;
