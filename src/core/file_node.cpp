@@ -13,9 +13,9 @@
 
 namespace corvane {
 
-FileNode::FileNode(std::string_view path, Kind kind_)
+FileNode::FileNode(std::string_view path, Kind kind_, std::string_view diskName)
     : m_folderPath(path),
-      name(path == "/" ? "Macintosh HD" : lastPathComponent(path)),
+      name(path == "/" ? diskName : lastPathComponent(path)),
       fileCount(kind_ == Kind::file ? 1 : 0),
       kind(kind_),
       m_isRoot(true)

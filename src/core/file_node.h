@@ -22,8 +22,8 @@ class FileNode {
 public:
     enum class Kind : std::uint8_t { file, directory, package };
 
-    /// The root of a tree: `path` is absolute, standardized bytes.
-    FileNode(std::string_view path, Kind kind);
+    /// The root of a tree: `path` is absolute, standardized bytes. `diskName` is what "/" is called.
+    FileNode(std::string_view path, Kind kind, std::string_view diskName = "Macintosh HD");
 
     /// An item inside `folder`, whose path is `folderPath`: its `pathForChildren()`, taken once for all of them.
     FileNode(FolderPath folderPath, std::string name, Kind kind, const std::shared_ptr<FileNode> &folder);
@@ -67,7 +67,7 @@ private:
     FolderPath m_folderPath;
 
 public:
-    const std::string name;           ///< bytes to show: the last path component; "/" is "Macintosh HD"
+    const std::string name;           ///< bytes to show: the last path component; of "/" the disk's name
     std::int64_t size = 0;            ///< bytes allocated for the item and everything beneath it
     std::int64_t fileCount = 0;       ///< files beneath it; a file has 1
     std::int64_t smallFilesSize = 0;  ///< bytes of the small files directly inside that have no nodes

@@ -123,6 +123,16 @@ std::span<const std::string> ScanBounds::skippedIn(std::string_view folder) cons
     return found == m_names.end() ? std::span<const std::string>{} : std::span(found->second);
 }
 
+std::vector<std::string> ScanBounds::skippedPaths() const
+{
+    std::vector<std::string> paths;
+    for (const auto &[folder, names] : m_names) {
+        for (const std::string &name : names)
+            paths.push_back(joined(folder, name));
+    }
+    return paths;
+}
+
 void ScanBounds::skip(std::string_view path)
 {
     m_names[std::string(containingFolder(path))].emplace_back(lastPathComponent(path));

@@ -24,6 +24,9 @@ public:
     /// a few folders.
     [[nodiscard]] std::span<const std::string> skippedIn(std::string_view folder) const;
 
+    /// The paths of all of them.
+    [[nodiscard]] std::vector<std::string> skippedPaths() const;
+
 private:
     struct Hash : std::hash<std::string_view> {
         using is_transparent = void; // NOLINT(readability-identifier-naming): the library's name

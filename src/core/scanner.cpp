@@ -11,6 +11,7 @@
 #include "core/concurrent_perform.h"
 #include "core/foreign_sum.h"
 #include "core/scan_bounds.h"
+#include "core/volume_info.h"
 #include "platform/folder_chain.h"
 #include "platform/path.h"
 #include "platform/patient_open.h"
@@ -340,7 +341,7 @@ FileNode::Kind rootKind(const std::string &path, FileSystem &files)
 
 std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &progress, FileSystem &files)
 {
-    auto root = std::make_shared<FileNode>(path, rootKind(path, files));
+    auto root = std::make_shared<FileNode>(path, rootKind(path, files), path == "/" ? diskName(files) : std::string());
     if (progress.isCancelled())
         return root;
     const WalkConditions conditions;

@@ -10,12 +10,14 @@ const SystemTable &tableOf(SystemKind kind)
         .skippedFolders = Scanner::skipPaths,
         .isMadeOfMounts = false,
         .accessProbe = "Library/Application Support/com.apple.TCC/TCC.db",
+        .diskName = "Macintosh HD",
         .hasOwnPlaces = false,
     };
     static constexpr SystemTable linuxSystem{
         .skippedFolders = {},
         .isMadeOfMounts = true,
         .accessProbe = {},
+        .diskName = "Disk",
         .hasOwnPlaces = true,
     };
     return kind == SystemKind::mac ? mac : linuxSystem;

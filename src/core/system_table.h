@@ -16,6 +16,7 @@ struct SystemTable {
     /// The file beneath the home folder whose readability shows Full Disk Access; empty where a home folder that can be
     /// opened shows all there is.
     std::string_view accessProbe;
+    std::string_view diskName; ///< of a disk that neither its volume nor the system has a name for
     /// Whether caches, the Trash and the like have places of the system's own, which `FileSystem::ownPlaceFor` knows.
     bool hasOwnPlaces;
 };

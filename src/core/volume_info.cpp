@@ -24,12 +24,19 @@ Figure sumOf(const Figure &a, const Figure &b)
 
 VolumeFacts withoutNonsense(VolumeFacts facts)
 {
-    for (Figure VolumeFacts::*const figure :
-         {&VolumeFacts::total, &VolumeFacts::available, &VolumeFacts::availableForImportantUse}) {
+    for (Figure VolumeFacts::*const figure : {&VolumeFacts::total, &VolumeFacts::available,
+                                              &VolumeFacts::availableForImportantUse, &VolumeFacts::reserved}) {
         if (facts.*figure && !isPlausibleSize(*(facts.*figure)))
             return {.name = std::move(facts.name), .total = {}, .available = {}, .availableForImportantUse = {}};
     }
     return facts;
+}
+
+std::string diskName(FileSystem &files)
+{
+    const SystemTable &system = tableOf(files.systemKind());
+    const std::optional<std::string> name = system.isMadeOfMounts ? files.diskName() : std::nullopt;
+    return name.value_or(std::string(system.diskName));
 }
 
 VolumeFacts startupDiskFacts(const Host &host)
@@ -37,6 +44,8 @@ VolumeFacts startupDiskFacts(const Host &host)
     VolumeFacts facts = withoutNonsense(host.volumes.facts("/"));
     if (!tableOf(host.files.systemKind()).isMadeOfMounts)
         return facts;
+    if (!facts.name)
+        facts.name = diskName(host.files);
     const MountMap mounts(host.files.mounts());
     if (mounts.isEmpty())
         return facts;
@@ -50,13 +59,14 @@ VolumeFacts startupDiskFacts(const Host &host)
     facts.total = sumOf(facts.total, second.total);
     facts.available = sumOf(facts.available, second.available);
     facts.availableForImportantUse = sumOf(facts.availableForImportantUse, second.availableForImportantUse);
+    facts.reserved = sumOf(facts.reserved, second.reserved);
     return facts;
 }
 
 VolumeInfo VolumeInfo::current(const Host &host)
 {
     const VolumeFacts facts = startupDiskFacts(host);
-    return {.name = facts.name.value_or("Macintosh HD"),
+    return {.name = facts.name.value_or(diskName(host.files)),
             .total = facts.total.value_or(0),
             .available = std::max(facts.availableForImportantUse.value_or(0), facts.available.value_or(0))};
 }

@@ -12,6 +12,9 @@ namespace corvane {
 /// absent.
 [[nodiscard]] VolumeFacts startupDiskFacts(const Host &host);
 
+/// What the disk that holds "/" is called where its volume has no name.
+[[nodiscard]] std::string diskName(FileSystem &files);
+
 /// The facts without figures that are no sizes on a disk.
 [[nodiscard]] VolumeFacts withoutNonsense(VolumeFacts facts);
 
@@ -21,7 +24,7 @@ struct VolumeInfo {
     std::int64_t total = 0;     ///< bytes
     std::int64_t available = 0; ///< bytes; the larger of what is free and what could be made free
 
-    /// Never fails: what the system does not tell is 0, the name "Macintosh HD".
+    /// Never fails: what the system does not tell is 0, the name that of `diskName`.
     [[nodiscard]] static VolumeInfo current(const Host &host = systemHost());
 
     friend bool operator==(const VolumeInfo &, const VolumeInfo &) = default;

@@ -9,8 +9,10 @@
 #include "core/foreign_sum.h"
 #include "core/path_guard.h"
 #include "core/scanner.h"
+#include "core/systems/disk_table.h"
 #include "core/volume_info.h"
 #include "core/words/figures.h"
+#include "disk/disk_places.h"
 #include "disk/shell.h"
 #include "platform/walk_conditions.h"
 
@@ -69,6 +71,7 @@ public:
 
     DiskBreakdown compose()
     {
+        m_result.system = m_sources.system;
         const VolumeFacts volume = withoutNonsense(m_sources.volume());
         const std::int64_t total = volume.total.value_or(0);
         const std::int64_t available = volume.available.value_or(0);
@@ -81,6 +84,7 @@ public:
         m_result.fromAPFS = container.has_value();
         m_result.total = container ? container->ceiling : total;
         m_result.free = container ? container->free : available;
+        m_result.reserved = volume.reserved.value_or(0);
         m_result.hasScan = m_root.has_value();
         m_result.scanIsPartial = m_root && m_scan.isPartial;
 
@@ -90,6 +94,7 @@ public:
             m_remainder = std::max<std::int64_t>(0, checkedSubtract(total, available));
         addScanned();
         addLocations();
+        addPlaces();
         m_result.overcount = std::max<std::int64_t>(0, checkedSubtract(0, m_remainder));
         m_remainder = std::max<std::int64_t>(0, m_remainder);
         addPurgeable(std::max<std::int64_t>(0, checkedSubtract(important, available)));
@@ -178,7 +183,7 @@ private:
         if (*m_root == "/") {
             segment.size = std::max<std::int64_t>(0, checkedSubtract(m_scan.rootSize, m_scan.systemDirSize));
             segment.title = "Files Corvane Scanned";
-            segment.detail = "Everything Corvane could read on the disk. Explore it in the Space Map.";
+            segment.detail = m_table.wholeDiskDetail;
             segment.symbol = "internaldrive";
         } else {
             segment.title = *m_root == m_home ? "Your Home Folder" : "Scanned: " + lastComponent(*m_root);
@@ -192,7 +197,7 @@ private:
 
     void addLocations()
     {
-        if (m_root && *m_root == "/")
+        if (!m_table.measuresLocations || (m_root && *m_root == "/"))
             return;
         for (const DiskAccountant::Location &location : DiskAccountant::locations) {
             const std::string path(location.path);
@@ -206,7 +211,21 @@ private:
             explain(size);
             add({path, Kind::measured, std::string(location.title), std::string(location.detail),
                  std::string(location.symbol), location.color, size, std::move(children),
-                 BreakdownAction{BreakdownAction::Kind::reveal, path}, "Show in Finder"});
+                 BreakdownAction{BreakdownAction::Kind::reveal, path}, std::string(m_table.revealTitle)});
+        }
+    }
+
+    void addPlaces()
+    {
+        if (!m_sources.places)
+            return;
+        auto [segments, denied] = m_sources.places(m_root);
+        m_denied = checkedAdd(m_scan.unreadableCount, denied);
+        for (BreakdownSegment &segment : segments) {
+            if (segment.size <= segmentLimit)
+                continue;
+            explain(segment.size);
+            add(std::move(segment));
         }
     }
 
@@ -240,7 +259,7 @@ private:
     void addHidden(std::int64_t size)
     {
         BreakdownSegment segment{"hidden", Kind::hidden, {}, {}, {}, hiddenColor, size, {}, {}, {}};
-        if (!m_root) {
+        if (!m_root && m_table.leavesHomeToTheScan) {
             segment.title = "Not Scanned Yet";
             segment.symbol = "questionmark.folder";
             segment.detail = "Not scanned yet. Scan your home folder and most of this turns into named folders you "
@@ -248,29 +267,37 @@ private:
             segment.action = BreakdownAction{BreakdownAction::Kind::scanHome, {}};
             segment.actionTitle = "Scan Home Folder";
         } else {
-            segment.title = "Hidden System Data";
+            segment.title = m_table.unmeasuredTitle;
             segment.symbol = "eye.slash";
-            if (*m_root != "/" && *m_root != m_home && !liesBeneath(m_home, *m_root))
+            if (m_table.leavesHomeToTheScan && *m_root != "/" && *m_root != m_home && !liesBeneath(m_home, *m_root))
                 segment.detail = "Includes the parts of your home folder outside this scan. ";
-            segment.detail += "Files macOS doesn't let apps measure: system caches and logs in /private/var, other "
-                              "users' folders, the Spotlight index and snapshot data.";
-            if (m_scan.unreadableCount > 0) {
-                segment.detail += fmt::format(" Corvane couldn't open {} {} during the scan.", m_scan.unreadableCount,
-                                              plural(m_scan.unreadableCount, "folder", "folders"));
-            }
+            segment.detail += unmeasuredDetail();
             if (m_scan.isPartial)
                 segment.detail += " The scan was stopped, so most of this was not looked at.";
-            if (!m_scan.hasFullDiskAccess) {
+            if (!m_scan.hasFullDiskAccess && !m_table.grantTitle.empty()) {
                 segment.action = BreakdownAction{BreakdownAction::Kind::fullDiskAccess, {}};
-                segment.actionTitle = "Grant Full Disk Access";
+                segment.actionTitle = m_table.grantTitle;
             }
         }
         add(std::move(segment));
     }
 
+    /// What is in the space that no segment explains.
+    [[nodiscard]] std::string unmeasuredDetail() const
+    {
+        if (m_denied == 0)
+            return std::string(m_table.unmeasuredDetail);
+        if (!m_table.unmeasuredDetailWithDenied.empty())
+            return fmt::format(fmt::runtime(m_table.unmeasuredDetailWithDenied), formatCount(m_denied));
+        return std::string(m_table.unmeasuredDetail) + fmt::format(" Corvane couldn't open {} {} during the scan.",
+                                                                   m_denied, plural(m_denied, "folder", "folders"));
+    }
+
     const ScanContext &m_scan;
     const DiskAccountant::Sources &m_sources;
+    const DiskTable &m_table = diskTableOf(m_sources.system);
     const std::string m_home;
+    std::int64_t m_denied = m_scan.unreadableCount; // folders that could not be looked into
     std::optional<std::string> m_root;
     std::int64_t m_remainder = 0;
     DiskBreakdown m_result;
@@ -313,7 +340,21 @@ DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Host &host,
     sources.measure = [&host, &stop](const std::string &path, const std::optional<std::string> &excluding) {
         return measure(path, excluding, host.files, stop);
     };
+    const auto runTool = [&stop](const SizeTool &tool) {
+        std::vector<std::string> arguments;
+        for (const std::string_view argument : tool.arguments) {
+            if (!argument.empty())
+                arguments.emplace_back(argument);
+        }
+        return Shell::run(std::string(tool.path), arguments, stop);
+    };
+    DiskPlaces places(diskTableOf(host.files.systemKind()), host, runTool, stop);
+    sources.places = [&places](const std::optional<std::string> &root) {
+        std::vector<BreakdownSegment> segments = places.measure(root);
+        return std::pair(std::move(segments), places.denied());
+    };
     sources.home = host.files.homeFolder();
+    sources.system = host.files.systemKind();
     return compute(scan, sources);
 }
 

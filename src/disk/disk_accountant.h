@@ -40,7 +40,11 @@ struct DiskAccountant {
         std::function<std::vector<LocalSnapshot>()> snapshots;
         std::function<bool(const std::string &)> exists;
         std::function<Measurement(const std::string &, const std::optional<std::string> &)> measure;
+        /// The places of the table, measured, and how many folders could not be looked into.
+        std::function<std::pair<std::vector<BreakdownSegment>, std::int64_t>(const std::optional<std::string> &)>
+            places;
         std::string home;
+        SystemKind system = SystemKind::mac;
     };
 
     /// Once stopped, the result is of no use.

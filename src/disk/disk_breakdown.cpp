@@ -6,6 +6,7 @@
 
 #include "core/checked_add.h"
 #include "core/file_node.h"
+#include "core/systems/disk_table.h"
 #include "core/words/figures.h"
 
 namespace corvane {
@@ -59,17 +60,15 @@ int DiskBreakdown::explainedPercentage() const
 
 std::vector<std::string> DiskBreakdown::footnotes() const
 {
+    const DiskTable &table = diskTableOf(system);
     std::vector<std::string> notes;
-    if (overcount >= 1) {
-        notes.push_back(fmt::format("Scanned files add up to {} more than the disk actually uses. That's normal: "
-                                    "copies made in Finder on APFS share their storage (clones), so they're counted "
-                                    "twice here but stored once.",
-                                    formatByteCount(overcount)));
-    }
-    if (!fromAPFS)
-        notes.emplace_back("Couldn't read the APFS layout, so macOS, swap and Recovery are shown as one total.");
-    notes.emplace_back("Sizes are the space files really occupy on disk, so they can differ slightly from the sizes "
-                       "Finder shows.");
+    if (overcount >= 1)
+        notes.push_back(fmt::format(fmt::runtime(table.overcountNote), formatByteCount(overcount)));
+    if (!fromAPFS && !table.noLayoutNote.empty())
+        notes.emplace_back(table.noLayoutNote);
+    if (!table.reservedNote.empty() && reserved > 0 && reserved >= total / 100)
+        notes.push_back(fmt::format(fmt::runtime(table.reservedNote), formatByteCount(reserved)));
+    notes.emplace_back(table.sizesNote);
     return notes;
 }
 

@@ -8,6 +8,7 @@
 
 #include "core/color.h"
 #include "disk/local_snapshot.h"
+#include "platform/system_kind.h"
 
 namespace corvane {
 
@@ -76,6 +77,8 @@ struct DiskBreakdown {
     bool scanIsPartial = false; ///< the scan was stopped, so most of the unexplained space was not looked at
     bool fromAPFS = false;
     std::int64_t overcount = 0; ///< by how much the measured folders exceed what the disk uses
+    std::int64_t reserved = 0;  ///< what the file system keeps back for the administrator: neither used nor free
+    SystemKind system = SystemKind::mac; ///< whose words the notes are written in
 
     /// The bytes of the hidden segment, 0 without one.
     [[nodiscard]] std::int64_t hidden() const;

@@ -26,6 +26,8 @@ public:
     }
 
     [[nodiscard]] int number() const { return m_number; }
+    /// Leaves the number open and to the caller.
+    [[nodiscard]] int release() { return std::exchange(m_number, -1); }
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
 
 private:

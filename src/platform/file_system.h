@@ -28,6 +28,8 @@ struct DirectoryEntry {
     bool isPackage = false;      ///< a folder that the system presents as one document
     std::int64_t allocated = 0;  ///< bytes on disk; files only; 0 where the system cannot tell
     Time modified = distantPast; ///< files only; a folder tells its own once it is open
+    std::uint32_t links = 1;     ///< how many names a file has
+    std::uint64_t inode = 0;     ///< a file's number on its device; 0 where unknown
 };
 
 /// What a listing does after an entry.
@@ -97,6 +99,9 @@ public:
 
     /// The folder's own modification date, `distantPast` where unknown.
     [[nodiscard]] virtual Time modified() const = 0;
+
+    /// The bytes that the folder itself takes on disk, for the names of its items; 0 where unknown.
+    [[nodiscard]] virtual std::int64_t allocated() const { return 0; }
 
     /// The system's number of the open folder; -1 where it has none.
     [[nodiscard]] virtual int descriptor() const { return -1; }
@@ -171,6 +176,10 @@ public:
 
     /// Which system the root describes, by whether it holds `macSystemFile`. Looked at once.
     [[nodiscard]] virtual SystemKind systemKind();
+
+    /// What people call the disk that holds "/", by its label or the system on it; absent where only the volume has a
+    /// name.
+    [[nodiscard]] virtual std::optional<std::string> diskName() { return std::nullopt; }
 
     /// What is mounted, each mount point once, with what is seen there; empty where the system does not tell. Touches
     /// none of the mounted file systems.

@@ -10,6 +10,7 @@ struct MountedFolder {
     std::string path;             ///< absolute, links resolved
     std::uint64_t fileSystem = 0; ///< the same number for every mount of one file system
     std::string shown = "/";      ///< the folder of the file system that is seen there; "/" is all of it
+    std::string source = {};      ///< what is mounted, such as a device's path; empty where unknown
 
     friend bool operator==(const MountedFolder &, const MountedFolder &) = default;
 };

@@ -30,9 +30,11 @@ TEST(VolumeInfo, AvailableIsTheLargerOfTheTwoFigures)
     EXPECT_EQ(VolumeInfo::current(fake.host()).available, 130);
 }
 
-TEST(VolumeInfo, WhatTheSystemDoesNotTellIsNothingAndMacintoshHD)
+TEST(VolumeInfo, WhatAMacDoesNotTellIsNothingAndMacintoshHD)
 {
     FakeHost fake;
+    fake.files.setSystemKind(SystemKind::mac);
+    fake.files.setDiskName("not a Mac's");
     EXPECT_EQ(VolumeInfo::current(fake.host()), (VolumeInfo{.name = "Macintosh HD", .total = 0, .available = 0}));
 }
 
@@ -57,6 +59,7 @@ protected:
     {
         fake.files.setSystemKind(SystemKind::linuxSystem);
         fake.files.setHome("/home/me");
+        fake.files.setDiskName("Debian");
         fake.files.addMount({"/", 1, "/"});
         fake.files.addMount({"/home", 2, "/"});
         fake.volumes.set("/", {.name = {}, .total = 500, .available = 100, .availableForImportantUse = {}});
@@ -70,13 +73,20 @@ protected:
 
 TEST_F(LinuxDisk, AHomeOnAFileSystemOfItsOwnIsAddedToTheDisk)
 {
-    EXPECT_EQ(current(), (VolumeInfo{.name = "Macintosh HD", .total = 3'500, .available = 1'000}));
+    EXPECT_EQ(current(), (VolumeInfo{.name = "Debian", .total = 3'500, .available = 1'000}));
+}
+
+TEST_F(LinuxDisk, IsCalledByTheSystemAndWithoutThatSimplyDisk)
+{
+    EXPECT_EQ(current().name, "Debian");
+    FakeHost unknown;
+    EXPECT_EQ(VolumeInfo::current(unknown.host()).name, "Disk");
 }
 
 TEST_F(LinuxDisk, TwoMountsOfOneFileSystemCountOnce)
 {
     fake.files.addMount({"/home/me", 1, "/@home/me"});
-    EXPECT_EQ(current(), (VolumeInfo{.name = "Macintosh HD", .total = 500, .available = 100}));
+    EXPECT_EQ(current(), (VolumeInfo{.name = "Debian", .total = 500, .available = 100}));
 }
 
 TEST_F(LinuxDisk, AHomeBehindALinkIsLookedForWhereItReallyLies)
@@ -87,7 +97,7 @@ TEST_F(LinuxDisk, AHomeBehindALinkIsLookedForWhereItReallyLies)
     EXPECT_EQ(current().total, 500); // not what is mounted at "/home"
     fake.files.addMount({"/data", 3, "/"});
     fake.volumes.set("/data/me", {.name = {}, .total = 20, .available = 5, .availableForImportantUse = {}});
-    EXPECT_EQ(current(), (VolumeInfo{.name = "Macintosh HD", .total = 520, .available = 105}));
+    EXPECT_EQ(current(), (VolumeInfo{.name = "Debian", .total = 520, .available = 105}));
 }
 
 TEST_F(LinuxDisk, FiguresThatCannotBeAddedUpCountAsNotTold)

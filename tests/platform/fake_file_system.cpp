@@ -57,6 +57,7 @@ struct FakeFileSystem::Item {
     std::string content;
     std::optional<bool> package;
     FolderIdentity identity;
+    std::uint32_t links = 1;
     std::weak_ptr<Item> parent;
     std::vector<ItemPointer> children;
 
@@ -94,6 +95,8 @@ public:
                     if (child->type == EntryType::file) {
                         entry.allocated = child->allocated;
                         entry.modified = child->modified;
+                        entry.links = child->links;
+                        entry.inode = child->identity.inode;
                     }
                 }
                 rows.push_back({child->name, entry});
@@ -322,6 +325,7 @@ void FakeFileSystem::identify(const std::string &path, const std::string &other)
 {
     const std::lock_guard lock(m_mutex);
     demand(path)->identity = demand(other)->identity;
+    demand(path)->links = ++demand(other)->links;
 }
 
 bool FakeFileSystem::has(const std::string &path) const
@@ -355,6 +359,12 @@ void FakeFileSystem::setUserFolders(std::vector<std::string> folders)
     m_userFolders = std::move(folders);
 }
 
+void FakeFileSystem::setDiskName(std::string name)
+{
+    const std::lock_guard lock(m_mutex);
+    m_diskName = std::move(name);
+}
+
 void FakeFileSystem::setOwnPlace(const std::string &macPlace, OwnPlace place)
 {
     const std::lock_guard lock(m_mutex);
@@ -378,6 +388,12 @@ std::optional<OwnPlace> FakeFileSystem::ownPlaceFor(std::string_view macPlace)
     const std::lock_guard lock(m_mutex);
     const auto found = m_ownPlaces.find(macPlace);
     return found == m_ownPlaces.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::optional<std::string> FakeFileSystem::diskName()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_diskName;
 }
 
 std::vector<std::string> FakeFileSystem::userFolders()

@@ -45,7 +45,8 @@ public:
     /// The answer of `mountPoints`; "/" alone at first, and an error where it is absent.
     void setMountPoints(std::optional<std::vector<std::string>> points);
 
-    /// Makes an item the same as another one, as a folder is that is mounted a second time.
+    /// Makes an item the same as another one, as a folder is that is mounted a second time and a file that has two
+    /// names.
     void identify(const std::string &path, const std::string &other);
 
     /// Moves the item with everything beneath it out of the tree, into a folder that no path leads to.
@@ -64,6 +65,7 @@ public:
     /// A Linux system of which no mounts are known unless the test says otherwise.
     void setSystemKind(SystemKind kind);
     void addMount(MountedFolder mount);
+    void setDiskName(std::string name);
     void setUserFolders(std::vector<std::string> folders);
     void setOwnPlace(const std::string &macPlace, OwnPlace place);
     void setPackageExtensions(std::set<std::string> extensions);
@@ -100,6 +102,7 @@ public:
     [[nodiscard]] Expected<std::vector<std::string>> mountPoints() override;
     [[nodiscard]] std::string homeFolder() override;
     [[nodiscard]] SystemKind systemKind() override;
+    [[nodiscard]] std::optional<std::string> diskName() override;
     [[nodiscard]] std::vector<MountedFolder> mounts() override;
     [[nodiscard]] std::optional<OwnPlace> ownPlaceFor(std::string_view macPlace) override;
     [[nodiscard]] std::vector<std::string> userFolders() override;
@@ -136,6 +139,7 @@ private:
     std::uint64_t m_lastInode = 1;
     SystemKind m_kind = SystemKind::linuxSystem;
     std::vector<MountedFolder> m_mounts;
+    std::optional<std::string> m_diskName;
     std::vector<std::string> m_userFolders;
     std::map<std::string, OwnPlace, std::less<>> m_ownPlaces;
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <climits>
 #include <csignal>
 #include <memory>
@@ -16,6 +15,7 @@
 #include <unistd.h>
 
 #include "platform/file_descriptor.h"
+#include "platform/linux/process_number.h"
 #include "platform/linux/real_path.h"
 #include "platform/path.h"
 #include "platform/posix/interrupted_call.h"
@@ -23,14 +23,6 @@
 namespace corvane {
 
 namespace {
-
-/// The process number that a name in "/proc" stands for; 0 for any other name.
-pid_t processNumber(std::string_view name)
-{
-    pid_t number = 0;
-    const auto [end, failure] = std::from_chars(name.data(), name.data() + name.size(), number);
-    return failure == std::errc{} && end == name.data() + name.size() ? number : 0;
-}
 
 /// The numbers after a field's name in the text of a "status" file; empty where there is no such field.
 std::string_view statusField(std::string_view status, std::string_view name)

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "platform/environment.h"
+#include "platform/linux/disk_name.h"
 #include "platform/linux/linux_held_folder.h"
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/linux_places.h"
@@ -120,6 +121,11 @@ std::string LinuxFileSystem::homeFolder()
             return *std::move(real);
     }
     return withoutDots(home);
+}
+
+std::optional<std::string> LinuxFileSystem::diskName()
+{
+    return nameOfDisk();
 }
 
 std::vector<MountedFolder> LinuxFileSystem::mounts()

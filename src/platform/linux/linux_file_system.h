@@ -17,6 +17,7 @@ public:
     [[nodiscard]] Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override;
     [[nodiscard]] Expected<std::vector<std::string>> mountPoints() override;
     [[nodiscard]] std::string homeFolder() override;
+    [[nodiscard]] std::optional<std::string> diskName() override;
     [[nodiscard]] std::vector<MountedFolder> mounts() override;
     [[nodiscard]] std::optional<OwnPlace> ownPlaceFor(std::string_view macPlace) override;
     [[nodiscard]] std::vector<std::string> userFolders() override;

@@ -120,6 +120,8 @@ Listing LinuxOpenFolder::deliver(const char *name, unsigned char type, const Ent
             if (entry.type == EntryType::file) {
                 entry.allocated = allocatedBytes(facts);
                 entry.modified = modificationTime(facts);
+                entry.links = static_cast<std::uint32_t>(facts.st_nlink);
+                entry.inode = facts.st_ino;
             }
         } else if (errno == ENOENT) {
             return Listing::goOn;
@@ -142,10 +144,10 @@ Expected<std::unique_ptr<OpenFolder>> LinuxOpenFolder::openParent()
 const LinuxOpenFolder::Facts &LinuxOpenFolder::facts() const
 {
     if (!m_facts) {
-        m_facts = Facts{{}, distantPast};
+        m_facts = Facts{{}, distantPast, 0};
         struct stat facts;
         if (uninterrupted([&] { return ::fstat(descriptor(), &facts); }) == 0)
-            *m_facts = {{facts.st_dev, facts.st_ino}, modificationTime(facts)};
+            *m_facts = {{facts.st_dev, facts.st_ino}, modificationTime(facts), allocatedBytes(facts)};
     }
     return *m_facts;
 }

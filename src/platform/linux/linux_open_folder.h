@@ -21,6 +21,7 @@ public:
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openParent() override;
     [[nodiscard]] FolderIdentity identity() const override { return facts().identity; }
     [[nodiscard]] Time modified() const override { return facts().modified; }
+    [[nodiscard]] std::int64_t allocated() const override { return facts().allocated; }
 
     [[nodiscard]] int descriptor() const override { return m_descriptor.number(); }
 
@@ -28,6 +29,7 @@ private:
     struct Facts {
         FolderIdentity identity;
         Time modified;
+        std::int64_t allocated = 0;
     };
 
     explicit LinuxOpenFolder(FileDescriptor descriptor) : m_descriptor(std::move(descriptor)) {}

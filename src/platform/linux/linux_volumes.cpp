@@ -5,6 +5,8 @@
 #include <sys/statvfs.h>
 
 #include "platform/block_count.h"
+#include "platform/linux/deleted_files.h"
+#include "platform/linux/swap_files.h"
 
 namespace corvane {
 
@@ -22,7 +24,19 @@ VolumeFacts LinuxVolumes::facts(const std::string &path)
     VolumeFacts facts;
     facts.total = bytesOfBlocks(usedOrAvailable, volume.f_frsize);
     facts.available = bytesOfBlocks(volume.f_bavail, volume.f_frsize);
+    if (volume.f_bfree >= volume.f_bavail)
+        facts.reserved = bytesOfBlocks(volume.f_bfree - volume.f_bavail, volume.f_frsize);
     return facts;
+}
+
+std::vector<SwapFile> LinuxVolumes::swapFiles()
+{
+    return listedSwapFiles();
+}
+
+std::vector<HeldFiles> LinuxVolumes::deletedFiles(const std::string &home)
+{
+    return openDeletedFiles(home);
 }
 
 } // namespace corvane

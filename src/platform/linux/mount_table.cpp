@@ -6,10 +6,7 @@
 
 namespace corvane {
 
-namespace {
-
-/// A path as the kernel's list writes it, where blanks and the like stand as "\040".
-std::string unescaped(const std::string &text)
+std::string unescapedOctal(const std::string &text)
 {
     const auto isDigit = [&](std::size_t i) { return i < text.size() && text[i] >= '0' && text[i] <= '7'; };
     std::string path;
@@ -24,8 +21,6 @@ std::string unescaped(const std::string &text)
     return path;
 }
 
-} // namespace
-
 std::vector<MountedFolder> readMountTable()
 {
     std::vector<MountedFolder> table;
@@ -37,8 +32,15 @@ std::vector<MountedFolder> readMountTable()
         std::uint32_t minor = 0;
         char colon = 0;
         // The numbers are those of the file system, also where each of its volumes has a device of its own (btrfs).
-        if (fields >> number >> parent >> major >> colon >> minor >> root >> point)
-            table.push_back({unescaped(point), std::uint64_t{major} << 32 | minor, unescaped(root)});
+        if (!(fields >> number >> parent >> major >> colon >> minor >> root >> point))
+            continue;
+        // Behind the options, of which there may be any number.
+        std::string option, type, source;
+        while (fields >> option && option != "-")
+            continue;
+        fields >> type >> source;
+        table.push_back(
+            {unescapedOctal(point), std::uint64_t{major} << 32 | minor, unescapedOctal(root), unescapedOctal(source)});
     }
     return table;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "platform/mounted_folder.h"
@@ -9,5 +10,8 @@ namespace corvane {
 /// Everything that is mounted, in the kernel's order: of two with one path the later lies on top of the other. Empty
 /// where the kernel does not tell.
 [[nodiscard]] std::vector<MountedFolder> readMountTable();
+
+/// A path as the kernel's lists write it, where blanks and the like stand as "\040".
+[[nodiscard]] std::string unescapedOctal(const std::string &text);
 
 } // namespace corvane

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <span>
+#include <string_view>
+
+#include "core/color.h"
+#include "platform/system_kind.h"
+
+namespace corvane {
+
+/// A part of the disk that the breakdown measures in the way that the disk counts: what lies beneath its folders, but
+/// for the places of the same table that lie further inside.
+struct DiskPlace {
+    std::string_view id;
+    std::array<std::string_view, 2> folders; ///< absolute, or "~", the home folder; the second may be empty
+    std::string_view title;
+    std::string_view detail;
+    std::string_view symbol;
+    Color color;
+    bool scansHome = false; ///< its button scans the home folder rather than showing it
+};
+
+/// A tool that tells any user how much a folder holds, also one that the user may not read.
+struct SizeTool {
+    enum class Answer { dockerSizes, journalUsage };
+
+    std::string_view folder;
+    std::string_view path; ///< of the tool
+    std::array<std::string_view, 4> arguments;
+    Answer answer; ///< how its output is read
+};
+
+/// What one system's breakdown measures beside the folders of `DiskAccountant::locations`, and how it is worded.
+struct DiskTable {
+    std::span<const DiskPlace> places;
+    std::span<const SizeTool> tools;
+    const DiskPlace *swap;         ///< the words for the files that are swapped to; null where volumes tell of swap
+    const DiskPlace *deletedFiles; ///< the words for deleted files that are still open; null where they are not told
+    std::string_view revealTitle;
+    std::string_view wholeDiskDetail; ///< of a scan of everything
+    /// Without a scan what is left is said to be not scanned yet. Otherwise the home folder is one of the places.
+    bool leavesHomeToTheScan;
+    bool measuresLocations; ///< those of `DiskAccountant::locations`
+
+    // What is left after everything was measured.
+    std::string_view unmeasuredTitle;
+    std::string_view unmeasuredDetail;
+    std::string_view unmeasuredDetailWithDenied; ///< with "{}" for how many folders were not open to the user; where it
+                                                 ///< is empty, a sentence of its own tells it
+    std::string_view grantTitle;                 ///< of the button that leads to more access; empty for none
+
+    std::string_view overcountNote; ///< with "{}" for by how much
+    std::string_view noLayoutNote;  ///< empty where no layout is missing
+    std::string_view sizesNote;
+    std::string_view reservedNote; ///< with "{}" for how much the file system keeps back; empty where it does not
+};
+
+/// Of static storage.
+[[nodiscard]] const DiskTable &diskTableOf(SystemKind kind);
+
+} // namespace corvane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/systems/disk_table.h"
+
+namespace corvane {
+
+/// The disk of a Mac, whose own places are volumes.
+inline constexpr DiskTable macDisk{
+    .places = {},
+    .tools = {},
+    .swap = nullptr,
+    .deletedFiles = nullptr,
+    .revealTitle = "Show in Finder",
+    .wholeDiskDetail = "Everything Corvane could read on the disk. Explore it in the Space Map.",
+    .leavesHomeToTheScan = true,
+    .measuresLocations = true,
+    .unmeasuredTitle = "Hidden System Data",
+    .unmeasuredDetail = "Files macOS doesn't let apps measure: system caches and logs in /private/var, other users' "
+                        "folders, the Spotlight index and snapshot data.",
+    .unmeasuredDetailWithDenied = {},
+    .grantTitle = "Grant Full Disk Access",
+    .overcountNote =
+        "Scanned files add up to {} more than the disk actually uses. That's normal: copies made in Finder "
+        "on APFS share their storage (clones), so they're counted twice here but stored once.",
+    .noLayoutNote = "Couldn't read the APFS layout, so macOS, swap and Recovery are shown as one total.",
+    .sizesNote = "Sizes are the space files really occupy on disk, so they can differ slightly from the sizes Finder "
+                 "shows.",
+    .reservedNote = {},
+};
+
+} // namespace corvane

@@ -1,0 +1,304 @@
+#include "disk/disk_places.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+#include "core/foreign_sum.h"
+#include "core/scan_bounds.h"
+#include "core/size_walk.h"
+#include "platform/path.h"
+#include "platform/walk_conditions.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::size_t childrenShown = 3;
+
+/// The bytes of a figure with a unit, such as "34.7GB", "512.0M" or "0B", at the start of a text: in thousands as
+/// Docker counts, or in 1,024s as the journal does. Nothing where there is none.
+std::optional<std::int64_t> sizeAtStart(std::string_view text, int thousand)
+{
+    double figure = 0;
+    const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), figure);
+    if (failure != std::errc{} || !(figure >= 0))
+        return std::nullopt;
+    const std::size_t unit = static_cast<std::size_t>(end - text.data());
+    constexpr std::string_view units = "BKMGTPE";
+    const std::size_t power =
+        unit < text.size() ? units.find(text[unit] == 'k' ? 'K' : text[unit]) : std::string_view::npos;
+    if (power == std::string_view::npos)
+        return std::nullopt;
+    for (std::size_t i = 0; i < power; ++i)
+        figure *= thousand;
+    if (figure > static_cast<double>(foreignSumLimit))
+        return std::nullopt;
+    return static_cast<std::int64_t>(figure);
+}
+
+} // namespace
+
+std::optional<std::int64_t> DiskPlaces::sizeIn(const std::string &output, SizeTool::Answer answer)
+{
+    constexpr int decimal = 1'000;
+    constexpr int binary = 1'024;
+    if (answer == SizeTool::Answer::journalUsage) {
+        // "Archived and active journals take up 512.0M in the file system."
+        constexpr std::string_view before = "take up ";
+        const std::size_t position = output.find(before);
+        return position == std::string::npos
+                   ? std::nullopt
+                   : sizeAtStart(std::string_view(output).substr(position + before.size()), binary);
+    }
+    std::int64_t sum = 0; // one line each for images, containers, volumes and the build cache
+    for (std::size_t start = 0; start < output.size();) {
+        const std::size_t end = std::min(output.find('\n', start), output.size());
+        const std::optional<std::int64_t> size =
+            sizeAtStart(std::string_view(output).substr(start, end - start), decimal);
+        if (!size || !addForeign(sum, *size))
+            return std::nullopt;
+        start = end + 1;
+    }
+    return output.empty() ? std::nullopt : std::optional(sum);
+}
+
+/// One run over all places.
+class DiskPlaces::Measurement {
+public:
+    Measurement(const DiskPlaces &places, const std::optional<std::string> &root)
+        : m_places(places), m_files(places.m_host.files), m_home(m_files.homeFolder())
+    {
+        if (root)
+            m_root = m_files.realPath(*root).value_or(*root);
+        m_realHome = m_files.realPath(m_home).value_or(m_home);
+        m_skipped = ScanBounds::of("/", m_files).skippedPaths();
+        for (const std::string &path : m_skipped)
+            m_excluded.add(path);
+        for (const DiskPlace &place : places.m_table.places) {
+            for (const std::string_view folder : place.folders) {
+                if (!folder.empty())
+                    m_excluded.add(pathOf(folder));
+            }
+        }
+        if (m_root)
+            m_excluded.add(*m_root);
+        if (places.m_table.swap != nullptr) {
+            m_swapFiles = places.m_host.volumes.swapFiles();
+            for (const SwapFile &file : m_swapFiles)
+                m_excluded.add(file.path);
+        }
+    }
+
+    [[nodiscard]] std::vector<BreakdownSegment> run()
+    {
+        std::vector<BreakdownSegment> segments;
+        for (const DiskPlace &place : m_places.m_table.places)
+            segments.push_back(measured(place));
+        if (const DiskPlace *const swap = m_places.m_table.swap)
+            segments.push_back(ofSwap(*swap));
+        if (const DiskPlace *const deleted = m_places.m_table.deletedFiles)
+            segments.push_back(ofDeletedFiles(*deleted));
+        return segments;
+    }
+
+    [[nodiscard]] std::int64_t denied() const { return m_denied + m_walk.unreadable(); }
+
+private:
+    [[nodiscard]] std::string pathOf(std::string_view folder) const
+    {
+        return folder == "~" ? m_realHome : std::string(folder);
+    }
+
+    static BreakdownSegment segmentOf(const DiskPlace &place)
+    {
+        return {std::string(place.id),
+                BreakdownSegment::Kind::measured,
+                std::string(place.title),
+                std::string(place.detail),
+                std::string(place.symbol),
+                place.color,
+                0,
+                {},
+                {},
+                {}};
+    }
+
+    [[nodiscard]] bool isScanned(std::string_view path) const { return m_root && isOrLiesBeneath(path, *m_root); }
+
+    /// Whether it lies on the disk, and not in a place that a walk of the disk does not enter.
+    [[nodiscard]] bool isOnDisk(std::string_view path) const
+    {
+        return std::ranges::none_of(m_skipped,
+                                    [&](const std::string &skipped) { return isOrLiesBeneath(path, skipped); });
+    }
+
+    BreakdownSegment measured(const DiskPlace &place)
+    {
+        BreakdownSegment segment = segmentOf(place);
+        for (const std::string_view named : place.folders) {
+            const std::string folder = named.empty() ? std::string() : pathOf(named);
+            // The home folder may be one of the others, as that of the administrator is.
+            if (folder.empty() || (named != "~" && folder == m_realHome) || !isOnDisk(folder))
+                continue;
+            std::vector<NamedSize> children;
+            std::int64_t size = isScanned(folder) ? 0 : sizeOf(folder, children);
+            size = plus(size, toldByTools(folder, children));
+            if (size == 0)
+                continue;
+            if (!segment.action)
+                segment.action = BreakdownAction{BreakdownAction::Kind::reveal, folder};
+            if (named == place.folders.front())
+                std::ranges::move(children, std::back_inserter(segment.children));
+            else
+                segment.children.push_back({folder, size});
+            segment.size = plus(segment.size, size);
+        }
+        if (segment.action)
+            segment.actionTitle = m_places.m_table.revealTitle;
+        if (place.scansHome && segment.action) {
+            segment.action = BreakdownAction{BreakdownAction::Kind::scanHome, {}};
+            segment.actionTitle = "Scan Home Folder";
+        }
+        keepLargest(segment.children);
+        return segment;
+    }
+
+    /// What lies beneath a folder and in no place of its own, with the items directly inside.
+    std::int64_t sizeOf(const std::string &path, std::vector<NamedSize> &children)
+    {
+        const auto facts = m_files.facts(path);
+        if (!facts || facts->type != EntryType::directory)
+            return 0;
+        const WalkConditions conditions;
+        auto folder = m_files.openFolder(path);
+        if (!folder) {
+            ++m_denied;
+            return 0;
+        }
+        const SizeWalk::Contents contents =
+            m_walk.contentsOf(**folder, path, [&](std::string_view name, std::int64_t bytes) {
+                if (bytes > 0)
+                    children.push_back({std::string(name), bytes});
+            });
+        std::int64_t size = contents.size;
+        for (const std::string &name : contents.subfolders) {
+            auto child = (*folder)->openChild(name);
+            if (!child) {
+                ++m_denied;
+                continue;
+            }
+            const std::int64_t bytes = m_walk.walk(std::move(*child), joined(path, name));
+            if (bytes > 0)
+                children.push_back({name, bytes});
+            size = plus(size, bytes);
+        }
+        return size;
+    }
+
+    std::int64_t toldByTools(const std::string &place, std::vector<NamedSize> &children)
+    {
+        std::int64_t told = 0;
+        for (const SizeTool &tool : m_places.m_table.tools) {
+            const std::string folder(tool.folder);
+            if (!isOrLiesBeneath(folder, place) || !belongsTo(folder, place) || !isOnDisk(folder))
+                continue;
+            const auto facts = m_files.facts(folder);
+            if ((facts && facts->type != EntryType::directory) || (!facts && !isDenied(facts.error())))
+                continue;
+            if (const auto opened = m_files.openFolder(folder); opened || !isDenied(opened.error()))
+                continue;
+            const std::optional<std::string> output = m_places.m_runTool(tool);
+            const std::int64_t size = output ? sizeIn(*output, tool.answer).value_or(0) : 0;
+            if (size <= 0)
+                continue;
+            told = plus(told, size);
+            if (folder != place)
+                children.push_back({std::string(lastPathComponent(folder)), size});
+        }
+        return told;
+    }
+
+    /// Whether no other place lies between a place and a folder beneath it.
+    [[nodiscard]] bool belongsTo(std::string_view folder, std::string_view place) const
+    {
+        for (const DiskPlace &other : m_places.m_table.places) {
+            for (const std::string_view inner : other.folders) {
+                if (!inner.empty() && liesBeneath(inner, place) && isOrLiesBeneath(folder, inner))
+                    return false;
+            }
+        }
+        return true;
+    }
+
+    static bool isDenied(const Error &error)
+    {
+        return error.code == std::errc::permission_denied || error.code == std::errc::operation_not_permitted;
+    }
+
+    BreakdownSegment ofSwap(const DiskPlace &place) const
+    {
+        BreakdownSegment segment = segmentOf(place);
+        for (const SwapFile &file : m_swapFiles) {
+            if (isScanned(file.path) || !isOnDisk(file.path) || !isPlausibleSize(file.size))
+                continue;
+            segment.size = plus(segment.size, file.size);
+            segment.children.push_back({file.path, file.size});
+        }
+        keepLargest(segment.children);
+        return segment;
+    }
+
+    BreakdownSegment ofDeletedFiles(const DiskPlace &place) const
+    {
+        BreakdownSegment segment = segmentOf(place);
+        for (const HeldFiles &held : m_places.m_host.volumes.deletedFiles(m_realHome)) {
+            if (!isPlausibleSize(held.size))
+                continue;
+            segment.size = plus(segment.size, held.size);
+            segment.children.push_back({held.program, held.size});
+        }
+        keepLargest(segment.children);
+        return segment;
+    }
+
+    static void keepLargest(std::vector<NamedSize> &children)
+    {
+        std::ranges::stable_sort(children, std::ranges::greater(), &NamedSize::size);
+        children.resize(std::min(children.size(), childrenShown));
+    }
+
+    static std::int64_t plus(std::int64_t sum, std::int64_t more)
+    {
+        static_cast<void>(addForeign(sum, more));
+        return sum;
+    }
+
+    const DiskPlaces &m_places;
+    FileSystem &m_files;
+    const std::string m_home;
+    std::string m_realHome;
+    std::optional<std::string> m_root;
+    std::vector<std::string> m_skipped;
+    std::vector<SwapFile> m_swapFiles;
+    ExcludedItems m_excluded;
+    SizeWalk m_walk{SizeWalk::Counting::asTheDisk, m_excluded, m_places.m_stop};
+    std::int64_t m_denied = 0;
+};
+
+DiskPlaces::DiskPlaces(const DiskTable &table, const Host &host, ToolRunner runTool, const StopFlag &stop)
+    : m_table(table), m_host(host), m_runTool(std::move(runTool)), m_stop(stop)
+{
+}
+
+std::vector<BreakdownSegment> DiskPlaces::measure(const std::optional<std::string> &scannedRoot)
+{
+    Measurement measurement(*this, scannedRoot);
+    std::vector<BreakdownSegment> segments = measurement.run();
+    m_denied = measurement.denied();
+    return segments;
+}
+
+} // namespace corvane

@@ -1,0 +1,122 @@
+#include "platform/linux/deleted_files.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <linux/magic.h>
+#include <sys/stat.h>
+#include <sys/statfs.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
+#include "platform/block_count.h"
+#include "platform/file_descriptor.h"
+#include "platform/linux/process_number.h"
+
+namespace corvane {
+
+namespace {
+
+void forEachName(FileDescriptor folder, const std::function<void(const char *)> &visit)
+{
+    const auto close = [](DIR *listing) { ::closedir(listing); };
+    const std::unique_ptr<DIR, decltype(close)> listing(folder.isOpen() ? ::fdopendir(folder.number()) : nullptr);
+    if (!listing)
+        return;
+    static_cast<void>(folder.release()); // the listing closes it
+    while (const dirent *entry = ::readdir(listing.get()))
+        visit(entry->d_name);
+}
+
+/// Tells which files lie on the disk. The volumes of a btrfs file system have devices of their own, so of such a disk
+/// every btrfs file counts.
+class Disk {
+public:
+    explicit Disk(const std::string &home)
+    {
+        for (const char *folder : {"/", home.c_str()}) {
+            struct statx facts {};
+            struct statfs system {};
+            if (::statx(AT_FDCWD, folder, AT_STATX_DONT_SYNC, STATX_TYPE, &facts) == 0)
+                m_devices.insert(makedev(facts.stx_dev_major, facts.stx_dev_minor));
+            if (::statfs(folder, &system) == 0 && system.f_type == BTRFS_SUPER_MAGIC)
+                m_isBtrfs = true;
+        }
+    }
+
+    [[nodiscard]] bool holds(int folder, const char *name, const struct statx &facts) const
+    {
+        if (m_devices.contains(makedev(facts.stx_dev_major, facts.stx_dev_minor)))
+            return true;
+        if (!m_isBtrfs)
+            return false;
+        const std::string path = "/proc/self/fd/" + std::to_string(folder) + "/" + name;
+        struct statfs system {};
+        return ::statfs(path.c_str(), &system) == 0 && system.f_type == BTRFS_SUPER_MAGIC;
+    }
+
+private:
+    std::set<dev_t> m_devices;
+    bool m_isBtrfs = false;
+};
+
+std::string programName(int process)
+{
+    std::array<char, 64> name{};
+    const FileDescriptor file(::openat(process, "comm", O_RDONLY | O_CLOEXEC));
+    const ssize_t length = file.isOpen() ? ::read(file.number(), name.data(), name.size()) : 0;
+    std::string text(name.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
+    return text.substr(0, text.find('\n'));
+}
+
+} // namespace
+
+std::vector<HeldFiles> openDeletedFiles(const std::string &home)
+{
+    const Disk disk(home);
+    std::map<std::string, std::int64_t> sizes; // by program
+    std::set<std::pair<dev_t, std::uint64_t>> seen;
+    const auto open = [](int folder, const char *name) {
+        return FileDescriptor(::openat(folder, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    };
+    FileDescriptor processes = open(AT_FDCWD, "/proc");
+    const int all = processes.number();
+    forEachName(std::move(processes), [&](const char *number) {
+        if (processNumber(number) == 0)
+            return;
+        const FileDescriptor process = open(all, number);
+        FileDescriptor files = process.isOpen() ? open(process.number(), "fd") : FileDescriptor();
+        const int held = files.number();
+        forEachName(std::move(files), [&](const char *file) {
+            struct statx facts {};
+            // Of a file on a network disk what is known is enough; its server is not asked.
+            if (file[0] == '.' || ::statx(held, file, AT_STATX_DONT_SYNC | AT_NO_AUTOMOUNT,
+                                          STATX_TYPE | STATX_NLINK | STATX_INO | STATX_BLOCKS, &facts) != 0)
+                return;
+            if (!S_ISREG(facts.stx_mode) || facts.stx_nlink != 0 || facts.stx_blocks == 0 ||
+                !disk.holds(held, file, facts) ||
+                !seen.emplace(makedev(facts.stx_dev_major, facts.stx_dev_minor), facts.stx_ino).second)
+                return;
+            std::int64_t &size = sizes[programName(process.number())];
+            const std::int64_t more = bytesOfBlocks(facts.stx_blocks, 512).value_or(0);
+            if (std::int64_t sum = 0; !__builtin_add_overflow(size, more, &sum))
+                size = sum;
+        });
+    });
+    std::vector<HeldFiles> held;
+    for (const auto &[program, size] : sizes)
+        held.push_back({program, size});
+    std::ranges::stable_sort(held, std::ranges::greater(), &HeldFiles::size);
+    return held;
+}
+
+} // namespace corvane

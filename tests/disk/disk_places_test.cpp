@@ -1,0 +1,318 @@
+#include "disk/disk_places.h"
+
+#include <algorithm>
+#include <map>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "disk/disk_accountant.h"
+#include "platform/fake_host.h"
+
+namespace corvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::int64_t mb = 1'000'000;
+
+/// A Linux system in memory, with the disk's places measured as on a real one.
+class DiskPlacesTest : public testing::Test {
+protected:
+    DiskPlacesTest()
+    {
+        fake.files.setSystemKind(SystemKind::linuxSystem);
+        fake.files.setHome("/home/me");
+    }
+
+    void measure(const std::optional<std::string> &root = {})
+    {
+        DiskPlaces places(
+            diskTableOf(SystemKind::linuxSystem), fake.host(),
+            [this](const SizeTool &tool) -> std::optional<std::string> {
+                asked.emplace_back(tool.path);
+                const auto answer = answers.find(std::string(tool.path));
+                return answer == answers.end() ? std::nullopt : std::optional(answer->second);
+            },
+            neverStopped);
+        segments = places.measure(root);
+        denied = places.denied();
+    }
+
+    /// In MB; -1 where there is no such segment.
+    [[nodiscard]] std::int64_t size(std::string_view id) const
+    {
+        const auto found = std::ranges::find(segments, id, &BreakdownSegment::id);
+        return found == segments.end() ? -1 : found->size / mb;
+    }
+    [[nodiscard]] const BreakdownSegment &segment(std::string_view id) const
+    {
+        return *std::ranges::find(segments, id, &BreakdownSegment::id);
+    }
+    void add(const std::string &path, std::int64_t megabytes) { fake.files.addFile(path, megabytes * mb); }
+
+    FakeHost fake;
+    std::map<std::string, std::string> answers; // by the tool's path
+    std::vector<std::string> asked;
+    std::vector<BreakdownSegment> segments;
+    std::int64_t denied = 0;
+};
+
+TEST_F(DiskPlacesTest, APlaceInsideAnotherCountsForItselfAlone)
+{
+    add("/usr/lib/libc.so", 100);
+    add("/usr/local/bin/tool", 20);
+    add("/var/lib/db", 1);
+    add("/var/lib/flatpak/app", 2);
+    add("/var/lib/snapd/snap", 4);
+    add("/var/lib/docker/layer", 8);
+    add("/var/lib/libvirt/images/vm", 16);
+    add("/var/lib/libvirt/qemu.log", 32);
+    add("/var/cache/apt", 64);
+    add("/var/log/syslog", 128);
+    add("/var/tmp/x", 256);
+    add("/tmp/y", 512);
+    measure();
+    EXPECT_EQ(size("/usr"), 100);
+    EXPECT_EQ(size("/usr/local"), 20);
+    EXPECT_EQ(size("/var"), 33);
+    EXPECT_EQ(size("/var/lib/flatpak"), 2);
+    EXPECT_EQ(size("/var/lib/snapd"), 4);
+    EXPECT_EQ(size("/var/lib/docker"), 8);
+    EXPECT_EQ(size("/var/lib/libvirt/images"), 16);
+    EXPECT_EQ(size("/var/cache"), 64);
+    EXPECT_EQ(size("/var/log"), 128);
+    EXPECT_EQ(size("/tmp"), 768);
+    EXPECT_EQ(size("/"), 0);
+}
+
+TEST_F(DiskPlacesTest, OtherUsersAreEverybodyButTheOwner)
+{
+    add("/home/me/mine", 100);
+    add("/home/you/yours", 20);
+    add("/root/secret", 3);
+    measure();
+    EXPECT_EQ(size("home"), 100);
+    EXPECT_EQ(size("/home"), 23);
+    EXPECT_THAT(segment("/home").children, ElementsAre(NamedSize{"you", 20 * mb}, NamedSize{"/root", 3 * mb}));
+
+    fake.files.setHome("/root"); // as the administrator's
+    measure();
+    EXPECT_EQ(size("home"), 3);
+    EXPECT_EQ(size("/home"), 120);
+}
+
+TEST_F(DiskPlacesTest, WhatIsNoPlaceOfItsOwnIsInTheRest)
+{
+    add("/etc/passwd", 1);
+    add("/data/photos", 200);
+    add("/vmlinuz.old", 30);
+    measure();
+    EXPECT_EQ(size("/"), 231);
+    EXPECT_THAT(segment("/").children,
+                ElementsAre(NamedSize{"data", 200 * mb}, NamedSize{"vmlinuz.old", 30 * mb}, NamedSize{"etc", mb}));
+}
+
+TEST_F(DiskPlacesTest, TheScannedFolderIsLeftOutExactly)
+{
+    add("/usr/lib/big/a", 100);
+    add("/usr/lib/small/b", 20);
+    add("/usr/share/c", 3);
+    add("/home/me/d", 50);
+    measure("/usr/lib/big");
+    EXPECT_EQ(size("/usr"), 23);
+    EXPECT_EQ(size("home"), 50);
+    measure("/usr");
+    EXPECT_EQ(size("/usr"), 0);
+    measure("/home/me");
+    EXPECT_EQ(size("home"), 0);
+    EXPECT_EQ(size("/usr"), 123);
+    measure("/");
+    for (const BreakdownSegment &segment : segments)
+        EXPECT_EQ(segment.size, 0) << segment.id;
+}
+
+TEST_F(DiskPlacesTest, AnotherDiskBelowAPlaceIsNotCounted)
+{
+    fake.files.addMount({"/", 1, "/"});
+    fake.files.addMount({"/var/lib/docker", 2, "/"});
+    fake.files.addMount({"/usr/share/media", 3, "/"});
+    fake.files.addMount({"/home", 4, "/"});
+    add("/var/lib/docker/layer", 8);
+    add("/usr/share/media/film", 900);
+    add("/usr/bin/sh", 1);
+    add("/home/me/d", 50);
+    add("/home/you/e", 5);
+    measure();
+    EXPECT_EQ(size("/var/lib/docker"), 0);
+    EXPECT_EQ(size("/usr"), 1);
+    EXPECT_EQ(size("home"), 50) << "the home folder's own file system is a part of the disk";
+    EXPECT_EQ(size("/home"), 5);
+}
+
+TEST_F(DiskPlacesTest, AFolderMountedTwiceCountsOnce)
+{
+    fake.files.addMount({"/", 1, "/"});
+    fake.files.addMount({"/srv/home", 1, "/home"});
+    add("/home/you/e", 5);
+    add("/srv/home/you/e", 5);
+    measure();
+    EXPECT_EQ(size("/home") + size("/srv"), 5);
+}
+
+TEST_F(DiskPlacesTest, AFileWithNamesInTwoPlacesCountsOnce)
+{
+    add("/var/lib/flatpak/repo/object", 40);
+    add("/var/lib/flatpak/app/file", 40);
+    fake.files.identify("/var/lib/flatpak/app/file", "/var/lib/flatpak/repo/object");
+    measure();
+    EXPECT_EQ(size("/var/lib/flatpak"), 40);
+}
+
+TEST_F(DiskPlacesTest, APlaceThatIsALinkIsCountedWhereItLeads)
+{
+    add("/data/docker/layer", 8);
+    fake.files.addLink("/var/lib/docker", "/data/docker");
+    measure();
+    EXPECT_EQ(size("/var/lib/docker"), 0);
+    EXPECT_EQ(size("/"), 8);
+}
+
+TEST_F(DiskPlacesTest, SwapFilesHaveARowAndAreNotCountedAgain)
+{
+    add("/swapfile", 4'000);
+    add("/var/swap/more", 2'000);
+    add("/var/lib/x", 1);
+    fake.volumes.addSwapFile({"/swapfile", 4'000 * mb});
+    fake.volumes.addSwapFile({"/var/swap/more", 2'000 * mb});
+    measure();
+    EXPECT_EQ(size("swap"), 6'000);
+    EXPECT_EQ(size("/"), 0);
+    EXPECT_EQ(size("/var"), 1);
+    measure("/var");
+    EXPECT_EQ(size("swap"), 4'000) << "the other one has been scanned";
+}
+
+TEST_F(DiskPlacesTest, DeletedFilesThatAreStillOpenAreToldByProgram)
+{
+    fake.volumes.addDeletedFiles({"browser", 300 * mb});
+    fake.volumes.addDeletedFiles({"server", 700 * mb});
+    measure();
+    EXPECT_EQ(size("deleted"), 1'000);
+    EXPECT_THAT(segment("deleted").children,
+                ElementsAre(NamedSize{"server", 700 * mb}, NamedSize{"browser", 300 * mb}));
+}
+
+TEST_F(DiskPlacesTest, WhatTheUserMayNotReadItsToolTells)
+{
+    add("/var/lib/docker/layer", 8);
+    fake.files.failOpening("/var/lib/docker");
+    add("/var/log/syslog", 1);
+    add("/var/log/journal/machine", 500);
+    fake.files.failOpening("/var/log/journal");
+    answers["/usr/bin/docker"] = "12.5GB\n1.2kB\n0B\n500MB\n";
+    answers["/usr/bin/journalctl"] = "Archived and active journals take up 512.0M in the file system.\n";
+    measure();
+    EXPECT_EQ(size("/var/lib/docker"), 13'000);
+    EXPECT_EQ(size("/var/log"), 537); // 512 x 1,024 x 1,024, and what could be read
+    EXPECT_EQ(denied, 2);
+    EXPECT_EQ(segment("/var/log").children.front(), (NamedSize{"journal", 512 * 1'024 * 1'024}));
+}
+
+TEST_F(DiskPlacesTest, AToolIsAskedOnlyForWhatCannotBeRead)
+{
+    add("/var/lib/docker/layer", 8);
+    add("/var/log/journal/machine", 5);
+    measure();
+    EXPECT_THAT(asked, IsEmpty());
+    EXPECT_EQ(size("/var/lib/docker"), 8);
+}
+
+TEST_F(DiskPlacesTest, AScanOfEverythingStillAsksForWhatItCouldNotRead)
+{
+    add("/var/lib/docker/layer", 8);
+    fake.files.failOpening("/var/lib/docker");
+    answers["/usr/bin/docker"] = "2GB\n";
+    measure("/");
+    EXPECT_EQ(size("/var/lib/docker"), 2'000);
+}
+
+TEST_F(DiskPlacesTest, ATornAnswerOfAToolCountsAsNone)
+{
+    for (const char *output : {"", "garbage", "12.5", "-3GB", "nanGB", "99999999EB\n", "1GB\nx\n"})
+        EXPECT_EQ(DiskPlaces::sizeIn(output, SizeTool::Answer::dockerSizes), std::nullopt) << output;
+    for (const char *output : {"", "journals take up a lot", "take up 1.0Z"})
+        EXPECT_EQ(DiskPlaces::sizeIn(output, SizeTool::Answer::journalUsage), std::nullopt) << output;
+    EXPECT_EQ(DiskPlaces::sizeIn("0B\n", SizeTool::Answer::dockerSizes), 0);
+    EXPECT_EQ(DiskPlaces::sizeIn("1.5kB\n2GB\n", SizeTool::Answer::dockerSizes), 2'000'001'500);
+    EXPECT_EQ(DiskPlaces::sizeIn("... take up 8.0K in ...", SizeTool::Answer::journalUsage), 8'192);
+}
+
+TEST_F(DiskPlacesTest, ThePlacesAreInTheTablesOrderAndEachIsShownInTheFileManager)
+{
+    add("/opt/app", 60);
+    measure();
+    EXPECT_EQ(segment("/opt").action, (BreakdownAction{BreakdownAction::Kind::reveal, "/opt"}));
+    EXPECT_EQ(segment("/opt").actionTitle, "Show in File Manager");
+    EXPECT_EQ(segments.front().id, "home");
+    EXPECT_EQ(segments.back().id, "deleted");
+}
+
+TEST_F(DiskPlacesTest, TheHomeFolderOffersItsScan)
+{
+    add("/home/me/mine", 100);
+    measure();
+    EXPECT_EQ(segment("home").action, (BreakdownAction{BreakdownAction::Kind::scanHome, {}}));
+    EXPECT_EQ(segment("home").actionTitle, "Scan Home Folder");
+}
+
+TEST_F(DiskPlacesTest, ABreakdownOfALinuxDiskAddsUpToWhatIsUsed)
+{
+    add("/usr/lib/a", 8'000);
+    add("/home/me/b", 500);
+    fake.volumes.set("/", {.name = {}, .total = 20'000 * mb, .available = 10'000 * mb, .availableForImportantUse = {}});
+    fake.files.setDiskName("Debian GNU/Linux");
+    const DiskBreakdown breakdown = DiskAccountant::compute({}, fake.host());
+    EXPECT_EQ(breakdown.volumeName, "Debian GNU/Linux");
+    EXPECT_EQ(breakdown.explainedPercentage(), 85);
+    ASSERT_EQ(breakdown.segments.size(), 3u);
+    EXPECT_EQ(breakdown.segments[0].title, "Installed Software (/usr)");
+    EXPECT_EQ(breakdown.segments[1].title, "Not Measured");
+    EXPECT_EQ(breakdown.segments[1].detail,
+              "Deleted files that programs still hold open, snapshots and the file system's own records.");
+    EXPECT_EQ(breakdown.segments[1].action, std::nullopt);
+    EXPECT_EQ(breakdown.segments[2].title, "Your Home Folder");
+    EXPECT_THAT(breakdown.footnotes(),
+                ElementsAre("Sizes are the space files really occupy on disk, so they can differ slightly from the "
+                            "sizes your file manager shows."));
+}
+
+TEST_F(DiskPlacesTest, FoldersThatOnlyTheAdministratorMayReadAreCountedInTheText)
+{
+    add("/var/lib/private/x", 8'000);
+    fake.files.failOpening("/var/lib/private");
+    fake.volumes.set("/", {.name = {}, .total = 20'000 * mb, .available = 10'000 * mb, .availableForImportantUse = {}});
+    ScanContext scan;
+    scan.rootPath = "/home/me";
+    scan.unreadableCount = 2;
+    const DiskBreakdown breakdown = DiskAccountant::compute(scan, fake.host());
+    EXPECT_EQ(breakdown.segments[0].detail,
+              "Folders only the administrator can read (3), deleted files that programs still hold open, snapshots and "
+              "the file system's own records.");
+}
+
+TEST_F(DiskPlacesTest, WhatTheFileSystemKeepsBackIsToldFromOnePercentOn)
+{
+    VolumeFacts facts{.name = {}, .total = 1'000 * mb, .available = 1'000 * mb, .availableForImportantUse = {}};
+    facts.reserved = 10 * mb - 1;
+    fake.volumes.set("/", facts);
+    EXPECT_EQ(DiskAccountant::compute({}, fake.host()).footnotes().size(), 1u);
+    facts.reserved = 10 * mb;
+    fake.volumes.set("/", facts);
+    EXPECT_EQ(DiskAccountant::compute({}, fake.host()).footnotes().front(),
+              "The file system keeps 10 MB back for the administrator, which counts as neither used nor free.");
+}
+
+} // namespace
+} // namespace corvane
