@@ -153,7 +153,7 @@ Commands::Commands()
     breakdownScan = breakdown->add_option("--scan")
                         ->description("Scan this folder first, so that it is explained too")
                         ->type_name("PATH");
-    snapshots = add("snapshots", "List the local Time Machine snapshots.", "corvane-cli snapshots");
+    snapshots = add("snapshots", "List the snapshots that the system keeps of the disk.", "corvane-cli snapshots");
 
     cleanup = add("cleanup", "Measure caches and other folders that could be cleaned up.", "corvane-cli cleanup");
 

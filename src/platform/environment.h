@@ -14,6 +14,9 @@ struct Environment {
     /// The home folder that the user's account has, whatever HOME says.
     [[nodiscard]] static std::string accountHome();
 
+    /// The name of the account with that number of a user; absent where there is none.
+    [[nodiscard]] static std::optional<std::string> accountName(unsigned int user);
+
     /// Sets HOME to the account's home folder.
     static void useAccountHome();
 

@@ -148,6 +148,9 @@ public:
 
     [[nodiscard]] virtual Expected<ItemFacts> facts(const std::string &path) = 0;
 
+    /// The name of the user whom the item belongs to; absent where the system does not tell.
+    [[nodiscard]] virtual std::optional<std::string> ownerOf(const std::string & /*path*/) { return std::nullopt; }
+
     /// Whether something exists at the path, links followed.
     [[nodiscard]] virtual bool exists(const std::string &path) = 0;
 

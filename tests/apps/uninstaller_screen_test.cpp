@@ -10,7 +10,6 @@
 
 #include "apps/apps_ui_fixture.h"
 #include "shell/quick_scene.h"
-#include "shell/ui/desktop_words.h"
 #include "shell/ui/store_registration.h"
 
 namespace corvane {
@@ -191,7 +190,7 @@ TEST_F(UninstallerScreenTest, AnAppIsShownWithItsSectionsAndWhatIsAboutToHappen)
     EXPECT_TRUE(shows(QStringLiteral("Leftovers in your Library")));
     EXPECT_TRUE(shows(QStringLiteral("Possible matches")));
     EXPECT_TRUE(shows(QStringLiteral("App and 2 leftovers · 6.74 GB")));
-    EXPECT_NE(button(revealWords()), nullptr);
+    EXPECT_NE(button(QStringLiteral("Show in File Manager")), nullptr);
     EXPECT_TRUE(isChosen(deckRow));
     EXPECT_FALSE(isVisible("uninstaller.none"));
     const std::vector<QQuickItem *> boxes = checkBoxes(deckID);
@@ -459,18 +458,18 @@ TEST_F(UninstallerScreenTest, ARightClickOpensTheMenuOfTheAppThatItChooses)
     ASSERT_TRUE(
         QTest::qWaitFor([&] { return scene->object("uninstaller.menu")->property("opened").toBool(); }, patience));
     EXPECT_TRUE(isChosen(kiteRow));
-    scene->click(textItem(revealWords()));
+    scene->click(textItem(QStringLiteral("Show in File Manager")));
     EXPECT_THAT(fake.log->lines(), testing::Contains("reveal /Applications/Kite Mail.app"));
 }
 
 TEST_F(UninstallerScreenTest, EveryLeftoverHasAButtonThatRevealsIt)
 {
     openSignalDeck();
-    QQuickItem *const reveal = button(revealWords() + QStringLiteral(": Signal Deck"));
+    QQuickItem *const reveal = button(QStringLiteral("Show in File Manager") + QStringLiteral(": Signal Deck"));
     ASSERT_NE(reveal, nullptr);
     scene->click(reveal);
     EXPECT_THAT(fake.log->lines(), testing::Contains("reveal " + at("Library/Application Support/Signal Deck")));
-    scene->click(button(revealWords()));
+    scene->click(button(QStringLiteral("Show in File Manager")));
     EXPECT_THAT(fake.log->lines(), testing::Contains("reveal /Applications/Signal Deck.app"));
 }
 

@@ -10,7 +10,6 @@
 
 #include "duplicates/duplicates_ui_fixture.h"
 #include "shell/quick_scene.h"
-#include "shell/ui/desktop_words.h"
 #include "shell/ui/store_registration.h"
 
 namespace corvane {
@@ -222,7 +221,7 @@ TEST_F(DuplicatesScreenTest, ACheckBoxSelectsItsFileAlone)
 TEST_F(DuplicatesScreenTest, TheButtonOfAFileRevealsIt)
 {
     searchAndShow();
-    QQuickItem *const reveal = button(revealWords() + QStringLiteral(": ") + filmCopy);
+    QQuickItem *const reveal = button(QStringLiteral("Show in File Manager") + QStringLiteral(": ") + filmCopy);
     ASSERT_NE(reveal, nullptr);
     scene->click(reveal);
     EXPECT_THAT(fake.log->lines(), testing::Contains("reveal " + at("Films/film copy.mov")));

@@ -56,7 +56,7 @@ Item {
             }
             PlainText {
                 width: parent.width
-                text: qsTr("Library folders named after apps that are no longer on this Mac, from companies with no other installed apps, untouched for 30+ days. Nothing is pre-selected. Review, then use the bar below to move them to the Trash.")
+                text: SystemTexts.orphans
                 font: Theme.secondaryFont
                 color: Theme.t2
                 wrapMode: Text.Wrap

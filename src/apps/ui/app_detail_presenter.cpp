@@ -11,7 +11,6 @@
 #include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/bundle_icons.h"
-#include "shell/ui/desktop_words.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -121,7 +120,7 @@ QString AppDetailPresenter::warning() const
 
 QString AppDetailPresenter::revealText() const
 {
-    return revealWords();
+    return m_store ? displayText(m_store->words().reveal) : QString();
 }
 
 AppDetailPresenter::Plan AppDetailPresenter::currentPlan() const
@@ -157,9 +156,8 @@ QString AppDetailPresenter::explanation() const
     const QString what = plan.leftovers == 0
                              ? QStringLiteral("The app's files")
                              : QStringLiteral("The app and ") + countText(plan.leftovers, "leftover", "leftovers");
-    return what + QStringLiteral(" (") + sizeText(plan.size) +
-           QStringLiteral(") go to the Trash, so you can restore them if needed. macOS may ask for your password for "
-                          "apps installed by an installer.");
+    return what + QStringLiteral(" (") + sizeText(plan.size) + QStringLiteral(") ") +
+           (m_store ? displayText(m_store->words().uninstallAdvice) : QString());
 }
 
 QString AppDetailPresenter::confirmText() const

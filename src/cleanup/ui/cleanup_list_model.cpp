@@ -183,7 +183,8 @@ QVariant CleanupListModel::data(const QModelIndex &index, int role) const
         return m_store && m_store->phase() == StorageStore::Phase::scanning;
     default:
         return cleanupRowData(row, role, item(row.def),
-                              m_store ? std::string_view(m_store->locations().home()) : std::string_view());
+                              m_store ? std::string_view(m_store->locations().home()) : std::string_view(),
+                              m_store ? m_store->words() : wordsOf(SystemKind::linuxSystem));
     }
 }
 

@@ -88,7 +88,7 @@ QVariant sectionData(const CleanupRow &row, int role)
 }
 
 /// `measured` is null before a measurement.
-QVariant cardData(const CleanupRow &row, const CleanupItem *measured, int role)
+QVariant cardData(const CleanupRow &row, const CleanupItem *measured, int role, const SystemWords &words)
 {
     switch (role) {
     case TitleRole:
@@ -104,17 +104,17 @@ QVariant cardData(const CleanupRow &row, const CleanupItem *measured, int role)
     case SizeTextRole:
         return measured != nullptr ? totalText(*measured) : QStringLiteral("–");
     case CountTextRole:
-        return measured != nullptr ? countText(*measured) : QString();
+        return measured != nullptr ? countText(*measured, words) : QString();
     case UnreadableRole:
         return measured != nullptr && !measured->accessible;
     case DescriptionRole: {
-        QStringList words{displayText(row.def->title),
+        QStringList parts{displayText(row.def->title),
                           row.def->risk == CleanupRisk::safe ? QStringLiteral("Safe") : QStringLiteral("Review")};
         if (measured != nullptr && measured->accessible)
-            words << totalText(*measured);
+            parts << totalText(*measured);
         if (measured != nullptr)
-            words << countText(*measured);
-        return words.join(QStringLiteral(", "));
+            parts << countText(*measured, words);
+        return parts.join(QStringLiteral(", "));
     }
     default:
         return {};
@@ -164,7 +164,7 @@ QVariant artifactData(const CleanupRow &row, int role, std::string_view home)
     }
 }
 
-QVariant wordsData(const CleanupRow &row, int role)
+QVariant wordsData(const CleanupRow &row, int role, const SystemWords &words)
 {
     const bool isTitle = role == TitleRole || role == DescriptionRole;
     switch (row.kind) {
@@ -173,7 +173,7 @@ QVariant wordsData(const CleanupRow &row, int role)
     case Kind::missing:
         return isTitle ? QStringLiteral("This folder does not exist.") : QVariant();
     case Kind::reveal:
-        return isTitle ? QStringLiteral("Reveal Folder in Finder") : QVariant();
+        return isTitle ? displayText(words.revealFolder) : QVariant();
     case Kind::none:
         return isTitle ? QStringLiteral("No node_modules, Gradle build outputs, Rust targets or virtualenvs found in "
                                         "this scan.")
@@ -200,7 +200,8 @@ QVariant wordsData(const CleanupRow &row, int role)
 
 } // namespace
 
-QVariant cleanupRowData(const CleanupRow &row, int role, const CleanupItem *measured, std::string_view home)
+QVariant cleanupRowData(const CleanupRow &row, int role, const CleanupItem *measured, std::string_view home,
+                        const SystemWords &words)
 {
     switch (role) {
     case KindRole:
@@ -218,7 +219,7 @@ QVariant cleanupRowData(const CleanupRow &row, int role, const CleanupItem *meas
     case Kind::header:
         return sectionData(row, role);
     case Kind::card:
-        return cardData(row, measured, role);
+        return cardData(row, measured, role, words);
     case Kind::entry:
         return entryData(row, role);
     case Kind::artifact:
@@ -229,7 +230,7 @@ QVariant cleanupRowData(const CleanupRow &row, int role, const CleanupItem *meas
     case Kind::prompt:
     case Kind::partial:
     case Kind::none:
-        return wordsData(row, role);
+        return wordsData(row, role, words);
     }
     return {};
 }

@@ -33,6 +33,7 @@
 #include "core/store/removal_job.h"
 #include "core/type_slice.h"
 #include "core/volume_info.h"
+#include "core/words/system_words.h"
 #include "disk/disk_breakdown.h"
 #include "duplicates/found_duplicates.h"
 #include "platform/host.h"
@@ -264,6 +265,8 @@ public:
     /// Tests the access anew, which the user may have granted meanwhile.
     void refreshAccess();
     [[nodiscard]] const Host &host() const { return m_host; }
+    /// The sentences for the users of the system that the root describes.
+    [[nodiscard]] const SystemWords &words() const { return wordsOf(m_host.files.systemKind()); }
     [[nodiscard]] const ProtectedLocations &locations() const { return m_locations; }
     /// Shows an item in the file manager; what goes wrong, at once or later, is said in the toast.
     void reveal(const std::string &path);

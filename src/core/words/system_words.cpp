@@ -5,6 +5,30 @@ namespace corvane {
 const SystemWords &wordsOf(SystemKind kind)
 {
     static constexpr SystemWords mac{
+        .invitation = "See what fills this Mac",
+        .reveal = "Reveal in Finder",
+        .revealFolder = "Reveal Folder in Finder",
+        .diskSubtitle = "Every byte on your disk, accounted for — including what Finder calls “System Data”",
+        .needsAccess = "Needs Full Disk Access",
+        .blockedFolder = "macOS blocked access. Granting Full Disk Access usually fixes this.",
+        .orphansText =
+            "Library folders named after apps that are no longer on this Mac, from companies with no other "
+            "installed apps, untouched for 30+ days. Nothing is pre-selected. Review, then use the bar below "
+            "to move them to the Trash.",
+        .uninstallAdvice = "go to the Trash, so you can restore them if needed. macOS may ask for your password for "
+                           "apps installed by an installer.",
+        .bannerTitle = "Give Corvane Full Disk Access for complete results",
+        .bannerText = "Without it, macOS hides Mail, Safari, Trash and some app data — and may ask for permission "
+                      "folder by folder. Add Corvane in System Settings › Privacy & Security › Full Disk Access, then "
+                      "relaunch.",
+        .snapshotsTitle = "Local Time Machine Snapshots",
+        .snapshotsText =
+            "macOS keeps these hourly copies when Time Machine is on and deletes them by itself when space "
+            "runs low, so they're usually nothing to worry about. If you need the space right now, you can "
+            "thin them yourself in Terminal.",
+        .snapshotsNote = "The second command asks for your Mac password. Corvane never runs it for you.",
+        .listSnapshots = "tmutil listlocalsnapshots /",
+        .thinSnapshots = "sudo tmutil thinlocalsnapshots / 999999999999 4",
         .welcomeLine = "See what's filling your Mac and sweep it out safely.",
         .accessTitle = "Full Disk Access",
         .accessMissing = "Lets Corvane measure Mail, Safari, the Trash and app data, without asking folder by folder.",
@@ -18,6 +42,27 @@ const SystemWords &wordsOf(SystemKind kind)
         .crashReportContent = "the app and macOS version, your Mac model and the code that was running",
     };
     static constexpr SystemWords linuxSystem{
+        .invitation = "See what fills this computer",
+        .reveal = "Show in File Manager",
+        .revealFolder = "Show in File Manager",
+        .diskSubtitle = "Every byte on your disk, accounted for",
+        .needsAccess = "Can't be read",
+        .blockedFolder = "It belongs to {}, and you may not read it.",
+        .orphansText =
+            "Folders named after apps that are no longer on this computer, from makers with no other "
+            "installed apps, untouched for 30+ days. Nothing is pre-selected. Review, then use the bar below "
+            "to move them to the Trash.",
+        .uninstallAdvice = "go to the Trash, so you can restore them if needed.",
+        .bannerTitle = "Corvane can't open your home folder",
+        .bannerText = "Its permissions keep Corvane from listing it, so its files are missing from every figure. Check "
+                      "who owns it and who may read it.",
+        .snapshotsTitle = "Snapshots",
+        .snapshotsText =
+            "Earlier states of the disk that the system keeps. They share their storage with today's files, "
+            "and what only they still hold is freed when they are deleted.",
+        .snapshotsNote = "The second command asks for your password. Corvane never runs it for you.",
+        .listSnapshots = "sudo snapper list",
+        .thinSnapshots = "sudo snapper cleanup number",
         .welcomeLine = "See what's filling your computer and sweep it out safely.",
         .accessTitle = "Access to Your Files",
         .accessMissing = "Corvane can't open your home folder. Check who may read it.",

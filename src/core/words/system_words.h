@@ -8,6 +8,21 @@ namespace corvane {
 
 /// The sentences that are written differently for the users of the two systems.
 struct SystemWords {
+    std::string_view invitation;      ///< to the first scan
+    std::string_view reveal;          ///< an item, in the file manager
+    std::string_view revealFolder;    ///< a whole folder
+    std::string_view diskSubtitle;    ///< of the breakdown
+    std::string_view needsAccess;     ///< in the place of a count, of a folder that cannot be read
+    std::string_view blockedFolder;   ///< why one cannot be read, with "{}" for its owner where that matters
+    std::string_view orphansText;     ///< what deleted applications have left
+    std::string_view uninstallAdvice; ///< the end of the question before an uninstall
+    std::string_view bannerTitle;     ///< of what is missing without access
+    std::string_view bannerText;
+    std::string_view snapshotsTitle;
+    std::string_view snapshotsText;
+    std::string_view snapshotsNote;
+    std::string_view listSnapshots; ///< a command
+    std::string_view thinSnapshots; ///< a command
     std::string_view welcomeLine;   ///< beneath "Welcome to Corvane"
     std::string_view accessTitle;   ///< what the program must be granted to see everything
     std::string_view accessMissing; ///< what it is for, or what is wrong

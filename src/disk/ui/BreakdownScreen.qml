@@ -24,7 +24,7 @@ Rectangle {
         width: parent.width
         symbol: "chart.bar.doc.horizontal"
         title: qsTr("Where's My Space")
-        subtitle: qsTr("Every byte on your disk, accounted for — including what Finder calls “System Data”")
+        subtitle: SystemTexts.diskSubtitle
         trailing: RefreshButton {
             presenter: presenter
         }

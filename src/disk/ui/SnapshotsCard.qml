@@ -30,7 +30,7 @@ Rectangle {
         anchors.left: badge.right
         anchors.leftMargin: Theme.space10
         anchors.verticalCenter: badge.verticalCenter
-        text: qsTr("Local Time Machine Snapshots")
+        text: SystemTexts.snapshotsTitle
         font: Theme.bodySemiboldFont
         Accessible.role: Accessible.Heading
         Accessible.name: text
@@ -57,7 +57,7 @@ Rectangle {
         PlainText {
             width: Math.min(parent.width, DiskMetrics.snapshotTextWidth)
             bottomPadding: Theme.space10
-            text: qsTr("macOS keeps these hourly copies when Time Machine is on and deletes them by itself when space runs low, so they're usually nothing to worry about. If you need the space right now, you can thin them yourself in Terminal.")
+            text: SystemTexts.snapshots
             font: Theme.secondaryFont
             color: Theme.t2
             wrapMode: Text.Wrap
@@ -126,7 +126,7 @@ Rectangle {
         PlainText {
             width: parent.width
             height: Theme.captionLine
-            text: qsTr("The second command asks for your Mac password. Corvane never runs it for you.")
+            text: SystemTexts.snapshotsNote
             font: Theme.captionFont
             color: Theme.t3
             Accessible.role: Accessible.StaticText

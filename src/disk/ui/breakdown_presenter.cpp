@@ -182,6 +182,16 @@ bool BreakdownPresenter::hasSnapshots() const
     return isAvailable() && !breakdown()->snapshots.empty();
 }
 
+QString BreakdownPresenter::listCommand() const
+{
+    return m_store ? displayText(m_store->words().listSnapshots) : QString();
+}
+
+QString BreakdownPresenter::thinCommand() const
+{
+    return m_store ? displayText(m_store->words().thinSnapshots) : QString();
+}
+
 QString BreakdownPresenter::snapshotsFound() const
 {
     return isAvailable() ? QStringLiteral("%1 found").arg(breakdown()->snapshots.size()) : QString();

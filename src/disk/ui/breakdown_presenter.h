@@ -66,8 +66,8 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QString snapshotsFound READ snapshotsFound NOTIFY changed)
     Q_PROPERTY(QList<corvane::SnapshotText> snapshots READ snapshots NOTIFY changed)
     Q_PROPERTY(QString moreSnapshots READ moreSnapshots NOTIFY changed)
-    Q_PROPERTY(QString listCommand READ listCommand CONSTANT)
-    Q_PROPERTY(QString thinCommand READ thinCommand CONSTANT)
+    Q_PROPERTY(QString listCommand READ listCommand NOTIFY storeChanged)
+    Q_PROPERTY(QString thinCommand READ thinCommand NOTIFY storeChanged)
     /// The command that was copied last, for a short while; else empty.
     Q_PROPERTY(QString copied READ copied NOTIFY copiedChanged)
 
@@ -112,11 +112,8 @@ public:
     [[nodiscard]] QList<SnapshotText> snapshots() const;
     /// "+ 3 more", or empty
     [[nodiscard]] QString moreSnapshots() const;
-    [[nodiscard]] QString listCommand() const { return QStringLiteral("tmutil listlocalsnapshots /"); }
-    [[nodiscard]] QString thinCommand() const
-    {
-        return QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4");
-    }
+    [[nodiscard]] QString listCommand() const;
+    [[nodiscard]] QString thinCommand() const;
     [[nodiscard]] const QString &copied() const { return m_copied; }
 
     Q_INVOKABLE void refresh();

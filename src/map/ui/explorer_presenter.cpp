@@ -1,5 +1,7 @@
 #include "map/ui/explorer_presenter.h"
 
+#include <fmt/format.h>
+
 #include <QKeySequence>
 
 #include "core/store/followed.h"
@@ -74,11 +76,17 @@ QString ExplorerPresenter::emptyTitle() const
                                             : QStringLiteral("Nothing big here");
 }
 
+QString ExplorerPresenter::blockedText() const
+{
+    const std::string text = m_store ? std::string(m_store->words().blockedFolder) : std::string();
+    const std::string owner =
+        m_store ? m_store->host().files.ownerOf(folder()->path()).value_or("somebody else") : std::string();
+    return displayText(fmt::format(fmt::runtime(text), owner));
+}
+
 QString ExplorerPresenter::emptyText() const
 {
-    return folder() && folder()->unreadable
-               ? QStringLiteral("macOS blocked access. Granting Full Disk Access usually fixes this.")
-               : QStringLiteral("This folder is empty.");
+    return folder() && folder()->unreadable ? blockedText() : QStringLiteral("This folder is empty.");
 }
 
 void ExplorerPresenter::goUp() const

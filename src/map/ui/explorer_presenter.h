@@ -58,6 +58,9 @@ signals:
 private:
     [[nodiscard]] const FileNode *folder() const;
 
+    /// Why the folder shown cannot be read.
+    [[nodiscard]] QString blockedText() const;
+
     QPointer<StorageStore> m_store;
 };
 

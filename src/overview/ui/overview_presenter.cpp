@@ -142,11 +142,7 @@ double OverviewPresenter::usedFraction() const
 
 QString OverviewPresenter::welcomeTitle() const
 {
-#ifdef Q_OS_MACOS
-    return QStringLiteral("See what fills this Mac");
-#else
-    return QStringLiteral("See what fills this computer");
-#endif
+    return m_store ? displayText(m_store->words().invitation) : QString();
 }
 
 QString OverviewPresenter::diskChoiceText() const
@@ -306,7 +302,7 @@ void OverviewPresenter::followCleanup()
             rows.push_back({.id = displayText(item.def->id),
                             .title = displayText(item.def->title),
                             .sizeText = corvane::totalText(item),
-                            .countText = corvane::countText(item),
+                            .countText = corvane::countText(item, m_store->words()),
                             .symbol = displayText(item.def->symbol),
                             .tint = static_cast<int>(item.def->tint)});
         }

@@ -35,7 +35,7 @@ class OverviewPresenter : public QObject {
     Q_PROPERTY(QString availableText READ availableText NOTIFY changed)
     Q_PROPERTY(double usedFraction READ usedFraction NOTIFY changed)
     // The choices before the first scan.
-    Q_PROPERTY(QString welcomeTitle READ welcomeTitle CONSTANT)
+    Q_PROPERTY(QString welcomeTitle READ welcomeTitle NOTIFY storeChanged)
     Q_PROPERTY(QString diskChoiceText READ diskChoiceText NOTIFY changed)
     // The scan.
     Q_PROPERTY(QString scannedLine READ scannedLine NOTIFY changed)

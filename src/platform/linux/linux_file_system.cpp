@@ -62,6 +62,15 @@ Expected<ItemFacts> LinuxFileSystem::facts(const std::string &path)
     return itemFacts(facts, lastPathComponent(item->name()));
 }
 
+std::optional<std::string> LinuxFileSystem::ownerOf(const std::string &path)
+{
+    const Expected<LongPath> item = LongPath::resolve(withoutTrailingSlashes(path));
+    struct stat facts;
+    if (!item || ::fstatat(item->folder(), item->name(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
+        return std::nullopt;
+    return Environment::accountName(facts.st_uid);
+}
+
 bool LinuxFileSystem::exists(const std::string &path)
 {
     const Expected<LongPath> item = LongPath::resolve(path);

@@ -9,6 +9,7 @@ class LinuxFileSystem final : public FileSystem {
 public:
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &path) override;
     [[nodiscard]] Expected<ItemFacts> facts(const std::string &path) override;
+    [[nodiscard]] std::optional<std::string> ownerOf(const std::string &path) override;
     [[nodiscard]] bool exists(const std::string &path) override;
     [[nodiscard]] bool canOpen(const std::string &path) override;
     [[nodiscard]] Expected<std::string> readFile(const std::string &path, std::size_t most) override;

@@ -39,6 +39,16 @@ std::optional<std::string> Environment::homeComplaint()
     return "HOME is \"" + std::string(home) + "\"; it must be an absolute path";
 }
 
+std::optional<std::string> Environment::accountName(unsigned int user)
+{
+    std::vector<char> memory(16 * 1024);
+    passwd record{};
+    passwd *found = nullptr;
+    if (::getpwuid_r(user, &record, memory.data(), memory.size(), &found) == 0 && found != nullptr)
+        return found->pw_name;
+    return std::nullopt;
+}
+
 std::string Environment::accountHome()
 {
     std::vector<char> memory(16 * 1024);

@@ -14,9 +14,9 @@ QString totalText(const CleanupItem &item)
     return item.accessible ? sizeText(item.total()) : QStringLiteral("–");
 }
 
-QString countText(const CleanupItem &item)
+QString countText(const CleanupItem &item, const SystemWords &words)
 {
-    return item.accessible ? itemsText(item.entries.size()) : QStringLiteral("Needs Full Disk Access");
+    return item.accessible ? itemsText(item.entries.size()) : displayText(words.needsAccess);
 }
 
 } // namespace corvane

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "cleanup/cleanup_catalog.h"
+#include "core/words/system_words.h"
 
 namespace corvane {
 
@@ -17,6 +18,6 @@ namespace corvane {
 [[nodiscard]] QString totalText(const CleanupItem &item);
 
 /// How many entries a measured item has, or that it cannot be read.
-[[nodiscard]] QString countText(const CleanupItem &item);
+[[nodiscard]] QString countText(const CleanupItem &item, const SystemWords &words);
 
 } // namespace corvane

@@ -9,7 +9,6 @@
 
 #include "core/store/qt_words.h"
 #include "core/store/storage_store.h"
-#include "shell/ui/desktop_words.h"
 #include "shell/ui/selecting.h"
 
 namespace corvane {
@@ -70,7 +69,7 @@ QString NodeActions::openText() const
 
 QString NodeActions::revealText() const
 {
-    return revealWords();
+    return m_store ? displayText(m_store->words().reveal) : QString();
 }
 
 QString NodeActions::copyText() const

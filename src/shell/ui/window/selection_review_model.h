@@ -7,7 +7,6 @@
 
 #include "core/selected_entry.h"
 #include "core/store/storage_store.h"
-#include "shell/ui/desktop_words.h"
 #include "shell/ui/row_list_model.h"
 
 namespace corvane {
@@ -19,7 +18,7 @@ class SelectionReviewModel : public corvane::RowListModel {
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
-    Q_PROPERTY(QString revealText READ revealText CONSTANT)
+    Q_PROPERTY(QString revealText READ revealText NOTIFY storeChanged)
 
 public:
     enum Role {
@@ -43,7 +42,7 @@ public:
     Q_INVOKABLE void open(int row);
     /// Shows the row's item in the file manager.
     Q_INVOKABLE void reveal(int row);
-    [[nodiscard]] QString revealText() const { return revealWords(); }
+    [[nodiscard]] QString revealText() const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

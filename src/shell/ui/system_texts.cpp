@@ -1,0 +1,18 @@
+#include "shell/ui/system_texts.h"
+
+#include "core/store/qt_words.h"
+#include "shell/ui/store_registration.h"
+
+namespace corvane {
+
+SystemTexts *SystemTexts::create(QQmlEngine *engine, QJSEngine *scripts)
+{
+    return new SystemTexts(StoreRegistration::create(engine, scripts)->words());
+}
+
+QString SystemTexts::text(std::string_view words)
+{
+    return displayText(words);
+}
+
+} // namespace corvane

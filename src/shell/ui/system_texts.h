@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqml.h>
+
+#include "core/words/system_words.h"
+
+class QJSEngine;
+class QQmlEngine;
+
+namespace corvane {
+
+/// The sentences for the users of the system that the store describes, for QML: the singleton `SystemTexts`. Constant;
+/// main thread.
+class SystemTexts : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(QString diskSubtitle READ diskSubtitle CONSTANT)
+    Q_PROPERTY(QString orphans READ orphans CONSTANT)
+    Q_PROPERTY(QString bannerTitle READ bannerTitle CONSTANT)
+    Q_PROPERTY(QString bannerText READ bannerText CONSTANT)
+    Q_PROPERTY(bool accessIsInSettings READ accessIsInSettings CONSTANT)
+    Q_PROPERTY(QString snapshotsTitle READ snapshotsTitle CONSTANT)
+    Q_PROPERTY(QString snapshots READ snapshots CONSTANT)
+    Q_PROPERTY(QString snapshotsNote READ snapshotsNote CONSTANT)
+
+public:
+    static SystemTexts *create(QQmlEngine *, QJSEngine *);
+
+    [[nodiscard]] QString diskSubtitle() const { return text(m_words.diskSubtitle); }
+    [[nodiscard]] QString orphans() const { return text(m_words.orphansText); }
+    [[nodiscard]] QString bannerTitle() const { return text(m_words.bannerTitle); }
+    [[nodiscard]] QString bannerText() const { return text(m_words.bannerText); }
+    [[nodiscard]] bool accessIsInSettings() const { return m_words.accessIsInSettings; }
+    [[nodiscard]] QString snapshotsTitle() const { return text(m_words.snapshotsTitle); }
+    [[nodiscard]] QString snapshots() const { return text(m_words.snapshotsText); }
+    [[nodiscard]] QString snapshotsNote() const { return text(m_words.snapshotsNote); }
+
+private:
+    explicit SystemTexts(const SystemWords &words) : m_words(words) {}
+
+    [[nodiscard]] static QString text(std::string_view words);
+
+    const SystemWords &m_words;
+};
+
+} // namespace corvane
