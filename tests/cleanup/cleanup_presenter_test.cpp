@@ -65,10 +65,10 @@ TEST(CleanupWords, WhatCannotBeReadHasNoFigures)
 {
     CleanupItem item{CleanupCatalog::definitions.data(), {}, false};
     EXPECT_EQ(totalText(item), QStringLiteral("–"));
-    EXPECT_EQ(countText(item), QStringLiteral("Needs Full Disk Access"));
+    EXPECT_EQ(countText(item, wordsOf(SystemKind::mac)), QStringLiteral("Needs Full Disk Access"));
     item.accessible = true;
     EXPECT_EQ(totalText(item), QStringLiteral("Zero KB"));
-    EXPECT_EQ(countText(item), QStringLiteral("0 items"));
+    EXPECT_EQ(countText(item, wordsOf(SystemKind::mac)), QStringLiteral("0 items"));
 }
 
 } // namespace

@@ -1,31 +1,20 @@
 #include "platform/linux/disk_name.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <climits>
 #include <memory>
 
 #include <dirent.h>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/linux/mount_table.h"
-#include "platform/posix/regular_file.h"
+#include "platform/linux/os_release.h"
 
 namespace corvane {
 
 namespace {
-
-constexpr std::size_t releaseLimit = 65'536; // bytes
-
-std::string contentOf(const char *path)
-{
-    return RegularFile::open(AT_FDCWD, path, path, RegularFile::LinkRule::follow)
-        .and_then([](const auto &file) { return file->readAll(releaseLimit); })
-        .value_or(std::string());
-}
 
 /// What "/" is mounted from. The device of the files of a btrfs volume is not the one that its label leads to.
 std::string sourceOfRoot()
@@ -84,28 +73,11 @@ std::string unescapedLabel(std::string_view name)
     return label;
 }
 
-std::optional<std::string> releaseField(std::string_view text, std::string_view name)
-{
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find('\n', start), text.size());
-        std::string_view line = text.substr(start, end - start);
-        start = end + 1;
-        if (!line.starts_with(name) || line.substr(name.size(), 1) != "=")
-            continue;
-        line.remove_prefix(name.size() + 1);
-        if (line.size() >= 2 && (line.front() == '"' || line.front() == '\'') && line.back() == line.front())
-            line = line.substr(1, line.size() - 2);
-        if (!line.empty())
-            return std::string(line);
-    }
-    return std::nullopt;
-}
-
-std::optional<std::string> nameOfDisk()
+std::optional<std::string> nameOfDisk(FileSystem &files)
 {
     if (std::optional<std::string> label = labelOfRoot())
         return label;
-    if (std::optional<std::string> system = releaseField(contentOf("/etc/os-release"), "NAME"))
+    if (std::string system = OsRelease::load(files).value("NAME"); !system.empty())
         return system;
     return hostName();
 }

@@ -134,7 +134,7 @@ std::string LinuxFileSystem::homeFolder()
 
 std::optional<std::string> LinuxFileSystem::diskName()
 {
-    return nameOfDisk();
+    return nameOfDisk(*this);
 }
 
 std::vector<MountedFolder> LinuxFileSystem::mounts()

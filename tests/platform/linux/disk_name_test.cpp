@@ -2,24 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/host.h"
+
 namespace corvane {
 namespace {
 
 TEST(DiskName, IsNeverEmpty)
 {
-    ASSERT_TRUE(nameOfDisk().has_value());
-    EXPECT_FALSE(nameOfDisk()->empty());
-}
-
-TEST(DiskName, AFieldOfTheReleaseFileIsReadWithoutItsQuotes)
-{
-    const std::string text =
-        "PRETTY_NAME=\"Debian GNU/Linux 12 (bookworm)\"\nNAME='Debian GNU/Linux'\nID=debian\nEMPTY=\n";
-    EXPECT_EQ(releaseField(text, "NAME"), "Debian GNU/Linux");
-    EXPECT_EQ(releaseField(text, "ID"), "debian");
-    EXPECT_EQ(releaseField(text, "EMPTY"), std::nullopt);
-    EXPECT_EQ(releaseField(text, "VERSION"), std::nullopt);
-    EXPECT_EQ(releaseField("", "NAME"), std::nullopt);
+    const auto name = nameOfDisk(systemHost().files);
+    ASSERT_TRUE(name.has_value());
+    EXPECT_FALSE(name->empty());
 }
 
 TEST(DiskName, ALabelsBlanksAreWrittenAsUdevWritesThem)

@@ -4,7 +4,6 @@
 
 #include <QSignalSpy>
 
-#include "shell/ui/desktop_words.h"
 #include "shell/updates/fake_session.h"
 #include "shell/updates/update_failure.h"
 #include "shell/window/fake_store.h"
@@ -134,7 +133,8 @@ TEST_F(UpdatePresenterTest, PackageIsOpenedOnlyWhenTheUserSaysSo)
 {
     becomeReady(true);
     EXPECT_EQ(presenter.title(), QStringLiteral("Corvane 1.2.0 has been downloaded"));
-    EXPECT_THAT(buttons(), ElementsAre(QStringLiteral("Open Package"), revealWords(), QStringLiteral("Later")));
+    EXPECT_THAT(buttons(), ElementsAre(QStringLiteral("Open Package"), QStringLiteral("Show in File Manager"),
+                                       QStringLiteral("Later")));
     EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), IsEmpty());
     presenter.accept();
     EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl file:///home/studio/notes.txt"));
@@ -153,7 +153,7 @@ TEST_F(UpdatePresenterTest, PackageIsShownInTheFileManagerToo)
 TEST_F(UpdatePresenterTest, WhatIsNoPackageIsOnlyShown)
 {
     becomeReady(false);
-    EXPECT_THAT(buttons(), ElementsAre(revealWords(), QString(), QStringLiteral("Later")));
+    EXPECT_THAT(buttons(), ElementsAre(QStringLiteral("Show in File Manager"), QString(), QStringLiteral("Later")));
     presenter.accept();
     EXPECT_THAT(fake.fake.log->linesStartingWith("reveal"), ElementsAre("reveal /home/studio/notes.txt"));
     EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), IsEmpty());

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "core/store/qt_words.h"
-#include "shell/ui/desktop_words.h"
 #include "shell/ui/open_page.h"
 
 namespace corvane {
@@ -139,7 +138,7 @@ QString UpdatePresenter::acceptText() const
     case Phase::available:
         return QStringLiteral("Download");
     case Phase::ready:
-        return state().isPackage ? QStringLiteral("Open Package") : revealWords();
+        return state().isPackage ? QStringLiteral("Open Package") : showText();
     case Phase::idle:
     case Phase::checking:
     case Phase::downloading:
@@ -149,9 +148,14 @@ QString UpdatePresenter::acceptText() const
     return {};
 }
 
+QString UpdatePresenter::showText() const
+{
+    return m_store ? displayText(m_store->words().reveal) : QString();
+}
+
 QString UpdatePresenter::revealText() const
 {
-    return state().phase == Phase::ready && state().isPackage ? revealWords() : QString();
+    return state().phase == Phase::ready && state().isPackage ? showText() : QString();
 }
 
 QString UpdatePresenter::dismissText() const

@@ -74,6 +74,8 @@ private:
     [[nodiscard]] const UpdateState &state() const;
 
     QPointer<AppUpdater> m_updater;
+    [[nodiscard]] QString showText() const;
+
     QPointer<StorageStore> m_store;
     QPointer<UpdateSession> m_session;
     QMetaObject::Connection m_following;
