@@ -24,6 +24,7 @@ protected:
     AppsFixture()
     {
         fake.files.setHome(home);
+        fake.files.setSystemKind(SystemKind::mac);
         fake.files.setPackageExtensions({"app"});
         Theme::instance()->setReducedMotion(true);
     }

@@ -190,7 +190,7 @@ TEST_F(UninstallerScreenTest, AnAppIsShownWithItsSectionsAndWhatIsAboutToHappen)
     EXPECT_TRUE(shows(QStringLiteral("Leftovers in your Library")));
     EXPECT_TRUE(shows(QStringLiteral("Possible matches")));
     EXPECT_TRUE(shows(QStringLiteral("App and 2 leftovers · 6.74 GB")));
-    EXPECT_NE(button(QStringLiteral("Show in File Manager")), nullptr);
+    EXPECT_NE(button(QStringLiteral("Reveal in Finder")), nullptr);
     EXPECT_TRUE(isChosen(deckRow));
     EXPECT_FALSE(isVisible("uninstaller.none"));
     const std::vector<QQuickItem *> boxes = checkBoxes(deckID);
@@ -458,18 +458,18 @@ TEST_F(UninstallerScreenTest, ARightClickOpensTheMenuOfTheAppThatItChooses)
     ASSERT_TRUE(
         QTest::qWaitFor([&] { return scene->object("uninstaller.menu")->property("opened").toBool(); }, patience));
     EXPECT_TRUE(isChosen(kiteRow));
-    scene->click(textItem(QStringLiteral("Show in File Manager")));
+    scene->click(textItem(QStringLiteral("Reveal in Finder")));
     EXPECT_THAT(fake.log->lines(), testing::Contains("reveal /Applications/Kite Mail.app"));
 }
 
 TEST_F(UninstallerScreenTest, EveryLeftoverHasAButtonThatRevealsIt)
 {
     openSignalDeck();
-    QQuickItem *const reveal = button(QStringLiteral("Show in File Manager") + QStringLiteral(": Signal Deck"));
+    QQuickItem *const reveal = button(QStringLiteral("Reveal in Finder") + QStringLiteral(": Signal Deck"));
     ASSERT_NE(reveal, nullptr);
     scene->click(reveal);
     EXPECT_THAT(fake.log->lines(), testing::Contains("reveal " + at("Library/Application Support/Signal Deck")));
-    scene->click(button(QStringLiteral("Show in File Manager")));
+    scene->click(button(QStringLiteral("Reveal in Finder")));
     EXPECT_THAT(fake.log->lines(), testing::Contains("reveal /Applications/Signal Deck.app"));
 }
 

@@ -46,7 +46,7 @@ protected:
 };
 
 const QString caches = QStringLiteral("App Caches");
-const QString revealTitle = QStringLiteral("Reveal Folder in Finder");
+const QString revealTitle = QStringLiteral("Show in File Manager");
 
 // --- Sections and cards
 
@@ -97,7 +97,7 @@ TEST_F(CleanupListModelTest, ALocationThatCannotBeReadSaysWhatItNeeds)
     measure();
     const int row = rowOf(QStringLiteral("Trash"));
     EXPECT_EQ(text(row, Model::SizeTextRole), QStringLiteral("–"));
-    EXPECT_EQ(text(row, Model::CountTextRole), QStringLiteral("Needs Full Disk Access"));
+    EXPECT_EQ(text(row, Model::CountTextRole), QStringLiteral("Can't be read"));
     EXPECT_TRUE(data(row, Model::UnreadableRole).toBool());
     EXPECT_FALSE(data(row, Model::CheckableRole).toBool());
     expand(QStringLiteral("Trash"));

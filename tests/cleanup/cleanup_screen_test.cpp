@@ -136,7 +136,7 @@ TEST_F(CleanupScreenTest, APressOnACardOpensAndClosesIt)
     measureAndShow();
     clickRow(row(caches));
     ASSERT_TRUE(appears(browser));
-    EXPECT_TRUE(shows(QStringLiteral("Reveal Folder in Finder")));
+    EXPECT_TRUE(shows(QStringLiteral("Show in File Manager")));
     clickRow(row(caches));
     ASSERT_TRUE(disappears(browser));
 }
@@ -180,7 +180,7 @@ TEST_F(CleanupScreenTest, WhatCannotBeReadSaysWhatItNeeds)
     fake.files.addFile(at(".Trash/a"), 1'000);
     fake.files.failOpening(at(".Trash"));
     measureAndShow();
-    EXPECT_NE(row(QStringLiteral("Trash, Safe, Needs Full Disk Access")), nullptr);
+    EXPECT_NE(row(QStringLiteral("Trash, Safe, Can't be read")), nullptr);
     scene->click(checkBox(QStringLiteral("Trash")));
     EXPECT_TRUE(store.selection().empty());
 }

@@ -24,6 +24,7 @@ constexpr int patience = 10'000; // milliseconds
 
 class BreakdownPresenterTest : public testing::Test {
 protected:
+    BreakdownPresenterTest() { fake.fake.files.setSystemKind(SystemKind::mac); }
     ~BreakdownPresenterTest() override { Theme::instance()->setDark(false); }
 
     /// The store holds that breakdown and the presenter shows it.

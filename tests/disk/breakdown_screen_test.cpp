@@ -29,6 +29,7 @@ protected:
     BreakdownScreenTest()
     {
         Theme::instance()->setReducedMotion(true);
+        fake.fake.files.setSystemKind(SystemKind::mac);
         // So that measuring the disk can be held up at a folder.
         fake.fake.files.addFile("/Applications/Harbor.app", 60'000'000);
         StoreRegistration::setStore(&fake.store);

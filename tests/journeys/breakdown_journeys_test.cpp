@@ -266,11 +266,11 @@ TEST_F(BreakdownJourney, TheCopyButtonsCopyTheirCommandsAndSaySoForAWhile)
 
     tabTo(list);
     press(Qt::Key_Space);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("tmutil listlocalsnapshots /"));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo snapper list"));
     EXPECT_EQ(list.property("text").toString(), QStringLiteral("Copied!"));
 
     driver().click(thin);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4"));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo snapper cleanup number"));
     EXPECT_EQ(thin.property("text").toString(), QStringLiteral("Copied!"));
     EXPECT_EQ(list.property("text").toString(), QStringLiteral("Copy “list snapshots” command"));
 
@@ -281,10 +281,10 @@ TEST_F(BreakdownJourney, TheCopyButtonsCopyTheirCommandsAndSaySoForAWhile)
 TEST_F(BreakdownJourney, WithoutSnapshotsThereIsNoCard)
 {
     openOnAMac(macWithSnapshots(0));
-    EXPECT_FALSE(shows(QStringLiteral("Local Time Machine Snapshots")));
+    EXPECT_FALSE(shows(QStringLiteral("Snapshots")));
 
     store().finishBreakdown(macWithSnapshots(1), store().breakdownToken());
-    EXPECT_TRUE(shows(QStringLiteral("Local Time Machine Snapshots")));
+    EXPECT_TRUE(shows(QStringLiteral("Snapshots")));
     EXPECT_TRUE(shows(QStringLiteral("1 found")));
 }
 

@@ -165,8 +165,8 @@ TEST_F(CleanupJourney, ALocationThatCannotBeReadSaysWhatItNeedsAndAddsNothing)
     addFile(".gradle/caches", 5);
     openCleanup();
     const QString gradle = QStringLiteral("Gradle Caches");
-    EXPECT_EQ(says(gradle), "Gradle Caches, Safe, Needs Full Disk Access");
-    EXPECT_TRUE(shows(QStringLiteral("Needs Full Disk Access")));
+    EXPECT_EQ(says(gradle), "Gradle Caches, Safe, Can't be read");
+    EXPECT_TRUE(shows(QStringLiteral("Can't be read")));
     EXPECT_TRUE(shows(QStringLiteral("5.2 MB of caches & build junk is safe to clear")));
     tickRow(gradle);
     EXPECT_THAT(selected(), IsEmpty());

@@ -102,6 +102,8 @@ TEST_F(ExplorerPresenterTest, AnUnreadableRootIsLocked)
     EXPECT_TRUE(presenter.isEmpty());
     EXPECT_EQ(presenter.emptySymbol(), QStringLiteral("lock"));
     EXPECT_EQ(presenter.emptyTitle(), QStringLiteral("Can't read this folder"));
+    EXPECT_EQ(presenter.emptyText(), QStringLiteral("It belongs to somebody else, and you may not read it."));
+    fake.files.setSystemKind(SystemKind::mac);
     EXPECT_EQ(presenter.emptyText(),
               QStringLiteral("macOS blocked access. Granting Full Disk Access usually fixes this."));
 }

@@ -44,7 +44,7 @@ Item {
 
         PushButton {
             objectName: "uninstaller.reveal"
-            text: foot.presenter.revealText
+            text: SystemTexts.reveal
             onClicked: foot.presenter.reveal()
         }
         PushButton {

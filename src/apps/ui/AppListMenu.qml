@@ -11,7 +11,7 @@ AppMenu {
     signal uninstallWanted
 
     AppMenuItem {
-        text: menu.target.revealText
+        text: SystemTexts.reveal
         onTriggered: menu.target.reveal()
     }
     AppMenuItem {

@@ -17,7 +17,6 @@ BoxRow {
     required property string checkReason
     /// Tells when the item was changed last.
     property bool showsDate: false
-    property string revealText
 
     signal toggleWanted
     signal revealWanted
@@ -99,7 +98,7 @@ BoxRow {
         anchors.right: parent.right
         anchors.rightMargin: Theme.hairlineWidth + AppsMetrics.rowEnd + Theme.hairlineWidth
         anchors.verticalCenter: parent.verticalCenter
-        text: row.revealText
+        text: SystemTexts.reveal
         itemName: row.title
         onClicked: row.revealWanted()
     }

@@ -77,7 +77,6 @@ AppList {
 
                 width: list.width
                 showsDate: list.showsDates
-                revealText: list.contents.menuTarget.revealText
                 ringed: ListView.isCurrentItem && list.visualFocus
                 onPressed: list.point(index)
                 onToggleWanted: list.contents.toggle(index)

@@ -8,7 +8,7 @@ AppMenu {
     required property NodeActions target
 
     AppMenuItem {
-        text: menu.target.revealText
+        text: SystemTexts.reveal
         onTriggered: menu.target.reveal()
     }
     AppMenuItem {

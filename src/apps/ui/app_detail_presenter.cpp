@@ -118,11 +118,6 @@ QString AppDetailPresenter::warning() const
                : QString();
 }
 
-QString AppDetailPresenter::revealText() const
-{
-    return m_store ? displayText(m_store->words().reveal) : QString();
-}
-
 AppDetailPresenter::Plan AppDetailPresenter::currentPlan() const
 {
     Plan plan;

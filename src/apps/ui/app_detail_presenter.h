@@ -33,7 +33,6 @@ class AppDetailPresenter : public QObject {
     Q_PROPERTY(corvane::AppLeftoversModel *leftovers READ leftovers CONSTANT)
     /// What would go to the Trash.
     Q_PROPERTY(QString plan READ plan NOTIFY planChanged)
-    Q_PROPERTY(QString revealText READ revealText CONSTANT)
     Q_PROPERTY(bool canUninstall READ canUninstall NOTIFY canUninstallChanged)
     /// It is on its way to the Trash, or asked to quit before.
     Q_PROPERTY(bool uninstalling READ isUninstalling NOTIFY canUninstallChanged)
@@ -67,7 +66,6 @@ public:
     [[nodiscard]] AppLeftoversModel *leftovers() { return &m_leftovers; }
     /// "App and 6 leftovers · 8.95 GB"
     [[nodiscard]] QString plan() const;
-    [[nodiscard]] QString revealText() const;
     [[nodiscard]] bool canUninstall() const { return m_app && m_store && !isUninstalling(); }
     [[nodiscard]] bool isUninstalling() const;
     [[nodiscard]] QString question() const;

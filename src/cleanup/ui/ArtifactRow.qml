@@ -15,7 +15,6 @@ BoxRow {
     required property bool checkable
     required property string checkReason
     /// What its button does.
-    required property string revealText
 
     signal toggleWanted
     signal revealWanted
@@ -92,7 +91,7 @@ BoxRow {
         anchors.right: parent.right
         anchors.rightMargin: CleanupMetrics.rowInset + (Theme.iconSize - width) / 2
         anchors.verticalCenter: parent.verticalCenter
-        text: row.revealText
+        text: SystemTexts.reveal
         itemName: row.title
         onClicked: row.revealWanted()
     }

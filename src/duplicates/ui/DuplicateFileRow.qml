@@ -13,7 +13,6 @@ BoxRow {
     required property bool checkable
     required property string checkReason
     /// What its button does.
-    required property string revealText
 
     signal toggleWanted
     signal revealWanted
@@ -80,7 +79,7 @@ BoxRow {
         anchors.right: parent.right
         anchors.rightMargin: DuplicatesMetrics.revealInset
         anchors.verticalCenter: parent.verticalCenter
-        text: row.revealText
+        text: SystemTexts.reveal
         itemName: row.title
         onClicked: row.revealWanted()
     }

@@ -72,7 +72,6 @@ AppList {
                 required property int index
 
                 width: list.width
-                revealText: contents.menuTarget.revealText
                 ringed: ListView.isCurrentItem && list.visualFocus
                 onPressed: list.point(index)
                 onActivated: contents.activate(index)

@@ -13,7 +13,7 @@ AppMenu {
         onTriggered: menu.target.open()
     }
     AppMenuItem {
-        text: menu.target.revealText
+        text: SystemTexts.reveal
         enabled: menu.target.canReveal
         onTriggered: menu.target.reveal()
     }

@@ -67,11 +67,6 @@ QString NodeActions::openText() const
     return m_isElsewhere && !m_isFile ? QStringLiteral("Open in Space Map") : QStringLiteral("Open");
 }
 
-QString NodeActions::revealText() const
-{
-    return m_store ? displayText(m_store->words().reveal) : QString();
-}
-
 QString NodeActions::copyText() const
 {
     return QStringLiteral("Copy Path");

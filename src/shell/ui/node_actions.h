@@ -26,7 +26,6 @@ class NodeActions : public QObject {
     Q_PROPERTY(bool canReveal READ canReveal NOTIFY changed)
     Q_PROPERTY(bool canSelect READ canSelect NOTIFY changed)
     Q_PROPERTY(QString openText READ openText NOTIFY changed)
-    Q_PROPERTY(QString revealText READ revealText CONSTANT)
     Q_PROPERTY(QString copyText READ copyText CONSTANT)
     Q_PROPERTY(QString selectText READ selectText NOTIFY changed)
 
@@ -45,7 +44,6 @@ public:
     [[nodiscard]] bool canReveal() const;
     [[nodiscard]] bool canSelect() const;
     [[nodiscard]] QString openText() const;
-    [[nodiscard]] QString revealText() const;
     [[nodiscard]] QString copyText() const;
     [[nodiscard]] QString selectText() const;
 

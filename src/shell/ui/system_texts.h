@@ -17,6 +17,7 @@ class SystemTexts : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
+    Q_PROPERTY(QString reveal READ reveal CONSTANT)
     Q_PROPERTY(QString diskSubtitle READ diskSubtitle CONSTANT)
     Q_PROPERTY(QString orphans READ orphans CONSTANT)
     Q_PROPERTY(QString bannerTitle READ bannerTitle CONSTANT)
@@ -29,6 +30,8 @@ class SystemTexts : public QObject {
 public:
     static SystemTexts *create(QQmlEngine *, QJSEngine *);
 
+    /// Of the command that shows an item in the file manager.
+    [[nodiscard]] QString reveal() const { return text(m_words.reveal); }
     [[nodiscard]] QString diskSubtitle() const { return text(m_words.diskSubtitle); }
     [[nodiscard]] QString orphans() const { return text(m_words.orphansText); }
     [[nodiscard]] QString bannerTitle() const { return text(m_words.bannerTitle); }

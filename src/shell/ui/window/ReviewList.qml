@@ -61,7 +61,7 @@ AppList {
             onTriggered: entries.open(list.currentIndex)
         }
         AppMenuItem {
-            text: entries.revealText
+            text: SystemTexts.reveal
             onTriggered: entries.reveal(list.currentIndex)
         }
     }

@@ -54,11 +54,6 @@ void SelectionReviewModel::open(int row)
         m_store->openFile(m_entries[static_cast<std::size_t>(row)].path);
 }
 
-QString SelectionReviewModel::revealText() const
-{
-    return m_store ? displayText(m_store->words().reveal) : QString();
-}
-
 void SelectionReviewModel::reveal(int row)
 {
     if (m_store && row >= 0 && row < count())

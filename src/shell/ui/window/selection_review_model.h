@@ -18,7 +18,6 @@ class SelectionReviewModel : public corvane::RowListModel {
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
-    Q_PROPERTY(QString revealText READ revealText NOTIFY storeChanged)
 
 public:
     enum Role {
@@ -42,7 +41,6 @@ public:
     Q_INVOKABLE void open(int row);
     /// Shows the row's item in the file manager.
     Q_INVOKABLE void reveal(int row);
-    [[nodiscard]] QString revealText() const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
