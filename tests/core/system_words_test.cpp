@@ -1,5 +1,7 @@
 #include "core/words/system_words.h"
 
+#include <regex>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -50,11 +52,10 @@ TEST(SystemWords, ALinuxSystemIsDescribedWithoutAWordOfAMac)
     std::vector<std::string_view> sentences = sentencesOf(wordsOf(SystemKind::linuxSystem));
     const std::vector<std::string_view> disk = sentencesOf(diskTableOf(SystemKind::linuxSystem));
     sentences.insert(sentences.end(), disk.begin(), disk.end());
-    for (const std::string_view sentence : sentences) {
-        for (const char *word : {"Finder", "macOS", "Mac", "Full Disk Access", "APFS", "Homebrew", "Time Machine",
-                                 "Xcode", "Spotlight", "iCloud", "Terminal "})
-            EXPECT_EQ(sentence.find(word), std::string_view::npos) << sentence;
-    }
+    const std::regex wordsOfAMac(
+        R"(\b(Finder|macOS|Mac|Full Disk Access|APFS|Homebrew|Time Machine|Xcode|Spotlight|iCloud)\b)");
+    for (const std::string_view sentence : sentences)
+        EXPECT_FALSE(std::regex_search(std::string(sentence), wordsOfAMac)) << sentence;
 }
 
 TEST(SystemWords, EveryPlaceHasARowOfItsOwn)

@@ -321,6 +321,7 @@ TEST_F(BreakdownPresenterTest, FromTheSeventhOnSnapshotsAreCounted)
 
 TEST_F(BreakdownPresenterTest, ACommandIsCopiedAsItIsAndSaidForTwoSeconds)
 {
+    presenter.setStore(&store());
     EXPECT_EQ(presenter.listCommand(), QStringLiteral("tmutil listlocalsnapshots /"));
     EXPECT_EQ(presenter.thinCommand(), QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4"));
     EXPECT_EQ(presenter.copied(), QString());

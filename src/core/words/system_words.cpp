@@ -17,10 +17,6 @@ const SystemWords &wordsOf(SystemKind kind)
             "to move them to the Trash.",
         .uninstallAdvice = "go to the Trash, so you can restore them if needed. macOS may ask for your password for "
                            "apps installed by an installer.",
-        .bannerTitle = "Give Corvane Full Disk Access for complete results",
-        .bannerText = "Without it, macOS hides Mail, Safari, Trash and some app data — and may ask for permission "
-                      "folder by folder. Add Corvane in System Settings › Privacy & Security › Full Disk Access, then "
-                      "relaunch.",
         .snapshotsTitle = "Local Time Machine Snapshots",
         .snapshotsText =
             "macOS keeps these hourly copies when Time Machine is on and deletes them by itself when space "
@@ -53,9 +49,6 @@ const SystemWords &wordsOf(SystemKind kind)
             "installed apps, untouched for 30+ days. Nothing is pre-selected. Review, then use the bar below "
             "to move them to the Trash.",
         .uninstallAdvice = "go to the Trash, so you can restore them if needed.",
-        .bannerTitle = "Corvane can't open your home folder",
-        .bannerText = "Its permissions keep Corvane from listing it, so its files are missing from every figure. Check "
-                      "who owns it and who may read it.",
         .snapshotsTitle = "Snapshots",
         .snapshotsText =
             "Earlier states of the disk that the system keeps. They share their storage with today's files, "

@@ -16,8 +16,6 @@ struct SystemWords {
     std::string_view blockedFolder;   ///< why one cannot be read, with "{}" for its owner where that matters
     std::string_view orphansText;     ///< what deleted applications have left
     std::string_view uninstallAdvice; ///< the end of the question before an uninstall
-    std::string_view bannerTitle;     ///< of what is missing without access
-    std::string_view bannerText;
     std::string_view snapshotsTitle;
     std::string_view snapshotsText;
     std::string_view snapshotsNote;

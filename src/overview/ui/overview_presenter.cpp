@@ -91,7 +91,7 @@ bool OverviewPresenter::needsAccess() const
 
 const SystemWords &OverviewPresenter::systemWords() const
 {
-    return wordsOf(m_store ? m_store->host().files.systemKind() : SystemKind::linuxSystem);
+    return m_store ? m_store->words() : wordsOf(SystemKind::linuxSystem);
 }
 
 QString OverviewPresenter::accessTitle() const

@@ -20,9 +20,6 @@ class SystemTexts : public QObject {
     Q_PROPERTY(QString reveal READ reveal CONSTANT)
     Q_PROPERTY(QString diskSubtitle READ diskSubtitle CONSTANT)
     Q_PROPERTY(QString orphans READ orphans CONSTANT)
-    Q_PROPERTY(QString bannerTitle READ bannerTitle CONSTANT)
-    Q_PROPERTY(QString bannerText READ bannerText CONSTANT)
-    Q_PROPERTY(bool accessIsInSettings READ accessIsInSettings CONSTANT)
     Q_PROPERTY(QString snapshotsTitle READ snapshotsTitle CONSTANT)
     Q_PROPERTY(QString snapshots READ snapshots CONSTANT)
     Q_PROPERTY(QString snapshotsNote READ snapshotsNote CONSTANT)
@@ -34,9 +31,6 @@ public:
     [[nodiscard]] QString reveal() const { return text(m_words.reveal); }
     [[nodiscard]] QString diskSubtitle() const { return text(m_words.diskSubtitle); }
     [[nodiscard]] QString orphans() const { return text(m_words.orphansText); }
-    [[nodiscard]] QString bannerTitle() const { return text(m_words.bannerTitle); }
-    [[nodiscard]] QString bannerText() const { return text(m_words.bannerText); }
-    [[nodiscard]] bool accessIsInSettings() const { return m_words.accessIsInSettings; }
     [[nodiscard]] QString snapshotsTitle() const { return text(m_words.snapshotsTitle); }
     [[nodiscard]] QString snapshots() const { return text(m_words.snapshotsText); }
     [[nodiscard]] QString snapshotsNote() const { return text(m_words.snapshotsNote); }

@@ -114,7 +114,7 @@ void FeedbackPresenter::setIncludeInfo(bool include)
 
 QString FeedbackPresenter::infoText() const
 {
-    return m_store ? displayText(wordsOf(m_store->host().files.systemKind()).includeSystemInfo) : QString();
+    return m_store ? displayText(m_store->words().includeSystemInfo) : QString();
 }
 
 // --- Sending

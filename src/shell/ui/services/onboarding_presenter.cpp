@@ -74,7 +74,7 @@ void OnboardingPresenter::testAccess()
 
 const SystemWords *OnboardingPresenter::words() const
 {
-    return m_store ? &wordsOf(m_store->host().files.systemKind()) : nullptr;
+    return m_store ? &m_store->words() : nullptr;
 }
 
 QString OnboardingPresenter::welcomeLine() const

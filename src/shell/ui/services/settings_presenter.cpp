@@ -109,7 +109,7 @@ QString SettingsPresenter::crashExplanation() const
     if (!m_store || !m_api)
         return {};
     return QStringLiteral("Crash reports contain technical details: ") +
-           displayText(wordsOf(m_store->host().files.systemKind()).crashReportContent) +
+           displayText(m_store->words().crashReportContent) +
            QStringLiteral(". They never include file contents, and they're sent only to ") + m_api->site().host() +
            QStringLiteral(" to fix bugs.");
 }
@@ -118,7 +118,7 @@ QString SettingsPresenter::crashExplanation() const
 
 QString SettingsPresenter::accessTitle() const
 {
-    return m_store ? displayText(wordsOf(m_store->host().files.systemKind()).accessTitle) : QString();
+    return m_store ? displayText(m_store->words().accessTitle) : QString();
 }
 
 QString SettingsPresenter::accessStatus() const
