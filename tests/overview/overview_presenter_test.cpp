@@ -307,9 +307,14 @@ TEST_F(OverviewPresenterTest, WithoutQuickWinsItSaysSo)
 
 TEST_F(OverviewPresenterTest, BeforeTheFirstMeasurementNothingIsClaimed)
 {
+    EXPECT_FALSE(presenter.isMeasuring()) << "what turns without work keeps the processor busy";
+    EXPECT_FALSE(presenter.isTidy());
+    EXPECT_EQ(presenter.quickWinsText(), QString());
+    store.refreshCleanup();
     EXPECT_TRUE(presenter.isMeasuring());
+    EXPECT_FALSE(presenter.isTidy());
     EXPECT_EQ(presenter.quickWinsText(), QStringLiteral("Measuring caches…"));
-    measure();
+    waitForMeasurement();
     EXPECT_FALSE(presenter.isMeasuring());
     store.refreshCleanup();
     EXPECT_FALSE(presenter.isMeasuring()) << "the last figures stay while they are measured anew";

@@ -313,18 +313,20 @@ void OverviewPresenter::followCleanup()
 
 bool OverviewPresenter::isMeasuring() const
 {
-    return m_store && m_store->cleanupItems().empty();
+    return m_store && m_store->cleanupItems().empty() && m_store->cleanupLoading();
 }
 
 bool OverviewPresenter::isTidy() const
 {
-    return !isMeasuring() && m_quickWins.rowCount() == 0;
+    return m_store && !m_store->cleanupItems().empty() && m_quickWins.rowCount() == 0;
 }
 
 QString OverviewPresenter::quickWinsText() const
 {
     if (isMeasuring())
         return QStringLiteral("Measuring caches…");
+    if (!m_store || m_store->cleanupItems().empty())
+        return {};
     return isTidy() ? QStringLiteral("Your caches look tidy. Nice!")
                     : sizeText(m_store->safeCleanupTotal()) + QStringLiteral(" of safe-to-clear junk");
 }

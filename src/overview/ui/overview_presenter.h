@@ -94,9 +94,10 @@ public:
     [[nodiscard]] QString topFigures() const;
     [[nodiscard]] OverviewRowsModel *topItems() { return &m_topItems; }
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
+    /// Empty before the first measurement has begun.
     [[nodiscard]] QString quickWinsText() const;
     [[nodiscard]] bool isTidy() const;
-    /// The catalogue's figures are not known yet.
+    /// The catalogue is being measured for the first time; that waits until the user has read what for.
     [[nodiscard]] bool isMeasuring() const;
     [[nodiscard]] OverviewRowsModel *quickWins() { return &m_quickWins; }
 
