@@ -35,11 +35,12 @@ bool isNamedLikeReport(std::string_view name, std::string_view executable)
 // A listing tells dates to the second, which would lose the report of a crash right after the last look.
 bool isLater(const std::string &path, Time modified, const QDateTime &since)
 {
+    // In seconds, for some file systems keep dates that overflow in any smaller unit.
     const qint64 listed = modified.time_since_epoch().count();
-    const qint64 looked = since.toMSecsSinceEpoch();
-    if (listed != since.toSecsSinceEpoch())
-        return listed * 1000 > looked;
-    return QFileInfo(QFile::decodeName(QByteArray::fromStdString(path))).lastModified().toMSecsSinceEpoch() > looked;
+    const qint64 looked = since.toSecsSinceEpoch();
+    if (listed != looked)
+        return listed > looked;
+    return QFileInfo(QFile::decodeName(QByteArray::fromStdString(path))).lastModified() > since;
 }
 
 // The report's beginning as text; nothing where it cannot be read.

@@ -143,6 +143,17 @@ TEST_F(CrashReporterTest, FindsWhatIsLaterThanTheLastCheckToTheMillisecond)
     EXPECT_THAT(found(), ElementsAre("corvane-4-after-in-that-second.ips", "corvane-5-after.ips"));
 }
 
+TEST_F(CrashReporterTest, DatesAtTheEndsOfWhatAFileCanHaveAreLaterOrEarlier)
+{
+    FakeFileSystem files;
+    files.addText("/reports/corvane-1.ips", "x", 4'096, Time(Time::duration::max()));
+    files.addText("/reports/corvane-2.ips", "x", 4'096, Time(Time::duration::max() / 900));
+    files.addText("/reports/corvane-3.ips", "x", 4'096, Time(Time::duration::min()));
+    files.addText("/reports/corvane-4.ips", "x", 4'096, Time(Time::duration::min() / 900));
+    const CrashReporter reporter(defaults, api, files, {.folders = {"/reports"}, .executable = "corvane"});
+    EXPECT_THAT(reporter.findReports(lastCheck), ElementsAre("/reports/corvane-1.ips", "/reports/corvane-2.ips"));
+}
+
 TEST_F(CrashReporterTest, ReportsOfBothFoldersAreSortedByName)
 {
     writeReport("corvane-2.ips");
