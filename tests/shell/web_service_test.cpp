@@ -218,6 +218,14 @@ TEST(WebService, EndlessAnswerIsNotReadToItsEnd)
     EXPECT_EQ(afterAnswer({.status = 500, .body = body, .ending = Ending::endless}), "The server had a problem (500).");
 }
 
+TEST(WebService, AnswerThatUnfoldsIsNotUnfolded)
+{
+    const LoopbackAnswer answer{.status = 500,
+                                .headers = {{"Content-Encoding", "deflate"}},
+                                .body = qCompress(R"({"error": "The inbox is full."})").sliced(4)};
+    EXPECT_EQ(afterAnswer(answer), "The server had a problem (500).");
+}
+
 TEST(WebService, CertificateThatNobodySignedIsNotReached)
 {
     LoopbackServer server(LoopbackServer::Security::tls);

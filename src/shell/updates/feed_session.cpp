@@ -26,6 +26,13 @@ qint64 lengthOf(const FileDescriptor &file)
     return ::fstat(file.number(), &facts) == 0 ? static_cast<qint64>(facts.st_size) : -1;
 }
 
+// A file that could be the download, by its length. Of one that is larger than any the signature is not worth hours.
+bool hasLength(const FileDescriptor &file, std::optional<qint64> stated, qint64 most)
+{
+    const qint64 length = lengthOf(file);
+    return stated ? length == *stated : length <= most;
+}
+
 } // namespace
 
 FeedSession::FeedSession(Options options, QObject *parent)
@@ -138,7 +145,7 @@ void FeedSession::download()
     m_name = UpdateName::of(m_update->version, m_update->download);
     m_state.received = 0;
     auto earlier = m_folder->finished(m_name);
-    if (earlier && (!m_update->length || lengthOf(*earlier) == *m_update->length)) {
+    if (earlier && hasLength(*earlier, m_update->length, m_options.mostBytes)) {
         m_file = std::make_shared<FileDescriptor>(std::move(*earlier));
         m_isFromEarlier = true;
         verify();

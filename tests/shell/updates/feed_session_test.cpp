@@ -220,6 +220,14 @@ TEST_F(FeedSessionTest, FeedThatIsCutShortIsRefused)
     EXPECT_EQ(failureOfCheck(), line(Kind::feedCut));
 }
 
+TEST_F(FeedSessionTest, FeedThatUnfoldsIsNotUnfolded)
+{
+    // Small on its way, however large it becomes.
+    server.answer("/feed.xml",
+                  {.headers = {{"Content-Encoding", "deflate"}}, .body = qCompress(feedText({item()})).sliced(4)});
+    EXPECT_EQ(failureOfCheck(), line(Kind::feedMalformed));
+}
+
 TEST_F(FeedSessionTest, FeedWithoutAnEndIsRefused)
 {
     server.answer("/feed.xml", {.body = QByteArray(10'000, ' '), .ending = Ending::endless});
@@ -400,6 +408,26 @@ TEST_F(FeedSessionTest, DownloadFromEarlierThatIsNotRightIsReplaced)
     std::ifstream file(session().state().path, std::ios::binary);
     const std::string content{std::istreambuf_iterator<char>(file), {}};
     EXPECT_EQ(content, package.toStdString());
+}
+
+TEST_F(FeedSessionTest, EarlierFileThatIsLargerThanAnyDownloadIsNotReadButReplaced)
+{
+    FeedItem lengthless = item();
+    lengthless.length.clear();
+    publish(lengthless);
+    changed = [this](FeedSession::Options options) {
+        options.mostBytes = package.size();
+        return options;
+    };
+    caches.writeText("corvane/updates/Corvane-1.2.0.deb", "x");
+    const std::filesystem::path planted = caches / "corvane/updates/Corvane-1.2.0.deb";
+    std::filesystem::resize_file(planted, 1ULL << 40U); // without taking any space
+    session().check(byUser, offer);
+    ASSERT_TRUE(waitForPhase(session(), Phase::available)) << qPrintable(session().state().failure);
+    session().download();
+    EXPECT_EQ(session().state().phase, Phase::downloading) << "a terabyte would be read for an hour";
+    ASSERT_TRUE(waitForPhase(session(), Phase::ready)) << qPrintable(session().state().failure);
+    EXPECT_EQ(std::filesystem::file_size(planted), static_cast<std::uintmax_t>(package.size()));
 }
 
 TEST_F(FeedSessionTest, EndDuringACheckLeavesNothing)
