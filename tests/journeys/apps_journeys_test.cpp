@@ -184,6 +184,22 @@ TEST_F(AppsJourney, AnAppThatIsNotRunningGoesToTheTrashWithWhatIsTicked)
     EXPECT_TRUE(shows(QStringLiteral("Pick an app")));
 }
 
+TEST_F(AppsJourney, CommandsAndOtherSheetsWaitUntilTheQuestionIsAnswered)
+{
+    openUninstaller();
+    choose(deck);
+    click(QStringLiteral("uninstaller.uninstall"));
+    waitForPopup(QStringLiteral("uninstallConfirm"));
+    store().setShowFeedback(true);
+    press(Qt::Key_R, Qt::ControlModifier);
+    driver().rest();
+    EXPECT_FALSE(isShown(QStringLiteral("feedback.send")));
+    EXPECT_EQ(store().phase(), StorageStore::Phase::idle);
+    press(Qt::Key_Escape);
+    waitForPopupClosed(QStringLiteral("uninstallConfirm"));
+    waitForPopup(QStringLiteral("feedback"));
+}
+
 TEST_F(AppsJourney, CancelLeavesEverythingAsItWas)
 {
     openUninstaller();

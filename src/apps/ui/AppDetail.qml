@@ -7,6 +7,7 @@ Item {
     id: detail
 
     required property AppDetailPresenter presenter
+    readonly property bool asking: question.visible
 
     function takeKeyboard() {
         if (presenter.leftovers.hasItems)

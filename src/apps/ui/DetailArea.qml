@@ -9,6 +9,7 @@ FocusScope {
     required property UninstallerPresenter presenter
     readonly property bool showsApp: presenter.shown === UninstallerPresenter.Shown.app
     readonly property bool showsOrphans: presenter.shown === UninstallerPresenter.Shown.orphans
+    readonly property bool asking: app.asking
 
     /// Gives the keyboard to the list of what is chosen.
     function takeKeyboard() {

@@ -10,6 +10,8 @@ Rectangle {
     /// The window's own commands, shown at the right of the header.
     property Component toolbar
     readonly property bool wide: width >= Theme.wideContentWidth
+    /// A question is open.
+    readonly property bool asking: detail.asking
 
     color: Theme.surface
 

@@ -6,6 +6,9 @@ import Corvane.Shell
 T.MenuItem {
     id: item
 
+    /// What gives the command too.
+    property var keys: action ? action.shortcut : ""
+
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Theme.menuRowHeight
     horizontalPadding: Theme.space10
@@ -22,7 +25,7 @@ T.MenuItem {
 
     contentItem: MenuRow {
         text: item.text
-        detail: item.action ? KeyText.text(item.action.shortcut) : ""
+        detail: KeyText.text(item.keys)
         markable: item.checkable
         marked: item.checked
         opensMenu: item.subMenu !== null

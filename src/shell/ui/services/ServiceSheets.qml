@@ -75,7 +75,7 @@ Item {
         id: feedback
 
         wanted: feedbackPresenter.wanted
-        blocked: sheets.blocked || !sheets.shown || welcomePresenter.wanted || welcome.open || crash.open
+        blocked: sheets.blocked || !sheets.shown || welcomePresenter.wanted || welcome.open || crash.wanted || crash.open
         component: Component {
             FeedbackSheet {
                 feedback: feedbackPresenter

@@ -13,8 +13,8 @@ ApplicationWindow {
 
     required property SidebarModel screens
 
-    /// A sheet of the window's own is open.
-    readonly property bool asksItself: review.visible || about.visible || confirmation.visible
+    /// A sheet of the window's own or of its screen is open.
+    readonly property bool asksItself: review.visible || about.visible || confirmation.visible || screenView.asking
     readonly property bool asking: asksItself || services.asking || updates.visible
     /// How much of a screen lies beneath the selection bar.
     readonly property real coveredHeight: selectionBar.takenHeight
@@ -98,6 +98,8 @@ ApplicationWindow {
         clip: true
 
         ScreenLoader {
+            id: screenView
+
             anchors.fill: parent
             screens: window.screens
             coveredHeight: window.coveredHeight
@@ -145,6 +147,12 @@ ApplicationWindow {
         sequences: ["Forward", Qt.platform.os === "osx" ? "Alt+Right" : ""]
         enabled: actions.forward.enabled
         onActivated: history.goForward()
+    }
+    // In the settings too, and over a sheet, which keeps the keys of commands from the window.
+    Shortcut {
+        sequence: actions.quitKeys
+        context: Qt.ApplicationShortcut
+        onActivated: actions.quit.trigger()
     }
     // Over everything, so that the mouse's own buttons do the same wherever the pointer is.
     MouseArea {

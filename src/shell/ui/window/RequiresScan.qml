@@ -21,6 +21,10 @@ Item {
     required property bool goesBeneathBar
 
     readonly property bool waiting: needed && !presenter.hasScan
+    // Of any type; not every screen has questions.
+    readonly property var shownScreen: loader.item
+    /// The screen has a sheet open.
+    readonly property bool asking: shownScreen?.asking ?? false
 
     ScanPresenter {
         id: presenter
@@ -28,6 +32,8 @@ Item {
         store: Store
     }
     Loader {
+        id: loader
+
         anchors.fill: parent
         anchors.bottomMargin: view.goesBeneathBar ? 0 : view.coveredHeight
         sourceComponent: view.waiting ? null : view.screen

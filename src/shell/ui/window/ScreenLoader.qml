@@ -9,6 +9,8 @@ Item {
     required property SidebarModel screens
     /// How much of the view lies beneath the selection bar, at its bottom.
     required property real coveredHeight
+    /// The screen has a sheet open.
+    readonly property bool asking: screen.asking
 
     function show() {
         if (screen.screen === view.screens.content)

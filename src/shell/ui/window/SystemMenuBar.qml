@@ -52,6 +52,7 @@ MenuBar {
         }
         Command {
             action: bar.actions.quit
+            shortcut: bar.actions.quitKeys
             role: MenuItem.QuitRole
         }
     }

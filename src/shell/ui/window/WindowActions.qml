@@ -113,9 +113,10 @@ QtObject {
     }
     readonly property Action quit: Action {
         text: qsTr("Quit")
-        shortcut: "Ctrl+Q"
         onTriggered: Qt.quit()
     }
+    /// Of `quit`, which answers to them in every window.
+    readonly property string quitKeys: "Ctrl+Q"
 
     /// One for each screen, in the order of the sidebar.
     readonly property Instantiator show: Instantiator {

@@ -91,6 +91,7 @@ AppMenu {
     AppMenuItem {
         objectName: "appMenu.quit"
         action: menu.actions.quit
+        keys: menu.actions.quitKeys
     }
 
     Instantiator {
