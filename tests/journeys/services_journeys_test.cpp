@@ -92,7 +92,8 @@ protected:
     void openSettings()
     {
         press(Qt::Key_Comma, Qt::ControlModifier);
-        waitUntil([&] { return isOpen("settings") && QGuiApplication::focusWindow() == &settingsWindow(); }, QStringLiteral("the settings"));
+        waitUntil([&] { return isOpen("settings") && QGuiApplication::focusWindow() == &settingsWindow(); },
+                  QStringLiteral("the settings"));
     }
     /// What another process reads there: "didOnboard=true crashReportMode=never".
     [[nodiscard]] static std::string settingsOfAnotherProcess()
