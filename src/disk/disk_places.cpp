@@ -1,7 +1,6 @@
 #include "disk/disk_places.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <string_view>
 #include <utility>
@@ -9,6 +8,7 @@
 #include "core/foreign_sum.h"
 #include "core/scan_bounds.h"
 #include "core/size_walk.h"
+#include "core/told_size.h"
 #include "platform/path.h"
 #include "platform/walk_conditions.h"
 
@@ -17,27 +17,6 @@ namespace corvane {
 namespace {
 
 constexpr std::size_t childrenShown = 3;
-
-/// The bytes of a figure with a unit, such as "34.7GB", "512.0M" or "0B", at the start of a text: in thousands as
-/// Docker counts, or in 1,024s as the journal does. Nothing where there is none.
-std::optional<std::int64_t> sizeAtStart(std::string_view text, int thousand)
-{
-    double figure = 0;
-    const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), figure);
-    if (failure != std::errc{} || !(figure >= 0))
-        return std::nullopt;
-    const std::size_t unit = static_cast<std::size_t>(end - text.data());
-    constexpr std::string_view units = "BKMGTPE";
-    const std::size_t power =
-        unit < text.size() ? units.find(text[unit] == 'k' ? 'K' : text[unit]) : std::string_view::npos;
-    if (power == std::string_view::npos)
-        return std::nullopt;
-    for (std::size_t i = 0; i < power; ++i)
-        figure *= thousand;
-    if (figure > static_cast<double>(foreignSumLimit))
-        return std::nullopt;
-    return static_cast<std::int64_t>(figure);
-}
 
 } // namespace
 
@@ -51,13 +30,12 @@ std::optional<std::int64_t> DiskPlaces::sizeIn(const std::string &output, SizeTo
         const std::size_t position = output.find(before);
         return position == std::string::npos
                    ? std::nullopt
-                   : sizeAtStart(std::string_view(output).substr(position + before.size()), binary);
+                   : toldSize(std::string_view(output).substr(position + before.size()), binary);
     }
     std::int64_t sum = 0; // one line each for images, containers, volumes and the build cache
     for (std::size_t start = 0; start < output.size();) {
         const std::size_t end = std::min(output.find('\n', start), output.size());
-        const std::optional<std::int64_t> size =
-            sizeAtStart(std::string_view(output).substr(start, end - start), decimal);
+        const std::optional<std::int64_t> size = toldSize(std::string_view(output).substr(start, end - start), decimal);
         if (!size || !addForeign(sum, *size))
             return std::nullopt;
         start = end + 1;
