@@ -1,9 +1,9 @@
 #include "cleanup/cleanup_catalog.h"
 
 #include <algorithm>
-#include <optional>
+#include <utility>
 
-#include "cleanup/place_rule.h"
+#include "cleanup/cleanup_places.h"
 #include "core/allocated_size.h"
 #include "core/checked_add.h"
 #include "core/concurrent_perform.h"
@@ -95,46 +95,111 @@ std::int64_t CleanupItem::total() const
     return sum;
 }
 
+namespace {
+
+/// The entries of one row.
+class RowMeasurement {
+public:
+    RowMeasurement(const CleanupPlaces &places, FileSystem &files, const StopFlag &stop)
+        : m_countedElsewhere(places.countedElsewhere()), m_files(files), m_stop(stop)
+    {
+    }
+
+    [[nodiscard]] CleanupItem measure(const CleanupPlaces::Row &row)
+    {
+        const WalkConditions conditions;
+        CleanupItem item{.def = row.def, .entries = {}, .accessible = row.isListed, .path = row.path};
+        item.exists = !row.places.empty() || !row.isListed;
+        bool isListed = row.places.empty();
+        for (const CleanupPlaces::Place &place : row.places)
+            isListed |= add(place);
+        item.accessible &= isListed;
+        std::ranges::stable_sort(m_entries, std::ranges::greater(), &CleanupEntry::size);
+        item.entries = std::move(m_entries);
+        return item;
+    }
+
+private:
+    /// Whether it could be listed.
+    bool add(const CleanupPlaces::Place &place)
+    {
+        if (!place.name.empty() && !m_countedElsewhere.anyBeneath(place.realPath)) {
+            addEntry({place.path, 0, FileNode::Kind::directory, place.name});
+            return true;
+        }
+        auto folder = m_files.openFolder(place.path);
+        return folder && addItems(**folder, place.path, place.realPath, place.name);
+    }
+
+    /// The items in a folder that is called `name` among the entries; whether it could be listed.
+    bool addItems(OpenFolder &folder, const std::string &path, const std::string &realPath, const std::string &name)
+    {
+        std::vector<CleanupEntry> children;
+        if (!folder.list([&](const DirectoryEntry &entry) {
+                if (std::ranges::find(CleanupCatalog::ignoredNames, entry.name) == CleanupCatalog::ignoredNames.end())
+                    children.push_back({joined(path, entry.name), 0, kindOf(entry.type, entry.isPackage),
+                                        name.empty() ? std::string() : joined(name, entry.name)});
+                return m_stop || children.size() > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
+            }))
+            return false;
+        for (CleanupEntry &child : children) {
+            if (m_stop)
+                break;
+            const std::string childName(lastPathComponent(child.path));
+            const std::string realChild = joined(realPath, childName);
+            if (m_countedElsewhere.holds(realChild))
+                continue;
+            if (!m_countedElsewhere.anyBeneath(realChild)) {
+                addEntry(std::move(child));
+            } else if (auto inside = folder.openChild(childName)) {
+                addItems(**inside, child.path, realChild, name.empty() ? childName : child.name);
+            }
+        }
+        return true;
+    }
+
+    void addEntry(CleanupEntry entry)
+    {
+        entry.size = allocatedSize(entry.path, m_files, m_stop);
+        if (entry.size > 0 && addForeign(m_total, entry.size))
+            m_entries.push_back(std::move(entry));
+    }
+
+    const ExcludedItems &m_countedElsewhere;
+    FileSystem &m_files;
+    const StopFlag &m_stop;
+    std::vector<CleanupEntry> m_entries;
+    std::int64_t m_total = 0;
+};
+
+} // namespace
+
 CleanupItem CleanupCatalog::measure(const CleanupDefinition &definition, FileSystem &files, const StopFlag &stop)
 {
-    const WalkConditions conditions;
-    CleanupItem item{.def = &definition, .entries = {}, .exists = false};
-    const std::optional<std::string> place = PlaceRule(files).placeFor(definition.relativePath);
-    if (!place)
-        return item;
-    item.path = *place;
-    item.exists = files.exists(item.path);
-    if (!item.exists)
-        return item;
-
-    std::vector<CleanupEntry> children;
-    auto opened = files.openFolder(item.path);
-    if (!opened || !(*opened)->list([&](const DirectoryEntry &entry) {
-            if (std::ranges::find(ignoredNames, entry.name) == ignoredNames.end())
-                children.push_back({joined(item.path, entry.name), 0, kindOf(entry.type, entry.isPackage)});
-            return stop || children.size() > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
-        })) {
-        item.accessible = false;
-        return item;
-    }
-    std::int64_t total = 0;
-    for (CleanupEntry &child : children) {
-        if (stop)
-            break;
-        child.size = allocatedSize(child.path, files, stop);
-        if (child.size > 0 && addForeign(total, child.size))
-            item.entries.push_back(std::move(child));
-    }
-    std::ranges::stable_sort(item.entries, std::ranges::greater(), &CleanupEntry::size);
-    return item;
+    const CleanupPlaces places(files);
+    return RowMeasurement(places, files, stop).measure(places.rowOf(definition));
 }
 
 std::vector<CleanupItem> CleanupCatalog::measureAll(FileSystem &files, const StopFlag &stop)
 {
-    std::vector<CleanupItem> items(definitions.size());
-    concurrentPerform(definitions.size(), [&](std::size_t i) { items[i] = measure(definitions[i], files, stop); });
-    std::ranges::stable_sort(items, std::ranges::greater(), &CleanupItem::total);
+    const CleanupPlaces places(files);
+    std::vector<CleanupItem> items(places.rows().size());
+    concurrentPerform(items.size(),
+                      [&](std::size_t i) { items[i] = RowMeasurement(places, files, stop).measure(places.rows()[i]); });
+    sort(items);
     return items;
+}
+
+bool CleanupCatalog::isOfEverySystem(const CleanupItem &item)
+{
+    return std::ranges::any_of(definitions, [&](const CleanupDefinition &row) { return &row == item.def; });
+}
+
+void CleanupCatalog::sort(std::vector<CleanupItem> &items)
+{
+    const auto own = std::ranges::stable_partition(items, isOfEverySystem);
+    std::ranges::stable_sort(items.begin(), own.begin(), std::ranges::greater(), &CleanupItem::total);
+    std::ranges::stable_sort(own, std::ranges::greater(), &CleanupItem::total);
 }
 
 } // namespace corvane

@@ -5,6 +5,7 @@
 
 #include "core/checked_add.h"
 #include "core/selection.h"
+#include "core/words/figures.h"
 #include "platform/path.h"
 
 namespace corvane {
@@ -17,6 +18,31 @@ void appendEntries(const CleanupItem &item, std::vector<SelectedEntry> &into)
 }
 
 } // namespace
+
+std::vector<const CleanupItem *> largestFirst(std::span<const CleanupItem> items)
+{
+    std::vector<const CleanupItem *> sorted;
+    for (const CleanupItem &item : items)
+        sorted.push_back(&item);
+    const auto own = std::ranges::find_if_not(
+        sorted, [](const CleanupItem *item) { return CleanupCatalog::isOfEverySystem(*item); });
+    std::ranges::inplace_merge(sorted, own, std::ranges::greater(),
+                               [](const CleanupItem *item) { return item->total(); });
+    return sorted;
+}
+
+Showing showingOf(const CleanupItem &item, const CleanupTable &table)
+{
+    if (!table.foldsEmptyRows || item.exists)
+        return Showing::shown;
+    return std::ranges::find(table.foreignRows, item.def->id) == table.foreignRows.end() ? Showing::folded
+                                                                                         : Showing::hidden;
+}
+
+std::string foldedText(std::size_t count)
+{
+    return formatCount(static_cast<std::int64_t>(count), "more place holds nothing", "more places hold nothing");
+}
 
 bool takeRemoved(std::vector<CleanupItem> &items, std::span<const SelectedEntry> removed)
 {
@@ -37,7 +63,7 @@ bool takeRemoved(std::vector<CleanupItem> &items, std::span<const SelectedEntry>
         std::erase_if(item.entries, [](const CleanupEntry &entry) { return entry.size <= 0; });
         std::ranges::stable_sort(item.entries, std::ranges::greater(), &CleanupEntry::size);
     }
-    std::ranges::stable_sort(items, std::ranges::greater(), &CleanupItem::total);
+    CleanupCatalog::sort(items);
     return true;
 }
 

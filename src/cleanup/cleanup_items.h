@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "cleanup/cleanup_catalog.h"
@@ -9,7 +10,21 @@
 
 namespace corvane {
 
-// What is asked of the measured catalogue, a list of items with the largest total first.
+// What is asked of the measured catalogue, in the order of `CleanupCatalog::measureAll`.
+
+/// All items, those of every system and the system's own together, the largest total first.
+[[nodiscard]] std::vector<const CleanupItem *> largestFirst(std::span<const CleanupItem> items);
+
+/// How a row of the catalogue is shown.
+enum class Showing {
+    shown,
+    folded, ///< it holds nothing: counted with others in one line
+    hidden, ///< the same, and its program does not exist on this system
+};
+[[nodiscard]] Showing showingOf(const CleanupItem &item, const CleanupTable &table);
+
+/// "12 more places hold nothing".
+[[nodiscard]] std::string foldedText(std::size_t count);
 
 /// Takes what was removed out of the items, until they are measured again; whether a figure has changed.
 bool takeRemoved(std::vector<CleanupItem> &items, std::span<const SelectedEntry> removed);

@@ -48,15 +48,17 @@ std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) co
     const bool isUsual = liesBeneath(usual, m_home) && *realPlace == m_realHome + usual.substr(m_home.size());
     // The folder of the items in the Trash is protected wherever it lies; the items are not.
     const std::string judged = relativePath == ".Trash" ? joined(*realPlace, "item") : *realPlace;
-    if (!isUsual &&
-        (isRefused(*realPlace, place, usual) || (m_locations.isProtectedReally(judged) && !isMainFolder(usual))))
+    const bool mayBeMainFolder = isMainFolder(usual);
+    if (!(isUsual && mayBeMainFolder) && isRefused(*realPlace, place, usual))
+        return std::nullopt;
+    if (!isUsual && !mayBeMainFolder && m_locations.isProtectedReally(judged))
         return std::nullopt;
     // A main folder may be mounted there. What the system's own places show is left aside: the whole disk is seen
     // beneath one of those on some systems.
     const bool isRefusedElsewhere =
         std::ranges::any_of(m_mounts.otherPathsOf(*realPlace), [&](const std::string &other) {
             return isRefused(other, place, usual) ||
-                   (liesBeneath(other, m_realHome) && !isMainFolder(usual) && m_locations.isProtectedReally(other));
+                   (liesBeneath(other, m_realHome) && !mayBeMainFolder && m_locations.isProtectedReally(other));
         });
     return isRefusedElsewhere ? std::nullopt : std::optional(place);
 }

@@ -20,8 +20,8 @@ public:
 
     /// The folder that holds what a Mac keeps at `relativePath` in the home folder; it need not exist. Nothing where it
     /// really (links resolved) is or contains the home folder or one of the user's main folders, lies in one, is "/tmp"
-    /// or is protected, also where it is mounted a second time. The usual place itself holds whatever it is, and so
-    /// does a link to a folder of its own.
+    /// or is protected, also where it is mounted a second time. The usual place itself holds also where it is
+    /// protected, and the usual place of a main folder whatever it is; so does a link to a folder of its own.
     [[nodiscard]] std::optional<std::string> placeFor(std::string_view relativePath) const;
 
 private:

@@ -188,8 +188,8 @@ public:
     /// none of the mounted file systems.
     [[nodiscard]] virtual std::vector<MountedFolder> mounts() { return {}; }
 
-    /// Where this system keeps what a Mac keeps in that folder of the home (a path relative to it), if it has a
-    /// place of its own for it; a Mac has none. The place need not exist.
+    /// Where this system keeps what a Mac, or a tool that nobody has told otherwise, keeps in that folder of the home
+    /// (a path relative to it), if it has a place of its own for it; a Mac has none. The place need not exist.
     [[nodiscard]] virtual std::optional<OwnPlace> ownPlaceFor(std::string_view /*macPlace*/) { return std::nullopt; }
 
     /// The folders for documents, pictures and the like that the user has chosen (absolute paths), where the system

@@ -19,12 +19,40 @@ constexpr std::string_view pnpmStore = "Library/pnpm/store";
 constexpr std::string_view docker = "Library/Containers/com.docker.docker/Data/vms";
 constexpr std::string_view downloads = "Downloads";
 
+constexpr const char *variables[] = {"HOME",
+                                     "XDG_CACHE_HOME",
+                                     "XDG_CONFIG_HOME",
+                                     "XDG_DATA_HOME",
+                                     "GRADLE_USER_HOME",
+                                     "ANDROID_AVD_HOME",
+                                     "ANDROID_HOME",
+                                     "ANDROID_USER_HOME",
+                                     "ANDROID_SDK_ROOT",
+                                     "npm_config_cache",
+                                     "NPM_CONFIG_CACHE",
+                                     "PNPM_HOME",
+                                     "CARGO_HOME",
+                                     "npm_config_store_dir",
+                                     "YARN_CACHE_FOLDER",
+                                     "PIP_CACHE_DIR",
+                                     "UV_CACHE_DIR",
+                                     "GOCACHE",
+                                     "GOMODCACHE",
+                                     "GOPATH",
+                                     "YARN_GLOBAL_FOLDER",
+                                     "CCACHE_DIR",
+                                     "SCCACHE_DIR",
+                                     "CONDA_PKGS_DIRS",
+                                     "HF_HOME",
+                                     "HF_HUB_CACHE",
+                                     "OLLAMA_MODELS"};
+
 /// A home folder of its own; the variables that matter are unset, and come back as they were.
 class LinuxPlaces : public testing::Test {
 protected:
     LinuxPlaces()
     {
-        for (const char *const name : {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "HOME"}) {
+        for (const char *const name : variables) {
             const char *const value = std::getenv(name);
             m_before[name] = value != nullptr ? std::optional<std::string>(value) : std::nullopt;
             ::unsetenv(name);
@@ -159,6 +187,109 @@ TEST_F(LinuxPlaces, AListOfFoldersThatIsAPipeIsNotRead)
     folder.makeFolder(".config");
     ASSERT_EQ(::mkfifo((folder / ".config/user-dirs.dirs").c_str(), 0600), 0);
     EXPECT_TRUE(userFolders().empty());
+}
+
+TEST_F(LinuxPlaces, EveryToolFollowsItsOwnVariable)
+{
+    const struct {
+        const char *variable;
+        const char *value;
+        std::string_view place;
+        std::string expected;
+    } rows[] = {
+        {"GRADLE_USER_HOME", "/fast/gradle", ".gradle/caches", "/fast/gradle/caches"},
+        {"GRADLE_USER_HOME", "/fast/gradle", ".gradle/wrapper/dists", "/fast/gradle/wrapper/dists"},
+        {"ANDROID_USER_HOME", "/fast/android", ".android/avd", "/fast/android/avd"},
+        {"ANDROID_AVD_HOME", "/fast/avd", ".android/avd", "/fast/avd"},
+        {"ANDROID_SDK_ROOT", "/sdk1", androidImages, "/sdk1/system-images"},
+        {"ANDROID_HOME", "/sdk2", androidImages, "/sdk2/system-images"},
+        {"NPM_CONFIG_CACHE", "/fast/NPM", ".npm/_cacache", "/fast/NPM/_cacache"},
+        {"npm_config_cache", "/fast/npm/", ".npm/_cacache", "/fast/npm/_cacache"},
+        {"PNPM_HOME", "/fast/pnpm", pnpmStore, "/fast/pnpm/store"},
+        {"npm_config_store_dir", "/fast/store", pnpmStore, "/fast/store"},
+        {"YARN_CACHE_FOLDER", "/fast/yarn", ".cache/yarn", "/fast/yarn"},
+        {"YARN_GLOBAL_FOLDER", "/fast/berry", ".yarn/berry/cache", "/fast/berry/cache"},
+        {"PIP_CACHE_DIR", "/fast/pip", ".cache/pip", "/fast/pip"},
+        {"UV_CACHE_DIR", "/fast/uv", ".cache/uv", "/fast/uv"},
+        {"CARGO_HOME", "/fast/cargo", ".cargo/registry", "/fast/cargo/registry"},
+        {"GOCACHE", "/fast/gocache", ".cache/go-build", "/fast/gocache"},
+        {"GOPATH", "/fast/go:/slow/go", "go/pkg/mod", "/fast/go/pkg/mod"},
+        {"GOMODCACHE", "/fast/gomod", "go/pkg/mod", "/fast/gomod"},
+        {"CCACHE_DIR", "/fast/ccache", ".cache/ccache", "/fast/ccache"},
+        {"SCCACHE_DIR", "/fast/sccache", ".cache/sccache", "/fast/sccache"},
+        {"CONDA_PKGS_DIRS", "/fast/pkgs,/slow/pkgs", ".conda/pkgs", "/fast/pkgs"},
+        {"HF_HOME", "/fast/hf", ".cache/huggingface", "/fast/hf"},
+        {"HF_HOME", "/fast/hf", ".cache/huggingface/hub", "/fast/hf/hub"},
+        {"HF_HUB_CACHE", "/fast/hub", ".cache/huggingface/hub", "/fast/hub"},
+        {"OLLAMA_MODELS", "/fast/models", ".ollama/models", "/fast/models"},
+    };
+    for (const auto &row : rows) {
+        ::unsetenv(row.variable);
+        const std::optional<std::string> before = place(row.place);
+        for (const char *const none : {"", "relative", "./relative", "~/relative", "off"}) {
+            set(row.variable, none);
+            EXPECT_EQ(place(row.place), before) << row.variable << "=" << none;
+        }
+        set(row.variable, row.value);
+        EXPECT_EQ(place(row.place), row.expected) << row.variable;
+        EXPECT_TRUE(linuxPlaceFor(row.place, folder.path())->usual.starts_with(folder.path())) << row.variable;
+    }
+}
+
+TEST_F(LinuxPlaces, CachesOfToolsLieInTheFolderForCaches)
+{
+    set("XDG_CACHE_HOME", "/fast/cache");
+    set("XDG_DATA_HOME", "/big/data");
+    for (const std::string name : {"thumbnails", "drkonqi", "abrt", "yarn", "pip", "uv", "go-build", "ccache",
+                                   "sccache", "JetBrains", "huggingface", "huggingface/hub"})
+        EXPECT_EQ(linuxPlaceFor(".cache/" + name, folder.path()),
+                  (OwnPlace{"/fast/cache/" + name, folder / ".cache/" + name}));
+    for (const std::string name :
+         {"Steam/steamapps/shadercache", "containers/storage", "gnome-boxes/images", "libvirt/images"})
+        EXPECT_EQ(place(".local/share/" + name), "/big/data/" + name);
+}
+
+TEST_F(LinuxPlaces, EveryToolFollowsItsOwnConfiguration)
+{
+    folder.writeText(".npmrc", "# comment\nregistry=https://x.example/\ncache = ~/npm\nstore-dir=/fast/pnpm\n");
+    folder.writeText(".config/pip/pip.conf", "[global]\ncache-dir = /fast/pip\r\n");
+    folder.writeText(".config/uv/uv.toml", "cache-dir = \"/fast/uv\"\n");
+    folder.writeText(".config/go/env", "GOPATH=/fast/go\nGOCACHE=/fast/gocache\n");
+    folder.writeText(".config/ccache/ccache.conf", "max_size = 5G\ncache_dir = $HOME/objects\n");
+    folder.writeText(".m2/settings.xml", "<settings><!-- <localRepository>/path/to/local/repo</localRepository> -->\n"
+                                         "<localRepository>\n ${user.home}/maven </localRepository></settings>\n");
+    EXPECT_EQ(place(".npm/_cacache"), folder / "npm/_cacache");
+    EXPECT_EQ(place(pnpmStore), "/fast/pnpm");
+    EXPECT_EQ(place(".cache/pip"), "/fast/pip");
+    EXPECT_EQ(place(".cache/uv"), "/fast/uv");
+    EXPECT_EQ(place(".cache/go-build"), "/fast/gocache");
+    EXPECT_EQ(place("go/pkg/mod"), "/fast/go/pkg/mod");
+    EXPECT_EQ(place(".cache/ccache"), folder / "objects");
+    EXPECT_EQ(place(".m2/repository"), folder / "maven");
+    set("PIP_CACHE_DIR", "/variable");
+    EXPECT_EQ(place(".cache/pip"), "/variable") << "the variable comes first";
+}
+
+TEST_F(LinuxPlaces, ConfigurationThatNamesNoAbsolutePathIsIgnored)
+{
+    for (const std::string value : {"", "cache", "./cache", "\"\"", "${OTHER}/x", "/a/${OTHER}", "~other/x"}) {
+        folder.writeText(".npmrc", "cache=" + value + "\n");
+        EXPECT_EQ(place(".npm/_cacache"), std::nullopt) << value;
+        folder.writeText(".m2/settings.xml", "<localRepository>" + value + "</localRepository>");
+        EXPECT_EQ(place(".m2/repository"), std::nullopt) << value;
+    }
+    folder.writeText(".m2/settings.xml", "<localRepository>/x");
+    EXPECT_EQ(place(".m2/repository"), std::nullopt);
+    folder.writeText(".m2/settings.xml", "<!-- <localRepository>/x</localRepository>");
+    EXPECT_EQ(place(".m2/repository"), std::nullopt);
+}
+
+TEST_F(LinuxPlaces, AConfigurationThatIsAPipeOrTooLongIsNotRead)
+{
+    ASSERT_EQ(::mkfifo((folder / ".npmrc").c_str(), 0600), 0);
+    EXPECT_EQ(place(".npm/_cacache"), std::nullopt);
+    folder.writeText(".m2/settings.xml", "<localRepository>/x</localRepository>" + std::string(1'000'000, ' '));
+    EXPECT_EQ(place(".m2/repository"), std::nullopt);
 }
 
 TEST_F(LinuxPlaces, OfWhatHasNoOtherPlaceNothingIsKnown)
