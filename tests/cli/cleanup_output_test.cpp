@@ -38,12 +38,13 @@ CleanupItem closed(std::string_view id)
     return unreadable;
 }
 
-std::string table(const std::vector<CleanupItem> &items)
+std::string table(const std::vector<CleanupItem> &items, SystemKind kind = SystemKind::mac,
+                  const std::vector<AdminCommand> &commands = {})
 {
     testing::internal::CaptureStdout();
     {
         Console console;
-        writeCleanupTable(items, "/home/u", console);
+        writeCleanupTable({items, commands, cleanupTableOf(kind), "/home/u"}, console);
         console.out.flush();
     }
     return testing::internal::GetCapturedStdout();
@@ -102,9 +103,43 @@ TEST(CleanupTable, ShowsGroupsInTheirOrderAndLeavesOutEmptyFolders)
               "\"corvane-cli cleanup --json\" names what lies in each; \"corvane-cli remove PATH\" removes it\n");
 }
 
+TEST(CleanupTable, OnALinuxSystemWhatDoesNotExistIsFoldedAndTheCommandsFollow)
+{
+    CleanupItem nothing = item("npm");
+    nothing.exists = false;
+    CleanupItem foreign = item("deriveddata");
+    foreign.exists = false;
+    CleanupItem empty = item("androidimages");
+    empty.path = "/home/u/Android/Sdk/system-images";
+    const std::vector<AdminCommand> commands{
+        {.id = "apt", .title = "Package cache", .command = "sudo apt clean", .bytes = 5'900'000},
+        {.id = "docker", .title = "Unused container images", .command = "sudo docker system prune"}};
+    EXPECT_EQ(table({item("caches", {{"/home/u/.cache/a", 100'000}}), empty, nothing, foreign}, SystemKind::linuxSystem,
+                    commands),
+              "100 KB could be cleaned up, 100 KB of it safely\n"
+              "\n"
+              "System\n"
+              "    100 KB  safe    App Caches                    1 item in ~/.cache\n"
+              "\n"
+              "Developer\n"
+              "   Zero KB  review  Android System Images         0 items in ~/Android/Sdk/system-images\n"
+              "\n"
+              "1 more place holds nothing\n"
+              "\n"
+              "Needs the Administrator\n"
+              "    5.9 MB  Package cache                         sudo apt clean\n"
+              "         ?  Unused container images               sudo docker system prune\n"
+              "Corvane never runs these. Copy a command and run it in a terminal.\n"
+              "\n"
+              "\"corvane-cli cleanup --json\" names what lies in each; \"corvane-cli remove PATH\" removes it\n");
+}
+
 TEST(CleanupTable, EveryTitleFitsItsColumn)
 {
-    for (const CleanupDefinition &definition : CleanupCatalog::definitions) {
+    std::vector<CleanupDefinition> definitions(CleanupCatalog::definitions.begin(), CleanupCatalog::definitions.end());
+    const auto own = cleanupTableOf(SystemKind::linuxSystem).rows;
+    definitions.insert(definitions.end(), own.begin(), own.end());
+    for (const CleanupDefinition &definition : definitions) {
         const std::string text = table({{&definition, {{"/x/a", 1}}, true}});
         EXPECT_NE(text.find("1 item in /x\n"), std::string::npos);
         const std::size_t row = text.find("    1 byte");

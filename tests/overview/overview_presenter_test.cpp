@@ -286,6 +286,20 @@ TEST_F(OverviewPresenterTest, FiveSafeLocationsGiveFourRowsAndTheSumOfAll)
     EXPECT_EQ(presenter.quickWins()->rows().front().countText, QStringLiteral("1 item"));
 }
 
+TEST_F(OverviewPresenterTest, TheSystemsOwnSafeLocationsAreQuickWinsBetweenTheOthers)
+{
+    fake.files.setSystemKind(SystemKind::linuxSystem);
+    addFile("Library/Caches/a", 5'000'000);
+    addFile(".ollama/models/b", 9'000'000);
+    addFile(".cargo/registry/c", 4'000'000);
+    addFile(".Trash/d", 2'000'000);
+    addFile("go/pkg/mod/e", 6'000'000);
+    measure();
+    EXPECT_EQ(titles(*presenter.quickWins()),
+              QStringList({QStringLiteral("Go Module Cache"), QStringLiteral("App Caches"),
+                           QStringLiteral("Cargo Registry"), QStringLiteral("Trash")}));
+}
+
 TEST_F(OverviewPresenterTest, WhatIsEmptyOrToBeReviewedIsNoQuickWin)
 {
     addFile("Downloads/a", 5'000'000);

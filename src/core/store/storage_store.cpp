@@ -29,6 +29,7 @@ StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations
       m_scanJob([this](std::shared_ptr<ScanResult> result) { publishScan(std::move(result)); }, walksAtOnce),
       m_breakdownJob([this](DiskBreakdown breakdown) { publishBreakdown(std::move(breakdown)); }),
       m_cleanupJob([this](std::vector<CleanupItem> items) { publishCleanup(std::move(items)); }),
+      m_cleanupCommandsJob([this](std::vector<AdminCommand> commands) { publishCleanupCommands(std::move(commands)); }),
       m_appsJob([this](AppInventory::Result result) { publishApps(std::move(result)); }),
       m_duplicatesJob([this](std::vector<DuplicateGroup> groups) { publishDuplicates(std::move(groups)); }),
       m_removal(host, locations, [this](const auto &outcome, bool permanently, const auto &remains) {
@@ -48,6 +49,7 @@ StorageStore::~StorageStore()
     m_scanJob.close();
     m_breakdownJob.close();
     m_cleanupJob.close();
+    m_cleanupCommandsJob.close();
     m_appsJob.close();
     m_duplicatesJob.close();
     m_removal.close();

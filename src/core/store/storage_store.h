@@ -17,6 +17,7 @@
 #include <QTimer>
 
 #include "apps/app_inventory.h"
+#include "cleanup/admin_command.h"
 #include "cleanup/cleanup_catalog.h"
 #include "core/file_node.h"
 #include "core/file_type.h"
@@ -173,12 +174,20 @@ public:
     /// The measured catalogue, largest total first; empty until it has been measured once.
     [[nodiscard]] const std::vector<CleanupItem> &cleanupItems() const { return m_cleanupItems; } // cleanupChanged
     [[nodiscard]] bool cleanupLoading() const { return m_cleanupJob.isLoading(); }                // cleanupChanged
-    /// Measures the catalogue anew in the background.
+    /// The commands that free space and that the user has to run, largest first; empty until they were looked for.
+    [[nodiscard]] const std::vector<AdminCommand> &cleanupCommands() const
+    {
+        return m_cleanupCommands;
+    } // cleanupCommandsChanged
+    /// Measures the catalogue anew in the background, and what the commands would free.
     void refreshCleanup();
     /// Takes over a measurement unless `token` is no longer the newest request.
     void finishCleanup(std::vector<CleanupItem> items, int token);
     /// The number of the newest request.
     [[nodiscard]] int cleanupToken() const { return m_cleanupJob.token(); }
+    /// Takes over the commands unless `token` is no longer the newest request.
+    void finishCleanupCommands(std::vector<AdminCommand> commands, int token);
+    [[nodiscard]] int cleanupCommandsToken() const { return m_cleanupCommandsJob.token(); }
     /// What the items come to that may be cleared without a second look.
     [[nodiscard]] std::int64_t safeCleanupTotal() const;
     /// Selects every entry of those items that may be selected at all.
@@ -293,8 +302,9 @@ signals:
     void progressChanged();
     void folderWanted();
     void breakdownChanged(); ///< the breakdown, or whether one is being computed
-    void cleanupChanged();   ///< the catalogue's items, or whether they are being measured
-    void appsChanged();      ///< the applications, the orphans, or whether they are being loaded
+    void cleanupCommandsChanged();
+    void cleanupChanged(); ///< the catalogue's items, or whether they are being measured
+    void appsChanged();    ///< the applications, the orphans, or whether they are being loaded
     void uninstallsChanged();
     void duplicatesChanged(); ///< the groups, or the phase of the search
     void duplicateProgressChanged();
@@ -323,6 +333,7 @@ private:
     void publishBreakdown(DiskBreakdown breakdown);
     void dropOutdatedBreakdown();
     void publishCleanup(std::vector<CleanupItem> items);
+    void publishCleanupCommands(std::vector<AdminCommand> commands);
     void publishApps(AppInventory::Result result);
 
     // The duplicates.
@@ -383,6 +394,7 @@ private:
     std::optional<DiskBreakdown> m_breakdown;
     bool m_breakdownHasTree = false; // whether the newest request is about the installed tree
     std::vector<CleanupItem> m_cleanupItems;
+    std::vector<AdminCommand> m_cleanupCommands;
     AppInventory::Result m_inventory;
     bool m_appsLoaded = false;
     std::vector<Uninstall> m_uninstalls; // in the order of the requests
@@ -406,6 +418,7 @@ private:
     LatestJob<std::shared_ptr<ScanResult>, ScanProgress> m_scanJob;
     LatestJob<DiskBreakdown> m_breakdownJob;
     LatestJob<std::vector<CleanupItem>> m_cleanupJob;
+    LatestJob<std::vector<AdminCommand>> m_cleanupCommandsJob;
     LatestJob<AppInventory::Result> m_appsJob;
     LatestJob<std::vector<DuplicateGroup>> m_duplicatesJob;
     RemovalJob m_removal;

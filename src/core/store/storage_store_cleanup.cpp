@@ -8,6 +8,8 @@ namespace corvane {
 void StorageStore::refreshCleanup()
 {
     m_cleanupJob.start([this](const StopFlag &stop) { return CleanupCatalog::measureAll(m_host.files, stop); });
+    // A job of its own: a tool whose service hangs must not hold up the figures.
+    m_cleanupCommandsJob.start([this](const StopFlag &stop) { return findAdminCommands(m_host.files, stop); });
     emit cleanupChanged();
 }
 
@@ -23,6 +25,19 @@ void StorageStore::publishCleanup(std::vector<CleanupItem> items)
     // The total of the selection is that of the figures which the screen shows.
     if (m_selected.resize(allEntries(m_cleanupItems)))
         emit selectionChanged();
+}
+
+void StorageStore::finishCleanupCommands(std::vector<AdminCommand> commands, int token)
+{
+    m_cleanupCommandsJob.finish(std::move(commands), token);
+}
+
+void StorageStore::publishCleanupCommands(std::vector<AdminCommand> commands)
+{
+    if (commands == m_cleanupCommands)
+        return;
+    m_cleanupCommands = std::move(commands);
+    emit cleanupCommandsChanged();
 }
 
 std::int64_t StorageStore::safeCleanupTotal() const

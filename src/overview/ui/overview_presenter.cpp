@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "cleanup/cleanup_items.h"
 #include "core/checked_add.h"
 #include "core/scan_words.h"
 #include "core/store/followed.h"
@@ -296,7 +297,8 @@ void OverviewPresenter::followCleanup()
 {
     std::vector<OverviewRow> rows;
     if (m_store) {
-        for (const CleanupItem &item : m_store->cleanupItems()) {
+        for (const CleanupItem *const each : largestFirst(m_store->cleanupItems())) {
+            const CleanupItem &item = *each;
             if (item.def->risk != CleanupRisk::safe || item.total() == 0 || rows.size() == quickWinsListed)
                 continue;
             rows.push_back({.id = displayText(item.def->id),

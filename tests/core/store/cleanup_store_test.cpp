@@ -23,6 +23,8 @@ using testing::IsEmpty;
 
 constexpr int patience = 20'000; // milliseconds; only a hang takes that long
 
+const std::size_t allRows = 18 + cleanupTableOf(SystemKind::linuxSystem).rows.size();
+
 /// A store over a home folder in memory with caches of 9 MB, a Trash of 2 MB and downloads of 20 MB.
 class CleanupStoreTest : public testing::Test {
 protected:
@@ -79,7 +81,7 @@ TEST_F(CleanupStoreTest, AMeasurementPublishesEveryItemAndSaysSoMeanwhile)
     EXPECT_EQ(changed.count(), 1);
     waitForMeasurement();
     EXPECT_EQ(changed.count(), 2);
-    EXPECT_EQ(store.cleanupItems().size(), 18u);
+    EXPECT_EQ(store.cleanupItems().size(), allRows);
     EXPECT_EQ(store.cleanupItems().front().def->id, "downloads");
     EXPECT_EQ(item("caches").total(), 9'000'000);
 }
@@ -101,9 +103,9 @@ TEST_F(CleanupStoreTest, ASupersededMeasurementThatArrivesAfterTheNewRequestIsDr
     EXPECT_TRUE(store.cleanupItems().empty());
 
     waitForMeasurement();
-    EXPECT_EQ(store.cleanupItems().size(), 18u);
+    EXPECT_EQ(store.cleanupItems().size(), allRows);
     store.finishCleanup(stale, oldToken);
-    EXPECT_EQ(store.cleanupItems().size(), 18u);
+    EXPECT_EQ(store.cleanupItems().size(), allRows);
 }
 
 TEST_F(CleanupStoreTest, WhatCannotBeListedNeedsAccessAndAddsNothing)
@@ -120,7 +122,7 @@ TEST_F(CleanupStoreTest, AFinishedScanMeasuresTheCatalogue)
     store.scanHome();
     ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
     waitForMeasurement();
-    EXPECT_EQ(store.cleanupItems().size(), 18u);
+    EXPECT_EQ(store.cleanupItems().size(), allRows);
 }
 
 TEST_F(CleanupStoreTest, AScanThatEndsDuringAMeasurementLetsItGoOn)
@@ -241,6 +243,59 @@ TEST_F(CleanupStoreTest, AStoreThatGoesAwayDuringAMeasurementStopsIt)
     brief.reset();
     fake.log->observe({});
     EXPECT_LT(listed, 100);
+}
+
+TEST_F(CleanupStoreTest, TheSystemsOwnSafeRowsAreSafeAsWell)
+{
+    fake.files.addFile(at(".cargo/registry/crate"), 4'000'000);
+    fake.files.addFile(at(".ollama/models/blob"), 7'000'000);
+    measure();
+    EXPECT_EQ(store.safeCleanupTotal(), 15'000'000);
+    store.selectAllSafeCleanup();
+    EXPECT_TRUE(store.isSelected(at(".cargo/registry/crate")));
+    EXPECT_FALSE(store.isSelected(at(".ollama/models/blob")));
+    store.didRemove({{{at(".cargo/registry/crate"), 4'000'000}}, {}}, false);
+    EXPECT_EQ(store.safeCleanupTotal(), 11'000'000);
+}
+
+class CleanupCommandsTest : public CleanupStoreTest {
+protected:
+    CleanupCommandsTest()
+    {
+        fake.files.addFile("/usr/bin/apt", 1);
+        fake.files.addFile("/var/cache/apt/archives/a.deb", 5'000);
+    }
+    bool waitForCommands(std::int64_t bytes)
+    {
+        return QTest::qWaitFor([&] { return bytesOf(store.cleanupCommands()) == bytes; }, patience);
+    }
+};
+
+TEST_F(CleanupCommandsTest, AMeasurementPublishesTheCommandsAsWell)
+{
+    EXPECT_TRUE(store.cleanupCommands().empty());
+    const QSignalSpy changed(&store, &StorageStore::cleanupCommandsChanged);
+    measure();
+    ASSERT_TRUE(waitForCommands(5'000));
+    EXPECT_EQ(store.cleanupCommands().front().command, "sudo apt clean");
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(store.safeCleanupTotal(), 11'000'000) << "they are not among what may be cleared here";
+
+    fake.files.addFile("/var/cache/apt/archives/b.deb", 1'000);
+    measure();
+    EXPECT_TRUE(waitForCommands(6'000));
+}
+
+TEST_F(CleanupCommandsTest, ASupersededSearchThatArrivesAfterTheNewRequestIsDropped)
+{
+    store.refreshCleanup();
+    const int oldToken = store.cleanupCommandsToken();
+    store.refreshCleanup();
+    store.finishCleanupCommands({AdminCommand{.id = "stale", .bytes = 1}}, oldToken);
+    EXPECT_TRUE(store.cleanupCommands().empty());
+    ASSERT_TRUE(waitForCommands(5'000));
+    store.finishCleanupCommands({}, oldToken);
+    EXPECT_EQ(store.cleanupCommands().size(), 1u);
 }
 
 TEST_F(CleanupStoreTest, AFolderOfTheTreeIsShownInTheMap)
