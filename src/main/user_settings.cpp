@@ -21,8 +21,13 @@ std::unique_ptr<QSettings> openUserSettings()
     QString path = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QLatin1Char('/') +
                    QCoreApplication::organizationName() + QLatin1Char('/') + QCoreApplication::applicationName() +
                    QStringLiteral(".conf");
-    if (const QFileInfo file(path); file.exists() && !file.isFile()) {
-        std::fprintf(stderr, "corvane: %s is not a regular file; settings are not kept\n", qPrintable(path));
+    const auto isNoRegularFile = [](const QFileInfo &item) { return item.exists() && !item.isFile(); };
+    // QSettings writes under a lock, and waits without an end for one that it cannot take away.
+    const QFileInfo lock(path + QStringLiteral(".lock"));
+    const bool isLocked = lock.isSymLink() || isNoRegularFile(lock);
+    if (isLocked || isNoRegularFile(QFileInfo(path))) {
+        std::fprintf(stderr, "corvane: %s is not a regular file; settings are not kept\n",
+                     qPrintable(isLocked ? lock.filePath() : path));
         path = QStringLiteral("/dev/null/settings.conf"); // neither there nor to be made
     }
     return std::make_unique<QSettings>(path, QSettings::NativeFormat);

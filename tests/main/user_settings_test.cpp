@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QStandardPaths>
@@ -64,6 +65,19 @@ TEST_F(UserSettingsTest, AFileThatIsAPipeDoesNotHoldUpTheStart)
 TEST_F(UserSettingsTest, AFileThatIsADeviceDoesNotHoldUpTheStart)
 {
     ASSERT_EQ(::symlink("/dev/zero", file().c_str()), 0);
+    expectKeptForThisRun();
+}
+
+TEST_F(UserSettingsTest, ALockThatNobodyCanTakeAwayDoesNotHoldUpTheStart)
+{
+    const std::string lock = file() + ".lock";
+    ASSERT_EQ(::mkdir(lock.c_str(), 0700), 0);
+    expectKeptForThisRun();
+    ASSERT_EQ(::rmdir(lock.c_str()), 0);
+    ASSERT_EQ(::mkfifo(lock.c_str(), 0600), 0);
+    expectKeptForThisRun();
+    ASSERT_EQ(::unlink(lock.c_str()), 0);
+    ASSERT_EQ(::symlink("nowhere", lock.c_str()), 0);
     expectKeptForThisRun();
 }
 
