@@ -8,6 +8,7 @@
 #include "cli/folder_scan.h"
 #include "cli/size_bar.h"
 #include "cli/terminal_text.h"
+#include "core/systems/disk_table.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
 
@@ -66,7 +67,7 @@ void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console)
                                       "local Time Machine snapshot", "local Time Machine snapshots") +
                           "; \"corvane-cli snapshots\" lists them\n");
     }
-    if (!breakdown.hasScan)
+    if (!breakdown.hasScan && diskTableOf(breakdown.system).leavesHomeToTheScan)
         console.out.write("\"corvane-cli breakdown --scan ~\" explains your home folder too\n");
     for (const std::string &note : breakdown.footnotes())
         console.out.write(console.faint(note) + "\n");

@@ -14,11 +14,17 @@ namespace {
 
 std::vector<std::string_view> sentencesOf(const SystemWords &words)
 {
-    return {words.invitation,        words.reveal,        words.revealFolder,   words.diskSubtitle,
-            words.needsAccess,       words.blockedFolder, words.orphansText,    words.uninstallAdvice,
-            words.bannerTitle,       words.bannerText,    words.snapshotsTitle, words.snapshotsText,
-            words.snapshotsNote,     words.listSnapshots, words.thinSnapshots,  words.welcomeLine,
-            words.accessTitle,       words.accessMissing, words.accessGranted,  words.includeSystemInfo,
+    return {words.invitation,        words.reveal,
+            words.revealFolder,      words.diskSubtitle,
+            words.nudgeTitle,        words.nudgeText,
+            words.needsAccess,       words.blockedFolder,
+            words.orphansText,       words.uninstallAdvice,
+            words.bannerTitle,       words.bannerText,
+            words.snapshotsTitle,    words.snapshotsText,
+            words.snapshotsNote,     words.listSnapshots,
+            words.thinSnapshots,     words.welcomeLine,
+            words.accessTitle,       words.accessMissing,
+            words.accessGranted,     words.includeSystemInfo,
             words.crashReportContent};
 }
 

@@ -9,6 +9,9 @@ const SystemWords &wordsOf(SystemKind kind)
         .reveal = "Reveal in Finder",
         .revealFolder = "Reveal Folder in Finder",
         .diskSubtitle = "Every byte on your disk, accounted for — including what Finder calls “System Data”",
+        .nudgeTitle = "Scan your home folder to explain the rest",
+        .nudgeText = "Right now Corvane only knows the volume sizes. A scan turns “Not Scanned Yet” into folders you can "
+                     "explore and clean.",
         .needsAccess = "Needs Full Disk Access",
         .blockedFolder = "macOS blocked access. Granting Full Disk Access usually fixes this.",
         .orphansText =
@@ -42,6 +45,8 @@ const SystemWords &wordsOf(SystemKind kind)
         .reveal = "Show in File Manager",
         .revealFolder = "Show in File Manager",
         .diskSubtitle = "Every byte on your disk, accounted for",
+        .nudgeTitle = "Scan your home folder to explore it",
+        .nudgeText = "A scan fills the Space Map and finds large and old files, duplicates and build folders.",
         .needsAccess = "Can't be read",
         .blockedFolder = "It belongs to {}, and you may not read it.",
         .orphansText =

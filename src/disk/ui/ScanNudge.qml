@@ -35,14 +35,14 @@ Rectangle {
         PlainText {
             width: parent.width
             height: Theme.bodyLine
-            text: qsTr("Scan your home folder to explain the rest")
+            text: SystemTexts.nudgeTitle
             font: Theme.bodySemiboldFont
             Accessible.role: Accessible.Heading
             Accessible.name: text
         }
         PlainText {
             width: parent.width
-            text: qsTr("Right now Corvane only knows the volume sizes. A scan turns “Not Scanned Yet” into folders you can explore and clean.")
+            text: SystemTexts.nudge
             font: Theme.secondaryFont
             color: Theme.t2
             wrapMode: Text.Wrap

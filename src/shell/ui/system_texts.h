@@ -19,6 +19,8 @@ class SystemTexts : public QObject {
     QML_SINGLETON
     Q_PROPERTY(QString reveal READ reveal CONSTANT)
     Q_PROPERTY(QString diskSubtitle READ diskSubtitle CONSTANT)
+    Q_PROPERTY(QString nudgeTitle READ nudgeTitle CONSTANT)
+    Q_PROPERTY(QString nudge READ nudge CONSTANT)
     Q_PROPERTY(QString orphans READ orphans CONSTANT)
     Q_PROPERTY(QString snapshotsTitle READ snapshotsTitle CONSTANT)
     Q_PROPERTY(QString snapshots READ snapshots CONSTANT)
@@ -30,6 +32,8 @@ public:
     /// Of the command that shows an item in the file manager.
     [[nodiscard]] QString reveal() const { return text(m_words.reveal); }
     [[nodiscard]] QString diskSubtitle() const { return text(m_words.diskSubtitle); }
+    [[nodiscard]] QString nudgeTitle() const { return text(m_words.nudgeTitle); }
+    [[nodiscard]] QString nudge() const { return text(m_words.nudgeText); }
     [[nodiscard]] QString orphans() const { return text(m_words.orphansText); }
     [[nodiscard]] QString snapshotsTitle() const { return text(m_words.snapshotsTitle); }
     [[nodiscard]] QString snapshots() const { return text(m_words.snapshotsText); }
