@@ -101,7 +101,7 @@ TEST_F(BreakdownJourney, TheDiskIsMeasuredBeforeAnyScan)
     openBreakdown();
 
     EXPECT_TRUE(shows(QStringLiteral("explained")));
-    EXPECT_TRUE(shows(QStringLiteral("Scan your home folder to explain the rest")));
+    EXPECT_TRUE(shows(QStringLiteral("Scan your home folder to explore it")));
     EXPECT_FALSE(store().breakdown()->hasScan);
     EXPECT_EQ(store().phase(), StorageStore::Phase::idle);
 }
@@ -118,7 +118,7 @@ TEST_F(BreakdownJourney, TheNudgeScansTheHomeAndTheHomeGetsItsRow)
     EXPECT_EQ(sizeInRow("scanned"), "9.4 MB");
     EXPECT_TRUE(shows(QStringLiteral("Your Home Folder")));
     EXPECT_TRUE(shows(QStringLiteral("Movies")));
-    EXPECT_FALSE(shows(QStringLiteral("Scan your home folder to explain the rest")));
+    EXPECT_FALSE(shows(QStringLiteral("Scan your home folder to explore it")));
     EXPECT_EQ(store().sidebar(), Item::breakdown);
 }
 
