@@ -291,7 +291,7 @@ std::vector<AdminCommand> findAdminCommands(FileSystem &files, const StopFlag &s
         stop);
 }
 
-std::int64_t bytesOf(const std::vector<AdminCommand> &commands)
+std::int64_t bytesOf(std::span<const AdminCommand> commands)
 {
     std::int64_t sum = 0;
     for (const AdminCommand &command : commands)

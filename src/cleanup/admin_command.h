@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,6 @@ using ToolRunner = std::function<std::optional<std::string>(const std::string &t
 [[nodiscard]] std::vector<AdminCommand> findAdminCommands(FileSystem &files, const StopFlag &stop = neverStopped);
 
 /// What they would free together, as far as that is known.
-[[nodiscard]] std::int64_t bytesOf(const std::vector<AdminCommand> &commands);
+[[nodiscard]] std::int64_t bytesOf(std::span<const AdminCommand> commands);
 
 } // namespace corvane

@@ -13,12 +13,13 @@
 
 namespace corvane::test {
 
-/// A store over a home folder in memory, "/home/studio", for tests of what shows the catalogue. The tests describe
+/// A store over a home folder of a Mac in memory, "/home/studio", for tests of what shows the catalogue. The tests describe
 /// what the home holds and then have it measured or scanned.
 class CleanupFixture : public testing::Test {
 protected:
     CleanupFixture()
     {
+        fake.files.setSystemKind(SystemKind::mac);
         fake.files.setHome(home);
         fake.files.setPackageExtensions({"app", "xcarchive"});
         Theme::instance()->setReducedMotion(true);

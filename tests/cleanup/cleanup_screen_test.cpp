@@ -1,10 +1,15 @@
+#include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <thread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
@@ -107,10 +112,18 @@ TEST_F(CleanupScreenTest, WhileMeasuringItSaysSoAndCannotBeRefreshed)
 {
     show();
     EXPECT_TRUE(button(QStringLiteral("Refresh"))->isEnabled());
+    // The measurement is held until the screen has been looked at.
+    std::atomic<bool> goesOn = false;
+    fake.log->observe([&](const std::string &line) {
+        while (line == "list " + at("Library/Caches") && !goesOn)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    });
     scene->click(button(QStringLiteral("Refresh")));
     EXPECT_TRUE(shows(QStringLiteral("Measuring caches…")));
     EXPECT_FALSE(button(QStringLiteral("Refresh"))->isEnabled());
+    goesOn = true;
     waitForMeasurement();
+    fake.log->observe({});
     EXPECT_TRUE(button(QStringLiteral("Refresh"))->isEnabled());
     EXPECT_NE(row(caches), nullptr);
 }
@@ -136,7 +149,7 @@ TEST_F(CleanupScreenTest, APressOnACardOpensAndClosesIt)
     measureAndShow();
     clickRow(row(caches));
     ASSERT_TRUE(appears(browser));
-    EXPECT_TRUE(shows(QStringLiteral("Show in File Manager")));
+    EXPECT_TRUE(shows(QStringLiteral("Reveal Folder in Finder")));
     clickRow(row(caches));
     ASSERT_TRUE(disappears(browser));
 }
@@ -180,7 +193,7 @@ TEST_F(CleanupScreenTest, WhatCannotBeReadSaysWhatItNeeds)
     fake.files.addFile(at(".Trash/a"), 1'000);
     fake.files.failOpening(at(".Trash"));
     measureAndShow();
-    EXPECT_NE(row(QStringLiteral("Trash, Safe, Can't be read")), nullptr);
+    EXPECT_NE(row(QStringLiteral("Trash, Safe, Needs Full Disk Access")), nullptr);
     scene->click(checkBox(QStringLiteral("Trash")));
     EXPECT_TRUE(store.selection().empty());
 }
@@ -320,6 +333,95 @@ TEST_F(CleanupScreenTest, ALongListIsOnlyMadeWhereItIsSeen)
     RecordProperty("expanding", static_cast<int>(expanding));
     EXPECT_LT(expanding, 500);
     EXPECT_LT(made(), 200);
+}
+
+const QString packageCache = QStringLiteral("Package cache, sudo apt clean, 5.9 MB can be freed");
+
+class LinuxCleanupScreenTest : public CleanupScreenTest {
+protected:
+    LinuxCleanupScreenTest()
+    {
+        fake.files.setSystemKind(SystemKind::linuxSystem);
+        addFile("Library/Caches/a", 3'000'000);
+        fake.files.addFile("/usr/bin/apt", 1);
+        fake.files.addFile("/var/cache/apt/archives/a.deb", 5'900'000);
+    }
+    void measureAndShowAll()
+    {
+        store.refreshCleanup();
+        ASSERT_TRUE(
+            QTest::qWaitFor([&] { return !store.cleanupLoading() && !store.cleanupCommands().empty(); }, 20'000));
+        show();
+    }
+    void goToEnd()
+    {
+        tabToList();
+        scene->key(Qt::Key_End);
+        ASSERT_TRUE(appears(packageCache));
+    }
+    [[nodiscard]] QQuickItem *copyButton(const QString &text) const
+    {
+        return find([&](QQuickItem *item) {
+            return item->property("command").toString() == QStringLiteral("sudo apt clean") &&
+                   item->property("label").isValid() && item->property("text").toString() == text;
+        });
+    }
+};
+
+TEST_F(LinuxCleanupScreenTest, FoldedPlacesUnfoldByAPressAndByTheKeyboard)
+{
+    measureAndShowAll();
+    QQuickItem *const folded = row(QStringLiteral("6 more places hold nothing"));
+    ASSERT_NE(folded, nullptr);
+    EXPECT_EQ(QuickScene::accessible(folded)->text(QAccessible::Description), QStringLiteral("Collapsed"));
+    const QString thumbnails = QStringLiteral("Thumbnails, Safe, Zero KB, 0 items");
+    EXPECT_EQ(row(thumbnails), nullptr);
+    clickRow(folded);
+    EXPECT_TRUE(appears(thumbnails));
+    EXPECT_EQ(QuickScene::accessible(folded)->text(QAccessible::Description), QStringLiteral("Expanded"));
+    tabToList();
+    scene->key(Qt::Key_Left);
+    EXPECT_TRUE(disappears(thumbnails));
+    scene->key(Qt::Key_Right);
+    EXPECT_TRUE(appears(thumbnails));
+}
+
+TEST_F(LinuxCleanupScreenTest, TheButtonOfACommandCopiesItAndKeepsItsWidth)
+{
+    measureAndShowAll();
+    goToEnd();
+    EXPECT_NE(named(QStringLiteral("Needs the Administrator"), QAccessible::Heading), nullptr);
+    QQuickItem *const button = copyButton(QStringLiteral("Copy"));
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->width(), 86);
+    scene->click(button);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo apt clean"));
+    EXPECT_EQ(button->property("text").toString(), QStringLiteral("Copied!"));
+    EXPECT_EQ(button->width(), 86);
+}
+
+TEST_F(LinuxCleanupScreenTest, ReturnCopiesTheCommandOfTheRow)
+{
+    measureAndShowAll();
+    goToEnd();
+    QGuiApplication::clipboard()->clear();
+    scene->key(Qt::Key_Return);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo apt clean"));
+    EXPECT_NE(copyButton(QStringLiteral("Copied!")), nullptr);
+}
+
+TEST_F(LinuxCleanupScreenTest, TheFieldOfACommandCanBeReadAndNotChanged)
+{
+    measureAndShowAll();
+    goToEnd();
+    QQuickItem *const field = find([](QQuickItem *item) { return item->property("readOnly").toBool(); });
+    ASSERT_NE(field, nullptr);
+    EXPECT_EQ(field->property("text").toString(), QStringLiteral("sudo apt clean"));
+    EXPECT_EQ(field->width(), 296);
+    EXPECT_TRUE(state(field).readOnly);
+    scene->click(field);
+    scene->key(Qt::Key_X);
+    EXPECT_EQ(field->property("text").toString(), QStringLiteral("sudo apt clean"));
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QClipboard>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QSignalSpy>
@@ -319,29 +317,11 @@ TEST_F(BreakdownPresenterTest, FromTheSeventhOnSnapshotsAreCounted)
     EXPECT_EQ(presenter.moreSnapshots(), QStringLiteral("+ 3 more"));
 }
 
-TEST_F(BreakdownPresenterTest, ACommandIsCopiedAsItIsAndSaidForTwoSeconds)
+TEST_F(BreakdownPresenterTest, TheCommandsAreThoseOfTheSystem)
 {
     presenter.setStore(&store());
     EXPECT_EQ(presenter.listCommand(), QStringLiteral("tmutil listlocalsnapshots /"));
     EXPECT_EQ(presenter.thinCommand(), QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4"));
-    EXPECT_EQ(presenter.copied(), QString());
-    QElapsedTimer time;
-    time.start();
-
-    presenter.copy(presenter.thinCommand());
-
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), presenter.thinCommand());
-    EXPECT_EQ(presenter.copied(), presenter.thinCommand());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return presenter.copied().isEmpty(); }, patience));
-    EXPECT_GE(time.elapsed(), 1'900);
-}
-
-TEST_F(BreakdownPresenterTest, OnlyTheCommandCopiedLastIsSaidToBe)
-{
-    presenter.copy(presenter.listCommand());
-    presenter.copy(presenter.thinCommand());
-    EXPECT_EQ(presenter.copied(), presenter.thinCommand());
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), presenter.thinCommand());
 }
 
 // --- Actions

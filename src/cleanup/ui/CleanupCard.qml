@@ -110,21 +110,10 @@ BoxRow {
             Accessible.ignored: true
         }
     }
-    Icon {
+    CardCaret {
         anchors.right: parent.right
         anchors.rightMargin: CleanupMetrics.rowInset + Theme.space4
         anchors.verticalCenter: parent.verticalCenter
-        name: "caret-right"
-        weight: "bold"
-        color: Theme.t3
-        size: Theme.caretSize + Theme.space2
-        rotation: card.expanded ? 90 : 0
-
-        Behavior on rotation {
-            NumberAnimation {
-                duration: Theme.motion(Theme.expandDuration)
-                easing.type: Easing.InOutQuad
-            }
-        }
+        expanded: card.expanded
     }
 }

@@ -5,7 +5,7 @@ import Qt.labs.qmlmodels
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// The catalogue in its groups, and the build folders. Left and Right close and open a card.
+/// The catalogue in its groups, the build folders, and commands to copy. Left and Right close and open a card.
 AppList {
     id: list
 
@@ -151,6 +151,31 @@ AppList {
 
             NoArtifactsRow {
                 width: list.width
+            }
+        }
+        DelegateChoice {
+            roleValue: "folded"
+
+            FoldedRow {
+                required property int index
+
+                width: list.width
+                ringed: ListView.isCurrentItem && list.visualFocus
+                onPressed: list.point(index)
+                onActivated: contents.activate(index)
+            }
+        }
+        DelegateChoice {
+            roleValue: "command"
+
+            CommandRow {
+                required property int index
+
+                width: list.width
+                clipboard: contents.clipboard
+                ringed: ListView.isCurrentItem && list.visualFocus
+                onPressed: list.point(index)
+                onActivated: contents.activate(index)
             }
         }
         DelegateChoice {

@@ -13,6 +13,7 @@ QtObject {
     readonly property int artifactHeight: 40
     readonly property int promptHeight: 64
     readonly property int noneHeight: 48
+    readonly property int foldedHeight: 40
 
     /// The content of a row, from the edges of its box.
     readonly property int rowInset: 15
@@ -21,4 +22,7 @@ QtObject {
     readonly property int entryTextInset: 69
     readonly property int cardFiguresWidth: 96
     readonly property int artifactIconSize: 18
+    readonly property int commandWidth: 296
+    readonly property int copyWidth: 86
+    readonly property int commandFiguresWidth: 84
 }

@@ -27,6 +27,7 @@ void CleanupListModel::setStore(StorageStore *store)
         return;
     if (m_store) {
         connect(m_store, &StorageStore::cleanupChanged, this, &CleanupListModel::follow);
+        connect(m_store, &StorageStore::cleanupCommandsChanged, this, &CleanupListModel::install);
         connect(m_store, &StorageStore::treeChanged, this, &CleanupListModel::follow);
         connect(m_store, &StorageStore::phaseChanged, this, [this] { announceAll({WorkingRole}); });
         connect(m_store, &StorageStore::selectionChanged, this, &CleanupListModel::followSelection);
@@ -43,12 +44,24 @@ std::vector<CleanupRow> CleanupListModel::makeRows() const
         const CardOpening *const found = opening(&def);
         return found != nullptr && found->isOpen();
     };
+    const auto isUnfolded = [this](int section) { return m_unfolded.contains(section); };
     if (!m_store)
-        return CleanupRows::make({}, isExpanded, CleanupRows::Scan::none, {});
+        return CleanupRows::make({.table = cleanupTableOf(SystemKind::linuxSystem),
+                                  .items = {},
+                                  .isExpanded = isExpanded,
+                                  .isUnfolded = isUnfolded,
+                                  .artifacts = {},
+                                  .commands = {}});
     const auto scan = !m_store->hasScan()        ? CleanupRows::Scan::none
                       : m_store->scanIsPartial() ? CleanupRows::Scan::stopped
                                                  : CleanupRows::Scan::finished;
-    return CleanupRows::make(m_store->cleanupItems(), isExpanded, scan, m_store->devJunk());
+    return CleanupRows::make({.table = cleanupTableOf(m_store->host().files.systemKind()),
+                              .items = m_store->cleanupItems(),
+                              .isExpanded = isExpanded,
+                              .isUnfolded = isUnfolded,
+                              .scan = scan,
+                              .artifacts = m_store->devJunk(),
+                              .commands = m_store->cleanupCommands()});
 }
 
 void CleanupListModel::follow()
@@ -176,6 +189,8 @@ QVariant CleanupListModel::data(const QModelIndex &index, int role) const
     case CheckReasonRole:
         return checkFacts(selectionFacts(row)).reason;
     case ExpandedRole:
+        if (row.kind == Kind::folded)
+            return m_unfolded.contains(row.section);
         return opening(row.def) != nullptr && opening(row.def)->isExpanded();
     case OpeningRole:
         return row.isInsideCard() && opening(row.def) != nullptr ? opening(row.def)->part() : 1.0;
@@ -232,6 +247,12 @@ void CleanupListModel::activate(int row)
     case Kind::card:
         setExpanded(row, opening(pressed->def) == nullptr || !opening(pressed->def)->isExpanded());
         break;
+    case Kind::folded:
+        setExpanded(row, !m_unfolded.contains(pressed->section));
+        break;
+    case Kind::command:
+        m_clipboard.copy(displayText(pressed->command.command));
+        break;
     case Kind::reveal:
         reveal(row);
         break;
@@ -270,6 +291,15 @@ void CleanupListModel::open(int row)
 void CleanupListModel::setExpanded(int row, bool expanded)
 {
     const CleanupRow *const pressed = rowAt(row);
+    if (pressed != nullptr && pressed->kind == Kind::folded) {
+        if (expanded)
+            m_unfolded.insert(pressed->section);
+        else
+            m_unfolded.erase(pressed->section);
+        install();
+        emit dataChanged(index(row), index(row), {ExpandedRole});
+        return;
+    }
     if (pressed == nullptr || pressed->def == nullptr)
         return;
     const int card = cardRow(row);

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include <QPointer>
@@ -11,6 +12,7 @@
 #include "cleanup/ui/cleanup_rows.h"
 #include "core/selection_facts.h"
 #include "core/store/storage_store.h"
+#include "shell/ui/command_clipboard.h"
 #include "shell/ui/node_actions.h"
 #include "shell/ui/row_list_model.h"
 
@@ -24,6 +26,7 @@ class CleanupListModel : public corvane::RowListModel {
     QML_ELEMENT
     Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
+    Q_PROPERTY(corvane::CommandClipboard *clipboard READ clipboard CONSTANT)
 
 public:
     enum Role {
@@ -47,7 +50,7 @@ public:
         OpeningRole, ///< how far the card is open that the row belongs to, from 0 to 1
         IconKeyRole,
         ElideRole,   ///< Qt::TextElideMode
-        ActionRole,  ///< what the row's button does
+        ActionRole,  ///< what the row's button does; of a command the command itself
         WorkingRole, ///< a scan is under way
         DescriptionRole,
     };
@@ -58,6 +61,7 @@ public:
     [[nodiscard]] StorageStore *store() const { return m_store; }
     void setStore(StorageStore *store);
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
+    [[nodiscard]] CommandClipboard *clipboard() { return &m_clipboard; }
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
@@ -66,13 +70,14 @@ public:
     /// Rows that the keyboard does not stop at are not enabled.
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    /// What a press on the row does: a card opens or closes, its last row leads to the location, a build folder
-    /// is shown in the map, and where there is no scan, or only a part of one, one starts.
+    /// What a press on the row does: a card opens or closes, and so do the folded locations; its last row leads to the
+    /// location, a build folder is shown in the map, a command is copied, and where there is no scan, or only a part of
+    /// one, one starts.
     Q_INVOKABLE void activate(int row);
     /// The same, and opens the item of an entry, as a double click does: a file in its own program, a folder of the
     /// tree in the map.
     Q_INVOKABLE void open(int row);
-    /// Opens or closes the card that the row is or belongs to.
+    /// Opens or closes the card that the row is or belongs to, or the folded locations that it stands for.
     Q_INVOKABLE void setExpanded(int row, bool expanded);
     /// The row of the card that the row belongs to; the row itself otherwise.
     Q_INVOKABLE [[nodiscard]] int cardRow(int row) const;
@@ -114,7 +119,9 @@ private:
     std::map<const CleanupDefinition *, std::unique_ptr<CardOpening>> m_openings; // of those that were opened once
     std::vector<CleanupRow> m_rows;
     std::map<const CleanupDefinition *, SelectionFacts> m_cardChecks;
+    std::set<int> m_unfolded; // sections
     NodeActions m_menuTarget;
+    CommandClipboard m_clipboard;
 };
 
 } // namespace corvane

@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include "cleanup/cleanup_items.h"
 #include "cleanup/ui/cleanup_list_model.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/cleanup_words.h"
@@ -21,11 +22,12 @@ struct SectionWords {
     QString symbol;
 };
 
-const std::array<SectionWords, 4> sections{{
+const std::array<SectionWords, 5> sections{{
     {QStringLiteral("System Junk"), QStringLiteral("gearshape.2")},
     {QStringLiteral("Developer Junk"), QStringLiteral("hammer")},
     {QStringLiteral("Personal Files to Review"), QStringLiteral("person.crop.square")},
     {QStringLiteral("Project Build Artifacts"), QStringLiteral("folder.badge.gearshape")},
+    {QStringLiteral("Needs the Administrator"), QStringLiteral("lock")},
 }};
 
 QString kindName(Kind kind)
@@ -51,6 +53,10 @@ QString kindName(Kind kind)
         return QStringLiteral("none");
     case Kind::artifact:
         return QStringLiteral("artifact");
+    case Kind::folded:
+        return QStringLiteral("folded");
+    case Kind::command:
+        return QStringLiteral("command");
     }
     return {};
 }
@@ -75,6 +81,8 @@ QVariant sectionData(const CleanupRow &row, int role)
     case SymbolRole:
         return words.symbol;
     case NoteRole:
+        if (row.section == CleanupRows::commandSection)
+            return QStringLiteral("Corvane never runs these. Copy a command and run it in a terminal.");
         return row.section == CleanupRows::artifactSection && row.isMeasured
                    ? QStringLiteral("Your build tools regenerate these on the next build or install.")
                    : QString();
@@ -123,7 +131,8 @@ QVariant cardData(const CleanupRow &row, const CleanupItem *measured, int role, 
 
 QVariant entryData(const CleanupRow &row, int role)
 {
-    const std::string_view name = lastPathComponent(row.entry.path);
+    const std::string_view name =
+        row.entry.name.empty() ? lastPathComponent(row.entry.path) : std::string_view(row.entry.name);
     switch (role) {
     case TitleRole:
         return displayText(name);
@@ -164,12 +173,44 @@ QVariant artifactData(const CleanupRow &row, int role, std::string_view home)
     }
 }
 
+QVariant commandData(const CleanupRow &row, int role)
+{
+    const AdminCommand &command = row.command;
+    const QString freed = command.bytes ? QStringLiteral("can be freed") : QString();
+    switch (role) {
+    case TitleRole:
+        return displayText(command.title);
+    case NoteRole:
+        return displayText(command.detail);
+    case SymbolRole:
+        return displayText(command.symbol);
+    case TintRole:
+        return static_cast<int>(command.tint);
+    case ActionRole:
+        return displayText(command.command);
+    case SizeTextRole:
+        return command.bytes ? sizeText(*command.bytes) : QString();
+    case CountTextRole:
+        return freed;
+    case DescriptionRole: {
+        QStringList parts{displayText(command.title), displayText(command.command)};
+        if (command.bytes)
+            parts << sizeText(*command.bytes) + u' ' + freed;
+        return parts.join(QStringLiteral(", "));
+    }
+    default:
+        return {};
+    }
+}
+
 QVariant wordsData(const CleanupRow &row, int role, const SystemWords &words)
 {
     const bool isTitle = role == TitleRole || role == DescriptionRole;
     switch (row.kind) {
     case Kind::more:
         return isTitle ? moreText(row.count) : QVariant();
+    case Kind::folded:
+        return isTitle ? displayText(foldedText(row.count)) : QVariant();
     case Kind::missing:
         return isTitle ? QStringLiteral("This folder does not exist.") : QVariant();
     case Kind::reveal:
@@ -224,6 +265,9 @@ QVariant cleanupRowData(const CleanupRow &row, int role, const CleanupItem *meas
         return entryData(row, role);
     case Kind::artifact:
         return artifactData(row, role, home);
+    case Kind::command:
+        return commandData(row, role);
+    case Kind::folded:
     case Kind::more:
     case Kind::missing:
     case Kind::reveal:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "cleanup/cleanup_items.h"
 #include "core/checked_add.h"
 
 namespace corvane {
@@ -10,7 +11,7 @@ namespace corvane {
 CleanupRow::Key CleanupRow::key() const
 {
     const void *const place = artifact.node ? static_cast<const void *>(artifact.node.get()) : def;
-    return {kind, section, place, entry.path};
+    return {kind, section, place, kind == Kind::command ? command.id : std::string_view(entry.path)};
 }
 
 bool CleanupRow::isInsideCard() const
@@ -75,30 +76,71 @@ void addArtifacts(std::vector<CleanupRow> &rows, CleanupRows::Scan scan, std::sp
         rows.push_back({.kind = Kind::artifact, .section = section, .artifact = artifact, .size = artifact.node->size});
 }
 
+void addCommands(std::vector<CleanupRow> &rows, std::span<const AdminCommand> commands)
+{
+    if (commands.empty())
+        return;
+    constexpr int section = CleanupRows::commandSection;
+    const std::int64_t total = bytesOf(commands);
+    rows.push_back(makeHeader(section, total, total > 0));
+    for (const AdminCommand &command : commands)
+        rows.push_back(
+            {.kind = Kind::command, .section = section, .command = command, .size = command.bytes.value_or(0)});
+}
+
+/// The cards that a group shows before the measurement.
+void addUnmeasured(std::vector<CleanupRow> &rows, int section, const CleanupTable &table)
+{
+    for (const CleanupDefinition &def : CleanupCatalog::definitions) {
+        if (def.group == allCleanupGroups[static_cast<std::size_t>(section)] &&
+            std::ranges::find(table.foreignRows, def.id) == table.foreignRows.end())
+            addCard(rows, def, section, nullptr, false);
+    }
+}
+
+void addGroup(std::vector<CleanupRow> &rows, int section, std::span<const CleanupItem *const> items,
+              const CleanupRows::Contents &contents)
+{
+    const auto addCards = [&](std::span<const CleanupItem *const> cards) {
+        for (const CleanupItem *const item : cards)
+            addCard(rows, *item->def, section, item, contents.isExpanded(*item->def));
+    };
+    std::vector<const CleanupItem *> shown;
+    std::vector<const CleanupItem *> folded;
+    std::int64_t total = 0;
+    for (const CleanupItem *const item : items) {
+        if (item->def->group != allCleanupGroups[static_cast<std::size_t>(section)])
+            continue;
+        total = checkedAdd(total, item->total());
+        const Showing showing = showingOf(*item, contents.table);
+        if (showing != Showing::hidden)
+            (showing == Showing::folded ? folded : shown).push_back(item);
+    }
+    rows.push_back(makeHeader(section, total, true));
+    addCards(shown);
+    if (folded.empty())
+        return;
+    rows.push_back({.kind = Kind::folded, .section = section, .count = folded.size()});
+    if (contents.isUnfolded(section))
+        addCards(folded);
+}
+
 } // namespace
 
-std::vector<CleanupRow> CleanupRows::make(std::span<const CleanupItem> items, const Expanded &isExpanded, Scan scan,
-                                          std::span<const DevJunkItem> artifacts)
+std::vector<CleanupRow> CleanupRows::make(const Contents &contents)
 {
     std::vector<CleanupRow> rows;
-    for (std::size_t i = 0; i < allCleanupGroups.size(); ++i) {
-        const auto section = static_cast<int>(i);
-        const std::size_t header = rows.size();
-        rows.push_back(makeHeader(section, 0, !items.empty()));
-        for (const CleanupItem &item : items) {
-            if (item.def->group != allCleanupGroups[i])
-                continue;
-            rows[header].size = checkedAdd(rows[header].size, item.total());
-            addCard(rows, *item.def, section, &item, isExpanded(*item.def));
-        }
-        if (!items.empty())
+    const std::vector<const CleanupItem *> items = largestFirst(contents.items);
+    for (int section = 0; section < artifactSection; ++section) {
+        if (!items.empty()) {
+            addGroup(rows, section, items, contents);
             continue;
-        for (const CleanupDefinition &def : CleanupCatalog::definitions) {
-            if (def.group == allCleanupGroups[i])
-                addCard(rows, def, section, nullptr, false);
         }
+        rows.push_back(makeHeader(section, 0, false));
+        addUnmeasured(rows, section, contents.table);
     }
-    addArtifacts(rows, scan, artifacts);
+    addArtifacts(rows, contents.scan, contents.artifacts);
+    addCommands(rows, contents.commands);
     return rows;
 }
 

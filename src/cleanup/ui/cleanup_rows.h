@@ -9,6 +9,7 @@
 #include <tuple>
 #include <vector>
 
+#include "cleanup/admin_command.h"
 #include "cleanup/cleanup_catalog.h"
 #include "core/dev_junk_item.h"
 
@@ -27,6 +28,8 @@ struct CleanupRow {
         partial,  ///< the scan was stopped, so build folders may be missing
         none,     ///< the scan found no build folders
         artifact, ///< a build folder
+        folded,   ///< the locations of its group that hold nothing; they follow it when it is unfolded
+        command,  ///< what the user can run to free more
     };
 
     Kind kind = Kind::header;
@@ -34,8 +37,9 @@ struct CleanupRow {
     const CleanupDefinition *def = nullptr; ///< of static storage; of a card and the rows that it opens
     CleanupEntry entry = {};
     DevJunkItem artifact = {};
+    AdminCommand command = {};
     std::int64_t size = 0;   ///< bytes of all that it stands for; 0 without a measurement
-    std::size_t count = 0;   ///< the entries of a card; those that a `more` row stands for
+    std::size_t count = 0;   ///< the entries of a card; what a `more` or `folded` row stands for
     bool isMeasured = false; ///< what the size is of
     bool isReadable = true;  ///< of a card
 
@@ -59,15 +63,30 @@ struct CleanupRows {
     /// After the groups of the catalogue stands the section of the build folders.
     static constexpr int artifactSection = static_cast<int>(allCleanupGroups.size());
 
+    /// The last section, where there are commands.
+    static constexpr int commandSection = artifactSection + 1;
+
     using Expanded = std::function<bool(const CleanupDefinition &)>;
+    using Unfolded = std::function<bool(int section)>;
 
     /// The scan that the build folders are from.
     enum class Scan : std::uint8_t { none, stopped, finished };
 
-    /// The groups with their cards in the items' order, then the build folders. Without items the cards stand in
-    /// the catalogue's own order. The way to a location is only offered where it is known to exist.
-    [[nodiscard]] static std::vector<CleanupRow> make(std::span<const CleanupItem> items, const Expanded &isExpanded,
-                                                      Scan scan, std::span<const DevJunkItem> artifacts);
+    /// What is referred to outlives the call.
+    struct Contents {
+        const CleanupTable &table; ///< of the system that the rest is of
+        std::span<const CleanupItem> items;
+        Expanded isExpanded;
+        Unfolded isUnfolded;
+        Scan scan = Scan::none;
+        std::span<const DevJunkItem> artifacts;
+        std::span<const AdminCommand> commands;
+    };
+
+    /// The groups with their cards, largest first, then the build folders and the commands. Without items the cards
+    /// stand in the catalogue's own order. The way to a location is only offered where it is known to exist. Where the
+    /// system folds empty locations, one row stands for those of a group, and they follow it once it is unfolded.
+    [[nodiscard]] static std::vector<CleanupRow> make(const Contents &contents);
 };
 
 } // namespace corvane

@@ -16,6 +16,9 @@ Rectangle {
     border.width: Theme.hairlineWidth
     border.color: Theme.hairline
 
+    CommandClipboard {
+        id: copies
+    }
     IconBadge {
         id: badge
 
@@ -112,15 +115,15 @@ Rectangle {
 
             CopyButton {
                 objectName: "snapshots.copyList"
-                presenter: card.presenter
+                clipboard: copies
                 label: qsTr("Copy “list snapshots” command")
-                command: presenter.listCommand
+                command: card.presenter.listCommand
             }
             CopyButton {
                 objectName: "snapshots.copyThin"
-                presenter: card.presenter
+                clipboard: copies
                 label: qsTr("Copy “free snapshots” command")
-                command: presenter.thinCommand
+                command: card.presenter.thinCommand
             }
         }
         PlainText {

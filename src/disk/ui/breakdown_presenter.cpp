@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QClipboard>
 #include <QDateTime>
 #include <QGuiApplication>
 #include <QLocale>
@@ -30,9 +29,6 @@ SnapshotText lineOf(const LocalSnapshot &snapshot)
 
 BreakdownPresenter::BreakdownPresenter(QObject *parent) : QObject(parent)
 {
-    m_copiedTimer.setSingleShot(true);
-    m_copiedTimer.setInterval(copiedStay);
-    connect(&m_copiedTimer, &QTimer::timeout, this, [this] { setCopied({}); });
     // The free space has a colour of the theme.
     connect(Theme::instance(), &Theme::changed, this, &BreakdownPresenter::changed);
 }
@@ -245,21 +241,6 @@ void BreakdownPresenter::openBreakdown()
 {
     if (m_store)
         m_store->setSidebar(StorageStore::SidebarItem::breakdown);
-}
-
-void BreakdownPresenter::copy(const QString &command)
-{
-    QGuiApplication::clipboard()->setText(command);
-    setCopied(command);
-    m_copiedTimer.start();
-}
-
-void BreakdownPresenter::setCopied(const QString &command)
-{
-    if (m_copied == command)
-        return;
-    m_copied = command;
-    emit copiedChanged();
 }
 
 } // namespace corvane

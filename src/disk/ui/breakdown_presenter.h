@@ -4,7 +4,6 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
-#include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
@@ -68,11 +67,8 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QString moreSnapshots READ moreSnapshots NOTIFY changed)
     Q_PROPERTY(QString listCommand READ listCommand NOTIFY storeChanged)
     Q_PROPERTY(QString thinCommand READ thinCommand NOTIFY storeChanged)
-    /// The command that was copied last, for a short while; else empty.
-    Q_PROPERTY(QString copied READ copied NOTIFY copiedChanged)
 
 public:
-    static constexpr int copiedStay = 2000; // milliseconds
 
     explicit BreakdownPresenter(QObject *parent = nullptr);
 
@@ -114,7 +110,6 @@ public:
     [[nodiscard]] QString moreSnapshots() const;
     [[nodiscard]] QString listCommand() const;
     [[nodiscard]] QString thinCommand() const;
-    [[nodiscard]] const QString &copied() const { return m_copied; }
 
     Q_INVOKABLE void refresh();
     Q_INVOKABLE void scanHome();
@@ -124,24 +119,18 @@ public:
     Q_INVOKABLE void perform(int row);
     /// Shows the screen that this presenter stands for.
     Q_INVOKABLE void openBreakdown();
-    /// Puts a command on the clipboard, and says so for a while.
-    Q_INVOKABLE void copy(const QString &command);
 
 signals:
     void storeChanged();
     void changed();
     void canScanChanged();
-    void copiedChanged();
 
 private:
     void update();
-    void setCopied(const QString &command);
     [[nodiscard]] const DiskBreakdown *breakdown() const;
 
     QPointer<StorageStore> m_store;
     SegmentModel m_segments;
-    QString m_copied;
-    QTimer m_copiedTimer;
 };
 
 } // namespace corvane

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include <QEvent>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QJSEngine>
 #include <QPalette>
@@ -644,6 +645,13 @@ QFont Theme::secondaryFiguresFont() const
 QFont Theme::captionFont() const
 {
     return font(11, QFont::Normal);
+}
+
+QFont Theme::commandFont() const
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPixelSize(11);
+    return font;
 }
 
 QFont Theme::captionMediumFont() const

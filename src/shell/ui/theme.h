@@ -103,6 +103,7 @@ class Theme : public QObject {
     Q_PROPERTY(QFont captionFont READ captionFont CONSTANT)
     Q_PROPERTY(QFont captionMediumFont READ captionMediumFont CONSTANT)
     Q_PROPERTY(QFont captionSemiboldFont READ captionSemiboldFont CONSTANT)
+    Q_PROPERTY(QFont commandFont READ commandFont CONSTANT)
     Q_PROPERTY(QFont captionFiguresFont READ captionFiguresFont CONSTANT)
 
     // Line heights that go with the fonts, in points.
@@ -340,6 +341,8 @@ public:
     [[nodiscard]] QFont captionMediumFont() const;
     [[nodiscard]] QFont captionSemiboldFont() const;
     [[nodiscard]] QFont captionFiguresFont() const;
+    /// Of what is typed into a terminal.
+    [[nodiscard]] QFont commandFont() const;
 
 signals:
     void changed();

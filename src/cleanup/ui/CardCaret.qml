@@ -1,0 +1,20 @@
+import QtQuick
+import Corvane.Shell
+
+/// Shows whether the row opens downwards or is open.
+Icon {
+    required property bool expanded
+
+    name: "caret-right"
+    weight: "bold"
+    color: Theme.t3
+    size: Theme.caretSize + Theme.space2
+    rotation: expanded ? 90 : 0
+
+    Behavior on rotation {
+        NumberAnimation {
+            duration: Theme.motion(Theme.expandDuration)
+            easing.type: Easing.InOutQuad
+        }
+    }
+}
