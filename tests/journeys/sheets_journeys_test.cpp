@@ -114,5 +114,20 @@ TEST_F(SheetsJourney, WhatComesAtOnceIsAskedOneAfterTheOtherAndNoneIsLost)
     EXPECT_TRUE(window().activeFocusItem()->isVisible()) << "the keyboard is back in the window";
 }
 
+TEST_F(SheetsJourney, AMenuThatIsOpenMakesWayForASheet)
+{
+    open();
+    press(Qt::Key_F10);
+    waitForPopup(QStringLiteral("appMenu"));
+    services().crashReporter()->setShowPrompt(true);
+    waitForPopup(QStringLiteral("crashPrompt"));
+    EXPECT_FALSE(isOpen("appMenu"));
+    EXPECT_TRUE(hasKeyboard("crashPrompt.dontSend"));
+    press(Qt::Key_Return);
+    waitForPopupClosed(QStringLiteral("crashPrompt"));
+    press(Qt::Key_F10);
+    waitForPopup(QStringLiteral("appMenu"));
+}
+
 } // namespace
 } // namespace corvane

@@ -94,6 +94,11 @@ AppMenu {
         keys: menu.actions.quitKeys
     }
 
+    // A sheet that opens by itself is not to be read past an open menu.
+    readonly property bool answered: actions.enabled
+
+    onAnsweredChanged: if (!answered) menu.close()
+
     Instantiator {
         model: menu.actions.show.count
 
