@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "apps/leftover_rules.h"
+#include "apps/linux_apps.h"
 #include "core/allocated_size.h"
 #include "core/checked_add.h"
 #include "core/concurrent_perform.h"
@@ -86,9 +88,33 @@ std::vector<BundleInfo> readBundles(const std::vector<std::string> &paths, FileS
     return bundles;
 }
 
-std::int64_t sizeOf(const InstalledApp &app)
+/// A Mac's.
+AppInventory::Result loadBundles(const Host &host, const ProtectedLocations &locations, Time now, const StopFlag &stop)
 {
-    return checkedAdd(app.appSize, app.exactLeftoverSize());
+    const AppInventory::Surroundings surroundings{
+        .files = host.files, .locations = locations, .now = now, .stop = stop};
+    const std::vector<BundleInfo> bundles =
+        readBundles(AppInventory::findAppURLs(locations.home(), host.files, stop), host.files, stop);
+    const std::vector<std::string> ids = AppInventory::allIDs(bundles);
+    const LibraryListings listings = LibraryListings::read(locations.home(), host.files, stop);
+
+    std::vector<std::optional<InstalledApp>> measured(bundles.size());
+    concurrentPerform(bundles.size(), [&](std::size_t i) {
+        if (stop)
+            return;
+        const BundleInfo &bundle = bundles[i];
+        measured[i] = InstalledApp{.path = bundle.path,
+                                   .name = bundle.name,
+                                   .bundleID = bundle.bundleID,
+                                   .version = bundle.version,
+                                   .isAppStore = bundle.isAppStore,
+                                   .appSize = allocatedSize(bundle.path, host.files, stop),
+                                   .lastUsed = host.applications.lastUsed(bundle.path),
+                                   .leftovers = AppInventory::findLeftovers(bundle, ids, listings, surroundings)};
+    });
+
+    return {.apps = largestFirst(std::move(measured)),
+            .orphanGroups = AppInventory::findOrphans(AppInventory::vendors(ids), listings, surroundings)};
 }
 
 } // namespace
@@ -125,28 +151,13 @@ std::optional<BundleInfo> AppInventory::readBundle(const std::string &path, File
 AppInventory::Result AppInventory::load(const Host &host, const ProtectedLocations &locations, Time now,
                                         const StopFlag &stop)
 {
-    const Surroundings surroundings{.files = host.files, .locations = locations, .now = now, .stop = stop};
-    const std::vector<BundleInfo> bundles =
-        readBundles(findAppURLs(locations.home(), host.files, stop), host.files, stop);
-    const std::vector<std::string> ids = allIDs(bundles);
-    const LibraryListings listings = LibraryListings::read(locations.home(), host.files, stop);
+    const auto loadAll = host.files.systemKind() == SystemKind::mac ? loadBundles : loadLinuxApps;
+    return loadAll(host, locations, now, stop);
+}
 
-    std::vector<std::optional<InstalledApp>> measured(bundles.size());
-    concurrentPerform(bundles.size(), [&](std::size_t i) {
-        if (stop)
-            return;
-        const BundleInfo &bundle = bundles[i];
-        measured[i] = InstalledApp{.path = bundle.path,
-                                   .name = bundle.name,
-                                   .bundleID = bundle.bundleID,
-                                   .version = bundle.version,
-                                   .isAppStore = bundle.isAppStore,
-                                   .appSize = allocatedSize(bundle.path, host.files, stop),
-                                   .lastUsed = host.applications.lastUsed(bundle.path),
-                                   .leftovers = findLeftovers(bundle, ids, listings, surroundings)};
-    });
-
-    Result result;
+std::vector<InstalledApp> largestFirst(std::vector<std::optional<InstalledApp>> measured)
+{
+    std::vector<InstalledApp> apps;
     ForeignSum sum;
     for (std::optional<InstalledApp> &app : measured) {
         if (!app)
@@ -154,11 +165,11 @@ AppInventory::Result AppInventory::load(const Host &host, const ProtectedLocatio
         app->appSize = sum.counted(app->appSize);
         for (Leftover &leftover : app->leftovers)
             leftover.size = sum.counted(leftover.size);
-        result.apps.push_back(*std::move(app));
+        apps.push_back(*std::move(app));
     }
-    std::ranges::stable_sort(result.apps, std::ranges::greater(), sizeOf);
-    result.orphanGroups = findOrphans(vendors(ids), listings, surroundings);
-    return result;
+    const auto size = [](const InstalledApp &app) { return checkedAdd(app.appSize, app.exactLeftoverSize()); };
+    std::ranges::stable_sort(apps, std::ranges::greater(), size);
+    return apps;
 }
 
 } // namespace corvane

@@ -32,7 +32,25 @@ bool InstalledApp::proposes(const Leftover &leftover) const
     const std::string item = lowerCase(lastPathComponent(leftover.path));
     const bool isOfSystem =
         std::ranges::any_of(systemNames, [&](std::string_view each) { return item.starts_with(each); });
-    return leftover.match == Leftover::Match::exact && bundleID.find('.') != std::string::npos && !isOfSystem;
+    const bool isOwnName = bundleID.find('.') != std::string::npos || source == Source::snap;
+    return leftover.match == Leftover::Match::exact && isOwnName && !isOfSystem;
+}
+
+std::string_view rawValue(InstalledApp::Source source)
+{
+    switch (source) {
+    case InstalledApp::Source::none:
+        break;
+    case InstalledApp::Source::flatpak:
+        return "Flatpak";
+    case InstalledApp::Source::snap:
+        return "Snap";
+    case InstalledApp::Source::package:
+        return "Package";
+    case InstalledApp::Source::appImage:
+        return "AppImage";
+    }
+    return {};
 }
 
 std::optional<int> InstalledApp::unusedForMonths(Time now, const Calendar &calendar) const

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "apps/app_inventory.h"
+#include "apps/leftover_rules.h"
 #include "apps/name_pieces.h"
 #include "core/allocated_size.h"
 #include "core/concurrent_perform.h"
@@ -64,19 +65,6 @@ std::vector<const Item *> namedAfter(const std::string &id, Naming naming, const
     return found;
 }
 
-/// Whether one of the identifiers is the name or its beginning up to one of its dots.
-bool isClaimed(std::string_view name, std::span<const std::string> ids)
-{
-    if (ids.empty())
-        return false;
-    for (std::size_t end = name.find('.');; end = name.find('.', end + 1)) {
-        if (std::ranges::find(ids, name.substr(0, end)) != ids.end())
-            return true;
-        if (end == std::string_view::npos)
-            return false;
-    }
-}
-
 /// Those that begin with the identifier and a dot: of an application's helper, for one.
 std::vector<std::string> longerIDs(const std::string &id, const std::vector<std::string> &allIDs)
 {
@@ -99,33 +87,6 @@ std::size_t characterCount(std::string_view text)
     return count;
 }
 
-/// The names, in lower case, that a folder of the application may bear.
-std::vector<std::string> candidateNames(const BundleInfo &bundle)
-{
-    std::vector<std::string> names{lowerCase(bundle.name)};
-    if (std::string other = lowerCase(bundle.altName); other != names.front())
-        names.push_back(std::move(other));
-    std::erase_if(names, [](const std::string &name) {
-        return characterCount(name) < fewestCharacters || isOneOf(name, AppInventory::genericNames);
-    });
-    return names;
-}
-
-/// The item without its size; nothing for one that must never be removed.
-std::optional<Leftover> leftoverAt(std::string path, std::string_view location, Match match,
-                                   const AppInventory::Surroundings &surroundings)
-{
-    if (surroundings.locations.isProtected(path, surroundings.files))
-        return std::nullopt;
-    Leftover leftover{.path = std::move(path), .location = location, .match = match, .modified = {}};
-    if (const Expected<ItemFacts> facts = surroundings.files.facts(leftover.path)) {
-        leftover.kind = kindOf(facts->type, facts->isPackage);
-        if (facts->modified != distantPast)
-            leftover.modified = facts->modified;
-    }
-    return leftover;
-}
-
 /// The name without what applications put behind their identifier.
 std::string_view withoutSuffixes(std::string_view name)
 {
@@ -135,20 +96,6 @@ std::string_view withoutSuffixes(std::string_view name)
     }
     return name;
 }
-
-/// Whether a name without its suffixes may be that of a deleted application's item.
-bool isOrphanName(std::string_view name, const std::unordered_set<std::string> &vendors)
-{
-    return name.find(' ') == std::string_view::npos &&
-           isOneOf(name.substr(0, name.find('.')), AppInventory::orphanTLDs) && !name.starts_with("com.apple") &&
-           !name.starts_with("group.") && !name.starts_with("systemgroup.") &&
-           !vendors.contains(leadingPieces(name, 2));
-}
-
-struct Orphan {
-    Leftover item;
-    std::string group;
-};
 
 std::vector<Orphan> orphansWithoutSizes(const std::unordered_set<std::string> &vendors, const LibraryListings &listings,
                                         const AppInventory::Surroundings &surroundings)
@@ -165,7 +112,7 @@ std::vector<Orphan> orphansWithoutSizes(const std::unordered_set<std::string> &v
                 continue;
             std::optional<Leftover> leftover =
                 leftoverAt(listings.pathOf(i, item), leftoverLocations[i].label, Match::orphan, surroundings);
-            if (leftover && !(leftover->modified && *leftover->modified > surroundings.now - untouchedFor))
+            if (leftover && isUntouched(*leftover, surroundings.now))
                 orphans.push_back({*std::move(leftover), leadingPieces(name, 3)});
         }
     }
@@ -173,6 +120,79 @@ std::vector<Orphan> orphansWithoutSizes(const std::unordered_set<std::string> &v
 }
 
 } // namespace
+
+bool isClaimed(std::string_view name, std::span<const std::string> ids)
+{
+    if (ids.empty())
+        return false;
+    for (std::size_t end = name.find('.');; end = name.find('.', end + 1)) {
+        if (std::ranges::find(ids, name.substr(0, end)) != ids.end())
+            return true;
+        if (end == std::string_view::npos)
+            return false;
+    }
+}
+
+std::vector<std::string> candidateNames(std::vector<std::string> names)
+{
+    for (std::string &name : names)
+        name = lowerCase(name);
+    std::ranges::sort(names);
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    std::erase_if(names, [](const std::string &name) {
+        return characterCount(name) < fewestCharacters || isOneOf(name, AppInventory::genericNames);
+    });
+    return names;
+}
+
+std::optional<Leftover> leftoverAt(std::string path, std::string_view location, Match match,
+                                   const AppInventory::Surroundings &surroundings)
+{
+    if (surroundings.locations.isProtected(path, surroundings.files))
+        return std::nullopt;
+    Leftover leftover{.path = std::move(path), .location = location, .match = match, .modified = {}};
+    if (const Expected<ItemFacts> facts = surroundings.files.facts(leftover.path)) {
+        leftover.kind = kindOf(facts->type, facts->isPackage);
+        if (facts->modified != distantPast)
+            leftover.modified = facts->modified;
+    }
+    return leftover;
+}
+
+bool isUntouched(const Leftover &leftover, Time now)
+{
+    return !leftover.modified || *leftover.modified <= now - untouchedFor;
+}
+
+bool isOrphanName(std::string_view name, const std::unordered_set<std::string> &vendors)
+{
+    return name.find(' ') == std::string_view::npos &&
+           isOneOf(name.substr(0, name.find('.')), AppInventory::orphanTLDs) && !name.starts_with("com.apple") &&
+           !name.starts_with("group.") && !name.starts_with("systemgroup.") &&
+           !vendors.contains(leadingPieces(name, 2));
+}
+
+std::vector<OrphanGroup> measuredGroups(std::vector<Orphan> orphans, const AppInventory::Surroundings &surroundings)
+{
+    concurrentPerform(orphans.size(), [&](std::size_t i) {
+        if (!surroundings.stop)
+            orphans[i].item.size = allocatedSize(orphans[i].item.path, surroundings.files, surroundings.stop);
+    });
+    std::vector<OrphanGroup> groups;
+    std::unordered_map<std::string, std::size_t> places;
+    ForeignSum sum;
+    for (Orphan &orphan : orphans) {
+        orphan.item.size = sum.counted(orphan.item.size);
+        const auto [place, isNew] = places.try_emplace(orphan.group, groups.size());
+        if (isNew)
+            groups.push_back({orphan.group, {}});
+        groups[place->second].items.push_back(std::move(orphan.item));
+    }
+    for (OrphanGroup &group : groups)
+        std::ranges::stable_sort(group.items, std::ranges::greater(), &Leftover::size);
+    std::ranges::stable_sort(groups, std::ranges::greater(), &OrphanGroup::size);
+    return groups;
+}
 
 std::vector<std::string> AppInventory::allIDs(const std::vector<BundleInfo> &bundles)
 {
@@ -218,7 +238,7 @@ std::vector<Leftover> AppInventory::findLeftovers(const BundleInfo &bundle, cons
                 take(i, *item, Match::exact);
         }
     }
-    const std::vector<std::string> names = candidateNames(bundle);
+    const std::vector<std::string> names = candidateNames({bundle.name, bundle.altName});
     for (std::size_t i = 0; i < leftoverLocations.size(); ++i) {
         if (!leftoverLocations[i].hasNameMatches)
             continue;
@@ -236,25 +256,7 @@ std::vector<Leftover> AppInventory::findLeftovers(const BundleInfo &bundle, cons
 std::vector<OrphanGroup> AppInventory::findOrphans(const std::unordered_set<std::string> &vendors,
                                                    const LibraryListings &listings, const Surroundings &surroundings)
 {
-    std::vector<Orphan> orphans = orphansWithoutSizes(vendors, listings, surroundings);
-    concurrentPerform(orphans.size(), [&](std::size_t i) {
-        if (!surroundings.stop)
-            orphans[i].item.size = allocatedSize(orphans[i].item.path, surroundings.files, surroundings.stop);
-    });
-    std::vector<OrphanGroup> groups;
-    std::unordered_map<std::string, std::size_t> places;
-    ForeignSum sum;
-    for (Orphan &orphan : orphans) {
-        orphan.item.size = sum.counted(orphan.item.size);
-        const auto [place, isNew] = places.try_emplace(orphan.group, groups.size());
-        if (isNew)
-            groups.push_back({orphan.group, {}});
-        groups[place->second].items.push_back(std::move(orphan.item));
-    }
-    for (OrphanGroup &group : groups)
-        std::ranges::stable_sort(group.items, std::ranges::greater(), &Leftover::size);
-    std::ranges::stable_sort(groups, std::ranges::greater(), &OrphanGroup::size);
-    return groups;
+    return measuredGroups(orphansWithoutSizes(vendors, listings, surroundings), surroundings);
 }
 
 } // namespace corvane

@@ -43,19 +43,6 @@ std::span<const Element> equalTo(std::string_view text, const std::vector<Elemen
             std::ranges::upper_bound(sorted, text, less, projection)};
 }
 
-std::vector<std::string> namesIn(const std::string &folder, FileSystem &files, const StopFlag &stop)
-{
-    const WalkConditions conditions;
-    std::vector<std::string> names;
-    const auto opened = openPatiently([&] { return files.openFolder(folder); });
-    if (!opened || !(*opened)->list([&](const DirectoryEntry &entry) {
-            names.emplace_back(entry.name);
-            return stop || names.size() > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
-        }))
-        return {};
-    return names;
-}
-
 } // namespace
 
 LibraryListing::LibraryListing(std::vector<std::string> names, Ends ends)
@@ -97,11 +84,28 @@ std::vector<const Item *> LibraryListing::endingWith(std::string_view lowered) c
     return found;
 }
 
+Expected<std::vector<std::string>> namesIn(const std::string &folder, FileSystem &files, const StopFlag &stop)
+{
+    const WalkConditions conditions;
+    std::vector<std::string> names;
+    const auto opened = openPatiently([&] { return files.openFolder(folder); });
+    if (!opened)
+        return tl::unexpected(opened.error());
+    const Expected<void> listed = (*opened)->list([&](const DirectoryEntry &entry) {
+        names.emplace_back(entry.name);
+        return stop || names.size() > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
+    });
+    if (!listed)
+        return tl::unexpected(listed.error());
+    return names;
+}
+
 LibraryListings LibraryListings::read(const std::string &home, FileSystem &files, const StopFlag &stop)
 {
     LibraryListings result{.library = joined(home, "Library")};
     concurrentPerform(leftoverLocations.size(), [&](std::size_t i) {
-        result.listings[i] = make(i, namesIn(joined(result.library, leftoverLocations[i].folder), files, stop));
+        result.listings[i] = make(i, namesIn(joined(result.library, leftoverLocations[i].folder), files, stop)
+                                         .value_or(std::vector<std::string>()));
     });
     return result;
 }

@@ -39,6 +39,11 @@ private:
     std::vector<std::uint32_t> m_byEnding; // indices of the items, in the order of their names read backwards
 };
 
+/// The names of what lies directly in a folder, in its own order. Fails where it cannot be listed, and where it has no
+/// end. Any thread.
+[[nodiscard]] Expected<std::vector<std::string>> namesIn(const std::string &folder, FileSystem &files,
+                                                         const StopFlag &stop = neverStopped);
+
 /// What lies in the Library's `leftoverLocations`, listed once so that every application meets the same. Immutable.
 struct LibraryListings {
     std::string library;                                             ///< its path

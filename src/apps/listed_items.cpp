@@ -75,7 +75,12 @@ std::int64_t orphanTotal(std::span<const OrphanGroup> groups)
 
 Selection uninstallEntries(const InstalledApp &app, std::span<const Leftover> leftovers)
 {
-    Selection entries{{app.path, app.appSize}};
+    Selection entries;
+    if (app.removeCommand.empty()) {
+        entries.emplace(app.path, app.appSize);
+        if (!app.launcher.empty())
+            entries.emplace(app.launcher, 0);
+    }
     for (const Leftover &leftover : leftovers)
         entries.insert_or_assign(leftover.path, leftover.size);
     return entries;

@@ -22,8 +22,8 @@ bool takeRemoved(AppInventory::Result &inventory, std::span<const SelectedEntry>
 /// What the groups come to.
 [[nodiscard]] std::int64_t orphanTotal(std::span<const OrphanGroup> groups);
 
-/// What is removed with an application: its bundle and those leftovers. A path that stands there twice has its last
-/// size.
+/// What is removed with an application: its bundle, or what lies in the home in its place, and those leftovers; the
+/// leftovers alone of one that is removed by a command. A path that stands there twice has its last size.
 [[nodiscard]] Selection uninstallEntries(const InstalledApp &app, std::span<const Leftover> leftovers);
 
 /// What is at each of those paths now. A leftover that is no longer of the listed kind is not known: a file may be

@@ -44,6 +44,10 @@ void writeApp(const InstalledApp &app, Time now, const Calendar &calendar, JsonW
     else
         json.null();
     json.bytes("path", app.path);
+    if (app.source != InstalledApp::Source::none)
+        json.bytes("source", rawValue(app.source));
+    if (!app.removeCommand.empty())
+        json.bytes("removeCommand", app.removeCommand);
     writeLeftovers("leftovers", app.leftovers, json);
     json.endObject();
 }

@@ -31,6 +31,8 @@ Row rowOf(const InstalledApp &app, Time now, const Calendar &calendar)
     std::string contents = "app " + formatByteCount(app.appSize);
     if (data > 0)
         contents += " + data " + formatByteCount(data);
+    if (app.source != InstalledApp::Source::none)
+        contents += fmt::format(", {}", rawValue(app.source));
     if (const std::optional<int> months = app.unusedForMonths(now, calendar))
         contents += fmt::format(", not opened in {} months", *months);
     return {checkedAdd(app.appSize, data), displayUtf8(app.name), std::move(contents)};

@@ -24,7 +24,11 @@ inline std::string infoPlist(const std::map<std::string, std::string> &values)
 /// A Mac in memory, whose user's home is "/Users/u". "Now" is a fixed moment.
 class AppFixture : public testing::Test {
 protected:
-    AppFixture() { fake.files.setHome(home); }
+    AppFixture()
+    {
+        fake.files.setHome(home);
+        fake.files.setSystemKind(SystemKind::mac);
+    }
 
     /// An application whose bundle comes to `size` with its Info.plist.
     void addApp(const std::string &path, const std::string &bundleID, std::int64_t size = 1'000'000)

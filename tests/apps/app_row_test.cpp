@@ -129,8 +129,8 @@ TEST(AppRow, TheOrphansSayHowManyTheyAreAndWhatTheyComeTo)
 
 TEST(AppSort, ItsValuesAreTheLabelsInTheirOrder)
 {
-    EXPECT_EQ(appSortNames(),
-              QStringList({QStringLiteral("Name"), QStringLiteral("Last Use"), QStringLiteral("Size")}));
+    EXPECT_EQ(appSorts(true), (std::vector{AppSort::name, AppSort::lastUsed, AppSort::size}));
+    EXPECT_EQ(appSorts(false), (std::vector{AppSort::name, AppSort::size}));
     EXPECT_EQ(rawValue(AppSort::name), QStringLiteral("Name"));
     EXPECT_EQ(rawValue(AppSort::lastUsed), QStringLiteral("Last Use"));
     EXPECT_EQ(rawValue(AppSort::size), QStringLiteral("Size"));

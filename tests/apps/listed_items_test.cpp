@@ -117,6 +117,23 @@ TEST(ListedItems, AnUninstallRemovesTheBundleAndTheLeftoversThatWereChosen)
     EXPECT_EQ(uninstallEntries(app("big", 5'000), {}), (Selection{{"/Applications/big.app", 5'000}}));
 }
 
+TEST(ListedItems, OfAnApplicationThatACommandRemovesTheChosenDataAloneGoes)
+{
+    InstalledApp packed = app("packed", 5'000);
+    packed.removeCommand = "sudo apt remove packed";
+    packed.launcher = "/home/u/packed.desktop";
+    EXPECT_EQ(uninstallEntries(packed, std::vector<Leftover>{item("/l/a", 3)}), (Selection{{"/l/a", 3}}));
+    EXPECT_TRUE(uninstallEntries(packed, {}).empty());
+}
+
+TEST(ListedItems, TheFileThatStartsAnApplicationOfTheHomeGoesWithIt)
+{
+    InstalledApp unpacked = app("unpacked", 5'000);
+    unpacked.launcher = "/home/u/unpacked.desktop";
+    EXPECT_EQ(uninstallEntries(unpacked, {}),
+              (Selection{{"/Applications/unpacked.app", 5'000}, {"/home/u/unpacked.desktop", 0}}));
+}
+
 TEST(ListedItems, ALeftoverOfAnotherKindThanTheListedOneIsNotKnown)
 {
     FakeHost fake;

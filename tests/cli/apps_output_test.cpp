@@ -150,6 +150,20 @@ TEST(AppsTable, LongNamesAreCutAndHoldNoControlCharacters)
     EXPECT_NE(text.find("  a␛[31m␊xxxxxxxxxxxxxxxxxxxxxxxx…  app"), std::string::npos) << text;
 }
 
+TEST(AppsOutput, WhereAnApplicationIsFromAndHowItIsRemovedIsToldWhereItIsKnown)
+{
+    AppInventory::Result result = inventory();
+    InstalledApp &packed = result.apps[1];
+    packed.source = InstalledApp::Source::flatpak;
+    packed.removeCommand = "flatpak uninstall org.sea";
+    EXPECT_NE(table(result).find("Sea Chart  app 1 MB, Flatpak\n"), std::string::npos) << table(result);
+    const json document = json::parse(writtenTo([&](Output &out) { writeAppsJson(result, now, utc, out); }));
+    EXPECT_EQ(document["apps"][1]["source"], "Flatpak");
+    EXPECT_EQ(document["apps"][1]["removeCommand"], "flatpak uninstall org.sea");
+    EXPECT_FALSE(document["apps"][0].contains("source"));
+    EXPECT_FALSE(document["apps"][0].contains("removeCommand"));
+}
+
 } // namespace
 
 } // namespace corvane

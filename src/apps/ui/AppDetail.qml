@@ -17,8 +17,12 @@ Item {
     }
     /// Asks before anything is uninstalled.
     function ask() {
-        if (presenter.canUninstall)
+        if (!presenter.canUninstall)
+            return;
+        if (presenter.asks)
             question.open();
+        else
+            foot.takeKeyboard();
     }
 
     AppHeader {
@@ -37,11 +41,22 @@ Item {
         text: detail.presenter.warning
         visible: text !== ""
     }
+    RemoveCommand {
+        id: removal
+
+        objectName: "uninstaller.command"
+        anchors.top: banner.bottom
+        width: parent.width
+        height: visible ? implicitHeight : 0
+        command: detail.presenter.removeCommand
+        ownSize: detail.presenter.ownSize
+        visible: removal.command !== ""
+    }
     LeftoverList {
         id: leftovers
 
         objectName: "uninstaller.leftovers"
-        anchors.top: banner.bottom
+        anchors.top: removal.bottom
         anchors.topMargin: banner.visible ? Theme.space4 : 0
         anchors.bottom: foot.top
         width: parent.width
@@ -55,7 +70,7 @@ Item {
         anchors.bottom: parent.bottom
         width: parent.width
         presenter: detail.presenter
-        onUninstallWanted: detail.ask()
+        onUninstallWanted: detail.presenter.asks ? detail.ask() : detail.presenter.uninstall()
     }
     Alert {
         id: question

@@ -51,7 +51,7 @@ Item {
             id: uninstall
 
             objectName: "uninstaller.uninstall"
-            text: qsTr("Uninstall…")
+            text: foot.presenter.removeText
             symbol: "trash"
             primary: true
             busy: foot.presenter.uninstalling

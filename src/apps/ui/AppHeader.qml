@@ -29,12 +29,21 @@ Item {
         PlainText {
             id: heading
 
-            width: parent.width
+            width: Math.min(implicitWidth, parent.width - (badge.visible ? badge.width + Theme.space10 : 0))
             height: Theme.title1Line
             text: header.presenter.name
             font: Theme.title1Font
             Accessible.role: Accessible.Heading
             Accessible.name: text
+        }
+        Tag {
+            id: badge
+
+            anchors.left: heading.right
+            anchors.leftMargin: Theme.space10
+            anchors.verticalCenter: heading.verticalCenter
+            text: header.presenter.badge
+            visible: text !== ""
         }
         PlainText {
             id: facts

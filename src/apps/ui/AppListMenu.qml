@@ -7,6 +7,7 @@ AppMenu {
 
     required property NodeActions target
     required property bool canUninstall
+    required property string removeText
 
     signal uninstallWanted
 
@@ -20,7 +21,7 @@ AppMenu {
     }
     AppMenuSeparator {}
     AppMenuItem {
-        text: qsTr("Uninstall…")
+        text: menu.removeText
         enabled: menu.canUninstall
         onTriggered: menu.uninstallWanted()
     }

@@ -9,6 +9,7 @@ Item {
 
     required property bool orphans
     required property string name
+    required property string badge
     required property string note
     required property bool unused
     required property string sizeText
@@ -83,10 +84,21 @@ Item {
         PlainText {
             id: heading
 
-            width: parent.width
+            // Where both do not fit, the name gives way.
+            width: Math.min(implicitWidth, parent.width - (badge.visible ? badge.width + AppsMetrics.badgeGap : 0))
             height: Theme.bodyLine
             text: row.name
             font: row.chosen ? Theme.bodySemiboldFont : Theme.bodyFont
+            Accessible.ignored: true
+        }
+        Tag {
+            id: badge
+
+            anchors.left: heading.right
+            anchors.leftMargin: AppsMetrics.badgeGap
+            anchors.verticalCenter: heading.verticalCenter
+            text: row.badge
+            visible: text !== ""
             Accessible.ignored: true
         }
         PlainText {

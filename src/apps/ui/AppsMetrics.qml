@@ -8,6 +8,7 @@ QtObject {
     readonly property int listWidthNarrow: 300
     readonly property int filterHeight: 45
     readonly property int rowHeight: 48
+    readonly property int badgeGap: 7
 
     readonly property int detailTop: 18
     readonly property int detailIconSize: 64
@@ -25,6 +26,8 @@ QtObject {
     /// The columns of a list of leftovers, without dates and with them.
     readonly property int locationWidth: 132
     readonly property int sizeWidth: 66
+    /// The place of an item whose title is its path.
+    readonly property int kindWidth: 84
     readonly property int datedLocationWidth: 120
     readonly property int dateWidth: 84
     readonly property int datedSizeWidth: 64
@@ -32,4 +35,5 @@ QtObject {
     readonly property int datedListWidth: 600
 
     readonly property int questionWidth: 440
+    readonly property int copyWidth: 86
 }

@@ -29,7 +29,7 @@ FocusScope {
         visible: !area.showsApp && !area.showsOrphans
         symbol: "xmark.bin"
         title: qsTr("Pick an app")
-        message: qsTr("See how much space it really uses, including the caches, preferences and support files it keeps in your Library. Or open “Left behind by deleted apps” at the top of the list.")
+        message: area.presenter.invitation
     }
     AppDetail {
         id: app

@@ -65,6 +65,7 @@ AppList {
         objectName: "uninstaller.menu"
         target: list.presenter.menuTarget
         canUninstall: list.presenter.app.canUninstall
+        removeText: list.presenter.app.removeText
         onUninstallWanted: list.uninstallWanted()
     }
     delegate: AppRow {

@@ -15,6 +15,8 @@ BoxRow {
     required property int checkState
     required property bool checkable
     required property string checkReason
+    /// The title is the whole path.
+    property bool showsPath: false
     /// Tells when the item was changed last.
     property bool showsDate: false
 
@@ -59,7 +61,8 @@ BoxRow {
 
         anchors.right: date.left
         anchors.rightMargin: row.showsDate ? AppsMetrics.rowGap : 0
-        width: row.showsDate ? AppsMetrics.datedLocationWidth : AppsMetrics.locationWidth
+        width: row.showsPath ? AppsMetrics.kindWidth
+            : row.showsDate ? AppsMetrics.datedLocationWidth : AppsMetrics.locationWidth
         height: parent.height
         text: row.location
         font: Theme.secondaryFont

@@ -76,6 +76,7 @@ AppList {
                 required property int index
 
                 width: list.width
+                showsPath: list.contents.showsPaths
                 showsDate: list.showsDates
                 ringed: ListView.isCurrentItem && list.visualFocus
                 onPressed: list.point(index)

@@ -58,7 +58,7 @@ Rectangle {
             visible: presenter.content === UninstallerPresenter.Content.nothing
             symbol: "app.badge"
             title: qsTr("No apps found")
-            message: qsTr("Corvane looks for apps in /Applications and in the Applications folder of your home.")
+            message: presenter.nothingText
         }
         Item {
             anchors.fill: parent

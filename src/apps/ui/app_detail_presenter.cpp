@@ -10,7 +10,6 @@
 #include "core/checked_add.h"
 #include "core/store/followed.h"
 #include "core/store/qt_words.h"
-#include "shell/ui/bundle_icons.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -26,6 +25,7 @@ AppDetailPresenter::AppDetailPresenter(QObject *parent) : QObject(parent)
     m_runningTimer.setInterval(runningInterval);
     connect(&m_runningTimer, &QTimer::timeout, this, &AppDetailPresenter::lookWhetherRunning);
     connect(&m_leftovers, &AppLeftoversModel::chosenChanged, this, &AppDetailPresenter::planChanged);
+    connect(&m_leftovers, &AppLeftoversModel::chosenChanged, this, &AppDetailPresenter::canUninstallChanged);
 }
 
 void AppDetailPresenter::setStore(StorageStore *store)
@@ -83,7 +83,27 @@ QString AppDetailPresenter::name() const
 
 QString AppDetailPresenter::iconKey() const
 {
-    return m_app ? bundleIconKey(m_app->path) : QString();
+    return m_app ? appIconKey(*m_app) : QString();
+}
+
+QString AppDetailPresenter::badge() const
+{
+    return m_app ? displayText(rawValue(m_app->source)) : QString();
+}
+
+QString AppDetailPresenter::removeCommand() const
+{
+    return m_app ? displayText(m_app->removeCommand) : QString();
+}
+
+QString AppDetailPresenter::ownSize() const
+{
+    return m_app ? sizeText(m_app->appSize) : QString();
+}
+
+QString AppDetailPresenter::removeText() const
+{
+    return m_app && !asks() ? QStringLiteral("Move Data to Trash") : QStringLiteral("Uninstall…");
 }
 
 QString AppDetailPresenter::facts() const
@@ -93,6 +113,8 @@ QString AppDetailPresenter::facts() const
     QStringList facts;
     if (!m_app->version.empty())
         facts << QStringLiteral("Version ") + bundleText(m_app->version);
+    if (m_store && m_store->appsTable().tellsIdentifier)
+        facts << bundleText(m_app->bundleID);
     if (m_app->isAppStore)
         facts << QStringLiteral("App Store");
     if (m_app->lastUsed)
@@ -123,7 +145,7 @@ AppDetailPresenter::Plan AppDetailPresenter::currentPlan() const
     Plan plan;
     if (!m_app)
         return plan;
-    plan.size = m_app->appSize;
+    plan.size = asks() ? m_app->appSize : 0;
     for (const Leftover &leftover : m_leftovers.chosenLeftovers()) {
         ++plan.leftovers;
         plan.size = checkedAdd(plan.size, leftover.size);
@@ -134,6 +156,8 @@ AppDetailPresenter::Plan AppDetailPresenter::currentPlan() const
 QString AppDetailPresenter::plan() const
 {
     const Plan plan = currentPlan();
+    if (m_app && !asks())
+        return countText(plan.leftovers, "item", "items") + QStringLiteral(" of its data · ") + sizeText(plan.size);
     const QString leftovers =
         plan.leftovers == 0 ? QString() : QStringLiteral(" and ") + countText(plan.leftovers, "leftover", "leftovers");
     return QStringLiteral("App") + leftovers + QStringLiteral(" · ") + sizeText(plan.size);
@@ -163,6 +187,11 @@ QString AppDetailPresenter::confirmText() const
 }
 
 // --- Actions
+
+bool AppDetailPresenter::canUninstall() const
+{
+    return m_app && m_store && !isUninstalling() && (asks() || !m_leftovers.chosenLeftovers().empty());
+}
 
 bool AppDetailPresenter::isUninstalling() const
 {

@@ -24,6 +24,16 @@ class AppDetailPresenter : public QObject {
     QML_UNCREATABLE("Given by the presenter of the screen")
     Q_PROPERTY(QString name READ name NOTIFY changed)
     Q_PROPERTY(QString iconKey READ iconKey NOTIFY changed)
+    /// How it came here; empty where there is only one way.
+    Q_PROPERTY(QString badge READ badge NOTIFY changed)
+    /// What the user runs to remove the application itself; empty where that can be moved to the Trash.
+    Q_PROPERTY(QString removeCommand READ removeCommand NOTIFY changed)
+    /// What the application itself comes to.
+    Q_PROPERTY(QString ownSize READ ownSize NOTIFY changed)
+    /// Of the button that removes what goes to the Trash.
+    Q_PROPERTY(QString removeText READ removeText NOTIFY changed)
+    /// The application itself would go: a question comes first.
+    Q_PROPERTY(bool asks READ asks NOTIFY changed)
     /// Its version, where it came from, and when it was opened last, as far as is known.
     Q_PROPERTY(QString facts READ facts NOTIFY changed)
     Q_PROPERTY(QString sizes READ sizes NOTIFY changed)
@@ -56,6 +66,12 @@ public:
 
     [[nodiscard]] QString name() const;
     [[nodiscard]] QString iconKey() const;
+    [[nodiscard]] QString badge() const;
+    [[nodiscard]] QString removeCommand() const;
+    [[nodiscard]] QString ownSize() const;
+    /// "Uninstall…", or "Move Data to Trash"
+    [[nodiscard]] QString removeText() const;
+    [[nodiscard]] bool asks() const { return m_app && m_app->removeCommand.empty(); }
     /// "Version 5.4.1 · App Store · Last opened 20 Nov 2026"
     [[nodiscard]] QString facts() const;
     /// "app 740 MB + data 8.66 GB"
@@ -64,15 +80,16 @@ public:
     [[nodiscard]] QString total() const;
     [[nodiscard]] QString warning() const;
     [[nodiscard]] AppLeftoversModel *leftovers() { return &m_leftovers; }
-    /// "App and 6 leftovers · 8.95 GB"
+    /// "App and 6 leftovers · 8.95 GB", or "4 items of its data · 3.04 GB"
     [[nodiscard]] QString plan() const;
-    [[nodiscard]] bool canUninstall() const { return m_app && m_store && !isUninstalling(); }
+    /// There is something that would go.
+    [[nodiscard]] bool canUninstall() const;
     [[nodiscard]] bool isUninstalling() const;
     [[nodiscard]] QString question() const;
     [[nodiscard]] QString explanation() const;
     [[nodiscard]] QString confirmText() const;
 
-    /// Moves the application and the ticked leftovers to the Trash; has it quit before.
+    /// Moves the application, unless a command removes it, and the ticked leftovers to the Trash; has it quit before.
     Q_INVOKABLE void uninstall();
     /// Shows the bundle in the file manager.
     Q_INVOKABLE void reveal();
@@ -85,7 +102,7 @@ signals:
 private:
     struct Plan {
         std::int64_t leftovers = 0;
-        std::int64_t size = 0; ///< bytes, the bundle's included
+        std::int64_t size = 0; ///< bytes, those of the application itself included where it goes
     };
 
     void lookWhetherRunning();

@@ -16,7 +16,7 @@ using Match = Leftover::Match;
 
 /// A heading and the items of that kind below it, in their order; nothing where there are none.
 void addSection(std::vector<LeftoverRow> &rows, const InstalledApp &app, Match match, const QString &title,
-                const QString &note)
+                const QString &note, const std::optional<std::string> &home)
 {
     std::int64_t size = 0;
     std::vector<LeftoverRow> items;
@@ -24,7 +24,7 @@ void addSection(std::vector<LeftoverRow> &rows, const InstalledApp &app, Match m
         if (leftover.match != match)
             continue;
         size = checkedAdd(size, leftover.size);
-        items.push_back(LeftoverRow::ofItem(leftover, QLocale()));
+        items.push_back(LeftoverRow::ofItem(leftover, QLocale(), home));
         items.back().date.clear(); // what counts is whose it is
     }
     if (items.empty())
@@ -69,12 +69,15 @@ void AppLeftoversModel::clear()
 
 void AppLeftoversModel::installRowsOf(const InstalledApp &app)
 {
-    const QString certain = QStringLiteral("Leftovers in your Library");
+    const QString certain = m_store ? displayText(m_store->appsTable().dataTitle) : QString();
+    const std::optional<std::string> home = homeOfPaths(m_store);
     std::vector<LeftoverRow> rows;
     addSection(rows, app, Match::exact, certain,
-               QStringLiteral("Matched by the app's ID (%1), so these belong to it.").arg(bundleText(app.bundleID)));
+               QStringLiteral("Matched by the app's ID (%1), so these belong to it.").arg(bundleText(app.bundleID)),
+               home);
     addSection(rows, app, Match::name, QStringLiteral("Possible matches"),
-               QStringLiteral("Folders with the same name as the app. Probably its data, but check before removing."));
+               QStringLiteral("Folders with the same name as the app. Probably its data, but check before removing."),
+               home);
     if (rows.empty()) {
         rows.push_back(
             {.kind = LeftoverRow::Kind::heading, .id = std::string(rawValue(Match::exact)), .title = certain});

@@ -19,11 +19,37 @@ void AppListModel::setSearch(const QString &search)
     install();
 }
 
+int AppListModel::sort() const
+{
+    return static_cast<int>(std::ranges::find(m_sorts, m_sort) - m_sorts.begin());
+}
+
 void AppListModel::setSort(int sort)
 {
-    if (sort < 0 || sort >= sorts().size() || sort == this->sort())
+    if (sort < 0 || sort >= static_cast<int>(m_sorts.size()) || sort == this->sort())
         return;
-    m_sort = static_cast<AppSort>(sort);
+    m_sort = m_sorts[static_cast<std::size_t>(sort)];
+    emit sortChanged();
+    install();
+}
+
+QList<QString> AppListModel::sorts() const
+{
+    QList<QString> names;
+    for (const AppSort sort : m_sorts)
+        names << rawValue(sort);
+    return names;
+}
+
+void AppListModel::setTellsLastUse(bool tellsLastUse)
+{
+    std::vector<AppSort> sorts = appSorts(tellsLastUse);
+    if (sorts == m_sorts)
+        return;
+    m_sorts = std::move(sorts);
+    if (std::ranges::find(m_sorts, m_sort) == m_sorts.end())
+        m_sort = AppSort::size;
+    emit sortsChanged();
     emit sortChanged();
     install();
 }
@@ -102,6 +128,8 @@ QVariant AppListModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
     case NameRole:
         return row.name;
+    case BadgeRole:
+        return row.badge;
     case NoteRole:
         return row.note;
     case UnusedRole:
@@ -122,9 +150,9 @@ QVariant AppListModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> AppListModel::roleNames() const
 {
-    return {
-        {OrphansRole, "orphans"},   {NameRole, "name"},       {NoteRole, "note"},     {UnusedRole, "unused"},
-        {SizeTextRole, "sizeText"}, {IconKeyRole, "iconKey"}, {ChosenRole, "chosen"}, {DescriptionRole, "description"}};
+    return {{OrphansRole, "orphans"}, {NameRole, "name"},     {BadgeRole, "badge"},
+            {NoteRole, "note"},       {UnusedRole, "unused"}, {SizeTextRole, "sizeText"},
+            {IconKeyRole, "iconKey"}, {ChosenRole, "chosen"}, {DescriptionRole, "description"}};
 }
 
 } // namespace corvane

@@ -22,7 +22,7 @@ class AppListModel : public corvane::RowListModel {
     Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged)
     /// The place of the order among `sorts`.
     Q_PROPERTY(int sort READ sort WRITE setSort NOTIFY sortChanged)
-    Q_PROPERTY(QList<QString> sorts READ sorts CONSTANT)
+    Q_PROPERTY(QList<QString> sorts READ sorts NOTIFY sortsChanged)
     /// The row of what is chosen; -1 where nothing is, and where it is not listed.
     Q_PROPERTY(int chosenRow READ chosenRow NOTIFY rowsChanged)
     /// What is said where the search leaves no application.
@@ -32,6 +32,7 @@ public:
     enum Role {
         OrphansRole = Qt::UserRole + 1, ///< the entry for what deleted applications have left
         NameRole,
+        BadgeRole, ///< how it came here
         NoteRole,
         UnusedRole, ///< the note says for how long it has not been opened
         SizeTextRole,
@@ -45,9 +46,11 @@ public:
 
     [[nodiscard]] const QString &search() const { return m_search; }
     void setSearch(const QString &search);
-    [[nodiscard]] int sort() const { return static_cast<int>(m_sort); }
+    [[nodiscard]] int sort() const;
     void setSort(int sort);
-    [[nodiscard]] QList<QString> sorts() const { return appSortNames(); }
+    [[nodiscard]] QList<QString> sorts() const;
+    /// Offers the order by last use, or not. One that is no longer offered gives way to that by size.
+    void setTellsLastUse(bool tellsLastUse);
     [[nodiscard]] int chosenRow() const;
     [[nodiscard]] QString emptyText() const;
 
@@ -72,6 +75,7 @@ public:
 signals:
     void searchChanged();
     void sortChanged();
+    void sortsChanged();
     void rowsChanged(); ///< the rows, or which of them is the chosen one
 
 private:
@@ -83,6 +87,7 @@ private:
     std::vector<AppRow> m_rows;
     std::optional<Choice> m_choice;
     QString m_search;
+    std::vector<AppSort> m_sorts = appSorts(true);
     AppSort m_sort = AppSort::size;
 };
 

@@ -1,7 +1,6 @@
 #include "apps/ui/app_row.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
 
 #include <QCollator>
@@ -14,7 +13,6 @@ namespace corvane {
 
 namespace {
 
-constexpr std::array allAppSorts{AppSort::name, AppSort::lastUsed, AppSort::size};
 constexpr int monthsOfYear = 12;
 constexpr std::size_t longestBundleText = 255; // bytes, as of a file's name
 
@@ -24,10 +22,11 @@ AppRow makeRow(const InstalledApp &app, Time now, const Calendar &calendar)
     return {.kind = AppRow::Kind::app,
             .path = app.path,
             .name = displayText(app.name),
+            .badge = displayText(rawValue(app.source)),
             .note = months ? AppRow::unusedLabel(*months) : sizesText(app),
             .isUnused = months.has_value(),
             .sizeText = sizeText(totalSize(app)),
-            .iconKey = bundleIconKey(app.path)};
+            .iconKey = appIconKey(app)};
 }
 
 } // namespace
@@ -45,12 +44,16 @@ QString rawValue(AppSort sort)
     return {};
 }
 
-QStringList appSortNames()
+std::vector<AppSort> appSorts(bool tellsLastUse)
 {
-    QStringList names;
-    for (const AppSort sort : allAppSorts)
-        names << rawValue(sort);
-    return names;
+    if (tellsLastUse)
+        return {AppSort::name, AppSort::lastUsed, AppSort::size};
+    return {AppSort::name, AppSort::size};
+}
+
+QString appIconKey(const InstalledApp &app)
+{
+    return bundleIconKey(app.icon.empty() ? app.path : app.icon);
 }
 
 std::int64_t dataSize(const InstalledApp &app)
@@ -84,9 +87,11 @@ QString bundleText(std::string_view text)
 
 QString AppRow::description() const
 {
-    QStringList parts{name, note};
-    if (!sizeText.isEmpty())
-        parts << sizeText;
+    QStringList parts{name};
+    for (const QString &part : {badge, note, sizeText}) {
+        if (!part.isEmpty())
+            parts << part;
+    }
     return parts.join(QStringLiteral(", "));
 }
 

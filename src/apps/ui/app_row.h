@@ -25,8 +25,8 @@ enum class AppSort : std::uint8_t {
 
 /// What the control that sets the order calls the case.
 [[nodiscard]] QString rawValue(AppSort sort);
-/// The names of all of them, in the order of the control.
-[[nodiscard]] QStringList appSortNames();
+/// All of them, in the order of the control; without that by last use where nothing remembers it.
+[[nodiscard]] std::vector<AppSort> appSorts(bool tellsLastUse);
 
 /// The bytes of all that is attributed to an application besides its bundle, possible matches included.
 [[nodiscard]] std::int64_t dataSize(const InstalledApp &app);
@@ -39,6 +39,9 @@ enum class AppSort : std::uint8_t {
 /// whose lines a screen would work for minutes; no identifier that names a file is longer.
 [[nodiscard]] QString bundleText(std::string_view text);
 
+/// For `BundleIcon`.
+[[nodiscard]] QString appIconKey(const InstalledApp &app);
+
 /// One row of the list: an application, or the entry for what deleted ones have left. Its words and figures are made
 /// once.
 struct AppRow {
@@ -50,6 +53,7 @@ struct AppRow {
     Kind kind = Kind::app;
     std::string path; ///< of the bundle, bytes; empty for the orphans
     QString name;
+    QString badge = {};    ///< how it came here; empty where there is only one way
     QString note;          ///< its sizes, or for how long it has not been opened
     bool isUnused = false; ///< what the note says
     QString sizeText;

@@ -53,18 +53,24 @@ LeftoverRow LeftoverRow::ofHeading(std::string id, const QString &title, const Q
             .sizeText = ::corvane::sizeText(size)};
 }
 
-LeftoverRow LeftoverRow::ofItem(const Leftover &leftover, const QLocale &locale)
+LeftoverRow LeftoverRow::ofItem(const Leftover &leftover, const QLocale &locale, const std::optional<std::string> &home)
 {
     const std::string_view name = lastPathComponent(leftover.path);
     return {.kind = Kind::item,
             .id = leftover.path,
-            .title = displayText(name),
+            .title = home ? pathText(leftover.path, *home) : displayText(name),
             .sizeText = ::corvane::sizeText(leftover.size),
             .location = displayText(leftover.location),
             .date = leftover.modified ? abbreviatedDate(localDate(*leftover.modified), locale) : QString(),
             .iconKey = fileIconKey(leftover.path, leftover.kind),
-            .elidesMiddle = leftover.kind == FileNode::Kind::file,
+            .elidesMiddle = home || leftover.kind == FileNode::Kind::file,
             .leftover = leftover};
+}
+
+std::optional<std::string> homeOfPaths(const StorageStore *store)
+{
+    return store != nullptr && store->appsTable().showsWholePaths ? std::optional(store->locations().home())
+                                                                  : std::nullopt;
 }
 
 // --- The rows

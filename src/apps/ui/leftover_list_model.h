@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <tuple>
 #include <vector>
@@ -30,7 +32,7 @@ struct LeftoverRow {
 
     Kind kind = Kind::item;
     std::string id;     ///< of an item its path, of the rest the section; bytes
-    QString title = {}; ///< of an item its name
+    QString title = {}; ///< of an item its name, or its path
     QString note = {};  ///< of a heading a line below it
     QString sizeText = {};
     QString location = {};
@@ -49,10 +51,15 @@ struct LeftoverRow {
 
     [[nodiscard]] static LeftoverRow ofHeading(std::string id, const QString &title, const QString &note,
                                                std::int64_t size);
-    [[nodiscard]] static LeftoverRow ofItem(const Leftover &leftover, const QLocale &locale);
+    /// With a home folder its title is its whole path, from there where it lies inside.
+    [[nodiscard]] static LeftoverRow ofItem(const Leftover &leftover, const QLocale &locale,
+                                            const std::optional<std::string> &home = std::nullopt);
 };
 
-/// Items of the user's Library in sections, each with a check box, whose meaning a derived model gives it. A derived
+/// The home folder for `LeftoverRow::ofItem`, where the store's system has whole paths shown.
+[[nodiscard]] std::optional<std::string> homeOfPaths(const StorageStore *store);
+
+/// Items that applications keep in sections, each with a check box, whose meaning a derived model gives it. A derived
 /// model names this base with its namespace, for qmllint looks the name up as written. Main thread only.
 class LeftoverListModel : public corvane::RowListModel {
     Q_OBJECT
@@ -61,6 +68,8 @@ class LeftoverListModel : public corvane::RowListModel {
     /// What the context menu is about.
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
     Q_PROPERTY(bool hasItems READ hasItems NOTIFY rowsChanged)
+    /// The titles are whole paths.
+    Q_PROPERTY(bool showsPaths READ showsPaths NOTIFY rowsChanged)
 
 public:
     enum Role {
@@ -85,6 +94,7 @@ public:
 
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
     [[nodiscard]] bool hasItems() const;
+    [[nodiscard]] bool showsPaths() const { return homeOfPaths(revealer()).has_value(); }
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

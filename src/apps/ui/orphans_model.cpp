@@ -22,10 +22,11 @@ void OrphansModel::follow()
 {
     std::vector<LeftoverRow> rows;
     if (m_store) {
+        const std::optional<std::string> home = homeOfPaths(m_store);
         for (const OrphanGroup &group : m_store->orphanGroups()) {
             rows.push_back(LeftoverRow::ofHeading(group.id, displayText(group.id), {}, group.size()));
             for (const Leftover &item : group.items)
-                rows.push_back(LeftoverRow::ofItem(item, QLocale()));
+                rows.push_back(LeftoverRow::ofItem(item, QLocale(), home));
         }
     }
     const bool wereNone = !hasItems();

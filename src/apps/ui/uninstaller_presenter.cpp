@@ -59,6 +59,7 @@ void UninstallerPresenter::setStore(StorageStore *store)
     m_app.setStore(store);
     m_orphans.setStore(store);
     if (m_store) {
+        m_apps.setTellsLastUse(m_store->appsTable().tellsLastUse);
         connect(m_store, &StorageStore::appsChanged, this, &UninstallerPresenter::follow);
         if (!m_store->appsLoaded() && !m_store->appsLoading())
             m_store->refreshApps();
@@ -130,6 +131,16 @@ bool UninstallerPresenter::isLoading() const
 QString UninstallerPresenter::loadingText() const
 {
     return QStringLiteral("Measuring apps and their leftovers…");
+}
+
+QString UninstallerPresenter::invitation() const
+{
+    return m_store ? displayText(m_store->appsTable().invitation) : QString();
+}
+
+QString UninstallerPresenter::nothingText() const
+{
+    return m_store ? displayText(m_store->appsTable().noApps) : QString();
 }
 
 UninstallerPresenter::Content UninstallerPresenter::content() const

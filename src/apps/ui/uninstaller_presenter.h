@@ -26,6 +26,9 @@ class UninstallerPresenter : public QObject {
     Q_PROPERTY(bool loading READ isLoading NOTIFY changed)
     /// What is said while nothing has been found yet.
     Q_PROPERTY(QString loadingText READ loadingText CONSTANT)
+    /// What is said as long as nothing is chosen, and where there is nothing to choose.
+    Q_PROPERTY(QString invitation READ invitation NOTIFY storeChanged)
+    Q_PROPERTY(QString nothingText READ nothingText NOTIFY storeChanged)
     Q_PROPERTY(corvane::UninstallerPresenter::Content content READ content NOTIFY changed)
     Q_PROPERTY(corvane::UninstallerPresenter::Shown shown READ shown NOTIFY shownChanged)
     Q_PROPERTY(corvane::AppListModel *apps READ apps CONSTANT)
@@ -58,6 +61,8 @@ public:
     [[nodiscard]] QString subtitle() const;
     [[nodiscard]] bool isLoading() const;
     [[nodiscard]] QString loadingText() const;
+    [[nodiscard]] QString invitation() const;
+    [[nodiscard]] QString nothingText() const;
     [[nodiscard]] Content content() const;
     [[nodiscard]] Shown shown() const;
     [[nodiscard]] AppListModel *apps() { return &m_apps; }

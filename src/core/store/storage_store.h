@@ -34,6 +34,7 @@
 #include "core/store/removal_job.h"
 #include "core/type_slice.h"
 #include "core/volume_info.h"
+#include "core/systems/apps_table.h"
 #include "core/words/system_words.h"
 #include "disk/disk_breakdown.h"
 #include "duplicates/found_duplicates.h"
@@ -276,6 +277,7 @@ public:
     [[nodiscard]] const Host &host() const { return m_host; }
     /// The sentences for the users of the system that the root describes.
     [[nodiscard]] const SystemWords &words() const { return wordsOf(m_host.files.systemKind()); }
+    [[nodiscard]] const AppsTable &appsTable() const { return appsTableOf(m_host.files.systemKind()); }
     [[nodiscard]] const ProtectedLocations &locations() const { return m_locations; }
     /// Shows an item in the file manager; what goes wrong, at once or later, is said in the toast.
     void reveal(const std::string &path);

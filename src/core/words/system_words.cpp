@@ -50,9 +50,9 @@ const SystemWords &wordsOf(SystemKind kind)
         .needsAccess = "Can't be read",
         .blockedFolder = "It belongs to {}, and you may not read it.",
         .orphansText =
-            "Folders named after apps that are no longer on this computer, from makers with no other "
-            "installed apps, untouched for 30+ days. Nothing is pre-selected. Review, then use the bar below "
-            "to move them to the Trash.",
+            "Data of Flatpaks and Snaps that are no longer on this computer, and folders named after apps that are "
+            "gone, from makers with no other installed apps, untouched for 30+ days. Nothing is pre-selected. "
+            "Review, then use the bar below to move them to the Trash.",
         .uninstallAdvice = "go to the Trash, so you can restore them if needed.",
         .snapshotsTitle = "Snapshots",
         .snapshotsText =

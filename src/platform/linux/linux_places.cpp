@@ -16,7 +16,7 @@ namespace corvane {
 namespace {
 
 /// What a place is relative to.
-enum class Base { home, cacheFolder, configFolder, dataFolder, downloadFolder };
+enum class Base { home, cacheFolder, configFolder, dataFolder, stateFolder, downloadFolder };
 
 struct Place {
     std::string_view onAMac;
@@ -31,6 +31,10 @@ constexpr Place places[] = {
     {"Library/pnpm/store", Base::dataFolder, "pnpm/store"},
     {"Library/Containers/com.docker.docker/Data/vms", Base::home, ".local/share/docker"}, // Docker without root
     {"Downloads", Base::downloadFolder, ""},
+    {".cache", Base::cacheFolder, ""},
+    {".config", Base::configFolder, ""},
+    {".local/share", Base::dataFolder, ""},
+    {".local/state", Base::stateFolder, ""},
     {".cache/thumbnails", Base::cacheFolder, "thumbnails"},
     {".cache/drkonqi", Base::cacheFolder, "drkonqi"},
     {".cache/abrt", Base::cacheFolder, "abrt"},
@@ -196,6 +200,7 @@ std::optional<OwnPlace> folderOf(Base base, const std::string &home)
     constexpr std::string_view usualCache = ".cache";
     constexpr std::string_view usualConfig = ".config";
     constexpr std::string_view usualData = ".local/share";
+    constexpr std::string_view usualState = ".local/state";
     switch (base) {
     case Base::home:
         return OwnPlace{home, home};
@@ -205,6 +210,8 @@ std::optional<OwnPlace> folderOf(Base base, const std::string &home)
         return OwnPlace{baseFolder("XDG_CONFIG_HOME", usualConfig, home), joined(home, usualConfig)};
     case Base::dataFolder:
         return OwnPlace{baseFolder("XDG_DATA_HOME", usualData, home), joined(home, usualData)};
+    case Base::stateFolder:
+        return OwnPlace{baseFolder("XDG_STATE_HOME", usualState, home), joined(home, usualState)};
     case Base::downloadFolder:
         if (std::optional<std::string> folder = downloadFolder(home))
             return OwnPlace{*std::move(folder), joined(home, "Downloads")};

@@ -29,6 +29,7 @@ protected:
     AppsStoreTest()
     {
         fake.files.setHome(home);
+        fake.files.setSystemKind(SystemKind::mac);
         addInfo(deck, "com.deck.app");
         addInfo(mill, "net.mill.layout");
         fake.files.addFile(deck + "/Contents/MacOS/Deck", 5'000'000);

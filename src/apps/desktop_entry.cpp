@@ -1,0 +1,161 @@
+#include "apps/desktop_entry.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "core/words/utf8.h"
+#include "platform/path.h"
+#include "platform/patient_open.h"
+#include "platform/walk_conditions.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::size_t longestFile = 256UL * 1024;
+constexpr std::size_t longestName = 255; // bytes, as of a file's name
+constexpr std::string_view ending = ".desktop";
+constexpr std::string_view blanks = " \t\r";
+
+std::string_view trimmed(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
+/// The values of the group that describes the application, each by its key; the first of a key counts.
+std::map<std::string_view, std::string_view> valuesIn(std::string_view text)
+{
+    std::map<std::string_view, std::string_view> values;
+    bool isInside = false;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        const std::string_view line = trimmed(text.substr(start, end - start));
+        start = end + 1;
+        if (line.starts_with('[')) {
+            isInside = line == "[Desktop Entry]";
+            continue;
+        }
+        const std::size_t equals = line.find('=');
+        if (isInside && equals != std::string_view::npos && !line.starts_with('#'))
+            values.emplace(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
+    }
+    return values;
+}
+
+/// The value as it is meant, with its control characters as blanks.
+std::string unescaped(std::string_view value)
+{
+    std::string text;
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        char each = value[i];
+        if (each == '\\' && i + 1 < value.size()) {
+            each = value[++i];
+            if (each == 's' || each == 'n' || each == 't' || each == 'r')
+                each = ' ';
+        }
+        text += static_cast<unsigned char>(each) < 0x20 || each == 0x7F ? ' ' : each;
+    }
+    return text;
+}
+
+std::string shortened(std::string text)
+{
+    if (text.size() <= longestName)
+        return text;
+    std::size_t end = longestName;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) // within a character
+        --end;
+    text.resize(end);
+    return text;
+}
+
+/// The words of a command, those between double quotes as one.
+std::vector<std::string> wordsOf(std::string_view command)
+{
+    std::vector<std::string> words;
+    std::string word;
+    bool isWord = false;
+    bool isQuoted = false;
+    for (std::size_t i = 0; i < command.size(); ++i) {
+        const char each = command[i];
+        if (each == '"') {
+            isQuoted = !isQuoted;
+            isWord = true;
+        } else if (each == '\\' && i + 1 < command.size()) {
+            word += command[++i];
+            isWord = true;
+        } else if (!isQuoted && (each == ' ' || each == '\t')) {
+            if (isWord)
+                words.push_back(std::exchange(word, {}));
+            isWord = false;
+        } else {
+            word += each;
+            isWord = true;
+        }
+    }
+    if (isWord)
+        words.push_back(std::move(word));
+    return words;
+}
+
+/// What the command really starts: behind the settings of variables, and inside a Flatpak.
+std::string programOf(std::string_view command)
+{
+    const std::vector<std::string> words = wordsOf(command);
+    auto word = words.begin();
+    if (word != words.end() && lastPathComponent(*word) == "env") {
+        ++word;
+        while (word != words.end() && (word->starts_with('-') || word->find('=') != std::string::npos))
+            ++word;
+    }
+    if (word == words.end())
+        return {};
+    if (lastPathComponent(*word) != "flatpak")
+        return *word;
+    constexpr std::string_view option = "--command=";
+    const auto named =
+        std::find_if(word, words.end(), [&](const std::string &each) { return each.starts_with(option); });
+    return named == words.end() ? std::string() : named->substr(option.size());
+}
+
+} // namespace
+
+std::optional<std::string_view> desktopFileID(std::string_view name)
+{
+    if (!name.ends_with(ending) || name.size() == ending.size())
+        return std::nullopt;
+    return name.substr(0, name.size() - ending.size());
+}
+
+std::optional<DesktopEntry> DesktopEntry::parse(std::string_view path, std::string_view text)
+{
+    const std::optional<std::string_view> id = desktopFileID(lastPathComponent(path));
+    const std::map<std::string_view, std::string_view> values = valuesIn(text);
+    const auto value = [&](std::string_view key) {
+        const auto found = values.find(key);
+        return found == values.end() ? std::string() : unescaped(found->second);
+    };
+    const std::string name = shortened(value("Name"));
+    if (!id || value("Type") != "Application" || !isValidUtf8(name) || name.find_first_not_of(' ') == std::string::npos)
+        return std::nullopt;
+    return DesktopEntry{.path = std::string(path),
+                        .id = std::string(*id),
+                        .name = name,
+                        .program = programOf(value("Exec")),
+                        .icon = value("Icon"),
+                        .windowClass = value("StartupWMClass"),
+                        .snap = value("X-SnapInstanceName"),
+                        .isShown = value("NoDisplay") != "true" && value("Hidden") != "true"};
+}
+
+std::optional<DesktopEntry> DesktopEntry::read(const std::string &path, FileSystem &files)
+{
+    const WalkConditions conditions;
+    const auto text = openPatiently([&] { return files.readFile(path, longestFile); });
+    return text ? parse(path, *text) : std::nullopt;
+}
+
+} // namespace corvane

@@ -1,0 +1,502 @@
+#include "apps/linux_apps.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "apps/desktop_entry.h"
+#include "apps/leftover_rules.h"
+#include "apps/linux_data.h"
+#include "apps/name_pieces.h"
+#include "apps/package_records.h"
+#include "core/allocated_size.h"
+#include "core/concurrent_perform.h"
+#include "core/foreign_sum.h"
+#include "core/size_walk.h"
+#include "core/words/lower_case.h"
+#include "platform/path.h"
+#include "platform/patient_open.h"
+#include "platform/walk_conditions.h"
+
+namespace corvane {
+
+namespace {
+
+using Source = InstalledApp::Source;
+using Surroundings = AppInventory::Surroundings;
+
+// This application is never offered.
+constexpr std::string_view ownID = CORVANE_APP_ID;
+
+constexpr std::string_view systemFlatpaks = "/var/lib/flatpak";
+constexpr std::string_view otherFlatpaks = "/etc/flatpak/installations.d";
+constexpr std::string_view snapEntries = "/var/lib/snapd/desktop/applications";
+constexpr std::string_view snapImages = "/var/lib/snapd/snaps";
+constexpr std::string_view mountedSnaps = "/snap";
+constexpr std::array<std::string_view, 2> systemEntries{"/usr/share/applications", "/usr/local/share/applications"};
+
+constexpr std::size_t mostEntries = 10'000; // of one folder; a desktop has hundreds
+constexpr std::size_t longestDescription = 1024UL * 1024;
+constexpr std::size_t longestVersion = 64;
+
+/// An application that is to be measured.
+struct Found {
+    InstalledApp app; ///< without size and data
+    DataOwner owner;
+    std::function<std::int64_t()> size;
+};
+
+/// What is in a folder, in the order of the names. Where it is closed to the user, that is noted.
+std::vector<std::string> sortedNames(const std::string &folder, const Surroundings &surroundings, bool &areAllKnown)
+{
+    Expected<std::vector<std::string>> names = namesIn(folder, surroundings.files, surroundings.stop);
+    if (!names) {
+        areAllKnown = areAllKnown && names.error().isMissing();
+        return {};
+    }
+    std::ranges::sort(*names);
+    return *std::move(names);
+}
+
+std::vector<DesktopEntry> entriesIn(const std::string &folder, const Surroundings &surroundings)
+{
+    bool areAllKnown = true;
+    std::vector<std::string> names = sortedNames(folder, surroundings, areAllKnown);
+    std::erase_if(names, [](const std::string &name) { return !desktopFileID(name); });
+    names.resize(std::min(names.size(), mostEntries));
+    std::vector<std::optional<DesktopEntry>> read(names.size());
+    concurrentPerform(names.size(), [&](std::size_t i) {
+        if (!surroundings.stop)
+            read[i] = DesktopEntry::read(joined(folder, names[i]), surroundings.files);
+    });
+    std::vector<DesktopEntry> entries;
+    for (std::optional<DesktopEntry> &entry : read) {
+        if (entry && entry->isShown && entry->id != ownID)
+            entries.push_back(*std::move(entry));
+    }
+    return entries;
+}
+
+// --- Pictures
+
+/// The file of an entry's picture: one that it names, or one of that name in the folders of icons. Empty for none.
+std::string iconFile(const std::string &icon, const std::vector<std::string> &shares, FileSystem &files)
+{
+    constexpr std::array<std::string_view, 5> sizes{"128x128", "256x256", "64x64", "512x512", "48x48"};
+    if (icon.starts_with('/'))
+        return icon;
+    if (icon.empty() || icon.find('/') != std::string::npos)
+        return {};
+    std::vector<std::string> places;
+    for (const std::string &share : shares) {
+        for (const std::string_view size : sizes)
+            places.push_back(joined(share, "icons/hicolor/" + std::string(size) + "/apps/" + icon + ".png"));
+        places.push_back(joined(share, "icons/hicolor/scalable/apps/" + icon + ".svg"));
+        places.push_back(joined(share, "pixmaps/" + icon + ".png"));
+        places.push_back(joined(share, "pixmaps/" + icon + ".svg"));
+    }
+    const auto found = std::ranges::find_if(places, [&](const std::string &path) { return files.exists(path); });
+    return found == places.end() ? std::string() : *found;
+}
+
+// --- Names
+
+/// What an application goes by, as its entries tell.
+DataOwner ownerOf(const std::vector<DesktopEntry> &entries, std::string place)
+{
+    DataOwner owner{.ids = {}, .names = {}, .flatpak = {}, .snap = {}, .place = std::move(place)};
+    std::vector<std::string> names;
+    std::set<std::string> ids;
+    for (const DesktopEntry &entry : entries) {
+        if (isReverseDomainName(entry.id))
+            ids.insert(lowerCase(entry.id));
+        else
+            names.push_back(entry.id);
+        names.emplace_back(lastPathComponent(entry.program));
+        names.push_back(entry.windowClass);
+    }
+    owner.ids.assign(ids.begin(), ids.end());
+    owner.names = candidateNames(std::move(names));
+    return owner;
+}
+
+/// Letters and digits alone, in lower case: "Signal Deck" and "signal-deck" are the same name.
+std::string lettersOf(std::string_view name)
+{
+    std::string letters = lowerCase(name);
+    std::erase_if(letters, [](char each) { return std::string_view(" -_.").find(each) != std::string_view::npos; });
+    return letters;
+}
+
+// --- Flatpaks
+
+struct FlatpakFolder {
+    std::string path;
+    std::string command;
+};
+
+/// The version of the newest release that a description names; empty where it names none.
+std::string newestRelease(std::string_view description)
+{
+    const std::size_t release = description.find("<release ");
+    if (release == std::string_view::npos)
+        return {};
+    const std::string_view tag = description.substr(release, description.find('>', release) - release);
+    constexpr std::string_view key = " version=";
+    const std::size_t start = tag.find(key);
+    if (start == std::string_view::npos || start + key.size() >= tag.size())
+        return {};
+    const char quote = tag[start + key.size()];
+    const std::string_view rest = tag.substr(start + key.size() + 1);
+    const std::string_view version = rest.substr(0, rest.find(quote));
+    const bool isPlain = (quote == '"' || quote == '\'') && version.size() < rest.size() &&
+                         version.size() <= longestVersion && isPlainName(version);
+    return isPlain ? std::string(version) : std::string();
+}
+
+std::string flatpakVersion(const std::string &app, const std::string &id, FileSystem &files)
+{
+    const WalkConditions conditions;
+    for (const std::string &file :
+         {"metainfo/" + id + ".metainfo.xml", "appdata/" + id + ".appdata.xml", "metainfo/" + id + ".appdata.xml"}) {
+        const auto text = openPatiently(
+            [&] { return files.readFile(joined(app, "current/active/files/share/" + file), longestDescription); });
+        if (text)
+            return newestRelease(*text);
+    }
+    return {};
+}
+
+/// A Flatpak may be there several times, once for each of its branches: together they are one.
+std::optional<Found> flatpakAt(const FlatpakFolder &folder, const std::string &id, const Surroundings &surroundings)
+{
+    FileSystem &files = surroundings.files;
+    const std::string place = joined(folder.path, "app/" + id);
+    const std::string share = joined(folder.path, "exports/share");
+    const std::optional<DesktopEntry> entry =
+        DesktopEntry::read(joined(share, "applications/" + id + ".desktop"), files);
+    if (id == ownID || (entry && !entry->isShown))
+        return std::nullopt;
+    Found found{
+        .app = {.path = place,
+                .name = entry ? entry->name : id,
+                .bundleID = id,
+                .version = flatpakVersion(place, id, files),
+                .lastUsed = {},
+                .leftovers = {},
+                .source = Source::flatpak,
+                .removeCommand = folder.command + id,
+                .icon = entry ? iconFile(entry->icon, {share}, files) : std::string()},
+        .owner = ownerOf(entry ? std::vector{*entry} : std::vector<DesktopEntry>(), place),
+        .size = [place, &surroundings]() -> std::int64_t {
+            const WalkConditions conditions;
+            auto opened = openPatiently([&] { return surroundings.files.openFolder(place); });
+            if (!opened)
+                return 0;
+            const ExcludedItems none;
+            return SizeWalk(SizeWalk::Counting::asTheDisk, none, surroundings.stop).walk(*std::move(opened), place);
+        }};
+    found.owner.flatpak = lowerCase(id);
+    if (std::ranges::find(found.owner.ids, found.owner.flatpak) == found.owner.ids.end())
+        found.owner.ids.push_back(found.owner.flatpak);
+    return found;
+}
+
+// --- Snaps
+
+struct SnapImages {
+    std::map<std::string, std::vector<std::string>> byName; ///< the paths of the revisions of each
+};
+
+/// "name_revision.snap"
+SnapImages snapImagesIn(const std::vector<std::string> &names)
+{
+    SnapImages images;
+    for (const std::string &name : names) {
+        const std::size_t revision = name.rfind('_');
+        if (name.ends_with(".snap") && revision != std::string::npos && isPlainName(name.substr(0, revision)))
+            images.byName[name.substr(0, revision)].push_back(joined(snapImages, name));
+    }
+    return images;
+}
+
+/// The value of a key at the start of a line.
+std::string snapVersion(const std::string &snap, FileSystem &files)
+{
+    const WalkConditions conditions;
+    const auto text = openPatiently(
+        [&] { return files.readFile(joined(mountedSnaps, snap + "/current/meta/snap.yaml"), longestDescription); });
+    constexpr std::string_view key = "\nversion:";
+    const std::string all = "\n" + text.value_or(std::string());
+    const std::size_t start = all.find(key);
+    if (start == std::string::npos)
+        return {};
+    std::string version = all.substr(start + key.size(), all.find('\n', start + 1) - start - key.size());
+    std::erase_if(version, [](char each) { return std::string_view(" \"'\r\t").find(each) != std::string_view::npos; });
+    return version.size() <= longestVersion && isPlainName(version) ? version : std::string();
+}
+
+std::vector<Found> snaps(const SnapImages &images, const Surroundings &surroundings)
+{
+    std::map<std::string, std::vector<DesktopEntry>> entries;
+    for (DesktopEntry &entry : entriesIn(std::string(snapEntries), surroundings)) {
+        // "name_application.desktop"
+        std::string snap = entry.snap.empty() ? entry.id.substr(0, entry.id.find('_')) : entry.snap;
+        if (images.byName.contains(snap))
+            entries[std::move(snap)].push_back(std::move(entry));
+    }
+    std::vector<Found> found;
+    for (auto &[snap, shown] : entries) {
+        const DesktopEntry &entry = shown.front();
+        Found each{.app = {.path = entry.path,
+                           .name = entry.name,
+                           .bundleID = snap,
+                           .version = snapVersion(snap, surroundings.files),
+                           .lastUsed = {},
+                           .leftovers = {},
+                           .source = Source::snap,
+                           .removeCommand = "sudo snap remove " + snap,
+                           .icon = iconFile(entry.icon, {"/usr/share"}, surroundings.files)},
+                   .owner = ownerOf(shown, entry.path),
+                   .size = [paths = images.byName.at(snap), &surroundings] {
+                       ForeignSum sum;
+                       std::int64_t size = 0;
+                       for (const std::string &path : paths) {
+                           if (const Expected<ItemFacts> facts = surroundings.files.facts(path))
+                               size += sum.counted(fileSize(*facts));
+                       }
+                       return size;
+                   }};
+        each.owner.snap = lowerCase(snap);
+        found.push_back(std::move(each));
+    }
+    return found;
+}
+
+// --- Packages
+
+Found foundOf(const PackageRecord &package, FileSystem &files)
+{
+    const DesktopEntry &entry = package.entries.front();
+    return {.app = {.path = entry.path,
+                    .name = entry.name,
+                    .bundleID = entry.id,
+                    .version = package.version,
+                    .lastUsed = {},
+                    .leftovers = {},
+                    .source = Source::package,
+                    .removeCommand = package.removeCommand,
+                    .icon = iconFile(entry.icon, {"/usr/share"}, files)},
+            .owner = ownerOf(package.entries, entry.path),
+            .size = [size = package.size] { return size; }};
+}
+
+// --- What lies in the home
+
+/// The path with its links resolved, as it is written beneath the home folder; nothing where it leads elsewhere.
+std::optional<std::string> placeInHome(const std::string &path, const Surroundings &surroundings)
+{
+    const Expected<std::string> real = surroundings.files.realPath(path);
+    const std::string &realHome = surroundings.locations.realHome();
+    if (!real || !liesBeneath(*real, realHome))
+        return std::nullopt;
+    return surroundings.locations.home() + real->substr(realHome.size());
+}
+
+bool isAppImage(std::string_view path)
+{
+    return lowerCase(nameExtension(lastPathComponent(path))) == "appimage";
+}
+
+/// The folder that was unpacked with the program in it: it bears the name of the program or of its entry, so that the
+/// folder of a user's own scripts is none. Nothing where its contents may be the user's own as well.
+std::optional<std::string> unpackedFolder(const std::string &program, const DesktopEntry &entry, const LinuxData &data,
+                                          const Surroundings &surroundings)
+{
+    constexpr std::size_t shortest = 3;
+    constexpr std::array<std::string_view, 4> signsOfWork{".git", ".hg", ".svn", ".bzr"};
+    FileSystem &files = surroundings.files;
+    const std::string &home = surroundings.locations.home();
+    std::string_view folder = containingFolder(program);
+    if (lastPathComponent(folder) == "bin")
+        folder = containingFolder(folder);
+    if (!liesBeneath(folder, home) || data.touchesDocuments(folder) || data.isDataPlace(folder))
+        return std::nullopt;
+    const std::string name = lettersOf(lastPathComponent(folder));
+    const auto isNamedAfter = [&](std::string_view other) {
+        const std::string letters = lettersOf(other);
+        return letters.size() >= shortest && name.starts_with(letters);
+    };
+    const std::string_view file = lastPathComponent(program);
+    if (!isNamedAfter(entry.name) && !isNamedAfter(entry.id) && !isNamedAfter(file.substr(0, file.rfind('.'))))
+        return std::nullopt;
+    std::string path(folder);
+    if (surroundings.locations.isProtected(path, files) ||
+        std::ranges::any_of(signsOfWork, [&](std::string_view sign) { return files.exists(joined(path, sign)); }))
+        return std::nullopt;
+    return path;
+}
+
+std::optional<Found> foundInHome(const DesktopEntry &entry, const LinuxData &data, const Surroundings &surroundings)
+{
+    if (!entry.program.starts_with('/'))
+        return std::nullopt;
+    const std::optional<std::string> program = placeInHome(entry.program, surroundings);
+    if (!program)
+        return std::nullopt;
+    const Expected<ItemFacts> facts = surroundings.files.facts(*program);
+    if (!facts || facts->type != EntryType::file || surroundings.locations.isProtected(*program, surroundings.files))
+        return std::nullopt;
+    const bool isImage = isAppImage(*program);
+    const std::optional<std::string> place = isImage ? program : unpackedFolder(*program, entry, data, surroundings);
+    if (!place)
+        return std::nullopt;
+    const bool isLauncherFree = !surroundings.locations.isProtected(entry.path, surroundings.files);
+    const std::string share = LinuxData::dataFolder(surroundings.locations.home(), surroundings.files);
+    return Found{
+        .app = {.path = *place,
+                .name = entry.name,
+                .bundleID = entry.id,
+                .version = {},
+                .lastUsed = {},
+                .leftovers = {},
+                .source = isImage ? Source::appImage : Source::none,
+                .launcher = isLauncherFree ? entry.path : std::string(),
+                .icon = iconFile(entry.icon, {share, "/usr/share"}, surroundings.files)},
+        .owner = ownerOf({entry}, *place),
+        .size = [path = *place, &surroundings] { return allocatedSize(path, surroundings.files, surroundings.stop); }};
+}
+
+/// Those in the home folder; of several entries for one application the first counts.
+std::vector<Found> appsInHome(const LinuxData &data, const Surroundings &surroundings)
+{
+    std::vector<Found> found;
+    const std::string folder =
+        joined(LinuxData::dataFolder(surroundings.locations.home(), surroundings.files), "applications");
+    for (const DesktopEntry &entry : entriesIn(folder, surroundings)) {
+        std::optional<Found> each = foundInHome(entry, data, surroundings);
+        const auto isKnown = [&](const Found &other) { return other.app.path == each->app.path; };
+        if (each && std::ranges::none_of(found, isKnown))
+            found.push_back(*std::move(each));
+    }
+    return found;
+}
+
+// --- All of them
+
+class Inventory {
+public:
+    explicit Inventory(const Surroundings &surroundings) : m_surroundings(surroundings), m_data(surroundings) {}
+
+    void find()
+    {
+        const std::string dataFolder = LinuxData::dataFolder(m_surroundings.locations.home(), m_surroundings.files);
+        findFlatpaks({{std::string(systemFlatpaks), "flatpak uninstall "},
+                      {joined(dataFolder, "flatpak"), "flatpak uninstall --user "}});
+        findSnaps();
+        for (const PackageRecord &package : readPackages(m_surroundings.files, m_surroundings.stop)) {
+            const auto isOwn = [](const DesktopEntry &entry) { return entry.id == ownID; };
+            if (std::ranges::none_of(package.entries, isOwn))
+                m_found.push_back(foundOf(package, m_surroundings.files));
+        }
+        std::ranges::move(appsInHome(m_data, m_surroundings), std::back_inserter(m_found));
+        for (const std::string_view folder : systemEntries)
+            noteEntriesIn(std::string(folder));
+        noteEntriesIn(std::string(snapEntries));
+        noteEntriesIn(joined(dataFolder, "applications"));
+        countUses();
+    }
+
+    [[nodiscard]] AppInventory::Result measured()
+    {
+        std::vector<std::optional<InstalledApp>> apps(m_found.size());
+        concurrentPerform(m_found.size(), [&](std::size_t i) {
+            if (m_surroundings.stop)
+                return;
+            apps[i] = std::move(m_found[i].app);
+            apps[i]->appSize = m_found[i].size();
+            apps[i]->leftovers = m_data.dataOf(m_found[i].owner, m_installed);
+        });
+        return {.apps = largestFirst(std::move(apps)), .orphanGroups = m_data.orphans(m_installed)};
+    }
+
+private:
+    void findFlatpaks(const std::vector<FlatpakFolder> &folders)
+    {
+        bool areAllKnown = true;
+        // Where there are other places for Flatpaks, what is missing here may lie there.
+        if (!sortedNames(std::string(otherFlatpaks), m_surroundings, areAllKnown).empty())
+            areAllKnown = false;
+        std::unordered_set<std::string> ids;
+        for (const FlatpakFolder &folder : folders) {
+            for (const std::string &id : sortedNames(joined(folder.path, "app"), m_surroundings, areAllKnown)) {
+                if (!isReverseDomainName(id) || m_surroundings.stop)
+                    continue;
+                ids.insert(lowerCase(id));
+                m_installed.ids.push_back(lowerCase(id));
+                if (std::optional<Found> found = flatpakAt(folder, id, m_surroundings))
+                    m_found.push_back(*std::move(found));
+            }
+        }
+        m_installed.areIDsKnown = areAllKnown;
+        if (areAllKnown)
+            m_installed.flatpaks = std::move(ids);
+    }
+
+    void findSnaps()
+    {
+        bool areAllKnown = true;
+        const SnapImages images = snapImagesIn(sortedNames(std::string(snapImages), m_surroundings, areAllKnown));
+        std::unordered_set<std::string> names;
+        for (const auto &[name, paths] : images.byName)
+            names.insert(lowerCase(name));
+        for (const std::string &name : sortedNames(std::string(mountedSnaps), m_surroundings, areAllKnown))
+            names.insert(lowerCase(name));
+        std::ranges::move(snaps(images, m_surroundings), std::back_inserter(m_found));
+        if (areAllKnown)
+            m_installed.snaps = std::move(names);
+    }
+
+    void noteEntriesIn(const std::string &folder)
+    {
+        for (const std::string &name : sortedNames(folder, m_surroundings, m_installed.areIDsKnown)) {
+            if (const auto id = desktopFileID(name); id && isReverseDomainName(*id))
+                m_installed.ids.push_back(lowerCase(*id));
+        }
+    }
+
+    void countUses()
+    {
+        for (const Found &found : m_found) {
+            for (const std::string &id : found.owner.ids) {
+                ++m_installed.uses[id];
+                m_installed.ids.push_back(id);
+            }
+            if (!found.owner.flatpak.empty())
+                ++m_installed.flatpakUses[found.owner.flatpak];
+        }
+        std::ranges::sort(m_installed.ids);
+        m_installed.ids.erase(std::unique(m_installed.ids.begin(), m_installed.ids.end()), m_installed.ids.end());
+    }
+
+    const Surroundings &m_surroundings;
+    const LinuxData m_data;
+    InstalledNames m_installed;
+    std::vector<Found> m_found;
+};
+
+} // namespace
+
+AppInventory::Result loadLinuxApps(const Host &host, const ProtectedLocations &locations, Time now,
+                                   const StopFlag &stop)
+{
+    const Surroundings surroundings{.files = host.files, .locations = locations, .now = now, .stop = stop};
+    Inventory inventory(surroundings);
+    inventory.find();
+    return inventory.measured();
+}
+
+} // namespace corvane
