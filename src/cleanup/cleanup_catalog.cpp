@@ -197,9 +197,9 @@ bool CleanupCatalog::isOfEverySystem(const CleanupItem &item)
 
 void CleanupCatalog::sort(std::vector<CleanupItem> &items)
 {
-    const auto own = std::ranges::stable_partition(items, isOfEverySystem);
-    std::ranges::stable_sort(items.begin(), own.begin(), std::ranges::greater(), &CleanupItem::total);
-    std::ranges::stable_sort(own, std::ranges::greater(), &CleanupItem::total);
+    const auto own = std::stable_partition(items.begin(), items.end(), isOfEverySystem);
+    std::ranges::stable_sort(items.begin(), own, std::ranges::greater(), &CleanupItem::total);
+    std::ranges::stable_sort(own, items.end(), std::ranges::greater(), &CleanupItem::total);
 }
 
 } // namespace corvane

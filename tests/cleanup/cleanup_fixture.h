@@ -13,8 +13,8 @@
 
 namespace corvane::test {
 
-/// A store over a home folder of a Mac in memory, "/home/studio", for tests of what shows the catalogue. The tests describe
-/// what the home holds and then have it measured or scanned.
+/// A store over a home folder of a Mac in memory, "/home/studio", for tests of what shows the catalogue. The tests
+/// describe what the home holds and then have it measured or scanned.
 class CleanupFixture : public testing::Test {
 protected:
     CleanupFixture()

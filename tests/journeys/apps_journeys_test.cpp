@@ -304,7 +304,7 @@ TEST_F(AppsJourney, WhatCannotBeMovedStaysAndIsReported)
     waitForRemoval();
 
     EXPECT_THAT(toast(), StartsWith("Nothing was removed · 4 couldn't be removed ("));
-    EXPECT_THAT(toast(), HasSubstr("Signal Deck.app: "));
+    EXPECT_THAT(toast(), HasSubstr("com.signaldeck.desktop: "));
     EXPECT_TRUE(exists("Applications/Signal Deck.app/data"));
     EXPECT_TRUE(folder().has("data/com.signaldeck.desktop/page"));
     EXPECT_TRUE(shows(QStringLiteral("App and 2 leftovers · 5.2 MB"))) << "it is still there to look at";

@@ -84,6 +84,7 @@ TEST_F(OverviewPresenterTest, TheBannerIsThereWithoutAccess)
 
 TEST_F(OverviewPresenterTest, TheBannerNamesNoMacElsewhere)
 {
+    fake.files.setSystemKind(SystemKind::linuxSystem);
     fake.files.failOpening(fake.files.homeFolder());
     store.refreshAccess();
     ASSERT_TRUE(presenter.needsAccess());

@@ -10,8 +10,9 @@ const SystemWords &wordsOf(SystemKind kind)
         .revealFolder = "Reveal Folder in Finder",
         .diskSubtitle = "Every byte on your disk, accounted for — including what Finder calls “System Data”",
         .nudgeTitle = "Scan your home folder to explain the rest",
-        .nudgeText = "Right now Corvane only knows the volume sizes. A scan turns “Not Scanned Yet” into folders you can "
-                     "explore and clean.",
+        .nudgeText =
+            "Right now Corvane only knows the volume sizes. A scan turns “Not Scanned Yet” into folders you can "
+            "explore and clean.",
         .needsAccess = "Needs Full Disk Access",
         .blockedFolder = "macOS blocked access. Granting Full Disk Access usually fixes this.",
         .orphansText =

@@ -8,11 +8,11 @@ namespace corvane {
 
 /// The sentences that are written differently for the users of the two systems.
 struct SystemWords {
-    std::string_view invitation;      ///< to the first scan
-    std::string_view reveal;          ///< an item, in the file manager
-    std::string_view revealFolder;    ///< a whole folder
-    std::string_view diskSubtitle;    ///< of the breakdown
-    std::string_view nudgeTitle;      ///< over the breakdown, before a scan
+    std::string_view invitation;   ///< to the first scan
+    std::string_view reveal;       ///< an item, in the file manager
+    std::string_view revealFolder; ///< a whole folder
+    std::string_view diskSubtitle; ///< of the breakdown
+    std::string_view nudgeTitle;   ///< over the breakdown, before a scan
     std::string_view nudgeText;
     std::string_view needsAccess;     ///< in the place of a count, of a folder that cannot be read
     std::string_view blockedFolder;   ///< why one cannot be read, with "{}" for its owner where that matters

@@ -69,7 +69,6 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QString thinCommand READ thinCommand NOTIFY storeChanged)
 
 public:
-
     explicit BreakdownPresenter(QObject *parent = nullptr);
 
     [[nodiscard]] StorageStore *store() const { return m_store; }

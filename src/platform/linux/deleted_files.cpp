@@ -113,6 +113,7 @@ std::vector<HeldFiles> openDeletedFiles(const std::string &home)
         });
     });
     std::vector<HeldFiles> held;
+    held.reserve(sizes.size());
     for (const auto &[program, size] : sizes)
         held.push_back({program, size});
     std::ranges::stable_sort(held, std::ranges::greater(), &HeldFiles::size);
