@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QHoverEvent>
 #include <QSignalSpy>
 
 #include "shell/quick_scene.h"
@@ -175,6 +176,21 @@ TEST_F(StackedBarTest, AClickOrReturnChoosesAPart)
     scene.key(Qt::Key_Escape);
     scene.key(Qt::Key_Return);
     EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(StackedBarTest, APointerThatRestsDoesNotTakeBackWhatTheKeyboardChose)
+{
+    click(100);
+    scene.key(Qt::Key_Home);
+    ASSERT_EQ(bar->current(), QStringLiteral("a"));
+
+    const QPointF resting(100, 10);
+    QHoverEvent event(QEvent::HoverMove, resting, bar->mapToGlobal(resting), resting);
+    QCoreApplication::sendEvent(bar, &event);
+    EXPECT_EQ(bar->current(), QStringLiteral("a"));
+
+    pointAt(102);
+    EXPECT_EQ(bar->current(), QStringLiteral("b"));
 }
 
 TEST_F(StackedBarTest, APartThatIsGoneIsNoLongerTheCurrentOne)

@@ -212,17 +212,24 @@ QString StackedBar::partAt(QPointF point) const
 
 void StackedBar::hoverMoveEvent(QHoverEvent *event)
 {
+    // The window sends one after frames too, for what may have moved under a pointer that rests; it must not take back
+    // what the keyboard chose.
+    if (m_pointer == event->position())
+        return;
+    m_pointer = event->position();
     setCurrent(partAt(event->position()));
 }
 
 void StackedBar::hoverLeaveEvent(QHoverEvent *)
 {
+    m_pointer.reset();
     setCurrent({});
 }
 
 void StackedBar::mousePressEvent(QMouseEvent *event)
 {
     usePointer();
+    m_pointer = event->position();
     setCurrent(partAt(event->position()));
 }
 

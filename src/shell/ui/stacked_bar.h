@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include <QColor>
@@ -111,6 +112,7 @@ private:
     std::vector<BarPart> m_layout; // one for each part
     double m_rest = 0;
     QString m_current;
+    std::optional<QPointF> m_pointer; // where it was seen last, while it is over the bar
     QString m_labelledPart;
     qreal m_radius = 4;
     qreal m_gap = 2;
