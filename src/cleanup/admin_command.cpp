@@ -9,7 +9,6 @@
 #include "core/allocated_size.h"
 #include "core/foreign_sum.h"
 #include "core/told_size.h"
-#include "disk/shell.h"
 #include "platform/path.h"
 
 namespace corvane {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -10,6 +9,7 @@
 
 #include "core/stop_flag.h"
 #include "core/systems/cleanup_table.h"
+#include "disk/shell.h"
 #include "platform/host.h"
 
 namespace corvane {
@@ -27,9 +27,6 @@ struct AdminCommand {
 
     friend bool operator==(const AdminCommand &, const AdminCommand &) = default;
 };
-
-/// The output of the tool at that path with those arguments; nothing where it failed.
-using ToolRunner = std::function<std::optional<std::string>(const std::string &tool, const std::vector<std::string> &)>;
 
 /// The commands of the system that the root describes whose tools are there and that have something to free: largest
 /// first, then those of which that is not known. Nothing that needs a privilege is run. Any thread; blocks.

@@ -105,6 +105,14 @@ void writeSnapshots(const std::vector<LocalSnapshot> &snapshots, JsonWriter &jso
         writeText("name", snapshot.name, json);
         json.key("date");
         json.value(snapshot.date.value_or(distantPast));
+        if (!snapshot.deleteCommand.empty()) {
+            json.key("size");
+            if (snapshot.size)
+                json.value(*snapshot.size);
+            else
+                json.null();
+            writeText("command", snapshot.deleteCommand, json);
+        }
         json.endObject();
     }
     json.endArray();

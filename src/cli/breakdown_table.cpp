@@ -51,6 +51,7 @@ void writeSegment(const BreakdownSegment &segment, std::int64_t used, Console &c
 
 void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console)
 {
+    const DiskTable &table = diskTableOf(breakdown.system);
     console.out.write(console.strong(fmt::format("{}% explained", breakdown.explainedPercentage())) + "\n");
     console.out.write(fmt::format("{} used of {}, {} free on {}\n", formatByteCount(breakdown.used()),
                                   formatByteCount(breakdown.total), formatByteCount(breakdown.free),
@@ -63,11 +64,11 @@ void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console)
     if (!breakdown.segments.empty())
         console.out.write('\n');
     if (!breakdown.snapshots.empty()) {
-        console.out.write(formatCount(static_cast<std::int64_t>(breakdown.snapshots.size()),
-                                      "local Time Machine snapshot", "local Time Machine snapshots") +
+        console.out.write(formatCount(static_cast<std::int64_t>(breakdown.snapshots.size()), table.snapshotNoun,
+                                      table.snapshotsNoun) +
                           "; \"corvane-cli snapshots\" lists them\n");
     }
-    if (!breakdown.hasScan && diskTableOf(breakdown.system).leavesHomeToTheScan)
+    if (!breakdown.hasScan && table.leavesHomeToTheScan)
         console.out.write("\"corvane-cli breakdown --scan ~\" explains your home folder too\n");
     for (const std::string &note : breakdown.footnotes())
         console.out.write(console.faint(note) + "\n");

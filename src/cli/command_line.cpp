@@ -350,7 +350,7 @@ ExitStatus runCommand(const Commands &commands, Console &console)
         return command.run(console, systemHost());
     }
     if (commands.snapshots->parsed())
-        return SnapshotsCommand{.json = commands.json}.run(console);
+        return SnapshotsCommand{.json = commands.json}.run(console, systemHost());
     if (commands.cleanup->parsed())
         return CleanupCommand{.json = commands.json}.run(console, systemHost());
     if (commands.apps->parsed())

@@ -2,6 +2,7 @@
 
 #include "cli/console.h"
 #include "cli/exit_status.h"
+#include "platform/host.h"
 
 namespace corvane {
 
@@ -9,7 +10,7 @@ namespace corvane {
 struct SnapshotsCommand {
     bool json = false;
 
-    [[nodiscard]] ExitStatus run(Console &console) const;
+    [[nodiscard]] ExitStatus run(Console &console, const Host &host) const;
 };
 
 } // namespace corvane

@@ -14,6 +14,7 @@
 #include "core/words/figures.h"
 #include "disk/disk_places.h"
 #include "disk/shell.h"
+#include "disk/snapshot_listing.h"
 #include "platform/walk_conditions.h"
 
 namespace corvane {
@@ -23,6 +24,9 @@ namespace {
 // What is not larger than this is not worth a row of its own.
 constexpr std::int64_t segmentLimit = 50'000'000;
 constexpr std::size_t childrenShown = 3;
+
+// Lists of snapshots are short. A service that does not answer would hold the whole breakdown up.
+constexpr ProcessLimits snapshotToolLimits{.output = 4'000'000, .time = std::chrono::seconds(10)};
 
 constexpr Color systemColor{0.45, 0.52, 0.62};
 constexpr Color swapColor{0.2, 0.62, 0.7};
@@ -335,7 +339,7 @@ DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Host &host,
     Sources sources;
     sources.volume = [&host] { return startupDiskFacts(host); };
     sources.container = [&stop](std::int64_t total) { return APFSContainerInfo::load(total, stop); };
-    sources.snapshots = [&stop] { return loadSnapshots(stop); };
+    sources.snapshots = [&host, &stop] { return loadSnapshots(host, stop); };
     sources.exists = [&host](const std::string &path) { return host.files.exists(path); };
     sources.measure = [&host, &stop](const std::string &path, const std::optional<std::string> &excluding) {
         return measure(path, excluding, host.files, stop);
@@ -388,10 +392,12 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
     return {total, std::move(children)};
 }
 
-std::vector<LocalSnapshot> DiskAccountant::loadSnapshots(const StopFlag &stop)
+std::vector<LocalSnapshot> DiskAccountant::loadSnapshots(const Host &host, const StopFlag &stop)
 {
-    const auto listing = Shell::run("/usr/bin/tmutil", {"listlocalsnapshots", "/"}, stop);
-    return listing ? LocalSnapshot::parse(*listing) : std::vector<LocalSnapshot>();
+    const auto run = [&stop](const std::string &tool, const std::vector<std::string> &arguments) {
+        return stop ? std::nullopt : Shell::run(tool, arguments, stop, snapshotToolLimits);
+    };
+    return SnapshotListing(host.files, run).read(diskTableOf(host.files.systemKind()).snapshotKeepers);
 }
 
 } // namespace corvane

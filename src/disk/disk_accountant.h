@@ -57,8 +57,9 @@ struct DiskAccountant {
                                              FileSystem &files = systemHost().files,
                                              const StopFlag &stop = neverStopped);
 
-    /// The local snapshots in the system's order; none on any failure.
-    [[nodiscard]] static std::vector<LocalSnapshot> loadSnapshots(const StopFlag &stop = neverStopped);
+    /// The local snapshots in the order of those who keep them; none on any failure.
+    [[nodiscard]] static std::vector<LocalSnapshot> loadSnapshots(const Host &host = systemHost(),
+                                                                  const StopFlag &stop = neverStopped);
 };
 
 } // namespace corvane

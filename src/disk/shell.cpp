@@ -1,13 +1,11 @@
 #include "disk/shell.h"
 
-#include "platform/process_runner.h"
-
 namespace corvane {
 
 std::optional<std::string> Shell::run(const std::string &path, const std::vector<std::string> &arguments,
-                                      const StopFlag &stop)
+                                      const StopFlag &stop, const ProcessLimits &limits)
 {
-    auto output = runProcess(path, arguments, stop);
+    auto output = runProcess(path, arguments, stop, limits);
     if (!output)
         return std::nullopt;
     return *std::move(output);

@@ -324,6 +324,27 @@ TEST_F(BreakdownPresenterTest, TheCommandsAreThoseOfTheSystem)
     EXPECT_EQ(presenter.thinCommand(), QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4"));
 }
 
+TEST_F(BreakdownPresenterTest, ASnapshotWithACommandOfItsOwnShowsWhatItTakesAndOffersIt)
+{
+    fake.fake.files.setSystemKind(SystemKind::linuxSystem);
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.system = SystemKind::linuxSystem;
+    LocalSnapshot snapper = test::snapshotAt(0);
+    snapper.listCommand = "sudo snapper list";
+    snapper.deleteCommand = "sudo snapper delete 3";
+    LocalSnapshot zfs{.name = "rpool@a",
+                      .date = {},
+                      .size = 5'000'000,
+                      .listCommand = "zfs list -t snapshot",
+                      .deleteCommand = "sudo zfs destroy rpool@a"};
+    disk.snapshots = {snapper, snapper, zfs};
+    show(disk);
+    EXPECT_EQ(presenter.snapshots()[0].deleteCommand, QStringLiteral("sudo snapper delete 3"));
+    EXPECT_EQ(presenter.snapshots()[2].text, QStringLiteral("rpool@a · 5 MB"));
+    EXPECT_EQ(presenter.listCommand(), QStringLiteral("sudo snapper list; zfs list -t snapshot"));
+    EXPECT_EQ(presenter.thinCommand(), QString());
+}
+
 // --- Actions
 
 TEST_F(BreakdownPresenterTest, AMeasuredFolderIsRevealed)

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
@@ -343,6 +345,35 @@ TEST_F(BreakdownScreenTest, ACopyButtonSaysCopiedAndKeepsItsWidth)
         [&] { return button->property("text").toString() == QStringLiteral("Copy “free snapshots” command"); },
         10'000));
     EXPECT_EQ(button->property("symbol").toString(), QStringLiteral("doc.on.clipboard"));
+}
+
+TEST_F(BreakdownScreenTest, WhereEachSnapshotHasItsOwnCommandThatIsOfferedAndNoOther)
+{
+    fake.fake.files.setSystemKind(SystemKind::linuxSystem);
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.system = SystemKind::linuxSystem;
+    disk.snapshots = {{.name = "snapper root 3",
+                       .date = {},
+                       .listCommand = "sudo snapper list",
+                       .deleteCommand = "sudo snapper -c root delete 3"}};
+    show(disk, {1064, 1200});
+    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyThin")), nullptr);
+    ASSERT_NE(visibleItem(QStringLiteral("snapshots.copyList")), nullptr);
+    EXPECT_THAT(names(), AllOf(Contains("Snapshots"), Contains("snapper root 3")));
+    ASSERT_TRUE(tabTo("snapshots.copyDelete"));
+    scene->key(Qt::Key_Return);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo snapper -c root delete 3"));
+    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyDelete"))->property("text").toString(),
+              QStringLiteral("Copied!"));
+}
+
+TEST_F(BreakdownScreenTest, AMacsSnapshotsHaveNoCommandsOfTheirOwn)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.snapshots = {test::snapshotAt(0)};
+    show(disk, {1064, 1200});
+    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyDelete")), nullptr);
+    EXPECT_NE(visibleItem(QStringLiteral("snapshots.copyThin")), nullptr);
 }
 
 TEST_F(BreakdownScreenTest, NothingIsCutOffInTheSmallestWindow)

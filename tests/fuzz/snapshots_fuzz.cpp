@@ -10,7 +10,22 @@
 
 #include "disk/disk_accountant.h"
 #include "disk/local_snapshot.h"
+#include "disk/snapshot_listing.h"
 #include "fuzz/expect.h"
+
+namespace {
+
+/// A command to copy deletes the one snapshot that it names, however that was made up.
+void expectHarmless(const std::vector<corvane::LocalSnapshot> &snapshots)
+{
+    for (const corvane::LocalSnapshot &snapshot : snapshots) {
+        corvane::fuzz::expect(snapshot.deleteCommand.starts_with("sudo "));
+        corvane::fuzz::expect(snapshot.deleteCommand.find_first_of("\n;&|<>$`\"\\,%(){}*?") == std::string::npos);
+        corvane::fuzz::expect(!snapshot.size || *snapshot.size >= 0);
+    }
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
@@ -34,5 +49,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     sources.exists = [](const std::string &) { return false; };
     sources.home = "/Users/u";
     corvane::fuzz::expect(corvane::DiskAccountant::compute({}, sources).snapshots == snapshots);
+
+    using corvane::SnapshotListing;
+    for (const std::string &name : SnapshotListing::snapperConfigurations(listing))
+        expectHarmless(SnapshotListing::ofSnapper(name, listing));
+    const auto zfs = SnapshotListing::ofZfs(listing, {"rpool"});
+    expectHarmless(zfs);
+    for (const corvane::LocalSnapshot &snapshot : zfs)
+        corvane::fuzz::expect(snapshot.name.starts_with("rpool") && snapshot.name.find('@') != std::string::npos);
+    if (const auto timeshift = SnapshotListing::ofTimeshift(listing))
+        expectHarmless({*timeshift});
+    static_cast<void>(SnapshotListing::dateInInfo(listing));
     return 0;
 }

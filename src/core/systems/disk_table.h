@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -31,12 +32,18 @@ struct SizeTool {
     Answer answer; ///< how its output is read
 };
 
+/// Who makes snapshots of a disk and keeps a list of them.
+enum class SnapshotKeeper : std::uint8_t { timeMachine, snapper, timeshift, zfs };
+
 /// What one system's breakdown measures beside the folders of `DiskAccountant::locations`, and how it is worded.
 struct DiskTable {
     std::span<const DiskPlace> places;
     std::span<const SizeTool> tools;
     const DiskPlace *swap;         ///< the words for the files that are swapped to; null where volumes tell of swap
     const DiskPlace *deletedFiles; ///< the words for deleted files that are still open; null where they are not told
+    std::span<const SnapshotKeeper> snapshotKeepers;
+    std::string_view snapshotNoun; ///< of one
+    std::string_view snapshotsNoun;
     std::string_view revealTitle;
     std::string_view wholeDiskDetail; ///< of a scan of everything
     /// Without a scan what is left is said to be not scanned yet. Otherwise the home folder is one of the places.

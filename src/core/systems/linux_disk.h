@@ -162,6 +162,9 @@ inline constexpr auto tools = std::to_array<SizeTool>({
     {"/var/log/journal", "/usr/bin/journalctl", {"--disk-usage"}, SizeTool::Answer::journalUsage},
 });
 
+inline constexpr auto snapshotKeepers =
+    std::to_array<SnapshotKeeper>({SnapshotKeeper::snapper, SnapshotKeeper::timeshift, SnapshotKeeper::zfs});
+
 } // namespace linux_disk
 
 /// The disk of a Linux system: the file systems of "/" and of the home folder, described by their folders.
@@ -170,6 +173,9 @@ inline constexpr DiskTable linuxDisk{
     .tools = linux_disk::tools,
     .swap = &linux_disk::swap,
     .deletedFiles = &linux_disk::deletedFiles,
+    .snapshotKeepers = linux_disk::snapshotKeepers,
+    .snapshotNoun = "snapshot",
+    .snapshotsNoun = "snapshots",
     .revealTitle = "Show in File Manager",
     .wholeDiskDetail = "Everything Corvane could read on the disk. Explore it in the Space Map.",
     .leavesHomeToTheScan = false,

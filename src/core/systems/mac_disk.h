@@ -1,8 +1,16 @@
 #pragma once
 
+#include <array>
+
 #include "core/systems/disk_table.h"
 
 namespace corvane {
+
+namespace mac_disk {
+
+inline constexpr std::array snapshotKeepers{SnapshotKeeper::timeMachine};
+
+} // namespace mac_disk
 
 /// The disk of a Mac, whose own places are volumes.
 inline constexpr DiskTable macDisk{
@@ -10,6 +18,9 @@ inline constexpr DiskTable macDisk{
     .tools = {},
     .swap = nullptr,
     .deletedFiles = nullptr,
+    .snapshotKeepers = mac_disk::snapshotKeepers,
+    .snapshotNoun = "local Time Machine snapshot",
+    .snapshotsNoun = "local Time Machine snapshots",
     .revealTitle = "Show in Finder",
     .wholeDiskDetail = "Everything Corvane could read on the disk. Explore it in the Space Map.",
     .leavesHomeToTheScan = true,

@@ -59,9 +59,9 @@ const SystemWords &wordsOf(SystemKind kind)
         .snapshotsText =
             "Earlier states of the disk that the system keeps. They share their storage with today's files, "
             "and what only they still hold is freed when they are deleted.",
-        .snapshotsNote = "The second command asks for your password. Corvane never runs it for you.",
-        .listSnapshots = "sudo snapper list",
-        .thinSnapshots = "sudo snapper cleanup number",
+        .snapshotsNote = "Deleting a snapshot asks for your password. Corvane never runs a command for you.",
+        .listSnapshots = {},
+        .thinSnapshots = {},
         .welcomeLine = "See what's filling your computer and sweep it out safely.",
         .accessTitle = "Access to Your Files",
         .accessMissing = "Corvane can't open your home folder. Check who may read it.",

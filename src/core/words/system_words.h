@@ -21,8 +21,8 @@ struct SystemWords {
     std::string_view snapshotsTitle;
     std::string_view snapshotsText;
     std::string_view snapshotsNote;
-    std::string_view listSnapshots; ///< a command
-    std::string_view thinSnapshots; ///< a command
+    std::string_view listSnapshots; ///< a command; empty where each snapshot has one of its own
+    std::string_view thinSnapshots; ///< likewise
     std::string_view welcomeLine;   ///< beneath "Welcome to Corvane"
     std::string_view accessTitle;   ///< what the program must be granted to see everything
     std::string_view accessMissing; ///< what it is for, or what is wrong

@@ -78,7 +78,7 @@ Rectangle {
 
                 required property snapshotText modelData
 
-                height: DiskMetrics.snapshotLine
+                height: deletion.visible ? deletion.height + Theme.space6 : DiskMetrics.snapshotLine
                 spacing: Theme.space6
                 Accessible.role: Accessible.StaticText
                 Accessible.name: modelData.text
@@ -91,11 +91,23 @@ Rectangle {
                 }
                 PlainText {
                     height: parent.height
-                    width: Math.min(implicitWidth, content.width - Theme.buttonIconSize - Theme.space6)
+                    width: Math.min(implicitWidth, content.width - Theme.buttonIconSize - Theme.space6
+                                    - (deletion.visible ? deletion.width + line.spacing : 0))
                     text: line.modelData.text
                     font: Theme.secondaryFiguresFont
                     elide: Text.ElideMiddle
                     Accessible.ignored: true
+                }
+                CopyButton {
+                    id: deletion
+
+                    objectName: "snapshots.copyDelete"
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: command !== ""
+                    small: true
+                    clipboard: copies
+                    label: qsTr("Copy “delete” command")
+                    command: line.modelData.deleteCommand
                 }
             }
         }
@@ -124,6 +136,7 @@ Rectangle {
                 clipboard: copies
                 label: qsTr("Copy “free snapshots” command")
                 command: card.presenter.thinCommand
+                visible: command !== ""
             }
         }
         PlainText {

@@ -19,10 +19,18 @@ constexpr std::size_t snapshotsShown = 6;
 
 SnapshotText lineOf(const LocalSnapshot &snapshot)
 {
-    if (!snapshot.date)
-        return {displayText(snapshot.name), QStringLiteral("camera.metering.unknown")};
-    return {abbreviatedDateTime(QDateTime::fromSecsSinceEpoch(snapshot.date->time_since_epoch().count()), QLocale()),
-            {}};
+    SnapshotText line;
+    if (snapshot.date) {
+        line.text =
+            abbreviatedDateTime(QDateTime::fromSecsSinceEpoch(snapshot.date->time_since_epoch().count()), QLocale());
+    } else {
+        line.text = displayText(snapshot.name);
+        line.symbol = QStringLiteral("camera.metering.unknown");
+    }
+    if (snapshot.size)
+        line.text += QStringLiteral(" · ") + sizeText(*snapshot.size);
+    line.deleteCommand = displayText(snapshot.deleteCommand);
+    return line;
 }
 
 } // namespace
@@ -180,7 +188,15 @@ bool BreakdownPresenter::hasSnapshots() const
 
 QString BreakdownPresenter::listCommand() const
 {
-    return m_store ? displayText(m_store->words().listSnapshots) : QString();
+    if (m_store && !m_store->words().listSnapshots.empty())
+        return displayText(m_store->words().listSnapshots);
+    QStringList commands; // one for each tool that keeps some
+    if (isAvailable()) {
+        for (const LocalSnapshot &snapshot : breakdown()->snapshots)
+            commands.append(displayText(snapshot.listCommand));
+    }
+    commands.removeDuplicates();
+    return commands.join(QStringLiteral("; "));
 }
 
 QString BreakdownPresenter::thinCommand() const

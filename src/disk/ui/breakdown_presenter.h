@@ -18,10 +18,12 @@ struct SnapshotText {
     QML_VALUE_TYPE(snapshotText)
     Q_PROPERTY(QString text MEMBER text)
     Q_PROPERTY(QString symbol MEMBER symbol)
+    Q_PROPERTY(QString deleteCommand MEMBER deleteCommand)
 
 public:
     QString text;
-    QString symbol; ///< empty where the date is known
+    QString symbol;        ///< empty where the date is known
+    QString deleteCommand; ///< empty where the system thins its snapshots
 
     friend bool operator==(const SnapshotText &, const SnapshotText &) = default;
 };
@@ -65,8 +67,9 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QString snapshotsFound READ snapshotsFound NOTIFY changed)
     Q_PROPERTY(QList<corvane::SnapshotText> snapshots READ snapshots NOTIFY changed)
     Q_PROPERTY(QString moreSnapshots READ moreSnapshots NOTIFY changed)
-    Q_PROPERTY(QString listCommand READ listCommand NOTIFY storeChanged)
-    Q_PROPERTY(QString thinCommand READ thinCommand NOTIFY storeChanged)
+    Q_PROPERTY(QString listCommand READ listCommand NOTIFY changed)
+    /// Empty where each snapshot has a command of its own.
+    Q_PROPERTY(QString thinCommand READ thinCommand NOTIFY changed)
 
 public:
     explicit BreakdownPresenter(QObject *parent = nullptr);
