@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 #include "core/mount_map.h"
 #include "core/system_table.h"
@@ -36,6 +37,8 @@ public:
 
     /// The paths that are not entered.
     [[nodiscard]] const std::vector<std::string> &skipped() const { return m_skipped; }
+    /// What is shown where, the root first or after the home folder.
+    [[nodiscard]] const std::vector<MountedFolder> &entered() const { return m_entered; }
 
 private:
     void choose(const MountedFolder *home)
@@ -102,6 +105,19 @@ private:
     std::vector<std::string> m_skipped;
 };
 
+/// Where snapper keeps a volume's snapshots.
+constexpr std::string_view snapshotsFolder = ".snapshots";
+
+/// Whether a folder is a volume of its own inside another one. What its snapshots show is stored once, so counted with
+/// them a disk would hold many times what it can.
+bool isVolumeInside(const std::string &path, const std::string &volume, FileSystem &files)
+{
+    const auto inner = files.facts(path);
+    const auto outer = files.facts(volume);
+    return inner && outer && inner->type == EntryType::directory && inner->identity.isKnown() &&
+           outer->identity.isKnown() && inner->identity.device != outer->identity.device;
+}
+
 } // namespace
 
 ScanBounds ScanBounds::of(const std::string &root, FileSystem &files)
@@ -145,9 +161,25 @@ void ScanBounds::skipOtherMounts(const std::string &root, FileSystem &files)
         return;
     const std::string home = files.homeFolder();
     const std::string realRoot = files.realPath(root).value_or(root);
-    const MountChoice choice(mounts, realRoot, files.realPath(home).value_or(home));
+    const std::string realHome = files.realPath(home).value_or(home);
+    const MountChoice choice(mounts, realRoot, realHome);
     for (const std::string &path : choice.skipped())
         skip(moved(path, realRoot, root));
+    std::set<std::string> volumes{realHome, std::string(containingFolder(realHome))};
+    std::set<std::uint64_t> fileSystems;
+    for (const MountedFolder &mount : choice.entered()) {
+        volumes.insert(mount.path);
+        fileSystems.insert(mount.fileSystem);
+    }
+    for (const std::string &volume : volumes) {
+        const std::string path = joined(volume, snapshotsFolder);
+        const MountedFolder *const around = mounts.holding(volume);
+        const MountedFolder *const mount = mounts.holding(path);
+        // A folder on a file system that is not entered is not touched.
+        if (liesBeneath(path, realRoot) && around != nullptr && mount->fileSystem == around->fileSystem &&
+            fileSystems.contains(around->fileSystem) && isVolumeInside(path, volume, files))
+            skip(moved(path, realRoot, root));
+    }
 }
 
 } // namespace corvane

@@ -115,6 +115,36 @@ TEST_F(ScanBoundsTest, VolumesOfOneFileSystemAreEnteredEach)
     EXPECT_TRUE(std::ranges::find(bounds.skippedIn("/"), "home") == bounds.skippedIn("/").end());
 }
 
+TEST_F(ScanBoundsTest, TheSnapshotsOfAVolumeAreNotEntered)
+{
+    files.addMount({"/home", 1, "/@home"});
+    for (const char *folder : {"/.snapshots", "/home/.snapshots", "/home/me/.snapshots"}) {
+        files.addFolder(folder);
+        EXPECT_TRUE(enters(folder)) << folder << " is a folder like any other";
+        files.setDevice(folder, 9); // as the volumes of a btrfs file system have
+        EXPECT_FALSE(enters(folder)) << folder;
+    }
+    files.addMount({"/.snapshots", 1, "/@snapshots"});
+    EXPECT_FALSE(enters("/.snapshots"));
+    EXPECT_FALSE(enters("/home/.snapshots", "/home"));
+    EXPECT_TRUE(enters("/.snapshots/1", "/.snapshots")) << "who asks for them gets them";
+}
+
+TEST_F(ScanBoundsTest, NoSnapshotsAreLookedForOnADiskThatIsNotEntered)
+{
+    files.setHome("/net/home/me");
+    files.addMount({"/net", 5, "/"});
+    files.addMount({"/.snapshots", 6, "/"});
+    files.addMount({"/net/home/me", 7, "/"});
+    files.addFolder("/net/home/me/.snapshots");
+    files.addFolder("/.snapshots");
+    EXPECT_FALSE(enters("/net"));
+    for (const std::string &line : files.log()->lines()) {
+        EXPECT_NE(line, "facts /net/home/.snapshots");
+        EXPECT_NE(line, "facts /.snapshots");
+    }
+}
+
 TEST_F(ScanBoundsTest, AMountBehindOneThatIsNotEnteredDecidesNothing)
 {
     files.addMount({"/mnt", 9, "/"});

@@ -2,6 +2,8 @@
 
 #include <cerrno>
 
+#include <linux/magic.h>
+#include <sys/statfs.h>
 #include <sys/statvfs.h>
 
 #include "platform/block_count.h"
@@ -24,7 +26,10 @@ VolumeFacts LinuxVolumes::facts(const std::string &path)
     VolumeFacts facts;
     facts.total = bytesOfBlocks(usedOrAvailable, volume.f_frsize);
     facts.available = bytesOfBlocks(volume.f_bavail, volume.f_frsize);
-    if (volume.f_bfree >= volume.f_bavail)
+    // btrfs tells less available than free because of what it has set aside for its own records.
+    struct statfs system {};
+    const bool isBtrfs = ::statfs(path.c_str(), &system) == 0 && system.f_type == BTRFS_SUPER_MAGIC;
+    if (!isBtrfs && volume.f_bfree >= volume.f_bavail)
         facts.reserved = bytesOfBlocks(volume.f_bfree - volume.f_bavail, volume.f_frsize);
     return facts;
 }
