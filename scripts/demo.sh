@@ -1,14 +1,18 @@
 #!/usr/bin/env bash
-# Opens the window over an example Mac's disk, made anew each time. demo.sh PROGRAM
+# Opens the window over an example disk of a kind, "mac" or "linux", made anew each time. demo.sh PROGRAM KIND
 set -euo pipefail
 
 cd "$(dirname "$0")/.."
 program=$1
-python3 tests/mac_root/mac_root.py build build/mac_root
-disk=build/mac_root/mac_disk.so
-scripts/mac-disk.sh "$disk"
+kind=$2
+folder=build/roots/$kind
+home=/Users/studio
+[[ $kind == mac ]] || home=/home/studio
+python3 tests/shaped_root/shaped_root.py build "$kind" "$folder"
+disk=$folder/disk.so
+scripts/root-disk.sh "$disk"
 if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
-    exec scripts/mac-root-run.sh --preload "$disk" build/mac_root "$program" /Users/studio
+    exec scripts/root-run.sh --preload "$disk" "$folder" "$program" "$home"
 fi
 echo "No display here (neither DISPLAY nor WAYLAND_DISPLAY is set): this is the report of the example's home folder."
-exec scripts/mac-root-run.sh --preload "$disk" build/mac_root "$(dirname "$program")/corvane-cli" scan /Users/studio
+exec scripts/root-run.sh --preload "$disk" "$folder" "$(dirname "$program")/corvane-cli" scan "$home"

@@ -31,11 +31,11 @@ if [[ $mode == check ]]; then
         echo "screenshots: skipped: the pictures of the documents are made on Debian 12, and compared only there"
         exit 77
     fi
-    scripts/mac-root-run.sh --check
+    scripts/root-run.sh --check
 fi
 
-python3 tests/mac_root/mac_root.py build build/mac_root
-scripts/mac-root-run.sh --output "$output" build/mac_root "$program" /System/Volumes/output
+python3 tests/shaped_root/shaped_root.py build mac build/roots/mac
+scripts/root-run.sh --output "$output" build/roots/mac "$program" /System/Volumes/output
 
 case $mode in
 docs)

@@ -1,6 +1,6 @@
 #include <chrono>
 
-#include "screenshots/mac_disk.h"
+#include "screenshots/shaped_disk.h"
 #include "screenshots/photographer.h"
 
 namespace corvane {

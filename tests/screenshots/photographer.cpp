@@ -9,7 +9,7 @@
 #include <QtTest/QTest>
 
 #include "map/treemap_builder.h"
-#include "screenshots/mac_disk.h"
+#include "screenshots/shaped_disk.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {

@@ -4,7 +4,7 @@
 
 #include <QProcess>
 
-#include "screenshots/mac_disk.h"
+#include "screenshots/shaped_disk.h"
 #include "screenshots/photographer.h"
 
 namespace corvane {

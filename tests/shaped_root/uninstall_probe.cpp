@@ -1,5 +1,5 @@
 // Uninstalls one application through the store, as the window does, and prints what came of it, so that a test can do
-// that inside a Mac-shaped root.
+// that inside a shaped root.
 //
 //   uninstall_probe BUNDLE INSTANCES quit|ignore
 //
@@ -48,7 +48,7 @@ void waitFor(const Condition &condition, const char *what)
 std::vector<std::unique_ptr<QProcess>> startInstances(const QString &bundle, int count, bool ignoresRequests)
 {
     const QString program = bundle + QStringLiteral("/Contents/MacOS/sleep");
-    insist(QFile::copy(QStringLiteral("/bin/sleep"), program), "cannot put a program into the bundle");
+    insist(count == 0 || QFile::copy(QStringLiteral("/bin/sleep"), program), "cannot put a program into the bundle");
     std::vector<std::unique_ptr<QProcess>> instances;
     for (int i = 0; i < count; ++i) {
         auto instance = std::make_unique<QProcess>();

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Builds a root folder shaped like a Mac's disk from description.txt.
+"""Builds a root folder shaped like a Mac's disk from mac.txt, or like a Linux system's from linux.txt.
 
-    mac_root.py build FOLDER [--scale N]   makes FOLDER/root; an earlier one is replaced
-    mac_root.py sizes [--scale N]          prints what every folder and file comes to, as JSON
+    shaped_root.py build KIND FOLDER [--scale N]   makes FOLDER/root; an earlier one is replaced
+    shaped_root.py sizes KIND [--scale N]          prints what every folder and file comes to, as JSON
 
 Sizes are allocated, not written, where the file system can do that, so building takes a second. Everything is
 the same from run to run: names, sizes, contents, dates.
@@ -22,18 +22,20 @@ import stat
 import sys
 
 import app_icon
+import linux_apps
 
 HERE = pathlib.Path(__file__).resolve().parent
 DEFAULT_SCALE = 1000
 BLOCK = 4096
-MARKER = b".corvane-mac-root"
+KINDS = ("mac", "linux")
+MARKER = b".corvane-shaped-root"  # of that folder, with the kind of the root in it
 UNITS = {"KB": 1000, "MB": 1000**2, "GB": 1000**3}
 USUAL_DATE = datetime.datetime(2025, 11, 1, 12, tzinfo=datetime.timezone.utc)
 
 
 @dataclasses.dataclass
 class Item:
-    """One item of the description, series already spelled out. Sizes are the Mac's, in bytes."""
+    """One item of a description, series already spelled out. Sizes are the described disk's, in bytes."""
 
     name: bytes
     is_folder: bool = False
@@ -45,6 +47,7 @@ class Item:
     mark: bytes = b""           # how a file of a size begins; nothing but zeros follows
     mode: int = 0
     link: bytes = None
+    is_continued: bool = False  # the content is put behind that of the file of this name, if there is one
     children: list = dataclasses.field(default_factory=list)
 
     def total(self):
@@ -59,8 +62,8 @@ class Item:
         return max(round(self.size / scale / BLOCK), 1) * BLOCK if self.size else 0
 
 
-def fail(line, message):
-    raise SystemExit(f"description.txt:{line}: {message}")
+class Mistake(Exception):
+    """What is wrong with a description."""
 
 
 def parse_size(text):
@@ -121,7 +124,34 @@ def bundle(name, how, size, icon, keys):
     return Item(name, is_folder=True, children=[contents])
 
 
-def parse_line(text, number):
+# The lines of a description. What stands two spaces deeper lies inside the folder above it.
+#
+#   Name/                            a folder
+#   Name/ | 12.5 GB                  a folder that must come to that, within one percent
+#   Name/ | locked                   a folder that nobody may read
+#   Name/ | dated 2024-03-16         a folder whose contents are of that day unless they say otherwise
+#   name | 8.12 GB                   a file that occupies so much of the disk
+#   name | 8.12 GB | 2024-10-11      … last changed on that day
+#   name | 8.12 GB | contents WORD   … with the same contents as the others of that word; else they differ
+#   name {001..040}.x | 8 GB in all  forty files, the first about three times as large as the last
+#   name {001..040}.x | the rest     … that together fill up what the folder must come to
+#   name | text | line\nline         a file with that text, never scaled
+#   name | plist xml | Key=Text …    a property list, "xml" or "binary", values without spaces or in quotes
+#   Name.app | app binary | 740 MB | sign 2F6BE0 | Key=Text …   a bundle with an Info.plist of those keys, "xml",
+#                                    "binary" or "appstore", and an icon: a sign and the colour of its tile
+#   name | copy | FILE               a file of this folder; "copy executable" may be run
+#   name -> target                   a symbolic link
+#   name.png | icon SIGN COLOUR      a tile of that colour with a sign of signs.txt on it; also name.svg
+#   name | more text | line\nline    text that is put behind that of the file of this name
+#   \xe7                             one byte of a name that is not UTF-8
+#   folder/folder/name …             a name may lead through other folders
+#   flatpak: ID | …                  an application of a Linux system with all its files; see linux_apps.py
+#
+# Sizes are those of the described disk. The builder divides them by its scale and rounds to blocks of 4096 bytes, at
+# least one. A folder may stand in several places; what is said of it adds up.
+
+
+def parse_line(text):
     """The items that one line stands for."""
     if " -> " in text:
         name, target = text.split(" -> ")
@@ -132,12 +162,17 @@ def parse_line(text, number):
     items = [Item(name_bytes(one), is_folder=is_folder) for one in names]
     if not fields:
         if not is_folder:
-            fail(number, "a file needs a size")
+            raise Mistake("a file needs a size")
         return items
 
     kind, *rest = fields
-    if kind == "text":
+    if kind in ("text", "more text"):
         items[0].content = rest[0].replace("\\n", "\n").encode()
+        items[0].is_continued = kind == "more text"
+        return items
+    if kind.startswith("icon "):
+        draw = app_icon.png if items[0].name.endswith(b".png") else app_icon.svg
+        items[0].content = draw(*kind.removeprefix("icon ").split())
         return items
     if kind.startswith("plist "):
         items[0].content = property_list(kind == "plist binary", rest[0])
@@ -178,6 +213,31 @@ def set_size(item, size):
         item.size = size
 
 
+def put(item, folder):
+    """Puts an item into a folder, or adds it to the one of that name; gives the one that is there in the end."""
+    there = next((child for child in folder.children if child.name == item.name), None)
+    if there is None:
+        folder.children.append(item)
+        return item
+    if item.is_continued:
+        there.content += item.content
+    elif there.is_folder and item.is_folder:
+        there.stated = there.stated or item.stated
+        there.date = there.date or item.date
+    else:
+        raise Mistake(f"there are two of {item.name.decode()}")
+    return there
+
+
+def put_line(text, folder):
+    """Puts what a line stands for into a folder. Its name may lead through other folders."""
+    path = text.split(" -> ")[0].split(" | ")[0].removesuffix("/")
+    for name in path.split("/")[:-1]:
+        folder = put(Item(name_bytes(name), is_folder=True), folder)
+    rest = text[path.rfind("/") + 1:]
+    return [put(item, folder) for item in parse_line(rest)]
+
+
 def parse(path):
     """The description as one folder without a name."""
     root = Item(b"", is_folder=True)
@@ -187,14 +247,16 @@ def parse(path):
         if not text or text.startswith("#"):
             continue
         depth = (len(line) - len(line.lstrip())) // 2
-        if depth >= len(levels):
-            fail(number, "nothing to lie inside of")
-        del levels[depth + 1:]
-        added = []
-        for parent in levels[depth]:
-            items = parse_line(text, number)
-            parent.children += items
-            added += items
+        try:
+            if depth >= len(levels):
+                raise Mistake("nothing to lie inside of")
+            del levels[depth + 1:]
+            added = []
+            for parent in levels[depth]:
+                for each in linux_apps.lines(text) or [text]:
+                    added += put_line(each, parent)
+        except Mistake as mistake:
+            raise SystemExit(f"{path.name}:{number}: {mistake}") from mistake
         levels.append([item for item in added if item.is_folder])
     return root
 
@@ -213,7 +275,7 @@ def resolve(folder, date):
     for item in takers:
         item.size = round(left * item.takes_rest)
     if abs(folder.total() - folder.stated) > folder.stated / 100:
-        raise SystemExit(f"description.txt: {folder.name.decode()} comes to {folder.total()}, not {folder.stated}")
+        raise SystemExit(f"{folder.name.decode()} comes to {folder.total()}, not {folder.stated}")
 
 
 def mark(item, path):
@@ -230,8 +292,8 @@ def descendants(folder):
             yield from descendants(child)
 
 
-def description():
-    root = parse(HERE / "description.txt")
+def description(kind):
+    root = parse(HERE / f"{kind}.txt")
     resolve(root, USUAL_DATE)
     mark(root, b"")
     return root
@@ -275,15 +337,15 @@ def empty(item, path, paths):
         empty(child, path + "/" + os.fsdecode(child.name), paths)
 
 
-def replace_root(folder, scale, left_empty=()):
+def replace_root(kind, folder, scale, left_empty=()):
     """Makes FOLDER/root in place of an earlier one, some of its folders without their contents."""
-    wanted = description()
+    wanted = description(kind)
     empty(wanted, "", left_empty)
     os.makedirs(folder, exist_ok=True)
     remove_root(folder)
     folder = os.fsencode(folder)
-    with open(os.path.join(folder, MARKER), "wb"):
-        pass
+    with open(os.path.join(folder, MARKER), "wb") as marker:
+        marker.write(kind.encode() + b"\n")
     build(wanted, os.path.join(folder, b"root"), scale)
 
 
@@ -294,7 +356,7 @@ def remove_root(folder):
     if not os.path.lexists(root):
         return
     if not os.path.exists(os.path.join(folder, MARKER)):
-        raise SystemExit(f"mac_root: {os.fsdecode(root)} is there and was not made by this program")
+        raise SystemExit(f"shaped_root: {os.fsdecode(root)} is there and was not made by this program")
     for parent, folders, _ in os.walk(root):
         for name in folders:
             path = os.path.join(parent, name)
@@ -315,26 +377,27 @@ def sizes(item, path, scale, result):
     return total
 
 
-def all_sizes(scale):
+def all_sizes(kind, scale):
     result = {}
-    sizes(description(), b"", scale, result)
+    sizes(description(kind), b"", scale, result)
     return result
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("action", choices=("build", "sizes"))
+    parser.add_argument("kind", choices=KINDS)
     parser.add_argument("folder", nargs="?")
-    parser.add_argument("--scale", type=int, default=DEFAULT_SCALE, help="what the Mac's sizes are divided by")
+    parser.add_argument("--scale", type=int, default=DEFAULT_SCALE, help="what the described sizes are divided by")
     arguments = parser.parse_args()
     if arguments.action == "sizes":
-        table = {os.fsdecode(path): size for path, size in all_sizes(arguments.scale).items()}
+        table = {os.fsdecode(path): size for path, size in all_sizes(arguments.kind, arguments.scale).items()}
         json.dump(table, sys.stdout, indent=1, ensure_ascii=True)
         print()
     elif not arguments.folder:
         parser.error("build needs a folder")
     else:
-        replace_root(arguments.folder, arguments.scale)
+        replace_root(arguments.kind, arguments.folder, arguments.scale)
 
 
 if __name__ == "__main__":

@@ -1,4 +1,4 @@
-"""Draws the icon of an application: a rounded tile of one colour with a white sign on it, as an .icns file.
+"""Draws the icon of an application: a rounded tile of one colour with a white sign on it, as a PNG, SVG or .icns file.
 
 The signs are those of the program's own icon set, in signs.txt: a name, a blank, and the path of its SVG, on a ground
 of 256 points. Their licence is assets/licences/Phosphor-MIT.txt. A file is no larger than a block of the disk.
@@ -156,8 +156,8 @@ def chunk(kind, data):
 
 
 @functools.cache
-def icns(sign, color):
-    """The icon file of a tile of a colour such as "2F6BE0" with that sign."""
+def png(sign, color):
+    """The picture of a tile of a colour such as "2F6BE0" with that sign."""
     scale = SIGN * WIDTH / GROUND
     margin = (WIDTH - SIGN * WIDTH) / 2
     marks = coverage([[(margin + x * scale, margin + y * scale) for x, y in line] for line in outlines(signs()[sign])])
@@ -176,7 +176,21 @@ def icns(sign, color):
             step = round(edge * SHADES)
             rows.append(step if step < SHADES else SHADES + round(shade * SHADES))
     header = struct.pack(">IIBBBBB", WIDTH, WIDTH, 8, 3, 0, 0, 0)
-    png = (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"PLTE", palette) + chunk(b"tRNS", opacity) +
-           chunk(b"IDAT", zlib.compress(bytes(rows), 9)) + chunk(b"IEND", b""))
-    entry = b"ic07" + struct.pack(">I", len(png) + 8) + png
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"PLTE", palette) + chunk(b"tRNS", opacity) +
+            chunk(b"IDAT", zlib.compress(bytes(rows), 9)) + chunk(b"IEND", b""))
+
+
+def icns(sign, color):
+    """The same picture as an icon file of a Mac."""
+    picture = png(sign, color)
+    entry = b"ic07" + struct.pack(">I", len(picture) + 8) + picture
     return b"icns" + struct.pack(">I", len(entry) + 8) + entry
+
+
+def svg(sign, color):
+    """The same picture as lines."""
+    margin = (1 - SIGN) / 2 * GROUND
+    return (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {GROUND} {GROUND}">'
+            f'<rect width="{GROUND}" height="{GROUND}" rx="{CORNER * GROUND:g}" fill="#{color}"/>'
+            f'<path transform="translate({margin:g} {margin:g}) scale({SIGN})" fill="#fff" d="{signs()[sign]}"/>'
+            "</svg>\n").encode()

@@ -1,14 +1,6 @@
 #!/usr/bin/env python3
-"""Tests of the Mac-shaped root and of the command line inside it.
+"""Tests of the Mac-shaped root and of the command line inside it; root_case.py tells how to run one."""
 
-    mac_root_test.py --list                              the tests' names
-    mac_root_test.py NAME --cli PROGRAM [--probe PROGRAM] --folder FOLDER
-                                                         one test, in the root that was built in FOLDER
-
-Exit status: 0 passed, 1 failed, 77 skipped (with the reason).
-"""
-
-import argparse
 import json
 import os
 import pathlib
@@ -16,77 +8,30 @@ import plistlib
 import re
 import stat
 import struct
-import subprocess
 import sys
 import tempfile
 import unittest
 import urllib.parse
 import zlib
 
-import mac_root
+import shaped_root
+from root_case import RootCase, child, main
 
-SCRIPTS = pathlib.Path(__file__).resolve().parent.parent.parent / "scripts"
-RUNNER = SCRIPTS / "mac-root-run.sh"
 HOME = "/Users/studio"
-SKIPPED = 77
-
-
-class RootCase(unittest.TestCase):
-    """A test in a root that several share."""
-
-    cli = None
-    probe = None
-    folder = None
-
-    @property
-    def root(self):
-        return os.path.join(self.folder, "root")
-
-    def run_inside(self, *arguments):
-        """Runs a program in the root; what it printed and its exit status."""
-        options = []
-        if arguments[0] == "--preload":
-            options, arguments = arguments[:2], arguments[2:]
-        done = subprocess.run([RUNNER, *options, self.folder, *arguments], capture_output=True, check=False)
-        if done.returncode == SKIPPED:
-            self.skipTest(done.stdout.decode().strip())
-        return done
-
-    def run_cli(self, *arguments):
-        return self.run_inside(self.cli, *arguments)
-
-    def scan(self, path):
-        done = self.run_cli("scan", "--json", path)
-        self.assertEqual(done.returncode, 0, done.stderr.decode())
-        return json.loads(done.stdout)
-
-    def on_disk(self, path):
-        """What `path` (as the Mac sees it) occupies by the system's own count: its files, links not followed."""
-        total = 0
-        for parent, _, files in os.walk(os.fsencode(self.root + path)):
-            for name in files:
-                facts = os.lstat(os.path.join(parent, name))
-                if stat.S_ISREG(facts.st_mode):
-                    total += facts.st_blocks * 512
-        return total
-
-
-def child(node, name):
-    return next(child for child in node["children"] if child["name"] == name)
 
 
 class MacRoot(RootCase):
     """The builder and the runner."""
 
     def test_TheDescriptionComesToTheMacsSizes(self):
-        sizes = mac_root.all_sizes(mac_root.DEFAULT_SCALE)
+        sizes = shaped_root.all_sizes("mac", shaped_root.DEFAULT_SCALE)
         for name, megabytes in {"Library": 174, "Movies": 156.82, "Pictures": 94.92, "Projects": 73.98,
                                 "Virtual Machines": 44.32, "Downloads": 41.99, "Documents": 25.87}.items():
             self.assertAlmostEqual(sizes[f"{HOME}/{name}".encode()] / 1e6, megabytes, delta=megabytes / 50)
         self.assertLess(sizes[b"/"], 800e6)
 
     def test_WhatIsBuiltOccupiesWhatTheDescriptionSays(self):
-        sizes = mac_root.all_sizes(mac_root.DEFAULT_SCALE)
+        sizes = shaped_root.all_sizes("mac", shaped_root.DEFAULT_SCALE)
         for path in (HOME, HOME + "/Movies", "/Applications", "/Library"):
             self.assertAlmostEqual(self.on_disk(path), sizes[path.encode()], delta=sizes[path.encode()] / 200)
 
@@ -102,9 +47,9 @@ class MacRoot(RootCase):
                     yield os.path.relpath(path, os.fsencode(folder)), facts.st_mode, size, date
 
         with tempfile.TemporaryDirectory(dir=self.folder) as other:
-            mac_root.replace_root(other, mac_root.DEFAULT_SCALE)
+            shaped_root.replace_root("mac", other, shaped_root.DEFAULT_SCALE)
             self.assertEqual(list(everything(self.folder)), list(everything(other)))
-            mac_root.remove_root(other)
+            shaped_root.remove_root(other)
 
     def test_EveryApplicationHasAnIconOfItsOwn(self):
         icons = {path.parents[2].name: path.read_bytes()
@@ -113,7 +58,7 @@ class MacRoot(RootCase):
         self.assertEqual(len(set(icons.values())), len(icons))
         for name, icon in icons.items():
             # More than a block would be shown as megabytes, as everything of this root is.
-            self.assertLessEqual(len(icon), mac_root.BLOCK, name)
+            self.assertLessEqual(len(icon), shaped_root.BLOCK, name)
             self.assertEqual((icon[:4], struct.unpack(">I", icon[4:8])[0]), (b"icns", len(icon)), name)
             png = icon[16:]
             width, height = struct.unpack(">II", png[16:24])
@@ -129,7 +74,7 @@ class MacRoot(RootCase):
             precious = pathlib.Path(other, "root", "precious")
             precious.mkdir(parents=True)
             with self.assertRaises(SystemExit):
-                mac_root.replace_root(other, mac_root.DEFAULT_SCALE)
+                shaped_root.replace_root("mac", other, shaped_root.DEFAULT_SCALE)
             self.assertTrue(precious.is_dir())
 
     def test_RecordedToolsAnswer(self):
@@ -247,12 +192,7 @@ class BreakdownOnAMac(BreakdownCase):
     """The account of the whole disk."""
 
     def test_OnTheDemonstrationsDiskVolumeContainerAndFilesAgree(self):
-        if "ASAN_OPTIONS" in os.environ or "TSAN_OPTIONS" in os.environ:
-            self.skipTest("a sanitizer's own library must be loaded first")
-        with tempfile.TemporaryDirectory() as folder:
-            disk = os.path.join(folder, "mac_disk.so")
-            subprocess.run([SCRIPTS / "mac-disk.sh", disk], check=True)
-            done = self.run_inside("--preload", disk, self.cli, "breakdown", "--json", "--scan", HOME)
+        done = self.run_on_disk(self.cli, "breakdown", "--json", "--scan", HOME)
         self.assertEqual(done.returncode, 0, done.stderr.decode())
         result = json.loads(done.stdout)
         self.assertEqual((result["total"], result["free"]), (self.CEILING, self.FREE))
@@ -333,7 +273,7 @@ class BreakdownOnAMac(BreakdownCase):
 class OwnRootCase(BreakdownCase):
     """Tests that change the root, each in one of its own with what it needs."""
 
-    scale = mac_root.DEFAULT_SCALE
+    scale = shaped_root.DEFAULT_SCALE
     left_empty = (HOME, "/Applications", "/opt")
 
     def setUp(self):
@@ -342,8 +282,8 @@ class OwnRootCase(BreakdownCase):
         temporary = tempfile.TemporaryDirectory(dir=self.folder)
         self.addCleanup(temporary.cleanup)
         self.folder = temporary.name
-        mac_root.replace_root(self.folder, self.scale, self.left_empty)
-        self.addCleanup(mac_root.remove_root, self.folder)
+        shaped_root.replace_root("mac", self.folder, self.scale, self.left_empty)
+        self.addCleanup(shaped_root.remove_root, self.folder)
 
     def replace_tool(self, path, script):
         """Puts another program in a tool's place; with None nothing at all."""
@@ -355,7 +295,7 @@ class OwnRootCase(BreakdownCase):
 
     def prints(self, name):
         """A tool that prints one of the recorded outputs."""
-        recorded = pathlib.Path(mac_root.HERE, "recorded", name)
+        recorded = pathlib.Path(shaped_root.HERE, "recorded", name)
         pathlib.Path(self.root + "/System/Volumes/recorded", name).write_bytes(recorded.read_bytes())
         return f"exec cat /System/Volumes/recorded/{name}\n"
 
@@ -652,32 +592,6 @@ class UninstallOnAMac(RootCase):
         self.assertEqual(result["leftovers"], [])
 
 
-def tests():
-    """The tests by the names that ctest shows: Class.Rule."""
-    for case in (MacRoot, CommandLineOnAMac, BreakdownOnAMac, ToolsOnAMac, LargePlacesOnAMac, CleanupOnAMac,
-                 DuplicatesOnAMac, AppsOnAMac, RemovalOnAMac, UninstallOnAMac):
-        for method in unittest.TestLoader().getTestCaseNames(case):
-            yield f"{case.__name__}.{method.removeprefix('test_')}", case(method)
-
-
-def main():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("name", nargs="?")
-    parser.add_argument("--list", action="store_true")
-    parser.add_argument("--cli")
-    parser.add_argument("--probe")
-    parser.add_argument("--folder")
-    arguments = parser.parse_args()
-    known = dict(tests())
-    if arguments.list:
-        print("\n".join(known), end="")
-        return 0
-    RootCase.cli, RootCase.probe, RootCase.folder = arguments.cli, arguments.probe, arguments.folder
-    result = unittest.TextTestRunner(verbosity=2).run(known[arguments.name])
-    if result.skipped:
-        return SKIPPED
-    return 0 if result.wasSuccessful() else 1
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(main(MacRoot, CommandLineOnAMac, BreakdownOnAMac, ToolsOnAMac, LargePlacesOnAMac, CleanupOnAMac,
+                  DuplicatesOnAMac, AppsOnAMac, RemovalOnAMac, UninstallOnAMac))

@@ -1,4 +1,4 @@
-#include "screenshots/mac_disk.h"
+#include "screenshots/shaped_disk.h"
 
 #include <atomic>
 #include <thread>
@@ -15,10 +15,23 @@ std::atomic<std::chrono::milliseconds> delay{};
 std::atomic<std::chrono::milliseconds> readDelay{};
 
 constexpr unsigned long blockSize = 4096;
-constexpr fsblkcnt_t capacity = 994'662'584'320 / blockSize;
-constexpr fsblkcnt_t available = 183'371'001'856 / blockSize;
 
-constexpr blkcnt_t scale = 1000; // of tests/mac_root
+struct Disk {
+    fsblkcnt_t capacity; // in blocks
+    fsblkcnt_t available;
+};
+
+constexpr Disk macsDisk{994'662'584'320 / blockSize, 183'371'001'856 / blockSize};
+constexpr Disk linuxDisk{500'107'862'016 / blockSize, 87'507'862'016 / blockSize};
+
+/// That of the root, told from the other kind as the program does it.
+const Disk &disk()
+{
+    static const bool isMacs = access("/System/Library/CoreServices/SystemVersion.plist", F_OK) == 0;
+    return isMacs ? macsDisk : linuxDisk;
+}
+
+constexpr blkcnt_t scale = 1000; // of tests/shaped_root
 constexpr blkcnt_t oneBlock = blockSize / 512;
 
 } // namespace
@@ -64,8 +77,8 @@ extern "C" int statvfs(const char *, struct statvfs *volume) noexcept
     *volume = {};
     volume->f_bsize = blockSize;
     volume->f_frsize = blockSize;
-    volume->f_blocks = capacity;
-    volume->f_bfree = available;
-    volume->f_bavail = available;
+    volume->f_blocks = disk().capacity;
+    volume->f_bfree = disk().available;
+    volume->f_bavail = disk().available;
     return 0;
 }

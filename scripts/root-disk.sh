@@ -1,0 +1,7 @@
+#!/usr/bin/env bash
+# Builds the library that gives a program in a shaped root the capacity and the file sizes of the disk that the root
+# describes. root-disk.sh OUTPUT
+set -euo pipefail
+
+cd "$(dirname "$0")/.."
+exec c++ -std=c++20 -O1 -shared -fPIC -Itests -o "$1" tests/screenshots/shaped_disk.cpp

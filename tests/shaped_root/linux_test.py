@@ -1,0 +1,508 @@
+#!/usr/bin/env python3
+"""Tests of the Linux-shaped root and of the programs inside it; root_case.py tells how to run one."""
+
+import json
+import os
+import pathlib
+import re
+import stat
+import sys
+import tempfile
+
+import shaped_root
+from root_case import RootCase, child, main
+
+HOME = "/home/studio"
+# What the disk of the root is said to hold, as its tools tell it.
+CAPACITY, AVAILABLE = 500107862016 // 4096 * 4096, 87507862016 // 4096 * 4096
+DOCKER = 34_700_000_000 - 1_600_000  # 21.9GB, 608.4MB, 4.2GB and 7.99GB
+SWAP = 8398437 * 1024
+FOREIGN_WORDS = re.compile(r"\b(Mac|Macs|macOS|Macintosh|Finder|Full Disk Access|APFS|Homebrew|Time Machine|Xcode|"
+                           r"Spotlight|iOS|Apple|Library)\b")
+
+
+class LinuxCase(RootCase):
+    """What the tests of the Linux-shaped root share."""
+
+    @staticmethod
+    def described(*paths, without=()):
+        """The bytes of what the description has at those paths, as the disk of the root tells them."""
+        def size(item, path):
+            if path in without or item.link is not None:
+                return 0
+            if item.is_folder:
+                return sum(size(each, path.rstrip("/") + "/" + os.fsdecode(each.name)) for each in item.children)
+            allocated = item.allocated(shaped_root.DEFAULT_SCALE)
+            return allocated * shaped_root.DEFAULT_SCALE if allocated > shaped_root.BLOCK else allocated
+
+        def at(path):
+            item = shaped_root.description("linux")
+            for name in path.strip("/").split("/"):
+                item = next(each for each in item.children if os.fsdecode(each.name) == name)
+            return item
+
+        return sum(size(at(path), path) for path in paths)
+
+    def assertAbout(self, size, expected, what):
+        """Equal but for what the folders themselves take, which differs from file system to file system."""
+        self.assertAlmostEqual(size, expected, delta=max(3e6, expected / 500), msg=what)
+
+    def assertTellsTheSame(self, text, sizes):
+        """In a table's text each title stands in a line with its size."""
+        for title, size in sizes.items():
+            line = next((line for line in text.splitlines() if f"  {title}" in line), None)
+            self.assertIsNotNone(line, f"{title} in {text}")
+            self.assertTrue(line.lstrip().startswith(self.told(size) + "  "), f"{title}, {size}: {line}")
+
+    @staticmethod
+    def told(size):
+        """A size in the words of a table."""
+        for unit, step, digits in (("KB", 1000, 0), ("MB", 1000**2, 1), ("GB", 1000**3, 2), ("TB", 1000**4, 2)):
+            rounded = (size * 10**digits + step // 2) // step
+            if rounded < 1000 * 10**digits:
+                number = f"{rounded / 10**digits:.{digits}f}"
+                return (number.rstrip("0").rstrip(".") if digits else number) + " " + unit
+        raise ValueError(size)
+
+    def assertNoForeignWord(self, text):
+        found = FOREIGN_WORDS.search(text)
+        self.assertIsNone(found, f"{found} in {text}")
+
+    def on_its_disk(self, *arguments, options=()):
+        done = self.run_on_disk(self.cli, *arguments, options=options)
+        self.assertEqual((done.returncode, done.stderr.decode()), (0, ""))
+        return done.stdout.decode()
+
+
+class LinuxRoot(LinuxCase):
+    """The builder and the runner."""
+
+    def test_TheDescriptionComesToAUsedDisk(self):
+        sizes = shaped_root.all_sizes("linux", shaped_root.DEFAULT_SCALE)
+        for path, megabytes in {HOME: 268.4, "/var/lib/flatpak": 38.2, "/var/lib/docker": 34.7, "/usr": 25.2,
+                                "/var/lib/snapd": 12.1, "/var/cache": 6.3, "/var/log": 4.4}.items():
+            self.assertAlmostEqual(sizes[path.encode()] / 1e6, megabytes, delta=megabytes / 50, msg=path)
+        self.assertLess(sizes[b"/"] * 1000, CAPACITY - AVAILABLE)
+
+    def test_WhatIsBuiltOccupiesWhatTheDescriptionSays(self):
+        sizes = shaped_root.all_sizes("linux", shaped_root.DEFAULT_SCALE)
+        for path in (HOME, "/usr", "/opt", "/boot"):
+            self.assertEqual(self.on_disk(path), sizes[path.encode()], path)
+
+    def test_ProgramsRunAsTheUserOfTheHomeFolder(self):
+        done = self.run_inside("/bin/sh", "-c", 'echo "$HOME" && cd && pwd && [ ! -r /root ] && echo closed')
+        self.assertEqual(done.stdout.decode().split(), [HOME, HOME, "closed"])
+
+    def test_AnAdministratorMayReadEverything(self):
+        done = self.run_inside("/bin/ls", "/root", "/var/lib/docker", options=("--administrator",))
+        self.assertEqual(done.returncode, 0, done.stderr.decode())
+        self.assertIn(b"backup-1.tar", done.stdout)
+
+    def test_ItsToolsAnswer(self):
+        done = self.run_inside("/bin/sh", "-c", "docker system df --format '{{.Size}}' && journalctl --disk-usage && "
+                               "snap list --all && flatpak list --app --columns=runtime && dpkg-query --version")
+        self.assertIn(b"21.9GB\n", done.stdout)
+        self.assertIn(b"take up 3.0G in the file system", done.stdout)
+        self.assertRegex(done.stdout.decode(), r"core24 +\d+ +1006 .* base,disabled\n")
+        self.assertEqual(done.returncode, 1, "what nobody asks is not answered")
+
+    def test_EveryApplicationHasAnIcon(self):
+        icons = set()
+        for path in pathlib.Path(self.root).rglob("*.desktop"):
+            icon = re.search("^Icon=(.*)$", path.read_text(), re.MULTILINE)[1]
+            places = [icon] if icon.startswith("/") else [
+                f"{share}/icons/hicolor/128x128/apps/{icon}.png" for share in
+                ("/usr/share", "/var/lib/flatpak/exports/share", HOME + "/.local/share")]
+            there = [place for place in places if os.path.exists(self.root + place)]
+            self.assertEqual(len(there), 1, path)
+            picture = pathlib.Path(self.root + there[0]).read_bytes()
+            # More than a block would be shown as megabytes, as everything of this root is.
+            self.assertLessEqual(len(picture), shaped_root.BLOCK, path)
+            self.assertTrue(picture.startswith((b"\x89PNG", b"<svg")), path)
+            icons.add(picture)
+        self.assertGreater(len(icons), 30)
+
+
+class CommandLineOnALinuxSystem(LinuxCase):
+    """The command line, end to end."""
+
+    def test_ScanFindsWhatTheDisksOwnCountFinds(self):
+        result = self.scan(HOME)
+        self.assertEqual(result["root"]["size"], self.on_disk(HOME))
+        self.assertEqual((result["unreadable"], result["cancelled"]), (0, False))
+        for name in ("Projects", "Videos", ".local", ".cache", ".var", "snap", "Downloads"):
+            self.assertEqual(child(result["root"], name)["size"], self.on_disk(f"{HOME}/{name}"), name)
+        self.assertNotIn("current-project", [node["name"] for node in result["root"]["children"]])
+
+    def test_AWholeDiskScanBearsTheSystemsNameAndKeepsToTheDisk(self):
+        root = self.scan("/")["root"]
+        self.assertEqual(root["name"], "Debian GNU/Linux")
+        for name in ("home", "opt", "srv", "boot", "tmp"):
+            self.assertEqual(child(root, name)["size"], self.on_disk("/" + name), name)
+        # The links into this machine's own system are not followed, and its mounts are no part of the disk.
+        self.assertEqual(child(root, "usr")["size"], self.on_disk("/usr"))
+        self.assertTrue({"proc", "sys", "run", "dev"}.isdisjoint(
+            node["name"] for node in root["children"] if node["size"] > 0))
+        self.assertNoForeignWord(self.run_cli("scan", "/").stdout.decode())
+
+    def test_AFolderOfTheAdministratorIsNamed(self):
+        done = self.run_cli("scan", "/var/lib/private")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("/var/lib/private: Permission denied", done.stderr.decode())
+
+    def test_BuildFoldersAreRecognisedByTheirMarkers(self):
+        found = {(item["path"].removeprefix(HOME + "/Projects/"), item["kind"])
+                 for item in self.scan(HOME)["devJunk"]}
+        self.assertEqual(found, {
+            ("wayfinder-rs/target", "Rust target"), ("ml-experiments/.venv", "Python virtualenv"),
+            ("harbor-app/node_modules", "node_modules"), ("tidewater-web/.next", "Next.js build"),
+            ("tidewater-web/node_modules", "node_modules"), ("client-site-2023/node_modules", "node_modules")})
+
+    def test_ProtectedPlacesAreNamed(self):
+        expected = {
+            "/": True, "/usr": True, "/usr/lib": True, "/boot/vmlinuz-6.1.0-37-amd64": True, "/home": True,
+            "/root": True, "/var": True, "/etc": True, "/snap/signal-deck": True, "/srv": True, "/srv/www": False,
+            HOME: True, HOME + "/Videos": True, HOME + "/Videos/Exports": False, HOME + "/.local/share": True,
+            HOME + "/.local/share/keyrings/login.keyring": True, HOME + "/.local/share/Trash/files": True,
+            HOME + "/.local/share/Trash/files/old-exports": False, HOME + "/.cache": True, HOME + "/.cache/pip": False,
+            HOME + "/Templates": True, HOME + "/Projects/scratch": False}
+        found = self.answer(self.run_cli("protected", "--json", *expected))
+        self.assertEqual({item["path"]: item["protected"] for item in found}, expected)
+        self.assertNoForeignWord(self.run_cli("protected", *expected).stdout.decode())
+
+    def test_OnlyFilesThatAreSaidToBeTheSameAreDuplicates(self):
+        found = self.answer(self.run_cli("duplicates", "--json", HOME))
+        groups = [sorted(os.path.basename(file["path"]) for file in group["files"]) for group in found["groups"]]
+        self.assertEqual(groups, [["Poster A1 final copy.psd", "Poster A1 final.psd", "Poster A1.psd"],
+                                  ["client-rushes (1).zip", "client-rushes.zip"]])
+
+    def test_ThereAreNoSnapshots(self):
+        done = self.run_cli("snapshots")
+        self.assertEqual((done.returncode, done.stdout), (0, b"No local snapshots\n"))
+
+
+class BreakdownOnALinuxSystem(LinuxCase):
+    """The account of the whole disk."""
+
+    def breakdown(self, *arguments, options=()):
+        return json.loads(self.on_its_disk("breakdown", "--json", *arguments, options=options))
+
+    @staticmethod
+    def sizes(breakdown):
+        return {segment["id"]: segment["size"] for segment in breakdown["segments"]}
+
+    # What the description has at each place, and where another place lies inside.
+    PLACES = {
+        "home": ((HOME,), ()),
+        "/usr": (("/usr",), ("/usr/local",)),
+        "/usr/local": (("/usr/local",), ()),
+        "/opt": (("/opt",), ()),
+        "/var/lib/flatpak": (("/var/lib/flatpak",), ()),
+        "/var/lib/snapd": (("/var/lib/snapd",), ()),
+        "/var/cache": (("/var/cache",), ()),
+        "/var/log": (("/var/log",), ()),
+        "/home": (("/home",), (HOME,)),
+        "/srv": (("/srv",), ()),
+        "/boot": (("/boot",), ()),
+        "/tmp": (("/tmp", "/var/tmp"), ()),
+    }
+    INSIDE_VAR = ("/var/lib/flatpak", "/var/lib/snapd", "/var/lib/docker", "/var/cache", "/var/log", "/var/tmp")
+    CLOSED = ("/var/lib/postgresql/15/main", "/var/lib/private")
+
+    def assertPlaces(self, sizes, but=()):
+        for place, (paths, without) in self.PLACES.items():
+            if place not in but:
+                self.assertAbout(sizes[place], self.described(*paths, without=without), place)
+
+    def test_EverySegmentHasItsSize(self):
+        result = self.breakdown()
+        sizes = self.sizes(result)
+        self.assertPlaces(sizes)
+        self.assertEqual(sizes["/var/lib/docker"], DOCKER, "as its own tool tells it")
+        self.assertEqual(sizes["swap"], SWAP)
+        self.assertAbout(sizes["/var"], self.described("/var", without=self.INSIDE_VAR + self.CLOSED), "/var")
+        self.assertEqual(set(sizes), {*self.PLACES, "/var", "/var/lib/docker", "swap", "/", "hidden"})
+        self.assertEqual((result["total"], result["free"]), (CAPACITY, AVAILABLE))
+        self.assertEqual(sum(sizes.values()), CAPACITY - AVAILABLE)
+        self.assertEqual((result["overcount"], result["purgeable"], result["snapshots"]), (0, 0, []))
+
+    def explained(self, result):
+        return 1 - result["hidden"] / (result["total"] - result["free"])
+
+    def test_AnOrdinaryUserHasEightyFivePercentExplained(self):
+        result = self.breakdown()
+        self.assertGreaterEqual(self.explained(result), 0.85)
+        hidden = next(segment for segment in result["segments"] if segment["id"] == "hidden")
+        closed = sum(item.mode == stat.S_IFDIR for item in shaped_root.descendants(shaped_root.description("linux")))
+        self.assertEqual(hidden["detail"],
+                         f"Folders only the administrator can read ({closed}), deleted files that programs still hold "
+                         "open, snapshots and the file system's own records.")
+
+    def test_AnAdministratorHasNinetyFivePercentExplained(self):
+        result = self.breakdown(options=("--administrator",))
+        self.assertGreaterEqual(self.explained(result), 0.95)
+        sizes = self.sizes(result)
+        self.assertPlaces(sizes, but=("/home",))
+        self.assertAbout(sizes["/home"], self.described("/home", "/root", without=(HOME,)), "other users")
+        self.assertAbout(sizes["/var/lib/docker"], self.described("/var/lib/docker"), "containers")
+        self.assertAbout(sizes["/var"], self.described("/var", without=self.INSIDE_VAR), "the rest of /var")
+        hidden = next(segment for segment in result["segments"] if segment["id"] == "hidden")
+        self.assertTrue(hidden["detail"].startswith("Deleted files that programs still hold open"), hidden["detail"])
+
+    def test_TheTableAndTheJsonTellTheSame(self):
+        for arguments in ((), ("--scan", HOME), ("--scan", "/")):
+            result = self.breakdown(*arguments)
+            text = self.on_its_disk("breakdown", *arguments)
+            self.assertTellsTheSame(text, {segment["title"]: segment["size"] for segment in result["segments"]})
+            self.assertIn("412.6 GB used of 500.11 GB, 87.51 GB free on Debian GNU/Linux\n", text)
+            self.assertRegex(text, rf"\A{int(self.explained(result) * 100)}% explained\n")
+            self.assertNoForeignWord(text)
+            self.assertNoForeignWord("\n".join(segment["title"] + segment["detail"] + str(segment["actionTitle"])
+                                               for segment in result["segments"]))
+
+    def test_AScannedHomeTakesThePlaceOfTheMeasuredOne(self):
+        before = self.sizes(self.breakdown())
+        result = self.breakdown("--scan", HOME)
+        after = self.sizes(result)
+        self.assertAbout(after.pop("scanned"), before.pop("home"), "the home folder")
+        for sizes in (before, after):
+            sizes.pop("hidden")
+        self.assertEqual(after, before)
+        scanned = next(segment for segment in result["segments"] if segment["id"] == "scanned")
+        self.assertEqual(scanned["title"], "Your Home Folder")
+        self.assertEqual([item["name"] for item in scanned["children"]],
+                         ["Projects", "Videos", ".local", "Pictures", ".cache"])
+
+    def test_AScanOfEverythingCountsNothingTwice(self):
+        measured = self.breakdown()
+        result = self.breakdown("--scan", "/")
+        self.assertEqual(result["overcount"], 0)
+        self.assertEqual(set(self.sizes(result)), {"scanned", "/var/lib/docker", "hidden"})
+        self.assertAbout(result["hidden"], measured["hidden"], "what is left")
+
+    def test_AFolderMountedTwiceCountsOnce(self):
+        self.assertEqual(self.sizes(self.breakdown(options=("--home-mount",))), self.sizes(self.breakdown()))
+
+    def test_DeletedFilesThatAreStillOpenAreToldWithTheirProgram(self):
+        with tempfile.TemporaryFile(dir=self.folder) as held:
+            os.posix_fallocate(held.fileno(), 0, 60_000_000)
+            done = self.run_on_disk(self.cli, "breakdown", "--json", descriptors=(held.fileno(),))
+        deleted = next(segment for segment in self.answer(done)["segments"] if segment["id"] == "deleted")
+        self.assertAbout(deleted["size"], 60e6, "deleted")
+        self.assertEqual([each["name"] for each in deleted["children"]], ["corvane-cli"])
+
+
+class CleanupOnALinuxSystem(LinuxCase):
+    """The catalogue of what could be cleaned up."""
+
+    # What each row that holds something measures, with what counts elsewhere.
+    ROWS = {
+        "App Caches": ((".cache",), (".cache/pip", ".cache/go-build", ".cache/huggingface", ".cache/thumbnails")),
+        "Thumbnails": ((".cache/thumbnails",), ()),
+        "Trash": ((".local/share/Trash/files",), ()),
+        "Snap App Caches": (tuple(f"snap/{name}/common/.cache" for name in (
+            "signal-deck", "old-mill-layout", "chartroom", "paper-kite")), ()),
+        "pip Cache": ((".cache/pip",), ()),
+        "npm Cache": ((".npm/_cacache",), ()),
+        "Go Build Cache": ((".cache/go-build",), ()),
+        "pnpm Store": ((".local/share/pnpm/store",), ()),
+        "Cargo Registry": ((".cargo/registry",), ()),
+        "Gradle Caches": ((".gradle/caches",), ()),
+        "Gradle Wrapper Distributions": ((".gradle/wrapper/dists",), ()),
+        "Maven Repository": ((".m2/repository",), ()),
+        "Podman Containers": ((".local/share/containers/storage",), ()),
+        "Hugging Face Models": ((".cache/huggingface",), ()),
+        "Virtual Machine Disks": ((".local/share/gnome-boxes/images",), ()),
+        "Downloads": (("Downloads",), ()),
+    }
+    COMMANDS = {"docker system prune": 11.8, "sudo apt clean": 5.9, "flatpak uninstall --unused": 4.2,
+                "sudo journalctl --vacuum-size=200M": 3.1, "sudo snap set system refresh.retain=2": 2.6,
+                "sudo apt autoremove": 0.48}
+
+    def filled(self):
+        items = json.loads(self.on_its_disk("cleanup", "--json"))
+        self.assertTrue(all(item["accessible"] for item in items))
+        return {item["title"]: item for item in items if item["entries"]}, len(items)
+
+    def test_EveryPlaceOfTheHomeIsMeasuredOnce(self):
+        filled, _ = self.filled()
+        self.assertEqual(set(filled), {*self.ROWS, "Flatpak App Caches"})
+        for title, (paths, without) in self.ROWS.items():
+            expected = self.described(*(f"{HOME}/{path}" for path in paths),
+                                      without=tuple(f"{HOME}/{path}" for path in without))
+            self.assertAbout(filled[title]["total"], expected, title)
+            self.assertEqual(filled[title]["total"], sum(entry["size"] for entry in filled[title]["entries"]), title)
+        apps = [os.path.basename(path) for path in os.listdir(f"{self.root}{HOME}/.var/app")]
+        caches = [f"{HOME}/.var/app/{app}/cache" for app in apps]
+        self.assertAbout(filled["Flatpak App Caches"]["total"], self.described(*caches), "Flatpaks")
+        self.assertEqual(len(filled["Flatpak App Caches"]["entries"]), len(caches))
+
+    def test_TheTableAndTheJsonTellTheSame(self):
+        filled, count = self.filled()
+        text = self.on_its_disk("cleanup")
+        self.assertTellsTheSame(text.replace("  safe  ", "").replace("  review", ""),
+                                {title: item["total"] for title, item in filled.items()})
+        self.assertIn(f"{self.told(sum(item['total'] for item in filled.values()))} could be cleaned up, ", text)
+        foreign = 8  # rows of a Mac's, which stay out of sight
+        self.assertIn(f"\n{count - len(filled) - foreign} more places hold nothing\n", text)
+        self.assertNoForeignWord(text)
+
+    def test_WhatTheAdministratorCouldFreeIsOfferedAsCommands(self):
+        text = self.on_its_disk("cleanup")
+        offered = text[text.index("Needs the Administrator"):]
+        found = dict(re.findall(r"^ *([\d.]+ [MG]B)  .*?  +((?:sudo |docker |flatpak ).*)$", offered, re.MULTILINE))
+        self.assertEqual(set(found.values()), set(self.COMMANDS))
+        for size, command in found.items():
+            number, unit = size.split()
+            self.assertAlmostEqual(float(number) * (1 if unit == "GB" else 0.001), self.COMMANDS[command], delta=0.05,
+                                   msg=command)
+
+
+class AppsOnALinuxSystem(LinuxCase):
+    """The applications, what they keep in the home folder, and what deleted ones have left there."""
+
+    def inventory(self):
+        return json.loads(self.on_its_disk("apps", "--json"))
+
+    def app(self, name):
+        return next(app for app in self.inventory()["apps"] if app["name"] == name)
+
+    def leftovers(self, app, match):
+        return {item["path"].removeprefix(HOME + "/"): item["location"] for item in app["leftovers"]
+                if item["match"] == match}
+
+    def test_EverySourceIsListed(self):
+        apps = self.inventory()["apps"]
+        lines = [line for line in pathlib.Path(shaped_root.HERE, "linux.txt").read_text(encoding="utf-8").splitlines()
+                 if re.match("(flatpak|snap|package|appimage): ", line)]
+        expected = {"Orrery": None}
+        for line in lines:
+            kind, rest = line.split(": ", 1)
+            expected[rest.split(" | ")[1]] = {"flatpak": "Flatpak", "snap": "Snap", "package": "Package",
+                                              "appimage": "AppImage"}[kind]
+        self.assertEqual({app["name"]: app.get("source") for app in apps}, expected)
+        sums = [app["appSize"] + sum(item["size"] for item in app["leftovers"] if item["match"] == "exact")
+                for app in apps]
+        self.assertEqual(sums, sorted(sums, reverse=True))
+
+    def test_AFlatpakIsKnownByItsIdentifier(self):
+        app = self.app("Framewright Studio")
+        self.assertEqual((app["bundleID"], app["version"], app["removeCommand"]),
+                         ("org.example.Studio", "5.4.1", "flatpak uninstall org.example.Studio"))
+        self.assertAbout(app["appSize"], self.described("/var/lib/flatpak/app/org.example.Studio"), "app")
+        data = ".var/app/org.example.Studio/"
+        self.assertEqual(self.leftovers(app, "exact"), {
+            data + "data": "Data", data + "cache": "Cache", data + "config": "Settings",
+            ".local/share/flatpak/overrides/org.example.Studio": "Permissions"})
+        self.assertEqual(self.leftovers(app, "name"), {
+            ".local/share/framewright-studio": "Data", ".config/framewright-studio": "Settings"})
+
+    def test_ASnapIsKnownByItsName(self):
+        app = self.app("Signal Deck")
+        self.assertEqual((app["bundleID"], app["version"], app["removeCommand"]),
+                         ("signal-deck", "5.4.1", "sudo snap remove signal-deck"))
+        self.assertAbout(app["appSize"], self.described("/var/lib/snapd/snaps/signal-deck_214.snap"), "app")
+        self.assertEqual(self.leftovers(app, "exact"), {"snap/signal-deck": "Data"})
+
+    def test_APackageIsMeasuredByItsListOfFiles(self):
+        app = self.app("Code Harbor")
+        self.assertEqual((app["version"], app["removeCommand"]), ("2025.3", "sudo apt remove code-harbor"))
+        self.assertAbout(app["appSize"], self.described("/usr/lib/code-harbor", "/usr/share/code-harbor"), "app")
+        self.assertEqual(self.leftovers(app, "exact"), {
+            ".local/share/com.codeharbor.ide": "Data", ".config/com.codeharbor.ide": "Settings"})
+        self.assertEqual(self.leftovers(app, "name"), {".cache/code-harbor": "Cache"})
+
+    def test_AnAppImageHasNoCommand(self):
+        app = self.app("Wavetable Live")
+        self.assertEqual(app["path"], HOME + "/Applications/Wavetable_Live-12.0.5.AppImage")
+        self.assertNotIn("removeCommand", app)
+        self.assertEqual(self.leftovers(app, "exact"), {".local/share/com.wavetable.live": "Data"})
+
+    def test_AnUnpackedFolderIsOneApplication(self):
+        app = self.app("Orrery")
+        self.assertEqual(app["path"], HOME + "/Applications/orrery")
+        self.assertAbout(app["appSize"], self.described("/home/studio/Applications/orrery"), "app")
+
+    def test_WhatDeletedApplicationsLeftIsFound(self):
+        groups = {group["id"]: sorted(item["path"].removeprefix(HOME + "/") for item in group["items"])
+                  for group in self.inventory()["orphanGroups"]}
+        self.assertEqual(groups, {
+            "com.lathe.cadpro": [".var/app/com.lathe.CadPro"],
+            "paper-kite": ["snap/paper-kite"],
+            "org.chorale.player": [".cache/org.chorale.player"],
+            "io.mapleaf.viewer": [".config/io.mapleaf.viewer", ".local/share/io.mapleaf.viewer"]})
+
+    def test_TheTableAndTheJsonTellTheSame(self):
+        inventory = self.inventory()
+        text = self.on_its_disk("apps")
+        totals = {app["name"]: app["appSize"] + sum(item["size"] for item in app["leftovers"]
+                                                    if item["match"] == "exact") for app in inventory["apps"]}
+        orphans = {group["id"]: sum(item["size"] for item in group["items"]) for group in inventory["orphanGroups"]}
+        self.assertTellsTheSame(text, totals | orphans)
+        self.assertIn(f"{len(totals)} apps use {self.told(sum(totals.values()))}, including their data\n", text)
+        self.assertIn(f"Left behind by deleted apps, {self.told(sum(orphans.values()))}\n", text)
+        self.assertNoForeignWord(text)
+
+
+class RemovalOnALinuxSystem(LinuxCase):
+    """What the command line removes. Each test has its own items; none counts what the others change."""
+
+    TRASH = HOME + "/.local/share/Trash"
+
+    def exists(self, path):
+        return os.path.lexists(self.root + path)
+
+    def test_RemovedFileLiesInTheTrash(self):
+        path = HOME + "/Downloads/client-rushes (1).zip"
+        size = os.lstat(self.root + path).st_blocks * 512
+        result = self.answer(self.run_cli("remove", "--json", "--yes", path))
+        self.assertEqual((result["removed"], result["failures"]), ([{"path": path, "size": size}], []))
+        self.assertFalse(self.exists(path))
+        self.assertEqual(os.lstat(f"{self.root}{self.TRASH}/files/client-rushes (1).zip").st_blocks * 512, size)
+        info = pathlib.Path(f"{self.root}{self.TRASH}/info/client-rushes (1).zip.trashinfo").read_text()
+        self.assertIn("Path=/home/studio/Downloads/client-rushes%20%281%29.zip", info)
+        self.assertNoForeignWord(result["message"])
+
+    def test_AMainFolderIsNotRemoved(self):
+        for path, inside in {HOME + "/Videos": "Exports", HOME + "/.local/share": "keyrings", "/usr": "share",
+                             "/home/ada/../studio": "Videos"}.items():
+            done = self.run_cli("remove", "--json", "--yes", path)
+            self.assertEqual(done.returncode, 1, path)
+            self.assertIn("protected location", json.loads(done.stdout)["failures"][0])
+            self.assertTrue(self.exists(f"{path}/{inside}"), path)
+
+    def test_WhatLiesInTheTrashIsDeletedForGood(self):
+        path = self.TRASH + "/files/old-exports"
+        self.answer(self.run_cli("remove", "--json", "--yes", path))
+        self.assertFalse(self.exists(path))
+        self.assertFalse(self.exists(self.TRASH + "/info/old-exports.trashinfo"))
+
+    def test_WhatACleanupRowHoldsCanBeRemoved(self):
+        path = HOME + "/.cache/go-build/object-01.a"
+        self.answer(self.run_cli("remove", "--json", "--yes", path))
+        self.assertFalse(self.exists(path))
+        self.assertTrue(self.exists(HOME + "/.cache/go-build/object-02.a"))
+
+
+class UninstallOnALinuxSystem(LinuxCase):
+    """Whole uninstalls. Each test has its own application; none counts what the others change."""
+
+    def test_AnAppImageGoesToTheTrashWithItsEntryAndItsData(self):
+        image = HOME + "/Applications/Tidewater_Sync-4.2.2.AppImage"
+        gone = (image, HOME + "/.local/share/applications/com.tidewater.sync.desktop",
+                HOME + "/.local/share/com.tidewater.sync", HOME + "/.config/com.tidewater.sync")
+        for path in gone:
+            self.assertTrue(os.path.lexists(self.root + path), path)
+        result = self.answer(self.run_inside(self.probe, image, "0", "quit"))
+        self.assertFalse(result["isListed"])
+        self.assertTrue(result["toast"].startswith("Moved "), result["toast"])
+        for path in gone:
+            self.assertFalse(os.path.lexists(self.root + path), path)
+            self.assertTrue(os.path.lexists(f"{self.root}{HOME}/.local/share/Trash/files/{os.path.basename(path)}") or
+                            path.startswith(HOME + "/.config"), path)
+        self.assertTrue(os.path.lexists(self.root + HOME + "/Applications/Wavetable_Live-12.0.5.AppImage"))
+
+
+if __name__ == "__main__":
+    sys.exit(main(LinuxRoot, CommandLineOnALinuxSystem, BreakdownOnALinuxSystem, CleanupOnALinuxSystem,
+                  AppsOnALinuxSystem, RemovalOnALinuxSystem, UninstallOnALinuxSystem))
