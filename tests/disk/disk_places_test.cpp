@@ -161,6 +161,64 @@ TEST_F(DiskPlacesTest, AFolderMountedTwiceCountsOnce)
     EXPECT_EQ(size("/home") + size("/srv"), 5);
 }
 
+TEST_F(DiskPlacesTest, TwoSubvolumesOfOneFileSystemAreOneDisk)
+{
+    fake.files.addMount({"/", 1, "/@"});
+    fake.files.addMount({"/home", 1, "/@home"});
+    fake.files.addMount({"/var/log", 1, "/@log"});
+    fake.files.addMount({"/mnt/whole", 1, "/"}); // all three once more
+    const VolumeFacts facts{.name = {}, .total = 1'000 * mb, .available = 100 * mb, .availableForImportantUse = {}};
+    for (const char *path : {"/", "/home/me", "/var/log", "/mnt/whole"})
+        fake.volumes.set(path, facts);
+    add("/usr/lib/libc.so", 600);
+    add("/home/me/mine", 200);
+    add("/var/log/syslog", 80);
+    add("/mnt/whole/@/usr/lib/libc.so", 600);
+    add("/mnt/whole/@home/me/mine", 200);
+    add("/mnt/whole/@log/syslog", 80);
+    const DiskBreakdown breakdown = DiskAccountant::compute({}, fake.host());
+    EXPECT_EQ(breakdown.total, 1'000 * mb);
+    EXPECT_EQ(breakdown.used(), 900 * mb);
+    EXPECT_EQ(breakdown.overcount, 0);
+    segments = breakdown.segments;
+    EXPECT_EQ(size("/usr"), 600);
+    EXPECT_EQ(size("home"), 200);
+    EXPECT_EQ(size("/var/log"), 80);
+    EXPECT_EQ(size("/"), -1) << "what is mounted again is no other data";
+}
+
+TEST_F(DiskPlacesTest, ASeparateHomeIsAddedToTheDisk)
+{
+    fake.files.addMount({"/", 1, "/"});
+    fake.files.addMount({"/home", 2, "/"});
+    fake.volumes.set("/", {.name = {}, .total = 300 * mb, .available = 50 * mb, .availableForImportantUse = {}});
+    fake.volumes.set("/home/me",
+                     {.name = {}, .total = 1'000 * mb, .available = 200 * mb, .availableForImportantUse = {}});
+    add("/usr/lib/libc.so", 240);
+    add("/home/me/mine", 600);
+    add("/home/you/yours", 190);
+    const DiskBreakdown breakdown = DiskAccountant::compute({}, fake.host());
+    EXPECT_EQ(breakdown.total, 1'300 * mb);
+    EXPECT_EQ(breakdown.free, 250 * mb);
+    segments = breakdown.segments;
+    EXPECT_EQ(size("/usr"), 240);
+    EXPECT_EQ(size("home"), 600);
+    EXPECT_EQ(size("/home"), 190);
+    EXPECT_EQ(size("hidden"), -1) << "20 MB are not worth a row";
+    EXPECT_EQ(breakdown.explainedPercentage(), 100);
+}
+
+TEST_F(DiskPlacesTest, ABindMountIsCountedInOnePlaceOnly)
+{
+    fake.files.addMount({"/", 1, "/"});
+    fake.files.addMount({"/home/me/Shared", 1, "/srv/shared"});
+    add("/srv/shared/film", 400);
+    add("/home/me/Shared/film", 400);
+    add("/home/me/mine", 100);
+    measure();
+    EXPECT_EQ(size("home") + size("/srv"), 500);
+}
+
 TEST_F(DiskPlacesTest, AFileWithNamesInTwoPlacesCountsOnce)
 {
     add("/var/lib/flatpak/repo/object", 40);

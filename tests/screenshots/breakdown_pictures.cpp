@@ -4,8 +4,8 @@
 
 #include <QFile>
 
-#include "screenshots/shaped_disk.h"
 #include "screenshots/photographer.h"
+#include "screenshots/shaped_disk.h"
 
 namespace corvane {
 

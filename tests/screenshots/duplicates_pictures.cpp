@@ -1,7 +1,7 @@
 #include <chrono>
 
-#include "screenshots/shaped_disk.h"
 #include "screenshots/photographer.h"
+#include "screenshots/shaped_disk.h"
 
 namespace corvane {
 
