@@ -55,7 +55,12 @@ VolumeFacts startupDiskFacts(const Host &host)
     const MountedFolder *const ofHome = mounts.holding(realHome);
     if (ofRoot == nullptr || ofHome == nullptr || ofRoot->fileSystem == ofHome->fileSystem)
         return facts;
-    const VolumeFacts second = withoutNonsense(host.volumes.facts(realHome));
+    VolumeFacts second = withoutNonsense(host.volumes.facts(realHome));
+    // What is free in a pool is free for each of its file systems, and there once.
+    if (!ofRoot->pool.empty() && ofRoot->pool == ofHome->pool && second.total && second.available) {
+        second.total = std::max<std::int64_t>(0, *second.total - *second.available);
+        second.available = 0;
+    }
     facts.total = sumOf(facts.total, second.total);
     facts.available = sumOf(facts.available, second.available);
     facts.availableForImportantUse = sumOf(facts.availableForImportantUse, second.availableForImportantUse);

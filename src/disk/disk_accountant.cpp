@@ -344,13 +344,11 @@ DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Host &host,
     sources.measure = [&host, &stop](const std::string &path, const std::optional<std::string> &excluding) {
         return measure(path, excluding, host.files, stop);
     };
-    const auto runTool = [&stop](const SizeTool &tool) {
-        std::vector<std::string> arguments;
-        for (const std::string_view argument : tool.arguments) {
-            if (!argument.empty())
-                arguments.emplace_back(argument);
-        }
-        return Shell::run(std::string(tool.path), arguments, stop);
+    // The figures are read as they are written without a language.
+    const auto runTool = [&stop](const std::string &tool, const std::vector<std::string> &arguments) {
+        std::vector<std::string> line{"LC_ALL=C", tool};
+        line.insert(line.end(), arguments.begin(), arguments.end());
+        return Shell::run("/usr/bin/env", line, stop);
     };
     DiskPlaces places(diskTableOf(host.files.systemKind()), host, runTool, stop);
     sources.places = [&places](const std::optional<std::string> &root) {

@@ -66,7 +66,7 @@ std::vector<std::string> DiskBreakdown::footnotes() const
         notes.push_back(fmt::format(fmt::runtime(table.overcountNote), formatByteCount(overcount)));
     if (!fromAPFS && !table.noLayoutNote.empty())
         notes.emplace_back(table.noLayoutNote);
-    if (!table.reservedNote.empty() && reserved > 0 && reserved >= total / 100)
+    if (!table.reservedNote.empty() && reserved > 0 && reserved > (total - 1) / 100)
         notes.push_back(fmt::format(fmt::runtime(table.reservedNote), formatByteCount(reserved)));
     notes.emplace_back(table.sizesNote);
     return notes;

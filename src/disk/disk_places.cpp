@@ -65,6 +65,7 @@ public:
             m_excluded.add(*m_root);
         if (places.m_table.swap != nullptr) {
             m_swapFiles = places.m_host.volumes.swapFiles();
+            std::erase_if(m_swapFiles, [this](const SwapFile &file) { return !isThere(file); });
             for (const SwapFile &file : m_swapFiles)
                 m_excluded.add(file.path);
         }
@@ -188,7 +189,9 @@ private:
                 continue;
             if (const auto opened = m_files.openFolder(folder); opened || !isDenied(opened.error()))
                 continue;
-            const std::optional<std::string> output = m_places.m_runTool(tool);
+            if (!keepsThingsIn(folder, tool))
+                continue;
+            const std::optional<std::string> output = run(tool, tool.arguments);
             const std::int64_t size = output ? sizeIn(*output, tool.answer).value_or(0) : 0;
             if (size <= 0)
                 continue;
@@ -197,6 +200,21 @@ private:
                 children.push_back({std::string(lastPathComponent(folder)), size});
         }
         return told;
+    }
+
+    [[nodiscard]] std::optional<std::string> run(const SizeTool &tool, const SizeTool::Arguments &arguments) const
+    {
+        std::vector<std::string> words(arguments.begin(), arguments.end());
+        std::erase(words, std::string());
+        return m_places.m_stop ? std::nullopt : m_places.m_runTool(std::string(tool.path), words);
+    }
+
+    [[nodiscard]] bool keepsThingsIn(const std::string &folder, const SizeTool &tool) const
+    {
+        if (tool.placeArguments.front().empty())
+            return true;
+        const std::string place = run(tool, tool.placeArguments).value_or(std::string());
+        return isOrLiesBeneath(std::string_view(place).substr(0, place.find('\n')), folder);
     }
 
     /// Whether no other place lies between a place and a folder beneath it.
@@ -214,6 +232,14 @@ private:
     static bool isDenied(const Error &error)
     {
         return error.code == std::errc::permission_denied || error.code == std::errc::operation_not_permitted;
+    }
+
+    /// Inside a container the kernel lists the swap files of the computer around it. One that was deleted is still
+    /// used.
+    [[nodiscard]] bool isThere(const SwapFile &file) const
+    {
+        const auto facts = m_files.facts(file.path);
+        return facts ? facts->type == EntryType::file : isDenied(facts.error()) || file.path.ends_with(" (deleted)");
     }
 
     BreakdownSegment ofSwap(const DiskPlace &place) const

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "core/stop_flag.h"
 #include "core/systems/disk_table.h"
 #include "disk/disk_breakdown.h"
+#include "disk/shell.h"
 #include "platform/host.h"
 
 namespace corvane {
@@ -16,9 +16,6 @@ namespace corvane {
 /// The places of a system's disk, measured: what each takes of the disk, nothing twice.
 class DiskPlaces {
 public:
-    /// The output of a tool with those arguments; nothing where it failed.
-    using ToolRunner = std::function<std::optional<std::string>(const SizeTool &)>;
-
     /// What is referred to must outlive it.
     DiskPlaces(const DiskTable &table, const Host &host, ToolRunner runTool, const StopFlag &stop);
 

@@ -238,11 +238,11 @@ std::vector<LocalSnapshot> SnapshotListing::ofZfs(std::string_view table, const 
 
 std::vector<LocalSnapshot> SnapshotListing::zfs() const
 {
-    std::set<std::string> pools; // mounted from "pool/dataset", where others are mounted from a device's path
+    std::set<std::string> pools;
     const MountMap mounts(m_files.mounts());
     for (const MountedFolder *mount : mountsOfDisk(mounts, m_files)) {
-        if (!mount->source.empty() && mount->source.front() != '/')
-            pools.insert(mount->source.substr(0, mount->source.find('/')));
+        if (!mount->pool.empty())
+            pools.insert(mount->pool);
     }
     for (const char *tool : {"/usr/sbin/zfs", "/sbin/zfs", "/usr/bin/zfs"}) {
         if (pools.empty() || !m_files.exists(tool))

@@ -89,6 +89,19 @@ TEST_F(LinuxDisk, TwoMountsOfOneFileSystemCountOnce)
     EXPECT_EQ(current(), (VolumeInfo{.name = "Debian", .total = 500, .available = 100}));
 }
 
+TEST_F(LinuxDisk, WhatIsFreeInAPoolIsThereOnce)
+{
+    FakeHost pooled;
+    pooled.files.setHome("/home/me");
+    pooled.files.addMount({"/", 1, "/", "rpool/ROOT/debian", "rpool"});
+    pooled.files.addMount({"/home", 2, "/", "rpool/home", "rpool"});
+    pooled.volumes.set("/", {.name = {}, .total = 500, .available = 100, .availableForImportantUse = {}});
+    pooled.volumes.set("/home/me", {.name = {}, .total = 3'100, .available = 100, .availableForImportantUse = {}});
+    const VolumeFacts facts = startupDiskFacts(pooled.host());
+    EXPECT_EQ(facts.total, 3'500);
+    EXPECT_EQ(facts.available, 100);
+}
+
 TEST_F(LinuxDisk, AHomeBehindALinkIsLookedForWhereItReallyLies)
 {
     fake.files.addFolder("/data/me");

@@ -30,9 +30,10 @@ protected:
     {
         DiskPlaces places(
             diskTableOf(SystemKind::linuxSystem), fake.host(),
-            [this](const SizeTool &tool) -> std::optional<std::string> {
-                asked.emplace_back(tool.path);
-                const auto answer = answers.find(std::string(tool.path));
+            [this](const std::string &tool, const std::vector<std::string> &arguments) -> std::optional<std::string> {
+                asked.push_back(tool);
+                const bool asksForPlace = std::ranges::find(arguments, "info") != arguments.end();
+                const auto answer = answers.find(tool + (asksForPlace ? " place" : ""));
                 return answer == answers.end() ? std::nullopt : std::optional(answer->second);
             },
             neverStopped);
@@ -53,7 +54,9 @@ protected:
     void add(const std::string &path, std::int64_t megabytes) { fake.files.addFile(path, megabytes * mb); }
 
     FakeHost fake;
-    std::map<std::string, std::string> answers; // by the tool's path
+    /// By the tool's path, or that and "place" for where it keeps things.
+    std::map<std::string, std::string> answers{{"/usr/bin/docker place", "/var/lib/docker\n"},
+                                               {"/usr/bin/podman place", "/var/lib/containers/storage\n"}};
     std::vector<std::string> asked;
     std::vector<BreakdownSegment> segments;
     std::int64_t denied = 0;
@@ -252,6 +255,77 @@ TEST_F(DiskPlacesTest, SwapFilesHaveARowAndAreNotCountedAgain)
     EXPECT_EQ(size("swap"), 4'000) << "the other one has been scanned";
 }
 
+TEST_F(DiskPlacesTest, ASwapFileThatIsNotThereIsThatOfAnotherSystem)
+{
+    add("/swap/closed", 300);
+    fake.files.failFacts("/swap/closed", std::errc::permission_denied);
+    fake.files.addFolder("/swapfile");
+    fake.volumes.addSwapFile({"/swap.img", 4'000 * mb});
+    fake.volumes.addSwapFile({"/swapfile", 4'000 * mb});
+    fake.volumes.addSwapFile({"/swap/closed", 300 * mb});
+    fake.volumes.addSwapFile({"/swap/old (deleted)", 20 * mb});
+    measure();
+    EXPECT_EQ(size("swap"), 320);
+}
+
+TEST_F(DiskPlacesTest, ASwapFileOnAnotherDiskIsNotCounted)
+{
+    fake.files.addMount({"/", 1, "/@"});
+    fake.files.addMount({"/mnt/fast", 2, "/"});
+    fake.files.addMount({"/swap", 1, "/@swap"});
+    add("/mnt/fast/swapfile", 300);
+    add("/swap/swapfile", 200);
+    fake.volumes.addSwapFile({"/mnt/fast/swapfile", 300 * mb});
+    fake.volumes.addSwapFile({"/swap/swapfile", 200 * mb});
+    measure();
+    EXPECT_EQ(size("swap"), 200);
+    EXPECT_EQ(size("/"), 0);
+}
+
+TEST_F(DiskPlacesTest, APlaceOnADiskOfItsOwnIsNoPartOfThisOne)
+{
+    fake.files.addMount({"/", 1, "/"});
+    fake.files.addMount({"/var", 2, "/"});
+    fake.files.addMount({"/usr/local", 3, "/"});
+    add("/var/lib/db", 100);
+    add("/var/log/syslog", 200);
+    add("/var/log/journal/x", 300);
+    fake.files.failOpening("/var/log/journal");
+    answers["/usr/bin/journalctl"] = "Archived and active journals take up 512.0M in the file system.\n";
+    add("/usr/local/bin/tool", 400);
+    add("/usr/bin/sh", 1);
+    measure();
+    for (const BreakdownSegment &segment : segments)
+        EXPECT_EQ(segment.size / mb, segment.id == "/usr" ? 1 : 0) << segment.id;
+    EXPECT_THAT(asked, IsEmpty());
+}
+
+TEST_F(DiskPlacesTest, AHomeFolderThatIsALinkToAnotherDiskIsCountedThere)
+{
+    fake.files.addMount({"/", 1, "/"});
+    fake.files.addMount({"/data", 2, "/"});
+    add("/data/home/me/film", 500);
+    add("/data/home/you/song", 20);
+    fake.files.addLink("/house", "/data/home");
+    fake.files.setHome("/house/me");
+    measure();
+    EXPECT_EQ(size("home"), 500);
+    EXPECT_EQ(size("/"), 20);
+    EXPECT_EQ(size("/home"), 0);
+}
+
+TEST_F(DiskPlacesTest, ALinuxDiskWhoseSnapshotsAreSeenIsNotCountedSeveralTimes)
+{
+    fake.files.addMount({"/", 1, "/@"});
+    fake.files.addMount({"/.snapshots", 1, "/@snapshots"});
+    add("/usr/lib/a", 100);
+    add("/.snapshots/1/snapshot/usr/lib/a", 100);
+    fake.files.setDevice("/.snapshots", 7);
+    measure();
+    EXPECT_EQ(size("/usr"), 100);
+    EXPECT_EQ(size("/"), 0);
+}
+
 TEST_F(DiskPlacesTest, DeletedFilesThatAreStillOpenAreToldByProgram)
 {
     fake.volumes.addDeletedFiles({"browser", 300 * mb});
@@ -278,6 +352,67 @@ TEST_F(DiskPlacesTest, WhatTheUserMayNotReadItsToolTells)
     EXPECT_EQ(segment("/var/log").children.front(), (NamedSize{"journal", 512 * 1'024 * 1'024}));
 }
 
+TEST_F(DiskPlacesTest, PodmanAndFlatpakAnswerForTheirFoldersToo)
+{
+    add("/var/lib/containers/storage/x", 8);
+    add("/var/lib/flatpak/app", 8);
+    fake.files.failOpening("/var/lib/containers");
+    fake.files.failOpening("/var/lib/flatpak");
+    answers["/usr/bin/podman"] = "1.5GB\n0B\n1.2kB\n";
+    answers["/usr/bin/flatpak"] = "1.2\u00a0GB\n450.5\u00a0MB\n12.3 kB\n";
+    measure();
+    EXPECT_EQ(size("/var/lib/containers"), 1'500);
+    EXPECT_EQ(size("/var/lib/flatpak"), 1'650);
+}
+
+TEST_F(DiskPlacesTest, AToolThatKeepsThingsElsewhereTellsNothingOfAFolder)
+{
+    add("/var/lib/docker/layer", 8);
+    fake.files.failOpening("/var/lib/docker");
+    answers["/usr/bin/docker"] = "12.5GB\n";
+    for (const char *place : {"/data/docker\n", "/var/lib/docker-data\n", "", "\n", "/var/lib\n", "error: denied\n"}) {
+        answers["/usr/bin/docker place"] = place;
+        measure();
+        EXPECT_EQ(size("/var/lib/docker"), 0) << place;
+    }
+    answers["/usr/bin/docker place"] = "/var/lib/docker/100000.100000\n"; // with users of their own
+    measure();
+    EXPECT_EQ(size("/var/lib/docker"), 12'500);
+    answers.erase("/usr/bin/docker place");
+    measure();
+    EXPECT_EQ(size("/var/lib/docker"), 0);
+}
+
+TEST_F(DiskPlacesTest, TheToolsAreAskedOfThisComputerAlone)
+{
+    for (const SizeTool &tool : diskTableOf(SystemKind::linuxSystem).tools) {
+        if (tool.path == "/usr/bin/docker" || tool.path == "/usr/bin/podman") {
+            for (const SizeTool::Arguments &arguments : {tool.arguments, tool.placeArguments})
+                EXPECT_TRUE(arguments[1].starts_with("unix:///")) << tool.path;
+        }
+    }
+}
+
+TEST_F(DiskPlacesTest, WhatToolsOfSeveralVersionsWriteIsRead)
+{
+    using Answer = SizeTool::Answer;
+    // The second is how a figure with four digits comes when it is rounded up.
+    EXPECT_EQ(DiskPlaces::sizeIn("1.087kB\n", Answer::sizes), 1'087);
+    EXPECT_EQ(DiskPlaces::sizeIn("1e+03MB\n", Answer::sizes), 1'000 * mb);
+    EXPECT_EQ(DiskPlaces::sizeIn("34.7 GB\n0 B\n", Answer::sizes), 34'700 * mb);
+    EXPECT_EQ(DiskPlaces::sizeIn("512 bytes\n", Answer::sizes), 512);
+    constexpr std::int64_t halfGibibyte = 512 * 1'024 * 1'024;
+    for (const char *sentence :
+         {"Journals take up 512.0M on disk.\n", "Archived and active journals take up 512.0M on disk.\n",
+          "Archived and active journals take up 512.0M in the file system.\n",
+          "Archived and active journals take up 512M in the file system."})
+        EXPECT_EQ(DiskPlaces::sizeIn(sentence, Answer::journalUsage), halfGibibyte) << sentence;
+    for (const char *absurd : {"1e30GB\n", "-1B\n", "1,2 GB\n", "N/A\n", "1GB\n\n2GB\n", "infGB\n", "0x10GB\n"})
+        EXPECT_EQ(DiskPlaces::sizeIn(absurd, Answer::sizes), std::nullopt) << absurd;
+    for (const char *absurd : {"take up -1.0G", "take up 1e30P", "take up ", "take up .", "take up"})
+        EXPECT_EQ(DiskPlaces::sizeIn(absurd, Answer::journalUsage), std::nullopt) << absurd;
+}
+
 TEST_F(DiskPlacesTest, AToolIsAskedOnlyForWhatCannotBeRead)
 {
     add("/var/lib/docker/layer", 8);
@@ -299,11 +434,11 @@ TEST_F(DiskPlacesTest, AScanOfEverythingStillAsksForWhatItCouldNotRead)
 TEST_F(DiskPlacesTest, ATornAnswerOfAToolCountsAsNone)
 {
     for (const char *output : {"", "garbage", "12.5", "-3GB", "nanGB", "99999999EB\n", "1GB\nx\n"})
-        EXPECT_EQ(DiskPlaces::sizeIn(output, SizeTool::Answer::dockerSizes), std::nullopt) << output;
+        EXPECT_EQ(DiskPlaces::sizeIn(output, SizeTool::Answer::sizes), std::nullopt) << output;
     for (const char *output : {"", "journals take up a lot", "take up 1.0Z"})
         EXPECT_EQ(DiskPlaces::sizeIn(output, SizeTool::Answer::journalUsage), std::nullopt) << output;
-    EXPECT_EQ(DiskPlaces::sizeIn("0B\n", SizeTool::Answer::dockerSizes), 0);
-    EXPECT_EQ(DiskPlaces::sizeIn("1.5kB\n2GB\n", SizeTool::Answer::dockerSizes), 2'000'001'500);
+    EXPECT_EQ(DiskPlaces::sizeIn("0B\n", SizeTool::Answer::sizes), 0);
+    EXPECT_EQ(DiskPlaces::sizeIn("1.5kB\n2GB\n", SizeTool::Answer::sizes), 2'000'001'500);
     EXPECT_EQ(DiskPlaces::sizeIn("... take up 8.0K in ...", SizeTool::Answer::journalUsage), 8'192);
 }
 
@@ -366,7 +501,11 @@ TEST_F(DiskPlacesTest, WhatTheFileSystemKeepsBackIsToldFromOnePercentOn)
     facts.reserved = 10 * mb - 1;
     fake.volumes.set("/", facts);
     EXPECT_EQ(DiskAccountant::compute({}, fake.host()).footnotes().size(), 1u);
+    facts.total = 1'000 * mb + 1;
+    fake.volumes.set("/", facts);
     facts.reserved = 10 * mb;
+    EXPECT_EQ(DiskAccountant::compute({}, fake.host()).footnotes().size(), 1u) << "not quite one percent";
+    facts.total = 1'000 * mb;
     fake.volumes.set("/", facts);
     EXPECT_EQ(DiskAccountant::compute({}, fake.host()).footnotes().front(),
               "The file system keeps 10 MB back for the administrator, which counts as neither used nor free.");

@@ -95,7 +95,7 @@ TEST_F(SnapshotListingTest, WhereNothingCanBeReadThereIsNone)
 {
     fake.files.addFile("/usr/bin/snapper", 1);
     fake.files.addFile("/usr/sbin/zfs", 1);
-    fake.files.addMount({"/", 1, "/", "rpool/ROOT/debian"});
+    fake.files.addMount({"/", 1, "/", "rpool/ROOT/debian", "rpool"});
     fake.files.addFolder("/.snapshots/12");
     fake.files.failOpening("/.snapshots");
     fake.files.addFolder("/timeshift/snapshots/2024-05-01_10-15-00");
@@ -155,8 +155,8 @@ TEST_F(SnapshotListingTest, ABackupOnAnotherVolumeOfTheDiskCounts)
 TEST_F(SnapshotListingTest, ZfsTellsThoseOfThePoolsThatTheDiskIsMadeOf)
 {
     fake.files.addFile("/usr/sbin/zfs", 1);
-    fake.files.addMount({"/", 1, "/", "rpool/ROOT/debian"});
-    fake.files.addMount({"/home", 2, "/", "tank/home"});
+    fake.files.addMount({"/", 1, "/", "rpool/ROOT/debian", "rpool"});
+    fake.files.addMount({"/home", 2, "/", "tank/home", "tank"});
     answers[zfsList] = "rpool/ROOT/debian@before update\t8192\t1714558500\n"
                        "tank/home@daily\t0\t1714558500\n"
                        "backup/home@daily\t1\t1714558500\n";

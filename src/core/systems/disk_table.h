@@ -24,12 +24,19 @@ struct DiskPlace {
 
 /// A tool that tells any user how much a folder holds, also one that the user may not read.
 struct SizeTool {
-    enum class Answer { dockerSizes, journalUsage };
+    enum class Answer : std::uint8_t {
+        sizes,        ///< one a line, in thousands
+        journalUsage, ///< in a sentence
+    };
+    using Arguments = std::array<std::string_view, 6>; ///< the last ones may be empty
 
     std::string_view folder;
     std::string_view path; ///< of the tool
-    std::array<std::string_view, 4> arguments;
+    Arguments arguments;
     Answer answer; ///< how its output is read
+    /// Makes the tool tell where it keeps things, which has to be that folder or to lie in it; empty where it can be no
+    /// other.
+    Arguments placeArguments = {};
 };
 
 /// Who makes snapshots of a disk and keeps a list of them.

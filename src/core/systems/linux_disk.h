@@ -157,8 +157,20 @@ inline constexpr DiskPlace deletedFiles{
     "clock.arrow.circlepath",
     rgb(204, 122, 82)};
 
+// Docker and Podman are asked for the services of this computer, whichever others the user has told them to talk to,
+// and Podman not for what the user keeps in the home folder.
 inline constexpr auto tools = std::to_array<SizeTool>({
-    {"/var/lib/docker", "/usr/bin/docker", {"system", "df", "--format", "{{.Size}}"}, SizeTool::Answer::dockerSizes},
+    {"/var/lib/docker",
+     "/usr/bin/docker",
+     {"--host", "unix:///var/run/docker.sock", "system", "df", "--format", "{{.Size}}"},
+     SizeTool::Answer::sizes,
+     {"--host", "unix:///var/run/docker.sock", "info", "--format", "{{.DockerRootDir}}"}},
+    {"/var/lib/containers",
+     "/usr/bin/podman",
+     {"--url", "unix:///run/podman/podman.sock", "system", "df", "--format", "{{.Size}}"},
+     SizeTool::Answer::sizes,
+     {"--url", "unix:///run/podman/podman.sock", "info", "--format", "{{.Store.GraphRoot}}"}},
+    {"/var/lib/flatpak", "/usr/bin/flatpak", {"list", "--system", "--columns=size"}, SizeTool::Answer::sizes},
     {"/var/log/journal", "/usr/bin/journalctl", {"--disk-usage"}, SizeTool::Answer::journalUsage},
 });
 

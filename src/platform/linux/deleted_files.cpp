@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <string_view>
 #include <utility>
 
 #include <dirent.h>
@@ -69,6 +70,17 @@ private:
     bool m_isBtrfs = false;
 };
 
+/// Whether the kernel marks what is open as deleted, which it tells without asking the file's disk. A path that is too
+/// long to be told may be marked.
+bool mayBeDeleted(int folder, const char *name)
+{
+    constexpr std::string_view mark = " (deleted)";
+    std::array<char, 4'097> target{};
+    const ssize_t length = ::readlinkat(folder, name, target.data(), target.size());
+    return length < 0 || length == static_cast<ssize_t>(target.size()) ||
+           std::string_view(target.data(), static_cast<std::size_t>(length)).ends_with(mark);
+}
+
 std::string programName(int process)
 {
     std::array<char, 64> name{};
@@ -99,8 +111,9 @@ std::vector<HeldFiles> openDeletedFiles(const std::string &home)
         forEachName(std::move(files), [&](const char *file) {
             struct statx facts {};
             // Of a file on a network disk what is known is enough; its server is not asked.
-            if (file[0] == '.' || ::statx(held, file, AT_STATX_DONT_SYNC | AT_NO_AUTOMOUNT,
-                                          STATX_TYPE | STATX_NLINK | STATX_INO | STATX_BLOCKS, &facts) != 0)
+            if (file[0] == '.' || !mayBeDeleted(held, file) ||
+                ::statx(held, file, AT_STATX_DONT_SYNC | AT_NO_AUTOMOUNT,
+                        STATX_TYPE | STATX_NLINK | STATX_INO | STATX_BLOCKS, &facts) != 0)
                 return;
             if (!S_ISREG(facts.stx_mode) || facts.stx_nlink != 0 || facts.stx_blocks == 0 ||
                 !disk.holds(held, file, facts) ||

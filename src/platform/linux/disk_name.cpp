@@ -77,7 +77,8 @@ std::optional<std::string> nameOfDisk(FileSystem &files)
 {
     if (std::optional<std::string> label = labelOfRoot())
         return label;
-    if (std::string system = OsRelease::load(files).value("NAME"); !system.empty())
+    constexpr std::size_t longestName = 256; // bytes, as long as any label is
+    if (std::string system = OsRelease::load(files).value("NAME"); !system.empty() && system.size() <= longestName)
         return system;
     return hostName();
 }

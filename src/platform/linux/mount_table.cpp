@@ -21,10 +21,9 @@ std::string unescapedOctal(const std::string &text)
     return path;
 }
 
-std::vector<MountedFolder> readMountTable()
+std::vector<MountedFolder> mountsIn(std::istream &mounts)
 {
     std::vector<MountedFolder> table;
-    std::ifstream mounts("/proc/self/mountinfo");
     for (std::string line; std::getline(mounts, line);) {
         std::istringstream fields(line);
         std::string number, parent, root, point;
@@ -39,10 +38,18 @@ std::vector<MountedFolder> readMountTable()
         while (fields >> option && option != "-")
             continue;
         fields >> type >> source;
+        source = unescapedOctal(source);
+        const std::string pool = type == "zfs" ? source.substr(0, source.find('/')) : std::string();
         table.push_back(
-            {unescapedOctal(point), std::uint64_t{major} << 32 | minor, unescapedOctal(root), unescapedOctal(source)});
+            {unescapedOctal(point), std::uint64_t{major} << 32 | minor, unescapedOctal(root), source, pool});
     }
     return table;
+}
+
+std::vector<MountedFolder> readMountTable()
+{
+    std::ifstream mounts("/proc/self/mountinfo");
+    return mountsIn(mounts);
 }
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <istream>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,9 @@ namespace corvane {
 /// Everything that is mounted, in the kernel's order: of two with one path the later lies on top of the other. Empty
 /// where the kernel does not tell.
 [[nodiscard]] std::vector<MountedFolder> readMountTable();
+
+/// The same of a text like that of "/proc/self/mountinfo".
+[[nodiscard]] std::vector<MountedFolder> mountsIn(std::istream &mounts);
 
 /// A path as the kernel's lists write it, where blanks and the like stand as "\040".
 [[nodiscard]] std::string unescapedOctal(const std::string &text);

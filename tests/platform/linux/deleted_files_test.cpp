@@ -1,12 +1,14 @@
 #include "platform/linux/deleted_files.h"
 
-#include <numeric>
+#include <cstdlib>
+#include <functional>
 
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "platform/file_descriptor.h"
@@ -39,6 +41,84 @@ TEST(DeletedFiles, OnesThatAreStillOpenAreCountedOnceForTheirProgram)
     ASSERT_EQ(::fstat(first.number(), &facts), 0);
     ASSERT_EQ(::unlink(path.c_str()), 0);
     EXPECT_EQ(heldBy(program, folder.path()) - before, std::int64_t{facts.st_blocks} * 512);
+}
+
+/// Runs in a child and tells how it ended.
+int statusOfChild(const std::function<int()> &run)
+{
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(run());
+    int status = -1;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(DeletedFiles, OneThatTwoProgramsHoldCountsOnce)
+{
+    const TemporaryFolder folder;
+    const std::string program = "linux_platform_";
+    const std::int64_t before = heldBy(program, folder.path());
+    const std::string path = folder.writeFile("held", 3'000'000);
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY));
+    ASSERT_EQ(::unlink(path.c_str()), 0);
+    const std::int64_t alone = heldBy(program, folder.path());
+    EXPECT_GE(alone - before, 3'000'000);
+    // The child has it open, too, and is called as its parent is.
+    EXPECT_EQ(statusOfChild([&] { return heldBy(program, folder.path()) == alone ? 0 : 1; }), 0);
+}
+
+TEST(DeletedFiles, OneOnAnotherFileSystemIsLeftOut)
+{
+    struct stat shared {};
+    struct stat root {};
+    if (::stat("/dev/shm", &shared) != 0 || ::stat("/", &root) != 0 || shared.st_dev == root.st_dev)
+        GTEST_SKIP() << "there is no other file system to write to";
+    const TemporaryFolder folder;
+    const std::string program = "linux_platform_";
+    const std::int64_t before = heldBy(program, folder.path());
+    std::string path = "/dev/shm/corvane-test-XXXXXX";
+    const FileDescriptor file(::mkstemp(path.data()));
+    ASSERT_TRUE(file.isOpen());
+    ASSERT_EQ(::unlink(path.c_str()), 0);
+    const std::string bytes(1'000'000, 'x');
+    ASSERT_EQ(::write(file.number(), bytes.data(), bytes.size()), 1'000'000);
+    EXPECT_EQ(heldBy(program, folder.path()), before);
+    EXPECT_GE(heldBy(program, "/dev/shm"), before + 1'000'000) << "there it is the home folder's";
+}
+
+TEST(DeletedFiles, AnOrdinaryUserSeesThoseOfNobodyElse)
+{
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only the administrator has programs that another user may not look into";
+    const TemporaryFolder folder;
+    const std::string program = "linux_platform_";
+    const std::string path = folder.writeFile("held", 3'000'000);
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    ASSERT_EQ(::unlink(path.c_str()), 0);
+    const std::int64_t seen = heldBy(program, "/");
+    ASSERT_GE(seen, 3'000'000);
+    EXPECT_EQ(statusOfChild([&] {
+                  constexpr uid_t nobody = 65'534;
+                  ::close(file.number()); // its own copy
+                  if (::setuid(nobody) != 0)
+                      return 2;
+                  return heldBy(program, "/") == 0 ? 0 : 1;
+              }),
+              0);
+}
+
+TEST(DeletedFiles, OneThatHasAnotherNameIsNotDeleted)
+{
+    const TemporaryFolder folder;
+    const std::string program = "linux_platform_";
+    const std::int64_t before = heldBy(program, folder.path());
+    const std::string path = folder.writeFile("held (deleted)", 3'000'000);
+    folder.hardLink("other", "held (deleted)");
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    EXPECT_EQ(heldBy(program, folder.path()), before);
+    ASSERT_EQ(::unlink(path.c_str()), 0);
+    EXPECT_EQ(heldBy(program, folder.path()), before);
 }
 
 TEST(DeletedFiles, MemoryIsNoDisk)

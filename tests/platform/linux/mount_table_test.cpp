@@ -4,10 +4,28 @@
 #include <gtest/gtest.h>
 
 #include "platform/host.h"
+#include "platform/linux/mount_table.h"
 #include "platform/linux/probe_home.h"
 
 namespace corvane {
 namespace {
+
+TEST(LinuxMountTable, IsReadWithPathsAsTheKernelWritesThem)
+{
+    std::istringstream text("22 1 254:0 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+                            "23 22 0:40 /@home /home rw shared:2 master:3 - btrfs /dev/sdb rw\n"
+                            "24 22 0:41 / /home/a\\040b\\011c\\012d\\134e ro - fuse.sshfs me@host:/x\\040y ro\n"
+                            "25 22 0:42 / /srv rw - zfs rpool/ROOT/debian rw\n"
+                            "26 22 0:43 / /net rw - autofs\n"
+                            "torn\n\n27 22 x:y / /no rw - ext4 a rw\n");
+    const std::vector<MountedFolder> mounts = mountsIn(text);
+    ASSERT_EQ(mounts.size(), 5u);
+    EXPECT_EQ(mounts[0], (MountedFolder{"/", std::uint64_t{254} << 32, "/", "/dev/sda1"}));
+    EXPECT_EQ(mounts[1], (MountedFolder{"/home", 40, "/@home", "/dev/sdb"}));
+    EXPECT_EQ(mounts[2], (MountedFolder{"/home/a b\tc\nd\\e", 41, "/", "me@host:/x y"}));
+    EXPECT_EQ(mounts[3], (MountedFolder{"/srv", 42, "/", "rpool/ROOT/debian", "rpool"}));
+    EXPECT_EQ(mounts[4], (MountedFolder{"/net", 43, "/"}));
+}
 
 TEST(LinuxMountTable, TellsWhatIsSeenWhereAndOfWhichFileSystem)
 {

@@ -117,6 +117,10 @@ int run(std::string_view question, const std::string &subject)
         std::cout << (host.files.systemKind() == SystemKind::mac ? "mac" : "linux") << '\n';
         return 0;
     }
+    if (question == "disk-name") {
+        std::cout << host.files.diskName().value_or("absent") << '\n';
+        return 0;
+    }
     if (question == "running") {
         std::cout << host.applications.running({}, subject).size() << '\n';
         return 0;
