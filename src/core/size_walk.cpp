@@ -65,6 +65,8 @@ SizeWalk::Contents SizeWalk::contentsOf(OpenFolder &folder, const std::string &p
     const bool asTheDisk = m_counting == Counting::asTheDisk;
     const bool isWatched = !path.empty() && m_excluded.anyBeneath(path);
     Contents contents;
+    if (!m_devices.empty() && !m_devices.contains(folder.identity().device))
+        return contents;
     const auto add = [&contents](std::int64_t bytes) {
         static_cast<void>(addForeign(contents.size, bytes)); // a size that no file can have counts as none
     };

@@ -44,6 +44,9 @@ public:
     {
     }
 
+    /// Leaves out what lies on other devices from now on.
+    void keepTo(std::set<std::uint64_t> devices) { m_devices = std::move(devices); }
+
     /// What is beneath an open folder whose absolute path is given. Once stopped, what has been counted so far.
     [[nodiscard]] std::int64_t walk(std::unique_ptr<OpenFolder> top, std::string path);
 
@@ -72,6 +75,7 @@ private:
     const Counting m_counting;
     const ExcludedItems &m_excluded;
     const StopFlag &m_stop;
+    std::set<std::uint64_t> m_devices; // empty for all
     std::int64_t m_size = 0;
     std::int64_t m_unreadable = 0;
     FolderChain m_folders;

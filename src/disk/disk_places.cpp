@@ -1,7 +1,9 @@
 #include "disk/disk_places.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -63,6 +65,7 @@ public:
         }
         if (m_root)
             m_excluded.add(*m_root);
+        keepToTheDisk();
         if (places.m_table.swap != nullptr) {
             m_swapFiles = places.m_host.volumes.swapFiles();
             std::erase_if(m_swapFiles, [this](const SwapFile &file) { return !isThere(file); });
@@ -86,6 +89,19 @@ public:
     [[nodiscard]] std::int64_t denied() const { return m_denied + m_walk.unreadable(); }
 
 private:
+    /// Where the system does not tell what is mounted, the devices of "/" and of the home folder have to do.
+    void keepToTheDisk()
+    {
+        if (!m_files.mounts().empty())
+            return;
+        std::set<std::uint64_t> devices;
+        for (const std::string &path : {std::string("/"), m_realHome}) {
+            if (const auto facts = m_files.facts(path); facts && facts->identity.isKnown())
+                devices.insert(facts->identity.device);
+        }
+        m_walk.keepTo(std::move(devices));
+    }
+
     [[nodiscard]] std::string pathOf(std::string_view folder) const
     {
         return folder == "~" ? m_realHome : std::string(folder);

@@ -51,6 +51,7 @@ protected:
         json breakdown;
         std::string table;
         json scan;
+        json breakdownOfUser; ///< of an ordinary user whose home it is; only where the tests run as root
     };
 
     /// Runs `fill` on the new disk, and the programs in its root. Nothing where no such disk can be made here.
@@ -76,12 +77,16 @@ df -B1 --output=used,avail / | tail -n 1 > /run/answer/df
 du -x -s --block-size=1 / > /run/answer/du || true
 /run/tools/corvane-cli breakdown --json > /run/answer/breakdown
 /run/tools/corvane-cli breakdown > /run/answer/table
-/run/tools/corvane-cli scan / --json > /run/answer/scan || true'
+/run/tools/corvane-cli scan / --json > /run/answer/scan || true
+if [ -n "$user" ]; then
+    setpriv --reuid=$user --regid=$user --clear-groups /run/tools/corvane-cli breakdown --json > /run/answer/user
+fi'
 )sh";
         const ProgramResult result = inNamespace({"bash", "-c", make, "bash"})
                                          .with("folder", folder.path())
                                          .with("tools", std::filesystem::path(Program::path()).parent_path())
                                          .with("binds", binds)
+                                         .with("user", geteuid() == 0 ? std::to_string(nobody) : "")
                                          // Leak checking traces the process, which a sandbox forbids.
                                          .with("ASAN_OPTIONS", "detect_leaks=0")
                                          .run();
@@ -94,6 +99,8 @@ du -x -s --block-size=1 / > /run/answer/du || true
         answers.breakdown = json::parse(answer("breakdown"), nullptr, false);
         std::getline(answer("table"), answers.table, '\0');
         answers.scan = json::parse(answer("scan"), nullptr, false);
+        if (geteuid() == 0)
+            answers.breakdownOfUser = json::parse(answer("user"), nullptr, false);
         return answers;
     }
 
@@ -203,7 +210,59 @@ TEST_P(DiskAgreement, WhatIsMountedASecondTimeCountsOnceAndAnotherDiskNotAtAll)
     EXPECT_EQ(answers->breakdown["free"], answers->available);
 }
 
+/// How much of what is used the breakdown explains, in percent.
+double explainedBy(const json &breakdown)
+{
+    const auto used = breakdown["total"].get<double>() - breakdown["free"].get<double>();
+    return used > 0 ? 100 * (used - breakdown["hidden"].get<double>()) / used : 0;
+}
+
 INSTANTIATE_TEST_SUITE_P(OfDisks, DiskAgreement, testing::ValuesIn(diskKinds),
+                         [](const auto &kind) { return std::string(kind.param.name); });
+
+/// Disks with room for a desktop, of which hardly anything is written.
+class DesktopAgreement : public DiskAgreement {};
+
+// The shares are those of a desktop of Debian that has been used for a while, at a tenth of its size; the folders
+// are closed that are closed there.
+TEST_P(DesktopAgreement, TheAdministratorSeesNearlyAllAndAnOrdinaryUserMostOfADesktop)
+{
+    ASK_OR_SKIP(answers, R"sh(
+file() { mkdir -p "$(dirname "$1")"; fallocate -l "$2" "$1"; }
+mkdir -p var/lib/private var/log/private var/lib/docker home/other boot
+file opt/browser/program 600000000
+file var/lib/flatpak/repo/objects/0a 700000000
+file var/cache/apt/archives/a.deb 550000000
+file var/log/journal/machine/system.journal 150000000
+file var/lib/dpkg/info/all 200000000
+file boot/initrd.img 250000000
+file home/me/Documents/letters 1200000000
+file home/me/.cache/thumbnails 600000000
+file home/other/Pictures/photos 80000000
+file root/.bash_history 10000000
+file var/lib/private/state 30000000
+file var/log/private/log 10000000
+file var/lib/docker/overlay2/layer 100000000
+file etc/ssl/private/key 4000
+chmod 700 root home/other home/me var/lib/private var/log/private etc/ssl/private
+chmod 710 var/lib/docker
+[ "$(id -u)" != 0 ] || chown -R "${user:-0}" home/me
+)sh");
+    ASSERT_TRUE(answers->breakdown.is_object());
+    EXPECT_GE(explainedBy(answers->breakdown), 95) << answers->table;
+    const json &user = answers->breakdownOfUser;
+    ASSERT_TRUE(user.is_object());
+    EXPECT_GE(explainedBy(user), 85);
+    EXPECT_LT(explainedBy(user), explainedBy(answers->breakdown)) << "some folders are closed";
+    EXPECT_EQ(user["total"], answers->breakdown["total"]);
+}
+
+constexpr std::array<DiskKind, 2> desktopDisks{{
+    {"ext4", "truncate -s 8G image && mkfs.ext4 -q image && mount -o loop image \"$disk\"", true, true},
+    {"btrfs", "truncate -s 8G image && mkfs.btrfs -q image > /dev/null && mount -o loop image \"$disk\"", true, false},
+}};
+
+INSTANTIATE_TEST_SUITE_P(OfDisks, DesktopAgreement, testing::ValuesIn(desktopDisks),
                          [](const auto &kind) { return std::string(kind.param.name); });
 
 /// btrfs, whose volumes lie in one file system.

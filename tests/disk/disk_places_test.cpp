@@ -300,6 +300,24 @@ TEST_F(DiskPlacesTest, APlaceOnADiskOfItsOwnIsNoPartOfThisOne)
     EXPECT_THAT(asked, IsEmpty());
 }
 
+TEST_F(DiskPlacesTest, WhereNothingIsKnownOfMountsOtherDevicesAreLeftOut)
+{
+    add("/usr/bin/sh", 100);
+    add("/var/lib/db", 20);
+    add("/home/me/film", 500);
+    fake.files.addFolder("/usr/share");
+    fake.files.setDevice("/usr/share", 9);
+    add("/usr/share/manual", 4'000);
+    fake.files.addFolder("/opt");
+    fake.files.setDevice("/opt", 9);
+    add("/opt/app", 2'000);
+    measure();
+    EXPECT_EQ(size("/usr"), 100);
+    EXPECT_EQ(size("/var"), 20);
+    EXPECT_EQ(size("/opt"), 0);
+    EXPECT_EQ(size("home"), 500);
+}
+
 TEST_F(DiskPlacesTest, AHomeFolderThatIsALinkToAnotherDiskIsCountedThere)
 {
     fake.files.addMount({"/", 1, "/"});
