@@ -9,7 +9,9 @@
 #include "core/concurrent_perform.h"
 #include "core/foreign_sum.h"
 #include "core/item_kind.h"
+#include "core/scan_words.h"
 #include "core/scanner.h"
+#include "core/words/system_words.h"
 #include "platform/path.h"
 #include "platform/walk_conditions.h"
 
@@ -114,6 +116,8 @@ public:
         for (const CleanupPlaces::Place &place : row.places)
             isListed |= add(place);
         item.accessible &= isListed;
+        if (!item.accessible)
+            item.owner = ownerText(wordsOf(m_files.systemKind()).belongsTo, item.path, m_files);
         std::ranges::stable_sort(m_entries, std::ranges::greater(), &CleanupEntry::size);
         item.entries = std::move(m_entries);
         return item;

@@ -33,8 +33,9 @@ struct CleanupItem {
     const CleanupDefinition *def = nullptr; ///< of static storage
     std::vector<CleanupEntry> entries;      ///< largest first
     bool accessible = true;                 ///< false when the folder is there but cannot be listed
-    bool exists = true;    ///< false when there is no such folder, its place is refused or counts in another row
-    std::string path = {}; ///< of the folder, the first of several (bytes); empty where its place is refused
+    bool exists = true;     ///< false when there is no such folder, its place is refused or counts in another row
+    std::string path = {};  ///< of the folder, the first of several (bytes); empty where its place is refused
+    std::string owner = {}; ///< `SystemWords::belongsTo` of one that is not accessible, where it tells something
 
     /// The sum of the entries.
     [[nodiscard]] std::int64_t total() const;

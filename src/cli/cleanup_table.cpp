@@ -44,7 +44,7 @@ bool isShown(const CleanupItem &item, const CleanupTable &table)
 std::string contents(const CleanupItem &item, std::string_view home, const Console &console)
 {
     if (!item.accessible)
-        return "cannot be read";
+        return item.owner.empty() ? "cannot be read" : displayUtf8(item.owner);
     const std::string count = formatCount(static_cast<std::int64_t>(item.entries.size()), "item", "items") + " in ";
     const std::size_t columns = console.outColumns();
     const std::size_t taken = columnsBeforeContents + displayWidth(count);

@@ -139,10 +139,11 @@ Commands::Commands()
     app.footer("\"corvane-cli help COMMAND\" tells more of each command; \"corvane-cli PATH\" scans that folder.\n\n"
                "Exit status: 0 done, 1 done with failures, 2 the command line is wrong or a path does not exist.");
 
-    scan = add("scan", "Show where the space of a folder went.", "corvane-cli scan --json ~/Movies > movies.json");
+    scan = add("scan", "Show where the space of a folder went.", "corvane-cli scan --json ~/Pictures > pictures.json");
     scanPath = addPath(*scan, "The folder; your home folder where none is given");
 
-    map = add("map", "Lay a folder out as a treemap.", "corvane-cli map ~/Movies --size 1600x1000 --svg movies.svg");
+    map =
+        add("map", "Lay a folder out as a treemap.", "corvane-cli map ~/Pictures --size 1600x1000 --svg pictures.svg");
     mapPath = addPath(*map, "The folder")->required();
     size = map->add_option("--size")->description("The map's size in points, by default 900x600")->type_name("WxH");
     svg = map->add_option("--svg")
@@ -180,7 +181,7 @@ Commands::Commands()
         option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
 
     isProtected = add("protected", "Tell which paths would never be removed; they need not exist.",
-                      "corvane-cli protected ~/Library /opt/tool");
+                      "corvane-cli protected ~/Documents /opt/tool");
     protectedPaths = addPaths(*isProtected, "The paths to judge");
 
     remove = add("remove", "Move items to the Trash, after asking.", "corvane-cli remove ~/Downloads/old.iso ~/build");

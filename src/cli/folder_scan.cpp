@@ -8,6 +8,7 @@
 #include "cli/scan_watch.h"
 #include "core/scan_words.h"
 #include "core/scanner.h"
+#include "core/words/system_words.h"
 
 namespace corvane {
 
@@ -33,6 +34,8 @@ Judged<FolderScan> FolderScan::run(const std::string &path, Extent extent, const
     if (scan.root->unreadable) {
         const Expected<std::unique_ptr<OpenFolder>> folder = files.openFolder(path);
         scan.unreadableReason = folder ? "the listing failed" : folder.error().description();
+        if (!folder && folder.error().code == std::errc::permission_denied)
+            scan.unreadableReason += ownerText(wordsOf(files.systemKind()).deniedTo, path, files);
     }
     return scan;
 }

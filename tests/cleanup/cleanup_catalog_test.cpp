@@ -223,6 +223,27 @@ TEST_F(CleanupCatalogTest, AListingThatFailsHalfwayIsNotAccessible)
     EXPECT_TRUE(item.entries.empty());
 }
 
+TEST(CleanupOwner, IsToldOfAFolderThatCannotBeListedAndIsSomebodyElses)
+{
+    constexpr const char *caches = "/home/u/.gradle/caches";
+    const auto ownerOf = [&](const std::string &owner, SystemKind kind) {
+        FakeHost fake;
+        fake.files.setHome("/home/u");
+        fake.files.setSystemKind(kind);
+        fake.files.addFolder(caches);
+        fake.files.failOpening(caches);
+        fake.files.setOwner("/home/u", "u");
+        fake.files.setOwner(caches, owner);
+        const auto row = std::ranges::find(CleanupCatalog::definitions, "gradlecaches", &CleanupDefinition::id);
+        const CleanupItem item = CleanupCatalog::measure(*row, fake.files);
+        EXPECT_FALSE(item.accessible);
+        return item.owner;
+    };
+    EXPECT_EQ(ownerOf("root", SystemKind::linuxSystem), "Belongs to root");
+    EXPECT_EQ(ownerOf("u", SystemKind::linuxSystem), "");
+    EXPECT_EQ(ownerOf("root", SystemKind::mac), "");
+}
+
 TEST(CleanupNames, AreThoseOfTheCases)
 {
     EXPECT_EQ(rawValue(CleanupRisk::safe), "safe");

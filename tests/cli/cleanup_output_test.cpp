@@ -1,7 +1,7 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 #include "cli/cleanup_json.h"
@@ -101,6 +101,14 @@ TEST(CleanupTable, ShowsGroupsInTheirOrderAndLeavesOutEmptyFolders)
               "      3 MB  review  Downloads                     2 items in ~/Downloads\n"
               "\n"
               "\"corvane-cli cleanup --json\" names what lies in each; \"corvane-cli remove PATH\" removes it\n");
+}
+
+TEST(CleanupTable, AFolderThatCannotBeReadSaysWhoseItIs)
+{
+    CleanupItem unreadable = closed("npm");
+    unreadable.owner = "Belongs to root";
+    EXPECT_THAT(table({unreadable}, SystemKind::linuxSystem),
+                testing::HasSubstr("         ?  safe    npm Cache                     Belongs to root\n"));
 }
 
 TEST(CleanupTable, OnALinuxSystemWhatDoesNotExistIsFoldedAndTheCommandsFollow)

@@ -1,12 +1,14 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <filesystem>
 #include <string>
 #include <thread>
 
 #include <fcntl.h>
 
 #include "cli/cli_test.h"
+#include "platform/system_kind.h"
 
 namespace corvane {
 
@@ -332,6 +334,23 @@ TEST_F(ScanCommandTest, ACurrentFolderThatIsGoneIsNamed)
 
     EXPECT_EQ(result.exitStatus, 2);
     EXPECT_EQ(result.errors, "corvane-cli: the current folder does not exist any more; give an absolute path\n");
+}
+
+TEST_F(ScanCommandTest, AFolderThatCannotBeReadSaysWhoseItIs)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can make a folder of root's";
+    if (std::filesystem::exists(macSystemFile))
+        GTEST_SKIP() << "no owner is told on a Mac";
+    m_folder.makeUnreadable("closed");
+    openToOrdinaryUser();
+    ASSERT_EQ(::chown((m_folder / "closed").c_str(), 0, 0), 0);
+
+    const ProgramResult result = program({"scan", "closed"}).asOrdinaryUser().run();
+
+    EXPECT_EQ(result.exitStatus, 1);
+    EXPECT_EQ(result.errors,
+              "corvane-cli: cannot read " + m_folder / "closed" + ": Permission denied; it belongs to root\n");
 }
 
 TEST_F(ScanCommandTest, AnUnreadableFolderGivesAnEmptyResultAndIsNamed)

@@ -1,31 +1,36 @@
 #include "core/words/system_words.h"
 
-#include <regex>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "core/systems/apps_table.h"
+#include "core/systems/cleanup_table.h"
 #include "core/systems/disk_table.h"
+#include "support/mac_words.h"
 
 namespace corvane {
 namespace {
 
 std::vector<std::string_view> sentencesOf(const SystemWords &words)
 {
-    return {words.invitation,        words.reveal,
-            words.revealFolder,      words.diskSubtitle,
-            words.nudgeTitle,        words.nudgeText,
-            words.needsAccess,       words.blockedFolder,
-            words.orphansText,       words.uninstallAdvice,
-            words.bannerTitle,       words.bannerText,
-            words.snapshotsTitle,    words.snapshotsText,
-            words.snapshotsNote,     words.listSnapshots,
-            words.thinSnapshots,     words.welcomeLine,
-            words.accessTitle,       words.accessMissing,
-            words.accessGranted,     words.includeSystemInfo,
-            words.crashReportContent};
+    return {words.invitation,         words.reveal,
+            words.revealFolder,       words.diskSubtitle,
+            words.nudgeTitle,         words.nudgeText,
+            words.needsAccess,        words.blockedFolder,
+            words.orphansText,        words.uninstallAdvice,
+            words.bannerTitle,        words.bannerText,
+            words.snapshotsTitle,     words.snapshotsText,
+            words.snapshotsNote,      words.listSnapshots,
+            words.thinSnapshots,      words.welcomeLine,
+            words.accessTitle,        words.accessMissing,
+            words.accessGranted,      words.includeSystemInfo,
+            words.crashReportContent, words.belongsTo,
+            words.deniedTo,           words.accessSteps[0],
+            words.accessSteps[1],     words.accessSteps[2],
+            words.dragHelp,           words.settingsFailure};
 }
 
 std::vector<std::string_view> sentencesOf(const DiskTable &table)
@@ -37,6 +42,8 @@ std::vector<std::string_view> sentencesOf(const DiskTable &table)
                                             table.unmeasuredDetailWithDenied,
                                             table.grantTitle,
                                             table.overcountNote,
+                                            table.snapshotNoun,
+                                            table.snapshotsNoun,
                                             table.noLayoutNote,
                                             table.sizesNote,
                                             table.reservedNote};
@@ -53,15 +60,41 @@ std::vector<std::string_view> sentencesOf(const DiskTable &table)
     return sentences;
 }
 
+std::vector<std::string_view> sentencesOf(const AppsTable &table)
+{
+    return {table.dataTitle, table.invitation, table.noApps};
+}
+
+std::vector<std::string_view> sentencesOf(const CleanupTable &table)
+{
+    std::vector<std::string_view> sentences;
+    for (const CleanupDefinition &row : table.rows)
+        sentences.insert(sentences.end(), {row.title, row.detail});
+    for (const CommandDefinition &command : table.commands)
+        sentences.insert(sentences.end(), {command.title, command.detail, command.command, command.deniedCommand});
+    return sentences;
+}
+
 TEST(SystemWords, ALinuxSystemIsDescribedWithoutAWordOfAMac)
 {
     std::vector<std::string_view> sentences = sentencesOf(wordsOf(SystemKind::linuxSystem));
-    const std::vector<std::string_view> disk = sentencesOf(diskTableOf(SystemKind::linuxSystem));
-    sentences.insert(sentences.end(), disk.begin(), disk.end());
-    const std::regex wordsOfAMac(
-        R"(\b(Finder|macOS|Mac|Full Disk Access|APFS|Homebrew|Time Machine|Xcode|Spotlight|iCloud)\b)");
+    const auto add = [&](const std::vector<std::string_view> &more) {
+        sentences.insert(sentences.end(), more.begin(), more.end());
+    };
+    add(sentencesOf(diskTableOf(SystemKind::linuxSystem)));
+    add(sentencesOf(appsTableOf(SystemKind::linuxSystem)));
+    add(sentencesOf(cleanupTableOf(SystemKind::linuxSystem)));
     for (const std::string_view sentence : sentences)
-        EXPECT_FALSE(std::regex_search(std::string(sentence), wordsOfAMac)) << sentence;
+        EXPECT_EQ(macWordIn(std::string(sentence)), "") << sentence;
+}
+
+TEST(SystemWords, AWordOfAMacIsFoundWholeAndInItsOwnCase)
+{
+    for (const char *text : {"Reveal in Finder", "your Mac's disk", "the Macs", "asked by macOS.", "Full Disk Access",
+                             "local Time Machine snapshots", "(APFS)", "Homebrew", "Xcode Archives", "⌘R"})
+        EXPECT_NE(macWordIn(text), "") << text;
+    for (const char *text : {"Virtual Machines", "a Machine", "Duplicate finder", "mac", "MACHINE", "full disk access"})
+        EXPECT_EQ(macWordIn(text), "") << text;
 }
 
 TEST(SystemWords, EveryPlaceHasARowOfItsOwn)

@@ -3,6 +3,7 @@
 #include <QSslConfiguration>
 
 #include "journeys/journey.h"
+#include "journeys/shown_texts.h"
 #include "shell/updates/update_server.h"
 
 namespace corvane {
@@ -45,8 +46,10 @@ TEST_F(UpdatesJourney, NewVersionIsFetchedAndShownInTheFileManager)
     open();
     check();
     waitForText(QStringLiteral("Corvane 1.2.0 is available"));
+    EXPECT_THAT(macWordsIn(window()), IsEmpty());
     press(Qt::Key_Return);
     waitForText(QStringLiteral("Corvane 1.2.0 has been downloaded"));
+    EXPECT_THAT(macWordsIn(window()), IsEmpty());
     EXPECT_TRUE(std::filesystem::is_regular_file(downloads() + "/Corvane-1.2.0.deb"));
     EXPECT_THAT(Sandbox::instance().opened(), IsEmpty()) << "nothing is opened unasked";
     click(QStringLiteral("update.reveal"));

@@ -371,6 +371,19 @@ void FakeFileSystem::setOwnPlace(const std::string &macPlace, OwnPlace place)
     m_ownPlaces[macPlace] = std::move(place);
 }
 
+void FakeFileSystem::setOwner(const std::string &path, std::string owner)
+{
+    const std::lock_guard lock(m_mutex);
+    m_owners[path] = std::move(owner);
+}
+
+std::optional<std::string> FakeFileSystem::ownerOf(const std::string &path)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto owner = m_owners.find(path);
+    return owner == m_owners.end() ? std::nullopt : std::optional(owner->second);
+}
+
 SystemKind FakeFileSystem::systemKind()
 {
     const std::lock_guard lock(m_mutex);

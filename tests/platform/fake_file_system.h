@@ -65,6 +65,8 @@ public:
     /// A Linux system of which no mounts are known unless the test says otherwise.
     void setSystemKind(SystemKind kind);
     void addMount(MountedFolder mount);
+    /// Whose an item is that no test said anything of, the system does not tell.
+    void setOwner(const std::string &path, std::string owner);
     void setDiskName(std::string name);
     void setUserFolders(std::vector<std::string> folders);
     void setOwnPlace(const std::string &macPlace, OwnPlace place);
@@ -93,6 +95,7 @@ public:
 
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &path) override;
     [[nodiscard]] Expected<ItemFacts> facts(const std::string &path) override;
+    [[nodiscard]] std::optional<std::string> ownerOf(const std::string &path) override;
     [[nodiscard]] bool exists(const std::string &path) override;
     [[nodiscard]] bool canOpen(const std::string &path) override;
     [[nodiscard]] Expected<std::unique_ptr<FileReader>> openFile(const std::string &path) override;
@@ -142,6 +145,7 @@ private:
     std::optional<std::string> m_diskName;
     std::vector<std::string> m_userFolders;
     std::map<std::string, OwnPlace, std::less<>> m_ownPlaces;
+    std::map<std::string, std::string> m_owners;
 };
 
 } // namespace corvane

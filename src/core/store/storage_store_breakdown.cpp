@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "core/store/storage_store.h"
+#include "core/words/system_words.h"
 #include "disk/disk_accountant.h"
 
 namespace corvane {
@@ -61,7 +62,7 @@ void StorageStore::perform(const BreakdownAction &action)
         break;
     case BreakdownAction::Kind::fullDiskAccess:
         if (!PathGuard::openFullDiskAccessSettings(m_host.desktop))
-            showToast("Can't open the settings for Full Disk Access", true);
+            showToast(std::string(words().settingsFailure), true);
         break;
     }
 }

@@ -15,6 +15,8 @@ const SystemWords &wordsOf(SystemKind kind)
             "explore and clean.",
         .needsAccess = "Needs Full Disk Access",
         .blockedFolder = "macOS blocked access. Granting Full Disk Access usually fixes this.",
+        .belongsTo = {},
+        .deniedTo = {},
         .orphansText =
             "Library folders named after apps that are no longer on this Mac, from companies with no other "
             "installed apps, untouched for 30+ days. Nothing is pre-selected. Review, then use the bar below "
@@ -34,6 +36,11 @@ const SystemWords &wordsOf(SystemKind kind)
         .accessMissing = "Lets Corvane measure Mail, Safari, the Trash and app data, without asking folder by folder.",
         .accessGranted = "All set! Corvane can see your whole home folder.",
         .accessIsInSettings = true,
+        .accessSteps = {"Click **Open System Settings** below.",
+                        "Click **+** and choose **Corvane**, or drag the icon on the right into the list.",
+                        "Switch Corvane **on**. If macOS asks, choose **Quit & Reopen**."},
+        .dragHelp = "Drag me into the Full Disk Access list",
+        .settingsFailure = "Can't open the settings for Full Disk Access",
         .bannerTitle = "Give Corvane Full Disk Access for complete results",
         .bannerText =
             "Without it, macOS hides Mail, Safari, Trash and some app data — and may ask for permission folder "
@@ -50,6 +57,8 @@ const SystemWords &wordsOf(SystemKind kind)
         .nudgeText = "A scan fills the Space Map and finds large and old files, duplicates and build folders.",
         .needsAccess = "Can't be read",
         .blockedFolder = "It belongs to {}, and you may not read it.",
+        .belongsTo = "Belongs to {}",
+        .deniedTo = "; it belongs to {}",
         .orphansText =
             "Data of Flatpaks and Snaps that are no longer on this computer, and folders named after apps that are "
             "gone, from makers with no other installed apps, untouched for 30+ days. Nothing is pre-selected. "
@@ -67,6 +76,9 @@ const SystemWords &wordsOf(SystemKind kind)
         .accessMissing = "Corvane can't open your home folder. Check who may read it.",
         .accessGranted = "All set! Corvane can see your whole home folder.",
         .accessIsInSettings = false,
+        .accessSteps = {},
+        .dragHelp = {},
+        .settingsFailure = "Can't open the system's settings",
         .bannerTitle = "Let Corvane read your home folder for complete results",
         .bannerText = "Your home folder can't be opened, so nothing in it can be measured. Check who may read it, then "
                       "scan again.",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string_view>
 
 #include "platform/system_kind.h"
@@ -16,6 +17,8 @@ struct SystemWords {
     std::string_view nudgeText;
     std::string_view needsAccess;     ///< in the place of a count, of a folder that cannot be read
     std::string_view blockedFolder;   ///< why one cannot be read, with "{}" for its owner where that matters
+    std::string_view belongsTo;       ///< in the place of `needsAccess`, with "{}" for the owner; empty to tell none
+    std::string_view deniedTo;        ///< behind the reason why a folder cannot be read, likewise
     std::string_view orphansText;     ///< what deleted applications have left
     std::string_view uninstallAdvice; ///< the end of the question before an uninstall
     std::string_view snapshotsTitle;
@@ -29,7 +32,10 @@ struct SystemWords {
     std::string_view accessGranted;
     /// Whether the access is granted in the system's settings, which the user has to be led to.
     bool accessIsInSettings;
-    std::string_view bannerTitle; ///< over the overview while the access is missing
+    std::array<std::string_view, 3> accessSteps; ///< of granting it there, the names of what is pressed between "**"
+    std::string_view dragHelp;                   ///< of the program's icon beside these steps
+    std::string_view settingsFailure;            ///< the settings could not be opened
+    std::string_view bannerTitle;                ///< over the overview while the access is missing
     std::string_view bannerText;
     std::string_view includeSystemInfo; ///< the feedback form's choice
     std::string_view crashReportContent;

@@ -16,7 +16,9 @@ QString totalText(const CleanupItem &item)
 
 QString countText(const CleanupItem &item, const SystemWords &words)
 {
-    return item.accessible ? itemsText(item.entries.size()) : displayText(words.needsAccess);
+    if (item.accessible)
+        return itemsText(item.entries.size());
+    return displayText(item.owner.empty() ? words.needsAccess : std::string_view(item.owner));
 }
 
 } // namespace corvane

@@ -112,6 +112,7 @@ TEST_F(StorageStoreTest, AnActionOfTheBreakdownIsCarriedOut)
 
 TEST_F(StorageStoreTest, SettingsForFullDiskAccessThatCannotBeOpenedAreReported)
 {
+    fake.files.setSystemKind(SystemKind::mac);
     fake.desktop.fail("x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles", "no");
     fake.desktop.fail("x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_AllFiles", "no");
     store.perform({BreakdownAction::Kind::fullDiskAccess, {}});

@@ -122,6 +122,9 @@ TEST_F(OnboardingTest, ReadsAsStatedOnAMac)
 
 TEST_F(OnboardingTest, StepsHaveTheirWordsAndTheirBoldOnes)
 {
+    fake.becomeMac();
+    presenter.setStore(nullptr);
+    presenter.setStore(&fake.store);
     const auto bold = [](const QString &text) {
         QStringList pieces;
         const QRegularExpression rule(QStringLiteral("<span style=\"font-weight:600\">(.*?)</span>"));
@@ -143,6 +146,8 @@ TEST_F(OnboardingTest, StepsHaveTheirWordsAndTheirBoldOnes)
 TEST_F(OnboardingTest, NamesNoMacElsewhere)
 {
     EXPECT_FALSE(presenter.hasSettings());
+    EXPECT_TRUE(presenter.steps().isEmpty());
+    EXPECT_TRUE(presenter.dragHelp().isEmpty());
     EXPECT_TRUE(presenter.isGranted()) << "the home folder can be read";
     for (const bool granted : {true, false}) {
         if (!granted) {

@@ -12,14 +12,16 @@ namespace corvane {
 
 namespace {
 
-// Bold text of this program is semibold.
-QString bold(const char *words)
+/// A sentence with its words between "**" in the weight that stands for bold in this program.
+QString richText(std::string_view sentence)
 {
-    return QStringLiteral("<span style=\"font-weight:600\">") + QString::fromLatin1(words) + QStringLiteral("</span>");
-}
-
-QString paragraph(const QString &text)
-{
+    QString text;
+    bool isBold = false;
+    for (const QString &piece : displayText(sentence).split(QStringLiteral("**"))) {
+        const QString words = piece.toHtmlEscaped();
+        text += isBold ? QStringLiteral("<span style=\"font-weight:600\">") + words + QStringLiteral("</span>") : words;
+        isBold = !isBold;
+    }
     return QStringLiteral("<p style=\"line-height:18px; -qt-line-height-type:fixed\">") + text + QStringLiteral("</p>");
 }
 
@@ -104,23 +106,27 @@ bool OnboardingPresenter::hasSettings() const
     return words() && words()->accessIsInSettings;
 }
 
-QStringList OnboardingPresenter::steps()
+QStringList OnboardingPresenter::steps() const
 {
-    return {
-        paragraph(QStringLiteral("Click %1 below.").arg(bold("Open System Settings"))),
-        paragraph(QStringLiteral("Click %1 and choose %2, or drag the icon on the right into the list.")
-                      .arg(bold("+"), bold("Corvane"))),
-        paragraph(
-            QStringLiteral("Switch Corvane %1. If macOS asks, choose %2.").arg(bold("on"), bold("Quit &amp; Reopen"))),
-    };
+    QStringList texts;
+    if (!hasSettings())
+        return texts;
+    for (const std::string_view step : words()->accessSteps)
+        texts << richText(step);
+    return texts;
 }
 
-QStringList OnboardingPresenter::plainSteps()
+QStringList OnboardingPresenter::plainSteps() const
 {
     QStringList plain;
     for (const QString &step : steps())
         plain << QTextDocumentFragment::fromHtml(step).toPlainText();
     return plain;
+}
+
+QString OnboardingPresenter::dragHelp() const
+{
+    return words() ? displayText(words()->dragHelp) : QString();
 }
 
 QString OnboardingPresenter::bundleOf(const QString &programFile)

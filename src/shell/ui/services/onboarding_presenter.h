@@ -32,12 +32,12 @@ class OnboardingPresenter : public QObject {
     Q_PROPERTY(QString accessTitle READ accessTitle NOTIFY storeChanged)
     Q_PROPERTY(QString accessLine READ accessLine NOTIFY accessChanged)
     Q_PROPERTY(QString status READ status NOTIFY accessChanged)
-    /// The access is granted in the system's settings, in these steps; rich text.
+    /// The access is granted in the system's settings, in these steps; rich text. Where it is not, there are none.
     Q_PROPERTY(bool hasSettings READ hasSettings NOTIFY storeChanged)
-    Q_PROPERTY(QStringList steps READ steps CONSTANT)
+    Q_PROPERTY(QStringList steps READ steps NOTIFY storeChanged)
     /// The same as plain text.
-    Q_PROPERTY(QStringList plainSteps READ plainSteps CONSTANT)
-    Q_PROPERTY(QString dragHelp READ dragHelp CONSTANT)
+    Q_PROPERTY(QStringList plainSteps READ plainSteps NOTIFY storeChanged)
+    Q_PROPERTY(QString dragHelp READ dragHelp NOTIFY storeChanged)
     /// The file address of what is dragged into the list of the settings.
     Q_PROPERTY(QString applicationUrl READ applicationUrl CONSTANT)
 
@@ -59,9 +59,9 @@ public:
     [[nodiscard]] QString accessLine() const;
     [[nodiscard]] QString status() const;
     [[nodiscard]] bool hasSettings() const;
-    [[nodiscard]] static QStringList steps();
-    [[nodiscard]] static QStringList plainSteps();
-    [[nodiscard]] QString dragHelp() const { return QStringLiteral("Drag me into the Full Disk Access list"); }
+    [[nodiscard]] QStringList steps() const;
+    [[nodiscard]] QStringList plainSteps() const;
+    [[nodiscard]] QString dragHelp() const;
     [[nodiscard]] static QString applicationUrl();
 
     /// The bundle around a program's file; the file itself where there is none.

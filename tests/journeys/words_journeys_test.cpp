@@ -1,0 +1,430 @@
+#include <algorithm>
+#include <ctime>
+#include <filesystem>
+#include <set>
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QStringListModel>
+#include <QtTest/QTest>
+
+#include "disk/sample_breakdown.h"
+#include "journeys/held_listing.h"
+#include "journeys/journey.h"
+#include "journeys/shown_texts.h"
+
+namespace corvane {
+namespace {
+
+using testing::Contains;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+using Item = StorageStore::SidebarItem;
+
+constexpr std::time_t day = 86'400; // seconds
+
+/// Everything that the program can show on a Linux system, read for words of a Mac.
+class WordsJourney : public Journey {
+protected:
+    void SetUp() override
+    {
+        if (systemHost().files.systemKind() == SystemKind::mac)
+            GTEST_SKIP() << "the tests run on a root that is a Mac's";
+    }
+
+    /// Reads the whole window, and that a person would find these texts in it at this moment.
+    void read(const QString &place, const QStringList &expected = {})
+    {
+        driver().rest();
+        std::set<QString> texts;
+        for (const ShownText &shown : textsOf(window()))
+            texts.insert(shown.text);
+        for (const QString &text : expected)
+            EXPECT_TRUE(texts.contains(text)) << "not read on " << place.toStdString() << ": " << text.toStdString();
+        for (const std::string &found : macWordsIn(window())) {
+            if (!isNameOfAnApp(found))
+                ADD_FAILURE() << place.toStdString() << ": " << found;
+        }
+    }
+    void show(Item screen)
+    {
+        store().setSidebar(screen);
+        driver().rest();
+    }
+    void scanHome()
+    {
+        store().scanHome();
+        waitUntil([&] { return isScanned() && !store().cleanupLoading() && !store().breakdownLoading(); },
+                  QStringLiteral("the scan's end"));
+    }
+    void waitForFigures()
+    {
+        waitUntil([&] { return store().breakdown() && !store().breakdownLoading() && !store().cleanupLoading(); },
+                  QStringLiteral("the disk to be measured"));
+    }
+    void showApps()
+    {
+        show(Item::uninstaller);
+        waitUntil([&] { return store().appsLoaded() && !store().appsLoading(); }, QStringLiteral("the inventory"));
+    }
+    void close(const QString &sheet)
+    {
+        press(Qt::Key_Escape);
+        waitForPopupClosed(sheet);
+    }
+    void chooseApp(const QString &name)
+    {
+        driver().click(driver().itemWhere(
+            [&](const QQuickItem &item) {
+                return item.property("unused").isValid() && item.property("index").toInt() >= 0 &&
+                       item.property("name").toString() == name;
+            },
+            name));
+        driver().rest();
+    }
+    void waitForRemoval()
+    {
+        waitUntil([&] { return !store().isRemoving() && !store().appsLoading() && !toast().empty(); },
+                  QStringLiteral("the removal's message"));
+    }
+    /// An item of QML over the window, as a developer would have forgotten it there.
+    void put(const QByteArray &body)
+    {
+        QQmlComponent component(qmlEngine(&window()));
+        component.setData("import QtQuick\nimport QtQuick.Controls.Basic\n" + body,
+                          QUrl(QStringLiteral("qrc:/forgotten.qml")));
+        QObject *const made = component.create(qmlContext(&window()));
+        ASSERT_NE(made, nullptr) << component.errorString().toStdString();
+        made->setParent(window().contentItem());
+        if (auto *const item = qobject_cast<QQuickItem *>(made))
+            item->setParentItem(window().contentItem());
+    }
+    void addOldFolder(const std::string &place) const
+    {
+        folder().writeFile(place + "/data", mebibyte);
+        for (const std::string &item : {place + "/data", place})
+            folder().setModified(item, std::time(nullptr) - 60 * day);
+    }
+    void addLauncher(const std::string &id, const std::string &name, const std::string &program) const
+    {
+        folder().writeText("data/applications/" + id + ".desktop",
+                           "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=\"" + program + "\"\n");
+    }
+
+private:
+    /// What the machine that the tests run on has installed is called as its makers like.
+    [[nodiscard]] bool isNameOfAnApp(const std::string &found)
+    {
+        return std::ranges::any_of(store().apps(), [&](const InstalledApp &app) {
+            return !app.path.starts_with(folder().path()) && found.find(app.name) != std::string::npos;
+        });
+    }
+};
+
+// --- The walk itself
+
+TEST_F(WordsJourney, AWordOfAMacIsFoundWhereverItStands)
+{
+    open();
+    EXPECT_THAT(macWordsIn(window()), IsEmpty());
+    put("Item {\n"
+        "visible: false\n"
+        "Text { text: 'Reveal in Finder' }\n"
+        "TextField { placeholderText: 'Your Mac' }\n"
+        "Item { Accessible.role: Accessible.Button; Accessible.name: 'Open APFS' }\n"
+        "Item { Accessible.role: Accessible.Button; Accessible.description: 'of Homebrew' }\n"
+        "Button { ToolTip { text: 'Grant Full Disk Access' } }\n"
+        "Popup { contentItem: Text { text: 'Local Time Machine snapshots' } }\n"
+        "Menu { MenuItem { text: 'Open in Xcode' } }\n"
+        "Text { text: 'Virtual Machines' }\n"
+        "}");
+    new QStringListModel({QStringLiteral("asked by macOS")}, window().contentItem());
+    const std::vector<std::string> found = macWordsIn(window());
+    for (const char *word : {"Finder", "Mac", "APFS", "Homebrew", "Full Disk Access", "Time Machine", "Xcode", "macOS"})
+        EXPECT_THAT(found, Contains(StartsWith(std::string(word) + " in "))) << word;
+    EXPECT_THAT(found, testing::Not(Contains(testing::HasSubstr("Machines"))));
+}
+
+// --- The screens
+
+TEST_F(WordsJourney, NoScreenBeforeAScanSpeaksOfAMac)
+{
+    open();
+    show(Item::overview);
+    read(QStringLiteral("the overview at the start"));
+    waitForFigures();
+    read(QStringLiteral("the overview without a scan"),
+         {QStringLiteral("Nothing scanned yet"), QStringLiteral("See what fills this computer")});
+    show(Item::breakdown);
+    read(QStringLiteral("the breakdown without a scan"),
+         {QStringLiteral("Where's My Space"), QStringLiteral("Scan your home folder to explore it"),
+          QStringLiteral("Installed Software (/usr)")});
+    show(Item::cleanup);
+    read(QStringLiteral("the cleanup of an empty home"), {QStringLiteral("Needs the Administrator")});
+    for (const auto &[screen, title] : {std::pair(Item::explorer, "Space Map"), std::pair(Item::large, "Large Files"),
+                                        std::pair(Item::old, "Old Files"), std::pair(Item::duplicates, "Duplicates")}) {
+        show(screen);
+        const QString name = QString::fromLatin1(title);
+        read(name, {QStringLiteral("Scan first to see ") + name});
+    }
+    showApps();
+    read(QStringLiteral("the uninstaller"), {QStringLiteral("Pick an app"), QStringLiteral("Nothing left behind")});
+}
+
+TEST_F(WordsJourney, NoScreenDuringAScanSpeaksOfAMac)
+{
+    addFile("Films/film.mkv", 3);
+    addFile("Slow/late.bin", 2);
+    HeldListing held(at("Slow"));
+    open();
+    click(QStringLiteral("overview.scanHome"));
+    waitUntil([&] { return held.isReached() && store().scannedFiles() == 1; }, QStringLiteral("a slow scan"));
+    for (const Item screen : {Item::overview, Item::breakdown, Item::explorer, Item::uninstaller, Item::large,
+                              Item::old, Item::duplicates, Item::cleanup}) {
+        store().setSidebar(screen);
+        QTest::qWait(50); // figures move, so the window never rests
+        EXPECT_THAT(macWordsIn(window()), IsEmpty());
+    }
+    store().stopScan();
+    held.release();
+    waitUntil([&] { return isScanned(); }, QStringLiteral("the stopped scan"));
+    for (const Item screen : {Item::overview, Item::breakdown, Item::explorer, Item::cleanup}) {
+        show(screen);
+        read(QStringLiteral("a screen after a scan that was stopped"));
+    }
+}
+
+TEST_F(WordsJourney, NoScreenAfterAScanSpeaksOfAMac)
+{
+    addFile("Films/film.mkv", 105);
+    addFile("Films/rushes.mov", 3);
+    folder().setModified("home/Films/rushes.mov", std::time(nullptr) - 3 * 366 * day);
+    addFile("Projects/tide/Cargo.toml", 0);
+    addFile("Projects/tide/target/debug.bin", 2);
+    for (const char *copy : {"Songs/song.wav", "Archive/song.wav"})
+        folder().writeText(std::string("home/") + copy, std::string(2 * mebibyte, 's'));
+    open();
+    scanHome();
+
+    show(Item::overview);
+    read(QStringLiteral("the overview"), {QStringLiteral("Biggest items in home")});
+    show(Item::breakdown);
+    read(QStringLiteral("the breakdown"), {QStringLiteral("Your Home Folder"), QStringLiteral("Show in File Manager")});
+    show(Item::explorer);
+    driver().pointAt(map(), tile("Films"));
+    waitUntil([&] { return map().isPillShown(); }, QStringLiteral("the panel beside the pointer"));
+    read(QStringLiteral("the Space Map"), {QStringLiteral("Films")});
+    driver().pointAtNothing();
+    clickTile("Films", Qt::RightButton);
+    waitForPopup(QStringLiteral("tileMenu"));
+    read(QStringLiteral("the menu of a tile"), {QStringLiteral("Show in File Manager"), QStringLiteral("Copy Path")});
+    close(QStringLiteral("tileMenu"));
+    show(Item::large);
+    read(QStringLiteral("large files"), {QStringLiteral("film.mkv")});
+    show(Item::old);
+    read(QStringLiteral("old files"));
+    show(Item::duplicates);
+    read(QStringLiteral("duplicates before the search"), {QStringLiteral("Find identical files")});
+    click(QStringLiteral("duplicates.search"));
+    waitForText(QStringLiteral("1 group · 2.1 MB wasted"));
+    read(QStringLiteral("duplicates"), {QStringLiteral("song.wav")});
+    show(Item::cleanup);
+    read(QStringLiteral("the cleanup"), {QStringLiteral("tide/target")});
+}
+
+TEST_F(WordsJourney, ScansOfAnEmptyFolderAndOfNothingSpeakOfNoMac)
+{
+    addFolder("Empty");
+    open();
+    store().scan(at("Empty"));
+    waitUntil([&] { return isScanned() && !store().breakdownLoading(); }, QStringLiteral("the scan's end"));
+    for (const Item screen :
+         {Item::overview, Item::breakdown, Item::explorer, Item::large, Item::old, Item::duplicates, Item::cleanup}) {
+        show(screen);
+        read(QStringLiteral("a screen of an empty folder"));
+    }
+    store().scan(at("gone"));
+    waitUntil([&] { return !toast().empty() || store().phase() != StorageStore::Phase::scanning; },
+              QStringLiteral("the scan of nothing"));
+    for (const Item screen : {Item::overview, Item::explorer}) {
+        show(screen);
+        read(QStringLiteral("a screen after a scan of nothing"));
+    }
+}
+
+// --- The disk
+
+TEST_F(WordsJourney, SnapshotsAreToldWithoutAWordOfAMac)
+{
+    open();
+    waitForFigures();
+    DiskBreakdown disk = *store().breakdown();
+    LocalSnapshot snapshot;
+    snapshot.name = "number 7 before the update";
+    snapshot.deleteCommand = "sudo snapper delete 7";
+    disk.snapshots = {test::snapshotAt(1), snapshot};
+    disk.snapshots.front().name = "number 6";
+    show(Item::breakdown);
+    store().finishBreakdown(disk, store().breakdownToken());
+    read(QStringLiteral("the breakdown with a snapshot"), {QStringLiteral("Snapshots")});
+}
+
+// --- Applications
+
+TEST_F(WordsJourney, NoApplicationIsUninstalledInWordsOfAMac)
+{
+    folder().writeFile("home/Apps/Kite.AppImage", 2 * mebibyte);
+    addLauncher("org.kite.Kite", "Kite", folder() / "home/Apps/Kite.AppImage");
+    folder().writeFile("home/Apps/deck/deck", 3 * mebibyte);
+    addLauncher("com.signaldeck.Desktop", "Signal Deck", folder() / "home/Apps/deck/deck");
+    for (const char *data : {"config/com.signaldeck.Desktop/db", "data/Signal Deck/log"})
+        folder().writeFile(data, mebibyte);
+    folder().writeFile("data/flatpak/app/org.tide.Tide/current/active/files/bin/tide", mebibyte);
+    folder().writeText("data/flatpak/exports/share/applications/org.tide.Tide.desktop",
+                       "[Desktop Entry]\nType=Application\nName=Tide\nExec=flatpak run org.tide.Tide\n");
+    folder().writeFile("home/.var/app/org.tide.Tide/data/db", mebibyte);
+    addOldFolder("config/com.lathe.CadPro");
+    open();
+    showApps();
+    read(QStringLiteral("the list of apps"),
+         {QStringLiteral("Kite"), QStringLiteral("Signal Deck"), QStringLiteral("Tide"), QStringLiteral("AppImage")});
+    chooseApp(QStringLiteral("Tide"));
+    read(QStringLiteral("a Flatpak"),
+         {QStringLiteral("Remove the app"), QStringLiteral("Flatpak"), QStringLiteral("Its data in your home folder")});
+    click(QStringLiteral("uninstaller.uninstall"));
+    waitForRemoval();
+    read(QStringLiteral("a Flatpak whose data was moved"));
+    store().dismissToast();
+    for (const char *name : {"Kite", "Left behind by deleted apps", "Signal Deck"}) {
+        chooseApp(QString::fromLatin1(name));
+        read(QString::fromLatin1(name), {QString::fromLatin1(name)});
+    }
+    click(QStringLiteral("uninstaller.uninstall"));
+    waitForPopup(QStringLiteral("uninstallConfirm"));
+    read(QStringLiteral("the question before an uninstall"), {QStringLiteral("Uninstall Signal Deck?")});
+    click(QStringLiteral("uninstallConfirm.move"));
+    waitForRemoval();
+    read(QStringLiteral("the uninstaller after an uninstall"));
+    for (const InstalledApp &app : store().apps()) {
+        if (app.source != InstalledApp::Source::package)
+            continue;
+        chooseApp(QString::fromStdString(app.name));
+        read(QStringLiteral("a package"), {QString::fromStdString(app.removeCommand)});
+        break;
+    }
+}
+
+// --- Cleanup
+
+TEST_F(WordsJourney, NoPlaceOfTheCleanupSpeaksOfAMac)
+{
+    addFile(".npm/_cacache/blob", 3);
+    folder().writeFile("cache/pip/wheel", 2 * mebibyte);
+    addFile("Downloads/film.mov", 9);
+    addFile(".gradle/caches", 1); // not a folder, so it cannot be listed
+    open();
+    waitForFigures();
+    show(Item::cleanup);
+    read(QStringLiteral("the cleanup with what it found"),
+         {QStringLiteral("npm Cache"), QStringLiteral("Can't be read"), QStringLiteral("pip Cache")});
+    // The folded places of every group.
+    for (const int group : {0, 1, 2}) {
+        std::vector<QQuickItem *> folded;
+        static_cast<void>(driver().find([&](const QQuickItem &item) {
+            if (item.inherits("QQuickItem") && item.property("text").toString().endsWith(QStringLiteral("nothing")) &&
+                item.property("textFormat").isValid())
+                folded.push_back(const_cast<QQuickItem *>(&item));
+            return false;
+        }));
+        if (static_cast<int>(folded.size()) <= group)
+            break;
+        driver().click(*folded[static_cast<std::size_t>(group)]);
+        read(QStringLiteral("unfolded places"));
+    }
+    click(QStringLiteral("cleanup.selectSafe"));
+    waitForSelectionBar();
+    read(QStringLiteral("the cleanup with a selection"));
+}
+
+// --- The sheets
+
+TEST_F(WordsJourney, NoSheetOfARemovalSpeaksOfAMac)
+{
+    addFile("Films/film.mkv", 3);
+    addFile("Games/world.dat", 2);
+    openAndScan();
+    tick(QStringLiteral("Games"));
+    waitForSelectionBar();
+    read(QStringLiteral("the selection bar"), {QStringLiteral("1 item selected")});
+    click(QStringLiteral("reviewButton"));
+    waitForPopup(QStringLiteral("reviewSheet"));
+    read(QStringLiteral("the review"), {QStringLiteral("Selected for removal")});
+    click(QStringLiteral("reviewSheet.deletePermanently"));
+    waitForPopup(QStringLiteral("deleteConfirm"));
+    read(QStringLiteral("the question before a deletion"), {QStringLiteral("Permanently delete 1 item?")});
+    close(QStringLiteral("deleteConfirm"));
+    close(QStringLiteral("reviewSheet"));
+    // The Trash is out of order.
+    std::filesystem::remove_all(folder() / "data/Trash");
+    folder().writeText("data/Trash", "no folder");
+    click(QStringLiteral("moveToTrashButton"));
+    waitForRemoval();
+    read(QStringLiteral("the message of a failure"));
+    EXPECT_THAT(toast(), StartsWith("Nothing was removed"));
+}
+
+TEST_F(WordsJourney, NoSheetOfTheProgramSpeaksOfAMac)
+{
+    folder().writeText("home/Library/Logs/DiagnosticReports/" +
+                           QCoreApplication::applicationFilePath().section(QLatin1Char('/'), -1).toStdString() +
+                           "-1.ips",
+                       "signal 11");
+    setDefault("crashReportLastCheck", "2020-01-01T00:00:00.000Z");
+    launch();
+    waitForPopup(QStringLiteral("welcome"));
+    read(QStringLiteral("the welcome"), {QStringLiteral("Welcome to Corvane"), QStringLiteral("Access to Your Files")});
+    close(QStringLiteral("welcome"));
+    waitForPopup(QStringLiteral("crashPrompt"));
+    read(QStringLiteral("the question after a crash"));
+    close(QStringLiteral("crashPrompt"));
+    press(Qt::Key_F10);
+    waitForPopup(QStringLiteral("appMenu"));
+    read(QStringLiteral("the menu"), {QStringLiteral("Quit"), QStringLiteral("Ctrl+Shift+R")});
+    close(QStringLiteral("appMenu"));
+    chooseInMenu(QStringLiteral("appMenu.about"));
+    waitForPopup(QStringLiteral("about"));
+    read(QStringLiteral("the sheet about the program"));
+    close(QStringLiteral("about"));
+    chooseInMenu(QStringLiteral("appMenu.sendFeedback"));
+    waitForPopup(QStringLiteral("feedback"));
+    read(QStringLiteral("the feedback form"),
+         {QStringLiteral("Include app version, system version and computer model")});
+    close(QStringLiteral("feedback"));
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    waitUntil([&] { return window().findChild<QQuickWindow *>(QStringLiteral("settings")) != nullptr; },
+              QStringLiteral("the settings"));
+    auto &settings = *window().findChild<QQuickWindow *>(QStringLiteral("settings"));
+    waitUntil([&] { return settings.isVisible(); }, QStringLiteral("the settings"));
+    read(QStringLiteral("the settings"), {QStringLiteral("When Corvane crashes")});
+    EXPECT_THAT(macWordsIn(settings), IsEmpty());
+}
+
+TEST_F(WordsJourney, AHomeThatCannotBeOpenedIsReportedWithoutAWordOfAMac)
+{
+    const std::string hidden = folder() / "hidden home";
+    std::filesystem::rename(home(), hidden);
+    launch();
+    waitForPopup(QStringLiteral("welcome"));
+    read(QStringLiteral("the welcome without access"), {QStringLiteral("Waiting…")});
+    close(QStringLiteral("welcome"));
+    show(Item::overview);
+    read(QStringLiteral("the overview without access"),
+         {QStringLiteral("Let Corvane read your home folder for complete results")});
+    show(Item::cleanup);
+    read(QStringLiteral("the cleanup without access"));
+    std::filesystem::rename(hidden, home());
+}
+
+} // namespace
+} // namespace corvane
