@@ -36,6 +36,16 @@ bool InstalledApp::proposes(const Leftover &leftover) const
     return leftover.match == Leftover::Match::exact && isOwnName && !isOfSystem;
 }
 
+ProgramMarks marksOf(const InstalledApp &app)
+{
+    using Source = InstalledApp::Source;
+    return {.bundleID = app.bundleID,
+            .bundlePath = app.path,
+            .flatpak = app.source == Source::flatpak ? app.bundleID : std::string(),
+            .snap = app.source == Source::snap ? app.bundleID : std::string(),
+            .programs = app.programs};
+}
+
 std::string_view rawValue(InstalledApp::Source source)
 {
     switch (source) {

@@ -8,6 +8,7 @@
 
 #include "apps/leftover.h"
 #include "core/calendar.h"
+#include "platform/applications.h"
 #include "platform/time.h"
 
 namespace corvane {
@@ -30,6 +31,7 @@ struct InstalledApp {
     std::string removeCommand = {}; ///< for the user to run; where it is empty, the application itself can be removed
     std::string launcher = {};      ///< a file of the user's that starts it, and goes with it; empty for none
     std::string icon = {};          ///< the path of its picture; empty where the bundle brings it along
+    std::vector<std::string> programs = {}; ///< as `ProgramMarks` has them
 
     /// The sum of the exact matches.
     [[nodiscard]] std::int64_t exactLeftoverSize() const;
@@ -44,6 +46,9 @@ struct InstalledApp {
 
     friend bool operator==(const InstalledApp &, const InstalledApp &) = default;
 };
+
+/// What its processes are told by.
+[[nodiscard]] ProgramMarks marksOf(const InstalledApp &app);
 
 /// The name of the case as people read it, empty for none.
 [[nodiscard]] std::string_view rawValue(InstalledApp::Source source);

@@ -196,6 +196,14 @@ public:
     /// lets them be chosen; one that stands for two is named twice. They need not exist.
     [[nodiscard]] virtual std::vector<std::string> userFolders() { return {}; }
 
+    /// The folders in which the applications of every user keep what they share with the desktop (absolute paths, the
+    /// most important first), where the system lets them be chosen. They need not exist.
+    [[nodiscard]] virtual std::vector<std::string> sharedDataFolders() { return {}; }
+
+    /// The folders of what this user has put into the Trash of volumes other than the home's. Asks only volumes on
+    /// disks of this computer, since one behind a network may not answer. None where the Trash is not trustworthy.
+    [[nodiscard]] virtual std::vector<std::string> volumeTrashes() { return {}; }
+
 private:
     std::once_flag m_kindKnown;
     SystemKind m_kind = SystemKind::mac; // written once

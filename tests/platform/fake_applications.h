@@ -31,17 +31,16 @@ public:
         m_lastUsed[bundlePath] = when;
     }
 
-    [[nodiscard]] std::vector<std::int64_t> running(const std::string & /*bundleID*/,
-                                                    const std::string &bundlePath) override
+    [[nodiscard]] std::vector<std::int64_t> running(const ProgramMarks &app) override
     {
-        m_log->record("running " + bundlePath);
-        return m_running[bundlePath];
+        m_log->record("running " + app.bundlePath);
+        return m_running[app.bundlePath];
     }
-    void requestQuit(std::int64_t instance, const std::string & /*bundleID*/, const std::string &bundlePath) override
+    void requestQuit(std::int64_t instance, const ProgramMarks &app) override
     {
-        m_log->record("requestQuit " + bundlePath + " " + std::to_string(instance));
+        m_log->record("requestQuit " + app.bundlePath + " " + std::to_string(instance));
         if (m_quits)
-            std::erase(m_running[bundlePath], instance);
+            std::erase(m_running[app.bundlePath], instance);
     }
     [[nodiscard]] std::optional<Time> lastUsed(const std::string &bundlePath) override
     {

@@ -415,6 +415,30 @@ std::vector<std::string> FakeFileSystem::userFolders()
     return m_userFolders;
 }
 
+void FakeFileSystem::setSharedDataFolders(std::vector<std::string> folders)
+{
+    const std::lock_guard lock(m_mutex);
+    m_sharedDataFolders = std::move(folders);
+}
+
+void FakeFileSystem::setVolumeTrashes(std::vector<std::string> folders)
+{
+    const std::lock_guard lock(m_mutex);
+    m_volumeTrashes = std::move(folders);
+}
+
+std::vector<std::string> FakeFileSystem::sharedDataFolders()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_sharedDataFolders;
+}
+
+std::vector<std::string> FakeFileSystem::volumeTrashes()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_volumeTrashes;
+}
+
 void FakeFileSystem::setPackageExtensions(std::set<std::string> extensions)
 {
     const std::lock_guard lock(m_mutex);

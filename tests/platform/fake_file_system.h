@@ -69,6 +69,9 @@ public:
     void setOwner(const std::string &path, std::string owner);
     void setDiskName(std::string name);
     void setUserFolders(std::vector<std::string> folders);
+    /// The folders of each kind; none at first.
+    void setSharedDataFolders(std::vector<std::string> folders);
+    void setVolumeTrashes(std::vector<std::string> folders);
     void setOwnPlace(const std::string &macPlace, OwnPlace place);
     void setPackageExtensions(std::set<std::string> extensions);
 
@@ -109,6 +112,8 @@ public:
     [[nodiscard]] std::vector<MountedFolder> mounts() override;
     [[nodiscard]] std::optional<OwnPlace> ownPlaceFor(std::string_view macPlace) override;
     [[nodiscard]] std::vector<std::string> userFolders() override;
+    [[nodiscard]] std::vector<std::string> sharedDataFolders() override;
+    [[nodiscard]] std::vector<std::string> volumeTrashes() override;
 
 private:
     struct Item;
@@ -144,6 +149,8 @@ private:
     std::vector<MountedFolder> m_mounts;
     std::optional<std::string> m_diskName;
     std::vector<std::string> m_userFolders;
+    std::vector<std::string> m_sharedDataFolders;
+    std::vector<std::string> m_volumeTrashes;
     std::map<std::string, OwnPlace, std::less<>> m_ownPlaces;
     std::map<std::string, std::string> m_owners;
 };

@@ -84,7 +84,7 @@ int main(int argc, char **argv)
     store.refreshApps();
     waitFor([&] { return store.appsLoaded(); }, "the inventory does not come");
     const InstalledApp app = application(store, bundle);
-    const auto running = [&] { return systemHost().applications.running(app.bundleID, app.path).size(); };
+    const auto running = [&] { return systemHost().applications.running(marksOf(app)).size(); };
     waitFor([&] { return running() == count; }, "the instances do not run");
 
     std::vector<Leftover> chosen;

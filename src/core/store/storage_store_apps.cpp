@@ -36,7 +36,7 @@ std::int64_t StorageStore::orphanTotal() const
 
 bool StorageStore::isRunning(const InstalledApp &app) const
 {
-    return !m_host.applications.running(app.bundleID, app.path).empty();
+    return !m_host.applications.running(marksOf(app)).empty();
 }
 
 bool StorageStore::isUninstalling(const std::string &bundlePath) const
@@ -52,9 +52,10 @@ void StorageStore::uninstall(const InstalledApp &app, std::span<const Leftover> 
                             .entries = uninstallEntries(app, leftovers),
                             .seen = lookAtUninstall(app, leftovers, m_locations, m_host)});
     emit uninstallsChanged();
-    const std::vector<std::int64_t> instances = m_host.applications.running(app.bundleID, app.path);
+    const ProgramMarks marks = marksOf(app);
+    const std::vector<std::int64_t> instances = m_host.applications.running(marks);
     for (const std::int64_t instance : instances)
-        m_host.applications.requestQuit(instance, app.bundleID, app.path);
+        m_host.applications.requestQuit(instance, marks);
     if (instances.empty())
         uninstallIsDue(app.path);
     else

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <climits>
 #include <csignal>
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -18,7 +19,7 @@
 #include "platform/linux/process_number.h"
 #include "platform/linux/real_path.h"
 #include "platform/path.h"
-#include "platform/posix/interrupted_call.h"
+#include "platform/posix/regular_file.h"
 
 namespace corvane {
 
@@ -44,23 +45,48 @@ std::string_view firstOf(std::string_view numbers)
     return numbers.substr(0, numbers.find_first_of(" \t"));
 }
 
+/// Calls `take` with each part of a text between those marks until one is taken; whether one was.
+bool anyPart(std::string_view text, char mark, const std::function<bool(std::string_view)> &take)
+{
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(mark, start), text.size());
+        if (take(text.substr(start, end - start)))
+            return true;
+        start = end + 1;
+    }
+    return false;
+}
+
 /// A process by its folder in "/proc". Held open, the folder remains that process's: once the process has ended,
 /// reading fails, whoever has its number by then.
 class Process {
 public:
-    explicit Process(const std::string &name)
-        : m_folder(::open(("/proc/" + name).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC))
+    Process(const std::string &processes, const std::string &name)
+        : m_folder(::open(joined(processes, name).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC))
     {
     }
 
-    /// Whether it is a process of this user and its executable lies beneath a folder, given without links.
-    [[nodiscard]] bool isOursAndRunsFrom(const std::string &folder) const
+    [[nodiscard]] bool isOurs() const { return firstOf(statusField(status(), "Uid:")) == std::to_string(::getuid()); }
+
+    /// Without links; empty where it cannot be told.
+    [[nodiscard]] std::string executable() const
     {
-        // That of a deleted executable ends in " (deleted)"; the folders on its way are told as ever.
-        std::array<char, PATH_MAX> executable{};
-        const ssize_t length = ::readlinkat(m_folder.number(), "exe", executable.data(), executable.size());
-        return length > 0 && liesBeneath({executable.data(), static_cast<std::size_t>(length)}, folder) &&
-               firstOf(statusField(status(), "Uid:")) == std::to_string(::getuid());
+        constexpr std::string_view deleted = " (deleted)";
+        std::array<char, PATH_MAX> path{};
+        const ssize_t length = ::readlinkat(m_folder.number(), "exe", path.data(), path.size());
+        std::string_view text(path.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
+        if (text.ends_with(deleted))
+            text.remove_suffix(deleted.size());
+        return std::string(text);
+    }
+
+    /// The text of a file in its folder; empty for one that is longer than any real one.
+    [[nodiscard]] std::string text(const char *name) const
+    {
+        constexpr std::size_t longest = 1024UL * 1024;
+        return RegularFile::open(m_folder.number(), name, name, RegularFile::LinkRule::refuse)
+            .and_then([&](const auto &file) { return file->readAll(longest); })
+            .value_or(std::string());
     }
 
     /// Whether it has one number only. In a namespace of processes it has one there and another one outside.
@@ -72,24 +98,16 @@ public:
     }
 
 private:
-    [[nodiscard]] std::string status() const
-    {
-        constexpr std::size_t longest = 65536; // with thousands of groups
-        std::string text(longest, '\0');
-        const FileDescriptor file(::openat(m_folder.number(), "status", O_RDONLY | O_CLOEXEC));
-        const ssize_t length = uninterrupted([&] { return ::read(file.number(), text.data(), text.size()); });
-        text.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-        return text;
-    }
+    [[nodiscard]] std::string status() const { return text("status"); }
 
     const FileDescriptor m_folder;
 };
 
 /// The numbers in "/proc" are those that the kernel takes from this program. In a sandbox with processes of its own,
 /// "/proc" may still be the one outside, where the numbers belong to others.
-bool areNumbersOurs()
+bool areNumbersOurs(const std::string &processes)
 {
-    return Process("self").hasOneNumber();
+    return Process(processes, "self").hasOneNumber();
 }
 
 /// Where the executables of a bundle lie, without links; empty where nothing can. A link that is called like a bundle
@@ -100,37 +118,119 @@ std::string executablesFolder(const std::string &bundlePath)
     return real && nameExtension(lastPathComponent(*real)) == "app" ? *real : std::string();
 }
 
+/// By what the processes of an application are told.
+class ProcessRule {
+public:
+    explicit ProcessRule(const ProgramMarks &app)
+        : m_folder(executablesFolder(app.bundlePath)), m_flatpak(app.flatpak), m_snap(app.snap)
+    {
+        for (const std::string &program : app.programs) {
+            // Nobody's own programs are all that lies in "/usr".
+            if (containingFolder(program).size() > 1)
+                m_programs.push_back(program);
+        }
+    }
+
+    [[nodiscard]] bool isEmpty() const
+    {
+        return m_folder.empty() && m_flatpak.empty() && m_snap.empty() && m_programs.empty();
+    }
+
+    [[nodiscard]] bool covers(const Process &process) const
+    {
+        return (runsIt(process) || (!m_flatpak.empty() && isOfFlatpak(process)) ||
+                (!m_snap.empty() && isInGroup(process, "snap." + m_snap + ".", {}))) &&
+               process.isOurs();
+    }
+
+private:
+    [[nodiscard]] bool runsIt(const Process &process) const
+    {
+        if (m_folder.empty() && m_programs.empty())
+            return false;
+        const std::string executable = process.executable();
+        if (executable.empty())
+            return false;
+        if (!m_folder.empty() && liesBeneath(executable, m_folder))
+            return true;
+        const auto isIt = [&](const std::string &program) { return isOrLiesBeneath(executable, program); };
+        return std::ranges::any_of(m_programs, isIt) || isFromImage(process, executable);
+    }
+
+    /// An AppImage runs from where it is mounted, and tells its processes where it lies itself. So it does to whatever
+    /// they start, which runs from elsewhere.
+    [[nodiscard]] bool isFromImage(const Process &process, const std::string &executable) const
+    {
+        constexpr std::string_view key = "APPIMAGE=";
+        if (executable.find("/.mount_") == std::string::npos)
+            return false;
+        return anyPart(process.text("environ"), '\0', [&](std::string_view variable) {
+            return variable.starts_with(key) &&
+                   std::ranges::find(m_programs, variable.substr(key.size())) != m_programs.end();
+        });
+    }
+
+    [[nodiscard]] bool isOfFlatpak(const Process &process) const
+    {
+        if (isInGroup(process, "app-flatpak-" + m_flatpak + "-", ".scope"))
+            return true;
+        // Without systemd there is no such group. A Flatpak's processes have numbers of their own in its sandbox.
+        return !process.hasOneNumber() && anyPart(process.text("root/.flatpak-info"), '\n',
+                                                  [&](std::string_view line) { return line == "name=" + m_flatpak; });
+    }
+
+    /// Whether one of its control groups is called so; between the two parts of the name is no other application's.
+    [[nodiscard]] static bool isInGroup(const Process &process, std::string_view start, std::string_view end)
+    {
+        std::string groups = process.text("cgroup");
+        constexpr std::string_view escapedDash = "\\x2d";
+        for (std::size_t at = 0; (at = groups.find(escapedDash, at)) != std::string::npos; ++at)
+            groups.replace(at, escapedDash.size(), "-");
+        std::ranges::replace(groups, '\n', '/');
+        return anyPart(groups, '/', [&](std::string_view name) {
+            if (!name.starts_with(start) || !name.ends_with(end) || name.size() <= start.size() + end.size())
+                return false;
+            const std::string_view rest = name.substr(start.size(), name.size() - start.size() - end.size());
+            return end.empty() || rest.find('-') == std::string_view::npos;
+        });
+    }
+
+    const std::string m_folder;
+    const std::string m_flatpak;
+    const std::string m_snap;
+    std::vector<std::string> m_programs;
+};
+
 } // namespace
 
-std::vector<std::int64_t> LinuxApplications::running(const std::string & /*bundleID*/, const std::string &bundlePath)
+std::vector<std::int64_t> LinuxApplications::running(const ProgramMarks &app)
 {
-    const std::string folder = executablesFolder(bundlePath);
+    const ProcessRule rule(app);
     const auto close = [](DIR *listing) { ::closedir(listing); };
-    const std::unique_ptr<DIR, decltype(close)> processes(::opendir("/proc"));
-    if (folder.empty() || !processes || !areNumbersOurs())
+    const std::unique_ptr<DIR, decltype(close)> processes(::opendir(m_processes.c_str()));
+    if (rule.isEmpty() || !processes || !areNumbersOurs(m_processes))
         return {};
     std::vector<std::int64_t> instances;
     while (const dirent *entry = ::readdir(processes.get())) {
         const pid_t number = processNumber(entry->d_name);
-        if (number > 0 && number != ::getpid() && Process(entry->d_name).isOursAndRunsFrom(folder))
+        if (number > 0 && number != ::getpid() && rule.covers(Process(m_processes, entry->d_name)))
             instances.push_back(number);
     }
     return instances;
 }
 
-void LinuxApplications::requestQuit(std::int64_t instance, const std::string & /*bundleID*/,
-                                    const std::string &bundlePath)
+void LinuxApplications::requestQuit(std::int64_t instance, const ProgramMarks &app)
 {
-    const std::string folder = executablesFolder(bundlePath);
+    const ProcessRule rule(app);
     const auto number = static_cast<pid_t>(instance);
-    if (folder.empty() || number != instance || number <= 0 || number == ::getpid() || !areNumbersOurs())
+    if (rule.isEmpty() || number != instance || number <= 0 || number == ::getpid() || !areNumbersOurs(m_processes))
         return;
-    const Process process(std::to_string(number));
+    const Process process(m_processes, std::to_string(number));
     const FileDescriptor handle(static_cast<int>(::syscall(SYS_pidfd_open, number, 0)));
     const bool kernelHasHandles = handle.isOpen() || errno != ENOSYS;
     // Looked at with the handle open: as long as the process is there nobody else has its number, so that the handle
     // is its own.
-    if (!process.isOursAndRunsFrom(folder))
+    if (!rule.covers(process))
         return;
     if (handle.isOpen())
         ::syscall(SYS_pidfd_send_signal, handle.number(), SIGTERM, nullptr, 0);

@@ -18,6 +18,7 @@
 #include "platform/linux/mount_table.h"
 #include "platform/linux/real_path.h"
 #include "platform/linux/stat_facts.h"
+#include "platform/linux/volume_trashes.h"
 #include "platform/path.h"
 #include "platform/posix/regular_file.h"
 
@@ -153,6 +154,16 @@ std::vector<MountedFolder> LinuxFileSystem::mounts()
 std::vector<std::string> LinuxFileSystem::userFolders()
 {
     return linuxUserFolders(homeFolder());
+}
+
+std::vector<std::string> LinuxFileSystem::sharedDataFolders()
+{
+    return linuxSharedDataFolders();
+}
+
+std::vector<std::string> LinuxFileSystem::volumeTrashes()
+{
+    return volumeTrashesOn(mounts());
 }
 
 std::optional<OwnPlace> LinuxFileSystem::ownPlaceFor(std::string_view macPlace)

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] std::optional<std::string> diskName() override;
     [[nodiscard]] std::vector<MountedFolder> mounts() override;
     [[nodiscard]] std::optional<OwnPlace> ownPlaceFor(std::string_view macPlace) override;
+    [[nodiscard]] std::vector<std::string> sharedDataFolders() override;
+    [[nodiscard]] std::vector<std::string> volumeTrashes() override;
     [[nodiscard]] std::vector<std::string> userFolders() override;
 };
 

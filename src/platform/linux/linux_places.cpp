@@ -9,108 +9,47 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/linux/place_settings.h"
 #include "platform/path.h"
 
 namespace corvane {
 
 namespace {
 
-/// What a place is relative to.
-enum class Base { home, cacheFolder, configFolder, dataFolder, stateFolder, downloadFolder };
-
 struct Place {
     std::string_view onAMac;
-    Base base;
+    PlaceBase base;
     std::string_view rest; ///< beneath the base; empty for the base itself
 };
 
 constexpr Place places[] = {
-    {"Library/Caches", Base::cacheFolder, ""},
-    {".Trash", Base::dataFolder, "Trash/files"},
-    {"Library/Android/sdk/system-images", Base::home, "Android/Sdk/system-images"},
-    {"Library/pnpm/store", Base::dataFolder, "pnpm/store"},
-    {"Library/Containers/com.docker.docker/Data/vms", Base::home, ".local/share/docker"}, // Docker without root
-    {"Downloads", Base::downloadFolder, ""},
-    {".cache", Base::cacheFolder, ""},
-    {".config", Base::configFolder, ""},
-    {".local/share", Base::dataFolder, ""},
-    {".local/state", Base::stateFolder, ""},
-    {".cache/thumbnails", Base::cacheFolder, "thumbnails"},
-    {".cache/drkonqi", Base::cacheFolder, "drkonqi"},
-    {".cache/abrt", Base::cacheFolder, "abrt"},
-    {".config/google-chrome/Crash Reports", Base::configFolder, "google-chrome/Crash Reports"},
-    {".local/share/Steam/steamapps/shadercache", Base::dataFolder, "Steam/steamapps/shadercache"},
-    {".cache/yarn", Base::cacheFolder, "yarn"},
-    {".cache/pip", Base::cacheFolder, "pip"},
-    {".cache/uv", Base::cacheFolder, "uv"},
-    {".cache/go-build", Base::cacheFolder, "go-build"},
-    {".cache/ccache", Base::cacheFolder, "ccache"},
-    {".cache/sccache", Base::cacheFolder, "sccache"},
-    {".cache/JetBrains", Base::cacheFolder, "JetBrains"},
-    {".cache/huggingface", Base::cacheFolder, "huggingface"},
-    {".cache/huggingface/hub", Base::cacheFolder, "huggingface/hub"},
-    {".local/share/containers/storage", Base::dataFolder, "containers/storage"},
-    {".local/share/gnome-boxes/images", Base::dataFolder, "gnome-boxes/images"},
-    {".local/share/libvirt/images", Base::dataFolder, "libvirt/images"},
-};
-
-/// How a tool's configuration names a folder.
-enum class Notation { none, keyAndValue, xmlElement };
-
-/// Where the user may have told a tool to keep something: in a variable, or in a file.
-struct Setting {
-    std::string_view place; ///< as above
-    const char *variable;   ///< null for a file
-    std::string_view rest;  ///< beneath the folder that it names
-    char listMark = 0;      ///< between several folders, of which the first counts
-    Notation notation = Notation::none;
-    Base base = Base::home;
-    std::string_view file = {}; ///< beneath the base
-    std::string_view key = {};
-};
-
-constexpr Setting inFile(std::string_view place, std::string_view rest, Base base, std::string_view file,
-                         std::string_view key, Notation notation = Notation::keyAndValue, char listMark = 0)
-{
-    return {place, nullptr, rest, listMark, notation, base, file, key};
-}
-
-/// Of several for one place the first that names an absolute path counts.
-constexpr Setting settings[] = {
-    {".gradle/caches", "GRADLE_USER_HOME", "caches"},
-    {".gradle/wrapper/dists", "GRADLE_USER_HOME", "wrapper/dists"},
-    {".android/avd", "ANDROID_AVD_HOME", ""},
-    {".android/avd", "ANDROID_USER_HOME", "avd"},
-    {"Library/Android/sdk/system-images", "ANDROID_HOME", "system-images"},
-    {"Library/Android/sdk/system-images", "ANDROID_SDK_ROOT", "system-images"},
-    {".npm/_cacache", "npm_config_cache", "_cacache"},
-    {".npm/_cacache", "NPM_CONFIG_CACHE", "_cacache"},
-    inFile(".npm/_cacache", "_cacache", Base::home, ".npmrc", "cache"),
-    {"Library/pnpm/store", "npm_config_store_dir", ""},
-    inFile("Library/pnpm/store", "", Base::home, ".npmrc", "store-dir"),
-    {"Library/pnpm/store", "PNPM_HOME", "store"},
-    {".cache/yarn", "YARN_CACHE_FOLDER", ""},
-    {".yarn/berry/cache", "YARN_GLOBAL_FOLDER", "cache"},
-    {".cache/pip", "PIP_CACHE_DIR", ""},
-    inFile(".cache/pip", "", Base::configFolder, "pip/pip.conf", "cache-dir"),
-    {".cache/uv", "UV_CACHE_DIR", ""},
-    inFile(".cache/uv", "", Base::configFolder, "uv/uv.toml", "cache-dir"),
-    {".cargo/registry", "CARGO_HOME", "registry"},
-    {".cache/go-build", "GOCACHE", ""},
-    inFile(".cache/go-build", "", Base::configFolder, "go/env", "GOCACHE"),
-    {"go/pkg/mod", "GOMODCACHE", ""},
-    inFile("go/pkg/mod", "", Base::configFolder, "go/env", "GOMODCACHE"),
-    {"go/pkg/mod", "GOPATH", "pkg/mod", ':'},
-    inFile("go/pkg/mod", "pkg/mod", Base::configFolder, "go/env", "GOPATH", Notation::keyAndValue, ':'),
-    inFile(".m2/repository", "", Base::home, ".m2/settings.xml", "localRepository", Notation::xmlElement),
-    {".cache/ccache", "CCACHE_DIR", ""},
-    inFile(".cache/ccache", "", Base::configFolder, "ccache/ccache.conf", "cache_dir"),
-    {".cache/sccache", "SCCACHE_DIR", ""},
-    {".conda/pkgs", "CONDA_PKGS_DIRS", "", ','},
-    {".cache/huggingface", "HF_HOME", ""},
-    {".cache/huggingface/hub", "HF_HUB_CACHE", ""},
-    {".cache/huggingface/hub", "HF_HOME", "hub"},
-    {".ollama/models", "OLLAMA_MODELS", ""},
+    {"Library/Caches", PlaceBase::cacheFolder, ""},
+    {".Trash", PlaceBase::dataFolder, "Trash/files"},
+    {"Library/Android/sdk/system-images", PlaceBase::home, "Android/Sdk/system-images"},
+    {"Library/pnpm/store", PlaceBase::dataFolder, "pnpm/store"},
+    {"Library/Containers/com.docker.docker/Data/vms", PlaceBase::home, ".local/share/docker"}, // Docker without root
+    {"Downloads", PlaceBase::downloadFolder, ""},
+    {".cache", PlaceBase::cacheFolder, ""},
+    {".config", PlaceBase::configFolder, ""},
+    {".local/share", PlaceBase::dataFolder, ""},
+    {".local/state", PlaceBase::stateFolder, ""},
+    {".cache/thumbnails", PlaceBase::cacheFolder, "thumbnails"},
+    {".cache/drkonqi", PlaceBase::cacheFolder, "drkonqi"},
+    {".cache/abrt", PlaceBase::cacheFolder, "abrt"},
+    {".config/google-chrome/Crash Reports", PlaceBase::configFolder, "google-chrome/Crash Reports"},
+    {".local/share/Steam/steamapps/shadercache", PlaceBase::dataFolder, "Steam/steamapps/shadercache"},
+    {".cache/yarn", PlaceBase::cacheFolder, "yarn"},
+    {".cache/pip", PlaceBase::cacheFolder, "pip"},
+    {".cache/uv", PlaceBase::cacheFolder, "uv"},
+    {".cache/go-build", PlaceBase::cacheFolder, "go-build"},
+    {".cache/ccache", PlaceBase::cacheFolder, "ccache"},
+    {".cache/sccache", PlaceBase::cacheFolder, "sccache"},
+    {".cache/JetBrains", PlaceBase::cacheFolder, "JetBrains"},
+    {".cache/huggingface", PlaceBase::cacheFolder, "huggingface"},
+    {".cache/huggingface/hub", PlaceBase::cacheFolder, "huggingface/hub"},
+    {".local/share/containers/storage", PlaceBase::dataFolder, "containers/storage"},
+    {".local/share/gnome-boxes/images", PlaceBase::dataFolder, "gnome-boxes/images"},
+    {".local/share/libvirt/images", PlaceBase::dataFolder, "libvirt/images"},
 };
 
 /// A base folder by its variable; one that is not absolute counts as not set.
@@ -195,24 +134,24 @@ std::optional<std::string> downloadFolder(const std::string &home)
     return found == folders.end() ? std::nullopt : std::optional(found->path);
 }
 
-std::optional<OwnPlace> folderOf(Base base, const std::string &home)
+std::optional<OwnPlace> folderOf(PlaceBase base, const std::string &home)
 {
     constexpr std::string_view usualCache = ".cache";
     constexpr std::string_view usualConfig = ".config";
     constexpr std::string_view usualData = ".local/share";
     constexpr std::string_view usualState = ".local/state";
     switch (base) {
-    case Base::home:
+    case PlaceBase::home:
         return OwnPlace{home, home};
-    case Base::cacheFolder:
+    case PlaceBase::cacheFolder:
         return OwnPlace{baseFolder("XDG_CACHE_HOME", usualCache, home), joined(home, usualCache)};
-    case Base::configFolder:
+    case PlaceBase::configFolder:
         return OwnPlace{baseFolder("XDG_CONFIG_HOME", usualConfig, home), joined(home, usualConfig)};
-    case Base::dataFolder:
+    case PlaceBase::dataFolder:
         return OwnPlace{baseFolder("XDG_DATA_HOME", usualData, home), joined(home, usualData)};
-    case Base::stateFolder:
+    case PlaceBase::stateFolder:
         return OwnPlace{baseFolder("XDG_STATE_HOME", usualState, home), joined(home, usualState)};
-    case Base::downloadFolder:
+    case PlaceBase::downloadFolder:
         if (std::optional<std::string> folder = downloadFolder(home))
             return OwnPlace{*std::move(folder), joined(home, "Downloads")};
         return std::nullopt;
@@ -239,21 +178,72 @@ std::string readSettings(const std::string &path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::string_view withoutQuotes(std::string_view text)
+{
+    const bool isQuoted =
+        text.size() >= 2 && (text.front() == '"' || text.front() == '\'') && text.back() == text.front();
+    return isQuoted ? text.substr(1, text.size() - 2) : text;
+}
+
+/// The line at the start of a text, which it is taken from.
+std::string_view takeLine(std::string_view &text)
+{
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return line;
+}
+
 /// The value of the last line "key = value", without the quotes around it; empty where there is none.
 std::string valueOfKey(std::string_view text, std::string_view key)
 {
     std::string_view found;
     while (!text.empty()) {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        text.remove_prefix(std::min(line.size() + 1, text.size()));
+        const std::string_view line = takeLine(text);
         const std::size_t equals = line.find('=');
-        if (equals == std::string_view::npos || trimmed(line.substr(0, equals)) != key)
-            continue;
-        found = trimmed(line.substr(equals + 1));
-        if (found.size() >= 2 && (found.front() == '"' || found.front() == '\'') && found.back() == found.front())
-            found = found.substr(1, found.size() - 2);
+        if (equals != std::string_view::npos && trimmed(line.substr(0, equals)) == key)
+            found = withoutQuotes(trimmed(line.substr(equals + 1)));
     }
     return std::string(found);
+}
+
+/// The value of the last line "key value"; empty where there is none.
+std::string valueBehindKey(std::string_view text, std::string_view key)
+{
+    std::string_view found;
+    while (!text.empty()) {
+        const std::string_view line = trimmed(takeLine(text));
+        if (line.starts_with(key) && line.size() > key.size() && (line[key.size()] == ' ' || line[key.size()] == '\t'))
+            found = withoutQuotes(trimmed(line.substr(key.size())));
+    }
+    return std::string(found);
+}
+
+/// The value of the first "key: value" that is not indented, or the first of its list; empty where there is none.
+std::string valueInYaml(std::string_view text, std::string_view key)
+{
+    const auto plain = [](std::string_view value) {
+        const std::size_t comment = value.find(" #");
+        return std::string(withoutQuotes(trimmed(value.substr(0, comment))));
+    };
+    while (!text.empty()) {
+        const std::string_view line = takeLine(text);
+        if (!line.starts_with(key) || line.size() == key.size() || line[key.size()] != ':')
+            continue;
+        const std::string value = plain(line.substr(key.size() + 1));
+        if (value.starts_with('['))
+            return plain(std::string_view(value).substr(1, value.find_first_of(",]") - 1));
+        if (!value.empty())
+            return value;
+        while (!text.empty()) {
+            const std::string_view item = trimmed(takeLine(text));
+            if (item.starts_with("- "))
+                return plain(item.substr(1));
+            if (!item.empty() && !item.starts_with('#'))
+                break;
+        }
+        return {};
+    }
+    return {};
 }
 
 /// What stands in the first element of that name that is not in a comment; empty where there is none.
@@ -283,8 +273,25 @@ std::string absolutePath(std::string value, const std::string &home)
     return value.starts_with('/') && value.find("${") == std::string::npos ? value : std::string();
 }
 
+std::string valueIn(std::string text, const PlaceSetting &setting)
+{
+    switch (setting.notation) {
+    case SettingNotation::none:
+        break;
+    case SettingNotation::keyAndValue:
+        return valueOfKey(text, setting.key);
+    case SettingNotation::keyAndQuoted:
+        return valueBehindKey(text, setting.key);
+    case SettingNotation::yamlValue:
+        return valueInYaml(text, setting.key);
+    case SettingNotation::xmlElement:
+        return textOfElement(std::move(text), std::string(setting.key));
+    }
+    return {};
+}
+
 /// The folder that the user has set; nothing where none is, or it is not absolute.
-std::optional<std::string> folderSetIn(const Setting &setting, const std::string &home)
+std::optional<std::string> folderSetIn(const PlaceSetting &setting, const std::string &home)
 {
     std::string value;
     if (setting.variable != nullptr) {
@@ -292,9 +299,7 @@ std::optional<std::string> folderSetIn(const Setting &setting, const std::string
         value = variable != nullptr ? variable : "";
     } else if (const std::optional<OwnPlace> base = folderOf(setting.base, home)) {
         std::string text = readSettings(joined(base->path, setting.file));
-        value = setting.notation == Notation::xmlElement ? textOfElement(std::move(text), std::string(setting.key))
-                                                         : valueOfKey(text, setting.key);
-        value = absolutePath(std::move(value), home);
+        value = absolutePath(valueIn(std::move(text), setting), home);
     }
     if (setting.listMark != 0)
         value = value.substr(0, value.find(setting.listMark));
@@ -321,13 +326,33 @@ std::optional<OwnPlace> placeByItself(std::string_view macPlace, const std::stri
 std::optional<OwnPlace> linuxPlaceFor(std::string_view macPlace, const std::string &home)
 {
     std::optional<OwnPlace> place = placeByItself(macPlace, home);
-    for (const Setting &setting : settings) {
+    for (const PlaceSetting &setting : placeSettings) {
         if (setting.place != macPlace)
             continue;
         if (std::optional<std::string> folder = folderSetIn(setting, home))
             return OwnPlace{*std::move(folder), place ? place->usual : joined(home, macPlace)};
     }
     return place;
+}
+
+std::vector<std::string> linuxSharedDataFolders()
+{
+    constexpr std::size_t most = 32;
+    const char *const variable = std::getenv("XDG_DATA_DIRS");
+    std::string_view list = variable != nullptr ? variable : "";
+    std::vector<std::string> folders;
+    while (!list.empty() && folders.size() < most) {
+        const std::string_view part = list.substr(0, list.find(':'));
+        list.remove_prefix(std::min(part.size() + 1, list.size()));
+        if (!part.starts_with('/'))
+            continue;
+        std::string folder = withoutDots(part);
+        if (std::ranges::find(folders, folder) == folders.end())
+            folders.push_back(std::move(folder));
+    }
+    if (folders.empty())
+        folders = {"/usr/local/share", "/usr/share"};
+    return folders;
 }
 
 std::vector<std::string> linuxUserFolders(const std::string &home)

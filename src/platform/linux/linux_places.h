@@ -18,4 +18,7 @@ namespace corvane {
 /// is switched off, is left out. Read anew each time; any thread.
 [[nodiscard]] std::vector<std::string> linuxUserFolders(const std::string &home);
 
+/// The folders of XDG_DATA_DIRS, or those that hold where it names none. Read anew each time; any thread.
+[[nodiscard]] std::vector<std::string> linuxSharedDataFolders();
+
 } // namespace corvane

@@ -8,9 +8,8 @@ namespace corvane {
 /// date of the last use is Spotlight's.
 class MacApplications final : public Applications {
 public:
-    [[nodiscard]] std::vector<std::int64_t> running(const std::string &bundleID,
-                                                    const std::string &bundlePath) override;
-    void requestQuit(std::int64_t instance, const std::string &bundleID, const std::string &bundlePath) override;
+    [[nodiscard]] std::vector<std::int64_t> running(const ProgramMarks &app) override;
+    void requestQuit(std::int64_t instance, const ProgramMarks &app) override;
     [[nodiscard]] std::optional<Time> lastUsed(const std::string &bundlePath) override;
 };
 

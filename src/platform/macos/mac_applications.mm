@@ -28,21 +28,20 @@ NSArray<NSRunningApplication *> *applications(const std::string &bundleID)
 
 } // namespace
 
-std::vector<std::int64_t> MacApplications::running(const std::string &bundleID, const std::string & /*bundlePath*/)
+std::vector<std::int64_t> MacApplications::running(const ProgramMarks &app)
 {
     return guardedAnswer(std::vector<std::int64_t>{}, [&] {
         std::vector<std::int64_t> instances;
-        for (NSRunningApplication *application in applications(bundleID))
+        for (NSRunningApplication *application in applications(app.bundleID))
             instances.push_back(application.processIdentifier);
         return instances;
     });
 }
 
-void MacApplications::requestQuit(std::int64_t instance, const std::string &bundleID,
-                                  const std::string & /*bundlePath*/)
+void MacApplications::requestQuit(std::int64_t instance, const ProgramMarks &app)
 {
     guardedAnswer(false, [&] {
-        for (NSRunningApplication *application in applications(bundleID)) {
+        for (NSRunningApplication *application in applications(app.bundleID)) {
             if (application.processIdentifier == instance)
                 return static_cast<bool>([application terminate]);
         }

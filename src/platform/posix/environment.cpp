@@ -49,6 +49,16 @@ std::optional<std::string> Environment::accountName(unsigned int user)
     return std::nullopt;
 }
 
+std::string Environment::messageLocale()
+{
+    for (const char *const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char *const value = std::getenv(name);
+        if (value != nullptr && *value != '\0')
+            return value;
+    }
+    return {};
+}
+
 std::string Environment::accountHome()
 {
     std::vector<char> memory(16 * 1024);

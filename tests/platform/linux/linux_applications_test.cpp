@@ -13,6 +13,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -29,6 +30,11 @@ using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
 const std::string identifier = "org.example.app";
+
+ProgramMarks marks(const std::string &bundlePath)
+{
+    return {.bundleID = identifier, .bundlePath = bundlePath, .flatpak = {}, .snap = {}};
+}
 
 /// A shell's script that prints "ready", then the name of every signal that it gets, and goes on.
 constexpr const char *listening =
@@ -132,11 +138,11 @@ protected:
 
     std::vector<std::int64_t> running(const std::string &relative)
     {
-        return applications.running(identifier, disk / relative);
+        return applications.running(marks(disk / relative));
     }
     void requestQuit(std::int64_t instance, const std::string &relative)
     {
-        applications.requestQuit(instance, identifier, disk / relative);
+        applications.requestQuit(instance, marks(disk / relative));
     }
 
     const TemporaryFolder disk;
@@ -223,8 +229,8 @@ TEST_F(LinuxApplicationsTest, ANumberTooLargeForAProcessIsNotCutShort)
 TEST_F(LinuxApplicationsTest, TheProgramItselfIsNeverAsked)
 {
     const std::string ownFolder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    EXPECT_THAT(applications.running(identifier, ownFolder), testing::Not(testing::Contains(::getpid())));
-    applications.requestQuit(::getpid(), identifier, ownFolder); // would end the test
+    EXPECT_THAT(applications.running(marks(ownFolder)), testing::Not(testing::Contains(::getpid())));
+    applications.requestQuit(::getpid(), marks(ownFolder)); // would end the test
 }
 
 TEST_F(LinuxApplicationsTest, ADeletedExecutableIsStillThatOfItsBundle)
@@ -302,6 +308,114 @@ TEST_F(LinuxApplicationsTest, NumbersOfAnotherNamespaceAreNotTaken)
     const std::string script = "'" + shell + "' -c '\"$probe\" running \"" + disk / "Foo.app" + "\"; true'";
     EXPECT_EQ(home.runSandboxed({"--unshare-pid", "--proc", "/proc"}, script), "1");
     EXPECT_EQ(home.runSandboxed({"--unshare-pid"}, script), "0") << "\"/proc\" is that of the machine";
+}
+
+/// The view of the kernel on processes, made up. Nothing in it may be asked to quit, for the numbers are real ones.
+class MadeUpProcessesTest : public testing::Test {
+protected:
+    MadeUpProcessesTest() { add("self", "/usr/bin/corvane"); }
+
+    void add(const std::string &name, const std::string &executable, const std::string &cgroup = "0::/init.scope\n",
+             const std::string &environment = {}, const std::string &numbers = "7",
+             const std::string &user = std::to_string(::getuid())) const
+    {
+        disk.writeText(name + "/status", "Name:\tx\nUid:\t" + user + "\t" + user + "\nNSpid:\t" + numbers + "\n");
+        disk.writeText(name + "/cgroup", cgroup);
+        disk.writeText(name + "/environ", environment);
+        std::filesystem::create_symlink(executable, disk / (name + "/exe"));
+    }
+    [[nodiscard]] std::vector<std::int64_t> running(const ProgramMarks &app) const
+    {
+        return LinuxApplications(disk.path()).running(app);
+    }
+    [[nodiscard]] std::vector<std::int64_t> runningFlatpak(const std::string &id) const
+    {
+        return running({.bundleID = id, .bundlePath = {}, .flatpak = id, .snap = {}});
+    }
+    [[nodiscard]] std::vector<std::int64_t> runningSnap(const std::string &name) const
+    {
+        return running({.bundleID = name, .bundlePath = {}, .flatpak = {}, .snap = name});
+    }
+    [[nodiscard]] std::vector<std::int64_t> runningPrograms(const std::vector<std::string> &programs) const
+    {
+        return running({.bundleID = {}, .bundlePath = {}, .flatpak = {}, .snap = {}, .programs = programs});
+    }
+
+    const TemporaryFolder disk;
+};
+
+TEST_F(MadeUpProcessesTest, AFlatpakIsToldByItsGroup)
+{
+    const std::string slice = "0::/user.slice/user-1000.slice/app.slice/";
+    add("11", "/app/bin/chart", slice + "app-flatpak-org.sea.Chart-4711.scope\n");
+    add("12", "/app/bin/chart", slice + "app-flatpak-org.sea.Chart\\x2dDevel-4711.scope\n");
+    add("13", "/app/bin/chart", slice + "app-flatpak-org.sea.Charts-4711.scope\n");
+    add("14", "/app/bin/chart", slice + "app-flatpak-org.sea.Chart-Devel-4711.scope\n");
+    EXPECT_THAT(runningFlatpak("org.sea.Chart"), ElementsAre(11));
+    EXPECT_THAT(runningFlatpak("org.sea.Chart-Devel"), UnorderedElementsAre(12, 14));
+    EXPECT_THAT(runningFlatpak("org.sea"), IsEmpty());
+}
+
+TEST_F(MadeUpProcessesTest, AFlatpakWithoutAGroupIsToldByItsSandbox)
+{
+    add("11", "/app/bin/chart", "0::/\n", {}, "11\t2");
+    disk.writeText("11/root/.flatpak-info", "[Application]\nname=org.sea.Chart\nruntime=x\n");
+    add("12", "/app/bin/chart", "0::/\n", {}, "12");
+    disk.writeText("12/root/.flatpak-info", "[Application]\nname=org.sea.Chart\n");
+    add("13", "/app/bin/chart", "0::/\n", {}, "13\t2");
+    ASSERT_EQ(::mkfifo((disk / "13/root.pipe").c_str(), 0600), 0);
+    disk.makeFolder("13/root");
+    std::filesystem::rename(disk / "13/root.pipe", disk / "13/root/.flatpak-info");
+    EXPECT_THAT(runningFlatpak("org.sea.Chart"), ElementsAre(11));
+}
+
+TEST_F(MadeUpProcessesTest, ASnapIsToldByItsGroup)
+{
+    add("21", "/snap/chart/1/bin/chart", "0::/user.slice/app.slice/snap.chart.chart-0a1b.scope\n");
+    add("22", "/usr/bin/python3", "0::/user.slice/app.slice/snap.sea\\x2dchart.map-0a1b.scope\n");
+    add("23", "/usr/bin/python3", "0::/system.slice/snap.charts.daemon.service\n");
+    EXPECT_THAT(runningSnap("chart"), ElementsAre(21));
+    EXPECT_THAT(runningSnap("sea-chart"), ElementsAre(22));
+    EXPECT_THAT(runningSnap("sea"), IsEmpty());
+}
+
+TEST_F(MadeUpProcessesTest, AnAppImageIsToldByWhereItIsMounted)
+{
+    const std::string image = "/home/u/Chart.AppImage";
+    const std::string environment = std::string("HOME=/home/u") + '\0' + "APPIMAGE=" + image + '\0';
+    add("31", image);
+    add("32", "/tmp/.mount_ChartXy/usr/bin/chart", "0::/\n", environment);
+    add("33", "/usr/bin/vim", "0::/\n", environment); // started by it, and none of it
+    add("34", "/tmp/.mount_Other/usr/bin/other", "0::/\n", std::string("APPIMAGE=/home/u/Other.AppImage") + '\0');
+    EXPECT_THAT(runningPrograms({image}), UnorderedElementsAre(31, 32));
+}
+
+TEST_F(MadeUpProcessesTest, APackageIsToldByItsProgramsAndFoldersOfPrograms)
+{
+    add("41", "/usr/bin/chart");
+    add("42", "/usr/lib/chart/helper (deleted)");
+    add("43", "/usr/bin/charts");
+    add("44", "/usr/lib/chart-other/x");
+    EXPECT_THAT(runningPrograms({"/usr/bin/chart", "/usr/lib/chart"}), UnorderedElementsAre(41, 42));
+}
+
+TEST_F(MadeUpProcessesTest, FoldersOfEverybodyAreNobodysPrograms)
+{
+    add("51", "/usr/bin/chart");
+    EXPECT_THAT(runningPrograms({"/", "/usr", ""}), IsEmpty());
+}
+
+TEST_F(MadeUpProcessesTest, ProcessesOfOtherUsersAreNone)
+{
+    add("61", "/usr/bin/chart", "0::/\n", {}, "61", std::to_string(::getuid() + 1));
+    EXPECT_THAT(runningPrograms({"/usr/bin/chart"}), IsEmpty());
+}
+
+TEST_F(MadeUpProcessesTest, ASandboxSeesTheNumbersOfOthers)
+{
+    add("71", "/usr/bin/chart");
+    disk.writeText("self/status", "NSpid:\t900\t2\n");
+    EXPECT_THAT(runningPrograms({"/usr/bin/chart"}), IsEmpty());
 }
 
 TEST_F(LinuxApplicationsTest, NoBundleHasADateOfItsLastUse)

@@ -122,7 +122,7 @@ int run(std::string_view question, const std::string &subject)
         return 0;
     }
     if (question == "running") {
-        std::cout << host.applications.running({}, subject).size() << '\n';
+        std::cout << host.applications.running({.bundleID = {}, .bundlePath = subject, .flatpak = {}, .snap = {}}).size() << '\n';
         return 0;
     }
     if (question == "mounts") {
