@@ -151,6 +151,37 @@ TEST_F(BundleIconsTest, APipeInPlaceOfThePictureIsNotWaitedFor)
     EXPECT_TRUE(isDrawn());
 }
 
+TEST_F(BundleIconsTest, APictureByItselfIsAnIcon)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    plain(ownColor).save(&buffer, "PNG");
+    folder.writeText("chart.png", buffer.data().toStdString());
+    folder.writeText("chart.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"48\" height=\"48\">"
+                                  "<rect width=\"48\" height=\"48\" fill=\"#e0662b\"/></svg>");
+    for (const char *const name : {"chart.png", "chart.svg"}) {
+        const QImage icon = provider.requestImage(bundleIconKey(folder / name), nullptr, QSize(64, 64));
+        EXPECT_EQ(icon.pixelColor(32, 32), ownColor) << name;
+    }
+}
+
+TEST_F(BundleIconsTest, APictureThatUnfoldsToGigabytesIsNotRead)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    plain(ownColor).save(&buffer, "PNG");
+    std::string png = buffer.data().toStdString();
+    png.replace(16, 8, std::string("\0\0\xff\xff\0\0\xff\xff", 8)); // its size in pixels
+    folder.writeText("bomb.png", png);
+    folder.writeText("large.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"4\" height=\"4\">" +
+                                      std::string(600'000, ' ') + "<rect width=\"4\" height=\"4\"/></svg>");
+    ASSERT_EQ(::mkfifo((folder / "pipe.svg").c_str(), 0600), 0);
+    ASSERT_EQ(::symlink("/dev/zero", (folder / "zero.png").c_str()), 0);
+    const QImage drawn = drawnBundleIcon(128).scaled(64, 64, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    for (const char *const name : {"bomb.png", "large.svg", "pipe.svg", "zero.png", "missing.png", "text.svg"})
+        EXPECT_EQ(provider.requestImage(bundleIconKey(folder / name), nullptr, QSize(64, 64)), drawn) << name;
+}
+
 TEST_F(BundleIconsTest, APictureThatIsLargerThanAnyUseIsMadeSmaller)
 {
     addBundle("<string>Kite.icns</string>", "Kite.icns", plain(ownColor, 512));

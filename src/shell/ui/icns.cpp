@@ -71,6 +71,11 @@ std::string_view findPng(std::string_view icns, int pixels)
     return best;
 }
 
+std::string_view iconPng(std::string_view picture)
+{
+    return pngWidth(picture) ? picture : std::string_view();
+}
+
 std::string pixelsAlone(std::string_view png)
 {
     std::string pixels(png.substr(0, pngMarkSize));

@@ -14,6 +14,9 @@ namespace corvane {
 /// them is read.
 [[nodiscard]] std::string_view findPng(std::string_view icns, int pixels);
 
+/// The picture itself where it is a PNG of a size that icons have; empty for any other. Any thread.
+[[nodiscard]] std::string_view iconPng(std::string_view picture);
+
 /// The same PNG with nothing but what its pixels are made of. Texts, which a picture may carry by the thousand, unfold
 /// to megabytes each when the picture is read. Ends where the bytes are no PNG any more. Any thread.
 [[nodiscard]] std::string pixelsAlone(std::string_view png);

@@ -1,12 +1,15 @@
-// Where the system knows nothing of bundles: the picture that a bundle names and brings along.
+// Where the system knows nothing of bundles: the picture that a bundle names and brings along, or the picture that was
+// found for an application.
 
 #include <cstddef>
 #include <optional>
 
+#include "platform/ascii_case.h"
 #include "platform/host.h"
 #include "platform/path.h"
 #include "platform/property_list.h"
 #include "shell/ui/icns.h"
+#include "shell/ui/linux/svg_icon.h"
 #include "shell/ui/system_file_icon.h"
 
 namespace corvane {
@@ -15,6 +18,7 @@ namespace {
 
 constexpr std::size_t largestList = 1'000'000;    // bytes
 constexpr std::size_t largestPicture = 8'000'000; // bytes
+constexpr std::size_t largestDrawing = 512'000;   // bytes
 
 /// The bytes of a file; empty where it cannot be read or is larger than that.
 std::string contents(const std::string &path, std::size_t most)
@@ -35,19 +39,29 @@ std::string iconName(const std::string &bundle)
     return nameExtension(*name).empty() ? *name + ".icns" : *name;
 }
 
+QImage read(std::string_view picture)
+{
+    const std::string png = pixelsAlone(picture);
+    const QImage image =
+        QImage::fromData(reinterpret_cast<const uchar *>(png.data()), static_cast<int>(png.size()), "PNG");
+    // Scaling a picture that has a palette gives another palette, with patterns of points for the colours it lacks.
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
 } // namespace
 
 QImage systemBundleIcon(const std::string &path, int pixels)
 {
+    const std::string ending = lowerAscii(std::string(nameExtension(lastPathComponent(path))));
+    if (ending == "png")
+        return read(iconPng(contents(path, largestPicture)));
+    if (ending == "svg")
+        return drawnIcon(contents(path, largestDrawing), pixels);
     const std::string name = iconName(path);
     if (name.empty())
         return {};
     const std::string icns = contents(path + "/Contents/Resources/" + name, largestPicture);
-    const std::string png = pixelsAlone(findPng(icns, pixels));
-    const QImage picture =
-        QImage::fromData(reinterpret_cast<const uchar *>(png.data()), static_cast<int>(png.size()), "PNG");
-    // Scaling a picture that has a palette gives another palette, with patterns of points for the colours it lacks.
-    return picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return read(findPng(icns, pixels));
 }
 
 } // namespace corvane
