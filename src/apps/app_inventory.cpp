@@ -151,8 +151,8 @@ std::optional<BundleInfo> AppInventory::readBundle(const std::string &path, File
 AppInventory::Result AppInventory::load(const Host &host, const ProtectedLocations &locations, Time now,
                                         const StopFlag &stop)
 {
-    const auto loadAll = host.files.systemKind() == SystemKind::mac ? loadBundles : loadLinuxApps;
-    return loadAll(host, locations, now, stop);
+    return host.files.systemKind() == SystemKind::mac ? loadBundles(host, locations, now, stop)
+                                                      : loadLinuxApps(host, locations, now, stop);
 }
 
 std::vector<InstalledApp> largestFirst(std::vector<std::optional<InstalledApp>> measured)

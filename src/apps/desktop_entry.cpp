@@ -1,11 +1,13 @@
 #include "apps/desktop_entry.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <utility>
 #include <vector>
 
 #include "core/words/utf8.h"
+#include "platform/environment.h"
 #include "platform/path.h"
 #include "platform/patient_open.h"
 #include "platform/walk_conditions.h"
@@ -87,6 +89,9 @@ std::vector<std::string> wordsOf(std::string_view command)
         } else if (each == '\\' && i + 1 < command.size()) {
             word += command[++i];
             isWord = true;
+        } else if (each == '%' && i + 1 < command.size() && command[i + 1] == '%') {
+            word += command[++i];
+            isWord = true;
         } else if (!isQuoted && (each == ' ' || each == '\t')) {
             if (isWord)
                 words.push_back(std::exchange(word, {}));
@@ -101,10 +106,9 @@ std::vector<std::string> wordsOf(std::string_view command)
     return words;
 }
 
-/// What the command really starts: behind the settings of variables, and inside a Flatpak.
-std::string programOf(std::string_view command)
+/// What the words of a command really start: behind the settings of variables, and inside a Flatpak.
+std::string programOf(const std::vector<std::string> &words)
 {
-    const std::vector<std::string> words = wordsOf(command);
     auto word = words.begin();
     if (word != words.end() && lastPathComponent(*word) == "env") {
         ++word;
@@ -121,6 +125,43 @@ std::string programOf(std::string_view command)
     return named == words.end() ? std::string() : named->substr(option.size());
 }
 
+/// Browsers and game libraries make such entries by the dozen; the program that they start is not what they are
+/// called.
+bool opensInAnother(const std::vector<std::string> &words)
+{
+    constexpr std::array<std::string_view, 6> marks{
+        "--app=", "--app-id=", "--profile-directory=", "steam://", "lutris:", "heroic://"};
+    return std::ranges::any_of(words, [&](const std::string &word) {
+        return std::ranges::any_of(marks, [&](std::string_view mark) { return word.starts_with(mark); });
+    });
+}
+
+/// The endings of the keys for a locale "language_COUNTRY.ENCODING@MODIFIER", the best first.
+std::vector<std::string> localeEndings(std::string_view locale)
+{
+    std::string_view modifier;
+    if (const std::size_t at = locale.find('@'); at != std::string_view::npos) {
+        modifier = locale.substr(at);
+        locale = locale.substr(0, at);
+    }
+    locale = locale.substr(0, locale.find('.'));
+    const std::string_view language = locale.substr(0, locale.find('_'));
+    std::vector<std::string> endings;
+    if (language.empty() || language == "C" || language == "POSIX")
+        return endings;
+    for (const std::string_view place : {locale, language}) {
+        if (!modifier.empty())
+            endings.push_back("[" + std::string(place) + std::string(modifier) + "]");
+        endings.push_back("[" + std::string(place) + "]");
+    }
+    return endings;
+}
+
+bool isName(const std::string &text)
+{
+    return isValidUtf8(text) && text.find_first_not_of(' ') != std::string::npos;
+}
+
 } // namespace
 
 std::optional<std::string_view> desktopFileID(std::string_view name)
@@ -130,7 +171,7 @@ std::optional<std::string_view> desktopFileID(std::string_view name)
     return name.substr(0, name.size() - ending.size());
 }
 
-std::optional<DesktopEntry> DesktopEntry::parse(std::string_view path, std::string_view text)
+std::optional<DesktopEntry> DesktopEntry::parse(std::string_view path, std::string_view text, std::string_view locale)
 {
     const std::optional<std::string_view> id = desktopFileID(lastPathComponent(path));
     const std::map<std::string_view, std::string_view> values = valuesIn(text);
@@ -138,24 +179,33 @@ std::optional<DesktopEntry> DesktopEntry::parse(std::string_view path, std::stri
         const auto found = values.find(key);
         return found == values.end() ? std::string() : unescaped(found->second);
     };
-    const std::string name = shortened(value("Name"));
-    if (!id || value("Type") != "Application" || !isValidUtf8(name) || name.find_first_not_of(' ') == std::string::npos)
+    std::string name = shortened(value("Name"));
+    if (!id || value("Type") != "Application" || !isName(name))
         return std::nullopt;
+    for (const std::string &ending : localeEndings(locale)) {
+        if (std::string translated = shortened(value("Name" + ending)); isName(translated)) {
+            name = std::move(translated);
+            break;
+        }
+    }
+    const std::vector<std::string> command = wordsOf(value("Exec"));
     return DesktopEntry{.path = std::string(path),
                         .id = std::string(*id),
                         .name = name,
-                        .program = programOf(value("Exec")),
+                        .program = programOf(command),
                         .icon = value("Icon"),
                         .windowClass = value("StartupWMClass"),
                         .snap = value("X-SnapInstanceName"),
-                        .isShown = value("NoDisplay") != "true" && value("Hidden") != "true"};
+                        .version = value("X-AppImage-Version"),
+                        .isShown = value("NoDisplay") != "true" && value("Hidden") != "true",
+                        .isShortcut = opensInAnother(command)};
 }
 
 std::optional<DesktopEntry> DesktopEntry::read(const std::string &path, FileSystem &files)
 {
     const WalkConditions conditions;
     const auto text = openPatiently([&] { return files.readFile(path, longestFile); });
-    return text ? parse(path, *text) : std::nullopt;
+    return text ? parse(path, *text, Environment::messageLocale()) : std::nullopt;
 }
 
 } // namespace corvane

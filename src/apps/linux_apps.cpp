@@ -2,12 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstring>
 #include <functional>
 #include <map>
 #include <set>
 #include <utility>
 
+#include "apps/app_description.h"
 #include "apps/desktop_entry.h"
+#include "apps/icon_search.h"
 #include "apps/leftover_rules.h"
 #include "apps/linux_data.h"
 #include "apps/name_pieces.h"
@@ -17,6 +21,7 @@
 #include "core/foreign_sum.h"
 #include "core/size_walk.h"
 #include "core/words/lower_case.h"
+#include "platform/file_reader.h"
 #include "platform/path.h"
 #include "platform/patient_open.h"
 #include "platform/walk_conditions.h"
@@ -80,28 +85,6 @@ std::vector<DesktopEntry> entriesIn(const std::string &folder, const Surrounding
     return entries;
 }
 
-// --- Pictures
-
-/// The file of an entry's picture: one that it names, or one of that name in the folders of icons. Empty for none.
-std::string iconFile(const std::string &icon, const std::vector<std::string> &shares, FileSystem &files)
-{
-    constexpr std::array<std::string_view, 5> sizes{"128x128", "256x256", "64x64", "512x512", "48x48"};
-    if (icon.starts_with('/'))
-        return icon;
-    if (icon.empty() || icon.find('/') != std::string::npos)
-        return {};
-    std::vector<std::string> places;
-    for (const std::string &share : shares) {
-        for (const std::string_view size : sizes)
-            places.push_back(joined(share, "icons/hicolor/" + std::string(size) + "/apps/" + icon + ".png"));
-        places.push_back(joined(share, "icons/hicolor/scalable/apps/" + icon + ".svg"));
-        places.push_back(joined(share, "pixmaps/" + icon + ".png"));
-        places.push_back(joined(share, "pixmaps/" + icon + ".svg"));
-    }
-    const auto found = std::ranges::find_if(places, [&](const std::string &path) { return files.exists(path); });
-    return found == places.end() ? std::string() : *found;
-}
-
 // --- Names
 
 /// What an application goes by, as its entries tell.
@@ -123,12 +106,48 @@ DataOwner ownerOf(const std::vector<DesktopEntry> &entries, std::string place)
     return owner;
 }
 
-/// Letters and digits alone, in lower case: "Signal Deck" and "signal-deck" are the same name.
-std::string lettersOf(std::string_view name)
+bool isSeparator(char each)
 {
+    return std::string_view(" -_.").find(each) != std::string_view::npos;
+}
+
+/// Whether a folder bears a name, whatever separates its words: "Signal Deck" and "signal-deck-2.1" are the same, while
+/// "Games" is not called after "Game". Letters alone may follow behind a separator.
+bool bearsName(std::string_view folder, std::string_view name)
+{
+    constexpr std::size_t shortest = 3;
+    const std::string lowered = lowerCase(folder);
     std::string letters = lowerCase(name);
-    std::erase_if(letters, [](char each) { return std::string_view(" -_.").find(each) != std::string_view::npos; });
-    return letters;
+    std::erase_if(letters, isSeparator);
+    if (letters.size() < shortest)
+        return false;
+    std::size_t taken = 0;
+    std::size_t at = 0;
+    for (; at < lowered.size() && taken < letters.size(); ++at) {
+        if (lowered[at] == letters[taken])
+            ++taken;
+        else if (!isSeparator(lowered[at]))
+            return false;
+    }
+    const bool isWhole = at == lowered.size() || isSeparator(lowered[at]) || (lowered[at] >= '0' && lowered[at] <= '9');
+    return taken == letters.size() && isWhole;
+}
+
+/// The version in a name such as "Chart-1.2.3-x86_64.AppImage": the first of its parts that looks like one.
+std::string versionIn(std::string_view name)
+{
+    for (std::size_t start = 0; start < name.size();) {
+        const std::size_t end = std::min(name.find_first_of(" -_", start), name.size());
+        std::string_view part = name.substr(start, end - start);
+        start = end + 1;
+        if (part.starts_with('v') || part.starts_with('V'))
+            part.remove_prefix(1);
+        const bool isNumbered = !part.empty() && part.front() >= '0' && part.front() <= '9';
+        if (isNumbered && part.find('.') != std::string_view::npos && part.size() <= longestVersion &&
+            isPlainName(part) && !part.ends_with('.'))
+            return std::string(part);
+    }
+    return {};
 }
 
 // --- Flatpaks
@@ -138,26 +157,7 @@ struct FlatpakFolder {
     std::string command;
 };
 
-/// The version of the newest release that a description names; empty where it names none.
-std::string newestRelease(std::string_view description)
-{
-    const std::size_t release = description.find("<release ");
-    if (release == std::string_view::npos)
-        return {};
-    const std::string_view tag = description.substr(release, description.find('>', release) - release);
-    constexpr std::string_view key = " version=";
-    const std::size_t start = tag.find(key);
-    if (start == std::string_view::npos || start + key.size() >= tag.size())
-        return {};
-    const char quote = tag[start + key.size()];
-    const std::string_view rest = tag.substr(start + key.size() + 1);
-    const std::string_view version = rest.substr(0, rest.find(quote));
-    const bool isPlain = (quote == '"' || quote == '\'') && version.size() < rest.size() &&
-                         version.size() <= longestVersion && isPlainName(version);
-    return isPlain ? std::string(version) : std::string();
-}
-
-std::string flatpakVersion(const std::string &app, const std::string &id, FileSystem &files)
+AppDescription flatpakDescription(const std::string &app, const std::string &id, FileSystem &files)
 {
     const WalkConditions conditions;
     for (const std::string &file :
@@ -165,13 +165,14 @@ std::string flatpakVersion(const std::string &app, const std::string &id, FileSy
         const auto text = openPatiently(
             [&] { return files.readFile(joined(app, "current/active/files/share/" + file), longestDescription); });
         if (text)
-            return newestRelease(*text);
+            return AppDescription::parse(*text);
     }
     return {};
 }
 
 /// A Flatpak may be there several times, once for each of its branches: together they are one.
-std::optional<Found> flatpakAt(const FlatpakFolder &folder, const std::string &id, const Surroundings &surroundings)
+std::optional<Found> flatpakAt(const FlatpakFolder &folder, const std::string &id, const IconSearch &icons,
+                               const Surroundings &surroundings)
 {
     FileSystem &files = surroundings.files;
     const std::string place = joined(folder.path, "app/" + id);
@@ -180,16 +181,19 @@ std::optional<Found> flatpakAt(const FlatpakFolder &folder, const std::string &i
         DesktopEntry::read(joined(share, "applications/" + id + ".desktop"), files);
     if (id == ownID || (entry && !entry->isShown))
         return std::nullopt;
+    AppDescription description = flatpakDescription(place, id, files);
+    if (description.name.empty())
+        description.name = id;
     Found found{
         .app = {.path = place,
-                .name = entry ? entry->name : id,
+                .name = entry ? entry->name : description.name,
                 .bundleID = id,
-                .version = flatpakVersion(place, id, files),
+                .version = description.version,
                 .lastUsed = {},
                 .leftovers = {},
                 .source = Source::flatpak,
                 .removeCommand = folder.command + id,
-                .icon = entry ? iconFile(entry->icon, {share}, files) : std::string()},
+                .icon = icons.find(entry ? entry->icon : id)},
         .owner = ownerOf(entry ? std::vector{*entry} : std::vector<DesktopEntry>(), place),
         .size = [place, &surroundings]() -> std::int64_t {
             const WalkConditions conditions;
@@ -239,7 +243,19 @@ std::string snapVersion(const std::string &snap, FileSystem &files)
     return version.size() <= longestVersion && isPlainName(version) ? version : std::string();
 }
 
-std::vector<Found> snaps(const SnapImages &images, const Surroundings &surroundings)
+/// The picture of a Snap lies in its image, where its entry names it or not.
+std::string snapIcon(const std::string &snap, const DesktopEntry &entry, const IconSearch &icons, FileSystem &files)
+{
+    if (std::string named = icons.find(entry.icon); !named.empty() && files.exists(named))
+        return named;
+    for (const char *const own : {"icon.png", "icon.svg"}) {
+        if (std::string path = joined(mountedSnaps, snap + "/current/meta/gui/" + own); files.exists(path))
+            return path;
+    }
+    return {};
+}
+
+std::vector<Found> snaps(const SnapImages &images, const IconSearch &icons, const Surroundings &surroundings)
 {
     std::map<std::string, std::vector<DesktopEntry>> entries;
     for (DesktopEntry &entry : entriesIn(std::string(snapEntries), surroundings)) {
@@ -259,7 +275,7 @@ std::vector<Found> snaps(const SnapImages &images, const Surroundings &surroundi
                            .leftovers = {},
                            .source = Source::snap,
                            .removeCommand = "sudo snap remove " + snap,
-                           .icon = iconFile(entry.icon, {"/usr/share"}, surroundings.files)},
+                           .icon = snapIcon(snap, entry, icons, surroundings.files)},
                    .owner = ownerOf(shown, entry.path),
                    .size = [paths = images.byName.at(snap), &surroundings] {
                        ForeignSum sum;
@@ -278,7 +294,7 @@ std::vector<Found> snaps(const SnapImages &images, const Surroundings &surroundi
 
 // --- Packages
 
-Found foundOf(const PackageRecord &package, FileSystem &files)
+Found foundOf(const PackageRecord &package, const IconSearch &icons)
 {
     const DesktopEntry &entry = package.entries.front();
     return {.app = {.path = entry.path,
@@ -289,7 +305,8 @@ Found foundOf(const PackageRecord &package, FileSystem &files)
                     .leftovers = {},
                     .source = Source::package,
                     .removeCommand = package.removeCommand,
-                    .icon = iconFile(entry.icon, {"/usr/share"}, files)},
+                    .icon = icons.find(entry.icon),
+                    .programs = package.programs},
             .owner = ownerOf(package.entries, entry.path),
             .size = [size = package.size] { return size; }};
 }
@@ -311,27 +328,46 @@ bool isAppImage(std::string_view path)
     return lowerCase(nameExtension(lastPathComponent(path))) == "appimage";
 }
 
+/// Whether it is machine code. A script that lies in a folder of documents would make an application of that.
+bool isMachineCode(const std::string &path, FileSystem &files)
+{
+    constexpr std::array<char, 4> mark{'\x7f', 'E', 'L', 'F'};
+    std::array<std::byte, mark.size()> start{};
+    const auto opened = files.openFile(path);
+    if (!opened)
+        return false;
+    const Expected<std::size_t> count = (*opened)->read(0, start);
+    return count && *count == start.size() && std::memcmp(start.data(), mark.data(), mark.size()) == 0;
+}
+
 /// The folder that was unpacked with the program in it: it bears the name of the program or of its entry, so that the
 /// folder of a user's own scripts is none. Nothing where its contents may be the user's own as well.
 std::optional<std::string> unpackedFolder(const std::string &program, const DesktopEntry &entry, const LinuxData &data,
                                           const Surroundings &surroundings)
 {
-    constexpr std::size_t shortest = 3;
-    constexpr std::array<std::string_view, 4> signsOfWork{".git", ".hg", ".svn", ".bzr"};
+    constexpr std::array<std::string_view, 14> signsOfWork{
+        ".git", ".hg",     ".svn",  ".bzr",       "Makefile",       "CMakeLists.txt", "meson.build",
+        "src",  ".vscode", ".idea", "Cargo.toml", "pyproject.toml", "go.mod",         "configure.ac"};
+    // Directly in the home these hold what many programs, or the user, have brought.
+    constexpr std::array<std::string_view, 17> gatheringFolders{
+        "applications", "apps",  "bin",      "builds",  "dropbox", "games", "nextcloud", "onedrive", "opt",
+        "programs",     "repos", "software", "sources", "sync",    "tools", "work",      "workspace"};
     FileSystem &files = surroundings.files;
     const std::string &home = surroundings.locations.home();
     std::string_view folder = containingFolder(program);
-    if (lastPathComponent(folder) == "bin")
+    const bool isInBin = lastPathComponent(folder) == "bin";
+    if (isInBin)
         folder = containingFolder(folder);
     if (!liesBeneath(folder, home) || data.touchesDocuments(folder) || data.isDataPlace(folder))
         return std::nullopt;
-    const std::string name = lettersOf(lastPathComponent(folder));
-    const auto isNamedAfter = [&](std::string_view other) {
-        const std::string letters = lettersOf(other);
-        return letters.size() >= shortest && name.starts_with(letters);
-    };
+    if (!isInBin && !isMachineCode(program, files))
+        return std::nullopt;
+    const std::string_view name = lastPathComponent(folder);
+    if (containingFolder(folder) == home &&
+        std::ranges::find(gatheringFolders, lowerCase(name)) != gatheringFolders.end())
+        return std::nullopt;
     const std::string_view file = lastPathComponent(program);
-    if (!isNamedAfter(entry.name) && !isNamedAfter(entry.id) && !isNamedAfter(file.substr(0, file.rfind('.'))))
+    if (!bearsName(name, entry.name) && !bearsName(name, entry.id) && !bearsName(name, file.substr(0, file.rfind('.'))))
         return std::nullopt;
     std::string path(folder);
     if (surroundings.locations.isProtected(path, files) ||
@@ -340,9 +376,10 @@ std::optional<std::string> unpackedFolder(const std::string &program, const Desk
     return path;
 }
 
-std::optional<Found> foundInHome(const DesktopEntry &entry, const LinuxData &data, const Surroundings &surroundings)
+std::optional<Found> foundInHome(const DesktopEntry &entry, const LinuxData &data, const IconSearch &icons,
+                                 const Surroundings &surroundings)
 {
-    if (!entry.program.starts_with('/'))
+    if (!entry.program.starts_with('/') || entry.isShortcut)
         return std::nullopt;
     const std::optional<std::string> program = placeInHome(entry.program, surroundings);
     if (!program)
@@ -354,30 +391,36 @@ std::optional<Found> foundInHome(const DesktopEntry &entry, const LinuxData &dat
     const std::optional<std::string> place = isImage ? program : unpackedFolder(*program, entry, data, surroundings);
     if (!place)
         return std::nullopt;
-    const bool isLauncherFree = !surroundings.locations.isProtected(entry.path, surroundings.files);
-    const std::string share = LinuxData::dataFolder(surroundings.locations.home(), surroundings.files);
+    std::string_view called = lastPathComponent(*place);
+    if (isImage)
+        called.remove_suffix(nameExtension(called).size() + 1);
+    const bool isLauncherFree =
+        !surroundings.locations.isProtected(entry.path, surroundings.files) && !data.touchesDocuments(entry.path);
+    const bool tellsVersion = entry.version.size() <= longestVersion && isPlainName(entry.version);
+    const std::string realPlace = surroundings.files.realPath(*place).value_or(*place);
     return Found{
         .app = {.path = *place,
                 .name = entry.name,
                 .bundleID = entry.id,
-                .version = {},
+                .version = tellsVersion ? entry.version : versionIn(called),
                 .lastUsed = {},
                 .leftovers = {},
                 .source = isImage ? Source::appImage : Source::none,
                 .launcher = isLauncherFree ? entry.path : std::string(),
-                .icon = iconFile(entry.icon, {share, "/usr/share"}, surroundings.files)},
+                .icon = icons.find(entry.icon),
+                .programs = {realPlace}},
         .owner = ownerOf({entry}, *place),
         .size = [path = *place, &surroundings] { return allocatedSize(path, surroundings.files, surroundings.stop); }};
 }
 
 /// Those in the home folder; of several entries for one application the first counts.
-std::vector<Found> appsInHome(const LinuxData &data, const Surroundings &surroundings)
+std::vector<Found> appsInHome(const LinuxData &data, const IconSearch &icons, const Surroundings &surroundings)
 {
     std::vector<Found> found;
     const std::string folder =
         joined(LinuxData::dataFolder(surroundings.locations.home(), surroundings.files), "applications");
     for (const DesktopEntry &entry : entriesIn(folder, surroundings)) {
-        std::optional<Found> each = foundInHome(entry, data, surroundings);
+        std::optional<Found> each = foundInHome(entry, data, icons, surroundings);
         const auto isKnown = [&](const Found &other) { return other.app.path == each->app.path; };
         if (each && std::ranges::none_of(found, isKnown))
             found.push_back(*std::move(each));
@@ -389,20 +432,23 @@ std::vector<Found> appsInHome(const LinuxData &data, const Surroundings &surroun
 
 class Inventory {
 public:
-    explicit Inventory(const Surroundings &surroundings) : m_surroundings(surroundings), m_data(surroundings) {}
+    explicit Inventory(const Surroundings &surroundings)
+        : m_surroundings(surroundings), m_data(surroundings), m_icons(surroundings.files)
+    {
+    }
 
-    void find()
+    void find(const ToolRunner &runTool)
     {
         const std::string dataFolder = LinuxData::dataFolder(m_surroundings.locations.home(), m_surroundings.files);
         findFlatpaks({{std::string(systemFlatpaks), "flatpak uninstall "},
                       {joined(dataFolder, "flatpak"), "flatpak uninstall --user "}});
         findSnaps();
-        for (const PackageRecord &package : readPackages(m_surroundings.files, m_surroundings.stop)) {
+        for (const PackageRecord &package : readPackages(m_surroundings.files, runTool, m_surroundings.stop)) {
             const auto isOwn = [](const DesktopEntry &entry) { return entry.id == ownID; };
             if (std::ranges::none_of(package.entries, isOwn))
-                m_found.push_back(foundOf(package, m_surroundings.files));
+                m_found.push_back(foundOf(package, m_icons));
         }
-        std::ranges::move(appsInHome(m_data, m_surroundings), std::back_inserter(m_found));
+        std::ranges::move(appsInHome(m_data, m_icons, m_surroundings), std::back_inserter(m_found));
         for (const std::string_view folder : systemEntries)
             noteEntriesIn(std::string(folder));
         noteEntriesIn(std::string(snapEntries));
@@ -437,7 +483,7 @@ private:
                     continue;
                 ids.insert(lowerCase(id));
                 m_installed.ids.push_back(lowerCase(id));
-                if (std::optional<Found> found = flatpakAt(folder, id, m_surroundings))
+                if (std::optional<Found> found = flatpakAt(folder, id, m_icons, m_surroundings))
                     m_found.push_back(*std::move(found));
             }
         }
@@ -455,7 +501,7 @@ private:
             names.insert(lowerCase(name));
         for (const std::string &name : sortedNames(std::string(mountedSnaps), m_surroundings, areAllKnown))
             names.insert(lowerCase(name));
-        std::ranges::move(snaps(images, m_surroundings), std::back_inserter(m_found));
+        std::ranges::move(snaps(images, m_icons, m_surroundings), std::back_inserter(m_found));
         if (areAllKnown)
             m_installed.snaps = std::move(names);
     }
@@ -484,6 +530,7 @@ private:
 
     const Surroundings &m_surroundings;
     const LinuxData m_data;
+    const IconSearch m_icons;
     InstalledNames m_installed;
     std::vector<Found> m_found;
 };
@@ -491,12 +538,18 @@ private:
 } // namespace
 
 AppInventory::Result loadLinuxApps(const Host &host, const ProtectedLocations &locations, Time now,
-                                   const StopFlag &stop)
+                                   const ToolRunner &runTool, const StopFlag &stop)
 {
     const Surroundings surroundings{.files = host.files, .locations = locations, .now = now, .stop = stop};
     Inventory inventory(surroundings);
-    inventory.find();
+    inventory.find(runTool);
     return inventory.measured();
+}
+
+AppInventory::Result loadLinuxApps(const Host &host, const ProtectedLocations &locations, Time now,
+                                   const StopFlag &stop)
+{
+    return loadLinuxApps(host, locations, now, Shell::runner(stop), stop);
 }
 
 } // namespace corvane

@@ -68,9 +68,18 @@ LinuxData::LinuxData(const AppInventory::Surroundings &surroundings) : m_surroun
 {
     FileSystem &files = surroundings.files;
     const std::string &home = surroundings.locations.home();
-    m_documents = files.userFolders();
+    std::vector<std::string> documents = files.userFolders();
     for (const std::string_view folder : documentFolders)
-        m_documents.push_back(joined(home, folder));
+        documents.push_back(joined(home, folder));
+    // A folder behind a link has its real path, too, and that may be written beneath the home's other path.
+    const std::string &realHome = surroundings.locations.realHome();
+    for (std::string &folder : documents) {
+        std::string real = files.realPath(folder).value_or(folder);
+        if (liesBeneath(real, realHome))
+            m_documents.push_back(home + real.substr(realHome.size()));
+        m_documents.push_back(std::move(folder));
+        m_documents.push_back(std::move(real));
+    }
 
     const auto list = [&](std::string folder, std::string_view label) {
         LibraryListing listing(namesIn(folder, files, surroundings.stop).value_or(std::vector<std::string>()));
@@ -81,9 +90,12 @@ LinuxData::LinuxData(const AppInventory::Surroundings &surroundings) : m_surroun
         if (isUsable(folder) && std::ranges::find(m_places, folder, &Place::folder) == m_places.end())
             m_places.push_back(list(std::move(folder), place.label));
     }
-    m_flatpaks = list(joined(home, ".var/app"), "Data");
-    m_overrides = list(joined(dataFolder(home, files), "flatpak/overrides"), "Permissions");
-    m_snaps = list(joined(home, "snap"), "Data");
+    const auto listUsable = [&](std::string folder, std::string_view label) {
+        return isUsable(folder) ? list(std::move(folder), label) : Place{std::move(folder), label, {}};
+    };
+    m_flatpaks = listUsable(joined(home, ".var/app"), "Data");
+    m_overrides = listUsable(joined(dataFolder(home, files), "flatpak/overrides"), "Permissions");
+    m_snaps = listUsable(joined(home, "snap"), "Data");
 }
 
 /// A folder that a variable has made the home itself, or one of the user's own, holds more than applications' data.

@@ -1,8 +1,10 @@
 #include "apps/package_records.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <functional>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -67,6 +69,16 @@ std::int64_t number(std::string_view text)
     return error == std::errc() && isPlausibleSize(value) ? value : 0;
 }
 
+/// Whether all that lies in a folder belongs to one package, as in "/usr/lib/firefox" and "/opt/maker/program".
+bool isFolderOfItsOwn(std::string_view folder)
+{
+    constexpr std::array<std::string_view, 6> around{"/opt",         "/usr/lib",   "/usr/lib64",
+                                                     "/usr/libexec", "/usr/share", "/usr/local/lib"};
+    // "/usr/lib/x86_64-linux-gnu" is everybody's.
+    return !folder.ends_with("-linux-gnu") &&
+           std::ranges::any_of(around, [&](std::string_view each) { return liesBeneath(folder, each); });
+}
+
 /// What a package has installed: the paths of its list, absolute.
 class InstalledFiles {
 public:
@@ -86,6 +98,43 @@ public:
                 found.push_back(*std::move(entry));
         });
         return found;
+    }
+
+    /// The programs that those entries start, and folders of the package's own that they lie in.
+    [[nodiscard]] std::vector<std::string> programs(const std::vector<DesktopEntry> &entries,
+                                                    const std::function<std::string(std::string_view)> &pathOf,
+                                                    FileSystem &files) const
+    {
+        std::set<std::string_view> names;
+        for (const DesktopEntry &entry : entries)
+            names.insert(lastPathComponent(entry.program));
+        names.erase(std::string_view());
+        std::set<std::string> linked; // to what may be another package's
+        std::set<std::string> found;
+        forEachLine(m_list, [&](std::string_view line) {
+            if (!names.contains(lastPathComponent(line)))
+                return;
+            const std::string path = pathOf(line);
+            if (!path.starts_with('/'))
+                return;
+            const Expected<ItemFacts> facts = files.facts(path);
+            const Expected<std::string> real = files.realPath(path);
+            if (!facts || !real || facts->type == EntryType::directory)
+                return;
+            (facts->type == EntryType::symbolicLink ? linked : found).insert(*real);
+        });
+        if (!linked.empty()) {
+            forEachLine(m_list, [&](std::string_view line) {
+                if (std::string path = pathOf(line); linked.contains(path))
+                    found.insert(std::move(path));
+            });
+        }
+        std::set<std::string> all = found;
+        for (const std::string &program : found) {
+            if (const std::string_view folder = containingFolder(program); isFolderOfItsOwn(folder))
+                all.emplace(folder);
+        }
+        return {all.begin(), all.end()};
     }
 
     /// What they take on the disk, a file of several names once.
@@ -217,6 +266,7 @@ std::vector<PackageRecord> readDebian(FileSystem &files, const StopFlag &stop)
             record.size = installed.size(pathOf, files, stop);
             if (record.size == 0)
                 record.size = package->second.size;
+            record.programs = installed.programs(record.entries, pathOf, files);
             sortEntries(record.entries, record.name);
             return record;
         },
@@ -265,6 +315,104 @@ std::vector<PackageRecord> readPacman(FileSystem &files, const StopFlag &stop)
             record.size = installed.size(pathOf, files, stop);
             if (record.size == 0)
                 record.size = number(fieldOf(description, "%SIZE%"));
+            record.programs = installed.programs(record.entries, pathOf, files);
+            sortEntries(record.entries, record.name);
+            return record;
+        },
+        stop);
+}
+
+// --- rpm
+
+constexpr std::string_view rpm = "/usr/bin/rpm";
+
+/// The command of whichever package manager is there.
+std::string rpmRemoval(const std::string &package, FileSystem &files)
+{
+    for (const std::string manager : {"dnf", "zypper", "yum"}) {
+        if (files.exists("/usr/bin/" + manager))
+            return "sudo " + manager + " remove " + package;
+    }
+    return "sudo rpm -e " + package;
+}
+
+/// The names of the packages that have a file called like a desktop file.
+std::vector<std::string> rpmNames(const ToolRunner &runTool)
+{
+    const std::optional<std::string> output =
+        runTool(std::string(rpm), {"-qa", "--queryformat", "[%{=NAME}\\t%{BASENAMES}\\n]"});
+    std::set<std::string> names;
+    forEachLine(output ? std::string_view(*output) : std::string_view(), [&](std::string_view line) {
+        const std::size_t tab = line.find('\t');
+        if (tab == std::string_view::npos || !desktopFileID(line.substr(tab + 1)))
+            return;
+        if (std::string name(line.substr(0, tab)); isPlainName(name) && names.size() < mostPackages)
+            names.insert(std::move(name));
+    });
+    return {names.begin(), names.end()};
+}
+
+struct RpmPackage {
+    std::string name;
+    std::string version;
+    std::int64_t size = 0;
+    std::string list; ///< its paths, each on a line
+};
+
+/// Lines "name, version, size" between tabs, each before the paths of the package.
+std::vector<RpmPackage> rpmPackagesIn(std::string_view output)
+{
+    std::vector<RpmPackage> packages;
+    forEachLine(output, [&](std::string_view line) {
+        if (line.starts_with('/')) {
+            if (!packages.empty())
+                packages.back().list.append(line).append("\n");
+            return;
+        }
+        const std::size_t first = line.find('\t');
+        const std::size_t second = first == std::string_view::npos ? first : line.find('\t', first + 1);
+        if (second != std::string_view::npos)
+            packages.push_back({.name = std::string(line.substr(0, first)),
+                                .version = std::string(line.substr(first + 1, second - first - 1)),
+                                .size = number(line.substr(second + 1)),
+                                .list = {}});
+    });
+    return packages;
+}
+
+std::vector<PackageRecord> readRpm(FileSystem &files, const ToolRunner &runTool, const StopFlag &stop)
+{
+    // What one command line takes.
+    constexpr std::size_t mostAtOnce = 500;
+    if (!files.exists(std::string(rpm)) || (!files.exists("/var/lib/rpm") && !files.exists("/usr/lib/sysimage/rpm")))
+        return {};
+    std::vector<RpmPackage> packages;
+    const std::vector<std::string> names = rpmNames(runTool);
+    for (std::size_t start = 0; start < names.size() && !stop; start += mostAtOnce) {
+        std::vector<std::string> arguments{"-q", "--queryformat",
+                                           "%{NAME}\\t%{VERSION}\\t%{LONGSIZE}\\n[%{FILENAMES}\\n]"};
+        arguments.insert(arguments.end(), names.begin() + static_cast<std::ptrdiff_t>(start),
+                         names.begin() + static_cast<std::ptrdiff_t>(std::min(start + mostAtOnce, names.size())));
+        std::ranges::move(rpmPackagesIn(runTool(std::string(rpm), arguments).value_or(std::string())),
+                          std::back_inserter(packages));
+    }
+    const auto pathOf = [](std::string_view line) { return std::string(line); };
+    return readEach(
+        packages.size(),
+        [&](std::size_t i) -> std::optional<PackageRecord> {
+            RpmPackage &package = packages[i];
+            const InstalledFiles installed(std::move(package.list));
+            std::vector<DesktopEntry> entries = installed.entries(pathOf, files);
+            if (entries.empty() || !isPlainName(package.name))
+                return std::nullopt;
+            PackageRecord record{.name = package.name,
+                                 .version = package.version,
+                                 .removeCommand = rpmRemoval(package.name, files),
+                                 .entries = std::move(entries)};
+            record.size = installed.size(pathOf, files, stop);
+            if (record.size == 0)
+                record.size = package.size;
+            record.programs = installed.programs(record.entries, pathOf, files);
             sortEntries(record.entries, record.name);
             return record;
         },
@@ -273,11 +421,11 @@ std::vector<PackageRecord> readPacman(FileSystem &files, const StopFlag &stop)
 
 } // namespace
 
-std::vector<PackageRecord> readPackages(FileSystem &files, const StopFlag &stop)
+std::vector<PackageRecord> readPackages(FileSystem &files, const ToolRunner &runTool, const StopFlag &stop)
 {
     std::vector<PackageRecord> records = readDebian(files, stop);
-    for (PackageRecord &record : readPacman(files, stop))
-        records.push_back(std::move(record));
+    std::ranges::move(readPacman(files, stop), std::back_inserter(records));
+    std::ranges::move(readRpm(files, runTool, stop), std::back_inserter(records));
     return records;
 }
 

@@ -282,12 +282,7 @@ std::vector<AdminCommand> findAdminCommands(FileSystem &files, const ToolRunner 
 
 std::vector<AdminCommand> findAdminCommands(FileSystem &files, const StopFlag &stop)
 {
-    return findAdminCommands(
-        files,
-        [&stop](const std::string &tool, const std::vector<std::string> &arguments) {
-            return Shell::run(tool, arguments, stop);
-        },
-        stop);
+    return findAdminCommands(files, Shell::runner(stop), stop);
 }
 
 std::int64_t bytesOf(std::span<const AdminCommand> commands)

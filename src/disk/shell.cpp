@@ -11,4 +11,11 @@ std::optional<std::string> Shell::run(const std::string &path, const std::vector
     return *std::move(output);
 }
 
+ToolRunner Shell::runner(const StopFlag &stop)
+{
+    return [&stop](const std::string &tool, const std::vector<std::string> &arguments) {
+        return run(tool, arguments, stop);
+    };
+}
+
 } // namespace corvane

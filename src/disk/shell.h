@@ -22,6 +22,9 @@ struct Shell {
                                                         const std::vector<std::string> &arguments,
                                                         const StopFlag &stop = neverStopped,
                                                         const ProcessLimits &limits = {});
+
+    /// What runs the tools of this computer; `stop` must outlive it.
+    [[nodiscard]] static ToolRunner runner(const StopFlag &stop = neverStopped);
 };
 
 } // namespace corvane

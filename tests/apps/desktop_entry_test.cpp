@@ -105,6 +105,52 @@ TEST(DesktopEntryTest, OnlyRegularFilesOfReasonableSizeAreRead)
     EXPECT_FALSE(DesktopEntry::read("/dev/zero", files));
 }
 
+TEST(DesktopEntryTest, TheNameIsThatOfTheUsersLanguage)
+{
+    const std::string text = "[Desktop Entry]\nType=Application\nName=Chart\nName[de]=Karte\nName[de_AT]=Landkarte\n"
+                             "Name[sr]=one\nName[sr@latin]=two\nName[sr_RS]=three\nName[sr_RS@latin]=four\n"
+                             "Name[fr]=\n";
+    const auto name = [&](std::string_view locale) {
+        return DesktopEntry::parse("/apps/chart.desktop", text, locale)->name;
+    };
+    EXPECT_EQ(name("de_AT.UTF-8"), "Landkarte");
+    EXPECT_EQ(name("de_CH.UTF-8"), "Karte");
+    EXPECT_EQ(name("de"), "Karte");
+    EXPECT_EQ(name("sr_RS.UTF-8@latin"), "four");
+    EXPECT_EQ(name("sr_RS"), "three");
+    EXPECT_EQ(name("sr_ME@latin"), "two");
+    EXPECT_EQ(name("sr_ME"), "one");
+    for (const char *locale : {"", "C", "C.UTF-8", "POSIX", "fr_FR.UTF-8", "en_US", "@", "_", ".", "]"})
+        EXPECT_EQ(name(locale), "Chart") << locale;
+}
+
+TEST(DesktopEntryTest, WhatOpensInAnotherApplicationIsAShortcut)
+{
+    const auto isShortcut = [](const std::string &exec) { return parse(entryWith("Exec=" + exec + "\n"))->isShortcut; };
+    EXPECT_TRUE(isShortcut("/home/u/apps/browser/browser --profile-directory=Default --app-id=abc"));
+    EXPECT_TRUE(isShortcut("browser --app=https://example.org"));
+    EXPECT_TRUE(isShortcut("steam steam://rungameid/570"));
+    EXPECT_FALSE(isShortcut("/home/u/apps/chart/chart %U"));
+}
+
+TEST(DesktopEntryTest, OfAShellTheShellIsTheProgram)
+{
+    EXPECT_EQ(programOf("sh -c \"/home/u/Documents/x.sh\""), "sh");
+    EXPECT_EQ(programOf("/bin/bash -c '/home/u/x'"), "/bin/bash");
+    EXPECT_EQ(programOf("env -i A=b C=\"d e\" /opt/chart %f"), "/opt/chart");
+    EXPECT_EQ(programOf("\"/home/u/a \\\\\"b\\\\\"/chart\""), "/home/u/a \"b\"/chart");
+    EXPECT_EQ(programOf("/home/u/100%%/chart"), "/home/u/100%/chart");
+    EXPECT_EQ(programOf("/"), "/");
+    EXPECT_EQ(programOf("~/Documents/x.sh"), "~/Documents/x.sh");
+}
+
+TEST(DesktopEntryTest, AnEndlessLineAndNullBytesAreReadWithoutHarm)
+{
+    EXPECT_EQ(programOf(std::string(200'000, 'x')).size(), 200'000u);
+    EXPECT_EQ(programOf(std::string("/home/u\0/chart", 14)), "/home/u"); // no path goes on behind a byte of zeros
+    EXPECT_EQ(parse(entryWith("Icon=" + std::string("a\0b", 3) + "\n"))->icon, "a b");
+}
+
 TEST(DesktopEntryTest, GarbageIsReadWithoutHarm)
 {
     std::mt19937 random(7);

@@ -243,6 +243,186 @@ TEST_F(LinuxAppsTest, APackageOfSeveralEntriesIsOneApplication)
     EXPECT_THAT(names(), ElementsAre("Office"));
 }
 
+// --- rpm
+
+/// What rpm itself prints, on a system with two applications.
+class RpmTest : public LinuxAppsTest {
+protected:
+    RpmTest()
+    {
+        fake.files.addFile("/usr/bin/rpm", 1);
+        fake.files.addFile("/usr/bin/dnf", 1);
+        fake.files.addFolder("/usr/lib/sysimage/rpm");
+        fake.files.addText("/usr/share/applications/chart.desktop", entryText("Sea Chart", "chart"), 1'000);
+        fake.files.addFile("/usr/bin/chart", 2'000);
+    }
+
+    AppInventory::Result loadRpm()
+    {
+        return loadLinuxApps(fake.host(), locations, now,
+                             [this](const std::string &tool, const std::vector<std::string> &arguments) {
+                                 EXPECT_EQ(tool, "/usr/bin/rpm");
+                                 asked.push_back(arguments);
+                                 return arguments.front() == "-qa" ? names : packages;
+                             });
+    }
+
+    std::optional<std::string> names = "bash\tbash\nbash\tREADME\nsea-chart\tchart.desktop\nsea-chart\tchart\n";
+    std::optional<std::string> packages =
+        "sea-chart\t1.4\t77\n/usr/bin/chart\n/usr/share/applications/chart.desktop\n/usr/share/doc/chart\n";
+    std::vector<std::vector<std::string>> asked;
+};
+
+TEST_F(RpmTest, PackagesWithADesktopFileAreFound)
+{
+    const AppInventory::Result result = loadRpm();
+    ASSERT_EQ(result.apps.size(), 1u);
+    EXPECT_EQ(result.apps[0].name, "Sea Chart");
+    EXPECT_EQ(result.apps[0].version, "1.4");
+    EXPECT_EQ(result.apps[0].appSize, 3'000);
+    EXPECT_EQ(result.apps[0].removeCommand, "sudo dnf remove sea-chart");
+    ASSERT_EQ(asked.size(), 2u);
+    EXPECT_EQ(asked[1].back(), "sea-chart");
+    EXPECT_EQ(asked[1].size(), 4u);
+}
+
+TEST_F(RpmTest, TheCommandIsThatOfTheManagerThatIsThere)
+{
+    fake.files.take("/usr/bin/dnf");
+    EXPECT_EQ(loadRpm().apps[0].removeCommand, "sudo rpm -e sea-chart");
+    fake.files.addFile("/usr/bin/yum", 1);
+    EXPECT_EQ(loadRpm().apps[0].removeCommand, "sudo yum remove sea-chart");
+    fake.files.addFile("/usr/bin/zypper", 1);
+    EXPECT_EQ(loadRpm().apps[0].removeCommand, "sudo zypper remove sea-chart");
+}
+
+TEST_F(RpmTest, WithoutADatabaseNothingIsRun)
+{
+    fake.files.take("/usr/lib/sysimage/rpm");
+    EXPECT_THAT(loadRpm().apps, IsEmpty());
+    EXPECT_THAT(asked, IsEmpty());
+}
+
+TEST_F(RpmTest, ATumblingToolIsNoPackage)
+{
+    packages = std::nullopt;
+    EXPECT_THAT(loadRpm().apps, IsEmpty());
+    names = std::nullopt;
+    EXPECT_THAT(loadRpm().apps, IsEmpty());
+}
+
+TEST_F(RpmTest, AHostileNameMakesNoCommandAndNoArgument)
+{
+    names = "--eval=%{lua:x}\tchart.desktop\na;rm\tchart.desktop\nsea-chart\tchart.desktop\n";
+    packages = "a;rm -rf ~\t1\t1\n/usr/share/applications/chart.desktop\n\t\t\n/usr/share/applications/chart.desktop\n"
+               "/usr/share/applications/../../../etc/x.desktop\n";
+    EXPECT_THAT(loadRpm().apps, IsEmpty());
+    ASSERT_EQ(asked.size(), 2u);
+    EXPECT_EQ(asked[1].size(), 4u);
+}
+
+// --- What its processes are told by
+
+TEST_F(LinuxAppsTest, APackageRunsItsProgramsAndNoneOfAnother)
+{
+    addPackage("chart", "chart", entryText("Sea Chart", "chart"));
+    EXPECT_THAT(app("Sea Chart").programs, ElementsAre("/usr/bin/chart"));
+
+    fake.files.take("/usr/bin/chart");
+    fake.files.addFile("/usr/lib/chart/chart", 1'000);
+    fake.files.addLink("/usr/bin/chart", "/usr/lib/chart/chart");
+    setText("/var/lib/dpkg/info/chart.list",
+            "/usr/bin/chart\n/usr/lib/chart\n/usr/lib/chart/chart\n/usr/share/applications/chart.desktop\n");
+    EXPECT_THAT(app("Sea Chart").programs, ElementsAre("/usr/lib/chart", "/usr/lib/chart/chart"));
+
+    fake.files.take("/usr/bin/chart");
+    fake.files.addFile("/usr/bin/python3", 1'000);
+    fake.files.addLink("/usr/bin/chart", "/usr/bin/python3");
+    setText("/var/lib/dpkg/info/chart.list", "/usr/bin/chart\n/usr/share/applications/chart.desktop\n");
+    EXPECT_THAT(app("Sea Chart").programs, IsEmpty());
+}
+
+TEST_F(LinuxAppsTest, AFolderOfEverybodysIsNoneOfAPackages)
+{
+    addPackage("chart", "chart", entryText("Sea Chart", "/usr/lib/x86_64-linux-gnu/chart"));
+    fake.files.addFile("/usr/lib/x86_64-linux-gnu/chart", 1'000);
+    setText("/var/lib/dpkg/info/chart.list",
+            "/usr/lib/x86_64-linux-gnu/chart\n/usr/share/applications/chart.desktop\n");
+    EXPECT_THAT(app("Sea Chart").programs, ElementsAre("/usr/lib/x86_64-linux-gnu/chart"));
+}
+
+TEST_F(LinuxAppsTest, TheMarksAreThoseOfTheSource)
+{
+    addFlatpak("org.sea.Chart", "Sea Chart");
+    addSnap("pad", "Pad");
+    EXPECT_EQ(marksOf(app("Sea Chart")).flatpak, "org.sea.Chart");
+    EXPECT_EQ(marksOf(app("Sea Chart")).snap, "");
+    EXPECT_EQ(marksOf(app("Pad")).snap, "pad");
+    EXPECT_EQ(marksOf(app("Pad")).flatpak, "");
+}
+
+// --- Pictures and versions
+
+TEST_F(LinuxAppsTest, EveryKindOfApplicationHasItsPicture)
+{
+    const std::string theme = "/usr/share/icons/hicolor/64x64/apps/";
+    addPackage("chart", "chart", entryText("Sea Chart", "chart", "Icon=sea-chart\n"));
+    fake.files.addText(theme + "sea-chart.png", "x", 0);
+    addFlatpak("org.port.Pilot", "Pilot");
+    setText("/var/lib/flatpak/exports/share/applications/org.port.Pilot.desktop",
+            entryText("Pilot", "x", "Icon=org.port.Pilot\n"));
+    fake.files.addText("/var/lib/flatpak/exports/share/icons/hicolor/scalable/apps/org.port.Pilot.svg", "x", 0);
+    addSnap("pad", "Pad");
+    fake.files.addText("/snap/pad/current/meta/gui/icon.png", "x", 0);
+    addItem("Kite.AppImage", 1'000);
+    fake.files.addText(at(".local/share/applications/kite.desktop"),
+                       entryText("Kite", at("Kite.AppImage"), "Icon=kite\n"), 0);
+    fake.files.addText(at(".local/share/icons/hicolor/256x256/apps/kite.png"), "x", 0);
+    EXPECT_EQ(app("Sea Chart").icon, theme + "sea-chart.png");
+    EXPECT_EQ(app("Pilot").icon, "/var/lib/flatpak/exports/share/icons/hicolor/scalable/apps/org.port.Pilot.svg");
+    EXPECT_EQ(app("Pad").icon, "/snap/pad/current/meta/gui/icon.png");
+    EXPECT_EQ(app("Kite").icon, at(".local/share/icons/hicolor/256x256/apps/kite.png"));
+}
+
+TEST_F(LinuxAppsTest, AFlatpakWithoutADesktopFileIsCalledAsItsDescriptionSays)
+{
+    fake.files.addFile("/var/lib/flatpak/app/org.sea.Tool/x86_64/stable/1/files/bin/tool", 1'000);
+    fake.files.addText("/var/lib/flatpak/app/org.sea.Tool/current/active/files/share/metainfo/"
+                       "org.sea.Tool.metainfo.xml",
+                       "<component><name>Sea Tool</name></component>", 0);
+    EXPECT_THAT(names(), ElementsAre("Sea Tool"));
+}
+
+TEST_F(LinuxAppsTest, TheVersionOfAnAppImageIsToldByItsEntryOrItsName)
+{
+    int number = 0;
+    const auto version = [&](const std::string &file, const std::string &more = {}) {
+        const std::string name = "Chart " + std::to_string(number++);
+        addItem("apps/" + file, 1'000);
+        fake.files.addText(at(".local/share/applications/" + name + ".desktop"),
+                           entryText(name, "\"" + at("apps/" + file) + "\"", more), 0);
+        return app(name).version;
+    };
+    EXPECT_EQ(version("Chart-1.2.3-x86_64.AppImage"), "1.2.3");
+    EXPECT_EQ(version("Chart_v2.0.AppImage"), "2.0");
+    EXPECT_EQ(version("Chart-x86_64.AppImage"), "");
+    EXPECT_EQ(version("Chart.AppImage"), "");
+    EXPECT_EQ(version("Other-1.0.AppImage", "X-AppImage-Version=7.1-rc2\n"), "7.1-rc2");
+    EXPECT_EQ(version("More-1.0.AppImage", "X-AppImage-Version=$(x)\n"), "1.0");
+}
+
+TEST_F(LinuxAppsTest, AShortcutIntoAnotherProgramIsNoApplication)
+{
+    addItem("apps/kite/bin/kite", 1'000);
+    fake.files.addText(at(".local/share/applications/a.desktop"),
+                       entryText("Kite", at("apps/kite/bin/kite") + " --app-id=abc"), 0);
+    fake.files.addText(at(".local/share/applications/b.desktop"), entryText("Game", "steam steam://rungameid/1"), 0);
+    fake.files.addText(at(".local/share/applications/c.desktop"), entryText("Vim", "/usr/bin/vim"), 0);
+    EXPECT_THAT(names(), IsEmpty());
+    fake.files.addText(at(".local/share/applications/d.desktop"), entryText("Kite", at("apps/kite/bin/kite")), 0);
+    EXPECT_THAT(names(), ElementsAre("Kite"));
+}
+
 class UnplainNameTest : public LinuxAppsTest, public testing::WithParamInterface<std::string> {};
 
 TEST_P(UnplainNameTest, MakesNoCommandForATerminal)
@@ -254,7 +434,10 @@ TEST_P(UnplainNameTest, MakesNoCommandForATerminal)
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, UnplainNameTest,
-                         testing::Values("chart;rm", "$(chart)", "chart chart", "`x`", "a'b", "a&b", "a|b", "a>b"));
+                         testing::Values("chart;rm", "$(chart)", "chart chart", "`x`", "a'b", "a&b", "a|b", "a>b",
+                                         "chart; rm -rf ~", "chart\"x", "chart\\x", "chart\tx", "chart\rx",
+                                         "chart\x1b[2K", "chart\u202etrahc", "chart\u200f", "chart\u00a0x", "chart*",
+                                         "~chart", "!chart", "chart#x", "{chart,x}"));
 
 TEST_F(LinuxAppsTest, ANameThatIsAnOptionMakesNoCommand)
 {
@@ -304,6 +487,41 @@ TEST_F(LinuxAppsTest, AFolderThatMayHoldTheUsersOwnFilesIsNoApplication)
     start("work/chart/chart");         // what is worked at
     fake.files.addFolder(at("work/chart/.git"));
     EXPECT_THAT(names(), IsEmpty());
+}
+
+TEST_F(LinuxAppsTest, NoMainFolderAndNoFolderOfManyBecomesAnApplication)
+{
+    int number = 0;
+    const std::string code = "\x7f"
+                             "ELF program";
+    const auto start = [&](const std::string &program, const std::string &name, const std::string &text) {
+        fake.files.addText(at(program), text, 1'000);
+        fake.files.addText(at(".local/share/applications/" + std::to_string(number++) + ".desktop"),
+                           entryText(name, "\"" + at(program) + "\" %f"), 0);
+    };
+    start("Documents/documents", "Documents", code);
+    start("Pictures/bin/pictures", "Pictures", code);
+    start("Games/run", "Games", code);
+    start("Games/bin/games", "Games", code);
+    start("Chess Club/chess", "Chess", "#!/bin/sh\nedit letters.txt\n"); // a script among what the user wrote
+    start("Gamesaves/game", "Game", code);
+    start("notes/notes", "Notes", code);
+    fake.files.addFolder(at("notes/src"));
+    fake.files.addText(at(".local/share/applications/x.desktop"), entryText("Root", "/"), 0);
+    fake.files.addText(at(".local/share/applications/y.desktop"), entryText("Home", home), 0);
+    fake.files.addText(at(".local/share/applications/z.desktop"), entryText("Documents", "~/Documents/x.sh"), 0);
+    EXPECT_THAT(names(), IsEmpty());
+    start("Kite-2.1/kite", "Kite", code);
+    EXPECT_THAT(names(), ElementsAre("Kite"));
+    EXPECT_EQ(app("Kite").version, "2.1");
+}
+
+TEST_F(LinuxAppsTest, ADesktopFileAmongDocumentsIsNotRemovedAlong)
+{
+    fake.files.setOwnPlace(".local/share", {at("Documents"), at(".local/share")});
+    addItem("Kite.AppImage", 1'000);
+    fake.files.addText(at("Documents/applications/kite.desktop"), entryText("Kite", at("Kite.AppImage")), 0);
+    EXPECT_EQ(app("Kite").launcher, "");
 }
 
 TEST_F(LinuxAppsTest, ALinkFromTheHomeLeadsToNoApplicationElsewhere)
@@ -439,6 +657,37 @@ TEST_F(LinuxAppsTest, AVariableThatNamesTheHomeOrDocumentsLeadsNowhere)
     }
 }
 
+TEST_F(LinuxAppsTest, DocumentsBehindALinkAreDocuments)
+{
+    addPackage("chart", "org.sea.Chart", entryText("Sea Chart", "sea-chart"));
+    fake.files.addLink(at("Documents"), "/data/papers");
+    fake.files.addLink(at("Pictures"), at("archive/pictures"));
+    for (const char *const folder : {"/data/papers/org.sea.Chart", "/home/u/archive/pictures/org.sea.Chart"}) {
+        fake.files.addFolder(folder, longAgo);
+        fake.files.addFile(std::string(folder) + "/letter", 1'000, longAgo);
+    }
+    for (const char *const place : {"/data/papers", "/data", "/home/u/archive/pictures", "/home/u/archive"}) {
+        SCOPED_TRACE(place);
+        fake.files.setOwnPlace(".config", {place, at(".config")});
+        EXPECT_THAT(app("Sea Chart").leftovers, IsEmpty());
+        EXPECT_THAT(orphans(), IsEmpty());
+    }
+}
+
+TEST_F(LinuxAppsTest, FoldersOfFlatpaksAndSnapsThatLeadAmongDocumentsHoldNoData)
+{
+    addData("Documents/org.gone.Tool/data");
+    addData("Documents/gone/common");
+    fake.files.addFolder(at(".var"));
+    fake.files.addLink(at(".var/app"), at("Documents"));
+    fake.files.addLink(at("snap"), at("Documents"));
+    EXPECT_THAT(orphans(), IsEmpty());
+    addFlatpak("org.gone.Tool", "Tool");
+    addSnap("gone", "Gone");
+    EXPECT_THAT(app("Tool").leftovers, IsEmpty());
+    EXPECT_THAT(app("Gone").leftovers, IsEmpty());
+}
+
 TEST_F(LinuxAppsTest, DocumentsAndProtectedPlacesAreNeverData)
 {
     addPackage("chart", "org.sea.Chart", entryText("Sea Chart", "sea-chart"));
@@ -529,6 +778,28 @@ TEST_F(LinuxAppsTest, GarbageInTheDatabasesIsReadWithoutHarm)
         for (const InstalledApp &each : load().apps)
             EXPECT_GE(each.appSize, 0);
     }
+}
+
+TEST_F(LinuxAppsTest, FilesOfAbsurdSizesAreNotRead)
+{
+    setText("/var/lib/dpkg/status", "Package: x\nStatus: a installed\n" + std::string(257UL * 1024 * 1024, 'x'));
+    setText("/var/lib/dpkg/info/x.list", "/usr/share/applications/x.desktop\n");
+    setText("/usr/share/applications/x.desktop", entryText("X", "x") + std::string(10'000'000, '#'));
+    EXPECT_THAT(names(), IsEmpty());
+    setText("/var/lib/dpkg/status", "Package: x\nStatus: a installed\nVersion: " + std::string(1'000'000, '1'));
+    setText("/usr/share/applications/x.desktop", entryText("X", std::string(200'000, 'x')));
+    EXPECT_THAT(names(), ElementsAre("X"));
+}
+
+TEST_F(LinuxAppsTest, OfAHundredThousandDesktopFilesTheFirstTenThousandAreRead)
+{
+    addItem("Kite.AppImage", 1'000);
+    const std::string folder = at(".local/share/applications/");
+    fake.files.addText(folder + "a.desktop", entryText("Kite", at("Kite.AppImage")), 0);
+    for (int i = 0; i < 100'000; ++i)
+        fake.files.addText(folder + "n" + std::to_string(i) + ".desktop", "x", 0);
+    EXPECT_THAT(names(), ElementsAre("Kite"));
+    EXPECT_EQ(fake.log->linesStartingWith("readFile " + folder).size(), 10'000u);
 }
 
 TEST_F(LinuxAppsTest, OnceStoppedNothingMoreIsMeasured)
