@@ -13,6 +13,12 @@
 
 namespace corvane {
 
+namespace {
+
+constexpr std::string_view trashFolder = ".Trash";
+
+} // namespace
+
 CleanupPlaces::CleanupPlaces(FileSystem &files) : m_files(files), m_rule(files), m_mounts(files.mounts())
 {
     const WalkConditions conditions;
@@ -38,6 +44,10 @@ CleanupPlaces::Row CleanupPlaces::find(const CleanupDefinition &definition) cons
     for (const std::string_view path : definition.morePaths) {
         if (!path.empty())
             add(path, row);
+    }
+    if (definition.relativePath == trashFolder) {
+        for (std::string &trash : m_rule.trashesOfVolumes())
+            addPlace(std::move(trash), {}, row);
     }
     if (!row.places.empty() && row.places.front().name.empty())
         row.path = row.places.front().path;

@@ -51,7 +51,7 @@ std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) co
     const bool mayBeMainFolder = isMainFolder(usual);
     if (!(isUsual && mayBeMainFolder) && isRefused(*realPlace, place, usual))
         return std::nullopt;
-    if (!isUsual && !mayBeMainFolder && m_locations.isProtectedReally(judged))
+    if (!isUsual && (mayBeMainFolder ? isNoMainFolder(*realPlace) : m_locations.isProtectedReally(judged)))
         return std::nullopt;
     // A main folder may be mounted there. What the system's own places show is left aside: the whole disk is seen
     // beneath one of those on some systems.
@@ -61,6 +61,24 @@ std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) co
                    (liesBeneath(other, m_realHome) && !mayBeMainFolder && m_locations.isProtectedReally(other));
         });
     return isRefusedElsewhere ? std::nullopt : std::optional(place);
+}
+
+std::vector<std::string> PlaceRule::trashesOfVolumes() const
+{
+    std::vector<std::string> trashes;
+    for (std::string &trash : m_files.volumeTrashes()) {
+        const Expected<std::string> realTrash = m_files.realPath(trash);
+        if (!realTrash)
+            continue;
+        const auto isBarred = [&](const std::string &path) {
+            return isRefused(path, trash, {}) || m_locations.isProtectedReally(joined(path, "item"));
+        };
+        if (!isBarred(*realTrash) && std::ranges::none_of(m_mounts.otherPathsOf(*realTrash), [&](const auto &other) {
+                return isRefused(other, trash, {});
+            }))
+            trashes.push_back(std::move(trash));
+    }
+    return trashes;
 }
 
 std::string PlaceRule::real(const std::string &path) const
@@ -84,6 +102,13 @@ bool PlaceRule::isRefused(const std::string &realPlace, const std::string &place
         return isOrLiesBeneath(realPlace, realFolder) || liesBeneath(realFolder, realPlace);
     });
     return touchesAnother || isOrLiesBeneath(m_realHome, realPlace) || realPlace == real("/tmp");
+}
+
+bool PlaceRule::isNoMainFolder(const std::string &realPlace) const
+{
+    // A main folder is protected itself, wherever it lies, so the items in it are judged.
+    const bool isHidden = liesBeneath(realPlace, m_realHome) && realPlace[m_realHome.size() + 1] == '.';
+    return isHidden || m_locations.isProtectedReally(joined(realPlace, "item"));
 }
 
 bool PlaceRule::isMainFolder(const std::string &usual) const

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -8,7 +9,9 @@
 
 #include "cleanup/cleanup_catalog.h"
 #include "cleanup/cleanup_items.h"
+#include "cleanup/cleanup_places.h"
 #include "platform/fake_file_system.h"
+#include "platform/path.h"
 
 namespace corvane {
 namespace {
@@ -52,6 +55,16 @@ protected:
 };
 
 const std::span<const CleanupDefinition> ownRows = cleanupTableOf(SystemKind::linuxSystem).rows;
+
+std::vector<const CleanupDefinition *> everyRow()
+{
+    std::vector<const CleanupDefinition *> rows;
+    for (const CleanupDefinition &row : CleanupCatalog::definitions)
+        rows.push_back(&row);
+    for (const CleanupDefinition &row : ownRows)
+        rows.push_back(&row);
+    return rows;
+}
 
 std::vector<std::string> placesOf(const CleanupDefinition &row)
 {
@@ -294,17 +307,21 @@ TEST_F(CleanupPlacesTest, NoPlaceOfAnyRowMayBeSetToWhatIsNotItsOwn)
     files.identify("/data/mounted", "/home/me/Documents");
     files.addMount({"/", 1, "/"});
     files.addMount({"/data/mounted", 1, "/home/me/Documents"});
-    for (const CleanupDefinition &row : ownRows) {
-        for (const std::string &place : placesOf(row)) {
+    for (const CleanupDefinition *row : everyRow()) {
+        for (const std::string &place : placesOf(*row)) {
             if (isPattern(place))
                 continue;
+            const OwnPlace before =
+                files.ownPlaceFor(place).value_or(OwnPlace{"/home/me/" + place, "/home/me/" + place});
             for (const char *folder : {"/", "/home", "/home/me", "/home/me/Documents", "/home/me/Documents/thesis",
                                        "/home/me/.ssh", "/etc", "/data/link", "/data/mounted"}) {
                 set(place, folder);
-                const CleanupItem measured = CleanupCatalog::measure(row, files);
+                files.setUserFolders(place == "Downloads" ? std::vector<std::string>{folder}
+                                                          : std::vector<std::string>{}); // as the list of them has it
+                const CleanupItem measured = CleanupCatalog::measure(*row, files);
                 EXPECT_THAT(measured.entries, IsEmpty()) << place << " in " << folder;
             }
-            set(place, "/home/me/" + place);
+            files.setOwnPlace(place, before);
         }
     }
 }
@@ -314,25 +331,130 @@ TEST_F(CleanupPlacesTest, NoPlaceOfAnyRowMayBeALinkOrAMountOfWhatIsNotItsOwn)
     files.addFile("/home/me/Documents/thesis/chapter", 4'000);
     files.addFile("/home/me/.ssh/id", 4'000);
     files.addMount({"/", 1, "/"});
-    for (const CleanupDefinition &row : ownRows) {
-        for (const std::string &place : placesOf(row)) {
+    for (const CleanupDefinition *row : everyRow()) {
+        for (std::string place : placesOf(*row)) {
             if (isPattern(place))
-                continue;
-            const std::string path = "/home/me/" + place;
+                place.replace(place.find('*'), 1, "app");
+            const std::optional<OwnPlace> own = files.ownPlaceFor(place);
+            const std::string path = own ? own->path : "/home/me/" + place;
             for (const char *target : {"/", "/home/me", "/home/me/Documents", "/home/me/.ssh"}) {
                 files.addFolder(path);
                 files.take(path);
                 files.addLink(path, target);
-                EXPECT_THAT(CleanupCatalog::measure(row, files).entries, IsEmpty()) << place << " to " << target;
+                EXPECT_THAT(CleanupCatalog::measure(*row, files).entries, IsEmpty()) << place << " to " << target;
                 files.take(path);
             }
             files.addFolder(path);
             files.identify(path, "/home/me/Documents");
             files.addMount({path, 1, "/home/me/Documents"});
-            EXPECT_THAT(CleanupCatalog::measure(row, files).entries, IsEmpty()) << place << " mounted";
+            EXPECT_THAT(CleanupCatalog::measure(*row, files).entries, IsEmpty()) << place << " mounted";
             files.take(path);
         }
     }
+}
+
+TEST_F(CleanupPlacesTest, EveryPlaceThatLiesInsideOneOfAnotherRowCountsInItsOwnRowOnly)
+{
+    struct Located {
+        const CleanupDefinition *row;
+        std::string path;
+    };
+    std::vector<Located> located;
+    for (const CleanupDefinition *row : everyRow()) {
+        for (std::string place : placesOf(*row)) {
+            if (isPattern(place))
+                place.replace(place.find('*'), 1, "app");
+            const std::optional<OwnPlace> own = files.ownPlaceFor(place);
+            located.push_back({row, own ? own->path : "/home/me/" + place});
+        }
+    }
+    int pairs = 0;
+    for (const Located &around : located) {
+        for (const Located &inside : located) {
+            if (inside.row == around.row || !liesBeneath(inside.path, around.path))
+                continue;
+            ++pairs;
+            SCOPED_TRACE(around.path + " around " + inside.path);
+            const std::string file = inside.path + "/item";
+            files.addFile(file, 5'000);
+            measure();
+            EXPECT_EQ(item(inside.row->id).total(), 5'000);
+            EXPECT_EQ(item(around.row->id).total(), 0);
+            files.take(file);
+        }
+    }
+    EXPECT_GT(pairs, 10);
+}
+
+TEST_F(CleanupPlacesTest, OfEveryTwoRowsAFolderThatBothAreSetToCountsInOne)
+{
+    files.addFile("/data/shared/blob", 4'000);
+    const std::vector<const CleanupDefinition *> rows = everyRow();
+    for (std::size_t first = 0; first < rows.size(); ++first) {
+        for (std::size_t second = first + 1; second < rows.size(); ++second) {
+            const std::string one(rows[first]->relativePath);
+            const std::string other(rows[second]->relativePath);
+            if (isPattern(one) || isPattern(other))
+                continue;
+            SCOPED_TRACE(one + " and " + other);
+            const OwnPlace before = files.ownPlaceFor(one).value_or(OwnPlace{"/home/me/" + one, "/home/me/" + one});
+            set(one, "/data/shared");
+            set(other, "/data/shared");
+            const CleanupPlaces places(files);
+            const std::size_t inFirst = places.rowOf(*rows[first]).places.size();
+            const std::size_t inSecond = places.rowOf(*rows[second]).places.size();
+            EXPECT_EQ(inFirst + inSecond, 1u);
+            const bool isReviewFirst = rows[first]->risk == CleanupRisk::review;
+            const bool isReviewSecond = rows[second]->risk == CleanupRisk::review;
+            if (isReviewFirst != isReviewSecond) {
+                EXPECT_EQ(isReviewFirst ? inFirst : inSecond, 1u);
+            }
+            files.setOwnPlace(one, before);
+            files.setOwnPlace(other, {"/home/me/" + other, "/home/me/" + other});
+        }
+    }
+}
+
+TEST_F(CleanupPlacesTest, TheTrashOfOtherVolumesCountsInTheRowOfTheTrash)
+{
+    files.addFile("/home/me/.local/share/Trash/files/old", 1'000);
+    files.addFile("/media/stick/.Trash-1000/files/film", 4'000);
+    files.addFile("/media/disk/.Trash/1000/files/song", 2'000);
+    files.setVolumeTrashes({"/media/stick/.Trash-1000/files", "/media/disk/.Trash/1000/files"});
+    measure();
+    EXPECT_THAT(paths("trash"), ElementsAre("/media/stick/.Trash-1000/files/film", "/media/disk/.Trash/1000/files/song",
+                                            "/home/me/.local/share/Trash/files/old"));
+    EXPECT_EQ(item("trash").path, "/home/me/.local/share/Trash/files");
+    EXPECT_EQ(safeTotal(items), 7'000);
+}
+
+TEST_F(CleanupPlacesTest, WithTheTrashOfAnotherVolumeAloneTheRowExists)
+{
+    files.addFile("/media/stick/.Trash-1000/files/film", 4'000);
+    files.setVolumeTrashes({"/media/stick/.Trash-1000/files"});
+    measure();
+    EXPECT_TRUE(item("trash").exists);
+    EXPECT_EQ(item("trash").total(), 4'000);
+}
+
+TEST_F(CleanupPlacesTest, ATrashOfAVolumeThatReallyIsAUsersFolderIsRefused)
+{
+    files.addFile("/home/me/Documents/thesis/chapter", 4'000);
+    files.addFile("/home/me/.ssh/id", 4'000);
+    files.addMount({"/", 1, "/"});
+    files.addMount({"/media/mounted/.Trash-1000/files", 1, "/home/me/Documents"});
+    files.addFile("/media/mounted/.Trash-1000/files/letter", 4'000);
+    int number = 0;
+    std::vector<std::string> trashes{"/media/mounted/.Trash-1000/files", "/home/me/Documents", "/etc"};
+    for (const char *target : {"/", "/home/me", "/home/me/Documents", "/home/me/Documents/thesis", "/home/me/.ssh"}) {
+        trashes.push_back("/media/" + std::to_string(number++) + "/.Trash-1000/files");
+        files.addFolder(trashes.back());
+        files.take(trashes.back());
+        files.addLink(trashes.back(), target);
+    }
+    files.setVolumeTrashes(trashes);
+    measure();
+    EXPECT_THAT(paths("trash"), IsEmpty());
 }
 
 TEST_F(CleanupPlacesTest, AUserFolderThatIsTheUsualPlaceOfARowIsRefused)

@@ -163,6 +163,21 @@ TEST_F(PlaceRuleTest, TheFolderForDownloadsIsAMainFolderItself)
     EXPECT_EQ(place("/home/me/Downloads"), "/home/me/Downloads");
 }
 
+TEST_F(PlaceRuleTest, DownloadsThatReallyAreFoldersOfTheSystemOrOfProgramsAreRefused)
+{
+    files.addFolder("/home/me/.mail/inbox");
+    for (const char *folder : {"/etc", "/usr/share", "/home/me/.ssh", "/home/me/.config", "/home/me/.mail/inbox"}) {
+        files.setUserFolders({folder});
+        files.setOwnPlace(downloads, {folder, "/home/me/Downloads"});
+        EXPECT_EQ(PlaceRule(files).placeFor(downloads), std::nullopt) << folder;
+        files.setUserFolders({});
+        files.setOwnPlace(downloads, {"/home/me/Downloads", "/home/me/Downloads"});
+        files.addLink("/home/me/Downloads", folder);
+        EXPECT_EQ(PlaceRule(files).placeFor(downloads), std::nullopt) << folder;
+        files.take("/home/me/Downloads");
+    }
+}
+
 TEST_F(PlaceRuleTest, ATrashThatLiesElsewhereHolds)
 {
     files.addFolder("/data/share/Trash/files");

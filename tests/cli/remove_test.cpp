@@ -298,6 +298,42 @@ TEST_F(RemoveCommandTest, AFolderThatCannotBeChangedKeepsItsItems)
     EXPECT_TRUE(m_folder.has("locked/kept.txt"));
 }
 
+#ifdef __linux__
+
+TEST_F(RemoveCommandTest, AReadOnlyFolderOfTheUsersOwnGoesToTheTrashAsItIs)
+{
+    m_folder.writeText("modules/one@v1/source.go", "package");
+    openToOrdinaryUser();
+    ASSERT_EQ(chmod((m_folder / "modules/one@v1").c_str(), 0555), 0);
+
+    const ProgramResult result = program({"remove", "--yes", "--json", "modules/one@v1"}).asOrdinaryUser().run();
+
+    EXPECT_EQ(parsed(result)["failures"], json::array());
+    ASSERT_TRUE(isInTrash("one@v1"));
+    struct stat facts {};
+    ASSERT_EQ(stat((m_folder / "data/Trash/files/one@v1").c_str(), &facts), 0);
+    EXPECT_EQ(facts.st_mode & 07777, 0555u);
+    EXPECT_TRUE(m_folder.has("data/Trash/files/one@v1/source.go"));
+    EXPECT_FALSE(m_folder.has("modules/one@v1"));
+}
+
+TEST_F(RemoveCommandTest, AReadOnlyFolderOfAnotherUserStays)
+{
+    m_folder.writeText("modules/theirs/source.go", "package");
+    openToOrdinaryUser();
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can give a folder to another user";
+    ASSERT_EQ(chown((m_folder / "modules/theirs").c_str(), 0, 0), 0);
+    ASSERT_EQ(chmod((m_folder / "modules/theirs").c_str(), 0555), 0);
+
+    const ProgramResult result = program({"remove", "--yes", "--json", "modules/theirs"}).asOrdinaryUser().run();
+
+    EXPECT_EQ(parsed(result, 1)["removed"], json::array());
+    EXPECT_TRUE(m_folder.has("modules/theirs/source.go"));
+}
+
+#endif
+
 TEST_F(RemoveCommandTest, AnItemBehindAClosedFolderIsRefused)
 {
     m_folder.writeText("closed/kept.txt", "x");

@@ -60,6 +60,30 @@ Error errorOfItem(const GError &error, const std::string &itemPath, const std::s
     return result;
 }
 
+/// Moves an item as `moveAt` does. A folder takes its entry ".." along, so that whoever moves it must be allowed to
+/// write to it; one of the user's own that is read-only, as tools make theirs, is made writable for that moment.
+bool moveOwnAt(int folder, const std::string &name, int target, const std::string &newName)
+{
+    if (moveAt(folder, name, target, newName))
+        return true;
+    const int code = errno;
+    const FileDescriptor item(
+        ::openat(folder, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat facts {};
+    constexpr mode_t permissions = 07777;
+    const bool isReadOnly = code == EACCES && item.isOpen() && ::fstat(item.number(), &facts) == 0 &&
+                            facts.st_uid == ::getuid() && (facts.st_mode & S_IWUSR) == 0;
+    if (!isReadOnly || ::fchmod(item.number(), (facts.st_mode & permissions) | S_IWUSR) != 0) {
+        errno = code;
+        return false;
+    }
+    const bool isMoved = moveAt(folder, name, target, newName);
+    const int reason = errno;
+    ::fchmod(item.number(), facts.st_mode & permissions);
+    errno = reason;
+    return isMoved;
+}
+
 } // namespace
 
 /// The fresh folder with the stand-in; both are gone after it.
@@ -212,7 +236,7 @@ Expected<void> TrashSlot::fill()
     }
     m_standIn = FileDescriptor(); // network file systems keep an open file in the folder under a name of their own
     const bool isMoved =
-        ::unlinkat(items, aside.c_str(), 0) == 0 && moveAt(m_source->descriptor(), m_name, items, m_slotName);
+        ::unlinkat(items, aside.c_str(), 0) == 0 && moveOwnAt(m_source->descriptor(), m_name, items, m_slotName);
     if (!isMoved)
         return tl::unexpected(failure(errno));
     m_isWaiting = false;
