@@ -17,6 +17,10 @@ namespace {
 // read.
 constexpr std::array<std::string_view, 10> themeFolders{"128x128", "256x256", "192x192",  "512x512", "96x96",
                                                         "64x64",   "72x72",   "scalable", "48x48",   "32x32"};
+// Applications of a desktop leave their pictures to its theme, whose folders are called either way.
+constexpr std::array<std::string_view, 6> desktopThemes{"Adwaita", "breeze", "Papirus", "Yaru", "Mint-Y", "oxygen"};
+constexpr std::array<std::string_view, 8> desktopThemeFolders{
+    "128x128/apps", "apps/128", "64x64/apps", "apps/64", "scalable/apps", "apps/scalable", "48x48/apps", "apps/48"};
 constexpr std::array<std::string_view, 2> endings{".png", ".svg"};
 
 /// Some desktop files name a file in place of an icon.
@@ -50,10 +54,19 @@ IconSearch::IconSearch(FileSystem &files) : m_files(files)
         for (const std::string_view size : themeFolders)
             addFolder(joined(joined(theme, size), "apps"));
     }
-    for (std::string &icons : iconFolders)
-        addFolder(std::move(icons));
+    for (const std::string &icons : iconFolders)
+        addFolder(icons);
     for (const std::string &share : shares)
         addFolder(joined(share, "pixmaps"));
+    for (const std::string_view theme : desktopThemes) {
+        for (const std::string &icons : iconFolders) {
+            const std::string folder = joined(icons, theme);
+            if (!files.exists(folder))
+                continue;
+            for (const std::string_view each : desktopThemeFolders)
+                addFolder(joined(folder, each));
+        }
+    }
 }
 
 void IconSearch::addFolder(std::string folder)

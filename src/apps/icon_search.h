@@ -8,8 +8,8 @@
 namespace corvane {
 
 /// Finds the pictures of applications by the names that their desktop files give them: in the fallback theme of the
-/// icon folders of the user, the system, and of Flatpaks and Snaps, and in the folders of pictures without a theme.
-/// Looks once at which folders there are. Immutable; any thread.
+/// icon folders of the user, the system, and of Flatpaks and Snaps, in the folders of pictures without a theme, and in
+/// the themes that desktops bring along. Looks once at which folders there are. Immutable; any thread.
 class IconSearch {
 public:
     /// `files` outlives the object.

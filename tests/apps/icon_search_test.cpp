@@ -33,7 +33,9 @@ TEST_F(IconSearchTest, ThePicturesOfTheUserComeFirst)
         "/var/lib/flatpak/exports/share/icons/hicolor/scalable/apps/chart.svg",
         "/usr/share/icons/hicolor/128x128/apps/chart.png",
         "/home/u/.icons/chart.png",
-        "/usr/share/pixmaps/chart.png"};
+        "/usr/share/pixmaps/chart.png",
+        "/usr/share/icons/Adwaita/64x64/apps/chart.png",
+        "/usr/share/icons/breeze/apps/48/chart.svg"};
     files.setSharedDataFolders({"/opt/share"});
     for (const std::string &place : places)
         add(place);

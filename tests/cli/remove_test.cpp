@@ -303,7 +303,9 @@ TEST_F(RemoveCommandTest, AFolderThatCannotBeChangedKeepsItsItems)
 TEST_F(RemoveCommandTest, AReadOnlyFolderOfTheUsersOwnGoesToTheTrashAsItIs)
 {
     m_folder.writeText("modules/one@v1/source.go", "package");
+    m_folder.writeText("modules/one@v1/inner/source.go", "package");
     openToOrdinaryUser();
+    ASSERT_EQ(chmod((m_folder / "modules/one@v1/inner").c_str(), 0555), 0);
     ASSERT_EQ(chmod((m_folder / "modules/one@v1").c_str(), 0555), 0);
 
     const ProgramResult result = program({"remove", "--yes", "--json", "modules/one@v1"}).asOrdinaryUser().run();
@@ -315,6 +317,12 @@ TEST_F(RemoveCommandTest, AReadOnlyFolderOfTheUsersOwnGoesToTheTrashAsItIs)
     EXPECT_EQ(facts.st_mode & 07777, 0555u);
     EXPECT_TRUE(m_folder.has("data/Trash/files/one@v1/source.go"));
     EXPECT_FALSE(m_folder.has("modules/one@v1"));
+
+    const ProgramResult emptied =
+        program({"remove", "--yes", "--json", "data/Trash/files/one@v1"}).asOrdinaryUser().run();
+    EXPECT_EQ(parsed(emptied)["failures"], json::array());
+    EXPECT_FALSE(m_folder.has("data/Trash/files/one@v1"));
+    EXPECT_FALSE(m_folder.has("data/Trash/info/one@v1.trashinfo"));
 }
 
 TEST_F(RemoveCommandTest, AReadOnlyFolderOfAnotherUserStays)

@@ -37,7 +37,8 @@ protected:
     void addApp(const std::string &name, const std::string &id, std::int64_t mebibytes) const
     {
         const std::string bundle = "home/Applications/" + name + ".app/";
-        folder().writeText(bundle + name, "a program");
+        folder().writeText(bundle + name, "\x7f"
+                                          "ELF program");
         folder().writeFile(bundle + "data", mebibytes * mebibyte);
         folder().writeText("data/applications/" + id + ".desktop", "[Desktop Entry]\nType=Application\nName=" + name +
                                                                        "\nExec=\"" + (folder() / (bundle + name)) +

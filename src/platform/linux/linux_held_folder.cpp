@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "platform/linux/linux_open_folder.h"
+#include "platform/linux/open_trash.h"
 #include "platform/linux/real_path.h"
 #include "platform/linux/stat_facts.h"
 #include "platform/path.h"
@@ -102,7 +103,10 @@ Expected<void> LinuxHeldFolder::removeItem(const std::string &name, const ItemId
     const auto openInside = [](int folder, const std::string &child) -> Expected<std::unique_ptr<OpenFolder>> {
         return LinuxOpenFolder::open(folder, child.c_str(), LinuxOpenFolder::LinkRule::refuse);
     };
-    return ItemRemoval(descriptor(), m_path, openInside).remove(name, expected);
+    // What is in the Trash got there as it was, read-only folders of tools included, and is to be emptied.
+    const auto readOnlyFolders =
+        liesInTrash(m_path) ? ItemRemoval::ReadOnlyFolders::yield : ItemRemoval::ReadOnlyFolders::resist;
+    return ItemRemoval(descriptor(), m_path, openInside, readOnlyFolders).remove(name, expected);
 }
 
 Expected<void> LinuxHeldFolder::moveItem(const std::string &name, HeldFolder &target, const std::string &newName)

@@ -1,5 +1,6 @@
 #include "platform/linux/open_trash.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <fcntl.h>
@@ -61,6 +62,16 @@ OpenTrash OpenTrash::at(const TrashPlace &place)
     const FileDescriptor top = place.open();
     return {openFolder(top.number(), "files"), openFolder(top.number(), "info"), joined(place.path(), "files"),
             place.basePath};
+}
+
+bool liesInTrash(const std::string &path)
+{
+    const std::string user = std::to_string(::getuid());
+    const std::string whole = path + "/";
+    return whole.find("/.Trash-" + user + "/files/") != std::string::npos ||
+           whole.find("/.Trash/" + user + "/files/") != std::string::npos ||
+           std::ranges::any_of(LinuxTrash::foldersOfUser(),
+                               [&](const std::string &trash) { return isOrLiesBeneath(path, joined(trash, "files")); });
 }
 
 std::string trashName(const std::string &name, int attempt)

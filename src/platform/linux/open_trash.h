@@ -34,6 +34,9 @@ struct OpenTrash {
     [[nodiscard]] static OpenTrash at(const TrashPlace &place);
 };
 
+/// Whether the path is that of the folder of items in a Trash of this user, or lies beneath one. Judges the text alone.
+[[nodiscard]] bool liesInTrash(const std::string &path);
+
 /// The name that GIO tries as its `attempt`-th for an item, the first being 1.
 [[nodiscard]] std::string trashName(const std::string &name, int attempt);
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/folder_chain.h"
@@ -26,11 +27,23 @@ tl::unexpected<Error> failureAt(const std::string &path, int code)
     return tl::unexpected(Error{operationName, path, {code, std::generic_category()}, {}});
 }
 
+/// Makes a folder of the user's own writable to its owner; others stay as they are.
+void makeWritable(int folder)
+{
+    constexpr mode_t permissions = 07777;
+    struct stat facts {};
+    if (::fstat(folder, &facts) == 0 && facts.st_uid == ::getuid() && (facts.st_mode & S_IWUSR) == 0)
+        (void)::fchmod(folder, (facts.st_mode & permissions) | S_IWUSR);
+}
+
 /// Empties one folder from the bottom up.
 class FolderEmptying {
 public:
     /// `mount` is that of the folder which contains the item.
-    FolderEmptying(std::string path, const Mount &mount) : m_path(std::move(path)), m_mount(mount) {}
+    FolderEmptying(std::string path, const Mount &mount, ItemRemoval::ReadOnlyFolders readOnlyFolders)
+        : m_path(std::move(path)), m_mount(mount), m_readOnlyFolders(readOnlyFolders)
+    {
+    }
 
     /// Fails with the first item that resisted; the others are deleted.
     Expected<void> empty(std::unique_ptr<OpenFolder> top)
@@ -97,6 +110,8 @@ private:
             (entry.type == EntryType::directory ? level.subfolders : others).emplace_back(entry.name);
         });
         const int descriptor = folder->descriptor();
+        if (m_readOnlyFolders == ItemRemoval::ReadOnlyFolders::yield)
+            makeWritable(descriptor);
         m_folders.push(std::move(folder));
         m_levels.push_back(std::move(level));
         if (!listed)
@@ -147,6 +162,7 @@ private:
 
     const std::string m_path;
     const Mount m_mount;
+    const ItemRemoval::ReadOnlyFolders m_readOnlyFolders;
     FolderChain m_folders;
     std::vector<Level> m_levels; // the same folders
     std::optional<Error> m_firstFailure;
@@ -212,7 +228,7 @@ Expected<void> ItemRemoval::removeFolder(const std::string &name, const ItemIden
     if (!mount)
         return failureAt(path, errno);
     Expected<std::unique_ptr<OpenFolder>> top = m_openInside(m_parent, name);
-    FolderEmptying emptying(path, *mount);
+    FolderEmptying emptying(path, *mount, m_readOnlyFolders);
     if (top) {
         if (const FolderIdentity opened = (*top)->identity();
             opened.device != expected.device || opened.inode != expected.inode)
