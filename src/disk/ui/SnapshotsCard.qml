@@ -84,6 +84,8 @@ Rectangle {
                 Accessible.name: modelData.text
 
                 Icon {
+                    id: unknown
+
                     anchors.verticalCenter: parent.verticalCenter
                     symbol: line.modelData.symbol
                     size: Theme.buttonIconSize
@@ -91,8 +93,10 @@ Rectangle {
                 }
                 PlainText {
                     height: parent.height
-                    width: Math.min(implicitWidth, content.width - Theme.buttonIconSize - Theme.space6
-                                    - (deletion.visible ? deletion.width + line.spacing : 0))
+                    // The buttons stand in a column of their own.
+                    width: deletion.visible
+                        ? DiskMetrics.snapshotNameWidth - (unknown.visible ? unknown.width + line.spacing : 0)
+                        : Math.min(implicitWidth, content.width - Theme.buttonIconSize - Theme.space6)
                     text: line.modelData.text
                     font: Theme.secondaryFiguresFont
                     elide: Text.ElideMiddle

@@ -24,6 +24,7 @@ class DiskMetrics : public QObject {
     Q_PROPERTY(int childrenTop READ childrenTop CONSTANT)
     Q_PROPERTY(int figureWidth READ figureWidth CONSTANT)
     Q_PROPERTY(int snapshotTextWidth READ snapshotTextWidth CONSTANT)
+    Q_PROPERTY(int snapshotNameWidth READ snapshotNameWidth CONSTANT)
     Q_PROPERTY(int snapshotLine READ snapshotLine CONSTANT)
     Q_PROPERTY(int summaryHeight READ summaryHeight CONSTANT)
     Q_PROPERTY(int summaryBarWidth READ summaryBarWidth CONSTANT)
@@ -45,6 +46,7 @@ public:
     static constexpr int childrenTop() { return 5; }
     static constexpr int figureWidth() { return 86; }
     static constexpr int snapshotTextWidth() { return 680; } // at most
+    static constexpr int snapshotNameWidth() { return 300; } // where a button stands beside it
     static constexpr int snapshotLine() { return 20; }
     static constexpr int summaryHeight() { return 44; }
     static constexpr int summaryBarWidth() { return 150; }
