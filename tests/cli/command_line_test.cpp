@@ -9,6 +9,8 @@
 
 #include "cli/cli_test.h"
 #include "cli/shielded_arguments.h"
+#include "platform/system_kind.h"
+#include "support/mac_words.h"
 
 namespace corvane {
 
@@ -255,6 +257,63 @@ TEST_F(CommandLineTest, TheCompletionsNameNoOptionThatDoesNotExist)
             continue;
         for (const std::string &option : wordsBehind(line, "-l "))
             EXPECT_TRUE(options.contains("--" + option.substr(3))) << line;
+    }
+}
+
+TEST_F(CommandLineTest, NothingThatIsReadOnALinuxSystemSpeaksOfAMac)
+{
+    if (std::filesystem::exists(macSystemFile))
+        GTEST_SKIP() << "the tests run on a root that is a Mac's";
+    REQUIRE_OWN_HOME();
+    m_folder.writeFile("home/Films/film.mkv", 2'000'000);
+    m_folder.writeFile("home/.npm/_cacache/blob", 2'000'000);
+    m_folder.writeFile("home/.gradle/caches", 10); // not a folder, so it cannot be listed
+    std::vector<std::vector<std::string>> runs{{"--help"},
+                                               {"help"},
+                                               {"scan"},
+                                               {"scan", "missing"},
+                                               {"map", "home"},
+                                               {"breakdown"},
+                                               {"breakdown", "--scan", "home"},
+                                               {"snapshots"},
+                                               {"cleanup"},
+                                               {"apps"},
+                                               {"duplicates", "home"},
+                                               {"large", "home", "--min", "1"},
+                                               {"old", "home"},
+                                               {"protected", "home", "/usr"},
+                                               {"remove", "--yes", "home"},
+                                               {"remove", "--yes", "home/Films"}};
+    for (const std::string &command : commands)
+        runs.push_back({command, "--help"});
+    std::vector<std::string> texts;
+    for (const std::vector<std::string> &arguments : runs) {
+        const ProgramResult result = run(arguments);
+        EXPECT_FALSE(result.out.empty() && result.errors.empty()) << arguments.front();
+        texts.insert(texts.end(), {result.out, result.errors});
+    }
+    const std::string packaging = CORVANE_PACKAGING_FOLDER;
+    for (const char *file : {"/completions/corvane-cli.bash", "/completions/_corvane-cli",
+                             "/completions/corvane-cli.fish", "/man/corvane-cli.1", "/man/corvane.1",
+                             "/linux/app.corvane.Corvane.desktop", "/linux/app.corvane.Corvane.metainfo.xml"}) {
+        texts.push_back(textOf(packaging + file));
+        EXPECT_FALSE(texts.back().empty()) << file;
+    }
+
+    // What the machine has installed is called as its makers like.
+    std::vector<std::string> names;
+    const nlohmann::json inventory = document({"apps"});
+    for (const nlohmann::json &app : inventory["apps"])
+        names.push_back(app["name"]);
+    for (const std::string &text : texts) {
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) {
+            const bool isOfAnApp = std::ranges::any_of(
+                names, [&](const std::string &name) { return line.find(name) != std::string::npos; });
+            if (!isOfAnApp) {
+                EXPECT_EQ(macWordIn(line), "") << line;
+            }
+        }
     }
 }
 
