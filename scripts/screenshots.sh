@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# One picture of every screen and sheet, light and dark, from the real program over the Mac-shaped root.
+# One picture of every screen and sheet, light and dark, from the real program over the Mac-shaped root and over the
+# Linux-shaped one; the names of the latter's contain "-linux".
 #
-#   screenshots.sh PROGRAM DIR                    into that folder
+#   screenshots.sh PROGRAM DIR [NAME…]            into that folder; with names only those, such as overview-linux-light
 #   screenshots.sh --docs PROGRAM DIR             and those that the documents show into docs/screenshots
 #   screenshots.sh --check COMPARE PROGRAM DIR    and compares docs/screenshots with them by the program COMPARE
 #
@@ -23,6 +24,7 @@ esac
 program=$(readlink -f "$1")
 mkdir -p "$2"
 output=$(readlink -f "$2")
+shift 2
 cd "$(dirname "$0")/.."
 
 if [[ $mode == check ]]; then
@@ -34,8 +36,21 @@ if [[ $mode == check ]]; then
     scripts/root-run.sh --check
 fi
 
-python3 tests/shaped_root/shaped_root.py build mac build/roots/mac
-scripts/root-run.sh --output "$output" build/roots/mac "$program" /System/Volumes/output
+wanted=("$@") # none for all of them
+if [[ -n $mode ]]; then
+    mapfile -t wanted < <(find docs/screenshots -name '*.png' -printf '%f\n' | sed 's/\.png$//')
+fi
+declare -A inside=([mac]=/System/Volumes/output [linux]=/run/output)
+for kind in mac linux; do
+    names=()
+    for name in "${wanted[@]}"; do
+        if [[ $name == *-linux-* ]]; then of=linux; else of=mac; fi
+        [[ $of != "$kind" ]] || names+=("$name")
+    done
+    [[ ${#wanted[@]} -eq 0 || ${#names[@]} -gt 0 ]] || continue
+    python3 tests/shaped_root/shaped_root.py build "$kind" "build/roots/$kind"
+    scripts/root-run.sh --output "$output" "build/roots/$kind" "$program" "${inside[$kind]}" "${names[@]}"
+done
 
 case $mode in
 docs)

@@ -225,6 +225,20 @@ TEST_F(BreakdownPresenterTest, LegendNamesTheFiveLargestAndCountsTheOthers)
     EXPECT_EQ(presenter.legendRest(), QString());
 }
 
+TEST_F(BreakdownPresenterTest, ALinuxSystemsLegendLeavesTheFoldersToTheRows)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    disk.segments[0].title = "Containers (/var/lib/docker)";
+    show(disk);
+    EXPECT_EQ(legend().front(), "Containers (/var/lib/docker)") << "a Mac's titles stand as they are";
+
+    disk.system = SystemKind::linuxSystem;
+    show(disk);
+    EXPECT_EQ(legend().front(), "Containers");
+    EXPECT_EQ(legend()[1], "Applications");
+    EXPECT_EQ(presenter.parts().front().title, QStringLiteral("Containers (/var/lib/docker)"));
+}
+
 TEST_F(BreakdownPresenterTest, OnlyWithoutAScanOneIsWanted)
 {
     show(test::sampleBreakdown());

@@ -43,7 +43,7 @@ void Photographer::takeDuplicatesByKeyboard()
     take(QStringLiteral("duplicates-keyboard"));
     m_store.clearSelection();
     // What lies in a selected folder.
-    const FileNode &folder = *m_store.node("/Users/studio/Projects/ml-experiments");
+    const FileNode &folder = *m_store.node(m_example.duplicatesFolder);
     m_store.setSelected(folder.path(), folder.size, true);
     m_driver.press(Qt::Key_End);
     take(QStringLiteral("duplicates-covered"));

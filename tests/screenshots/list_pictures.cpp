@@ -33,7 +33,7 @@ void Photographer::takeLargeFiles()
     take(QStringLiteral("large-menu"));
     dismiss();
     // What lies in a selected folder.
-    const FileNode &folder = *m_store.node("/Users/studio/Movies/Interviews");
+    const FileNode &folder = *m_store.node(m_example.home + "/" + m_example.videos + "/Interviews");
     m_store.setSelected(folder.path(), folder.size, true);
     take(QStringLiteral("large-covered"));
     m_store.clearSelection();

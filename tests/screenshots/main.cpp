@@ -4,12 +4,14 @@
 
 #include <QDir>
 #include <QGuiApplication>
+#include <QJsonDocument>
 #include <QLocale>
 #include <QQuickStyle>
 #include <QQuickWindow>
 
 #include "main/corvane_app.h"
 #include "screenshots/photographer.h"
+#include "screenshots/screen_reader.h"
 #include "shell/ui/theme.h"
 
 int main(int argc, char **argv)
@@ -26,8 +28,10 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVANE_VERSION));
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::fputs("screenshots: name the folder that takes the pictures\n", stderr);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() < 2) {
+        std::fputs("screenshots: name the folder that takes the pictures, and the pictures if not all; or --read\n",
+                   stderr);
         return EXIT_FAILURE;
     }
 
@@ -38,8 +42,13 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     QQuickWindow *const window = program.window();
     try {
-        const QDir folder(QString::fromLocal8Bit(argv[1]));
-        corvane::Photographer(*window, program.store(), program.services(), folder).takeAll();
+        if (arguments[1] == QStringLiteral("--read")) {
+            const QJsonObject texts = corvane::ScreenReader(*window, program.store()).readAll();
+            std::puts(QJsonDocument(texts).toJson(QJsonDocument::Compact).constData());
+        } else {
+            corvane::Photographer(*window, program.store(), program.services(), QDir(arguments[1]), arguments.mid(2))
+                .takeAll();
+        }
     } catch (const std::exception &failure) {
         std::fprintf(stderr, "screenshots: %s\n", failure.what());
         return EXIT_FAILURE;

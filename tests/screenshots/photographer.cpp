@@ -1,6 +1,7 @@
 #include "screenshots/photographer.h"
 
 #include <chrono>
+#include <utility>
 
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
@@ -21,8 +22,9 @@ constexpr int height = 800;
 
 } // namespace
 
-Photographer::Photographer(QQuickWindow &window, StorageStore &store, Services &services, const QDir &folder)
-    : m_driver(window), m_store(store), m_services(services), m_folder(folder)
+Photographer::Photographer(QQuickWindow &window, StorageStore &store, Services &services, const QDir &folder,
+                           QStringList wanted)
+    : m_driver(window), m_store(store), m_services(services), m_folder(folder), m_wanted(std::move(wanted))
 {
     m_driver.resize(width, height);
     m_driver.pointAtNothing();
@@ -58,7 +60,8 @@ void Photographer::takeScanning()
     slowDownListings(std::chrono::milliseconds(40));
     m_driver.click(m_driver.item(QStringLiteral("requiresScan.scan")));
     m_driver.pointAtNothing();
-    m_driver.waitFor([&] { return m_store.scannedFiles() > 1'000; }, QStringLiteral("a scan under way"));
+    m_driver.waitFor([&] { return m_store.scannedFiles() > m_example.filesUnderWay; },
+                     QStringLiteral("a scan under way"));
     takeMoving(QStringLiteral("scan-progress"));
     show(StorageStore::SidebarItem::overview);
     takeMoving(QStringLiteral("overview-scanning"));
@@ -104,8 +107,9 @@ void Photographer::takeMenus()
 
 void Photographer::takeSelection()
 {
-    m_driver.clickAt(m_driver.item(QStringLiteral("map")), tile("Movies"));
-    m_driver.waitFor([&] { return m_store.currentFolder()->name == "Movies"; }, QStringLiteral("the opened folder"));
+    m_driver.clickAt(m_driver.item(QStringLiteral("map")), tile(m_example.videos));
+    m_driver.waitFor([&] { return m_store.currentFolder()->name == m_example.videos; },
+                     QStringLiteral("the opened folder"));
     m_driver.pointAtNothing();
     take(QStringLiteral("explorer-folder"));
     tick("Exports");
@@ -132,7 +136,7 @@ void Photographer::takeRemoval()
     m_store.dismissToast();
 
     // A folder that was there when it was chosen.
-    m_store.scan("/Users/studio/Old Projects");
+    m_store.scan(m_example.home + "/Old Projects");
     m_driver.waitFor([&] { return m_store.toast().has_value(); }, QStringLiteral("the refusal"));
     take(QStringLiteral("toast-warning"));
     m_store.dismissToast();
@@ -140,9 +144,9 @@ void Photographer::takeRemoval()
 
 void Photographer::takeEmptyFolders()
 {
-    scan("/Users/studio/Public");
+    scan(m_example.home + "/Public");
     take(QStringLiteral("explorer-empty"));
-    scan("/Users/studio/Library/Application Support/com.apple.TCC");
+    scan(m_example.closedFolder);
     take(QStringLiteral("explorer-unreadable"));
     takeNoDuplicates();
 }
@@ -150,7 +154,7 @@ void Photographer::takeEmptyFolders()
 void Photographer::takeDrop()
 {
     QMimeData dragged;
-    dragged.setUrls({QUrl::fromLocalFile(QStringLiteral("/Users/studio/Movies"))});
+    dragged.setUrls({QUrl::fromLocalFile(QString::fromStdString(m_example.home + "/" + m_example.videos))});
     QDragEnterEvent enter(QPoint(width / 2, height / 2), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(m_driver.window(), &enter);
     take(QStringLiteral("drop"));
@@ -210,13 +214,15 @@ void Photographer::takeCleanup()
     m_driver.click(cleanupRow(QStringLiteral("App Caches")));
     m_driver.rest();
     // First: the selection bar, which rises with the first tick, comes to lie over it.
-    tickCleanup(QStringLiteral("Xcode DerivedData"));
+    tickCleanup(m_example.cleanupRow);
     m_driver.rest();
     tickCleanup(QStringLiteral("Trash"));
-    for (const char *name : {"Northwind Browser", "com.framewright.studio", "com.signaldeck.desktop"})
-        tickCleanup(QString::fromLatin1(name));
+    for (const QString &name : m_example.cachesTicked)
+        tickCleanup(name);
     m_driver.pointAtNothing();
     take(QStringLiteral("cleanup"));
+    if (!m_store.cleanupCommands().empty())
+        takeCommands();
     takeMinimum(QStringLiteral("cleanup-min"));
     m_driver.press(Qt::Key_End);
     take(QStringLiteral("cleanup-end"));
@@ -231,11 +237,31 @@ void Photographer::takeCleanup()
     show(StorageStore::SidebarItem::overview);
     take(QStringLiteral("overview-tidy"));
     show(StorageStore::SidebarItem::cleanup);
-    scan("/Users/studio/Public");
+    scan(m_example.home + "/Public");
     waitForMeasurement();
     m_driver.press(Qt::Key_End);
     take(QStringLiteral("cleanup-none"));
     show(StorageStore::SidebarItem::explorer);
+}
+
+void Photographer::takeCommands()
+{
+    QQuickItem &rows = m_driver.item(QStringLiteral("cleanupRows"));
+    const auto scrollTo = [&](qreal end) {
+        rows.setProperty("contentY", end);
+        m_driver.rest();
+    };
+    // The height of rows that have not been shown yet is a guess.
+    for (int times = 0; times < 3; ++times) {
+        scrollTo(rows.property("originY").toReal() + rows.property("contentHeight").toReal() +
+                 rows.property("bottomMargin").toReal() - rows.height());
+    }
+    m_driver.click(m_driver.itemWhere(
+        [](const QQuickItem &item) { return item.property("text").toString() == QStringLiteral("Copy"); },
+        QStringLiteral("the button of a command")));
+    m_driver.pointAtNothing();
+    take(QStringLiteral("cleanup-commands"));
+    scrollTo(rows.property("originY").toReal() - rows.property("topMargin").toReal());
 }
 
 QQuickItem &Photographer::cleanupRow(const QString &title) const
@@ -275,9 +301,21 @@ void Photographer::dismiss()
 
 void Photographer::takeWindow(const QString &name, const WindowDriver &driver)
 {
+    takeBoth(name, [&] { return driver.stillPicture(); });
+}
+
+void Photographer::takeBoth(const QString &name, const std::function<QImage()> &picture)
+{
     for (const bool dark : {false, true}) {
+        const QString whole = name + m_example.mark + (dark ? QStringLiteral("-dark") : QStringLiteral("-light"));
+        const bool isWanted = m_wanted.isEmpty() || m_wanted.contains(whole);
+        // What comes next finds the window at rest, wanted or not.
+        if (dark && !isWanted)
+            continue;
         Theme::instance()->setDark(dark);
-        save(name + (dark ? QStringLiteral("-dark") : QStringLiteral("-light")), driver.stillPicture());
+        const QImage taken = picture();
+        if (isWanted)
+            save(whole, taken);
     }
     Theme::instance()->setDark(false);
 }
@@ -307,12 +345,10 @@ void Photographer::show(StorageStore::SidebarItem screen)
 
 void Photographer::takeMoving(const QString &name)
 {
-    for (const bool dark : {false, true}) {
-        Theme::instance()->setDark(dark);
+    takeBoth(name, [&] {
         QTest::qWait(300);
-        save(name + (dark ? QStringLiteral("-dark") : QStringLiteral("-light")), m_driver.picture());
-    }
-    Theme::instance()->setDark(false);
+        return m_driver.picture();
+    });
 }
 
 void Photographer::save(const QString &name, const QImage &picture) const

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include <QDir>
 #include <QString>
+#include <QStringList>
 
 #include "core/store/storage_store.h"
+#include "platform/host.h"
+#include "screenshots/example.h"
 #include "screenshots/window_driver.h"
 #include "shell/services.h"
 
@@ -15,13 +19,16 @@ namespace corvane {
 /// thread only.
 class Photographer {
 public:
-    /// The window shows the store over a Mac's disk; `folder` takes the pictures.
-    Photographer(QQuickWindow &window, StorageStore &store, Services &services, const QDir &folder);
+    /// The window shows the store over the disk of a shaped root; `folder` takes the pictures.
+    /// `wanted` names the pictures to take, without their ending; empty for all of them.
+    Photographer(QQuickWindow &window, StorageStore &store, Services &services, const QDir &folder, QStringList wanted);
 
     void takeAll();
 
 private:
     void takeBreakdownBeforeScan();
+    /// With other answers of a Mac's tools.
+    void takeOtherAnswers();
     void takeBreakdown();
     void takeScanning();
     void takeMap();
@@ -34,6 +41,7 @@ private:
     void takeOverview();
     void takeCleanup();
     void takeCleanupWithoutScan();
+    void takeCommands();
     void takeLists();
     void takeLargeFiles();
     void takeOldFiles();
@@ -41,6 +49,8 @@ private:
     void takeDuplicatesByKeyboard();
     void takeNoDuplicates();
     void takeUninstaller();
+    void takeMacsApp(AppInventory::Result &inventory);
+    void takeLinuxApps();
     void takeAppsByKeyboard();
     void takeOrphans();
     void takeUninstallerWithoutApps();
@@ -70,6 +80,8 @@ private:
     void takeWindow(const QString &name, const WindowDriver &driver);
     /// The same while it moves.
     void takeMoving(const QString &name);
+    /// Saves what `picture` gives, light and dark, if it is wanted.
+    void takeBoth(const QString &name, const std::function<QImage()> &picture);
     void save(const QString &name, const QImage &picture) const;
 
     [[nodiscard]] QQuickItem &row(const std::string &name) const;
@@ -93,6 +105,8 @@ private:
     StorageStore &m_store;
     Services &m_services;
     QDir m_folder;
+    const QStringList m_wanted;
+    const Example &m_example = exampleOf(systemHost().files.systemKind());
 };
 
 } // namespace corvane

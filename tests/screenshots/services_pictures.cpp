@@ -47,7 +47,10 @@ private:
 
 void Photographer::takeWelcome()
 {
-    m_driver.click(m_driver.item(QStringLiteral("overview.accessGuide")));
+    if (m_example.kind == SystemKind::mac)
+        m_driver.click(m_driver.item(QStringLiteral("overview.accessGuide")));
+    else
+        m_services.defaults()->setDidOnboard(false);
     m_driver.pointAtNothing();
     take(QStringLiteral("welcome"));
     dismiss();
@@ -63,6 +66,8 @@ void Photographer::takeServices()
     take(QStringLiteral("crash-prompt"));
     dismiss();
 
+    if (m_example.kind != SystemKind::mac)
+        return; // nothing is asked for
     const GrantedAccess access;
     m_services.defaults()->setDidOnboard(false);
     take(QStringLiteral("welcome-granted"));

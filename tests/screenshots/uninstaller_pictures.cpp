@@ -71,8 +71,21 @@ void Photographer::takeUninstaller()
     slowDownListings(std::chrono::milliseconds(0));
     waitForInventory();
 
-    // Only a Mac remembers when an application was opened last.
     AppInventory::Result inventory{m_store.apps(), m_store.orphanGroups()};
+    if (m_example.kind == SystemKind::mac)
+        takeMacsApp(inventory);
+    else
+        takeLinuxApps();
+    takeAppsByKeyboard();
+    takeOrphans();
+    takeUninstallerWithoutApps();
+    publishApps(inventory);
+    show(StorageStore::SidebarItem::explorer);
+}
+
+void Photographer::takeMacsApp(AppInventory::Result &inventory)
+{
+    // No machine that takes the pictures remembers when an application was opened last.
     const auto setUnusedFor = [&](const std::string &name, days age) {
         const auto app = std::ranges::find(inventory.apps, name, &InstalledApp::name);
         if (app != inventory.apps.end())
@@ -86,32 +99,45 @@ void Photographer::takeUninstaller()
     publishApps(inventory);
     take(QStringLiteral("uninstaller-none"));
     {
-        const RunningApp running("Signal Deck");
-        chooseApp(QStringLiteral("Signal Deck"));
+        const RunningApp running(m_example.app.toStdString());
+        chooseApp(m_example.app);
         take(QStringLiteral("uninstaller"));
         takeMinimum(QStringLiteral("uninstaller-min"));
-        setUnusedFor("Signal Deck", days(2));
+        setUnusedFor(m_example.app.toStdString(), days(2));
         publishApps(inventory);
         m_driver.click(m_driver.item(QStringLiteral("uninstaller.uninstall")));
         m_driver.pointAtNothing();
         take(QStringLiteral("uninstall-confirm"));
         dismiss();
     }
-    takeAppsByKeyboard();
-    takeOrphans();
-    takeUninstallerWithoutApps();
-    publishApps(inventory);
-    show(StorageStore::SidebarItem::explorer);
+}
+
+void Photographer::takeLinuxApps()
+{
+    take(QStringLiteral("uninstaller-none"));
+    chooseApp(m_example.app);
+    take(QStringLiteral("uninstaller"));
+    takeMinimum(QStringLiteral("uninstaller-min"));
+    chooseApp(m_example.otherApp); // its data alone would go to the Trash at once
+    m_driver.click(m_driver.item(QStringLiteral("uninstaller.uninstall")));
+    m_driver.pointAtNothing();
+    take(QStringLiteral("uninstall-confirm"));
+    dismiss();
+    for (const char *kind : {"Signal Deck", "Code Harbor", "Terrain Studio"}) {
+        const QString name = QString::fromLatin1(kind);
+        chooseApp(name);
+        take(QStringLiteral("uninstaller-") + name.toLower().replace(QLatin1Char(' '), QLatin1Char('-')));
+    }
 }
 
 void Photographer::takeAppsByKeyboard()
 {
-    chooseApp(QStringLiteral("Star Atlas"));
-    take(QStringLiteral("uninstaller-appstore"));
+    chooseApp(m_example.otherApp);
+    take(QStringLiteral("uninstaller-") + m_example.otherAppMark);
     tabTo(m_driver.item(QStringLiteral("uninstaller.list")));
     m_driver.press(Qt::Key_Down);
     take(QStringLiteral("uninstaller-keyboard-list"));
-    chooseApp(QStringLiteral("Signal Deck"));
+    chooseApp(m_example.app);
     tabTo(m_driver.item(QStringLiteral("uninstaller.leftovers")));
     m_driver.press(Qt::Key_Down);
     m_driver.press(Qt::Key_Space);
@@ -126,7 +152,7 @@ void Photographer::takeAppsByKeyboard()
 
     const AppInventory::Result found{m_store.apps(), m_store.orphanGroups()};
     AppInventory::Result tidy = found;
-    std::ranges::find(tidy.apps, "Signal Deck", &InstalledApp::name)->leftovers.clear();
+    std::ranges::find(tidy.apps, m_example.app.toStdString(), &InstalledApp::name)->leftovers.clear();
     publishApps(tidy);
     take(QStringLiteral("uninstaller-tidy"));
     publishApps(found);

@@ -444,6 +444,64 @@ class AppsOnALinuxSystem(LinuxCase):
         self.assertNoForeignWord(text)
 
 
+class WindowOnALinuxSystem(LinuxCase):
+    """The window tells what the command line tells."""
+
+    def read(self):
+        done = self.run_inside(self.probe, "--read")
+        self.assertEqual(done.returncode, 0, done.stderr.decode())
+        return json.loads(done.stdout)
+
+    def assertShows(self, texts, rows):
+        """Near each title, in the order of reading, stands its size."""
+        for title, size in rows.items():
+            places = [index for index, text in enumerate(texts) if text == title]
+            self.assertTrue(places, f"{title} in {texts}")
+            self.assertTrue(any(self.told(size) in texts[place:place + 14] for place in places),
+                            f"{title}: {self.told(size)} in {[texts[place:place + 14] for place in places]}")
+
+    def test_EveryScreenTellsTheSameAsTheCommandLine(self):
+        screens = self.read()
+        for arguments, screen in (((), "breakdown"), (("--scan", HOME), "breakdownScanned")):
+            result = json.loads(self.on_its_disk("breakdown", "--json", *arguments))
+            self.assertShows(screens[screen], {segment["title"]: segment["size"] for segment in result["segments"]})
+            hidden = next(segment for segment in result["segments"] if segment["id"] == "hidden")
+            self.assertIn(hidden["detail"], screens[screen])
+            for part in ("412.6 GB", " used of 500.11 GB", "87.51 GB", " free on Debian GNU/Linux"):
+                self.assertIn(part, screens[screen])
+        self.assertIn(re.match("[0-9]+%", self.on_its_disk("breakdown"))[0] + " of 412.6 GB explained",
+                      screens["overview"])
+
+        items = json.loads(self.on_its_disk("cleanup", "--json"))
+        self.assertShows(screens["cleanup"], {item["title"]: item["total"] for item in items if item["entries"]})
+        table = self.on_its_disk("cleanup")
+        for size, command in re.findall(r"^ *([\d.]+ [MG]B)  .*?  +((?:sudo |docker |flatpak ).*)$", table,
+                                        re.MULTILINE):
+            place = screens["cleanup"].index(command)
+            self.assertIn(size, screens["cleanup"][place - 6:place + 8], command)
+        folded = re.search(r"^(\d+) more places hold nothing$", table, re.MULTILINE)
+        lines = {pair for pair in zip(screens["cleanup"], screens["cleanup"][1:]) if pair[1].endswith(" nothing")}
+        self.assertEqual(sum(int(line.split()[0]) for _, line in lines), int(folded[1]), lines)
+
+        inventory = json.loads(self.on_its_disk("apps", "--json"))
+        for app in inventory["apps"]:
+            place = screens["uninstaller"].index(app["name"])
+            row = screens["uninstaller"][place:place + 4]
+            self.assertIn(app.get("source", row[1]), row)
+            self.assertTrue(any(text.startswith("app " + self.told(app["appSize"])) for text in row), row)
+        self.assertShows(screens["uninstaller"], {"Left behind by deleted apps": sum(
+            item["size"] for group in inventory["orphanGroups"] for item in group["items"])})
+
+        scanned = json.loads(self.on_its_disk("scan", "--json", "/"))["root"]
+        self.assertShows(screens["explorerOfTheDisk"], {node["name"]: node["size"] for node in scanned["children"]
+                                                        if node["kind"] == "folder"})
+
+    def test_NoScreenSpeaksOfAMac(self):
+        for screen, texts in self.read().items():
+            with self.subTest(screen):
+                self.assertNoForeignWord("\n".join(texts))
+
+
 class RemovalOnALinuxSystem(LinuxCase):
     """What the command line removes. Each test has its own items; none counts what the others change."""
 
@@ -505,4 +563,4 @@ class UninstallOnALinuxSystem(LinuxCase):
 
 if __name__ == "__main__":
     sys.exit(main(LinuxRoot, CommandLineOnALinuxSystem, BreakdownOnALinuxSystem, CleanupOnALinuxSystem,
-                  AppsOnALinuxSystem, RemovalOnALinuxSystem, UninstallOnALinuxSystem))
+                  AppsOnALinuxSystem, WindowOnALinuxSystem, RemovalOnALinuxSystem, UninstallOnALinuxSystem))

@@ -1,7 +1,10 @@
 #include "shell/ui/theme.h"
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -215,6 +218,17 @@ TEST_F(ThemeTest, SolidFillDarkensOnlyAsFarAsWhiteNeeds)
     const QColor fill = theme.solidFill(pale);
     EXPECT_GE(contrast(Qt::white, fill), 3.1);
     EXPECT_EQ(fill.rgb(), QColor(215, 123, 48).rgb());
+}
+
+TEST_F(ThemeTest, CommandsStandInLettersOfOneWidth)
+{
+    const Theme &theme = *Theme::instance();
+    const QStringList families = QFontDatabase::families();
+    if (std::ranges::none_of(families, [](const QString &family) { return QFontDatabase::isFixedPitch(family); }))
+        GTEST_SKIP() << "no such font is installed";
+    const QFontMetricsF metrics(theme.commandFont());
+    EXPECT_EQ(metrics.horizontalAdvance(u'i'), metrics.horizontalAdvance(u'W'));
+    EXPECT_EQ(theme.commandFont().pixelSize(), 11);
 }
 
 TEST_F(ThemeTest, EmbeddedFontsAreTheOnesInUse)

@@ -56,6 +56,7 @@ struct DiskTable {
     /// Without a scan what is left is said to be not scanned yet. Otherwise the home folder is one of the places.
     bool leavesHomeToTheScan;
     bool measuresLocations; ///< those of `DiskAccountant::locations`
+    bool shortensLegend;    ///< below the bar titles stand without the folder in brackets behind them
 
     // What is left after everything was measured.
     std::string_view unmeasuredTitle;

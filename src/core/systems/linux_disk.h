@@ -192,6 +192,7 @@ inline constexpr DiskTable linuxDisk{
     .wholeDiskDetail = "Everything Corvane could read on the disk. Explore it in the Space Map.",
     .leavesHomeToTheScan = false,
     .measuresLocations = false,
+    .shortensLegend = true,
     .unmeasuredTitle = "Not Measured",
     .unmeasuredDetail = "Deleted files that programs still hold open, snapshots and the file system's own records.",
     .unmeasuredDetailWithDenied =

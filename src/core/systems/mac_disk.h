@@ -25,6 +25,7 @@ inline constexpr DiskTable macDisk{
     .wholeDiskDetail = "Everything Corvane could read on the disk. Explore it in the Space Map.",
     .leavesHomeToTheScan = true,
     .measuresLocations = true,
+    .shortensLegend = false,
     .unmeasuredTitle = "Hidden System Data",
     .unmeasuredDetail = "Files macOS doesn't let apps measure: system caches and logs in /private/var, other users' "
                         "folders, the Spotlight index and snapshot data.",

@@ -8,6 +8,7 @@
 
 #include "core/store/followed.h"
 #include "core/store/qt_words.h"
+#include "core/systems/disk_table.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -160,7 +161,12 @@ double BreakdownPresenter::rest() const
 
 QList<StackedBarPart> BreakdownPresenter::legend() const
 {
-    return usedParts().mid(0, legendLength);
+    QList<StackedBarPart> legend = usedParts().mid(0, legendLength);
+    if (isAvailable() && diskTableOf(breakdown()->system).shortensLegend) {
+        for (StackedBarPart &part : legend)
+            part.title = part.title.left(part.title.indexOf(QStringLiteral(" (/")));
+    }
+    return legend;
 }
 
 QString BreakdownPresenter::legendRest() const

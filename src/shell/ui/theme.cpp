@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QJSEngine>
 #include <QPalette>
@@ -650,6 +651,11 @@ QFont Theme::captionFont() const
 QFont Theme::commandFont() const
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    // Without a desktop's theme that is the font of everything else.
+    if (const QFontMetricsF metrics(font); metrics.horizontalAdvance(u'i') != metrics.horizontalAdvance(u'W')) {
+        font.setFamily(QStringLiteral("monospace"));
+        font.setStyleHint(QFont::Monospace);
+    }
     font.setPixelSize(11);
     return font;
 }
