@@ -340,6 +340,13 @@ bool isMachineCode(const std::string &path, FileSystem &files)
     return count && *count == start.size() && std::memcmp(start.data(), mark.data(), mark.size()) == 0;
 }
 
+/// Whether a folder has beside its "bin" what programs are made with.
+bool hasPartsOfPrograms(const std::string &folder, FileSystem &files)
+{
+    constexpr std::array<std::string_view, 6> parts{"lib", "lib64", "libexec", "share", "jre", "jbr"};
+    return std::ranges::any_of(parts, [&](std::string_view part) { return files.exists(joined(folder, part)); });
+}
+
 /// The folder that was unpacked with the program in it: it bears the name of the program or of its entry, so that the
 /// folder of a user's own scripts is none. Nothing where its contents may be the user's own as well.
 std::optional<std::string> unpackedFolder(const std::string &program, const DesktopEntry &entry, const LinuxData &data,
@@ -360,7 +367,7 @@ std::optional<std::string> unpackedFolder(const std::string &program, const Desk
         folder = containingFolder(folder);
     if (!liesBeneath(folder, home) || data.touchesDocuments(folder) || data.isDataPlace(folder))
         return std::nullopt;
-    if (!isInBin && !isMachineCode(program, files))
+    if (!isMachineCode(program, files) && !(isInBin && hasPartsOfPrograms(std::string(folder), files)))
         return std::nullopt;
     const std::string_view name = lastPathComponent(folder);
     if (containingFolder(folder) == home &&

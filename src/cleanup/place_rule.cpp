@@ -66,6 +66,8 @@ std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) co
 std::vector<std::string> PlaceRule::trashesOfVolumes() const
 {
     std::vector<std::string> trashes;
+    if (!tableOf(m_files.systemKind()).hasOwnPlaces)
+        return trashes;
     for (std::string &trash : m_files.volumeTrashes()) {
         const Expected<std::string> realTrash = m_files.realPath(trash);
         if (!realTrash)

@@ -414,6 +414,7 @@ TEST_F(LinuxAppsTest, TheVersionOfAnAppImageIsToldByItsEntryOrItsName)
 TEST_F(LinuxAppsTest, AShortcutIntoAnotherProgramIsNoApplication)
 {
     addItem("apps/kite/bin/kite", 1'000);
+    addItem("apps/kite/lib/part", 1'000);
     fake.files.addText(at(".local/share/applications/a.desktop"),
                        entryText("Kite", at("apps/kite/bin/kite") + " --app-id=abc"), 0);
     fake.files.addText(at(".local/share/applications/b.desktop"), entryText("Game", "steam steam://rungameid/1"), 0);
@@ -505,6 +506,7 @@ TEST_F(LinuxAppsTest, NoMainFolderAndNoFolderOfManyBecomesAnApplication)
     start("Games/bin/games", "Games", code);
     start("Chess Club/chess", "Chess", "#!/bin/sh\nedit letters.txt\n"); // a script among what the user wrote
     start("Gamesaves/game", "Game", code);
+    start("novel/bin/novel", "Novel", "#!/bin/sh\nprint chapters/*\n");
     start("notes/notes", "Notes", code);
     fake.files.addFolder(at("notes/src"));
     fake.files.addText(at(".local/share/applications/x.desktop"), entryText("Root", "/"), 0);

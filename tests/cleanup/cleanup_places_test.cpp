@@ -437,6 +437,15 @@ TEST_F(CleanupPlacesTest, WithTheTrashOfAnotherVolumeAloneTheRowExists)
     EXPECT_EQ(item("trash").total(), 4'000);
 }
 
+TEST_F(CleanupPlacesTest, OnAMacRootTheTrashIsThatOfTheHomeAlone)
+{
+    files.setSystemKind(SystemKind::mac);
+    files.addFile("/media/stick/.Trash-1000/files/film", 4'000);
+    files.setVolumeTrashes({"/media/stick/.Trash-1000/files"});
+    measure();
+    EXPECT_THAT(paths("trash"), IsEmpty());
+}
+
 TEST_F(CleanupPlacesTest, ATrashOfAVolumeThatReallyIsAUsersFolderIsRefused)
 {
     files.addFile("/home/me/Documents/thesis/chapter", 4'000);

@@ -515,6 +515,17 @@ TEST_F(LinuxTrashOfAVolume, IsNamedAmongTheTrashFoldersAndNotMade)
     EXPECT_THAT(folders, Each(StartsWith("/")));
 }
 
+TEST_F(LinuxTrashOfAVolume, IsFoundAndEmptiedWithItsRecords)
+{
+    EXPECT_EQ(m_home.runOnDisk(R"(
+        echo old > item; $probe trash "$PWD/item"
+        $probe volume-trashes | grep "^$PWD/"
+        $probe remove "$PWD/.Trash-$user/files/item"
+        ls .Trash-$user/files .Trash-$user/info)"),
+              "done\n" + m_home.folder / ("disk/.Trash-" + m_user + "/files") + "\ndone\n.Trash-" + m_user +
+                  "/files:\n\n.Trash-" + m_user + "/info:");
+}
+
 TEST_F(LinuxTrashOfAVolume, FailsOnAFullDiskAndTheItemStays)
 {
     const std::string answer = m_home.runOnDisk(R"(

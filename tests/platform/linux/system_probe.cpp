@@ -121,8 +121,15 @@ int run(std::string_view question, const std::string &subject)
         std::cout << host.files.diskName().value_or("absent") << '\n';
         return 0;
     }
+    if (question == "volume-trashes") {
+        for (const std::string &trash : host.files.volumeTrashes())
+            std::cout << trash << '\n';
+        return 0;
+    }
     if (question == "running") {
-        std::cout << host.applications.running({.bundleID = {}, .bundlePath = subject, .flatpak = {}, .snap = {}}).size() << '\n';
+        std::cout
+            << host.applications.running({.bundleID = {}, .bundlePath = subject, .flatpak = {}, .snap = {}}).size()
+            << '\n';
         return 0;
     }
     if (question == "mounts") {
