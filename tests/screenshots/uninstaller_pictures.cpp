@@ -123,7 +123,7 @@ void Photographer::takeLinuxApps()
     m_driver.pointAtNothing();
     take(QStringLiteral("uninstall-confirm"));
     dismiss();
-    for (const char *kind : {"Signal Deck", "Code Harbor", "Terrain Studio"}) {
+    for (const char *kind : {"Signal Deck", "Code Harbor"}) {
         const QString name = QString::fromLatin1(kind);
         chooseApp(name);
         take(QStringLiteral("uninstaller-") + name.toLower().replace(QLatin1Char(' '), QLatin1Char('-')));
