@@ -31,6 +31,8 @@ Item {
         text: foot.presenter.plan
         font: Theme.secondaryFiguresFont
         color: Theme.t2
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }

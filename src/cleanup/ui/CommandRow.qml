@@ -32,7 +32,7 @@ BoxRow {
         anchors.leftMargin: Theme.space12
         anchors.rightMargin: Theme.space12
         anchors.verticalCenter: parent.verticalCenter
-        height: Theme.bodyLine + Theme.secondaryLine
+        height: heading.height + detail.height
 
         PlainText {
             id: heading
@@ -44,10 +44,13 @@ BoxRow {
             Accessible.ignored: true
         }
         PlainText {
+            id: detail
+
             anchors.top: heading.bottom
             width: parent.width
-            height: Theme.secondaryLine
+            height: (implicitWidth > width ? 2 : 1) * Theme.secondaryLine
             text: row.note
+            wrapMode: Text.Wrap
             font: Theme.secondaryFont
             color: Theme.t2
             Accessible.role: Accessible.StaticText
@@ -60,7 +63,8 @@ BoxRow {
         anchors.right: button.left
         anchors.rightMargin: Theme.space8
         anchors.verticalCenter: parent.verticalCenter
-        width: CleanupMetrics.commandWidth
+        // In a narrow window what the command is for comes first.
+        width: Math.min(CleanupMetrics.commandWidth, Math.floor(row.width / 3))
         text: row.action
     }
     CopyButton {

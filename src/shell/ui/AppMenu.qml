@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Templates as T
-import QtQuick.Window
 import Corvane.Shell
 
 /// A menu, opened by a button, a right click or the menu bar.
@@ -24,8 +23,12 @@ T.Menu {
     contentItem: ListView {
         implicitHeight: contentHeight
         model: menu.contentModel
-        interactive: Window.window ? contentHeight + menu.topPadding + menu.bottomPadding > Window.window.height : false
+        // Taller than the window.
+        interactive: contentHeight > height
         clip: interactive
+        T.ScrollBar.vertical: AppScrollBar {
+            policy: size < 1 ? T.ScrollBar.AlwaysOn : T.ScrollBar.AsNeeded
+        }
         // The menu moves the keyboard itself; a current row of the list would take it once more.
         currentIndex: -1
     }
