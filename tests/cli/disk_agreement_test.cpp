@@ -47,6 +47,8 @@ protected:
     struct Answers {
         std::int64_t used = 0; ///< df's
         std::int64_t available = 0;
+        std::int64_t usedAtHome = 0; ///< of the file system of "/home", which may be the same
+        std::int64_t availableAtHome = 0;
         std::int64_t onDisk = 0; ///< du's
         json breakdown;
         std::string table;
@@ -73,7 +75,7 @@ cd /
 exec bwrap --bind "$disk" / --ro-bind /usr /usr --symlink usr/lib /lib --symlink usr/lib64 /lib64 \
     --symlink usr/bin /bin --proc /proc --dev /dev --ro-bind "$tools" /run/tools --bind "$folder/answer" /run/answer \
     $binds --setenv HOME /home/me bash -euc '
-df -B1 --output=used,avail / | tail -n 1 > /run/answer/df
+df -B1 --output=used,avail / /home | tail -n 2 > /run/answer/df
 du -x -s --block-size=1 / > /run/answer/du || true
 /run/tools/corvane-cli breakdown --json > /run/answer/breakdown
 /run/tools/corvane-cli breakdown > /run/answer/table
@@ -94,7 +96,7 @@ fi'
             return std::nullopt;
         EXPECT_EQ(result.exitStatus, 0) << result.out << result.errors;
         Answers answers;
-        answer("df") >> answers.used >> answers.available;
+        answer("df") >> answers.used >> answers.available >> answers.usedAtHome >> answers.availableAtHome;
         answer("du") >> answers.onDisk;
         answers.breakdown = json::parse(answer("breakdown"), nullptr, false);
         std::getline(answer("table"), answers.table, '\0');
@@ -208,6 +210,25 @@ TEST_P(DiskAgreement, WhatIsMountedASecondTimeCountsOnceAndAnotherDiskNotAtAll)
     EXPECT_EQ(answers->breakdown["overcount"], 0);
     expectWithinOnePercent(answers->scan["bytes"], 70 * mb);
     EXPECT_EQ(answers->breakdown["free"], answers->available);
+}
+
+TEST_P(DiskAgreement, AHomeOnADiskOfItsOwnBelongsToTheDisk)
+{
+    binds = "--bind " + folder.makeFolder("second") + " /home";
+    ASK_OR_SKIP(answers, R"sh(
+mount -t tmpfs -o size=300m none "$folder/second"
+mkdir "$folder/second/me"
+head -c 80000000 /dev/urandom > "$folder/second/me/film"
+head -c 70000000 /dev/urandom > var/log/syslog
+)sh");
+    const json &breakdown = answers->breakdown;
+    ASSERT_TRUE(breakdown.is_object());
+    EXPECT_GE(answers->usedAtHome, 80 * mb);
+    EXPECT_EQ(breakdown["total"].get<std::int64_t>() - breakdown["free"].get<std::int64_t>(),
+              answers->used + answers->usedAtHome);
+    EXPECT_EQ(breakdown["free"], answers->available + answers->availableAtHome);
+    EXPECT_GE(sizeOf(breakdown, "home"), 80 * mb);
+    expectWithinOnePercent(answers->scan["bytes"], 150 * mb);
 }
 
 /// How much of what is used the breakdown explains, in percent.
