@@ -20,7 +20,7 @@ void addTexts(const QQuickItem &item, QStringList &texts)
     if (!item.isVisible())
         return;
     if (item.inherits("QQuickText") || item.inherits("QQuickTextInput")) {
-        if (const QString text = item.property("text").toString(); !text.isEmpty())
+        if (const QString text = item.property("text").toString(); !text.isEmpty() && item.width() > 0)
             texts.append(text);
     }
     for (const QQuickItem *child : item.childItems())

@@ -16,7 +16,7 @@ Item {
     }
 
     FileTableColumns {
-        id: columns
+        id: tableColumns
 
         room: table.width - 2 * Theme.pageMargin - Theme.checkCellWidth
         wide: table.width >= Theme.wideContentWidth
@@ -25,7 +25,7 @@ Item {
         id: header
 
         width: parent.width
-        columns: columns
+        columns: tableColumns
         files: table.files
     }
     AppList {
@@ -67,7 +67,7 @@ Item {
             required property int index
 
             width: list.width
-            columns: columns
+            columns: tableColumns
             ringed: ListView.isCurrentItem && list.visualFocus
             onPressed: (modifiers, forMenu) => {
                 list.point(index);
