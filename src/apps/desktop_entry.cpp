@@ -83,13 +83,11 @@ std::vector<std::string> wordsOf(std::string_view command)
     bool isQuoted = false;
     for (std::size_t i = 0; i < command.size(); ++i) {
         const char each = command[i];
+        const std::string_view next = command.substr(i + 1, 1);
         if (each == '"') {
             isQuoted = !isQuoted;
             isWord = true;
-        } else if (each == '\\' && i + 1 < command.size()) {
-            word += command[++i];
-            isWord = true;
-        } else if (each == '%' && i + 1 < command.size() && command[i + 1] == '%') {
+        } else if ((each == '\\' && !next.empty()) || (each == '%' && next == "%")) {
             word += command[++i];
             isWord = true;
         } else if (!isQuoted && (each == ' ' || each == '\t')) {

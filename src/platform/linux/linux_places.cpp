@@ -229,7 +229,7 @@ std::string valueInYaml(std::string_view text, std::string_view key)
         const std::string_view line = takeLine(text);
         if (!line.starts_with(key) || line.size() == key.size() || line[key.size()] != ':')
             continue;
-        const std::string value = plain(line.substr(key.size() + 1));
+        std::string value = plain(line.substr(key.size() + 1));
         if (value.starts_with('['))
             return plain(std::string_view(value).substr(1, value.find_first_of(",]") - 1));
         if (!value.empty())
