@@ -258,23 +258,30 @@ TEST_F(BreakdownJourney, GrantFullDiskAccessOpensTheSystemsSettings)
 
 TEST_F(BreakdownJourney, TheCopyButtonsCopyTheirCommandsAndSaySoForAWhile)
 {
-    openOnAMac(macWithSnapshots(9));
+    DiskBreakdown disk = macWithSnapshots(9);
+    for (std::size_t i = 0; i < disk.snapshots.size(); ++i) {
+        disk.snapshots[i].listCommand = "sudo snapper list --all-configs";
+        disk.snapshots[i].deleteCommand = "sudo snapper -c root delete " + std::to_string(i + 1);
+    }
+    openOnAMac(disk);
     EXPECT_TRUE(shows(QStringLiteral("9 found")));
     EXPECT_TRUE(shows(QStringLiteral("+ 3 more")));
+    EXPECT_FALSE(isShown(QStringLiteral("snapshots.copyThin")));
     QQuickItem &list = driver().item(QStringLiteral("snapshots.copyList"));
-    QQuickItem &thin = driver().item(QStringLiteral("snapshots.copyThin"));
+    QQuickItem &removal = driver().item(QStringLiteral("snapshots.copyDelete"));
 
     tabTo(list);
     press(Qt::Key_Space);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo snapper list"));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo snapper list --all-configs"));
     EXPECT_EQ(list.property("text").toString(), QStringLiteral("Copied!"));
 
-    driver().click(thin);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo snapper cleanup number"));
-    EXPECT_EQ(thin.property("text").toString(), QStringLiteral("Copied!"));
+    driver().click(removal);
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("sudo snapper -c root delete ")));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), removal.property("command").toString());
+    EXPECT_EQ(removal.property("text").toString(), QStringLiteral("Copied!"));
     EXPECT_EQ(list.property("text").toString(), QStringLiteral("Copy “list snapshots” command"));
 
-    waitUntil([&] { return thin.property("text").toString() == QStringLiteral("Copy “free snapshots” command"); },
+    waitUntil([&] { return removal.property("text").toString() == QStringLiteral("Copy “delete” command"); },
               QStringLiteral("the button's own text"));
 }
 
