@@ -1,5 +1,6 @@
 #include "screenshots/photographer.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include <QMimeData>
 #include <QtTest/QTest>
 
+#include "core/systems/cleanup_table.h"
 #include "map/treemap_builder.h"
 #include "screenshots/shaped_disk.h"
 #include "shell/ui/theme.h"
@@ -229,8 +231,13 @@ void Photographer::takeCleanup()
     m_store.clearSelection();
 
     std::vector<CleanupItem> nothing;
-    for (const CleanupDefinition &def : CleanupCatalog::definitions)
+    const CleanupTable &table = cleanupTableOf(m_example.kind);
+    const auto addEmpty = [&](const CleanupDefinition &def) {
         nothing.push_back({&def, {}, true});
+        nothing.back().exists = !table.foldsEmptyRows;
+    };
+    std::ranges::for_each(CleanupCatalog::definitions, addEmpty);
+    std::ranges::for_each(table.rows, addEmpty);
     m_store.finishCleanup(std::move(nothing), m_store.cleanupToken());
     m_driver.press(Qt::Key_Home);
     take(QStringLiteral("cleanup-empty"));
