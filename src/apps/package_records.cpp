@@ -110,6 +110,11 @@ public:
             names.insert(lastPathComponent(entry.program));
         names.erase(std::string_view());
         std::set<std::string> linked; // to what may be another package's
+        for (const std::string_view name : names) {
+            // The system's administrator may have chosen which of several programs bears the name.
+            if (const Expected<std::string> real = files.realPath(joined("/usr/bin", name)))
+                linked.insert(*real);
+        }
         std::set<std::string> found;
         forEachLine(m_list, [&](std::string_view line) {
             if (!names.contains(lastPathComponent(line)))
@@ -123,12 +128,14 @@ public:
                 return;
             (facts->type == EntryType::symbolicLink ? linked : found).insert(*real);
         });
-        if (!linked.empty()) {
-            forEachLine(m_list, [&](std::string_view line) {
-                if (std::string path = pathOf(line); linked.contains(path))
-                    found.insert(std::move(path));
-            });
-        }
+        forEachLine(m_list, [&](std::string_view line) {
+            std::string path = linked.empty() ? std::string() : pathOf(line);
+            if (!linked.contains(path))
+                return;
+            // A list has the folders of everybody as well.
+            if (const Expected<ItemFacts> facts = files.facts(path); facts && facts->type == EntryType::file)
+                found.insert(std::move(path));
+        });
         std::set<std::string> all = found;
         for (const std::string &program : found) {
             if (const std::string_view folder = containingFolder(program); isFolderOfItsOwn(folder))

@@ -342,6 +342,34 @@ TEST_F(LinuxAppsTest, APackageRunsItsProgramsAndNoneOfAnother)
     EXPECT_THAT(app("Sea Chart").programs, IsEmpty());
 }
 
+TEST_F(LinuxAppsTest, AProgramThatTheAdministratorHasChosenIsThePackagesOwn)
+{
+    addPackage("chart", "chart", entryText("Sea Chart", "map"));
+    fake.files.addFile("/usr/bin/map.basic", 1'000);
+    fake.files.addLink("/etc/alternatives/map", "/usr/bin/map.basic");
+    fake.files.addLink("/usr/bin/map", "/etc/alternatives/map");
+    setText("/var/lib/dpkg/info/chart.list", "/usr/bin/map.basic\n/usr/share/applications/chart.desktop\n");
+    EXPECT_THAT(app("Sea Chart").programs, ElementsAre("/usr/bin/map.basic"));
+    setText("/var/lib/dpkg/info/chart.list", "/usr/bin/other\n/usr/share/applications/chart.desktop\n");
+    EXPECT_THAT(app("Sea Chart").programs, IsEmpty());
+}
+
+TEST_F(LinuxAppsTest, NoFolderOfEverybodyIsAProgramThatAnEntryStarts)
+{
+    for (const char *const program : {"", ".", "..", "/", "/usr", "/usr/bin", "../share", "share", "%f"}) {
+        SCOPED_TRACE(program);
+        setText("/usr/share/applications/chart.desktop", entryText("Sea Chart", program));
+        fake.files.addFolder("/usr/share/doc");
+        if (!fake.files.has("/usr/share/doc/share"))
+            fake.files.addLink("/usr/share/doc/share", "/usr/share");
+        setText("/var/lib/dpkg/status", "Package: chart\nStatus: install ok installed\nVersion: 1\n");
+        setText("/var/lib/dpkg/info/chart.list", "/.\n/usr\n/usr/bin\n/usr/share\n/usr/share/doc\n"
+                                                 "/usr/share/doc/share\n/usr/share/applications/chart.desktop\n");
+        fake.files.addFolder("/usr/bin");
+        EXPECT_THAT(app("Sea Chart").programs, IsEmpty());
+    }
+}
+
 TEST_F(LinuxAppsTest, AFolderOfEverybodysIsNoneOfAPackages)
 {
     addPackage("chart", "chart", entryText("Sea Chart", "/usr/lib/x86_64-linux-gnu/chart"));
