@@ -71,6 +71,8 @@ LinuxData::LinuxData(const AppInventory::Surroundings &surroundings) : m_surroun
     std::vector<std::string> documents = files.userFolders();
     for (const std::string_view folder : documentFolders)
         documents.push_back(joined(home, folder));
+    for (const std::string &folder : documents)
+        m_documentNames.emplace_back(lastPathComponent(folder));
     // A folder behind a link has its real path, too, and that may be written beneath the home's other path.
     const std::string &realHome = surroundings.locations.realHome();
     for (std::string &folder : documents) {
@@ -132,9 +134,9 @@ std::optional<Leftover> LinuxData::folderAt(const std::string &path, std::string
 
 std::vector<Leftover> LinuxData::flatpakData(const std::string &id, bool isShared) const
 {
-    const Match match = isShared ? Match::name : Match::exact;
+    const Match usualMatch = isShared ? Match::name : Match::exact;
     std::vector<Leftover> found;
-    const auto take = [&](std::string path, std::string_view label) {
+    const auto take = [&](std::string path, std::string_view label, Match match) {
         if (m_surroundings.stop || touchesDocuments(path))
             return;
         if (std::optional<Leftover> leftover = leftoverAt(std::move(path), label, match, m_surroundings))
@@ -142,32 +144,49 @@ std::vector<Leftover> LinuxData::flatpakData(const std::string &id, bool isShare
     };
     for (const Item &item : m_flatpaks.listing.named(id)) {
         const std::string folder = joined(m_flatpaks.folder, item.name);
+        // What lies behind a link may be anything of the user's.
+        const Expected<ItemFacts> facts = m_surroundings.files.facts(folder);
+        if (!facts || facts->type != EntryType::directory)
+            continue;
         for (const std::string &name :
              namesIn(folder, m_surroundings.files, m_surroundings.stop).value_or(std::vector<std::string>())) {
             const auto *const part = std::ranges::find(flatpakParts, name, &DataPlace::usual);
-            take(joined(folder, name), part == flatpakParts.end() ? m_flatpaks.label : part->label);
+            take(joined(folder, name), part == flatpakParts.end() ? m_flatpaks.label : part->label,
+                 isFilledDocumentFolder(folder, name) ? Match::name : usualMatch);
         }
     }
     for (const Item &item : m_overrides.listing.named(id))
-        take(joined(m_overrides.folder, item.name), m_overrides.label);
+        take(joined(m_overrides.folder, item.name), m_overrides.label, usualMatch);
     return found;
 }
 
-/// A Snap's programs take its folder for the home, so that people keep documents in it.
-bool LinuxData::holdsDocuments(const std::string &snapFolder) const
+bool LinuxData::isFilledDocumentFolder(const std::string &folder, std::string_view name) const
+{
+    if (std::ranges::find(m_documentNames, name) == m_documentNames.end())
+        return false;
+    const std::string path = joined(folder, name);
+    const Expected<ItemFacts> facts = m_surroundings.files.facts(path);
+    if (!facts || facts->type != EntryType::directory)
+        return false;
+    const auto inside = namesIn(path, m_surroundings.files, m_surroundings.stop);
+    return !inside || !inside->empty();
+}
+
+/// Programs in a sandbox may take their folder for the home, so that people keep documents in it.
+bool LinuxData::holdsDocuments(const std::string &folder) const
+{
+    return std::ranges::any_of(m_documentNames,
+                               [&](const std::string &name) { return isFilledDocumentFolder(folder, name); });
+}
+
+bool LinuxData::snapHoldsDocuments(const std::string &snapFolder) const
 {
     FileSystem &files = m_surroundings.files;
     const auto revisions = namesIn(snapFolder, files, m_surroundings.stop);
     return !revisions || std::ranges::any_of(*revisions, [&](const std::string &revision) {
         const std::string folder = joined(snapFolder, revision);
         const Expected<ItemFacts> facts = files.facts(folder);
-        return facts && facts->type == EntryType::directory &&
-               std::ranges::any_of(documentFolders, [&](std::string_view name) {
-                   const std::string documents = joined(folder, name);
-                   const Expected<ItemFacts> inside = files.facts(documents);
-                   return inside && inside->type == EntryType::directory &&
-                          !namesIn(documents, files, m_surroundings.stop).value_or(std::vector<std::string>()).empty();
-               });
+        return facts && facts->type == EntryType::directory && holdsDocuments(folder);
     });
 }
 
@@ -200,7 +219,7 @@ std::vector<Leftover> LinuxData::dataOf(const DataOwner &owner, const InstalledN
     if (!owner.snap.empty()) {
         for (const Item &item : m_snaps.listing.named(owner.snap)) {
             const std::string folder = joined(m_snaps.folder, item.name);
-            add(folderAt(folder, m_snaps.label, holdsDocuments(folder) ? Match::name : Match::exact));
+            add(folderAt(folder, m_snaps.label, snapHoldsDocuments(folder) ? Match::name : Match::exact));
         }
     }
     for (const std::string &id : owner.ids)
@@ -242,15 +261,17 @@ std::vector<OrphanGroup> LinuxData::orphans(const InstalledNames &installed) con
     };
     if (installed.flatpaks) {
         for (const Item &item : m_flatpaks.listing.items()) {
-            if (isReverseDomainName(item.lowered) && !installed.flatpaks->contains(item.lowered))
-                add(folderAt(joined(m_flatpaks.folder, item.name), m_flatpaks.label, Match::orphan),
-                    leadingPieces(item.lowered, 3));
+            const std::string folder = joined(m_flatpaks.folder, item.name);
+            if (isReverseDomainName(item.lowered) && !installed.flatpaks->contains(item.lowered) &&
+                !holdsDocuments(folder))
+                add(folderAt(folder, m_flatpaks.label, Match::orphan), leadingPieces(item.lowered, 3));
         }
     }
     if (installed.snaps) {
         for (const Item &item : m_snaps.listing.items()) {
-            if (isPlainName(item.lowered) && !installed.snaps->contains(item.lowered))
-                add(folderAt(joined(m_snaps.folder, item.name), m_snaps.label, Match::orphan), item.lowered);
+            const std::string folder = joined(m_snaps.folder, item.name);
+            if (isPlainName(item.lowered) && !installed.snaps->contains(item.lowered) && !snapHoldsDocuments(folder))
+                add(folderAt(folder, m_snaps.label, Match::orphan), item.lowered);
         }
     }
     if (installed.areIDsKnown) {

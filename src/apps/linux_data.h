@@ -65,12 +65,15 @@ private:
     [[nodiscard]] std::vector<Leftover> flatpakData(const std::string &id, bool isShared) const;
     [[nodiscard]] std::optional<Leftover> folderAt(const std::string &path, std::string_view label,
                                                    Leftover::Match match) const;
-    [[nodiscard]] bool holdsDocuments(const std::string &snapFolder) const;
+    [[nodiscard]] bool isFilledDocumentFolder(const std::string &folder, std::string_view name) const;
+    [[nodiscard]] bool holdsDocuments(const std::string &folder) const;
+    [[nodiscard]] bool snapHoldsDocuments(const std::string &snapFolder) const;
     [[nodiscard]] bool isUntouchedInside(const Leftover &folder) const;
 
     const AppInventory::Surroundings &m_surroundings;
     std::vector<std::string> m_documents;
-    std::vector<Place> m_places; // those that may hold anybody's
+    std::vector<std::string> m_documentNames; ///< what such folders are called, wherever they lie
+    std::vector<Place> m_places;              // those that may hold anybody's
     Place m_flatpaks;
     Place m_overrides;
     Place m_snaps;

@@ -616,6 +616,44 @@ TEST_F(LinuxAppsTest, AFlatpaksDataIsToldByItsParts)
     EXPECT_FALSE(found.proposes(found.leftovers[4]));
 }
 
+TEST_F(LinuxAppsTest, AFlatpaksFolderThatLeadsElsewhereHoldsNoData)
+{
+    addFlatpak("org.sea.Chart", "Sea Chart");
+    addItem("Documents/novel.txt");
+    addItem("work/novel.txt");
+    for (const char *const elsewhere : {"Documents", "work"}) {
+        SCOPED_TRACE(elsewhere);
+        if (fake.files.has(at(".var/app/org.sea.Chart")))
+            fake.files.take(at(".var/app/org.sea.Chart"));
+        else
+            fake.files.addFolder(at(".var/app"));
+        fake.files.addLink(at(".var/app/org.sea.Chart"), at(elsewhere));
+        EXPECT_THAT(app("Sea Chart").leftovers, IsEmpty());
+    }
+}
+
+TEST_F(LinuxAppsTest, DocumentsInAFlatpaksFolderAreNotProposed)
+{
+    addFlatpak("org.sea.Chart", "Sea Chart");
+    fake.files.setUserFolders({at("Papers")});
+    addItem(".var/app/org.sea.Chart/Documents/novel.txt");
+    addItem(".var/app/org.sea.Chart/Papers/novel.txt");
+    fake.files.addFolder(at(".var/app/org.sea.Chart/Music"));
+    addData(".var/app/org.sea.Chart/data");
+    EXPECT_THAT(dataOf("Sea Chart", Match::exact),
+                testing::UnorderedElementsAre(".var/app/org.sea.Chart/Music", ".var/app/org.sea.Chart/data"));
+    EXPECT_EQ(app("Sea Chart").leftovers.size(), 4U);
+}
+
+TEST_F(LinuxAppsTest, WhatGoneApplicationsKeptIsNotLeftBehindWhereItHoldsDocuments)
+{
+    addData(".var/app/org.gone.Tool/data");
+    addData("snap/gone/common");
+    addItem(".var/app/org.gone.Pad/Documents/novel.txt");
+    addItem("snap/pad/12/Documents/novel.txt");
+    EXPECT_THAT(orphans(), testing::UnorderedElementsAre(".var/app/org.gone.Tool", "snap/gone"));
+}
+
 TEST_F(LinuxAppsTest, ASnapsDataIsProposedUnlessItHoldsDocuments)
 {
     addSnap("chart", "Sea Chart");
