@@ -347,6 +347,24 @@ bool hasPartsOfPrograms(const std::string &folder, FileSystem &files)
     return std::ranges::any_of(parts, [&](std::string_view part) { return files.exists(joined(folder, part)); });
 }
 
+/// Whether something of the user's own lies directly inside, or a repository in one of the folders there.
+bool holdsOwnWork(const std::string &folder, const Surroundings &surroundings)
+{
+    constexpr std::array<std::string_view, 11> ownFolders{"desktop",   "documents", "downloads", "notes",
+                                                          "pictures",  "projects",  "saves",     "sketchbook",
+                                                          "workspace", "worlds",    "videos"};
+    constexpr std::array<std::string_view, 26> ownFiles{
+        "avi", "blend", "doc", "docx", "flac", "heic", "ino",  "jpeg", "jpg", "kdbx", "kra", "mkv", "mov",
+        "mp3", "mp4",   "odp", "ods",  "odt",  "ppt",  "pptx", "psd",  "raw", "tex",  "xcf", "xls", "xlsx"};
+    const auto names = namesIn(folder, surroundings.files, surroundings.stop);
+    return !names || std::ranges::any_of(*names, [&](const std::string &name) {
+        const std::string lowered = lowerCase(name);
+        return std::ranges::find(ownFolders, lowered) != ownFolders.end() ||
+               std::ranges::find(ownFiles, nameExtension(lowered)) != ownFiles.end() ||
+               surroundings.files.exists(joined(joined(folder, name), ".git"));
+    });
+}
+
 /// The folder that was unpacked with the program in it: it bears the name of the program or of its entry, so that the
 /// folder of a user's own scripts is none. Nothing where its contents may be the user's own as well.
 std::optional<std::string> unpackedFolder(const std::string &program, const DesktopEntry &entry, const LinuxData &data,
@@ -378,7 +396,8 @@ std::optional<std::string> unpackedFolder(const std::string &program, const Desk
         return std::nullopt;
     std::string path(folder);
     if (surroundings.locations.isProtected(path, files) ||
-        std::ranges::any_of(signsOfWork, [&](std::string_view sign) { return files.exists(joined(path, sign)); }))
+        std::ranges::any_of(signsOfWork, [&](std::string_view sign) { return files.exists(joined(path, sign)); }) ||
+        holdsOwnWork(path, surroundings))
         return std::nullopt;
     return path;
 }
@@ -420,16 +439,28 @@ std::optional<Found> foundInHome(const DesktopEntry &entry, const LinuxData &dat
         .size = [path = *place, &surroundings] { return allocatedSize(path, surroundings.files, surroundings.stop); }};
 }
 
-/// Those in the home folder; of several entries for one application the first counts.
+/// Those in the home folder; of several entries for one application the first counts. A folder that other programs are
+/// started from as well is none.
 std::vector<Found> appsInHome(const LinuxData &data, const IconSearch &icons, const Surroundings &surroundings)
 {
-    std::vector<Found> found;
     const std::string folder =
         joined(LinuxData::dataFolder(surroundings.locations.home(), surroundings.files), "applications");
-    for (const DesktopEntry &entry : entriesIn(folder, surroundings)) {
+    const std::vector<DesktopEntry> entries = entriesIn(folder, surroundings);
+    std::set<std::string> programs;
+    for (const DesktopEntry &entry : entries) {
+        if (!entry.program.starts_with('/') || surroundings.stop)
+            continue;
+        if (std::optional<std::string> program = placeInHome(entry.program, surroundings))
+            programs.insert(*std::move(program));
+    }
+    const auto holdsSeveral = [&](const std::string &place) {
+        return std::ranges::count_if(programs, [&](const std::string &each) { return liesBeneath(each, place); }) > 1;
+    };
+    std::vector<Found> found;
+    for (const DesktopEntry &entry : entries) {
         std::optional<Found> each = foundInHome(entry, data, icons, surroundings);
         const auto isKnown = [&](const Found &other) { return other.app.path == each->app.path; };
-        if (each && std::ranges::none_of(found, isKnown))
+        if (each && std::ranges::none_of(found, isKnown) && !holdsSeveral(each->app.path))
             found.push_back(*std::move(each));
     }
     return found;

@@ -546,6 +546,33 @@ TEST_F(LinuxAppsTest, NoMainFolderAndNoFolderOfManyBecomesAnApplication)
     EXPECT_EQ(app("Kite").version, "2.1");
 }
 
+TEST_F(LinuxAppsTest, AFolderOfSeveralProgramsOrOfTheUsersWorkIsNoApplication)
+{
+    const auto start = [&](const std::string &name, const std::string &program) {
+        fake.files.addText(at(program),
+                           "\x7f"
+                           "ELF",
+                           1'000);
+        fake.files.addText(at(".local/share/applications/" + name + ".desktop"), entryText(name, at(program)), 0);
+    };
+    start("Kite", "kite/kite");
+    start("Photos", "Photos/photos");
+    EXPECT_THAT(names(), testing::UnorderedElementsAre("Kite", "Photos"));
+    start("Chart", "kite/chart-2.0/chart"); // inside the other one's folder
+    addItem("Photos/summer.JPG");
+    EXPECT_THAT(names(), ElementsAre("Chart"));
+    start("Draw", "kite/Draw.AppImage");
+    EXPECT_THAT(names(), testing::UnorderedElementsAre("Chart", "Draw"));
+    for (const char *const work : {"Projects/a", "saves/a", "site/.git/a"}) {
+        SCOPED_TRACE(work);
+        const std::string name = "Pilot" + std::string(work, 3);
+        start(name, name + "/" + name);
+        EXPECT_EQ(app(name).path, at(name));
+        addItem(name + "/" + work);
+        EXPECT_THAT(names(), testing::Not(testing::Contains(name)));
+    }
+}
+
 TEST_F(LinuxAppsTest, ADesktopFileAmongDocumentsIsNotRemovedAlong)
 {
     fake.files.setOwnPlace(".local/share", {at("Documents"), at(".local/share")});
