@@ -202,6 +202,7 @@ std::vector<PackageRecord> readEach(std::size_t count,
 
 struct DebianPackage {
     std::string version;
+    std::string architecture;
     std::int64_t size = 0;
 };
 
@@ -210,16 +211,14 @@ std::unordered_map<std::string, DebianPackage> debianPackages(std::string_view s
 {
     std::unordered_map<std::string, DebianPackage> packages;
     std::string name;
-    std::string architecture;
     bool isInstalled = false;
     DebianPackage package;
     const auto take = [&] {
         if (isInstalled && isPlainName(name)) {
-            packages.emplace(name + ":" + architecture, package);
+            packages.emplace(name + ":" + package.architecture, package);
             packages.emplace(name, package);
         }
         name.clear();
-        architecture.clear();
         isInstalled = false;
         package = {};
     };
@@ -234,7 +233,7 @@ std::unordered_map<std::string, DebianPackage> debianPackages(std::string_view s
         else if (const auto state = value("Status: "))
             isInstalled = state->ends_with(" installed");
         else if (const auto built = value("Architecture: "))
-            architecture = *built;
+            package.architecture = *built;
         else if (const auto version = value("Version: "))
             package.version = upstreamVersion(*version);
         else if (const auto size = value("Installed-Size: "))
@@ -255,6 +254,8 @@ std::vector<PackageRecord> readDebian(FileSystem &files, const StopFlag &stop)
     std::ranges::sort(names);
     const auto packages = debianPackages(textOf(joined(debianFolder, "status"), longestDatabase, files));
     const auto pathOf = [](std::string_view line) { return std::string(line); };
+    const auto tool = packages.find("dpkg");
+    const std::string native = tool == packages.end() ? std::string() : tool->second.architecture;
     return readEach(
         names.size(),
         [&](std::size_t i) -> std::optional<PackageRecord> {
@@ -270,6 +271,10 @@ std::vector<PackageRecord> readDebian(FileSystem &files, const StopFlag &stop)
             if (record.entries.empty())
                 return std::nullopt;
             record.removeCommand = "sudo apt remove " + record.name;
+            // By its name alone apt takes the one that is built for this computer.
+            const std::string &built = package->second.architecture;
+            if (!native.empty() && built != native && built != "all" && isPlainName(built))
+                record.removeCommand += ":" + built;
             record.size = installed.size(pathOf, files, stop);
             if (record.size == 0)
                 record.size = package->second.size;
@@ -433,6 +438,10 @@ std::vector<PackageRecord> readPackages(FileSystem &files, const ToolRunner &run
     std::vector<PackageRecord> records = readDebian(files, stop);
     std::ranges::move(readPacman(files, stop), std::back_inserter(records));
     std::ranges::move(readRpm(files, runTool, stop), std::back_inserter(records));
+    // A package that is there for two architectures owns its desktop file twice.
+    std::set<std::string> taken;
+    std::erase_if(records,
+                  [&](const PackageRecord &record) { return !taken.insert(record.entries.front().path).second; });
     return records;
 }
 

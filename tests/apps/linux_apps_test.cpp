@@ -199,6 +199,28 @@ TEST_F(LinuxAppsTest, APackageOfOneArchitectureIsFound)
     EXPECT_EQ(app("Sea Chart").removeCommand, "sudo apt remove chart");
 }
 
+TEST_F(LinuxAppsTest, TheCommandForAPackageOfAnotherArchitectureNamesIt)
+{
+    addPackage("dpkg", "dpkg", entryText("Tool", "dpkg"));
+    addPackage("pilot", "pilot", entryText("Pilot", "pilot"));
+    status.replace(status.rfind("amd64"), 5, "i386");
+    addPackage("common", "common", entryText("Common", "common"));
+    status.replace(status.rfind("amd64"), 5, "all");
+    EXPECT_EQ(app("Tool").removeCommand, "sudo apt remove dpkg");
+    EXPECT_EQ(app("Pilot").removeCommand, "sudo apt remove pilot:i386");
+    EXPECT_EQ(app("Common").removeCommand, "sudo apt remove common");
+    status.replace(status.find("i386"), 4, "x;reboot");
+    EXPECT_EQ(app("Pilot").removeCommand, "sudo apt remove pilot");
+}
+
+TEST_F(LinuxAppsTest, APackageOfTwoArchitecturesIsOneApplication)
+{
+    addPackage("chart", "chart", entryText("Sea Chart", "chart"), "chart:amd64");
+    fake.files.addText("/var/lib/dpkg/info/chart:i386.list", "/usr/share/applications/chart.desktop\n");
+    status += "Package: chart\nStatus: install ok installed\nArchitecture: i386\n\n";
+    EXPECT_THAT(names(), ElementsAre("Sea Chart"));
+}
+
 TEST_F(LinuxAppsTest, APackageWhoseFilesCannotBeReadHasTheSizeThatItTells)
 {
     addPackage("chart", "chart", entryText("Sea Chart", "chart"));
