@@ -133,8 +133,20 @@ private:
         return std::max(told, sizeOfFolders());
     }
 
+    /// The user may have told the tool to speak to another computer, whose containers are not to be deleted for the
+    /// space here.
+    [[nodiscard]] bool speaksToThisComputer() const
+    {
+        if (m_definition.serviceArguments.front().empty())
+            return true;
+        const auto address = run({m_definition.serviceArguments.begin(), m_definition.serviceArguments.end()});
+        return !address || address->starts_with("unix://");
+    }
+
     [[nodiscard]] std::optional<AdminCommand> containers() const
     {
+        if (!speaksToThisComputer())
+            return std::nullopt;
         const auto kinds = run({"system", "df", "--format", "{{.Type}}\t{{.Reclaimable}}"});
         const auto unnamed = run({"images", "--filter", "dangling=true", "--format", "{{.Size}}"});
         if (!kinds || !unnamed) {

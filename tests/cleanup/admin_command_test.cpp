@@ -116,6 +116,23 @@ TEST_F(AdminCommandTest, ContainersFreeWhatAPruneRemoves)
     EXPECT_THAT(find(), IsEmpty()) << "nothing to free";
 }
 
+TEST_F(AdminCommandTest, ContainersOfAnotherComputerAreNotOffered)
+{
+    files.addFile("/usr/bin/docker", 1);
+    files.addFolder("/var/lib/docker");
+    dockerTells("Containers\t1GB\n", "");
+    const std::string question = "/usr/bin/docker context inspect --format {{.Endpoints.docker.Host}}";
+    for (const char *const elsewhere : {"ssh://deploy@server\n", "tcp://127.0.0.1:2375\n", "\n"}) {
+        runs.clear();
+        answer(question, elsewhere);
+        EXPECT_THAT(find(), IsEmpty());
+        EXPECT_THAT(runs, ElementsAre(question)) << "the other computer is asked nothing";
+    }
+    answer(question, "unix:///var/run/docker.sock\n");
+    ASSERT_EQ(find().size(), 1u);
+    EXPECT_EQ(find()[0].bytes, 1'000'000'000);
+}
+
 TEST_F(AdminCommandTest, WhereTheServiceDoesNotAnswerTheUserTheCommandOfTheAdministratorIsOffered)
 {
     files.addFile("/usr/bin/docker", 1);
@@ -220,6 +237,7 @@ TEST_F(AdminCommandTest, NothingThatNeedsAPrivilegeIsEverRun)
     }
     static_cast<void>(find());
     const std::vector<std::string> questions{
+        "/usr/bin/docker context inspect --format {{.Endpoints.docker.Host}}",
         "/usr/bin/docker system df --format {{.Type}}\t{{.Reclaimable}}",
         "/usr/bin/docker images --filter dangling=true --format {{.Size}}",
         "/usr/bin/podman system df --format {{.Type}}\t{{.Reclaimable}}",

@@ -62,6 +62,9 @@ struct CommandDefinition {
     std::array<std::string_view, 2> folders = {}; ///< absolute; the second may be empty
     std::string_view deniedCommand = {};          ///< in place of the other one where the tool does not answer the user
     std::int64_t kept = 0;                        ///< bytes that the command leaves
+    /// Makes the tool tell the address of the service that the command would speak to, which has to be one of this
+    /// computer; empty where it can be no other.
+    std::array<std::string_view, 4> serviceArguments = {};
 };
 
 /// What one system's catalogue has beside the rows that every system has.
