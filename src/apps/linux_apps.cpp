@@ -87,6 +87,39 @@ std::vector<DesktopEntry> entriesIn(const std::string &folder, const Surrounding
 
 // --- Names
 
+bool isAppImage(std::string_view path)
+{
+    return lowerCase(nameExtension(lastPathComponent(path))) == "appimage";
+}
+
+/// A program's file name; of an AppImage without its ending.
+std::string_view programName(std::string_view path)
+{
+    std::string_view name = lastPathComponent(path);
+    if (isAppImage(name))
+        name.remove_suffix(nameExtension(name).size() + 1);
+    return name;
+}
+
+/// What is left of a name such as "Chart-1.2.3-x86_64" without the version and the machine behind it.
+std::string_view withoutVersion(std::string_view name)
+{
+    constexpr std::string_view separators = " -_";
+    constexpr std::string_view digits = "0123456789";
+    constexpr std::array<std::string_view, 6> machines{"x86", "i686", "amd64", "arm64", "aarch64", "linux"};
+    const std::string lowered = lowerCase(name);
+    for (std::size_t at = name.find_first_of(separators, 1); at != std::string_view::npos;
+         at = name.find_first_of(separators, at + 1)) {
+        std::string_view part = std::string_view(lowered).substr(at + 1);
+        const bool isMachine =
+            std::ranges::any_of(machines, [&](std::string_view machine) { return part.starts_with(machine); });
+        part.remove_prefix(part.starts_with('v') ? 1 : 0);
+        if (isMachine || part.find_first_of(digits) == 0)
+            return name.substr(0, at);
+    }
+    return name;
+}
+
 /// What an application goes by, as its entries tell.
 DataOwner ownerOf(const std::vector<DesktopEntry> &entries, std::string place)
 {
@@ -94,11 +127,15 @@ DataOwner ownerOf(const std::vector<DesktopEntry> &entries, std::string place)
     std::vector<std::string> names;
     std::set<std::string> ids;
     for (const DesktopEntry &entry : entries) {
-        if (isReverseDomainName(entry.id))
+        if (isReverseDomainName(entry.id)) {
             ids.insert(lowerCase(entry.id));
-        else
+            names.push_back(entry.id.substr(entry.id.rfind('.') + 1));
+        } else {
             names.push_back(entry.id);
-        names.emplace_back(lastPathComponent(entry.program));
+        }
+        const std::string_view program = programName(entry.program);
+        names.emplace_back(program);
+        names.emplace_back(withoutVersion(program));
         names.push_back(entry.windowClass);
     }
     owner.ids.assign(ids.begin(), ids.end());
@@ -323,11 +360,6 @@ std::optional<std::string> placeInHome(const std::string &path, const Surroundin
     return surroundings.locations.home() + real->substr(realHome.size());
 }
 
-bool isAppImage(std::string_view path)
-{
-    return lowerCase(nameExtension(lastPathComponent(path))) == "appimage";
-}
-
 /// Whether it is machine code. A script that lies in a folder of documents would make an application of that.
 bool isMachineCode(const std::string &path, FileSystem &files)
 {
@@ -417,9 +449,6 @@ std::optional<Found> foundInHome(const DesktopEntry &entry, const LinuxData &dat
     const std::optional<std::string> place = isImage ? program : unpackedFolder(*program, entry, data, surroundings);
     if (!place)
         return std::nullopt;
-    std::string_view called = lastPathComponent(*place);
-    if (isImage)
-        called.remove_suffix(nameExtension(called).size() + 1);
     const bool isLauncherFree =
         !surroundings.locations.isProtected(entry.path, surroundings.files) && !data.touchesDocuments(entry.path);
     const bool tellsVersion = entry.version.size() <= longestVersion && isPlainName(entry.version);
@@ -428,7 +457,7 @@ std::optional<Found> foundInHome(const DesktopEntry &entry, const LinuxData &dat
         .app = {.path = *place,
                 .name = entry.name,
                 .bundleID = entry.id,
-                .version = tellsVersion ? entry.version : versionIn(called),
+                .version = tellsVersion ? entry.version : versionIn(programName(*place)),
                 .lastUsed = {},
                 .leftovers = {},
                 .source = isImage ? Source::appImage : Source::none,

@@ -38,13 +38,20 @@ constexpr std::array<std::string_view, 10> documentFolders{"Desktop",  "Document
                                                            "Pictures", "Public",    "Templates", "Videos", "Projects"};
 
 /// Programs that start others, and folders that many programs share.
-constexpr std::array<std::string_view, 38> sharedNames{
-    "applications", "autostart",  "bash",    "containers", "dbus-1",  "dconf",   "desktop-directories",
-    "flatpak",      "fontconfig", "fonts",   "gnome",      "gtk-2.0", "gtk-3.0", "gtk-4.0",
-    "gtk-launch",   "icons",      "java",    "keyrings",   "mime",    "mono",    "node",
-    "perl",         "pkexec",     "plasma",  "pulse",      "python",  "python2", "python3",
-    "ruby",         "snap",       "sounds",  "sudo",       "systemd", "themes",  "thumbnails",
-    "trash",        "wine",       "xdg-open"};
+constexpr std::array<std::string_view, 40> sharedNames{"applications", "autostart",  "bash",
+                                                       "client",       "containers", "dbus-1",
+                                                       "dconf",        "desktop",    "desktop-directories",
+                                                       "flatpak",      "fontconfig", "fonts",
+                                                       "gnome",        "gtk-2.0",    "gtk-3.0",
+                                                       "gtk-4.0",      "gtk-launch", "icons",
+                                                       "java",         "keyrings",   "mime",
+                                                       "mono",         "node",       "perl",
+                                                       "pkexec",       "plasma",     "pulse",
+                                                       "python",       "python2",    "python3",
+                                                       "ruby",         "snap",       "sounds",
+                                                       "sudo",         "systemd",    "themes",
+                                                       "thumbnails",   "trash",      "wine",
+                                                       "xdg-open"};
 
 bool isShared(std::string_view name)
 {

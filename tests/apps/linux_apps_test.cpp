@@ -738,6 +738,22 @@ TEST_F(LinuxAppsTest, ShortAndGenericAndSharedNamesMatchNothing)
     EXPECT_THAT(app("Abc").leftovers, IsEmpty());
 }
 
+TEST_F(LinuxAppsTest, TheEndOfAnIdentifierAndAProgramWithoutItsVersionMayNameItsData)
+{
+    addItem("Apps/Painter-5.2.2-x86_64.AppImage");
+    fake.files.addText(at(".local/share/applications/org.kite.Draw.desktop"),
+                       entryText("Draw", at("Apps/Painter-5.2.2-x86_64.AppImage")), 0);
+    addPackage("pilot", "org.sea.Desktop", entryText("Pilot", "sea-pilot_v2"));
+    addPackage("cat", "org.sea.Cat", entryText("Cat", "cat"));
+    for (const char *const name : {"draw", "Painter", "sea-pilot", "desktop", "cat", "painter-5.2.2-x86_64"})
+        addData(".config/" + std::string(name));
+    EXPECT_THAT(dataOf("Draw", Match::name),
+                testing::UnorderedElementsAre(".config/draw", ".config/Painter", ".config/painter-5.2.2-x86_64"));
+    EXPECT_THAT(dataOf("Draw", Match::exact), IsEmpty());
+    EXPECT_THAT(dataOf("Pilot", Match::name), ElementsAre(".config/sea-pilot"));
+    EXPECT_THAT(app("Cat").leftovers, IsEmpty()) << "too short, or everybody's";
+}
+
 TEST_F(LinuxAppsTest, AFileOrALinkInPlaceOfAFolderIsNoData)
 {
     addPackage("chart", "org.sea.Chart", entryText("Sea Chart", "sea-chart"));
