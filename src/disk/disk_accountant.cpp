@@ -112,6 +112,11 @@ private:
 
     void explain(std::int64_t size) { m_remainder = checkedSubtract(m_remainder, size); }
 
+    [[nodiscard]] bool isWholeDisk() const { return m_root && *m_root == "/"; }
+
+    /// Then they tell more of the whole disk than that it was scanned, and stay when it is.
+    [[nodiscard]] bool placesAreAllOfTheDisk() const { return m_sources.places && !m_table.places.empty(); }
+
     void addVolumes(const APFSContainerInfo &container)
     {
         std::int64_t support = 0;
@@ -172,7 +177,7 @@ private:
 
     void addScanned()
     {
-        if (!m_root)
+        if (!m_root || (isWholeDisk() && placesAreAllOfTheDisk()))
             return;
         BreakdownSegment segment{"scanned",
                                  Kind::scanned,
@@ -184,7 +189,7 @@ private:
                                  m_scan.topChildren,
                                  BreakdownAction{BreakdownAction::Kind::openMap, {}},
                                  "Open Space Map"};
-        if (*m_root == "/") {
+        if (isWholeDisk()) {
             segment.size = std::max<std::int64_t>(0, checkedSubtract(m_scan.rootSize, m_scan.systemDirSize));
             segment.title = "Files Corvane Scanned";
             segment.detail = m_table.wholeDiskDetail;
@@ -201,7 +206,7 @@ private:
 
     void addLocations()
     {
-        if (!m_table.measuresLocations || (m_root && *m_root == "/"))
+        if (!m_table.measuresLocations || isWholeDisk())
             return;
         for (const DiskAccountant::Location &location : DiskAccountant::locations) {
             const std::string path(location.path);
@@ -223,8 +228,9 @@ private:
     {
         if (!m_sources.places)
             return;
-        auto [segments, denied] = m_sources.places(m_root);
-        m_denied = checkedAdd(m_scan.unreadableCount, denied);
+        const bool replacesScan = isWholeDisk() && placesAreAllOfTheDisk();
+        auto [segments, denied] = m_sources.places(replacesScan ? std::nullopt : m_root);
+        m_denied = replacesScan ? denied : checkedAdd(m_scan.unreadableCount, denied);
         for (BreakdownSegment &segment : segments) {
             if (segment.size <= segmentLimit)
                 continue;

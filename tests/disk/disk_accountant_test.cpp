@@ -33,6 +33,13 @@ protected:
             return DiskAccountant::Measurement{sizes.at(path), {{"child", 1}}};
         };
         sources.home = "/Users/u";
+        if (!places.empty()) {
+            sources.places = [this](const std::optional<std::string> &scanned) {
+                excluded = scanned;
+                return std::pair(places, deniedInPlaces);
+            };
+            sources.system = SystemKind::linuxSystem;
+        }
         return DiskAccountant::compute(scan, sources);
     }
     static const BreakdownSegment *find(const DiskBreakdown &breakdown, Kind kind)
@@ -57,6 +64,8 @@ protected:
     std::optional<APFSContainerInfo> container;
     std::vector<LocalSnapshot> snapshots;
     std::map<std::string, std::int64_t> sizes;
+    std::vector<BreakdownSegment> places;
+    std::int64_t deniedInPlaces = 0;
     ScanContext scan;
 
     std::vector<std::string> measured;
@@ -495,6 +504,30 @@ TEST_F(DiskAccountantTest, HiddenSaysSoWhenTheHomeLiesOutsideTheScan)
     EXPECT_FALSE(hasPrefix());
     scanned("/", gb);
     EXPECT_FALSE(hasPrefix());
+}
+
+TEST_F(DiskAccountantTest, PlacesOfASystemStayAsTheyAreWhenTheWholeDiskWasScanned)
+{
+    places = {{"/usr", Kind::measured, "Software", {}, {}, {}, 20 * gb, {}, {}, {}},
+              {"home", Kind::measured, "Your Home Folder", {}, {}, {}, 30 * gb, {}, {}, {}}};
+    deniedInPlaces = 3;
+    scanned("/", 70 * gb); // more than there is: files of several names
+    scan.unreadableCount = 4;
+    const DiskBreakdown breakdown = compute();
+    EXPECT_EQ(excluded, std::nullopt) << "nothing is left out of them";
+    EXPECT_EQ(find(breakdown, Kind::scanned), nullptr);
+    EXPECT_EQ(sum(breakdown), 60 * gb);
+    EXPECT_EQ(breakdown.overcount, 0);
+    EXPECT_TRUE(breakdown.hasScan);
+    const BreakdownSegment *const hidden = find(breakdown, Kind::hidden);
+    ASSERT_NE(hidden, nullptr);
+    EXPECT_EQ(hidden->size, 10 * gb);
+    EXPECT_NE(hidden->detail.find("(3)"), std::string::npos) << "each folder that could not be read counts once";
+
+    scanned("/Users/u", 30 * gb);
+    places.pop_back();
+    EXPECT_NE(find(compute(), Kind::scanned), nullptr);
+    EXPECT_EQ(excluded, "/Users/u");
 }
 
 TEST_F(DiskAccountantTest, SegmentsOfEqualSizeKeepTheOrderInWhichTheyWereMade)

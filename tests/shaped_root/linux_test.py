@@ -277,8 +277,7 @@ class BreakdownOnALinuxSystem(LinuxCase):
         measured = self.breakdown()
         result = self.breakdown("--scan", "/")
         self.assertEqual(result["overcount"], 0)
-        self.assertEqual(set(self.sizes(result)), {"scanned", "/var/lib/docker", "hidden"})
-        self.assertAbout(result["hidden"], measured["hidden"], "what is left")
+        self.assertEqual(self.sizes(result), self.sizes(measured), "the places tell more than that all was scanned")
 
     def test_AFolderMountedTwiceCountsOnce(self):
         self.assertEqual(self.sizes(self.breakdown(options=("--home-mount",))), self.sizes(self.breakdown()))

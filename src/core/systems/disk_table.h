@@ -52,7 +52,7 @@ struct DiskTable {
     std::string_view snapshotNoun; ///< of one
     std::string_view snapshotsNoun;
     std::string_view revealTitle;
-    std::string_view wholeDiskDetail; ///< of a scan of everything
+    std::string_view wholeDiskDetail; ///< of a scan of everything; empty where the places are all of it
     /// Without a scan what is left is said to be not scanned yet. Otherwise the home folder is one of the places.
     bool leavesHomeToTheScan;
     bool measuresLocations; ///< those of `DiskAccountant::locations`

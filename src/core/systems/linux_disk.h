@@ -189,7 +189,7 @@ inline constexpr DiskTable linuxDisk{
     .snapshotNoun = "snapshot",
     .snapshotsNoun = "snapshots",
     .revealTitle = "Show in File Manager",
-    .wholeDiskDetail = "Everything Corvane could read on the disk. Explore it in the Space Map.",
+    .wholeDiskDetail = {},
     .leavesHomeToTheScan = false,
     .measuresLocations = false,
     .shortensLegend = true,

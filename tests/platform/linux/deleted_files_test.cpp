@@ -2,11 +2,13 @@
 
 #include <cstdlib>
 #include <functional>
+#include <string>
 
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -27,11 +29,19 @@ std::int64_t heldBy(const std::string &program, const std::string &home)
     return size;
 }
 
+/// Gives this process a name that no other has, for the tests of one program may run side by side.
+std::string ownProgram()
+{
+    const std::string name = "held-" + std::to_string(::getpid()); // within the 15 characters that the kernel keeps
+    EXPECT_EQ(::prctl(PR_SET_NAME, name.c_str()), 0);
+    return name;
+}
+
 TEST(DeletedFiles, OnesThatAreStillOpenAreCountedOnceForTheirProgram)
 {
     // The folder's own file system is part of the disk that is asked for.
     const TemporaryFolder folder;
-    const std::string program = "linux_platform_"; // as many characters as the kernel keeps of a name
+    const std::string program = ownProgram();
     const std::int64_t before = heldBy(program, folder.path());
     const std::string path = folder.writeFile("held", 3'000'000);
     const FileDescriptor first(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
@@ -57,7 +67,7 @@ int statusOfChild(const std::function<int()> &run)
 TEST(DeletedFiles, OneThatTwoProgramsHoldCountsOnce)
 {
     const TemporaryFolder folder;
-    const std::string program = "linux_platform_";
+    const std::string program = ownProgram();
     const std::int64_t before = heldBy(program, folder.path());
     const std::string path = folder.writeFile("held", 3'000'000);
     const FileDescriptor file(::open(path.c_str(), O_RDONLY));
@@ -75,7 +85,7 @@ TEST(DeletedFiles, OneOnAnotherFileSystemIsLeftOut)
     if (::stat("/dev/shm", &shared) != 0 || ::stat("/", &root) != 0 || shared.st_dev == root.st_dev)
         GTEST_SKIP() << "there is no other file system to write to";
     const TemporaryFolder folder;
-    const std::string program = "linux_platform_";
+    const std::string program = ownProgram();
     const std::int64_t before = heldBy(program, folder.path());
     std::string path = "/dev/shm/corvane-test-XXXXXX";
     const FileDescriptor file(::mkstemp(path.data()));
@@ -92,7 +102,7 @@ TEST(DeletedFiles, AnOrdinaryUserSeesThoseOfNobodyElse)
     if (::geteuid() != 0)
         GTEST_SKIP() << "only the administrator has programs that another user may not look into";
     const TemporaryFolder folder;
-    const std::string program = "linux_platform_";
+    const std::string program = ownProgram();
     const std::string path = folder.writeFile("held", 3'000'000);
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     ASSERT_EQ(::unlink(path.c_str()), 0);
@@ -111,7 +121,7 @@ TEST(DeletedFiles, AnOrdinaryUserSeesThoseOfNobodyElse)
 TEST(DeletedFiles, OneThatHasAnotherNameIsNotDeleted)
 {
     const TemporaryFolder folder;
-    const std::string program = "linux_platform_";
+    const std::string program = ownProgram();
     const std::int64_t before = heldBy(program, folder.path());
     const std::string path = folder.writeFile("held (deleted)", 3'000'000);
     folder.hardLink("other", "held (deleted)");
@@ -124,7 +134,7 @@ TEST(DeletedFiles, OneThatHasAnotherNameIsNotDeleted)
 TEST(DeletedFiles, MemoryIsNoDisk)
 {
     const TemporaryFolder folder;
-    const std::string program = "linux_platform_";
+    const std::string program = ownProgram();
     const std::int64_t before = heldBy(program, folder.path());
     const FileDescriptor memory(::memfd_create("corvane-test", MFD_CLOEXEC));
     ASSERT_TRUE(memory.isOpen());
