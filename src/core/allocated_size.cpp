@@ -33,7 +33,7 @@ std::int64_t folderSize(const std::string &path, FileSystem &files, const StopFl
 {
     const WalkConditions conditions;
     auto folder = files.openFolder(path);
-    return folder ? SizeWalk(SizeWalk::Counting::everyName, nothingExcluded, stop).walk(std::move(*folder), {}) : 0;
+    return folder ? SizeWalk(SizeWalk::Counting::everyName, nothingExcluded, stop).walk(std::move(*folder), path) : 0;
 }
 
 } // namespace corvane

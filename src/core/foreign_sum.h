@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 
 namespace corvane {
@@ -20,6 +21,19 @@ inline constexpr std::int64_t foreignSumLimit = std::int64_t{1} << 58;
     if (!isPlausibleSize(figure) || figure > foreignSumLimit - sum)
         return false;
     sum += figure;
+    return true;
+}
+
+/// The same where several threads add to one sum.
+[[nodiscard]] inline bool addForeign(std::atomic<std::int64_t> &sum, std::int64_t figure)
+{
+    std::int64_t before = sum.load(std::memory_order_relaxed);
+    std::int64_t after = 0;
+    do {
+        after = before;
+        if (!addForeign(after, figure))
+            return false;
+    } while (!sum.compare_exchange_weak(before, after, std::memory_order_relaxed));
     return true;
 }
 

@@ -135,7 +135,7 @@ ScanBounds ScanBounds::of(const std::string &root, FileSystem &files)
 
 std::span<const std::string> ScanBounds::skippedIn(std::string_view folder) const
 {
-    const auto found = m_names.find(folder);
+    const auto found = folder.size() > m_longest ? m_names.end() : m_names.find(folder);
     return found == m_names.end() ? std::span<const std::string>{} : std::span(found->second);
 }
 
@@ -151,7 +151,9 @@ std::vector<std::string> ScanBounds::skippedPaths() const
 
 void ScanBounds::skip(std::string_view path)
 {
-    m_names[std::string(containingFolder(path))].emplace_back(lastPathComponent(path));
+    const std::string_view around = containingFolder(path);
+    m_longest = std::max(m_longest, around.size());
+    m_names[std::string(around)].emplace_back(lastPathComponent(path));
 }
 
 void ScanBounds::skipOtherMounts(const std::string &root, FileSystem &files)

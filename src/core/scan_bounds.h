@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <span>
 #include <string>
@@ -17,8 +18,8 @@ class ScanBounds {
 public:
     /// For a walk of the folder at `root` (absolute). On a Mac these are the folders skipped by name. On a Linux system
     /// the walk keeps to the file systems of "/" and of the home folder, or to the root's own where that is another;
-    /// of several mounts that show the same, one is entered, the home folder's before others. The snapshots that snapper
-    /// keeps of a volume inside it are not entered.
+    /// of several mounts that show the same, one is entered, the home folder's before others. The snapshots that
+    /// snapper keeps of a volume inside it are not entered.
     [[nodiscard]] static ScanBounds of(const std::string &root, FileSystem &files);
 
     /// The names of the folders directly inside `folder` (absolute path, bytes) that are not entered. Empty for all but
@@ -37,6 +38,7 @@ private:
     void skipOtherMounts(const std::string &root, FileSystem &files);
 
     std::unordered_map<std::string, std::vector<std::string>, Hash, std::equal_to<>> m_names; // by the folder around
+    std::size_t m_longest = 0; // of those folders' paths, in bytes: far down nothing has to be looked up
 };
 
 } // namespace corvane

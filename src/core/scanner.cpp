@@ -11,8 +11,9 @@
 #include "core/concurrent_perform.h"
 #include "core/foreign_sum.h"
 #include "core/scan_bounds.h"
+#include "core/shared_walk.h"
 #include "core/volume_info.h"
-#include "platform/folder_chain.h"
+#include "core/walk_pace.h"
 #include "platform/path.h"
 #include "platform/patient_open.h"
 #include "platform/walk_conditions.h"
@@ -27,29 +28,58 @@ constexpr int parallelLevels = 2;
 struct Subfolder {
     std::string name; // moves into the node when its turn comes
     FileNode::Kind kind;
+    std::shared_ptr<FileNode> node; // once it is finished, if it stays. Written by the thread that finishes it
 };
 
-/// One folder between its listing and the return of its subfolders. Used by one thread, but for `node` and
-/// `path`, which the threads that walk the subfolders read.
-struct Visit {
+/// One folder between its listing and the return of its subfolders. Its node is written once, by the thread that is the
+/// last in the folder.
+struct Visit : ListedFolder {
+    explicit Visit(std::shared_ptr<FileNode> folder) : node(std::move(folder)) {}
+
     std::shared_ptr<FileNode> node;
     FolderPath path; // shared by the child nodes; null until the first child exists
     std::vector<Subfolder> subfolders;
-    std::vector<std::shared_ptr<FileNode>> folders; // those that stay
     std::vector<std::shared_ptr<FileNode>> files;
+    std::int64_t ownFiles = 0;
+    std::int64_t ownBytes = 0;
+    std::int64_t smallFiles = 0;
+    std::int64_t smallBytes = 0;
+    std::atomic<std::int64_t> filesOfNoSize = 0; // in subfolders that do not stay
 
-    void absorb(std::shared_ptr<FileNode> folder)
+    [[nodiscard]] std::size_t subfolderCount() const override { return subfolders.size(); }
+    [[nodiscard]] const std::string &subfolderName(std::size_t place) const override { return subfolders[place].name; }
+
+    [[nodiscard]] std::shared_ptr<FileNode> makeNode(std::size_t place, const OpenFolder &folder)
     {
-        node->size = checkedAdd(node->size, folder->size);
-        node->fileCount = checkedAdd(node->fileCount, folder->fileCount);
-        if (folder->size > 0)
-            folders.push_back(std::move(folder));
+        Subfolder &subfolder = subfolders[place];
+        auto child = std::make_shared<FileNode>(path, std::move(subfolder.name), subfolder.kind, node);
+        child->modified = folder.modified();
+        return child;
+    }
+
+    /// Takes a finished subfolder; several threads at once, each another one. Of size 0, it has no place in the tree.
+    void keep(std::size_t place, std::shared_ptr<FileNode> finished)
+    {
+        if (finished->size > 0)
+            subfolders[place].node = std::move(finished);
+        else
+            filesOfNoSize.fetch_add(finished->fileCount, std::memory_order_relaxed);
     }
 
     void finish()
     {
+        node->size = ownBytes;
+        node->fileCount = checkedAdd(ownFiles, filesOfNoSize.load(std::memory_order_relaxed));
+        node->smallFilesSize = smallBytes;
+        node->smallFilesCount = smallFiles;
         std::vector<std::shared_ptr<FileNode>> &children = node->children;
-        children = std::move(folders);
+        for (Subfolder &subfolder : subfolders) {
+            if (!subfolder.node)
+                continue;
+            node->size = checkedAdd(node->size, subfolder.node->size);
+            node->fileCount = checkedAdd(node->fileCount, subfolder.node->fileCount);
+            children.push_back(std::move(subfolder.node));
+        }
         children.insert(children.end(), std::make_move_iterator(files.begin()), std::make_move_iterator(files.end()));
         std::ranges::stable_sort(children, std::ranges::greater{}, &FileNode::size);
         children.shrink_to_fit();
@@ -63,19 +93,6 @@ struct Walk {
     // Of all the files' figures, which come from outside. More than `foreignSumLimit` cannot be added up.
     std::atomic<std::int64_t> total = 0;
 
-    /// Makes room for one folder's bytes; false where they cannot be added up with the others.
-    bool admit(std::int64_t bytes)
-    {
-        std::int64_t before = total.load(std::memory_order_relaxed);
-        std::int64_t after = 0;
-        do {
-            after = before;
-            if (!addForeign(after, bytes))
-                return false;
-        } while (!total.compare_exchange_weak(before, after, std::memory_order_relaxed));
-        return true;
-    }
-
     /// Takes note of a folder that could not be opened; that it has just vanished is nothing special.
     void noteUnopened(const Error &error)
     {
@@ -86,8 +103,7 @@ struct Walk {
     }
 };
 
-/// Takes one folder's entries as they are listed. Nothing of it reaches the node before the listing has come
-/// to a good end.
+/// Takes one folder's entries as they are listed. Nothing of it reaches the node.
 class Reader {
 public:
     Reader(Walk &walk, const std::string &path, Visit &visit)
@@ -115,14 +131,9 @@ public:
     /// False, with nothing counted, where the figures cannot be added up with those of the other folders.
     bool commit()
     {
-        if (!m_walk.admit(m_bytes))
+        if (!addForeign(m_walk.total, m_visit.ownBytes))
             return false;
-        FileNode &node = *m_visit.node;
-        node.size = m_bytes;
-        node.fileCount = m_files;
-        node.smallFilesSize = m_smallSize;
-        node.smallFilesCount = m_smallCount;
-        m_walk.progress.record(m_files, m_bytes, m_path);
+        m_walk.progress.record(m_visit.ownFiles, m_visit.ownBytes, m_path);
         return true;
     }
 
@@ -136,17 +147,17 @@ private:
             return;
         nodePath();
         m_visit.subfolders.push_back(
-            {std::string(entry.name), entry.isPackage ? FileNode::Kind::package : FileNode::Kind::directory});
+            {std::string(entry.name), entry.isPackage ? FileNode::Kind::package : FileNode::Kind::directory, {}});
     }
 
     void takeFile(const DirectoryEntry &entry)
     {
-        ++m_files;
+        ++m_visit.ownFiles;
         // A size that no file can have counts as one that cannot be read.
-        const std::int64_t size = addForeign(m_bytes, entry.allocated) ? entry.allocated : 0;
+        const std::int64_t size = addForeign(m_visit.ownBytes, entry.allocated) ? entry.allocated : 0;
         if (size < Scanner::smallFileLimit) {
-            m_smallSize += size; // a part of m_bytes, so it cannot overflow first
-            ++m_smallCount;
+            m_visit.smallBytes += size; // a part of ownBytes, so it cannot overflow first
+            ++m_visit.smallFiles;
             return;
         }
         auto node = std::make_shared<FileNode>(nodePath(), std::string(entry.name), FileNode::Kind::file, m_visit.node);
@@ -167,10 +178,6 @@ private:
     const std::span<const std::string> m_skipped;
     Visit &m_visit;
     std::uint64_t m_entries = 0;
-    std::int64_t m_files = 0;
-    std::int64_t m_bytes = 0;
-    std::int64_t m_smallSize = 0;
-    std::int64_t m_smallCount = 0;
 };
 
 /// Lists a folder into its visit. Where that fails, the node is `unreadable` and stays empty, and the visit is over;
@@ -187,95 +194,48 @@ bool read(Walk &walk, OpenFolder &folder, const std::string &path, Visit &visit)
     return false;
 }
 
-/// Walks everything below one folder on the calling thread. A tree may be thousands of levels deep, so the
-/// way down is kept here and not on the thread's stack.
-class SubtreeWalk {
+/// Below the top of the tree.
+class Below : public SharedWalk::Visitor {
 public:
-    SubtreeWalk(std::string path, Walk &walk) : m_walk(walk), m_path(std::move(path)) {}
+    explicit Below(Walk &walk) : m_walk(walk) {}
 
-    void walk(std::unique_ptr<OpenFolder> top, std::shared_ptr<FileNode> node)
+    [[nodiscard]] std::unique_ptr<ListedFolder> enter(ListedFolder &parent, std::size_t place, OpenFolder &folder,
+                                                      const std::string &path) override
     {
-        if (enter(std::move(top), std::move(node)) == Entered::done)
-            return;
-        while (!m_levels.empty()) {
-            if (!goDown())
-                goUp();
+        auto &around = static_cast<Visit &>(parent);
+        auto visit = std::make_unique<Visit>(around.makeNode(place, folder));
+        if (!read(m_walk, folder, path, *visit)) {
+            if (visit->node->unreadable)
+                m_walk.progress.recordDenied();
+            return nullptr;
         }
+        if (!visit->subfolders.empty())
+            return visit;
+        visit->finish();
+        around.keep(place, std::move(visit->node));
+        return nullptr;
     }
+
+    void notOpened(const Error &error) override { m_walk.noteUnopened(error); }
+
+    void finish(ListedFolder &folder) override
+    {
+        auto &visit = static_cast<Visit &>(folder);
+        visit.finish();
+        if (folder.parent())
+            static_cast<Visit &>(*folder.parent()).keep(folder.place(), std::move(visit.node));
+    }
+
+    void lost(const Error &error) override
+    {
+        if (hasRunOutOfFileNumbers(error))
+            m_walk.progress.fail(error);
+    }
+
+    [[nodiscard]] bool shouldStop() const override { return m_walk.progress.shouldStop(); }
 
 private:
-    enum class Entered { done, pending };
-
-    struct Level {
-        Visit visit;
-        std::size_t next = 0; // of the subfolders
-        std::size_t pathLength = 0;
-    };
-
-    /// Lists a folder. One with subfolders becomes the innermost level; any other is done with.
-    Entered enter(std::unique_ptr<OpenFolder> folder, std::shared_ptr<FileNode> node)
-    {
-        Visit visit;
-        visit.node = std::move(node);
-        if (!read(m_walk, *folder, m_path, visit))
-            return Entered::done;
-        if (visit.subfolders.empty()) {
-            visit.finish();
-            return Entered::done;
-        }
-        m_folders.push(std::move(folder));
-        m_levels.push_back({.visit = std::move(visit), .next = 0, .pathLength = m_path.size()});
-        return Entered::pending;
-    }
-
-    /// Goes on to the innermost level's next subfolder; false when there is none left, or none can be reached.
-    bool goDown()
-    {
-        Level &level = m_levels.back();
-        if (!m_folders.innermost()) {
-            if (m_folders.loss() && hasRunOutOfFileNumbers(*m_folders.loss()))
-                m_walk.progress.fail(*m_folders.loss());
-            return false;
-        }
-        if (level.next == level.visit.subfolders.size())
-            return false;
-        Subfolder &subfolder = level.visit.subfolders[level.next++];
-        if (m_walk.progress.shouldStop())
-            return true;
-        Expected<std::unique_ptr<OpenFolder>> opened = m_folders.openChild(subfolder.name);
-        if (!opened) {
-            m_walk.noteUnopened(opened.error());
-            return true; // unreadable, so of size 0: such a folder has no place in the tree
-        }
-        auto node =
-            std::make_shared<FileNode>(level.visit.path, std::move(subfolder.name), subfolder.kind, level.visit.node);
-        node->modified = (*opened)->modified();
-        m_path.append("/").append(node->name);
-        if (enter(std::move(*opened), node) == Entered::done) {
-            m_path.resize(level.pathLength);
-            if (node->unreadable)
-                m_walk.progress.recordDenied();
-            level.visit.absorb(std::move(node));
-        }
-        return true;
-    }
-
-    void goUp()
-    {
-        Visit done = std::move(m_levels.back().visit);
-        m_levels.pop_back();
-        m_folders.pop();
-        done.finish();
-        if (m_levels.empty())
-            return;
-        m_path.resize(m_levels.back().pathLength);
-        m_levels.back().visit.absorb(std::move(done.node));
-    }
-
     Walk &m_walk;
-    std::string m_path;
-    FolderChain m_folders;
-    std::vector<Level> m_levels; // the same folders
 };
 
 /// The walk of the top of the tree, where subfolders are walked at once.
@@ -285,44 +245,39 @@ public:
 
     void walk(std::unique_ptr<OpenFolder> folder, std::shared_ptr<FileNode> node, std::string path, int depth) const
     {
-        if (depth >= parallelLevels) {
-            SubtreeWalk(std::move(path), m_walk).walk(std::move(folder), std::move(node));
+        auto visit = std::make_unique<Visit>(std::move(node));
+        if (!read(m_walk, *folder, path, *visit))
             return;
+        tickWalkPace();
+        if (visit->subfolders.empty()) {
+            visit->finish();
+        } else if (depth >= parallelLevels) {
+            Below visitor(m_walk);
+            SharedWalk(visitor).walk(std::move(visit), std::move(folder), std::move(path));
+        } else {
+            concurrentPerform(visit->subfolders.size(),
+                              [&](std::size_t i) { walkSubfolder(*folder, *visit, i, path, depth + 1); });
+            visit->finish();
         }
-        Visit visit;
-        visit.node = std::move(node);
-        if (!read(m_walk, *folder, path, visit))
-            return;
-        std::vector<std::shared_ptr<FileNode>> walked(visit.subfolders.size());
-        concurrentPerform(walked.size(), [&](std::size_t i) {
-            walked[i] = walkSubfolder(*folder, visit, visit.subfolders[i], path, depth + 1);
-        });
-        for (std::shared_ptr<FileNode> &subfolder : walked) {
-            if (subfolder)
-                visit.absorb(std::move(subfolder));
-        }
-        visit.finish();
     }
 
 private:
-    /// Null where the folder is not entered or cannot be opened: being of size 0, it has no place in the tree.
-    std::shared_ptr<FileNode> walkSubfolder(OpenFolder &folder, const Visit &visit, Subfolder &subfolder,
-                                            const std::string &path, int depth) const
+    void walkSubfolder(OpenFolder &folder, Visit &visit, std::size_t place, const std::string &path, int depth) const
     {
         if (m_walk.progress.shouldStop())
-            return nullptr;
+            return;
         const WalkConditions conditions;
-        Expected<std::unique_ptr<OpenFolder>> opened = openPatiently([&] { return folder.openChild(subfolder.name); });
+        const std::string &name = visit.subfolders[place].name;
+        Expected<std::unique_ptr<OpenFolder>> opened = openPatiently([&] { return folder.openChild(name); });
         if (!opened) {
             m_walk.noteUnopened(opened.error());
-            return nullptr;
+            return;
         }
-        auto node = std::make_shared<FileNode>(visit.path, std::move(subfolder.name), subfolder.kind, visit.node);
-        node->modified = (*opened)->modified();
+        std::shared_ptr<FileNode> node = visit.makeNode(place, **opened);
         walk(std::move(*opened), node, joined(path, node->name), depth);
         if (node->unreadable)
             m_walk.progress.recordDenied();
-        return node;
+        visit.keep(place, std::move(node));
     }
 
     Walk &m_walk;
@@ -345,6 +300,7 @@ std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &p
     if (progress.isCancelled())
         return root;
     const WalkConditions conditions;
+    const PacedWalk pace(path);
     Walk walk{.progress = progress, .bounds = ScanBounds::of(path, files)};
     Expected<std::unique_ptr<OpenFolder>> folder = openPatiently([&] { return files.openFolder(path); });
     if (folder) {

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "core/foreign_sum.h"
+#include "core/shared_walk.h"
+#include "core/walk_pace.h"
 #include "platform/path.h"
 #include "platform/walk_conditions.h"
 
@@ -17,6 +19,8 @@ constexpr std::size_t subfoldersLimit = 2'000'000;
 
 bool ExcludedItems::anyBeneath(std::string_view folder) const
 {
+    if (m_paths.empty())
+        return false;
     const std::string below = folder == "/" ? "/" : std::string(folder) + "/";
     const auto first = m_paths.upper_bound(below);
     return first != m_paths.end() && first->starts_with(below);
@@ -27,37 +31,56 @@ std::int64_t fileSize(const ItemFacts &file)
     return isPlausibleSize(file.allocated) ? file.allocated : 0;
 }
 
+/// The subfolders of a folder that has been listed.
+struct SizeWalk::Names : ListedFolder {
+    std::vector<std::string> names;
+    bool isWatched = false; // something beneath is excluded
+
+    [[nodiscard]] std::size_t subfolderCount() const override { return names.size(); }
+    [[nodiscard]] const std::string &subfolderName(std::size_t place) const override { return names[place]; }
+};
+
+class SizeWalk::Below : public SharedWalk::Visitor {
+public:
+    explicit Below(SizeWalk &sizes) : m_sizes(sizes) {}
+
+    [[nodiscard]] std::unique_ptr<ListedFolder> enter(ListedFolder &parent, std::size_t, OpenFolder &folder,
+                                                      const std::string &path) override
+    {
+        return m_sizes.enter(folder, static_cast<const Names &>(parent).isWatched ? path : std::string());
+    }
+    void notOpened(const Error &) override { ++m_sizes.m_unreadable; }
+    void finish(ListedFolder &) override {}
+    void lost(const Error &) override {}
+    [[nodiscard]] bool shouldStop() const override { return m_sizes.m_stop; }
+
+private:
+    SizeWalk &m_sizes;
+};
+
 std::int64_t SizeWalk::walk(std::unique_ptr<OpenFolder> top, std::string path)
 {
     const WalkConditions conditions;
     m_size = 0;
-    enter(std::move(top), std::move(path));
-    while (!m_levels.empty() && !m_stop) {
-        Level &level = m_levels.back();
-        if (m_folders.innermost() == nullptr || level.names.empty()) {
-            m_levels.pop_back();
-            m_folders.pop();
-            continue;
-        }
-        const std::string name = std::move(level.names.back());
-        level.names.pop_back();
-        if (auto child = m_folders.openChild(name))
-            enter(std::move(*child), level.path.empty() ? std::string() : joined(level.path, name));
-        else
-            ++m_unreadable;
+    if (std::unique_ptr<Names> names = enter(*top, path)) {
+        const PacedWalk pace(path);
+        Below visitor(*this);
+        SharedWalk(visitor).walk(std::move(names), std::move(top), std::move(path));
     }
     return m_size;
 }
 
-void SizeWalk::enter(std::unique_ptr<OpenFolder> folder, std::string path)
+/// Null where there is nothing to be walked beneath the folder.
+std::unique_ptr<SizeWalk::Names> SizeWalk::enter(OpenFolder &folder, const std::string &path)
 {
-    Contents contents = contentsOf(*folder, path);
+    Contents contents = contentsOf(folder, path);
     // What was listed before a failure is there all the same.
     if (!addForeign(m_size, contents.size) || !contents.isComplete || contents.subfolders.empty())
-        return;
-    const bool isWatched = !path.empty() && m_excluded.anyBeneath(path);
-    m_levels.push_back({std::move(contents.subfolders), isWatched ? std::move(path) : std::string()});
-    m_folders.push(std::move(folder));
+        return nullptr;
+    auto names = std::make_unique<Names>();
+    names->names = std::move(contents.subfolders);
+    names->isWatched = !path.empty() && m_excluded.anyBeneath(path);
+    return names;
 }
 
 SizeWalk::Contents SizeWalk::contentsOf(OpenFolder &folder, const std::string &path, const FileVisitor &visit)
@@ -93,7 +116,10 @@ SizeWalk::Contents SizeWalk::contentsOf(OpenFolder &folder, const std::string &p
 
 bool SizeWalk::isFirstName(std::uint64_t device, std::uint64_t inode)
 {
-    return inode == 0 || m_named.emplace(device, inode).second;
+    if (inode == 0)
+        return true;
+    const std::scoped_lock lock(m_namesLock);
+    return m_named.emplace(device, inode).second;
 }
 
 } // namespace corvane

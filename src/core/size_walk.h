@@ -1,9 +1,11 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <set>
 #include <string>
 #include <string_view>
@@ -12,7 +14,6 @@
 
 #include "core/stop_flag.h"
 #include "platform/file_system.h"
-#include "platform/folder_chain.h"
 
 namespace corvane {
 
@@ -33,7 +34,8 @@ private:
 };
 
 /// Adds up what is beneath folders, as `folderSize` does, or in the way that a disk counts: for several walks together
-/// each file once, however many names it has, and with the blocks of the folders themselves. One thread.
+/// each file once, however many names it has, and with the blocks of the folders themselves. Used by one thread, which
+/// has the help of others where there is much to walk.
 class SizeWalk {
 public:
     enum class Counting { everyName, asTheDisk };
@@ -64,23 +66,21 @@ public:
     [[nodiscard]] std::int64_t unreadable() const { return m_unreadable; }
 
 private:
-    struct Level {
-        std::vector<std::string> names; // of the subfolders not yet entered
-        std::string path;               // of the folder; empty where nothing beneath is excluded
-    };
+    class Below;
+    struct Names;
 
-    void enter(std::unique_ptr<OpenFolder> folder, std::string path);
+    [[nodiscard]] std::unique_ptr<Names> enter(OpenFolder &folder, const std::string &path);
     [[nodiscard]] bool isFirstName(std::uint64_t device, std::uint64_t inode);
 
     const Counting m_counting;
     const ExcludedItems &m_excluded;
     const StopFlag &m_stop;
     std::set<std::uint64_t> m_devices; // empty for all
-    std::int64_t m_size = 0;
-    std::int64_t m_unreadable = 0;
-    FolderChain m_folders;
-    std::vector<Level> m_levels;                               // of the same folders
-    std::set<std::pair<std::uint64_t, std::uint64_t>> m_named; // device and number of files with several names
+    std::atomic<std::int64_t> m_size = 0;
+    std::atomic<std::int64_t> m_unreadable = 0;
+    std::mutex m_namesLock;
+    // Device and number of files with several names; guarded by m_namesLock.
+    std::set<std::pair<std::uint64_t, std::uint64_t>> m_named;
 };
 
 } // namespace corvane

@@ -75,8 +75,8 @@ struct FolderIdentity {
     }
 };
 
-/// A folder that is open for reading; closed by its destructor. Used by one thread at a time, except that
-/// several may call `openChild` at once.
+/// A folder that is open for reading; closed by its destructor. Used by one thread at a time, except that several may
+/// call `openChild` at once, and `identity` once one thread has asked for it.
 class OpenFolder {
 public:
     OpenFolder() = default;

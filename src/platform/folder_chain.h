@@ -25,11 +25,18 @@ public:
     [[nodiscard]] std::size_t size() const { return m_links.size(); }
 
     /// Goes down into a folder directly inside the innermost one, or starts the chain.
-    void push(std::unique_ptr<OpenFolder> folder)
+    void push(std::shared_ptr<OpenFolder> folder)
     {
         m_links.push_back({std::move(folder), {}});
         closeAllBut(openLimit);
     }
+
+    /// The position, from the top, of the outermost folder that is open.
+    [[nodiscard]] std::size_t firstOpen() const { return m_firstOpen; }
+
+    /// The open folder at that position, for another walk that goes on from there. It stays open as long as either
+    /// keeps it. Null where it is out of reach.
+    [[nodiscard]] std::shared_ptr<OpenFolder> shared(std::size_t position) const { return m_links[position].folder; }
 
     /// Opens a folder directly inside the innermost one, which is not null. Where file numbers have run out, here
     /// or for another walk, the chain gives back all but its last.
@@ -51,7 +58,7 @@ public:
     /// Goes back up by one folder.
     void pop()
     {
-        const std::unique_ptr<OpenFolder> left = std::move(m_links.back().folder);
+        const std::shared_ptr<OpenFolder> left = std::move(m_links.back().folder);
         m_links.pop_back();
         if (m_links.size() > m_firstOpen || m_links.empty())
             return;
@@ -68,7 +75,7 @@ public:
 
 private:
     struct Link {
-        std::unique_ptr<OpenFolder> folder; // null while closed
+        std::shared_ptr<OpenFolder> folder; // null while closed
         FolderIdentity identity;            // noted when it is closed
     };
 

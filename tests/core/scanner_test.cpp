@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 
 #include "core/foreign_sum.h"
+#include "core/walk_pace.h"
 #include "platform/fake_file_system.h"
 #include "platform/made_up_folder.h"
 #include "platform/protected_places.h"
@@ -501,8 +502,9 @@ TEST_F(ScannerTest, FoldersOfTheFirstTwoLevelsAreWalkedAtOnce)
     EXPECT_EQ(scan("/only")->size, 2);
 }
 
-TEST_F(ScannerTest, BelowTheSecondLevelOneThreadWalksASubtreeInListingOrder)
+TEST_F(ScannerTest, BelowTheSecondLevelAThreadWalksDepthFirstInListingOrder)
 {
+    const FixedWalkThreads alone(1);
     for (const char *path : {"/r/a/top/z/1", "/r/a/top/z/y/2", "/r/a/top/b/3", "/r/a/top/m/4", "/r/a/top/m/k/5"})
         files.addFile(path, 1);
     std::vector<std::string> listed;
@@ -597,6 +599,7 @@ TEST_F(DeepScannerTest, FoldersClosedOnTheWayDownAreReopenedOnTheWayUp)
 
 TEST_F(DeepScannerTest, AFolderMovedAwayMeanwhileLosesWhatHadNotBeenWalkedAboveIt)
 {
+    const FixedWalkThreads alone(1);
     // When the walk stands at the very bottom, a folder far above is moved elsewhere: the way back up from it
     // would lead into a stranger.
     const std::string moved = paths[20];
@@ -616,6 +619,7 @@ TEST_F(DeepScannerTest, AFolderMovedAwayMeanwhileLosesWhatHadNotBeenWalkedAboveI
 
 TEST_F(DeepScannerTest, AParentThatCannotBeOpenedAgainIsLostToo)
 {
+    const FixedWalkThreads alone(1);
     const std::string closed = paths[19]; // the first of the parents that are gone
     bool done = false;
     files.log()->observe([&](const std::string &line) {

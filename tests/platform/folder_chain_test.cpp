@@ -191,6 +191,18 @@ TEST_F(FolderChainTest, AParentThatIsNoLongerTheSameIsOutOfReachAndSoIsAllAboveI
     EXPECT_TRUE(chain.empty());
 }
 
+TEST_F(FolderChainTest, ASharedFolderStaysOpenWhenTheChainLeavesIt)
+{
+    EXPECT_EQ(chain.firstOpen(), levels - FolderChain::openLimit);
+    EXPECT_EQ(chain.shared(0), nullptr) << "closed by now";
+    const std::shared_ptr<OpenFolder> shared = chain.shared(levels - 2);
+    ASSERT_NE(shared, nullptr);
+    while (!chain.empty())
+        chain.pop();
+    EXPECT_EQ(shared->identity(), identities[levels - 2]);
+    EXPECT_TRUE(shared->openChild(std::to_string(levels - 1)).has_value());
+}
+
 TEST_F(FolderChainTest, FoldersStillOpenAreReachedThoughTheyWereMoved)
 {
     temporary.makeFolder("stranger");

@@ -1,0 +1,151 @@
+#include "core/work_pool.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+namespace corvane {
+
+thread_local bool WorkPool::isWorkingHere = false;
+thread_local std::uint64_t WorkPool::rests = 0;
+
+std::size_t WorkPool::cores()
+{
+    return std::max(1U, std::thread::hardware_concurrency());
+}
+
+WorkPool &WorkPool::instance()
+{
+    // It outlives every thread that may still call it while the program ends; only its threads are ended.
+    static WorkPool *const pool = new WorkPool;
+    static const struct Stopper {
+        ~Stopper() { pool->stop(); }
+    } stopper;
+    return *pool;
+}
+
+void WorkPool::perform(Job &job, std::size_t helpers)
+{
+    const bool isNested = isWorkingHere;
+    std::unique_lock lock(m_lock);
+    if (!isNested)
+        ++m_working;
+    const auto position = m_jobs.insert(m_jobs.end(), &job);
+    wakeHelpers(helpers);
+    for (;;) {
+        lock.unlock();
+        isWorkingHere = true;
+        while (job.takeOne()) {}
+        isWorkingHere = isNested;
+        lock.lock();
+        if (!job.isHandedOut())
+            continue;
+        if (job.m_helpers == 0)
+            break;
+        // A caller that has nothing left but to wait for its helpers lends its core to another thread meanwhile. It
+        // takes on no other job itself, for that would pile up on its stack without end and hold up its own return.
+        --m_working;
+        wakeHelpers(1);
+        ++rests;
+        job.m_callerWaits = true;
+        job.m_changed.wait(lock, [&] { return job.m_helpers == 0 || !job.isHandedOut(); });
+        job.m_callerWaits = false;
+        ++m_working;
+    }
+    m_jobs.erase(position);
+    if (!isNested) {
+        --m_working;
+        wakeHelpers(1);
+    }
+}
+
+void WorkPool::addedPiece(Job &job)
+{
+    const std::scoped_lock lock(m_lock);
+    if (job.m_callerWaits && m_working < m_limit)
+        job.m_changed.notify_one();
+    else
+        wakeHelpers(1);
+}
+
+void WorkPool::setLimit(std::size_t threads)
+{
+    const std::scoped_lock lock(m_lock);
+    m_limit = std::max<std::size_t>(1, threads);
+    wakeHelpers(m_limit);
+}
+
+void WorkPool::stop()
+{
+    std::unique_lock lock(m_lock);
+    m_isStopping = true;
+    m_wake.notify_all();
+    std::vector<std::thread> threads = std::move(m_threads);
+    lock.unlock();
+    for (std::thread &thread : threads)
+        thread.join();
+}
+
+/// Lets up to `count` further threads come to the open jobs where there is room; starts those that are not there yet.
+/// Under the lock.
+void WorkPool::wakeHelpers(std::size_t count)
+{
+    if (m_isStopping || !newestOpenJob())
+        return;
+    for (; count > 0 && hasRoom(); --count) {
+        if (m_woken < m_asleep) {
+            ++m_woken;
+            m_wake.notify_one();
+        } else if (!startThread()) {
+            return;
+        }
+    }
+}
+
+bool WorkPool::startThread()
+{
+    try {
+        m_threads.emplace_back([this] { help(); });
+    } catch (const std::system_error &) {
+        return false; // no more threads to be had: those that there are do the work
+    }
+    ++m_starting;
+    return true;
+}
+
+void WorkPool::help()
+{
+    isWorkingHere = true;
+    std::unique_lock lock(m_lock);
+    --m_starting;
+    while (!m_isStopping) {
+        Job *const job = m_working < m_limit ? newestOpenJob() : nullptr;
+        if (!job) {
+            ++rests;
+            ++m_asleep;
+            m_wake.wait(lock, [&] { return m_woken > 0 || m_isStopping; });
+            --m_asleep;
+            if (m_woken > 0)
+                --m_woken;
+            continue;
+        }
+        ++job->m_helpers;
+        ++m_working;
+        lock.unlock();
+        while (m_working.load(std::memory_order_relaxed) <= m_limit.load(std::memory_order_relaxed) && job->takeOne()) {
+        }
+        lock.lock();
+        --m_working;
+        if (--job->m_helpers == 0)
+            job->m_changed.notify_one();
+    }
+}
+
+/// The newest comes first: a nested call is finished before the one around it opens further ones. Under the lock.
+WorkPool::Job *WorkPool::newestOpenJob() const
+{
+    const auto found = std::find_if(m_jobs.rbegin(), m_jobs.rend(), [](const Job *job) { return !job->isHandedOut(); });
+    return found == m_jobs.rend() ? nullptr : *found;
+}
+
+} // namespace corvane

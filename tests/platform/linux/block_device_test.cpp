@@ -1,0 +1,83 @@
+#include "platform/linux/block_device.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include "platform/spinning_disk.h"
+#include "platform/thread_use.h"
+#include "support/temporary_folder.h"
+
+namespace corvane {
+namespace {
+
+/// The kernel's folder of devices, made up.
+class BlockDeviceTest : public testing::Test {
+protected:
+    void add(const std::string &number, const std::string &device)
+    {
+        sys.makeFolder("dev");
+        sys.makeFolder(device);
+        std::filesystem::create_symlink("../" + device, sys / ("dev/" + number));
+    }
+    void tell(const std::string &device, const std::string &answer)
+    {
+        sys.writeText(device + "/queue/rotational", answer);
+    }
+    bool spins(const std::string &number) { return isSpinning(sys / "dev", number); }
+
+    TemporaryFolder sys;
+};
+
+TEST_F(BlockDeviceTest, ADiskTellsWhetherItTurns)
+{
+    add("8:0", "devices/pci/ata1/block/sda");
+    tell("devices/pci/ata1/block/sda", "1\n");
+    EXPECT_TRUE(spins("8:0"));
+    tell("devices/pci/ata1/block/sda", "0\n");
+    EXPECT_FALSE(spins("8:0"));
+}
+
+TEST_F(BlockDeviceTest, APartitionIsOnItsDisk)
+{
+    add("8:1", "devices/pci/ata1/block/sda/sda1");
+    tell("devices/pci/ata1/block/sda", "1\n");
+    EXPECT_TRUE(spins("8:1"));
+}
+
+TEST_F(BlockDeviceTest, WhatAVirtualMachineSaysOfItsDiskIsNotBelieved)
+{
+    add("254:0", "devices/pci/virtio1/block/vda");
+    tell("devices/pci/virtio1/block/vda", "1\n");
+    EXPECT_FALSE(spins("254:0"));
+}
+
+TEST_F(BlockDeviceTest, WhatIsNotToldDoesNotTurn)
+{
+    add("8:0", "devices/pci/ata1/block/sda");
+    EXPECT_FALSE(spins("8:0"));
+    EXPECT_FALSE(spins("9:9"));
+    EXPECT_FALSE(spins(""));
+    EXPECT_FALSE(isOnSpinningDisk("/no such folder"));
+    EXPECT_FALSE(isOnSpinningDisk("/proc"));
+}
+
+TEST(ThreadUse, GrowsWithWorkAndTellsOfWaiting)
+{
+    const ThreadUse before = threadUse();
+    volatile double sum = 0;
+    for (int i = 0; threadUse().processor == before.processor && i < 100'000'000; ++i)
+        sum = sum + i;
+    EXPECT_GT(threadUse().processor, before.processor);
+    ASSERT_TRUE(threadUse().waits.has_value());
+    const std::int64_t waits = *threadUse().waits;
+    ::usleep(1'000);
+    EXPECT_GT(*threadUse().waits, waits);
+}
+
+} // namespace
+} // namespace corvane
