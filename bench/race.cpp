@@ -1,19 +1,20 @@
 // Runs several commands in turn, round after round, so that what else the machine does meanwhile meets all of
 // them alike, and prints for each the median time, the spread and the highest memory, beside the goals.
 //
-//   bench_race [--rounds N] [--before COMMAND] [--at-most NAME FACTOR]… [--at-least NAME FACTOR]… [--peak MB]
-//              NAME COMMAND [NAME COMMAND]…
+//   bench_race [--rounds N] [--before COMMAND] [--at-most NAME FACTOR]… [--at-most-fastest START FACTOR]…
+//              [--at-least NAME FACTOR]… [--peak MB] NAME COMMAND [NAME COMMAND]…
 //
-// The first command is the one in question: it should take at most FACTOR times as long as that NAME, or be at
-// least FACTOR times as fast, and stay within that much memory. A goal for a NAME that does not run is left
-// out. Every command runs once before the first round, to warm the disk's cache; with --before, that COMMAND
-// runs before each instead. Their output is thrown away. Ends with 1 if a command fails, 0 otherwise: a goal
-// that is missed is printed, and nothing else.
+// The first command is the one in question: it should take at most FACTOR times as long as that NAME, or as the
+// fastest of those whose names begin with START, or be at least FACTOR times as fast, and stay within that much memory.
+// A goal for a NAME that does not run is left out. Every command runs once before the first round, to warm the disk's
+// cache; with --before, that COMMAND runs before each instead. Their output is thrown away. Ends with 1 if a command
+// fails, 0 otherwise: a goal that is missed is printed, and nothing else.
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <map>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -35,10 +36,14 @@ extern char **environ;
 namespace {
 
 struct Goal {
-    enum class Kind { atMost, atLeast } kind;
+    enum class Kind { atMost, atMostFastest, atLeast } kind;
     std::string name;
     double factor;
 };
+
+const std::map<std::string, Goal::Kind> goalKinds{{"--at-most", Goal::Kind::atMost},
+                                                  {"--at-most-fastest", Goal::Kind::atMostFastest},
+                                                  {"--at-least", Goal::Kind::atLeast}};
 
 struct Runner {
     std::string name;
@@ -118,10 +123,9 @@ Options parse(std::span<char *> arguments)
             options.before = next();
         } else if (name == "--peak") {
             options.peakMegabytes = std::stod(next());
-        } else if (name == "--at-most" || name == "--at-least") {
-            const Goal::Kind kind = name == "--at-most" ? Goal::Kind::atMost : Goal::Kind::atLeast;
+        } else if (const auto kind = goalKinds.find(name); kind != goalKinds.end()) {
             std::string other = next();
-            options.goals.push_back({kind, std::move(other), std::stod(next())});
+            options.goals.push_back({kind->second, std::move(other), std::stod(next())});
         } else {
             options.runners.push_back({.name = std::move(name), .command = next(), .seconds = {}});
         }
@@ -136,6 +140,19 @@ std::string_view verdict(bool reached)
     return reached ? "reached" : "MISSED";
 }
 
+/// The command that a goal speaks of; null where it does not run.
+const Runner *opponent(const std::vector<Runner> &runners, const Goal &goal)
+{
+    const Runner *found = nullptr;
+    for (const Runner &runner : runners) {
+        const bool isMeant =
+            goal.kind == Goal::Kind::atMostFastest ? runner.name.starts_with(goal.name) : runner.name == goal.name;
+        if (isMeant && (!found || median(runner.seconds) < median(found->seconds)))
+            found = &runner;
+    }
+    return found;
+}
+
 void report(const Options &options)
 {
     const Runner &subject = options.runners.front();
@@ -146,12 +163,12 @@ void report(const Options &options)
                    fastest, slowest, ratio(runner, subject), runner.peakMegabytes);
     }
     for (const Goal &goal : options.goals) {
-        const auto other = std::ranges::find(options.runners, goal.name, &Runner::name);
-        if (other == options.runners.end())
+        const Runner *const other = opponent(options.runners, goal);
+        if (!other)
             continue;
-        if (goal.kind == Goal::Kind::atMost) {
+        if (goal.kind != Goal::Kind::atLeast) {
             const double reached = ratio(subject, *other);
-            fmt::print("  goal: at most {:.2f}x as long as {}: {:.2f}x, {}\n", goal.factor, goal.name, reached,
+            fmt::print("  goal: at most {:.2f}x as long as {}: {:.2f}x, {}\n", goal.factor, other->name, reached,
                        verdict(reached <= goal.factor));
         } else {
             const double reached = ratio(*other, subject);

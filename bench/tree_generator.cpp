@@ -1,4 +1,4 @@
-// Makes the folders that the scan benchmark walks: bench_tree_generator wide|deep SEED FOLDER
+// Makes the folders that the scan benchmark walks: bench_tree_generator wide|deep|uneven SEED FOLDER
 //
 // A scan's work is one open and one listing per folder and one look at the facts of each file; what is in the
 // files plays no part. So the files hold nothing, and only the figures that drive this work are true to life:
@@ -38,6 +38,8 @@ constexpr std::size_t fileCount = 400'000;
 constexpr std::size_t topFolders = 24;
 constexpr int chainLength = 8;
 constexpr int deepestLevel = 14; // below the top
+constexpr int deepestUnevenLevel = 12;
+constexpr double largestPart = 0.9; // of an uneven tree
 constexpr std::int64_t largeFile = 1'000'000;
 
 // Distributions of the standard library differ between its makers; numbers drawn by hand do not.
@@ -71,19 +73,27 @@ struct Folder {
     int level;
 };
 
-std::vector<Folder> makeFolders(const std::string &top, Dice &dice)
+std::vector<Folder> makeFolders(const std::string &top, bool isUneven, Dice &dice)
 {
+    const int deepest = isUneven ? deepestUnevenLevel : deepestLevel;
     std::vector<Folder> folders;
+    std::vector<std::size_t> largest; // of those, the ones in the first of an uneven tree
     folders.reserve(folderCount);
     while (folders.size() < folderCount) {
         // A new folder goes into one chosen among all so far, as files and folders gather where some are; the
         // number behind its name keeps it unique.
         const bool isTop = folders.size() < topFolders;
-        const Folder *parent = isTop ? nullptr : &folders[dice.below(folders.size())];
-        if (parent && parent->level == deepestLevel)
+        const bool isInLargest = isUneven && (folders.empty() || (!isTop && dice.unit() < largestPart));
+        const std::size_t chosen = isTop         ? 0
+                                   : isInLargest ? largest[dice.below(largest.size())]
+                                                 : dice.below(folders.size());
+        const Folder *parent = isTop ? nullptr : &folders[chosen];
+        if (parent && parent->level == deepest)
             continue;
         std::string path = fmt::format("{}/{}{}", parent ? parent->path : top, word(dice, 3, 12), folders.size());
         check(::mkdir(path.c_str(), 0755) == 0, path);
+        if (isInLargest)
+            largest.push_back(folders.size());
         folders.push_back({std::move(path), parent ? parent->level + 1 : 1});
     }
     return folders;
@@ -153,8 +163,9 @@ try {
     std::uint64_t seed = 0;
     const std::string_view seedText = argc == 4 ? argv[2] : "";
     const auto [end, code] = std::from_chars(seedText.data(), seedText.data() + seedText.size(), seed);
-    if ((shape != "wide" && shape != "deep") || code != std::errc{} || end != seedText.data() + seedText.size()) {
-        fmt::print(stderr, "usage: bench_tree_generator wide|deep SEED FOLDER\n");
+    if ((shape != "wide" && shape != "deep" && shape != "uneven") || code != std::errc{} ||
+        end != seedText.data() + seedText.size()) {
+        fmt::print(stderr, "usage: bench_tree_generator wide|deep|uneven SEED FOLDER\n");
         return 2;
     }
     std::string top = argv[3];
@@ -164,7 +175,7 @@ try {
         check(::mkdir(top.c_str(), 0755) == 0, top);
     }
     Dice dice(seed);
-    makeFiles(makeFolders(top, dice), dice);
+    makeFiles(makeFolders(top, shape == "uneven", dice), dice);
     return EXIT_SUCCESS;
 } catch (const std::exception &error) {
     fmt::print(stderr, "bench_tree_generator: {}\n", error.what());
