@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <string_view>
 
 #include "core/checked_add.h"
@@ -25,6 +26,17 @@ std::int64_t InstalledApp::exactLeftoverSize() const
             sum = checkedAdd(sum, leftover.size);
     }
     return sum;
+}
+
+std::int64_t InstalledApp::dataSize() const
+{
+    return std::accumulate(leftovers.begin(), leftovers.end(), std::int64_t{0},
+                           [](std::int64_t sum, const Leftover &each) { return checkedAdd(sum, each.size); });
+}
+
+std::int64_t InstalledApp::totalSize() const
+{
+    return checkedAdd(appSize, dataSize());
 }
 
 bool InstalledApp::proposes(const Leftover &leftover) const

@@ -36,6 +36,12 @@ struct InstalledApp {
     /// The sum of the exact matches.
     [[nodiscard]] std::int64_t exactLeftoverSize() const;
 
+    /// The sum of the exact and the possible matches, as the data is shown.
+    [[nodiscard]] std::int64_t dataSize() const;
+
+    /// What it takes with that data.
+    [[nodiscard]] std::int64_t totalSize() const;
+
     /// Whether a leftover is proposed to go with the application: an exact match, unless the identifier is a single
     /// word, as "com" with which half a Library may begin, or the item bears the name of the system's own. A Snap's
     /// identifier is a word.

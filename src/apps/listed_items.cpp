@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <string_view>
+#include <unordered_set>
 
 #include "core/checked_add.h"
 #include "core/removal.h"
@@ -63,6 +65,20 @@ std::vector<SelectedEntry> orphanEntries(std::span<const OrphanGroup> groups)
             entries.push_back({item.path, item.size});
     }
     return entries;
+}
+
+std::int64_t appTotal(std::span<const InstalledApp> apps)
+{
+    std::int64_t total = 0;
+    std::unordered_set<std::string_view> counted;
+    for (const InstalledApp &app : apps) {
+        total = checkedAdd(total, app.appSize);
+        for (const Leftover &leftover : app.leftovers) {
+            if (counted.insert(leftover.path).second)
+                total = checkedAdd(total, leftover.size);
+        }
+    }
+    return total;
 }
 
 std::int64_t orphanTotal(std::span<const OrphanGroup> groups)

@@ -19,6 +19,9 @@ bool takeRemoved(AppInventory::Result &inventory, std::span<const SelectedEntry>
 /// The items of all groups, in the order of the groups.
 [[nodiscard]] std::vector<SelectedEntry> orphanEntries(std::span<const OrphanGroup> groups);
 
+/// What the applications and their data come to. Where two of them share an item, it counts once.
+[[nodiscard]] std::int64_t appTotal(std::span<const InstalledApp> apps);
+
 /// What the groups come to.
 [[nodiscard]] std::int64_t orphanTotal(std::span<const OrphanGroup> groups);
 

@@ -1,14 +1,15 @@
 #include "cli/apps_table.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <fmt/format.h>
 
+#include "apps/listed_items.h"
 #include "cli/terminal_text.h"
-#include "core/checked_add.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
 
@@ -27,30 +28,20 @@ struct Row {
 
 Row rowOf(const InstalledApp &app, Time now, const Calendar &calendar)
 {
-    const std::int64_t data = app.exactLeftoverSize();
     std::string contents = "app " + formatByteCount(app.appSize);
-    if (data > 0)
-        contents += " + data " + formatByteCount(data);
+    if (!app.leftovers.empty())
+        contents += " + data " + formatByteCount(app.dataSize());
     if (app.source != InstalledApp::Source::none)
         contents += fmt::format(", {}", rawValue(app.source));
     if (const std::optional<int> months = app.unusedForMonths(now, calendar))
         contents += fmt::format(", not opened in {} months", *months);
-    return {checkedAdd(app.appSize, data), displayUtf8(app.name), std::move(contents)};
+    return {app.totalSize(), displayUtf8(app.name), std::move(contents)};
 }
 
 Row rowOf(const OrphanGroup &group)
 {
     const auto count = static_cast<std::int64_t>(group.items.size());
     return {group.size(), displayUtf8(group.id), formatCount(count, "item", "items")};
-}
-
-/// What the rows come to.
-std::int64_t totalOf(const std::vector<Row> &rows)
-{
-    std::int64_t total = 0;
-    for (const Row &row : rows)
-        total = checkedAdd(total, row.size);
-    return total;
 }
 
 void writeRows(const std::vector<Row> &rows, Console &console)
@@ -71,6 +62,7 @@ void writeAppsTable(const AppInventory::Result &inventory, Time now, const Calen
     std::vector<Row> apps;
     for (const InstalledApp &app : inventory.apps)
         apps.push_back(rowOf(app, now, calendar));
+    std::ranges::stable_sort(apps, std::ranges::greater(), &Row::size);
     std::vector<Row> orphans;
     for (const OrphanGroup &group : inventory.orphanGroups)
         orphans.push_back(rowOf(group));
@@ -79,15 +71,16 @@ void writeAppsTable(const AppInventory::Result &inventory, Time now, const Calen
         console.out.write(console.strong("No apps found"));
     } else {
         const auto count = static_cast<std::int64_t>(apps.size());
-        console.out.write(console.strong(fmt::format("{} {} {}", formatCount(count, "app", "apps"),
-                                                     plural(count, "uses", "use"), formatByteCount(totalOf(apps)))));
+        console.out.write(
+            console.strong(fmt::format("{} {} {}", formatCount(count, "app", "apps"), plural(count, "uses", "use"),
+                                       formatByteCount(appTotal(inventory.apps)))));
         console.out.write(count == 1 ? ", including its data\n" : ", including their data\n");
     }
     console.out.write('\n');
     writeRows(apps, console);
     if (!orphans.empty()) {
         console.out.write(fmt::format("\n{}, {}\n", console.strong("Left behind by deleted apps"),
-                                      formatByteCount(totalOf(orphans))));
+                                      formatByteCount(orphanTotal(inventory.orphanGroups))));
         writeRows(orphans, console);
     }
     if (apps.empty() && orphans.empty())

@@ -37,6 +37,15 @@ TEST(InstalledApp, OnlyExactLeftoversCount)
     EXPECT_EQ(app.exactLeftoverSize(), 12);
 }
 
+TEST(InstalledApp, PossibleMatchesCountAmongTheDataThatIsShown)
+{
+    InstalledApp app;
+    app.appSize = 1'000;
+    app.leftovers = {leftover(Leftover::Match::exact, 5), leftover(Leftover::Match::name, 100)};
+    EXPECT_EQ(app.dataSize(), 105);
+    EXPECT_EQ(app.totalSize(), 1'105);
+}
+
 TEST(InstalledApp, ProposesItsExactLeftoversAlone)
 {
     const auto proposes = [](const std::string &bundleID, const std::string &name, Leftover::Match match) {

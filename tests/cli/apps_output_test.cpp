@@ -117,9 +117,9 @@ TEST(AppsJson, WithoutAppsBothListsAreEmpty)
 TEST(AppsTable, ShowsAppsWithTheirDataAndWhatDeletedOnesLeft)
 {
     EXPECT_EQ(table(inventory()),
-              "2 apps use 2.5 MB, including their data\n"
+              "2 apps use 2.7 MB, including their data\n"
               "\n"
-              "    1.5 MB  Caf�       app 1.2 MB + data 300 KB, not opened in 14 months\n"
+              "    1.7 MB  Caf�       app 1.2 MB + data 500 KB, not opened in 14 months\n"
               "      1 MB  Sea Chart  app 1 MB\n"
               "\n"
               "Left behind by deleted apps, 7 bytes\n"
@@ -128,12 +128,25 @@ TEST(AppsTable, ShowsAppsWithTheirDataAndWhatDeletedOnesLeft)
               "\"corvane-cli apps --json\" names what they keep; \"corvane-cli remove PATH\" removes it\n");
 }
 
+TEST(AppsTable, AnItemOfTwoAppsCountsOnceInTheTotalAndTheLargestStandsFirst)
+{
+    AppInventory::Result result = inventory();
+    result.apps[1].leftovers = {result.apps[0].leftovers[1]};
+    result.apps[1].leftovers[0].size = result.apps[0].leftovers[1].size = 2'000'000;
+    result.apps[0].leftovers.pop_back();
+    result.apps[0].leftovers.push_back(result.apps[1].leftovers[0]);
+    result.apps[1].appSize = 1'900'000;
+    const std::string text = table(result);
+    EXPECT_TRUE(text.starts_with("2 apps use 5.4 MB, including their data\n")) << text;
+    EXPECT_LT(text.find("Sea Chart"), text.find("Caf")) << text;
+}
+
 TEST(AppsTable, CountsOneAppInTheSingular)
 {
     AppInventory::Result result = inventory();
     result.apps.pop_back();
     result.orphanGroups.clear();
-    EXPECT_TRUE(table(result).starts_with("1 app uses 1.5 MB, including its data\n")) << table(result);
+    EXPECT_TRUE(table(result).starts_with("1 app uses 1.7 MB, including its data\n")) << table(result);
 }
 
 TEST(AppsTable, SaysSoWhereThereIsNothing)

@@ -434,11 +434,13 @@ class AppsOnALinuxSystem(LinuxCase):
     def test_TheTableAndTheJsonTellTheSame(self):
         inventory = self.inventory()
         text = self.on_its_disk("apps")
-        totals = {app["name"]: app["appSize"] + sum(item["size"] for item in app["leftovers"]
-                                                    if item["match"] == "exact") for app in inventory["apps"]}
+        totals = {app["name"]: app["appSize"] + sum(item["size"] for item in app["leftovers"])
+                  for app in inventory["apps"]}
+        shared = {item["path"]: item["size"] for app in inventory["apps"] for item in app["leftovers"]}
+        total = sum(app["appSize"] for app in inventory["apps"]) + sum(shared.values())
         orphans = {group["id"]: sum(item["size"] for item in group["items"]) for group in inventory["orphanGroups"]}
         self.assertTellsTheSame(text, totals | orphans)
-        self.assertIn(f"{len(totals)} apps use {self.told(sum(totals.values()))}, including their data\n", text)
+        self.assertIn(f"{len(totals)} apps use {self.told(total)}, including their data\n", text)
         self.assertIn(f"Left behind by deleted apps, {self.told(sum(orphans.values()))}\n", text)
         self.assertNoForeignWord(text)
 
@@ -485,11 +487,17 @@ class WindowOnALinuxSystem(LinuxCase):
         self.assertEqual(sum(int(line.split()[0]) for _, line in lines), int(folded[1]), lines)
 
         inventory = json.loads(self.on_its_disk("apps", "--json"))
+        table = self.on_its_disk("apps")
+        self.assertIn(table.splitlines()[0], screens["uninstaller"])
         for app in inventory["apps"]:
             place = screens["uninstaller"].index(app["name"])
             row = screens["uninstaller"][place:place + 4]
             self.assertIn(app.get("source", row[1]), row)
-            self.assertTrue(any(text.startswith("app " + self.told(app["appSize"])) for text in row), row)
+            data = sum(item["size"] for item in app["leftovers"])
+            sizes = "app " + self.told(app["appSize"]) + (" + data " + self.told(data) if app["leftovers"] else "")
+            self.assertIn(sizes, row)
+            self.assertIn(self.told(app["appSize"] + data), row)
+            self.assertIn(sizes, table)
         self.assertShows(screens["uninstaller"], {"Left behind by deleted apps": sum(
             item["size"] for group in inventory["orphanGroups"] for item in group["items"])})
 

@@ -129,7 +129,7 @@ QString AppDetailPresenter::sizes() const
 
 QString AppDetailPresenter::total() const
 {
-    return m_app ? sizeText(totalSize(*m_app)) : QString();
+    return m_app ? sizeText(m_app->totalSize()) : QString();
 }
 
 QString AppDetailPresenter::warning() const

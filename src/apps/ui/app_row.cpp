@@ -1,11 +1,9 @@
 #include "apps/ui/app_row.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include <QCollator>
 
-#include "core/checked_add.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/bundle_icons.h"
 
@@ -25,7 +23,7 @@ AppRow makeRow(const InstalledApp &app, Time now, const Calendar &calendar)
             .badge = displayText(rawValue(app.source)),
             .note = months ? AppRow::unusedLabel(*months) : sizesText(app),
             .isUnused = months.has_value(),
-            .sizeText = sizeText(totalSize(app)),
+            .sizeText = sizeText(app.totalSize()),
             .iconKey = appIconKey(app)};
 }
 
@@ -56,21 +54,10 @@ QString appIconKey(const InstalledApp &app)
     return bundleIconKey(app.icon.empty() ? app.path : app.icon);
 }
 
-std::int64_t dataSize(const InstalledApp &app)
-{
-    return std::accumulate(app.leftovers.begin(), app.leftovers.end(), std::int64_t{0},
-                           [](std::int64_t sum, const Leftover &each) { return checkedAdd(sum, each.size); });
-}
-
-std::int64_t totalSize(const InstalledApp &app)
-{
-    return checkedAdd(app.appSize, dataSize(app));
-}
-
 QString sizesText(const InstalledApp &app)
 {
     const QString own = QStringLiteral("app ") + sizeText(app.appSize);
-    return app.leftovers.empty() ? own : own + QStringLiteral(" + data ") + sizeText(dataSize(app));
+    return app.leftovers.empty() ? own : own + QStringLiteral(" + data ") + sizeText(app.dataSize());
 }
 
 QString bundleText(std::string_view text)
@@ -128,7 +115,7 @@ AppRows::AppRows(std::span<const InstalledApp> apps, Time now, const Calendar &c
         m_apps.push_back({.row = makeRow(app, now, calendar),
                           .searchedName = searchable(app.name, m_casing),
                           .searchedID = searchable(app.bundleID, m_casing),
-                          .size = totalSize(app),
+                          .size = app.totalSize(),
                           .lastUsed = app.lastUsed.value_or(distantPast)});
     sortByName();
 }

@@ -28,10 +28,6 @@ enum class AppSort : std::uint8_t {
 /// All of them, in the order of the control; without that by last use where nothing remembers it.
 [[nodiscard]] std::vector<AppSort> appSorts(bool tellsLastUse);
 
-/// The bytes of all that is attributed to an application besides its bundle, possible matches included.
-[[nodiscard]] std::int64_t dataSize(const InstalledApp &app);
-/// The same with the bundle.
-[[nodiscard]] std::int64_t totalSize(const InstalledApp &app);
 /// "app 740 MB + data 8.66 GB"; without data "app 740 MB".
 [[nodiscard]] QString sizesText(const InstalledApp &app);
 

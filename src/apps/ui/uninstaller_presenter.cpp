@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <span>
-#include <string_view>
-#include <unordered_set>
 #include <utility>
 
-#include "core/checked_add.h"
+#include "apps/listed_items.h"
 #include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
@@ -14,26 +12,11 @@ namespace corvane {
 
 namespace {
 
-/// What all applications come to. Where two of them share an item, it counts once.
-std::int64_t sumOf(std::span<const InstalledApp> apps)
-{
-    std::int64_t sum = 0;
-    std::unordered_set<std::string_view> counted;
-    for (const InstalledApp &app : apps) {
-        sum = checkedAdd(sum, app.appSize);
-        for (const Leftover &leftover : app.leftovers) {
-            if (counted.insert(leftover.path).second)
-                sum = checkedAdd(sum, leftover.size);
-        }
-    }
-    return sum;
-}
-
 QString summaryOf(std::span<const InstalledApp> apps)
 {
     if (apps.empty())
         return QStringLiteral("No apps found");
-    const QString size = sizeText(sumOf(apps));
+    const QString size = sizeText(appTotal(apps));
     if (apps.size() == 1)
         return QStringLiteral("1 app uses %1, including its data").arg(size);
     return QStringLiteral("%1 apps use %2, including their data")
