@@ -28,7 +28,8 @@ protected:
                 change(setting.variable, nullptr);
         }
         change("HOME", home.c_str());
-        for (const char *name : {"Documents/thesis", ".ssh", "elsewhere"})
+        for (const char *name : {"Documents/thesis", ".ssh", ".local/bin", ".local/state", ".thunderbird", ".var/app",
+                                 "snap", "elsewhere"})
             folder.makeFolder("me/" + std::string(name));
     }
     ~ToolSettingsTest() override
@@ -93,8 +94,10 @@ TEST_P(ToolSettingsTest, LeadsToAFolderOfItsOwnAndToNothingElse)
     lead(setting, home + "/elsewhere");
     EXPECT_EQ(files.realPath(PlaceRule(files).placeFor(setting.place).value_or("/none")).value_or("nothing"),
               home + "/elsewhere");
-    for (const std::string &target : {std::string("/"), folder.path(), home, home + "/Documents",
-                                      home + "/Documents/thesis", home + "/.ssh", std::string("/etc")}) {
+    for (const std::string &target :
+         {std::string("/"), folder.path(), home, home + "/Documents", home + "/Documents/thesis", home + "/.ssh",
+          home + "/.local/bin", home + "/.local/state", home + "/.thunderbird", home + "/.var", home + "/.var/app",
+          home + "/snap", std::string("/etc")}) {
         SCOPED_TRACE(target);
         lead(setting, target);
         const std::optional<OwnPlace> own = linuxPlaceFor(setting.place, home);

@@ -40,8 +40,9 @@ const ProtectedPlaces &systemProtectedPlaces()
         .prefixes = {"/boot", "/efi", "/gnu", "/lib", "/lib32", "/lib64", "/libx32", "/nix", "/ostree", "/proc",
                      "/root", "/run", "/snap", "/sys", "/sysroot"},
         // The user's folders by their usual names, and what programs keep for the user; single folders inside may go.
-        .homeExact = {"Templates", "Videos", ".cache", ".local", ".local/share", ".local/share/Trash",
-                      ".local/share/Trash/files", ".local/share/Trash/info", ".mozilla"},
+        .homeExact = {"Templates", "Videos", ".cache", ".local", ".local/bin", ".local/share", ".local/share/Trash",
+                      ".local/share/Trash/files", ".local/share/Trash/info", ".local/state", ".mozilla", ".thunderbird",
+                      ".var/app", "snap"},
         .homePrefixes = {".local/share/keyrings"},
         .trashFolders = {".Trash-" + user, ".Trash/" + user},
         .trashParts = trashParts,

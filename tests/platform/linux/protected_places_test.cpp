@@ -33,7 +33,8 @@ TEST(LinuxProtectedPlaces, SingleFoldersInTheUsersDataMayGoButNotTheWhole)
 {
     const ProtectedPlaces &places = systemProtectedPlaces();
     EXPECT_THAT(places.homeExact,
-                IsSupersetOf({".local", ".local/share", ".cache", ".mozilla", "Templates", "Videos"}));
+                IsSupersetOf({".local", ".local/bin", ".local/share", ".local/state", ".cache", ".mozilla",
+                              ".thunderbird", ".var/app", "snap", "Templates", "Videos"}));
     EXPECT_THAT(places.homePrefixes, Contains(".local/share/keyrings"));
 }
 
