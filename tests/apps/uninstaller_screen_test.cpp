@@ -204,6 +204,20 @@ TEST_F(UninstallerScreenTest, AnAppIsShownWithItsSectionsAndWhatIsAboutToHappen)
     EXPECT_FALSE(isChecked(checkBoxes(QStringLiteral("Signal Deck"))[0]));
 }
 
+// A list hides the rows that it does not show, and lays them out by their heights.
+TEST_F(UninstallerScreenTest, AHeadingKeepsItsHeightWhileItIsHidden)
+{
+    openSignalDeck();
+    QQuickItem *const heading = scene->find([](QQuickItem *item) {
+        return item->property("note").isValid() && item->property("title") == QStringLiteral("Possible matches");
+    });
+    ASSERT_NE(heading, nullptr);
+    const qreal height = heading->implicitHeight();
+    ASSERT_FALSE(heading->property("note").toString().isEmpty());
+    heading->setVisible(false);
+    EXPECT_EQ(heading->implicitHeight(), height);
+}
+
 TEST_F(UninstallerScreenTest, AnAppWithoutLeftoversSaysSo)
 {
     publishAndShow();

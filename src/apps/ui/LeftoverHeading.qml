@@ -13,7 +13,7 @@ Item {
     readonly property int gap: first || note === "" ? 0 : AppsMetrics.headingGap
 
     implicitHeight: gap + AppsMetrics.headingHeight
-        + (reason.visible ? reason.height - Theme.space2 + Theme.space8 : 0)
+        + (note !== "" ? reason.height - Theme.space2 + Theme.space8 : 0)
     Accessible.role: Accessible.Heading
     Accessible.name: title
     Accessible.description: sizeText
