@@ -467,8 +467,7 @@ TEST_F(WordsJourney, NoSheetOfTheProgramSpeaksOfAMac)
     close(QStringLiteral("about"));
     chooseInMenu(QStringLiteral("appMenu.sendFeedback"));
     waitForPopup(QStringLiteral("feedback"));
-    read(QStringLiteral("the feedback form"),
-         {QStringLiteral("Include app version, system version and computer model")});
+    read(QStringLiteral("the feedback form"), {QStringLiteral("Include app and system versions and computer model")});
     close(QStringLiteral("feedback"));
     press(Qt::Key_Comma, Qt::ControlModifier);
     waitUntil([&] { return window().findChild<QQuickWindow *>(QStringLiteral("settings")) != nullptr; },

@@ -82,7 +82,7 @@ const SystemWords &wordsOf(SystemKind kind)
         .bannerTitle = "Let Corvane read your home folder for complete results",
         .bannerText = "Your home folder can't be opened, so nothing in it can be measured. Check who may read it, then "
                       "scan again.",
-        .includeSystemInfo = "Include app version, system version and computer model",
+        .includeSystemInfo = "Include app and system versions and computer model",
         .crashReportContent = "the app and system version, your computer's model and the code that was running",
     };
     return kind == SystemKind::mac ? mac : linuxSystem;

@@ -217,7 +217,7 @@ TEST_F(FeedbackTest, AFormThatIsGoneReceivesNothing)
 
 TEST_F(FeedbackTest, SaysWhatItWouldSendInTheWordsOfTheSystem)
 {
-    EXPECT_EQ(presenter.infoText(), QStringLiteral("Include app version, system version and computer model"));
+    EXPECT_EQ(presenter.infoText(), QStringLiteral("Include app and system versions and computer model"));
     fake.becomeMac();
     EXPECT_EQ(presenter.infoText(), QStringLiteral("Include app version, macOS version and Mac model"));
 }

@@ -394,6 +394,12 @@ TEST_F(ServiceSheetsTest, FeedbackHasItsLabelsRolesAndWords)
     EXPECT_NE(scene->named(QStringLiteral("Send Feedback"), QAccessible::Dialog), nullptr);
 }
 
+TEST_F(ServiceSheetsOnLinuxTest, TheChoiceBeneathTheFieldsIsNoWiderThanThey)
+{
+    openFeedback();
+    EXPECT_LE(scene->item("feedback.include")->width(), scene->item("feedback.email")->width());
+}
+
 TEST_F(ServiceSheetsTest, TheFormCanBeClosedWhileItIsSentAndSaysThen)
 {
     openFeedback();
