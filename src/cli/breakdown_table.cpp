@@ -47,6 +47,16 @@ void writeSegment(const BreakdownSegment &segment, std::int64_t used, Console &c
     }
 }
 
+/// What may be in the space that no row explains, or nothing.
+std::string unexplainedReason(const DiskBreakdown &breakdown)
+{
+    for (const BreakdownSegment &segment : breakdown.segments) {
+        if (segment.kind == BreakdownSegment::Kind::hidden && !segment.detail.empty())
+            return fmt::format("{}: {}", segment.title, segment.detail);
+    }
+    return {};
+}
+
 } // namespace
 
 void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console)
@@ -70,6 +80,8 @@ void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console)
     }
     if (!breakdown.hasScan && table.leavesHomeToTheScan)
         console.out.write("\"corvane-cli breakdown --scan ~\" explains your home folder too\n");
+    else if (const std::string reason = unexplainedReason(breakdown); !reason.empty())
+        console.out.write(console.faint(reason) + "\n");
     for (const std::string &note : breakdown.footnotes())
         console.out.write(console.faint(note) + "\n");
 }

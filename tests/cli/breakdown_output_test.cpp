@@ -204,6 +204,19 @@ TEST(BreakdownTable, NothingIsSuggestedOnceThereIsAScan)
     EXPECT_EQ(table(breakdown).find("--scan"), std::string::npos);
 }
 
+TEST(BreakdownTable, WhatIsUnexplainedHasItsReasonUnlessAScanWouldExplainIt)
+{
+    DiskBreakdown breakdown = example();
+    EXPECT_EQ(table(breakdown).find("Why."), std::string::npos) << "the scan is suggested instead";
+    breakdown.hasScan = true;
+    EXPECT_NE(table(breakdown).find("\nNot Scanned Yet: Why.\n"), std::string::npos);
+    breakdown.hasScan = false;
+    breakdown.system = SystemKind::linuxSystem;
+    EXPECT_NE(table(breakdown).find("\nNot Scanned Yet: Why.\n"), std::string::npos);
+    breakdown.segments.pop_back();
+    EXPECT_EQ(table(breakdown).find("Why."), std::string::npos);
+}
+
 TEST(BreakdownTable, APartialScanIsMarked)
 {
     EXPECT_NE(table(partialExample()).find("\nScan stopped — showing partial results\n"), std::string::npos);
