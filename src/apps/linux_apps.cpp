@@ -402,10 +402,11 @@ bool holdsOwnWork(const std::string &folder, const Surroundings &surroundings)
 std::optional<std::string> unpackedFolder(const std::string &program, const DesktopEntry &entry, const LinuxData &data,
                                           const Surroundings &surroundings)
 {
-    constexpr std::array<std::string_view, 14> signsOfWork{
-        ".git", ".hg",     ".svn",  ".bzr",       "Makefile",       "CMakeLists.txt", "meson.build",
-        "src",  ".vscode", ".idea", "Cargo.toml", "pyproject.toml", "go.mod",         "configure.ac"};
-    // Directly in the home these hold what many programs, or the user, have brought.
+    constexpr std::array<std::string_view, 17> signsOfWork{
+        ".git",        ".hg",          ".svn",    ".bzr",      "Makefile",   "CMakeLists.txt",
+        "meson.build", "src",          ".vscode", ".idea",     "Cargo.toml", "pyproject.toml",
+        "go.mod",      "configure.ac", "cur",     ".obsidian", ".stfolder"};
+    // These hold what many programs, or the user, have brought.
     constexpr std::array<std::string_view, 17> gatheringFolders{
         "applications", "apps",  "bin",      "builds",  "dropbox", "games", "nextcloud", "onedrive", "opt",
         "programs",     "repos", "software", "sources", "sync",    "tools", "work",      "workspace"};
@@ -420,7 +421,8 @@ std::optional<std::string> unpackedFolder(const std::string &program, const Desk
     if (!isMachineCode(program, files) && !(isInBin && hasPartsOfPrograms(std::string(folder), files)))
         return std::nullopt;
     const std::string_view name = lastPathComponent(folder);
-    if (containingFolder(folder) == home &&
+    // Hidden in the home is what programs keep for the user.
+    if ((containingFolder(folder) == home && name.starts_with('.')) ||
         std::ranges::find(gatheringFolders, lowerCase(name)) != gatheringFolders.end())
         return std::nullopt;
     const std::string_view file = lastPathComponent(program);

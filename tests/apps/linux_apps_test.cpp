@@ -585,7 +585,10 @@ TEST_F(LinuxAppsTest, AFolderOfSeveralProgramsOrOfTheUsersWorkIsNoApplication)
     EXPECT_THAT(names(), ElementsAre("Chart"));
     start("Draw", "kite/Draw.AppImage");
     EXPECT_THAT(names(), testing::UnorderedElementsAre("Chart", "Draw"));
-    for (const char *const work : {"Projects/a", "saves/a", "site/.git/a"}) {
+    start("Vault", ".vault/vault"); // what programs keep for the user
+    start("Games", "fun/Games/games");
+    EXPECT_THAT(names(), testing::UnorderedElementsAre("Chart", "Draw"));
+    for (const char *const work : {"Projects/a", "saves/a", "site/.git/a", "cur/1", ".obsidian/a"}) {
         SCOPED_TRACE(work);
         const std::string name = "Pilot" + std::string(work, 3);
         start(name, name + "/" + name);
