@@ -39,8 +39,10 @@ Showing showingOf(const CleanupItem &item, const CleanupTable &table)
                                                                                          : Showing::hidden;
 }
 
-std::string foldedText(std::size_t count)
+std::string foldedText(std::size_t count, std::size_t shownCount)
 {
+    if (shownCount == 0)
+        return formatCount(static_cast<std::int64_t>(count), "place holds nothing", "places hold nothing");
     return formatCount(static_cast<std::int64_t>(count), "more place holds nothing", "more places hold nothing");
 }
 

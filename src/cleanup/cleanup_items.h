@@ -23,8 +23,8 @@ enum class Showing {
 };
 [[nodiscard]] Showing showingOf(const CleanupItem &item, const CleanupTable &table);
 
-/// "12 more places hold nothing".
-[[nodiscard]] std::string foldedText(std::size_t count);
+/// "12 more places hold nothing"; without "more" where no row is shown above that line.
+[[nodiscard]] std::string foldedText(std::size_t count, std::size_t shownCount);
 
 /// Takes what was removed out of the items, until they are measured again; whether a figure has changed.
 bool takeRemoved(std::vector<CleanupItem> &items, std::span<const SelectedEntry> removed);

@@ -99,10 +99,12 @@ void writeCleanupTable(const CleanupReport &report, Console &console)
                 writeRow(*item, report.home, console);
         }
     }
-    const auto folded = std::ranges::count_if(
-        report.items, [&](const CleanupItem &item) { return showingOf(item, report.table) == Showing::folded; });
-    if (folded > 0)
-        console.out.write(fmt::format("\n{}\n", foldedText(static_cast<std::size_t>(folded))));
+    const auto countOf = [&](Showing showing) {
+        return static_cast<std::size_t>(std::ranges::count_if(
+            report.items, [&](const CleanupItem &item) { return showingOf(item, report.table) == showing; }));
+    };
+    if (const std::size_t folded = countOf(Showing::folded); folded > 0)
+        console.out.write(fmt::format("\n{}\n", foldedText(folded, countOf(Showing::shown))));
     writeCommands(report.commands, console);
     console.out.write('\n');
     console.out.write(console.faint("\"corvane-cli cleanup --json\" names what lies in each; "

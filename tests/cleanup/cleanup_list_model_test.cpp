@@ -595,6 +595,13 @@ TEST_F(LinuxCleanupListTest, WhatDoesNotExistIsFoldedAtTheEndOfItsGroup)
     EXPECT_EQ(model.rowCount(), rows);
 }
 
+TEST_F(LinuxCleanupListTest, WhereNothingElseIsInTheGroupTheFoldedRowCountsNoMorePlaces)
+{
+    measure();
+    EXPECT_EQ(text(1, Model::KindRole), QStringLiteral("folded"));
+    EXPECT_EQ(text(1), QStringLiteral("7 places hold nothing"));
+}
+
 TEST_F(LinuxCleanupListTest, AFoldedRowSelectsNothing)
 {
     addFile("Library/Caches/a", 3'000'000);

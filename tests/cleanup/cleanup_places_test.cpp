@@ -487,8 +487,10 @@ TEST_F(CleanupPlacesTest, RowsThatHoldNothingAreFoldedAndThoseOfAMacHidden)
     files.addFile("/home/me/Library/Developer/Xcode/DerivedData/app", 1'000);
     measure();
     EXPECT_EQ(showingOf(item("deriveddata"), table), Showing::shown);
-    EXPECT_EQ(foldedText(12), "12 more places hold nothing");
-    EXPECT_EQ(foldedText(1), "1 more place holds nothing");
+    EXPECT_EQ(foldedText(12, 1), "12 more places hold nothing");
+    EXPECT_EQ(foldedText(1, 3), "1 more place holds nothing");
+    EXPECT_EQ(foldedText(12, 0), "12 places hold nothing");
+    EXPECT_EQ(foldedText(1, 0), "1 place holds nothing");
 }
 
 TEST_F(CleanupPlacesTest, AfterARemovalTheRowsOfEverySystemStillComeFirst)

@@ -210,7 +210,7 @@ QVariant wordsData(const CleanupRow &row, int role, const SystemWords &words)
     case Kind::more:
         return isTitle ? moreText(row.count) : QVariant();
     case Kind::folded:
-        return isTitle ? displayText(foldedText(row.count)) : QVariant();
+        return isTitle ? displayText(foldedText(row.count, row.shownCount)) : QVariant();
     case Kind::missing:
         return isTitle ? QStringLiteral("This folder does not exist.") : QVariant();
     case Kind::reveal:

@@ -120,7 +120,7 @@ void addGroup(std::vector<CleanupRow> &rows, int section, std::span<const Cleanu
     addCards(shown);
     if (folded.empty())
         return;
-    rows.push_back({.kind = Kind::folded, .section = section, .count = folded.size()});
+    rows.push_back({.kind = Kind::folded, .section = section, .count = folded.size(), .shownCount = shown.size()});
     if (contents.isUnfolded(section))
         addCards(folded);
 }

@@ -38,10 +38,11 @@ struct CleanupRow {
     CleanupEntry entry = {};
     DevJunkItem artifact = {};
     AdminCommand command = {};
-    std::int64_t size = 0;   ///< bytes of all that it stands for; 0 without a measurement
-    std::size_t count = 0;   ///< the entries of a card; what a `more` or `folded` row stands for
-    bool isMeasured = false; ///< what the size is of
-    bool isReadable = true;  ///< of a card
+    std::int64_t size = 0;      ///< bytes of all that it stands for; 0 without a measurement
+    std::size_t count = 0;      ///< the entries of a card; what a `more` or `folded` row stands for
+    std::size_t shownCount = 0; ///< of a `folded` row: the locations above it
+    bool isMeasured = false;    ///< what the size is of
+    bool isReadable = true;     ///< of a card
 
     /// What it stands for, whatever its figures are by now.
     using Key = std::tuple<Kind, int, const void *, std::string_view>;
