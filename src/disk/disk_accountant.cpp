@@ -63,6 +63,10 @@ std::string lastComponent(const std::string &path)
     return path.substr(path.rfind('/') + 1);
 }
 
+constexpr const char *homeDetail =
+    "Your documents, apps' data, caches and projects. Explore it in the Space Map, or tidy it in Cleanup.";
+constexpr const char *openMapTitle = "Open Space Map";
+
 /// Builds one breakdown, step by step; `remainder` is the used space that no segment has explained yet.
 class Composer {
 public:
@@ -188,7 +192,7 @@ private:
                                  m_scan.rootSize,
                                  m_scan.topChildren,
                                  BreakdownAction{BreakdownAction::Kind::openMap, {}},
-                                 "Open Space Map"};
+                                 openMapTitle};
         if (isWholeDisk()) {
             segment.size = std::max<std::int64_t>(0, checkedSubtract(m_scan.rootSize, m_scan.systemDirSize));
             segment.title = "Files Corvane Scanned";
@@ -196,8 +200,7 @@ private:
             segment.symbol = "internaldrive";
         } else {
             segment.title = *m_root == m_home ? "Your Home Folder" : "Scanned: " + lastComponent(*m_root);
-            segment.detail = "Your documents, apps' data, caches and projects. Explore it in the Space Map, or tidy "
-                             "it in Cleanup.";
+            segment.detail = homeDetail;
             segment.symbol = "house";
         }
         explain(segment.size);
@@ -235,6 +238,11 @@ private:
             if (segment.size <= segmentLimit)
                 continue;
             explain(segment.size);
+            if (replacesScan && segment.action && segment.action->kind == BreakdownAction::Kind::scanHome) {
+                segment.detail = homeDetail;
+                segment.action = BreakdownAction{BreakdownAction::Kind::openMap, {}};
+                segment.actionTitle = openMapTitle;
+            }
             add(std::move(segment));
         }
     }

@@ -509,13 +509,24 @@ TEST_F(DiskAccountantTest, HiddenSaysSoWhenTheHomeLiesOutsideTheScan)
 TEST_F(DiskAccountantTest, PlacesOfASystemStayAsTheyAreWhenTheWholeDiskWasScanned)
 {
     places = {{"/usr", Kind::measured, "Software", {}, {}, {}, 20 * gb, {}, {}, {}},
-              {"home", Kind::measured, "Your Home Folder", {}, {}, {}, 30 * gb, {}, {}, {}}};
+              {"home",
+               Kind::measured,
+               "Your Home Folder",
+               {},
+               {},
+               {},
+               30 * gb,
+               {},
+               BreakdownAction{BreakdownAction::Kind::scanHome, {}},
+               "Scan Home Folder"}};
     deniedInPlaces = 3;
     scanned("/", 70 * gb); // more than there is: files of several names
     scan.unreadableCount = 4;
     const DiskBreakdown breakdown = compute();
     EXPECT_EQ(excluded, std::nullopt) << "nothing is left out of them";
     EXPECT_EQ(find(breakdown, Kind::scanned), nullptr);
+    ASSERT_EQ(breakdown.segments.front().id, "home");
+    EXPECT_EQ(breakdown.segments.front().actionTitle, "Open Space Map") << "it has just been scanned";
     EXPECT_EQ(sum(breakdown), 60 * gb);
     EXPECT_EQ(breakdown.overcount, 0);
     EXPECT_TRUE(breakdown.hasScan);
