@@ -106,8 +106,10 @@ private:
             const std::size_t left = level.end - level.next;
             const bool isInnermost = i + 1 == m_levels.size();
             const std::size_t given = isInnermost ? left / 2 : (left + 1) / 2;
+            if (given == 0)
+                continue;
             std::shared_ptr<OpenFolder> folder = m_folders.shared(i);
-            if (given == 0 || !folder)
+            if (!folder)
                 continue;
             level.end -= given;
             // This walk is inside itself, so the count cannot have come to nothing.

@@ -36,7 +36,13 @@ public:
 
     /// The open folder at that position, for another walk that goes on from there. It stays open as long as either
     /// keeps it. Null where it is out of reach.
-    [[nodiscard]] std::shared_ptr<OpenFolder> shared(std::size_t position) const { return m_links[position].folder; }
+    [[nodiscard]] std::shared_ptr<OpenFolder> shared(std::size_t position) const
+    {
+        std::shared_ptr<OpenFolder> folder = m_links[position].folder;
+        if (folder)
+            (void)folder->identity(); // from now on several threads may ask for it
+        return folder;
+    }
 
     /// Opens a folder directly inside the innermost one, which is not null. Where file numbers have run out, here
     /// or for another walk, the chain gives back all but its last.

@@ -21,6 +21,7 @@
 #include "core/scanner.h"
 #include "core/walk_pace.h"
 #include "platform/fake_file_system.h"
+#include "support/temporary_folder.h"
 
 namespace corvane {
 namespace {
@@ -201,6 +202,26 @@ TEST_P(SharedWalkTest, StoppedAnywhereItEndsWithARightTree)
 
 INSTANTIATE_TEST_SUITE_P(Trees, SharedWalkTest, testing::ValuesIn(shapes),
                          [](const auto &parameter) { return std::string(parameter.param.name); });
+
+TEST(SharedWalk, RealFoldersFarBelowTheTopAreMeasuredTheSame)
+{
+    // Deeper than a walk keeps open, so that folders are closed and opened again while others walk in them.
+    const TemporaryFolder folder;
+    std::string path = "top";
+    for (int level = 0; level < 40; ++level) {
+        for (int i = 0; i < 12; ++i)
+            folder.writeText(fmt::format("{}/{}/file", path, i), "x");
+        path += "/deeper";
+    }
+    const auto measured = [&](std::size_t threads) {
+        const FixedWalkThreads fixed(threads);
+        return allocatedSize(folder / "top");
+    };
+    const std::int64_t one = measured(1);
+    ASSERT_GT(one, 0);
+    for (int round = 0; round < rounds; ++round)
+        EXPECT_EQ(measured(8), one);
+}
 
 /// Counts the folders and the threads that come. Each folder takes its time.
 class Meeting : public SharedWalk::Visitor {
