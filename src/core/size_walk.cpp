@@ -79,15 +79,15 @@ std::unique_ptr<SizeWalk::Names> SizeWalk::enter(OpenFolder &folder, const std::
         return nullptr;
     auto names = std::make_unique<Names>();
     names->names = std::move(contents.subfolders);
-    names->isWatched = !path.empty() && m_excluded.anyBeneath(path);
+    names->isWatched = contents.isWatched;
     return names;
 }
 
 SizeWalk::Contents SizeWalk::contentsOf(OpenFolder &folder, const std::string &path, const FileVisitor &visit)
 {
     const bool asTheDisk = m_counting == Counting::asTheDisk;
-    const bool isWatched = !path.empty() && m_excluded.anyBeneath(path);
     Contents contents;
+    contents.isWatched = !path.empty() && m_excluded.anyBeneath(path);
     if (!m_devices.empty() && !m_devices.contains(folder.identity().device))
         return contents;
     const auto add = [&contents](std::int64_t bytes) {
@@ -96,7 +96,7 @@ SizeWalk::Contents SizeWalk::contentsOf(OpenFolder &folder, const std::string &p
     if (asTheDisk)
         add(folder.allocated());
     const auto listed = folder.list([&](const DirectoryEntry &entry) {
-        if (isWatched && m_excluded.holds(joined(path, entry.name)))
+        if (contents.isWatched && m_excluded.holds(joined(path, entry.name)))
             return Listing::goOn;
         if (entry.type == EntryType::directory) {
             contents.subfolders.emplace_back(entry.name);
