@@ -203,7 +203,7 @@ std::optional<DesktopEntry> DesktopEntry::read(const std::string &path, FileSyst
 {
     const WalkConditions conditions;
     const auto text = openPatiently([&] { return files.readFile(path, longestFile); });
-    return text ? parse(path, *text, Environment::messageLocale()) : std::nullopt;
+    return text ? parse(path, *text, Environment::locale("LC_MESSAGES")) : std::nullopt;
 }
 
 } // namespace corvane

@@ -17,9 +17,9 @@ struct Environment {
     /// The name of the account with that number of a user; absent where there is none.
     [[nodiscard]] static std::optional<std::string> accountName(unsigned int user);
 
-    /// In which language, country and the like messages are, as the user's variables tell it ("de_AT.UTF-8"); empty
-    /// where they do not.
-    [[nodiscard]] static std::string messageLocale();
+    /// In which language, country and the like something is, such as "LC_MESSAGES" or "LC_TIME", as the user's
+    /// variables tell it ("de_AT.UTF-8"); empty where they do not.
+    [[nodiscard]] static std::string locale(const char *category);
 
     /// Sets HOME to the account's home folder.
     static void useAccountHome();

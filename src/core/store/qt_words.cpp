@@ -4,6 +4,7 @@
 
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "platform/environment.h"
 
 namespace corvane {
 
@@ -51,11 +52,8 @@ QLocale dateLocale()
     return QLocale::system();
 #else
     // QLocale() is that of the messages, and QLocale::system() does not say which language its dates are in.
-    for (const char *const variable : {"LC_ALL", "LC_TIME", "LANG"}) {
-        if (const QString name = qEnvironmentVariable(variable); !name.isEmpty())
-            return QLocale(name.section(QLatin1Char('.'), 0, 0));
-    }
-    return QLocale::c();
+    const QString name = QString::fromLocal8Bit(Environment::locale("LC_TIME"));
+    return name.isEmpty() ? QLocale::c() : QLocale(name.section(QLatin1Char('.'), 0, 0));
 #endif
 }
 

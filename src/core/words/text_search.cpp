@@ -10,6 +10,7 @@
 
 #include "core/words/utf8.h"
 #include "platform/ascii_case.h"
+#include "platform/environment.h"
 
 namespace corvane {
 
@@ -57,17 +58,6 @@ bool isAccent(char32_t codePoint)
     }
 }
 
-/// The variable that says which language letters belong to.
-std::string_view localeName()
-{
-    for (const char *const variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        const char *const value = std::getenv(variable);
-        if (value != nullptr && *value != '\0')
-            return value;
-    }
-    return {};
-}
-
 } // namespace
 
 Casing casingOf(std::string_view locale)
@@ -78,7 +68,7 @@ Casing casingOf(std::string_view locale)
 
 Casing userCasing()
 {
-    return casingOf(localeName());
+    return casingOf(Environment::locale("LC_CTYPE")); // which language letters belong to
 }
 
 std::string searchable(std::string_view bytes, Casing casing)

@@ -49,9 +49,9 @@ std::optional<std::string> Environment::accountName(unsigned int user)
     return std::nullopt;
 }
 
-std::string Environment::messageLocale()
+std::string Environment::locale(const char *category)
 {
-    for (const char *const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    for (const char *const name : {"LC_ALL", category, "LANG"}) {
         const char *const value = std::getenv(name);
         if (value != nullptr && *value != '\0')
             return value;
