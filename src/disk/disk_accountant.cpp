@@ -118,8 +118,11 @@ private:
 
     [[nodiscard]] bool isWholeDisk() const { return m_root && *m_root == "/"; }
 
-    /// Then they tell more of the whole disk than that it was scanned, and stay when it is.
-    [[nodiscard]] bool placesAreAllOfTheDisk() const { return m_sources.places && !m_table.places.empty(); }
+    /// Where the places are all of the disk, they tell more of it than that it was scanned.
+    [[nodiscard]] bool placesReplaceScan() const
+    {
+        return isWholeDisk() && m_sources.places && !m_table.places.empty();
+    }
 
     void addVolumes(const APFSContainerInfo &container)
     {
@@ -181,7 +184,7 @@ private:
 
     void addScanned()
     {
-        if (!m_root || (isWholeDisk() && placesAreAllOfTheDisk()))
+        if (!m_root || placesReplaceScan())
             return;
         BreakdownSegment segment{"scanned",
                                  Kind::scanned,
@@ -231,7 +234,7 @@ private:
     {
         if (!m_sources.places)
             return;
-        const bool replacesScan = isWholeDisk() && placesAreAllOfTheDisk();
+        const bool replacesScan = placesReplaceScan();
         auto [segments, denied] = m_sources.places(replacesScan ? std::nullopt : m_root);
         m_denied = replacesScan ? denied : checkedAdd(m_scan.unreadableCount, denied);
         for (BreakdownSegment &segment : segments) {
@@ -358,13 +361,7 @@ DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Host &host,
     sources.measure = [&host, &stop](const std::string &path, const std::optional<std::string> &excluding) {
         return measure(path, excluding, host.files, stop);
     };
-    // The figures are read as they are written without a language.
-    const auto runTool = [&stop](const std::string &tool, const std::vector<std::string> &arguments) {
-        std::vector<std::string> line{"LC_ALL=C", tool};
-        line.insert(line.end(), arguments.begin(), arguments.end());
-        return Shell::run("/usr/bin/env", line, stop);
-    };
-    DiskPlaces places(diskTableOf(host.files.systemKind()), host, runTool, stop);
+    DiskPlaces places(diskTableOf(host.files.systemKind()), host, Shell::runner(stop), stop);
     sources.places = [&places](const std::optional<std::string> &root) {
         std::vector<BreakdownSegment> segments = places.measure(root);
         return std::pair(std::move(segments), places.denied());

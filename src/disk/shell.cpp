@@ -14,7 +14,9 @@ std::optional<std::string> Shell::run(const std::string &path, const std::vector
 ToolRunner Shell::runner(const StopFlag &stop)
 {
     return [&stop](const std::string &tool, const std::vector<std::string> &arguments) {
-        return run(tool, arguments, stop);
+        std::vector<std::string> line{"LC_ALL=C", tool};
+        line.insert(line.end(), arguments.begin(), arguments.end());
+        return run("/usr/bin/env", line, stop);
     };
 }
 

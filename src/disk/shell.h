@@ -23,7 +23,8 @@ struct Shell {
                                                         const StopFlag &stop = neverStopped,
                                                         const ProcessLimits &limits = {});
 
-    /// What runs the tools of this computer; `stop` must outlive it.
+    /// What runs the tools of this computer. They write figures and words as without a language, which is how they are
+    /// read. `stop` must outlive it.
     [[nodiscard]] static ToolRunner runner(const StopFlag &stop = neverStopped);
 };
 

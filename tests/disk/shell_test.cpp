@@ -173,6 +173,12 @@ TEST_F(ShellTest, AToolThatDoesNotEndInTimeIsEndedWithWhatItStartedAndHasFailed)
     }
 }
 
+TEST_F(ShellTest, TheRunnersToolsWriteAsWithoutALanguage)
+{
+    EXPECT_EQ(Shell::runner()(script("echo \"$LC_ALL $1\""), {"as it is"}), "C as it is\n");
+    EXPECT_EQ(Shell::runner()(folder.path() + "/no such tool", {}), std::nullopt);
+}
+
 TEST_F(ShellTest, AChildThatReadsItsInputFindsItsEnd)
 {
     EXPECT_EQ(Shell::run(script("cat; echo end"), {}), "end\n");
