@@ -22,16 +22,18 @@ struct BulkAttributes {
     static constexpr std::uint32_t objectType = 0x0000'0008;
     static constexpr std::uint32_t modificationTime = 0x0000'0400;
     static constexpr std::uint32_t finderInfo = 0x0000'4000;
+    static constexpr std::uint32_t fileNumber = 0x0200'0000;
     static constexpr std::uint32_t error = 0x2000'0000;
     static constexpr std::uint32_t returnedAttributes = 0x8000'0000;
 
     /// Names and returned attributes are mandatory; without the object type the kernel leaves its fast way.
     static constexpr std::uint32_t common =
-        returnedAttributes | error | name | objectType | modificationTime | finderInfo;
+        returnedAttributes | error | name | objectType | modificationTime | finderInfo | fileNumber;
 
+    static constexpr std::uint32_t linkCount = 0x0000'0001;
     static constexpr std::uint32_t totalAllocated = 0x0000'0004; ///< all forks
     static constexpr std::uint32_t dataAllocated = 0x0000'0400;
-    static constexpr std::uint32_t file = totalAllocated | dataAllocated;
+    static constexpr std::uint32_t file = linkCount | totalAllocated | dataAllocated;
 };
 
 /// One entry as the kernel tells it; what it does not tell is absent.
@@ -41,10 +43,15 @@ struct BulkEntry {
 
     std::string_view name; ///< lies in the buffer
     int error = 0;         ///< why nothing but the name is known
-    EntryType type = EntryType::file;
+    std::optional<EntryType> type;
     std::optional<Time> modified;
     bool hasBundleBit = false;             ///< the Finder's own mark of a package
+    std::uint64_t fileNumber = 0;          ///< 0 where unknown
+    std::uint32_t links = 1;               ///< how many names it has; files only
     std::optional<std::int64_t> allocated; ///< all forks, else the data; files only
+
+    /// Whether a listing needs no more of the item than what is here.
+    [[nodiscard]] bool isComplete() const { return error == 0 && type && (*type != EntryType::file || allocated); }
 };
 
 /// Reads one entry field after field; they follow each other at multiples of four, so none may be read in place.
@@ -113,6 +120,10 @@ private:
     reader.takeBytes(sizeof length);
     const auto returned = reader.take<Returned>();
     BulkEntry entry;
+    // Each field that is not expected would shift what follows it.
+    if ((returned.common & ~BulkAttributes::common) != 0 || (returned.file & ~BulkAttributes::file) != 0 ||
+        returned.volume != 0 || returned.directory != 0 || returned.fork != 0)
+        return std::nullopt;
     if (returned.common & BulkAttributes::error)
         entry.error = static_cast<int>(reader.take<std::uint32_t>());
     if (returned.common & BulkAttributes::name)
@@ -134,9 +145,13 @@ private:
             const auto info = reader.take<std::array<std::byte, 32>>();
             entry.hasBundleBit = (info[8] & bundleFlag) != std::byte{};
         }
+        if (returned.common & BulkAttributes::fileNumber)
+            entry.fileNumber = reader.take<std::uint64_t>();
         std::optional<std::int64_t> total;
         std::optional<std::int64_t> data;
         if (entry.type != EntryType::directory) {
+            if (returned.file & BulkAttributes::linkCount)
+                entry.links = reader.take<std::uint32_t>();
             if (returned.file & BulkAttributes::totalAllocated)
                 total = reader.take<std::int64_t>();
             if (returned.file & BulkAttributes::dataAllocated)

@@ -13,8 +13,8 @@ using ::testing::ElementsAre;
 
 // The groups of attributes as the system's headers number them, written down apart from the code under test.
 constexpr std::uint32_t cmnName = 1U << 0, cmnType = 1U << 3, cmnModified = 1U << 10, cmnFinder = 1U << 14,
-                        cmnError = 1U << 29, cmnReturned = 1U << 31;
-constexpr std::uint32_t fileTotal = 1U << 2, fileData = 1U << 10;
+                        cmnNumber = 1U << 25, cmnError = 1U << 29, cmnReturned = 1U << 31;
+constexpr std::uint32_t fileLinks = 1U << 0, fileTotal = 1U << 2, fileData = 1U << 10;
 constexpr std::uint32_t regular = 1, directory = 2, link = 5, fifo = 7;
 
 /// Packs one entry as the kernel does: fields in a fixed order at multiples of four, then the name, then zeros up
@@ -39,6 +39,8 @@ public:
         info[9] = static_cast<unsigned char>(flags & 0xFF);
         return common(cmnFinder, info);
     }
+    Packed &number(std::uint64_t value) { return common(cmnNumber, value); }
+    Packed &links(std::uint32_t count) { return file(fileLinks, count); }
     Packed &total(std::int64_t bytes) { return file(fileTotal, bytes); }
     Packed &data(std::int64_t bytes) { return file(fileData, bytes); }
 
@@ -83,7 +85,8 @@ private:
         return *this;
     }
 
-    Packed &file(std::uint32_t bit, std::int64_t value)
+    template <typename Value>
+    Packed &file(std::uint32_t bit, Value value)
     {
         m_file |= bit;
         add(m_fields, value);
@@ -164,8 +167,97 @@ TEST(BulkAttributes, EntryThatFailedHasItsNameAndItsError)
     ASSERT_TRUE(entry);
     EXPECT_EQ(entry->name, "odd");
     EXPECT_EQ(entry->error, 13);
-    EXPECT_EQ(entry->type, EntryType::file);
+    EXPECT_EQ(entry->type, std::nullopt);
     EXPECT_EQ(entry->allocated, std::nullopt);
+    EXPECT_FALSE(entry->isComplete());
+}
+
+TEST(BulkAttributes, FileTellsItsNumberAndHowManyNamesItHas)
+{
+    // The count of names takes four bytes, so what follows lies at an odd multiple of four.
+    const Buffer buffer(
+        Packed("hard").type(regular).modified(7).number(0xFEDC'BA98'7654'3210).links(3).total(4096).data(2048).bytes());
+    const auto entry = only(buffer);
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->fileNumber, 0xFEDC'BA98'7654'3210U);
+    EXPECT_EQ(entry->links, 3U);
+    EXPECT_EQ(entry->allocated, 4096);
+    EXPECT_TRUE(entry->isComplete());
+}
+
+TEST(BulkAttributes, EachAttributeMayBeMissing)
+{
+    const auto pack = [](unsigned fields) {
+        Packed entry("any");
+        if (fields & 1U)
+            entry.type(regular);
+        if (fields & 2U)
+            entry.modified(11);
+        if (fields & 4U)
+            entry.finderFlags(0);
+        if (fields & 8U)
+            entry.number(12);
+        if (fields & 16U)
+            entry.links(13);
+        if (fields & 32U)
+            entry.total(14);
+        if (fields & 64U)
+            entry.data(15);
+        return entry.bytes();
+    };
+    for (unsigned fields = 0; fields < 128; ++fields) {
+        const Buffer buffer(pack(fields));
+        const auto entry = only(buffer);
+        ASSERT_TRUE(entry) << fields;
+        EXPECT_EQ(entry->name, "any");
+        EXPECT_EQ(entry->type.has_value(), (fields & 1U) != 0) << fields;
+        EXPECT_EQ(entry->modified.has_value(), (fields & 2U) != 0) << fields;
+        EXPECT_EQ(entry->fileNumber, fields & 8U ? 12U : 0U) << fields;
+        EXPECT_EQ(entry->links, fields & 16U ? 13U : 1U) << fields;
+        EXPECT_EQ(entry->allocated.value_or(0), fields & 32U ? 14 : fields & 64U ? 15 : 0) << fields;
+        EXPECT_EQ(entry->isComplete(), (fields & 1U) != 0 && (fields & 96U) != 0) << fields;
+    }
+}
+
+TEST(BulkAttributes, FolderIsCompleteWithoutASize)
+{
+    EXPECT_TRUE(only(Buffer(Packed("d").type(directory).bytes()))->isComplete());
+    EXPECT_FALSE(only(Buffer(Packed("d").error(13).type(directory).bytes()))->isComplete());
+}
+
+TEST(BulkAttributes, EntryWithFieldsThatWereNotAskedForIsNone)
+{
+    const std::string whole = Packed("name").type(regular).total(1).bytes();
+    constexpr std::size_t groups = 4; // where the five words lie that say what is there
+    for (const auto &[group, bit] : {std::pair{0U, 1U << 18}, {1U, 1U}, {2U, 4U}, {3U, 2U}, {4U, 1U}}) {
+        std::string bytes = whole;
+        std::uint32_t returned = 0;
+        std::memcpy(&returned, bytes.data() + groups + group * 4, sizeof returned);
+        returned |= bit;
+        std::memcpy(bytes.data() + groups + group * 4, &returned, sizeof returned);
+        EXPECT_FALSE(only(Buffer(bytes))) << group;
+    }
+    EXPECT_TRUE(only(Buffer(whole)));
+}
+
+TEST(BulkAttributes, NameMayEndWhereTheBufferEnds)
+{
+    // Three letters and a zero byte fill the last eight bytes: nothing pads the entry.
+    const std::string bytes = Packed("123").type(regular).total(1).bytes();
+    ASSERT_EQ(bytes.back(), '\0');
+    ASSERT_EQ(bytes[bytes.size() - 2], '3');
+    EXPECT_EQ(only(Buffer(bytes))->name, "123");
+}
+
+TEST(BulkAttributes, LengthThatNoEntryCanHaveIsNone)
+{
+    const std::string whole = Packed("name").type(regular).total(1).bytes();
+    for (const std::uint32_t length :
+         {0U, 1U, 4U, 23U, static_cast<std::uint32_t>(whole.size()) + 1, 0x8000'0000U, 0xFFFF'FFFFU}) {
+        std::string bytes = whole;
+        std::memcpy(bytes.data(), &length, sizeof length);
+        EXPECT_FALSE(only(Buffer(bytes))) << length;
+    }
 }
 
 TEST(BulkAttributes, DateBefore1970IsKept)

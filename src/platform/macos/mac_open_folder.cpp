@@ -21,6 +21,7 @@ namespace corvane {
 
 static_assert(BulkAttributes::name == ATTR_CMN_NAME && BulkAttributes::objectType == ATTR_CMN_OBJTYPE &&
               BulkAttributes::modificationTime == ATTR_CMN_MODTIME && BulkAttributes::finderInfo == ATTR_CMN_FNDRINFO &&
+              BulkAttributes::fileNumber == ATTR_CMN_FILEID && BulkAttributes::linkCount == ATTR_FILE_LINKCOUNT &&
               BulkAttributes::error == ATTR_CMN_ERROR &&
               BulkAttributes::returnedAttributes == ATTR_CMN_RETURNED_ATTRS &&
               BulkAttributes::totalAllocated == ATTR_FILE_ALLOCSIZE &&
@@ -61,6 +62,7 @@ MacOpenFolder::MacOpenFolder(FileDescriptor descriptor, PackageExtensionCache &p
         return;
     m_identity = {static_cast<std::uint64_t>(status.st_dev), status.st_ino};
     m_modified = modificationTime(status);
+    m_allocated = bytesOfBlocks(status.st_blocks, S_BLKSIZE).value_or(0);
 }
 
 Expected<void> MacOpenFolder::list(const EntrySink &sink)
@@ -93,21 +95,24 @@ int MacOpenFolder::listInBulk(const EntrySink &sink) const
             continue;
         if (count < 0)
             return hasListed && (errno == ENOTSUP || errno == EINVAL) ? EIO : errno; // nothing is listed twice
-        hasListed = true;
         for (std::span<const std::byte> bytes(buffer.get(), bulkSize); count > 0; --count) {
             const std::optional<BulkEntry> found = takeBulkEntry(bytes);
             if (!found)
-                return EIO;
+                return hasListed ? EIO : EINVAL;
+            hasListed = true;
             if (found->error == ENOENT)
                 continue;
-            DirectoryEntry entry{.name = found->name, .type = found->type};
-            if (found->type == EntryType::directory) {
-                entry.isPackage = found->hasBundleBit || m_packages.isPackageName(found->name);
-            } else if (found->type == EntryType::file && found->error == 0) {
-                entry.modified = found->modified.value_or(distantPast);
-                entry.allocated = found->allocated.value_or(0);
-                if (!found->allocated && !completeFromStatus(std::string(found->name), entry))
+            DirectoryEntry entry{.name = found->name, .type = found->type.value_or(EntryType::file)};
+            if (!found->isComplete()) {
+                if (!completeFromStatus(std::string(found->name), entry))
                     continue;
+            } else if (entry.type == EntryType::directory) {
+                entry.isPackage = found->hasBundleBit || m_packages.isPackageName(found->name);
+            } else if (entry.type == EntryType::file) {
+                entry.modified = found->modified.value_or(distantPast);
+                entry.allocated = *found->allocated;
+                entry.links = found->links;
+                entry.inode = found->fileNumber;
             }
             if (sink(entry) == Listing::stop)
                 return ECANCELED;
@@ -151,6 +156,9 @@ bool MacOpenFolder::completeFromStatus(const std::string &name, DirectoryEntry &
     } else if (S_ISLNK(status.st_mode)) {
         entry.type = EntryType::symbolicLink;
     } else {
+        entry.type = EntryType::file;
+        entry.links = status.st_nlink;
+        entry.inode = status.st_ino;
         entry.allocated = bytesOfBlocks(status.st_blocks, S_BLKSIZE).value_or(0);
         entry.modified = modificationTime(status);
     }

@@ -19,6 +19,7 @@ public:
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openParent() override;
     [[nodiscard]] FolderIdentity identity() const override { return m_identity; }
     [[nodiscard]] Time modified() const override { return m_modified; }
+    [[nodiscard]] std::int64_t allocated() const override { return m_allocated; }
     [[nodiscard]] int descriptor() const override { return m_descriptor.number(); }
 
 private:
@@ -32,6 +33,7 @@ private:
     PackageExtensionCache &m_packages;
     FolderIdentity m_identity;
     Time m_modified = distantPast;
+    std::int64_t m_allocated = 0;
 };
 
 } // namespace corvane
