@@ -68,12 +68,18 @@ TrashedItem arrivedItem(NSURL *url, FileSystem &files)
     return {std::move(*folder), name, facts ? facts->identity : ItemIdentity{}};
 }
 
-/// Whether the path still leads to the item that the open folder has under that name. The system takes the path alone.
-bool leadsTo(const std::string &path, HeldFolder &folder, const std::string &name, FileSystem &files)
+/// Fails unless the path still leads to the item that the open folder has under that name. The system takes the path
+/// alone, and would act on whatever lies there.
+Expected<void> checkWhatLiesAt(const char *operation, const std::string &path, HeldFolder &folder,
+                               const std::string &name, FileSystem &files)
 {
     const Expected<ItemFacts> held = folder.facts(name);
+    if (!held)
+        return tl::unexpected(held.error());
     const Expected<ItemFacts> there = files.facts(path);
-    return !held || (there && there->identity == held->identity);
+    if (there && there->identity == held->identity)
+        return {};
+    return tl::unexpected(replacedMeanwhile(operation, path));
 }
 
 } // namespace
@@ -86,8 +92,8 @@ Expected<TrashedItem> MacTrash::trashItem(HeldFolder &folder, const std::string 
         NSURL *url = fileUrl(path);
         if (url == nil)
             return failure(operation, path, EINVAL);
-        if (!leadsTo(path, folder, name, m_files))
-            return tl::unexpected(replacedMeanwhile(operation, path));
+        if (const auto same = checkWhatLiesAt(operation, path, folder, name, m_files); !same)
+            return tl::unexpected(same.error());
         NSError *error = nil;
         NSURL *arrivedAt = nil;
         if ([NSFileManager.defaultManager trashItemAtURL:url resultingItemURL:&arrivedAt error:&error])
@@ -104,8 +110,8 @@ Expected<TrashedItem> MacTrash::recycle(HeldFolder &folder, const std::string &n
         NSURL *url = fileUrl(path);
         if (url == nil)
             return failure(operation, path, EINVAL);
-        if (!leadsTo(path, folder, name, m_files))
-            return tl::unexpected(replacedMeanwhile(operation, path));
+        if (const auto same = checkWhatLiesAt(operation, path, folder, name, m_files); !same)
+            return tl::unexpected(same.error());
 
         // Filled in by the completion on the main thread, read here once that has been waited for.
         __block bool isMoved = false;
