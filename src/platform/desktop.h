@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,10 @@ public:
 
     /// Writes a line to the system's log.
     virtual void log(std::string_view message) = 0;
+
+    /// As long as the result lives, the system does not slow the program down while nobody sees its window; `reason` is
+    /// for its tools to show. Null where the system slows no program down, or does not let itself be asked.
+    [[nodiscard]] virtual std::shared_ptr<void> keepAtFullSpeed(std::string_view /*reason*/) { return nullptr; }
 
     /// Whether the user asked the system for less movement on the screen.
     [[nodiscard]] virtual bool prefersReducedMotion() = 0;

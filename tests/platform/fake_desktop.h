@@ -12,7 +12,8 @@ namespace corvane {
 
 /// Records what is asked of the desktop, and fails where the test says so. Main thread only, as the real ones.
 ///
-/// Recorded calls: "reveal P", "openUrl U", "activateApplication", "log M".
+/// Recorded calls: "reveal P", "openUrl U", "activateApplication", "log M", "keepAtFullSpeed R", and when that ends
+/// "slowDown R".
 class FakeDesktop final : public Desktop {
 public:
     explicit FakeDesktop(std::shared_ptr<CallLog> log = std::make_shared<CallLog>()) : m_log(std::move(log)) {}
@@ -41,6 +42,12 @@ public:
     {
         m_log->record("log " + std::string(message));
         m_logged.emplace_back(message);
+    }
+    [[nodiscard]] std::shared_ptr<void> keepAtFullSpeed(std::string_view reason) override
+    {
+        m_log->record("keepAtFullSpeed " + std::string(reason));
+        return {m_log.get(),
+                [log = m_log, reason = std::string(reason)](void *) { log->record("slowDown " + reason); }};
     }
     [[nodiscard]] bool prefersReducedMotion() override { return m_prefersReducedMotion; }
 

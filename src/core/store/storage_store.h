@@ -389,6 +389,7 @@ private:
     std::string m_lastScanPath;
     std::string m_folderToShow;                     // when the running scan ends; empty for its root
     std::vector<SelectedEntry> m_removedDuringScan; // the running walk may still have seen them
+    std::shared_ptr<void> m_fullSpeed;              // while a scan runs
     QTimer m_timer;
     QElapsedTimer m_scanStart;
     QElapsedTimer m_scanEnd;

@@ -53,6 +53,8 @@ void StorageStore::scan(const std::string &path)
         return result;
     });
     m_timer.start();
+    if (!m_fullSpeed)
+        m_fullSpeed = m_host.desktop.keepAtFullSpeed("Scanning a folder");
     setPhase(Phase::scanning);
 }
 
@@ -87,6 +89,8 @@ void StorageStore::setPhase(Phase phase)
     if (m_phase == phase)
         return;
     m_phase = phase;
+    if (m_phase != Phase::scanning)
+        m_fullSpeed.reset();
     emit phaseChanged();
 }
 

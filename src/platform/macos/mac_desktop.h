@@ -11,6 +11,7 @@ public:
     [[nodiscard]] Expected<void> openUrl(const std::string &url) override;
     void activateApplication() override;
     void log(std::string_view message) override;
+    [[nodiscard]] std::shared_ptr<void> keepAtFullSpeed(std::string_view reason) override;
     [[nodiscard]] bool prefersReducedMotion() override;
 };
 

@@ -64,6 +64,20 @@ void MacDesktop::log(std::string_view message)
     });
 }
 
+std::shared_ptr<void> MacDesktop::keepAtFullSpeed(std::string_view reason)
+{
+    return guardedAnswer(std::shared_ptr<void>(), [&] {
+        id activity = [NSProcessInfo.processInfo beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep
+                                                                   reason:displayText(reason)];
+        return std::shared_ptr<void>((__bridge_retained void *)activity, [](void *held) {
+            guardedAnswer(false, [&] {
+                [NSProcessInfo.processInfo endActivity:(__bridge_transfer id)held];
+                return true;
+            });
+        });
+    });
+}
+
 bool MacDesktop::prefersReducedMotion()
 {
     return guardedAnswer(

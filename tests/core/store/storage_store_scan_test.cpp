@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
@@ -7,6 +8,8 @@
 
 namespace corvane {
 namespace {
+
+using ::testing::ElementsAre;
 
 TEST_F(StorageStoreTest, NothingIsScannedUntilAsked)
 {
@@ -249,6 +252,36 @@ TEST_F(StorageStoreTest, AScanThatCouldNotGoOnShowsNothingAndSaysWhy)
     EXPECT_TRUE(store.toastIsWarning());
     EXPECT_EQ(store.toast(), "Can't scan u: too many files are open at once; close some programs, or raise the limit "
                              "(ulimit -n)");
+}
+
+TEST_F(StorageStoreTest, TheProgramKeepsItsFullSpeedUntilTheScanHasEnded)
+{
+    const auto speeds = [this] {
+        auto lines = fake.log->linesStartingWith("keepAtFullSpeed");
+        for (std::string &line : fake.log->linesStartingWith("slowDown"))
+            lines.push_back(std::move(line));
+        return lines;
+    };
+    EXPECT_THAT(speeds(), ElementsAre());
+    store.scan(at("Movies"));
+    EXPECT_THAT(speeds(), ElementsAre("keepAtFullSpeed Scanning a folder"));
+    store.scan(at("Projects")); // in place of the one that runs
+    EXPECT_THAT(speeds(), ElementsAre("keepAtFullSpeed Scanning a folder"));
+    ASSERT_TRUE(waitForReady());
+    EXPECT_THAT(speeds(), ElementsAre("keepAtFullSpeed Scanning a folder", "slowDown Scanning a folder"));
+}
+
+TEST_F(StorageStoreTest, AScanThatEndsWithNothingToShowGivesTheFullSpeedBack)
+{
+    Gate gate(*fake.log, "list " + at("Movies"));
+    store.scan(at("Movies"));
+    ASSERT_TRUE(gate.waitUntilReached());
+    fake.files.take(at("Movies"));
+    store.didRemove({{{at("Movies"), 5'000'000}}, {}}, false);
+    EXPECT_THAT(fake.log->linesStartingWith("slowDown"), ElementsAre());
+    gate.open();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::idle; }, patience));
+    EXPECT_THAT(fake.log->linesStartingWith("slowDown"), ElementsAre("slowDown Scanning a folder"));
 }
 
 TEST_F(StorageStoreTest, AFileIsNotScanned)
