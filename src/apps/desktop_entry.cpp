@@ -180,8 +180,8 @@ std::optional<DesktopEntry> DesktopEntry::parse(std::string_view path, std::stri
     std::string name = shortened(value("Name"));
     if (!id || value("Type") != "Application" || !isName(name))
         return std::nullopt;
-    for (const std::string &ending : localeEndings(locale)) {
-        if (std::string translated = shortened(value("Name" + ending)); isName(translated)) {
+    for (const std::string &suffix : localeEndings(locale)) {
+        if (std::string translated = shortened(value("Name" + suffix)); isName(translated)) {
             name = std::move(translated);
             break;
         }

@@ -78,7 +78,7 @@ void InstalledTree::take(std::span<const SelectedEntry> gone, std::vector<std::s
     for (const auto &[folder, nodes] : leaving) {
         const std::size_t first = left.size();
         std::ranges::copy_if(folder->children, std::back_inserter(left),
-                             [&nodes = nodes](const auto &child) { return nodes.contains(child.get()); });
+                             [&going = nodes](const auto &child) { return going.contains(child.get()); });
         for (std::size_t i = first; i < left.size(); ++i) {
             FileNode &node = *left[i];
             collectSubtree(node, taken);

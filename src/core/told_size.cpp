@@ -1,18 +1,45 @@
 #include "core/told_size.h"
 
-#include <charconv>
+#include <cmath>
 
 #include "core/foreign_sum.h"
 
 namespace corvane {
 
-std::optional<std::int64_t> toldSize(std::string_view text, int thousand)
+namespace {
+
+/// Takes a figure such as "12.5" off the front of the text; nothing where there is none. Its point is "." whatever the
+/// user's locale says. Not every standard library's from_chars reads figures with one.
+std::optional<double> takeFigure(std::string_view &text)
 {
     double figure = 0;
-    const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), figure);
-    if (failure != std::errc{} || !(figure >= 0))
+    double scale = 1;
+    bool hasDigit = false;
+    bool hasPoint = false;
+    while (!text.empty()) {
+        const char each = text.front();
+        if (each >= '0' && each <= '9') {
+            hasDigit = true;
+            figure = figure * 10 + (each - '0');
+            scale *= hasPoint ? 10 : 1;
+        } else if (each == '.' && !hasPoint) {
+            hasPoint = true;
+        } else {
+            break;
+        }
+        text.remove_prefix(1);
+    }
+    return hasDigit ? std::optional(figure / scale) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<std::int64_t> toldSize(std::string_view text, int thousand)
+{
+    const std::optional<double> told = takeFigure(text);
+    if (!told || std::isnan(*told)) // with digits without end, the scale grows as large as the figure
         return std::nullopt;
-    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    double figure = *told;
     for (const std::string_view blank : {" ", "\xC2\xA0"}) { // the second does not break the line
         if (text.starts_with(blank))
             text.remove_prefix(blank.size());

@@ -1,5 +1,7 @@
 #include "core/told_size.h"
 
+#include <string>
+
 #include <gtest/gtest.h>
 
 namespace corvane {
@@ -14,6 +16,22 @@ TEST(ToldSize, UnitsAreThoseOfTheTool)
     EXPECT_EQ(toldSize("12 bytes", 1'000), 12);
     EXPECT_EQ(toldSize("1.5 MB", 1'000), 1'500'000);
     EXPECT_EQ(toldSize("1.5\xC2\xA0GB", 1'000), 1'500'000'000);
+}
+
+TEST(ToldSize, FiguresAreReadToTheirLastDigit)
+{
+    EXPECT_EQ(toldSize("0.1K", 1'000), 100);
+    EXPECT_EQ(toldSize("4.35G", 1'000), 4'350'000'000);
+    EXPECT_EQ(toldSize("999.999999999G", 1'000), 999'999'999'999);
+    EXPECT_EQ(toldSize(".5K", 1'000), 500);
+    EXPECT_EQ(toldSize("5.K", 1'000), 5'000);
+    EXPECT_EQ(toldSize("1.2.3K", 1'000), std::nullopt);
+}
+
+TEST(ToldSize, FigureOfMoreDigitsThanOneCanHoldIsNone)
+{
+    EXPECT_EQ(toldSize(std::string(400, '9') + "K", 1'000), std::nullopt);
+    EXPECT_EQ(toldSize("." + std::string(400, '9') + "K", 1'000), std::nullopt);
 }
 
 TEST(ToldSize, WhatIsNoSizeIsNone)

@@ -46,6 +46,7 @@ public:
 
     [[nodiscard]] const QString &search() const { return m_search; }
     void setSearch(const QString &search);
+    using RowListModel::sort;
     [[nodiscard]] int sort() const;
     void setSort(int sort);
     [[nodiscard]] QList<QString> sorts() const;

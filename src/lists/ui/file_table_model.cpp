@@ -182,9 +182,10 @@ void FileTableModel::press(int row, int modifiers, bool forMenu)
     const FileNode *const file = fileAt(row);
     if (!file || (forMenu && m_highlighted.contains(file)))
         return;
-    if (!forMenu && (modifiers & Qt::ShiftModifier) != 0) {
+    const auto keys = Qt::KeyboardModifiers::fromInt(modifiers);
+    if (!forMenu && keys.testFlag(Qt::ShiftModifier)) {
         extendTo(row);
-    } else if (!forMenu && (modifiers & Qt::ControlModifier) != 0) {
+    } else if (!forMenu && keys.testFlag(Qt::ControlModifier)) {
         std::unordered_set<const FileNode *> files = m_highlighted;
         if (files.erase(file) == 0)
             files.insert(file);

@@ -52,6 +52,7 @@ public:
     void setRows(std::shared_ptr<const ListedFiles> files, std::vector<const FileNode *> rows);
     [[nodiscard]] const std::vector<const FileNode *> &rows() const { return m_rows; }
 
+    using RowListModel::sort;
     [[nodiscard]] FileSort sort() const { return m_sort; }
     [[nodiscard]] int sortColumn() const { return static_cast<int>(m_sort.column); }
     [[nodiscard]] bool sortDescending() const { return m_sort.descending; }

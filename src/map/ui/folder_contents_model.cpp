@@ -147,10 +147,10 @@ QVariant FolderContentsModel::data(const QModelIndex &index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const FileNode *node = nodeAt(index.row());
-    return node ? itemData(*node, index.row(), role) : smallFilesData(role);
+    return node ? nodeData(*node, index.row(), role) : smallFilesData(role);
 }
 
-QVariant FolderContentsModel::itemData(const FileNode &node, int row, int role) const
+QVariant FolderContentsModel::nodeData(const FileNode &node, int row, int role) const
 {
     switch (role) {
     case Qt::DisplayRole:

@@ -81,7 +81,7 @@ private:
     [[nodiscard]] FolderSelection readSelection() const;
 
     [[nodiscard]] const FileNode *nodeAt(int row) const;
-    [[nodiscard]] QVariant itemData(const FileNode &node, int row, int role) const;
+    [[nodiscard]] QVariant nodeData(const FileNode &node, int row, int role) const;
     [[nodiscard]] QVariant smallFilesData(int role) const;
     [[nodiscard]] SelectionRefusal refusal(const FileNode &node) const;
     [[nodiscard]] int rowOf(std::string_view name);
