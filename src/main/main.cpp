@@ -13,6 +13,7 @@
 #include "core/words/display_text.h"
 #include "main/command_line.h"
 #include "main/corvane_app.h"
+#include "main/folder_opener.h"
 #include "main/start_environment.h"
 #include "platform/crash_handler.h"
 #include "platform/host.h"
@@ -92,5 +93,7 @@ int main(int argc, char **argv)
         program.store().showToast(*refusedHome, true);
     if (!folder.empty())
         program.store().scan(folder);
+    corvane::FolderOpener opener(program.store());
+    QCoreApplication::instance()->installEventFilter(&opener);
     return QGuiApplication::exec();
 }
