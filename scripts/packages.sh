@@ -24,7 +24,7 @@ packages_for() {
     Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck desktop-file-utils appstream ;;
     Linux/bench) echo hyperfine ncdu gdu rmlint jdupes rdfind fdupes ;;
     Linux/fuzz) echo clang-19 libclang-rt-19-dev ;;
-    Linux/macos-check) echo clang-19 libc++-19-dev ;;
+    Linux/macos-check) echo clang-19 libc++-19-dev lld-19 binutils ;;
     Linux/package) echo file dpkg-dev ;;
     Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist openssl@3 utf8proc cli11 nlohmann-json ;;
     Darwin/ui) echo qt ;;

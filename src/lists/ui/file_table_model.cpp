@@ -182,7 +182,7 @@ void FileTableModel::press(int row, int modifiers, bool forMenu)
     const FileNode *const file = fileAt(row);
     if (!file || (forMenu && m_highlighted.contains(file)))
         return;
-    const auto keys = Qt::KeyboardModifiers::fromInt(modifiers);
+    const Qt::KeyboardModifiers keys(QFlag{modifiers});
     if (!forMenu && keys.testFlag(Qt::ShiftModifier)) {
         extendTo(row);
     } else if (!forMenu && keys.testFlag(Qt::ControlModifier)) {

@@ -46,7 +46,7 @@ void PageScroller::followFocus()
 
 bool PageScroller::scroll(int key, int modifiers)
 {
-    if (!m_page || Qt::KeyboardModifiers::fromInt(modifiers).setFlag(Qt::KeypadModifier, false) != Qt::NoModifier)
+    if (!m_page || Qt::KeyboardModifiers(QFlag(modifiers)).setFlag(Qt::KeypadModifier, false) != Qt::NoModifier)
         return false;
     const qreal top = m_page->property("contentY").toReal();
     switch (key) {
