@@ -43,7 +43,7 @@ COMMANDS = {
         "for program in build/dev/bin/corvane_journeys; do "
         "[ ! -x $program ] || QT_QPA_PLATFORM=offscreen $program --gtest_brief=1 --gtest_filter='Overview*'; done"]),
     "lint": ("build ui window test lint", [
-        configure("dev"), has_programs("shellcheck", "desktop-file-validate", "appstreamcli", "python3"),
+        configure("dev"), has_programs("shellcheck", "yamllint", "desktop-file-validate", "appstreamcli", "python3"),
         '. scripts/sources.sh; command -v "$(llvm_tool clang-format)" && command -v "$(llvm_tool clang-tidy)"']),
     "bench": ("build bench", [configure("bench"), has_programs("hyperfine", "ncdu", "gdu")]),
     "bench publish": ("build bench ui", [configure("bench-window")]),

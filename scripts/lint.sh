@@ -88,6 +88,7 @@ if is_wanted_llvm clang-format "the layout is not checked"; then
     check clang-format formatting
 fi
 check shellcheck shell_check
+check yamllint yamllint --strict .github .yamllint
 check layers python3 scripts/layers.py
 [[ $(uname -s) == Linux ]] && check desktop-files desktop_files
 check_aloud build built

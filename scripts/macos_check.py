@@ -33,8 +33,7 @@ DEFINITIONS = ['CORVANE_VERSION="0.0.0"', 'CORVANE_BUILD="0"', 'CORVANE_APP_ID="
 LIBRARY_HEADERS = ["tl", "fmt", "CLI", "nlohmann", "openssl", "plist", "utf8proc.h"]
 # Folders whose sources make up corvane-cli; what uses Qt lies in others.
 WITHOUT_QT = re.compile(r"^src/(platform|core(?!/store)|map|cleanup|apps|duplicates|disk|cli)/(?!ui/)")
-# Foundation hands the symbols of CoreFoundation on, but by a path that an SDK folder need not have.
-FRAMEWORKS = ["AppKit", "CoreFoundation", "CoreServices", "Foundation"]
+FRAMEWORKS = ["AppKit", "CoreServices", "Foundation"]
 # Libraries that a Mac has, or gets from Homebrew, and whose link stubs an SDK folder may lack: this machine's exported
 # names stand in for them.
 STAND_INS = {"c++": ["libc++.so.1", "libc++abi.so.1"], "plist": ["libplist-2.0.so"], "utf8proc": ["libutf8proc.so"],
@@ -79,10 +78,10 @@ def link_library_headers():
     return folders
 
 
-def flags_for(sdk, sparkle):
+def flags_for(sdk):
     flags = ["-target", "arm64-apple-macos13", "-std=c++20", "-fblocks", "-nostdlibinc", "-nostdinc++", "-O0",
              *WARNINGS, f"-I{ROOT}/src", "-isystem", LIBCXX, "-isystem", f"{sdk}/include",
-             "-iframework", f"{sdk}/Frameworks", "-isystem", str(sparkle)]
+             "-iframework", f"{sdk}/Frameworks"]
     for folder in [*link_library_headers(), *qt_headers()]:
         flags += ["-isystem", str(folder)]
     return flags + [f"-D{definition}" for definition in DEFINITIONS]
@@ -92,18 +91,20 @@ def object_of(source):
     return str(source).replace("/", "-") + ".o"
 
 
-def write_ninja(sources, headers_with_objects, flags):
+def write_ninja(sources, headers_with_objects, flags, sparkle):
     """One rule a language; the objects carry their sources' paths, so that two of one name do not meet."""
     launcher = ["ccache"] if shutil.which("ccache") else []
     compiler = shlex.join([*launcher, CLANG, *flags])
     lines = ["ninja_required_version = 1.10",
              "rule cpp", f"  command = {compiler} -MMD -MF $out.d -c $in -o $out", "  depfile = $out.d", "  deps = gcc",
              "  description = $in",
-             "rule mm", f"  command = {compiler} -fobjc-arc -MMD -MF $out.d -c $in -o $out", "  depfile = $out.d",
+             "rule mm", f"  command = {compiler} -fobjc-arc $more -MMD -MF $out.d -c $in -o $out", "  depfile = $out.d",
              "  deps = gcc", "  description = $in",
              "rule moc", f"  command = {moc()} -DQ_OS_MACOS -I{ROOT}/src $in -o $out", "  description = moc $in"]
     for source in sources:
         lines.append(f"build {object_of(source)}: {source.suffix[1:]} {ROOT / source}")
+        if "<Sparkle/" in (ROOT / source).read_text():
+            lines.append(f"  more = -isystem {sparkle}")
     for header in headers_with_objects:
         made = "moc-" + str(header).replace("/", "-") + ".cpp"
         lines += [f"build {made}: moc {ROOT / header}", f"build {made}.o: cpp {made}"]
@@ -146,12 +147,26 @@ def write_stub(name, symbols):
         f"exports:\n  - targets: [ arm64-macos ]\n    symbols: [ {listed} ]\n...\n")
 
 
+def make_root(sdk):
+    """Makes the SDK's link stubs a root folder, in which each lies under the path that others know it by."""
+    folder = BUILD / "root"
+    shutil.rmtree(folder, ignore_errors=True)
+    for stub in sorted((sdk / "Frameworks").rglob("*.tbd")) + sorted((sdk / "lib").glob("*.tbd")):
+        name = re.search(r"^install-name:\s*'?([^'\n]+)'?$", stub.read_text(), re.M)
+        if name:
+            path = folder / (name[1].lstrip("/").removesuffix(".dylib") + ".tbd")
+            path.parent.mkdir(parents=True, exist_ok=True)
+            if not path.is_symlink():
+                path.symlink_to(stub)
+    return folder
+
+
 def link_command(sdk, sources, libraries):
     objects = [object_of(source) for source in sources if WITHOUT_QT.match(str(source))]
     (BUILD / "objects.txt").write_text("\n".join(objects) + "\n")
     frameworks = [word for name in FRAMEWORKS for word in ("-framework", name)]
     return [LINKER, "-arch", "arm64", "-platform_version", "macos", "13.0", "13.0", "--error-limit=0",
-            "-F", f"{sdk}/Frameworks", "-L", f"{sdk}/lib", "-L", str(BUILD), "-filelist", "objects.txt", *frameworks,
+            "-syslibroot", str(BUILD / "root"), "-F", f"{sdk}/Frameworks", "-L", f"{sdk}/lib", "-L", str(BUILD), "-filelist", "objects.txt", *frameworks,
             "-lobjc", *[f"-l{name}" for name in libraries], "-o", "corvane-cli"]
 
 
@@ -161,6 +176,7 @@ def link(sdk, sources):
     if not all(os.path.exists(stub) for stub in stubs):
         print("macos-check: the SDK folder holds no link stubs, so nothing is linked")
         return True
+    make_root(sdk)
     for name in [*STAND_INS, "System"]:
         (BUILD / f"lib{name}.tbd").unlink(missing_ok=True)
     of_sdk = [name for name in ("System", "c++") if os.path.exists(f"{sdk}/lib/lib{name}.tbd")]
@@ -214,7 +230,7 @@ def main():
     for stale in BUILD.glob("*.o"):
         if (stale.stem not in {object_of(source)[:-2] for source in sources} and not stale.name.startswith("moc-")):
             stale.unlink()
-    write_ninja(sources, headers, flags_for(sdk, sparkle))
+    write_ninja(sources, headers, flags_for(sdk), sparkle)
     good = compile_all(sources)
     good = good and link(sdk, sources)
     sys.exit(0 if good and not left_out else 1)

@@ -21,7 +21,7 @@ packages_for() {
     Linux/window) echo qt6-wayland fonts-noto-color-emoji ;;
     Linux/test) echo ccache libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
     Linux/npm) echo nodejs npm ;;
-    Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck desktop-file-utils appstream ;;
+    Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck yamllint desktop-file-utils appstream ;;
     Linux/bench) echo hyperfine ncdu gdu rmlint jdupes rdfind fdupes ;;
     Linux/fuzz) echo clang-19 libclang-rt-19-dev ;;
     Linux/macos-check) echo clang-19 libc++-19-dev lld-19 binutils ;;
@@ -30,7 +30,7 @@ packages_for() {
     Darwin/ui) echo qt ;;
     Darwin/test) echo ccache googletest ;;
     Darwin/npm) echo node ;;
-    Darwin/lint) echo llvm shellcheck ;;
+    Darwin/lint) echo llvm shellcheck yamllint ;;
     Darwin/fuzz) echo llvm ;;
     Darwin/bench) echo hyperfine ncdu gdu ;;
     Darwin/*) ;;

@@ -3,6 +3,7 @@ import hashlib
 import os
 import pathlib
 import plistlib
+import re
 import struct
 import subprocess
 import sys
@@ -57,6 +58,20 @@ class Entitlements(unittest.TestCase):
     def test_are_those_that_the_program_cannot_do_without(self):
         entitlements = plistlib.loads((FOLDER / "Corvane.entitlements").read_bytes())
         self.assertEqual(entitlements, {"com.apple.security.automation.apple-events": True})
+
+
+class WhatPeopleAreTold(unittest.TestCase):
+    guide = (ROOT / "docs" / "macos.md").read_text()
+
+    def test_names_every_source_that_only_a_mac_compiles(self):
+        sources = [path.relative_to(ROOT) for path in (ROOT / "src").rglob("macos/*") if path.suffix in (".cpp", ".mm")]
+        self.assertGreater(len(sources), 20)
+        self.assertEqual([str(path) for path in sources if f"`{path}`" not in self.guide], [])
+
+    def test_has_at_most_forty_steps_in_order(self):
+        steps = [int(number) for number in re.findall(r"^(\d+)\. ", self.guide, re.M)]
+        self.assertEqual(steps, list(range(1, len(steps) + 1)))
+        self.assertLessEqual(len(steps), 40)
 
 
 def png(width, height=None):

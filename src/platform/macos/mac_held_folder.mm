@@ -10,6 +10,7 @@
 #include "platform/macos/foundation_bridge.h"
 #include "platform/macos/mac_open_folder.h"
 #include "platform/path.h"
+#include "platform/posix/interrupted_call.h"
 #include "platform/posix/item_at.h"
 #include "platform/posix/item_removal.h"
 
@@ -59,7 +60,8 @@ Expected<std::unique_ptr<HeldFolder>> MacHeldFolder::hold(const std::string &pat
         const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), std::free);
         if (!real)
             return failure("resolve", path, errno);
-        FileDescriptor folder(::open(real.get(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW_ANY | O_CLOEXEC));
+        FileDescriptor folder(
+            uninterrupted([&] { return ::open(real.get(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW_ANY | O_CLOEXEC); }));
         if (folder.isOpen())
             return std::make_unique<MacHeldFolder>(std::move(folder), real.get(), packages);
         if (attempt == attempts)

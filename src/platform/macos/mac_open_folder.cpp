@@ -16,6 +16,7 @@
 
 #include "platform/block_count.h"
 #include "platform/bulk_attributes.h"
+#include "platform/posix/interrupted_call.h"
 
 namespace corvane {
 
@@ -48,7 +49,8 @@ Time modificationTime(const struct stat &status)
 Expected<std::unique_ptr<OpenFolder>> MacOpenFolder::open(int base, const std::string &name, int flags,
                                                           PackageExtensionCache &packages)
 {
-    FileDescriptor descriptor(::openat(base, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | flags));
+    FileDescriptor descriptor(
+        uninterrupted([&] { return ::openat(base, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | flags); }));
     if (!descriptor.isOpen())
         return failure("open", name, errno);
     return std::unique_ptr<OpenFolder>(new MacOpenFolder(std::move(descriptor), packages));
