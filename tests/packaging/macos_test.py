@@ -35,6 +35,13 @@ class PropertyList(unittest.TestCase):
         self.assertEqual(self.values["NSPrincipalClass"], "NSApplication")
         self.assertIs(self.values["NSHighResolutionCapable"], True)
 
+    def test_names_the_domain_that_qt_keeps_the_settings_in(self):
+        source = (ROOT / "src" / "main" / "main.cpp").read_text()
+        names = {what: re.search(rf'set{what}\(QStringLiteral\("([^"]+)"\)\)', source)[1]
+                 for what in ("OrganizationDomain", "ApplicationName")}
+        domain = ".".join([*reversed(names["OrganizationDomain"].split(".")), names["ApplicationName"]])
+        self.assertEqual(domain, self.values["CFBundleIdentifier"])
+
     def test_says_on_what_the_program_runs(self):
         self.assertEqual(self.values["LSMinimumSystemVersion"], "13.0")
 

@@ -15,7 +15,7 @@ namespace {
 NSArray<NSRunningApplication *> *applications(const std::string &bundleID)
 {
     NSString *identifier = [NSString stringWithUTF8String:bundleID.c_str()];
-    if (identifier == nil)
+    if (identifier.length == 0)
         return @[];
     NSMutableArray<NSRunningApplication *> *running = [NSMutableArray array];
     for (NSRunningApplication *application in
