@@ -1,29 +1,54 @@
-// Deleting a folder for good, as the window and the command line do: bench_remove FOLDER
+// Removing, as the window and the command line do it, in one table beside its goals: bench_remove ROUNDS FOLDER
 //
-//   bench_remove make files|levels COUNT FOLDER   makes a folder of so many files, a thousand to a folder, or of so
-//   many
-//                                                 levels, one inside the other
+//   to the Trash       100,000 separate files of 100 folders in one request, as who selects all of a long list asks
+//   for;
+//                      what was selected has been looked at before
+//   detach             taking 20,000 files of one folder, 1 of 5, out of the tree of a finished scan and out of its
+//   lists deleting for good  folders of 1,000,000 files, a thousand to a folder, and of 5,000 and 100,000 levels, one
+//   inside the
+//                      other, beside "rm -rf" of the same, in turn
+//
+// FOLDER is made, and removed at the end. The Trash is that of a home in it. Figures are medians; every run has a
+// process and files of its own. The big ones have three rounds at most. The Trash comes first, and nothing is deleted
+// until then.
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <thread>
+#include <vector>
 
 #include <fcntl.h>
+#include <spawn.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <fmt/format.h>
 
-#include "platform/held_folder.h"
+#include "cleanup/dev_junk_rule.h"
+#include "core/installed_tree.h"
+#include "core/removal.h"
+#include "core/scanner.h"
+#include "median.h"
 #include "platform/host.h"
 #include "platform/path.h"
 
+extern char **environ;
+
 namespace {
+
+using namespace corvane;
 
 void check(bool succeeded, const std::string &path)
 {
@@ -31,22 +56,53 @@ void check(bool succeeded, const std::string &path)
         throw std::system_error(errno, std::generic_category(), path);
 }
 
+template <typename Work>
+double secondsOf(const Work &work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+constexpr std::size_t filesInFolder = 1'000;
+
+std::string nameOfFile(std::size_t number)
+{
+    return fmt::format("file {}.txt", number);
+}
+
+std::string pathOfFile(const std::string &top, std::size_t number)
+{
+    return fmt::format("{}/{}/{}", top, number / filesInFolder, nameOfFile(number));
+}
+
+/// Empty files, a thousand to a folder.
 void makeFiles(std::size_t count, const std::string &top)
 {
-    constexpr std::size_t filesInFolder = 1'000;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::string folder = fmt::format("{}/{}", top, i / filesInFolder);
-        if (i % filesInFolder == 0)
-            check(::mkdir(folder.c_str(), 0755) == 0, folder);
-        const std::string path = fmt::format("{}/file {}.txt", folder, i);
-        const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
-        check(file >= 0, path);
-        ::close(file);
-    }
+    const std::size_t folders = (count + filesInFolder - 1) / filesInFolder;
+    check(::mkdir(top.c_str(), 0755) == 0, top);
+    const auto makeEvery = [&](std::size_t first, std::size_t step) {
+        for (std::size_t folder = first; folder < folders; folder += step) {
+            const std::string path = fmt::format("{}/{}", top, folder);
+            check(::mkdir(path.c_str(), 0755) == 0, path);
+            const int parent = ::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+            check(parent >= 0, path);
+            for (std::size_t i = folder * filesInFolder; i < std::min(count, (folder + 1) * filesInFolder); ++i)
+                check(::mknodat(parent, nameOfFile(i).c_str(), S_IFREG | 0644, 0) == 0, path);
+            ::close(parent);
+        }
+    };
+    const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < cores; ++i)
+        threads.emplace_back(makeEvery, i, cores);
+    for (std::thread &thread : threads)
+        thread.join();
 }
 
 void makeLevels(std::size_t count, const std::string &top)
 {
+    check(::mkdir(top.c_str(), 0755) == 0, top);
     int folder = ::open(top.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     for (std::size_t i = 0; i < count; ++i) {
         check(::mkdirat(folder, "level", 0755) == 0, top);
@@ -58,21 +114,13 @@ void makeLevels(std::size_t count, const std::string &top)
     ::close(folder);
 }
 
-void make(std::string_view shape, std::string_view countText, const std::string &top)
-{
-    std::size_t count = 0;
-    std::from_chars(countText.data(), countText.data() + countText.size(), count);
-    check(::mkdir(top.c_str(), 0755) == 0, top);
-    shape == "levels" ? makeLevels(count, top) : makeFiles(count, top);
-}
-
 void eraseForGood(const std::string &path)
 {
-    const auto failure = [](const corvane::Error &error) { return std::runtime_error(error.description()); };
-    const auto folder = corvane::systemHost().files.holdFolder(std::string(corvane::containingFolder(path)));
+    const auto failure = [](const Error &error) { return std::runtime_error(error.description()); };
+    const auto folder = systemHost().files.holdFolder(std::string(containingFolder(path)));
     if (!folder)
         throw failure(folder.error());
-    const std::string name(corvane::lastPathComponent(path));
+    const std::string name(lastPathComponent(path));
     const auto facts = (*folder)->facts(name);
     if (!facts)
         throw failure(facts.error());
@@ -80,16 +128,161 @@ void eraseForGood(const std::string &path)
         throw failure(removed.error());
 }
 
+void removeWithSystemTool(const std::string &path)
+{
+    const char *const arguments[] = {"rm", "-rf", path.c_str(), nullptr};
+    pid_t child = 0;
+    int status = 0;
+    const int code = ::posix_spawnp(&child, "rm", nullptr, nullptr, const_cast<char *const *>(arguments), environ);
+    if (code != 0 || ::waitpid(child, &status, 0) != child || status != 0)
+        throw std::runtime_error("rm -rf failed");
+}
+
+/// Has a child process do the work, and answers what it measured.
+double inChild(const std::function<double()> &work)
+{
+    int ends[2];
+    check(::pipe(ends) == 0, "pipe");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        double seconds = -1;
+        try {
+            seconds = work();
+        } catch (const std::exception &error) {
+            fmt::print(stderr, "bench_remove: {}\n", error.what());
+        }
+        const bool isTold = ::write(ends[1], &seconds, sizeof seconds) == sizeof seconds;
+        ::_exit(isTold ? EXIT_SUCCESS : EXIT_FAILURE);
+    }
+    ::close(ends[1]);
+    double seconds = -1;
+    const bool isTold = ::read(ends[0], &seconds, sizeof seconds) == sizeof seconds;
+    ::close(ends[0]);
+    ::waitpid(child, nullptr, 0);
+    if (!isTold || seconds < 0)
+        throw std::runtime_error("a run failed");
+    return seconds;
+}
+
+constexpr std::size_t itemsToTrash = 100'000;
+constexpr std::size_t nodesToDetach = 20'000;
+
+/// The seconds for one item of a request that moves them all to the Trash of `home`, which is made.
+double secondsPerTrashedItem(const std::string &home)
+{
+    check(::mkdir(home.c_str(), 0755) == 0, home);
+    check(::setenv("HOME", home.c_str(), 1) == 0, home);
+    check(::setenv("XDG_DATA_HOME", (home + "/data").c_str(), 1) == 0, home);
+    const Host &host = systemHost();
+    const std::vector<std::string> trashFolders = host.trash.trashFolders();
+    if (std::ranges::find(trashFolders, home + "/data/Trash") == trashFolders.end())
+        throw std::runtime_error("the Trash of this system cannot be another one than the user's");
+
+    const std::string items = home + "/items";
+    makeFiles(itemsToTrash, items);
+    Selection selection;
+    for (std::size_t i = 0; i < itemsToTrash; ++i)
+        selection.emplace(pathOfFile(items, i), 0);
+    const ProtectedLocations &locations = PathGuard::locations();
+    const SeenItems seen = Removal::look(selectedEntries(selection), locations, host);
+    const double seconds = secondsOf([&] {
+        const auto steps = Removal::plan(selection, false, locations, trashFolders, seen);
+        const RemovalOutcome outcome = Removal::perform(steps, locations, host);
+        if (outcome.removed.size() != itemsToTrash)
+            throw std::runtime_error(Removal::logText(outcome));
+    });
+    return seconds / static_cast<double>(itemsToTrash);
+}
+
+double secondsToDetach()
+{
+    FileSystem &files = systemHost().files;
+    const auto root = std::make_shared<FileNode>("/home/user", FileNode::Kind::directory);
+    const auto folder = std::make_shared<FileNode>(root->pathForChildren(), "films", FileNode::Kind::directory, root);
+    root->children.push_back(folder);
+    const FolderPath inside = folder->pathForChildren();
+    std::vector<SelectedEntry> gone;
+    constexpr std::size_t stays = 5; // of so many one goes
+    for (std::size_t i = 0; i < stays * nodesToDetach; ++i) {
+        const auto file = std::make_shared<FileNode>(inside, fmt::format("{}.mp4", i), FileNode::Kind::file, folder);
+        file->size = static_cast<std::int64_t>(stays * nodesToDetach - i) + Scanner::smallFileLimit;
+        folder->size += file->size;
+        folder->fileCount += 1;
+        folder->children.push_back(file);
+        if (i % stays == 0)
+            gone.push_back({file->path(), file->size});
+    }
+    root->size = folder->size;
+    root->fileCount = folder->fileCount;
+    InstalledTree tree(root, ScanSummary::make(root, DevJunkRule::match, files), ScanSummary::types(*root), {});
+    std::vector<std::shared_ptr<FileNode>> left;
+    const double seconds = secondsOf([&] { left = tree.update(gone, {}, DevJunkRule::match, files); });
+    if (left.size() != nodesToDetach)
+        throw std::runtime_error("not all of the nodes have left the tree");
+    return seconds;
+}
+
+double medianOf(int rounds, const std::function<double(int)> &run)
+{
+    std::vector<double> seconds;
+    for (int round = 0; round < rounds; ++round)
+        seconds.push_back(inChild([&] { return run(round); }));
+    return median(seconds);
+}
+
+void printRow(std::string_view what, const std::string &figure, const std::string &peer, const std::string &goal)
+{
+    fmt::print("  {:<34} {:>12} {:>12}   {}\n", what, figure, peer, goal);
+    std::fflush(stdout);
+}
+
+/// All of them are made before the first is deleted: ext4 looks, for each new item, past the places of all that were
+/// deleted in the last minutes.
+void raceWithSystemTool(int rounds, const std::string &what, const std::string &folder,
+                        const std::function<void(const std::string &)> &makeOne)
+{
+    const auto path = [&](int number) { return fmt::format("{}/removed{}", folder, number); };
+    for (int i = 0; i < 2 * rounds; ++i)
+        makeOne(path(i));
+    std::vector<double> own;
+    std::vector<double> peer;
+    for (int i = 0; i < 2 * rounds; i += 2) {
+        own.push_back(inChild([&] { return secondsOf([&] { eraseForGood(path(i)); }); }));
+        peer.push_back(secondsOf([&] { removeWithSystemTool(path(i + 1)); }));
+    }
+    printRow(what, fmt::format("{:.3f} s", median(own)), fmt::format("{:.3f} s", median(peer)),
+             fmt::format("{:.2f} x (goal: at most 1.10)", median(own) / median(peer)));
+}
+
+void run(int rounds, const std::string &folder)
+{
+    const int roundsOfBig = std::min(rounds, 3);
+    check(::mkdir(folder.c_str(), 0700) == 0, folder);
+    printRow("", "here", "rm -rf", "");
+    const double item = medianOf(
+        roundsOfBig, [&](int round) { return secondsPerTrashedItem(fmt::format("{}/home{}", folder, round)); });
+    printRow("100,000 items to the Trash", fmt::format("{:.1f} us each", item * 1e6), "-", "(goal: at most 60)");
+    const double detached = medianOf(rounds, [](int) { return secondsToDetach(); });
+    printRow("detach 20,000 of one folder", fmt::format("{:.1f} ms", detached * 1e3), "-", "(goal: under 100)");
+
+    const auto levels = [](std::size_t count) { return [=](const std::string &path) { makeLevels(count, path); }; };
+    raceWithSystemTool(rounds, "5,000 levels", folder, levels(5'000));
+    raceWithSystemTool(roundsOfBig, "100,000 levels", folder, levels(100'000));
+    raceWithSystemTool(roundsOfBig, "1,000,000 files", folder,
+                       [](const std::string &path) { makeFiles(1'000'000, path); });
+    removeWithSystemTool(folder);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 try {
-    if (argc == 5 && std::string_view(argv[1]) == "make")
-        make(argv[2], argv[3], argv[4]);
-    else if (argc == 2)
-        eraseForGood(argv[1]);
-    else
-        throw std::invalid_argument("usage: bench_remove FOLDER, or: bench_remove make files|levels COUNT FOLDER");
+    int rounds = 0;
+    if (argc == 3)
+        std::from_chars(argv[1], argv[1] + std::string_view(argv[1]).size(), rounds);
+    if (rounds < 1)
+        throw std::invalid_argument("usage: bench_remove ROUNDS FOLDER");
+    run(rounds, argv[2]);
     return EXIT_SUCCESS;
 } catch (const std::exception &error) {
     fmt::print(stderr, "bench_remove: {}\n", error.what());

@@ -3,7 +3,7 @@
 # [--remove]. On a busy machine, "chrt -f 1 ./dev bench …" as root lets nothing else come in between.
 #   scan        scanning three generated folders of 400,000 files
 #   measure     measuring two of them, one and both at once, as the breakdown and the cleanup catalogue do
-#   remove      deleting folders of 1,000,000 files and of 5,000 and 100,000 levels for good
+#   remove      moving 100,000 files to the Trash, and deleting folders of 1,000,000 files, 5,000 and 100,000 levels
 #   summary     what recognising build folders adds to the summary of 1,000,000 files
 #   apps        finding what belongs to 400 applications among 60,000 items of the Library
 #   duplicates  finding duplicates among 3 GB of files
@@ -160,18 +160,11 @@ measure() {
     echo
 }
 
-# Each run removes a folder that was made just before.
 remove() {
-    local folder=$cache/removed quoted shape
-    quoted=$(printf %q "$folder")
     mkdir -p "$cache"
-    for shape in 'files 1000000' 'levels 5000' 'levels 100000'; do
-        rm -rf "$folder"
-        echo "remove: a folder of ${shape#* } ${shape% *}"
-        ./bench_race --rounds "$rounds" --before "./bench_remove make $shape $quoted" --at-most 'rm -rf' 1.1 \
-            removeItem "./bench_remove $quoted" 'rm -rf' "rm -rf $quoted"
-        echo
-    done
+    rm -rf "$cache/removed" # of a run that was ended
+    ./bench_remove "$rounds" "$cache/removed"
+    echo
 }
 
 # jdupes compares bytes where the others take fingerprints: it stands beside them to show what that choice costs.
@@ -200,7 +193,10 @@ for name in "${names[@]}"; do
     case $name in
     scan) all_scans ;;
     measure) measure ;;
-    remove) remove ;;
+    remove)
+        echo "remove: the Trash, the tree, and folders for good"
+        remove
+        ;;
     summary)
         echo "summary: recognising build folders"
         ./bench_summary "$rounds"

@@ -101,13 +101,13 @@ std::string_view FileNode::extension() const
 namespace {
 
 /// Gives a node whose size has changed its place among its siblings, largest first; the others keep theirs.
-void putInOrder(std::vector<std::shared_ptr<FileNode>> &siblings, const std::shared_ptr<FileNode> &node)
+void putInOrder(std::vector<std::shared_ptr<FileNode>> &siblings, const FileNode &node)
 {
-    const auto at = std::ranges::find(siblings, node);
+    const auto at = std::ranges::find(siblings, &node, &std::shared_ptr<FileNode>::get);
     if (at == siblings.end())
         return;
-    const auto isNoLarger = [&](const auto &sibling) { return sibling->size <= node->size; };
-    const auto begin = std::find_if(siblings.begin(), at, [&](const auto &each) { return each->size < node->size; });
+    const auto isNoLarger = [&](const auto &sibling) { return sibling->size <= node.size; };
+    const auto begin = std::find_if(siblings.begin(), at, [&](const auto &each) { return each->size < node.size; });
     if (begin != at)
         std::rotate(begin, at, at + 1);
     else
@@ -115,15 +115,16 @@ void putInOrder(std::vector<std::shared_ptr<FileNode>> &siblings, const std::sha
 }
 
 /// Adds to the figures of a folder and of every folder around it.
-void changeAncestors(std::shared_ptr<FileNode> ancestor, std::int64_t size, std::int64_t fileCount)
+void changeAncestors(FileNode &folder, std::int64_t size, std::int64_t fileCount)
 {
-    while (ancestor != nullptr) {
-        ancestor->size = checkedAdd(ancestor->size, size);
-        ancestor->fileCount = checkedAdd(ancestor->fileCount, fileCount);
-        std::shared_ptr<FileNode> above = ancestor->parent.lock();
-        if (above != nullptr)
-            putInOrder(above->children, ancestor);
-        ancestor = std::move(above);
+    std::shared_ptr<FileNode> above; // owns `each` from the second round on
+    for (FileNode *each = &folder; each != nullptr; each = above.get()) {
+        each->size = checkedAdd(each->size, size);
+        each->fileCount = checkedAdd(each->fileCount, fileCount);
+        std::shared_ptr<FileNode> next = each->parent.lock();
+        if (next != nullptr)
+            putInOrder(next->children, *each);
+        above = std::move(next);
     }
 }
 
@@ -147,31 +148,41 @@ void attach(const std::shared_ptr<FileNode> &folder, FileNode &root)
         for (const std::shared_ptr<FileNode> &child : node->children)
             child->parent = node;
         folder->children.push_back(node);
-        putInOrder(folder->children, node);
+        putInOrder(folder->children, *node);
     }
-    changeAncestors(folder, root.size, root.fileCount);
+    changeAncestors(*folder, root.size, root.fileCount);
 }
 
 bool detach(FileNode &node)
 {
     const std::shared_ptr<FileNode> folder = node.parent.lock();
-    if (folder == nullptr || node.removed)
-        return false;
-    for (std::shared_ptr<FileNode> ancestor = folder; ancestor != nullptr; ancestor = ancestor->parent.lock()) {
+    return folder != nullptr && !detach(*folder, {&node}).empty();
+}
+
+std::vector<std::shared_ptr<FileNode>> detach(FileNode &folder, const std::unordered_set<const FileNode *> &nodes)
+{
+    if (folder.removed)
+        return {};
+    for (std::shared_ptr<FileNode> ancestor = folder.parent.lock(); ancestor != nullptr;
+         ancestor = ancestor->parent.lock()) {
         if (ancestor->removed)
-            return false;
+            return {};
     }
-
-    const auto position =
-        std::ranges::find_if(folder->children, [&](const auto &child) { return child.get() == &node; });
-    if (position == folder->children.end())
-        return false;
-    const std::shared_ptr<FileNode> self = std::move(*position); // the tree may have been the only owner
-    folder->children.erase(position);
-    node.removed = true;
-
-    changeAncestors(folder, -node.size, -node.fileCount);
-    return true;
+    const auto stays = [&](const auto &child) { return child->removed || !nodes.contains(child.get()); };
+    const auto firstGone = std::stable_partition(folder.children.begin(), folder.children.end(), stays);
+    std::vector<std::shared_ptr<FileNode>> gone(std::make_move_iterator(firstGone),
+                                                std::make_move_iterator(folder.children.end()));
+    folder.children.erase(firstGone, folder.children.end());
+    std::int64_t size = 0;
+    std::int64_t fileCount = 0;
+    for (const std::shared_ptr<FileNode> &node : gone) {
+        node->removed = true;
+        size = checkedAdd(size, node->size);
+        fileCount = checkedAdd(fileCount, node->fileCount);
+    }
+    if (!gone.empty())
+        changeAncestors(folder, -size, -fileCount);
+    return gone;
 }
 
 bool verify(const FileNode &root)

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "core/folder_path.h"
@@ -93,6 +94,12 @@ void attach(const std::shared_ptr<FileNode> &folder, FileNode &root);
 /// and answers false when the node or an ancestor is marked already, or when it is the root. With
 /// `attach` the only change that an installed tree ever sees. Where nobody else holds the node, it is gone afterwards.
 bool detach(FileNode &node);
+
+/// The same for any number of a folder's children at once, going through the folder and its ancestors a single time.
+/// What is marked already, or is not a child of the folder, stays.
+/// @return the nodes that were taken out, in their order
+[[nodiscard]] std::vector<std::shared_ptr<FileNode>> detach(FileNode &folder,
+                                                            const std::unordered_set<const FileNode *> &nodes);
 
 /// Whether every folder's size is the sum of its own small files and its children, it counts at least their files
 /// (a folder of empty files has no node), and every child's parent is its folder. For tests and debug builds;

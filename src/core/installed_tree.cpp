@@ -76,15 +76,12 @@ void InstalledTree::take(std::span<const SelectedEntry> gone, std::vector<std::s
     }
     std::unordered_set<const FileNode *> taken;
     for (const auto &[folder, nodes] : leaving) {
-        const std::size_t first = left.size();
-        std::ranges::copy_if(folder->children, std::back_inserter(left),
-                             [&going = nodes](const auto &child) { return going.contains(child.get()); });
-        for (std::size_t i = first; i < left.size(); ++i) {
-            FileNode &node = *left[i];
-            collectSubtree(node, taken);
-            m_summary.index.eraseSubtree(node);
-            detach(node);
+        std::vector<std::shared_ptr<FileNode>> detached = detach(*folder, nodes);
+        for (const std::shared_ptr<FileNode> &node : detached) {
+            collectSubtree(*node, taken);
+            m_summary.index.eraseSubtree(*node);
         }
+        std::ranges::move(detached, std::back_inserter(left));
     }
     if (taken.empty())
         return;

@@ -239,6 +239,18 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
     return std::nullopt;
 }
 
+/// Ends the request with its scope.
+class RequestToTrash {
+public:
+    explicit RequestToTrash(Trash &trash) : m_trash(trash) {}
+    RequestToTrash(const RequestToTrash &) = delete;
+    RequestToTrash &operator=(const RequestToTrash &) = delete;
+    ~RequestToTrash() { m_trash.endRequest(); }
+
+private:
+    Trash &m_trash;
+};
+
 } // namespace
 
 SeenItems Removal::look(std::span<const SelectedEntry> entries, const ProtectedLocations &locations, const Host &host)
@@ -301,6 +313,8 @@ RemovalOutcome Removal::perform(const std::vector<RemovalStep> &steps, const Pro
     TrashFolders trashFolders(locations, host.trash.trashFolders());
     trashFolders.resolveThoseOf(steps, host.files);
     RemovalOutcome outcome;
+    outcome.removed.reserve(steps.size());
+    const RequestToTrash request(host.trash);
     for (const RemovalStep &step : steps) {
         if (stop) {
             outcome.isStopped = true;

@@ -33,6 +33,9 @@ public:
     /// Asks the file manager to do it, by its scripting interface; blocks until it has answered.
     [[nodiscard]] virtual Expected<void> deleteThroughFinder(const std::string &path) = 0;
 
+    /// What was asked for at once is done, or given up: lets go of what was kept for further items of it.
+    virtual void endRequest() {}
+
     /// Drops what the Trash has noted of an item that lay in that folder under that name. Does nothing for a folder
     /// that is not one of the Trash, nor while the item is there.
     virtual void forget(HeldFolder &folder, const std::string &name) = 0;

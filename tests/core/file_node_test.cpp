@@ -289,6 +289,30 @@ TEST(Detach, EveryAncestorLosesSizeAndFiles)
     EXPECT_TRUE(verify(*root));
 }
 
+TEST(Detach, ManyChildrenOfAFolderLeaveAtOnceAndTheOthersKeepTheirOrder)
+{
+    const NodePtr root = makeRoot("/home/u");
+    const NodePtr other = addFolder(root, "other");
+    addFile(other, "x", 700);
+    const NodePtr folder = addFolder(root, "a");
+    std::vector<NodePtr> files;
+    for (const std::int64_t size : {500, 400, 300, 200, 100})
+        files.push_back(addFile(folder, std::to_string(size), size));
+    ASSERT_EQ(names(*root), (std::vector<std::string>{"a", "other"}));
+
+    const std::vector<NodePtr> gone = detach(*folder, {files[3].get(), files[0].get(), files[2].get(), other.get()});
+    EXPECT_EQ(gone, (std::vector<NodePtr>{files[0], files[2], files[3]}));
+    EXPECT_EQ(names(*folder), (std::vector<std::string>{"400", "100"}));
+    EXPECT_EQ(names(*root), (std::vector<std::string>{"other", "a"}));
+    EXPECT_EQ(root->size, 1'200);
+    EXPECT_EQ(root->fileCount, 3);
+    EXPECT_TRUE(verify(*root));
+    EXPECT_TRUE(files[0]->removed);
+    EXPECT_FALSE(files[1]->removed);
+    EXPECT_FALSE(other->removed);
+    EXPECT_TRUE(detach(*folder, {files[0].get()}).empty());
+}
+
 TEST(Detach, NodeThatIsMarkedAlreadyChangesNothing)
 {
     const NodePtr root = makeRoot("/home/u");

@@ -20,7 +20,8 @@ namespace {
 std::string sourceOfRoot()
 {
     std::string source;
-    for (const MountedFolder &mount : readMountTable()) {
+    const auto table = readMountTable();
+    for (const MountedFolder &mount : *table) {
         if (mount.path == "/")
             source = mount.source; // the last lies on top
     }

@@ -23,6 +23,7 @@ using GStringPointer = std::unique_ptr<char, GlibRelease<g_free>>;
 using GVariantPointer = std::unique_ptr<GVariant, GlibRelease<g_variant_unref>>;
 using GSchemaPointer = std::unique_ptr<GSettingsSchema, GlibRelease<g_settings_schema_unref>>;
 using GKeyFilePointer = std::unique_ptr<GKeyFile, GlibRelease<g_key_file_unref>>;
+using GDateTimePointer = std::unique_ptr<GDateTime, GlibRelease<g_date_time_unref>>;
 using GErrorPointer = std::unique_ptr<GError, GlibRelease<g_error_free>>;
 
 } // namespace corvane

@@ -141,12 +141,13 @@ std::optional<std::string> LinuxFileSystem::diskName()
 std::vector<MountedFolder> LinuxFileSystem::mounts()
 {
     std::vector<MountedFolder> visible;
-    for (MountedFolder &mount : readMountTable()) {
+    const auto table = readMountTable();
+    for (const MountedFolder &mount : *table) {
         // What was mounted on the same folder before lies hidden beneath it.
         const auto hidden = std::ranges::find(visible, mount.path, &MountedFolder::path);
         if (hidden != visible.end())
             visible.erase(hidden);
-        visible.push_back(std::move(mount));
+        visible.push_back(mount);
     }
     return visible;
 }

@@ -64,6 +64,11 @@ FileDescriptor openWithoutLinks(const std::string &path)
 
 Expected<std::unique_ptr<HeldFolder>> LinuxHeldFolder::hold(const std::string &path)
 {
+    // Most paths have no link in them, and resolving takes a look at every folder on the way.
+    if (path.starts_with('/') && path == withoutDots(path)) {
+        if (FileDescriptor folder = openWithoutLinks(path); folder.isOpen())
+            return std::make_unique<LinuxHeldFolder>(std::move(folder), path);
+    }
     // Where a folder on the way is being replaced, the path may lead elsewhere the moment after it was resolved.
     constexpr int attempts = 3;
     for (int attempt = 1;; ++attempt) {

@@ -55,8 +55,14 @@ bool isTrashOfUser(int folder)
 
 Expected<TrashedItem> LinuxTrash::trashItem(HeldFolder &folder, const std::string &name)
 {
-    if (const Expected<ItemFacts> facts = folder.facts(name); !facts)
+    const Expected<ItemFacts> facts = folder.facts(name);
+    if (!facts)
         return tl::unexpected(facts.error());
+    if (m_known && m_known->takesFrom(folder, *facts)) {
+        if (std::optional<TrashedItem> trashed = m_known->take(folder, name))
+            return *std::move(trashed);
+    }
+    m_known.reset();
     Expected<TrashSlot> slot = TrashSlot::make(folder, name);
     if (!slot) {
         // On a full disk the record of where the item came from is left empty, and GIO reports success. Asking costs
@@ -70,9 +76,8 @@ Expected<TrashedItem> LinuxTrash::trashItem(HeldFolder &folder, const std::strin
     if (Expected<void> moved = slot->fill(); !moved)
         return tl::unexpected(moved.error());
     const std::string arrivedAs = slot->name();
-    std::shared_ptr<HeldFolder> items = std::move(*slot).folder();
-    const Expected<ItemFacts> arrived = items->facts(arrivedAs);
-    return TrashedItem{std::move(items), arrivedAs, arrived ? arrived->identity : ItemIdentity{}};
+    m_known.emplace(folder, std::move(*slot).release());
+    return m_known->arrived(arrivedAs);
 }
 
 Expected<TrashedItem> LinuxTrash::recycle(HeldFolder &folder, const std::string &name)

@@ -1,7 +1,6 @@
 #include "platform/linux/mount_points.h"
 
 #include <cerrno>
-#include <utility>
 
 #include "platform/linux/mount_table.h"
 
@@ -10,8 +9,9 @@ namespace corvane {
 Expected<std::vector<std::string>> listedMountPoints()
 {
     std::vector<std::string> points;
-    for (MountedFolder &mount : readMountTable())
-        points.push_back(std::move(mount.path));
+    const auto table = readMountTable();
+    for (const MountedFolder &mount : *table)
+        points.push_back(mount.path);
     if (points.empty()) {
         return tl::unexpected(Error{"read",
                                     "/proc/self/mountinfo",

@@ -1,10 +1,58 @@
 #include "platform/linux/mount_table.h"
 
+#include <chrono>
 #include <fstream>
+#include <mutex>
 #include <sstream>
 #include <string>
+#include <utility>
+
+#include <fcntl.h>
+#include <poll.h>
+
+#include "platform/file_descriptor.h"
 
 namespace corvane {
+
+namespace {
+
+constexpr const char *tablePath = "/proc/self/mountinfo";
+
+/// The table as it was read last, and the kernel's word that it has changed since. Any thread.
+class KnownMountTable {
+public:
+    std::shared_ptr<const std::vector<MountedFolder>> table()
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto now = std::chrono::steady_clock::now();
+        // The word first: what changes while the table is read is told the next time. Not every system that passes for
+        // this kernel gives it, so none is relied upon for long.
+        constexpr std::chrono::milliseconds longest(50);
+        if (hasChanged() || now - m_readAt > longest) {
+            std::ifstream mounts(tablePath);
+            m_table = std::make_shared<const std::vector<MountedFolder>>(mountsIn(mounts));
+            m_readAt = now;
+        }
+        return m_table;
+    }
+
+private:
+    bool hasChanged()
+    {
+        if (!m_table)
+            m_news = FileDescriptor(::open(tablePath, O_RDONLY | O_CLOEXEC));
+        pollfd news{m_news.number(), POLLPRI, 0};
+        return !m_table || !m_news.isOpen() || ::poll(&news, 1, 0) != 0;
+    }
+
+    std::mutex m_mutex;
+    // Guarded by m_mutex.
+    FileDescriptor m_news;
+    std::shared_ptr<const std::vector<MountedFolder>> m_table;
+    std::chrono::steady_clock::time_point m_readAt;
+};
+
+} // namespace
 
 std::string unescapedOctal(const std::string &text)
 {
@@ -46,10 +94,10 @@ std::vector<MountedFolder> mountsIn(std::istream &mounts)
     return table;
 }
 
-std::vector<MountedFolder> readMountTable()
+std::shared_ptr<const std::vector<MountedFolder>> readMountTable()
 {
-    std::ifstream mounts("/proc/self/mountinfo");
-    return mountsIn(mounts);
+    static KnownMountTable known;
+    return known.table();
 }
 
 } // namespace corvane

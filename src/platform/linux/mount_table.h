@@ -1,6 +1,7 @@
 #pragma once
 
 #include <istream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,8 +10,9 @@
 namespace corvane {
 
 /// Everything that is mounted, in the kernel's order: of two with one path the later lies on top of the other. Empty
-/// where the kernel does not tell.
-[[nodiscard]] std::vector<MountedFolder> readMountTable();
+/// where the kernel does not tell. Read anew only where something has changed, since it is asked for before each item
+/// of a removal. Any thread.
+[[nodiscard]] std::shared_ptr<const std::vector<MountedFolder>> readMountTable();
 
 /// The same of a text like that of "/proc/self/mountinfo".
 [[nodiscard]] std::vector<MountedFolder> mountsIn(std::istream &mounts);

@@ -1,6 +1,7 @@
 #include "platform/linux/open_trash.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include <fcntl.h>
@@ -8,8 +9,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/linux/glib_pointer.h"
 #include "platform/linux/linux_trash.h"
 #include "platform/path.h"
+#include "platform/posix/item_at.h"
 
 namespace corvane {
 
@@ -62,6 +65,37 @@ OpenTrash OpenTrash::at(const TrashPlace &place)
     const FileDescriptor top = place.open();
     return {openFolder(top.number(), "files"), openFolder(top.number(), "info"), joined(place.path(), "files"),
             place.basePath};
+}
+
+std::optional<std::string> notedPath(const std::string &path, const std::string &top, bool isWhole)
+{
+    if (!isWhole && !liesBeneath(path, top))
+        return std::nullopt;
+    const std::size_t start = isWhole ? 0 : top == "/" ? 1 : top.size() + 1;
+    const GStringPointer text(g_uri_escape_string(path.c_str() + start, "/", FALSE));
+    return text.get();
+}
+
+bool moveIntoTrash(int folder, const std::string &name, int items, const std::string &itemName)
+{
+    if (moveAt(folder, name, items, itemName))
+        return true;
+    const int code = errno;
+    const FileDescriptor item(
+        ::openat(folder, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat facts {};
+    constexpr mode_t permissions = 07777;
+    const bool isReadOnly = code == EACCES && item.isOpen() && ::fstat(item.number(), &facts) == 0 &&
+                            facts.st_uid == ::getuid() && (facts.st_mode & S_IWUSR) == 0;
+    if (!isReadOnly || ::fchmod(item.number(), (facts.st_mode & permissions) | S_IWUSR) != 0) {
+        errno = code;
+        return false;
+    }
+    const bool isMoved = moveAt(folder, name, items, itemName);
+    const int reason = errno;
+    ::fchmod(item.number(), facts.st_mode & permissions);
+    errno = reason;
+    return isMoved;
 }
 
 bool liesInTrash(const std::string &path)

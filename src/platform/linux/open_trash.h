@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,15 @@ struct OpenTrash {
 
     [[nodiscard]] static OpenTrash at(const TrashPlace &place);
 };
+
+/// What a record's "Path" is for an item of that path: percent-encoded, and for the Trash at the top of a volume
+/// relative to it. Nothing where the item does not lie beneath the top.
+[[nodiscard]] std::optional<std::string> notedPath(const std::string &path, const std::string &top, bool isWhole);
+
+/// Moves an item into a Trash as `moveAt` does. A folder takes its entry ".." along, so that whoever moves it must be
+/// allowed to write to it; one of the user's own that is read-only, as tools make theirs, is made writable for that
+/// moment.
+[[nodiscard]] bool moveIntoTrash(int folder, const std::string &name, int items, const std::string &itemName);
 
 /// Whether the path is that of the folder of items in a Trash of this user, or lies beneath one. Judges the text alone.
 [[nodiscard]] bool liesInTrash(const std::string &path);

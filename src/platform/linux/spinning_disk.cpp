@@ -29,7 +29,8 @@ std::string numberOfSource(const std::string &folder)
 {
     std::string source;
     std::size_t longest = 0;
-    for (const MountedFolder &mount : readMountTable()) {
+    const auto table = readMountTable();
+    for (const MountedFolder &mount : *table) {
         const bool isAround = mount.path == "/" || folder == mount.path || folder.starts_with(mount.path + "/");
         if (!isAround || mount.path.size() < longest)
             continue;

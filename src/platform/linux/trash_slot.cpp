@@ -11,7 +11,6 @@
 
 #include "platform/linux/gio_error.h"
 #include "platform/linux/glib_pointer.h"
-#include "platform/linux/linux_held_folder.h"
 #include "platform/linux/name_reservation.h"
 #include "platform/path.h"
 #include "platform/posix/item_at.h"
@@ -45,12 +44,6 @@ std::string anchoredPath(int folder)
     return leadsHere ? path : std::string();
 }
 
-std::string escaped(const std::string &path)
-{
-    const GStringPointer text(g_uri_escape_string(path.c_str(), "/", FALSE));
-    return text.get();
-}
-
 /// GIO's sentence names the stand-in; people know the item.
 Error errorOfItem(const GError &error, const std::string &itemPath, const std::string &standInPath)
 {
@@ -58,30 +51,6 @@ Error errorOfItem(const GError &error, const std::string &itemPath, const std::s
     if (const std::size_t at = result.text.find(standInPath); at != std::string::npos)
         result.text.replace(at, standInPath.size(), itemPath);
     return result;
-}
-
-/// Moves an item as `moveAt` does. A folder takes its entry ".." along, so that whoever moves it must be allowed to
-/// write to it; one of the user's own that is read-only, as tools make theirs, is made writable for that moment.
-bool moveOwnAt(int folder, const std::string &name, int target, const std::string &newName)
-{
-    if (moveAt(folder, name, target, newName))
-        return true;
-    const int code = errno;
-    const FileDescriptor item(
-        ::openat(folder, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    struct stat facts {};
-    constexpr mode_t permissions = 07777;
-    const bool isReadOnly = code == EACCES && item.isOpen() && ::fstat(item.number(), &facts) == 0 &&
-                            facts.st_uid == ::getuid() && (facts.st_mode & S_IWUSR) == 0;
-    if (!isReadOnly || ::fchmod(item.number(), (facts.st_mode & permissions) | S_IWUSR) != 0) {
-        errno = code;
-        return false;
-    }
-    const bool isMoved = moveAt(folder, name, target, newName);
-    const int reason = errno;
-    ::fchmod(item.number(), facts.st_mode & permissions);
-    errno = reason;
-    return isMoved;
 }
 
 } // namespace
@@ -183,7 +152,7 @@ bool TrashSlot::find(const std::vector<TrashPlace> &places)
     return false;
 }
 
-bool TrashSlot::completeRecord() const
+bool TrashSlot::completeRecord()
 {
     static constexpr const char *group = "Trash Info";
     static constexpr const char *key = "Path";
@@ -201,15 +170,11 @@ bool TrashSlot::completeRecord() const
     const GStringPointer noted(g_key_file_get_value(keys.get(), group, key, nullptr));
     if (!noted)
         return false;
-    // Under the home GIO notes a whole path; on another volume one that starts at its top.
-    std::string path = joined(m_source->path(), m_name);
-    if (noted.get()[0] != '/') {
-        const std::string &top = m_trash.top;
-        if (!liesBeneath(path, top))
-            return false;
-        path.erase(0, top == "/" ? 1 : top.size() + 1);
-    }
-    g_key_file_set_value(keys.get(), group, key, escaped(path).c_str());
+    m_notesWholePaths = noted.get()[0] == '/';
+    const std::optional<std::string> path = notedPath(joined(m_source->path(), m_name), m_trash.top, m_notesWholePaths);
+    if (!path)
+        return false;
+    g_key_file_set_value(keys.get(), group, key, path->c_str());
     gsize length = 0;
     const GStringPointer changed(g_key_file_to_data(keys.get(), &length, nullptr));
     return changed && ::pwrite(m_record.number(), changed.get(), length, 0) == static_cast<ssize_t>(length) &&
@@ -230,16 +195,16 @@ Expected<void> TrashSlot::fill()
     if (!isAside || !isAt(m_standIn.number(), items, aside) || !recordIsOurs()) {
         if (isAside)
             (void)moveAt(items, aside, items, m_slotName);
-        Error error = failure(EBUSY);
-        error.text = "The Trash was changed by another program meanwhile.";
-        return tl::unexpected(std::move(error));
+        return tl::unexpected(changedMeanwhile());
     }
     m_standIn = FileDescriptor(); // network file systems keep an open file in the folder under a name of their own
     const bool isMoved =
-        ::unlinkat(items, aside.c_str(), 0) == 0 && moveOwnAt(m_source->descriptor(), m_name, items, m_slotName);
+        ::unlinkat(items, aside.c_str(), 0) == 0 && moveIntoTrash(m_source->descriptor(), m_name, items, m_slotName);
     if (!isMoved)
         return tl::unexpected(failure(errno));
     m_isWaiting = false;
+    if (!recordIsOurs() && moveAt(items, m_slotName, m_source->descriptor(), m_name))
+        return tl::unexpected(changedMeanwhile());
     return {};
 }
 
@@ -254,9 +219,16 @@ TrashSlot::~TrashSlot()
         ::unlinkat(m_trash.records.number(), recordName(m_slotName).c_str(), 0);
 }
 
-std::unique_ptr<HeldFolder> TrashSlot::folder() &&
+ChosenTrash TrashSlot::release() &&
 {
-    return std::make_unique<LinuxHeldFolder>(std::move(m_trash.items), m_trash.itemsPath);
+    return {std::move(m_trash), m_notesWholePaths};
+}
+
+Error TrashSlot::changedMeanwhile() const
+{
+    Error error = failure(EBUSY);
+    error.text = "The Trash was changed by another program meanwhile.";
+    return error;
 }
 
 Error TrashSlot::failure(int code) const

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -10,6 +9,12 @@
 #include "platform/linux/open_trash.h"
 
 namespace corvane {
+
+/// The Trash that GIO has chosen for an item.
+struct ChosenTrash {
+    OpenTrash trash;
+    bool notesWholePaths = true; ///< else paths that start at the top of its volume
+};
 
 /// A place in the Trash that waits for one item: its name is taken, and its record names where the item comes from.
 ///
@@ -36,8 +41,8 @@ public:
     /// Moves the item in, whatever has its name in the folder at this moment.
     [[nodiscard]] Expected<void> fill();
 
-    /// The folder of the Trash in which the place lies, with its path.
-    [[nodiscard]] std::unique_ptr<HeldFolder> folder() &&;
+    /// The Trash in which the place lies. To be taken once the item has been moved in.
+    [[nodiscard]] ChosenTrash release() &&;
 
     /// The name there.
     [[nodiscard]] const std::string &name() const { return m_slotName; }
@@ -48,9 +53,10 @@ private:
     class Stage;
 
     [[nodiscard]] bool find(const std::vector<TrashPlace> &places);
-    [[nodiscard]] bool completeRecord() const;
+    [[nodiscard]] bool completeRecord();
     [[nodiscard]] bool recordIsOurs() const;
     [[nodiscard]] Error failure(int code) const;
+    [[nodiscard]] Error changedMeanwhile() const;
 
     HeldFolder *m_source;
     std::string m_name;
@@ -59,6 +65,7 @@ private:
     // Held open, so that nothing else can get their numbers while they are compared.
     FileDescriptor m_standIn;
     FileDescriptor m_record;
+    bool m_notesWholePaths = true;
     bool m_isWaiting = false; // the stand-in lies in the Trash, or its record alone
 };
 

@@ -165,5 +165,14 @@ TEST(LinuxMount, OfNothingIsUnknown)
 INSTANTIATE_TEST_SUITE_P(Removal, LinuxMounts, ::testing::Values("remove", "remove-permanently"),
                          [](const auto &question) { return question.param == "remove" ? "Trash" : "Permanent"; });
 
+TEST(LinuxMountPoints, ADiskThatIsMountedAfterTheyWereReadIsAmongThem)
+{
+    ProbeHome home;
+    if (!home.canMountDisks())
+        GTEST_SKIP() << "this user or machine cannot mount a disk image";
+    EXPECT_EQ(home.runOnDisk("mkdir usb; MEANWHILE='mount -t tmpfs none usb' $probe mount-meanwhile \"$PWD/usb\""),
+              "a folder\na mount point");
+}
+
 } // namespace
 } // namespace corvane

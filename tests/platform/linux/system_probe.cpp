@@ -1,7 +1,9 @@
 // Asks the real system one thing and prints the answer, so that a test can do it in a fresh process: with a home
 // folder of its own, on a disk of its own, or where something is missing.
 
+#include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -53,6 +55,62 @@ int removeItem(const Host &host, const std::string &path, bool permanently)
     return 0;
 }
 
+/// The same of everything directly inside the folder, in one request. Tells how many went, why others did not, and
+/// which parts of a Trash are still open afterwards.
+int removeContents(const Host &host, const std::string &folder)
+{
+    Selection entries;
+    for (const auto &each : std::filesystem::directory_iterator(folder))
+        entries.emplace(each.path().string(), 0);
+    const ProtectedLocations &locations = PathGuard::locations();
+    const auto steps = Removal::plan(entries, false, locations, host.trash.trashFolders());
+    const RemovalOutcome outcome = Removal::perform(steps, locations, host);
+    std::cout << outcome.removed.size() << " done\n";
+    for (const RemovalFailure &failure : outcome.failures)
+        std::cout << failure.line << '\n';
+    for (const auto &each : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code problem;
+        const std::string open = std::filesystem::read_symlink(each, problem);
+        if (open.find("Trash") != std::string::npos)
+            std::cout << open << " is still open\n";
+    }
+    return 0;
+}
+
+/// Runs the shell script in MEANWHILE.
+void runMeanwhile()
+{
+    if (std::system(std::getenv("MEANWHILE")) != 0)
+        std::cout << "the script failed\n";
+}
+
+/// Moves the items "first" and "second" of a folder to the Trash in one request while the shell runs a script in
+/// between.
+int trashTwo(const Host &host, const std::string &folder)
+{
+    const auto trash = [&](const char *name) {
+        tell(withHeld(host, joined(folder, name),
+                      [&](HeldFolder &held, const std::string &item) { return host.trash.trashItem(held, item); }));
+    };
+    trash("first");
+    runMeanwhile();
+    trash("second");
+    host.trash.endRequest();
+    return 0;
+}
+
+/// Tells whether the folder is a mount point before and after the shell has run a script.
+int mountMeanwhile(const Host &host, const std::string &folder)
+{
+    for (const bool isAfter : {false, true}) {
+        if (isAfter)
+            runMeanwhile();
+        const std::vector<std::string> points = host.files.mountPoints().value();
+        std::cout << (std::ranges::find(points, folder) != points.end() ? "a mount point" : "a folder") << '\n';
+    }
+    return 0;
+}
+
 /// Moves an item to the Trash while the shell runs the script in MEANWHILE: after a place in the Trash has been made
 /// for it, and before it gets there.
 int trashInterrupted(const Host &host, const std::string &path)
@@ -61,8 +119,7 @@ int trashInterrupted(const Host &host, const std::string &path)
         Expected<TrashSlot> slot = TrashSlot::make(folder, name);
         if (!slot)
             return tl::unexpected(slot.error());
-        if (std::system(std::getenv("MEANWHILE")) != 0)
-            std::cout << "the script failed\n";
+        runMeanwhile();
         return slot->fill();
     }));
 }
@@ -76,6 +133,12 @@ int run(std::string_view question, const std::string &subject)
         }));
     if (question == "trash-interrupted")
         return trashInterrupted(host, subject);
+    if (question == "trash-contents")
+        return removeContents(host, subject);
+    if (question == "trash-two")
+        return trashTwo(host, subject);
+    if (question == "mount-meanwhile")
+        return mountMeanwhile(host, subject);
     if (question == "erase")
         return tell(withHeld(host, subject, erase));
     if (question == "remove" || question == "remove-permanently")
