@@ -9,6 +9,7 @@
 #include <syslog.h>
 
 #include "platform/linux/gio_error.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -65,6 +66,33 @@ Expected<std::string> uriOf(const std::string &path)
     return tl::unexpected(Error{"reveal", path, std::make_error_code(std::errc::invalid_argument), failure->message});
 }
 
+bool isThisProgram(GAppInfo *app)
+{
+    const char *const program = g_app_info_get_executable(app);
+    return program != nullptr && lastPathComponent(program) == "corvane";
+}
+
+/// Opens a folder in the program that does so by default, or in another where that is this program.
+Expected<void> openFolder(const std::string &path, const std::string &uri)
+{
+    constexpr const char *folderType = "inode/directory";
+    const GObjectPointer<GAppInfo> usual(g_app_info_get_default_for_type(folderType, FALSE));
+    if (!usual || !isThisProgram(usual.get()))
+        return openWithDefault("open", path, uri);
+    GList *const apps = g_app_info_get_all_for_type(folderType);
+    Expected<void> opened = tl::unexpected(Error{"open", path, std::make_error_code(std::errc::not_supported), {}});
+    for (const GList *each = apps; each != nullptr && !opened; each = each->next) {
+        auto *const app = static_cast<GAppInfo *>(each->data);
+        if (isThisProgram(app))
+            continue;
+        GList uris{const_cast<char *>(uri.c_str()), nullptr, nullptr}; // only read
+        if (g_app_info_launch_uris(app, &uris, nullptr, nullptr))
+            opened = {};
+    }
+    g_list_free_full(apps, g_object_unref);
+    return opened;
+}
+
 struct Reveal {
     std::string path;
     std::string uri;
@@ -78,7 +106,7 @@ void perform(gpointer data, gpointer userData)
     if (showItem(request->path, request->uri, cancel) || g_cancellable_is_cancelled(cancel))
         return;
     const std::string folder = request->uri.substr(0, std::max<std::size_t>(request->uri.rfind('/'), sizeof "file://"));
-    const auto opened = openWithDefault("open", request->path, folder);
+    const auto opened = openFolder(request->path, folder);
     if (opened)
         return;
     writeToLog("Could not show " + request->uri + ": " + opened.error().description());

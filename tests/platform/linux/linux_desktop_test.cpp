@@ -66,6 +66,9 @@ public:
                             "[Desktop Entry]\nType=Application\nName=Opener\nNoDisplay=true\n"
                             "MimeType=inode/directory;x-scheme-handler/corvane-test;\nExec=" +
                                 m_opener + " %u\n");
+        m_folder->writeText("data/applications/corvane.desktop",
+                            "[Desktop Entry]\nType=Application\nName=Corvane\nMimeType=inode/directory;\nExec=" +
+                                script("corvane", "printf 'corvane %s\\n' \"$1\" >> '" + m_record + "'") + " %f\n");
         m_folder->writeText("config/mimeapps.list", "[Default Applications]\ninode/directory=opener.desktop\n"
                                                     "x-scheme-handler/corvane-test=opener.desktop\n");
         ::setenv("HOME", m_folder->path().c_str(), 1);
@@ -108,6 +111,22 @@ public:
         WithoutOpener(const WithoutOpener &) = delete;
         WithoutOpener &operator=(const WithoutOpener &) = delete;
         ~WithoutOpener() { std::filesystem::rename(instance().m_opener + "-away", instance().m_opener); }
+    };
+
+    /// While it lives, a program of this one's name is the one that opens folders by default.
+    class CorvaneAsFileManager {
+    public:
+        CorvaneAsFileManager() { choose("corvane.desktop"); }
+        CorvaneAsFileManager(const CorvaneAsFileManager &) = delete;
+        CorvaneAsFileManager &operator=(const CorvaneAsFileManager &) = delete;
+        ~CorvaneAsFileManager() { choose("opener.desktop"); }
+
+    private:
+        static void choose(const char *entry)
+        {
+            const GObjectPointer<GDesktopAppInfo> app(g_desktop_app_info_new(entry));
+            g_app_info_set_as_default_for_type(G_APP_INFO(app.get()), "inode/directory", nullptr);
+        }
     };
 
     [[nodiscard]] bool somethingWasOpened() const { return !linesOf(m_record).empty(); }
@@ -271,6 +290,16 @@ TEST(LinuxDesktop, FolderOpensWhereTheFileManagerRefuses)
     ASSERT_TRUE(waitFor([] { return Session::instance().somethingWasOpened(); }));
     EXPECT_THAT(Session::instance().takeOpened(), ElementsAre(Session::instance().folder() / "refused"));
     EXPECT_EQ(manager.shown().size(), 1U);
+}
+
+TEST(LinuxDesktop, FolderIsNotRevealedInThisProgramWhereThatOpensFolders)
+{
+    REQUIRE_BUS();
+    const Session::CorvaneAsFileManager chosen;
+    LinuxDesktop desktop;
+    ASSERT_TRUE(desktop.reveal(Session::instance().folder().writeText("chosen/item", ""), {}));
+    ASSERT_TRUE(waitFor([] { return Session::instance().somethingWasOpened(); }));
+    EXPECT_THAT(Session::instance().takeOpened(), ElementsAre(Session::instance().folder() / "chosen"));
 }
 
 TEST(LinuxDesktop, ItemThatNothingCanShowIsReportedAsFailed)
