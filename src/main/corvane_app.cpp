@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "core/path_guard.h"
+#include "main/folder_argument.h"
 #include "main/user_settings.h"
 #include "platform/host.h"
 #include "shell/ui/services_registration.h"
@@ -59,6 +60,25 @@ bool CorvaneApp::openWindow()
     measureCleanup();
     m_crashReporter.checkOnLaunch();
     return true;
+}
+
+void CorvaneApp::answer(const StartRequest &request)
+{
+    if (m_window) {
+        // Where Qt looks for it once, as a window is to be activated.
+        if (!request.activationToken.empty())
+            qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.activationToken));
+        m_window->setWindowStates(m_window->windowStates() & ~Qt::WindowMinimized);
+        m_window->raise();
+        m_window->requestActivate();
+    }
+    if (request.folder.empty())
+        return;
+    const Judged<std::string> folder = folderArgument(request.folder, systemHost().files);
+    if (!folder)
+        m_store.showToast(folder.error(), true);
+    else if (m_store.phase() != StorageStore::Phase::scanning || m_store.lastScanPath() != *folder)
+        m_store.scan(*folder);
 }
 
 void CorvaneApp::measureCleanup()

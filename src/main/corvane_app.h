@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include "core/store/storage_store.h"
+#include "main/running_program.h"
 #include "shell/app_info.h"
 #include "shell/services.h"
 #include "shell/ui/window/window_state.h"
@@ -28,6 +29,10 @@ public:
     /// Shows the window and brings it to the front; false, with one line on standard error, when it cannot be
     /// made.
     [[nodiscard]] bool openWindow();
+
+    /// Brings the window to the front and, where there is a folder, scans it as if it had been chosen there; one that
+    /// is being scanned already goes on. What is wrong with the folder is said in the window.
+    void answer(const StartRequest &request);
 
     [[nodiscard]] StorageStore &store() { return m_store; }
     [[nodiscard]] Services &services() { return m_services; }

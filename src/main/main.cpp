@@ -8,12 +8,13 @@
 #include <QLocale>
 #include <QQuickStyle>
 
-#include "cli/path_argument.h"
 #include "core/store/qt_words.h"
 #include "core/words/display_text.h"
 #include "main/command_line.h"
 #include "main/corvane_app.h"
+#include "main/folder_argument.h"
 #include "main/folder_opener.h"
+#include "main/running_program.h"
 #include "main/start_environment.h"
 #include "platform/crash_handler.h"
 #include "platform/host.h"
@@ -55,6 +56,7 @@ int main(int argc, char **argv)
     }
 
     const std::optional<std::string> refusedHome = corvane::settleEnvironment();
+    const corvane::DesktopStart desktop = corvane::desktopStart();
     corvane::installCrashHandler({corvane::AppInfo::version().toStdString(), corvane::AppInfo::build().toStdString()});
 
     QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
@@ -75,24 +77,33 @@ int main(int argc, char **argv)
         return 2;
     }
 
-    std::string folder;
+    corvane::StartRequest start{.folder = {}, .activationToken = desktop.activationToken};
+    std::string refusedFolder;
     if (!line.folder.empty()) {
-        const corvane::Judged<std::string> judged = corvane::existingFolder(line.folder, corvane::systemHost().files);
-        if (!judged) {
+        const corvane::Judged<std::string> judged = corvane::folderArgument(line.folder, corvane::systemHost().files);
+        if (!judged && !desktop.isOne) {
             std::fprintf(stderr, "corvane: %s\n", corvane::displayUtf8(judged.error()).c_str());
             return 2;
         }
-        folder = *judged;
+        if (judged)
+            start.folder = *judged;
+        else
+            refusedFolder = judged.error();
     }
+    if (refusedFolder.empty() && corvane::RunningProgram::handOver(start))
+        return EXIT_SUCCESS;
     QLocale::setDefault(corvane::dateLocale());
 
     corvane::CorvaneApp program;
     if (!program.openWindow())
         return EXIT_FAILURE;
-    if (refusedHome)
-        program.store().showToast(*refusedHome, true);
-    if (!folder.empty())
-        program.store().scan(folder);
+    const corvane::RunningProgram running([&program](const corvane::StartRequest &later) { program.answer(later); });
+    for (const std::string &refused : {refusedHome.value_or(""), refusedFolder}) {
+        if (!refused.empty())
+            program.store().showToast(refused, true);
+    }
+    if (!start.folder.empty())
+        program.store().scan(start.folder);
     corvane::FolderOpener opener(program.store());
     QCoreApplication::instance()->installEventFilter(&opener);
     return QGuiApplication::exec();

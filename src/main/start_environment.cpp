@@ -1,8 +1,22 @@
 #include "main/start_environment.h"
 
+#include <cstdlib>
+
+#include <unistd.h>
+
 #include "platform/environment.h"
 
 namespace corvane {
+
+namespace {
+
+std::string variable(const char *name)
+{
+    const char *const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+} // namespace
 
 std::optional<std::string> settleEnvironment()
 {
@@ -12,6 +26,17 @@ std::optional<std::string> settleEnvironment()
         return std::nullopt;
     Environment::useAccountHome();
     return *complaint + " — your account's home folder is used";
+}
+
+DesktopStart desktopStart()
+{
+    DesktopStart start;
+    start.activationToken = variable("XDG_ACTIVATION_TOKEN");
+    // The number keeps apart what a program hands down to those that it starts, such as a terminal to its shell.
+    const bool isMarked = !start.activationToken.empty() || !variable("DESKTOP_STARTUP_ID").empty() ||
+                          variable("GIO_LAUNCHED_DESKTOP_FILE_PID") == std::to_string(::getpid());
+    start.isOne = isMarked && ::isatty(STDERR_FILENO) == 0;
+    return start;
 }
 
 } // namespace corvane

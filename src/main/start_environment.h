@@ -11,4 +11,13 @@ namespace corvane {
 /// @return the line that tells people of a refused HOME; nothing where HOME is fine
 [[nodiscard]] std::optional<std::string> settleEnvironment();
 
+/// How a desktop started the program: from its menu, or from a file manager.
+struct DesktopStart {
+    bool isOne = false;          ///< nobody reads then what the program writes
+    std::string activationToken; ///< lets the window come to the front; empty where the desktop gave none
+};
+
+/// Asked before Qt's application is made, which takes the marks away.
+[[nodiscard]] DesktopStart desktopStart();
+
 } // namespace corvane

@@ -60,6 +60,7 @@ protected:
     /// The same, and scans the home folder with the button there.
     void openAndScan();
     [[nodiscard]] bool isScanned() { return store().phase() == StorageStore::Phase::ready; }
+    [[nodiscard]] CorvaneApp &program() { return *m_program; }
     [[nodiscard]] StorageStore &store() { return m_program->store(); }
     [[nodiscard]] Services &services() { return m_program->services(); }
     [[nodiscard]] QQuickWindow &window() { return *m_driver->window(); }

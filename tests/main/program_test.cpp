@@ -13,16 +13,16 @@ namespace {
 /// The window's program, as far as it goes without a window.
 class WindowProgramTest : public testing::Test {
 protected:
-    ProgramResult run(std::vector<std::string> arguments) const
+    Program program(std::vector<std::string> arguments) const
     {
         return Program(std::move(arguments))
             .at(CORVANE_PROGRAM)
             .with("HOME", m_folder.path())
             .with("QT_QPA_PLATFORM", "offscreen")
             .with("QT_QUICK_BACKEND", "software")
-            .in(m_folder.path())
-            .run();
+            .in(m_folder.path());
     }
+    ProgramResult run(std::vector<std::string> arguments) const { return program(std::move(arguments)).run(); }
 
     TemporaryFolder m_folder;
 };
@@ -42,6 +42,24 @@ TEST_F(WindowProgramTest, AFileIsNamedWithItsFolder)
     EXPECT_EQ(result.exitStatus, 2);
     EXPECT_EQ(result.errors, "corvane: " + m_folder.path() + "/file␛ is a file, not a folder; its folder is " +
                                  m_folder.path() + "\n");
+}
+
+TEST_F(WindowProgramTest, AnAddressOfAnotherComputerIsRefused)
+{
+    const ProgramResult result = run({"sftp://host/files"});
+    EXPECT_EQ(result.exitStatus, 2);
+    EXPECT_EQ(result.errors, "corvane: sftp://host/files is not on a disk of this computer; mount it and give the "
+                             "folder that it is mounted at\n");
+}
+
+// Nobody would read the line.
+TEST_F(WindowProgramTest, StartedFromAMenuTheWindowOpensWhateverTheFolder)
+{
+    constexpr int endedByTimeout = 124;
+    const ProgramResult result =
+        program({"/nope/a"}).with("DESKTOP_STARTUP_ID", "menu-1").through({"/usr/bin/timeout", "2"}).run();
+    EXPECT_EQ(result.exitStatus, endedByTimeout);
+    EXPECT_EQ(result.errors, "");
 }
 
 TEST_F(WindowProgramTest, AMistypedOptionIsAnsweredWithTheNearestOne)

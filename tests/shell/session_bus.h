@@ -8,19 +8,49 @@
 
 namespace corvane {
 
-/// A session bus of the test's own, where the test itself is the desktop portal.
+/// A session bus of the test's own, from `start` to the end of the object.
+class SessionBus {
+public:
+    SessionBus() = default;
+    SessionBus(const SessionBus &) = delete;
+    SessionBus &operator=(const SessionBus &) = delete;
+    ~SessionBus()
+    {
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+    [[nodiscard]] static bool isInstalled()
+    {
+        return !QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty();
+    }
+    /// The address; empty where it does not start.
+    QString start()
+    {
+        m_daemon.start(QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+        if (!m_daemon.waitForReadyRead())
+            return {};
+        const QByteArray address = m_daemon.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        return QString::fromLatin1(address);
+    }
+
+private:
+    QProcess m_daemon;
+};
+
+/// With a session bus, where the test itself is the desktop portal.
 class SessionBusTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
+        if (!SessionBus::isInstalled())
             GTEST_SKIP() << "dbus-daemon is not installed";
-        daemon.start(QStringLiteral("dbus-daemon"),
-                     {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        ASSERT_TRUE(daemon.waitForReadyRead());
-        const QByteArray address = daemon.readLine().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        QDBusConnection bus = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("portal"));
+        const QString address = m_bus.start();
+        ASSERT_FALSE(address.isEmpty());
+        QDBusConnection bus = QDBusConnection::connectToBus(address, QStringLiteral("portal"));
         ASSERT_TRUE(bus.isConnected());
         ASSERT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
     }
@@ -29,14 +59,13 @@ protected:
         // The connection ends on a thread of its own, some time later: it must not look at the portal any more.
         portalBus().unregisterObject(portalPath);
         QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
-        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-        daemon.kill();
-        daemon.waitForFinished();
     }
     [[nodiscard]] static QDBusConnection portalBus() { return QDBusConnection(QStringLiteral("portal")); }
 
     const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-    QProcess daemon;
+
+private:
+    SessionBus m_bus;
 };
 
 } // namespace corvane

@@ -214,16 +214,12 @@ ApplicationWindow {
         onVisibleChanged: if (visible) chooser.showHiddenFolders()
         onAccepted: scan.scanUrl(selectedFolder)
     }
-    Component {
-        id: systemMenuBar
-
-        SystemMenuBar {
-            actions: actions
-            window: window
-        }
-    }
+    // By its address, so that its module is loaded, and has to be installed, only where it is shown.
     Component.onCompleted: {
         if (Qt.platform.os === "osx")
-            systemMenuBar.createObject(window);
+            Qt.createComponent("SystemMenuBar.qml").createObject(window, {
+                actions: actions,
+                window: window
+            });
     }
 }
