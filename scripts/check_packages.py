@@ -37,18 +37,19 @@ def has_programs(*names):
 # Each command's purposes in packages.sh, and its first steps.
 COMMANDS = {
     "run": ("build ui", [configure("release")]),
-    "test": ("build ui window test", [configure("dev"), has_programs("bwrap", "dbus-daemon", "xmllint", "gio", "ccache")]),
+    "test": ("build ui window test", [configure("dev"), has_programs(
+        "bwrap", "dbus-daemon", "xmllint", "gio", "ccache", "desktop-file-validate", "appstreamcli")]),
     # The window with all of its QML, if it has been built.
     "test, the window": ("build ui window test", [
         "for program in build/dev/bin/corvane_journeys; do "
         "[ ! -x $program ] || QT_QPA_PLATFORM=offscreen $program --gtest_brief=1 --gtest_filter='Overview*'; done"]),
     "lint": ("build ui window test lint", [
-        configure("dev"), has_programs("shellcheck", "yamllint", "desktop-file-validate", "appstreamcli", "python3"),
+        configure("dev"), has_programs("shellcheck", "yamllint", "python3"),
         '. scripts/sources.sh; command -v "$(llvm_tool clang-format)" && command -v "$(llvm_tool clang-tidy)"']),
     "bench": ("build bench", [configure("bench"), has_programs("hyperfine", "ncdu", "gdu")]),
     "bench publish": ("build bench ui", [configure("bench-window")]),
     "fuzz": ("build ui fuzz", [configure("fuzz", "CXX=clang++-19")]),
-    "package": ("build ui package", [configure("release"), has_programs("cpack", "dpkg-shlibdeps", "file", "strip")]),
+    "package": ("build ui package", [configure("release"), has_programs("cpack", "dpkg-shlibdeps", "file", "strip", "lintian")]),
 }
 
 

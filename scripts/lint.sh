@@ -52,11 +52,6 @@ shell_check() {
     shell_scripts | xargs shellcheck --external-sources
 }
 
-# The files that a Linux desktop and its software catalogue read.
-desktop_files() {
-    desktop-file-validate packaging/linux/*.desktop && appstreamcli validate --no-net packaging/linux/*.metainfo.xml
-}
-
 # Whether the screens, or what they know of the program, have changed.
 screens_have_changed() {
     [[ -z $base ]] && return
@@ -90,7 +85,6 @@ fi
 check shellcheck shell_check
 check yamllint yamllint --strict .github .yamllint
 check layers python3 scripts/layers.py
-[[ $(uname -s) == Linux ]] && check desktop-files desktop_files
 check_aloud build built
 if [[ " ${failed[*]} " != *" build "* ]]; then
     screens_have_changed && check qmllint cmake --build "build/$preset" --target all_qmllint

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the Debian package of the release build, in build/package.
+# Makes the Debian package of the release build, in build/package, and has it looked at.
 set -euo pipefail
 
 cd "$(dirname "$0")/.."
@@ -7,5 +7,9 @@ if [[ $(uname -s) != Linux ]]; then
     echo "package: only the Debian package exists so far, and that is made on Linux" >&2
     exit 1
 fi
+rm -rf build/package
 cmake --build build/release --target package
-ls build/package/*.deb
+for package in build/package/*.deb; do
+    echo "$package"
+    lintian --fail-on error --tag-display-limit 0 "$package"
+done

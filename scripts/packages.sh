@@ -19,13 +19,17 @@ packages_for() {
         ;;
     # What only a window on a display uses, and pictures of one.
     Linux/window) echo qt6-wayland fonts-noto-color-emoji ;;
-    Linux/test) echo ccache libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils ;;
+    Linux/test)
+        echo ccache libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils \
+            desktop-file-utils appstream
+        ;;
     Linux/npm) echo nodejs npm ;;
-    Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck yamllint desktop-file-utils appstream ;;
+    Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck yamllint ;;
     Linux/bench) echo hyperfine ncdu gdu rmlint jdupes rdfind fdupes ;;
     Linux/fuzz) echo clang-19 libclang-rt-19-dev ;;
     Linux/macos-check) echo clang-19 libc++-19-dev lld-19 binutils ;;
-    Linux/package) echo file dpkg-dev ;;
+    Linux/package) echo file dpkg-dev lintian ;;
+    Linux/package-check) echo debootstrap xvfb imagemagick ;;
     Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist openssl@3 utf8proc cli11 nlohmann-json ;;
     Darwin/ui) echo qt ;;
     Darwin/test) echo ccache googletest ;;
