@@ -4,6 +4,7 @@ import re
 
 COMMAND = re.compile(r"(\w+)\s*\(((?:[^()\"]|\"(?:\\.|[^\"\\])*\"|\((?:[^()]|\([^()]*\))*\))*)\)", re.S)
 TEXT_OR_COMMENT = re.compile(r"(\"(?:\\.|[^\"\\])*\")|#[^\n]*", re.S)
+VARIABLE = re.compile(r"\$\{(\w+)\}")
 # Commands that name sources without giving them to a target.
 ASIDE = {"set_source_files_properties", "set_property"}
 # What is known of a Mac; a condition that is neither may turn out either way.
@@ -15,11 +16,12 @@ def sources_of(root, folder=pathlib.Path()):
     """The paths, relative to `root`, that the CMakeLists.txt of `folder` and of the folders that it adds give to
     targets on a Mac. Where a condition is not known, both of its branches count."""
     found = set()
+    variables = {}
     taken = []  # for each condition around: whether its branch may be taken
     text = TEXT_OR_COMMENT.sub(lambda found: found[1] or "", (root / folder / "CMakeLists.txt").read_text())
     for name, arguments in COMMAND.findall(text):
         name = name.lower()
-        arguments = " ".join(arguments.split())
+        arguments = " ".join(VARIABLE.sub(lambda found: variables.get(found[1], found[0]), arguments).split())
         if name == "if":
             taken.append((arguments not in FAILS, arguments not in HOLDS))
         elif name in ("else", "elseif"):
@@ -30,6 +32,8 @@ def sources_of(root, folder=pathlib.Path()):
         elif all(now for now, _ in taken):
             if name == "return" and all(not otherwise for _, otherwise in taken):
                 break
+            if name == "set" and " " in arguments:
+                variables.update([arguments.split(" ", 1)])
             found |= named_by(root, folder, name, arguments)
     return found
 

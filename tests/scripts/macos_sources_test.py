@@ -57,6 +57,17 @@ class SourcesForAMac(unittest.TestCase):
             self.write(source)
         self.assertEqual(self.named(), ["src/mac/a.cpp", "src/mac/inner/c.mm"])
 
+    def test_are_found_in_the_folder_that_a_variable_names(self):
+        self.write("CMakeLists.txt", """
+            if(APPLE)
+              set(system macos)
+            else()
+              set(system linux)
+            endif()
+            set(sources main.cpp ${system}/start.cpp ${unknown}/other.cpp)
+            add_executable(a ${sources})""")
+        self.assertEqual(self.named(), ["macos/start.cpp", "main.cpp"])
+
     def test_end_where_the_file_returns_on_a_mac(self):
         self.write("CMakeLists.txt", """
             add_library(a first.cpp)
