@@ -2,7 +2,6 @@
 
 #include <QFileOpenEvent>
 
-#include "core/store/storage_store.h"
 #include "shell/ui/window/folder_url.h"
 
 namespace corvane {
@@ -13,7 +12,7 @@ bool FolderOpener::eventFilter(QObject *watched, QEvent *event)
         return QObject::eventFilter(watched, event);
     const std::string path = pathOfFileUrl(static_cast<QFileOpenEvent *>(event)->url());
     if (!path.empty())
-        m_store.scan(path);
+        m_answer({.folder = path, .activationToken = {}});
     return true;
 }
 

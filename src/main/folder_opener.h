@@ -1,24 +1,28 @@
 #pragma once
 
+#include <utility>
+
 #include <QObject>
+
+#include "main/running_program.h"
 
 namespace corvane {
 
-class StorageStore;
-
-/// Scans the folders that the system hands to the running program: those dropped on its icon, or opened with it.
-/// Installed as an event filter of the application; main thread only.
+/// Takes the folders that the system hands to the running program, those dropped on its icon or opened with it, as
+/// requests of a later start. Installed as an event filter of the application; main thread only.
 class FolderOpener final : public QObject {
     Q_OBJECT
 
 public:
-    /// `store` outlives the object.
-    explicit FolderOpener(StorageStore &store, QObject *parent = nullptr) : QObject(parent), m_store(store) {}
+    explicit FolderOpener(RunningProgram::Answer answer, QObject *parent = nullptr)
+        : QObject(parent), m_answer(std::move(answer))
+    {
+    }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    StorageStore &m_store;
+    const RunningProgram::Answer m_answer;
 };
 
 } // namespace corvane

@@ -97,14 +97,15 @@ int main(int argc, char **argv)
     corvane::CorvaneApp program;
     if (!program.openWindow())
         return EXIT_FAILURE;
-    const corvane::RunningProgram running([&program](const corvane::StartRequest &later) { program.answer(later); });
+    const auto answer = [&program](const corvane::StartRequest &later) { program.answer(later); };
+    const corvane::RunningProgram running(answer);
+    corvane::FolderOpener opener(answer);
+    QCoreApplication::instance()->installEventFilter(&opener);
     for (const std::string &refused : {refusedHome.value_or(""), refusedFolder}) {
         if (!refused.empty())
             program.store().showToast(refused, true);
     }
     if (!start.folder.empty())
         program.store().scan(start.folder);
-    corvane::FolderOpener opener(program.store());
-    QCoreApplication::instance()->installEventFilter(&opener);
     return QGuiApplication::exec();
 }

@@ -1,17 +1,21 @@
 #include "main/folder_opener.h"
 
-#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
 
 #include <QCoreApplication>
 #include <QFileOpenEvent>
-
-#include "core/store/store_fixture.h"
+#include <QUrl>
 
 namespace corvane {
 namespace {
 
+using ::testing::ElementsAre;
+
 /// The system hands files over by events to the application.
-class FolderOpenerTest : public StorageStoreTest {
+class FolderOpenerTest : public testing::Test {
 protected:
     FolderOpenerTest() { QCoreApplication::instance()->installEventFilter(&m_opener); }
 
@@ -21,38 +25,37 @@ protected:
         QCoreApplication::sendEvent(QCoreApplication::instance(), &event);
     }
 
+    std::vector<std::string> folders;
+
 private:
-    FolderOpener m_opener{store};
+    FolderOpener m_opener{[this](const StartRequest &request) { folders.push_back(request.folder); }};
 };
 
-TEST_F(FolderOpenerTest, AFolderThatTheSystemHandsOverIsScanned)
+TEST_F(FolderOpenerTest, EachItemThatTheSystemHandsOverIsARequest)
 {
-    open(QUrl::fromLocalFile(QString::fromStdString(at("Movies"))));
-    EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
-    ASSERT_TRUE(waitForReady());
-    EXPECT_EQ(store.root()->path(), at("Movies"));
+    open(QUrl::fromLocalFile(QStringLiteral("/Users/u/Movies")));
+    open(QUrl::fromLocalFile(QStringLiteral("/Users/u/a b#c?d%41")));
+    EXPECT_THAT(folders, ElementsAre("/Users/u/Movies", "/Users/u/a b#c?d%41"));
 }
 
 TEST_F(FolderOpenerTest, AFolderKeepsTheBytesOfItsName)
 {
-    fake.files.addFile(at("odd \xff/a.bin"), 2'000'000);
-    open(QUrl::fromEncoded(QByteArray("file://") + at("odd%20%FF").c_str()));
-    ASSERT_TRUE(waitForReady());
-    EXPECT_EQ(store.root()->path(), at("odd \xff"));
+    open(QUrl::fromEncoded("file:///Users/u/odd%20%FF"));
+    EXPECT_THAT(folders, ElementsAre("/Users/u/odd \xff"));
 }
 
-TEST_F(FolderOpenerTest, AFileThatTheSystemHandsOverIsNotScannedAndTheToastSaysSo)
-{
-    open(QUrl::fromLocalFile(QString::fromStdString(at("Movies/a.mov"))));
-    EXPECT_EQ(store.phase(), StorageStore::Phase::idle);
-    EXPECT_TRUE(store.toastIsWarning());
-}
-
-TEST_F(FolderOpenerTest, AnAddressThatIsNoFileDoesNothing)
+TEST_F(FolderOpenerTest, AnAddressThatIsNoFileIsNone)
 {
     open(QUrl(QStringLiteral("https://example.com/Movies")));
-    EXPECT_EQ(store.phase(), StorageStore::Phase::idle);
-    EXPECT_FALSE(store.toast());
+    EXPECT_THAT(folders, ElementsAre());
+}
+
+TEST_F(FolderOpenerTest, OtherEventsGoOnToTheApplication)
+{
+    QEvent event(QEvent::ApplicationPaletteChange);
+    FolderOpener opener([this](const StartRequest &request) { folders.push_back(request.folder); });
+    EXPECT_FALSE(opener.eventFilter(QCoreApplication::instance(), &event));
+    EXPECT_THAT(folders, ElementsAre());
 }
 
 } // namespace
