@@ -3,6 +3,7 @@
 #include "cli/json_writer.h"
 #include "cli/path_argument.h"
 #include "core/path_guard.h"
+#include "core/second_paths.h"
 #include "core/words/display_text.h"
 
 namespace corvane {
@@ -47,7 +48,7 @@ bool isProtectedAnywhere(const std::string &path, const ProtectedLocations &loca
     const Expected<std::string> folder = files.realPath(std::string(containingFolder(plain)));
     const Expected<std::vector<std::string>> mountPoints = files.mountPoints();
     return folder && mountPoints &&
-           locations.isProtectedByIdentity(joined(*folder, lastPathComponent(plain)), *mountPoints, files);
+           SecondPaths(locations, files).leadToProtected(joined(*folder, lastPathComponent(plain)), *mountPoints);
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/mount_map.h"
 #include "core/system_table.h"
 #include "platform/ascii_case.h"
 #include "platform/environment.h"
@@ -35,17 +34,6 @@ constexpr std::string_view systemPrefixes[] = {"/System", "/usr", "/bin",   "/sb
 
 constexpr std::string_view prefixesInHome[] = {"Library/Keychains", "Library/Mail", "Library/Messages",
                                                "Library/Accounts",  ".ssh",         ".gnupg"};
-
-/// The innermost mount point that the path is or lies beneath.
-std::string mountPointOf(const std::string &path, const std::vector<std::string> &mountPoints)
-{
-    std::string innermost = "/";
-    for (const std::string &point : mountPoints) {
-        if (point.size() > innermost.size() && isOrLiesBeneath(path, point))
-            innermost = point;
-    }
-    return innermost;
-}
 
 std::string withTildeExpanded(std::string_view path, std::string_view home)
 {
@@ -169,41 +157,6 @@ bool ProtectedLocations::isProtectedReally(const std::string &realPath) const
     if (m_realHome != "/" && isOrLiesBeneath(folded(realPath), folded(m_realHome)))
         return isProtected(m_home + realPath.substr(m_realHome.size()));
     return isProtected(realPath);
-}
-
-bool ProtectedLocations::isProtectedByIdentity(const std::string &realPath, const std::vector<std::string> &mountPoints,
-                                               FileSystem &files) const
-{
-    const std::string mountOfHome = mountPointOf(m_realHome, mountPoints);
-    // Where case is ignored, so are the many ways to write an accented letter: the text of a name tells little.
-    if (!m_ignoresCase && mountOfHome == "/" && mountPointOf(realPath, mountPoints) == "/")
-        return false;
-
-    std::vector<std::pair<ItemIdentity, const std::string *>> places;
-    for (const std::string &place : m_places) {
-        const std::string mount = mountPointOf(place, mountPoints);
-        if (mount != "/" && mount != mountOfHome)
-            continue;
-        if (const Expected<ItemFacts> facts = files.facts(place); facts && facts->identity.isKnown())
-            places.emplace_back(facts->identity, &place);
-    }
-    for (std::string around = realPath; around.size() > 1; around.resize(containingFolder(around).size())) {
-        const Expected<ItemFacts> facts = files.facts(around);
-        if (!facts || facts->type == EntryType::symbolicLink)
-            continue;
-        const std::string inside = realPath.substr(around.size());
-        const bool leadsToProtected = std::ranges::any_of(places, [&](const auto &place) {
-            return place.first == facts->identity && *place.second != around &&
-                   isProtected(*place.second == "/" ? inside : *place.second + inside);
-        });
-        if (leadsToProtected)
-            return true;
-    }
-    // What lies deeper in a protected folder is in no table. The system's own places are left to their texts: some
-    // systems show the whole disk, the user's files included, beneath one of those.
-    return std::ranges::any_of(MountMap(files.mounts()).otherPathsOf(realPath), [&](const std::string &other) {
-        return liesBeneath(other, m_realHome) && isProtectedReally(other);
-    });
 }
 
 bool ProtectedLocations::isTrashFolder(std::string_view path) const

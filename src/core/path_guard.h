@@ -34,16 +34,14 @@ public:
     /// Judges an item by the real path of its folder and its own name; no link is followed.
     [[nodiscard]] bool isProtectedReally(const std::string &realPath) const;
 
-    /// Whether a real path is a second one to something protected, as where a folder is mounted a second time
-    /// elsewhere: goes by the identity (device, inode) of the protected places and of the folders around the item. Asks
-    /// nothing of places on other volumes than those of "/" and of the home, for one that no longer answers would
-    /// block; and asks nothing at all where no second mount is involved. Reads a hundred items otherwise: for the
-    /// moment of removing, not for the rows of a list.
-    [[nodiscard]] bool isProtectedByIdentity(const std::string &realPath, const std::vector<std::string> &mountPoints,
-                                             FileSystem &files) const;
-
     /// The path as it is compared: in small letters where the system takes no account of case.
     [[nodiscard]] std::string folded(std::string path) const;
+
+    /// Whether the system takes no account of case.
+    [[nodiscard]] bool ignoresCase() const { return m_ignoresCase; }
+
+    /// The protected places, and the folders that contain one, as they are written.
+    [[nodiscard]] const std::vector<std::string> &places() const { return m_places; }
 
     [[nodiscard]] const std::string &home() const { return m_home; }
 

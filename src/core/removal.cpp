@@ -8,6 +8,7 @@
 
 #include "core/allocated_size.h"
 #include "core/checked_add.h"
+#include "core/second_paths.h"
 #include "core/trash_move.h"
 #include "core/words/figures.h"
 
@@ -185,7 +186,7 @@ std::optional<Refusal> lastCopyRefusal(const RemovalStep &step, const HeldFolder
 
 /// Carries one step out; the reason when the item could not be removed.
 std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocations &locations,
-                                 const TrashFolders &trashFolders, const Host &host)
+                                 const TrashFolders &trashFolders, SecondPaths &secondPaths, const Host &host)
 {
     static constexpr const char *protectedLocation = "protected location";
     if (!isPlain(step.path, locations))
@@ -211,7 +212,7 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
         return systemRefusal(facts.error());
     const Expected<std::vector<std::string>> mountPoints = host.files.mountPoints();
     if (locations.isProtected(step.path) || locations.isProtectedReally(path) ||
-        (mountPoints && locations.isProtectedByIdentity(path, *mountPoints, host.files)))
+        (mountPoints && secondPaths.leadToProtected(path, *mountPoints)))
         return protectedLocation;
     if (std::optional<std::string> mounted = mountedOn(path, *facts, mountPoints, locations))
         return mounted;
@@ -314,13 +315,14 @@ RemovalOutcome Removal::perform(const std::vector<RemovalStep> &steps, const Pro
     trashFolders.resolveThoseOf(steps, host.files);
     RemovalOutcome outcome;
     outcome.removed.reserve(steps.size());
+    SecondPaths secondPaths(locations, host.files);
     const RequestToTrash request(host.trash);
     for (const RemovalStep &step : steps) {
         if (stop) {
             outcome.isStopped = true;
             break;
         }
-        if (const std::optional<Refusal> refusal = failureOf(step, locations, trashFolders, host)) {
+        if (const std::optional<Refusal> refusal = failureOf(step, locations, trashFolders, secondPaths, host)) {
             const std::string name(lastPathComponent(standardizedPath(step.path, locations.home())));
             outcome.failures.push_back({.path = step.path,
                                         .line = name + ": " + refusal->reason,

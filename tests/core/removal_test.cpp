@@ -1,5 +1,6 @@
 #include "core/removal.h"
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -753,6 +754,36 @@ TEST_F(RemovalOf, AHomeThatIsMountedASecondTimeIsProtectedThereAsInItsOwnPlace)
                      "Preferences: protected location"}));
     EXPECT_TRUE(deeds().empty());
     EXPECT_EQ(remove({{"/second/me/Documents/a", 1}, {"/second/me/Library/Preferences/b", 1}}).removed.size(), 2u);
+}
+
+TEST_F(RemovalOf, ManyItemsOfAHomeOnADiskOfItsOwnAskForProtectedPlacesOnce)
+{
+    fake.files.addFile("/Users/me/.ssh/key", 5);
+    fake.files.setMountPoints({{"/", "/Users"}});
+    Selection entries;
+    for (const char *name : {"a", "b", "c", "d"}) {
+        fake.files.addFile(std::string("/Users/me/films/") + name, 5);
+        entries[std::string("/Users/me/films/") + name] = 5;
+    }
+    EXPECT_EQ(remove(entries).removed.size(), 4u);
+    EXPECT_EQ(std::ranges::count(fake.log->lines(), "facts /Users/me/.ssh"), 1);
+}
+
+TEST_F(RemovalOf, AProtectedPlaceThatIsMountedASecondTimeBetweenTwoItemsIsRefusedThere)
+{
+    fake.files.addFile("/Users/me/.ssh/key", 5);
+    fake.files.addFile("/Users/me/films/a", 5);
+    fake.files.addFile("/second/keys/key", 5);
+    fake.files.setMountPoints({{"/", "/Users"}});
+    fake.log->observe([&](const std::string &line) {
+        if (line != "trashItem /Users/me/films/a")
+            return;
+        fake.files.identify("/second/keys", "/Users/me/.ssh");
+        fake.files.setMountPoints({{"/", "/Users", "/second/keys"}});
+    });
+    const RemovalOutcome outcome = remove({{"/Users/me/films/a", 5}, {"/second/keys/key", 5}});
+    EXPECT_EQ(failureLines(outcome), Lines{"key: protected location"});
+    EXPECT_EQ(outcome.removed.size(), 1u);
 }
 
 TEST_F(RemovalOf, AnItemAsksNothingOfProtectedPlacesWhereNothingIsMountedASecondTime)
