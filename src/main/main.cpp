@@ -35,7 +35,10 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString
 {
     if (type != QtFatalMsg)
         return;
-    std::fputs("corvane: there is no display to open a window on\n", stderr);
+    const bool isWayland = std::getenv("WAYLAND_DISPLAY") != nullptr;
+    std::fputs(isWayland ? "corvane: no window can be opened on this Wayland display; is qt6-wayland installed?\n"
+                         : "corvane: there is no display to open a window on\n",
+               stderr);
     std::_Exit(EXIT_FAILURE);
 }
 

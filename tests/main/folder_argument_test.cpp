@@ -16,7 +16,11 @@ protected:
     {
         return folderArgument(argument, systemHost().files);
     }
-    static std::string refusal(const std::string &argument) { return judge(argument).error_or("not refused"); }
+    static std::string refusal(const std::string &argument)
+    {
+        const Judged<std::string> judged = judge(argument);
+        return judged ? "not refused" : judged.error();
+    }
 
     TemporaryFolder m_folder;
 };

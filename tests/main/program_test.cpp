@@ -62,6 +62,17 @@ TEST_F(WindowProgramTest, StartedFromAMenuTheWindowOpensWhateverTheFolder)
     EXPECT_EQ(result.errors, "");
 }
 
+TEST_F(WindowProgramTest, WithoutADisplayOneLineSaysWhatIsMissing)
+{
+    const ProgramResult none = program({}).with("QT_QPA_PLATFORM", "none").run();
+    EXPECT_EQ(none.exitStatus, 1);
+    EXPECT_EQ(none.errors, "corvane: there is no display to open a window on\n");
+    const ProgramResult wayland =
+        program({}).with("QT_QPA_PLATFORM", "none").with("WAYLAND_DISPLAY", "wayland-7").run();
+    EXPECT_EQ(wayland.exitStatus, 1);
+    EXPECT_EQ(wayland.errors, "corvane: no window can be opened on this Wayland display; is qt6-wayland installed?\n");
+}
+
 TEST_F(WindowProgramTest, AMistypedOptionIsAnsweredWithTheNearestOne)
 {
     const ProgramResult result = run({"--hlep"});

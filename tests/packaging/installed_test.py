@@ -1,6 +1,6 @@
 """What `cmake --install` puts where, and whether the programs that read it find no fault with it.
 
-    installed_test.py CMAKE BUILD VERSION
+    installed_test.py CMAKE BUILD VERSION [WHAT-HAS-TO-BE-BUILT…]
 """
 import configparser
 import gzip
@@ -16,6 +16,7 @@ import xml.etree.ElementTree
 
 CMAKE, BUILD, VERSION = sys.argv[1:4]
 ID = "app.corvane.Corvane"
+SOURCE = pathlib.Path(__file__).resolve().parents[2] / "src"
 ICON_SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 
 EXPECTED = {
@@ -89,6 +90,22 @@ class Files(InstalledTest):
             with self.subTest(path=path):
                 self.assertEqual(path.read_bytes()[4:8], b"\0\0\0\0")
                 self.assertTrue(gzip.decompress(path.read_bytes()).strip())
+
+
+class Modules(InstalledTest):
+    # They are loaded at run time, so nothing but this tells what a package depends on.
+    def test_of_qml_that_the_window_imports_are_named_by_the_package(self):
+        config = (pathlib.Path(BUILD) / "CPackConfig.cmake").read_text()
+        depends = set(re.split(r"[,\s]+", re.search(r'CPACK_DEBIAN_PACKAGE_DEPENDS "([^"]*)"', config)[1]))
+        for path in SOURCE.rglob("*.qml"):
+            text = path.read_text()
+            # On a Mac alone, by its address.
+            if path.name == "SystemMenuBar.qml":
+                continue
+            self.assertNotRegex(text, r"\bSystemMenuBar\s*\{", path)
+            for module in re.findall(r"^import (Qt[\w.]*)", text, re.M):
+                package = "qml6-module-" + module.removesuffix(".Basic").lower().replace(".", "-")
+                self.assertIn(package, depends, path)
 
 
 class VersionEverywhere(InstalledTest):
