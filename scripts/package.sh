@@ -4,7 +4,7 @@ set -euo pipefail
 
 cd "$(dirname "$0")/.."
 if [[ $(uname -s) != Linux ]]; then
-    echo "package: only the Debian package exists so far, and that is made on Linux" >&2
+    echo "package: the Debian package is made on Linux; for a Mac there are the scripts in packaging/macos" >&2
     exit 1
 fi
 rm -rf build/package
