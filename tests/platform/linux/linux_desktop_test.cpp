@@ -12,6 +12,7 @@
 #include <sstream>
 #include <thread>
 
+#include <gio/gdesktopappinfo.h>
 #include <gmock/gmock.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
