@@ -100,8 +100,8 @@ if [[ -n $picture ]]; then
         sleep 0.2
     done
     display=:$(cat "$work/display")
-    in_root ann timeout 30 corvane "/home/ann/My Photos" &
-    sleep 12
+    in_root ann timeout 40 corvane "/home/ann/My Photos" &
+    sleep 25
     DISPLAY=$display import -window root "$picture"
     wait $! || true
 fi

@@ -70,6 +70,8 @@ public:
         m_folder->writeText("data/applications/corvane.desktop",
                             "[Desktop Entry]\nType=Application\nName=Corvane\nMimeType=inode/directory;\nExec=" +
                                 script("corvane", "printf 'corvane %s\\n' \"$1\" >> '" + m_record + "'") + " %f\n");
+        m_folder->writeText("data/applications/mimeinfo.cache",
+                            "[MIME Cache]\ninode/directory=corvane.desktop;opener.desktop;\n");
         m_folder->writeText("config/mimeapps.list", "[Default Applications]\ninode/directory=opener.desktop\n"
                                                     "x-scheme-handler/corvane-test=opener.desktop\n");
         ::setenv("HOME", m_folder->path().c_str(), 1);
