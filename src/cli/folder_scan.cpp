@@ -8,9 +8,24 @@
 #include "cli/scan_watch.h"
 #include "core/scan_words.h"
 #include "core/scanner.h"
+#include "core/stoppable_files.h"
 #include "core/words/system_words.h"
 
 namespace corvane {
+
+namespace {
+
+std::string whyUnreadable(const std::string &path, FileSystem &files)
+{
+    const Expected<std::unique_ptr<OpenFolder>> folder = files.openFolder(path);
+    if (folder)
+        return "the listing failed";
+    const Error &error = folder.error();
+    const bool isDenied = error.code == std::errc::permission_denied;
+    return error.description() + (isDenied ? ownerText(wordsOf(files.systemKind()).deniedTo, path, files) : "");
+}
+
+} // namespace
 
 Judged<FolderScan> FolderScan::run(const std::string &path, Extent extent, const Console &console, FileSystem &files)
 {
@@ -27,16 +42,13 @@ Judged<FolderScan> FolderScan::run(const std::string &path, Extent extent, const
             return tl::unexpected(fmt::format("cannot scan {}: {}", path, scanFailureText(*failure)));
         scan.isCancelled = progress.isCancelled();
         scan.denied = progress.counters().denied;
+        StoppableFiles scanned(files, path, Scanner::waiting(progress));
         if (extent == Extent::treeAndSummary)
-            scan.summary = ScanSummary::make(scan.root, DevJunkRule::match, files);
+            scan.summary = ScanSummary::make(scan.root, DevJunkRule::match, scanned);
+        if (scan.root->unreadable)
+            scan.unreadableReason = whyUnreadable(path, scanned);
     }
     scan.seconds = std::chrono::duration<double>(Clock::now() - start).count();
-    if (scan.root->unreadable) {
-        const Expected<std::unique_ptr<OpenFolder>> folder = files.openFolder(path);
-        scan.unreadableReason = folder ? "the listing failed" : folder.error().description();
-        if (!folder && folder.error().code == std::errc::permission_denied)
-            scan.unreadableReason += ownerText(wordsOf(files.systemKind()).deniedTo, path, files);
-    }
     return scan;
 }
 

@@ -14,6 +14,12 @@ void ScanProgress::record(std::int64_t files, std::int64_t bytes, std::string_vi
     m_counters.current = path;
 }
 
+void ScanProgress::recordWait(std::string_view path)
+{
+    const std::scoped_lock lock(m_lock);
+    m_counters.current = path;
+}
+
 void ScanProgress::recordDenied()
 {
     const std::scoped_lock lock(m_lock);

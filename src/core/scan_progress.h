@@ -20,12 +20,14 @@ public:
         std::int64_t files = 0;
         std::int64_t bytes = 0;
         std::int64_t denied = 0; ///< folders below the root that could not be opened or listed
-        std::string current;     ///< path (bytes) of the folder finished last
+        std::string current;     ///< path (bytes) of the folder finished last, or waited for
     };
 
     /// Adds one folder's own files and bytes and names it as the one finished last.
     void record(std::int64_t files, std::int64_t bytes, std::string_view path);
     void recordDenied();
+    /// Names a folder that has been waited for long, in the place of the one finished last.
+    void recordWait(std::string_view path);
     /// Asks the walk to stop; it does at the next folder it would enter, and in the middle of a very long listing.
     void cancel();
     [[nodiscard]] bool isCancelled() const;

@@ -12,6 +12,7 @@
 #include "core/foreign_sum.h"
 #include "core/scan_bounds.h"
 #include "core/shared_walk.h"
+#include "core/stoppable_files.h"
 #include "core/volume_info.h"
 #include "core/walk_pace.h"
 #include "platform/path.h"
@@ -93,12 +94,13 @@ struct Walk {
     // Of all the files' figures, which come from outside. More than `foreignSumLimit` cannot be added up.
     std::atomic<std::int64_t> total = 0;
 
-    /// Takes note of a folder that could not be opened; that it has just vanished is nothing special.
+    /// Takes note of a folder that could not be opened; that it has just vanished, or that nobody waits for it
+    /// any more, is nothing special.
     void noteUnopened(const Error &error)
     {
         if (hasRunOutOfFileNumbers(error))
             progress.fail(error);
-        else if (!error.isMissing())
+        else if (!error.isMissing() && error.code != std::errc::operation_canceled)
             progress.recordDenied();
     }
 };
@@ -294,8 +296,15 @@ FileNode::Kind rootKind(const std::string &path, FileSystem &files)
 
 } // namespace
 
-std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &progress, FileSystem &files)
+Waiting Scanner::waiting(ScanProgress &progress)
 {
+    return {.isOver = [&progress] { return progress.shouldStop(); },
+            .isSlow = [&progress](const std::string &path) { progress.recordWait(path); }};
+}
+
+std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &progress, FileSystem &allFiles)
+{
+    StoppableFiles files(allFiles, path, waiting(progress));
     auto root = std::make_shared<FileNode>(path, rootKind(path, files), path == "/" ? diskName(files) : std::string());
     if (progress.isCancelled())
         return root;

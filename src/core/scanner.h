@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/detached_call.h"
 #include "core/file_node.h"
 #include "core/scan_progress.h"
 #include "platform/host.h"
@@ -30,8 +31,13 @@ struct Scanner {
 
     /// The tree of a finished or cancelled walk of the folder at `path` (absolute bytes). Blocks; never fails:
     /// a root that cannot be listed comes back `unreadable`. Where the walk could not go on, `progress` has a failure.
+    /// Once cancelled it ends within a second, also where a file system in another program or behind a network does
+    /// not answer; `files` must outlive what was asked of that one.
     [[nodiscard]] static std::shared_ptr<FileNode> scan(const std::string &path, ScanProgress &progress,
                                                         FileSystem &files = systemHost().files);
+
+    /// How long a scan waits for an answer; `progress` must live as long.
+    [[nodiscard]] static Waiting waiting(ScanProgress &progress);
 };
 
 } // namespace corvane

@@ -14,6 +14,16 @@ Expected<std::unique_ptr<FileReader>> FileSystem::openFile(const std::string &pa
     return tl::unexpected(Error{"open", path, std::make_error_code(std::errc::not_supported), {}});
 }
 
+std::vector<std::string> FileSystem::unsureMounts()
+{
+    std::vector<std::string> unsure;
+    for (MountedFolder &mount : mounts()) {
+        if (mount.mayNotAnswer)
+            unsure.push_back(std::move(mount.path));
+    }
+    return unsure;
+}
+
 SystemKind FileSystem::systemKind()
 {
     std::call_once(m_kindKnown,

@@ -105,6 +105,10 @@ public:
 
     /// The system's number of the open folder; -1 where it has none.
     [[nodiscard]] virtual int descriptor() const { return -1; }
+
+    /// Makes what this is of the same folder, opened anew from inside it; empty where that is one already.
+    using Wrapping = std::function<std::unique_ptr<OpenFolder>(std::unique_ptr<OpenFolder>)>;
+    [[nodiscard]] virtual Wrapping wrapping() const { return {}; }
 };
 
 /// Tells one item from whatever takes its place: its kind, and its number on its device. All zeros where unknown.
@@ -187,6 +191,10 @@ public:
     /// What is mounted, each mount point once, with what is seen there; empty where the system does not tell. Touches
     /// none of the mounted file systems.
     [[nodiscard]] virtual std::vector<MountedFolder> mounts() { return {}; }
+
+    /// The folders on which file systems are mounted that may not answer, since they lie behind a network or in
+    /// another program; told without asking any of them.
+    [[nodiscard]] virtual std::vector<std::string> unsureMounts();
 
     /// Where this system keeps what a Mac, or a tool that nobody has told otherwise, keeps in that folder of the home
     /// (a path relative to it), if it has a place of its own for it; a Mac has none. The place need not exist.

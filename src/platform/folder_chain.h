@@ -27,7 +27,7 @@ public:
     /// Goes down into a folder directly inside the innermost one, or starts the chain.
     void push(std::shared_ptr<OpenFolder> folder)
     {
-        m_links.push_back({std::move(folder), {}});
+        m_links.push_back({std::move(folder), {}, {}});
         closeAllBut(openLimit);
     }
 
@@ -74,7 +74,7 @@ public:
             return;
         Expected<std::unique_ptr<OpenFolder>> reopened = openPatiently([&] { return left->openParent(); });
         if (reopened && (*reopened)->identity() == now.identity)
-            now.folder = std::move(*reopened);
+            now.folder = now.wrapping ? now.wrapping(std::move(*reopened)) : std::move(*reopened);
         else if (!reopened)
             m_loss = std::move(reopened.error());
     }
@@ -83,6 +83,7 @@ private:
     struct Link {
         std::shared_ptr<OpenFolder> folder; // null while closed
         FolderIdentity identity;            // noted when it is closed
+        OpenFolder::Wrapping wrapping;      // the same
     };
 
     /// Keeps the innermost `count` open.
@@ -91,6 +92,7 @@ private:
         while (m_links.size() - m_firstOpen > count) {
             Link &outermost = m_links[m_firstOpen++];
             outermost.identity = outermost.folder->identity();
+            outermost.wrapping = outermost.folder->wrapping();
             outermost.folder.reset();
         }
     }

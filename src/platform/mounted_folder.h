@@ -12,6 +12,7 @@ struct MountedFolder {
     std::string shown = "/";      ///< the folder of the file system that is seen there; "/" is all of it
     std::string source = {};      ///< what is mounted, such as a device's path; empty where unknown
     std::string pool = {};        ///< the ZFS pool that it shares its free space in; empty elsewhere
+    bool mayNotAnswer = false;    ///< it lies behind a network, or in another program
 
     friend bool operator==(const MountedFolder &, const MountedFolder &) = default;
 };

@@ -1,8 +1,10 @@
+#include <chrono>
 #include <utility>
 
 #include "cleanup/dev_junk_rule.h"
 #include "core/scan_words.h"
 #include "core/scanner.h"
+#include "core/stoppable_files.h"
 #include "core/store/storage_store.h"
 #include "platform/path.h"
 
@@ -18,10 +20,15 @@ std::int64_t StorageStore::secondsSinceScan() const
 std::optional<std::string> StorageStore::scannable(const std::string &path)
 {
     std::string target = standardizedPath(path, m_locations.home());
-    auto facts = m_host.files.facts(target);
+    // The window waits meanwhile.
+    const auto begin = std::chrono::steady_clock::now();
+    StoppableFiles files(m_host.files, target, {.isOver = [&] {
+                             return std::chrono::steady_clock::now() - begin > std::chrono::seconds(1);
+                         }});
+    auto facts = files.facts(target);
     if (facts && facts->type == EntryType::symbolicLink) {
-        const auto real = m_host.files.realPath(target);
-        facts = real ? m_host.files.facts(*real) : Expected<ItemFacts>(tl::unexpected(real.error()));
+        const auto real = files.realPath(target);
+        facts = real ? files.facts(*real) : Expected<ItemFacts>(tl::unexpected(real.error()));
         // A home that is a link keeps its name, by which its places are known.
         if (real && target != m_locations.home())
             target = *real;
@@ -48,7 +55,8 @@ void StorageStore::scan(const std::string &path)
     m_scanJob.start([this, target = *target](ScanProgress &progress) {
         auto result = std::make_shared<ScanResult>();
         result->root = Scanner::scan(target, progress, m_host.files);
-        result->summary = ScanSummary::make(result->root, DevJunkRule::match, m_host.files);
+        StoppableFiles files(m_host.files, target, Scanner::waiting(progress));
+        result->summary = ScanSummary::make(result->root, DevJunkRule::match, files);
         result->types = ScanSummary::types(*result->root);
         return result;
     });

@@ -1,10 +1,13 @@
 #include "platform/linux/mount_table.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <fstream>
 #include <mutex>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include <fcntl.h>
@@ -69,6 +72,20 @@ std::string unescapedOctal(const std::string &text)
     return path;
 }
 
+namespace {
+
+/// Whether a file system of that type is served by another computer, or by a program of this one.
+bool mayNotAnswer(std::string_view type)
+{
+    constexpr std::array<std::string_view, 21> served{
+        "9p",     "afs",   "autofs", "beegfs", "ceph",  "cifs",     "coda", "davfs", "gfs2",   "glusterfs", "gpfs",
+        "lustre", "ncpfs", "nfs",    "nfs4",   "ocfs2", "orangefs", "smb3", "smbfs", "vboxsf", "virtiofs"};
+    // "fuse.sshfs", and "fuseblk" for one that keeps its files on a disk.
+    return type.starts_with("fuse") || std::ranges::find(served, type) != served.end();
+}
+
+} // namespace
+
 std::vector<MountedFolder> mountsIn(std::istream &mounts)
 {
     std::vector<MountedFolder> table;
@@ -88,8 +105,8 @@ std::vector<MountedFolder> mountsIn(std::istream &mounts)
         fields >> type >> source;
         source = unescapedOctal(source);
         const std::string pool = type == "zfs" ? source.substr(0, source.find('/')) : std::string();
-        table.push_back(
-            {unescapedOctal(point), std::uint64_t{major} << 32 | minor, unescapedOctal(root), source, pool});
+        table.push_back({unescapedOctal(point), std::uint64_t{major} << 32 | minor, unescapedOctal(root), source, pool,
+                         mayNotAnswer(type)});
     }
     return table;
 }

@@ -19,6 +19,7 @@ public:
     [[nodiscard]] Expected<std::string> realPath(const std::string &path) override;
     [[nodiscard]] Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override;
     [[nodiscard]] Expected<std::vector<std::string>> mountPoints() override;
+    [[nodiscard]] std::vector<std::string> unsureMounts() override;
     [[nodiscard]] std::string homeFolder() override;
 
 private:

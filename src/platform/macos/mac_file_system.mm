@@ -101,6 +101,16 @@ Expected<std::vector<std::string>> MacFileSystem::mountPoints()
     return points;
 }
 
+std::vector<std::string> MacFileSystem::unsureMounts()
+{
+    std::vector<std::string> unsure;
+    for (const struct statfs &volume : mountedVolumes()) {
+        if ((volume.f_flags & MNT_LOCAL) == 0)
+            unsure.emplace_back(volume.f_mntonname);
+    }
+    return unsure;
+}
+
 std::string MacFileSystem::homeFolder()
 {
     return guardedAnswer(std::string(), [] { return std::string(NSHomeDirectory().fileSystemRepresentation); });

@@ -22,9 +22,9 @@ TEST(LinuxMountTable, IsReadWithPathsAsTheKernelWritesThem)
     ASSERT_EQ(mounts.size(), 5u);
     EXPECT_EQ(mounts[0], (MountedFolder{"/", std::uint64_t{254} << 32, "/", "/dev/sda1"}));
     EXPECT_EQ(mounts[1], (MountedFolder{"/home", 40, "/@home", "/dev/sdb"}));
-    EXPECT_EQ(mounts[2], (MountedFolder{"/home/a b\tc\nd\\e", 41, "/", "me@host:/x y"}));
+    EXPECT_EQ(mounts[2], (MountedFolder{"/home/a b\tc\nd\\e", 41, "/", "me@host:/x y", "", true}));
     EXPECT_EQ(mounts[3], (MountedFolder{"/srv", 42, "/", "rpool/ROOT/debian", "rpool"}));
-    EXPECT_EQ(mounts[4], (MountedFolder{"/net", 43, "/"}));
+    EXPECT_EQ(mounts[4], (MountedFolder{"/net", 43, "/", "", "", true}));
 }
 
 TEST(LinuxMountTable, TellsWhatIsSeenWhereAndOfWhichFileSystem)
