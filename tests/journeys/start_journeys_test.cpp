@@ -102,6 +102,7 @@ TEST_F(StartJourney, TheDesktopMayOpenAnAddressAndIsToldInTheWindowWhatIsWrong)
 {
     EXPECT_FALSE(
         call(QStringLiteral("Open"), {QStringList{QStringLiteral("sftp://host/files")}, QVariantMap()}).isError());
+    waitForToast();
     EXPECT_EQ(toast(), "sftp://host/files is not on a disk of this computer; mount it and give the folder that it is "
                        "mounted at");
 }
