@@ -94,8 +94,13 @@ void RingNode::show(const QRectF &rect, double cornerRadius, const RingStyle &st
             const auto &[sourceX, sourceWidth, x, width] = columns[column];
             const auto &[sourceY, sourceHeight, y, height] = rows[row];
             QSGImageNode *part = m_parts[row * 3 + column];
-            part->setSourceRect(sourceX, sourceY, sourceWidth, sourceHeight);
-            part->setRect(QRectF(origin + QPointF(x, y) / devicePixelRatio, QSizeF(width, height) / devicePixelRatio));
+            const QRectF target(origin + QPointF(x, y) / devicePixelRatio, QSizeF(width, height) / devicePixelRatio);
+            const QRectF source(sourceX, sourceY, sourceWidth, sourceHeight);
+            // What is set counts as new and is drawn again, also where it is the same.
+            if (part->rect() == target && part->sourceRect() == source)
+                continue;
+            part->setSourceRect(source);
+            part->setRect(target);
         }
     }
 }
@@ -103,7 +108,7 @@ void RingNode::show(const QRectF &rect, double cornerRadius, const RingStyle &st
 void RingNode::hide()
 {
     for (QSGImageNode *part : m_parts) {
-        if (part)
+        if (part && !part->rect().isNull())
             part->setRect(QRectF());
     }
 }

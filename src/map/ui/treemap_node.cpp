@@ -30,6 +30,17 @@ QRectF wholeSource(const QSGImageNode *node)
     return {QPointF(0, 0), QSizeF(node->texture()->textureSize())};
 }
 
+/// Whatever is set counts as new and is drawn again, so what stays the same is left alone.
+void place(QSGImageNode *node, QSGTexture::Filtering filtering, const QRectF &source, const QRectF &rect)
+{
+    if (node->filtering() != filtering)
+        node->setFiltering(filtering);
+    if (node->sourceRect() != source)
+        node->setSourceRect(source);
+    if (node->rect() != rect)
+        node->setRect(rect);
+}
+
 } // namespace
 
 TreemapNode::TreemapNode(QQuickWindow &window) : m_window(window)
@@ -73,9 +84,7 @@ void TreemapNode::setOtherPictures(const QImage &picture, const QImage &tinted)
 void TreemapNode::showStill(const QRectF &area)
 {
     moveTo(m_picture, m_back);
-    m_picture->setFiltering(QSGTexture::Nearest);
-    m_picture->setSourceRect(wholeSource(m_picture));
-    m_picture->setRect(area);
+    place(m_picture, QSGTexture::Nearest, wholeSource(m_picture), area);
 }
 
 void TreemapNode::showBetween(const QRectF &area, const QRectF &tile, double part, bool inward)
@@ -84,25 +93,21 @@ void TreemapNode::showBetween(const QRectF &area, const QRectF &tile, double par
     QSGImageNode *inner = inward ? m_picture : m_other;
     moveTo(outer, m_back);
     moveTo(inner, m_own);
-    outer->setFiltering(QSGTexture::Linear);
 
     // Only what lies inside the area is drawn, so nothing has to be clipped.
     const QRectF seen = between(area, tile, part);
     const QSizeF pixels(outer->texture()->textureSize());
     const double scaleX = pixels.width() / area.width();
     const double scaleY = pixels.height() / area.height();
-    outer->setSourceRect(QRectF(seen.x() * scaleX, seen.y() * scaleY, seen.width() * scaleX, seen.height() * scaleY));
-    outer->setRect(area);
+    place(outer, QSGTexture::Linear,
+          QRectF(seen.x() * scaleX, seen.y() * scaleY, seen.width() * scaleX, seen.height() * scaleY), area);
 
     const double zoomX = area.width() / seen.width();
     const double zoomY = area.height() / seen.height();
-    const QRectF place((tile.x() - seen.x()) * zoomX, (tile.y() - seen.y()) * zoomY, tile.width() * zoomX,
-                       tile.height() * zoomY);
-    for (QSGImageNode *const node : {inner, m_tinted}) {
-        node->setFiltering(QSGTexture::Linear);
-        node->setSourceRect(wholeSource(node));
-        node->setRect(place);
-    }
+    const QRectF inside((tile.x() - seen.x()) * zoomX, (tile.y() - seen.y()) * zoomY, tile.width() * zoomX,
+                        tile.height() * zoomY);
+    for (QSGImageNode *const node : {inner, m_tinted})
+        place(node, QSGTexture::Linear, wholeSource(node), inside);
     m_tint->setOpacity(1 - part);
     m_front->setOpacity(firstOpacity + (1 - firstOpacity) * part);
 }

@@ -214,7 +214,9 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
     const QPointF aligned(std::round(origin.x() * ratio) / ratio, std::round(origin.y() * ratio) / ratio);
     QMatrix4x4 shift;
     shift.translate(static_cast<float>(aligned.x() - origin.x()), static_cast<float>(aligned.y() - origin.y()));
-    node->setMatrix(shift);
+    // A matrix that is set counts as new, and the software renderer then draws the whole map once more.
+    if (node->matrix() != shift)
+        node->setMatrix(shift);
 
     const QRectF area(QPointF(0, 0), m_picture.deviceIndependentSize());
     const bool changing = !m_change.picture().isNull();
