@@ -18,75 +18,17 @@
 #include <fmt/format.h>
 
 #include "core/store/storage_store.h"
+#include "made_up_files.h"
 #include "median.h"
 
 namespace {
 
-using corvane::EntryType;
-using corvane::Error;
-using corvane::Expected;
-using corvane::ItemFacts;
-using corvane::OpenFolder;
 using corvane::StorageStore;
 using Clock = std::chrono::steady_clock;
 
 constexpr double limit = 50; // milliseconds
 
-// At the top 1000 folders with 100 folders each, in which there are 10 files.
-constexpr std::size_t widths[] = {1'000, 100, 10};
-constexpr std::int64_t fileSize = 1'200'000;
 constexpr std::int64_t fileCount = 1'000'000;
-
-Error refusal(const std::string &path)
-{
-    return {"open", path, std::make_error_code(std::errc::operation_not_permitted), {}};
-}
-
-class MadeUpFolder final : public OpenFolder {
-public:
-    MadeUpFolder(std::size_t level, std::uint64_t number) : m_level(level), m_number(number) {}
-
-    Expected<void> list(const corvane::EntrySink &sink) override
-    {
-        const bool holdsFiles = m_level + 1 == std::size(widths);
-        for (std::size_t i = 0; i < widths[m_level]; ++i) {
-            const std::string name = fmt::format("{}{}", holdsFiles ? "film" : "folder", i);
-            sink({.name = name,
-                  .type = holdsFiles ? EntryType::file : EntryType::directory,
-                  .allocated = holdsFiles ? fileSize : 0,
-                  .modified = {}});
-        }
-        return {};
-    }
-    Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name) override
-    {
-        std::uint64_t index = 0;
-        const std::string_view digits = std::string_view(name).substr(std::string_view("folder").size());
-        std::from_chars(digits.data(), digits.data() + digits.size(), index);
-        return std::make_unique<MadeUpFolder>(m_level + 1, m_number * widths[m_level] + index + 1);
-    }
-    Expected<std::unique_ptr<OpenFolder>> openParent() override { return tl::unexpected(refusal("..")); }
-    [[nodiscard]] corvane::FolderIdentity identity() const override { return {m_level + 1, m_number + 1}; }
-    [[nodiscard]] corvane::Time modified() const override { return corvane::distantPast; }
-
-private:
-    const std::size_t m_level;
-    const std::uint64_t m_number;
-};
-
-class MadeUpFiles final : public corvane::FileSystem {
-public:
-    Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &) override
-    {
-        return std::make_unique<MadeUpFolder>(0, 0);
-    }
-    Expected<ItemFacts> facts(const std::string &) override { return ItemFacts{.type = EntryType::directory}; }
-    bool exists(const std::string &) override { return false; }
-    bool canOpen(const std::string &) override { return false; }
-    Expected<std::string> realPath(const std::string &path) override { return path; }
-    Expected<void> removeItem(const std::string &path) override { return tl::unexpected(refusal(path)); }
-    std::string homeFolder() override { return "/made-up"; }
-};
 
 double milliseconds(Clock::duration duration)
 {
@@ -132,7 +74,8 @@ int main(int argc, char **argv)
     }
     TimedApplication application(argc, argv);
     const corvane::Host &system = corvane::systemHost();
-    MadeUpFiles files;
+    // At the top 1000 folders with 100 folders each, in which there are 10 files.
+    MadeUpFiles files({1'000, 100, 10}, 1'200'000);
     const corvane::Host host{files, system.trash, system.volumes, system.desktop, system.applications};
     StorageStore store(host, corvane::PathGuard::locations());
 

@@ -9,6 +9,8 @@
 #   duplicates  finding duplicates among 3 GB of files
 #   lists       filtering and sorting 500,000 files
 #   publish     how long the window stands still when a scan of 1,000,000 files is published (needs Qt)
+#   window      how fast the window starts and draws, and what it takes of the memory (needs Qt, and Xvfb where there is
+#               no display); with the software renderer, and with QT_QUICK_BACKEND= in the environment as Qt chooses
 #               Without a name, all of them.
 #   --rounds N  how often each program runs (7)
 #   --cold      scan, duplicates: with the system's disk cache emptied before each run (needs root); without, all runs are warm
@@ -30,7 +32,7 @@ remove=
 names=()
 while [[ $# -gt 0 ]]; do
     case $1 in
-    scan | measure | remove | summary | apps | duplicates | lists | publish) names+=("$1") ;;
+    scan | measure | remove | summary | apps | duplicates | lists | publish | window) names+=("$1") ;;
     --rounds)
         rounds=${2:-}
         if [[ ! $rounds =~ ^[1-9][0-9]*$ ]]; then
@@ -58,17 +60,25 @@ if [[ $cold && $(id -u) -ne 0 ]]; then
     exit 2
 fi
 
-[[ ${#names[@]} -gt 0 ]] || names=(scan measure remove summary apps duplicates lists publish)
+[[ ${#names[@]} -gt 0 ]] || names=(scan measure remove summary apps duplicates lists publish window)
 require_packages build bench
 
 # Qt belongs to the window, so what needs it has a build of its own.
-if [[ " ${names[*]} " == *" publish "* ]]; then
+window_targets=()
+for name in "${names[@]}"; do
+    case $name in
+    publish) window_targets+=(bench_publish) ;;
+    window) window_targets+=(bench_window corvane) ;;
+    esac
+done
+if [[ ${#window_targets[@]} -gt 0 ]]; then
     require_packages ui
+    [[ " ${names[*]} " != *" window "* ]] || require_packages window display
     require_assets
-    build bench-window bench_publish
-    publish_program=$PWD/build/bench-window/bin/bench_publish
+    build bench-window "${window_targets[@]}"
+    window_programs=$PWD/build/bench-window/bin
 fi
-if [[ "${names[*]}" != publish ]]; then
+if [[ ! "${names[*]}" =~ ^(publish|window| )*$ ]] || [[ " ${names[*]} " == *" window "* ]]; then
     build bench
     cd build/bench/bin
 fi
@@ -167,6 +177,33 @@ remove() {
     echo
 }
 
+# What the programs say of a missing message bus and the like is no result.
+window() {
+    local folder=$cache/files-$version sandbox=$cache/window backend=${QT_QUICK_BACKEND-software}
+    local launcher=()
+    if [[ ! -e $folder.done ]]; then
+        echo "Generating 1,000,000 files in $cache (once; ./dev bench --remove takes them away again) …" >&2
+        rm -rf "$folder"
+        mkdir -p "$cache"
+        ./bench_remove make files 1000000 "$folder"
+        touch "$folder.done"
+    fi
+    rm -rf "$sandbox"
+    mkdir -p "$sandbox"/{home,config/Corvane,cache,data}
+    [[ -n ${DISPLAY:-} ]] || launcher=(xvfb-run -a -s "-screen 0 1920x1200x24")
+    echo "window: ${backend:-the default} renderer, xcb, on $(if [[ -n ${DISPLAY:-} ]]; then
+        echo "$DISPLAY"
+    else
+        echo Xvfb
+    fi)"
+    env -u DBUS_SESSION_BUS_ADDRESS -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb QT_QUICK_BACKEND="$backend" \
+        "${launcher[@]}" "$window_programs/bench_window" "$rounds" "$window_programs/corvane" "$folder" "$sandbox" \
+        2>"$sandbox/messages" || {
+        cat "$sandbox/messages" >&2
+        return 1
+    }
+}
+
 # jdupes compares bytes where the others take fingerprints: it stands beside them to show what that choice costs.
 duplicates() {
     local folder=$cache/duplicates-$version-$seed quoted
@@ -217,7 +254,11 @@ for name in "${names[@]}"; do
         echo
         ;;
     publish)
-        "$publish_program" "$rounds"
+        "$window_programs/bench_publish" "$rounds"
+        echo
+        ;;
+    window)
+        window
         echo
         ;;
     esac

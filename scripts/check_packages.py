@@ -48,6 +48,7 @@ COMMANDS = {
         '. scripts/sources.sh; command -v "$(llvm_tool clang-format)" && command -v "$(llvm_tool clang-tidy)"']),
     "bench": ("build bench", [configure("bench"), has_programs("hyperfine", "ncdu", "gdu")]),
     "bench publish": ("build bench ui", [configure("bench-window")]),
+    "bench window": ("build bench ui window display", [configure("bench-window"), has_programs("Xvfb", "xvfb-run")]),
     "fuzz": ("build ui fuzz", [configure("fuzz", "CXX=clang++-19")]),
     "package": ("build ui package", [configure("release"), has_programs("cpack", "dpkg-shlibdeps", "file", "strip", "lintian")]),
 }

@@ -23,6 +23,7 @@ packages_for() {
         echo ccache libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils \
             desktop-file-utils appstream
         ;;
+    Linux/display) echo xvfb xauth ;;
     Linux/npm) echo nodejs npm ;;
     Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck yamllint ;;
     Linux/bench) echo hyperfine ncdu gdu rmlint jdupes rdfind fdupes ;;

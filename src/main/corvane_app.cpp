@@ -3,10 +3,13 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <QGuiApplication>
+
 #include "core/path_guard.h"
 #include "main/folder_argument.h"
 #include "main/user_settings.h"
 #include "platform/host.h"
+#include "shell/ui/app_icon.h"
 #include "shell/ui/services_registration.h"
 #include "shell/ui/shell_ui.h"
 #include "shell/ui/store_registration.h"
@@ -25,8 +28,8 @@ void endWithoutGraphics(QQuickWindow::SceneGraphError, const QString &message)
 
 } // namespace
 
-CorvaneApp::CorvaneApp(const QUrl &site, const UpdateConfiguration &updates)
-    : m_store(systemHost(), PathGuard::locations()),
+CorvaneApp::CorvaneApp(const QUrl &site, const UpdateConfiguration &updates, const Host &host)
+    : m_store(host, PathGuard::locations()),
       m_defaults(openUserSettings()),
       m_updater(makeUpdateController(updates, m_defaults),
                 AppUpdater::isConfigured(updates.publicKey, updates.feedUrl)),
@@ -41,6 +44,8 @@ CorvaneApp::CorvaneApp(const QUrl &site, const UpdateConfiguration &updates)
 
 bool CorvaneApp::openWindow()
 {
+    // Measuring keeps every core busy, which the window needs while it is made.
+    m_store.holdBreakdown();
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/App/Main.qml")));
     m_window =
         m_engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(m_engine.rootObjects().first());
@@ -49,6 +54,9 @@ bool CorvaneApp::openWindow()
         return false;
     }
     QObject::connect(m_window, &QQuickWindow::sceneGraphError, m_window, endWithoutGraphics, Qt::DirectConnection);
+    QObject::connect(
+        m_window, &QQuickWindow::frameSwapped, m_window, [this] { finishStart(); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     m_windowState.emplace(*m_window, m_defaults.settings());
     m_windowState->restore();
     if (m_window->windowState() == Qt::WindowMaximized)
@@ -57,9 +65,15 @@ bool CorvaneApp::openWindow()
         m_window->show();
     m_window->requestActivate();
     systemHost().desktop.activateApplication();
+    return true;
+}
+
+void CorvaneApp::finishStart()
+{
+    QGuiApplication::setWindowIcon(appIcon());
+    m_store.releaseBreakdown();
     measureCleanup();
     m_crashReporter.checkOnLaunch();
-    return true;
 }
 
 void CorvaneApp::answer(const StartRequest &request)

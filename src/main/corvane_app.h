@@ -11,6 +11,7 @@
 
 #include "core/store/storage_store.h"
 #include "main/running_program.h"
+#include "platform/host.h"
 #include "shell/app_info.h"
 #include "shell/services.h"
 #include "shell/ui/window/window_state.h"
@@ -22,12 +23,13 @@ namespace corvane {
 /// QGuiApplication and before its event loop; main thread only.
 class CorvaneApp {
 public:
-    /// `site` is where what the user sends goes, `updates` where updates come from.
+    /// `site` is where what the user sends goes, `updates` where updates come from, `host` the system that is shown.
     explicit CorvaneApp(const QUrl &site = AppInfo::site(),
-                        const UpdateConfiguration &updates = UpdateConfiguration::ofThisBuild());
+                        const UpdateConfiguration &updates = UpdateConfiguration::ofThisBuild(),
+                        const Host &host = systemHost());
 
     /// Shows the window and brings it to the front; false, with one line on standard error, when it cannot be
-    /// made.
+    /// made. What the start needs besides is done once the window is drawn.
     [[nodiscard]] bool openWindow();
 
     /// Brings the window to the front and, where there is a folder, scans it as if it had been chosen there; one that
@@ -40,6 +42,8 @@ public:
     [[nodiscard]] QQuickWindow *window() const { return m_window; }
 
 private:
+    /// What nobody can see yet when the window is drawn for the first time.
+    void finishStart();
     /// Measures what can be cleaned, so that it is known by the time that a screen shows it. Not before the user has
     /// been told what for: a system that guards folders asks about them one by one.
     void measureCleanup();

@@ -25,8 +25,11 @@ protected:
         waitUntil([&] { return m_held->isReached() && store().scannedFiles() == 1; }, QStringLiteral("a slow scan"));
     }
 
-    QObject &folderDialog() { return *window().findChild<QObject *>(QStringLiteral("folderDialog")); }
-    bool folderDialogIsOpen() { return folderDialog().property("visible").toBool(); }
+    bool folderDialogIsOpen()
+    {
+        const QObject *const dialog = window().findChild<QObject *>(QStringLiteral("folderDialog"));
+        return dialog != nullptr && dialog->property("visible").toBool();
+    }
 
     /// Clicks what bears that text in the dialog, which is Qt's own: a folder's row or a button.
     void clickInDialog(const QString &text)

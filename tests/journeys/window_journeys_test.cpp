@@ -46,6 +46,19 @@ TEST_F(WindowJourney, ClosingTheWindowEndsTheProgram)
     EXPECT_EQ(runUntilClosed(), 0);
 }
 
+TEST_F(WindowJourney, NothingIsMeasuredBeforeTheWindowIsDrawn)
+{
+    setDefault("didOnboard", "true");
+    CorvaneApp program;
+    ASSERT_TRUE(program.openWindow());
+    EXPECT_FALSE(program.store().cleanupLoading());
+    EXPECT_TRUE(program.store().breakdownLoading()) << "the overview waits for it";
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program.store().cleanupLoading(); }, 20'000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !program.store().breakdownLoading(); }, 20'000));
+    EXPECT_TRUE(program.store().breakdown().has_value());
+}
+
 TEST_F(WindowJourney, ClosingTheWindowDuringAScanEndsTheProgram)
 {
     addFile("Slow/Deeper/late.bin", 5);

@@ -72,6 +72,7 @@ public:
         }
         ++m_token;
         m_isLoading = false;
+        m_heldWork = nullptr;
     }
 
     /// Drops the newest request; none is started any more.
@@ -79,6 +80,15 @@ public:
     {
         m_isClosed = true;
         drop();
+    }
+
+    /// Work that is started from now on waits until release(); a request counts as loading all the same.
+    void hold() { m_isHeld = true; }
+    void release()
+    {
+        m_isHeld = false;
+        if (Work work = std::exchange(m_heldWork, nullptr))
+            run(std::move(work));
     }
 
     /// Whether a result is awaited.
@@ -127,6 +137,10 @@ private:
 
     void run(Work work)
     {
+        if (m_isHeld) {
+            m_heldWork = std::move(work);
+            return;
+        }
         m_pool.start([this, request = m_request, work = std::move(work)] {
             if (request->isSuperseded)
                 return;
@@ -145,6 +159,8 @@ private:
     int m_token = 0;
     bool m_isLoading = false;
     bool m_isClosed = false;
+    bool m_isHeld = false;
+    Work m_heldWork;      // of the newest request; empty while none waits
     QObject m_mainThread; // receives the queued calls; those under way are dropped with it
     QThreadPool m_pool;
 };

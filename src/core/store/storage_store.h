@@ -162,6 +162,10 @@ public:
     [[nodiscard]] bool breakdownLoading() const { return m_breakdownJob.isLoading(); }          // breakdownChanged
     /// Computes the breakdown anew in the background, with what the last scan found.
     void refreshBreakdown();
+    /// Breakdowns that are started from now on are computed after releaseBreakdown(), so that the threads of one do not
+    /// hold up a window that is being made.
+    void holdBreakdown() { m_breakdownJob.hold(); }
+    void releaseBreakdown() { m_breakdownJob.release(); }
     /// Takes over a breakdown unless `token` is no longer the newest request.
     void finishBreakdown(DiskBreakdown breakdown, int token);
     /// The number of the newest request.

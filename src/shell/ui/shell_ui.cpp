@@ -9,6 +9,7 @@
 #include "shell/ui/file_icons.h"
 #include "shell/ui/focus_keeper.h"
 #include "shell/ui/fonts.h"
+#include "shell/ui/graphics_device.h"
 #include "shell/ui/icon_provider.h"
 #include "shell/ui/shadow_provider.h"
 #include "shell/ui/system_symbols.h"
@@ -16,12 +17,24 @@
 
 namespace corvane {
 
+namespace {
+
+/// Unless the user has chosen a renderer.
+void chooseRenderer()
+{
+    const bool isChosen = qEnvironmentVariableIsSet("QT_QUICK_BACKEND") || qEnvironmentVariableIsSet("QSG_RHI_BACKEND");
+    if (!isChosen && !hasGraphicsDevice())
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+} // namespace
+
 void setUpShell(QQmlEngine &engine)
 {
+    chooseRenderer();
     registerFonts();
     FocusKeeper::install();
     QGuiApplication::setFont(Theme::instance()->bodyFont());
-    QGuiApplication::setWindowIcon(appIcon());
     // Small text is sharpest where the system's own rasteriser draws it.
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));

@@ -304,5 +304,39 @@ TEST_F(LatestJobTest, TheCountersOfTheNewestRequestCanBeReadWhileItRuns)
     EXPECT_EQ(search.progress(), second);
 }
 
+TEST_F(LatestJobTest, HeldWorkRunsAfterTheReleaseAndCountsAsLoadingBefore)
+{
+    std::atomic<int> runs = 0;
+    job->hold();
+    job->start([&](StopFlag &) { return ++runs; });
+    EXPECT_TRUE(job->isLoading());
+    QTest::qWait(50);
+    EXPECT_EQ(runs, 0);
+
+    job->release();
+    ASSERT_TRUE(waitForResult());
+    EXPECT_THAT(received, ElementsAre(1));
+    EXPECT_FALSE(job->isLoading());
+}
+
+TEST_F(LatestJobTest, OfHeldRequestsOnlyTheNewestIsRunAndNoneThatWasDropped)
+{
+    job->hold();
+    job->start([](StopFlag &) { return 1; });
+    job->start([](StopFlag &) { return 2; });
+    job->release();
+    ASSERT_TRUE(waitForResult());
+    EXPECT_THAT(received, ElementsAre(2));
+
+    received.clear();
+    job->hold();
+    job->start([](StopFlag &) { return 3; });
+    job->drop();
+    job->release();
+    job->start([](StopFlag &) { return 4; });
+    ASSERT_TRUE(waitForResult());
+    EXPECT_THAT(received, ElementsAre(4));
+}
+
 } // namespace
 } // namespace corvane

@@ -77,7 +77,11 @@ protected:
     /// A shown item by its objectName; null for hidden ones.
     QQuickItem *item(const char *name) const { return find(window->contentItem(), QLatin1String(name)); }
     QObject *object(const char *name) const { return window->findChild<QObject *>(QLatin1String(name)); }
-    bool isOpen(const char *sheet) const { return object(sheet)->property("opened").toBool(); }
+    bool isOpen(const char *sheet) const
+    {
+        const QObject *const made = object(sheet);
+        return made != nullptr && made->property("opened").toBool();
+    }
     bool isVisible(const char *sheet) const { return object(sheet)->property("visible").toBool(); }
 
     bool waitFor(const std::function<bool()> &condition) const { return QTest::qWaitFor(condition, 10'000); }
@@ -245,6 +249,20 @@ TEST_F(MainWindowTest, CommandsHaveTheirKeys)
     EXPECT_TRUE(fake.store.progress()->isCancelled());
 }
 
+TEST_F(MainWindowTest, WhatNobodyHasAskedForIsNotMade)
+{
+    for (const char *name : {"appMenu", "reviewSheet", "deleteConfirm", "about", "folderDialog"})
+        EXPECT_EQ(object(name), nullptr) << name;
+    click("appMenuButton");
+    ASSERT_TRUE(waitForItem("appMenu.about"));
+    const QObject *const menu = object("appMenu");
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([this] { return item("appMenu.about") == nullptr; }));
+    key(Qt::Key_F10);
+    ASSERT_TRUE(waitForItem("appMenu.about"));
+    EXPECT_EQ(object("appMenu"), menu) << "made once";
+}
+
 TEST_F(MainWindowTest, TheMenuOpensByButtonAndByF10)
 {
     click("appMenuButton");
@@ -263,8 +281,12 @@ TEST_F(MainWindowTest, BackAndForwardAreOfferedWhereTheyLeadSomewhere)
     const auto isOffered = [this](const char *command) { return object(command)->property("enabled").toBool(); };
     scan();
     fake.store.setSidebar(Item::explorer);
+    click("appMenuButton");
+    ASSERT_TRUE(waitForItem("appMenu.back"));
     EXPECT_FALSE(isOffered("appMenu.back"));
     EXPECT_FALSE(isOffered("appMenu.forward"));
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([this] { return item("appMenu.back") == nullptr; }));
 
     fake.store.open(fake.store.sharedNode("/home/studio/Movies"));
     EXPECT_TRUE(isOffered("appMenu.back"));

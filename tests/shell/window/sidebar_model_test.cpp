@@ -7,7 +7,11 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractItemModelTester>
+#include <QFile>
+#include <QQmlContext>
+#include <QQmlEngine>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 #include "shell/window/fake_store.h"
 
@@ -129,6 +133,31 @@ TEST_F(Sidebar, WithoutScreensThereIsNothingChosen)
     EXPECT_EQ(model.content(), nullptr);
     model.choose(1);
     EXPECT_EQ(fake.store.sidebar(), Item::overview);
+}
+
+TEST_F(Sidebar, AScreensFileIsReadWhenTheScreenIsFirstShown)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("Page.qml")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("import QtQml\nQtObject {}");
+    file.close();
+    QQmlEngine engine;
+    add(Item::overview);
+    WindowScreen &cleanup = add(Item::cleanup);
+    QQmlEngine::setContextForObject(&cleanup, engine.rootContext());
+    engine.rootContext()->setBaseUrl(QUrl::fromLocalFile(folder.filePath(QStringLiteral("Main.qml"))));
+    cleanup.source = QUrl(QStringLiteral("Page.qml"));
+
+    model.setStore(&fake.store);
+    static_cast<void>(model.content());
+    EXPECT_EQ(cleanup.content, nullptr) << "another screen is shown";
+
+    fake.store.setSidebar(Item::cleanup);
+    QQmlComponent *const content = model.content();
+    ASSERT_NE(content, nullptr);
+    EXPECT_TRUE(content->isReady()) << qPrintable(content->errorString());
+    EXPECT_EQ(model.content(), content) << "read once";
 }
 
 } // namespace

@@ -17,7 +17,12 @@ PushButton {
     Accessible.name: qsTr("Menu")
     onClicked: openMenu(button.visualFocus)
 
+    /// Made when it is first opened: it has some twenty rows.
+    property WindowMenu menu: null
+
     function openMenu(byKeyboard: bool) {
+        if (menu === null)
+            menu = menuComponent.createObject(button) as WindowMenu;
         menu.byKeyboard = byKeyboard;
         menu.popup(button, 0, button.height + Theme.space4);
     }
@@ -27,10 +32,12 @@ PushButton {
         enabled: button.visible && button.actions.enabled
         onActivated: button.openMenu(true)
     }
-    WindowMenu {
-        id: menu
+    Component {
+        id: menuComponent
 
-        objectName: "appMenu"
-        actions: button.actions
+        WindowMenu {
+            objectName: "appMenu"
+            actions: button.actions
+        }
     }
 }

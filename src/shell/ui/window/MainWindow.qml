@@ -1,23 +1,29 @@
 import QtQuick
-import QtQuick.Controls.Basic
-import QtQuick.Dialogs
+import QtQuick.Templates as T
 import Corvane.Shell
 import Corvane.Services
 import Corvane.Updates
 import Corvane.Window
 
 /// The program's one window: the screens at the left, the chosen one at the right, and over it what is selected
-/// for removal and what the store has to say. Made hidden; whoever gives it its place shows it.
-ApplicationWindow {
+/// for removal and what the store has to say. Made hidden; whoever gives it its place shows it. What nobody has asked
+/// for yet is not made, and where a module is needed by nothing else, the file of its own is not read either.
+T.ApplicationWindow {
     id: window
 
     required property SidebarModel screens
 
     /// A sheet of the window's own or of its screen is open.
-    readonly property bool asksItself: review.visible || about.visible || confirmation.visible || screenView.asking
+    readonly property bool asksItself: review.open || about.open || confirmation.open || screenView.asking
     readonly property bool asking: asksItself || services.asking || updates.visible
     /// How much of a screen lies beneath the selection bar.
     readonly property real coveredHeight: selectionBar.takenHeight
+
+    property QtObject folderDialog: null
+
+    function make(file: string, properties: var): QtObject {
+        return Qt.createComponent(file).createObject(window, properties);
+    }
 
     title: Qt.application.name
     width: WindowMetrics.defaultWidth
@@ -51,10 +57,10 @@ ApplicationWindow {
         onFolderWanted: chooser.ask()
     }
     SelectionPresenter {
-        id: selection
+        id: selectionPresenter
 
         store: Store
-        onQuestionWanted: confirmation.open()
+        onQuestionWanted: confirmation.show()
     }
     HelpPresenter {
         id: help
@@ -71,12 +77,12 @@ ApplicationWindow {
 
         screens: window.screens
         scan: scan
-        selection: selection
+        selection: selectionPresenter
         help: help
         history: history
         enabled: !window.asking
-        onReviewWanted: review.open()
-        onAboutWanted: about.open()
+        onReviewWanted: review.show()
+        onAboutWanted: about.show()
         onSettingsWanted: services.openSettings()
     }
 
@@ -109,8 +115,8 @@ ApplicationWindow {
 
             anchors.bottom: parent.bottom
             width: parent.width
-            selection: selection
-            onReviewWanted: review.open()
+            selection: selectionPresenter
+            onReviewWanted: review.show()
         }
         ToastView {
             id: toast
@@ -167,19 +173,31 @@ ApplicationWindow {
         onActivated: toast.dismiss()
     }
 
-    SelectionReview {
+    SheetMaker {
         id: review
 
-        selection: selection
+        component: Component {
+            SelectionReview {
+                selection: selectionPresenter
+            }
+        }
     }
-    DeleteConfirmation {
+    SheetMaker {
         id: confirmation
 
-        selection: selection
-        nested: review.visible
+        component: Component {
+            DeleteConfirmation {
+                selection: selectionPresenter
+                nested: review.open
+            }
+        }
     }
-    AboutSheet {
+    SheetMaker {
         id: about
+
+        component: Component {
+            AboutSheet {}
+        }
     }
     UpdateSheet {
         id: updates
@@ -202,22 +220,18 @@ ApplicationWindow {
         acceptLabel: qsTr("Scan")
         firstFolder: scan.firstFolder
         onChosen: folder => scan.scanUrl(folder)
-        onDialogWanted: folderDialog.open()
-    }
-    FolderDialog {
-        id: folderDialog
-
-        objectName: "folderDialog"
-        title: chooser.title
-        acceptLabel: chooser.acceptLabel
-        currentFolder: chooser.firstFolder
-        onVisibleChanged: if (visible) chooser.showHiddenFolders()
-        onAccepted: scan.scanUrl(selectedFolder)
+        // From then on it opens by itself.
+        onDialogWanted: {
+            if (window.folderDialog === null)
+                window.folderDialog = window.make("QtFolderDialog.qml", {
+                    chooser: chooser
+                });
+        }
     }
     // By its address, so that its module is loaded, and has to be installed, only where it is shown.
     Component.onCompleted: {
         if (Qt.platform.os === "osx")
-            Qt.createComponent("SystemMenuBar.qml").createObject(window, {
+            window.make("SystemMenuBar.qml", {
                 actions: actions,
                 window: window
             });

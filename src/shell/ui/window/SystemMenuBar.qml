@@ -1,6 +1,6 @@
 pragma ComponentBehavior: Bound
 
-import QtQuick.Controls.Basic as Controls
+import QtQuick.Templates as T
 import QtQml
 import Qt.labs.platform
 import Corvane.Window
@@ -13,7 +13,7 @@ MenuBar {
     required property WindowActions actions
 
     component Command: MenuItem {
-        required property Controls.Action action
+        required property T.Action action
 
         text: action.text
         shortcut: action.shortcut
@@ -109,7 +109,7 @@ MenuBar {
         delegate: Command {
             required property int index
 
-            action: bar.actions.show.objectAt(index) as Controls.Action
+            action: bar.actions.show.objectAt(index) as T.Action
         }
         onObjectAdded: (index, object) => view.insertItem(index, object as MenuItem)
         onObjectRemoved: (index, object) => view.removeItem(object as MenuItem)

@@ -1,7 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import QtQml
 import Corvane.Shell
 import Corvane.Window
@@ -22,96 +22,96 @@ QtObject {
     signal aboutWanted
     signal settingsWanted
 
-    readonly property Action scanHome: Action {
+    readonly property T.Action scanHome: T.Action {
         text: qsTr("Scan Home Folder")
         shortcut: "Ctrl+R"
         enabled: actions.enabled
         onTriggered: actions.scan.scanHome()
     }
-    readonly property Action scanEntireDisk: Action {
+    readonly property T.Action scanEntireDisk: T.Action {
         text: qsTr("Scan Entire Disk")
         shortcut: "Ctrl+Shift+R"
         enabled: actions.enabled
         onTriggered: actions.scan.scanEntireDisk()
     }
-    readonly property Action chooseFolder: Action {
+    readonly property T.Action chooseFolder: T.Action {
         text: qsTr("Choose Folder to Scan…")
         shortcut: "Ctrl+O"
         enabled: actions.enabled
         onTriggered: actions.scan.chooseFolder()
     }
-    readonly property Action stopScan: Action {
+    readonly property T.Action stopScan: T.Action {
         text: qsTr("Stop Scan")
         shortcut: "Ctrl+."
         enabled: actions.enabled && actions.scan.scanning
         onTriggered: actions.scan.stop()
     }
-    readonly property Action review: Action {
+    readonly property T.Action review: T.Action {
         text: qsTr("Review Selection…")
         shortcut: "Ctrl+Shift+S"
         enabled: actions.enabled && actions.selection.canRemove
         onTriggered: actions.reviewWanted()
     }
-    readonly property Action clear: Action {
+    readonly property T.Action clear: T.Action {
         text: qsTr("Clear Selection")
         enabled: actions.enabled && actions.selection.canRemove
         onTriggered: actions.selection.clear()
     }
-    readonly property Action moveToTrash: Action {
+    readonly property T.Action moveToTrash: T.Action {
         text: qsTr("Move to Trash")
         shortcut: "Ctrl+Backspace"
         enabled: actions.enabled && actions.selection.canRemove
         onTriggered: actions.selection.moveToTrash()
     }
-    readonly property Action back: Action {
+    readonly property T.Action back: T.Action {
         text: qsTr("Back")
         shortcut: Qt.platform.os === "osx" ? "Ctrl+[" : "Alt+Left"
         enabled: actions.enabled && actions.history.canGoBack
         onTriggered: actions.history.goBackSoon()
     }
-    readonly property Action forward: Action {
+    readonly property T.Action forward: T.Action {
         text: qsTr("Forward")
         shortcut: Qt.platform.os === "osx" ? "Ctrl+]" : "Alt+Right"
         enabled: actions.enabled && actions.history.canGoForward
         onTriggered: actions.history.goForwardSoon()
     }
-    readonly property Action settings: Action {
+    readonly property T.Action settings: T.Action {
         text: qsTr("Settings…")
         shortcut: "Ctrl+,"
         enabled: actions.enabled
         onTriggered: actions.settingsWanted()
     }
-    readonly property Action checkForUpdates: Action {
+    readonly property T.Action checkForUpdates: T.Action {
         text: qsTr("Check for Updates…")
         enabled: actions.enabled && Services.updater.canCheckForUpdates
         onTriggered: Services.updater.checkForUpdates()
     }
-    readonly property Action sendFeedback: Action {
+    readonly property T.Action sendFeedback: T.Action {
         text: qsTr("Send Feedback…")
         enabled: actions.enabled
         onTriggered: Store.showFeedback = true
     }
-    readonly property Action welcome: Action {
+    readonly property T.Action welcome: T.Action {
         text: qsTr("Welcome & Permissions…")
         enabled: actions.enabled
         onTriggered: Services.defaults.didOnboard = false
     }
-    readonly property Action privacyPolicy: Action {
+    readonly property T.Action privacyPolicy: T.Action {
         text: qsTr("Privacy Policy")
         enabled: actions.enabled
         onTriggered: actions.help.openPrivacyPolicy()
     }
-    readonly property Action website: Action {
+    readonly property T.Action website: T.Action {
         text: qsTr("%1 Website").arg(Qt.application.name)
         enabled: actions.enabled
         onTriggered: actions.help.openWebsite()
     }
-    readonly property Action about: Action {
+    readonly property T.Action about: T.Action {
         text: qsTr("About %1").arg(Qt.application.name)
         enabled: actions.enabled
         onTriggered: actions.aboutWanted()
     }
-    readonly property Action quit: Action {
+    readonly property T.Action quit: T.Action {
         text: qsTr("Quit")
         onTriggered: Qt.quit()
     }
@@ -122,7 +122,7 @@ QtObject {
     readonly property Instantiator show: Instantiator {
         model: actions.screens
 
-        delegate: Action {
+        delegate: T.Action {
             id: screen
 
             required property int index

@@ -65,7 +65,7 @@ const SidebarItemInfo *SidebarModel::current() const
 QQmlComponent *SidebarModel::content() const
 {
     const int row = currentRow();
-    return row < 0 ? nullptr : m_screens[static_cast<std::size_t>(row)]->content;
+    return row < 0 ? nullptr : m_screens[static_cast<std::size_t>(row)]->loaded();
 }
 
 bool SidebarModel::goesBeneathBar() const
