@@ -1,5 +1,6 @@
 #include "core/told_size.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/foreign_sum.h"
@@ -32,14 +33,36 @@ std::optional<double> takeFigure(std::string_view &text)
     return hasDigit ? std::optional(figure / scale) : std::nullopt;
 }
 
+/// Takes an exponent such as "e+03" off the front of the text; 0 where there is none. "5e" without digits is a unit.
+int takeExponent(std::string_view &text)
+{
+    constexpr int most = 400; // more than any double has
+    if (!text.starts_with('e'))
+        return 0;
+    std::string_view rest = text.substr(1);
+    const bool isNegative = rest.starts_with('-');
+    if (isNegative || rest.starts_with('+'))
+        rest.remove_prefix(1);
+    const std::size_t digits = std::min(rest.find_first_not_of("0123456789"), rest.size());
+    if (digits == 0)
+        return 0;
+    int exponent = 0;
+    for (const char digit : rest.substr(0, digits))
+        exponent = std::min(most, exponent * 10 + (digit - '0'));
+    text = rest.substr(digits);
+    return isNegative ? -exponent : exponent;
+}
+
 } // namespace
 
 std::optional<std::int64_t> toldSize(std::string_view text, int thousand)
 {
     const std::optional<double> told = takeFigure(text);
-    if (!told || std::isnan(*told)) // with digits without end, the scale grows as large as the figure
+    if (!told)
         return std::nullopt;
-    double figure = *told;
+    double figure = *told * std::pow(10, takeExponent(text));
+    if (std::isnan(figure)) // digits or an exponent beyond what a figure can hold
+        return std::nullopt;
     for (const std::string_view blank : {" ", "\xC2\xA0"}) { // the second does not break the line
         if (text.starts_with(blank))
             text.remove_prefix(blank.size());

@@ -83,7 +83,6 @@ void CorvaneApp::answer(const StartRequest &request)
         if (!request.activationToken.empty())
             qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.activationToken));
         m_window->setWindowStates(m_window->windowStates() & ~Qt::WindowMinimized);
-        m_window->raise();
         m_window->requestActivate();
     }
     if (request.folder.empty())

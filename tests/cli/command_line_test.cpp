@@ -295,7 +295,7 @@ TEST_F(CommandLineTest, NothingThatIsReadOnALinuxSystemSpeaksOfAMac)
     const std::string packaging = CORVANE_PACKAGING_FOLDER;
     for (const char *file : {"/completions/corvane-cli.bash", "/completions/_corvane-cli",
                              "/completions/corvane-cli.fish", "/man/corvane-cli.1", "/man/corvane.1",
-                             "/linux/app.corvane.Corvane.desktop", "/linux/app.corvane.Corvane.metainfo.xml"}) {
+                             "/linux/app.corvane.Corvane.desktop", "/linux/app.corvane.Corvane.metainfo.xml.in"}) {
         texts.push_back(textOf(packaging + file));
         EXPECT_FALSE(texts.back().empty()) << file;
     }

@@ -28,6 +28,16 @@ TEST(ToldSize, FiguresAreReadToTheirLastDigit)
     EXPECT_EQ(toldSize("1.2.3K", 1'000), std::nullopt);
 }
 
+TEST(ToldSize, ExponentsAreReadAndALoneEIsAUnit)
+{
+    EXPECT_EQ(toldSize("1e+03MB", 1'000), 1'000'000'000);
+    EXPECT_EQ(toldSize("1.5e3 kB", 1'000), 1'500'000);
+    EXPECT_EQ(toldSize("1500e-3k", 1'000), 1'500);
+    EXPECT_EQ(toldSize("0.25e", 1'000), 250'000'000'000'000'000);
+    EXPECT_EQ(toldSize("1e99999999999999K", 1'000), std::nullopt);
+    EXPECT_EQ(toldSize("0e400K", 1'000), std::nullopt);
+}
+
 TEST(ToldSize, FigureOfMoreDigitsThanOneCanHoldIsNone)
 {
     EXPECT_EQ(toldSize(std::string(400, '9') + "K", 1'000), std::nullopt);

@@ -32,12 +32,13 @@ PushButton {
         enabled: button.visible && button.actions.enabled
         onActivated: button.openMenu(true)
     }
+    // A component that is bound to its surroundings is more than Qt 6.4 can make.
     Component {
         id: menuComponent
 
         WindowMenu {
             objectName: "appMenu"
-            actions: button.actions
+            actions: button.actions // qmllint disable unqualified
         }
     }
 }

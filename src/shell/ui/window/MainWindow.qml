@@ -173,12 +173,13 @@ T.ApplicationWindow {
         onActivated: toast.dismiss()
     }
 
+    // A component that is bound to its surroundings is more than Qt 6.4 can make.
     SheetMaker {
         id: review
 
         component: Component {
             SelectionReview {
-                selection: selectionPresenter
+                selection: selectionPresenter // qmllint disable unqualified
             }
         }
     }
@@ -187,8 +188,8 @@ T.ApplicationWindow {
 
         component: Component {
             DeleteConfirmation {
-                selection: selectionPresenter
-                nested: review.open
+                selection: selectionPresenter // qmllint disable unqualified
+                nested: review.open // qmllint disable unqualified
             }
         }
     }
