@@ -1,0 +1,74 @@
+#!/usr/bin/env python3
+"""Prints the texts in src/ that users see, as PATH:LINE: TEXT: to read them one after the other, or to find where a
+sentence of the window is made. messages.py [FOLDER]
+
+In QML a text is what qsTr() holds. In C++ it is a string literal of several words, or of one capitalised word, or one
+that a count is given with; paths, keys and the like are left out by their shape, but a few remain. Literals that stand
+side by side are one text. A sentence that is put together at run time is listed in its pieces.
+"""
+import os
+import pathlib
+import re
+import signal
+import sys
+
+SUFFIXES = {".h", ".cpp", ".mm", ".qml"}
+# Comments, preprocessor lines and characters are matched so that a quotation mark in them begins no literal.
+TOKEN = re.compile(
+    r"//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|'(?:[^'\\\n]|\\.)+'"
+    r'|R"(?P<mark>\w*)\((?P<raw>.*?)\)(?P=mark)"|"(?P<plain>(?:[^"\\\n]|\\.)*)"', re.S | re.M)
+JOINED = re.compile(r"\s*(?:\+\s*)?")
+TRANSLATED = re.compile(r"\bqsTr\(\s*$")
+COUNTED = re.compile(r"\b(?:formatCount|countText|plural)\([^;{}]*$")
+FOR_DEVELOPERS = re.compile(r"\b(?:static_assert|QML_UNCREATABLE|qFatal)\([^;]*$")
+# What fmt, Qt and printf replace, and escaped characters.
+REPLACED = re.compile(r"\{[^{}]*\}|%(?:L?\d+|[a-z])|\\.")
+LETTER = re.compile(r"[^\W\d_]")
+SEVERAL_WORDS = re.compile(r"\S\s+\S|^\s|\s$")
+ONE_WORD = re.compile(r"(?:[A-Z][a-z]+|OK)(?:…|:)?")
+PATH_OR_MARKUP = re.compile(r"[\w.~-]*/\S|[<@]")
+
+
+def literals(source):
+    """The literals of a source as (offset, text), those that stand side by side as one."""
+    found, end = [], None
+    for token in TOKEN.finditer(source):
+        text = token["raw"] if token["plain"] is None else token["plain"]
+        if text is None:
+            continue
+        if end is not None and JOINED.fullmatch(source, end, token.start()):
+            found[-1] = (found[-1][0], found[-1][1] + text)
+        else:
+            found.append((token.start(), text))
+        end = token.end()
+    return found
+
+
+def is_message(text, before):
+    """Whether users see a literal of C++; `before` is the code that it follows."""
+    words = REPLACED.sub("", text)
+    if not LETTER.search(words) or FOR_DEVELOPERS.search(before):
+        return False
+    if SEVERAL_WORDS.search(text):
+        return not PATH_OR_MARKUP.match(text)
+    return bool(ONE_WORD.fullmatch(text) or COUNTED.search(before))
+
+
+def messages(source, is_qml):
+    """The texts of a source that users see, as (line, text)."""
+    for offset, text in literals(source):
+        before = source[max(0, offset - 200):offset]
+        if TRANSLATED.search(before) if is_qml else is_message(text, before):
+            yield source.count("\n", 0, offset) + 1, text
+
+
+def main():
+    signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # a reader such as head may stop early
+    folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parents[1] / "src"
+    for path in sorted(path for path in folder.rglob("*") if path.suffix in SUFFIXES):
+        for line, text in messages(path.read_text(), path.suffix == ".qml"):
+            print(f"{os.path.relpath(path)}:{line}: {text}")
+
+
+if __name__ == "__main__":
+    main()

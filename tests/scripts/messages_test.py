@@ -1,0 +1,49 @@
+"""Which texts of the sources users see: one that is missing in the list is one that nobody reads."""
+import pathlib
+import sys
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
+import messages
+
+QML = """
+import QtQuick
+PlainText {
+    objectName: "overview.title"
+    text: shown ? qsTr("Stop Scan") : qsTr("Scan")  // "not this"
+    Accessible.name: qsTr("Files of "
+                          + "one type")
+}
+"""
+CPP = r"""
+#include "core/words/figures.h"
+// A comment with a "quoted text".
+static_assert(sizeof(int) == 4, "four bytes are needed");
+const char quote = '"';
+const auto title = "Needs a scan";
+const auto one = QStringLiteral("Refresh");
+const auto joined = "It was replaced "
+                    "while it was removed";
+const auto count = formatCount(n, "file", "files");
+const auto picture = R"(<svg width="10">)";
+const auto row = fmt::format("{}  {}\n", a, b);
+const auto path = "Library/Application Support/Crash Reports";
+const auto key = "sharesStorageWith";
+"""
+
+
+class Messages(unittest.TestCase):
+    def test_of_qml_are_what_is_marked_as_text(self):
+        self.assertEqual(list(messages.messages(QML, is_qml=True)),
+                         [(5, "Stop Scan"), (5, "Scan"), (6, "Files of one type")])
+
+    def test_of_cpp_are_words_and_neither_paths_nor_keys(self):
+        self.assertEqual([text for _, text in messages.messages(CPP, is_qml=False)],
+                         ["Needs a scan", "Refresh", "It was replaced while it was removed", "file", "files"])
+
+    def test_carry_the_line_that_they_begin_in(self):
+        self.assertIn((8, "It was replaced while it was removed"), list(messages.messages(CPP, is_qml=False)))
+
+
+if __name__ == "__main__":
+    unittest.main()
