@@ -1,16 +1,19 @@
 // Removing, as the window and the command line do it, in one table beside its goals: bench_remove ROUNDS FOLDER
 //
-//   to the Trash       100,000 separate files of 100 folders in one request, as who selects all of a long list asks
-//   for;
-//                      what was selected has been looked at before
-//   detach             taking 20,000 files of one folder, 1 of 5, out of the tree of a finished scan and out of its
-//   lists deleting for good  folders of 1,000,000 files, a thousand to a folder, and of 5,000 and 100,000 levels, one
-//   inside the
-//                      other, beside "rm -rf" of the same, in turn
+//   to the Trash
+//       100,000 separate files of 100 folders in one request, as who selects all of a long list asks for; what was
+//       selected has been looked at before
+//   detach
+//       taking 20,000 files of one folder, 1 of 5, out of the tree of a finished scan and out of its lists
+//   deleting for good
+//       folders of 1,000,000 files, a thousand to a folder, and of 5,000 and 100,000 levels, one inside the other,
+//       beside "rm -rf" of the same, in turn
 //
 // FOLDER is made, and removed at the end. The Trash is that of a home in it. Figures are medians; every run has a
 // process and files of its own. The big ones have three rounds at most. The Trash comes first, and nothing is deleted
 // until then.
+//
+// "bench_remove make COUNT FOLDER" makes such a folder of COUNT files, and removes nothing.
 
 #include <algorithm>
 #include <cerrno>
@@ -277,12 +280,19 @@ void run(int rounds, const std::string &folder)
 
 int main(int argc, char **argv)
 try {
-    int rounds = 0;
-    if (argc == 3)
-        std::from_chars(argv[1], argv[1] + std::string_view(argv[1]).size(), rounds);
-    if (rounds < 1)
-        throw std::invalid_argument("usage: bench_remove ROUNDS FOLDER");
-    run(rounds, argv[2]);
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const auto number = [&](std::size_t index) {
+        int value = 0;
+        const std::string &text = arguments[index];
+        const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), value);
+        return code == std::errc{} && end == text.data() + text.size() ? value : 0;
+    };
+    if (arguments.size() == 3 && arguments[0] == "make" && number(1) > 0)
+        makeFiles(static_cast<std::size_t>(number(1)), arguments[2]);
+    else if (arguments.size() == 2 && number(0) > 0)
+        run(number(0), arguments[1]);
+    else
+        throw std::invalid_argument("usage: bench_remove ROUNDS FOLDER, or make COUNT FOLDER");
     return EXIT_SUCCESS;
 } catch (const std::exception &error) {
     fmt::print(stderr, "bench_remove: {}\n", error.what());

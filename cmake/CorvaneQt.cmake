@@ -3,7 +3,7 @@ if(APPLE)
 else()
   set(CORVANE_QT_MINIMUM 6.4)
 endif()
-find_package(Qt6 ${CORVANE_QT_MINIMUM} REQUIRED COMPONENTS Core Gui Qml Quick QuickControls2 Svg Network Concurrent)
+find_package(Qt6 ${CORVANE_QT_MINIMUM} REQUIRED COMPONENTS Core Gui Qml Quick QuickControls2 Svg Network)
 qt_standard_project_setup()
 set(CMAKE_AUTOUIC OFF) # there are no forms
 if(COMMAND qt_policy)

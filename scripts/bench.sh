@@ -166,7 +166,7 @@ measure() {
     echo "two big locations of the catalogue: 400,000 files in each"
     peers=()
     peer du "du -s $one $two"
-    ./bench_race --rounds "$rounds" --at-least du 1.8 'measureAll' "$in_home ./corvane-cli cleanup" "${peers[@]}"
+    ./bench_race --rounds "$rounds" --at-least du 1.8 'measureAll' "$in_home ./corvane-cli cleanup --json" "${peers[@]}"
     echo
 }
 
@@ -185,7 +185,7 @@ window() {
         echo "Generating 1,000,000 files in $cache (once; ./dev bench --remove takes them away again) …" >&2
         rm -rf "$folder"
         mkdir -p "$cache"
-        ./bench_remove make files 1000000 "$folder"
+        ./bench_remove make 1000000 "$folder"
         touch "$folder.done"
     fi
     rm -rf "$sandbox"

@@ -30,7 +30,7 @@ DEFINITIONS = ['CORVANE_VERSION="0.0.0"', 'CORVANE_BUILD="0"', 'CORVANE_APP_ID="
                'CORVANE_SITE="https://corvane.example/"', "FMT_HEADER_ONLY"]
 # Headers of libraries that are the same on every system. This machine's own must not be searched, so each is linked
 # to by itself.
-LIBRARY_HEADERS = ["tl", "fmt", "CLI", "nlohmann", "openssl", "plist", "utf8proc.h"]
+LIBRARY_HEADERS = ["tl", "fmt", "openssl", "plist", "utf8proc.h"]
 # Folders whose sources make up corvane-cli; what uses Qt lies in others.
 WITHOUT_QT = re.compile(r"^src/(platform|core(?!/store)|map|cleanup|apps|duplicates|disk|cli)/(?!ui/)")
 FRAMEWORKS = ["AppKit", "CoreServices", "Foundation"]

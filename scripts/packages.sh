@@ -6,22 +6,21 @@ packages_for() {
     case "$(uname -s)/$1" in
     Linux/build)
         echo ca-certificates g++ cmake ninja-build pkg-config python3 \
-            libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libplist-dev libssl-dev libutf8proc-dev \
-            libcli11-dev nlohmann-json3-dev
+            libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libplist-dev libssl-dev libutf8proc-dev
         ;;
     Linux/ui)
         # The QML modules are run-time parts that the development packages do not pull in.
         echo qt6-base-dev qt6-declarative-dev 'qt6-svg-dev|libqt6svg6-dev' \
             qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick \
             qml6-module-qtquick-window qml6-module-qtquick-templates qml6-module-qtquick-controls \
-            qml6-module-qtquick-layouts qml6-module-qtquick-shapes qml6-module-qtquick-dialogs \
+            qml6-module-qtquick-layouts qml6-module-qtquick-dialogs \
             qml6-module-qt-labs-folderlistmodel qml6-module-qt-labs-qmlmodels qml6-module-qt-labs-platform fonts-inter
         ;;
     # What only a window on a display uses, and pictures of one.
     Linux/window) echo qt6-wayland fonts-noto-color-emoji ;;
     Linux/test)
-        echo ccache libgtest-dev libgmock-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin libxml2-utils \
-            desktop-file-utils appstream
+        echo ccache libgtest-dev libgmock-dev nlohmann-json3-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin \
+            libxml2-utils desktop-file-utils appstream
         ;;
     Linux/display) echo xvfb xauth ;;
     Linux/npm) echo nodejs npm ;;
@@ -31,9 +30,9 @@ packages_for() {
     Linux/macos-check) echo clang-19 libc++-19-dev lld-19 binutils ;;
     Linux/package) echo file dpkg-dev lintian ;;
     Linux/package-check) echo debootstrap xvfb imagemagick ;;
-    Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist openssl@3 utf8proc cli11 nlohmann-json ;;
+    Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist openssl@3 utf8proc ;;
     Darwin/ui) echo qt ;;
-    Darwin/test) echo ccache googletest ;;
+    Darwin/test) echo ccache googletest nlohmann-json ;;
     Darwin/npm) echo node ;;
     Darwin/lint) echo llvm shellcheck yamllint ;;
     Darwin/fuzz) echo llvm ;;

@@ -2,20 +2,37 @@
 
 _corvane_cli() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}
-    local command='' word onlyPaths=''
+    local command='' word onlyPaths='' isValue=''
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
-        if [[ $word == -- ]]; then
+        if [[ -n $isValue ]]; then
+            isValue=''
+        elif [[ $word == -- ]]; then
             onlyPaths=1
+        elif [[ -z $command && ($word == --units || $word == --color) ]]; then
+            isValue=1
         elif [[ -z $command && $word != -* ]]; then
             command=$word
         fi
     done
 
     COMPREPLY=()
+    local values=''
+    case $previous in
+    --units) values='decimal binary bytes' ;;
+    --color) values='auto always never' ;;
+    --sort) values='size name modified' ;;
+    esac
+    if [[ $command == scan && $previous == --sort ]]; then
+        values+=' files'
+    fi
+    if [[ -z $onlyPaths && -n $values ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$values" -- "$current")
+        return
+    fi
     local commands='scan map breakdown snapshots cleanup apps duplicates large old protected remove help'
     if [[ -z $command ]]; then
         if [[ -z $onlyPaths ]]; then
-            mapfile -t COMPREPLY < <(compgen -W "$commands --json --help -h --version -V " -- "$current")
+            mapfile -t COMPREPLY < <(compgen -W "$commands --json --units --color --no-progress --help -h --version -V " -- "$current")
         fi
         # A path in the place of a command is scanned.
         if [[ ${#COMPREPLY[@]} -eq 0 ]]; then
@@ -29,13 +46,16 @@ _corvane_cli() {
         return
     fi
 
-    local options='--json --help -h '
+    local options='--json --units --color --no-progress --help -h '
+    local filter='--exclude --one-file-system '
     case $command in
-    map) options+='--size --svg ' ;;
+    scan) options+="--depth --top --sort --files --apparent $filter" ;;
+    map) options+="--size --svg --apparent $filter" ;;
     breakdown) options+='--scan ' ;;
-    large) options+='--min --type --name ' ;;
-    old) options+='--months --min --name ' ;;
-    remove) options+='--permanently --yes -y ' ;;
+    duplicates) options+="--top $filter" ;;
+    large) options+="--min --type --name --sort --top --apparent $filter" ;;
+    old) options+="--months --min --name --sort --top --apparent $filter" ;;
+    remove) options+='--permanently --yes -y --dry-run ' ;;
     esac
 
     if [[ -z $onlyPaths && $command == map && $previous == --size ]]; then

@@ -6,6 +6,9 @@ set -l none "not __fish_seen_subcommand_from $commands"
 complete -c corvane-cli -f
 complete -c corvane-cli -s h -l help -d 'Show help'
 complete -c corvane-cli -l json -d 'Print one JSON document instead of a table'
+complete -c corvane-cli -l units -x -a 'decimal binary bytes' -d 'Write sizes in these units'
+complete -c corvane-cli -l color -x -a 'auto always never' -d 'Use colors'
+complete -c corvane-cli -l no-progress -d 'Show no progress on the terminal'
 complete -c corvane-cli -n $none -s V -l version -d 'Show the version'
 
 complete -c corvane-cli -n $none -a scan -d 'Show where the space of a folder went'
@@ -26,6 +29,18 @@ complete -c corvane-cli -n '__fish_seen_subcommand_from scan map duplicates larg
 complete -c corvane-cli -n '__fish_seen_subcommand_from protected remove' -F
 complete -c corvane-cli -n '__fish_seen_subcommand_from help' -a 'scan map breakdown snapshots cleanup apps duplicates large old protected remove'
 
+complete -c corvane-cli -n '__fish_seen_subcommand_from scan map duplicates large old' -l exclude -x \
+    -d 'Leave out what matches'
+complete -c corvane-cli -n '__fish_seen_subcommand_from scan map duplicates large old' -l one-file-system \
+    -d 'Leave out what is mounted in the folder'
+complete -c corvane-cli -n '__fish_seen_subcommand_from scan map large old' -l apparent -d 'Count the lengths of files'
+complete -c corvane-cli -n '__fish_seen_subcommand_from scan duplicates large old' -l top -x -a '5 10 50' \
+    -d 'Show at most that many'
+complete -c corvane-cli -n '__fish_seen_subcommand_from scan' -l depth -x -a '1 2 3' -d 'Show a tree of that many levels'
+complete -c corvane-cli -n '__fish_seen_subcommand_from scan' -l files -d 'Show how many files are in each item'
+complete -c corvane-cli -n '__fish_seen_subcommand_from scan' -l sort -x -a 'size files name modified' -d 'Order items by'
+complete -c corvane-cli -n '__fish_seen_subcommand_from large old' -l sort -x -a 'size name modified' -d 'Order files by'
+
 complete -c corvane-cli -n '__fish_seen_subcommand_from map' -l size -x -a '900x600 1600x1000 1920x1080' \
     -d 'The size of the map in points'
 complete -c corvane-cli -n '__fish_seen_subcommand_from map' -l svg -r -F -d 'Write the map as a picture'
@@ -36,11 +51,12 @@ complete -c corvane-cli -n '__fish_seen_subcommand_from breakdown' -l scan -x -a
 complete -c corvane-cli -n '__fish_seen_subcommand_from remove' -l permanently \
     -d 'Delete for good instead of moving to the Trash'
 complete -c corvane-cli -n '__fish_seen_subcommand_from remove' -s y -l yes -d 'Do not ask'
+complete -c corvane-cli -n '__fish_seen_subcommand_from remove' -l dry-run -d 'Show what would be done, and do nothing'
 
 complete -c corvane-cli -n '__fish_seen_subcommand_from large old' -l min -x -a '1000000 10000000 100000000 1000000000' \
-    -d 'Of at least that many bytes'
-complete -c corvane-cli -n '__fish_seen_subcommand_from large old' -l name -x -d 'With that text in the name'
+    -d 'Only files of at least that many bytes'
+complete -c corvane-cli -n '__fish_seen_subcommand_from large old' -l name -x -d 'Only files with that text in the name'
 complete -c corvane-cli -n '__fish_seen_subcommand_from large' -l type -x \
-    -a 'video image audio archive diskImage app document code other' -d 'Of that type'
+    -a 'video image audio archive diskImage app document code other' -d 'Only files of that type'
 complete -c corvane-cli -n '__fish_seen_subcommand_from old' -l months -x -a '6 12 24 36 60' \
-    -d 'Not modified for that many months'
+    -d 'Only files not modified for that many months'

@@ -37,7 +37,7 @@ cask "corvane" do
 
   url "${CORVANE_DOWNLOADS%/}/Corvane-#{version}.dmg"
   name "Corvane"
-  desc "Explains where the space on a disk went and helps to win it back safely"
+  desc "Explains where the space on a disk went and helps you reclaim it safely"
   homepage "$CORVANE_HOMEPAGE"
 
   livecheck do
