@@ -1,7 +1,8 @@
 #include "cli/character_width.h"
 
 #include <algorithm>
-#include <iterator>
+
+#include <utf8proc.h>
 
 #include "core/words/utf8.h"
 
@@ -9,105 +10,39 @@ namespace corvane {
 
 namespace {
 
-struct Range {
-    char32_t first;
-    char32_t last;
-};
+constexpr utf8proc_int32_t emojiPresentation = 0xFE0F;
 
-// East Asian Width "W" and "F" of Unicode 15 (UAX #11), emoji among them.
-constexpr Range wideRanges[] = {
-    {0x1100, 0x115F},   {0x231A, 0x231B},   {0x2329, 0x232A},   {0x23E9, 0x23EC},   {0x23F0, 0x23F0},
-    {0x23F3, 0x23F3},   {0x25FD, 0x25FE},   {0x2614, 0x2615},   {0x2648, 0x2653},   {0x267F, 0x267F},
-    {0x2693, 0x2693},   {0x26A1, 0x26A1},   {0x26AA, 0x26AB},   {0x26BD, 0x26BE},   {0x26C4, 0x26C5},
-    {0x26CE, 0x26CE},   {0x26D4, 0x26D4},   {0x26EA, 0x26EA},   {0x26F2, 0x26F3},   {0x26F5, 0x26F5},
-    {0x26FA, 0x26FA},   {0x26FD, 0x26FD},   {0x2705, 0x2705},   {0x270A, 0x270B},   {0x2728, 0x2728},
-    {0x274C, 0x274C},   {0x274E, 0x274E},   {0x2753, 0x2755},   {0x2757, 0x2757},   {0x2795, 0x2797},
-    {0x27B0, 0x27B0},   {0x27BF, 0x27BF},   {0x2B1B, 0x2B1C},   {0x2B50, 0x2B50},   {0x2B55, 0x2B55},
-    {0x2E80, 0x303E},   {0x3041, 0x3247},   {0x3250, 0x4DBF},   {0x4E00, 0xA4CF},   {0xA960, 0xA97F},
-    {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},   {0xFE10, 0xFE19},   {0xFE30, 0xFE6F},   {0xFF00, 0xFF60},
-    {0xFFE0, 0xFFE6},   {0x16FE0, 0x18CFF}, {0x1AFF0, 0x1B2FF}, {0x1F004, 0x1F004}, {0x1F0CF, 0x1F0CF},
-    {0x1F18E, 0x1F18E}, {0x1F191, 0x1F19A}, {0x1F200, 0x1F320}, {0x1F32D, 0x1F335}, {0x1F337, 0x1F37C},
-    {0x1F37E, 0x1F393}, {0x1F3A0, 0x1F3CA}, {0x1F3CF, 0x1F3D3}, {0x1F3E0, 0x1F3F0}, {0x1F3F4, 0x1F3F4},
-    {0x1F3F8, 0x1F43E}, {0x1F440, 0x1F440}, {0x1F442, 0x1F4FC}, {0x1F4FF, 0x1F53D}, {0x1F54B, 0x1F54E},
-    {0x1F550, 0x1F567}, {0x1F57A, 0x1F57A}, {0x1F595, 0x1F596}, {0x1F5A4, 0x1F5A4}, {0x1F5FB, 0x1F64F},
-    {0x1F680, 0x1F6C5}, {0x1F6CC, 0x1F6CC}, {0x1F6D0, 0x1F6D2}, {0x1F6D5, 0x1F6DF}, {0x1F6EB, 0x1F6EF},
-    {0x1F6F4, 0x1F6FF}, {0x1F7E0, 0x1F7EB}, {0x1F7F0, 0x1F7F0}, {0x1F90C, 0x1F93A}, {0x1F93C, 0x1F945},
-    {0x1F947, 0x1F9FF}, {0x1FA70, 0x1FAFF}, {0x20000, 0x3FFFD},
-};
-
-// Marks that combine with what stands before them and characters without a shape: general categories Mn, Me
-// and Cf of Unicode 15 for the scripts that people name files in.
-constexpr Range zeroRanges[] = {
-    {0x0300, 0x036F},   {0x0483, 0x0489},   {0x0591, 0x05BD},   {0x05BF, 0x05BF}, {0x05C1, 0x05C2}, {0x05C4, 0x05C5},
-    {0x05C7, 0x05C7},   {0x0610, 0x061A},   {0x064B, 0x065F},   {0x0670, 0x0670}, {0x06D6, 0x06DC}, {0x06DF, 0x06E4},
-    {0x06E7, 0x06E8},   {0x06EA, 0x06ED},   {0x0711, 0x0711},   {0x0730, 0x074A}, {0x07A6, 0x07B0}, {0x0900, 0x0902},
-    {0x093A, 0x093A},   {0x093C, 0x093C},   {0x0941, 0x0948},   {0x094D, 0x094D}, {0x0951, 0x0957}, {0x0962, 0x0963},
-    {0x0981, 0x0981},   {0x09BC, 0x09BC},   {0x09C1, 0x09C4},   {0x09CD, 0x09CD}, {0x0A01, 0x0A02}, {0x0A3C, 0x0A3C},
-    {0x0A41, 0x0A51},   {0x0A81, 0x0A82},   {0x0ABC, 0x0ABC},   {0x0AC1, 0x0AC8}, {0x0ACD, 0x0ACD}, {0x0B82, 0x0B82},
-    {0x0BC0, 0x0BC0},   {0x0BCD, 0x0BCD},   {0x0C3E, 0x0C40},   {0x0C46, 0x0C56}, {0x0CBC, 0x0CBC}, {0x0CCC, 0x0CCD},
-    {0x0D41, 0x0D44},   {0x0D4D, 0x0D4D},   {0x0E31, 0x0E31},   {0x0E34, 0x0E3A}, {0x0E47, 0x0E4E}, {0x0EB1, 0x0EB1},
-    {0x0EB4, 0x0EBC},   {0x0EC8, 0x0ECD},   {0x0F71, 0x0F7E},   {0x0F80, 0x0F84}, {0x102D, 0x1030}, {0x1032, 0x1037},
-    {0x1039, 0x103A},   {0x103D, 0x103E},   {0x1160, 0x11FF},   {0x17B4, 0x17B5}, {0x17B7, 0x17BD}, {0x17C6, 0x17C6},
-    {0x17C9, 0x17D3},   {0x180B, 0x180F},   {0x1AB0, 0x1AFF},   {0x1DC0, 0x1DFF}, {0x200B, 0x200F}, {0x2060, 0x206F},
-    {0x20D0, 0x20F0},   {0x302A, 0x302D},   {0x3099, 0x309A},   {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F}, {0xFEFF, 0xFEFF},
-    {0x1F3FB, 0x1F3FF}, {0xE0001, 0xE007F}, {0xE0100, 0xE01EF},
-};
-
-constexpr char32_t zeroWidthJoiner = 0x200D;
-constexpr char32_t emojiPresentation = 0xFE0F;
-
-template <std::size_t count>
-bool contains(const Range (&ranges)[count], char32_t codePoint)
+/// The library gives a mark that stands beside its letter no column; terminals give it one.
+std::size_t widthAlone(utf8proc_int32_t character)
 {
-    const auto *const after = std::upper_bound(std::begin(ranges), std::end(ranges), codePoint,
-                                               [](char32_t value, const Range &range) { return value < range.first; });
-    return after != std::begin(ranges) && codePoint <= std::prev(after)->last;
+    const bool isBeside = utf8proc_category(character) == UTF8PROC_CATEGORY_MC;
+    return isBeside ? 1 : static_cast<std::size_t>(utf8proc_charwidth(character));
 }
 
-bool isSkinTone(char32_t codePoint)
+/// Whether a character that is usually drawn as text, in one column, has a form as an emoji.
+bool canBeEmoji(utf8proc_int32_t character)
 {
-    return codePoint >= 0x1F3FB && codePoint <= 0x1F3FF;
-}
-
-bool isRegionalLetter(char32_t codePoint)
-{
-    return codePoint >= 0x1F1E6 && codePoint <= 0x1F1FF;
-}
-
-std::size_t widthAlone(char32_t codePoint)
-{
-    if (codePoint < 0x300)
-        return 1;
-    if (isSkinTone(codePoint))
-        return 2;
-    if (contains(zeroRanges, codePoint))
-        return 0;
-    return contains(wideRanges, codePoint) ? 2 : 1;
+    const bool isOfKeycap = (character >= '0' && character <= '9') || character == '#' || character == '*';
+    return isOfKeycap || utf8proc_get_property(character)->boundclass == UTF8PROC_BOUNDCLASS_EXTENDED_PICTOGRAPHIC;
 }
 
 } // namespace
 
 Cluster nextCluster(std::string_view text, std::size_t position)
 {
-    const DecodedCharacter first = decodeUtf8(text, position);
-    Cluster cluster{first.length, widthAlone(first.codePoint)};
-    bool joinsNext = false;
-    bool canPair = isRegionalLetter(first.codePoint);
+    constexpr std::size_t most = 2;
+    Cluster cluster;
+    utf8proc_int32_t before = 0;
+    utf8proc_int32_t state = 0;
     while (position + cluster.length < text.size()) {
         const DecodedCharacter next = decodeUtf8(text, position + cluster.length);
-        if (next.codePoint == zeroWidthJoiner) {
-            joinsNext = cluster.width == 2;
-        } else if (next.codePoint == emojiPresentation) {
-            cluster.width = 2;
-        } else if (canPair && isRegionalLetter(next.codePoint)) {
-            cluster.width = 2;
-            canPair = false;
-        } else if (joinsNext && widthAlone(next.codePoint) > 0) {
-            joinsNext = false;
-        } else if (!contains(zeroRanges, next.codePoint)) {
+        const auto character = static_cast<utf8proc_int32_t>(next.codePoint);
+        if (cluster.length > 0 && utf8proc_grapheme_break_stateful(before, character, &state))
             break;
-        }
+        const bool becomesEmoji = character == emojiPresentation && canBeEmoji(before);
+        cluster.width = becomesEmoji ? most : std::min(most, cluster.width + widthAlone(character));
         cluster.length += next.length;
+        before = character;
     }
     return cluster;
 }

@@ -11,9 +11,9 @@ struct Cluster {
     std::size_t width = 0;  ///< columns: 0, 1 or 2
 };
 
-/// The cluster that starts at `position`, which lies inside `text`. `text` is valid UTF-8. A close
-/// approximation of how terminals group and measure: East Asian wide characters and emoji take two columns,
-/// marks that combine take none, emoji joined by U+200D and pairs of regional letters count once.
+/// The cluster that starts at `position`, which lies inside `text`. `text` is valid UTF-8. Clusters are those of
+/// Unicode (UAX #29); East Asian wide characters and emoji take two columns, marks that combine take none, and emoji
+/// that are joined, coloured or paired to a flag count once, as terminals that know of clusters draw them.
 [[nodiscard]] Cluster nextCluster(std::string_view text, std::size_t position);
 
 } // namespace corvane

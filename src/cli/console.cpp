@@ -1,5 +1,6 @@
 #include "cli/console.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -8,6 +9,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "cli/terminal_text.h"
 #include "core/words/display_text.h"
 
 namespace corvane {
@@ -47,20 +49,31 @@ Console::Console()
     : out(STDOUT_FILENO),
       errors(STDERR_FILENO),
       m_outIsTerminal(isatty(STDOUT_FILENO) == 1),
-      m_canShowProgress(isatty(STDERR_FILENO) == 1 && !isDumb()),
-      m_colors(supportedColors())
+      m_progressDisplay(isatty(STDERR_FILENO) == 1 && !isDumb() ? Watch::Display::shown : Watch::Display::hidden),
+      m_colors(colors(ColorUse::automatic))
 {
 }
 
-Console::Colors Console::supportedColors() const
+Console::Colors Console::colors(ColorUse use) const
 {
     // https://no-color.org: any value but an empty one asks for plain text.
-    if (!m_outIsTerminal || isDumb() || !environment("NO_COLOR").empty())
+    const bool isPlain = !m_outIsTerminal || isDumb() || !environment("NO_COLOR").empty();
+    if (use == ColorUse::never || (use == ColorUse::automatic && isPlain))
         return Colors::none;
     const std::string_view depth = environment("COLORTERM");
     if (depth == "truecolor" || depth == "24bit")
         return Colors::full;
     return environment("TERM").find("256color") != std::string_view::npos ? Colors::palette : Colors::basic;
+}
+
+void Console::setColorUse(ColorUse use)
+{
+    m_colors = colors(use);
+}
+
+void Console::writeHint(std::string_view text)
+{
+    out.write(faint(wrapped(text, outColumns(), 0)) + "\n");
 }
 
 void Console::complain(std::string_view message)
@@ -75,6 +88,13 @@ void Console::complain(std::string_view message)
 std::size_t Console::outColumns() const
 {
     return m_outIsTerminal ? columnsOf(STDOUT_FILENO) : std::numeric_limits<std::size_t>::max();
+}
+
+std::size_t Console::roomBeside(std::size_t taken) const
+{
+    constexpr std::size_t least = 8;
+    const std::size_t columns = outColumns();
+    return std::max(columns - std::min(columns, taken), least);
 }
 
 std::size_t Console::errorColumns()

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "cli/output.h"
+#include "cli/watch.h"
 #include "core/color.h"
 
 namespace corvane {
@@ -23,14 +24,26 @@ public:
 
     [[nodiscard]] bool outIsTerminal() const { return m_outIsTerminal; }
 
-    /// Whether a line on standard error can be written over: a terminal that understands more than text.
-    [[nodiscard]] bool canShowProgress() const { return m_canShowProgress; }
+    /// Progress is shown where a line on standard error can be written over, on a terminal that understands more than
+    /// text, unless the user wants none.
+    [[nodiscard]] Watch::Display progressDisplay() const { return m_progressDisplay; }
+    void hideProgress() { m_progressDisplay = Watch::Display::hidden; }
 
     /// The columns that a line of the result may take: the terminal's, or no limit.
     [[nodiscard]] std::size_t outColumns() const;
 
+    /// The columns that stay of a line of the result once so many are taken; never fewer than a name can be told by.
+    [[nodiscard]] std::size_t roomBeside(std::size_t taken) const;
+
     /// The columns of the terminal behind standard error. Any thread.
     [[nodiscard]] static std::size_t errorColumns();
+
+    /// Writes a paragraph of less weight, in lines that the terminal has room for.
+    void writeHint(std::string_view text);
+
+    enum class ColorUse { automatic, always, never };
+    /// Whether the result has styles; automatic is where a terminal shows them and `NO_COLOR` is not set.
+    void setColorUse(ColorUse use);
 
     /// The text in a style, plain where standard output shows none.
     [[nodiscard]] std::string strong(std::string_view text) const;
@@ -40,12 +53,12 @@ public:
 private:
     enum class Colors { none, basic, palette, full };
 
-    [[nodiscard]] Colors supportedColors() const;
+    [[nodiscard]] Colors colors(ColorUse use) const;
     [[nodiscard]] std::string styled(std::string_view sequence, std::string_view text) const;
 
     const bool m_outIsTerminal;
-    const bool m_canShowProgress;
-    const Colors m_colors;
+    Watch::Display m_progressDisplay;
+    Colors m_colors;
 };
 
 } // namespace corvane

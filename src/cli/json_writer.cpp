@@ -4,7 +4,6 @@
 #include <string>
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include "core/words/utf8.h"
 
@@ -14,7 +13,29 @@ namespace {
 
 bool standsAsItIs(char c)
 {
-    return c >= 0x20 && c < 0x7F && c != '"' && c != '\\';
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 0x20 && byte < 0x80 && c != '"' && c != '\\';
+}
+
+constexpr std::string_view replacement = "\uFFFD";
+
+/// A character of ASCII that does not stand as it is.
+std::string escaped(char c)
+{
+    switch (c) {
+    case '"':
+        return "\\\"";
+    case '\\':
+        return "\\\\";
+    case '\n':
+        return "\\n";
+    case '\r':
+        return "\\r";
+    case '\t':
+        return "\\t";
+    default:
+        return fmt::format("\\u{:04x}", static_cast<unsigned char>(c));
+    }
 }
 
 std::string hexadecimal(std::string_view bytes)
@@ -110,24 +131,44 @@ void JsonWriter::null()
     m_out.write("null");
 }
 
+void JsonWriter::null(std::string_view name)
+{
+    key(name);
+    null();
+}
+
 void JsonWriter::text(std::string_view bytes)
 {
     separate();
-    // Nearly every name is plain ASCII; a value object for each would double the time of a large document.
-    if (std::all_of(bytes.begin(), bytes.end(), standsAsItIs)) {
-        m_out.write('"');
-        m_out.write(bytes);
-        m_out.write('"');
-        return;
+    m_out.write('"');
+    while (!bytes.empty()) {
+        const auto *const special = std::ranges::find_if_not(bytes, standsAsItIs);
+        const auto plain = static_cast<std::size_t>(special - bytes.begin());
+        m_out.write(bytes.substr(0, plain));
+        bytes.remove_prefix(plain);
+        if (bytes.empty())
+            break;
+        const DecodedCharacter character = decodeUtf8(bytes, 0);
+        if (!character.isValid)
+            m_out.write(replacement);
+        else if (character.length > 1)
+            m_out.write(bytes.substr(0, character.length));
+        else
+            m_out.write(escaped(bytes.front()));
+        bytes.remove_prefix(character.length);
     }
-    using nlohmann::json;
-    m_out.write(json(bytes).dump(-1, ' ', false, json::error_handler_t::replace));
+    m_out.write('"');
+}
+
+void JsonWriter::text(std::string_view name, std::string_view bytes)
+{
+    key(name);
+    text(bytes);
 }
 
 void JsonWriter::bytes(std::string_view name, std::string_view value)
 {
-    key(name);
-    text(value);
+    text(name, value);
     hexUnlessText(std::string(name) + "Hex", value);
 }
 
@@ -135,8 +176,7 @@ void JsonWriter::hexUnlessText(std::string_view name, std::string_view value)
 {
     if (isValidUtf8(value))
         return;
-    key(name);
-    text(hexadecimal(value));
+    text(name, hexadecimal(value));
 }
 
 void JsonWriter::finish()

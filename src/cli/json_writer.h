@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "cli/output.h"
@@ -22,6 +23,7 @@ public:
     void key(std::string_view name);
 
     void value(std::int64_t number);
+    void value(int number) { value(std::int64_t{number}); }
     void value(double number);
     void value(bool flag);
     /// Unix seconds; null for `distantPast`.
@@ -30,8 +32,25 @@ public:
     void value(const Color &color);
     void null();
 
+    /// A key with its value. Texts are written by `text`.
+    template <typename Value>
+    void value(std::string_view name, const Value &value)
+    {
+        key(name);
+        this->value(value);
+    }
+    template <typename Value>
+    void value(std::string_view name, const std::optional<Value> &value)
+    {
+        key(name);
+        value ? this->value(*value) : null();
+    }
+    void value(const char *text) = delete;
+    void null(std::string_view name);
+
     /// A text given as bytes; what is not UTF-8 becomes U+FFFD.
     void text(std::string_view bytes);
+    void text(std::string_view name, std::string_view bytes);
 
     /// `"key": text`, and where the bytes are not UTF-8 also `"keyHex"` with all of them in hexadecimal.
     void bytes(std::string_view name, std::string_view value);

@@ -80,6 +80,28 @@ std::string rightAligned(std::string_view text, std::size_t columns)
     return std::string(columns - std::min(columns, width), ' ') + std::string(text);
 }
 
+std::string wrapped(std::string_view text, std::size_t columns, std::size_t start)
+{
+    std::string lines;
+    std::size_t column = start;
+    while (!text.empty()) {
+        const std::string_view word = text.substr(0, text.find(' '));
+        text.remove_prefix(std::min(word.size() + 1, text.size()));
+        const std::size_t width = displayWidth(word);
+        if (column > start && width >= columns - std::min(columns, column)) {
+            lines.append("\n").append(start, ' ');
+            column = start;
+        }
+        if (column > start) {
+            lines += ' ';
+            ++column;
+        }
+        lines += word;
+        column += width;
+    }
+    return lines;
+}
+
 std::string leftAligned(std::string_view text, std::size_t columns)
 {
     const std::size_t width = displayWidth(text);

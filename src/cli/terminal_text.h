@@ -29,6 +29,10 @@ inline constexpr std::string_view clearLine = "\r\x1b[K";
 /// The text with spaces before it, so that it takes at least `columns`: for numbers.
 [[nodiscard]] std::string rightAligned(std::string_view text, std::size_t columns);
 
+/// The text with line breaks in the place of spaces, so that it stands in `columns` where its words let it. It starts
+/// at column `start`, and so does each further line.
+[[nodiscard]] std::string wrapped(std::string_view text, std::size_t columns, std::size_t start);
+
 /// The text with spaces after it.
 [[nodiscard]] std::string leftAligned(std::string_view text, std::size_t columns);
 

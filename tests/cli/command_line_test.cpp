@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "cli/cli_test.h"
-#include "cli/shielded_arguments.h"
+#include "cli/command.h"
 #include "platform/system_kind.h"
 #include "support/mac_words.h"
 
@@ -78,6 +78,14 @@ TEST_F(CommandLineTest, HelpNamesEveryCommandAndLeavesNothingOut)
     }
 }
 
+TEST_F(CommandLineTest, EveryCommandIsOneThatIsTestedHere)
+{
+    std::vector<std::string> names;
+    for (const Command &command : allCommands())
+        names.emplace_back(command.name);
+    EXPECT_EQ(names, commands);
+}
+
 TEST_F(CommandLineTest, EveryCommandHasHelpWithAnExample)
 {
     for (const std::string &command : commands) {
@@ -133,7 +141,7 @@ TEST_F(CommandLineTest, WhatIsWrongIsOneLineWithAHint)
           Case{{"scan", "--bogus=\x1b[31m"}, "unknown option \"--bogus\"" + ofScan},
           Case{{"scan", "-x"}, "unknown option \"-x\"" + ofScan},
           Case{{"scan", "--svg", "x"}, "unknown option \"--svg\"" + ofScan},
-          Case{{"scan", "a", "b\x1b"}, "unexpected argument \"b␛\"" + ofScan},
+          Case{{"map", "a", "b\x1b"}, "unexpected argument \"b␛\"; see \"corvane-cli map --help\"\n"},
           Case{{"scan", "--json=yes"}, "--json takes no value" + ofScan},
           Case{{"map"}, "a PATH is needed; see \"corvane-cli map --help\"\n"},
           Case{{"map", "/", "--size"}, "--size needs a value; see \"corvane-cli map --help\"\n"},
@@ -315,24 +323,6 @@ TEST_F(CommandLineTest, NothingThatIsReadOnALinuxSystemSpeaksOfAMac)
             }
         }
     }
-}
-
-TEST(ShieldedArguments, MarkEverythingButTheCommandAndOptions)
-{
-    EXPECT_EQ(shieldedArguments({"--json", "map", "[a]", "--size", "1x1", "--svg=x", "-"}),
-              (std::vector<std::string>{"--json", "map", ":[a]", "--size", ":1x1", "--svg=:x", ":-"}));
-}
-
-TEST(ShieldedArguments, NothingBehindTwoDashesIsAnOption)
-{
-    EXPECT_EQ(shieldedArguments({"remove", "--yes", "--", "--yes", "--", ""}),
-              (std::vector<std::string>{"remove", "--yes", ":--yes", ":--", ":"}));
-}
-
-TEST(ShieldedArguments, ComeBackAsTheyWere)
-{
-    for (const char *const argument : {"", "x", ":x", "::", "[a,b]"})
-        EXPECT_EQ(unshielded(shieldedArguments({"remove", "--", argument})[1]), argument);
 }
 
 } // namespace

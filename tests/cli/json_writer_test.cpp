@@ -95,6 +95,12 @@ TEST(JsonWriter, BytesThatAreNoTextAreAlsoGivenInHexadecimal)
               "{\"path\":\"/a\xEF\xBF\xBD\",\"pathHex\":\"2f61ff\",\"name\":\"plain\"}");
 }
 
+TEST(JsonWriter, EachByteThatIsNoTextIsOneReplacement)
+{
+    EXPECT_EQ(written([](JsonWriter &json) { json.text("a\xFF\"\xE2\x82\u00E9\n\x01\xC3"); }),
+              "\"a\uFFFD\\\"\uFFFD\uFFFD\u00E9\\n\\u0001\uFFFD\"");
+}
+
 TEST(Output, KeepsTheFailureAndStopsWriting)
 {
     Output out(-1);

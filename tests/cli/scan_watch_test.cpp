@@ -4,6 +4,8 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <functional>
 #include <string>
 #include <thread>
 
@@ -16,9 +18,9 @@
 #endif
 #include <unistd.h>
 
+#include "cli/commands/commands.h"
 #include "cli/console.h"
 #include "cli/folder_scan.h"
-#include "cli/remove_command.h"
 #include "platform/fake_host.h"
 
 namespace corvane {
@@ -107,7 +109,7 @@ private:
     const std::uint64_t m_depth;
 };
 
-class EndlessFileSystem final : public FileSystem {
+class EndlessFileSystem : public FileSystem {
 public:
     Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &) override
     {
@@ -127,6 +129,32 @@ public:
 
     int removals = 0;
 };
+
+/// One file; whoever goes about to remove it sees `onRemoval` called first.
+class WatchedFile final : public EndlessFileSystem {
+public:
+    Expected<ItemFacts> facts(const std::string &) override
+    {
+        return ItemFacts{.allocated = 5, .identity = {{}, 1, 1}};
+    }
+    Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override
+    {
+        onRemoval();
+        return EndlessFileSystem::holdFolder(path);
+    }
+
+    std::function<void()> onRemoval;
+};
+
+/// What "remove --permanently --yes PATH" ends with.
+ExitStatus deletion(const std::string &path, Console &console, const Host &host)
+{
+    Arguments arguments;
+    arguments.paths = {path};
+    arguments.add("permanently", {});
+    arguments.add("yes", {});
+    return removeCommand().run(arguments, console, host);
+}
 
 TEST(ScanWatch, InterruptAndTerminateStopTheScan)
 {
@@ -205,11 +233,37 @@ TEST(RemoveCommand, ACtrlCWhileSizesAreMeasuredRemovesNothing)
     EndlessFileSystem files;
     FakeHost fakes;
     const Host host{files, fakes.trash, fakes.volumes, fakes.desktop, fakes.applications};
-    const RemoveCommand command{.paths = {"/endless"}, .permanently = true, .yes = true, .json = false};
 
-    EXPECT_EQ(command.run(console, host), ExitStatus::doneWithFailures);
+    EXPECT_EQ(deletion("/endless", console, host), ExitStatus::doneWithFailures);
 
     EXPECT_EQ(files.removals, 0);
+}
+
+TEST(RemoveCommand, ATerminalShowsHowFarTheRemovalIsAndTheLineIsWipedAway)
+{
+    setenv("TERM", "xterm", 1);
+    TerminalOnStandardError terminal;
+    Console console;
+    WatchedFile files;
+    std::string shown;
+    files.onRemoval = [&] { shown = terminal.writtenUntil("item  /one/file"); };
+    FakeHost fakes;
+    const Host host{files, fakes.trash, fakes.volumes, fakes.desktop, fakes.applications};
+
+    EXPECT_EQ(deletion("/one/file", console, host), ExitStatus::doneWithFailures);
+
+    EXPECT_TRUE(shown.ends_with("\r\x1b[KRemoving… 1 of 1 item  /one/file")) << shown;
+    EXPECT_NE(terminal.writtenUntil("permitted\r\n").rfind("\r\x1b[Kcorvane-cli: file: "), std::string::npos);
+}
+
+TEST(RemoveCommand, WithoutProgressTheTerminalGetsNoLine)
+{
+    setenv("TERM", "xterm", 1);
+    TerminalOnStandardError terminal;
+    Console console;
+    EXPECT_EQ(console.progressDisplay(), Watch::Display::shown);
+    console.hideProgress();
+    EXPECT_EQ(console.progressDisplay(), Watch::Display::hidden);
 }
 
 TEST(FolderScan, AScanThatIsLeftAloneIsWhole)

@@ -23,11 +23,11 @@ constexpr std::chrono::seconds longestWait{60};
 
 } // namespace
 
-TerminalProgram::TerminalProgram(const Program &program)
+TerminalProgram::TerminalProgram(const Program &program, unsigned short columns)
 {
     winsize size{};
     size.ws_row = 40;
-    size.ws_col = 100;
+    size.ws_col = columns;
     m_child = forkpty(&m_terminal, nullptr, nullptr, &size);
     if (m_child < 0)
         throw std::system_error(errno, std::generic_category(), "forkpty");

@@ -9,10 +9,10 @@
 
 namespace corvane {
 
-/// One run of the real program on a terminal of its own, 100 columns wide.
+/// One run of the real program on a terminal of its own.
 class TerminalProgram {
 public:
-    explicit TerminalProgram(const Program &program);
+    explicit TerminalProgram(const Program &program, unsigned short columns = 100);
     ~TerminalProgram();
 
     TerminalProgram(const TerminalProgram &) = delete;

@@ -27,6 +27,55 @@ TEST(DisplayWidth, CountsColumns)
     EXPECT_EQ(displayWidth("a\u200bb"), 2u);
 }
 
+TEST(DisplayWidth, AnEmojiTakesTwoColumnsHoweverManyCharactersItIsMadeOf)
+{
+    for (const char *const emoji : {
+             "\U0001F600",                                                             // a face
+             "\u2764\uFE0F",                                                           // a heart, asked for as an emoji
+             "\u00A9\uFE0F",                                                           // a sign, asked for as an emoji
+             "1\uFE0F\u20E3",                                                          // a keycap
+             "\U0001F44B\U0001F3FF",                                                   // a hand of a colour
+             "\U0001F1FA\U0001F1F3",                                                   // a flag of two letters
+             "\U0001F3F3\uFE0F\u200D\U0001F308",                                       // a flag of two emoji
+             "\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E\U000E0067\U000E007F", // a flag of tags
+             "\U0001F469\U0001F3FD\u200D\U0001F680",                                   // a person of a colour at work
+             "\U0001F9D1\u200D\U0001F9D1\u200D\U0001F9D2",                             // a family
+             "\u26F9\uFE0F\u200D\u2640\uFE0F",                                         // one of signs alone
+             "\U0001FAE8",                                                             // one of the newest
+         }) {
+        EXPECT_EQ(displayWidth(emoji), 2u) << emoji;
+        EXPECT_EQ(displayWidth(std::string(emoji) + emoji), 4u) << emoji;
+        EXPECT_EQ(elided(std::string("a") + emoji + "b", 2), "a\u2026") << "an emoji is never cut";
+    }
+}
+
+TEST(DisplayWidth, SignsTakeOneColumnUnlessAskedForAsEmoji)
+{
+    EXPECT_EQ(displayWidth("\u2764"), 1u);
+    EXPECT_EQ(displayWidth("\u00A9"), 1u);
+    EXPECT_EQ(displayWidth("\u2764\uFE0E"), 1u);
+    EXPECT_EQ(displayWidth("a\uFE0F"), 1u) << "a letter has no other form";
+    EXPECT_EQ(displayWidth("12#"), 3u);
+}
+
+TEST(DisplayWidth, MarksTakeColumnsWhereTerminalsGiveThemSome)
+{
+    EXPECT_EQ(displayWidth("\u0915\u093E"), 2u);       // beside its letter
+    EXPECT_EQ(displayWidth("\u0915\u0941"), 1u);       // beneath it
+    EXPECT_EQ(displayWidth("\u1112\u1161\u11AB"), 2u); // a syllable of three letters
+    EXPECT_EQ(displayWidth("o\u0302\u0323\u0308"), 1u);
+}
+
+TEST(Wrapped, BreaksBetweenWordsAndGoesOnWhereItBegan)
+{
+    EXPECT_EQ(wrapped("one two three", 80, 0), "one two three");
+    EXPECT_EQ(wrapped("one two three", 7, 0), "one two\nthree");
+    EXPECT_EQ(wrapped("one two three", 9, 2), "one two\n  three");
+    EXPECT_EQ(wrapped("a longer word", 3, 0), "a\nlonger\nword");
+    EXPECT_EQ(wrapped("\u6587\u4ef6 \u6587\u4ef6", 8, 0), "\u6587\u4ef6\n\u6587\u4ef6");
+    EXPECT_EQ(wrapped("", 5, 2), "");
+}
+
 TEST(Elided, NeverTakesMoreThanTheRoomAndKeepsWhatFits)
 {
     EXPECT_EQ(elided("plain", 5), "plain");

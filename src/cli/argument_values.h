@@ -1,0 +1,45 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "core/file_type.h"
+
+namespace corvane {
+
+// What several commands take as the value of an option. Nothing for any other text.
+
+/// A count of bytes.
+[[nodiscard]] std::optional<std::int64_t> byteCount(std::string_view text);
+
+/// A count of months, at least 1.
+[[nodiscard]] std::optional<int> monthCount(std::string_view text);
+
+/// A count of lines, at least 1.
+[[nodiscard]] std::optional<std::size_t> lineCount(std::string_view text);
+
+/// A count of levels, from 1 to 100.
+[[nodiscard]] std::optional<std::size_t> levelCount(std::string_view text);
+
+/// One of the choices by its name.
+template <typename Choice, std::size_t count>
+[[nodiscard]] std::optional<Choice> choiceNamed(std::string_view text,
+                                                const std::array<std::pair<std::string_view, Choice>, count> &choices)
+{
+    const auto found = std::ranges::find(choices, text, &std::pair<std::string_view, Choice>::first);
+    return found == choices.end() ? std::nullopt : std::optional(found->second);
+}
+
+/// A type by its name on the command line, among those that files have.
+[[nodiscard]] std::optional<FileType> fileTypeNamed(std::string_view text);
+
+/// The names of those, with commas between them.
+[[nodiscard]] std::string fileTypeNames();
+
+} // namespace corvane

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "cli/command.h"
+
+namespace corvane {
+
+// Each in the file of its name, with its table and its JSON; `large` and `old` in file_lists.cpp.
+[[nodiscard]] Command scanCommand();
+[[nodiscard]] Command mapCommand();
+[[nodiscard]] Command breakdownCommand();
+[[nodiscard]] Command snapshotsCommand();
+[[nodiscard]] Command cleanupCommand();
+[[nodiscard]] Command appsCommand();
+[[nodiscard]] Command duplicatesCommand();
+[[nodiscard]] Command largeCommand();
+[[nodiscard]] Command oldCommand();
+[[nodiscard]] Command protectedCommand();
+[[nodiscard]] Command removeCommand();
+
+} // namespace corvane

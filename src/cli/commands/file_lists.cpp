@@ -1,0 +1,194 @@
+#include "cli/commands/commands.h"
+
+#include <algorithm>
+#include <chrono>
+#include <iterator>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "cli/argument_values.h"
+#include "cli/folder_heading.h"
+#include "cli/folder_scan.h"
+#include "cli/item_order.h"
+#include "cli/json_writer.h"
+#include "cli/table.h"
+#include "cli/terminal_text.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
+#include "duplicates/file_lists.h"
+
+namespace corvane {
+
+namespace {
+
+/// A list of single files with what stands above it.
+struct FoundFiles {
+    std::string_view title;
+    std::string subtitle;
+    std::string_view none; ///< what is said where there are no files
+    FileList files;
+    std::size_t more = 0; ///< files that are not listed, since the user wants fewer
+};
+
+/// A file counts as one file, so their number is nothing to sort by.
+std::optional<ItemOrder> fileOrderNamed(std::string_view text)
+{
+    const std::optional<ItemOrder> order = orderNamed(text);
+    return order == ItemOrder::files ? std::nullopt : order;
+}
+
+constexpr std::size_t dateColumns = 10;
+
+void writeFileListJson(const FoundFiles &found, std::span<const FolderScan> scans, Output &out)
+{
+    JsonWriter json(out);
+    json.beginObject();
+    json.text("title", found.title);
+    json.text("subtitle", found.subtitle);
+    json.key("files");
+    json.beginArray();
+    for (const std::shared_ptr<FileNode> &file : found.files) {
+        if (json.isClosed())
+            break;
+        json.beginObject();
+        json.bytes("path", file->path());
+        json.value("size", file->size);
+        json.text("kindLabel", file->kindLabel());
+        json.value("modified", file->modified);
+        json.endObject();
+    }
+    json.endArray();
+    writeFilter(scans, json);
+    json.endObject();
+    json.finish();
+}
+
+void writeFileListTable(const FoundFiles &found, std::span<const FolderScan> scans, std::string_view home,
+                        Console &console)
+{
+    if (found.files.empty()) {
+        console.out.write(fmt::format("{}\n", found.none));
+        writeNotes(scans, console);
+        return;
+    }
+    console.out.write(console.strong(found.title));
+    console.out.write(fmt::format(" · {}\n\n", found.subtitle));
+    const std::size_t taken = sizeColumns() + 2 + dateColumns + 2;
+    for (const std::shared_ptr<FileNode> &file : found.files) {
+        if (console.out.isClosed())
+            break;
+        const std::string path = elidedAtFront(formatPath(file->path(), home), console.roomBeside(taken));
+        console.out.write(fmt::format("{}  {}  {}\n", sizeCell(file->size),
+                                      leftAligned(dateText(file->modified), dateColumns), path));
+    }
+    if (found.more > 0)
+        console.out.write(formatCount(static_cast<std::int64_t>(found.more), "more file", "more files") + "\n");
+    writeNotes(scans, console);
+}
+
+/// Scans the folder, and writes what `list` makes of its files.
+template <typename List>
+ExitStatus writeFilesOf(const Arguments &arguments, Console &console, const Host &host, const List &list)
+{
+    const std::optional<std::size_t> most = arguments.value("top", lineCount, "a number of lines");
+    const ItemOrder order = arguments.value("sort", fileOrderNamed, "size, name or modified").value_or(ItemOrder::size);
+    const auto scans = FolderScan::ofArguments(arguments, FolderScan::Extent::treeAndSummary, console, host.files);
+    if (!scans)
+        return scans.error();
+    FoundFiles found = list(filesOf(*scans));
+    std::ranges::stable_sort(found.files,
+                             [order](const auto &a, const auto &b) { return standsBefore(*a, *b, order); });
+    if (most && *most < found.files.size()) {
+        found.more = found.files.size() - *most;
+        found.files.resize(*most);
+    }
+    if (arguments.has("json"))
+        writeFileListJson(found, *scans, console.out);
+    else
+        writeFileListTable(found, *scans, host.files.homeFolder(), console);
+    return report(*scans, console, false);
+}
+
+/// Puts what two commands take alike into the filter of one.
+template <typename Filter>
+void setCommon(const Arguments &arguments, Filter &filter)
+{
+    filter.minSize = arguments.value("min", byteCount, "a number of bytes").value_or(filter.minSize);
+    filter.query = arguments.text("name").value_or("");
+}
+
+ExitStatus runLarge(const Arguments &arguments, Console &console, const Host &host)
+{
+    LargeFilesFilter filter;
+    setCommon(arguments, filter);
+    filter.type = arguments.value("type", fileTypeNamed, "one of " + fileTypeNames());
+    return writeFilesOf(arguments, console, host, [&](const FileList &files) {
+        FoundFiles found{.title = "Large Files", .subtitle = {}, .none = "No files match", .files = {}};
+        found.files = largeFiles(files, filter, SearchableNames(files, userCasing()));
+        found.subtitle = largeFilesSubtitle(found.files);
+        return found;
+    });
+}
+
+ExitStatus runOld(const Arguments &arguments, Console &console, const Host &host)
+{
+    OldFilesFilter filter;
+    filter.months = arguments.value("months", monthCount, "a number of months").value_or(filter.months);
+    setCommon(arguments, filter);
+    return writeFilesOf(arguments, console, host, [&](const FileList &files) {
+        FoundFiles found{.title = "Old Files", .subtitle = {}, .none = "Nothing stale here", .files = {}};
+        const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+        found.files = oldFiles(files, filter, systemCalendar().monthsBefore(now, filter.months),
+                               SearchableNames(files, userCasing()));
+        found.subtitle = oldFilesSubtitle(found.files, filter.months);
+        return found;
+    });
+}
+
+Option minOption(std::string_view usual)
+{
+    return {.name = "min", .value = "BYTES", .help = fmt::format("Only files of at least BYTES, by default {}", usual)};
+}
+
+/// What both commands take.
+std::vector<Option> withCommonOptions(std::vector<Option> options)
+{
+    options.push_back({.name = "name", .value = "TEXT", .help = "Only files with TEXT in the name, in any case"});
+    options.push_back({.name = "sort", .value = "KEY", .help = "Order files by size (the default), name or modified"});
+    options.push_back({.name = "top", .value = "N", .help = "List at most N files"});
+    std::ranges::copy(FolderScan::excludeOptions(), std::back_inserter(options));
+    options.push_back(FolderScan::apparentOption());
+    return options;
+}
+
+} // namespace
+
+Command largeCommand()
+{
+    return {.name = "large",
+            .summary = "List the large files of a folder.",
+            .paths = {.help = "The folders", .least = 1, .most = PathArguments::anyNumber},
+            .options = withCommonOptions(
+                {minOption("100000000"),
+                 {.name = "type", .value = "TYPE", .help = "Only files of TYPE: " + fileTypeNames()}}),
+            .example = "corvane-cli large ~ --min 1000000000 --type video",
+            .run = runLarge};
+}
+
+Command oldCommand()
+{
+    return {.name = "old",
+            .summary = "List the files of a folder that were not modified for long.",
+            .paths = {.help = "The folders", .least = 1, .most = PathArguments::anyNumber},
+            .options = withCommonOptions(
+                {{.name = "months", .value = "N", .help = "Only files not modified for N months, by default 12"},
+                 minOption("10000000")}),
+            .example = "corvane-cli old ~ --months 24",
+            .run = runOld};
+}
+
+} // namespace corvane

@@ -1,0 +1,256 @@
+#include "cli/commands/commands.h"
+
+#include <algorithm>
+#include <iterator>
+#include <mutex>
+#include <optional>
+#include <set>
+
+#include <fmt/format.h>
+
+#include "cli/commands/removal_question.h"
+#include "cli/json_writer.h"
+#include "cli/path_argument.h"
+#include "cli/scan_watch.h"
+#include "cli/watch.h"
+#include "core/allocated_size.h"
+#include "core/removal.h"
+#include "core/scan_words.h"
+#include "core/scanner.h"
+#include "core/selection.h"
+#include "core/stop_flag.h"
+#include "core/words/display_text.h"
+#include "core/words/figures.h"
+
+namespace corvane {
+
+namespace {
+
+void writeFailedItems(const std::vector<RemovalFailure> &failures, JsonWriter &json)
+{
+    json.key("failedItems");
+    json.beginArray();
+    for (const RemovalFailure &failure : failures) {
+        json.beginObject();
+        json.bytes("path", failure.path);
+        json.text("line", failure.line);
+        if (failure.left == RemovalFailure::Left::aPart) {
+            json.value("freed", failure.freed);
+        }
+        json.endObject();
+    }
+    json.endArray();
+}
+
+/// As `allocatedSize`, but on several threads, which can be watched and stopped.
+std::int64_t sizeOf(const std::string &path, ScanProgress &progress, FileSystem &files)
+{
+    const Expected<ItemFacts> facts = files.facts(path);
+    return facts && facts->type == EntryType::directory ? Scanner::scan(path, progress, files)->size
+                                                        : allocatedSize(path, files);
+}
+
+/// The selection with what each item occupies; else why the measuring did not come to its end.
+tl::expected<Selection, std::string> measured(Selection selection, const Console &console, FileSystem &files)
+{
+    ScanProgress progress;
+    const ScanWatch watch(progress, console.progressDisplay());
+    for (auto &[path, size] : selection)
+        size = sizeOf(path, progress, files);
+    if (const std::optional<Error> failure = progress.failure())
+        return tl::unexpected(scanFailureText(*failure));
+    if (progress.isCancelled())
+        return tl::unexpected(std::string("stopped"));
+    return selection;
+}
+
+/// How far a removal is, told by the thread that removes and asked by the one that shows it.
+class RemovalProgress {
+public:
+    explicit RemovalProgress(std::size_t count) : m_count(static_cast<std::int64_t>(count)) {}
+
+    void begin(const RemovalStep &step)
+    {
+        const std::scoped_lock lock(m_lock);
+        ++m_begun;
+        m_path = step.path;
+    }
+
+    [[nodiscard]] std::string line(std::size_t columns) const
+    {
+        const std::scoped_lock lock(m_lock);
+        const std::string figures =
+            fmt::format("Removing… {} of {}", formatCount(m_begun), formatCount(m_count, "item", "items"));
+        return lineWithPath(figures, m_path, columns);
+    }
+
+private:
+    mutable std::mutex m_lock;
+    const std::int64_t m_count;
+    std::int64_t m_begun = 0; // guarded by m_lock, as is what follows
+    std::string m_path;
+};
+
+RemovalOutcome perform(const std::vector<RemovalStep> &steps, const Console &console, const Host &host)
+{
+    StopFlag stop = false;
+    RemovalProgress progress(steps.size());
+    const Watch watch([&] { stop = true; }, [&](std::size_t columns) { return progress.line(columns); },
+                      console.progressDisplay());
+    return Removal::perform(steps, PathGuard::locations(), host, stop,
+                            [&](const RemovalStep &step) { progress.begin(step); });
+}
+
+bool isRefused(const RemovalStep &step)
+{
+    return step.action == RemovalStep::Action::refuse;
+}
+
+std::string_view nameOf(RemovalStep::Action action)
+{
+    switch (action) {
+    case RemovalStep::Action::refuse:
+        return "refuse";
+    case RemovalStep::Action::trash:
+        return "trash";
+    case RemovalStep::Action::erase:
+        return "delete";
+    }
+    return {};
+}
+
+void writeSteps(const std::vector<RemovalStep> &steps, JsonWriter &json)
+{
+    json.key("steps");
+    json.beginArray();
+    for (const RemovalStep &step : steps) {
+        json.beginObject();
+        json.bytes("path", step.path);
+        json.value("size", step.size);
+        json.text("action", nameOf(step.action));
+        json.endObject();
+    }
+    json.endArray();
+}
+
+/// What became of a removal as one JSON document; of one that was only tried, also the steps that it would take.
+void writeRemovalJson(const RemovalOutcome &outcome, std::string_view message, Output &out,
+                      const std::vector<RemovalStep> *tried = nullptr)
+{
+    JsonWriter json(out);
+    json.beginObject();
+    json.text("message", message);
+    json.key("removed");
+    json.beginArray();
+    for (const SelectedEntry &entry : outcome.removed) {
+        json.beginObject();
+        json.bytes("path", entry.path);
+        json.value("size", entry.size);
+        json.endObject();
+    }
+    json.endArray();
+    json.key("failures");
+    json.beginArray();
+    for (const RemovalFailure &failure : outcome.failures)
+        json.text(failure.line);
+    json.endArray();
+    if (!outcome.failures.empty())
+        writeFailedItems(outcome.failures, json);
+    if (outcome.isStopped)
+        json.value("cancelled", true);
+    if (tried != nullptr)
+        writeSteps(*tried, json);
+    json.endObject();
+    json.finish();
+}
+
+ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
+{
+    const bool permanently = arguments.has("permanently");
+    const bool yes = arguments.has("yes");
+    const bool json = arguments.has("json");
+    const bool isDryRun = arguments.has("dry-run");
+    const ProtectedLocations &locations = PathGuard::locations();
+    std::set<std::string> refused;
+    Selection selection;
+    for (const std::string &path : arguments.paths) {
+        const Judged<ExistingItem> item = existingItem(path, host.files);
+        if (!item) {
+            console.complain(item.error());
+            return ExitStatus::refused;
+        }
+        // What is protected is never in a selection, and so stands for nothing that lies inside it.
+        if (locations.isProtected(item->path, host.files))
+            refused.insert(item->path);
+        else
+            selection.emplace(item->path, 0);
+    }
+    // What is shown from here on is what may be removed, and nothing that takes its place.
+    const SeenItems seen = Removal::look(selectedEntries(selection), locations, host);
+    RemovalQuestion question;
+    if (!yes && !isDryRun && !question.canBeAsked()) {
+        console.complain("there is no terminal to ask on; --yes removes without asking");
+        return ExitStatus::refused;
+    }
+
+    tl::expected<Selection, std::string> entries = measured(effectiveSelection(selection), console, host.files);
+    if (!entries) {
+        if (json) {
+            const RemovalOutcome nothing{.removed = {}, .failures = {}, .isStopped = true};
+            writeRemovalJson(nothing, Removal::message(nothing, permanently), console.out);
+        }
+        console.complain(entries.error() + "; nothing was removed");
+        return ExitStatus::doneWithFailures;
+    }
+    for (const std::string &path : refused)
+        entries->emplace(path, 0);
+    std::vector<RemovalStep> steps = Removal::plan(*entries, permanently, locations, host.trash.trashFolders(), seen);
+    for (RemovalStep &step : steps) {
+        if (refused.contains(step.path))
+            step.action = RemovalStep::Action::refuse;
+    }
+
+    RemovalOutcome outcome;
+    if (isDryRun) {
+        // Only what would be refused is gone through, so that it is named as it would be.
+        std::vector<RemovalStep> refusals;
+        std::ranges::copy_if(steps, std::back_inserter(refusals), isRefused);
+        outcome = perform(refusals, console, host);
+        if (!json)
+            console.out.write(planText(steps, permanently));
+    } else if (yes || std::ranges::all_of(steps, isRefused) || question.ask(steps, permanently)) {
+        outcome = perform(steps, console, host);
+    }
+    const std::string message = Removal::message(outcome, permanently);
+    if (json)
+        writeRemovalJson(outcome, message, console.out, isDryRun ? &steps : nullptr);
+    else
+        console.out.write(displayUtf8(message) + "\n");
+    for (const RemovalFailure &failure : outcome.failures)
+        console.complain(failure.line);
+    if (outcome.isStopped) {
+        const std::size_t untouched = steps.size() - outcome.removed.size() - outcome.failures.size();
+        console.complain(fmt::format("stopped; {} left as before",
+                                     formatCount(static_cast<std::int64_t>(untouched), "item", "items")));
+    }
+    return outcome.failures.empty() && !outcome.isStopped ? ExitStatus::done : ExitStatus::doneWithFailures;
+}
+
+} // namespace
+
+Command removeCommand()
+{
+    return {.name = "remove",
+            .summary = "Move items to the Trash, after asking.",
+            .paths = {.help = "Files, folders and links; a link is removed itself",
+                      .least = 1,
+                      .most = PathArguments::anyNumber},
+            .options = {{.name = "permanently", .help = "Delete for good instead of moving to the Trash"},
+                        {.name = "yes", .help = "Do not ask; needed where there is no terminal", .letter = 'y'},
+                        {.name = "dry-run", .help = "Show what would be done, and do nothing"}},
+            .example = "corvane-cli remove ~/Downloads/old.iso ~/build",
+            .home = Command::Home::needed,
+            .run = run};
+}
+
+} // namespace corvane
