@@ -7,6 +7,7 @@
 
 #include "apps/name_pieces.h"
 #include "core/words/utf8.h"
+#include "platform/text.h"
 
 namespace corvane {
 
@@ -22,8 +23,7 @@ std::string plainText(std::string_view text)
 {
     constexpr std::array<std::pair<std::string_view, char>, 5> entities{
         {{"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&apos;", '\''}}};
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    text = text.substr(0, text.find_last_not_of(blanks) + 1);
+    text = trimmed(text);
     std::string plain;
     while (!text.empty() && plain.size() <= longestName) {
         const auto *const entity =

@@ -10,6 +10,7 @@
 #include "platform/environment.h"
 #include "platform/path.h"
 #include "platform/patient_open.h"
+#include "platform/text.h"
 #include "platform/walk_conditions.h"
 
 namespace corvane {
@@ -19,23 +20,14 @@ namespace {
 constexpr std::size_t longestFile = 256UL * 1024;
 constexpr std::size_t longestName = 255; // bytes, as of a file's name
 constexpr std::string_view ending = ".desktop";
-constexpr std::string_view blanks = " \t\r";
-
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
 
 /// The values of the group that describes the application, each by its key; the first of a key counts.
 std::map<std::string_view, std::string_view> valuesIn(std::string_view text)
 {
     std::map<std::string_view, std::string_view> values;
     bool isInside = false;
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find('\n', start), text.size());
-        const std::string_view line = trimmed(text.substr(start, end - start));
-        start = end + 1;
+    while (!text.empty()) {
+        const std::string_view line = trimmed(takeLine(text));
         if (line.starts_with('[')) {
             isInside = line == "[Desktop Entry]";
             continue;
@@ -60,17 +52,6 @@ std::string unescaped(std::string_view value)
         }
         text += static_cast<unsigned char>(each) < 0x20 || each == 0x7F ? ' ' : each;
     }
-    return text;
-}
-
-std::string shortened(std::string text)
-{
-    if (text.size() <= longestName)
-        return text;
-    std::size_t end = longestName;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) // within a character
-        --end;
-    text.resize(end);
     return text;
 }
 
@@ -177,11 +158,11 @@ std::optional<DesktopEntry> DesktopEntry::parse(std::string_view path, std::stri
         const auto found = values.find(key);
         return found == values.end() ? std::string() : unescaped(found->second);
     };
-    std::string name = shortened(value("Name"));
+    std::string name(startOf(value("Name"), longestName));
     if (!id || value("Type") != "Application" || !isName(name))
         return std::nullopt;
     for (const std::string &suffix : localeEndings(locale)) {
-        if (std::string translated = shortened(value("Name" + suffix)); isName(translated)) {
+        if (std::string translated(startOf(value("Name" + suffix), longestName)); isName(translated)) {
             name = std::move(translated);
             break;
         }

@@ -24,7 +24,7 @@ namespace corvane {
 [[nodiscard]] std::optional<Leftover> leftoverAt(std::string path, std::string_view location, Leftover::Match match,
                                                  const AppInventory::Surroundings &surroundings);
 
-/// Whether it was left alone for so long that nobody seems to use it any more.
+/// Whether it has been untouched for so long that it seems unused.
 [[nodiscard]] bool isUntouched(const Leftover &leftover, Time now);
 
 /// Whether a name without its suffixes may be that of a deleted application's item.

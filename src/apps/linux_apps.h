@@ -1,8 +1,8 @@
 #pragma once
 
 #include "apps/app_inventory.h"
+#include "core/shell.h"
 #include "core/stop_flag.h"
-#include "disk/shell.h"
 #include "platform/host.h"
 
 namespace corvane {

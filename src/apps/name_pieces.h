@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/text.h"
+
 namespace corvane {
 
 /// The first pieces of a name between its dots, at most `count` of them, joined with dots again. Empty pieces, as in a
@@ -12,9 +14,8 @@ namespace corvane {
 [[nodiscard]] inline std::string leadingPieces(std::string_view name, std::size_t count)
 {
     std::string joined;
-    for (std::size_t start = 0; start < name.size() && count > 0;) {
-        const std::string_view piece = name.substr(start, name.find('.', start) - start);
-        start += piece.size() + 1;
+    while (!name.empty() && count > 0) {
+        const std::string_view piece = takePart(name, '.');
         if (piece.empty())
             continue;
         if (!joined.empty())

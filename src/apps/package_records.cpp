@@ -1,7 +1,6 @@
 #include "apps/package_records.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <functional>
 #include <iterator>
@@ -13,11 +12,12 @@
 
 #include "apps/library_listings.h"
 #include "apps/name_pieces.h"
+#include "apps/package_files.h"
 #include "core/concurrent_perform.h"
 #include "core/foreign_sum.h"
-#include "core/size_walk.h"
 #include "platform/path.h"
 #include "platform/patient_open.h"
+#include "platform/text.h"
 #include "platform/walk_conditions.h"
 
 namespace corvane {
@@ -26,7 +26,6 @@ namespace {
 
 constexpr std::string_view debianFolder = "/var/lib/dpkg";
 constexpr std::string_view pacmanFolder = "/var/lib/pacman/local";
-constexpr std::string_view entriesFolder = "/usr/share/applications/";
 
 // What real systems come nowhere near: a database of two thousand packages has ten megabytes, the longest list of a
 // package's files a few.
@@ -34,23 +33,12 @@ constexpr std::size_t longestDatabase = 256UL * 1024 * 1024;
 constexpr std::size_t longestList = 64UL * 1024 * 1024;
 constexpr std::size_t longestDescription = 1024UL * 1024;
 constexpr std::size_t mostPackages = 100'000;
-constexpr std::size_t mostEntries = 200;   // of one package
 constexpr std::int64_t bytesOfUnit = 1024; // in which Debian's packages tell their size
 
 std::string textOf(const std::string &path, std::size_t most, FileSystem &files)
 {
     const WalkConditions conditions;
     return openPatiently([&] { return files.readFile(path, most); }).value_or(std::string());
-}
-
-/// Calls `take` with each line of a text.
-void forEachLine(std::string_view text, const std::function<void(std::string_view)> &take)
-{
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find('\n', start), text.size());
-        take(text.substr(start, end - start));
-        start = end + 1;
-    }
 }
 
 /// "1:5.4.1-2" without what the distribution has put around the application's own version.
@@ -69,107 +57,6 @@ std::int64_t number(std::string_view text)
     return error == std::errc() && isPlausibleSize(value) ? value : 0;
 }
 
-/// Whether all that lies in a folder belongs to one package, as in "/usr/lib/firefox" and "/opt/maker/program".
-bool isFolderOfItsOwn(std::string_view folder)
-{
-    constexpr std::array<std::string_view, 6> around{"/opt",         "/usr/lib",   "/usr/lib64",
-                                                     "/usr/libexec", "/usr/share", "/usr/local/lib"};
-    // "/usr/lib/x86_64-linux-gnu" is everybody's.
-    return !folder.ends_with("-linux-gnu") &&
-           std::ranges::any_of(around, [&](std::string_view each) { return liesBeneath(folder, each); });
-}
-
-/// What a package has installed: the paths of its list, absolute.
-class InstalledFiles {
-public:
-    explicit InstalledFiles(std::string list) : m_list(std::move(list)) {}
-
-    /// The applications that it brings along.
-    [[nodiscard]] std::vector<DesktopEntry> entries(const std::function<std::string(std::string_view)> &pathOf,
-                                                    FileSystem &files) const
-    {
-        std::vector<DesktopEntry> found;
-        forEachLine(m_list, [&](std::string_view line) {
-            const std::string path = line.find(entriesFolder.substr(1)) <= 1 ? pathOf(line) : std::string();
-            if (found.size() >= mostEntries || !path.starts_with(entriesFolder) ||
-                containingFolder(path).size() + 1 != entriesFolder.size())
-                return;
-            if (std::optional<DesktopEntry> entry = DesktopEntry::read(path, files); entry && entry->isShown)
-                found.push_back(*std::move(entry));
-        });
-        return found;
-    }
-
-    /// The programs that those entries start, and folders of the package's own that they lie in.
-    [[nodiscard]] std::vector<std::string> programs(const std::vector<DesktopEntry> &entries,
-                                                    const std::function<std::string(std::string_view)> &pathOf,
-                                                    FileSystem &files) const
-    {
-        std::set<std::string_view> names;
-        for (const DesktopEntry &entry : entries)
-            names.insert(lastPathComponent(entry.program));
-        names.erase(std::string_view());
-        std::set<std::string> linked; // to what may be another package's
-        for (const std::string_view name : names) {
-            // The system's administrator may have chosen which of several programs bears the name.
-            if (const Expected<std::string> real = files.realPath(joined("/usr/bin", name)))
-                linked.insert(*real);
-        }
-        std::set<std::string> found;
-        forEachLine(m_list, [&](std::string_view line) {
-            if (!names.contains(lastPathComponent(line)))
-                return;
-            const std::string path = pathOf(line);
-            if (!path.starts_with('/'))
-                return;
-            const Expected<ItemFacts> facts = files.facts(path);
-            const Expected<std::string> real = files.realPath(path);
-            if (!facts || !real || facts->type == EntryType::directory)
-                return;
-            (facts->type == EntryType::symbolicLink ? linked : found).insert(*real);
-        });
-        forEachLine(m_list, [&](std::string_view line) {
-            std::string path = linked.empty() ? std::string() : pathOf(line);
-            if (!linked.contains(path))
-                return;
-            // A list has the folders of everybody as well.
-            if (const Expected<ItemFacts> facts = files.facts(path); facts && facts->type == EntryType::file)
-                found.insert(std::move(path));
-        });
-        std::set<std::string> all = found;
-        for (const std::string &program : found) {
-            if (const std::string_view folder = containingFolder(program); isFolderOfItsOwn(folder))
-                all.emplace(folder);
-        }
-        return {all.begin(), all.end()};
-    }
-
-    /// What they take on the disk, a file of several names once.
-    [[nodiscard]] std::int64_t size(const std::function<std::string(std::string_view)> &pathOf, FileSystem &files,
-                                    const StopFlag &stop) const
-    {
-        const WalkConditions conditions;
-        ForeignSum sum;
-        std::int64_t size = 0;
-        std::set<std::pair<std::uint64_t, std::uint64_t>> counted;
-        forEachLine(m_list, [&](std::string_view line) {
-            const std::string path = stop ? std::string() : pathOf(line);
-            if (!path.starts_with('/'))
-                return;
-            const Expected<ItemFacts> facts = files.facts(path);
-            if (!facts || facts->type != EntryType::file)
-                return;
-            if (facts->identity.isKnown() && !counted.emplace(facts->identity.device, facts->identity.inode).second)
-                return;
-            size += sum.counted(fileSize(*facts));
-        });
-        return size;
-    }
-
-private:
-    std::string m_list;
-};
-
 /// The entry that the package is known by comes first: one of its own name, else the shortest.
 void sortEntries(std::vector<DesktopEntry> &entries, const std::string &package)
 {
@@ -178,6 +65,23 @@ void sortEntries(std::vector<DesktopEntry> &entries, const std::string &package)
             return a.id == package;
         return std::pair(a.id.size(), a.id) < std::pair(b.id.size(), b.id);
     });
+}
+
+/// The record with what its files tell. Where none of them can be looked at, what its database tells is its size.
+PackageRecord completed(PackageRecord record, std::int64_t toldSize, const PackageFiles &installed,
+                        const StopFlag &stop)
+{
+    record.size = installed.size(stop);
+    if (record.size == 0)
+        record.size = toldSize;
+    record.programs = installed.programs(record.entries);
+    sortEntries(record.entries, record.name);
+    return record;
+}
+
+std::string wholeLine(std::string_view line)
+{
+    return std::string(line);
 }
 
 /// Reads packages at once, each on its own; those that bring no application along are left out.
@@ -222,7 +126,8 @@ std::unordered_map<std::string, DebianPackage> debianPackages(std::string_view s
         isInstalled = false;
         package = {};
     };
-    forEachLine(status, [&](std::string_view line) {
+    while (!status.empty()) {
+        const std::string_view line = takeLine(status);
         const auto value = [&](std::string_view key) -> std::optional<std::string_view> {
             return line.starts_with(key) ? std::optional(line.substr(key.size())) : std::nullopt;
         };
@@ -238,7 +143,7 @@ std::unordered_map<std::string, DebianPackage> debianPackages(std::string_view s
             package.version = upstreamVersion(*version);
         else if (const auto size = value("Installed-Size: "))
             package.size = number(*size) <= foreignSumLimit / bytesOfUnit ? number(*size) * bytesOfUnit : 0;
-    });
+    }
     take();
     return packages;
 }
@@ -253,7 +158,6 @@ std::vector<PackageRecord> readDebian(FileSystem &files, const StopFlag &stop)
         return {};
     std::ranges::sort(names);
     const auto packages = debianPackages(textOf(joined(debianFolder, "status"), longestDatabase, files));
-    const auto pathOf = [](std::string_view line) { return std::string(line); };
     const auto tool = packages.find("dpkg");
     const std::string native = tool == packages.end() ? std::string() : tool->second.architecture;
     return readEach(
@@ -263,11 +167,11 @@ std::vector<PackageRecord> readDebian(FileSystem &files, const StopFlag &stop)
             const auto package = packages.find(whole);
             if (package == packages.end())
                 return std::nullopt;
-            const InstalledFiles installed(textOf(joined(folder, names[i]), longestList, files));
+            const PackageFiles installed(textOf(joined(folder, names[i]), longestList, files), wholeLine, files);
             PackageRecord record{.name = whole.substr(0, whole.find(':')),
                                  .version = package->second.version,
                                  .removeCommand = {},
-                                 .entries = installed.entries(pathOf, files)};
+                                 .entries = installed.entries()};
             if (record.entries.empty())
                 return std::nullopt;
             record.removeCommand = "sudo apt remove " + record.name;
@@ -275,12 +179,7 @@ std::vector<PackageRecord> readDebian(FileSystem &files, const StopFlag &stop)
             const std::string &built = package->second.architecture;
             if (!native.empty() && built != native && built != "all" && isPlainName(built))
                 record.removeCommand += ":" + built;
-            record.size = installed.size(pathOf, files, stop);
-            if (record.size == 0)
-                record.size = package->second.size;
-            record.programs = installed.programs(record.entries, pathOf, files);
-            sortEntries(record.entries, record.name);
-            return record;
+            return completed(std::move(record), package->second.size, installed, stop);
         },
         stop);
 }
@@ -292,10 +191,11 @@ std::string_view fieldOf(std::string_view description, std::string_view heading)
 {
     bool isNext = false;
     std::string_view value;
-    forEachLine(description, [&](std::string_view line) {
+    while (!description.empty()) {
+        const std::string_view line = takeLine(description);
         if (std::exchange(isNext, line == heading) && value.empty())
             value = line;
-    });
+    }
     return value;
 }
 
@@ -312,8 +212,8 @@ std::vector<PackageRecord> readPacman(FileSystem &files, const StopFlag &stop)
         names.size(),
         [&](std::size_t i) -> std::optional<PackageRecord> {
             const std::string folder = joined(pacmanFolder, names[i]);
-            const InstalledFiles installed(textOf(joined(folder, "files"), longestList, files));
-            std::vector<DesktopEntry> entries = installed.entries(pathOf, files);
+            const PackageFiles installed(textOf(joined(folder, "files"), longestList, files), pathOf, files);
+            std::vector<DesktopEntry> entries = installed.entries();
             if (entries.empty())
                 return std::nullopt;
             const std::string description = textOf(joined(folder, "desc"), longestDescription, files);
@@ -324,12 +224,7 @@ std::vector<PackageRecord> readPacman(FileSystem &files, const StopFlag &stop)
             if (!isPlainName(record.name))
                 return std::nullopt;
             record.removeCommand = "sudo pacman -R " + record.name;
-            record.size = installed.size(pathOf, files, stop);
-            if (record.size == 0)
-                record.size = number(fieldOf(description, "%SIZE%"));
-            record.programs = installed.programs(record.entries, pathOf, files);
-            sortEntries(record.entries, record.name);
-            return record;
+            return completed(std::move(record), number(fieldOf(description, "%SIZE%")), installed, stop);
         },
         stop);
 }
@@ -354,13 +249,14 @@ std::vector<std::string> rpmNames(const ToolRunner &runTool)
     const std::optional<std::string> output =
         runTool(std::string(rpm), {"-qa", "--queryformat", "[%{=NAME}\\t%{BASENAMES}\\n]"});
     std::set<std::string> names;
-    forEachLine(output ? std::string_view(*output) : std::string_view(), [&](std::string_view line) {
+    for (std::string_view rest = output ? *output : std::string_view(); !rest.empty();) {
+        const std::string_view line = takeLine(rest);
         const std::size_t tab = line.find('\t');
         if (tab == std::string_view::npos || !desktopFileID(line.substr(tab + 1)))
-            return;
+            continue;
         if (std::string name(line.substr(0, tab)); isPlainName(name) && names.size() < mostPackages)
             names.insert(std::move(name));
-    });
+    }
     return {names.begin(), names.end()};
 }
 
@@ -375,11 +271,12 @@ struct RpmPackage {
 std::vector<RpmPackage> rpmPackagesIn(std::string_view output)
 {
     std::vector<RpmPackage> packages;
-    forEachLine(output, [&](std::string_view line) {
+    while (!output.empty()) {
+        const std::string_view line = takeLine(output);
         if (line.starts_with('/')) {
             if (!packages.empty())
                 packages.back().list.append(line).append("\n");
-            return;
+            continue;
         }
         const std::size_t first = line.find('\t');
         const std::size_t second = first == std::string_view::npos ? first : line.find('\t', first + 1);
@@ -388,7 +285,7 @@ std::vector<RpmPackage> rpmPackagesIn(std::string_view output)
                                 .version = std::string(line.substr(first + 1, second - first - 1)),
                                 .size = number(line.substr(second + 1)),
                                 .list = {}});
-    });
+    }
     return packages;
 }
 
@@ -408,25 +305,19 @@ std::vector<PackageRecord> readRpm(FileSystem &files, const ToolRunner &runTool,
         std::ranges::move(rpmPackagesIn(runTool(std::string(rpm), arguments).value_or(std::string())),
                           std::back_inserter(packages));
     }
-    const auto pathOf = [](std::string_view line) { return std::string(line); };
     return readEach(
         packages.size(),
         [&](std::size_t i) -> std::optional<PackageRecord> {
             RpmPackage &package = packages[i];
-            const InstalledFiles installed(std::move(package.list));
-            std::vector<DesktopEntry> entries = installed.entries(pathOf, files);
+            const PackageFiles installed(std::move(package.list), wholeLine, files);
+            std::vector<DesktopEntry> entries = installed.entries();
             if (entries.empty() || !isPlainName(package.name))
                 return std::nullopt;
-            PackageRecord record{.name = package.name,
-                                 .version = package.version,
-                                 .removeCommand = rpmRemoval(package.name, files),
-                                 .entries = std::move(entries)};
-            record.size = installed.size(pathOf, files, stop);
-            if (record.size == 0)
-                record.size = package.size;
-            record.programs = installed.programs(record.entries, pathOf, files);
-            sortEntries(record.entries, record.name);
-            return record;
+            return completed({.name = package.name,
+                              .version = package.version,
+                              .removeCommand = rpmRemoval(package.name, files),
+                              .entries = std::move(entries)},
+                             package.size, installed, stop);
         },
         stop);
 }

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "apps/desktop_entry.h"
+#include "core/shell.h"
 #include "core/stop_flag.h"
-#include "disk/shell.h"
 #include "platform/file_system.h"
 
 namespace corvane {

@@ -50,7 +50,7 @@ std::int64_t plus(std::int64_t sum, std::int64_t more)
     return sum;
 }
 
-/// What a command would do, as far as its tool tells.
+/// What a command would do, as its tool reports it.
 class Question {
 public:
     Question(const CommandDefinition &definition, FileSystem &files, const ToolRunner &runTool, const StopFlag &stop)
@@ -133,8 +133,7 @@ private:
         return std::max(told, sizeOfFolders());
     }
 
-    /// The user may have told the tool to speak to another computer, whose containers are not to be deleted for the
-    /// space here.
+    /// The tool may be set up for another computer, whose containers must not be deleted to free space here.
     [[nodiscard]] bool speaksToThisComputer() const
     {
         if (m_definition.serviceArguments.front().empty())

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "core/shell.h"
 #include "core/stop_flag.h"
 #include "core/systems/cleanup_table.h"
-#include "disk/shell.h"
 #include "platform/host.h"
 
 namespace corvane {

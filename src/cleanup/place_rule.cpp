@@ -32,7 +32,7 @@ PlaceRule::PlaceRule(FileSystem &files)
 
 std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) const
 {
-    if (m_home.empty()) // nobody knows where the user's folders are
+    if (m_home.empty()) // the user's folders are unknown
         return std::nullopt;
     std::string usual = joined(m_home, relativePath);
     std::string place = usual;
@@ -90,8 +90,7 @@ std::string PlaceRule::real(const std::string &path) const
 
 bool PlaceRule::isRefused(const std::string &realPlace, const std::string &place, const std::string &usual) const
 {
-    // The place for downloads is a main folder itself, which does not speak against it; that another one is the same
-    // folder does.
+    // The place for downloads is a main folder itself, and is refused only where another main folder is the same.
     std::vector<std::string> others = m_usualFolders;
     std::erase(others, usual);
     others.insert(others.end(), m_userFolders.begin(), m_userFolders.end());

@@ -14,7 +14,7 @@ namespace corvane {
 
 /// How long a thread waits for an answer that may never come.
 struct Waiting {
-    /// Whether nobody wants the answer any more. Asked by the waiting thread, some twenty times a second.
+    /// Whether the answer is no longer needed. Called by the waiting thread, some twenty times a second.
     std::function<bool()> isOver;
     /// Told by the waiting thread, again and again, that there has been no answer for half a second; with what it was
     /// asked about.

@@ -92,7 +92,7 @@ void attach(const std::shared_ptr<FileNode> &folder, FileNode &root);
 /// Takes a node out of the tree: its parent's `children` lose it, every ancestor's `size` and `fileCount`
 /// lose its size and count and find their new place among their siblings, and it is marked `removed`. Does nothing
 /// and answers false when the node or an ancestor is marked already, or when it is the root. With
-/// `attach` the only change that an installed tree ever sees. Where nobody else holds the node, it is gone afterwards.
+/// `attach` the only change that an installed tree ever sees. A node that nothing else holds is destroyed.
 bool detach(FileNode &node);
 
 /// The same for any number of a folder's children at once, going through the folder and its ancestors a single time.

@@ -165,7 +165,7 @@ std::optional<Refusal> lastCopyRefusal(const RemovalStep &step, const HeldFolder
 {
     const RemovalCondition &condition = step.condition;
     if (condition.holdsKeptCopy)
-        return "it holds the copy that is to be kept";
+        return "it holds the copy to keep";
     if (condition.itself && !isUnchanged(step.path, *condition.itself, files))
         return "it has changed since it was compared";
     for (const KeptCopies &copies : condition.copies) {
@@ -309,7 +309,8 @@ std::vector<RemovalStep> Removal::plan(const Selection &entries, bool permanentl
 }
 
 RemovalOutcome Removal::perform(const std::vector<RemovalStep> &steps, const ProtectedLocations &locations,
-                                const Host &host, const StopFlag &stop)
+                                const Host &host, const StopFlag &stop,
+                                const std::function<void(const RemovalStep &)> &announce)
 {
     TrashFolders trashFolders(locations, host.trash.trashFolders());
     trashFolders.resolveThoseOf(steps, host.files);
@@ -322,6 +323,8 @@ RemovalOutcome Removal::perform(const std::vector<RemovalStep> &steps, const Pro
             outcome.isStopped = true;
             break;
         }
+        if (announce)
+            announce(step);
         if (const std::optional<Refusal> refusal = failureOf(step, locations, trashFolders, secondPaths, host)) {
             const std::string name(lastPathComponent(standardizedPath(step.path, locations.home())));
             outcome.failures.push_back({.path = step.path,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -70,10 +71,11 @@ struct Removal {
 
     /// Carries the steps out one after another, looking at each item again just before it is touched: what turns out
     /// to lie in the Trash already is erased. Blocks; off the main thread. Never turns to deleting where the Trash
-    /// failed. Once stopped, it finishes the item that it is at.
+    /// failed. Once stopped, it finishes the item that it is at. Each step is announced before it is carried out.
     [[nodiscard]] static RemovalOutcome perform(const std::vector<RemovalStep> &steps,
                                                 const ProtectedLocations &locations, const Host &host,
-                                                const StopFlag &stop = neverStopped);
+                                                const StopFlag &stop = neverStopped,
+                                                const std::function<void(const RemovalStep &)> &announce = {});
 
     /// The one short message for people. What was deleted of a folder counts as freed.
     [[nodiscard]] static std::string message(const RemovalOutcome &outcome, bool permanently);

@@ -120,7 +120,7 @@ bool isVolumeInside(const std::string &path, const std::string &volume, FileSyst
 
 } // namespace
 
-ScanBounds ScanBounds::of(const std::string &root, FileSystem &files)
+ScanBounds ScanBounds::of(const std::string &root, FileSystem &files, ScanFilter::Mounts mounts)
 {
     ScanBounds bounds;
     const SystemTable &system = tableOf(files.systemKind());
@@ -130,6 +130,8 @@ ScanBounds ScanBounds::of(const std::string &root, FileSystem &files)
         bounds.skip(path);
     if (system.isMadeOfMounts)
         bounds.skipOtherMounts(root, files);
+    if (mounts == ScanFilter::Mounts::none)
+        bounds.skipEveryMount(root, files);
     return bounds;
 }
 
@@ -154,6 +156,15 @@ void ScanBounds::skip(std::string_view path)
     const std::string_view around = containingFolder(path);
     m_longest = std::max(m_longest, around.size());
     m_names[std::string(around)].emplace_back(lastPathComponent(path));
+}
+
+void ScanBounds::skipEveryMount(const std::string &root, FileSystem &files)
+{
+    const std::string realRoot = files.realPath(root).value_or(root);
+    for (const std::string &point : files.mountPoints().value_or(std::vector<std::string>())) {
+        if (liesBeneath(point, realRoot))
+            skip(moved(point, realRoot, root));
+    }
 }
 
 void ScanBounds::skipOtherMounts(const std::string &root, FileSystem &files)

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/scan_filter.h"
 #include "platform/file_system.h"
 
 namespace corvane {
@@ -19,8 +20,9 @@ public:
     /// For a walk of the folder at `root` (absolute). On a Mac these are the folders skipped by name. On a Linux system
     /// the walk keeps to the file systems of "/" and of the home folder, or to the root's own where that is another;
     /// of several mounts that show the same, one is entered, the home folder's before others. The snapshots that
-    /// snapper keeps of a volume inside it are not entered.
-    [[nodiscard]] static ScanBounds of(const std::string &root, FileSystem &files);
+    /// snapper keeps of a volume inside it are not entered. Where the user wants no mounts, none beneath the root is.
+    [[nodiscard]] static ScanBounds of(const std::string &root, FileSystem &files,
+                                       ScanFilter::Mounts mounts = ScanFilter::Mounts::asUsual);
 
     /// The names of the folders directly inside `folder` (absolute path, bytes) that are not entered. Empty for all but
     /// a few folders.
@@ -35,6 +37,7 @@ private:
     };
 
     void skip(std::string_view path);
+    void skipEveryMount(const std::string &root, FileSystem &files);
     void skipOtherMounts(const std::string &root, FileSystem &files);
 
     std::unordered_map<std::string, std::vector<std::string>, Hash, std::equal_to<>> m_names; // by the folder around

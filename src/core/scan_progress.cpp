@@ -26,6 +26,12 @@ void ScanProgress::recordDenied()
     ++m_counters.denied;
 }
 
+void ScanProgress::recordLeftOut()
+{
+    const std::scoped_lock lock(m_lock);
+    ++m_counters.leftOut;
+}
+
 void ScanProgress::cancel()
 {
     const std::scoped_lock lock(m_lock);

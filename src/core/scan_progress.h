@@ -19,13 +19,15 @@ public:
     struct Counters {
         std::int64_t files = 0;
         std::int64_t bytes = 0;
-        std::int64_t denied = 0; ///< folders below the root that could not be opened or listed
-        std::string current;     ///< path (bytes) of the folder finished last, or waited for
+        std::int64_t denied = 0;  ///< folders below the root that could not be opened or listed
+        std::int64_t leftOut = 0; ///< items that the user's patterns match
+        std::string current;      ///< path (bytes) of the folder finished last, or waited for
     };
 
     /// Adds one folder's own files and bytes and names it as the one finished last.
     void record(std::int64_t files, std::int64_t bytes, std::string_view path);
     void recordDenied();
+    void recordLeftOut();
     /// Names a folder that has been waited for long, in the place of the one finished last.
     void recordWait(std::string_view path);
     /// Asks the walk to stop; it does at the next folder it would enter, and in the middle of a very long listing.

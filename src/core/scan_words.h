@@ -12,7 +12,7 @@ namespace corvane {
 /// "3 folders could not be opened".
 [[nodiscard]] std::string deniedText(std::int64_t count);
 
-/// Why a scan could not go on, as `ScanProgress::failure` has it, in a sentence that says what would help.
+/// Why a scan could not go on, as `ScanProgress::failure` has it, in a sentence, with what would help.
 [[nodiscard]] std::string scanFailureText(const Error &failure);
 
 /// A sentence of `SystemWords` about a folder that the user may not open, with the name of its owner in the place of

@@ -91,6 +91,8 @@ struct Visit : ListedFolder {
 struct Walk {
     ScanProgress &progress;
     const ScanBounds bounds;
+    const ScanFilter &filter;
+    const std::string &root;
     // Of all the files' figures, which come from outside. More than `foreignSumLimit` cannot be added up.
     std::atomic<std::int64_t> total = 0;
 
@@ -115,6 +117,8 @@ public:
 
     Listing take(const DirectoryEntry &entry)
     {
+        if (!m_walk.filter.excluded.empty() && isLeftOut(entry))
+            return m_walk.progress.shouldStop() ? Listing::stop : Listing::goOn;
         switch (entry.type) {
         case EntryType::symbolicLink:
             break;
@@ -143,6 +147,15 @@ private:
     // A folder that has been entered is listed to its end, unless it is so large that the end may never come.
     static constexpr std::uint64_t stopInterval = 1024;
 
+    bool isLeftOut(const DirectoryEntry &entry)
+    {
+        const auto kind = entry.type == EntryType::directory ? ScanFilter::Kind::folder : ScanFilter::Kind::file;
+        const bool isOut = m_walk.filter.leavesOut(entry.name, kind, m_path, m_walk.root);
+        if (isOut)
+            m_walk.progress.recordLeftOut();
+        return isOut;
+    }
+
     void takeFolder(const DirectoryEntry &entry)
     {
         if (std::ranges::find(m_skipped, entry.name) != m_skipped.end())
@@ -155,8 +168,10 @@ private:
     void takeFile(const DirectoryEntry &entry)
     {
         ++m_visit.ownFiles;
+        const bool isApparent = m_walk.filter.sizes == ScanFilter::Sizes::apparent;
+        const std::int64_t told = isApparent ? entry.length : entry.allocated;
         // A size that no file can have counts as one that cannot be read.
-        const std::int64_t size = addForeign(m_visit.ownBytes, entry.allocated) ? entry.allocated : 0;
+        const std::int64_t size = addForeign(m_visit.ownBytes, told) ? told : 0;
         if (size < Scanner::smallFileLimit) {
             m_visit.smallBytes += size; // a part of ownBytes, so it cannot overflow first
             ++m_visit.smallFiles;
@@ -302,7 +317,8 @@ Waiting Scanner::waiting(ScanProgress &progress)
             .isSlow = [&progress](const std::string &path) { progress.recordWait(path); }};
 }
 
-std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &progress, FileSystem &allFiles)
+std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &progress, FileSystem &allFiles,
+                                        const ScanFilter &filter)
 {
     StoppableFiles files(allFiles, path, waiting(progress));
     auto root = std::make_shared<FileNode>(path, rootKind(path, files), path == "/" ? diskName(files) : std::string());
@@ -310,7 +326,8 @@ std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &p
         return root;
     const WalkConditions conditions;
     const PacedWalk pace(path);
-    Walk walk{.progress = progress, .bounds = ScanBounds::of(path, files)};
+    Walk walk{
+        .progress = progress, .bounds = ScanBounds::of(path, files, filter.mounts), .filter = filter, .root = path};
     Expected<std::unique_ptr<OpenFolder>> folder = openPatiently([&] { return files.openFolder(path); });
     if (folder) {
         TopWalk(walk).walk(std::move(*folder), root, path, 0);

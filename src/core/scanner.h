@@ -9,6 +9,7 @@
 
 #include "core/detached_call.h"
 #include "core/file_node.h"
+#include "core/scan_filter.h"
 #include "core/scan_progress.h"
 #include "platform/host.h"
 
@@ -34,7 +35,8 @@ struct Scanner {
     /// Once cancelled it ends within a second, also where a file system in another program or behind a network does
     /// not answer; `files` must outlive what was asked of that one.
     [[nodiscard]] static std::shared_ptr<FileNode> scan(const std::string &path, ScanProgress &progress,
-                                                        FileSystem &files = systemHost().files);
+                                                        FileSystem &files = systemHost().files,
+                                                        const ScanFilter &filter = {});
 
     /// How long a scan waits for an answer; `progress` must live as long.
     [[nodiscard]] static Waiting waiting(ScanProgress &progress);

@@ -115,13 +115,13 @@ SelectedItems::Settlement SelectedItems::settle(const RemovalOutcome &outcome)
             settlement.gone.push_back({failure.path, size});
             break;
         case RemovalFailure::Left::somethingElse:
-            // To be chosen anew by who wants that one removed.
+            // To remove that one, it has to be selected again.
             settlement.hasChanged |= forgetWithContents(failure.path);
             break;
         case RemovalFailure::Left::aPart:
             if (selected == m_sizes.end())
                 break;
-            // What resisted stays selected; of what was selected inside, nobody knows.
+            // What resisted stays selected; what became of the items selected inside is unknown.
             settlement.hasChanged |= forgetWithContents(failure.path);
             m_sizes.emplace(failure.path, std::max<std::int64_t>(0, size - failure.freed));
             if (seen)

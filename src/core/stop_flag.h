@@ -4,10 +4,10 @@
 
 namespace corvane {
 
-/// Set by whoever no longer wants a result; looked at now and then by whoever makes it. Any thread.
+/// Set when a result is no longer needed; read now and then by the work that makes it. Any thread.
 using StopFlag = std::atomic<bool>;
 
-/// For work that nobody stops.
+/// For work that is never stopped.
 inline const StopFlag neverStopped = false;
 
 } // namespace corvane

@@ -142,7 +142,7 @@ private:
         }
     };
 
-    /// What the companion has listed and nobody has taken yet. Bounded, since a listing may have no end.
+    /// What the companion has listed and its caller has not taken yet. Bounded, since a listing may have no end.
     struct Gathered {
         static constexpr std::size_t most = 4096;
 

@@ -39,7 +39,7 @@ Expected<void> TrashMove::performThroughFinder(const Error &refusal)
     const Expected<ItemFacts> found = m_host.files.facts(m_path);
     if (!found || found->identity != m_judged.identity)
         return tl::unexpected(replacedMeanwhile(moveToTrash, m_path));
-    // What it answers says little; what is left at the path says all.
+    // Its answer is not reliable; what is left at the path decides.
     (void)m_host.trash.deleteThroughFinder(m_path);
     const Expected<ItemFacts> left = m_folder.facts(m_name);
     return !left && left.error().isMissing() ? Expected<void>{} : tl::unexpected(refusal);

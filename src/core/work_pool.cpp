@@ -107,7 +107,7 @@ bool WorkPool::startThread()
     try {
         m_threads.emplace_back([this] { help(); });
     } catch (const std::system_error &) {
-        return false; // no more threads to be had: those that there are do the work
+        return false; // no more threads can be started; the existing ones do the work
     }
     ++m_starting;
     return true;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "disk/shell.h"
+#include "core/shell.h"
 #include "platform/property_list.h"
 
 namespace corvane {

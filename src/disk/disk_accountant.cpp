@@ -9,11 +9,11 @@
 #include "core/foreign_sum.h"
 #include "core/path_guard.h"
 #include "core/scanner.h"
+#include "core/shell.h"
 #include "core/systems/disk_table.h"
 #include "core/volume_info.h"
 #include "core/words/figures.h"
 #include "disk/disk_places.h"
-#include "disk/shell.h"
 #include "disk/snapshot_listing.h"
 #include "platform/walk_conditions.h"
 
@@ -294,7 +294,7 @@ private:
                 segment.detail = "Includes the parts of your home folder outside this scan. ";
             segment.detail += unmeasuredDetail();
             if (m_scan.isPartial)
-                segment.detail += " The scan was stopped, so most of this was not looked at.";
+                segment.detail += " The scan was stopped, so most of this was not scanned.";
             if (!m_scan.hasFullDiskAccess && !m_table.grantTitle.empty()) {
                 segment.action = BreakdownAction{BreakdownAction::Kind::fullDiskAccess, {}};
                 segment.actionTitle = m_table.grantTitle;

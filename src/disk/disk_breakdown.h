@@ -74,7 +74,7 @@ struct DiskBreakdown {
     std::vector<BreakdownSegment> segments;
     std::vector<LocalSnapshot> snapshots;
     bool hasScan = false;
-    bool scanIsPartial = false; ///< the scan was stopped, so most of the unexplained space was not looked at
+    bool scanIsPartial = false; ///< the scan was stopped, so most of the unexplained space was not scanned
     bool fromAPFS = false;
     std::int64_t overcount = 0; ///< by how much the measured folders exceed what the disk uses
     std::int64_t reserved = 0;  ///< what the file system keeps back for the administrator: neither used nor free

@@ -12,6 +12,7 @@
 #include "core/size_walk.h"
 #include "core/told_size.h"
 #include "platform/path.h"
+#include "platform/text.h"
 #include "platform/walk_conditions.h"
 
 namespace corvane {
@@ -35,12 +36,10 @@ std::optional<std::int64_t> DiskPlaces::sizeIn(const std::string &output, SizeTo
                    : toldSize(std::string_view(output).substr(position + before.size()), binary);
     }
     std::int64_t sum = 0; // one line each for images, containers, volumes and the build cache
-    for (std::size_t start = 0; start < output.size();) {
-        const std::size_t end = std::min(output.find('\n', start), output.size());
-        const std::optional<std::int64_t> size = toldSize(std::string_view(output).substr(start, end - start), decimal);
+    for (std::string_view rest = output; !rest.empty();) {
+        const std::optional<std::int64_t> size = toldSize(takeLine(rest), decimal);
         if (!size || !addForeign(sum, *size))
             return std::nullopt;
-        start = end + 1;
     }
     return output.empty() ? std::nullopt : std::optional(sum);
 }

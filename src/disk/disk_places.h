@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "core/shell.h"
 #include "core/stop_flag.h"
 #include "core/systems/disk_table.h"
 #include "disk/disk_breakdown.h"
-#include "disk/shell.h"
 #include "platform/host.h"
 
 namespace corvane {

@@ -4,6 +4,7 @@
 
 #include "core/words/utf8.h"
 #include "disk/snapshot_date.h"
+#include "platform/text.h"
 
 namespace corvane {
 
@@ -16,7 +17,8 @@ constexpr std::string_view blanks[] = {"\t",     " ",      "\u00A0", "\u1680", "
                                        "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007",
                                        "\u2008", "\u2009", "\u200A", "\u202F", "\u205F", "\u3000"};
 
-std::string_view trimmed(std::string_view text)
+/// The text without the blanks at either end.
+std::string_view withoutBlanks(std::string_view text)
 {
     const auto *const end = std::ranges::end(blanks);
     for (auto blank = blanks; blank != end;) {
@@ -42,10 +44,9 @@ std::size_t characterCount(std::string_view text)
 std::optional<Time> timeFromName(std::string_view name)
 {
     while (!name.empty()) {
-        const std::string_view piece = name.substr(0, name.find('.'));
+        const std::string_view piece = takePart(name, '.');
         if (characterCount(piece) == stampPattern.size() && piece.front() >= '0' && piece.front() <= '9')
             return timeOf(piece, stampPattern, WrittenIn::localTime);
-        name.remove_prefix(std::min(piece.size() + 1, name.size()));
     }
     return std::nullopt;
 }
@@ -58,9 +59,7 @@ std::vector<LocalSnapshot> LocalSnapshot::parse(std::string_view listing)
     if (!isValidUtf8(listing))
         return snapshots;
     while (!listing.empty()) {
-        const std::string_view rawLine = listing.substr(0, listing.find('\n'));
-        listing.remove_prefix(std::min(rawLine.size() + 1, listing.size()));
-        const std::string_view line = trimmed(rawLine);
+        const std::string_view line = withoutBlanks(takeLine(listing));
         if (line.starts_with("com.apple"))
             snapshots.push_back({.name = std::string(line), .date = timeFromName(line)});
     }

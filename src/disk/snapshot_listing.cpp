@@ -9,12 +9,13 @@
 #include "core/mount_map.h"
 #include "disk/snapshot_date.h"
 #include "platform/path.h"
+#include "platform/text.h"
 
 namespace corvane {
 
 namespace {
 
-// Nobody reads a longer list, and a tool that never ends its own must not fill the memory.
+// A longer list is of no use, and a tool whose list never ends must not fill the memory.
 constexpr std::size_t mostSnapshots = 10'000;
 constexpr std::size_t mostConfigurations = 32;
 constexpr std::size_t mostInfoBytes = 64UL * 1024;
@@ -22,14 +23,6 @@ constexpr std::int64_t lastSecond = 253'402'300'799; // of the year 9999
 
 constexpr std::string_view digits = "0123456789";
 constexpr std::string_view lettersAndDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
-
-/// The first field up to the mark, which is taken off the text with it.
-std::string_view takeField(std::string_view &text, char mark)
-{
-    const std::string_view field = text.substr(0, text.find(mark));
-    text.remove_prefix(std::min(field.size() + 1, text.size()));
-    return field;
-}
 
 bool consistsOf(std::string_view text, std::string_view characters)
 {
@@ -113,10 +106,10 @@ std::vector<LocalSnapshot> SnapshotListing::keptBy(SnapshotKeeper keeper) const
 std::vector<std::string> SnapshotListing::snapperConfigurations(std::string_view table)
 {
     std::vector<std::string> names;
-    takeField(table, '\n'); // the names of the columns
+    takeLine(table); // the names of the columns
     while (!table.empty() && names.size() < mostConfigurations) {
-        std::string_view line = takeField(table, '\n');
-        const std::string_view name = takeField(line, ',');
+        std::string_view line = takeLine(table);
+        const std::string_view name = takePart(line, ',');
         if (consistsOf(name, std::string(lettersAndDigits) + "_.-") && name.front() != '-')
             names.emplace_back(name);
     }
@@ -126,10 +119,10 @@ std::vector<std::string> SnapshotListing::snapperConfigurations(std::string_view
 std::vector<LocalSnapshot> SnapshotListing::ofSnapper(const std::string &configuration, std::string_view table)
 {
     std::vector<LocalSnapshot> snapshots;
-    takeField(table, '\n');
+    takeLine(table);
     while (!table.empty() && snapshots.size() < mostSnapshots) {
-        std::string_view line = takeField(table, '\n');
-        if (const auto number = snapperNumber(takeField(line, ',')))
+        std::string_view line = takeLine(table);
+        if (const auto number = snapperNumber(takePart(line, ',')))
             snapshots.push_back(keptBySnapper(configuration, *number, utcDate(line)));
     }
     return snapshots;
@@ -214,9 +207,9 @@ std::vector<LocalSnapshot> SnapshotListing::ofZfs(std::string_view table, const 
 {
     std::vector<LocalSnapshot> snapshots;
     while (!table.empty() && snapshots.size() < mostSnapshots) {
-        std::string_view line = takeField(table, '\n');
-        const std::string_view name = takeField(line, '\t');
-        const std::optional<std::int64_t> used = numberIn(takeField(line, '\t'));
+        std::string_view line = takeLine(table);
+        const std::string_view name = takePart(line, '\t');
+        const std::optional<std::int64_t> used = numberIn(takePart(line, '\t'));
         const std::optional<std::int64_t> created = numberIn(line);
         const std::size_t mark = name.find('@');
         // The command for a name without "@" would delete what the snapshot was taken of.

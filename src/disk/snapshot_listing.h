@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "core/shell.h"
 #include "core/systems/disk_table.h"
 #include "disk/local_snapshot.h"
-#include "disk/shell.h"
 #include "platform/file_system.h"
 
 namespace corvane {

@@ -18,7 +18,7 @@ namespace {
 
 using Node = std::shared_ptr<FileNode>;
 
-/// A file that is in the running, and what it was when it was read.
+/// A candidate, with the file's status when it was read.
 struct Candidate {
     Node node;
     FileStatus seen;
@@ -124,7 +124,7 @@ private:
     std::deque<std::unique_ptr<FileReader>> m_open;
 };
 
-/// Those of equal fingerprints together, in the order in which each was met first.
+/// Groups files of equal fingerprints, in the order of each group's first file.
 class Fingerprinted {
 public:
     void add(const Fingerprint &fingerprint, Candidate candidate)
@@ -135,7 +135,7 @@ public:
         m_groups[place->second].push_back(std::move(candidate));
     }
 
-    /// Without those that are alone.
+    /// Without groups of one file.
     [[nodiscard]] std::vector<Candidates> take()
     {
         std::erase_if(m_groups, [](const Candidates &group) { return group.size() < 2; });

@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::size_t chunkSize = 1024UL * 1024;
 constexpr std::int64_t endSize = 64 * 1024;
-// While one chunk is being hashed the disk should be reading the next ones. Two do for the fastest disk; more would
-// only push out of memory what others need.
+// While one chunk is being hashed the disk should be reading the next ones. Two are enough for the fastest disk; more
+// would only push out of memory what others need.
 constexpr std::int64_t aheadSize = 2 * static_cast<std::int64_t>(chunkSize);
 
 std::int64_t lengthOf(FileReader &file)

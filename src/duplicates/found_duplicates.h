@@ -13,10 +13,10 @@
 namespace corvane {
 
 /// The groups that the last search has found, and those whose copies were selected by a rule, then or after an earlier
-/// search: as long as one of these copies is selected, another is owed to the user. One thread.
+/// search: as long as one of these copies is selected, another one has to stay. One thread.
 class FoundDuplicates {
 public:
-    /// Those of a new search, or none. What is owed stays.
+    /// Replaces the groups by those of a new search, or by none. What has to stay is kept.
     void replace(std::vector<DuplicateGroup> groups) { m_groups = std::move(groups); }
 
     /// The most wasteful first.

@@ -20,7 +20,7 @@ using CopiesKeptByRule = std::map<std::string, std::string>;
 /// needs a file of the group that stays, both unchanged since they were compared; a folder needs the same for the files
 /// in it whose group's copies were selected by a rule. Of two groups with the same file the later one counts. Where the
 /// removal would take all files of a group whose copies were selected by a rule, the entries that would take the one
-/// that the rule keeps stay; a user who has picked all of them by hand means it.
+/// that the rule keeps stay; a user who picked all of them by hand intends it.
 [[nodiscard]] RemovalConditions conditionsOf(const Selection &entries, std::span<const DuplicateGroup> groups,
                                              const CopiesKeptByRule &keptByRule);
 

@@ -32,8 +32,9 @@ struct BulkAttributes {
 
     static constexpr std::uint32_t linkCount = 0x0000'0001;
     static constexpr std::uint32_t totalAllocated = 0x0000'0004; ///< all forks
+    static constexpr std::uint32_t dataLength = 0x0000'0200;
     static constexpr std::uint32_t dataAllocated = 0x0000'0400;
-    static constexpr std::uint32_t file = linkCount | totalAllocated | dataAllocated;
+    static constexpr std::uint32_t file = linkCount | totalAllocated | dataLength | dataAllocated;
 };
 
 /// One entry as the kernel tells it; what it does not tell is absent.
@@ -49,6 +50,7 @@ struct BulkEntry {
     std::uint64_t fileNumber = 0;          ///< 0 where unknown
     std::uint32_t links = 1;               ///< how many names it has; files only
     std::optional<std::int64_t> allocated; ///< all forks, else the data; files only
+    std::int64_t length = 0;               ///< of the data; files only
 
     /// Whether a listing needs no more of the item than what is here.
     [[nodiscard]] bool isComplete() const { return error == 0 && type && (*type != EntryType::file || allocated); }
@@ -154,6 +156,8 @@ private:
                 entry.links = reader.take<std::uint32_t>();
             if (returned.file & BulkAttributes::totalAllocated)
                 total = reader.take<std::int64_t>();
+            if (returned.file & BulkAttributes::dataLength)
+                entry.length = reader.take<std::int64_t>();
             if (returned.file & BulkAttributes::dataAllocated)
                 data = reader.take<std::int64_t>();
         }

@@ -30,7 +30,7 @@ public:
     /// Writes a line to the system's log.
     virtual void log(std::string_view message) = 0;
 
-    /// As long as the result lives, the system does not slow the program down while nobody sees its window; `reason` is
+    /// As long as the result lives, the system does not slow the program down while its window is hidden; `reason` is
     /// for its tools to show. Null where the system slows no program down, or does not let itself be asked.
     [[nodiscard]] virtual std::shared_ptr<void> keepAtFullSpeed(std::string_view /*reason*/) { return nullptr; }
 

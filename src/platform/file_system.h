@@ -27,6 +27,7 @@ struct DirectoryEntry {
     EntryType type = EntryType::file;
     bool isPackage = false;      ///< a folder that the system presents as one document
     std::int64_t allocated = 0;  ///< bytes on disk; files only; 0 where the system cannot tell
+    std::int64_t length = 0;     ///< bytes that a reader gets; files only
     Time modified = distantPast; ///< files only; a folder tells its own once it is open
     std::uint32_t links = 1;     ///< how many names a file has
     std::uint64_t inode = 0;     ///< a file's number on its device; 0 where unknown
@@ -134,7 +135,7 @@ struct ItemFacts {
 class FileReader;
 class HeldFolder;
 
-/// Where a system keeps something: as the user has set it, and where it lies as long as nobody sets anything.
+/// Where a system keeps something: as the user has set it, and where it lies by default.
 struct OwnPlace {
     std::string path;
     std::string usual;
@@ -196,7 +197,7 @@ public:
     /// another program; told without asking any of them.
     [[nodiscard]] virtual std::vector<std::string> unsureMounts();
 
-    /// Where this system keeps what a Mac, or a tool that nobody has told otherwise, keeps in that folder of the home
+    /// Where this system keeps what a Mac, or a tool by default, keeps in that folder of the home
     /// (a path relative to it), if it has a place of its own for it; a Mac has none. The place need not exist.
     [[nodiscard]] virtual std::optional<OwnPlace> ownPlaceFor(std::string_view /*macPlace*/) { return std::nullopt; }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/text.h"
+
 namespace corvane {
 
 std::string joined(std::string_view folder, std::string_view name)
@@ -20,8 +22,7 @@ std::string withoutDots(std::string_view path)
     const bool isAbsolute = path.starts_with('/');
     std::vector<std::string_view> components;
     while (!path.empty()) {
-        const std::string_view component = path.substr(0, path.find('/'));
-        path.remove_prefix(std::min(component.size() + 1, path.size()));
+        const std::string_view component = takePart(path, '/');
         if (component.empty() || component == ".")
             continue;
         const bool goesUp = component == "..";

@@ -17,8 +17,6 @@ using testing::IsEmpty;
 
 class AppLeftoversModelTest : public test::AppsFixture {
 protected:
-    AppLeftoversModelTest() { model.setStore(&store); }
-
     [[nodiscard]] QString text(int row, int role = Model::TitleRole) const
     {
         return model.data(model.index(row), role).toString();
@@ -35,7 +33,7 @@ protected:
         return paths;
     }
 
-    Model model;
+    Model model{store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 

@@ -5,34 +5,16 @@
 #include <string_view>
 #include <utility>
 
-#include <gtest/gtest.h>
-
-#include <QTest>
-
 #include "apps/app_inventory.h"
-#include "core/store/storage_store.h"
-#include "platform/fake_host.h"
-#include "shell/ui/theme.h"
-#include "shell/window/gated_file_system.h"
+#include "shell/store_over_a_home.h"
 
 namespace corvane::test {
 
-/// A store over a home folder in memory, "/home/studio", for tests of what shows applications. The tests describe the
-/// inventory and then have it published; what it names is on the disk too.
-class AppsFixture : public testing::Test {
+/// A store for tests of what shows applications. The tests describe the inventory and then have it published; what it
+/// names is on the disk too.
+class AppsFixture : public testing::Test, protected StoreOverAHome, WithoutMotion {
 protected:
-    AppsFixture()
-    {
-        fake.files.setHome(home);
-        fake.files.setSystemKind(SystemKind::mac);
-        fake.files.setPackageExtensions({"app"});
-        Theme::instance()->setReducedMotion(true);
-    }
-    ~AppsFixture() override
-    {
-        gate.setShut(false);
-        Theme::instance()->setReducedMotion(false);
-    }
+    AppsFixture() : StoreOverAHome(SystemKind::mac) { fake.files.setPackageExtensions({"app"}); }
 
     InstalledApp &addApp(const std::string &name, std::int64_t size, const std::string &bundleID = {})
     {
@@ -79,14 +61,6 @@ protected:
     /// Publishes the inventory as it is by now.
     void publish() { store.setApps(inventory, store.appsToken()); }
 
-    [[nodiscard]] std::string at(const std::string &relative) const { return home + "/" + relative; }
-
-    const std::string home = "/home/studio";
-    FakeHost fake;
-    GatedFileSystem gate{fake.files};
-    Host host{gate, fake.trash, fake.volumes, fake.desktop, fake.applications};
-    ProtectedLocations locations{home, ProtectedPlaces{}};
-    StorageStore store{host, locations};
     AppInventory::Result inventory;
 };
 

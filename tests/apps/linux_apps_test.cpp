@@ -325,7 +325,7 @@ TEST_F(RpmTest, WithoutADatabaseNothingIsRun)
     EXPECT_THAT(asked, IsEmpty());
 }
 
-TEST_F(RpmTest, ATumblingToolIsNoPackage)
+TEST_F(RpmTest, AFailingToolIsNoPackage)
 {
     packages = std::nullopt;
     EXPECT_THAT(loadRpm().apps, IsEmpty());

@@ -21,7 +21,6 @@ protected:
         addOrphan("com.lathe.cadpro", "Application Support/com.lathe.cadpro", 4'000'000);
         addOrphan("com.lathe.cadpro", "Caches/com.lathe.cadpro", 2'000'000);
         addOrphan("io.mapleaf.viewer", "Caches/io.mapleaf.viewer", 1'000'000);
-        model.setStore(&store);
         publish();
     }
 
@@ -31,7 +30,7 @@ protected:
     }
     [[nodiscard]] int checkState(int row) const { return model.data(model.index(row), Model::CheckStateRole).toInt(); }
 
-    Model model;
+    Model model{store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 

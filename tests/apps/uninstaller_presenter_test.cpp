@@ -1,5 +1,7 @@
 #include "apps/ui/uninstaller_presenter.h"
 
+#include <optional>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -23,14 +25,14 @@ protected:
     void open()
     {
         publish();
-        presenter.setStore(&store);
+        presenter();
     }
     void choose(const QString &name)
     {
-        AppListModel &list = *presenter.apps();
+        AppListModel &list = *presenter().apps();
         for (int row = 0; row < list.rowCount(); ++row) {
             if (list.data(list.index(row), AppListModel::NameRole).toString() == name)
-                presenter.choose(row);
+                presenter().choose(row);
         }
     }
     void openSignalDeck()
@@ -43,9 +45,17 @@ protected:
     {
         ASSERT_TRUE(QTest::qWaitFor([&] { return store.toast().has_value(); }, patience));
     }
-    [[nodiscard]] AppDetailPresenter &app() { return *presenter.app(); }
+    [[nodiscard]] AppDetailPresenter &app() { return *presenter().app(); }
 
-    UninstallerPresenter presenter;
+    /// Made when it is first asked for, over what the store holds by then.
+    UninstallerPresenter &presenter()
+    {
+        if (!made)
+            made.emplace(store);
+        return *made;
+    }
+
+    std::optional<UninstallerPresenter> made;
 };
 
 const QString orphans = QStringLiteral("Left behind by deleted apps");
@@ -54,11 +64,11 @@ const QString orphans = QStringLiteral("Left behind by deleted apps");
 
 TEST_F(UninstallerPresenterTest, WithoutAnInventoryOneIsAskedFor)
 {
-    presenter.setStore(&store);
+    presenter();
     EXPECT_TRUE(store.appsLoading());
-    EXPECT_EQ(presenter.content(), Content::measuring);
-    EXPECT_EQ(presenter.subtitle(), QStringLiteral("Finding your apps and the files they leave behind…"));
-    EXPECT_EQ(presenter.loadingText(), QStringLiteral("Measuring apps and their leftovers…"));
+    EXPECT_EQ(presenter().content(), Content::measuring);
+    EXPECT_EQ(presenter().subtitle(), QStringLiteral("Finding your apps and the files they leave behind…"));
+    EXPECT_EQ(presenter().loadingText(), QStringLiteral("Measuring apps and their leftovers…"));
 }
 
 TEST_F(UninstallerPresenterTest, WithAnInventoryNoneIsAskedForUntilTheUserDoes)
@@ -66,10 +76,10 @@ TEST_F(UninstallerPresenterTest, WithAnInventoryNoneIsAskedForUntilTheUserDoes)
     addApp("Kite", 5);
     open();
     EXPECT_FALSE(store.appsLoading());
-    presenter.refresh();
-    EXPECT_TRUE(presenter.isLoading());
-    EXPECT_EQ(presenter.content(), Content::list) << "what is known stays";
-    EXPECT_EQ(presenter.subtitle(), QStringLiteral("Finding your apps and the files they leave behind…"));
+    presenter().refresh();
+    EXPECT_TRUE(presenter().isLoading());
+    EXPECT_EQ(presenter().content(), Content::list) << "what is known stays";
+    EXPECT_EQ(presenter().subtitle(), QStringLiteral("Finding your apps and the files they leave behind…"));
 }
 
 TEST_F(UninstallerPresenterTest, TheSubtitleTellsHowManyAppsUseHowMuch)
@@ -77,14 +87,14 @@ TEST_F(UninstallerPresenterTest, TheSubtitleTellsHowManyAppsUseHowMuch)
     addSignalDeck();
     addApp("Kite", 260'000'000);
     open();
-    EXPECT_EQ(presenter.subtitle(), QStringLiteral("2 apps use 7.4 GB, including their data"));
+    EXPECT_EQ(presenter().subtitle(), QStringLiteral("2 apps use 7.4 GB, including their data"));
 }
 
 TEST_F(UninstallerPresenterTest, OneAppUsesInTheSingular)
 {
     addApp("Kite", 260'000'000);
     open();
-    EXPECT_EQ(presenter.subtitle(), QStringLiteral("1 app uses 260 MB, including its data"));
+    EXPECT_EQ(presenter().subtitle(), QStringLiteral("1 app uses 260 MB, including its data"));
 }
 
 TEST_F(UninstallerPresenterTest, WhatTwoAppsShareCountsOnce)
@@ -93,17 +103,17 @@ TEST_F(UninstallerPresenterTest, WhatTwoAppsShareCountsOnce)
     addApp("Kite", 1'000'000).leftovers = shared;
     addApp("Kite Pro", 1'000'000).leftovers = shared;
     open();
-    EXPECT_EQ(presenter.subtitle(), QStringLiteral("2 apps use 3 MB, including their data"));
+    EXPECT_EQ(presenter().subtitle(), QStringLiteral("2 apps use 3 MB, including their data"));
 }
 
 TEST_F(UninstallerPresenterTest, WhereThereIsNothingItSaysSo)
 {
     open();
-    EXPECT_EQ(presenter.content(), Content::nothing);
-    EXPECT_EQ(presenter.subtitle(), QStringLiteral("No apps found"));
+    EXPECT_EQ(presenter().content(), Content::nothing);
+    EXPECT_EQ(presenter().subtitle(), QStringLiteral("No apps found"));
     addOrphan("com.lathe.cadpro", "Caches/com.lathe.cadpro", 1);
     publish();
-    EXPECT_EQ(presenter.content(), Content::list) << "what deleted ones left is there to look at";
+    EXPECT_EQ(presenter().content(), Content::list) << "what deleted ones left is there to look at";
 }
 
 // --- The choice
@@ -112,21 +122,21 @@ TEST_F(UninstallerPresenterTest, NothingIsChosenAtFirst)
 {
     addSignalDeck();
     open();
-    EXPECT_EQ(presenter.shown(), Shown::none);
-    EXPECT_EQ(presenter.apps()->chosenRow(), -1);
-    EXPECT_FALSE(presenter.prepareMenu());
+    EXPECT_EQ(presenter().shown(), Shown::none);
+    EXPECT_EQ(presenter().apps()->chosenRow(), -1);
+    EXPECT_FALSE(presenter().prepareMenu());
 }
 
 TEST_F(UninstallerPresenterTest, AChosenRowIsShown)
 {
     openSignalDeck();
-    EXPECT_EQ(presenter.shown(), Shown::app);
-    EXPECT_EQ(presenter.apps()->chosenRow(), 1);
+    EXPECT_EQ(presenter().shown(), Shown::app);
+    EXPECT_EQ(presenter().apps()->chosenRow(), 1);
     EXPECT_EQ(app().name(), QStringLiteral("Signal Deck"));
-    presenter.choose(0);
-    EXPECT_EQ(presenter.shown(), Shown::orphans);
-    presenter.choose(17);
-    EXPECT_EQ(presenter.shown(), Shown::orphans) << "there is no such row";
+    presenter().choose(0);
+    EXPECT_EQ(presenter().shown(), Shown::orphans);
+    presenter().choose(17);
+    EXPECT_EQ(presenter().shown(), Shown::orphans) << "there is no such row";
 }
 
 TEST_F(UninstallerPresenterTest, TheChosenAppAndItsTicksStayThroughARefresh)
@@ -136,8 +146,8 @@ TEST_F(UninstallerPresenterTest, TheChosenAppAndItsTicksStayThroughARefresh)
     addApp("Larger", 90'000'000'000);
     inventory.apps.front().appSize = 1'000'000'000;
     publish();
-    EXPECT_EQ(presenter.shown(), Shown::app);
-    EXPECT_EQ(presenter.apps()->chosenRow(), 2);
+    EXPECT_EQ(presenter().shown(), Shown::app);
+    EXPECT_EQ(presenter().apps()->chosenRow(), 2);
     EXPECT_EQ(app().sizes(), QStringLiteral("app 1 GB + data 6.4 GB"));
     EXPECT_EQ(app().plan(), QStringLiteral("App and 1 leftover · 3 GB"));
 }
@@ -147,10 +157,10 @@ TEST_F(UninstallerPresenterTest, WhenTheChosenAppIsGoneNoneIsChosen)
     openSignalDeck();
     addApp("Kite", 5);
     inventory.apps.erase(inventory.apps.begin());
-    QSignalSpy changes(&presenter, &UninstallerPresenter::shownChanged);
+    QSignalSpy changes(&presenter(), &UninstallerPresenter::shownChanged);
     publish();
-    EXPECT_EQ(presenter.shown(), Shown::none);
-    EXPECT_EQ(presenter.apps()->chosenRow(), -1);
+    EXPECT_EQ(presenter().shown(), Shown::none);
+    EXPECT_EQ(presenter().apps()->chosenRow(), -1);
     EXPECT_EQ(changes.size(), 1);
     EXPECT_FALSE(app().canUninstall());
 }
@@ -163,15 +173,15 @@ TEST_F(UninstallerPresenterTest, TheOrphansStayChosenWhenNoneAreLeft)
     choose(orphans);
     inventory.orphanGroups.clear();
     publish();
-    EXPECT_EQ(presenter.shown(), Shown::orphans);
-    EXPECT_FALSE(presenter.orphans()->hasItems());
+    EXPECT_EQ(presenter().shown(), Shown::orphans);
+    EXPECT_FALSE(presenter().orphans()->hasItems());
 }
 
 TEST_F(UninstallerPresenterTest, TheMenuIsAboutTheAppShown)
 {
     openSignalDeck();
-    ASSERT_TRUE(presenter.prepareMenu());
-    presenter.menuTarget()->reveal();
+    ASSERT_TRUE(presenter().prepareMenu());
+    presenter().menuTarget()->reveal();
     EXPECT_THAT(fake.log->lines(), Contains("reveal /Applications/Signal Deck.app"));
 }
 

@@ -10,8 +10,7 @@
 
 #include "apps/apps_ui_fixture.h"
 #include "core/store/qt_words.h"
-#include "shell/quick_scene.h"
-#include "shell/ui/store_registration.h"
+#include "shell/screen_scene.h"
 
 namespace corvane {
 namespace {
@@ -27,8 +26,6 @@ const QString deckID = QStringLiteral("com.signaldeck.desktop");
 /// The whole screen in a window of its own, worked by mouse and keyboard.
 class UninstallerScreenTest : public test::AppsFixture {
 protected:
-    UninstallerScreenTest() { StoreRegistration::setStore(&store); }
-
     void addThree()
     {
         addSignalDeck();
@@ -39,12 +36,8 @@ protected:
     }
     void show(QSize size = {1064, 744})
     {
-        scene = std::make_unique<QuickScene>(
-            "Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Apps/UninstallerScreen.qml\" }");
+        scene = std::make_unique<ScreenScene>("Apps/UninstallerScreen", size);
         ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
-        scene->window()->resize(size);
-        QTest::mouseMove(scene->window(), QPoint(1, 1));
-        settle();
     }
     void publishAndShow()
     {
@@ -74,8 +67,7 @@ protected:
         scene->key(key, modifiers);
         settle();
     }
-    /// A list makes and drops its rows when it is next drawn.
-    static void settle() { QTest::qWait(50); }
+    static void settle() { ScreenScene::settle(); }
 
     [[nodiscard]] QQuickItem *row(const QString &description) const
     {
@@ -127,12 +119,7 @@ protected:
             names << item->property("name").toString();
         return names;
     }
-    void tabTo(const char *objectName)
-    {
-        for (int i = 0; i < 20 && !scene->item(objectName)->hasActiveFocus(); ++i)
-            scene->key(Qt::Key_Tab);
-        ASSERT_TRUE(scene->item(objectName)->hasActiveFocus());
-    }
+    void tabTo(const char *objectName) { ASSERT_TRUE(scene->tabTo(scene->item(objectName))); }
     void type(const QString &text)
     {
         for (const QChar letter : text)
@@ -144,7 +131,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return store.toast().has_value(); }, patience));
     }
 
-    std::unique_ptr<QuickScene> scene;
+    std::unique_ptr<ScreenScene> scene;
 };
 
 // --- What there is to see

@@ -209,7 +209,7 @@ TEST_F(RemovalOfADuplicate, GoesWhereTheCopyIsAnotherNameOfIt)
 TEST_F(RemovalOfADuplicate, StaysWhereItIsTheCopyToBeKept)
 {
     conditions["/srv/a"].holdsKeptCopy = true;
-    EXPECT_EQ(failureLines(removeA()), (Lines{"a: it holds the copy that is to be kept"}));
+    EXPECT_EQ(failureLines(removeA()), (Lines{"a: it holds the copy to keep"}));
     EXPECT_TRUE(deeds().empty());
 }
 

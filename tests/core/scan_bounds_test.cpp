@@ -45,6 +45,22 @@ TEST_F(ScanBoundsTest, AWholeDiskScanEntersTheFileSystemsOfTheRootAndOfTheHomeAl
         EXPECT_TRUE(enters(folder)) << folder;
 }
 
+TEST_F(ScanBoundsTest, WhoWantsNoMountsEntersNoneBeneathTheRoot)
+{
+    files.addMount({"/home", 2, "/"});
+    files.addFile("/file", 2'000'000);
+    files.addFile("/home/me/file", 3'000'000);
+    files.setMountPoints({{"/", "/home"}});
+    EXPECT_TRUE(enters("/home"));
+    ScanProgress progress;
+    EXPECT_EQ(Scanner::scan("/", progress, files)->size, 5'000'000);
+    const ScanFilter filter{.mounts = ScanFilter::Mounts::none};
+    EXPECT_EQ(Scanner::scan("/", progress, files, filter)->size, 2'000'000);
+    EXPECT_EQ(Scanner::scan("/home", progress, files, filter)->size, 3'000'000);
+    files.addLink("/link", "/");
+    EXPECT_EQ(Scanner::scan("/link", progress, files, filter)->size, 2'000'000);
+}
+
 TEST_F(ScanBoundsTest, NothingOfWhatIsMountedFromElsewhereIsTouched)
 {
     files.addFile("/home/me/file", 2'000'000);

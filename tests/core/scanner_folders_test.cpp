@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <random>
 #include <thread>
 
@@ -247,13 +248,18 @@ class DeepFolderTest : public ScannerFoldersTest {
 protected:
     static constexpr int levels = 3'000;
 
-    void SetUp() override;
-    void expectIsWhole(const FileNode &root) const;
+    // Made once for all tests of a program: nothing here changes the folder.
+    static void SetUpTestSuite();
+    static void TearDownTestSuite() { deep.reset(); }
+    static void expectIsWhole(const FileNode &root);
+
+    static inline std::optional<TemporaryFolder> deep;
 };
 
-void DeepFolderTest::SetUp()
+void DeepFolderTest::SetUpTestSuite()
 {
-    int descriptor = ::open(temporary.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    deep.emplace();
+    int descriptor = ::open(deep->path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     const auto writeBlock = [&](const char *name) {
         const int file = ::openat(descriptor, name, O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
         EXPECT_EQ(::write(file, "x", 1), 1);
@@ -274,7 +280,7 @@ void DeepFolderTest::SetUp()
     ::close(descriptor);
 }
 
-void DeepFolderTest::expectIsWhole(const FileNode &root) const
+void DeepFolderTest::expectIsWhole(const FileNode &root)
 {
     EXPECT_EQ(root.fileCount, levels / 100 + 1);
     int depth = 0;
@@ -284,12 +290,12 @@ void DeepFolderTest::expectIsWhole(const FileNode &root) const
         node = next;
     EXPECT_EQ(depth, levels);
     EXPECT_EQ(node->smallFilesCount, 1);
-    EXPECT_EQ(node->path().size(), temporary.path().size() + 5UL * levels);
+    EXPECT_EQ(node->path().size(), deep->path().size() + 5UL * levels);
 }
 
 TEST_F(DeepFolderTest, IsWalkedWhole)
 {
-    expectIsWhole(*scan());
+    expectIsWhole(*scan(deep->path()));
 }
 
 TEST_F(DeepFolderTest, IsWalkedWholeWhereFileNumbersAreScarce)
@@ -298,7 +304,7 @@ TEST_F(DeepFolderTest, IsWalkedWholeWhereFileNumbersAreScarce)
     std::shared_ptr<FileNode> root;
     {
         const FewOpenFiles limit(6);
-        root = scan();
+        root = scan(deep->path());
     }
     expectIsWhole(*root);
 }
@@ -308,7 +314,7 @@ TEST_F(DeepFolderTest, IsNotShownInPartWhereNoFileNumberIsLeft)
     (void)systemHost(); // raises the limit once
     {
         const FewOpenFiles limit(1);
-        (void)Scanner::scan(temporary.path(), progress);
+        (void)Scanner::scan(deep->path(), progress);
     }
     ASSERT_NE(progress.failure(), std::nullopt);
     EXPECT_EQ(progress.failure()->code, std::errc::too_many_files_open);
@@ -323,7 +329,7 @@ TEST_F(DeepFolderTest, IsWalkedWholeOnAThreadWithASmallStack)
         const std::string path;
         ScanProgress progress;
         std::shared_ptr<FileNode> root;
-    } walk{.path = temporary.path(), .progress = {}, .root = nullptr};
+    } walk{.path = deep->path(), .progress = {}, .root = nullptr};
     pthread_t thread{};
     const auto run = [](void *argument) -> void * {
         auto &own = *static_cast<Walk *>(argument);

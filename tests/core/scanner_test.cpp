@@ -403,7 +403,7 @@ TEST(EndlessListing, OfFoldersEndsAsUnreadable)
 
 TEST(ScannerFailure, WithoutAFileNumberLeftTheScanEndsWithAnError)
 {
-    for (const char *folder : {"/r", "/r/a", "/r/a/b", "/r/a/b/c"}) {
+    const auto scanWithoutNumberFor = [](const std::string &folder) {
         FakeFileSystem files;
         files.addFile("/r/a/b/c/file", 10);
         files.failOpening(folder, std::errc::too_many_files_open);
@@ -413,7 +413,13 @@ TEST(ScannerFailure, WithoutAFileNumberLeftTheScanEndsWithAnError)
         EXPECT_EQ(progress.failure()->code, std::errc::too_many_files_open);
         EXPECT_EQ(progress.counters().denied, 0);
         EXPECT_FALSE(progress.isCancelled());
-    }
+    };
+    // Each waits a second for a number; so all of them wait at once.
+    std::vector<std::thread> scans;
+    for (const char *folder : {"/r", "/r/a", "/r/a/b", "/r/a/b/c"})
+        scans.emplace_back(scanWithoutNumberFor, folder);
+    for (std::thread &scan : scans)
+        scan.join();
 }
 
 TEST_F(ScannerTest, AFileWithASkippedFoldersNameIsCounted)

@@ -49,6 +49,25 @@ INSTANTIATE_TEST_SUITE_P(TrailingZeros, ByteCountTable,
                                          Row{1'500'000'000, "1.5 GB"}, Row{1'050'000'000, "1.05 GB"},
                                          Row{100'000'000'000, "100 GB"}, Row{1'500'000'000'000, "1.5 TB"}));
 
+TEST(FormatByteCount, BinaryUnitsAreOf1024AndAllBytesAreCounted)
+{
+    useByteUnits(ByteUnits::binary);
+    EXPECT_EQ(formatByteCount(0), "Zero KiB");
+    EXPECT_EQ(formatByteCount(1), "1 byte");
+    EXPECT_EQ(formatByteCount(1'023), "1,023 bytes");
+    EXPECT_EQ(formatByteCount(1'024), "1 KiB");
+    EXPECT_EQ(formatByteCount(1'536 * 1'024), "1.5 MiB");
+    EXPECT_EQ(formatByteCount(1'048'575), "1 MiB");
+    EXPECT_EQ(formatByteCount(std::int64_t{5} << 40), "5 TiB");
+    EXPECT_EQ(formatByteCount(std::numeric_limits<std::int64_t>::max()), "8 EiB");
+    useByteUnits(ByteUnits::bytes);
+    EXPECT_EQ(formatByteCount(0), "0 bytes");
+    EXPECT_EQ(formatByteCount(1), "1 byte");
+    EXPECT_EQ(formatByteCount(12'345'678), "12,345,678 bytes");
+    useByteUnits(ByteUnits::decimal);
+    EXPECT_EQ(formatByteCount(1'024), "1 KB");
+}
+
 TEST(ByteCount, NegativeCountIsWrittenAsZero)
 {
     EXPECT_EQ(formatByteCount(-1), "Zero KB");
@@ -171,7 +190,7 @@ TEST(Percent, WhatLiesHalfwayGoesToTheEvenFigure)
     EXPECT_EQ(formatPercent(99.96), "100.0%");
 }
 
-TEST(Ago, IsToldInTheLargestUnitThatFits)
+TEST(Ago, IsGivenInTheLargestUnitThatFits)
 {
     EXPECT_EQ(formatAgo(-5), "just now");
     EXPECT_EQ(formatAgo(0), "just now");

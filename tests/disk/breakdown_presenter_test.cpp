@@ -1,5 +1,7 @@
 #include "disk/ui/breakdown_presenter.h"
 
+#include <optional>
+
 #include <gmock/gmock.h>
 
 #include <QGuiApplication>
@@ -29,7 +31,7 @@ protected:
     void show(const DiskBreakdown &breakdown)
     {
         store().finishBreakdown(breakdown, store().breakdownToken());
-        presenter.setStore(&store());
+        presenter();
     }
     void showSnapshots(std::vector<LocalSnapshot> snapshots)
     {
@@ -45,23 +47,23 @@ protected:
         showSnapshots(std::move(snapshots));
     }
     StorageStore &store() { return fake.store; }
-    [[nodiscard]] std::vector<std::string> legend() const
+    [[nodiscard]] std::vector<std::string> legend()
     {
         std::vector<std::string> titles;
-        for (const StackedBarPart &part : presenter.legend())
+        for (const StackedBarPart &part : presenter().legend())
             titles.push_back(part.title.toStdString());
         return titles;
     }
-    [[nodiscard]] std::vector<std::string> footnotes() const
+    [[nodiscard]] std::vector<std::string> footnotes()
     {
         std::vector<std::string> notes;
-        for (const QString &note : presenter.footnotes())
+        for (const QString &note : presenter().footnotes())
             notes.push_back(note.toStdString());
         return notes;
     }
     int rowOf(const char *id)
     {
-        const SegmentModel &model = *presenter.segments();
+        const SegmentModel &model = *presenter().segments();
         for (int row = 0; row < model.rowCount(); ++row) {
             if (model.data(model.index(row), SegmentModel::SegmentIdRole).toString() == QLatin1String(id))
                 return row;
@@ -70,7 +72,15 @@ protected:
     }
 
     FakeStore fake;
-    BreakdownPresenter presenter;
+    /// Made when it is first asked for, over what the store holds by then.
+    BreakdownPresenter &presenter()
+    {
+        if (!made)
+            made.emplace(store());
+        return *made;
+    }
+
+    std::optional<BreakdownPresenter> made;
 };
 
 const std::string always = "Sizes are the space files really occupy on disk, so they can differ slightly from the "
@@ -78,13 +88,13 @@ const std::string always = "Sizes are the space files really occupy on disk, so 
 
 TEST_F(BreakdownPresenterTest, AsksForABreakdownWhereThereIsNone)
 {
-    presenter.setStore(&store());
+    presenter();
 
-    EXPECT_TRUE(presenter.isLoading());
-    EXPECT_FALSE(presenter.isAvailable());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return presenter.isAvailable(); }, patience));
-    EXPECT_FALSE(presenter.isLoading());
-    EXPECT_EQ(presenter.freeOn(), QStringLiteral(" free on Macintosh HD"));
+    EXPECT_TRUE(presenter().isLoading());
+    EXPECT_FALSE(presenter().isAvailable());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return presenter().isAvailable(); }, patience));
+    EXPECT_FALSE(presenter().isLoading());
+    EXPECT_EQ(presenter().freeOn(), QStringLiteral(" free on Macintosh HD"));
 }
 
 TEST_F(BreakdownPresenterTest, AsksForNoneWhereThereIsOneOrOneIsUnderWay)
@@ -94,7 +104,7 @@ TEST_F(BreakdownPresenterTest, AsksForNoneWhereThereIsOneOrOneIsUnderWay)
 
     FakeStore other;
     other.store.refreshBreakdown();
-    presenter.setStore(&other.store);
+    const BreakdownPresenter late(other.store);
     EXPECT_EQ(other.store.breakdownToken(), 1);
 }
 
@@ -102,39 +112,39 @@ TEST_F(BreakdownPresenterTest, RefreshAsksForANewBreakdownAndTheOldOneStaysMeanw
 {
     show(test::sampleBreakdown());
 
-    presenter.refresh();
+    presenter().refresh();
 
     EXPECT_EQ(store().breakdownToken(), 1);
-    EXPECT_TRUE(presenter.isLoading());
-    EXPECT_TRUE(presenter.isAvailable());
-    EXPECT_EQ(presenter.percentage(), QStringLiteral("95%"));
+    EXPECT_TRUE(presenter().isLoading());
+    EXPECT_TRUE(presenter().isAvailable());
+    EXPECT_EQ(presenter().percentage(), QStringLiteral("95%"));
 }
 
 TEST_F(BreakdownPresenterTest, WithoutABreakdownThereIsNothingButTheTextOfMeasuring)
 {
-    presenter.setStore(&store());
-    ASSERT_FALSE(presenter.isAvailable());
+    presenter();
+    ASSERT_FALSE(presenter().isAvailable());
 
-    EXPECT_EQ(presenter.loadingText(), QStringLiteral("Measuring your disk…"));
-    EXPECT_EQ(presenter.summary(), QStringLiteral("Measuring your disk…"));
-    EXPECT_EQ(presenter.percentage(), QString());
-    EXPECT_EQ(presenter.used() + presenter.usedOf() + presenter.free() + presenter.freeOn(), QString());
-    EXPECT_TRUE(presenter.parts().isEmpty());
+    EXPECT_EQ(presenter().loadingText(), QStringLiteral("Measuring your disk…"));
+    EXPECT_EQ(presenter().summary(), QStringLiteral("Measuring your disk…"));
+    EXPECT_EQ(presenter().percentage(), QString());
+    EXPECT_EQ(presenter().used() + presenter().usedOf() + presenter().free() + presenter().freeOn(), QString());
+    EXPECT_TRUE(presenter().parts().isEmpty());
     EXPECT_THAT(footnotes(), IsEmpty());
-    EXPECT_FALSE(presenter.needsScan());
-    EXPECT_FALSE(presenter.hasSnapshots());
-    EXPECT_EQ(presenter.snapshotsFound() + presenter.moreSnapshots() + presenter.legendRest(), QString());
-    EXPECT_EQ(presenter.rest(), 0);
+    EXPECT_FALSE(presenter().needsScan());
+    EXPECT_FALSE(presenter().hasSnapshots());
+    EXPECT_EQ(presenter().snapshotsFound() + presenter().moreSnapshots() + presenter().legendRest(), QString());
+    EXPECT_EQ(presenter().rest(), 0);
 }
 
 TEST_F(BreakdownPresenterTest, TellsHowMuchIsExplainedUsedAndFree)
 {
     show(test::sampleBreakdown());
 
-    EXPECT_EQ(presenter.percentage(), QStringLiteral("95%"));
-    EXPECT_EQ(presenter.used() + presenter.usedOf(), QStringLiteral("811.29 GB used of 994.66 GB"));
-    EXPECT_EQ(presenter.free() + presenter.freeOn(), QStringLiteral("183.37 GB free on Macintosh HD"));
-    EXPECT_EQ(presenter.summary(), QStringLiteral("95% of 811.29 GB explained"));
+    EXPECT_EQ(presenter().percentage(), QStringLiteral("95%"));
+    EXPECT_EQ(presenter().used() + presenter().usedOf(), QStringLiteral("811.29 GB used of 994.66 GB"));
+    EXPECT_EQ(presenter().free() + presenter().freeOn(), QStringLiteral("183.37 GB free on Macintosh HD"));
+    EXPECT_EQ(presenter().summary(), QStringLiteral("95% of 811.29 GB explained"));
 }
 
 TEST_F(BreakdownPresenterTest, NothingUsedIsExplainedByNothing)
@@ -143,10 +153,10 @@ TEST_F(BreakdownPresenterTest, NothingUsedIsExplainedByNothing)
     disk.free = disk.total;
     show(disk);
 
-    EXPECT_EQ(presenter.percentage(), QStringLiteral("0%"));
-    EXPECT_EQ(presenter.used() + presenter.usedOf(), QStringLiteral("Zero KB used of 994.66 GB"));
-    EXPECT_EQ(presenter.summary(), QStringLiteral("0% of Zero KB explained"));
-    EXPECT_EQ(presenter.rest(), 0);
+    EXPECT_EQ(presenter().percentage(), QStringLiteral("0%"));
+    EXPECT_EQ(presenter().used() + presenter().usedOf(), QStringLiteral("Zero KB used of 994.66 GB"));
+    EXPECT_EQ(presenter().summary(), QStringLiteral("0% of Zero KB explained"));
+    EXPECT_EQ(presenter().rest(), 0);
 }
 
 TEST_F(BreakdownPresenterTest, NegativeFiguresAreShownAsZero)
@@ -155,31 +165,31 @@ TEST_F(BreakdownPresenterTest, NegativeFiguresAreShownAsZero)
     disk.total = 10;
     disk.free = 20;
     show(disk);
-    EXPECT_EQ(presenter.used(), QStringLiteral("Zero KB"));
-    EXPECT_EQ(presenter.percentage(), QStringLiteral("0%"));
+    EXPECT_EQ(presenter().used(), QStringLiteral("Zero KB"));
+    EXPECT_EQ(presenter().percentage(), QStringLiteral("0%"));
 
     disk.total = 0;
     disk.free = -5;
     store().finishBreakdown(disk, store().breakdownToken());
-    EXPECT_EQ(presenter.free(), QStringLiteral("Zero KB"));
-    EXPECT_EQ(presenter.parts().constLast().size, 0);
+    EXPECT_EQ(presenter().free(), QStringLiteral("Zero KB"));
+    EXPECT_EQ(presenter().parts().constLast().size, 0);
 }
 
 TEST_F(BreakdownPresenterTest, PartsAreTheSegmentsInTheirOrderAndTheFreeSpaceLast)
 {
     show(test::sampleBreakdown());
 
-    const QList<StackedBarPart> parts = presenter.parts();
+    const QList<StackedBarPart> parts = presenter().parts();
     ASSERT_EQ(parts.size(), 8);
     EXPECT_EQ(parts[1].id, QStringLiteral("/Applications"));
     EXPECT_EQ(parts[1].title, QStringLiteral("Applications"));
     EXPECT_EQ(parts[1].info, QStringLiteral("73.8 GB · 9%"));
     EXPECT_EQ(parts[1].color, QColor::fromRgbF(0.24F, 0.52F, 0.98F));
     EXPECT_EQ(parts[1].size, 73'800'000'000);
-    EXPECT_EQ(parts[7].id, presenter.freePart());
+    EXPECT_EQ(parts[7].id, presenter().freePart());
     EXPECT_EQ(parts[7].title, QStringLiteral("Free"));
     EXPECT_EQ(parts[7].info, QStringLiteral("183.37 GB"));
-    EXPECT_EQ(presenter.usedParts(), parts.first(7));
+    EXPECT_EQ(presenter().usedParts(), parts.first(7));
 }
 
 TEST_F(BreakdownPresenterTest, PartsAndTheRestComeToTheWholeContainer)
@@ -189,9 +199,9 @@ TEST_F(BreakdownPresenterTest, PartsAndTheRestComeToTheWholeContainer)
         disk.segments.back().size -= missing;
         show(disk);
         std::int64_t sum = 0;
-        for (const StackedBarPart &part : presenter.parts())
+        for (const StackedBarPart &part : presenter().parts())
             sum += part.size;
-        EXPECT_EQ(presenter.rest(), static_cast<double>(missing));
+        EXPECT_EQ(presenter().rest(), static_cast<double>(missing));
         EXPECT_EQ(sum + missing, disk.total);
     }
 }
@@ -199,12 +209,12 @@ TEST_F(BreakdownPresenterTest, PartsAndTheRestComeToTheWholeContainer)
 TEST_F(BreakdownPresenterTest, FreeSpaceHasTheColorOfTheTheme)
 {
     show(test::sampleBreakdown());
-    const QSignalSpy changes(&presenter, &BreakdownPresenter::changed);
+    const QSignalSpy changes(&presenter(), &BreakdownPresenter::changed);
 
     Theme::instance()->setDark(true);
 
     EXPECT_GE(changes.count(), 1);
-    EXPECT_EQ(presenter.parts().constLast().color, Theme::instance()->track());
+    EXPECT_EQ(presenter().parts().constLast().color, Theme::instance()->track());
 }
 
 TEST_F(BreakdownPresenterTest, LegendNamesTheFiveLargestAndCountsTheOthers)
@@ -213,16 +223,16 @@ TEST_F(BreakdownPresenterTest, LegendNamesTheFiveLargestAndCountsTheOthers)
     show(disk);
     EXPECT_THAT(legend(),
                 ElementsAre("Your Home Folder", "Applications", "Hidden System Data", "System-wide Library", "macOS"));
-    EXPECT_EQ(presenter.legendRest(), QStringLiteral("and 2 smaller"));
+    EXPECT_EQ(presenter().legendRest(), QStringLiteral("and 2 smaller"));
 
     disk.segments.pop_back();
     show(disk);
-    EXPECT_EQ(presenter.legendRest(), QStringLiteral("and 1 smaller"));
+    EXPECT_EQ(presenter().legendRest(), QStringLiteral("and 1 smaller"));
 
     disk.segments.pop_back();
     show(disk);
     EXPECT_EQ(legend().size(), 5U);
-    EXPECT_EQ(presenter.legendRest(), QString());
+    EXPECT_EQ(presenter().legendRest(), QString());
 }
 
 TEST_F(BreakdownPresenterTest, ALinuxSystemsLegendLeavesTheFoldersToTheRows)
@@ -236,17 +246,17 @@ TEST_F(BreakdownPresenterTest, ALinuxSystemsLegendLeavesTheFoldersToTheRows)
     show(disk);
     EXPECT_EQ(legend().front(), "Containers");
     EXPECT_EQ(legend()[1], "Applications");
-    EXPECT_EQ(presenter.parts().front().title, QStringLiteral("Containers (/var/lib/docker)"));
+    EXPECT_EQ(presenter().parts().front().title, QStringLiteral("Containers (/var/lib/docker)"));
 }
 
 TEST_F(BreakdownPresenterTest, OnlyWithoutAScanOneIsWanted)
 {
     show(test::sampleBreakdown());
-    EXPECT_FALSE(presenter.needsScan());
+    EXPECT_FALSE(presenter().needsScan());
 
     show(test::unscannedBreakdown());
-    EXPECT_TRUE(presenter.needsScan());
-    EXPECT_EQ(presenter.percentage(), QStringLiteral("16%"));
+    EXPECT_TRUE(presenter().needsScan());
+    EXPECT_EQ(presenter().percentage(), QStringLiteral("16%"));
 }
 
 TEST_F(BreakdownPresenterTest, AScannedAndReadableDiskHasTheOneFootnote)
@@ -284,58 +294,58 @@ TEST_F(BreakdownPresenterTest, AnUnreadableContainerIsSaidAfterTheClones)
 TEST_F(BreakdownPresenterTest, WithoutSnapshotsThereIsNoCard)
 {
     showSnapshots(0);
-    EXPECT_FALSE(presenter.hasSnapshots());
-    EXPECT_TRUE(presenter.snapshots().isEmpty());
-    EXPECT_EQ(presenter.moreSnapshots(), QString());
+    EXPECT_FALSE(presenter().hasSnapshots());
+    EXPECT_TRUE(presenter().snapshots().isEmpty());
+    EXPECT_EQ(presenter().moreSnapshots(), QString());
 }
 
 TEST_F(BreakdownPresenterTest, ASnapshotIsShownByItsDate)
 {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     showSnapshots(1);
-    EXPECT_TRUE(presenter.hasSnapshots());
-    EXPECT_EQ(presenter.snapshotsFound(), QStringLiteral("1 found"));
-    ASSERT_EQ(presenter.snapshots().size(), 1);
+    EXPECT_TRUE(presenter().hasSnapshots());
+    EXPECT_EQ(presenter().snapshotsFound(), QStringLiteral("1 found"));
+    ASSERT_EQ(presenter().snapshots().size(), 1);
     const auto local = QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC).toLocalTime();
-    EXPECT_EQ(presenter.snapshots()[0].text, QLocale().toString(local, QStringLiteral("MMM d, yyyy")) +
-                                                 QStringLiteral(" at ") +
-                                                 QLocale().toString(local, QStringLiteral("h:mm AP")));
-    EXPECT_EQ(presenter.snapshots()[0].symbol, QString());
+    EXPECT_EQ(presenter().snapshots()[0].text, QLocale().toString(local, QStringLiteral("MMM d, yyyy")) +
+                                                   QStringLiteral(" at ") +
+                                                   QLocale().toString(local, QStringLiteral("h:mm AP")));
+    EXPECT_EQ(presenter().snapshots()[0].symbol, QString());
 }
 
 TEST_F(BreakdownPresenterTest, ASnapshotWithoutADateIsShownByItsName)
 {
     showSnapshots({{"com.apple.os.update-\xff", {}}});
-    ASSERT_EQ(presenter.snapshots().size(), 1);
-    EXPECT_EQ(presenter.snapshots()[0].text, QStringLiteral("com.apple.os.update-\uFFFD"));
-    EXPECT_EQ(presenter.snapshots()[0].symbol, QStringLiteral("camera.metering.unknown"));
+    ASSERT_EQ(presenter().snapshots().size(), 1);
+    EXPECT_EQ(presenter().snapshots()[0].text, QStringLiteral("com.apple.os.update-\uFFFD"));
+    EXPECT_EQ(presenter().snapshots()[0].symbol, QStringLiteral("camera.metering.unknown"));
 }
 
 TEST_F(BreakdownPresenterTest, SixSnapshotsAreAllShown)
 {
     showSnapshots(6);
-    EXPECT_EQ(presenter.snapshotsFound(), QStringLiteral("6 found"));
-    EXPECT_EQ(presenter.snapshots().size(), 6);
-    EXPECT_EQ(presenter.moreSnapshots(), QString());
+    EXPECT_EQ(presenter().snapshotsFound(), QStringLiteral("6 found"));
+    EXPECT_EQ(presenter().snapshots().size(), 6);
+    EXPECT_EQ(presenter().moreSnapshots(), QString());
 }
 
 TEST_F(BreakdownPresenterTest, FromTheSeventhOnSnapshotsAreCounted)
 {
     showSnapshots(7);
-    EXPECT_EQ(presenter.snapshots().size(), 6);
-    EXPECT_EQ(presenter.moreSnapshots(), QStringLiteral("+ 1 more"));
+    EXPECT_EQ(presenter().snapshots().size(), 6);
+    EXPECT_EQ(presenter().moreSnapshots(), QStringLiteral("+ 1 more"));
 
     showSnapshots(9);
-    EXPECT_EQ(presenter.snapshotsFound(), QStringLiteral("9 found"));
-    EXPECT_EQ(presenter.snapshots().size(), 6);
-    EXPECT_EQ(presenter.moreSnapshots(), QStringLiteral("+ 3 more"));
+    EXPECT_EQ(presenter().snapshotsFound(), QStringLiteral("9 found"));
+    EXPECT_EQ(presenter().snapshots().size(), 6);
+    EXPECT_EQ(presenter().moreSnapshots(), QStringLiteral("+ 3 more"));
 }
 
 TEST_F(BreakdownPresenterTest, TheCommandsAreThoseOfTheSystem)
 {
-    presenter.setStore(&store());
-    EXPECT_EQ(presenter.listCommand(), QStringLiteral("tmutil listlocalsnapshots /"));
-    EXPECT_EQ(presenter.thinCommand(), QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4"));
+    presenter();
+    EXPECT_EQ(presenter().listCommand(), QStringLiteral("tmutil listlocalsnapshots /"));
+    EXPECT_EQ(presenter().thinCommand(), QStringLiteral("sudo tmutil thinlocalsnapshots / 999999999999 4"));
 }
 
 TEST_F(BreakdownPresenterTest, ASnapshotWithACommandOfItsOwnShowsWhatItTakesAndOffersIt)
@@ -353,10 +363,10 @@ TEST_F(BreakdownPresenterTest, ASnapshotWithACommandOfItsOwnShowsWhatItTakesAndO
                       .deleteCommand = "sudo zfs destroy rpool@a"};
     disk.snapshots = {snapper, snapper, zfs};
     show(disk);
-    EXPECT_EQ(presenter.snapshots()[0].deleteCommand, QStringLiteral("sudo snapper delete 3"));
-    EXPECT_EQ(presenter.snapshots()[2].text, QStringLiteral("rpool@a · 5 MB"));
-    EXPECT_EQ(presenter.listCommand(), QStringLiteral("sudo snapper list; zfs list -t snapshot"));
-    EXPECT_EQ(presenter.thinCommand(), QString());
+    EXPECT_EQ(presenter().snapshots()[0].deleteCommand, QStringLiteral("sudo snapper delete 3"));
+    EXPECT_EQ(presenter().snapshots()[2].text, QStringLiteral("rpool@a · 5 MB"));
+    EXPECT_EQ(presenter().listCommand(), QStringLiteral("sudo snapper list; zfs list -t snapshot"));
+    EXPECT_EQ(presenter().thinCommand(), QString());
 }
 
 // --- Actions
@@ -364,7 +374,7 @@ TEST_F(BreakdownPresenterTest, ASnapshotWithACommandOfItsOwnShowsWhatItTakesAndO
 TEST_F(BreakdownPresenterTest, AMeasuredFolderIsRevealed)
 {
     show(test::sampleBreakdown());
-    presenter.perform(rowOf("/Applications"));
+    presenter().perform(rowOf("/Applications"));
     EXPECT_THAT(fake.fake.log->lines(), Contains("reveal /Applications"));
 }
 
@@ -372,14 +382,14 @@ TEST_F(BreakdownPresenterTest, TheScannedFolderOpensInTheSpaceMap)
 {
     show(test::sampleBreakdown());
     store().setSidebar(StorageStore::SidebarItem::breakdown);
-    presenter.perform(rowOf("scanned"));
+    presenter().perform(rowOf("scanned"));
     EXPECT_EQ(store().sidebar(), StorageStore::SidebarItem::explorer);
 }
 
 TEST_F(BreakdownPresenterTest, HiddenDataLeadsToTheSettingsOfFullDiskAccess)
 {
     show(test::sampleBreakdown());
-    presenter.perform(rowOf("hidden"));
+    presenter().perform(rowOf("hidden"));
     EXPECT_THAT(fake.fake.log->lines(),
                 Contains("openUrl x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"));
 }
@@ -387,24 +397,24 @@ TEST_F(BreakdownPresenterTest, HiddenDataLeadsToTheSettingsOfFullDiskAccess)
 TEST_F(BreakdownPresenterTest, WhatIsNotScannedYetStartsAScanOfTheHome)
 {
     show(test::unscannedBreakdown());
-    EXPECT_TRUE(presenter.canScan());
-    const QSignalSpy changes(&presenter, &BreakdownPresenter::canScanChanged);
+    EXPECT_TRUE(presenter().canScan());
+    const QSignalSpy changes(&presenter(), &BreakdownPresenter::canScanChanged);
     fake.gate.setShut(true);
 
-    presenter.perform(rowOf("hidden"));
+    presenter().perform(rowOf("hidden"));
 
     EXPECT_EQ(store().phase(), StorageStore::Phase::scanning);
     EXPECT_EQ(store().lastScanPath(), fake.home);
-    EXPECT_FALSE(presenter.canScan());
+    EXPECT_FALSE(presenter().canScan());
     EXPECT_GE(changes.count(), 1);
     fake.gate.setShut(false);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return presenter.canScan(); }, patience));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return presenter().canScan(); }, patience));
 }
 
 TEST_F(BreakdownPresenterTest, TheNudgeStartsAScanOfTheHome)
 {
     show(test::unscannedBreakdown());
-    presenter.scanHome();
+    presenter().scanHome();
     EXPECT_EQ(store().lastScanPath(), fake.home);
 }
 
@@ -412,9 +422,9 @@ TEST_F(BreakdownPresenterTest, ARowWithoutAnActionDoesNothing)
 {
     show(test::sampleBreakdown());
     const auto before = fake.fake.log->lines().size();
-    presenter.perform(rowOf("system"));
-    presenter.perform(-1);
-    presenter.perform(100);
+    presenter().perform(rowOf("system"));
+    presenter().perform(-1);
+    presenter().perform(100);
     EXPECT_EQ(fake.fake.log->lines().size(), before);
     EXPECT_EQ(store().phase(), StorageStore::Phase::idle);
 }
@@ -422,22 +432,22 @@ TEST_F(BreakdownPresenterTest, ARowWithoutAnActionDoesNothing)
 TEST_F(BreakdownPresenterTest, TheSummaryLeadsToTheScreen)
 {
     show(test::sampleBreakdown());
-    presenter.openBreakdown();
+    presenter().openBreakdown();
     EXPECT_EQ(store().sidebar(), StorageStore::SidebarItem::breakdown);
 }
 
 TEST_F(BreakdownPresenterTest, ANewBreakdownTakesTheOldOnesPlaceAfterAScan)
 {
     show(test::unscannedBreakdown());
-    presenter.scanHome();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter.needsScan() && !presenter.isLoading(); }, patience));
+    presenter().scanHome();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter().needsScan() && !presenter().isLoading(); }, patience));
     EXPECT_GE(rowOf("scanned"), 0);
-    const QString before = presenter.parts().constFirst().info;
+    const QString before = presenter().parts().constFirst().info;
 
     store().didRemove({.removed = {{fake.home + "/Movies/rushes.mov", 27'880'000'000}}, .failures = {}}, false);
-    EXPECT_TRUE(presenter.isLoading());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter.isLoading(); }, patience));
-    EXPECT_NE(presenter.parts()[rowOf("scanned")].info, before);
+    EXPECT_TRUE(presenter().isLoading());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter().isLoading(); }, patience));
+    EXPECT_NE(presenter().parts()[rowOf("scanned")].info, before);
 }
 
 } // namespace

@@ -13,7 +13,6 @@
 #include "disk/sample_breakdown.h"
 #include "shell/quick_scene.h"
 #include "shell/ui/stacked_bar.h"
-#include "shell/ui/store_registration.h"
 #include "shell/ui/theme.h"
 #include "shell/window/fake_store.h"
 
@@ -26,20 +25,13 @@ using testing::ElementsAre;
 using testing::Not;
 
 /// The whole screen in a window of its own, worked by mouse and keyboard.
-class BreakdownScreenTest : public testing::Test {
+class BreakdownScreenTest : public testing::Test, WithoutMotion {
 protected:
     BreakdownScreenTest()
     {
-        Theme::instance()->setReducedMotion(true);
         fake.fake.files.setSystemKind(SystemKind::mac);
         // So that measuring the disk can be held up at a folder.
         fake.fake.files.addFile("/Applications/Harbor.app", 60'000'000);
-        StoreRegistration::setStore(&fake.store);
-    }
-    ~BreakdownScreenTest() override
-    {
-        fake.gate.setShut(false);
-        Theme::instance()->setReducedMotion(false);
     }
 
     void show(const DiskBreakdown &disk, QSize size = {1064, 800})

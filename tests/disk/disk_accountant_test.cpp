@@ -138,7 +138,7 @@ TEST_F(DiskAccountantTest, MoreAvailableThanThereIsLeavesNothingToExplain)
     EXPECT_TRUE(compute().segments.empty());
 }
 
-TEST_F(DiskAccountantTest, VolumesAreToldByTheirRolesInAFixedOrderOfTests)
+TEST_F(DiskAccountantTest, VolumesAreClassifiedByTheirRolesInAFixedOrder)
 {
     container = APFSContainerInfo{500 * gb,
                                   100 * gb,
@@ -482,8 +482,7 @@ TEST_F(DiskAccountantTest, HiddenAfterAStoppedScanSaysThatMostOfItWasNotLookedAt
     EXPECT_FALSE(compute().scanIsPartial);
     scan.isPartial = true;
     EXPECT_TRUE(compute().scanIsPartial);
-    EXPECT_EQ(find(compute(), Kind::hidden)->detail,
-              text + " The scan was stopped, so most of this was not looked at.");
+    EXPECT_EQ(find(compute(), Kind::hidden)->detail, text + " The scan was stopped, so most of this was not scanned.");
     scan.rootPath.reset();
     EXPECT_FALSE(compute().scanIsPartial);
 }

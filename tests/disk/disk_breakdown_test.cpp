@@ -60,7 +60,7 @@ TEST(DiskBreakdown, AnOvercountOfZeroHasNoNoteAndOneOfOneByteHas)
     EXPECT_EQ(breakdown.footnotes().size(), 1u);
 }
 
-TEST(DiskBreakdown, ALayoutThatCouldNotBeReadIsSaid)
+TEST(DiskBreakdown, ALayoutThatCouldNotBeReadIsNoted)
 {
     DiskBreakdown breakdown;
     ASSERT_EQ(breakdown.footnotes().size(), 2u);

@@ -8,6 +8,7 @@
 
 #include "disk/disk_accountant.h"
 #include "platform/fake_host.h"
+#include "platform/path.h"
 
 namespace corvane {
 namespace {
@@ -88,6 +89,23 @@ TEST_F(DiskPlacesTest, APlaceInsideAnotherCountsForItselfAlone)
     EXPECT_EQ(size("/var/log"), 128);
     EXPECT_EQ(size("/tmp"), 768);
     EXPECT_EQ(size("/"), 0);
+}
+
+TEST_F(DiskPlacesTest, EveryPlaceCountsWhatItHolds)
+{
+    const auto places = diskTableOf(SystemKind::linuxSystem).places;
+    std::map<std::string_view, int> folders;
+    for (const DiskPlace &place : places) {
+        for (const std::string_view folder : place.folders) {
+            if (folder.empty())
+                continue;
+            add(joined(folder == "~" ? "/home/me" : folder, "item"), 1);
+            ++folders[place.id];
+        }
+    }
+    measure();
+    for (const DiskPlace &place : places)
+        EXPECT_EQ(size(place.id), folders[place.id]) << place.id;
 }
 
 TEST_F(DiskPlacesTest, OtherUsersAreEverybodyButTheOwner)
@@ -344,7 +362,7 @@ TEST_F(DiskPlacesTest, ALinuxDiskWhoseSnapshotsAreSeenIsNotCountedSeveralTimes)
     EXPECT_EQ(size("/"), 0);
 }
 
-TEST_F(DiskPlacesTest, DeletedFilesThatAreStillOpenAreToldByProgram)
+TEST_F(DiskPlacesTest, DeletedFilesThatAreStillOpenAreListedByProgram)
 {
     fake.volumes.addDeletedFiles({"browser", 300 * mb});
     fake.volumes.addDeletedFiles({"server", 700 * mb});
@@ -354,7 +372,7 @@ TEST_F(DiskPlacesTest, DeletedFilesThatAreStillOpenAreToldByProgram)
                 ElementsAre(NamedSize{"server", 700 * mb}, NamedSize{"browser", 300 * mb}));
 }
 
-TEST_F(DiskPlacesTest, WhatTheUserMayNotReadItsToolTells)
+TEST_F(DiskPlacesTest, WhatTheUserMayNotReadIsMeasuredByItsTool)
 {
     add("/var/lib/docker/layer", 8);
     fake.files.failOpening("/var/lib/docker");
@@ -383,7 +401,7 @@ TEST_F(DiskPlacesTest, PodmanAndFlatpakAnswerForTheirFoldersToo)
     EXPECT_EQ(size("/var/lib/flatpak"), 1'650);
 }
 
-TEST_F(DiskPlacesTest, AToolThatKeepsThingsElsewhereTellsNothingOfAFolder)
+TEST_F(DiskPlacesTest, AToolThatKeepsThingsElsewhereMeasuresNoFolder)
 {
     add("/var/lib/docker/layer", 8);
     fake.files.failOpening("/var/lib/docker");
@@ -513,7 +531,7 @@ TEST_F(DiskPlacesTest, FoldersThatOnlyTheAdministratorMayReadAreCountedInTheText
               "the file system's own records.");
 }
 
-TEST_F(DiskPlacesTest, WhatTheFileSystemKeepsBackIsToldFromOnePercentOn)
+TEST_F(DiskPlacesTest, ReservedSpaceIsNotedFromOnePercentOn)
 {
     VolumeFacts facts{.name = {}, .total = 1'000 * mb, .available = 1'000 * mb, .availableForImportantUse = {}};
     facts.reserved = 10 * mb - 1;

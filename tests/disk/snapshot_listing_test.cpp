@@ -62,7 +62,7 @@ TEST_F(SnapshotListingTest, WhereNothingKeepsSnapshotsNothingIsAsked)
     EXPECT_THAT(asked, IsEmpty());
 }
 
-TEST_F(SnapshotListingTest, SnapperTellsThoseOfEachConfigurationThatIsOpenToTheUser)
+TEST_F(SnapshotListingTest, SnapperListsThoseOfEachConfigurationThatIsOpenToTheUser)
 {
     fake.files.addFile("/usr/bin/snapper", 1);
     answers[snapperConfigs] = "config\nroot\nhome\nclosed\n";
@@ -76,7 +76,7 @@ TEST_F(SnapshotListingTest, SnapperTellsThoseOfEachConfigurationThatIsOpenToTheU
     EXPECT_EQ(snapshots[2].listCommand, "sudo snapper list --all-configs");
 }
 
-TEST_F(SnapshotListingTest, WhereSnapperDoesNotAnswerTheUserWhatLiesBesideTheSnapshotsTells)
+TEST_F(SnapshotListingTest, WhereSnapperRefusesTheUserTheFilesBesideTheSnapshotsAreRead)
 {
     fake.files.addFile("/usr/bin/snapper", 1);
     fake.files.addText("/.snapshots/12/info.xml",
@@ -152,7 +152,7 @@ TEST_F(SnapshotListingTest, ABackupOnAnotherVolumeOfTheDiskCounts)
     EXPECT_THAT(namesOf(read()), ElementsAre("timeshift 2024-05-01_10-15-00"));
 }
 
-TEST_F(SnapshotListingTest, ZfsTellsThoseOfThePoolsThatTheDiskIsMadeOf)
+TEST_F(SnapshotListingTest, ZfsListsThoseOfThePoolsThatTheDiskIsMadeOf)
 {
     fake.files.addFile("/usr/sbin/zfs", 1);
     fake.files.addMount({"/", 1, "/", "rpool/ROOT/debian", "rpool"});

@@ -312,7 +312,7 @@ TEST_F(DuplicateFinderTest, EveryGroupHasAnIdOfItsOwn)
     EXPECT_NE(groups[0].id, groups[1].id);
 }
 
-TEST_F(DuplicateFinderTest, ProgressIsToldInStepsOfAHundredthAndStaysBelowOneWhereFilesDropOut)
+TEST_F(DuplicateFinderTest, ProgressIsReportedInStepsOfAHundredthAndStaysBelowOneWhereFilesDropOut)
 {
     for (int i = 0; i < 1'000; ++i)
         add("file " + std::to_string(i), text(kib) + std::to_string(i));

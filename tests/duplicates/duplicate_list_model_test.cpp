@@ -17,8 +17,6 @@ using testing::Contains;
 
 class DuplicateListModelTest : public test::DuplicatesFixture {
 protected:
-    DuplicateListModelTest() { model.setStore(&store); }
-
     [[nodiscard]] QVariant data(int row, int role) const { return model.data(model.index(row), role); }
     [[nodiscard]] QString text(int row, int role = Model::TitleRole) const { return data(row, role).toString(); }
     [[nodiscard]] QStringList titles() const
@@ -34,7 +32,7 @@ protected:
         return static_cast<Qt::CheckState>(data(row, Model::CheckStateRole).toInt());
     }
 
-    DuplicateListModel model;
+    DuplicateListModel model{store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 

@@ -13,9 +13,7 @@ using Content = DuplicatesPresenter::Content;
 
 class DuplicatesPresenterTest : public test::DuplicatesFixture {
 protected:
-    DuplicatesPresenterTest() { presenter.setStore(&store); }
-
-    DuplicatesPresenter presenter;
+    DuplicatesPresenter presenter{store};
 };
 
 TEST_F(DuplicatesPresenterTest, BeforeASearchItSaysWhatDuplicatesAre)
@@ -96,8 +94,7 @@ TEST_F(DuplicatesPresenterTest, AnotherSearchIsCalledSoWhileItRuns)
     presenter.search();
     ASSERT_TRUE(gate.waitUntilReached());
     EXPECT_EQ(presenter.searchText(), QStringLiteral("Search Again"));
-    DuplicatesPresenter late;
-    late.setStore(&store);
+    DuplicatesPresenter late(store);
     EXPECT_EQ(late.searchText(), QStringLiteral("Search Again"));
     gate.open();
     waitForSearch();

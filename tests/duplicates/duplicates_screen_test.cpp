@@ -9,8 +9,7 @@
 #include <QTest>
 
 #include "duplicates/duplicates_ui_fixture.h"
-#include "shell/quick_scene.h"
-#include "shell/ui/store_registration.h"
+#include "shell/screen_scene.h"
 
 namespace corvane {
 namespace {
@@ -18,21 +17,13 @@ namespace {
 /// The whole screen in a window of its own, worked by mouse and keyboard.
 class DuplicatesScreenTest : public test::DuplicatesFixture {
 protected:
-    DuplicatesScreenTest()
-    {
-        StoreRegistration::setStore(&store);
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-    }
+    DuplicatesScreenTest() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
     ~DuplicatesScreenTest() override { QLocale::setDefault(QLocale::c()); }
 
     void show(QSize size = {1064, 700})
     {
-        scene = std::make_unique<QuickScene>(
-            "Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Duplicates/DuplicatesScreen.qml\" }");
+        scene = std::make_unique<ScreenScene>("Duplicates/DuplicatesScreen", size);
         ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
-        scene->window()->resize(size);
-        QTest::mouseMove(scene->window(), QPoint(1, 1));
-        QTest::qWait(50);
     }
     void searchAndShow()
     {
@@ -61,10 +52,7 @@ protected:
     {
         return QTest::qWaitFor([&] { return row(start) == nullptr; }, patience);
     }
-    [[nodiscard]] bool shows(const QString &text) const
-    {
-        return scene->find([&](QQuickItem *item) { return item->property("text").toString() == text; }) != nullptr;
-    }
+    [[nodiscard]] bool shows(const QString &text) const { return scene->shows(text); }
     [[nodiscard]] int currentRow() const { return rows()->property("currentIndex").toInt(); }
     [[nodiscard]] bool opens(const char *menu) const
     {
@@ -81,14 +69,9 @@ protected:
         ASSERT_TRUE(opens("duplicates.choices"));
         scene->click(scene->item(choice));
     }
-    void tabTo(const char *name)
-    {
-        for (int i = 0; i < 20 && !scene->item(name)->hasActiveFocus(); ++i)
-            scene->key(Qt::Key_Tab);
-        ASSERT_TRUE(scene->item(name)->hasActiveFocus());
-    }
+    void tabTo(const char *name) { ASSERT_TRUE(scene->tabTo(scene->item(name))); }
 
-    std::unique_ptr<QuickScene> scene;
+    std::unique_ptr<ScreenScene> scene;
 };
 
 const QString filmGroup = QStringLiteral("film.mov, 3 × 3 MB, 6 MB wasted");

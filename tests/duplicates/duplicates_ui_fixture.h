@@ -4,28 +4,14 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-
-#include <QTest>
-
-#include "core/store/storage_store.h"
 #include "core/store/store_fixture.h"
-#include "platform/fake_host.h"
-#include "shell/ui/theme.h"
+#include "shell/store_over_a_home.h"
 
 namespace corvane::test {
 
-/// A store over a home folder in memory, "/home/studio", for tests of what shows duplicates. The tests add files and
-/// then have them scanned and searched.
-class DuplicatesFixture : public testing::Test {
+/// A store for tests of what shows duplicates. The tests add files and then have them scanned and searched.
+class DuplicatesFixture : public testing::Test, protected StoreOverAHome, WithoutMotion {
 protected:
-    DuplicatesFixture()
-    {
-        fake.files.setHome(home);
-        Theme::instance()->setReducedMotion(true);
-    }
-    ~DuplicatesFixture() override { Theme::instance()->setReducedMotion(false); }
-
     /// A file with that content, last changed so many days after the start of 2024; below 0 for an unknown date.
     void add(const std::string &relative, const std::string &content, std::int64_t size, int day)
     {
@@ -49,11 +35,6 @@ protected:
             add("B/" + name, name, 2'000'000 + (count - i) * 4'096, 10);
         }
     }
-    void scanHome()
-    {
-        store.scanHome();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
-    }
     void search()
     {
         store.findDuplicates();
@@ -68,21 +49,6 @@ protected:
         scanHome();
         search();
     }
-    /// As though the item had been moved to the Trash.
-    void removeItem(const std::string &relative, std::int64_t size)
-    {
-        fake.files.take(at(relative));
-        store.didRemove({.removed = {{at(relative), size}}, .failures = {}}, false);
-    }
-
-    [[nodiscard]] bool isSelected(const std::string &relative) const { return store.isSelected(at(relative)); }
-    [[nodiscard]] std::string at(const std::string &relative) const { return home + "/" + relative; }
-
-    const std::string home = "/home/studio";
-    FakeHost fake;
-    Host host = fake.host();
-    ProtectedLocations locations{home, ProtectedPlaces{}};
-    StorageStore store{host, locations};
 };
 
 } // namespace corvane::test

@@ -111,7 +111,7 @@ TEST_F(FileListsTest, AFileOfUnknownDateIsNeverOld)
     EXPECT_THAT(old({}, 1'000), IsEmpty());
 }
 
-TEST_F(FileListsTest, TheAgeIsSaidInMonthsBelowAYearAndInWholeYearsFromThere)
+TEST_F(FileListsTest, TheAgeIsGivenInMonthsBelowAYearAndInWholeYearsFromThere)
 {
     EXPECT_EQ(ageLabel(1), "1 month");
     EXPECT_EQ(ageLabel(6), "6 months");

@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 // The groups of attributes as the system's headers number them, written down apart from the code under test.
 constexpr std::uint32_t cmnName = 1U << 0, cmnType = 1U << 3, cmnModified = 1U << 10, cmnFinder = 1U << 14,
                         cmnNumber = 1U << 25, cmnError = 1U << 29, cmnReturned = 1U << 31;
-constexpr std::uint32_t fileLinks = 1U << 0, fileTotal = 1U << 2, fileData = 1U << 10;
+constexpr std::uint32_t fileLinks = 1U << 0, fileTotal = 1U << 2, fileLength = 1U << 9, fileData = 1U << 10;
 constexpr std::uint32_t regular = 1, directory = 2, link = 5, fifo = 7;
 
 /// Packs one entry as the kernel does: fields in a fixed order at multiples of four, then the name, then zeros up
@@ -42,6 +42,7 @@ public:
     Packed &number(std::uint64_t value) { return common(cmnNumber, value); }
     Packed &links(std::uint32_t count) { return file(fileLinks, count); }
     Packed &total(std::int64_t bytes) { return file(fileTotal, bytes); }
+    Packed &length(std::int64_t bytes) { return file(fileLength, bytes); }
     Packed &data(std::int64_t bytes) { return file(fileData, bytes); }
 
     [[nodiscard]] std::string bytes() const
@@ -136,6 +137,14 @@ TEST(BulkAttributes, FileTellsItsAllocatedSizeAndItsDate)
 TEST(BulkAttributes, SizeOfTheDataStandsInWhereTheTotalIsMissing)
 {
     EXPECT_EQ(only(Buffer(Packed("f").type(regular).data(4096).bytes()))->allocated, 4096);
+}
+
+TEST(BulkAttributes, LengthOfTheDataStandsBeforeItsSpace)
+{
+    const auto entry = only(Buffer(Packed("a").type(regular).total(8192).length(5000).data(4096).bytes()));
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->length, 5000);
+    EXPECT_EQ(entry->allocated, 8192);
 }
 
 TEST(BulkAttributes, SizeIsAbsentWhereTheSystemTellsNone)

@@ -1,16 +1,17 @@
 #include "platform/fake_file_system.h"
 
 #include <algorithm>
-#include <cctype>
 #include <deque>
 #include <optional>
 #include <span>
 #include <stdexcept>
 #include <utility>
 
+#include "platform/ascii_case.h"
 #include "platform/file_reader.h"
 #include "platform/held_folder.h"
 #include "platform/path.h"
+#include "platform/text.h"
 
 namespace corvane {
 
@@ -24,20 +25,11 @@ tl::unexpected<Error> failure(std::string operation, std::string path, std::errc
 std::deque<std::string> components(std::string_view path)
 {
     std::deque<std::string> parts;
-    for (std::size_t start = 0; start <= path.size();) {
-        const std::size_t end = std::min(path.find('/', start), path.size());
-        if (end > start)
-            parts.emplace_back(path.substr(start, end - start));
-        start = end + 1;
+    while (!path.empty()) {
+        if (const std::string_view part = takePart(path, '/'); !part.empty())
+            parts.emplace_back(part);
     }
     return parts;
-}
-
-std::string lowered(std::string_view text)
-{
-    std::string result(text);
-    std::ranges::transform(result, result.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return result;
 }
 
 struct Trouble {
@@ -59,16 +51,29 @@ struct FakeFileSystem::Item {
     FolderIdentity identity;
     std::uint32_t links = 1;
     std::weak_ptr<Item> parent;
-    std::vector<ItemPointer> children;
+    std::vector<ItemPointer> children; // as they are listed
+    std::map<std::string, ItemPointer, std::less<>> childrenByName;
 
     bool vanished = false;
     std::optional<Trouble> opening, listing, facts, removal;
 
     [[nodiscard]] ItemPointer child(std::string_view childName) const
     {
-        const auto found =
-            std::ranges::find(children, childName, [](const ItemPointer &c) { return std::string_view(c->name); });
-        return found == children.end() ? nullptr : *found;
+        const auto found = childrenByName.find(childName);
+        return found == childrenByName.end() ? nullptr : found->second;
+    }
+
+    void add(const ItemPointer &child)
+    {
+        children.push_back(child);
+        childrenByName.emplace(child->name, child);
+    }
+
+    void drop(const ItemPointer &child)
+    {
+        std::erase(children, child);
+        if (this->child(child->name) == child) // not another one that bears the name
+            childrenByName.erase(child->name);
     }
 };
 
@@ -94,6 +99,7 @@ public:
                     entry.isPackage = m_files.isPackage(*child);
                     if (child->type == EntryType::file) {
                         entry.allocated = child->allocated;
+                        entry.length = static_cast<std::int64_t>(child->content.size());
                         entry.modified = child->modified;
                         entry.links = child->links;
                         entry.inode = child->identity.inode;
@@ -688,7 +694,7 @@ FakeFileSystem::ItemPointer FakeFileSystem::make(const std::string &path, EntryT
     item->type = type;
     item->parent = parent;
     item->identity = {.device = parent->identity.device, .inode = ++m_lastInode};
-    parent->children.push_back(item);
+    parent->add(item);
     return item;
 }
 
@@ -711,7 +717,7 @@ bool FakeFileSystem::isPackage(const Item &item) const
     if (item.package)
         return *item.package;
     const std::size_t dot = item.name.rfind('.');
-    return dot != std::string::npos && dot > 0 && m_packageExtensions.contains(lowered(item.name.substr(dot + 1)));
+    return dot != std::string::npos && dot > 0 && m_packageExtensions.contains(lowerAscii(item.name.substr(dot + 1)));
 }
 
 Expected<std::unique_ptr<OpenFolder>> FakeFileSystem::open(const ItemPointer &item, const std::string &path)
@@ -737,7 +743,7 @@ void FakeFileSystem::detach(const ItemPointer &item)
     const ItemPointer parent = item->parent.lock();
     if (!parent)
         throw std::logic_error("The test's root cannot be taken away");
-    std::erase(parent->children, item);
+    parent->drop(item);
     item->parent.reset();
 }
 
@@ -745,7 +751,7 @@ void FakeFileSystem::attach(const ItemPointer &item, const ItemPointer &parent, 
 {
     item->name = name;
     item->parent = parent;
-    parent->children.push_back(item);
+    parent->add(item);
 }
 
 } // namespace corvane

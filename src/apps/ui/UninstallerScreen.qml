@@ -18,7 +18,6 @@ Rectangle {
     UninstallerPresenter {
         id: presenter
 
-        store: Store
         // The keyboard stays with what is there.
         onChoiceGone: if (detail.activeFocus) panel.takeKeyboard()
     }

@@ -8,7 +8,6 @@
 
 #include "apps/ui/app_row.h"
 #include "core/checked_add.h"
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/theme.h"
 
@@ -20,22 +19,13 @@ constexpr int longestNameInButton = 200; // points; the button must fit into the
 
 } // namespace
 
-AppDetailPresenter::AppDetailPresenter(QObject *parent) : QObject(parent)
+AppDetailPresenter::AppDetailPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
     m_runningTimer.setInterval(runningInterval);
     connect(&m_runningTimer, &QTimer::timeout, this, &AppDetailPresenter::lookWhetherRunning);
     connect(&m_leftovers, &AppLeftoversModel::chosenChanged, this, &AppDetailPresenter::planChanged);
     connect(&m_leftovers, &AppLeftoversModel::chosenChanged, this, &AppDetailPresenter::canUninstallChanged);
-}
-
-void AppDetailPresenter::setStore(StorageStore *store)
-{
-    if (!followObject(m_store, store, this))
-        return;
-    m_leftovers.setStore(store);
-    if (m_store)
-        connect(m_store, &StorageStore::uninstallsChanged, this, &AppDetailPresenter::canUninstallChanged);
-    clear();
+    connect(&m_store, &StorageStore::uninstallsChanged, this, &AppDetailPresenter::canUninstallChanged);
 }
 
 // --- The application
@@ -43,7 +33,7 @@ void AppDetailPresenter::setStore(StorageStore *store)
 void AppDetailPresenter::show(const InstalledApp &app)
 {
     m_app = app;
-    m_isRunning = m_store && m_store->isRunning(app);
+    m_isRunning = m_store.isRunning(app);
     m_runningTimer.start();
     m_leftovers.show(app);
     emit changed();
@@ -69,7 +59,7 @@ void AppDetailPresenter::clear()
 
 void AppDetailPresenter::lookWhetherRunning()
 {
-    const bool isRunning = m_app && m_store && m_store->isRunning(*m_app);
+    const bool isRunning = m_app && m_store.isRunning(*m_app);
     if (std::exchange(m_isRunning, isRunning) != isRunning)
         emit changed();
 }
@@ -113,7 +103,7 @@ QString AppDetailPresenter::facts() const
     QStringList facts;
     if (!m_app->version.empty())
         facts << QStringLiteral("Version ") + bundleText(m_app->version);
-    if (m_store && m_store->appsTable().tellsIdentifier)
+    if (m_store.appsTable().tellsIdentifier)
         facts << bundleText(m_app->bundleID);
     if (m_app->isAppStore)
         facts << QStringLiteral("App Store");
@@ -176,12 +166,12 @@ QString AppDetailPresenter::explanation() const
                              ? QStringLiteral("The app's files")
                              : QStringLiteral("The app and ") + countText(plan.leftovers, "leftover", "leftovers");
     return what + QStringLiteral(" (") + sizeText(plan.size) + QStringLiteral(") ") +
-           (m_store ? displayText(m_store->words().uninstallAdvice) : QString());
+           displayText(m_store.words().uninstallAdvice);
 }
 
 QString AppDetailPresenter::confirmText() const
 {
-    const QFontMetrics metrics(Theme::instance()->bodyMediumFont());
+    const QFontMetrics metrics(Theme::bodyMediumFont());
     return QStringLiteral("Move ") + metrics.elidedText(name(), Qt::ElideMiddle, longestNameInButton) +
            QStringLiteral(" to Trash");
 }
@@ -190,12 +180,12 @@ QString AppDetailPresenter::confirmText() const
 
 bool AppDetailPresenter::canUninstall() const
 {
-    return m_app && m_store && !isUninstalling() && (asks() || !m_leftovers.chosenLeftovers().empty());
+    return m_app && !isUninstalling() && (asks() || !m_leftovers.chosenLeftovers().empty());
 }
 
 bool AppDetailPresenter::isUninstalling() const
 {
-    return m_app && m_store && m_store->isUninstalling(m_app->path);
+    return m_app && m_store.isUninstalling(m_app->path);
 }
 
 void AppDetailPresenter::uninstall()
@@ -204,13 +194,13 @@ void AppDetailPresenter::uninstall()
         return;
     // What is shown may be another by the time that the store has answered.
     const InstalledApp app = *m_app;
-    m_store->uninstall(app, m_leftovers.chosenLeftovers());
+    m_store.uninstall(app, m_leftovers.chosenLeftovers());
 }
 
 void AppDetailPresenter::reveal()
 {
-    if (m_app && m_store)
-        m_store->reveal(m_app->path);
+    if (m_app)
+        m_store.reveal(m_app->path);
 }
 
 } // namespace corvane

@@ -5,7 +5,6 @@
 #include <string>
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
@@ -53,9 +52,7 @@ class AppDetailPresenter : public QObject {
 public:
     static constexpr int runningInterval = 2'000; // milliseconds between two looks at whether it is running
 
-    explicit AppDetailPresenter(QObject *parent = nullptr);
-
-    void setStore(StorageStore *store);
+    explicit AppDetailPresenter(StorageStore &store, QObject *parent = nullptr);
 
     /// Shows another application.
     void show(const InstalledApp &app);
@@ -108,10 +105,10 @@ private:
     void lookWhetherRunning();
     [[nodiscard]] Plan currentPlan() const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     std::optional<InstalledApp> m_app;
     bool m_isRunning = false;
-    AppLeftoversModel m_leftovers;
+    AppLeftoversModel m_leftovers{m_store};
     QTimer m_runningTimer;
 };
 

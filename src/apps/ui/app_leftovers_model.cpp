@@ -69,8 +69,8 @@ void AppLeftoversModel::clear()
 
 void AppLeftoversModel::installRowsOf(const InstalledApp &app)
 {
-    const QString certain = m_store ? displayText(m_store->appsTable().dataTitle) : QString();
-    const std::optional<std::string> home = homeOfPaths(m_store);
+    const QString certain = displayText(store().appsTable().dataTitle);
+    const std::optional<std::string> home = homeOfPaths(store());
     std::vector<LeftoverRow> rows;
     addSection(rows, app, Match::exact, certain,
                QStringLiteral("Matched by the app's ID (%1), so these belong to it.").arg(bundleText(app.bundleID)),

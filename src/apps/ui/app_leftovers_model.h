@@ -23,8 +23,6 @@ class AppLeftoversModel : public corvane::LeftoverListModel {
 public:
     using LeftoverListModel::LeftoverListModel;
 
-    void setStore(StorageStore *store) { m_store = store; }
-
     /// Shows another application.
     void show(const InstalledApp &app);
     /// Takes over what is known of the same application by now. Ticks stay with the items that are still there; what
@@ -44,13 +42,11 @@ signals:
 
 protected:
     [[nodiscard]] CheckFacts checkFacts(const Leftover &leftover) const override;
-    [[nodiscard]] StorageStore *revealer() const override { return m_store; }
 
 private:
     void installRowsOf(const InstalledApp &app);
     void setChosen(const std::string &path, bool isChosen);
 
-    QPointer<StorageStore> m_store;
     std::set<std::string> m_chosen; // paths
 };
 

@@ -67,10 +67,9 @@ LeftoverRow LeftoverRow::ofItem(const Leftover &leftover, const QLocale &locale,
             .leftover = leftover};
 }
 
-std::optional<std::string> homeOfPaths(const StorageStore *store)
+std::optional<std::string> homeOfPaths(const StorageStore &store)
 {
-    return store != nullptr && store->appsTable().showsWholePaths ? std::optional(store->locations().home())
-                                                                  : std::nullopt;
+    return store.appsTable().showsWholePaths ? std::optional(store.locations().home()) : std::nullopt;
 }
 
 // --- The rows
@@ -177,16 +176,16 @@ Qt::ItemFlags LeftoverListModel::flags(const QModelIndex &index) const
 
 void LeftoverListModel::reveal(int row)
 {
-    if (const Leftover *const item = itemAt(row); item != nullptr && revealer() != nullptr)
-        revealer()->reveal(item->path);
+    if (const Leftover *const item = itemAt(row))
+        m_store.reveal(item->path);
 }
 
 bool LeftoverListModel::prepareMenu(int row)
 {
     const Leftover *const item = itemAt(row);
-    if (item == nullptr || revealer() == nullptr)
+    if (item == nullptr)
         return false;
-    m_menuTarget.setTarget(revealer(), item->path, item->size);
+    m_menuTarget.setTarget(item->path, item->size);
     return true;
 }
 

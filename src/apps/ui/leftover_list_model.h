@@ -7,7 +7,6 @@
 #include <tuple>
 #include <vector>
 
-#include <QPointer>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
@@ -57,7 +56,7 @@ struct LeftoverRow {
 };
 
 /// The home folder for `LeftoverRow::ofItem`, where the store's system has whole paths shown.
-[[nodiscard]] std::optional<std::string> homeOfPaths(const StorageStore *store);
+[[nodiscard]] std::optional<std::string> homeOfPaths(const StorageStore &store);
 
 /// Items that applications keep in sections, each with a check box, whose meaning a derived model gives it. A derived
 /// model names this base with its namespace, for qmllint looks the name up as written. Main thread only.
@@ -90,11 +89,11 @@ public:
     };
     Q_ENUM(Role)
 
-    using RowListModel::RowListModel;
+    explicit LeftoverListModel(StorageStore &store, QObject *parent = nullptr) : RowListModel(parent), m_store(store) {}
 
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
     [[nodiscard]] bool hasItems() const;
-    [[nodiscard]] bool showsPaths() const { return homeOfPaths(revealer()).has_value(); }
+    [[nodiscard]] bool showsPaths() const { return homeOfPaths(m_store).has_value(); }
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
@@ -121,8 +120,7 @@ signals:
 protected:
     /// Of an item of the list.
     [[nodiscard]] virtual CheckFacts checkFacts(const Leftover &leftover) const = 0;
-    /// What reveals items.
-    [[nodiscard]] virtual StorageStore *revealer() const = 0;
+    [[nodiscard]] StorageStore &store() const { return m_store; }
 
     /// Takes over other rows; their places in their boxes are put in here.
     void install(std::vector<LeftoverRow> rows);
@@ -133,8 +131,9 @@ protected:
     [[nodiscard]] const Leftover *itemAt(int row) const;
 
 private:
+    StorageStore &m_store;
     std::vector<LeftoverRow> m_rows;
-    NodeActions m_menuTarget;
+    NodeActions m_menuTarget{m_store};
 };
 
 } // namespace corvane

@@ -14,9 +14,7 @@ class OrphansModel : public corvane::LeftoverListModel {
     QML_UNCREATABLE("Given by the presenter of the screen")
 
 public:
-    using LeftoverListModel::LeftoverListModel;
-
-    void setStore(StorageStore *store);
+    explicit OrphansModel(StorageStore &store, QObject *parent = nullptr);
 
     void toggle(int row) override;
     void select(int row) override;
@@ -24,12 +22,9 @@ public:
 
 protected:
     [[nodiscard]] CheckFacts checkFacts(const Leftover &leftover) const override;
-    [[nodiscard]] StorageStore *revealer() const override { return m_store; }
 
 private:
     void follow();
-
-    QPointer<StorageStore> m_store;
 };
 
 } // namespace corvane

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "apps/listed_items.h"
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
@@ -25,29 +24,13 @@ QString summaryOf(std::span<const InstalledApp> apps)
 
 } // namespace
 
-UninstallerPresenter::UninstallerPresenter(QObject *parent)
-    : UninstallerPresenter(&currentTime, systemCalendar(), parent)
+UninstallerPresenter::UninstallerPresenter(StorageStore &store, Clock clock, const Calendar &calendar, QObject *parent)
+    : QObject(parent), m_store(store), m_clock(std::move(clock)), m_calendar(calendar)
 {
-}
-
-UninstallerPresenter::UninstallerPresenter(Clock clock, const Calendar &calendar, QObject *parent)
-    : QObject(parent), m_clock(std::move(clock)), m_calendar(calendar)
-{
-}
-
-void UninstallerPresenter::setStore(StorageStore *store)
-{
-    if (!followObject(m_store, store, this))
-        return;
-    m_app.setStore(store);
-    m_orphans.setStore(store);
-    if (m_store) {
-        m_apps.setTellsLastUse(m_store->appsTable().tellsLastUse);
-        connect(m_store, &StorageStore::appsChanged, this, &UninstallerPresenter::follow);
-        if (!m_store->appsLoaded() && !m_store->appsLoading())
-            m_store->refreshApps();
-    }
-    emit storeChanged();
+    m_apps.setTellsLastUse(m_store.appsTable().tellsLastUse);
+    connect(&m_store, &StorageStore::appsChanged, this, &UninstallerPresenter::follow);
+    if (!m_store.appsLoaded() && !m_store.appsLoading())
+        m_store.refreshApps();
     follow();
 }
 
@@ -55,21 +38,19 @@ void UninstallerPresenter::setStore(StorageStore *store)
 
 void UninstallerPresenter::follow()
 {
-    if (m_store) {
-        m_apps.setRows(AppRow::ofOrphans(m_store->orphanGroups(), m_store->orphanTotal()),
-                       AppRows(m_store->apps(), m_clock(), m_calendar));
-        m_summary = summaryOf(m_store->apps());
-    }
+    m_apps.setRows(AppRow::ofOrphans(m_store.orphanGroups(), m_store.orphanTotal()),
+                   AppRows(m_store.apps(), m_clock(), m_calendar));
+    m_summary = summaryOf(m_store.apps());
     emit changed();
     updateShown();
 }
 
 const InstalledApp *UninstallerPresenter::chosenApp() const
 {
-    if (!m_store || !m_choice || m_choice->kind != AppRow::Kind::app)
+    if (!m_choice || m_choice->kind != AppRow::Kind::app)
         return nullptr;
-    const auto found = std::ranges::find(m_store->apps(), m_choice->path, &InstalledApp::path);
-    return found == m_store->apps().end() ? nullptr : &*found;
+    const auto found = std::ranges::find(m_store.apps(), m_choice->path, &InstalledApp::path);
+    return found == m_store.apps().end() ? nullptr : &*found;
 }
 
 void UninstallerPresenter::updateShown()
@@ -101,14 +82,14 @@ void UninstallerPresenter::setChoice(std::optional<AppListModel::Choice> choice)
 
 QString UninstallerPresenter::subtitle() const
 {
-    if (!m_store || isLoading() || !m_store->appsLoaded())
+    if (isLoading() || !m_store.appsLoaded())
         return QStringLiteral("Finding your apps and the files they leave behind…");
     return m_summary;
 }
 
 bool UninstallerPresenter::isLoading() const
 {
-    return m_store && m_store->appsLoading();
+    return m_store.appsLoading();
 }
 
 QString UninstallerPresenter::loadingText() const
@@ -118,19 +99,19 @@ QString UninstallerPresenter::loadingText() const
 
 QString UninstallerPresenter::invitation() const
 {
-    return m_store ? displayText(m_store->appsTable().invitation) : QString();
+    return displayText(m_store.appsTable().invitation);
 }
 
 QString UninstallerPresenter::nothingText() const
 {
-    return m_store ? displayText(m_store->appsTable().noApps) : QString();
+    return displayText(m_store.appsTable().noApps);
 }
 
 UninstallerPresenter::Content UninstallerPresenter::content() const
 {
-    if (!m_store || !m_store->appsLoaded())
+    if (!m_store.appsLoaded())
         return Content::measuring;
-    return m_store->apps().empty() && m_store->orphanGroups().empty() ? Content::nothing : Content::list;
+    return m_store.apps().empty() && m_store.orphanGroups().empty() ? Content::nothing : Content::list;
 }
 
 UninstallerPresenter::Shown UninstallerPresenter::shown() const
@@ -144,8 +125,7 @@ UninstallerPresenter::Shown UninstallerPresenter::shown() const
 
 void UninstallerPresenter::refresh()
 {
-    if (m_store)
-        m_store->refreshApps();
+    m_store.refreshApps();
 }
 
 void UninstallerPresenter::choose(int row)
@@ -159,7 +139,7 @@ bool UninstallerPresenter::prepareMenu()
     const InstalledApp *const app = chosenApp();
     if (app == nullptr)
         return false;
-    m_menuTarget.setTarget(m_store, app->path, app->appSize);
+    m_menuTarget.setTarget(app->path, app->appSize);
     return true;
 }
 

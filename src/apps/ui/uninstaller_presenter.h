@@ -4,7 +4,6 @@
 #include <optional>
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
@@ -12,7 +11,7 @@
 #include "apps/ui/app_list_model.h"
 #include "apps/ui/orphans_model.h"
 #include "core/calendar.h"
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -21,14 +20,13 @@ namespace corvane {
 class UninstallerPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool loading READ isLoading NOTIFY changed)
     /// What is said while nothing has been found yet.
     Q_PROPERTY(QString loadingText READ loadingText CONSTANT)
     /// What is said as long as nothing is chosen, and where there is nothing to choose.
-    Q_PROPERTY(QString invitation READ invitation NOTIFY storeChanged)
-    Q_PROPERTY(QString nothingText READ nothingText NOTIFY storeChanged)
+    Q_PROPERTY(QString invitation READ invitation CONSTANT)
+    Q_PROPERTY(QString nothingText READ nothingText CONSTANT)
     Q_PROPERTY(corvane::UninstallerPresenter::Content content READ content NOTIFY changed)
     Q_PROPERTY(corvane::UninstallerPresenter::Shown shown READ shown NOTIFY shownChanged)
     Q_PROPERTY(corvane::AppListModel *apps READ apps CONSTANT)
@@ -51,12 +49,9 @@ public:
 
     using Clock = std::function<Time()>;
 
-    explicit UninstallerPresenter(QObject *parent = nullptr);
-    /// For tests of ages.
-    UninstallerPresenter(Clock clock, const Calendar &calendar, QObject *parent = nullptr);
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    /// The clock and the calendar say how old things are.
+    explicit UninstallerPresenter(StorageStore &store = StoreRegistration::store(), Clock clock = &currentTime,
+                                  const Calendar &calendar = systemCalendar(), QObject *parent = nullptr);
 
     [[nodiscard]] QString subtitle() const;
     [[nodiscard]] bool isLoading() const;
@@ -77,7 +72,6 @@ public:
     Q_INVOKABLE bool prepareMenu();
 
 signals:
-    void storeChanged();
     void changed();
     void shownChanged();
     void choiceGone(); ///< what is shown no longer exists; before `shownChanged`
@@ -88,15 +82,15 @@ private:
     void setChoice(std::optional<AppListModel::Choice> choice);
     [[nodiscard]] const InstalledApp *chosenApp() const;
 
+    StorageStore &m_store;
     const Clock m_clock;
     const Calendar &m_calendar;
-    QPointer<StorageStore> m_store;
     std::optional<AppListModel::Choice> m_choice;
     QString m_summary; // of the inventory
     AppListModel m_apps;
-    AppDetailPresenter m_app;
-    OrphansModel m_orphans;
-    NodeActions m_menuTarget;
+    AppDetailPresenter m_app{m_store};
+    OrphansModel m_orphans{m_store};
+    NodeActions m_menuTarget{m_store};
 };
 
 } // namespace corvane

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// Lets `follower` follow another object, such as the store, or none: it hears nothing of the former one any more.
+/// Lets `follower` follow another object, such as the settings, or none: it hears nothing of the former one any more.
 /// False, and nothing happens, where that is the object that it follows already.
 template <typename Object>
 [[nodiscard]] bool followObject(QPointer<Object> &followed, Object *object, const QObject *follower)

@@ -21,7 +21,7 @@ const AppsTable &appsTableOf(SystemKind kind)
         .invitation = "See how much space it really uses, including the caches, settings and data it keeps in your "
                       "home folder. Or open “Left behind by deleted apps” at the top of the list.",
         .noApps = "Corvane looks for Flatpaks, Snaps, packages with a desktop file, and AppImages and unpacked "
-                  "folders that a desktop file of yours starts.",
+                  "programs that have a desktop file in your home folder.",
     };
     return kind == SystemKind::mac ? mac : linuxSystem;
 }

@@ -5,39 +5,47 @@
 namespace corvane {
 namespace {
 
+__extension__ using Wide = unsigned __int128;
+
+ByteUnits unitsInUse = ByteUnits::decimal;
+
 struct Unit {
-    const char *symbol;
-    std::uint64_t bytes;
+    char prefix;
     int digits;          ///< shown after the point
     std::uint64_t scale; ///< ten to the power of `digits`
 };
 
-constexpr Unit units[] = {
-    {"KB", 1'000, 0, 1},
-    {"MB", 1'000'000, 1, 10},
-    {"GB", 1'000'000'000, 2, 100},
-    {"TB", 1'000'000'000'000, 2, 100},
-    {"PB", 1'000'000'000'000'000, 2, 100},
-    {"EB", 1'000'000'000'000'000'000, 2, 100},
-};
+constexpr Unit units[] = {{'K', 0, 1}, {'M', 1, 10}, {'G', 2, 100}, {'T', 2, 100}, {'P', 2, 100}, {'E', 2, 100}};
 
 } // namespace
 
+void useByteUnits(ByteUnits units)
+{
+    unitsInUse = units;
+}
+
+ByteUnits byteUnits()
+{
+    return unitsInUse;
+}
+
 std::string formatByteCount(std::int64_t bytes)
 {
+    const bool isBinary = unitsInUse == ByteUnits::binary;
+    const std::uint64_t base = isBinary ? 1024 : 1000;
+    const std::string_view ending = isBinary ? "iB" : "B";
     if (bytes <= 0)
-        return "Zero KB";
-    if (bytes == 1)
-        return "1 byte";
-    if (bytes < 1000)
-        return fmt::format("{} bytes", bytes);
+        return unitsInUse == ByteUnits::bytes ? "0 bytes" : fmt::format("Zero K{}", ending);
+    if (unitsInUse == ByteUnits::bytes || static_cast<std::uint64_t>(bytes) < base)
+        return formatCount(bytes, "byte", "bytes");
 
     // The unit is chosen by the rounded figure, so that no "1000 KB" appears. 63 bits end at 9.22 EB, so the
     // last unit always fits.
+    Wide size = base;
     for (const Unit &unit : units) {
-        const std::uint64_t step = unit.bytes / unit.scale;
-        const std::uint64_t rounded = (static_cast<std::uint64_t>(bytes) + step / 2) / step;
-        if (rounded >= 1000 * unit.scale)
+        const auto rounded = static_cast<std::uint64_t>((static_cast<Wide>(bytes) * unit.scale + size / 2) / size);
+        size *= base;
+        if (rounded >= base * unit.scale)
             continue;
         std::string text = fmt::format("{}", rounded / unit.scale);
         if (const std::uint64_t fraction = rounded % unit.scale; fraction != 0) {
@@ -45,7 +53,7 @@ std::string formatByteCount(std::int64_t bytes)
             while (text.back() == '0')
                 text.pop_back();
         }
-        return text + ' ' + unit.symbol;
+        return fmt::format("{} {}{}", text, unit.prefix, ending);
     }
     return {};
 }

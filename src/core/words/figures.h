@@ -6,8 +6,16 @@
 
 namespace corvane {
 
-/// A byte count as files' sizes are written: decimal units, "Zero KB", "1 byte", "999 bytes", "12 KB",
-/// "12.3 MB", "12.35 GB"; trailing zeros dropped, always a point. A negative count is written as 0.
+/// What byte counts are written in: KB of 1000 bytes, KiB of 1024, or all bytes.
+enum class ByteUnits { decimal, binary, bytes };
+
+/// Holds for the whole program from now on, as its language does; decimal until then. Before other threads start.
+void useByteUnits(ByteUnits units);
+[[nodiscard]] ByteUnits byteUnits();
+
+/// A byte count as files' sizes are written: "Zero KB", "1 byte", "999 bytes", "12 KB", "12.3 MB", "12.35 GB";
+/// trailing zeros dropped, always a point. In binary units "12 KiB", in bytes "12,345 bytes". A negative count is
+/// written as 0.
 [[nodiscard]] std::string formatByteCount(std::int64_t bytes);
 
 /// A count of items as it is written everywhere: "7", "1,234,567".

@@ -56,7 +56,7 @@ const SystemWords &wordsOf(SystemKind kind)
         .nudgeTitle = "Scan your home folder to explore it",
         .nudgeText = "A scan fills the Space Map and finds large and old files, duplicates and build folders.",
         .needsAccess = "Can't be read",
-        .blockedFolder = "It belongs to {}, and you may not read it.",
+        .blockedFolder = "It belongs to {}, and you don't have permission to read it.",
         .belongsTo = "Belongs to {}",
         .deniedTo = "; it belongs to {}",
         .orphansText =
@@ -73,14 +73,14 @@ const SystemWords &wordsOf(SystemKind kind)
         .thinSnapshots = {},
         .welcomeLine = "See what's filling your computer and sweep it out safely.",
         .accessTitle = "Access to Your Files",
-        .accessMissing = "Corvane can't open your home folder. Check who may read it.",
+        .accessMissing = "Corvane can't open your home folder. Check its permissions.",
         .accessGranted = "All set! Corvane can see your whole home folder.",
         .accessIsInSettings = false,
         .accessSteps = {},
         .dragHelp = {},
         .settingsFailure = "Can't open the system's settings",
         .bannerTitle = "Let Corvane read your home folder for complete results",
-        .bannerText = "Your home folder can't be opened, so nothing in it can be measured. Check who may read it, then "
+        .bannerText = "Your home folder can't be opened, so nothing in it can be measured. Check its permissions, then "
                       "scan again.",
         .includeSystemInfo = "Include app and system versions and computer model",
         .crashReportContent = "the app and system version, your computer's model and the code that was running",

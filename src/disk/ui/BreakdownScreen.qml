@@ -15,8 +15,6 @@ Rectangle {
 
     BreakdownPresenter {
         id: presenter
-
-        store: Store
     }
     ListHeader {
         id: header

@@ -11,8 +11,6 @@ Item {
 
     BreakdownPresenter {
         id: presenter
-
-        store: Store
     }
     Rectangle {
         anchors.fill: bar

@@ -6,7 +6,6 @@
 #include <QGuiApplication>
 #include <QLocale>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/systems/disk_table.h"
 #include "shell/ui/theme.h"
@@ -36,30 +35,20 @@ SnapshotText lineOf(const LocalSnapshot &snapshot)
 
 } // namespace
 
-BreakdownPresenter::BreakdownPresenter(QObject *parent) : QObject(parent)
+BreakdownPresenter::BreakdownPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
     // The free space has a colour of the theme.
     connect(Theme::instance(), &Theme::changed, this, &BreakdownPresenter::changed);
-}
-
-void BreakdownPresenter::setStore(StorageStore *store)
-{
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::breakdownChanged, this, &BreakdownPresenter::update);
-        connect(m_store, &StorageStore::phaseChanged, this, &BreakdownPresenter::canScanChanged);
-        if (!m_store->breakdown() && !m_store->breakdownLoading())
-            m_store->refreshBreakdown();
-    }
-    emit storeChanged();
-    emit canScanChanged();
+    connect(&m_store, &StorageStore::breakdownChanged, this, &BreakdownPresenter::update);
+    connect(&m_store, &StorageStore::phaseChanged, this, &BreakdownPresenter::canScanChanged);
+    if (!m_store.breakdown() && !m_store.breakdownLoading())
+        m_store.refreshBreakdown();
     update();
 }
 
 const DiskBreakdown *BreakdownPresenter::breakdown() const
 {
-    return m_store && m_store->breakdown() ? &*m_store->breakdown() : nullptr;
+    return m_store.breakdown() ? &*m_store.breakdown() : nullptr;
 }
 
 void BreakdownPresenter::update()
@@ -73,7 +62,7 @@ void BreakdownPresenter::update()
 
 bool BreakdownPresenter::isLoading() const
 {
-    return m_store && m_store->breakdownLoading();
+    return m_store.breakdownLoading();
 }
 
 QString BreakdownPresenter::loadingText() const
@@ -93,7 +82,7 @@ QString BreakdownPresenter::partialText() const
 
 bool BreakdownPresenter::canScan() const
 {
-    return m_store && m_store->phase() != StorageStore::Phase::scanning;
+    return m_store.phase() != StorageStore::Phase::scanning;
 }
 
 // --- The figures
@@ -194,8 +183,8 @@ bool BreakdownPresenter::hasSnapshots() const
 
 QString BreakdownPresenter::listCommand() const
 {
-    if (m_store && !m_store->words().listSnapshots.empty())
-        return displayText(m_store->words().listSnapshots);
+    if (!m_store.words().listSnapshots.empty())
+        return displayText(m_store.words().listSnapshots);
     QStringList commands; // one for each tool that keeps some
     if (isAvailable()) {
         for (const LocalSnapshot &snapshot : breakdown()->snapshots)
@@ -207,7 +196,7 @@ QString BreakdownPresenter::listCommand() const
 
 QString BreakdownPresenter::thinCommand() const
 {
-    return m_store ? displayText(m_store->words().thinSnapshots) : QString();
+    return displayText(m_store.words().thinSnapshots);
 }
 
 QString BreakdownPresenter::snapshotsFound() const
@@ -237,32 +226,28 @@ QString BreakdownPresenter::moreSnapshots() const
 
 void BreakdownPresenter::refresh()
 {
-    if (m_store)
-        m_store->refreshBreakdown();
+    m_store.refreshBreakdown();
 }
 
 void BreakdownPresenter::scanHome()
 {
-    if (m_store)
-        m_store->scanHome();
+    m_store.scanHome();
 }
 
 void BreakdownPresenter::rescan()
 {
-    if (m_store)
-        m_store->rescan();
+    m_store.rescan();
 }
 
 void BreakdownPresenter::perform(int row)
 {
-    if (const auto action = m_segments.action(row); action && m_store)
-        m_store->perform(*action);
+    if (const auto action = m_segments.action(row); action)
+        m_store.perform(*action);
 }
 
 void BreakdownPresenter::openBreakdown()
 {
-    if (m_store)
-        m_store->setSidebar(StorageStore::SidebarItem::breakdown);
+    m_store.setSidebar(StorageStore::SidebarItem::breakdown);
 }
 
 } // namespace corvane

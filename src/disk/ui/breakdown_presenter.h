@@ -2,13 +2,12 @@
 
 #include <QList>
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
 #include "disk/ui/segment_model.h"
 #include "shell/ui/stacked_bar.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -33,7 +32,6 @@ public:
 class BreakdownPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
     /// There is a breakdown to look at.
     Q_PROPERTY(bool available READ isAvailable NOTIFY changed)
     Q_PROPERTY(bool loading READ isLoading NOTIFY changed)
@@ -72,10 +70,7 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QString thinCommand READ thinCommand NOTIFY changed)
 
 public:
-    explicit BreakdownPresenter(QObject *parent = nullptr);
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit BreakdownPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] bool isAvailable() const { return breakdown() != nullptr; }
     [[nodiscard]] bool isLoading() const;
@@ -123,7 +118,6 @@ public:
     Q_INVOKABLE void openBreakdown();
 
 signals:
-    void storeChanged();
     void changed();
     void canScanChanged();
 
@@ -131,7 +125,7 @@ private:
     void update();
     [[nodiscard]] const DiskBreakdown *breakdown() const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     SegmentModel m_segments;
 };
 

@@ -171,7 +171,7 @@ std::string_view compose(int signal, const siginfo_t &info, const ucontext_t &co
         else
             text.add("not near null\n");
     }
-    text.add("Thread: ").add(currentThread() == prepared.mainThread ? "main\n\n" : "another than the main one\n\n");
+    text.add("Thread: ").add(currentThread() == prepared.mainThread ? "main\n\n" : "not the main one\n\n");
 
     const std::span<void *const> frames = crashedFrames(context);
     findModules(frames);

@@ -2,16 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <set>
 #include <string_view>
 #include <utility>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <linux/magic.h>
 #include <sys/stat.h>
@@ -21,22 +17,12 @@
 
 #include "platform/block_count.h"
 #include "platform/file_descriptor.h"
+#include "platform/linux/folder_names.h"
 #include "platform/linux/process_number.h"
 
 namespace corvane {
 
 namespace {
-
-void forEachName(FileDescriptor folder, const std::function<void(const char *)> &visit)
-{
-    const auto close = [](DIR *listing) { ::closedir(listing); };
-    const std::unique_ptr<DIR, decltype(close)> listing(folder.isOpen() ? ::fdopendir(folder.number()) : nullptr);
-    if (!listing)
-        return;
-    static_cast<void>(folder.release()); // the listing closes it
-    while (const dirent *entry = ::readdir(listing.get()))
-        visit(entry->d_name);
-}
 
 /// Tells which files lie on the disk. The volumes of a btrfs file system have devices of their own, so of such a disk
 /// every btrfs file counts.

@@ -3,49 +3,34 @@
 #include <array>
 #include <charconv>
 #include <climits>
-#include <memory>
+#include <utility>
 
-#include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/linux/mount_table.h"
+#include "platform/linux/block_device.h"
+#include "platform/linux/folder_names.h"
 #include "platform/linux/os_release.h"
 
 namespace corvane {
 
 namespace {
 
-/// What "/" is mounted from. The device of the files of a btrfs volume is not the one that its label leads to.
-std::string sourceOfRoot()
-{
-    std::string source;
-    const auto table = readMountTable();
-    for (const MountedFolder &mount : *table) {
-        if (mount.path == "/")
-            source = mount.source; // the last lies on top
-    }
-    return source;
-}
-
 std::optional<std::string> labelOfRoot()
 {
-    constexpr const char *labels = "/dev/disk/by-label";
-    const std::string source = sourceOfRoot();
-    struct stat device {};
-    if (!source.starts_with("/dev/") || ::stat(source.c_str(), &device) != 0 || !S_ISBLK(device.st_mode))
+    const std::optional<dev_t> device = blockDeviceOf("/");
+    if (!device)
         return std::nullopt;
-    const auto close = [](DIR *listing) { ::closedir(listing); };
-    const std::unique_ptr<DIR, decltype(close)> links(::opendir(labels));
-    if (!links)
-        return std::nullopt;
-    while (const dirent *link = ::readdir(links.get())) {
+    FileDescriptor links(::open("/dev/disk/by-label", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const int folder = links.number();
+    std::optional<std::string> label;
+    forEachName(std::move(links), [&](const char *link) {
         struct stat target {};
-        if (::fstatat(::dirfd(links.get()), link->d_name, &target, 0) == 0 && S_ISBLK(target.st_mode) &&
-            target.st_rdev == device.st_rdev)
-            return unescapedLabel(link->d_name);
-    }
-    return std::nullopt;
+        if (!label && ::fstatat(folder, link, &target, 0) == 0 && S_ISBLK(target.st_mode) && target.st_rdev == *device)
+            label = unescapedLabel(link);
+    });
+    return label;
 }
 
 std::optional<std::string> hostName()

@@ -9,7 +9,7 @@
 #include "platform/file_descriptor.h"
 #include "platform/linux/open_trash.h"
 #include "platform/linux/trash_slot.h"
-#include "platform/mounts.h"
+#include "platform/mount.h"
 #include "platform/trash.h"
 
 namespace corvane {

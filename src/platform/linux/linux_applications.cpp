@@ -6,20 +6,21 @@
 #include <climits>
 #include <csignal>
 #include <functional>
-#include <memory>
 #include <string_view>
+#include <utility>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <sys/types.h>
 #include <unistd.h>
 
 #include "platform/file_descriptor.h"
+#include "platform/linux/folder_names.h"
 #include "platform/linux/process_number.h"
-#include "platform/linux/real_path.h"
 #include "platform/path.h"
+#include "platform/posix/real_path.h"
 #include "platform/posix/regular_file.h"
+#include "platform/text.h"
 
 namespace corvane {
 
@@ -28,14 +29,12 @@ namespace {
 /// The numbers after a field's name in the text of a "status" file; empty where there is no such field.
 std::string_view statusField(std::string_view status, std::string_view name)
 {
-    for (std::size_t start = 0; start < status.size();) {
-        const std::size_t end = std::min(status.find('\n', start), status.size());
-        std::string_view line = status.substr(start, end - start);
+    while (!status.empty()) {
+        std::string_view line = takeLine(status);
         if (line.starts_with(name)) {
             line.remove_prefix(name.size());
             return line.substr(std::min(line.find_first_not_of(" \t"), line.size()));
         }
-        start = end + 1;
     }
     return {};
 }
@@ -48,11 +47,9 @@ std::string_view firstOf(std::string_view numbers)
 /// Calls `take` with each part of a text between those marks until one is taken; whether one was.
 bool anyPart(std::string_view text, char mark, const std::function<bool(std::string_view)> &take)
 {
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find(mark, start), text.size());
-        if (take(text.substr(start, end - start)))
+    while (!text.empty()) {
+        if (take(takePart(text, mark)))
             return true;
-        start = end + 1;
     }
     return false;
 }
@@ -206,16 +203,15 @@ private:
 std::vector<std::int64_t> LinuxApplications::running(const ProgramMarks &app)
 {
     const ProcessRule rule(app);
-    const auto close = [](DIR *listing) { ::closedir(listing); };
-    const std::unique_ptr<DIR, decltype(close)> processes(::opendir(m_processes.c_str()));
-    if (rule.isEmpty() || !processes || !areNumbersOurs(m_processes))
+    FileDescriptor processes(::open(m_processes.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (rule.isEmpty() || !processes.isOpen() || !areNumbersOurs(m_processes))
         return {};
     std::vector<std::int64_t> instances;
-    while (const dirent *entry = ::readdir(processes.get())) {
-        const pid_t number = processNumber(entry->d_name);
-        if (number > 0 && number != ::getpid() && rule.covers(Process(m_processes, entry->d_name)))
+    forEachName(std::move(processes), [&](const char *name) {
+        const pid_t number = processNumber(name);
+        if (number > 0 && number != ::getpid() && rule.covers(Process(m_processes, name)))
             instances.push_back(number);
-    }
+    });
     return instances;
 }
 

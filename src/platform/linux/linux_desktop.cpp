@@ -10,6 +10,8 @@
 
 #include "platform/linux/gio_error.h"
 #include "platform/path.h"
+#include "platform/posix/failure.h"
+#include "platform/text.h"
 
 namespace corvane {
 
@@ -20,8 +22,7 @@ void writeToLog(std::string_view message)
     // The system's log and not the standard error stream: that of a program started from the desktop ends
     // nowhere in particular. A line break would be written as an escape by most logs, so each line goes alone.
     while (!message.empty()) {
-        const std::string_view line = message.substr(0, message.find('\n'));
-        message.remove_prefix(std::min(line.size() + 1, message.size()));
+        const std::string_view line = takeLine(message);
         ::syslog(LOG_USER | LOG_NOTICE, "%.*s", static_cast<int>(line.size()), line.data());
     }
 }
@@ -158,7 +159,7 @@ Expected<void> LinuxDesktop::reveal(const std::string &path, FailureHandler fail
 {
     struct stat facts {};
     if (::lstat(path.c_str(), &facts) != 0)
-        return tl::unexpected(Error{"reveal", path, {errno, std::generic_category()}, {}});
+        return failure("reveal", path, errno);
     return uriOf(path).map([&](std::string uri) {
         if (m_reveals == nullptr)
             m_reveals = g_thread_pool_new(perform, m_cancel.get(), 1, FALSE, nullptr);

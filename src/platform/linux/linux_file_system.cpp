@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include <fcntl.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 #include "platform/environment.h"
 #include "platform/linux/disk_name.h"
@@ -14,22 +14,18 @@
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/linux_places.h"
 #include "platform/linux/long_path.h"
-#include "platform/linux/mount_points.h"
 #include "platform/linux/mount_table.h"
-#include "platform/linux/real_path.h"
-#include "platform/linux/stat_facts.h"
+#include "platform/linux/package_extensions.h"
 #include "platform/linux/volume_trashes.h"
 #include "platform/path.h"
+#include "platform/posix/failure.h"
+#include "platform/posix/item_at.h"
+#include "platform/posix/real_path.h"
 #include "platform/posix/regular_file.h"
 
 namespace corvane {
 
 namespace {
-
-tl::unexpected<Error> failure(const char *operation, const std::string &path, int code)
-{
-    return tl::unexpected(Error{operation, path, {code, std::generic_category()}, {}});
-}
 
 /// The path without slashes at its end, which would follow a link there; "/" stays.
 std::string withoutTrailingSlashes(const std::string &path)
@@ -57,10 +53,12 @@ Expected<ItemFacts> LinuxFileSystem::facts(const std::string &path)
     const Expected<LongPath> item = LongPath::resolve(withoutTrailingSlashes(path));
     if (!item)
         return tl::unexpected(item.error());
-    struct stat facts;
-    if (::fstatat(item->folder(), item->name(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
-        return failure("examine", path, errno);
-    return itemFacts(facts, lastPathComponent(item->name()));
+    Expected<ItemFacts> found = factsAt(item->folder(), item->name(), path);
+    if (found) {
+        found->isPackage = found->type == EntryType::directory &&
+                           isKnownPackageExtension(nameExtension(lastPathComponent(item->name())));
+    }
+    return found;
 }
 
 std::optional<std::string> LinuxFileSystem::ownerOf(const std::string &path)
@@ -84,7 +82,7 @@ bool LinuxFileSystem::canOpen(const std::string &path)
     const Expected<LongPath> item = LongPath::resolve(path);
     if (!item)
         return false;
-    // A pipe that nobody writes to would keep a plain open waiting.
+    // A plain open would wait for a pipe that has no writer.
     return FileDescriptor(::openat(item->folder(), item->name(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY))
         .isOpen();
 }
@@ -117,7 +115,12 @@ Expected<std::unique_ptr<HeldFolder>> LinuxFileSystem::holdFolder(const std::str
 
 Expected<std::vector<std::string>> LinuxFileSystem::mountPoints()
 {
-    return listedMountPoints();
+    const auto table = readMountTable();
+    if (table->empty())
+        return failure("read", "/proc/self/mountinfo", ENOENT, "The system does not report which disks are mounted.");
+    std::vector<std::string> points(table->size());
+    std::ranges::transform(*table, points.begin(), &MountedFolder::path);
+    return points;
 }
 
 std::string LinuxFileSystem::homeFolder()

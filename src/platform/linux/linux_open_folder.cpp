@@ -10,18 +10,14 @@
 #include <sys/stat.h>
 
 #include "platform/linux/package_extensions.h"
-#include "platform/linux/stat_facts.h"
 #include "platform/path.h"
+#include "platform/posix/failure.h"
 #include "platform/posix/interrupted_call.h"
+#include "platform/posix/stat_facts.h"
 
 namespace corvane {
 
 namespace {
-
-tl::unexpected<Error> failure(const char *operation, const char *path)
-{
-    return tl::unexpected(Error{operation, path, {errno, std::generic_category()}, {}});
-}
 
 /// The memory that the kernel writes one listing into, kept by each thread for its next one. A sink that lists
 /// another folder finds it taken and gets a second one for that while.
@@ -71,14 +67,14 @@ Expected<std::unique_ptr<LinuxOpenFolder>> LinuxOpenFolder::open(int base, const
     if (number < 0 && errno == EPERM)
         number = uninterrupted([&] { return ::openat(base, name, flags); });
     if (number < 0)
-        return failure("open", name);
+        return failure("open", name, errno);
     return std::unique_ptr<LinuxOpenFolder>(new LinuxOpenFolder(FileDescriptor(number)));
 }
 
 Expected<void> LinuxOpenFolder::list(const EntrySink &sink)
 {
     if (m_listed && ::lseek(descriptor(), 0, SEEK_SET) < 0)
-        return failure("list", "");
+        return failure("list", "", errno);
     m_listed = true;
 
     ListingBuffer buffer;
@@ -88,7 +84,7 @@ Expected<void> LinuxOpenFolder::list(const EntrySink &sink)
         if (length < 0 && errno == ENOENT) // the folder was deleted while it was open: it holds nothing
             return {};
         if (length < 0)
-            return failure("list", "");
+            return failure("list", "", errno);
         if (length == 0)
             return {};
         const std::byte *position = buffer.data();
@@ -96,10 +92,8 @@ Expected<void> LinuxOpenFolder::list(const EntrySink &sink)
         while (position < end) {
             const auto *entry = reinterpret_cast<const dirent64 *>(position);
             position += entry->d_reclen;
-            if (!isDots(entry->d_name) && deliver(entry->d_name, entry->d_type, sink) == Listing::stop) {
-                errno = ECANCELED;
-                return failure("list", "");
-            }
+            if (!isDots(entry->d_name) && deliver(entry->d_name, entry->d_type, sink) == Listing::stop)
+                return failure("list", "", ECANCELED);
         }
     }
 }
@@ -116,13 +110,7 @@ Listing LinuxOpenFolder::deliver(const char *name, unsigned char type, const Ent
     } else {
         struct stat facts;
         if (uninterrupted([&] { return ::fstatat(descriptor(), name, &facts, AT_SYMLINK_NOFOLLOW); }) == 0) {
-            entry.type = entryType(facts);
-            if (entry.type == EntryType::file) {
-                entry.allocated = allocatedBytes(facts);
-                entry.modified = modificationTime(facts);
-                entry.links = static_cast<std::uint32_t>(facts.st_nlink);
-                entry.inode = facts.st_ino;
-            }
+            describe(entry, facts);
         } else if (errno == ENOENT) {
             return Listing::goOn;
         }
@@ -147,7 +135,7 @@ const LinuxOpenFolder::Facts &LinuxOpenFolder::facts() const
         m_facts = Facts{{}, distantPast, 0};
         struct stat facts;
         if (uninterrupted([&] { return ::fstat(descriptor(), &facts); }) == 0)
-            *m_facts = {{facts.st_dev, facts.st_ino}, modificationTime(facts), allocatedBytes(facts)};
+            *m_facts = {folderIdentity(facts), modificationTime(facts), allocatedBytes(facts)};
     }
     return *m_facts;
 }

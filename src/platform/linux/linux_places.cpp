@@ -11,11 +11,13 @@
 
 #include "platform/linux/place_settings.h"
 #include "platform/path.h"
+#include "platform/text.h"
 
 namespace corvane {
 
 namespace {
 
+/// Where a folder lies; what is beneath it lies there too.
 struct Place {
     std::string_view onAMac;
     PlaceBase base;
@@ -33,23 +35,6 @@ constexpr Place places[] = {
     {".config", PlaceBase::configFolder, ""},
     {".local/share", PlaceBase::dataFolder, ""},
     {".local/state", PlaceBase::stateFolder, ""},
-    {".cache/thumbnails", PlaceBase::cacheFolder, "thumbnails"},
-    {".cache/drkonqi", PlaceBase::cacheFolder, "drkonqi"},
-    {".cache/abrt", PlaceBase::cacheFolder, "abrt"},
-    {".config/google-chrome/Crash Reports", PlaceBase::configFolder, "google-chrome/Crash Reports"},
-    {".local/share/Steam/steamapps/shadercache", PlaceBase::dataFolder, "Steam/steamapps/shadercache"},
-    {".cache/yarn", PlaceBase::cacheFolder, "yarn"},
-    {".cache/pip", PlaceBase::cacheFolder, "pip"},
-    {".cache/uv", PlaceBase::cacheFolder, "uv"},
-    {".cache/go-build", PlaceBase::cacheFolder, "go-build"},
-    {".cache/ccache", PlaceBase::cacheFolder, "ccache"},
-    {".cache/sccache", PlaceBase::cacheFolder, "sccache"},
-    {".cache/JetBrains", PlaceBase::cacheFolder, "JetBrains"},
-    {".cache/huggingface", PlaceBase::cacheFolder, "huggingface"},
-    {".cache/huggingface/hub", PlaceBase::cacheFolder, "huggingface/hub"},
-    {".local/share/containers/storage", PlaceBase::dataFolder, "containers/storage"},
-    {".local/share/gnome-boxes/images", PlaceBase::dataFolder, "gnome-boxes/images"},
-    {".local/share/libvirt/images", PlaceBase::dataFolder, "libvirt/images"},
 };
 
 /// A base folder by its variable; one that is not absolute counts as not set.
@@ -85,17 +70,13 @@ std::optional<UserFolder> userFolderIn(std::string_view line, const std::string 
     constexpr std::string_view suffix = "_DIR";
     constexpr std::string_view homeMark = "$HOME";
 
-    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos)
         return std::nullopt;
-    std::string_view key = line.substr(0, equals);
-    key = key.substr(0, key.find_last_not_of(" \t") + 1);
-    std::string_view rest = line.substr(equals + 1);
-    rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size()));
+    const std::string_view key = trimmed(line.substr(0, equals));
     if (!key.starts_with(prefix) || !key.ends_with(suffix))
         return std::nullopt;
-    const std::optional<std::string> value = unquoted(rest);
+    const std::optional<std::string> value = unquoted(trimmed(line.substr(equals + 1)));
     if (!value)
         return std::nullopt;
     if (value->starts_with('/'))
@@ -159,13 +140,6 @@ std::optional<OwnPlace> folderOf(PlaceBase base, const std::string &home)
     return std::nullopt;
 }
 
-std::string_view trimmed(std::string_view text)
-{
-    constexpr std::string_view blanks = " \t\r\n";
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
 /// A whole configuration file; empty where it is none that a person writes.
 std::string readSettings(const std::string &path)
 {
@@ -178,91 +152,6 @@ std::string readSettings(const std::string &path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string_view withoutQuotes(std::string_view text)
-{
-    const bool isQuoted =
-        text.size() >= 2 && (text.front() == '"' || text.front() == '\'') && text.back() == text.front();
-    return isQuoted ? text.substr(1, text.size() - 2) : text;
-}
-
-/// The line at the start of a text, which it is taken from.
-std::string_view takeLine(std::string_view &text)
-{
-    const std::string_view line = text.substr(0, text.find('\n'));
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
-    return line;
-}
-
-/// The value of the last line "key = value", without the quotes around it; empty where there is none.
-std::string valueOfKey(std::string_view text, std::string_view key)
-{
-    std::string_view found;
-    while (!text.empty()) {
-        const std::string_view line = takeLine(text);
-        const std::size_t equals = line.find('=');
-        if (equals != std::string_view::npos && trimmed(line.substr(0, equals)) == key)
-            found = withoutQuotes(trimmed(line.substr(equals + 1)));
-    }
-    return std::string(found);
-}
-
-/// The value of the last line "key value"; empty where there is none.
-std::string valueBehindKey(std::string_view text, std::string_view key)
-{
-    std::string_view found;
-    while (!text.empty()) {
-        const std::string_view line = trimmed(takeLine(text));
-        if (line.starts_with(key) && line.size() > key.size() && (line[key.size()] == ' ' || line[key.size()] == '\t'))
-            found = withoutQuotes(trimmed(line.substr(key.size())));
-    }
-    return std::string(found);
-}
-
-/// The value of the first "key: value" that is not indented, or the first of its list; empty where there is none.
-std::string valueInYaml(std::string_view text, std::string_view key)
-{
-    const auto plain = [](std::string_view value) {
-        const std::size_t comment = value.find(" #");
-        return std::string(withoutQuotes(trimmed(value.substr(0, comment))));
-    };
-    while (!text.empty()) {
-        const std::string_view line = takeLine(text);
-        if (!line.starts_with(key) || line.size() == key.size() || line[key.size()] != ':')
-            continue;
-        std::string value = plain(line.substr(key.size() + 1));
-        if (value.starts_with('['))
-            return plain(std::string_view(value).substr(1, value.find_first_of(",]") - 1));
-        if (!value.empty())
-            return value;
-        while (!text.empty()) {
-            const std::string_view item = trimmed(takeLine(text));
-            if (item.starts_with("- "))
-                return plain(item.substr(1));
-            if (!item.empty() && !item.starts_with('#'))
-                break;
-        }
-        return {};
-    }
-    return {};
-}
-
-/// What stands in the first element of that name that is not in a comment; empty where there is none.
-std::string textOfElement(std::string text, const std::string &name)
-{
-    constexpr std::string_view opens = "<!--";
-    constexpr std::string_view closes = "-->";
-    for (std::size_t start = 0; (start = text.find(opens, start)) != std::string::npos;) {
-        const std::size_t end = text.find(closes, start);
-        text.erase(start, end == std::string::npos ? end : end + closes.size() - start);
-    }
-    const std::string tag = "<" + name + ">";
-    const std::size_t start = text.find(tag);
-    const std::size_t end = start == std::string::npos ? start : text.find("</" + name + ">", start);
-    if (end == std::string::npos)
-        return {};
-    return std::string(trimmed(std::string_view(text).substr(start + tag.size(), end - start - tag.size())));
-}
-
 /// The absolute path that a configuration file's value means; empty for anything else.
 std::string absolutePath(std::string value, const std::string &home)
 {
@@ -271,23 +160,6 @@ std::string absolutePath(std::string value, const std::string &home)
             value.replace(0, mark.size(), home);
     }
     return value.starts_with('/') && value.find("${") == std::string::npos ? value : std::string();
-}
-
-std::string valueIn(std::string text, const PlaceSetting &setting)
-{
-    switch (setting.notation) {
-    case SettingNotation::none:
-        break;
-    case SettingNotation::keyAndValue:
-        return valueOfKey(text, setting.key);
-    case SettingNotation::keyAndQuoted:
-        return valueBehindKey(text, setting.key);
-    case SettingNotation::yamlValue:
-        return valueInYaml(text, setting.key);
-    case SettingNotation::xmlElement:
-        return textOfElement(std::move(text), std::string(setting.key));
-    }
-    return {};
 }
 
 /// The folder that the user has set; nothing where none is, or it is not absolute.
@@ -299,7 +171,7 @@ std::optional<std::string> folderSetIn(const PlaceSetting &setting, const std::s
         value = variable != nullptr ? variable : "";
     } else if (const std::optional<OwnPlace> base = folderOf(setting.base, home)) {
         std::string text = readSettings(joined(base->path, setting.file));
-        value = absolutePath(valueIn(std::move(text), setting), home);
+        value = absolutePath(settingIn(std::move(text), setting.notation, setting.key), home);
     }
     if (setting.listMark != 0)
         value = value.substr(0, value.find(setting.listMark));
@@ -312,12 +184,16 @@ std::optional<std::string> folderSetIn(const PlaceSetting &setting, const std::s
 /// Where it lies as long as no tool is told anything else.
 std::optional<OwnPlace> placeByItself(std::string_view macPlace, const std::string &home)
 {
-    const auto *const place = std::ranges::find(places, macPlace, &Place::onAMac);
+    const auto *const place =
+        std::ranges::find_if(places, [&](const Place &each) { return isOrLiesBeneath(macPlace, each.onAMac); });
     if (place == std::ranges::end(places))
         return std::nullopt;
     std::optional<OwnPlace> folder = folderOf(place->base, home);
-    if (folder && !place->rest.empty())
-        folder = OwnPlace{joined(folder->path, place->rest), joined(folder->usual, place->rest)};
+    const std::string_view beneath = macPlace.substr(std::min(place->onAMac.size() + 1, macPlace.size()));
+    for (const std::string_view part : {place->rest, beneath}) {
+        if (folder && !part.empty())
+            folder = OwnPlace{joined(folder->path, part), joined(folder->usual, part)};
+    }
     return folder;
 }
 
@@ -342,8 +218,7 @@ std::vector<std::string> linuxSharedDataFolders()
     std::string_view list = variable != nullptr ? variable : "";
     std::vector<std::string> folders;
     while (!list.empty() && folders.size() < most) {
-        const std::string_view part = list.substr(0, list.find(':'));
-        list.remove_prefix(std::min(part.size() + 1, list.size()));
+        const std::string_view part = takePart(list, ':');
         if (!part.starts_with('/'))
             continue;
         std::string folder = withoutDots(part);

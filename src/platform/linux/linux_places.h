@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// Where a Linux system keeps what a Mac, or a tool that nobody has told otherwise, keeps in that folder of a home (a
+/// Where a Linux system keeps what a Mac, or a tool by default, keeps in that folder of a home (a
 /// path relative to it); nothing where it has no other place for it. The place need not exist. What the user has set
 /// (XDG variables, user folders, the tools' own variables and files) is read anew each time. Any thread.
 [[nodiscard]] std::optional<OwnPlace> linuxPlaceFor(std::string_view macPlace, const std::string &home);

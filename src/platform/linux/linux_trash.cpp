@@ -12,9 +12,9 @@
 
 #include "platform/file_descriptor.h"
 #include "platform/linux/open_trash.h"
-#include "platform/linux/real_path.h"
 #include "platform/linux/trash_slot.h"
 #include "platform/path.h"
+#include "platform/posix/real_path.h"
 
 namespace corvane {
 
@@ -71,7 +71,7 @@ Expected<TrashedItem> LinuxTrash::trashItem(HeldFolder &folder, const std::strin
             return tl::unexpected(slot.error());
         return tl::unexpected(Error{moveToTrash, joined(folder.path(), name),
                                     std::make_error_code(std::errc::no_space_on_device),
-                                    "The disk is full: the Trash cannot note where the item came from."});
+                                    "The disk is full: the Trash cannot record where the item came from."});
     }
     if (Expected<void> moved = slot->fill(); !moved)
         return tl::unexpected(moved.error());

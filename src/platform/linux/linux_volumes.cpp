@@ -1,7 +1,5 @@
 #include "platform/linux/linux_volumes.h"
 
-#include <cerrno>
-
 #include <linux/magic.h>
 #include <sys/statfs.h>
 #include <sys/statvfs.h>
@@ -9,16 +7,14 @@
 #include "platform/block_count.h"
 #include "platform/linux/deleted_files.h"
 #include "platform/linux/swap_files.h"
+#include "platform/posix/interrupted_call.h"
 
 namespace corvane {
 
 VolumeFacts LinuxVolumes::facts(const std::string &path)
 {
     struct statvfs volume {};
-    int result = 0;
-    do {
-        result = ::statvfs(path.c_str(), &volume);
-    } while (result != 0 && errno == EINTR);
+    const int result = uninterrupted([&] { return ::statvfs(path.c_str(), &volume); });
     fsblkcnt_t usedOrAvailable = 0; // what is kept back for the administrator is neither
     if (result != 0 || volume.f_bfree > volume.f_blocks ||
         __builtin_add_overflow(volume.f_blocks - volume.f_bfree, volume.f_bavail, &usedOrAvailable))

@@ -6,22 +6,24 @@
 
 #include <fcntl.h>
 
+#include "platform/posix/failure.h"
+
 namespace corvane {
 
 Expected<LongPath> LongPath::resolve(const std::string &path)
 {
     LongPath result;
     std::string_view rest = path;
-    if (rest.size() >= PATH_MAX) // one slash at the end says as much as thousands
+    if (rest.size() >= PATH_MAX) // one slash at the end means the same as thousands
         rest = rest.substr(0, rest.find_last_not_of('/') + 2);
     while (rest.size() >= PATH_MAX) {
         const std::size_t slash = rest.rfind('/', PATH_MAX - 2);
         if (slash == std::string_view::npos || slash == 0)
-            return tl::unexpected(Error{"resolve", path, {ENAMETOOLONG, std::generic_category()}, {}});
+            return failure("resolve", path, ENAMETOOLONG);
         const std::string leading(rest.substr(0, slash));
         FileDescriptor next(::openat(result.folder(), leading.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
         if (!next.isOpen())
-            return tl::unexpected(Error{"resolve", path, {errno, std::generic_category()}, {}});
+            return failure("resolve", path, errno);
         result.m_folder = std::move(next);
         rest.remove_prefix(rest.find_first_not_of('/', slash));
     }

@@ -12,13 +12,7 @@ bool moveAt(int folder, const std::string &name, int target, const std::string &
     if (::renameat2(folder, name.c_str(), target, newName.c_str(), RENAME_NOREPLACE) == 0)
         return true;
     // Some file systems know no flags.
-    if (errno != EINVAL && errno != ENOSYS)
-        return false;
-    if (identityAt(target, newName)) {
-        errno = EEXIST;
-        return false;
-    }
-    return errno == ENOENT && ::renameat(folder, name.c_str(), target, newName.c_str()) == 0;
+    return (errno == EINVAL || errno == ENOSYS) && moveAfterLooking(folder, name, target, newName);
 }
 
 } // namespace corvane

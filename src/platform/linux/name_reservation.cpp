@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "platform/path.h"
+#include "platform/posix/failure.h"
 
 namespace corvane {
 
@@ -44,10 +45,10 @@ Expected<NameReservation> NameReservation::make(const TrashPlace &trash, const s
         if (made.isOpen()) {
             reservation.m_made.push_back(record);
         } else if (errno != EEXIST) {
-            return tl::unexpected(Error{"move to Trash", joined(open.itemsPath, taken),
-                                        std::error_code(errno, std::system_category()),
-                                        "The Trash already holds an item of that name, and nothing tells where it "
-                                        "came from. Empty the Trash first."});
+            return failure(
+                "move to Trash", joined(open.itemsPath, taken), errno,
+                "The Trash already holds an item with that name and no record of where it came from. Empty the "
+                "Trash first.");
         }
     }
 }

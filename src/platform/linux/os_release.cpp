@@ -1,6 +1,7 @@
 #include "platform/linux/os_release.h"
 
 #include "platform/file_system.h"
+#include "platform/text.h"
 
 namespace corvane {
 
@@ -26,22 +27,12 @@ std::string unquoted(std::string_view value)
 
 } // namespace
 
-std::string_view withoutBlanksAround(std::string_view text)
-{
-    constexpr std::string_view space = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(space);
-    return first == std::string_view::npos ? std::string_view{}
-                                           : text.substr(first, text.find_last_not_of(space) - first + 1);
-}
-
 OsRelease::OsRelease(std::string_view text)
 {
     while (!text.empty()) {
-        const std::string_view line = withoutBlanksAround(text.substr(0, text.find('\n')));
+        const std::string_view line = trimmed(takeLine(text));
         if (const std::size_t equals = line.find('='); equals != std::string_view::npos && !line.starts_with('#'))
             m_values[std::string(line.substr(0, equals))] = unquoted(line.substr(equals + 1));
-        const std::size_t end = text.find('\n');
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
 }
 
@@ -57,7 +48,7 @@ OsRelease OsRelease::load(FileSystem &files)
 std::string OsRelease::value(std::string_view key) const
 {
     const auto found = m_values.find(key);
-    return found == m_values.end() ? std::string{} : std::string(withoutBlanksAround(found->second));
+    return found == m_values.end() ? std::string{} : std::string(trimmed(found->second));
 }
 
 } // namespace corvane

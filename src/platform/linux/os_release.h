@@ -8,9 +8,6 @@ namespace corvane {
 
 class FileSystem;
 
-/// The text without the blanks around it.
-[[nodiscard]] std::string_view withoutBlanksAround(std::string_view text);
-
 /// What a Linux system says of itself in its os-release file.
 class OsRelease {
 public:

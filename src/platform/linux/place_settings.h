@@ -3,21 +3,14 @@
 #include <array>
 #include <string_view>
 
+#include "platform/linux/setting_notation.h"
+
 namespace corvane {
 
 // Where tools are told to keep what they can make again.
 
 /// What a place is relative to.
 enum class PlaceBase { home, cacheFolder, configFolder, dataFolder, stateFolder, downloadFolder };
-
-/// How a tool's configuration names a folder.
-enum class SettingNotation {
-    none,
-    keyAndValue,  ///< "key = value"
-    keyAndQuoted, ///< key "value"
-    yamlValue,    ///< "key: value", or the first of a list of values
-    xmlElement,
-};
 
 /// Where the user may have told a tool to keep something: in a variable, or in a file.
 struct PlaceSetting {

@@ -1,4 +1,4 @@
-#include "platform/linux/real_path.h"
+#include "platform/posix/real_path.h"
 
 #include <cerrno>
 #include <climits>
@@ -12,15 +12,11 @@
 #include <unistd.h>
 
 #include "platform/file_descriptor.h"
+#include "platform/posix/failure.h"
 
 namespace corvane {
 
 namespace {
-
-tl::unexpected<Error> failure(const std::string &path, int code)
-{
-    return tl::unexpected(Error{"resolve", path, {code, std::generic_category()}, {}});
-}
 
 /// The walk for a path that the system's own function refuses for its length.
 class LongRealPath {
@@ -30,7 +26,7 @@ public:
         LongRealPath walk(path);
         while (!walk.m_pending.empty()) {
             if (const int code = walk.step(); code != 0)
-                return failure(path, code);
+                return failure("resolve", path, code);
         }
         return walk.m_resolved.empty() ? "/" : std::move(walk.m_resolved);
     }
@@ -113,7 +109,7 @@ Expected<std::string> resolvedPath(const std::string &path)
         return std::string(resolved.get());
     if (errno == ENAMETOOLONG && path.starts_with('/'))
         return LongRealPath::resolve(path);
-    return failure(path, errno);
+    return failure("resolve", path, errno);
 }
 
 } // namespace corvane

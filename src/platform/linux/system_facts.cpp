@@ -8,6 +8,7 @@
 #include "platform/ascii_case.h"
 #include "platform/file_system.h"
 #include "platform/linux/os_release.h"
+#include "platform/text.h"
 
 namespace corvane {
 
@@ -21,7 +22,7 @@ std::string kernelName()
     return ::uname(&name) == 0 ? std::string(name.sysname) + " " + name.release : "Linux";
 }
 
-// What makers of boards leave in the field when nobody fills it in.
+// Placeholders that makers of boards leave in the field.
 bool isPlaceholder(std::string_view model)
 {
     constexpr std::array<std::string_view, 12> placeholders{"to be filled by o.e.m.",
@@ -58,7 +59,7 @@ std::string SystemFacts::model(FileSystem &files)
     // The second is that of boards without a BIOS, and ends with a NUL.
     for (const char *path : {"/sys/class/dmi/id/product_name", "/sys/firmware/devicetree/base/model"}) {
         const Expected<std::string> text = files.readFile(path, mostBytes);
-        const std::string_view model = text ? withoutBlanksAround(text->c_str()) : std::string_view{};
+        const std::string_view model = text ? trimmed(text->c_str()) : std::string_view{};
         if (!model.empty() && !isPlaceholder(model))
             return std::string(model);
     }

@@ -13,6 +13,7 @@
 #include "platform/linux/glib_pointer.h"
 #include "platform/linux/name_reservation.h"
 #include "platform/path.h"
+#include "platform/posix/failure.h"
 #include "platform/posix/item_at.h"
 
 namespace corvane {
@@ -123,7 +124,7 @@ Expected<TrashSlot> TrashSlot::make(HeldFolder &folder, const std::string &name)
     // The Trash may have been made just now.
     if (!slot.find(trashPlacesFor(folder.descriptor(), folder.path())) || !slot.completeRecord()) {
         Error error = slot.failure(EIO);
-        error.text = "The Trash could not note where the item came from.";
+        error.text = "The Trash could not record where the item came from.";
         return tl::unexpected(std::move(error));
     }
     return slot;
@@ -227,13 +228,13 @@ ChosenTrash TrashSlot::release() &&
 Error TrashSlot::changedMeanwhile() const
 {
     Error error = failure(EBUSY);
-    error.text = "The Trash was changed by another program meanwhile.";
+    error.text = "Another program has changed the Trash in the meantime.";
     return error;
 }
 
 Error TrashSlot::failure(int code) const
 {
-    return {moveToTrash, joined(m_source->path(), m_name), {code, std::generic_category()}, {}};
+    return corvane::failure(moveToTrash, joined(m_source->path(), m_name), code).value();
 }
 
 } // namespace corvane

@@ -7,17 +7,9 @@
 #include <sys/stat.h>
 
 #include "platform/macos/foundation_bridge.h"
+#include "platform/posix/failure.h"
 
 namespace corvane {
-
-namespace {
-
-tl::unexpected<Error> failure(const char *operation, const std::string &path, int code)
-{
-    return tl::unexpected(Error{operation, path, {code, std::generic_category()}, {}});
-}
-
-} // namespace
 
 Expected<void> MacDesktop::reveal(const std::string &path, FailureHandler /*failed*/)
 {

@@ -3,7 +3,6 @@
 #import <CoreServices/CoreServices.h>
 
 #include <cerrno>
-#include <cstdlib>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -14,16 +13,14 @@
 #include "platform/macos/mac_held_folder.h"
 #include "platform/macos/mac_open_folder.h"
 #include "platform/macos/mounted_volumes.h"
+#include "platform/posix/failure.h"
+#include "platform/posix/item_at.h"
+#include "platform/posix/real_path.h"
 #include "platform/posix/regular_file.h"
 
 namespace corvane {
 
 namespace {
-
-tl::unexpected<Error> failure(const char *operation, const std::string &path, int code)
-{
-    return tl::unexpected(Error{operation, path, {code, std::generic_category()}, {}});
-}
 
 /// Asks what types are declared, so no folder with the extension need be at hand.
 bool isDeclaredAsPackage(const std::string &extension)
@@ -53,7 +50,10 @@ Expected<std::unique_ptr<OpenFolder>> MacFileSystem::openFolder(const std::strin
 
 Expected<ItemFacts> MacFileSystem::facts(const std::string &path)
 {
-    return macFactsAt(AT_FDCWD, path, path);
+    Expected<ItemFacts> found = factsAt(AT_FDCWD, path, path);
+    if (found)
+        found->isPackage = found->type == EntryType::directory && isShownAsPackage(path);
+    return found;
 }
 
 bool MacFileSystem::exists(const std::string &path)
@@ -80,10 +80,7 @@ Expected<std::unique_ptr<FileReader>> MacFileSystem::openFile(const std::string 
 
 Expected<std::string> MacFileSystem::realPath(const std::string &path)
 {
-    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), std::free);
-    if (!resolved)
-        return failure("resolve", path, errno);
-    return std::string(resolved.get());
+    return resolvedPath(path);
 }
 
 Expected<std::unique_ptr<HeldFolder>> MacFileSystem::holdFolder(const std::string &path)

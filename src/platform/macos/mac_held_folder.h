@@ -1,38 +1,28 @@
 #pragma once
 
-#include "platform/file_descriptor.h"
-#include "platform/held_folder.h"
 #include "platform/package_extension_cache.h"
+#include "platform/posix/posix_held_folder.h"
 
 namespace corvane {
 
-/// What an item relative to an open folder (or to AT_FDCWD) is; `path` is its own, for the failure and for Foundation.
-[[nodiscard]] Expected<ItemFacts> macFactsAt(int folder, const std::string &name, const std::string &path);
+/// What the Finder makes of the folder at that path.
+[[nodiscard]] bool isShownAsPackage(const std::string &path);
 
-/// A folder held by its file number.
-class MacHeldFolder final : public HeldFolder {
+class MacHeldFolder final : public PosixHeldFolder {
 public:
-    /// Resolves the path and opens what it leads to, without following a link any more: the folder is the one that
-    /// has the resolved path at that moment. `packages` outlives the folder.
+    /// As `FileSystem::holdFolder`. `packages` outlives the folder.
     [[nodiscard]] static Expected<std::unique_ptr<HeldFolder>> hold(const std::string &path,
                                                                     PackageExtensionCache &packages);
 
     MacHeldFolder(FileDescriptor descriptor, std::string path, PackageExtensionCache &packages)
-        : m_descriptor(std::move(descriptor)), m_path(std::move(path)), m_packages(packages)
+        : PosixHeldFolder(std::move(descriptor), std::move(path)), m_packages(packages)
     {
     }
 
-    [[nodiscard]] const std::string &path() const override { return m_path; }
-    [[nodiscard]] FolderIdentity identity() const override;
-    [[nodiscard]] Expected<ItemFacts> facts(const std::string &name) override;
-    [[nodiscard]] Expected<void> removeItem(const std::string &name, const ItemIdentity &expected) override;
-    [[nodiscard]] Expected<void> moveItem(const std::string &name, HeldFolder &target,
-                                          const std::string &newName) override;
-    [[nodiscard]] int descriptor() const override { return m_descriptor.number(); }
-
 private:
-    const FileDescriptor m_descriptor;
-    const std::string m_path;
+    [[nodiscard]] bool isPackage(const std::string &name) const override;
+    [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openInside(int folder, const std::string &name) const override;
+
     PackageExtensionCache &m_packages;
 };
 

@@ -14,9 +14,10 @@
 #include <sys/vnode.h>
 #include <unistd.h>
 
-#include "platform/block_count.h"
 #include "platform/bulk_attributes.h"
+#include "platform/posix/failure.h"
 #include "platform/posix/interrupted_call.h"
+#include "platform/posix/stat_facts.h"
 
 namespace corvane {
 
@@ -26,6 +27,7 @@ static_assert(BulkAttributes::name == ATTR_CMN_NAME && BulkAttributes::objectTyp
               BulkAttributes::error == ATTR_CMN_ERROR &&
               BulkAttributes::returnedAttributes == ATTR_CMN_RETURNED_ATTRS &&
               BulkAttributes::totalAllocated == ATTR_FILE_ALLOCSIZE &&
+              BulkAttributes::dataLength == ATTR_FILE_DATALENGTH &&
               BulkAttributes::dataAllocated == ATTR_FILE_DATAALLOCSIZE);
 static_assert(BulkEntry::directoryType == VDIR && BulkEntry::symbolicLinkType == VLNK);
 static_assert(sizeof(timespec) == 2 * sizeof(std::int64_t) && sizeof(off_t) == sizeof(std::int64_t));
@@ -33,16 +35,6 @@ static_assert(sizeof(timespec) == 2 * sizeof(std::int64_t) && sizeof(off_t) == s
 namespace {
 
 constexpr std::size_t bulkSize = 128 * 1024; // some hundred entries a call
-
-tl::unexpected<Error> failure(const char *operation, const std::string &path, int code)
-{
-    return tl::unexpected(Error{operation, path, {code, std::generic_category()}, {}});
-}
-
-Time modificationTime(const struct stat &status)
-{
-    return Time(std::chrono::seconds(status.st_mtimespec.tv_sec));
-}
 
 } // namespace
 
@@ -62,9 +54,9 @@ MacOpenFolder::MacOpenFolder(FileDescriptor descriptor, PackageExtensionCache &p
     struct stat status {};
     if (::fstat(m_descriptor.number(), &status) != 0)
         return;
-    m_identity = {static_cast<std::uint64_t>(status.st_dev), status.st_ino};
+    m_identity = folderIdentity(status);
     m_modified = modificationTime(status);
-    m_allocated = bytesOfBlocks(status.st_blocks, S_BLKSIZE).value_or(0);
+    m_allocated = allocatedBytes(status);
 }
 
 Expected<void> MacOpenFolder::list(const EntrySink &sink)
@@ -113,6 +105,7 @@ int MacOpenFolder::listInBulk(const EntrySink &sink) const
             } else if (entry.type == EntryType::file) {
                 entry.modified = found->modified.value_or(distantPast);
                 entry.allocated = *found->allocated;
+                entry.length = found->length;
                 entry.links = found->links;
                 entry.inode = found->fileNumber;
             }
@@ -125,15 +118,13 @@ int MacOpenFolder::listInBulk(const EntrySink &sink) const
 int MacOpenFolder::listOneByOne(const EntrySink &sink) const
 {
     // A number of its own, for the two ways of listing must not share one.
-    const int number = ::openat(m_descriptor.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (number < 0)
+    FileDescriptor own(::openat(m_descriptor.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!own.isOpen())
         return errno;
-    const std::unique_ptr<DIR, int (*)(DIR *)> stream(::fdopendir(number), ::closedir);
-    if (!stream) {
-        const int code = errno;
-        ::close(number);
-        return code;
-    }
+    const std::unique_ptr<DIR, int (*)(DIR *)> stream(::fdopendir(own.number()), ::closedir);
+    if (!stream)
+        return errno;
+    static_cast<void>(own.release()); // the stream closes it
     for (;;) {
         errno = 0;
         const dirent *const found = ::readdir(stream.get());
@@ -152,18 +143,8 @@ bool MacOpenFolder::completeFromStatus(const std::string &name, DirectoryEntry &
     struct stat status {};
     if (::fstatat(m_descriptor.number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
         return errno != ENOENT;
-    if (S_ISDIR(status.st_mode)) {
-        entry.type = EntryType::directory;
-        entry.isPackage = m_packages.isPackageName(name);
-    } else if (S_ISLNK(status.st_mode)) {
-        entry.type = EntryType::symbolicLink;
-    } else {
-        entry.type = EntryType::file;
-        entry.links = status.st_nlink;
-        entry.inode = status.st_ino;
-        entry.allocated = bytesOfBlocks(status.st_blocks, S_BLKSIZE).value_or(0);
-        entry.modified = modificationTime(status);
-    }
+    describe(entry, status);
+    entry.isPackage = entry.type == EntryType::directory && m_packages.isPackageName(name);
     return true;
 }
 

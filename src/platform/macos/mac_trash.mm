@@ -11,15 +11,11 @@
 #include "platform/macos/foundation_bridge.h"
 #include "platform/macos/mounted_volumes.h"
 #include "platform/path.h"
+#include "platform/posix/failure.h"
 
 namespace corvane {
 
 namespace {
-
-tl::unexpected<Error> failure(const char *operation, const std::string &path, int code)
-{
-    return tl::unexpected(Error{operation, path, {code, std::generic_category()}, {}});
-}
 
 std::errc codeOfScriptError(NSInteger number)
 {
@@ -68,51 +64,46 @@ TrashedItem arrivedItem(NSURL *url, FileSystem &files)
     return {std::move(*folder), name, facts ? facts->identity : ItemIdentity{}};
 }
 
-/// Fails unless the path still leads to the item that the open folder has under that name. The system takes the path
-/// alone, and would act on whatever lies there.
-Expected<void> checkWhatLiesAt(const char *operation, const std::string &path, HeldFolder &folder,
-                               const std::string &name, FileSystem &files)
+/// Calls `act` with the item's URL and path, unless the path leads to another item than the open folder has under that
+/// name: the system takes the path alone, and would act on whatever lies there.
+template <typename Act>
+Expected<TrashedItem> withUrlOf(const char *operation, HeldFolder &folder, const std::string &name, FileSystem &files,
+                                const Act &act)
 {
-    const Expected<ItemFacts> held = folder.facts(name);
-    if (!held)
-        return tl::unexpected(held.error());
-    const Expected<ItemFacts> there = files.facts(path);
-    if (there && there->identity == held->identity)
-        return {};
-    return tl::unexpected(replacedMeanwhile(operation, path));
+    const std::string path = joined(folder.path(), name);
+    return guarded(operation, path, [&]() -> Expected<TrashedItem> {
+        NSURL *url = fileUrl(path);
+        if (url == nil)
+            return failure(operation, path, EINVAL);
+        const Expected<ItemFacts> held = folder.facts(name);
+        if (!held)
+            return tl::unexpected(held.error());
+        const Expected<ItemFacts> there = files.facts(path);
+        if (!there || there->identity != held->identity)
+            return tl::unexpected(replacedMeanwhile(operation, path));
+        return act(url, path);
+    });
 }
 
 } // namespace
 
 Expected<TrashedItem> MacTrash::trashItem(HeldFolder &folder, const std::string &name)
 {
-    const std::string path = joined(folder.path(), name);
     constexpr const char *operation = "move to Trash";
-    return guarded(operation, path, [&]() -> Expected<TrashedItem> {
-        NSURL *url = fileUrl(path);
-        if (url == nil)
-            return failure(operation, path, EINVAL);
-        if (const auto same = checkWhatLiesAt(operation, path, folder, name, m_files); !same)
-            return tl::unexpected(same.error());
+    const auto move = [&](NSURL *url, const std::string &path) -> Expected<TrashedItem> {
         NSError *error = nil;
         NSURL *arrivedAt = nil;
         if ([NSFileManager.defaultManager trashItemAtURL:url resultingItemURL:&arrivedAt error:&error])
             return arrivedItem(arrivedAt, m_files);
         return tl::unexpected(foundationError(operation, path, error));
-    });
+    };
+    return withUrlOf(operation, folder, name, m_files, move);
 }
 
 Expected<TrashedItem> MacTrash::recycle(HeldFolder &folder, const std::string &name)
 {
-    const std::string path = joined(folder.path(), name);
     constexpr const char *operation = "recycle";
-    return guarded(operation, path, [&]() -> Expected<TrashedItem> {
-        NSURL *url = fileUrl(path);
-        if (url == nil)
-            return failure(operation, path, EINVAL);
-        if (const auto same = checkWhatLiesAt(operation, path, folder, name, m_files); !same)
-            return tl::unexpected(same.error());
-
+    const auto recycle = [&](NSURL *url, const std::string &path) -> Expected<TrashedItem> {
         // Filled in by the completion on the main thread, read here once that has been waited for.
         __block bool isMoved = false;
         __block NSURL *arrivedAt = nil;
@@ -146,7 +137,8 @@ Expected<TrashedItem> MacTrash::recycle(HeldFolder &folder, const std::string &n
         if (isMoved)
             return arrivedItem(arrivedAt, m_files);
         return error != nil ? tl::unexpected(foundationError(operation, path, error)) : failure(operation, path, EIO);
-    });
+    };
+    return withUrlOf(operation, folder, name, m_files, recycle);
 }
 
 Expected<void> MacTrash::deleteThroughFinder(const std::string &path)

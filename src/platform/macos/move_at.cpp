@@ -10,13 +10,7 @@ bool moveAt(int folder, const std::string &name, int target, const std::string &
     if (::renameatx_np(folder, name.c_str(), target, newName.c_str(), RENAME_EXCL) == 0)
         return true;
     // Some file systems know no flags.
-    if (errno != ENOTSUP && errno != EINVAL)
-        return false;
-    if (identityAt(target, newName)) {
-        errno = EEXIST;
-        return false;
-    }
-    return errno == ENOENT && ::renameat(folder, name.c_str(), target, newName.c_str()) == 0;
+    return (errno == ENOTSUP || errno == EINVAL) && moveAfterLooking(folder, name, target, newName);
 }
 
 } // namespace corvane

@@ -5,31 +5,13 @@
 #include "platform/macos/mac_file_system.h"
 #include "platform/macos/mac_trash.h"
 #include "platform/macos/mac_volumes.h"
-#include "platform/open_file_limit.h"
+#include "platform/posix/host_of.h"
 
 namespace corvane {
 
-namespace {
-
-struct System {
-    MacFileSystem files;
-    MacTrash trash{files};
-    MacVolumes volumes;
-    MacDesktop desktop;
-    MacApplications applications;
-    Host host{files, trash, volumes, desktop, applications};
-};
-
-} // namespace
-
 const Host &systemHost()
 {
-    // Never destroyed: threads that still run when the program ends may be using it.
-    static const System &system = *[] {
-        raiseOpenFileLimit();
-        return new System;
-    }();
-    return system.host;
+    return hostOf<MacFileSystem, MacTrash, MacVolumes, MacDesktop, MacApplications>();
 }
 
 } // namespace corvane

@@ -1,6 +1,5 @@
 #include "platform/environment.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 #include <vector>
@@ -9,6 +8,7 @@
 #include <unistd.h>
 
 #include "platform/path.h"
+#include "platform/text.h"
 
 namespace corvane {
 
@@ -19,8 +19,7 @@ std::string absolutePartsOf(std::string_view list)
 {
     std::string kept;
     while (!list.empty()) {
-        const std::string_view part = list.substr(0, list.find(':'));
-        list.remove_prefix(std::min(part.size() + 1, list.size()));
+        const std::string_view part = takePart(list, ':');
         if (part.starts_with('/'))
             kept.append(kept.empty() ? "" : ":").append(part);
     }

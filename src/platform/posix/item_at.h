@@ -3,8 +3,6 @@
 #include <optional>
 #include <string>
 
-#include <sys/stat.h>
-
 #include "platform/file_system.h"
 
 namespace corvane {
@@ -14,11 +12,11 @@ namespace corvane {
 /// Whether the text names an item directly inside a folder.
 [[nodiscard]] bool isItemName(const std::string &name);
 
-/// What the kernel's record says the item is.
-[[nodiscard]] ItemIdentity identityOf(const struct stat &facts);
-
 /// What the item of that name is, a link not followed; nothing, with `errno` set, where it cannot be looked at.
 [[nodiscard]] std::optional<ItemIdentity> identityAt(int folder, const std::string &name);
+
+/// What the item of that name is, a link not followed, but for whether it is a package; `path` is for the error.
+[[nodiscard]] Expected<ItemFacts> factsAt(int folder, const std::string &name, const std::string &path);
 
 /// Whether the open item bears that name in the folder. Other than a number that was remembered, that of an open item
 /// is not given to a new one meanwhile.
@@ -26,6 +24,9 @@ namespace corvane {
 
 /// Moves an item and never replaces another one; false with `errno` set where it could not, EEXIST for a taken name.
 [[nodiscard]] bool moveAt(int folder, const std::string &name, int target, const std::string &newName);
+
+/// The same where the file system cannot rename without replacing: looks first whether the name is taken.
+[[nodiscard]] bool moveAfterLooking(int folder, const std::string &name, int target, const std::string &newName);
 
 /// "PREFIX" and 16 random digits: a name that nothing else bears.
 [[nodiscard]] std::string uniqueName(const std::string &prefix);

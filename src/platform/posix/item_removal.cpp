@@ -12,20 +12,17 @@
 
 #include "platform/folder_chain.h"
 #include "platform/held_folder.h"
-#include "platform/mounts.h"
+#include "platform/mount.h"
 #include "platform/path.h"
+#include "platform/posix/failure.h"
 #include "platform/posix/item_at.h"
+#include "platform/text.h"
 
 namespace corvane {
 
 namespace {
 
 constexpr const char *operationName = "delete";
-
-tl::unexpected<Error> failureAt(const std::string &path, int code)
-{
-    return tl::unexpected(Error{operationName, path, {code, std::generic_category()}, {}});
-}
 
 /// Makes a folder of the user's own writable to its owner; others stay as they are.
 void makeWritable(int folder)
@@ -147,7 +144,7 @@ private:
     void noteFailure(const char *operation, int code, std::string_view name = {}, std::string text = {})
     {
         if (!m_firstFailure)
-            m_firstFailure = Error{operation, pathOf(name), {code, std::generic_category()}, std::move(text)};
+            m_firstFailure = failure(operation, pathOf(name), code, std::move(text)).value();
     }
 
     std::string pathOf(std::string_view name) const
@@ -169,43 +166,32 @@ private:
     bool m_hasDeleted = false;
 };
 
-/// As much of a name as leaves room for an ending. No character is cut in two: some systems take no name that is not
-/// text.
-std::string startOf(const std::string &name)
-{
-    std::size_t length = 200; // bytes; a name has at most 255
-    if (name.size() <= length)
-        return name;
-    while (length > 0 && (static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80)
-        --length;
-    return name.substr(0, length);
-}
-
 } // namespace
 
 Expected<void> ItemRemoval::remove(const std::string &name, const ItemIdentity &expected) const
 {
     const std::optional<ItemIdentity> found = identityAt(m_parent, name);
     if (!found)
-        return failureAt(joined(m_parentPath, name), errno);
+        return failure(operationName, joined(m_parentPath, name), errno);
     if (*found != expected)
         return tl::unexpected(replacedMeanwhile(operationName, joined(m_parentPath, name)));
     return expected.type == EntryType::directory ? removeFolder(name, expected) : removeFile(name, expected);
 }
 
 /// The kernel deletes by name only, and the name may belong to another file by then: a program may just be putting a
-/// newer version there. So the file gets a name first that nobody else uses, and is looked at under it.
+/// newer version there. So the file first gets a name of its own, and is looked at under it.
 Expected<void> ItemRemoval::removeFile(const std::string &name, const ItemIdentity &expected) const
 {
     const std::string path = joined(m_parentPath, name);
-    const std::string aside = uniqueName(startOf(name) + ".corvane-");
+    constexpr std::size_t longest = 200; // a name has at most 255 bytes, and the ending takes its share
+    const std::string aside = uniqueName(std::string(startOf(name, longest)) + ".corvane-");
     if (!moveAt(m_parent, name, m_parent, aside)) {
         if (errno == ENOENT)
-            return failureAt(path, errno);
+            return failure(operationName, path, errno);
         if (!isStill(name, expected))
             return tl::unexpected(replacedMeanwhile(operationName, path));
         // On a full disk there may be no room for another name, but room for one fewer.
-        return ::unlinkat(m_parent, name.c_str(), 0) == 0 ? Expected<void>{} : failureAt(path, errno);
+        return ::unlinkat(m_parent, name.c_str(), 0) == 0 ? Expected<void>{} : failure(operationName, path, errno);
     }
     if (!isStill(aside, expected)) {
         if (moveAt(m_parent, aside, m_parent, name))
@@ -218,7 +204,7 @@ Expected<void> ItemRemoval::removeFile(const std::string &name, const ItemIdenti
         return {};
     const int code = errno;
     (void)moveAt(m_parent, aside, m_parent, name);
-    return failureAt(path, code);
+    return failure(operationName, path, code);
 }
 
 Expected<void> ItemRemoval::removeFolder(const std::string &name, const ItemIdentity &expected) const
@@ -226,7 +212,7 @@ Expected<void> ItemRemoval::removeFolder(const std::string &name, const ItemIden
     const std::string path = joined(m_parentPath, name);
     const std::optional<Mount> mount = Mount::of(m_parent);
     if (!mount)
-        return failureAt(path, errno);
+        return failure(operationName, path, errno);
     Expected<std::unique_ptr<OpenFolder>> top = m_openInside(m_parent, name);
     FolderEmptying emptying(path, *mount, m_readOnlyFolders);
     if (top) {
@@ -243,7 +229,7 @@ Expected<void> ItemRemoval::removeFolder(const std::string &name, const ItemIden
     }
     if (::unlinkat(m_parent, name.c_str(), AT_REMOVEDIR) == 0)
         return {};
-    Error error{operationName, path, {top ? errno : top.error().code.value(), std::generic_category()}, {}};
+    Error error = failure(operationName, path, top ? errno : top.error().code.value()).value();
     error.inPart = emptying.hasDeleted();
     return tl::unexpected(std::move(error));
 }

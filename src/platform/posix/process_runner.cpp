@@ -11,51 +11,23 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/file_descriptor.h"
+#include "platform/posix/failure.h"
+
 extern char **environ; // NOLINT: declared by no header on macOS
 
 namespace corvane {
 
 namespace {
 
-// Milliseconds between two looks: at whether the answer is still wanted, and at whether the program is over once it
+// Milliseconds between two looks: at whether the answer is still needed, and at whether the program is over once it
 // has nothing more to say.
 constexpr int stopInterval = 200;
 constexpr int exitInterval = 10;
 
-Error failure(std::string operation, const std::string &path, int code)
-{
-    return {std::move(operation), path, std::error_code(code, std::generic_category()), {}};
-}
-
-/// One end of a pipe; closed by its destructor.
-class Descriptor {
-public:
-    explicit Descriptor(int fd = -1) : m_fd(fd) {}
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-    ~Descriptor() { close(); }
-
-    [[nodiscard]] int get() const { return m_fd; }
-    [[nodiscard]] bool isOpen() const { return m_fd >= 0; }
-    void set(int fd)
-    {
-        close();
-        m_fd = fd;
-    }
-    void close()
-    {
-        if (m_fd >= 0)
-            ::close(m_fd);
-        m_fd = -1;
-    }
-
-private:
-    int m_fd;
-};
-
 struct Pipe {
-    Descriptor read;
-    Descriptor write;
+    FileDescriptor read;
+    FileDescriptor write;
 
     bool open()
     {
@@ -69,30 +41,30 @@ struct Pipe {
         ::fcntl(ends[0], F_SETFD, FD_CLOEXEC);
         ::fcntl(ends[1], F_SETFD, FD_CLOEXEC);
 #endif
-        read.set(ends[0]);
-        write.set(ends[1]);
+        read = FileDescriptor(ends[0]);
+        write = FileDescriptor(ends[1]);
         return true;
     }
 };
 
 // Reads what is there; closes the end at its end. `into` null: thrown away.
-void drain(Descriptor &end, std::string *into)
+void drain(FileDescriptor &end, std::string *into)
 {
     std::array<char, 65536> buffer{};
-    const ssize_t count = ::read(end.get(), buffer.data(), buffer.size());
+    const ssize_t count = ::read(end.number(), buffer.data(), buffer.size());
     if (count > 0) {
         if (into != nullptr)
             into->append(buffer.data(), static_cast<std::size_t>(count));
     } else if (count == 0 || errno != EINTR) {
-        end.close();
+        end = FileDescriptor();
     }
 }
 
 /// Waits for either end to have something, at most that many milliseconds; false where there can be no waiting.
-bool drainWhatComes(Descriptor &output, Descriptor &errors, std::string &text, int milliseconds)
+bool drainWhatComes(FileDescriptor &output, FileDescriptor &errors, std::string &text, int milliseconds)
 {
     // poll() passes over a descriptor of -1.
-    std::array<pollfd, 2> waited{pollfd{output.get(), POLLIN, 0}, pollfd{errors.get(), POLLIN, 0}};
+    std::array<pollfd, 2> waited{pollfd{output.number(), POLLIN, 0}, pollfd{errors.number(), POLLIN, 0}};
     if (::poll(waited.data(), waited.size(), milliseconds) < 0)
         return errno == EINTR;
     if (waited[0].revents != 0)
@@ -109,14 +81,14 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
 {
     struct stat facts {};
     if (::stat(path.c_str(), &facts) != 0)
-        return tl::unexpected(failure("start", path, errno));
+        return failure("start", path, errno);
     if (!S_ISREG(facts.st_mode) || ::access(path.c_str(), X_OK) != 0)
-        return tl::unexpected(failure("start", path, EACCES));
+        return failure("start", path, EACCES);
 
     Pipe output;
     Pipe errors;
     if (!output.open() || !errors.open())
-        return tl::unexpected(failure("start", path, errno));
+        return failure("start", path, errno);
 
     std::vector<char *> argv;
     argv.push_back(const_cast<char *>(path.c_str())); // NOLINT: posix_spawn takes char *const but writes nothing
@@ -127,8 +99,8 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
     posix_spawn_file_actions_t actions{};
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions, output.write.get(), STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, errors.write.get(), STDERR_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, output.write.number(), STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, errors.write.number(), STDERR_FILENO);
     // A group of its own, so that what it starts can be ended with it.
     posix_spawnattr_t attributes{};
     posix_spawnattr_init(&attributes);
@@ -139,9 +111,9 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     if (started != 0)
-        return tl::unexpected(failure("start", path, started));
-    output.write.close();
-    errors.write.close();
+        return failure("start", path, started);
+    output.write = FileDescriptor();
+    errors.write = FileDescriptor();
 
     using Clock = std::chrono::steady_clock;
     const Clock::time_point end = Clock::now() + limits.time;
@@ -160,7 +132,7 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
         if (exited == child)
             break;
         if (exited < 0 && errno != EINTR)
-            return tl::unexpected(failure("wait for", path, errno));
+            return failure("wait for", path, errno);
         if (!wasEnded && isOver()) {
             ::kill(-child, SIGKILL);
             wasEnded = true;
@@ -169,9 +141,9 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
         }
     }
     if (text.size() > limits.output)
-        return tl::unexpected(failure("run", path, EFBIG));
+        return failure("run", path, EFBIG);
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        return tl::unexpected(failure("run", path, ECANCELED));
+        return failure("run", path, ECANCELED);
     return text;
 }
 

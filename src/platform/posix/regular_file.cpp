@@ -7,9 +7,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/posix/failure.h"
 #include "platform/posix/interrupted_call.h"
-#include "platform/posix/item_at.h"
 #include "platform/posix/read_ahead.h"
+#include "platform/posix/stat_facts.h"
 
 namespace corvane {
 
@@ -22,28 +23,25 @@ constexpr std::size_t stepSize = 64UL * 1024;
 Expected<std::unique_ptr<RegularFile>> RegularFile::open(int folder, const char *name, const std::string &path,
                                                          LinkRule rule)
 {
-    const auto failed = [&](int code) {
-        return tl::unexpected(Error{"open", path, {code, std::generic_category()}, {}});
-    };
     struct stat facts {};
     // Before it is opened: opening alone sets some devices going.
     if (::fstatat(folder, name, &facts, rule == LinkRule::refuse ? AT_SYMLINK_NOFOLLOW : 0) != 0)
-        return failed(errno);
+        return corvane::failure("open", path, errno);
     if (!S_ISREG(facts.st_mode))
-        return failed(ENOTSUP);
-    // Something else may lie there by now; a pipe that nobody writes to would keep a plain open waiting.
+        return corvane::failure("open", path, ENOTSUP);
+    // Something else may lie there by now; a plain open would wait for a pipe that has no writer.
     const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | (rule == LinkRule::refuse ? O_NOFOLLOW : 0);
     FileDescriptor file(uninterrupted([&] { return ::openat(folder, name, flags); }));
     if (!file.isOpen() || ::fstat(file.number(), &facts) != 0)
-        return failed(errno);
+        return corvane::failure("open", path, errno);
     if (!S_ISREG(facts.st_mode))
-        return failed(ENOTSUP);
+        return corvane::failure("open", path, ENOTSUP);
     return std::unique_ptr<RegularFile>(new RegularFile(std::move(file), path));
 }
 
 tl::unexpected<Error> RegularFile::failure(const char *operation, int code) const
 {
-    return tl::unexpected(Error{operation, m_path, {code, std::generic_category()}, {}});
+    return corvane::failure(operation, m_path, code);
 }
 
 Expected<FileStatus> RegularFile::status()

@@ -173,7 +173,7 @@ TEST_F(CrashHandler, StackThatOverflowsIsReportedWithItsFrames)
 
 TEST_F(CrashHandler, CrashInAnotherThreadIsReported)
 {
-    EXPECT_THAT(reportOf("thread", SIGSEGV), HasSubstr("Thread: another than the main one\n"));
+    EXPECT_THAT(reportOf("thread", SIGSEGV), HasSubstr("Thread: not the main one\n"));
 }
 
 TEST_F(CrashHandler, CrashInSeveralThreadsAtOnceIsReportedOnce)

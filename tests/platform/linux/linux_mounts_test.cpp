@@ -1,7 +1,7 @@
 // What is mounted is never removed. Every mount is made in a mount namespace of its own, so it is seen by nobody
 // else and goes with the sandbox.
 
-#include "platform/mounts.h"
+#include "platform/mount.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -101,7 +101,7 @@ TEST_P(LinuxMounts, WhereTheMountsCannotBeToldNoFolderGoesButAFileDoes)
     const std::string answer = m_home.runSandboxed(
         {"--tmpfs", "/proc"}, "$probe " + GetParam() + " '" + m_home.folder / "home/work" + "'\n$probe " + GetParam() +
                                   " '" + m_home.folder / "home/file" + "'");
-    EXPECT_EQ(answer, "work: The system does not tell which disks are mounted.\ndone");
+    EXPECT_EQ(answer, "work: The system does not report which disks are mounted.\ndone");
     EXPECT_FALSE(m_home.folder.has("home/file"));
     expectNothingIsGone();
 }

@@ -241,7 +241,7 @@ TEST_F(LinuxPlaces, CachesOfToolsLieInTheFolderForCaches)
     set("XDG_CACHE_HOME", "/fast/cache");
     set("XDG_DATA_HOME", "/big/data");
     for (const std::string name : {"thumbnails", "drkonqi", "abrt", "yarn", "pip", "uv", "go-build", "ccache",
-                                   "sccache", "JetBrains", "huggingface", "huggingface/hub"})
+                                   "sccache", "JetBrains", "huggingface", "huggingface/hub", "a-new-tool"})
         EXPECT_EQ(linuxPlaceFor(".cache/" + name, folder.path()),
                   (OwnPlace{"/fast/cache/" + name, folder / ".cache/" + name}));
     for (const std::string name :

@@ -128,7 +128,7 @@ protected:
 
 TEST_F(TrashChangedMeanwhile, AnEmptiedOneLeavesTheItemInItsPlace)
 {
-    EXPECT_THAT(trashWhile("rm files/* info/*"), HasSubstr("The Trash was changed by another program meanwhile."));
+    EXPECT_THAT(trashWhile("rm files/* info/*"), HasSubstr("Another program has changed the Trash in the meantime."));
     EXPECT_EQ(contents(letter), "Dear");
     EXPECT_FALSE(home.folder.has("home/data/Trash/info/letter.txt.trashinfo"));
 }
@@ -137,7 +137,7 @@ TEST_F(TrashChangedMeanwhile, WhatSomebodyElsePutThereUnderThatNameStaysWithItsR
 {
     EXPECT_THAT(trashWhile("rm files/* info/* && echo other > files/letter.txt && "
                            "echo record > info/letter.txt.trashinfo"),
-                HasSubstr("The Trash was changed by another program meanwhile."));
+                HasSubstr("Another program has changed the Trash in the meantime."));
     EXPECT_EQ(contents(letter), "Dear");
     EXPECT_EQ(contents(home.folder / "home/data/Trash/files/letter.txt"), "other\n");
     EXPECT_EQ(contents(home.folder / "home/data/Trash/info/letter.txt.trashinfo"), "record\n");
@@ -158,7 +158,7 @@ TEST_F(TrashChangedMeanwhile, WhatSomebodyElsePutThereStaysAlsoUnderTheFileNumbe
             mv refill "$1"
         }
         refill files/letter.txt; refill info/letter.txt.trashinfo)sh";
-    EXPECT_THAT(trashWhile(script), HasSubstr("The Trash was changed by another program meanwhile."));
+    EXPECT_THAT(trashWhile(script), HasSubstr("Another program has changed the Trash in the meantime."));
     EXPECT_EQ(contents(letter), "Dear");
     EXPECT_EQ(contents(home.folder / "home/data/Trash/files/letter.txt"), "other\n");
     EXPECT_EQ(contents(home.folder / "home/data/Trash/info/letter.txt.trashinfo"), "other\n");
@@ -166,7 +166,7 @@ TEST_F(TrashChangedMeanwhile, WhatSomebodyElsePutThereStaysAlsoUnderTheFileNumbe
 
 TEST_F(TrashChangedMeanwhile, AMissingOneLeavesTheItemInItsPlace)
 {
-    EXPECT_THAT(trashWhile("rm -r ../Trash"), HasSubstr("The Trash was changed by another program meanwhile."));
+    EXPECT_THAT(trashWhile("rm -r ../Trash"), HasSubstr("Another program has changed the Trash in the meantime."));
     EXPECT_EQ(contents(letter), "Dear");
 }
 
@@ -534,7 +534,7 @@ TEST(LinuxTrash, FullDiskFailsAndTheItemStaysWithNothingLeftBehind)
         rm filler
         $probe trash "$HOME/second")");
     EXPECT_EQ(answer, "done\n" + std::to_string(ENOSPC) +
-                          " The disk is full: the Trash cannot note where the item came from.\n"
+                          " The disk is full: the Trash cannot record where the item came from.\n"
                           "second\n"
                           "data/Trash/files:\nfirst\n\ndata/Trash/info:\nfirst.trashinfo\n"
                           "done");
@@ -758,7 +758,7 @@ TEST_F(LinuxTrashOfAVolume, OfAFullDiskTakesItemsOfARequestAsLongAsTheirRecordsF
                 [ $(cat .Trash-$user/files/$i) = $i ] && grep -q "^Path=many/$i$" .Trash-$user/info/$i.trashinfo
             fi || echo $i is lost
         done)"),
-              "done\nsome stay\nsome go\n The disk is full: the Trash cannot note where the item came from.");
+              "done\nsome stay\nsome go\n The disk is full: the Trash cannot record where the item came from.");
 }
 
 TEST_F(LinuxTrashOfAVolume, KeepsWhatLiesThereWithoutARecord)

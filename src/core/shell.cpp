@@ -1,4 +1,4 @@
-#include "disk/shell.h"
+#include "core/shell.h"
 
 namespace corvane {
 

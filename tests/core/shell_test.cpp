@@ -1,4 +1,4 @@
-#include "disk/shell.h"
+#include "core/shell.h"
 
 #include <chrono>
 #include <csignal>
@@ -108,7 +108,7 @@ TEST_F(ShellTest, TheToolGetsTheProgramsOwnEnvironment)
     ::unsetenv("CORVANE_TEST_VARIABLE");
 }
 
-TEST_F(ShellTest, WhatTheToolWritesOnStandardErrorReachesNobody)
+TEST_F(ShellTest, StandardErrorOfTheToolIsDiscarded)
 {
     testing::internal::CaptureStderr();
     EXPECT_EQ(Shell::run(script("echo noise >&2; echo text"), {}), "text\n");

@@ -1,4 +1,4 @@
-#include "platform/mounts.h"
+#include "platform/mount.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-#include "platform/mounts.h"
+#include "platform/mount.h"
 
 #include <sys/stat.h>
 

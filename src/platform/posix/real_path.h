@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// The path with every link resolved, of any length; the item must exist. Any thread.
+/// The path with every link resolved; the item must exist. On Linux of any length. Any thread.
 [[nodiscard]] Expected<std::string> resolvedPath(const std::string &path);
 
 } // namespace corvane
