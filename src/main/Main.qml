@@ -5,8 +5,6 @@ import Corvane.Window
 /// The window with every screen that the program has.
 MainWindow {
     screens: SidebarModel {
-        store: Store
-
         WindowScreen {
             item: Store.SidebarItem.overview
             source: "screens/OverviewPage.qml"

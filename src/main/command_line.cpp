@@ -38,7 +38,7 @@ CommandLine CommandLine::parse(std::span<const std::string_view> arguments)
         } else if (!optionsEnded && argument.starts_with('-') && argument.size() > 1) {
             line = {.request = Request::wrong, .folder = {}, .error = unknownOption(argument)};
         } else if (hasFolder || argument.empty()) {
-            line = {.request = Request::wrong, .folder = {}, .error = "name one folder, or none"};
+            line = {.request = Request::wrong, .folder = {}, .error = "give one folder or none"};
         } else {
             line.folder = argument;
             hasFolder = true;

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include <QGuiApplication>
+#include <QQmlComponent>
 
 #include "core/path_guard.h"
 #include "main/folder_argument.h"
@@ -40,17 +41,20 @@ CorvaneApp::CorvaneApp(const QUrl &site, const UpdateConfiguration &updates, con
     StoreRegistration::setStore(&m_store);
     ServicesRegistration::setServices(&m_services);
     setUpShell(m_engine);
+    QObject::connect(&m_engine, &QQmlEngine::quit, QCoreApplication::instance(), &QCoreApplication::quit,
+                     Qt::QueuedConnection);
 }
 
 bool CorvaneApp::openWindow()
 {
     // Measuring keeps every core busy, which the window needs while it is made.
     m_store.holdBreakdown();
-    m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/App/Main.qml")));
-    m_window =
-        m_engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(m_engine.rootObjects().first());
+    QQmlComponent main(&m_engine, QUrl(QStringLiteral("qrc:/qt/qml/Corvane/App/Main.qml")));
+    m_root.reset(main.create());
+    m_window = qobject_cast<QQuickWindow *>(m_root.get());
     if (!m_window) {
-        std::fputs("corvane: the window could not be made; is the installation complete?\n", stderr);
+        std::fputs(qPrintable(main.errorString()), stderr);
+        std::fputs("corvane: the window could not be opened; is the installation complete?\n", stderr);
         return false;
     }
     QObject::connect(m_window, &QQuickWindow::sceneGraphError, m_window, endWithoutGraphics, Qt::DirectConnection);

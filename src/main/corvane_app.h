@@ -5,7 +5,7 @@
 #include <string>
 
 #include <QPointer>
-#include <QQmlApplicationEngine>
+#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QUrl>
 
@@ -42,10 +42,10 @@ public:
     [[nodiscard]] QQuickWindow *window() const { return m_window; }
 
 private:
-    /// What nobody can see yet when the window is drawn for the first time.
+    /// Makes what is not visible yet when the window is drawn for the first time.
     void finishStart();
-    /// Measures what can be cleaned, so that it is known by the time that a screen shows it. Not before the user has
-    /// been told what for: a system that guards folders asks about them one by one.
+    /// Measures what can be cleaned, so that the figures are there when a screen shows them. Not before the welcome has
+    /// said what for: a system that guards folders asks about them one by one.
     void measureCleanup();
 
     // In this order: the window state reads the window, the window reads the store and the services.
@@ -55,7 +55,9 @@ private:
     API m_api;
     CrashReporter m_crashReporter;
     Services m_services;
-    QQmlApplicationEngine m_engine;
+    // Not an application engine: it would look for variants of every file, of which there are none.
+    QQmlEngine m_engine;
+    std::unique_ptr<QObject> m_root;
     QPointer<QQuickWindow> m_window;
     std::optional<WindowState> m_windowState;
 };

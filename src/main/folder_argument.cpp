@@ -34,7 +34,7 @@ Judged<std::string> folderArgument(std::string_view argument, FileSystem &files)
     const std::string path = isHere ? pathOfFileUrl(url) : std::string();
     if (path.empty() || path.find('\0') != std::string::npos)
         return tl::unexpected(std::string(argument) +
-                              " is not on a disk of this computer; mount it and give the folder that it is mounted at");
+                              " is not on a disk of this computer; mount it and give the folder where it is mounted");
     return existingFolder(path, files);
 }
 

@@ -30,7 +30,7 @@ CommandLine commandLine(int argc, char **argv)
     return CommandLine::parse(arguments);
 }
 
-// Without a display Qt's constructor says why in several lines and calls abort(); nobody needs the crash.
+// Without a display Qt's constructor prints several lines and calls abort(); one line does, without a crash report.
 void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString &)
 {
     if (type != QtFatalMsg)

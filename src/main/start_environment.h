@@ -13,7 +13,7 @@ namespace corvane {
 
 /// How a desktop started the program: from its menu, or from a file manager.
 struct DesktopStart {
-    bool isOne = false;          ///< nobody reads then what the program writes
+    bool isOne = false;          ///< then no terminal shows what the program writes
     std::string activationToken; ///< lets the window come to the front; empty where the desktop gave none
 };
 

@@ -17,8 +17,7 @@
 namespace corvane {
 
 /// Finds the reports of this program's earlier crashes and sends them where the user wants that. Nothing is sent before
-/// the user has allowed it, once or for good. Main thread only; the
-/// reports are read on a thread of its own.
+/// the user has allowed it, once or for good. Main thread only; the reports are read on a thread of its own.
 class CrashReporter : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool showPrompt READ showPrompt WRITE setShowPrompt NOTIFY showPromptChanged)

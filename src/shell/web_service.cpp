@@ -19,13 +19,13 @@ namespace corvane {
 
 namespace {
 
-// An answer is a few words; one that goes on and on is not read to its end.
+// An answer is a few words; a longer one is not read to its end.
 constexpr qint64 mostAnswer = 8LL * 1024 * 1024;
 constexpr qint64 readBuffer = 64LL * 1024;
 constexpr qsizetype mostMessage = 300; // UTF-16 units: some lines of the form
 
-/// Hands its bytes out once. Qt sends what it can rewind a second time by itself when the connection ends before the
-/// answer, although the service may have taken the message.
+/// Can be read once. When the connection ends before the answer, Qt repeats a request whose body it can rewind,
+/// although the service may have taken the message.
 class SingleUseBody final : public QIODevice {
 public:
     explicit SingleUseBody(QByteArray bytes) : m_bytes(std::move(bytes))

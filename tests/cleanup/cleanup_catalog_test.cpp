@@ -223,7 +223,7 @@ TEST_F(CleanupCatalogTest, AListingThatFailsHalfwayIsNotAccessible)
     EXPECT_TRUE(item.entries.empty());
 }
 
-TEST(CleanupOwner, IsToldOfAFolderThatCannotBeListedAndIsSomebodyElses)
+TEST(CleanupOwner, IsKnownOfAFolderThatCannotBeListedAndBelongsToAnother)
 {
     constexpr const char *caches = "/home/u/.gradle/caches";
     const auto ownerOf = [&](const std::string &owner, SystemKind kind) {

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
-#include <QElapsedTimer>
 #include <QSignalSpy>
 
 #include "cleanup/cleanup_fixture.h"
@@ -17,7 +16,7 @@ using testing::Contains;
 
 class CleanupListModelTest : public test::CleanupFixture {
 protected:
-    CleanupListModelTest() { model.setStore(&store); }
+    using CleanupFixture::CleanupFixture;
 
     [[nodiscard]] QVariant data(int row, int role) const { return model.data(model.index(row), role); }
     [[nodiscard]] QString text(int row, int role = Model::TitleRole) const { return data(row, role).toString(); }
@@ -41,7 +40,7 @@ protected:
     }
     void expand(const QString &title) { model.setExpanded(rowOf(title), true); }
 
-    CleanupListModel model;
+    CleanupListModel model{store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
@@ -173,13 +172,10 @@ TEST_F(CleanupListModelTest, OpeningTakesItsTimeAndClosingKeepsTheRowsUntilItIsD
     Theme::instance()->setReducedMotion(false);
     addCaches(2);
     measure();
-    QElapsedTimer clock;
-    clock.start();
     expand(caches);
     EXPECT_EQ(entries().size(), 2);
     EXPECT_LT(data(2, Model::OpeningRole).toDouble(), 0.2);
     ASSERT_TRUE(QTest::qWaitFor([&] { return data(2, Model::OpeningRole).toDouble() == 1; }));
-    EXPECT_GE(clock.elapsed(), 170);
 
     model.setExpanded(1, false);
     EXPECT_FALSE(data(1, Model::ExpandedRole).toBool());
@@ -494,37 +490,34 @@ TEST_F(CleanupListModelTest, TheCardOfARowIsTheOneAboveIt)
 
 // --- Many
 
-TEST_F(CleanupListModelTest, TenThousandEntriesAndFiveThousandBuildFoldersAreFollowedWithinAFrameOrFew)
+TEST_F(CleanupListModelTest, OfTenThousandEntriesAndFiveThousandBuildFoldersOnlyWhatChangesIsTold)
 {
     addCaches(10'000);
     for (int i = 0; i < 5'000; ++i)
         addProject("p" + std::to_string(i), 1'000'000 + i * 4'096);
     scanHome();
     ASSERT_EQ(titles(QStringLiteral("artifact")).size(), 5'000);
-    const auto timed = [](const auto &work) {
-        QElapsedTimer clock;
-        clock.start();
-        work();
-        return clock.elapsed();
-    };
-    constexpr int fewFrames = 100; // milliseconds, on a busy machine without optimisation
-    // What makes the list, as opening the screen does.
-    EXPECT_LT(timed([&] { CleanupListModel().setStore(&store); }), fewFrames);
-    EXPECT_LT(timed([&] { expand(caches); }), fewFrames);
-    EXPECT_LT(timed([&] { select("Projects/p7/node_modules"); }), fewFrames);
-    EXPECT_LT(timed([&] { store.finishCleanup(store.cleanupItems(), store.cleanupToken()); }), fewFrames);
+    expand(caches);
+    const int rows = model.rowCount();
+
+    const QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+    const QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    const QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+    const QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    select("Projects/p7/node_modules");
+    EXPECT_FALSE(changed.isEmpty());
+    store.finishCleanup(store.cleanupItems(), store.cleanupToken());
+    EXPECT_EQ(model.rowCount(), rows);
+    EXPECT_EQ(reset.count() + inserted.count() + removed.count(), 0);
+    EXPECT_LE(changed.count(), 4);
 }
 
 // --- A Linux system
 
 class LinuxCleanupListTest : public CleanupListModelTest {
 protected:
-    LinuxCleanupListTest()
-    {
-        fake.files.setSystemKind(SystemKind::linuxSystem);
-        model.setStore(nullptr);
-        model.setStore(&store);
-    }
+    LinuxCleanupListTest() : CleanupListModelTest(SystemKind::linuxSystem) {}
+
     void addPackageCache(std::int64_t size)
     {
         fake.files.addFile("/usr/bin/apt", 1);

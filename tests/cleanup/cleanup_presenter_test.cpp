@@ -12,8 +12,7 @@ namespace {
 
 class CleanupPresenterTest : public test::CleanupFixture {
 protected:
-    CleanupPresenterTest() { presenter.setStore(&store); }
-    CleanupPresenter presenter;
+    CleanupPresenter presenter{store};
 };
 
 TEST_F(CleanupPresenterTest, BeforeAMeasurementThereIsNothingToSay)

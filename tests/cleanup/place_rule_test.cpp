@@ -45,7 +45,7 @@ TEST_F(PlaceRuleTest, APlaceThatIsMissingHolds)
     EXPECT_EQ(placeWhereCachesAre("/home/me/.cache"), "/home/me/.cache");
 }
 
-TEST_F(PlaceRuleTest, AFolderThatIsNobodysOwnHolds)
+TEST_F(PlaceRuleTest, AFolderThatIsNotTheUsersOwnHolds)
 {
     for (const char *folder : {"/data/cache", "/tmp/mine", "/home/me/src"})
         EXPECT_EQ(placeWhereCachesAre(folder), folder);
@@ -90,7 +90,7 @@ TEST_F(PlaceRuleTest, AHomeThatIsSeenInASystemPlaceAsWellKeepsItsUsualPlaces)
     EXPECT_EQ(placeWhereCachesAre("/home/me/.cache"), "/home/me/.cache");
 }
 
-TEST_F(PlaceRuleTest, TheHomeOfTheAccountIsRefusedWhereHomeSaysSomethingElse)
+TEST_F(PlaceRuleTest, TheHomeOfTheAccountIsRefusedWhereHomeIsSetElsewhere)
 {
     const std::string account = Environment::accountHome();
     files.addFolder(account);

@@ -103,8 +103,8 @@ TEST_F(StartJourney, TheDesktopMayOpenAnAddressAndIsToldInTheWindowWhatIsWrong)
     EXPECT_FALSE(
         call(QStringLiteral("Open"), {QStringList{QStringLiteral("sftp://host/files")}, QVariantMap()}).isError());
     waitForToast();
-    EXPECT_EQ(toast(), "sftp://host/files is not on a disk of this computer; mount it and give the folder that it is "
-                       "mounted at");
+    EXPECT_EQ(toast(),
+              "sftp://host/files is not on a disk of this computer; mount it and give the folder where it is mounted");
 }
 
 TEST_F(StartJourney, AStartThatSeesAnotherDisplayOrDiskIsRefused)

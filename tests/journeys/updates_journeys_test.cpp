@@ -67,7 +67,7 @@ TEST_F(UpdatesJourney, ForgedDownloadIsRefusedInOneLine)
     check();
     waitForText(QStringLiteral("Corvane 1.2.0 is available"));
     press(Qt::Key_Return);
-    waitForText(QStringLiteral("The download's signature is wrong. It was deleted."));
+    waitForText(QStringLiteral("The download's signature is not valid. It was deleted."));
     EXPECT_TRUE(std::filesystem::is_empty(downloads()));
     press(Qt::Key_Return);
     waitForPopupClosed(QStringLiteral("update"));

@@ -8,8 +8,7 @@
 
 #include "lists/lists_fixture.h"
 #include "lists/ui/file_list_presenter.h"
-#include "shell/quick_scene.h"
-#include "shell/ui/store_registration.h"
+#include "shell/screen_scene.h"
 
 namespace corvane {
 namespace {
@@ -17,26 +16,19 @@ namespace {
 /// The whole screens in a window of their own, worked by mouse and keyboard.
 class FileListsScreensTest : public test::ListsFixture {
 protected:
-    FileListsScreensTest() { StoreRegistration::setStore(&store); }
-
     void show(const QByteArray &screen, QSize size = {1064, 744})
     {
         addMany();
         scanHome();
-        scene = std::make_unique<QuickScene>("Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Lists/" +
-                                             screen + ".qml\" }");
+        scene = std::make_unique<ScreenScene>("Lists/" + screen, size);
         ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
-        scene->window()->resize(size);
-        QTest::mouseMove(scene->window(), QPoint(1, 1));
-        settle();
         const auto *const presenter =
             scene->item("lists.table")->parentItem()->parentItem()->property("presenter").value<FileListPresenter *>();
         ASSERT_NE(presenter, nullptr);
         model = const_cast<FileListPresenter *>(presenter)->files();
     }
     void showLarge(QSize size = {1064, 744}) { show("LargeFilesScreen", size); }
-    /// A list makes and drops its rows when it is next drawn.
-    static void settle() { QTest::qWait(50); }
+    static void settle() { ScreenScene::settle(); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         scene->key(key, modifiers);
@@ -59,24 +51,15 @@ protected:
         settle();
     }
     [[nodiscard]] QQuickItem *title(const QString &name) const { return scene->named(name, QAccessible::Button); }
-    [[nodiscard]] bool shows(const QString &text) const
-    {
-        return scene->find([&](QQuickItem *item) { return item->property("text").toString() == text; }) != nullptr;
-    }
-    /// Presses Tab until the item has the keyboard.
-    [[nodiscard]] bool tabTo(const QQuickItem *item) const
-    {
-        for (int stops = 0; stops < 20 && !item->hasActiveFocus(); ++stops)
-            scene->key(Qt::Key_Tab);
-        return item->hasActiveFocus();
-    }
+    [[nodiscard]] bool shows(const QString &text) const { return scene->shows(text); }
+    [[nodiscard]] bool tabTo(const QQuickItem *item) const { return scene->tabTo(item); }
     void takeKeyboard()
     {
         ASSERT_TRUE(tabTo(scene->item("lists.table")));
         settle();
     }
 
-    std::unique_ptr<QuickScene> scene;
+    std::unique_ptr<ScreenScene> scene;
     FileTableModel *model = nullptr;
 };
 

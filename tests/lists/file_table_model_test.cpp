@@ -21,7 +21,6 @@ protected:
     {
         addMany();
         scanHome();
-        presenter.setStore(&store);
     }
     [[nodiscard]] QVariant data(int row, int role) { return ListsFixture::data(model, row, role); }
     [[nodiscard]] Qt::CheckState check(int row) { return data(row, Model::CheckStateRole).value<Qt::CheckState>(); }
@@ -34,7 +33,7 @@ protected:
         return names;
     }
 
-    LargeFilesPresenter presenter;
+    LargeFilesPresenter presenter{store};
     Model &model = *presenter.files();
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };

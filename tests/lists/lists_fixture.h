@@ -1,41 +1,34 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
-#include <gtest/gtest.h>
-
-#include <QTest>
-
-#include "core/store/storage_store.h"
 #include "lists/ui/file_table_model.h"
-#include "platform/fake_host.h"
-#include "shell/ui/theme.h"
+#include "shell/store_over_a_home.h"
 
 namespace corvane::test {
 
-/// A store over a home folder in memory, "/home/studio", on 22 November 2026. The tests describe what the home holds
-/// and then scan it.
-class ListsFixture : public testing::Test {
-protected:
-    static constexpr std::int64_t megabyte = 1'000'000;
-
-    ListsFixture()
-    {
-        fake.files.setHome(home);
-        fake.files.setPackageExtensions({"photoslibrary"});
-        Theme::instance()->setReducedMotion(true);
-    }
-    ~ListsFixture() override { Theme::instance()->setReducedMotion(false); }
-
+struct SetClock {
+    /// At noon.
     [[nodiscard]] static Time date(int year, unsigned month, unsigned day)
     {
         return std::chrono::sys_days(std::chrono::year(year) / month / day) + std::chrono::hours(12);
     }
-    void addFile(const std::string &relative, std::int64_t size, Time modified = distantPast)
+
+    Time now = date(2026, 11, 22);
+};
+
+/// A store for tests of lists of files, on 22 November 2026.
+class ListsFixture : public testing::Test, protected SetClock, protected StoreOverAHome, WithoutMotion {
+protected:
+    static constexpr std::int64_t megabyte = 1'000'000;
+
+    ListsFixture() : StoreOverAHome(SystemKind::linuxSystem, {.now = [this] { return now; }})
     {
-        fake.files.addFile(at(relative), size, modified);
+        fake.files.setPackageExtensions({"photoslibrary"});
     }
+
     /// Films, archives and a library, each with a date; the largest is new.
     void addMany()
     {
@@ -46,17 +39,6 @@ protected:
         addFile("Documents/undated.pdf", 500 * megabyte);
         addFile("Documents/little.pdf", 20 * megabyte, date(2021, 1, 1));
     }
-    void scanHome()
-    {
-        store.scanHome();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, 20'000));
-    }
-    /// As though the item had been moved to the Trash.
-    void removeItem(const std::string &relative, std::int64_t size)
-    {
-        store.didRemove({.removed = {{at(relative), size}}, .failures = {}}, false);
-    }
-    [[nodiscard]] std::string at(const std::string &relative) const { return home + "/" + relative; }
 
     [[nodiscard]] static QVariant data(const FileTableModel &model, int row, int role)
     {
@@ -78,13 +60,6 @@ protected:
         }
         return names;
     }
-
-    const std::string home = "/home/studio";
-    FakeHost fake;
-    Host host = fake.host();
-    ProtectedLocations locations{home, ProtectedPlaces{}};
-    Time now = date(2026, 11, 22);
-    StorageStore store{host, locations, {.now = [this] { return now; }}};
 };
 
 } // namespace corvane::test

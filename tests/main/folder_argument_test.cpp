@@ -46,9 +46,9 @@ TEST_F(FolderArgumentTest, RefusesAnAddressThatNoDiskOfThisComputerHolds)
 {
     for (const char *const address :
          {"sftp://host/home/ann", "smb://host/share", "trash:///", "file://host/home", "file:///a%00b"})
-        EXPECT_EQ(refusal(address), std::string(address) +
-                                        " is not on a disk of this computer; mount it and give the folder that "
-                                        "it is mounted at");
+        EXPECT_EQ(refusal(address),
+                  std::string(address) +
+                      " is not on a disk of this computer; mount it and give the folder where it is mounted");
 }
 
 TEST_F(FolderArgumentTest, RefusesWhatIsNoFolderAlsoInAnAddress)

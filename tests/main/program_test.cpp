@@ -49,7 +49,7 @@ TEST_F(WindowProgramTest, AnAddressOfAnotherComputerIsRefused)
     const ProgramResult result = run({"sftp://host/files"});
     EXPECT_EQ(result.exitStatus, 2);
     EXPECT_EQ(result.errors, "corvane: sftp://host/files is not on a disk of this computer; mount it and give the "
-                             "folder that it is mounted at\n");
+                             "folder where it is mounted\n");
 }
 
 // Nobody would read the line.

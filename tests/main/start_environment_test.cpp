@@ -45,7 +45,7 @@ TEST_F(StartEnvironmentTest, AnEmptyHomeIsRefusedWithOneLineAndTheAccountsIsUsed
     EXPECT_EQ(home(), Environment::accountHome());
 }
 
-TEST_F(StartEnvironmentTest, AnAbsoluteHomeStaysAsItIsAndNothingIsSaid)
+TEST_F(StartEnvironmentTest, AnAbsoluteHomeStaysAsItIsWithoutAMessage)
 {
     ::setenv("HOME", "/some/where", 1);
     EXPECT_EQ(settleEnvironment(), std::nullopt);

@@ -68,7 +68,7 @@ TEST_F(UserSettingsTest, AFileThatIsADeviceDoesNotHoldUpTheStart)
     expectKeptForThisRun();
 }
 
-TEST_F(UserSettingsTest, ALockThatNobodyCanTakeAwayDoesNotHoldUpTheStart)
+TEST_F(UserSettingsTest, ALockThatCannotBeRemovedDoesNotHoldUpTheStart)
 {
     const std::string lock = file() + ".lock";
     ASSERT_EQ(::mkdir(lock.c_str(), 0700), 0);

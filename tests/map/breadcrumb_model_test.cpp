@@ -16,7 +16,6 @@ protected:
     {
         addFile("Projects/harbor-app/build/products/release/a.o", 3'000'000);
         addFile("Films/a.mov", 2'000'000);
-        model.setStore(&store);
     }
 
     [[nodiscard]] QStringList names() const
@@ -40,7 +39,7 @@ protected:
         return width + 20 * (shown - 1); // a caret of 12 with 4 on each side
     }
 
-    BreadcrumbModel model;
+    BreadcrumbModel model{store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 

@@ -11,8 +11,7 @@ namespace {
 
 class ExplorerPresenterTest : public test::ExplorerFixture {
 protected:
-    ExplorerPresenterTest() { presenter.setStore(&store); }
-    ExplorerPresenter presenter;
+    ExplorerPresenter presenter{store};
 };
 
 TEST_F(ExplorerPresenterTest, BeforeAScanThereIsNothingToSay)
@@ -102,7 +101,8 @@ TEST_F(ExplorerPresenterTest, AnUnreadableRootIsLocked)
     EXPECT_TRUE(presenter.isEmpty());
     EXPECT_EQ(presenter.emptySymbol(), QStringLiteral("lock"));
     EXPECT_EQ(presenter.emptyTitle(), QStringLiteral("Can't read this folder"));
-    EXPECT_EQ(presenter.emptyText(), QStringLiteral("It belongs to somebody else, and you may not read it."));
+    EXPECT_EQ(presenter.emptyText(),
+              QStringLiteral("It belongs to another user, and you don't have permission to read it."));
     fake.files.setSystemKind(SystemKind::mac);
     EXPECT_EQ(presenter.emptyText(),
               QStringLiteral("macOS blocked access. Granting Full Disk Access usually fixes this."));

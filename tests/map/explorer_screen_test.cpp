@@ -10,8 +10,7 @@
 
 #include "map/explorer_fixture.h"
 #include "map/ui/treemap_view.h"
-#include "shell/quick_scene.h"
-#include "shell/ui/store_registration.h"
+#include "shell/screen_scene.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -20,7 +19,7 @@ namespace {
 constexpr int patience = 5'000; // milliseconds
 
 /// The whole screen in a window of its own, worked by mouse and keyboard.
-class ExplorerScreenTest : public test::ExplorerFixture {
+class ExplorerScreenTest : public test::ExplorerFixture, WithoutMotion {
 protected:
     ExplorerScreenTest()
     {
@@ -32,10 +31,7 @@ protected:
         addFile("Library/Caches/c", 8'000'000);
         addFile("small1", 900'000);
         addFile("small2", 800'000);
-        Theme::instance()->setReducedMotion(true);
-        StoreRegistration::setStore(&store);
     }
-    ~ExplorerScreenTest() override { Theme::instance()->setReducedMotion(false); }
 
     void show(QSize size = {1064, 700})
     {
@@ -44,12 +40,8 @@ protected:
     }
     void showScreen(QSize size = {1064, 700})
     {
-        scene = std::make_unique<QuickScene>(
-            "Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Map/ExplorerScreen.qml\" }");
+        scene = std::make_unique<ScreenScene>("Map/ExplorerScreen", size);
         ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
-        scene->window()->resize(size);
-        QTest::mouseMove(scene->window(), QPoint(1, 1));
-        QTest::qWait(50);
         ASSERT_NE(map(), nullptr);
     }
 
@@ -95,15 +87,9 @@ protected:
     {
         QTest::mouseClick(scene->window(), mouseButton, Qt::NoModifier, item->mapToScene(place).toPoint());
     }
-    /// Tab until the item has the focus.
-    [[nodiscard]] bool tabTo(const QQuickItem *item)
-    {
-        for (int i = 0; i < 20 && !item->hasActiveFocus(); ++i)
-            scene->key(Qt::Key_Tab);
-        return item->hasActiveFocus();
-    }
+    [[nodiscard]] bool tabTo(const QQuickItem *item) const { return scene->tabTo(item); }
 
-    std::unique_ptr<QuickScene> scene;
+    std::unique_ptr<ScreenScene> scene;
 };
 
 const QString films = QStringLiteral("Films, Folder, 50 MB");
@@ -176,7 +162,7 @@ TEST_F(ExplorerScreenTest, HoveringATileMarksItsRow)
     const QPointF place =
         map()->layout().rect(map()->layout().indexOf(node("Projects").get())).topLeft() + QPointF(20, 8);
     QTest::mouseMove(scene->window(), map()->mapToScene(place).toPoint());
-    EXPECT_TRUE(row(projects)->property("marked").toBool());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return row(projects)->property("marked").toBool(); }, patience));
     EXPECT_FALSE(row(films)->property("marked").toBool());
 }
 

@@ -29,7 +29,6 @@ protected:
         addFile("X.app/Contents/MacOS/x", 5'000'000);
         addFile("small1", 1'000);
         addFile("small2", 2'000);
-        model.setStore(&store);
     }
 
     [[nodiscard]] QVariant data(int row, int role) const { return model.data(model.index(row), role); }
@@ -46,7 +45,7 @@ protected:
     }
     [[nodiscard]] int rowOf(const QString &name) const { return static_cast<int>(names().indexOf(name)); }
 
-    FolderContentsModel model;
+    FolderContentsModel model{store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
@@ -460,8 +459,7 @@ TEST_F(LargeFolderTest, AHundredThousandRowsAreRightToTheLast)
     root->fileCount = count;
     install(root);
 
-    FolderContentsModel model;
-    model.setStore(&store);
+    FolderContentsModel model{store};
     store.open(big);
     ASSERT_EQ(model.rowCount(), count);
     for (int i = 0; i < 100; ++i)

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QPainter>
 
 #include "map/treemap_builder.h"
 #include "shell/ui/theme.h"
@@ -22,12 +21,11 @@ protected:
         QImage image(QSize(200, 200) * ratio, QImage::Format_ARGB32_Premultiplied);
         image.setDevicePixelRatio(ratio);
         image.fill(ground);
-        QPainter painter(&image);
         const Theme &theme = *Theme::instance();
         TreemapPainter(tones, {.name = theme.secondarySemiboldFont(),
                                .nestedName = theme.captionMediumFont(),
                                .size = theme.captionFiguresFont()})
-            .paint(painter, tiles);
+            .paint(image, tiles);
         return image;
     }
 

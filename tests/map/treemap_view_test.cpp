@@ -50,9 +50,8 @@ protected:
     void showWindow(QSize size = {600, 400})
     {
         window.resize(size);
-        view = new TreemapView(window.contentItem());
+        view = new TreemapView(store, window.contentItem());
         view->setSize(size);
-        view->setStore(&store);
         window.show();
         window.requestActivate();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -106,6 +105,25 @@ TEST_F(TreemapViewTest, TheDeepestTileUnderThePointerIsHovered)
     hover(tile("Films"));
     EXPECT_EQ(view->hoveredTile(), tile("Films"));
     EXPECT_EQ(view->hoveredRow(), 0);
+}
+
+TEST_F(TreemapViewTest, ManyMovementsWithinOneFrameAreToldOnce)
+{
+    show();
+    drawFrame();
+    leave();
+    const QSignalSpy hovered(view, &TreemapView::hoverChanged);
+    const QSignalSpy moved(view, &TreemapView::pointerChanged);
+    for (const int x : {20, 21, 22, 23}) {
+        const QPointF place = view->layout().rect(tile("Films")).topLeft() + QPointF(x, 8);
+        QHoverEvent event(QEvent::HoverMove, place, place, place);
+        QCoreApplication::sendEvent(view, &event);
+        EXPECT_EQ(view->pointer(), place);
+    }
+    EXPECT_EQ(moved.count(), 0);
+    drawFrame();
+    EXPECT_EQ(hovered.count(), 1);
+    EXPECT_EQ(moved.count(), 1);
 }
 
 TEST_F(TreemapViewTest, TheHandIsShownOverFoldersAndPackagesOnly)
@@ -482,10 +500,9 @@ TEST_F(TreemapViewTest, AFolderWithoutItemsShowsNoTiles)
     EXPECT_EQ(store.currentFolder(), store.root());
 }
 
-TEST_F(TreemapViewTest, WithoutAStoreThereIsNothing)
+TEST_F(TreemapViewTest, WithoutAScanThereIsNothing)
 {
-    show();
-    view->setStore(nullptr);
+    showWindow();
     EXPECT_EQ(view->layout().count(), 0);
     QTest::mouseMove(&window, QPoint(100, 100));
     EXPECT_EQ(view->hoveredTile(), -1);

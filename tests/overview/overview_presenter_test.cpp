@@ -6,17 +6,15 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 
-#include "overview/overview_fixture.h"
+#include "cleanup/cleanup_fixture.h"
 
 namespace corvane {
 namespace {
 
 using testing::Contains;
 
-class OverviewPresenterTest : public test::OverviewFixture {
+class OverviewPresenterTest : public test::CleanupFixture {
 protected:
-    OverviewPresenterTest() { presenter.setStore(&store); }
-
     [[nodiscard]] static QStringList titles(const OverviewRowsModel &model)
     {
         QStringList result;
@@ -25,7 +23,7 @@ protected:
         return result;
     }
 
-    OverviewPresenter presenter;
+    OverviewPresenter presenter{store};
 };
 
 // --- The header and the volume

@@ -6,6 +6,10 @@
 
 #include <QFile>
 
+#include "cleanup/cleanup_catalog.h"
+#include "core/systems/cleanup_table.h"
+#include "core/systems/disk_table.h"
+
 namespace corvane {
 namespace {
 
@@ -78,6 +82,20 @@ TEST(IconProvider, EverySymbolIsEmbeddedInTheWeightsThatScreensUse)
         EXPECT_TRUE(QFile::exists(file(symbol.icon, IconWeight::fill))) << symbol.name;
         EXPECT_TRUE(QFile::exists(file(symbol.icon, IconWeight::light))) << symbol.name;
         EXPECT_GT(coveredPixels(renderIcon(symbol.icon, symbol.weight, Qt::black, 32)), 20) << symbol.name;
+    }
+}
+
+TEST(IconProvider, EverySymbolOfTheTablesIsKnown)
+{
+    const auto expectKnown = [](const auto &rows) {
+        for (const auto &row : rows)
+            EXPECT_TRUE(findSymbol(row.symbol)) << row.id << ": " << row.symbol;
+    };
+    expectKnown(CleanupCatalog::definitions);
+    for (const SystemKind kind : {SystemKind::mac, SystemKind::linuxSystem}) {
+        expectKnown(cleanupTableOf(kind).rows);
+        expectKnown(cleanupTableOf(kind).commands);
+        expectKnown(diskTableOf(kind).places);
     }
 }
 

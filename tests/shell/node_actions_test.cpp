@@ -23,8 +23,8 @@ protected:
         addFile("Library/Keychains/x.db", 2'000'000);
         scanHome();
     }
-    void target(const std::string &relative) { actions.setTarget(&store, node(relative)); }
-    NodeActions actions;
+    void target(const std::string &relative) { actions.setTarget(node(relative)); }
+    NodeActions actions{store};
 };
 
 TEST_F(NodeActionsTest, AFileOpensInItsOwnProgram)
@@ -62,10 +62,10 @@ TEST_F(NodeActionsTest, AFileThatIsGoneIsNotOpened)
 
 TEST_F(NodeActionsTest, AFileShownElsewhereOpensInItsOwnProgramAndAFolderInTheMap)
 {
-    actions.setTarget(&store, at("Films/a.mov"), 3'000'000);
+    actions.setTarget(at("Films/a.mov"), 3'000'000);
     EXPECT_EQ(actions.openText(), QStringLiteral("Open"));
     EXPECT_TRUE(actions.canOpen());
-    actions.setTarget(&store, at("Films"), 3'000'000);
+    actions.setTarget(at("Films"), 3'000'000);
     EXPECT_EQ(actions.openText(), QStringLiteral("Open in Space Map"));
     EXPECT_TRUE(actions.canOpen());
 }

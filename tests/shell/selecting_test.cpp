@@ -91,7 +91,7 @@ TEST_F(SelectingTest, WhatMayNotBeSelectedStaysOutAndDoesNotKeepTheLocationMixed
                                                           .trashParts = {}}};
     fake.files.addFolder(at("Library"));
     fake.files.addLink(at("Library/Logs"), "/srv/files");
-    StorageStore guarded(host, strict);
+    StorageStore guarded(host(), strict);
     guarded.refreshCleanup();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !guarded.cleanupLoading(); }, 20'000));
     const CleanupItem logs =
@@ -115,7 +115,7 @@ TEST_F(SelectingTest, ALocationOfNothingButProtectedItemsCannotBeChecked)
                                                           .homePrefixes = {},
                                                           .trashFolders = {},
                                                           .trashParts = {}}};
-    StorageStore guarded(host, strict);
+    StorageStore guarded(host(), strict);
     guarded.refreshCleanup();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !guarded.cleanupLoading(); }, 20'000));
     const CleanupItem npm =

@@ -41,5 +41,11 @@ TEST(StoreRegistration, StoreOutlivesTheEngine)
     EXPECT_FALSE(destroyed);
 }
 
+TEST(StoreRegistration, WithoutAStoreNoPresenterIsMade)
+{
+    StoreRegistration::setStore(nullptr);
+    EXPECT_DEATH(static_cast<void>(StoreRegistration::store()), "setStore was not called");
+}
+
 } // namespace
 } // namespace corvane

@@ -11,24 +11,13 @@
 #include <QPalette>
 #include <QSignalSpy>
 
-#include "platform/desktop.h"
+#include "platform/fake_desktop.h"
 #include "shell/contrast.h"
 #include "shell/ui/color_scheme_setting.h"
 #include "shell/ui/fonts.h"
 
 namespace corvane {
 namespace {
-
-class FakeDesktop : public Desktop {
-public:
-    Expected<void> reveal(const std::string &, FailureHandler) override { return {}; }
-    Expected<void> openUrl(const std::string &) override { return {}; }
-    void activateApplication() override {}
-    void log(std::string_view) override {}
-    bool prefersReducedMotion() override { return reducedMotion; }
-
-    bool reducedMotion = false;
-};
 
 class FakeSetting : public ColorSchemeSetting {
 public:
@@ -115,7 +104,7 @@ TEST_F(ThemeTest, MovementsTakeNoTimeUnderReducedMotion)
     EXPECT_EQ(theme.motion(220), 220);
 
     // The wish is asked for again when something in the system changes.
-    desktop.reducedMotion = true;
+    desktop.setPrefersReducedMotion(true);
     QEvent activated(QEvent::ApplicationStateChange);
     QCoreApplication::sendEvent(qApp, &activated);
     EXPECT_TRUE(theme.reducedMotion());

@@ -46,8 +46,6 @@ AppList {
     }
     model: CleanupListModel {
         id: contents
-
-        store: Store
     }
     delegate: DelegateChooser {
         role: "kind"

@@ -13,8 +13,6 @@ Rectangle {
 
     CleanupPresenter {
         id: presenter
-
-        store: Store
     }
     ListHeader {
         id: header

@@ -18,8 +18,7 @@ void CardOpening::setExpanded(bool expanded)
     m_expanded = expanded;
     const double end = expanded ? 1 : 0;
     m_movement.stop();
-    const Theme &theme = *Theme::instance();
-    const int duration = theme.motion(theme.property("expandDuration").toInt());
+    const int duration = Theme::instance()->motion(Theme::expandDuration());
     if (duration == 0) {
         setPart(end);
         return;

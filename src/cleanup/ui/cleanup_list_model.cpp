@@ -4,7 +4,6 @@
 
 #include "cleanup/cleanup_items.h"
 #include "cleanup/ui/cleanup_row_data.h"
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/selecting.h"
 
@@ -19,20 +18,13 @@ const QList<int> checkRoles{CleanupListModel::CheckStateRole, CleanupListModel::
 
 } // namespace
 
-CleanupListModel::CleanupListModel(QObject *parent) : RowListModel(parent), m_rows(makeRows()) {}
-
-void CleanupListModel::setStore(StorageStore *store)
+CleanupListModel::CleanupListModel(StorageStore &store, QObject *parent) : RowListModel(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::cleanupChanged, this, &CleanupListModel::follow);
-        connect(m_store, &StorageStore::cleanupCommandsChanged, this, &CleanupListModel::install);
-        connect(m_store, &StorageStore::treeChanged, this, &CleanupListModel::follow);
-        connect(m_store, &StorageStore::phaseChanged, this, [this] { announceAll({WorkingRole}); });
-        connect(m_store, &StorageStore::selectionChanged, this, &CleanupListModel::followSelection);
-    }
-    emit storeChanged();
+    connect(&m_store, &StorageStore::cleanupChanged, this, &CleanupListModel::follow);
+    connect(&m_store, &StorageStore::cleanupCommandsChanged, this, &CleanupListModel::install);
+    connect(&m_store, &StorageStore::treeChanged, this, &CleanupListModel::follow);
+    connect(&m_store, &StorageStore::phaseChanged, this, [this] { announceAll({WorkingRole}); });
+    connect(&m_store, &StorageStore::selectionChanged, this, &CleanupListModel::followSelection);
     follow();
 }
 
@@ -45,23 +37,16 @@ std::vector<CleanupRow> CleanupListModel::makeRows() const
         return found != nullptr && found->isOpen();
     };
     const auto isUnfolded = [this](int section) { return m_unfolded.contains(section); };
-    if (!m_store)
-        return CleanupRows::make({.table = cleanupTableOf(SystemKind::linuxSystem),
-                                  .items = {},
-                                  .isExpanded = isExpanded,
-                                  .isUnfolded = isUnfolded,
-                                  .artifacts = {},
-                                  .commands = {}});
-    const auto scan = !m_store->hasScan()        ? CleanupRows::Scan::none
-                      : m_store->scanIsPartial() ? CleanupRows::Scan::stopped
-                                                 : CleanupRows::Scan::finished;
-    return CleanupRows::make({.table = cleanupTableOf(m_store->host().files.systemKind()),
-                              .items = m_store->cleanupItems(),
+    const auto scan = !m_store.hasScan()        ? CleanupRows::Scan::none
+                      : m_store.scanIsPartial() ? CleanupRows::Scan::stopped
+                                                : CleanupRows::Scan::finished;
+    return CleanupRows::make({.table = cleanupTableOf(m_store.host().files.systemKind()),
+                              .items = m_store.cleanupItems(),
                               .isExpanded = isExpanded,
                               .isUnfolded = isUnfolded,
                               .scan = scan,
-                              .artifacts = m_store->devJunk(),
-                              .commands = m_store->cleanupCommands()});
+                              .artifacts = m_store.devJunk(),
+                              .commands = m_store.cleanupCommands()});
 }
 
 void CleanupListModel::follow()
@@ -79,11 +64,8 @@ void CleanupListModel::install()
 void CleanupListModel::followSelection()
 {
     m_cardChecks.clear();
-    if (m_store) {
-        for (const CleanupItem &item : m_store->cleanupItems())
-            m_cardChecks.emplace(item.def,
-                                 selectionFactsOfAll(m_store->selection(), item.entries, protectionTest(*m_store)));
-    }
+    for (const CleanupItem &item : m_store.cleanupItems())
+        m_cardChecks.emplace(item.def, selectionFactsOfAll(m_store.selection(), item.entries, protectionTest(m_store)));
     announceAll(checkRoles);
 }
 
@@ -124,10 +106,8 @@ bool CleanupListModel::endsBox(int row) const
 
 const CleanupItem *CleanupListModel::item(const CleanupDefinition *def) const
 {
-    if (!m_store)
-        return nullptr;
-    const auto found = std::ranges::find(m_store->cleanupItems(), def, &CleanupItem::def);
-    return found == m_store->cleanupItems().end() ? nullptr : &*found;
+    const auto found = std::ranges::find(m_store.cleanupItems(), def, &CleanupItem::def);
+    return found == m_store.cleanupItems().end() ? nullptr : &*found;
 }
 
 const CleanupItem *CleanupListModel::locationOf(const CleanupRow &row) const
@@ -164,8 +144,8 @@ std::string CleanupListModel::pathOf(const CleanupRow &row) const
 
 SelectionFacts CleanupListModel::selectionFacts(const CleanupRow &row) const
 {
-    if (row.isItem() && m_store)
-        return selectionFactsOf(*m_store, pathOf(row));
+    if (row.isItem())
+        return selectionFactsOf(m_store, pathOf(row));
     const auto facts = m_cardChecks.find(row.def);
     return facts == m_cardChecks.end() ? SelectionFacts{Selected::no, SelectionRefusal::nothingThere} : facts->second;
 }
@@ -195,11 +175,9 @@ QVariant CleanupListModel::data(const QModelIndex &index, int role) const
     case OpeningRole:
         return row.isInsideCard() && opening(row.def) != nullptr ? opening(row.def)->part() : 1.0;
     case WorkingRole:
-        return m_store && m_store->phase() == StorageStore::Phase::scanning;
+        return m_store.phase() == StorageStore::Phase::scanning;
     default:
-        return cleanupRowData(row, role, item(row.def),
-                              m_store ? std::string_view(m_store->locations().home()) : std::string_view(),
-                              m_store ? m_store->words() : wordsOf(SystemKind::linuxSystem));
+        return cleanupRowData(row, role, item(row.def), std::string_view(m_store.locations().home()), m_store.words());
     }
 }
 
@@ -241,7 +219,7 @@ QHash<int, QByteArray> CleanupListModel::roleNames() const
 void CleanupListModel::activate(int row)
 {
     const CleanupRow *const pressed = rowAt(row);
-    if (pressed == nullptr || !m_store)
+    if (pressed == nullptr)
         return;
     switch (pressed->kind) {
     case Kind::card:
@@ -259,16 +237,16 @@ void CleanupListModel::activate(int row)
     case Kind::artifact: {
         // The row may be gone when the store has answered.
         const std::shared_ptr<FileNode> target = pressed->artifact.node;
-        m_store->showInMap(target);
+        m_store.showInMap(target);
         break;
     }
     case Kind::prompt:
-        if (m_store->phase() != StorageStore::Phase::scanning)
-            m_store->scanHome();
+        if (m_store.phase() != StorageStore::Phase::scanning)
+            m_store.scanHome();
         break;
     case Kind::partial:
-        if (m_store->phase() != StorageStore::Phase::scanning)
-            m_store->rescan();
+        if (m_store.phase() != StorageStore::Phase::scanning)
+            m_store.rescan();
         break;
     case Kind::header:
     case Kind::entry:
@@ -321,47 +299,45 @@ int CleanupListModel::cardRow(int row) const
 void CleanupListModel::toggle(int row)
 {
     const CleanupRow *const pressed = rowAt(row);
-    if (pressed == nullptr || !m_store)
+    if (pressed == nullptr)
         return;
     if (pressed->isItem())
-        toggleItem(*m_store, pathOf(*pressed), pressed->size);
+        toggleItem(m_store, pathOf(*pressed), pressed->size);
     else if (const CleanupItem *const location = locationOf(*pressed))
-        toggleEntries(*m_store, displayText(location->def->title), allEntries({location, 1}));
+        toggleEntries(m_store, displayText(location->def->title), allEntries({location, 1}));
 }
 
 void CleanupListModel::select(int row)
 {
     const CleanupRow *const pressed = rowAt(row);
-    if (pressed == nullptr || !m_store)
+    if (pressed == nullptr)
         return;
     if (pressed->isItem())
-        selectItem(*m_store, pathOf(*pressed), pressed->size);
+        selectItem(m_store, pathOf(*pressed), pressed->size);
     else if (const CleanupItem *const location = locationOf(*pressed))
-        selectEntries(*m_store, displayText(location->def->title), allEntries({location, 1}));
+        selectEntries(m_store, displayText(location->def->title), allEntries({location, 1}));
 }
 
 void CleanupListModel::selectAll()
 {
-    if (!m_store)
-        return;
-    std::vector<SelectedEntry> entries = allEntries(m_store->cleanupItems());
-    for (const DevJunkItem &artifact : m_store->devJunk())
+    std::vector<SelectedEntry> entries = allEntries(m_store.cleanupItems());
+    for (const DevJunkItem &artifact : m_store.devJunk())
         entries.push_back({artifact.node->path(), artifact.node->size});
-    m_store->setSelected(entries, true);
+    m_store.setSelected(entries, true);
 }
 
 void CleanupListModel::reveal(int row)
 {
-    if (const CleanupRow *const pressed = rowAt(row); pressed != nullptr && m_store)
-        m_store->reveal(pathOf(*pressed));
+    if (const CleanupRow *const pressed = rowAt(row))
+        m_store.reveal(pathOf(*pressed));
 }
 
 bool CleanupListModel::prepareMenu(int row)
 {
     const CleanupRow *const pressed = rowAt(row);
-    if (pressed == nullptr || !m_store || !pressed->isItem())
+    if (pressed == nullptr || !pressed->isItem())
         return false;
-    m_menuTarget.setTarget(m_store, pathOf(*pressed), pressed->size);
+    m_menuTarget.setTarget(pathOf(*pressed), pressed->size);
     return true;
 }
 

@@ -5,16 +5,15 @@
 #include <set>
 #include <vector>
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 #include "cleanup/ui/card_opening.h"
 #include "cleanup/ui/cleanup_rows.h"
 #include "core/selection_facts.h"
-#include "core/store/storage_store.h"
 #include "shell/ui/command_clipboard.h"
 #include "shell/ui/node_actions.h"
 #include "shell/ui/row_list_model.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -24,7 +23,6 @@ namespace corvane {
 class CleanupListModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
     Q_PROPERTY(corvane::CommandClipboard *clipboard READ clipboard CONSTANT)
 
@@ -56,10 +54,8 @@ public:
     };
     Q_ENUM(Role)
 
-    explicit CleanupListModel(QObject *parent = nullptr);
+    explicit CleanupListModel(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
     [[nodiscard]] CommandClipboard *clipboard() { return &m_clipboard; }
 
@@ -93,9 +89,6 @@ public:
     /// Makes the row's item the target of the context menu; false where there is no item.
     Q_INVOKABLE bool prepareMenu(int row);
 
-signals:
-    void storeChanged();
-
 private:
     void follow();
     void followSelection();
@@ -115,12 +108,12 @@ private:
 
     [[nodiscard]] SelectionFacts selectionFacts(const CleanupRow &row) const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     std::map<const CleanupDefinition *, std::unique_ptr<CardOpening>> m_openings; // of those that were opened once
     std::vector<CleanupRow> m_rows;
     std::map<const CleanupDefinition *, SelectionFacts> m_cardChecks;
     std::set<int> m_unfolded; // sections
-    NodeActions m_menuTarget;
+    NodeActions m_menuTarget{m_store};
     CommandClipboard m_clipboard;
 };
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -13,16 +12,12 @@ namespace corvane {
 class CleanupPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool measuring READ isMeasuring NOTIFY changed)
     Q_PROPERTY(bool canSelectSafe READ canSelectSafe NOTIFY changed)
 
 public:
-    explicit CleanupPresenter(QObject *parent = nullptr) : QObject(parent) {}
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit CleanupPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] QString subtitle() const;
     [[nodiscard]] bool isMeasuring() const;
@@ -33,11 +28,10 @@ public:
     Q_INVOKABLE void selectAllSafe();
 
 signals:
-    void storeChanged();
     void changed();
 
 private:
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
 };
 
 } // namespace corvane

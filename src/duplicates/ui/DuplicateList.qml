@@ -44,7 +44,6 @@ AppList {
     model: DuplicateListModel {
         id: contents
 
-        store: Store
         onReplaced: {
             list.currentIndex = list.keys.firstRow();
             list.view.positionViewAtBeginning();

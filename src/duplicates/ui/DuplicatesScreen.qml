@@ -21,7 +21,6 @@ Rectangle {
     DuplicatesPresenter {
         id: presenter
 
-        store: Store
         // The keyboard goes on to what has been found.
         onSearchEnds: screen.waited = progress.activeFocus
         onSearchEnded: if (screen.waited) screen.takeKeyboard()

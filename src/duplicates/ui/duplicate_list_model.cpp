@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/selecting.h"
@@ -15,15 +14,10 @@ using Kind = DuplicateRow::Kind;
 
 } // namespace
 
-void DuplicateListModel::setStore(StorageStore *store)
+DuplicateListModel::DuplicateListModel(StorageStore &store, QObject *parent) : RowListModel(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::duplicatesChanged, this, &DuplicateListModel::follow);
-        connect(m_store, &StorageStore::selectionChanged, this, &DuplicateListModel::followSelection);
-    }
-    emit storeChanged();
+    connect(&m_store, &StorageStore::duplicatesChanged, this, &DuplicateListModel::follow);
+    connect(&m_store, &StorageStore::selectionChanged, this, &DuplicateListModel::followSelection);
     follow();
 }
 
@@ -48,10 +42,8 @@ void DuplicateListModel::numberGroups()
 {
     const auto before = std::exchange(m_numberOf, {});
     m_numbers.clear();
-    if (!m_store)
-        return;
     std::unordered_set<int> taken;
-    for (const DuplicateGroup &group : m_store->duplicateGroups()) {
+    for (const DuplicateGroup &group : m_store.duplicateGroups()) {
         int number = 0;
         for (const auto &file : group.files) {
             const auto found = before.find(file);
@@ -71,10 +63,8 @@ void DuplicateListModel::numberGroups()
 std::vector<DuplicateRow> DuplicateListModel::makeRows() const
 {
     std::vector<DuplicateRow> rows;
-    if (!m_store)
-        return rows;
     for (std::size_t i = 0; i < m_numbers.size(); ++i) {
-        const DuplicateGroup &group = m_store->duplicateGroups()[i];
+        const DuplicateGroup &group = m_store.duplicateGroups()[i];
         const bool isExpanded = !m_folded.contains(m_numbers[i]);
         rows.push_back({.kind = Kind::group,
                         .group = m_numbers[i],
@@ -129,8 +119,7 @@ QVariant DuplicateListModel::data(const QModelIndex &index, int role) const
         return {};
     const DuplicateRow &row = *rowAt(index.row());
     const auto check = [&] {
-        return row.kind == Kind::file && m_store ? checkFacts(selectionFactsOf(*m_store, row.file->path()))
-                                                 : CheckFacts();
+        return row.kind == Kind::file ? checkFacts(selectionFactsOf(m_store, row.file->path())) : CheckFacts();
     };
     switch (role) {
     case KindRole:
@@ -218,30 +207,30 @@ int DuplicateListModel::groupRow(int row) const
 
 void DuplicateListModel::toggle(int row)
 {
-    if (const std::shared_ptr<FileNode> file = fileAt(row); file && m_store)
-        toggleItem(*m_store, *file);
+    if (const std::shared_ptr<FileNode> file = fileAt(row))
+        toggleItem(m_store, *file);
     else
         activate(row);
 }
 
 void DuplicateListModel::select(int row)
 {
-    if (const std::shared_ptr<FileNode> file = fileAt(row); file && m_store)
-        selectItem(*m_store, *file);
+    if (const std::shared_ptr<FileNode> file = fileAt(row))
+        selectItem(m_store, *file);
 }
 
 void DuplicateListModel::reveal(int row)
 {
-    if (const std::shared_ptr<FileNode> file = fileAt(row); file && m_store)
-        m_store->reveal(file->path());
+    if (const std::shared_ptr<FileNode> file = fileAt(row))
+        m_store.reveal(file->path());
 }
 
 bool DuplicateListModel::prepareMenu(int row)
 {
     const std::shared_ptr<FileNode> file = fileAt(row);
-    if (!file || !m_store)
+    if (!file)
         return false;
-    m_menuTarget.setTarget(m_store, file->path(), file->size);
+    m_menuTarget.setTarget(file->path(), file->size);
     return true;
 }
 

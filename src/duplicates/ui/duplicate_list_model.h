@@ -6,13 +6,12 @@
 #include <unordered_set>
 #include <vector>
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
 #include "duplicates/ui/duplicate_row.h"
 #include "shell/ui/node_actions.h"
 #include "shell/ui/row_list_model.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -21,7 +20,6 @@ namespace corvane {
 class DuplicateListModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     /// What the context menu is about.
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
 
@@ -43,10 +41,8 @@ public:
     };
     Q_ENUM(Role)
 
-    explicit DuplicateListModel(QObject *parent = nullptr) : RowListModel(parent) {}
+    explicit DuplicateListModel(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -69,7 +65,6 @@ public:
     Q_INVOKABLE bool prepareMenu(int row);
 
 signals:
-    void storeChanged();
     void replaced(); ///< what is listed now has nothing to do with what was
 
 private:
@@ -82,13 +77,13 @@ private:
     /// The file of a row; null for other rows.
     [[nodiscard]] std::shared_ptr<FileNode> fileAt(int row) const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     std::vector<int> m_numbers; // of the store's groups
     std::unordered_map<std::shared_ptr<FileNode>, int> m_numberOf;
     int m_lastNumber = 0;
     std::unordered_set<int> m_folded;
     std::vector<DuplicateRow> m_rows;
-    NodeActions m_menuTarget;
+    NodeActions m_menuTarget{m_store};
 };
 
 } // namespace corvane

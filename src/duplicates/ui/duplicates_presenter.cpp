@@ -3,7 +3,6 @@
 #include <cmath>
 #include <utility>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
@@ -14,17 +13,11 @@ const QString fingerprinting = QStringLiteral("Fingerprinting files…");
 
 } // namespace
 
-void DuplicatesPresenter::setStore(StorageStore *store)
+DuplicatesPresenter::DuplicatesPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::duplicatesChanged, this, &DuplicatesPresenter::follow);
-        connect(m_store, &StorageStore::duplicateProgressChanged, this, &DuplicatesPresenter::progressChanged);
-    }
-    emit storeChanged();
+    connect(&m_store, &StorageStore::duplicatesChanged, this, &DuplicatesPresenter::follow);
+    connect(&m_store, &StorageStore::duplicateProgressChanged, this, &DuplicatesPresenter::progressChanged);
     follow();
-    emit progressChanged();
 }
 
 void DuplicatesPresenter::follow()
@@ -32,7 +25,7 @@ void DuplicatesPresenter::follow()
     const Content before = std::exchange(m_content, content());
     if (m_content != Content::search)
         m_hasSearched = m_content != Content::introduction;
-    else if (!m_store->duplicateGroups().empty())
+    else if (!m_store.duplicateGroups().empty())
         m_hasSearched = true;
     const bool hasEnded = before == Content::search && m_content != Content::search;
     if (hasEnded)
@@ -44,14 +37,14 @@ void DuplicatesPresenter::follow()
 
 DuplicatesPresenter::Content DuplicatesPresenter::content() const
 {
-    const auto phase = m_store ? m_store->duplicatePhase() : StorageStore::Phase::idle;
+    const auto phase = m_store.duplicatePhase();
     switch (phase) {
     case StorageStore::Phase::idle:
         return Content::introduction;
     case StorageStore::Phase::scanning:
         return Content::search;
     case StorageStore::Phase::ready:
-        return m_store->duplicateGroups().empty() ? Content::nothing : Content::groups;
+        return m_store.duplicateGroups().empty() ? Content::nothing : Content::groups;
     }
     return Content::introduction;
 }
@@ -65,8 +58,8 @@ QString DuplicatesPresenter::subtitle() const
         return fingerprinting;
     case Content::nothing:
     case Content::groups:
-        return countText(static_cast<std::int64_t>(m_store->duplicateGroups().size()), "group", "groups") +
-               QStringLiteral(" · ") + sizeText(m_store->duplicateWaste()) + QStringLiteral(" wasted");
+        return countText(static_cast<std::int64_t>(m_store.duplicateGroups().size()), "group", "groups") +
+               QStringLiteral(" · ") + sizeText(m_store.duplicateWaste()) + QStringLiteral(" wasted");
     }
     return {};
 }
@@ -78,7 +71,7 @@ QString DuplicatesPresenter::searchText() const
 
 bool DuplicatesPresenter::canSearch() const
 {
-    return m_store && content() != Content::search;
+    return content() != Content::search;
 }
 
 bool DuplicatesPresenter::canAutoSelect() const
@@ -88,7 +81,7 @@ bool DuplicatesPresenter::canAutoSelect() const
 
 double DuplicatesPresenter::progress() const
 {
-    return m_store ? m_store->duplicateProgress() : 0;
+    return m_store.duplicateProgress();
 }
 
 QString DuplicatesPresenter::progressText() const
@@ -98,20 +91,17 @@ QString DuplicatesPresenter::progressText() const
 
 void DuplicatesPresenter::search()
 {
-    if (m_store)
-        m_store->findDuplicates();
+    m_store.findDuplicates();
 }
 
 void DuplicatesPresenter::keepNewest()
 {
-    if (m_store)
-        m_store->autoSelectDuplicates(true);
+    m_store.autoSelectDuplicates(true);
 }
 
 void DuplicatesPresenter::keepOldest()
 {
-    if (m_store)
-        m_store->autoSelectDuplicates(false);
+    m_store.autoSelectDuplicates(false);
 }
 
 } // namespace corvane

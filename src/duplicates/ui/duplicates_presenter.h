@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -13,7 +12,6 @@ namespace corvane {
 class DuplicatesPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(corvane::DuplicatesPresenter::Content content READ content NOTIFY changed)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(QString searchText READ searchText NOTIFY changed)
@@ -32,10 +30,7 @@ public:
     };
     Q_ENUM(Content)
 
-    explicit DuplicatesPresenter(QObject *parent = nullptr) : QObject(parent) {}
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit DuplicatesPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] Content content() const;
     [[nodiscard]] QString subtitle() const;
@@ -54,7 +49,6 @@ public:
     Q_INVOKABLE void keepOldest();
 
 signals:
-    void storeChanged();
     void searchEnds(); ///< before `changed` says so
     void changed();
     void searchEnded(); ///< after `changed` has said so
@@ -63,7 +57,7 @@ signals:
 private:
     void follow();
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     bool m_hasSearched = false; // a search of this scan's files has ended
     Content m_content = Content::introduction;
 };

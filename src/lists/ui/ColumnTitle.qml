@@ -27,8 +27,8 @@ ButtonBase {
 
     height: parent ? parent.height : 0
     cornerRadius: Theme.radiusFrame
-    Accessible.description: !sorted ? "" : files.sortDescending ? qsTr("Sorted, largest or last first")
-        : qsTr("Sorted, smallest or first first")
+    Accessible.description: !sorted ? "" : files.sortDescending ? qsTr("Sorted in descending order")
+        : qsTr("Sorted in ascending order")
     onClicked: title.files.sortBy(title.column)
     Keys.onLeftPressed: event => title.resizeBy(event, -ListsMetrics.resizeStep)
     Keys.onRightPressed: event => title.resizeBy(event, ListsMetrics.resizeStep)

@@ -43,6 +43,12 @@ Item {
     HoverHandler {
         id: hover
     }
+    // Hides what lies below, which is the same colour: the software renderer goes through all that moves in a list that
+    // is scrolled, cell by cell, and leaves out what is under something opaque.
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.surface
+    }
     Rectangle {
         anchors.fill: parent
         color: row.highlighted ? Theme.accentRow : hover.hovered ? Theme.fillq : Theme.withAlpha(Theme.fillq, 0)

@@ -1,14 +1,11 @@
 import QtQuick
-import Corvane.Shell
 import Corvane.Lists
 
 /// The files above a chosen size.
 FileListScreen {
     id: screen
 
-    readonly property LargeFilesPresenter largeFiles: LargeFilesPresenter {
-        store: Store
-    }
+    readonly property LargeFilesPresenter largeFiles: LargeFilesPresenter {}
 
     presenter: largeFiles
     title: qsTr("Large Files")

@@ -1,14 +1,11 @@
 import QtQuick
-import Corvane.Shell
 import Corvane.Lists
 
 /// The files above a chosen size that were not modified for a chosen time.
 FileListScreen {
     id: screen
 
-    readonly property OldFilesPresenter oldFiles: OldFilesPresenter {
-        store: Store
-    }
+    readonly property OldFilesPresenter oldFiles: OldFilesPresenter {}
 
     presenter: oldFiles
     title: qsTr("Old Files")

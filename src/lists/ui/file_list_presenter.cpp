@@ -3,33 +3,16 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/store/followed.h"
 #include "lists/ui/file_catalog.h"
 
 namespace corvane {
 
-FileListPresenter::FileListPresenter(std::span<const SizeChoice> sizes, QObject *parent)
-    : QObject(parent), m_sizes(sizes)
+FileListPresenter::FileListPresenter(StorageStore &store, std::span<const SizeChoice> sizes, QObject *parent)
+    : QObject(parent), m_store(store), m_catalog(FileCatalog::of(store)), m_sizes(sizes)
 {
     connect(&m_files, &FileTableModel::sortChanged, this, &FileListPresenter::followFiles);
-}
-
-void FileListPresenter::setStore(StorageStore *store)
-{
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_catalog)
-        m_catalog->disconnect(this);
-    m_catalog = nullptr;
-    m_files.setStore(store);
-    if (m_store) {
-        m_catalog = &FileCatalog::of(*m_store);
-        connect(m_catalog, &FileCatalog::changed, this, &FileListPresenter::followFiles);
-        connect(m_store, &StorageStore::selectionChanged, this, &FileListPresenter::followSelection);
-        begin(*m_store);
-    }
-    emit storeChanged();
-    refilter();
+    connect(&m_catalog, &FileCatalog::changed, this, &FileListPresenter::followFiles);
+    connect(&m_store, &StorageStore::selectionChanged, this, &FileListPresenter::followSelection);
 }
 
 void FileListPresenter::setQuery(const QString &query)
@@ -69,10 +52,10 @@ void FileListPresenter::refilter()
 
 void FileListPresenter::followFiles()
 {
-    if (m_catalog && m_catalog->files()) {
-        FileRows rows = list(*m_catalog->files(), m_files.sort());
+    if (m_catalog.files()) {
+        FileRows rows = list(*m_catalog.files(), m_files.sort());
         m_total = rows.total;
-        m_files.setRows(m_catalog->files(), std::move(rows.files));
+        m_files.setRows(m_catalog.files(), std::move(rows.files));
     }
     m_isAllSelected = m_files.areSelected();
     emit changed();
@@ -87,19 +70,19 @@ void FileListPresenter::followSelection()
 
 QString FileListPresenter::subtitle() const
 {
-    if (!m_catalog || !m_catalog->files())
+    if (!m_catalog.files())
         return {};
     return QString::fromStdString(subtitleOf(m_files.rows().size(), m_total));
 }
 
 bool FileListPresenter::isPreparing() const
 {
-    return m_catalog && m_catalog->isPreparing();
+    return m_catalog.isPreparing();
 }
 
 bool FileListPresenter::isEmpty() const
 {
-    return m_catalog && m_catalog->files() && m_files.rows().empty();
+    return m_catalog.files() && m_files.rows().empty();
 }
 
 QString FileListPresenter::selectAllText() const

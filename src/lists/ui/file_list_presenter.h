@@ -5,7 +5,6 @@
 #include <string>
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
@@ -23,7 +22,6 @@ class FileListPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("A base of presenters")
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY filterChanged)
     Q_PROPERTY(QStringList sizes READ sizes CONSTANT)
     Q_PROPERTY(int sizeIndex READ sizeIndex WRITE setSizeIndex NOTIFY filterChanged)
@@ -35,9 +33,6 @@ class FileListPresenter : public QObject {
     Q_PROPERTY(corvane::FileTableModel *files READ files CONSTANT)
 
 public:
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
-
     [[nodiscard]] virtual QString query() const = 0;
     void setQuery(const QString &query);
     /// The labels of the minimum sizes.
@@ -59,7 +54,6 @@ public:
     Q_INVOKABLE void toggleAll();
 
 signals:
-    void storeChanged();
     void filterChanged();
     void changed();
 
@@ -69,16 +63,15 @@ protected:
         std::int64_t bytes;
     };
 
-    /// `sizes` must outlive the presenter.
-    FileListPresenter(std::span<const SizeChoice> sizes, QObject *parent);
+    /// `sizes` must outlive the presenter. A derived presenter calls `refilter` once its filter is there.
+    FileListPresenter(StorageStore &store, std::span<const SizeChoice> sizes, QObject *parent);
 
     [[nodiscard]] virtual std::int64_t minSize() const = 0;
     virtual void changeMinSize(std::int64_t size) = 0;
     virtual void changeQuery(std::string query) = 0;
     [[nodiscard]] virtual FileRows list(const ListedFiles &files, FileSort sort) = 0;
     [[nodiscard]] virtual std::string subtitleOf(std::size_t count, std::int64_t total) const = 0;
-    /// The store is there for the first time.
-    virtual void begin(StorageStore &) {}
+    [[nodiscard]] const StorageStore &store() const { return m_store; }
 
     /// The filter has changed.
     void refilter();
@@ -87,10 +80,10 @@ private:
     void followFiles();
     void followSelection();
 
+    StorageStore &m_store;
+    FileCatalog &m_catalog;
     const std::span<const SizeChoice> m_sizes;
-    QPointer<StorageStore> m_store;
-    QPointer<FileCatalog> m_catalog;
-    FileTableModel m_files;
+    FileTableModel m_files{m_store};
     std::int64_t m_total = 0;
     bool m_isAllSelected = false;
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/selecting.h"
@@ -17,12 +16,9 @@ const QList<int> checkRoles{FileTableModel::CheckStateRole, FileTableModel::Chec
 
 } // namespace
 
-void FileTableModel::setStore(StorageStore *store)
+FileTableModel::FileTableModel(StorageStore &store, QObject *parent) : RowListModel(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store)
-        connect(m_store, &StorageStore::selectionChanged, this, &FileTableModel::followSelection);
+    connect(&m_store, &StorageStore::selectionChanged, this, &FileTableModel::followSelection);
 }
 
 void FileTableModel::setRows(std::shared_ptr<const ListedFiles> files, std::vector<const FileNode *> rows)
@@ -76,7 +72,7 @@ QVariant FileTableModel::data(const QModelIndex &index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const FileNode &file = *m_rows[static_cast<std::size_t>(index.row())];
-    const auto facts = [&] { return m_store ? checkFacts(selectionFactsOf(*m_store, file.path())) : CheckFacts(); };
+    const auto facts = [&] { return checkFacts(selectionFactsOf(m_store, file.path())); };
     switch (role) {
     case Qt::DisplayRole:
     case NameRole:
@@ -116,7 +112,7 @@ QString FileTableModel::modifiedText(const FileNode &file) const
 
 QString FileTableModel::locationText(const FileNode &file) const
 {
-    return m_store ? displayText(file.parentPath(m_store->locations().home())) : QString();
+    return displayText(file.parentPath(m_store.locations().home()));
 }
 
 QString FileTableModel::description(const FileNode &file) const
@@ -226,14 +222,14 @@ void FileTableModel::highlightAll()
 bool FileTableModel::areSelected(const std::vector<const FileNode *> &files) const
 {
     // The usual answer, at no cost.
-    if (!m_store || m_store->selection().empty())
+    if (m_store.selection().empty())
         return false;
     bool isAnySelected = false;
     for (const FileNode *file : files) {
         const std::string path = file->path();
-        if (m_store->isSelected(path))
+        if (m_store.isSelected(path))
             isAnySelected = true;
-        else if (!m_store->isProtected(path))
+        else if (!m_store.isProtected(path))
             return false;
     }
     return isAnySelected;
@@ -241,13 +237,11 @@ bool FileTableModel::areSelected(const std::vector<const FileNode *> &files) con
 
 void FileTableModel::setSelected(const std::vector<const FileNode *> &files, bool selected)
 {
-    if (!m_store)
-        return;
     std::vector<SelectedEntry> entries;
     entries.reserve(files.size());
     for (const FileNode *file : files)
         entries.push_back({file->path(), file->size});
-    m_store->setSelected(entries, selected);
+    m_store.setSelected(entries, selected);
 }
 
 void FileTableModel::toggle(int row)
@@ -260,16 +254,16 @@ void FileTableModel::toggle(int row)
 
 void FileTableModel::toggleOne(int row)
 {
-    if (const FileNode *file = fileAt(row); file && m_store)
-        toggleItem(*m_store, *file);
+    if (const FileNode *file = fileAt(row))
+        toggleItem(m_store, *file);
 }
 
 void FileTableModel::select(int row)
 {
     if (isAmongSeveral(row))
         setSelected(highlighted(), true);
-    else if (const FileNode *file = fileAt(row); file && m_store)
-        selectItem(*m_store, *file);
+    else if (const FileNode *file = fileAt(row))
+        selectItem(m_store, *file);
 }
 
 void FileTableModel::toggleHighlighted()
@@ -281,20 +275,20 @@ void FileTableModel::toggleHighlighted()
 void FileTableModel::open(int row)
 {
     const FileNode *const file = fileAt(row);
-    if (!file || !m_store)
+    if (!file)
         return;
-    m_menuTarget.setTarget(m_store, file->path(), file->size);
+    m_menuTarget.setTarget(file->path(), file->size);
     m_menuTarget.open();
 }
 
 bool FileTableModel::prepareMenu(int row)
 {
     const FileNode *const file = fileAt(row);
-    if (!file || !m_store)
+    if (!file)
         return false;
     if (!m_highlighted.contains(file))
         highlight(row);
-    m_menuTarget.setTarget(m_store, file->path(), file->size);
+    m_menuTarget.setTarget(file->path(), file->size);
     emit menuChanged();
     return true;
 }

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include <QLocale>
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
@@ -45,9 +44,8 @@ public:
     };
     Q_ENUM(Role)
 
-    using RowListModel::RowListModel;
+    explicit FileTableModel(StorageStore &store, QObject *parent = nullptr);
 
-    void setStore(StorageStore *store);
     /// Shows other rows. Where the tree is the same, the list begins anew; else its rows stay where they are.
     void setRows(std::shared_ptr<const ListedFiles> files, std::vector<const FileNode *> rows);
     [[nodiscard]] const std::vector<const FileNode *> &rows() const { return m_rows; }
@@ -117,13 +115,13 @@ private:
     [[nodiscard]] QString modifiedText(const FileNode &file) const;
     [[nodiscard]] QString locationText(const FileNode &file) const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     std::shared_ptr<const ListedFiles> m_files; // what the rows belong to
     std::vector<const FileNode *> m_rows;
     FileSort m_sort;
     std::unordered_set<const FileNode *> m_highlighted; // of the rows
     const FileNode *m_anchor = nullptr;                 // of the rows, or null
-    NodeActions m_menuTarget;
+    NodeActions m_menuTarget{m_store};
     QLocale m_locale;
 };
 

@@ -27,8 +27,9 @@ const std::vector<FileType> &offered()
 
 } // namespace
 
-LargeFilesPresenter::LargeFilesPresenter(QObject *parent)
+LargeFilesPresenter::LargeFilesPresenter(StorageStore &store, QObject *parent)
     : FileListPresenter(
+          store,
           [] {
               static constexpr std::array<SizeChoice, 6> sizes{{{"≥ 10 MB", 10'000'000},
                                                                 {"≥ 50 MB", 50'000'000},
@@ -40,13 +41,10 @@ LargeFilesPresenter::LargeFilesPresenter(QObject *parent)
           }(),
           parent)
 {
-}
-
-void LargeFilesPresenter::begin(StorageStore &store)
-{
     const std::optional<FileType> type = store.takeLargeFilesType();
     if (type && isOfFiles(*type))
         m_filter.type = type;
+    refilter();
 }
 
 QStringList LargeFilesPresenter::types() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lists/ui/file_list_presenter.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -13,7 +14,7 @@ class LargeFilesPresenter : public corvane::FileListPresenter {
     Q_PROPERTY(int typeIndex READ typeIndex WRITE setTypeIndex NOTIFY filterChanged)
 
 public:
-    explicit LargeFilesPresenter(QObject *parent = nullptr);
+    explicit LargeFilesPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] QString query() const override { return QString::fromStdString(m_filter.query); }
     [[nodiscard]] QStringList types() const;
@@ -26,7 +27,6 @@ protected:
     void changeQuery(std::string query) override { m_filter.query = std::move(query); }
     [[nodiscard]] FileRows list(const ListedFiles &files, FileSort sort) override;
     [[nodiscard]] std::string subtitleOf(std::size_t count, std::int64_t total) const override;
-    void begin(StorageStore &store) override;
 
 private:
     LargeFilesFilter m_filter;

@@ -11,8 +11,9 @@ constexpr std::array<int, 5> ageMonths{6, 12, 24, 36, 60};
 
 } // namespace
 
-OldFilesPresenter::OldFilesPresenter(QObject *parent)
+OldFilesPresenter::OldFilesPresenter(StorageStore &store, QObject *parent)
     : FileListPresenter(
+          store,
           [] {
               static constexpr std::array<SizeChoice, 4> sizes{{{"≥ 1 MB", 1'000'000},
                                                                 {"≥ 10 MB", 10'000'000},
@@ -22,6 +23,7 @@ OldFilesPresenter::OldFilesPresenter(QObject *parent)
           }(),
           parent)
 {
+    refilter();
 }
 
 QStringList OldFilesPresenter::ages() const
@@ -47,7 +49,7 @@ void OldFilesPresenter::setAgeIndex(int index)
 
 FileRows OldFilesPresenter::list(const ListedFiles &files, FileSort sort)
 {
-    const Time cutoff = systemCalendar().monthsBefore(store()->now(), m_filter.months);
+    const Time cutoff = systemCalendar().monthsBefore(store().now(), m_filter.months);
     return files.old(m_filter, cutoff, sort);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lists/ui/file_list_presenter.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -12,7 +13,7 @@ class OldFilesPresenter : public corvane::FileListPresenter {
     Q_PROPERTY(int ageIndex READ ageIndex WRITE setAgeIndex NOTIFY filterChanged)
 
 public:
-    explicit OldFilesPresenter(QObject *parent = nullptr);
+    explicit OldFilesPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] QString query() const override { return QString::fromStdString(m_filter.query); }
     [[nodiscard]] QStringList ages() const;

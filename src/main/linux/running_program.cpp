@@ -48,7 +48,7 @@ class RunningProgram::Listener : public QObject, protected QDBusContext {
 public:
     Listener(QDBusConnection bus, Answer answer) : m_bus(std::move(bus)), m_answer(std::move(answer))
     {
-        // The name comes last: whoever sees it may call at once.
+        // The name comes last: others may call as soon as they see it.
         m_bus.registerObject(object, this, QDBusConnection::ExportAllSlots);
         m_bus.registerService(service);
     }

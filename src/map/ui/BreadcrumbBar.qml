@@ -56,7 +56,6 @@ HeaderBand {
     BreadcrumbModel {
         id: crumbModel
 
-        store: bar.presenter.store
         availableWidth: way.width
     }
     AppMenu {

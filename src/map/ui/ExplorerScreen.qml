@@ -14,8 +14,6 @@ Item {
 
     ExplorerPresenter {
         id: presenter
-
-        store: Store
     }
     Shortcut {
         sequence: "Ctrl+Up"
@@ -47,7 +45,6 @@ Item {
             anchors.fill: parent
             anchors.margins: Theme.mapMargin
             anchors.rightMargin: Theme.mapListGap
-            store: Store
             visible: !presenter.empty
             highlightedRow: list.hoveredRow
             coveredHeight: screen.coveredHeight

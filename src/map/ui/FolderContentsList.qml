@@ -41,7 +41,6 @@ AppList {
     model: FolderContentsModel {
         id: contents
 
-        store: list.presenter.store
         onFolderShown: row => list.goTo(row)
     }
     delegate: NodeRow {

@@ -6,7 +6,6 @@
 
 #include <QFontMetricsF>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/figures.h"
 #include "map/ui/map_metrics.h"
@@ -22,20 +21,16 @@ constexpr double narrowestCurrent = 60; // what the folder shown keeps in any ca
 
 } // namespace
 
-void BreadcrumbModel::setStore(StorageStore *store)
+BreadcrumbModel::BreadcrumbModel(StorageStore &store, QObject *parent) : RowListModel(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store)
-        connect(m_store, &StorageStore::currentFolderChanged, this, &BreadcrumbModel::followFolder);
-    emit storeChanged();
+    connect(&m_store, &StorageStore::currentFolderChanged, this, &BreadcrumbModel::followFolder);
     followFolder();
 }
 
 void BreadcrumbModel::followFolder()
 {
     std::vector<Crumb> crumbs;
-    for (const auto &folder : pathFromRoot(m_store ? m_store->currentFolder() : nullptr))
+    for (const auto &folder : pathFromRoot(m_store.currentFolder()))
         crumbs.push_back({folder});
     show(std::move(crumbs));
     announceAll({CurrentRole});
@@ -63,8 +58,7 @@ void BreadcrumbModel::show(std::vector<Crumb> crumbs)
 
 double BreadcrumbModel::naturalWidth(const Crumb &crumb, bool isRoot, bool isCurrent)
 {
-    const Theme &theme = *Theme::instance();
-    const QFontMetricsF metrics(isCurrent ? theme.bodySemiboldFont() : theme.bodyFont());
+    const QFontMetricsF metrics(isCurrent ? Theme::bodySemiboldFont() : Theme::bodyFont());
     const double text = std::ceil(metrics.horizontalAdvance(displayText(crumb.folder->name)));
     const double icon = isRoot ? MapMetrics::rootIconSize() + MapMetrics::rootIconGap() : 0;
     return 2 * MapMetrics::crumbPadding() + icon + text;
@@ -78,7 +72,7 @@ double BreadcrumbModel::separatorWidth()
 double BreadcrumbModel::ellipsisWidth()
 {
     return 2 * MapMetrics::crumbPadding() +
-           std::ceil(QFontMetricsF(Theme::instance()->bodyFont()).horizontalAdvance(QStringLiteral("…")));
+           std::ceil(QFontMetricsF(Theme::bodyFont()).horizontalAdvance(QStringLiteral("…")));
 }
 
 void BreadcrumbModel::fit(std::vector<Crumb> &crumbs) const
@@ -133,7 +127,7 @@ QString BreadcrumbModel::rootIcon() const
     const std::string path = m_crumbs.front().folder->path();
     if (path == "/")
         return QStringLiteral("hard-drive");
-    return path == m_store->locations().home() ? QStringLiteral("house") : QStringLiteral("folder");
+    return path == m_store.locations().home() ? QStringLiteral("house") : QStringLiteral("folder");
 }
 
 QVariant BreadcrumbModel::data(const QModelIndex &index, int role) const
@@ -173,11 +167,11 @@ QHash<int, QByteArray> BreadcrumbModel::roleNames() const
 
 void BreadcrumbModel::open(int row)
 {
-    if (!m_store || row < 0 || row >= rowCount())
+    if (row < 0 || row >= rowCount())
         return;
     // The rows are gone when the store has answered.
     const std::shared_ptr<FileNode> folder = m_crumbs[static_cast<std::size_t>(row)].folder;
-    m_store->open(folder);
+    m_store.open(folder);
 }
 
 void BreadcrumbModel::openCollapsed(int entry)

@@ -3,12 +3,11 @@
 #include <memory>
 #include <vector>
 
-#include <QPointer>
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
 #include "shell/ui/row_list_model.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -18,7 +17,6 @@ namespace corvane {
 class BreadcrumbModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     /// What the crumbs may take, in points; 0 as long as it is not known.
     Q_PROPERTY(double availableWidth READ availableWidth WRITE setAvailableWidth NOTIFY availableWidthChanged)
     /// The names of the crumbs behind the ellipsis.
@@ -37,10 +35,8 @@ public:
     };
     Q_ENUM(Role)
 
-    using RowListModel::RowListModel;
+    explicit BreadcrumbModel(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
     [[nodiscard]] double availableWidth() const { return m_availableWidth; }
     void setAvailableWidth(double width);
     [[nodiscard]] QStringList collapsedNames() const;
@@ -56,7 +52,6 @@ public:
     Q_INVOKABLE void openCollapsed(int entry);
 
 signals:
-    void storeChanged();
     void availableWidthChanged();
     void collapsedChanged();
 
@@ -78,7 +73,7 @@ private:
     [[nodiscard]] static double ellipsisWidth();
     [[nodiscard]] QString rootIcon() const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     std::vector<Crumb> m_crumbs;
     double m_availableWidth = 0;
 };

@@ -4,27 +4,20 @@
 
 #include <QKeySequence>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "map/treemap_builder.h"
 
 namespace corvane {
 
-void ExplorerPresenter::setStore(StorageStore *store)
+ExplorerPresenter::ExplorerPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::currentFolderChanged, this, &ExplorerPresenter::changed);
-        connect(m_store, &StorageStore::revisionChanged, this, &ExplorerPresenter::changed);
-    }
-    emit storeChanged();
-    emit changed();
+    connect(&m_store, &StorageStore::currentFolderChanged, this, &ExplorerPresenter::changed);
+    connect(&m_store, &StorageStore::revisionChanged, this, &ExplorerPresenter::changed);
 }
 
 const FileNode *ExplorerPresenter::folder() const
 {
-    return m_store ? m_store->currentFolder().get() : nullptr;
+    return m_store.currentFolder().get();
 }
 
 QString ExplorerPresenter::folderName() const
@@ -44,12 +37,12 @@ QString ExplorerPresenter::fileCount() const
 
 QString ExplorerPresenter::partialText() const
 {
-    return m_store && m_store->scanIsPartial() ? displayText(partialScanText) : QString();
+    return m_store.scanIsPartial() ? displayText(partialScanText) : QString();
 }
 
 bool ExplorerPresenter::canGoUp() const
 {
-    return folder() && m_store->currentFolder() != m_store->root();
+    return folder() && m_store.currentFolder() != m_store.root();
 }
 
 QString ExplorerPresenter::upText() const
@@ -78,9 +71,8 @@ QString ExplorerPresenter::emptyTitle() const
 
 QString ExplorerPresenter::blockedText() const
 {
-    const std::string text = m_store ? std::string(m_store->words().blockedFolder) : std::string();
-    const std::string owner =
-        m_store ? m_store->host().files.ownerOf(folder()->path()).value_or("somebody else") : std::string();
+    const std::string text = std::string(m_store.words().blockedFolder);
+    const std::string owner = m_store.host().files.ownerOf(folder()->path()).value_or("another user");
     return displayText(fmt::format(fmt::runtime(text), owner));
 }
 
@@ -91,8 +83,7 @@ QString ExplorerPresenter::emptyText() const
 
 void ExplorerPresenter::goUp() const
 {
-    if (m_store)
-        m_store->openParent();
+    m_store.openParent();
 }
 
 } // namespace corvane

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -13,7 +12,6 @@ namespace corvane {
 class ExplorerPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(QString folderName READ folderName NOTIFY changed)
     Q_PROPERTY(QString folderSize READ folderSize NOTIFY changed)
     Q_PROPERTY(QString fileCount READ fileCount NOTIFY changed)
@@ -31,10 +29,7 @@ class ExplorerPresenter : public QObject {
     Q_PROPERTY(QString emptyText READ emptyText NOTIFY changed)
 
 public:
-    explicit ExplorerPresenter(QObject *parent = nullptr) : QObject(parent) {}
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit ExplorerPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] QString folderName() const;
     [[nodiscard]] QString folderSize() const;
@@ -52,7 +47,6 @@ public:
     Q_INVOKABLE void goUp() const;
 
 signals:
-    void storeChanged();
     void changed();
 
 private:
@@ -61,7 +55,7 @@ private:
     /// Why the folder shown cannot be read.
     [[nodiscard]] QString blockedText() const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
 };
 
 } // namespace corvane

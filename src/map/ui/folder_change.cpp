@@ -32,7 +32,7 @@ FolderChange::FolderChange(QObject *parent) : QObject(parent)
 
 void FolderChange::start(const Place &from, const Place &to, const QImage &picture, const Paint &paint)
 {
-    const int duration = Theme::instance()->motion(Theme::instance()->property("mapDuration").toInt());
+    const int duration = Theme::instance()->motion(Theme::mapDuration());
     if (!from.folder || !to.folder || picture.isNull() || duration == 0)
         return;
     m_isInward = childTowards(from.folder.get(), to.folder) != nullptr;

@@ -5,7 +5,6 @@
 
 #include <QColor>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "map/treemap_builder.h"
 #include "map/ui/tile_info_pill.h"
@@ -30,16 +29,11 @@ QString smallFilesText(std::int64_t count)
 
 } // namespace
 
-void FolderContentsModel::setStore(StorageStore *store)
+FolderContentsModel::FolderContentsModel(StorageStore &store, QObject *parent) : RowListModel(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::currentFolderChanged, this, &FolderContentsModel::followFolder);
-        connect(m_store, &StorageStore::revisionChanged, this, &FolderContentsModel::followTree);
-        connect(m_store, &StorageStore::selectionChanged, this, &FolderContentsModel::followSelection);
-    }
-    emit storeChanged();
+    connect(&m_store, &StorageStore::currentFolderChanged, this, &FolderContentsModel::followFolder);
+    connect(&m_store, &StorageStore::revisionChanged, this, &FolderContentsModel::followTree);
+    connect(&m_store, &StorageStore::selectionChanged, this, &FolderContentsModel::followSelection);
     followFolder();
 }
 
@@ -47,7 +41,7 @@ void FolderContentsModel::setStore(StorageStore *store)
 
 void FolderContentsModel::followFolder()
 {
-    const std::shared_ptr<FileNode> folder = m_store ? m_store->currentFolder() : nullptr;
+    const std::shared_ptr<FileNode> folder = m_store.currentFolder();
     if (folder == m_folder)
         return;
     beginResetModel();
@@ -99,7 +93,7 @@ void FolderContentsModel::updateFigures()
 
 FolderSelection FolderContentsModel::readSelection() const
 {
-    return m_store && m_folder ? FolderSelection(m_store->selection(), m_folder->path()) : FolderSelection();
+    return m_folder ? FolderSelection(m_store.selection(), m_folder->path()) : FolderSelection();
 }
 
 void FolderContentsModel::followSelection()
@@ -221,7 +215,7 @@ QVariant FolderContentsModel::smallFilesData(int role) const
 
 SelectionRefusal FolderContentsModel::refusal(const FileNode &node) const
 {
-    return refusalOf(m_selection.of(node.name), [&] { return m_store && m_store->isProtected(node.path()); });
+    return refusalOf(m_selection.of(node.name), [&] { return m_store.isProtected(node.path()); });
 }
 
 QHash<int, QByteArray> FolderContentsModel::roleNames() const
@@ -251,39 +245,39 @@ void FolderContentsModel::doubleClick(int row)
 
 void FolderContentsModel::open(int row)
 {
-    if (!m_store || !nodeAt(row))
+    if (!nodeAt(row))
         return;
     // The rows are gone when the store has answered.
     const std::shared_ptr<FileNode> target = m_nodes[static_cast<std::size_t>(row)];
     if (opensInMap(target.get()))
-        m_store->open(target);
+        m_store.open(target);
     else
-        m_store->openFile(target->path());
+        m_store.openFile(target->path());
 }
 
 void FolderContentsModel::toggle(int row)
 {
-    if (const FileNode *node = nodeAt(row); node && m_store)
-        toggleItem(*m_store, *node);
+    if (const FileNode *node = nodeAt(row))
+        toggleItem(m_store, *node);
 }
 
 void FolderContentsModel::select(int row)
 {
-    if (const FileNode *node = nodeAt(row); node && m_store)
-        selectItem(*m_store, *node);
+    if (const FileNode *node = nodeAt(row))
+        selectItem(m_store, *node);
 }
 
 void FolderContentsModel::selectAll()
 {
-    if (m_store && m_folder)
-        selectChildren(*m_store, *m_folder);
+    if (m_folder)
+        selectChildren(m_store, *m_folder);
 }
 
 bool FolderContentsModel::prepareMenu(int row)
 {
     if (!nodeAt(row))
         return false;
-    m_menuTarget.setTarget(m_store, m_nodes[static_cast<std::size_t>(row)]);
+    m_menuTarget.setTarget(m_nodes[static_cast<std::size_t>(row)]);
     return true;
 }
 

@@ -6,13 +6,12 @@
 #include <unordered_map>
 #include <vector>
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/selection_facts.h"
-#include "core/store/storage_store.h"
 #include "shell/ui/node_actions.h"
 #include "shell/ui/row_list_model.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -22,7 +21,6 @@ namespace corvane {
 class FolderContentsModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
 
 public:
@@ -42,10 +40,8 @@ public:
     };
     Q_ENUM(Role)
 
-    using RowListModel::RowListModel;
+    explicit FolderContentsModel(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -68,7 +64,6 @@ public:
     Q_INVOKABLE bool prepareMenu(int row);
 
 signals:
-    void storeChanged();
     /// Another folder is shown; the row is that of the folder one came from, else the first.
     void folderShown(int row);
 
@@ -86,7 +81,7 @@ private:
     [[nodiscard]] SelectionRefusal refusal(const FileNode &node) const;
     [[nodiscard]] int rowOf(std::string_view name);
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     std::shared_ptr<FileNode> m_folder;
     std::vector<std::shared_ptr<FileNode>> m_nodes; ///< one for each row; null for the small files
     std::int64_t m_largest = 0;
@@ -94,7 +89,7 @@ private:
     FolderSelection m_selection;
     std::unordered_map<std::string_view, int> m_rows; ///< by name; empty until asked for
     std::weak_ptr<FileNode> m_clicked;                ///< the last item that was clicked
-    NodeActions m_menuTarget;
+    NodeActions m_menuTarget{m_store};
 };
 
 } // namespace corvane

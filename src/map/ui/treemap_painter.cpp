@@ -8,13 +8,15 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "map/ui/rounded_fill.h"
+#include "shell/ui/theme.h"
+
 namespace corvane {
 
 namespace {
 
 // All in points.
 constexpr double smallestRounded = 8;
-constexpr double smallestSmoothed = 4;
 
 constexpr double frameBand = 22;
 constexpr double frameInset = 7;
@@ -60,13 +62,13 @@ double TreemapPainter::cornerRadius(const QRectF &rect, TileRole role)
         return 0;
     switch (role) {
     case TileRole::frame:
-        return 4;
+        return Theme::radiusFrame();
     case TileRole::leaf:
-        return 3;
+        return Theme::radiusLeaf();
     case TileRole::nested:
         break;
     }
-    return 2;
+    return Theme::radiusNested();
 }
 
 QRectF TreemapPainter::snapped(const QRectF &rect, double devicePixelRatio)
@@ -78,12 +80,21 @@ QRectF TreemapPainter::snapped(const QRectF &rect, double devicePixelRatio)
     return {left, top, std::max(snap(rect.right()) - left, pixel), std::max(snap(rect.bottom()) - top, pixel)};
 }
 
-void TreemapPainter::paint(QPainter &painter, std::span<const TileFace> tiles)
+void TreemapPainter::paint(QImage &picture, std::span<const TileFace> tiles)
 {
-    const double ratio = painter.device()->devicePixelRatioF();
+    const double ratio = picture.devicePixelRatio();
+    RoundedFill grounds(picture);
     for (const TileFace &tile : tiles) {
         const QRectF rect = snapped(tile.rect, ratio);
-        paintGround(painter, tile, rect);
+        const QRect pixels(QRectF(rect.topLeft() * ratio, rect.size() * ratio).toRect());
+        grounds.fill(pixels, cornerRadius(tile.rect, tile.role) * ratio,
+                     m_tones.fill(tile.color, tile.role, tile.rank).rgb());
+    }
+
+    // No tile lies on the label of another.
+    QPainter painter(&picture);
+    for (const TileFace &tile : tiles) {
+        const QRectF rect = snapped(tile.rect, ratio);
         if (tile.role == TileRole::frame)
             paintFrameLabel(painter, tile, rect);
         else
@@ -92,20 +103,6 @@ void TreemapPainter::paint(QPainter &painter, std::span<const TileFace> tiles)
     for (const TileFace &tile : tiles) {
         if (tile.hatched)
             paintSelection(painter, tile, snapped(tile.rect, ratio));
-    }
-}
-
-void TreemapPainter::paintGround(QPainter &painter, const TileFace &tile, const QRectF &rect)
-{
-    const QColor color = m_tones.fill(tile.color, tile.role, tile.rank);
-    const double radius = cornerRadius(tile.rect, tile.role);
-    painter.setRenderHint(QPainter::Antialiasing, std::min(tile.rect.width(), tile.rect.height()) >= smallestSmoothed);
-    if (radius > 0) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(color);
-        painter.drawRoundedRect(rect, radius, radius);
-    } else {
-        painter.fillRect(rect, color);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <span>
 
 #include <QFont>
+#include <QImage>
 #include <QRectF>
 #include <QString>
 
@@ -37,8 +38,9 @@ class TreemapPainter {
 public:
     TreemapPainter(TileTones &tones, TileFonts fonts);
 
-    /// Parents come before their nested tiles. Edges fall on the painter's device pixels.
-    void paint(QPainter &painter, std::span<const TileFace> tiles);
+    /// Parents come before their nested tiles. Edges fall on the picture's pixels.
+    /// @param picture premultiplied 32-bit colours, opaque
+    void paint(QImage &picture, std::span<const TileFace> tiles);
 
     /// The corner radius of a tile, in points; 0 for one too small for round corners.
     [[nodiscard]] static double cornerRadius(const QRectF &rect, TileRole role);
@@ -47,7 +49,6 @@ public:
     [[nodiscard]] static QRectF snapped(const QRectF &rect, double devicePixelRatio);
 
 private:
-    void paintGround(QPainter &painter, const TileFace &tile, const QRectF &rect);
     void paintFrameLabel(QPainter &painter, const TileFace &tile, const QRectF &rect) const;
     void paintLabel(QPainter &painter, const TileFace &tile, const QRectF &rect) const;
     void paintSelection(QPainter &painter, const TileFace &tile, const QRectF &rect) const;

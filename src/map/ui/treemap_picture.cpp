@@ -3,8 +3,6 @@
 #include <utility>
 #include <vector>
 
-#include <QPainter>
-
 #include "core/store/qt_words.h"
 #include "core/store/storage_store.h"
 #include "map/ui/treemap_painter.h"
@@ -19,8 +17,8 @@ std::vector<TileFace> facesOf(const TreemapScene &scene)
     const TreemapLayout &tiles = scene.layout;
     std::vector<TileFace> faces;
     faces.reserve(static_cast<std::size_t>(tiles.count()));
-    const bool anySelected = scene.store && !scene.store->selection().empty();
-    const bool allCovered = anySelected && scene.folder && scene.store->isCovered(scene.folder->path());
+    const bool anySelected = !scene.store.selection().empty();
+    const bool allCovered = anySelected && scene.folder && scene.store.isCovered(scene.folder->path());
     bool topIsHatched = false;
     for (int i = 0; i < tiles.count(); ++i) {
         const TreemapTile &tile = tiles.tile(i);
@@ -30,7 +28,7 @@ std::vector<TileFace> facesOf(const TreemapScene &scene)
                       .rank = tiles.rank(i),
                       .label = displayText(tile.label),
                       .sizeText = corvane::sizeText(tile.size)};
-        face.checked = anySelected && tile.node && scene.store->isSelected(tile.node->path());
+        face.checked = anySelected && tile.node && scene.store.isSelected(tile.node->path());
         if (tile.depth == 0)
             topIsHatched = face.hatched = face.checked || allCovered;
         else
@@ -49,12 +47,10 @@ QImage paintTreemap(const TreemapScene &scene, TileTones &tones)
                    QImage::Format_ARGB32_Premultiplied);
     picture.setDevicePixelRatio(scene.devicePixelRatio);
     picture.fill(theme.surface());
-    QPainter painter(&picture);
-    TreemapPainter(tones, {.name = theme.secondarySemiboldFont(),
-                           .nestedName = theme.captionMediumFont(),
-                           .size = theme.captionFiguresFont()})
-        .paint(painter, facesOf(scene));
-    painter.end();
+    TreemapPainter(tones, {.name = Theme::secondarySemiboldFont(),
+                           .nestedName = Theme::captionMediumFont(),
+                           .size = Theme::captionFiguresFont()})
+        .paint(picture, facesOf(scene));
     return picture;
 }
 

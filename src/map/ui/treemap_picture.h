@@ -15,9 +15,9 @@ class StorageStore;
 /// What a map is drawn from.
 struct TreemapScene {
     const TreemapLayout &layout;
-    const FileNode *folder = nullptr;    ///< whose layout it is
-    const StorageStore *store = nullptr; ///< knows what is selected; null where nothing is
-    QSizeF size;                         ///< points
+    const FileNode *folder = nullptr; ///< whose layout it is
+    const StorageStore &store;        ///< knows what is selected
+    QSizeF size;                      ///< points
     double devicePixelRatio = 1;
     std::optional<Color> onlyColor = {}; ///< in place of the tiles' own
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
-#include <vector>
 
 #include <QAccessible>
 #include <QCursor>
@@ -14,7 +13,6 @@
 #include <QQuickWindow>
 #include <QStyleHints>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/figures.h"
 #include "map/ui/tile_info_pill.h"
@@ -42,7 +40,7 @@ RingStyle focusRingStyle()
 
 } // namespace
 
-TreemapView::TreemapView(QQuickItem *parent) : KeyboardItem(parent)
+TreemapView::TreemapView(StorageStore &store, QQuickItem *parent) : KeyboardItem(parent), m_store(store)
 {
     setFlag(ItemHasContents);
     setAcceptHoverEvents(true);
@@ -60,33 +58,24 @@ TreemapView::TreemapView(QQuickItem *parent) : KeyboardItem(parent)
     connect(&m_change, &FolderChange::ended, this, &TreemapView::endChange);
 
     m_pillDelay.setSingleShot(true);
-    m_pillDelay.setInterval(Theme::instance()->property("pillDelayDuration").toInt());
+    m_pillDelay.setInterval(Theme::pillDelayDuration());
     connect(&m_pillDelay, &QTimer::timeout, this, [this] {
         m_pillShown = true;
         emit hoverChanged();
     });
+    connect(&m_store, &StorageStore::currentFolderChanged, this, &TreemapView::followFolder);
+    connect(&m_store, &StorageStore::revisionChanged, this, &TreemapView::followTree);
+    connect(&m_store, &StorageStore::selectionChanged, this, &TreemapView::repaintPicture);
+    followFolder();
 }
 
 TreemapView::~TreemapView() = default;
-
-void TreemapView::setStore(StorageStore *store)
-{
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::currentFolderChanged, this, &TreemapView::followFolder);
-        connect(m_store, &StorageStore::revisionChanged, this, &TreemapView::followTree);
-        connect(m_store, &StorageStore::selectionChanged, this, &TreemapView::repaintPicture);
-    }
-    emit storeChanged();
-    followFolder();
-}
 
 // --- The folder shown
 
 void TreemapView::followFolder()
 {
-    const std::shared_ptr<FileNode> folder = m_store ? m_store->currentFolder() : nullptr;
+    const std::shared_ptr<FileNode> folder = m_store.currentFolder();
     if (folder == m_folder)
         return;
     const std::shared_ptr<FileNode> previousFolder = std::exchange(m_folder, folder);
@@ -181,6 +170,10 @@ TreemapScene TreemapView::sceneOf(const TreemapLayout &layout, const FileNode *f
 
 void TreemapView::updatePolish()
 {
+    if (std::exchange(m_pointerIsNew, false))
+        emit pointerChanged();
+    if (std::exchange(m_hoverIsNew, false))
+        emit hoverChanged();
     if (!m_pictureIsStale || width() <= 0 || height() <= 0)
         return;
     m_picture = paintTreemap(sceneOf(layout(), m_folder.get()), m_tones);
@@ -333,7 +326,7 @@ void TreemapView::setPointer(QPointF position)
 {
     m_pointerIsInside = true;
     m_pointer = position;
-    emit pointerChanged();
+    tellOfPointer();
     setHovered(isChangingFolder() ? -1 : layout().at(position));
 }
 
@@ -362,8 +355,15 @@ void TreemapView::setHovered(int index)
         setCursor(Qt::PointingHandCursor);
     else
         unsetCursor();
-    emit hoverChanged();
+    m_hoverIsNew = true;
+    tellOfPointer();
     update();
+}
+
+void TreemapView::tellOfPointer()
+{
+    m_pointerIsNew = true;
+    polish();
 }
 
 void TreemapView::hoverEnterEvent(QHoverEvent *event)
@@ -450,20 +450,11 @@ void TreemapView::requestMenu(int index, QPointF position)
 {
     if (index < 0 || !layout().tile(index).node)
         return;
-    m_menuTarget.setTarget(m_store, layout().tile(index).node);
+    m_menuTarget.setTarget(layout().tile(index).node);
     emit menuRequested(position);
 }
 
 // --- Keyboard and actions
-
-bool TreemapView::moveFocus(TreemapLayout::Direction direction)
-{
-    if (m_focused < 0)
-        return false;
-    if (const int next = layout().neighbour(m_focused, direction); next >= 0)
-        focusTile(next);
-    return true;
-}
 
 void TreemapView::focusTile(int index)
 {
@@ -474,83 +465,29 @@ void TreemapView::focusTile(int index)
 
 bool TreemapView::goUp()
 {
-    if (!m_store || m_store->currentFolder() == m_store->root())
+    if (m_store.currentFolder() == m_store.root())
         return false;
-    m_store->openParent();
+    m_store.openParent();
     return true;
 }
 
-bool TreemapView::runCommand(const QKeyEvent &event)
+bool TreemapView::selectAll()
 {
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    const bool hasTile = m_focused >= 0;
-    const auto showMenu = [&] {
-        requestMenu(m_focused, hasTile ? layout().rect(m_focused).center() : QPointF());
-        return hasTile;
-    };
-    if (modifiers == Qt::ControlModifier && event.key() == Qt::Key_Up)
-        return goUp();
-    if (modifiers == Qt::ControlModifier && event.key() == Qt::Key_A) {
-        if (m_store && m_folder)
-            selectChildren(*m_store, *m_folder);
-        return m_folder != nullptr;
-    }
-    if (modifiers == Qt::ShiftModifier && event.key() == Qt::Key_F10)
-        return showMenu();
-    if (modifiers != Qt::NoModifier)
-        return false;
-    switch (event.key()) {
-    case Qt::Key_Left:
-        return moveFocus(TreemapLayout::Direction::left);
-    case Qt::Key_Right:
-        return moveFocus(TreemapLayout::Direction::right);
-    case Qt::Key_Up:
-        return moveFocus(TreemapLayout::Direction::up);
-    case Qt::Key_Down:
-        return moveFocus(TreemapLayout::Direction::down);
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        openTile(m_focused);
-        return hasTile;
-    case Qt::Key_Space:
-        toggleTile(m_focused);
-        return hasTile;
-    case Qt::Key_Delete:
-        selectTile(m_focused);
-        return hasTile;
-    case Qt::Key_Escape:
-    case Qt::Key_Backspace:
-        return goUp();
-    case Qt::Key_Menu:
-        return showMenu();
-    default:
-        return false;
-    }
+    if (m_folder)
+        selectChildren(m_store, *m_folder);
+    return m_folder != nullptr;
 }
 
-bool TreemapView::findTyped(const QKeyEvent &event)
+bool TreemapView::showMenu()
 {
-    const QString typed = TypeToFind::typedText(event);
-    if (typed.isEmpty() || m_focused < 0)
-        return false;
-    // Only the tiles of the folder's own items take the focus.
-    std::vector<int> tops;
-    for (int i = 0; i < layout().count(); ++i) {
-        if (layout().tile(i).depth == 0)
-            tops.push_back(i);
-    }
-    const auto current = static_cast<int>(std::ranges::find(tops, layout().top(m_focused)) - tops.begin());
-    const auto at = [&](int place) { return tops[static_cast<std::size_t>(place)]; };
-    const int found = m_typeToFind.find(typed, event.timestamp(), current, static_cast<int>(tops.size()),
-                                        [&](int place) { return displayText(layout().tile(at(place)).label); });
-    if (found >= 0)
-        focusTile(at(found));
-    return true;
+    if (m_focused >= 0)
+        requestMenu(m_focused, layout().rect(m_focused).center());
+    return m_focused >= 0;
 }
 
 void TreemapView::keyPressEvent(QKeyEvent *event)
 {
-    if (!runCommand(*event) && !findTyped(*event)) {
+    if (!m_keys.press(*event)) {
         event->ignore();
         return;
     }
@@ -582,32 +519,32 @@ bool TreemapView::tileOpens(int index) const
 bool TreemapView::tileIsSelected(int index) const
 {
     const FileNode *node = layout().tile(index).node.get();
-    return node && m_store && m_store->isCovered(node->path());
+    return node && m_store.isCovered(node->path());
 }
 
 void TreemapView::openTile(int index)
 {
     const std::shared_ptr<FileNode> node = index >= 0 ? layout().tile(index).node : nullptr;
-    if (!m_store || !node)
+    if (!node)
         return;
     if (tileOpens(index))
-        m_store->open(node);
+        m_store.open(node);
     else
-        m_store->openFile(node->path());
+        m_store.openFile(node->path());
 }
 
 void TreemapView::toggleTile(int index)
 {
     const FileNode *const node = index >= 0 ? layout().tile(index).node.get() : nullptr;
-    if (m_store && node)
-        toggleItem(*m_store, *node);
+    if (node)
+        toggleItem(m_store, *node);
 }
 
 void TreemapView::selectTile(int index)
 {
     const FileNode *const node = index >= 0 ? layout().tile(index).node.get() : nullptr;
-    if (m_store && node)
-        selectItem(*m_store, *node);
+    if (node)
+        selectItem(m_store, *node);
 }
 
 } // namespace corvane

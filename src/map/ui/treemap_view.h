@@ -3,18 +3,17 @@
 #include <memory>
 
 #include <QImage>
-#include <QPointer>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
 #include "map/ui/folder_change.h"
 #include "map/ui/tile_tones.h"
+#include "map/ui/treemap_keys.h"
 #include "map/ui/treemap_layout.h"
 #include "map/ui/treemap_picture.h"
 #include "shell/ui/keyboard_item.h"
 #include "shell/ui/node_actions.h"
-#include "shell/ui/type_to_find.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -24,7 +23,6 @@ namespace corvane {
 class TreemapView : public corvane::KeyboardItem { // qualified for qmllint, which looks the name up as written
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     /// The row of the folder's list that the tile under the pointer belongs to, or -1.
     Q_PROPERTY(int hoveredRow READ hoveredRow NOTIFY hoverChanged)
     /// The row of the list under the pointer, or -1: its tile gets the ring.
@@ -41,11 +39,8 @@ class TreemapView : public corvane::KeyboardItem { // qualified for qmllint, whi
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
 
 public:
-    explicit TreemapView(QQuickItem *parent = nullptr);
+    explicit TreemapView(StorageStore &store = StoreRegistration::store(), QQuickItem *parent = nullptr);
     ~TreemapView() override;
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
 
     [[nodiscard]] int hoveredRow() const;
     [[nodiscard]] int highlightedRow() const { return m_highlightedRow; }
@@ -77,12 +72,17 @@ public:
     void selectTile(int index);
     void focusTile(int index);
 
+    // --- What the keys do beside that; false where there is nothing to do it with.
+    bool goUp();
+    bool selectAll();
+    /// The context menu of the tile that has the focus.
+    bool showMenu();
+
     /// The picture of the map as it stands; null before there is one. For tests.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
     [[nodiscard]] bool isChangingFolder() const { return m_change.isRunning(); }
 
 signals:
-    void storeChanged();
     void hoverChanged();
     void highlightedRowChanged();
     void coveredHeightChanged();
@@ -121,15 +121,13 @@ private:
     void setPointer(QPointF position);
     void clearHover();
     void setHovered(int index);
+    /// A mouse moves more often than the screen shows a frame: what depends on the pointer is told of it once a frame.
+    void tellOfPointer();
     void requestMenu(int index, QPointF position);
     void startDrag(int index);
-    [[nodiscard]] bool goUp();
-    [[nodiscard]] bool moveFocus(TreemapLayout::Direction direction);
-    [[nodiscard]] bool runCommand(const QKeyEvent &event);
-    [[nodiscard]] bool findTyped(const QKeyEvent &event);
     [[nodiscard]] double devicePixelRatio() const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     std::shared_ptr<FileNode> m_folder;
     mutable TreemapLayout m_layout;
     mutable bool m_layoutIsStale = true;
@@ -146,6 +144,8 @@ private:
     int m_hovered = -1;
     int m_highlightedRow = -1;
     QPointF m_pointer;
+    bool m_pointerIsNew = false; ///< pointerChanged() is still to come
+    bool m_hoverIsNew = false;   ///< hoverChanged() is still to come
     bool m_pointerIsInside = false;
     bool m_pillShown = false;
     QTimer m_pillDelay;
@@ -153,9 +153,9 @@ private:
     int m_pressed = -1;
     QPointF m_pressPosition;
     std::weak_ptr<FileNode> m_clicked; ///< the last item that was clicked
-    TypeToFind m_typeToFind;
+    TreemapKeys m_keys{*this};
     int m_focused = -1;
-    NodeActions m_menuTarget;
+    NodeActions m_menuTarget{m_store};
 };
 
 } // namespace corvane

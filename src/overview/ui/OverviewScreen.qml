@@ -18,13 +18,9 @@ Rectangle {
 
     OverviewPresenter {
         id: presenter
-
-        store: Store
     }
     ScanPresenter {
         id: scan
-
-        store: Store
     }
     ListHeader {
         id: header

@@ -61,7 +61,7 @@ OverviewBox {
         }
         PlainText {
             width: parent.width
-            text: qsTr("Nothing is left to clear without a second look.")
+            text: qsTr("What is left needs a look before you clear it.")
             font: Theme.secondaryFont
             color: Theme.t2
             wrapMode: Text.Wrap

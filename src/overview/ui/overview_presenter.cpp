@@ -9,7 +9,6 @@
 #include "cleanup/cleanup_items.h"
 #include "core/checked_add.h"
 #include "core/scan_words.h"
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "duplicates/file_lists.h"
 #include "map/treemap_builder.h"
@@ -31,39 +30,28 @@ QString filesText(std::int64_t count)
 
 } // namespace
 
-OverviewPresenter::OverviewPresenter(QObject *parent) : QObject(parent)
+OverviewPresenter::OverviewPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
     m_clock.setInterval(clockInterval);
     connect(&m_clock, &QTimer::timeout, this, &OverviewPresenter::changed);
     m_clock.start();
-}
-
-void OverviewPresenter::setStore(StorageStore *store)
-{
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::treeChanged, this, &OverviewPresenter::followTree);
-        connect(m_store, &StorageStore::cleanupChanged, this, &OverviewPresenter::followCleanup);
-        connect(m_store, &StorageStore::phaseChanged, this, &OverviewPresenter::changed);
-        connect(m_store, &StorageStore::volumeChanged, this, &OverviewPresenter::changed);
-        connect(m_store, &StorageStore::accessChanged, this, &OverviewPresenter::changed);
-    }
-    emit storeChanged();
+    connect(&m_store, &StorageStore::treeChanged, this, &OverviewPresenter::followTree);
+    connect(&m_store, &StorageStore::cleanupChanged, this, &OverviewPresenter::followCleanup);
+    connect(&m_store, &StorageStore::phaseChanged, this, &OverviewPresenter::changed);
+    connect(&m_store, &StorageStore::volumeChanged, this, &OverviewPresenter::changed);
+    connect(&m_store, &StorageStore::accessChanged, this, &OverviewPresenter::changed);
     followTree();
     followCleanup();
 }
 
 const FileNode *OverviewPresenter::root() const
 {
-    return m_store ? m_store->root().get() : nullptr;
+    return m_store.root().get();
 }
 
 QString OverviewPresenter::scannedName() const
 {
-    if (!m_store)
-        return {};
-    const std::string &path = m_store->lastScanPath();
+    const std::string &path = m_store.lastScanPath();
     return path == "/" ? volumeName() : displayText(lastPathComponent(path));
 }
 
@@ -71,13 +59,13 @@ QString OverviewPresenter::subtitle() const
 {
     if (isScanning())
         return QStringLiteral("Scanning ") + scannedName();
-    return hasScan() ? volumeName() + QStringLiteral(" · scanned ") + agoText(m_store->secondsSinceScan())
+    return hasScan() ? volumeName() + QStringLiteral(" · scanned ") + agoText(m_store.secondsSinceScan())
                      : QStringLiteral("Nothing scanned yet");
 }
 
 bool OverviewPresenter::isScanning() const
 {
-    return m_store && m_store->phase() == StorageStore::Phase::scanning;
+    return m_store.phase() == StorageStore::Phase::scanning;
 }
 
 bool OverviewPresenter::hasScan() const
@@ -87,12 +75,12 @@ bool OverviewPresenter::hasScan() const
 
 bool OverviewPresenter::needsAccess() const
 {
-    return m_store && !m_store->hasFullDiskAccess();
+    return !m_store.hasFullDiskAccess();
 }
 
 const SystemWords &OverviewPresenter::systemWords() const
 {
-    return m_store ? m_store->words() : wordsOf(SystemKind::linuxSystem);
+    return m_store.words();
 }
 
 QString OverviewPresenter::accessTitle() const
@@ -114,36 +102,36 @@ bool OverviewPresenter::hasAccessSettings() const
 
 QString OverviewPresenter::volumeName() const
 {
-    return m_store ? displayText(m_store->volume().name) : QString();
+    return displayText(m_store.volume().name);
 }
 
 QString OverviewPresenter::usedText() const
 {
-    return m_store ? sizeText(m_store->volume().total - m_store->volume().available) : QString();
+    return sizeText(m_store.volume().total - m_store.volume().available);
 }
 
 QString OverviewPresenter::totalText() const
 {
-    return m_store ? sizeText(m_store->volume().total) : QString();
+    return sizeText(m_store.volume().total);
 }
 
 QString OverviewPresenter::availableText() const
 {
-    return m_store ? sizeText(m_store->volume().available) : QString();
+    return sizeText(m_store.volume().available);
 }
 
 double OverviewPresenter::usedFraction() const
 {
-    if (!m_store || m_store->volume().total <= 0)
+    if (m_store.volume().total <= 0)
         return 0;
-    const VolumeInfo &volume = m_store->volume();
+    const VolumeInfo &volume = m_store.volume();
     const double available = static_cast<double>(volume.available) / static_cast<double>(volume.total);
     return std::clamp(1.0 - available, 0.0, 1.0);
 }
 
 QString OverviewPresenter::welcomeTitle() const
 {
-    return m_store ? displayText(m_store->words().invitation) : QString();
+    return displayText(m_store.words().invitation);
 }
 
 QString OverviewPresenter::diskChoiceText() const
@@ -157,21 +145,19 @@ void OverviewPresenter::followTree()
 {
     std::vector<OverviewRow> types;
     m_typeParts.clear();
-    if (m_store) {
-        for (const TypeSlice &slice : m_store->typeBreakdown()) {
-            StackedBarPart part;
-            part.id = displayText(slice.type.caseName());
-            part.title = displayText(slice.type.label());
-            part.info = sizeText(slice.size);
-            part.color = toQColor(slice.type.color());
-            part.size = slice.size;
-            m_typeParts << part;
-            types.push_back({.id = part.id,
-                             .title = part.title,
-                             .sizeText = part.info,
-                             .color = part.color,
-                             .leads = isOfFiles(slice.type)});
-        }
+    for (const TypeSlice &slice : m_store.typeBreakdown()) {
+        StackedBarPart part;
+        part.id = displayText(slice.type.caseName());
+        part.title = displayText(slice.type.label());
+        part.info = sizeText(slice.size);
+        part.color = toQColor(slice.type.color());
+        part.size = slice.size;
+        m_typeParts << part;
+        types.push_back({.id = part.id,
+                         .title = part.title,
+                         .sizeText = part.info,
+                         .color = part.color,
+                         .leads = isOfFiles(slice.type)});
     }
     m_types.setRows(std::move(types));
 
@@ -205,7 +191,7 @@ void OverviewPresenter::followTree()
 QString OverviewPresenter::scannedLine() const
 {
     return hasScan() ? QStringLiteral("Scanned ") + scannedName() +
-                           QString::fromStdString(fmt::format(" in {:.1f} seconds", m_store->scanDuration()))
+                           QString::fromStdString(fmt::format(" in {:.1f} seconds", m_store.scanDuration()))
                      : QString();
 }
 
@@ -214,25 +200,21 @@ QString OverviewPresenter::scannedFigures() const
     if (!hasScan())
         return {};
     QString text = filesText(root()->fileCount) + QStringLiteral(" · ") + sizeText(root()->size);
-    if (const std::int64_t denied = m_store->deniedCount(); denied > 0)
+    if (const std::int64_t denied = m_store.deniedCount(); denied > 0)
         text += QStringLiteral(" · ") + QString::fromStdString(deniedText(denied));
     return text;
 }
 
 QString OverviewPresenter::largeFiles() const
 {
-    if (!m_store)
-        return {};
     return countText(
-        std::ranges::count_if(m_store->allFiles(), [](const auto &file) { return file->size > largeFileLimit; }));
+        std::ranges::count_if(m_store.allFiles(), [](const auto &file) { return file->size > largeFileLimit; }));
 }
 
 QString OverviewPresenter::projectJunk() const
 {
-    if (!m_store)
-        return {};
     std::int64_t total = 0;
-    for (const DevJunkItem &item : m_store->devJunk())
+    for (const DevJunkItem &item : m_store.devJunk())
         total = checkedAdd(total, item.node->size);
     return sizeText(total);
 }
@@ -254,26 +236,25 @@ QString OverviewPresenter::topFigures() const
 
 void OverviewPresenter::openLargeFiles()
 {
-    if (m_store)
-        m_store->showLargeFiles(std::nullopt);
+    m_store.showLargeFiles(std::nullopt);
 }
 
 void OverviewPresenter::openType(int row)
 {
-    if (m_store && row >= 0 && static_cast<std::size_t>(row) < m_store->typeBreakdown().size())
-        m_store->showLargeFiles(m_store->typeBreakdown()[static_cast<std::size_t>(row)].type);
+    if (row >= 0 && static_cast<std::size_t>(row) < m_store.typeBreakdown().size())
+        m_store.showLargeFiles(m_store.typeBreakdown()[static_cast<std::size_t>(row)].type);
 }
 
 void OverviewPresenter::openTopItem(int row)
 {
     if (prepareMenu(row))
-        m_store->showInMap(std::shared_ptr<FileNode>(m_menuTarget.node()));
+        m_store.showInMap(std::shared_ptr<FileNode>(m_menuTarget.node()));
 }
 
 void OverviewPresenter::selectTopItem(int row)
 {
     if (prepareMenu(row))
-        selectItem(*m_store, *m_menuTarget.node());
+        selectItem(m_store, *m_menuTarget.node());
 }
 
 bool OverviewPresenter::prepareMenu(int row)
@@ -281,14 +262,13 @@ bool OverviewPresenter::prepareMenu(int row)
     if (root() == nullptr || row < 0 || row >= m_topItems.rowCount())
         return false;
     const FileNode &node = *root()->children[static_cast<std::size_t>(row)];
-    m_menuTarget.setTarget(m_store, node.path(), node.size);
+    m_menuTarget.setTarget(node.path(), node.size);
     return true;
 }
 
 void OverviewPresenter::seeAll()
 {
-    if (m_store)
-        m_store->showInMap(std::shared_ptr<FileNode>(m_store->root()));
+    m_store.showInMap(std::shared_ptr<FileNode>(m_store.root()));
 }
 
 // --- What could be cleared
@@ -296,18 +276,16 @@ void OverviewPresenter::seeAll()
 void OverviewPresenter::followCleanup()
 {
     std::vector<OverviewRow> rows;
-    if (m_store) {
-        for (const CleanupItem *const each : largestFirst(m_store->cleanupItems())) {
-            const CleanupItem &item = *each;
-            if (item.def->risk != CleanupRisk::safe || item.total() == 0 || rows.size() == quickWinsListed)
-                continue;
-            rows.push_back({.id = displayText(item.def->id),
-                            .title = displayText(item.def->title),
-                            .sizeText = corvane::totalText(item),
-                            .countText = corvane::countText(item, m_store->words()),
-                            .symbol = displayText(item.def->symbol),
-                            .tint = static_cast<int>(item.def->tint)});
-        }
+    for (const CleanupItem *const each : largestFirst(m_store.cleanupItems())) {
+        const CleanupItem &item = *each;
+        if (item.def->risk != CleanupRisk::safe || item.total() == 0 || rows.size() == quickWinsListed)
+            continue;
+        rows.push_back({.id = displayText(item.def->id),
+                        .title = displayText(item.def->title),
+                        .sizeText = corvane::totalText(item),
+                        .countText = corvane::countText(item, m_store.words()),
+                        .symbol = displayText(item.def->symbol),
+                        .tint = static_cast<int>(item.def->tint)});
     }
     m_quickWins.setRows(std::move(rows));
     emit changed();
@@ -315,34 +293,32 @@ void OverviewPresenter::followCleanup()
 
 bool OverviewPresenter::isMeasuring() const
 {
-    return m_store && m_store->cleanupItems().empty() && m_store->cleanupLoading();
+    return m_store.cleanupItems().empty() && m_store.cleanupLoading();
 }
 
 bool OverviewPresenter::isTidy() const
 {
-    return m_store && !m_store->cleanupItems().empty() && m_quickWins.rowCount() == 0;
+    return !m_store.cleanupItems().empty() && m_quickWins.rowCount() == 0;
 }
 
 QString OverviewPresenter::quickWinsText() const
 {
     if (isMeasuring())
         return QStringLiteral("Measuring caches…");
-    if (!m_store || m_store->cleanupItems().empty())
+    if (m_store.cleanupItems().empty())
         return {};
     return isTidy() ? QStringLiteral("Your caches look tidy. Nice!")
-                    : sizeText(m_store->safeCleanupTotal()) + QStringLiteral(" of safe-to-clear junk");
+                    : sizeText(m_store.safeCleanupTotal()) + QStringLiteral(" of safe-to-clear junk");
 }
 
 void OverviewPresenter::openCleanup()
 {
-    if (m_store)
-        m_store->setSidebar(StorageStore::SidebarItem::cleanup);
+    m_store.setSidebar(StorageStore::SidebarItem::cleanup);
 }
 
 void OverviewPresenter::openAccessSettings()
 {
-    if (m_store)
-        m_store->perform({BreakdownAction::Kind::fullDiskAccess, {}});
+    m_store.perform({BreakdownAction::Kind::fullDiskAccess, {}});
 }
 
 } // namespace corvane

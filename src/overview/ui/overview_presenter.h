@@ -2,16 +2,15 @@
 
 #include <QList>
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
 #include "core/words/system_words.h"
 #include "overview/ui/overview_rows_model.h"
 #include "shell/ui/node_actions.h"
 #include "shell/ui/stacked_bar.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -19,7 +18,6 @@ namespace corvane {
 class OverviewPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool scanning READ isScanning NOTIFY changed)
     Q_PROPERTY(bool hasScan READ hasScan NOTIFY changed)
@@ -35,7 +33,7 @@ class OverviewPresenter : public QObject {
     Q_PROPERTY(QString availableText READ availableText NOTIFY changed)
     Q_PROPERTY(double usedFraction READ usedFraction NOTIFY changed)
     // The choices before the first scan.
-    Q_PROPERTY(QString welcomeTitle READ welcomeTitle NOTIFY storeChanged)
+    Q_PROPERTY(QString welcomeTitle READ welcomeTitle CONSTANT)
     Q_PROPERTY(QString diskChoiceText READ diskChoiceText NOTIFY changed)
     // The scan.
     Q_PROPERTY(QString scannedLine READ scannedLine NOTIFY changed)
@@ -62,10 +60,7 @@ public:
     /// Larger files are counted as large: 100 MB, a byte less.
     static constexpr std::int64_t largeFileLimit = 99'999'999;
 
-    explicit OverviewPresenter(QObject *parent = nullptr);
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit OverviewPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] QString subtitle() const;
     [[nodiscard]] bool isScanning() const;
@@ -116,7 +111,6 @@ public:
     Q_INVOKABLE void openAccessSettings();
 
 signals:
-    void storeChanged();
     void changed();
 
 private:
@@ -127,13 +121,13 @@ private:
     /// "studio", or the volume's name for the whole disk.
     [[nodiscard]] QString scannedName() const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     QTimer m_clock; // how long ago the scan was
     QList<StackedBarPart> m_typeParts;
     OverviewRowsModel m_types;
     OverviewRowsModel m_topItems;
     OverviewRowsModel m_quickWins;
-    NodeActions m_menuTarget;
+    NodeActions m_menuTarget{m_store};
 };
 
 } // namespace corvane

@@ -51,7 +51,7 @@ Rectangle {
         anchors.left: heading.left
         anchors.right: heading.right
         anchors.top: heading.bottom
-        text: qsTr("The figures hold only what the scan had reached by then.")
+        text: qsTr("The figures cover only what the scan reached before it was stopped.")
         font: Theme.secondaryFont
         color: Theme.t2
         wrapMode: Text.Wrap

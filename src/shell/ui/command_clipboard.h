@@ -29,7 +29,7 @@ private:
     void setCopied(const QString &command);
 
     QString m_copied;
-    QTimer m_timer;
+    QTimer m_timer{this};
 };
 
 } // namespace corvane

@@ -53,8 +53,8 @@ void GradientBar::paint(QPainter *painter)
     partShape.addRoundedRect(part, m_roundPart ? m_radius : 0, m_roundPart ? m_radius : 0);
 
     QLinearGradient gradient(part.topLeft(), part.topRight());
-    gradient.setColorAt(0, theme.brandA());
-    gradient.setColorAt(1, theme.brandB());
+    gradient.setColorAt(0, Theme::brandA());
+    gradient.setColorAt(1, Theme::brandB());
     painter->setRenderHint(QPainter::Antialiasing);
     painter->fillPath(shape.subtracted(partShape), theme.track());
     painter->fillPath(shape.intersected(partShape), gradient);

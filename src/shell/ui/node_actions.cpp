@@ -13,9 +13,8 @@
 
 namespace corvane {
 
-void NodeActions::setTarget(StorageStore *store, std::shared_ptr<FileNode> node)
+void NodeActions::setTarget(std::shared_ptr<FileNode> node)
 {
-    m_store = store;
     m_node = std::move(node);
     m_path = m_node ? m_node->path() : std::string();
     m_size = m_node ? m_node->size : 0;
@@ -24,13 +23,12 @@ void NodeActions::setTarget(StorageStore *store, std::shared_ptr<FileNode> node)
     emit changed();
 }
 
-void NodeActions::setTarget(StorageStore *store, const std::string &path, std::int64_t size)
+void NodeActions::setTarget(const std::string &path, std::int64_t size)
 {
-    m_store = store;
-    m_node = store->sharedNode(path);
+    m_node = m_store.sharedNode(path);
     m_path = path;
     m_size = size;
-    const auto facts = store->host().files.facts(path);
+    const auto facts = m_store.host().files.facts(path);
     m_isFile = facts && facts->type != EntryType::directory;
     m_isElsewhere = true;
     emit changed();
@@ -48,18 +46,18 @@ bool NodeActions::canOpen() const
 
 bool NodeActions::canReveal() const
 {
-    return m_store && !m_path.empty() && !(m_node && m_node->removed);
+    return !m_path.empty() && !(m_node && m_node->removed);
 }
 
 bool NodeActions::canSelect() const
 {
     // What has been removed can be neither shown nor removed again.
-    return canReveal() && selectionFactsOf(*m_store, m_path).canChange();
+    return canReveal() && selectionFactsOf(m_store, m_path).canChange();
 }
 
 bool NodeActions::isSelected() const
 {
-    return m_store && m_store->isSelected(m_path);
+    return m_store.isSelected(m_path);
 }
 
 QString NodeActions::openText() const
@@ -79,20 +77,20 @@ QString NodeActions::selectText() const
 
 void NodeActions::open() const
 {
-    if (!m_store || !canOpen())
+    if (!canOpen())
         return;
     if (m_isFile)
-        m_store->openFile(m_path);
+        m_store.openFile(m_path);
     else if (m_isElsewhere)
-        m_store->showInMap(m_node);
+        m_store.showInMap(m_node);
     else
-        m_store->open(m_node);
+        m_store.open(m_node);
 }
 
 void NodeActions::reveal() const
 {
     if (canReveal())
-        m_store->reveal(m_path);
+        m_store.reveal(m_path);
 }
 
 void NodeActions::copyPath() const
@@ -104,7 +102,7 @@ void NodeActions::copyPath() const
 void NodeActions::toggleSelection() const
 {
     if (canSelect())
-        toggleItem(*m_store, m_path, m_size);
+        toggleItem(m_store, m_path, m_size);
 }
 
 bool opensInMap(const FileNode *node)

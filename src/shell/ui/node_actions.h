@@ -30,12 +30,13 @@ class NodeActions : public QObject {
     Q_PROPERTY(QString selectText READ selectText NOTIFY changed)
 
 public:
-    explicit NodeActions(QObject *parent = nullptr) : QObject(parent) {}
+    /// The store outlives this object.
+    explicit NodeActions(StorageStore &store, QObject *parent = nullptr) : QObject(parent), m_store(store) {}
 
-    /// An item of the tree, shown by the explorer. Neither is taken over; the store outlives this object.
-    void setTarget(StorageStore *store, std::shared_ptr<FileNode> node);
+    /// An item of the tree, shown by the explorer.
+    void setTarget(std::shared_ptr<FileNode> node);
     /// An item that another screen shows, in the tree or not: a folder opens in the explorer's screen.
-    void setTarget(StorageStore *store, const std::string &path, std::int64_t size);
+    void setTarget(const std::string &path, std::int64_t size);
     [[nodiscard]] const std::shared_ptr<FileNode> &node() const { return m_node; }
 
     [[nodiscard]] QString title() const;
@@ -58,7 +59,7 @@ signals:
 private:
     [[nodiscard]] bool isSelected() const;
 
-    StorageStore *m_store = nullptr;
+    StorageStore &m_store;
     std::string m_path; // bytes; empty for no target
     std::int64_t m_size = 0;
     std::shared_ptr<FileNode> m_node; // null for what is not in the tree

@@ -19,12 +19,19 @@ namespace corvane {
 
 namespace {
 
+/// Milliseconds from one frame to the start of the next where no screen sets the pace: about as many frames as a screen
+/// shows. Qt's own 5 let every movement of the mouse make a frame, two of three never seen.
+constexpr char pauseBetweenFrames[] = "14";
+
 /// Unless the user has chosen a renderer.
 void chooseRenderer()
 {
     const bool isChosen = qEnvironmentVariableIsSet("QT_QUICK_BACKEND") || qEnvironmentVariableIsSet("QSG_RHI_BACKEND");
     if (!isChosen && !hasGraphicsDevice())
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    const QString renderer = qEnvironmentVariable("QT_QUICK_BACKEND", QQuickWindow::sceneGraphBackend());
+    if (renderer == QLatin1String("software") && !qEnvironmentVariableIsSet("QT_QPA_UPDATE_IDLE_TIME"))
+        qputenv("QT_QPA_UPDATE_IDLE_TIME", pauseBetweenFrames);
 }
 
 } // namespace
@@ -34,7 +41,7 @@ void setUpShell(QQmlEngine &engine)
     chooseRenderer();
     registerFonts();
     FocusKeeper::install();
-    QGuiApplication::setFont(Theme::instance()->bodyFont());
+    QGuiApplication::setFont(Theme::bodyFont());
     // Small text is sharpest where the system's own rasteriser draws it.
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));

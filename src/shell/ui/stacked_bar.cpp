@@ -172,8 +172,8 @@ QImage StackedBar::picture(qreal pixelRatio) const
         shape.addRect(rect);
         painter.fillPath(shape.intersected(outline), color);
         if (isLabelled &&
-            QFontMetricsF(theme.secondaryFont()).horizontalAdvance(part.title) + 2 * labelInset <= rect.width()) {
-            painter.setFont(theme.secondaryFont());
+            QFontMetricsF(Theme::secondaryFont()).horizontalAdvance(part.title) + 2 * labelInset <= rect.width()) {
+            painter.setFont(Theme::secondaryFont());
             painter.setPen(theme.t2());
             painter.drawText(rect.adjusted(labelInset, 0, -labelInset, 0), Qt::AlignVCenter | Qt::AlignLeft,
                              part.title);

@@ -15,11 +15,17 @@ void StoreRegistration::setStore(StorageStore *store)
     registeredStore = store;
 }
 
+StorageStore &StoreRegistration::store()
+{
+    if (registeredStore == nullptr)
+        qFatal("StoreRegistration::setStore was not called");
+    return *registeredStore;
+}
+
 StorageStore *StoreRegistration::create(QQmlEngine *, QJSEngine *)
 {
-    Q_ASSERT_X(registeredStore, "Store", "StoreRegistration::setStore was not called");
-    QJSEngine::setObjectOwnership(registeredStore, QJSEngine::CppOwnership);
-    return registeredStore;
+    QJSEngine::setObjectOwnership(&store(), QJSEngine::CppOwnership);
+    return &store();
 }
 
 } // namespace corvane

@@ -22,6 +22,9 @@ public:
     /// The store that QML sees. To be called before the first QML file is loaded; the store must outlive every
     /// engine and stays its caller's.
     static void setStore(StorageStore *store);
+    /// The same store, for the presenters and models that QML makes: QML calls a constructor without arguments, so
+    /// this is what stands in as theirs. Setting it first is up to the program; without it the program ends.
+    [[nodiscard]] static StorageStore &store();
 
     static StorageStore *create(QQmlEngine *, QJSEngine *);
 };

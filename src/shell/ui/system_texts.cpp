@@ -5,9 +5,9 @@
 
 namespace corvane {
 
-SystemTexts *SystemTexts::create(QQmlEngine *engine, QJSEngine *scripts)
+SystemTexts *SystemTexts::create(QQmlEngine *, QJSEngine *)
 {
-    return new SystemTexts(StoreRegistration::create(engine, scripts)->words());
+    return new SystemTexts(StoreRegistration::store().words());
 }
 
 QString SystemTexts::text(std::string_view words)

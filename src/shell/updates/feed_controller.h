@@ -12,8 +12,8 @@
 
 namespace corvane {
 
-/// Updates without the update framework. Looks at its feed when the user asks, and by itself only where the user has
-/// turned that on: at the start and every 24 hours since the last look. Main thread only.
+/// Updates without the update framework. Checks its feed when the user asks, and automatically only where the user has
+/// turned that on: at the start and 24 hours after the last check. Main thread only.
 class FeedController final : public UpdateController {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ public:
     /// What tests set otherwise.
     struct Clock {
         std::function<QDateTime()> now = &QDateTime::currentDateTimeUtc;
-        /// How often it looks whether a check is due: a timer of a whole day would stand still with the machine.
+        /// How often it tests whether a check is due: a timer of a whole day would stop while the machine sleeps.
         std::chrono::milliseconds tick = std::chrono::hours(1);
     };
 

@@ -26,7 +26,8 @@ qint64 lengthOf(const FileDescriptor &file)
     return ::fstat(file.number(), &facts) == 0 ? static_cast<qint64>(facts.st_size) : -1;
 }
 
-// A file that could be the download, by its length. Of one that is larger than any the signature is not worth hours.
+// A file that could be the download, by its length. The signature of a larger one is not checked, which could take
+// hours.
 bool hasLength(const FileDescriptor &file, std::optional<qint64> stated, qint64 most)
 {
     const qint64 length = lengthOf(file);

@@ -36,7 +36,7 @@ public:
         QNetworkAccessManager *network = nullptr; ///< outlives the session; one of its own by default
     };
 
-    /// Who wants to know: the user sees everything, automatic checks only what they find.
+    /// Who started it: a check of the user shows everything, an automatic one only what it finds.
     enum class Origin { user, schedule };
     /// What becomes of a new version.
     enum class OnUpdate { offer, download };

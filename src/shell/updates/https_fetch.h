@@ -17,7 +17,7 @@ class QNetworkAccessManager;
 
 namespace corvane {
 
-/// Fetches one address over https, redirects included, and tells the server nothing but the program's name and version.
+/// Fetches one address over https, redirects included. The server learns the program's name and version, nothing else.
 /// Main thread only. Destroying it ends the transfer, and nothing is handed over any more.
 class HttpsFetch : public QObject {
     Q_OBJECT

@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-// A share of the disk that is used up is the same to the user.
+// A quota that is used up is the same to the user.
 bool isFullDisk(const Error &error)
 {
     return error.code == std::errc::no_space_on_device ||
@@ -37,9 +37,9 @@ QString UpdateFailure::sentence() const
 {
     switch (kind) {
     case Kind::insecureFeed:
-        return QStringLiteral("The address of the update feed is not secure (https).");
+        return QStringLiteral("The address of the update feed does not use https.");
     case Kind::badKey:
-        return QStringLiteral("The key that this build checks updates with is not valid.");
+        return QStringLiteral("The key that this build uses to verify updates is not valid.");
     case Kind::unreachable:
         return QStringLiteral("Couldn't reach the update server. Check your internet connection.");
     case Kind::untrustedServer:
@@ -47,13 +47,13 @@ QString UpdateFailure::sentence() const
     case Kind::serverStatus:
         return QStringLiteral("The update server had a problem (%1).").arg(detail);
     case Kind::insecureRedirect:
-        return QStringLiteral("The update server leads to an address that is not secure (https).");
+        return QStringLiteral("The update server redirects to an address that does not use https.");
     case Kind::tooManyRedirects:
-        return QStringLiteral("The update server leads from one address to the next without an end.");
+        return QStringLiteral("The update server redirects too many times.");
     case Kind::feedTooLarge:
         return QStringLiteral("The update feed is too large.");
     case Kind::feedCut:
-        return QStringLiteral("The update feed did not arrive whole. Try again later.");
+        return QStringLiteral("The update feed did not arrive completely. Try again later.");
     case Kind::feedMalformed:
         return QStringLiteral("The update feed can't be read.");
     case Kind::nothingForSystem:
@@ -63,19 +63,19 @@ QString UpdateFailure::sentence() const
     case Kind::onlyOlder:
         return QStringLiteral("The update feed offers only an older version (%1).").arg(detail);
     case Kind::insecureDownload:
-        return QStringLiteral("The address of the download is not secure (https).");
+        return QStringLiteral("The address of the download does not use https.");
     case Kind::notSigned:
         return QStringLiteral("The update is not signed, so it can't be trusted.");
     case Kind::downloadTooLarge:
         return QStringLiteral("The download is too large.");
     case Kind::downloadCut:
-        return QStringLiteral("The download did not arrive whole. Try again later.");
+        return QStringLiteral("The download did not arrive completely. Try again later.");
     case Kind::wrongLength:
-        return QStringLiteral("The download does not have the size that the feed names. It was deleted.");
+        return QStringLiteral("The download does not have the size given in the feed. It was deleted.");
     case Kind::wrongSignature:
-        return QStringLiteral("The download's signature is wrong. It was deleted.");
+        return QStringLiteral("The download's signature is not valid. It was deleted.");
     case Kind::anotherDownloads:
-        return QStringLiteral("Another Corvane is downloading an update.");
+        return QStringLiteral("Another copy of Corvane is already downloading an update.");
     case Kind::folderUnusable:
         return QStringLiteral("Can't use the folder for downloads, %1.").arg(detail);
     case Kind::diskFull:

@@ -16,7 +16,6 @@ class FeedbackTest : public testing::Test {
 protected:
     FeedbackTest()
     {
-        presenter.setStore(&fake.store);
         presenter.setApi(&fake.api);
         fake.store.setShowFeedback(true);
     }
@@ -33,7 +32,7 @@ protected:
     }
 
     ServicesOverAStore fake;
-    FeedbackPresenter presenter;
+    FeedbackPresenter presenter{fake.store};
 };
 
 TEST_F(FeedbackTest, StartsAsAnIdeaWithTheFactsAboutTheMachine)
@@ -205,8 +204,7 @@ TEST_F(FeedbackTest, WhatFailsWhileTheFormIsClosedIsToldThereAndInTheFormThatSti
 TEST_F(FeedbackTest, AFormThatIsGoneReceivesNothing)
 {
     {
-        FeedbackPresenter shortLived;
-        shortLived.setStore(&fake.store);
+        FeedbackPresenter shortLived(fake.store);
         shortLived.setApi(&fake.api);
         shortLived.setMessage(QStringLiteral("x"));
         shortLived.send();

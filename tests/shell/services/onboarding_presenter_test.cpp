@@ -15,11 +15,7 @@ using testing::ElementsAre;
 
 class OnboardingTest : public testing::Test {
 protected:
-    OnboardingTest()
-    {
-        presenter.setStore(&fake.store);
-        presenter.setDefaults(&fake.defaults);
-    }
+    OnboardingTest() { presenter.setDefaults(&fake.defaults); }
 
     [[nodiscard]] std::size_t tests() const
     {
@@ -27,7 +23,7 @@ protected:
     }
 
     ServicesOverAStore fake;
-    OnboardingPresenter presenter;
+    OnboardingPresenter presenter{fake.store};
 };
 
 TEST_F(OnboardingTest, IsWantedUntilItHasBeenDismissedOnce)
@@ -106,8 +102,6 @@ TEST_F(OnboardingTest, TestsNothingWhileItIsNotSeen)
 TEST_F(OnboardingTest, ReadsAsStatedOnAMac)
 {
     fake.becomeMac();
-    presenter.setStore(nullptr);
-    presenter.setStore(&fake.store);
     EXPECT_EQ(presenter.title(), QStringLiteral("Welcome to Corvane"));
     EXPECT_EQ(presenter.welcomeLine(), QStringLiteral("See what's filling your Mac and sweep it out safely."));
     EXPECT_EQ(presenter.accessTitle(), QStringLiteral("Full Disk Access"));
@@ -123,8 +117,6 @@ TEST_F(OnboardingTest, ReadsAsStatedOnAMac)
 TEST_F(OnboardingTest, StepsHaveTheirWordsAndTheirBoldOnes)
 {
     fake.becomeMac();
-    presenter.setStore(nullptr);
-    presenter.setStore(&fake.store);
     const auto bold = [](const QString &text) {
         QStringList pieces;
         const QRegularExpression rule(QStringLiteral("<span style=\"font-weight:600\">(.*?)</span>"));

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "shell/fake_services.h"
-#include "shell/ui/store_registration.h"
 #include "shell/window/fake_store.h"
 #include "support/loopback_server.h"
 
@@ -16,7 +15,6 @@ struct ServicesOverAStore : FakeStore, RunningServer, FakeServices {
     explicit ServicesOverAStore(bool canUpdate = true)
         : FakeServices({.site = server.url(), .reportFolders = {home + "/reports"}, .canUpdate = canUpdate}, fake.files)
     {
-        StoreRegistration::setStore(&store);
     }
 
     /// From now on the files are a Mac's, which the program may read only once it has been granted.

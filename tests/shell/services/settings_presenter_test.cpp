@@ -15,14 +15,13 @@ using Mode = UserDefaults::ReportMode;
 struct SettingsOf {
     explicit SettingsOf(bool canUpdate = true) : fake(canUpdate)
     {
-        presenter.setStore(&fake.store);
         presenter.setDefaults(&fake.defaults);
         presenter.setApi(&fake.api);
         presenter.setUpdater(&fake.updater);
     }
 
     ServicesOverAStore fake;
-    SettingsPresenter presenter;
+    SettingsPresenter presenter{fake.store};
 };
 
 struct SettingsTest : testing::Test, SettingsOf {};

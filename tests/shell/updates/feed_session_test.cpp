@@ -156,7 +156,7 @@ TEST_F(FeedSessionTest, ServerWithoutATrustedCertificateIsRefused)
     endSession();
 }
 
-TEST_F(FeedSessionTest, ServerThatIsNotThereIsTold)
+TEST_F(FeedSessionTest, MissingServerIsReported)
 {
     changed = [](FeedSession::Options made) {
         made.feed = QUrl(QStringLiteral("https://127.0.0.1:1/feed.xml"));
@@ -165,7 +165,7 @@ TEST_F(FeedSessionTest, ServerThatIsNotThereIsTold)
     EXPECT_EQ(failureOfCheck(), line(Kind::unreachable));
 }
 
-TEST_F(FeedSessionTest, StatusOfTheServerIsTold)
+TEST_F(FeedSessionTest, StatusOfTheServerIsReported)
 {
     server.answer("/feed.xml", {.status = 404, .body = feedText({item()})});
     EXPECT_EQ(failureOfCheck(), line(Kind::serverStatus, QStringLiteral("404")));
@@ -309,7 +309,7 @@ TEST_F(FeedSessionTest, DownloadThatIsTooLargeIsNotStarted)
     EXPECT_EQ(requests("/corvane.deb"), 0);
 }
 
-TEST_F(FeedSessionTest, DownloadThatIsNotThereIsTold)
+TEST_F(FeedSessionTest, MissingDownloadIsReported)
 {
     server.answer("/corvane.deb", {.status = 404, .body = package});
     EXPECT_EQ(failureOfDownload(), line(Kind::serverStatus, QStringLiteral("404")));
@@ -372,7 +372,7 @@ TEST_F(FeedSessionTest, FolderThatIsALinkIsRefused)
     EXPECT_TRUE(std::filesystem::is_empty(elsewhere));
 }
 
-TEST_F(FeedSessionTest, FolderThatCannotBeMadeIsTold)
+TEST_F(FeedSessionTest, FolderThatCannotBeMadeIsReported)
 {
     caches.writeText("corvane", "a file");
     checkAndDownload();
@@ -382,7 +382,7 @@ TEST_F(FeedSessionTest, FolderThatCannotBeMadeIsTold)
     EXPECT_EQ(requests("/corvane.deb"), 0);
 }
 
-TEST_F(FeedSessionTest, AnotherProcessThatDownloadsIsTold)
+TEST_F(FeedSessionTest, AnotherProcessThatDownloadsIsReported)
 {
     const auto other = UpdateFolder::open(caches.path());
     ASSERT_TRUE(other);

@@ -181,7 +181,7 @@ TEST_F(UpdateDownloads, OnlyARegularFileIsAFinishedOne)
     EXPECT_TRUE(folder.finished("Corvane-3.deb"));
 }
 
-TEST_F(UpdateDownloads, FullDiskIsTold)
+TEST_F(UpdateDownloads, FullDiskIsReported)
 {
     const FileDescriptor full(::open("/dev/full", O_WRONLY));
     if (!full.isOpen())

@@ -16,11 +16,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct UpdatePresenterTest : testing::Test {
-    UpdatePresenterTest()
-    {
-        presenter.setStore(&fake.store);
-        presenter.setUpdater(&updates.updater);
-    }
+    UpdatePresenterTest() { presenter.setUpdater(&updates.updater); }
 
     [[nodiscard]] std::vector<QString> buttons() const
     {
@@ -35,7 +31,7 @@ struct UpdatePresenterTest : testing::Test {
 
     FakeStore fake;
     FakeUpdates updates;
-    UpdatePresenter presenter;
+    UpdatePresenter presenter{fake.store};
 };
 
 TEST_F(UpdatePresenterTest, NothingIsOpenUntilSomethingIsShown)
@@ -174,7 +170,7 @@ TEST_F(UpdatePresenterTest, FailureIsOneLine)
     updates.state.failure = UpdateFailure{UpdateFailure::Kind::wrongSignature}.sentence();
     updates.become(Phase::failed);
     EXPECT_EQ(presenter.title(), QStringLiteral("Can't update Corvane"));
-    EXPECT_EQ(presenter.message(), QStringLiteral("The download's signature is wrong. It was deleted."));
+    EXPECT_EQ(presenter.message(), QStringLiteral("The download's signature is not valid. It was deleted."));
     EXPECT_THAT(buttons(), ElementsAre(QStringLiteral("OK"), QString(), QString()));
     presenter.accept();
     EXPECT_FALSE(presenter.open());

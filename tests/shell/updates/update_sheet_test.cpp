@@ -19,7 +19,6 @@ protected:
         ASSERT_TRUE(scene.isShown()) << qPrintable(scene.errors());
         presenter = scene.window()->findChild<UpdatePresenter *>();
         ASSERT_NE(presenter, nullptr);
-        presenter->setStore(&fake.store);
         presenter->setUpdater(&updates.updater);
         scene.item("outside")->forceActiveFocus(Qt::TabFocusReason);
     }

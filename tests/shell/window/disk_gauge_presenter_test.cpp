@@ -12,8 +12,7 @@ namespace {
 TEST(DiskGauge, TellsWhatIsFreeAndDrawsWhatIsUsed)
 {
     FakeStore fake;
-    DiskGaugePresenter presenter;
-    presenter.setStore(&fake.store);
+    DiskGaugePresenter presenter{fake.store};
     EXPECT_EQ(presenter.text(), "183.37 GB free of 994.66 GB");
     EXPECT_NEAR(presenter.usedFraction(), 0.8156, 0.0001);
 }
@@ -21,8 +20,7 @@ TEST(DiskGauge, TellsWhatIsFreeAndDrawsWhatIsUsed)
 TEST(DiskGauge, FollowsTheVolumeAfterARemoval)
 {
     FakeStore fake;
-    DiskGaugePresenter presenter;
-    presenter.setStore(&fake.store);
+    DiskGaugePresenter presenter{fake.store};
     QSignalSpy changed(&presenter, &DiskGaugePresenter::changed);
     fake.setAvailable(497'331'292'160);
     fake.store.didRemove({}, false);
@@ -36,8 +34,7 @@ TEST(DiskGauge, AnUnknownVolumeIsAnEmptyBar)
     FakeStore fake;
     fake.fake.volumes.set("/", {});
     fake.store.didRemove({}, false);
-    DiskGaugePresenter presenter;
-    presenter.setStore(&fake.store);
+    DiskGaugePresenter presenter{fake.store};
     EXPECT_EQ(presenter.usedFraction(), 0);
     EXPECT_EQ(presenter.text(), "Zero KB free of Zero KB");
 }
@@ -47,8 +44,7 @@ TEST(DiskGauge, MoreFreeThanThereIsStaysInTheBar)
     FakeStore fake;
     fake.setAvailable(2'000'000'000'000);
     fake.store.didRemove({}, false);
-    DiskGaugePresenter presenter;
-    presenter.setStore(&fake.store);
+    DiskGaugePresenter presenter{fake.store};
     EXPECT_EQ(presenter.usedFraction(), 0);
 }
 

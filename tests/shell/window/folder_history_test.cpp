@@ -17,12 +17,11 @@ protected:
     {
         addFile("Films/Sub/a.mov", 3'000'000);
         addFile("Music/b.flac", 2'000'000);
-        history.setStore(&store);
         store.setSidebar(StorageStore::SidebarItem::explorer);
     }
     [[nodiscard]] std::string shown() const { return store.currentFolder()->name; }
 
-    FolderHistory history;
+    FolderHistory history{store};
 };
 
 TEST_F(FolderHistoryTest, WithoutAScanThereIsNoWay)

@@ -1,9 +1,14 @@
 #pragma once
 
 #include <condition_variable>
+#include <memory>
 #include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "platform/file_system.h"
 #include "platform/held_folder.h"
@@ -31,12 +36,14 @@ public:
         return m_files.openFolder(path);
     }
     Expected<ItemFacts> facts(const std::string &path) override { return m_files.facts(path); }
+    std::optional<std::string> ownerOf(const std::string &path) override { return m_files.ownerOf(path); }
     bool exists(const std::string &path) override { return m_files.exists(path); }
     bool canOpen(const std::string &path) override { return m_files.canOpen(path); }
     Expected<std::string> readFile(const std::string &path, std::size_t most) override
     {
         return m_files.readFile(path, most);
     }
+    Expected<std::unique_ptr<FileReader>> openFile(const std::string &path) override { return m_files.openFile(path); }
     Expected<std::string> realPath(const std::string &path) override { return m_files.realPath(path); }
     Expected<std::unique_ptr<HeldFolder>> holdFolder(const std::string &path) override
     {
@@ -45,6 +52,12 @@ public:
     Expected<std::vector<std::string>> mountPoints() override { return m_files.mountPoints(); }
     std::string homeFolder() override { return m_files.homeFolder(); }
     SystemKind systemKind() override { return m_files.systemKind(); }
+    std::optional<std::string> diskName() override { return m_files.diskName(); }
+    std::vector<MountedFolder> mounts() override { return m_files.mounts(); }
+    std::optional<OwnPlace> ownPlaceFor(std::string_view macPlace) override { return m_files.ownPlaceFor(macPlace); }
+    std::vector<std::string> userFolders() override { return m_files.userFolders(); }
+    std::vector<std::string> sharedDataFolders() override { return m_files.sharedDataFolders(); }
+    std::vector<std::string> volumeTrashes() override { return m_files.volumeTrashes(); }
 
 private:
     FileSystem &m_files;

@@ -11,12 +11,10 @@ namespace {
 using testing::ElementsAre;
 
 struct HelpCommands : testing::Test {
-    HelpCommands() { presenter.setStore(&fake.store); }
-
     const std::string site = AppInfo::site().toString().toStdString();
 
     FakeStore fake;
-    HelpPresenter presenter;
+    HelpPresenter presenter{fake.store};
 };
 
 TEST_F(HelpCommands, OpenTheWebsite)

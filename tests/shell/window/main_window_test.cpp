@@ -14,7 +14,6 @@
 #include "shell/app_info.h"
 #include "shell/fake_services.h"
 #include "shell/ui/shell_ui.h"
-#include "shell/ui/store_registration.h"
 #include "shell/ui/theme.h"
 #include "shell/window/fake_store.h"
 
@@ -34,7 +33,6 @@ constexpr auto source = R"(
         property int made: 0
         function count() { ++made; }
         screens: SidebarModel {
-            store: Store
             WindowScreen {
                 item: Store.SidebarItem.explorer
                 Item {
@@ -56,7 +54,6 @@ protected:
     MainWindowTest()
     {
         services.defaults.setDidOnboard(true);
-        StoreRegistration::setStore(&fake.store);
         setUpShell(engine);
         Theme::instance()->setReducedMotion(true); // so that nothing is clicked while it moves
         QQmlComponent component(&engine);

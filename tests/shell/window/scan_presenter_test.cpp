@@ -14,8 +14,6 @@ namespace {
 using Phase = StorageStore::Phase;
 
 struct ScanControls : testing::Test {
-    ScanControls() { presenter.setStore(&fake.store); }
-
     /// Hands the running scan's result over, as its thread would.
     void finish()
     {
@@ -25,7 +23,7 @@ struct ScanControls : testing::Test {
     }
 
     FakeStore fake;
-    ScanPresenter presenter;
+    ScanPresenter presenter{fake.store};
 };
 
 TEST_F(ScanControls, OfferAScanBeforeTheFirstOne)

@@ -11,10 +11,8 @@ namespace corvane {
 namespace {
 
 struct SelectionWords : testing::Test {
-    SelectionWords() { presenter.setStore(&fake.store); }
-
     FakeStore fake;
-    SelectionPresenter presenter;
+    SelectionPresenter presenter{fake.store};
 };
 
 TEST_F(SelectionWords, NothingSelectedCannotBeRemoved)

@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct Review : testing::Test {
-    Review() { model.setStore(&fake.store); }
+    Review() { model.setActive(true); }
 
     std::vector<std::string> texts(int role) const
     {
@@ -29,7 +29,7 @@ struct Review : testing::Test {
     std::vector<std::string> names() const { return texts(SelectionReviewModel::NameRole); }
 
     FakeStore fake;
-    SelectionReviewModel model;
+    SelectionReviewModel model{fake.store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy resets{&model, &QAbstractItemModel::modelReset};
     QSignalSpy inserted{&model, &QAbstractItemModel::rowsInserted};
@@ -61,8 +61,8 @@ TEST(ReviewOfAnotherHome, AHomeThatIsTheRootOfTheDiskShortensNothing)
     const Host host = fake.host();
     const ProtectedLocations locations{"/", ProtectedPlaces{}};
     StorageStore store{host, locations};
-    SelectionReviewModel model;
-    model.setStore(&store);
+    SelectionReviewModel model(store);
+    model.setActive(true);
     store.setSelected("/srv/big.iso", 1, true);
     ASSERT_EQ(model.rowCount(), 1);
     EXPECT_EQ(model.index(0).data(SelectionReviewModel::PathRole).toString(), QStringLiteral("/srv/big.iso"));

@@ -40,7 +40,7 @@ struct Sidebar : testing::Test {
 
     FakeStore fake;
     std::list<WindowScreen> screens;
-    SidebarModel model;
+    SidebarModel model{fake.store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
@@ -90,7 +90,6 @@ TEST_F(Sidebar, FollowsTheStoresChoice)
 {
     const WindowScreen &map = add(Item::explorer);
     add(Item::large);
-    model.setStore(&fake.store);
     EXPECT_EQ(model.currentRow(), 0);
     EXPECT_EQ(model.content(), map.content);
     EXPECT_TRUE(model.needsScan());
@@ -109,7 +108,6 @@ TEST_F(Sidebar, AnItemWithoutAScreenShowsTheFirst)
 {
     add(Item::explorer);
     add(Item::large);
-    model.setStore(&fake.store);
     fake.store.setSidebar(Item::cleanup);
     EXPECT_EQ(model.currentRow(), 0);
 }
@@ -118,7 +116,6 @@ TEST_F(Sidebar, ChoosingARowSetsTheStoresChoice)
 {
     add(Item::explorer);
     add(Item::duplicates);
-    model.setStore(&fake.store);
     model.choose(1);
     EXPECT_EQ(fake.store.sidebar(), Item::duplicates);
     model.choose(2);
@@ -128,7 +125,6 @@ TEST_F(Sidebar, ChoosingARowSetsTheStoresChoice)
 
 TEST_F(Sidebar, WithoutScreensThereIsNothingChosen)
 {
-    model.setStore(&fake.store);
     EXPECT_EQ(model.currentRow(), -1);
     EXPECT_EQ(model.content(), nullptr);
     model.choose(1);
@@ -149,7 +145,6 @@ TEST_F(Sidebar, AScreensFileIsReadWhenTheScreenIsFirstShown)
     engine.rootContext()->setBaseUrl(QUrl::fromLocalFile(folder.filePath(QStringLiteral("Main.qml"))));
     cleanup.source = QUrl(QStringLiteral("Page.qml"));
 
-    model.setStore(&fake.store);
     static_cast<void>(model.content());
     EXPECT_EQ(cleanup.content, nullptr) << "another screen is shown";
 

@@ -12,7 +12,6 @@
 
 #include "shell/fake_services.h"
 #include "shell/ui/shell_ui.h"
-#include "shell/ui/store_registration.h"
 #include "shell/window/fake_store.h"
 
 namespace corvane {
@@ -30,14 +29,13 @@ constexpr auto source = R"(
         property int settingsAsked: 0
         property WindowActions actions: WindowActions {
             screens: SidebarModel {
-                store: Store
                 WindowScreen { item: Store.SidebarItem.overview; Item {} }
                 WindowScreen { item: Store.SidebarItem.cleanup; Item {} }
             }
-            scan: ScanPresenter { store: Store }
-            selection: SelectionPresenter { store: Store }
-            help: HelpPresenter { store: Store }
-            history: FolderHistory { store: Store }
+            scan: ScanPresenter {}
+            selection: SelectionPresenter {}
+            help: HelpPresenter {}
+            history: FolderHistory {}
             enabled: true
             onSettingsWanted: ++settingsAsked
         }
@@ -60,7 +58,6 @@ protected:
     {
         services.defaults.setDidOnboard(true);
         QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
-        StoreRegistration::setStore(&fake.store);
         setUpShell(engine);
         handlerBefore = qInstallMessageHandler(leaveOutMissingWidgets);
         QQmlComponent component(&engine);

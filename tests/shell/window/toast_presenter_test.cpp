@@ -11,15 +11,10 @@ namespace corvane {
 namespace {
 
 struct Toast : testing::Test {
-    Toast()
-    {
-        presenter.setProperty("stayDuration", 60);
-        presenter.setProperty("stayWarningDuration", 5'000);
-        presenter.setStore(&fake.store);
-    }
+    Toast() { presenter.setStay(60, 5'000); }
 
     FakeStore fake;
-    ToastPresenter presenter;
+    ToastPresenter presenter{fake.store};
 };
 
 TEST_F(Toast, ShowsWhatTheStoreSays)

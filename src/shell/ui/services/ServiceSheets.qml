@@ -29,19 +29,16 @@ Item {
     OnboardingPresenter {
         id: welcomePresenter
 
-        store: Store
         defaults: Services.defaults
     }
     FeedbackPresenter {
         id: feedbackPresenter
 
-        store: Store
         api: Services.api
     }
     SettingsPresenter {
         id: settingsPresenter
 
-        store: Store
         defaults: Services.defaults
         api: Services.api
         updater: Services.updater

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/system_words.h"
 #include "shell/app_info.h"
@@ -25,13 +24,9 @@ constexpr std::array<Category, 3> categoryList{{
 
 } // namespace
 
-void FeedbackPresenter::setStore(StorageStore *store)
+FeedbackPresenter::FeedbackPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store)
-        connect(m_store, &StorageStore::showFeedbackChanged, this, &FeedbackPresenter::followStore);
-    emit storeChanged();
+    connect(&m_store, &StorageStore::showFeedbackChanged, this, &FeedbackPresenter::followStore);
     followStore();
 }
 
@@ -114,7 +109,7 @@ void FeedbackPresenter::setIncludeInfo(bool include)
 
 QString FeedbackPresenter::infoText() const
 {
-    return m_store ? displayText(m_store->words().includeSystemInfo) : QString();
+    return displayText(m_store.words().includeSystemInfo);
 }
 
 // --- Sending
@@ -132,8 +127,8 @@ QJsonObject FeedbackPresenter::body() const
         {QStringLiteral("category"), category()},
         {QStringLiteral("source"), QStringLiteral("app")},
     };
-    if (m_draft.includesInfo && m_store)
-        body.insert(QStringLiteral("info"), AppInfo::system(m_store->host().files));
+    if (m_draft.includesInfo)
+        body.insert(QStringLiteral("info"), AppInfo::system(m_store.host().files));
     return body;
 }
 
@@ -162,14 +157,14 @@ void FeedbackPresenter::receive(const std::optional<API::Failure> &failure)
             startAnew();
     }
     emit changed();
-    if (!m_store || isWanted())
+    if (isWanted())
         return;
     // The form was closed meanwhile.
     m_isSeen = false;
     if (failure)
-        m_store->showToast("Feedback not sent: " + failure->message.toStdString(), true);
+        m_store.showToast("Feedback not sent: " + failure->message.toStdString(), true);
     else
-        m_store->showToast("Feedback sent. Thank you!");
+        m_store.showToast("Feedback sent. Thank you!");
 }
 
 QString FeedbackPresenter::errorLines() const
@@ -179,8 +174,7 @@ QString FeedbackPresenter::errorLines() const
 
 void FeedbackPresenter::close()
 {
-    if (m_store)
-        m_store->setShowFeedback(false);
+    m_store.setShowFeedback(false);
 }
 
 void FeedbackPresenter::startAnew()

@@ -9,7 +9,7 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 #include "shell/web_service.h"
 
 namespace corvane {
@@ -20,7 +20,6 @@ namespace corvane {
 class FeedbackPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(corvane::API *api READ api WRITE setApi NOTIFY apiChanged)
     /// Whether the form is to be shown.
     Q_PROPERTY(bool wanted READ isWanted NOTIFY wantedChanged)
@@ -30,7 +29,7 @@ class FeedbackPresenter : public QObject {
     Q_PROPERTY(QString messageHint READ messageHint NOTIFY changed)
     Q_PROPERTY(QString email READ email WRITE setEmail NOTIFY changed)
     Q_PROPERTY(bool includeInfo READ includesInfo WRITE setIncludeInfo NOTIFY changed)
-    Q_PROPERTY(QString infoText READ infoText NOTIFY storeChanged)
+    Q_PROPERTY(QString infoText READ infoText CONSTANT)
     Q_PROPERTY(bool sending READ isSending NOTIFY changed)
     /// Empty for none.
     Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
@@ -41,14 +40,12 @@ class FeedbackPresenter : public QObject {
     Q_PROPERTY(QString thanksText READ thanksText NOTIFY changed)
 
 public:
-    explicit FeedbackPresenter(QObject *parent = nullptr) : QObject(parent) {}
+    explicit FeedbackPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
     [[nodiscard]] API *api() const { return m_api; }
     void setApi(API *api);
 
-    [[nodiscard]] bool isWanted() const { return m_store && m_store->showFeedback(); }
+    [[nodiscard]] bool isWanted() const { return m_store.showFeedback(); }
     /// The names of the categories.
     [[nodiscard]] static QList<QString> categories();
     [[nodiscard]] int categoryIndex() const { return m_draft.category; }
@@ -80,7 +77,6 @@ public:
     Q_INVOKABLE void close();
 
 signals:
-    void storeChanged();
     void apiChanged();
     void wantedChanged();
     void changed();
@@ -97,7 +93,7 @@ private:
     void receive(const std::optional<API::Failure> &failure);
     void startAnew();
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     QPointer<API> m_api;
     Draft m_draft;
     bool m_wasWanted = false;

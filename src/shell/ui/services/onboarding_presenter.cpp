@@ -27,21 +27,12 @@ QString richText(std::string_view sentence)
 
 } // namespace
 
-OnboardingPresenter::OnboardingPresenter(QObject *parent) : QObject(parent)
+OnboardingPresenter::OnboardingPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
     m_poll.setSingleShot(true);
     m_poll.setInterval(std::chrono::seconds(1));
     connect(&m_poll, &QTimer::timeout, this, &OnboardingPresenter::testAccess);
-}
-
-void OnboardingPresenter::setStore(StorageStore *store)
-{
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store)
-        connect(m_store, &StorageStore::accessChanged, this, &OnboardingPresenter::accessChanged);
-    emit storeChanged();
-    emit accessChanged();
+    connect(&m_store, &StorageStore::accessChanged, this, &OnboardingPresenter::accessChanged);
 }
 
 void OnboardingPresenter::setDefaults(UserDefaults *defaults)
@@ -67,33 +58,24 @@ void OnboardingPresenter::setVisible(bool visible)
 
 void OnboardingPresenter::testAccess()
 {
-    if (!m_store)
-        return;
-    m_store->refreshAccess();
+    m_store.refreshAccess();
     if (!isGranted())
         m_poll.start();
 }
 
-const SystemWords *OnboardingPresenter::words() const
-{
-    return m_store ? &m_store->words() : nullptr;
-}
-
 QString OnboardingPresenter::welcomeLine() const
 {
-    return words() ? displayText(words()->welcomeLine) : QString();
+    return displayText(words().welcomeLine);
 }
 
 QString OnboardingPresenter::accessTitle() const
 {
-    return words() ? displayText(words()->accessTitle) : QString();
+    return displayText(words().accessTitle);
 }
 
 QString OnboardingPresenter::accessLine() const
 {
-    if (!words())
-        return {};
-    return displayText(isGranted() ? words()->accessGranted : words()->accessMissing);
+    return displayText(isGranted() ? words().accessGranted : words().accessMissing);
 }
 
 QString OnboardingPresenter::status() const
@@ -103,7 +85,7 @@ QString OnboardingPresenter::status() const
 
 bool OnboardingPresenter::hasSettings() const
 {
-    return words() && words()->accessIsInSettings;
+    return words().accessIsInSettings;
 }
 
 QStringList OnboardingPresenter::steps() const
@@ -111,7 +93,7 @@ QStringList OnboardingPresenter::steps() const
     QStringList texts;
     if (!hasSettings())
         return texts;
-    for (const std::string_view step : words()->accessSteps)
+    for (const std::string_view step : words().accessSteps)
         texts << richText(step);
     return texts;
 }
@@ -126,7 +108,7 @@ QStringList OnboardingPresenter::plainSteps() const
 
 QString OnboardingPresenter::dragHelp() const
 {
-    return words() ? displayText(words()->dragHelp) : QString();
+    return displayText(words().dragHelp);
 }
 
 QString OnboardingPresenter::bundleOf(const QString &programFile)
@@ -150,8 +132,7 @@ void OnboardingPresenter::dismiss()
 
 void OnboardingPresenter::openSettings()
 {
-    if (m_store)
-        m_store->perform({BreakdownAction::Kind::fullDiskAccess, {}});
+    m_store.perform({BreakdownAction::Kind::fullDiskAccess, {}});
 }
 
 } // namespace corvane

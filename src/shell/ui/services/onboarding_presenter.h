@@ -9,8 +9,8 @@
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
 #include "core/words/system_words.h"
+#include "shell/ui/store_registration.h"
 #include "shell/user_defaults.h"
 
 namespace corvane {
@@ -20,7 +20,6 @@ namespace corvane {
 class OnboardingPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(corvane::UserDefaults *defaults READ defaults WRITE setDefaults NOTIFY defaultsChanged)
     /// Whether the sheet is to be shown: it has not been dismissed yet, or is asked for again.
     Q_PROPERTY(bool wanted READ isWanted NOTIFY wantedChanged)
@@ -28,31 +27,29 @@ class OnboardingPresenter : public QObject {
     Q_PROPERTY(bool visible READ isVisible WRITE setVisible NOTIFY visibleChanged)
     Q_PROPERTY(bool granted READ isGranted NOTIFY accessChanged)
     Q_PROPERTY(QString title READ title CONSTANT)
-    Q_PROPERTY(QString welcomeLine READ welcomeLine NOTIFY storeChanged)
-    Q_PROPERTY(QString accessTitle READ accessTitle NOTIFY storeChanged)
+    Q_PROPERTY(QString welcomeLine READ welcomeLine CONSTANT)
+    Q_PROPERTY(QString accessTitle READ accessTitle CONSTANT)
     Q_PROPERTY(QString accessLine READ accessLine NOTIFY accessChanged)
     Q_PROPERTY(QString status READ status NOTIFY accessChanged)
     /// The access is granted in the system's settings, in these steps; rich text. Where it is not, there are none.
-    Q_PROPERTY(bool hasSettings READ hasSettings NOTIFY storeChanged)
-    Q_PROPERTY(QStringList steps READ steps NOTIFY storeChanged)
+    Q_PROPERTY(bool hasSettings READ hasSettings CONSTANT)
+    Q_PROPERTY(QStringList steps READ steps CONSTANT)
     /// The same as plain text.
-    Q_PROPERTY(QStringList plainSteps READ plainSteps NOTIFY storeChanged)
-    Q_PROPERTY(QString dragHelp READ dragHelp NOTIFY storeChanged)
+    Q_PROPERTY(QStringList plainSteps READ plainSteps CONSTANT)
+    Q_PROPERTY(QString dragHelp READ dragHelp CONSTANT)
     /// The file address of what is dragged into the list of the settings.
     Q_PROPERTY(QString applicationUrl READ applicationUrl CONSTANT)
 
 public:
-    explicit OnboardingPresenter(QObject *parent = nullptr);
+    explicit OnboardingPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
     [[nodiscard]] UserDefaults *defaults() const { return m_defaults; }
     void setDefaults(UserDefaults *defaults);
 
     [[nodiscard]] bool isWanted() const { return m_defaults && !m_defaults->didOnboard(); }
     [[nodiscard]] bool isVisible() const { return m_visible; }
     void setVisible(bool visible);
-    [[nodiscard]] bool isGranted() const { return m_store && m_store->hasFullDiskAccess(); }
+    [[nodiscard]] bool isGranted() const { return m_store.hasFullDiskAccess(); }
     [[nodiscard]] QString title() const { return QStringLiteral("Welcome to Corvane"); }
     [[nodiscard]] QString welcomeLine() const;
     [[nodiscard]] QString accessTitle() const;
@@ -77,17 +74,16 @@ public:
     [[nodiscard]] bool isPolling() const { return m_poll.isActive(); }
 
 signals:
-    void storeChanged();
     void defaultsChanged();
     void wantedChanged();
     void visibleChanged();
     void accessChanged();
 
 private:
-    [[nodiscard]] const SystemWords *words() const;
+    [[nodiscard]] const SystemWords &words() const { return m_store.words(); }
     void testAccess();
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     QPointer<UserDefaults> m_defaults;
     QTimer m_poll;
     bool m_visible = false;

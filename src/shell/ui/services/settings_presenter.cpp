@@ -7,15 +7,9 @@
 
 namespace corvane {
 
-void SettingsPresenter::setStore(StorageStore *store)
+SettingsPresenter::SettingsPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store)
-        connect(m_store, &StorageStore::accessChanged, this, &SettingsPresenter::accessChanged);
-    emit storeChanged();
-    emit accessChanged();
-    emit explanationChanged();
+    connect(&m_store, &StorageStore::accessChanged, this, &SettingsPresenter::accessChanged);
 }
 
 void SettingsPresenter::setDefaults(UserDefaults *defaults)
@@ -54,8 +48,8 @@ void SettingsPresenter::setVisible(bool visible)
     if (m_visible == visible)
         return;
     m_visible = visible;
-    if (m_visible && m_store)
-        m_store->refreshAccess();
+    if (m_visible)
+        m_store.refreshAccess();
     emit visibleChanged();
 }
 
@@ -106,10 +100,10 @@ void SettingsPresenter::setCrashChoice(int choice)
 
 QString SettingsPresenter::crashExplanation() const
 {
-    if (!m_store || !m_api)
+    if (!m_api)
         return {};
     return QStringLiteral("Crash reports contain technical details: ") +
-           displayText(m_store->words().crashReportContent) +
+           displayText(m_store.words().crashReportContent) +
            QStringLiteral(". They never include file contents, and they're sent only to ") + m_api->site().host() +
            QStringLiteral(" to fix bugs.");
 }
@@ -118,7 +112,7 @@ QString SettingsPresenter::crashExplanation() const
 
 QString SettingsPresenter::accessTitle() const
 {
-    return m_store ? displayText(m_store->words().accessTitle) : QString();
+    return displayText(m_store.words().accessTitle);
 }
 
 QString SettingsPresenter::accessStatus() const
@@ -136,8 +130,7 @@ void SettingsPresenter::showWelcome()
 void SettingsPresenter::sendFeedback()
 {
     emit mainWindowWanted();
-    if (m_store)
-        m_store->setShowFeedback(true);
+    m_store.setShowFeedback(true);
 }
 
 } // namespace corvane

@@ -6,8 +6,8 @@
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
 #include "shell/app_updater.h"
+#include "shell/ui/store_registration.h"
 #include "shell/user_defaults.h"
 #include "shell/web_service.h"
 
@@ -17,7 +17,6 @@ namespace corvane {
 class SettingsPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(corvane::UserDefaults *defaults READ defaults WRITE setDefaults NOTIFY defaultsChanged)
     Q_PROPERTY(corvane::API *api READ api WRITE setApi NOTIFY apiChanged)
     Q_PROPERTY(corvane::AppUpdater *updater READ updater WRITE setUpdater NOTIFY updaterChanged)
@@ -32,15 +31,13 @@ class SettingsPresenter : public QObject {
     Q_PROPERTY(QStringList crashChoices READ crashChoices CONSTANT)
     Q_PROPERTY(int crashChoice READ crashChoice WRITE setCrashChoice NOTIFY crashChoiceChanged)
     Q_PROPERTY(QString crashExplanation READ crashExplanation NOTIFY explanationChanged)
-    Q_PROPERTY(QString accessTitle READ accessTitle NOTIFY storeChanged)
+    Q_PROPERTY(QString accessTitle READ accessTitle CONSTANT)
     Q_PROPERTY(bool granted READ isGranted NOTIFY accessChanged)
     Q_PROPERTY(QString accessStatus READ accessStatus NOTIFY accessChanged)
 
 public:
-    explicit SettingsPresenter(QObject *parent = nullptr) : QObject(parent) {}
+    explicit SettingsPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
     [[nodiscard]] UserDefaults *defaults() const { return m_defaults; }
     void setDefaults(UserDefaults *defaults);
     [[nodiscard]] API *api() const { return m_api; }
@@ -69,7 +66,7 @@ public:
     [[nodiscard]] QString crashExplanation() const;
 
     [[nodiscard]] QString accessTitle() const;
-    [[nodiscard]] bool isGranted() const { return m_store && m_store->hasFullDiskAccess(); }
+    [[nodiscard]] bool isGranted() const { return m_store.hasFullDiskAccess(); }
     [[nodiscard]] QString accessStatus() const;
 
     /// These three show something in the main window.
@@ -78,7 +75,6 @@ public:
     Q_INVOKABLE void sendFeedback();
 
 signals:
-    void storeChanged();
     void defaultsChanged();
     void apiChanged();
     void updaterChanged();
@@ -91,7 +87,7 @@ signals:
     void mainWindowWanted();
 
 private:
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     QPointer<UserDefaults> m_defaults;
     QPointer<API> m_api;
     QPointer<AppUpdater> m_updater;

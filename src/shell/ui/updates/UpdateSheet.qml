@@ -7,7 +7,6 @@ Sheet {
     id: sheet
 
     property alias updater: updates.updater
-    property alias store: updates.store
     /// While true it does not open: something else has the user's attention.
     property bool held: false
 

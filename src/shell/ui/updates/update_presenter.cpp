@@ -14,6 +14,8 @@ using Phase = UpdateState::Phase;
 
 } // namespace
 
+UpdatePresenter::UpdatePresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store) {}
+
 void UpdatePresenter::setUpdater(AppUpdater *updater)
 {
     if (m_updater == updater)
@@ -32,14 +34,6 @@ void UpdatePresenter::follow()
     emit changed();
     if (std::exchange(m_step, step()) != step())
         emit stepChanged();
-}
-
-void UpdatePresenter::setStore(StorageStore *store)
-{
-    if (m_store == store)
-        return;
-    m_store = store;
-    emit storeChanged();
 }
 
 const UpdateState &UpdatePresenter::state() const
@@ -88,9 +82,9 @@ QString UpdatePresenter::message() const
     }
     case Phase::ready:
         return state().isPackage
-                   ? QStringLiteral("Its signature is right. Open the package to install it, or find it in the file "
+                   ? QStringLiteral("Its signature is valid. Open the package to install it, or find it in the file "
                                     "manager. Corvane installs nothing by itself.")
-                   : QStringLiteral("Its signature is right. Find it in the file manager to install it. Corvane "
+                   : QStringLiteral("Its signature is valid. Find it in the file manager to install it. Corvane "
                                     "installs nothing by itself.");
     case Phase::failed:
         return state().failure;
@@ -150,7 +144,7 @@ QString UpdatePresenter::acceptText() const
 
 QString UpdatePresenter::showText() const
 {
-    return m_store ? displayText(m_store->words().reveal) : QString();
+    return displayText(m_store.words().reveal);
 }
 
 QString UpdatePresenter::revealText() const
@@ -175,17 +169,17 @@ void UpdatePresenter::accept()
         dismiss();
     } else if (!state().isPackage) {
         reveal();
-    } else if (m_store) {
-        m_store->openFile(state().path);
+    } else {
+        m_store.openFile(state().path);
         dismiss();
     }
 }
 
 void UpdatePresenter::reveal()
 {
-    if (state().phase != Phase::ready || !m_store)
+    if (state().phase != Phase::ready)
         return;
-    m_store->reveal(state().path);
+    m_store.reveal(state().path);
     dismiss();
 }
 
@@ -197,8 +191,8 @@ void UpdatePresenter::dismiss()
 
 void UpdatePresenter::openReleaseNotes() const
 {
-    if (m_store && hasReleaseNotes())
-        openPage(*m_store, state().releaseNotes);
+    if (hasReleaseNotes())
+        openPage(m_store, state().releaseNotes);
 }
 
 } // namespace corvane

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
 #include "shell/app_updater.h"
+#include "shell/ui/store_registration.h"
 #include "shell/updates/update_session.h"
 
 namespace corvane {
@@ -16,7 +16,6 @@ class UpdatePresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::AppUpdater *updater READ updater WRITE setUpdater NOTIFY updaterChanged)
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     /// Whether there is something that the user is to see.
     Q_PROPERTY(bool open READ open NOTIFY changed)
     /// Another number for every other content: the keyboard then goes to that content's button.
@@ -36,12 +35,10 @@ class UpdatePresenter : public QObject {
     Q_PROPERTY(QString dismissText READ dismissText NOTIFY changed)
 
 public:
-    explicit UpdatePresenter(QObject *parent = nullptr) : QObject(parent) {}
+    explicit UpdatePresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] AppUpdater *updater() const { return m_updater; }
     void setUpdater(AppUpdater *updater);
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
 
     [[nodiscard]] bool open() const;
     [[nodiscard]] int step() const { return static_cast<int>(state().phase); }
@@ -65,18 +62,16 @@ public:
 
 signals:
     void updaterChanged();
-    void storeChanged();
     void stepChanged();
     void changed();
 
 private:
     void follow();
     [[nodiscard]] const UpdateState &state() const;
-
-    QPointer<AppUpdater> m_updater;
     [[nodiscard]] QString showText() const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
+    QPointer<AppUpdater> m_updater;
     QPointer<UpdateSession> m_session;
     QMetaObject::Connection m_following;
     int m_step = 0; // what was told last

@@ -12,8 +12,6 @@ Item {
 
     DiskGaugePresenter {
         id: presenter
-
-        store: Store
     }
     Rectangle {
         width: parent.width

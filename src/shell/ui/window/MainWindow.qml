@@ -53,24 +53,18 @@ T.ApplicationWindow {
     ScanPresenter {
         id: scan
 
-        store: Store
         onFolderWanted: chooser.ask()
     }
     SelectionPresenter {
         id: selectionPresenter
 
-        store: Store
         onQuestionWanted: confirmation.show()
     }
     HelpPresenter {
         id: help
-
-        store: Store
     }
     FolderHistory {
         id: history
-
-        store: Store
     }
     WindowActions {
         id: actions
@@ -204,7 +198,6 @@ T.ApplicationWindow {
         id: updates
 
         updater: Services.updater
-        store: Store
         held: window.asksItself || services.asking
     }
     ServiceSheets {

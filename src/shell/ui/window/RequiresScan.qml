@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Corvane.Shell
 import Corvane.Window
 
 /// A screen. One that needs a scan has to wait for it: until there is one, what it would show and the way there;
@@ -28,8 +27,6 @@ Item {
 
     ScanPresenter {
         id: presenter
-
-        store: Store
     }
     Loader {
         id: loader

@@ -41,7 +41,7 @@ AppList {
     model: SelectionReviewModel {
         id: entries
 
-        store: list.active ? Store : null
+        active: list.active
     }
     delegate: ReviewRow {
         width: list.width

@@ -12,7 +12,6 @@ FocusScope {
     ScanPresenter {
         id: scan
 
-        store: Store
         // The keyboard goes over to the button that takes the place of the other.
         onStateChanged: {
             if (toolbar.activeFocus && scan.scanning)

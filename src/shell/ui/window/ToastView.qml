@@ -44,9 +44,6 @@ Item {
     ToastPresenter {
         id: toast
 
-        store: Store
-        stayDuration: Theme.toastStayDuration
-        stayWarningDuration: Theme.toastStayWarningDuration
         hovered: hover.hovered
     }
     HoverHandler {

@@ -2,34 +2,26 @@
 
 #include <algorithm>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
 
-void DiskGaugePresenter::setStore(StorageStore *store)
+DiskGaugePresenter::DiskGaugePresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store)
-        connect(m_store, &StorageStore::volumeChanged, this, &DiskGaugePresenter::changed);
-    emit storeChanged();
-    emit changed();
+    connect(&m_store, &StorageStore::volumeChanged, this, &DiskGaugePresenter::changed);
 }
 
 QString DiskGaugePresenter::text() const
 {
-    if (!m_store)
-        return {};
-    const VolumeInfo &volume = m_store->volume();
+    const VolumeInfo &volume = m_store.volume();
     return sizeText(volume.available) + QStringLiteral(" free of ") + sizeText(volume.total);
 }
 
 double DiskGaugePresenter::usedFraction() const
 {
-    if (!m_store || m_store->volume().total <= 0)
+    if (m_store.volume().total <= 0)
         return 0;
-    const VolumeInfo &volume = m_store->volume();
+    const VolumeInfo &volume = m_store.volume();
     const double free = static_cast<double>(volume.available) / static_cast<double>(volume.total);
     return std::clamp(1.0 - free, 0.0, 1.0);
 }

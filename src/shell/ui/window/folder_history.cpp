@@ -1,26 +1,19 @@
 #include "shell/ui/window/folder_history.h"
 
-#include "core/store/followed.h"
-
 namespace corvane {
 
-void FolderHistory::setStore(StorageStore *store)
+FolderHistory::FolderHistory(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::currentFolderChanged, this, &FolderHistory::follow);
-        for (const auto signal :
-             {&StorageStore::treeChanged, &StorageStore::revisionChanged, &StorageStore::sidebarChanged})
-            connect(m_store, signal, this, &FolderHistory::changed);
-    }
-    emit storeChanged();
+    connect(&m_store, &StorageStore::currentFolderChanged, this, &FolderHistory::follow);
+    for (const auto signal :
+         {&StorageStore::treeChanged, &StorageStore::revisionChanged, &StorageStore::sidebarChanged})
+        connect(&m_store, signal, this, &FolderHistory::changed);
     follow();
 }
 
 void FolderHistory::follow()
 {
-    const FileNode *const folder = m_store ? m_store->currentFolder().get() : nullptr;
+    const FileNode *const folder = m_store.currentFolder().get();
     std::string path = folder != nullptr ? folder->path() : std::string();
     if (!path.empty() && (m_paths.empty() || m_paths[m_place] != path)) {
         // A new way ends what was ahead of the old one.
@@ -36,12 +29,12 @@ void FolderHistory::follow()
 
 std::optional<std::size_t> FolderHistory::nearest(int step) const
 {
-    if (!m_store || !m_store->currentFolder() || m_store->sidebar() != StorageStore::SidebarItem::explorer)
+    if (!m_store.currentFolder() || m_store.sidebar() != StorageStore::SidebarItem::explorer)
         return std::nullopt;
     for (auto place = static_cast<std::ptrdiff_t>(m_place) + step;
          place >= 0 && place < static_cast<std::ptrdiff_t>(m_paths.size()); place += step) {
-        const FileNode *const node = m_store->node(m_paths[static_cast<std::size_t>(place)]);
-        if (node != nullptr && node->kind != FileNode::Kind::file && node != m_store->currentFolder().get())
+        const FileNode *const node = m_store.node(m_paths[static_cast<std::size_t>(place)]);
+        if (node != nullptr && node->kind != FileNode::Kind::file && node != m_store.currentFolder().get())
             return static_cast<std::size_t>(place);
     }
     return std::nullopt;
@@ -53,7 +46,7 @@ void FolderHistory::walk(int step)
     if (!place)
         return;
     m_place = *place; // first, so that the folder is taken for the one that is here
-    m_store->open(m_store->sharedNode(m_paths[m_place]));
+    m_store.open(m_store.sharedNode(m_paths[m_place]));
 }
 
 void FolderHistory::walkSoon(int step)

@@ -6,10 +6,9 @@
 #include <vector>
 
 #include <QObject>
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -19,7 +18,6 @@ namespace corvane {
 class FolderHistory : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY changed)
     Q_PROPERTY(bool canGoForward READ canGoForward NOTIFY changed)
 
@@ -27,10 +25,7 @@ public:
     /// Older folders than that many are forgotten.
     static constexpr std::size_t foldersKept = 100;
 
-    explicit FolderHistory(QObject *parent = nullptr) : QObject(parent) {}
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit FolderHistory(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] bool canGoBack() const { return nearest(-1).has_value(); }
     [[nodiscard]] bool canGoForward() const { return nearest(1).has_value(); }
@@ -43,7 +38,6 @@ public:
     Q_INVOKABLE void go(int button);
 
 signals:
-    void storeChanged();
     void changed();
 
 private:
@@ -53,7 +47,7 @@ private:
     /// The place of the next folder in a direction that can be shown and is not shown already.
     [[nodiscard]] std::optional<std::size_t> nearest(int step) const;
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     std::vector<std::string> m_paths; // bytes
     std::size_t m_place = 0;          // of the folder shown, once there is one
 };

@@ -5,24 +5,16 @@
 
 namespace corvane {
 
-void HelpPresenter::setStore(StorageStore *store)
-{
-    if (m_store == store)
-        return;
-    m_store = store;
-    emit storeChanged();
-}
+HelpPresenter::HelpPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store) {}
 
 void HelpPresenter::openWebsite() const
 {
-    if (m_store)
-        openPage(*m_store, AppInfo::site());
+    openPage(m_store, AppInfo::site());
 }
 
 void HelpPresenter::openPrivacyPolicy() const
 {
-    if (m_store)
-        openPage(*m_store, AppInfo::privacyPage());
+    openPage(m_store, AppInfo::privacyPage());
 }
 
 } // namespace corvane

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -13,23 +12,16 @@ namespace corvane {
 class HelpPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
 
 public:
-    explicit HelpPresenter(QObject *parent = nullptr) : QObject(parent) {}
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit HelpPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     /// Both open a page in the browser; the toast says so where that cannot be done.
     Q_INVOKABLE void openWebsite() const;
     Q_INVOKABLE void openPrivacyPolicy() const;
 
-signals:
-    void storeChanged();
-
 private:
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
 };
 
 } // namespace corvane

@@ -1,6 +1,5 @@
 #include "shell/ui/window/scan_presenter.h"
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/window/folder_url.h"
 
@@ -18,30 +17,23 @@ QString folderName(const StorageStore &store)
 
 } // namespace
 
-void ScanPresenter::setStore(StorageStore *store)
+ScanPresenter::ScanPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::phaseChanged, this, &ScanPresenter::stateChanged);
-        connect(m_store, &StorageStore::treeChanged, this, &ScanPresenter::stateChanged);
-        connect(m_store, &StorageStore::phaseChanged, this, &ScanPresenter::progressChanged);
-        connect(m_store, &StorageStore::progressChanged, this, &ScanPresenter::progressChanged);
-        connect(m_store, &StorageStore::folderWanted, this, &ScanPresenter::folderWanted);
-    }
-    emit storeChanged();
-    emit stateChanged();
-    emit progressChanged();
+    connect(&m_store, &StorageStore::phaseChanged, this, &ScanPresenter::stateChanged);
+    connect(&m_store, &StorageStore::treeChanged, this, &ScanPresenter::stateChanged);
+    connect(&m_store, &StorageStore::phaseChanged, this, &ScanPresenter::progressChanged);
+    connect(&m_store, &StorageStore::progressChanged, this, &ScanPresenter::progressChanged);
+    connect(&m_store, &StorageStore::folderWanted, this, &ScanPresenter::folderWanted);
 }
 
 bool ScanPresenter::isScanning() const
 {
-    return m_store && m_store->phase() == StorageStore::Phase::scanning;
+    return m_store.phase() == StorageStore::Phase::scanning;
 }
 
 bool ScanPresenter::hasScan() const
 {
-    return m_store && m_store->hasScan();
+    return m_store.hasScan();
 }
 
 QString ScanPresenter::scanTitle() const
@@ -56,16 +48,16 @@ QString ScanPresenter::scanSymbol() const
 
 QString ScanPresenter::scanHelp() const
 {
-    if (!hasScan() || m_store->lastScanPath() == m_store->locations().home())
+    if (!hasScan() || m_store.lastScanPath() == m_store.locations().home())
         return QStringLiteral("Scan your home folder");
-    if (m_store->lastScanPath() == "/")
+    if (m_store.lastScanPath() == "/")
         return QStringLiteral("Scan the entire disk again");
-    return QStringLiteral("Scan “%1” again").arg(folderName(*m_store));
+    return QStringLiteral("Scan “%1” again").arg(folderName(m_store));
 }
 
 QString ScanPresenter::partialText() const
 {
-    return m_store && m_store->scanIsPartial() ? displayText(partialScanText) : QString();
+    return m_store.scanIsPartial() ? displayText(partialScanText) : QString();
 }
 
 QString ScanPresenter::stopHelp() const
@@ -80,60 +72,57 @@ QString ScanPresenter::folderPrompt() const
 
 QUrl ScanPresenter::firstFolder() const
 {
-    return m_store ? fileUrlOfPath(m_store->locations().home()) : QUrl();
+    return fileUrlOfPath(m_store.locations().home());
 }
 
 QString ScanPresenter::heading() const
 {
-    return m_store ? QStringLiteral("Scanning ") + folderName(*m_store) : QString();
+    return QStringLiteral("Scanning ") + folderName(m_store);
 }
 
 QString ScanPresenter::filesCounted() const
 {
-    return countText(m_store ? m_store->scannedFiles() : 0);
+    return countText(m_store.scannedFiles());
 }
 
 QString ScanPresenter::spaceFound() const
 {
-    return sizeText(m_store ? m_store->scannedBytes() : 0);
+    return sizeText(m_store.scannedBytes());
 }
 
 QString ScanPresenter::currentPath() const
 {
-    return m_store ? displayText(m_store->currentPath()) : QString();
+    return displayText(m_store.currentPath());
 }
 
 void ScanPresenter::scan()
 {
     if (hasScan())
-        m_store->rescan();
+        m_store.rescan();
     else
         scanHome();
 }
 
 void ScanPresenter::scanHome()
 {
-    if (m_store)
-        m_store->scanHome();
+    m_store.scanHome();
 }
 
 void ScanPresenter::scanEntireDisk()
 {
-    if (m_store)
-        m_store->scanEntireDisk();
+    m_store.scanEntireDisk();
 }
 
 void ScanPresenter::chooseFolder()
 {
-    if (m_store)
-        m_store->chooseFolder();
+    m_store.chooseFolder();
 }
 
 void ScanPresenter::scanUrl(const QUrl &url)
 {
     const std::string path = pathOfFileUrl(url);
-    if (m_store && !path.empty())
-        m_store->scan(path);
+    if (!path.empty())
+        m_store.scan(path);
 }
 
 bool ScanPresenter::accepts(const QList<QUrl> &urls) const
@@ -149,8 +138,7 @@ void ScanPresenter::scanDropped(const QList<QUrl> &urls)
 
 void ScanPresenter::stop()
 {
-    if (m_store)
-        m_store->stopScan();
+    m_store.stopScan();
 }
 
 } // namespace corvane

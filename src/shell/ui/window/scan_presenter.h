@@ -2,12 +2,11 @@
 
 #include <QList>
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -16,7 +15,6 @@ namespace corvane {
 class ScanPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(bool scanning READ isScanning NOTIFY stateChanged)
     Q_PROPERTY(bool hasScan READ hasScan NOTIFY stateChanged)
     Q_PROPERTY(QString scanTitle READ scanTitle NOTIFY stateChanged)
@@ -26,17 +24,14 @@ class ScanPresenter : public QObject {
     Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT)
     Q_PROPERTY(QString folderPrompt READ folderPrompt CONSTANT)
     /// Where a search for a folder begins.
-    Q_PROPERTY(QUrl firstFolder READ firstFolder NOTIFY storeChanged)
+    Q_PROPERTY(QUrl firstFolder READ firstFolder CONSTANT)
     Q_PROPERTY(QString heading READ heading NOTIFY progressChanged)
     Q_PROPERTY(QString filesCounted READ filesCounted NOTIFY progressChanged)
     Q_PROPERTY(QString spaceFound READ spaceFound NOTIFY progressChanged)
     Q_PROPERTY(QString currentPath READ currentPath NOTIFY progressChanged)
 
 public:
-    explicit ScanPresenter(QObject *parent = nullptr) : QObject(parent) {}
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit ScanPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] bool isScanning() const;
     [[nodiscard]] bool hasScan() const;
@@ -69,14 +64,13 @@ public:
     Q_INVOKABLE void stop();
 
 signals:
-    void storeChanged();
     void stateChanged();
     void progressChanged();
     /// The user is to be asked for a folder.
     void folderWanted();
 
 private:
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
 };
 
 } // namespace corvane

@@ -5,7 +5,6 @@
 #include <QStringList>
 
 #include "core/checked_add.h"
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/figures.h"
 
@@ -22,30 +21,22 @@ QString itemCount(std::size_t count)
 
 } // namespace
 
-void SelectionPresenter::setStore(StorageStore *store)
+SelectionPresenter::SelectionPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store) {
-        connect(m_store, &StorageStore::selectionChanged, this, &SelectionPresenter::readSelection);
-        connect(m_store, &StorageStore::isRemovingChanged, this, &SelectionPresenter::removingChanged);
-        connect(m_store, &StorageStore::isRemovingChanged, this, &SelectionPresenter::removableChanged);
-    }
-    emit storeChanged();
-    emit removingChanged();
+    connect(&m_store, &StorageStore::selectionChanged, this, &SelectionPresenter::readSelection);
+    connect(&m_store, &StorageStore::isRemovingChanged, this, &SelectionPresenter::removingChanged);
+    connect(&m_store, &StorageStore::isRemovingChanged, this, &SelectionPresenter::removableChanged);
     readSelection();
 }
 
 void SelectionPresenter::readSelection()
 {
-    const Selection effective = m_store ? m_store->effectiveSelection() : Selection();
+    const Selection effective = m_store.effectiveSelection();
     m_selected = {.count = effective.size(), .total = totalSize(effective)};
     m_inTrash = {};
-    if (m_store) {
-        for (const SelectedEntry &entry : m_store->selectedInTrash()) {
-            ++m_inTrash.count;
-            m_inTrash.total = checkedAdd(m_inTrash.total, entry.size);
-        }
+    for (const SelectedEntry &entry : m_store.selectedInTrash()) {
+        ++m_inTrash.count;
+        m_inTrash.total = checkedAdd(m_inTrash.total, entry.size);
     }
     emit selectionChanged();
     emit removableChanged();
@@ -54,7 +45,7 @@ void SelectionPresenter::readSelection()
 
 bool SelectionPresenter::isRemoving() const
 {
-    return m_store && m_store->isRemoving();
+    return m_store.isRemoving();
 }
 
 QString SelectionPresenter::countText() const
@@ -83,7 +74,7 @@ QString SelectionPresenter::trashTitle() const
 
 bool SelectionPresenter::canStop() const
 {
-    return isRemoving() && !m_store->isStopping();
+    return isRemoving() && !m_store.isStopping();
 }
 
 QString SelectionPresenter::stopTitle() const
@@ -113,10 +104,8 @@ QString SelectionPresenter::confirmMessage() const
 
 QString SelectionPresenter::confirmNames() const
 {
-    if (!m_store)
-        return {};
     const std::vector<SelectedEntry> entries =
-        m_question == Question::everything ? m_store->selectedEntries() : m_store->selectedInTrash();
+        m_question == Question::everything ? m_store.selectedEntries() : m_store.selectedInTrash();
     QStringList names;
     for (std::size_t i = 0; i < std::min(entries.size(), namedItems); ++i)
         names.append(QStringLiteral("“%1”").arg(displayText(lastPathComponent(entries[i].path))));
@@ -133,8 +122,8 @@ QString SelectionPresenter::confirmDelete() const
 
 void SelectionPresenter::clear()
 {
-    if (m_store && !isRemoving())
-        m_store->clearSelection();
+    if (!isRemoving())
+        m_store.clearSelection();
 }
 
 void SelectionPresenter::ask(Question question)
@@ -151,7 +140,7 @@ void SelectionPresenter::moveToTrash()
     if (m_inTrash.count > 0)
         ask(Question::whatIsInTrash);
     else
-        m_store->remove(m_store->effectiveSelection(), false);
+        m_store.remove(m_store.effectiveSelection(), false);
 }
 
 void SelectionPresenter::deletePermanently()
@@ -163,13 +152,12 @@ void SelectionPresenter::deletePermanently()
 void SelectionPresenter::confirm()
 {
     if (canRemove())
-        m_store->remove(m_store->effectiveSelection(), m_question == Question::everything);
+        m_store.remove(m_store.effectiveSelection(), m_question == Question::everything);
 }
 
 void SelectionPresenter::stop()
 {
-    if (m_store)
-        m_store->stopRemoval();
+    m_store.stopRemoval();
 }
 
 } // namespace corvane

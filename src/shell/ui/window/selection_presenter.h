@@ -4,11 +4,10 @@
 #include <vector>
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -18,7 +17,6 @@ namespace corvane {
 class SelectionPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(bool empty READ isEmpty NOTIFY selectionChanged)
     Q_PROPERTY(bool removing READ isRemoving NOTIFY removingChanged)
     Q_PROPERTY(bool canRemove READ canRemove NOTIFY removableChanged)
@@ -36,10 +34,7 @@ class SelectionPresenter : public QObject {
     Q_PROPERTY(QString confirmDelete READ confirmDelete NOTIFY questionChanged)
 
 public:
-    explicit SelectionPresenter(QObject *parent = nullptr) : QObject(parent) {}
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit SelectionPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] bool isEmpty() const { return m_selected.count == 0; }
     [[nodiscard]] bool isRemoving() const;
@@ -69,7 +64,6 @@ public:
     Q_INVOKABLE void stop();
 
 signals:
-    void storeChanged();
     void selectionChanged();
     void removingChanged();
     void removableChanged();
@@ -90,7 +84,7 @@ private:
     void ask(Question question);
     [[nodiscard]] const Figures &asked() const { return m_question == Question::everything ? m_selected : m_inTrash; }
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     // Of the effective selection, worked out once for each change.
     Figures m_selected;
     Figures m_inTrash;

@@ -4,7 +4,6 @@
 
 #include "core/item_kind.h"
 #include "core/path_guard.h"
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "shell/ui/file_icons.h"
 
@@ -23,20 +22,24 @@ FileNode::Kind kindOf(const StorageStore &store, const std::string &path)
 
 } // namespace
 
-void SelectionReviewModel::setStore(StorageStore *store)
+SelectionReviewModel::SelectionReviewModel(StorageStore &store, QObject *parent) : RowListModel(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
+    connect(&m_store, &StorageStore::selectionChanged, this, &SelectionReviewModel::follow);
+}
+
+void SelectionReviewModel::setActive(bool active)
+{
+    if (m_active == active)
         return;
-    if (m_store)
-        connect(m_store, &StorageStore::selectionChanged, this, &SelectionReviewModel::follow);
-    emit storeChanged();
+    m_active = active;
+    emit activeChanged();
     follow();
 }
 
 void SelectionReviewModel::follow()
 {
     const int before = count();
-    setRows(m_entries, m_store ? m_store->selectedEntries() : std::vector<SelectedEntry>(),
+    setRows(m_entries, m_active ? m_store.selectedEntries() : std::vector<SelectedEntry>(),
             [](const SelectedEntry &entry) { return std::string_view(entry.path); });
     if (count() != before)
         emit countChanged();
@@ -44,20 +47,20 @@ void SelectionReviewModel::follow()
 
 void SelectionReviewModel::drop(int row)
 {
-    if (m_store && !m_store->isRemoving() && row >= 0 && row < count())
-        m_store->setSelected(std::string(m_entries[static_cast<std::size_t>(row)].path), 0, false);
+    if (!m_store.isRemoving() && row >= 0 && row < count())
+        m_store.setSelected(std::string(m_entries[static_cast<std::size_t>(row)].path), 0, false);
 }
 
 void SelectionReviewModel::open(int row)
 {
-    if (m_store && row >= 0 && row < count())
-        m_store->openFile(m_entries[static_cast<std::size_t>(row)].path);
+    if (row >= 0 && row < count())
+        m_store.openFile(m_entries[static_cast<std::size_t>(row)].path);
 }
 
 void SelectionReviewModel::reveal(int row)
 {
-    if (m_store && row >= 0 && row < count())
-        m_store->reveal(m_entries[static_cast<std::size_t>(row)].path);
+    if (row >= 0 && row < count())
+        m_store.reveal(m_entries[static_cast<std::size_t>(row)].path);
 }
 
 int SelectionReviewModel::rowCount(const QModelIndex &parent) const
@@ -67,7 +70,7 @@ int SelectionReviewModel::rowCount(const QModelIndex &parent) const
 
 QVariant SelectionReviewModel::data(const QModelIndex &index, int role) const
 {
-    if (!m_store || !checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const SelectedEntry &entry = m_entries[static_cast<std::size_t>(index.row())];
     switch (role) {
@@ -75,11 +78,11 @@ QVariant SelectionReviewModel::data(const QModelIndex &index, int role) const
     case NameRole:
         return displayText(lastPathComponent(entry.path));
     case PathRole:
-        return pathText(entry.path, m_store->locations().home());
+        return pathText(entry.path, m_store.locations().home());
     case SizeRole:
         return sizeText(entry.size);
     case IconKeyRole:
-        return fileIconKey(entry.path, kindOf(*m_store, entry.path));
+        return fileIconKey(entry.path, kindOf(m_store, entry.path));
     case DropTitleRole:
         return QStringLiteral("Remove %1 from the selection").arg(displayText(lastPathComponent(entry.path)));
     default:

@@ -2,12 +2,11 @@
 
 #include <vector>
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/selected_entry.h"
-#include "core/store/storage_store.h"
 #include "shell/ui/row_list_model.h"
+#include "shell/ui/store_registration.h"
 
 namespace corvane {
 
@@ -16,7 +15,8 @@ namespace corvane {
 class SelectionReviewModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
+    /// Whether anybody looks at the rows; there are none otherwise.
+    Q_PROPERTY(bool active READ isActive WRITE setActive NOTIFY activeChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
@@ -28,10 +28,10 @@ public:
         DropTitleRole, ///< the name of the button that drops the entry
     };
 
-    using RowListModel::RowListModel;
+    explicit SelectionReviewModel(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    [[nodiscard]] bool isActive() const { return m_active; }
+    void setActive(bool active);
     [[nodiscard]] int count() const { return static_cast<int>(m_entries.size()); }
 
     /// Takes the row's entry out of the selection. What it covered, if that was selected too, comes up in its
@@ -47,13 +47,14 @@ public:
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 signals:
-    void storeChanged();
+    void activeChanged();
     void countChanged();
 
 private:
     void follow();
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
+    bool m_active = false;
     std::vector<SelectedEntry> m_entries;
 };
 

@@ -2,17 +2,11 @@
 
 #include <algorithm>
 
-#include "core/store/followed.h"
-
 namespace corvane {
 
-void SidebarModel::setStore(StorageStore *store)
+SidebarModel::SidebarModel(StorageStore &store, QObject *parent) : QAbstractListModel(parent), m_store(store)
 {
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store)
-        connect(m_store, &StorageStore::sidebarChanged, this, &SidebarModel::announceCurrent);
-    emit storeChanged();
+    connect(&m_store, &StorageStore::sidebarChanged, this, &SidebarModel::announceCurrent);
     announceCurrent();
 }
 
@@ -50,9 +44,7 @@ int SidebarModel::currentRow() const
 {
     if (m_screens.empty())
         return -1;
-    if (!m_store)
-        return 0;
-    const auto found = std::ranges::find(m_screens, m_store->sidebar(), &WindowScreen::item);
+    const auto found = std::ranges::find(m_screens, m_store.sidebar(), &WindowScreen::item);
     return found == m_screens.end() ? 0 : static_cast<int>(found - m_screens.begin());
 }
 
@@ -105,8 +97,8 @@ QString SidebarModel::scanPrompt() const
 
 void SidebarModel::choose(int row)
 {
-    if (m_store && row >= 0 && row < rowCount())
-        m_store->setSidebar(m_screens[static_cast<std::size_t>(row)]->item);
+    if (row >= 0 && row < rowCount())
+        m_store.setSidebar(m_screens[static_cast<std::size_t>(row)]->item);
 }
 
 int SidebarModel::rowCount(const QModelIndex &parent) const

@@ -3,11 +3,10 @@
 #include <vector>
 
 #include <QAbstractListModel>
-#include <QPointer>
 #include <QQmlListProperty>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
 #include "shell/ui/window/sidebar_items.h"
 #include "shell/ui/window/window_screen.h"
 
@@ -20,7 +19,6 @@ class SidebarModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_CLASSINFO("DefaultProperty", "screens")
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(QQmlListProperty<corvane::WindowScreen> screens READ screens NOTIFY currentChanged)
     Q_PROPERTY(int currentRow READ currentRow NOTIFY currentChanged)
     Q_PROPERTY(QQmlComponent *content READ content NOTIFY currentChanged)
@@ -42,10 +40,7 @@ public:
         ShortcutRole, ///< "Ctrl+1" for the first row, and so on
     };
 
-    explicit SidebarModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
-
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
+    explicit SidebarModel(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] QQmlListProperty<WindowScreen> screens();
     /// The model does not own the screen, which must outlive it.
@@ -70,7 +65,6 @@ public:
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 signals:
-    void storeChanged();
     void currentChanged();
 
 private:
@@ -79,7 +73,7 @@ private:
     [[nodiscard]] bool startsSection(int row) const;
     void announceCurrent();
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     std::vector<WindowScreen *> m_screens; // in the sidebar's order
 };
 

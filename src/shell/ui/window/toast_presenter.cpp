@@ -2,39 +2,36 @@
 
 #include <algorithm>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
 
-ToastPresenter::ToastPresenter(QObject *parent) : QObject(parent)
+ToastPresenter::ToastPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &ToastPresenter::dismiss);
-}
-
-void ToastPresenter::setStore(StorageStore *store)
-{
-    if (!followObject(m_store, store, this))
-        return;
-    if (m_store)
-        connect(m_store, &StorageStore::toastChanged, this, &ToastPresenter::follow);
-    emit storeChanged();
+    connect(&m_store, &StorageStore::toastChanged, this, &ToastPresenter::follow);
     follow();
 }
 
 void ToastPresenter::follow()
 {
-    m_shown = m_store && m_store->toast().has_value();
+    m_shown = m_store.toast().has_value();
     m_timer.stop();
     if (m_shown) {
-        m_text = displayText(*m_store->toast());
-        m_warning = m_store->toastIsWarning();
-        m_remaining = m_warning ? m_stayWarningDuration : m_stayDuration;
+        m_text = displayText(*m_store.toast());
+        m_warning = m_store.toastIsWarning();
+        m_remaining = m_warning ? m_stayOfWarning : m_stay;
         if (!m_hovered)
             m_timer.start(m_remaining);
     }
     emit changed();
+}
+
+void ToastPresenter::setStay(int stay, int ofWarning)
+{
+    m_stay = stay;
+    m_stayOfWarning = ofWarning;
 }
 
 void ToastPresenter::setHovered(bool hovered)
@@ -53,8 +50,7 @@ void ToastPresenter::setHovered(bool hovered)
 
 void ToastPresenter::dismiss()
 {
-    if (m_store)
-        m_store->dismissToast();
+    m_store.dismissToast();
 }
 
 } // namespace corvane

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/store/storage_store.h"
+#include "shell/ui/store_registration.h"
+#include "shell/ui/theme.h"
 
 namespace corvane {
 
@@ -15,19 +15,14 @@ namespace corvane {
 class ToastPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::StorageStore *store READ store WRITE setStore NOTIFY storeChanged)
     Q_PROPERTY(bool shown READ isShown NOTIFY changed)
     Q_PROPERTY(bool warning READ isWarning NOTIFY changed)
     Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(bool hovered READ isHovered WRITE setHovered NOTIFY hoveredChanged)
-    Q_PROPERTY(int stayDuration MEMBER m_stayDuration NOTIFY durationsChanged)
-    Q_PROPERTY(int stayWarningDuration MEMBER m_stayWarningDuration NOTIFY durationsChanged)
 
 public:
-    explicit ToastPresenter(QObject *parent = nullptr);
+    explicit ToastPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    [[nodiscard]] StorageStore *store() const { return m_store; }
-    void setStore(StorageStore *store);
     [[nodiscard]] bool isShown() const { return m_shown; }
     [[nodiscard]] bool isWarning() const { return m_warning; }
     /// The last message stays readable while it fades.
@@ -37,20 +32,21 @@ public:
 
     Q_INVOKABLE void dismiss();
 
+    /// In milliseconds; the theme's unless a test sets them otherwise.
+    void setStay(int stay, int ofWarning);
+
 signals:
-    void storeChanged();
     void changed();
     void hoveredChanged();
-    void durationsChanged();
 
 private:
     void follow();
 
-    QPointer<StorageStore> m_store;
+    StorageStore &m_store;
     QTimer m_timer;
-    int m_stayDuration = 0;        // milliseconds
-    int m_stayWarningDuration = 0; // milliseconds
-    int m_remaining = 0;           // milliseconds, while the pointer rests on it
+    int m_stay = Theme::toastStayDuration();                 // milliseconds
+    int m_stayOfWarning = Theme::toastStayWarningDuration(); // milliseconds
+    int m_remaining = 0;                                     // milliseconds, while the pointer rests on it
     bool m_shown = false;
     bool m_warning = false;
     bool m_hovered = false;

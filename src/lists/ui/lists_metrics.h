@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include "shell/ui/metric.h"
+
+namespace corvane {
+
+/// Sizes, in points, that only the lists of files use.
+class ListsMetrics : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    METRIC(int, searchWidth, 220)
+    METRIC(int, sizeChoiceWidth, 108)
+    METRIC(int, typeChoiceWidth, 168)
+    METRIC(int, ageChoiceWidth, 96)
+    METRIC(int, labelGap, 6)
+    METRIC(int, filterGap, 16)
+
+    /// At the end of a column; of the figures at their right.
+    METRIC(int, columnGap, 16)
+    METRIC(int, figureGap, 20)
+    METRIC(int, kindGap, 8)
+    METRIC(int, caretGap, 4)
+    /// What takes hold of a column's edge, and how far a key moves that.
+    METRIC(int, gripWidth, 9)
+    METRIC(int, resizeStep, 8)
+};
+
+} // namespace corvane
