@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 picture=${1:-}
 suite=${CORVANE_SUITE:-bookworm}
-mirror=${CORVANE_MIRROR:-http://deb.debian.org/debian}
+mirror=${CORVANE_MIRROR:-} # empty: debootstrap's own
 if [[ $EUID -ne 0 ]]; then
     echo "package-check: a fresh system can be made by root only" >&2
     exit 1
@@ -58,7 +58,7 @@ step "a fresh $suite in $root"
 if [[ -n ${CORVANE_FRESH_ROOT:-} ]]; then
     cp -a "$CORVANE_FRESH_ROOT" "$root"
 else
-    debootstrap --variant=minbase "$suite" "$root" "$mirror" >"$work/log" 2>&1 || {
+    debootstrap --variant=minbase "$suite" "$root" ${mirror:+"$mirror"} >"$work/log" 2>&1 || {
         tail "$work/log"
         fail "debootstrap"
     }

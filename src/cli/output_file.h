@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "cli/output.h"
+#include "platform/file_descriptor.h"
 
 namespace corvane {
 
@@ -12,10 +13,6 @@ namespace corvane {
 class OutputFile {
 public:
     explicit OutputFile(const std::string &path);
-    ~OutputFile();
-
-    OutputFile(const OutputFile &) = delete;
-    OutputFile &operator=(const OutputFile &) = delete;
 
     [[nodiscard]] Output &output() { return m_output; }
 
@@ -26,7 +23,7 @@ public:
     [[nodiscard]] std::error_code error() const { return m_error; }
 
 private:
-    int m_descriptor = -1;
+    FileDescriptor m_file;
     std::error_code m_error;
     Output m_output;
 };

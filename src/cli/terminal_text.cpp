@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "cli/character_width.h"
+#include "platform/text.h"
 
 namespace corvane {
 
@@ -85,8 +86,7 @@ std::string wrapped(std::string_view text, std::size_t columns, std::size_t star
     std::string lines;
     std::size_t column = start;
     while (!text.empty()) {
-        const std::string_view word = text.substr(0, text.find(' '));
-        text.remove_prefix(std::min(word.size() + 1, text.size()));
+        const std::string_view word = takePart(text, ' ');
         const std::size_t width = displayWidth(word);
         if (column > start && width >= columns - std::min(columns, column)) {
             lines.append("\n").append(start, ' ');

@@ -6,7 +6,6 @@
 #include <system_error>
 #include <utility>
 
-#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -58,11 +57,11 @@ void writeToTerminal(std::string_view text)
 Watch::Watch(std::function<void()> stop, std::function<std::string(std::size_t)> line, Display display)
     : m_stop(std::move(stop)), m_line(std::move(line)), m_display(display)
 {
-    if (pipe(m_wakeUp.data()) != 0)
-        throw std::system_error(errno, std::generic_category(), "pipe");
-    for (const int descriptor : m_wakeUp)
-        fcntl(descriptor, F_SETFD, FD_CLOEXEC);
-    wakeUpDescriptor = m_wakeUp[1];
+    Expected<Pipe> pipe = makePipe();
+    if (!pipe)
+        throw std::system_error(pipe.error().code, "pipe");
+    m_wakeUp = std::move(*pipe);
+    wakeUpDescriptor = m_wakeUp.write.number();
     m_thread = std::thread(&Watch::run, this);
     handleStops(true);
 }
@@ -70,20 +69,18 @@ Watch::Watch(std::function<void()> stop, std::function<std::string(std::size_t)>
 Watch::~Watch()
 {
     handleStops(false);
-    static_cast<void>(!write(m_wakeUp[1], &endWatch, 1));
+    static_cast<void>(!write(m_wakeUp.write.number(), &endWatch, 1));
     m_thread.join();
-    for (const int descriptor : m_wakeUp)
-        close(descriptor);
 }
 
 void Watch::run()
 {
     const bool draws = m_display == Display::shown;
     for (;;) {
-        pollfd wait{m_wakeUp[0], POLLIN, 0};
+        pollfd wait{m_wakeUp.read.number(), POLLIN, 0};
         const int ready = poll(&wait, 1, draws ? milliseconds : -1);
         char message = 0;
-        if (ready > 0 && read(m_wakeUp[0], &message, 1) == 1) {
+        if (ready > 0 && read(m_wakeUp.read.number(), &message, 1) == 1) {
             if (message == endWatch)
                 break;
             m_stop();

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <functional>
 #include <string>
 #include <thread>
+
+#include "platform/posix/pipe.h"
 
 namespace corvane {
 
@@ -29,8 +30,8 @@ private:
     const std::function<void()> m_stop;
     const std::function<std::string(std::size_t)> m_line;
     const Display m_display;
-    std::array<int, 2> m_wakeUp{-1, -1}; ///< a pipe: constant after construction
-    std::thread m_thread;                ///< the only one that draws
+    Pipe m_wakeUp;        ///< constant after construction
+    std::thread m_thread; ///< the only one that draws
 };
 
 /// What a line says, and as much of the end of a path as there is room for.

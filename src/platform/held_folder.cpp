@@ -1,16 +1,14 @@
 #include "platform/held_folder.h"
 
-#include <cerrno>
 #include <utility>
+
+#include "platform/failure.h"
 
 namespace corvane {
 
 Error replacedMeanwhile(std::string operation, std::string path)
 {
-    return Error{std::move(operation),
-                 std::move(path),
-                 {ESTALE, std::generic_category()},
-                 "it was replaced while it was being removed"};
+    return kernelError(std::move(operation), std::move(path), ESTALE, "it was replaced while it was being removed");
 }
 
 } // namespace corvane

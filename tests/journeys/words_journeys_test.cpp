@@ -9,6 +9,7 @@
 #include <QWheelEvent>
 #include <QtTest/QTest>
 
+#include "cleanup/admin_command.h"
 #include "core/systems/cleanup_table.h"
 #include "disk/sample_breakdown.h"
 #include "journeys/held_listing.h"
@@ -169,7 +170,12 @@ TEST_F(WordsJourney, NoScreenBeforeAScanSpeaksOfAMac)
          {QStringLiteral("Where's My Space"), QStringLiteral("Scan your home folder to explore it"),
           QStringLiteral("Installed Software (/usr)")});
     show(Item::cleanup);
-    read(QStringLiteral("the cleanup of an empty home"), {QStringLiteral("Needs the Administrator")});
+    if (findAdminCommands(systemHost().files).empty()) { // what this machine's tools keep is not in the test's hand
+        read(QStringLiteral("the cleanup of an empty home"));
+    } else {
+        waitUntil([&] { return !store().cleanupCommands().empty(); }, QStringLiteral("the tools' answers"));
+        read(QStringLiteral("the cleanup of an empty home"), {QStringLiteral("Needs the Administrator")});
+    }
     for (const auto &[screen, title] : {std::pair(Item::explorer, "Space Map"), std::pair(Item::large, "Large Files"),
                                         std::pair(Item::old, "Old Files"), std::pair(Item::duplicates, "Duplicates")}) {
         show(screen);

@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// Fills rectangles with round corners as QPainter does with antialiasing, but in a fifth of its time: QPainter makes a
-/// path of each, this asks it once for the coverage of a corner.
+/// Fills rectangles with round corners as QPainter does with antialiasing, in a third of its time for tiles of 24 pixels
+/// and half of it for 60: QPainter makes a path of each, this asks it once for the coverage of a corner.
 class RoundedFill {
 public:
     /// @param picture premultiplied 32-bit colours; nothing else draws into it meanwhile

@@ -1,5 +1,7 @@
 #include "map/ui/treemap_node.h"
 
+#include <cmath>
+
 #include <QQuickWindow>
 #include <QSGImageNode>
 #include <QSGOpacityNode>
@@ -79,6 +81,17 @@ void TreemapNode::setOtherPictures(const QImage &picture, const QImage &tinted)
     m_other = picture.isNull() ? nullptr : addPictureTo(*m_own, picture);
     delete m_tinted;
     m_tinted = tinted.isNull() ? nullptr : addPictureTo(*m_tint, tinted);
+}
+
+void TreemapNode::alignToPixels(QPointF origin, double devicePixelRatio)
+{
+    const auto toPixel = [devicePixelRatio](double at) { return std::round(at * devicePixelRatio) / devicePixelRatio; };
+    QMatrix4x4 shift;
+    shift.translate(static_cast<float>(toPixel(origin.x()) - origin.x()),
+                    static_cast<float>(toPixel(origin.y()) - origin.y()));
+    // A matrix that is set counts as new, and the software renderer then draws the whole map once more.
+    if (matrix() != shift)
+        setMatrix(shift);
 }
 
 void TreemapNode::showStill(const QRectF &area)

@@ -24,6 +24,9 @@ public:
     /// null end the change.
     void setOtherPictures(const QImage &picture, const QImage &tinted);
 
+    /// The picture's pixels fall on the screen's, wherever the item stands: `origin` is its place in the scene.
+    void alignToPixels(QPointF origin, double devicePixelRatio);
+
     /// The folder shown fills `area`.
     void showStill(const QRectF &area);
     /// Between two folders: the map of the containing folder is drawn so large that the tile `tile` comes to

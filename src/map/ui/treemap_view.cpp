@@ -1,7 +1,6 @@
 #include "map/ui/treemap_view.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include <QAccessible>
@@ -57,12 +56,8 @@ TreemapView::TreemapView(StorageStore &store, QQuickItem *parent) : KeyboardItem
     connect(&m_change, &FolderChange::moved, this, &QQuickItem::update);
     connect(&m_change, &FolderChange::ended, this, &TreemapView::endChange);
 
-    m_pillDelay.setSingleShot(true);
-    m_pillDelay.setInterval(Theme::pillDelayDuration());
-    connect(&m_pillDelay, &QTimer::timeout, this, [this] {
-        m_pillShown = true;
-        emit hoverChanged();
-    });
+    connect(&m_hover, &TreemapHover::moved, this, &TreemapView::pointerChanged);
+    connect(&m_hover, &TreemapHover::changed, this, &TreemapView::hoverChanged);
     connect(&m_store, &StorageStore::currentFolderChanged, this, &TreemapView::followFolder);
     connect(&m_store, &StorageStore::revisionChanged, this, &TreemapView::followTree);
     connect(&m_store, &StorageStore::selectionChanged, this, &TreemapView::repaintPicture);
@@ -97,9 +92,9 @@ void TreemapView::followFolder()
         m_change.start({previousFolder, previous}, {m_folder, layout()}, m_picture, paint);
         m_otherIsNew = true;
     }
-    clearHover();
-    if (m_pointerIsInside)
-        setPointer(m_pointer);
+    m_hover.clear();
+    showCursor();
+    lookUnderPointer();
 }
 
 void TreemapView::followTree()
@@ -112,10 +107,8 @@ void TreemapView::followTree()
     m_change.stop();
     const int again = layout().indexOf(focused);
     m_focused = again >= 0 ? again : layout().first();
-    m_hovered = -1;
-    emit hoverChanged();
-    if (m_pointerIsInside)
-        setPointer(m_pointer);
+    m_hover.forgetTile();
+    lookUnderPointer();
 }
 
 void TreemapView::invalidateLayout()
@@ -144,8 +137,7 @@ const TreemapLayout &TreemapView::layout() const
 void TreemapView::endChange()
 {
     m_otherIsNew = true;
-    if (m_pointerIsInside)
-        setPointer(m_pointer);
+    lookUnderPointer();
     update();
 }
 
@@ -170,10 +162,7 @@ TreemapScene TreemapView::sceneOf(const TreemapLayout &layout, const FileNode *f
 
 void TreemapView::updatePolish()
 {
-    if (std::exchange(m_pointerIsNew, false))
-        emit pointerChanged();
-    if (std::exchange(m_hoverIsNew, false))
-        emit hoverChanged();
+    m_hover.tell();
     if (!m_pictureIsStale || width() <= 0 || height() <= 0)
         return;
     m_picture = paintTreemap(sceneOf(layout(), m_folder.get()), m_tones);
@@ -201,16 +190,8 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
     m_otherIsNew = false;
     m_pictureIsNew = false;
 
-    // The picture's pixels fall on the screen's, wherever the item stands.
     const double ratio = m_picture.devicePixelRatio();
-    const QPointF origin = mapToScene(QPointF(0, 0));
-    const QPointF aligned(std::round(origin.x() * ratio) / ratio, std::round(origin.y() * ratio) / ratio);
-    QMatrix4x4 shift;
-    shift.translate(static_cast<float>(aligned.x() - origin.x()), static_cast<float>(aligned.y() - origin.y()));
-    // A matrix that is set counts as new, and the software renderer then draws the whole map once more.
-    if (node->matrix() != shift)
-        node->setMatrix(shift);
-
+    node->alignToPixels(mapToScene(QPointF(0, 0)), ratio);
     const QRectF area(QPointF(0, 0), m_picture.deviceIndependentSize());
     const bool changing = !m_change.picture().isNull();
     if (changing)
@@ -228,7 +209,7 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
                   ratio);
     };
     const int ofRow = m_layout.tileOfRow(m_highlightedRow);
-    showRing(node->hoverRing(), ofRow >= 0 ? ofRow : m_hovered, hoverRingStyle());
+    showRing(node->hoverRing(), ofRow >= 0 ? ofRow : hoveredTile(), hoverRingStyle());
     showRing(node->focusRing(), hasVisualFocus() ? m_focused : -1, focusRingStyle());
     return node;
 }
@@ -254,8 +235,7 @@ void TreemapView::layOutAgain()
     m_change.stop();
     const int again = wasEmpty ? -1 : layout().indexOf(focused);
     m_focused = again >= 0 ? again : layout().first();
-    m_hovered = -1;
-    emit hoverChanged();
+    m_hover.forgetTile();
 }
 
 void TreemapView::itemChange(ItemChange change, const ItemChangeData &data)
@@ -266,8 +246,8 @@ void TreemapView::itemChange(ItemChange change, const ItemChangeData &data)
         repaintPicture();
     }
     if (change == ItemVisibleHasChanged && !data.boolValue) {
-        m_pointerIsInside = false;
-        clearHover();
+        m_hover.leave();
+        showCursor();
     }
 }
 
@@ -275,7 +255,7 @@ void TreemapView::itemChange(ItemChange change, const ItemChangeData &data)
 
 int TreemapView::hoveredRow() const
 {
-    return m_hovered >= 0 ? layout().row(m_hovered) : -1;
+    return hoveredTile() >= 0 ? layout().row(hoveredTile()) : -1;
 }
 
 void TreemapView::setHighlightedRow(int row)
@@ -293,28 +273,28 @@ void TreemapView::setCoveredHeight(double height)
         return;
     m_coveredHeight = height;
     emit coveredHeightChanged();
-    if (m_heightLeftFree > m_coveredHeight && !m_pointerIsInside)
+    if (m_heightLeftFree > m_coveredHeight && !m_hover.isInside())
         layOutAgain();
 }
 
 QString TreemapView::pillTitle() const
 {
-    return m_hovered >= 0 ? TileInfoPill(layout().tile(m_hovered)).title : QString();
+    return hoveredTile() >= 0 ? TileInfoPill(layout().tile(hoveredTile())).title : QString();
 }
 
 QString TreemapView::pillInfo() const
 {
-    if (m_hovered < 0)
+    if (hoveredTile() < 0)
         return {};
-    const TreemapTile &tile = layout().tile(m_hovered);
+    const TreemapTile &tile = layout().tile(hoveredTile());
     return TileInfoPill(tile).info(percentOf(tile.size, m_folder->size));
 }
 
 QString TreemapView::pillIcon() const
 {
-    if (m_hovered < 0 || !layout().tile(m_hovered).node)
+    if (hoveredTile() < 0 || !layout().tile(hoveredTile()).node)
         return {};
-    return fileIconKey(*layout().tile(m_hovered).node);
+    return fileIconKey(*layout().tile(hoveredTile()).node);
 }
 
 QPointF TreemapView::pillPlace(QPointF pointer, QSizeF panel) const
@@ -324,46 +304,24 @@ QPointF TreemapView::pillPlace(QPointF pointer, QSizeF panel) const
 
 void TreemapView::setPointer(QPointF position)
 {
-    m_pointerIsInside = true;
-    m_pointer = position;
-    tellOfPointer();
-    setHovered(isChangingFolder() ? -1 : layout().at(position));
+    if (m_hover.moveTo(position, isChangingFolder() ? -1 : layout().at(position)))
+        showCursor();
+    polish();
 }
 
-void TreemapView::clearHover()
+void TreemapView::lookUnderPointer()
 {
-    m_pillDelay.stop();
-    m_pillShown = false;
-    m_hovered = -1;
-    unsetCursor();
-    emit hoverChanged();
-    update();
+    if (m_hover.isInside())
+        setPointer(m_hover.pointer());
 }
 
-void TreemapView::setHovered(int index)
+void TreemapView::showCursor()
 {
-    if (index == m_hovered)
-        return;
-    if (index < 0) {
-        clearHover();
-        return;
-    }
-    m_hovered = index;
-    if (!m_pillShown)
-        m_pillDelay.start();
-    if (tileOpens(index))
+    if (hoveredTile() >= 0 && tileOpens(hoveredTile()))
         setCursor(Qt::PointingHandCursor);
     else
         unsetCursor();
-    m_hoverIsNew = true;
-    tellOfPointer();
     update();
-}
-
-void TreemapView::tellOfPointer()
-{
-    m_pointerIsNew = true;
-    polish();
 }
 
 void TreemapView::hoverEnterEvent(QHoverEvent *event)
@@ -378,8 +336,8 @@ void TreemapView::hoverMoveEvent(QHoverEvent *event)
 
 void TreemapView::hoverLeaveEvent(QHoverEvent *)
 {
-    m_pointerIsInside = false;
-    clearHover();
+    m_hover.leave();
+    showCursor();
     if (m_heightLeftFree > m_coveredHeight)
         layOutAgain();
 }
@@ -441,7 +399,8 @@ void TreemapView::startDrag(int index)
         return;
     auto *drag = new QDrag(this);
     drag->setMimeData(makeMimeData(*node));
-    clearHover();
+    m_hover.clear();
+    showCursor();
     drag->exec(Qt::CopyAction);
     ungrabMouse();
 }

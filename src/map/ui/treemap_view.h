@@ -3,11 +3,11 @@
 #include <memory>
 
 #include <QImage>
-#include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
 #include "map/ui/folder_change.h"
 #include "map/ui/tile_tones.h"
+#include "map/ui/treemap_hover.h"
 #include "map/ui/treemap_keys.h"
 #include "map/ui/treemap_layout.h"
 #include "map/ui/treemap_picture.h"
@@ -47,11 +47,11 @@ public:
     void setHighlightedRow(int row);
     [[nodiscard]] double coveredHeight() const { return m_coveredHeight; }
     void setCoveredHeight(double height);
-    [[nodiscard]] bool isPillShown() const { return m_pillShown; }
+    [[nodiscard]] bool isPillShown() const { return m_hover.isExplained(); }
     [[nodiscard]] QString pillTitle() const;
     [[nodiscard]] QString pillInfo() const;
     [[nodiscard]] QString pillIcon() const;
-    [[nodiscard]] QPointF pointer() const { return m_pointer; }
+    [[nodiscard]] QPointF pointer() const { return m_hover.pointer(); }
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
 
     /// Where a panel of this size stands beside the pointer.
@@ -59,7 +59,7 @@ public:
 
     // --- The tiles, for whoever reads the map instead of looking at it.
     [[nodiscard]] const TreemapLayout &layout() const;
-    [[nodiscard]] int hoveredTile() const { return m_hovered; }
+    [[nodiscard]] int hoveredTile() const { return m_hover.tile(); }
     [[nodiscard]] int focusedTile() const { return m_focused; }
     /// "Movies, 156.82 GB, 24.4%"
     [[nodiscard]] QString tileName(int index) const;
@@ -119,10 +119,9 @@ private:
     void endChange();
 
     void setPointer(QPointF position);
-    void clearHover();
-    void setHovered(int index);
-    /// A mouse moves more often than the screen shows a frame: what depends on the pointer is told of it once a frame.
-    void tellOfPointer();
+    /// The tile under the pointer may be another one, with the pointer where it is.
+    void lookUnderPointer();
+    void showCursor();
     void requestMenu(int index, QPointF position);
     void startDrag(int index);
     [[nodiscard]] double devicePixelRatio() const;
@@ -141,14 +140,8 @@ private:
     FolderChange m_change;
     bool m_otherIsNew = false; ///< the picture of the change, as above
 
-    int m_hovered = -1;
+    TreemapHover m_hover;
     int m_highlightedRow = -1;
-    QPointF m_pointer;
-    bool m_pointerIsNew = false; ///< pointerChanged() is still to come
-    bool m_hoverIsNew = false;   ///< hoverChanged() is still to come
-    bool m_pointerIsInside = false;
-    bool m_pillShown = false;
-    QTimer m_pillDelay;
 
     int m_pressed = -1;
     QPointF m_pressPosition;

@@ -8,9 +8,9 @@
 #include <sys/stat.h>
 #include <syslog.h>
 
+#include "platform/failure.h"
 #include "platform/linux/gio_error.h"
 #include "platform/path.h"
-#include "platform/posix/failure.h"
 #include "platform/text.h"
 
 namespace corvane {

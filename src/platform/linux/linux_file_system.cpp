@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 
 #include "platform/environment.h"
+#include "platform/failure.h"
 #include "platform/linux/disk_name.h"
 #include "platform/linux/linux_held_folder.h"
 #include "platform/linux/linux_open_folder.h"
@@ -18,7 +19,6 @@
 #include "platform/linux/package_extensions.h"
 #include "platform/linux/volume_trashes.h"
 #include "platform/path.h"
-#include "platform/posix/failure.h"
 #include "platform/posix/item_at.h"
 #include "platform/posix/real_path.h"
 #include "platform/posix/regular_file.h"

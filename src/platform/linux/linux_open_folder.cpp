@@ -9,9 +9,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include "platform/failure.h"
 #include "platform/linux/package_extensions.h"
 #include "platform/path.h"
-#include "platform/posix/failure.h"
 #include "platform/posix/interrupted_call.h"
 #include "platform/posix/stat_facts.h"
 

@@ -6,7 +6,7 @@
 
 #include <fcntl.h>
 
-#include "platform/posix/failure.h"
+#include "platform/failure.h"
 
 namespace corvane {
 

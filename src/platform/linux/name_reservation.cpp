@@ -6,8 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/failure.h"
 #include "platform/path.h"
-#include "platform/posix/failure.h"
 
 namespace corvane {
 

@@ -11,8 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/failure.h"
 #include "platform/file_descriptor.h"
-#include "platform/posix/failure.h"
 
 namespace corvane {
 

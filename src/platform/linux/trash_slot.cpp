@@ -9,11 +9,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/failure.h"
 #include "platform/linux/gio_error.h"
 #include "platform/linux/glib_pointer.h"
 #include "platform/linux/name_reservation.h"
 #include "platform/path.h"
-#include "platform/posix/failure.h"
 #include "platform/posix/item_at.h"
 
 namespace corvane {
@@ -234,7 +234,7 @@ Error TrashSlot::changedMeanwhile() const
 
 Error TrashSlot::failure(int code) const
 {
-    return corvane::failure(moveToTrash, joined(m_source->path(), m_name), code).value();
+    return kernelError(moveToTrash, joined(m_source->path(), m_name), code);
 }
 
 } // namespace corvane

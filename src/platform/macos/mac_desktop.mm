@@ -6,8 +6,8 @@
 
 #include <sys/stat.h>
 
+#include "platform/failure.h"
 #include "platform/macos/foundation_bridge.h"
-#include "platform/posix/failure.h"
 
 namespace corvane {
 

@@ -8,12 +8,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/failure.h"
 #include "platform/file_descriptor.h"
 #include "platform/macos/foundation_bridge.h"
 #include "platform/macos/mac_held_folder.h"
 #include "platform/macos/mac_open_folder.h"
 #include "platform/macos/mounted_volumes.h"
-#include "platform/posix/failure.h"
 #include "platform/posix/item_at.h"
 #include "platform/posix/real_path.h"
 #include "platform/posix/regular_file.h"

@@ -15,7 +15,7 @@
 #include <unistd.h>
 
 #include "platform/bulk_attributes.h"
-#include "platform/posix/failure.h"
+#include "platform/failure.h"
 #include "platform/posix/interrupted_call.h"
 #include "platform/posix/stat_facts.h"
 

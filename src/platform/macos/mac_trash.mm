@@ -7,11 +7,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/failure.h"
 #include "platform/finder_script.h"
 #include "platform/macos/foundation_bridge.h"
 #include "platform/macos/mounted_volumes.h"
 #include "platform/path.h"
-#include "platform/posix/failure.h"
 
 namespace corvane {
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "platform/posix/failure.h"
+#include "platform/failure.h"
 
 namespace corvane {
 

@@ -8,7 +8,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include "platform/posix/failure.h"
+#include "platform/failure.h"
 #include "platform/posix/stat_facts.h"
 
 namespace corvane {

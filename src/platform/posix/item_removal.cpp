@@ -10,11 +10,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/failure.h"
 #include "platform/folder_chain.h"
 #include "platform/held_folder.h"
 #include "platform/mount.h"
 #include "platform/path.h"
-#include "platform/posix/failure.h"
 #include "platform/posix/item_at.h"
 #include "platform/text.h"
 
@@ -144,7 +144,7 @@ private:
     void noteFailure(const char *operation, int code, std::string_view name = {}, std::string text = {})
     {
         if (!m_firstFailure)
-            m_firstFailure = failure(operation, pathOf(name), code, std::move(text)).value();
+            m_firstFailure = kernelError(operation, pathOf(name), code, std::move(text));
     }
 
     std::string pathOf(std::string_view name) const
@@ -229,7 +229,7 @@ Expected<void> ItemRemoval::removeFolder(const std::string &name, const ItemIden
     }
     if (::unlinkat(m_parent, name.c_str(), AT_REMOVEDIR) == 0)
         return {};
-    Error error = failure(operationName, path, top ? errno : top.error().code.value()).value();
+    Error error = kernelError(operationName, path, top ? errno : top.error().code.value());
     error.inPart = emptying.hasDeleted();
     return tl::unexpected(std::move(error));
 }

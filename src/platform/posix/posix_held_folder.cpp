@@ -4,8 +4,8 @@
 
 #include <sys/stat.h>
 
+#include "platform/failure.h"
 #include "platform/path.h"
-#include "platform/posix/failure.h"
 #include "platform/posix/item_at.h"
 #include "platform/posix/real_path.h"
 #include "platform/posix/stat_facts.h"

@@ -11,8 +11,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/failure.h"
 #include "platform/file_descriptor.h"
-#include "platform/posix/failure.h"
+#include "platform/posix/pipe.h"
 
 extern char **environ; // NOLINT: declared by no header on macOS
 
@@ -24,28 +25,6 @@ namespace {
 // has nothing more to say.
 constexpr int stopInterval = 200;
 constexpr int exitInterval = 10;
-
-struct Pipe {
-    FileDescriptor read;
-    FileDescriptor write;
-
-    bool open()
-    {
-        std::array<int, 2> ends{};
-#ifdef __linux__
-        if (::pipe2(ends.data(), O_CLOEXEC) != 0)
-            return false;
-#else
-        if (::pipe(ends.data()) != 0)
-            return false;
-        ::fcntl(ends[0], F_SETFD, FD_CLOEXEC);
-        ::fcntl(ends[1], F_SETFD, FD_CLOEXEC);
-#endif
-        read = FileDescriptor(ends[0]);
-        write = FileDescriptor(ends[1]);
-        return true;
-    }
-};
 
 // Reads what is there; closes the end at its end. `into` null: thrown away.
 void drain(FileDescriptor &end, std::string *into)
@@ -85,10 +64,10 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
     if (!S_ISREG(facts.st_mode) || ::access(path.c_str(), X_OK) != 0)
         return failure("start", path, EACCES);
 
-    Pipe output;
-    Pipe errors;
-    if (!output.open() || !errors.open())
-        return failure("start", path, errno);
+    Expected<Pipe> output = makePipe();
+    Expected<Pipe> errors = makePipe();
+    if (!output || !errors)
+        return failure("start", path, (output ? errors : output).error().code.value());
 
     std::vector<char *> argv;
     argv.push_back(const_cast<char *>(path.c_str())); // NOLINT: posix_spawn takes char *const but writes nothing
@@ -99,8 +78,8 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
     posix_spawn_file_actions_t actions{};
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions, output.write.number(), STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, errors.write.number(), STDERR_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, output->write.number(), STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, errors->write.number(), STDERR_FILENO);
     // A group of its own, so that what it starts can be ended with it.
     posix_spawnattr_t attributes{};
     posix_spawnattr_init(&attributes);
@@ -112,15 +91,15 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
     posix_spawn_file_actions_destroy(&actions);
     if (started != 0)
         return failure("start", path, started);
-    output.write = FileDescriptor();
-    errors.write = FileDescriptor();
+    output->write = FileDescriptor();
+    errors->write = FileDescriptor();
 
     using Clock = std::chrono::steady_clock;
     const Clock::time_point end = Clock::now() + limits.time;
     std::string text;
     const auto isOver = [&] { return stop || text.size() > limits.output || Clock::now() >= end; };
-    while (output.read.isOpen() && !isOver()) {
-        if (!drainWhatComes(output.read, errors.read, text, stopInterval))
+    while (output->read.isOpen() && !isOver()) {
+        if (!drainWhatComes(output->read, errors->read, text, stopInterval))
             break;
     }
     // Standard error may stay open in a program that this one has left behind, and the program may live on without
@@ -137,7 +116,7 @@ Expected<std::string> runProcess(const std::string &path, const std::vector<std:
             ::kill(-child, SIGKILL);
             wasEnded = true;
         } else if (!wasEnded) {
-            drainWhatComes(output.read, errors.read, text, exitInterval);
+            drainWhatComes(output->read, errors->read, text, exitInterval);
         }
     }
     if (text.size() > limits.output)

@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/posix/failure.h"
+#include "platform/failure.h"
 #include "platform/posix/interrupted_call.h"
 #include "platform/posix/read_ahead.h"
 #include "platform/posix/stat_facts.h"

@@ -20,7 +20,7 @@ namespace corvane {
 namespace {
 
 /// Milliseconds from one frame to the start of the next where no screen sets the pace: about as many frames as a screen
-/// shows. Qt's own 5 let every movement of the mouse make a frame, two of three never seen.
+/// shows. With Qt's own 5 each movement of the mouse makes a frame, also those that no screen shows.
 constexpr char pauseBetweenFrames[] = "14";
 
 /// Unless the user has chosen a renderer.

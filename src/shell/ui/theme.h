@@ -22,21 +22,16 @@ namespace corvane {
 class ColorSchemeSetting;
 class Desktop;
 
-// A colour by its role: in light, in dark.
-#define COLOR(name, light, dark)                                                                                       \
-    Q_PROPERTY(QColor name READ name NOTIFY changed)                                                                   \
-    [[nodiscard]] QColor name() const                                                                                  \
-    {                                                                                                                  \
-        return m_dark ? QColor(dark) : QColor(light);                                                                  \
-    }
-
-// A colour made of those.
+// A colour made of others.
 #define MIXED_COLOR(name, mixture)                                                                                     \
     Q_PROPERTY(QColor name READ name NOTIFY changed)                                                                   \
     [[nodiscard]] QColor name() const                                                                                  \
     {                                                                                                                  \
         return mixture;                                                                                                \
     }
+
+// A colour by its role: in light, in dark.
+#define COLOR(name, light, dark) MIXED_COLOR(name, m_dark ? QColor(dark) : QColor(light))
 
 // What is the same in light and dark.
 #define FIXED(Type, name, value)                                                                                       \

@@ -1,12 +1,13 @@
 #include "shell/updates/feed_session.h"
 
-#include <cerrno>
 #include <utility>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QNetworkAccessManager>
+
+#include "platform/failure.h"
 
 namespace corvane {
 
@@ -201,7 +202,7 @@ void FeedSession::verify()
         [file = m_file, key = *m_key, signature = m_update->signature, isNew = !m_isFromEarlier](const StopFlag &) {
             // A disk that is full may say so only now.
             if (isNew && ::fsync(file->number()) != 0)
-                return Verdict{tl::unexpected(Error{"write", {}, {errno, std::generic_category()}, {}})};
+                return Verdict{failure("write", {})};
             return Verdict{key.verifiesFile(file->number(), signature)};
         });
 }

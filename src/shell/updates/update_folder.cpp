@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/failure.h"
+
 namespace corvane {
 
 namespace {
@@ -31,11 +33,6 @@ bool isPlain(char character)
            (character >= '0' && character <= '9') || character == '.' || character == '-' || character == '+';
 }
 
-Error failure(const char *operation, std::string path, int code = errno)
-{
-    return {operation, std::move(path), {code, std::generic_category()}, {}};
-}
-
 std::string partialName(const std::string &name)
 {
     return name + std::string(partial);
@@ -46,13 +43,13 @@ Expected<FileDescriptor> ownFolder(int parent, const std::string &name, const st
 {
     constexpr mode_t privateMode = 0700;
     if (::mkdirat(parent, name.c_str(), privateMode) != 0 && errno != EEXIST)
-        return tl::unexpected(failure("mkdir", path));
+        return failure("mkdir", path);
     FileDescriptor folder(::openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat facts {};
     if (!folder.isOpen() || ::fstat(folder.number(), &facts) != 0)
-        return tl::unexpected(failure("open", path));
+        return failure("open", path);
     if (facts.st_uid != ::geteuid())
-        return tl::unexpected(failure("open", path, EPERM));
+        return failure("open", path, EPERM);
     return folder;
 }
 
@@ -100,10 +97,10 @@ Expected<UpdateFolder> UpdateFolder::open(const std::string &caches)
     constexpr mode_t privateMode = 0700;
     // The user may have put the folder of caches elsewhere by a link.
     if (::mkdir(caches.c_str(), privateMode) != 0 && errno != EEXIST)
-        return tl::unexpected(failure("mkdir", caches));
+        return failure("mkdir", caches);
     const FileDescriptor base(::open(caches.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!base.isOpen())
-        return tl::unexpected(failure("open", caches));
+        return failure("open", caches);
     const std::string ours = caches + "/corvane";
     auto outer = ownFolder(base.number(), "corvane", ours);
     if (!outer)
@@ -113,9 +110,9 @@ Expected<UpdateFolder> UpdateFolder::open(const std::string &caches)
     if (!folder)
         return tl::unexpected(folder.error());
     if (::fchmod(folder->number(), privateMode) != 0)
-        return tl::unexpected(failure("chmod", path));
+        return failure("chmod", path);
     if (::flock(folder->number(), LOCK_EX | LOCK_NB) != 0)
-        return tl::unexpected(failure("lock", path));
+        return failure("lock", path);
     return UpdateFolder(std::move(*folder), path);
 }
 
@@ -126,7 +123,7 @@ Expected<FileDescriptor> UpdateFolder::startDownload(const std::string &name) co
     FileDescriptor file(::openat(m_folder.number(), partialName(name).c_str(),
                                  O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, privateMode));
     if (!file.isOpen())
-        return tl::unexpected(failure("create", m_path + "/" + partialName(name)));
+        return failure("create", m_path + "/" + partialName(name));
     return file;
 }
 
@@ -135,9 +132,9 @@ Expected<FileDescriptor> UpdateFolder::finished(const std::string &name) const
     FileDescriptor file(::openat(m_folder.number(), name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat facts {};
     if (!file.isOpen() || ::fstat(file.number(), &facts) != 0)
-        return tl::unexpected(failure("open", m_path + "/" + name));
+        return failure("open", m_path + "/" + name);
     if (!S_ISREG(facts.st_mode) || facts.st_uid != ::geteuid())
-        return tl::unexpected(failure("open", m_path + "/" + name, EPERM));
+        return failure("open", m_path + "/" + name, EPERM);
     return file;
 }
 
@@ -147,12 +144,12 @@ Expected<void> UpdateFolder::finishDownload(const std::string &name, const FileD
     struct stat named {};
     if (::fstat(file.number(), &downloaded) != 0 ||
         ::fstatat(m_folder.number(), partialName(name).c_str(), &named, AT_SYMLINK_NOFOLLOW) != 0)
-        return tl::unexpected(failure("rename", m_path + "/" + name));
+        return failure("rename", m_path + "/" + name);
     // Only the file that was verified gets the name.
     if (downloaded.st_dev != named.st_dev || downloaded.st_ino != named.st_ino)
-        return tl::unexpected(failure("rename", m_path + "/" + name, EBUSY));
+        return failure("rename", m_path + "/" + name, EBUSY);
     if (::renameat(m_folder.number(), partialName(name).c_str(), m_folder.number(), name.c_str()) != 0)
-        return tl::unexpected(failure("rename", m_path + "/" + name));
+        return failure("rename", m_path + "/" + name);
     removeOthers(name);
     return {};
 }
@@ -187,7 +184,7 @@ Expected<void> writeBytes(const FileDescriptor &file, QByteArrayView bytes)
         if (written < 0 && errno == EINTR)
             continue;
         if (written < 0)
-            return tl::unexpected(failure("write", {}));
+            return failure("write", {});
         bytes = bytes.sliced(written);
     }
     return {};

@@ -1,12 +1,13 @@
 #include "shell/updates/update_key.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <memory>
 
 #include <openssl/evp.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+
+#include "platform/failure.h"
 
 namespace corvane {
 
@@ -37,18 +38,15 @@ bool UpdateKey::verifies(std::span<const std::byte> message, const QByteArray &s
 
 Expected<bool> UpdateKey::verifiesFile(int descriptor, const QByteArray &signature) const
 {
-    const auto failure = [](const char *operation) {
-        return tl::unexpected(Error{operation, {}, {errno, std::generic_category()}, {}});
-    };
     struct stat facts {};
     if (::fstat(descriptor, &facts) != 0)
-        return failure("fstat");
+        return failure("fstat", {});
     const auto length = static_cast<std::size_t>(facts.st_size);
     if (length == 0)
         return verifies({}, signature);
     void *const content = ::mmap(nullptr, length, PROT_READ, MAP_PRIVATE, descriptor, 0);
     if (content == MAP_FAILED)
-        return failure("mmap");
+        return failure("mmap", {});
     const bool verified = verifies({static_cast<const std::byte *>(content), length}, signature);
     ::munmap(content, length);
     return verified;
