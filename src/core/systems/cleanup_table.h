@@ -45,7 +45,7 @@ struct CommandDefinition {
         folders,          ///< everything in the folders
         journal,          ///< the tool's figure, or the size of the folders, beyond `kept`
         containers,       ///< the tool's figures for stopped containers, the build cache and unnamed images
-        snapRevisions,    ///< all listed revisions except the newest of each
+        snapRevisions,    ///< the listed disabled revisions, except the newest of each
         unneededPackages, ///< the packages that the tool would remove, if a kernel is among them
         severalKernels,   ///< whether the tool lists more than one; sizes are unknown
         unusedRuntimes,   ///< the listed runtimes that no application uses
