@@ -8,9 +8,9 @@
 namespace corvane {
 
 /// Applications as processes: an instance is a process of this user, identified by PID, whose executable is inside the
-/// bundle or is one of the programs, or which runs in the sandbox of the Flatpak or Snap. For an AppImage, processes
-/// run from its mount point. A process whose executable was deleted is matched by its former path. Linux does not
-/// record when a bundle was last used: always absent.
+/// bundle or is one of the programs, or which runs in the sandbox of the Flatpak or Snap. Of an AppImage, the
+/// processes that run from its mount point count. A process whose executable was deleted is matched by its former path.
+/// Linux does not record when a bundle was last used: always absent.
 class LinuxApplications final : public Applications {
 public:
     /// `processes` is the path of procfs.
