@@ -43,7 +43,7 @@ public:
     template <typename Take>
     EntrySink(Take take) : m_take(always(std::move(take)))
     {
-    } // implicit, for lambdas
+    } // NOLINT: implicit, for lambdas
 
     Listing operator()(const DirectoryEntry &entry) const { return m_take(entry); }
 
