@@ -17,8 +17,7 @@ constexpr std::size_t longestName = 255;
 constexpr std::size_t longestVersion = 64;
 constexpr std::string_view blanks = " \t\r\n";
 
-/// A text without the blanks around it, with the characters that must not stand in one as they are meant. Empty for
-/// one that is no name.
+/// The text trimmed, with its entities decoded. Empty if it is not usable as a name.
 std::string plainText(std::string_view text)
 {
     constexpr std::array<std::pair<std::string_view, char>, 5> entities{
@@ -36,7 +35,7 @@ std::string plainText(std::string_view text)
     return plain.size() <= longestName && isValidUtf8(plain) ? plain : std::string();
 }
 
-/// The value of an attribute in a tag; empty where it has none.
+/// The value of an attribute in a tag; empty if missing.
 std::string_view attribute(std::string_view tag, std::string_view name)
 {
     for (std::size_t at = 0; (at = tag.find(name, at)) != std::string_view::npos; ++at) {
@@ -74,7 +73,7 @@ AppDescription AppDescription::parse(std::string_view text)
         if (end == std::string_view::npos)
             break;
         const std::string_view tag = text.substr(start, end - start);
-        // One in another language has an attribute.
+        // Names in other languages have an attribute.
         if (description.name.empty() && tag == "name") {
             description.name = plainText(text.substr(end + 1, text.find('<', end) - end - 1));
         } else if (description.version.empty() && tag.starts_with("release") &&

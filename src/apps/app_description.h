@@ -6,12 +6,12 @@
 
 namespace corvane {
 
-/// What the description that an application brings along for software catalogues ("metainfo") tells of it. Any thread.
+/// An application's own description for software catalogues ("metainfo"). Any thread.
 struct AppDescription {
-    std::string name;    ///< on one line, in English; empty where it tells none
-    std::string version; ///< of the newest release; empty where it tells none
+    std::string name;    ///< one line, in English; empty if missing
+    std::string version; ///< of the newest release; empty if missing
 
-    /// Reads the tags alone, whatever the text is; nothing that it names is opened.
+    /// Reads only the tags, whatever the text is; opens nothing that the text refers to.
     [[nodiscard]] static AppDescription parse(std::string_view text);
 
     friend bool operator==(const AppDescription &, const AppDescription &) = default;

@@ -18,10 +18,10 @@ namespace corvane {
 
 namespace {
 
-// The longest that real applications have are of some hundred kilobytes.
+// Real applications have at most a few hundred kilobytes.
 constexpr std::size_t longestInfoPlist = 4UL * 1024 * 1024;
 
-// The system's own applications, and this one, are never offered.
+// Never offer the system's own applications or this one.
 constexpr std::string_view systemPrefix = "com.apple.";
 constexpr std::string_view ownID = CORVANE_APP_ID;
 
@@ -35,7 +35,7 @@ struct Child {
     bool isBundle = false;
 };
 
-/// The bundles and the folders directly inside a folder; none of one that has no end.
+/// The bundles and folders directly inside a folder; none if the folder has no end.
 std::vector<Child> childrenOf(OpenFolder &folder, const StopFlag &stop)
 {
     std::vector<Child> children;
@@ -46,7 +46,7 @@ std::vector<Child> childrenOf(OpenFolder &folder, const StopFlag &stop)
             children.push_back({std::string(entry.name), isBundle});
         return stop || ++count > Scanner::keptEntriesLimit ? Listing::stop : Listing::goOn;
     };
-    // After a failure on the way the rest still counts: what is not found here makes orphans there.
+    // Keep what was listed before a failure: the data of an application missed here would count as orphaned.
     if (const auto listed = folder.list(take); !listed && listed.error().code == std::errc::operation_canceled)
         children.clear();
     return children;
@@ -72,7 +72,7 @@ void appendBundlesIn(OpenFolder &root, const std::string &path, const StopFlag &
     }
 }
 
-/// Those of the bundles that are offered, in the same order.
+/// Reads the bundles and keeps those that may be offered, in the same order.
 std::vector<BundleInfo> readBundles(const std::vector<std::string> &paths, FileSystem &files, const StopFlag &stop)
 {
     std::vector<std::optional<BundleInfo>> read(paths.size());
@@ -88,7 +88,7 @@ std::vector<BundleInfo> readBundles(const std::vector<std::string> &paths, FileS
     return bundles;
 }
 
-/// A Mac's.
+/// Loads a Mac's applications.
 AppInventory::Result loadBundles(const Host &host, const ProtectedLocations &locations, Time now, const StopFlag &stop)
 {
     const AppInventory::Surroundings surroundings{

@@ -6,17 +6,17 @@
 
 namespace corvane {
 
-/// What an application's bundle says of itself.
+/// Facts from an application bundle's Info.plist.
 struct BundleInfo {
     std::string path;     ///< of the bundle; bytes
     std::string name;     ///< the bundle's file name without ".app"; bytes
-    std::string altName;  ///< its "CFBundleName"; equal to `name` where it has none
-    std::string bundleID; ///< the identifier, its case kept; never empty
-    std::string version;  ///< its "CFBundleShortVersionString"; empty where it has none
+    std::string altName;  ///< its "CFBundleName"; equal to `name` if missing
+    std::string bundleID; ///< the identifier in its original case; never empty
+    std::string version;  ///< its "CFBundleShortVersionString"; empty if missing
     bool isAppStore = false;
 
-    /// Reads the bytes of the Info.plist, XML or binary, of the bundle at that path; nothing where they hold no
-    /// identifier. A value that is no text counts as absent. Where the application is from is not told there.
+    /// Parses the bytes of the Info.plist, XML or binary, of the bundle at that path; nothing if it has no identifier.
+    /// A value that is not a string counts as missing. The plist does not say where the application came from.
     [[nodiscard]] static std::optional<BundleInfo> parse(std::string_view path, std::string_view infoPlist);
 
     friend bool operator==(const BundleInfo &, const BundleInfo &) = default;

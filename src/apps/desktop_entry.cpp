@@ -18,10 +18,10 @@ namespace corvane {
 namespace {
 
 constexpr std::size_t longestFile = 256UL * 1024;
-constexpr std::size_t longestName = 255; // bytes, as of a file's name
+constexpr std::size_t longestName = 255; // bytes, the limit for a file name
 constexpr std::string_view ending = ".desktop";
 
-/// The values of the group that describes the application, each by its key; the first of a key counts.
+/// The values of the group that describes the application, by key; the first value of a key counts.
 std::map<std::string_view, std::string_view> valuesIn(std::string_view text)
 {
     std::map<std::string_view, std::string_view> values;
@@ -39,7 +39,7 @@ std::map<std::string_view, std::string_view> valuesIn(std::string_view text)
     return values;
 }
 
-/// The value as it is meant, with its control characters as blanks.
+/// The unescaped value, with control characters replaced by spaces.
 std::string unescaped(std::string_view value)
 {
     std::string text;
@@ -55,7 +55,7 @@ std::string unescaped(std::string_view value)
     return text;
 }
 
-/// The words of a command, those between double quotes as one.
+/// Splits a command into words; double quotes group.
 std::vector<std::string> wordsOf(std::string_view command)
 {
     std::vector<std::string> words;
@@ -85,7 +85,7 @@ std::vector<std::string> wordsOf(std::string_view command)
     return words;
 }
 
-/// What the words of a command really start: behind the settings of variables, and inside a Flatpak.
+/// The program that a command actually starts: after variable assignments, and inside a Flatpak.
 std::string programOf(const std::vector<std::string> &words)
 {
     auto word = words.begin();
@@ -104,8 +104,8 @@ std::string programOf(const std::vector<std::string> &words)
     return named == words.end() ? std::string() : named->substr(option.size());
 }
 
-/// Browsers and game libraries make such entries by the dozen; the program that they start is not what they are
-/// called.
+/// Browsers and game libraries create dozens of such entries; the program started is not the application in the entry's
+/// name.
 bool opensInAnother(const std::vector<std::string> &words)
 {
     constexpr std::array<std::string_view, 6> marks{
@@ -115,7 +115,7 @@ bool opensInAnother(const std::vector<std::string> &words)
     });
 }
 
-/// The endings of the keys for a locale "language_COUNTRY.ENCODING@MODIFIER", the best first.
+/// The key suffixes for a locale "language_COUNTRY.ENCODING@MODIFIER", best match first.
 std::vector<std::string> localeEndings(std::string_view locale)
 {
     std::string_view modifier;

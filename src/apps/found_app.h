@@ -12,25 +12,25 @@
 
 namespace corvane {
 
-/// An application of a Linux system that is to be measured.
+/// An application found on a Linux system, not yet measured.
 struct FoundApp {
     InstalledApp app; ///< without size and data
     DataOwner owner;
     std::function<std::int64_t()> size;
 };
 
-/// Whether it is this application, which is never offered.
+/// Whether it is this program, which is never offered.
 [[nodiscard]] bool isThisApplication(std::string_view id);
 
-/// What is in a folder, in the order of the names. Where it is closed to the user, `areAllKnown` becomes false.
+/// The names in a folder, sorted. If the user may not read it, sets `areAllKnown` to false.
 [[nodiscard]] std::vector<std::string> sortedNames(const std::string &folder,
                                                    const AppInventory::Surroundings &surroundings, bool &areAllKnown);
 
-/// The desktop files of a folder that are shown, in the order of their names.
+/// The visible desktop files of a folder, sorted by name.
 [[nodiscard]] std::vector<DesktopEntry> entriesIn(const std::string &folder,
                                                   const AppInventory::Surroundings &surroundings);
 
-/// What an application goes by, as its entries tell.
+/// The identifiers and names of an application, from its entries.
 [[nodiscard]] DataOwner ownerOf(const std::vector<DesktopEntry> &entries, std::string place);
 
 } // namespace corvane

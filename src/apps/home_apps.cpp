@@ -21,7 +21,7 @@ namespace corvane {
 
 namespace {
 
-/// The path with its links resolved, as it is written beneath the home folder; nothing where it leads elsewhere.
+/// The path with links resolved, but starting with the home folder as configured; nothing if it is outside.
 std::optional<std::string> placeInHome(const std::string &path, const AppInventory::Surroundings &surroundings)
 {
     const Expected<std::string> real = surroundings.files.realPath(path);
@@ -31,7 +31,7 @@ std::optional<std::string> placeInHome(const std::string &path, const AppInvento
     return surroundings.locations.home() + real->substr(realHome.size());
 }
 
-/// Whether it is machine code. A script that lies in a folder of documents would make an application of that.
+/// Whether it is machine code. A script in a folder of documents would turn that folder into an application.
 bool isMachineCode(const std::string &path, FileSystem &files)
 {
     constexpr std::array<char, 4> mark{'\x7f', 'E', 'L', 'F'};
@@ -43,14 +43,14 @@ bool isMachineCode(const std::string &path, FileSystem &files)
     return count && *count == start.size() && std::memcmp(start.data(), mark.data(), mark.size()) == 0;
 }
 
-/// Whether a folder has beside its "bin" what programs are made with.
+/// Whether a folder has subfolders typical of programs beside its "bin".
 bool hasPartsOfPrograms(const std::string &folder, FileSystem &files)
 {
     constexpr std::array<std::string_view, 6> parts{"lib", "lib64", "libexec", "share", "jre", "jbr"};
     return std::ranges::any_of(parts, [&](std::string_view part) { return files.exists(joined(folder, part)); });
 }
 
-/// Whether something of the user's own lies directly inside, or a repository in one of the folders there.
+/// Whether it directly contains files of the user's own, or a repository in one of its subfolders.
 bool holdsOwnWork(const std::string &folder, const AppInventory::Surroundings &surroundings)
 {
     constexpr std::array<std::string_view, 11> ownFolders{"desktop",   "documents", "downloads", "notes",
@@ -68,8 +68,8 @@ bool holdsOwnWork(const std::string &folder, const AppInventory::Surroundings &s
     });
 }
 
-/// The folder that was unpacked with the program in it: it bears the name of the program or of its entry, so that the
-/// folder of a user's own scripts is none. Nothing where its contents may be the user's own as well.
+/// The folder that was unpacked with the program inside. Its name must match the program or its entry, which excludes a
+/// folder with the user's own scripts. Nothing if its contents may also be the user's own.
 std::optional<std::string> unpackedFolder(const std::string &program, const DesktopEntry &entry, const LinuxData &data,
                                           const AppInventory::Surroundings &surroundings)
 {
@@ -77,7 +77,7 @@ std::optional<std::string> unpackedFolder(const std::string &program, const Desk
         ".git",        ".hg",          ".svn",    ".bzr",      "Makefile",   "CMakeLists.txt",
         "meson.build", "src",          ".vscode", ".idea",     "Cargo.toml", "pyproject.toml",
         "go.mod",      "configure.ac", "cur",     ".obsidian", ".stfolder"};
-    // These hold what many programs, or the user, have brought.
+    // Folders that collect many programs, or the user's own files.
     constexpr std::array<std::string_view, 17> gatheringFolders{
         "applications", "apps",  "bin",      "builds",  "dropbox", "games", "nextcloud", "onedrive", "opt",
         "programs",     "repos", "software", "sources", "sync",    "tools", "work",      "workspace"};
@@ -92,7 +92,7 @@ std::optional<std::string> unpackedFolder(const std::string &program, const Desk
     if (!isMachineCode(program, files) && !(isInBin && hasPartsOfPrograms(std::string(folder), files)))
         return std::nullopt;
     const std::string_view name = lastPathComponent(folder);
-    // Hidden in the home is what programs keep for the user.
+    // Hidden folders in the home folder contain programs' data.
     if ((containingFolder(folder) == home && name.starts_with('.')) ||
         std::ranges::find(gatheringFolders, lowerCase(name)) != gatheringFolders.end())
         return std::nullopt;

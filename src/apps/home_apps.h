@@ -7,9 +7,9 @@
 
 namespace corvane {
 
-/// The applications in the home folder that a desktop file of the user's own starts: AppImages, and folders that were
-/// unpacked there. Of several entries for one application the first counts. A folder that other programs are started
-/// from as well is none. The surroundings must outlive the result.
+/// The applications in the home folder that the user's own desktop files start: AppImages and unpacked folders. If
+/// several entries start the same application, the first counts. A folder from which entries start several programs
+/// does not count. The surroundings must outlive the result.
 [[nodiscard]] std::vector<FoundApp> appsInHome(const LinuxData &data, const IconSearch &icons,
                                                const AppInventory::Surroundings &surroundings);
 

@@ -13,17 +13,17 @@ namespace corvane {
 
 namespace {
 
-// Best first: what the screens draw has up to 128 pixels. A drawing is sharp at any size, but may be one that is not
-// read.
+// Best first: the screens draw up to 128 pixels. A vector image is sharp at any size, but its format may not be
+// supported.
 constexpr std::array<std::string_view, 10> themeFolders{"128x128", "256x256", "192x192",  "512x512", "96x96",
                                                         "64x64",   "72x72",   "scalable", "48x48",   "32x32"};
-// Applications of a desktop leave their pictures to its theme, whose folders are called either way.
+// Desktop applications leave their icons to the theme. Themes use either of two folder layouts.
 constexpr std::array<std::string_view, 6> desktopThemes{"Adwaita", "breeze", "Papirus", "Yaru", "Mint-Y", "oxygen"};
 constexpr std::array<std::string_view, 8> desktopThemeFolders{
     "128x128/apps", "apps/128", "64x64/apps", "apps/64", "scalable/apps", "apps/scalable", "48x48/apps", "apps/48"};
 constexpr std::array<std::string_view, 2> endings{".png", ".svg"};
 
-/// Some desktop files name a file in place of an icon.
+/// Some desktop files contain a file name instead of an icon name.
 std::string_view withoutEnding(std::string_view icon)
 {
     for (const std::string_view ending : {".png", ".svg", ".xpm"}) {
@@ -80,7 +80,7 @@ std::string IconSearch::find(const std::string &icon) const
     if (icon.starts_with('/'))
         return icon;
     const std::string_view name = withoutEnding(icon);
-    // A name, not the way to some other place.
+    // A name must not be a path to somewhere else.
     if (name.empty() || name.find('/') != std::string_view::npos)
         return {};
     for (const std::string &folder : m_folders) {

@@ -7,23 +7,23 @@
 
 namespace corvane {
 
-/// Finds the pictures of applications by the names that their desktop files give them: in the fallback theme of the
-/// icon folders of the user, the system, and of Flatpaks and Snaps, in the folders of pictures without a theme, and in
-/// the themes that desktops bring along. Looks once at which folders there are. Immutable; any thread.
+/// Finds application icons by the names in desktop files: in the fallback theme of the user, the system, Flatpaks and
+/// Snaps, in folders of images without a theme, and in the themes of desktops. Checks once which folders exist.
+/// Immutable; any thread.
 class IconSearch {
 public:
-    /// `files` outlives the object.
+    /// `files` must outlive the object.
     explicit IconSearch(FileSystem &files);
 
-    /// The path of a picture of that name, of 64 pixels or more where there is one, those of the user first; an
-    /// absolute path itself. Empty where there is none. What is there may be no picture all the same.
+    /// The path of an image with that name, of 64 pixels or more if possible, the user's own first; an absolute path is
+    /// returned as is. Empty if there is none. The file is not verified to be an image.
     [[nodiscard]] std::string find(const std::string &icon) const;
 
 private:
     void addFolder(std::string folder);
 
     FileSystem &m_files;
-    std::vector<std::string> m_folders; // those that exist, in the order of the search
+    std::vector<std::string> m_folders; // existing ones, in search order
 };
 
 } // namespace corvane

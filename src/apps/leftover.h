@@ -11,7 +11,7 @@
 
 namespace corvane {
 
-/// An item of the user's Library that an application has left there, identified by its path.
+/// An item in the user's Library left by an application, identified by its path.
 struct Leftover {
     enum class Match {
         exact,  ///< named after the application's identifier
@@ -32,9 +32,9 @@ struct Leftover {
 /// The name of the case as text.
 [[nodiscard]] std::string_view rawValue(Leftover::Match match);
 
-/// What deleted applications of one identifier have left, largest first. Identified by `id`.
+/// The data of deleted applications with a common identifier, largest first. Identified by `id`.
 struct OrphanGroup {
-    std::string id; ///< the first three pieces of the items' reverse-domain name; bytes
+    std::string id; ///< the first three components of the items' reverse-domain name; bytes
     std::vector<Leftover> items;
 
     /// The sum of the items' sizes.

@@ -5,24 +5,24 @@
 
 namespace corvane {
 
-/// A folder of the user's Library in which applications keep something.
+/// A folder of the user's Library in which applications keep data.
 struct LeftoverLocation {
-    /// How what belongs to an application for certain is named after the application's identifier.
+    /// How the name of an exact match is derived from the application's identifier.
     enum class Naming {
-        plain,          ///< the identifier, or more pieces behind it
-        groupContainer, ///< more pieces before it
+        plain,          ///< the identifier, or followed by further components
+        groupContainer, ///< preceded by further components
         savedState,     ///< the identifier with ".savedState"
-        propertyList,   ///< the identifier, or more pieces behind it, with ".plist" or ".binarycookies"
+        propertyList,   ///< the identifier, or followed by further components, with ".plist" or ".binarycookies"
     };
 
-    std::string_view folder; ///< beneath the Library
+    std::string_view folder; ///< relative to the Library
     std::string_view label;
     Naming naming = Naming::plain;
-    bool hasNameMatches = false; ///< whether applications use their name there as well
-    bool hasOrphans = true;      ///< whether what deleted applications left there can be told
+    bool hasNameMatches = false; ///< whether applications also use their name there
+    bool hasOrphans = true;      ///< whether data of deleted applications can be recognized there
 };
 
-/// In the order in which they are searched.
+/// In search order.
 inline constexpr std::array<LeftoverLocation, 13> leftoverLocations{{
     {.folder = "Application Support", .label = "Application Support", .hasNameMatches = true},
     {.folder = "Caches", .label = "Caches", .hasNameMatches = true},

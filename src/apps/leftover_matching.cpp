@@ -43,7 +43,7 @@ void append(std::vector<const Item *> &into, std::span<const Item> items)
         into.push_back(&item);
 }
 
-/// What the location's way of naming makes the identifier's, longer identifiers left aside.
+/// The items whose name matches the identifier under the location's naming; longer identifiers are not considered here.
 std::vector<const Item *> namedAfter(const std::string &id, Naming naming, const LibraryListing &listing)
 {
     std::vector<const Item *> found;
@@ -52,7 +52,7 @@ std::vector<const Item *> namedAfter(const std::string &id, Naming naming, const
         append(found, listing.named(id));
         append(found, listing.startingWith(id + "."));
         break;
-    case Naming::groupContainer: // "group." and the identifier is one of them
+    case Naming::groupContainer: // "group." plus the identifier is covered by this
         return listing.endingWith("." + id);
     case Naming::savedState:
         append(found, listing.named(id + ".savedstate"));
@@ -65,7 +65,7 @@ std::vector<const Item *> namedAfter(const std::string &id, Naming naming, const
     return found;
 }
 
-/// Those that begin with the identifier and a dot: of an application's helper, for one.
+/// The identifiers that start with this one and a dot, such as that of an application's helper.
 std::vector<std::string> longerIDs(const std::string &id, const std::vector<std::string> &allIDs)
 {
     std::vector<std::string> longer;
@@ -74,7 +74,7 @@ std::vector<std::string> longerIDs(const std::string &id, const std::vector<std:
     return longer;
 }
 
-/// As a reader counts them: an accent of its own counts with its letter.
+/// User-perceived characters: a combining accent counts with its letter.
 std::size_t characterCount(std::string_view text)
 {
     std::size_t count = 0;
@@ -87,7 +87,7 @@ std::size_t characterCount(std::string_view text)
     return count;
 }
 
-/// The name without what applications put behind their identifier.
+/// The name without suffixes that applications append to their identifier.
 std::string_view withoutSuffixes(std::string_view name)
 {
     for (const std::string_view suffix : {".plist", ".savedstate", ".binarycookies"}) {
@@ -229,7 +229,7 @@ std::vector<Leftover> AppInventory::findLeftovers(const BundleInfo &bundle, cons
     };
 
     const std::string id = lowerCase(bundle.bundleID);
-    if (id.empty()) // with which every hidden name would begin
+    if (id.empty()) // every hidden name would match
         return leftovers;
     const std::vector<std::string> longer = longerIDs(id, allIDs);
     for (std::size_t i = 0; i < leftoverLocations.size(); ++i) {

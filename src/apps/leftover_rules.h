@@ -11,23 +11,23 @@
 
 namespace corvane {
 
-// The rules that hold for what applications keep, wherever a system has them keep it. All names in lower case.
+// Rules for applications' data, wherever a system stores it. All names in lower case.
 
-/// Whether one of the identifiers is the name or its beginning up to one of its dots.
+/// Whether one of the identifiers is the name, or its prefix up to a dot.
 [[nodiscard]] bool isClaimed(std::string_view name, std::span<const std::string> ids);
 
-/// Those of an application's names that a folder of its own may bear: neither short nor generic; in lower case, each
-/// once.
+/// The application's names that are specific enough for a folder name: neither short nor generic; in lower case,
+/// without duplicates.
 [[nodiscard]] std::vector<std::string> candidateNames(std::vector<std::string> names);
 
-/// The item without its size; nothing for one that must never be removed.
+/// The item without its size; nothing if it must never be removed.
 [[nodiscard]] std::optional<Leftover> leftoverAt(std::string path, std::string_view location, Leftover::Match match,
                                                  const AppInventory::Surroundings &surroundings);
 
-/// Whether it has been untouched for so long that it seems unused.
+/// Whether it has not changed for so long that it seems unused.
 [[nodiscard]] bool isUntouched(const Leftover &leftover, Time now);
 
-/// Whether a name without its suffixes may be that of a deleted application's item.
+/// Whether a name without its suffixes may belong to a deleted application's item.
 [[nodiscard]] bool isOrphanName(std::string_view name, const std::unordered_set<std::string> &vendors);
 
 struct Orphan {
@@ -35,11 +35,11 @@ struct Orphan {
     std::string group;
 };
 
-/// What deleted applications have left, measured, largest group first. All the sizes together can be added up.
+/// The measured data of deleted applications, largest group first. The sum of all sizes does not overflow.
 [[nodiscard]] std::vector<OrphanGroup> measuredGroups(std::vector<Orphan> orphans,
                                                       const AppInventory::Surroundings &surroundings);
 
-/// The applications that are there, largest first. All their sizes together can be added up.
+/// The applications that are present, largest first. The sum of all sizes does not overflow.
 [[nodiscard]] std::vector<InstalledApp> largestFirst(std::vector<std::optional<InstalledApp>> measured);
 
 } // namespace corvane

@@ -33,8 +33,8 @@ bool isBeforeReadBackwards(std::string_view a, std::string_view b)
     return std::lexicographical_compare(a.rbegin(), a.rend(), b.rbegin(), b.rend());
 }
 
-/// Those elements whose projection is the text, of a vector in the order of the projections. What the standard's
-/// `equal_range` gives is more than clang 14 compiles.
+/// The elements whose projection equals the text, in a vector sorted by the projection. The standard's `equal_range`
+/// does not compile with clang 14.
 template <typename Element, typename Less, typename Projection>
 std::span<const Element> equalTo(std::string_view text, const std::vector<Element> &sorted, Less less,
                                  Projection projection)

@@ -14,18 +14,18 @@
 
 namespace corvane {
 
-/// The items directly inside one folder, to be found by their names in lower case. Immutable once made; any thread.
+/// The items directly inside one folder, searchable by lower-case name. Immutable after construction; any thread.
 class LibraryListing {
 public:
     struct Item {
         std::string name;    ///< bytes
-        std::string lowered; ///< as `lowerCase` gives it
+        std::string lowered; ///< `lowerCase` of the name
     };
 
     enum class Ends : std::uint8_t { ignored, findable };
 
     LibraryListing() = default;
-    /// Only with `Ends::findable`, which takes as long again, can `endingWith` be asked.
+    /// `endingWith` requires `Ends::findable`, which doubles the construction time.
     explicit LibraryListing(std::vector<std::string> names, Ends ends = Ends::ignored);
 
     /// In the order of their lowered names.
@@ -36,24 +36,25 @@ public:
 
 private:
     std::vector<Item> m_items;
-    std::vector<std::uint32_t> m_byEnding; // indices of the items, in the order of their names read backwards
+    std::vector<std::uint32_t> m_byEnding; // indices of the items, sorted by reversed name
 };
 
-/// The names of what lies directly in a folder, in its own order. Fails where it cannot be listed, and where it has no
-/// end. Any thread.
+/// The names directly inside a folder, in listing order. Fails if the folder cannot be listed or has no end. Any
+/// thread.
 [[nodiscard]] Expected<std::vector<std::string>> namesIn(const std::string &folder, FileSystem &files,
                                                          const StopFlag &stop = neverStopped);
 
-/// What lies in the Library's `leftoverLocations`, listed once so that every application meets the same. Immutable.
+/// The contents of the Library's `leftoverLocations`, listed once so that every application sees the same state.
+/// Immutable.
 struct LibraryListings {
     std::string library;                                             ///< its path
     std::array<LibraryListing, leftoverLocations.size()> listings{}; ///< in the locations' order
 
-    /// The Library of a home folder. A folder that cannot be listed, or has no end, is empty.
+    /// Lists the Library of a home folder. A folder that cannot be listed, or has no end, counts as empty.
     [[nodiscard]] static LibraryListings read(const std::string &home, FileSystem &files,
                                               const StopFlag &stop = neverStopped);
 
-    /// The names as a listing of that location.
+    /// Creates a listing of that location from names.
     [[nodiscard]] static LibraryListing make(std::size_t location, std::vector<std::string> names);
 
     [[nodiscard]] std::string pathOf(std::size_t location, const LibraryListing::Item &item) const;

@@ -86,7 +86,7 @@ private:
     void findFlatpaks(const std::vector<FlatpakFolder> &folders)
     {
         bool areAllKnown = true;
-        // Where there are other places for Flatpaks, what is missing here may lie there.
+        // If Flatpaks may be installed elsewhere too, the ones missing here may be there.
         if (!sortedNames(std::string(otherFlatpaks), m_surroundings, areAllKnown).empty())
             areAllKnown = false;
         std::unordered_set<std::string> ids;

@@ -7,10 +7,10 @@
 
 namespace corvane {
 
-/// The applications of a Linux system and what they keep in the user's home folder: Flatpaks, Snaps, packages that own
-/// a desktop file, and AppImages and folders that were unpacked in the home and that a desktop file of the user's
-/// starts. What the menus do not show is left out. Nothing is changed; any thread. `runTool` runs rpm where packages
-/// are in its database, and nothing else. Once stopped, what has been measured so far.
+/// The applications of a Linux system and their data in the user's home folder: Flatpaks, Snaps, packages that own a
+/// desktop file, and AppImages and unpacked folders in the home folder that one of the user's desktop files starts.
+/// Leaves out applications hidden from the menus. Changes nothing; any thread. `runTool` only runs rpm, if packages are
+/// in its database. When stopped, what has been measured so far.
 [[nodiscard]] AppInventory::Result loadLinuxApps(const Host &host, const ProtectedLocations &locations, Time now,
                                                  const ToolRunner &runTool, const StopFlag &stop = neverStopped);
 

@@ -21,7 +21,7 @@ using Item = LibraryListing::Item;
 using Match = Leftover::Match;
 
 struct DataPlace {
-    std::string_view usual; ///< beneath the home, as long as the user has set no other
+    std::string_view usual; ///< relative to the home folder, unless configured otherwise
     std::string_view label;
 };
 
@@ -30,14 +30,14 @@ constexpr std::string_view usualData = ".local/share";
 constexpr std::array<DataPlace, 4> dataPlaces{
     {{".config", "Settings"}, {".cache", "Cache"}, {usualData, "Data"}, {".local/state", "State"}}};
 
-/// What a Flatpak keeps inside its own folder; anything else there is data as well.
+/// The parts of a Flatpak's own folder; anything else there is data as well.
 constexpr std::array<DataPlace, 2> flatpakParts{{{"config", "Settings"}, {"cache", "Cache"}}};
 
-/// Where people keep what they have made themselves, in a home folder and in that of a Snap.
+/// Folders for the user's own documents, in a home folder and in that of a Snap.
 constexpr std::array<std::string_view, 10> documentFolders{"Desktop",  "Documents", "Downloads", "Movies", "Music",
                                                            "Pictures", "Public",    "Templates", "Videos", "Projects"};
 
-/// Programs that start others, and folders that many programs share.
+/// Programs that start others, and folders shared by many programs.
 constexpr std::array<std::string_view, 40> sharedNames{"applications", "autostart",  "bash",
                                                        "client",       "containers", "dbus-1",
                                                        "dconf",        "desktop",    "desktop-directories",
@@ -80,7 +80,7 @@ LinuxData::LinuxData(const AppInventory::Surroundings &surroundings) : m_surroun
         documents.push_back(joined(home, folder));
     for (const std::string &folder : documents)
         m_documentNames.emplace_back(lastPathComponent(folder));
-    // A folder behind a link has its real path, too, and that may be written beneath the home's other path.
+    // The real path of a folder behind a link may also be written relative to the home folder's other path.
     const std::string &realHome = surroundings.locations.realHome();
     for (std::string &folder : documents) {
         std::string real = files.realPath(folder).value_or(folder);
@@ -107,7 +107,8 @@ LinuxData::LinuxData(const AppInventory::Surroundings &surroundings) : m_surroun
     m_snaps = listUsable(joined(home, "snap"), "Data");
 }
 
-/// A folder that a variable has made the home itself, or one of the user's own, holds more than applications' data.
+/// False if a variable points to the home folder or one of the user's own folders, which contains more than
+/// applications' data.
 bool LinuxData::isUsable(const std::string &folder) const
 {
     const ProtectedLocations &locations = m_surroundings.locations;
@@ -151,7 +152,7 @@ std::vector<Leftover> LinuxData::flatpakData(const std::string &id, bool isShare
     };
     for (const Item &item : m_flatpaks.listing.named(id)) {
         const std::string folder = joined(m_flatpaks.folder, item.name);
-        // What lies behind a link may be anything of the user's.
+        // A link may lead to any of the user's files.
         const Expected<ItemFacts> facts = m_surroundings.files.facts(folder);
         if (!facts || facts->type != EntryType::directory)
             continue;
@@ -179,7 +180,7 @@ bool LinuxData::isFilledDocumentFolder(const std::string &folder, std::string_vi
     return !inside || !inside->empty();
 }
 
-/// Programs in a sandbox may take their folder for the home, so that people keep documents in it.
+/// Sandboxed programs may use their folder as home, so users keep documents in it.
 bool LinuxData::holdsDocuments(const std::string &folder) const
 {
     return std::ranges::any_of(m_documentNames,
@@ -239,7 +240,7 @@ std::vector<Leftover> LinuxData::dataOf(const DataOwner &owner, const InstalledN
     return found;
 }
 
-/// Whether neither the folder nor a file directly inside it was changed lately.
+/// Whether neither the folder nor any file directly inside it has changed recently.
 bool LinuxData::isUntouchedInside(const Leftover &folder) const
 {
     if (!isUntouched(folder, m_surroundings.now))

@@ -13,45 +13,45 @@
 
 namespace corvane {
 
-/// What the data of one application goes by. All in lower case.
+/// Identifies the data of one application. All in lower case.
 struct DataOwner {
-    std::vector<std::string> ids;   ///< reverse-domain identifiers, each once
-    std::vector<std::string> names; ///< what it is called besides; as `candidateNames` gives them
-    std::string flatpak;            ///< its identifier where it is a Flatpak
-    std::string snap;               ///< its name where it is a Snap
-    std::string place;              ///< where it lies itself, which is no data; as it is written
+    std::vector<std::string> ids;   ///< reverse-domain identifiers, without duplicates
+    std::vector<std::string> names; ///< other names; in the form of `candidateNames`
+    std::string flatpak;            ///< its application ID if it is a Flatpak
+    std::string snap;               ///< its name if it is a Snap
+    std::string place;              ///< its own location, which is not data; in original case
 };
 
-/// What is installed, as far as it can be told. All in lower case.
+/// What is installed, as far as known. All in lower case.
 struct InstalledNames {
-    std::vector<std::string> ids;                      ///< every reverse-domain identifier, each once
-    std::unordered_map<std::string, std::size_t> uses; ///< how many of the listed applications go by an identifier
-    std::unordered_map<std::string, std::size_t> flatpakUses; ///< the same of Flatpaks alone
-    bool areIDsKnown = true; ///< none of the places where they stand was closed to the user
-    std::optional<std::unordered_set<std::string>> flatpaks; ///< nothing where they cannot be told
-    std::optional<std::unordered_set<std::string>> snaps;    ///< the same
+    std::vector<std::string> ids;                             ///< all reverse-domain identifiers, without duplicates
+    std::unordered_map<std::string, std::size_t> uses;        ///< number of listed applications per identifier
+    std::unordered_map<std::string, std::size_t> flatpakUses; ///< the same for Flatpaks only
+    bool areIDsKnown = true;                                  ///< false if a place with identifiers could not be read
+    std::optional<std::unordered_set<std::string>> flatpaks;  ///< absent if unknown
+    std::optional<std::unordered_set<std::string>> snaps;     ///< the same
 };
 
-/// What applications keep in the user's home folder on a Linux system, listed once so that every application meets the
-/// same. Immutable; any thread. Folders for the user's own documents, and what lies in them, are never part of it.
+/// Applications' data in the user's home folder on a Linux system, listed once so that every application sees the same
+/// state. Immutable; any thread. Never includes folders for the user's own documents, or their contents.
 class LinuxData {
 public:
-    /// The surroundings must outlive it.
+    /// The surroundings must outlive the object.
     explicit LinuxData(const AppInventory::Surroundings &surroundings);
 
-    /// The folder for the data of applications, "~/.local/share" unless the user has set another.
+    /// The base folder of applications' data, "~/.local/share" unless configured otherwise.
     [[nodiscard]] static std::string dataFolder(const std::string &home, FileSystem &files);
 
-    /// What belongs to an application, largest first. What another one goes by as well only may belong to it.
+    /// The data of an application, largest first. A match that another application also claims is only a possible one.
     [[nodiscard]] std::vector<Leftover> dataOf(const DataOwner &owner, const InstalledNames &installed) const;
 
-    /// What applications that are gone have left, largest group first.
+    /// The data of applications that are no longer installed, largest group first.
     [[nodiscard]] std::vector<OrphanGroup> orphans(const InstalledNames &installed) const;
 
-    /// Whether a path is, holds, or lies in a folder for the user's own documents.
+    /// Whether a path is, contains, or is inside a folder for the user's own documents.
     [[nodiscard]] bool touchesDocuments(std::string_view path) const;
 
-    /// Whether a path is, holds, or lies in one of the folders where applications keep their data.
+    /// Whether a path is, contains, or is inside one of the folders of applications' data.
     [[nodiscard]] bool isDataPlace(std::string_view path) const;
 
 private:
@@ -72,8 +72,8 @@ private:
 
     const AppInventory::Surroundings &m_surroundings;
     std::vector<std::string> m_documents;
-    std::vector<std::string> m_documentNames; ///< what such folders are called, wherever they lie
-    std::vector<Place> m_places;              // those that may hold anybody's
+    std::vector<std::string> m_documentNames; ///< names of document folders, in any location
+    std::vector<Place> m_places;              // those shared by all applications
     Place m_flatpaks;
     Place m_overrides;
     Place m_snaps;

@@ -11,7 +11,7 @@
 namespace corvane {
 namespace {
 
-/// Takes what is gone out of a list; whether anything has changed. The order follows.
+/// Removes items from a list, keeping its order; returns whether anything has changed.
 bool takeFrom(std::vector<Leftover> &items, const Selection &gone)
 {
     bool hasChanged = std::erase_if(items, [&](const Leftover &item) { return isCovered(gone, item.path); }) > 0;

@@ -10,32 +10,33 @@
 
 namespace corvane {
 
-// What is asked of a loaded inventory, and of the items that it lists.
+// Queries on a loaded inventory and its items.
 
-/// Takes what was removed out of the applications, their leftovers and the orphans, until they are loaded again;
-/// whether anything has changed.
+/// Drops removed items from the applications, their leftovers and the orphans, until the next load; returns whether
+/// anything has changed.
 bool takeRemoved(AppInventory::Result &inventory, std::span<const SelectedEntry> removed);
 
 /// The items of all groups, in the order of the groups.
 [[nodiscard]] std::vector<SelectedEntry> orphanEntries(std::span<const OrphanGroup> groups);
 
-/// What the applications and their data come to. Where two of them share an item, it counts once.
+/// The total of the applications and their data. An item shared by two of them counts once.
 [[nodiscard]] std::int64_t appTotal(std::span<const InstalledApp> apps);
 
-/// What the groups come to.
+/// The total of the groups.
 [[nodiscard]] std::int64_t orphanTotal(std::span<const OrphanGroup> groups);
 
-/// What is removed with an application: its bundle, or what lies in the home in its place, and those leftovers; the
-/// leftovers alone of one that is removed by a command. A path that stands there twice has its last size.
+/// The entries to remove with an application: its bundle, or its file or folder in the home folder, plus those
+/// leftovers; only the leftovers if the application is removed by a command. If a path occurs twice, the last size
+/// counts.
 [[nodiscard]] Selection uninstallEntries(const InstalledApp &app, std::span<const Leftover> leftovers);
 
-/// What is at each of those paths now. A leftover that is no longer of the listed kind is not known: a file may be
-/// removed as one, a folder that has taken its place may not. Asks the disk.
+/// What is at each of those paths now. A leftover that has changed its kind counts as unknown: a folder that replaced a
+/// file may not be removed in its place. Accesses the disk.
 [[nodiscard]] SeenItems lookAtUninstall(const InstalledApp &app, std::span<const Leftover> leftovers,
                                         const ProtectedLocations &locations, const Host &host);
 
-/// Takes over what an application has written anew while it quit, as it does with its preferences: the items besides
-/// its bundle that are of the same type as before. Asks the disk.
+/// Accepts files that an application rewrote while it quit, such as its preferences: updates the identity of items
+/// other than its bundle if their type is unchanged. Accesses the disk.
 void followRewrites(SeenItems &seen, const std::string &bundlePath, FileSystem &files);
 
 } // namespace corvane

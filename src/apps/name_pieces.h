@@ -9,8 +9,8 @@
 
 namespace corvane {
 
-/// The first pieces of a name between its dots, at most `count` of them, joined with dots again. Empty pieces, as in a
-/// name with "..", are dropped.
+/// The first components of a dotted name, at most `count` of them, joined by dots. Empty components, as in a name with
+/// "..", are dropped.
 [[nodiscard]] inline std::string leadingPieces(std::string_view name, std::size_t count)
 {
     std::string joined;
@@ -26,8 +26,8 @@ namespace corvane {
     return joined;
 }
 
-/// Whether a name is made of nothing but letters, digits and the signs that names of packages have, so that a terminal
-/// takes it for a name. At most as long as a file's.
+/// Whether a name consists only of letters, digits and the punctuation of package names, so that it is safe in a shell
+/// command. At most the length of a file name.
 [[nodiscard]] inline bool isPlainName(std::string_view name)
 {
     const auto isLetterOrDigit = [](char each) {
@@ -39,8 +39,7 @@ namespace corvane {
            });
 }
 
-/// Whether a plain name has three pieces or more between its dots, none of them empty, as an application's identifier
-/// has.
+/// Whether a plain name has at least three non-empty components separated by dots, like an application's identifier.
 [[nodiscard]] inline bool isReverseDomainName(std::string_view name)
 {
     return isPlainName(name) && std::ranges::count(name, '.') >= 2 && !name.ends_with('.') &&

@@ -19,12 +19,12 @@ namespace {
 constexpr std::string_view entriesFolder = "/usr/share/applications/";
 constexpr std::size_t mostEntries = 200; // of one package
 
-/// Whether all that lies in a folder belongs to one package, as in "/usr/lib/firefox" and "/opt/maker/program".
+/// Whether everything in a folder belongs to one package, as in "/usr/lib/firefox" and "/opt/maker/program".
 bool isFolderOfItsOwn(std::string_view folder)
 {
     constexpr std::array<std::string_view, 6> around{"/opt",         "/usr/lib",   "/usr/lib64",
                                                      "/usr/libexec", "/usr/share", "/usr/local/lib"};
-    // "/usr/lib/x86_64-linux-gnu" is everybody's.
+    // "/usr/lib/x86_64-linux-gnu" is shared.
     return !folder.ends_with("-linux-gnu") &&
            std::ranges::any_of(around, [&](std::string_view each) { return liesBeneath(folder, each); });
 }
@@ -51,9 +51,9 @@ std::vector<std::string> PackageFiles::programs(const std::vector<DesktopEntry> 
     for (const DesktopEntry &entry : entries)
         names.insert(lastPathComponent(entry.program));
     names.erase(std::string_view());
-    std::set<std::string> linked; // to what may be another package's
+    std::set<std::string> linked; // link targets, possibly of another package
     for (const std::string_view name : names) {
-        // The system's administrator may have chosen which of several programs bears the name.
+        // The administrator may have chosen which of several programs has the name.
         if (const Expected<std::string> real = m_files.realPath(joined("/usr/bin", name)))
             linked.insert(*real);
     }
@@ -74,7 +74,7 @@ std::vector<std::string> PackageFiles::programs(const std::vector<DesktopEntry> 
         std::string path = m_pathOf(takeLine(rest));
         if (!linked.contains(path))
             continue;
-        // A list has the folders of everybody as well.
+        // A list also contains shared folders.
         if (const Expected<ItemFacts> facts = m_files.facts(path); facts && facts->type == EntryType::file)
             found.insert(std::move(path));
     }

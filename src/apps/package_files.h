@@ -12,10 +12,10 @@
 
 namespace corvane {
 
-/// What a package of the system has installed, as the list of it in its database tells. Any thread.
+/// The files installed by a system package, according to its list in the package database. Any thread.
 class PackageFiles {
 public:
-    /// The absolute path that a line of the list names; empty for a line that names none.
+    /// The absolute path in a line of the list; empty for a line without one.
     using PathOf = std::function<std::string(std::string_view line)>;
 
     PackageFiles(std::string list, PathOf pathOf, FileSystem &files)
@@ -23,13 +23,13 @@ public:
     {
     }
 
-    /// The applications that the menus show of it, in the order of the list.
+    /// The package's visible applications, in the order of the list.
     [[nodiscard]] std::vector<DesktopEntry> entries() const;
 
-    /// The programs that those entries start, and folders of the package's own that they lie in.
+    /// The programs started by those entries, and the package's own folders that contain them.
     [[nodiscard]] std::vector<std::string> programs(const std::vector<DesktopEntry> &entries) const;
 
-    /// What the files take on the disk, in bytes, one of several names once.
+    /// The files' size on disk in bytes, counting hard links once.
     [[nodiscard]] std::int64_t size(const StopFlag &stop) const;
 
 private:

@@ -27,13 +27,13 @@ namespace {
 constexpr std::string_view debianFolder = "/var/lib/dpkg";
 constexpr std::string_view pacmanFolder = "/var/lib/pacman/local";
 
-// What real systems come nowhere near: a database of two thousand packages has ten megabytes, the longest list of a
-// package's files a few.
+// Far beyond real systems: a database of two thousand packages has ten megabytes, the longest file list of a package a
+// few.
 constexpr std::size_t longestDatabase = 256UL * 1024 * 1024;
 constexpr std::size_t longestList = 64UL * 1024 * 1024;
 constexpr std::size_t longestDescription = 1024UL * 1024;
 constexpr std::size_t mostPackages = 100'000;
-constexpr std::int64_t bytesOfUnit = 1024; // in which Debian's packages tell their size
+constexpr std::int64_t bytesOfUnit = 1024; // unit of the sizes in Debian packages
 
 std::string textOf(const std::string &path, std::size_t most, FileSystem &files)
 {
@@ -41,7 +41,7 @@ std::string textOf(const std::string &path, std::size_t most, FileSystem &files)
     return openPatiently([&] { return files.readFile(path, most); }).value_or(std::string());
 }
 
-/// "1:5.4.1-2" without what the distribution has put around the application's own version.
+/// "1:5.4.1-2" reduced to the application's own version, without the distribution's additions.
 std::string upstreamVersion(std::string_view version)
 {
     const std::size_t colon = version.find(':');
@@ -57,7 +57,7 @@ std::int64_t number(std::string_view text)
     return error == std::errc() && isPlausibleSize(value) ? value : 0;
 }
 
-/// The entry that the package is known by comes first: one of its own name, else the shortest.
+/// Puts the main entry first: the one with the package's name, otherwise the shortest.
 void sortEntries(std::vector<DesktopEntry> &entries, const std::string &package)
 {
     std::ranges::sort(entries, [&](const DesktopEntry &a, const DesktopEntry &b) {
@@ -67,7 +67,7 @@ void sortEntries(std::vector<DesktopEntry> &entries, const std::string &package)
     });
 }
 
-/// The record with what its files tell. Where none of them can be looked at, what its database tells is its size.
+/// Completes the record from the package's files. If none of them can be read, the database's size is used.
 PackageRecord completed(PackageRecord record, std::int64_t toldSize, const PackageFiles &installed,
                         const StopFlag &stop)
 {
@@ -84,7 +84,7 @@ std::string wholeLine(std::string_view line)
     return std::string(line);
 }
 
-/// Reads packages at once, each on its own; those that bring no application along are left out.
+/// Reads packages in parallel, each independently; leaves out those without an application.
 std::vector<PackageRecord> readEach(std::size_t count,
                                     const std::function<std::optional<PackageRecord>(std::size_t)> &read,
                                     const StopFlag &stop)
@@ -110,7 +110,7 @@ struct DebianPackage {
     std::int64_t size = 0;
 };
 
-/// The installed packages by their names, and by their names with their architectures.
+/// The installed packages, by name and by name with architecture.
 std::unordered_map<std::string, DebianPackage> debianPackages(std::string_view status)
 {
     std::unordered_map<std::string, DebianPackage> packages;
@@ -175,7 +175,7 @@ std::vector<PackageRecord> readDebian(FileSystem &files, const StopFlag &stop)
             if (record.entries.empty())
                 return std::nullopt;
             record.removeCommand = "sudo apt remove " + record.name;
-            // By its name alone apt takes the one that is built for this computer.
+            // Given only the name, apt takes the package for the native architecture.
             const std::string &built = package->second.architecture;
             if (!native.empty() && built != native && built != "all" && isPlainName(built))
                 record.removeCommand += ":" + built;
@@ -204,7 +204,7 @@ std::vector<PackageRecord> readPacman(FileSystem &files, const StopFlag &stop)
     std::vector<std::string> names =
         namesIn(std::string(pacmanFolder), files, stop).value_or(std::vector<std::string>());
     std::ranges::sort(names);
-    // Its paths begin without a slash; headings stand between them.
+    // Its paths have no leading slash, and it contains headings.
     const auto pathOf = [](std::string_view line) {
         return line.empty() || line.starts_with('%') ? std::string() : "/" + std::string(line);
     };
@@ -233,7 +233,7 @@ std::vector<PackageRecord> readPacman(FileSystem &files, const StopFlag &stop)
 
 constexpr std::string_view rpm = "/usr/bin/rpm";
 
-/// The command of whichever package manager is there.
+/// The removal command of the installed package manager.
 std::string rpmRemoval(const std::string &package, FileSystem &files)
 {
     for (const std::string manager : {"dnf", "zypper", "yum"}) {
@@ -243,7 +243,7 @@ std::string rpmRemoval(const std::string &package, FileSystem &files)
     return "sudo rpm -e " + package;
 }
 
-/// The names of the packages that have a file called like a desktop file.
+/// The names of the packages that own a file named like a desktop file.
 std::vector<std::string> rpmNames(const ToolRunner &runTool)
 {
     const std::optional<std::string> output =
@@ -264,10 +264,10 @@ struct RpmPackage {
     std::string name;
     std::string version;
     std::int64_t size = 0;
-    std::string list; ///< its paths, each on a line
+    std::string list; ///< its paths, one per line
 };
 
-/// Lines "name, version, size" between tabs, each before the paths of the package.
+/// Parses lines of tab-separated name, version and size, each followed by the package's paths.
 std::vector<RpmPackage> rpmPackagesIn(std::string_view output)
 {
     std::vector<RpmPackage> packages;
@@ -291,7 +291,7 @@ std::vector<RpmPackage> rpmPackagesIn(std::string_view output)
 
 std::vector<PackageRecord> readRpm(FileSystem &files, const ToolRunner &runTool, const StopFlag &stop)
 {
-    // What one command line takes.
+    // Limit for one command line.
     constexpr std::size_t mostAtOnce = 500;
     if (!files.exists(std::string(rpm)) || (!files.exists("/var/lib/rpm") && !files.exists("/usr/lib/sysimage/rpm")))
         return {};
@@ -329,7 +329,7 @@ std::vector<PackageRecord> readPackages(FileSystem &files, const ToolRunner &run
     std::vector<PackageRecord> records = readDebian(files, stop);
     std::ranges::move(readPacman(files, stop), std::back_inserter(records));
     std::ranges::move(readRpm(files, runTool, stop), std::back_inserter(records));
-    // A package that is there for two architectures owns its desktop file twice.
+    // A package installed for two architectures owns its desktop file twice.
     std::set<std::string> taken;
     std::erase_if(records,
                   [&](const PackageRecord &record) { return !taken.insert(record.entries.front().path).second; });

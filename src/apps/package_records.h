@@ -11,20 +11,20 @@
 
 namespace corvane {
 
-/// A package of the system that brings an application along.
+/// A system package that contains an application.
 struct PackageRecord {
     std::string name;
-    std::string version; ///< the application's own, as far as the package tells; empty where unknown
+    std::string version; ///< the application's own version; empty if unknown
     std::string removeCommand;
-    std::int64_t size = 0;             ///< bytes of what it has installed
-    std::vector<DesktopEntry> entries; ///< those that are shown, the one that it is known by first; never empty
-    /// What its entries start, and the folders of its own that those programs lie in; without links.
+    std::int64_t size = 0;             ///< bytes installed
+    std::vector<DesktopEntry> entries; ///< visible ones, the main entry first; never empty
+    /// The programs started by its entries, and the package's own folders that contain them; links resolved.
     std::vector<std::string> programs = {};
 };
 
-/// The packages of Debian's, pacman's and rpm's databases that own a desktop file in "/usr/share/applications". The
-/// first two are read directly; of the third, which has several formats, rpm itself is asked through `runTool`. What is
-/// no proper record is left out: a command that is made of its name is put into a terminal. Any thread.
+/// The packages in the databases of dpkg, pacman and rpm that own a desktop file in "/usr/share/applications". The
+/// first two are read directly; for rpm, whose database has several formats, `runTool` queries rpm itself. Invalid
+/// records are left out, because their names become part of a command that the user runs in a terminal. Any thread.
 [[nodiscard]] std::vector<PackageRecord> readPackages(FileSystem &files, const ToolRunner &runTool,
                                                       const StopFlag &stop = neverStopped);
 

@@ -33,7 +33,7 @@ AppDescription flatpakDescription(const std::string &app, const std::string &id,
     return {};
 }
 
-/// The value of a key at the start of a line.
+/// The version in a Snap's metadata: the value of a key at the start of a line.
 std::string snapVersion(const std::string &snap, FileSystem &files)
 {
     const WalkConditions conditions;
@@ -49,7 +49,7 @@ std::string snapVersion(const std::string &snap, FileSystem &files)
     return version.size() <= longestVersion && isPlainName(version) ? version : std::string();
 }
 
-/// The picture of a Snap lies in its image, where its entry names it or not.
+/// A Snap's icon is inside its mounted package, whether or not its entry refers to it.
 std::string snapIcon(const std::string &snap, const DesktopEntry &entry, const IconSearch &icons, FileSystem &files)
 {
     if (std::string named = icons.find(entry.icon); !named.empty() && files.exists(named))

@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-// Flatpaks and Snaps: applications that a store of their own has brought, each in a sandbox.
+// Flatpaks and Snaps: sandboxed applications installed from their own stores.
 
 inline constexpr std::string_view mountedSnaps = "/snap";
 inline constexpr std::string_view snapEntries = "/var/lib/snapd/desktop/applications";
@@ -18,26 +18,26 @@ inline constexpr std::string_view snapEntries = "/var/lib/snapd/desktop/applicat
 /// A folder in which Flatpaks are installed.
 struct FlatpakFolder {
     std::string path;
-    std::string command; ///< removes the one whose identifier follows
+    std::string command; ///< the removal command, to be followed by the application ID
 };
 
-/// The Flatpak of that identifier; nothing for one that is not shown. It may be there several times, once for each of
-/// its branches: together they are one. The surroundings must outlive the result.
+/// The Flatpak with that ID; nothing if it is hidden. Several installed branches count as one. The surroundings must
+/// outlive the result.
 [[nodiscard]] std::optional<FoundApp> flatpakAt(const FlatpakFolder &folder, const std::string &id,
                                                 const IconSearch &icons,
                                                 const AppInventory::Surroundings &surroundings);
 
-/// The images in which Snaps lie.
+/// The images of installed Snaps.
 struct SnapImages {
-    /// Of the names in the folder of all images, "name_revision.snap".
+    /// Parses names "name_revision.snap" from the folder of all images.
     [[nodiscard]] static SnapImages in(const std::vector<std::string> &names);
 
     static constexpr std::string_view folder = "/var/lib/snapd/snaps";
 
-    std::map<std::string, std::vector<std::string>> byName; ///< the paths of the revisions of each
+    std::map<std::string, std::vector<std::string>> byName; ///< paths of the revisions of each Snap
 };
 
-/// The Snaps that the menus show. The surroundings must outlive the result.
+/// The visible Snaps. The surroundings must outlive the result.
 [[nodiscard]] std::vector<FoundApp> snaps(const SnapImages &images, const IconSearch &icons,
                                           const AppInventory::Surroundings &surroundings);
 

@@ -19,7 +19,7 @@ using Answer = CommandDefinition::Answer;
 
 constexpr int decimal = 1'000;
 constexpr int binary = 1'024;
-/// No command line of a query is made longer than that many packages.
+/// Maximum number of packages on the command line of a query.
 constexpr std::size_t packagesAskedFor = 500;
 
 std::vector<std::string_view> partsOf(std::string_view text, std::string_view marks)
@@ -50,7 +50,7 @@ std::int64_t plus(std::int64_t sum, std::int64_t more)
     return sum;
 }
 
-/// What a command would do, as its tool reports it.
+/// What a command would free, as reported by its tool.
 class Question {
 public:
     Question(const CommandDefinition &definition, FileSystem &files, const ToolRunner &runTool, const StopFlag &stop)
@@ -58,7 +58,7 @@ public:
     {
     }
 
-    /// Nothing where there is nothing to free.
+    /// Nothing if there is nothing to free.
     [[nodiscard]] std::optional<AdminCommand> ask() const
     {
         if (m_stop || !m_files.exists(std::string(m_definition.tool)))
@@ -120,7 +120,7 @@ private:
         return sum;
     }
 
-    /// The tool counts what the user may read; the folders may tell more.
+    /// The tool only counts files readable by the user, so the folders' size may be larger.
     [[nodiscard]] std::int64_t journal() const
     {
         // "Archived and active journals take up 512.0M in the file system."
@@ -133,7 +133,7 @@ private:
         return std::max(told, sizeOfFolders());
     }
 
-    /// The tool may be set up for another computer, whose containers must not be deleted to free space here.
+    /// The tool may be configured for another computer, whose containers must not be deleted to free space here.
     [[nodiscard]] bool speaksToThisComputer() const
     {
         if (m_definition.serviceArguments.front().empty())
@@ -158,7 +158,7 @@ private:
         }
         std::int64_t sum = 0;
         for (const std::string_view line : linesOf(*kinds)) {
-            // Of the images the command removes the unnamed ones only, and no volume.
+            // Of the images, the command removes only unnamed ones; it removes no volumes.
             const std::vector<std::string_view> parts = partsOf(line, "\t");
             if (parts.size() == 2 && (parts.front() == "Containers" || parts.front() == "Build Cache"))
                 sum = plus(sum, toldSize(parts.back(), decimal).value_or(0));
@@ -170,7 +170,7 @@ private:
 
     [[nodiscard]] std::int64_t snapRevisions() const
     {
-        // "Name  Version  Rev  Tracking  Publisher  Notes", with "disabled" among the notes of an earlier revision.
+        // "Name  Version  Rev  Tracking  Publisher  Notes", with "disabled" in the notes of an earlier revision.
         std::map<std::string_view, std::vector<std::string_view>> earlier;
         const std::string output = run({"list", "--all"}).value_or("");
         for (const std::string_view line : linesOf(output)) {
@@ -182,7 +182,7 @@ private:
         std::int64_t sum = 0;
         for (auto &[name, revisions] : earlier) {
             const auto numberOf = [](std::string_view revision) {
-                std::int64_t number = 0; // of one that was built here, "x3", as well
+                std::int64_t number = 0; // also for a locally built revision such as "x3"
                 revision.remove_prefix(revision.starts_with('x') ? 1 : 0);
                 static_cast<void>(std::from_chars(revision.data(), revision.data() + revision.size(), number));
                 return number;
@@ -198,7 +198,7 @@ private:
 
     [[nodiscard]] std::optional<AdminCommand> unneededPackages() const
     {
-        // A simulation, which changes nothing and needs no lock: "Remv linux-image-6.1.0-17-amd64 [6.1.69-1]".
+        // A dry run, which changes nothing and needs no lock: "Remv linux-image-6.1.0-17-amd64 [6.1.69-1]".
         const std::string output =
             run({"--simulate", "-o", "Debug::NoLocking=true", "autoremove"}).value_or(std::string());
         std::vector<std::string> query{"--show", "--showformat=${Installed-Size}\n"};
@@ -256,7 +256,7 @@ private:
                 runtimes.push_back({columns[0], columns[0].substr(0, columns[0].find('/')),
                                     toldSize(columns[1], decimal).value_or(0)});
         }
-        // What extends another runtime goes with that one.
+        // Extensions of another runtime are removed with it.
         const auto isExtension = [&](const Runtime &runtime) {
             return std::ranges::any_of(
                 runtimes, [&](const Runtime &other) { return runtime.id.starts_with(std::string(other.id) + "."); });

@@ -14,8 +14,8 @@
 
 namespace corvane {
 
-/// A command for the user to copy that frees space. It needs the administrator, or removes what a service keeps; the
-/// program never runs it. Texts are of static storage.
+/// A command for the user to copy that frees space. It requires root, or removes data of a service; the program never
+/// runs it. Texts have static storage.
 struct AdminCommand {
     std::string_view id = {};
     std::string_view title = {};
@@ -23,20 +23,20 @@ struct AdminCommand {
     std::string_view symbol = {};
     CleanupTint tint = CleanupTint::gray;
     std::string_view command = {};
-    std::optional<std::int64_t> bytes = {}; ///< what it would free; nothing where that cannot be told
+    std::optional<std::int64_t> bytes = {}; ///< bytes that it would free; nothing if unknown
 
     friend bool operator==(const AdminCommand &, const AdminCommand &) = default;
 };
 
-/// The commands of the system that the root describes whose tools are there and that have something to free: largest
-/// first, then those of which that is not known. Nothing that needs a privilege is run. Any thread; blocks.
+/// The commands for the root's system whose tool is installed and that would free something: largest first, then those
+/// of unknown size. Runs nothing that needs privileges. Any thread; blocks.
 [[nodiscard]] std::vector<AdminCommand> findAdminCommands(FileSystem &files, const ToolRunner &runTool,
                                                           const StopFlag &stop = neverStopped);
 
 /// The same with the tools of this computer.
 [[nodiscard]] std::vector<AdminCommand> findAdminCommands(FileSystem &files, const StopFlag &stop = neverStopped);
 
-/// What they would free together, as far as that is known.
+/// The total of the known sizes.
 [[nodiscard]] std::int64_t bytesOf(std::span<const AdminCommand> commands);
 
 } // namespace corvane

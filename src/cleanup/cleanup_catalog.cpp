@@ -99,7 +99,7 @@ std::int64_t CleanupItem::total() const
 
 namespace {
 
-/// The entries of one row.
+/// Collects the entries of one row.
 class RowMeasurement {
 public:
     RowMeasurement(const CleanupPlaces &places, FileSystem &files, const StopFlag &stop)
@@ -124,7 +124,7 @@ public:
     }
 
 private:
-    /// Whether it could be listed.
+    /// Returns whether the place could be listed.
     bool add(const CleanupPlaces::Place &place)
     {
         if (!place.name.empty() && !m_countedElsewhere.anyBeneath(place.realPath)) {
@@ -135,7 +135,7 @@ private:
         return folder && addItems(**folder, place.path, place.realPath, place.name);
     }
 
-    /// The items in a folder that is called `name` among the entries; whether it could be listed.
+    /// Adds the items in a folder named `name` in the entries; returns whether it could be listed.
     bool addItems(OpenFolder &folder, const std::string &path, const std::string &realPath, const std::string &name)
     {
         std::vector<CleanupEntry> children;

@@ -10,26 +10,26 @@
 
 namespace corvane {
 
-// What is asked of the measured catalogue, in the order of `CleanupCatalog::measureAll`.
+// Queries on the measured catalogue, in the order of `CleanupCatalog::measureAll`.
 
-/// All items, those of every system and the system's own together, the largest total first.
+/// All items, common and system-specific ones together, largest total first.
 [[nodiscard]] std::vector<const CleanupItem *> largestFirst(std::span<const CleanupItem> items);
 
 /// How a row of the catalogue is shown.
 enum class Showing {
     shown,
-    folded, ///< it holds nothing: counted with others in one line
-    hidden, ///< the same, and its program does not exist on this system
+    folded, ///< empty: counted with others in one line
+    hidden, ///< empty, and its program does not exist on this system
 };
 [[nodiscard]] Showing showingOf(const CleanupItem &item, const CleanupTable &table);
 
-/// "12 more places hold nothing"; without "more" where no row is shown above that line.
+/// "12 more places hold nothing"; without "more" if no row is shown above.
 [[nodiscard]] std::string foldedText(std::size_t count, std::size_t shownCount);
 
-/// Takes what was removed out of the items, until they are measured again; whether a figure has changed.
+/// Subtracts removed entries from the items until the next measurement; returns whether a figure has changed.
 bool takeRemoved(std::vector<CleanupItem> &items, std::span<const SelectedEntry> removed);
 
-/// What the items come to that may be cleared without a second look.
+/// The total of the items that can be cleared without a second look.
 [[nodiscard]] std::int64_t safeTotal(std::span<const CleanupItem> items);
 
 /// The entries of those items, in the order of the items.

@@ -90,7 +90,7 @@ void CleanupPlaces::addEvery(std::string_view folder, std::string_view inEach, R
         return;
     }
     for (std::string &name : names) {
-        // Each is judged by itself: any of them may be mounted, or lie behind a link.
+        // Check each one separately: any of them may be mounted, or be behind a link.
         std::optional<std::string> place = m_rule.placeFor(joined(joined(folder, name), inEach));
         if (!place)
             continue;
@@ -115,7 +115,7 @@ void CleanupPlaces::makeDisjoint()
         std::size_t place;
     };
     const auto isReview = [&](const Row &row) { return row.def->risk == CleanupRisk::review; };
-    // A folder that is mounted twice has several paths; the first in the alphabet stands for it.
+    // A folder that is mounted twice has several paths; the alphabetically first one represents it.
     std::map<std::string, Owner> owners;
     for (std::size_t row = 0; row < m_rows.size(); ++row) {
         for (std::size_t place = 0; place < m_rows[row].places.size(); ++place) {
@@ -127,7 +127,7 @@ void CleanupPlaces::makeDisjoint()
                 first = std::min(first, other);
             }
             const auto [owner, isNew] = owners.try_emplace(first, Owner{row, place});
-            // What should be looked at first is never offered as safe. Otherwise later rows are the more special ones.
+            // A folder that needs review must never be offered as safe. Otherwise later rows are more specific.
             if (!isNew && owner->second.row != row && (isReview(m_rows[row]) || !isReview(m_rows[owner->second.row])))
                 owner->second = {row, place};
         }

@@ -12,31 +12,30 @@
 
 namespace corvane {
 
-/// Where the rows of the cleanup catalogue lie in the system that a root describes. Immutable, so safe to ask from any
-/// thread.
+/// The locations of the cleanup catalogue's rows in the root's system. Immutable, so usable from any thread.
 class CleanupPlaces {
 public:
     struct Place {
         std::string path;
         std::string realPath;
-        std::string name; ///< of the entry that the whole folder is; empty where the items inside are the entries
+        std::string name; ///< of the entry, if the whole folder is one entry; empty if the items inside are the entries
     };
 
     struct Row {
-        const CleanupDefinition *def = nullptr; ///< of static storage
-        std::string path;                       ///< to show the user, whether it exists or not; empty where refused
-        std::vector<Place> places;              ///< those that exist, none of them in another row as well
-        bool isListed = true;                   ///< false where the folder of the places could not be listed
+        const CleanupDefinition *def = nullptr; ///< static storage
+        std::string path;                       ///< display path, whether or not it exists; empty if refused
+        std::vector<Place> places;              ///< existing ones, none of them also in another row
+        bool isListed = true;                   ///< false if the folder of the places could not be listed
     };
 
-    /// `files` outlives the object.
+    /// `files` must outlive the object.
     explicit CleanupPlaces(FileSystem &files);
 
-    /// Those of every system, in the order of the catalogue, then the system's own.
+    /// The common rows in the order of the catalogue, then the system's own.
     [[nodiscard]] const std::vector<Row> &rows() const { return m_rows; }
     [[nodiscard]] const Row &rowOf(const CleanupDefinition &definition) const;
 
-    /// What lies inside a place and counts in another one, by its real path.
+    /// Items inside a place that count in another one, by real path.
     [[nodiscard]] const ExcludedItems &countedElsewhere() const { return m_countedElsewhere; }
 
 private:
@@ -44,7 +43,7 @@ private:
     void add(std::string_view path, Row &row) const;
     void addEvery(std::string_view folder, std::string_view inEach, Row &row) const;
     void addPlace(std::string path, std::string name, Row &row) const;
-    /// Leaves each folder in one row, and notes them all.
+    /// Assigns each folder to one row, and records all of them.
     void makeDisjoint();
 
     FileSystem &m_files;

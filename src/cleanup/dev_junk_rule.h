@@ -8,10 +8,10 @@
 
 namespace corvane {
 
-/// Recognises folders that build tools make again: by name, and by the tool's own file standing where that
-/// tool puts it.
+/// Recognizes folders that build tools recreate: by name, and by the presence of the tool's own file in its usual
+/// place.
 struct DevJunkRule {
-    /// What the folder is, or nothing. At most four existence checks, and none unless the name is known.
+    /// The kind of folder, or nothing. At most four existence checks, and none if the name is not a known one.
     [[nodiscard]] static std::optional<std::string_view> match(const FileNode &node, FileSystem &files);
 };
 

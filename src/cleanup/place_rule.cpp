@@ -43,18 +43,18 @@ std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) co
         }
     }
     const Expected<std::string> realPlace = m_files.realPath(place);
-    if (!realPlace) // nothing is there
+    if (!realPlace) // nothing exists there
         return place;
     const bool isUsual = liesBeneath(usual, m_home) && *realPlace == m_realHome + usual.substr(m_home.size());
-    // The folder of the items in the Trash is protected wherever it lies; the items are not.
+    // The items folder of the Trash is protected in any location; the items are not.
     const std::string judged = relativePath == ".Trash" ? joined(*realPlace, "item") : *realPlace;
     const bool mayBeMainFolder = isMainFolder(usual);
     if (!(isUsual && mayBeMainFolder) && isRefused(*realPlace, place, usual))
         return std::nullopt;
     if (!isUsual && (mayBeMainFolder ? isNoMainFolder(*realPlace) : m_locations.isProtectedReally(judged)))
         return std::nullopt;
-    // A main folder may be mounted there. What the system's own places show is left aside: the whole disk is seen
-    // beneath one of those on some systems.
+    // A main folder may be mounted there. Skip the system's own places: on some systems one of them shows the whole
+    // disk.
     const bool isRefusedElsewhere =
         std::ranges::any_of(m_mounts.otherPathsOf(*realPlace), [&](const std::string &other) {
             return isRefused(other, place, usual) ||
@@ -90,7 +90,7 @@ std::string PlaceRule::real(const std::string &path) const
 
 bool PlaceRule::isRefused(const std::string &realPlace, const std::string &place, const std::string &usual) const
 {
-    // The place for downloads is a main folder itself, and is refused only where another main folder is the same.
+    // The downloads place is a main folder itself, so refuse it only if it coincides with another main folder.
     std::vector<std::string> others = m_usualFolders;
     std::erase(others, usual);
     others.insert(others.end(), m_userFolders.begin(), m_userFolders.end());
@@ -107,7 +107,7 @@ bool PlaceRule::isRefused(const std::string &realPlace, const std::string &place
 
 bool PlaceRule::isNoMainFolder(const std::string &realPlace) const
 {
-    // A main folder is protected itself, wherever it lies, so the items in it are judged.
+    // A main folder itself is protected in any location, so check an item inside it.
     const bool isHidden = liesBeneath(realPlace, m_realHome) && realPlace[m_realHome.size() + 1] == '.';
     return isHidden || m_locations.isProtectedReally(joined(realPlace, "item"));
 }

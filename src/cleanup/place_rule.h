@@ -11,21 +11,21 @@
 
 namespace corvane {
 
-/// Finds the folders of the cleanup catalogue, and refuses those that are not what they are taken for: a variable or a
-/// link may make a user's own folder a "cache". Immutable, so safe to ask from any thread.
+/// Finds the folders of the cleanup catalogue, and refuses unexpected ones: a variable or a link may turn a user's own
+/// folder into a "cache". Immutable, so usable from any thread.
 class PlaceRule {
 public:
-    /// `files` outlives the object.
+    /// `files` must outlive the object.
     explicit PlaceRule(FileSystem &files);
 
-    /// The folder that holds what a Mac keeps at `relativePath` in the home folder; it need not exist. Nothing where it
-    /// really (links resolved) is or contains the home folder or one of the user's main folders, lies in one, is "/tmp"
-    /// or is protected, also where it is mounted a second time. The usual place itself holds also where it is
-    /// protected, and the usual place of a main folder whatever it is; so does a link to a folder of its own. A main
-    /// folder that the user has named elsewhere must not be where the system or programs keep their own.
+    /// The folder for what a Mac keeps at `relativePath` in the home folder; it need not exist. Nothing if it really
+    /// (links resolved) is or contains the home folder or one of the user's main folders, is inside one, is "/tmp" or
+    /// is protected, also through a second mount. Exceptions: the usual place itself is accepted even if protected, and
+    /// the usual place of a main folder always; so is a link to a separate folder. A main folder that the user has
+    /// moved must not be in a location of the system or of programs' data.
     [[nodiscard]] std::optional<std::string> placeFor(std::string_view relativePath) const;
 
-    /// The folders of what lies in the Trash of other volumes, but for those that really are what is refused above.
+    /// The folders of trashed items on other volumes, without those refused by the rules above.
     [[nodiscard]] std::vector<std::string> trashesOfVolumes() const;
 
 private:
@@ -33,16 +33,16 @@ private:
     [[nodiscard]] bool isRefused(const std::string &realPlace, const std::string &place,
                                  const std::string &usual) const;
     [[nodiscard]] bool isMainFolder(const std::string &usual) const;
-    /// Whether what a main folder was set to is a place of the system's or of programs.
+    /// Whether the configured location of a main folder belongs to the system or to programs.
     [[nodiscard]] bool isNoMainFolder(const std::string &realPlace) const;
 
     FileSystem &m_files;
     const std::string m_home;
     const std::string m_realHome;
     const ProtectedLocations m_locations;
-    const std::vector<std::string> m_userFolders; // as the user has named them
+    const std::vector<std::string> m_userFolders; // as configured by the user
     const MountMap m_mounts;
-    std::vector<std::string> m_usualFolders; // as they are usually named
+    std::vector<std::string> m_usualFolders; // at their default locations
 };
 
 } // namespace corvane

@@ -23,13 +23,13 @@ const Command *commandNamed(std::string_view name)
     return found == allCommands().end() ? nullptr : &*found;
 }
 
-/// "-" alone is none.
+/// "-" alone is not an option.
 bool isOption(std::string_view argument)
 {
     return argument.size() > 1 && argument.front() == '-';
 }
 
-/// What may have been meant by a mistyped word, for the end of a complaint.
+/// A suggestion for a mistyped word, to append to an error message.
 std::string suggestion(std::string_view word, const std::vector<std::string> &names, std::string_view dashes = {})
 {
     const std::optional<std::string> nearest = nearestName(word, names);
@@ -55,9 +55,9 @@ public:
         missValue();
         if (m_line.wish == CommandLine::Wish::run)
             checkPaths();
-        // Who asks for help with an option gets it, whatever else is wrong.
+        // An option for help takes effect even if the rest of the line is wrong.
         if (m_line.wish == CommandLine::Wish::run || m_isOfHelp) {
-            // An option that is not known comes before other faults: it may be the path that is missing.
+            // Report an unknown option first: it may be the missing path, one that starts with "-".
             m_line.fault = m_unknownOption ? m_unknownOption : m_fault;
         }
         return std::move(m_line);
@@ -123,7 +123,7 @@ private:
             note(fmt::format("unexpected argument \"{}\"", paths[m_line.command->paths.most]));
     }
 
-    /// The options that may stand here.
+    /// The options that are valid here.
     [[nodiscard]] std::vector<const Option *> options() const
     {
         std::vector<const Option *> options;
@@ -176,7 +176,7 @@ private:
         return names;
     }
 
-    /// The first complaint counts.
+    /// Only the first error is kept.
     void note(std::string fault)
     {
         if (!m_fault)

@@ -9,21 +9,21 @@
 
 namespace corvane {
 
-/// A command line that has been read.
+/// A parsed command line.
 struct CommandLine {
     enum class Wish { run, help, version };
 
     Wish wish = Wish::run;
-    const Command *command = nullptr; ///< the one that was named or meant; null where there is none
+    const Command *command = nullptr; ///< named or implied; null if there is none
     Arguments arguments;
-    std::optional<std::string> fault; ///< what is wrong, in a sentence without its end
+    std::optional<std::string> fault; ///< the error message, without a final period
 };
 
-/// Reads the arguments (bytes, without the program's name). A path in the place of a command is one to scan, and
-/// "help COMMAND" is "COMMAND --help"; the names of commands win over items of the same name in the current folder.
-/// What follows "--" is no option.
+/// Parses the arguments (bytes, without the program's name). A path instead of a command is scanned, and "help COMMAND"
+/// means "COMMAND --help"; a command takes precedence over an item of the same name in the current folder. Nothing
+/// after "--" is an option.
 ///
-/// A file may bear any name, so nothing else in an argument means anything: "[a,b]", "++", "%x" and "@x" are paths.
+/// A file can have any name, so no other characters are special: "[a,b]", "++", "%x" and "@x" are paths.
 [[nodiscard]] CommandLine readArguments(const std::vector<std::string> &arguments, FileSystem &files);
 
 } // namespace corvane

@@ -13,21 +13,21 @@
 
 namespace corvane {
 
-// What several commands take as the value of an option. Nothing for any other text.
+// Parsers for option values shared by several commands. They return nothing for invalid text.
 
-/// A count of bytes.
+/// A number of bytes.
 [[nodiscard]] std::optional<std::int64_t> byteCount(std::string_view text);
 
-/// A count of months, at least 1.
+/// A number of months, at least 1.
 [[nodiscard]] std::optional<int> monthCount(std::string_view text);
 
-/// A count of lines, at least 1.
+/// A number of lines, at least 1.
 [[nodiscard]] std::optional<std::size_t> lineCount(std::string_view text);
 
-/// A count of levels, from 1 to 100.
+/// A number of levels, from 1 to 100.
 [[nodiscard]] std::optional<std::size_t> levelCount(std::string_view text);
 
-/// One of the choices by its name.
+/// The choice with that name.
 template <typename Choice, std::size_t count>
 [[nodiscard]] std::optional<Choice> choiceNamed(std::string_view text,
                                                 const std::array<std::pair<std::string_view, Choice>, count> &choices)
@@ -36,10 +36,10 @@ template <typename Choice, std::size_t count>
     return found == choices.end() ? std::nullopt : std::optional(found->second);
 }
 
-/// A type by its name on the command line, among those that files have.
+/// The file type with that command line name; only types that files can have.
 [[nodiscard]] std::optional<FileType> fileTypeNamed(std::string_view text);
 
-/// The names of those, with commas between them.
+/// The names of those types, separated by commas.
 [[nodiscard]] std::string fileTypeNames();
 
 } // namespace corvane

@@ -9,21 +9,21 @@
 
 namespace corvane {
 
-/// An option that a command takes.
+/// An option accepted by a command.
 struct Option {
-    std::string_view name;       ///< the long one, without its dashes
-    std::string_view value = {}; ///< what the help calls its value; empty for a flag, which has none
+    std::string_view name;       ///< the long name, without dashes
+    std::string_view value = {}; ///< placeholder of the value in the help; empty for a flag
     std::string help = {};
     char letter = 0; ///< the short name, if there is one
 };
 
-/// What is wrong with a command line, in a sentence without its end.
+/// An error in the command line; the message has no final period.
 class UsageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// What a command was given: its paths as they were written, and its options.
+/// The parsed arguments of a command: its paths as typed, and its options.
 class Arguments {
 public:
     std::vector<std::string> paths;
@@ -32,14 +32,14 @@ public:
 
     [[nodiscard]] bool has(std::string_view option) const { return text(option).has_value(); }
 
-    /// An option's value. Of one that is given several times the last counts.
+    /// An option's value. If the option is repeated, the last value counts.
     [[nodiscard]] std::optional<std::string> text(std::string_view option) const;
 
-    /// All values of an option that may be given several times.
+    /// All values of a repeatable option.
     [[nodiscard]] std::vector<std::string> texts(std::string_view option) const;
 
-    /// What `read` makes of an option's value; nothing where the option is not given. Throws a `UsageError` that
-    /// names what would be `valid` where `read` makes nothing of it. `noun` is what the value is called there.
+    /// An option's value converted by `read`; nothing if the option is not given. If `read` returns nothing, throws a
+    /// `UsageError` that describes what is `valid`; `noun` is the name of the value in that message.
     template <typename Read>
     [[nodiscard]] auto value(std::string_view option, Read read, std::string_view valid,
                              std::string_view noun = {}) const -> decltype(read(std::string_view()))
@@ -57,7 +57,7 @@ private:
     static std::string invalid(std::string_view option, std::string_view value, std::string_view valid,
                                std::string_view noun);
 
-    std::vector<std::pair<std::string, std::string>> m_options; // in the order of the line
+    std::vector<std::pair<std::string, std::string>> m_options; // in command line order
 };
 
 } // namespace corvane

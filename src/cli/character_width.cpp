@@ -12,14 +12,14 @@ namespace {
 
 constexpr utf8proc_int32_t emojiPresentation = 0xFE0F;
 
-/// The library gives a mark that stands beside its letter no column; terminals give it one.
+/// The library gives a spacing combining mark no column; terminals give it one.
 std::size_t widthAlone(utf8proc_int32_t character)
 {
     const bool isBeside = utf8proc_category(character) == UTF8PROC_CATEGORY_MC;
     return isBeside ? 1 : static_cast<std::size_t>(utf8proc_charwidth(character));
 }
 
-/// Whether a character that is usually drawn as text, in one column, has a form as an emoji.
+/// Whether a character usually drawn as text, in one column, also has an emoji presentation.
 bool canBeEmoji(utf8proc_int32_t character)
 {
     const bool isOfKeycap = (character >= '0' && character <= '9') || character == '#' || character == '*';

@@ -14,7 +14,7 @@
 
 namespace corvane {
 
-/// How many paths a command takes, and what the help says of them.
+/// How many paths a command takes, and their description in the help.
 struct PathArguments {
     std::string_view help = {};
     std::size_t least = 0;
@@ -23,29 +23,29 @@ struct PathArguments {
     static constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 };
 
-/// A command of the program: what it is called, what it takes, and what it does.
+/// A command of the program.
 struct Command {
     std::string_view name;
     std::string_view summary; ///< one sentence
     PathArguments paths = {};
-    std::vector<Option> options = {}; ///< beside `commonOptions`
+    std::vector<Option> options = {}; ///< in addition to `commonOptions`
     std::string_view example;
 
-    /// Whether it is about the home folder, or judges by it.
+    /// Whether the command works on the home folder, or needs to know it.
     enum class Home { notNeeded, needed, neededWithoutPath };
     Home home = Home::notNeeded;
 
-    /// May throw a `UsageError` before anything is done.
+    /// May throw a `UsageError`, but only before it has done anything.
     ExitStatus (*run)(const Arguments &arguments, Console &console, const Host &host);
 };
 
-/// Every command in the order of the help. A new one is a file of its own in commands/ and a line here.
+/// All commands in the order of the help. To add one, create a file in commands/ and add it to this list.
 [[nodiscard]] std::span<const Command> allCommands();
 
-/// What every command takes, and what stands before a command.
+/// Options accepted by every command, also in front of the command.
 [[nodiscard]] std::span<const Option> commonOptions();
 
-/// What is taken only where no command is named.
+/// Options accepted only without a command.
 [[nodiscard]] std::span<const Option> programOptions();
 
 } // namespace corvane

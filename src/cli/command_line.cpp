@@ -54,7 +54,7 @@ std::optional<Console::ColorUse> colorUseNamed(std::string_view text)
     return choiceNamed(text, choices);
 }
 
-/// What every command takes.
+/// Applies the options accepted by every command.
 void applyCommonOptions(const Arguments &arguments, Console &console)
 {
     if (const auto units = arguments.value("units", unitsNamed, "decimal, binary or bytes"))

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// Reads the arguments (without the program's name; bytes) and runs the command that they name.
+/// Parses the arguments (bytes, without the program's name) and runs the command.
 [[nodiscard]] ExitStatus runCommandLine(const std::vector<std::string> &arguments, Console &console);
 
 } // namespace corvane

@@ -127,7 +127,7 @@ std::string Console::colored(std::string_view text, const Color &color) const
             fmt::format("38;2;{};{};{}", scaled(color.red, 255), scaled(color.green, 255), scaled(color.blue, 255)),
             text);
     case Colors::palette: {
-        // The palette's colours 16 to 231 are a cube of six steps each of red, green and blue.
+        // Palette colours 16 to 231 are a cube with six steps each of red, green and blue.
         const int index = 16 + 36 * scaled(color.red, 5) + 6 * scaled(color.green, 5) + scaled(color.blue, 5);
         return styled(fmt::format("38;5;{}", index), text);
     }

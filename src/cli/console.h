@@ -10,8 +10,8 @@
 
 namespace corvane {
 
-/// What the program speaks to: standard output for the result, standard error for everything else, and what is
-/// known of the terminal behind each. One thread, except where a member says otherwise.
+/// The program's input and output: standard output for the result, standard error for everything else, and the
+/// properties of the terminal behind each. One thread, except where a member says otherwise.
 class Console {
 public:
     Console();
@@ -19,33 +19,32 @@ public:
     Output out;
     Output errors;
 
-    /// Names something that went wrong, one line on standard error. The text may hold bytes of any kind.
+    /// Reports an error, one line on standard error. The text may contain any bytes.
     void complain(std::string_view message);
 
     [[nodiscard]] bool outIsTerminal() const { return m_outIsTerminal; }
 
-    /// Progress is shown where a line on standard error can be written over, on a terminal that understands more than
-    /// text, unless the user wants none.
+    /// Progress is shown if standard error is a terminal that can rewrite a line, unless the user disabled it.
     [[nodiscard]] Watch::Display progressDisplay() const { return m_progressDisplay; }
     void hideProgress() { m_progressDisplay = Watch::Display::hidden; }
 
-    /// The columns that a line of the result may take: the terminal's, or no limit.
+    /// The line width of the result: that of the terminal, or no limit.
     [[nodiscard]] std::size_t outColumns() const;
 
-    /// The columns that stay of a line of the result once so many are taken; never fewer than a name can be told by.
+    /// The columns left in a line of the result after `taken`; never less than a recognizable name needs.
     [[nodiscard]] std::size_t roomBeside(std::size_t taken) const;
 
-    /// The columns of the terminal behind standard error. Any thread.
+    /// The width of the terminal behind standard error. Any thread.
     [[nodiscard]] static std::size_t errorColumns();
 
-    /// Writes a paragraph of less weight, in lines that the terminal has room for.
+    /// Writes a faint paragraph, wrapped to the width of the terminal.
     void writeHint(std::string_view text);
 
     enum class ColorUse { automatic, always, never };
-    /// Whether the result has styles; automatic is where a terminal shows them and `NO_COLOR` is not set.
+    /// Whether the result has styles; automatic: if the terminal supports them and `NO_COLOR` is not set.
     void setColorUse(ColorUse use);
 
-    /// The text in a style, plain where standard output shows none.
+    /// The text in a style, or plain if standard output has no styles.
     [[nodiscard]] std::string strong(std::string_view text) const;
     [[nodiscard]] std::string faint(std::string_view text) const;
     [[nodiscard]] std::string colored(std::string_view text, const Color &color) const;

@@ -8,13 +8,13 @@
 
 namespace corvane {
 
-/// Writes what stands above a table: the folder, its figures, and that the scan was stopped if it was.
+/// Writes the heading of a table: the folder, its figures, and whether the scan was stopped.
 void writeFolderHeading(const FolderScan &scan, std::string_view home, Console &console);
 
-/// Writes what the figures of the scans do not count.
+/// Writes what the scans' figures leave out.
 void writeNotes(std::span<const FolderScan> scans, Console &console);
 
-/// Writes what stands in the place of a table that would have no rows.
+/// Writes the placeholder for a table without rows.
 void writeNoItems(const FileNode &folder, Console &console);
 
 } // namespace corvane

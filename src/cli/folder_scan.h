@@ -20,56 +20,54 @@
 
 namespace corvane {
 
-/// A folder scanned for a command: the tree, and how the scan went.
+/// The result of scanning a folder for a command: the tree and facts about the scan.
 struct FolderScan {
     std::shared_ptr<FileNode> root;
     double seconds = 0;
-    bool isCancelled = false;     ///< Ctrl-C: the tree is a part of the folder
+    bool isCancelled = false;     ///< stopped by Ctrl-C: the tree is incomplete
     std::int64_t denied = 0;      ///< folders inside that could not be opened
-    std::int64_t leftOut = 0;     ///< items inside that the filter's patterns match
-    std::string unreadableReason; ///< why the folder itself could not be listed; empty where it could
+    std::int64_t leftOut = 0;     ///< items inside that match the filter's patterns
+    std::string unreadableReason; ///< why the folder itself could not be listed; empty if it could
     std::optional<ScanSummary> summary;
     ScanFilter filter;
 
     enum class Extent { tree, treeAndSummary };
 
-    /// Scans the folder at an absolute path, showing progress on a terminal and minding Ctrl-C. Where the scan could
-    /// not go on, a sentence that says why, and no tree whose figures would be wrong.
+    /// Scans the folder at an absolute path; shows progress on a terminal and handles Ctrl-C. If the scan failed,
+    /// returns a sentence with the reason instead of a tree with wrong figures.
     [[nodiscard]] static Judged<FolderScan> run(const std::string &path, Extent extent, const Console &console,
                                                 FileSystem &files, const ScanFilter &filter = {});
 
-    /// Scans the folders given as arguments one after another, as their options say; none where one of them is no
-    /// folder. Once one is stopped, the rest is not begun. Complains, and gives what the program ends with, where
-    /// there is nothing to show.
+    /// Scans the folders given as arguments one after another with their options; none if one of them is not a folder.
+    /// After one is stopped, the rest is skipped. If there is nothing to show, reports why and returns the exit status.
     [[nodiscard]] static tl::expected<std::vector<FolderScan>, ExitStatus> ofArguments(const Arguments &arguments,
                                                                                        Extent extent, Console &console,
                                                                                        FileSystem &files);
 
-    /// The filter that the options ask for.
+    /// The filter defined by the options.
     [[nodiscard]] static ScanFilter filterOf(const Arguments &arguments);
 
-    /// What is taken by commands that scan folders.
+    /// Options of commands that scan folders.
     [[nodiscard]] static std::vector<Option> excludeOptions();
     [[nodiscard]] static Option apparentOption();
 
-    /// Names on standard error what kept the result from being whole, unless the result on the same terminal
-    /// says so already.
+    /// Reports on standard error why the result is incomplete, unless the result on the same terminal already says so.
     [[nodiscard]] ExitStatus report(Console &console, bool resultSaysSo) const;
 };
 
-/// The same of several.
+/// The same for several scans.
 [[nodiscard]] ExitStatus report(std::span<const FolderScan> scans, Console &console, bool resultSaysSo);
 
-/// What the figures of scans with one filter do not count, a line each for people.
+/// What the figures of scans with a common filter leave out, as display lines.
 [[nodiscard]] std::vector<std::string> filterNotes(std::span<const FolderScan> scans);
 
-/// The same as a member of an object; nothing where all is counted as usual.
+/// The same as an object member; nothing if the filter is the default one.
 void writeFilter(std::span<const FolderScan> scans, JsonWriter &json);
 
-/// The files of several folders, the largest first. One that lies in two of them is there once.
+/// The files of several folders, largest first. A file inside two of them is listed once.
 [[nodiscard]] std::vector<std::shared_ptr<FileNode>> filesOf(std::span<const FolderScan> scans);
 
-/// The words for a result of a scan that was stopped.
+/// Shown for the result of a stopped scan.
 inline constexpr std::string_view stoppedText = "Scan stopped — showing partial results";
 
 } // namespace corvane

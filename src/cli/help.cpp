@@ -15,11 +15,10 @@ namespace {
 constexpr std::size_t indentation = 2;
 constexpr std::size_t mostTermColumns = 24;
 
-/// A word with what it means.
+/// A term and its description.
 using Entry = std::pair<std::string, std::string>;
 
-/// A heading, and beneath it the entries in two columns; where the terminal is too narrow for that, each meaning
-/// beneath its word.
+/// A heading and the entries in two columns; on a narrow terminal, each description is below its term.
 std::string section(std::string_view heading, const std::vector<Entry> &entries, std::size_t columns)
 {
     std::size_t termColumns = 0;

@@ -7,10 +7,10 @@
 
 namespace corvane {
 
-/// The text of "--help" of the whole program, in lines of at most so many columns where that is possible.
+/// The program's "--help" text, wrapped to `columns` where possible.
 [[nodiscard]] std::string programHelp(std::size_t columns);
 
-/// The same of one command.
+/// The same for one command.
 [[nodiscard]] std::string commandHelp(const Command &command, std::size_t columns);
 
 } // namespace corvane

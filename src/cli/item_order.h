@@ -7,13 +7,13 @@
 
 namespace corvane {
 
-/// What items are sorted by: the largest, the one with the most files, the one modified last, or by name.
+/// Sort keys for items: largest first, most files first, latest modification first, or by name.
 enum class ItemOrder { size, files, name, modified };
 
-/// The order as `--sort` takes it; nothing for any other text.
+/// The order for a value of `--sort`; nothing for invalid text.
 [[nodiscard]] std::optional<ItemOrder> orderNamed(std::string_view text);
 
-/// Whether one item stands before another.
+/// Whether `a` sorts before `b`.
 [[nodiscard]] bool standsBefore(const FileNode &a, const FileNode &b, ItemOrder order);
 
 } // namespace corvane

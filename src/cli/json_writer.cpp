@@ -19,7 +19,7 @@ bool standsAsItIs(char c)
 
 constexpr std::string_view replacement = "\uFFFD";
 
-/// A character of ASCII that does not stand as it is.
+/// The escape sequence of an ASCII character.
 std::string escaped(char c)
 {
     switch (c) {

@@ -10,8 +10,8 @@
 
 namespace corvane {
 
-/// Writes one JSON document piece by piece, so that a tree of any size needs no second copy of itself. The
-/// caller opens and closes objects and arrays in the right order; commas are put by the writer.
+/// Writes one JSON document incrementally, so that a large tree is not copied. The caller opens and closes objects and
+/// arrays in the right order; the writer inserts the commas.
 class JsonWriter {
 public:
     explicit JsonWriter(Output &out);
@@ -32,7 +32,7 @@ public:
     void value(const Color &color);
     void null();
 
-    /// A key with its value. Texts are written by `text`.
+    /// A key and its value. Use `text` for strings.
     template <typename Value>
     void value(std::string_view name, const Value &value)
     {
@@ -48,20 +48,20 @@ public:
     void value(const char *text) = delete;
     void null(std::string_view name);
 
-    /// A text given as bytes; what is not UTF-8 becomes U+FFFD.
+    /// A string given as bytes; invalid UTF-8 becomes U+FFFD.
     void text(std::string_view bytes);
     void text(std::string_view name, std::string_view bytes);
 
-    /// `"key": text`, and where the bytes are not UTF-8 also `"keyHex"` with all of them in hexadecimal.
+    /// `"key": text`, and if the bytes are not valid UTF-8 also `"keyHex"` with all of them in hexadecimal.
     void bytes(std::string_view name, std::string_view value);
 
-    /// `"key": the bytes in hexadecimal`, and nothing where they are UTF-8 and so told by their text.
+    /// `"key"` with the bytes in hexadecimal; nothing if they are valid UTF-8.
     void hexUnlessText(std::string_view name, std::string_view value);
 
     /// Ends the document with a line break.
     void finish();
 
-    /// Whether further text would reach nobody.
+    /// Whether the reader has gone away.
     [[nodiscard]] bool isClosed() const { return m_out.isClosed(); }
 
 private:

@@ -10,7 +10,7 @@
 
 int main(int argumentCount, char *arguments[])
 {
-    // A reader that goes away is noticed where it is written to.
+    // Writes report a closed pipe as an error instead.
     std::signal(SIGPIPE, SIG_IGN);
     corvane::Environment::ignoreRelativeBaseFolders();
 

@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// A buffered writer on a file descriptor that it does not own. A reader that went away (`| head`) ends the
-/// writing quietly; any other failure is kept for the end. SIGPIPE must be ignored. One thread.
+/// A buffered writer on a descriptor that it does not own. If the reader has gone away (`| head`), further text is
+/// dropped silently; any other failure is kept for the end. SIGPIPE must be ignored. One thread.
 class Output {
 public:
     explicit Output(int descriptor);
@@ -19,10 +19,10 @@ public:
     void write(char character);
     void flush();
 
-    /// Whether further text would reach nobody, so that there is no sense in making it.
+    /// Whether the reader has gone away, so that producing more text is pointless.
     [[nodiscard]] bool isClosed() const { return m_isClosed; }
 
-    /// What writing failed at, if it failed otherwise than by a reader that went away.
+    /// The write error, unless it was a reader going away.
     [[nodiscard]] std::error_code error() const { return m_error; }
 
 private:

@@ -65,7 +65,7 @@ Judged<std::string> absolutePath(std::string_view argument, FileSystem &files)
     if (!hasParentComponent(path))
         return standardizedPath(path, {});
 
-    // Behind a link to a folder, ".." is the folder around the link's target: only the system can tell.
+    // After a link to a folder, ".." is the parent of the link's target: only the system can resolve it.
     path.erase(path.find_last_not_of('/') + 1);
     const std::string name(lastPathComponent(path));
     const std::string toResolve = isDots(name) ? path : std::string(containingFolder(path));

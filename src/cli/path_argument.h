@@ -9,20 +9,20 @@
 
 namespace corvane {
 
-/// A value, or the sentence that says what is wrong with an argument and what would work.
+/// A value, or a sentence that explains what is wrong with an argument and what would be valid.
 template <typename T>
 using Judged = tl::expected<T, std::string>;
 
-/// A path argument with the current folder before it where it is relative; nothing else changes.
+/// Prepends the current folder to a relative path argument; changes nothing else.
 [[nodiscard]] Judged<std::string> withCurrentFolder(std::string_view argument);
 
-/// A path argument as absolute bytes without ".", ".." and trailing slashes. The last component is not resolved, so
-/// that a symbolic link stays the link, also where it was given as "link/". "~" is nothing special: the
-/// shell has expanded what was meant so, and a file may bear that name.
+/// A path argument as absolute bytes without ".", ".." and trailing slashes. Does not resolve the last component, so a
+/// symbolic link stays a link, even if given as "link/". "~" is not expanded: the shell has already done that, and a
+/// file may have that name.
 [[nodiscard]] Judged<std::string> absolutePath(std::string_view argument, FileSystem &files);
 
-/// The absolute path of a folder that can be scanned, given as an argument. Refuses what does not exist and what is
-/// no folder; a link to a folder is one. Whether the folder can be read is not asked.
+/// The absolute path of a folder to scan, given as an argument. Fails if it does not exist or is not a folder; a link
+/// to a folder is accepted. Does not check whether the folder is readable.
 [[nodiscard]] Judged<std::string> existingFolder(std::string_view argument, FileSystem &files);
 
 /// The absolute path and the facts of an item of any kind, given as an argument.

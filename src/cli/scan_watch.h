@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// The watch beside a running scan.
+/// The watch for a running scan.
 class ScanWatch {
 public:
     using Display = Watch::Display;

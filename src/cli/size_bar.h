@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// A bar of block characters, eighths of a column fine and `columns` wide with the empty part as spaces.
-/// `fraction` is from 0 to 1; anything above 0 shows.
+/// A bar of block characters with a resolution of an eighth of a column, padded with spaces to `columns`. `fraction` is
+/// from 0 to 1; anything above 0 is visible.
 [[nodiscard]] std::string sizeBar(double fraction, std::size_t columns);
 
 } // namespace corvane

@@ -40,7 +40,7 @@ ShareTable::ShareTable(Console &console, std::int64_t whole, FileCounts counts) 
         m_barColumns = isWide ? wideBarColumns : usualBarColumns;
     if (counts == FileCounts::always || (counts == FileCounts::whereWide && isWide))
         m_fileColumns = m_barColumns > 0 ? countColumns : numberColumns;
-    // Of a narrow terminal, names need what is left beside two figures.
+    // On a narrow terminal, names need the space left by two figures.
     if (m_barColumns > 0 || m_fileColumns == 0)
         m_shareColumns = percentColumns;
     m_columnsBeforeName = sizeColumns() + 2;

@@ -11,14 +11,14 @@
 
 namespace corvane {
 
-/// The columns that sizes stand in, which are wider where all bytes are written.
+/// The width of the size column, larger if sizes are shown in bytes.
 [[nodiscard]] std::size_t sizeColumns();
 
-/// A size at the end of those columns.
+/// A size, right-aligned in that column.
 [[nodiscard]] std::string sizeCell(std::int64_t bytes);
 
-/// Rows of what shares a whole: each its size, its share, a bar and its name. What the terminal has no room for is left
-/// out, the bar first; a wide one shows more.
+/// Rows for parts of a whole: each with size, share, bar and name. Columns that do not fit the terminal are omitted,
+/// the bar first; a wide terminal shows more.
 class ShareTable {
 public:
     enum class FileCounts { none, whereWide, always };
@@ -28,13 +28,13 @@ public:
         std::int64_t size = 0;
         Color color = {};
         std::string_view name = {};        ///< bytes
-        std::string_view mark = {};        ///< behind the name, never cut
+        std::string_view mark = {};        ///< after the name, never cut
         std::string_view indentation = {}; ///< before the name
         std::optional<std::int64_t> files = std::nullopt;
     };
     void write(const Row &row);
 
-    /// A part of the row before: its size and its name alone.
+    /// A part of the previous row: only its size and name.
     void writePart(std::int64_t size, std::string_view name);
 
 private:

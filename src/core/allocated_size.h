@@ -8,14 +8,14 @@
 
 namespace corvane {
 
-/// The bytes that a file, or every file beneath a folder, takes on disk: a link as 0, what cannot be read as 0;
-/// otherwise as `folderSize` counts. The one way to measure what is not in the scanned tree.
+/// Bytes allocated on disk for a file, or for all files below a folder, counted as `folderSize` does; 0 for a link and
+/// for anything unreadable. Use this to measure anything outside the scanned tree.
 [[nodiscard]] std::int64_t allocatedSize(const std::string &path, FileSystem &files = systemHost().files,
                                          const StopFlag &stop = neverStopped);
 
-/// The allocated bytes of every file beneath a folder: hidden ones and those inside packages included, links
-/// not followed, folders' own blocks not counted, what cannot be listed as 0. One open and one listing per
-/// folder, on the calling thread; any depth. Once stopped, what has been counted so far.
+/// Bytes allocated for all files below a folder, including hidden ones and those inside packages. Does not follow
+/// links, does not count the folders' own blocks, and counts a folder that cannot be listed as 0. Opens and lists each
+/// folder once, on the calling thread; depth is unlimited. When stopped, returns the sum so far.
 [[nodiscard]] std::int64_t folderSize(const std::string &path, FileSystem &files, const StopFlag &stop = neverStopped);
 
 } // namespace corvane

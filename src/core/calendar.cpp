@@ -14,7 +14,7 @@ using std::chrono::months;
 using std::chrono::year_month;
 using std::chrono::year_month_day;
 
-// Beyond these, which a file system may tell all the same, the arithmetic would overflow.
+// File systems may report times outside this range, for which the arithmetic would overflow.
 constexpr Time earliest = distantPast;
 constexpr Time latest{std::chrono::sys_days{std::chrono::year{9999} / 12 / 31}};
 
@@ -46,7 +46,7 @@ int Calendar::wholeMonths(Time from, Time to) const
     const local_days startDay = std::chrono::floor<std::chrono::days>(start);
     const year_month_day first{startDay};
     const year_month_day last{std::chrono::floor<std::chrono::days>(local(to))};
-    // One more than the difference of the months: clocks that are set back at the end of a month repeat its last day.
+    // Start one above the difference of the months: if clocks are set back at the end of a month, its last day repeats.
     int count = static_cast<int>((last.year() - first.year()) / months{1}) +
                 (static_cast<int>(static_cast<unsigned>(last.month())) -
                  static_cast<int>(static_cast<unsigned>(first.month()))) +
@@ -70,7 +70,7 @@ local_seconds Calendar::local(Time time) const
 
 Time Calendar::moment(local_seconds time) const
 {
-    // The clocks are not changed twice within a day.
+    // Assumes at most one change of the UTC offset per day.
     const Time asUtc{time.time_since_epoch()};
     const Time before = asUtc - m_offset(asUtc - std::chrono::days{1});
     if (local(before) == time)
@@ -82,7 +82,7 @@ Time Calendar::moment(local_seconds time) const
 const Calendar &systemCalendar()
 {
     static const Calendar calendar(systemOffset);
-    ::tzset(); // the thread-safe conversion does not look for a change of the zone by itself
+    ::tzset(); // localtime_r does not necessarily pick up a changed time zone by itself
     return calendar;
 }
 

@@ -7,21 +7,21 @@
 
 namespace corvane {
 
-/// Reckons in the calendar of one time zone. Immutable; any thread.
+/// Date arithmetic in one time zone. Immutable; any thread.
 class Calendar {
 public:
-    /// How far the clocks of a zone are ahead of UTC at a moment. Called from any thread.
+    /// The zone's UTC offset at a given moment. Called from any thread.
     using Offset = std::function<std::chrono::seconds(Time)>;
 
     explicit Calendar(Offset offset);
 
-    /// The largest n for which `from` plus n months, the day pinned to the end of a shorter month, is not later than
-    /// `to`; 0 where `to` comes first. A time of day that the clocks skip counts as so much later, one that they show
-    /// twice as the first of the two.
+    /// The largest n for which `from` plus n months is not later than `to`, with the day clamped to the end of a
+    /// shorter month; 0 if `to` is earlier. A local time skipped by a clock change is moved later by the gap; a
+    /// repeated one means its first occurrence.
     [[nodiscard]] int wholeMonths(Time from, Time to) const;
 
-    /// The moment so many months before, the day pinned to the end of a shorter month, under the same rule for times
-    /// that the clocks skip or show twice.
+    /// The time `count` months earlier, with the day clamped to the end of a shorter month. Skipped and repeated local
+    /// times are handled as above.
     [[nodiscard]] Time monthsBefore(Time time, int count) const;
 
 private:
@@ -31,7 +31,7 @@ private:
     const Offset m_offset;
 };
 
-/// The calendar of the time zone that is set now.
+/// The calendar of the current time zone.
 [[nodiscard]] const Calendar &systemCalendar();
 
 } // namespace corvane

@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// The sum of two byte counts. A disk that overflows 63 bits does not exist, so an overflow is a mistake of
-/// this program and stops it rather than going on with a wrong figure.
+/// The sum of two byte counts. No disk overflows 63 bits, so an overflow is a bug of ours and aborts rather than
+/// continuing with a wrong figure.
 [[nodiscard]] inline std::int64_t checkedAdd(std::int64_t a, std::int64_t b)
 {
     std::int64_t sum = 0;
@@ -15,7 +15,7 @@ namespace corvane {
     return sum;
 }
 
-/// The difference of two byte counts, under the same rule.
+/// The difference of two byte counts; aborts on overflow in the same way.
 [[nodiscard]] inline std::int64_t checkedSubtract(std::int64_t a, std::int64_t b)
 {
     std::int64_t difference = 0;

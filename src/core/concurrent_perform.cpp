@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-/// One call with more than one iteration; lives on its caller's stack.
+/// State of one call with more than one iteration; lives on the caller's stack.
 class Iterations : public WorkPool::Job {
 public:
     Iterations(std::size_t count, const std::function<void(std::size_t)> &body) : m_count(count), m_body(body) {}

@@ -34,7 +34,7 @@ bool Waiting::until(std::unique_lock<std::mutex> &lock, std::condition_variable 
     return true;
 }
 
-/// Where a thread and its companion meet. The companion keeps it as long as it runs.
+/// State shared by a thread and its companion, which keeps it alive while it runs.
 struct Companion::Desk {
     std::mutex lock;
     std::condition_variable changed;
@@ -54,7 +54,7 @@ struct Companion::Desk {
             std::function<void()> call = std::exchange(desk->call, nullptr);
             lock.unlock();
             call();
-            call = nullptr; // what it owned goes before anybody hears of its end
+            call = nullptr; // destroy what the call owned before signalling that it has ended
             lock.lock();
             desk->isBusy = false;
             desk->changed.notify_all();
@@ -92,7 +92,7 @@ void Companion::begin(std::function<void()> call)
         try {
             desk->thread = std::thread([desk] { Desk::work(desk); });
         } catch (const std::system_error &) {
-            call(); // the system has no thread left
+            call(); // no more threads available: call it on this one
             return;
         }
         m_desk = std::move(desk);

@@ -14,21 +14,20 @@ namespace corvane {
 
 /// How long a thread waits for an answer that may never come.
 struct Waiting {
-    /// Whether the answer is no longer needed. Called by the waiting thread, some twenty times a second.
+    /// Whether the answer is no longer needed. Polled by the waiting thread about twenty times a second.
     std::function<bool()> isOver;
-    /// Told by the waiting thread, again and again, that there has been no answer for half a second; with what it was
-    /// asked about.
+    /// Called repeatedly by the waiting thread when there has been no answer for half a second; `about` is what was
+    /// queried.
     std::function<void(const std::string &about)> isSlow = {};
 
-    /// Waits until `isReady`, asked under the lock, or until it is over: then false. Whoever makes it ready notifies
-    /// `changed`.
+    /// Waits until `isReady`, evaluated under the lock, returns true, or until `isOver`; returns false in that case.
+    /// The thread that makes it ready must notify `changed`.
     [[nodiscard]] bool until(std::unique_lock<std::mutex> &lock, std::condition_variable &changed,
                              const std::function<bool()> &isReady, const std::string &about) const;
 };
 
-/// The calling thread's companion, which makes its calls of a system that may not return from them: a disk behind a
-/// network that is gone, or a file system whose program hangs. No signal ends such a call, short of the one that ends
-/// the program.
+/// A helper thread that makes system calls which may never return: to an unreachable network disk, or to a FUSE file
+/// system whose process hangs. Only a signal that kills the whole program ends such a call.
 class Companion {
 public:
     [[nodiscard]] static Companion &ofThisThread();
@@ -38,12 +37,13 @@ public:
     Companion(const Companion &) = delete;
     Companion &operator=(const Companion &) = delete;
 
-    /// Begins a call, which must own all that it uses, and must not throw. The one before has ended or been left.
+    /// Starts a call, which must own everything it uses and must not throw. The previous call must have ended or been
+    /// left.
     void begin(std::function<void()> call);
-    /// Leaves the call under way to itself; the next one gets a new thread. What it used goes once it has returned.
+    /// Abandons the running call; the next one gets a new thread. The call's objects are destroyed when it returns.
     void leave();
 
-    /// How many calls have been left in the whole program and have not returned.
+    /// Number of abandoned calls in the whole program that have not returned yet.
     [[nodiscard]] static std::size_t leftCalls();
 
 private:
@@ -52,7 +52,7 @@ private:
     std::shared_ptr<Desk> m_desk; // null without a thread
 };
 
-/// What `call` returns; absent where the wait was over first. The call owns all that it uses.
+/// The result of `call`; empty if the wait ended first. The call must own everything it uses.
 template <typename Call>
 [[nodiscard]] std::optional<std::invoke_result_t<Call &>> detachedCall(Call call, const Waiting &waiting,
                                                                        const std::string &about)

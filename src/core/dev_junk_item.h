@@ -9,15 +9,15 @@
 
 namespace corvane {
 
-/// A build folder inside a project, with the words that say what it is.
+/// A build folder inside a project, with a label for its kind.
 struct DevJunkItem {
     std::shared_ptr<FileNode> node;
-    std::string_view kind; ///< of static storage
+    std::string_view kind; ///< static storage
 
     friend bool operator==(const DevJunkItem &, const DevJunkItem &) = default;
 };
 
-/// The rule for build folders: what kind of one the folder is, or nothing.
+/// Returns the kind of build folder, or nothing if the folder is not one.
 using DevJunkMatch = std::optional<std::string_view> (*)(const FileNode &node, FileSystem &files);
 
 } // namespace corvane

@@ -34,8 +34,8 @@ FileNode::FileNode(FolderPath folderPath, std::string name_, Kind kind_, const s
 
 FileNode::~FileNode()
 {
-    // Every node is stripped of its children before its turn comes, so no destructor calls another one deeper.
-    // A node that someone else holds too keeps its subtree and dies, the same way, with its last owner.
+    // Strip every node of its children before destroying it, so destructors do not recurse. A node with another owner
+    // keeps its subtree and is destroyed the same way by that owner.
     std::vector<std::shared_ptr<FileNode>> pending = std::move(children);
     while (!pending.empty()) {
         const std::shared_ptr<FileNode> node = std::move(pending.back());
@@ -94,13 +94,13 @@ std::uint64_t FileNode::pathHash() const
 
 std::string_view FileNode::extension() const
 {
-    // The root of the whole disk, whose name is not its last component, has none either way.
+    // The root of the whole disk, whose name is not its last path component, has no extension either way.
     return nameExtension(name);
 }
 
 namespace {
 
-/// Gives a node whose size has changed its place among its siblings, largest first; the others keep theirs.
+/// Moves a node whose size has changed to its place among its siblings, largest first; the order of the others is kept.
 void putInOrder(std::vector<std::shared_ptr<FileNode>> &siblings, const FileNode &node)
 {
     const auto at = std::ranges::find(siblings, &node, &std::shared_ptr<FileNode>::get);
@@ -114,10 +114,10 @@ void putInOrder(std::vector<std::shared_ptr<FileNode>> &siblings, const FileNode
         std::rotate(at, at + 1, std::find_if(at + 1, siblings.end(), isNoLarger));
 }
 
-/// Adds to the figures of a folder and of every folder around it.
+/// Adds to the figures of a folder and of all its ancestors.
 void changeAncestors(FileNode &folder, std::int64_t size, std::int64_t fileCount)
 {
-    std::shared_ptr<FileNode> above; // owns `each` from the second round on
+    std::shared_ptr<FileNode> above; // keeps `each` alive from the second iteration on
     for (FileNode *each = &folder; each != nullptr; each = above.get()) {
         each->size = checkedAdd(each->size, size);
         each->fileCount = checkedAdd(each->fileCount, fileCount);

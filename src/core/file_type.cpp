@@ -33,7 +33,7 @@ struct ExtensionSet {
     FileType type;
 };
 
-// In this order: an extension that two sets held would belong to the first.
+// In order of precedence, should an extension be in two sets.
 constexpr ExtensionSet fileSets[] = {
     {videoExt, FileType::video},     {imageExt, FileType::image},         {audioExt, FileType::audio},
     {archiveExt, FileType::archive}, {diskImageExt, FileType::diskImage}, {documentExt, FileType::document},
@@ -64,7 +64,7 @@ TypeTable makeTable(std::span<const ExtensionSet> sets)
     return table;
 }
 
-// The longest extension that any table knows has 13 bytes; a longer one need not be looked up.
+// The longest extension in any table has 13 bytes, so longer ones need no lookup.
 constexpr std::size_t longestExtension = 13;
 
 struct Facts {

@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// The display category of a file. `folder` and `small` only label folders and folded small files;
-/// classification never gives them. A value, cheap to copy, usable from any thread.
+/// The display category of a file. `folder` and `small` only label folders and folded small files; `from` never returns
+/// them. A value, cheap to copy, usable from any thread.
 class FileType {
 public:
     enum Case : std::uint8_t { video, image, audio, archive, diskImage, app, document, code, other, folder, small };
@@ -19,17 +19,17 @@ public:
     constexpr FileType(Case value = other) : m_value(value) {}
     constexpr operator Case() const { return m_value; }
 
-    /// The category of a name's extension (bytes, no dot, any case). For a package its own extension alone
-    /// decides; the sets for plain files are not consulted.
+    /// The category for a name's extension (bytes, no dot, any case). A package is classified by its own extension
+    /// only, never by the sets for plain files.
     [[nodiscard]] static FileType from(std::string_view extension, bool isPackage);
 
-    /// Every case, in the order in which they are declared.
+    /// All cases in declaration order.
     [[nodiscard]] static const std::array<FileType, count> &allCases();
 
-    /// The name shown to people; also the type's raw value.
+    /// The display name; also the type's raw value.
     [[nodiscard]] std::string_view label() const;
 
-    /// The case's own name ("diskImage"), as command lines and JSON spell it.
+    /// The case's own name ("diskImage"), used on command lines and in JSON.
     [[nodiscard]] std::string_view caseName() const;
 
     [[nodiscard]] Color color() const;

@@ -5,16 +5,16 @@
 
 namespace corvane {
 
-/// One block with the bytes behind it: a folder's name, or the whole path of a top.
+/// One allocation with the bytes after it: a folder's name, or the whole path of a top folder.
 struct FolderPath::Record {
     std::atomic<std::uint32_t> owners;
     std::uint32_t length;
-    Record *folder; // the one above, owned; null for a top
+    Record *folder; // the containing folder, owned; null for a top folder
     std::uint64_t hash;
 
     [[nodiscard]] std::string_view bytes() const { return {reinterpret_cast<const char *>(this + 1), length}; }
 
-    /// What stands between this folder's path and a name inside it.
+    /// The separator between this folder's path and a name inside it.
     [[nodiscard]] std::string_view separator() const { return folder == nullptr && bytes() == "/" ? "" : "/"; }
 };
 
@@ -42,7 +42,7 @@ FolderPath::FolderPath(const FolderPath &other) noexcept : m_record(other.m_reco
 
 FolderPath::~FolderPath()
 {
-    // One after another, for there may be a hundred thousand.
+    // Iterate rather than recurse: a path may have a hundred thousand levels.
     Record *record = m_record;
     while (record != nullptr && record->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) {
         Record *const above = record->folder;

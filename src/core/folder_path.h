@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// A 64-bit hash of a path that can be continued: hashPath("/a/b") == hashPath("/b", hashPath("/a")).
+/// A 64-bit path hash that can be continued: hashPath("/a/b") == hashPath("/b", hashPath("/a")).
 inline constexpr std::uint64_t pathHashSeed = 0xcbf29ce484222325;
 [[nodiscard]] constexpr std::uint64_t hashPath(std::string_view bytes, std::uint64_t start = pathHashSeed)
 {
@@ -16,15 +16,15 @@ inline constexpr std::uint64_t pathHashSeed = 0xcbf29ce484222325;
     return start;
 }
 
-/// The path of a folder (bytes), shared by the items inside it. Holds the folder's own name and shares the rest
-/// with the folder above: in a whole tree no name is stored more than once for the paths, however deep it is,
-/// and a folder costs some 48 bytes. A value of one pointer; immutable, so copies may be used from any thread.
+/// The path of a folder (bytes), shared by the items inside it. Stores the folder's own name and shares the rest with
+/// its parent, so a tree of any depth stores each name at most once for its paths, and a folder costs about 48 bytes.
+/// The size of one pointer; immutable, so copies may be used from any thread.
 class FolderPath {
 public:
-    /// No folder at all; only to be assigned to and asked whether it is one.
+    /// An empty value: it can only be assigned to, or tested for being empty.
     FolderPath() = default;
 
-    /// The top of a tree by its whole path.
+    /// A top folder, given by its whole path.
     explicit FolderPath(std::string_view path);
 
     /// The folder of that name inside `folder`.
@@ -43,12 +43,12 @@ public:
 
     /// The whole path.
     [[nodiscard]] std::string text() const;
-    /// Whether `text()` equals the path; nothing is put together for it.
+    /// Whether `text()` equals the path, without assembling it.
     [[nodiscard]] bool is(std::string_view path) const;
-    /// The hash of `text()` under `hashPath`, at no cost.
+    /// The hash of `text()` under `hashPath`; stored, so free to read.
     [[nodiscard]] std::uint64_t hash() const;
 
-    /// The same of the item of that name directly inside.
+    /// The same for the item of that name directly inside.
     [[nodiscard]] std::string textOf(std::string_view name) const;
     [[nodiscard]] bool isFolderOf(std::string_view name, std::string_view path) const;
     [[nodiscard]] std::uint64_t hashOf(std::string_view name) const;

@@ -5,17 +5,17 @@
 
 namespace corvane {
 
-/// No disk holds as much (288 PB), and the few sums that are made of sums up to it stay far within 63 bits.
+/// An upper limit that no disk reaches (288 PB); sums of a few such sums stay well within 63 bits.
 inline constexpr std::int64_t foreignSumLimit = std::int64_t{1} << 58;
 
-/// Whether a figure that comes from outside can be one of bytes on a disk.
+/// Whether a figure from outside can be a number of bytes on a disk.
 [[nodiscard]] constexpr bool isPlausibleSize(std::int64_t figure)
 {
     return figure >= 0 && figure <= foreignSumLimit;
 }
 
-/// Adds a figure that comes from outside, where file systems and tools report what they like. False, with the sum as it
-/// was, where the two cannot be added up: the figure's source then counts as unreadable.
+/// Adds a figure from outside, since file systems and tools may report anything. Returns false and leaves the sum
+/// unchanged if the result would be implausible: the source of the figure then counts as unreadable.
 [[nodiscard]] constexpr bool addForeign(std::int64_t &sum, std::int64_t figure)
 {
     if (!isPlausibleSize(figure) || figure > foreignSumLimit - sum)
@@ -24,7 +24,7 @@ inline constexpr std::int64_t foreignSumLimit = std::int64_t{1} << 58;
     return true;
 }
 
-/// The same where several threads add to one sum.
+/// The same for a sum that several threads add to.
 [[nodiscard]] inline bool addForeign(std::atomic<std::int64_t> &sum, std::int64_t figure)
 {
     std::int64_t before = sum.load(std::memory_order_relaxed);
@@ -37,10 +37,10 @@ inline constexpr std::int64_t foreignSumLimit = std::int64_t{1} << 58;
     return true;
 }
 
-/// Adds such figures up, each beside the others that make up one result.
+/// Adds up such figures for one result.
 class ForeignSum {
 public:
-    /// The figure; 0 where it cannot be added to those before.
+    /// The figure; 0 if it cannot be added to those before it.
     [[nodiscard]] std::int64_t counted(std::int64_t figure) { return addForeign(m_sum, figure) ? figure : 0; }
 
 private:

@@ -67,7 +67,7 @@ std::vector<std::shared_ptr<FileNode>> InstalledTree::update(std::span<const Sel
 
 void InstalledTree::take(std::span<const SelectedEntry> gone, std::vector<std::shared_ptr<FileNode>> &left)
 {
-    // Thousands may go at once: each folder and each list is gone through once.
+    // Thousands of items may be removed at once, so make one pass over each folder and each list.
     std::map<std::shared_ptr<FileNode>, std::unordered_set<const FileNode *>> leaving;
     for (const SelectedEntry &entry : gone) {
         FileNode *const node = find(entry.path);
@@ -92,10 +92,10 @@ void InstalledTree::take(std::span<const SelectedEntry> gone, std::vector<std::s
         const bool isShrunkPackage = file->kind == FileNode::Kind::package && file->size < Scanner::smallFileLimit;
         return isShrunkPackage || taken.contains(file.get());
     });
-    // A build folder that was emptied is no more offered than one that a scan finds empty.
+    // An emptied build folder is dropped, just as a scan does not list an empty one.
     std::erase_if(devJunk,
                   [&taken](const DevJunkItem &item) { return item.node->size < 1 || taken.contains(item.node.get()); });
-    // What contained a removed item has become smaller.
+    // Folders that contained a removed item have shrunk.
     std::ranges::stable_sort(allFiles, std::ranges::greater(), &FileNode::size);
     std::ranges::stable_sort(devJunk, std::ranges::greater(), [](const DevJunkItem &item) { return item.node->size; });
 }

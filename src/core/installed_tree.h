@@ -16,22 +16,22 @@
 
 namespace corvane {
 
-/// The tree of a finished scan with everything that is derived from it: installed together, changed together, let go
-/// of together. Not for two threads at once. What is moved from is not used again.
+/// The tree of a finished scan together with everything derived from it; all parts are installed, changed and freed
+/// together. Not thread-safe. A moved-from tree must not be used.
 class InstalledTree {
 public:
-    /// How the walk went that found the tree.
+    /// Facts about the walk that produced the tree.
     struct Walk {
         double seconds = 0;
-        std::int64_t deniedCount = 0; ///< folders below the root that could not be opened; they are not in the tree
-        bool isPartial = false;       ///< it was stopped: the tree holds only a part of the folder
+        std::int64_t deniedCount = 0; ///< folders below the root that could not be opened; not in the tree
+        bool isPartial = false;       ///< stopped early: the tree holds only a part of the folder
     };
 
-    /// No tree.
+    /// An empty tree.
     InstalledTree() = default;
     InstalledTree(std::shared_ptr<FileNode> root, ScanSummary summary, std::vector<TypeSlice> types, Walk walk);
 
-    /// Null where there is no tree.
+    /// Null if there is no tree.
     [[nodiscard]] const std::shared_ptr<FileNode> &root() const { return m_root; }
     [[nodiscard]] const std::vector<std::shared_ptr<FileNode>> &allFiles() const { return m_summary.allFiles; }
     [[nodiscard]] const std::vector<DevJunkItem> &devJunk() const { return m_summary.devJunk; }
@@ -41,15 +41,15 @@ public:
 
     /// The node at a path (bytes), or null.
     [[nodiscard]] FileNode *find(std::string_view path) const { return m_summary.index.find(path); }
-    /// The same to be held.
+    /// The same, as a shared pointer.
     [[nodiscard]] std::shared_ptr<FileNode> shared(std::string_view path) const;
     [[nodiscard]] bool contains(const FileNode &node) const { return find(node.path()) == &node; }
-    /// The folder or package at the path, else the nearest folder around it; the root where the path is not inside it.
+    /// The folder or package at the path, or its nearest ancestor in the tree; the root if the path is outside it.
     [[nodiscard]] std::shared_ptr<FileNode> nearestFolder(std::string path) const;
 
-    /// Takes what is gone out of the tree and of every list, then puts each of `remains`, a tree that was measured for
-    /// it, in the place of what has its path. The root itself is neither taken nor replaced.
-    /// @return the nodes that have left the tree, none where nothing has changed. Freeing them may take long.
+    /// Removes the items in `gone` from the tree and all lists, then replaces the item at the path of each of
+    /// `remains`, a separately measured tree, with that tree. The root itself is neither removed nor replaced.
+    /// @return the nodes that have left the tree; empty if nothing changed. Freeing them may take long.
     [[nodiscard]] std::vector<std::shared_ptr<FileNode>> update(std::span<const SelectedEntry> gone,
                                                                 std::span<const std::shared_ptr<FileNode>> remains,
                                                                 DevJunkMatch buildFolders, FileSystem &files);
@@ -65,7 +65,7 @@ private:
     Walk m_walk;
 };
 
-/// Whether the root of a tree, or a folder that contains it, is among what is gone.
+/// Whether the root of a tree, or a folder that contains it, is in `gone`.
 [[nodiscard]] bool isRootGone(const FileNode &root, std::span<const SelectedEntry> gone);
 
 } // namespace corvane

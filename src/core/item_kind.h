@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// What an item outside a tree counts as: whatever is no folder, a link included, as a file.
+/// The kind of an item outside a tree: anything that is not a folder, including a link, counts as a file.
 [[nodiscard]] constexpr FileNode::Kind kindOf(EntryType type, bool isPackage)
 {
     if (type != EntryType::directory)

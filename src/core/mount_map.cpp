@@ -47,7 +47,7 @@ std::vector<std::string> MountMap::otherPathsOf(const std::string &path) const
         if (mount.fileSystem != own->fileSystem || (inside != mount.shown && !liesBeneath(inside, mount.shown)))
             continue;
         std::string other = moved(inside, mount.shown, mount.path);
-        // Not where another mount hides it.
+        // Skip a path that another mount hides.
         if (other != path && holding(other) == &mount)
             found.push_back(std::move(other));
     }

@@ -8,23 +8,23 @@
 
 namespace corvane {
 
-/// The path with `from`, which it is or lies beneath, replaced by `to`. All absolute.
+/// The path with its prefix `from` (whole components) replaced by `to`. All absolute.
 [[nodiscard]] std::string moved(std::string_view path, std::string_view from, std::string_view to);
 
-/// What is mounted, asked by path. Paths are absolute with every link resolved. Immutable.
+/// Looks up mounts by path. Paths are absolute with every link resolved. Immutable.
 class MountMap {
 public:
     explicit MountMap(std::vector<MountedFolder> mounts);
 
     [[nodiscard]] bool isEmpty() const { return m_mounts.empty(); }
 
-    /// The mount that the path lies in; null where nothing is known of it.
+    /// The mount that contains the path; null if unknown.
     [[nodiscard]] const MountedFolder *holding(std::string_view path) const;
 
-    /// The mounts beneath a folder, shorter paths first.
+    /// The mounts below a folder, shorter paths first.
     [[nodiscard]] std::vector<const MountedFolder *> beneath(std::string_view folder) const;
 
-    /// The other paths at which the item of that path is seen, because its file system is mounted there as well.
+    /// The other paths of the same item, if its file system is mounted elsewhere as well.
     [[nodiscard]] std::vector<std::string> otherPathsOf(const std::string &path) const;
 
 private:

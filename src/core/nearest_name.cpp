@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-/// How many slips lead from one word to the other.
+/// The edit distance between two words, counting a transposition as one edit.
 std::size_t slips(std::string_view from, std::string_view to)
 {
     std::vector<std::size_t> beforeLast(to.size() + 1);
@@ -35,7 +35,7 @@ std::size_t slips(std::string_view from, std::string_view to)
 
 std::optional<std::string> nearestName(std::string_view word, std::span<const std::string> names)
 {
-    constexpr std::size_t longestWord = 64; // no name is nearly as long
+    constexpr std::size_t longestWord = 64; // longer than any name
     if (word.empty() || word.size() > longestWord)
         return std::nullopt;
     const std::string small = lowerAscii(std::string(word));
@@ -47,7 +47,7 @@ std::optional<std::string> nearestName(std::string_view word, std::span<const st
     std::optional<std::string> nearest;
     std::size_t fewest = 0;
     for (const std::string &name : names) {
-        // One slip in three letters: with more, most words would be near some name.
+        // One edit per three letters: with more, most words would match some name.
         const std::size_t most = std::max<std::size_t>(1, std::min(name.size(), small.size()) / 3);
         const std::size_t count = slips(small, name);
         if (count > most || (nearest && count >= fewest))

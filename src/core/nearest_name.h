@@ -7,9 +7,9 @@
 
 namespace corvane {
 
-/// The name that a mistyped word most likely stands for: one that it begins, or else the one that the fewest slips
-/// of the fingers lead to (a letter too many, missing, wrong, or two changed about). Capital letters count as small
-/// ones. None where every name is too far away, of several equally near the first.
+/// The most likely intended name for a mistyped word: one that the word is a prefix of, or else the one with the
+/// smallest edit distance (a letter inserted, missing, wrong, or transposed). Ignores case. Nothing if no name is close
+/// enough; the first of several equally close ones.
 [[nodiscard]] std::optional<std::string> nearestName(std::string_view word, std::span<const std::string> names);
 
 } // namespace corvane

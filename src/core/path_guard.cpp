@@ -64,7 +64,7 @@ ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPla
     for (const std::string &place : system.exact)
         protectPlace(place);
     for (const std::string &place : system.prefixes) {
-        // Such as "/root" or "/home": the user's own files stay theirs to remove.
+        // Such as "/root" or "/home": the user's own files must stay removable.
         const bool holdsHome = std::ranges::any_of(
             homes, [&](const std::string &each) { return isOrLiesBeneath(folded(each), folded(place)); });
         if (holdsHome)
@@ -73,7 +73,7 @@ ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPla
             protectWithContents(place);
     }
     for (const std::string &each : homes) {
-        // Where a system that keeps "/usr" sealed puts the home folders.
+        // The location of home folders on systems with a sealed "/usr".
         if (liesBeneath(each, "/var/home"))
             m_homesInVar.push_back(folded(each));
     }
@@ -106,7 +106,7 @@ void ProtectedLocations::protectHome(const std::string &home, const ProtectedPla
 
 void ProtectedLocations::protectPlace(std::string place)
 {
-    // With its ancestors: who removes one of them removes the place.
+    // Include the ancestors: removing one of them removes the place.
     while (m_exact.insert(folded(place)).second) {
         m_places.push_back(place);
         place.resize(containingFolder(place).size());
@@ -141,7 +141,7 @@ bool ProtectedLocations::isProtected(std::string_view path, FileSystem &files) c
     if (isProtected(path))
         return true;
 
-    // The path as it stands, not the standardized one: the system follows "link/.." through the link.
+    // Use the path as given, not the standardized one: the system resolves "link/.." through the link.
     const std::string expanded = withTildeExpanded(path, m_home);
     const Expected<std::string> folder = files.realPath(std::string(containingFolder(expanded)));
     if (!folder)
@@ -152,8 +152,8 @@ bool ProtectedLocations::isProtected(std::string_view path, FileSystem &files) c
 
 bool ProtectedLocations::isProtectedReally(const std::string &realPath) const
 {
-    // A home may lie, behind a link, beneath a folder such as "/var"; it is still the user's own. Where it is the
-    // root itself, the system's places are not.
+    // A home folder reached through a link may lie below a folder such as "/var"; its contents still belong to the
+    // user. If the real home is "/", the system's places stay protected.
     if (m_realHome != "/" && isOrLiesBeneath(folded(realPath), folded(m_realHome)))
         return isProtected(m_home + realPath.substr(m_realHome.size()));
     return isProtected(realPath);
@@ -194,7 +194,7 @@ const ProtectedLocations &PathGuard::locations()
     static const ProtectedLocations instance = [] {
         FileSystem &files = systemHost().files;
         const std::string home = files.homeFolder();
-        // A variable is quickly set to something else; the account's own files stay what they are.
+        // Environment variables are easily overridden; the account's own home stays protected regardless.
         const std::string account = Environment::accountHome();
         return ProtectedLocations(home, systemProtectedPlaces(), files.realPath(home).value_or(home),
                                   {account, files.realPath(account).value_or(account)});
@@ -204,7 +204,7 @@ const ProtectedLocations &PathGuard::locations()
 
 bool PathGuard::openFullDiskAccessSettings(Desktop &desktop)
 {
-    // Newer systems have a second address for the same pane.
+    // Newer systems have a second URL for the same pane.
     for (const char *address :
          {"x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles",
           "x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_AllFiles"}) {

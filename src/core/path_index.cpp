@@ -9,7 +9,7 @@ namespace {
 constexpr std::uint32_t freeTag = 0;
 constexpr std::uint32_t erasedTag = 1;
 
-/// Spreads the hash: the last bytes of a path alone hardly reach its upper half.
+/// Mixes the hash: the last bytes of a path barely affect its upper half.
 constexpr std::uint64_t mixed(std::uint64_t hash)
 {
     hash ^= hash >> 33;
@@ -30,7 +30,7 @@ Probe firstProbe(std::uint64_t pathHash, std::size_t capacity)
     return {.tag = std::max(tag, erasedTag + 1), .slot = static_cast<std::size_t>((hash >> 32) * capacity >> 32)};
 }
 
-/// Four of five slots may be taken: 15 bytes a node, three comparisons of tags for one that is there.
+/// Load factor 4/5: 15 bytes per node, about three tag comparisons for a hit.
 constexpr std::size_t capacityFor(std::size_t count)
 {
     return count + count / 4 + 8;

@@ -9,9 +9,8 @@
 
 namespace corvane {
 
-/// Finds the nodes of one tree by path. Holds no path and owns no node: it hashes and compares through the
-/// nodes, 15 bytes each when the room was reserved, and is dropped together with its tree. Not for two threads
-/// at once.
+/// Finds the nodes of one tree by path. Stores no paths and owns no nodes: it hashes and compares through the nodes, at
+/// 15 bytes each if the capacity was reserved, and is dropped together with its tree. Not thread-safe.
 class PathIndex {
 public:
     PathIndex() = default;
@@ -21,11 +20,11 @@ public:
     PathIndex &operator=(const PathIndex &) = delete;
 
     void reserve(std::size_t count);
-    /// Enters the node; one of the same path is replaced.
+    /// Inserts the node, replacing one with the same path.
     void insert(FileNode &node);
     /// The node at the path (bytes), or null.
     [[nodiscard]] FileNode *find(std::string_view path) const;
-    /// Forgets the node and every node beneath it.
+    /// Erases the node and every node below it.
     void eraseSubtree(const FileNode &node);
     [[nodiscard]] std::size_t size() const { return m_size; }
 
@@ -38,7 +37,7 @@ private:
     std::vector<std::uint32_t> m_tags; // half of the hash; 0 free, 1 erased
     std::vector<FileNode *> m_nodes;   // same positions
     std::size_t m_size = 0;
-    std::size_t m_used = 0; // with the erased ones
+    std::size_t m_used = 0; // including erased slots
 };
 
 } // namespace corvane

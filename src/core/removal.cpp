@@ -30,8 +30,8 @@ public:
         return std::ranges::any_of(m_folders, [&](const std::string &folder) { return liesBeneath(path, folder); });
     }
 
-    /// Finds out where those Trash folders really are in which a step's item is said to lie, and asks nothing of any
-    /// other: a volume that no longer answers would block. What a Trash folder leads to later does not count.
+    /// Resolves only the Trash folders that contain a step's path: querying a volume that no longer answers would
+    /// block. Changes to a Trash folder's links after this are ignored.
     void resolveThoseOf(const std::vector<RemovalStep> &steps, FileSystem &files)
     {
         for (const std::string &folder : m_folders) {
@@ -42,8 +42,8 @@ public:
         }
     }
 
-    /// Whether the item really lies in the Trash, given the real path of its folder. A Trash folder that is itself a
-    /// link counts for those items alone that were given as lying in it: what it leads to may be any folder.
+    /// Whether the item really lies in the Trash, given the real path of its folder. If a Trash folder is itself a
+    /// link, only items given by a path inside it count: the link may point to any folder.
     [[nodiscard]] bool reallyContain(const std::string &path, const std::string &realFolder) const
     {
         const auto isOrLiesIn = [&](const std::string &trash) {
@@ -64,19 +64,19 @@ private:
     std::string m_home;
     std::string m_realHome;
     std::vector<std::string> m_folders;
-    std::vector<std::pair<std::string, std::string>> m_resolved; // as given, and without links
+    std::vector<std::pair<std::string, std::string>> m_resolved; // as given, and with links resolved
 };
 
-/// Whether the text of an entry leads the system to the very item that is judged by that text. "~/x" is judged as
-/// an item of the home folder, but the system would take it for one called "~"; and it follows "link/.." through
-/// the link.
+/// Whether the system resolves the entry's path to the very item that the checks judge by its text. The checks treat
+/// "~/x" as an item of the home folder, but the system looks for an item called "~"; and the system resolves "link/.."
+/// through the link.
 bool isPlain(const std::string &path, const ProtectedLocations &locations)
 {
     return path.starts_with('/') && path == standardizedPath(path, locations.home());
 }
 
-/// The reason not to remove a folder on which or in which another disk is mounted: emptying the Trash that it was moved
-/// to would empty that disk. Any other kind of item passes: the system itself keeps such a mount point.
+/// The reason not to remove a folder that is a mount point or contains one: emptying the Trash afterwards would empty
+/// the mounted disk. Other kinds of items pass: the system itself refuses to remove such a mount point.
 std::optional<std::string> mountedOn(const std::string &path, const ItemFacts &facts,
                                      const Expected<std::vector<std::string>> &mountPoints,
                                      const ProtectedLocations &locations)
@@ -110,14 +110,14 @@ struct Refusal {
     std::int64_t freed = 0;
 };
 
-/// What the system said, and that there is nothing to remove any more where it said so.
+/// The system's error; also records that nothing is left if the error says so.
 Refusal systemRefusal(const Error &error)
 {
     return {error.description(), error.isMissing() ? RemovalFailure::Left::nothing : RemovalFailure::Left::asItWas};
 }
 
-/// What is at the path after a deed that has changed nothing: the judged item may have left meanwhile, and another one
-/// may have taken its place.
+/// What is at the path after an operation that changed nothing: the judged item may have gone meanwhile, and another
+/// may have replaced it.
 RemovalFailure::Left leftAt(const std::string &path, const ItemIdentity &judged, FileSystem &files)
 {
     const Expected<ItemFacts> found = files.facts(path);
@@ -126,7 +126,7 @@ RemovalFailure::Left leftAt(const std::string &path, const ItemIdentity &judged,
     return found->identity == judged ? RemovalFailure::Left::asItWas : RemovalFailure::Left::somethingElse;
 }
 
-/// A deletion that failed: names the item inside that resisted, and finds out what is left.
+/// A failed deletion: names the item inside that could not be deleted, and checks what is left.
 Refusal deletionRefusal(const RemovalStep &step, const std::string &path, const ItemIdentity &judged,
                         const Error &error, FileSystem &files)
 {
@@ -139,7 +139,7 @@ Refusal deletionRefusal(const RemovalStep &step, const std::string &path, const 
     return {reason + "; the rest was deleted", RemovalFailure::Left::aPart, freed};
 }
 
-/// Whether the file is what it was when its contents were compared.
+/// Whether the file is unchanged since its contents were compared.
 bool isUnchanged(const std::string &path, const FileStatus &seen, FileSystem &files)
 {
     const Expected<std::unique_ptr<FileReader>> file = files.openFile(path);
@@ -149,8 +149,8 @@ bool isUnchanged(const std::string &path, const FileStatus &seen, FileSystem &fi
     return status && *status == seen;
 }
 
-/// Whether the path is a second one to the very item that goes, as where a folder is mounted a second time: then it
-/// goes, too. Another name of the same file does not.
+/// Whether the path is a second path to the very item being removed, as when a folder is mounted twice: then it is
+/// removed as well. Another hard link to the same file is not.
 bool isSameEntry(const std::string &path, const HeldFolder &folder, const std::string &name, FileSystem &files)
 {
     if (lastPathComponent(path) != name)
@@ -159,7 +159,7 @@ bool isSameEntry(const std::string &path, const HeldFolder &folder, const std::s
     return around && (*around)->identity() == folder.identity();
 }
 
-/// Why a duplicate, or a folder with some in it, must not go: there would be no copy left of what it holds.
+/// Why a duplicate, or a folder that contains some, must not be removed: no copy of its contents would be left.
 std::optional<Refusal> lastCopyRefusal(const RemovalStep &step, const HeldFolder &folder, const std::string &name,
                                        bool isInTrash, const TrashFolders &trashFolders, FileSystem &files)
 {
@@ -172,7 +172,7 @@ std::optional<Refusal> lastCopyRefusal(const RemovalStep &step, const HeldFolder
         const auto isThere = [&](const KeptCopy &copy) {
             return isUnchanged(copy.path, copy.seen, files) && !isSameEntry(copy.path, folder, name, files);
         };
-        // Emptying the Trash is what people are told to do next.
+        // A copy in the Trash does not count: users are told to empty the Trash next.
         const auto stays = [&](const KeptCopy &copy) {
             return (isInTrash || !trashFolders.contain(copy.path)) && isThere(copy);
         };
@@ -184,7 +184,7 @@ std::optional<Refusal> lastCopyRefusal(const RemovalStep &step, const HeldFolder
     return std::nullopt;
 }
 
-/// Carries one step out; the reason when the item could not be removed.
+/// Carries out one step; returns the reason if the item could not be removed.
 std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocations &locations,
                                  const TrashFolders &trashFolders, SecondPaths &secondPaths, const Host &host)
 {
@@ -194,13 +194,13 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
     if (step.action == RemovalStep::Action::refuse)
         return protectedLocation;
 
-    // The plan may be old: the item may be gone, or a folder on its way may be a link by now. What is acted on is
-    // the folder that is judged here, wherever its path leads in a moment.
+    // The plan may be stale: the item may be gone, or a folder on its path may have become a link. Everything below
+    // acts on the folder opened here, even if its path changes afterwards.
     const Expected<std::unique_ptr<HeldFolder>> folder =
         host.files.holdFolder(std::string(containingFolder(step.path)));
     if (!folder) {
         Refusal refusal = systemRefusal(folder.error());
-        // A file has the place of a folder on the way.
+        // A file has replaced a folder on the path.
         if (folder.error().code == std::errc::not_a_directory && !host.files.exists(step.path))
             refusal.left = RemovalFailure::Left::nothing;
         return refusal;
@@ -224,7 +224,7 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
     if (std::optional<Refusal> refusal = lastCopyRefusal(step, **folder, name, isInTrash, trashFolders, host.files))
         return refusal;
     if (step.action == RemovalStep::Action::erase || isInTrash) {
-        // What only seems to be in the Trash, behind a link that lies there, was never meant to be deleted.
+        // An item reached through a link inside the Trash only appears to be in it, and must not be deleted.
         if (!isInTrash && trashFolders.contain(step.path))
             return "not in the Trash";
         const Expected<void> erased = (*folder)->removeItem(name, facts->identity);
@@ -240,7 +240,7 @@ std::optional<Refusal> failureOf(const RemovalStep &step, const ProtectedLocatio
     return std::nullopt;
 }
 
-/// Ends the request with its scope.
+/// Ends the request when it goes out of scope.
 class RequestToTrash {
 public:
     explicit RequestToTrash(Trash &trash) : m_trash(trash) {}
@@ -262,7 +262,7 @@ SeenItems Removal::look(std::span<const SelectedEntry> entries, const ProtectedL
         return RemovalStep{.path = entry.path, .size = entry.size};
     });
     trashFolders.resolveThoseOf(steps, host.files);
-    // Thousands of items of one folder may be selected at once.
+    // Thousands of items of one folder may be selected at once, so cache the answer per folder.
     std::unordered_map<std::string, bool> isTrash;
     const auto liesInTrash = [&](const std::string &path) {
         if (trashFolders.contain(path))
@@ -354,7 +354,7 @@ std::string Removal::message(const RemovalOutcome &outcome, bool permanently)
     std::string message;
     if (count == 0 && !hasDeletedParts)
         message = "Nothing was removed";
-    else if (permanently || count == 0) // nothing was moved: a part is what a deletion leaves
+    else if (permanently || count == 0) // nothing was moved: only a deletion leaves a part
         message = fmt::format("Deleted {} · freed {}", items, formatByteCount(total));
     else
         message = fmt::format("Moved {} ({}) to Trash — empty it to free the space", items, formatByteCount(total));

@@ -16,14 +16,14 @@
 
 namespace corvane {
 
-/// What is to happen to one entry.
+/// The planned action for one entry.
 struct RemovalStep {
     enum class Action { refuse, trash, erase };
 
     std::string path;
     std::int64_t size = 0;
     Action action = Action::refuse;
-    /// What was selected: anything else by now stays. Not compared where there is none.
+    /// Identity at the time of selection: any other item found by now is kept. Not compared if empty.
     std::optional<ItemIdentity> seen = std::nullopt;
     RemovalCondition condition = {};
 
@@ -32,12 +32,12 @@ struct RemovalStep {
 
 /// An entry that could not be removed.
 struct RemovalFailure {
-    /// What is at the entry's path now, as far as the removal knows.
+    /// What is at the entry's path now, as far as known.
     enum class Left {
         asItWas,
-        somethingElse, ///< another item than the one that was selected
-        aPart,         ///< of a folder that was to be deleted, what resisted
-        nothing,       ///< it was gone before
+        somethingElse, ///< an item other than the selected one
+        aPart,         ///< what could not be deleted of a folder
+        nothing,       ///< it was already gone
     };
 
     std::string path;
@@ -48,39 +48,39 @@ struct RemovalFailure {
     friend bool operator==(const RemovalFailure &, const RemovalFailure &) = default;
 };
 
-/// What really happened.
+/// The actual result.
 struct RemovalOutcome {
     std::vector<SelectedEntry> removed;
     std::vector<RemovalFailure> failures = {};
-    bool isStopped = false; ///< further steps were not begun
+    bool isStopped = false; ///< the remaining steps were not started
 };
 
-/// The removal of a selection: first the list of what would happen, which touches nothing, then the doing.
+/// The removal of a selection: first a plan, which touches nothing, then its execution.
 struct Removal {
-    /// What is at each path now, to be remembered with a selection. Asks the disk.
+    /// What is at each path now, to be stored with a selection. Accesses the disk.
     [[nodiscard]] static SeenItems look(std::span<const SelectedEntry> entries, const ProtectedLocations &locations,
                                         const Host &host);
 
-    /// One step for each entry, in the order of their paths. An entry whose path is not absolute and standardized
-    /// is refused: the system might take it for another item than the one that was judged.
+    /// One step per entry, ordered by path. An entry whose path is not absolute and standardized is refused: the system
+    /// might resolve it to an item other than the one that was checked.
     [[nodiscard]] static std::vector<RemovalStep> plan(const Selection &entries, bool permanently,
                                                        const ProtectedLocations &locations,
                                                        const std::vector<std::string> &trashFolders,
                                                        const SeenItems &seen = {},
                                                        const RemovalConditions &conditions = {});
 
-    /// Carries the steps out one after another, looking at each item again just before it is touched: what turns out
-    /// to lie in the Trash already is erased. Blocks; off the main thread. Never turns to deleting where the Trash
-    /// failed. Once stopped, it finishes the item that it is at. Each step is announced before it is carried out.
+    /// Carries out the steps in order, checking each item again just before touching it: an item that turns out to be
+    /// in the Trash already is erased. Blocks; off the main thread. Never falls back to deleting if the Trash failed.
+    /// When stopped, it finishes the current item. Each step is announced before it is carried out.
     [[nodiscard]] static RemovalOutcome perform(const std::vector<RemovalStep> &steps,
                                                 const ProtectedLocations &locations, const Host &host,
                                                 const StopFlag &stop = neverStopped,
                                                 const std::function<void(const RemovalStep &)> &announce = {});
 
-    /// The one short message for people. What was deleted of a folder counts as freed.
+    /// The short message shown to the user. What was deleted of a folder counts as freed.
     [[nodiscard]] static std::string message(const RemovalOutcome &outcome, bool permanently);
 
-    /// What the system's log gets, or nothing when there was no failure.
+    /// The text for the system's log, or nothing if there was no failure.
     [[nodiscard]] static std::string logText(const RemovalOutcome &outcome);
 };
 

@@ -10,25 +10,25 @@
 
 namespace corvane {
 
-/// A file with the same contents as one that is to be removed, and what it was when the two were compared.
+/// A file with the same contents as one to be removed, and its status when the two were compared.
 struct KeptCopy {
     std::string path;
     FileStatus seen;
 };
 
-/// Those of one group that stay, shared by all that go.
+/// The copies of one group that stay, shared by all entries of the group that are removed.
 using KeptCopies = std::shared_ptr<const std::vector<KeptCopy>>;
 
-/// What has to hold in the moment before an entry is removed.
+/// Conditions checked just before an entry is removed.
 struct RemovalCondition {
-    std::optional<FileStatus> itself = std::nullopt; ///< what the entry was when it was compared
-    std::vector<KeptCopies> copies = {};             ///< of each, one at least must be as it was
-    bool holdsKeptCopy = false; ///< the entry is, or holds, the last copy of what goes elsewhere: it stays
+    std::optional<FileStatus> itself = std::nullopt; ///< the entry's status when it was compared
+    std::vector<KeptCopies> copies = {};             ///< at least one of each must be unchanged
+    bool holdsKeptCopy = false; ///< the entry is, or contains, the last copy of another removed entry: it stays
 
     friend bool operator==(const RemovalCondition &, const RemovalCondition &) = default;
 };
 
-/// Those of a removal, by the path of the entry.
+/// The conditions of a removal, keyed by the entry's path.
 using RemovalConditions = std::map<std::string, RemovalCondition>;
 
 } // namespace corvane

@@ -13,7 +13,7 @@ namespace corvane {
 
 namespace {
 
-/// Decides which mounts beneath a walk's root are entered. Paths have every link resolved.
+/// Decides which mounts below a walk's root are entered. Paths have every link resolved.
 class MountChoice {
 public:
     MountChoice(const MountMap &mounts, std::string root, const std::string &home)
@@ -37,7 +37,7 @@ public:
 
     /// The paths that are not entered.
     [[nodiscard]] const std::vector<std::string> &skipped() const { return m_skipped; }
-    /// What is shown where, the root first or after the home folder.
+    /// The root first, or after the home folder.
     [[nodiscard]] const std::vector<MountedFolder> &entered() const { return m_entered; }
 
 private:
@@ -45,7 +45,7 @@ private:
     {
         const MountedFolder root{m_root, m_holding->fileSystem, moved(m_root, m_holding->path, m_holding->shown)};
         const std::vector<const MountedFolder *> inside = m_mounts.beneath(m_root);
-        // Where the home folder can be had in two places, it is shown where its user knows it.
+        // If the home folder is visible in two places, show it at the path that its user knows.
         const bool homeComesFirst = home != nullptr && isReached(*home, inside) && !covers(*home, root);
         if (homeComesFirst)
             enter(*home);
@@ -77,7 +77,7 @@ private:
         m_entered.push_back(mount);
     }
 
-    /// Whether what `other` shows is seen in `mount` as well.
+    /// Whether the contents of `other` are visible in `mount` as well.
     static bool covers(const MountedFolder &mount, const MountedFolder &other)
     {
         return mount.fileSystem == other.fileSystem && isOrLiesBeneath(other.shown, mount.shown);
@@ -88,7 +88,7 @@ private:
         return std::ranges::find(m_wanted, mount.fileSystem) != m_wanted.end();
     }
 
-    /// Whether a mount is one of those inside the root, with nothing on the way to it that is not entered.
+    /// Whether a mount is one of those inside the root and every mount on the way to it is entered.
     [[nodiscard]] bool isReached(const MountedFolder &mount, const std::vector<const MountedFolder *> &inside) const
     {
         return std::ranges::find(inside, &mount) != inside.end() &&
@@ -108,8 +108,8 @@ private:
 /// Where snapper keeps a volume's snapshots.
 constexpr std::string_view snapshotsFolder = ".snapshots";
 
-/// Whether a folder is a volume of its own inside another one. What its snapshots show is stored once, so counted with
-/// them a disk would hold many times what it can.
+/// Whether a folder is a volume of its own inside another one. Data shared by its snapshots is stored once, so counting
+/// the snapshots would exceed the disk's capacity many times over.
 bool isVolumeInside(const std::string &path, const std::string &volume, FileSystem &files)
 {
     const auto inner = files.facts(path);
@@ -188,7 +188,7 @@ void ScanBounds::skipOtherMounts(const std::string &root, FileSystem &files)
         const std::string path = joined(volume, snapshotsFolder);
         const MountedFolder *const around = mounts.holding(volume);
         const MountedFolder *const mount = mounts.holding(path);
-        // A folder on a file system that is not entered is not touched.
+        // Do not touch a folder on a file system that is not entered.
         if (liesBeneath(path, realRoot) && around != nullptr && mount->fileSystem == around->fileSystem &&
             fileSystems.contains(around->fileSystem) && isVolumeInside(path, volume, files))
             skip(moved(path, realRoot, root));

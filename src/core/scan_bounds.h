@@ -13,14 +13,14 @@
 
 namespace corvane {
 
-/// The folders that one walk does not enter, known before it starts, so that the walk touches none of them: a network
-/// disk that does not answer would hold it up. Immutable, so safe to ask from any thread.
+/// The folders that one walk must not enter, computed before it starts, so that the walk never touches them: a network
+/// disk that does not answer would block it. Immutable, so usable from any thread.
 class ScanBounds {
 public:
-    /// For a walk of the folder at `root` (absolute). On a Mac these are the folders skipped by name. On a Linux system
-    /// the walk keeps to the file systems of "/" and of the home folder, or to the root's own where that is another;
-    /// of several mounts that show the same, one is entered, the home folder's before others. The snapshots that
-    /// snapper keeps of a volume inside it are not entered. Where the user wants no mounts, none beneath the root is.
+    /// For a walk of the folder at `root` (absolute). On a Mac these are the folders skipped by name. On Linux the walk
+    /// stays on the file systems of "/" and of the home folder, or on the root's own if that is a different one; of
+    /// several mounts with the same contents it enters one, preferring that of the home folder. It does not enter the
+    /// snapshots that snapper keeps inside a volume. With `Mounts::none` it enters no mount below the root.
     [[nodiscard]] static ScanBounds of(const std::string &root, FileSystem &files,
                                        ScanFilter::Mounts mounts = ScanFilter::Mounts::asUsual);
 
@@ -28,7 +28,7 @@ public:
     /// a few folders.
     [[nodiscard]] std::span<const std::string> skippedIn(std::string_view folder) const;
 
-    /// The paths of all of them.
+    /// The paths of all skipped folders.
     [[nodiscard]] std::vector<std::string> skippedPaths() const;
 
 private:
@@ -40,8 +40,8 @@ private:
     void skipEveryMount(const std::string &root, FileSystem &files);
     void skipOtherMounts(const std::string &root, FileSystem &files);
 
-    std::unordered_map<std::string, std::vector<std::string>, Hash, std::equal_to<>> m_names; // by the folder around
-    std::size_t m_longest = 0; // of those folders' paths, in bytes: far down nothing has to be looked up
+    std::unordered_map<std::string, std::vector<std::string>, Hash, std::equal_to<>> m_names; // keyed by parent folder
+    std::size_t m_longest = 0; // longest of those keys, in bytes: deeper folders need no lookup
 };
 
 } // namespace corvane

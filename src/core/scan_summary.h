@@ -12,18 +12,18 @@
 
 namespace corvane {
 
-/// What the screens need of a finished scan, derived in one pass. Made off the main thread.
+/// What the screens need from a finished scan, derived in one pass. Computed off the main thread.
 struct ScanSummary {
     std::vector<std::shared_ptr<FileNode>> allFiles; ///< files and large packages, largest first
     std::vector<DevJunkItem> devJunk;                ///< largest first
     PathIndex index;                                 ///< every node of the tree
     std::int64_t unreadableCount = 0;
 
-    /// `buildFolders` is asked about folders outside packages and outside other build folders.
+    /// `buildFolders` is called for folders outside packages and outside other build folders.
     [[nodiscard]] static ScanSummary make(const std::shared_ptr<FileNode> &root, DevJunkMatch buildFolders,
                                           FileSystem &files = systemHost().files);
 
-    /// The size per file type, largest first, types without bytes left out.
+    /// The size per file type, largest first, without types of 0 bytes.
     [[nodiscard]] static std::vector<TypeSlice> types(const FileNode &root);
 };
 

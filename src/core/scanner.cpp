@@ -23,17 +23,17 @@ namespace corvane {
 
 namespace {
 
-// The levels whose subfolders are walked at once: 0 and 1.
+// Subfolders of levels 0 and 1 are walked in parallel.
 constexpr int parallelLevels = 2;
 
 struct Subfolder {
-    std::string name; // moves into the node when its turn comes
+    std::string name; // moves into the node later
     FileNode::Kind kind;
-    std::shared_ptr<FileNode> node; // once it is finished, if it stays. Written by the thread that finishes it
+    std::shared_ptr<FileNode> node; // set when finished, if it stays, by the thread that finishes it
 };
 
-/// One folder between its listing and the return of its subfolders. Its node is written once, by the thread that is the
-/// last in the folder.
+/// One folder from its listing until its subfolders are finished. Its node is written once, by the last thread in the
+/// folder.
 struct Visit : ListedFolder {
     explicit Visit(std::shared_ptr<FileNode> folder) : node(std::move(folder)) {}
 
@@ -58,7 +58,7 @@ struct Visit : ListedFolder {
         return child;
     }
 
-    /// Takes a finished subfolder; several threads at once, each another one. Of size 0, it has no place in the tree.
+    /// Takes a finished subfolder; called concurrently for different places. One of size 0 gets no place in the tree.
     void keep(std::size_t place, std::shared_ptr<FileNode> finished)
     {
         if (finished->size > 0)
@@ -87,17 +87,16 @@ struct Visit : ListedFolder {
     }
 };
 
-/// What all threads of one walk share.
+/// Shared by all threads of one walk.
 struct Walk {
     ScanProgress &progress;
     const ScanBounds bounds;
     const ScanFilter &filter;
     const std::string &root;
-    // Of all the files' figures, which come from outside. More than `foreignSumLimit` cannot be added up.
+    // Sum of all file sizes, which come from outside; limited to `foreignSumLimit`.
     std::atomic<std::int64_t> total = 0;
 
-    /// Takes note of a folder that could not be opened; that it has just vanished, or that nobody waits for it
-    /// any more, is nothing special.
+    /// Counts a folder that could not be opened, unless it has just vanished or the wait for it was cancelled.
     void noteUnopened(const Error &error)
     {
         if (hasRunOutOfFileNumbers(error))
@@ -107,7 +106,7 @@ struct Walk {
     }
 };
 
-/// Takes one folder's entries as they are listed. Nothing of it reaches the node.
+/// Collects one folder's entries while they are listed. Does not touch the node.
 class Reader {
 public:
     Reader(Walk &walk, const std::string &path, Visit &visit)
@@ -134,7 +133,7 @@ public:
         return isTooMuch || isStopped ? Listing::stop : Listing::goOn;
     }
 
-    /// False, with nothing counted, where the figures cannot be added up with those of the other folders.
+    /// Returns false, with nothing counted, if the figures cannot be added to those of the other folders.
     bool commit()
     {
         if (!addForeign(m_walk.total, m_visit.ownBytes))
@@ -144,7 +143,7 @@ public:
     }
 
 private:
-    // A folder that has been entered is listed to its end, unless it is so large that the end may never come.
+    // An entered folder is listed to its end, but a huge listing may never end, so check every so many entries.
     static constexpr std::uint64_t stopInterval = 1024;
 
     bool isLeftOut(const DirectoryEntry &entry)
@@ -170,7 +169,7 @@ private:
         ++m_visit.ownFiles;
         const bool isApparent = m_walk.filter.sizes == ScanFilter::Sizes::apparent;
         const std::int64_t told = isApparent ? entry.length : entry.allocated;
-        // A size that no file can have counts as one that cannot be read.
+        // An impossible file size counts as unreadable.
         const std::int64_t size = addForeign(m_visit.ownBytes, told) ? told : 0;
         if (size < Scanner::smallFileLimit) {
             m_visit.smallBytes += size; // a part of ownBytes, so it cannot overflow first
@@ -197,8 +196,8 @@ private:
     std::uint64_t m_entries = 0;
 };
 
-/// Lists a folder into its visit. Where that fails, the node is `unreadable` and stays empty, and the visit is over;
-/// so is it where the walk is to end.
+/// Lists a folder into its visit. Returns false, and the visit is over, if the walk should end or the listing fails;
+/// then the node is `unreadable` and stays empty.
 bool read(Walk &walk, OpenFolder &folder, const std::string &path, Visit &visit)
 {
     Reader reader(walk, path, visit);
@@ -211,7 +210,7 @@ bool read(Walk &walk, OpenFolder &folder, const std::string &path, Visit &visit)
     return false;
 }
 
-/// Below the top of the tree.
+/// The visitor for everything below the top of the tree.
 class Below : public SharedWalk::Visitor {
 public:
     explicit Below(Walk &walk) : m_walk(walk) {}
@@ -255,7 +254,7 @@ private:
     Walk &m_walk;
 };
 
-/// The walk of the top of the tree, where subfolders are walked at once.
+/// Walks the top of the tree, where subfolders are walked in parallel.
 class TopWalk {
 public:
     explicit TopWalk(Walk &walk) : m_walk(walk) {}
@@ -300,7 +299,7 @@ private:
     Walk &m_walk;
 };
 
-/// The kind of the folder that the path leads to. A link was chosen for the sake of what it points to.
+/// The kind of the folder that the path leads to. If the user chose a link, its target is scanned.
 FileNode::Kind rootKind(const std::string &path, FileSystem &files)
 {
     Expected<ItemFacts> facts = files.facts(path);

@@ -15,30 +15,29 @@
 
 namespace corvane {
 
-/// Walks a folder into a tree of allocated sizes. Holds no state; a walk uses several threads near the top.
+/// Walks a folder into a tree of allocated sizes. Stateless; a walk uses several threads.
 struct Scanner {
     /// Files of fewer allocated bytes get no node: they are folded into their folder's totals.
     static constexpr std::int64_t smallFileLimit = 1'000'000;
 
-    /// Of folders inside one folder and files with nodes of their own, at most so many: a folder that holds more, which
-    /// may have no end, counts as one that cannot be read. Files without nodes take no memory and may be as many as
-    /// there are.
+    /// The maximum number of subfolders and of files with nodes in one folder: a folder that exceeds it may have no
+    /// end, and counts as unreadable. Files without nodes take no memory and are not limited.
     static constexpr std::size_t keptEntriesLimit = 2'000'000;
 
-    /// Folders of a Mac that are never entered, by their whole path: other volumes, what the system shows twice, and
-    /// what is no disk space at all. `ScanBounds` knows what holds for one walk.
+    /// Folders of a Mac that are never entered, by full path: other volumes, duplicates of other folders, and pseudo
+    /// file systems. `ScanBounds` computes the folders for one walk.
     static constexpr std::array<std::string_view, 7> skipPaths{"/System/Volumes", "/Volumes",        "/dev",  "/net",
                                                                "/home",           "/private/var/vm", "/cores"};
 
-    /// The tree of a finished or cancelled walk of the folder at `path` (absolute bytes). Blocks; never fails:
-    /// a root that cannot be listed comes back `unreadable`. Where the walk could not go on, `progress` has a failure.
-    /// Once cancelled it ends within a second, also where a file system in another program or behind a network does
-    /// not answer; `files` must outlive what was asked of that one.
+    /// The tree of a finished or cancelled walk of the folder at `path` (absolute bytes). Blocks; never fails: a root
+    /// that cannot be listed is returned as `unreadable`. If the walk could not continue, `progress` has a failure. A
+    /// cancelled walk ends within a second, even if a FUSE or network file system does not answer; `files` must outlive
+    /// the calls abandoned in that case.
     [[nodiscard]] static std::shared_ptr<FileNode> scan(const std::string &path, ScanProgress &progress,
                                                         FileSystem &files = systemHost().files,
                                                         const ScanFilter &filter = {});
 
-    /// How long a scan waits for an answer; `progress` must live as long.
+    /// How long a scan waits for an answer; `progress` must outlive the result.
     [[nodiscard]] static Waiting waiting(ScanProgress &progress);
 };
 

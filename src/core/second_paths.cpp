@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-/// The innermost mount point that the path is or lies beneath.
+/// The innermost mount point at or above the path.
 std::string mountPointOf(const std::string &path, const std::vector<std::string> &mountPoints)
 {
     std::string innermost = "/";
@@ -27,7 +27,7 @@ bool SecondPaths::leadToProtected(const std::string &realPath, const std::vector
         m_mountOfHome = mountPointOf(m_locations.realHome(), mountPoints);
         m_areMountsLearnt = false;
     }
-    // Where case is ignored, so are the many ways to write an accented letter: the text of a name tells little.
+    // If case is ignored, so are different encodings of accented letters, so text comparison is not sufficient.
     if (!m_locations.ignoresCase() && m_mountOfHome == "/" && mountPointOf(realPath, mountPoints) == "/")
         return false;
     if (!m_areMountsLearnt)
@@ -40,8 +40,8 @@ bool SecondPaths::leadToProtected(const std::string &realPath, const std::vector
     addAliases(realPath, itself);
     if (leadsToProtected(realPath, itself) || leadsToProtected(realPath, m_aliasesAround))
         return true;
-    // What lies deeper in a protected folder is in no table. The system's own places are left to their texts: some
-    // systems show the whole disk, the user's files included, beneath one of those.
+    // Items deeper inside a protected folder are in no table, so check their other paths. Only paths in the home folder
+    // count: some systems mount the whole disk, user files included, inside a protected folder.
     return std::ranges::any_of(m_mounts.otherPathsOf(realPath), [&](const std::string &other) {
         return liesBeneath(other, m_locations.realHome()) && m_locations.isProtectedReally(other);
     });

@@ -10,22 +10,21 @@
 
 namespace corvane {
 
-/// The paths at which something protected is seen a second time, as where a folder is mounted a second time elsewhere.
-/// Goes by the identity (device, inode) of the protected places and of the folders around an item. Asks nothing of
-/// places on other volumes than those of "/" and of the home, for one that no longer answers would block; and asks
-/// nothing at all where no second mount is involved. Reads a hundred items otherwise, and remembers them from one item
-/// of a request to the next as long as nothing is mounted anew: for the moment of removing, not for the rows of a list.
-/// One thread.
+/// Detects paths that lead to a protected item a second time, as when a folder is mounted twice. Compares the identity
+/// (device, inode) of the protected places with an item and the folders around it. Skips places on volumes other than
+/// those of "/" and of the home folder, since one that no longer answers would block, and accesses no item at all if no
+/// second mount is involved. Otherwise it reads about a hundred items, cached across the items of a request until the
+/// mounts change: suitable just before a removal, not for the rows of a list. Not thread-safe.
 class SecondPaths {
 public:
     /// Both outlive the object.
     SecondPaths(const ProtectedLocations &locations, FileSystem &files) : m_locations(locations), m_files(files) {}
 
-    /// Whether a real path is a second one to something protected.
+    /// Whether a real path is a second path to something protected.
     [[nodiscard]] bool leadToProtected(const std::string &realPath, const std::vector<std::string> &mountPoints);
 
 private:
-    /// A place with the path of a folder that is the same one.
+    /// A protected place and a path that leads to the same folder.
     struct Alias {
         const std::string *place;
         std::string path;
@@ -39,12 +38,12 @@ private:
     const ProtectedLocations &m_locations;
     FileSystem &m_files;
     std::vector<std::string> m_mountPoints;
-    std::string m_mountOfHome; // empty until the mounts are known
-    // Of those mounts, once an item needs them.
+    std::string m_mountOfHome; // empty until the mounts are read
+    // On those mounts; read when an item first needs them.
     std::vector<std::pair<ItemIdentity, const std::string *>> m_places;
     MountMap m_mounts{{}};
     bool m_areMountsLearnt = false;
-    // Of the folder that was met last.
+    // For the folder looked up last.
     std::string m_folder;
     std::vector<Alias> m_aliasesAround;
 };

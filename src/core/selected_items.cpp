@@ -8,13 +8,13 @@
 namespace corvane {
 namespace {
 
-/// Forgets a path and what lies beneath it; whether there was any of it.
+/// Erases a path and everything below it; returns whether anything was erased.
 template <typename Paths>
 bool eraseWithContents(Paths &paths, const std::string &path)
 {
     const std::size_t before = paths.size();
     paths.erase(path);
-    // In the order of bytes "0" comes right after "/".
+    // In byte order "0" comes right after "/".
     paths.erase(paths.lower_bound(path + "/"), paths.lower_bound(path + "0"));
     return paths.size() != before;
 }
@@ -24,7 +24,7 @@ EntryType entryType(FileNode::Kind kind)
     return kind == FileNode::Kind::file ? EntryType::file : EntryType::directory;
 }
 
-/// Whether it was another one.
+/// Returns whether the size changed.
 bool assign(std::int64_t &size, std::int64_t newSize)
 {
     return std::exchange(size, newSize) != newSize;
@@ -115,13 +115,13 @@ SelectedItems::Settlement SelectedItems::settle(const RemovalOutcome &outcome)
             settlement.gone.push_back({failure.path, size});
             break;
         case RemovalFailure::Left::somethingElse:
-            // To remove that one, it has to be selected again.
+            // The new item has to be selected again to be removed.
             settlement.hasChanged |= forgetWithContents(failure.path);
             break;
         case RemovalFailure::Left::aPart:
             if (selected == m_sizes.end())
                 break;
-            // What resisted stays selected; what became of the items selected inside is unknown.
+            // What could not be deleted stays selected; the state of the items selected inside is unknown.
             settlement.hasChanged |= forgetWithContents(failure.path);
             m_sizes.emplace(failure.path, std::max<std::int64_t>(0, size - failure.freed));
             if (seen)
@@ -129,7 +129,7 @@ SelectedItems::Settlement SelectedItems::settle(const RemovalOutcome &outcome)
             break;
         }
     }
-    // What was selected inside a removed folder is gone with it.
+    // Items selected inside a removed folder are gone with it.
     for (const SelectedEntry &entry : settlement.gone)
         settlement.hasChanged |= forgetWithContents(entry.path);
     return settlement;

@@ -14,36 +14,36 @@
 
 namespace corvane {
 
-/// What the user has chosen for removal, and beside it what was at each path at that moment. Nothing protected gets
-/// in. Not for two threads at once.
+/// The items that the user has selected for removal, and what was at each path at that moment. Protected items are
+/// never added. Not thread-safe.
 class SelectedItems {
 public:
-    /// What `host` refers to, and `locations`, must outlive the object.
+    /// `locations` and the objects that `host` refers to must outlive this one.
     SelectedItems(const Host &host, const ProtectedLocations &locations) : m_host(host), m_locations(locations) {}
 
     [[nodiscard]] const Selection &sizes() const { return m_sizes; }
     [[nodiscard]] const SeenItems &seen() const { return m_seen; }
-    /// Those of the effective selection that lie in the Trash: moving them there deletes them for good.
+    /// Entries of the effective selection that are in the Trash: moving them there would delete them for good.
     [[nodiscard]] std::vector<SelectedEntry> inTrash() const;
 
-    // Each of these answers whether the selection has changed.
+    // Each of these returns whether the selection has changed.
 
-    /// Adds entries, or gives those that are selected already their new size. Where `tree` shows an item, what is
-    /// chosen is what it shows there, a file or a folder. Asks the disk.
+    /// Adds entries, or updates the size of those already selected. If `tree` shows an item, the selection refers to
+    /// the item as shown there, a file or a folder. Accesses the disk.
     bool add(std::span<const SelectedEntry> entries, const InstalledTree &tree);
     bool remove(std::span<const SelectedEntry> entries);
     bool clear();
-    /// Gives the selected ones among the entries their new size.
+    /// Updates the size of the selected ones among the entries.
     bool resize(std::span<const SelectedEntry> entries);
-    /// The same with every size that the tree shows.
+    /// The same for every size that the tree shows.
     bool resizeFrom(const InstalledTree &tree);
 
-    /// What became of a removal's entries.
+    /// The result of a removal for the selection.
     struct Settlement {
-        std::vector<SelectedEntry> gone; ///< what was removed, and what was gone before
-        bool hasChanged = false;         ///< the selection
+        std::vector<SelectedEntry> gone; ///< removed, or already gone
+        bool hasChanged = false;         ///< whether the selection has changed
     };
-    /// Forgets what a removal has taken away. What is there only in part stays selected, with the rest of its size.
+    /// Drops what a removal has removed. A partly removed item stays selected with its remaining size.
     Settlement settle(const RemovalOutcome &outcome);
 
 private:
@@ -52,7 +52,7 @@ private:
     const Host m_host;
     const ProtectedLocations &m_locations;
     Selection m_sizes;
-    SeenItems m_seen; // of the same paths
+    SeenItems m_seen; // for the same paths
 };
 
 } // namespace corvane

@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-/// Whether the predicate holds for an ancestor folder of the path; "/" itself is not asked for.
+/// Whether the predicate holds for an ancestor folder of the path; "/" itself is not tested.
 template <typename Predicate>
 bool anyAncestor(std::string_view path, const Predicate &predicate)
 {
@@ -25,7 +25,7 @@ bool anyAncestor(std::string_view path, const Predicate &predicate)
 
 Selection effectiveSelection(const Selection &selection)
 {
-    // Tens of thousands of entries, each a dozen levels deep, are looked up on every click of a checkbox.
+    // Every click of a checkbox looks up tens of thousands of entries, each a dozen levels deep.
     std::unordered_set<std::string_view> paths;
     paths.reserve(selection.size());
     for (const auto &entry : selection)
@@ -45,7 +45,7 @@ std::vector<SelectedEntry> selectedEntries(const Selection &effective)
     entries.reserve(effective.size());
     for (const auto &[path, size] : effective)
         entries.push_back({path, size});
-    // The map hands them over by path, which the stable sort keeps within a size.
+    // The map yields them by path, and the stable sort keeps that order within a size.
     std::ranges::stable_sort(entries, std::ranges::greater{}, &SelectedEntry::size);
     return entries;
 }
@@ -76,7 +76,7 @@ std::vector<std::string> entriesAround(const Selection &selection, std::string_v
     return around;
 }
 
-// In the order of paths, what lies beneath a folder is one stretch.
+// In path order, the contents of a folder are contiguous.
 
 bool hasSelectedInside(const Selection &selection, std::string_view path)
 {

@@ -12,17 +12,17 @@
 
 namespace corvane {
 
-/// Paths (bytes) to the size that was shown when each was selected.
+/// Maps paths (bytes) to the size that was shown when each was selected.
 using Selection = std::map<std::string, std::int64_t, std::less<>>;
 
 /// What was at a path when it was selected.
 struct SeenItem {
-    ItemIdentity identity; ///< not known where nothing could be seen
+    ItemIdentity identity; ///< unknown if nothing could be read
     bool isInTrash = false;
 };
 using SeenItems = std::map<std::string, SeenItem>;
 
-/// The selection without every entry that has an ancestor folder in it: what would really be removed.
+/// The selection without entries that have an ancestor folder in it: what would really be removed.
 [[nodiscard]] Selection effectiveSelection(const Selection &selection);
 
 /// The entries of an effective selection, largest first, then by path.
@@ -34,14 +34,14 @@ using SeenItems = std::map<std::string, SeenItem>;
 /// Whether an ancestor folder of the path is in the selection.
 [[nodiscard]] bool hasSelectedAncestor(const Selection &selection, std::string_view path);
 
-/// The entries of the selection that are the item at the path or a folder around it, the innermost first.
+/// The entries that are the item at the path or one of its ancestors, innermost first.
 [[nodiscard]] std::vector<std::string> entriesAround(const Selection &selection, std::string_view path);
 
-/// Whether something that lies beneath the path is in the selection.
+/// Whether the selection contains something inside the path.
 [[nodiscard]] bool hasSelectedInside(const Selection &selection, std::string_view path);
 
-/// Takes what of the selection lies beneath a path off the size of the item there, of which no less than 0 is left;
-/// whether the size has changed.
+/// Subtracts the sizes of the entries inside a path from the size of the item there, not below 0; returns whether the
+/// size has changed.
 bool takeInside(const Selection &gone, std::string_view path, std::int64_t &size);
 
 /// Whether the path is in the selection or lies inside a selected folder.

@@ -37,7 +37,7 @@ FolderSelection::FolderSelection(const Selection &selection, std::string_view fo
         return;
     m_isCovered = corvane::isCovered(selection, folder);
 
-    // In the order of paths, what lies inside this folder is one stretch, and so is what lies inside each item.
+    // In path order, the entries inside this folder are contiguous, and so are those inside each item.
     const std::string prefix = joined(folder, {});
     for (auto entry = selection.lower_bound(prefix); entry != selection.end() && entry->first.starts_with(prefix);) {
         const std::size_t slash = entry->first.find('/', prefix.size());

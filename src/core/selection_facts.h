@@ -13,20 +13,20 @@
 
 namespace corvane {
 
-/// How much of an item the selection holds.
+/// How much of an item is selected.
 enum class Selected : std::uint8_t {
     no,
     partly, ///< something inside it
     itself,
-    throughFolder, ///< all of it, by a folder around it
+    throughFolder, ///< all of it, through an ancestor folder
 };
 
-/// Why an item can be neither put into the selection nor taken out of it. Where several are true, the first counts.
+/// Why an item can be neither selected nor deselected. If several reasons apply, the first one counts.
 enum class SelectionRefusal : std::uint8_t {
     none,
-    insideSelectedFolder, ///< it goes with that folder
+    insideSelectedFolder, ///< removed together with that folder
     protectedLocation,
-    nothingThere, ///< a location that holds no items
+    nothingThere, ///< a location without items
 };
 
 /// Whether and how an item is selected, and whether that can be changed: for a tile, a row, a card or a menu.
@@ -39,42 +39,42 @@ struct SelectionFacts {
     friend bool operator==(const SelectionFacts &, const SelectionFacts &) = default;
 };
 
-/// Whether the item at a path must never be removed (`ProtectedLocations`). It asks the disk, so the functions below
-/// ask it last, and not at all where the answer changes nothing.
+/// Whether the item at a path must never be removed (`ProtectedLocations`). It accesses the disk, so the functions
+/// below call it last, and only if the result matters.
 using ProtectionTest = std::function<bool(const std::string &path)>;
 
-/// How much of the item at a path is selected. Asks nothing of the disk.
+/// How much of the item at a path is selected. Does not access the disk.
 [[nodiscard]] Selected selectedOf(const Selection &selection, std::string_view path);
 
-/// Why an item of which that much is selected cannot be changed. What is selected itself can always be taken out.
+/// Why an item with that selection state cannot be changed. An item selected itself can always be deselected.
 [[nodiscard]] SelectionRefusal refusalOf(Selected selected, const std::function<bool()> &isProtected);
 
-/// Of the item at a path.
+/// The facts for the item at a path.
 [[nodiscard]] SelectionFacts selectionFacts(const Selection &selection, const std::string &path,
                                             const ProtectionTest &isProtected);
 
-/// Of a location, which stands for the entries that lie directly in it, each with its `path`: selected itself when
-/// every one is that may be.
+/// The facts for a location, which stands for the entries directly inside it, each with its `path`. It counts as
+/// selected if every selectable entry is.
 template <typename Entries>
 [[nodiscard]] SelectionFacts selectionFactsOfAll(const Selection &selection, const Entries &entries,
                                                  const ProtectionTest &isProtected);
 
-/// How much of each item of one folder is selected, read in one pass for a folder of any size.
+/// How much of each item of one folder is selected, computed in one pass for a folder of any size.
 class FolderSelection {
 public:
     FolderSelection() = default;
     FolderSelection(const Selection &selection, std::string_view folder);
 
-    /// Whether the folder itself goes with the selection.
+    /// Whether the folder itself is covered by the selection.
     [[nodiscard]] bool isCovered() const { return m_isCovered; }
-    /// Of the item of that name.
+    /// The state of the item with that name.
     [[nodiscard]] Selected of(const std::string &name) const;
-    /// The names of the items of which not as much is selected in the other; of use where both are covered or neither.
+    /// The names of the items whose state differs in `other`; meaningful if both folders are covered or neither is.
     [[nodiscard]] std::vector<std::string> namesThatDiffer(const FolderSelection &other) const;
 
 private:
     bool m_isCovered = false;
-    std::unordered_map<std::string, Selected> m_byName; // without those of which nothing is selected
+    std::unordered_map<std::string, Selected> m_byName; // without items of which nothing is selected
 };
 
 template <typename Entries>

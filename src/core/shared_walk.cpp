@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// One thread's way through a piece. A tree may be thousands of levels deep, so the way down is kept here and not on
-/// the thread's stack.
+/// One thread's traversal of a piece. Keeps an explicit stack instead of recursing: a tree may be thousands of levels
+/// deep.
 class SharedWalk::Walker {
 public:
     explicit Walker(SharedWalk &shared) : m_shared(shared) {}
@@ -25,14 +25,14 @@ public:
     }
 
 private:
-    // To hand something out and to fetch it takes about as long as one folder does, so a thread that has done so walks
-    // some folders before it does again. A walk of fewer folders is not worth a second thread.
+    // Handing out a piece and fetching it costs about as much as walking one folder, so a thread walks several folders
+    // before it hands out again. A walk of fewer folders does not need a second thread.
     static constexpr std::size_t foldersBetween = 8;
 
     struct Level {
         ListedFolder *listed = nullptr;
-        std::size_t next = 0; // of the subfolders
-        std::size_t end = 0;  // of those that are this walk's
+        std::size_t next = 0; // index of the next subfolder
+        std::size_t end = 0;  // end of this walker's range of subfolders
         std::size_t pathLength = 0;
     };
 
@@ -42,7 +42,7 @@ private:
         m_levels.push_back({listed, begin, end, m_path.size()});
     }
 
-    /// Goes on to the innermost level's next subfolder; false when there is none left, or none can be reached.
+    /// Advances to the innermost level's next subfolder; false if there is none left, or none can be reached.
     bool goDown()
     {
         Level &level = m_levels.back();
@@ -89,16 +89,16 @@ private:
             return;
         }
         m_path.resize(m_levels.back().pathLength);
-        if (done->m_open.load(std::memory_order_acquire) == 1) { // nobody else was here, or they have left
+        if (done->m_open.load(std::memory_order_acquire) == 1) { // no other thread was here, or all have left
             m_shared.finish(done);
             return;
         }
-        // The folder around it is not finished before this one is, whoever may be the last here.
+        // Keep the containing folder from being finished before this one, whichever thread is the last here.
         m_levels.back().listed->m_open.fetch_add(1, std::memory_order_relaxed);
         m_shared.leave(done);
     }
 
-    /// Parts what is left of the outermost level that has something left, and that can be shared.
+    /// Hands out half of the remaining subfolders of the outermost level that has any and can be shared.
     void handOut()
     {
         for (std::size_t i = m_folders.firstOpen(); i < m_levels.size(); ++i) {
@@ -112,7 +112,7 @@ private:
             if (!folder)
                 continue;
             level.end -= given;
-            // This walk is inside itself, so the count cannot have come to nothing.
+            // This thread is counted, so the count cannot have reached 0.
             level.listed->m_open.fetch_add(1, std::memory_order_relaxed);
             m_walked = 0;
             m_shared.add(
@@ -124,8 +124,8 @@ private:
     SharedWalk &m_shared;
     std::string m_path;
     FolderChain m_folders;
-    std::vector<Level> m_levels; // the same folders
-    std::size_t m_walked = 0;    // folders, since something was handed out
+    std::vector<Level> m_levels; // same indices as m_folders
+    std::size_t m_walked = 0;    // folders since the last hand-out
 };
 
 void SharedWalk::walk(std::unique_ptr<ListedFolder> top, std::shared_ptr<OpenFolder> folder, std::string path)
@@ -141,7 +141,7 @@ bool SharedWalk::takeOne() noexcept
     std::unique_lock lock(m_lock);
     if (m_pieces.empty())
         return false;
-    Piece piece = std::move(m_pieces.front()); // the oldest comes from farthest out
+    Piece piece = std::move(m_pieces.front()); // the oldest piece is nearest to the top
     m_pieces.erase(m_pieces.begin());
     m_pieceCount.store(m_pieces.size(), std::memory_order_relaxed);
     lock.unlock();
@@ -152,7 +152,7 @@ bool SharedWalk::takeOne() noexcept
 
 bool SharedWalk::wantsPieces() const
 {
-    // Those that wait already are for the threads that have just been woken.
+    // Pieces already waiting are for the threads that have just been woken.
     return m_pieceCount.load(std::memory_order_relaxed) == 0 && WorkPool::instance().hasRoom();
 }
 
@@ -172,8 +172,8 @@ void SharedWalk::finish(ListedFolder *listed)
     m_visitor.finish(*done);
 }
 
-/// The calling thread has nothing more to do in the folder. The last that leaves finishes it, and then has left the
-/// folder around it too.
+/// The calling thread is done with the folder. The last thread to leave finishes it, and then leaves the containing
+/// folder too.
 void SharedWalk::leave(ListedFolder *listed)
 {
     while (listed && listed->m_open.fetch_sub(1, std::memory_order_acq_rel) == 1) {

@@ -13,8 +13,8 @@
 
 namespace corvane {
 
-/// A folder with subfolders, from its listing until all of them have been finished. What a walk keeps of it is in a
-/// class of that walk's own.
+/// A folder with subfolders, from its listing until all of them are finished. Each kind of walk derives a class for its
+/// own data.
 class ListedFolder {
 public:
     ListedFolder() = default;
@@ -24,10 +24,10 @@ public:
 
     /// At least 1.
     [[nodiscard]] virtual std::size_t subfolderCount() const = 0;
-    /// Asked for once, just before the subfolder is opened; by several threads at once for different subfolders.
+    /// Called once, just before the subfolder is opened; by several threads at once for different subfolders.
     [[nodiscard]] virtual const std::string &subfolderName(std::size_t place) const = 0;
 
-    /// The folder around it and its place there; null and 0 for the top of a walk.
+    /// The containing folder and this folder's index in it; null and 0 for the top of a walk.
     [[nodiscard]] ListedFolder *parent() const { return m_parent; }
     [[nodiscard]] std::size_t place() const { return m_place; }
 
@@ -36,17 +36,17 @@ private:
 
     ListedFolder *m_parent = nullptr;
     std::size_t m_place = 0;
-    // How many threads are inside, and how many subfolders that were left while others were still inside are not
-    // finished.
+    // The number of threads inside, plus the number of unfinished subfolders that a thread left while others were still
+    // inside them.
     std::atomic<std::size_t> m_open = 1;
 };
 
-/// Walks everything below one folder, each thread depth first. A thread of the pool that has nothing to do is handed
-/// the last of the subfolders that another has before it, from as far out as it can. Which thread comes through which
-/// folder is left to chance, and nothing else.
+/// Walks everything below one folder, each thread depth first. An idle pool thread takes over the last of the
+/// subfolders that another thread still has to walk, from as close to the top as possible. Only the assignment of
+/// folders to threads varies between runs.
 class SharedWalk : private WorkPool::Job {
 public:
-    /// What is made of the folders. Called by all threads of the walk at once, for different folders.
+    /// Receives the folders. Called by all threads of the walk at once, for different folders.
     class Visitor {
     public:
         Visitor() = default;
@@ -54,30 +54,30 @@ public:
         Visitor &operator=(const Visitor &) = delete;
         virtual ~Visitor() = default;
 
-        /// Lists a subfolder that has been opened; `path` is its own. Null where it has no subfolders to be walked:
-        /// then it is finished with.
+        /// Lists an opened subfolder; `path` is its own. Returns null if it has no subfolders to walk; the folder is
+        /// then finished.
         [[nodiscard]] virtual std::unique_ptr<ListedFolder> enter(ListedFolder &parent, std::size_t place,
                                                                   OpenFolder &folder, const std::string &path) = 0;
-        /// A subfolder could not be opened.
+        /// Called when a subfolder could not be opened.
         virtual void notOpened(const Error &error) = 0;
-        /// All subfolders of the folder are finished, as far as they were reached. Called once for each, by the thread
-        /// that is the last to leave it; nobody touches it after that.
+        /// Called once for each folder when all its subfolders are finished or skipped, by the last thread to leave it;
+        /// no thread uses the folder afterwards.
         virtual void finish(ListedFolder &folder) = 0;
-        /// The way back up is lost: folders stay that were not reached.
+        /// Called when the way back up is lost: some folders are not reached.
         virtual void lost(const Error &error) = 0;
-        /// Whether no further folder is to be opened.
+        /// Whether to stop opening folders.
         [[nodiscard]] virtual bool shouldStop() const = 0;
     };
 
     explicit SharedWalk(Visitor &visitor) : m_visitor(visitor) {}
 
-    /// Returns when all has been finished, `top` included. `path` is the top's, absolute or empty.
+    /// Returns when everything is finished, including `top`. `path` is the top's, absolute or empty.
     void walk(std::unique_ptr<ListedFolder> top, std::shared_ptr<OpenFolder> folder, std::string path);
 
 private:
     class Walker;
 
-    /// Some of a folder's subfolders, for one thread to walk.
+    /// A range of a folder's subfolders for one thread to walk.
     struct Piece {
         ListedFolder *listed = nullptr;
         std::shared_ptr<OpenFolder> folder;
@@ -89,7 +89,7 @@ private:
     bool takeOne() noexcept override;
     [[nodiscard]] bool isHandedOut() const override { return m_pieceCount.load(std::memory_order_relaxed) == 0; }
 
-    /// Whether a further piece would find a thread.
+    /// Whether a thread is available for another piece.
     [[nodiscard]] bool wantsPieces() const;
     void add(Piece piece);
     void finish(ListedFolder *listed);

@@ -12,7 +12,7 @@ namespace corvane {
 
 namespace {
 
-// Of a folder that holds more subfolders, and may have no end, only the files are counted.
+// For a folder with more subfolders, which may have no end, only the files are counted.
 constexpr std::size_t subfoldersLimit = 2'000'000;
 
 } // namespace
@@ -31,10 +31,10 @@ std::int64_t fileSize(const ItemFacts &file)
     return isPlausibleSize(file.allocated) ? file.allocated : 0;
 }
 
-/// The subfolders of a folder that has been listed.
+/// The subfolders of a listed folder.
 struct SizeWalk::Names : ListedFolder {
     std::vector<std::string> names;
-    bool isWatched = false; // something beneath is excluded
+    bool isWatched = false; // something inside is excluded
 
     [[nodiscard]] std::size_t subfolderCount() const override { return names.size(); }
     [[nodiscard]] const std::string &subfolderName(std::size_t place) const override { return names[place]; }
@@ -70,11 +70,11 @@ std::int64_t SizeWalk::walk(std::unique_ptr<OpenFolder> top, std::string path)
     return m_size;
 }
 
-/// Null where there is nothing to be walked beneath the folder.
+/// Returns null if there is nothing to walk below the folder.
 std::unique_ptr<SizeWalk::Names> SizeWalk::enter(OpenFolder &folder, const std::string &path)
 {
     Contents contents = contentsOf(folder, path);
-    // What was listed before a failure is there all the same.
+    // Entries listed before a failure still count.
     if (!addForeign(m_size, contents.size) || !contents.isComplete || contents.subfolders.empty())
         return nullptr;
     auto names = std::make_unique<Names>();
@@ -91,7 +91,7 @@ SizeWalk::Contents SizeWalk::contentsOf(OpenFolder &folder, const std::string &p
     if (!m_devices.empty() && !m_devices.contains(folder.identity().device))
         return contents;
     const auto add = [&contents](std::int64_t bytes) {
-        static_cast<void>(addForeign(contents.size, bytes)); // a size that no file can have counts as none
+        static_cast<void>(addForeign(contents.size, bytes)); // an impossible size counts as 0
     };
     if (asTheDisk)
         add(folder.allocated());

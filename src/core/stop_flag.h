@@ -4,10 +4,10 @@
 
 namespace corvane {
 
-/// Set when a result is no longer needed; read now and then by the work that makes it. Any thread.
+/// Set when a result is no longer needed; polled by the work that produces it. Any thread.
 using StopFlag = std::atomic<bool>;
 
-/// For work that is never stopped.
+/// For work that cannot be stopped.
 inline const StopFlag neverStopped = false;
 
 } // namespace corvane

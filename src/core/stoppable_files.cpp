@@ -20,7 +20,7 @@ tl::unexpected<Error> givenUp(const char *operation, const std::string &path)
         Error{operation, path, std::make_error_code(std::errc::operation_canceled), "it does not answer"});
 }
 
-/// The result of a call whose failure is an `Error`.
+/// The result of a call that may fail with an `Error`.
 template <typename Call>
 auto answerOf(const char *operation, const std::string &path, const Waiting &waiting, Call call)
     -> std::invoke_result_t<Call &>
@@ -33,11 +33,11 @@ auto answerOf(const char *operation, const std::string &path, const Waiting &wai
 
 } // namespace
 
-/// Constant once made.
+/// Constant after construction.
 struct StoppableFiles::Surroundings {
     Waiting waiting;
-    std::vector<std::string> unsure; // folders in which the file systems are mounted that may not answer
-    std::string sureRoot;            // the root, if it lies on a disk of this computer
+    std::vector<std::string> unsure; // mount points of file systems that may not answer
+    std::string sureRoot;            // the root, if it is on a local disk
 
     [[nodiscard]] bool isUnsure(std::string_view path) const
     {
@@ -49,12 +49,12 @@ struct StoppableFiles::Surroundings {
     }
 };
 
-/// A folder of a file system that may not answer.
+/// A folder on a file system that may not answer.
 class StoppableFiles::UnsureFolder final : public OpenFolder {
 public:
     using Around = std::shared_ptr<const Surroundings>;
 
-    /// Opens one by `open`, which owns all that it uses.
+    /// Opens a folder by `open`, which owns everything it uses.
     [[nodiscard]] static Expected<std::unique_ptr<OpenFolder>> openedBy(
         std::function<Expected<std::unique_ptr<OpenFolder>>()> open, const std::string &path,
         const Around &surroundings)
@@ -67,7 +67,7 @@ public:
         });
     }
 
-    /// Asks the folder for its facts, so it is made where that may wait.
+    /// Queries the folder's facts, so construct it on the companion thread.
     UnsureFolder(std::unique_ptr<OpenFolder> folder, std::string path, Around surroundings)
         : m_folder(std::move(folder)),
           m_path(std::move(path)),
@@ -142,7 +142,7 @@ private:
         }
     };
 
-    /// What the companion has listed and its caller has not taken yet. Bounded, since a listing may have no end.
+    /// Entries listed by the companion and not yet taken by its caller. Bounded, since a listing may have no end.
     struct Gathered {
         static constexpr std::size_t most = 4096;
 
@@ -185,7 +185,7 @@ private:
         }
     };
 
-    const std::shared_ptr<OpenFolder> m_folder; // kept by the calls that were left behind, too
+    const std::shared_ptr<OpenFolder> m_folder; // also owned by abandoned calls
     const std::string m_path;
     const Around m_surroundings;
     const FolderIdentity m_identity;
@@ -193,7 +193,7 @@ private:
     const std::int64_t m_allocated;
 };
 
-/// A folder of this computer with a file system beneath it that may not answer.
+/// A local folder above a mount that may not answer.
 class StoppableFiles::FolderOnTheWay final : public OpenFolder {
 public:
     FolderOnTheWay(std::unique_ptr<OpenFolder> folder, std::string path,
@@ -237,7 +237,7 @@ public:
     }
 
 private:
-    const std::shared_ptr<OpenFolder> m_folder; // kept by the calls that were left behind, too
+    const std::shared_ptr<OpenFolder> m_folder; // also owned by abandoned calls
     const std::string m_path;
     const std::shared_ptr<const Surroundings> m_surroundings;
 };
@@ -248,7 +248,7 @@ StoppableFiles::StoppableFiles(FileSystem &files, const std::string &root, Waiti
     surroundings->waiting = std::move(waiting);
     surroundings->unsure = files.unsureMounts();
     m_surroundings = surroundings;
-    const Expected<std::string> real = realPath(root); // the way to the root may lead through links, to anywhere
+    const Expected<std::string> real = realPath(root); // the root's path may lead through links to any file system
     if (!real)
         return;
     if (surroundings->isUnsure(*real)) {
@@ -256,7 +256,7 @@ StoppableFiles::StoppableFiles(FileSystem &files, const std::string &root, Waiti
         return;
     }
     surroundings->sureRoot = root;
-    // A walk names what it meets by the root's path.
+    // A walk reports paths relative to the root as given.
     const std::vector<std::string> mounts = surroundings->unsure;
     for (const std::string &mount : mounts) {
         if (root != *real && liesBeneath(mount, *real))

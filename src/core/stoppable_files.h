@@ -9,15 +9,15 @@
 
 namespace corvane {
 
-/// The same files, for work that the user may stop: what is asked of a file system that may never answer is asked by
-/// another thread, which is left behind once the wait is over. Such a call fails with
-/// `std::errc::operation_canceled`. The walk of a folder on a disk of this computer is not touched by it: only the top
-/// of the way to other file systems beneath is. What is read from files or held is not covered.
+/// A file system for work that the user may stop: calls to a file system that may never answer run on another thread,
+/// which is abandoned when the wait ends. Such a call fails with `std::errc::operation_canceled`. A walk on a local
+/// disk is unaffected, apart from the folders above mounts of other file systems. Reading from files and held folders
+/// are not covered.
 ///
-/// `files` must outlive the calls that were left behind, `waiting` only this object and its folders.
+/// `files` must outlive the abandoned calls, `waiting` only this object and its folders.
 class StoppableFiles final : public FileSystem {
 public:
-    /// `root` is the folder that the work is about, absolute.
+    /// `root` is the folder to work on, absolute.
     StoppableFiles(FileSystem &files, const std::string &root, Waiting waiting);
     ~StoppableFiles() override;
 
@@ -47,7 +47,7 @@ private:
     class UnsureFolder;
     class FolderOnTheWay;
 
-    /// Whether the path is known to lie on a disk of this computer.
+    /// Whether the path is known to be on a local disk.
     [[nodiscard]] bool answers(const std::string &path) const;
 
     FileSystem &m_files;

@@ -7,21 +7,21 @@
 
 namespace corvane {
 
-/// What differs between the systems that a root can hold, one table each.
+/// The differences between the systems that a root can contain, one table each.
 struct SystemTable {
-    std::span<const std::string_view> skippedFolders; ///< never entered by a walk, by their whole path
-    /// Whether the disk is the file systems of "/" and of the home folder together, as its mounts tell: a walk keeps to
-    /// them, and its capacity is theirs.
+    std::span<const std::string_view> skippedFolders; ///< never entered by a walk; full paths
+    /// Whether the disk consists of the file systems of "/" and of the home folder, found from the mounts: walks stay
+    /// on them, and the capacity is their sum.
     bool isMadeOfMounts;
-    /// The file beneath the home folder whose readability shows Full Disk Access; empty where a home folder that can be
-    /// opened shows all there is.
+    /// The file below the home folder whose readability indicates Full Disk Access; empty if being able to open the
+    /// home folder is sufficient.
     std::string_view accessProbe;
-    std::string_view diskName; ///< of a disk that neither its volume nor the system has a name for
-    /// Whether caches, the Trash and the like have places of the system's own, which `FileSystem::ownPlaceFor` knows.
+    std::string_view diskName; ///< if neither the volume nor the system has a name for the disk
+    /// Whether the system defines its own locations for caches, the Trash and the like (`FileSystem::ownPlaceFor`).
     bool hasOwnPlaces;
 };
 
-/// Of static storage.
+/// Static storage.
 [[nodiscard]] const SystemTable &tableOf(SystemKind kind);
 
 } // namespace corvane

@@ -9,8 +9,8 @@ namespace corvane {
 
 namespace {
 
-/// Takes a figure such as "12.5" off the front of the text; nothing where there is none. Its point is "." whatever the
-/// user's locale says. Not every standard library's from_chars reads figures with one.
+/// Consumes a figure such as "12.5" from the start of the text; nothing if there is none. The decimal point is always
+/// ".", whatever the user's locale. Not every standard library implements from_chars for floating point.
 std::optional<double> takeFigure(std::string_view &text)
 {
     double figure = 0;
@@ -33,10 +33,10 @@ std::optional<double> takeFigure(std::string_view &text)
     return hasDigit ? std::optional(figure / scale) : std::nullopt;
 }
 
-/// Takes an exponent such as "e+03" off the front of the text; 0 where there is none. "5e" without digits is a unit.
+/// Consumes an exponent such as "e+03" from the start of the text; 0 if there is none. "5e" without digits is a unit.
 int takeExponent(std::string_view &text)
 {
-    constexpr int most = 400; // more than any double has
+    constexpr int most = 400; // beyond the range of double
     if (!text.starts_with('e'))
         return 0;
     std::string_view rest = text.substr(1);
@@ -61,9 +61,9 @@ std::optional<std::int64_t> toldSize(std::string_view text, int thousand)
     if (!told)
         return std::nullopt;
     double figure = *told * std::pow(10, takeExponent(text));
-    if (std::isnan(figure)) // digits or an exponent beyond what a figure can hold
+    if (std::isnan(figure)) // digits or an exponent out of range
         return std::nullopt;
-    for (const std::string_view blank : {" ", "\xC2\xA0"}) { // the second does not break the line
+    for (const std::string_view blank : {" ", "\xC2\xA0"}) { // the second one is a no-break space
         if (text.starts_with(blank))
             text.remove_prefix(blank.size());
     }

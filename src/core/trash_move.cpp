@@ -32,14 +32,14 @@ Expected<void> TrashMove::perform()
 
 Expected<void> TrashMove::performThroughFinder(const Error &refusal)
 {
-    // The script addresses an alias, and an alias of a link is one of the link's target.
+    // The script addresses an alias, and an alias of a link refers to the link's target.
     if (m_judged.type == EntryType::symbolicLink)
         return tl::unexpected(refusal);
-    // The file manager takes a path, and does not tell what it took.
+    // The file manager takes a path and does not report which item it moved.
     const Expected<ItemFacts> found = m_host.files.facts(m_path);
     if (!found || found->identity != m_judged.identity)
         return tl::unexpected(replacedMeanwhile(moveToTrash, m_path));
-    // Its answer is not reliable; what is left at the path decides.
+    // Its reply is unreliable, so check what is left at the path.
     (void)m_host.trash.deleteThroughFinder(m_path);
     const Expected<ItemFacts> left = m_folder.facts(m_name);
     return !left && left.error().isMissing() ? Expected<void>{} : tl::unexpected(refusal);
@@ -57,7 +57,7 @@ Expected<void> TrashMove::checked(const TrashedItem &arrived)
 Expected<void> TrashMove::putBack(const TrashedItem &stranger)
 {
     Error error = replacedMeanwhile(moveToTrash, m_path);
-    // While the judged item has its name, the other one was not taken from its folder but from the one that had the
+    // If the judged item still has its name, the other item came not from this folder but from one that had this
     // folder's path for a while.
     std::unique_ptr<HeldFolder> other;
     HeldFolder *origin = &m_folder;
@@ -72,7 +72,8 @@ Expected<void> TrashMove::putBack(const TrashedItem &stranger)
     return tl::unexpected(std::move(error));
 }
 
-/// Null where no other folder than the judged one is met. A folder that is swapped to and fro is met after a few looks.
+/// Returns null if only the judged folder is found. If two folders are swapped back and forth, a few attempts find the
+/// other.
 std::unique_ptr<HeldFolder> TrashMove::folderThatHasThePathNow()
 {
     constexpr int looks = 1000;

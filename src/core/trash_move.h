@@ -7,12 +7,13 @@
 
 namespace corvane {
 
-/// Moves one judged item to the Trash by the first of the system's ways that takes it, and makes sure that it was that
-/// item. Where a system's Trash takes a path only, the path may lead to another item by then: that one is put back
-/// where it was. Nothing here deletes. Off the main thread.
+/// Moves one judged item to the Trash by the first of the system's methods that works, and verifies that it was that
+/// item. If a system's Trash only takes a path, the path may lead to another item by then: that one is moved back.
+/// Never deletes anything. Off the main thread.
 class TrashMove {
 public:
-    /// `folder` holds the item, and `judged` is what was found there. Both and the host's parts outlive the object.
+    /// `folder` contains the item, and `judged` are the facts found there. Both and the host's parts must outlive the
+    /// object.
     TrashMove(HeldFolder &folder, std::string name, const ItemFacts &judged, const Host &host);
 
     [[nodiscard]] Expected<void> perform();
@@ -28,7 +29,7 @@ private:
     const std::string m_name;
     const ItemFacts &m_judged;
     const Host m_host;
-    const std::string m_path; ///< without a link on its way when it was judged
+    const std::string m_path; ///< had no link in it when the item was judged
 };
 
 } // namespace corvane

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// How many bytes the files of one type take.
+/// The total bytes of the files of one type.
 struct TypeSlice {
     FileType type;
     std::int64_t size = 0;

@@ -56,7 +56,7 @@ VolumeFacts startupDiskFacts(const Host &host)
     if (ofRoot == nullptr || ofHome == nullptr || ofRoot->fileSystem == ofHome->fileSystem)
         return facts;
     VolumeFacts second = withoutNonsense(host.volumes.facts(realHome));
-    // What is free in a pool is free for each of its file systems, and there once.
+    // The free space of a pool is shared by its file systems, so count it once.
     if (!ofRoot->pool.empty() && ofRoot->pool == ofHome->pool && second.total && second.available) {
         second.total = std::max<std::int64_t>(0, *second.total - *second.available);
         second.available = 0;

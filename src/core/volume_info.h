@@ -7,24 +7,23 @@
 
 namespace corvane {
 
-/// What the system reports of the start-up disk: of the volume that holds "/", or, on a Linux system whose home folder
-/// lies on a file system of its own, of both together. Figures that are no sizes on a disk, or cannot be added up, are
-/// absent.
+/// The system's figures for the startup disk: for the volume that holds "/", or, on Linux with the home folder on a
+/// file system of its own, for both together. Implausible figures, and sums that would be implausible, are absent.
 [[nodiscard]] VolumeFacts startupDiskFacts(const Host &host);
 
-/// What the disk that holds "/" is called where its volume has no name.
+/// The name of the disk that holds "/", used if its volume has none.
 [[nodiscard]] std::string diskName(FileSystem &files);
 
-/// The facts without figures that are no sizes on a disk.
+/// The facts without implausible figures.
 [[nodiscard]] VolumeFacts withoutNonsense(VolumeFacts facts);
 
 /// The facts of the start-up disk.
 struct VolumeInfo {
     std::string name;
     std::int64_t total = 0;     ///< bytes
-    std::int64_t available = 0; ///< bytes; the larger of what is free and what could be made free
+    std::int64_t available = 0; ///< bytes; the larger of free and reclaimable space
 
-    /// Never fails: what the system does not tell is 0, the name that of `diskName`.
+    /// Never fails: unknown figures are 0, an unknown name is that of `diskName`.
     [[nodiscard]] static VolumeInfo current(const Host &host = systemHost());
 
     friend bool operator==(const VolumeInfo &, const VolumeInfo &) = default;

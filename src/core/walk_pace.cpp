@@ -12,11 +12,11 @@ namespace corvane {
 
 namespace {
 
-// More does not help any disk that we know of.
+// More did not help on any disk measured.
 constexpr std::size_t mostThreads = 32;
 
-// File numbers that the rest of the program needs, and what a thread of a walk needs at the least: the folder that it
-// stands in, the one that it opens, and one shared with those that it has work from.
+// Descriptors reserved for the rest of the program, and the minimum for one walking thread: the folder it is in, the
+// one it opens, and one shared with those it takes work from.
 constexpr std::size_t otherFiles = 8;
 constexpr std::size_t filesOfAThread = 4;
 
@@ -25,12 +25,12 @@ struct Walks {
     // Guarded by the lock.
     std::size_t count = 0;
     std::shared_ptr<WalkPace> pace;
-    std::optional<std::size_t> fixed; // the number of threads
+    std::optional<std::size_t> fixed; // the number of threads, if fixed
 };
 
 Walks &walks()
 {
-    static Walks *const all = new Walks; // outlives every thread that may still walk while the program ends
+    static Walks *const all = new Walks; // never destroyed: threads may still walk while the program exits
     return *all;
 }
 
@@ -46,11 +46,11 @@ std::size_t WalkPace::next(std::size_t threads, double busy, const Limits &limit
 {
     const std::size_t fewest = std::min(limits.cores, limits.most);
     if (limits.disk == Disk::spinning) {
-        // Two, so that it has something to do between two answers.
+        // Two, so that the disk always has a request pending.
         constexpr double mostlyWaiting = 0.5;
         return busy < mostlyWaiting ? std::min<std::size_t>(2, fewest) : fewest;
     }
-    // So many threads that those of them which are not waiting fill the cores.
+    // Enough threads for those that are not waiting to occupy all cores.
     const double wanted = std::ceil(static_cast<double>(limits.cores) / std::clamp(busy, 0.01, 1.0));
     const std::size_t most = std::min(limits.most, std::max(threads, fewest) * 2);
     return std::clamp(static_cast<std::size_t>(wanted), fewest, std::max(fewest, most));
@@ -61,7 +61,7 @@ std::optional<std::size_t> WalkPace::add(std::chrono::nanoseconds taken, std::ch
 {
     const std::scoped_lock lock(m_lock);
     m_taken += taken;
-    // A thread that never waited was kept from its core by others, and more threads would not change that.
+    // A thread that never waited was preempted by others, and more threads would not change that.
     m_processor += waited ? std::min(processor, taken) : taken;
     if (m_taken < stretch * static_cast<int>(m_threads))
         return std::nullopt;
@@ -121,12 +121,13 @@ FixedWalkThreads::~FixedWalkThreads()
 
 void tickWalkPace()
 {
-    // Looking at the clock costs next to nothing, asking for the thread's use as much as looking at a file.
+    // Reading the clock costs almost nothing; querying the thread's CPU time costs as much as reading one file's
+    // attributes.
     constexpr std::chrono::milliseconds interval(2);
     struct Meter {
         std::chrono::steady_clock::time_point since;
         ThreadUse use;
-        std::shared_ptr<WalkPace> pace; // for which it was taken
+        std::shared_ptr<WalkPace> pace; // the pace it was measured for
         std::uint64_t rests = 0;
     };
     static thread_local Meter meter;
@@ -134,7 +135,7 @@ void tickWalkPace()
     if (now - meter.since < interval)
         return;
     const Meter before = std::exchange(meter, {now, threadUse(), PacedWalk::current(), WorkPool::restsOfThisThread()});
-    // What a thread did between two walks, or while it had nothing to do, says nothing of a disk.
+    // What a thread did between two walks, or while idle, is irrelevant to the disk's speed.
     if (!meter.pace || meter.pace != before.pace || meter.rests != before.rests)
         return;
     const bool waited = !meter.use.waits || meter.use.waits != before.use.waits;

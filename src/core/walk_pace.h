@@ -12,33 +12,33 @@
 
 namespace corvane {
 
-/// How many threads walks should have. Where everything is in memory, more than there are cores only get into each
-/// other's way; where each listing waits for the disk, a disk that many ask at once answers many times as much.
+/// Decides how many threads walks should have. If everything is cached, more threads than cores only compete; if each
+/// listing waits for the disk, many parallel requests are answered several times faster.
 class WalkPace {
 public:
-    /// What walks stand on. A disk that turns does worse the more places it is asked for.
+    /// What the walked files are stored on. A spinning disk gets slower with more parallel requests.
     enum class Disk : std::uint8_t { unknown, spinning };
 
     struct Limits {
         std::size_t cores = 1;
-        std::size_t most = 1; ///< threads that there may be at all
+        std::size_t most = 1; ///< upper limit of threads
         Disk disk = Disk::unknown;
     };
 
-    /// The number for the next stretch, after one with `threads` in which each was on its core for the part `busy` of
-    /// the time, 0 to 1. Grows to at most twice of what it was.
+    /// The number of threads for the next stretch, after one with `threads` of which each was on a core for the
+    /// fraction `busy` of the time, 0 to 1. At most doubles the number.
     [[nodiscard]] static std::size_t next(std::size_t threads, double busy, const Limits &limits);
 
     explicit WalkPace(const Limits &limits) : m_limits(limits), m_threads(limits.cores) {}
 
-    /// Adds what one thread of a walk did for a while: how long it took, for how much of it the thread had its core,
-    /// and whether it waited at all. The number to have from now on, where that is another. Any thread.
+    /// Adds a measurement from one walking thread: elapsed time, CPU time, and whether it blocked at all. Returns the
+    /// new number of threads if it changes. Any thread.
     [[nodiscard]] std::optional<std::size_t> add(std::chrono::nanoseconds taken, std::chrono::nanoseconds processor,
                                                  bool waited);
 
 private:
-    // So long, of all threads together, until the next number: some listings of a slow disk, and no time that a user
-    // notices.
+    // The total time of all threads until the next decision: several listings of a slow disk, but too short for a user
+    // to notice.
     static constexpr std::chrono::milliseconds stretch{10};
 
     const Limits m_limits;
@@ -49,8 +49,8 @@ private:
     std::chrono::nanoseconds m_processor{0};
 };
 
-/// As long as one lives, the number of threads of the pool follows how long walks wait for the disk; after the last, it
-/// is the number of cores again. Of several at a time, the first one's folder decides which disk it is.
+/// While one exists, the pool's number of threads follows how long walks wait for the disk; after the last, it is the
+/// number of cores again. With several at a time, the first one's folder determines the disk.
 class PacedWalk {
 public:
     explicit PacedWalk(const std::string &folder);
@@ -58,11 +58,11 @@ public:
     PacedWalk(const PacedWalk &) = delete;
     PacedWalk &operator=(const PacedWalk &) = delete;
 
-    /// The pace of the walks that are going on; null where there is none, or where the number of threads is fixed.
+    /// The pace of the running walks; null if there are none, or if the number of threads is fixed.
     [[nodiscard]] static std::shared_ptr<WalkPace> current();
 };
 
-/// As long as it lives, walks have exactly that many threads, whatever the disk does. The innermost counts.
+/// While it exists, walks have exactly that many threads, regardless of the disk. The innermost takes effect.
 class FixedWalkThreads {
 public:
     explicit FixedWalkThreads(std::size_t threads);
@@ -74,7 +74,8 @@ private:
     std::optional<std::size_t> m_before;
 };
 
-/// Takes the time of the calling thread, which is inside a walk, and tells the pace now and then. After each folder.
+/// Measures the calling thread, which is inside a walk, and reports to the pace from time to time. Call after each
+/// folder.
 void tickWalkPace();
 
 } // namespace corvane

@@ -16,7 +16,7 @@ std::size_t WorkPool::cores()
 
 WorkPool &WorkPool::instance()
 {
-    // It outlives every thread that may still call it while the program ends; only its threads are ended.
+    // Never destroyed, since threads may still call it while the program exits; only its threads are joined.
     static WorkPool *const pool = new WorkPool;
     static const struct Stopper {
         ~Stopper() { pool->stop(); }
@@ -42,8 +42,8 @@ void WorkPool::perform(Job &job, std::size_t helpers)
             continue;
         if (job.m_helpers == 0)
             break;
-        // A caller that has nothing left but to wait for its helpers lends its core to another thread meanwhile. It
-        // takes on no other job itself, for that would pile up on its stack without end and hold up its own return.
+        // A caller that only waits for its helpers frees its core for another thread meanwhile. It takes no other job
+        // itself, which could nest without bound and delay its return.
         --m_working;
         wakeHelpers(1);
         ++rests;
@@ -86,8 +86,7 @@ void WorkPool::stop()
         thread.join();
 }
 
-/// Lets up to `count` further threads come to the open jobs where there is room; starts those that are not there yet.
-/// Under the lock.
+/// Assigns up to `count` more threads to the open jobs if there is room, starting threads as needed. Under the lock.
 void WorkPool::wakeHelpers(std::size_t count)
 {
     if (m_isStopping || !newestOpenJob())
@@ -141,7 +140,7 @@ void WorkPool::help()
     }
 }
 
-/// The newest comes first: a nested call is finished before the one around it opens further ones. Under the lock.
+/// The newest job first: finishes a nested call before the outer one opens more. Under the lock.
 WorkPool::Job *WorkPool::newestOpenJob() const
 {
     const auto found = std::find_if(m_jobs.rbegin(), m_jobs.rend(), [](const Job *job) { return !job->isHandedOut(); });

@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-// The tool and the volume's own figures may differ by rounding to blocks.
+// The tool's figures and the volume's own may differ by block rounding.
 constexpr std::uint64_t ceilingTolerance = 1'000'000;
 
 APFSVolumeInfo volumeFrom(const PropertyList &entry)
@@ -29,7 +29,7 @@ APFSVolumeInfo volumeFrom(const PropertyList &entry)
     return volume;
 }
 
-// A list counts only when every entry is a dictionary.
+// A list is valid only if every entry is a dictionary.
 const PropertyList::Array *dictionariesOf(const PropertyList *value)
 {
     if (value == nullptr || value->array() == nullptr)
@@ -47,7 +47,7 @@ bool isSystemContainer(const APFSContainerInfo &container)
 
 std::uint64_t distance(std::int64_t a, std::int64_t b)
 {
-    // Unsigned, so that a hostile listing's extreme figures cannot overflow.
+    // Unsigned, so that extreme figures in a malicious listing cannot overflow.
     return a > b ? static_cast<std::uint64_t>(a) - static_cast<std::uint64_t>(b)
                  : static_cast<std::uint64_t>(b) - static_cast<std::uint64_t>(a);
 }

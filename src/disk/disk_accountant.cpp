@@ -21,11 +21,11 @@ namespace corvane {
 
 namespace {
 
-// What is not larger than this is not worth a row of its own.
+// Items up to this size get no row of their own.
 constexpr std::int64_t segmentLimit = 50'000'000;
 constexpr std::size_t childrenShown = 3;
 
-// Lists of snapshots are short. A service that does not answer would hold the whole breakdown up.
+// Snapshot lists are short, and a service that does not answer would block the whole breakdown.
 constexpr ProcessLimits snapshotToolLimits{.output = 4'000'000, .time = std::chrono::seconds(10)};
 
 constexpr Color systemColor{0.45, 0.52, 0.62};
@@ -49,7 +49,7 @@ bool isSupportVolume(const APFSVolumeInfo &volume)
     return std::ranges::any_of(roles, [&volume](std::string_view role) { return hasRole(volume, role); });
 }
 
-/// Whether the tool's figures can be those of one container; where they cannot, the layout counts as unreadable.
+/// Whether the tool's figures are consistent for one container; otherwise the layout counts as unreadable.
 bool addsUp(const APFSContainerInfo &container)
 {
     std::int64_t used = 0;
@@ -67,7 +67,7 @@ constexpr const char *homeDetail =
     "Your documents, apps' data, caches and projects. Explore it in the Space Map, or tidy it in Cleanup.";
 constexpr const char *openMapTitle = "Open Space Map";
 
-/// Builds one breakdown, step by step; `remainder` is the used space that no segment has explained yet.
+/// Builds one breakdown step by step; `remainder` is the used space not yet explained by a segment.
 class Composer {
 public:
     Composer(const ScanContext &scan, const DiskAccountant::Sources &sources)
@@ -118,7 +118,7 @@ private:
 
     [[nodiscard]] bool isWholeDisk() const { return m_root && *m_root == "/"; }
 
-    /// Where the places are all of the disk, they tell more of it than that it was scanned.
+    /// Whether the places cover the whole disk; they are then more informative than a single scanned segment.
     [[nodiscard]] bool placesReplaceScan() const
     {
         return isWholeDisk() && m_sources.places && !m_table.places.empty();
@@ -303,7 +303,7 @@ private:
         add(std::move(segment));
     }
 
-    /// What is in the space that no segment explains.
+    /// What may occupy the space that no segment explains.
     [[nodiscard]] std::string unmeasuredDetail() const
     {
         if (m_denied == 0)
@@ -318,7 +318,7 @@ private:
     const DiskAccountant::Sources &m_sources;
     const DiskTable &m_table = diskTableOf(m_sources.system);
     const std::string m_home;
-    std::int64_t m_denied = m_scan.unreadableCount; // folders that could not be looked into
+    std::int64_t m_denied = m_scan.unreadableCount; // folders that could not be read
     std::optional<std::string> m_root;
     std::int64_t m_remainder = 0;
     DiskBreakdown m_result;
@@ -389,7 +389,7 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
     std::vector<NamedSize> children;
     for (std::string &name : names) {
         const std::string child = joined(path, name);
-        // A child that contains the scanned folder is left out whole rather than partly.
+        // Omit a child that contains the scanned folder entirely rather than count it in part.
         if (excluding && (child == *excluding || liesBeneath(*excluding, child)))
             continue;
         const std::int64_t size = allocatedSize(child, files, stop);

@@ -18,7 +18,7 @@
 
 namespace corvane {
 
-/// Explains the whole start-up disk. Holds no state; every call blocks and belongs off the main thread.
+/// Explains the whole startup disk. Stateless; every call blocks and must run off the main thread.
 struct DiskAccountant {
     /// A folder outside the home folder that is measured for the breakdown.
     struct Location {
@@ -33,31 +33,31 @@ struct DiskAccountant {
     /// A location's size and its three largest children.
     using Measurement = std::pair<std::int64_t, std::vector<NamedSize>>;
 
-    /// Where the figures come from; each may be replaced for a test.
+    /// The sources of the figures, each replaceable in tests.
     struct Sources {
         std::function<VolumeFacts()> volume;
         std::function<std::optional<APFSContainerInfo>(std::int64_t)> container;
         std::function<std::vector<LocalSnapshot>()> snapshots;
         std::function<bool(const std::string &)> exists;
         std::function<Measurement(const std::string &, const std::optional<std::string> &)> measure;
-        /// The places of the table, measured, and how many folders could not be looked into.
+        /// Measures the places of the table; the second value is the number of folders that could not be read.
         std::function<std::pair<std::vector<BreakdownSegment>, std::int64_t>(const std::optional<std::string> &)>
             places;
         std::string home;
         SystemKind system = SystemKind::mac;
     };
 
-    /// Once stopped, the result is of no use.
+    /// When stopped, the result is meaningless.
     [[nodiscard]] static DiskBreakdown compute(const ScanContext &scan, const Host &host = systemHost(),
                                                const StopFlag &stop = neverStopped);
     [[nodiscard]] static DiskBreakdown compute(const ScanContext &scan, const Sources &sources);
 
-    /// The allocated size of a folder's children, without the child that is, or contains, `excluding`.
+    /// The allocated size of a folder's children, without the child that is or contains `excluding`.
     [[nodiscard]] static Measurement measure(const std::string &path, const std::optional<std::string> &excluding,
                                              FileSystem &files = systemHost().files,
                                              const StopFlag &stop = neverStopped);
 
-    /// The local snapshots in the order of those who keep them; none on any failure.
+    /// The local snapshots, in the order of their keepers; none on any failure.
     [[nodiscard]] static std::vector<LocalSnapshot> loadSnapshots(const Host &host = systemHost(),
                                                                   const StopFlag &stop = neverStopped);
 };

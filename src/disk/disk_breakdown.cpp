@@ -13,7 +13,7 @@ namespace corvane {
 
 namespace {
 
-// As many of the scanned folder's items as fit into one line of a row.
+// As many of the scanned folder's items as fit on one line of a row.
 constexpr std::size_t topChildrenShown = 5;
 
 } // namespace
@@ -25,7 +25,7 @@ ScanContext ScanContext::of(const FileNode &root, std::int64_t unreadableCount)
     context.rootSize = root.size;
     context.unreadableCount = unreadableCount;
     for (const auto &child : root.children) {
-        // Seen through "/", the sealed system volume is a folder, which has a segment of its own.
+        // The sealed system volume appears as a folder in "/", but has a segment of its own.
         if (*context.rootPath == "/" && child->name == "System")
             context.systemDirSize = child->size;
         else if (context.topChildren.size() < topChildrenShown)

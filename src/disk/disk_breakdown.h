@@ -14,7 +14,7 @@ namespace corvane {
 
 class FileNode;
 
-/// A name and how many bytes it stands for; identified by the name (bytes).
+/// A name and its size in bytes; identified by the name (bytes).
 struct NamedSize {
     std::string name;
     std::int64_t size = 0;
@@ -22,32 +22,32 @@ struct NamedSize {
     friend bool operator==(const NamedSize &, const NamedSize &) = default;
 };
 
-/// What the breakdown needs to know of the last finished scan.
+/// The facts about the last finished scan that the breakdown needs.
 struct ScanContext {
     std::optional<std::string> rootPath; ///< bytes; absent before the first scan
     std::int64_t rootSize = 0;
-    std::int64_t systemDirSize = 0;     ///< of a whole-disk scan, what already belongs to the system volume
-    std::vector<NamedSize> topChildren; ///< largest first; of a whole-disk scan, not the system folder
+    std::int64_t systemDirSize = 0;     ///< for a whole-disk scan, the part that belongs to the system volume
+    std::vector<NamedSize> topChildren; ///< largest first; without the system folder for a whole-disk scan
     std::int64_t unreadableCount = 0;
-    bool isPartial = false; ///< the scan was stopped: the sizes are those of what it had reached
+    bool isPartial = false; ///< the scan was stopped: the sizes cover only what it had reached
     bool hasFullDiskAccess = false;
 
-    /// What a scanned tree tells; how many of its folders could not be read is known from its summary. Whether
-    /// there is access, and whether the scan was stopped, is left to the caller.
+    /// The facts in a scanned tree; `unreadableCount` comes from its summary. The caller sets the access flag and
+    /// whether the scan was stopped.
     [[nodiscard]] static ScanContext of(const FileNode &root, std::int64_t unreadableCount);
 };
 
-/// What a segment's button does; carried out by the screens.
+/// The action of a segment's button; carried out by the screens.
 struct BreakdownAction {
     enum class Kind { reveal, openMap, scanHome, fullDiskAccess };
 
     Kind kind = Kind::reveal;
-    std::string path; ///< of `reveal` alone
+    std::string path; ///< only for `reveal`
 
     friend bool operator==(const BreakdownAction &, const BreakdownAction &) = default;
 };
 
-/// One explained part of the disk; identified by `id`, which is the same from one refresh to the next.
+/// One explained part of the disk; identified by `id`, which is stable across refreshes.
 struct BreakdownSegment {
     enum class Kind { system, support, vm, scanned, measured, purgeable, hidden, otherVolume };
 
@@ -58,35 +58,35 @@ struct BreakdownSegment {
     std::string symbol;
     Color color;
     std::int64_t size = 0;
-    std::vector<NamedSize> children; ///< the largest items inside, where known
+    std::vector<NamedSize> children; ///< the largest items inside, if known
     std::optional<BreakdownAction> action;
     std::optional<std::string> actionTitle;
 
     friend bool operator==(const BreakdownSegment &, const BreakdownSegment &) = default;
 };
 
-/// Where the space on the start-up disk went. The segments, largest first, add up to the used space.
+/// The use of the startup disk's space. The segments, largest first, add up to the used space.
 struct DiskBreakdown {
     std::string volumeName;
     std::int64_t total = 0;
     std::int64_t free = 0;
-    std::int64_t purgeable = 0; ///< the estimate as it is, not capped by what is left to explain
+    std::int64_t purgeable = 0; ///< the system's estimate, not capped by the unexplained space
     std::vector<BreakdownSegment> segments;
     std::vector<LocalSnapshot> snapshots;
     bool hasScan = false;
     bool scanIsPartial = false; ///< the scan was stopped, so most of the unexplained space was not scanned
     bool fromAPFS = false;
-    std::int64_t overcount = 0; ///< by how much the measured folders exceed what the disk uses
-    std::int64_t reserved = 0;  ///< what the file system keeps back for the administrator: neither used nor free
-    SystemKind system = SystemKind::mac; ///< whose words the notes are written in
+    std::int64_t overcount = 0;          ///< by how much the measured folders exceed the used space
+    std::int64_t reserved = 0;           ///< reserved by the file system for root: neither used nor free
+    SystemKind system = SystemKind::mac; ///< determines the texts of the notes
 
-    /// The bytes of the hidden segment, 0 without one.
+    /// The bytes of the hidden segment; 0 without one.
     [[nodiscard]] std::int64_t hidden() const;
     /// `total` - `free`.
     [[nodiscard]] std::int64_t used() const;
-    /// How much of the used space is explained, in whole percent; 0 when nothing is used.
+    /// The explained share of the used space, in whole percent; 0 if nothing is used.
     [[nodiscard]] int explainedPercentage() const;
-    /// What is to be known of the figures, each in a sentence or two.
+    /// Notes about the figures, one or two sentences each.
     [[nodiscard]] std::vector<std::string> footnotes() const;
 
     friend bool operator==(const DiskBreakdown &, const DiskBreakdown &) = default;

@@ -44,7 +44,7 @@ std::optional<std::int64_t> DiskPlaces::sizeIn(const std::string &output, SizeTo
     return output.empty() ? std::nullopt : std::optional(sum);
 }
 
-/// One run over all places.
+/// One measurement of all places.
 class DiskPlaces::Measurement {
 public:
     Measurement(const DiskPlaces &places, const std::optional<std::string> &root)
@@ -88,7 +88,7 @@ public:
     [[nodiscard]] std::int64_t denied() const { return m_denied + m_walk.unreadable(); }
 
 private:
-    /// Where the system does not tell what is mounted, the devices of "/" and of the home folder have to do.
+    /// If the mounts are unknown, restricts the walk to the devices of "/" and of the home folder.
     void keepToTheDisk()
     {
         if (!m_files.mounts().empty())
@@ -122,7 +122,7 @@ private:
 
     [[nodiscard]] bool isScanned(std::string_view path) const { return m_root && isOrLiesBeneath(path, *m_root); }
 
-    /// Whether it lies on the disk, and not in a place that a walk of the disk does not enter.
+    /// Whether the path is on the disk, and not inside a folder that a walk of the disk skips.
     [[nodiscard]] bool isOnDisk(std::string_view path) const
     {
         return std::ranges::none_of(m_skipped,
@@ -134,7 +134,7 @@ private:
         BreakdownSegment segment = segmentOf(place);
         for (const std::string_view named : place.folders) {
             const std::string folder = named.empty() ? std::string() : pathOf(named);
-            // The home folder may be one of the others, as that of the administrator is.
+            // The home folder may be one of the other places, as root's is.
             if (folder.empty() || (named != "~" && folder == m_realHome) || !isOnDisk(folder))
                 continue;
             std::vector<NamedSize> children;
@@ -160,7 +160,7 @@ private:
         return segment;
     }
 
-    /// What lies beneath a folder and in no place of its own, with the items directly inside.
+    /// The size of a folder without the places inside it; also returns the items directly inside.
     std::int64_t sizeOf(const std::string &path, std::vector<NamedSize> &children)
     {
         const auto facts = m_files.facts(path);
@@ -232,7 +232,7 @@ private:
         return isOrLiesBeneath(std::string_view(place).substr(0, place.find('\n')), folder);
     }
 
-    /// Whether no other place lies between a place and a folder beneath it.
+    /// Whether no other place lies between a place and a folder inside it.
     [[nodiscard]] bool belongsTo(std::string_view folder, std::string_view place) const
     {
         for (const DiskPlace &other : m_places.m_table.places) {
@@ -249,8 +249,7 @@ private:
         return error.code == std::errc::permission_denied || error.code == std::errc::operation_not_permitted;
     }
 
-    /// Inside a container the kernel lists the swap files of the computer around it. One that was deleted is still
-    /// used.
+    /// In a container, the kernel lists the host's swap files. A deleted swap file is still in use.
     [[nodiscard]] bool isThere(const SwapFile &file) const
     {
         const auto facts = m_files.facts(file.path);

@@ -13,21 +13,21 @@
 
 namespace corvane {
 
-/// The places of a system's disk, measured: what each takes of the disk, nothing twice.
+/// Measures the places of a system's disk: the space that each occupies, without double counting.
 class DiskPlaces {
 public:
-    /// What is referred to must outlive it.
+    /// All references must outlive the object.
     DiskPlaces(const DiskTable &table, const Host &host, ToolRunner runTool, const StopFlag &stop);
 
-    /// A segment of every place, of the files that are swapped to and of the deleted files that are still open,
-    /// whatever their size, in the order of the table. What lies in the scanned folder is left out. Of a place that the
-    /// user may not read, what its tool tells.
+    /// One segment for each place, for swap files and for open deleted files, whatever their size, in the order of the
+    /// table. Leaves out the contents of the scanned folder. For a place that the user may not read, uses the figure of
+    /// its tool.
     [[nodiscard]] std::vector<BreakdownSegment> measure(const std::optional<std::string> &scannedRoot);
 
-    /// How many folders `measure` could not look into.
+    /// The number of folders that `measure` could not read.
     [[nodiscard]] std::int64_t denied() const { return m_denied; }
 
-    /// The bytes that a tool's output tells; nothing where it cannot be read.
+    /// The bytes reported in a tool's output; nothing if it cannot be parsed.
     [[nodiscard]] static std::optional<std::int64_t> sizeIn(const std::string &output, SizeTool::Answer answer);
 
 private:

@@ -12,12 +12,12 @@ namespace {
 
 constexpr std::string_view stampPattern = "yyyy-MM-dd-HHmmss";
 
-// The characters that count as blank: the tab and Unicode's space separators.
+// White space: the tab and Unicode's space separators.
 constexpr std::string_view blanks[] = {"\t",     " ",      "\u00A0", "\u1680", "\u2000", "\u2001",
                                        "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007",
                                        "\u2008", "\u2009", "\u200A", "\u202F", "\u205F", "\u3000"};
 
-/// The text without the blanks at either end.
+/// The text without leading and trailing white space.
 std::string_view withoutBlanks(std::string_view text)
 {
     const auto *const end = std::ranges::end(blanks);
@@ -40,7 +40,7 @@ std::size_t characterCount(std::string_view text)
         std::ranges::count_if(text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xc0) != 0x80; }));
 }
 
-// The first dot-separated piece that looks like a stamp decides, whether it can be read or not.
+// Only the first dot-separated part that looks like a stamp is tried, even if it does not parse.
 std::optional<Time> timeFromName(std::string_view name)
 {
     while (!name.empty()) {

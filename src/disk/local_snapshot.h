@@ -10,19 +10,20 @@
 
 namespace corvane {
 
-/// A snapshot of the start-up disk that the system keeps on the disk itself, identified by its name.
+/// A snapshot of the startup disk stored on that disk, identified by its name.
 struct LocalSnapshot {
-    std::string name;         ///< as the system lists it; of a Mac begins with "com.apple"
-    std::optional<Time> date; ///< when it was taken, if that is known
-    /// What is freed when it alone is deleted, bytes, where the file system tells.
+    std::string name;         ///< as listed by the system; on a Mac it starts with "com.apple"
+    std::optional<Time> date; ///< when it was taken, if known
+    /// Bytes freed by deleting only this snapshot, if the file system reports them.
     std::optional<std::int64_t> size = {};
-    /// For the user to copy: lists all that its keeper has, and deletes this one. Empty where the system thins them.
+    /// Commands for the user to copy: list all snapshots of its keeper, and delete this one. Empty if the system thins
+    /// them.
     std::string listCommand = {};
     std::string deleteCommand = {};
 
     friend bool operator==(const LocalSnapshot &, const LocalSnapshot &) = default;
 
-    /// The snapshots of a Mac's listing, in its order; nothing for text that is not UTF-8.
+    /// The snapshots in a Mac's listing, in its order; nothing if the text is not UTF-8.
     [[nodiscard]] static std::vector<LocalSnapshot> parse(std::string_view listing);
 };
 

@@ -15,7 +15,7 @@ namespace corvane {
 
 namespace {
 
-// A longer list is of no use, and a tool whose list never ends must not fill the memory.
+// A longer list is useless, and an endless one must not exhaust memory.
 constexpr std::size_t mostSnapshots = 10'000;
 constexpr std::size_t mostConfigurations = 32;
 constexpr std::size_t mostInfoBytes = 64UL * 1024;
@@ -106,7 +106,7 @@ std::vector<LocalSnapshot> SnapshotListing::keptBy(SnapshotKeeper keeper) const
 std::vector<std::string> SnapshotListing::snapperConfigurations(std::string_view table)
 {
     std::vector<std::string> names;
-    takeLine(table); // the names of the columns
+    takeLine(table); // column headings
     while (!table.empty() && names.size() < mostConfigurations) {
         std::string_view line = takeLine(table);
         const std::string_view name = takePart(line, ',');
@@ -144,7 +144,7 @@ std::vector<LocalSnapshot> SnapshotListing::snapper() const
     std::vector<LocalSnapshot> snapshots;
     if (!m_files.exists(tool))
         return snapshots;
-    // Each configuration is open to the users that it names.
+    // Each configuration can be read by the users listed in it.
     const std::string configurations =
         m_runTool(tool, {"--csvout", "list-configs", "--columns", "config"}).value_or(std::string());
     for (const std::string &name : snapperConfigurations(configurations)) {
@@ -155,8 +155,7 @@ std::vector<LocalSnapshot> SnapshotListing::snapper() const
     }
     if (!snapshots.empty())
         return snapshots;
-    // Earlier versions cannot write such tables. What lies beside the snapshots of "/" tells the same where it may be
-    // read.
+    // Earlier versions cannot write such tables. If readable, the files beside the snapshots of "/" contain the same.
     const std::string folder = "/.snapshots";
     for (const std::string &name : foldersIn(folder)) {
         const auto number = snapperNumber(name);
@@ -188,7 +187,7 @@ std::vector<LocalSnapshot> SnapshotListing::timeshift() const
     for (const char *folder :
          {"/timeshift/snapshots", "/timeshift-btrfs/snapshots", "/run/timeshift/backup/timeshift/snapshots",
           "/run/timeshift/backup/timeshift-btrfs/snapshots"}) {
-        // A backup on another disk takes nothing of this one. Which disk it is, is known without touching it.
+        // A backup on another disk occupies nothing on this one. The mounts show which disk it is without accessing it.
         const MountedFolder *const mount = mounts.holding(folder);
         if (mount == nullptr || std::ranges::find(disk, mount->fileSystem, &MountedFolder::fileSystem) == disk.end())
             continue;
@@ -212,7 +211,7 @@ std::vector<LocalSnapshot> SnapshotListing::ofZfs(std::string_view table, const 
         const std::optional<std::int64_t> used = numberIn(takePart(line, '\t'));
         const std::optional<std::int64_t> created = numberIn(line);
         const std::size_t mark = name.find('@');
-        // The command for a name without "@" would delete what the snapshot was taken of.
+        // With a name without "@", the command would delete the file system itself.
         if (mark == std::string_view::npos || mark + 1 == name.size() ||
             name.find('@', mark + 1) != std::string_view::npos ||
             !consistsOf(name, std::string(lettersAndDigits) + "_./:@- ") ||

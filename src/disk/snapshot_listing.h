@@ -16,26 +16,27 @@
 
 namespace corvane {
 
-/// Reads which snapshots of the disk there are, as far as that needs no privilege. What cannot be read has none.
+/// Reads the snapshots of the disk as far as possible without privileges. A source that cannot be read counts as empty.
 class SnapshotListing {
 public:
-    /// The files must outlive it.
+    /// `files` must outlive the object.
     SnapshotListing(FileSystem &files, ToolRunner runTool) : m_files(files), m_runTool(std::move(runTool)) {}
 
-    /// In the order of the keepers and of their own lists. Blocks; not on the main thread.
+    /// In the order of the keepers, then of each one's list. Blocks; off the main thread.
     [[nodiscard]] std::vector<LocalSnapshot> read(std::span<const SnapshotKeeper> keepers) const;
 
-    // --- What the tools write
+    // --- Parsers of tool output
 
-    /// The names in snapper's table of configurations; without those that could be taken for an option.
+    /// The names in snapper's table of configurations, without names that could be mistaken for an option.
     [[nodiscard]] static std::vector<std::string> snapperConfigurations(std::string_view table);
-    /// The snapshots in its table of one configuration's "number,date", dates in UTC. 0 is the present state.
+    /// The snapshots in its "number,date" table for one configuration, dates in UTC. Number 0 is the current state, not
+    /// a snapshot.
     [[nodiscard]] static std::vector<LocalSnapshot> ofSnapper(const std::string &configuration, std::string_view table);
     /// The date in the file that snapper writes beside a snapshot.
     [[nodiscard]] static std::optional<Time> dateInInfo(std::string_view xml);
-    /// One that timeshift keeps in a folder of that name; nothing for any other folder.
+    /// The snapshot that timeshift keeps in a folder of that name; nothing for any other folder.
     [[nodiscard]] static std::optional<LocalSnapshot> ofTimeshift(std::string_view folder);
-    /// The snapshots of those pools in zfs's table of names, bytes and seconds, divided by tabs.
+    /// The snapshots of those pools in zfs's tab-separated table of names, bytes and seconds.
     [[nodiscard]] static std::vector<LocalSnapshot> ofZfs(std::string_view table, const std::set<std::string> &pools);
 
 private:
@@ -49,7 +50,7 @@ private:
     const ToolRunner m_runTool;
 };
 
-/// The text as one word of a shell's command.
+/// Quotes the text as one word of a shell command.
 [[nodiscard]] std::string shellWord(std::string_view text);
 
 } // namespace corvane

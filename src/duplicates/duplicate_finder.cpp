@@ -18,14 +18,14 @@ namespace {
 
 using Node = std::shared_ptr<FileNode>;
 
-/// A candidate, with the file's status when it was read.
+/// A candidate and the file's status when it was read.
 struct Candidate {
     Node node;
     FileStatus seen;
 };
 using Candidates = std::vector<Candidate>;
 
-/// A version 4 UUID.
+/// A random (version 4) UUID.
 std::string freshId()
 {
     std::random_device source;
@@ -37,7 +37,7 @@ std::string freshId()
                        word(), word(), word());
 }
 
-/// The files of each size that more than one has: the largest first, each size's in the order given.
+/// Groups the files that share a size with another one: largest size first, each group in the given order.
 std::vector<Candidates> groupedBySize(std::span<const Node> nodes)
 {
     std::map<std::int64_t, Candidates, std::greater<>> bySize;
@@ -77,8 +77,8 @@ private:
     double m_last = 0;
 };
 
-/// Opens files in the order given, some ahead of the one that is asked for, so that the disk reads what comes next
-/// while the processor works.
+/// Opens files in the given order, a few ahead of the current one, so that the disk reads ahead while the processor
+/// hashes.
 class FilesAhead {
 public:
     using Announce = void (*)(FileReader &);
@@ -88,14 +88,14 @@ public:
     {
     }
 
-    /// The next files after those that were added before.
+    /// Appends files to the queue.
     void add(const Candidates &candidates)
     {
         for (const Candidate &candidate : candidates)
             m_waiting.push_back(candidate.node.get());
     }
 
-    /// The next one, or null where it cannot be opened.
+    /// The next file, or null if it cannot be opened.
     std::unique_ptr<FileReader> next()
     {
         open(1);
@@ -124,7 +124,7 @@ private:
     std::deque<std::unique_ptr<FileReader>> m_open;
 };
 
-/// Groups files of equal fingerprints, in the order of each group's first file.
+/// Groups files with equal fingerprints, in the order of each group's first file.
 class Fingerprinted {
 public:
     void add(const Fingerprint &fingerprint, Candidate candidate)
@@ -135,7 +135,7 @@ public:
         m_groups[place->second].push_back(std::move(candidate));
     }
 
-    /// Without groups of one file.
+    /// Without groups of a single file.
     [[nodiscard]] std::vector<Candidates> take()
     {
         std::erase_if(m_groups, [](const Candidates &group) { return group.size() < 2; });
@@ -221,7 +221,7 @@ private:
             }
             m_progress.advance();
         }
-        if (m_stop) // the last fingerprint may be that of a part
+        if (m_stop) // the last fingerprint may cover only a part
             return;
         for (Candidates &group : same.take())
             m_groups.push_back(groupOf(std::move(group)));

@@ -12,14 +12,14 @@
 
 namespace corvane {
 
-/// Finds files with the same contents: first by size, then by the SHA-256 fingerprint of a part, last by that of the
-/// whole. Blocks; any thread. Reads one file at a time.
+/// Finds files with identical contents: first by size, then by the SHA-256 fingerprint of a part, finally by that of
+/// the whole file. Blocks; any thread. Reads one file at a time.
 struct DuplicateFinder {
-    /// Called on the thread of the search with how far it is, from 0 to 1, in steps of at least a hundredth.
+    /// Called on the search thread with the progress from 0 to 1, in steps of at least 0.01.
     using Progress = std::function<void(double)>;
 
-    /// The groups among the nodes that are files, the most wasteful first. A file that cannot be opened or read takes
-    /// no part. Once stopped, the groups found so far.
+    /// The groups among those nodes that are files, most wasteful first. Skips files that cannot be opened or read.
+    /// When stopped, the groups found so far.
     [[nodiscard]] static std::vector<DuplicateGroup> find(std::span<const std::shared_ptr<FileNode>> nodes,
                                                           const Progress &progress,
                                                           FileSystem &files = systemHost().files,

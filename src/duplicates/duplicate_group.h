@@ -15,23 +15,22 @@ namespace corvane {
 
 /// Files with the same contents, identified by `id`.
 struct DuplicateGroup {
-    std::string id;                               ///< a UUID, made when the group is built
-    std::int64_t size = 0;                        ///< allocated bytes of each file, as the scan found them
+    std::string id;                               ///< a UUID, created with the group
+    std::int64_t size = 0;                        ///< allocated bytes of each file, from the scan
     std::vector<std::shared_ptr<FileNode>> files; ///< at least two, newest first
-    std::vector<FileStatus> seen;                 ///< of the same files, when they were compared
+    std::vector<FileStatus> seen;                 ///< status of the same files when they were compared
 
-    /// The space of every copy but one: size × (number of files − 1).
+    /// The size of all copies but one: size × (number of files − 1).
     [[nodiscard]] std::int64_t waste() const;
 
-    /// The same without the copies that are another name of a file counted already: removing one of those frees
-    /// nothing.
+    /// The same without hard links to a file already counted: removing one of those frees nothing.
     [[nodiscard]] std::int64_t reclaimable() const;
 
-    /// For each file, the first one before it that is the same file on the disk under another name.
+    /// For each file, the first earlier one that is a hard link to the same file.
     [[nodiscard]] std::vector<std::optional<std::size_t>> sharedStorage() const;
 };
 
-/// The space that all groups waste.
+/// The reclaimable space of all groups.
 [[nodiscard]] std::int64_t totalReclaimable(std::span<const DuplicateGroup> groups);
 
 } // namespace corvane

@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::size_t chunkSize = 1024UL * 1024;
 constexpr std::int64_t endSize = 64 * 1024;
-// While one chunk is being hashed the disk should be reading the next ones. Two are enough for the fastest disk; more
-// would only push out of memory what others need.
+// The disk should read the next chunks while one is hashed. Two suffice for the fastest disk; more would only evict
+// other data from the cache.
 constexpr std::int64_t aheadSize = 2 * static_cast<std::int64_t>(chunkSize);
 
 std::int64_t lengthOf(FileReader &file)
@@ -21,7 +21,7 @@ std::int64_t lengthOf(FileReader &file)
     return status ? status->length : 0;
 }
 
-/// The library fails only where it lacks memory or the algorithm itself.
+/// The library fails only for lack of memory or of the algorithm itself.
 void require(int result)
 {
     if (result != 1)

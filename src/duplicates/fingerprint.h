@@ -11,10 +11,10 @@
 
 namespace corvane {
 
-/// The SHA-256 digest of what was read of a file.
+/// The SHA-256 digest of the bytes read from a file.
 using Fingerprint = std::array<std::byte, 32>;
 
-/// Takes fingerprints of files, one after another, with the memory of one chunk. One thread.
+/// Computes fingerprints of files one after another, using one chunk of memory. One thread.
 class Fingerprinter {
 public:
     Fingerprinter();
@@ -22,21 +22,21 @@ public:
     Fingerprinter(const Fingerprinter &) = delete;
     Fingerprinter &operator=(const Fingerprinter &) = delete;
 
-    /// Of the first 64 KiB and, where the file is longer than 128 KiB, of the last 64 KiB. Nothing where it cannot be
-    /// read: two files that fail alike are not alike.
+    /// Covers the first 64 KiB and, for a file longer than 128 KiB, the last 64 KiB. Nothing if it cannot be read: two
+    /// unreadable files must not compare equal.
     [[nodiscard]] std::optional<Fingerprint> ofEnds(FileReader &file);
 
-    /// Of the whole file. Once stopped, of a part. Nothing where it cannot be read.
+    /// Covers the whole file, or only a part if stopped. Nothing if it cannot be read.
     [[nodiscard]] std::optional<Fingerprint> ofAll(FileReader &file, const StopFlag &stop);
 
-    /// Tells the system what the two will read first.
+    /// Hints to the system which bytes `ofEnds` and `ofAll` will read first.
     static void announceEnds(FileReader &file);
     static void announceAll(FileReader &file);
 
 private:
     struct Digest;
 
-    /// Feeds what the file holds from there on, at most `length` bytes; how many there were.
+    /// Hashes at most `length` bytes of the file from `offset`; returns how many there were.
     [[nodiscard]] std::optional<std::size_t> feed(FileReader &file, std::int64_t offset, std::size_t length);
 
     const std::unique_ptr<Digest> m_digest;

@@ -44,7 +44,7 @@ RemovalConditions FoundDuplicates::conditionsOf(const Selection &entries, const 
         kept.emplace(pledge.group.id, pledge.kept);
         groups.push_back(pledge.group);
     }
-    // Last, for they say what the files are now.
+    // Last, because they contain the files' current status.
     groups.insert(groups.end(), m_groups.begin(), m_groups.end());
     return corvane::conditionsOf(entries, groups, kept);
 }

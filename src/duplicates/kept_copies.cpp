@@ -7,7 +7,7 @@ namespace corvane {
 
 namespace {
 
-/// Whether an entry that is not held back would take the file.
+/// Whether an entry that may be removed would take the file with it.
 bool isTaken(const std::string &path, const Selection &entries, const RemovalConditions &conditions)
 {
     return std::ranges::any_of(entriesAround(entries, path), [&](const std::string &entry) {
@@ -16,7 +16,8 @@ bool isTaken(const std::string &path, const Selection &entries, const RemovalCon
     });
 }
 
-/// What the entries that take files of the group must find. Of a group of the rule a folder counts as well as a file.
+/// Adds the conditions for entries that remove files of the group. If the group was selected by a rule, entries that
+/// are folders count too.
 void addConditions(const DuplicateGroup &group, bool isOfRule, const Selection &entries, RemovalConditions &conditions)
 {
     auto staying = std::make_shared<std::vector<KeptCopy>>();
@@ -56,7 +57,7 @@ RemovalConditions conditionsOf(const Selection &entries, std::span<const Duplica
                                const CopiesKeptByRule &keptByRule)
 {
     RemovalConditions conditions;
-    // First what stays after all, for a folder that stays keeps the files of every group in it.
+    // Determine first what stays, since a folder that stays keeps the files of every group in it.
     for (const DuplicateGroup &group : groups) {
         const auto kept = keptByRule.find(group.id);
         if (kept == keptByRule.end())

@@ -13,7 +13,7 @@ namespace corvane {
 
 namespace {
 
-/// The first eight bytes of a text as a number of the same order: most names differ there.
+/// The first eight bytes of a text as a number with the same order: most names already differ there.
 std::uint64_t startOf(std::string_view text)
 {
     std::uint64_t start = 0;
@@ -105,7 +105,7 @@ std::vector<std::uint32_t> ListedFiles::kindRanks() const
 
 std::vector<std::uint32_t> ListedFiles::locationRanks() const
 {
-    // Far fewer folders than files.
+    // There are far fewer folders than files.
     std::unordered_map<std::string, std::uint32_t> folders;
     std::vector<std::uint32_t> ranks;
     ranks.reserve(m_files.size());

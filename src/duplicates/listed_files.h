@@ -13,7 +13,7 @@
 
 namespace corvane {
 
-/// The columns that a table of files can be sorted by.
+/// The sortable columns of a table of files.
 enum class FileColumn : std::uint8_t { name, size, kind, modified, location };
 inline constexpr std::size_t fileColumnCount = 5;
 
@@ -24,21 +24,21 @@ struct FileSort {
     friend bool operator==(const FileSort &, const FileSort &) = default;
 };
 
-/// The rows of a table, owned by the `ListedFiles` that gave them.
+/// The rows of a table, owned by the `ListedFiles` that returned them.
 struct FileRows {
     std::vector<const FileNode *> files;
     std::int64_t total = 0; ///< bytes
 };
 
-/// The files of a scan with all that tables of them are filtered and sorted by, worked out once for a tree: a filter or
-/// an order of half a million then takes milliseconds. Among files that a column does not tell apart the order is the
-/// one given, whichever the direction.
+/// The files of a scan with all values needed to filter and sort tables of them, computed once per tree: filtering or
+/// sorting half a million then takes milliseconds. Files with equal values in a column keep the given order in either
+/// direction.
 ///
-/// Made on the thread that owns the tree, whose sizes and dates it copies; `prepare`, which takes long, may run on
-/// another one. Immutable afterwards.
+/// Create it on the thread that owns the tree, whose sizes and dates it copies; `prepare`, which takes long, may run on
+/// another thread. Immutable afterwards.
 class ListedFiles {
 public:
-    /// `home` shortens the locations to "~".
+    /// `home` is shortened to "~" in locations.
     ListedFiles(FileList files, Casing casing, std::string home);
 
     void prepare();
@@ -51,8 +51,8 @@ public:
 private:
     /// All files in the ascending order of a column.
     struct Order {
-        std::vector<std::uint32_t> places; ///< in `m_files`
-        std::vector<bool> startsGroup;     ///< of each of these: it differs from the one before
+        std::vector<std::uint32_t> places; ///< indices into `m_files`
+        std::vector<bool> startsGroup;     ///< for each index: whether its value differs from that of the previous one
     };
 
     [[nodiscard]] Order orderBy(const std::function<bool(std::uint32_t, std::uint32_t)> &isLess) const;
@@ -70,7 +70,7 @@ private:
     std::vector<Time> m_dates;
     std::vector<FileType> m_types;
     SearchableNames m_names;
-    std::array<Order, fileColumnCount> m_orders; // by `FileColumn`
+    std::array<Order, fileColumnCount> m_orders; // indexed by `FileColumn`
 };
 
 } // namespace corvane

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// The window with every screen that the program has.
+/// The window with all screens of the program.
 MainWindow {
     screens: SidebarModel {
         WindowScreen {

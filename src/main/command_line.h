@@ -6,13 +6,13 @@
 
 namespace corvane {
 
-/// What the window program was asked on its command line. Works on bytes, so that any folder can be named.
+/// The parsed command line of the window program. Works on bytes, so that any folder can be named.
 struct CommandLine {
     enum class Request { window, help, version, wrong };
 
     Request request = Request::window;
-    std::string folder; ///< to be scanned at once, as it was written; empty for none
-    std::string error;  ///< one line, when the request is wrong
+    std::string folder; ///< to scan at once, as typed; empty for none
+    std::string error;  ///< one line, if the request is wrong
 
     /// `arguments` without the program's own name.
     [[nodiscard]] static CommandLine parse(std::span<const std::string_view> arguments);

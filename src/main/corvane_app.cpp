@@ -19,7 +19,7 @@ namespace corvane {
 
 namespace {
 
-// Left to itself Qt ends the program with abort() when the graphics driver gives it nothing to draw with.
+// By default Qt calls abort() if the graphics driver provides nothing to draw with.
 void endWithoutGraphics(QQuickWindow::SceneGraphError, const QString &message)
 {
     std::fprintf(stderr, "corvane: %s; QT_QUICK_BACKEND=software draws without the graphics driver\n",
@@ -47,7 +47,7 @@ CorvaneApp::CorvaneApp(const QUrl &site, const UpdateConfiguration &updates, con
 
 bool CorvaneApp::openWindow()
 {
-    // Measuring keeps every core busy, which the window needs while it is made.
+    // Measuring keeps every core busy while the window needs them for its creation.
     m_store.holdBreakdown();
     QQmlComponent main(&m_engine, QUrl(QStringLiteral("qrc:/qt/qml/Corvane/App/Main.qml")));
     m_root.reset(main.create());
@@ -83,7 +83,7 @@ void CorvaneApp::finishStart()
 void CorvaneApp::answer(const StartRequest &request)
 {
     if (m_window) {
-        // Where Qt looks for it once, as a window is to be activated.
+        // Qt reads this variable once, when a window is activated.
         if (!request.activationToken.empty())
             qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.activationToken));
         m_window->setWindowStates(m_window->windowStates() & ~Qt::WindowMinimized);

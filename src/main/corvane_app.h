@@ -19,21 +19,21 @@
 
 namespace corvane {
 
-/// The program: owns the store and the services for as long as it runs, and the window over them. Made once, after the
-/// QGuiApplication and before its event loop; main thread only.
+/// The program: owns the store, the services and the window. Created once, after the QGuiApplication and before its
+/// event loop; main thread only.
 class CorvaneApp {
 public:
-    /// `site` is where what the user sends goes, `updates` where updates come from, `host` the system that is shown.
+    /// `site` receives what the user sends, `updates` configures the update check, `host` is the system shown.
     explicit CorvaneApp(const QUrl &site = AppInfo::site(),
                         const UpdateConfiguration &updates = UpdateConfiguration::ofThisBuild(),
                         const Host &host = systemHost());
 
-    /// Shows the window and brings it to the front; false, with one line on standard error, when it cannot be
-    /// made. What the start needs besides is done once the window is drawn.
+    /// Shows the window and brings it to the front; returns false, with one line on standard error, if it cannot be
+    /// created. The rest of the startup follows after the first frame.
     [[nodiscard]] bool openWindow();
 
-    /// Brings the window to the front and, where there is a folder, scans it as if it had been chosen there; one that
-    /// is being scanned already goes on. What is wrong with the folder is said in the window.
+    /// Brings the window to the front and, if a folder is given, scans it as if the user had chosen it; a scan of it
+    /// that is already running continues. Errors are shown in the window.
     void answer(const StartRequest &request);
 
     [[nodiscard]] StorageStore &store() { return m_store; }
@@ -42,20 +42,20 @@ public:
     [[nodiscard]] QQuickWindow *window() const { return m_window; }
 
 private:
-    /// Makes what is not visible yet when the window is drawn for the first time.
+    /// Creates what is not visible in the first frame.
     void finishStart();
-    /// Measures what can be cleaned, so that the figures are there when a screen shows them. Not before the welcome has
-    /// said what for: a system that guards folders asks about them one by one.
+    /// Measures the cleanup catalogue in advance, so that screens have the figures at once. Not before the welcome has
+    /// explained the reason: a system that protects folders prompts for each of them.
     void measureCleanup();
 
-    // In this order: the window state reads the window, the window reads the store and the services.
+    // Keep this order: the window state uses the window, the window uses the store and the services.
     StorageStore m_store;
     UserDefaults m_defaults;
     AppUpdater m_updater;
     API m_api;
     CrashReporter m_crashReporter;
     Services m_services;
-    // Not an application engine: it would look for variants of every file, of which there are none.
+    // Not a QQmlApplicationEngine: it would look for variants of every file, and there are none.
     QQmlEngine m_engine;
     std::unique_ptr<QObject> m_root;
     QPointer<QQuickWindow> m_window;

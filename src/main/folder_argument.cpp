@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-/// Whether it begins as an address does: with a scheme, a colon and a slash.
+/// Whether it starts like a URL: with a scheme, a colon and a slash.
 bool looksLikeAddress(std::string_view argument)
 {
     constexpr std::string_view ofSchemes = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789+-.";

@@ -7,9 +7,9 @@
 
 namespace corvane {
 
-/// The folder that an argument of the window's program means: a path, or the address that other programs hand over in
-/// its place ("file:///home/ann/My%20Photos"). What exists under that name is a path, whatever it looks like. Refuses
-/// what `existingFolder` refuses, and addresses of what no disk of this computer holds.
+/// The folder for an argument of the window program: a path, or the URL that other programs pass instead
+/// ("file:///home/ann/My%20Photos"). If an item of that name exists, the argument is a path, whatever it looks like.
+/// Fails like `existingFolder`, and for URLs that are not on a local disk.
 [[nodiscard]] Judged<std::string> folderArgument(std::string_view argument, FileSystem &files);
 
 } // namespace corvane

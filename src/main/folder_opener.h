@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// Takes the folders that the system hands to the running program, those dropped on its icon or opened with it, as
-/// requests of a later start. Installed as an event filter of the application; main thread only.
+/// Turns folders that the system passes to the running program (dropped on its icon, or opened with it) into start
+/// requests. Installed as an event filter of the application; main thread only.
 class FolderOpener final : public QObject {
     Q_OBJECT
 

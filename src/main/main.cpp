@@ -30,7 +30,8 @@ CommandLine commandLine(int argc, char **argv)
     return CommandLine::parse(arguments);
 }
 
-// Without a display Qt's constructor prints several lines and calls abort(); one line does, without a crash report.
+// Without a display, Qt's constructor prints several lines and calls abort(). Print one line and exit without a crash
+// report.
 void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString &)
 {
     if (type != QtFatalMsg)
@@ -46,7 +47,7 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString
 
 int main(int argc, char **argv)
 {
-    // Asked first, so that help does not need a display.
+    // Handle this first, so that help works without a display.
     const CommandLine::Request request = commandLine(argc, argv).request;
     if (request == CommandLine::Request::help) {
         const std::string_view help = CommandLine::helpText();
@@ -73,7 +74,7 @@ int main(int argc, char **argv)
     const QGuiApplication application(argc, argv);
     qInstallMessageHandler(handler);
 
-    // Qt has taken its own options out by now.
+    // Qt has removed its own options by now.
     const CommandLine line = commandLine(argc, argv);
     if (line.request == CommandLine::Request::wrong) {
         std::fprintf(stderr, "corvane: %s (see corvane --help)\n", corvane::displayUtf8(line.error).c_str());

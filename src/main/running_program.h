@@ -6,23 +6,23 @@
 
 namespace corvane {
 
-/// What a start of the program asks of the one that runs already.
+/// What a new start of the program requests from the running instance.
 struct StartRequest {
-    std::string folder;          ///< absolute path, byte for byte, or an address; empty: to show the window alone
-    std::string activationToken; ///< with which a desktop lets a window come to the front; empty where it gave none
+    std::string folder;          ///< absolute path, byte for byte, or a URL; empty: only show the window
+    std::string activationToken; ///< lets a window come to the front on some desktops; empty if none
 
     friend bool operator==(const StartRequest &, const StartRequest &) = default;
 };
 
-/// The one program that runs for this user, home folder and display, as long as the object lives: takes what later
-/// starts ask. Where there is no session bus there is no such program, and each start opens a window of its own. Made
-/// after the QGuiApplication; main thread only.
+/// The single instance for this user, home folder and display, while the object exists: handles the requests of later
+/// starts. Without a session bus there is no single instance, and each start opens its own window. Create it after the
+/// QGuiApplication; main thread only.
 class RunningProgram {
 public:
     using Answer = std::function<void(const StartRequest &)>;
 
-    /// Hands a request to the one that runs. False where none does, or none that sees the same disks and display, or
-    /// it does not answer within some seconds.
+    /// Passes a request to the running instance. False if there is none, if it uses other disks or another display, or
+    /// if it does not reply within a few seconds.
     [[nodiscard]] static bool handOver(const StartRequest &request);
 
     /// `answer` is called in the event loop.
@@ -33,7 +33,7 @@ public:
 
 private:
     class Listener;
-    std::unique_ptr<Listener> m_listener; // null where there is no bus
+    std::unique_ptr<Listener> m_listener; // null without a bus
 };
 
 } // namespace corvane

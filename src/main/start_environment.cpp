@@ -32,7 +32,7 @@ DesktopStart desktopStart()
 {
     DesktopStart start;
     start.activationToken = variable("XDG_ACTIVATION_TOKEN");
-    // The number keeps apart what a program hands down to those that it starts, such as a terminal to its shell.
+    // The PID distinguishes this start from variables inherited by a child, such as a terminal's shell.
     const bool isMarked = !start.activationToken.empty() || !variable("DESKTOP_STARTUP_ID").empty() ||
                           variable("GIO_LAUNCHED_DESKTOP_FILE_PID") == std::to_string(::getpid());
     start.isOne = isMarked && ::isatty(STDERR_FILENO) == 0;

@@ -5,19 +5,18 @@
 
 namespace corvane {
 
-/// Refuses what the environment says of the user's folders where no program can work with it: relative folders are
-/// ignored, and in the place of such a HOME stands that of the account. Called first: libraries read it too, and there
-/// must be no threads yet.
-/// @return the line that tells people of a refused HOME; nothing where HOME is fine
+/// Corrects environment variables for the user's folders: ignores relative folders, and replaces an unusable HOME by
+/// the account's home folder. Call it first: libraries read them too, and no other threads may exist yet.
+/// @return a message about a replaced HOME; nothing if HOME is fine
 [[nodiscard]] std::optional<std::string> settleEnvironment();
 
-/// How a desktop started the program: from its menu, or from a file manager.
+/// How a desktop started the program: from its menu or from a file manager.
 struct DesktopStart {
-    bool isOne = false;          ///< then no terminal shows what the program writes
-    std::string activationToken; ///< lets the window come to the front; empty where the desktop gave none
+    bool isOne = false;          ///< then the program's output appears on no terminal
+    std::string activationToken; ///< lets the window come to the front; empty if the desktop passed none
 };
 
-/// Asked before Qt's application is made, which takes the marks away.
+/// Call before creating Qt's application, which clears the variables.
 [[nodiscard]] DesktopStart desktopStart();
 
 } // namespace corvane

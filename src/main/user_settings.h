@@ -6,9 +6,9 @@
 
 namespace corvane {
 
-/// The settings of this user under the application's names, which must have been set. Never null. Where the settings
-/// file or its lock is no regular file (a pipe, a device), reading or writing it might never end: what is set is then
-/// kept for this run alone, and one line on standard error says so.
+/// This user's settings under the application's names, which must already be set. Never null. If the settings file or
+/// its lock is not a regular file (a pipe, a device), reading or writing might block forever: settings are then kept
+/// only in memory for this run, and one line on standard error reports it.
 [[nodiscard]] std::unique_ptr<QSettings> openUserSettings();
 
 } // namespace corvane

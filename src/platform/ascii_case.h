@@ -5,8 +5,7 @@
 
 namespace corvane {
 
-/// The byte in lower case where it is one of ASCII's letters; no other is touched. For comparing with tables that
-/// hold nothing but ASCII.
+/// Lower-cases ASCII letters and leaves other bytes alone. For comparison with tables that are pure ASCII.
 [[nodiscard]] constexpr char lowerAscii(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// The bytes of as many blocks as a file system reports; absent where that is nonsense: fewer than none, or more than
-/// a size can hold. A file system in user space reports what it likes.
+/// The number of bytes in a count of blocks; nothing if the count is negative or the product overflows, since a FUSE
+/// file system may report anything.
 template <typename Count>
 [[nodiscard]] std::optional<std::int64_t> bytesOfBlocks(Count blocks, std::uint64_t blockSize)
 {

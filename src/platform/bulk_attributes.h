@@ -12,11 +12,10 @@
 
 namespace corvane {
 
-/// The form in which macOS hands over a folder's entries by the hundred (getattrlistbulk). Plain C++, so that
-/// what takes the kernel's bytes apart can be tested on every system; the system's own headers are compared
-/// with the constants where there are any.
+/// The buffer format in which macOS returns hundreds of folder entries per call (getattrlistbulk). Plain C++, so that
+/// the parser can be tested on every system; on macOS the constants are checked against the system headers.
 
-/// Which attributes are asked for, by the group that the system puts them in.
+/// The requested attributes, by attribute group.
 struct BulkAttributes {
     static constexpr std::uint32_t name = 0x0000'0001;
     static constexpr std::uint32_t objectType = 0x0000'0008;
@@ -26,7 +25,7 @@ struct BulkAttributes {
     static constexpr std::uint32_t error = 0x2000'0000;
     static constexpr std::uint32_t returnedAttributes = 0x8000'0000;
 
-    /// Names and returned attributes are mandatory; without the object type the kernel leaves its fast way.
+    /// Names and returned attributes are mandatory; without the object type the kernel takes a slower path.
     static constexpr std::uint32_t common =
         returnedAttributes | error | name | objectType | modificationTime | finderInfo | fileNumber;
 
@@ -37,26 +36,26 @@ struct BulkAttributes {
     static constexpr std::uint32_t file = linkCount | totalAllocated | dataLength | dataAllocated;
 };
 
-/// One entry as the kernel tells it; what it does not tell is absent.
+/// One entry as returned by the kernel; attributes it did not return are absent.
 struct BulkEntry {
     static constexpr std::uint32_t directoryType = 2;
     static constexpr std::uint32_t symbolicLinkType = 5;
 
-    std::string_view name; ///< lies in the buffer
-    int error = 0;         ///< why nothing but the name is known
+    std::string_view name; ///< points into the buffer
+    int error = 0;         ///< if set, only the name is valid
     std::optional<EntryType> type;
     std::optional<Time> modified;
-    bool hasBundleBit = false;             ///< the Finder's own mark of a package
-    std::uint64_t fileNumber = 0;          ///< 0 where unknown
-    std::uint32_t links = 1;               ///< how many names it has; files only
-    std::optional<std::int64_t> allocated; ///< all forks, else the data; files only
-    std::int64_t length = 0;               ///< of the data; files only
+    bool hasBundleBit = false;             ///< the Finder's package flag
+    std::uint64_t fileNumber = 0;          ///< 0 if unknown
+    std::uint32_t links = 1;               ///< number of hard links; files only
+    std::optional<std::int64_t> allocated; ///< all forks if known, otherwise the data fork; files only
+    std::int64_t length = 0;               ///< data fork; files only
 
-    /// Whether a listing needs no more of the item than what is here.
+    /// Whether a listing needs no further attributes of the item.
     [[nodiscard]] bool isComplete() const { return error == 0 && type && (*type != EntryType::file || allocated); }
 };
 
-/// Reads one entry field after field; they follow each other at multiples of four, so none may be read in place.
+/// Reads the fields of one entry in order. Fields are only 4-byte aligned, so each one is copied out.
 class BulkReader {
 public:
     explicit BulkReader(std::span<const std::byte> entry) : m_entry(entry) {}
@@ -80,8 +79,8 @@ public:
         return m_entry.subspan(m_position - size, size);
     }
 
-    /// A text that lies elsewhere in the entry: its offset counts from where the reference itself lies, its
-    /// length includes a zero byte.
+    /// A string elsewhere in the entry: the offset is relative to the reference itself, and the length includes the
+    /// terminating NUL.
     std::string_view takeText()
     {
         const auto reference = static_cast<std::int64_t>(m_position);
@@ -101,17 +100,17 @@ public:
 private:
     std::span<const std::byte> m_entry;
     std::size_t m_position = 0;
-    bool m_whole = true; // every field so far lay inside the entry
+    bool m_whole = true; // every field so far was inside the entry
 };
 
-/// Takes the first entry off the bytes. Nothing when the bytes cannot be one: then the rest is worthless.
+/// Consumes the first entry from `bytes`. Nothing if the bytes are malformed; the rest is then unusable.
 [[nodiscard]] inline std::optional<BulkEntry> takeBulkEntry(std::span<const std::byte> &bytes)
 {
     struct Returned {
         std::uint32_t common, volume, directory, file, fork;
     };
 
-    std::uint32_t length = 0; // of the whole entry, itself included
+    std::uint32_t length = 0; // of the whole entry, including this field
     if (bytes.size() < sizeof length)
         return std::nullopt;
     std::memcpy(&length, bytes.data(), sizeof length);
@@ -122,7 +121,7 @@ private:
     reader.takeBytes(sizeof length);
     const auto returned = reader.take<Returned>();
     BulkEntry entry;
-    // Each field that is not expected would shift what follows it.
+    // An unexpected field would shift all fields after it.
     if ((returned.common & ~BulkAttributes::common) != 0 || (returned.file & ~BulkAttributes::file) != 0 ||
         returned.volume != 0 || returned.directory != 0 || returned.fork != 0)
         return std::nullopt;
@@ -142,7 +141,7 @@ private:
             reader.take<std::int64_t>(); // nanoseconds
         }
         if (returned.common & BulkAttributes::finderInfo) {
-            // 32 bytes as the Finder keeps them: the flags are big-endian on every machine.
+            // 32 bytes in the Finder's on-disk format: the flags are big-endian on every machine.
             constexpr std::byte bundleFlag{0x20};
             const auto info = reader.take<std::array<std::byte, 32>>();
             entry.hasBundleBit = (info[8] & bundleFlag) != std::byte{};

@@ -5,26 +5,26 @@
 
 namespace corvane {
 
-/// What the environment variables tell of the user's folders. The changes are made at the start of a program, before
-/// it has threads and before libraries read the variables.
+/// The environment variables for the user's folders. Changes must be made at program start, before other threads exist
+/// and before libraries read the variables.
 struct Environment {
-    /// What is wrong with HOME, for people; nothing where it is an absolute path or not set.
+    /// The problem with HOME as a message; nothing if it is an absolute path or not set.
     [[nodiscard]] static std::optional<std::string> homeComplaint();
 
-    /// The home folder that the user's account has, whatever HOME says.
+    /// The home folder of the user's account, regardless of HOME.
     [[nodiscard]] static std::string accountHome();
 
-    /// The name of the account with that number of a user; absent where there is none.
+    /// The account name for a user ID; nothing if there is none.
     [[nodiscard]] static std::optional<std::string> accountName(unsigned int user);
 
-    /// In which language, country and the like something is, such as "LC_MESSAGES" or "LC_TIME", as the user's
-    /// variables tell it ("de_AT.UTF-8"); empty where they do not.
+    /// The locale name for a category such as "LC_MESSAGES" or "LC_TIME" from the user's variables ("de_AT.UTF-8");
+    /// empty if not set.
     [[nodiscard]] static std::string locale(const char *category);
 
     /// Sets HOME to the account's home folder.
     static void useAccountHome();
 
-    /// Takes the XDG variables away that name relative paths, which their standard has ignored.
+    /// Removes XDG variables with relative paths, which their standard says to ignore.
     static void ignoreRelativeBaseFolders();
 };
 

@@ -7,19 +7,19 @@
 
 namespace corvane {
 
-/// What a call of the system failed at: the operation ("open", "move to Trash"), the path as bytes, the
-/// system's code, and, where the system gave one, its own sentence for people.
+/// A failed system call: the operation ("open", "move to Trash"), the path as bytes, the error code, and the system's
+/// own message, if it provided one.
 struct Error {
     std::string operation;
     std::string path;
     std::error_code code;
     std::string text;
-    bool inPart = false; ///< some of it has happened all the same: of a folder that was to be deleted, the rest is gone
+    bool inPart = false; ///< some of it was done: part of the folder to be deleted is gone
 
-    /// The sentence to show: the system's own where there is one, else the code's message.
+    /// The message to show: the system's own if there is one, otherwise that of the code.
     [[nodiscard]] std::string description() const { return text.empty() ? code.message() : text; }
 
-    /// Nothing has that path.
+    /// Nothing exists at that path.
     [[nodiscard]] bool isMissing() const { return code == std::errc::no_such_file_or_directory; }
 };
 

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// One of the system's file numbers; closed by its destructor.
+/// Owns a file descriptor; closed by its destructor.
 class FileDescriptor {
 public:
     FileDescriptor() = default;
@@ -26,7 +26,7 @@ public:
     }
 
     [[nodiscard]] int number() const { return m_number; }
-    /// Leaves the number open and to the caller.
+    /// Returns the descriptor without closing it; the caller owns it from now on.
     [[nodiscard]] int release() { return std::exchange(m_number, -1); }
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
 

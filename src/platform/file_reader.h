@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// What an open file is at one moment.
+/// The status of an open file at one moment.
 struct FileStatus {
     std::int64_t length = 0; ///< bytes, holes included
     Time modified = distantPast;
@@ -18,7 +18,7 @@ struct FileStatus {
     friend bool operator==(const FileStatus &, const FileStatus &) = default;
 };
 
-/// A regular file that is open for reading; closed by its destructor. One thread at a time.
+/// A regular file opened for reading; closed by its destructor. One thread at a time.
 class FileReader {
 public:
     FileReader() = default;
@@ -28,10 +28,11 @@ public:
 
     [[nodiscard]] virtual Expected<FileStatus> status() = 0;
 
-    /// Fills the buffer from that place in the file on; how many bytes there were, fewer only where the file ends.
+    /// Reads from `offset` into the buffer; returns the number of bytes read, fewer than requested only at the end of
+    /// the file.
     [[nodiscard]] virtual Expected<std::size_t> read(std::int64_t offset, std::span<std::byte> buffer) = 0;
 
-    /// Tells the system that those bytes are going to be read, so that the disk may begin. Does not wait.
+    /// Hints to the system that those bytes will be read soon, so that it can prefetch them. Does not wait.
     virtual void willRead(std::int64_t offset, std::int64_t length) = 0;
 };
 

@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// The script that asks the Finder to put an item into the Trash, with the path as a string of that language:
-/// backslashes and quotation marks in it are escaped, so that no name can end the string.
+/// A script that tells the Finder to move an item to the Trash. Backslashes and quotation marks in the path are
+/// escaped, so that no name can end the string literal.
 [[nodiscard]] inline std::string finderDeleteScript(std::string_view path)
 {
     std::string script = "tell application \"Finder\" to delete (POSIX file \"";

@@ -12,40 +12,40 @@
 
 namespace corvane {
 
-/// The folders on the way from the top of a walk down to where it stands, each directly inside the one
-/// before. Only the innermost few are kept open, so a walk may go down thousands of levels; one that was
-/// closed is opened again from its child on the way back up. Used by one thread.
+/// The folders from the top of a walk down to its current position, each directly inside the previous one. Only the
+/// innermost few stay open, so a walk may go thousands of levels deep; a closed one is reopened from its child on the
+/// way back up. Not thread-safe.
 class FolderChain {
 public:
-    /// Some systems allow a program 256 open files, and a walk runs on every core. Few folders lie deeper
-    /// than this below the top of a walk, so few are ever opened twice.
+    /// Some systems allow a program only 256 open files, and a walk runs on every core. Few folders are deeper than
+    /// this below the top of a walk, so few have to be reopened.
     static constexpr std::size_t openLimit = 16;
 
     [[nodiscard]] bool empty() const { return m_links.empty(); }
     [[nodiscard]] std::size_t size() const { return m_links.size(); }
 
-    /// Goes down into a folder directly inside the innermost one, or starts the chain.
+    /// Enters a folder directly inside the innermost one, or starts the chain.
     void push(std::shared_ptr<OpenFolder> folder)
     {
         m_links.push_back({std::move(folder), {}, {}});
         closeAllBut(openLimit);
     }
 
-    /// The position, from the top, of the outermost folder that is open.
+    /// The index, from the top, of the outermost open folder.
     [[nodiscard]] std::size_t firstOpen() const { return m_firstOpen; }
 
-    /// The open folder at that position, for another walk that goes on from there. It stays open as long as either
-    /// keeps it. Null where it is out of reach.
+    /// The open folder at that index, for another walk that continues from there. Stays open while either uses it. Null
+    /// if out of reach.
     [[nodiscard]] std::shared_ptr<OpenFolder> shared(std::size_t position) const
     {
         std::shared_ptr<OpenFolder> folder = m_links[position].folder;
         if (folder)
-            (void)folder->identity(); // from now on several threads may ask for it
+            (void)folder->identity(); // from now on several threads may call it
         return folder;
     }
 
-    /// Opens a folder directly inside the innermost one, which is not null. Where file numbers have run out, here
-    /// or for another walk, the chain gives back all but its last.
+    /// Opens a folder directly inside the innermost one, which must not be null. If descriptors have run out, here or
+    /// in another walk, the chain closes all but its last.
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name)
     {
         if (waitingForFileNumbers.load(std::memory_order_relaxed) > 0)
@@ -53,15 +53,15 @@ public:
         return openPatiently([&] { return innermost()->openChild(name); }, [this] { closeAllBut(1); });
     }
 
-    /// The innermost folder. Null when it had been closed and cannot be reached again, because what the walk
-    /// went through has been moved away meanwhile; then every folder above is out of reach as well.
+    /// The innermost folder. Null if it had been closed and cannot be reopened because it has been moved; all folders
+    /// above are then out of reach as well.
     [[nodiscard]] OpenFolder *innermost() const { return m_links.back().folder.get(); }
 
-    /// Why the innermost folder is null: what opening it again failed with. Absent where another folder was found in
-    /// its place, and as long as nothing was lost.
+    /// Why the innermost folder is null: the error of reopening it. Empty if another folder was found in its place, or
+    /// if nothing was lost.
     [[nodiscard]] const std::optional<Error> &loss() const { return m_loss; }
 
-    /// Goes back up by one folder.
+    /// Goes up by one folder.
     void pop()
     {
         const std::shared_ptr<OpenFolder> left = std::move(m_links.back().folder);
@@ -82,11 +82,11 @@ public:
 private:
     struct Link {
         std::shared_ptr<OpenFolder> folder; // null while closed
-        FolderIdentity identity;            // noted when it is closed
-        OpenFolder::Wrapping wrapping;      // the same
+        FolderIdentity identity;            // set when closed
+        OpenFolder::Wrapping wrapping;      // set when closed
     };
 
-    /// Keeps the innermost `count` open.
+    /// Keeps only the innermost `count` open.
     void closeAllBut(std::size_t count)
     {
         while (m_links.size() - m_firstOpen > count) {
@@ -98,7 +98,7 @@ private:
     }
 
     std::vector<Link> m_links;
-    std::size_t m_firstOpen = 0; // position of the outermost folder that is open
+    std::size_t m_firstOpen = 0; // index of the outermost open folder
     std::optional<Error> m_loss;
 };
 

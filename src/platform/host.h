@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// The system, one capability each. The referenced objects outlive every user of the struct.
+/// Access to the system, one interface per capability. The referenced objects outlive every user of the struct.
 struct Host {
     FileSystem &files;
     Trash &trash;
@@ -17,7 +17,7 @@ struct Host {
     Applications &applications;
 };
 
-/// The system that the program runs on. Made on first use; safe to call from any thread.
+/// The host for the running system. Created on first use; any thread.
 [[nodiscard]] const Host &systemHost();
 
 } // namespace corvane

@@ -5,14 +5,14 @@
 
 namespace corvane {
 
-/// The mounted file system that an open folder belongs to. A folder that is mounted a second time elsewhere lies
-/// on the same device there, so the device alone does not tell where one mount ends.
+/// The mount that an open folder belongs to. A folder mounted twice has the same device in both places, so the device
+/// alone does not identify the mount.
 class Mount {
 public:
-    /// Absent where the system does not answer. A descriptor that only names the folder will do.
+    /// Nothing if the system reports none. A descriptor opened with O_PATH is sufficient.
     [[nodiscard]] static std::optional<Mount> of(int descriptor);
 
-    /// By the number of the mount, or by the device where the system tells no number.
+    /// Compares mount IDs, or devices if the system has no mount IDs.
     [[nodiscard]] bool isSameAs(const Mount &other) const;
 
 private:

@@ -5,14 +5,14 @@
 
 namespace corvane {
 
-/// A folder on which a file system, or a part of one, is mounted.
+/// A mount point of a file system, or of a part of one.
 struct MountedFolder {
     std::string path;             ///< absolute, links resolved
-    std::uint64_t fileSystem = 0; ///< the same number for every mount of one file system
-    std::string shown = "/";      ///< the folder of the file system that is seen there; "/" is all of it
-    std::string source = {};      ///< what is mounted, such as a device's path; empty where unknown
-    std::string pool = {};        ///< the ZFS pool that it shares its free space in; empty elsewhere
-    bool mayNotAnswer = false;    ///< it lies behind a network, or in another program
+    std::uint64_t fileSystem = 0; ///< the same for every mount of one file system
+    std::string shown = "/";      ///< the folder of the file system that is visible there; "/" for all of it
+    std::string source = {};      ///< the mounted object, such as a device's path; empty if unknown
+    std::string pool = {};        ///< the ZFS pool that provides its free space; empty for others
+    bool mayNotAnswer = false;    ///< on a network, or served by another program
 
     friend bool operator==(const MountedFolder &, const MountedFolder &) = default;
 };

@@ -4,11 +4,11 @@
 
 namespace corvane {
 
-/// Lets this program have as many files open as the system allows, within reason. Some systems start a program with
-/// 256, and a walk on every core of a large machine takes more. Once at the start; costs nothing.
+/// Raises this program's limit of open files as far as the system allows, up to a reasonable number. Some systems start
+/// programs with 256, too few for a walk on every core of a large machine. Call once at startup; costs nothing.
 void raiseOpenFileLimit();
 
-/// How many files this program may have open; a large number where there is no limit.
+/// This program's limit of open files; a large number if unlimited.
 [[nodiscard]] std::size_t openFileLimit();
 
 } // namespace corvane

@@ -14,8 +14,8 @@
 
 namespace corvane {
 
-/// Remembers for each name extension whether the system presents folders with it as one document, so that the
-/// system, which is slow to answer, is asked once. Any thread.
+/// Caches for each name extension whether the system presents folders with it as one document, because querying the
+/// system is slow. Any thread.
 class PackageExtensionCache {
 public:
     using Question = std::function<bool(const std::string &lowerCaseExtension)>;
@@ -23,7 +23,7 @@ public:
     /// `ask` is called by one thread at a time.
     explicit PackageExtensionCache(Question ask) : m_ask(std::move(ask)) {}
 
-    /// For an extension without its dot, in any case. Without one, no folder is a package.
+    /// Takes an extension without its dot, in any case. Without an extension, a folder is not a package.
     [[nodiscard]] bool isPackageExtension(std::string_view extension)
     {
         if (extension.empty())
@@ -42,7 +42,7 @@ public:
         return answer;
     }
 
-    /// For a folder's name.
+    /// The same for a folder's name.
     [[nodiscard]] bool isPackageName(std::string_view name) { return isPackageExtension(nameExtension(name)); }
 
 private:

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-// Paths as text: bytes, nothing is asked of the system. Any thread.
+// Path functions on text (bytes); none accesses the file system. Any thread.
 
 /// The path of an item directly inside a folder.
 [[nodiscard]] std::string joined(std::string_view folder, std::string_view name);
@@ -14,18 +14,18 @@ namespace corvane {
 /// empty.
 [[nodiscard]] std::string withoutDots(std::string_view path);
 
-/// Whether `path` lies beneath `folder` (neither with dots or needless slashes); a folder does not lie beneath itself.
+/// Whether `path` is strictly inside `folder`. Both must have no dots or redundant slashes.
 [[nodiscard]] bool liesBeneath(std::string_view path, std::string_view folder);
 
 [[nodiscard]] bool isOrLiesBeneath(std::string_view path, std::string_view folder);
 
-/// The text of a path without its last component, "/" for what lies directly in it; empty where there is no slash.
+/// The path without its last component, "/" for an item directly in the root; empty if there is no slash.
 [[nodiscard]] std::string_view containingFolder(std::string_view path);
 
-/// The last component of a path's text; the whole text where that is empty ("/").
+/// The last component of a path; the whole text if that would be empty ("/").
 [[nodiscard]] std::string_view lastPathComponent(std::string_view path);
 
-/// What follows the last dot of an item's name; empty without a dot. A dot at the very start begins no extension.
+/// The text after the last dot of an item's name; empty without a dot. A leading dot does not start an extension.
 [[nodiscard]] std::string_view nameExtension(std::string_view name);
 
 } // namespace corvane

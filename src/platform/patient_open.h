@@ -8,18 +8,18 @@
 
 namespace corvane {
 
-/// Whether the program or the system had no file number left.
+/// Whether the process or the system has run out of descriptors.
 [[nodiscard]] inline bool hasRunOutOfFileNumbers(const Error &error)
 {
     return error.code == std::errc::too_many_files_open || error.code == std::errc::too_many_files_open_in_system;
 }
 
-/// How many threads are waiting for a file number: as long as there are any, others hold only what they need.
+/// The number of threads waiting for a descriptor: while there are any, others keep only what they need.
 inline std::atomic<int> waitingForFileNumbers = 0;
 
-/// Calls `open`, which answers an Expected, until it fails for another reason than that the program or the system has
-/// no file number left: then `giveBack` closes what the caller can do without, and other walks get up to a second
-/// to do the same. To take such a failure for a folder that may not be read would make the folder vanish.
+/// Calls `open`, which returns an Expected, and retries while it fails because the process or the system has run out of
+/// descriptors: `giveBack` closes what the caller can do without, and other walks get up to a second to do the same.
+/// Treating such a failure as an unreadable folder would make the folder vanish from the result.
 template <typename Open, typename GiveBack>
 [[nodiscard]] auto openPatiently(const Open &open, const GiveBack &giveBack) -> decltype(open())
 {

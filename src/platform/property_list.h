@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-/// A value of a property list. Dates and raw data are read over: nothing here needs them.
+/// A value of a property list. Dates and raw data are skipped because no caller needs them.
 class PropertyList {
 public:
     using Array = std::vector<PropertyList>;
@@ -24,18 +24,18 @@ public:
     explicit PropertyList(Array value) : m_value(std::move(value)) {}
     explicit PropertyList(Dictionary value) : m_value(std::move(value)) {}
 
-    /// Reads an XML or binary property list; nothing for anything else, whatever it is.
+    /// Parses an XML or binary property list; nothing for any other input.
     [[nodiscard]] static std::optional<PropertyList> parse(std::string_view bytes);
 
-    /// Each gives null when the value is of another type.
+    /// Null if the value is of another type.
     [[nodiscard]] const std::string *string() const { return std::get_if<std::string>(&m_value); }
     [[nodiscard]] const Array *array() const { return std::get_if<Array>(&m_value); }
     [[nodiscard]] const Dictionary *dictionary() const { return std::get_if<Dictionary>(&m_value); }
     /// The value of a dictionary's key, or null.
     [[nodiscard]] const PropertyList *find(const std::string &key) const;
-    /// A number, the fraction dropped; nothing for anything else.
+    /// A number, truncated; nothing for anything else.
     [[nodiscard]] std::optional<std::int64_t> integer() const;
-    /// A truth value, or a number's not being 0.
+    /// A boolean, or whether a number is not 0.
     [[nodiscard]] std::optional<bool> boolean() const;
 
 private:

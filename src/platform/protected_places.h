@@ -5,24 +5,24 @@
 
 namespace corvane {
 
-/// The places of one system that must never be removed, beyond those that hold everywhere. Entries named
-/// "home…" are relative to the user's home folder and start without a slash.
+/// One system's places that must never be removed, in addition to those common to all systems. Entries named "home…"
+/// are relative to the user's home folder, without a leading slash.
 struct ProtectedPlaces {
     std::vector<std::string> exact;    ///< the place itself
-    std::vector<std::string> prefixes; ///< the place and everything beneath it
+    std::vector<std::string> prefixes; ///< the place and everything inside it
     std::vector<std::string> homeExact;
     std::vector<std::string> homePrefixes;
-    /// The Trash folders at the top of volumes, relative to it ("a/b": then "a" is protected as well), and the names
-    /// of the folders that one consists of. Protected are these folders themselves, not what lies inside.
+    /// Trash folders relative to the top of a volume ("a/b" also protects "a"), and the names of their subfolders. The
+    /// folders themselves are protected, not their contents.
     std::vector<std::string> trashFolders = {};
     std::vector<std::string> trashParts = {};
-    bool ignoresCase = false; ///< the system's disks usually treat "/Users" and "/users" alike
+    bool ignoresCase = false; ///< whether disks usually treat "/Users" and "/users" as equal
 };
 
-/// This system's table.
+/// The running system's table.
 [[nodiscard]] const ProtectedPlaces &systemProtectedPlaces();
 
-/// Folders that hold no disk space of their own, such as those through which a kernel speaks; never entered.
+/// Folders without disk space of their own, such as virtual file systems of the kernel; never entered.
 [[nodiscard]] const std::vector<std::string> &systemVirtualFolders();
 
 } // namespace corvane

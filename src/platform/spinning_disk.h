@@ -4,8 +4,7 @@
 
 namespace corvane {
 
-/// Whether the folder lies on a disk that turns, where many questions at once cost more than one after another. False
-/// where the system does not tell.
+/// Whether the folder is on a spinning disk, where parallel requests are slower than sequential ones. False if unknown.
 [[nodiscard]] bool isOnSpinningDisk(const std::string &folder);
 
 } // namespace corvane

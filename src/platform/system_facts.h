@@ -7,17 +7,15 @@ namespace corvane {
 
 class FileSystem;
 
-/// What the system and the machine call themselves. Any thread; the calls that are given the files read some small
-/// ones.
+/// Names of the system and the machine. Any thread; functions that take `files` read a few small ones.
 struct SystemFacts {
-    /// The system's name and version for people, "Debian GNU/Linux 12 (bookworm)"; on macOS the version alone. Not
-    /// empty.
+    /// The system's display name and version, "Debian GNU/Linux 12 (bookworm)"; on macOS the version only. Never empty.
     [[nodiscard]] static std::string system(FileSystem &files);
 
-    /// The machine's model as its maker names it; empty where that cannot be read or was never filled in.
+    /// The manufacturer's model name; empty if it cannot be read or was never filled in.
     [[nodiscard]] static std::string model(FileSystem &files);
 
-    /// The processor's architecture, whatever this program was built for: "x86_64", "arm64".
+    /// The processor's architecture, regardless of the one this program was built for: "x86_64", "arm64".
     [[nodiscard]] static std::string architecture();
 };
 

@@ -5,11 +5,11 @@
 
 namespace corvane {
 
-/// The system whose files a root holds, whichever one this program was built for: on Linux, a root that is shaped like
-/// a Mac's is a Mac's. What differs between the two is data; the tables are chosen by this value.
+/// The system whose files a root contains, independent of the running one: on Linux, a root with a Mac's layout is
+/// treated as a Mac's. The differences are in tables selected by this value.
 enum class SystemKind : std::uint8_t { mac, linuxSystem };
 
-/// A root that holds this file is a Mac's; any other is a Linux system's.
+/// A root that contains this file is a Mac's; any other is a Linux system's.
 inline constexpr std::string_view macSystemFile = "/System/Library/CoreServices/SystemVersion.plist";
 
 } // namespace corvane

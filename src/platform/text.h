@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// The text without the blanks around it: spaces, tabs and the ends of lines.
+/// The text without leading and trailing spaces, tabs and line breaks.
 [[nodiscard]] constexpr std::string_view trimmed(std::string_view text)
 {
     constexpr std::string_view blanks = " \t\r\n";
@@ -14,7 +14,7 @@ namespace corvane {
     return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
-/// Takes the part before the first mark off the text, and the mark with it; all of the text where it has none.
+/// Consumes and returns the part before the first `mark`, together with the mark; the whole text if there is none.
 constexpr std::string_view takePart(std::string_view &text, char mark)
 {
     const std::string_view part = text.substr(0, text.find(mark));
@@ -22,14 +22,14 @@ constexpr std::string_view takePart(std::string_view &text, char mark)
     return part;
 }
 
-/// Takes the first line off the text.
+/// Consumes and returns the first line.
 constexpr std::string_view takeLine(std::string_view &text)
 {
     return takePart(text, '\n');
 }
 
-/// The start of a text, at most that many bytes of it. No character of UTF-8 is cut in two: some systems take no name
-/// that is not text.
+/// At most the first `most` bytes of a text, without splitting a UTF-8 character: some systems reject names that are
+/// not valid UTF-8.
 [[nodiscard]] constexpr std::string_view startOf(std::string_view text, std::size_t most)
 {
     if (text.size() <= most)

@@ -6,13 +6,13 @@
 
 namespace corvane {
 
-/// What the calling thread has had of the machine since it started.
+/// Resources used by the calling thread since it started.
 struct ThreadUse {
     std::chrono::nanoseconds processor{0};
-    std::optional<std::int64_t> waits; ///< how often it gave its core up to wait; absent where the system does not tell
+    std::optional<std::int64_t> waits; ///< voluntary context switches; absent if unknown
 };
 
-/// All zeros where the system does not tell. Costs about a microsecond.
+/// All zeros if unsupported. Costs about a microsecond.
 [[nodiscard]] ThreadUse threadUse();
 
 } // namespace corvane

@@ -9,38 +9,37 @@
 
 namespace corvane {
 
-/// What arrived in the Trash: the folder that it lies in now, its name there, and what it is. The folder is null where
-/// the system does not tell.
+/// An item after its move to the Trash: its folder there, its name and its identity. The folder is null if unknown.
 struct TrashedItem {
     std::shared_ptr<HeldFolder> folder;
     std::string name;
     ItemIdentity identity;
 };
 
-/// The ways in which the system puts an item where the user can take it back from. They never delete.
-/// Called one item at a time from a background thread.
+/// The system's ways to move an item to where the user can restore it. They never delete. Called for one item at a time
+/// from a background thread.
 class Trash {
 public:
     virtual ~Trash() = default;
 
-    /// Moves the item itself (a link, never its target) to the Trash of its volume. Where the system takes a path
-    /// only, another item may have the path by then: the caller compares what arrived with what was meant.
+    /// Moves the item itself (a link, never its target) to the Trash of its volume. If the system only takes a path,
+    /// another item may have that path by then: the caller must compare the result with the intended item.
     [[nodiscard]] virtual Expected<TrashedItem> trashItem(HeldFolder &folder, const std::string &name) = 0;
 
-    /// The workspace's own way for application bundles; blocks until it has finished.
+    /// The workspace's method for application bundles; blocks until it has finished.
     [[nodiscard]] virtual Expected<TrashedItem> recycle(HeldFolder &folder, const std::string &name) = 0;
 
-    /// Asks the file manager to do it, by its scripting interface; blocks until it has answered.
+    /// Asks the file manager through its scripting interface; blocks until it replies.
     [[nodiscard]] virtual Expected<void> deleteThroughFinder(const std::string &path) = 0;
 
-    /// What was asked for at once is done, or given up: lets go of what was kept for further items of it.
+    /// Call when a request is finished or abandoned: releases what was kept for its further items.
     virtual void endRequest() {}
 
-    /// Drops what the Trash has noted of an item that lay in that folder under that name. Does nothing for a folder
-    /// that is not one of the Trash, nor while the item is there.
+    /// Removes the Trash's record of an item that had that name in that folder. Does nothing if the folder is not in
+    /// the Trash, or while the item is there.
     virtual void forget(HeldFolder &folder, const std::string &name) = 0;
 
-    /// The folders in which trashed items lie: what is inside one of them is in the Trash already.
+    /// The folders that contain trashed items: anything inside one of them is already in the Trash.
     [[nodiscard]] virtual std::vector<std::string> trashFolders() = 0;
 };
 

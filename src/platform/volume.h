@@ -7,18 +7,18 @@
 
 namespace corvane {
 
-/// What the system reports of a volume in one request; what it does not report is absent.
+/// Facts about a volume from one request; unknown ones are absent.
 struct VolumeFacts {
     std::optional<std::string> name;
     std::optional<std::int64_t> total;                    ///< bytes
     std::optional<std::int64_t> available;                ///< bytes
     std::optional<std::int64_t> availableForImportantUse; ///< bytes, purgeable space included
-    std::optional<std::int64_t> reserved = {}; ///< bytes kept back for the administrator, in none of the others
+    std::optional<std::int64_t> reserved = {};            ///< bytes reserved for root, not included in the others
 
     friend bool operator==(const VolumeFacts &, const VolumeFacts &) = default;
 };
 
-/// A file that the system keeps parts of its memory in.
+/// A file that the system swaps memory to.
 struct SwapFile {
     std::string path;
     std::int64_t size = 0; ///< bytes on disk
@@ -26,27 +26,27 @@ struct SwapFile {
     friend bool operator==(const SwapFile &, const SwapFile &) = default;
 };
 
-/// Files that have been deleted and take up space as long as a program has them open.
+/// Deleted files that occupy space because a program still has them open.
 struct HeldFiles {
     std::string program;
-    std::int64_t size = 0; ///< bytes on disk of those that no program before it holds too
+    std::int64_t size = 0; ///< bytes on disk, without those already counted for a previous program
 
     friend bool operator==(const HeldFiles &, const HeldFiles &) = default;
 };
 
-/// The capacities of volumes. May be asked from any thread.
+/// The capacities of volumes. Any thread.
 class Volumes {
 public:
     virtual ~Volumes() = default;
 
-    /// The volume that holds the path; every field absent when the request fails.
+    /// The volume that contains the path; every field is absent if the request fails.
     [[nodiscard]] virtual VolumeFacts facts(const std::string &path) = 0;
 
-    /// The files that are swapped to; none where the system does not tell.
+    /// The swap files; none if unknown.
     [[nodiscard]] virtual std::vector<SwapFile> swapFiles() { return {}; }
 
-    /// The deleted files on the file systems of "/" and of that folder that are still open, by the program that holds
-    /// them; only those of programs that the user may look into.
+    /// Deleted files on the file systems of "/" and of `home` that are still open, grouped by program; only programs
+    /// that the user may inspect.
     [[nodiscard]] virtual std::vector<HeldFiles> deletedFiles(const std::string & /*home*/) { return {}; }
 };
 

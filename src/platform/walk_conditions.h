@@ -2,12 +2,12 @@
 
 namespace corvane {
 
-/// Sets what a walk over folders needs of the calling thread, and sets back what was there before. Calls nest.
+/// Sets up the calling thread for a walk, and restores the previous settings. Calls nest.
 void enterWalk();
 void leaveWalk();
 
-/// As long as it lives, its thread walks: without fetching what lies in a cloud alone, without changing the date of
-/// last use, and as work that the user waits for. Both belong to the thread, so every thread of a walk makes its own.
+/// While it exists, its thread walks without downloading cloud-only files, without updating access times, and at
+/// user-initiated priority. The settings are per thread, so every thread of a walk creates its own.
 class WalkConditions {
 public:
     WalkConditions() { enterWalk(); }

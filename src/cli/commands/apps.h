@@ -9,8 +9,8 @@ namespace corvane {
 /// The inventory as one JSON object, in its order.
 void writeAppsJson(const AppInventory::Result &inventory, Time now, const Calendar &calendar, Output &out);
 
-/// The inventory for people: each application with its own size and that of its exact leftovers, and each group of
-/// what deleted ones have left.
+/// Writes the inventory as a table: each application with its own size and that of its exact leftovers, and each group
+/// of leftovers of deleted applications.
 void writeAppsTable(const AppInventory::Result &inventory, Time now, const Calendar &calendar, Console &console);
 
 } // namespace corvane

@@ -108,7 +108,7 @@ void writeSegment(const BreakdownSegment &segment, ShareTable &table)
         table.writePart(child.size, child.name);
 }
 
-/// What may be in the space that no row explains, or nothing.
+/// What may occupy the unexplained space, or nothing.
 std::string unexplainedReason(const DiskBreakdown &breakdown)
 {
     for (const BreakdownSegment &segment : breakdown.segments) {
@@ -118,8 +118,8 @@ std::string unexplainedReason(const DiskBreakdown &breakdown)
     return {};
 }
 
-// Of a link the folder behind it is taken, which the breakdown then does not measure a second time. A home that is
-// a link keeps its name, by which it is known.
+// Resolves a link to its target, so that the breakdown does not measure the target a second time. A home folder that is
+// a link keeps its name, by which it is recognized.
 std::string scannedPath(std::string path, FileSystem &files)
 {
     const Expected<ItemFacts> facts = files.facts(path);

@@ -5,10 +5,10 @@
 
 namespace corvane {
 
-/// The breakdown as one JSON document, its fields by their names; that of a partial scan also has `cancelled`.
+/// The breakdown as one JSON document with the struct's field names; for a partial scan also `cancelled`.
 void writeBreakdownJson(const DiskBreakdown &breakdown, Output &out);
 
-/// The breakdown for people: the figures, a row for each segment, what is to be known of them.
+/// The breakdown as a table: the figures, one row per segment, and notes.
 void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console);
 
 } // namespace corvane

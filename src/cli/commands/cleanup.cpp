@@ -51,7 +51,7 @@ void writeItem(const CleanupItem &item, JsonWriter &json)
 }
 
 constexpr std::size_t riskColumns = 6;
-constexpr std::size_t titleColumns = 28; // of the longest title
+constexpr std::size_t titleColumns = 28; // the longest title
 constexpr std::size_t leastContentsColumns = 20;
 
 std::size_t columnsBeforeContents()
@@ -82,7 +82,7 @@ std::string contents(const CleanupItem &item, std::string_view home, const Conso
     if (!item.accessible)
         return item.owner.empty() ? "cannot be read" : displayUtf8(item.owner);
     const std::string count = formatCount(static_cast<std::int64_t>(item.entries.size()), "item", "items") + " in ";
-    // Of the folders of several programs the way to the first would be told for all of them.
+    // If the entries are folders of several programs, the first one's location does not apply to all.
     const bool isInPlace = !item.entries.empty() && item.entries.front().name.empty();
     const std::string folder = formatPath(isInPlace ? containingFolder(item.entries.front().path) : item.path, home);
     return count + elidedAtFront(folder, console.roomBeside(columnsBeforeContents() + displayWidth(count)));
@@ -169,7 +169,7 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
         writeCleanupJson(CleanupCatalog::measureAll(host.files), console.out);
         return ExitStatus::done;
     }
-    // The tools take longer to answer than many a home to be measured.
+    // The tools often take longer than measuring a home folder.
     auto commands = std::async(std::launch::async, [&] { return findAdminCommands(host.files); });
     const std::vector<CleanupItem> items = CleanupCatalog::measureAll(host.files);
     const std::string home = host.files.homeFolder();

@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-// Each in the file of its name, with its table and its JSON; `large` and `old` in file_lists.cpp.
+// Each is defined in the file with its name, together with its table and its JSON; `large` and `old` in file_lists.cpp.
 [[nodiscard]] Command scanCommand();
 [[nodiscard]] Command mapCommand();
 [[nodiscard]] Command breakdownCommand();

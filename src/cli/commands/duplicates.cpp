@@ -25,20 +25,20 @@ namespace corvane {
 
 namespace {
 
-/// What a search for duplicates found.
+/// The result of a search for duplicates.
 struct DuplicatesFound {
     std::vector<DuplicateGroup> groups;
-    bool isStopped = false; ///< there may be more
+    bool isStopped = false; ///< stopped early: there may be more
     std::size_t most = std::string::npos;
 
-    /// As many groups as the user wants.
+    /// The groups up to the requested number.
     [[nodiscard]] std::span<const DuplicateGroup> shown() const
     {
         return std::span(groups).first(std::min(most, groups.size()));
     }
 };
 
-/// The words for the result of a search that was stopped.
+/// Shown for a search that was stopped.
 constexpr std::string_view searchStoppedText = "Search stopped — showing partial results";
 
 void writeGroup(const DuplicateGroup &group, JsonWriter &json)
@@ -63,7 +63,7 @@ void writeGroup(const DuplicateGroup &group, JsonWriter &json)
 
 constexpr std::size_t indent = 2;
 
-/// The name of a file beside another one: its path where the two have one name.
+/// A file's name for display beside another one: its path if both have the same name.
 std::string nameBeside(const FileNode &file, const FileNode &other, std::string_view home)
 {
     return file.name == other.name ? formatPath(file.path(), home) : displayUtf8(file.name);

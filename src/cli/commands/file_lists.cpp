@@ -25,16 +25,16 @@ namespace corvane {
 
 namespace {
 
-/// A list of single files with what stands above it.
+/// A list of files and its heading.
 struct FoundFiles {
     std::string_view title;
     std::string subtitle;
-    std::string_view none; ///< what is said where there are no files
+    std::string_view none; ///< message for an empty list
     FileList files;
-    std::size_t more = 0; ///< files that are not listed, since the user wants fewer
+    std::size_t more = 0; ///< files beyond the requested number
 };
 
-/// A file counts as one file, so their number is nothing to sort by.
+/// Without `files`: every file counts as one, so that order is meaningless.
 std::optional<ItemOrder> fileOrderNamed(std::string_view text)
 {
     const std::optional<ItemOrder> order = orderNamed(text);
@@ -90,7 +90,7 @@ void writeFileListTable(const FoundFiles &found, std::span<const FolderScan> sca
     writeNotes(scans, console);
 }
 
-/// Scans the folder, and writes what `list` makes of its files.
+/// Scans the folder and writes the files selected by `list`.
 template <typename List>
 ExitStatus writeFilesOf(const Arguments &arguments, Console &console, const Host &host, const List &list)
 {
@@ -113,7 +113,7 @@ ExitStatus writeFilesOf(const Arguments &arguments, Console &console, const Host
     return report(*scans, console, false);
 }
 
-/// Puts what two commands take alike into the filter of one.
+/// Sets the filter's options that both commands share.
 template <typename Filter>
 void setCommon(const Arguments &arguments, Filter &filter)
 {
@@ -154,7 +154,7 @@ Option minOption(std::string_view usual)
     return {.name = "min", .value = "BYTES", .help = fmt::format("Only files of at least BYTES, by default {}", usual)};
 }
 
-/// What both commands take.
+/// The options that both commands accept.
 std::vector<Option> withCommonOptions(std::vector<Option> options)
 {
     options.push_back({.name = "name", .value = "TEXT", .help = "Only files with TEXT in the name, in any case"});

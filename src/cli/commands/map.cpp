@@ -123,7 +123,7 @@ void writeMapTable(const FolderScan &scan, const std::vector<TreemapTile> &tiles
                                elided(name(tile), console.roomBeside(nameStart))));
 }
 
-/// A size such as "900x600", each side from 1 to 100,000 points.
+/// Parses a size such as "900x600", each side from 1 to 100,000 points.
 std::optional<Rect> mapSize(std::string_view text)
 {
     const std::size_t cross = text.find('x');
@@ -152,7 +152,7 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
         console.complain("--json and --svg - cannot both write to standard output; give --svg a file name");
         return ExitStatus::refused;
     }
-    // Opened before the scan: what cannot be written should not cost the wait.
+    // Open the file before the scan: fail early if it cannot be written.
     std::optional<OutputFile> file;
     if (svgFile && !picturesToOutput) {
         file.emplace(*svgFile);

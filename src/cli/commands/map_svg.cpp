@@ -16,7 +16,7 @@ namespace corvane {
 
 namespace {
 
-/// The text of bytes in XML: characters that XML cannot hold are replaced, those that mean something escaped.
+/// Bytes as XML text: replaces characters that XML does not allow, escapes special ones.
 std::string xmlText(std::string_view bytes)
 {
     std::string text;
@@ -44,7 +44,7 @@ std::string hexColor(const Color &color)
     return fmt::format("#{:02X}{:02X}{:02X}", part(color.red), part(color.green), part(color.blue));
 }
 
-/// A length in points to a hundredth, without zeros at its end.
+/// A length in points, rounded to hundredths, without trailing zeros.
 std::string number(double length)
 {
     std::string text = fmt::format("{:.2f}", length);
@@ -61,7 +61,7 @@ TileColors::Role roleOf(const TreemapTile &tile)
     return tile.hasNested ? TileColors::Role::frame : TileColors::Role::leaf;
 }
 
-/// How the corners of a tile are drawn.
+/// The attributes for a tile's rounded corners.
 std::string cornerAttributes(const Rect &tile, TileColors::Role role)
 {
     const double side = std::min(tile.width, tile.height);

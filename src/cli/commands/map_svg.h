@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// Writes the map as a picture of its own: one SVG file with fills and labels as the window draws them in
-/// light, and each tile's name and size as its tooltip. Widths of text are estimated, so a label leaves some room.
+/// Writes the map as a standalone picture: one SVG file with fills and labels as in the window's light theme, and each
+/// tile's name and size as its tooltip. Text widths are estimated, so labels leave some margin.
 void writeMapSvg(const FolderScan &scan, const std::vector<TreemapTile> &tiles, const Rect &size, Output &out);
 
 } // namespace corvane

@@ -38,7 +38,8 @@ void writeLines(const std::vector<Verdict> &verdicts, Output &out)
     }
 }
 
-/// By the path, by where it really leads, and by what the item is: a mount may show a protected place a second time.
+/// Checks the path, the path with links resolved, and the item's identity, since a mount may show a protected place a
+/// second time.
 bool isProtectedAnywhere(const std::string &path, const ProtectedLocations &locations, FileSystem &files)
 {
     if (locations.isProtected(path, files))

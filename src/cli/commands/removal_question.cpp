@@ -29,7 +29,7 @@ std::string_view note(const RemovalStep &step, bool permanently)
     return {};
 }
 
-/// What a removal would take away.
+/// The totals of a removal.
 struct Sum {
     std::int64_t count = 0;
     std::int64_t inTrash = 0;
@@ -51,7 +51,7 @@ Sum sumOf(const std::vector<RemovalStep> &steps)
     return sum;
 }
 
-/// What stands above the question and above a plan.
+/// The text above the question and above a plan.
 std::string listText(const std::vector<RemovalStep> &steps, bool permanently)
 {
     std::string text = "Selected for removal\n";

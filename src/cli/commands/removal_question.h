@@ -7,10 +7,10 @@
 
 namespace corvane {
 
-/// The steps of a removal for people, a line each, and what they come to.
+/// The steps of a removal as text, one per line, and their total.
 [[nodiscard]] std::string planText(const std::vector<RemovalStep> &steps, bool permanently);
 
-/// The question on the terminal before a removal. Standard output has no part in it: it may belong to a document.
+/// The confirmation on the terminal before a removal. Does not use standard output, which may carry a document.
 class RemovalQuestion {
 public:
     RemovalQuestion();
@@ -19,14 +19,14 @@ public:
     RemovalQuestion(const RemovalQuestion &) = delete;
     RemovalQuestion &operator=(const RemovalQuestion &) = delete;
 
-    /// Whether there is a terminal to ask on and to be answered from.
+    /// Whether there is a terminal for both the question and the answer.
     [[nodiscard]] bool canBeAsked() const { return m_terminal >= 0; }
 
-    /// Shows what would happen and waits for the answer; everything but "y" and "yes" is a no.
+    /// Shows what would happen and waits for the answer; anything except "y" and "yes" means no.
     [[nodiscard]] bool ask(const std::vector<RemovalStep> &steps, bool permanently) const;
 
 private:
-    int m_terminal = -1; ///< what the question is written to
+    int m_terminal = -1; ///< output for the question
     bool m_isOwned = false;
 };
 

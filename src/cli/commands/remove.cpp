@@ -42,7 +42,7 @@ void writeFailedItems(const std::vector<RemovalFailure> &failures, JsonWriter &j
     json.endArray();
 }
 
-/// As `allocatedSize`, but on several threads, which can be watched and stopped.
+/// As `allocatedSize`, but on several threads, with progress, and stoppable.
 std::int64_t sizeOf(const std::string &path, ScanProgress &progress, FileSystem &files)
 {
     const Expected<ItemFacts> facts = files.facts(path);
@@ -50,7 +50,7 @@ std::int64_t sizeOf(const std::string &path, ScanProgress &progress, FileSystem 
                                                         : allocatedSize(path, files);
 }
 
-/// The selection with what each item occupies; else why the measuring did not come to its end.
+/// The selection with the size of each item; otherwise why the measurement was not completed.
 tl::expected<Selection, std::string> measured(Selection selection, const Console &console, FileSystem &files)
 {
     ScanProgress progress;
@@ -64,7 +64,7 @@ tl::expected<Selection, std::string> measured(Selection selection, const Console
     return selection;
 }
 
-/// How far a removal is, told by the thread that removes and asked by the one that shows it.
+/// The progress of a removal, written by the thread that removes and read by the one that displays it.
 class RemovalProgress {
 public:
     explicit RemovalProgress(std::size_t count) : m_count(static_cast<std::int64_t>(count)) {}
@@ -87,7 +87,7 @@ public:
 private:
     mutable std::mutex m_lock;
     const std::int64_t m_count;
-    std::int64_t m_begun = 0; // guarded by m_lock, as is what follows
+    std::int64_t m_begun = 0; // guarded by m_lock, like the members below
     std::string m_path;
 };
 
@@ -133,7 +133,7 @@ void writeSteps(const std::vector<RemovalStep> &steps, JsonWriter &json)
     json.endArray();
 }
 
-/// What became of a removal as one JSON document; of one that was only tried, also the steps that it would take.
+/// The outcome of a removal as one JSON document; for a dry run, also the planned steps.
 void writeRemovalJson(const RemovalOutcome &outcome, std::string_view message, Output &out,
                       const std::vector<RemovalStep> *tried = nullptr)
 {
@@ -179,13 +179,13 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
             console.complain(item.error());
             return ExitStatus::refused;
         }
-        // What is protected is never in a selection, and so stands for nothing that lies inside it.
+        // Never select a protected item, so that it does not stand for selected items inside it.
         if (locations.isProtected(item->path, host.files))
             refused.insert(item->path);
         else
             selection.emplace(item->path, 0);
     }
-    // What is shown from here on is what may be removed, and nothing that takes its place.
+    // From here on, only the items found now may be removed, not replacements.
     const SeenItems seen = Removal::look(selectedEntries(selection), locations, host);
     RemovalQuestion question;
     if (!yes && !isDryRun && !question.canBeAsked()) {
@@ -212,7 +212,7 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
 
     RemovalOutcome outcome;
     if (isDryRun) {
-        // Only what would be refused is gone through, so that it is named as it would be.
+        // Process only the steps that would be refused, so that they are reported as in a real run.
         std::vector<RemovalStep> refusals;
         std::ranges::copy_if(steps, std::back_inserter(refusals), isRefused);
         outcome = perform(refusals, console, host);

@@ -26,10 +26,10 @@ namespace corvane {
 
 namespace {
 
-/// How much of a scan is shown, and in which order.
+/// How much of a scan to show, and in which order.
 struct View {
-    std::optional<std::size_t> depth; ///< levels of a tree; without it, a list of the folder's own items
-    std::optional<std::size_t> most;  ///< items of one folder, and of each list
+    std::optional<std::size_t> depth; ///< levels of the tree; if absent, only the folder's own items
+    std::optional<std::size_t> most;  ///< limit for the items of one folder, and for each list
     ItemOrder order = ItemOrder::size;
     bool countsFiles = false;
 };
@@ -52,7 +52,7 @@ FileType typeOf(const FileNode &node)
     return FileType::from(node.extension(), node.kind == FileNode::Kind::package);
 }
 
-/// Everything of a node up to and with the bracket that opens its children.
+/// Writes a node up to and including the bracket that opens its children.
 void openNode(const FileNode &node, JsonWriter &json)
 {
     json.beginObject();
@@ -97,7 +97,7 @@ void writeTree(const FileNode &root, const View &view, JsonWriter &json)
     }
 }
 
-/// The first of a list, as many as are shown.
+/// The first `most` items of a list.
 template <typename Item>
 std::span<const Item> firstOf(const std::vector<Item> &items, std::size_t most)
 {
@@ -147,8 +147,8 @@ void writeBuildFolders(const ScanSummary &summary, std::size_t most, JsonWriter 
     json.endArray();
 }
 
-/// A scan with its summary as one JSON object. Neither recurses nor holds the document: a tree may have hundreds of
-/// thousands of nodes and thousands of levels.
+/// A scan with its summary as one JSON object. Iterative and streaming: a tree may have hundreds of thousands of nodes
+/// and thousands of levels.
 void writeScan(const FolderScan &scan, const View &view, JsonWriter &json)
 {
     const std::size_t most = view.most.value_or(std::string::npos);
@@ -168,7 +168,7 @@ void writeScan(const FolderScan &scan, const View &view, JsonWriter &json)
     json.endObject();
 }
 
-/// Of several scans an array.
+/// An array if there are several scans.
 void writeJson(const std::vector<FolderScan> &scans, const View &view, Output &out)
 {
     JsonWriter json(out);
@@ -186,7 +186,7 @@ constexpr std::size_t usualBranches = 10;
 constexpr std::size_t usualLines = 10;
 constexpr std::size_t dateColumns = 10;
 
-/// A folder's items in the order that is asked for, and at the end what is not shown one by one.
+/// A folder's items in the requested order, followed by the items not listed individually.
 std::vector<TreemapItem> itemsOf(const FileNode &folder, ItemOrder order, std::size_t most)
 {
     if (order == ItemOrder::size)
@@ -256,7 +256,7 @@ void writeItems(const FileNode &root, const View &view, Console &console)
         writeItem(items[i], i, {}, table);
 }
 
-/// What lies in a folder, as deep as is asked for; so never deeper than `--depth` can be.
+/// Writes the contents of a folder down to the requested depth; recursion is limited by the maximum of `--depth`.
 void writeBranches(const FileNode &folder, const View &view, std::size_t depth, const std::string &indentation,
                    ShareTable &table)
 {
@@ -280,7 +280,7 @@ void writeTypes(const FileNode &root, Console &console)
         table.write({.size = slice.size, .color = slice.type.color(), .name = slice.type.label()});
 }
 
-/// The path of an item beneath the scanned folder, as short as the room beside so many columns.
+/// The path of an item relative to the scanned folder, shortened to fit beside `taken` columns.
 std::string pathBeneath(const FileNode &root, const FileNode &node, std::size_t taken, const Console &console)
 {
     const std::string path = node.path();
@@ -290,7 +290,7 @@ std::string pathBeneath(const FileNode &root, const FileNode &node, std::size_t 
 
 void writeLargestFiles(const FolderScan &scan, std::size_t most, Console &console)
 {
-    // Those that the list of items names already are not worth a list of their own.
+    // Skip the list if all its files already appear in the list of items.
     const auto files = firstOf(scan.summary->allFiles, most);
     if (std::ranges::all_of(files, [&](const auto &file) { return file->parent.lock() == scan.root; }))
         return;
@@ -321,8 +321,8 @@ void writeBuildFolders(const FolderScan &scan, std::size_t most, Console &consol
             "\n");
 }
 
-/// A scan for people: the folder's figures, and its largest items, types of files, largest files and build folders;
-/// or what lies in it as a tree.
+/// A scan as text: the folder's figures, and its largest items, file types, largest files and build folders; or its
+/// contents as a tree.
 void writeTable(const FolderScan &scan, const View &view, std::string_view home, Console &console)
 {
     writeFolderHeading(scan, home, console);
@@ -348,7 +348,7 @@ ExitStatus run(const Arguments &given, Console &console, const Host &host)
     Arguments arguments = given;
     if (arguments.paths.empty())
         arguments.paths.push_back(host.files.homeFolder());
-    // A tree shows nothing of the summary, which costs memory and a look into every project.
+    // A tree shows nothing from the summary, which costs memory and a check of every project.
     const auto extent = view.depth && !json ? FolderScan::Extent::tree : FolderScan::Extent::treeAndSummary;
     const auto scans = FolderScan::ofArguments(arguments, extent, console, host.files);
     if (!scans)

@@ -19,7 +19,7 @@ struct LabelStyle {
 };
 
 constexpr double frameBand = 22;
-constexpr double frameGap = 26; ///< what a frame needs beside the name and the size
+constexpr double frameGap = 26; ///< space in a frame besides the name and the size
 constexpr std::size_t leastCharacters = 8;
 
 LabelStyle styleOf(TileColors::Role role)
@@ -35,7 +35,7 @@ LabelStyle styleOf(TileColors::Role role)
     return {11, 500, 6, 13, 27, 19, 34};
 }
 
-/// The width of one ASCII character by the height of the font: rough classes of a humanist sans-serif.
+/// The width of an ASCII character relative to the font height: rough classes for a humanist sans-serif.
 double asciiWidth(char c)
 {
     constexpr std::string_view narrow = "iljI.,:;'|!";
@@ -62,7 +62,7 @@ double emboldened(double width, int weight)
     return weight >= 600 ? width * 1.05 : width * 1.02;
 }
 
-/// The whole name, or at least eight characters of it and "…", or nothing.
+/// The whole name, or a shortened one of at least eight characters and "…", or nothing.
 std::string fitted(std::string_view name, double room, const LabelStyle &style)
 {
     if (textWidth(name, style.height, style.weight) <= room)

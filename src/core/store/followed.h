@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// Lets `follower` follow another object, such as the settings, or none: it hears nothing of the former one any more.
-/// False, and nothing happens, where that is the object that it follows already.
+/// Makes `follower` follow another object, such as the settings, or none, and disconnects it from the previous one.
+/// Returns false and does nothing if it follows that object already.
 template <typename Object>
 [[nodiscard]] bool followObject(QPointer<Object> &followed, Object *object, const QObject *follower)
 {

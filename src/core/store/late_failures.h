@@ -12,7 +12,8 @@
 
 namespace corvane {
 
-/// Receives on the main thread what the desktop reports later, from any thread, as long as it lives. Main thread only.
+/// Forwards failures that the desktop reports later, from any thread, to the main thread while it exists. Main thread
+/// only.
 class LateFailures {
 public:
     using Receiver = std::function<void(const Error &)>;
@@ -26,7 +27,7 @@ public:
     LateFailures(const LateFailures &) = delete;
     LateFailures &operator=(const LateFailures &) = delete;
 
-    /// To be called with a failure, from any thread; also after this object is gone, when it does nothing.
+    /// To be called with a failure, from any thread; does nothing once this object is destroyed.
     [[nodiscard]] Receiver reporter() const
     {
         return [address = m_address](const Error &error) {
@@ -43,12 +44,12 @@ private:
         explicit Address(LateFailures *receiver) : owner(receiver) {}
 
         std::mutex mutex;
-        LateFailures *owner; // guarded by the mutex; null when it is gone
+        LateFailures *owner; // guarded by the mutex; null after destruction
     };
 
     const Receiver m_receive;
     const std::shared_ptr<Address> m_address = std::make_shared<Address>(this);
-    QObject m_mainThread; // receives the queued calls; those under way are dropped with it
+    QObject m_mainThread; // receives the queued calls; pending ones are dropped with it
 };
 
 } // namespace corvane

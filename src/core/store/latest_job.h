@@ -14,26 +14,26 @@
 
 namespace corvane {
 
-/// One kind of background work of which only the newest request counts: starting another tells the running one to
-/// stop, and its result is dropped, whether it comes early or late. A member of the object that publishes the result;
-/// main thread only, but for the work itself. Nothing is received once it is destroyed.
+/// Background work of which only the newest request counts: starting another asks the running one to stop, and its
+/// result is dropped whenever it arrives. A member of the object that publishes the result; main thread only, except
+/// for the work itself. Nothing is received after destruction.
 ///
-/// `Progress` is what the work of one request shares with the main thread: a `StopFlag`, or a type of counters with
-/// `cancel()`, callable from any thread. It is made anew for every request.
+/// `Progress` is shared between the work of one request and the main thread: a `StopFlag`, or a type of counters with
+/// `cancel()`, callable from any thread. Each request gets a new one.
 template <typename Result, typename Progress = StopFlag>
 class LatestJob {
 public:
-    /// Runs on a thread of the job's own pool and must not throw. What it returns once superseded is not used.
+    /// Runs on a thread of the job's own pool and must not throw. The result of a superseded request is dropped.
     using Work = std::function<Result(Progress &)>;
     using Receiver = std::function<void(Result)>;
 
     /// `receive` is called on the main thread with the result of the newest request. With one thread, work waits until
-    /// what it supersedes has ended.
+    /// the superseded work has ended.
     explicit LatestJob(Receiver receive, int threads = 1) : m_receive(std::move(receive))
     {
         m_pool.setMaxThreadCount(threads);
     }
-    /// Tells the work to stop and waits for its end.
+    /// Asks the work to stop and waits for it.
     ~LatestJob()
     {
         close();
@@ -42,7 +42,7 @@ public:
     LatestJob(const LatestJob &) = delete;
     LatestJob &operator=(const LatestJob &) = delete;
 
-    /// A new request, which supersedes the one before.
+    /// Starts a new request, which supersedes the previous one.
     void start(Work work)
     {
         if (m_isClosed)
@@ -54,7 +54,7 @@ public:
         run(std::move(work));
     }
 
-    /// A further step of the newest request, for a result that needs more work before it can be used.
+    /// Runs another step of the newest request, for a result that needs more work before it can be used.
     void proceed(Work work)
     {
         if (m_request == nullptr || m_request->isSuperseded)
@@ -63,7 +63,7 @@ public:
         run(std::move(work));
     }
 
-    /// The newest request is not wanted any more: it is superseded by none.
+    /// Drops the newest request without starting another.
     void drop()
     {
         if (m_request) {
@@ -75,14 +75,14 @@ public:
         m_heldWork = nullptr;
     }
 
-    /// Drops the newest request; none is started any more.
+    /// Drops the newest request and refuses further ones.
     void close()
     {
         m_isClosed = true;
         drop();
     }
 
-    /// Work that is started from now on waits until release(); a request counts as loading all the same.
+    /// Delays work started from now on until release(); such a request counts as loading.
     void hold() { m_isHeld = true; }
     void release()
     {
@@ -91,19 +91,19 @@ public:
             run(std::move(work));
     }
 
-    /// Whether a result is awaited.
+    /// Whether a result is pending.
     [[nodiscard]] bool isLoading() const { return m_isLoading; }
     /// The number of the newest request; grows with each.
     [[nodiscard]] int token() const { return m_token; }
-    /// That of the newest request, also when its result is there; null before the first.
+    /// The progress of the newest request, also after its result has arrived; null before the first.
     [[nodiscard]] std::shared_ptr<Progress> progress() const
     {
         return m_request ? std::shared_ptr<Progress>(m_request, &m_request->progress) : nullptr;
     }
 
-    /// Receives a result unless `token` is no longer that of the newest request. What the work returns takes this way.
+    /// Receives a result unless `token` is no longer that of the newest request. Results of the work arrive here.
     void finish(Result result, int token) { take(std::move(result), token == m_token); }
-    /// The same with the request's progress for a token.
+    /// The same, identified by the request's progress.
     void finish(Result result, const std::shared_ptr<Progress> &token)
     {
         take(std::move(result), m_request && !m_request->isSuperseded && token == progress());
@@ -130,7 +130,7 @@ private:
             m_isLoading = false;
             m_receive(std::move(result));
         } else {
-            // It may be too large to be freed on the main thread.
+            // May be too large to free on the main thread.
             m_pool.start([held = std::make_shared<Result>(std::move(result))]() mutable { held.reset(); });
         }
     }
@@ -155,13 +155,13 @@ private:
     }
 
     const Receiver m_receive;
-    std::shared_ptr<Request> m_request; // the newest
+    std::shared_ptr<Request> m_request; // the newest request
     int m_token = 0;
     bool m_isLoading = false;
     bool m_isClosed = false;
     bool m_isHeld = false;
-    Work m_heldWork;      // of the newest request; empty while none waits
-    QObject m_mainThread; // receives the queued calls; those under way are dropped with it
+    Work m_heldWork;      // work of the newest request; empty if none is held
+    QObject m_mainThread; // receives the queued calls; pending ones are dropped with it
     QThreadPool m_pool;
 };
 

@@ -10,7 +10,7 @@ namespace corvane {
 
 QString displayText(std::string_view bytes)
 {
-    // A map or a list asks for thousands at once, and nearly all are shown as they are.
+    // Maps and lists convert thousands of names, and nearly all need no change.
     if (isDisplayText(bytes))
         return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
     return QString::fromStdString(displayUtf8(bytes));
@@ -51,7 +51,7 @@ QLocale dateLocale()
 #ifdef Q_OS_MACOS
     return QLocale::system();
 #else
-    // QLocale() is that of the messages, and QLocale::system() does not say which language its dates are in.
+    // QLocale() is the locale of the messages, and QLocale::system() does not expose the language of its dates.
     const QString name = QString::fromLocal8Bit(Environment::locale("LC_TIME"));
     return name.isEmpty() ? QLocale::c() : QLocale(name.section(QLatin1Char('.'), 0, 0));
 #endif
@@ -64,7 +64,7 @@ QDate localDate(Time time)
 
 QString abbreviatedDate(const QDate &date, const QLocale &locale)
 {
-    // Qt has no form between the long one and the one of figures alone.
+    // Qt has no format between the long and the purely numeric one.
     static const QRegularExpression dayOfWeek(QStringLiteral("[,،\\s]*dddd?[,،.\\s]*"));
     const QString format =
         locale.dateFormat(QLocale::LongFormat).remove(dayOfWeek).replace(QStringLiteral("MMMM"), QStringLiteral("MMM"));
@@ -75,7 +75,7 @@ QString abbreviatedDateTime(const QDateTime &when, const QLocale &locale)
 {
     static const QRegularExpression seconds(QStringLiteral("[:.]ss?"));
     const QString time = locale.timeFormat(QLocale::ShortFormat).remove(seconds);
-    // An English word between the two belongs into English alone. "C" stands for English without a country.
+    // Only English puts a word between the two. "C" stands for English without a country.
     const bool isEnglish = locale.language() == QLocale::English || locale.language() == QLocale::C;
     return abbreviatedDate(when.date(), locale) + (isEnglish ? QStringLiteral(" at ") : QStringLiteral(" ")) +
            locale.toString(when.time(), time);

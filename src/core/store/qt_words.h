@@ -12,13 +12,13 @@
 
 namespace corvane {
 
-// The words of the engine as Qt has them, for every screen; see core/words. Dates alone are made here, since they
-// follow the user's locale, which Qt knows.
+// Qt versions of the texts in core/words, for every screen. Only dates are formatted here, since they follow the user's
+// locale, which Qt knows.
 
-/// The text that people see for bytes of a path or name; see `displayUtf8`.
+/// The display text for bytes of a path or name; see `displayUtf8`.
 [[nodiscard]] QString displayText(std::string_view bytes);
 
-/// The path as it is shown, with the home folder as "~"; see `formatPath`.
+/// The display text of a path, with the home folder as "~"; see `formatPath`.
 [[nodiscard]] QString pathText(std::string_view path, std::string_view home);
 
 /// "12.3 MB"; see `formatByteCount`.
@@ -36,21 +36,20 @@ namespace corvane {
 /// "5 minutes ago"; see `formatAgo`.
 [[nodiscard]] QString agoText(std::int64_t seconds);
 
-/// The locale that the user's settings give for dates, which need not be that of the words; the program makes it its
-/// default at the start.
+/// The user's locale for dates, which may differ from that of the messages; set as the default locale at startup.
 [[nodiscard]] QLocale dateLocale();
 
-/// The day of a point in time where the user is.
+/// The date of a point in time in the user's time zone.
 [[nodiscard]] QDate localDate(Time time);
 
-/// A date with its month abbreviated and without the day of the week, in the order and with the names of the locale:
-/// "Nov 20, 2026", "20 Nov 2026", "20. Nov. 2026".
+/// A date with abbreviated month and no weekday, in the locale's order and language: "Nov 20, 2026", "20 Nov 2026",
+/// "20. Nov. 2026".
 [[nodiscard]] QString abbreviatedDate(const QDate &date, const QLocale &locale);
 
-/// The same with a time without seconds: "Nov 20, 2026 at 9:14 AM", "20 Nov 2026 at 09:14", "20. Nov. 2026 09:14".
+/// The same with the time, without seconds: "Nov 20, 2026 at 9:14 AM", "20 Nov 2026 at 09:14", "20. Nov. 2026 09:14".
 [[nodiscard]] QString abbreviatedDateTime(const QDateTime &when, const QLocale &locale);
 
-/// The file address of a path, percent-encoded from its bytes, so that a name that is not valid text keeps them.
+/// The file URL of a path, percent-encoded byte by byte, so that a name that is not valid UTF-8 is preserved.
 [[nodiscard]] QByteArray fileUrl(std::string_view path);
 
 } // namespace corvane

@@ -12,9 +12,9 @@
 namespace corvane {
 namespace {
 
-constexpr int turn = 20; // milliseconds between two looks at the main thread's events
+constexpr int turn = 20; // milliseconds between two rounds of main-thread events
 
-/// What is left at a path, as the root of a tree; null where there is nothing that a tree shows.
+/// Rescans a path into the root of a tree; null if there is nothing that a tree shows.
 std::shared_ptr<FileNode> measuredAnew(const std::string &path, FileSystem &files)
 {
     const Expected<ItemFacts> facts = files.facts(path);
@@ -75,7 +75,7 @@ std::vector<std::shared_ptr<FileNode>> RemovalJob::remainsOf(RemovalOutcome &out
         if (std::shared_ptr<FileNode> left = measuredAnew(failure.path, m_host.files))
             remains.push_back(std::move(left));
         else if (failure.left == RemovalFailure::Left::somethingElse)
-            failure.left = RemovalFailure::Left::nothing; // what took its place is nothing that a tree shows
+            failure.left = RemovalFailure::Left::nothing; // trees do not show what replaced it
     }
     return remains;
 }
@@ -92,7 +92,7 @@ void RemovalJob::close()
 {
     m_isClosing = true;
     m_stop = true;
-    // A removal may wait for the main thread: some of the system's services answer only there.
+    // A removal may block on the main thread: some system services answer only there.
     while (m_isRunning && !m_pool.waitForDone(turn))
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_pool.waitForDone();

@@ -16,15 +16,15 @@
 
 namespace corvane {
 
-/// The removal under way, of which there is one at most. Main thread only, but for the work itself.
+/// Runs at most one removal at a time. Main thread only, except for the work itself.
 class RemovalJob {
 public:
-    /// What was done, and what is left where an item was removed in part or was another one than expected, each
-    /// scanned anew.
+    /// Gets the outcome, and a rescan of what is left of each item that was removed in part or had been replaced by
+    /// another item.
     using Receiver =
         std::function<void(const RemovalOutcome &, bool permanently, const std::vector<std::shared_ptr<FileNode>> &)>;
 
-    /// What `host` refers to, and `locations`, must outlive the object. `receive` is called on the main thread.
+    /// `locations` and the objects that `host` refers to must outlive this one. `receive` is called on the main thread.
     RemovalJob(const Host &host, const ProtectedLocations &locations, Receiver receive);
     ~RemovalJob();
     RemovalJob(const RemovalJob &) = delete;
@@ -32,19 +32,18 @@ public:
 
     /// True from `start` to `end`.
     [[nodiscard]] bool isRunning() const { return m_isRunning; }
-    /// It ends after the item that it is at.
+    /// The removal will end after the current item.
     [[nodiscard]] bool isStopping() const { return m_isRunning && m_stop; }
 
-    /// Removes the entries; a seen one must still be the item that was seen, and its condition must hold. False, and
-    /// nothing happens, where there is nothing to remove or a removal is under way.
+    /// Removes the entries; an item recorded in `seen` must still be the same, and its condition must hold. Returns
+    /// false and does nothing if there is nothing to remove or a removal is running.
     bool start(const Selection &entries, bool permanently, const SeenItems &seen,
                const RemovalConditions &conditions = {});
-    /// Ends the removal after the item that it is at; false where that is so already, or there is none.
+    /// Ends the removal after the current item; returns false if it is already stopping or none is running.
     bool stop();
-    /// What was received has been dealt with.
+    /// Call when the received result has been processed.
     void end() { m_isRunning = false; }
-    /// Touches no further item, waits for the end of the one at hand, and hands over what was done. None is started
-    /// any more.
+    /// Stops after the current item, waits for it, and delivers the outcome. No removal can be started afterwards.
     void close();
 
 private:
@@ -54,7 +53,7 @@ private:
     const ProtectedLocations &m_locations;
     const Receiver m_receive;
     bool m_isRunning = false;
-    StopFlag m_stop = false; // of the removal under way
+    StopFlag m_stop = false; // of the running removal
     StopFlag m_isClosing = false;
     QObject m_mainThread; // receives the queued calls
     QThreadPool m_pool;

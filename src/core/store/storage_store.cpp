@@ -13,7 +13,8 @@ namespace {
 
 constexpr int pollInterval = 150; // milliseconds
 
-// A superseded walk ends at the next folder, which a slow disk may take long to list; the newest does not wait for it.
+// A superseded walk ends before its next folder, which may take long on a slow disk; the newest walk does not wait for
+// it.
 constexpr int walksAtOnce = 4;
 
 } // namespace
@@ -45,7 +46,7 @@ StorageStore::StorageStore(const Host &host, const ProtectedLocations &locations
 StorageStore::~StorageStore()
 {
     m_isClosing = true;
-    // All are told to stop before any is waited for.
+    // Ask all jobs to stop before waiting for any of them.
     m_scanJob.close();
     m_breakdownJob.close();
     m_cleanupJob.close();
@@ -137,7 +138,7 @@ void StorageStore::reveal(const std::string &path)
 
 void StorageStore::openFile(const std::string &path)
 {
-    // Some desktops start the program for a file that is gone, and leave the message to it.
+    // Some desktops launch the program even for a missing file and leave the error message to it.
     const auto opened = m_host.files.facts(path).and_then(
         [&](const auto &) { return m_host.desktop.openUrl(fileUrl(path).toStdString()); });
     if (!opened)

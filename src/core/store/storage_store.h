@@ -43,18 +43,18 @@
 
 namespace corvane {
 
-/// The remark that stands beside every figure of a scan that was stopped.
+/// Shown next to every figure of a stopped scan.
 inline constexpr std::string_view partialScanText = "Partial: the scan was stopped";
 
-/// The store's times, for tests to set otherwise.
+/// The store's clock and delays, replaceable in tests.
 struct StoreTiming {
     std::function<Time()> now = currentTime;
     std::chrono::milliseconds quitDelay{2'000}; ///< from the request to an application to quit to its removal
 };
 
-/// The one observable object of the program: holds everything that the screens show and runs every long
-/// operation. Made once at launch and outliving every screen. Main thread only; work runs in background jobs
-/// (`LatestJob`, `RemovalJob`), whose results are received only while they are current.
+/// The observable state of the program: holds everything that the screens show and runs every long operation. Created
+/// once at launch and outlives every screen. Main thread only; work runs in background jobs (`LatestJob`,
+/// `RemovalJob`), whose results are received only while they are current.
 class StorageStore : public QObject {
     Q_OBJECT
 
@@ -76,22 +76,22 @@ public:
     Q_PROPERTY(bool isRemoving READ isRemoving NOTIFY isRemovingChanged)
     Q_PROPERTY(bool isStopping READ isStopping NOTIFY isRemovingChanged)
 
-    /// What a scan hands over when it has finished. Made on a background thread.
+    /// The result of a finished scan. Created on a background thread.
     struct ScanResult {
         std::shared_ptr<FileNode> root;
         ScanSummary summary;
         std::vector<TypeSlice> types;
-        std::vector<SelectedEntry> removedMeanwhile; ///< what the walk may have seen and is no longer there
+        std::vector<SelectedEntry> removedMeanwhile; ///< removed during the walk, which may have seen it
     };
 
-    /// What `host` refers to, and `locations`, must outlive the store.
+    /// `locations` and the objects that `host` refers to must outlive the store.
     StorageStore(const Host &host, const ProtectedLocations &locations, StoreTiming timing = {},
                  QObject *parent = nullptr);
-    /// Stops the background work, a removal after the item that it is at, and waits for its end. An uninstall whose
-    /// application has been asked to quit, and that waits for that, removes nothing any more.
+    /// Stops the background work, a removal after its current item, and waits for it. An uninstall that is still
+    /// waiting for its application to quit removes nothing.
     ~StorageStore() override;
 
-    // What is published is followed by the signal that announces it.
+    // The comment behind a getter names the signal that announces its changes.
 
     // --- The screen shown, and the explorer's folder
     [[nodiscard]] SidebarItem sidebar() const { return m_sidebar; }
@@ -108,26 +108,26 @@ public:
     void showInMap(const std::shared_ptr<FileNode> &node);
     /// Shows the large files, those of one type where one is given.
     void showLargeFiles(std::optional<FileType> type);
-    /// The type that `showLargeFiles` was given, once: for the screen that is made to show it.
+    /// Returns the type given to `showLargeFiles` and clears it: for the screen created to show it.
     [[nodiscard]] std::optional<FileType> takeLargeFilesType() { return std::exchange(m_largeFilesType, std::nullopt); }
 
-    // --- The tree of the last scan: treeChanged, and revisionChanged where the tree itself is another
+    // --- The tree of the last scan: announced by treeChanged, and by revisionChanged if the tree itself is replaced
     [[nodiscard]] const std::shared_ptr<FileNode> &root() const { return m_tree.root(); }
     [[nodiscard]] const std::vector<std::shared_ptr<FileNode>> &allFiles() const { return m_tree.allFiles(); }
     [[nodiscard]] const std::vector<TypeSlice> &typeBreakdown() const { return m_tree.types(); }
     [[nodiscard]] const std::vector<DevJunkItem> &devJunk() const { return m_tree.devJunk(); }
     [[nodiscard]] std::int64_t unreadableCount() const { return m_tree.unreadableCount(); }
-    /// Folders below the scanned one that could not be opened; they are not in the tree.
+    /// Folders below the scanned one that could not be opened; not in the tree.
     [[nodiscard]] std::int64_t deniedCount() const { return m_tree.walk().deniedCount; }
     [[nodiscard]] double scanDuration() const { return m_tree.walk().seconds; }
-    /// A finished scan is there to look at.
+    /// Whether there is a finished scan.
     [[nodiscard]] bool hasScan() const { return root() != nullptr; }
-    /// The installed tree is that of a scan that was stopped: it holds only a part of the folder.
+    /// Whether the installed tree is that of a stopped scan: it holds only a part of the folder.
     [[nodiscard]] bool scanIsPartial() const { return m_tree.walk().isPartial; }
     [[nodiscard]] int revision() const { return m_revision; }
     /// The node of the current tree at a path, or null.
     [[nodiscard]] FileNode *node(std::string_view path) const { return m_tree.find(path); }
-    /// The same to be held.
+    /// The same, as a shared pointer.
     [[nodiscard]] std::shared_ptr<FileNode> sharedNode(std::string_view path) const { return m_tree.shared(path); }
 
     // --- Scanning
@@ -137,22 +137,21 @@ public:
     [[nodiscard]] const std::string &currentPath() const { return m_counters.current; } // progressChanged; bytes
     /// The root of the last scan started, bytes; empty before the first.
     [[nodiscard]] const std::string &lastScanPath() const { return m_lastScanPath; }
-    /// How long ago the last scan ended; 0 before that.
+    /// Time since the last scan ended; 0 before the first.
     [[nodiscard]] std::int64_t secondsSinceScan() const;
-    /// Starts a scan of a folder (absolute bytes); a running one is stopped and its result dropped. A path
-    /// that is not a readable folder leaves everything as it is and says so in the toast. Where the root is that of
-    /// the last scan, the explorer goes back to the folder shown when the scan ends, or to the nearest one around
-    /// it that is still there.
+    /// Starts a scan of a folder (absolute bytes); a running scan is stopped and its result dropped. If the path is not
+    /// a readable folder, nothing changes and the toast shows why. If the root is that of the last scan, the explorer
+    /// returns to the folder shown when the scan ends, or to its nearest remaining ancestor.
     void scan(const std::string &path);
     void scanHome();
     void scanEntireDisk();
-    /// Scans the root of the last scan again; the home folder before the first.
+    /// Rescans the root of the last scan, or the home folder if there was none.
     void rescan();
-    /// Asks the window for a folder (`folderWanted`), which then calls `scan`.
+    /// Requests a folder from the window (`folderWanted`), which then calls `scan`.
     void chooseFolder();
-    /// Stops the running scan; what it has found is shown.
+    /// Stops the running scan; its partial result is shown.
     void stopScan();
-    /// Takes over a scan's result unless `token` is no longer the current scan.
+    /// Installs a scan's result unless `token` is no longer the current scan.
     void finishScan(std::shared_ptr<ScanResult> result, const std::shared_ptr<ScanProgress> &token);
     /// The token of the running (or last) scan.
     [[nodiscard]] std::shared_ptr<ScanProgress> progress() const { return m_scanJob.progress(); }
@@ -160,86 +159,86 @@ public:
     // --- The breakdown of the disk
     [[nodiscard]] const std::optional<DiskBreakdown> &breakdown() const { return m_breakdown; } // breakdownChanged
     [[nodiscard]] bool breakdownLoading() const { return m_breakdownJob.isLoading(); }          // breakdownChanged
-    /// Computes the breakdown anew in the background, with what the last scan found.
+    /// Recomputes the breakdown in the background, using the result of the last scan.
     void refreshBreakdown();
-    /// Breakdowns that are started from now on are computed after releaseBreakdown(), so that the threads of one do not
-    /// hold up a window that is being made.
+    /// Delays breakdowns started from now on until releaseBreakdown(), so that their threads do not slow down the
+    /// creation of a window.
     void holdBreakdown() { m_breakdownJob.hold(); }
     void releaseBreakdown() { m_breakdownJob.release(); }
-    /// Takes over a breakdown unless `token` is no longer the newest request.
+    /// Installs a breakdown unless `token` is no longer the newest request.
     void finishBreakdown(DiskBreakdown breakdown, int token);
     /// The number of the newest request.
     [[nodiscard]] int breakdownToken() const { return m_breakdownJob.token(); }
-    /// What the breakdown needs to know of the installed tree.
+    /// The facts about the installed tree that the breakdown needs.
     [[nodiscard]] ScanContext makeScanContext() const;
-    /// Carries out what a segment of the breakdown offers.
+    /// Performs the action that a segment of the breakdown offers.
     void perform(const BreakdownAction &action);
 
     // --- The cleanup catalogue
-    /// The measured catalogue, largest total first; empty until it has been measured once.
+    /// The measured catalogue, largest total first; empty until first measured.
     [[nodiscard]] const std::vector<CleanupItem> &cleanupItems() const { return m_cleanupItems; } // cleanupChanged
     [[nodiscard]] bool cleanupLoading() const { return m_cleanupJob.isLoading(); }                // cleanupChanged
-    /// The commands that free space and that the user has to run, largest first; empty until they were looked for.
+    /// Commands that free space and that the user has to run, largest first; empty until first looked up.
     [[nodiscard]] const std::vector<AdminCommand> &cleanupCommands() const
     {
         return m_cleanupCommands;
     } // cleanupCommandsChanged
-    /// Measures the catalogue anew in the background, and what the commands would free.
+    /// Measures the catalogue again in the background, and what the commands would free.
     void refreshCleanup();
-    /// Takes over a measurement unless `token` is no longer the newest request.
+    /// Installs a measurement unless `token` is no longer the newest request.
     void finishCleanup(std::vector<CleanupItem> items, int token);
     /// The number of the newest request.
     [[nodiscard]] int cleanupToken() const { return m_cleanupJob.token(); }
-    /// Takes over the commands unless `token` is no longer the newest request.
+    /// Installs the commands unless `token` is no longer the newest request.
     void finishCleanupCommands(std::vector<AdminCommand> commands, int token);
     [[nodiscard]] int cleanupCommandsToken() const { return m_cleanupCommandsJob.token(); }
-    /// What the items come to that may be cleared without a second look.
+    /// The total of the items that can be cleared without a second look.
     [[nodiscard]] std::int64_t safeCleanupTotal() const;
-    /// Selects every entry of those items that may be selected at all.
+    /// Selects every selectable entry of those items.
     void selectAllSafeCleanup();
 
-    // --- The applications, and what they and deleted ones keep
-    /// The installed applications, largest first with what is theirs; empty until they have been loaded once.
+    // --- The applications, and the data of installed and deleted ones
+    /// The installed applications, largest first including their data; empty until first loaded.
     [[nodiscard]] const std::vector<InstalledApp> &apps() const { return m_inventory.apps; } // appsChanged
-    /// What deleted applications have left, largest first.
+    /// Data left behind by deleted applications, largest first.
     [[nodiscard]] const std::vector<OrphanGroup> &orphanGroups() const
     {
         return m_inventory.orphanGroups;
     } // appsChanged
     [[nodiscard]] std::int64_t orphanTotal() const;
     [[nodiscard]] bool appsLoading() const { return m_appsJob.isLoading(); } // appsChanged
-    /// They have been loaded once.
+    /// Whether they have been loaded at least once.
     [[nodiscard]] bool appsLoaded() const { return m_appsLoaded; } // appsChanged
-    /// Loads the inventory anew in the background.
+    /// Reloads the inventory in the background.
     void refreshApps();
-    /// Takes over an inventory unless `token` is no longer the newest request.
+    /// Installs an inventory unless `token` is no longer the newest request.
     void setApps(AppInventory::Result result, int token);
     /// The number of the newest request.
     [[nodiscard]] int appsToken() const { return m_appsJob.token(); }
-    /// Asks the system, which does not tell when it changes.
+    /// Queries the system, which sends no notification when this changes.
     [[nodiscard]] bool isRunning(const InstalledApp &app) const;
-    /// Moves an application and those leftovers to the Trash, as they are at this moment: what is another item by the
-    /// time of the removal stays. Where the application runs, every instance is asked to quit and the removal follows
-    /// after `StoreTiming::quitDelay`, whether they have quit or not. A removal that is due while another one runs
-    /// follows it. An application that is being uninstalled is left to that.
+    /// Moves an application and those leftovers to the Trash in their present state: an item replaced by another before
+    /// the removal stays. If the application is running, every instance is asked to quit, and the removal follows after
+    /// `StoreTiming::quitDelay`, whether they have quit or not. If another removal is running then, it follows that
+    /// one. Does nothing for an application that is already being uninstalled.
     void uninstall(const InstalledApp &app, std::span<const Leftover> leftovers);
-    /// From the call of `uninstall` for that bundle to the end of its removal.
+    /// True from the call of `uninstall` for that bundle to the end of its removal.
     [[nodiscard]] bool isUninstalling(const std::string &bundlePath) const; // uninstallsChanged
 
     // --- The duplicates among the files of the last scan
-    /// What the last search found; stays until the next one has ended, or another scan begins.
+    /// The result of the last search; kept until the next one has ended, or another scan starts.
     [[nodiscard]] const std::vector<DuplicateGroup> &duplicateGroups() const
     {
         return m_duplicates.groups();
     } // duplicatesChanged
-    /// What all groups waste, without what only has several names.
+    /// The wasted bytes of all groups; hard links to the same file are not counted.
     [[nodiscard]] std::int64_t duplicateWaste() const { return m_duplicates.waste(); } // duplicatesChanged
     [[nodiscard]] Phase duplicatePhase() const { return m_duplicatePhase; }            // duplicatesChanged
-    /// How far the search is, from 0 to 1.
+    /// The progress of the search, from 0 to 1.
     [[nodiscard]] double duplicateProgress() const { return m_duplicateProgress; } // duplicateProgressChanged
-    /// Starts a search in the background; while one runs, nothing.
+    /// Starts a search in the background; does nothing while one is running.
     void findDuplicates();
-    /// Selects all files but one of each group. Until they are deselected, that one, or another, survives a removal.
+    /// Selects all files but one of each group. Until they are deselected, a removal always leaves at least one copy.
     void autoSelectDuplicates(bool keepNewest);
 
     // --- The selection
@@ -254,38 +253,38 @@ public:
     [[nodiscard]] Selection effectiveSelection() const;
     [[nodiscard]] std::int64_t selectedTotal() const;
     [[nodiscard]] std::vector<SelectedEntry> selectedEntries() const;
-    /// Those of the effective selection that lie in the Trash: moving them there deletes them for good.
+    /// Entries of the effective selection that are in the Trash: moving them there would delete them for good.
     [[nodiscard]] std::vector<SelectedEntry> selectedInTrash() const { return m_selected.inTrash(); }
 
     // --- Removal
     [[nodiscard]] bool isRemoving() const { return m_removal.isRunning(); } // isRemovingChanged
-    /// The removal under way ends after the item that it is at.
+    /// The running removal will end after its current item.
     [[nodiscard]] bool isStopping() const { return m_removal.isStopping(); } // isRemovingChanged
-    /// Removes the entries in the background (one removal at a time) and reports once. A selected one must still be
-    /// the item that was selected, and of a duplicate a copy must stay that has not changed since the search.
+    /// Removes the entries in the background (one removal at a time) and reports once. A selected item must still be
+    /// the one that was selected, and for a duplicate, a copy unchanged since the search must remain.
     void remove(const Selection &entries, bool permanently);
-    /// Ends the removal after the item that it is at.
+    /// Ends the removal after its current item.
     void stopRemoval();
-    /// Takes over what a removal did. `remains` are what is left where an item was removed in part or was another one
-    /// than expected, each scanned anew.
+    /// Applies the outcome of a removal. `remains` are rescans of what is left of each item that was removed in part or
+    /// had been replaced by another item.
     void didRemove(const RemovalOutcome &outcome, bool permanently,
                    const std::vector<std::shared_ptr<FileNode>> &remains = {});
 
     // --- The system
-    /// The moment that ages are counted from.
+    /// The reference time for ages.
     [[nodiscard]] Time now() const { return m_timing.now(); }
     [[nodiscard]] const VolumeInfo &volume() const { return m_volume; }          // volumeChanged
     [[nodiscard]] bool hasFullDiskAccess() const { return m_hasFullDiskAccess; } // accessChanged
-    /// Tests the access anew, which the user may have granted meanwhile.
+    /// Tests the access again, which the user may have granted meanwhile.
     void refreshAccess();
     [[nodiscard]] const Host &host() const { return m_host; }
-    /// The sentences for the users of the system that the root describes.
+    /// The texts for the system that the root contains.
     [[nodiscard]] const SystemWords &words() const { return wordsOf(m_host.files.systemKind()); }
     [[nodiscard]] const AppsTable &appsTable() const { return appsTableOf(m_host.files.systemKind()); }
     [[nodiscard]] const ProtectedLocations &locations() const { return m_locations; }
-    /// Shows an item in the file manager; what goes wrong, at once or later, is said in the toast.
+    /// Shows an item in the file manager; the toast reports failures, immediate or late.
     void reveal(const std::string &path);
-    /// Opens a file in the program that the desktop has for it; what goes wrong is said in the toast.
+    /// Opens a file in the desktop's default application; the toast reports failures.
     void openFile(const std::string &path);
 
     // --- The feedback form
@@ -294,7 +293,7 @@ public:
 
     // --- The short message
     [[nodiscard]] const std::optional<std::string> &toast() const { return m_toast; } // toastChanged; bytes
-    /// Whether the toast reports something that went wrong.
+    /// Whether the toast reports a problem.
     [[nodiscard]] bool toastIsWarning() const { return m_toastIsWarning; }
     void showToast(std::string text, bool warning = false);
     void dismissToast();
@@ -302,8 +301,8 @@ public:
 signals:
     void sidebarChanged();
     void currentFolderChanged();
-    void treeChanged();     ///< the tree, its lists, or a fact of the scan that found it
-    void revisionChanged(); ///< the installed tree itself has changed
+    void treeChanged();     ///< the tree, its lists, or a fact about its scan
+    void revisionChanged(); ///< the installed tree itself
     void phaseChanged();
     void progressChanged();
     void folderWanted();
@@ -325,7 +324,7 @@ private:
     void setCurrentFolder(std::shared_ptr<FileNode> folder);
 
     // The scan.
-    /// The folder to scan for a path; nothing, and the toast says why, where there is none.
+    /// The folder to scan for a path; if there is none, returns nothing and the toast shows why.
     [[nodiscard]] std::optional<std::string> scannable(const std::string &path);
     void setPhase(Phase phase);
     void clearScan();
@@ -335,7 +334,7 @@ private:
     void endScanWithoutTree(std::shared_ptr<ScanResult> result);
     void discard(std::shared_ptr<void> held);
 
-    // What is derived.
+    // Derived data.
     void publishBreakdown(DiskBreakdown breakdown);
     void dropOutdatedBreakdown();
     void publishCleanup(std::vector<CleanupItem> items);
@@ -350,7 +349,7 @@ private:
     void followTreeInDuplicates();
 
     // The uninstalls.
-    /// One on its way: its application is quitting, its removal may begin, or is under way.
+    /// An uninstall whose application is quitting, whose removal is due, or whose removal is running.
     struct Uninstall {
         enum class Stage { quitting, due, removing };
 
@@ -360,20 +359,20 @@ private:
         Stage stage = Stage::quitting;
     };
     void uninstallIsDue(const std::string &bundlePath);
-    /// Begins the first removal that is due, unless one is under way.
+    /// Starts the first removal that is due, unless one is running.
     void removeNextUninstall();
-    /// Forgets the one whose removal has ended; whether there was one.
+    /// Drops the uninstall whose removal has ended; returns whether there was one.
     bool endUninstall();
     void followRemovalInApps(std::span<const SelectedEntry> gone, bool wasUninstall);
 
     // The removal.
     void applyToTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
-    /// Updates the installed tree and the folder shown; whether anything has changed.
+    /// Updates the installed tree and the folder shown; returns whether anything changed.
     bool updateTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
 
     // The system.
     void refreshVolume();
-    /// Says in the toast that something cannot be done ("scan") with an item, and why.
+    /// Shows in the toast that an operation on an item ("scan") failed, and why.
     void showFailure(std::string_view what, const std::string &path, const std::string &why);
 
     const Host m_host;
@@ -391,20 +390,20 @@ private:
     Phase m_phase = Phase::idle;
     ScanProgress::Counters m_counters;
     std::string m_lastScanPath;
-    std::string m_folderToShow;                     // when the running scan ends; empty for its root
-    std::vector<SelectedEntry> m_removedDuringScan; // the running walk may still have seen them
+    std::string m_folderToShow;                     // shown when the running scan ends; empty for its root
+    std::vector<SelectedEntry> m_removedDuringScan; // the running walk may have seen them
     std::shared_ptr<void> m_fullSpeed;              // while a scan runs
     QTimer m_timer;
     QElapsedTimer m_scanStart;
     QElapsedTimer m_scanEnd;
 
     std::optional<DiskBreakdown> m_breakdown;
-    bool m_breakdownHasTree = false; // whether the newest request is about the installed tree
+    bool m_breakdownHasTree = false; // whether the newest request refers to the installed tree
     std::vector<CleanupItem> m_cleanupItems;
     std::vector<AdminCommand> m_cleanupCommands;
     AppInventory::Result m_inventory;
     bool m_appsLoaded = false;
-    std::vector<Uninstall> m_uninstalls; // in the order of the requests
+    std::vector<Uninstall> m_uninstalls; // in order of request
 
     FoundDuplicates m_duplicates;
     Phase m_duplicatePhase = Phase::idle;
@@ -418,8 +417,8 @@ private:
     std::optional<std::string> m_toast;
     bool m_toastIsWarning = false;
 
-    // Last, so that their destructors, which wait for the work, run before anything that the work uses goes. Each has
-    // threads of its own: measuring may take long, and no other work must wait for it.
+    // Declared last: their destructors wait for the work, and must run before anything the work uses is destroyed. Each
+    // has its own threads, because measuring may take long and must not delay other work.
     LateFailures m_revealFailures;
     QThreadPool m_discards;
     LatestJob<std::shared_ptr<ScanResult>, ScanProgress> m_scanJob;

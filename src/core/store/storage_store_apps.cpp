@@ -24,7 +24,7 @@ void StorageStore::publishApps(AppInventory::Result result)
     m_inventory = std::move(result);
     m_appsLoaded = true;
     emit appsChanged();
-    // The total of the selection is that of the figures which the screen shows.
+    // Keep the selection's total consistent with the figures on screen.
     if (m_selected.resize(orphanEntries(m_inventory.orphanGroups)))
         emit selectionChanged();
 }
@@ -95,7 +95,7 @@ void StorageStore::followRemovalInApps(std::span<const SelectedEntry> gone, bool
     const bool hasChanged = takeRemoved(m_inventory, gone);
     if (hasChanged)
         emit appsChanged();
-    // One that is being loaded may have seen what is gone.
+    // An inventory that is still loading may include removed items.
     if (appsLoading() || (m_appsLoaded && (hasChanged || wasUninstall)))
         refreshApps();
 }

@@ -34,8 +34,8 @@ void StorageStore::publishBreakdown(DiskBreakdown breakdown)
     emit breakdownChanged();
 }
 
-// One that is about a tree which is no longer there. The last one stays to be looked at until the next; where there is
-// none, the scan may take long, and the disk is told without it.
+// Cancels a computation for a tree that is no longer installed. The last breakdown stays visible until the next; if
+// there is none, computes one without a tree, since the scan may take long.
 void StorageStore::dropOutdatedBreakdown()
 {
     if (!breakdownLoading() || !m_breakdownHasTree)

@@ -8,7 +8,7 @@ namespace corvane {
 void StorageStore::refreshCleanup()
 {
     m_cleanupJob.start([this](const StopFlag &stop) { return CleanupCatalog::measureAll(m_host.files, stop); });
-    // A job of its own: a tool whose service hangs must not hold up the figures.
+    // A separate job: a tool whose service hangs must not delay the figures.
     m_cleanupCommandsJob.start([this](const StopFlag &stop) { return findAdminCommands(m_host.files, stop); });
     emit cleanupChanged();
 }
@@ -22,7 +22,7 @@ void StorageStore::publishCleanup(std::vector<CleanupItem> items)
 {
     m_cleanupItems = std::move(items);
     emit cleanupChanged();
-    // The total of the selection is that of the figures which the screen shows.
+    // Keep the selection's total consistent with the figures on screen.
     if (m_selected.resize(allEntries(m_cleanupItems)))
         emit selectionChanged();
 }

@@ -11,7 +11,7 @@ void StorageStore::findDuplicates()
         return;
     m_duplicatePhase = Phase::scanning;
     m_duplicateProgress = 0;
-    const int token = m_duplicatesJob.token() + 1; // that the request will have
+    const int token = m_duplicatesJob.token() + 1; // the token of the request started below
     m_duplicatesJob.start([this, files = allFiles(), token](const StopFlag &stop) {
         const auto report = [this, token](double fraction) {
             QMetaObject::invokeMethod(
@@ -34,7 +34,7 @@ void StorageStore::publishDuplicateProgress(double fraction, int token)
 void StorageStore::publishDuplicates(std::vector<DuplicateGroup> groups)
 {
     m_duplicates.replace(std::move(groups));
-    // What was removed while the search ran.
+    // Drop files that were removed during the search.
     m_duplicates.remove([this](const FileNode &file) { return !m_tree.contains(file); });
     m_duplicatePhase = Phase::ready;
     emit duplicatesChanged();

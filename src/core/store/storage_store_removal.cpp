@@ -25,7 +25,7 @@ void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently,
 {
     if (const std::string lines = Removal::logText(outcome); !lines.empty())
         m_host.desktop.log(lines);
-    if (m_isClosing) // nobody looks any more
+    if (m_isClosing) // there is no screen left to update
         return;
     const SelectedItems::Settlement settled = m_selected.settle(outcome);
     applyToTree(settled.gone, remains);
@@ -46,7 +46,7 @@ void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently,
     removeNextUninstall();
 }
 
-// The tree changes from what really happened alone.
+// The tree changes only from what was really removed.
 void StorageStore::applyToTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains)
 {
     const auto concernsScan = [&](const std::string &root) {
@@ -61,7 +61,7 @@ void StorageStore::applyToTree(std::span<const SelectedEntry> gone, std::span<co
         return;
     }
     if ((hasScan() || m_phase == Phase::scanning) && concernsScan(m_lastScanPath)) {
-        // What is left of the scanned folder itself, or of what a walk may have seen whole.
+        // The scanned folder itself remains in part, or the running walk may have seen the item whole.
         rescan();
         return;
     }

@@ -20,7 +20,7 @@ std::int64_t StorageStore::secondsSinceScan() const
 std::optional<std::string> StorageStore::scannable(const std::string &path)
 {
     std::string target = standardizedPath(path, m_locations.home());
-    // The window waits meanwhile.
+    // The window is blocked meanwhile.
     const auto begin = std::chrono::steady_clock::now();
     StoppableFiles files(m_host.files, target, {.isOver = [&] {
                              return std::chrono::steady_clock::now() - begin > std::chrono::seconds(1);
@@ -29,7 +29,7 @@ std::optional<std::string> StorageStore::scannable(const std::string &path)
     if (facts && facts->type == EntryType::symbolicLink) {
         const auto real = files.realPath(target);
         facts = real ? files.facts(*real) : Expected<ItemFacts>(tl::unexpected(real.error()));
-        // A home that is a link keeps its name, by which its places are known.
+        // Keep the name of a home folder that is a link: its places are known by that name.
         if (real && target != m_locations.home())
             target = *real;
     }
@@ -119,7 +119,7 @@ void StorageStore::clearScan()
     discard(std::move(discarded));
 }
 
-// Letting go of a large tree takes time that the window should not wait for.
+// Freeing a large tree takes too long for the main thread.
 void StorageStore::discard(std::shared_ptr<void> held)
 {
     m_discards.start([held = std::move(held)]() mutable { held.reset(); });
@@ -178,7 +178,7 @@ void StorageStore::publishScan(std::shared_ptr<ScanResult> result)
     if (scanIsPartial())
         showToast("Scan stopped — showing partial results");
     refreshBreakdown();
-    // One that is under way is as new as the scan.
+    // A running measurement is as recent as the scan.
     if (!cleanupLoading())
         refreshCleanup();
 }
@@ -190,8 +190,9 @@ void StorageStore::endScanWithoutTree(std::shared_ptr<ScanResult> result)
     setPhase(Phase::idle);
 }
 
-// What was removed while the walk ran may be in its tree. Whether it came back before the walk saw it is asked
-// of the disk, which is no work for the main thread; meanwhile more may have gone, so the result comes by again.
+// Items removed during the walk may be in its tree. Whether one was recreated before the walk saw it has to be checked
+// on disk, which is too slow for the main thread; more may be removed meanwhile, so the result passes through here
+// again.
 void StorageStore::checkRemovalsDuringScan(std::shared_ptr<ScanResult> result)
 {
     m_scanJob.proceed(

@@ -6,17 +6,17 @@
 
 namespace corvane {
 
-/// What one system's uninstaller tells of applications, and in which words.
+/// Texts and display choices of one system's uninstaller.
 struct AppsTable {
-    bool tellsLastUse;           ///< the system remembers when an application was opened last
-    bool tellsIdentifier;        ///< beside the version: the data bears it
-    bool showsWholePaths;        ///< of the data, which lies in many places; its name alone otherwise
-    std::string_view dataTitle;  ///< over what belongs to an application for certain
-    std::string_view invitation; ///< in the place of an application, as long as none is chosen
-    std::string_view noApps;     ///< where the applications are looked for
+    bool tellsLastUse;           ///< the system records when an application was last opened
+    bool tellsIdentifier;        ///< beside the version, because the data is named after it
+    bool showsWholePaths;        ///< of the data, which is in many places; otherwise only its name
+    std::string_view dataTitle;  ///< heading for data that certainly belongs to an application
+    std::string_view invitation; ///< placeholder until an application is chosen
+    std::string_view noApps;     ///< where the program looks for applications
 };
 
-/// Of static storage.
+/// Static storage.
 [[nodiscard]] const AppsTable &appsTableOf(SystemKind kind);
 
 } // namespace corvane

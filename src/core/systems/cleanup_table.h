@@ -9,8 +9,8 @@
 
 namespace corvane {
 
-/// `safe`: its owner makes or downloads the data again. `review`: removal loses something that should be
-/// looked at first.
+/// `safe`: the owner recreates or downloads the data again. `review`: removal loses something that the user should look
+/// at first.
 enum class CleanupRisk { safe, review };
 
 /// The sections of the catalogue, in this order.
@@ -22,7 +22,7 @@ inline constexpr std::array<CleanupGroup, 3> allCleanupGroups{CleanupGroup::syst
 /// The system colours that the catalogue's icons take.
 enum class CleanupTint { blue, gray, cyan, red, indigo, purple, teal, green, mint, orange };
 
-/// One row of the catalogue: a well-known folder, or several that hold the same kind of data.
+/// One row of the catalogue: a well-known folder, or several with the same kind of data.
 struct CleanupDefinition {
     std::string_view id;
     std::string_view title;
@@ -31,24 +31,24 @@ struct CleanupDefinition {
     CleanupTint tint;
     CleanupRisk risk;
     CleanupGroup group;
-    /// Beneath the home folder, without a leading slash. The part "*" stands for every folder there: what the rest
-    /// names in each of them is one entry, called as that folder is.
+    /// Relative to the home folder, without a leading slash. The component "*" matches every folder there; each match
+    /// is one entry, named after that folder.
     std::string_view relativePath;
-    std::array<std::string_view, 3> morePaths = {}; ///< written alike; the last ones may be empty
+    std::array<std::string_view, 3> morePaths = {}; ///< same syntax; trailing ones may be empty
 };
 
 /// A command that frees space and that only the administrator, or the owner of a service, may run. The user copies it;
-/// nothing here runs it.
+/// the program never runs it.
 struct CommandDefinition {
-    /// How what it frees is found out, and whether there is anything.
+    /// How to determine whether the command frees anything, and how much.
     enum class Answer : std::uint8_t {
-        folders,          ///< all that the folders hold
-        journal,          ///< what the tool tells, or the folders hold, beyond `kept`
-        containers,       ///< what the tool tells of stopped containers, the build cache and unnamed images
-        snapRevisions,    ///< the earlier revisions that the tool tells, but for the newest of each
-        unneededPackages, ///< the packages that the tool would remove, where a kernel is among them
-        severalKernels,   ///< whether the tool tells more than one; not how large they are
-        unusedRuntimes,   ///< the runtimes that the tool tells and that no application uses
+        folders,          ///< everything in the folders
+        journal,          ///< the tool's figure, or the size of the folders, beyond `kept`
+        containers,       ///< the tool's figures for stopped containers, the build cache and unnamed images
+        snapRevisions,    ///< the listed disabled revisions, except the newest of each
+        unneededPackages, ///< the packages that the tool would remove, if a kernel is among them
+        severalKernels,   ///< whether the tool lists more than one; sizes are unknown
+        unusedRuntimes,   ///< the listed runtimes that no application uses
     };
 
     std::string_view id;
@@ -57,30 +57,29 @@ struct CommandDefinition {
     std::string_view symbol;
     CleanupTint tint;
     std::string_view command;
-    std::string_view tool; ///< its path; without it the command is not offered
+    std::string_view tool; ///< full path; without the tool the command is not offered
     Answer answer;
     std::array<std::string_view, 2> folders = {}; ///< absolute; the second may be empty
-    std::string_view deniedCommand = {};          ///< in place of the other one where the tool does not answer the user
-    std::int64_t kept = 0;                        ///< bytes that the command leaves
-    /// Makes the tool tell the address of the service that the command would speak to, which has to be one of this
-    /// computer; empty where it can be no other.
+    std::string_view deniedCommand = {};          ///< used instead if the tool denies access to the user
+    std::int64_t kept = 0;                        ///< bytes that the command keeps
+    /// Arguments that print the address of the service that the command would use, which must be on this computer;
+    /// empty if it can be no other.
     std::array<std::string_view, 4> serviceArguments = {};
 };
 
-/// What one system's catalogue has beside the rows that every system has.
+/// What one system's catalogue adds to the rows common to all systems.
 struct CleanupTable {
-    std::span<const CleanupDefinition> rows; ///< these come after the others
-    /// Of the rows of every system, by their ids, those of programs that this one does not have. They are shown only
-    /// where they hold something.
+    std::span<const CleanupDefinition> rows; ///< listed after the common rows
+    /// Ids of common rows for programs that this system does not have. Shown only if they contain something.
     std::span<const std::string_view> foreignRows;
     std::span<const CommandDefinition> commands;
-    /// A folder that lies in two rows counts in the more special one only.
+    /// A folder that belongs to two rows counts only in the more specific one.
     bool countsOnce;
-    /// Rows that hold nothing are folded into one line.
+    /// Empty rows are folded into one line.
     bool foldsEmptyRows;
 };
 
-/// Of static storage.
+/// Static storage.
 [[nodiscard]] const CleanupTable &cleanupTableOf(SystemKind kind);
 
 } // namespace corvane

@@ -115,8 +115,8 @@ inline constexpr auto rows = std::to_array<CleanupDefinition>({
      CleanupTint::blue, CleanupRisk::review, CleanupGroup::personal, "VirtualBox VMs"},
 });
 
-// Mail, Xcode, its simulators and the backups of phones exist on a Mac only, and programs write no logs to
-// "Library/Logs" elsewhere.
+// Mail, Xcode, its simulators and phone backups exist only on a Mac, and elsewhere programs do not log to
+// "Library/Logs".
 inline constexpr auto foreignRows = std::to_array<std::string_view>(
     {"logs", "mail", "deriveddata", "devicesupport", "archives", "simcaches", "simdevices", "backups"});
 

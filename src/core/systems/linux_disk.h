@@ -157,8 +157,8 @@ inline constexpr DiskPlace deletedFiles{
     "clock.arrow.circlepath",
     rgb(204, 122, 82)};
 
-// Docker and Podman are asked for the services of this computer, whichever others the user has told them to talk to,
-// and Podman not for what the user keeps in the home folder.
+// Query the Docker and Podman services of this computer, even if the user has configured others, and for Podman not the
+// storage in the home folder.
 inline constexpr auto tools = std::to_array<SizeTool>({
     {"/var/lib/docker",
      "/usr/bin/docker",

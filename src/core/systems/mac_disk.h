@@ -12,7 +12,7 @@ inline constexpr std::array snapshotKeepers{SnapshotKeeper::timeMachine};
 
 } // namespace mac_disk
 
-/// The disk of a Mac, whose own places are volumes.
+/// The disk of a Mac, where the system's own places are separate volumes.
 inline constexpr DiskTable macDisk{
     .places = {},
     .tools = {},

@@ -8,7 +8,7 @@ namespace corvane {
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
-constexpr char32_t controlPictures = 0x2400; // mirrors ASCII's first 32
+constexpr char32_t controlPictures = 0x2400; // in the order of ASCII's first 32
 constexpr char32_t deletePicture = 0x2421;
 
 bool turnsDirection(char32_t codePoint)
@@ -34,11 +34,11 @@ char32_t shown(const DecodedCharacter &character)
     return codePoint;
 }
 
-/// How many bytes at the start are shown as they are.
+/// The number of leading bytes that need no change.
 std::size_t plainBytes(std::string_view bytes)
 {
     for (std::size_t i = 0; i < bytes.size();) {
-        if (bytes[i] >= 0x20 && bytes[i] < 0x7F) { // most names hold nothing else
+        if (bytes[i] >= 0x20 && bytes[i] < 0x7F) { // the common case
             ++i;
             continue;
         }

@@ -39,8 +39,8 @@ std::string formatByteCount(std::int64_t bytes)
     if (unitsInUse == ByteUnits::bytes || static_cast<std::uint64_t>(bytes) < base)
         return formatCount(bytes, "byte", "bytes");
 
-    // The unit is chosen by the rounded figure, so that no "1000 KB" appears. 63 bits end at 9.22 EB, so the
-    // last unit always fits.
+    // Choose the unit by the rounded figure, so that "1000 KB" never appears. 63 bits end at 9.22 EB, so the last unit
+    // always fits.
     Wide size = base;
     for (const Unit &unit : units) {
         const auto rounded = static_cast<std::uint64_t>((static_cast<Wide>(bytes) * unit.scale + size / 2) / size);

@@ -12,7 +12,7 @@ std::string lowerCase(std::string_view text)
     std::string result;
     result.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
-        if (static_cast<unsigned char>(text[i]) < 0x80) { // most names hold nothing else
+        if (static_cast<unsigned char>(text[i]) < 0x80) { // the common case
             result += lowerAscii(text[i++]);
             continue;
         }

@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// The text with every letter in lower case, one character for one, whatever the language and the system; every other
-/// character, and a byte that is no UTF-8, stays. A letter and its accent are not put together.
+/// The text with every letter in lower case, mapped one code point to one, independent of language and system. All
+/// other characters and bytes that are not UTF-8 are kept. Does not compose letters with accents.
 [[nodiscard]] std::string lowerCase(std::string_view text);
 
 } // namespace corvane

@@ -7,41 +7,41 @@
 
 namespace corvane {
 
-/// The sentences that are written differently for the users of the two systems.
+/// Texts that differ between the two systems.
 struct SystemWords {
-    std::string_view invitation;   ///< to the first scan
-    std::string_view reveal;       ///< an item, in the file manager
-    std::string_view revealFolder; ///< a whole folder
-    std::string_view diskSubtitle; ///< of the breakdown
-    std::string_view nudgeTitle;   ///< over the breakdown, before a scan
+    std::string_view invitation;   ///< to start the first scan
+    std::string_view reveal;       ///< for showing an item in the file manager
+    std::string_view revealFolder; ///< the same for a whole folder
+    std::string_view diskSubtitle; ///< on the breakdown screen
+    std::string_view nudgeTitle;   ///< above the breakdown, before a scan
     std::string_view nudgeText;
-    std::string_view needsAccess;     ///< in the place of a count, of a folder that cannot be read
-    std::string_view blockedFolder;   ///< why one cannot be read, with "{}" for its owner where that matters
-    std::string_view belongsTo;       ///< in the place of `needsAccess`, with "{}" for the owner; empty to tell none
-    std::string_view deniedTo;        ///< behind the reason why a folder cannot be read, likewise
-    std::string_view orphansText;     ///< what deleted applications have left
-    std::string_view uninstallAdvice; ///< the end of the question before an uninstall
+    std::string_view needsAccess;   ///< shown instead of a count for an unreadable folder
+    std::string_view blockedFolder; ///< why a folder cannot be read, with "{}" for its owner if that matters
+    std::string_view belongsTo;     ///< used instead of `needsAccess`, with "{}" for the owner; empty to omit the owner
+    std::string_view deniedTo;      ///< appended to the reason why a folder cannot be read, likewise
+    std::string_view orphansText;   ///< describes the data of deleted applications
+    std::string_view uninstallAdvice; ///< the last part of the confirmation of an uninstall
     std::string_view snapshotsTitle;
     std::string_view snapshotsText;
     std::string_view snapshotsNote;
-    std::string_view listSnapshots; ///< a command; empty where each snapshot has one of its own
+    std::string_view listSnapshots; ///< a command; empty if each snapshot has its own
     std::string_view thinSnapshots; ///< likewise
-    std::string_view welcomeLine;   ///< beneath "Welcome to Corvane"
-    std::string_view accessTitle;   ///< what the program must be granted to see everything
-    std::string_view accessMissing; ///< what it is for, or what is wrong
+    std::string_view welcomeLine;   ///< below "Welcome to Corvane"
+    std::string_view accessTitle;   ///< what the user must grant to see everything
+    std::string_view accessMissing; ///< what it is for, or what the problem is
     std::string_view accessGranted;
-    /// Whether the access is granted in the system's settings, which the user has to be led to.
+    /// Whether the access is granted in the system's settings, to which the program guides the user.
     bool accessIsInSettings;
-    std::array<std::string_view, 3> accessSteps; ///< of granting it there, the names of what is pressed between "**"
-    std::string_view dragHelp;                   ///< of the program's icon beside these steps
+    std::array<std::string_view, 3> accessSteps; ///< of granting it there; names of controls between "**"
+    std::string_view dragHelp;                   ///< for dragging the program's icon in these steps
     std::string_view settingsFailure;            ///< the settings could not be opened
-    std::string_view bannerTitle;                ///< over the overview while the access is missing
+    std::string_view bannerTitle;                ///< on the overview while the access is missing
     std::string_view bannerText;
-    std::string_view includeSystemInfo; ///< the feedback form's choice
+    std::string_view includeSystemInfo; ///< the option in the feedback form
     std::string_view crashReportContent;
 };
 
-/// Of static storage.
+/// Static storage.
 [[nodiscard]] const SystemWords &wordsOf(SystemKind kind);
 
 } // namespace corvane

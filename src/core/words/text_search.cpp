@@ -25,7 +25,7 @@ bool isAscii(std::string_view text)
     return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-/// The text in valid UTF-8, with the letters "I" and "İ" in small as Turkish has them where that is asked for.
+/// The text in valid UTF-8, with "I" and "İ" lowercased the Turkish way if `casing` is turkic.
 std::string prepared(std::string_view bytes, Casing casing)
 {
     std::string text;
@@ -68,12 +68,12 @@ Casing casingOf(std::string_view locale)
 
 Casing userCasing()
 {
-    return casingOf(Environment::locale("LC_CTYPE")); // which language letters belong to
+    return casingOf(Environment::locale("LC_CTYPE")); // LC_CTYPE determines case mapping
 }
 
 std::string searchable(std::string_view bytes, Casing casing)
 {
-    if (casing == Casing::usual && isAscii(bytes)) // most names
+    if (casing == Casing::usual && isAscii(bytes)) // the common case
         return lowerAscii(std::string(bytes));
     const std::string text = prepared(bytes, casing);
     utf8proc_uint8_t *folded = nullptr;

@@ -5,22 +5,22 @@
 
 namespace corvane {
 
-/// Which letters belong together when case is not looked at: Turkish and Azerbaijani pair "I" with "ı" and "İ" with
-/// "i", every other language "I" with "i".
+/// How letters pair up when case is ignored: Turkish and Azerbaijani pair "I" with "ı" and "İ" with "i", every other
+/// language "I" with "i".
 enum class Casing { usual, turkic };
 
-/// That of a locale's name, such as "tr_TR.UTF-8".
+/// The casing for a locale name, such as "tr_TR.UTF-8".
 [[nodiscard]] Casing casingOf(std::string_view locale);
 
-/// That of the user's language, as the environment names it.
+/// The casing of the user's language, from the environment.
 [[nodiscard]] Casing userCasing();
 
-/// The bytes of a name made ready for a search without case: every letter in the form that stands for all its cases
-/// ("ß" is "ss"), accents composed with their letters. Bytes that are no UTF-8 stand for U+FFFD.
+/// The bytes of a name prepared for a case-insensitive search: letters case-folded ("ß" is "ss"), accents composed with
+/// their letters. Invalid UTF-8 bytes become U+FFFD.
 [[nodiscard]] std::string searchable(std::string_view bytes, Casing casing);
 
-/// Whether a text holds another one, both `searchable`. What begins or ends within a letter and its accents does not
-/// count: "e" is not in "é", however that is written. The empty text is in every text.
+/// Whether a text contains another one, both `searchable`. A match that starts or ends inside a combining sequence does
+/// not count: "e" is not in "é", in either normalization form. Every text contains the empty text.
 [[nodiscard]] bool holds(std::string_view text, std::string_view part);
 
 } // namespace corvane

@@ -18,7 +18,7 @@ bool isAscii(char byte)
 DecodedCharacter decodeUtf8(std::string_view bytes, std::size_t position)
 {
     const std::string_view rest = bytes.substr(position);
-    if (isAscii(rest.front())) // nearly every character of a name
+    if (isAscii(rest.front())) // the common case
         return {static_cast<char32_t>(rest.front()), 1, true};
     utf8proc_int32_t codePoint = 0;
     const utf8proc_ssize_t length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t *>(rest.data()),

@@ -6,18 +6,18 @@
 
 namespace corvane {
 
-/// One step of reading UTF-8.
+/// One decoded code point.
 struct DecodedCharacter {
-    char32_t codePoint = 0xFFFD; ///< U+FFFD where the bytes are no character
-    std::size_t length = 1;      ///< bytes taken; a bad byte is taken alone
+    char32_t codePoint = 0xFFFD; ///< U+FFFD if the bytes are invalid
+    std::size_t length = 1;      ///< bytes consumed; 1 for an invalid byte
     bool isValid = false;
 };
 
-/// Reads the character at `position`, which lies inside `bytes`. Overlong forms, surrogates and what lies
-/// beyond U+10FFFF are bad.
+/// Decodes the character at `position`, which must be inside `bytes`. Overlong forms, surrogates and values above
+/// U+10FFFF are invalid.
 [[nodiscard]] DecodedCharacter decodeUtf8(std::string_view bytes, std::size_t position);
 
-/// Writes a character behind `text`.
+/// Appends a character to `text`.
 void appendUtf8(std::string &text, char32_t codePoint);
 
 [[nodiscard]] bool isValidUtf8(std::string_view bytes);

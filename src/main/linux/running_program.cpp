@@ -1,4 +1,4 @@
-// Linux: the interface with which desktops start and call applications, on the session bus.
+// Linux: the D-Bus interface by which desktops start and call applications, on the session bus.
 #include "main/running_program.h"
 
 #include <string_view>
@@ -24,10 +24,10 @@ constexpr QLatin1String object("/app/corvane/Corvane");
 constexpr QLatin1String interface("org.freedesktop.Application");
 constexpr QLatin1String tokenKey("activation-token");
 constexpr QLatin1String placeKey("corvane-place");
-constexpr int longestAnswer = 3'000; // milliseconds: a program that hangs is not waited for
+constexpr int longestAnswer = 3'000; // milliseconds: do not wait for a hanging program
 
-/// What two starts have in common where one can do what the other is asked: the display, the home folder, and the disk
-/// that paths count from, which a sandbox has of its own.
+/// Identifies the display, home folder and root that a process uses, since a sandbox may have its own. A running
+/// instance can only handle a start with the same values.
 QString ownPlace()
 {
     struct stat root {};
@@ -40,7 +40,7 @@ QString ownPlace()
 
 } // namespace
 
-/// What others may call.
+/// The slots exported on the bus.
 class RunningProgram::Listener : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
@@ -48,7 +48,7 @@ class RunningProgram::Listener : public QObject, protected QDBusContext {
 public:
     Listener(QDBusConnection bus, Answer answer) : m_bus(std::move(bus)), m_answer(std::move(answer))
     {
-        // The name comes last: others may call as soon as they see it.
+        // Register the name last: others may call as soon as they see it.
         m_bus.registerObject(object, this, QDBusConnection::ExportAllSlots);
         m_bus.registerService(service);
     }

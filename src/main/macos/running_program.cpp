@@ -1,4 +1,4 @@
-// The system starts an application once, and brings it to the front where it runs.
+// macOS starts an application only once, and brings a running one to the front.
 #include "main/running_program.h"
 
 namespace corvane {

@@ -19,7 +19,7 @@ std::optional<dev_t> blockDeviceOf(const std::string &path)
     const MountedFolder *around = nullptr;
     const auto table = readMountTable();
     for (const MountedFolder &mount : *table) {
-        // Of two with one path the later lies on top.
+        // Of two mounts at one path the later one is on top.
         if (isOrLiesBeneath(path, mount.path) && (around == nullptr || mount.path.size() >= around->path.size()))
             around = &mount;
     }
@@ -43,7 +43,7 @@ bool isSpinning(const std::string &devices, const std::string &number)
     const std::string device = buffer.data();
     if (device.find("/virtio") != std::string::npos)
         return false;
-    // A partition's device lies inside the disk's.
+    // A partition's directory is inside the disk's.
     for (const std::string_view queue : {"/queue/rotational", "/../queue/rotational"}) {
         std::ifstream file(device + std::string(queue));
         if (char answer = 0; file.get(answer))

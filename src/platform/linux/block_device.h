@@ -7,15 +7,15 @@
 
 namespace corvane {
 
-/// The block device from which the file system around that absolute path is mounted; absent where it is none, or the
-/// kernel does not tell. The files' own device is another one where a file system has several volumes (btrfs).
+/// The block device of the file system that contains an absolute path; nothing if there is none, or if it is unknown.
+/// st_dev of the files differs from it on a file system with several volumes (btrfs).
 [[nodiscard]] std::optional<dev_t> blockDeviceOf(const std::string &path);
 
-/// "MAJOR:MINOR", as the kernel's own file system names a device.
+/// "MAJOR:MINOR", the name of a device in sysfs.
 [[nodiscard]] std::string numberOf(dev_t device);
 
-/// Whether a block device, "MAJOR:MINOR", turns, as `devices` tells, which is the folder of all of them in the kernel's
-/// own file system. A virtual machine's device says that it does, whatever its host has: it counts as unknown.
+/// Whether the block device "MAJOR:MINOR" is rotational, according to `devices`, the sysfs folder of block devices. A
+/// virtual device reports rotational whatever its host has, so it counts as unknown.
 [[nodiscard]] bool isSpinning(const std::string &devices, const std::string &number);
 
 } // namespace corvane

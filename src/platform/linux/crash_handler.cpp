@@ -47,17 +47,17 @@ constexpr std::array<FatalSignal, 7> fatalSignals{{{SIGSEGV, "SIGSEGV"},
                                                    {SIGSYS, "SIGSYS"},
                                                    {SIGTRAP, "SIGTRAP"}}};
 
-constexpr unsigned mostSeconds = 10; // that writing may take, should a lock be held that it needs
+constexpr unsigned mostSeconds = 10; // time limit for writing, in case a needed lock is held
 constexpr std::uintptr_t nullPage = 65'536;
 constexpr std::size_t mostFrames = 128;
 constexpr std::size_t mostNameSize = 64;
 
-/// Everything that the handler uses, made ready beforehand: it must not allocate.
+/// Everything that the handler uses, allocated beforehand: the handler itself must not allocate.
 struct Prepared {
     std::array<char, 64UL * 1024> stack;
     std::array<char, PATH_MAX> path; // of the folder
     std::size_t pathSize;
-    std::size_t foundSize; // of the path: what is not made where it is missing
+    std::size_t foundSize; // length of the part of the path that must already exist
     std::array<char, NAME_MAX + 1> executable;
     std::array<char, mostNameSize> version;
     std::array<char, mostNameSize> build;
@@ -68,7 +68,7 @@ struct Prepared {
     std::array<void *, mostFrames> frames;
     std::array<Module, mostFrames> modules;
 };
-Prepared prepared; // written by the installation, then by the one thread that handles a crash
+Prepared prepared; // written at installation, then by the one thread that handles a crash
 
 std::atomic<pid_t> handlingThread{0};
 std::atomic<int> firstSignal{0};
@@ -100,7 +100,7 @@ void unblock(int signal)
     ::pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }
 
-// Ends the program by the signal that began it all.
+// Ends the program by the original signal.
 void endNow(int /*signal*/)
 {
     const int first = firstSignal.load();
@@ -121,7 +121,7 @@ std::uintptr_t programCounter(const ucontext_t &context)
 #endif
 }
 
-// The frames from the one that crashed on, without the handler's own.
+// The frames from the crashed one on, without those of the handler.
 std::span<void *const> crashedFrames(const ucontext_t &context)
 {
     const int count = ::backtrace(prepared.frames.data(), static_cast<int>(prepared.frames.size()));
@@ -162,7 +162,7 @@ std::string_view compose(int signal, const siginfo_t &info, const ucontext_t &co
     const auto known = std::ranges::find(fatalSignals, signal, &FatalSignal::number);
     text.add("Signal: ").addDecimal(signal).add(" ").add(known == fatalSignals.end() ? "" : known->name);
     text.add(", code ").addDecimal(info.si_code).add("\n");
-    // An address may be made of what was read from somewhere; one next to null is not.
+    // A fault address may contain user data; one close to null cannot.
     const auto address = reinterpret_cast<std::uintptr_t>(info.si_addr);
     if (info.si_code > 0 && (signal == SIGSEGV || signal == SIGBUS)) {
         text.add("Fault address: ");
@@ -193,7 +193,7 @@ void makeFolders()
         if (path[at] != '/' && path[at] != '\0')
             continue;
         const char before = std::exchange(path[at], '\0');
-        ::mkdir(path, 0700); // there already, or opening the file fails
+        ::mkdir(path, 0700); // if it fails for other reasons than EEXIST, opening the file fails too
         path[at] = before;
     }
 }
@@ -224,7 +224,7 @@ void writeReport(int signal, const siginfo_t &info, const ucontext_t &context)
         path.add({prepared.path.data(), prepared.pathSize}).add("/").add(prepared.executable.data()).add("-");
         path.addTime(now.tv_sec, "-", "");
         if (copy != '0')
-            path.add("-").add({&copy, 1}); // another has crashed in the same second
+            path.add("-").add({&copy, 1}); // another crash occurred in the same second
         path.add(".ips");
         const int file = ::open(place.data(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
         if (file < 0 && errno == EEXIST)
@@ -238,25 +238,26 @@ void writeReport(int signal, const siginfo_t &info, const ucontext_t &context)
     }
 }
 
-// Only what may be called in a handler of signals.
+// Calls only async-signal-safe functions.
 void handle(int signal, siginfo_t *info, void *context)
 {
     pid_t none = 0;
     const pid_t self = currentThread();
     if (!handlingThread.compare_exchange_strong(none, self)) {
         if (none == self)
-            endNow(signal); // what is done here has crashed in its turn
+            endNow(signal); // the handler itself has crashed
         for (;;)
-            ::pause(); // until the thread that came first ends them all
+            ::pause(); // until the first thread ends the process
     }
     firstSignal = signal;
     setAction(SIGALRM, endNow);
     unblock(SIGALRM);
     ::alarm(mostSeconds);
-    setAction(SIGXFSZ, SIG_IGN); // a limit of the size of files is a failure to write, not an end of its own
+    setAction(SIGXFSZ, SIG_IGN); // exceeding the file size limit must fail the write, not kill the process
     writeReport(signal, *info, *static_cast<const ucontext_t *>(context));
 
-    // Sent anew as it came, and delivered on return, where it finds the program as it was: a core dump shows that.
+    // Queue the signal again with its original details. It is delivered on return, in the context of the crash, so that
+    // a core dump shows it.
     setAction(signal, SIG_DFL);
     if (::syscall(SYS_rt_tgsigqueueinfo, ::getpid(), self, signal, info) != 0)
         endNow(signal);
@@ -270,11 +271,11 @@ std::string executableName()
                      : std::string(lastPathComponent(std::string_view(path.data(), static_cast<std::size_t>(size))));
 }
 
-/// The folder of reports: what the environment says, and what lies beneath it.
+/// The folder of reports: a base from the environment, and the path below it.
 struct ReportsFolder {
     std::string base;
     std::string beneath;
-    std::size_t foundSize; // a home that is not there is not made
+    std::size_t foundSize; // length of the part that is not created if missing: the home folder
 };
 
 ReportsFolder reportsFolder()
@@ -308,7 +309,7 @@ bool installCrashHandler(const CrashingProgram &program)
     keep(prepared.version, program.version);
     keep(prepared.build, program.build);
     prepared.mainThread = currentThread();
-    // Loads the library that it needs, which takes memory.
+    // Loads the library for backtraces, which allocates memory.
     ::backtrace(prepared.frames.data(), 1);
 
     stack_t stack{};
@@ -320,7 +321,7 @@ bool installCrashHandler(const CrashingProgram &program)
     action.sa_flags = SA_SIGINFO | SA_ONSTACK;
     for (const FatalSignal &signal : fatalSignals) {
         struct sigaction before {};
-        // What is ignored, or handled by somebody else, does not end the program.
+        // Signals that are ignored or already handled do not end the program.
         if (::sigaction(signal.number, nullptr, &before) == 0 && before.sa_handler == SIG_DFL)
             ::sigaction(signal.number, &action, nullptr);
     }

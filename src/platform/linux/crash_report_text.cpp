@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-// Their places in ModuleFinder::m_numbers.
+// Indices in ModuleFinder::m_numbers.
 constexpr std::size_t startNumber = 0;
 constexpr std::size_t endNumber = 1;
 constexpr std::size_t offsetNumber = 2;
@@ -97,7 +97,7 @@ void ModuleFinder::take(std::string_view piece)
         takeCharacter(c);
 }
 
-// "55d0-55d9 r-xp 00001000 08:01 1234      /usr/bin/name", the name with spaces of its own.
+// "55d0-55d9 r-xp 00001000 08:01 1234      /usr/bin/name"; the name may contain spaces.
 void ModuleFinder::takeCharacter(char c)
 {
     constexpr std::size_t nameField = 5;

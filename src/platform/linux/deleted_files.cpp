@@ -24,8 +24,8 @@ namespace corvane {
 
 namespace {
 
-/// Tells which files lie on the disk. The volumes of a btrfs file system have devices of their own, so of such a disk
-/// every btrfs file counts.
+/// Decides which files are on the disk. The volumes of a btrfs file system have device numbers of their own, so on such
+/// a disk every btrfs file counts.
 class Disk {
 public:
     explicit Disk(const std::string &home)
@@ -56,8 +56,8 @@ private:
     bool m_isBtrfs = false;
 };
 
-/// Whether the kernel marks what is open as deleted, which it tells without asking the file's disk. A path that is too
-/// long to be told may be marked.
+/// Whether the kernel marks an open file as deleted, which does not require accessing the file's disk. A path too long
+/// to be reported counts as possibly deleted.
 bool mayBeDeleted(int folder, const char *name)
 {
     constexpr std::string_view mark = " (deleted)";
@@ -81,7 +81,7 @@ std::string programName(int process)
 std::vector<HeldFiles> openDeletedFiles(const std::string &home)
 {
     const Disk disk(home);
-    std::map<std::string, std::int64_t> sizes; // by program
+    std::map<std::string, std::int64_t> sizes; // keyed by program
     std::set<std::pair<dev_t, std::uint64_t>> seen;
     const auto open = [](int folder, const char *name) {
         return FileDescriptor(::openat(folder, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -96,7 +96,7 @@ std::vector<HeldFiles> openDeletedFiles(const std::string &home)
         const int held = files.number();
         forEachName(std::move(files), [&](const char *file) {
             struct statx facts {};
-            // Of a file on a network disk what is known is enough; its server is not asked.
+            // Cached attributes suffice for a file on a network disk; do not query the server.
             if (file[0] == '.' || !mayBeDeleted(held, file) ||
                 ::statx(held, file, AT_STATX_DONT_SYNC | AT_NO_AUTOMOUNT,
                         STATX_TYPE | STATX_NLINK | STATX_INO | STATX_BLOCKS, &facts) != 0)

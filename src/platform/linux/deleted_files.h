@@ -7,8 +7,8 @@
 
 namespace corvane {
 
-/// The deleted files on the file systems of "/" and of the home folder that programs have open, largest first; of the
-/// programs of this user, or of all where the user is the administrator.
+/// Deleted files on the file systems of "/" and of the home folder that are still open, largest first; those opened by
+/// this user's programs, or by all programs if the user is root.
 [[nodiscard]] std::vector<HeldFiles> openDeletedFiles(const std::string &home);
 
 } // namespace corvane

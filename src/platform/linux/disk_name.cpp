@@ -63,7 +63,7 @@ std::optional<std::string> nameOfDisk(FileSystem &files)
 {
     if (std::optional<std::string> label = labelOfRoot())
         return label;
-    constexpr std::size_t longestName = 256; // bytes, as long as any label is
+    constexpr std::size_t longestName = 256; // bytes, the longest possible label
     if (std::string system = OsRelease::load(files).value("NAME"); !system.empty() && system.size() <= longestName)
         return system;
     return hostName();

@@ -8,11 +8,11 @@ namespace corvane {
 
 class FileSystem;
 
-/// The label of the file system that is mounted on "/"; without one the name that the system gives itself
-/// ("Debian GNU/Linux"), without that the host's name.
+/// The label of the file system mounted on "/"; otherwise the name in os-release ("Debian GNU/Linux"); otherwise the
+/// host name.
 [[nodiscard]] std::optional<std::string> nameOfDisk(FileSystem &files);
 
-/// A label as udev names its link, where "\x20" stands for a blank.
+/// A label from udev's link name, in which "\x20" stands for a space.
 [[nodiscard]] std::string unescapedLabel(std::string_view name);
 
 } // namespace corvane

@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// Calls `visit` with every name in a folder, "." and ".." among them; never for one that is not open. For the small
-/// folders of the kernel and of the system, whose failures mean nothing.
+/// Calls `visit` with every name in a folder, including "." and ".."; never if the folder is not open. For small
+/// folders such as those in /proc, where failures can be ignored.
 void forEachName(FileDescriptor folder, const std::function<void(const char *)> &visit);
 
 } // namespace corvane

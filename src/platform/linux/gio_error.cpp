@@ -6,7 +6,7 @@ namespace corvane {
 
 namespace {
 
-/// GIO keeps the kind of an error, not the number that the kernel gave.
+/// A GIO error has a kind but not the original errno.
 std::errc codeOf(const GError &error)
 {
     if (error.domain != G_IO_ERROR)

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// What GIO failed at, with its sentence and the system's code that comes closest.
+/// A GIO failure with GIO's message and the closest system error code.
 [[nodiscard]] Error gioError(std::string operation, std::string path, const GError &error);
 
 } // namespace corvane

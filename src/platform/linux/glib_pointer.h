@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// Owners of what GLib hands out.
+/// Owning pointers for GLib objects.
 
 template <auto release>
 struct GlibRelease {

@@ -18,7 +18,7 @@ namespace corvane {
 
 namespace {
 
-/// Some file systems tell what became of the bytes when a number of the file is closed, and not before.
+/// Some file systems report a write error only when the descriptor is closed.
 bool writeWhole(int file, const std::string &text)
 {
     return ::write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size()) && ::close(::dup(file)) == 0;
@@ -26,14 +26,14 @@ bool writeWhole(int file, const std::string &text)
 
 } // namespace
 
-/// A record in the Trash, and with it the name that an item may have there. Taken out again, where it is still the
-/// same, unless it is kept.
+/// A record in the Trash, which reserves a name for an item there. The destructor removes the record unless it was kept
+/// or replaced.
 class KnownTrash::Record {
 public:
-    /// None: no name could be had.
+    /// Empty: no name is available.
     Record() = default;
 
-    /// Writes one, or is none, with `errno` set, where that cannot be done; EEXIST where there is one.
+    /// Writes a record; empty, with `errno` set, if that fails; EEXIST if it already exists.
     Record(int records, std::string itemName, const std::string &text)
         : m_records(records), m_itemName(std::move(itemName))
     {
@@ -71,7 +71,7 @@ private:
 
     int m_records = -1;
     std::string m_itemName;
-    FileDescriptor m_file; // held open, so that nothing else can get its number while it is compared
+    FileDescriptor m_file; // held open, so that its inode number cannot be reused during the comparison
 };
 
 KnownTrash::KnownTrash(const HeldFolder &source, ChosenTrash chosen)
@@ -97,7 +97,7 @@ std::vector<KnownTrash::Watched> KnownTrash::watched() const
 {
     const std::string trash(containingFolder(m_items->path()));
     std::vector<std::string> paths{m_items->path(), joined(trash, "info")};
-    // On a volume other users may have a hand in what leads there.
+    // On a shared volume, other users may be able to change the folders above the Trash.
     for (std::string path = trash; !m_top.empty() && liesBeneath(path, m_top);
          path.resize(containingFolder(path).size()))
         paths.push_back(path);
@@ -140,7 +140,7 @@ std::optional<std::string> KnownTrash::recordTextFor(const std::string &path) co
     return "[Trash Info]\nPath=" + *noted + "\nDeletionDate=" + date.get() + "\n";
 }
 
-/// Under the first name that nothing bears, neither a record nor an item without one.
+/// Reserves the first name used neither by a record nor by an item without one.
 KnownTrash::Record KnownTrash::reserve(const std::string &name, const std::string &text)
 {
     const auto taken = m_nextAttempts.find(name);
@@ -180,8 +180,9 @@ std::optional<TrashedItem> KnownTrash::take(HeldFolder &source, const std::strin
     return item;
 }
 
-/// The Trash was emptied by another program just before the item came in, so the record is gone alone. Without one the
-/// name is free to others, who may move their items over this one. None where the item is back in its place.
+/// Another program emptied the Trash just before the item was moved in, so only the record was deleted. Without a
+/// record the name is free, and other programs may move their items over this one. Returns an empty record if the item
+/// was moved back.
 KnownTrash::Record KnownTrash::recordedAnew(HeldFolder &source, const std::string &name, const std::string &itemName,
                                             const std::string &text)
 {

@@ -14,29 +14,29 @@
 
 namespace corvane {
 
-/// The Trash that GIO has chosen, and made where it was missing, for an item of one mounted file system. It takes
-/// further items from there without GIO, which needs a stand-in for each and thereby most of the time: the record is
-/// written first, as the freedesktop Trash specification 1.0 demands, under a name that is free, and with the item's
-/// own path; then the item is moved from its held folder, never over anything else. So whenever the program is ended
-/// the item is at its own place or in the Trash with its record; what may be left over is a record of nothing. Holds
-/// the Trash open: to be let go of with the request. One thread.
+/// The Trash that GIO has chosen, and created if missing, for an item of one mounted file system. Moves further items
+/// there without GIO, which needs a stand-in for each item and spends most of its time on that. As the shared Trash
+/// format requires, the record is written first, under a free name and with the item's own path; then the item is moved
+/// from its held folder, never over anything else. Whenever the program is killed, the item is therefore either in its
+/// original place or in the Trash with its record; at worst, a record without an item remains. Holds the Trash open, so
+/// destroy it with the request. Not thread-safe.
 class KnownTrash {
 public:
-    /// The Trash has just taken an item from the folder.
+    /// Created when the Trash has just taken an item from the folder.
     KnownTrash(const HeldFolder &source, ChosenTrash chosen);
 
-    /// What lies in it under that name; null where nothing does.
+    /// The item in the Trash under that name; null if there is none.
     [[nodiscard]] TrashedItem arrived(const std::string &itemName) const;
 
-    /// Whether GIO would choose the same Trash for that item of that folder. Never for a Trash that is unlike others.
+    /// Whether GIO would choose the same Trash for that item of that folder. Always false for an unusual Trash.
     [[nodiscard]] bool takesFrom(const HeldFolder &source, const ItemFacts &item) const;
 
-    /// Moves in what has the name in the folder at this moment. Nothing where anything is unusual, such as a Trash that
-    /// was replaced: the item is in its place then, and GIO is to be asked again.
+    /// Moves the item that has the name in the folder at this moment. Returns nothing in unusual cases, such as a
+    /// replaced Trash: the item is then still in its place, and the caller must use GIO again.
     [[nodiscard]] std::optional<TrashedItem> take(HeldFolder &source, const std::string &name);
 
 private:
-    /// What leads to the Trash, and whether it is still what GIO has found trustworthy.
+    /// Status of a folder on the path to the Trash, to detect changes since GIO accepted it.
     struct Watched {
         std::string path;
         std::uint64_t device, inode;
@@ -58,10 +58,10 @@ private:
     FileDescriptor m_records;
     std::string m_top;
     bool m_notesWholePaths;
-    std::optional<Mount> m_mount;                        // of the source
-    std::uint64_t m_device;                              // the same
-    std::vector<Watched> m_watched;                      // none where it is unlike others
-    std::unordered_map<std::string, int> m_nextAttempts; // of names that were taken: thousands may be called the same
+    std::optional<Mount> m_mount;                        // of the source folder
+    std::uint64_t m_device;                              // of the source folder
+    std::vector<Watched> m_watched;                      // empty for an unusual Trash
+    std::unordered_map<std::string, int> m_nextAttempts; // by name already taken: thousands of items may share one
 };
 
 } // namespace corvane

@@ -26,7 +26,7 @@ namespace corvane {
 
 namespace {
 
-/// The numbers after a field's name in the text of a "status" file; empty where there is no such field.
+/// The numbers after a field's name in a "status" file; empty if there is no such field.
 std::string_view statusField(std::string_view status, std::string_view name)
 {
     while (!status.empty()) {
@@ -44,7 +44,7 @@ std::string_view firstOf(std::string_view numbers)
     return numbers.substr(0, numbers.find_first_of(" \t"));
 }
 
-/// Calls `take` with each part of a text between those marks until one is taken; whether one was.
+/// Calls `take` with each part of a delimited text until it returns true; returns whether one did.
 bool anyPart(std::string_view text, char mark, const std::function<bool(std::string_view)> &take)
 {
     while (!text.empty()) {
@@ -54,8 +54,8 @@ bool anyPart(std::string_view text, char mark, const std::function<bool(std::str
     return false;
 }
 
-/// A process by its folder in "/proc". Held open, the folder remains that process's: once the process has ended,
-/// reading fails, whoever has its number by then.
+/// A process, by its folder in "/proc". An open folder stays bound to its process: after the process has ended, reading
+/// fails even if its PID is reused.
 class Process {
 public:
     Process(const std::string &processes, const std::string &name)
@@ -65,7 +65,7 @@ public:
 
     [[nodiscard]] bool isOurs() const { return firstOf(statusField(status(), "Uid:")) == std::to_string(::getuid()); }
 
-    /// Without links; empty where it cannot be told.
+    /// Links resolved; empty if unknown.
     [[nodiscard]] std::string executable() const
     {
         constexpr std::string_view deleted = " (deleted)";
@@ -77,7 +77,7 @@ public:
         return std::string(text);
     }
 
-    /// The text of a file in its folder; empty for one that is longer than any real one.
+    /// The text of a file in its folder; empty if implausibly long.
     [[nodiscard]] std::string text(const char *name) const
     {
         constexpr std::size_t longest = 1024UL * 1024;
@@ -86,7 +86,7 @@ public:
             .value_or(std::string());
     }
 
-    /// Whether it has one number only. In a namespace of processes it has one there and another one outside.
+    /// Whether it has only one PID. A process in a PID namespace has one inside and another outside.
     [[nodiscard]] bool hasOneNumber() const
     {
         const std::string text = status();
@@ -100,29 +100,29 @@ private:
     const FileDescriptor m_folder;
 };
 
-/// The numbers in "/proc" are those that the kernel takes from this program. In a sandbox with processes of its own,
-/// "/proc" may still be the one outside, where the numbers belong to others.
+/// Whether PIDs in "/proc" are valid in this program's PID namespace. In a sandbox with its own namespace, "/proc" may
+/// still be the outer one, where the numbers refer to other processes.
 bool areNumbersOurs(const std::string &processes)
 {
     return Process(processes, "self").hasOneNumber();
 }
 
-/// Where the executables of a bundle lie, without links; empty where nothing can. A link that is called like a bundle
-/// may lead to any folder, the home for one, whose programs are none of its own.
+/// The folder of a bundle's executables, links resolved; empty if there can be none. A link named like a bundle may
+/// point to any folder, such as the home folder, whose programs do not belong to the application.
 std::string executablesFolder(const std::string &bundlePath)
 {
     const Expected<std::string> real = resolvedPath(bundlePath);
     return real && nameExtension(lastPathComponent(*real)) == "app" ? *real : std::string();
 }
 
-/// By what the processes of an application are told.
+/// Matches the processes of an application.
 class ProcessRule {
 public:
     explicit ProcessRule(const ProgramMarks &app)
         : m_folder(executablesFolder(app.bundlePath)), m_flatpak(app.flatpak), m_snap(app.snap)
     {
         for (const std::string &program : app.programs) {
-            // Nobody's own programs are all that lies in "/usr".
+            // Ignore folders such as "/usr", which contain programs of many applications.
             if (containingFolder(program).size() > 1)
                 m_programs.push_back(program);
         }
@@ -154,8 +154,8 @@ private:
         return std::ranges::any_of(m_programs, isIt) || isFromImage(process, executable);
     }
 
-    /// An AppImage runs from where it is mounted, and tells its processes where it lies itself. So it does to whatever
-    /// they start, which runs from elsewhere.
+    /// An AppImage runs from its mount point and passes its own path to its processes in a variable. Processes that
+    /// they start inherit the variable, but run from elsewhere.
     [[nodiscard]] bool isFromImage(const Process &process, const std::string &executable) const
     {
         constexpr std::string_view key = "APPIMAGE=";
@@ -171,12 +171,12 @@ private:
     {
         if (isInGroup(process, "app-flatpak-" + m_flatpak + "-", ".scope"))
             return true;
-        // Without systemd there is no such group. A Flatpak's processes have numbers of their own in its sandbox.
+        // Without systemd there is no such group. A Flatpak's processes have a PID namespace of their own.
         return !process.hasOneNumber() && anyPart(process.text("root/.flatpak-info"), '\n',
                                                   [&](std::string_view line) { return line == "name=" + m_flatpak; });
     }
 
-    /// Whether one of its control groups is called so; between the two parts of the name is no other application's.
+    /// Whether one of its control groups matches; a "-" between the two parts would mean another application.
     [[nodiscard]] static bool isInGroup(const Process &process, std::string_view start, std::string_view end)
     {
         std::string groups = process.text("cgroup");
@@ -224,8 +224,7 @@ void LinuxApplications::requestQuit(std::int64_t instance, const ProgramMarks &a
     const Process process(m_processes, std::to_string(number));
     const FileDescriptor handle(static_cast<int>(::syscall(SYS_pidfd_open, number, 0)));
     const bool kernelHasHandles = handle.isOpen() || errno != ENOSYS;
-    // Looked at with the handle open: as long as the process is there nobody else has its number, so that the handle
-    // is its own.
+    // Check after opening the handle: while the process exists, its PID is not reused, so the handle refers to it.
     if (!rule.covers(process))
         return;
     if (handle.isOpen())

@@ -7,17 +7,17 @@
 
 namespace corvane {
 
-/// Applications as processes: an instance is a process of this user, known by its process number, whose executable lies
-/// inside the bundle or is one of the programs, or that runs in the sandbox of the Flatpak or the Snap. Of an AppImage,
-/// the processes that run from where it is mounted count. One whose executable has been deleted meanwhile counts by the
-/// place where it was. When a bundle was last used is nothing that a Linux file system records: always absent.
+/// Applications as processes: an instance is a process of this user, identified by PID, whose executable is inside the
+/// bundle or is one of the programs, or which runs in the sandbox of the Flatpak or Snap. Of an AppImage, the
+/// processes that run from its mount point count. A process whose executable was deleted is matched by its former path.
+/// Linux does not record when a bundle was last used: always absent.
 class LinuxApplications final : public Applications {
 public:
-    /// `processes` is where the kernel shows them.
+    /// `processes` is the path of procfs.
     explicit LinuxApplications(std::string processes = "/proc") : m_processes(std::move(processes)) {}
 
     [[nodiscard]] std::vector<std::int64_t> running(const ProgramMarks &app) override;
-    /// Looks again at the process that has the number, which may be another one by now.
+    /// Checks the process with that PID again, since the PID may have been reused.
     void requestQuit(std::int64_t instance, const ProgramMarks &app) override;
     [[nodiscard]] std::optional<Time> lastUsed(const std::string & /*bundlePath*/) override { return std::nullopt; }
 

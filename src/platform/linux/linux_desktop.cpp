@@ -19,8 +19,8 @@ namespace {
 
 void writeToLog(std::string_view message)
 {
-    // The system's log and not the standard error stream: that of a program started from the desktop ends
-    // nowhere in particular. A line break would be written as an escape by most logs, so each line goes alone.
+    // Use the system's log, since stderr of a program started from the desktop may go nowhere. Most logs escape line
+    // breaks, so write one line at a time.
     while (!message.empty()) {
         const std::string_view line = takeLine(message);
         ::syslog(LOG_USER | LOG_NOTICE, "%.*s", static_cast<int>(line.size()), line.data());
@@ -36,7 +36,7 @@ Expected<void> showItem(const std::string &path, const std::string &uri, GCancel
         GVariantBuilder uris;
         g_variant_builder_init(&uris, G_VARIANT_TYPE("as"));
         g_variant_builder_add(&uris, "s", uri.c_str());
-        constexpr int longestStart = 10'000; // milliseconds: a file manager may have to be started first
+        constexpr int longestStart = 10'000; // milliseconds: the file manager may have to be started first
         const GVariantPointer answer(
             g_dbus_connection_call_sync(bus.get(), "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
                                         "org.freedesktop.FileManager1", "ShowItems", g_variant_new("(ass)", &uris, ""),
@@ -73,7 +73,7 @@ bool isThisProgram(GAppInfo *app)
     return program != nullptr && lastPathComponent(program) == "corvane";
 }
 
-/// Opens a folder in the program that does so by default, or in another where that is this program.
+/// Opens a folder in the default program, or in another one if this program is the default.
 Expected<void> openFolder(const std::string &path, const std::string &uri)
 {
     constexpr const char *folderType = "inode/directory";
@@ -115,10 +115,10 @@ void perform(gpointer data, gpointer userData)
         request->failed(Error{"reveal", request->path, opened.error().code, "no file manager is available"});
 }
 
-/// Whether a desktop that keeps its settings through GSettings was told to leave animations out.
+/// Whether animations are disabled in a desktop that stores its settings in GSettings.
 bool settingsForbidAnimations()
 {
-    // Looked up first: GSettings ends the program when it is asked for a schema that is not installed.
+    // Look it up first: GSettings aborts the program for a schema that is not installed.
     GSettingsSchemaSource *const source = g_settings_schema_source_get_default();
     if (source == nullptr)
         return false;
@@ -130,12 +130,12 @@ bool settingsForbidAnimations()
     return !g_settings_get_boolean(settings.get(), key);
 }
 
-/// The same for Plasma, which keeps a factor for the duration of every animation in a file.
+/// The same for Plasma, which stores an animation duration factor in a file.
 bool plasmaForbidsAnimations()
 {
     const GKeyFilePointer file(g_key_file_new());
     const std::string path = std::string(g_get_user_config_dir()) + "/kdeglobals";
-    // Reading a pipe or a device might never end.
+    // Reading a pipe or a device might block forever.
     if (g_file_test(path.c_str(), G_FILE_TEST_IS_REGULAR) == FALSE)
         return false;
     if (!g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, nullptr))

@@ -7,21 +7,21 @@
 
 namespace corvane {
 
-/// The desktop through freedesktop.org's interfaces. Main thread only; what may take long (a file manager
-/// that has to start first) happens on a thread of its own, and its failure also goes to the log.
+/// The desktop through freedesktop.org interfaces. Main thread only; slow operations (a file manager that has to start
+/// first) run on a separate thread and also log their failures.
 class LinuxDesktop final : public Desktop {
 public:
     LinuxDesktop() = default;
     LinuxDesktop(const LinuxDesktop &) = delete;
     LinuxDesktop &operator=(const LinuxDesktop &) = delete;
-    ~LinuxDesktop() override; ///< gives up what has not been shown yet
+    ~LinuxDesktop() override; ///< cancels pending requests
 
-    /// Success means that the request is under way. Fails at once when nothing is at the path.
+    /// Success means that the request has been started. Fails at once if nothing exists at the path.
     [[nodiscard]] Expected<void> reveal(const std::string &path, FailureHandler failed) override;
 
     [[nodiscard]] Expected<void> openUrl(const std::string &url) override;
 
-    /// Does nothing: here a window is all that it takes to be a normal program.
+    /// Does nothing: on Linux a program with a window is a regular one.
     void activateApplication() override {}
 
     void log(std::string_view message) override;
@@ -29,7 +29,7 @@ public:
 
 private:
     const GObjectPointer<GCancellable> m_cancel{g_cancellable_new()};
-    GThreadPool *m_reveals = nullptr; // made at first need; one thread, so that items are shown in order
+    GThreadPool *m_reveals = nullptr; // created on first use; one thread, so that items are shown in order
 };
 
 } // namespace corvane

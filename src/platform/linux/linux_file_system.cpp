@@ -27,7 +27,7 @@ namespace corvane {
 
 namespace {
 
-/// The path without slashes at its end, which would follow a link there; "/" stays.
+/// The path without trailing slashes, which would make the system follow a link there; "/" is kept.
 std::string withoutTrailingSlashes(const std::string &path)
 {
     const std::size_t last = path.find_last_not_of('/');
@@ -82,7 +82,7 @@ bool LinuxFileSystem::canOpen(const std::string &path)
     const Expected<LongPath> item = LongPath::resolve(path);
     if (!item)
         return false;
-    // A plain open would wait for a pipe that has no writer.
+    // A plain open would block on a pipe without a writer.
     return FileDescriptor(::openat(item->folder(), item->name(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY))
         .isOpen();
 }
@@ -128,7 +128,7 @@ std::string LinuxFileSystem::homeFolder()
     const char *const home = std::getenv("HOME");
     if (home == nullptr || *home != '/')
         return Environment::accountHome();
-    // Behind a link ".." leads elsewhere than the text says.
+    // After a link, ".." leads elsewhere than the text suggests.
     if (std::string_view(home).find("/..") != std::string_view::npos) {
         if (Expected<std::string> real = resolvedPath(home))
             return *std::move(real);
@@ -146,7 +146,7 @@ std::vector<MountedFolder> LinuxFileSystem::mounts()
     std::vector<MountedFolder> visible;
     const auto table = readMountTable();
     for (const MountedFolder &mount : *table) {
-        // What was mounted on the same folder before lies hidden beneath it.
+        // An earlier mount on the same folder is hidden below it.
         const auto hidden = std::ranges::find(visible, mount.path, &MountedFolder::path);
         if (hidden != visible.end())
             visible.erase(hidden);

@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// Files and folders through the kernel's own calls. Holds no state.
+/// Files and folders through system calls. Stateless.
 class LinuxFileSystem final : public FileSystem {
 public:
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openFolder(const std::string &path) override;

@@ -21,7 +21,7 @@ namespace {
 
 constexpr int folderFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
 
-/// The same for a kernel without the call, and for a path of any length: component by component.
+/// The same component by component, for kernels without that call and for paths of any length.
 FileDescriptor walkWithoutLinks(std::string_view path)
 {
     FileDescriptor folder(::open("/", folderFlags));
@@ -37,7 +37,7 @@ FileDescriptor walkWithoutLinks(std::string_view path)
     return folder;
 }
 
-/// Opens a folder by a path that may have no link in it; not open, with `errno` set, where it has one by now.
+/// Opens a folder by a path that must not contain a link; not open, with `errno` set, if it does.
 FileDescriptor openWithoutLinks(const std::string &path)
 {
     if (path.size() < PATH_MAX) {
@@ -45,7 +45,7 @@ FileDescriptor openWithoutLinks(const std::string &path)
         how.flags = folderFlags;
         how.resolve = RESOLVE_NO_SYMLINKS;
         FileDescriptor folder(static_cast<int>(::syscall(SYS_openat2, AT_FDCWD, path.c_str(), &how, sizeof how)));
-        if (folder.isOpen() || (errno != ENOSYS && errno != EPERM)) // EPERM: a sandbox that does not know the call
+        if (folder.isOpen() || (errno != ENOSYS && errno != EPERM)) // EPERM: blocked by an older sandbox's filter
             return folder;
     }
     return walkWithoutLinks(path);
@@ -55,7 +55,7 @@ FileDescriptor openWithoutLinks(const std::string &path)
 
 Expected<std::unique_ptr<HeldFolder>> LinuxHeldFolder::hold(const std::string &path)
 {
-    // Most paths have no link in them, and resolving takes a look at every folder on the way.
+    // Most paths contain no link, and resolving checks every folder on the path.
     if (path.starts_with('/') && path == withoutDots(path)) {
         if (FileDescriptor folder = openWithoutLinks(path); folder.isOpen())
             return std::make_unique<LinuxHeldFolder>(std::move(folder), path);
@@ -78,7 +78,7 @@ Expected<std::unique_ptr<OpenFolder>> LinuxHeldFolder::openInside(int folder, co
 
 ItemRemoval::ReadOnlyFolders LinuxHeldFolder::readOnlyFolders() const
 {
-    // What is in the Trash got there as it was, read-only folders of tools included, and is to be emptied.
+    // Items are trashed unchanged, including read-only folders created by tools, and must still be deletable.
     return liesInTrash(path()) ? ItemRemoval::ReadOnlyFolders::yield : ItemRemoval::ReadOnlyFolders::resist;
 }
 

@@ -19,11 +19,11 @@ namespace corvane {
 
 namespace {
 
-/// The memory that the kernel writes one listing into, kept by each thread for its next one. A sink that lists
-/// another folder finds it taken and gets a second one for that while.
+/// The buffer that the kernel fills with a listing, kept per thread for reuse. If a sink lists another folder
+/// meanwhile, that listing gets a second buffer.
 class ListingBuffer {
 public:
-    // A folder of 300,000 files is read in about 100 calls; a larger buffer is no faster.
+    // A folder of 300,000 files takes about 100 calls; a larger buffer is no faster.
     static constexpr std::size_t size = 128 * 1024;
 
     ListingBuffer()
@@ -62,7 +62,7 @@ bool isDots(const char *name)
 Expected<std::unique_ptr<LinuxOpenFolder>> LinuxOpenFolder::open(int base, const char *name, LinkRule rule)
 {
     const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | (rule == LinkRule::refuse ? O_NOFOLLOW : 0);
-    // Looking at a folder should leave no trace of it, but only its owner may ask for that.
+    // Do not update the access time; only the owner of the folder may request that.
     int number = uninterrupted([&] { return ::openat(base, name, flags | O_NOATIME); });
     if (number < 0 && errno == EPERM)
         number = uninterrupted([&] { return ::openat(base, name, flags); });
@@ -81,7 +81,7 @@ Expected<void> LinuxOpenFolder::list(const EntrySink &sink)
     for (;;) {
         const ssize_t length =
             uninterrupted([&] { return ::getdents64(descriptor(), buffer.data(), ListingBuffer::size); });
-        if (length < 0 && errno == ENOENT) // the folder was deleted while it was open: it holds nothing
+        if (length < 0 && errno == ENOENT) // the folder was deleted while open: it is empty
             return {};
         if (length < 0)
             return failure("list", "", errno);
@@ -101,8 +101,7 @@ Expected<void> LinuxOpenFolder::list(const EntrySink &sink)
 Listing LinuxOpenFolder::deliver(const char *name, unsigned char type, const EntrySink &sink) const
 {
     DirectoryEntry entry{.name = name};
-    // What the listing itself says of a link or a folder is all that is asked of it; some file systems say
-    // nothing there.
+    // For links and folders d_type is all that is needed; some file systems leave it unset.
     if (type == DT_LNK) {
         entry.type = EntryType::symbolicLink;
     } else if (type == DT_DIR) {

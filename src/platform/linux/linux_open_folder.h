@@ -7,13 +7,13 @@
 
 namespace corvane {
 
-/// A folder held by its file number: everything is asked relative to it, so no path is ever walked twice and
-/// none can be too long.
+/// A folder held by its descriptor: all calls are relative to it, so no path is resolved twice and none can be too
+/// long.
 class LinuxOpenFolder final : public OpenFolder {
 public:
     enum class LinkRule { follow, refuse };
 
-    /// Opens `name` relative to the folder `base` (or AT_FDCWD). A refused link fails with ELOOP or ENOTDIR.
+    /// Opens `name` relative to the folder `base` (or AT_FDCWD). A rejected link fails with ELOOP or ENOTDIR.
     [[nodiscard]] static Expected<std::unique_ptr<LinuxOpenFolder>> open(int base, const char *name, LinkRule rule);
 
     [[nodiscard]] Expected<void> list(const EntrySink &sink) override;
@@ -38,7 +38,7 @@ private:
     [[nodiscard]] Listing deliver(const char *name, unsigned char type, const EntrySink &sink) const;
 
     FileDescriptor m_descriptor;
-    mutable std::optional<Facts> m_facts; // asked for at first need
+    mutable std::optional<Facts> m_facts; // read on first use
     bool m_listed = false;
 };
 

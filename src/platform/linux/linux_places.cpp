@@ -17,11 +17,11 @@ namespace corvane {
 
 namespace {
 
-/// Where a folder lies; what is beneath it lies there too.
+/// The location of a folder; its contents are mapped to the same location.
 struct Place {
     std::string_view onAMac;
     PlaceBase base;
-    std::string_view rest; ///< beneath the base; empty for the base itself
+    std::string_view rest; ///< relative to the base; empty for the base itself
 };
 
 constexpr Place places[] = {
@@ -29,7 +29,7 @@ constexpr Place places[] = {
     {".Trash", PlaceBase::dataFolder, "Trash/files"},
     {"Library/Android/sdk/system-images", PlaceBase::home, "Android/Sdk/system-images"},
     {"Library/pnpm/store", PlaceBase::dataFolder, "pnpm/store"},
-    {"Library/Containers/com.docker.docker/Data/vms", PlaceBase::home, ".local/share/docker"}, // Docker without root
+    {"Library/Containers/com.docker.docker/Data/vms", PlaceBase::home, ".local/share/docker"}, // rootless Docker
     {"Downloads", PlaceBase::downloadFolder, ""},
     {".cache", PlaceBase::cacheFolder, ""},
     {".config", PlaceBase::configFolder, ""},
@@ -37,14 +37,14 @@ constexpr Place places[] = {
     {".local/state", PlaceBase::stateFolder, ""},
 };
 
-/// A base folder by its variable; one that is not absolute counts as not set.
+/// A base folder from its variable; a relative path counts as not set.
 std::string baseFolder(const char *variable, std::string_view usual, const std::string &home)
 {
     const char *const value = std::getenv(variable);
     return value != nullptr && *value == '/' ? withoutDots(value) : joined(home, usual);
 }
 
-/// A value as the shell would read it between double quotes; nothing where it does not stand between them.
+/// The value of a double-quoted shell string; nothing if it is not quoted.
 std::optional<std::string> unquoted(std::string_view text)
 {
     if (!text.starts_with('"'))
@@ -63,7 +63,7 @@ struct UserFolder {
     std::string path;
 };
 
-/// What one line of the user's list of folders says.
+/// Parses one line of the user's list of folders.
 std::optional<UserFolder> userFolderIn(std::string_view line, const std::string &home)
 {
     constexpr std::string_view prefix = "XDG_";
@@ -86,12 +86,12 @@ std::optional<UserFolder> userFolderIn(std::string_view line, const std::string 
     return std::nullopt;
 }
 
-/// In the order of the file; a later line replaces an earlier one of the same key.
+/// In file order; a later line replaces an earlier one with the same key.
 std::vector<UserFolder> readUserFolders(const std::string &home)
 {
     std::vector<UserFolder> folders;
     const std::string list = joined(baseFolder("XDG_CONFIG_HOME", ".config", home), "user-dirs.dirs");
-    // Reading a pipe or a device might never end.
+    // Reading a pipe or a device might block forever.
     std::error_code unknown;
     if (!std::filesystem::is_regular_file(list, unknown))
         return folders;
@@ -103,7 +103,7 @@ std::vector<UserFolder> readUserFolders(const std::string &home)
         std::erase_if(folders, [&](const UserFolder &earlier) { return earlier.key == named->key; });
         folders.push_back(*std::move(named));
     }
-    // The home folder itself stands for a user folder that is switched off.
+    // A user folder set to the home folder itself is disabled.
     std::erase_if(folders, [&](const UserFolder &folder) { return folder.path == home; });
     return folders;
 }
@@ -140,19 +140,19 @@ std::optional<OwnPlace> folderOf(PlaceBase base, const std::string &home)
     return std::nullopt;
 }
 
-/// A whole configuration file; empty where it is none that a person writes.
+/// A whole configuration file; empty if it is not a regular file or implausibly large.
 std::string readSettings(const std::string &path)
 {
     constexpr std::uintmax_t most = 1'000'000; // bytes
     std::error_code failure;
-    // Reading a pipe or a device might never end.
+    // Reading a pipe or a device might block forever.
     if (!std::filesystem::is_regular_file(path, failure) || std::filesystem::file_size(path, failure) > most || failure)
         return {};
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The absolute path that a configuration file's value means; empty for anything else.
+/// Expands a configuration value to an absolute path; empty for anything else.
 std::string absolutePath(std::string value, const std::string &home)
 {
     for (const std::string_view mark : {"~", "$HOME", "${HOME}", "${user.home}"}) {
@@ -162,7 +162,7 @@ std::string absolutePath(std::string value, const std::string &home)
     return value.starts_with('/') && value.find("${") == std::string::npos ? value : std::string();
 }
 
-/// The folder that the user has set; nothing where none is, or it is not absolute.
+/// The folder configured by the user; nothing if it is not set or not absolute.
 std::optional<std::string> folderSetIn(const PlaceSetting &setting, const std::string &home)
 {
     std::string value;
@@ -181,7 +181,7 @@ std::optional<std::string> folderSetIn(const PlaceSetting &setting, const std::s
     return setting.rest.empty() ? folder : joined(folder, setting.rest);
 }
 
-/// Where it lies as long as no tool is told anything else.
+/// The location if no tool is configured otherwise.
 std::optional<OwnPlace> placeByItself(std::string_view macPlace, const std::string &home)
 {
     const auto *const place =

@@ -28,21 +28,21 @@ tl::unexpected<Error> lackingService(const char *operation, const std::string &p
                                 "There is no such service on this system."});
 }
 
-/// Whether the folder's volume has no room for even one more block. The Trash that takes an item of the folder lies
-/// on the same volume, and a quota holds for both. Nothing with a name is made.
+/// Whether the folder's volume has no room for even one more block. The Trash for items of the folder is on the same
+/// volume, and a quota applies to both. Creates no named file.
 bool volumeIsFull(int folder)
 {
     const FileDescriptor probe(::openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
-    constexpr off_t oneRecord = 4096; // more than the record of a path of the greatest length that the kernel takes
+    constexpr off_t oneRecord = 4096; // larger than a record with the longest possible path
     const int code = probe.isOpen() ? ::posix_fallocate(probe.number(), 0, oneRecord) : errno;
     if (code == ENOSPC || code == EDQUOT)
         return true;
-    const bool cannotTell = code == EOPNOTSUPP || code == EISDIR || code == EINVAL; // no nameless files there
+    const bool cannotTell = code == EOPNOTSUPP || code == EISDIR || code == EINVAL; // no O_TMPFILE support
     struct statvfs volume {};
     return cannotTell && ::fstatvfs(folder, &volume) == 0 && volume.f_blocks > 0 && volume.f_bavail == 0;
 }
 
-/// Whether the open folder is the user's own Trash, also where that is a link to it.
+/// Whether the open folder is the user's own Trash, even if that is a link to it.
 bool isTrashOfUser(int folder)
 {
     struct stat here {};
@@ -65,8 +65,8 @@ Expected<TrashedItem> LinuxTrash::trashItem(HeldFolder &folder, const std::strin
     m_known.reset();
     Expected<TrashSlot> slot = TrashSlot::make(folder, name);
     if (!slot) {
-        // On a full disk the record of where the item came from is left empty, and GIO reports success. Asking costs
-        // the disk as much work as trashing, so it is left until something went wrong.
+        // On a full disk GIO leaves the record of the original path empty and reports success. The check costs as much
+        // disk work as trashing, so do it only after a failure.
         if (!volumeIsFull(folder.descriptor()))
             return tl::unexpected(slot.error());
         return tl::unexpected(Error{moveToTrash, joined(folder.path(), name),

@@ -15,14 +15,14 @@ VolumeFacts LinuxVolumes::facts(const std::string &path)
 {
     struct statvfs volume {};
     const int result = uninterrupted([&] { return ::statvfs(path.c_str(), &volume); });
-    fsblkcnt_t usedOrAvailable = 0; // what is kept back for the administrator is neither
+    fsblkcnt_t usedOrAvailable = 0; // excludes blocks reserved for root
     if (result != 0 || volume.f_bfree > volume.f_blocks ||
         __builtin_add_overflow(volume.f_blocks - volume.f_bfree, volume.f_bavail, &usedOrAvailable))
         return {};
     VolumeFacts facts;
     facts.total = bytesOfBlocks(usedOrAvailable, volume.f_frsize);
     facts.available = bytesOfBlocks(volume.f_bavail, volume.f_frsize);
-    // btrfs tells less available than free because of what it has set aside for its own records.
+    // On btrfs, available is less than free by the space reserved for metadata.
     struct statfs system {};
     const bool isBtrfs = ::statfs(path.c_str(), &system) == 0 && system.f_type == BTRFS_SUPER_MAGIC;
     if (!isBtrfs && volume.f_bfree >= volume.f_bavail)

@@ -4,9 +4,8 @@
 
 namespace corvane {
 
-/// Capacities through statvfs, counted as df does: what is available to users, and with it what is used. Absent where
-/// the figures contradict each other or are larger than a size can be. No space is kept that the system would free when
-/// it is needed: that is absent, as is the name of a single volume. Any thread.
+/// Capacities from statvfs, counted as df does: total is available plus used. Absent if the figures are contradictory
+/// or too large. Linux has no purgeable space, so that figure is absent, as is the name of a volume. Any thread.
 class LinuxVolumes final : public Volumes {
 public:
     [[nodiscard]] VolumeFacts facts(const std::string &path) override;

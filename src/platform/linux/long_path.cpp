@@ -14,7 +14,7 @@ Expected<LongPath> LongPath::resolve(const std::string &path)
 {
     LongPath result;
     std::string_view rest = path;
-    if (rest.size() >= PATH_MAX) // one slash at the end means the same as thousands
+    if (rest.size() >= PATH_MAX) // thousands of trailing slashes mean the same as one
         rest = rest.substr(0, rest.find_last_not_of('/') + 2);
     while (rest.size() >= PATH_MAX) {
         const std::size_t slash = rest.rfind('/', PATH_MAX - 2);

@@ -21,15 +21,15 @@ namespace {
 
 constexpr const char *tablePath = "/proc/self/mountinfo";
 
-/// The table as it was read last, and the kernel's word that it has changed since. Any thread.
+/// The table as last read, plus the kernel's change notification. Any thread.
 class KnownMountTable {
 public:
     std::shared_ptr<const std::vector<MountedFolder>> table()
     {
         const std::lock_guard lock(m_mutex);
         const auto now = std::chrono::steady_clock::now();
-        // The word first: what changes while the table is read is told the next time. Not every system that passes for
-        // this kernel gives it, so none is relied upon for long.
+        // Check for a change before reading: a change during the read is then reported next time. Some systems that
+        // emulate Linux send no notification, so reread after a short time anyway.
         constexpr std::chrono::milliseconds longest(50);
         if (hasChanged() || now - m_readAt > longest) {
             std::ifstream mounts(tablePath);
@@ -74,13 +74,13 @@ std::string unescapedOctal(const std::string &text)
 
 namespace {
 
-/// Whether a file system of that type is served by another computer, or by a program of this one.
+/// Whether file systems of that type are served by another computer, or by a program on this one.
 bool mayNotAnswer(std::string_view type)
 {
     constexpr std::array<std::string_view, 21> served{
         "9p",     "afs",   "autofs", "beegfs", "ceph",  "cifs",     "coda", "davfs", "gfs2",   "glusterfs", "gpfs",
         "lustre", "ncpfs", "nfs",    "nfs4",   "ocfs2", "orangefs", "smb3", "smbfs", "vboxsf", "virtiofs"};
-    // "fuse.sshfs", and "fuseblk" for one that keeps its files on a disk.
+    // "fuse.sshfs"; also "fuseblk" for one that stores its files on a block device.
     return type.starts_with("fuse") || std::ranges::find(served, type) != served.end();
 }
 
@@ -95,10 +95,10 @@ std::vector<MountedFolder> mountsIn(std::istream &mounts)
         std::uint32_t major = 0;
         std::uint32_t minor = 0;
         char colon = 0;
-        // The numbers are those of the file system, also where each of its volumes has a device of its own (btrfs).
+        // The device numbers are those of the file system, even if each of its volumes has its own (btrfs).
         if (!(fields >> number >> parent >> major >> colon >> minor >> root >> point))
             continue;
-        // Behind the options, of which there may be any number.
+        // Follows the optional fields, of which there may be any number.
         std::string option, type, source;
         while (fields >> option && option != "-")
             continue;

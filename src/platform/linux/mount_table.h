@@ -9,15 +9,14 @@
 
 namespace corvane {
 
-/// Everything that is mounted, in the kernel's order: of two with one path the later lies on top of the other. Empty
-/// where the kernel does not tell. Read anew only where something has changed, since it is asked for before each item
-/// of a removal. Any thread.
+/// All mounts in the kernel's order: of two at one path the later one is on top. Empty if unknown. Cached until
+/// something changes, since it is needed before each item of a removal. Any thread.
 [[nodiscard]] std::shared_ptr<const std::vector<MountedFolder>> readMountTable();
 
-/// The same of a text like that of "/proc/self/mountinfo".
+/// The same for a text in the format of "/proc/self/mountinfo".
 [[nodiscard]] std::vector<MountedFolder> mountsIn(std::istream &mounts);
 
-/// A path as the kernel's lists write it, where blanks and the like stand as "\040".
+/// Decodes a path from the kernel's lists, in which spaces and the like are written as "\040".
 [[nodiscard]] std::string unescapedOctal(const std::string &text);
 
 } // namespace corvane

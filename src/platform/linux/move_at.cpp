@@ -11,7 +11,7 @@ bool moveAt(int folder, const std::string &name, int target, const std::string &
 {
     if (::renameat2(folder, name.c_str(), target, newName.c_str(), RENAME_NOREPLACE) == 0)
         return true;
-    // Some file systems know no flags.
+    // Some file systems do not support flags.
     return (errno == EINVAL || errno == ENOSYS) && moveAfterLooking(folder, name, target, newName);
 }
 

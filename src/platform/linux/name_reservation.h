@@ -9,14 +9,14 @@
 
 namespace corvane {
 
-/// Keeps GIO from writing over what lies in a Trash without a record. GIO takes the first name that no record
-/// bears and moves the item there without looking: something that was put into the folder by hand, or whose record
-/// was lost, would be gone for good. While this object lives, such names bear an empty record, so that GIO
-/// passes them over; its destructor takes the records away again. One thread.
+/// Prevents GIO from overwriting items in a Trash that have no record. GIO takes the first name without a record and
+/// moves the item there without checking: an item put there by hand, or one whose record was lost, would be destroyed.
+/// While this object exists, such names have an empty record, so that GIO skips them; its destructor removes the
+/// records. Not thread-safe.
 class NameReservation {
 public:
-    /// Reserves what GIO would come upon for an item called `name`. A Trash that is not there needs nothing.
-    /// Fails where a record that is needed cannot be made.
+    /// Reserves the names that GIO might try for an item called `name`. A missing Trash needs no reservation. Fails if
+    /// a required record cannot be created.
     [[nodiscard]] static Expected<NameReservation> make(const TrashPlace &trash, const std::string &name);
 
     NameReservation() = default;

@@ -8,10 +8,10 @@
 
 namespace corvane {
 
-/// Where a Trash is or would be: a path relative to a folder that is open.
+/// The location of an existing or possible Trash: a path relative to an open folder.
 struct TrashPlace {
-    FileDescriptor base;  ///< not open: `relative` is absolute
-    std::string basePath; ///< the path of that folder, the top of a volume; empty: the same
+    FileDescriptor base;  ///< if not open, `relative` is absolute
+    std::string basePath; ///< path of that folder, the top of a volume; empty if not open
     std::string relative;
 
     [[nodiscard]] std::string path() const;
@@ -20,37 +20,36 @@ struct TrashPlace {
     [[nodiscard]] FileDescriptor open() const;
 };
 
-/// The Trash folders that GIO may choose for an item in that open folder: the user's own, and for an item on another
-/// volume the two at its top. Those that do not exist are among them. Goes up from the folder itself, and asks no
-/// other volume than the folder's and the home's. `path` is the folder's.
+/// The Trash folders that GIO may choose for an item in that open folder: the user's own and, for an item on another
+/// volume, the two at its top; existing or not. Goes up from the folder itself and accesses no volume other than the
+/// folder's and the home folder's. `path` is the folder's.
 [[nodiscard]] std::vector<TrashPlace> trashPlacesFor(int folder, const std::string &path);
 
-/// The two parts of a Trash: where the items lie, and where it is noted what they are. Not open where they are missing.
+/// The two parts of a Trash: the items and their records. Not open if missing.
 struct OpenTrash {
     FileDescriptor items;
     FileDescriptor records;
     std::string itemsPath;
-    std::string top; ///< of its volume; empty for the one in the home
+    std::string top; ///< of its volume; empty for the one in the home folder
 
     [[nodiscard]] static OpenTrash at(const TrashPlace &place);
 };
 
-/// What a record's "Path" is for an item of that path: percent-encoded, and for the Trash at the top of a volume
-/// relative to it. Nothing where the item does not lie beneath the top.
+/// The "Path" value in the record of an item: percent-encoded, and relative to the top of the volume for a Trash there.
+/// Nothing if the item is not below the top.
 [[nodiscard]] std::optional<std::string> notedPath(const std::string &path, const std::string &top, bool isWhole);
 
-/// Moves an item into a Trash as `moveAt` does. A folder takes its entry ".." along, so that whoever moves it must be
-/// allowed to write to it; one of the user's own that is read-only, as tools make theirs, is made writable for that
-/// moment.
+/// Moves an item into a Trash as `moveAt` does. Moving a folder changes its ".." entry, which requires write permission
+/// on the folder; a read-only one owned by the user, as some tools create, is made writable temporarily.
 [[nodiscard]] bool moveIntoTrash(int folder, const std::string &name, int items, const std::string &itemName);
 
-/// Whether the path is that of the folder of items in a Trash of this user, or lies beneath one. Judges the text alone.
+/// Whether the path is the items folder of one of this user's Trash folders, or inside it. Purely textual.
 [[nodiscard]] bool liesInTrash(const std::string &path);
 
-/// The name that GIO tries as its `attempt`-th for an item, the first being 1.
+/// The name that GIO tries on attempt number `attempt` for an item, starting from 1.
 [[nodiscard]] std::string trashName(const std::string &name, int attempt);
 
-/// What the record of an item that has that name in the Trash is called.
+/// The record's file name for an item with that name in the Trash.
 [[nodiscard]] std::string recordName(const std::string &name);
 
 } // namespace corvane

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t mostBytes = 64UL * 1024;
 
-// A value as a shell reads it: in quotes of either kind or none, a backslash before what is special.
+// Unquotes a value as a shell does: single, double or no quotes, with backslash escapes.
 std::string unquoted(std::string_view value)
 {
     const char quote = value.empty() ? '\0' : value.front();

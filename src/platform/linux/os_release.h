@@ -8,16 +8,16 @@ namespace corvane {
 
 class FileSystem;
 
-/// What a Linux system says of itself in its os-release file.
+/// The contents of a Linux system's os-release file.
 class OsRelease {
 public:
-    /// Of the file's text: assignments as a shell reads them.
+    /// Parses the file's text: assignments in shell syntax.
     explicit OsRelease(std::string_view text);
 
-    /// That of the system that runs; empty where it has none.
+    /// The file of the running system; empty if it has none.
     [[nodiscard]] static OsRelease load(FileSystem &files);
 
-    /// Empty where the key is missing.
+    /// Empty if the key is missing.
     [[nodiscard]] std::string value(std::string_view key) const;
 
 private:

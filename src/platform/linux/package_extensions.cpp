@@ -11,11 +11,11 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// Linux knows no folder that is one document, so this table stands in for what a Mac declares: the bundle
-// types of the system itself, of its media and office programs, of its developer tools, and of widespread
-// programs for audio plug-ins and virtual machines. Extensions that such a type shares with everyday folder
-// names ("download", "service", "template", "trace") are left out: hiding a plain folder's inside from its
-// owner is worse than showing a document's. Lower case, in order, so that one binary search answers.
+// Linux has no folders that appear as one document, so this table replaces what a Mac declares: the bundle types of the
+// system itself, of its media and office programs, of its developer tools, and of common audio plug-ins and virtual
+// machine programs. It omits extensions that are also common in ordinary folder names ("download", "service",
+// "template", "trace"): hiding the contents of an ordinary folder is worse than showing those of a document. Lower case
+// and sorted, for binary search.
 constexpr std::array packageExtensions{"aaxplugin"sv,
                                        "aplibrary"sv,
                                        "app"sv,

@@ -4,8 +4,7 @@
 
 namespace corvane {
 
-/// Whether a folder whose name ends in this extension (no dot, any case) is shown as one document. A pure
-/// function of its argument: any thread.
+/// Whether a folder with this name extension (no dot, any case) is shown as one document. A pure function: any thread.
 [[nodiscard]] bool isKnownPackageExtension(std::string_view extension);
 
 } // namespace corvane

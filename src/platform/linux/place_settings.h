@@ -7,20 +7,20 @@
 
 namespace corvane {
 
-// Where tools are told to keep what they can make again.
+// Settings for where tools keep data that they can recreate.
 
-/// What a place is relative to.
+/// The base of a relative location.
 enum class PlaceBase { home, cacheFolder, configFolder, dataFolder, stateFolder, downloadFolder };
 
-/// Where the user may have told a tool to keep something: in a variable, or in a file.
+/// A setting that moves a tool's data: an environment variable, or a key in a file.
 struct PlaceSetting {
-    std::string_view place; ///< relative to the home folder, as a Mac or the tool itself has it
+    std::string_view place; ///< relative to the home folder, as on a Mac or by the tool's default
     const char *variable;   ///< null for a file
-    std::string_view rest;  ///< beneath the folder that it names
-    char listMark = 0;      ///< between several folders, of which the first counts
+    std::string_view rest;  ///< relative to the configured folder
+    char listMark = 0;      ///< separates several folders, of which the first is used
     SettingNotation notation = SettingNotation::none;
     PlaceBase base = PlaceBase::home;
-    std::string_view file = {}; ///< beneath the base
+    std::string_view file = {}; ///< relative to the base
     std::string_view key = {};
 };
 
@@ -31,7 +31,7 @@ constexpr PlaceSetting inFile(std::string_view place, std::string_view rest, Pla
     return {place, nullptr, rest, listMark, notation, base, file, key};
 }
 
-/// Of several for one place the first that names an absolute path counts.
+/// Of several settings for one place, the first one with an absolute path is used.
 inline constexpr auto placeSettings = std::to_array<PlaceSetting>({
     {".gradle/caches", "GRADLE_USER_HOME", "caches"},
     {".gradle/wrapper/dists", "GRADLE_USER_HOME", "wrapper/dists"},

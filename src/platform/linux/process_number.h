@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// The process number that a name in "/proc" stands for; 0 for any other name.
+/// The PID for a name in "/proc"; 0 for any other name.
 [[nodiscard]] inline pid_t processNumber(std::string_view name)
 {
     pid_t number = 0;

@@ -10,8 +10,7 @@ namespace corvane {
 
 namespace {
 
-// Of what a Trash folder consists. Whatever lies inside them is in the Trash, so either of them ticked as a whole
-// would be everything in it.
+// The subfolders of a Trash. Everything inside them is in the Trash, so selecting one would select all trashed items.
 const std::vector<std::string> trashParts{"files", "info"};
 
 std::vector<std::string> withTheUsersOwn(std::vector<std::string> places)
@@ -33,13 +32,13 @@ const ProtectedPlaces &systemProtectedPlaces()
 {
     static const std::string user = std::to_string(::getuid());
     static const ProtectedPlaces places{
-        // Other people's home folders and other volumes lie in these; what is on a volume may be removed.
+        // They contain other users' home folders and other volumes; items on a volume may be removed.
         .exact = withTheUsersOwn({"/home", "/media", "/mnt", "/srv"}),
-        // What starts the machine, the libraries that every program needs, the kernel's own views, the running
-        // services' state, and where the system or its packages lie on systems that keep them elsewhere.
+        // Boot files, libraries needed by every program, virtual file systems, the state of running services, and the
+        // folders of systems that keep the system or its packages elsewhere.
         .prefixes = {"/boot", "/efi", "/gnu", "/lib", "/lib32", "/lib64", "/libx32", "/nix", "/ostree", "/proc",
                      "/root", "/run", "/snap", "/sys", "/sysroot"},
-        // The user's folders by their usual names, and what programs keep for the user; single folders inside may go.
+        // The user's standard folders, and folders with programs' data; single folders inside may be removed.
         .homeExact = {"Templates", "Videos", ".cache", ".local", ".local/bin", ".local/share", ".local/share/Trash",
                       ".local/share/Trash/files", ".local/share/Trash/info", ".local/state", ".mozilla", ".thunderbird",
                       ".var/app", "snap"},

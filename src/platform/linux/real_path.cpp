@@ -18,7 +18,7 @@ namespace corvane {
 
 namespace {
 
-/// The walk for a path that the system's own function refuses for its length.
+/// Resolves a path that is too long for the system's own function.
 class LongRealPath {
 public:
     static Expected<std::string> resolve(const std::string &path)
@@ -34,7 +34,7 @@ public:
 private:
     explicit LongRealPath(std::string_view path) { prepend(path); }
 
-    /// Takes one component; answers 0 or the system's code.
+    /// Resolves one component; returns 0 or an errno value.
     int step()
     {
         const std::string name = std::move(m_pending.back());
@@ -79,7 +79,7 @@ private:
         return 0;
     }
 
-    /// Puts a text's components in front of those that are still to be taken.
+    /// Prepends a text's components to the pending ones.
     void prepend(std::string_view text)
     {
         std::vector<std::string> components;
@@ -96,7 +96,7 @@ private:
 
     FileDescriptor m_folder;
     std::string m_resolved;             // the path of m_folder; empty for "/"
-    std::vector<std::string> m_pending; // components to take, the next one last
+    std::vector<std::string> m_pending; // components to resolve, the next one last
     int m_links = 0;
 };
 

@@ -15,7 +15,7 @@ std::string_view withoutQuotes(std::string_view text)
     return isQuoted ? text.substr(1, text.size() - 2) : text;
 }
 
-/// The value of the last line "key = value", without the quotes around it; empty where there is none.
+/// The unquoted value of the last line "key = value"; empty if there is none.
 std::string valueOfKey(std::string_view text, std::string_view key)
 {
     std::string_view found;
@@ -28,7 +28,7 @@ std::string valueOfKey(std::string_view text, std::string_view key)
     return std::string(found);
 }
 
-/// The value of the last line "key value"; empty where there is none.
+/// The value of the last line "key value"; empty if there is none.
 std::string valueBehindKey(std::string_view text, std::string_view key)
 {
     std::string_view found;
@@ -40,7 +40,7 @@ std::string valueBehindKey(std::string_view text, std::string_view key)
     return std::string(found);
 }
 
-/// The value of the first "key: value" that is not indented, or the first of its list; empty where there is none.
+/// The value of the first unindented "key: value", or the first of its list; empty if there is none.
 std::string valueInYaml(std::string_view text, std::string_view key)
 {
     const auto plain = [](std::string_view value) {
@@ -68,7 +68,7 @@ std::string valueInYaml(std::string_view text, std::string_view key)
     return {};
 }
 
-/// What stands in the first element of that name that is not in a comment; empty where there is none.
+/// The contents of the first element of that name outside comments; empty if there is none.
 std::string textOfElement(std::string text, const std::string &name)
 {
     constexpr std::string_view opens = "<!--";

@@ -5,17 +5,17 @@
 
 namespace corvane {
 
-/// How a tool's configuration file writes a value.
+/// The syntax of a value in a tool's configuration file.
 enum class SettingNotation {
     none,
     keyAndValue,  ///< "key = value"
     keyAndQuoted, ///< key "value"
-    yamlValue,    ///< "key: value", or the first of a list of values
+    yamlValue,    ///< "key: value", or the first value of a list
     xmlElement,
 };
 
-/// The value that the text of a configuration file gives the key, without the quotes around it; empty where it gives
-/// none. The last one counts, but the first one in the notations of values that may be nested.
+/// The unquoted value of the key in the text of a configuration file; empty if not set. The last one is used, or the
+/// first one in syntaxes with nesting.
 [[nodiscard]] std::string settingIn(std::string text, SettingNotation notation, std::string_view key);
 
 } // namespace corvane

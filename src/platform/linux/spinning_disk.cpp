@@ -13,7 +13,7 @@ namespace corvane {
 
 bool isOnSpinningDisk(const std::string &folder)
 {
-    // Measuring asks for thousands of folders, most of them on one disk.
+    // Measuring queries thousands of folders, most of them on one disk.
     static std::mutex lock;
     static std::map<dev_t, bool> known;
 
@@ -23,7 +23,7 @@ bool isOnSpinningDisk(const std::string &folder)
     const std::scoped_lock guard(lock);
     const auto [place, isNew] = known.try_emplace(facts.st_dev, false);
     if (isNew) {
-        // A number that the kernel made up belongs to a file system with volumes, or to one without a device.
+        // An anonymous device number means a file system with volumes, or one without a device.
         const std::optional<dev_t> device =
             ::major(facts.st_dev) != 0 ? std::optional(facts.st_dev) : blockDeviceOf(folder);
         place->second = device && isSpinning("/sys/dev/block", numberOf(*device));

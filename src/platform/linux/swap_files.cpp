@@ -14,7 +14,7 @@ std::vector<SwapFile> swapFilesIn(std::string_view text)
     std::vector<SwapFile> files;
     std::istringstream lines{std::string(text)};
     std::string line;
-    std::getline(lines, line); // the names of the columns
+    std::getline(lines, line); // column headings
     while (std::getline(lines, line)) {
         std::istringstream fields(line);
         std::string path, type;

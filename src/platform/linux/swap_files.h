@@ -7,10 +7,10 @@
 
 namespace corvane {
 
-/// The files, not the partitions, that the kernel swaps to.
+/// The swap files in use, without swap partitions.
 [[nodiscard]] std::vector<SwapFile> listedSwapFiles();
 
-/// Those that a text like that of "/proc/swaps" lists.
+/// The swap files in a text in the format of "/proc/swaps".
 [[nodiscard]] std::vector<SwapFile> swapFilesIn(std::string_view text);
 
 } // namespace corvane

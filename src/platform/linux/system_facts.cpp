@@ -22,7 +22,7 @@ std::string kernelName()
     return ::uname(&name) == 0 ? std::string(name.sysname) + " " + name.release : "Linux";
 }
 
-// Placeholders that makers of boards leave in the field.
+// Board manufacturers leave placeholders in the field.
 bool isPlaceholder(std::string_view model)
 {
     constexpr std::array<std::string_view, 12> placeholders{"to be filled by o.e.m.",
@@ -56,7 +56,7 @@ std::string SystemFacts::system(FileSystem &files)
 
 std::string SystemFacts::model(FileSystem &files)
 {
-    // The second is that of boards without a BIOS, and ends with a NUL.
+    // The second path is for boards without a BIOS; its text ends with a NUL.
     for (const char *path : {"/sys/class/dmi/id/product_name", "/sys/firmware/devicetree/base/model"}) {
         const Expected<std::string> text = files.readFile(path, mostBytes);
         const std::string_view model = text ? trimmed(text->c_str()) : std::string_view{};

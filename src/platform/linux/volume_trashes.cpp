@@ -18,7 +18,7 @@ FileDescriptor openFolder(int parent, const std::string &name)
     return FileDescriptor(::openat(parent, name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
-/// Without the sticky bit any user could replace the folders of the others.
+/// Without the sticky bit any user could replace the folders of others.
 bool isSticky(const FileDescriptor &folder)
 {
     struct stat facts {};

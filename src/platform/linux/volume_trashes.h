@@ -7,10 +7,9 @@
 
 namespace corvane {
 
-/// The folders of what this user has put into the Trash of the volumes among those mounts: "files" in
-/// ".Trash/USER" and in ".Trash-USER" at their tops. Only volumes on a disk of this computer are touched. Left out is
-/// what the standard of the Trash has ignored: a ".Trash" without the sticky bit, links on the way, and what belongs to
-/// another user. Any thread.
+/// The folders with this user's trashed items on the volumes among those mounts: "files" in ".Trash/USER" and in
+/// ".Trash-USER" at their tops. Accesses only volumes on local disks. Skips what the shared Trash format says to
+/// ignore: a ".Trash" without the sticky bit, links on the path, and folders of another user. Any thread.
 [[nodiscard]] std::vector<std::string> volumeTrashesOn(const std::vector<MountedFolder> &mounts);
 
 } // namespace corvane

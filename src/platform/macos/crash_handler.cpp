@@ -2,7 +2,7 @@
 
 namespace corvane {
 
-// The system writes a report of every crash into the folder of diagnostic reports.
+// The system itself writes a report of every crash into the folder of diagnostic reports.
 bool installCrashHandler(const CrashingProgram & /*program*/)
 {
     return false;

@@ -9,24 +9,24 @@
 
 namespace corvane {
 
-/// Between our values and Foundation's. Objective-C++ only.
+/// Conversions between our types and Foundation's. Objective-C++ only.
 
-/// The item at those bytes, itself and not what it links to. Nil for bytes that no Mac path can be.
+/// The URL of the item itself, not of a link's target. Nil for bytes that are not a valid Mac path.
 NSURL *fileUrl(const std::string &path);
 
-/// Bytes as text to show; what is not UTF-8 is shown byte by byte.
+/// Bytes as display text; text that is not UTF-8 is shown byte by byte.
 NSString *displayText(std::string_view bytes);
 
 std::string bytesOf(NSString *text);
 
-/// The system's sentence, with the kernel's code where one lies beneath, else the code that comes closest.
+/// An error with the system's message and the underlying kernel code, if any, otherwise the closest code.
 Error foundationError(std::string operation, std::string path, NSError *error);
 
-/// For an Objective-C exception that was caught on its way into C++.
+/// For an Objective-C exception caught at the boundary to C++.
 Error exceptionError(std::string operation, std::string path, NSException *exception);
 
-/// Runs what talks to the system, which returns an Expected. Nothing that is thrown in Objective-C gets out,
-/// and what was autoreleased is gone afterwards.
+/// Runs system calls whose result is an Expected. Objective-C exceptions become errors, and autoreleased objects are
+/// freed afterwards.
 template <typename Body> auto guarded(const char *operation, const std::string &path, Body body) -> decltype(body())
 {
     @autoreleasepool {
@@ -38,7 +38,7 @@ template <typename Body> auto guarded(const char *operation, const std::string &
     }
 }
 
-/// The same for questions that cannot fail: `otherwise` is the answer in place of an exception.
+/// The same for queries that cannot fail: returns `otherwise` in case of an exception.
 template <typename Answer, typename Body> Answer guardedAnswer(Answer otherwise, Body body)
 {
     @autoreleasepool {

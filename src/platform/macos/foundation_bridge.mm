@@ -20,7 +20,7 @@ std::errc codeOfCocoaError(NSInteger code)
     case NSFileWriteFileExistsError:
         return std::errc::file_exists;
     case NSFeatureUnsupportedError:
-        return std::errc::not_supported; // a volume that has no Trash
+        return std::errc::not_supported; // the volume has no Trash
     case NSUserCancelledError:
         return std::errc::operation_canceled;
     default:
@@ -42,7 +42,7 @@ std::error_code codeOf(NSError *error)
 
 NSURL *fileUrl(const std::string &path)
 {
-    // Said not to be a folder, so that the URL never ends in a slash, which would follow a link.
+    // Pass isDirectory:NO so that the URL never ends in a slash, which would follow a link.
     return [NSURL fileURLWithFileSystemRepresentation:path.c_str() isDirectory:NO relativeToURL:nil];
 }
 

@@ -4,8 +4,8 @@
 
 namespace corvane {
 
-/// Running applications as the workspace knows them, by identifier; an instance is known by its process number. The
-/// date of the last use is Spotlight's.
+/// Running applications from the workspace, by bundle identifier; an instance is identified by PID. The date of last
+/// use comes from Spotlight.
 class MacApplications final : public Applications {
 public:
     [[nodiscard]] std::vector<std::int64_t> running(const ProgramMarks &app) override;

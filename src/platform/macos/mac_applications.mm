@@ -11,7 +11,7 @@ namespace corvane {
 
 namespace {
 
-/// Those that have not quit: the workspace may list one for a while after it has.
+/// The instances that have not quit: the workspace may list one for a while afterwards.
 NSArray<NSRunningApplication *> *applications(const std::string &bundleID)
 {
     NSString *identifier = [NSString stringWithUTF8String:bundleID.c_str()];

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// Files and folders through the kernel's calls where there are many, through Foundation where there is one.
+/// Files and folders, through system calls for bulk operations and through Foundation otherwise.
 class MacFileSystem final : public FileSystem {
 public:
     MacFileSystem();

@@ -22,14 +22,14 @@ namespace corvane {
 
 namespace {
 
-/// Asks what types are declared, so no folder with the extension need be at hand.
+/// Queries the declared types, so no folder with the extension is needed.
 bool isDeclaredAsPackage(const std::string &extension)
 {
     return guardedAnswer(false, [&] {
         NSString *text = [NSString stringWithUTF8String:extension.c_str()];
         if (text == nil)
             return false;
-// The functions work on every version that we run on; the class that replaces them knows no more.
+// The deprecated functions work on every version that we support; their replacement class provides nothing more.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wdeprecated-declarations"
         NSString *type = CFBridgingRelease(UTTypeCreatePreferredIdentifierForTag(

@@ -5,12 +5,12 @@
 
 namespace corvane {
 
-/// What the Finder makes of the folder at that path.
+/// Whether the Finder shows the folder at that path as a package.
 [[nodiscard]] bool isShownAsPackage(const std::string &path);
 
 class MacHeldFolder final : public PosixHeldFolder {
 public:
-    /// As `FileSystem::holdFolder`. `packages` outlives the folder.
+    /// As `FileSystem::holdFolder`. `packages` must outlive the folder.
     [[nodiscard]] static Expected<std::unique_ptr<HeldFolder>> hold(const std::string &path,
                                                                     PackageExtensionCache &packages);
 

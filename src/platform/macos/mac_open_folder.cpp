@@ -34,7 +34,7 @@ static_assert(sizeof(timespec) == 2 * sizeof(std::int64_t) && sizeof(off_t) == s
 
 namespace {
 
-constexpr std::size_t bulkSize = 128 * 1024; // some hundred entries a call
+constexpr std::size_t bulkSize = 128 * 1024; // a few hundred entries per call
 
 } // namespace
 
@@ -62,7 +62,7 @@ MacOpenFolder::MacOpenFolder(FileDescriptor descriptor, PackageExtensionCache &p
 Expected<void> MacOpenFolder::list(const EntrySink &sink)
 {
     int code = listInBulk(sink);
-    if (code == ENOTSUP || code == EINVAL) // not every file system has it
+    if (code == ENOTSUP || code == EINVAL) // not supported by every file system
         code = listOneByOne(sink);
     if (code != 0)
         return failure("list", {}, code);
@@ -88,7 +88,7 @@ int MacOpenFolder::listInBulk(const EntrySink &sink) const
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            return hasListed && (errno == ENOTSUP || errno == EINVAL) ? EIO : errno; // nothing is listed twice
+            return hasListed && (errno == ENOTSUP || errno == EINVAL) ? EIO : errno; // never list an entry twice
         for (std::span<const std::byte> bytes(buffer.get(), bulkSize); count > 0; --count) {
             const std::optional<BulkEntry> found = takeBulkEntry(bytes);
             if (!found)
@@ -117,7 +117,7 @@ int MacOpenFolder::listInBulk(const EntrySink &sink) const
 
 int MacOpenFolder::listOneByOne(const EntrySink &sink) const
 {
-    // A number of its own, for the two ways of listing must not share one.
+    // A separate descriptor, because the two ways of listing must not share a position.
     FileDescriptor own(::openat(m_descriptor.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!own.isOpen())
         return errno;
@@ -137,7 +137,7 @@ int MacOpenFolder::listOneByOne(const EntrySink &sink) const
     }
 }
 
-/// Fills in what the item's status tells; false when there is no such item any more.
+/// Fills in attributes from the item's status; false if the item no longer exists.
 bool MacOpenFolder::completeFromStatus(const std::string &name, DirectoryEntry &entry) const
 {
     struct stat status {};
@@ -155,8 +155,8 @@ Expected<std::unique_ptr<OpenFolder>> MacOpenFolder::openChild(const std::string
 
 Expected<std::unique_ptr<OpenFolder>> MacOpenFolder::openParent()
 {
-    // By the path that people see, where it is short enough to be had: a folder such as "/Users" lies on another
-    // volume, whose own top ".." leads to.
+    // Use the user-visible path if it is short enough: a folder such as "/Users" is on another volume, and its ".."
+    // leads to that volume's top.
     char path[MAXPATHLEN];
     if (::fcntl(m_descriptor.number(), F_GETPATH, path) == 0) {
         const std::string_view here(path);

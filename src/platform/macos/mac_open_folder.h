@@ -6,11 +6,11 @@
 
 namespace corvane {
 
-/// A folder held by its file number. Its entries come by the hundred from one call of the kernel each.
+/// A folder held by its descriptor. Lists hundreds of entries per system call.
 class MacOpenFolder final : public OpenFolder {
 public:
-    /// Opens `name` relative to the folder `base` (or AT_FDCWD) with these flags added to the usual ones.
-    /// `packages` outlives the folder.
+    /// Opens `name` relative to the folder `base` (or AT_FDCWD) with additional open flags. `packages` must outlive the
+    /// folder.
     [[nodiscard]] static Expected<std::unique_ptr<OpenFolder>> open(int base, const std::string &name, int flags,
                                                                     PackageExtensionCache &packages);
 

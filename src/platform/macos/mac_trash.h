@@ -5,20 +5,20 @@
 
 namespace corvane {
 
-/// The three ways into the Trash of a Mac. Any thread but for one rule: while a call from a background thread
-/// runs, the main thread must turn its run loop, for the workspace and scripts work there alone.
+/// The three ways to move items to the Trash on a Mac. Any thread; but while a call from a background thread runs, the
+/// main thread must run its run loop, because the workspace and scripts only work there.
 class MacTrash final : public Trash {
 public:
-    /// `files` outlives the object.
+    /// `files` must outlive the object.
     explicit MacTrash(FileSystem &files) : m_files(files) {}
 
     [[nodiscard]] Expected<TrashedItem> trashItem(HeldFolder &folder, const std::string &name) override;
     [[nodiscard]] Expected<TrashedItem> recycle(HeldFolder &folder, const std::string &name) override;
 
-    /// Success means that nothing is at the path any more, whatever the Finder said.
+    /// Succeeds if nothing is left at the path, whatever the Finder reported.
     [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
 
-    /// Nothing: what the Finder notes lies in one file for all items, which it keeps right itself.
+    /// Does nothing: the Finder keeps its records of all items in one file, which it updates itself.
     void forget(HeldFolder &, const std::string &) override {}
 
     [[nodiscard]] std::vector<std::string> trashFolders() override;

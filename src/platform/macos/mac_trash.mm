@@ -20,8 +20,8 @@ namespace {
 std::errc codeOfScriptError(NSInteger number)
 {
     switch (number) {
-    case -1743: // the user forbade it
-    case -1744: // the user would have to be asked
+    case -1743: // denied by the user
+    case -1744: // requires the user's consent
         return std::errc::operation_not_permitted;
     case -1728:
         return std::errc::no_such_file_or_directory; // no such object
@@ -36,7 +36,7 @@ std::errc codeOfScriptError(NSInteger number)
     }
 }
 
-/// What the script's interpreter says went wrong, or nothing.
+/// The error reported by the script interpreter, or nothing.
 NSDictionary<NSString *, id> *errorOfScript(const std::string &source)
 {
     NSString *text = [NSString stringWithUTF8String:source.c_str()];
@@ -50,7 +50,7 @@ NSDictionary<NSString *, id> *errorOfScript(const std::string &source)
     return error;
 }
 
-/// What lies where the system says that it put the item; a null folder where it does not say.
+/// The item at the location returned by the system; a null folder if it returned none.
 TrashedItem arrivedItem(NSURL *url, FileSystem &files)
 {
     if (url == nil)
@@ -64,8 +64,8 @@ TrashedItem arrivedItem(NSURL *url, FileSystem &files)
     return {std::move(*folder), name, facts ? facts->identity : ItemIdentity{}};
 }
 
-/// Calls `act` with the item's URL and path, unless the path leads to another item than the open folder has under that
-/// name: the system takes the path alone, and would act on whatever lies there.
+/// Calls `act` with the item's URL and path, unless the path leads to an item other than the one with that name in the
+/// open folder: the system takes only the path and would act on whatever is there.
 template <typename Act>
 Expected<TrashedItem> withUrlOf(const char *operation, HeldFolder &folder, const std::string &name, FileSystem &files,
                                 const Act &act)
@@ -104,7 +104,7 @@ Expected<TrashedItem> MacTrash::recycle(HeldFolder &folder, const std::string &n
 {
     constexpr const char *operation = "recycle";
     const auto recycle = [&](NSURL *url, const std::string &path) -> Expected<TrashedItem> {
-        // Filled in by the completion on the main thread, read here once that has been waited for.
+        // Written by the completion handler on the main thread, read here after waiting for it.
         __block bool isMoved = false;
         __block NSURL *arrivedAt = nil;
         __block NSError *error = nil;
@@ -128,7 +128,7 @@ Expected<TrashedItem> MacTrash::recycle(HeldFolder &folder, const std::string &n
         };
         if (NSThread.isMainThread) {
             start();
-            while (!isFinished) // a wait without turning the loop would never end: the completion runs on it
+            while (!isFinished) // run the loop while waiting: the completion handler runs on it
                 CFRunLoopRunInMode(kCFRunLoopDefaultMode, 0.1, true);
         } else {
             dispatch_async(dispatch_get_main_queue(), start);

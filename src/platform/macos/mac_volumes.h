@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// What Foundation knows of a volume, in one request. Any thread.
+/// Volume facts from Foundation, in one request. Any thread.
 class MacVolumes final : public Volumes {
 public:
     [[nodiscard]] VolumeFacts facts(const std::string &path) override;

@@ -6,7 +6,7 @@ namespace corvane {
 
 std::optional<Mount> Mount::of(int descriptor)
 {
-    // No device is mounted twice on a Mac.
+    // macOS never mounts a device twice.
     struct stat facts {};
     if (::fstat(descriptor, &facts) != 0)
         return std::nullopt;

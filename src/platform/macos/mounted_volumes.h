@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// The mounted file systems as the kernel lists them, without waiting for one that no longer answers; none, with
-/// `errno` set, where it does not list them.
+/// The kernel's list of mounted file systems, without waiting for one that no longer answers; empty, with `errno` set,
+/// on failure.
 [[nodiscard]] std::vector<struct statfs> mountedVolumes();
 
 } // namespace corvane

@@ -9,7 +9,7 @@ bool moveAt(int folder, const std::string &name, int target, const std::string &
 {
     if (::renameatx_np(folder, name.c_str(), target, newName.c_str(), RENAME_EXCL) == 0)
         return true;
-    // Some file systems know no flags.
+    // Some file systems do not support flags.
     return (errno == ENOTSUP || errno == EINVAL) && moveAfterLooking(folder, name, target, newName);
 }
 

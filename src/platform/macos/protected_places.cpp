@@ -4,7 +4,7 @@ namespace corvane {
 
 const ProtectedPlaces &systemProtectedPlaces()
 {
-    // The places that hold on every system are a Mac's; its disks usually ignore case.
+    // The common table already contains a Mac's places; Mac disks usually ignore case.
     static const ProtectedPlaces places{
         .exact = {}, .prefixes = {}, .homeExact = {}, .homePrefixes = {}, .ignoresCase = true};
     return places;

@@ -4,8 +4,7 @@ namespace corvane {
 
 bool isOnSpinningDisk(const std::string & /*folder*/)
 {
-    // Every Mac of the last years starts from flash storage. What a disk that turns, on a cable, answers here has not
-    // been seen yet.
+    // Recent Macs start from flash storage. How an external spinning disk reports itself here is untested.
     return false;
 }
 

@@ -12,7 +12,7 @@ namespace corvane {
 
 namespace {
 
-// The kernel's text of that name; empty where there is none.
+// The string value of that sysctl; empty if there is none.
 std::string kernelText(const char *name)
 {
     std::array<char, 256> text{};
@@ -35,7 +35,7 @@ std::string SystemFacts::model(FileSystem & /*files*/)
 
 std::string SystemFacts::architecture()
 {
-    // A translated program is told that it runs on the other architecture.
+    // A process under translation sees the other architecture.
     int isArm = 0;
     std::size_t size = sizeof(isArm);
     if (::sysctlbyname("hw.optional.arm64", &isArm, &size, nullptr, 0) == 0 && isArm == 1)

@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-/// Of the calling thread, before the outermost walk began.
+/// The calling thread's settings before the outermost walk.
 struct Before {
     int walks = 0;
     int materialization = 0;
@@ -37,12 +37,12 @@ void leaveWalk()
 {
     if (--before.walks > 0)
         return;
-    // What could not be asked is left to the process's own policy.
+    // If the previous value is unknown, restore the process default.
     setiopolicy_np(IOPOL_TYPE_VFS_MATERIALIZE_DATALESS_FILES, IOPOL_SCOPE_THREAD,
                    before.materialization >= 0 ? before.materialization : IOPOL_MATERIALIZE_DATALESS_FILES_DEFAULT);
     setiopolicy_np(IOPOL_TYPE_VFS_ATIME_UPDATES, IOPOL_SCOPE_THREAD,
                    before.accessTimes >= 0 ? before.accessTimes : IOPOL_ATIME_UPDATES_DEFAULT);
-    // A thread cannot be given back that it has no class at all.
+    // A thread cannot be reset to having no QoS class.
     pthread_set_qos_class_self_np(before.quality == QOS_CLASS_UNSPECIFIED ? QOS_CLASS_DEFAULT : before.quality,
                                   before.priority);
 }

@@ -14,7 +14,7 @@ namespace corvane {
 
 namespace {
 
-/// The absolute paths of a list, between colons as before.
+/// The absolute paths of a colon-separated list, in the same format.
 std::string absolutePartsOf(std::string_view list)
 {
     std::string kept;

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// The host that is made of one system's own types; made at the first call.
+/// A host made of one system's own types; created at the first call.
 template <typename Files, typename SystemTrash, typename SystemVolumes, typename SystemDesktop,
           typename SystemApplications>
 const Host &hostOf()
@@ -18,7 +18,7 @@ const Host &hostOf()
         SystemApplications applications;
         Host host{files, trash, volumes, desktop, applications};
     };
-    // Never destroyed: threads that still run when the program ends may be using it.
+    // Never destroyed: threads still running at exit may use it.
     static const System &system = *[] {
         raiseOpenFileLimit();
         return new System;

@@ -4,8 +4,8 @@
 
 namespace corvane {
 
-/// Makes a call of the kernel, which answers a negative number where it fails, again as long as a signal interrupts
-/// it: over a network a folder may take its time.
+/// Repeats a system call, which returns a negative number on failure, while signals interrupt it: calls on a network
+/// folder may take long.
 template <typename Call>
 [[nodiscard]] auto uninterrupted(const Call &call) -> decltype(call())
 {

@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-// Enough for hundreds of cores, and no more than a Mac grants.
+// Enough for hundreds of cores, and within the limit of a Mac.
 constexpr rlim_t enough = 8192;
 
 } // namespace

@@ -49,7 +49,7 @@ Expected<void> PosixHeldFolder::moveItem(const std::string &name, HeldFolder &ta
 Expected<ResolvedFolder> openResolved(const std::string &path,
                                       const std::function<FileDescriptor(const std::string &)> &open)
 {
-    // Where a folder on the way is being replaced, the path may lead elsewhere the moment after it was resolved.
+    // If a folder on the path is being replaced, the resolved path may already be outdated.
     constexpr int attempts = 3;
     for (int attempt = 1;; ++attempt) {
         Expected<std::string> real = resolvedPath(path);

@@ -11,11 +11,10 @@
 
 namespace corvane {
 
-/// A folder held by its file number. How folders inside it are opened, and what the system presents as one document,
-/// is the system's.
+/// A folder held by its descriptor. Derived classes open folders inside it and detect packages.
 class PosixHeldFolder : public HeldFolder {
 public:
-    /// Of a folder that is open; `path` has no links on its way.
+    /// Takes an open folder; `path` has all links resolved.
     PosixHeldFolder(FileDescriptor descriptor, std::string path)
         : m_descriptor(std::move(descriptor)), m_path(std::move(path))
     {
@@ -33,7 +32,7 @@ protected:
     /// Whether the folder of that name directly inside is presented as one document.
     [[nodiscard]] virtual bool isPackage(const std::string &name) const = 0;
 
-    /// Opens the folder of that name inside the one with that number, never through a link.
+    /// Opens the folder of that name inside the one with that descriptor, never through a link.
     [[nodiscard]] virtual Expected<std::unique_ptr<OpenFolder>> openInside(int folder,
                                                                            const std::string &name) const = 0;
 
@@ -47,14 +46,14 @@ private:
     const std::string m_path;
 };
 
-/// A folder that was opened by its path, and that path without links.
+/// An open folder and its path with links resolved.
 struct ResolvedFolder {
     FileDescriptor descriptor;
     std::string path;
 };
 
-/// Resolves the path and opens what it leads to, without following a link any more: the folder is the one that has the
-/// resolved path at that moment. `open` follows no link on the way; it gives none, with `errno` set, where it fails.
+/// Resolves the path and opens the result without following further links: the folder returned had the resolved path at
+/// that moment. `open` must not follow links; it returns an invalid descriptor, with `errno` set, on failure.
 [[nodiscard]] Expected<ResolvedFolder> openResolved(const std::string &path,
                                                     const std::function<FileDescriptor(const std::string &)> &open);
 

@@ -26,7 +26,7 @@ PropertyList convert(plist_t node);
 PropertyList convertArray(plist_t node)
 {
     PropertyList::Array values;
-    // Asked for an item by its place, the library walks there from the first one.
+    // Indexed access walks the library's list from its first item each time.
     plist_array_iter iterator = nullptr;
     plist_array_new_iter(node, &iterator);
     const std::unique_ptr<void, FreeMemory> ownedIterator(iterator);
@@ -58,7 +58,7 @@ PropertyList convertDictionary(plist_t node)
     return PropertyList(std::move(values));
 }
 
-/// Calls itself for nested lists, whose depth was looked at before.
+/// Recursive; the nesting depth has been checked before.
 PropertyList convert(plist_t node) // NOLINT(misc-no-recursion)
 {
     switch (plist_get_node_type(node)) {

@@ -9,12 +9,12 @@ namespace corvane {
 
 namespace {
 
-// Lists deeper than this are made by no tool.
+// No tool creates lists deeper than this.
 constexpr std::size_t depthLimit = 64;
-// Far beyond any listing of disks and any application's own facts.
+// Far beyond any listing of disks or any application's metadata.
 constexpr std::size_t valueLimit = 1'000'000;
 constexpr std::size_t copiedBytesLimit = 64'000'000;
-// The library moves the rest of a text for each "&" in it: a tenth of a second's worth.
+// The library moves the rest of a text for each "&" in it: this many bytes take a tenth of a second.
 constexpr std::size_t movedBytesLimit = 2'000'000'000;
 
 // --- XML
@@ -24,7 +24,7 @@ bool isBlank(char c)
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
-/// Reads only what decides how deep the list is.
+/// Reads only what determines the nesting depth.
 class XmlReader {
 public:
     explicit XmlReader(std::string_view text) : m_text(text) {}
@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    /// Reads up to the next "<" or the end; false where there is too much to replace.
+    /// Advances to the next "<" or the end; false if replacing its entities would take too long.
     bool readText()
     {
         const std::string_view text =
@@ -56,7 +56,7 @@ private:
         return true;
     }
 
-    /// Whether the character zero is written as a number.
+    /// Whether the text contains a numeric reference to NUL.
     [[nodiscard]] bool namesZero() const
     {
         for (std::size_t at = m_text.find("&#"); at != std::string_view::npos; at = m_text.find("&#", at + 1)) {
@@ -67,7 +67,7 @@ private:
         return false;
     }
 
-    /// Reads what begins with the "<" at the position; false where it should not be there.
+    /// Reads the markup that starts with "<" at the position; false if it is not allowed there.
     bool readMarkup()
     {
         if (isNext("<!--"))
@@ -77,7 +77,7 @@ private:
         if (isNext("<?"))
             return skipBehind("?>", 2);
         if (isNext("<!")) {
-            // A document type that defines entities of its own is nothing that a property list has.
+            // A document type with entity definitions of its own does not occur in property lists.
             const std::size_t start = m_position;
             return isNext("<!DOCTYPE") && skipBehind(">", 9) &&
                    m_text.substr(start, m_position - start).find('[') == std::string_view::npos;
@@ -105,7 +105,7 @@ private:
         if (isNext("/>"))
             return true;
         ++m_depth;
-        return isNext(">"); // neither has attributes
+        return isNext(">"); // neither may have attributes
     }
 
     [[nodiscard]] bool isNext(std::string_view text) const { return m_text.substr(m_position).starts_with(text); }
@@ -127,7 +127,7 @@ private:
 
 // --- Binary
 
-/// Walks from the top value to all that it refers to, as often as it does.
+/// Visits the top value and all values it references, once per reference.
 class BinaryReader {
 public:
     explicit BinaryReader(std::string_view bytes) : m_bytes(bytes) {}
@@ -151,7 +151,7 @@ public:
     }
 
 private:
-    /// References that are still to be followed, from `next` to `end` in the bytes.
+    /// References still to be followed, from `next` to `end` in the bytes.
     struct List {
         std::size_t next;
         std::size_t end;
@@ -172,7 +172,7 @@ private:
                m_table <= start && m_count <= (start - m_table) / m_offsetSize;
     }
 
-    /// A whole number of that many bytes, if it lies inside.
+    /// An integer of that many bytes, if it is in range.
     [[nodiscard]] std::optional<std::uint64_t> number(std::uint64_t position, std::uint64_t length) const
     {
         if (position > m_bytes.size() || length > m_bytes.size() - position || length > 8)
@@ -183,7 +183,7 @@ private:
         return value;
     }
 
-    /// Counts a value, and has what it refers to followed next.
+    /// Counts a value and schedules its references.
     bool enter(std::uint64_t value)
     {
         if (value >= m_count || ++m_values > valueLimit)
@@ -200,9 +200,9 @@ private:
         if (size == 0xf && kind >= 0x4 && !readLongSize(start, size))
             return false;
         switch (kind) {
-        case 0x0: // truth values
+        case 0x0: // booleans
             return true;
-        case 0x1: // numbers and dates have a power of two in the place of a size
+        case 0x1: // for numbers and dates, the size field is a power of two
         case 0x2:
         case 0x3:
             return size <= 4 && copy(start, std::uint64_t{1} << size, 1);
@@ -224,7 +224,7 @@ private:
         }
     }
 
-    /// The size that follows as a number of its own.
+    /// The size stored as a separate number after the marker.
     bool readLongSize(std::uint64_t &start, std::uint64_t &size) const
     {
         const auto mark = number(start, 1);
@@ -252,7 +252,7 @@ private:
         return m_copiedBytes <= copiedBytesLimit;
     }
 
-    /// Whether a text that lies inside has the character zero, of that many bytes.
+    /// Whether a text contains NUL, given its number of characters and the bytes of each.
     [[nodiscard]] bool holdsZero(std::uint64_t start, std::uint64_t count, std::uint64_t each) const
     {
         for (std::uint64_t i = 0; i < count; ++i) {

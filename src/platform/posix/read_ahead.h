@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// Tells the kernel that those bytes of an open file are going to be read. Does not wait, and cannot fail.
+/// Hints to the kernel that those bytes of an open file will be read soon. Does not wait; ignores failures.
 void readAhead(int file, std::int64_t offset, std::int64_t length);
 
 } // namespace corvane

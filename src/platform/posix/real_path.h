@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// The path with every link resolved; the item must exist. On Linux of any length. Any thread.
+/// The path with every link resolved; the item must exist. Any length on Linux. Any thread.
 [[nodiscard]] Expected<std::string> resolvedPath(const std::string &path);
 
 } // namespace corvane

@@ -24,12 +24,12 @@ Expected<std::unique_ptr<RegularFile>> RegularFile::open(int folder, const char 
                                                          LinkRule rule)
 {
     struct stat facts {};
-    // Before it is opened: opening alone sets some devices going.
+    // Check before opening: some devices react to being opened.
     if (::fstatat(folder, name, &facts, rule == LinkRule::refuse ? AT_SYMLINK_NOFOLLOW : 0) != 0)
         return corvane::failure("open", path, errno);
     if (!S_ISREG(facts.st_mode))
         return corvane::failure("open", path, ENOTSUP);
-    // Something else may lie there by now; a plain open would wait for a pipe that has no writer.
+    // The item may have been replaced since; a plain open would block on a pipe without a writer.
     const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | (rule == LinkRule::refuse ? O_NOFOLLOW : 0);
     FileDescriptor file(uninterrupted([&] { return ::openat(folder, name, flags); }));
     if (!file.isOpen() || ::fstat(file.number(), &facts) != 0)
@@ -83,7 +83,7 @@ Expected<std::string> RegularFile::readAll(std::size_t most)
         return tl::unexpected(now.error());
     if (static_cast<std::uintmax_t>(now->length) > most)
         return failure("read", EFBIG);
-    // Some file systems tell no size.
+    // Some file systems report no size.
     std::string bytes;
     while (bytes.size() <= most) {
         const std::size_t size = bytes.size();

@@ -10,12 +10,12 @@
 
 namespace corvane {
 
-/// A regular file, opened without waiting. Whatever else lies there (a folder, a pipe, a device) is not opened at all.
+/// A regular file, opened without blocking. Anything else (a folder, a pipe, a device) is never opened.
 class RegularFile final : public FileReader {
 public:
     enum class LinkRule { follow, refuse };
 
-    /// The item of that name relative to an open folder's number, or AT_FDCWD; `path` is for the errors.
+    /// Opens the item of that name relative to a folder's descriptor, or AT_FDCWD; `path` is for errors.
     [[nodiscard]] static Expected<std::unique_ptr<RegularFile>> open(int folder, const char *name,
                                                                      const std::string &path, LinkRule rule);
 
@@ -23,7 +23,7 @@ public:
     [[nodiscard]] Expected<std::size_t> read(std::int64_t offset, std::span<std::byte> buffer) override;
     void willRead(std::int64_t offset, std::int64_t length) override;
 
-    /// The whole content. Fails where it is more than `most` bytes (`std::errc::file_too_large`).
+    /// The whole content. Fails if it exceeds `most` bytes (`std::errc::file_too_large`).
     [[nodiscard]] Expected<std::string> readAll(std::size_t most);
 
 private:

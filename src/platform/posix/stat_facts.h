@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-// What the kernel's record of an item says, in our terms.
+// Conversions from struct stat to our types.
 
 [[nodiscard]] inline EntryType entryType(const struct stat &facts)
 {
@@ -18,7 +18,7 @@ namespace corvane {
                                     : EntryType::file;
 }
 
-/// The kernel counts blocks of 512 bytes whatever the disk's own grain is. 0 where the count is nonsense.
+/// st_blocks is in units of 512 bytes regardless of the disk's block size. 0 if the count is invalid.
 [[nodiscard]] inline std::int64_t allocatedBytes(const struct stat &facts)
 {
     return bytesOfBlocks(facts.st_blocks, 512).value_or(0);
@@ -41,7 +41,7 @@ namespace corvane {
     return {static_cast<std::uint64_t>(facts.st_dev), static_cast<std::uint64_t>(facts.st_ino)};
 }
 
-/// Fills in what a listing tells of an item, but for whether it is a package.
+/// Fills in the entry of a listing, except `isPackage`.
 inline void describe(DirectoryEntry &entry, const struct stat &facts)
 {
     entry.type = entryType(facts);
