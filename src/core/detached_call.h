@@ -20,7 +20,7 @@ struct Waiting {
     /// queried.
     std::function<void(const std::string &about)> isSlow = {};
 
-    /// Waits until `isReady`, evaluated under the lock, returns true, or until `isOver`; returns false in that case.
+    /// Waits until `isReady`, evaluated under the lock, returns true, or until `isOver`; returns the last `isReady`.
     /// The thread that makes it ready must notify `changed`.
     [[nodiscard]] bool until(std::unique_lock<std::mutex> &lock, std::condition_variable &changed,
                              const std::function<bool()> &isReady, const std::string &about) const;

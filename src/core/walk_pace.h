@@ -26,7 +26,7 @@ public:
     };
 
     /// The number of threads for the next stretch, after one with `threads` of which each was on a core for the
-    /// fraction `busy` of the time, 0 to 1. At most doubles the number.
+    /// fraction `busy` of the time, 0 to 1. At most doubles the number, or the number of cores if that is more.
     [[nodiscard]] static std::size_t next(std::size_t threads, double busy, const Limits &limits);
 
     explicit WalkPace(const Limits &limits) : m_limits(limits), m_threads(limits.cores) {}

@@ -11,8 +11,8 @@
 
 namespace corvane {
 
-/// Threads that help with work that comes in pieces. As many threads work at a time, callers included, as the
-/// limit allows, by default the number of cores. Threads are started on demand and end with the program.
+/// Threads that help with work that comes in pieces. Callers always work; pool threads join while the number of both is
+/// below the limit, by default the number of cores. Threads are started on demand and end with the program.
 class WorkPool {
 public:
     /// Work that several threads process piece by piece. Must outlive its `perform`.

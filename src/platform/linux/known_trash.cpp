@@ -170,8 +170,10 @@ std::optional<TrashedItem> KnownTrash::take(HeldFolder &source, const std::strin
     if (!moveIntoTrash(source.descriptor(), name, items, record.itemName()))
         return std::nullopt;
     if (!record.isInPlace()) {
-        record = recordedAnew(source, name, record.itemName(), *text);
-        if (!record.exists())
+        Record another = recordedAnew(source, name, record.itemName(), *text);
+        if (another.exists())
+            record = std::move(another);
+        else if (!arrived(record.itemName()).folder)
             return std::nullopt;
     }
     TrashedItem item = arrived(record.itemName());
@@ -182,7 +184,7 @@ std::optional<TrashedItem> KnownTrash::take(HeldFolder &source, const std::strin
 
 /// Another program emptied the Trash just before the item was moved in, so only the record was deleted. Without a
 /// record the name is free, and other programs may move their items over this one. Returns an empty record if the item
-/// was moved back.
+/// was moved back, or if there is no way to do either: then it lies under its name without a record.
 KnownTrash::Record KnownTrash::recordedAnew(HeldFolder &source, const std::string &name, const std::string &itemName,
                                             const std::string &text)
 {
@@ -191,8 +193,8 @@ KnownTrash::Record KnownTrash::recordedAnew(HeldFolder &source, const std::strin
     if (record.exists() || moveAt(items, itemName, source.descriptor(), name))
         return record;
     record = reserve(name, text);
-    if (record.exists())
-        (void)moveAt(items, itemName, items, record.itemName());
+    if (record.exists() && !moveAt(items, itemName, items, record.itemName()))
+        return {};
     return record;
 }
 

@@ -35,8 +35,8 @@ struct OpenTrash {
     [[nodiscard]] static OpenTrash at(const TrashPlace &place);
 };
 
-/// The "Path" value in the record of an item: percent-encoded, and relative to the top of the volume for a Trash there.
-/// Nothing if the item is not below the top.
+/// The "Path" value in the record of an item: percent-encoded, and relative to the top of the volume for a Trash there
+/// unless `isWhole`. Nothing if it is to be relative and the item is not below the top.
 [[nodiscard]] std::optional<std::string> notedPath(const std::string &path, const std::string &top, bool isWhole);
 
 /// Moves an item into a Trash as `moveAt` does. Moving a folder changes its ".." entry, which requires write permission
