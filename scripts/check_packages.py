@@ -20,7 +20,8 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FOLDER = ROOT / "build" / "check-packages"
 
-# What the view shows of listed packages only. Libraries stay visible: without their headers nothing finds them.
+# Folders of which the view shows only files of the listed packages. Libraries remain visible: without their headers
+# they cannot be found.
 VIEWED = ("/usr/bin", "/usr/sbin", "/usr/include", "/usr/share/cmake", "/usr/share/pkgconfig", "/usr/share/fonts",
           "/usr/share/qt6", "/usr/lib/MULTIARCH/cmake", "/usr/lib/MULTIARCH/pkgconfig", "/usr/lib/MULTIARCH/qt6",
           "/usr/lib/qt6", "/usr/lib/node_modules", "/usr/local/bin", "/usr/local/include", "/usr/local/lib")
@@ -34,12 +35,12 @@ def has_programs(*names):
     return "for name in " + " ".join(names) + '; do command -v "$name" || { echo "there is no $name" >&2; exit 1; }; done'
 
 
-# Each command's purposes in packages.sh, and its first steps.
+# Each command's purposes in packages.sh, and its first build steps.
 COMMANDS = {
     "run": ("build ui", [configure("release")]),
     "test": ("build ui window test", [configure("dev"), has_programs(
         "bwrap", "dbus-daemon", "xmllint", "gio", "ccache", "desktop-file-validate", "appstreamcli")]),
-    # The window with all of its QML, if it has been built.
+    # The window with all of its QML, if it is built.
     "test, the window": ("build ui window test", [
         "for program in build/dev/bin/corvane_journeys; do "
         "[ ! -x $program ] || QT_QPA_PLATFORM=offscreen $program --gtest_brief=1 --gtest_filter='Overview*'; done"]),
@@ -85,7 +86,7 @@ def everything_for(wanted, needs, by_name, base):
     missing = [choices for choices in wanted if not any(choice in needs for choice in choices)]
     waiting = list(base) + [next(choice for choice in choices if choice in needs) for choices in wanted
                             if choices not in missing]
-    # A bare system can install packages, and has what that needs.
+    # Even a minimal system has the package manager and its dependencies.
     waiting.append("apt")
     reached = set()
     while waiting:
@@ -94,7 +95,7 @@ def everything_for(wanted, needs, by_name, base):
             continue
         reached.add(package)
         for choices in needs.get(package, []):
-            # The first that is there: a later one may be there for another reason.
+            # Follow only the first alternative that is installed: a later one may be installed for another reason.
             providers = next((by_name[choice] for choice in choices if choice in by_name), ())
             waiting += providers
     return reached, missing
@@ -127,7 +128,7 @@ def make_view(packages, folders, tree):
     resolved = {}
     for path in listed:
         parent, name = os.path.split(path)
-        # /bin and /lib of the lists are links to /usr/bin and /usr/lib.
+        # The /bin and /lib in the packages' lists are links to /usr/bin and /usr/lib.
         real = resolved.setdefault(parent, os.path.realpath(parent)) + "/" + name
         target = tree / real[1:]
         if not real.startswith(beneath) or os.path.lexists(target):
@@ -136,7 +137,7 @@ def make_view(packages, folders, tree):
             target.mkdir(parents=True, exist_ok=True)
         elif os.path.lexists(real):
             place(real, target)
-    # Names that the system itself gives to one of several programs, such as c++.
+    # Names that the system links to one of several programs, such as c++.
     for folder in ("/usr/bin", "/usr/sbin"):
         for link in pathlib.Path(folder).iterdir():
             if link.is_symlink() and os.readlink(link).startswith("/etc/alternatives/"):

@@ -149,7 +149,7 @@ def main():
             (cache / remembered).touch()
         return clean, said
 
-    # The largest first, so that none of them is what everything waits for in the end.
+    # Start with the largest files, so that the run does not end by waiting for one of them.
     largest_first = sorted(entries.values(), key=lambda entry: os.path.getsize(entry["file"]), reverse=True)
     all_clean, told = True, 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:

@@ -26,7 +26,7 @@ import time
 import urllib.error
 import urllib.request
 
-# What is kept of each package: its folder in the archive is called "package".
+# The files to keep of each package, whose folder in the archive is called "package".
 KEPT = {
     "@fontsource/nunito": ("files/nunito-latin-700-normal.woff",),
     "@phosphor-icons/core": tuple(f"assets/{weight}/*.svg" for weight in ("regular", "fill", "light", "bold")),
@@ -120,7 +120,7 @@ def main():
     root = parser.parse_args().root
 
     lock = (root / "package-lock.json").read_bytes()
-    # What is kept may change with this script.
+    # This script is part of the hash because it defines which files are kept.
     state = hashlib.sha256(lock + pathlib.Path(__file__).read_bytes()).hexdigest()
     modules = root / "node_modules"
     stamp = modules / ".fetched"
@@ -141,7 +141,7 @@ def main():
     source = registry(root, os.environ)
     if source is None:
         sys.exit(NO_REGISTRY)
-    # The old folder stays until everything has arrived.
+    # Keep the old folder until the download is complete.
     fresh = root / "node_modules.fetching"
     shutil.rmtree(fresh, ignore_errors=True)
     for name, package in packages.items():

@@ -28,17 +28,17 @@ LIBCXX = "/usr/lib/llvm-19/include/c++/v1"
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Werror"]
 DEFINITIONS = ['CORVANE_VERSION="0.0.0"', 'CORVANE_BUILD="0"', 'CORVANE_APP_ID="app.corvane.Corvane"',
                'CORVANE_SITE="https://corvane.example/"', "FMT_HEADER_ONLY"]
-# Headers of libraries that are the same on every system. This machine's own must not be searched, so each is linked
-# to by itself.
+# Libraries whose headers are the same on every system. The system's include folder must not be searched, so each of
+# these is symlinked individually.
 LIBRARY_HEADERS = ["tl", "fmt", "openssl", "plist", "utf8proc.h"]
-# Folders whose sources make up corvane-cli; what uses Qt lies in others.
+# Folders with the sources of corvane-cli; code that uses Qt is in others.
 WITHOUT_QT = re.compile(r"^src/(platform|core(?!/store)|map|cleanup|apps|duplicates|disk|cli)/(?!ui/)")
 FRAMEWORKS = ["AppKit", "CoreServices", "Foundation"]
-# Libraries that a Mac has, or gets from Homebrew, and whose link stubs an SDK folder may lack: this machine's exported
-# names stand in for them.
+# Libraries that a Mac has, or gets from Homebrew, and whose link stubs may be missing in an SDK folder: stubs are made
+# from the exported names of this machine's libraries.
 STAND_INS = {"c++": ["libc++.so.1", "libc++abi.so.1"], "plist": ["libplist-2.0.so"], "utf8proc": ["libutf8proc.so"],
              "crypto": ["libcrypto.so"]}
-# What compilers call although no header declares it: libSystem has it.
+# Functions that compilers call although no header declares them; libSystem has them.
 OF_THE_COMPILER = {"___cxa_atexit", "___stack_chk_fail", "___stack_chk_guard", "___udivti3", "___umodti3",
                    "___isPlatformVersionAtLeast", "dyld_stub_binder"}
 

@@ -5,9 +5,9 @@ import re
 COMMAND = re.compile(r"(\w+)\s*\(((?:[^()\"]|\"(?:\\.|[^\"\\])*\"|\((?:[^()]|\([^()]*\))*\))*)\)", re.S)
 TEXT_OR_COMMENT = re.compile(r"(\"(?:\\.|[^\"\\])*\")|#[^\n]*", re.S)
 VARIABLE = re.compile(r"\$\{(\w+)\}")
-# Commands that name sources without giving them to a target.
+# Commands that name sources without adding them to a target.
 ASIDE = {"set_source_files_properties", "set_property"}
-# What is known of a Mac; a condition that is neither may turn out either way.
+# Conditions that are true on a Mac; for any other, both branches count.
 HOLDS = {"APPLE", "NOT CMAKE_SYSTEM_NAME STREQUAL \"Linux\""}
 FAILS = {"NOT APPLE", "CMAKE_SYSTEM_NAME STREQUAL \"Linux\""}
 
@@ -17,7 +17,7 @@ def sources_of(root, folder=pathlib.Path()):
     targets on a Mac. Where a condition is not known, both of its branches count."""
     found = set()
     variables = {}
-    taken = []  # for each condition around: whether its branch may be taken
+    taken = []  # for each enclosing condition: whether its branch can be taken
     text = TEXT_OR_COMMENT.sub(lambda found: found[1] or "", (root / folder / "CMakeLists.txt").read_text())
     for name, arguments in COMMAND.findall(text):
         name = name.lower()

@@ -13,7 +13,8 @@ import signal
 import sys
 
 SUFFIXES = {".h", ".cpp", ".mm", ".qml"}
-# Comments, preprocessor lines and characters are matched so that a quotation mark in them begins no literal.
+# Also matches comments, preprocessor lines and character literals, so that a quotation mark in them does not start a
+# string.
 TOKEN = re.compile(
     r"//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|'(?:[^'\\\n]|\\.)+'"
     r'|R"(?P<mark>\w*)\((?P<raw>.*?)\)(?P=mark)"|"(?P<plain>(?:[^"\\\n]|\\.)*)"', re.S | re.M)
@@ -21,7 +22,7 @@ JOINED = re.compile(r"\s*(?:\+\s*)?")
 TRANSLATED = re.compile(r"\bqsTr\(\s*$")
 COUNTED = re.compile(r"\b(?:formatCount|countText|plural)\([^;{}]*$")
 FOR_DEVELOPERS = re.compile(r"\b(?:static_assert|QML_UNCREATABLE|qFatal)\([^;]*$")
-# What fmt, Qt and printf replace, and escaped characters.
+# Placeholders of fmt, Qt and printf, and escaped characters.
 REPLACED = re.compile(r"\{[^{}]*\}|%(?:L?\d+|[a-z])|\\.")
 LETTER = re.compile(r"[^\W\d_]")
 SEVERAL_WORDS = re.compile(r"\S\s+\S|^\s|\s$")
@@ -63,7 +64,7 @@ def messages(source, is_qml):
 
 
 def main():
-    signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # a reader such as head may stop early
+    signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # a reader such as head may close the pipe early
     folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parents[1] / "src"
     for path in sorted(path for path in folder.rglob("*") if path.suffix in SUFFIXES):
         for line, text in messages(path.read_text(), path.suffix == ".qml"):

@@ -38,7 +38,7 @@ def matches(expression, name, is_start):
         return True
     if not is_start:
         return False
-    # What the expression says of the parameter is left out, a piece at a time.
+    # Drop the parts of the expression that match the parameter, one at a time.
     pieces = expression.split("/")
     for count in range(len(pieces) - 1, 0, -1):
         try:
