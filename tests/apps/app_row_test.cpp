@@ -49,7 +49,7 @@ std::vector<std::string> names(const std::vector<InstalledApp> &apps, AppSort so
     return result;
 }
 
-// --- What a bundle says of itself
+// --- Texts from a bundle's metadata
 
 TEST(BundleText, WhatIsLongerThanAnybodyReadsIsCutOff)
 {
@@ -65,7 +65,7 @@ TEST(BundleText, NoCharacterIsCutThrough)
     EXPECT_EQ(bundleText(std::string(300, '\x80')), u'…');
 }
 
-// --- The label of what has not been opened for long
+// --- The label of applications not opened for long
 
 TEST(AppRow, BelowAYearTheLabelCountsMonths)
 {
@@ -125,7 +125,7 @@ TEST(AppRow, TheOrphansSayHowManyTheyAreAndWhatTheyComeTo)
     EXPECT_EQ(AppRow::ofOrphans({}, 0).sizeText, QString());
 }
 
-// --- The orders
+// --- Sort orders
 
 TEST(AppSort, ItsValuesAreTheLabelsInTheirOrder)
 {

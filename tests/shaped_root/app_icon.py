@@ -12,12 +12,12 @@ import re
 import struct
 import zlib
 
-WIDTH = 128                # of the picture
-GROUND = 256               # of a sign's path
-SIGN = 0.59                # of the tile's width
-CORNER = 0.22              # the same, of its corners' radius
-SHADES = 16                # from the tile's colour to the sign's, and from nothing to the tile's
-STEPS = 8                  # straight pieces that a curve is drawn with
+WIDTH = 128                # of the image
+GROUND = 256               # of a sign's coordinate system
+SIGN = 0.59                # relative to the tile
+CORNER = 0.22              # corner radius, relative to the tile
+SHADES = 16                # of the palette: from the tile's colour to the sign's, and from transparent to the tile's
+STEPS = 8                  # line segments per curve
 
 
 @functools.cache
@@ -74,7 +74,7 @@ def arc(start, radii, turn, is_large, is_clockwise, end):
     yield end
 
 
-LENGTHS = {"M": 2, "L": 2, "H": 1, "V": 1, "C": 6, "S": 4, "Q": 4, "A": 7, "Z": 0}  # of each command's arguments
+LENGTHS = {"M": 2, "L": 2, "H": 1, "V": 1, "C": 6, "S": 4, "Q": 4, "A": 7, "Z": 0}  # number of arguments per command
 
 
 def outlines(path):
@@ -118,7 +118,7 @@ def outlines(path):
 
 def coverage(lines):
     """How much of each point of the picture, 0 to 1, the lines enclose; rows from the top."""
-    # Each line's signed area goes to the points that it crosses; the sum along a row is what lies inside.
+    # Accumulates each line's signed area in the pixels that it crosses; the running sum along a row is the coverage.
     rows = [[0.0] * (WIDTH + 2) for _ in range(WIDTH)]
     for line in lines:
         for (x1, y1), (x2, y2) in zip(line, line[1:] + line[:1]):
@@ -162,7 +162,7 @@ def png(sign, color):
     margin = (WIDTH - SIGN * WIDTH) / 2
     marks = coverage([[(margin + x * scale, margin + y * scale) for x, y in line] for line in outlines(signs()[sign])])
 
-    # The palette: the tile's edge, then the way from the tile's colour to white.
+    # The palette: the tile's edge, then the gradient from the tile's colour to white.
     ground = bytes.fromhex(color)
     palette = ground * SHADES
     opacity = bytes(round(255 * step / SHADES) for step in range(SHADES))

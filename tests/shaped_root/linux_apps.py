@@ -75,7 +75,7 @@ def package(package_name, name, version, size, icon, app_id):
 
 
 def appimage(file, name, version, size, icon, app_id):
-    del version  # no AppImage tells it in its desktop file
+    del version  # AppImages have no version in their desktop file
     return [
         f"{HOME}/Applications/{file}.AppImage | {size}",
         f"{HOME}/.local/share/applications/{app_id}.desktop | " + entry(

@@ -13,7 +13,7 @@ import shaped_root
 from root_case import RootCase, child, main
 
 HOME = "/home/studio"
-# What the disk of the root is said to hold, as its tools tell it.
+# The figures of the root's disk in the output of its tools.
 CAPACITY, AVAILABLE = 500107862016 // 4096 * 4096, 87507862016 // 4096 * 4096
 DOCKER = 34_700_000_000 - 1_600_000  # 21.9GB, 608.4MB, 4.2GB and 7.99GB
 SWAP = 8398437 * 1024
@@ -116,7 +116,7 @@ class LinuxRoot(LinuxCase):
             there = [place for place in places if os.path.exists(self.root + place)]
             self.assertEqual(len(there), 1, path)
             picture = pathlib.Path(self.root + there[0]).read_bytes()
-            # More than a block would be shown as megabytes, as everything of this root is.
+            # A larger file would be scaled up to megabytes, like every file of this root.
             self.assertLessEqual(len(picture), shaped_root.BLOCK, path)
             self.assertTrue(picture.startswith((b"\x89PNG", b"<svg")), path)
             icons.add(picture)
@@ -139,7 +139,7 @@ class CommandLineOnALinuxSystem(LinuxCase):
         self.assertEqual(root["name"], "Debian GNU/Linux")
         for name in ("home", "opt", "srv", "boot", "tmp"):
             self.assertEqual(child(root, name)["size"], self.on_disk("/" + name), name)
-        # The links into this machine's own system are not followed, and its mounts are no part of the disk.
+        # Links into this machine's system are not followed, and its mounts are not part of the disk.
         self.assertEqual(child(root, "usr")["size"], self.on_disk("/usr"))
         self.assertTrue({"proc", "sys", "run", "dev"}.isdisjoint(
             node["name"] for node in root["children"] if node["size"] > 0))
@@ -191,7 +191,7 @@ class BreakdownOnALinuxSystem(LinuxCase):
     def sizes(breakdown):
         return {segment["id"]: segment["size"] for segment in breakdown["segments"]}
 
-    # What the description has at each place, and where another place lies inside.
+    # The described items in each place, minus nested places.
     PLACES = {
         "home": ((HOME,), ()),
         "/usr": (("/usr",), ("/usr/local",)),
@@ -294,7 +294,7 @@ class BreakdownOnALinuxSystem(LinuxCase):
 class CleanupOnALinuxSystem(LinuxCase):
     """The catalogue of what could be cleaned up."""
 
-    # What each row that holds something measures, with what counts elsewhere.
+    # The expected contents of each non-empty row, minus items counted in others.
     ROWS = {
         "App Caches": ((".cache",), (".cache/pip", ".cache/go-build", ".cache/huggingface", ".cache/thumbnails")),
         "Thumbnails": ((".cache/thumbnails",), ()),
@@ -342,7 +342,7 @@ class CleanupOnALinuxSystem(LinuxCase):
         self.assertTellsTheSame(text.replace("  safe  ", "").replace("  review", ""),
                                 {title: item["total"] for title, item in filled.items()})
         self.assertIn(f"{self.told(sum(item['total'] for item in filled.values()))} could be cleaned up, ", text)
-        foreign = 8  # rows of a Mac's, which stay out of sight
+        foreign = 8  # rows for a Mac, which are hidden
         self.assertIn(f"\n{count - len(filled) - foreign} more places hold nothing\n", text)
         self.assertNoForeignWord(text)
 
@@ -451,7 +451,7 @@ class WindowOnALinuxSystem(LinuxCase):
     def read(self):
         done = self.run_inside(self.probe, "--read")
         self.assertEqual(done.returncode, 0, done.stderr.decode())
-        # The runner has the screens interpreted, as they are with another version of Qt than they were compiled for.
+        # Forces the QML to be interpreted, as it is with another Qt version than the one it was compiled for.
         self.assertNotIn("TypeError", done.stderr.decode())
         return json.loads(done.stdout)
 

@@ -57,7 +57,7 @@ class MacRoot(RootCase):
         self.assertGreater(len(icons), 30)
         self.assertEqual(len(set(icons.values())), len(icons))
         for name, icon in icons.items():
-            # More than a block would be shown as megabytes, as everything of this root is.
+            # A larger file would be scaled up to megabytes, like every file of this root.
             self.assertLessEqual(len(icon), shaped_root.BLOCK, name)
             self.assertEqual((icon[:4], struct.unpack(">I", icon[4:8])[0]), (b"icns", len(icon)), name)
             png = icon[16:]
@@ -172,7 +172,7 @@ class CommandLineOnAMac(RootCase):
 class BreakdownCase(RootCase):
     """What the tests of the account of the whole disk share."""
 
-    # What the recorded listing says of the container that holds the system.
+    # The system container's figures in the recorded listing.
     CEILING, FREE = 994662584320, 183371001856
     SYSTEM, SWAP, DATA = 11240001536, 4294983680, 788935835648
     SUPPORT = 5202345984 + 1501560832 + 26214400
@@ -205,7 +205,7 @@ class BreakdownOnAMac(BreakdownCase):
         applications = self.on_disk("/Applications")
         self.assertEqual((result["total"], result["free"], result["fromAPFS"]), (self.CEILING, self.FREE, True))
         self.assertEqual((result["hasScan"], result["overcount"], result["purgeable"]), (False, 0, 0))
-        # At this scale the other places stay below the 50 MB from which one is worth a row.
+        # At this scale the other places are below 50 MB, the minimum for a row.
         self.assertLess(self.on_disk("/Library"), 50_000_000)
         self.assertGreater(applications, 50_000_000)
         self.assertEqual(self.sizes(result), {
@@ -228,7 +228,7 @@ class BreakdownOnAMac(BreakdownCase):
         self.assertEqual([item["name"] for item in scanned["children"]],
                          ["Library", "Movies", "Pictures", "Projects", "Virtual Machines"])
         hidden = next(segment for segment in result["segments"] if segment["id"] == "hidden")
-        # Folders that are closed leave no trace in the tree; only the scanned one itself is counted.
+        # Unreadable folders have no nodes in the tree; only the scan root itself is counted.
         self.assertTrue(hidden["detail"].endswith("the Spotlight index and snapshot data."), hidden["detail"])
         self.assertEqual(hidden["action"], {"kind": "fullDiskAccess"})
 
@@ -277,7 +277,7 @@ class OwnRootCase(BreakdownCase):
     left_empty = (HOME, "/Applications", "/opt")
 
     def setUp(self):
-        # Skips where nothing can be run at all, before anything is built.
+        # Skip if nothing can be run, before building anything.
         self.run_inside("/bin/true")
         temporary = tempfile.TemporaryDirectory(dir=self.folder)
         self.addCleanup(temporary.cleanup)
@@ -325,7 +325,7 @@ class ToolsOnAMac(OwnRootCase):
             self.assertEqual(json.loads(self.run_cli("snapshots", "--json").stdout), expected, name)
             self.assertEqual(self.breakdown()["snapshots"], expected, name)
 
-    # What a tool may do instead of answering.
+    # Failures of a tool.
     TROUBLE = {
         "fails": "echo 'Some information was unavailable' >&2\nexit 1\n",
         "fails after an answer": "cat /System/Volumes/recorded/*\nexit 3\n",

@@ -28,7 +28,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 DEFAULT_SCALE = 1000
 BLOCK = 4096
 KINDS = ("mac", "linux")
-MARKER = b".corvane-shaped-root"  # of that folder, with the kind of the root in it
+MARKER = b".corvane-shaped-root"  # in the built folder; contains the kind of the root
 UNITS = {"KB": 1000, "MB": 1000**2, "GB": 1000**3}
 USUAL_DATE = datetime.datetime(2025, 11, 1, 12, tzinfo=datetime.timezone.utc)
 
@@ -39,15 +39,15 @@ class Item:
 
     name: bytes
     is_folder: bool = False
-    size: int = 0               # of a file; "the rest" once it has been worked out
-    takes_rest: float = 0.0     # this item's share of the rest, among its siblings of one series
-    stated: int = 0             # what a folder must come to; 0 where nothing is said
+    size: int = 0               # of a file; for "the rest", set once computed
+    takes_rest: float = 0.0     # this item's share of the rest in its series
+    stated: int = 0             # required total of a folder; 0 for none
     date: datetime.datetime = None
-    content: bytes = None       # a file of this content rather than of a size
-    mark: bytes = b""           # how a file of a size begins; nothing but zeros follows
+    content: bytes = None       # a file with this content instead of a size
+    mark: bytes = b""           # the first bytes of a file with a size; the rest are zeros
     mode: int = 0
     link: bytes = None
-    is_continued: bool = False  # the content is put behind that of the file of this name, if there is one
+    is_continued: bool = False  # append the content to the existing file with this name, if any
     children: list = dataclasses.field(default_factory=list)
 
     def total(self):
@@ -186,7 +186,7 @@ def parse_line(text):
 
     for field in fields:
         if field == "locked":
-            items[0].mode = stat.S_IFDIR  # with no permission at all
+            items[0].mode = stat.S_IFDIR  # no permissions
         elif field == "the rest":
             for item, share in zip(items, shares(len(items))):
                 item.takes_rest = share
@@ -241,7 +241,7 @@ def put_line(text, folder):
 def parse(path):
     """The description as one folder without a name."""
     root = Item(b"", is_folder=True)
-    levels = [[root]]  # for each depth the items that the lines beneath go into
+    levels = [[root]]  # for each depth, the items that contain the following lines
     for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
         text = line.strip()
         if not text or text.startswith("#"):

@@ -19,7 +19,7 @@ namespace {
 constexpr const char *osRelease = "/etc/os-release";
 constexpr const char *productName = "/sys/class/dmi/id/product_name";
 
-/// A Mac's root, whichever system the test runs on.
+/// A Mac's root, regardless of the system that runs the test.
 struct MacRoot {
     explicit MacRoot(const std::string &productVersion)
         : MacRoot("<plist><dict><key>ProductName</key><string>macOS</string><key>ProductVersion</key>" +

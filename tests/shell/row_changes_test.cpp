@@ -24,7 +24,7 @@ RowChanges changes(const std::string &oldRows, const std::string &newRows)
     return RowChanges::make(before(oldRows, newRows), static_cast<int>(oldRows.size()));
 }
 
-/// What the steps make of the old rows.
+/// Applies the steps to the old rows.
 std::string stepped(std::string rows, const std::string &newRows, const RowChanges &steps)
 {
     for (const auto [first, count] : steps.removals)
@@ -40,7 +40,7 @@ std::string stepped(std::string rows, const std::string &newRows, const RowChang
     return rows;
 }
 
-/// By trying every choice: how many runs have to move when as many as possible stay.
+/// Brute force: the number of runs that move if as many as possible stay.
 std::size_t fewestMoves(const std::string &oldRows, const std::string &newRows)
 {
     std::string kept;
@@ -48,7 +48,7 @@ std::size_t fewestMoves(const std::string &oldRows, const std::string &newRows)
         if (newRows.find(row) != std::string::npos)
             kept += row;
     }
-    std::vector<std::size_t> runs; // where each begins among the kept rows, in the order of the new list
+    std::vector<std::size_t> runs; // start of each among the kept rows, in the order of the new list
     std::size_t last = kept.size();
     for (const char row : newRows) {
         const std::size_t place = kept.find(row);
@@ -71,7 +71,7 @@ std::size_t fewestMoves(const std::string &oldRows, const std::string &newRows)
     return runs.size() - mostStaying;
 }
 
-/// How many stretches of a list are made of rows that the other one lacks.
+/// The number of runs of rows that the other list lacks.
 std::size_t stretchesMissingIn(const std::string &other, const std::string &rows)
 {
     std::size_t stretches = 0;
@@ -147,12 +147,12 @@ TEST(RowChanges, RowsThatShareAKeyArePairedInTheirOrder)
 
 TEST(RowChanges, AnyListTurnsIntoAnyOtherInTheFewestSteps)
 {
-    std::mt19937 random(20240917); // NOLINT: the same lists in each run
+    std::mt19937 random(20240917); // NOLINT: fixed seed for reproducible lists
     const auto randomList = [&random] {
         std::string rows = "abcdefghij";
         std::ranges::shuffle(rows, random);
         rows.resize(random() % (rows.size() + 1));
-        // Half of the lists are nearly in order, as real ones are.
+        // Half of the lists are almost in order, like real ones.
         if (random() % 2 == 0) {
             std::ranges::sort(rows);
             if (rows.size() > 1)

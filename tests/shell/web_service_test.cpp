@@ -18,7 +18,7 @@ using Ending = LoopbackAnswer::Ending;
 
 const QString unreachable = QStringLiteral("Couldn't reach the server. Check your internet connection.");
 
-/// What became of one message.
+/// The result of one message.
 struct Answered {
     bool hasCome = false;
     std::optional<API::Failure> failure;
@@ -33,7 +33,7 @@ struct Answered {
     }
 };
 
-/// Posts and waits; the message of the failure, nothing for success.
+/// Posts and waits; returns the failure's message, or nullopt on success.
 std::optional<QString> postTo(const QUrl &site, API::Options options = {}, const QJsonObject &body = {})
 {
     API api(site, options);

@@ -13,7 +13,7 @@ using nlohmann::json;
 
 class FileListsCommandTest : public CliTest {
 protected:
-    /// Three files of over 1 MB: one of today, one of about a year and a half ago, one of 2001.
+    /// Three files of over 1 MB: from today, from about a year and a half ago, from 2001.
     FileListsCommandTest()
     {
         m_folder.writeFile("set/Film.MOV", 3'000'000);

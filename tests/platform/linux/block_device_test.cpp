@@ -15,7 +15,7 @@
 namespace corvane {
 namespace {
 
-/// The kernel's folder of devices, made up.
+/// A fake of the kernel's device folder.
 class BlockDeviceTest : public testing::Test {
 protected:
     void add(const std::string &number, const std::string &device)

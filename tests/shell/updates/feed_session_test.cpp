@@ -29,7 +29,7 @@ struct FeedSessionTest : testing::Test, UpdateServer {
     }
     void endSession() { m_session.reset(); }
 
-    /// The line that a check by the user fails with.
+    /// The failure message of a check requested by the user.
     QString failureOfCheck()
     {
         session().check(byUser, offer);
@@ -222,7 +222,7 @@ TEST_F(FeedSessionTest, FeedThatIsCutShortIsRefused)
 
 TEST_F(FeedSessionTest, FeedThatUnfoldsIsNotUnfolded)
 {
-    // Small on its way, however large it becomes.
+    // Small when compressed, huge when decompressed.
     server.answer("/feed.xml",
                   {.headers = {{"Content-Encoding", "deflate"}}, .body = qCompress(feedText({item()})).sliced(4)});
     EXPECT_EQ(failureOfCheck(), line(Kind::feedMalformed));
@@ -421,7 +421,7 @@ TEST_F(FeedSessionTest, EarlierFileThatIsLargerThanAnyDownloadIsNotReadButReplac
     };
     caches.writeText("corvane/updates/Corvane-1.2.0.deb", "x");
     const std::filesystem::path planted = caches / "corvane/updates/Corvane-1.2.0.deb";
-    std::filesystem::resize_file(planted, 1ULL << 40U); // without taking any space
+    std::filesystem::resize_file(planted, 1ULL << 40U); // sparse
     session().check(byUser, offer);
     ASSERT_TRUE(waitForPhase(session(), Phase::available)) << qPrintable(session().state().failure);
     session().download();
