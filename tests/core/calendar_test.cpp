@@ -120,7 +120,7 @@ TEST(Calendar, ClocksSetBackIntoTheMonthBeforeLoseNoMonth)
     EXPECT_EQ(zone.wholeMonths(at(2025y / 5 / 1, minutes{10}), at(2025y / 11 / 1, minutes{45})), 6);
 }
 
-TEST(Calendar, ATimeToComeIsNoMonthAway)
+TEST(Calendar, AFutureTimeIsZeroMonthsAgo)
 {
     EXPECT_EQ(utc.wholeMonths(at(2025y / 5 / 19), at(2025y / 5 / 19)), 0);
     EXPECT_EQ(utc.wholeMonths(at(2030y / 1 / 1), at(2025y / 5 / 19)), 0);

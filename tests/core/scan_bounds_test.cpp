@@ -45,7 +45,7 @@ TEST_F(ScanBoundsTest, AWholeDiskScanEntersTheFileSystemsOfTheRootAndOfTheHomeAl
         EXPECT_TRUE(enters(folder)) << folder;
 }
 
-TEST_F(ScanBoundsTest, WhoWantsNoMountsEntersNoneBeneathTheRoot)
+TEST_F(ScanBoundsTest, WithTheMountsFilterNoMountBelowTheRootIsEntered)
 {
     files.addMount({"/home", 2, "/"});
     files.addFile("/file", 2'000'000);

@@ -38,7 +38,7 @@ TEST(VolumeInfo, WhatAMacDoesNotTellIsNothingAndMacintoshHD)
     EXPECT_EQ(VolumeInfo::current(fake.host()), (VolumeInfo{.name = "Macintosh HD", .total = 0, .available = 0}));
 }
 
-TEST(VolumeInfo, FiguresThatAreNoSizesOnADiskCountAsNotTold)
+TEST(VolumeInfo, InvalidFiguresCountAsUnknown)
 {
     FakeHost fake;
     constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();

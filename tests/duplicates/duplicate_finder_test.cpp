@@ -180,7 +180,7 @@ TEST_F(DuplicateFinderTest, TheNewestComesFirstAndEqualDatesKeepTheirOrder)
     EXPECT_THAT(findNames(), ElementsAre(ElementsAre("new 1", "new 2", "old", "undated")));
 }
 
-TEST_F(DuplicateFinderTest, FilesOfTwoSizesNeverMeetWhateverTheyHold)
+TEST_F(DuplicateFinderTest, FilesOfDifferentAllocatedSizesAreNeverCompared)
 {
     // Same contents with different allocated sizes, as when one of them is compressed by the file system.
     add("a", text(kib));
@@ -258,7 +258,7 @@ TEST_F(DuplicateFinderTest, APipeAndADeviceAreNeverOpened)
     EXPECT_THAT(findNames(), ElementsAre(ElementsAre("a", "b")));
 }
 
-TEST_F(DuplicateFinderTest, FilesThatCannotBeReadAreNotAlikeForThat)
+TEST_F(DuplicateFinderTest, UnreadableFilesAreNotDuplicatesOfEachOther)
 {
     // The start of a process's address space is unmapped: reading there fails.
     const std::string own = "/proc/" + std::to_string(::getpid());

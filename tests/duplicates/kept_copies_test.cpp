@@ -103,7 +103,7 @@ TEST(KeptCopies, OfTwoGroupsWithTheSameFileTheLaterOneCounts)
     EXPECT_EQ(conditions.at("/x/a").copies[0]->at(0).seen.length, 77);
 }
 
-TEST(KeptCopies, WhoPicksAllCopiesByHandMeansIt)
+TEST(KeptCopies, SelectingAllCopiesByHandIsAllowed)
 {
     const std::vector groups{groupOf("g", {"/x/a", "/x/b"})};
     EXPECT_THAT(conditionsOf(entries({"/x/a", "/x/b"}), groups, {}), IsEmpty());

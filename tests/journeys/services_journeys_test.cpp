@@ -149,7 +149,7 @@ TEST_F(ServicesJourney, AccessThatIsGrantedWhileTheWelcomeIsOpenIsSeen)
     EXPECT_EQ(settingsOfAnotherProcess(), "didOnboard=true crashReportMode=ask");
 }
 
-TEST_F(ServicesJourney, WhoQuitsBeforeTheWelcomeWasDismissedIsWelcomedAgain)
+TEST_F(ServicesJourney, QuittingWithTheWelcomeOpenShowsItAgain)
 {
     launch();
     waitForPopup(QStringLiteral("welcome"));

@@ -89,7 +89,7 @@ TEST_F(SheetsJourney, TheKeyThatQuitsDoesSoInTheSettings)
     EXPECT_TRUE(endsWhen([&] { WindowDriver(settings).press(Qt::Key_Q, Qt::ControlModifier); }));
 }
 
-TEST_F(SheetsJourney, WhatComesAtOnceIsAskedOneAfterTheOtherAndNoneIsLost)
+TEST_F(SheetsJourney, SimultaneousSheetsAreShownOneAfterAnother)
 {
     crashed();
     launch();

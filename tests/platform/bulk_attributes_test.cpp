@@ -259,7 +259,7 @@ TEST(BulkAttributes, NameMayEndWhereTheBufferEnds)
     EXPECT_EQ(only(Buffer(bytes))->name, "123");
 }
 
-TEST(BulkAttributes, LengthThatNoEntryCanHaveIsNone)
+TEST(BulkAttributes, EntryWithAnImpossibleLengthIsRejected)
 {
     const std::string whole = Packed("name").type(regular).total(1).bytes();
     for (const std::uint32_t length :
@@ -299,7 +299,7 @@ TEST(BulkAttributes, NameOfAnyBytesIsKept)
     EXPECT_EQ(only(buffer)->name, "\xff\n\"\\");
 }
 
-TEST(BulkAttributes, EntryThatIsCutOffIsNone)
+TEST(BulkAttributes, TruncatedEntryIsRejected)
 {
     const std::string whole = Packed("name").type(regular).modified(1).finderFlags(0).total(1).data(1).bytes();
     for (std::size_t size = 0; size < whole.size(); ++size)

@@ -188,7 +188,7 @@ TEST(PropertyList, EveryBeginningOfABinaryListIsAbsent)
         EXPECT_FALSE(PropertyList::parse(std::string_view(whole).substr(0, length))) << length;
 }
 
-TEST(PropertyList, WhatIsNoListIsAbsent)
+TEST(PropertyList, InvalidDataIsRejected)
 {
     for (const char *const text :
          {"", "words", "{ a = b; }", "<html></html>", "<plist>", "<plist></plist>", "bplist00"})

@@ -124,31 +124,31 @@ def bundle(name, how, size, icon, keys):
     return Item(name, is_folder=True, children=[contents])
 
 
-# The lines of a description. What stands two spaces deeper lies inside the folder above it.
+# The lines of a description. Lines indented by two more spaces are inside the folder above them.
 #
 #   Name/                            a folder
-#   Name/ | 12.5 GB                  a folder that must come to that, within one percent
-#   Name/ | locked                   a folder that nobody may read
-#   Name/ | dated 2024-03-16         a folder whose contents are of that day unless they say otherwise
-#   name | 8.12 GB                   a file that occupies so much of the disk
-#   name | 8.12 GB | 2024-10-11      … last changed on that day
-#   name | 8.12 GB | contents WORD   … with the same contents as the others of that word; else they differ
+#   Name/ | 12.5 GB                  a folder whose contents must total this, within one percent
+#   Name/ | locked                   an unreadable folder
+#   Name/ | dated 2024-03-16         a folder whose contents have this date unless they have their own
+#   name | 8.12 GB                   a file that occupies this much of the disk
+#   name | 8.12 GB | 2024-10-11      … last modified on this date
+#   name | 8.12 GB | contents WORD   … with the same contents as all others with this word; contents differ otherwise
 #   name {001..040}.x | 8 GB in all  forty files, the first about three times as large as the last
-#   name {001..040}.x | the rest     … that together fill up what the folder must come to
-#   name | text | line\nline         a file with that text, never scaled
-#   name | plist xml | Key=Text …    a property list, "xml" or "binary", values without spaces or in quotes
-#   Name.app | app binary | 740 MB | sign 2F6BE0 | Key=Text …   a bundle with an Info.plist of those keys, "xml",
+#   name {001..040}.x | the rest     … which together fill the folder up to its required total
+#   name | text | line\nline         a file with this text, never scaled
+#   name | plist xml | Key=Text …    a property list, "xml" or "binary"; values without spaces or in quotes
+#   Name.app | app binary | 740 MB | sign 2F6BE0 | Key=Text …   a bundle with an Info.plist of these keys, "xml",
 #                                    "binary" or "appstore", and an icon: a sign and the colour of its tile
-#   name | copy | FILE               a file of this folder; "copy executable" may be run
+#   name | copy | FILE               a copy of a file next to this script; "copy executable" sets the x bit
 #   name -> target                   a symbolic link
-#   name.png | icon SIGN COLOUR      a tile of that colour with a sign of signs.txt on it; also name.svg
-#   name | more text | line\nline    text that is put behind that of the file of this name
+#   name.png | icon SIGN COLOUR      a tile of this colour with a sign of signs.txt on it; also name.svg
+#   name | more text | line\nline    text to append to the file with this name
 #   \xe7                             one byte of a name that is not UTF-8
-#   folder/folder/name …             a name may lead through other folders
+#   folder/folder/name …             a name can be a path
 #   flatpak: ID | …                  an application of a Linux system with all its files; see linux_apps.py
 #
 # Sizes are those of the described disk. The builder divides them by its scale and rounds to blocks of 4096 bytes, at
-# least one. A folder may stand in several places; what is said of it adds up.
+# least one. A folder may occur several times; its contents accumulate.
 
 
 def parse_line(text):

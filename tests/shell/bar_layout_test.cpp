@@ -66,7 +66,7 @@ TEST(BarLayout, TheRestIsLeftEmptyBeforeTheLastPart)
     EXPECT_EQ(parts, (std::vector<BarPart>{{0, 50}, {72, 30}}));
 }
 
-TEST(BarLayout, WhereAllIsNothingEveryPartHasTheMinimum)
+TEST(BarLayout, IfAllSizesAreZeroEveryPartHasTheMinimumWidth)
 {
     EXPECT_EQ(layOut({0, 0}, 1016), (std::vector<BarPart>{{0, 3}, {5, 3}}));
 }

@@ -130,13 +130,13 @@ TEST_F(BundleIconsTest, ANameThatLeadsElsewhereIsNotFollowed)
     EXPECT_TRUE(isDrawn());
 }
 
-TEST_F(BundleIconsTest, ANameOfAnotherTypeIsNone)
+TEST_F(BundleIconsTest, AnIconNameThatIsNotAStringIsIgnored)
 {
     addBundle("<array><string>Kite.icns</string></array>");
     EXPECT_TRUE(isDrawn());
 }
 
-TEST_F(BundleIconsTest, APictureThatIsCutOffIsNone)
+TEST_F(BundleIconsTest, ATruncatedImageIsRejected)
 {
     addBundle("<string>Kite.icns</string>");
     folder.writeText("Kite.app/Contents/Resources/Kite.icns", icnsOf(plain(ownColor)).substr(0, 60));

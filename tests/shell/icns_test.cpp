@@ -94,7 +94,7 @@ TEST(Icns, SizesThatNoIconHasAreLeftOut)
     EXPECT_EQ(findPng(icnsFile(icnsEntry("ic10", png(1024))), 128), png(1024));
 }
 
-TEST(Icns, WhatIsNoIconFileHasNoPicture)
+TEST(Icns, AnInvalidFileHasNoImage)
 {
     EXPECT_EQ(findPng("", 128), "");
     EXPECT_EQ(findPng("icns", 128), "");

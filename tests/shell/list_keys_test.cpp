@@ -104,7 +104,7 @@ TEST_F(ListKeysTest, TypingFindsARowButNoHeader)
     EXPECT_EQ(after(Qt::Key_H, 1, Qt::NoModifier, QStringLiteral("h")), -1);
 }
 
-TEST_F(ListKeysTest, KeysThatNobodyListensToGoOn)
+TEST_F(ListKeysTest, KeysWithoutAListenerArePassedOn)
 {
     keys.setProperty("current", 1);
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Delete, Qt::Key_Return, Qt::Key_Menu, Qt::Key_Backspace})

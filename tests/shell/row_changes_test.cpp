@@ -90,32 +90,32 @@ TEST(RowChanges, EqualListsNeedNoStep)
     EXPECT_EQ(changes("", "").count(), 0u);
 }
 
-TEST(RowChanges, NeighboursGoInOneStep)
+TEST(RowChanges, AdjacentRowsAreRemovedInOneStep)
 {
     EXPECT_THAT(changes("abcdefgh", "adh").removals, ElementsAre(Rows{4, 3}, Rows{1, 2})) << "the last ones first";
     EXPECT_THAT(changes("abc", "").removals, ElementsAre(Rows{0, 3}));
 }
 
-TEST(RowChanges, NeighboursComeInOneStep)
+TEST(RowChanges, AdjacentRowsAreInsertedInOneStep)
 {
     EXPECT_THAT(changes("ad", "xabcdyz").insertions, ElementsAre(Rows{0, 1}, Rows{2, 2}, Rows{5, 2}));
     EXPECT_THAT(changes("", "abc").insertions, ElementsAre(Rows{0, 3}));
 }
 
-TEST(RowChanges, OneRowThatWandersIsOneMove)
+TEST(RowChanges, OneMovedRowIsOneMove)
 {
     EXPECT_THAT(changes("abcde", "eabcd").moves, ElementsAre(Move{{4, 1}, 0}));
     EXPECT_THAT(changes("abcde", "bcdea").moves, ElementsAre(Move{{0, 1}, 5}));
     EXPECT_THAT(changes("abcde", "acdbe").moves, ElementsAre(Move{{1, 1}, 4}));
 }
 
-TEST(RowChanges, NeighboursWanderInOneMove)
+TEST(RowChanges, AdjacentRowsMoveInOneStep)
 {
     EXPECT_THAT(changes("abcdef", "defabc").moves, testing::SizeIs(1));
     EXPECT_THAT(changes("abcdefg", "abfgcde").moves, ElementsAre(Move{{5, 2}, 2})) << "the fewer rows move";
 }
 
-TEST(RowChanges, WhatComesAndGoesInBetweenDoesNotSplitAMove)
+TEST(RowChanges, InsertionsAndRemovalsDoNotSplitAMove)
 {
     const RowChanges steps = changes("abxcde", "dabyce");
     EXPECT_THAT(steps.removals, ElementsAre(Rows{2, 1}));
@@ -123,7 +123,7 @@ TEST(RowChanges, WhatComesAndGoesInBetweenDoesNotSplitAMove)
     EXPECT_THAT(steps.insertions, ElementsAre(Rows{3, 1}));
 }
 
-TEST(RowChanges, TheOtherWayRoundAllButOneRowMove)
+TEST(RowChanges, ReversingMovesAllRowsButOne)
 {
     EXPECT_EQ(changes("abcde", "edcba").moves.size(), 4u);
 }

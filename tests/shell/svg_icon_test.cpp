@@ -52,7 +52,7 @@ TEST(SvgIcon, WhatRefersToFilesOrGrowsOrMovesIsRefused)
     EXPECT_FALSE(isPlainDrawing(""));
 }
 
-TEST(SvgIcon, WhatIsNoDrawingGivesNoPicture)
+TEST(SvgIcon, AnInvalidDrawingGivesNoImage)
 {
     EXPECT_TRUE(drawnIcon("<svg>", 64).isNull());
     EXPECT_TRUE(drawnIcon("<svg", 64).isNull());

@@ -80,7 +80,7 @@ TEST_F(FileListsCommandTest, TheTableHasSizeDateAndPath)
     EXPECT_EQ(run({"old", "set"}).out, "Nothing stale here\n");
 }
 
-TEST_F(FileListsCommandTest, ValuesThatAreNoneAreRefusedWithWhatWouldDo)
+TEST_F(FileListsCommandTest, InvalidValuesAreRefusedWithAHint)
 {
     EXPECT_EQ(run({"large", "set", "--min", "1 GB"}).errors,
               "corvane-cli: \"1 GB\" is not a valid --min; use a number of bytes; see \"corvane-cli large --help\"\n");

@@ -11,7 +11,7 @@
 namespace corvane {
 namespace {
 
-TEST(BlockCount, WhatNoSizeCanHoldIsAbsent)
+TEST(BlockCount, AnOverflowIsAbsent)
 {
     EXPECT_EQ(bytesOfBlocks(std::uint64_t{3}, 4096), 12'288);
     EXPECT_EQ(bytesOfBlocks(std::numeric_limits<std::uint64_t>::max(), 4096), std::nullopt);

@@ -426,7 +426,7 @@ TEST_F(ServiceSheetsTest, AfterAFailureTheKeyboardIsBackInTheMessage)
 
 // --- The question after a crash
 
-TEST_F(ServiceSheetsTest, AReturnTooManySendsNoCrashReport)
+TEST_F(ServiceSheetsTest, AnAccidentalReturnSendsNoCrashReport)
 {
     openCrashPrompt();
     EXPECT_TRUE(says(QStringLiteral("Corvane quit unexpectedly")));

@@ -134,7 +134,7 @@ TEST_F(FeedSessionTest, FeedThatIsNotOverHttpsIsNeverAsked)
     EXPECT_EQ(plain.connections(), 0);
 }
 
-TEST_F(FeedSessionTest, KeyThatIsNoneIsRefusedBeforeTheFeedIsAsked)
+TEST_F(FeedSessionTest, InvalidKeyIsRefusedBeforeTheFeedIsFetched)
 {
     changed = [](FeedSession::Options made) {
         made.publicKey = QStringLiteral("bm90IGEga2V5");
@@ -220,7 +220,7 @@ TEST_F(FeedSessionTest, FeedThatIsCutShortIsRefused)
     EXPECT_EQ(failureOfCheck(), line(Kind::feedCut));
 }
 
-TEST_F(FeedSessionTest, FeedThatUnfoldsIsNotUnfolded)
+TEST_F(FeedSessionTest, CompressedFeedIsNotDecompressed)
 {
     // Small when compressed, huge when decompressed.
     server.answer("/feed.xml",
@@ -399,7 +399,7 @@ TEST_F(FeedSessionTest, VerifiedDownloadFromEarlierIsNotFetchedAgain)
     EXPECT_EQ(requests("/corvane.deb"), 1);
 }
 
-TEST_F(FeedSessionTest, DownloadFromEarlierThatIsNotRightIsReplaced)
+TEST_F(FeedSessionTest, InvalidEarlierDownloadIsReplaced)
 {
     caches.writeText("corvane/updates/Corvane-1.2.0.deb", QByteArray(package.size(), 'x').toStdString());
     checkAndDownload();
