@@ -1,13 +1,12 @@
 #!/usr/bin/env python3
-"""Checks that each command of ./dev gets by with the packages that scripts/packages.sh names for it.
+"""Checks that each command of ./dev works with the packages that scripts/packages.sh lists for it.
 
-A machine that somebody works on has many packages besides, and hides it when a list lacks one. So each command's
-first steps run here in a view of this system (bubblewrap) in which headers, CMake's and pkg-config's files, programs,
-QML modules and fonts are those of the listed packages and of what these depend on, and no others. Nothing is
-downloaded. Only on Debian and what comes from it; a command whose packages are not all installed is left out, and
-said so.
+A developer's machine has many other packages, which hide a missing entry in a list. So each command's first steps run
+here in a view of this system (bubblewrap) in which headers, CMake's and pkg-config's files, programs, QML modules and
+fonts are only those of the listed packages and their dependencies. Nothing is downloaded. Runs only on Debian and its
+derivatives; a command whose packages are not all installed is skipped with a message.
 
-Exit status: 1 where a list lacks a package; 77 where that cannot be told, with the reason.
+Exit status: 1 if a list lacks a package; 77 if that cannot be determined, with the reason.
 """
 
 import os
@@ -60,8 +59,8 @@ def output(*command):
 
 
 def installed_packages():
-    """The names of what each installed package depends on, as lists of alternatives; and, by each name that is a
-    package or provided by one, the packages."""
+    """The dependencies of each installed package, as lists of alternatives; and the packages by name, including
+    the names that they provide."""
     fields = "${db:Status-Abbrev}\t${Package}\t${Essential}\t${Priority}\t${Provides}\t${Pre-Depends}, ${Depends}\n"
     needs, by_name, base = {}, {}, set()
     for line in output("dpkg-query", "-W", "-f", fields).splitlines():
@@ -82,7 +81,7 @@ def plain_name(dependency):
 
 
 def everything_for(wanted, needs, by_name, base):
-    """The packages that a bare system has once the wanted ones are installed; those that are not installed here."""
+    """The packages of a minimal system once the wanted ones are installed; and those that are not installed here."""
     missing = [choices for choices in wanted if not any(choice in needs for choice in choices)]
     waiting = list(base) + [next(choice for choice in choices if choice in needs) for choices in wanted
                             if choices not in missing]
@@ -119,7 +118,7 @@ def place(source, target):
 
 
 def make_view(packages, folders, tree):
-    """Puts the packages' files of these folders into a tree."""
+    """Links or copies the packages' files in these folders into a tree."""
     shutil.rmtree(tree, ignore_errors=True)
     for folder in folders:
         (tree / folder[1:]).mkdir(parents=True)

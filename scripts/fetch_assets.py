@@ -37,7 +37,7 @@ NO_REGISTRY = 3
 
 
 def setting(path, name):
-    """The value of a setting in one of npm's own files, or None."""
+    """The value of a setting in one of npm's configuration files, or None."""
     try:
         lines = path.read_text().splitlines()
     except OSError:
@@ -71,13 +71,13 @@ def download(url):
 
 
 def is_intact(content, integrity):
-    """Whether the content has the SHA-512 hash of the lock file's "sha512-BASE64"."""
+    """Whether the content has the SHA-512 hash in the lock file's "sha512-BASE64"."""
     expected = [value[len("sha512-"):] for value in integrity.split() if value.startswith("sha512-")]
     return base64.b64encode(hashlib.sha512(content).digest()).decode() in expected
 
 
 def unpack(archive, patterns, folder):
-    """Writes the archive's files that are kept below the folder. How many."""
+    """Extracts the files to keep into the folder; returns their number."""
     count = 0
     with tarfile.open(fileobj=io.BytesIO(archive), mode="r:gz") as members:
         for member in members:
@@ -104,7 +104,7 @@ def fetch(name, package, source, folder):
 
 
 def installed_by_npm(modules, packages):
-    """Whether npm's own note of what it installed has the same hashes."""
+    """Whether npm's own record of the installed packages has the same hashes."""
     try:
         installed = json.loads((modules / ".package-lock.json").read_bytes())["packages"]
     except (OSError, ValueError, KeyError):

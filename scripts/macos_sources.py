@@ -1,4 +1,4 @@
-"""Which C++ and Objective-C++ sources the build files name for a Mac, without running CMake there."""
+"""Lists the C++ and Objective-C++ sources of the macOS build, from the build files and without running CMake."""
 import pathlib
 import re
 
@@ -13,8 +13,8 @@ FAILS = {"NOT APPLE", "CMAKE_SYSTEM_NAME STREQUAL \"Linux\""}
 
 
 def sources_of(root, folder=pathlib.Path()):
-    """The paths, relative to `root`, that the CMakeLists.txt of `folder` and of the folders that it adds give to
-    targets on a Mac. Where a condition is not known, both of its branches count."""
+    """The paths, relative to `root`, that the CMakeLists.txt of `folder` and of its subdirectories add to targets on a
+    Mac. If a condition is unknown, both branches count."""
     found = set()
     variables = {}
     taken = []  # for each enclosing condition: whether its branch can be taken
@@ -54,6 +54,6 @@ def named_by(root, folder, name, arguments):
 
 
 def missing_from(named, root, source_folder="src"):
-    """The sources that lie there for a Mac and that no build file names, in their order."""
+    """The sources for a Mac that no build file names, sorted."""
     there = [path.relative_to(root) for kind in ("cpp", "mm") for path in (root / source_folder).rglob(f"*.{kind}")]
     return sorted(path for path in there if "linux" not in path.parts and path not in named)

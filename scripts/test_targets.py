@@ -19,7 +19,7 @@ COMMAND = re.compile(r"^add_test\(\[=\[(.*?)\]=\] (.*)\)$", re.M)
 
 
 def names_in(text):
-    """The names of a source's tests; the boolean tells whether more follows behind the name."""
+    """The names of a source's tests; the boolean says whether a parameter follows the name."""
     instances = {}
     for prefix, suite in INSTANCE.findall(text):
         instances.setdefault(suite, []).append(prefix + "/" if prefix else "")
@@ -50,7 +50,7 @@ def matches(expression, name, is_start):
 
 
 def programs_of(build, root):
-    """For each test source, the target that it is compiled for."""
+    """The target of each test source."""
     programs = {}
     for entry in json.loads((build / "compile_commands.json").read_text()):
         source = pathlib.Path(entry["file"])
