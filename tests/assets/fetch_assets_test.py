@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests of scripts/fetch_assets.py against a registry of this machine's own."""
+"""Tests of scripts/fetch_assets.py against a local registry."""
 
 import base64
 import hashlib

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests of how the embedded fonts are made: outlines out of charstrings, quadratic curves out of cubic ones, and the
-font files of the build folder that the first argument names."""
+"""Tests of the font conversion: charstrings to outlines, cubic to quadratic curves, and the font files in the build
+folder given as the first argument."""
 
 import pathlib
 import struct
@@ -20,7 +20,7 @@ FAMILIES = ("InterText", "InterTabular")
 
 
 def program(*parts):
-    """A charstring: numbers as they are, operators as bytes."""
+    """A charstring: numbers are encoded, operators are given as bytes."""
     return b"".join(part if isinstance(part, bytes) else struct.pack(">Bh", 28, part) for part in parts)
 
 

@@ -1,4 +1,4 @@
-"""What `cmake --install` puts where, and whether the programs that read it find no fault with it.
+"""Checks the files that `cmake --install` installs, and validates them with the tools that read them.
 
     installed_test.py CMAKE BUILD VERSION [WHAT-HAS-TO-BE-BUILT…]
 """

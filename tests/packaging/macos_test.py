@@ -1,4 +1,4 @@
-"""What a Mac is given: the bundle's property list, its entitlements and icon, and what the steps of packaging call."""
+"""Tests of the Mac packaging: the bundle's property list, entitlements and icon, and the commands that are run."""
 import hashlib
 import os
 import pathlib

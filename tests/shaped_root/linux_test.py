@@ -22,11 +22,11 @@ FOREIGN_WORDS = re.compile(r"\b(Mac|Macs|macOS|Macintosh|Finder|Full Disk Access
 
 
 class LinuxCase(RootCase):
-    """What the tests of the Linux-shaped root share."""
+    """The base of the tests in the Linux-shaped root."""
 
     @staticmethod
     def described(*paths, without=()):
-        """The bytes of what the description has at those paths, as the disk of the root tells them."""
+        """The described bytes at those paths, as scaled up by the root's fake disk."""
         def size(item, path):
             if path in without or item.link is not None:
                 return 0
@@ -44,11 +44,11 @@ class LinuxCase(RootCase):
         return sum(size(at(path), path) for path in paths)
 
     def assertAbout(self, size, expected, what):
-        """Equal but for what the folders themselves take, which differs from file system to file system."""
+        """Compares sizes except for the folders' own blocks, which differ between file systems."""
         self.assertAlmostEqual(size, expected, delta=max(3e6, expected / 500), msg=what)
 
     def assertTellsTheSame(self, text, sizes):
-        """In a table's text each title stands in a line with its size."""
+        """Expects each title on one line with its size in a table's text."""
         for title, size in sizes.items():
             line = next((line for line in text.splitlines() if f"  {title}" in line), None)
             self.assertIsNotNone(line, f"{title} in {text}")
@@ -56,7 +56,7 @@ class LinuxCase(RootCase):
 
     @staticmethod
     def told(size):
-        """A size in the words of a table."""
+        """A size as formatted in a table."""
         for unit, step, digits in (("KB", 1000, 0), ("MB", 1000**2, 1), ("GB", 1000**3, 2), ("TB", 1000**4, 2)):
             rounded = (size * 10**digits + step // 2) // step
             if rounded < 1000 * 10**digits:
@@ -182,7 +182,7 @@ class CommandLineOnALinuxSystem(LinuxCase):
 
 
 class BreakdownOnALinuxSystem(LinuxCase):
-    """The account of the whole disk."""
+    """The breakdown of the whole disk."""
 
     def breakdown(self, *arguments, options=()):
         return json.loads(self.on_its_disk("breakdown", "--json", *arguments, options=options))
@@ -292,7 +292,7 @@ class BreakdownOnALinuxSystem(LinuxCase):
 
 
 class CleanupOnALinuxSystem(LinuxCase):
-    """The catalogue of what could be cleaned up."""
+    """The cleanup catalogue."""
 
     # The expected contents of each non-empty row, minus items counted in others.
     ROWS = {
@@ -358,7 +358,7 @@ class CleanupOnALinuxSystem(LinuxCase):
 
 
 class AppsOnALinuxSystem(LinuxCase):
-    """The applications, what they keep in the home folder, and what deleted ones have left there."""
+    """The applications, their data in the home folder, and the leftovers of deleted ones."""
 
     def inventory(self):
         return json.loads(self.on_its_disk("apps", "--json"))
@@ -446,7 +446,7 @@ class AppsOnALinuxSystem(LinuxCase):
 
 
 class WindowOnALinuxSystem(LinuxCase):
-    """The window tells what the command line tells."""
+    """The window shows the same figures as the command line."""
 
     def read(self):
         done = self.run_inside(self.probe, "--read")
@@ -456,7 +456,7 @@ class WindowOnALinuxSystem(LinuxCase):
         return json.loads(done.stdout)
 
     def assertShows(self, texts, rows):
-        """Near each title, in the order of reading, stands its size."""
+        """Expects each title's size near it, in reading order."""
         for title, size in rows.items():
             places = [index for index, text in enumerate(texts) if text == title]
             self.assertTrue(places, f"{title} in {texts}")
@@ -516,7 +516,7 @@ class WindowOnALinuxSystem(LinuxCase):
 
 
 class RemovalOnALinuxSystem(LinuxCase):
-    """What the command line removes. Each test has its own items; none counts what the others change."""
+    """Removals on the command line. Each test has its own items and is not affected by the others' changes."""
 
     TRASH = HOME + "/.local/share/Trash"
 
@@ -556,7 +556,7 @@ class RemovalOnALinuxSystem(LinuxCase):
 
 
 class UninstallOnALinuxSystem(LinuxCase):
-    """Whole uninstalls. Each test has its own application; none counts what the others change."""
+    """Complete uninstalls. Each test has its own application and is not affected by the others' changes."""
 
     def test_AnAppImageGoesToTheTrashWithItsEntryAndItsData(self):
         image = HOME + "/Applications/Tidewater_Sync-4.2.2.AppImage"

@@ -170,7 +170,7 @@ class CommandLineOnAMac(RootCase):
 
 
 class BreakdownCase(RootCase):
-    """What the tests of the account of the whole disk share."""
+    """The base of the tests of the whole disk's breakdown."""
 
     # The system container's figures in the recorded listing.
     CEILING, FREE = 994662584320, 183371001856
@@ -189,7 +189,7 @@ class BreakdownCase(RootCase):
 
 
 class BreakdownOnAMac(BreakdownCase):
-    """The account of the whole disk."""
+    """The breakdown of the whole disk."""
 
     def test_OnTheDemonstrationsDiskVolumeContainerAndFilesAgree(self):
         done = self.run_on_disk(self.cli, "breakdown", "--json", "--scan", HOME)
@@ -271,7 +271,7 @@ class BreakdownOnAMac(BreakdownCase):
 
 
 class OwnRootCase(BreakdownCase):
-    """Tests that change the root, each in one of its own with what it needs."""
+    """Tests that change the root; each has a minimal one of its own."""
 
     scale = shaped_root.DEFAULT_SCALE
     left_empty = (HOME, "/Applications", "/opt")
@@ -286,7 +286,7 @@ class OwnRootCase(BreakdownCase):
         self.addCleanup(shaped_root.remove_root, self.folder)
 
     def replace_tool(self, path, script):
-        """Puts another program in a tool's place; with None nothing at all."""
+        """Replaces a tool by another script, or removes it if `script` is None."""
         tool = pathlib.Path(self.root + path)
         tool.unlink()
         if script is not None:
@@ -294,14 +294,14 @@ class OwnRootCase(BreakdownCase):
             tool.chmod(0o755)
 
     def prints(self, name):
-        """A tool that prints one of the recorded outputs."""
+        """A script that prints one of the recorded outputs."""
         recorded = pathlib.Path(shaped_root.HERE, "recorded", name)
         pathlib.Path(self.root + "/System/Volumes/recorded", name).write_bytes(recorded.read_bytes())
         return f"exec cat /System/Volumes/recorded/{name}\n"
 
 
 class ToolsOnAMac(OwnRootCase):
-    """What the system's tools may do."""
+    """Failures of the system's tools."""
 
     left_empty = (*OwnRootCase.left_empty, "/Library")
 
@@ -368,7 +368,7 @@ class ToolsOnAMac(OwnRootCase):
 
 
 class LargePlacesOnAMac(OwnRootCase):
-    """Places outside the home folder, at a scale at which they are worth a row."""
+    """Places outside the home folder, at a scale at which they are large enough for a row."""
 
     scale = 500
 
@@ -391,7 +391,7 @@ class LargePlacesOnAMac(OwnRootCase):
 
 
 class CleanupOnAMac(RootCase):
-    """The catalogue of what could be cleaned up."""
+    """The cleanup catalogue."""
 
     def items(self):
         done = self.run_cli("cleanup", "--json")
@@ -434,7 +434,7 @@ class DuplicatesOnAMac(RootCase):
 
 
 class AppsOnAMac(RootCase):
-    """The applications, what they keep in the Library, and what deleted ones have left there."""
+    """The applications, their data in the Library, and the leftovers of deleted ones."""
 
     LIBRARY = HOME + "/Library"
 
@@ -444,7 +444,7 @@ class AppsOnAMac(RootCase):
         return json.loads(done.stdout)
 
     def bundles(self):
-        """Every bundle that is offered, with its Info.plist as another reader has it."""
+        """Every listed bundle, with its Info.plist as parsed by another library."""
         found = {}
         for folder in ("/Applications", "/Applications/Utilities", HOME + "/Applications"):
             for name in os.listdir(self.root + folder):
@@ -504,7 +504,7 @@ class AppsOnAMac(RootCase):
 
 
 class RemovalOnAMac(RootCase):
-    """What the command line removes. Each test has its own items; none counts what the others change."""
+    """Removals on the command line. Each test has its own items and is not affected by the others' changes."""
 
     def test_RemovedFileLiesInTheTrash(self):
         path = HOME + "/Downloads/client-rushes (1).zip"
@@ -539,7 +539,7 @@ class RemovalOnAMac(RootCase):
 
 
 class UninstallOnAMac(RootCase):
-    """Whole uninstalls, with real processes. Each test has its own application; none counts what the others change."""
+    """Complete uninstalls, with real processes. Each test has its own application, which no other test changes."""
 
     def uninstall(self, bundle, instances, answer):
         done = self.run_inside(self.probe, bundle, str(instances), answer)
@@ -554,7 +554,7 @@ class UninstallOnAMac(RootCase):
         return result
 
     def trashed(self):
-        """Where what lies in the Trash comes from, and that it is all there."""
+        """The original paths of the items in the Trash; expects each item to exist."""
         trash = pathlib.Path(self.root + HOME + "/.local/share/Trash")
         paths = []
         for record in (trash / "info").glob("*.trashinfo"):

@@ -35,7 +35,7 @@ USUAL_DATE = datetime.datetime(2025, 11, 1, 12, tzinfo=datetime.timezone.utc)
 
 @dataclasses.dataclass
 class Item:
-    """One item of a description, series already spelled out. Sizes are the described disk's, in bytes."""
+    """One item of a description, with series expanded. Sizes are the described disk's, in bytes."""
 
     name: bytes
     is_folder: bool = False
@@ -63,7 +63,7 @@ class Item:
 
 
 class Mistake(Exception):
-    """What is wrong with a description."""
+    """An error in a description."""
 
 
 def parse_size(text):
@@ -95,7 +95,7 @@ def spelled_out(name):
 
 
 def shares(count):
-    """How a series divides a sum: the first gets three times what the last gets."""
+    """The fractions of a total in a series: the first is three times the last."""
     weights = [3 - 2 * index / max(count - 1, 1) for index in range(count)]
     return [weight / sum(weights) for weight in weights]
 
@@ -106,7 +106,7 @@ def property_list(binary, text):
 
 
 def bundle(name, how, size, icon, keys):
-    """An application: its property list, its program, its icon, its resources; what the App Store adds."""
+    """An application: its property list, program, icon and resources, and the App Store's additions."""
     binary = how == "binary"
     contents = Item(b"Contents", is_folder=True)
     contents.children.append(Item(b"Info.plist", content=property_list(binary, keys + " CFBundleIconFile=AppIcon")))
@@ -214,7 +214,7 @@ def set_size(item, size):
 
 
 def put(item, folder):
-    """Puts an item into a folder, or adds it to the one of that name; gives the one that is there in the end."""
+    """Adds an item to a folder, or merges it with the one of that name; returns the resulting item."""
     there = next((child for child in folder.children if child.name == item.name), None)
     if there is None:
         folder.children.append(item)
@@ -230,7 +230,7 @@ def put(item, folder):
 
 
 def put_line(text, folder):
-    """Puts what a line stands for into a folder. Its name may lead through other folders."""
+    """Adds the items of a line to a folder. The name can be a path."""
     path = text.split(" -> ")[0].split(" | ")[0].removesuffix("/")
     for name in path.split("/")[:-1]:
         folder = put(Item(name_bytes(name), is_folder=True), folder)
@@ -262,7 +262,7 @@ def parse(path):
 
 
 def resolve(folder, date):
-    """Fills up what each folder must come to, checks that it does, and hands dates down."""
+    """Distributes "the rest" in each folder, checks the required totals, and propagates dates."""
     folder.date = folder.date or date
     for child in folder.children:
         if child.is_folder:
@@ -279,7 +279,7 @@ def resolve(folder, date):
 
 
 def mark(item, path):
-    """Lets every file of a size begin with its own path, so that no two are the same that are not said to be."""
+    """Starts every file of a size with its own path, so that contents differ unless described as the same."""
     item.mark = item.mark or path
     for child in item.children:
         mark(child, path + b"/" + child.name)
@@ -300,7 +300,7 @@ def description(kind):
 
 
 def build(item, path, scale):
-    """Makes one item and what lies beneath it."""
+    """Creates one item with its contents."""
     if item.link is not None:
         os.symlink(item.link, path)
         return
@@ -330,7 +330,7 @@ def set_date(path, date):
 
 
 def empty(item, path, paths):
-    """Takes everything out of the folders at those paths."""
+    """Removes the contents of the folders at those paths."""
     if path in paths:
         item.children = []
     for child in item.children:
@@ -338,7 +338,7 @@ def empty(item, path, paths):
 
 
 def replace_root(kind, folder, scale, left_empty=()):
-    """Makes FOLDER/root in place of an earlier one, some of its folders without their contents."""
+    """Creates FOLDER/root, replacing an earlier one, and leaves some of its folders empty."""
     wanted = description(kind)
     empty(wanted, "", left_empty)
     os.makedirs(folder, exist_ok=True)
@@ -350,7 +350,7 @@ def replace_root(kind, folder, scale, left_empty=()):
 
 
 def remove_root(folder):
-    """Deletes FOLDER/root if there is one. One that this program did not make, it leaves and gives up."""
+    """Deletes FOLDER/root if it exists. Exits with an error if this program did not create it."""
     folder = os.fsencode(folder)
     root = os.path.join(folder, b"root")
     if not os.path.lexists(root):
@@ -366,7 +366,7 @@ def remove_root(folder):
 
 
 def sizes(item, path, scale, result):
-    """Every item's allocated bytes by its path in the root; a folder's are those of the files beneath it."""
+    """Every item's allocated bytes, keyed by its path in the root; a folder's are the total of its files."""
     if item.link is not None:
         return 0
     if item.is_folder:
