@@ -1,10 +1,10 @@
-// How long finding what belongs to installed applications takes: bench_apps [ROUNDS]
+// Times the search for the leftovers of installed applications: bench_apps [ROUNDS]
 //
-// 400 applications meet 20,000 items in each of three locations, as on the Mac of somebody who has tried many programs
-// for years; Caches and Preferences do grow like that. Names are in the system's manner, of as many vendors as there
-// are applications; a tenth of the applications have a helper whose identifier begins with theirs, and one item in ten
-// belongs to an application that is installed. Nothing lies there, so that the disk has no part in the figure but for
-// the looks at what matches.
+// 400 applications against 20,000 items in each of three locations, as on a Mac whose owner has tried many programs for
+// years; Caches and Preferences do grow like that. Names follow the system's conventions, with as many vendors as
+// applications; a tenth of the applications have a helper whose identifier begins with theirs, and one item in ten
+// belongs to an installed application. None of the paths exist, so that the disk only affects the figure through the
+// checks of matching items.
 
 #include <charconv>
 #include <chrono>
@@ -47,7 +47,7 @@ std::vector<BundleInfo> makeBundles()
     return bundles;
 }
 
-/// One of ten after an application's identifier, the others after those of programs that are gone.
+/// One name in ten derived from an application's identifier, the others from identifiers of removed programs.
 template <typename Naming>
 std::vector<std::string> makeNames(const std::vector<BundleInfo> &bundles, std::mt19937 &random, const Naming &naming)
 {

@@ -1,6 +1,6 @@
-// The least that finding duplicates by fingerprint has to do: of the files of one folder, read and hash exactly the
-// bytes that the comparison needs (the ends of those that share their size, the whole of those whose ends are alike),
-// on one thread, with nothing else around it. bench_duplicates_floor FOLDER prints how many bytes that were.
+// The lower bound for finding duplicates by fingerprint: reads and hashes exactly the bytes that the comparison needs
+// (the ends of files of equal size, and the whole of those with equal ends), on one thread, with no other work.
+// bench_duplicates_floor FOLDER prints the number of bytes.
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
-// Makes the set of files that the duplicate search is timed with: bench_duplicates_generator SEED FOLDER
+// Generates the files for the duplicate search benchmark: bench_duplicates_generator SEED FOLDER
 //
-// About 3 GB in files of 1 to 60 MB, each half of it by bytes true to one of the two things that a search meets:
-// groups of 2 to 5 files with the same contents, and pairs of one size that differ in a single byte: at the start,
-// in the middle or at the end. A few files have a size of their own and need not be read at all.
+// About 3 GB in files of 1 to 60 MB, half of the bytes in each of the two cases that a search has to handle: groups of
+// 2 to 5 files with the same contents, and pairs of equal size that differ in a single byte: at the start, in the
+// middle or at the end. A few files have a unique size and need not be read at all.
 //
-// The same seed always makes the same files.
+// The same seed always generates the same files.
 
 #include <algorithm>
 #include <cerrno>
@@ -44,18 +44,18 @@ public:
         while (m_written < wholeSize) {
             addGroup();
             addPair();
-            write(contents()); // one that is alone with its size, but for a chance
+            write(contents()); // almost certainly the only one of its size
         }
         fmt::print("{} files, {} bytes\n", m_count, m_written);
     }
 
 private:
-    /// A size of whole blocks that no other group has, so that only what belongs together meets.
+    /// Contents of a whole number of blocks, in a size that no other group has, so that only intended groups share one.
     Contents contents()
     {
         std::int64_t size = 0;
         do {
-            // Small files are more frequent than large ones: evenly spread over the orders of magnitude.
+            // Log-uniform, because small files are more frequent than large ones.
             const double share = static_cast<double>(m_engine() >> 11) * 0x1.0p-53;
             size = static_cast<std::int64_t>(static_cast<double>(leastSize) * std::pow(60.0, share));
             size = std::clamp(size, leastSize, mostSize) / blockSize * blockSize + blockSize;

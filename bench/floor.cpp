@@ -1,6 +1,6 @@
-// The least that any walk has to ask of the kernel, on all cores and with nothing made of the answers: open
-// each folder, list it, look at every entry. What a scan takes beyond this is its own. bench_floor [THREADS]
-// FOLDER prints how many files and bytes there are.
+// The lower bound for any directory walk, on all cores and without using the results: opens and lists each folder and
+// stats every entry. Any time a scan takes beyond this is its own. bench_floor [THREADS] FOLDER prints the number of
+// files and bytes.
 
 #include <algorithm>
 #include <charconv>
@@ -23,7 +23,7 @@
 
 namespace {
 
-/// An open folder, kept for as long as folders inside it are waiting.
+/// An open folder, kept open while folders inside it are queued.
 struct Open {
     explicit Open(int number) : descriptor(number) {}
     Open(const Open &) = delete;
@@ -37,7 +37,7 @@ struct Task {
     std::string name;
 };
 
-/// The folders still to be visited, newest first so that few stay open.
+/// The queue of folders to visit, newest first so that few stay open.
 class Tasks {
 public:
     void add(std::vector<Task> &&tasks)
@@ -47,7 +47,7 @@ public:
         m_changed.notify_all();
     }
 
-    /// False when everything has been visited.
+    /// Returns false when everything has been visited.
     bool take(Task &task)
     {
         std::unique_lock lock(m_lock);
@@ -122,7 +122,7 @@ int main(int argc, char **argv)
     unsigned threadCount = std::max(1U, std::thread::hardware_concurrency());
     if (argc == 3) {
         const std::string_view given = argv[1];
-        threadCount = 0; // stays so where no number is given
+        threadCount = 0; // remains 0 if the argument is not a number
         std::from_chars(given.data(), given.data() + given.size(), threadCount);
     }
     if (argc < 2 || argc > 3 || threadCount == 0) {

@@ -1,9 +1,9 @@
-// How long the filters and the orders of a table of files take: bench_lists [ROUNDS]
+// Times the filters and sort orders of a table of files: bench_lists [ROUNDS]
 //
-// 500,000 files in 20,000 folders, made in memory, all large enough for every filter but the one by name: the most
-// that the lists of a home folder come to by far. Names begin alike, as those of cameras and of downloads do, some are
-// not ASCII, so that neither the order nor the search has an easy case. Each change is timed to the rows that the table
-// is given; what the window draws after that are the rows in sight.
+// 500,000 files in 20,000 folders, created in memory, all large enough for every filter except the one by name: far
+// more than the lists of a home folder contain. Names share prefixes, like those of cameras and downloads, and some are
+// not ASCII, so that neither sorting nor searching is an easy case. Each change is timed until the table has its new
+// rows; after that the window only draws the visible ones.
 
 #include <algorithm>
 #include <charconv>
@@ -65,7 +65,7 @@ double milliseconds(Clock::duration duration)
     return std::chrono::duration<double, std::milli>(duration).count();
 }
 
-/// Prints the median and the worst of so many rounds, and the limit; whether the median keeps it.
+/// Prints the median and the maximum of `rounds` runs with the limit. Returns whether the median is within the limit.
 bool time(std::string_view what, int rounds, double limit, const std::function<FileRows()> &work)
 {
     std::vector<double> times;

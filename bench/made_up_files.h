@@ -14,8 +14,8 @@
 #include "platform/file_system.h"
 #include "platform/held_folder.h"
 
-/// A file system that is only made up, so that what is measured above it does not wait for a disk. Every folder of one
-/// level holds as many folders as `widths` says for the level, and those of the last level as many files.
+/// A synthetic file system, so that code above it is measured without disk access. Every folder at a level contains as
+/// many folders as `widths` gives for that level; those at the last level contain as many files.
 class MadeUpFiles final : public corvane::FileSystem {
 public:
     MadeUpFiles(std::vector<std::size_t> widths, std::int64_t fileSize) : m_shape{std::move(widths), fileSize} {}

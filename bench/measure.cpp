@@ -1,4 +1,4 @@
-// The size of one folder as the disk's breakdown, the cleanup catalogue and the apps' list measure it: bench_measure
+// Measures the size of one folder as the disk's breakdown, the cleanup catalogue and the list of apps do: bench_measure
 // FOLDER
 
 #include <cstdlib>

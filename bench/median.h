@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-/// The middle of the values, of an even number the mean of the two in the middle. There is at least one.
+/// The median; of an even number of values, the mean of the two in the middle. `values` must not be empty.
 inline double median(std::vector<double> values)
 {
     std::ranges::sort(values);

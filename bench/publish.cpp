@@ -1,8 +1,8 @@
-// How long the main thread is held when a finished scan is published: bench_publish [ROUNDS]
+// Times how long publishing a finished scan blocks the main thread: bench_publish [ROUNDS]
 //
-// The store scans a made-up file system of 1,000,000 files, each large enough for a node of its own, which is the
-// most that a scan can hand over. Each event that the main thread handles meanwhile is timed; the one in which the
-// store becomes ready is the publishing. From the second round on, starting a scan also lets go of the tree before.
+// The store scans a synthetic file system of 1,000,000 files, each large enough for its own node, which is the largest
+// result that a scan can produce. Each event that the main thread handles meanwhile is timed; the one in which the
+// store becomes ready is the publishing. From the second round on, starting a scan also frees the previous tree.
 
 #include <algorithm>
 #include <charconv>
@@ -74,7 +74,7 @@ int main(int argc, char **argv)
     }
     TimedApplication application(argc, argv);
     const corvane::Host &system = corvane::systemHost();
-    // At the top 1000 folders with 100 folders each, in which there are 10 files.
+    // 1000 folders at the top with 100 folders each, which contain 10 files each.
     MadeUpFiles files({1'000, 100, 10}, 1'200'000);
     const corvane::Host host{files, system.trash, system.volumes, system.desktop, system.applications};
     StorageStore store(host, corvane::PathGuard::locations());

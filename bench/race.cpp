@@ -1,14 +1,14 @@
-// Runs several commands in turn, round after round, so that what else the machine does meanwhile meets all of
-// them alike, and prints for each the median time, the spread and the highest memory, beside the goals.
+// Runs several commands in turn, round after round, so that other load on the machine affects all of them alike, and
+// prints for each the median time, the spread and the peak memory, beside the goals.
 //
 //   bench_race [--rounds N] [--before COMMAND] [--at-most NAME FACTOR]… [--at-most-fastest START FACTOR]…
 //              [--at-least NAME FACTOR]… [--peak MB] NAME COMMAND [NAME COMMAND]…
 //
-// The first command is the one in question: it should take at most FACTOR times as long as that NAME, or as the
-// fastest of those whose names begin with START, or be at least FACTOR times as fast, and stay within that much memory.
-// A goal for a NAME that does not run is left out. Every command runs once before the first round, to warm the disk's
-// cache; with --before, that COMMAND runs before each instead. Their output is thrown away. Ends with 1 if a command
-// fails, 0 otherwise: a goal that is missed is printed, and nothing else.
+// The first command is the subject: it should take at most FACTOR times as long as NAME, or as the fastest command
+// whose name begins with START, or be at least FACTOR times as fast, and use at most that much memory. A goal for a
+// NAME that is not run is skipped. Every command runs once before the first round, to warm the disk cache; with
+// --before, that COMMAND runs before each run instead. Their output is discarded. Exits with 1 if a command fails, 0
+// otherwise: a missed goal is only printed.
 
 #include <algorithm>
 #include <cerrno>
@@ -48,15 +48,15 @@ const std::map<std::string, Goal::Kind> goalKinds{{"--at-most", Goal::Kind::atMo
 struct Runner {
     std::string name;
     std::string command;
-    std::vector<double> seconds; // one for each round
-    double peakMegabytes = 0;    // of all rounds
+    std::vector<double> seconds; // one per round
+    double peakMegabytes = 0;    // the maximum over all rounds
 };
 
 struct Options {
     int rounds = 7;
     std::string before;
     std::vector<Goal> goals;
-    double peakMegabytes = 0; // 0: no goal
+    double peakMegabytes = 0; // 0 means no goal
     std::vector<Runner> runners;
 };
 
@@ -88,7 +88,7 @@ Measured run(const std::string &command)
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
         throw std::runtime_error("failed: " + command);
 #ifdef __APPLE__
-    constexpr double unitsPerMegabyte = 1e6; // bytes there, units of 1024 bytes elsewhere
+    constexpr double unitsPerMegabyte = 1e6; // ru_maxrss is in bytes there, in units of 1024 bytes elsewhere
 #else
     constexpr double unitsPerMegabyte = 1e6 / 1024;
 #endif
@@ -96,7 +96,7 @@ Measured run(const std::string &command)
 }
 
 /// How many times as long as `other` a command takes: the median over the rounds, each of which compares two
-/// runs that followed each other.
+/// consecutive runs.
 double ratio(const Runner &runner, const Runner &other)
 {
     std::vector<double> ratios;
@@ -140,7 +140,7 @@ std::string_view verdict(bool reached)
     return reached ? "reached" : "MISSED";
 }
 
-/// The command that a goal speaks of; null where it does not run.
+/// The command that a goal refers to; null if it is not run.
 const Runner *opponent(const std::vector<Runner> &runners, const Goal &goal)
 {
     const Runner *found = nullptr;

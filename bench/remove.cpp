@@ -1,19 +1,20 @@
-// Removing, as the window and the command line do it, in one table beside its goals: bench_remove ROUNDS FOLDER
+// Times removals as the window and the command line perform them, in one table beside the goals:
+// bench_remove ROUNDS FOLDER
 //
 //   to the Trash
-//       100,000 separate files of 100 folders in one request, as who selects all of a long list asks for; what was
-//       selected has been looked at before
+//       100,000 separate files in 100 folders in one request, as after selecting all of a long list; the selection
+//       has already been examined
 //   detach
-//       taking 20,000 files of one folder, 1 of 5, out of the tree of a finished scan and out of its lists
-//   deleting for good
-//       folders of 1,000,000 files, a thousand to a folder, and of 5,000 and 100,000 levels, one inside the other,
-//       beside "rm -rf" of the same, in turn
+//       detaching 20,000 files of one folder, 1 in 5, from the tree of a finished scan and from its lists
+//   permanent delete
+//       folders of 1,000,000 files, a thousand per folder, and of 5,000 and 100,000 nested levels, alternating with
+//       "rm -rf" of the same
 //
-// FOLDER is made, and removed at the end. The Trash is that of a home in it. Figures are medians; every run has a
-// process and files of its own. The big ones have three rounds at most. The Trash comes first, and nothing is deleted
-// until then.
+// FOLDER is created, and removed at the end. The Trash is that of a home folder in it. Figures are medians; every run
+// has its own process and files. The big ones run three rounds at most. The Trash comes first; nothing is deleted
+// before it.
 //
-// "bench_remove make COUNT FOLDER" makes such a folder of COUNT files, and removes nothing.
+// "bench_remove make COUNT FOLDER" creates such a folder of COUNT files, and removes nothing.
 
 #include <algorithm>
 #include <cerrno>
@@ -79,7 +80,7 @@ std::string pathOfFile(const std::string &top, std::size_t number)
     return fmt::format("{}/{}/{}", top, number / filesInFolder, nameOfFile(number));
 }
 
-/// Empty files, a thousand to a folder.
+/// Creates empty files, a thousand per folder.
 void makeFiles(std::size_t count, const std::string &top)
 {
     const std::size_t folders = (count + filesInFolder - 1) / filesInFolder;
@@ -141,7 +142,7 @@ void removeWithSystemTool(const std::string &path)
         throw std::runtime_error("rm -rf failed");
 }
 
-/// Has a child process do the work, and answers what it measured.
+/// Runs the work in a child process and returns what it measured.
 double inChild(const std::function<double()> &work)
 {
     int ends[2];
@@ -170,7 +171,7 @@ double inChild(const std::function<double()> &work)
 constexpr std::size_t itemsToTrash = 100'000;
 constexpr std::size_t nodesToDetach = 20'000;
 
-/// The seconds for one item of a request that moves them all to the Trash of `home`, which is made.
+/// Seconds per item for one request that moves all of them to the Trash of `home`, which is created.
 double secondsPerTrashedItem(const std::string &home)
 {
     check(::mkdir(home.c_str(), 0755) == 0, home);
@@ -205,7 +206,7 @@ double secondsToDetach()
     root->children.push_back(folder);
     const FolderPath inside = folder->pathForChildren();
     std::vector<SelectedEntry> gone;
-    constexpr std::size_t stays = 5; // of so many one goes
+    constexpr std::size_t stays = 5; // one in so many is removed
     for (std::size_t i = 0; i < stays * nodesToDetach; ++i) {
         const auto file = std::make_shared<FileNode>(inside, fmt::format("{}.mp4", i), FileNode::Kind::file, folder);
         file->size = static_cast<std::int64_t>(stays * nodesToDetach - i) + Scanner::smallFileLimit;
@@ -239,8 +240,8 @@ void printRow(std::string_view what, const std::string &figure, const std::strin
     std::fflush(stdout);
 }
 
-/// All of them are made before the first is deleted: ext4 looks, for each new item, past the places of all that were
-/// deleted in the last minutes.
+/// Creates all folders before deleting the first: when creating items, ext4 skips the inodes deleted in the last
+/// minutes.
 void raceWithSystemTool(int rounds, const std::string &what, const std::string &folder,
                         const std::function<void(const std::string &)> &makeOne)
 {

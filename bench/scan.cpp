@@ -1,5 +1,5 @@
-// One scan with its summary, as the window makes it: bench_scan FOLDER prints the time that each took and what
-// the finished tree and its path index hold in memory, for each folder in the tree.
+// One scan with its summary, as the window runs it: bench_scan FOLDER prints the time of each, and the memory of the
+// finished tree and its path index per folder in the tree.
 
 #include <chrono>
 #include <cstdint>
@@ -17,7 +17,7 @@
 
 namespace {
 
-/// Bytes handed out by malloc, its own bookkeeping included.
+/// Bytes allocated by malloc, including its overhead.
 std::int64_t heapInUse()
 {
     const struct mallinfo2 facts = ::mallinfo2();

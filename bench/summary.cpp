@@ -1,14 +1,14 @@
-// What the recognition of build folders adds to the summary of a scan: bench_summary [ROUNDS]
+// Measures what recognising build folders adds to the summary of a scan: bench_summary [ROUNDS]
 //
-// The tree, made in memory, has 1,000,000 files in 100,000 folders of 1000 projects, as somebody has who develops a
-// lot: every folder is asked for its name, and in each project one or two carry a name that means a look at the disk.
-// The projects' own folders and tell-tale files are really there, in a temporary folder, for those looks. Every file
-// is large enough for a node of its own; what the recognition takes where all files are counted in their folder, and
-// the summary has next to nothing to do otherwise, is told besides.
+// The tree, created in memory, has 1,000,000 files in 100,000 folders of 1000 projects, as on a developer's disk: every
+// folder's name is checked, and in each project one or two have a name that requires disk access. For that, the
+// projects' own folders and marker files really exist, in a temporary folder. Every file is large enough for its own
+// node. The cost of the recognition is also printed for a tree whose files are all counted in their folders, for which
+// the summary itself has next to nothing to do.
 //
-// Folders of size 0 are never recognised, nor looked at any closer. So the summary of the tree as it is and that of
-// the same tree with its folders' sizes taken away differ by the recognition alone; they take turns, so that what
-// else the machine does meets both alike.
+// Folders of size 0 are never recognised or examined. Therefore the summary of the tree as it is and that of the same
+// tree with its folders' sizes set to 0 differ by the recognition alone; they alternate, so that other load on the
+// machine affects both alike.
 
 #include <algorithm>
 #include <charconv>
@@ -38,9 +38,9 @@ constexpr int projects = 1'000;
 constexpr int foldersInAProject = 100;
 constexpr int filesInAFolder = 10;
 constexpr std::int64_t fileSize = 1'200'000;
-constexpr double limit = 2; // percent of the summary without it
+constexpr double limit = 2; // percent of the summary without recognition
 
-/// A temporary folder with the projects' folders and the files by which a build folder is told.
+/// A temporary folder with the projects' folders and the marker files that identify a build folder.
 class Projects {
 public:
     Projects()
@@ -107,7 +107,7 @@ void collectFolders(const NodePointer &folder, std::vector<NodePointer> &into)
     }
 }
 
-/// The tree with two sets of sizes for its folders.
+/// The tree, with two sets of sizes for its folders.
 class Tree {
 public:
     explicit Tree(NodePointer root) : m_root(std::move(root))
@@ -119,7 +119,7 @@ public:
 
     enum class Sizes { kept, takenAway };
 
-    /// Milliseconds that the summary takes.
+    /// The time of one summary in milliseconds.
     double summarise(Sizes sizes)
     {
         for (std::size_t i = 0; i < m_folders.size(); ++i)
@@ -143,14 +143,14 @@ private:
     std::size_t m_recognised = 0;
 };
 
-/// What the recognition adds, in percent.
+/// Returns what the recognition adds, in percent.
 double compare(std::string_view title, Tree tree, int rounds)
 {
     std::vector<double> with;
     std::vector<double> without;
     std::vector<double> added;
     for (int round = -1; round < rounds; ++round) {
-        // Each goes first in every other round.
+        // Alternate which one goes first.
         const Tree::Sizes first = round % 2 == 0 ? Tree::Sizes::kept : Tree::Sizes::takenAway;
         const Tree::Sizes second = round % 2 == 0 ? Tree::Sizes::takenAway : Tree::Sizes::kept;
         double whole = tree.summarise(first);

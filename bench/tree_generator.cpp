@@ -1,16 +1,16 @@
-// Makes the folders that the scan benchmark walks: bench_tree_generator wide|deep|uneven SEED FOLDER
+// Generates the folders for the scan benchmark: bench_tree_generator wide|deep|uneven SEED FOLDER
 //
-// A scan's work is one open and one listing per folder and one look at the facts of each file; what is in the
-// files plays no part. So the files hold nothing, and only the figures that drive this work are true to life:
-// ten files to a folder, as in home folders full of source code, mail and caches; half of all folders with
-// nothing below them and few with dozens of subfolders; names of 5 to 30 bytes; sizes from nothing to some
-// megabytes, with one file in a thousand large enough for a node of its own.
+// The work of a scan is one open and one listing per folder and one stat per file; the contents of files do not matter.
+// Therefore the files are empty or sparse, and only the parameters that determine this work are realistic: ten files
+// per folder, as in home folders full of source code, mail and caches; half of all folders without subfolders and a few
+// with dozens; names of 5 to 30 bytes; sizes from zero to a few megabytes, with one file in a thousand large enough for
+// its own node.
 //
-// "wide" spreads 40,000 folders over many folders at the top, where a scan can walk them side by side. "deep"
-// puts the same number below a chain of single folders: there nothing can be shared out at the top, which is
-// what a scan of a mail store or of one project's dependencies looks like.
+// "wide" spreads 40,000 folders over many folders at the top, which a scan can walk in parallel. "deep" puts the same
+// number below a chain of single folders, so that nothing can be parallelised at the top, as when scanning a mail store
+// or the dependencies of one project.
 //
-// The same seed always makes the same tree.
+// The same seed always generates the same tree.
 
 #include <algorithm>
 #include <array>
@@ -39,10 +39,10 @@ constexpr std::size_t topFolders = 24;
 constexpr int chainLength = 8;
 constexpr int deepestLevel = 14; // below the top
 constexpr int deepestUnevenLevel = 12;
-constexpr double largestPart = 0.9; // of an uneven tree
+constexpr double largestPart = 0.9; // share of the folders in the largest part of an uneven tree
 constexpr std::int64_t largeFile = 1'000'000;
 
-// Distributions of the standard library differ between its makers; numbers drawn by hand do not.
+// The distributions of standard libraries differ; this class gives the same numbers with all of them.
 class Dice {
 public:
     explicit Dice(std::uint64_t seed) : m_engine(seed) {}
@@ -77,11 +77,11 @@ std::vector<Folder> makeFolders(const std::string &top, bool isUneven, Dice &dic
 {
     const int deepest = isUneven ? deepestUnevenLevel : deepestLevel;
     std::vector<Folder> folders;
-    std::vector<std::size_t> largest; // of those, the ones in the first of an uneven tree
+    std::vector<std::size_t> largest; // indexes of the folders in the largest part of an uneven tree
     folders.reserve(folderCount);
     while (folders.size() < folderCount) {
-        // A new folder goes into one chosen among all so far, as files and folders gather where some are; the
-        // number behind its name keeps it unique.
+        // Choose the parent among all folders so far, because files and folders accumulate where some exist already;
+        // the index in the name keeps it unique.
         const bool isTop = folders.size() < topFolders;
         const bool isInLargest = isUneven && (folders.empty() || (!isTop && dice.unit() < largestPart));
         const std::size_t chosen = isTop         ? 0
@@ -99,7 +99,7 @@ std::vector<Folder> makeFolders(const std::string &top, bool isUneven, Dice &dic
     return folders;
 }
 
-/// What the file occupies, and its length beyond that.
+/// The allocated size, and the length beyond that.
 struct Size {
     std::int64_t allocated;
     std::int64_t length;
@@ -116,7 +116,7 @@ Size fileSize(Dice &dice)
     return {0, length};
 }
 
-/// How many files each folder holds: some far more than others.
+/// The number of files in each folder; some have far more than others.
 std::vector<std::size_t> shareOutFiles(std::size_t folders, Dice &dice)
 {
     std::vector<std::size_t> counts(folders);
@@ -144,8 +144,8 @@ void makeFiles(const std::vector<Folder> &folders, Dice &dice)
     static constexpr std::array<std::string_view, 12> extensions{"js", "json", "txt", "h",    "cpp", "png",
                                                                  "md", "py",   "o",   "html", "xml", "dat"};
     const std::vector<std::size_t> counts = shareOutFiles(folders.size(), dice);
-    // Folder by folder, as programs are unpacked and mail comes in: the files of a folder lie close together
-    // on the disk and in the kernel's memory.
+    // Folder by folder, as when unpacking programs or receiving mail, so that the files of a folder are close together
+    // on the disk and in the kernel's caches.
     for (std::size_t folder = 0; folder < folders.size(); ++folder) {
         for (std::size_t i = 0; i < counts[folder]; ++i) {
             const std::string name =

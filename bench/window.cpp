@@ -1,10 +1,10 @@
-// How the window starts, draws and rests: bench_window ROUNDS PROGRAM FOLDER SANDBOX
+// Measures how the window starts, draws and idles: bench_window ROUNDS PROGRAM FOLDER SANDBOX
 //
-// The start, the memory and the rest are those of PROGRAM, the real one, in a home of its own in SANDBOX: Qt tells on
-// standard error when it has drawn a frame. FOLDER holds 1,000,000 files. An empty window of Qt Quick, drawn by this
-// program, is the floor. What the pointer and the keyboard do is sent as events into the same window inside this
-// program, over a made-up file system; there the figure is processor time, all threads together, which does not grow
-// with what else the machine does. The display server's own share is not in it.
+// Startup, memory and idle load are measured on PROGRAM, the real one, in a separate home folder in SANDBOX; Qt logs
+// each drawn frame on standard error. FOLDER holds 1,000,000 files. An empty Qt Quick window, drawn by this program, is
+// the lower bound. Pointer and keyboard input is sent as events to the same window inside this program, over a
+// synthetic file system; its figure is processor time of all threads, which does not depend on other load on the
+// machine. The display server's share is not included.
 
 #include <algorithm>
 #include <array>
@@ -53,7 +53,7 @@ double since(Clock::time_point start)
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
-// At once, so that a run that is ended has told what it found.
+// Flush immediately, so that an aborted run has printed its results so far.
 void report(std::string_view what, std::string_view unit, const std::vector<double> &values, double goal)
 {
     const double middle = median(values);
@@ -64,7 +64,7 @@ void report(std::string_view what, std::string_view unit, const std::vector<doub
 
 // --- The real program
 
-/// A process and what Qt says on its standard error.
+/// A process, and Qt's log on its standard error.
 class Started {
 public:
     explicit Started(const std::vector<std::string> &command) : m_start(Clock::now())
@@ -127,7 +127,7 @@ public:
         return (user + system) * 1000 / static_cast<double>(::sysconf(_SC_CLK_TCK));
     }
 
-    /// Waits until it has nothing to do for a second, and takes what it says off the pipe meanwhile.
+    /// Waits until the process has been idle for a second, draining its log meanwhile.
     void rest() const
     {
         ::fcntl(m_output, F_SETFL, O_NONBLOCK);
@@ -140,7 +140,7 @@ public:
         }
     }
 
-    /// Millions of bytes that lie in memory.
+    /// Resident memory in megabytes.
     [[nodiscard]] double resident() const
     {
         std::ifstream file(fmt::format("/proc/{}/status", m_process));
@@ -169,7 +169,7 @@ void measureProgram(int rounds, const std::string &self, const std::string &prog
         const double ofEmpty = empty.firstFrame();
         const double ofProgram = Started({program}).firstFrame();
         if (i == 0)
-            continue; // reads the programs from the disk
+            continue; // warm-up: loads the programs from the disk
         floor.push_back(ofEmpty);
         start.push_back(ofProgram);
     }
@@ -251,7 +251,7 @@ public:
         return *found;
     }
 
-    /// Until nothing is drawn any more.
+    /// Waits until no more frames are drawn.
     void rest()
     {
         for (int last = -1; last != m_frames;) {
@@ -260,7 +260,8 @@ public:
         }
     }
 
-    /// Does something, and waits until what it has come to is drawn. Milliseconds of processor time, and of the clock.
+    /// Performs an action and waits until its result is drawn. Returns milliseconds of processor time and of wall-clock
+    /// time.
     std::pair<double, double> frame(
         const std::function<void()> &act, const std::function<bool()> &hasCome = [] { return true; })
     {
@@ -282,7 +283,7 @@ private:
     int m_frames = 0;
 };
 
-// As a hand moves a mouse that reports 125 times a second: up and down and across, over many tiles.
+// Moves the pointer like a mouse that reports 125 times a second: up and down and across many tiles.
 double hover(Window &window)
 {
     QQuickItem &map = window.item("map");
@@ -298,7 +299,7 @@ double hover(Window &window)
         const QPointF point(4 + across * (map.width() - 8), 4 + part * (map.height() - 8));
         QTest::mouseMove(&window.window(), (origin + point).toPoint());
         const auto due = began + std::chrono::microseconds(1'000'000 / perSecond) * (step + 1);
-        // As an event loop does: asleep until something happens.
+        // Sleep in an event loop, as the program does between events.
         QEventLoop loop;
         QTimer::singleShot(std::max(milliseconds(0), std::chrono::ceil<milliseconds>(due - Clock::now())),
                            Qt::PreciseTimer, &loop, &QEventLoop::quit);
@@ -316,7 +317,7 @@ void measureEvents(int rounds, int argc, char **argv)
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     const QGuiApplication application(argc, argv);
 
-    // As many tiles as a map has at most, in each of them hundreds of files: 501,000 rows of the list.
+    // The maximum number of tiles in a map, with hundreds of files in each: 501,000 rows in the list.
     MadeUpFiles many({60, 50, 167}, 120'000'000);
     const corvane::Host manyHost{many, system.trash, system.volumes, system.desktop, system.applications};
     {
@@ -413,7 +414,7 @@ int main(int argc, char **argv)
                                            {"XDG_CACHE_HOME", "cache"},
                                            {"XDG_DATA_HOME", "data"}})
         ::setenv(variable, fmt::format("{}/{}", sandbox, folder).c_str(), 1);
-    // The welcome of a first start is no part of what is measured.
+    // Skip the welcome sheet of the first launch, which is not measured.
     QSettings(QString::fromStdString(sandbox + "/config/Corvane/Corvane.conf"), QSettings::NativeFormat)
         .setValue(QStringLiteral("didOnboard"), QStringLiteral("true"));
 

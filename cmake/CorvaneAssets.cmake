@@ -1,7 +1,7 @@
-# Everything that the window embeds besides its code: icons, fonts, the program's own icon.
+# The assets that the window embeds: icons, fonts, the program's own icon.
 
-# --- Icons, by their names in Phosphor Icons. An icon that is not named here is not in the program.
-# In regular, for headers, rows and buttons; in fill, for what is selected; in light, for empty states.
+# --- Icons, by their names in Phosphor Icons. Only icons listed here are embedded.
+# Regular, for headers, rows and buttons; fill, for selected items; light, for empty states.
 set(CORVANE_ICONS
   app-window apple-logo archive arrow-circle-down arrow-clockwise arrow-u-up-left arrow-up bank cards caret-down
   caret-right caret-up-down chart-bar-horizontal chart-pie-slice chats-circle check check-circle circle-notch
@@ -12,7 +12,7 @@ set(CORVANE_ICONS
   scales seal-check shield-check sparkle squares-four stack stop-circle terminal-window toolbox trash trash-simple
   tray user-square users warning warning-circle warning-octagon wrench x-circle)
 set(CORVANE_ICON_WEIGHTS regular fill light)
-# In bold, for glyphs of 12 points and less.
+# Bold, for glyphs of 12 points and less.
 set(CORVANE_BOLD_ICONS caret-down caret-right caret-up-down check eye minus)
 
 set(CORVANE_ICON_SOURCE ${CMAKE_SOURCE_DIR}/node_modules/@phosphor-icons/core/assets)
@@ -20,7 +20,7 @@ if(NOT IS_DIRECTORY ${CORVANE_ICON_SOURCE})
   message(FATAL_ERROR "The icons are not here: run scripts/fetch_assets.py, or \"./dev setup\".")
 endif()
 
-# Puts one icon into `files_variable` under the alias weight/name.svg.
+# Adds one icon to `files_variable` under the alias weight/name.svg.
 function(corvane_collect_icon files_variable name weight)
   if(weight STREQUAL regular)
     set(file ${CORVANE_ICON_SOURCE}/regular/${name}.svg)
@@ -49,8 +49,8 @@ function(corvane_embed_icons target)
   qt_add_resources(${target} ${target}_icons PREFIX /corvane/icons FILES ${files})
 endfunction()
 
-# --- Fonts. For ordinary text, macOS uses the system's own.
-# Embeds Inter, and Inter with figures of one width, under :/corvane/fonts.
+# --- Fonts. On macOS the text font is the system's own.
+# Embeds Inter, and Inter with figures of equal width, under :/corvane/fonts.
 function(corvane_embed_fonts target)
   find_program(CORVANE_PYTHON NAMES python3 REQUIRED)
   find_path(CORVANE_INTER_FOLDER NAMES Inter-Regular.otf
@@ -74,7 +74,7 @@ function(corvane_embed_fonts target)
   qt_add_resources(${target} ${target}_fonts PREFIX /corvane/fonts BASE ${folder} FILES ${files})
 endfunction()
 
-# Embeds Nunito Bold, of the one large figure, under :/corvane/fonts.
+# Embeds Nunito Bold, for the one large figure, under :/corvane/fonts.
 function(corvane_embed_rounded_font target)
   set(source ${CMAKE_SOURCE_DIR}/node_modules/@fontsource/nunito/files/nunito-latin-700-normal.woff)
   if(NOT EXISTS ${source})

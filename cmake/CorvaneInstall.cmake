@@ -1,6 +1,6 @@
 include(GNUInstallDirs)
 
-# Installs a file as NAME.gz, compressed as distributions have it: the best that gzip can, without a date.
+# Installs a file as NAME.gz, compressed as distributions require: with the best compression, without a timestamp.
 # corvane_install_compressed(FILE DESTINATION NAME)
 function(corvane_install_compressed file destination name)
   set(compressed ${CMAKE_BINARY_DIR}/compressed/${name}.gz)
@@ -11,7 +11,7 @@ function(corvane_install_compressed file destination name)
   install(FILES ${compressed} DESTINATION ${destination})
 endfunction()
 
-# Installs a manual page of section 1.
+# Installs a manual page in section 1.
 function(corvane_install_man file)
   if(APPLE)
     install(FILES ${file} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
@@ -21,7 +21,7 @@ function(corvane_install_man file)
   endif()
 endfunction()
 
-# Debian's zsh does not look where everybody else's does.
+# On Debian, zsh searches another folder than elsewhere.
 if(EXISTS /etc/debian_version)
   set(zsh_completions ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 else()
@@ -29,7 +29,7 @@ else()
 endif()
 set(CORVANE_ZSH_COMPLETIONS ${zsh_completions} CACHE STRING "Where zsh looks for completions")
 
-# Installs what the shells know of a program's arguments.
+# Installs the shell completions of a program.
 function(corvane_install_completions program)
   set(folder ${CMAKE_SOURCE_DIR}/packaging/completions)
   install(FILES ${folder}/${program}.bash

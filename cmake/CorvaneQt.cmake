@@ -13,9 +13,9 @@ endif()
 set(QT_QML_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml)
 set(CORVANE_QML_PREFIX /qt/qml)
 
-# Compiles what the QML compiler made of a target's files, and the registration of its types, a dozen at a time: each of
-# them reads all of Qt's QML headers and holds little besides. Hand-written sources stay apart, so that an edit
-# compiles one.
+# Compiles the QML compiler's output for a target, and the registration of its types, in batches of a dozen: each of
+# these files includes all of Qt's QML headers and has little code of its own. Hand-written sources are not batched, so
+# that an edit recompiles only one.
 function(corvane_batch_qml target)
   get_target_property(sources ${target} SOURCES)
   list(FILTER sources EXCLUDE REGEX "_(qml|qmltyperegistrations)\\.cpp$")

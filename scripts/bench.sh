@@ -1,19 +1,20 @@
 #!/usr/bin/env bash
-# The benchmarks, each beside its goals and other programs in the same run. bench.sh [NAME…] [--rounds N] [--cold]
-# [--remove]. On a busy machine, "chrt -f 1 ./dev bench …" as root lets nothing else come in between.
+# Runs the benchmarks, each beside its goals and other programs in the same run.
+# bench.sh [NAME…] [--rounds N] [--cold] [--remove]
+# On a busy machine, "chrt -f 1 ./dev bench …" as root keeps other processes from interrupting.
 #   scan        scanning three generated folders of 400,000 files
 #   measure     measuring two of them, one and both at once, as the breakdown and the cleanup catalogue do
 #   remove      moving 100,000 files to the Trash, and deleting folders of 1,000,000 files, 5,000 and 100,000 levels
 #   summary     what recognising build folders adds to the summary of 1,000,000 files
-#   apps        finding what belongs to 400 applications among 60,000 items of the Library
+#   apps        finding the leftovers of 400 applications among 60,000 items of the Library
 #   duplicates  finding duplicates among 3 GB of files
 #   lists       filtering and sorting 500,000 files
-#   publish     how long the window stands still when a scan of 1,000,000 files is published (needs Qt)
-#   window      how fast the window starts and draws, and what it takes of the memory (needs Qt, and Xvfb where there is
-#               no display); with the software renderer, and with QT_QUICK_BACKEND= in the environment as Qt chooses
+#   publish     how long publishing a scan of 1,000,000 files blocks the window (needs Qt)
+#   window      how fast the window starts and draws, and its memory (needs Qt, and Xvfb if there is no display); with
+#               the software renderer, or with QT_QUICK_BACKEND= in the environment the one that Qt chooses
 #               Without a name, all of them.
 #   --rounds N  how often each program runs (7)
-#   --cold      scan, duplicates: with the system's disk cache emptied before each run (needs root); without, all runs are warm
+#   --cold      scan, duplicates: empty the system's disk cache before each run (needs root); otherwise runs are warm
 #   --remove    remove the generated folders, which are kept for the next run, and do nothing else
 set -euo pipefail
 
@@ -63,7 +64,7 @@ fi
 [[ ${#names[@]} -gt 0 ]] || names=(scan measure remove summary apps duplicates lists publish window)
 require_packages build bench
 
-# Qt belongs to the window, so what needs it has a build of its own.
+# Qt is needed only by the window, so the benchmarks that need it have a separate build.
 window_targets=()
 for name in "${names[@]}"; do
     case $name in
@@ -83,7 +84,7 @@ if [[ ! "${names[*]}" =~ ^(publish|window| )*$ ]] || [[ " ${names[*]} " == *" wi
     cd build/bench/bin
 fi
 
-# A generated folder is whole once its mark lies beside it.
+# A generated folder is complete once its marker file exists.
 generate() {
     local shape=$1 folder=$cache/$1-$version-$seed
     if [[ ! -e $folder.done ]]; then
@@ -116,7 +117,7 @@ scan() {
     generate "$shape"
     peers=()
     if [[ $cold ]]; then
-        # The least that a disk has to be asked takes as long as it is asked well: some by one, some by many at once.
+        # How fast the floor is on a cold cache depends on the disk: some are fastest with one thread, some with many.
         conditions=(--before "sh -c 'sync; echo 3 >/proc/sys/vm/drop_caches'" --at-most-fastest floor 1.25
             --at-least du 2 --at-least gdu 2)
         for threads in 1 2 4 8 16 32; do
@@ -145,7 +146,7 @@ all_scans() {
     scan uneven
 }
 
-# A home whose caches and derived data are the two generated folders, which the measuring enters through links.
+# A home folder whose caches and derived data are the two generated folders, entered through links.
 measure() {
     local home=$cache/home wide=$cache/wide-$version-$seed deep=$cache/deep-$version-$seed
     generate wide
@@ -177,7 +178,7 @@ remove() {
     echo
 }
 
-# What the programs say of a missing message bus and the like is no result.
+# Messages of the programs about a missing message bus and the like are not results.
 window() {
     local folder=$cache/files-$version sandbox=$cache/window backend=${QT_QUICK_BACKEND-software}
     local launcher=()
@@ -204,7 +205,7 @@ window() {
     }
 }
 
-# jdupes compares bytes where the others take fingerprints: it stands beside them to show what that choice costs.
+# jdupes compares bytes where the others use fingerprints; it is included to show what that costs.
 duplicates() {
     local folder=$cache/duplicates-$version-$seed quoted
     local conditions=(--at-most floor 1.10 --at-least rmlint 1 --at-least rdfind 1 --at-least fdupes 1 --peak 40)

@@ -1,14 +1,14 @@
 # Brings a preset's build folder up to date. Sourced from the repository's root.
 # shellcheck shell=bash
 
-# Configures a preset, unless it is; what changes in the CMake files the build itself notices. configure PRESET
+# Configures a preset unless that is done already; the build itself notices changes in CMake files. configure PRESET
 configure() {
     local preset=$1 options=() ninja=build/$1/build.ninja stamp=build/$1/.configured wanted
     if command -v ccache >/dev/null; then
         options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_OBJCXX_COMPILER_LAUNCHER=ccache)
     fi
     if [[ $(uname -s) == Darwin ]]; then
-        # Homebrew keeps OpenSSL out of the folders that are searched.
+        # Homebrew does not link OpenSSL into the default search path.
         options+=(-DCMAKE_PREFIX_PATH="$(brew --prefix qt);$(brew --prefix openssl@3)")
     fi
     wanted="${options[*]} ${CXX:-} ${CXXFLAGS:-} ${LDFLAGS:-}"
@@ -18,7 +18,7 @@ configure() {
     fi
 }
 
-# Builds the targets named, or everything. build PRESET [TARGET…]
+# Builds the given targets, or everything. build PRESET [TARGET…]
 build() {
     configure "$1" || return 1
     if [[ $# -gt 1 ]]; then

@@ -1,13 +1,12 @@
 #!/usr/bin/env python3
-"""Checks that each command of ./dev gets by with the packages that scripts/packages.sh names for it.
+"""Checks that each command of ./dev works with the packages that scripts/packages.sh lists for it.
 
-A machine that somebody works on has many packages besides, and hides it when a list lacks one. So each command's
-first steps run here in a view of this system (bubblewrap) in which headers, CMake's and pkg-config's files, programs,
-QML modules and fonts are those of the listed packages and of what these depend on, and no others. Nothing is
-downloaded. Only on Debian and what comes from it; a command whose packages are not all installed is left out, and
-said so.
+A developer's machine has many other packages, which hide a missing entry in a list. So each command's first steps run
+here in a view of this system (bubblewrap) in which headers, CMake's and pkg-config's files, programs, QML modules and
+fonts are only those of the listed packages and their dependencies. Nothing is downloaded. Runs only on Debian and its
+derivatives; a command whose packages are not all installed is skipped with a message.
 
-Exit status: 1 where a list lacks a package; 77 where that cannot be told, with the reason.
+Exit status: 1 if a list lacks a package; 77 if that cannot be determined, with the reason.
 """
 
 import os
@@ -20,7 +19,8 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FOLDER = ROOT / "build" / "check-packages"
 
-# What the view shows of listed packages only. Libraries stay visible: without their headers nothing finds them.
+# Folders of which the view shows only files of the listed packages. Libraries remain visible: without their headers
+# they cannot be found.
 VIEWED = ("/usr/bin", "/usr/sbin", "/usr/include", "/usr/share/cmake", "/usr/share/pkgconfig", "/usr/share/fonts",
           "/usr/share/qt6", "/usr/lib/MULTIARCH/cmake", "/usr/lib/MULTIARCH/pkgconfig", "/usr/lib/MULTIARCH/qt6",
           "/usr/lib/qt6", "/usr/lib/node_modules", "/usr/local/bin", "/usr/local/include", "/usr/local/lib")
@@ -34,12 +34,12 @@ def has_programs(*names):
     return "for name in " + " ".join(names) + '; do command -v "$name" || { echo "there is no $name" >&2; exit 1; }; done'
 
 
-# Each command's purposes in packages.sh, and its first steps.
+# Each command's purposes in packages.sh, and its first build steps.
 COMMANDS = {
     "run": ("build ui", [configure("release")]),
     "test": ("build ui window test", [configure("dev"), has_programs(
         "bwrap", "dbus-daemon", "xmllint", "gio", "ccache", "desktop-file-validate", "appstreamcli")]),
-    # The window with all of its QML, if it has been built.
+    # The window with all of its QML, if it is built.
     "test, the window": ("build ui window test", [
         "for program in build/dev/bin/corvane_journeys; do "
         "[ ! -x $program ] || QT_QPA_PLATFORM=offscreen $program --gtest_brief=1 --gtest_filter='Overview*'; done"]),
@@ -59,8 +59,8 @@ def output(*command):
 
 
 def installed_packages():
-    """The names of what each installed package depends on, as lists of alternatives; and, by each name that is a
-    package or provided by one, the packages."""
+    """The dependencies of each installed package, as lists of alternatives; and the packages by name, including
+    the names that they provide."""
     fields = "${db:Status-Abbrev}\t${Package}\t${Essential}\t${Priority}\t${Provides}\t${Pre-Depends}, ${Depends}\n"
     needs, by_name, base = {}, {}, set()
     for line in output("dpkg-query", "-W", "-f", fields).splitlines():
@@ -81,11 +81,11 @@ def plain_name(dependency):
 
 
 def everything_for(wanted, needs, by_name, base):
-    """The packages that a bare system has once the wanted ones are installed; those that are not installed here."""
+    """The packages of a minimal system once the wanted ones are installed; and those that are not installed here."""
     missing = [choices for choices in wanted if not any(choice in needs for choice in choices)]
     waiting = list(base) + [next(choice for choice in choices if choice in needs) for choices in wanted
                             if choices not in missing]
-    # A bare system can install packages, and has what that needs.
+    # Even a minimal system has the package manager and its dependencies.
     waiting.append("apt")
     reached = set()
     while waiting:
@@ -94,7 +94,7 @@ def everything_for(wanted, needs, by_name, base):
             continue
         reached.add(package)
         for choices in needs.get(package, []):
-            # The first that is there: a later one may be there for another reason.
+            # Follow only the first alternative that is installed: a later one may be installed for another reason.
             providers = next((by_name[choice] for choice in choices if choice in by_name), ())
             waiting += providers
     return reached, missing
@@ -118,7 +118,7 @@ def place(source, target):
 
 
 def make_view(packages, folders, tree):
-    """Puts the packages' files of these folders into a tree."""
+    """Links or copies the packages' files in these folders into a tree."""
     shutil.rmtree(tree, ignore_errors=True)
     for folder in folders:
         (tree / folder[1:]).mkdir(parents=True)
@@ -127,7 +127,7 @@ def make_view(packages, folders, tree):
     resolved = {}
     for path in listed:
         parent, name = os.path.split(path)
-        # /bin and /lib of the lists are links to /usr/bin and /usr/lib.
+        # The /bin and /lib in the packages' lists are links to /usr/bin and /usr/lib.
         real = resolved.setdefault(parent, os.path.realpath(parent)) + "/" + name
         target = tree / real[1:]
         if not real.startswith(beneath) or os.path.lexists(target):
@@ -136,7 +136,7 @@ def make_view(packages, folders, tree):
             target.mkdir(parents=True, exist_ok=True)
         elif os.path.lexists(real):
             place(real, target)
-    # Names that the system itself gives to one of several programs, such as c++.
+    # Names that the system links to one of several programs, such as c++.
     for folder in ("/usr/bin", "/usr/sbin"):
         for link in pathlib.Path(folder).iterdir():
             if link.is_symlink() and os.readlink(link).startswith("/etc/alternatives/"):

@@ -26,7 +26,7 @@ PROGRESS_STEP = 5  # per cent
 
 
 def changed_since(root, revision):
-    """The files that differ from a revision, those that git does not track yet included."""
+    """The files that differ from a revision, including untracked ones."""
     commands = (["git", "diff", "--name-only", revision], ["git", "ls-files", "--others", "--exclude-standard"])
     listed = [subprocess.run(command, cwd=root, capture_output=True, text=True, check=True).stdout
               for command in commands]
@@ -34,7 +34,7 @@ def changed_since(root, revision):
 
 
 def concerned(root, changed):
-    """The sources and headers among the changed files, and whatever includes one of them, however far away."""
+    """The changed sources and headers, and all files that include them, directly or indirectly."""
     files = [path for folder in SOURCE_FOLDERS for path in (root / folder).rglob("*")
              if path.suffix in (".h", ".cpp", ".mm")]
     if any(path.name == ".clang-tidy" for path in changed):
@@ -54,13 +54,13 @@ def concerned(root, changed):
 
 
 def object_of(entry):
-    """The object file that an entry of the build makes; None where it cannot be told."""
+    """The object file of a compile command; None if it cannot be determined."""
     output = re.search(r" -o (\S+)", entry["command"])
     return output[1] if output else None
 
 
 def file_hash(path, known={}):
-    """The hash of a file's bytes; each file is read once."""
+    """The hash of a file's contents; each file is read once."""
     if path not in known:
         try:
             known[path] = hashlib.sha256(pathlib.Path(path).read_bytes()).hexdigest()
@@ -70,7 +70,7 @@ def file_hash(path, known={}):
 
 
 def dependencies(build):
-    """For each object file of the build, the files that the compiler read for it."""
+    """The files that the compiler read for each object file of the build."""
     log = subprocess.run(["ninja", "-C", build, "-t", "deps"], capture_output=True, text=True, check=True)
     result, current = {}, []
     for line in log.stdout.splitlines():
@@ -93,7 +93,7 @@ def configurations(source, root):
 
 
 def key(entry, root, dependency_log, version):
-    """What the verdict on a source depends on, as one hash; None where it cannot be told."""
+    """A hash of everything that the result for a source depends on; None if it cannot be determined."""
     files = dependency_log.get(object_of(entry))
     if files is None:
         return None
@@ -105,7 +105,7 @@ def key(entry, root, dependency_log, version):
 
 
 def look_at(entry, arguments):
-    """Runs clang-tidy on one source: whether it is clean, and what it said."""
+    """Runs clang-tidy on one source; returns whether it is clean, and the output."""
     done = subprocess.run(
         [arguments.clang_tidy, "--quiet", "-p", arguments.build, entry["file"]],
         capture_output=True, text=True, check=False)
@@ -149,7 +149,7 @@ def main():
             (cache / remembered).touch()
         return clean, said
 
-    # The largest first, so that none of them is what everything waits for in the end.
+    # Start with the largest files, so that the run does not end by waiting for one of them.
     largest_first = sorted(entries.values(), key=lambda entry: os.path.getsize(entry["file"]), reverse=True)
     all_clean, told = True, 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Opens the window over an example disk of a kind, "mac" or "linux", made anew each time. demo.sh PROGRAM KIND
+# Opens the window over an example disk of a kind, "mac" or "linux", which is created anew each time.
+# demo.sh PROGRAM KIND
 set -euo pipefail
 
 cd "$(dirname "$0")/.."

@@ -26,7 +26,7 @@ import time
 import urllib.error
 import urllib.request
 
-# What is kept of each package: its folder in the archive is called "package".
+# The files to keep of each package, whose folder in the archive is called "package".
 KEPT = {
     "@fontsource/nunito": ("files/nunito-latin-700-normal.woff",),
     "@phosphor-icons/core": tuple(f"assets/{weight}/*.svg" for weight in ("regular", "fill", "light", "bold")),
@@ -37,7 +37,7 @@ NO_REGISTRY = 3
 
 
 def setting(path, name):
-    """The value of a setting in one of npm's own files, or None."""
+    """The value of a setting in one of npm's configuration files, or None."""
     try:
         lines = path.read_text().splitlines()
     except OSError:
@@ -71,13 +71,13 @@ def download(url):
 
 
 def is_intact(content, integrity):
-    """Whether the content has the SHA-512 hash of the lock file's "sha512-BASE64"."""
+    """Whether the content has the SHA-512 hash in the lock file's "sha512-BASE64"."""
     expected = [value[len("sha512-"):] for value in integrity.split() if value.startswith("sha512-")]
     return base64.b64encode(hashlib.sha512(content).digest()).decode() in expected
 
 
 def unpack(archive, patterns, folder):
-    """Writes the archive's files that are kept below the folder. How many."""
+    """Extracts the files to keep into the folder; returns their number."""
     count = 0
     with tarfile.open(fileobj=io.BytesIO(archive), mode="r:gz") as members:
         for member in members:
@@ -104,7 +104,7 @@ def fetch(name, package, source, folder):
 
 
 def installed_by_npm(modules, packages):
-    """Whether npm's own note of what it installed has the same hashes."""
+    """Whether npm's own record of the installed packages has the same hashes."""
     try:
         installed = json.loads((modules / ".package-lock.json").read_bytes())["packages"]
     except (OSError, ValueError, KeyError):
@@ -120,7 +120,7 @@ def main():
     root = parser.parse_args().root
 
     lock = (root / "package-lock.json").read_bytes()
-    # What is kept may change with this script.
+    # This script is part of the hash because it defines which files are kept.
     state = hashlib.sha256(lock + pathlib.Path(__file__).read_bytes()).hexdigest()
     modules = root / "node_modules"
     stamp = modules / ".fetched"
@@ -141,7 +141,7 @@ def main():
     source = registry(root, os.environ)
     if source is None:
         sys.exit(NO_REGISTRY)
-    # The old folder stays until everything has arrived.
+    # Keep the old folder until the download is complete.
     fresh = root / "node_modules.fetching"
     shutil.rmtree(fresh, ignore_errors=True)
     for name, package in packages.items():

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Rewrites the C++ sources as .clang-format wants them.
+# Formats the C++ sources according to .clang-format.
 set -euo pipefail
 
 cd "$(dirname "$0")/.."
@@ -8,7 +8,7 @@ sources() {
     if is_wanted_llvm clang-format "only files with changes of your own are rewritten" >&2; then
         cxx_sources
     else
-        # Another version lays some lines out differently, which does not belong into a change.
+        # Other versions format some lines differently, which would pollute the change.
         comm -12 <(cxx_sources) <({
             git diff --name-only HEAD
             git ls-files --others --exclude-standard

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Feeds each parser of foreign data with made-up input for a time and says how it went: fuzz.sh SECONDS
+# Runs the fuzzer of each parser of untrusted data for a while and reports the results: fuzz.sh SECONDS
 #
-# What a run learns is kept in build/fuzz/corpus for the next one. Exit status: 1 where an input crashed a parser,
-# broke one of its rules or took too long; the input is named, and belongs among the seeds once it is mended.
+# The corpus is kept in build/fuzz/corpus for the next run. Exit status: 1 if an input crashed a parser, violated one of
+# its invariants or took too long; the input is named, and should be added to the seeds once the bug is fixed.
 set -euo pipefail
 
 cd "$(dirname "$0")/.."
@@ -19,7 +19,7 @@ fi
 require_packages build ui fuzz
 
 if [[ $(uname -s) == Darwin ]]; then
-    # Apple's own compiler comes without the fuzzer.
+    # Apple's compiler does not include the fuzzer.
     CXX=$(brew --prefix llvm)/bin/clang++
     export CXX OBJCXX=$CXX
 else

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Finds what reaches across the layers of src/: includes, QML imports and linked targets. layers.py [SRC]
+"""Finds violations of the layers of src/: includes, QML imports and linked targets. layers.py [SRC]
 
-A layer is a folder; what lies in folders inside it that are no layers of their own belongs to it. A feature is every
-folder of src/ that is not named here: its engine lies at the top of it and its screen in its ui/. What two screens
-share lies in shell/ui, so no screen reaches into another.
+A layer is a folder; it includes nested folders that are not layers themselves. Every folder of src/ that is not listed
+here is a feature, with its engine at the top level and its screen in ui/. Code that two screens share is in shell/ui,
+so no screen depends on another.
 """
 import pathlib
 import re
@@ -42,7 +42,7 @@ class Layers:
             self.may_use[feature + "/ui"] = app | {feature, "shell", "shell/ui", "shell/ui/window"}
 
     def layer_of(self, path):
-        """The innermost layer that a path relative to src/ lies in; None for one outside all of them."""
+        """The innermost layer of a path relative to src/; None for a path outside all layers."""
         known = set(NAMED) | set(self.may_use)
         for folder in pathlib.PurePosixPath(path).parents:
             if str(folder) in known:
@@ -53,7 +53,7 @@ class Layers:
         return source == "main" or source == target or target in self.may_use[source]
 
     def owners(self, pattern):
-        """What the build files name by that pattern, with the layer that each lies in."""
+        """The names that match the pattern in the build files, each with its layer."""
         found = {}
         for build_file in self.src.rglob("CMakeLists.txt"):
             for name in pattern.findall(build_file.read_text()):

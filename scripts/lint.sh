@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Every check that is not a test. Says which one runs, and what it finds. lint.sh [--all]: the checks that take minutes
-# look only at what has changed since the upstream branch, and with --all, or without such a branch, at everything.
+# Runs every check that is not a test, and reports which one runs and what it finds. lint.sh [--all]: slow checks only
+# cover what has changed since the upstream branch; with --all, or without such a branch, they cover everything.
 set -uo pipefail
 
 cd "$(dirname "$0")/.." || exit 1
@@ -19,7 +19,7 @@ failed=()
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 
-# Runs one check, whose output is shown only when it fails: check NAME COMMAND…
+# Runs one check and shows its output only if it fails: check NAME COMMAND…
 check() {
     local name=$1 start=$SECONDS
     shift
@@ -32,7 +32,7 @@ check() {
     fi
 }
 
-# Runs one that tells how far it is: check_aloud NAME COMMAND…
+# Runs a check that reports its own progress: check_aloud NAME COMMAND…
 check_aloud() {
     local name=$1 start=$SECONDS
     shift
@@ -52,7 +52,7 @@ shell_check() {
     shell_scripts | xargs shellcheck --external-sources
 }
 
-# Whether the screens, or what they know of the program, have changed.
+# Whether the screens, or the C++ types that they use, have changed.
 screens_have_changed() {
     [[ -z $base ]] && return
     {
@@ -61,7 +61,7 @@ screens_have_changed() {
     } | grep -qE '\.qml$|^src/(.*/ui|core/store)/.*\.h$|CMakeLists\.txt$'
 }
 
-# clang-tidy and qmllint look at what the build generates, too.
+# clang-tidy and qmllint also need the files that the build generates.
 built() {
     source scripts/build.sh
     if [[ -n $base ]]; then
@@ -71,7 +71,7 @@ built() {
     fi
 }
 
-# What another version than the sources' finds is told, but is no fault.
+# Findings of another version than the sources' are shown, but do not fail.
 tidy() {
     python3 scripts/clang_tidy.py --build "build/$preset" --clang-tidy "$(llvm_tool clang-tidy)" --cache build/lint \
         ${base:+--since "$base"} && return

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Compiles for a Mac every source that one would, on a machine that is none, and links corvane-cli: see macos_check.py.
+# Compiles every source of the macOS build on a machine that is not a Mac, and links corvane-cli: see macos_check.py.
 #
 # usage: scripts/macos-check.sh SDK [HEADERS]
 set -euo pipefail

@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
-"""Compiles for a Mac, on a machine that is none, every source that the build files name for one, and links
-corvane-cli as far as link stubs allow.
+"""Compiles every source of the macOS build on a machine that is not a Mac, and links corvane-cli as far as link stubs
+allow.
 
     macos_check.py SDK [HEADERS]
 
-SDK holds "Frameworks" and "include" of a macOS SDK; HEADERS a folder "Sparkle" with the update framework's own headers,
-in place of what this repository knows of them. Selectors, signatures, availability and our own types are checked, with
-warnings as errors. Objects are kept in build/macos-check, so that the next run compiles what has changed.
+SDK contains "Frameworks" and "include" of a macOS SDK; HEADERS a folder "Sparkle" with the update framework's own
+headers, to use instead of the declarations in this repository. Checks selectors, signatures, availability and our own
+types, with warnings as errors. Objects are kept in build/macos-check, so that the next run compiles only what has
+changed.
 
-Exit status: 1 where a source is not compiled without a warning, where one is not covered, or where a symbol is missing.
+Exit status: 1 if a source does not compile without warnings, if one is not covered, or if a symbol is missing.
 """
 import os
 import pathlib
@@ -28,17 +29,17 @@ LIBCXX = "/usr/lib/llvm-19/include/c++/v1"
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Werror"]
 DEFINITIONS = ['CORVANE_VERSION="0.0.0"', 'CORVANE_BUILD="0"', 'CORVANE_APP_ID="app.corvane.Corvane"',
                'CORVANE_SITE="https://corvane.example/"', "FMT_HEADER_ONLY"]
-# Headers of libraries that are the same on every system. This machine's own must not be searched, so each is linked
-# to by itself.
+# Libraries whose headers are the same on every system. The system's include folder must not be searched, so each of
+# these is symlinked individually.
 LIBRARY_HEADERS = ["tl", "fmt", "openssl", "plist", "utf8proc.h"]
-# Folders whose sources make up corvane-cli; what uses Qt lies in others.
+# Folders with the sources of corvane-cli; code that uses Qt is in others.
 WITHOUT_QT = re.compile(r"^src/(platform|core(?!/store)|map|cleanup|apps|duplicates|disk|cli)/(?!ui/)")
 FRAMEWORKS = ["AppKit", "CoreServices", "Foundation"]
-# Libraries that a Mac has, or gets from Homebrew, and whose link stubs an SDK folder may lack: this machine's exported
-# names stand in for them.
+# Libraries that a Mac has, or gets from Homebrew, and whose link stubs may be missing in an SDK folder: stubs are made
+# from the exported names of this machine's libraries.
 STAND_INS = {"c++": ["libc++.so.1", "libc++abi.so.1"], "plist": ["libplist-2.0.so"], "utf8proc": ["libutf8proc.so"],
              "crypto": ["libcrypto.so"]}
-# What compilers call although no header declares it: libSystem has it.
+# Functions that compilers call although no header declares them; libSystem has them.
 OF_THE_COMPILER = {"___cxa_atexit", "___stack_chk_fail", "___stack_chk_guard", "___udivti3", "___umodti3",
                    "___isPlatformVersionAtLeast", "dyld_stub_binder"}
 
@@ -65,7 +66,7 @@ def moc():
 
 
 def link_library_headers():
-    """Folders with nothing but the headers of those libraries."""
+    """Creates folders that contain only the headers of those libraries."""
     folders = []
     for here in ("/usr/include", f"/usr/include/{multiarch()}"):
         folder = BUILD / "libraries" / str(len(folders))
@@ -92,7 +93,7 @@ def object_of(source):
 
 
 def write_ninja(sources, headers_with_objects, flags, sparkle):
-    """One rule a language; the objects carry their sources' paths, so that two of one name do not meet."""
+    """Writes one rule per language; objects are named by their sources' paths, which avoids clashes of file names."""
     launcher = ["ccache"] if shutil.which("ccache") else []
     compiler = shlex.join([*launcher, CLANG, *flags])
     lines = ["ninja_required_version = 1.10",
@@ -119,7 +120,7 @@ def compile_all(sources):
 
 
 def exported(library):
-    """The names that one of this machine's libraries exports, as a Mac writes them."""
+    """The names exported by one of this machine's libraries, as mangled on a Mac."""
     for folder in (f"/usr/lib/{multiarch()}", "/usr/lib/llvm-19/lib", "/usr/lib"):
         if os.path.exists(f"{folder}/{library}"):
             listing = subprocess.run(["nm", "-D", "--defined-only", "--format=posix", f"{folder}/{library}"],
@@ -129,7 +130,7 @@ def exported(library):
 
 
 def declared(names, sdk):
-    """Those of the C names that a header of the SDK declares. One with "$" is a variant of what stands before it."""
+    """The C names that a header of the SDK declares. A "$" starts the suffix of a variant."""
     words = {name[1:].split("$")[0]: name for name in names if re.fullmatch(r"_\w+(\$DARWIN_EXTSN)?", name)}
     found = set()
     for header in (sdk / "include").rglob("*.h"):
@@ -140,7 +141,7 @@ def declared(names, sdk):
 
 
 def write_stub(name, symbols):
-    """A text-based link stub (version 4) of a library with those symbols."""
+    """Writes a text-based link stub (version 4) of a library with those symbols."""
     listed = ", ".join(f"'{symbol}'" for symbol in sorted(symbols))
     (BUILD / f"lib{name}.tbd").write_text(
         f"--- !tapi-tbd\ntbd-version: 4\ntargets: [ arm64-macos ]\ninstall-name: '/usr/lib/lib{name}.dylib'\n"
@@ -148,7 +149,7 @@ def write_stub(name, symbols):
 
 
 def make_root(sdk):
-    """Makes the SDK's link stubs a root folder, in which each lies under the path that others know it by."""
+    """Creates a root folder with the SDK's link stubs, each at its install path."""
     folder = BUILD / "root"
     shutil.rmtree(folder, ignore_errors=True)
     for stub in sorted((sdk / "Frameworks").rglob("*.tbd")) + sorted((sdk / "lib").glob("*.tbd")):
@@ -171,7 +172,7 @@ def link_command(sdk, sources, libraries):
 
 
 def link(sdk, sources):
-    """Links corvane-cli. Returns whether nothing is missing."""
+    """Links corvane-cli. Returns whether no symbol is missing."""
     stubs = [f"{sdk}/Frameworks/{name}.framework/{name}.tbd" for name in FRAMEWORKS] + [f"{sdk}/lib/libobjc.tbd"]
     if not all(os.path.exists(stub) for stub in stubs):
         print("macos-check: the SDK folder holds no link stubs, so nothing is linked")

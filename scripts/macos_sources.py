@@ -1,23 +1,23 @@
-"""Which C++ and Objective-C++ sources the build files name for a Mac, without running CMake there."""
+"""Lists the C++ and Objective-C++ sources of the macOS build, from the build files and without running CMake."""
 import pathlib
 import re
 
 COMMAND = re.compile(r"(\w+)\s*\(((?:[^()\"]|\"(?:\\.|[^\"\\])*\"|\((?:[^()]|\([^()]*\))*\))*)\)", re.S)
 TEXT_OR_COMMENT = re.compile(r"(\"(?:\\.|[^\"\\])*\")|#[^\n]*", re.S)
 VARIABLE = re.compile(r"\$\{(\w+)\}")
-# Commands that name sources without giving them to a target.
+# Commands that name sources without adding them to a target.
 ASIDE = {"set_source_files_properties", "set_property"}
-# What is known of a Mac; a condition that is neither may turn out either way.
+# Conditions that are true on a Mac; for any other, both branches count.
 HOLDS = {"APPLE", "NOT CMAKE_SYSTEM_NAME STREQUAL \"Linux\""}
 FAILS = {"NOT APPLE", "CMAKE_SYSTEM_NAME STREQUAL \"Linux\""}
 
 
 def sources_of(root, folder=pathlib.Path()):
-    """The paths, relative to `root`, that the CMakeLists.txt of `folder` and of the folders that it adds give to
-    targets on a Mac. Where a condition is not known, both of its branches count."""
+    """The paths, relative to `root`, that the CMakeLists.txt of `folder` and of its subdirectories add to targets on a
+    Mac. If a condition is unknown, both branches count."""
     found = set()
     variables = {}
-    taken = []  # for each condition around: whether its branch may be taken
+    taken = []  # for each enclosing condition: whether its branch can be taken
     text = TEXT_OR_COMMENT.sub(lambda found: found[1] or "", (root / folder / "CMakeLists.txt").read_text())
     for name, arguments in COMMAND.findall(text):
         name = name.lower()
@@ -54,6 +54,6 @@ def named_by(root, folder, name, arguments):
 
 
 def missing_from(named, root, source_folder="src"):
-    """The sources that lie there for a Mac and that no build file names, in their order."""
+    """The sources for a Mac that no build file names, sorted."""
     there = [path.relative_to(root) for kind in ("cpp", "mm") for path in (root / source_folder).rglob(f"*.{kind}")]
     return sorted(path for path in there if "linux" not in path.parts and path not in named)

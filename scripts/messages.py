@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Prints the texts in src/ that users see, as PATH:LINE: TEXT: to read them one after the other, or to find where a
-sentence of the window is made. messages.py [FOLDER]
+"""Prints the user-visible texts in src/ as PATH:LINE: TEXT, to proofread them or to find the source of a sentence.
+messages.py [FOLDER]
 
-In QML a text is what qsTr() holds. In C++ it is a string literal of several words, or of one capitalised word, or one
-that a count is given with; paths, keys and the like are left out by their shape, but a few remain. Literals that stand
-side by side are one text. A sentence that is put together at run time is listed in its pieces.
+In QML a text is the argument of qsTr(). In C++ it is a string literal of several words, or of one capitalised word, or
+one combined with a count; paths, keys and the like are recognised by their shape and skipped, but a few remain.
+Adjacent literals are one text. A sentence that is assembled at run time is listed in pieces.
 """
 import os
 import pathlib
@@ -13,7 +13,8 @@ import signal
 import sys
 
 SUFFIXES = {".h", ".cpp", ".mm", ".qml"}
-# Comments, preprocessor lines and characters are matched so that a quotation mark in them begins no literal.
+# Also matches comments, preprocessor lines and character literals, so that a quotation mark in them does not start a
+# string.
 TOKEN = re.compile(
     r"//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|'(?:[^'\\\n]|\\.)+'"
     r'|R"(?P<mark>\w*)\((?P<raw>.*?)\)(?P=mark)"|"(?P<plain>(?:[^"\\\n]|\\.)*)"', re.S | re.M)
@@ -21,7 +22,7 @@ JOINED = re.compile(r"\s*(?:\+\s*)?")
 TRANSLATED = re.compile(r"\bqsTr\(\s*$")
 COUNTED = re.compile(r"\b(?:formatCount|countText|plural)\([^;{}]*$")
 FOR_DEVELOPERS = re.compile(r"\b(?:static_assert|QML_UNCREATABLE|qFatal)\([^;]*$")
-# What fmt, Qt and printf replace, and escaped characters.
+# Placeholders of fmt, Qt and printf, and escaped characters.
 REPLACED = re.compile(r"\{[^{}]*\}|%(?:L?\d+|[a-z])|\\.")
 LETTER = re.compile(r"[^\W\d_]")
 SEVERAL_WORDS = re.compile(r"\S\s+\S|^\s|\s$")
@@ -30,7 +31,7 @@ PATH_OR_MARKUP = re.compile(r"[\w.~-]*/\S|[<@]")
 
 
 def literals(source):
-    """The literals of a source as (offset, text), those that stand side by side as one."""
+    """The literals of a source as (offset, text), with adjacent ones joined."""
     found, end = [], None
     for token in TOKEN.finditer(source):
         text = token["raw"] if token["plain"] is None else token["plain"]
@@ -45,7 +46,7 @@ def literals(source):
 
 
 def is_message(text, before):
-    """Whether users see a literal of C++; `before` is the code that it follows."""
+    """Whether a C++ literal is user-visible; `before` is the code before it."""
     words = REPLACED.sub("", text)
     if not LETTER.search(words) or FOR_DEVELOPERS.search(before):
         return False
@@ -55,7 +56,7 @@ def is_message(text, before):
 
 
 def messages(source, is_qml):
-    """The texts of a source that users see, as (line, text)."""
+    """The user-visible texts of a source, as (line, text)."""
     for offset, text in literals(source):
         before = source[max(0, offset - 200):offset]
         if TRANSLATED.search(before) if is_qml else is_message(text, before):
@@ -63,7 +64,7 @@ def messages(source, is_qml):
 
 
 def main():
-    signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # a reader such as head may stop early
+    signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # a reader such as head may close the pipe early
     folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parents[1] / "src"
     for path in sorted(path for path in folder.rglob("*") if path.suffix in SUFFIXES):
         for line, text in messages(path.read_text(), path.suffix == ".qml"):

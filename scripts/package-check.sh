@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Tries the newest package of build/package in a fresh Debian that debootstrap makes for it: installs it without what is
-# only recommended, starts it as an ordinary user and as root, without a session bus and without /proc, and takes it off
-# again. package-check.sh [PICTURE]: with a name, a picture of the window on a display of its own goes there.
+# Tests the newest package of build/package in a fresh Debian made by debootstrap: installs it without recommended
+# packages, starts it as an ordinary user and as root, without a session bus and without /proc, and removes it again.
+# package-check.sh [PICTURE]: if given, a screenshot of the window on a virtual display is saved there.
 set -euo pipefail
 
 cd "$(dirname "$0")/.."
@@ -27,7 +27,7 @@ finish() {
 }
 trap finish EXIT
 
-# in_root USER COMMAND… with nothing of this machine's environment but a display, where there is one.
+# in_root USER COMMAND… runs without this machine's environment, except for a display if there is one.
 in_root() {
     local user=$1 home=/root
     shift
@@ -45,7 +45,7 @@ fail() {
     exit 1
 }
 
-# The window stays open until it is ended, and says nothing on the way: start_window USER [VARIABLE=VALUE…]
+# The window stays open without messages until it is killed: start_window USER [VARIABLE=VALUE…]
 start_window() {
     local user=$1 status=0 said
     shift

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the Debian package of the release build, in build/package, and has it looked at.
+# Builds the Debian package of the release build in build/package, and checks it.
 set -euo pipefail
 
 cd "$(dirname "$0")/.."

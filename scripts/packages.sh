@@ -1,7 +1,7 @@
-# What each purpose needs from the system's packages, and how it is installed. Sourced by `dev`, from bash.
+# The system packages that each purpose needs, and how to install them. Sourced by `dev`, from bash.
 # shellcheck shell=bash
 
-# One word per package; "a|b" means either, whichever the distribution has.
+# One word per package; "a|b" means either, whichever the distribution provides.
 packages_for() {
     case "$(uname -s)/$1" in
     Linux/build)
@@ -9,14 +9,14 @@ packages_for() {
             libfmt-dev 'libexpected-dev|libtl-expected-dev' libglib2.0-dev libplist-dev libssl-dev libutf8proc-dev
         ;;
     Linux/ui)
-        # The QML modules are run-time parts that the development packages do not pull in.
+        # The development packages do not depend on the QML modules, which are needed at run time.
         echo qt6-base-dev qt6-declarative-dev 'qt6-svg-dev|libqt6svg6-dev' \
             qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick \
             qml6-module-qtquick-window qml6-module-qtquick-templates qml6-module-qtquick-controls \
             qml6-module-qtquick-layouts qml6-module-qtquick-dialogs \
             qml6-module-qt-labs-folderlistmodel qml6-module-qt-labs-qmlmodels qml6-module-qt-labs-platform fonts-inter
         ;;
-    # What only a window on a display uses, and pictures of one.
+    # Needed only for a window on a display, and for screenshots of one.
     Linux/window) echo qt6-wayland fonts-noto-color-emoji ;;
     Linux/test)
         echo ccache libgtest-dev libgmock-dev nlohmann-json3-dev bubblewrap dbus-daemon e2fsprogs libglib2.0-bin \
@@ -45,7 +45,7 @@ packages_for() {
     esac
 }
 
-# Installs what is missing for the purposes named, saying what; does nothing when all is there.
+# Installs and lists whatever the given purposes lack; does nothing if they lack nothing.
 require_packages() {
     local purpose wanted missing=()
     for purpose in "$@"; do
@@ -61,7 +61,7 @@ require_packages() {
     esac
 }
 
-# The icons and a font, which come from npm's registry. Where nobody names one, npm is installed, which knows its own.
+# The icons and a font, which come from npm's registry. If none is configured, installs npm, which has a default.
 require_assets() {
     local status=0
     python3 scripts/fetch_assets.py || status=$?

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the library that gives a program in a shaped root the capacity and the file sizes of the disk that the root
+# Builds the library that shows a program in a shaped root the capacity and file sizes of the disk that the root
 # describes. root-disk.sh OUTPUT
 set -euo pipefail
 

@@ -2,15 +2,15 @@
 # Runs one of our programs inside a Mac- or Linux-shaped root, as the user of its home folder.
 #
 #   scripts/root-run.sh [--output DIR] [--preload LIBRARY] [--administrator] [--home-mount] FOLDER PROGRAM [ARGUMENT…]
-#   scripts/root-run.sh --check        says why it would not run, if so
+#   scripts/root-run.sh --check        reports the reason if it cannot run
 #
-# FOLDER is what tests/shaped_root/shaped_root.py built. The program sees FOLDER/root as "/" and cannot leave it; what
-# it removes is removed there. What it needs of this machine lies read-only where no scan goes: under /System/Volumes in
-# a Mac-shaped root, under /run in a Linux-shaped one. DIR, if given, is the folder "output" there; LIBRARY is loaded
-# into the program before its own. With --administrator no folder is closed to it; with --home-mount the home folders
-# are a mount of their own, of the same file system. A display of the desktop is passed through.
+# FOLDER is built by tests/shaped_root/shaped_root.py. The program sees FOLDER/root as "/" and cannot leave it; what it
+# removes is removed there. The parts of this machine that it needs are mounted read-only where no scan goes: under
+# /System/Volumes in a Mac-shaped root, under /run in a Linux-shaped one. DIR, if given, is the folder "output" there;
+# LIBRARY is preloaded into the program. With --administrator the program can read every folder; with --home-mount the
+# home folders are a separate mount of the same file system. A display of the desktop is passed through.
 #
-# Exit status: the program's own; 77 where bubblewrap cannot run, with the reason.
+# Exit status: the program's own; 77 if bubblewrap cannot run, with the reason.
 set -euo pipefail
 
 if ! command -v bwrap >/dev/null; then
@@ -28,8 +28,7 @@ fi
 output=
 preload=
 home_mount=
-# Only inside a user namespace of its own, without capabilities, is the program bound by permissions even where
-# it was started by root.
+# A program started by root obeys file permissions only in a user namespace of its own, without capabilities.
 capabilities=(--cap-drop ALL)
 while [[ ${1:-} == --* ]]; do
     case $1 in
@@ -65,7 +64,7 @@ mac)
     run=/private/tmp
     temporary=$run
     mounts=(--tmpfs "$run" --tmpfs "$system")
-    # Caches and settings of the libraries must not lie in the home folder that is being looked at.
+    # The libraries' caches and settings must not be in the home folder under test.
     places=(--dir "$run/cache" --setenv XDG_CACHE_HOME "$run/cache"
         --dir "$run/config" --setenv XDG_CONFIG_HOME "$run/config")
     ;;
@@ -98,7 +97,7 @@ options=(
     --chdir "$home"
 )
 
-# This machine's system: its folders, or the links to them where /bin, /lib and the like have moved into /usr.
+# This machine's system: its folders, or symlinks to them if /bin, /lib and the like have been merged into /usr.
 for name in usr etc bin sbin lib lib32 lib64; do
     if [[ -L /$name ]]; then
         options+=(--symlink "$(readlink "/$name")" "$system/$name")
@@ -107,7 +106,7 @@ for name in usr etc bin sbin lib lib32 lib64; do
     fi
 done
 
-# A sanitizer ends the program where it cannot read its list of exceptions.
+# A sanitizer aborts the program if it cannot read its suppressions.
 sanitizers=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/sanitizers
 options+=(--ro-bind "$sanitizers" "$run/sanitizers")
 for name in QT_QPA_PLATFORM QT_QUICK_BACKEND QT_SCALE_FACTOR QT_FATAL_WARNINGS NO_COLOR ASAN_OPTIONS LSAN_OPTIONS \
@@ -123,7 +122,7 @@ if [[ -n $preload ]]; then
     options+=(--ro-bind "$preload" "$run/preload.so" --setenv LD_PRELOAD "$run/preload.so")
 fi
 
-# The desktop, as far as a window needs it.
+# The parts of the desktop session that a window needs.
 if [[ -n ${DISPLAY:-} && -d /tmp/.X11-unix ]]; then
     options+=(--ro-bind /tmp/.X11-unix "$temporary/.X11-unix" --setenv DISPLAY "$DISPLAY")
     if [[ -f ${XAUTHORITY:-$HOME/.Xauthority} ]]; then

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# One picture of every screen and sheet, light and dark, from the real program over the Mac-shaped root and over the
+# One screenshot of every screen and sheet, light and dark, from the real program over the Mac-shaped root and over the
 # Linux-shaped one; the names of the latter's contain "-linux".
 #
-#   screenshots.sh PROGRAM DIR [NAME…]            into that folder; with names only those, such as overview-linux-light
-#   screenshots.sh --docs PROGRAM DIR             and those that the documents show into docs/screenshots
-#   screenshots.sh --check COMPARE PROGRAM DIR    and compares docs/screenshots with them by the program COMPARE
+#   screenshots.sh PROGRAM DIR [NAME…]            saves them to DIR; with names only those, such as overview-linux-light
+#   screenshots.sh --docs PROGRAM DIR             and copies those used in the documents to docs/screenshots
+#   screenshots.sh --check COMPARE PROGRAM DIR    and compares docs/screenshots with them using the program COMPARE
 #
-# Exit status of --check: 1 where a picture is out of date; 77 where that cannot be told, with the reason.
+# Exit status of --check: 1 if a screenshot is out of date; 77 if that cannot be determined, with the reason.
 set -euo pipefail
 
 mode=
@@ -28,7 +28,7 @@ shift 2
 cd "$(dirname "$0")/.."
 
 if [[ $mode == check ]]; then
-    # Another version of Qt or FreeType draws letters a little differently.
+    # Other versions of Qt or FreeType render text slightly differently.
     if ! grep -qx 'VERSION_CODENAME=bookworm' /etc/os-release; then
         echo "screenshots: skipped: the pictures of the documents are made on Debian 12, and compared only there"
         exit 77

@@ -6,7 +6,7 @@ cxx_sources() {
     find src tests bench -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.mm' \) | LC_ALL=C sort
 }
 
-# Shell scripts, by ending or by first line.
+# Shell scripts, by extension or by shebang line.
 shell_scripts() {
     {
         find scripts tests packaging bench -type f -name '*.sh'
@@ -14,10 +14,10 @@ shell_scripts() {
     } | LC_ALL=C sort -u
 }
 
-# The version whose layout the sources have and for which the checks are chosen; others differ in both.
+# The version that the formatting and the checks are based on; others differ in both.
 llvm_version=14
 
-# The wanted version of an LLVM tool, or else the one that is there. Homebrew's names carry no version.
+# The wanted version of an LLVM tool, or else the installed one. Homebrew's names have no version suffix.
 llvm_tool() {
     if [[ $(uname -s) == Darwin ]]; then
         echo "$(brew --prefix llvm)/bin/$1"
@@ -28,7 +28,7 @@ llvm_tool() {
     fi
 }
 
-# Whether the tool is of the wanted version; if not, says so: is_wanted_llvm TOOL WHAT_FOLLOWS
+# Whether the tool has the wanted version; reports it if not: is_wanted_llvm TOOL WHAT_FOLLOWS
 is_wanted_llvm() {
     local version
     version=$("$(llvm_tool "$1")" --version | sed -n 's/.*version \([0-9]*\).*/\1/p' | head -n 1)

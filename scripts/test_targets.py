@@ -19,7 +19,7 @@ COMMAND = re.compile(r"^add_test\(\[=\[(.*?)\]=\] (.*)\)$", re.M)
 
 
 def names_in(text):
-    """The names of a source's tests; the boolean tells whether more follows behind the name."""
+    """The names of a source's tests; the boolean says whether a parameter follows the name."""
     instances = {}
     for prefix, suite in INSTANCE.findall(text):
         instances.setdefault(suite, []).append(prefix + "/" if prefix else "")
@@ -38,7 +38,7 @@ def matches(expression, name, is_start):
         return True
     if not is_start:
         return False
-    # What the expression says of the parameter is left out, a piece at a time.
+    # Drop the parts of the expression that match the parameter, one at a time.
     pieces = expression.split("/")
     for count in range(len(pieces) - 1, 0, -1):
         try:
@@ -50,7 +50,7 @@ def matches(expression, name, is_start):
 
 
 def programs_of(build, root):
-    """For each test source, the target that it is compiled for."""
+    """The target of each test source."""
     programs = {}
     for entry in json.loads((build / "compile_commands.json").read_text()):
         source = pathlib.Path(entry["file"])

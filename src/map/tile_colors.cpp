@@ -7,11 +7,11 @@ namespace corvane {
 
 namespace {
 
-constexpr double leastContrast = 4.55; ///< WCAG 2 asks for 4.5 of small text; the rest is for rounding
+constexpr double leastContrast = 4.55; ///< WCAG 2 requires 4.5 for small text; the rest allows for rounding
 constexpr double step = 0.02;
 
-// Here the parts go from 0 to 255, the steps that a screen has: the design mixes colours of whole steps, and
-// what comes to lie halfway between two steps is exact only in this unit.
+// Channels here are 0 to 255, in screen steps: the design blends whole steps, and values halfway between two steps are
+// exact only in this unit.
 constexpr Color lightGround{0xFF, 0xFF, 0xFF};
 constexpr Color darkGround{0x18, 0x19, 0x1D};
 constexpr Color lightInk{0x08, 0x09, 0x12};

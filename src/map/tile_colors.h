@@ -20,11 +20,10 @@ struct TileColors {
     Color fill;
     Color ink;
 
-    /// `rank` is a nested tile's place among its siblings from 0, the largest, to 1; it means nothing to the
-    /// other roles.
+    /// `rank` is a nested tile's rank among its siblings, from 0 for the largest to 1; other roles ignore it.
     [[nodiscard]] static TileColors of(const Color &color, Role role, double rank, Appearance appearance);
 
-    /// The ink on tiles of that colour, whatever their role.
+    /// The ink on tiles of that colour, for every role.
     [[nodiscard]] static Color inkOn(const Color &color, Appearance appearance);
 
     /// The opacity of the ink that sizes are written in.
@@ -33,7 +32,7 @@ struct TileColors {
     friend constexpr bool operator==(const TileColors &, const TileColors &) = default;
 };
 
-/// What is seen where `above` lies over `below` with that opacity; in whatever unit both are given.
+/// `above` blended over `below` with this opacity, in the unit of the inputs.
 [[nodiscard]] Color mixed(const Color &below, const Color &above, double opacity);
 
 /// The contrast of two colours as WCAG 2 defines it, from 1 to 21.

@@ -8,11 +8,11 @@ namespace corvane {
 
 namespace {
 
-/// No area is smaller, so that a weight of nothing still has a place in the order of the rows.
+/// The minimum area, so that a weight of zero still has a position in its row.
 constexpr double smallestArea = 0.0001;
 
-/// A row that is being filled along a side. The worst ratio over its members is that of the largest or the
-/// smallest one, so only those two are kept.
+/// A row being filled along one side. Its worst aspect ratio is that of the largest or smallest member, so only these
+/// two are kept.
 class Row {
 public:
     explicit Row(double side) : m_sideSquared(side * side) {}
@@ -43,7 +43,7 @@ private:
     double m_largest = 0;
 };
 
-/// Stacks the areas from top to bottom in a column at the left edge, and takes the column off `free`.
+/// Stacks the areas from top to bottom in a column at the left edge of `free`, and shrinks `free` accordingly.
 void placeColumn(std::span<const double> areas, double total, Rect &free, std::span<Rect> placed)
 {
     const double width = total / free.height;
@@ -57,7 +57,7 @@ void placeColumn(std::span<const double> areas, double total, Rect &free, std::s
     free.width -= width;
 }
 
-/// Puts the areas from left to right in a strip along the top edge, and takes the strip off `free`.
+/// Places the areas from left to right in a strip along the top edge of `free`, and shrinks `free` accordingly.
 void placeStrip(std::span<const double> areas, double total, Rect &free, std::span<Rect> placed)
 {
     const double height = total / free.width;

@@ -9,8 +9,8 @@ namespace corvane {
 
 /// The squarified treemap layout (Bruls, Huizing, van Wijk 2000): pure, in double precision, unrounded.
 struct Treemap {
-    /// One rectangle for each weight, in the same order; all zero where nothing can be laid out. Weights come
-    /// largest first.
+    /// One rectangle per weight, in the same order; all zero if there is no area to lay out in. Weights must be in
+    /// descending order.
     [[nodiscard]] static std::vector<Rect> squarify(std::span<const double> weights, const Rect &rect);
 };
 

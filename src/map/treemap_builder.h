@@ -15,7 +15,7 @@ namespace corvane {
 /// One input of the layout; an aggregate of several items has no node.
 struct TreemapItem {
     std::shared_ptr<FileNode> node;
-    std::string label; ///< bytes of a name, or the words of an aggregate
+    std::string label; ///< a file name's bytes, or an aggregate's text
     std::int64_t size = 0;
 };
 
@@ -26,23 +26,22 @@ struct TreemapTile {
     std::int64_t size = 0;
     Rect rect; ///< points
     Color color;
-    int depth = 0;          ///< 0: inside the explored folder; 1: drawn inside such a tile
-    bool hasNested = false; ///< tiles of depth 1 follow
+    int depth = 0;          ///< 0: a child of the explored folder; 1: nested in such a tile
+    bool hasNested = false; ///< whether nested tiles of depth 1 follow
 };
 
-/// Turns a folder into the flat list of tiles that the map draws. Pure; touches the tree on the caller's
-/// thread only.
+/// Flattens a folder into the list of tiles that the map draws. Pure; reads the tree on the caller's thread only.
 struct TreemapBuilder {
     static constexpr std::size_t topLimit = 60;
     static constexpr std::size_t nestedLimit = 40;
 
     [[nodiscard]] static std::vector<TreemapItem> items(const FileNode &folder, std::size_t limit);
-    /// Parents before their nested tiles; at most 61 x 41.
+    /// Parents precede their nested tiles; at most 61 x 41 tiles.
     [[nodiscard]] static std::vector<TreemapTile> tiles(const FileNode &folder, const Rect &rect);
-    /// One of ten colours, chosen by the index modulo 10.
+    /// One of ten colours, by the index modulo 10.
     [[nodiscard]] static Color folderColor(int index);
-    /// The colour of an item that stands at `index` in its folder's list: by position for folders, by type
-    /// for files and packages, grey for aggregates.
+    /// The colour of the item at `index` in its folder's list: by position for folders, by type for files and packages,
+    /// grey for aggregates.
     [[nodiscard]] static Color itemColor(const FileNode *node, int index);
 };
 

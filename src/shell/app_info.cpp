@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t mostBytes = 1024UL * 1024;
 
-// "14.2" is "14.2.0"; nothing for what is no version.
+// Expands "14.2" to "14.2.0"; nullopt if the text is not a version.
 std::optional<QString> threeNumbers(const QString &version)
 {
     QStringList numbers = version.split(QLatin1Char('.'));
@@ -97,7 +97,7 @@ QString AppInfo::model(FileSystem &files)
 QString AppInfo::arch(FileSystem &files)
 {
     const std::string architecture = SystemFacts::architecture();
-    // Linux has another name for it, also beneath a root that is shaped like a Mac's.
+    // Linux uses another name for this architecture, even when run on a Mac-shaped root.
     if (files.systemKind() == SystemKind::mac && (architecture == "arm64" || architecture == "aarch64"))
         return QStringLiteral("Apple Silicon");
     return displayText(architecture);

@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// Whether this build can update itself, whether a check may start now, and the user's two choices. One for the life of
+/// Whether this build can update itself, whether a check can start now, and the user's two settings. Lives as long as
 /// the program; main thread only.
 class AppUpdater : public QObject {
     Q_OBJECT
@@ -21,11 +21,11 @@ class AppUpdater : public QObject {
                    setAutomaticallyDownloadsUpdates NOTIFY settingsChanged)
 
 public:
-    /// Whether a build with that public key and feed address can be updated: both are there, and the key is not the
+    /// Whether updates work with this public key and feed address: both must be set, and the key must not be the
     /// placeholder, which begins with "REPLACE".
     [[nodiscard]] static bool isConfigured(const QString &publicKey, const QString &feedUrl);
 
-    /// Starts the controller where `configured`; otherwise it is never asked for anything.
+    /// Starts the controller if `configured`; otherwise the controller is never called.
     AppUpdater(std::unique_ptr<UpdateController> controller, bool configured, QObject *parent = nullptr);
     ~AppUpdater() override;
 
@@ -36,7 +36,7 @@ public:
     [[nodiscard]] bool automaticallyDownloadsUpdates() const;
     void setAutomaticallyDownloadsUpdates(bool automatically);
 
-    /// Nothing while `canCheckForUpdates` is false.
+    /// Does nothing while `canCheckForUpdates` is false.
     Q_INVOKABLE void checkForUpdates();
 
     [[nodiscard]] UpdateController &controller() { return *m_controller; }

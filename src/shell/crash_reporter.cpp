@@ -32,10 +32,10 @@ bool isNamedLikeReport(std::string_view name, std::string_view executable)
            (name.ends_with(".ips") || name.ends_with(".crash"));
 }
 
-// A listing tells dates to the second, which would lose the report of a crash right after the last look.
+// Directory listings round dates to seconds; comparing those would miss a crash shortly after the last check.
 bool isLater(const std::string &path, Time modified, const QDateTime &since)
 {
-    // In seconds, for some file systems keep dates that overflow in any smaller unit.
+    // Compare in seconds: the dates of some file systems overflow in smaller units.
     const qint64 listed = modified.time_since_epoch().count();
     const qint64 looked = since.toSecsSinceEpoch();
     if (listed != looked)
@@ -43,7 +43,7 @@ bool isLater(const std::string &path, Time modified, const QDateTime &since)
     return QFileInfo(QFile::decodeName(QByteArray::fromStdString(path))).lastModified() > since;
 }
 
-// The report's beginning as text; nothing where it cannot be read.
+// The start of the report as text; nullopt if it cannot be read.
 std::optional<QString> readReport(FileSystem &files, const std::string &path)
 {
     const Expected<std::unique_ptr<FileReader>> file = files.openFile(path);
@@ -102,7 +102,7 @@ void CrashReporter::checkOnLaunch()
         return;
     m_didCheck = true;
     const std::optional<QDateTime> last = m_defaults.crashReportLastCheck();
-    // Before the search, so that a report which ends the program is met once.
+    // Set before the search, so that a report that crashes the program is processed only once.
     m_defaults.setCrashReportLastCheck(m_now());
     if (!last)
         return;
@@ -158,7 +158,7 @@ void CrashReporter::upload(const std::string &path)
         uploadNext();
 }
 
-// One after the other: there may be thousands.
+// One at a time: there may be thousands.
 void CrashReporter::uploadNext()
 {
     m_isUploading = !m_uploads.empty();

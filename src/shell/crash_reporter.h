@@ -16,42 +16,43 @@
 
 namespace corvane {
 
-/// Finds the reports of this program's earlier crashes and sends them where the user wants that. Nothing is sent before
-/// the user has allowed it, once or for good. Main thread only; the reports are read on a thread of its own.
+/// Finds reports of earlier crashes of this program and sends them if the user agrees. Nothing is sent before the user
+/// has allowed it, once or permanently. Main thread only; reports are read on a separate thread.
 class CrashReporter : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool showPrompt READ showPrompt WRITE setShowPrompt NOTIFY showPromptChanged)
 
 public:
-    /// Where it looks, and for what.
+    /// Where to search, and for which names.
     struct Places {
-        std::vector<std::string> folders; ///< absolute; one that cannot be listed holds no reports
-        std::string executable;           ///< how the names of the reports begin, before "-" or "_"
+        std::vector<std::string> folders; ///< absolute; a folder that cannot be listed counts as empty
+        std::string executable;           ///< report names begin with this, followed by "-" or "_"
     };
-    /// The system's own folder of diagnostic reports and that of the program's crash handler.
+    /// The system's folder of diagnostic reports and the crash handler's own folder.
     [[nodiscard]] static Places places(FileSystem &files);
 
-    /// What is referred to must outlive it.
+    /// All references must outlive this object.
     CrashReporter(UserDefaults &defaults, API &api, FileSystem &files, Places places,
                   std::function<QDateTime()> now = &QDateTime::currentDateTimeUtc, QObject *parent = nullptr);
-    /// Waits for the reading of a report, which is bounded.
+    /// Waits for a report that is being read; reads are bounded.
     ~CrashReporter() override;
 
-    /// Whether the question is to be asked if the pending reports may be sent.
+    /// Whether to ask the user for permission to send the pending reports.
     [[nodiscard]] bool showPrompt() const { return m_showPrompt; }
     void setShowPrompt(bool show);
-    /// The reports that wait for the answer, by name.
+    /// The reports waiting for the user's answer, by name.
     [[nodiscard]] const std::vector<std::string> &pending() const { return m_pending; }
     [[nodiscard]] bool didCheck() const { return m_didCheck; }
 
-    /// Looks, once per run, for reports since the last run's look, and asks, sends or leaves them, as the user has set.
+    /// Searches, once per run, for reports since the previous run's check, and asks, sends or ignores them according to
+    /// the user's setting.
     void checkOnLaunch();
-    /// Regular files of the folders that are named like this program's reports and were written after `since`, by name.
+    /// Regular files in the folders that are named like this program's reports and were written after `since`, by name.
     [[nodiscard]] std::vector<std::string> findReports(const QDateTime &since) const;
-    /// Sends the pending reports, and from now on all without asking where `always` is set.
+    /// Sends the pending reports; `always` also sends future ones without asking.
     Q_INVOKABLE void sendPending(bool always);
-    /// Sends at most the first 400,000 characters of one report in the background, after those that were asked for
-    /// before it. One that cannot be read is skipped; a failure is not told, and nothing is sent again.
+    /// Sends at most the first 400,000 characters of one report in the background, in order of the calls. A report that
+    /// cannot be read is skipped; failures are silent and not retried.
     void upload(const std::string &path);
 
 signals:
@@ -69,9 +70,9 @@ private:
     bool m_showPrompt = false;
     bool m_didCheck = false;
     std::vector<std::string> m_pending;
-    std::deque<std::string> m_uploads; // those that wait for the one under way
+    std::deque<std::string> m_uploads; // queued behind the upload in progress
     bool m_isUploading = false;
-    QThreadPool m_pool; // last: nothing is read any more once the rest goes
+    QThreadPool m_pool; // last: its destructor waits for reads that use the members above
 };
 
 } // namespace corvane

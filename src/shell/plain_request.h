@@ -5,9 +5,9 @@
 
 namespace corvane {
 
-/// A request that tells nothing of the user or of the version, keeps and sends no cookies, and is answered by the
-/// server, uncompressed. Left alone, Qt sends the user's language, calls itself a browser, and unpacks what arrives,
-/// which may be small and become large. Redirects are the caller's to decide.
+/// A request that reveals neither the user's language nor the program's version, without cookies or cached responses,
+/// and answered uncompressed. By default Qt sends the user's language, identifies as a browser, and decompresses
+/// responses, so that a small one can expand to a huge one. The caller sets the redirect policy.
 [[nodiscard]] QNetworkRequest plainRequest(const QUrl &address);
 
 } // namespace corvane

@@ -9,7 +9,8 @@
 
 namespace corvane {
 
-/// The program's services beside the store, as the screens see them. What it refers to outlives it. Main thread only.
+/// The program's services besides the store, as the screens see them. All references must outlive this object. Main
+/// thread only.
 class Services : public QObject {
     Q_OBJECT
     Q_PROPERTY(corvane::UserDefaults *defaults READ defaults CONSTANT)

@@ -6,7 +6,7 @@ namespace corvane {
 
 class UpdateSession;
 
-/// What finds and fetches updates: the update framework on macOS, a reader of the same feed elsewhere. Main thread
+/// Finds and fetches updates: the update framework on macOS, our own reader of the same feed elsewhere. Main thread
 /// only.
 class UpdateController : public QObject {
     Q_OBJECT
@@ -14,25 +14,25 @@ class UpdateController : public QObject {
 public:
     explicit UpdateController(QObject *parent = nullptr) : QObject(parent) {}
 
-    /// Called once at launch, in a build that can be updated; nothing is fetched without it.
+    /// Called once at launch if the build is configured for updates; nothing is fetched before.
     virtual void start() = 0;
 
     [[nodiscard]] virtual bool canCheckForUpdates() const = 0; // canCheckForUpdatesChanged
-    /// Looks for an update now and tells the user what came of it.
+    /// Checks for an update now and shows the user the result.
     virtual void checkForUpdates() = 0;
 
-    /// Kept from run to run.
+    /// Persistent.
     [[nodiscard]] virtual bool automaticallyChecksForUpdates() const = 0;
     virtual void setAutomaticallyChecksForUpdates(bool automatically) = 0;
     [[nodiscard]] virtual bool automaticallyDownloadsUpdates() const = 0;
     virtual void setAutomaticallyDownloadsUpdates(bool automatically) = 0;
 
-    /// What is to be shown of its checks, as long as it lives; null where it has windows of its own.
+    /// The checks to display, valid as long as this object; null if the controller has its own windows.
     [[nodiscard]] virtual UpdateSession *session() { return nullptr; }
 
 signals:
     void canCheckForUpdatesChanged();
-    /// One of the two settings has changed in another way than by its setter.
+    /// One of the two settings was changed other than by its setter.
     void settingsChanged();
 };
 

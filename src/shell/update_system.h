@@ -9,15 +9,15 @@
 
 namespace corvane {
 
-/// Where a build gets its updates from: settings of the build, or on macOS values of the bundle.
+/// Where a build gets its updates from: build settings, or on macOS values in the bundle.
 struct UpdateConfiguration {
-    QString feedUrl;   ///< empty where there is none
-    QString publicKey; ///< base64; empty where there is none
+    QString feedUrl;   ///< empty for none
+    QString publicKey; ///< base64; empty for none
 
     [[nodiscard]] static UpdateConfiguration ofThisBuild();
 };
 
-/// What updates the program on this system, not started yet. `defaults` outlives it. Main thread only, after the
+/// The update controller of this system, not started yet. `defaults` must outlive it. Main thread only, after the
 /// QGuiApplication.
 [[nodiscard]] std::unique_ptr<UpdateController> makeUpdateController(const UpdateConfiguration &configuration,
                                                                      UserDefaults &defaults);

@@ -11,7 +11,7 @@ constexpr QLatin1String didOnboardKey("didOnboard");
 constexpr QLatin1String reportModeKey("crashReportMode");
 constexpr QLatin1String lastCheckKey("crashReportLastCheck");
 
-// By their place in ReportMode.
+// Indexed by ReportMode.
 constexpr std::array<const char *, 3> reportModes{"ask", "always", "never"};
 
 } // namespace
@@ -65,7 +65,7 @@ void UserDefaults::setCrashReportLastCheck(const QDateTime &when)
 
 bool UserDefaults::flag(const QString &key, bool fallback) const
 {
-    // Settings files hold text; a property list's own truth values arrive as such.
+    // Settings files store text; a property list returns real booleans.
     const QString text = m_settings->value(key).toString();
     if (text == QLatin1String("true") || text == QLatin1String("1"))
         return true;

@@ -10,9 +10,9 @@
 
 namespace corvane {
 
-/// What this user has set and what the program remembers of earlier runs, under fixed keys of the settings file. A
-/// value that has not been set, or is none that the key can have, reads as its default. What cannot be written is kept
-/// for this run. Main thread only.
+/// The user's settings and the state kept between runs, under fixed keys of the settings file. A value that is missing
+/// or invalid for its key reads as the default. If the file cannot be written, values last for this run. Main thread
+/// only.
 class UserDefaults : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool didOnboard READ didOnboard WRITE setDidOnboard NOTIFY didOnboardChanged)
@@ -20,11 +20,11 @@ class UserDefaults : public QObject {
                    crashReportModeChanged)
 
 public:
-    /// What becomes of the reports of earlier crashes.
+    /// What to do with the reports of earlier crashes.
     enum class ReportMode { ask, always, never };
     Q_ENUM(ReportMode)
 
-    /// Never null.
+    /// `settings` must not be null.
     explicit UserDefaults(std::unique_ptr<QSettings> settings, QObject *parent = nullptr);
 
     /// "didOnboard": the welcome sheet has been dismissed once.
@@ -39,14 +39,14 @@ public:
     [[nodiscard]] std::optional<QDateTime> crashReportLastCheck() const;
     void setCrashReportLastCheck(const QDateTime &when);
 
-    /// A truth value of a key that another part of the program owns.
+    /// A boolean under a key that another part of the program owns.
     [[nodiscard]] bool flag(const QString &key, bool fallback) const;
     void setFlag(const QString &key, bool value);
-    /// A moment of such a key; nothing where it has not been set.
+    /// A date and time under such a key; nullopt if it is not set.
     [[nodiscard]] std::optional<QDateTime> moment(const QString &key) const;
     void setMoment(const QString &key, const QDateTime &when);
 
-    /// Where everything is kept; for the parts that have groups of their own in it.
+    /// The underlying storage, for parts that keep groups of their own in it.
     [[nodiscard]] QSettings &settings() { return *m_settings; }
 
 signals:

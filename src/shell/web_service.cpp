@@ -19,13 +19,13 @@ namespace corvane {
 
 namespace {
 
-// An answer is a few words; a longer one is not read to its end.
+// A response is a few words; stop reading a longer one.
 constexpr qint64 mostAnswer = 8LL * 1024 * 1024;
 constexpr qint64 readBuffer = 64LL * 1024;
-constexpr qsizetype mostMessage = 300; // UTF-16 units: some lines of the form
+constexpr qsizetype mostMessage = 300; // UTF-16 units: a few lines of the form
 
-/// Can be read once. When the connection ends before the answer, Qt repeats a request whose body it can rewind,
-/// although the service may have taken the message.
+/// A body that can be read only once. If the connection drops before the response, Qt would resend a request with a
+/// rewindable body, although the service may have accepted the message.
 class SingleUseBody final : public QIODevice {
 public:
     explicit SingleUseBody(QByteArray bytes) : m_bytes(std::move(bytes))
@@ -65,7 +65,7 @@ API::Failure notHttp()
     return {QStringLiteral("No response from the server.")};
 }
 
-// The server's own words, on one line that fits the form; empty where it has none.
+// The server's own message, on one line that fits the form; empty if there is none.
 QString messageIn(const QByteArray &body)
 {
     const QJsonValue error = QJsonDocument::fromJson(body).object().value(QLatin1String("error"));
@@ -77,7 +77,8 @@ QString messageIn(const QByteArray &body)
     return text;
 }
 
-// Qt counts statuses among the errors, too; and before an answer of 307 or 308 is its own, it tries to rewind the body.
+// Whether the error is the response's status. Qt reports statuses as errors too, and for a 307 or 308 it tries to
+// rewind the body before returning the response.
 bool isOfTheStatus(QNetworkReply::NetworkError error, bool hasStatus)
 {
     switch (error) {
@@ -94,7 +95,7 @@ bool isOfTheStatus(QNetworkReply::NetworkError error, bool hasStatus)
 
 } // namespace
 
-/// One message on its way.
+/// One message in transit.
 class API::Exchange {
 public:
     Exchange(QNetworkReply *reply, Receiver received) : m_reply(reply), m_received(std::move(received)) {}
@@ -170,7 +171,7 @@ void API::post(const QString &path, const QJsonObject &body, Receiver received)
 {
     QNetworkRequest request = plainRequest(AppInfo::pageOf(m_site, path));
     request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
-    // A kept connection may be ended by the server just as the next message, which is not sent twice, is on its way.
+    // With keep-alive, the server might close the connection just as the next message is sent, which is never resent.
     request.setRawHeader("Connection", "close");
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
@@ -184,7 +185,7 @@ void API::post(const QString &path, const QJsonObject &body, Receiver received)
 
     Exchange &exchange = *m_exchanges.emplace_back(std::make_unique<Exchange>(reply, std::move(received)));
     exchange.watch(m_options.timeout);
-    // Queued, since the reply is destroyed there.
+    // Queued, because the slot destroys the reply.
     connect(
         reply, &QNetworkReply::finished, this, [this, &exchange] { finish(exchange); }, Qt::QueuedConnection);
 }
@@ -194,7 +195,7 @@ void API::finish(Exchange &exchange)
     const std::optional<Failure> failure = exchange.outcome();
     const Receiver received = exchange.takeReceiver();
     std::erase_if(m_exchanges, [&exchange](const auto &each) { return each.get() == &exchange; });
-    // Last: it may destroy the service.
+    // Last, because it may destroy the service.
     received(failure);
 }
 

@@ -15,27 +15,27 @@ class QNetworkAccessManager;
 
 namespace corvane {
 
-/// The web service of the product's website, which takes messages that the user sends. Main thread only; the answers
-/// arrive there, and none after it is destroyed.
+/// The web service of the product's website, which receives messages from the user. Main thread only; receivers are
+/// called there, and never after this object is destroyed.
 class API : public QObject {
     Q_OBJECT
 
 public:
-    /// Why a message did not arrive.
+    /// Why a message was not delivered.
     struct Failure {
-        QString message; ///< one short sentence for people
+        QString message; ///< one short sentence for the user
 
         friend bool operator==(const Failure &, const Failure &) = default;
     };
 
-    /// Called once: nothing when the service has taken the message, or why it has not.
+    /// Called once: nullopt if the service has accepted the message, otherwise the failure.
     using Receiver = std::function<void(std::optional<Failure>)>;
 
-    /// What tests set otherwise.
+    /// Overridden in tests.
     struct Options {
-        /// How long the sending may pause, the answer may take to begin, and to end once it has begun.
+        /// The limit for a pause while sending, for the wait until the response begins, and for the response itself.
         std::chrono::milliseconds timeout = std::chrono::seconds(60);
-        QNetworkAccessManager *network = nullptr; ///< outlives the service; one of its own by default
+        QNetworkAccessManager *network = nullptr; ///< must outlive the service; it creates its own by default
     };
 
     /// `site` is the base that paths such as "api/feedback" are appended to.
@@ -44,8 +44,8 @@ public:
 
     [[nodiscard]] const QUrl &site() const { return m_site; }
 
-    /// Posts the body as JSON. Nothing is sent twice, and nothing to another place than the site: an answer that sends
-    /// elsewhere is a failure. Of an answer no more is read than its first megabytes.
+    /// Posts the body as JSON. Never resends, and never follows a redirect: that counts as a failure. Reads at most the
+    /// first megabytes of a response.
     void post(const QString &path, const QJsonObject &body, Receiver received);
 
 private:
@@ -58,7 +58,7 @@ private:
     const QUrl m_site;
     const Options m_options;
     std::unique_ptr<QNetworkAccessManager> m_ownNetwork;
-    std::vector<std::unique_ptr<Exchange>> m_exchanges; // goes first, for they use the network
+    std::vector<std::unique_ptr<Exchange>> m_exchanges; // first to be destroyed: they use the network
 };
 
 } // namespace corvane

@@ -20,7 +20,7 @@ TEST(AppDescriptionTest, ItTellsTheNameAndTheNewestRelease)
     EXPECT_EQ(AppDescription::parse(text), (AppDescription{.name = "Sea & Chart", .version = "5.4.1"}));
 }
 
-TEST(AppDescriptionTest, WhatIsNoVersionOrNameIsLeftOut)
+TEST(AppDescriptionTest, InvalidVersionsAndNamesAreOmitted)
 {
     EXPECT_EQ(AppDescription::parse("<release version=\"$(rm)\"/>").version, "");
     EXPECT_EQ(AppDescription::parse("<release version=\"" + std::string(100, '1') + "\"/>").version, "");

@@ -12,7 +12,7 @@
 
 namespace corvane::test {
 
-/// The text of an Info.plist with these texts.
+/// An Info.plist with these string values.
 inline std::string infoPlist(const std::map<std::string, std::string> &values)
 {
     std::string text = "<plist version=\"1.0\"><dict>";
@@ -21,7 +21,7 @@ inline std::string infoPlist(const std::map<std::string, std::string> &values)
     return text + "</dict></plist>";
 }
 
-/// A Mac in memory, whose user's home is "/Users/u". "Now" is a fixed moment.
+/// A Mac in memory with the home folder "/Users/u" and a fixed current time.
 class AppFixture : public testing::Test {
 protected:
     AppFixture()
@@ -30,7 +30,7 @@ protected:
         fake.files.setSystemKind(SystemKind::mac);
     }
 
-    /// An application whose bundle comes to `size` with its Info.plist.
+    /// Adds an application whose bundle, including its Info.plist, has the given size.
     void addApp(const std::string &path, const std::string &bundleID, std::int64_t size = 1'000'000)
     {
         addBundle(path, infoPlist({{"CFBundleIdentifier", bundleID}}), size);
@@ -40,7 +40,7 @@ protected:
         fake.files.addText(path + "/Contents/Info.plist", plist, 1'000);
         fake.files.addFile(path + "/Contents/MacOS/program", size - 1'000);
     }
-    /// A file of the Library.
+    /// Adds a file to the Library.
     void addItem(const std::string &relative, std::int64_t size = 1'000, Time modified = longAgo)
     {
         fake.files.addFile(inLibrary(relative), size, modified);
@@ -48,7 +48,7 @@ protected:
 
     [[nodiscard]] AppInventory::Result load() { return AppInventory::load(host, locations, now); }
 
-    /// The leftovers of the application with that identifier; the test fails where there is none.
+    /// The leftovers of the application with this identifier; fails the test if there is none.
     [[nodiscard]] std::vector<Leftover> leftoversOf(const std::string &bundleID)
     {
         AppInventory::Result result = load();
@@ -60,7 +60,7 @@ protected:
         return app->leftovers;
     }
 
-    /// The paths of the leftovers of a match, relative to the Library, in their order.
+    /// The paths of the leftovers with this match, relative to the Library, in their order.
     [[nodiscard]] std::vector<std::string> paths(const std::vector<Leftover> &leftovers, Leftover::Match match) const
     {
         std::vector<std::string> found;

@@ -279,7 +279,7 @@ TEST(EndlessApplications, AStopIsNoticed)
     EXPECT_EQ(last, 100U);
 }
 
-/// The same on the disk, where an Info.plist may be anything.
+/// On a real disk, where an Info.plist can be any kind of item.
 class HostileBundle : public testing::Test {
 protected:
     std::optional<BundleInfo> read() { return AppInventory::readBundle(folder / "A.app", systemHost().files); }

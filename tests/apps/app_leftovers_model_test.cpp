@@ -41,7 +41,7 @@ const std::string support = "Application Support/com.signaldeck.desktop";
 const std::string caches = "Caches/com.signaldeck.desktop";
 const std::string named = "Application Support/Signal Deck";
 
-TEST_F(AppLeftoversModelTest, AnIdentifierWithoutEndIsCutOff)
+TEST_F(AppLeftoversModelTest, AnExcessiveIdentifierIsTruncated)
 {
     InstalledApp app = addSignalDeck();
     app.bundleID = std::string(4'000'000, 'x');
@@ -108,7 +108,7 @@ TEST_F(AppLeftoversModelTest, WhatBelongsToTheAppForCertainIsTickedAndWhatShares
     EXPECT_THAT(chosen(), ElementsAre(support, caches));
 }
 
-TEST_F(AppLeftoversModelTest, ATickGoesAndComes)
+TEST_F(AppLeftoversModelTest, AnItemCanBeUncheckedAndCheckedAgain)
 {
     model.show(addSignalDeck());
     QSignalSpy changes(&model, &Model::chosenChanged);

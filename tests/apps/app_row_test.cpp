@@ -49,9 +49,9 @@ std::vector<std::string> names(const std::vector<InstalledApp> &apps, AppSort so
     return result;
 }
 
-// --- What a bundle says of itself
+// --- Texts from a bundle's metadata
 
-TEST(BundleText, WhatIsLongerThanAnybodyReadsIsCutOff)
+TEST(BundleText, ExcessiveTextIsTruncated)
 {
     EXPECT_EQ(bundleText("5.4.1"), QStringLiteral("5.4.1"));
     EXPECT_EQ(bundleText(std::string(255, 'x')), QString(255, u'x'));
@@ -59,13 +59,13 @@ TEST(BundleText, WhatIsLongerThanAnybodyReadsIsCutOff)
     EXPECT_EQ(bundleText("\x1b" + std::string(300, 'x')), QStringLiteral("␛") + QString(254, u'x') + u'…');
 }
 
-TEST(BundleText, NoCharacterIsCutThrough)
+TEST(BundleText, TruncationNeverSplitsACharacter)
 {
     EXPECT_EQ(bundleText(std::string(254, 'x') + "é and more"), QString(254, u'x') + u'…');
     EXPECT_EQ(bundleText(std::string(300, '\x80')), u'…');
 }
 
-// --- The label of what has not been opened for long
+// --- The label of applications not opened for long
 
 TEST(AppRow, BelowAYearTheLabelCountsMonths)
 {
@@ -125,7 +125,7 @@ TEST(AppRow, TheOrphansSayHowManyTheyAreAndWhatTheyComeTo)
     EXPECT_EQ(AppRow::ofOrphans({}, 0).sizeText, QString());
 }
 
-// --- The orders
+// --- Sort orders
 
 TEST(AppSort, ItsValuesAreTheLabelsInTheirOrder)
 {

@@ -10,8 +10,8 @@
 
 namespace corvane::test {
 
-/// A store for tests of what shows applications. The tests describe the inventory and then have it published; what it
-/// names is on the disk too.
+/// A store for tests of the applications' UI. Tests fill the inventory and then publish it; its paths exist on the fake
+/// disk too.
 class AppsFixture : public testing::Test, protected StoreOverAHome, WithoutMotion {
 protected:
     AppsFixture() : StoreOverAHome(SystemKind::mac) { fake.files.setPackageExtensions({"app"}); }
@@ -45,7 +45,7 @@ protected:
             group = inventory.orphanGroups.insert(group, OrphanGroup{id, {}});
         group->items.push_back(leftover(relative, size, Leftover::Match::orphan));
     }
-    /// Signal Deck: of 740 MB, with 6 GB that belong to it for certain, and 400 MB that may.
+    /// Signal Deck: 740 MB, with 6 GB of certain and 400 MB of possible leftovers.
     InstalledApp &addSignalDeck()
     {
         InstalledApp &app = addApp("Signal Deck", 740'000'000, "com.signaldeck.desktop");
@@ -58,7 +58,7 @@ protected:
         return app;
     }
 
-    /// Publishes the inventory as it is by now.
+    /// Publishes the current inventory.
     void publish() { store.setApps(inventory, store.appsToken()); }
 
     AppInventory::Result inventory;

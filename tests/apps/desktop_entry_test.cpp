@@ -147,7 +147,7 @@ TEST(DesktopEntryTest, OfAShellTheShellIsTheProgram)
 TEST(DesktopEntryTest, AnEndlessLineAndNullBytesAreReadWithoutHarm)
 {
     EXPECT_EQ(programOf(std::string(200'000, 'x')).size(), 200'000u);
-    EXPECT_EQ(programOf(std::string("/home/u\0/chart", 14)), "/home/u"); // no path goes on behind a byte of zeros
+    EXPECT_EQ(programOf(std::string("/home/u\0/chart", 14)), "/home/u"); // a path ends at a null byte
     EXPECT_EQ(parse(entryWith("Icon=" + std::string("a\0b", 3) + "\n"))->icon, "a b");
 }
 

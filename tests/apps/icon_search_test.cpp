@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-/// A user of a Linux system whose home is "/home/u".
+/// A Linux system with the home folder "/home/u".
 class IconSearchTest : public testing::Test {
 protected:
     IconSearchTest() { files.setHome("/home/u"); }

@@ -20,7 +20,7 @@ class LeftoverMatching : public test::AppFixture {};
 TEST_F(LeftoverMatching, ThereAreThirteenLocationsInThisOrder)
 {
     addApp("/Applications/Foo.app", "com.foo.app");
-    // The later in the table, the larger: only the order of the search decides which label comes first.
+    // Sizes grow down the table, so only the search order determines which label comes first.
     const std::vector<std::pair<std::string, std::string>> expected{
         {"Application Support/com.foo.app", "Application Support"},
         {"Caches/com.foo.app", "Caches"},
@@ -400,8 +400,8 @@ TEST_F(LeftoverMatching, NothingIsLookedAtThatDoesNotMatch)
     }
 }
 
-/// The rule for exact matches as it is told in words: item by item, with nothing looked up. `longerIDs` are those that
-/// begin with the identifier and a dot.
+/// A reference implementation of the rule for exact matches: item by item, without lookup tables. `longerIDs` begin
+/// with the identifier and a dot.
 bool belongsTo(const std::string &id, const std::vector<std::string> &longerIDs, std::size_t location,
                const std::string &name)
 {

@@ -29,7 +29,7 @@ std::string entryText(const std::string &name, const std::string &exec, const st
     return "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=" + exec + "\n" + more;
 }
 
-/// A Debian desktop in memory, whose user's home is "/home/u". "Now" is a fixed moment.
+/// A Debian desktop in memory with the home folder "/home/u" and a fixed current time.
 class LinuxAppsTest : public testing::Test {
 protected:
     LinuxAppsTest()
@@ -51,7 +51,7 @@ protected:
         fake.files.addText("/var/lib/snapd/desktop/applications/" + name + "_" + name + ".desktop",
                            entryText(title, "env HINT=x /snap/bin/" + name), 0);
     }
-    /// A package with a program of 500 kB and a desktop file, of Debian's database.
+    /// Adds a package to Debian's database, with a program of 500 kB and a desktop file.
     void addPackage(const std::string &name, const std::string &entry, const std::string &text,
                     const std::string &listName = {})
     {
@@ -63,7 +63,7 @@ protected:
         fake.files.addText("/var/lib/dpkg/info/" + (listName.empty() ? name : listName) + ".list",
                            "/.\n/usr\n/usr/bin\n/usr/bin/" + name + "\n" + path + "\n");
     }
-    /// A file with that text in the place of whatever lies there.
+    /// Replaces the item at this path by a file with this text.
     void setText(const std::string &path, std::string text, std::int64_t allocated = 0)
     {
         if (fake.files.has(path))
@@ -74,7 +74,7 @@ protected:
     {
         fake.files.addFile(at(relative), size, modified);
     }
-    /// A folder of the home with a file in it, neither changed since.
+    /// Adds a folder in the home with one file, both last modified at this time.
     void addData(const std::string &relative, std::int64_t size = 1'000, Time modified = longAgo)
     {
         fake.files.addFolder(at(relative), modified);
@@ -104,7 +104,7 @@ protected:
             found.push_back(each.name);
         return found;
     }
-    /// The application's data of that match, beneath the home.
+    /// The application's data with this match, relative to the home.
     std::vector<std::string> dataOf(const std::string &name, Match match)
     {
         std::vector<std::string> found;
@@ -267,7 +267,7 @@ TEST_F(LinuxAppsTest, APackageOfSeveralEntriesIsOneApplication)
 
 // --- rpm
 
-/// What rpm itself prints, on a system with two applications.
+/// The output of rpm on a system with two applications.
 class RpmTest : public LinuxAppsTest {
 protected:
     RpmTest()
@@ -343,7 +343,7 @@ TEST_F(RpmTest, AHostileNameMakesNoCommandAndNoArgument)
     EXPECT_EQ(asked[1].size(), 4u);
 }
 
-// --- What its processes are told by
+// --- Identifying processes
 
 TEST_F(LinuxAppsTest, APackageRunsItsProgramsAndNoneOfAnother)
 {
@@ -411,7 +411,7 @@ TEST_F(LinuxAppsTest, TheMarksAreThoseOfTheSource)
     EXPECT_EQ(marksOf(app("Pad")).flatpak, "");
 }
 
-// --- Pictures and versions
+// --- Icons and versions
 
 TEST_F(LinuxAppsTest, EveryKindOfApplicationHasItsPicture)
 {
@@ -531,11 +531,11 @@ TEST_F(LinuxAppsTest, AFolderThatMayHoldTheUsersOwnFilesIsNoApplication)
                            entryText("Chart", at(program)), 0);
     };
     start("bin/chart");                // a folder of scripts
-    start("chart.sh");                 // the home itself
-    start("Documents/chart/chart");    // among documents
-    start(".local/share/chart/chart"); // where the data lies
-    start(".local/bin/chart");         // of everybody
-    start("work/chart/chart");         // what is worked at
+    start("chart.sh");                 // the home folder itself
+    start("Documents/chart/chart");    // in a documents folder
+    start(".local/share/chart/chart"); // in the data folder
+    start(".local/bin/chart");         // a folder of user-wide programs
+    start("work/chart/chart");         // in a work folder
     fake.files.addFolder(at("work/chart/.git"));
     EXPECT_THAT(names(), IsEmpty());
 }
@@ -554,7 +554,7 @@ TEST_F(LinuxAppsTest, NoMainFolderAndNoFolderOfManyBecomesAnApplication)
     start("Pictures/bin/pictures", "Pictures", code);
     start("Games/run", "Games", code);
     start("Games/bin/games", "Games", code);
-    start("Chess Club/chess", "Chess", "#!/bin/sh\nedit letters.txt\n"); // a script among what the user wrote
+    start("Chess Club/chess", "Chess", "#!/bin/sh\nedit letters.txt\n"); // a script among the user's documents
     start("Gamesaves/game", "Game", code);
     start("novel/bin/novel", "Novel", "#!/bin/sh\nprint chapters/*\n");
     start("notes/notes", "Notes", code);
@@ -580,12 +580,12 @@ TEST_F(LinuxAppsTest, AFolderOfSeveralProgramsOrOfTheUsersWorkIsNoApplication)
     start("Kite", "kite/kite");
     start("Photos", "Photos/photos");
     EXPECT_THAT(names(), testing::UnorderedElementsAre("Kite", "Photos"));
-    start("Chart", "kite/chart-2.0/chart"); // inside the other one's folder
+    start("Chart", "kite/chart-2.0/chart"); // inside the other application's folder
     addItem("Photos/summer.JPG");
     EXPECT_THAT(names(), ElementsAre("Chart"));
     start("Draw", "kite/Draw.AppImage");
     EXPECT_THAT(names(), testing::UnorderedElementsAre("Chart", "Draw"));
-    start("Vault", ".vault/vault"); // what programs keep for the user
+    start("Vault", ".vault/vault"); // a folder for the user's data
     start("Games", "fun/Games/games");
     EXPECT_THAT(names(), testing::UnorderedElementsAre("Chart", "Draw"));
     for (const char *const work : {"Projects/a", "saves/a", "site/.git/a", "cur/1", ".obsidian/a"}) {
@@ -628,7 +628,7 @@ TEST_F(LinuxAppsTest, TheLargestStandsFirst)
     EXPECT_THAT(names(), ElementsAre("Large", "Small"));
 }
 
-// --- What belongs to them
+// --- Leftovers
 
 TEST_F(LinuxAppsTest, DataThatBearsTheIdentifierBelongsToTheApplication)
 {
@@ -844,7 +844,7 @@ TEST_F(LinuxAppsTest, DocumentsAndProtectedPlacesAreNeverData)
     EXPECT_THAT(orphans(), IsEmpty());
 }
 
-// --- What is left behind
+// --- Orphans
 
 TEST_F(LinuxAppsTest, WhatGoneFlatpaksAndSnapsKeptIsLeftBehind)
 {
@@ -863,7 +863,7 @@ TEST_F(LinuxAppsTest, FoldersOfApplicationsThatAreGoneAreLeftBehindAfterThirtyDa
     addPackage("chart", "org.sea.Chart", entryText("Sea Chart", "x"));
     addData(".config/net.gone.Tool", 5'000);
     addData(".cache/net.gone.Tool", 4'000);
-    addData(".local/share/org.sea.Other"); // of a maker that is still here
+    addData(".local/share/org.sea.Other"); // of a vendor that is still installed
     addData(".config/net.recent.Tool", 1'000, now - std::chrono::days{29});
     addItem(".config/net.written.Tool/log", 1'000, now);
     addData(".config/net.gone");
@@ -894,7 +894,7 @@ TEST_F(LinuxAppsTest, WithMorePlacesForFlatpaksNoneIsSaidToBeGone)
     EXPECT_THAT(orphans(), IsEmpty());
 }
 
-// --- What is no proper record
+// --- Malformed records
 
 TEST_F(LinuxAppsTest, GarbageInTheDatabasesIsReadWithoutHarm)
 {
@@ -946,7 +946,7 @@ TEST_F(LinuxAppsTest, OnceStoppedNothingMoreIsMeasured)
     EXPECT_THAT(AppInventory::load(fake.host(), locations, now, stop).apps, IsEmpty());
 }
 
-/// That of a user with that home folder and no settings of its own, as long as it lives.
+/// The environment of a user with this home folder and default settings, while this object lives.
 class EnvironmentOf {
 public:
     explicit EnvironmentOf(const std::string &home)

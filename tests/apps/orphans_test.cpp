@@ -21,7 +21,7 @@ protected:
             ids.push_back(group.id);
         return ids;
     }
-    /// Whether a file of that name in Caches is an orphan.
+    /// Whether a file with this name in Caches is an orphan.
     bool isOrphan(const std::string &name)
     {
         addItem("Caches/" + name);
@@ -129,7 +129,7 @@ TEST_F(Orphans, SuffixesAreTakenOffOnceEachInTheirOrder)
     addItem("Caches/com.b.tool.savedState");
     addItem("Caches/com.c.tool.binarycookies");
     addItem("Caches/com.d.tool.binarycookies.savedstate.plist");
-    addItem("Caches/com.e.plist.savedstate"); // ".plist" is no longer at the end when it is looked for
+    addItem("Caches/com.e.plist.savedstate"); // ".plist" is no longer the extension when it is checked
     EXPECT_THAT(groups(), UnorderedElementsAre("com.a.tool", "com.b.tool", "com.c.tool", "com.d.tool", "com.e.plist"));
 }
 

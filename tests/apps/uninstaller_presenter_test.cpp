@@ -21,7 +21,7 @@ constexpr int patience = 20'000; // milliseconds
 
 class UninstallerPresenterTest : public test::AppsFixture {
 protected:
-    /// Publishes the inventory and shows it.
+    /// Publishes the inventory and shows the screen.
     void open()
     {
         publish();
@@ -47,7 +47,7 @@ protected:
     }
     [[nodiscard]] AppDetailPresenter &app() { return *presenter().app(); }
 
-    /// Made when it is first asked for, over what the store holds by then.
+    /// Created on first use, with the store's state at that time.
     UninstallerPresenter &presenter()
     {
         if (!made)
@@ -116,7 +116,7 @@ TEST_F(UninstallerPresenterTest, WhereThereIsNothingItSaysSo)
     EXPECT_EQ(presenter().content(), Content::list) << "what deleted ones left is there to look at";
 }
 
-// --- The choice
+// --- Selection
 
 TEST_F(UninstallerPresenterTest, NothingIsChosenAtFirst)
 {

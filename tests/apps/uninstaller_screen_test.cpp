@@ -23,7 +23,7 @@ const QString kiteRow = QStringLiteral("Kite Mail, app 330 MB, 330 MB");
 const QString orphansRow = QStringLiteral("Left behind by deleted apps, 2 items, 6 MB");
 const QString deckID = QStringLiteral("com.signaldeck.desktop");
 
-/// The whole screen in a window of its own, worked by mouse and keyboard.
+/// The whole screen in its own window, operated by mouse and keyboard.
 class UninstallerScreenTest : public test::AppsFixture {
 protected:
     void addThree()
@@ -90,7 +90,7 @@ protected:
         QQuickItem *const found = row(description);
         return found != nullptr && QuickScene::accessible(found)->state().selected;
     }
-    /// The check boxes of one name, from the top.
+    /// The check boxes with this accessible name, from the top.
     [[nodiscard]] std::vector<QQuickItem *> checkBoxes(const QString &name) const
     {
         std::vector<QQuickItem *> found;
@@ -107,7 +107,7 @@ protected:
     {
         std::vector<QQuickItem *> rows;
         static_cast<void>(scene->find([&](QQuickItem *item) {
-            // One that the list keeps for another row has no place in it.
+            // Skip delegates that the list keeps for reuse.
             if (item->property("unused").isValid() && !item->property("orphans").toBool() &&
                 item->property("index").toInt() >= 0)
                 rows.push_back(item);
@@ -134,7 +134,7 @@ protected:
     std::unique_ptr<ScreenScene> scene;
 };
 
-// --- What there is to see
+// --- Contents
 
 TEST_F(UninstallerScreenTest, ShowsTheListAndWhatToDoWithIt)
 {
@@ -191,7 +191,7 @@ TEST_F(UninstallerScreenTest, AnAppIsShownWithItsSectionsAndWhatIsAboutToHappen)
     EXPECT_FALSE(isChecked(checkBoxes(QStringLiteral("Signal Deck"))[0]));
 }
 
-// A list hides the rows that it does not show, and lays them out by their heights.
+// A list hides rows outside the viewport but still uses their heights for layout.
 TEST_F(UninstallerScreenTest, AHeadingKeepsItsHeightWhileItIsHidden)
 {
     openSignalDeck();
@@ -533,7 +533,7 @@ TEST_F(UninstallerScreenTest, WhileTheAppQuitsItCannotBeUninstalledOnceMore)
     EXPECT_EQ(*store.toast(), "Moved 3 items (6.74 GB) to Trash — empty it to free the space");
 }
 
-// --- Many
+// --- Many applications
 
 TEST_F(UninstallerScreenTest, OfFiveHundredAppsOnlyThoseThatAreSeenAreMade)
 {
@@ -588,7 +588,7 @@ protected:
                 .match = match,
                 .modified = {}};
     }
-    /// Every text that is shown, and what a reader says of it.
+    /// Every visible text and accessible name.
     [[nodiscard]] QString allWords() const
     {
         QString words;

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests of scripts/fetch_assets.py against a registry of this machine's own."""
+"""Tests of scripts/fetch_assets.py against a local registry."""
 
 import base64
 import hashlib
@@ -79,7 +79,7 @@ class FetchAssets(unittest.TestCase):
 
     def run_script(self, **environment):
         inherited = {name: value for name, value in os.environ.items() if not name.lower().startswith("npm_config")}
-        # No npm, unless a test puts one there.
+        # No npm on the path, unless a test adds one.
         inherited.update({"HOME": str(self.root), "PATH": str(self.root / "bin"), "no_proxy": "127.0.0.1"})
         if not environment:
             environment = {"npm_config_registry": self.registry}

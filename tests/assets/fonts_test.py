@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests of how the embedded fonts are made: outlines out of charstrings, quadratic curves out of cubic ones, and the
-font files of the build folder that the first argument names."""
+"""Tests of the font conversion: charstrings to outlines, cubic to quadratic curves, and the font files in the build
+folder given as the first argument."""
 
 import pathlib
 import struct
@@ -20,7 +20,7 @@ FAMILIES = ("InterText", "InterTabular")
 
 
 def program(*parts):
-    """A charstring: numbers as they are, operators as bytes."""
+    """A charstring: numbers are encoded, operators are given as bytes."""
     return b"".join(part if isinstance(part, bytes) else struct.pack(">Bh", 28, part) for part in parts)
 
 
@@ -37,7 +37,7 @@ class Charstrings(unittest.TestCase):
         self.assertEqual(contours(600, 10, b"\x16\x0e"), [[10 + 0j]])
 
     def test_hint_masks_are_as_long_as_the_hints_are_many(self):
-        # Nine hints need two bytes; the second, 21, would be a move if it were read as a program.
+        # Nine hints need two mask bytes; the second, 21, would be a move operator if it were parsed as code.
         hints = [1] * 18
         self.assertEqual(contours(*hints, b"\x12", b"\x13\xff\x15", 3, b"\x04\x0e"), [[3j]])
 
@@ -96,7 +96,7 @@ class MadeFonts(unittest.TestCase):
             tables = sfnt.read_tables(font)
             characters = build_fonts.read_characters(tables["cmap"])
             widths = [struct.unpack_from(">H", tables["hmtx"], characters[ord(figure)] * 4)[0] for figure in "0123456789"]
-            # The heavier weights' four is a few units narrower, which is nothing at any size of the program's.
+            # In the heavier weights "4" is a few units narrower, which is invisible at the program's font sizes.
             self.assertEqual(max(widths) - min(widths) < 6, family == "InterTabular")
 
     def test_each_has_a_family_name_of_its_own(self):

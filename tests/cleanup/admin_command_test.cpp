@@ -18,7 +18,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-/// A Linux system whose tools answer as the test says.
+/// A Linux system whose tools give the test's output.
 class AdminCommandTest : public testing::Test {
 protected:
     AdminCommandTest() { files.setHome("/home/me"); }

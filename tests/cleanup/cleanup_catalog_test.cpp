@@ -13,7 +13,7 @@
 namespace corvane {
 namespace {
 
-/// The real file system with another home folder.
+/// The real file system with a different home folder.
 class HomeIn : public FileSystem {
 public:
     explicit HomeIn(std::string home) : m_home(std::move(home)) {}
@@ -37,14 +37,14 @@ public:
     SystemKind systemKind() override { return kind; }
     std::optional<OwnPlace> ownPlaceFor(std::string_view macPlace) override
     {
-        const std::scoped_lock lock(m_lock); // the places are measured at the same time
+        const std::scoped_lock lock(m_lock); // places are measured concurrently
         askedPlaces.emplace_back(macPlace);
         return macPlace != movedPlace ? std::nullopt : std::optional(OwnPlace{ownPlace, m_home + "/.cache"});
     }
 
     std::string unlistable;
     SystemKind kind = SystemKind::mac;
-    std::string movedPlace; ///< the one that the system keeps in `ownPlace`
+    std::string movedPlace; ///< the one stored in `ownPlace`
     std::string ownPlace;
     std::vector<std::string> askedPlaces;
 
@@ -148,7 +148,7 @@ TEST_F(CleanupCatalogTest, OnALinuxSystemItsOwnPlaceIsMeasuredWhateverTheHomeHol
     files.movedPlace = "Library/Logs";
     files.ownPlace = folder / "elsewhere/logs";
     folder.writeFile("elsewhere/logs/a.log", 8192);
-    folder.makeFolder("Library/Logs"); // a stray one
+    folder.makeFolder("Library/Logs"); // a macOS path on another system
     const CleanupItem item = CleanupCatalog::measure(definition("logs"), files);
     EXPECT_EQ(item.entries, (std::vector<CleanupEntry>{{folder / "elsewhere/logs/a.log", 8192}}));
     EXPECT_EQ(item.path, folder / "elsewhere/logs");

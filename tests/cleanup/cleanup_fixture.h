@@ -7,7 +7,7 @@
 
 namespace corvane::test {
 
-/// A store for tests of what shows the catalogue, that of a Mac unless said otherwise.
+/// A store for tests of the catalogue's UI; a Mac unless specified otherwise.
 class CleanupFixture : public testing::Test, protected StoreOverAHome, WithoutMotion {
 protected:
     explicit CleanupFixture(SystemKind system = SystemKind::mac) : StoreOverAHome(system)
@@ -15,13 +15,13 @@ protected:
         fake.files.setPackageExtensions({"app", "xcarchive"});
     }
 
-    /// A project with dependencies of that size.
+    /// Adds a project with dependencies of the given size.
     void addProject(const std::string &name, std::int64_t size)
     {
         addFile("Projects/" + name + "/package.json", 1'000);
         addFile("Projects/" + name + "/node_modules/blob.bin", size);
     }
-    /// Caches of that many items, the first of which has as many kilobytes, the last one.
+    /// Adds `count` caches; the first has `count` kilobytes, the last has one.
     void addCaches(int count)
     {
         for (int i = 0; i < count; ++i)

@@ -20,7 +20,7 @@ const CleanupDefinition &definition(std::string_view id)
     return *std::ranges::find(CleanupCatalog::definitions, id, &CleanupDefinition::id);
 }
 
-/// Downloads of 20 bytes, to be reviewed; caches of 9 and a Trash of 2, both safe.
+/// Downloads of 20 bytes to review, and safe items: caches of 9 bytes and a Trash of 2.
 class CleanupItemsTest : public testing::Test {
 protected:
     std::vector<std::string> ids() const

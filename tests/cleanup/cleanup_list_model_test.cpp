@@ -403,7 +403,7 @@ TEST_F(CleanupListModelTest, ANewScanTakesTheOldBuildFoldersAway)
     EXPECT_EQ(titles(QStringLiteral("prompt")).size(), 1);
 }
 
-// --- What rows do
+// --- Row actions
 
 TEST_F(CleanupListModelTest, TheLastRowOfACardLeadsToTheLocation)
 {

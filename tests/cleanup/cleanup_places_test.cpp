@@ -31,7 +31,7 @@ protected:
         files.setOwnPlace(".Trash", {"/home/me/.local/share/Trash/files", "/home/me/.local/share/Trash/files"});
     }
 
-    /// As where the user has told a tool to keep its data elsewhere.
+    /// As if the user had configured a tool to keep its data elsewhere.
     void set(const std::string &place, const std::string &path)
     {
         files.setOwnPlace(place, {path, "/home/me/" + place});
@@ -317,7 +317,7 @@ TEST_F(CleanupPlacesTest, NoPlaceOfAnyRowMayBeSetToWhatIsNotItsOwn)
                                        "/home/me/.ssh", "/etc", "/data/link", "/data/mounted"}) {
                 set(place, folder);
                 files.setUserFolders(place == "Downloads" ? std::vector<std::string>{folder}
-                                                          : std::vector<std::string>{}); // as the list of them has it
+                                                          : std::vector<std::string>{}); // in the user's folder list
                 const CleanupItem measured = CleanupCatalog::measure(*row, files);
                 EXPECT_THAT(measured.entries, IsEmpty()) << place << " in " << folder;
             }

@@ -21,7 +21,7 @@ namespace {
 
 constexpr int patience = 5'000; // milliseconds
 
-/// The whole screen in a window of its own, worked by mouse and keyboard.
+/// The whole screen in its own window, operated by mouse and keyboard.
 class CleanupScreenTest : public test::CleanupFixture {
 protected:
     CleanupScreenTest()
@@ -55,7 +55,7 @@ protected:
     [[nodiscard]] QQuickItem *checkBox(const QString &name) const { return named(name, QAccessible::CheckBox); }
     [[nodiscard]] QQuickItem *button(const QString &name) const { return named(name, QAccessible::Button); }
     [[nodiscard]] QQuickItem *rows() const { return scene->item("cleanupRows"); }
-    /// The list makes and drops its rows when it is next drawn.
+    /// The list creates and destroys delegates on the next frame.
     [[nodiscard]] bool appears(const QString &description) const
     {
         return QTest::qWaitFor([&] { return row(description) != nullptr; }, patience);
@@ -97,7 +97,7 @@ TEST_F(CleanupScreenTest, WhileMeasuringItSaysSoAndCannotBeRefreshed)
 {
     show();
     EXPECT_TRUE(button(QStringLiteral("Refresh"))->isEnabled());
-    // The measurement is held until the screen has been looked at.
+    // Blocks the measurement until the test has checked the screen.
     std::atomic<bool> goesOn = false;
     fake.log->observe([&](const std::string &line) {
         while (line == "list " + at("Library/Caches") && !goesOn)

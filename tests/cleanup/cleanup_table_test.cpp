@@ -12,7 +12,7 @@ constexpr auto developer = CleanupGroup::developer;
 constexpr auto personal = CleanupGroup::personal;
 using Tint = CleanupTint;
 
-// The texts are part of the product: a change of one character is a change that a person must have wanted.
+// The texts are part of the product: every change must be intentional.
 TEST(CleanupCatalogTable, IsExactlyThis)
 {
     const CleanupDefinition expected[] = {

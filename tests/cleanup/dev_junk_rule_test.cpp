@@ -17,7 +17,7 @@ using test::addSmallFiles;
 using test::makeRoot;
 using test::NodePtr;
 
-/// A folder of one file in a project, and the markers that stand there.
+/// Matches a folder with one file in a project that contains these markers.
 std::optional<std::string_view> matchOf(const std::string &name, const std::vector<std::string> &markers,
                                         std::vector<std::string> *calls = nullptr, const char *project = "/p/app")
 {
@@ -67,7 +67,7 @@ TEST(DevJunkRule, NearMissesOfEveryRowAreNotOffered)
         std::vector<std::string> markers;
     };
     const Case cases[] = {
-        // The marker inside the folder, or beside its parent, where it must stand beside it.
+        // The marker is inside the folder, or one level too high, but must be next to the folder.
         {"node_modules", {"/p/app/node_modules/package.json", "/p/package.json"}},
         {"build", {"/p/app/build/build.gradle", "/p/build.gradle.kts"}},
         {".gradle", {"/p/app/.gradle/settings.gradle", "/p/settings.gradle", "/p/build.gradle"}},
@@ -75,14 +75,14 @@ TEST(DevJunkRule, NearMissesOfEveryRowAreNotOffered)
         {".next", {"/p/app/.next/package.json", "/p/package.json"}},
         {"Pods", {"/p/app/Pods/Podfile", "/p/Podfile"}},
         {".dart_tool", {"/p/app/.dart_tool/pubspec.yaml", "/p/pubspec.yaml"}},
-        // The other way round, and deeper.
+        // The reverse, and nested deeper.
         {"venv", {"/p/app/pyvenv.cfg", "/p/app/.venv/pyvenv.cfg", "/p/app/venv/lib/pyvenv.cfg"}},
         {".venv", {"/p/app/pyvenv.cfg", "/p/app/venv/pyvenv.cfg", "/p/app/.venv/lib/pyvenv.cfg"}},
-        // A marker that belongs to a row of another name.
+        // The marker of a rule for another name.
         {"build", {"/p/app/settings.gradle", "/p/app/settings.gradle.kts", "/p/app/package.json"}},
         {"target", {"/p/app/package.json", "/p/app/build.gradle"}},
         {"Pods", {"/p/app/package.json", "/p/app/pubspec.yaml"}},
-        // A marker of almost the right name.
+        // A marker with almost the right name.
         {"node_modules", {"/p/app/package.json5", "/p/app/package-lock.json", "/p/app/Package.json"}},
         {"build", {"/p/app/build.gradle.bak", "/p/app/build.gradle.KTS"}},
         {"target", {"/p/app/cargo.toml", "/p/app/Cargo.lock"}},

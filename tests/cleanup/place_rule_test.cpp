@@ -156,7 +156,7 @@ TEST_F(PlaceRuleTest, TheFolderForDownloadsIsAMainFolderItself)
         EXPECT_EQ(place(folder), folder);
     }
     EXPECT_EQ(place("/home/me/Documents"), std::nullopt);
-    EXPECT_EQ(place("/home/me/Bilder"), std::nullopt); // which stands for pictures, too
+    EXPECT_EQ(place("/home/me/Bilder"), std::nullopt); // which is also the pictures folder
     EXPECT_EQ(place("/home/me/Documents/thesis"), std::nullopt);
     files.take("/home/me/Downloads");
     files.addLink("/home/me/Downloads", "/data/cache");

@@ -15,8 +15,8 @@
 namespace corvane {
 namespace {
 
-/// A home of the test's own, in which each variable and each configuration file that tells a tool where to keep
-/// something can be made to name any folder.
+/// A temporary home folder in which each variable and configuration file that sets a tool's folder can point to any
+/// folder.
 class ToolSettingsTest : public testing::TestWithParam<PlaceSetting> {
 protected:
     ToolSettingsTest()
@@ -38,7 +38,7 @@ protected:
             value ? ::setenv(name.c_str(), value->c_str(), 1) : ::unsetenv(name.c_str());
     }
 
-    /// The setting names that folder, or one in which its rest is a link to that folder.
+    /// Makes the setting name this folder, or a folder whose remaining path is a link to it.
     void lead(const PlaceSetting &setting, const std::string &target)
     {
         std::string named = target;

@@ -62,7 +62,7 @@ TEST(ArgumentReader, AnUnknownOptionComesBeforeOtherFaults)
     EXPECT_EQ(read({"snapshots", "a", "--bogus"}).fault, "unknown option \"--bogus\"");
 }
 
-TEST(ArgumentReader, WhoAsksForHelpGetsItWhateverElseIsWrong)
+TEST(ArgumentReader, HelpTakesPrecedenceOverErrors)
 {
     const CommandLine line = read({"map", "--bogus", "--help"});
 

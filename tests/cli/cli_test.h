@@ -14,7 +14,7 @@
 
 namespace corvane {
 
-/// The program over a temporary folder that also holds its home and its Trash.
+/// Runs the program on a temporary folder that also contains its home and Trash.
 class CliTest : public testing::Test {
 protected:
     CliTest()
@@ -35,7 +35,7 @@ protected:
         return program(std::move(arguments)).run();
     }
 
-    /// Runs with `--json` and gives the document; the test fails where there is none.
+    /// Runs with `--json` and parses the output; fails the test if there is none.
     [[nodiscard]] nlohmann::json document(std::vector<std::string> arguments, int exitStatus = 0) const
     {
         arguments.emplace_back("--json");
@@ -50,14 +50,14 @@ protected:
         return json;
     }
 
-    /// Lets the user that `asOrdinaryUser` runs the program as into the folder and own what is in it.
+    /// Gives the folder and its contents to the user of `asOrdinaryUser`.
     void openToOrdinaryUser() const
     {
         if (geteuid() == 0)
             giveAway(m_folder.path());
     }
 
-    /// Whether the program's home is the test's: on a Mac it is always the user's own, whatever HOME says.
+    /// Whether the program uses the test's home folder: on a Mac it always uses the real one, regardless of HOME.
     [[nodiscard]] bool hasOwnHome() const
     {
         return document({"protected", m_folder / "home"})[0]["protected"].get<bool>();
@@ -76,7 +76,7 @@ private:
     }
 };
 
-/// For tests that rely on what lies in the home folder.
+/// For tests that depend on the contents of the home folder.
 #define REQUIRE_OWN_HOME()                                                                                             \
     if (!hasOwnHome())                                                                                                 \
     GTEST_SKIP() << "the program does not take its home folder from the environment here"

@@ -33,8 +33,8 @@ bool isLetter(char c)
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-/// The words made of letters and dashes that stand behind each place of a mark, with the mark: of the mark "--"
-/// all long options. A mark counts only where no letter or dash stands before it.
+/// The words of letters and dashes after each occurrence of a mark, including the mark: for "--" all long options. An
+/// occurrence preceded by a letter or dash does not count.
 std::set<std::string> wordsBehind(const std::string &text, const std::string &mark)
 {
     std::set<std::string> words;
@@ -49,7 +49,7 @@ std::set<std::string> wordsBehind(const std::string &text, const std::string &ma
     return words;
 }
 
-/// The names of the options that a help text lists, with their dashes.
+/// The options that a help text lists, with their dashes.
 std::set<std::string> optionsIn(const std::string &help)
 {
     const std::size_t start = help.find("Options:");
@@ -275,7 +275,7 @@ TEST_F(CommandLineTest, NothingThatIsReadOnALinuxSystemSpeaksOfAMac)
     REQUIRE_OWN_HOME();
     m_folder.writeFile("home/Films/film.mkv", 2'000'000);
     m_folder.writeFile("home/.npm/_cacache/blob", 2'000'000);
-    m_folder.writeFile("home/.gradle/caches", 10); // not a folder, so it cannot be listed
+    m_folder.writeFile("home/.gradle/caches", 10); // a file, so listing it fails
     std::vector<std::vector<std::string>> runs{{"--help"},
                                                {"help"},
                                                {"scan"},
@@ -308,7 +308,7 @@ TEST_F(CommandLineTest, NothingThatIsReadOnALinuxSystemSpeaksOfAMac)
         EXPECT_FALSE(texts.back().empty()) << file;
     }
 
-    // What the machine has installed is called as its makers like.
+    // Installed programs on this machine can have any name.
     std::vector<std::string> names;
     const nlohmann::json inventory = document({"apps"});
     for (const nlohmann::json &app : inventory["apps"])

@@ -1,5 +1,5 @@
-// What the program tells of a disk against what df and du tell of it. Each disk is made for its test, in a mount
-// namespace of its own: it is seen by nobody else, and goes with the namespace, however the test ends.
+// Compares the program's figures for a disk with those of df and du. Each test creates its own disk in its own mount
+// namespace: no other process sees it, and it disappears with the namespace, however the test ends.
 
 #include <algorithm>
 #include <array>
@@ -24,12 +24,12 @@ using nlohmann::json;
 
 constexpr std::int64_t mb = 1'000'000;
 
-/// How a disk is made at "$disk"; the shell fails where that cannot be done here.
+/// How to create a disk at "$disk"; the shell command fails if that is not possible here.
 struct DiskKind {
     const char *name;
     const char *script;
     bool needsRoot;
-    bool keepsBack; ///< a twentieth for the administrator
+    bool keepsBack; ///< reserves a twentieth for the administrator
 };
 
 constexpr std::array<DiskKind, 4> diskKinds{{
@@ -40,23 +40,23 @@ constexpr std::array<DiskKind, 4> diskKinds{{
     {"xfs", "truncate -s 900M image && mkfs.xfs -q image && mount -o loop image \"$disk\"", true, false},
 }};
 
-/// Runs the program in a root that is a disk made for it, with "/usr" from this computer.
+/// Runs the program in a root on a new disk, with "/usr" from this machine.
 class DiskAgreement : public testing::TestWithParam<DiskKind> {
 protected:
-    /// What df, du and the program tell.
+    /// The output of df, du and the program.
     struct Answers {
-        std::int64_t used = 0; ///< df's
+        std::int64_t used = 0; ///< from df
         std::int64_t available = 0;
-        std::int64_t usedAtHome = 0; ///< of the file system of "/home", which may be the same
+        std::int64_t usedAtHome = 0; ///< of the file system of "/home", which may be the same one
         std::int64_t availableAtHome = 0;
-        std::int64_t onDisk = 0; ///< du's
+        std::int64_t onDisk = 0; ///< from du
         json breakdown;
         std::string table;
         json scan;
-        json breakdownOfUser; ///< of an ordinary user whose home it is; only where the tests run as root
+        json breakdownOfUser; ///< as an ordinary user who owns the home; only if the tests run as root
     };
 
-    /// Runs `fill` on the new disk, and the programs in its root. Nothing where no such disk can be made here.
+    /// Runs `fill` on the new disk, and the programs in its root. nullopt if no such disk can be created here.
     std::optional<Answers> ask(const std::string &fill)
     {
         const std::string make = R"sh(
@@ -89,7 +89,7 @@ fi'
                                          .with("tools", std::filesystem::path(Program::path()).parent_path())
                                          .with("binds", binds)
                                          .with("user", geteuid() == 0 ? std::to_string(nobody) : "")
-                                         // Leak checking traces the process, which a sandbox forbids.
+                                         // Leak checking uses ptrace, which a sandbox forbids.
                                          .with("ASAN_OPTIONS", "detect_leaks=0")
                                          .run();
         if (result.exitStatus == 77)
@@ -129,10 +129,10 @@ fi'
     }
 
     TemporaryFolder folder;
-    std::string binds; ///< more arguments of the sandbox
+    std::string binds; ///< additional sandbox arguments
 
 private:
-    /// The program handed to another one that sees mounts of its own.
+    /// Runs the program through a launcher with its own mount namespace.
     static Program inNamespace(std::vector<std::string> command)
     {
         std::vector<std::string> launcher{"unshare", "--mount", "--propagation", "private"};
@@ -231,7 +231,7 @@ head -c 70000000 /dev/urandom > var/log/syslog
     expectWithinOnePercent(answers->scan["bytes"], 150 * mb);
 }
 
-/// How much of what is used the breakdown explains, in percent.
+/// The percentage of the used space that the breakdown explains.
 double explainedBy(const json &breakdown)
 {
     const auto used = breakdown["total"].get<double>() - breakdown["free"].get<double>();
@@ -241,11 +241,11 @@ double explainedBy(const json &breakdown)
 INSTANTIATE_TEST_SUITE_P(OfDisks, DiskAgreement, testing::ValuesIn(diskKinds),
                          [](const auto &kind) { return std::string(kind.param.name); });
 
-/// Disks with room for a desktop, of which hardly anything is written.
+/// Disks large enough for a desktop, almost all of it sparse.
 class DesktopAgreement : public DiskAgreement {};
 
-// The shares are those of a desktop of Debian that has been used for a while, at a tenth of its size; the folders
-// are closed that are closed there.
+// The proportions are those of a Debian desktop after some time of use, at a tenth of its size, with the same folders
+// unreadable.
 TEST_P(DesktopAgreement, TheAdministratorSeesNearlyAllAndAnOrdinaryUserMostOfADesktop)
 {
     ASK_OR_SKIP(answers, R"sh(
@@ -286,7 +286,7 @@ constexpr std::array<DiskKind, 2> desktopDisks{{
 INSTANTIATE_TEST_SUITE_P(OfDisks, DesktopAgreement, testing::ValuesIn(desktopDisks),
                          [](const auto &kind) { return std::string(kind.param.name); });
 
-/// btrfs, whose volumes lie in one file system.
+/// btrfs, with several volumes in one file system.
 class VolumeAgreement : public DiskAgreement {};
 
 TEST_P(VolumeAgreement, VolumesCountOnceAndTheirSnapshotsNotAtAll)

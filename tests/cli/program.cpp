@@ -51,7 +51,7 @@ struct Pipe {
     int writeEnd = -1;
 };
 
-/// Reads both pipes to their ends; false where that took too long.
+/// Reads both pipes to the end; returns false on timeout.
 bool readAll(const Pipe &out, const Pipe &errors, ProgramResult &result)
 {
     using Clock = std::chrono::steady_clock;
@@ -141,7 +141,7 @@ std::string Program::path()
 
 void Program::become() const
 {
-    // Sets the environment and looks the launcher up in its path.
+    // env sets the environment and searches PATH for the launcher.
     std::vector<std::string> line{"/usr/bin/env", "-i"};
     for (const auto &[name, value] : m_environment)
         line.push_back(name + "=" + value);

@@ -9,16 +9,16 @@
 
 namespace corvane {
 
-/// What became of a run.
+/// The result of a run.
 struct ProgramResult {
-    int exitStatus = -1; ///< -1 where a signal ended the program
+    int exitStatus = -1; ///< -1 if the program was killed by a signal
     int signal = 0;
     std::string out;
     std::string errors;
 };
 
-/// One run of the real program with captured output. Its environment holds only what the test sets, a path, a
-/// terminal type and what sanitizers read. A run that takes longer than a minute is ended, which shows as a signal.
+/// One run of the real program with captured output. Its environment contains only the test's variables, PATH, TERM and
+/// the sanitizers' options. A run that takes longer than a minute is killed, which is reported as a signal.
 class Program {
 public:
     explicit Program(std::vector<std::string> arguments);
@@ -28,13 +28,13 @@ public:
     Program &in(const std::string &folder);
     Program &with(const std::string &name, const std::string &value);
 
-    /// Runs it through another program, to which the program's path and arguments are handed.
+    /// Runs it through a launcher, which receives the program's path and arguments.
     Program &through(std::vector<std::string> launcher);
 
-    /// Where the tests run as root: runs it as a user for whom permissions hold.
+    /// If the tests run as root: runs it as a user who is subject to permissions.
     Program &asOrdinaryUser();
 
-    /// Called with the program's process once it runs.
+    /// Calls `action` with the process id once the program runs.
     Program &meanwhile(std::function<void(pid_t)> action);
 
     [[nodiscard]] ProgramResult run() const;
@@ -42,7 +42,7 @@ public:
     /// The path of the program under test.
     [[nodiscard]] static std::string path();
 
-    /// Turns the calling process, a fresh child, into the program.
+    /// Replaces the calling process, a forked child, with the program.
     [[noreturn]] void become() const;
 
 private:
@@ -55,7 +55,7 @@ private:
     bool m_asOrdinaryUser = false;
 };
 
-/// The user id of somebody who owns nothing.
+/// The id of a user who owns nothing.
 inline constexpr unsigned nobody = 65534;
 
 } // namespace corvane

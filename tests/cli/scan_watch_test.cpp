@@ -34,7 +34,7 @@ bool becomesCancelled(const ScanProgress &progress)
     return progress.isCancelled();
 }
 
-/// Standard error on a terminal of the test's own, 60 columns wide.
+/// Redirects standard error to a pseudo-terminal, 60 columns wide.
 class TerminalOnStandardError {
 public:
     TerminalOnStandardError() : m_saved(dup(STDERR_FILENO))
@@ -56,7 +56,7 @@ public:
     TerminalOnStandardError(const TerminalOnStandardError &) = delete;
     TerminalOnStandardError &operator=(const TerminalOnStandardError &) = delete;
 
-    /// What has been written, once it ends in that text; all there was after ten seconds otherwise.
+    /// The output so far, once it ends with this text; after ten seconds, whatever there is.
     std::string writtenUntil(std::string_view end)
     {
         for (int i = 0; i < 1'000 && !m_text.ends_with(end); ++i) {
@@ -81,8 +81,7 @@ bool defaultHandles(int signal)
     return action.sa_handler == SIG_DFL;
 }
 
-/// A folder with one file and one folder in it, which is just such a folder, and so on without end. The hundredth
-/// raises a signal when it is listed.
+/// A folder with one file and one such folder in it, recursively without end. Listing the hundredth raises a signal.
 class EndlessFolder final : public OpenFolder {
 public:
     explicit EndlessFolder(std::uint64_t depth) : m_depth(depth) {}
@@ -130,7 +129,7 @@ public:
     int removals = 0;
 };
 
-/// One file; whoever goes about to remove it sees `onRemoval` called first.
+/// A single file; the fake calls `onRemoval` before it is removed.
 class WatchedFile final : public EndlessFileSystem {
 public:
     Expected<ItemFacts> facts(const std::string &) override
@@ -146,7 +145,7 @@ public:
     std::function<void()> onRemoval;
 };
 
-/// What "remove --permanently --yes PATH" ends with.
+/// Runs "remove --permanently --yes PATH" and returns its exit status.
 ExitStatus deletion(const std::string &path, Console &console, const Host &host)
 {
     Arguments arguments;

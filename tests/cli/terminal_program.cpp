@@ -51,7 +51,7 @@ bool TerminalProgram::readSome()
         return true;
     std::array<char, 4096> buffer{};
     const ssize_t count = read(m_terminal, buffer.data(), buffer.size());
-    // A terminal whose last program is gone answers with an error.
+    // A terminal returns an error once its last program has exited.
     if (count <= 0)
         return count < 0 && errno == EINTR;
     m_screen.append(buffer.data(), static_cast<std::size_t>(count));

@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// One run of the real program on a terminal of its own.
+/// One run of the real program on its own pseudo-terminal.
 class TerminalProgram {
 public:
     explicit TerminalProgram(const Program &program, unsigned short columns = 100);
@@ -18,12 +18,12 @@ public:
     TerminalProgram(const TerminalProgram &) = delete;
     TerminalProgram &operator=(const TerminalProgram &) = delete;
 
-    /// Waits until the text has appeared; false where the program ended or a minute passed before.
+    /// Waits until the text appears; returns false if the program ends or a minute passes first.
     [[nodiscard]] bool waitFor(std::string_view text);
 
     void type(std::string_view text) const;
 
-    /// Waits for the end and gives all that the terminal got as `out`.
+    /// Waits for the program to end and returns the terminal's output as `out`.
     [[nodiscard]] ProgramResult finish();
 
 private:

@@ -13,7 +13,7 @@ using nlohmann::json;
 
 class TerminalTest : public CliTest {
 protected:
-    /// Through a shell that sends standard output to a file and leaves the terminal the rest.
+    /// Runs it through a shell that redirects only standard output to a file.
     [[nodiscard]] Program withOutputInFile(std::vector<std::string> arguments) const
     {
         return program(std::move(arguments)).through({"/bin/sh", "-c", "exec \"$0\" \"$@\" > out.json"});
@@ -77,7 +77,7 @@ TEST_F(TerminalTest, ADocumentIsAloneOnStandardOutput)
 
     EXPECT_EQ(result.exitStatus, 0);
     EXPECT_EQ(outputFile()["files"], 1);
-    EXPECT_TRUE(result.out.empty() || result.out.ends_with("\r\x1b[K")) << result.out; // at most a line wiped away
+    EXPECT_TRUE(result.out.empty() || result.out.ends_with("\r\x1b[K")) << result.out; // at most a cleared line
 }
 
 TEST_F(TerminalTest, RemovalAsksAndAYesRemoves)

@@ -31,17 +31,17 @@ TEST(DisplayWidth, AnEmojiTakesTwoColumnsHoweverManyCharactersItIsMadeOf)
 {
     for (const char *const emoji : {
              "\U0001F600",                                                             // a face
-             "\u2764\uFE0F",                                                           // a heart, asked for as an emoji
-             "\u00A9\uFE0F",                                                           // a sign, asked for as an emoji
+             "\u2764\uFE0F",                                                           // a heart shown as an emoji
+             "\u00A9\uFE0F",                                                           // a sign shown as an emoji
              "1\uFE0F\u20E3",                                                          // a keycap
-             "\U0001F44B\U0001F3FF",                                                   // a hand of a colour
+             "\U0001F44B\U0001F3FF",                                                   // a hand with a skin tone
              "\U0001F1FA\U0001F1F3",                                                   // a flag of two letters
-             "\U0001F3F3\uFE0F\u200D\U0001F308",                                       // a flag of two emoji
-             "\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E\U000E0067\U000E007F", // a flag of tags
-             "\U0001F469\U0001F3FD\u200D\U0001F680",                                   // a person of a colour at work
+             "\U0001F3F3\uFE0F\u200D\U0001F308",                                       // a flag of two joined emoji
+             "\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E\U000E0067\U000E007F", // a flag of tag characters
+             "\U0001F469\U0001F3FD\u200D\U0001F680",                                   // a profession with a skin tone
              "\U0001F9D1\u200D\U0001F9D1\u200D\U0001F9D2",                             // a family
-             "\u26F9\uFE0F\u200D\u2640\uFE0F",                                         // one of signs alone
-             "\U0001FAE8",                                                             // one of the newest
+             "\u26F9\uFE0F\u200D\u2640\uFE0F",                                         // of text symbols only
+             "\U0001FAE8",                                                             // from a recent Unicode version
          }) {
         EXPECT_EQ(displayWidth(emoji), 2u) << emoji;
         EXPECT_EQ(displayWidth(std::string(emoji) + emoji), 4u) << emoji;
@@ -61,7 +61,7 @@ TEST(DisplayWidth, SignsTakeOneColumnUnlessAskedForAsEmoji)
 TEST(DisplayWidth, MarksTakeColumnsWhereTerminalsGiveThemSome)
 {
     EXPECT_EQ(displayWidth("\u0915\u093E"), 2u);       // beside its letter
-    EXPECT_EQ(displayWidth("\u0915\u0941"), 1u);       // beneath it
+    EXPECT_EQ(displayWidth("\u0915\u0941"), 1u);       // below its letter
     EXPECT_EQ(displayWidth("\u1112\u1161\u11AB"), 2u); // a syllable of three letters
     EXPECT_EQ(displayWidth("o\u0302\u0323\u0308"), 1u);
 }

@@ -11,7 +11,7 @@
 
 namespace corvane {
 
-/// What is written to an output: less than a pipe holds.
+/// Captures what is written to an output; must fit into a pipe.
 inline std::string writtenTo(const std::function<void(Output &)> &write)
 {
     std::array<int, 2> ends{};

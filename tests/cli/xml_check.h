@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// What keeps a text from being well-formed XML (elements, attributes, character data and the five named
-/// references; no comments, sections or document types), or an empty text where nothing does.
+/// The first error that makes a text ill-formed XML (elements, attributes, character data and the five predefined
+/// entities; no comments, CDATA sections or document types), or an empty text if there is none.
 [[nodiscard]] std::string xmlFault(std::string_view text);
 
 } // namespace corvane

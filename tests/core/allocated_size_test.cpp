@@ -58,7 +58,7 @@ TEST_F(AllocatedSizeTest, NeverFollowsALink)
     EXPECT_EQ(sizeOf("link"), 0);
 }
 
-TEST_F(AllocatedSizeTest, OfWhatIsNotThereIsNothing)
+TEST_F(AllocatedSizeTest, OfAMissingItemIsZero)
 {
     EXPECT_EQ(sizeOf("missing"), 0);
 }

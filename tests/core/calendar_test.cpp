@@ -80,7 +80,7 @@ TEST(Calendar, FiveMonthsAndTwentyNineDaysAreFive)
 
 TEST(Calendar, ClocksThatWereChangedInBetweenShiftTheMoment)
 {
-    // Noon there is 11:00 UTC in winter and 10:00 UTC in summer.
+    // Local noon is 11:00 UTC in winter and 10:00 UTC in summer.
     const Time winter = at(2025y / 1 / 15, hours{11});
     EXPECT_EQ(withSummerTime.wholeMonths(winter, at(2025y / 7 / 15, hours{10})), 6);
     EXPECT_EQ(withSummerTime.wholeMonths(winter, at(2025y / 7 / 15, hours{10}) - seconds{1}), 5);
@@ -91,7 +91,7 @@ TEST(Calendar, ClocksThatWereChangedInBetweenShiftTheMoment)
 
 TEST(Calendar, TheDayOfTheZoneCounts)
 {
-    // 00:30 on 1 June there is still May in UTC.
+    // 00:30 on 1 June local time is still May in UTC.
     const Time start = at(2025y / 5 / 31, hours{22} + minutes{30});
     EXPECT_EQ(withSummerTime.wholeMonths(start, at(2025y / 11 / 30, hours{23} + minutes{30})), 6);
     EXPECT_EQ(withSummerTime.wholeMonths(start, at(2025y / 11 / 30, hours{23} + minutes{30}) - seconds{1}), 5);
@@ -99,7 +99,7 @@ TEST(Calendar, TheDayOfTheZoneCounts)
 
 TEST(Calendar, ATimeThatTheClocksSkipCountsAsAnHourLater)
 {
-    // 02:30 of 30 March does not exist there; the clocks show 03:30 at 01:30 UTC.
+    // 02:30 on 30 March does not exist locally; clocks show 03:30 at 01:30 UTC.
     const Time start = at(2024y / 9 / 30, hours{1} + minutes{30});
     EXPECT_EQ(withSummerTime.wholeMonths(start, at(2025y / 3 / 30, hours{1} + minutes{30})), 6);
     EXPECT_EQ(withSummerTime.wholeMonths(start, at(2025y / 3 / 30, hours{1} + minutes{30}) - seconds{1}), 5);
@@ -107,7 +107,7 @@ TEST(Calendar, ATimeThatTheClocksSkipCountsAsAnHourLater)
 
 TEST(Calendar, OfATimeThatTheClocksShowTwiceTheFirstCounts)
 {
-    // 02:30 of 26 October is 00:30 and 01:30 UTC.
+    // 02:30 on 26 October occurs twice, at 00:30 and 01:30 UTC.
     const Time start = at(2025y / 4 / 26, minutes{30});
     EXPECT_EQ(withSummerTime.wholeMonths(start, at(2025y / 10 / 26, minutes{30})), 6);
     EXPECT_EQ(withSummerTime.wholeMonths(start, at(2025y / 10 / 26, minutes{30}) - seconds{1}), 5);
@@ -115,12 +115,12 @@ TEST(Calendar, OfATimeThatTheClocksShowTwiceTheFirstCounts)
 
 TEST(Calendar, ClocksSetBackIntoTheMonthBeforeLoseNoMonth)
 {
-    // At 00:30 on 1 November they are set back to 23:30 of 31 October.
+    // At 00:30 on 1 November clocks are set back to 23:30 on 31 October.
     const Calendar zone{[](Time time) { return seconds{time < at(2025y / 11 / 1, minutes{30}) ? 0 : -3600}; }};
     EXPECT_EQ(zone.wholeMonths(at(2025y / 5 / 1, minutes{10}), at(2025y / 11 / 1, minutes{45})), 6);
 }
 
-TEST(Calendar, ATimeToComeIsNoMonthAway)
+TEST(Calendar, AFutureTimeIsZeroMonthsAgo)
 {
     EXPECT_EQ(utc.wholeMonths(at(2025y / 5 / 19), at(2025y / 5 / 19)), 0);
     EXPECT_EQ(utc.wholeMonths(at(2030y / 1 / 1), at(2025y / 5 / 19)), 0);
@@ -135,7 +135,7 @@ TEST(Calendar, TimesBeyondAllCalendarsDoNoHarm)
     EXPECT_EQ(systemCalendar().wholeMonths(first, last), utc.wholeMonths(distantPast, at(9999y / 12 / 31, seconds{0})));
 }
 
-/// Another time zone for the program, set back by the destructor.
+/// Sets another time zone for the process until it is destroyed.
 class ZoneOf {
 public:
     explicit ZoneOf(const char *zone)
@@ -161,7 +161,7 @@ private:
 
 TEST(SystemCalendar, ReckonsInTheZoneThatIsSet)
 {
-    // An hour ahead of UTC, two in summer; the rules are in the text, so no table of zones need be installed.
+    // An hour ahead of UTC, two in summer; the rules are in the text, so no time zone database is needed.
     const ZoneOf zone("CET-1CEST,M3.5.0,M10.5.0/3");
     const Time winter = at(2025y / 1 / 15, hours{11});
     EXPECT_EQ(systemCalendar().wholeMonths(winter, at(2025y / 7 / 15, hours{10})), 6);

@@ -46,7 +46,7 @@ public:
         Gauge &m_gauge;
     };
 
-    /// Waits until so many are, or have been, inside at once; false when that takes too long.
+    /// Waits until at least `count` threads are, or have been, inside at once; returns false on timeout.
     bool reaches(std::size_t count)
     {
         std::unique_lock lock(m_lock);
@@ -84,7 +84,7 @@ TEST(ConcurrentPerform, OneIterationRunsOnTheCallersThread)
 TEST(ConcurrentPerform, EveryIterationRunsExactlyOnce)
 {
     for (const std::size_t iterations : {2UL, 3UL, 64UL, 10'000UL}) {
-        std::vector<int> calls(iterations); // each written by one thread alone: a race is a mistake of the pool
+        std::vector<int> calls(iterations); // written by one thread each; a race is a bug in the pool
         concurrentPerform(iterations, [&](std::size_t i) { ++calls.at(i); });
         EXPECT_TRUE(std::ranges::all_of(calls, [](int count) { return count == 1; })) << iterations;
     }
@@ -121,7 +121,7 @@ TEST(ConcurrentPerform, TheCallerTakesItsShare)
         if (std::this_thread::get_id() == caller)
             tookOne = true;
         const Gauge::Inside inside(gauge);
-        EXPECT_TRUE(gauge.reaches(cores())); // so every thread gets one
+        EXPECT_TRUE(gauge.reaches(cores())); // so that every thread gets one
     });
     EXPECT_TRUE(tookOne);
 }
@@ -139,9 +139,9 @@ TEST(ConcurrentPerform, AThreadThatWaitsForItsNestedCallLendsItsCore)
 {
     if (cores() < 2)
         GTEST_SKIP() << "needs two cores";
-    // Every core is taken by an outer iteration; then the first opens a nested call, the second leaves to help
-    // there, and the first has nothing left but to wait for it. The second now needs a thread itself: there is
-    // a core for one only if the waiting thread has lent its own.
+    // Every core is busy with an outer iteration; then the first opens a nested call, the second leaves to help there,
+    // and the first can only wait for it. The second now needs a thread itself, for which a core is free only if the
+    // waiting thread has lent its own.
     Gauge outerGauge;
     Gauge nestedGauge;
     Gauge innermostGauge;
@@ -177,7 +177,7 @@ TEST(ConcurrentPerform, NotManyMoreThreadsThanCoresAreAtWork)
             std::this_thread::sleep_for(100us);
         });
     });
-    // A caller whose helpers are done goes on at once, before the thread that stood in for it has stopped.
+    // A caller whose helpers are done continues immediately, before the thread that replaced it has stopped.
     EXPECT_LE(gauge.most(), cores() * 2);
 }
 

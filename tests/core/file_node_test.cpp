@@ -18,10 +18,10 @@ using test::addSmallFiles;
 using test::makeRoot;
 using test::NodePtr;
 
-// Deep enough that one stack frame for each level would end the program.
+// Deep enough that recursion with one stack frame per level would overflow the stack.
 constexpr int deep = 100'000;
 
-/// A tree of one folder inside the other, with a file of that many bytes at the bottom.
+/// A chain of nested folders with a file of `bytes` bytes at the bottom.
 NodePtr makeDeepTree(std::int64_t bytes, NodePtr *bottom = nullptr)
 {
     NodePtr root = makeRoot("/deep");
@@ -219,7 +219,7 @@ TEST(FileNode, KindLabelIsTheTypeOfFilesAndPackages)
 
 TEST(FileNode, StaysSmall)
 {
-    // Hundreds of thousands of nodes are held at once; each is one block of the allocator with its counters.
+    // Hundreds of thousands of nodes are in memory at once; each is one heap block including its reference counts.
     EXPECT_LE(sizeof(FileNode), 128u);
 }
 

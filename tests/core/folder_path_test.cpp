@@ -29,7 +29,7 @@ TEST(FolderPath, RootOfTheDiskAddsNoSecondSlash)
 
 TEST(FolderPath, FolderNamedLikeASlashCannotBeTakenForTheRoot)
 {
-    // No folder is called so, but the separator must follow from the place in the tree, not from the name alone.
+    // No real folder has this name, but the separator must depend on the position in the tree, not on the name alone.
     EXPECT_EQ(FolderPath(FolderPath("/a"), "/").textOf("b"), "/a///b");
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char *home = "/Users/me";
 
-/// The places that are protected on every system, without any of the system's own.
+/// The places that are protected on every system, without those of a particular one.
 ProtectedLocations standardLocations()
 {
     return ProtectedLocations(home, {});
@@ -331,7 +331,7 @@ TEST(PathGuard, LinkThatTheTextAsksToFollowIsFollowed)
     const ProtectedLocations locations = standardLocations();
     EXPECT_TRUE(locations.isProtected("/Users/me/link/", fake.files));
     EXPECT_TRUE(locations.isProtected("/Users/me/link/.", fake.files));
-    // To the system this is "/usr/lib", however much it looks like an item of the home folder.
+    // The system resolves this to "/usr/lib", although it looks like an item of the home folder.
     EXPECT_TRUE(locations.isProtected("/Users/me/link/../lib", fake.files));
 }
 
@@ -529,7 +529,7 @@ TEST(FullDiskAccess, OfALinuxSystemIsThatTheHomeOpensForReading)
     fake.files.setHome("/home/u");
     EXPECT_TRUE(PathGuard::probeFullDiskAccess(fake.files));
     EXPECT_TRUE(fake.log->linesStartingWith("list").empty()) << "a large home takes its time";
-    fake.files.addFolder("/home/u/Library"); // a stray one
+    fake.files.addFolder("/home/u/Library"); // a macOS folder on Linux
     EXPECT_TRUE(PathGuard::probeFullDiskAccess(fake.files));
     fake.files.failOpening("/home/u");
     EXPECT_FALSE(PathGuard::probeFullDiskAccess(fake.files));

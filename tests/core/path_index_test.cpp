@@ -96,7 +96,7 @@ TEST(PathIndex, MovedFromIndexIsEmptyAndUsable)
     index.insert(*root);
     PathIndex taken = std::move(index);
     EXPECT_EQ(taken.find("/home/u"), root.get());
-    EXPECT_EQ(index.size(), 0u); // NOLINT(bugprone-use-after-move): what is left behind is what this is about
+    EXPECT_EQ(index.size(), 0u); // NOLINT(bugprone-use-after-move): the moved-from state is under test
     EXPECT_EQ(index.find("/home/u"), nullptr);
     index.insert(*root);
     EXPECT_EQ(index.find("/home/u"), root.get());

@@ -47,7 +47,7 @@ protected:
         return Removal::perform(steps, locations(), fake.host());
     }
 
-    /// What was done to items, without the questions that were asked before.
+    /// The operations on items, without the checks before them.
     std::vector<std::string> deeds() const
     {
         std::vector<std::string> result;
@@ -74,7 +74,7 @@ Lines failureLines(const RemovalOutcome &outcome)
     return lines;
 }
 
-/// "/srv/a" goes, and must not be the last copy of what "/srv/b" and "/srv/c" held when they were compared.
+/// "/srv/a" is removed, which must not delete the last copy of the contents shared with "/srv/b" and "/srv/c".
 class RemovalOfADuplicate : public RemovalOf {
 protected:
     RemovalOfADuplicate()
@@ -86,7 +86,7 @@ protected:
 
     FileStatus statusOf(const std::string &path) { return (*fake.files.openFile(path))->status().value(); }
 
-    /// The copies that "/srv/a" is compared with, as they are now.
+    /// Sets the copies that "/srv/a" is compared with, in their current state.
     void keep(const std::vector<std::string> &paths)
     {
         std::vector<KeptCopy> copies;
@@ -190,7 +190,7 @@ TEST_F(RemovalOfADuplicate, StaysWhereTheCopyIsALinkByNow)
 
 TEST_F(RemovalOfADuplicate, StaysWhereTheCopyIsASecondPathToItself)
 {
-    // As where the folder is mounted a second time: what seems to be kept goes with it.
+    // As if the folder were mounted a second time: the supposed copy would be removed as well.
     fake.files.addText("/mnt/again/a", "same", 4'096, Time(std::chrono::seconds(1'000)));
     fake.files.identify("/mnt/again/a", "/srv/a");
     fake.files.identify("/mnt/again", "/srv");
@@ -382,7 +382,7 @@ TEST_F(RemovalOf, EachItemIsLookedAtJustBeforeItIsTouched)
     fake.files.addFile("/Users/me/a", 5);
     fake.files.addFile("/Users/me/work/lib", 5);
     fake.files.addFolder("/usr/lib");
-    // What happens while the first item moves shows at the second.
+    // A change made while the first item is moved affects the second.
     fake.log->observe([&](const std::string &line) {
         if (line == "trashItem /Users/me/a") {
             fake.files.take("/Users/me/work");
@@ -499,7 +499,7 @@ TEST_F(RemovalOf, AnItemWhosePathIsNotPlainTouchesNothing)
     fake.files.addFile("/Users/me/x/y/a", 5);
     fake.files.addFolder("/srv/z");
     fake.files.addLink("/Users/me/x/link", "/srv/z");
-    // Also where the plan came from elsewhere.
+    // Even if the plan comes from elsewhere.
     for (const Action action : {Action::refuse, Action::trash, Action::erase}) {
         const RemovalOutcome outcome =
             Removal::perform({{"/Users/me/x/y/.", 1, action}, {"/Users/me/x/link/../y", 1, action}, {"~/x", 1, action}},
@@ -962,7 +962,7 @@ TEST_F(RemovalOf, AnItemThatTookThePlaceOfTheSelectedOneStaysAndSaysSo)
         system.files.take("/Users/me/file");
         system.files.addFile("/Users/me/file/precious", 9);
         system.files.take("/Users/me/folder");
-        system.files.addFile("/Users/me/folder/b", 9); // the same kind, and yet another one
+        system.files.addFile("/Users/me/folder/b", 9); // the same kind, but another item
         const auto steps = Removal::plan(entries, permanently, locations(), {}, seen);
         const RemovalOutcome outcome = Removal::perform(steps, locations(), system.host());
         EXPECT_TRUE(outcome.removed.empty());
@@ -990,7 +990,7 @@ TEST_F(RemovalOf, AnItemThatIsStillTheSelectedOneGoes)
     fake.files.addFile("/Users/me/x/a", 5);
     const Selection entries{{"/Users/me/x", 5}};
     const SeenItems seen = Removal::look(selectedEntries(entries), locations(), fake.host());
-    fake.files.addFile("/Users/me/x/b", 5); // what a folder holds may change
+    fake.files.addFile("/Users/me/x/b", 5); // a folder's contents may change
     const auto steps = Removal::plan(entries, false, locations(), {}, seen);
     EXPECT_EQ(Removal::perform(steps, locations(), fake.host()).removed.size(), 1u);
 }

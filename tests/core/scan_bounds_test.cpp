@@ -21,7 +21,7 @@ protected:
         files.addMount({"/", 1, "/"});
     }
 
-    /// Whether a walk of `root` enters the folder, if it comes to it.
+    /// Whether a walk of `root` enters the folder when it reaches it.
     bool enters(const std::string &path, const std::string &root = "/")
     {
         const ScanBounds bounds = ScanBounds::of(root, files);
@@ -45,7 +45,7 @@ TEST_F(ScanBoundsTest, AWholeDiskScanEntersTheFileSystemsOfTheRootAndOfTheHomeAl
         EXPECT_TRUE(enters(folder)) << folder;
 }
 
-TEST_F(ScanBoundsTest, WhoWantsNoMountsEntersNoneBeneathTheRoot)
+TEST_F(ScanBoundsTest, WithTheMountsFilterNoMountBelowTheRootIsEntered)
 {
     files.addMount({"/home", 2, "/"});
     files.addFile("/file", 2'000'000);
@@ -90,7 +90,7 @@ TEST_F(ScanBoundsTest, OfTwoMountsThatShowTheSameTheHomesIsEntered)
     files.addMount({"/home", 2, "/"});
     EXPECT_TRUE(enters("/home"));
     EXPECT_FALSE(enters("/backup"));
-    // Without a home in it, the one with the shorter path.
+    // If neither contains the home, the shorter path is preferred.
     files.setHome("/root/me");
     files.addMount({"/root", 2, "/root"});
     EXPECT_TRUE(enters("/root"));
@@ -114,7 +114,7 @@ TEST_F(ScanBoundsTest, AHomeThatIsMountedASecondTimeIsEnteredWhereItsUserKnowsIt
     EXPECT_TRUE(enters("/home/me"));
     EXPECT_FALSE(enters("/srv/homes/me"));
     EXPECT_TRUE(enters("/srv/homes"));
-    // A scan of another folder has nothing to do with it.
+    // Scans of other folders are not affected.
     EXPECT_TRUE(enters("/srv/homes/me", "/srv"));
 }
 
@@ -137,7 +137,7 @@ TEST_F(ScanBoundsTest, TheSnapshotsOfAVolumeAreNotEntered)
     for (const char *folder : {"/.snapshots", "/home/.snapshots", "/home/me/.snapshots"}) {
         files.addFolder(folder);
         EXPECT_TRUE(enters(folder)) << folder << " is a folder like any other";
-        files.setDevice(folder, 9); // as the volumes of a btrfs file system have
+        files.setDevice(folder, 9); // like the volumes of a btrfs file system
         EXPECT_FALSE(enters(folder)) << folder;
     }
     files.addMount({"/.snapshots", 1, "/@snapshots"});
@@ -164,7 +164,7 @@ TEST_F(ScanBoundsTest, NoSnapshotsAreLookedForOnADiskThatIsNotEntered)
 TEST_F(ScanBoundsTest, AMountBehindOneThatIsNotEnteredDecidesNothing)
 {
     files.addMount({"/mnt", 9, "/"});
-    files.addMount({"/mnt/home", 2, "/"}); // out of reach, so it must not stand for the home
+    files.addMount({"/mnt/home", 2, "/"}); // unreachable, so it must not replace the home
     files.addMount({"/home", 2, "/"});
     EXPECT_FALSE(enters("/mnt"));
     EXPECT_TRUE(enters("/home"));
@@ -175,7 +175,7 @@ TEST_F(ScanBoundsTest, AFolderOnAnotherDiskIsScannedWithinThatDisk)
     files.addFolder("/media/me/Disk/inner");
     files.addMount({"/media/me/Disk", 4, "/"});
     files.addMount({"/media/me/Disk/other", 5, "/"});
-    files.addMount({"/media/me/Disk/root", 1, "/"}); // the system once more
+    files.addMount({"/media/me/Disk/root", 1, "/"}); // the system volume a second time
     files.addMount({"/media/me/Disk/part", 4, "/inner"});
     const std::string disk = "/media/me/Disk";
     EXPECT_FALSE(enters(disk + "/other", disk));

@@ -51,7 +51,7 @@ TEST(ScanProgress, RecordsOfSeveralThreadsAreAllCounted)
                 progress.record(2, 10, "/some/folder");
         });
     }
-    // Files and bytes are read together: never the one without the other.
+    // Files and bytes are read consistently, never one without the other.
     for (std::int64_t seen = 0; seen < threadCount * records * 2;) {
         const ScanProgress::Counters counters = progress.counters();
         ASSERT_EQ(counters.bytes, counters.files * 5);

@@ -33,7 +33,7 @@ std::shared_ptr<FileNode> childNamed(const FileNode &folder, std::string_view na
     return found == folder.children.end() ? nullptr : *found;
 }
 
-/// The scanner over this system's real files.
+/// The scanner over the real file system.
 class ScannerFoldersTest : public testing::Test {
 protected:
     std::shared_ptr<FileNode> scan(const std::string &path)
@@ -50,7 +50,7 @@ protected:
     ScanProgress progress;
 };
 
-/// What a tree should hold, worked out by other means.
+/// The expected figures of a tree, computed independently.
 struct Figures {
     std::int64_t size = 0;
     std::int64_t fileCount = 0;
@@ -60,7 +60,7 @@ struct Figures {
     friend bool operator==(const Figures &, const Figures &) = default;
 };
 
-/// The same for every folder and large file below `path`, into `found` under its path.
+/// Computes these for every folder and large file below `path`, keyed by path.
 Figures measure(const std::filesystem::path &path, std::map<std::string, Figures> &found)
 {
     Figures folder;
@@ -243,12 +243,12 @@ TEST_F(ScannerFoldersTest, OddNamesComeThroughUnchanged)
     EXPECT_EQ(root->fileCount, static_cast<std::int64_t>(2 * names.size()));
 }
 
-/// A tree longer than any path that the system takes, with something beside the way down on every hundredth level.
+/// A tree deeper than the system's maximum path length, with a sibling item on every hundredth level.
 class DeepFolderTest : public ScannerFoldersTest {
 protected:
     static constexpr int levels = 3'000;
 
-    // Made once for all tests of a program: nothing here changes the folder.
+    // Created once for all tests in a process, because none of them changes the folder.
     static void SetUpTestSuite();
     static void TearDownTestSuite() { deep.reset(); }
     static void expectIsWhole(const FileNode &root);
@@ -300,7 +300,7 @@ TEST_F(DeepFolderTest, IsWalkedWhole)
 
 TEST_F(DeepFolderTest, IsWalkedWholeWhereFileNumbersAreScarce)
 {
-    (void)systemHost(); // raises the limit once
+    (void)systemHost(); // raises the limit on first use
     std::shared_ptr<FileNode> root;
     {
         const FewOpenFiles limit(6);
@@ -311,7 +311,7 @@ TEST_F(DeepFolderTest, IsWalkedWholeWhereFileNumbersAreScarce)
 
 TEST_F(DeepFolderTest, IsNotShownInPartWhereNoFileNumberIsLeft)
 {
-    (void)systemHost(); // raises the limit once
+    (void)systemHost(); // raises the limit on first use
     {
         const FewOpenFiles limit(1);
         (void)Scanner::scan(deep->path(), progress);
@@ -352,8 +352,8 @@ TEST_F(ScannerFoldersTest, ManyBranchesAreWalkedWholeWhereFileNumbersAreScarce)
             temporary.writeText(path + "/file", "x");
         }
     }
-    (void)systemHost(); // raises the limit once
-    // The tops of the walk take three, and each branch no more than two and one on the way up.
+    (void)systemHost(); // raises the limit on first use
+    // The top of the walk needs three, and each branch at most two, plus one on the way up.
     const FewOpenFiles limit(3 + 3 * branches);
     EXPECT_EQ(scan()->fileCount, branches * 60);
 }
@@ -382,8 +382,8 @@ TEST(ScannerAndSummary, AnUnreadableSubfolderIsGoneAndNotCountedButAnUnreadableR
 
 TEST_F(ScannerFoldersTest, ThreeHundredThousandFilesInOneFolderAreCounted)
 {
-    // Further names of a few files: made ten times faster than files, and no different in a listing. Disks
-    // allow an item some 65,000 names.
+    // Hard links to a few files: ten times faster to create than files, and identical in a listing. File systems allow
+    // some 65,000 links per item.
     constexpr int count = 300'000;
     constexpr int namesEach = 50'000;
     const std::string folder = temporary.makeFolder("a/b/full");

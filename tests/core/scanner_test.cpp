@@ -33,7 +33,7 @@ std::vector<std::pair<std::string, std::int64_t>> childrenOf(const FileNode &nod
     return children;
 }
 
-/// The node at a path below the root ("a/b"); the test fails where there is none.
+/// The node at a path relative to the root ("a/b"); fails the test if there is none.
 std::shared_ptr<FileNode> at(const std::shared_ptr<FileNode> &root, std::string_view relative)
 {
     std::shared_ptr<FileNode> node = root;
@@ -54,7 +54,7 @@ Time seconds(std::int64_t since1970)
     return Time(std::chrono::seconds(since1970));
 }
 
-/// Lets threads meet: a wait ends when another thread has called `arrive` often enough.
+/// A barrier between threads: a wait ends when other threads have called `arrive` often enough.
 class Meeting {
 public:
     void arrive()
@@ -143,7 +143,7 @@ TEST_F(ScannerTest, FolderHoldingOnlySmallFilesStaysWithoutChildren)
 
 TEST_F(ScannerTest, UnreadableFolderIsDropped)
 {
-    for (const std::string folder : {"/r", "/r/a", "/r/a/b", "/r/a/b/c"}) { // in every level's way of walking
+    for (const std::string folder : {"/r", "/r/a", "/r/a/b", "/r/a/b/c"}) { // covers every level's walking strategy
         files.addFile(folder + "/closed/file", 5'000'000);
         files.failOpening(folder + "/closed");
         files.addFile(folder + "/open/file", 10);
@@ -414,7 +414,7 @@ TEST(ScannerFailure, WithoutAFileNumberLeftTheScanEndsWithAnError)
         EXPECT_EQ(progress.counters().denied, 0);
         EXPECT_FALSE(progress.isCancelled());
     };
-    // Each waits a second for a number; so all of them wait at once.
+    // Each scan waits a second for a descriptor; run them concurrently.
     std::vector<std::thread> scans;
     for (const char *folder : {"/r", "/r/a", "/r/a/b", "/r/a/b/c"})
         scans.emplace_back(scanWithoutNumberFor, folder);
@@ -473,7 +473,7 @@ TEST_F(ScannerTest, ProgressCountsOnceForEachFolderAndNamesItsPath)
 
 TEST_F(ScannerTest, ProgressNamesEveryFolderOnTheWayDownAndUp)
 {
-    // One chain above, so that one thread walks it all.
+    // A single chain at the top, so that one thread walks all of it.
     for (const char *path : {"/r/a/b/c/d/1", "/r/a/b/c/e/2", "/r/a/b/f/g/3", "/r/a/b/h/4", "/r/a/b/i/5"})
         files.addFile(path, 1);
     std::vector<std::string> seen;
@@ -541,7 +541,7 @@ TEST_F(ScannerTest, CancelledBeforeItStartsTouchesNothing)
 
 TEST_F(ScannerTest, CancelledWalkHasRightSizesForWhatWasWalkedAndDropsTheRest)
 {
-    // One chain, so that the order is certain: what lies before "m" has been walked when it cancels.
+    // A single chain makes the order deterministic: items before "m" have been walked when it cancels.
     files.addFile("/r/a/b/file", 1'000'000);
     files.addFile("/r/a/b/early/file", 2'000'000);
     files.addFile("/r/a/b/m/file", 4'000'000);
@@ -570,7 +570,7 @@ TEST_F(ScannerTest, CancellingStopsTheParallelLevelsToo)
             progress.cancel();
     });
     const auto root = scan();
-    EXPECT_LE(listed, static_cast<int>(std::thread::hardware_concurrency()) + 1); // one listing per thread
+    EXPECT_LE(listed, static_cast<int>(std::thread::hardware_concurrency()) + 1); // one listing in progress per thread
     EXPECT_EQ(root->size, listed * 10);
     EXPECT_EQ(root->children.size(), static_cast<std::size_t>(listed));
 }
@@ -606,8 +606,7 @@ TEST_F(DeepScannerTest, FoldersClosedOnTheWayDownAreReopenedOnTheWayUp)
 TEST_F(DeepScannerTest, AFolderMovedAwayMeanwhileLosesWhatHadNotBeenWalkedAboveIt)
 {
     const FixedWalkThreads alone(1);
-    // When the walk stands at the very bottom, a folder far above is moved elsewhere: the way back up from it
-    // would lead into a stranger.
+    // While the walk is at the bottom, a folder far above is moved: ".." from there would lead to an unrelated folder.
     const std::string moved = paths[20];
     bool done = false;
     files.addFile("/stranger/after/file", 1'000'000'000);
@@ -617,8 +616,8 @@ TEST_F(DeepScannerTest, AFolderMovedAwayMeanwhileLosesWhatHadNotBeenWalkedAboveI
     });
     const auto root = scan();
     ASSERT_TRUE(done);
-    // From paths[20] down everything was walked; above it, in the subtree that one thread walks, only what
-    // came before. The folder whose subfolders are walked at once is open throughout.
+    // Everything from paths[20] down was walked; above it, in the subtree that one thread walks, only earlier siblings.
+    // The folder whose subfolders are walked in parallel stays open throughout.
     EXPECT_EQ(root->size, levels + (levels - 20) + 1);
     EXPECT_THAT(files.log()->linesStartingWith("list /stranger/after"), IsEmpty());
 }
@@ -626,7 +625,7 @@ TEST_F(DeepScannerTest, AFolderMovedAwayMeanwhileLosesWhatHadNotBeenWalkedAboveI
 TEST_F(DeepScannerTest, AParentThatCannotBeOpenedAgainIsLostToo)
 {
     const FixedWalkThreads alone(1);
-    const std::string closed = paths[19]; // the first of the parents that are gone
+    const std::string closed = paths[19]; // the first of the missing parents
     bool done = false;
     files.log()->observe([&](const std::string &line) {
         if (line == "list " + paths.back() && !std::exchange(done, true))

@@ -17,7 +17,7 @@ const SelectionFacts on{Selected::itself, SelectionRefusal::none};
 const SelectionFacts covered{Selected::throughFolder, SelectionRefusal::insideSelectedFolder};
 const SelectionFacts refused{Selected::no, SelectionRefusal::protectedLocation};
 
-/// Protects what the test names, and remembers what it was asked.
+/// Protects the paths that the test names, and records the queries.
 class SelectionFactsTest : public testing::Test {
 protected:
     SelectionFacts facts(const std::string &path) { return selectionFacts(selection, path, guard); }
@@ -134,7 +134,7 @@ TEST_F(SelectionFactsTest, ALocationAsksNoFurtherThanTheFirstEntryThatMayBeSelec
 
 TEST_F(SelectionFactsTest, AFolderTellsOfEachItemWhatIsSelected)
 {
-    // In byte order "-" and "." stand before "/", which stands before "0".
+    // In byte order "-" and "." come before "/", which comes before "0".
     selection = {{"/f/a/x", 1}, {"/f/a-b", 1}, {"/f/a0/1", 1}, {"/f/a0/2", 1}, {"/f/c", 1}, {"/f/c/x", 1}, {"/g/d", 1}};
     const FolderSelection folder(selection, "/f");
     EXPECT_FALSE(folder.isCovered());

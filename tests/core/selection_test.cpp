@@ -21,7 +21,7 @@ TEST(Selection, EntryDeepInsideASelectedFolderIsCovered)
 
 TEST(Selection, SiblingWhoseNameBeginsAlikeIsNotCovered)
 {
-    // In the order of paths "/a/b c" stands between "/a/b" and "/a/b/c".
+    // In byte order "/a/b c" comes between "/a/b" and "/a/b/c".
     const Selection selection{{"/a/b", 1}, {"/a/b c", 2}, {"/a/b/c", 4}, {"/a/bb", 8}, {"/a/b.app/x", 16}};
     EXPECT_EQ(effectiveSelection(selection), (Selection{{"/a/b", 1}, {"/a/b c", 2}, {"/a/bb", 8}, {"/a/b.app/x", 16}}));
 }
@@ -51,7 +51,7 @@ TEST(Selection, PathInsideASelectedFolderHasASelectedAncestor)
 
 TEST(Selection, AFolderHasWhatIsSelectedBeneathItInside)
 {
-    // In the order of paths "/a/b c" stands between "/a/b" and "/a/b/c".
+    // In byte order "/a/b c" comes between "/a/b" and "/a/b/c".
     const Selection selection{{"/a/b c", 1}, {"/a/b/c/d", 2}, {"/a/e", 3}};
     EXPECT_TRUE(hasSelectedInside(selection, "/a"));
     EXPECT_TRUE(hasSelectedInside(selection, "/a/b"));

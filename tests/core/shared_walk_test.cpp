@@ -29,7 +29,7 @@ namespace {
 constexpr std::array<std::size_t, 5> threadCounts{1, 2, 3, 8, 32};
 constexpr int rounds = 6;
 
-/// Everything that a tree tells, in its order.
+/// Writes all facts of a tree, in its order.
 void write(const FileNode &node, int depth, std::string &text)
 {
     text += fmt::format("{} {} {} {} {} {} {} {} {}\n", depth, node.name, static_cast<int>(node.kind), node.size,
@@ -70,14 +70,14 @@ void addFiles(FakeFileSystem &files, const std::string &folder, std::mt19937 &di
                       Time(std::chrono::seconds(dice() % 1'000)));
 }
 
-/// Folders that are chosen as parents among those that there are, so that some have many below them.
+/// Adds folders below parents chosen among the existing ones, so that some have many children.
 std::vector<std::string> addFolders(FakeFileSystem &files, const std::string &top, std::size_t count,
                                     std::size_t recent, std::mt19937 &dice)
 {
     std::vector<std::string> folders{top};
     files.addFolder(top);
     while (folders.size() < count) {
-        // Among the last few only, the tree goes down; among all, it spreads.
+        // Choosing among the last few gives a deep tree; choosing among all, a wide one.
         const std::size_t from = folders.size() > recent ? folders.size() - recent : 0;
         folders.push_back(fmt::format("{}/d{}", folders[from + dice() % (folders.size() - from)], folders.size()));
         files.addFolder(folders.back(), Time(std::chrono::seconds(dice() % 1'000)));
@@ -170,7 +170,7 @@ TEST_P(SharedWalkTest, AnyNumberOfThreadsMeasuresTheSame)
     }
 }
 
-/// Every folder comes to the sum of what it holds.
+/// Expects every folder's size to be the sum of its contents.
 void expectRightSums(const FileNode &node)
 {
     if (node.kind == FileNode::Kind::file)
@@ -205,7 +205,8 @@ INSTANTIATE_TEST_SUITE_P(Trees, SharedWalkTest, testing::ValuesIn(shapes),
 
 TEST(SharedWalk, RealFoldersFarBelowTheTopAreMeasuredTheSame)
 {
-    // Deeper than a walk keeps open, so that folders are closed and opened again while others walk in them.
+    // Deeper than the number of folders a walk keeps open, so that folders are closed and reopened while others walk in
+    // them.
     const TemporaryFolder folder;
     std::string path = "top";
     for (int level = 0; level < 40; ++level) {
@@ -223,7 +224,7 @@ TEST(SharedWalk, RealFoldersFarBelowTheTopAreMeasuredTheSame)
         EXPECT_EQ(measured(8), one);
 }
 
-/// Counts the folders and the threads that come. Each folder takes its time.
+/// Counts the folders and the threads that visit them. Each visit takes some time.
 class Meeting : public SharedWalk::Visitor {
 public:
     struct Listed : ListedFolder {
@@ -284,7 +285,7 @@ TEST(SharedWalk, ThreadsThatHaveNothingToDoTakeSubfoldersFromFarBelowTheTop)
     auto top = *files.openFolder("/top");
     auto listed = Meeting::list(*top);
     SharedWalk(meeting).walk(std::move(listed), std::move(top), "/top");
-    // One that left may have been followed by another.
+    // Another thread may have joined after one left.
     EXPECT_EQ(meeting.m_mostAtOnce, 4);
     EXPECT_EQ(meeting.m_entered.size(), 609U);
     EXPECT_TRUE(std::ranges::all_of(meeting.m_entered, [](const auto &entered) { return entered.second == 1; }));

@@ -151,7 +151,7 @@ TEST_F(ShellTest, OnceStoppedTheToolIsEnded)
 
 TEST_F(ShellTest, AToolThatPrintsMoreThanSixtyFourMegabytesHasFailed)
 {
-    EXPECT_EQ(Shell::run(script("yes"), {}), std::nullopt); // prints without end
+    EXPECT_EQ(Shell::run(script("yes"), {}), std::nullopt); // prints endlessly
     EXPECT_EQ(Shell::run(script("head -c 64000001 /dev/zero"), {}), std::nullopt);
 }
 
@@ -166,7 +166,7 @@ TEST_F(ShellTest, AToolThatDoesNotEndInTimeIsEndedWithWhatItStartedAndHasFailed)
         int pid = 0;
         std::ifstream(started) >> pid;
         ASSERT_GT(pid, 0) << body;
-        // Ended, though perhaps not yet waited for by the system.
+        // Either reaped or still a zombie.
         for (int i = 0; i < 1'000 && ::kill(pid, 0) == 0 && !isZombie(pid); ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
         EXPECT_TRUE(::kill(pid, 0) != 0 || isZombie(pid)) << body;

@@ -16,9 +16,9 @@ namespace {
 
 using testing::ElementsAre;
 
-/// Where words of a Mac may stand in what the program says, and why a Linux system does not come to say them.
+/// A file that may use macOS terms in its texts, and why they do not appear on Linux.
 struct Exemption {
-    std::string_view file; ///< or folder, beneath src/
+    std::string_view file; ///< or folder, relative to src/
     std::string_view why;
 };
 
@@ -38,7 +38,7 @@ constexpr Exemption exemptions[] = {
     {"shell/ui/services/onboarding_presenter.cpp", "the path inside a bundle"},
 };
 
-/// The texts in the source, those that follow one another put together. Comments are left out.
+/// The string literals in the source, with adjacent ones joined. Skips comments.
 std::vector<std::string> textsIn(std::string_view source, bool isQml)
 {
     std::vector<std::string> texts;
@@ -57,7 +57,7 @@ std::vector<std::string> textsIn(std::string_view source, bool isQml)
             i = close + end.size() - 1;
             followsText = false;
         } else if (c == '"' || c == '\'' || (isQml && c == '`')) {
-            // A number of C++ has such marks between its digits.
+            // C++ numbers use these characters as digit separators.
             if (!isQml && c == '\'' && i > 0 && std::isalnum(static_cast<unsigned char>(source[i - 1])) != 0)
                 continue;
             std::string text;

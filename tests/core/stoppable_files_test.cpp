@@ -20,7 +20,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// A network disk at "/Users/me/net" that answers until the test says otherwise.
+/// A network volume at "/Users/me/net" that responds until the test blocks it.
 class StoppableFilesTest : public testing::Test {
 protected:
     static constexpr auto moment = std::chrono::milliseconds(1);
@@ -28,7 +28,7 @@ protected:
     StoppableFilesTest()
     {
         files.setHome("/Users/me");
-        files.setSystemKind(SystemKind::mac); // whose scan enters what is mounted
+        files.setSystemKind(SystemKind::mac); // its scans enter mounted volumes
         files.addFile("/Users/me/own/a", 3'000'000);
         files.addFile("/Users/me/net/deep/b", 2'000'000);
         files.addFile("/Users/me/net/c", 1'000'000);
@@ -41,7 +41,7 @@ protected:
             std::this_thread::sleep_for(moment);
     }
 
-    /// Whoever makes that call waits until `resume`.
+    /// Blocks this call until `resume`.
     void stall(const std::string &call)
     {
         {
@@ -108,7 +108,7 @@ TEST_F(StoppableFilesTest, EveryQuestionThatHasNoAnswerIsGivenUp)
         resume();
         while (Companion::leftCalls() > 0)
             std::this_thread::sleep_for(moment);
-        // The next question has an answer again.
+        // Later calls are answered again.
         EXPECT_TRUE(asked.exists("/Users/me/net/c")) << call;
     }
 }
@@ -164,7 +164,7 @@ TEST_F(StoppableFilesTest, AListingComesWholeAndInOrderAndEndsWhereTheSinkSaysSo
 
 TEST_F(StoppableFilesTest, AFolderThatIsOpenedAgainFromInsideIsStillOnTheWay)
 {
-    // Below "first" the walk goes down farther than it keeps folders open before it comes to the network disk.
+    // Before it reaches the network volume, the walk below "first" goes deeper than the folders it keeps open.
     std::string path = "/Users/me/first";
     for (int level = 0; level < 40; ++level)
         path += "/deeper";

@@ -38,13 +38,13 @@ TEST(ToldSize, ExponentsAreReadAndALoneEIsAUnit)
     EXPECT_EQ(toldSize("0e400K", 1'000), std::nullopt);
 }
 
-TEST(ToldSize, FigureOfMoreDigitsThanOneCanHoldIsNone)
+TEST(ToldSize, AnOverflowIsRejected)
 {
     EXPECT_EQ(toldSize(std::string(400, '9') + "K", 1'000), std::nullopt);
     EXPECT_EQ(toldSize("." + std::string(400, '9') + "K", 1'000), std::nullopt);
 }
 
-TEST(ToldSize, WhatIsNoSizeIsNone)
+TEST(ToldSize, AnInvalidSizeIsRejected)
 {
     for (const char *text : {"", "GB", "12", "-1GB", "12 xB", "nan", "infB", "9999999999E"})
         EXPECT_EQ(toldSize(text, 1'000), std::nullopt) << text;

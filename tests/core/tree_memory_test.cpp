@@ -18,7 +18,7 @@ namespace {
 using test::makeRoot;
 using test::NodePtr;
 
-// A home folder has tens of thousands of folders, most of which hold nothing but small files.
+// A home folder has tens of thousands of folders, most of which contain only small files.
 TEST(TreeMemory, FolderTakesAtMost250BytesWithItsPathAndItsPlaceInTheIndex)
 {
 #if !defined(__GLIBC__) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)

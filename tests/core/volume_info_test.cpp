@@ -38,7 +38,7 @@ TEST(VolumeInfo, WhatAMacDoesNotTellIsNothingAndMacintoshHD)
     EXPECT_EQ(VolumeInfo::current(fake.host()), (VolumeInfo{.name = "Macintosh HD", .total = 0, .available = 0}));
 }
 
-TEST(VolumeInfo, FiguresThatAreNoSizesOnADiskCountAsNotTold)
+TEST(VolumeInfo, InvalidFiguresCountAsUnknown)
 {
     FakeHost fake;
     constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
@@ -52,7 +52,7 @@ TEST(VolumeInfo, FiguresThatAreNoSizesOnADiskCountAsNotTold)
     }
 }
 
-/// A Linux system with a home folder on a file system of its own.
+/// A Linux system with a home folder on a separate file system.
 class LinuxDisk : public testing::Test {
 protected:
     LinuxDisk()
@@ -107,7 +107,7 @@ TEST_F(LinuxDisk, AHomeBehindALinkIsLookedForWhereItReallyLies)
     fake.files.addFolder("/data/me");
     fake.files.take("/home");
     fake.files.addLink("/home/me", "/data/me");
-    EXPECT_EQ(current().total, 500); // not what is mounted at "/home"
+    EXPECT_EQ(current().total, 500); // not that of the volume at "/home"
     fake.files.addMount({"/data", 3, "/"});
     fake.volumes.set("/data/me", {.name = {}, .total = 20, .available = 5, .availableForImportantUse = {}});
     EXPECT_EQ(current(), (VolumeInfo{.name = "Debian", .total = 520, .available = 105}));

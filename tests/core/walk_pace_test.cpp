@@ -45,7 +45,7 @@ TEST(WalkPace, AFigureThatNoThreadCanHaveIsTakenForTheNearest)
     EXPECT_EQ(WalkPace::next(16, 7.0, fourCores), 4U);
 }
 
-TEST(WalkPace, ADiskThatTurnsIsAskedByFewWhileTheyWait)
+TEST(WalkPace, ARotationalDiskGetsFewerThreadsWhileTheyWait)
 {
     const WalkPace::Limits spinning{.cores = 4, .most = 32, .disk = WalkPace::Disk::spinning};
     EXPECT_EQ(WalkPace::next(4, 0.1, spinning), 2U);

@@ -8,7 +8,7 @@
 namespace corvane {
 namespace {
 
-/// Gives all walks of this program as many threads as CORVANE_TEST_THREADS says, where it is set.
+/// Sets the number of threads of all walks to CORVANE_TEST_THREADS, if set.
 class WalkThreads : public testing::Environment {
 public:
     void SetUp() override

@@ -24,7 +24,7 @@ TEST_P(ByteCountTable, IsWrittenAs)
     EXPECT_EQ(formatByteCount(GetParam().bytes), GetParam().text) << GetParam().bytes;
 }
 
-// The figures that the system's own formatter shows for files.
+// The results of the system's own file size formatter.
 INSTANTIATE_TEST_SUITE_P(SystemFigures, ByteCountTable,
                          testing::Values(Row{0, "Zero KB"}, Row{1, "1 byte"}, Row{999, "999 bytes"}, Row{1000, "1 KB"},
                                          Row{1023, "1 KB"}, Row{4096, "4 KB"}, Row{11999, "12 KB"},
@@ -34,7 +34,7 @@ INSTANTIATE_TEST_SUITE_P(SystemFigures, ByteCountTable,
                                          Row{12345678987, "12.35 GB"}, Row{494384795648, "494.38 GB"},
                                          Row{2000398934016, "2 TB"}));
 
-// The last count of a unit, and the next one.
+// The largest count of each unit, and the one after it.
 INSTANTIATE_TEST_SUITE_P(Promotion, ByteCountTable,
                          testing::Values(Row{999'499, "999 KB"}, Row{999'500, "1 MB"},           //
                                          Row{999'949'999, "999.9 MB"}, Row{999'950'000, "1 GB"}, //

@@ -179,7 +179,7 @@ TEST(APFSContainerParsing, AFigureThatIsNoNumberDropsTheContainer)
     EXPECT_TRUE(parsed->empty());
 }
 
-TEST(APFSContainerParsing, WhatIsNoListingIsAbsent)
+TEST(APFSContainerParsing, AMalformedListingIsRejected)
 {
     EXPECT_EQ(APFSContainerInfo::parse(""), std::nullopt);
     EXPECT_EQ(APFSContainerInfo::parse("garbage"), std::nullopt);

@@ -27,7 +27,7 @@ protected:
     BreakdownPresenterTest() { fake.fake.files.setSystemKind(SystemKind::mac); }
     ~BreakdownPresenterTest() override { Theme::instance()->setDark(false); }
 
-    /// The store holds that breakdown and the presenter shows it.
+    /// Sets the store's breakdown, which the presenter then shows.
     void show(const DiskBreakdown &breakdown)
     {
         store().finishBreakdown(breakdown, store().breakdownToken());
@@ -72,7 +72,7 @@ protected:
     }
 
     FakeStore fake;
-    /// Made when it is first asked for, over what the store holds by then.
+    /// Created on first use, with the store's state at that time.
     BreakdownPresenter &presenter()
     {
         if (!made)

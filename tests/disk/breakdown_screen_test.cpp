@@ -24,13 +24,13 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
 
-/// The whole screen in a window of its own, worked by mouse and keyboard.
+/// The whole screen in its own window, operated by mouse and keyboard.
 class BreakdownScreenTest : public testing::Test, WithoutMotion {
 protected:
     BreakdownScreenTest()
     {
         fake.fake.files.setSystemKind(SystemKind::mac);
-        // So that measuring the disk can be held up at a folder.
+        // A folder at which a test can block the measurement.
         fake.fake.files.addFile("/Applications/Harbor.app", 60'000'000);
     }
 
@@ -47,7 +47,7 @@ protected:
         scene->window()->resize(size);
         pointAtNothing();
         ASSERT_TRUE(QTest::qWaitFor([&] { return scene->window()->contentItem()->size() == QSizeF(size); }));
-        scene->window()->grabWindow(); // brings every position up to date
+        scene->window()->grabWindow(); // forces layout
     }
     void pointAtNothing()
     {
@@ -66,7 +66,7 @@ protected:
         };
         from(*scene->window()->contentItem());
     }
-    /// Everything that is read out, in the order of the screen.
+    /// All accessible names, in screen order.
     [[nodiscard]] std::vector<std::string> names() const
     {
         std::vector<std::string> all;
@@ -85,7 +85,7 @@ protected:
         });
         return all;
     }
-    /// The ids of the rows that are lit.
+    /// The ids of the highlighted rows.
     [[nodiscard]] std::vector<std::string> litRows() const
     {
         std::vector<std::string> ids;

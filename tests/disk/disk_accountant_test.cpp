@@ -14,7 +14,7 @@ using Kind = BreakdownSegment::Kind;
 constexpr std::int64_t limit = 50'000'000;
 constexpr std::int64_t gb = 1'000'000'000;
 
-/// A disk of made-up figures; whatever a test does not set is absent.
+/// A disk with synthetic figures; everything that a test does not set is absent.
 class DiskAccountantTest : public testing::Test {
 protected:
     DiskBreakdown compute()
@@ -112,7 +112,7 @@ TEST_F(DiskAccountantTest, EachMissingFigureTakesItsOwnDefault)
     volume.name.reset();
     EXPECT_EQ(compute().volumeName, "Macintosh HD");
     EXPECT_EQ(compute().total, 100 * gb);
-    EXPECT_EQ(compute().purgeable, 0); // as much is available for important use as for anything
+    EXPECT_EQ(compute().purgeable, 0); // available for important usage equals available
     volume.availableForImportantUse = 45 * gb;
     EXPECT_EQ(compute().purgeable, 5 * gb);
     volume.available.reset();
@@ -519,7 +519,7 @@ TEST_F(DiskAccountantTest, PlacesOfASystemStayAsTheyAreWhenTheWholeDiskWasScanne
                BreakdownAction{BreakdownAction::Kind::scanHome, {}},
                "Scan Home Folder"}};
     deniedInPlaces = 3;
-    scanned("/", 70 * gb); // more than there is: files of several names
+    scanned("/", 70 * gb); // more than is used: files with several hard links
     scan.unreadableCount = 4;
     const DiskBreakdown breakdown = compute();
     EXPECT_EQ(excluded, std::nullopt) << "nothing is left out of them";

@@ -18,7 +18,7 @@ using testing::IsEmpty;
 
 constexpr std::int64_t mb = 1'000'000;
 
-/// A Linux system in memory, with the disk's places measured as on a real one.
+/// A fake Linux system whose places are measured as on a real one.
 class DiskPlacesTest : public testing::Test {
 protected:
     DiskPlacesTest()
@@ -42,7 +42,7 @@ protected:
         denied = places.denied();
     }
 
-    /// In MB; -1 where there is no such segment.
+    /// In MB; -1 if there is no such segment.
     [[nodiscard]] std::int64_t size(std::string_view id) const
     {
         const auto found = std::ranges::find(segments, id, &BreakdownSegment::id);
@@ -55,7 +55,7 @@ protected:
     void add(const std::string &path, std::int64_t megabytes) { fake.files.addFile(path, megabytes * mb); }
 
     FakeHost fake;
-    /// By the tool's path, or that and "place" for where it keeps things.
+    /// Keyed by the tool's path, followed by " place" for the question where it stores things.
     std::map<std::string, std::string> answers{{"/usr/bin/docker place", "/var/lib/docker\n"},
                                                {"/usr/bin/podman place", "/var/lib/containers/storage\n"}};
     std::vector<std::string> asked;
@@ -118,7 +118,7 @@ TEST_F(DiskPlacesTest, OtherUsersAreEverybodyButTheOwner)
     EXPECT_EQ(size("/home"), 23);
     EXPECT_THAT(segment("/home").children, ElementsAre(NamedSize{"you", 20 * mb}, NamedSize{"/root", 3 * mb}));
 
-    fake.files.setHome("/root"); // as the administrator's
+    fake.files.setHome("/root"); // the administrator's home
     measure();
     EXPECT_EQ(size("home"), 3);
     EXPECT_EQ(size("/home"), 120);
@@ -187,7 +187,7 @@ TEST_F(DiskPlacesTest, TwoSubvolumesOfOneFileSystemAreOneDisk)
     fake.files.addMount({"/", 1, "/@"});
     fake.files.addMount({"/home", 1, "/@home"});
     fake.files.addMount({"/var/log", 1, "/@log"});
-    fake.files.addMount({"/mnt/whole", 1, "/"}); // all three once more
+    fake.files.addMount({"/mnt/whole", 1, "/"}); // all three again
     const VolumeFacts facts{.name = {}, .total = 1'000 * mb, .available = 100 * mb, .availableForImportantUse = {}};
     for (const char *path : {"/", "/home/me", "/var/log", "/mnt/whole"})
         fake.volumes.set(path, facts);
@@ -383,7 +383,7 @@ TEST_F(DiskPlacesTest, WhatTheUserMayNotReadIsMeasuredByItsTool)
     answers["/usr/bin/journalctl"] = "Archived and active journals take up 512.0M in the file system.\n";
     measure();
     EXPECT_EQ(size("/var/lib/docker"), 13'000);
-    EXPECT_EQ(size("/var/log"), 537); // 512 x 1,024 x 1,024, and what could be read
+    EXPECT_EQ(size("/var/log"), 537); // 512 x 1,024 x 1,024, plus what could be read
     EXPECT_EQ(denied, 2);
     EXPECT_EQ(segment("/var/log").children.front(), (NamedSize{"journal", 512 * 1'024 * 1'024}));
 }
@@ -411,7 +411,7 @@ TEST_F(DiskPlacesTest, AToolThatKeepsThingsElsewhereMeasuresNoFolder)
         measure();
         EXPECT_EQ(size("/var/lib/docker"), 0) << place;
     }
-    answers["/usr/bin/docker place"] = "/var/lib/docker/100000.100000\n"; // with users of their own
+    answers["/usr/bin/docker place"] = "/var/lib/docker/100000.100000\n"; // with user namespaces
     measure();
     EXPECT_EQ(size("/var/lib/docker"), 12'500);
     answers.erase("/usr/bin/docker place");
@@ -432,7 +432,7 @@ TEST_F(DiskPlacesTest, TheToolsAreAskedOfThisComputerAlone)
 TEST_F(DiskPlacesTest, WhatToolsOfSeveralVersionsWriteIsRead)
 {
     using Answer = SizeTool::Answer;
-    // The second is how a figure with four digits comes when it is rounded up.
+    // The second line is the tool's format of a figure that rounds up to four digits.
     EXPECT_EQ(DiskPlaces::sizeIn("1.087kB\n", Answer::sizes), 1'087);
     EXPECT_EQ(DiskPlaces::sizeIn("1e+03MB\n", Answer::sizes), 1'000 * mb);
     EXPECT_EQ(DiskPlaces::sizeIn("34.7 GB\n0 B\n", Answer::sizes), 34'700 * mb);

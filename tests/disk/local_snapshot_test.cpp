@@ -8,7 +8,7 @@
 namespace corvane {
 namespace {
 
-/// Names carry local time: the tests fix what local means.
+/// Names contain local time: the tests set the time zone.
 class LocalSnapshotTest : public testing::Test {
 protected:
     void SetUp() override { setZone("UTC"); }
@@ -76,7 +76,7 @@ TEST_F(LocalSnapshotTest, AListingWithoutALastLineFeedIsReadWhole)
 
 TEST_F(LocalSnapshotTest, AStampHasSeventeenCharactersNotBytes)
 {
-    // Seventeen bytes, of fewer characters: the search goes on. Seventeen characters, of more bytes: it ends.
+    // Seventeen bytes in fewer characters: the search continues. Seventeen characters in more bytes: it ends.
     EXPECT_EQ(dateOf("com.apple.2024-05-01-1015\u00E4.2024-05-01-101500"), tenFifteen);
     EXPECT_EQ(dateOf("com.apple.2024-05-01-10150\u00E4.2024-05-01-101500"), std::nullopt);
 }

@@ -12,7 +12,7 @@
 namespace corvane {
 namespace {
 
-// The texts are part of the product: a change of one character is a change that a person must have wanted.
+// The texts are part of the product: every change must be intentional.
 TEST(LocationTable, IsExactlyThis)
 {
     const DiskAccountant::Location expected[] = {
@@ -97,7 +97,7 @@ TEST(MeasuringALocation, OneThatCannotBeListedIsMeasuredAsAWholeWithoutChildren)
     fake.files.addFile("/Library/a", 8192);
     fake.files.failListing("/Library", std::errc::io_error, 1);
     const auto [size, children] = DiskAccountant::measure("/Library", std::nullopt, fake.files);
-    // What the listing gave before it failed is there all the same.
+    // Entries listed before the failure still count.
     EXPECT_EQ(size, 8192);
     EXPECT_TRUE(children.empty());
 }

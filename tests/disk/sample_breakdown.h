@@ -13,7 +13,7 @@ inline LocalSnapshot snapshotAt(int hour)
             Time(sys_days(2026y / November / 20)) + hours(hour)};
 }
 
-/// A scanned Mac of 994.66 GB, 811.29 GB of them in use, 38.12 GB of these unexplained.
+/// A scanned Mac of 994.66 GB with 811.29 GB in use, 38.12 GB of it unexplained.
 inline DiskBreakdown sampleBreakdown()
 {
     using Kind = BreakdownSegment::Kind;

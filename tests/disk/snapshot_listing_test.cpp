@@ -23,7 +23,7 @@ std::vector<std::string> namesOf(const std::vector<LocalSnapshot> &snapshots)
     return names;
 }
 
-/// A Linux system in memory with tools that answer what the test says; any other call of one fails.
+/// A fake Linux system whose tools give the test's output; every other call of a tool fails.
 class SnapshotListingTest : public testing::Test {
 protected:
     SnapshotListingTest() { fake.files.setHome("/home/me"); }

@@ -28,7 +28,7 @@ constexpr std::size_t partLimit = 128 * kib;
 
 class DuplicateFinderTest : public ::testing::Test {
 protected:
-    /// A real file with those contents, and a node for it as a scan would have made it.
+    /// Creates a real file with this content, and its node as after a scan.
     std::shared_ptr<FileNode> add(const std::string &name, const std::string &contents, std::int64_t modified = 1'000)
     {
         folder.writeText(name, contents);
@@ -120,7 +120,7 @@ TEST_F(DuplicateFinderTest, FilesThatDifferOnlyInTheFirstOrTheLastByteAreToldApa
     EXPECT_THAT(findNames(), IsEmpty());
 }
 
-/// The number of reports says how far each file got: one for each fingerprint of a part and one for each of a whole.
+/// The number of reports shows how far each file got: one for each partial and one for each full fingerprint.
 TEST_F(DuplicateFinderTest, OfAFileOf128KiBOnlyTheFirst64KiBAreReadAtFirst)
 {
     const std::string contents = text(partLimit);
@@ -180,9 +180,9 @@ TEST_F(DuplicateFinderTest, TheNewestComesFirstAndEqualDatesKeepTheirOrder)
     EXPECT_THAT(findNames(), ElementsAre(ElementsAre("new 1", "new 2", "old", "undated")));
 }
 
-TEST_F(DuplicateFinderTest, FilesOfTwoSizesNeverMeetWhateverTheyHold)
+TEST_F(DuplicateFinderTest, FilesOfDifferentAllocatedSizesAreNeverCompared)
 {
-    // The scan found other sizes on the disk for the same contents, as where one is compressed there.
+    // Same contents with different allocated sizes, as when one of them is compressed by the file system.
     add("a", text(kib));
     add("b", text(kib));
     nodes[1]->size = 2 * kib;
@@ -248,7 +248,7 @@ TEST_F(DuplicateFinderTest, ALinkThatTookAFilesPlaceIsNotFollowed)
 
 TEST_F(DuplicateFinderTest, APipeAndADeviceAreNeverOpened)
 {
-    // Opening the pipe would wait for a writer.
+    // Opening the pipe would block until there is a writer.
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     addNode("pipe", kib);
     if (::mknod((folder / "device").c_str(), S_IFCHR | 0600, makedev(1, 5)) == 0)
@@ -258,9 +258,9 @@ TEST_F(DuplicateFinderTest, APipeAndADeviceAreNeverOpened)
     EXPECT_THAT(findNames(), ElementsAre(ElementsAre("a", "b")));
 }
 
-TEST_F(DuplicateFinderTest, FilesThatCannotBeReadAreNotAlikeForThat)
+TEST_F(DuplicateFinderTest, UnreadableFilesAreNotDuplicatesOfEachOther)
 {
-    // Nothing lies at the start of a program's memory: the system refuses to read there.
+    // The start of a process's address space is unmapped: reading there fails.
     const std::string own = "/proc/" + std::to_string(::getpid());
     if (::access((own + "/mem").c_str(), R_OK) != 0)
         GTEST_SKIP() << "the system has no such file";
@@ -344,7 +344,7 @@ TEST_F(DuplicateFinderTest, OnceStoppedItReadsNoFurtherAndMakesUpNoGroup)
         nodes,
         [&](double fraction) {
             progress.push_back(fraction);
-            stop = fraction >= 0.75; // between the two wholes
+            stop = fraction >= 0.75; // between the two full fingerprints
         },
         systemHost().files, stop);
     EXPECT_THAT(groups, IsEmpty());

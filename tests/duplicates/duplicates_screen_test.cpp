@@ -14,7 +14,7 @@
 namespace corvane {
 namespace {
 
-/// The whole screen in a window of its own, worked by mouse and keyboard.
+/// The whole screen in its own window, operated by mouse and keyboard.
 class DuplicatesScreenTest : public test::DuplicatesFixture {
 protected:
     DuplicatesScreenTest() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
@@ -43,7 +43,7 @@ protected:
     [[nodiscard]] QQuickItem *button(const QString &name) const { return scene->named(name, QAccessible::Button); }
     [[nodiscard]] QQuickItem *autoSelect() const { return scene->item("duplicates.autoSelect"); }
     [[nodiscard]] QQuickItem *rows() const { return scene->item("duplicateRows"); }
-    /// The list makes and drops its rows when it is next drawn.
+    /// The list creates and destroys delegates on the next frame.
     [[nodiscard]] bool appears(const QString &start) const
     {
         return QTest::qWaitFor([&] { return row(start) != nullptr; }, patience);

@@ -9,16 +9,16 @@
 
 namespace corvane::test {
 
-/// A store for tests of what shows duplicates. The tests add files and then have them scanned and searched.
+/// A store for tests of the duplicates' UI. Tests add files and then run a scan and a search.
 class DuplicatesFixture : public testing::Test, protected StoreOverAHome, WithoutMotion {
 protected:
-    /// A file with that content, last changed so many days after the start of 2024; below 0 for an unknown date.
+    /// Adds a file with this content, last modified `day` days after the start of 2024; negative for an unknown date.
     void add(const std::string &relative, const std::string &content, std::int64_t size, int day)
     {
         const Time start = Time(std::chrono::seconds(1'704'110'400)); // noon
         fake.files.addText(at(relative), content, size, day < 0 ? distantPast : start + std::chrono::days(day));
     }
-    /// Three copies of a film of 3 MB, the newest in Films, and two of a song of 2 MB.
+    /// Adds three copies of a film of 3 MB, the newest in Films, and two of a song of 2 MB.
     void addFilmAndSong()
     {
         add("Films/film.mov", "film", 3'000'000, 30);

@@ -13,7 +13,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// Files of one group, named by where they lie; the later one is named, the newer it is.
+/// A group of files at these paths, each newer than the previous one.
 DuplicateGroup groupOf(const std::string &id, const std::vector<std::string> &paths)
 {
     DuplicateGroup group{.id = id, .size = 10, .files = {}, .seen = {}};
@@ -103,7 +103,7 @@ TEST(KeptCopies, OfTwoGroupsWithTheSameFileTheLaterOneCounts)
     EXPECT_EQ(conditions.at("/x/a").copies[0]->at(0).seen.length, 77);
 }
 
-TEST(KeptCopies, WhoPicksAllCopiesByHandMeansIt)
+TEST(KeptCopies, SelectingAllCopiesByHandIsAllowed)
 {
     const std::vector groups{groupOf("g", {"/x/a", "/x/b"})};
     EXPECT_THAT(conditionsOf(entries({"/x/a", "/x/b"}), groups, {}), IsEmpty());
@@ -137,7 +137,7 @@ TEST(KeptCopies, AnEntryAroundAnotherOneIsHeldBackWithIt)
     EXPECT_THAT(copiesFor(conditions, "/y/b"), ElementsAre("/x/a"));
 }
 
-/// Whatever is selected besides: of a group whose copies a rule selected, one file is left that no entry takes.
+/// Regardless of other selections: in each group whose copies a rule selected, one file remains outside the selection.
 TEST(KeptCopies, OneCopyOfEveryGroupThatARuleSelectedSurvivesWhateverElseIsSelected)
 {
     const std::vector<std::string> folders{"/a", "/a/b", "/a/b/c", "/d", "/d/e"};

@@ -1,5 +1,5 @@
-// An update feed: whatever the bytes are, the answer is a list of items or a refusal, every item can be compared and
-// shown, and what is chosen of them is newer, signed and fetched over https.
+// An update feed. For any input, the result is a list of items or an error, every item can be compared and displayed,
+// and the chosen one is newer, signed and fetched over https.
 
 #include <cstddef>
 #include <cstdint>

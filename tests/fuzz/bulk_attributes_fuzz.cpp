@@ -1,5 +1,5 @@
-// What the kernel of a Mac writes of a folder's entries: whatever the bytes are, every entry that is taken has a name
-// that lies inside them, and the rest gets shorter.
+// The macOS kernel's attributes of a folder's entries. For any input, the name of every accepted entry is within the
+// buffer, and the remainder gets shorter.
 
 #include <cstddef>
 #include <cstdint>

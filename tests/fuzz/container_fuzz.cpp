@@ -1,5 +1,5 @@
-// What a disk tool prints, as containers: whatever the bytes are, the answer is a list or nothing, and a breakdown can
-// be made of it.
+// A disk tool's output, parsed as containers. For any input, the result is a list or nothing, and a breakdown can be
+// computed from it.
 
 #include <algorithm>
 #include <cstddef>
@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     }
     for (const APFSContainerInfo &container : *containers) {
         corvane::fuzz::expect(APFSContainerInfo::choose(*containers, container.ceiling).has_value());
-        // The volume's figures are foreign as well, so the tool's serve for them once more.
+        // The volume's figures are untrusted as well, so reuse the tool's for them.
         for (const std::optional<std::int64_t> figure : {std::optional<std::int64_t>(), std::optional(container.free)})
             checkBreakdown(container, {"Disk", container.ceiling, figure, figure});
     }

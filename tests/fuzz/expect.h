@@ -4,7 +4,7 @@
 
 namespace corvane::fuzz {
 
-/// Ends the program where a rule does not hold, which the fuzzer reports as a finding.
+/// Aborts if an invariant does not hold, which the fuzzer reports as a finding.
 inline void expect(bool holds)
 {
     if (!holds)

@@ -1,5 +1,5 @@
-// What a bundle's Info.plist says: whatever the bytes are, it is nothing or a bundle with an identifier, and what
-// belongs to that is found.
+// A bundle's Info.plist. For any input, the result is nothing or a bundle with an identifier whose leftovers can be
+// found.
 
 #include <cstddef>
 #include <cstdint>
@@ -27,15 +27,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const std::vector<std::string> ids = AppInventory::allIDs({*bundle});
     corvane::fuzz::expect(ids == std::vector{id} && AppInventory::vendors(ids).size() == 1);
     constexpr std::size_t longestName = 255;
-    if (id == "." || id == ".." || id.find('/') != std::string::npos || id.size() > longestName) // no item's name
+    if (id == "." || id == ".." || id.find('/') != std::string::npos || id.size() > longestName) // not a file name
         return 0;
 
-    // Nothing lies there; what an item is like is not the question.
+    // None of these paths exist; the items' attributes do not matter here.
     static const corvane::ProtectedLocations locations("/nowhere/home", corvane::ProtectedPlaces{});
     const AppInventory::Surroundings surroundings{
         .files = corvane::systemHost().files, .locations = locations, .now = corvane::Time{}};
     corvane::LibraryListings listings{.library = "/nowhere/home/Library"};
-    // One location for each way of naming.
+    // One location for each naming scheme.
     constexpr std::size_t used[] = {0, 3, 4, 6};
     for (const std::size_t i : used) {
         listings.listings[i] = corvane::LibraryListings::make(

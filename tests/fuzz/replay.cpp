@@ -1,5 +1,5 @@
-// Hands every file of a folder to a fuzz target, so that its seeds, which are the odd cases that somebody thought of
-// or a fuzzer found, are tried wherever tests run: replay FOLDER
+// Runs a fuzz target on every file of a folder, so that its seeds, hand-written edge cases or fuzzer findings, are
+// covered in every test run: replay FOLDER
 
 #include <cstddef>
 #include <cstdint>
@@ -24,7 +24,7 @@ int main(int argc, char **argv)
         std::ifstream file(entry.path(), std::ios::binary);
         const std::string bytes{std::istreambuf_iterator<char>(file), {}};
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(bytes.data()), bytes.size());
-        // The same cut off at several places, as by a tool that was ended.
+        // The same input truncated at several points, as from a tool that was killed.
         for (const std::size_t divisor : {2U, 3U, 10U}) {
             const std::string cut = bytes.substr(0, bytes.size() - bytes.size() / divisor);
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(cut.data()), cut.size());

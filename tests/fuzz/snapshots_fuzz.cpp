@@ -1,5 +1,5 @@
-// What the snapshot tool prints: whatever the bytes are, the answer is a list of names as they stand there, and a
-// breakdown can be made with it.
+// The snapshot tool's output. For any input, the result is a list of names as they occur in it, and a breakdown can be
+// computed from it.
 
 #include <cstddef>
 #include <cstdint>
@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A command to copy deletes the one snapshot that it names, however that was made up.
+/// A delete command affects only the snapshot that it names, whatever that name contains.
 void expectHarmless(const std::vector<corvane::LocalSnapshot> &snapshots)
 {
     for (const corvane::LocalSnapshot &snapshot : snapshots) {
@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         corvane::fuzz::expect(snapshot.name.starts_with("com.apple"));
         corvane::fuzz::expect(snapshot.name.find('\n') == std::string::npos);
         corvane::fuzz::expect(snapshot.name.back() != ' ' && snapshot.name.back() != '\t');
-        // In the listing's order, each where the last one ended or later.
+        // In the listing's order, without overlaps.
         const std::size_t found = listing.find(snapshot.name, position);
         corvane::fuzz::expect(found != std::string_view::npos);
         position = found + snapshot.name.size();

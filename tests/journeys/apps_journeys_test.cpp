@@ -18,8 +18,8 @@ using testing::UnorderedElementsAre;
 constexpr std::time_t day = 86'400; // seconds
 constexpr std::int64_t mebibyte = 1'048'576;
 
-/// A home with Signal Deck (a folder of 3 MiB, 2 MiB that belong to it, and 1 MiB that may), Kite Mail of 5 MiB, and
-/// what a deleted application has left.
+/// A home with Signal Deck (a folder of 3 MiB with 2 MiB of certain and 1 MiB of possible leftovers), Kite Mail of 5
+/// MiB, and leftovers of a deleted application.
 class AppsJourney : public Journey {
 protected:
     AppsJourney()
@@ -33,7 +33,7 @@ protected:
         addOrphan("data/com.lathe.cadpro", 1);
     }
 
-    /// A folder that was unpacked in the home, with a desktop file that starts its program.
+    /// Adds a folder as unpacked in the home, with a desktop file that starts its program.
     void addApp(const std::string &name, const std::string &id, std::int64_t mebibytes) const
     {
         const std::string bundle = "home/Applications/" + name + ".app/";
@@ -65,7 +65,7 @@ protected:
     {
         return item.property("unused").isValid() && item.property("index").toInt() >= 0;
     }
-    /// The names of the list, from the top, without what the machine that the tests run on has installed.
+    /// The names in the list, from the top, without applications installed on this machine.
     [[nodiscard]] std::vector<std::string> listed()
     {
         return namesFromTheTop([](const QQuickItem &item) {
@@ -91,7 +91,7 @@ protected:
             },
             name));
     }
-    /// On the check box of a leftover, by its name and its place.
+    /// Clicks the check box of a leftover, identified by its name and location.
     void tickLeftover(const QString &name, const QString &location)
     {
         const QQuickItem &found = driver().itemWhere(
@@ -336,7 +336,7 @@ TEST_F(AppsJourney, TheMenuGivesTheKeyboardBackToTheList)
 {
     openUninstaller();
     tabTo(driver().item(QStringLiteral("uninstaller.list")));
-    press(Qt::Key_S); // whatever else the machine has installed
+    press(Qt::Key_S); // even with other applications installed on this machine
     press(Qt::Key_Menu);
     waitForPopup(QStringLiteral("uninstaller.menu"));
     press(Qt::Key_Escape);

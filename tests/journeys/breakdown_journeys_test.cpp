@@ -44,14 +44,14 @@ protected:
         waitForBreakdown();
         driver().pointAtNothing();
     }
-    /// The window shows a Mac's disk instead of this machine's.
+    /// Opens the window with a Mac's disk instead of this machine's.
     void openOnAMac(const DiskBreakdown &disk)
     {
         openBreakdown();
         store().finishBreakdown(disk, store().breakdownToken());
         driver().rest();
     }
-    /// The segment's row; null for none.
+    /// The segment's row; null if there is none.
     QQuickItem *findRow(const std::string &id)
     {
         return driver().find([&](const QQuickItem &item) {
@@ -79,7 +79,7 @@ protected:
         const BarPart &place = bar().layout().at(part);
         driver().pointAt(bar(), QPointF(place.x + place.width / 2, bar().height() / 2));
     }
-    /// The segments' action, by the keyboard.
+    /// Triggers the segment's action by keyboard.
     void press(const std::string &id)
     {
         tabTo(driver().item(QStringLiteral("breakdown.action.") + QString::fromStdString(id)));

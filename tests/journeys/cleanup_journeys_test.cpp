@@ -27,14 +27,14 @@ protected:
         waitUntil([&] { return !store().cleanupLoading(); }, QStringLiteral("the catalogue's figures"));
         driver().rest();
     }
-    /// A row of the list by its title.
+    /// The row with this title, or null.
     [[nodiscard]] QQuickItem *findRow(const QString &title)
     {
         return driver().find([&](const QQuickItem &item) {
             return item.property("description").isValid() && item.property("title").toString() == title;
         });
     }
-    /// The same, scrolled into sight.
+    /// The same, scrolled into view.
     [[nodiscard]] QQuickItem &cleanupRow(const QString &title)
     {
         QQuickItem &list = driver().item(QStringLiteral("cleanupRows"));
@@ -46,7 +46,7 @@ protected:
             const qreal y = list.property("contentY").toReal();
             const QQuickItem *const found = findRow(title);
             if (found == nullptr) {
-                // A page further, and from the end back to the start.
+                // Scroll by one page, wrapping at the end.
                 const qreal start = list.property("originY").toReal();
                 const qreal end = start + list.property("contentHeight").toReal() - list.height();
                 scrollTo(y >= end ? start : std::min(y + list.height(), end));
@@ -62,7 +62,7 @@ protected:
         waitUntil(comesIntoSight, QStringLiteral("the row of ") + title);
         return *findRow(title);
     }
-    /// What the row says: "npm Cache, Safe, 5.2 MB, 2 items".
+    /// The row's description: "npm Cache, Safe, 5.2 MB, 2 items".
     [[nodiscard]] std::string says(const QString &title)
     {
         return cleanupRow(title).property("description").toString().toStdString();
@@ -118,7 +118,7 @@ TEST_F(CleanupJourney, TheCatalogueIsMeasuredWithoutBeingAskedFor)
 TEST_F(CleanupJourney, OnePressSelectsEverythingThatIsSafeAndNothingElse)
 {
     addFile(".android/avd/pixel.img", 4);
-    // Behind the link lies what must never be removed, so it is not looked at.
+    // The link's target is protected, so it is not measured.
     addFile(".ssh/key", 1);
     addFolder(".gradle/wrapper");
     std::filesystem::create_directory_symlink(at(".ssh"), at(".gradle/wrapper/dists"));
@@ -161,7 +161,7 @@ TEST_F(CleanupJourney, ACardOpensToItsEntriesWhichAreTickedOneByOne)
 
 TEST_F(CleanupJourney, ALocationThatCannotBeReadSaysWhatItNeedsAndAddsNothing)
 {
-    // Not a folder, so it cannot be listed.
+    // A file, so listing it fails.
     std::filesystem::remove_all(at(".gradle/caches"));
     addFile(".gradle/caches", 5);
     openCleanup();

@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A home with a film of 4 MiB in three places, a song of 2 MiB in two, and a file of the film's size.
+/// A home with a film of 4 MiB in three places, a song of 2 MiB in two, and another file of the film's size.
 class DuplicatesJourney : public Journey {
 protected:
     DuplicatesJourney()
@@ -23,7 +23,7 @@ protected:
         addCopy("Films/other.mov", 'o', 4, 100);
     }
 
-    /// A file that holds one letter, last changed so many days after the start of 2024.
+    /// Adds a file filled with one letter, last modified `day` days after the start of 2024.
     void addCopy(const std::string &relative, char letter, std::int64_t mebibytes, int day) const
     {
         const std::string path = "home/" + relative;
@@ -62,7 +62,7 @@ protected:
         waitUntil([&] { return !store().isRemoving() && !toast().empty(); }, QStringLiteral("the removal's message"));
         driver().rest();
     }
-    /// What the rows of the list show, from the top: the names of groups and, relative to the home, the files.
+    /// The rows of the list, from the top: the names of groups, and the files relative to the home.
     [[nodiscard]] std::vector<std::string> listed()
     {
         std::vector<std::pair<qreal, std::string>> found;

@@ -57,7 +57,7 @@ bool HeldListing::isReached() const
 
 } // namespace corvane
 
-// The program's own definition is found before the C library's.
+// This definition takes precedence over the C library's.
 extern "C" ssize_t getdents64(int descriptor, void *buffer, size_t size)
 {
     struct stat facts {};

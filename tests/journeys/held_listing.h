@@ -4,8 +4,8 @@
 
 namespace corvane {
 
-/// Keeps whoever lists one folder waiting, as a disk that has fallen asleep does, until it is released or goes: a
-/// scan of what lies around that folder is surely still running. One at a time; main thread.
+/// Blocks the listing of one folder, like a sleeping disk, until it is released or this object is destroyed, which
+/// guarantees that a scan around that folder is still running. One at a time; main thread.
 class HeldListing {
 public:
     /// The absolute path of an existing folder.
@@ -15,7 +15,7 @@ public:
     HeldListing &operator=(const HeldListing &) = delete;
 
     void release();
-    /// Whether somebody waits for the listing.
+    /// Whether a thread is waiting for the listing.
     [[nodiscard]] bool isReached() const;
 };
 

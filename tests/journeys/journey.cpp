@@ -103,7 +103,7 @@ void Journey::openAndScan()
     driver().pointAtNothing();
 }
 
-// --- What the window shows
+// --- Window contents
 
 QQuickItem *Journey::textItem(const QString &text)
 {
@@ -144,13 +144,13 @@ TreemapView &Journey::map()
 
 std::vector<std::string> Journey::rows()
 {
-    // The list makes its rows when it is next drawn.
+    // The list creates its delegates on the next frame.
     QQuickItem &list = driver().item(QStringLiteral("contents"));
     std::map<int, std::string> byIndex;
     const auto read = [&] {
         byIndex.clear();
         visitVisible(list, [&](const QQuickItem &item) {
-            // One that the list keeps for another row has no place in it.
+            // Skip delegates that the list keeps for reuse.
             if (isRow(item) && item.property("index").toInt() >= 0) {
                 const QString text =
                     item.property("name").toString() + QLatin1Char(' ') + item.property("sizeText").toString();
@@ -209,7 +209,7 @@ void Journey::waitForToast()
     waitUntil([&] { return !toast().empty(); }, QStringLiteral("a message"));
 }
 
-// --- What a person does
+// --- User actions
 
 void Journey::clickText(const QString &text)
 {

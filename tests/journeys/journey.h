@@ -22,8 +22,8 @@
 
 namespace corvane {
 
-/// A person before the program's window. The home folder is empty and belongs to the test, as does the Trash.
-/// Items are named by the text that the window shows of them.
+/// A test that uses the program's window like a person. The home folder is initially empty and private to the test, as
+/// is the Trash. Items are identified by their visible text.
 class Journey : public testing::Test {
 protected:
     static constexpr std::int64_t mebibyte = 1 << 20;
@@ -32,32 +32,32 @@ protected:
     ~Journey() override;
 
     // --- The disk. Paths are relative to the home folder.
-    /// A file that occupies that many times 1,048,576 bytes.
+    /// Adds a file that occupies this many mebibytes.
     std::string addFile(const std::string &relative, std::int64_t mebibytes) const;
     std::string addFolder(const std::string &relative) const { return folder().makeFolder("home/" + relative); }
     [[nodiscard]] std::string at(const std::string &relative) const { return home() + "/" + relative; }
     [[nodiscard]] bool exists(const std::string &relative) const { return folder().has("home/" + relative); }
     [[nodiscard]] const std::string &home() const { return Sandbox::instance().home(); }
-    /// What surrounds the home folder.
+    /// The folder that contains the home folder.
     [[nodiscard]] const TemporaryFolder &folder() const { return Sandbox::instance().folder(); }
 
-    /// Sets a key of the settings that the program will read.
+    /// Sets a key in the settings that the program will read.
     void setDefault(const std::string &key, const std::string &value) const;
 
     // --- The program
-    /// Opens the window of a program that has been run before.
+    /// Opens the window of a program that is not run for the first time.
     void open();
-    /// Opens the window, whatever the settings hold.
+    /// Opens the window without changing the settings.
     void launch();
-    /// Where what is sent goes, of a program opened later.
+    /// Sets the server for programs opened later.
     void setSite(const QUrl &site) { m_site = site; }
-    /// Where updates come from, of a program opened later.
+    /// Sets the update feed for programs opened later.
     void setUpdates(const UpdateConfiguration &updates) { m_updates = updates; }
-    /// Ends the program as its main() does when the last window is gone.
+    /// Ends the program as its main() does after the last window is closed.
     void quit() { m_program.reset(); }
     /// Opens the window and goes to the Space Map.
     void openSpaceMap();
-    /// The same, and scans the home folder with the button there.
+    /// The same, then scans the home folder with the button there.
     void openAndScan();
     [[nodiscard]] bool isScanned() { return store().phase() == StorageStore::Phase::ready; }
     [[nodiscard]] CorvaneApp &program() { return *m_program; }
@@ -70,21 +70,21 @@ protected:
     [[nodiscard]] QQuickItem *textItem(const QString &text);
     [[nodiscard]] bool shows(const QString &text) { return textItem(text) != nullptr; }
     [[nodiscard]] bool isShown(const QString &objectName);
-    /// The names of the items that the condition holds for, in the order in which they stand.
+    /// The names of the items that satisfy the condition, in visual order.
     [[nodiscard]] std::vector<std::string> namesFromTheTop(const std::function<bool(const QQuickItem &)> &condition);
     void waitForText(const QString &text);
-    /// Lets the window live until the condition holds; the test fails with `what` when it does not come about.
+    /// Processes events until the condition holds; fails the test with `what` on timeout.
     void waitUntil(const std::function<bool()> &condition, const QString &what) { driver().waitFor(condition, what); }
     [[nodiscard]] TreemapView &map();
-    /// Each row of a list that needs no scrolling, from the top: "Movies 12.6 MB".
+    /// The rows of a list that fits without scrolling, from the top: "Movies 12.6 MB".
     [[nodiscard]] std::vector<std::string> rows();
     /// The folders of the breadcrumb, from the root: "home/Movies".
     [[nodiscard]] std::string way();
-    /// The names on the map of the items of the folder shown, largest first.
+    /// The names of the current folder's items in the map, largest first.
     [[nodiscard]] std::vector<std::string> tiles();
-    /// Whether the open menu offers that command.
+    /// Whether the command is enabled in the open menu.
     [[nodiscard]] bool isEnabledInMenu(const QString &text);
-    /// The message at the bottom of the window; empty for none.
+    /// The text of the current toast; empty for none.
     [[nodiscard]] std::string toast();
     void waitForToast();
 
@@ -93,23 +93,23 @@ protected:
     void clickText(const QString &text);
     void clickCrumb(const QString &name);
     [[nodiscard]] QQuickItem &row(const QString &name);
-    /// On a row's check box.
+    /// Clicks a row's check box.
     void tick(const QString &name);
-    /// The middle of an item's tile in the band of its label, so that not what lies inside is meant.
+    /// The middle of a tile's label band, which its nested tiles do not cover.
     [[nodiscard]] QPointF tile(const std::string &name);
     void clickTile(const std::string &name, Qt::MouseButton button = Qt::LeftButton);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { driver().press(key, modifiers); }
-    /// Presses Tab until the item has the keyboard.
+    /// Presses Tab until the item has the focus.
     void tabTo(const QQuickItem &item);
-    /// Waits for the folder, and for the map to have come to rest.
+    /// Waits until the folder is shown and the map has stopped moving.
     void waitForWay(const std::string &way);
-    /// Waits for the selection bar to stand where it belongs.
+    /// Waits until the selection bar is in its final position.
     void waitForSelectionBar();
-    /// Waits for a sheet or a menu to be open.
+    /// Waits until a sheet or menu is open.
     void waitForPopup(const QString &objectName);
     void waitForPopupClosed(const QString &objectName);
     void drop(const QList<QUrl> &urls);
-    /// A command of the window's own menu.
+    /// Chooses a command in the window's own menu.
     void chooseInMenu(const QString &objectName);
 
 private:

@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
-/// What a reader says of an item: "Review (button)".
+/// How a screen reader announces an item: "Review (button)".
 std::string spoken(QQuickItem &item)
 {
     const QAccessibleInterface *const interface = QAccessible::queryAccessibleInterface(&item);
@@ -22,7 +22,7 @@ std::string spoken(QQuickItem &item)
     const auto role = [interface]() -> std::string {
         switch (interface->role()) {
         case QAccessible::Button:
-        case QAccessible::ButtonMenu: // which Qt 6.4 takes for a button
+        case QAccessible::ButtonMenu: // reported as a button by Qt 6.4
             return "button";
         case QAccessible::List:
             return "list";
@@ -37,10 +37,10 @@ std::string spoken(QQuickItem &item)
     return interface->text(QAccessible::Name).toStdString() + " (" + role() + ")";
 }
 
-/// The whole window, worked with nothing but the keyboard.
+/// The whole window, operated by keyboard only.
 class KeyboardJourney : public Journey {
 protected:
-    /// A way of three folders, something selected, so that everything there is has something to show.
+    /// Opens a folder three levels deep and selects an item, so that every part of the window has content.
     void openDeepFolder()
     {
         addFile("Movies/film.mkv", 6);
@@ -58,7 +58,7 @@ protected:
     [[nodiscard]] QQuickItem *focused() { return window().activeFocusItem(); }
     [[nodiscard]] std::string focusedName() { return focused() != nullptr ? spoken(*focused()) : "nothing"; }
 
-    /// The stops from the first press of the key to the one before the first is reached again.
+    /// The focus stops from the first press of the key until the first stop is reached again.
     std::vector<std::string> stops(Qt::Key key, const std::function<void(QQuickItem &)> &atEach = {})
     {
         constexpr std::size_t mostStops = 40;
@@ -76,7 +76,7 @@ protected:
         return names;
     }
 
-    /// The pixels around and in the item that have the colour of the ring.
+    /// The pixels in and around the item that have the focus ring's colour.
     QImage ringPixels(const QQuickItem &item)
     {
         constexpr double ringOutset = 4;
@@ -85,7 +85,7 @@ protected:
         const QImage part = driver().picture().copy(place.toRect());
         const QColor ring = Theme::instance()->focus();
         const auto isOfRing = [&](const QColor &color) {
-            constexpr int shade = 16; // of the selection bar, which falls on the end of the map
+            constexpr int shade = 16; // the selection bar's shadow, which falls on the end of the map
             return std::abs(color.red() - ring.red()) <= shade && std::abs(color.green() - ring.green()) <= shade &&
                    std::abs(color.blue() - ring.blue()) <= shade;
         };
@@ -96,7 +96,7 @@ protected:
         }
         return marked;
     }
-    /// Whether a closed ring stands at the item that was not there in `before`.
+    /// Whether there is a closed ring around the item that was not in `before`.
     static bool isRing(const QImage &before, const QImage &now)
     {
         QRect bounds;
@@ -123,7 +123,7 @@ protected:
                share(bounds.topLeft(), {0, 1}, bounds.height()) > straightPart &&
                share(bounds.topRight(), {0, 1}, bounds.height()) > straightPart;
     }
-    /// Walks through the window and expects a ring around each stop and only there.
+    /// Tabs through the window and expects a focus ring at each stop and nowhere else.
     void expectRings()
     {
         const auto expectRing = [&](QQuickItem &item) {
@@ -136,7 +136,7 @@ protected:
         };
         EXPECT_GE(stops(Qt::Key_Tab, expectRing).size(), 13U);
     }
-    /// Whether the keyboard is at the item and is seen to be there.
+    /// Expects the item to have the focus and to show it.
     void expectKeyboardAt(const char *objectName)
     {
         QQuickItem &item = driver().item(QLatin1String(objectName));

@@ -14,7 +14,7 @@ using testing::UnorderedElementsAre;
 
 constexpr std::time_t day = 86'400; // seconds
 
-/// A home with films, an archive and a document above 10 MB; the archive was not modified for three years.
+/// A home with films, an archive and a document above 10 MB; the archive has not been modified for three years.
 class ListsJourney : public Journey {
 protected:
     ListsJourney()
@@ -33,7 +33,7 @@ protected:
         waitUntil([&] { return isShown(QStringLiteral("lists.search")); }, QStringLiteral("the list's screen"));
         driver().rest();
     }
-    /// The choice of that text behind a filter.
+    /// Picks the option with this text in a filter.
     void choose(const QString &filter, const QString &text)
     {
         click(filter);
@@ -55,7 +55,7 @@ protected:
         return driver().itemWhere(
             [&](const QQuickItem &item) { return isFileRow(item) && item.property("name").toString() == name; }, name);
     }
-    /// The names of the list, from the top.
+    /// The names in the list, from the top.
     [[nodiscard]] std::vector<std::string> listed() { return namesFromTheTop(isFileRow); }
     void waitForList(const std::vector<std::string> &names)
     {

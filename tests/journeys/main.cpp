@@ -8,14 +8,14 @@
 
 namespace {
 
-// The window has room to move on it.
+// Larger than the window, so that it can be moved.
 constexpr const char *screenDescription = R"({"synchronousWindowSystemEvents": false, "windowFrameMargins": false,
     "screens": [{"name": "screen", "x": 0, "y": 0, "width": 1920, "height": 1200, "logicalDpi": 96,
                  "logicalBaseDpi": 96, "dpr": 1}]})";
 
 } // namespace
 
-/// Runs the journeys with a window system that shows nothing, where every warning of Qt is an error.
+/// Runs the journeys on an offscreen platform; every Qt warning is an error.
 int main(int argc, char **argv)
 {
     const corvane::Sandbox sandbox;

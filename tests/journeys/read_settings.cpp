@@ -1,4 +1,4 @@
-// Says what the settings of this user hold, as a program sees them that is started later.
+// Prints this user's settings as a program started later reads them.
 
 #include <cstdio>
 

@@ -48,7 +48,7 @@ Sandbox::Sandbox() : m_home(m_folder.makeFolder("home"))
     const std::string runtime = m_folder.makeFolder("runtime");
     std::filesystem::permissions(runtime, std::filesystem::perms::owner_all);
     ::setenv("XDG_RUNTIME_DIR", runtime.c_str(), 1);
-    // No desktop that the tests happen to run on plays a part.
+    // Isolates the tests from the desktop they run on.
     for (const char *variable : {"DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP"})
         ::unsetenv(variable);
 }

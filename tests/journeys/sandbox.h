@@ -7,9 +7,9 @@
 
 namespace corvane {
 
-/// The user that the program runs as: an empty home folder with its own Trash, settings and runtime folder, and
-/// one program that opens folders and pages of settings and notes down which. Made before anything reads the
-/// environment; the program looks at some of it only once, so there is one sandbox for the whole run.
+/// The user account that the program sees: an empty home folder with its own Trash, settings and runtime folder, and an
+/// opener that records the folders and settings pages that are opened. Created before anything reads the environment;
+/// because the program reads some of it only once, there is one sandbox per process.
 class Sandbox {
 public:
     Sandbox();
@@ -19,10 +19,10 @@ public:
 
     [[nodiscard]] static const Sandbox &instance();
 
-    /// Ends the run at once when the program would work on any other home folder or Trash than these.
+    /// Aborts the process if the program would use any other home folder or Trash.
     void insist() const;
 
-    /// As it was made: an empty home, an empty Trash, no settings.
+    /// Restores the initial state: an empty home, an empty Trash, no settings.
     void clear() const;
 
     [[nodiscard]] const TemporaryFolder &folder() const { return m_folder; }
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] std::string trashedFiles() const { return m_folder / "data/Trash/files"; }
     /// The names of the items in the Trash, bytes, sorted.
     [[nodiscard]] std::vector<std::string> trash() const;
-    /// The folders that were opened in the file manager, and the addresses of settings.
+    /// The folders opened in the file manager, and the URLs of settings pages.
     [[nodiscard]] std::vector<std::string> opened() const;
 
 private:

@@ -10,7 +10,7 @@ using testing::ElementsAre;
 
 class ScanJourney : public Journey {
 protected:
-    /// A home of which one folder keeps the scan waiting; what lies around it is soon counted.
+    /// Adds a home with one folder whose listing blocks; everything else is counted quickly.
     void addSlowHome()
     {
         addFile("Movies/film.mkv", 3);
@@ -19,7 +19,7 @@ protected:
         m_held.emplace(at("Slow"));
     }
     void releaseSlowFolder() { m_held->release(); }
-    /// The scan has counted what it can and waits for the slow folder.
+    /// Waits until the scan has counted everything else and waits for the slow folder.
     void waitForSlowScan()
     {
         waitUntil([&] { return m_held->isReached() && store().scannedFiles() == 1; }, QStringLiteral("a slow scan"));
@@ -31,7 +31,7 @@ protected:
         return dialog != nullptr && dialog->property("visible").toBool();
     }
 
-    /// Clicks what bears that text in the dialog, which is Qt's own: a folder's row or a button.
+    /// Clicks the item with this text in Qt's own dialog: a folder's row or a button.
     void clickInDialog(const QString &text)
     {
         const QString scanButton = QStringLiteral("scanButton");

@@ -30,7 +30,7 @@ protected:
         press(Qt::Key_Up, Qt::ControlModifier);
         waitForWay("home");
     }
-    /// Selects Projects and, inside it, Exports, and then Games: three entries, of which two count.
+    /// Selects Projects, Exports inside it, and Games: three entries, two of them effective.
     void selectParentChildAndOther()
     {
         openFolder(QStringLiteral("Projects"));
@@ -46,7 +46,7 @@ protected:
         click(QStringLiteral("reviewButton"));
         waitForPopup(QStringLiteral("reviewSheet"));
     }
-    /// Each entry of the review sheet, from the top: "Projects ~/Projects 6.3 MB".
+    /// The entries of the review sheet, from the top: "Projects ~/Projects 6.3 MB".
     std::vector<std::string> reviewed()
     {
         std::vector<std::string> entries;
@@ -59,7 +59,7 @@ protected:
             entries.push_back(text(row, "name") + " " + text(row, "path") + " " + text(row, "size"));
         return entries;
     }
-    /// With the button of the entry.
+    /// Deselects an entry with its button.
     void dropFromReview(const QString &name)
     {
         driver().click(driver().itemWhere(
@@ -297,7 +297,7 @@ TEST_F(SelectionJourney, CtrlASelectsWhatIsListedButNothingProtected)
     waitForText(QStringLiteral("3 items selected"));
 }
 
-// --- What stays in its place
+// --- Stable positions
 
 TEST_F(SelectionJourney, TheBarThatAppearsMovesNoTile)
 {
@@ -384,7 +384,7 @@ TEST_F(SelectionJourney, TheReviewKeepsItsPlaceWhileEntriesAreDropped)
     const QQuickItem &cancel = driver().item(QStringLiteral("reviewSheet.cancel"));
     const QPointF button = cancel.mapToScene(QPointF());
 
-    // Twice at the same point: the second click drops the entry that has come up.
+    // Click twice at the same point: the second click deselects the entry that has moved up.
     const QPointF firstDrop(list.width() - 24, 23);
     driver().clickAt(list, firstDrop);
     waitForText(QStringLiteral("2 items · 3.1 MB"));

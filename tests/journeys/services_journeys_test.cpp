@@ -22,7 +22,7 @@ protected:
 
     [[nodiscard]] static bool onMac() { return systemHost().files.systemKind() == SystemKind::mac; }
 
-    // --- The access: on a Mac a file that can be opened, elsewhere the home folder.
+    // --- Full disk access: on a Mac a file that can be opened, elsewhere the home folder.
     void refuseAccess() const
     {
         if (!onMac())
@@ -39,7 +39,7 @@ protected:
     // --- The sheets
     [[nodiscard]] bool isOpen(const char *sheet)
     {
-        // Made when it is first opened.
+        // Created when first opened.
         const QObject *const made = window().findChild<QObject *>(QLatin1String(sheet));
         return made != nullptr && made->property("visible").toBool();
     }
@@ -64,7 +64,7 @@ protected:
         return QJsonDocument::fromJson(server.requests().at(index).body).object();
     }
 
-    // --- The crash of an earlier run
+    // --- Crashes of earlier runs
     [[nodiscard]] std::string reportName(const std::string &when) const
     {
         return QCoreApplication::applicationFilePath().section(QLatin1Char('/'), -1).toStdString() + "-" + when +
@@ -74,7 +74,7 @@ protected:
     {
         folder().writeText("home/Library/Logs/DiagnosticReports/" + reportName(when), "signal 11 at " + when);
     }
-    /// The program looked for reports long ago.
+    /// Sets the last check for reports to a date in the past.
     void lookedBefore() const { setDefault("crashReportLastCheck", "2020-01-01T00:00:00.000Z"); }
     void openAfterCrash()
     {
@@ -95,7 +95,7 @@ protected:
         waitUntil([&] { return isOpen("settings") && QGuiApplication::focusWindow() == &settingsWindow(); },
                   QStringLiteral("the settings"));
     }
-    /// What another process reads there: "didOnboard=true crashReportMode=never".
+    /// The settings as another process reads them: "didOnboard=true crashReportMode=never".
     [[nodiscard]] static std::string settingsOfAnotherProcess()
     {
         QProcess reader;
@@ -149,7 +149,7 @@ TEST_F(ServicesJourney, AccessThatIsGrantedWhileTheWelcomeIsOpenIsSeen)
     EXPECT_EQ(settingsOfAnotherProcess(), "didOnboard=true crashReportMode=ask");
 }
 
-TEST_F(ServicesJourney, WhoQuitsBeforeTheWelcomeWasDismissedIsWelcomedAgain)
+TEST_F(ServicesJourney, QuittingWithTheWelcomeOpenShowsItAgain)
 {
     launch();
     waitForPopup(QStringLiteral("welcome"));
@@ -299,7 +299,7 @@ TEST_F(ServicesJourney, FeedbackThatFailsSaysWhyInOneLineAndCanBeSentAgain)
 
 TEST_F(ServicesJourney, FeedbackWithoutAServerSaysSo)
 {
-    setSite(QUrl(QStringLiteral("http://127.0.0.1:1/"))); // nobody listens there
+    setSite(QUrl(QStringLiteral("http://127.0.0.1:1/"))); // nothing listens there
     openFeedback();
     send(QStringLiteral("words"));
     waitForText(QStringLiteral("Couldn't reach the server.\nCheck your internet connection."));

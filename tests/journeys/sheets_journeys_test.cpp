@@ -6,7 +6,7 @@
 namespace corvane {
 namespace {
 
-/// What lies over the window, and how the program ends with it.
+/// Sheets over the window, and quitting the program while one is open.
 class SheetsJourney : public Journey {
 protected:
     [[nodiscard]] bool isOpen(const char *sheet)
@@ -27,7 +27,7 @@ protected:
                            "signal 11");
         setDefault("crashReportLastCheck", "2020-01-01T00:00:00.000Z");
     }
-    /// Whether what is done ends the program, as main() runs it, soon.
+    /// Whether `done` makes the program, run as in main(), end soon.
     [[nodiscard]] static bool endsWhen(const std::function<void()> &done)
     {
         constexpr int stillRuns = 3;
@@ -89,7 +89,7 @@ TEST_F(SheetsJourney, TheKeyThatQuitsDoesSoInTheSettings)
     EXPECT_TRUE(endsWhen([&] { WindowDriver(settings).press(Qt::Key_Q, Qt::ControlModifier); }));
 }
 
-TEST_F(SheetsJourney, WhatComesAtOnceIsAskedOneAfterTheOtherAndNoneIsLost)
+TEST_F(SheetsJourney, SimultaneousSheetsAreShownOneAfterAnother)
 {
     crashed();
     launch();

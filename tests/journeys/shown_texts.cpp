@@ -59,7 +59,7 @@ private:
             for (const QVariant &inner : value.toList())
                 add(inner, where);
         } else if (value.metaType().flags() & QMetaType::PointerToQObject) {
-            visit(value.value<QObject *>()); // the model of a view
+            visit(value.value<QObject *>()); // a view's model
         }
     }
 
@@ -71,7 +71,7 @@ private:
             if (!property.isReadable())
                 continue;
             if (property.metaType().flags() & QMetaType::PointerToQObject) {
-                // Reading these would make objects that hold no text.
+                // Reading these would create objects without text.
                 constexpr std::array made{"anchors", "layer", "palette", "parent"};
                 if (std::ranges::none_of(made, [&](const char *name) { return qstrcmp(property.name(), name) == 0; }))
                     visit(property.read(&object).value<QObject *>());
@@ -89,7 +89,7 @@ private:
 
     void addAccessible(QObject &object)
     {
-        // Other objects have none, or borrow that of their window.
+        // Other objects have no accessible interface, or return their window's.
         if (!object.inherits("QQuickItem"))
             return;
         if (const QAccessibleInterface *const reader = QAccessible::queryAccessibleInterface(&object))
@@ -107,7 +107,7 @@ private:
         for (const auto &[kind, word] : kinds)
             add(reader.text(kind), name + QLatin1String(word));
         for (int i = 0; i < reader.childCount(); ++i) {
-            // What has an object of its own is visited there.
+            // A child with its own object is visited with that object.
             const QAccessibleInterface *const child = reader.child(i);
             if (child != nullptr && child->object() == nullptr)
                 addSaid(*child, name + QStringLiteral(" child"));

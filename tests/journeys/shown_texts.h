@@ -9,18 +9,17 @@ class QObject;
 
 namespace corvane {
 
-/// A text of the window, and which item has it: "QQuickText.text", "PushButton_QMLTYPE_31 'scan' accessible name".
+/// A text in the window, and the item it comes from: "QQuickText.text", "PushButton_QMLTYPE_31 'scan' accessible name".
 struct ShownText {
     QString text;
     QString where;
 };
 
-/// Every text of an object and of all that belongs to it, seen now or not: the text properties of items, menus and
-/// sheets, closed ones as well, what a reader says of them, and everything that the models behind the lists hold.
-/// Main thread only.
+/// All texts of an object and its descendants, visible or not: the text properties of items, menus and sheets, closed
+/// ones included, their accessible texts, and all data of the models behind lists. Main thread only.
 [[nodiscard]] std::vector<ShownText> textsOf(QObject &from);
 
-/// Those with a word that only a Mac's user knows (`macWordIn`), each with the word and where it stands.
+/// The texts with a word that only Mac users know (`macWordIn`), each with the word and its source.
 [[nodiscard]] std::vector<std::string> macWordsIn(QObject &from);
 
 } // namespace corvane

@@ -15,7 +15,7 @@
 namespace corvane {
 namespace {
 
-/// Further starts of the program while one runs.
+/// Starts the program again while it is running.
 class StartJourney : public Journey {
 protected:
     void SetUp() override
@@ -33,7 +33,7 @@ protected:
         QDBusConnection::disconnectFromBus(QStringLiteral("qt_default_session_bus"));
     }
 
-    /// The exit status of another start; -1 when it does not end.
+    /// The exit status of a second start; -1 on timeout.
     int startAnother(const QStringList &arguments)
     {
         QProcess other;
@@ -46,7 +46,7 @@ protected:
         other.waitForFinished();
         return hasEnded ? other.exitCode() : -1;
     }
-    /// What a desktop would call.
+    /// Makes the D-Bus call of a desktop.
     QDBusPendingReply<> call(const QString &method, const QVariantList &arguments)
     {
         QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("app.corvane.Corvane"),

@@ -202,7 +202,7 @@ TEST_F(WalkJourney, OpeningAFolderMovesTheMap)
     EXPECT_TRUE(map().isChangingFolder());
 }
 
-TEST_F(WalkJourney, OpeningAFolderMovesNothingForWhoWantsLessMotion)
+TEST_F(WalkJourney, WithReducedMotionOpeningAFolderIsNotAnimated)
 {
     openHome();
     Theme::instance()->setReducedMotion(true);

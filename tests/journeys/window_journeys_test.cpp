@@ -13,7 +13,7 @@ namespace {
 
 class WindowJourney : public Journey {
 protected:
-    static constexpr int settled = 500; // milliseconds; the program writes its place down after a moment's rest
+    static constexpr int settled = 500; // milliseconds; the program saves its geometry after a short delay
 
     void openHome()
     {
@@ -21,7 +21,7 @@ protected:
         addFile("Games/world.dat", 2);
         openAndScan();
     }
-    /// Runs the program until its last window is closed, or, failing that, until the test has waited long enough.
+    /// Runs the program until its last window is closed or a timeout expires.
     int runUntilClosed()
     {
         constexpr int patience = 20'000; // milliseconds
@@ -29,13 +29,13 @@ protected:
         QTimer::singleShot(patience, &window(), [] { QCoreApplication::exit(1); });
         return QGuiApplication::exec();
     }
-    /// What the program finds of an earlier run's window.
+    /// Saves the geometry as of an earlier run.
     static void remember(const QRect &place)
     {
         QSettings settings;
         settings.setValue(QStringLiteral("window.geometry"), place);
     }
-    /// The colour of the window's pixel in the middle of the band above the sidebar.
+    /// The colour of a pixel in the middle of the band above the sidebar.
     QColor bandColor() { return driver().picture().pixelColor(140, 4); }
 };
 

@@ -28,7 +28,7 @@ using Item = StorageStore::SidebarItem;
 constexpr std::time_t day = 86'400; // seconds
 constexpr QSize smallest(1'040, 660);
 
-/// Everything that the program can show on a Linux system, read for words of a Mac.
+/// Checks every text that the program can show on Linux for macOS terms.
 class WordsJourney : public Journey {
 protected:
     void SetUp() override
@@ -37,7 +37,7 @@ protected:
             GTEST_SKIP() << "the tests run on a root that is a Mac's";
     }
 
-    /// Reads the whole window, and that a person would find these texts in it at this moment.
+    /// Checks the whole window, and expects these texts to be visible at this moment.
     void read(const QString &place, const QStringList &expected = {})
     {
         driver().rest();
@@ -49,7 +49,7 @@ protected:
         for (const std::string &found : macWordsOfOurs())
             ADD_FAILURE() << place.toStdString() << ": " << found;
     }
-    /// Those in the window that are not in the name of an application that this machine has.
+    /// The macOS terms in the window, except in names of applications installed on this machine.
     std::vector<std::string> macWordsOfOurs()
     {
         std::vector<std::string> found = macWordsIn(window());
@@ -97,7 +97,7 @@ protected:
         waitUntil([&] { return !store().isRemoving() && !store().appsLoading() && !toast().empty(); },
                   QStringLiteral("the removal's message"));
     }
-    /// An item of QML over the window, as a developer would have forgotten it there.
+    /// Adds a QML item to the window, as if a developer had left it there.
     void put(const QByteArray &body)
     {
         QQmlComponent component(qmlEngine(&window()));
@@ -122,7 +122,7 @@ protected:
     }
 
 private:
-    /// What the machine that the tests run on has installed is called as its makers like.
+    /// Installed programs on this machine can have any name.
     [[nodiscard]] bool isNameOfAnApp(const std::string &found)
     {
         return std::ranges::any_of(store().apps(), [&](const InstalledApp &app) {
@@ -131,7 +131,7 @@ private:
     }
 };
 
-// --- The walk itself
+// --- The check itself
 
 TEST_F(WordsJourney, AWordOfAMacIsFoundWhereverItStands)
 {
@@ -197,7 +197,7 @@ TEST_F(WordsJourney, NoScreenDuringAScanSpeaksOfAMac)
     for (const Item screen : {Item::overview, Item::breakdown, Item::explorer, Item::uninstaller, Item::large,
                               Item::old, Item::duplicates, Item::cleanup}) {
         store().setSidebar(screen);
-        QTest::qWait(50); // figures move, so the window never rests
+        QTest::qWait(50); // animated figures keep the window from becoming idle
         EXPECT_THAT(macWordsOfOurs(), IsEmpty());
     }
     store().stopScan();
@@ -338,13 +338,13 @@ TEST_F(WordsJourney, NoPlaceOfTheCleanupSpeaksOfAMac)
     addFile(".npm/_cacache/blob", 3);
     folder().writeFile("cache/pip/wheel", 2 * mebibyte);
     addFile("Downloads/film.mov", 9);
-    addFile(".gradle/caches", 1); // not a folder, so it cannot be listed
+    addFile(".gradle/caches", 1); // a file, so listing it fails
     open();
     waitForFigures();
     show(Item::cleanup);
     read(QStringLiteral("the cleanup with what it found"),
          {QStringLiteral("npm Cache"), QStringLiteral("Can't be read"), QStringLiteral("pip Cache")});
-    // The folded places of every group.
+    // The folded locations of every group.
     for (const int group : {0, 1, 2}) {
         std::vector<QQuickItem *> folded;
         static_cast<void>(driver().find([&](const QQuickItem &item) {
@@ -440,7 +440,7 @@ TEST_F(WordsJourney, NoSheetOfARemovalSpeaksOfAMac)
     read(QStringLiteral("the question before a deletion"), {QStringLiteral("Permanently delete 1 item?")});
     close(QStringLiteral("deleteConfirm"));
     close(QStringLiteral("reviewSheet"));
-    // The Trash is out of order.
+    // Make the Trash unusable.
     std::filesystem::remove_all(folder() / "data/Trash");
     folder().writeText("data/Trash", "no folder");
     click(QStringLiteral("moveToTrashButton"));

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests of scripts/layers.py over small source folders with made-up offences."""
+"""Tests of scripts/layers.py on small source folders with deliberate violations."""
 
 import pathlib
 import subprocess
@@ -25,7 +25,7 @@ BUILD_FILES = {
 
 class Layers(unittest.TestCase):
     def check(self, files):
-        """The offences in a source folder that holds the build files and these."""
+        """The violations in a source folder with the build files and these files."""
         with tempfile.TemporaryDirectory() as folder:
             for name, text in {**BUILD_FILES, **files}.items():
                 path = pathlib.Path(folder, name)

@@ -17,7 +17,7 @@ class LargeFilesPresenterTest : public test::ListsFixture {
 protected:
     [[nodiscard]] QStringList listed() { return names(*presenter().files()); }
 
-    /// Made when it is first asked for, over what the store holds by then.
+    /// Created on first use, with the store's state at that time.
     LargeFilesPresenter &presenter()
     {
         if (!made)
@@ -32,7 +32,7 @@ class OldFilesPresenterTest : public test::ListsFixture {
 protected:
     [[nodiscard]] QStringList listed() { return names(*presenter().files()); }
 
-    /// Made when it is first asked for, over what the store holds by then.
+    /// Created on first use, with the store's state at that time.
     OldFilesPresenter &presenter()
     {
         if (!made)
@@ -105,7 +105,7 @@ TEST_F(LargeFilesPresenterTest, AFilterByNameFollowsTheLocale)
     const QLocale former;
     QLocale::setDefault(QLocale(QStringLiteral("tr_TR")));
     scanHome();
-    presenter(); // prepares the files in the locale of the moment
+    presenter(); // prepares the files in the current locale
     QLocale::setDefault(former);
     presenter().setQuery(QStringLiteral("isparta"));
     EXPECT_TRUE(presenter().isEmpty()) << "in Turkish the small letter of I is another one";

@@ -13,7 +13,7 @@
 namespace corvane {
 namespace {
 
-/// The whole screens in a window of their own, worked by mouse and keyboard.
+/// The whole screens in their own window, operated by mouse and keyboard.
 class FileListsScreensTest : public test::ListsFixture {
 protected:
     void show(const QByteArray &screen, QSize size = {1064, 744})

@@ -10,7 +10,7 @@
 namespace corvane::test {
 
 struct SetClock {
-    /// At noon.
+    /// Noon on this date.
     [[nodiscard]] static Time date(int year, unsigned month, unsigned day)
     {
         return std::chrono::sys_days(std::chrono::year(year) / month / day) + std::chrono::hours(12);
@@ -29,7 +29,7 @@ protected:
         fake.files.setPackageExtensions({"photoslibrary"});
     }
 
-    /// Films, archives and a library, each with a date; the largest is new.
+    /// Adds films, archives and a library, each with a date; the largest is new.
     void addMany()
     {
         addFile("Movies/new.mov", 900 * megabyte, date(2026, 11, 1));

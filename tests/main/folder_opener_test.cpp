@@ -14,7 +14,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// The system hands files over by events to the application.
+/// The system passes files to the application as events.
 class FolderOpenerTest : public testing::Test {
 protected:
     FolderOpenerTest() { QCoreApplication::instance()->installEventFilter(&m_opener); }

@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-/// The window's program, as far as it goes without a window.
+/// The window's program, up to the point where it needs a window.
 class WindowProgramTest : public testing::Test {
 protected:
     Program program(std::vector<std::string> arguments) const
@@ -52,7 +52,7 @@ TEST_F(WindowProgramTest, AnAddressOfAnotherComputerIsRefused)
                              "folder where it is mounted\n");
 }
 
-// Nobody would read the line.
+// In this case nobody would see an error line.
 TEST_F(WindowProgramTest, StartedFromAMenuTheWindowOpensWhateverTheFolder)
 {
     constexpr int endedByTimeout = 124;

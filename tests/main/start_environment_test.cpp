@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-/// Puts HOME back.
+/// Restores HOME.
 class StartEnvironmentTest : public testing::Test {
 protected:
     ~StartEnvironmentTest() override

@@ -12,7 +12,7 @@
 namespace corvane {
 namespace {
 
-/// A folder of its own for settings; what other tests set is not seen.
+/// A private settings folder, isolated from other tests.
 class UserSettingsTest : public testing::Test {
 protected:
     UserSettingsTest() : m_before(qgetenv("XDG_CONFIG_HOME"))

@@ -16,7 +16,7 @@ protected:
 
     void addFolder(const std::string &relative) { fake.files.addFolder(at(relative)); }
 
-    /// A tree made by hand takes the place of a scan of the home.
+    /// Installs a hand-made tree as the result of a scan of the home.
     void install(const std::shared_ptr<FileNode> &root)
     {
         store.scanHome();

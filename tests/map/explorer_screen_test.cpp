@@ -18,7 +18,7 @@ namespace {
 
 constexpr int patience = 5'000; // milliseconds
 
-/// The whole screen in a window of its own, worked by mouse and keyboard.
+/// The whole screen in its own window, operated by mouse and keyboard.
 class ExplorerScreenTest : public test::ExplorerFixture, WithoutMotion {
 protected:
     ExplorerScreenTest()
@@ -47,7 +47,7 @@ protected:
 
     [[nodiscard]] TreemapView *map() const { return scene->window()->findChild<TreemapView *>("map"); }
     [[nodiscard]] QQuickItem *list() const { return scene->item("list"); }
-    /// The first item that is seen and answers to the name where it is read out.
+    /// The first visible item with this accessible name.
     [[nodiscard]] QQuickItem *named(const QString &name, QAccessible::Role role) const
     {
         std::function<QQuickItem *(QQuickItem *)> search = [&](QQuickItem *item) -> QQuickItem * {
@@ -63,7 +63,7 @@ protected:
         };
         return search(scene->window()->contentItem());
     }
-    /// How many items that are seen show that symbol.
+    /// The number of visible items that show this symbol.
     [[nodiscard]] int countSymbols(const QString &symbol) const
     {
         std::function<int(const QQuickItem *)> count = [&](const QQuickItem *item) {
@@ -190,7 +190,7 @@ TEST_F(ExplorerScreenTest, ThePillFollowsThePointerAndStaysOnTheMap)
     EXPECT_LE(scene->item("pill")->y() + scene->item("pill")->height(), map()->height());
 }
 
-// --- The way
+// --- The breadcrumbs
 
 TEST_F(ExplorerScreenTest, AtTheRootThereIsNoWayUp)
 {
@@ -394,7 +394,7 @@ TEST_F(ExplorerScreenTest, AStoppedScanIsMarkedBesideItsFiles)
     EXPECT_NE(named(QStringLiteral("Partial: the scan was stopped"), QAccessible::StaticText), nullptr);
 }
 
-// --- Readers
+// --- Screen readers
 
 TEST_F(ExplorerScreenTest, TheMapIsReachedFromTheWindow)
 {

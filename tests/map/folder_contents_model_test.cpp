@@ -363,7 +363,7 @@ TEST_F(FolderContentsModelTest, TogglingAPartlyCheckedFolderSelectsAllOfIt)
 
 TEST_F(FolderContentsModelTest, NamesThatSortBetweenAFolderAndItsContentsAreToldApart)
 {
-    // In byte order "-" and "." stand before "/", which stands before "0".
+    // In byte order "-" and "." come before "/", which comes before "0".
     for (const char *name : {"a/x", "a-b", "a.b", "a0"})
         addFile(std::string("Odd/") + name, 3'000'000);
     scanHome();

@@ -32,7 +32,7 @@ struct Row {
     unsigned own, lightLeaf, lightFrame, lightLargest, lightSmallest, darkLeaf, darkFrame, darkLargest, darkSmallest;
 };
 
-// What the design gives for the ten colours of folders.
+// The design's values for the ten folder colours.
 constexpr Row design[] = {
     {0x546EFF, 0x7A8EFF, 0xCCD4FF, 0x7D91FF, 0xA3B1FF, 0x4051B2, 0x282F58, 0x3E4FAE, 0x354289},
     {0x9E5CF5, 0xB380F7, 0xE2CEFC, 0xB583F7, 0xCBA7FA, 0x7045AC, 0x3B2A55, 0x6E44A7, 0x583985},
@@ -87,7 +87,7 @@ TEST(TileColors, AFillOnWhichInkIsHardToReadGivesWay)
     const Color blue{0, 0, 1};
     const TileColors colors = TileColors::of(blue, Role::leaf, 0, Appearance::light);
 
-    EXPECT_GT(colors.fill.red, 0.22 + 0.02); // the share of the ground without regard to text, and a step
+    EXPECT_GT(colors.fill.red, 0.22 + 0.02); // the ground's share without the correction for text, plus one step
     EXPECT_GE(contrast(colors.fill, mixed(colors.fill, colors.ink, TileColors::sizeInkOpacity)), 4.5);
 }
 

@@ -31,7 +31,7 @@ void expectRow(TileTones &tones, const Row &row, int index)
     EXPECT_EQ(name(tones.fill(row.color, TileRole::nested, 1)), row.smallest);
 }
 
-// The palette as it was designed, each colour checked by eye and for contrast.
+// The palette as designed; each colour has been checked visually and for contrast.
 TEST(TileTones, FillsInLightAreThoseOfTheDesign)
 {
     constexpr std::array<std::array<const char *, 4>, 10> designed{{

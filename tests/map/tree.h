@@ -13,7 +13,7 @@ namespace corvane::test {
 
 using NodePtr = std::shared_ptr<FileNode>;
 
-/// A tree made by hand: every addition keeps the children largest first and the ancestors' figures right.
+/// A hand-made tree: every addition keeps the children in descending order and the ancestors' totals correct.
 inline NodePtr makeRoot(std::string_view path = "/home/studio", FileNode::Kind kind = FileNode::Kind::directory)
 {
     return std::make_shared<FileNode>(path, kind);
@@ -29,7 +29,7 @@ inline void account(const NodePtr &folder, std::int64_t size, std::int64_t files
     }
 }
 
-/// Added at the end, without a size; for large trees, whose figures are filled in by hand.
+/// Appends a child without a size; for large trees whose totals are filled in separately.
 inline NodePtr makeChild(const NodePtr &folder, std::string name, FileNode::Kind kind)
 {
     auto node = std::make_shared<FileNode>(folder->pathForChildren(), std::move(name), kind, folder);
@@ -52,7 +52,7 @@ inline NodePtr addFile(const NodePtr &folder, std::string name, std::int64_t siz
     return add(folder, std::move(name), FileNode::Kind::file, size, 1);
 }
 
-/// A folder that grows with what is put into it.
+/// Adds a folder that grows with its contents.
 inline NodePtr addFolder(const NodePtr &folder, std::string name)
 {
     return add(folder, std::move(name), FileNode::Kind::directory, 0, 0);

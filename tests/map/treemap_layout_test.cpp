@@ -80,7 +80,7 @@ TEST(TreemapLayout, OfSeveralNeighboursTheOneBesideTheMiddleIsNearest)
     addFile(root, "bottom", 1'500'000);
     const TreemapLayout layout(*root, {200, 100});
     ASSERT_EQ(layout.count(), 3);
-    // The two stand in one column at the right; the middle of the left tile lies beside the upper one.
+    // The two are stacked in one column on the right; the middle of the left tile is next to the upper one.
     EXPECT_EQ(layout.neighbour(0, Direction::right), 1);
     EXPECT_EQ(layout.neighbour(2, Direction::left), 0);
     EXPECT_EQ(layout.neighbour(1, Direction::down), 2);

@@ -29,7 +29,7 @@ protected:
         return image;
     }
 
-    /// Whether anything but the tile's own ground is painted inside the rectangle.
+    /// Whether anything other than the tile's fill is painted inside the rectangle.
     [[nodiscard]] static bool hasMarks(const QImage &image, const QRect &rect, const QColor &fill)
     {
         for (int y = rect.top(); y <= rect.bottom(); ++y) {

@@ -63,7 +63,7 @@ TEST(Treemap, WeightsThatAreNotFiniteGiveZeroRectangles)
     EXPECT_THAT(Treemap::squarify(weights, {0, 0, 100, 100}), Each(nothing));
 }
 
-// The example of the paper on squarified treemaps: 6 6 4 3 2 2 1 in a rectangle of 6 by 4.
+// The example in the paper on squarified treemaps: 6 6 4 3 2 2 1 in a rectangle of 6 by 4.
 TEST(Treemap, LaysOutTheTextbookExample)
 {
     const std::vector<double> weights{6, 6, 4, 3, 2, 2, 1};
@@ -104,7 +104,7 @@ TEST(Treemap, ASquareStartsWithAColumn)
     EXPECT_EQ(Treemap::squarify(weights, {0, 0, 100, 100}), (std::vector<Rect>{{0, 0, 75, 100}, {75, 0, 25, 100}}));
 }
 
-// With one area of 2 in a side of 2 the worst ratio is 2; with two of them it is 2 again.
+// With one area of 2 along a side of 2 the worst ratio is 2; with two of them it is 2 again.
 TEST(Treemap, ATieAdmitsTheNewArea)
 {
     const std::vector<double> weights{2, 2, 2};

@@ -26,7 +26,7 @@ namespace {
 
 constexpr int patience = 5'000; // milliseconds
 
-/// The map of a small home in a window of its own, worked by real mouse and key events.
+/// The map of a small home in its own window, operated by real mouse and key events.
 class TreemapViewTest : public test::ExplorerFixture {
 protected:
     TreemapViewTest()
@@ -68,12 +68,12 @@ protected:
         drawFrame();
     }
     [[nodiscard]] int tile(const std::string &relative) const { return view->layout().indexOf(node(relative).get()); }
-    /// A point of the tile that lies in none of the tiles inside it.
+    /// A point of the tile outside its nested tiles.
     [[nodiscard]] QPoint point(int index) const
     {
         return view->layout().rect(index).topLeft().toPoint() + QPoint(20, 8);
     }
-    /// The pointer leaves the map. The offscreen screen's own pointer stands somewhere in the window from the start.
+    /// Moves the pointer off the map. The offscreen platform's own pointer is initially inside the window.
     void leave()
     {
         QHoverEvent event(QEvent::HoverLeave, QPointF(-1, -1), QPointF(-1, -1), QPointF(1, 1));
@@ -357,7 +357,7 @@ TEST_F(TreemapViewTest, TheMenuKeyAsksForTheMenuOfTheFocusedTile)
     EXPECT_EQ(view->menuTarget()->node(), node("Films"));
 }
 
-// --- The picture
+// --- Painting
 
 TEST_F(TreemapViewTest, TheSelectionRedrawsThePicture)
 {
@@ -586,7 +586,7 @@ TEST_F(TreemapViewTest, AnotherChangeWhileOneRunsIsHarmless)
     EXPECT_FALSE(grab().isNull());
 }
 
-// --- Readers
+// --- Screen readers
 
 class TreemapAccessibilityTest : public TreemapViewTest {
 protected:

@@ -268,7 +268,7 @@ TEST_F(OverviewPresenterTest, TheBiggestItemsFollowARemoval)
     EXPECT_EQ(presenter.topFigures(), QStringLiteral("2 MB"));
 }
 
-// --- What could be cleared
+// --- Quick wins
 
 TEST_F(OverviewPresenterTest, FiveSafeLocationsGiveFourRowsAndTheSumOfAll)
 {

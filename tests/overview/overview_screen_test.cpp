@@ -17,7 +17,7 @@ namespace {
 
 constexpr int patience = 5'000; // milliseconds
 
-/// The whole screen in a window of its own, worked by mouse and keyboard.
+/// The whole screen in its own window, operated by mouse and keyboard.
 class OverviewScreenTest : public test::CleanupFixture {
 protected:
     OverviewScreenTest()
@@ -229,7 +229,7 @@ TEST_F(OverviewScreenTest, AReaderHearsWhatTheBannerAndTheCardsSay)
 
 TEST_F(OverviewScreenTest, WithAccessThereIsNoBanner)
 {
-    fake.files.setSystemKind(SystemKind::linuxSystem); // which lets every program read the home folder
+    fake.files.setSystemKind(SystemKind::linuxSystem); // on which every program may read the home folder
     scanAndShow();
     EXPECT_EQ(button(QStringLiteral("Show Me How")), nullptr);
 }

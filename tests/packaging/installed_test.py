@@ -1,4 +1,4 @@
-"""What `cmake --install` puts where, and whether the programs that read it find no fault with it.
+"""Checks the files that `cmake --install` installs, and validates them with the tools that read them.
 
     installed_test.py CMAKE BUILD VERSION [WHAT-HAS-TO-BE-BUILT…]
 """
@@ -75,7 +75,7 @@ class InstalledTest(unittest.TestCase):
 class Files(InstalledTest):
     def test_are_those_of_the_list(self):
         found = {str(path.relative_to(self.root)) for path in self.root.rglob("*") if not path.is_dir()}
-        # Where zsh looks differs between distributions.
+        # zsh searches different folders on different distributions.
         found = {re.sub(r"^share/zsh/[\w-]+/", "share/zsh/", name) for name in found}
         self.assertEqual(sorted(found), sorted(EXPECTED))
 
@@ -93,13 +93,13 @@ class Files(InstalledTest):
 
 
 class Modules(InstalledTest):
-    # They are loaded at run time, so nothing but this tells what a package depends on.
+    # They are loaded at run time, so only this test checks that the package depends on them.
     def test_of_qml_that_the_window_imports_are_named_by_the_package(self):
         config = (pathlib.Path(BUILD) / "CPackConfig.cmake").read_text()
         depends = set(re.split(r"[,\s]+", re.search(r'CPACK_DEBIAN_PACKAGE_DEPENDS "([^"]*)"', config)[1]))
         for path in SOURCE.rglob("*.qml"):
             text = path.read_text()
-            # On a Mac alone, by its address.
+            # Only loaded on a Mac, by URL.
             if path.name == "SystemMenuBar.qml":
                 continue
             self.assertNotRegex(text, r"\bSystemMenuBar\s*\{", path)
@@ -114,7 +114,7 @@ class VersionEverywhere(InstalledTest):
         self.assertEqual(metainfo.find("releases/release").get("version"), VERSION)
         changelog = gzip.decompress(self.path("share/doc/corvane/changelog.Debian.gz").read_bytes()).decode()
         self.assertRegex(changelog, rf"\Acorvane \({re.escape(VERSION)}-\d+\) ")
-        # As a mail has it, which is how Debian's tools read it.
+        # The date format of e-mail, which Debian's tools expect.
         self.assertRegex(changelog, r"\n -- .+ <.+@.+>  \w{3}, \d{2} \w{3} \d{4} \d{2}:\d{2}:\d{2} \+0000\n\Z")
         for program in ("corvane", "corvane-cli"):
             self.assertIn(VERSION, run(self.path(f"bin/{program}"), "--version").stdout)
@@ -139,7 +139,7 @@ class Desktop(InstalledTest):
             self.assertTrue(self.path(f"share/icons/hicolor/scalable/apps/{entry['Icon']}.svg").exists())
             self.assertIn("%f", entry["Exec"].split())
 
-    # Without a default of the desktop's or the user's, the first entry by its name opens folders.
+    # Without a default set by the desktop or the user, the first entry in alphabetical order opens folders.
     def test_entry_that_opens_folders_comes_after_every_file_manager(self):
         self.assertNotIn("MimeType", self.entry(ID))
         entry = self.entry("zz-corvane-folder")
@@ -155,8 +155,8 @@ class Desktop(InstalledTest):
         path = self.path(f"share/metainfo/{ID}.metainfo.xml")
         result = run("appstreamcli", "validate", "--no-net", "--pedantic", path)
         self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
-        # Mac bundles write it so, and the two are one. A site has to lie on the web, where this build has none. The name
-        # of the developer in its newer form is not known to the older programs.
+        # Ignored hints: the identifier is spelled as in Mac bundles; the site must be on the web, but this build has
+        # none; and older programs do not know the newer form of the developer's name.
         hints = set(re.findall(r"^[EWIP]: \S+ ([\w-]+)", result.stdout, re.M))
         self.assertLessEqual(hints, {"cid-contains-uppercase-letter", "url-homepage-missing", "developer-info-missing",
                                      "developer-name-tag-deprecated"}, result.stdout)
@@ -187,7 +187,7 @@ class Documents(InstalledTest):
             for section in ("FILES", "ENVIRONMENT", "EXIT STATUS", "EXAMPLES", "SEE ALSO"):
                 self.assertIn(section, sections, path)
 
-    # The format is "Field: value" lines in paragraphs, with each licence's text once.
+    # The format consists of paragraphs of "Field: value" lines, with the text of each licence once.
     def test_copyright_has_the_text_of_each_licence_that_it_names(self):
         text = self.path("share/doc/corvane/copyright").read_text()
         self.assertTrue(text.startswith("Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/\n"))

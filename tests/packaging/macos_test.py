@@ -1,4 +1,4 @@
-"""What a Mac is given: the bundle's property list, its entitlements and icon, and what the steps of packaging call."""
+"""Tests of the Mac packaging: the bundle's property list, entitlements and icon, and the commands that are run."""
 import hashlib
 import os
 import pathlib
@@ -15,7 +15,7 @@ FOLDER = ROOT / "packaging" / "macos"
 sys.path.insert(0, str(FOLDER))
 import make_icns
 
-PROPERTY_LIST = None  # the path of the one that the build made of the template
+PROPERTY_LIST = None  # path of the list that the build made from the template
 
 
 class PropertyList(unittest.TestCase):
@@ -53,7 +53,7 @@ class PropertyList(unittest.TestCase):
     def test_takes_folders_and_nothing_else(self):
         self.assertEqual([kind["LSItemContentTypes"] for kind in self.values["CFBundleDocumentTypes"]],
                          [["public.folder"]])
-        # The Finder keeps opening folders itself.
+        # The Finder remains the default for folders.
         self.assertEqual(self.values["CFBundleDocumentTypes"][0]["LSHandlerRank"], "Alternate")
 
     def test_says_where_updates_come_from(self):
@@ -100,7 +100,7 @@ class Icon(unittest.TestCase):
             position += length
         self.assertEqual(position, len(icon))
         self.assertEqual(entries[b"icp4"], png(16))
-        self.assertEqual(entries[b"ic12"], png(64))  # 32 points, two pixels each
+        self.assertEqual(entries[b"ic12"], png(64))  # 32 points, two pixels per point
         self.assertEqual(entries[b"ic10"], png(1024))
         self.assertEqual(len(entries), 10)
 
@@ -115,7 +115,7 @@ class Icon(unittest.TestCase):
             make_icns.width_of(b"GIF89a" + bytes(40), "other.gif")
 
 
-# Stands in for a tool of macOS: notes how it was called, and makes what hdiutil would.
+# Replaces a tool of macOS: records its arguments, and creates the file that hdiutil would create.
 TOOL = """#!/bin/sh
 echo "$(basename "$0") $*" >>"$CALLS"
 for last in "$@"; do :; done

@@ -11,13 +11,13 @@ namespace {
 
 using ::testing::ElementsAre;
 
-// The groups of attributes as the system's headers number them, written down apart from the code under test.
+// The attribute groups as numbered in the system's headers, declared independently of the code under test.
 constexpr std::uint32_t cmnName = 1U << 0, cmnType = 1U << 3, cmnModified = 1U << 10, cmnFinder = 1U << 14,
                         cmnNumber = 1U << 25, cmnError = 1U << 29, cmnReturned = 1U << 31;
 constexpr std::uint32_t fileLinks = 1U << 0, fileTotal = 1U << 2, fileLength = 1U << 9, fileData = 1U << 10;
 constexpr std::uint32_t regular = 1, directory = 2, link = 5, fifo = 7;
 
-/// Packs one entry as the kernel does: fields in a fixed order at multiples of four, then the name, then zeros up
+/// Packs one entry as the kernel does: fields in a fixed order aligned to four bytes, then the name, then zero padding
 /// to a multiple of eight.
 class Packed {
 public:
@@ -101,7 +101,8 @@ private:
     std::uint32_t m_error = 0;
 };
 
-/// Holds the bytes four past a multiple of eight, as the second entry of a buffer may lie, and not one byte more.
+/// Holds the bytes at an offset of four from eight-byte alignment, as the second entry of a buffer may be, with no byte
+/// to spare.
 class Buffer {
 public:
     explicit Buffer(const std::string &bytes) : m_storage(new std::byte[bytes.size() + 4]), m_size(bytes.size())
@@ -183,7 +184,7 @@ TEST(BulkAttributes, EntryThatFailedHasItsNameAndItsError)
 
 TEST(BulkAttributes, FileTellsItsNumberAndHowManyNamesItHas)
 {
-    // The count of names takes four bytes, so what follows lies at an odd multiple of four.
+    // The count of names takes four bytes, so the following field is at an odd multiple of four.
     const Buffer buffer(
         Packed("hard").type(regular).modified(7).number(0xFEDC'BA98'7654'3210).links(3).total(4096).data(2048).bytes());
     const auto entry = only(buffer);
@@ -237,7 +238,7 @@ TEST(BulkAttributes, FolderIsCompleteWithoutASize)
 TEST(BulkAttributes, EntryWithFieldsThatWereNotAskedForIsNone)
 {
     const std::string whole = Packed("name").type(regular).total(1).bytes();
-    constexpr std::size_t groups = 4; // where the five words lie that say what is there
+    constexpr std::size_t groups = 4; // offset of the five words of attribute groups
     for (const auto &[group, bit] : {std::pair{0U, 1U << 18}, {1U, 1U}, {2U, 4U}, {3U, 2U}, {4U, 1U}}) {
         std::string bytes = whole;
         std::uint32_t returned = 0;
@@ -251,14 +252,14 @@ TEST(BulkAttributes, EntryWithFieldsThatWereNotAskedForIsNone)
 
 TEST(BulkAttributes, NameMayEndWhereTheBufferEnds)
 {
-    // Three letters and a zero byte fill the last eight bytes: nothing pads the entry.
+    // Three letters and a null byte fill the last eight bytes: the entry has no padding.
     const std::string bytes = Packed("123").type(regular).total(1).bytes();
     ASSERT_EQ(bytes.back(), '\0');
     ASSERT_EQ(bytes[bytes.size() - 2], '3');
     EXPECT_EQ(only(Buffer(bytes))->name, "123");
 }
 
-TEST(BulkAttributes, LengthThatNoEntryCanHaveIsNone)
+TEST(BulkAttributes, EntryWithAnImpossibleLengthIsRejected)
 {
     const std::string whole = Packed("name").type(regular).total(1).bytes();
     for (const std::uint32_t length :
@@ -298,7 +299,7 @@ TEST(BulkAttributes, NameOfAnyBytesIsKept)
     EXPECT_EQ(only(buffer)->name, "\xff\n\"\\");
 }
 
-TEST(BulkAttributes, EntryThatIsCutOffIsNone)
+TEST(BulkAttributes, TruncatedEntryIsRejected)
 {
     const std::string whole = Packed("name").type(regular).modified(1).finderFlags(0).total(1).data(1).bytes();
     for (std::size_t size = 0; size < whole.size(); ++size)
@@ -313,7 +314,7 @@ TEST(BulkAttributes, NameOutsideItsEntryIsNone)
         std::memcpy(bytes.data() + 24, &offset, sizeof offset);
         EXPECT_FALSE(only(Buffer(bytes + next))) << offset;
     }
-    for (const std::uint32_t length : {0U, 1U, 60U, 0xFFFF'FFFFU}) { // 1 is the zero byte alone: an empty name
+    for (const std::uint32_t length : {0U, 1U, 60U, 0xFFFF'FFFFU}) { // 1 is the null byte alone: an empty name
         std::string bytes = Packed("name").type(regular).bytes();
         std::memcpy(bytes.data() + 28, &length, sizeof length);
         EXPECT_FALSE(only(Buffer(bytes + next))) << length;

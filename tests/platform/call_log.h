@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// What was asked of the fakes, one line for each call, in order: the operation, a blank, the path. Any thread.
+/// The calls of the fakes, one line per call, in order: the operation, a space, the path. Any thread.
 class CallLog {
 public:
     void record(const std::string &line)
@@ -28,7 +28,7 @@ public:
         return m_lines;
     }
 
-    /// Those lines alone that start with the text: "list " gives the folders that were listed.
+    /// Only the lines with this prefix: "list " gives the folders that were listed.
     [[nodiscard]] std::vector<std::string> linesStartingWith(std::string_view text) const
     {
         std::vector<std::string> found;
@@ -45,8 +45,8 @@ public:
         m_lines.clear();
     }
 
-    /// Calls `observer` with each line before the call is answered, on the caller's thread and with nothing
-    /// locked: there a test changes the tree, cancels what runs, or waits.
+    /// Calls `observer` with each line before the call returns, on the caller's thread and without holding a lock: the
+    /// test can then change the tree, cancel an operation, or block.
     void observe(std::function<void(const std::string &)> observer)
     {
         const std::lock_guard lock(m_mutex);

@@ -8,7 +8,7 @@
 namespace corvane {
 namespace {
 
-/// Puts the variables back that a test changes.
+/// Restores the variables that a test changes.
 class EnvironmentTest : public testing::Test {
 protected:
     EnvironmentTest()

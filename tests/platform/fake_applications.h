@@ -10,20 +10,20 @@
 
 namespace corvane {
 
-/// Applications that run, and were used, as the test says. What is asked to quit goes on running unless the test lets
-/// it quit. `running` and `requestQuit` on the main thread only, as the real ones.
+/// Applications with running instances and dates of use set by the test. A request to quit has no effect unless the
+/// test enables it. `running` and `requestQuit` on the main thread only, as in the real one.
 ///
 /// Recorded calls: "running P", "requestQuit P N", "lastUsed P", with the bundle's path P and the instance's number N.
 class FakeApplications final : public Applications {
 public:
     explicit FakeApplications(std::shared_ptr<CallLog> log = std::make_shared<CallLog>()) : m_log(std::move(log)) {}
 
-    /// From now on those instances of the bundle run, and no others.
+    /// Sets the running instances of the bundle.
     void setRunning(const std::string &bundlePath, std::vector<std::int64_t> instances)
     {
         m_running[bundlePath] = std::move(instances);
     }
-    /// Whether an instance that is asked to quit does so at once.
+    /// Whether an instance quits immediately on request.
     void setQuits(bool quits) { m_quits = quits; }
     void setLastUsed(const std::string &bundlePath, Time when)
     {

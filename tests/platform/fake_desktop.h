@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-/// Records what is asked of the desktop, and fails where the test says so. Main thread only, as the real ones.
+/// Records the calls, and fails on request. Main thread only, as the real one.
 ///
 /// Recorded calls: "reveal P", "openUrl U", "activateApplication", "log M", "keepAtFullSpeed R", and when that ends
 /// "slowDown R".
@@ -18,9 +18,9 @@ class FakeDesktop final : public Desktop {
 public:
     explicit FakeDesktop(std::shared_ptr<CallLog> log = std::make_shared<CallLog>()) : m_log(std::move(log)) {}
 
-    /// From now on revealing that path, or opening that address, fails with that sentence.
+    /// Makes revealing this path, or opening this URL, fail with this message.
     void fail(const std::string &pathOrUrl, std::string text) { m_failures[pathOrUrl] = std::move(text); }
-    /// Everything that was to be revealed turns out not to be shown.
+    /// Reports all reveals so far as failed.
     void failRevealsLate(const std::string &text)
     {
         for (const auto &[path, failed] : std::exchange(m_lateFailures, {}))
@@ -28,7 +28,7 @@ public:
     }
     void setPrefersReducedMotion(bool prefers) { m_prefersReducedMotion = prefers; }
 
-    /// The system's log.
+    /// The messages in the system's log.
     [[nodiscard]] const std::vector<std::string> &logged() const { return m_logged; }
 
     [[nodiscard]] Expected<void> reveal(const std::string &path, FailureHandler failed) override

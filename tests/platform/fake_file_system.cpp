@@ -51,7 +51,7 @@ struct FakeFileSystem::Item {
     FolderIdentity identity;
     std::uint32_t links = 1;
     std::weak_ptr<Item> parent;
-    std::vector<ItemPointer> children; // as they are listed
+    std::vector<ItemPointer> children; // in listing order
     std::map<std::string, ItemPointer, std::less<>> childrenByName;
 
     bool vanished = false;
@@ -72,7 +72,7 @@ struct FakeFileSystem::Item {
     void drop(const ItemPointer &child)
     {
         std::erase(children, child);
-        if (this->child(child->name) == child) // not another one that bears the name
+        if (this->child(child->name) == child) // not another item with the same name
             childrenByName.erase(child->name);
     }
 };
@@ -544,7 +544,7 @@ Expected<std::string> FakeFileSystem::readFile(const std::string &path, std::siz
     return (*item)->content;
 }
 
-/// Reads what the file held when it was opened.
+/// Reads the file's contents as of when it was opened.
 class FakeFileSystem::Reader final : public FileReader {
 public:
     Reader(std::string content, const FileStatus &status) : m_content(std::move(content)), m_status(status) {}
@@ -633,7 +633,7 @@ std::string FakeFileSystem::homeFolder()
     return m_home;
 }
 
-/// Walks the path as a system does: ".", ".." and links on the way count.
+/// Resolves the path like a system: handles ".", ".." and intermediate links.
 Expected<FakeFileSystem::ItemPointer> FakeFileSystem::find(const std::string &path, LastLink lastLink) const
 {
     constexpr int mostLinks = 40;

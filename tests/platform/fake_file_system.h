@@ -15,81 +15,81 @@
 
 namespace corvane {
 
-/// A file system in memory for tests of what stands above the seam. A test describes its tree with absolute
-/// paths; the folders that lead to a new item are made. A listing's order is the order of making. Any thread.
+/// A file system in memory for tests of code above the platform layer. A test describes its tree with absolute paths;
+/// missing parent folders are created. Listings are in order of creation. Any thread.
 ///
-/// Recorded calls: "openFolder P", "list P", "openChild P" (the child's path), "openParent P", "facts P",
-/// "exists P", "canOpen P", "readFile P", "openFile P", "realPath P", "holdFolder P", "removeItem P", "moveItem P". An
-/// open folder is recorded by where it lies at that moment, a held one by the path that it was opened by. `homeFolder`
-/// and `mountPoints` are not recorded.
+/// Recorded calls: "openFolder P", "list P", "openChild P" (the child's path), "openParent P", "facts P", "exists P",
+/// "canOpen P", "readFile P", "openFile P", "realPath P", "holdFolder P", "removeItem P", "moveItem P". An open folder
+/// is recorded by its current path, a held one by the path that it was opened with. `homeFolder` and `mountPoints` are
+/// not recorded.
 class FakeFileSystem final : public FileSystem {
 public:
-    /// Holds "/" and the home folder, nothing else.
+    /// Contains only "/" and the home folder.
     explicit FakeFileSystem(std::shared_ptr<CallLog> log = std::make_shared<CallLog>());
     ~FakeFileSystem() override;
 
     // --- The tree ---------------------------------------------------------------------------------------
 
-    /// A folder is a package when its extension is in `packageExtensions`, unless `setPackage` says otherwise.
+    /// A folder is a package if its extension is in `packageExtensions`, unless `setPackage` overrides that.
     void addFolder(const std::string &path, Time modified = distantPast);
     void addFile(const std::string &path, std::int64_t allocated, Time modified = distantPast);
-    /// A file that can be read.
+    /// Adds a readable file.
     void addText(const std::string &path, std::string content, std::int64_t allocated = 4'096,
                  Time modified = distantPast);
     void addLink(const std::string &path, const std::string &target);
     void setPackage(const std::string &path, bool isPackage);
 
-    /// Another device's folder, as where a volume is mounted. Items made beneath it later belong to it too.
+    /// Makes a folder belong to another device, like a mount point. Items created below it later belong to it too.
     void setDevice(const std::string &path, std::uint64_t device);
 
-    /// The answer of `mountPoints`; "/" alone at first, and an error where it is absent.
+    /// The result of `mountPoints`; initially "/" alone. nullopt makes the call fail.
     void setMountPoints(std::optional<std::vector<std::string>> points);
 
-    /// Makes an item the same as another one, as a folder is that is mounted a second time and a file that has two
-    /// names.
+    /// Gives an item the identity of another one, like a folder that is mounted a second time or a file with two hard
+    /// links.
     void identify(const std::string &path, const std::string &other);
 
-    /// Moves the item with everything beneath it out of the tree, into a folder that no path leads to.
+    /// Moves the item with its contents out of the tree, into a folder without a path.
     [[nodiscard]] TrashedItem moveOut(const std::string &path);
 
-    /// Takes the item and everything beneath it away; folders that are open stay open.
+    /// Removes the item with its contents; open folders stay open.
     void take(const std::string &path);
 
-    /// Moves an item with everything beneath it; folders that are open move along.
+    /// Moves an item with its contents; open folders move along.
     void move(const std::string &from, const std::string &to);
 
-    /// Whether the tree holds the item itself: not recorded, links not followed.
+    /// Whether the tree contains the item itself: not recorded, does not follow links.
     [[nodiscard]] bool has(const std::string &path) const;
 
     void setHome(const std::string &path);
-    /// A Linux system of which no mounts are known unless the test says otherwise.
+    /// Initially Linux, without any known mounts.
     void setSystemKind(SystemKind kind);
     void addMount(MountedFolder mount);
-    /// Whose an item is that no test said anything of, the system does not tell.
+    /// The owner of other items is unknown.
     void setOwner(const std::string &path, std::string owner);
     void setDiskName(std::string name);
     void setUserFolders(std::vector<std::string> folders);
-    /// The folders of each kind; none at first.
+    /// The folders of each kind; initially none.
     void setSharedDataFolders(std::vector<std::string> folders);
     void setVolumeTrashes(std::vector<std::string> folders);
     void setOwnPlace(const std::string &macPlace, OwnPlace place);
     void setPackageExtensions(std::set<std::string> extensions);
 
-    // --- Trouble ----------------------------------------------------------------------------------------
+    // --- Failures ---------------------------------------------------------------------------------------
 
-    /// Opening the item fails; its facts can still be had, and it can be listed from outside.
+    /// Makes opening the item fail; its facts can still be read, and it is still listed by its parent.
     void failOpening(const std::string &path, std::errc code = std::errc::permission_denied);
 
-    /// Opening the folder works, listing it fails after `entries` entries.
+    /// Makes listing the folder fail after `entries` entries; opening it succeeds.
     void failListing(const std::string &path, std::errc code = std::errc::io_error, std::size_t entries = 0);
 
-    /// The item's facts cannot be read: `facts` fails, a listing has it as a file of 0 bytes.
+    /// Makes reading the item's facts fail: `facts` returns an error, a listing shows a file of 0 bytes.
     void failFacts(const std::string &path, std::errc code = std::errc::io_error);
 
-    /// A listing still names the item, but whoever looks closer finds nothing.
+    /// Makes the item disappear after listing: a listing still includes it, but any other call fails to find it.
     void makeVanish(const std::string &path);
 
-    /// Deleting the item fails with that error; of a folder around it, everything else goes.
+    /// Makes deleting the item fail with this error; removing a parent folder still deletes everything else.
     void failRemoval(const std::string &path, std::errc code, std::string text = {});
 
     [[nodiscard]] const std::shared_ptr<CallLog> &log() const { return m_log; }
@@ -139,7 +139,7 @@ private:
     const std::shared_ptr<CallLog> m_log; // constant after construction
 
     mutable std::mutex m_mutex;
-    // Guarded by m_mutex, and so is every item.
+    // All items are guarded by m_mutex, too.
     ItemPointer m_root;
     std::string m_home;
     std::set<std::string> m_packageExtensions;

@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// A whole system for tests. All fakes write into one log, so that a test sees the order of calls across them.
+/// A complete fake system. All fakes share one log, so that a test sees the order of calls across them.
 struct FakeHost {
     FakeHost() = default;
     FakeHost(const FakeHost &) = delete;
@@ -22,7 +22,7 @@ struct FakeHost {
     FakeDesktop desktop{log};
     FakeApplications applications{log};
 
-    /// Valid as long as this object.
+    /// Valid as long as this object is.
     [[nodiscard]] Host host() { return {files, trash, volumes, desktop, applications}; }
 };
 

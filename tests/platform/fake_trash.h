@@ -8,30 +8,30 @@
 
 namespace corvane {
 
-/// A Trash for tests: takes what it trashes out of the fake file system, or fails as the test says. Like a Mac's it
-/// goes by the path of the item, wherever that leads at the time. Any thread.
+/// A Trash for tests: removes trashed items from the fake file system, or fails on request. Like on a Mac, it takes the
+/// item's path and resolves it at that time. Any thread.
 ///
 /// Recorded calls: "trashItem P", "recycle P", "deleteThroughFinder P", "forget P".
 class FakeTrash final : public Trash {
 public:
     enum class Operation { trashItem, recycle, deleteThroughFinder };
 
-    /// The Trash lies at ".Trash" in the home folder. `files` outlives it.
+    /// The Trash is ".Trash" in the home folder. `files` must outlive it.
     explicit FakeTrash(FakeFileSystem &files);
 
-    /// From now on that operation fails for that path, with that sentence.
+    /// Makes this operation fail for this path with this message.
     void fail(Operation operation, const std::string &path, std::string text,
               std::errc code = std::errc::operation_not_permitted);
 
-    /// From now on that operation reports success for that path and leaves the item where it is.
+    /// Makes this operation report success for this path without moving the item.
     void pretend(Operation operation, const std::string &path);
 
-    /// A system without that service: it fails for every path.
+    /// Makes this operation fail for every path, as on a system without that service.
     void lack(Operation operation);
 
     void setTrashFolders(std::vector<std::string> folders);
 
-    /// What was really trashed, in order.
+    /// What was actually trashed, in order.
     [[nodiscard]] std::vector<std::string> trashed() const;
 
     [[nodiscard]] Expected<TrashedItem> trashItem(HeldFolder &folder, const std::string &name) override;

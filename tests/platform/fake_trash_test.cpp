@@ -9,7 +9,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Operation = FakeTrash::Operation;
 
-/// The item's folder, held.
+/// Opens and holds the item's folder.
 std::unique_ptr<HeldFolder> hold(FakeHost &fake, const std::string &folder)
 {
     return std::move(*fake.files.holdFolder(folder));

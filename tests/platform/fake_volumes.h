@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// Answers what the test set, and nothing at all for other paths. Any thread. Recorded call: "volume P".
+/// Returns the facts set by the test, and none for other paths. Any thread. Recorded call: "volume P".
 class FakeVolumes final : public Volumes {
 public:
     explicit FakeVolumes(std::shared_ptr<CallLog> log = std::make_shared<CallLog>()) : m_log(std::move(log)) {}

@@ -18,7 +18,7 @@
 namespace corvane {
 namespace {
 
-/// A chain of real folders "0/1/2/…", deeper than it keeps open.
+/// A chain of real folders "0/1/2/…", deeper than the number kept open.
 class FolderChainTest : public testing::Test {
 protected:
     static constexpr std::size_t levels = FolderChain::openLimit + 10;
@@ -73,7 +73,7 @@ TEST_F(FolderChainTest, GoingDownAgainAfterTheWayUpWorks)
         ASSERT_NE(chain.innermost(), nullptr) << level;
 }
 
-// To look at an object's type the sanitizer opens a pipe, and takes the failure to do so for a broken object.
+// To check an object's type the sanitizer opens a pipe, and reports an invalid object if that fails.
 #ifdef __SANITIZE_ADDRESS__
 #define SKIP_UNDER_SANITIZER() GTEST_SKIP() << "the sanitizer needs a file number of its own"
 #else
@@ -182,7 +182,7 @@ TEST(OpenFileLimit, IsRaisedAsFarAsTheSystemAllows)
 
 TEST_F(FolderChainTest, AParentThatIsNoLongerTheSameIsOutOfReachAndSoIsAllAboveIt)
 {
-    constexpr std::size_t moved = 5; // closed by now
+    constexpr std::size_t moved = 5; // closed by this time
     temporary.makeFolder("stranger");
     std::filesystem::rename(pathOf(moved), temporary / "stranger/5");
     for (std::size_t level = levels; level-- > 0; chain.pop()) {

@@ -24,7 +24,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// An entry that outlives the listing.
+/// A copy of an entry, valid after the listing.
 struct Entry {
     EntryType type = EntryType::file;
     bool isPackage = false;
@@ -64,7 +64,7 @@ protected:
         return std::move(*folder);
     }
 
-    /// Deletes an item as a removal does: from the folder that holds it.
+    /// Deletes an item as a removal does: relative to its parent folder.
     Expected<void> remove(const std::string &path)
     {
         const std::string plain = path.substr(0, path.find_last_not_of('/') + 1);
@@ -76,7 +76,7 @@ protected:
             [&](const ItemFacts &facts) { return (*folder)->removeItem(name, facts.identity); });
     }
 
-    /// Makes `levels` folders called `name` inside one another; returns the whole path of the innermost.
+    /// Creates `levels` nested folders called `name`; returns the full path of the innermost.
     std::string makeDeep(const std::string &name, int levels)
     {
         std::string path = temporary.path();
@@ -231,7 +231,7 @@ TEST_F(LinuxOpenFolderTest, ASinkMayListAnotherFolder)
 
 TEST_F(LinuxOpenFolderTest, AFileThatVanishesWhileListedIsLeftOut)
 {
-    // Enough for the first buffer to hold names of files that are gone when their turn comes.
+    // Enough that the first buffer contains names of files that are deleted before they are processed.
     for (int i = 0; i < 200; ++i)
         temporary.writeText("file" + std::to_string(i), "x");
     int delivered = 0;
@@ -422,7 +422,7 @@ TEST_F(LinuxFileSystemTest, PathsLongerThanTheSystemAllowsWork)
     EXPECT_EQ(files.realPath(deepest + "/../" + name + "/./file"), deepest + "/file");
     EXPECT_FALSE(files.realPath(deepest + "/missing"));
 
-    temporary.link("short", name); // a link near the top, and the way up again through "..", in a long path
+    temporary.link("short", name); // a long path with a link near the top, and back up through ".."
     const std::string below = deepest.substr(temporary.path().size() + 1 + name.size());
     EXPECT_EQ(files.realPath(temporary / "short" + below + "/link"), deepest + "/file");
 

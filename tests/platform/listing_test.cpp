@@ -1,4 +1,4 @@
-// A folder's listing, which each system makes in its own way, beside what readdir and fstatat tell of the same folder.
+// Compares each system's own implementation of listing a folder with readdir and fstatat.
 
 #include <cstdint>
 #include <map>
@@ -37,7 +37,7 @@ struct Facts {
 
 using Listed = std::map<std::string, Facts>;
 
-/// Only of files is more told than the kind.
+/// For items other than files, only the kind is listed.
 Listed listed(const std::string &path)
 {
     Listed entries;
@@ -79,7 +79,7 @@ Listed readOneByOne(const std::string &path)
     return entries;
 }
 
-/// Compares a folder and everything below it; returns how many entries were compared.
+/// Compares a folder recursively; returns the number of entries compared.
 std::size_t compareTree(const std::string &path)
 {
     const Listed entries = listed(path);

@@ -12,8 +12,8 @@
 
 namespace corvane {
 
-/// A file system whose every path is one folder without end, which a test makes up while it is listed: `next` gives the
-/// entries by their number from 0, on the thread that lists. No folder inside can be opened.
+/// A file system in which every path is one endless folder, generated while it is listed: `next` returns the entries by
+/// number from 0, on the listing thread. Folders inside cannot be opened.
 class MadeUpFolder final : public FileSystem {
 public:
     using Next = std::function<DirectoryEntry(std::uint64_t number)>;

@@ -25,7 +25,7 @@ std::string bigEndian(std::uint64_t value, int length)
     return bytes;
 }
 
-/// A binary list of these values, the first on top, with references of one byte.
+/// A binary property list of these values, the first one at the top, with references of one byte.
 std::string binary(const std::vector<std::string> &values)
 {
     std::string bytes = "bplist00";
@@ -45,7 +45,7 @@ std::string arrayOf(int count, char value)
     return static_cast<char>(0xa0 + count) + std::string(static_cast<std::size_t>(count), value);
 }
 
-/// That many arrays around one truth value, each of `count` references to the next.
+/// `levels` nested arrays around one boolean, each of `count` references to the next.
 std::string nested(int levels, int count)
 {
     std::vector<std::string> values;
@@ -188,7 +188,7 @@ TEST(PropertyList, EveryBeginningOfABinaryListIsAbsent)
         EXPECT_FALSE(PropertyList::parse(std::string_view(whole).substr(0, length))) << length;
 }
 
-TEST(PropertyList, WhatIsNoListIsAbsent)
+TEST(PropertyList, InvalidDataIsRejected)
 {
     for (const char *const text :
          {"", "words", "{ a = b; }", "<html></html>", "<plist>", "<plist></plist>", "bplist00"})

@@ -19,7 +19,7 @@ QByteArray recorded(const QString &path)
     return file.readAll();
 }
 
-/// What a tool of the Mac-shaped disk answers instead, as long as this object lives.
+/// Overrides the output of a tool on the Mac-shaped disk while this object lives.
 class OtherAnswer {
 public:
     explicit OtherAnswer(const char *file)
@@ -36,7 +36,7 @@ public:
         if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
             qFatal("cannot write %s", qPrintable(m_path));
     }
-    /// The usual answer with other figures in it: of each pair, the second in place of the first.
+    /// Sets the usual output with figures replaced: in each pair, the first by the second.
     void setFigures(std::initializer_list<std::pair<const char *, const char *>> figures) const
     {
         QByteArray text = m_usual;
@@ -57,7 +57,7 @@ QByteArray snapshotList(int count)
 {
     QByteArray list = "Snapshots for disk /:\n";
     for (int i = 0; i < count; ++i) {
-        // One of them comes from another program, without a date.
+        // One of them was made by another program and has no date.
         list += i == 2 ? QByteArray("com.apple.os.update-MSUPrepareUpdate\n")
                        : "com.apple.TimeMachine.2025-11-1" + QByteArray::number(i) + "-081502.local\n";
     }
@@ -148,7 +148,7 @@ void Photographer::takeBreakdown()
     m_driver.waitFor([&] { return !m_store.breakdownLoading(); }, QStringLiteral("the breakdown"));
     if (m_example.kind == SystemKind::mac) {
         const OtherAnswer answer(containers);
-        // Of the data volume and, so that the volumes still come to what is in use, of the free space.
+        // Moves bytes from the data volume to the free space, so that the volumes still add up to the total.
         answer.setFigures({{"788935835648", "739345835648"}, {"183371001856", "232961001856"}});
         refreshBreakdown();
         takeBothEnds(QStringLiteral("breakdown-overcount"));

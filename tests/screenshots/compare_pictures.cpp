@@ -1,6 +1,6 @@
-// Whether the pictures of one folder still look like those of the same names in another: compare_pictures OLD NEW
+// Whether the screenshots in one folder still match those with the same names in another: compare_pictures OLD NEW
 //
-// Exit status: 0 where all do, 1 where one does not, with how much of it differs; 2 where there is nothing to compare.
+// Exit status: 0 if all do, 1 if one does not, with the size of the difference; 2 if there is nothing to compare.
 
 #include <algorithm>
 #include <cstdio>
@@ -11,10 +11,9 @@
 
 namespace {
 
-// Rounding on other processors moves a shade a little.
+// Tolerates rounding differences of other processors.
 constexpr int mostOfAChannel = 8;
-// How long the scan took is another from run to run: three figures, of at most 100 points each. A label that has
-// changed comes to more.
+// The duration of the scan varies: three figures, of at most 100 pixels each. A changed label exceeds this.
 constexpr int mostPoints = 400;
 
 bool isSame(QRgb one, QRgb other)

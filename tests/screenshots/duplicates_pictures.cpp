@@ -42,7 +42,7 @@ void Photographer::takeDuplicatesByKeyboard()
     m_driver.press(Qt::Key_Space);
     take(QStringLiteral("duplicates-keyboard"));
     m_store.clearSelection();
-    // What lies in a selected folder.
+    // Items inside a selected folder.
     const FileNode &folder = *m_store.node(m_example.duplicatesFolder);
     m_store.setSelected(folder.path(), folder.size, true);
     m_driver.press(Qt::Key_End);

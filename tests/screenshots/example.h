@@ -10,23 +10,24 @@
 
 namespace corvane {
 
-/// What the pictures of one shaped root show. Paths are absolute; names are those of items, rows and applications.
+/// The subjects of the screenshots in one shaped root. Paths are absolute; names are those of items, rows and
+/// applications.
 struct Example {
     SystemKind kind;
-    QString mark; ///< in the names of the pictures
+    QString mark; ///< part of the screenshots' names
     std::string home;
-    std::string videos;           ///< the name of that folder in the home
-    std::string closedFolder;     ///< nobody may read it
-    std::string duplicatesFolder; ///< one file of the last group of duplicates lies in it
-    std::int64_t filesUnderWay;   ///< of a scan of the home that is not near its end
-    QString app;                  ///< with data in several places
-    QString otherApp;             ///< one that is removed in another way
+    std::string videos;           ///< name of the videos folder in the home
+    std::string closedFolder;     ///< unreadable folder
+    std::string duplicatesFolder; ///< contains one file of the last group of duplicates
+    std::int64_t filesUnderWay;   ///< files counted early in a scan of the home
+    QString app;                  ///< has data in several places
+    QString otherApp;             ///< removed in another way
     QString otherAppMark;
-    QString cleanupRow; ///< one that holds no part of the first
+    QString cleanupRow; ///< not a parent of the first one's items
     std::vector<QString> cachesTicked;
 };
 
-/// Of static storage.
+/// The reference stays valid for the whole run.
 [[nodiscard]] const Example &exampleOf(SystemKind kind);
 
 } // namespace corvane

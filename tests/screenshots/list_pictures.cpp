@@ -32,7 +32,7 @@ void Photographer::takeLargeFiles()
     m_driver.press(Qt::Key_Menu);
     take(QStringLiteral("large-menu"));
     dismiss();
-    // What lies in a selected folder.
+    // Items inside a selected folder.
     const FileNode &folder = *m_store.node(m_example.home + "/" + m_example.videos + "/Interviews");
     m_store.setSelected(folder.path(), folder.size, true);
     take(QStringLiteral("large-covered"));

@@ -16,7 +16,7 @@
 
 int main(int argc, char **argv)
 {
-    // One renderer, one scale and one place in the world, so that two runs give the same pictures.
+    // Fix the renderer, the scale and the locale, so that two runs give identical screenshots.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
     qputenv("QT_SCALE_FACTOR", "1");
@@ -36,7 +36,7 @@ int main(int argc, char **argv)
     }
 
     corvane::CorvaneApp program;
-    program.services().defaults()->setDidOnboard(true); // the welcome sheet has pictures of its own
+    program.services().defaults()->setDidOnboard(true); // the welcome sheet has separate screenshots
     corvane::Theme::instance()->setReducedMotion(true);
     if (!program.openWindow())
         return EXIT_FAILURE;

@@ -137,7 +137,7 @@ void Photographer::takeRemoval()
     take(QStringLiteral("toast"));
     m_store.dismissToast();
 
-    // A folder that was there when it was chosen.
+    // A folder that no longer exists.
     m_store.scan(m_example.home + "/Old Projects");
     m_driver.waitFor([&] { return m_store.toast().has_value(); }, QStringLiteral("the refusal"));
     take(QStringLiteral("toast-warning"));
@@ -215,7 +215,7 @@ void Photographer::takeCleanup()
     waitForMeasurement();
     m_driver.click(cleanupRow(QStringLiteral("App Caches")));
     m_driver.rest();
-    // First: the selection bar, which rises with the first tick, comes to lie over it.
+    // First, because the selection bar, which appears with the first check, covers it.
     tickCleanup(m_example.cleanupRow);
     m_driver.rest();
     tickCleanup(QStringLiteral("Trash"));
@@ -258,7 +258,7 @@ void Photographer::takeCommands()
         rows.setProperty("contentY", end);
         m_driver.rest();
     };
-    // The height of rows that have not been shown yet is a guess.
+    // A list estimates the height of rows not created yet.
     for (int times = 0; times < 3; ++times) {
         scrollTo(rows.property("originY").toReal() + rows.property("contentHeight").toReal() +
                  rows.property("bottomMargin").toReal() - rows.height());
@@ -316,7 +316,7 @@ void Photographer::takeBoth(const QString &name, const std::function<QImage()> &
     for (const bool dark : {false, true}) {
         const QString whole = name + m_example.mark + (dark ? QStringLiteral("-dark") : QStringLiteral("-light"));
         const bool isWanted = m_wanted.isEmpty() || m_wanted.contains(whole);
-        // What comes next finds the window at rest, wanted or not.
+        // Wait for idle even if the screenshot is not wanted: the next one depends on it.
         if (dark && !isWanted)
             continue;
         Theme::instance()->setDark(dark);
@@ -360,7 +360,7 @@ void Photographer::takeMoving(const QString &name)
 
 void Photographer::save(const QString &name, const QImage &picture) const
 {
-    // 0 asks for the smallest file.
+    // Quality 0 means maximum compression.
     if (!picture.save(m_folder.filePath(name + QStringLiteral(".png")), "PNG", 0))
         giveUp(QStringLiteral("cannot write %1").arg(m_folder.filePath(name)));
 }

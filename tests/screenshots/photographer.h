@@ -15,19 +15,18 @@
 
 namespace corvane {
 
-/// Leads the window through everything that it can show and keeps a picture of each, light and dark. Main
-/// thread only.
+/// Drives the window through all its states and saves screenshots of each, light and dark. Main thread only.
 class Photographer {
 public:
-    /// The window shows the store over the disk of a shaped root; `folder` takes the pictures.
-    /// `wanted` names the pictures to take, without their ending; empty for all of them.
+    /// The window shows the store over the disk of a shaped root; screenshots are saved in `folder`. `wanted` names the
+    /// screenshots to save, without extension; empty for all of them.
     Photographer(QQuickWindow &window, StorageStore &store, Services &services, const QDir &folder, QStringList wanted);
 
     void takeAll();
 
 private:
     void takeBreakdownBeforeScan();
-    /// With other answers of a Mac's tools.
+    /// With alternative outputs of a Mac's tools.
     void takeOtherAnswers();
     void takeBreakdown();
     void takeScanning();
@@ -60,27 +59,27 @@ private:
     void takeSettings();
 
     void show(StorageStore::SidebarItem screen);
-    /// Measures the disk anew, and waits for that.
+    /// Measures the disk again, and waits for the result.
     void refreshBreakdown();
-    /// A picture of the breakdown's top, and one of its end.
+    /// Saves screenshots of the top and the bottom of the breakdown.
     void takeBothEnds(const QString &name);
-    /// Moves the pointer to where a part of the bar is.
+    /// Moves the pointer to the part of the bar at this share of its width.
     void pointAtPart(double share);
-    /// Presses Tab until the item has the keyboard.
+    /// Presses Tab until the item has the focus.
     void tabTo(const QQuickItem &item);
     void takeMinimum(const QString &name);
 
-    /// Scans a folder that no button leads to.
+    /// Scans a folder that has no button.
     void scan(const std::string &path);
-    /// Closes the menu or sheet that lies on top.
+    /// Closes the topmost menu or sheet.
     void dismiss();
-    /// Saves NAME-light.png and NAME-dark.png of the window at rest.
+    /// Saves NAME-light.png and NAME-dark.png of the idle window.
     void take(const QString &name) { takeWindow(name, m_driver); }
-    /// The same of another window.
+    /// The same for another window.
     void takeWindow(const QString &name, const WindowDriver &driver);
-    /// The same while it moves.
+    /// The same while an animation runs.
     void takeMoving(const QString &name);
-    /// Saves what `picture` gives, light and dark, if it is wanted.
+    /// Saves the result of `picture`, light and dark, if it is wanted.
     void takeBoth(const QString &name, const std::function<QImage()> &picture);
     void save(const QString &name, const QImage &picture) const;
 
@@ -91,14 +90,13 @@ private:
     void tickCleanup(const QString &title);
     void waitForMeasurement() const;
     void waitForInventory() const;
-    /// A row of the uninstaller's list.
+    /// Selects a row in the uninstaller's list.
     void chooseApp(const QString &name);
-    /// A row of the large or the old files.
+    /// A row of the large or old files.
     [[nodiscard]] QQuickItem &fileRow(const QString &name) const;
     void tickFile(const QString &name);
     void publishApps(const AppInventory::Result &inventory);
-    /// The middle of an item's tile in the map's band of labels, so that it is the item that is meant and not
-    /// what lies inside.
+    /// The middle of a tile's label band, which its nested tiles do not cover.
     [[nodiscard]] QPointF tile(const std::string &name) const;
 
     WindowDriver m_driver;

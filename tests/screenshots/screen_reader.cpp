@@ -12,9 +12,9 @@ namespace {
 
 using Screen = StorageStore::SidebarItem;
 
-constexpr int mostSteps = 10; // through a list that has no end for a person either
+constexpr int mostSteps = 10; // for lists that are endless in practice
 
-/// The texts of an item and of what lies in it, as far as they are visible.
+/// Appends the visible texts of an item and its descendants.
 void addTexts(const QQuickItem &item, QStringList &texts)
 {
     if (!item.isVisible())
@@ -27,7 +27,7 @@ void addTexts(const QQuickItem &item, QStringList &texts)
         addTexts(*child, texts);
 }
 
-/// What can be scrolled up and down, of a list only as much as there is.
+/// Vertically scrollable items with content outside the viewport.
 QList<QQuickItem *> scrollers(QQuickItem &item)
 {
     QList<QQuickItem *> found;

@@ -8,15 +8,14 @@
 
 namespace corvane {
 
-/// Reads what the window shows as a person would, so that a test can compare it with what the command line prints in
-/// the same root. Main thread only.
+/// Reads the window's visible texts, so that a test can compare them with the command line's output in the same root.
+/// Main thread only.
 class ScreenReader {
 public:
     ScreenReader(QQuickWindow &window, StorageStore &store) : m_driver(window), m_store(store) {}
 
-    /// The texts of the screens by their names, each list in the order in which they stand. What has to be scrolled
-    /// to is there as well, some of it twice, but for the ends of long lists. At first nothing is scanned, then the
-    /// home folder ("…Scanned").
+    /// The texts of the screens by name, each list in visual order. Scrolls to include all content, some of it twice,
+    /// except the ends of long lists. First without a scan, then after scanning the home folder ("…Scanned").
     [[nodiscard]] QJsonObject readAll();
 
 private:

@@ -15,7 +15,7 @@ namespace corvane {
 
 namespace {
 
-/// The Mac grants the access, as long as this object lives.
+/// Grants full disk access on the fake Mac while this object lives.
 class GrantedAccess {
 public:
     GrantedAccess()
@@ -67,7 +67,7 @@ void Photographer::takeServices()
     dismiss();
 
     if (m_example.kind != SystemKind::mac)
-        return; // nothing is asked for
+        return; // no access is needed
     const GrantedAccess access;
     m_services.defaults()->setDidOnboard(false);
     take(QStringLiteral("welcome-granted"));

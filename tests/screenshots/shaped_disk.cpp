@@ -24,7 +24,7 @@ struct Disk {
 constexpr Disk macsDisk{994'662'584'320 / blockSize, 183'371'001'856 / blockSize};
 constexpr Disk linuxDisk{500'107'862'016 / blockSize, 87'507'862'016 / blockSize};
 
-/// That of the root, told from the other kind as the program does it.
+/// The disk of the shaped root, identified the same way as in the program.
 const Disk &disk()
 {
     static const bool isMacs = access("/System/Library/CoreServices/SystemVersion.plist", F_OK) == 0;
@@ -50,7 +50,7 @@ void slowDownReads(std::chrono::milliseconds longer)
 
 } // namespace corvane
 
-// The program's own definitions are found before the C library's.
+// These definitions take precedence over the C library's.
 
 extern "C" ssize_t getdents64(int descriptor, void *buffer, size_t size) noexcept
 {

@@ -13,7 +13,7 @@ namespace {
 
 using std::chrono::days;
 
-/// An application of the Mac-shaped disk that runs as long as this object lives.
+/// Keeps an application of the Mac-shaped disk running while this object lives.
 class RunningApp {
 public:
     explicit RunningApp(const std::string &name) : m_folder("/Applications/" + name + ".app/Contents/MacOS")
@@ -85,7 +85,7 @@ void Photographer::takeUninstaller()
 
 void Photographer::takeMacsApp(AppInventory::Result &inventory)
 {
-    // No machine that takes the pictures remembers when an application was opened last.
+    // A machine that takes screenshots has no dates of last use.
     const auto setUnusedFor = [&](const std::string &name, days age) {
         const auto app = std::ranges::find(inventory.apps, name, &InstalledApp::name);
         if (app != inventory.apps.end())
@@ -118,7 +118,7 @@ void Photographer::takeLinuxApps()
     chooseApp(m_example.app);
     take(QStringLiteral("uninstaller"));
     takeMinimum(QStringLiteral("uninstaller-min"));
-    chooseApp(m_example.otherApp); // its data alone would go to the Trash at once
+    chooseApp(m_example.otherApp); // for data alone there would be no confirmation
     m_driver.click(m_driver.item(QStringLiteral("uninstaller.uninstall")));
     m_driver.pointAtNothing();
     take(QStringLiteral("uninstall-confirm"));

@@ -10,7 +10,7 @@ namespace corvane {
 namespace {
 
 constexpr int patience = 20'000; // milliseconds
-constexpr int stillness = 120;   // milliseconds between two pictures that must be the same
+constexpr int stillness = 120;   // milliseconds between two screenshots that must be identical
 constexpr QPoint nowhere{1, 1};
 
 QQuickItem *findVisible(QQuickItem &from, const std::function<bool(const QQuickItem &)> &rule)

@@ -10,34 +10,34 @@
 
 namespace corvane {
 
-/// Works a window as a person does: looks for things, points at them, clicks, types. What cannot be found or
-/// does not come about throws a std::runtime_error. Main thread only.
+/// Operates a window like a person: finds items, points, clicks, types. Throws std::runtime_error if an item is not
+/// found or a condition is not met in time. Main thread only.
 class WindowDriver {
 public:
     explicit WindowDriver(QQuickWindow &window) : m_window(window) {}
 
     [[nodiscard]] QQuickWindow *window() const { return &m_window; }
-    /// The visible item of that object name.
+    /// The visible item with this object name.
     [[nodiscard]] QQuickItem &item(const QString &objectName) const;
-    /// The visible item of which this holds.
+    /// The visible item that matches.
     [[nodiscard]] QQuickItem &itemWhere(const std::function<bool(const QQuickItem &)> &rule, const QString &what) const;
-    /// The first visible item of which this holds now; null for none.
+    /// The first visible item that matches now; null if there is none.
     [[nodiscard]] QQuickItem *find(const std::function<bool(const QQuickItem &)> &rule) const;
 
     void click(const QQuickItem &item, Qt::MouseButton button = Qt::LeftButton);
-    /// The same at a point of the item.
+    /// The same at a position in the item.
     void clickAt(const QQuickItem &item, QPointF point, Qt::MouseButton button = Qt::LeftButton);
     void doubleClick(const QQuickItem &item) { doubleClickAt(item, item.boundingRect().center()); }
     void doubleClickAt(const QQuickItem &item, QPointF point);
     void pointAt(const QQuickItem &item, QPointF point);
-    /// Takes the pointer off everything.
+    /// Moves the pointer off all items.
     void pointAtNothing();
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void resize(int width, int height);
 
-    /// Lets the window live until the condition holds.
+    /// Processes events until the condition holds.
     void waitFor(const std::function<bool()> &condition, const QString &what) const;
-    /// Lets the window live until it stops moving.
+    /// Processes events until the window stops changing.
     void rest() const { static_cast<void>(stillPicture()); }
     [[nodiscard]] QImage stillPicture() const;
     [[nodiscard]] QImage picture() const;
@@ -46,7 +46,7 @@ private:
     QQuickWindow &m_window;
 };
 
-/// Throws a std::runtime_error with that sentence.
+/// Throws a std::runtime_error with this message.
 [[noreturn]] void giveUp(const QString &why);
 
 } // namespace corvane

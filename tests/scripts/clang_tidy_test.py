@@ -1,4 +1,4 @@
-"""Which sources a change concerns: one that is missed is found by the full run alone."""
+"""Tests which sources a change affects: a missed one is found only by the full run."""
 import pathlib
 import subprocess
 import sys

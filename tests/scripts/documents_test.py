@@ -1,4 +1,4 @@
-"""What the documents name has to exist: files of the repository, documents that they link to, and tests."""
+"""Whatever the documents refer to must exist: files of the repository, linked documents, and tests."""
 import pathlib
 import re
 import unittest

@@ -1,4 +1,4 @@
-"""Which sources the build files name for a Mac: one too few is never compiled for one here."""
+"""Tests the list of sources of the macOS build: a missing one is never compiled for a Mac here."""
 import pathlib
 import sys
 import tempfile

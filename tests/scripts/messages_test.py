@@ -1,4 +1,4 @@
-"""Which texts of the sources users see: one that is missing in the list is one that nobody reads."""
+"""Tests which texts of the sources are user-visible: a missing one is never proofread."""
 import pathlib
 import sys
 import unittest

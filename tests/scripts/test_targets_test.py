@@ -1,4 +1,4 @@
-"""Which targets a test's name leads to: a program too many costs time, one too few runs yesterday's program."""
+"""Tests the targets found for a test's name: an extra program costs time, a missing one runs an outdated binary."""
 import pathlib
 import sys
 import unittest

@@ -1,7 +1,7 @@
 """Draws the icon of an application: a rounded tile of one colour with a white sign on it, as a PNG, SVG or .icns file.
 
-The signs are those of the program's own icon set, in signs.txt: a name, a blank, and the path of its SVG, on a ground
-of 256 points. Their licence is assets/licences/Phosphor-MIT.txt. A file is no larger than a block of the disk.
+The signs are those of the program's own icon set, in signs.txt: a name, a space, and the path data of the SVG in a
+256-point coordinate system. Their licence is assets/licences/Phosphor-MIT.txt. A file is at most one disk block.
 """
 
 import functools
@@ -12,12 +12,12 @@ import re
 import struct
 import zlib
 
-WIDTH = 128                # of the picture
-GROUND = 256               # of a sign's path
-SIGN = 0.59                # of the tile's width
-CORNER = 0.22              # the same, of its corners' radius
-SHADES = 16                # from the tile's colour to the sign's, and from nothing to the tile's
-STEPS = 8                  # straight pieces that a curve is drawn with
+WIDTH = 128                # of the image
+GROUND = 256               # of a sign's coordinate system
+SIGN = 0.59                # relative to the tile
+CORNER = 0.22              # corner radius, relative to the tile
+SHADES = 16                # of the palette: from the tile's colour to the sign's, and from transparent to the tile's
+STEPS = 8                  # line segments per curve
 
 
 @functools.cache
@@ -27,7 +27,7 @@ def signs():
 
 
 def numbers(text):
-    """The arguments of one command. The flags of an arc may stand without a blank behind them; none does here."""
+    """The arguments of one command. SVG allows the flags of an arc without separators; none occurs here."""
     return [float(number) for number in re.findall(r"-?(?:\d*\.\d+|\d+)", text)]
 
 
@@ -40,7 +40,7 @@ def curve(start, one, two, end):
 
 
 def toward(end, corner):
-    """The control point of a cubic curve in place of the corner of a quadratic one."""
+    """The control point of a cubic curve that replaces the one of a quadratic curve."""
     return end[0] + (corner[0] - end[0]) * 2 / 3, end[1] + (corner[1] - end[1]) * 2 / 3
 
 
@@ -74,11 +74,11 @@ def arc(start, radii, turn, is_large, is_clockwise, end):
     yield end
 
 
-LENGTHS = {"M": 2, "L": 2, "H": 1, "V": 1, "C": 6, "S": 4, "Q": 4, "A": 7, "Z": 0}  # of each command's arguments
+LENGTHS = {"M": 2, "L": 2, "H": 1, "V": 1, "C": 6, "S": 4, "Q": 4, "A": 7, "Z": 0}  # number of arguments per command
 
 
 def outlines(path):
-    """The closed lines of an SVG path, each a list of points."""
+    """The closed polylines of an SVG path, each a list of points."""
     found, at, control = [], (0.0, 0.0), None
     for letter, text in re.findall(r"([MLHVCSQAZmlhvcsqaz])([^MLHVCSQAZmlhvcsqaz]*)", path):
         kind, is_relative = letter.upper(), letter.islower()
@@ -117,8 +117,8 @@ def outlines(path):
 
 
 def coverage(lines):
-    """How much of each point of the picture, 0 to 1, the lines enclose; rows from the top."""
-    # Each line's signed area goes to the points that it crosses; the sum along a row is what lies inside.
+    """The fraction of each pixel, 0 to 1, that the polylines enclose; rows from the top."""
+    # Accumulates each line's signed area in the pixels that it crosses; the running sum along a row is the coverage.
     rows = [[0.0] * (WIDTH + 2) for _ in range(WIDTH)]
     for line in lines:
         for (x1, y1), (x2, y2) in zip(line, line[1:] + line[:1]):
@@ -157,12 +157,12 @@ def chunk(kind, data):
 
 @functools.cache
 def png(sign, color):
-    """The picture of a tile of a colour such as "2F6BE0" with that sign."""
+    """A PNG of a tile in a colour such as "2F6BE0" with that sign."""
     scale = SIGN * WIDTH / GROUND
     margin = (WIDTH - SIGN * WIDTH) / 2
     marks = coverage([[(margin + x * scale, margin + y * scale) for x, y in line] for line in outlines(signs()[sign])])
 
-    # The palette: the tile's edge, then the way from the tile's colour to white.
+    # The palette: the tile's edge, then the gradient from the tile's colour to white.
     ground = bytes.fromhex(color)
     palette = ground * SHADES
     opacity = bytes(round(255 * step / SHADES) for step in range(SHADES))
@@ -181,14 +181,14 @@ def png(sign, color):
 
 
 def icns(sign, color):
-    """The same picture as an icon file of a Mac."""
+    """The same image as a Mac icon file."""
     picture = png(sign, color)
     entry = b"ic07" + struct.pack(">I", len(picture) + 8) + picture
     return b"icns" + struct.pack(">I", len(entry) + 8) + entry
 
 
 def svg(sign, color):
-    """The same picture as lines."""
+    """The same image as an SVG."""
     margin = (1 - SIGN) / 2 * GROUND
     return (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {GROUND} {GROUND}">'
             f'<rect width="{GROUND}" height="{GROUND}" rx="{CORNER * GROUND:g}" fill="#{color}"/>'

@@ -14,13 +14,13 @@ HOME = "home/studio"
 
 
 def entry(name, command, icon, *more):
-    """A desktop file as a line's text."""
+    """A desktop file as the text of a description line."""
     lines = ["[Desktop Entry]", "Type=Application", f"Name={name}", f"Exec={command} %U", f"Icon={icon}", *more]
     return "text | " + r"\n".join(lines) + r"\n"
 
 
 def share(size, part):
-    """A part of a size such as "1.2 GB"."""
+    """A fraction of a size such as "1.2 GB"."""
     number, unit = size.split()
     return f"{float(number) * part:.5f} {unit}"
 
@@ -75,7 +75,7 @@ def package(package_name, name, version, size, icon, app_id):
 
 
 def appimage(file, name, version, size, icon, app_id):
-    del version  # no AppImage tells it in its desktop file
+    del version  # AppImages have no version in their desktop file
     return [
         f"{HOME}/Applications/{file}.AppImage | {size}",
         f"{HOME}/.local/share/applications/{app_id}.desktop | " + entry(
@@ -88,6 +88,6 @@ KINDS = {"flatpak": flatpak, "snap": snap, "package": package, "appimage": appim
 
 
 def lines(text):
-    """The lines that one of these stands for; none for any other line."""
+    """The description lines of such an application line; none for any other line."""
     kind, colon, rest = text.partition(": ")
     return KINDS[kind](*rest.split(" | ")) if colon and kind in KINDS else []

@@ -13,7 +13,7 @@ import shaped_root
 from root_case import RootCase, child, main
 
 HOME = "/home/studio"
-# What the disk of the root is said to hold, as its tools tell it.
+# The figures of the root's disk in the output of its tools.
 CAPACITY, AVAILABLE = 500107862016 // 4096 * 4096, 87507862016 // 4096 * 4096
 DOCKER = 34_700_000_000 - 1_600_000  # 21.9GB, 608.4MB, 4.2GB and 7.99GB
 SWAP = 8398437 * 1024
@@ -22,11 +22,11 @@ FOREIGN_WORDS = re.compile(r"\b(Mac|Macs|macOS|Macintosh|Finder|Full Disk Access
 
 
 class LinuxCase(RootCase):
-    """What the tests of the Linux-shaped root share."""
+    """The base of the tests in the Linux-shaped root."""
 
     @staticmethod
     def described(*paths, without=()):
-        """The bytes of what the description has at those paths, as the disk of the root tells them."""
+        """The described bytes at those paths, as scaled up by the root's fake disk."""
         def size(item, path):
             if path in without or item.link is not None:
                 return 0
@@ -44,11 +44,11 @@ class LinuxCase(RootCase):
         return sum(size(at(path), path) for path in paths)
 
     def assertAbout(self, size, expected, what):
-        """Equal but for what the folders themselves take, which differs from file system to file system."""
+        """Compares sizes except for the folders' own blocks, which differ between file systems."""
         self.assertAlmostEqual(size, expected, delta=max(3e6, expected / 500), msg=what)
 
     def assertTellsTheSame(self, text, sizes):
-        """In a table's text each title stands in a line with its size."""
+        """Expects each title on one line with its size in a table's text."""
         for title, size in sizes.items():
             line = next((line for line in text.splitlines() if f"  {title}" in line), None)
             self.assertIsNotNone(line, f"{title} in {text}")
@@ -56,7 +56,7 @@ class LinuxCase(RootCase):
 
     @staticmethod
     def told(size):
-        """A size in the words of a table."""
+        """A size as formatted in a table."""
         for unit, step, digits in (("KB", 1000, 0), ("MB", 1000**2, 1), ("GB", 1000**3, 2), ("TB", 1000**4, 2)):
             rounded = (size * 10**digits + step // 2) // step
             if rounded < 1000 * 10**digits:
@@ -116,7 +116,7 @@ class LinuxRoot(LinuxCase):
             there = [place for place in places if os.path.exists(self.root + place)]
             self.assertEqual(len(there), 1, path)
             picture = pathlib.Path(self.root + there[0]).read_bytes()
-            # More than a block would be shown as megabytes, as everything of this root is.
+            # A larger file would be scaled up to megabytes, like every file of this root.
             self.assertLessEqual(len(picture), shaped_root.BLOCK, path)
             self.assertTrue(picture.startswith((b"\x89PNG", b"<svg")), path)
             icons.add(picture)
@@ -139,7 +139,7 @@ class CommandLineOnALinuxSystem(LinuxCase):
         self.assertEqual(root["name"], "Debian GNU/Linux")
         for name in ("home", "opt", "srv", "boot", "tmp"):
             self.assertEqual(child(root, name)["size"], self.on_disk("/" + name), name)
-        # The links into this machine's own system are not followed, and its mounts are no part of the disk.
+        # Links into this machine's system are not followed, and its mounts are not part of the disk.
         self.assertEqual(child(root, "usr")["size"], self.on_disk("/usr"))
         self.assertTrue({"proc", "sys", "run", "dev"}.isdisjoint(
             node["name"] for node in root["children"] if node["size"] > 0))
@@ -182,7 +182,7 @@ class CommandLineOnALinuxSystem(LinuxCase):
 
 
 class BreakdownOnALinuxSystem(LinuxCase):
-    """The account of the whole disk."""
+    """The breakdown of the whole disk."""
 
     def breakdown(self, *arguments, options=()):
         return json.loads(self.on_its_disk("breakdown", "--json", *arguments, options=options))
@@ -191,7 +191,7 @@ class BreakdownOnALinuxSystem(LinuxCase):
     def sizes(breakdown):
         return {segment["id"]: segment["size"] for segment in breakdown["segments"]}
 
-    # What the description has at each place, and where another place lies inside.
+    # The described items in each place, minus nested places.
     PLACES = {
         "home": ((HOME,), ()),
         "/usr": (("/usr",), ("/usr/local",)),
@@ -292,9 +292,9 @@ class BreakdownOnALinuxSystem(LinuxCase):
 
 
 class CleanupOnALinuxSystem(LinuxCase):
-    """The catalogue of what could be cleaned up."""
+    """The cleanup catalogue."""
 
-    # What each row that holds something measures, with what counts elsewhere.
+    # The expected contents of each non-empty row, minus items counted in others.
     ROWS = {
         "App Caches": ((".cache",), (".cache/pip", ".cache/go-build", ".cache/huggingface", ".cache/thumbnails")),
         "Thumbnails": ((".cache/thumbnails",), ()),
@@ -342,7 +342,7 @@ class CleanupOnALinuxSystem(LinuxCase):
         self.assertTellsTheSame(text.replace("  safe  ", "").replace("  review", ""),
                                 {title: item["total"] for title, item in filled.items()})
         self.assertIn(f"{self.told(sum(item['total'] for item in filled.values()))} could be cleaned up, ", text)
-        foreign = 8  # rows of a Mac's, which stay out of sight
+        foreign = 8  # rows for a Mac, which are hidden
         self.assertIn(f"\n{count - len(filled) - foreign} more places hold nothing\n", text)
         self.assertNoForeignWord(text)
 
@@ -358,7 +358,7 @@ class CleanupOnALinuxSystem(LinuxCase):
 
 
 class AppsOnALinuxSystem(LinuxCase):
-    """The applications, what they keep in the home folder, and what deleted ones have left there."""
+    """The applications, their data in the home folder, and the leftovers of deleted ones."""
 
     def inventory(self):
         return json.loads(self.on_its_disk("apps", "--json"))
@@ -446,17 +446,17 @@ class AppsOnALinuxSystem(LinuxCase):
 
 
 class WindowOnALinuxSystem(LinuxCase):
-    """The window tells what the command line tells."""
+    """The window shows the same figures as the command line."""
 
     def read(self):
         done = self.run_inside(self.probe, "--read")
         self.assertEqual(done.returncode, 0, done.stderr.decode())
-        # The runner has the screens interpreted, as they are with another version of Qt than they were compiled for.
+        # Forces the QML to be interpreted, as it is with another Qt version than the one it was compiled for.
         self.assertNotIn("TypeError", done.stderr.decode())
         return json.loads(done.stdout)
 
     def assertShows(self, texts, rows):
-        """Near each title, in the order of reading, stands its size."""
+        """Expects each title's size near it, in reading order."""
         for title, size in rows.items():
             places = [index for index, text in enumerate(texts) if text == title]
             self.assertTrue(places, f"{title} in {texts}")
@@ -516,7 +516,7 @@ class WindowOnALinuxSystem(LinuxCase):
 
 
 class RemovalOnALinuxSystem(LinuxCase):
-    """What the command line removes. Each test has its own items; none counts what the others change."""
+    """Removals on the command line. Each test has its own items and is not affected by the others' changes."""
 
     TRASH = HOME + "/.local/share/Trash"
 
@@ -556,7 +556,7 @@ class RemovalOnALinuxSystem(LinuxCase):
 
 
 class UninstallOnALinuxSystem(LinuxCase):
-    """Whole uninstalls. Each test has its own application; none counts what the others change."""
+    """Complete uninstalls. Each test has its own application and is not affected by the others' changes."""
 
     def test_AnAppImageGoesToTheTrashWithItsEntryAndItsData(self):
         image = HOME + "/Applications/Tidewater_Sync-4.2.2.AppImage"

@@ -57,7 +57,7 @@ class MacRoot(RootCase):
         self.assertGreater(len(icons), 30)
         self.assertEqual(len(set(icons.values())), len(icons))
         for name, icon in icons.items():
-            # More than a block would be shown as megabytes, as everything of this root is.
+            # A larger file would be scaled up to megabytes, like every file of this root.
             self.assertLessEqual(len(icon), shaped_root.BLOCK, name)
             self.assertEqual((icon[:4], struct.unpack(">I", icon[4:8])[0]), (b"icns", len(icon)), name)
             png = icon[16:]
@@ -170,9 +170,9 @@ class CommandLineOnAMac(RootCase):
 
 
 class BreakdownCase(RootCase):
-    """What the tests of the account of the whole disk share."""
+    """The base of the tests of the whole disk's breakdown."""
 
-    # What the recorded listing says of the container that holds the system.
+    # The system container's figures in the recorded listing.
     CEILING, FREE = 994662584320, 183371001856
     SYSTEM, SWAP, DATA = 11240001536, 4294983680, 788935835648
     SUPPORT = 5202345984 + 1501560832 + 26214400
@@ -189,7 +189,7 @@ class BreakdownCase(RootCase):
 
 
 class BreakdownOnAMac(BreakdownCase):
-    """The account of the whole disk."""
+    """The breakdown of the whole disk."""
 
     def test_OnTheDemonstrationsDiskVolumeContainerAndFilesAgree(self):
         done = self.run_on_disk(self.cli, "breakdown", "--json", "--scan", HOME)
@@ -205,7 +205,7 @@ class BreakdownOnAMac(BreakdownCase):
         applications = self.on_disk("/Applications")
         self.assertEqual((result["total"], result["free"], result["fromAPFS"]), (self.CEILING, self.FREE, True))
         self.assertEqual((result["hasScan"], result["overcount"], result["purgeable"]), (False, 0, 0))
-        # At this scale the other places stay below the 50 MB from which one is worth a row.
+        # At this scale the other places are below 50 MB, the minimum for a row.
         self.assertLess(self.on_disk("/Library"), 50_000_000)
         self.assertGreater(applications, 50_000_000)
         self.assertEqual(self.sizes(result), {
@@ -228,7 +228,7 @@ class BreakdownOnAMac(BreakdownCase):
         self.assertEqual([item["name"] for item in scanned["children"]],
                          ["Library", "Movies", "Pictures", "Projects", "Virtual Machines"])
         hidden = next(segment for segment in result["segments"] if segment["id"] == "hidden")
-        # Folders that are closed leave no trace in the tree; only the scanned one itself is counted.
+        # Unreadable folders have no nodes in the tree; only the scan root itself is counted.
         self.assertTrue(hidden["detail"].endswith("the Spotlight index and snapshot data."), hidden["detail"])
         self.assertEqual(hidden["action"], {"kind": "fullDiskAccess"})
 
@@ -271,13 +271,13 @@ class BreakdownOnAMac(BreakdownCase):
 
 
 class OwnRootCase(BreakdownCase):
-    """Tests that change the root, each in one of its own with what it needs."""
+    """Tests that change the root; each has a minimal one of its own."""
 
     scale = shaped_root.DEFAULT_SCALE
     left_empty = (HOME, "/Applications", "/opt")
 
     def setUp(self):
-        # Skips where nothing can be run at all, before anything is built.
+        # Skip if nothing can be run, before building anything.
         self.run_inside("/bin/true")
         temporary = tempfile.TemporaryDirectory(dir=self.folder)
         self.addCleanup(temporary.cleanup)
@@ -286,7 +286,7 @@ class OwnRootCase(BreakdownCase):
         self.addCleanup(shaped_root.remove_root, self.folder)
 
     def replace_tool(self, path, script):
-        """Puts another program in a tool's place; with None nothing at all."""
+        """Replaces a tool by another script, or removes it if `script` is None."""
         tool = pathlib.Path(self.root + path)
         tool.unlink()
         if script is not None:
@@ -294,14 +294,14 @@ class OwnRootCase(BreakdownCase):
             tool.chmod(0o755)
 
     def prints(self, name):
-        """A tool that prints one of the recorded outputs."""
+        """A script that prints one of the recorded outputs."""
         recorded = pathlib.Path(shaped_root.HERE, "recorded", name)
         pathlib.Path(self.root + "/System/Volumes/recorded", name).write_bytes(recorded.read_bytes())
         return f"exec cat /System/Volumes/recorded/{name}\n"
 
 
 class ToolsOnAMac(OwnRootCase):
-    """What the system's tools may do."""
+    """Failures of the system's tools."""
 
     left_empty = (*OwnRootCase.left_empty, "/Library")
 
@@ -325,7 +325,7 @@ class ToolsOnAMac(OwnRootCase):
             self.assertEqual(json.loads(self.run_cli("snapshots", "--json").stdout), expected, name)
             self.assertEqual(self.breakdown()["snapshots"], expected, name)
 
-    # What a tool may do instead of answering.
+    # Failures of a tool.
     TROUBLE = {
         "fails": "echo 'Some information was unavailable' >&2\nexit 1\n",
         "fails after an answer": "cat /System/Volumes/recorded/*\nexit 3\n",
@@ -368,7 +368,7 @@ class ToolsOnAMac(OwnRootCase):
 
 
 class LargePlacesOnAMac(OwnRootCase):
-    """Places outside the home folder, at a scale at which they are worth a row."""
+    """Places outside the home folder, at a scale at which they are large enough for a row."""
 
     scale = 500
 
@@ -391,7 +391,7 @@ class LargePlacesOnAMac(OwnRootCase):
 
 
 class CleanupOnAMac(RootCase):
-    """The catalogue of what could be cleaned up."""
+    """The cleanup catalogue."""
 
     def items(self):
         done = self.run_cli("cleanup", "--json")
@@ -434,7 +434,7 @@ class DuplicatesOnAMac(RootCase):
 
 
 class AppsOnAMac(RootCase):
-    """The applications, what they keep in the Library, and what deleted ones have left there."""
+    """The applications, their data in the Library, and the leftovers of deleted ones."""
 
     LIBRARY = HOME + "/Library"
 
@@ -444,7 +444,7 @@ class AppsOnAMac(RootCase):
         return json.loads(done.stdout)
 
     def bundles(self):
-        """Every bundle that is offered, with its Info.plist as another reader has it."""
+        """Every listed bundle, with its Info.plist as parsed by another library."""
         found = {}
         for folder in ("/Applications", "/Applications/Utilities", HOME + "/Applications"):
             for name in os.listdir(self.root + folder):
@@ -504,7 +504,7 @@ class AppsOnAMac(RootCase):
 
 
 class RemovalOnAMac(RootCase):
-    """What the command line removes. Each test has its own items; none counts what the others change."""
+    """Removals on the command line. Each test has its own items and is not affected by the others' changes."""
 
     def test_RemovedFileLiesInTheTrash(self):
         path = HOME + "/Downloads/client-rushes (1).zip"
@@ -539,7 +539,7 @@ class RemovalOnAMac(RootCase):
 
 
 class UninstallOnAMac(RootCase):
-    """Whole uninstalls, with real processes. Each test has its own application; none counts what the others change."""
+    """Complete uninstalls, with real processes. Each test has its own application, which no other test changes."""
 
     def uninstall(self, bundle, instances, answer):
         done = self.run_inside(self.probe, bundle, str(instances), answer)
@@ -554,7 +554,7 @@ class UninstallOnAMac(RootCase):
         return result
 
     def trashed(self):
-        """Where what lies in the Trash comes from, and that it is all there."""
+        """The original paths of the items in the Trash; expects each item to exist."""
         trash = pathlib.Path(self.root + HOME + "/.local/share/Trash")
         paths = []
         for record in (trash / "info").glob("*.trashinfo"):

@@ -20,7 +20,7 @@ SKIPPED = 77
 
 
 class RootCase(unittest.TestCase):
-    """A test in a root that several share."""
+    """A test in a root that several tests share."""
 
     cli = None
     disk = None  # the library of scripts/root-disk.sh
@@ -32,7 +32,7 @@ class RootCase(unittest.TestCase):
         return os.path.join(self.folder, "root")
 
     def run_inside(self, *arguments, options=(), descriptors=()):
-        """Runs a program in the root, with open files handed down; what it printed and its exit status."""
+        """Runs a program in the root, passing open files on; returns its output and exit status."""
         done = subprocess.run([RUNNER, *options, self.folder, *arguments], capture_output=True, check=False,
                               pass_fds=descriptors)
         if done.returncode == SKIPPED:
@@ -49,7 +49,7 @@ class RootCase(unittest.TestCase):
         return self.run_inside(self.cli, *arguments)
 
     def answer(self, done):
-        """The JSON that a program has printed, if it has succeeded without a word of trouble."""
+        """The JSON that a program has printed; expects success without messages."""
         self.assertEqual((done.returncode, done.stderr.decode()), (0, ""))
         return json.loads(done.stdout)
 
@@ -59,7 +59,7 @@ class RootCase(unittest.TestCase):
         return json.loads(done.stdout)
 
     def on_disk(self, path):
-        """What `path` (as the program sees it) occupies by the system's own count: its files, links not followed."""
+        """The allocated size of `path` (as the program sees it), counted independently, without following links."""
         total = 0
         for parent, _, files in os.walk(os.fsencode(self.root + path)):
             for name in files:
@@ -74,7 +74,7 @@ def child(node, name):
 
 
 def main(*cases):
-    """Runs the test that is asked for. A test is named Class.Rule, as ctest shows it."""
+    """Runs the requested test. A test is named Class.Rule, as in ctest."""
     known = {f"{case.__name__}.{method.removeprefix('test_')}": (case, method)
              for case in cases for method in unittest.TestLoader().getTestCaseNames(case)}
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)

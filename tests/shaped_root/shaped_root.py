@@ -28,26 +28,26 @@ HERE = pathlib.Path(__file__).resolve().parent
 DEFAULT_SCALE = 1000
 BLOCK = 4096
 KINDS = ("mac", "linux")
-MARKER = b".corvane-shaped-root"  # of that folder, with the kind of the root in it
+MARKER = b".corvane-shaped-root"  # in the built folder; contains the kind of the root
 UNITS = {"KB": 1000, "MB": 1000**2, "GB": 1000**3}
 USUAL_DATE = datetime.datetime(2025, 11, 1, 12, tzinfo=datetime.timezone.utc)
 
 
 @dataclasses.dataclass
 class Item:
-    """One item of a description, series already spelled out. Sizes are the described disk's, in bytes."""
+    """One item of a description, with series expanded. Sizes are the described disk's, in bytes."""
 
     name: bytes
     is_folder: bool = False
-    size: int = 0               # of a file; "the rest" once it has been worked out
-    takes_rest: float = 0.0     # this item's share of the rest, among its siblings of one series
-    stated: int = 0             # what a folder must come to; 0 where nothing is said
+    size: int = 0               # of a file; for "the rest", set once computed
+    takes_rest: float = 0.0     # this item's share of the rest in its series
+    stated: int = 0             # required total of a folder; 0 for none
     date: datetime.datetime = None
-    content: bytes = None       # a file of this content rather than of a size
-    mark: bytes = b""           # how a file of a size begins; nothing but zeros follows
+    content: bytes = None       # a file with this content instead of a size
+    mark: bytes = b""           # the first bytes of a file with a size; the rest are zeros
     mode: int = 0
     link: bytes = None
-    is_continued: bool = False  # the content is put behind that of the file of this name, if there is one
+    is_continued: bool = False  # append the content to the existing file with this name, if any
     children: list = dataclasses.field(default_factory=list)
 
     def total(self):
@@ -63,7 +63,7 @@ class Item:
 
 
 class Mistake(Exception):
-    """What is wrong with a description."""
+    """An error in a description."""
 
 
 def parse_size(text):
@@ -95,7 +95,7 @@ def spelled_out(name):
 
 
 def shares(count):
-    """How a series divides a sum: the first gets three times what the last gets."""
+    """The fractions of a total in a series: the first is three times the last."""
     weights = [3 - 2 * index / max(count - 1, 1) for index in range(count)]
     return [weight / sum(weights) for weight in weights]
 
@@ -106,7 +106,7 @@ def property_list(binary, text):
 
 
 def bundle(name, how, size, icon, keys):
-    """An application: its property list, its program, its icon, its resources; what the App Store adds."""
+    """An application: its property list, program, icon and resources, and the App Store's additions."""
     binary = how == "binary"
     contents = Item(b"Contents", is_folder=True)
     contents.children.append(Item(b"Info.plist", content=property_list(binary, keys + " CFBundleIconFile=AppIcon")))
@@ -124,31 +124,31 @@ def bundle(name, how, size, icon, keys):
     return Item(name, is_folder=True, children=[contents])
 
 
-# The lines of a description. What stands two spaces deeper lies inside the folder above it.
+# The lines of a description. Lines indented by two more spaces are inside the folder above them.
 #
 #   Name/                            a folder
-#   Name/ | 12.5 GB                  a folder that must come to that, within one percent
-#   Name/ | locked                   a folder that nobody may read
-#   Name/ | dated 2024-03-16         a folder whose contents are of that day unless they say otherwise
-#   name | 8.12 GB                   a file that occupies so much of the disk
-#   name | 8.12 GB | 2024-10-11      … last changed on that day
-#   name | 8.12 GB | contents WORD   … with the same contents as the others of that word; else they differ
+#   Name/ | 12.5 GB                  a folder whose contents must total this, within one percent
+#   Name/ | locked                   an unreadable folder
+#   Name/ | dated 2024-03-16         a folder whose contents have this date unless they have their own
+#   name | 8.12 GB                   a file that occupies this much of the disk
+#   name | 8.12 GB | 2024-10-11      … last modified on this date
+#   name | 8.12 GB | contents WORD   … with the same contents as all others with this word; contents differ otherwise
 #   name {001..040}.x | 8 GB in all  forty files, the first about three times as large as the last
-#   name {001..040}.x | the rest     … that together fill up what the folder must come to
-#   name | text | line\nline         a file with that text, never scaled
-#   name | plist xml | Key=Text …    a property list, "xml" or "binary", values without spaces or in quotes
-#   Name.app | app binary | 740 MB | sign 2F6BE0 | Key=Text …   a bundle with an Info.plist of those keys, "xml",
+#   name {001..040}.x | the rest     … which together fill the folder up to its required total
+#   name | text | line\nline         a file with this text, never scaled
+#   name | plist xml | Key=Text …    a property list, "xml" or "binary"; values without spaces or in quotes
+#   Name.app | app binary | 740 MB | sign 2F6BE0 | Key=Text …   a bundle with an Info.plist of these keys, "xml",
 #                                    "binary" or "appstore", and an icon: a sign and the colour of its tile
-#   name | copy | FILE               a file of this folder; "copy executable" may be run
+#   name | copy | FILE               a copy of a file next to this script; "copy executable" sets the x bit
 #   name -> target                   a symbolic link
-#   name.png | icon SIGN COLOUR      a tile of that colour with a sign of signs.txt on it; also name.svg
-#   name | more text | line\nline    text that is put behind that of the file of this name
+#   name.png | icon SIGN COLOUR      a tile of this colour with a sign of signs.txt on it; also name.svg
+#   name | more text | line\nline    text to append to the file with this name
 #   \xe7                             one byte of a name that is not UTF-8
-#   folder/folder/name …             a name may lead through other folders
+#   folder/folder/name …             a name can be a path
 #   flatpak: ID | …                  an application of a Linux system with all its files; see linux_apps.py
 #
 # Sizes are those of the described disk. The builder divides them by its scale and rounds to blocks of 4096 bytes, at
-# least one. A folder may stand in several places; what is said of it adds up.
+# least one. A folder may occur several times; its contents accumulate.
 
 
 def parse_line(text):
@@ -186,7 +186,7 @@ def parse_line(text):
 
     for field in fields:
         if field == "locked":
-            items[0].mode = stat.S_IFDIR  # with no permission at all
+            items[0].mode = stat.S_IFDIR  # no permissions
         elif field == "the rest":
             for item, share in zip(items, shares(len(items))):
                 item.takes_rest = share
@@ -214,7 +214,7 @@ def set_size(item, size):
 
 
 def put(item, folder):
-    """Puts an item into a folder, or adds it to the one of that name; gives the one that is there in the end."""
+    """Adds an item to a folder, or merges it with the one of that name; returns the resulting item."""
     there = next((child for child in folder.children if child.name == item.name), None)
     if there is None:
         folder.children.append(item)
@@ -230,7 +230,7 @@ def put(item, folder):
 
 
 def put_line(text, folder):
-    """Puts what a line stands for into a folder. Its name may lead through other folders."""
+    """Adds the items of a line to a folder. The name can be a path."""
     path = text.split(" -> ")[0].split(" | ")[0].removesuffix("/")
     for name in path.split("/")[:-1]:
         folder = put(Item(name_bytes(name), is_folder=True), folder)
@@ -241,7 +241,7 @@ def put_line(text, folder):
 def parse(path):
     """The description as one folder without a name."""
     root = Item(b"", is_folder=True)
-    levels = [[root]]  # for each depth the items that the lines beneath go into
+    levels = [[root]]  # for each depth, the items that contain the following lines
     for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
         text = line.strip()
         if not text or text.startswith("#"):
@@ -262,7 +262,7 @@ def parse(path):
 
 
 def resolve(folder, date):
-    """Fills up what each folder must come to, checks that it does, and hands dates down."""
+    """Distributes "the rest" in each folder, checks the required totals, and propagates dates."""
     folder.date = folder.date or date
     for child in folder.children:
         if child.is_folder:
@@ -279,7 +279,7 @@ def resolve(folder, date):
 
 
 def mark(item, path):
-    """Lets every file of a size begin with its own path, so that no two are the same that are not said to be."""
+    """Starts every file of a size with its own path, so that contents differ unless described as the same."""
     item.mark = item.mark or path
     for child in item.children:
         mark(child, path + b"/" + child.name)
@@ -300,7 +300,7 @@ def description(kind):
 
 
 def build(item, path, scale):
-    """Makes one item and what lies beneath it."""
+    """Creates one item with its contents."""
     if item.link is not None:
         os.symlink(item.link, path)
         return
@@ -330,7 +330,7 @@ def set_date(path, date):
 
 
 def empty(item, path, paths):
-    """Takes everything out of the folders at those paths."""
+    """Removes the contents of the folders at those paths."""
     if path in paths:
         item.children = []
     for child in item.children:
@@ -338,7 +338,7 @@ def empty(item, path, paths):
 
 
 def replace_root(kind, folder, scale, left_empty=()):
-    """Makes FOLDER/root in place of an earlier one, some of its folders without their contents."""
+    """Creates FOLDER/root, replacing an earlier one, and leaves some of its folders empty."""
     wanted = description(kind)
     empty(wanted, "", left_empty)
     os.makedirs(folder, exist_ok=True)
@@ -350,7 +350,7 @@ def replace_root(kind, folder, scale, left_empty=()):
 
 
 def remove_root(folder):
-    """Deletes FOLDER/root if there is one. One that this program did not make, it leaves and gives up."""
+    """Deletes FOLDER/root if it exists. Exits with an error if this program did not create it."""
     folder = os.fsencode(folder)
     root = os.path.join(folder, b"root")
     if not os.path.lexists(root):
@@ -366,7 +366,7 @@ def remove_root(folder):
 
 
 def sizes(item, path, scale, result):
-    """Every item's allocated bytes by its path in the root; a folder's are those of the files beneath it."""
+    """Every item's allocated bytes, keyed by its path in the root; a folder's are the total of its files."""
     if item.link is not None:
         return 0
     if item.is_folder:

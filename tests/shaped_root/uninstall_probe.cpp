@@ -1,10 +1,10 @@
-// Uninstalls one application through the store, as the window does, and prints what came of it, so that a test can do
-// that inside a shaped root.
+// Uninstalls one application through the store, as the window does, and prints the result, so that a test can do that
+// inside a shaped root.
 //
 //   uninstall_probe BUNDLE INSTANCES quit|ignore
 //
-// As many processes as INSTANCES says run from the bundle and quit when they are asked to, or ignore that. The exact
-// leftovers go with the application, as where the user changes nothing.
+// Runs INSTANCES processes from the bundle, which quit on request or ignore the request. The exact leftovers are
+// removed with the application, as if the user changed nothing.
 
 #include <algorithm>
 #include <cstdio>
@@ -52,7 +52,7 @@ std::vector<std::unique_ptr<QProcess>> startInstances(const QString &bundle, int
     std::vector<std::unique_ptr<QProcess>> instances;
     for (int i = 0; i < count; ++i) {
         auto instance = std::make_unique<QProcess>();
-        // What a shell ignores, the program that takes its place ignores, too.
+        // A signal that a shell ignores is still ignored after exec.
         const QString ignore = ignoresRequests ? QStringLiteral("trap '' TERM; ") : QString();
         instance->start(QStringLiteral("/bin/sh"),
                         {QStringLiteral("-c"), ignore + QStringLiteral("exec \"$0\" 1000"), program});

@@ -19,7 +19,7 @@ namespace {
 constexpr const char *osRelease = "/etc/os-release";
 constexpr const char *productName = "/sys/class/dmi/id/product_name";
 
-/// A Mac's root, whichever system the test runs on.
+/// A Mac's root, regardless of the system that runs the test.
 struct MacRoot {
     explicit MacRoot(const std::string &productVersion)
         : MacRoot("<plist><dict><key>ProductName</key><string>macOS</string><key>ProductVersion</key>" +
@@ -70,7 +70,7 @@ TEST(AppInfo, VersionOfAMacIsThreeNumbers)
     }
 }
 
-TEST(AppInfo, MacThatTellsNoVersionIsTheSystemThatRuns)
+TEST(AppInfo, MacWithoutAValidVersionIsNamedLikeOtherSystems)
 {
     for (const char *version : {"<string>Ventura</string>", "<string></string>", "<string>1.2.3.4</string>",
                                 "<string>1..2</string>", "<string>-1.2</string>", "<integer>14</integer>"}) {
@@ -178,7 +178,7 @@ TEST(SystemFacts, ModelIsTheMakersNameOfTheProduct)
     EXPECT_EQ(AppInfo::model(files), "ThinkPad X1 Carbon");
 }
 
-TEST(SystemFacts, ModelThatNobodyFilledInIsEmpty)
+TEST(SystemFacts, PlaceholderModelIsEmpty)
 {
     FakeFileSystem none;
     EXPECT_EQ(AppInfo::model(none), "");

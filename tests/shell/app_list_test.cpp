@@ -37,7 +37,7 @@ std::vector<int> numbers(int first, int end, int step = 1)
     return result;
 }
 
-/// A list of a hundred rows of 20 points, of which five are seen between margins of 4 points.
+/// A list of a hundred rows of 20 points, five of which are visible between margins of 4 points.
 class AppListTest : public testing::Test {
 protected:
     void SetUp() override
@@ -52,7 +52,7 @@ protected:
     [[nodiscard]] QQuickItem *list() const { return scene.item("list"); }
     [[nodiscard]] int current() const { return list()->property("currentIndex").toInt(); }
     [[nodiscard]] double top() const { return scene.item("view")->property("contentY").toDouble(); }
-    /// The numbers of the rows in sight, from the top.
+    /// The indexes of the visible rows, from the top.
     [[nodiscard]] std::vector<int> shown() const
     {
         std::map<double, int> byPlace;

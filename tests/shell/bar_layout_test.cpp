@@ -46,7 +46,7 @@ TEST(BarLayout, NoPartIsNarrowerThanTheMinimumAndTheOthersGiveWay)
 
 TEST(BarLayout, APartThatFallsBelowTheMinimumOnlyBecauseOfOthersIsRaisedToo)
 {
-    // At first 3.02 points for the second: once the last two have their minimum, it would have less.
+    // Initially 3.02 points for the second, but less once the last two get the minimum.
     const auto parts = layOut({9'690, 303, 4, 3}, 106);
     for (const BarPart &part : parts)
         EXPECT_GE(part.width, 3 - exact);
@@ -66,7 +66,7 @@ TEST(BarLayout, TheRestIsLeftEmptyBeforeTheLastPart)
     EXPECT_EQ(parts, (std::vector<BarPart>{{0, 50}, {72, 30}}));
 }
 
-TEST(BarLayout, WhereAllIsNothingEveryPartHasTheMinimum)
+TEST(BarLayout, IfAllSizesAreZeroEveryPartHasTheMinimumWidth)
 {
     EXPECT_EQ(layOut({0, 0}, 1016), (std::vector<BarPart>{{0, 3}, {5, 3}}));
 }

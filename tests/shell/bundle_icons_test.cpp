@@ -16,7 +16,7 @@ const QColor ownColor(0xe0, 0x66, 0x2b);
 
 constexpr int side = 128;
 
-/// A picture all of one colour.
+/// A single-colour image.
 QImage plain(const QColor &color, int pixels = side)
 {
     QImage picture(pixels, pixels, QImage::Format_ARGB32);
@@ -38,7 +38,7 @@ std::string plistWith(const std::string &iconFile)
            iconFile + "</dict></plist>";
 }
 
-/// What the provider gives for the bundle "Kite.app" of a folder.
+/// Requests the icon of the bundle "Kite.app" in a folder from the provider.
 class BundleIconsTest : public testing::Test {
 protected:
     void addBundle(const std::string &iconFile, const std::string &pictureName = "Kite.icns",
@@ -80,7 +80,7 @@ TEST(BundleIcons, TheDrawnOneIsAFilledTileWithRoundCorners)
     EXPECT_EQ(tile.pixelColor(32, 3).alpha(), 255);
 }
 
-#ifndef Q_OS_MACOS // which has an icon for everything
+#ifndef Q_OS_MACOS // where every item has an icon
 
 TEST_F(BundleIconsTest, ABundleHasTheIconThatItBringsAlong)
 {
@@ -104,7 +104,7 @@ TEST_F(BundleIconsTest, APictureWithAPaletteKeepsItsColorAtEverySize)
 TEST_F(BundleIconsTest, TheTextsThatAPictureCarriesAreNotRead)
 {
     QImage picture = plain(ownColor);
-    picture.setText("Comment", QString(100'000, u'x')); // stored as a few bytes
+    picture.setText("Comment", QString(100'000, u'x')); // compresses to a few bytes
     ASSERT_LT(icnsOf(picture).size(), 10'000u);
     addBundle("<string>Kite.icns</string>", "Kite.icns", picture);
     EXPECT_TRUE(isOwn());
@@ -130,13 +130,13 @@ TEST_F(BundleIconsTest, ANameThatLeadsElsewhereIsNotFollowed)
     EXPECT_TRUE(isDrawn());
 }
 
-TEST_F(BundleIconsTest, ANameOfAnotherTypeIsNone)
+TEST_F(BundleIconsTest, AnIconNameThatIsNotAStringIsIgnored)
 {
     addBundle("<array><string>Kite.icns</string></array>");
     EXPECT_TRUE(isDrawn());
 }
 
-TEST_F(BundleIconsTest, APictureThatIsCutOffIsNone)
+TEST_F(BundleIconsTest, ATruncatedImageIsRejected)
 {
     addBundle("<string>Kite.icns</string>");
     folder.writeText("Kite.app/Contents/Resources/Kite.icns", icnsOf(plain(ownColor)).substr(0, 60));
@@ -171,7 +171,7 @@ TEST_F(BundleIconsTest, APictureThatUnfoldsToGigabytesIsNotRead)
     buffer.open(QIODevice::WriteOnly);
     plain(ownColor).save(&buffer, "PNG");
     std::string png = buffer.data().toStdString();
-    png.replace(16, 8, std::string("\0\0\xff\xff\0\0\xff\xff", 8)); // its size in pixels
+    png.replace(16, 8, std::string("\0\0\xff\xff\0\0\xff\xff", 8)); // its width and height
     folder.writeText("bomb.png", png);
     folder.writeText("large.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"4\" height=\"4\">" +
                                       std::string(600'000, ' ') + "<rect width=\"4\" height=\"4\"/></svg>");

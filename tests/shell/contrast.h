@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// A colour with its opacity laid over an opaque ground.
+/// A translucent colour blended over an opaque ground.
 inline QColor over(const QColor &color, const QColor &ground)
 {
     const auto part = [&](float top, float below) { return top * color.alphaF() + below * (1 - color.alphaF()); };

@@ -33,7 +33,7 @@ const QDateTime launch(QDate(2026, 11, 22), QTime(9, 0), Qt::UTC);
 
 class CrashReporterTest : public testing::Test {
 protected:
-    /// A run of the program, with nothing left of runs before it but the settings and the reports.
+    /// Simulates a new run of the program, which shares only the settings and the reports with earlier runs.
     [[nodiscard]] std::unique_ptr<CrashReporter> run()
     {
         return std::make_unique<CrashReporter>(
@@ -41,7 +41,7 @@ protected:
             CrashReporter::Places{.folders = {folder.path(), other}, .executable = "corvane"}, [] { return launch; });
     }
 
-    /// A run that is not the first one and has looked for reports.
+    /// Simulates a later run, after an earlier one has checked for reports.
     [[nodiscard]] std::unique_ptr<CrashReporter> launchAgain(Mode mode)
     {
         defaults.setCrashReportLastCheck(lastCheck);
@@ -51,7 +51,7 @@ protected:
         return reporter;
     }
 
-    /// A report that was written that many milliseconds after the last check.
+    /// Writes a report with a date `after` milliseconds after the last check.
     std::string writeReport(const std::string &name, std::int64_t after = 60'000, const std::string &text = "report")
     {
         std::string path = folder.writeText(name, text);
@@ -93,19 +93,19 @@ protected:
         return sent(index).value(QLatin1String("report")).toString();
     }
 
-    /// Long enough for a request that must not come.
+    /// Long enough for an unwanted request to arrive.
     static void waitForNothing() { QTest::qWait(150); }
 
     const TemporaryFolder folder;
     const TemporaryFolder settingsFolder;
-    const std::string other = settingsFolder / "reports"; // is not there unless a test makes it
+    const std::string other = settingsFolder / "reports"; // does not exist unless a test creates it
     UserDefaults defaults{
         std::make_unique<QSettings>(QString::fromStdString(settingsFolder / "settings.conf"), QSettings::IniFormat)};
     LoopbackServer server;
     API api{server.url()};
 };
 
-// --- Where, and for what --------------------------------------------------------------------------------------------
+// --- Search paths and names -----------------------------------------------------------------------------------------
 
 TEST_F(CrashReporterTest, LooksInTheSystemsFolderAndInItsOwnForTheNameOfTheExecutable)
 {
@@ -182,7 +182,7 @@ TEST_F(CrashReporterTest, OnlyRegularFilesAreReports)
     date(folder.link("corvane-endless.ips", "/dev/zero"), launch);
     date(folder.link("corvane-secret.ips", "/etc/passwd"), launch);
     writeReport("corvane-real.ips");
-    // A pipe is listed as a file; it is skipped when it is to be read.
+    // A pipe is listed as a file, but skipped when read.
     EXPECT_THAT(found(), ElementsAre("corvane-fifo.ips", "corvane-real.ips"));
 
     const auto reporter = launchAgain(Mode::always);
@@ -465,7 +465,7 @@ TEST_F(CrashReporterTest, MayEndWhileAReportIsOnItsWay)
     waitForNothing();
     EXPECT_EQ(server.requests().size(), 1U);
 
-    // And while one is being read.
+    // The same while a report is being read.
     reporter = run();
     reporter->upload(folder / "corvane-1.ips");
     reporter.reset();

@@ -15,10 +15,10 @@
 
 namespace corvane {
 
-/// The program's services as QML sees them, over a settings file of the test's own.
+/// The program's services as QML sees them, with a temporary settings file.
 struct FakeServices {
     struct Setup {
-        QUrl site = QUrl(QStringLiteral("https://corvane.invalid/")); ///< one that cannot be reached
+        QUrl site = QUrl(QStringLiteral("https://corvane.invalid/")); ///< unreachable
         std::vector<std::string> reportFolders = {};
         bool canUpdate = true;
     };

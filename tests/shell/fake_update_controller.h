@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// Does nothing; keeps what it is told and counts what is asked of it.
+/// Does nothing except storing the settings and counting calls.
 class FakeUpdateController final : public UpdateController {
 public:
     void start() override { ++starts; }
@@ -32,11 +32,11 @@ public:
 
     int starts = 0;
     int checks = 0;
-    int settings = 0; // how often one of the two was set
+    int settings = 0; // number of calls of the two setters
     bool canCheck = true;
     bool checksAutomatically = true;
     bool installsAutomatically = false;
-    UpdateSession *shown = nullptr; // outlives it
+    UpdateSession *shown = nullptr; // must outlive it
 };
 
 } // namespace corvane

@@ -12,7 +12,7 @@ namespace {
 
 using Kind = FileNode::Kind;
 
-/// The colour of the picture's fully covered pixels; they all have one in a drawn icon.
+/// The colour of the image's opaque pixels; in a generated icon all are equal.
 QColor inkOf(const QImage &image)
 {
     for (int y = 0; y < image.height(); ++y)
@@ -93,7 +93,7 @@ TEST(IconCache, SameIconIsHandedOutAgain)
 {
     IconCache cache;
     const QImage first = cache.icon("/x/film.mov", Kind::file);
-    // Images share their pixels until one is changed.
+    // Copies of an image share their pixels until modified.
     EXPECT_EQ(cache.icon("/x/film.mov", Kind::file).constBits(), first.constBits());
 }
 

@@ -5,7 +5,7 @@
 
 namespace corvane::test {
 
-/// As the files of icons have numbers: four bytes, the highest first.
+/// A 32-bit big-endian number, as in icon files.
 inline std::string number(std::size_t value)
 {
     std::string bytes;
@@ -20,7 +20,7 @@ inline std::string icnsEntry(const std::string &type, const std::string &picture
     return type + number(picture.size() + 8) + picture;
 }
 
-/// An icon file of those entries.
+/// An icon file with these entries.
 inline std::string icnsFile(const std::string &entries)
 {
     return "icns" + number(entries.size() + 8) + entries;

@@ -14,7 +14,7 @@ using test::icnsEntry;
 using test::icnsFile;
 using test::number;
 
-/// What is looked at of a PNG, and a tail to tell pictures of one size apart.
+/// The part of a PNG that is parsed, and a tail that distinguishes images of the same size.
 std::string png(std::uint32_t width, std::uint32_t height, const std::string &tail = "pixels")
 {
     return std::string("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16) + number(width) + number(height) + tail;
@@ -49,7 +49,7 @@ TEST(Icns, OfTwoOfOneSizeTheFirstIsTaken)
     EXPECT_EQ(findPng(file, 256), png(128, 128, "first"));
 }
 
-/// A part of a PNG.
+/// A PNG chunk.
 std::string chunk(const std::string &type, const std::string &contents)
 {
     return number(contents.size()) + type + contents + "sum.";
@@ -94,7 +94,7 @@ TEST(Icns, SizesThatNoIconHasAreLeftOut)
     EXPECT_EQ(findPng(icnsFile(icnsEntry("ic10", png(1024))), 128), png(1024));
 }
 
-TEST(Icns, WhatIsNoIconFileHasNoPicture)
+TEST(Icns, AnInvalidFileHasNoImage)
 {
     EXPECT_EQ(findPng("", 128), "");
     EXPECT_EQ(findPng("icns", 128), "");

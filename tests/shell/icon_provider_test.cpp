@@ -131,7 +131,7 @@ TEST(IconProviderDeathTest, UnknownNameIsWarnedAbout)
                  "no symbol \"no.such.symbol\"");
 }
 
-/// Ends a process of its own, where warnings are no errors: 0 if the picture for an unknown name can be seen.
+/// For a child process in which warnings are not fatal: exits with 0 if the image of an unknown name is visible.
 [[noreturn]] void leaveWithWhatUnknownNamesShow()
 {
     qunsetenv("QT_FATAL_WARNINGS");

@@ -14,7 +14,7 @@
 namespace corvane {
 namespace {
 
-/// "Header", "b", "Header", "d", "e": the headers are no stops.
+/// "Header", "b", "Header", "d", "e": the headers are not enabled.
 class Rows : public QStringListModel {
 public:
     Rows()
@@ -38,7 +38,7 @@ protected:
         keys.setProperty("page", 2);
         QObject::connect(&keys, &ListKeys::moved, [this](int row) { moves.push_back(row); });
     }
-    /// Where the key leads to from a row; -2 where it goes on to somebody else.
+    /// The row that the key moves to; -2 if the key is not handled.
     int after(Qt::Key key, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString &text = {})
     {
         moves.clear();
@@ -104,7 +104,7 @@ TEST_F(ListKeysTest, TypingFindsARowButNoHeader)
     EXPECT_EQ(after(Qt::Key_H, 1, Qt::NoModifier, QStringLiteral("h")), -1);
 }
 
-TEST_F(ListKeysTest, KeysThatNobodyListensToGoOn)
+TEST_F(ListKeysTest, KeysWithoutAListenerArePassedOn)
 {
     keys.setProperty("current", 1);
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Delete, Qt::Key_Return, Qt::Key_Menu, Qt::Key_Backspace})

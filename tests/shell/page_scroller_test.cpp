@@ -5,7 +5,7 @@
 namespace corvane {
 namespace {
 
-/// A page of 1,200 points in a place of 300, with a button at its top and one at 900.
+/// A page of 1,200 points in a viewport of 300, with a button at its top and one at 900.
 class PageScrollerTest : public testing::Test {
 protected:
     void SetUp() override

@@ -19,7 +19,7 @@ TEST(ShadowProvider, ShadowIsDarkestUnderThePanelAndGoneAtItsReach)
     EXPECT_EQ(image.size(), QSize(200 + 2 * reach, 120 + 2 * reach));
     EXPECT_NEAR(qAlpha(image.pixel(reach + 100, reach + 60)), 0.16 * 255, 2);
     EXPECT_LE(qAlpha(image.pixel(0, reach + 60)), 1);
-    // Half of it is left at the panel's edge.
+    // At the panel's edge half of the opacity is left.
     EXPECT_NEAR(qAlpha(image.pixel(reach, reach + 60)), 0.08 * 255, 2);
 }
 

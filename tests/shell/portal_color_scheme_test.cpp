@@ -14,7 +14,7 @@ constexpr uint noPreference = 0;
 constexpr uint preferDark = 1;
 constexpr uint preferLight = 2;
 
-/// The part of the desktop portal that publishes settings.
+/// The settings part of the desktop portal.
 class FakePortal : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
@@ -68,7 +68,7 @@ TEST_F(PortalColorSchemeTest, AnswersWhatThePortalSaysAndFollowsItsChanges)
     ASSERT_TRUE(QTest::qWaitFor([&] { return !setting->prefersDark().has_value(); }));
     EXPECT_EQ(changed.count(), 3);
 
-    // Another setting with such a value is none of its business.
+    // Another setting with such a value is ignored.
     emit portal.SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("contrast"),
                                QDBusVariant(preferDark));
     QTest::qWait(50);

@@ -16,7 +16,7 @@
 namespace corvane {
 namespace {
 
-/// The part of the desktop portal that asks for files. Its dialogs are answered, or not, by the test.
+/// The file chooser part of the desktop portal. The test decides whether dialogs are answered.
 class FakePortal : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.FileChooser")
@@ -24,11 +24,11 @@ class FakePortal : public QObject, protected QDBusContext {
 
 public:
     uint version = 3;
-    bool choosesPlaceItself = false; ///< of the answer, as portals once did
+    bool choosesPlaceItself = false; ///< the response path, as old portals did
     QString parent;
     QString title;
     QVariantMap options;
-    QStringList requests; ///< where the answers are waited for
+    QStringList requests; ///< request paths of pending responses
 
     void answer(const QString &request, uint code, const QStringList &uris) const
     {
@@ -55,7 +55,7 @@ public slots:
     }
 };
 
-/// Knows which dialogs were closed by the program.
+/// Records which dialogs the program has closed.
 class ClosedRequests : public QDBusVirtualObject {
 public:
     QStringList paths;
@@ -96,7 +96,7 @@ protected:
                                                QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties));
     }
     void ask() { chooser->ask({QStringLiteral("Choose"), QStringLiteral("Scan"), "/home/caf\xe9"}, nullptr); }
-    /// Asks, and waits for the dialog.
+    /// Asks, and waits until the dialog is open.
     void askAndWait()
     {
         const qsizetype before = portal.requests.size();
@@ -129,7 +129,7 @@ TEST_F(PortalFolderChooserTest, AsksForAFolderAndHandsItsAddressOver)
 
     portal.answer(portal.requests.last(), 0, {QStringLiteral("file:///tmp/a%20b/%ff%C3%A9")});
     ASSERT_TRUE(waitFor(*chosen));
-    // A byte that is not UTF-8 stays as it is.
+    // A byte that is not UTF-8 is preserved.
     EXPECT_EQ(chosen->first().first().toUrl().path(QUrl::FullyEncoded), QStringLiteral("/tmp/a%20b/%FF%C3%A9"));
     EXPECT_TRUE(dismissed->isEmpty());
     EXPECT_TRUE(unavailable->isEmpty());
@@ -140,7 +140,7 @@ TEST_F(PortalFolderChooserTest, FollowsAPortalThatChoosesThePlaceOfTheAnswerItse
     portal.choosesPlaceItself = true;
     offer();
     askAndWait();
-    // Until the reply to the question is there, the program does not know where to listen.
+    // Until the reply arrives, the program does not know which path to listen on.
     ASSERT_TRUE(QTest::qWaitFor(
         [&] {
             portal.answer(portal.requests.last(), 0, {QStringLiteral("file:///tmp")});

@@ -14,10 +14,10 @@
 
 namespace corvane {
 
-/// A window that shows one piece of QML, for tests of components by mouse and keyboard.
+/// A window with one piece of QML, for testing components by mouse and keyboard.
 class QuickScene {
 public:
-    /// `body` is put into a Window of 600 x 400 points; what it needs besides Corvane.Shell is in `imports`.
+    /// `body` is placed in a Window of 600 x 400 points; imports other than Corvane.Shell go in `imports`.
     explicit QuickScene(const QByteArray &body, const QByteArray &imports = {})
     {
         setUpShell(m_engine);
@@ -39,19 +39,19 @@ public:
     [[nodiscard]] const QString &errors() const { return m_errors; }
     [[nodiscard]] QQuickWindow *window() const { return m_window.get(); }
 
-    /// The object of that objectName.
+    /// The object with this objectName.
     [[nodiscard]] QObject *object(const char *name) const
     {
         return m_window->findChild<QObject *>(QLatin1String(name));
     }
     [[nodiscard]] QQuickItem *item(const char *name) const { return qobject_cast<QQuickItem *>(object(name)); }
 
-    /// The first visible item of which this holds; null for none.
+    /// The first visible item that matches; null if there is none.
     [[nodiscard]] QQuickItem *find(const std::function<bool(QQuickItem *)> &rule) const
     {
         return findBelow(m_window->contentItem(), rule);
     }
-    /// The visible item that a reader knows by that name and role; null for none.
+    /// The visible item with this accessible name and role; null if there is none.
     [[nodiscard]] QQuickItem *named(const QString &name, QAccessible::Role role) const
     {
         return find([&](QQuickItem *item) { return accessibleName(item) == name && accessibleRole(item) == role; });

@@ -24,7 +24,7 @@ RowChanges changes(const std::string &oldRows, const std::string &newRows)
     return RowChanges::make(before(oldRows, newRows), static_cast<int>(oldRows.size()));
 }
 
-/// What the steps make of the old rows.
+/// Applies the steps to the old rows.
 std::string stepped(std::string rows, const std::string &newRows, const RowChanges &steps)
 {
     for (const auto [first, count] : steps.removals)
@@ -40,7 +40,7 @@ std::string stepped(std::string rows, const std::string &newRows, const RowChang
     return rows;
 }
 
-/// By trying every choice: how many runs have to move when as many as possible stay.
+/// Brute force: the number of runs that move if as many as possible stay.
 std::size_t fewestMoves(const std::string &oldRows, const std::string &newRows)
 {
     std::string kept;
@@ -48,7 +48,7 @@ std::size_t fewestMoves(const std::string &oldRows, const std::string &newRows)
         if (newRows.find(row) != std::string::npos)
             kept += row;
     }
-    std::vector<std::size_t> runs; // where each begins among the kept rows, in the order of the new list
+    std::vector<std::size_t> runs; // start of each among the kept rows, in the order of the new list
     std::size_t last = kept.size();
     for (const char row : newRows) {
         const std::size_t place = kept.find(row);
@@ -71,7 +71,7 @@ std::size_t fewestMoves(const std::string &oldRows, const std::string &newRows)
     return runs.size() - mostStaying;
 }
 
-/// How many stretches of a list are made of rows that the other one lacks.
+/// The number of runs of rows that the other list lacks.
 std::size_t stretchesMissingIn(const std::string &other, const std::string &rows)
 {
     std::size_t stretches = 0;
@@ -90,32 +90,32 @@ TEST(RowChanges, EqualListsNeedNoStep)
     EXPECT_EQ(changes("", "").count(), 0u);
 }
 
-TEST(RowChanges, NeighboursGoInOneStep)
+TEST(RowChanges, AdjacentRowsAreRemovedInOneStep)
 {
     EXPECT_THAT(changes("abcdefgh", "adh").removals, ElementsAre(Rows{4, 3}, Rows{1, 2})) << "the last ones first";
     EXPECT_THAT(changes("abc", "").removals, ElementsAre(Rows{0, 3}));
 }
 
-TEST(RowChanges, NeighboursComeInOneStep)
+TEST(RowChanges, AdjacentRowsAreInsertedInOneStep)
 {
     EXPECT_THAT(changes("ad", "xabcdyz").insertions, ElementsAre(Rows{0, 1}, Rows{2, 2}, Rows{5, 2}));
     EXPECT_THAT(changes("", "abc").insertions, ElementsAre(Rows{0, 3}));
 }
 
-TEST(RowChanges, OneRowThatWandersIsOneMove)
+TEST(RowChanges, OneMovedRowIsOneMove)
 {
     EXPECT_THAT(changes("abcde", "eabcd").moves, ElementsAre(Move{{4, 1}, 0}));
     EXPECT_THAT(changes("abcde", "bcdea").moves, ElementsAre(Move{{0, 1}, 5}));
     EXPECT_THAT(changes("abcde", "acdbe").moves, ElementsAre(Move{{1, 1}, 4}));
 }
 
-TEST(RowChanges, NeighboursWanderInOneMove)
+TEST(RowChanges, AdjacentRowsMoveInOneStep)
 {
     EXPECT_THAT(changes("abcdef", "defabc").moves, testing::SizeIs(1));
     EXPECT_THAT(changes("abcdefg", "abfgcde").moves, ElementsAre(Move{{5, 2}, 2})) << "the fewer rows move";
 }
 
-TEST(RowChanges, WhatComesAndGoesInBetweenDoesNotSplitAMove)
+TEST(RowChanges, InsertionsAndRemovalsDoNotSplitAMove)
 {
     const RowChanges steps = changes("abxcde", "dabyce");
     EXPECT_THAT(steps.removals, ElementsAre(Rows{2, 1}));
@@ -123,7 +123,7 @@ TEST(RowChanges, WhatComesAndGoesInBetweenDoesNotSplitAMove)
     EXPECT_THAT(steps.insertions, ElementsAre(Rows{3, 1}));
 }
 
-TEST(RowChanges, TheOtherWayRoundAllButOneRowMove)
+TEST(RowChanges, ReversingMovesAllRowsButOne)
 {
     EXPECT_EQ(changes("abcde", "edcba").moves.size(), 4u);
 }
@@ -147,12 +147,12 @@ TEST(RowChanges, RowsThatShareAKeyArePairedInTheirOrder)
 
 TEST(RowChanges, AnyListTurnsIntoAnyOtherInTheFewestSteps)
 {
-    std::mt19937 random(20240917); // NOLINT: the same lists in each run
+    std::mt19937 random(20240917); // NOLINT: fixed seed for reproducible lists
     const auto randomList = [&random] {
         std::string rows = "abcdefghij";
         std::ranges::shuffle(rows, random);
         rows.resize(random() % (rows.size() + 1));
-        // Half of the lists are nearly in order, as real ones are.
+        // Half of the lists are almost in order, like real ones.
         if (random() % 2 == 0) {
             std::ranges::sort(rows);
             if (rows.size() > 1)

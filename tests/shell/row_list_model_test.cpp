@@ -55,7 +55,7 @@ protected:
     {
         return inserted.count() + removed.count() + moved.count() + changed.count() + laidOut.count() + reset.count();
     }
-    /// A persistent index of each row, by the row's key.
+    /// A persistent index of each row, keyed by the row's key.
     [[nodiscard]] std::map<int, QPersistentModelIndex> held() const
     {
         std::map<int, QPersistentModelIndex> indexes;
@@ -63,7 +63,7 @@ protected:
             indexes.emplace(model.rows()[i].key, model.index(static_cast<int>(i)));
         return indexes;
     }
-    /// Whether each index still stands for the row that it was made for, and for none once that is gone.
+    /// Expects each index to refer to its original row, or to be invalid if that row is gone.
     void expectRight(const std::map<int, QPersistentModelIndex> &indexes) const
     {
         for (const auto &[key, index] : indexes) {
@@ -129,7 +129,7 @@ TEST_F(RowListModelTest, RowsInPlaceChangeComeAndGoAtTheEnd)
 
 TEST_F(RowListModelTest, PersistentIndexesFollowTheirRows)
 {
-    std::mt19937 random(20240918); // NOLINT: the same lists in each run
+    std::mt19937 random(20240918); // NOLINT: fixed seed for reproducible lists
     std::vector<Row> rows = withKeys(0, 40);
     for (int i = 0; i < 2'000; ++i) {
         std::ranges::shuffle(rows, random);
@@ -152,7 +152,7 @@ TEST_F(RowListModelTest, AChangeOfVeryManyStepsIsOneNewLayout)
     model.show(withKeys(0, many));
     const auto indexes = held();
     const qsizetype before = signalCount();
-    // Every second row goes, as many others come in between, and all stand the other way round.
+    // Remove every second row, insert as many others, and reverse the order.
     std::vector<Row> rows = withKeys(0, many, 2);
     for (const Row &row : withKeys(many, 2 * many, 2))
         rows.push_back(row);

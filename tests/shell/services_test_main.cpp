@@ -11,7 +11,7 @@
 
 namespace {
 
-// As the second process that reads what a test has set.
+// Runs as the second process, which reads the values a test has set.
 int tellDefaults(const char *file)
 {
     constexpr std::array<const char *, 3> modes{"ask", "always", "never"};

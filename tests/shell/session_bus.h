@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// A session bus of the test's own, from `start` to the end of the object.
+/// A private session bus, from `start` until this object is destroyed.
 class SessionBus {
 public:
     SessionBus() = default;
@@ -25,7 +25,7 @@ public:
     {
         return !QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty();
     }
-    /// The address; empty where it does not start.
+    /// The address; empty if it cannot be started.
     QString start()
     {
         m_daemon.start(QStringLiteral("dbus-daemon"),
@@ -41,7 +41,7 @@ private:
     QProcess m_daemon;
 };
 
-/// With a session bus, where the test itself is the desktop portal.
+/// With a session bus on which the test implements the desktop portal.
 class SessionBusTest : public testing::Test {
 protected:
     void SetUp() override
@@ -56,7 +56,7 @@ protected:
     }
     void TearDown() override
     {
-        // The connection ends on a thread of its own, some time later: it must not look at the portal any more.
+        // The connection is closed asynchronously on another thread, which must not access the portal by then.
         portalBus().unregisterObject(portalPath);
         QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
     }

@@ -25,7 +25,7 @@ constexpr auto alert = R"(
 
 class AlertTest : public testing::Test {
 protected:
-    /// Opens the alert while the button outside of it has the keyboard.
+    /// Opens the alert while the button outside it has the focus.
     void open(bool destructive)
     {
         ASSERT_TRUE(scene.isShown()) << qPrintable(scene.errors());

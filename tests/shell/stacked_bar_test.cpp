@@ -11,7 +11,7 @@
 namespace corvane {
 namespace {
 
-/// A bar of 206 points with three parts: a and b as large as each other, c next to nothing; then "Free".
+/// A bar of 206 points with three parts: a and b of equal size, c almost empty; then "Free".
 class StackedBarTest : public testing::Test {
 protected:
     void SetUp() override

@@ -16,8 +16,8 @@
 
 namespace corvane {
 
-/// A store over a home folder in memory, "/home/studio", on a volume of 994.66 GB; the one that QML sees. The tests
-/// describe what the home holds and then have it scanned. Paths are given from the home folder on.
+/// A store, also visible to QML, over a fake home folder "/home/studio" on a volume of 994.66 GB. Tests add items to
+/// the home and then scan it. Paths are relative to the home folder.
 struct StoreOverAHome {
     explicit StoreOverAHome(SystemKind system = SystemKind::linuxSystem, StoreTiming timing = {})
         : store(host(), locations, std::move(timing))
@@ -30,7 +30,7 @@ struct StoreOverAHome {
     StoreOverAHome(const StoreOverAHome &) = delete;
     StoreOverAHome &operator=(const StoreOverAHome &) = delete;
 
-    /// What the store is over, with 183.37 GB free.
+    /// The store's host; its volume has 183.37 GB free.
     [[nodiscard]] Host host()
     {
         setAvailable(183'370'000'000);
@@ -41,7 +41,7 @@ struct StoreOverAHome {
     {
         fake.files.addFile(at(relative), size, modified);
     }
-    /// Bytes that the volume says are free from the next scan or removal on.
+    /// Sets the volume's free bytes as of the next scan or removal.
     void setAvailable(std::int64_t bytes)
     {
         fake.volumes.set(
@@ -49,7 +49,7 @@ struct StoreOverAHome {
             {.name = "Macintosh HD", .total = 994'662'584'320, .available = bytes, .availableForImportantUse = {}});
     }
 
-    /// Until the scan and what it has measured are there.
+    /// Scans, and waits for the scan and its measurements.
     void scan(const std::string &path)
     {
         store.scan(path);
@@ -59,7 +59,7 @@ struct StoreOverAHome {
     void scanHome() { scan(home); }
     void select(const std::string &relative, std::int64_t size) { store.setSelected(at(relative), size, true); }
     [[nodiscard]] bool isSelected(const std::string &relative) const { return store.isSelected(at(relative)); }
-    /// As though the item had been moved to the Trash.
+    /// Simulates moving the item to the Trash.
     void removeItem(const std::string &relative, std::int64_t size)
     {
         fake.files.take(at(relative));
@@ -73,7 +73,7 @@ struct StoreOverAHome {
     StorageStore store;
 };
 
-/// Nothing takes its time to move as long as this is there.
+/// Disables animations while this object lives.
 struct WithoutMotion {
     WithoutMotion() { Theme::instance()->setReducedMotion(true); }
     ~WithoutMotion() { Theme::instance()->setReducedMotion(false); }

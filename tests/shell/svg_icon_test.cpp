@@ -52,7 +52,7 @@ TEST(SvgIcon, WhatRefersToFilesOrGrowsOrMovesIsRefused)
     EXPECT_FALSE(isPlainDrawing(""));
 }
 
-TEST(SvgIcon, WhatIsNoDrawingGivesNoPicture)
+TEST(SvgIcon, AnInvalidDrawingGivesNoImage)
 {
     EXPECT_TRUE(drawnIcon("<svg>", 64).isNull());
     EXPECT_TRUE(drawnIcon("<svg", 64).isNull());
@@ -62,7 +62,7 @@ TEST(SvgIcon, WhatIsNoDrawingGivesNoPicture)
 
 TEST(SvgIcon, AnotherEncodingThanTheOneThatIsCheckedIsNotBelieved)
 {
-    // In UTF-7 this would be "<image/>".
+    // In UTF-7 this decodes to "<image/>".
     const std::string hidden = "<?xml version=\"1.0\" encoding=\"UTF-7\"?><svg xmlns=\"http://www.w3.org/2000/svg\" "
                                "width=\"8\" height=\"8\"><title>+ADw-image/+AD4-</title>"
                                "<rect width=\"8\" height=\"8\" fill=\"#0000ff\"/></svg>";

@@ -32,7 +32,7 @@ private:
     std::optional<bool> m_prefersDark;
 };
 
-/// A light palette before and after each test.
+/// Sets a light palette before and after each test.
 class ThemeTest : public testing::Test {
 protected:
     void SetUp() override { setWindowColor(Qt::white); }
@@ -103,7 +103,7 @@ TEST_F(ThemeTest, MovementsTakeNoTimeUnderReducedMotion)
     Theme theme(desktop, nullptr);
     EXPECT_EQ(theme.motion(220), 220);
 
-    // The wish is asked for again when something in the system changes.
+    // The preference is read again when a system setting changes.
     desktop.setPrefersReducedMotion(true);
     QEvent activated(QEvent::ApplicationStateChange);
     QCoreApplication::sendEvent(qApp, &activated);
@@ -124,7 +124,7 @@ TEST_F(ThemeTest, EveryTextStandsOutFromEveryGround)
             for (const QColor &text : texts)
                 EXPECT_GE(contrast(text, ground), 4.5)
                     << text.name().toStdString() << " on " << ground.name().toStdString();
-            // The grounds of rows lie over these.
+            // The backgrounds of rows are blended over these.
             for (const QColor &row : {theme.fillq(), theme.accentRow()}) {
                 for (const QColor &text : {theme.t1(), theme.t2()}) {
                     const QColor mixed = over(row, ground);
@@ -178,7 +178,7 @@ TEST_F(ThemeTest, TranslucentColorsKeepTheirOpacity)
     EXPECT_EQ(theme.scrim(), QColor(20, 21, 28, qRound(0.34 * 255)));
     theme.setDark(true);
     EXPECT_EQ(theme.fillq(), QColor(255, 255, 255, qRound(0.07 * 255)));
-    // Two coats of 7 % cover 13.5 %.
+    // Two layers of 7 % have 13.5 % opacity.
     EXPECT_NEAR(theme.fillqPress().alphaF(), 0.135, 0.005);
 }
 

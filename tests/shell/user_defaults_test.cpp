@@ -23,7 +23,7 @@ struct UserDefaultsTest : testing::Test {
         return std::make_unique<QSettings>(QString::fromStdString(path), QSettings::NativeFormat);
     }
 
-    /// What another process reads in the file: "didOnboard crashReportMode crashReportLastCheck".
+    /// The values as another process reads them: "didOnboard crashReportMode crashReportLastCheck".
     [[nodiscard]] QString readElsewhere() const
     {
         QProcess other;
@@ -86,14 +86,14 @@ TEST_F(UserDefaultsTest, DateOfAnotherTimeZoneIsTheSameMoment)
     EXPECT_EQ(readElsewhere(), "false ask 2026-11-21T23:00:00.000Z");
 }
 
-#ifdef __linux__ // elsewhere the settings are no text
+#ifdef __linux__ // elsewhere the settings are not a text file
 TEST_F(UserDefaultsTest, UnknownReportModeMeansAsk)
 {
     for (const char *text : {"sometimes", "", "ALWAYS", "always ", "1", "always, never", "@Invalid()",
                              "@Variant(never)", "@ByteArray(always)x"}) {
         static_cast<void>(folder.writeText("Corvane/Corvane.conf", std::string("[General]\ncrashReportMode=") + text));
         const QString found = readElsewhere();
-        // A blank at the end of a line is none of the value.
+        // Trailing blanks are not part of the value.
         EXPECT_EQ(found, std::string_view(text) == "always " ? "false always none" : "false ask none") << text;
     }
 }

@@ -18,7 +18,7 @@ using Ending = LoopbackAnswer::Ending;
 
 const QString unreachable = QStringLiteral("Couldn't reach the server. Check your internet connection.");
 
-/// What became of one message.
+/// The result of one message.
 struct Answered {
     bool hasCome = false;
     std::optional<API::Failure> failure;
@@ -33,7 +33,7 @@ struct Answered {
     }
 };
 
-/// Posts and waits; the message of the failure, nothing for success.
+/// Posts and waits; returns the failure's message, or nullopt on success.
 std::optional<QString> postTo(const QUrl &site, API::Options options = {}, const QJsonObject &body = {})
 {
     API api(site, options);
@@ -129,7 +129,7 @@ TEST(WebService, StatusWithoutAnErrorTextIsNamed)
         EXPECT_EQ(afterAnswer({.status = status}), QStringLiteral("The server had a problem (%1).").arg(status));
 }
 
-TEST(WebService, ServersTextIsOneLineOfBoundedLengthThatSteersNothing)
+TEST(WebService, ServersTextIsSanitizedToOneShortLine)
 {
     const QString lines = *afterAnswer({.status = 500, .body = R"({"error":" One\n\ttwo\r\n  three "})"});
     EXPECT_EQ(lines, "One two three");
@@ -145,7 +145,7 @@ TEST(WebService, ServersTextIsOneLineOfBoundedLengthThatSteersNothing)
     EXPECT_TRUE(bounded.endsWith(QStringLiteral("💡…"))) << qPrintable(bounded.right(5));
 }
 
-TEST(WebService, AnswerThatSendsElsewhereIsNotFollowed)
+TEST(WebService, RedirectIsNotFollowed)
 {
     for (const int status : {301, 302, 303, 307, 308}) {
         LoopbackServer elsewhere;
@@ -166,7 +166,7 @@ TEST(WebService, RefusedConnectionIsNotReached)
     EXPECT_EQ(postTo(site), unreachable);
 }
 
-TEST(WebService, AnswerThatNeverComesIsNotWaitedForForEver)
+TEST(WebService, MissingAnswerTimesOut)
 {
     LoopbackServer server;
     server.answerAll({.ending = Ending::silent});
@@ -174,7 +174,7 @@ TEST(WebService, AnswerThatNeverComesIsNotWaitedForForEver)
     EXPECT_EQ(server.requests().size(), 1U);
 }
 
-TEST(WebService, AnswerThatTricklesWithoutEndIsNotWaitedForForEver)
+TEST(WebService, EndlesslyTricklingAnswerTimesOut)
 {
     LoopbackServer server;
     server.answerAll({.ending = Ending::dripping});
@@ -193,7 +193,7 @@ TEST(WebService, MessageIsNotSentAgainWhenTheConnectionEndsWithoutAnAnswer)
     EXPECT_EQ(afterAnswer({.raw = "HTTP/1.1 200"}), unreachable);
 }
 
-TEST(WebService, AnswerInAnotherLanguageIsNotReached)
+TEST(WebService, AnswerInAnotherProtocolIsAFailure)
 {
     EXPECT_EQ(afterAnswer({.raw = "SSH-2.0-server and a line that is long enough to be told from HTTP\r\n\r\n"}),
               unreachable);
@@ -218,7 +218,7 @@ TEST(WebService, EndlessAnswerIsNotReadToItsEnd)
     EXPECT_EQ(afterAnswer({.status = 500, .body = body, .ending = Ending::endless}), "The server had a problem (500).");
 }
 
-TEST(WebService, AnswerThatUnfoldsIsNotUnfolded)
+TEST(WebService, CompressedAnswerIsNotDecompressed)
 {
     const LoopbackAnswer answer{.status = 500,
                                 .headers = {{"Content-Encoding", "deflate"}},

@@ -6,13 +6,13 @@
 
 namespace corvane {
 
-/// As long as it lives, this process may have only `more` files open besides those that are.
+/// While this object lives, the process can open only `more` files in addition to those already open.
 class FewOpenFiles {
 public:
     explicit FewOpenFiles(rlim_t more)
     {
         ::getrlimit(RLIMIT_NOFILE, &m_before);
-        // The lowest free number: those above it that are taken do not count, for only new ones are refused.
+        // The lowest free descriptor: the limit only refuses new descriptors, so higher ones in use do not count.
         const int next = ::open("/", O_RDONLY | O_CLOEXEC);
         ::close(next);
         rlimit limit = m_before;

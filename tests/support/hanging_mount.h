@@ -20,9 +20,9 @@
 
 namespace corvane {
 
-/// A file system of a child process, mounted on a folder until this is destroyed. Its top folder can be looked at and
-/// opened, and no listing of it ever ends. The child ends with this process, however that ends, and with it every call
-/// that waits: one that still waited for its own process could never be ended.
+/// A file system served by a child process, mounted on a folder until this is destroyed. Its root can be examined and
+/// opened, but listing it never ends. The child exits with this process, however that ends, which also ends all blocked
+/// calls: a call blocked on a file system served by its own process could never be interrupted.
 class HangingMount {
 public:
     explicit HangingMount(std::string folder) : m_folder(std::move(folder))
@@ -54,9 +54,9 @@ public:
     HangingMount(const HangingMount &) = delete;
     HangingMount &operator=(const HangingMount &) = delete;
 
-    /// False where this process may not mount.
+    /// False if this process is not allowed to mount.
     [[nodiscard]] bool isMounted() const { return m_isMounted && m_child > 0; }
-    /// Whether somebody waits for the listing.
+    /// Whether a thread is waiting for the listing.
     [[nodiscard]] bool isBeingListed() const { return *m_isBeingListed; }
 
 private:
@@ -100,7 +100,7 @@ private:
         case FUSE_FORGET:
         case FUSE_BATCH_FORGET:
         case FUSE_INTERRUPT:
-            break; // nobody waits for an answer
+            break; // nothing waits for a reply
         default: {
             const fuse_out_header refusal{sizeof refusal, -ENOSYS, request.unique};
             static_cast<void>(!::write(device, &refusal, sizeof refusal));

@@ -19,7 +19,7 @@ namespace corvane {
 
 namespace {
 
-constexpr qint64 mostWaiting = 1024LL * 1024; // bytes that an endless answer keeps for a slow client
+constexpr qint64 mostWaiting = 1024LL * 1024; // bytes buffered for a slow client of an endless response
 
 template <auto Free>
 struct Freed {
@@ -84,13 +84,13 @@ std::pair<QSslCertificate, QSslKey> makeCertificate()
 struct LoopbackServer::Connection {
     QSslSocket *socket = nullptr;
     QByteArray unread = {};
-    bool isToEnd = false;    // the client has asked for that
-    bool isAnswered = false; // for good: nothing more is read
+    bool isToEnd = false;    // the client has asked to close the connection
+    bool isAnswered = false; // finally: no more input is read
 };
 
 LoopbackServer::LoopbackServer(Security security)
 {
-    // The machine's proxy knows no loopback of ours.
+    // A proxy could not reach this machine's loopback interface.
     setProxy(QNetworkProxy::NoProxy);
     QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
     if (security == Security::tls)

@@ -16,35 +16,34 @@ class QSslSocket;
 
 namespace corvane {
 
-/// What a client sent.
+/// A request from a client.
 struct LoopbackRequest {
     QByteArray method;
-    QByteArray path;                          ///< with its query
+    QByteArray path;                          ///< including the query
     std::map<QByteArray, QByteArray> headers; ///< names in lower case
     QByteArray body;
 };
 
-/// What the server does once it has read a request.
+/// The server's response to a request.
 struct LoopbackAnswer {
     enum class Ending {
-        whole,    ///< the answer as it is
-        cutShort, ///< a length of a thousand bytes more than there are, then the end of the connection
-        endless,  ///< the body over and over, as fast as it is taken
-        dripping, ///< a byte every few milliseconds, without end
-        silent,   ///< nothing, and the connection stays open
-        closed,   ///< nothing, and the connection ends
+        whole,    ///< the response as it is
+        cutShort, ///< announces a thousand bytes more than it sends, then closes the connection
+        endless,  ///< repeats the body, as fast as the client reads
+        dripping, ///< one byte every few milliseconds, endlessly
+        silent,   ///< sends nothing and keeps the connection open
+        closed,   ///< sends nothing and closes the connection
     };
 
     int status = 200;
     std::vector<std::pair<QByteArray, QByteArray>> headers = {};
     QByteArray body = {};
     Ending ending = Ending::whole;
-    QByteArray raw = {}; ///< sent in place of all that, if not empty
+    QByteArray raw = {}; ///< sent instead of all that, if not empty
 };
 
-/// A web server on the loopback interface, which lives in the event loop of the thread that makes it, as its clients
-/// do. It speaks HTTP/1.1, or the same over TLS with a certificate that nobody has signed and that is made for it
-/// alone.
+/// A web server on the loopback interface, which runs in the event loop of the thread that creates it, like its
+/// clients. Supports HTTP/1.1, optionally over TLS with a self-signed certificate that is generated for this object.
 class LoopbackServer final : private QTcpServer {
 public:
     enum class Security { none, tls };
@@ -52,19 +51,19 @@ public:
     explicit LoopbackServer(Security security = Security::none);
     ~LoopbackServer() override;
 
-    /// The address of what lies there, "http://127.0.0.1:43210/path".
+    /// The URL of a path, "http://127.0.0.1:43210/path".
     [[nodiscard]] QUrl url(const QString &path = {}) const;
 
-    /// What is answered for a path, and for all that have no answer of their own.
+    /// Sets the response for a path, or for all paths without one of their own.
     void answer(const QByteArray &path, LoopbackAnswer answer) { m_answers[path] = std::move(answer); }
     void answerAll(LoopbackAnswer answer) { m_answer = std::move(answer); }
 
-    /// Whole requests, in the order of their arrival.
+    /// Complete requests, in order of arrival.
     [[nodiscard]] const std::vector<LoopbackRequest> &requests() const { return m_requests; }
-    /// How many connections have been made, requests or none.
+    /// The number of connections, with or without requests.
     [[nodiscard]] int connections() const { return m_connections; }
 
-    /// Its own, for 127.0.0.1 alone and not for "localhost"; null without TLS.
+    /// The server's own, valid for 127.0.0.1 but not for "localhost"; null without TLS.
     [[nodiscard]] const QSslCertificate &certificate() const { return m_certificate; }
 
 protected:

@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// The first word in the text that only a Mac's user knows, whole and in its own case: of a program, a folder or a key
-/// of that system. Empty where there is none.
+/// The first word in the text that only Mac users know: the name of a program, a folder or a key of that system.
+/// Matches whole words, case-sensitively. Empty if there is none.
 inline std::string macWordIn(const std::string &text)
 {
     static const std::regex words(

@@ -18,17 +18,17 @@ extern char **environ;
 
 namespace corvane {
 
-/// A fresh folder under the system's temporary folder, removed with everything in it by the destructor,
-/// folders without permissions and trees thousands of levels deep included. Paths given to it are relative to
-/// the folder; the folders that lead to a new item are made. A failure throws, which fails the test.
+/// A new folder in the system's temporary folder. The destructor removes it with its contents, including folders
+/// without permissions and trees thousands of levels deep. Paths are relative to the folder; missing parent folders are
+/// created. A failure throws, which fails the test.
 ///
-/// Tests run as root where the machine is a container, and root reads every folder: ask `canMakeUnreadable()`
-/// and skip, saying why, where it answers false.
+/// In containers tests often run as root, and root can read every folder: check `canMakeUnreadable()`, and skip with
+/// the reason if it returns false.
 class TemporaryFolder {
 public:
     TemporaryFolder()
     {
-        // Resolved, so that a path compared with what the system answers is the same text.
+        // Resolved, so that paths compare equal to those the system returns.
         std::string pattern =
             (std::filesystem::canonical(std::filesystem::temp_directory_path()) / "corvane-test-XXXXXX");
         check(::mkdtemp(pattern.data()) != nullptr, "mkdtemp", pattern);
@@ -41,7 +41,7 @@ public:
     {
         for (const std::string &folder : m_unreadable)
             ::chmod(folder.c_str(), 0700);
-        // The system's own tool: it knows trees deeper than any path may be long, and shares no code with the
+        // The system's own tool: it handles trees deeper than the maximum path length, and shares no code with the
         // removal under test.
         std::string tool = "rm", options = "-rf", end = "--", path = m_path;
         char *const arguments[] = {tool.data(), options.data(), end.data(), path.data(), nullptr};
@@ -59,7 +59,7 @@ public:
         return m_path + "/" + std::string(relative);
     }
 
-    /// Makes a folder and those that lead to it; returns its absolute path.
+    /// Creates a folder and its parents; returns its absolute path.
     std::string makeFolder(std::string_view relative) const
     {
         const std::string path = *this / relative;
@@ -67,7 +67,7 @@ public:
         return path;
     }
 
-    /// Writes a file of that text; returns its absolute path.
+    /// Writes a file with this text; returns its absolute path.
     std::string writeText(std::string_view relative, std::string_view text) const
     {
         const std::string path = make(relative);
@@ -76,8 +76,8 @@ public:
         return path;
     }
 
-    /// A file whose length is `bytes` and whose space is really taken on the disk, so that it occupies `bytes`
-    /// rounded up to whole blocks (`blockSize()`); returns its absolute path.
+    /// Writes a file of `bytes` bytes that are really allocated, so that it occupies `bytes` rounded up to whole blocks
+    /// (`blockSize()`); returns its absolute path.
     std::string writeFile(std::string_view relative, std::int64_t bytes) const
     {
         const std::string path = make(relative);
@@ -92,7 +92,7 @@ public:
         return path;
     }
 
-    /// A file of that length that occupies nothing; returns its absolute path.
+    /// Creates a file of this length without allocated blocks; returns its absolute path.
     std::string writeSparse(std::string_view relative, std::int64_t length) const
     {
         const std::string path = make(relative);
@@ -101,7 +101,7 @@ public:
         return path;
     }
 
-    /// A symbolic link with that target, word for word; returns its absolute path.
+    /// Creates a symbolic link with exactly this target; returns its absolute path.
     std::string link(std::string_view relative, const std::string &target) const
     {
         const std::string path = make(relative);
@@ -109,7 +109,7 @@ public:
         return path;
     }
 
-    /// A second name of an existing file; returns its absolute path.
+    /// Creates a hard link to an existing file; returns its absolute path.
     std::string hardLink(std::string_view relative, std::string_view existing) const
     {
         const std::string path = make(relative);
@@ -117,13 +117,13 @@ public:
         return path;
     }
 
-    /// Whether taking a folder's permissions away keeps this process out: not for root.
+    /// Whether removing a folder's permissions locks this process out: not for root.
     [[nodiscard]] static bool canMakeUnreadable()
     {
         return ::geteuid() != 0;
     }
 
-    /// Makes a folder, if need be, and takes every permission from it; returns its absolute path.
+    /// Creates a folder if necessary and removes all its permissions; returns its absolute path.
     std::string makeUnreadable(std::string_view relative)
     {
         std::string path = makeFolder(relative);
@@ -132,7 +132,7 @@ public:
         return path;
     }
 
-    /// Sets the modification date of an item (of a link itself) to that many seconds since 1970.
+    /// Sets the modification time of an item (of a link itself) in seconds since 1970.
     void setModified(std::string_view relative, std::int64_t seconds) const
     {
         const timespec time{.tv_sec = static_cast<time_t>(seconds), .tv_nsec = 0};
@@ -141,7 +141,7 @@ public:
         check(::utimensat(AT_FDCWD, path.c_str(), times, AT_SYMLINK_NOFOLLOW) == 0, "utimensat", path);
     }
 
-    /// Bytes that an item itself occupies, as the system tells it.
+    /// The allocated bytes of the item itself, as reported by the system.
     [[nodiscard]] std::int64_t allocated(std::string_view relative) const
     {
         const std::string path = *this / relative;
@@ -150,7 +150,7 @@ public:
         return static_cast<std::int64_t>(facts.st_blocks) * 512;
     }
 
-    /// The grain in which this folder's disk hands out space, bytes.
+    /// The allocation unit of this folder's file system, in bytes.
     [[nodiscard]] std::int64_t blockSize() const
     {
         struct stat facts {};
@@ -158,7 +158,7 @@ public:
         return static_cast<std::int64_t>(facts.st_blksize);
     }
 
-    /// Whether something has that name, links not followed.
+    /// Whether an item with this name exists; does not follow links.
     [[nodiscard]] bool has(std::string_view relative) const
     {
         struct stat facts {};

@@ -1,5 +1,5 @@
-// The part of the update framework's interface that our sources use, written down for type-checking them on machines
-// that do not have the framework. A Mac compiles with the framework's own headers.
+// The part of the update framework's interface that our sources use, declared for type-checking on machines without the
+// framework. On a Mac the framework's own headers are used.
 #import <Foundation/Foundation.h>
 
 @interface SPUUpdater : NSObject

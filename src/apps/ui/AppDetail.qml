@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// One application: what it is, what belongs to it, and what is about to happen when it goes.
+/// One application: its details, its leftovers, and what uninstalling it would remove.
 Item {
     id: detail
 
@@ -15,7 +15,7 @@ Item {
         else
             foot.takeKeyboard();
     }
-    /// Asks before anything is uninstalled.
+    /// Asks for confirmation before uninstalling.
     function ask() {
         if (!presenter.canUninstall)
             return;
@@ -88,7 +88,7 @@ Item {
     Connections {
         target: detail.presenter
 
-        // What the question is about may be gone by now.
+        // Close the question if there is nothing left to uninstall.
         function onCanUninstallChanged() {
             if (!detail.presenter.canUninstall)
                 question.close();

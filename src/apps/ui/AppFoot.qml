@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// What is about to happen, and the button for it.
+/// A summary of what would be removed, and the button for it.
 Item {
     id: foot
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// The application shown: its icon, its name, what is known of it, and what it comes to.
+/// The current application: its icon, name, details and total size.
 Item {
     id: header
 

@@ -2,14 +2,14 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// The left part of the screen: what is searched for and how it is sorted, and the list.
+/// The left part of the screen: the search field, the sort order and the list.
 Item {
     id: panel
 
     required property UninstallerPresenter presenter
     required property string title
 
-    /// The keyboard goes on to what is chosen.
+    /// Moves the focus to the selected entry's details.
     signal openWanted
     signal uninstallWanted
 
@@ -41,7 +41,7 @@ Item {
             y: Theme.space8
             placeholderText: qsTr("Search")
             onTextChanged: panel.presenter.apps.search = text
-            // The list, with what is found at its top.
+            // Moves the focus to the list, starting at the top result.
             Keys.onDownPressed: panel.takeKeyboard()
         }
         Segmented {

@@ -3,7 +3,7 @@ import QtQuick.Window
 import Corvane.Shell
 import Corvane.Apps
 
-/// An application in the list, or the entry for what deleted ones have left, with what it comes to.
+/// An application in the list, or the entry for leftovers of deleted ones, with its size.
 Item {
     id: row
 
@@ -16,7 +16,7 @@ Item {
     required property string iconKey
     required property bool chosen
     required property string description
-    /// The keyboard works on this row.
+    /// Whether this row shows the keyboard focus.
     property bool ringed: false
 
     signal pressed
@@ -84,7 +84,7 @@ Item {
         PlainText {
             id: heading
 
-            // Where both do not fit, the name gives way.
+            // If both do not fit, the name is elided.
             width: Math.min(implicitWidth, parent.width - (badge.visible ? badge.width + AppsMetrics.badgeGap : 0))
             height: Theme.bodyLine
             text: row.name

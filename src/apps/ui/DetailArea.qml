@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// What is chosen in the list, or what could be.
+/// The details of the selected entry, or a hint if nothing is selected.
 FocusScope {
     id: area
 
@@ -11,7 +11,7 @@ FocusScope {
     readonly property bool showsOrphans: presenter.shown === UninstallerPresenter.Shown.orphans
     readonly property bool asking: app.asking
 
-    /// Gives the keyboard to the list of what is chosen.
+    /// Moves the focus to the list in the details.
     function takeKeyboard() {
         if (showsApp)
             app.takeKeyboard();

@@ -4,13 +4,13 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// The applications, and above them what deleted ones have left. The row that the keyboard moves to is shown at once.
+/// The applications, below the entry for leftovers of deleted ones. The details follow the current row.
 AppList {
     id: list
 
     required property UninstallerPresenter presenter
 
-    /// The keyboard goes on to what is chosen.
+    /// Moves the focus to the selected entry's details.
     signal openWanted
     signal uninstallWanted
 
@@ -30,7 +30,7 @@ AppList {
         if (presenter.prepareMenu())
             menu.popup(itemAt(row), x, y);
     }
-    /// The chosen row is the one that the keyboard is at, wherever it has moved to.
+    /// Keeps the current row on the selected entry, wherever it has moved to.
     function followChoice() {
         if (presenter.apps.chosenRow >= 0)
             currentIndex = presenter.apps.chosenRow;

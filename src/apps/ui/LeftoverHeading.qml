@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// Opens a section of leftovers: what they are, what they come to, and why they are here.
+/// The heading of a section of leftovers: what they are, their size, and why they are listed.
 Item {
     id: heading
 

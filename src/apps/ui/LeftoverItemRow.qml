@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// One item of the Library: where it lies, what it occupies, and whether it goes.
+/// One item of the Library: its location, its size, and whether it will be removed.
 BoxRow {
     id: row
 
@@ -17,7 +17,7 @@ BoxRow {
     required property string checkReason
     /// The title is the whole path.
     property bool showsPath: false
-    /// Tells when the item was changed last.
+    /// Shows when the item was last modified.
     property bool showsDate: false
 
     signal toggleWanted

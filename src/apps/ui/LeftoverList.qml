@@ -5,12 +5,12 @@ import Qt.labs.qmlmodels
 import Corvane.Shell
 import Corvane.Apps
 
-/// Items of the Library in sections, with a check box each.
+/// Items of the Library in sections, each with a check box.
 AppList {
     id: list
 
     required property LeftoverListModel contents
-    /// Tells when an item was changed last, where there is room.
+    /// Shows when each item was last modified, if the list is wide enough.
     required property bool dated
     readonly property bool showsDates: dated && width >= AppsMetrics.datedListWidth
 

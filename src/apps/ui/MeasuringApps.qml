@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// Nothing is known yet, but it is being found out.
+/// Shown while the first inventory is being taken.
 Item {
     id: view
 

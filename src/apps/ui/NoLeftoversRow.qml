@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// Says that there are no leftovers.
+/// Shown in place of a section without leftovers.
 Item {
     id: row
 

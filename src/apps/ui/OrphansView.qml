@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// What deleted applications have left, to be put into the selection.
+/// The leftovers of deleted applications, to be selected for removal.
 Item {
     id: view
 

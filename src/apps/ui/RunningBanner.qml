@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// The application shown is running.
+/// A warning that the current application is running.
 Rectangle {
     id: banner
 

@@ -2,15 +2,15 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Apps
 
-/// The applications with what belongs to them, and what deleted ones have left: the list at the left, what is chosen in
-/// it at the right.
+/// Installed applications and the leftovers of deleted ones: the list on the left, the details of the selected entry on
+/// the right.
 Rectangle {
     id: screen
 
-    /// The window's own commands, shown at the right of the header.
+    /// The window's own commands, shown on the right of the header.
     property Component toolbar
     readonly property bool wide: width >= Theme.wideContentWidth
-    /// A question is open.
+    /// Whether a confirmation is open.
     readonly property bool asking: detail.asking
 
     color: Theme.surface
@@ -18,7 +18,7 @@ Rectangle {
     UninstallerPresenter {
         id: presenter
 
-        // The keyboard stays with what is there.
+        // Moves the focus back to the list, which remains.
         onChoiceGone: if (detail.activeFocus) panel.takeKeyboard()
     }
     ListHeader {

@@ -15,7 +15,7 @@ namespace corvane {
 
 namespace {
 
-constexpr int longestNameInButton = 200; // points; the button must fit into the question
+constexpr int longestNameInButton = 200; // points; the button must fit into the confirmation
 
 } // namespace
 
@@ -161,7 +161,7 @@ QString AppDetailPresenter::question() const
 QString AppDetailPresenter::explanation() const
 {
     const Plan plan = currentPlan();
-    // The sentence goes on in the plural.
+    // The rest of the sentence is in the plural.
     const QString what = plan.leftovers == 0
                              ? QStringLiteral("The app's files")
                              : QStringLiteral("The app and ") + countText(plan.leftovers, "leftover", "leftovers");
@@ -192,7 +192,7 @@ void AppDetailPresenter::uninstall()
 {
     if (!canUninstall())
         return;
-    // What is shown may be another by the time that the store has answered.
+    // Another application may be shown by the time the store answers.
     const InstalledApp app = *m_app;
     m_store.uninstall(app, m_leftovers.chosenLeftovers());
 }

@@ -15,48 +15,47 @@
 
 namespace corvane {
 
-/// One application: what it is, what belongs to it, and what is about to happen when it is uninstalled. Main thread
-/// only.
+/// One application: its details, its leftovers, and what uninstalling it would remove. Main thread only.
 class AppDetailPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Given by the presenter of the screen")
     Q_PROPERTY(QString name READ name NOTIFY changed)
     Q_PROPERTY(QString iconKey READ iconKey NOTIFY changed)
-    /// How it came here; empty where there is only one way.
+    /// How it was installed; empty if there is only one way.
     Q_PROPERTY(QString badge READ badge NOTIFY changed)
-    /// What the user runs to remove the application itself; empty where that can be moved to the Trash.
+    /// The command that removes the application itself; empty if the application can be moved to the Trash.
     Q_PROPERTY(QString removeCommand READ removeCommand NOTIFY changed)
-    /// What the application itself comes to.
+    /// The size of the application itself.
     Q_PROPERTY(QString ownSize READ ownSize NOTIFY changed)
-    /// Of the button that removes what goes to the Trash.
+    /// The label of the button that moves items to the Trash.
     Q_PROPERTY(QString removeText READ removeText NOTIFY changed)
-    /// The application itself would go: a question comes first.
+    /// Whether to ask for confirmation first, because the application itself would be removed.
     Q_PROPERTY(bool asks READ asks NOTIFY changed)
-    /// Its version, where it came from, and when it was opened last, as far as is known.
+    /// Its version, source and date of last use, as far as known.
     Q_PROPERTY(QString facts READ facts NOTIFY changed)
     Q_PROPERTY(QString sizes READ sizes NOTIFY changed)
     Q_PROPERTY(QString total READ total NOTIFY changed)
-    /// Empty while the application is not running.
+    /// Empty if the application is not running.
     Q_PROPERTY(QString warning READ warning NOTIFY changed)
     Q_PROPERTY(corvane::AppLeftoversModel *leftovers READ leftovers CONSTANT)
-    /// What would go to the Trash.
+    /// What would be moved to the Trash.
     Q_PROPERTY(QString plan READ plan NOTIFY planChanged)
     Q_PROPERTY(bool canUninstall READ canUninstall NOTIFY canUninstallChanged)
-    /// It is on its way to the Trash, or asked to quit before.
+    /// Whether it is being moved to the Trash, or is being quit before that.
     Q_PROPERTY(bool uninstalling READ isUninstalling NOTIFY canUninstallChanged)
     Q_PROPERTY(QString question READ question NOTIFY changed)
     Q_PROPERTY(QString explanation READ explanation NOTIFY planChanged)
     Q_PROPERTY(QString confirmText READ confirmText NOTIFY changed)
 
 public:
-    static constexpr int runningInterval = 2'000; // milliseconds between two looks at whether it is running
+    static constexpr int runningInterval = 2'000; // milliseconds between checks whether it is running
 
     explicit AppDetailPresenter(StorageStore &store, QObject *parent = nullptr);
 
     /// Shows another application.
     void show(const InstalledApp &app);
-    /// Takes over what is known of the application shown by now.
+    /// Updates the facts of the current application.
     void update(const InstalledApp &app);
     void clear();
     [[nodiscard]] bool isShown() const { return m_app.has_value(); }
@@ -79,14 +78,14 @@ public:
     [[nodiscard]] AppLeftoversModel *leftovers() { return &m_leftovers; }
     /// "App and 6 leftovers · 8.95 GB", or "4 items of its data · 3.04 GB"
     [[nodiscard]] QString plan() const;
-    /// There is something that would go.
+    /// Whether there is anything to remove.
     [[nodiscard]] bool canUninstall() const;
     [[nodiscard]] bool isUninstalling() const;
     [[nodiscard]] QString question() const;
     [[nodiscard]] QString explanation() const;
     [[nodiscard]] QString confirmText() const;
 
-    /// Moves the application, unless a command removes it, and the ticked leftovers to the Trash; has it quit before.
+    /// Quits the application, then moves it, unless a command removes it, and the checked leftovers to the Trash.
     Q_INVOKABLE void uninstall();
     /// Shows the bundle in the file manager.
     Q_INVOKABLE void reveal();
@@ -99,7 +98,7 @@ signals:
 private:
     struct Plan {
         std::int64_t leftovers = 0;
-        std::int64_t size = 0; ///< bytes, those of the application itself included where it goes
+        std::int64_t size = 0; ///< bytes, including the application itself if it is removed
     };
 
     void lookWhetherRunning();

@@ -14,7 +14,7 @@ namespace {
 
 using Match = Leftover::Match;
 
-/// A heading and the items of that kind below it, in their order; nothing where there are none.
+/// Adds a heading and the items of that kind in their order; nothing if there are none.
 void addSection(std::vector<LeftoverRow> &rows, const InstalledApp &app, Match match, const QString &title,
                 const QString &note, const std::optional<std::string> &home)
 {
@@ -25,7 +25,7 @@ void addSection(std::vector<LeftoverRow> &rows, const InstalledApp &app, Match m
             continue;
         size = checkedAdd(size, leftover.size);
         items.push_back(LeftoverRow::ofItem(leftover, QLocale(), home));
-        items.back().date.clear(); // what counts is whose it is
+        items.back().date.clear(); // here the owner matters, not the date
     }
     if (items.empty())
         return;

@@ -13,8 +13,8 @@
 
 namespace corvane {
 
-/// The leftovers of one application, and which of them go with it. What belongs to it for certain is ticked when it is
-/// shown, what only shares its name is not. Main thread only.
+/// The leftovers of one application, and which of them are removed with it. Items that certainly belong to it are
+/// checked initially, items that only share its name are not. Main thread only.
 class AppLeftoversModel : public corvane::LeftoverListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -25,12 +25,12 @@ public:
 
     /// Shows another application.
     void show(const InstalledApp &app);
-    /// Takes over what is known of the same application by now. Ticks stay with the items that are still there; what
-    /// has come since is not ticked, nor is what turned out to share its name only.
+    /// Updates the facts of the same application. Items that are still there stay checked; new ones, and those that
+    /// turn out to only share its name, are unchecked.
     void update(const InstalledApp &app);
     void clear();
 
-    /// In the order of the list, that of the application's own for items of one kind.
+    /// In the order of the list; items of one kind in the application's own order.
     [[nodiscard]] std::vector<Leftover> chosenLeftovers() const;
 
     void toggle(int row) override;

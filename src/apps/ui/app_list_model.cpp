@@ -69,7 +69,7 @@ void AppListModel::install()
     emit rowsChanged();
 }
 
-// --- The choice
+// --- Selection
 
 bool AppListModel::isChosen(const AppRow &row) const
 {

@@ -11,30 +11,29 @@
 
 namespace corvane {
 
-/// The list of applications as it is searched and sorted, and above it the entry for what deleted ones have left. One
-/// row may be the chosen one; it stays that through every change of the list, also while a search hides it. Main thread
-/// only.
+/// The filtered and sorted list of applications, below the entry for leftovers of deleted ones. At most one row is
+/// selected; the selection survives every change of the list, even while a search hides it. Main thread only.
 class AppListModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Given by the presenter of the screen")
-    /// Only what contains this is listed.
+    /// Lists only applications that contain this text.
     Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged)
-    /// The place of the order among `sorts`.
+    /// The index of the sort order in `sorts`.
     Q_PROPERTY(int sort READ sort WRITE setSort NOTIFY sortChanged)
     Q_PROPERTY(QList<QString> sorts READ sorts NOTIFY sortsChanged)
-    /// The row of what is chosen; -1 where nothing is, and where it is not listed.
+    /// The selected row; -1 if nothing is selected, or the selection is hidden.
     Q_PROPERTY(int chosenRow READ chosenRow NOTIFY rowsChanged)
-    /// What is said where the search leaves no application.
+    /// Shown if the search matches no application.
     Q_PROPERTY(QString emptyText READ emptyText NOTIFY rowsChanged)
 
 public:
     enum Role {
-        OrphansRole = Qt::UserRole + 1, ///< the entry for what deleted applications have left
+        OrphansRole = Qt::UserRole + 1, ///< the entry for leftovers of deleted applications
         NameRole,
-        BadgeRole, ///< how it came here
+        BadgeRole, ///< how it was installed
         NoteRole,
-        UnusedRole, ///< the note says for how long it has not been opened
+        UnusedRole, ///< whether the note says how long it has not been opened
         SizeTextRole,
         IconKeyRole,
         ChosenRole,
@@ -50,15 +49,15 @@ public:
     [[nodiscard]] int sort() const;
     void setSort(int sort);
     [[nodiscard]] QList<QString> sorts() const;
-    /// Offers the order by last use, or not. One that is no longer offered gives way to that by size.
+    /// Adds or removes the order by last use. If it is removed while active, the order changes to size.
     void setTellsLastUse(bool tellsLastUse);
     [[nodiscard]] int chosenRow() const;
     [[nodiscard]] QString emptyText() const;
 
-    /// Takes over another inventory.
+    /// Replaces the inventory.
     void setRows(AppRow orphans, AppRows apps);
 
-    /// What is chosen: an application by its path, or the orphans.
+    /// The selection: an application by its path, or the orphans.
     struct Choice {
         AppRow::Kind kind = AppRow::Kind::app;
         std::string path; ///< of the bundle, bytes; empty for the orphans
@@ -66,7 +65,7 @@ public:
         friend bool operator==(const Choice &, const Choice &) = default;
     };
     void setChoice(std::optional<Choice> choice);
-    /// What a row stands for; nothing for rows that do not exist.
+    /// The entry of a row; nullopt for invalid rows.
     [[nodiscard]] std::optional<Choice> choiceAt(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -77,7 +76,7 @@ signals:
     void searchChanged();
     void sortChanged();
     void sortsChanged();
-    void rowsChanged(); ///< the rows, or which of them is the chosen one
+    void rowsChanged(); ///< the rows, or the selected row
 
 private:
     void install();

@@ -12,7 +12,7 @@ namespace corvane {
 namespace {
 
 constexpr int monthsOfYear = 12;
-constexpr std::size_t longestBundleText = 255; // bytes, as of a file's name
+constexpr std::size_t longestBundleText = 255; // bytes, the maximum of a file name
 
 AppRow makeRow(const InstalledApp &app, Time now, const Calendar &calendar)
 {
@@ -65,7 +65,7 @@ QString bundleText(std::string_view text)
     if (text.size() <= longestBundleText)
         return displayText(text);
     std::size_t end = longestBundleText;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) // within a character
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) // inside a UTF-8 sequence
         --end;
     return displayText(text.substr(0, end)) + QStringLiteral("…");
 }
@@ -120,7 +120,7 @@ AppRows::AppRows(std::span<const InstalledApp> apps, Time now, const Calendar &c
     sortByName();
 }
 
-// Comparing names as the locale does is slow, so it is done once.
+// Locale-aware comparison is slow, so it is done only once.
 void AppRows::sortByName()
 {
     QCollator collator;

@@ -33,15 +33,15 @@ public:
     METRIC(int, rowGap, 9)
     METRIC(int, rowEnd, 6)
 
-    /// The columns of a list of leftovers, without dates and with them.
+    /// The column widths of a list of leftovers, without and with dates.
     METRIC(int, locationWidth, 132)
     METRIC(int, sizeWidth, 66)
-    /// The place of an item whose title is its path.
+    /// The kind column if the title is a path.
     METRIC(int, kindWidth, 84)
     METRIC(int, datedLocationWidth, 120)
     METRIC(int, dateWidth, 84)
     METRIC(int, datedSizeWidth, 64)
-    /// A list that is narrower has no room for dates.
+    /// The minimum width of a list with dates.
     METRIC(int, datedListWidth, 600)
 
     METRIC(int, questionWidth, 440)

@@ -18,56 +18,56 @@
 
 namespace corvane {
 
-/// One row of a list of leftovers. Its words are made once.
+/// One row of a list of leftovers. Its texts are computed once.
 struct LeftoverRow {
     enum class Kind : std::uint8_t {
-        heading, ///< opens a section, whose items stand in one box
+        heading, ///< starts a section, whose items share one box
         item,
-        none, ///< says that a section has no items
+        none, ///< replaces the items of an empty section
     };
 
-    /// What it stands for, whatever its figures are by now.
+    /// The row's identity, independent of its figures.
     using Key = std::tuple<Kind, std::string_view>;
 
     Kind kind = Kind::item;
-    std::string id;     ///< of an item its path, of the rest the section; bytes
-    QString title = {}; ///< of an item its name, or its path
-    QString note = {};  ///< of a heading a line below it
+    std::string id;     ///< bytes; the path of an item, otherwise the section
+    QString title = {}; ///< an item's name or path
+    QString note = {};  ///< the line below a heading
     QString sizeText = {};
     QString location = {};
-    QString date = {}; ///< when the item was changed last; empty where that is not known
+    QString date = {}; ///< last modified; empty if unknown
     QString iconKey = {};
     bool elidesMiddle = false;
     bool startsBox = false;
     bool endsBox = false;
-    Leftover leftover = {}; ///< of an item
+    Leftover leftover = {}; ///< for items
 
     [[nodiscard]] Key key() const { return {kind, id}; }
-    /// What a reader says of it.
+    /// The row's description for screen readers.
     [[nodiscard]] QString description() const;
 
     friend bool operator==(const LeftoverRow &, const LeftoverRow &) = default;
 
     [[nodiscard]] static LeftoverRow ofHeading(std::string id, const QString &title, const QString &note,
                                                std::int64_t size);
-    /// With a home folder its title is its whole path, from there where it lies inside.
+    /// With a home folder, the title is the whole path, relative to that folder if inside.
     [[nodiscard]] static LeftoverRow ofItem(const Leftover &leftover, const QLocale &locale,
                                             const std::optional<std::string> &home = std::nullopt);
 };
 
-/// The home folder for `LeftoverRow::ofItem`, where the store's system has whole paths shown.
+/// The home folder for `LeftoverRow::ofItem`, if the store's system shows whole paths.
 [[nodiscard]] std::optional<std::string> homeOfPaths(const StorageStore &store);
 
-/// Items that applications keep in sections, each with a check box, whose meaning a derived model gives it. A derived
-/// model names this base with its namespace, for qmllint looks the name up as written. Main thread only.
+/// Items of applications in sections, each with a check box; the derived model defines what checking means. A derived
+/// model qualifies this base with its namespace because qmllint resolves the name as written. Main thread only.
 class LeftoverListModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("A base of models")
-    /// What the context menu is about.
+    /// The target of the context menu.
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
     Q_PROPERTY(bool hasItems READ hasItems NOTIFY rowsChanged)
-    /// The titles are whole paths.
+    /// Whether the titles are whole paths.
     Q_PROPERTY(bool showsPaths READ showsPaths NOTIFY rowsChanged)
 
 public:
@@ -80,7 +80,7 @@ public:
         DateRole,
         IconKeyRole,
         ElideRole,     ///< Qt::TextElideMode
-        StartsBoxRole, ///< the first of the items that stand in one box
+        StartsBoxRole, ///< the first of the items that share one box
         EndsBoxRole,
         CheckStateRole, ///< Qt::CheckState
         CheckableRole,
@@ -99,10 +99,10 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// The keyboard stops at items alone.
+    /// Only items are enabled, so the keyboard skips the other rows.
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    /// Checks a row's item, or unchecks it.
+    /// Toggles a row's check box.
     Q_INVOKABLE virtual void toggle(int row) = 0;
     /// Checks a row's item.
     Q_INVOKABLE virtual void select(int row) = 0;
@@ -110,24 +110,24 @@ public:
     Q_INVOKABLE virtual void selectAll() = 0;
     /// Shows a row's item in the file manager.
     Q_INVOKABLE void reveal(int row);
-    /// Makes a row's item the target of the context menu; false where there is no item.
+    /// Makes a row's item the target of the context menu; returns false if the row has none.
     Q_INVOKABLE bool prepareMenu(int row);
 
 signals:
     void rowsChanged();
-    void replaced(); ///< what is listed now has nothing to do with what was
+    void replaced(); ///< the new contents are unrelated to the old ones
 
 protected:
-    /// Of an item of the list.
+    /// The check box of an item.
     [[nodiscard]] virtual CheckFacts checkFacts(const Leftover &leftover) const = 0;
     [[nodiscard]] StorageStore &store() const { return m_store; }
 
-    /// Takes over other rows; their places in their boxes are put in here.
+    /// Replaces the rows and computes their positions in their boxes.
     void install(std::vector<LeftoverRow> rows);
-    /// What is checked has changed.
+    /// Call when the checked items have changed.
     void announceChecks();
     [[nodiscard]] const std::vector<LeftoverRow> &rows() const { return m_rows; }
-    /// The item of a row; null for other rows, and for those that do not exist.
+    /// The item of a row; null for other and invalid rows.
     [[nodiscard]] const Leftover *itemAt(int row) const;
 
 private:

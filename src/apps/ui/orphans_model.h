@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// What deleted applications have left, by their identifiers. A check box puts an item into the selection of the
-/// program. Main thread only.
+/// The leftovers of deleted applications, grouped by identifier. A check box selects an item for removal. Main thread
+/// only.
 class OrphansModel : public corvane::LeftoverListModel {
     Q_OBJECT
     QML_ELEMENT

@@ -15,16 +15,16 @@
 
 namespace corvane {
 
-/// The uninstaller's screen: what has been found, and which of it is chosen. Asks the store for an inventory where
-/// there is none. Main thread only.
+/// The uninstaller's screen: the inventory, and the selected entry. Requests an inventory from the store if there is
+/// none. Main thread only.
 class UninstallerPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool loading READ isLoading NOTIFY changed)
-    /// What is said while nothing has been found yet.
+    /// Shown until the first inventory is complete.
     Q_PROPERTY(QString loadingText READ loadingText CONSTANT)
-    /// What is said as long as nothing is chosen, and where there is nothing to choose.
+    /// Shown if nothing is selected, and if there is nothing to select.
     Q_PROPERTY(QString invitation READ invitation CONSTANT)
     Q_PROPERTY(QString nothingText READ nothingText CONSTANT)
     Q_PROPERTY(corvane::UninstallerPresenter::Content content READ content NOTIFY changed)
@@ -32,24 +32,24 @@ class UninstallerPresenter : public QObject {
     Q_PROPERTY(corvane::AppListModel *apps READ apps CONSTANT)
     Q_PROPERTY(corvane::AppDetailPresenter *app READ app CONSTANT)
     Q_PROPERTY(corvane::OrphansModel *orphans READ orphans CONSTANT)
-    /// What the context menu of the list is about.
+    /// The target of the list's context menu.
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
 
 public:
-    /// What the screen has to show.
+    /// What the screen shows.
     enum class Content {
-        measuring, ///< nothing yet
-        nothing,   ///< there is neither an application nor anything that one has left
+        measuring, ///< no inventory yet
+        nothing,   ///< neither applications nor leftovers
         list,
     };
     Q_ENUM(Content)
-    /// What stands beside the list.
+    /// What is shown beside the list.
     enum class Shown { none, app, orphans };
     Q_ENUM(Shown)
 
     using Clock = std::function<Time()>;
 
-    /// The clock and the calendar say how old things are.
+    /// The clock and the calendar determine how old things are.
     explicit UninstallerPresenter(StorageStore &store = StoreRegistration::store(), Clock clock = &currentTime,
                                   const Calendar &calendar = systemCalendar(), QObject *parent = nullptr);
 
@@ -66,15 +66,15 @@ public:
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
 
     Q_INVOKABLE void refresh();
-    /// Shows what a row of the list stands for.
+    /// Selects a row and shows its details.
     Q_INVOKABLE void choose(int row);
-    /// Makes the application shown the target of the list's context menu; false where there is none.
+    /// Makes the current application the target of the list's context menu; returns false if there is none.
     Q_INVOKABLE bool prepareMenu();
 
 signals:
     void changed();
     void shownChanged();
-    void choiceGone(); ///< what is shown no longer exists; before `shownChanged`
+    void choiceGone(); ///< the selected entry no longer exists; before `shownChanged`
 
 private:
     void follow();

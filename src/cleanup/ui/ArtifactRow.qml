@@ -14,7 +14,6 @@ BoxRow {
     required property int checkState
     required property bool checkable
     required property string checkReason
-    /// What its button does.
 
     signal toggleWanted
     signal revealWanted

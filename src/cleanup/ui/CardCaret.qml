@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// Shows whether the row opens downwards or is open.
+/// Shows whether the card is expanded.
 Icon {
     required property bool expanded
 

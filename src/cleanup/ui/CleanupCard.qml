@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// One location of the catalogue. A press opens it to its largest entries.
+/// One location of the catalogue. A press expands it to its largest entries.
 BoxRow {
     id: card
 

@@ -5,7 +5,7 @@ import Qt.labs.qmlmodels
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// The catalogue in its groups, the build folders, and commands to copy. Left and Right close and open a card.
+/// The catalogue in its groups, the build folders, and commands to copy. Left and Right collapse and expand a card.
 AppList {
     id: list
 
@@ -24,11 +24,11 @@ AppList {
             menu.popup(itemAt(row), x, y);
     }
 
-    // A header does nothing; the keyboard begins at the first card.
+    // Start at the first card, because row 0 is a header.
     currentIndex: 1
     rowHeight: CleanupMetrics.cardHeight
     view.objectName: "cleanupRows"
-    // Rows that are made ahead are made bit by bit, and a window that closes meanwhile would say so.
+    // Rows outside the viewport would be incubated asynchronously, which logs an error if the window closes meanwhile.
     view.cacheBuffer: 0
     view.topMargin: CleanupMetrics.listMargin
     view.bottomMargin: Theme.pageMargin

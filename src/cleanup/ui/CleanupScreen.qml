@@ -2,11 +2,11 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// Caches and other data that can be made again, what they come to, and the build folders of the user's projects.
+/// Caches and other data that can be recreated, their total, and the build folders of the user's projects.
 Rectangle {
     id: screen
 
-    /// The window's own commands, shown at the right of the header.
+    /// The window's own commands, shown on the right of the header.
     property Component toolbar
 
     color: Theme.window

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// A command that frees space and that the user has to run.
+/// A command that frees space, for the user to run.
 BoxRow {
     id: row
 
@@ -63,7 +63,7 @@ BoxRow {
         anchors.right: button.left
         anchors.rightMargin: Theme.space8
         anchors.verticalCenter: parent.verticalCenter
-        // In a narrow window what the command is for comes first.
+        // In a narrow window the description takes precedence over the command.
         width: Math.min(CleanupMetrics.commandWidth, Math.floor(row.width / 3))
         text: row.action
     }

@@ -13,7 +13,7 @@ BoxRow {
     required property int checkState
     required property bool checkable
     required property string checkReason
-    /// The first beneath its card.
+    /// Whether it is the first row below its card.
     required property bool leads
 
     signal toggleWanted

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// The locations of a group that hold nothing. A press lists them beneath it.
+/// Stands for the empty locations of a group. A press lists them below it.
 BoxRow {
     id: row
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// Opens a section of the cleanup list.
+/// The header of a section of the cleanup list.
 Item {
     id: header
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// How many entries of an expanded location are not listed.
+/// Says how many entries of an expanded location are not listed.
 BoxRow {
     id: row
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// The scan found no build folders.
+/// Shown if the scan found no build folders.
 BoxRow {
     id: row
 

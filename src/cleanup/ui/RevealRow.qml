@@ -2,12 +2,12 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// Closes an expanded location: the way to it.
+/// The last row of an expanded location: reveals the location.
 BoxRow {
     id: row
 
     required property string title
-    /// The first beneath its card.
+    /// Whether it is the first row below its card.
     required property bool leads
 
     bodyHeight: CleanupMetrics.entryHeight + Theme.space4 + (leads ? Theme.space4 + Theme.hairlineWidth : 0)

@@ -2,14 +2,14 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Cleanup
 
-/// There is no scan to find build folders in, or only a part of one: the way to one.
+/// Offers a scan if there is none to find build folders in, or only a partial one.
 BoxRow {
     id: row
 
     required property string title
     required property string note
     required property string action
-    /// A scan is under way.
+    /// Whether a scan is running.
     required property bool working
     /// The object name of the button.
     property alias buttonName: button.objectName

@@ -5,24 +5,24 @@
 
 namespace corvane {
 
-/// How far a card is open: it opens and closes in a movement, or at once under reduced motion. Main thread only.
+/// The expansion of a card, animated, or immediate with reduced motion. Main thread only.
 class CardOpening : public QObject {
     Q_OBJECT
 
 public:
     explicit CardOpening(QObject *parent = nullptr);
 
-    /// What it is, or is on the way to.
+    /// The target state of the animation.
     [[nodiscard]] bool isExpanded() const { return m_expanded; }
     void setExpanded(bool expanded);
-    /// From 0, closed, to 1.
+    /// The expanded fraction, from 0 (collapsed) to 1.
     [[nodiscard]] double part() const { return m_part; }
-    /// Whether anything of its inside is to be seen.
+    /// Whether any of its contents are visible.
     [[nodiscard]] bool isOpen() const { return m_expanded || m_part > 0; }
 
 signals:
     void partChanged();
-    /// It has come to rest closed.
+    /// Emitted when the collapsing animation ends.
     void closed();
 
 private:

@@ -235,7 +235,7 @@ void CleanupListModel::activate(int row)
         reveal(row);
         break;
     case Kind::artifact: {
-        // The row may be gone when the store has answered.
+        // The row may be gone when the store answers.
         const std::shared_ptr<FileNode> target = pressed->artifact.node;
         m_store.showInMap(target);
         break;

@@ -17,9 +17,9 @@
 
 namespace corvane {
 
-/// The cleanup list: the catalogue in its groups, what expanded cards hold, and the build folders of the last
-/// scan. Rows come, go and move as the store's figures do; which cards are expanded is known here alone. Main
-/// thread only.
+/// The cleanup list: the catalogue in its groups, the contents of expanded cards, and the build folders of the last
+/// scan. Rows are inserted, removed and moved as the store's figures change; only this model knows which cards are
+/// expanded. Main thread only.
 class CleanupListModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -29,15 +29,15 @@ class CleanupListModel : public corvane::RowListModel {
 public:
     enum Role {
         KindRole = Qt::UserRole + 1, ///< the name of the row's kind
-        StartsBoxRole,               ///< the first of the rows that stand in one box
+        StartsBoxRole,               ///< the first of the rows that share one box
         EndsBoxRole,
-        LeadsRole, ///< the first row beneath its card
+        LeadsRole, ///< the first row below its card
         TitleRole,
-        NoteRole, ///< a line about it
+        NoteRole, ///< a line of text about it
         SymbolRole,
-        TintRole, ///< the place of its colour among the catalogue's
+        TintRole, ///< its colour's index in the catalogue
         RiskRole, ///< "safe" or "review"
-        TagRole,  ///< what kind of build folder it is
+        TagRole,  ///< the kind of build folder
         SizeTextRole,
         CountTextRole,
         UnreadableRole,
@@ -45,11 +45,11 @@ public:
         CheckableRole,
         CheckReasonRole, ///< why it is not checkable
         ExpandedRole,
-        OpeningRole, ///< how far the card is open that the row belongs to, from 0 to 1
+        OpeningRole, ///< the expanded fraction of the row's card, from 0 to 1
         IconKeyRole,
         ElideRole,   ///< Qt::TextElideMode
-        ActionRole,  ///< what the row's button does; of a command the command itself
-        WorkingRole, ///< a scan is under way
+        ActionRole,  ///< the label of the row's button; for a command the command itself
+        WorkingRole, ///< whether a scan is running
         DescriptionRole,
     };
     Q_ENUM(Role)
@@ -63,30 +63,29 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// Rows that the keyboard does not stop at are not enabled.
+    /// Rows that the keyboard skips are not enabled.
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    /// What a press on the row does: a card opens or closes, and so do the folded locations; its last row leads to the
-    /// location, a build folder is shown in the map, a command is copied, and where there is no scan, or only a part of
-    /// one, one starts.
+    /// Handles a press on the row: expands or collapses a card or the folded locations; the last row of a card reveals
+    /// the location, a build folder is shown in the map, a command is copied, and the prompt for a missing or partial
+    /// scan starts one.
     Q_INVOKABLE void activate(int row);
-    /// The same, and opens the item of an entry, as a double click does: a file in its own program, a folder of the
-    /// tree in the map.
+    /// Handles a double click: the same, and opens the item of an entry, a file in its default application, a folder of
+    /// the tree in the map.
     Q_INVOKABLE void open(int row);
-    /// Opens or closes the card that the row is or belongs to, or the folded locations that it stands for.
+    /// Expands or collapses the card that the row is or belongs to, or the folded locations that it stands for.
     Q_INVOKABLE void setExpanded(int row, bool expanded);
-    /// The row of the card that the row belongs to; the row itself otherwise.
+    /// The row of the card that the row belongs to; otherwise the row itself.
     Q_INVOKABLE [[nodiscard]] int cardRow(int row) const;
-    /// Selects the row's item, all that a card holds, or takes it out of the selection; says why where that is
-    /// refused.
+    /// Toggles the selection of the row's item, or of all entries of a card; shows a toast if that is refused.
     Q_INVOKABLE void toggle(int row);
-    /// Selects the same; says why where that is refused.
+    /// Selects the same; shows a toast if that is refused.
     Q_INVOKABLE void select(int row);
-    /// Selects all that is listed: what every card holds, and the build folders.
+    /// Selects everything listed: the contents of every card, and the build folders.
     Q_INVOKABLE void selectAll();
     /// Shows the row's item in the file manager.
     Q_INVOKABLE void reveal(int row);
-    /// Makes the row's item the target of the context menu; false where there is no item.
+    /// Makes the row's item the target of the context menu; returns false if the row has none.
     Q_INVOKABLE bool prepareMenu(int row);
 
 private:
@@ -100,7 +99,7 @@ private:
     [[nodiscard]] bool startsBox(int row) const;
     [[nodiscard]] bool endsBox(int row) const;
     [[nodiscard]] const CleanupItem *item(const CleanupDefinition *def) const;
-    /// What a card stands for; null for other rows, and before the measurement.
+    /// The location of a card; null for other rows, and before the measurement.
     [[nodiscard]] const CleanupItem *locationOf(const CleanupRow &row) const;
     [[nodiscard]] const CardOpening *opening(const CleanupDefinition *def) const;
     [[nodiscard]] CardOpening &openingToChange(const CleanupDefinition &def);
@@ -109,7 +108,7 @@ private:
     [[nodiscard]] SelectionFacts selectionFacts(const CleanupRow &row) const;
 
     StorageStore &m_store;
-    std::map<const CleanupDefinition *, std::unique_ptr<CardOpening>> m_openings; // of those that were opened once
+    std::map<const CleanupDefinition *, std::unique_ptr<CardOpening>> m_openings; // of those expanded at least once
     std::vector<CleanupRow> m_rows;
     std::map<const CleanupDefinition *, SelectionFacts> m_cardChecks;
     std::set<int> m_unfolded; // sections

@@ -25,7 +25,7 @@ public:
     METRIC(int, noneHeight, 48)
     METRIC(int, foldedHeight, 40)
 
-    /// The content of a row, from the edges of its box.
+    /// The inset of a row's content from the edges of its box.
     METRIC(int, rowInset, 15)
     METRIC(int, figuresInset, 43)
     METRIC(int, entryInset, 43)

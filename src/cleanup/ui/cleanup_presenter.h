@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// The words and commands of the cleanup screen's header. Main thread only.
+/// The texts and commands of the cleanup screen's header. Main thread only.
 class CleanupPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -66,7 +66,7 @@ QString moreText(std::size_t count)
     return QStringLiteral("+ ") + countText(static_cast<std::int64_t>(count), "smaller item", "smaller items");
 }
 
-/// "harbor-app/node_modules": what it is called, and in which project.
+/// The folder's name with its project: "harbor-app/node_modules".
 QString artifactName(const FileNode &node)
 {
     return displayText(lastPathComponent(node.folderPath())) + u'/' + displayText(node.name);
@@ -95,7 +95,7 @@ QVariant sectionData(const CleanupRow &row, int role)
     }
 }
 
-/// `measured` is null before a measurement.
+/// `measured` is null before the measurement.
 QVariant cardData(const CleanupRow &row, const CleanupItem *measured, int role, const SystemWords &words)
 {
     switch (role) {

@@ -9,9 +9,9 @@
 
 namespace corvane {
 
-/// What a row of the cleanup list shows by itself, for a role of CleanupListModel: its words, figures and icons.
-/// Without a value for what depends on the rows around it, on its card's opening and on the selection. `measured` is
-/// what a card stands for, null before the measurement; the user's home folder is shown as "~".
+/// The data of a row of the cleanup list for a role of CleanupListModel: its texts, figures and icons. Has no value for
+/// roles that depend on neighbouring rows, on the card's expansion or on the selection. `measured` is the location of a
+/// card, null before the measurement; the user's home folder is shown as "~".
 [[nodiscard]] QVariant cleanupRowData(const CleanupRow &row, int role, const CleanupItem *measured,
                                       std::string_view home, const SystemWords &words);
 

@@ -88,7 +88,7 @@ void addCommands(std::vector<CleanupRow> &rows, std::span<const AdminCommand> co
             {.kind = Kind::command, .section = section, .command = command, .size = command.bytes.value_or(0)});
 }
 
-/// The cards that a group shows before the measurement.
+/// Adds the cards of a group before the measurement.
 void addUnmeasured(std::vector<CleanupRow> &rows, int section, const CleanupTable &table)
 {
     for (const CleanupDefinition &def : CleanupCatalog::definitions) {

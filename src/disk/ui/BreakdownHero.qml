@@ -2,12 +2,12 @@ import QtQuick
 import Corvane.Disk
 import Corvane.Shell
 
-/// How much of the disk is explained, in one figure and one bar.
+/// How much of the disk is explained, as a figure and a bar.
 Item {
     id: hero
 
     required property BreakdownPresenter presenter
-    /// The part that is looked at, by its id.
+    /// The id of the highlighted part.
     required property string current
 
     signal pointedAt(id: string)

@@ -2,13 +2,13 @@ import QtQuick
 import Corvane.Disk
 import Corvane.Shell
 
-/// "Where's My Space": the whole disk in explained parts.
+/// "Where's My Space": the whole disk, broken down into explained parts.
 Rectangle {
     id: screen
 
-    /// The window's own commands, at the right of the header.
+    /// The window's own commands, on the right of the header.
     property Component toolbar
-    /// The part that the pointer or the keyboard is at, in the bar or in the rows; by its id.
+    /// The id of the part under the pointer or chosen by keyboard, in the bar or in the rows.
     property string current
 
     color: Theme.window

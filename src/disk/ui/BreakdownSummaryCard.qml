@@ -2,8 +2,8 @@ import QtQuick
 import Corvane.Disk
 import Corvane.Shell
 
-/// The breakdown in one line: a small bar, how much is explained, and the way to the whole. A row of a box: it has
-/// no ground of its own.
+/// The breakdown in one line: a small bar, how much is explained, and a link to the screen. A row of a box: it has no
+/// background of its own.
 Item {
     id: card
 
@@ -24,7 +24,7 @@ Item {
         objectName: "summary.bar"
         x: Theme.boxPadding
         anchors.verticalCenter: parent.verticalCenter
-        // The words beside a remark are read whole in the smallest window too.
+        // Leaves enough room to show the text beside a remark in full even in the smallest window.
         width: partial.visible ? DiskMetrics.summaryBarWidthBesideRemark : DiskMetrics.summaryBarWidth
         height: DiskMetrics.summaryBarHeight
         radius: Theme.radiusLeaf

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Disk
 import Corvane.Shell
 
-/// A figure and what it is, in one line.
+/// A figure and its label in one line.
 Row {
     id: line
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Corvane.Shell
 
-/// What is to be known about the figures above.
+/// Notes on the figures above.
 Column {
     id: footnotes
 

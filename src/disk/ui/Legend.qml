@@ -4,7 +4,7 @@ import QtQuick
 import Corvane.Disk
 import Corvane.Shell
 
-/// What the bar's colours stand for; while one part is looked at, that part alone, with its size.
+/// The legend of the bar's colours; while a part is highlighted, only that part with its size.
 Item {
     id: legend
 

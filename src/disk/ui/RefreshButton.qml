@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Disk
 import Corvane.Shell
 
-/// Measures the disk anew; while that goes on, the sign of it stands in the button's place.
+/// Measures the disk again; meanwhile a spinner replaces the button.
 Item {
     id: place
 
@@ -16,7 +16,7 @@ Item {
             button.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    // The keyboard waits here until the button is back.
+    // This item keeps the focus until the button is back.
     function refresh() {
         if (button.visualFocus)
             forceActiveFocus(Qt.TabFocusReason);

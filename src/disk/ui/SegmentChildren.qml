@@ -4,12 +4,12 @@ import QtQuick
 import Corvane.Disk
 import Corvane.Shell
 
-/// The largest items of a part, one after the other; where a line has no room for more, on the next.
+/// The largest items of a part in a row that wraps.
 Flow {
     id: items
 
     required property list<namedSizeText> largestItems
-    /// Behind every item, the last of a line too.
+    /// After every item, including the last of a line.
     readonly property int gap: Theme.space12
 
     spacing: Theme.space2

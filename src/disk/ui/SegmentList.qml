@@ -9,7 +9,7 @@ Rectangle {
     id: list
 
     required property BreakdownPresenter presenter
-    /// The part that is looked at, by its id.
+    /// The id of the highlighted part.
     required property string current
 
     signal pointedAt(id: string)

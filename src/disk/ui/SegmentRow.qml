@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Disk
 import Corvane.Shell
 
-/// One part of the disk: what it is, what is in it, and what can be done about it.
+/// One part of the disk: what it is, what it contains, and what can be done about it.
 Item {
     id: row
 
@@ -20,11 +20,11 @@ Item {
     required property bool needsIdle
     required property string description
 
-    /// A scan can be started.
+    /// Whether a scan can be started.
     property bool canScan: true
     property bool isFirst: false
     property bool isLast: false
-    /// The part is looked at, here or in the bar.
+    /// Whether the part is highlighted, here or in the bar.
     property bool highlighted: false
 
     signal pointedAt(inside: bool)
@@ -39,7 +39,7 @@ Item {
     HoverHandler {
         onHoveredChanged: row.pointedAt(hovered)
     }
-    // Only the box's own corners are round.
+    // Only corners that coincide with the box's own are rounded.
     Item {
         anchors.fill: parent
         anchors.topMargin: hairline.height

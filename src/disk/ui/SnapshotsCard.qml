@@ -93,7 +93,7 @@ Rectangle {
                 }
                 PlainText {
                     height: parent.height
-                    // The buttons stand in a column of their own.
+                    // The buttons have a column of their own.
                     width: deletion.visible
                         ? DiskMetrics.snapshotNameWidth - (unknown.visible ? unknown.width + line.spacing : 0)
                         : Math.min(implicitWidth, content.width - Theme.buttonIconSize - Theme.space6)

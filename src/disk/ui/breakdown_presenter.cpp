@@ -37,7 +37,7 @@ SnapshotText lineOf(const LocalSnapshot &snapshot)
 
 BreakdownPresenter::BreakdownPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
-    // The free space has a colour of the theme.
+    // The colour of the free space comes from the theme.
     connect(Theme::instance(), &Theme::changed, this, &BreakdownPresenter::changed);
     connect(&m_store, &StorageStore::breakdownChanged, this, &BreakdownPresenter::update);
     connect(&m_store, &StorageStore::phaseChanged, this, &BreakdownPresenter::canScanChanged);
@@ -185,7 +185,7 @@ QString BreakdownPresenter::listCommand() const
 {
     if (!m_store.words().listSnapshots.empty())
         return displayText(m_store.words().listSnapshots);
-    QStringList commands; // one for each tool that keeps some
+    QStringList commands; // one for each tool with snapshots
     if (isAvailable()) {
         for (const LocalSnapshot &snapshot : breakdown()->snapshots)
             commands.append(displayText(snapshot.listCommand));

@@ -11,7 +11,7 @@
 
 namespace corvane {
 
-/// One line of the snapshots card; a value for QML.
+/// One line of the snapshots card; a value type for QML.
 struct SnapshotText {
     Q_GADGET
     QML_VALUE_TYPE(snapshotText)
@@ -21,27 +21,27 @@ struct SnapshotText {
 
 public:
     QString text;
-    QString symbol;        ///< empty where the date is known
-    QString deleteCommand; ///< empty where the system thins its snapshots
+    QString symbol;        ///< empty if the date is known
+    QString deleteCommand; ///< empty if the system thins its snapshots itself
 
     friend bool operator==(const SnapshotText &, const SnapshotText &) = default;
 };
 
-/// The breakdown of the disk as words, figures and rows, for the screen and for its summary on the overview. Asks
-/// the store for one where there is none. Main thread only.
+/// The breakdown of the disk as texts, figures and rows, for its screen and for its summary on the overview. Requests a
+/// breakdown from the store if there is none. Main thread only.
 class BreakdownPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    /// There is a breakdown to look at.
+    /// Whether there is a breakdown to show.
     Q_PROPERTY(bool available READ isAvailable NOTIFY changed)
     Q_PROPERTY(bool loading READ isLoading NOTIFY changed)
-    /// What is said while there is no breakdown.
+    /// Shown while there is no breakdown.
     Q_PROPERTY(QString loadingText READ loadingText CONSTANT)
-    /// The breakdown knows of no scan.
+    /// Whether the breakdown lacks a scan.
     Q_PROPERTY(bool needsScan READ needsScan NOTIFY changed)
-    /// The remark about a scan that was stopped, from which the breakdown was made; else empty.
+    /// The note that the scan behind the breakdown was stopped; otherwise empty.
     Q_PROPERTY(QString partialText READ partialText NOTIFY changed)
-    /// No scan is running, so that one can be started.
+    /// Whether a scan can be started because none is running.
     Q_PROPERTY(bool canScan READ canScan NOTIFY canScanChanged)
     Q_PROPERTY(QString percentage READ percentage NOTIFY changed)
     Q_PROPERTY(QString used READ used NOTIFY changed)
@@ -49,11 +49,11 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QString free READ free NOTIFY changed)
     Q_PROPERTY(QString freeOn READ freeOn NOTIFY changed)
     Q_PROPERTY(QString summary READ summary NOTIFY changed)
-    /// The segments, and the segments with the free space behind them.
+    /// The segments, and the segments followed by the free space.
     Q_PROPERTY(QList<corvane::StackedBarPart> usedParts READ usedParts NOTIFY changed)
     Q_PROPERTY(QList<corvane::StackedBarPart> parts READ parts NOTIFY changed)
     Q_PROPERTY(QString freePart READ freePart CONSTANT)
-    /// Bytes in use that no segment explains.
+    /// Used bytes that no segment explains.
     Q_PROPERTY(double rest READ rest NOTIFY changed)
     /// The largest segments, and how many more there are.
     Q_PROPERTY(QList<corvane::StackedBarPart> legend READ legend NOTIFY changed)
@@ -66,7 +66,7 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QList<corvane::SnapshotText> snapshots READ snapshots NOTIFY changed)
     Q_PROPERTY(QString moreSnapshots READ moreSnapshots NOTIFY changed)
     Q_PROPERTY(QString listCommand READ listCommand NOTIFY changed)
-    /// Empty where each snapshot has a command of its own.
+    /// Empty if each snapshot has a command of its own.
     Q_PROPERTY(QString thinCommand READ thinCommand NOTIFY changed)
 
 public:
@@ -90,7 +90,7 @@ public:
     [[nodiscard]] QString summary() const;
     [[nodiscard]] QList<StackedBarPart> usedParts() const;
     [[nodiscard]] QList<StackedBarPart> parts() const;
-    /// The id of the part that stands for the free space.
+    /// The id of the free space's part.
     [[nodiscard]] QString freePart() const { return QStringLiteral("free"); }
     [[nodiscard]] double rest() const;
     [[nodiscard]] QList<StackedBarPart> legend() const;
@@ -112,9 +112,9 @@ public:
     Q_INVOKABLE void scanHome();
     /// Repeats the last scan.
     Q_INVOKABLE void rescan();
-    /// Carries out the action of a row.
+    /// Performs the action of a row.
     Q_INVOKABLE void perform(int row);
-    /// Shows the screen that this presenter stands for.
+    /// Shows the breakdown's screen.
     Q_INVOKABLE void openBreakdown();
 
 signals:

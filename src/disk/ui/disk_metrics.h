@@ -24,11 +24,11 @@ public:
     METRIC(int, rowPadding, 11) // above and below
     METRIC(int, rowGap, 13)
     METRIC(int, detailTop, 1)
-    METRIC(int, detailWidth, 640) // at most
+    METRIC(int, detailWidth, 640) // maximum
     METRIC(int, childrenTop, 5)
     METRIC(int, figureWidth, 86)
-    METRIC(int, snapshotTextWidth, 680) // at most
-    METRIC(int, snapshotNameWidth, 300) // where a button stands beside it
+    METRIC(int, snapshotTextWidth, 680) // maximum
+    METRIC(int, snapshotNameWidth, 300) // if there is a button beside it
     METRIC(int, snapshotLine, 20)
     METRIC(int, summaryHeight, 44)
     METRIC(int, summaryBarWidth, 150)

@@ -28,7 +28,7 @@ void SegmentModel::setSegments(const std::vector<BreakdownSegment> &segments, st
     std::vector<Row> wanted;
     wanted.reserve(segments.size());
     for (const BreakdownSegment &segment : segments) {
-        // Two volumes may have one name.
+        // Two volumes may have the same name.
         QString id = displayText(segment.id);
         while (std::ranges::find(wanted, id, &Row::id) != wanted.end())
             id += QLatin1Char('+');

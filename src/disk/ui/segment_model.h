@@ -13,7 +13,7 @@
 
 namespace corvane {
 
-/// A name and its size as they are shown; a value for QML.
+/// A name and its size, formatted; a value type for QML.
 struct NamedSizeText {
     Q_GADGET
     QML_VALUE_TYPE(namedSizeText)
@@ -27,8 +27,8 @@ public:
     friend bool operator==(const NamedSizeText &, const NamedSizeText &) = default;
 };
 
-/// The segments of a breakdown as rows, in its order. A new breakdown moves, inserts, removes and changes only the
-/// rows that differ. Main thread only.
+/// The segments of a breakdown as rows, in its order. A new breakdown moves, inserts, removes and updates only the rows
+/// that differ. Main thread only.
 class SegmentModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -43,7 +43,7 @@ public:
         ColorRole,
         SizeTextRole,
         ShareTextRole,    ///< of the used space
-        UnexplainedRole,  ///< whether nothing is known of what it holds
+        UnexplainedRole,  ///< whether its contents are unknown
         LargestItemsRole, ///< a list of NamedSizeText
         ActionTitleRole,  ///< empty for none
         NeedsIdleRole,    ///< whether the action starts a scan
@@ -52,15 +52,15 @@ public:
 
     using RowListModel::RowListModel;
 
-    /// `used` is what the shares refer to, in bytes.
+    /// `used`, in bytes, is the total that the shares refer to.
     void setSegments(const std::vector<BreakdownSegment> &segments, std::int64_t used);
     /// The action of a row, if it has one.
     [[nodiscard]] std::optional<BreakdownAction> action(int row) const;
-    /// The id of a row's segment; empty for no row.
+    /// The id of a row's segment; empty for an invalid row.
     Q_INVOKABLE [[nodiscard]] QString idOf(int row) const;
     /// The row of a segment, or -1.
     Q_INVOKABLE [[nodiscard]] int rowOf(const QString &id) const;
-    /// What a bar shows of a row.
+    /// A row's part of a bar.
     [[nodiscard]] StackedBarPart barPart(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -69,7 +69,7 @@ public:
 
 private:
     struct Row {
-        QString id; ///< the segment's, made different where two segments share one
+        QString id; ///< the segment's, made unique if two segments share one
         BreakdownSegment segment;
         QString share;
 

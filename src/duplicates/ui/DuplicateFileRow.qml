@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Duplicates
 
-/// One file of a group: where it lies, when it was changed last, and whether it goes.
+/// One file of a group: its location, its date, and whether it is selected for removal.
 BoxRow {
     id: row
 
@@ -12,7 +12,6 @@ BoxRow {
     required property int checkState
     required property bool checkable
     required property string checkReason
-    /// What its button does.
 
     signal toggleWanted
     signal revealWanted

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Duplicates
 
-/// Opens a group: the first file's name, how many copies there are, and what they waste. A press folds the group.
+/// The header of a group: the first file's name, the number of copies, and the wasted space. A press folds the group.
 Item {
     id: header
 
@@ -12,7 +12,7 @@ Item {
     required property string iconKey
     required property string description
     required property bool expanded
-    /// The keyboard works on this row.
+    /// Whether this row shows the keyboard focus.
     property bool ringed: false
 
     signal pressed
@@ -39,7 +39,7 @@ Item {
         anchors.leftMargin: Theme.pageMargin + DuplicatesMetrics.headerInset
         anchors.rightMargin: Theme.pageMargin
 
-        // In the page's margin, so that the icons stand at the edge of the boxes.
+        // In the page's margin, so that the icons align with the edge of the boxes.
         Icon {
             anchors.right: parent.left
             anchors.rightMargin: Theme.space4

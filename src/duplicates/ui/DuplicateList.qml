@@ -26,7 +26,7 @@ AppList {
 
     rowHeight: DuplicatesMetrics.fileHeight
     view.objectName: "duplicateRows"
-    // Rows that are made ahead are made bit by bit, and a window that closes meanwhile would say so.
+    // Rows outside the viewport would be incubated asynchronously, which logs an error if the window closes meanwhile.
     view.cacheBuffer: 0
     view.topMargin: DuplicatesMetrics.listMargin
     view.bottomMargin: Theme.pageMargin

@@ -2,13 +2,13 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Duplicates
 
-/// Files with the same contents, in groups: the search for them, and what to keep of each.
+/// Groups of files with the same contents: the search, and the choice of what to keep.
 Rectangle {
     id: screen
 
-    /// The window's own commands, shown at the right of the header.
+    /// The window's own commands, shown on the right of the header.
     property Component toolbar
-    /// The keyboard was with the search when it ended.
+    /// Whether the progress view had the focus when the search ended.
     property bool waited: false
 
     color: list.visible ? Theme.window : Theme.surface
@@ -21,7 +21,7 @@ Rectangle {
     DuplicatesPresenter {
         id: presenter
 
-        // The keyboard goes on to what has been found.
+        // Moves the focus on to the results.
         onSearchEnds: screen.waited = progress.activeFocus
         onSearchEnded: if (screen.waited) screen.takeKeyboard()
     }

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Duplicates
 
-/// How far the search is. Holds the keyboard of the button that started it, which cannot be used meanwhile.
+/// The progress of the search. Takes the focus from the button that started it, which is disabled meanwhile.
 KeyboardItem {
     id: view
 

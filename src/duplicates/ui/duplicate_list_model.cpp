@@ -37,7 +37,7 @@ void DuplicateListModel::followSelection()
     announceAll({CheckStateRole, CheckableRole, CheckReasonRole});
 }
 
-/// A group keeps its number as long as one of its files is in one, however often they are searched.
+/// A group keeps its number across searches as long as one of its files is in a group.
 void DuplicateListModel::numberGroups()
 {
     const auto before = std::exchange(m_numberOf, {});
@@ -124,7 +124,7 @@ QVariant DuplicateListModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case KindRole:
         return row.kind == Kind::group ? QStringLiteral("group") : QStringLiteral("file");
-    case Qt::DisplayRole: // what is found by typing
+    case Qt::DisplayRole: // used by type-to-find
         return displayText(row.file->name);
     case TitleRole:
         return row.title();

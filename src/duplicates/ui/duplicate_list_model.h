@@ -15,12 +15,13 @@
 
 namespace corvane {
 
-/// The groups of duplicates with their files, the most wasteful first. Rows come and go as the store's groups do; which
-/// groups are folded is known here alone, and holds for a group that another search finds again. Main thread only.
+/// The groups of duplicates with their files, the most wasteful first. Rows are inserted and removed as the store's
+/// groups change; only this model knows which groups are folded, and remembers it when another search finds the group
+/// again. Main thread only.
 class DuplicateListModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
-    /// What the context menu is about.
+    /// The target of the context menu.
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
 
 public:
@@ -28,11 +29,11 @@ public:
         KindRole = Qt::UserRole + 1, ///< the name of the row's kind
         TitleRole,
         NoteRole,
-        WastedRole, ///< what a group wastes
+        WastedRole, ///< the space wasted by a group
         IconKeyRole,
         ExpandedRole,
         NewestRole,
-        StartsBoxRole, ///< the first of the files that stand in one box
+        StartsBoxRole, ///< the first of the files that share one box
         EndsBoxRole,
         CheckStateRole, ///< Qt::CheckState
         CheckableRole,
@@ -49,23 +50,23 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// A group folds or unfolds; a file opens in its own program.
+    /// Folds or unfolds a group; opens a file in its default application.
     Q_INVOKABLE void activate(int row);
     /// Folds or unfolds the group that the row is or belongs to.
     Q_INVOKABLE void setExpanded(int row, bool expanded);
-    /// The row of the group that the row belongs to; the row itself where it is one.
+    /// The row of the group that the row is or belongs to.
     Q_INVOKABLE [[nodiscard]] int groupRow(int row) const;
-    /// Selects a file or takes it out of the selection, and says why where that is refused; folds or unfolds a group.
+    /// Toggles the selection of a file, with a toast if that is refused; folds or unfolds a group.
     Q_INVOKABLE void toggle(int row);
-    /// Selects a file; says why where that is refused.
+    /// Selects a file; shows a toast if that is refused.
     Q_INVOKABLE void select(int row);
     /// Shows a file in the file manager.
     Q_INVOKABLE void reveal(int row);
-    /// Makes a file the target of the context menu; false for other rows.
+    /// Makes a file the target of the context menu; returns false for other rows.
     Q_INVOKABLE bool prepareMenu(int row);
 
 signals:
-    void replaced(); ///< what is listed now has nothing to do with what was
+    void replaced(); ///< the new contents are unrelated to the old ones
 
 private:
     void follow();
@@ -78,7 +79,7 @@ private:
     [[nodiscard]] std::shared_ptr<FileNode> fileAt(int row) const;
 
     StorageStore &m_store;
-    std::vector<int> m_numbers; // of the store's groups
+    std::vector<int> m_numbers; // one for each of the store's groups
     std::unordered_map<std::shared_ptr<FileNode>, int> m_numberOf;
     int m_lastNumber = 0;
     std::unordered_set<int> m_folded;

@@ -18,7 +18,7 @@ QString dateText(Time modified)
            abbreviatedDateTime(QDateTime::fromSecsSinceEpoch(modified.time_since_epoch().count()), QLocale());
 }
 
-/// Copies often have one name in several folders; then the folder tells them apart.
+/// Copies often have the same name in different folders; in that case the folder is shown as well.
 QString storageText(const FileNode &file, const FileNode &owner)
 {
     return QStringLiteral("Shares its storage with ") +

@@ -11,19 +11,19 @@
 
 namespace corvane {
 
-/// One row of the list of duplicates: what it stands for, and its figures. There may be tens of thousands, of which
-/// few are ever seen, so their words are made when a row is shown.
+/// One row of the list of duplicates: its identity and figures. Texts are computed when a row is shown, because there
+/// may be tens of thousands of rows, of which few are ever visible.
 struct DuplicateRow {
     enum class Kind : std::uint8_t {
-        group, ///< opens a group, whose files stand in one box
+        group, ///< starts a group, whose files share one box
         file,
     };
 
     Kind kind = Kind::file;
-    int group = 0;                               ///< its number, the same as long as any of its files is in one
-    std::shared_ptr<FileNode> file;              ///< of a group the first
-    std::shared_ptr<FileNode> storageOwner = {}; ///< of a file the other name of the same file on the disk
-    std::size_t count = 0;                       ///< of a group its files
+    int group = 0;                               ///< its number, kept as long as any of its files is in a group
+    std::shared_ptr<FileNode> file;              ///< the first file of a group
+    std::shared_ptr<FileNode> storageOwner = {}; ///< for a file: another hard link to the same storage
+    std::size_t count = 0;                       ///< the files of a group
     std::int64_t size = 0;                       ///< bytes of one file
     std::int64_t wasted = 0;                     ///< bytes, of a group
     bool isExpanded = false;                     ///< of a group
@@ -31,19 +31,19 @@ struct DuplicateRow {
     bool startsBox = false;
     bool endsBox = false;
 
-    /// What it stands for, whatever its figures are by now.
+    /// The row's identity, independent of its figures.
     using Key = std::tuple<Kind, int, const FileNode *>;
     [[nodiscard]] Key key() const;
 
     friend bool operator==(const DuplicateRow &, const DuplicateRow &) = default;
 
-    /// The name of a group, the path of a file.
+    /// The name of a group, or the path of a file.
     [[nodiscard]] QString title() const;
-    /// The copies of a group, the date of a file.
+    /// The number of copies of a group, or the date of a file.
     [[nodiscard]] QString note() const;
-    /// What a group wastes.
+    /// The space wasted by a group.
     [[nodiscard]] QString wastedText() const;
-    /// What a reader says of it.
+    /// The row's description for screen readers.
     [[nodiscard]] QString description() const;
 };
 

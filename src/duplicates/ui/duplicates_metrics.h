@@ -19,10 +19,10 @@ public:
     METRIC(int, headerTop, 6)
     METRIC(int, headerInset, 2)
     METRIC(int, headerGap, 9)
-    /// What a group's caret takes of the page's margin.
+    /// The part of the page's margin that a group's caret takes.
     METRIC(int, caretRoom, 18)
     METRIC(int, fileHeight, 44)
-    /// The content of a row, from the edges of its box.
+    /// The inset of a row's content from the edges of its box.
     METRIC(int, fileInset, 15)
     METRIC(int, revealInset, 12)
 

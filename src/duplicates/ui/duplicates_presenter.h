@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// The words and commands of the duplicates screen, and what it shows. Main thread only.
+/// The texts, commands and state of the duplicates screen. Main thread only.
 class DuplicatesPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -21,11 +21,11 @@ class DuplicatesPresenter : public QObject {
     Q_PROPERTY(QString progressText READ progressText NOTIFY progressChanged)
 
 public:
-    /// What stands below the header.
+    /// What is shown below the header.
     enum class Content {
-        introduction, ///< nothing has been searched yet
-        search,       ///< a search is under way
-        nothing,      ///< it found no duplicates
+        introduction, ///< no search yet
+        search,       ///< a search is running
+        nothing,      ///< the search found no duplicates
         groups,
     };
     Q_ENUM(Content)
@@ -34,10 +34,10 @@ public:
 
     [[nodiscard]] Content content() const;
     [[nodiscard]] QString subtitle() const;
-    /// What the button is called that starts a search.
+    /// The label of the button that starts a search.
     [[nodiscard]] QString searchText() const;
     [[nodiscard]] bool canSearch() const;
-    /// Whether there are groups to select copies of.
+    /// Whether there are groups whose copies can be selected.
     [[nodiscard]] bool canAutoSelect() const;
     /// From 0 to 1.
     [[nodiscard]] double progress() const;
@@ -49,16 +49,16 @@ public:
     Q_INVOKABLE void keepOldest();
 
 signals:
-    void searchEnds(); ///< before `changed` says so
+    void searchEnds(); ///< before `changed`
     void changed();
-    void searchEnded(); ///< after `changed` has said so
+    void searchEnded(); ///< after `changed`
     void progressChanged();
 
 private:
     void follow();
 
     StorageStore &m_store;
-    bool m_hasSearched = false; // a search of this scan's files has ended
+    bool m_hasSearched = false; // a search of the current scan's files has ended
     Content m_content = Content::introduction;
 };
 

@@ -2,15 +2,15 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Lists
 
-/// The title of a column. Sorts by it, the other way round when it does already; Shift with Left and Right resizes it,
-/// as the pointer does at its edge.
+/// The title of a column. Sorts by that column, or reverses the order; Shift with Left or Right resizes the column, as
+/// dragging its edge does.
 ButtonBase {
     id: title
 
     required property int column
     required property FileTableColumns columns
     required property FileTableModel files
-    /// The column holds figures, which stand at its right.
+    /// Whether the column holds figures, which are right-aligned.
     property bool figures: false
     property bool resizable: true
 

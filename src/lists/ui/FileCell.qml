@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Lists
 
-/// What a row says in one column.
+/// One cell of a row.
 PlainText {
     property int gap: ListsMetrics.columnGap
 

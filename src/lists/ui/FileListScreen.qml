@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Lists
 
-/// A list of files with its filters, or why nothing is in it.
+/// A list of files with its filters, or the reason why it is empty.
 Rectangle {
     id: screen
 
@@ -14,7 +14,7 @@ Rectangle {
     required property string emptyMessage
     /// The list's own filters.
     default property alias filters: filters.filters
-    /// The window's own commands, shown at the right of the header.
+    /// The window's own commands, shown on the right of the header.
     property Component toolbar
 
     color: Theme.surface

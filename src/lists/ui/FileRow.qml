@@ -20,7 +20,7 @@ Item {
     required property string checkReason
     required property string description
 
-    /// The keyboard works on this row.
+    /// Whether this row shows the keyboard focus.
     property bool ringed: false
 
     signal pressed(int modifiers, bool forMenu)
@@ -43,8 +43,8 @@ Item {
     HoverHandler {
         id: hover
     }
-    // Hides what lies below, which is the same colour: the software renderer goes through all that moves in a list that
-    // is scrolled, cell by cell, and leaves out what is under something opaque.
+    // Opaque, although the background below has the same colour: while a list scrolls, the software renderer processes
+    // every moving cell, but skips whatever is under something opaque.
     Rectangle {
         anchors.fill: parent
         color: Theme.surface

@@ -4,7 +4,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Lists
 
-/// Files in columns: sorted by any of them, several highlighted at once, each with its check box.
+/// Files in columns, sortable by each, with multiple highlighted rows and a check box per row.
 Item {
     id: table
 
@@ -52,7 +52,7 @@ Item {
         rowHeight: Theme.tableRowHeight
         view.objectName: "lists.rows"
         view.reuseItems: true
-        // Rows that are made ahead of time are asked for again when the list has become shorter.
+        // With a cache buffer, the list would request rows that no longer exist after it became shorter.
         view.cacheBuffer: 0
         Accessible.name: table.title
         keys.onMoved: row => table.files.highlight(row)

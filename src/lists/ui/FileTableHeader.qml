@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Lists
 
-/// The titles of the columns: each sorts, and the edge at its right resizes.
+/// The column titles: each sorts, and its right edge resizes the column.
 Rectangle {
     id: header
 

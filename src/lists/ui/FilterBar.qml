@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Lists
 
-/// What a list is narrowed by: its own filters at the left, the name at the right.
+/// The filters of a list: its own on the left, the one by name on the right.
 Rectangle {
     id: bar
 
@@ -10,7 +10,7 @@ Rectangle {
     /// The list's own filters.
     default property alias filters: choices.data
 
-    /// The keyboard goes on to the list.
+    /// Moves the focus to the list.
     signal leaveWanted
 
     implicitHeight: Theme.filterBarHeight

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Lists
 
-/// One filter of a list: what it is, and the choices.
+/// One filter of a list: its label and its choices.
 Row {
     id: choice
 

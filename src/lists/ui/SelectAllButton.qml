@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Lists
 
-/// Selects every file listed, or takes all out of the selection.
+/// Selects all listed files, or deselects them.
 PushButton {
     required property FileListPresenter presenter
 

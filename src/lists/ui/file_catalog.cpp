@@ -43,7 +43,7 @@ void FileCatalog::install(std::shared_ptr<const ListedFiles> files)
 {
     std::shared_ptr<const ListedFiles> former = std::exchange(m_files, std::move(files));
     emit changed();
-    // By now nobody else holds these, and freeing half a million nodes takes long.
+    // Free these in the background: this may be the last reference, and half a million nodes take long.
     m_discards.start([held = std::move(former)] {});
 }
 

@@ -11,9 +11,9 @@
 
 namespace corvane {
 
-/// The files of a store's tree, prepared for lists: once for each state of the tree, however many screens come and go.
-/// Few files are prepared at once; with many that takes part of a second, which goes by in the background while the
-/// former ones stay. Main thread only.
+/// The files of a store's tree, prepared for lists once per state of the tree and shared by all screens. Few files are
+/// prepared synchronously; many take a fraction of a second and are prepared in the background, while the previous ones
+/// remain available. Main thread only.
 class FileCatalog : public QObject {
     Q_OBJECT
 
@@ -21,12 +21,12 @@ public:
     /// More files than this are prepared in the background.
     static constexpr std::size_t mostAtOnce = 20'000;
 
-    /// That of a store, made when it is first asked for; it belongs to the store.
+    /// The catalogue of a store, created on first use and owned by the store.
     [[nodiscard]] static FileCatalog &of(StorageStore &store);
 
-    /// Null as long as the first are being prepared.
+    /// Null until the first files are prepared.
     [[nodiscard]] const std::shared_ptr<const ListedFiles> &files() const { return m_files; }
-    /// Whether there are others, which are not ready yet.
+    /// Whether newer files are still being prepared.
     [[nodiscard]] bool isPreparing() const { return m_job.isLoading(); }
 
 signals:

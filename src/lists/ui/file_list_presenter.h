@@ -16,8 +16,8 @@ namespace corvane {
 
 class FileCatalog;
 
-/// What a screen that lists files shows: which pass its filters, and the words above them. Each kind of list says what
-/// its filters are. Made anew with the screen, its filters begin with their defaults. Main thread only.
+/// The contents of a screen that lists files: those that pass its filters, and the texts above them. Derived presenters
+/// define the filters. Recreated with the screen, so that the filters start with their defaults. Main thread only.
 class FileListPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -40,17 +40,17 @@ public:
     [[nodiscard]] int sizeIndex() const;
     void setSizeIndex(int index);
 
-    /// Empty as long as nothing is known.
+    /// Empty until the files are known.
     [[nodiscard]] QString subtitle() const;
-    /// Files of a new tree are not ready yet.
+    /// Whether the files of a new tree are still being prepared.
     [[nodiscard]] bool isPreparing() const;
-    /// No file passes.
+    /// Whether no file passes the filters.
     [[nodiscard]] bool isEmpty() const;
     [[nodiscard]] bool isAllSelected() const { return m_isAllSelected; }
     [[nodiscard]] QString selectAllText() const;
     [[nodiscard]] FileTableModel *files() { return &m_files; }
 
-    /// Selects every file listed, or takes all out of the selection where all are in it.
+    /// Selects all listed files, or deselects them if all are selected.
     Q_INVOKABLE void toggleAll();
 
 signals:
@@ -63,7 +63,7 @@ protected:
         std::int64_t bytes;
     };
 
-    /// `sizes` must outlive the presenter. A derived presenter calls `refilter` once its filter is there.
+    /// `sizes` must outlive the presenter. A derived presenter calls `refilter` once its filter is constructed.
     FileListPresenter(StorageStore &store, std::span<const SizeChoice> sizes, QObject *parent);
 
     [[nodiscard]] virtual std::int64_t minSize() const = 0;
@@ -73,7 +73,7 @@ protected:
     [[nodiscard]] virtual std::string subtitleOf(std::size_t count, std::int64_t total) const = 0;
     [[nodiscard]] const StorageStore &store() const { return m_store; }
 
-    /// The filter has changed.
+    /// Call when the filter has changed.
     void refilter();
 
 private:

@@ -7,7 +7,7 @@ namespace corvane {
 
 namespace {
 
-constexpr qreal gap = 16; // at the end of a name, which is not shared
+constexpr qreal gap = 16; // after a name; excluded from the shared width
 constexpr qreal wideKindWidth = 160;
 constexpr qreal narrowKindWidth = 120;
 

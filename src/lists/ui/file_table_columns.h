@@ -9,14 +9,14 @@
 
 namespace corvane {
 
-/// How wide the columns of a table of files are, in points: names and locations share what the others leave. Main
+/// The column widths of a table of files, in points: names and locations share what the other columns leave. Main
 /// thread only.
 class FileTableColumns : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    /// Of all columns together.
+    /// The total width of all columns.
     Q_PROPERTY(qreal room READ room WRITE setRoom NOTIFY changed)
-    /// Whether kinds have room for their longest label.
+    /// Whether the kind column has room for its longest label.
     Q_PROPERTY(bool wide READ isWide WRITE setWide NOTIFY changed)
     Q_PROPERTY(qreal nameWidth READ nameWidth NOTIFY changed)
     Q_PROPERTY(qreal sizeWidth READ sizeWidth NOTIFY changed)
@@ -37,7 +37,7 @@ public:
 
     static constexpr qreal leastNameWidth = 120;
     static constexpr qreal leastLocationWidth = 80;
-    static constexpr qreal leastWidth = 64; ///< of the others
+    static constexpr qreal leastWidth = 64; ///< of the other columns
 
     explicit FileTableColumns(QObject *parent = nullptr) : QObject(parent) {}
 
@@ -52,23 +52,23 @@ public:
     [[nodiscard]] qreal modifiedWidth() const { return m_modifiedWidth; }
     [[nodiscard]] qreal locationWidth() const { return shared() - nameWidth(); }
 
-    /// The column's right edge moves by so much, as far as the others let it; those at its left stay where they are.
-    /// The last column, whose edge is the table's, cannot be resized. `column` is a `Title`.
+    /// Moves the column's right edge by `by` points, as far as the columns to its right allow; those to its left do not
+    /// move. The last column's edge is the table's and cannot be moved. `column` is a `Title`.
     Q_INVOKABLE void resize(int column, qreal by);
 
 signals:
     void changed();
 
 private:
-    /// What names and locations share.
+    /// The width that names and locations share.
     [[nodiscard]] qreal shared() const { return m_room - m_sizeWidth - kindWidth() - m_modifiedWidth; }
     void setNameWidth(qreal width);
 
     qreal m_room = 0;
     bool m_isWide = true;
-    qreal m_nameShare = 0.6; ///< of what is shared, gap apart
+    qreal m_nameShare = 0.6; ///< fraction of the shared width, without the gap
     qreal m_sizeWidth = 92;
-    std::optional<qreal> m_kindWidth; ///< as somebody has set it
+    std::optional<qreal> m_kindWidth; ///< if set by the user
     qreal m_modifiedWidth = 108;
 };
 

@@ -23,7 +23,7 @@ FileTableModel::FileTableModel(StorageStore &store, QObject *parent) : RowListMo
 
 void FileTableModel::setRows(std::shared_ptr<const ListedFiles> files, std::vector<const FileNode *> rows)
 {
-    // The former files are the rows' until these are gone.
+    // Keep the previous files alive: the rows refer to them until they are replaced.
     const std::shared_ptr<const ListedFiles> former = std::exchange(m_files, std::move(files));
     const bool isSameTree = former == m_files || !former;
     if (isSameTree) {
@@ -221,7 +221,7 @@ void FileTableModel::highlightAll()
 
 bool FileTableModel::areSelected(const std::vector<const FileNode *> &files) const
 {
-    // The usual answer, at no cost.
+    // Fast path for the usual case.
     if (m_store.selection().empty())
         return false;
     bool isAnySelected = false;

@@ -14,8 +14,8 @@
 
 namespace corvane {
 
-/// The rows of a table of files: what each column says, which are highlighted, and what the selection holds of them.
-/// Which files there are, and in which order, its owner says, who listens to `sortChanged`. Main thread only.
+/// The rows of a table of files: the text of each column, the highlight, and the selection state. The owner provides
+/// the files in their order and handles `sortChanged`. Main thread only.
 class FileTableModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -23,7 +23,7 @@ class FileTableModel : public corvane::RowListModel {
     Q_PROPERTY(int sortColumn READ sortColumn NOTIFY sortChanged) ///< `FileColumn`
     Q_PROPERTY(bool sortDescending READ sortDescending NOTIFY sortChanged)
     Q_PROPERTY(int highlightedCount READ highlightedCount NOTIFY highlightChanged)
-    /// What the context menu of several rows offers.
+    /// The label of the context menu for several rows.
     Q_PROPERTY(QString severalText READ severalText NOTIFY menuChanged)
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
 
@@ -40,13 +40,13 @@ public:
         CheckStateRole, ///< Qt::CheckState
         CheckableRole,
         CheckReasonRole, ///< why it is not checkable
-        DescriptionRole, ///< the row in words
+        DescriptionRole, ///< the row as one text
     };
     Q_ENUM(Role)
 
     explicit FileTableModel(StorageStore &store, QObject *parent = nullptr);
 
-    /// Shows other rows. Where the tree is the same, the list begins anew; else its rows stay where they are.
+    /// Replaces the rows. For the same tree this resets the list; for a new one, rows that remain keep their place.
     void setRows(std::shared_ptr<const ListedFiles> files, std::vector<const FileNode *> rows);
     [[nodiscard]] const std::vector<const FileNode *> &rows() const { return m_rows; }
 
@@ -54,7 +54,8 @@ public:
     [[nodiscard]] FileSort sort() const { return m_sort; }
     [[nodiscard]] int sortColumn() const { return static_cast<int>(m_sort.column); }
     [[nodiscard]] bool sortDescending() const { return m_sort.descending; }
-    /// Sorts by a column, largest first by size and in ascending order by the others; once more, the other way round.
+    /// Sorts by a column, sizes in descending and the others in ascending order; reverses the order if already sorted
+    /// by it.
     Q_INVOKABLE void sortBy(int column);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -63,32 +64,31 @@ public:
 
     // --- The highlight
     [[nodiscard]] int highlightedCount() const { return static_cast<int>(m_highlighted.size()); }
-    /// What a press of a mouse button does: plain, with Ctrl or with Shift; the right button keeps what is highlighted
-    /// where it is pressed on it.
+    /// Handles a mouse press: plain, with Ctrl or with Shift; a right click on a highlighted row keeps the highlight.
     Q_INVOKABLE void press(int row, int modifiers, bool forMenu);
-    /// That row alone.
+    /// Highlights this row only.
     Q_INVOKABLE void highlight(int row);
-    /// All from the row last highlighted or pressed to this one.
+    /// Highlights all rows from the anchor, the row last highlighted or pressed, to this one.
     Q_INVOKABLE void extendTo(int row);
     Q_INVOKABLE void highlightAll();
 
-    // --- Actions, on all highlighted rows where the given one is one of several
-    /// Selects the files, or takes them out of the selection where all are in it; says why where one alone is refused.
+    // --- Actions; they apply to all highlighted rows if the given row is one of several
+    /// Selects the files, or deselects them if all are selected; shows a toast if a single one is refused.
     Q_INVOKABLE void toggle(int row);
-    /// Selects the files; says why where one alone is refused.
+    /// Selects the files; shows a toast if a single one is refused.
     Q_INVOKABLE void select(int row);
-    /// That one alone, whatever is highlighted.
+    /// Toggles this file only, regardless of the highlight.
     Q_INVOKABLE void toggleOne(int row);
-    /// Shows the file in its own program, or a package in the explorer.
+    /// Opens a file in its default application, or a package in the explorer.
     Q_INVOKABLE void open(int row);
-    /// Makes the row the target of the context menu, or all highlighted ones where it is one of them; false where there
-    /// is none.
+    /// Makes the row, or all highlighted rows if it is one of them, the target of the context menu; returns false for
+    /// an invalid row.
     Q_INVOKABLE bool prepareMenu(int row);
     Q_INVOKABLE void toggleHighlighted();
 
-    /// Whether the selection holds every one of the files, without those that may not be selected.
+    /// Whether all files that may be selected are selected.
     [[nodiscard]] bool areSelected() const { return areSelected(m_rows); }
-    /// Selects all files, or takes all out of the selection.
+    /// Selects or deselects all files.
     void setAllSelected(bool selected) { setSelected(m_rows, selected); }
 
     [[nodiscard]] QString severalText() const;
@@ -98,7 +98,7 @@ signals:
     void sortChanged();
     void highlightChanged();
     void menuChanged();
-    /// The list begins anew: its top is to be seen.
+    /// The list was reset and should scroll to its top.
     void startedAnew();
 
 private:
@@ -116,11 +116,11 @@ private:
     [[nodiscard]] QString locationText(const FileNode &file) const;
 
     StorageStore &m_store;
-    std::shared_ptr<const ListedFiles> m_files; // what the rows belong to
+    std::shared_ptr<const ListedFiles> m_files; // keeps the rows' files alive
     std::vector<const FileNode *> m_rows;
     FileSort m_sort;
-    std::unordered_set<const FileNode *> m_highlighted; // of the rows
-    const FileNode *m_anchor = nullptr;                 // of the rows, or null
+    std::unordered_set<const FileNode *> m_highlighted; // subset of the rows
+    const FileNode *m_anchor = nullptr;                 // one of the rows, or null
     NodeActions m_menuTarget{m_store};
     QLocale m_locale;
 };

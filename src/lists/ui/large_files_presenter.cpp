@@ -18,7 +18,7 @@ std::vector<FileType> makeOffered()
     return types;
 }
 
-/// In the order of the choices behind "All types".
+/// In the order of the choices after "All types".
 const std::vector<FileType> &offered()
 {
     static const std::vector<FileType> types = makeOffered();

@@ -9,7 +9,7 @@ namespace corvane {
 class LargeFilesPresenter : public corvane::FileListPresenter {
     Q_OBJECT
     QML_ELEMENT
-    /// The labels of the types, the first for all of them.
+    /// The labels of the types; the first stands for all types.
     Q_PROPERTY(QStringList types READ types CONSTANT)
     Q_PROPERTY(int typeIndex READ typeIndex WRITE setTypeIndex NOTIFY filterChanged)
 

@@ -21,12 +21,12 @@ public:
     METRIC(int, labelGap, 6)
     METRIC(int, filterGap, 16)
 
-    /// At the end of a column; of the figures at their right.
+    /// The gap at the end of a column; for right-aligned figures, after them.
     METRIC(int, columnGap, 16)
     METRIC(int, figureGap, 20)
     METRIC(int, kindGap, 8)
     METRIC(int, caretGap, 4)
-    /// What takes hold of a column's edge, and how far a key moves that.
+    /// The width of the grip at a column's edge, and the distance that a key moves the edge.
     METRIC(int, gripWidth, 9)
     METRIC(int, resizeStep, 8)
 };

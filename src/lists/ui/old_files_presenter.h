@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// "Old Files": everything above a chosen size that was not modified for a chosen time. Main thread only.
+/// "Old Files": everything above a chosen size that has not been modified for a chosen time. Main thread only.
 class OldFilesPresenter : public corvane::FileListPresenter {
     Q_OBJECT
     QML_ELEMENT

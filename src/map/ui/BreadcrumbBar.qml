@@ -5,12 +5,12 @@ import QtQuick.Templates as T
 import Corvane.Shell
 import Corvane.Map
 
-/// The way to the folder shown, one level up, and how many files it holds.
+/// The path of the current folder, a button for one level up, and the folder's number of files.
 HeaderBand {
     id: bar
 
     required property ExplorerPresenter presenter
-    /// The window's own commands, at the right.
+    /// The window's own commands, on the right.
     property Component commands
 
     PushButton {

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Map
 
-/// One folder of the way to the folder shown, with the caret that parts it from the folder before.
+/// One folder of the current path, with the caret that separates it from its parent.
 Row {
     id: crumb
 

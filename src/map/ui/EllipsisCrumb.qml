@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Map
 
-/// Stands for the folders in the middle of a way that is too long.
+/// Replaces the middle folders of a path that is too long.
 Row {
     id: ellipsis
 

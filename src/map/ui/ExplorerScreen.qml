@@ -2,13 +2,13 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Map
 
-/// The Space Map: the way to a folder, its map, and the list of what it holds.
+/// The Space Map: the path of the current folder, its map, and the list of its contents.
 Item {
     id: screen
 
-    /// The window's own commands, shown at the right of the band.
+    /// The window's own commands, shown on the right of the band.
     property alias toolbar: band.commands
-    /// How much of the screen lies beneath the selection bar, at its bottom.
+    /// The height of the screen that the selection bar covers, at its bottom.
     property real coveredHeight: 0
     readonly property bool wide: width >= Theme.wideContentWidth
 

@@ -4,14 +4,14 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Map
 
-/// What the folder shown holds, largest first.
+/// The contents of the current folder, largest first.
 AppList {
     id: list
 
     required property ExplorerPresenter presenter
-    /// The row whose tile lies under the pointer, or -1.
+    /// The row of the tile under the pointer, or -1.
     property int markedRow: -1
-    /// Wide enough for the size of the small files.
+    /// Whether there is room for the total size of the small files.
     property bool wide: true
     /// The row under the pointer, or -1.
     property int hoveredRow: -1

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Map
 
-/// One item of the folder shown, or its small files.
+/// One item of the current folder, or the aggregate of its small files.
 Item {
     id: row
 
@@ -20,11 +20,11 @@ Item {
     required property string checkReason
     required property string description
 
-    /// The map's tile of this row lies under the pointer.
+    /// Whether the pointer is over this row's tile in the map.
     property bool marked: false
-    /// The keyboard works on this row.
+    /// Whether this row shows the keyboard focus.
     property bool ringed: false
-    /// Wide enough for the size of the small files.
+    /// Whether there is room for the total size of the small files.
     property bool wide: true
     readonly property bool hovered: hover.hovered
 

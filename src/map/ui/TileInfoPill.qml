@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Map
 
-/// The small panel beside the pointer: what the tile is, how large, and its share of the folder.
+/// The tool tip of a tile: its name, its size, and its share of the folder.
 Item {
     id: pill
 

@@ -16,8 +16,8 @@ namespace corvane {
 
 namespace {
 
-constexpr double widestCrumb = 240;     // of all but the last
-constexpr double narrowestCurrent = 60; // what the folder shown keeps in any case
+constexpr double widestCrumb = 240;     // for all but the last crumb
+constexpr double narrowestCurrent = 60; // guaranteed width of the current folder
 
 } // namespace
 
@@ -169,7 +169,7 @@ void BreadcrumbModel::open(int row)
 {
     if (row < 0 || row >= rowCount())
         return;
-    // The rows are gone when the store has answered.
+    // The rows may be gone when the store answers.
     const std::shared_ptr<FileNode> folder = m_crumbs[static_cast<std::size_t>(row)].folder;
     m_store.open(folder);
 }

@@ -11,26 +11,25 @@
 
 namespace corvane {
 
-/// The folders from the root of the scan to the folder shown, one row each. Knows how wide each is drawn, so
-/// that where they do not fit, those in the middle make room for an ellipsis, and in the end the last one is
-/// shortened. Main thread only.
+/// The folders from the scan root to the current folder, one row each. Tracks the width of each crumb: if they do not
+/// fit, those in the middle are collapsed into an ellipsis, and finally the last one is elided. Main thread only.
 class BreadcrumbModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
-    /// What the crumbs may take, in points; 0 as long as it is not known.
+    /// The width available for the crumbs, in points; 0 until it is known.
     Q_PROPERTY(double availableWidth READ availableWidth WRITE setAvailableWidth NOTIFY availableWidthChanged)
-    /// The names of the crumbs behind the ellipsis.
+    /// The names of the collapsed crumbs.
     Q_PROPERTY(QStringList collapsedNames READ collapsedNames NOTIFY collapsedChanged)
-    /// The ellipsis in words.
+    /// The description of the ellipsis for screen readers.
     Q_PROPERTY(QString collapsedText READ collapsedText NOTIFY collapsedChanged)
 
 public:
     enum Role {
         NameRole = Qt::UserRole + 1,
-        IconRole,           ///< the root's; empty for all others
-        CurrentRole,        ///< the folder shown
-        CollapsedRole,      ///< behind the ellipsis
-        EllipsisBeforeRole, ///< the ellipsis stands before this one
+        IconRole,           ///< the root's icon; empty for all others
+        CurrentRole,        ///< whether it is the current folder
+        CollapsedRole,      ///< whether it is collapsed into the ellipsis
+        EllipsisBeforeRole, ///< whether the ellipsis precedes this crumb
         WidthRole,          ///< points
     };
     Q_ENUM(Role)
@@ -46,7 +45,7 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// Shows the folder of a row in the explorer.
+    /// Opens the folder of a row in the explorer.
     Q_INVOKABLE void open(int row);
     /// The same for an entry of `collapsedNames`.
     Q_INVOKABLE void openCollapsed(int entry);
@@ -66,7 +65,7 @@ private:
 
     void followFolder();
     void show(std::vector<Crumb> crumbs);
-    /// Gives the crumbs their widths and puts as many behind the ellipsis as do not fit.
+    /// Computes the crumbs' widths and collapses as many as do not fit.
     void fit(std::vector<Crumb> &crumbs) const;
     [[nodiscard]] static double naturalWidth(const Crumb &crumb, bool isRoot, bool isCurrent);
     [[nodiscard]] static double separatorWidth();

@@ -47,7 +47,7 @@ bool ExplorerPresenter::canGoUp() const
 
 QString ExplorerPresenter::upText() const
 {
-    // "⌘↑" on a Mac, where the key's own name is an arrow already.
+    // "⌘↑" on a Mac, where the key's name already is an arrow.
     const QString shortcut = QKeySequence(Qt::CTRL | Qt::Key_Up).toString(QKeySequence::NativeText);
     return QStringLiteral("Up one level (%1)")
         .arg(QString(shortcut).replace(QStringLiteral("Up"), QStringLiteral("↑")));

@@ -8,21 +8,21 @@
 
 namespace corvane {
 
-/// The explorer's sentences and figures, and its way up. Main thread only.
+/// The explorer's texts and figures, and the command to go up. Main thread only.
 class ExplorerPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString folderName READ folderName NOTIFY changed)
     Q_PROPERTY(QString folderSize READ folderSize NOTIFY changed)
     Q_PROPERTY(QString fileCount READ fileCount NOTIFY changed)
-    /// The remark about a scan that was stopped; else empty.
+    /// The note that the scan was stopped; otherwise empty.
     Q_PROPERTY(QString partialText READ partialText NOTIFY changed)
     Q_PROPERTY(bool canGoUp READ canGoUp NOTIFY changed)
     Q_PROPERTY(QString upText READ upText CONSTANT)
-    // What the way and the map are called where they are read out.
+    // The accessible names of the path and the map.
     Q_PROPERTY(QString wayName READ wayName CONSTANT)
     Q_PROPERTY(QString mapName READ mapName CONSTANT)
-    /// The folder shown has no tiles, and what is said in their place.
+    /// Whether the current folder has no tiles, and the text shown instead.
     Q_PROPERTY(bool empty READ isEmpty NOTIFY changed)
     Q_PROPERTY(QString emptySymbol READ emptySymbol NOTIFY changed)
     Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY changed)
@@ -52,7 +52,7 @@ signals:
 private:
     [[nodiscard]] const FileNode *folder() const;
 
-    /// Why the folder shown cannot be read.
+    /// Why the current folder cannot be read.
     [[nodiscard]] QString blockedText() const;
 
     StorageStore &m_store;

@@ -7,8 +7,7 @@ namespace corvane {
 
 namespace {
 
-/// The tile that shows the way from the folder of the layout to one beneath it: that folder's own tile, or
-/// the deepest one on the way to it.
+/// The tile of a folder below the layout's folder, or of its closest ancestor that has one; -1 if there is none.
 int tileTowards(const TreemapLayout &layout, const FileNode *node)
 {
     while (node) {

@@ -12,8 +12,8 @@
 
 namespace corvane {
 
-/// The movement from the map of one folder to that of a folder inside or around it: the tile that stands for
-/// the inner folder grows to the whole map, or the other way round. Main thread only.
+/// The transition between the maps of a folder and one of its descendants: the tile of the inner folder grows to the
+/// whole map, or the reverse. Main thread only.
 class FolderChange : public QObject {
     Q_OBJECT
 
@@ -26,25 +26,24 @@ public:
 
     explicit FolderChange(QObject *parent = nullptr);
 
-    /// The map of a place with all tiles in one colour.
+    /// Paints the map of a place with all tiles in one colour.
     using Paint = std::function<QImage(const Place &place, const Color &color)>;
 
-    /// Begins to lead over from one folder, of which `picture` is the map, to another. Nothing begins where
-    /// neither lies inside the other, or where no movement is wanted.
+    /// Starts a transition from one folder, whose map is `picture`, to another. Does nothing if neither contains the
+    /// other, or if animations are off.
     void start(const Place &from, const Place &to, const QImage &picture, const Paint &paint);
-    /// Ends it at once, if there is one.
+    /// Stops the transition immediately; no-op if there is none.
     void stop();
 
     [[nodiscard]] bool isRunning() const { return m_animation.state() == QAbstractAnimation::Running; }
-    /// The map of the folder that it comes from; null when nothing moves.
+    /// The map of the folder being left; null if no transition is running.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
-    /// The map of the inner folder in the colour of its tile, from which the movement begins; null when nothing
-    /// moves.
+    /// The map of the inner folder in its tile's colour, the first frame of the transition; null if none is running.
     [[nodiscard]] const QImage &tinted() const { return m_tinted; }
-    /// The tile of the inner folder on the map of the outer one.
+    /// The tile of the inner folder in the map of the outer one.
     [[nodiscard]] const QRectF &tile() const { return m_tile; }
     [[nodiscard]] bool isInward() const { return m_isInward; }
-    /// How much of its way that tile has come from its place to the whole map, from 0 to 1.
+    /// The progress of that tile from its place to the whole map, from 0 to 1.
     [[nodiscard]] double part() const;
 
 signals:

@@ -62,7 +62,7 @@ void FolderContentsModel::followTree()
     followFolder();
     if (!m_folder)
         return;
-    m_rows.clear(); // which refer to the names of the nodes
+    m_rows.clear(); // its keys refer to the nodes' names
     setRows(m_nodes, rowsOfFolder(), &std::shared_ptr<FileNode>::get);
     updateFigures();
     announceAll(figureRoles);
@@ -247,7 +247,7 @@ void FolderContentsModel::open(int row)
 {
     if (!nodeAt(row))
         return;
-    // The rows are gone when the store has answered.
+    // The rows may be gone when the store answers.
     const std::shared_ptr<FileNode> target = m_nodes[static_cast<std::size_t>(row)];
     if (opensInMap(target.get()))
         m_store.open(target);

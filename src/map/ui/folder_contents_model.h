@@ -15,9 +15,8 @@
 
 namespace corvane {
 
-/// The contents of the folder shown, one row for each child in the order of the tree, and a last row for its
-/// small files. Another folder resets the model; a change of the tree or of the selection changes rows.
-/// Main thread only.
+/// The contents of the current folder: one row per child in the order of the tree, and a last row for its small files.
+/// Opening another folder resets the model; changes of the tree or of the selection update rows. Main thread only.
 class FolderContentsModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -29,14 +28,14 @@ public:
         ElideRole, ///< Qt::TextElideMode
         SizeTextRole,
         IconKeyRole,  ///< empty for the small files
-        FractionRole, ///< of the largest row, from 0 to 1
+        FractionRole, ///< relative to the largest row, from 0 to 1
         BarColorRole, ///< the colour of the item's tile
-        OpensRole,    ///< a folder or a package
+        OpensRole,    ///< whether it is a folder or a package
         SmallFilesRole,
         CheckStateRole, ///< Qt::CheckState
         CheckableRole,
         CheckReasonRole, ///< why it is not checkable
-        DescriptionRole, ///< the row in words
+        DescriptionRole, ///< the row as one text
     };
     Q_ENUM(Role)
 
@@ -48,23 +47,23 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// What a click does: shows the folder or package of the row in the explorer.
+    /// Handles a click: opens the folder or package of the row in the explorer.
     Q_INVOKABLE void click(int row);
-    /// What the second click of a double click does: opens the file that was clicked. After the first one a folder
-    /// is shown, and the second one would hit whatever stands in its place by then.
+    /// Handles the second click of a double click: opens the file that was clicked. If the first click opened a folder,
+    /// the second one hits an unrelated row and is ignored.
     Q_INVOKABLE void doubleClick(int row);
-    /// Shows a folder or package in the explorer, and a file in its own program.
+    /// Opens a folder or package in the explorer, and a file in its default application.
     Q_INVOKABLE void open(int row);
-    /// Selects the row's item, or takes it out of the selection; says why where that is refused.
+    /// Toggles the selection of the row's item; shows a toast if that is refused.
     Q_INVOKABLE void toggle(int row);
-    /// Selects the row's item; says why where that is refused.
+    /// Selects the row's item; shows a toast if that is refused.
     Q_INVOKABLE void select(int row);
     Q_INVOKABLE void selectAll();
-    /// Makes the row's item the target of the context menu; false where there is no item.
+    /// Makes the row's item the target of the context menu; returns false if the row has none.
     Q_INVOKABLE bool prepareMenu(int row);
 
 signals:
-    /// Another folder is shown; the row is that of the folder one came from, else the first.
+    /// Another folder is shown; `row` is that of the previous folder, or else the first.
     void folderShown(int row);
 
 private:
@@ -85,9 +84,9 @@ private:
     std::shared_ptr<FileNode> m_folder;
     std::vector<std::shared_ptr<FileNode>> m_nodes; ///< one for each row; null for the small files
     std::int64_t m_largest = 0;
-    std::unordered_map<const FileNode *, int> m_places; ///< in the map, which gives folders their colour
+    std::unordered_map<const FileNode *, int> m_places; ///< positions in the map, which determine the folders' colours
     FolderSelection m_selection;
-    std::unordered_map<std::string_view, int> m_rows; ///< by name; empty until asked for
+    std::unordered_map<std::string_view, int> m_rows; ///< by name; built on first use
     std::weak_ptr<FileNode> m_clicked;                ///< the last item that was clicked
     NodeActions m_menuTarget{m_store};
 };

@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// The sizes, in points, that only the explorer has.
+/// Sizes, in points, that only the explorer uses.
 class MapMetrics : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -19,7 +19,7 @@ QPainterPath rounded(const QRectF &rect, double radius)
     return path;
 }
 
-/// How far the picture reaches beyond the rectangle, in device pixels.
+/// How far the ring extends beyond the rectangle, in device pixels.
 int reach(const RingStyle &style, double devicePixelRatio)
 {
     return static_cast<int>(std::ceil(style.outer * devicePixelRatio));
@@ -70,7 +70,7 @@ void RingNode::show(const QRectF &rect, double cornerRadius, const RingStyle &st
                 part->setTexture(m_texture.get());
                 continue;
             }
-            // Complete before it joins the scene: the software renderer looks at its texture at once.
+            // Set up the node before adding it to the scene: the software renderer reads its texture immediately.
             part = m_window.createImageNode();
             part->setFiltering(QSGTexture::Nearest);
             part->setTexture(m_texture.get());
@@ -78,7 +78,7 @@ void RingNode::show(const QRectF &rect, double cornerRadius, const RingStyle &st
         }
     }
 
-    // The middle row and column are one pixel of the picture, stretched.
+    // The middle row and column are a single pixel, stretched.
     const auto slices = [](int source, int target) {
         const int before = (source - 1) / 2;
         const int after = source - 1 - before;
@@ -96,7 +96,7 @@ void RingNode::show(const QRectF &rect, double cornerRadius, const RingStyle &st
             QSGImageNode *part = m_parts[row * 3 + column];
             const QRectF target(origin + QPointF(x, y) / devicePixelRatio, QSizeF(width, height) / devicePixelRatio);
             const QRectF source(sourceX, sourceY, sourceWidth, sourceHeight);
-            // What is set counts as new and is drawn again, also where it is the same.
+            // Setting a value marks the node dirty even if the value is unchanged.
             if (part->rect() == target && part->sourceRect() == source)
                 continue;
             part->setSourceRect(source);

@@ -14,7 +14,7 @@ class QSGImageNode;
 
 namespace corvane {
 
-/// A ring around a rectangle: one line inside its edge, one outside.
+/// A ring around a rectangle: one line inside its edge and one outside.
 struct RingStyle {
     double inner = 0; ///< points
     QColor innerColor;
@@ -24,15 +24,15 @@ struct RingStyle {
     friend bool operator==(const RingStyle &, const RingStyle &) = default;
 };
 
-/// Draws a ring as nine parts of a small picture, so that moving it costs nothing, however large the
-/// rectangle. A transform node, because the software renderer draws the later children of a plain one without
-/// the item's offset. Render thread, as every node.
+/// Draws a ring as nine slices of a small texture, so that moving it is cheap for a rectangle of any size. A transform
+/// node, because with a plain one the software renderer ignores the item's offset for all but the first child. Render
+/// thread only.
 class RingNode : public QSGTransformNode {
 public:
     explicit RingNode(QQuickWindow &window);
     ~RingNode() override;
 
-    /// `rect` lies on whole device pixels.
+    /// `rect` must be aligned to device pixels.
     void show(const QRectF &rect, double cornerRadius, const RingStyle &style, double devicePixelRatio);
     void hide();
 
@@ -48,7 +48,7 @@ private:
     [[nodiscard]] static QImage paint(const Picture &picture);
 
     QQuickWindow &m_window;
-    std::array<QSGImageNode *, 9> m_parts{}; ///< row by row; owned as child nodes, made with the first picture
+    std::array<QSGImageNode *, 9> m_parts{}; ///< row by row; owned as child nodes, created with the first texture
     std::unique_ptr<QSGTexture> m_texture;
     Picture m_picture;
 };

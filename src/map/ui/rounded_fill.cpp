@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-/// @param share of `above`, of 255
+/// @param share of `above`, from 0 to 255
 QRgb mixed(QRgb above, QRgb below, int share)
 {
     const auto channel = [&](int ofAbove, int ofBelow) {

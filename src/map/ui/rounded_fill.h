@@ -8,21 +8,21 @@
 
 namespace corvane {
 
-/// Fills rectangles with round corners as QPainter does with antialiasing, in a third of its time for tiles of 24 pixels
-/// and half of it for 60: QPainter makes a path of each, this asks it once for the coverage of a corner.
+/// Fills rectangles with rounded corners like QPainter with antialiasing, in a third of its time for tiles of 24 pixels
+/// and half of it for 60: QPainter builds a path for each, this class renders a corner's coverage mask once.
 class RoundedFill {
 public:
-    /// @param picture premultiplied 32-bit colours; nothing else draws into it meanwhile
+    /// @param picture premultiplied 32-bit colours; nothing else may draw into it meanwhile
     explicit RoundedFill(QImage &picture) : m_picture(picture) {}
 
-    /// What lies outside the picture is left out.
-    /// @param pixels of the picture, whatever its device pixel ratio
+    /// Clipped to the picture.
+    /// @param pixels in device pixels of the picture
     /// @param radius of the corners, in pixels
     /// @param color  opaque
     void fill(const QRect &pixels, double radius, QRgb color);
 
 private:
-    /// How much of each pixel of the top left corner is inside, of 255.
+    /// The coverage of each pixel of the top left corner, from 0 to 255.
     struct Corner {
         int size = 0; ///< pixels along each edge
         std::vector<int> coverage;

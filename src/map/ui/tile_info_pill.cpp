@@ -11,7 +11,7 @@ namespace {
 
 constexpr QPointF pointerGap{14, 18};
 
-/// Along one axis: after the pointer, else before it, else as far in as it goes.
+/// The position along one axis: after the pointer, else before it, else as close as the bounds allow.
 double placed(double pointer, double gap, double length, double start, double end)
 {
     if (pointer + gap + length <= end)

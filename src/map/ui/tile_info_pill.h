@@ -11,19 +11,19 @@
 
 namespace corvane {
 
-/// What the small panel beside the pointer says of a tile.
+/// The contents of a tile's tool tip.
 struct TileInfoPill {
     QString title;
     std::int64_t size = 0;
-    bool opens = false; ///< a folder or a package
+    bool opens = false; ///< whether it is a folder or a package
 
     explicit TileInfoPill(const TreemapTile &tile);
 
-    /// The second line. `percent` is the tile's share of the folder shown.
+    /// The second line. `percent` is the tile's share of the current folder.
     [[nodiscard]] QString info(double percent) const;
 
-    /// Where the panel stands for a pointer: below and to the right of it, on the other side where it would
-    /// leave `bounds`, and never outside them.
+    /// The position of the panel for a pointer: below and to the right, on the other side if it would leave `bounds`,
+    /// and always inside them.
     [[nodiscard]] static QPointF place(QPointF pointer, QSizeF panel, const QRectF &bounds);
 };
 

@@ -2,16 +2,16 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Overview
 
-/// The title of a card, a line about it, and where it leads.
+/// The header of a card: title, a line of text, and a link.
 Item {
     id: head
 
     required property string title
     required property string detail
     property bool large: false
-    /// Work is going on that the line is about.
+    /// Whether the line describes work in progress.
     property bool busy: false
-    /// Stands at the right.
+    /// The content on the right.
     property alias trailing: place.data
 
     implicitHeight: OverviewMetrics.headTop + heading.height + Theme.secondaryLine + OverviewMetrics.headBottom

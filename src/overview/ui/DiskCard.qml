@@ -2,12 +2,12 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Overview
 
-/// The startup volume, and in its lower row what is known of the used part.
+/// The startup volume, with a summary of its used part in the lower row.
 OverviewBox {
     id: card
 
     required property OverviewPresenter presenter
-    /// What is known of the used part, in one row; the screen of the breakdown has it.
+    /// The summary of the used part, in one row; provided by the breakdown's module.
     property Component breakdown
 
     contentHeight: summary.y + summary.height

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// A large figure with its name behind it.
+/// A large figure followed by its label.
 Item {
     id: figure
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Overview
 
-/// What the scan found, in cards of one height: with the quick wins where there is room for three.
+/// The results of the scan, in cards of equal height; includes the quick wins if three cards fit.
 Item {
     id: cards
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// The program may not read everything: what that means and what to do about it.
+/// Says that the program lacks full disk access, what that means and how to grant it.
 Rectangle {
     id: banner
 

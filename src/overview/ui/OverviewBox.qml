@@ -1,12 +1,12 @@
 import QtQuick
 import Corvane.Shell
 
-/// The ground of a card. What stands on it lies inside the outline.
+/// The background of a card. Its content is inside the outline.
 Rectangle {
     id: box
 
     default property alias content: inside.data
-    /// The height of what stands on it.
+    /// The height of the content.
     required property real contentHeight
 
     implicitHeight: contentHeight + 2 * Theme.hairlineWidth

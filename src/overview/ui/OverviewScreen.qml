@@ -3,14 +3,14 @@ import Corvane.Shell
 import Corvane.Window
 import Corvane.Overview
 
-/// The first screen: the volume, the scan or the ways to one, what it found, and what could be cleared at once.
-/// Each thing keeps its place from one state to the next.
+/// The first screen: the volume, the scan or the ways to start one, its results, and what can be cleared right away.
+/// Cards keep their positions from one state to the next.
 Rectangle {
     id: screen
 
-    /// The window's own commands, shown at the right of the header.
+    /// The window's own commands, shown on the right of the header.
     property Component toolbar
-    /// The row of the disk's card that tells of the breakdown.
+    /// The summary of the breakdown for the disk card.
     property Component breakdown
     readonly property bool wide: width >= Theme.wideContentWidth
 

@@ -2,8 +2,8 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Overview
 
-/// One location that may be cleared at once. A press leads where that is done; for the keyboard the card's button
-/// does.
+/// One location that can be cleared right away. A press opens the screen for that; keyboard users have the card's
+/// button.
 Item {
     id: win
 
@@ -13,7 +13,7 @@ Item {
     required property string symbol
     required property int tint
     required property string description
-    /// With the size beside the title and the count below, instead of the size alone.
+    /// Shows the size beside the title and the count below, instead of the size alone.
     property bool tall: false
 
     signal activated

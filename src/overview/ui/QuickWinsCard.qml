@@ -4,7 +4,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Overview
 
-/// What may be cleared at once: as a column of rows, or as a band over the whole width.
+/// What can be cleared right away: as a column of rows, or as a band across the whole width.
 OverviewBox {
     id: card
 
@@ -20,7 +20,7 @@ OverviewBox {
 
         width: parent.width
         title: qsTr("Quick wins")
-        // In the column the words of a tidy card stand in its middle.
+        // In a column, the text of a card with nothing to clear is centred instead.
         detail: card.tall && card.presenter.tidy ? "" : card.presenter.quickWinsText
         busy: card.presenter.measuring
         trailing: PillButton {
@@ -38,7 +38,7 @@ OverviewBox {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.margins: Theme.boxPadding
-        // Between the head and the footer.
+        // Centred between the header and the footer.
         y: head.height + Math.round((parent.height - head.height - card.bottomHeight - height) / 2)
         spacing: Theme.space8
         visible: card.tall && card.presenter.tidy

@@ -9,7 +9,7 @@ ButtonBase {
     required property string note
     required property string symbol
     property string iconName
-    /// The one that most people want.
+    /// The recommended choice.
     property bool preferred: false
 
     implicitHeight: OverviewMetrics.choiceHeight

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Overview
 
-/// A figure that leads to what it counts.
+/// A figure that links to the items it counts.
 ButtonBase {
     id: link
 
@@ -25,7 +25,7 @@ ButtonBase {
         ruled: true
         Accessible.ignored: true
     }
-    // Tells it from a figure that leads nowhere.
+    // Distinguishes it from a figure without a link.
     Icon {
         anchors.right: parent.right
         anchors.rightMargin: Theme.boxPadding

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Overview
 
-/// What the last scan found.
+/// The totals of the last scan.
 OverviewBox {
     id: card
 

@@ -14,7 +14,7 @@ Item {
     required property real fraction
     required property int elideMode
     required property string description
-    /// The keyboard works on this row.
+    /// Whether this row shows the keyboard focus.
     property bool ringed: false
 
     signal pressed

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Overview
 
-/// What the files of one type come to. A press shows the large ones of them, where the type is one of files.
+/// The total size of one type. A press lists its large files, if it is a type of files.
 Item {
     id: row
 
@@ -12,7 +12,7 @@ Item {
     required property color color
     required property bool leads
     required property string description
-    /// The keyboard works on this row.
+    /// Whether this row shows the keyboard focus.
     property bool ringed: false
 
     signal pressed

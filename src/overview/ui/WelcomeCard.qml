@@ -3,7 +3,7 @@ import Corvane.Shell
 import Corvane.Window
 import Corvane.Overview
 
-/// The ways to scan, before the first one.
+/// The ways to scan, shown before the first scan.
 OverviewBox {
     id: card
 

@@ -28,7 +28,7 @@ public:
     METRIC(int, choiceRadius, 8)
     METRIC(double, choiceAccent, 0.55)
 
-    /// The share of the scan's own figure in its box, beside two of 1.
+    /// The relative width of the scanned size in its box, next to two figures of 1.
     METRIC(double, scannedShare, 2.2)
 
     METRIC(int, typesBarHeight, 12)
@@ -41,7 +41,7 @@ public:
     METRIC(int, winBadgeSize, 28)
     METRIC(int, rowsBottom, 10)
 
-    /// The shares of the three cards side by side.
+    /// The relative widths of the three cards in a row.
     METRIC(double, typesShare, 1.0 / 3)
     METRIC(double, foldersShare, 0.36)
     METRIC(double, winsShare, 0.92 / 3)

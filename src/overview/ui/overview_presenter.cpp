@@ -163,7 +163,7 @@ void OverviewPresenter::followTree()
 
     std::vector<OverviewRow> items;
     if (const FileNode *const folder = root()) {
-        // The map gives folders their colours by their places in it.
+        // Folders have the colours of their positions in the map.
         std::unordered_map<const FileNode *, int> places;
         for (const TreemapItem &item : TreemapBuilder::items(*folder, TreemapBuilder::topLimit))
             places.emplace(item.node.get(), static_cast<int>(places.size()));
@@ -271,7 +271,7 @@ void OverviewPresenter::seeAll()
     m_store.showInMap(std::shared_ptr<FileNode>(m_store.root()));
 }
 
-// --- What could be cleared
+// --- Quick wins
 
 void OverviewPresenter::followCleanup()
 {

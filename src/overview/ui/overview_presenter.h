@@ -14,7 +14,7 @@
 
 namespace corvane {
 
-/// What the overview's cards say, and where they lead. Reads the store, changes nothing. Main thread only.
+/// The texts of the overview's cards, and their links. Reads the store without changing it. Main thread only.
 class OverviewPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -24,7 +24,7 @@ class OverviewPresenter : public QObject {
     Q_PROPERTY(bool needsAccess READ needsAccess NOTIFY changed)
     Q_PROPERTY(QString accessTitle READ accessTitle NOTIFY changed)
     Q_PROPERTY(QString accessText READ accessText NOTIFY changed)
-    /// Whether the access is granted in the system's settings.
+    /// Whether full disk access is granted in the system's settings.
     Q_PROPERTY(bool hasAccessSettings READ hasAccessSettings NOTIFY changed)
     // The volume.
     Q_PROPERTY(QString volumeName READ volumeName NOTIFY changed)
@@ -47,9 +47,9 @@ class OverviewPresenter : public QObject {
     Q_PROPERTY(QString topFigures READ topFigures NOTIFY changed)
     Q_PROPERTY(corvane::OverviewRowsModel *topItems READ topItems CONSTANT)
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
-    // What could be cleared at once.
+    // What can be cleared right away.
     Q_PROPERTY(QString quickWinsText READ quickWinsText NOTIFY changed)
-    /// The catalogue's figures are known, and nothing may be cleared at once.
+    /// Whether the catalogue has been measured and nothing can be cleared right away.
     Q_PROPERTY(bool tidy READ isTidy NOTIFY changed)
     Q_PROPERTY(bool measuring READ isMeasuring NOTIFY changed)
     Q_PROPERTY(corvane::OverviewRowsModel *quickWins READ quickWins CONSTANT)
@@ -57,7 +57,7 @@ class OverviewPresenter : public QObject {
 public:
     static constexpr std::size_t topItemsListed = 8;
     static constexpr std::size_t quickWinsListed = 4;
-    /// Larger files are counted as large: 100 MB, a byte less.
+    /// Larger files count as large: one byte less than 100 MB, so that 100 MB does.
     static constexpr std::int64_t largeFileLimit = 99'999'999;
 
     explicit OverviewPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
@@ -89,23 +89,23 @@ public:
     [[nodiscard]] QString topFigures() const;
     [[nodiscard]] OverviewRowsModel *topItems() { return &m_topItems; }
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
-    /// Empty before the first measurement has begun.
+    /// Empty until the first measurement has started.
     [[nodiscard]] QString quickWinsText() const;
     [[nodiscard]] bool isTidy() const;
-    /// The catalogue is being measured for the first time; that waits until the user has read what for.
+    /// Whether the catalogue is being measured for the first time; that starts only after the user has read why.
     [[nodiscard]] bool isMeasuring() const;
     [[nodiscard]] OverviewRowsModel *quickWins() { return &m_quickWins; }
 
     Q_INVOKABLE void openLargeFiles();
-    /// Shows the large files of a type.
+    /// Lists the large files of a type.
     Q_INVOKABLE void openType(int row);
-    /// Shows one of the biggest items in the map; a file in its folder.
+    /// Shows one of the biggest items in the map; for a file, its folder.
     Q_INVOKABLE void openTopItem(int row);
-    /// Selects one of the biggest items for removal; says why where that is refused.
+    /// Selects one of the biggest items for removal; shows a toast if that is refused.
     Q_INVOKABLE void selectTopItem(int row);
-    /// Makes one of the biggest items the target of the context menu; false where there is no item.
+    /// Makes one of the biggest items the target of the context menu; returns false if there is no such item.
     Q_INVOKABLE bool prepareMenu(int row);
-    /// Shows all of the scanned folder in the map.
+    /// Shows the whole scanned folder in the map.
     Q_INVOKABLE void seeAll();
     Q_INVOKABLE void openCleanup();
     Q_INVOKABLE void openAccessSettings();
@@ -122,7 +122,7 @@ private:
     [[nodiscard]] QString scannedName() const;
 
     StorageStore &m_store;
-    QTimer m_clock; // how long ago the scan was
+    QTimer m_clock; // updates how long ago the scan was
     QList<StackedBarPart> m_typeParts;
     OverviewRowsModel m_types;
     OverviewRowsModel m_topItems;

@@ -9,24 +9,24 @@
 
 namespace corvane {
 
-/// One row of an overview card; a card shows of it what it has room for.
+/// One row of an overview card; a card shows as many as fit.
 struct OverviewRow {
-    QString id; ///< what the row stands for, unlike any other of its list
+    QString id; ///< the row's identity, unique within its list
     QString title;
     QString sizeText;
     QString countText = {};
-    QString symbol = {};  ///< of what the catalogue lists
-    QString iconKey = {}; ///< of files and folders
+    QString symbol = {};  ///< for items of the catalogue
+    QString iconKey = {}; ///< for files and folders
     QColor color = {};
-    int tint = 0;        ///< the place of its colour among the catalogue's
-    double fraction = 0; ///< of the largest row, from 0 to 1
+    int tint = 0;        ///< its colour's index in the catalogue
+    double fraction = 0; ///< relative to the largest row, from 0 to 1
     int elideMode = Qt::ElideRight;
-    bool leads = true; ///< somewhere; else the row is no stop of the keyboard
+    bool leads = true; ///< whether it is a link; otherwise the keyboard skips the row
 
     friend bool operator==(const OverviewRow &, const OverviewRow &) = default;
 };
 
-/// The few rows of one card. New rows take the place of the old ones row by row. Main thread only.
+/// The few rows of one card. New rows replace the old ones one by one. Main thread only.
 class OverviewRowsModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -44,7 +44,7 @@ public:
         FractionRole,
         ElideRole, ///< Qt::TextElideMode
         LeadsRole,
-        DescriptionRole, ///< the row in words
+        DescriptionRole, ///< the row as one text
     };
     Q_ENUM(Role)
 

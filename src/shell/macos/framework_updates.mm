@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-/// A value of the bundle's property list; empty where it is not there or no text.
+/// A string from the bundle's property list; empty if it is missing or not a string.
 QString bundleText(NSString *key)
 {
     return guardedAnswer(QString(), [key] {
@@ -24,7 +24,7 @@ UpdateConfiguration UpdateConfiguration::ofThisBuild()
     return {bundleText(@"SUFeedURL"), bundleText(@"SUPublicEDKey")};
 }
 
-// The framework reads the property list itself, and keeps the settings.
+// The framework reads the property list itself and stores the settings.
 std::unique_ptr<UpdateController> makeUpdateController(const UpdateConfiguration &, UserDefaults &)
 {
     return std::make_unique<SparkleController>();

@@ -3,13 +3,13 @@
 
 namespace corvane {
 
-// Nothing else installs on a Mac what the framework would, so a build without it has no updates.
+// On a Mac only the framework can install updates, so a build without it has none.
 UpdateConfiguration UpdateConfiguration::ofThisBuild()
 {
     return {};
 }
 
-// Never started, as the build is not configured.
+// Never started because the build is not configured for updates.
 std::unique_ptr<UpdateController> makeUpdateController(const UpdateConfiguration &, UserDefaults &defaults)
 {
     return std::make_unique<FeedController>(FeedSession::Options(), defaults, FeedController::Clock());

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// Updates by the update framework, which has windows of its own and keeps its settings itself. Made after the
+/// Updates through the update framework, which has its own windows and stores its own settings. Create it after the
 /// application object; main thread only.
 class SparkleController final : public UpdateController {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
     void setAutomaticallyDownloadsUpdates(bool automatically) override;
 
 private:
-    struct Framework; // what is Objective-C
+    struct Framework; // hides the Objective-C types
     const std::unique_ptr<Framework> m_framework;
 };
 

@@ -8,7 +8,7 @@
 
 #include "platform/macos/foundation_bridge.h"
 
-// Tells what happens to the updater's properties, on the main thread, until it is stopped.
+// Reports changes of the updater's properties on the main thread, until stopped.
 @interface CorvaneUpdaterObserver : NSObject
 - (instancetype)initWithUpdater:(SPUUpdater *)updater changed:(std::function<void(NSString *)>)changed;
 - (void)stop;

@@ -1,21 +1,21 @@
 import QtQuick
 import Corvane.Shell
 
-/// A question with two answers, or three. Return gives the default one, Escape cancels. Where the answer cannot be
+/// A question with two or three answers. Return chooses the default one, Escape cancels. If the action cannot be
 /// undone, or what it sends cannot be taken back, "Cancel" is the default.
 Sheet {
     id: alert
 
     property string message
-    /// A line before the message, such as the names of what the question is about.
+    /// A line above the message, such as the names of the affected items.
     property string detail
     required property string confirmText
     property string cancelText: qsTr("Cancel")
-    /// Of a third answer; empty for none.
+    /// The label of a third button; empty for none.
     property string otherText
-    /// Of the application that the question is about; empty for others.
+    /// The icon of the application in question; empty for other questions.
     property string iconKey
-    /// What the answer does cannot be undone.
+    /// The action cannot be undone.
     property bool destructive: false
     /// Cancelling is the default.
     property bool cautious: destructive

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// The inside of an alert: sign, question, explanation and the answers.
+/// The content of an alert: icon, question, explanation and buttons.
 FocusScope {
     id: body
 
@@ -31,7 +31,7 @@ FocusScope {
     Accessible.name: title
     Accessible.description: detail === "" ? message : detail + ". " + message
 
-    // From wherever the keyboard is: Return gives the default answer.
+    // Return chooses the default answer, whichever control has the focus.
     Keys.onReturnPressed: defaultButton.clicked()
     Keys.onEnterPressed: defaultButton.clicked()
 
@@ -141,7 +141,7 @@ FocusScope {
             text: body.confirmText
             danger: body.destructive
             primary: !body.destructive
-            // What cannot be undone is not the answer to a Return too many.
+            // An accidental extra Return must not trigger an action that cannot be undone.
             returnPresses: !body.destructive
             onClicked: body.confirmed()
         }

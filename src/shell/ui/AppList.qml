@@ -2,34 +2,34 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// A list: one stop for Tab, in which the arrows, Home and End and the page keys move and typing finds. What the other
-/// keys do the screen says, as in `keys.onOpenWanted: row => model.open(row)`; `ListKeys` has them all.
+/// A list that is a single Tab stop: the arrows, Home, End and the page keys move, and typing searches. The screen
+/// handles the other keys, as in `keys.onOpenWanted: row => model.open(row)`; see `ListKeys`.
 KeyboardItem {
     id: list
 
-    /// A QAbstractItemModel; rows that are not enabled are no stops of the keyboard.
+    /// A QAbstractItemModel; the keyboard skips rows that are not enabled.
     property alias model: keys.model
     property alias delegate: view.delegate
-    /// The row that the keyboard is at. A delegate has its ring where it is this one and `visualFocus` is true.
+    /// The row that the keyboard is on. A delegate draws its focus ring if it is this row and `visualFocus` is true.
     property alias currentIndex: view.currentIndex
     property alias keys: keys
     property alias view: view
-    /// Of most rows: the page keys move by as many as are seen.
+    /// The height of most rows; the page keys move by the number of visible rows.
     required property real rowHeight
-    /// What is left free above the rows.
+    /// The height left free above the rows.
     property real headHeight: 0
 
-    /// Makes a row the current one and brings it into sight.
+    /// Makes a row current and scrolls it into view.
     function goTo(row: int) {
         view.currentIndex = row;
         view.positionViewAtIndex(row, ListView.Contain);
-        // The ends with their margins, and with what stands before the first row that can be used.
+        // Scroll all the way at either end, including the margins and anything before the first enabled row.
         if (row === keys.firstRow())
             view.contentY = view.originY - view.topMargin;
         else if (row === keys.lastRow() && view.contentHeight > view.height)
             view.contentY = view.originY + view.contentHeight + view.bottomMargin - view.height;
     }
-    /// What a press of the pointer on a row does.
+    /// Handles a mouse press on a row.
     function point(row: int) {
         usePointer();
         view.currentIndex = row;
@@ -45,7 +45,7 @@ KeyboardItem {
 
         target: list
         current: view.currentIndex
-        // A list that is as high as its rows leaves the page keys to the page that it stands on.
+        // A list as tall as its content does not scroll, so the page keys belong to the page around it.
         page: view.interactive ? Math.floor(view.height / list.rowHeight) : 0
         onMoved: row => list.goTo(row)
     }

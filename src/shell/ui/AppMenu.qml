@@ -23,13 +23,13 @@ T.Menu {
     contentItem: ListView {
         implicitHeight: contentHeight
         model: menu.contentModel
-        // Taller than the window.
+        // Only when taller than the window.
         interactive: contentHeight > height
         clip: interactive
         T.ScrollBar.vertical: AppScrollBar {
             policy: size < 1 ? T.ScrollBar.AlwaysOn : T.ScrollBar.AsNeeded
         }
-        // The menu moves the keyboard itself; a current row of the list would take it once more.
+        // The menu handles keys itself; with a current row the list would handle them a second time.
         currentIndex: -1
     }
     onCurrentIndexChanged: {

@@ -6,7 +6,7 @@ import Corvane.Shell
 T.MenuItem {
     id: item
 
-    /// What gives the command too.
+    /// The command's keyboard shortcut.
     property var keys: action ? action.shortcut : ""
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// A thin bar that shows where a list stands, while it moves or the pointer is at it.
+/// A thin scroll bar, visible while the list moves or the pointer is over the bar.
 T.ScrollBar {
     id: bar
 

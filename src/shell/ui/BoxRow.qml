@@ -1,26 +1,26 @@
 import QtQuick
 import Corvane.Shell
 
-/// One row of a grouped box: its part of the box's outline, and what every row answers to. The first and the last
-/// row have the box's corners.
+/// One row of a grouped box: its part of the outline, and the input that every row handles. The first and last row have
+/// the box's rounded corners.
 Item {
     id: row
 
-    /// Fills the room inside the outline.
+    /// Fills the area inside the outline.
     default property alias content: body.data
     required property bool startsBox
     required property bool endsBox
     /// The height of the content.
     required property int bodyHeight
     required property string description
-    /// How much of the row is to be seen, from 0 to 1.
+    /// The visible fraction of the row's height, from 0 to 1.
     property real part: 1
     property bool ruled: !startsBox
-    /// Lies inside the row above it.
+    /// Indented below the row above it.
     property bool nested: false
-    /// Whether a press does something; else a double click does.
+    /// Whether a single press activates the row; otherwise a double click does.
     property bool presses: true
-    /// The keyboard works on this row.
+    /// Whether this row shows the keyboard focus.
     property bool ringed: false
     readonly property bool hovered: hover.hovered
 
@@ -46,7 +46,7 @@ Item {
         anchors.rightMargin: Theme.pageMargin
         clip: true
 
-        // Beyond the row where the box goes on, so that the clip cuts it straight.
+        // Extends past the row where the box continues, so that the clip cuts it straight.
         Rectangle {
             y: row.startsBox ? 0 : -Theme.radiusBox
             width: parent.width

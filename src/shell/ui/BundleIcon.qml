@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Window
 import Corvane.Shell
 
-/// The icon of an application, by the key that C++ makes for its bundle. Comes when it has been read; its place is kept
-/// until then. The name beside it says what it is.
+/// The icon of an application, by the key that C++ makes for its bundle. Loaded asynchronously; its space is reserved
+/// until then. Not accessible: the label beside it names the application.
 Image {
     id: icon
 

@@ -2,16 +2,16 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// What every button has: Space and Return press it, it says what it is, and it shows the keyboard's focus.
+/// The base of every button: Space and Return press it, it has an accessible name, and it shows the keyboard focus.
 T.AbstractButton {
     id: control
 
     /// The corner radius that the focus ring follows.
     property real cornerRadius: Theme.radiusControl
-    /// Whether Return does what Space does.
+    /// Whether Return presses the button as Space does.
     property bool returnPresses: true
 
-    // Whole points: edges fall between pixels otherwise.
+    // Round up to whole points, or edges fall between pixels.
     implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: Theme.controlHeight
     focusPolicy: Qt.StrongFocus

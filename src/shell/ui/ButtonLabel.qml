@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// The inside of a button: an icon (or the sign of work going on) before the text, a caret behind it.
+/// The content of a button: an icon (or a busy indicator) before the text, a caret after it.
 Item {
     id: label
 

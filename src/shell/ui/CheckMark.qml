@@ -1,13 +1,13 @@
 import QtQuick
 import Corvane.Shell
 
-/// The box of everything that can be checked.
+/// The box drawn by everything that can be checked.
 Rectangle {
     id: box
 
     /// Qt.Unchecked, Qt.PartiallyChecked or Qt.Checked.
     required property int checkState
-    /// Whether the keyboard works on what it belongs to.
+    /// Whether the owner has the keyboard focus.
     required property bool ringed
 
     readonly property bool marked: checkState !== Qt.Unchecked

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// A command that can be read and selected, not changed. One that is too long is cut off until it is selected.
+/// A read-only command that can be selected. If it is too long, it is elided until it is selected.
 T.TextField {
     id: field
 

@@ -1,14 +1,14 @@
 import QtQuick
 import Corvane.Shell
 
-/// Puts a command on the clipboard and says so for a while.
+/// Copies a command to the clipboard and confirms that for a moment.
 PushButton {
     id: button
 
     required property CommandClipboard clipboard
     required property string label
     required property string command
-    /// 0 for that of the label.
+    /// 0 for the label's own width.
     property int fixedWidth: 0
 
     done: clipboard.copied === command
@@ -16,6 +16,6 @@ PushButton {
     symbol: done ? "checkmark" : "doc.on.clipboard"
     Accessible.description: command
     onClicked: clipboard.copy(command)
-    // The other text leaves what stands beside the button in its place.
+    // Keep the width when the text changes, so that neighbouring items do not move.
     Component.onCompleted: width = fixedWidth > 0 ? fixedWidth : implicitWidth
 }

@@ -1,14 +1,14 @@
 import QtQuick
 import Corvane.Shell
 
-/// What a screen shows when it has nothing to list: why, and what to do about it. Fills its parent.
+/// Shown when a screen has nothing to list: the reason, and what to do about it. Fills its parent.
 Item {
     id: view
 
     required property string symbol
     required property string title
     property string message
-    /// The text of the button; without it there is none.
+    /// The button's text; empty for no button.
     property string actionText
     /// The object name of the button.
     property alias actionName: action.objectName

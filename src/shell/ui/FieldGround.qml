@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// What is behind text that can be edited.
+/// The background of editable text.
 Rectangle {
     radius: Theme.radiusControl
     color: Theme.control

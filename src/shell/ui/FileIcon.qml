@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Window
 import Corvane.Shell
 
-/// The icon of a file or folder, by the key that C++ makes for it. The name beside it says what it is.
+/// The icon of a file or folder, by the key that C++ makes for it. Not accessible: the label beside it names the item.
 Image {
     id: icon
 

@@ -1,13 +1,13 @@
 import QtQuick
 import Corvane.Shell
 
-/// The ring around the control that the keyboard works on. Fills its parent.
+/// The ring around the control with the keyboard focus. Fills its parent.
 Rectangle {
     id: ring
 
-    /// The corner radius of what the ring surrounds.
+    /// The corner radius of the control.
     property real around: 0
-    /// Inside the edges, as rows have it, instead of one point outside.
+    /// Inside the edges, as for rows, instead of one point outside.
     property bool inset: false
     readonly property real outset: inset ? 0 : Theme.focusRingGap + Theme.focusRingWidth
 

@@ -1,15 +1,15 @@
 import QtQuick
 import Corvane.Shell
 
-/// The band at the top of a screen: its own content at the left, controls and then the scan commands at the right.
+/// The band at the top of a screen: its own content on the left, then controls, and the scan commands on the right.
 Rectangle {
     id: band
 
-    /// What stands at the left; fills the room that the controls leave.
+    /// The content on the left; takes the width that the controls leave.
     default property alias content: left.data
-    /// Controls at the right, a gap apart.
+    /// Controls on the right, spaced evenly.
     property alias trailing: controls.data
-    /// The commands that every screen has; a line parts them from the controls.
+    /// The commands that every screen has, separated from the controls by a line.
     property alias toolbar: commands.data
 
     readonly property bool hasTrailing: controls.visibleChildren.length > 0

@@ -4,14 +4,14 @@ import QtQuick
 import QtQuick.Window
 import Corvane.Shell
 
-/// One icon in one colour: by its own name, or by a symbol's name. Decoration only: what it means is said by the
-/// control that holds it.
+/// One icon in one colour, by its own name or by a symbol's name. Decorative: the control that contains it has the
+/// accessible name.
 Image {
     id: icon
 
     property string name
     property string symbol
-    /// "regular", "fill", "bold" or "light"; empty for the symbol's own.
+    /// "regular", "fill", "bold" or "light"; empty for the symbol's default.
     property string weight
     property color color: Theme.t1
     property int size: Theme.iconSize
@@ -21,7 +21,7 @@ Image {
     height: size
     visible: name !== "" || symbol !== ""
     source: {
-        // #AARRGGBB without its sharp, and opaque colours too in eight digits.
+        // #AARRGGBB without the hash, always eight digits even for opaque colours.
         const plain = icon.color.toString().slice(1);
         const tint = plain.length === 6 ? "ff" + plain : plain;
         if (icon.symbol !== "")

@@ -8,7 +8,7 @@ Rectangle {
     property string symbol
     property string iconName
     property color tint: Theme.accentText
-    /// White on the full colour, darkened as far as white needs it.
+    /// A white symbol on the full colour, darkened until white has enough contrast.
     property bool solid: false
     property int size: solid ? Theme.solidBadgeSize : Theme.badgeSize
     property int iconSize: size >= Theme.largeBadgeSize ? Theme.largeBadgeIconSize

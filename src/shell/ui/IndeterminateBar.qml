@@ -1,11 +1,11 @@
 import QtQuick
 import Corvane.Shell
 
-/// Work of unknown length. A part sweeps along the track; with reduced motion it pulses in place.
+/// Progress of unknown length. A segment sweeps along the track; with reduced motion it pulses in place.
 Rectangle {
     id: bar
 
-    /// What is going on, for those who do not see the bar.
+    /// What is in progress, for screen readers.
     required property string accessibleName
 
     implicitHeight: Theme.indeterminateHeight
@@ -18,7 +18,7 @@ Rectangle {
     Rectangle {
         id: part
 
-        /// From 0, left of the bar, to 1, right of it.
+        /// From 0, left of the track, to 1, right of it.
         property real progress
 
         width: bar.width * Theme.indeterminatePart

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// A choice that is made or not, with what it is beside its box.
+/// A check box with a label beside it.
 T.CheckBox {
     id: control
 

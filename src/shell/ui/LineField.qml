@@ -2,11 +2,11 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// A field for one line of text.
+/// A single-line text field.
 T.TextField {
     id: field
 
-    /// What is written here, for those who do not see the label beside it.
+    /// The field's purpose, for screen readers, which do not see the label beside it.
     property string accessibleName: placeholderText
 
     implicitWidth: Theme.menuMinimumWidth

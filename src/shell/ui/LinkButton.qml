@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// Words that lead somewhere.
+/// A text link.
 ButtonBase {
     id: control
 

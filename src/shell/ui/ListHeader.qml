@@ -1,14 +1,14 @@
 import QtQuick
 import Corvane.Shell
 
-/// The header of a screen: its symbol, its title and one line about what it shows.
+/// The header of a screen: its symbol, its title and a one-line summary.
 HeaderBand {
     id: header
 
     required property string title
     property string subtitle
     property string symbol
-    /// What the subtitle says is going on.
+    /// Whether the subtitle describes work in progress.
     property bool busy: false
 
     IconBadge {

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// The ground of a row of a menu.
+/// The background of a highlighted menu row.
 Rectangle {
     property bool highlighted: false
 

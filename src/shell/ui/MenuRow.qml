@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// The look of one row of a menu: mark, text, and the shortcut or the arrow of a further menu.
+/// The visuals of a menu row: check mark, text, and the shortcut or submenu arrow.
 Item {
     id: row
 

@@ -1,12 +1,12 @@
 import QtQuick
 import Corvane.Shell
 
-/// The figures are those of a scan that was stopped: what that means, and the way to whole ones.
+/// Says that the figures come from a scan that was stopped, and offers to scan again.
 Rectangle {
     id: note
 
     required property string text
-    /// No scan is running, so that one can be started.
+    /// Whether a scan can be started because none is running.
     required property bool canScan
     /// The object name of the button.
     property alias buttonName: button.objectName

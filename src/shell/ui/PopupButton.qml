@@ -4,11 +4,11 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// Shows the choice that holds and offers the others in a menu.
+/// Shows the current choice and offers the others in a menu.
 T.ComboBox {
     id: control
 
-    /// What is chosen here, for those who do not see the label beside it.
+    /// What is being chosen, for screen readers, which do not see the label beside it.
     required property string accessibleName
     readonly property real widest: {
         let result = 0;
@@ -30,8 +30,8 @@ T.ComboBox {
     Accessible.name: accessibleName
     Accessible.description: displayText
     Accessible.onPressAction: control.popup.open()
-    // Return opens the list when it is let go: the template closes an open list at that moment, taking the
-    // highlighted row.
+    // Return opens the list on key release: the template handles the release of Return in an open list by closing it
+    // with the highlighted row.
     Keys.onReleased: event => {
         event.accepted = !popup.visible && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter);
         if (event.accepted)

@@ -8,7 +8,7 @@ T.Popup {
 
     property alias model: rows.model
     property alias currentIndex: rows.currentIndex
-    /// What a row needs beside its text.
+    /// The width that a row needs in addition to its text.
     readonly property real rowRoom: leftPadding + rightPadding + 2 * Theme.space10 + Theme.checkIconSize + Theme.space6
 
     height: Math.min(implicitHeight, Theme.popupMaximumHeight)

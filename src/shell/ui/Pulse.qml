@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// What takes the place of an endless movement under reduced motion.
+/// Replaces endless movement when reduced motion is on.
 SequentialAnimation {
     loops: Animation.Infinite
 

@@ -1,24 +1,24 @@
 import QtQuick
 import Corvane.Shell
 
-/// A button that acts on a list or answers a sheet. Plain unless one of the kinds is set.
+/// A button for an action on a list or in a sheet. Plain unless one of the variants below is set.
 ButtonBase {
     id: control
 
     property string iconName
     property string symbol
-    /// The one main action.
+    /// The main action; at most one per view.
     property bool primary: false
-    /// Cannot be undone.
+    /// The action cannot be undone.
     property bool danger: false
-    /// Leads to something that cannot be undone.
+    /// Leads to an action that cannot be undone.
     property bool dangerText: false
-    /// Says that it has been done.
+    /// Confirms that the action is done.
     property bool done: false
-    /// Without a ground of its own.
+    /// Without a background.
     property bool quiet: false
     property bool small: false
-    /// Shows that the work goes on, in place of the icon.
+    /// Shows a busy indicator in place of the icon.
     property bool busy: false
     /// Opens a menu.
     property bool caret: false

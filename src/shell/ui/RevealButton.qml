@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// Shows a row's item in the file manager. From the keyboard the row's menu does that.
+/// Shows a row's item in the file manager. Keyboard users have the row's menu for that.
 ButtonBase {
     id: button
 

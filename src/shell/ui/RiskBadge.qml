@@ -1,6 +1,6 @@
 import Corvane.Shell
 
-/// Whether something may be cleared without a second look ("safe") or is to be looked at first ("review").
+/// Whether an item can be cleared without review ("safe") or should be reviewed first ("review").
 Tag {
     required property string risk
 

@@ -2,11 +2,11 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// A page higher than its place: scrolls by wheel, by touch and by the keys of whatever on it has the focus.
+/// A page taller than its viewport: scrolls by wheel, by touch and by the keys of whichever item on it has the focus.
 Flickable {
     id: page
 
-    /// Brings an item of the page into sight.
+    /// Scrolls an item of the page into view.
     function reveal(item: Item) {
         scroller.reveal(item);
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// A field that narrows a list. Escape empties it.
+/// A field that filters a list. Escape clears it.
 LineField {
     id: field
 

@@ -2,11 +2,11 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// One choice of a segmented control, which has the keyboard itself.
+/// One segment of a segmented control; the control has the keyboard focus.
 T.RadioButton {
     id: segment
 
-    /// Whether the keyboard's ring is around the chosen segment.
+    /// Whether the selected segment shows the focus ring.
     required property bool ringed
     property bool large: false
 

@@ -3,15 +3,15 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Corvane.Shell
 
-/// A few choices side by side, one of which holds. The arrow keys move the choice.
+/// A few choices side by side, exactly one of them selected. The arrow keys change the selection.
 KeyboardItem {
     id: control
 
     required property list<string> segments
     property int currentIndex: 0
-    /// What is chosen here.
+    /// What is being chosen.
     required property string accessibleName
-    /// Fills the width that it is given, in equal parts and larger letters.
+    /// Fills the given width, in equal segments with larger text.
     property bool fills: false
 
     signal activated(int index)

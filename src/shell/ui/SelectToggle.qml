@@ -2,14 +2,14 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// The check box of an item. Its whole cell takes the click; what the click does is the owner's business, which
-/// listens to `toggled()` and sets `checkState`. A protected place cannot be checked and says why.
+/// The check box of an item. The whole cell is clickable; the owner handles `toggled()` and sets `checkState`. A
+/// protected place cannot be checked and shows the reason.
 T.CheckBox {
     id: control
 
-    /// Qt.Unchecked, Qt.PartiallyChecked or Qt.Checked: what the item is, never changed from here.
+    /// Qt.Unchecked, Qt.PartiallyChecked or Qt.Checked: set by the owner, never changed here.
     required checkState
-    /// What is checked: the item's name.
+    /// The name of the item to check.
     required property string accessibleName
     property bool protectedPlace: false
     property string reason

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// The soft shadow and the thin outline of something that floats. Fills its parent, behind the panel.
+/// The soft shadow and thin outline of a floating panel. Fills its parent, behind the panel.
 Item {
     id: shadow
 
@@ -10,7 +10,7 @@ Item {
     /// The corner radius of the panel.
     property real around: Theme.radiusPanel
 
-    // The picture is as large as its soft corners; the rest is stretched. A smaller panel gets its own picture.
+    // The image only holds the soft corners; the rest is stretched. A smaller panel gets an image of its own.
     readonly property int reach: ShadowMetrics.reach(elevation)
     readonly property int drop: ShadowMetrics.drop(elevation)
     readonly property int drawnWidth: Math.min(Math.round(width), 2 * reach)

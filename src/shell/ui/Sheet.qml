@@ -5,14 +5,14 @@ import QtQuick.Templates as T
 import QtQuick.Window
 import Corvane.Shell
 
-/// A panel over the whole window that wants an answer first. Escape cancels. While it is open, Tab stays inside;
-/// afterwards the keyboard is back where it was.
+/// A modal panel over the whole window. Escape cancels. While it is open, Tab stays inside; on close the focus returns
+/// to where it was.
 T.Popup {
     id: sheet
 
-    /// What the sheet is about, for those who do not see it.
+    /// The accessible name of the sheet.
     required property string title
-    /// Whether it lies over another sheet, which then keeps some light.
+    /// Whether it covers another sheet, which is then dimmed less.
     property bool nested: false
 
     /// Closed without an answer: by Escape or by close().
@@ -31,7 +31,7 @@ T.Popup {
     focus: true
     closePolicy: T.Popup.CloseOnEscape
 
-    /// Closes the sheet because of an answer that is not cancelling.
+    /// Closes the sheet for an answer other than cancelling.
     function settle() {
         settled = true;
         sheet.close();
@@ -43,7 +43,7 @@ T.Popup {
     }
     onAboutToHide: if (!settled) sheet.cancelled()
     onClosed: {
-        // The answer may have disabled the control that opened the sheet: then the one before it.
+        // The answer may have disabled the control that opened the sheet; focus the one before it in that case.
         const target = focusBefore && !focusBefore.enabled ? focusBefore.nextItemInFocusChain(false) : focusBefore;
         if (target)
             target.forceActiveFocus(Qt.PopupFocusReason);

@@ -1,13 +1,13 @@
 import QtQuick
 import Corvane.Shell
 
-/// The strip of a sheet that holds its answers: one that stands apart at the left, the others at the right.
+/// The strip of a sheet with its buttons: a separate one on the left, the others on the right.
 Item {
     id: footer
 
     default property alias answers: row.data
     property alias apart: left.data
-    /// How much room there is for what stands apart.
+    /// The width available to the separate button.
     readonly property real apartWidth: row.x - left.x - Theme.space12
 
     implicitHeight: Theme.sheetFooterHeight

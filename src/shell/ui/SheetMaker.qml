@@ -1,11 +1,11 @@
 import QtQuick
 import Corvane.Shell
 
-/// Makes a sheet when it is first opened, so that a start without it does not take longer.
+/// Creates a sheet when it is first opened, which keeps it out of the startup time.
 Item {
     id: maker
 
-    /// Of the sheet.
+    /// The sheet's component.
     required property Component component
 
     readonly property bool open: sheet !== null && sheet.visible

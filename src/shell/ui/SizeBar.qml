@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// A share of a whole, in the item's colour. The number beside it says the same.
+/// A share of a whole, in the item's colour. Decorative: the number beside it says the same.
 Rectangle {
     id: bar
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// Work is going on. Turns; with reduced motion it pulses in place.
+/// A busy indicator. Rotates; with reduced motion it pulses in place.
 Icon {
     id: spinner
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// A button for the usual way and, at its right, a menu of the other ways.
+/// A button for the default action and, on its right, a menu of the alternatives.
 FocusScope {
     id: split
 
@@ -9,7 +9,7 @@ FocusScope {
     property string iconName
     property string symbol
     property bool primary: false
-    /// What the menu offers, for those who do not see it.
+    /// The accessible name of the menu.
     required property string menuName
     /// Opened below the button.
     required property AppMenu menu

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// The hover and press ground of one half of a split button: round at the button's end, straight at the rule.
+/// The hover and press background of one half of a split button: round at the button's end, straight at the divider.
 Item {
     id: ground
 
@@ -14,7 +14,7 @@ Item {
     clip: true
 
     Rectangle {
-        // Wider than what is seen of it, so that the clip cuts its other end straight.
+        // Wider than its visible part, so that the clip cuts the other end straight.
         x: ground.roundedSide === Qt.RightEdge ? -radius : 0
         y: Theme.hairlineWidth
         width: ground.width + radius

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// A figure above its title. Several stand in one box, each but the first with a line at its left.
+/// A figure above its title. Several share one box, each but the first with a line on its left.
 Item {
     id: stat
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// The colour that something has in a bar.
+/// The colour that an item has in a bar.
 Rectangle {
     implicitWidth: Theme.swatchSize
     implicitHeight: Theme.swatchSize

@@ -10,7 +10,7 @@ Rectangle {
     property alias text: words.text
     property string iconName
     property string symbol
-    /// Shows a point before the word: something goes on.
+    /// Shows a dot before the word: work is in progress.
     property bool pointed: false
     readonly property color inkColor: tone === "accent" ? Theme.accentText
         : tone === "danger" ? Theme.dangerText

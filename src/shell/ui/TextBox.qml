@@ -2,18 +2,18 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// A box for text of several lines, which scrolls where it does not fit. Tab leaves it.
+/// A multi-line text box, which scrolls if the text does not fit. Tab moves the focus out of it.
 FocusScope {
     id: box
 
     property alias text: area.text
     property alias placeholderText: hint.text
     property alias readOnly: area.readOnly
-    /// What is written here.
+    /// The purpose of the field.
     required property string accessibleName
 
     signal edited
-    /// Ctrl+Return: Return alone makes a line.
+    /// Ctrl+Return; Return alone inserts a line break.
     signal submitted
 
     implicitWidth: Theme.menuMinimumWidth

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// A few words about the control under the pointer.
+/// A tool tip for the control under the pointer.
 T.ToolTip {
     id: tip
 

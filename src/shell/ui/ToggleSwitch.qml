@@ -2,11 +2,11 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// Turns something on or off at once.
+/// A switch that takes effect immediately.
 T.Switch {
     id: control
 
-    /// What is turned on or off.
+    /// What it turns on or off.
     required property string accessibleName
 
     implicitWidth: Theme.switchWidth

@@ -9,10 +9,10 @@ namespace corvane {
 /// The program's icon, `pixels` wide and high. Any thread.
 [[nodiscard]] QImage renderAppIcon(int pixels);
 
-/// The icon of the program's windows, in every size that desktops ask for.
+/// The icon of the program's windows, in every size that desktops use.
 [[nodiscard]] QIcon appIcon();
 
-/// Gives QML image://app/icon at the source size asked for.
+/// Serves QML image://app/icon at the requested source size.
 class AppIconProvider : public QQuickImageProvider {
 public:
     AppIconProvider();

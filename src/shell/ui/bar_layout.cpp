@@ -22,8 +22,8 @@ std::vector<BarPart> barLayout(const BarDivision &division)
     const double usable = std::max(0.0, division.width - division.gap * (count - 1));
     const double least = std::min(division.minimum, usable / count);
 
-    // A part that is raised to the minimum takes from the others, which may bring another below it: repeat
-    // until none is. Each round but the last raises at least one part.
+    // Raising a part to the minimum shrinks the others, which may push another one below it: repeat until none is
+    // below. Each round but the last raises at least one part.
     std::vector<bool> raised(parts.size(), false);
     double pointsPerByte = 0;
     for (bool changed = true; changed;) {

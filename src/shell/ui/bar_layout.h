@@ -14,7 +14,7 @@ struct BarPart {
     friend bool operator==(const BarPart &, const BarPart &) = default;
 };
 
-/// What a stacked bar divides.
+/// The input of `barLayout`.
 struct BarDivision {
     std::span<const std::int64_t> sizes; ///< of the parts, in bytes
     double rest = 0;                     ///< bytes that belong to no part: left empty before the last part
@@ -23,10 +23,9 @@ struct BarDivision {
     double minimum = 0;                  ///< the width of the narrowest part, in points
 };
 
-/// Parts side by side from end to end of the bar. Widths follow the sizes, except that no part is narrower than
-/// the minimum, so that it can be seen and pointed at; the others give way in proportion. Sizes of 0 or less
-/// count as 0; where all are, nothing is wider than the minimum. Where not even the minimum fits, all parts are
-/// equal.
+/// Parts side by side across the bar. Widths are proportional to the sizes, except that no part is narrower than the
+/// minimum, so that it can be seen and pointed at; the others shrink in proportion. Sizes of 0 or less count as 0; if
+/// all do, every part has at most the minimum width. If the minimum does not fit, all parts are equal.
 [[nodiscard]] std::vector<BarPart> barLayout(const BarDivision &division);
 
 } // namespace corvane

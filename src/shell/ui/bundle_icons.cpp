@@ -13,9 +13,9 @@ namespace corvane {
 
 namespace {
 
-// As sharp as the largest use: 64 points on a screen of two pixels to the point.
+// For the largest use: 64 points on a screen of two pixels per point.
 constexpr int largestPixels = 128;
-// Of five hundred icons of that size.
+// Room for five hundred icons of that size.
 constexpr qsizetype largestCache = 32'000'000;
 
 constexpr double cornerPart = 0.235; // of the side
@@ -68,7 +68,7 @@ QImage BundleIconProvider::icon(const std::string &path)
         if (const QImage *const known = m_icons.object(key))
             return *known;
     }
-    // Without the lock: the disk may take its time.
+    // Without the lock, because reading the disk may take long.
     QImage image = systemBundleIcon(path, largestPixels);
     if (image.isNull())
         image = drawnBundleIcon(largestPixels);

@@ -11,14 +11,14 @@
 
 namespace corvane {
 
-/// What `BundleIcon` takes as `iconKey`, for the application bundle at that path (bytes). Any thread.
+/// The `iconKey` of `BundleIcon` for the application bundle at this path (bytes). Any thread.
 [[nodiscard]] QString bundleIconKey(const std::string &path);
 
-/// What stands for an application without an icon of its own, `pixels` wide and high. Any thread.
+/// The fallback icon of an application without one, `pixels` wide and high. Any thread.
 [[nodiscard]] QImage drawnBundleIcon(int pixels);
 
-/// Gives QML image://bundle/KEY, the icon of an application bundle, at the source size asked for. The disk is read on a
-/// thread of the engine's, never on the one that draws.
+/// Serves QML image://bundle/KEY, the icon of an application bundle, at the requested source size. Reads the disk on a
+/// thread of the engine's, never on the render thread.
 class BundleIconProvider : public QQuickImageProvider {
 public:
     BundleIconProvider();

@@ -9,15 +9,15 @@
 
 namespace corvane {
 
-// What the window says of the catalogue, wherever it shows some of it.
+// Texts about the catalogue that several screens share.
 
 /// "1 item", "31 items".
 [[nodiscard]] QString itemsText(std::size_t count);
 
-/// The total of a measured item; "–" for one that cannot be read.
+/// The total of a measured item; "–" if it could not be read.
 [[nodiscard]] QString totalText(const CleanupItem &item);
 
-/// How many entries a measured item has, or that it cannot be read.
+/// How many entries a measured item has, or that it could not be read.
 [[nodiscard]] QString countText(const CleanupItem &item, const SystemWords &words);
 
 } // namespace corvane

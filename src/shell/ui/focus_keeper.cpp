@@ -16,7 +16,7 @@ bool isOfKeyboard(Qt::FocusReason reason)
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
 }
 
-/// Whether the reason tells by what means the user moved the focus; all others say only that it moved.
+/// Whether the reason identifies the device that moved the focus; other reasons only say that it moved.
 bool isOfUser(Qt::FocusReason reason)
 {
     return isOfKeyboard(reason) || reason == Qt::MouseFocusReason;
@@ -32,7 +32,7 @@ bool isOfUse(const QQuickItem &item)
     return item.isEnabled() && item.isVisible();
 }
 
-/// Takes the focus on from a control that was disabled or hidden, unless something else has it by now.
+/// Moves the focus away from a control that was disabled or hidden, unless another item has taken it meanwhile.
 void moveOn(QQuickItem &from)
 {
     const QQuickWindow *const window = from.window();
@@ -42,7 +42,7 @@ void moveOn(QQuickItem &from)
         now != nullptr && now->activeFocusOnTab() && now->isEnabled())
         return;
     QQuickItem *next = from.nextItemInFocusChain(true);
-    // After the last one comes the first, which is too far away.
+    // The focus chain wraps from the last item to the first, which is too far away.
     if (isAbove(*next, from))
         next = from.nextItemInFocusChain(false);
     next->forceActiveFocus(Qt::TabFocusReason);

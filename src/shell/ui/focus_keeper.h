@@ -4,16 +4,17 @@
 
 namespace corvane {
 
-/// Keeps whoever works with the keyboard from losing their place. Looks at the focus events of the whole program.
-/// Main thread only.
+/// Keeps the keyboard focus and its ring from getting lost. Filters the focus events of the whole application. Main
+/// thread only.
 ///
-/// A control shows its ring only when Tab or a shortcut brought the focus. When a menu, a sheet or another window
-/// hands the focus on or gives it back, Qt tells the control that as the reason, and the ring would be gone.
+/// A control shows its focus ring only if Tab or a shortcut moved the focus. When a menu, a sheet or another window
+/// passes the focus on or returns it, Qt reports that as the reason, and the ring would disappear.
 ///
-/// A control that its own command disables, as "up" is at the root, loses the focus to nobody: here to its neighbour.
+/// A control that its own command disables, such as "up" at the root, loses the focus to no other item; this class
+/// moves it to a neighbour.
 class FocusKeeper : public QObject {
 public:
-    /// Needs the QGuiApplication, which owns it. Does nothing when called again.
+    /// Requires the QGuiApplication, which owns the filter. Does nothing when called again.
     static void install();
 
 protected:
@@ -22,7 +23,7 @@ protected:
 private:
     using QObject::QObject;
 
-    bool m_byKeyboard = false; // whether the item that had the focus last had it from the keyboard
+    bool m_byKeyboard = false; // whether the keyboard moved the focus to the item that had it last
 };
 
 } // namespace corvane

@@ -18,7 +18,7 @@ void registerFonts()
 
 QFont roundedFont()
 {
-    // Whatever it lacks comes from the font of ordinary text.
+    // Falls back to the text font for missing glyphs.
     QFont font = textFont(Figures::proportional);
     QStringList families{QStringLiteral("Nunito")};
     families += font.families();

@@ -6,21 +6,21 @@ namespace corvane {
 
 enum class Figures { proportional, tabular };
 
-/// Makes the fonts that the program carries known to Qt. Once, before the first text is laid out; needs a
+/// Registers the program's embedded fonts with Qt. Call once, before the first text is laid out; requires a
 /// QGuiApplication.
 void registerFonts();
 
-/// The same for the font of ordinary text. Where that is the system's own, there is nothing to do.
+/// Registers the text font; a no-op if that is the system's own.
 void registerTextFonts();
 
-/// The program's font, without size or weight; `tabular` has figures of one width where that is to be had.
+/// The program's font, without size or weight; `tabular` uses figures of equal width if available.
 [[nodiscard]] QFont textFont(Figures figures);
 
-/// The same font, which draws emoji in colour where the system can. Another font's plain drawing of them might come
-/// first otherwise.
+/// The same font with colour emoji if the system has them. Without this, another font's monochrome glyphs might be
+/// preferred.
 [[nodiscard]] QFont fontWithEmoji(QFont font);
 
-/// The rounded font of the one large figure, without size or weight; it has one weight, bold.
+/// The rounded font of the one large figure, without size; it exists in bold only.
 [[nodiscard]] QFont roundedFont();
 
 } // namespace corvane

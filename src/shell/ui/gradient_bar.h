@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// A bar of the disk: the used part in the brand's gradient over the track. Painted, because a gradient with
-/// round corners is jagged where Qt Quick draws without a graphics card.
+/// A bar of the disk: the used part in the brand's gradient over the track. Painted, because gradients with rounded
+/// corners are jagged in the software renderer.
 class GradientBar : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
@@ -23,7 +23,7 @@ public:
     void setFraction(double fraction);
     [[nodiscard]] double radius() const { return m_radius; }
     void setRadius(double radius);
-    /// Whether the filled part has a round end too, not only the track.
+    /// Whether the filled part has a rounded end, not just the track.
     [[nodiscard]] bool roundPart() const { return m_roundPart; }
     void setRoundPart(bool round);
 

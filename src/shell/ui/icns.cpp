@@ -12,16 +12,16 @@ namespace {
 
 using namespace std::literals;
 
-constexpr std::size_t headSize = 8; // of the file and of every entry
-constexpr std::size_t widthAt = 16; // in a PNG
+constexpr std::size_t headSize = 8; // bytes, of the file header and of each entry header
+constexpr std::size_t widthAt = 16; // offset of the width in a PNG
 constexpr std::size_t heightAt = 20;
 constexpr std::uint32_t largestIcon = 1024; // pixels
 
 constexpr std::size_t pngMarkSize = 8;
-constexpr std::size_t chunkFrameSize = 12; // of a PNG: the length and the type before the contents, a checksum after
+constexpr std::size_t chunkFrameSize = 12; // bytes: the length and type before a PNG chunk's contents, a checksum after
 constexpr std::array pixelChunks{"IHDR"sv, "PLTE"sv, "tRNS"sv, "IDAT"sv, "IEND"sv};
 
-/// The number at a position; the caller has checked that there are four bytes.
+/// The big-endian number at a position; the caller has checked that four bytes are available.
 std::uint32_t numberAt(std::string_view bytes, std::size_t position)
 {
     std::uint32_t number = 0;
@@ -30,7 +30,7 @@ std::uint32_t numberAt(std::string_view bytes, std::size_t position)
     return number;
 }
 
-/// The width of a PNG as its header says; nothing for other pictures, and for sizes that no icon has.
+/// The width in a PNG's header; nullopt for other formats, and for sizes that no icon has.
 std::optional<std::uint32_t> pngWidth(std::string_view picture)
 {
     constexpr std::string_view start = "\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR"sv;
@@ -52,7 +52,7 @@ std::string_view findPng(std::string_view icns, int pixels)
     const auto wanted = static_cast<std::uint32_t>(pixels > 0 ? pixels : 0);
     std::string_view best;
     std::uint32_t bestWidth = 0;
-    // What follows the length that the file gives itself is not looked at; a file that was cut off may be shorter.
+    // Ignore bytes after the length in the header; a truncated file may be shorter.
     std::string_view left = icns.substr(0, numberAt(icns, 4));
     left.remove_prefix(left.size() < headSize ? left.size() : headSize);
     while (left.size() > headSize) {

@@ -13,7 +13,7 @@ namespace corvane {
 namespace {
 
 constexpr int points = 32;
-// As sharp as the largest use, an application's icon of 64 points on a screen of two pixels to the point.
+// For the largest use: an application icon of 64 points on a screen of two pixels per point.
 constexpr int pixelsPerPoint = 4;
 constexpr qsizetype largestCache = 32'000'000;
 
@@ -70,7 +70,7 @@ IconCache &IconCache::shared()
 QImage IconCache::icon(const std::string &path, FileNode::Kind kind)
 {
     const QByteArray key(path.data(), static_cast<qsizetype>(path.size()));
-    // Held while the icon is made too: icon themes are not made for two threads.
+    // Held while the icon is rendered too: icon themes are not thread-safe.
     const QMutexLocker lock(&m_mutex);
     if (const QImage *const known = m_icons.object(key))
         return *known;

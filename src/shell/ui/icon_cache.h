@@ -11,8 +11,8 @@
 
 namespace corvane {
 
-/// The icons of files and folders, by path. One for the whole program; every function may be called from any
-/// thread. Forgets what was asked for longest ago.
+/// The icons of files and folders, by path. One instance for the whole program; every function may be called from any
+/// thread. Evicts the least recently used.
 class IconCache {
 public:
     IconCache();
@@ -20,8 +20,8 @@ public:
     /// Made on first use.
     static IconCache &shared();
 
-    /// The icon of the item at that path (bytes), drawn for 32 x 32 points. Nothing is read from the disk: the
-    /// name and the kind decide, where the system does not know better.
+    /// The icon of the item at this path (bytes), drawn for 32 x 32 points. Does not read the disk: the name and the
+    /// kind determine the icon, unless the system has a better one.
     [[nodiscard]] QImage icon(const std::string &path, FileNode::Kind kind);
 
 private:

@@ -22,7 +22,7 @@ QImage emptyImage(int pixels)
     return image;
 }
 
-/// A crossed box: what is drawn where an icon is missing.
+/// A crossed box, the placeholder of a missing icon.
 QImage missingIcon(const QColor &color, int pixels)
 {
     QImage image = emptyImage(pixels);

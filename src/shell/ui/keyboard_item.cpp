@@ -36,7 +36,7 @@ void KeyboardItem::focusInEvent(QFocusEvent *event)
     case Qt::MouseFocusReason:
         m_keyboardIsUsed = false;
         break;
-    default: // back from a menu or another window: as it was
+    default: // returning from a menu or another window: unchanged
         break;
     }
     emit visualFocusChanged();

@@ -5,14 +5,14 @@
 
 namespace corvane {
 
-/// An item worked by keyboard as a whole, which knows whether its focus is to be seen: from the moment the
-/// keyboard brings the focus or is used, until the pointer is. (A Control knows that too, but its role for
-/// readers cannot be chosen.)
+/// An item operated by keyboard as a whole, which tracks whether its focus should be visible: from the moment the
+/// keyboard focuses or operates it, until the pointer is used. (A Control tracks that too, but its accessible role is
+/// fixed.)
 class KeyboardItem : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(bool visualFocus READ hasVisualFocus NOTIFY visualFocusChanged)
-    /// As a Control has it: what brought the focus.
+    /// Same as the property of a Control: how the item got the focus.
     Q_PROPERTY(Qt::FocusReason focusReason READ focusReason NOTIFY visualFocusChanged)
 
 public:
@@ -26,7 +26,7 @@ public:
     }
 
     Q_INVOKABLE void useKeyboard();
-    /// Takes the focus.
+    /// Takes the focus as if clicked.
     Q_INVOKABLE void usePointer();
 
 signals:

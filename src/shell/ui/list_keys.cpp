@@ -49,7 +49,7 @@ bool ListKeys::handle(const QKeyEvent &event)
 
 bool ListKeys::handleCommand(const QKeyEvent &event)
 {
-    // A signal is sent only where somebody listens: the key means something else otherwise.
+    // Emit a signal only if it is connected: otherwise the key keeps its default meaning.
     const auto send = [this](void (ListKeys::*signal)(int)) {
         if (m_current < 0 || !isSignalConnected(QMetaMethod::fromSignal(signal)))
             return false;

@@ -12,22 +12,21 @@ class QKeyEvent;
 
 namespace corvane {
 
-/// The keys of a list, the same in each: arrows, Page Up and Down, Home and End move, typing finds, Space toggles,
-/// Delete selects, Ctrl+A selects all, Shift with those that move extends, Return opens, Backspace goes up, the menu
-/// key asks for the menu. Looks at the key presses that reach the item `target`; a key whose signal nobody listens to
-/// goes on to where it would go without. Rows whose model's flags lack Qt::ItemIsEnabled are no stops. Main thread
-/// only.
+/// The keys of a list, the same for each: arrows, Page Up and Down, Home and End move; typing searches; Space toggles;
+/// Delete selects; Ctrl+A selects all; Shift with a movement extends; Return opens; Backspace goes up; the menu key
+/// opens the menu. Filters the key presses of the item `target`; a key whose signal is not connected is passed on. Rows
+/// whose flags lack Qt::ItemIsEnabled are skipped. Main thread only.
 class ListKeys : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QQuickItem *target READ target WRITE setTarget NOTIFY targetChanged)
-    /// Its Qt::DisplayRole is what is found by typing.
+    /// Typing searches its Qt::DisplayRole.
     Q_PROPERTY(QAbstractItemModel *model READ model WRITE setModel NOTIFY modelChanged)
-    /// The row that the keyboard is at; -1 for none.
+    /// The row that the keyboard is on; -1 for none.
     Q_PROPERTY(int current MEMBER m_current NOTIFY currentChanged)
-    /// How many rows are seen at once; where it is 0, Page Up and Page Down belong to somebody else.
+    /// How many rows are visible; 0 leaves Page Up and Page Down to another item.
     Q_PROPERTY(int page MEMBER m_page NOTIFY pageChanged)
-    /// Whether the arrows, Home and End move as well; else only typing does.
+    /// Whether the arrows, Home and End are handled; typing always is.
     Q_PROPERTY(bool navigates MEMBER m_navigates NOTIFY navigatesChanged)
 
 public:
@@ -38,7 +37,7 @@ public:
     [[nodiscard]] QAbstractItemModel *model() const { return m_model; }
     void setModel(QAbstractItemModel *model);
 
-    /// The first and the last row that the keyboard stops at; -1 without any.
+    /// The first and last enabled row; -1 if there is none.
     Q_INVOKABLE [[nodiscard]] int firstRow() const { return nearestStop(0, 1); }
     Q_INVOKABLE [[nodiscard]] int lastRow() const { return nearestStop(rowCount() - 1, -1); }
 
@@ -49,9 +48,9 @@ signals:
     void pageChanged();
     void navigatesChanged();
 
-    /// The keyboard goes to that row, which may be the one that it is at.
+    /// The keyboard moves to this row, which may be the current one.
     void moved(int row);
-    /// The same with Shift held: what lies between is meant too.
+    /// The same with Shift: extends the range to this row.
     void extendWanted(int row);
     void openWanted(int row);
     void toggleWanted(int row);
@@ -69,9 +68,9 @@ private:
     [[nodiscard]] bool handleTyping(const QKeyEvent &event);
     [[nodiscard]] bool moveTo(int row);
     [[nodiscard]] bool extendTo(int row);
-    /// The row that a navigation key leads to; -1 for other keys.
+    /// The target row of a navigation key; -1 for other keys.
     [[nodiscard]] int rowAfterKey(int key) const;
-    /// The first stop from a row on, in steps of 1 or -1; -1 when there is none.
+    /// The first enabled row from `row` on, in steps of 1 or -1; -1 if there is none.
     [[nodiscard]] int nearestStop(int row, int step) const;
     [[nodiscard]] int rowCount() const { return m_model ? m_model->rowCount() : 0; }
     [[nodiscard]] bool isStop(int row) const;

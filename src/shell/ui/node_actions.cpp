@@ -51,7 +51,7 @@ bool NodeActions::canReveal() const
 
 bool NodeActions::canSelect() const
 {
-    // What has been removed can be neither shown nor removed again.
+    // A removed item can neither be shown nor removed again.
     return canReveal() && selectionFactsOf(m_store, m_path).canChange();
 }
 

@@ -16,7 +16,7 @@ namespace corvane {
 
 class StorageStore;
 
-/// What can be done with one item from a tile's or a row's context menu, and the words for it. Main thread only.
+/// The commands and labels of the context menu of a tile or row, for one item. Main thread only.
 class NodeActions : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -35,13 +35,13 @@ public:
 
     /// An item of the tree, shown by the explorer.
     void setTarget(std::shared_ptr<FileNode> node);
-    /// An item that another screen shows, in the tree or not: a folder opens in the explorer's screen.
+    /// An item of another screen, in the tree or not: a folder opens in the explorer's screen.
     void setTarget(const std::string &path, std::int64_t size);
     [[nodiscard]] const std::shared_ptr<FileNode> &node() const { return m_node; }
 
     [[nodiscard]] QString title() const;
     [[nodiscard]] bool canOpen() const;
-    /// Whether the item is there, as far as is known.
+    /// Whether the item still exists, as far as is known.
     [[nodiscard]] bool canReveal() const;
     [[nodiscard]] bool canSelect() const;
     [[nodiscard]] QString openText() const;
@@ -62,18 +62,18 @@ private:
     StorageStore &m_store;
     std::string m_path; // bytes; empty for no target
     std::int64_t m_size = 0;
-    std::shared_ptr<FileNode> m_node; // null for what is not in the tree
-    bool m_isFile = false;            // or a link: it opens in a program of its own
+    std::shared_ptr<FileNode> m_node; // null if it is not in the tree
+    bool m_isFile = false;            // or a link: opens in another program
     bool m_isElsewhere = false;
 };
 
-/// Whether a node has contents for the map to show.
+/// Whether the map can show the contents of a node.
 [[nodiscard]] bool opensInMap(const FileNode *node);
 
-/// Puts all that a folder holds into the selection but what may not be selected; its small files are no items.
+/// Selects all children of a folder except those that may not be selected; its aggregated small files are not items.
 void selectChildren(StorageStore &store, const FileNode &folder);
 
-/// What another program gets when the item is dragged to it. The caller owns it.
+/// The data for dragging the item to another program. The caller owns it.
 [[nodiscard]] QMimeData *makeMimeData(const FileNode &node);
 
 } // namespace corvane

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// Opens a page in the browser; the store's toast says so where that cannot be done. Main thread only.
+/// Opens a page in the browser, and shows a toast if that fails. Main thread only.
 inline void openPage(StorageStore &store, const QUrl &page)
 {
     const std::string address = page.toString(QUrl::FullyEncoded).toStdString();

@@ -10,7 +10,7 @@ namespace {
 
 // In points.
 constexpr qreal line = 40;
-constexpr qreal kept = 40; // of the old page on the new one
+constexpr qreal kept = 40; // points of the previous page that stay visible
 constexpr qreal room = 20;
 
 } // namespace
@@ -39,7 +39,7 @@ void PageScroller::followWindow()
 void PageScroller::followFocus()
 {
     const QQuickItem *const item = m_page->window()->activeFocusItem();
-    // What the pointer is at is in sight, and must not move away under it.
+    // The item under the pointer is already visible, and must not move away.
     if (item != nullptr && m_page->isAncestorOf(item) && item->property("visualFocus").toBool())
         reveal(item);
 }

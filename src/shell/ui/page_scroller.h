@@ -7,8 +7,7 @@
 
 namespace corvane {
 
-/// Scrolls a Flickable for the keyboard: by its keys, and so that the control that the keyboard comes to is in
-/// sight. Main thread only.
+/// Scrolls a Flickable for keyboard users: by its keys, and to keep the focused control in view. Main thread only.
 class PageScroller : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -21,9 +20,9 @@ public:
     [[nodiscard]] QQuickItem *page() const { return m_page; }
     void setPage(QQuickItem *page);
 
-    /// What a key does: a line, most of a page, an end. False for a key that scrolls nothing.
+    /// Scrolls for a key: by a line, by most of a page, or to an end. Returns false for other keys.
     Q_INVOKABLE bool scroll(int key, int modifiers);
-    /// Brings an item of the page into sight with a little room around it, moving as little as possible.
+    /// Scrolls an item of the page into view with a small margin, moving as little as possible.
     Q_INVOKABLE void reveal(const QQuickItem *item);
 
 signals:

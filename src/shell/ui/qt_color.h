@@ -6,10 +6,10 @@
 
 namespace corvane {
 
-/// A colour of the engine as Qt has it, in eight bits: each part is the step of a screen that is nearest.
+/// Converts a colour of the engine to 8 bits per channel, rounded to the nearest step.
 [[nodiscard]] QColor toQColor(const Color &color);
 
-/// The same in all the bits that Qt keeps, for colours that are mixed further.
+/// The same at Qt's full precision, for colours that are blended further.
 [[nodiscard]] QColor toExactQColor(const Color &color);
 
 } // namespace corvane

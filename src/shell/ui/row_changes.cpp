@@ -6,7 +6,7 @@ namespace {
 
 using Run = RowChanges::Run;
 
-/// For the numbers of a list that change one by one: the sum of those before a place.
+/// Prefix sums over numbers that change one at a time.
 class PrefixSums {
 public:
     explicit PrefixSums(int size) : m_sums(static_cast<std::size_t>(size) + 1) {}
@@ -29,10 +29,10 @@ private:
     std::vector<int> m_sums;
 };
 
-/// A chain of runs that stand in the same order in both lists, by its last run.
+/// A chain of runs in the same order in both lists, identified by its last run.
 struct Chain {
     int runs = 0;
-    int rows = 0; // of two chains with as many runs the one with more rows is kept in place
+    int rows = 0; // total; breaks ties between chains of as many runs
     int last = -1;
 
     [[nodiscard]] bool isLongerThan(const Chain &other) const
@@ -41,13 +41,13 @@ struct Chain {
     }
 };
 
-/// Which runs stay where they are while the others move around them: the longest chain. `runs` has the rows in the old
-/// list, in the order of the new one; there are `rows` in all.
+/// Which runs stay in place while the others move around them: the longest chain. `runs` holds the rows in the old
+/// list, in the order of the new one; `rows` is their total.
 std::vector<bool> longestChain(const std::vector<Run> &runs, int rows)
 {
-    // best[i] is the longest of the chains that end within the stretch of old rows that i stands for.
+    // best[i] is the longest chain that ends within the range of old rows covered by i.
     std::vector<Chain> best(static_cast<std::size_t>(rows) + 1);
-    std::vector<int> before(runs.size(), -1); // the run in front of each in its chain
+    std::vector<int> before(runs.size(), -1); // the previous run of each one's chain
     Chain longest;
     for (std::size_t i = 0; i < runs.size(); ++i) {
         Chain chain;
@@ -77,7 +77,7 @@ std::vector<RowChanges::Move> movesOf(const std::vector<Run> &runs, int kept)
     if (runs.size() < 2)
         return {};
     const std::vector<bool> stays = longestChain(runs, kept);
-    PrefixSums waiting(kept); // the rows of the runs whose turn is still to come
+    PrefixSums waiting(kept); // the rows of the runs not yet placed
     std::vector<int> rowsBefore{0};
     std::vector<std::size_t> staying;
     for (std::size_t i = 0; i < runs.size(); ++i) {
@@ -86,8 +86,8 @@ std::vector<RowChanges::Move> movesOf(const std::vector<Run> &runs, int kept)
         if (stays[i])
             staying.push_back(i);
     }
-    // Each run goes directly behind the one before it, so it stands behind the last staying one, or at the top, with
-    // none that waits in between.
+    // Each run goes directly after its predecessor: behind the last staying run, or at the top, and in front of the
+    // runs not yet placed.
     std::vector<RowChanges::Move> moves;
     int lastStaying = -1;
     for (std::size_t i = 0; i < runs.size(); ++i) {
@@ -131,7 +131,7 @@ RowChanges RowChanges::make(std::span<const int> before, int oldCount)
     }
     std::ranges::reverse(changes.removals);
 
-    std::vector<Run> runs; // of rows that are kept and next to each other in both lists
+    std::vector<Run> runs; // rows that are kept and adjacent in both lists
     for (std::size_t i = 0; i < before.size(); ++i) {
         const auto row = static_cast<int>(i);
         std::vector<Run> &list = before[i] < 0 ? changes.insertions : runs;

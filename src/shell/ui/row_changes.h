@@ -12,18 +12,18 @@
 
 namespace corvane {
 
-/// The steps that turn one list of rows into another: rows are taken out, then moved, then put in. Each step is about
-/// one run of neighbouring rows and counts rows as they stand when its turn comes. Rows whose order among each other
-/// stays the same are not moved, and of the ways to choose those the one is taken that needs the fewest moves of runs.
+/// The steps that turn one list of rows into another: removals, then moves, then insertions. Each step covers one run
+/// of adjacent rows, numbered as they are when the step is applied. Rows that keep their relative order are not moved;
+/// among the possible choices, the one with the fewest moved runs is taken.
 struct RowChanges {
-    /// `count` rows from the row `first` on.
+    /// `count` rows, starting at `first`.
     struct Run {
         int first = 0;
         int count = 0;
 
         friend bool operator==(const Run &, const Run &) = default;
     };
-    /// The run goes before the row `to`, counted as beginMoveRows counts it: while the run is where it was.
+    /// Moves the run before the row `to`, numbered as for beginMoveRows: with the run still in its old place.
     struct Move {
         Run run;
         int to = 0;
@@ -31,14 +31,13 @@ struct RowChanges {
         friend bool operator==(const Move &, const Move &) = default;
     };
 
-    std::vector<Run> removals;   ///< from the last to the first
-    std::vector<Move> moves;     ///< in the order in which they are made
-    std::vector<Run> insertions; ///< from the first to the last, by their rows in the new list
+    std::vector<Run> removals;   ///< from the last row to the first
+    std::vector<Move> moves;     ///< in the order of application
+    std::vector<Run> insertions; ///< from the first row to the last, numbered as in the new list
 
     [[nodiscard]] std::size_t count() const { return removals.size() + moves.size() + insertions.size(); }
 
-    /// `before` has for each new row the old row that it was, none twice, or -1 for a row that is new. Takes
-    /// O(n log n).
+    /// `before` holds for each new row the corresponding old row, none twice, or -1 for an inserted row. O(n log n).
     [[nodiscard]] static RowChanges make(std::span<const int> before, int oldCount);
 };
 
@@ -57,16 +56,15 @@ struct RowKeyHash {
     }
 };
 
-/// What `RowChanges::make` takes, for rows that are the same when `keyOf` gives the same key for both: something with
-/// == and std::hash, or a tuple of such. Where rows of one list share a key, the first of the one list are taken for
-/// the first of the other.
+/// The input of `RowChanges::make`. Rows are the same if `keyOf` returns the same key for both: a type with == and
+/// std::hash, or a tuple of such. Rows of one list that share a key are matched in order.
 template <typename Row, typename KeyOf>
 [[nodiscard]] std::vector<int> rowsBefore(const std::vector<Row> &oldRows, const std::vector<Row> &newRows,
                                           const KeyOf &keyOf)
 {
     const auto key = [&keyOf](const Row &row) -> decltype(auto) { return std::invoke(keyOf, row); };
     std::vector<int> before(newRows.size(), -1);
-    // Most changes are about a few rows, so what is the same at both ends is not looked up.
+    // Most changes affect few rows, so the common prefix and suffix are skipped.
     const std::size_t shorter = std::min(oldRows.size(), newRows.size());
     std::size_t head = 0;
     for (; head < shorter && key(oldRows[head]) == key(newRows[head]); ++head)
@@ -77,7 +75,7 @@ template <typename Row, typename KeyOf>
         before[--newEnd] = static_cast<int>(--oldEnd);
 
     using Key = std::remove_cvref_t<decltype(key(oldRows[0]))>;
-    std::unordered_map<Key, int, RowKeyHash> firstOf; // of each key the first row that is not taken
+    std::unordered_map<Key, int, RowKeyHash> firstOf; // for each key, the first row not matched yet
     std::vector<int> nextOfSameKey(oldRows.size(), -1);
     firstOf.reserve(oldEnd - head);
     for (std::size_t row = oldEnd; row-- > head;) {

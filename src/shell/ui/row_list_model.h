@@ -15,31 +15,31 @@
 
 namespace corvane {
 
-/// What list models share: turning their rows into others with the fewest signals, so that views keep their place,
-/// their current row and what is animated. A derived model keeps its rows in a vector of as many as `rowCount` says,
-/// and names this base with its namespace, for qmllint looks the name up as written. Main thread only.
+/// The base of list models: replaces rows with the fewest signals, so that views keep their scroll position, current
+/// row and animations. A derived model keeps its rows in a vector of `rowCount` elements, and qualifies this base with
+/// its namespace because qmllint resolves the name as written. Main thread only.
 class RowListModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("A base of models")
 
 public:
-    /// A change of more steps than this is announced as one new layout: each step costs as much as the list is long,
-    /// here and in every view.
+    /// Changes of more steps are announced as one layout change: each step costs time proportional to the list, here
+    /// and in every view.
     static constexpr std::size_t mostSteps = 256;
 
     using QAbstractListModel::QAbstractListModel;
 
 protected:
-    /// Turns `rows` into `next`. Rows of the same key are the same row: they keep their persistent indexes and are
-    /// announced as changed, with these roles, where they compare unequal.
+    /// Turns `rows` into `next`. Rows with the same key are the same row: they keep their persistent indexes and, if
+    /// they compare unequal, are announced as changed with `roles`.
     template <typename Row, typename KeyOf>
     void setRows(std::vector<Row> &rows, std::vector<Row> next, const KeyOf &keyOf, const QList<int> &roles = {})
     {
         const std::vector<int> before = rowsBefore(rows, next, keyOf);
         turnInto(rows, std::move(next), before, roles);
     }
-    /// The same for rows that are known by their place in the list alone.
+    /// The same for rows identified by their index alone.
     template <typename Row>
     void setRowsInPlace(std::vector<Row> &rows, std::vector<Row> next)
     {
@@ -49,7 +49,7 @@ protected:
         turnInto(rows, std::move(next), before, {});
     }
 
-    /// Announces rows in ascending order as changed, in runs; many runs as one stretch.
+    /// Announces rows, given in ascending order, as changed, in runs; if there are many runs, as one range.
     void announce(const std::vector<int> &changed, const QList<int> &roles);
     void announceAll(const QList<int> &roles);
 
@@ -61,7 +61,7 @@ private:
     void makeSteps(std::vector<Row> &rows, std::vector<Row> &next, const RowChanges &changes);
     template <typename Row>
     void layOut(std::vector<Row> &rows, std::vector<Row> &next, const std::vector<int> &before);
-    /// `rowsAfter` has for each row the one that it becomes.
+    /// `rowsAfter` holds the new index of each row.
     void movePersistentIndexes(const std::vector<int> &rowsAfter);
 };
 
@@ -111,7 +111,7 @@ void RowListModel::makeSteps(std::vector<Row> &rows, std::vector<Row> &next, con
     }
 }
 
-/// New rows come in at the end, one new layout brings every row to its place, and those to be taken out to the end.
+/// Appends the new rows, reorders all of them in one layout change with the removed ones at the end, and removes those.
 template <typename Row>
 void RowListModel::layOut(std::vector<Row> &rows, std::vector<Row> &next, const std::vector<int> &before)
 {

@@ -7,7 +7,7 @@ namespace corvane {
 
 namespace {
 
-/// Says in the toast that the item of that name cannot be selected, and why.
+/// Shows a toast that the item of this name cannot be selected, and why.
 void sayRefusal(StorageStore &store, const QString &name, SelectionRefusal refusal)
 {
     const QString reason = refusalText(refusal);
@@ -18,7 +18,7 @@ void sayRefusal(StorageStore &store, const QString &name, SelectionRefusal refus
         true);
 }
 
-/// Whether the selection may be changed; says why where it may not.
+/// Whether the selection may be changed; shows a toast with the reason if not.
 bool mayChange(StorageStore &store, const QString &name, const SelectionFacts &facts)
 {
     if (!facts.canChange())

@@ -14,7 +14,7 @@ namespace corvane {
 class FileNode;
 class StorageStore;
 
-/// What a check box shows of the selection, and why it cannot be used where that is so.
+/// The state of a check box, and why it is disabled if it is.
 struct CheckFacts {
     Qt::CheckState state = Qt::Unchecked;
     bool isCheckable = false;
@@ -24,25 +24,25 @@ struct CheckFacts {
 };
 
 [[nodiscard]] Qt::CheckState checkState(Selected selected);
-/// A few words for a check box; empty where there is nothing to say.
+/// A short text for a check box; empty if there is none.
 [[nodiscard]] QString refusalText(SelectionRefusal refusal);
 [[nodiscard]] CheckFacts checkFacts(const SelectionFacts &facts);
 
-/// Whether the store refuses to select a path. The store must outlive it.
+/// Whether the store refuses to select a path. The store must outlive the result.
 [[nodiscard]] ProtectionTest protectionTest(const StorageStore &store);
 /// Of the item at a path.
 [[nodiscard]] SelectionFacts selectionFactsOf(const StorageStore &store, const std::string &path);
 
-/// Puts an item into the selection; says why where that is refused. `size` in bytes.
+/// Selects an item; shows a toast if that is refused. `size` in bytes.
 void selectItem(StorageStore &store, const std::string &path, std::int64_t size);
-/// Puts an item into the selection or takes it out; says why where that is refused.
+/// Toggles the selection of an item; shows a toast if that is refused.
 void toggleItem(StorageStore &store, const std::string &path, std::int64_t size);
-/// The same for an item of the tree; one that has been removed is left alone.
+/// The same for an item of the tree; ignores one that has been removed.
 void selectItem(StorageStore &store, const FileNode &node);
 void toggleItem(StorageStore &store, const FileNode &node);
-/// Puts every entry of a location of that name into the selection that may be selected; says why where none may.
+/// Selects every entry of the location called `name` that may be selected; shows a toast if none may.
 void selectEntries(StorageStore &store, const QString &name, std::span<const SelectedEntry> entries);
-/// The same; takes them all out where nothing is left to select.
+/// Toggles them: deselects all if there is nothing left to select.
 void toggleEntries(StorageStore &store, const QString &name, std::span<const SelectedEntry> entries);
 
 } // namespace corvane

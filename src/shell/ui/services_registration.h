@@ -9,7 +9,7 @@ class QQmlEngine;
 
 namespace corvane {
 
-/// Makes the program's services known to QML as the singleton `Services`: `Services.defaults.didOnboard`,
+/// Registers the program's services with QML as the singleton `Services`: `Services.defaults.didOnboard`,
 /// `Services.updater.checkForUpdates()`. Main thread only.
 class ServicesRegistration {
     Q_GADGET
@@ -18,14 +18,13 @@ class ServicesRegistration {
     QML_SINGLETON
 
 public:
-    /// What QML sees. To be called before the first QML file is loaded; the services must outlive every engine and
-    /// stay their caller's.
+    /// The instance that QML sees. Call before the first QML file is loaded. Not owned; must outlive every engine.
     static void setServices(Services *services);
 
     static Services *create(QQmlEngine *, QJSEngine *);
 };
 
-/// The types behind it, whose enumerations QML reads by their names: `UserDefaults.ReportMode.ask`.
+/// The types of its properties, whose enumerations QML reads by name: `UserDefaults.ReportMode.ask`.
 struct UserDefaultsRegistration {
     Q_GADGET
     QML_FOREIGN(corvane::UserDefaults)

@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-/// The standard deviation of the blur: half of the design's blur radii of 22 and 60 points.
+/// The standard deviation of the blur: half the design's blur radius, which is 22 or 60 points.
 int deviation(int elevation)
 {
     return elevation >= 3 ? 30 : 11;
@@ -25,8 +25,8 @@ QColor shadowColor(int elevation, bool dark)
     return color;
 }
 
-/// The cover of a blurred edge pair along one axis. A blurred rectangle is the product of two of them; the
-/// rounding of the panel's corners is lost in a blur this wide.
+/// The coverage of two opposite blurred edges along one axis. A blurred rectangle is the product of two of these; with
+/// a blur this wide, the rounding of the corners is not visible.
 std::vector<float> blurredSpan(int length, int reach, int sigma)
 {
     std::vector<float> cover(static_cast<std::size_t>(length + 2 * reach));
@@ -42,7 +42,7 @@ std::vector<float> blurredSpan(int length, int reach, int sigma)
 
 int ShadowMetrics::reach(int elevation)
 {
-    // Beyond three deviations less than 0.2 % of the shadow is left.
+    // Beyond three standard deviations less than 0.2 % of the shadow is left.
     return 3 * deviation(elevation);
 }
 

@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// The measures of the soft shadow under what floats, by elevation: 2 for menus, pills and tips, 3 for sheets.
+/// The dimensions of the soft shadow under floating panels, by elevation: 2 for menus, pills and tips, 3 for sheets.
 class ShadowMetrics : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -16,14 +16,14 @@ class ShadowMetrics : public QObject {
 public:
     /// How far the shadow reaches beyond its panel on every side, in points.
     Q_INVOKABLE [[nodiscard]] static int reach(int elevation);
-    /// How far it lies below its panel, in points.
+    /// The vertical offset of the shadow, in points.
     Q_INVOKABLE [[nodiscard]] static int drop(int elevation);
 };
 
-/// The shadow of a panel of that size, `ShadowMetrics::reach` wider on every side. Any thread.
+/// The shadow of a panel of that size, larger by `ShadowMetrics::reach` on every side. Any thread.
 [[nodiscard]] QImage renderShadow(int elevation, bool dark, const QSize &panel);
 
-/// Gives QML image://shadow/ELEVATION/SCHEME/WIDTHxHEIGHT, where the scheme is "light" or "dark".
+/// Serves QML image://shadow/ELEVATION/SCHEME/WIDTHxHEIGHT, where the scheme is "light" or "dark".
 class ShadowProvider : public QQuickImageProvider {
 public:
     ShadowProvider();

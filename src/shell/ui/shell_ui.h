@@ -4,9 +4,9 @@ class QQmlEngine;
 
 namespace corvane {
 
-/// What every engine that shows the program's screens needs: the embedded fonts as the application's font, the
-/// import path of the embedded modules, and the image providers of icons and shadows. Main thread, before the
-/// engine's first file.
+/// Prepares an engine for the program's screens: sets the embedded fonts as the application's font, and adds the import
+/// path of the embedded modules and the image providers of icons and shadows. Main thread, before the engine loads its
+/// first file.
 void setUpShell(QQmlEngine &engine);
 
 } // namespace corvane

@@ -21,7 +21,7 @@ namespace {
 
 constexpr double minimumPartWidth = 3; // points
 constexpr qreal labelInset = 10;       // points
-constexpr float dimmed = 0.34F;        // what is left of the other parts' colour while one is looked at
+constexpr float dimmed = 0.34F;        // opacity of the other parts while one is current
 
 } // namespace
 
@@ -42,7 +42,7 @@ void StackedBar::setParts(const QList<StackedBarPart> &parts)
     if (indexOf(m_current) < 0)
         setCurrent({});
     else
-        emit currentChanged(); // its title, size or colour may be another
+        emit currentChanged(); // its title, size or colour may have changed
 }
 
 void StackedBar::setRest(double bytes)
@@ -160,7 +160,7 @@ QImage StackedBar::picture(qreal pixelRatio) const
     for (qsizetype i = 0; i < m_parts.size(); ++i) {
         const StackedBarPart &part = m_parts[i];
         const BarPart &place = m_layout[static_cast<std::size_t>(i)];
-        // On whole pixels, so that the gaps are sharp and all alike.
+        // Snap to whole pixels, so that the gaps are sharp and of equal width.
         const qreal left = std::round(place.x * pixelRatio) / pixelRatio;
         const qreal right = std::round((place.x + place.width) * pixelRatio) / pixelRatio;
         const QRectF rect(left, 0, right - left, height());
@@ -201,7 +201,7 @@ QSGNode *StackedBar::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 
 QString StackedBar::partAt(QPointF point) const
 {
-    // A gap belongs to the part on its left, so that the pointer never falls between two.
+    // A gap belongs to the part on its left, so that hit tests never fall between two parts.
     for (std::size_t i = 0; i < m_layout.size(); ++i) {
         const BarPart &place = m_layout[i];
         if (point.x() >= place.x && point.x() < place.x + place.width + m_gap)
@@ -212,8 +212,8 @@ QString StackedBar::partAt(QPointF point) const
 
 void StackedBar::hoverMoveEvent(QHoverEvent *event)
 {
-    // The window sends one after frames too, for what may have moved under a pointer that rests; it must not take back
-    // what the keyboard chose.
+    // The window also sends hover events after frames, in case items moved under a resting pointer; those must not
+    // override the keyboard's choice.
     if (m_pointer == event->position())
         return;
     m_pointer = event->position();
@@ -245,7 +245,7 @@ void StackedBar::step(qsizetype by)
         return;
     const qsizetype last = m_parts.size() - 1;
     const qsizetype index = indexOf(m_current);
-    // From no part, a step to the right enters at the left end and the other way round.
+    // If no part is current, a step to the right enters at the left end and vice versa.
     const qsizetype from = index >= 0 ? index : by > 0 ? -1 : last + 1;
     setCurrent(m_parts[std::clamp<qsizetype>(from + by, 0, last)].id);
 }

@@ -14,7 +14,7 @@
 
 namespace corvane {
 
-/// What a stacked bar shows of one part; a value for QML.
+/// One part of a stacked bar; a value type for QML.
 struct StackedBarPart {
     Q_GADGET
     QML_VALUE_TYPE(stackedBarPart)
@@ -24,20 +24,19 @@ struct StackedBarPart {
     Q_PROPERTY(QColor color MEMBER color)
 
 public:
-    QString id;    ///< not empty, and no other part's
-    QString title; ///< what it is
-    QString info;  ///< how large it is, for people
+    QString id;    ///< not empty, unique within the bar
+    QString title; ///< what the part is
+    QString info;  ///< its size, for display
     QColor color;
     qint64 size = 0; ///< bytes
 
     friend bool operator==(const StackedBarPart &, const StackedBarPart &) = default;
 };
 
-/// A bar whose parts stand for shares of a whole. Where it is interactive, it answers to the pointer and, with the
-/// keyboard's focus, to the arrow keys, Home and End: `current` is the part concerned, and the others are dimmed.
-/// Painted into one picture, because only that has round corners without jags everywhere. Main thread, as every
-/// item.
-class StackedBar : public corvane::KeyboardItem { // qualified for qmllint, which looks the name up as written
+/// A bar of proportional parts. If interactive, it responds to the pointer and, when focused, to the arrow keys, Home
+/// and End: `current` is the part under the pointer or chosen by key, and the others are dimmed. Painted into one
+/// image, because that is the only way to get smooth rounded corners with every renderer. Main thread only.
+class StackedBar : public corvane::KeyboardItem { // qualified because qmllint resolves the name as written
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QList<corvane::StackedBarPart> parts READ parts WRITE setParts NOTIFY partsChanged)
@@ -45,9 +44,9 @@ class StackedBar : public corvane::KeyboardItem { // qualified for qmllint, whic
     Q_PROPERTY(double rest READ rest WRITE setRest NOTIFY restChanged)
     /// The id of the part under the pointer or chosen by the keyboard; empty for none.
     Q_PROPERTY(QString current READ current WRITE setCurrent NOTIFY currentChanged)
-    /// That part; without an id for none.
+    /// That part; its id is empty for none.
     Q_PROPERTY(corvane::StackedBarPart currentPart READ currentPart NOTIFY currentChanged)
-    /// The part of this id bears its title, where that fits, and is never dimmed.
+    /// The id of the part that shows its title, if that fits, and is never dimmed.
     Q_PROPERTY(QString labelledPart READ labelledPart WRITE setLabelledPart NOTIFY labelledPartChanged)
     Q_PROPERTY(qreal radius READ radius WRITE setRadius NOTIFY radiusChanged)
     Q_PROPERTY(qreal gap READ gap WRITE setGap NOTIFY gapChanged)
@@ -61,7 +60,7 @@ public:
     [[nodiscard]] double rest() const { return m_rest; }
     void setRest(double bytes);
     [[nodiscard]] const QString &current() const { return m_current; }
-    /// An id that no part has stands for none.
+    /// An unknown id selects no part.
     void setCurrent(const QString &id);
     [[nodiscard]] StackedBarPart currentPart() const;
     [[nodiscard]] const QString &labelledPart() const { return m_labelledPart; }
@@ -73,9 +72,9 @@ public:
     [[nodiscard]] bool isInteractive() const { return m_interactive; }
     void setInteractive(bool interactive);
 
-    /// Where the parts lie, in their order.
+    /// The positions of the parts, in their order.
     [[nodiscard]] const std::vector<BarPart> &layout() const { return m_layout; }
-    /// The bar as it stands, at so many pixels to the point.
+    /// Renders the bar's current state at this device pixel ratio.
     [[nodiscard]] QImage picture(qreal pixelRatio) const;
 
 signals:
@@ -112,12 +111,12 @@ private:
     std::vector<BarPart> m_layout; // one for each part
     double m_rest = 0;
     QString m_current;
-    std::optional<QPointF> m_pointer; // where it was seen last, while it is over the bar
+    std::optional<QPointF> m_pointer; // its last position while it is over the bar
     QString m_labelledPart;
     qreal m_radius = 4;
     qreal m_gap = 2;
     bool m_interactive = false;
-    bool m_isStale = true; // the picture that is shown
+    bool m_isStale = true; // the displayed image is out of date
 };
 
 } // namespace corvane

@@ -9,9 +9,8 @@ class QQmlEngine;
 
 namespace corvane {
 
-/// Makes the program's store known to QML as the singleton `Store`. Its enumerations are read from it with
-/// their C++ names: `Store.phase === Store.Phase.scanning`, `Store.sidebar = Store.SidebarItem.explorer`.
-/// Main thread only.
+/// Registers the program's store with QML as the singleton `Store`. QML reads its enumerations by their C++ names:
+/// `Store.phase === Store.Phase.scanning`, `Store.sidebar = Store.SidebarItem.explorer`. Main thread only.
 class StoreRegistration {
     Q_GADGET
     QML_FOREIGN(corvane::StorageStore)
@@ -19,11 +18,10 @@ class StoreRegistration {
     QML_SINGLETON
 
 public:
-    /// The store that QML sees. To be called before the first QML file is loaded; the store must outlive every
-    /// engine and stays its caller's.
+    /// The instance that QML sees. Call before the first QML file is loaded. Not owned; must outlive every engine.
     static void setStore(StorageStore *store);
-    /// The same store, for the presenters and models that QML makes: QML calls a constructor without arguments, so
-    /// this is what stands in as theirs. Setting it first is up to the program; without it the program ends.
+    /// The same store, as the default argument of presenters and models that QML creates without arguments. The program
+    /// must set it first; otherwise this ends the program.
     [[nodiscard]] static StorageStore &store();
 
     static StorageStore *create(QQmlEngine *, QJSEngine *);

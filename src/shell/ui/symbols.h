@@ -8,11 +8,11 @@ namespace corvane {
 
 enum class IconWeight { regular, fill, bold, light };
 
-/// A symbol that screens ask for by its macOS name, and the icon that stands for it elsewhere.
+/// A symbol that screens refer to by its macOS name, and the icon used for it on other systems.
 struct Symbol {
     std::string_view name;
     std::string_view icon;
-    IconWeight weight; ///< where the asker names none
+    IconWeight weight; ///< the default weight
 };
 
 /// Every symbol that the program knows.
@@ -20,7 +20,7 @@ struct Symbol {
 
 [[nodiscard]] std::optional<Symbol> findSymbol(std::string_view name);
 
-/// The weight's own name, as icon files and QML spell it; nothing for any other text.
+/// The weight's name in icon files and in QML, and back; nullopt for any other text.
 [[nodiscard]] std::string_view weightName(IconWeight weight);
 [[nodiscard]] std::optional<IconWeight> findWeight(std::string_view name);
 

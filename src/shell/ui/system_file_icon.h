@@ -8,15 +8,15 @@
 
 namespace corvane {
 
-/// The desktop's own icon of an item (path in bytes), `pixels` wide and high; null where it has none. One thread
-/// at a time.
+/// The desktop's own icon of an item (path in bytes), `pixels` wide and high; null if it has none. One thread at a
+/// time.
 [[nodiscard]] QImage systemFileIcon(const std::string &path, FileNode::Kind kind, int pixels);
 
-/// The icon of the application bundle, or the picture, at a path (bytes), as large as it is at hand, `pixels` wide
-/// where it can be chosen; null where it has none of its own. Reads the disk. Any thread.
+/// The icon of an application bundle, or the image, at a path (bytes), in its native size, or `pixels` wide if the size
+/// can be chosen; null if it has no icon of its own. Reads the disk. Any thread.
 [[nodiscard]] QImage systemBundleIcon(const std::string &path, int pixels);
 
-/// A path that stands for every item with the same icon as this one: where the name's extension decides, all
+/// A representative path for all items with the same icon as this one: where the extension determines the icon, all
 /// films share one. Any thread.
 [[nodiscard]] std::string iconPath(const std::string &path, FileNode::Kind kind);
 

@@ -11,8 +11,8 @@ class QWindow;
 
 namespace corvane {
 
-/// The desktop's own dialog that asks for a folder. One question at a time: another one takes the one before back,
-/// as does the end of this object, and what is answered to it afterwards is dropped. Main thread only.
+/// The desktop's own folder dialog. One question at a time: a new one, or destroying this object, cancels the previous
+/// one, and a late answer to it is dropped. Main thread only.
 class SystemFolderChooser : public QObject {
     Q_OBJECT
 
@@ -20,21 +20,20 @@ public:
     struct Question {
         QString title;
         QString acceptLabel;
-        std::string firstFolder; ///< bytes; where the search begins
+        std::string firstFolder; ///< bytes; the folder that the dialog opens in
     };
 
-    /// Returns at once; one of the signals follows, or none as long as nobody answers. `window` may be null.
+    /// Returns immediately; one of the signals follows, or none until the user answers. `window` may be null.
     virtual void ask(const Question &question, const QWindow *window) = 0;
 
 signals:
     void chosen(const QUrl &folder);
     void dismissed();
-    /// There is no such dialog.
+    /// The system has no such dialog.
     void unavailable();
 };
 
-/// What the desktop that the program runs on offers; null where Qt's own dialog is the system's, or nothing is
-/// offered.
+/// The dialog of the current desktop; null if Qt's own is the system's, or there is none.
 [[nodiscard]] std::unique_ptr<SystemFolderChooser> systemFolderChooser();
 
 } // namespace corvane

@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// The system's own drawings of symbols; empty where it has none at all.
+/// The system's own drawings of symbols; empty if it has none.
 [[nodiscard]] SystemSymbols systemSymbols();
 
 } // namespace corvane

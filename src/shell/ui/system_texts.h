@@ -11,8 +11,8 @@ class QQmlEngine;
 
 namespace corvane {
 
-/// The sentences for the users of the system that the store describes, for QML: the singleton `SystemTexts`. Constant;
-/// main thread.
+/// Texts that depend on the system that the store describes, for QML: the singleton `SystemTexts`. Constant; main
+/// thread.
 class SystemTexts : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -29,7 +29,7 @@ class SystemTexts : public QObject {
 public:
     static SystemTexts *create(QQmlEngine *, QJSEngine *);
 
-    /// Of the command that shows an item in the file manager.
+    /// The label of the command that shows an item in the file manager.
     [[nodiscard]] QString reveal() const { return text(m_words.reveal); }
     [[nodiscard]] QString diskSubtitle() const { return text(m_words.diskSubtitle); }
     [[nodiscard]] QString nudgeTitle() const { return text(m_words.nudgeTitle); }

@@ -26,7 +26,7 @@ double luminance(const QColor &color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-/// Ordinary text is set a trace tighter than the font's own spacing, in parts of its size.
+/// Body text is set slightly tighter than the font's own spacing; a fraction of its size.
 constexpr double tracking = -0.003;
 
 } // namespace
@@ -44,7 +44,7 @@ Theme::~Theme() = default;
 
 Theme *Theme::instance()
 {
-    // A child of the application, so that it goes while there still is one.
+    // A child of the application, so that it is destroyed while that still exists.
     static Theme *const theme = [] {
         auto *made = new Theme(systemHost().desktop, systemColorSchemeSetting());
         made->setParent(qApp);
@@ -61,7 +61,7 @@ Theme *Theme::create(QQmlEngine *, QJSEngine *)
 
 bool Theme::eventFilter(QObject *watched, QEvent *event)
 {
-    // The user may have changed a setting while another program was in front.
+    // The user may have changed a setting while another program was in the foreground.
     if (watched == qApp &&
         (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::ApplicationStateChange))
         followSystem();
@@ -182,7 +182,7 @@ QFont Theme::font(int pixelSize, QFont::Weight weight, Figures figures, std::opt
 QFont Theme::fontOfTerminal()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    // Without a desktop's theme that is the font of everything else.
+    // Without a desktop theme, Qt returns the general font here.
     if (const QFontMetricsF metrics(font); metrics.horizontalAdvance(u'i') != metrics.horizontalAdvance(u'W')) {
         font.setFamily(QStringLiteral("monospace"));
         font.setStyleHint(QFont::Monospace);

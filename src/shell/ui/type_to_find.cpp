@@ -8,9 +8,9 @@ namespace corvane {
 
 namespace {
 
-constexpr quint64 pause = 1'000; // milliseconds between two letters that no longer belong together
+constexpr quint64 pause = 1'000; // milliseconds without a letter after which a new search begins
 
-/// As names are compared: without case, and an accent as part of its letter, which some systems store apart.
+/// Folds case and composes accents, which some systems store as separate characters.
 QString folded(const QString &text)
 {
     return text.normalized(QString::NormalizationForm_KC).toCaseFolded();

@@ -13,7 +13,7 @@ namespace {
 constexpr QLatin1String frameworkSpace("http://www.andymatuschak.org/xml-namespaces/sparkle");
 constexpr qsizetype signatureBytes = 64;
 
-// What may become an item; the feed may give a value beside the enclosure or as its attribute.
+// A candidate item. The feed may give a value as an element beside the enclosure or as the enclosure's attribute.
 struct Draft {
     QString build;
     QString version;
@@ -43,7 +43,7 @@ public:
         } else {
             m_isMalformed = true;
         }
-        // What follows the outermost element belongs to the document as well.
+        // Parse to the end: anything after the root element must be well-formed too.
         while (!isBroken() && !m_xml.atEnd())
             m_xml.readNext();
         if (isBroken())
@@ -76,7 +76,7 @@ private:
         return token;
     }
 
-    /// To the next element inside the current one; false at the end of that.
+    /// Advances to the next child of the current element; false at its end.
     bool nextElement()
     {
         while (!isBroken() && !m_xml.atEnd()) {
@@ -89,14 +89,14 @@ private:
         return false;
     }
 
-    /// Past the current element and everything in it.
+    /// Skips the current element with its children.
     void skip()
     {
         for (const int outside = m_depth - 1; m_depth > outside && !isBroken() && !m_xml.atEnd();)
             next();
     }
 
-    /// The text of the current element, which must not hold others; too long a one makes the item unusable.
+    /// The text of the current element. Child elements or too long a text make the item unusable.
     QString text(Draft &item)
     {
         QString text;
@@ -194,7 +194,7 @@ private:
         item.minimumSystem = minimum;
         item.minimumSystemText = draft.minimumSystem;
         item.download = address;
-        // Generators that do not know the length write 0.
+        // Feed generators write 0 if they do not know the length.
         if (const qint64 length = draft.length.toLongLong(); length > 0)
             item.length = length;
         const auto signature =

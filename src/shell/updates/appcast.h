@@ -12,35 +12,34 @@
 
 namespace corvane {
 
-/// One version that an update feed lists.
+/// One version listed in an update feed.
 struct AppcastItem {
     DottedVersion build;
-    QString version;                            ///< as it is shown to people; on one line, safe to show
-    QString system;                             ///< in small letters, such as "linux"; empty for every system
-    std::optional<DottedVersion> minimumSystem; ///< the oldest system that it runs on
-    QString minimumSystemText;                  ///< the same as the feed writes it
+    QString version;                            ///< the display version; a single line without unsafe characters
+    QString system;                             ///< lower case, such as "linux"; empty for every system
+    std::optional<DottedVersion> minimumSystem; ///< the oldest system that it supports
+    QString minimumSystemText;                  ///< as written in the feed
     QUrl download;
-    std::optional<qint64> length; ///< of the download, bytes
-    QByteArray signature;         ///< Ed25519, 64 bytes; empty where there is none, or none that can be one
-    QUrl releaseNotes;            ///< over https; empty where there are none
+    std::optional<qint64> length; ///< download size in bytes
+    QByteArray signature;         ///< Ed25519, 64 bytes; empty if missing or malformed
+    QUrl releaseNotes;            ///< https only; empty if there are none
 };
 
-/// The list of versions that a feed publishes: RSS with an enclosure for each version, and elements and attributes in
-/// the namespace of the update framework. Foreign data: whatever the bytes are, reading them ends soon and with an
-/// answer.
+/// The list of versions in an update feed: RSS with an enclosure for each version, and elements and attributes in the
+/// update framework's namespace. Untrusted input: parsing always terminates, in bounded time and memory.
 struct Appcast {
     static constexpr qsizetype maximumBytes = 1'000'000;
     static constexpr int maximumItems = 1'000;
     static constexpr int maximumDepth = 32;
-    static constexpr qsizetype maximumText = 2'048; ///< characters of one value; an item with a longer one is left out
+    static constexpr qsizetype maximumText = 2'048; ///< characters per value; an item with a longer one is skipped
 
     enum class Failure {
         tooLarge,
-        malformed, ///< not well-formed, not a feed, or with a document type or an entity of its own
+        malformed, ///< not well-formed, not a feed, or with a DTD or an entity reference
     };
 
-    /// The items that can be compared and fetched, in the feed's order: those with a build number and an address. Those
-    /// of a channel that users must choose are left out.
+    /// The items that can be compared and fetched, that is, with a build number and an address, in the feed's order.
+    /// Skips items of channels that users must opt into.
     [[nodiscard]] static tl::expected<std::vector<AppcastItem>, Failure> parse(const QByteArray &feed);
 };
 

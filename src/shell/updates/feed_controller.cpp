@@ -25,7 +25,7 @@ void FeedController::start()
     m_isStarted = true;
     followSession();
     m_timer.start(m_clock.tick);
-    // The window comes first.
+    // Let the window appear first.
     QTimer::singleShot(0, this, &FeedController::checkIfDue);
 }
 
@@ -47,7 +47,7 @@ void FeedController::checkForUpdates()
     if (m_session.state().phase == UpdateState::Phase::idle)
         check(FeedSession::Origin::user, FeedSession::OnUpdate::offer);
     else
-        m_session.show(); // an automatic check is under way already
+        m_session.show(); // an automatic check is already running
 }
 
 void FeedController::check(FeedSession::Origin origin, FeedSession::OnUpdate onUpdate)
@@ -60,7 +60,7 @@ bool FeedController::isDue() const
 {
     const std::optional<QDateTime> last = m_defaults.moment(lastCheckKey);
     const QDateTime now = m_clock.now();
-    // One in the future is that of a clock that has been set back.
+    // A date in the future means that the clock has been set back.
     return !last || *last > now || last->secsTo(now) >= secondsBetweenChecks;
 }
 

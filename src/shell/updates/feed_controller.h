@@ -12,29 +12,29 @@
 
 namespace corvane {
 
-/// Updates without the update framework. Checks its feed when the user asks, and automatically only where the user has
-/// turned that on: at the start and 24 hours after the last check. Main thread only.
+/// Updates on systems without the update framework. Checks the feed when the user asks, and automatically only if the
+/// user has enabled that: at startup and 24 hours after the last check. Main thread only.
 class FeedController final : public UpdateController {
     Q_OBJECT
 
 public:
-    /// What tests set otherwise.
+    /// Overridden in tests.
     struct Clock {
         std::function<QDateTime()> now = &QDateTime::currentDateTimeUtc;
-        /// How often it tests whether a check is due: a timer of a whole day would stop while the machine sleeps.
+        /// How often to test whether a check is due: a 24-hour timer would not run while the machine sleeps.
         std::chrono::milliseconds tick = std::chrono::hours(1);
     };
 
-    /// `defaults` outlives it.
+    /// `defaults` must outlive it.
     FeedController(FeedSession::Options options, UserDefaults &defaults, Clock clock, QObject *parent = nullptr);
 
     void start() override;
     [[nodiscard]] bool canCheckForUpdates() const override;
     void checkForUpdates() override;
-    /// "SUEnableAutomaticChecks"; off until the user turns it on.
+    /// "SUEnableAutomaticChecks"; off by default.
     [[nodiscard]] bool automaticallyChecksForUpdates() const override;
     void setAutomaticallyChecksForUpdates(bool automatically) override;
-    /// "SUAutomaticallyUpdate": what an automatic check finds is downloaded and verified before the user is told.
+    /// "SUAutomaticallyUpdate": automatic checks download and verify the update before notifying the user.
     [[nodiscard]] bool automaticallyDownloadsUpdates() const override;
     void setAutomaticallyDownloadsUpdates(bool automatically) override;
 
@@ -51,7 +51,7 @@ private:
     FeedSession m_session;
     QTimer m_timer;
     bool m_isStarted = false;
-    bool m_couldCheck = false; // what was told last
+    bool m_couldCheck = false; // as last emitted
 };
 
 } // namespace corvane

@@ -35,7 +35,7 @@ HttpsFetch::HttpsFetch(QNetworkAccessManager &network, const QUrl &address, Limi
       m_received(std::move(received)),
       m_reply(network.get(feedRequest(address, limits.timeout)))
 {
-    // A server that is faster than the disk waits.
+    // Applies back pressure when the server is faster than the disk.
     constexpr qint64 mostWaiting = 1 << 20;
     m_reply->setReadBufferSize(mostWaiting);
     connect(m_reply.data(), &QNetworkReply::readyRead, this, &HttpsFetch::takeBytes);
@@ -46,12 +46,12 @@ HttpsFetch::~HttpsFetch()
 {
     m_reply->disconnect(this);
     m_reply->abort();
-    m_reply->deleteLater(); // it may be what calls
+    m_reply->deleteLater(); // this may be called from one of its signals
 }
 
 void HttpsFetch::takeBytes()
 {
-    // The page that comes with an error is not what was asked for.
+    // Discard the body of an error page.
     if (!m_received || m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() != statusOk)
         return;
     const QByteArray bytes = m_reply->readAll();

@@ -25,14 +25,14 @@ class HttpsFetch : public QObject {
 public:
     struct Limits {
         qint64 mostBytes;
-        std::chrono::milliseconds timeout; ///< without a byte
-        UpdateFailure::Kind tooLarge;      ///< what more bytes are
-        UpdateFailure::Kind cut;           ///< what an answer that ends early is
+        std::chrono::milliseconds timeout; ///< without receiving a byte
+        UpdateFailure::Kind tooLarge;      ///< failure if there are more bytes
+        UpdateFailure::Kind cut;           ///< failure if the response is truncated
     };
 
-    /// Takes what has arrived, in order; a failure ends the transfer with it.
+    /// Receives the bytes in order; returning a failure aborts the transfer with it.
     using Sink = std::function<std::optional<UpdateFailure>(QByteArrayView)>;
-    /// Called once at the end, by itself: nothing when everything has been handed over. May destroy the fetch.
+    /// Called once at the end, from the event loop; nullopt if all bytes were delivered. May destroy the fetch.
     using Receiver = std::function<void(std::optional<UpdateFailure>)>;
 
     HttpsFetch(QNetworkAccessManager &network, const QUrl &address, Limits limits, Sink sink, Receiver received);
@@ -46,10 +46,10 @@ private:
 
     const Limits m_limits;
     const Sink m_sink;
-    Receiver m_received;                                                    // empty once it has been called
-    const QPointer<QNetworkReply> m_reply;                                  // the network's own
-    const std::shared_ptr<QObject> m_context = std::make_shared<QObject>(); // receives the end
-    qint64 m_count = 0;                                                     // bytes that have arrived
+    Receiver m_received;                                                    // empty once called
+    const QPointer<QNetworkReply> m_reply;                                  // owned by the network manager
+    const std::shared_ptr<QObject> m_context = std::make_shared<QObject>(); // context of the final call
+    qint64 m_count = 0;                                                     // bytes received
 };
 
 } // namespace corvane

@@ -11,21 +11,21 @@
 
 namespace corvane {
 
-/// What an update must fit.
+/// The system that an update must support.
 struct UpdateSystem {
     QString name;         ///< "linux", "macos"
     QString architecture; ///< "x86_64", "arm64"
-    /// That of the system; nothing where it is not known, which fits every minimum.
+    /// The system's version; nullopt if unknown, which satisfies every minimum.
     std::optional<DottedVersion> version;
 
-    /// The system that the program runs on. On Linux the version is the kernel's: those of distributions cannot be
-    /// compared with each other.
+    /// The running system. On Linux the version is the kernel's, because distribution versions are not comparable with
+    /// each other.
     [[nodiscard]] static UpdateSystem ofThisMachine();
 };
 
-/// The newest version of a feed that the system can run; nothing when the running one is as new. Refused where there is
-/// none for this system, where all are older than the running one, and where the newest is not signed or not to be
-/// fetched over https.
+/// The newest version in a feed that the system can run; nullopt if the running version is up to date. Fails if there
+/// is none for this system, if all are older than the running one, and if the newest is unsigned or not served over
+/// https.
 [[nodiscard]] tl::expected<std::optional<AppcastItem>, UpdateFailure> newestUpdate(
     const std::vector<AppcastItem> &items, const DottedVersion &running, const UpdateSystem &system);
 

@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-// A quota that is used up is the same to the user.
+// An exhausted quota looks the same to the user.
 bool isFullDisk(const Error &error)
 {
     return error.code == std::errc::no_space_on_device ||

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// Why there is no update to offer.
+/// Why no update can be offered.
 struct UpdateFailure {
     enum class Kind {
         insecureFeed,
@@ -28,20 +28,20 @@ struct UpdateFailure {
         downloadCut,
         wrongLength,
         wrongSignature,
-        anotherDownloads, ///< another process of this program holds the folder
-        folderUnusable,   ///< detail: the folder and the system's sentence
+        anotherDownloads, ///< another process of this program has locked the folder
+        folderUnusable,   ///< detail: the folder and the system's error message
         diskFull,
-        notWritten, ///< detail: the system's sentence
+        notWritten, ///< detail: the system's error message
     };
 
     Kind kind;
     QString detail = {};
 
-    /// What an error of the folder of downloads is, or of writing to it.
+    /// Maps an error of the download folder, or of writing to it.
     [[nodiscard]] static UpdateFailure ofFolder(const Error &error);
     [[nodiscard]] static UpdateFailure ofWriting(const Error &error);
 
-    /// One line for people.
+    /// A one-line message for the user.
     [[nodiscard]] QString sentence() const;
 
     friend bool operator==(const UpdateFailure &, const UpdateFailure &) = default;

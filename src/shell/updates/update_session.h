@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// What a check for updates has come to.
+/// The state of a check for updates.
 struct UpdateState {
     enum class Phase {
         idle,
@@ -16,26 +16,25 @@ struct UpdateState {
         upToDate,
         available,
         downloading,
-        verifying, ///< the download is there, its signature is being checked
+        verifying, ///< downloaded; its signature is being checked
         ready,
         failed,
     };
 
     Phase phase = Phase::idle;
     bool isShown =
-        false;       ///< whether the user is to see it; an automatic check stays unseen until it has found something
-    QString version; ///< the new one's
-    QString runningVersion; ///< in every phase
-    qint64 size = -1;       ///< of the download, bytes; -1 where the feed does not tell it
-    qint64 received = 0;    ///< bytes of it
-    QUrl releaseNotes;      ///< empty where there are none
+        false;       ///< whether it is shown to the user; an automatic check stays hidden until it has found an update
+    QString version; ///< of the update
+    QString runningVersion; ///< set in every phase
+    qint64 size = -1;       ///< of the download in bytes; -1 if the feed does not say
+    qint64 received = 0;    ///< bytes downloaded
+    QUrl releaseNotes;      ///< empty if there are none
     std::string path;       ///< of the verified download
-    bool isPackage = false; ///< whether the system installs it once it is opened
+    bool isPackage = false; ///< the system's installer can open it
     QString failure;        ///< one line
 };
 
-/// One check for updates after the other, with what follows of each: a download that is verified, and nothing further.
-/// Main thread only.
+/// Checks for updates, one at a time, up to a verified download and no further. Main thread only.
 class UpdateSession : public QObject {
     Q_OBJECT
 
@@ -44,9 +43,9 @@ public:
 
     [[nodiscard]] virtual const UpdateState &state() const = 0; // stateChanged
 
-    /// Of the version that is available; nothing in any other phase.
+    /// Downloads the available version; does nothing in any other phase.
     virtual void download() = 0;
-    /// Back to idle; what is under way is ended, and a download in part deleted.
+    /// Returns to idle: cancels the current step and deletes a partial download.
     virtual void end() = 0;
 
 signals:

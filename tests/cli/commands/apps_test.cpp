@@ -8,7 +8,7 @@ namespace {
 
 using nlohmann::json;
 
-/// A home with AppImages of its own, on whatever the machine has installed.
+/// A home with AppImages, besides whatever this machine has installed.
 class AppsCommandTest : public CliTest {
 protected:
     void addApp(const std::string &name, const std::string &id) const
@@ -28,7 +28,7 @@ protected:
     }
     [[nodiscard]] json ownDocument() const { return parsed(ownProgram({"apps", "--json"}).run()); }
 
-    /// The one of that value; the test fails where there is none.
+    /// The element with this value; fails the test if there is none.
     static json one(const json &all, const std::string &key, const std::string &value)
     {
         for (const json &each : all) {

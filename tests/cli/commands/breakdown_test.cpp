@@ -13,7 +13,7 @@ using nlohmann::json;
 
 class BreakdownCommandTest : public CliTest {
 protected:
-    /// The one segment of a kind, or null.
+    /// The only segment of a kind, or null.
     static json segment(const json &breakdown, const std::string &kind)
     {
         for (const json &one : breakdown["segments"]) {

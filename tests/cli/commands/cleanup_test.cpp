@@ -13,7 +13,7 @@ using nlohmann::json;
 
 class CleanupCommandTest : public CliTest {
 protected:
-    /// Where this system keeps a user's caches, beneath the temporary folder.
+    /// This system's user cache folder, relative to the temporary folder.
     static std::string cacheFolder()
     {
         return std::filesystem::exists(macSystemFile) ? "home/Library/Caches" : "home/.cache";

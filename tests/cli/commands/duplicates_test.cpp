@@ -8,7 +8,7 @@ namespace {
 
 using nlohmann::json;
 
-/// Over the size from which on a scan tells files apart.
+/// Larger than the small-file limit of a scan.
 std::string contents(char letter)
 {
     return std::string(1'100'000, letter);

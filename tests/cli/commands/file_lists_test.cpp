@@ -13,7 +13,7 @@ using nlohmann::json;
 
 class FileListsCommandTest : public CliTest {
 protected:
-    /// Three files of over 1 MB: one of today, one of about a year and a half ago, one of 2001.
+    /// Three files of over 1 MB: from today, from about a year and a half ago, from 2001.
     FileListsCommandTest()
     {
         m_folder.writeFile("set/Film.MOV", 3'000'000);
@@ -80,7 +80,7 @@ TEST_F(FileListsCommandTest, TheTableHasSizeDateAndPath)
     EXPECT_EQ(run({"old", "set"}).out, "Nothing stale here\n");
 }
 
-TEST_F(FileListsCommandTest, ValuesThatAreNoneAreRefusedWithWhatWouldDo)
+TEST_F(FileListsCommandTest, InvalidValuesAreRefusedWithAHint)
 {
     EXPECT_EQ(run({"large", "set", "--min", "1 GB"}).errors,
               "corvane-cli: \"1 GB\" is not a valid --min; use a number of bytes; see \"corvane-cli large --help\"\n");

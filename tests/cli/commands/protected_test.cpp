@@ -75,7 +75,7 @@ TEST_F(ProtectedCommandTest, WhatLiesBehindALinkIsJudgedByWhereItLies)
     EXPECT_EQ(document({"protected", "system/lib"})[0]["protected"], true);
     EXPECT_EQ(document({"protected", "keys/inner"})[0]["protected"], true);
     EXPECT_EQ(document({"protected", "keys/inner/../.."})[0]["protected"], true); // the home folder
-    // A link is an item of its own.
+    // A link is checked as an item of its own.
     EXPECT_EQ(document({"protected", "system", "keys"})[0]["protected"], false);
 }
 

@@ -26,7 +26,7 @@ protected:
         return !m_folder.has("data/Trash/files") || std::filesystem::is_empty(m_folder / "data/Trash/files");
     }
 
-    /// Refused: nothing happened, and one line says why.
+    /// Expects a refusal: nothing is removed, and one line gives the reason.
     static void expectRefused(const ProgramResult &result)
     {
         EXPECT_EQ(result.exitStatus, 2);
@@ -410,7 +410,7 @@ TEST_F(RemoveCommandTest, AFolderThatIsDeletedInPartSaysWhatResistedAndWhatWasFr
 
 TEST_F(RemoveCommandTest, AStopFinishesTheItemAtHandAndTellsWhatWasDone)
 {
-    constexpr int count = 8'000; // a tenth of a second's work
+    constexpr int count = 8'000; // takes about a tenth of a second
     std::vector<std::string> arguments{"remove", "--yes", "--json"};
     for (int i = 0; i < count; ++i) {
         m_folder.writeText("many/" + std::to_string(i), "x");
@@ -499,7 +499,7 @@ TEST_F(RemoveCommandTest, AHomeIsWhatItReallyIs)
     m_folder.makeFolder("real/me/sub");
     m_folder.link("way", m_folder / "real/me/sub");
 
-    // By its text alone it would be the folder around the link.
+    // Lexically, this path is the folder that contains the link.
     const ProgramResult result = program({"remove", "--yes", "--permanently", m_folder / "real/me/.ssh/id"})
                                      .with("HOME", m_folder / "way/..")
                                      .run();

@@ -25,7 +25,7 @@ protected:
         m_folder.writeText("tree/notes/c.txt", "x");
     }
 
-    /// What stands from a heading up to an empty line.
+    /// The lines from a heading to the next empty line.
     [[nodiscard]] static std::string block(const std::string &table, const std::string &heading)
     {
         const std::size_t start = table.find(heading + "\n");
@@ -276,7 +276,7 @@ TEST_F(ScanOptionsTest, EveryTableFitsItsTerminal)
             const ProgramResult result = TerminalProgram(program(command).with("NO_COLOR", "1"), columns).finish();
             std::istringstream lines(result.out.substr(result.out.rfind("\r\x1b[K") + 1));
             for (std::string line; std::getline(lines, line);) {
-                // What may be copied is never cut.
+                // Lines to copy are never truncated.
                 const bool isCopied = line.starts_with("Usage: ") || line.starts_with("  corvane-cli ") ||
                                       line.find("sudo ") != std::string::npos;
                 if (line.ends_with('\r'))

@@ -114,7 +114,7 @@ TEST_F(ScanCommandTest, ARelativePathIsTakenFromTheCurrentFolder)
     EXPECT_EQ(document({"scan", "./tree//sub/"})["root"]["path"], m_folder / "tree/sub");
     EXPECT_EQ(document({"scan", "."})["root"]["path"], m_folder.path());
     EXPECT_EQ(document({"scan", "tree/sub/.."})["root"]["path"], m_folder / "tree");
-    // As the system sees it: the folder around the link's target.
+    // Resolved like the system does: the folder that contains the link's target.
     EXPECT_EQ(document({"scan", "elsewhere/.."})["root"]["path"], m_folder / "tree");
 }
 
@@ -175,7 +175,7 @@ TEST_F(ScanCommandTest, NamesWithQuotesAndLineBreaksStayThemselvesInJson)
 
 TEST_F(ScanCommandTest, ATreeDeeperThanAnyPathIsLongIsWritten)
 {
-    // Deeper than any path may be long, so the folders are made from within one another.
+    // Longer than any valid path, so each folder is created from within its parent.
     constexpr int levels = 1'200;
     int folder = open(m_folder.makeFolder("tree").c_str(), O_RDONLY | O_DIRECTORY);
     for (int level = 0; level < levels; ++level) {
@@ -418,7 +418,7 @@ TEST_F(ScanCommandTest, WithTooFewOpenFilesItEndsWithOneLineAndNoFigures)
 
 TEST_F(ScanCommandTest, AReaderThatGoesAwayEndsTheOutputQuietly)
 {
-    // Twice what a pipe holds.
+    // Twice the capacity of a pipe.
     for (int i = 0; i < 300; ++i)
         m_folder.writeText("tree/" + std::string(200, 'n') + std::to_string(i) + "/x", "x");
 
@@ -443,7 +443,7 @@ TEST_F(ScanCommandTest, AFullDiskIsNamed)
     EXPECT_EQ(result.errors, "corvane-cli: cannot write the result: No space left on device\n");
 }
 
-// When the signal comes is not in the test's hand; what must hold is the same whenever it comes.
+// The test cannot control when the signal arrives; the assertions must hold at any time.
 TEST_F(ScanCommandTest, CtrlCPrintsAPartialResultThatSaysSo)
 {
     constexpr int folders = 600;

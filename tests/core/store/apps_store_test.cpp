@@ -22,8 +22,7 @@ using testing::IsEmpty;
 
 constexpr Time someDay{std::chrono::seconds{1'700'000'000}};
 
-/// A store over a disk in memory with two applications, what one of them keeps in the Library, and what a deleted one
-/// has left there.
+/// A store over a fake disk with two applications, the leftovers of one of them, and those of a deleted one.
 class AppsStoreTest : public testing::Test {
 protected:
     AppsStoreTest()
@@ -57,7 +56,7 @@ protected:
         loaded = store.apps();
         ASSERT_EQ(loaded.size(), 2u);
     }
-    /// An application as it was when the inventory was loaded.
+    /// An application as of when the inventory was loaded.
     const InstalledApp &app(const std::string &name) const
     {
         return *std::ranges::find(loaded, name, &InstalledApp::name);
@@ -124,7 +123,7 @@ TEST_F(AppsStoreTest, TwoRefreshesInARowPublishOnce)
     EXPECT_GT(store.appsToken(), token);
     EXPECT_TRUE(store.appsLoading());
     ASSERT_TRUE(QTest::qWaitFor([&] { return !store.appsLoading(); }, patience));
-    QTest::qWait(50); // a second result would come now
+    QTest::qWait(50); // time for an erroneous second result
     EXPECT_EQ(published, 1);
 }
 
@@ -284,7 +283,7 @@ TEST_F(AppsStoreTest, WhatAnApplicationWritesAnewWhileItQuitsGoesWithIt)
     load();
     fake.applications.setRunning(deck, {11});
     uninstall(app("Deck"));
-    // A system saves preferences as another file that takes the place of the former.
+    // Preferences are saved by replacing the file with a new one.
     fake.files.take(at("Library/Preferences/com.deck.app.plist"));
     fake.files.addFile(at("Library/Preferences/com.deck.app.plist"), 4'096);
     waitForRemoval();
@@ -298,7 +297,7 @@ TEST_F(AppsStoreTest, WhatHasTakenTheConfirmedOnesPlaceByTheRemovalStays)
     load();
     fake.applications.setRunning(deck, {11});
     uninstall(app("Deck"));
-    // Another one is installed, and a folder takes the place of the preferences, while it quits.
+    // While it quits, another version is installed, and a folder replaces the preferences.
     fake.files.take(deck);
     fake.files.addFile(deck + "/Contents/MacOS/Deck", 8'000'000);
     fake.files.take(at("Library/Preferences/com.deck.app.plist"));
@@ -347,7 +346,7 @@ TEST_F(AppsStoreTest, AnUninstallThatIsDueDuringAnotherRemovalFollowsIt)
     ASSERT_TRUE(gate.waitUntilReached());
     store.uninstall(app("Deck"), {});
     store.uninstall(app("Mill"), {});
-    QTest::qWait(50); // so that the second is due, too
+    QTest::qWait(50); // lets the second become due, too
     EXPECT_THAT(moves(), ElementsAre("trashItem " + at("Movies/a.mov")));
     EXPECT_TRUE(store.isUninstalling(deck));
     EXPECT_TRUE(store.isUninstalling(mill));
@@ -406,7 +405,7 @@ TEST_F(AppsStoreTest, AnUninstallThatIsDueWhileTheStoreGoesAwayRemovesNothing)
     brief->remove({{at("Movies/a.mov"), 1}}, false);
     ASSERT_TRUE(gate.waitUntilReached());
     brief->uninstall(app("Deck"), {});
-    // Runs in the loop that the store turns while it waits for the removal, after the uninstall's time has come.
+    // Runs in the event loop while the store waits for the removal, after the uninstall's timeout.
     QTimer::singleShot(100, [&gate] { gate.open(); });
     brief.reset();
     EXPECT_FALSE(fake.files.has(at("Movies/a.mov")));

@@ -25,7 +25,7 @@ constexpr int patience = 20'000; // milliseconds; only a hang takes that long
 
 const std::size_t allRows = 18 + cleanupTableOf(SystemKind::linuxSystem).rows.size();
 
-/// A store over a home folder in memory with caches of 9 MB, a Trash of 2 MB and downloads of 20 MB.
+/// A store over a fake home folder with caches of 9 MB, a Trash of 2 MB and downloads of 20 MB.
 class CleanupStoreTest : public testing::Test {
 protected:
     CleanupStoreTest()
@@ -148,7 +148,7 @@ TEST_F(CleanupStoreTest, SelectingAllThatIsSafeSelectsNothingElse)
 
 TEST_F(CleanupStoreTest, SelectingAllThatIsSafeSelectsNothingProtected)
 {
-    // What lies behind the link belongs to the system.
+    // The link's target belongs to the system.
     fake.files.addFile("/usr/share/manual", 4'000'000);
     fake.files.addFolder(at(".npm"));
     fake.files.addLink(at(".npm/_cacache"), "/usr/share");
@@ -169,7 +169,7 @@ TEST_F(CleanupStoreTest, AfterARemovalTheFiguresFollowAtOnceAndAreMeasuredAgain)
     EXPECT_TRUE(store.cleanupLoading());
     EXPECT_EQ(changed.count(), 2);
 
-    // Another program has made it again meanwhile.
+    // Another program has recreated it meanwhile.
     waitForMeasurement();
     EXPECT_EQ(item("caches").total(), 9'000'000);
 }
@@ -230,7 +230,7 @@ TEST_F(CleanupStoreTest, AStoreThatGoesAwayDuringAMeasurementStopsIt)
     fake.log->observe([&](const std::string &line) {
         if (!line.starts_with("list " + at("Library/Logs/")))
             return;
-        // Held at the first until the store is about to wait for its end.
+        // Block the first listing until the store is about to wait for the job.
         if (listed++ == 0) {
             while (!goesAway)
                 std::this_thread::sleep_for(std::chrono::milliseconds(1));

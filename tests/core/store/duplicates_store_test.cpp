@@ -19,7 +19,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-/// A store over a home with three copies of one film and two of one song, searched.
+/// A store over a home with three copies of one film and two of one song, after a search.
 class DuplicatesStoreTest : public testing::Test {
 protected:
     DuplicatesStoreTest()

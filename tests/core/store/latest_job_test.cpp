@@ -97,7 +97,7 @@ TEST_F(LatestJobTest, WorkThatIsSupersededBeforeItsTurnIsNotBegun)
         mayEnd.get_future().wait();
         return 1;
     });
-    isRunning.get_future().wait(); // else the second may get the thread
+    isRunning.get_future().wait(); // otherwise the second might get the thread
     job->start([&](StopFlag &) {
         hasBegun = true;
         return 2;
@@ -130,7 +130,7 @@ TEST_F(LatestJobTest, ASupersededResultThatArrivesAfterTheNewRequestHasStartedIs
 TEST_F(LatestJobTest, AResultUnderWayWhenItsRequestIsSupersededIsDropped)
 {
     job->start([](StopFlag &) { return 1; });
-    // With one thread the second step begins when the first has handed its result over.
+    // With one thread the second step starts when the first has delivered its result.
     std::promise<void> isHandedOver;
     job->proceed([&](StopFlag &) {
         isHandedOver.set_value();
@@ -181,7 +181,7 @@ TEST_F(LatestJobTest, ADroppedRequestIsToldToStopAndNothingIsAwaited)
 
 TEST_F(LatestJobTest, AFurtherStepBelongsToTheSameRequest)
 {
-    job->proceed([](StopFlag &) { return 0; }); // of none
+    job->proceed([](StopFlag &) { return 0; }); // no job to proceed from
     EXPECT_FALSE(job->isLoading());
 
     std::unique_ptr<Job> twice;
@@ -266,7 +266,7 @@ TEST_F(LatestJobTest, ASupersededResultIsLetGoOfInTheBackground)
     EXPECT_NE(freedOn, QThread::currentThread());
 }
 
-/// Counters as a long search shares them.
+/// Counters shared by a long search.
 struct Counters {
     std::atomic<int> done = 0;
     std::atomic<bool> isCancelled = false;

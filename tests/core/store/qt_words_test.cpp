@@ -9,7 +9,7 @@ std::string shown(const char *locale)
 {
     const QDateTime when(QDate(2026, 11, 20), QTime(9, 14, 33));
     QString text = abbreviatedDateTime(when, QLocale(QLatin1String(locale)));
-    return text.replace(QChar(0x202f), QLatin1Char(' ')).toStdString(); // newer locale data parts "AM" so
+    return text.replace(QChar(0x202f), QLatin1Char(' ')).toStdString(); // newer locale data puts this space before "AM"
 }
 
 TEST(DisplayText, KeepsWhatIsValidText)

@@ -40,7 +40,7 @@ TEST_F(StorageStoreTest, TheBreakdownFollowsAScanAndARemoval)
 
 TEST_F(StorageStoreTest, ARescanBeforeTheFirstBreakdownIsThereMeasuresTheDiskWithoutAScan)
 {
-    fake.files.setSystemKind(SystemKind::mac); // which leaves the home folder to the scan
+    fake.files.setSystemKind(SystemKind::mac); // whose home folder is measured by scans only
     store.scan(at("Projects"));
     store.finishScan(resultNamed(at("Projects")), store.progress());
     ASSERT_TRUE(store.breakdownLoading());

@@ -129,7 +129,7 @@ TEST_F(StorageStoreTest, AnItemThatTookTheSelectedOnesPlaceStaysUntilItIsSelecte
     store.setSelected(at("Movies/a.mov"), 3'000'000, true);
     fake.files.take(at("Movies/a.mov"));
     fake.files.addFile(at("Movies/a.mov/one"), 1'000'000);
-    store.setSelected(at("Movies/a.mov"), 3'000'000, true); // it is selected already
+    store.setSelected(at("Movies/a.mov"), 3'000'000, true); // already selected
     store.remove(store.effectiveSelection(), false);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isRemoving(); }, patience));
     EXPECT_EQ(*store.toast(),
@@ -226,7 +226,7 @@ TEST_F(StorageStoreTest, ListsStayLargestFirstWhenSomethingInsideAPackageIsRemov
     };
     ASSERT_TRUE(isListed("Big.app"));
     store.didRemove({{{at("Mid.app/Contents/three"), 5'000'000}, {at("Big.app/Contents/one"), 6'000'000}}, {}}, false);
-    EXPECT_FALSE(isListed("Big.app")); // half a megabyte is left of it
+    EXPECT_FALSE(isListed("Big.app")); // only half a megabyte of it is left
     EXPECT_TRUE(isListed("Mid.app"));
     EXPECT_TRUE(std::ranges::is_sorted(store.allFiles(), std::ranges::greater(), &FileNode::size));
 }
@@ -277,7 +277,7 @@ TEST_F(StorageStoreTest, AStoreThatGoesAwayDuringARemovalTouchesNoFurtherItem)
     auto brief = std::make_unique<StorageStore>(fake.host(), locations);
     brief->remove({{at("Movies/a.mov"), 1}, {at("Movies/b.mov"), 1}}, false);
     ASSERT_TRUE(gate.waitUntilReached());
-    QTimer::singleShot(0, [&gate] { gate.open(); }); // runs in the loop that the store turns while it waits
+    QTimer::singleShot(0, [&gate] { gate.open(); }); // runs in the event loop while the store waits
     brief.reset();
     EXPECT_FALSE(fake.files.has(at("Movies/a.mov")));
     EXPECT_TRUE(fake.files.has(at("Movies/b.mov")));

@@ -64,7 +64,7 @@ TEST_F(StorageStoreTest, StoppingAScanShowsPartialResultsAndSaysSo)
     store.stopScan();
     gate.open();
     ASSERT_TRUE(waitForReady());
-    EXPECT_EQ(sizeOf("Movies"), 5'000'000); // listed before the stop; what lies below was no longer entered
+    EXPECT_EQ(sizeOf("Movies"), 5'000'000); // listed before the stop; its subfolders were not entered
     EXPECT_EQ(sizeOf("Movies/inner"), -1);
     ASSERT_TRUE(store.toast());
     EXPECT_EQ(*store.toast(), "Scan stopped — showing partial results");
@@ -120,7 +120,7 @@ TEST_F(StorageStoreTest, ARescanKeepsTheFolderShown)
     store.open(store.sharedNode(at("Projects/deep")));
     store.rescan();
     EXPECT_EQ(store.currentFolder(), nullptr);
-    store.rescan(); // once more, while nothing is shown
+    store.rescan(); // again, while nothing is shown
     ASSERT_TRUE(waitForReady());
     ASSERT_NE(store.currentFolder(), nullptr);
     EXPECT_EQ(store.currentFolder()->path(), at("Projects/deep"));
@@ -137,7 +137,7 @@ TEST_F(StorageStoreTest, AfterARescanTheNearestFolderAroundOneThatIsGoneIsShown)
     ASSERT_TRUE(waitForReady());
     EXPECT_EQ(store.currentFolder()->path(), at("Projects/deep"));
 
-    // A file may have taken the place of the folder shown.
+    // A file may have replaced the folder shown.
     fake.files.take(at("Projects/deep"));
     fake.files.addFile(at("Projects/deep"), 3'000'000);
     store.rescan();
@@ -214,8 +214,8 @@ TEST_F(StorageStoreTest, AFinishedScanThatWasNotStoppedSaysNothing)
 
 TEST_F(StorageStoreTest, AScanStillRunsWithoutFullDiskAccess)
 {
-    EXPECT_TRUE(store.hasFullDiskAccess());    // a home that can be listed
-    fake.files.setSystemKind(SystemKind::mac); // which without a probe file to open denies access
+    EXPECT_TRUE(store.hasFullDiskAccess());    // the home can be listed
+    fake.files.setSystemKind(SystemKind::mac); // denies access without a readable probe file
     scanHome();
     EXPECT_FALSE(store.hasFullDiskAccess());
     EXPECT_TRUE(store.hasScan());
@@ -265,7 +265,7 @@ TEST_F(StorageStoreTest, TheProgramKeepsItsFullSpeedUntilTheScanHasEnded)
     EXPECT_THAT(speeds(), ElementsAre());
     store.scan(at("Movies"));
     EXPECT_THAT(speeds(), ElementsAre("keepAtFullSpeed Scanning a folder"));
-    store.scan(at("Projects")); // in place of the one that runs
+    store.scan(at("Projects")); // replaces the running scan
     EXPECT_THAT(speeds(), ElementsAre("keepAtFullSpeed Scanning a folder"));
     ASSERT_TRUE(waitForReady());
     EXPECT_THAT(speeds(), ElementsAre("keepAtFullSpeed Scanning a folder", "slowDown Scanning a folder"));
@@ -310,7 +310,7 @@ TEST_F(StorageStoreTest, ALinkToAFolderIsScannedWhereItLeads)
 
 TEST_F(StorageStoreTest, WhatIsRemovedDuringAScanIsNotInItsTree)
 {
-    Gate gate(*fake.log, "list " + at("Projects/deep")); // the walk may have seen the movies by then, or not
+    Gate gate(*fake.log, "list " + at("Projects/deep")); // the movies may or may not have been walked by then
     store.scanHome();
     ASSERT_TRUE(gate.waitUntilReached());
     ASSERT_TRUE(
@@ -329,7 +329,7 @@ TEST_F(StorageStoreTest, WhatCameBackAfterItsRemovalDuringAScanStaysInTheTree)
     Gate gate(*fake.log, "list " + at("Movies"));
     store.scanHome();
     ASSERT_TRUE(gate.waitUntilReached());
-    store.didRemove({{{at("Movies/a.mov"), 3'000'000}}, {}}, false); // the fake still has it
+    store.didRemove({{{at("Movies/a.mov"), 3'000'000}}, {}}, false); // the fake file system still has it
     gate.open();
     ASSERT_TRUE(waitForReady());
     EXPECT_EQ(sizeOf("Movies/a.mov"), 3'000'000);

@@ -20,11 +20,11 @@ namespace corvane {
 
 inline constexpr int patience = 20'000; // milliseconds; only a hang takes that long
 
-/// Holds a background thread at a call of the system until the test lets it go on. Another thread may still be at the
-/// gate when it is taken away.
+/// Blocks a background thread at a system call until the test opens the gate. Other threads may still be waiting when
+/// it is destroyed.
 class Gate {
 public:
-    /// Holds the first call that is recorded as `line`.
+    /// Blocks the first call that is recorded as `line`.
     Gate(CallLog &log, std::string line) : m_log(log)
     {
         m_log.observe([state = m_state, line = std::move(line)](const std::string &recorded) {
@@ -63,7 +63,7 @@ private:
     const std::shared_ptr<State> m_state = std::make_shared<State>();
 };
 
-/// A store over a small home folder in memory.
+/// A store over a small fake home folder.
 class StorageStoreTest : public testing::Test {
 protected:
     StorageStoreTest()

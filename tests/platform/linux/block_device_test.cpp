@@ -15,7 +15,7 @@
 namespace corvane {
 namespace {
 
-/// The kernel's folder of devices, made up.
+/// A fake of the kernel's device folder.
 class BlockDeviceTest : public testing::Test {
 protected:
     void add(const std::string &number, const std::string &device)
@@ -33,7 +33,7 @@ protected:
     TemporaryFolder sys;
 };
 
-TEST_F(BlockDeviceTest, ADiskTellsWhetherItTurns)
+TEST_F(BlockDeviceTest, ADiskReportsWhetherItIsRotational)
 {
     add("8:0", "devices/pci/ata1/block/sda");
     tell("devices/pci/ata1/block/sda", "1\n");
@@ -49,14 +49,14 @@ TEST_F(BlockDeviceTest, APartitionIsOnItsDisk)
     EXPECT_TRUE(spins("8:1"));
 }
 
-TEST_F(BlockDeviceTest, WhatAVirtualMachineSaysOfItsDiskIsNotBelieved)
+TEST_F(BlockDeviceTest, TheRotationalFlagOfAVirtualDiskIsIgnored)
 {
     add("254:0", "devices/pci/virtio1/block/vda");
     tell("devices/pci/virtio1/block/vda", "1\n");
     EXPECT_FALSE(spins("254:0"));
 }
 
-TEST_F(BlockDeviceTest, WhatIsNotToldDoesNotTurn)
+TEST_F(BlockDeviceTest, AnUnknownDeviceIsNotRotational)
 {
     add("8:0", "devices/pci/ata1/block/sda");
     EXPECT_FALSE(spins("8:0"));

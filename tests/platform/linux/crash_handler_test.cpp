@@ -30,10 +30,10 @@ using testing::StartsWith;
 
 constexpr int noHandler = 3; // the program's exit status
 
-/// Runs the program that crashes, in a home of its own.
+/// Runs the crashing program in a temporary home folder.
 class CrashHandler : public testing::Test {
 protected:
-    /// The status of its end, as waitpid tells it.
+    /// The wait status, as returned by waitpid.
     [[nodiscard]] int run(const std::string &way, bool withHandler = true)
     {
         std::vector<std::string> arguments{program, way};
@@ -80,7 +80,7 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    /// The one report of a program that ended by that signal.
+    /// The only report of a program killed by this signal.
     [[nodiscard]] std::string reportOf(const std::string &way, int signal)
     {
         const int status = run(way);
@@ -152,11 +152,11 @@ TEST_F(CrashHandler, FramesNameTheirModuleAndThePlaceInIt)
     const std::string report = reportOf("null", SIGSEGV);
     EXPECT_THAT(report, HasSubstr("Fault address: 0x0\n"));
     EXPECT_THAT(report, HasSubstr("Thread: main\n"));
-    // It crashed in the program itself, and the C library started that.
+    // The crash is in the program itself, called from the C library.
     EXPECT_THAT(report, HasSubstr("\n0 crashing_program + 0x"));
     EXPECT_THAT(report, ContainsRegex("\n[0-9]+ libc.so.6 . 0x"));
 
-    // The place is one in the file, whatever address that was loaded to.
+    // The address is relative to the file, independent of the load address.
     const auto firstFrame = [](const std::string &text) {
         const std::size_t start = text.find("\n0 ");
         return text.substr(start, text.find('\n', start + 1) - start);
@@ -193,7 +193,7 @@ TEST_F(CrashHandler, ReportHoldsNoPathNoEnvironmentNoCommandLineAndNothingOfMemo
         const std::string report = textOf(reports().front());
         EXPECT_THAT(report, Not(HasSubstr("/")));
         EXPECT_THAT(report, Not(HasSubstr("SECRET")));
-        EXPECT_THAT(report, Not(HasSubstr("544552434553"))); // the same as an address
+        EXPECT_THAT(report, Not(HasSubstr("544552434553"))); // the same bytes as an address
         EXPECT_THAT(report, Not(HasSubstr(way)));
         std::filesystem::remove_all(home / ".local");
     }
@@ -201,7 +201,7 @@ TEST_F(CrashHandler, ReportHoldsNoPathNoEnvironmentNoCommandLineAndNothingOfMemo
 
 TEST_F(CrashHandler, SecondCrashInOneSecondDoesNotReplaceTheFirst)
 {
-    // Three, so that two of them share a second unless the machine is very slow.
+    // With three, two share a second unless the machine is very slow.
     for (int round = 0; round < 3; ++round)
         ASSERT_TRUE(WIFSIGNALED(run("null")));
     EXPECT_EQ(reports().size(), 3U);

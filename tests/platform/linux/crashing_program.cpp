@@ -1,5 +1,4 @@
-// Crashes in the way that its first argument names, with the handler of crashes installed unless a second one is
-// there.
+// Crashes in the way given by its first argument, with the crash handler installed unless there is a second argument.
 
 #include <array>
 #include <cstdio>
@@ -29,7 +28,7 @@ void writeToNull()
     *nothing = 1;
 }
 
-// Not a tail call, and without an end that the compiler could see.
+// Not a tail call, and infinite in a way that the compiler cannot detect.
 int overflow(int depth)
 {
     if (zero != 0)
@@ -82,7 +81,7 @@ void inTwoThreads()
         thread.join();
 }
 
-// Nothing tells that this address is no text that was read somewhere.
+// The address could be text from the user's data, so a report must not contain it.
 void writeToAnAddressMadeOfText()
 {
     std::uintptr_t address = 0;
@@ -90,7 +89,7 @@ void writeToAnAddressMadeOfText()
     *reinterpret_cast<volatile char *>(address) = 1;
 }
 
-// Every file ends early, as on a full disk.
+// Limits file sizes, so that writes fail as on a full disk.
 void withoutSpace()
 {
     const rlimit little{.rlim_cur = 100, .rlim_max = 100};

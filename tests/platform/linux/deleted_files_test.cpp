@@ -29,17 +29,17 @@ std::int64_t heldBy(const std::string &program, const std::string &home)
     return size;
 }
 
-/// Gives this process a name that no other has, for the tests of one program may run side by side.
+/// Gives this process a unique name, because tests of one program may run in parallel.
 std::string ownProgram()
 {
-    const std::string name = "held-" + std::to_string(::getpid()); // within the 15 characters that the kernel keeps
+    const std::string name = "held-" + std::to_string(::getpid()); // within the kernel's limit of 15 characters
     EXPECT_EQ(::prctl(PR_SET_NAME, name.c_str()), 0);
     return name;
 }
 
 TEST(DeletedFiles, OnesThatAreStillOpenAreCountedOnceForTheirProgram)
 {
-    // The folder's own file system is part of the disk that is asked for.
+    // The folder's file system is part of the queried disk.
     const TemporaryFolder folder;
     const std::string program = ownProgram();
     const std::int64_t before = heldBy(program, folder.path());
@@ -53,7 +53,7 @@ TEST(DeletedFiles, OnesThatAreStillOpenAreCountedOnceForTheirProgram)
     EXPECT_EQ(heldBy(program, folder.path()) - before, std::int64_t{facts.st_blocks} * 512);
 }
 
-/// Runs in a child and tells how it ended.
+/// Runs in a forked child and returns its exit status.
 int statusOfChild(const std::function<int()> &run)
 {
     const pid_t child = ::fork();
@@ -74,7 +74,7 @@ TEST(DeletedFiles, OneThatTwoProgramsHoldCountsOnce)
     ASSERT_EQ(::unlink(path.c_str()), 0);
     const std::int64_t alone = heldBy(program, folder.path());
     EXPECT_GE(alone - before, 3'000'000);
-    // The child has it open, too, and is called as its parent is.
+    // The child has the file open too, and has its parent's name.
     EXPECT_EQ(statusOfChild([&] { return heldBy(program, folder.path()) == alone ? 0 : 1; }), 0);
 }
 

@@ -23,7 +23,7 @@ TEST(DiskName, ALabelsBlanksAreWrittenAsUdevWritesThem)
     EXPECT_EQ(unescapedLabel("odd\\xzz"), "odd\\xzz");
 }
 
-// A folder that holds no label of a disk stands in for the one that udev fills.
+// A folder without disk labels replaces the one that udev maintains.
 TEST(DiskName, WhatASystemCallsItselfIsTakenWhereItIsAName)
 {
     if (!ProbeHome::canSandbox())

@@ -36,12 +36,12 @@ ProgramMarks marks(const std::string &bundlePath)
     return {.bundleID = identifier, .bundlePath = bundlePath, .flatpak = {}, .snap = {}};
 }
 
-/// A shell's script that prints "ready", then the name of every signal that it gets, and goes on.
+/// A shell script that prints "ready", then the name of every signal it receives, and keeps running.
 constexpr const char *listening =
     "trap 'echo TERM' TERM; trap 'echo WINCH' WINCH; echo ready; while true; do read line; done";
 
-/// A process of the test's own, ended by the destructor. Its standard output is read here, and its standard input
-/// stays open as long as it runs.
+/// A child process, killed by the destructor. Its standard output is a pipe, and its standard input stays open while it
+/// runs.
 class Child {
 public:
     explicit Child(std::vector<std::string> arguments)
@@ -80,10 +80,10 @@ public:
     [[nodiscard]] pid_t number() const { return m_number; }
     void signal(int number) const { ::kill(m_number, number); }
 
-    /// What it prints next, up to the end of a line; empty at the end of all it prints.
+    /// The next line of its output; empty at the end of the output.
     [[nodiscard]] std::string line() const
     {
-        // One that has a signal to deal with may be waiting for input already.
+        // A shell handles a pending signal only after its current read returns.
         EXPECT_EQ(::write(m_input.number(), "\n", 1), 1);
         std::string text;
         char character = '\0';
@@ -92,14 +92,14 @@ public:
         return text;
     }
 
-    /// Waits for its end, without taking note of it: the system keeps it as one that has ended.
+    /// Waits for its end without reaping it, so that it remains a zombie.
     void waitForEnd() const
     {
         siginfo_t facts{};
         ::waitid(P_PID, static_cast<id_t>(m_number), &facts, WEXITED | WNOWAIT);
     }
 
-    /// Waits for its end; the number of the signal that ended it.
+    /// Waits for its end and returns the signal that killed it.
     [[nodiscard]] int endingSignal()
     {
         int status = 0;
@@ -113,10 +113,10 @@ private:
     FileDescriptor m_output;
 };
 
-/// Bundles whose executables are copies of the system's programs.
+/// Bundles whose executables are copies of system programs.
 class LinuxApplicationsTest : public testing::Test {
 protected:
-    /// Copies a program of the system to a path of the test's folder.
+    /// Copies a system program to a path in the test's folder.
     std::string program(const std::string &relative, const char *from) const
     {
         const std::string path = disk / relative;
@@ -125,7 +125,7 @@ protected:
         return path;
     }
 
-    /// One that ends at the first signal.
+    /// A process that ends at the first signal.
     std::vector<std::string> sleeper(const std::string &relative) const
     {
         return {program(relative, "/bin/sleep"), "1000"};
@@ -310,7 +310,7 @@ TEST_F(LinuxApplicationsTest, NumbersOfAnotherNamespaceAreNotTaken)
     EXPECT_EQ(home.runSandboxed({"--unshare-pid"}, script), "0") << "\"/proc\" is that of the machine";
 }
 
-/// The view of the kernel on processes, made up. Nothing in it may be asked to quit, for the numbers are real ones.
+/// A fake of the kernel's process information. Nothing in it may be asked to quit, because the process ids exist.
 class MadeUpProcessesTest : public testing::Test {
 protected:
     MadeUpProcessesTest() { add("self", "/usr/bin/corvane"); }
@@ -385,7 +385,7 @@ TEST_F(MadeUpProcessesTest, AnAppImageIsToldByWhereItIsMounted)
     const std::string environment = std::string("HOME=/home/u") + '\0' + "APPIMAGE=" + image + '\0';
     add("31", image);
     add("32", "/tmp/.mount_ChartXy/usr/bin/chart", "0::/\n", environment);
-    add("33", "/usr/bin/vim", "0::/\n", environment); // started by it, and none of it
+    add("33", "/usr/bin/vim", "0::/\n", environment); // started by the application, but not part of it
     add("34", "/tmp/.mount_Other/usr/bin/other", "0::/\n", std::string("APPIMAGE=/home/u/Other.AppImage") + '\0');
     EXPECT_THAT(runningPrograms({image}), UnorderedElementsAre(31, 32));
 }

@@ -1,5 +1,5 @@
-// Revealing and opening happen in this process, on a session bus and with programs of the test's own; what GLib
-// keeps for the whole life of a process (log, animation settings) is asked through the probe.
+// Revealing and opening run in this process, with a private session bus and fake programs; state that GLib keeps for
+// the whole life of a process (log, animation settings) is tested through the probe.
 
 #include "platform/linux/linux_desktop.h"
 
@@ -51,8 +51,8 @@ std::vector<std::string> linesOf(const std::string &path)
     return lines;
 }
 
-/// A session bus and a folder in which the programs that open things are declared. GLib looks at the variables
-/// once, so there is one for the whole run.
+/// A session bus and a folder that declares the opener programs. GLib reads the variables once, so there is one session
+/// for the whole run.
 class Session : public ::testing::Environment {
 public:
     static Session &instance() { return *s_instance; }
@@ -99,7 +99,7 @@ public:
     [[nodiscard]] std::string busAddress() const { return g_test_dbus_get_bus_address(m_bus); }
     [[nodiscard]] const TemporaryFolder &folder() const { return *m_folder; }
 
-    /// The addresses that the opening program was given; forgotten once asked for.
+    /// Returns and clears the URLs passed to the opener.
     [[nodiscard]] std::vector<std::string> takeOpened() const
     {
         std::vector<std::string> lines = linesOf(m_record);
@@ -107,7 +107,7 @@ public:
         return lines;
     }
 
-    /// While it lives, the program that opens things cannot be started.
+    /// Makes the opener impossible to start, while this object lives.
     class WithoutOpener {
     public:
         WithoutOpener() { std::filesystem::rename(instance().m_opener, instance().m_opener + "-away"); }
@@ -116,7 +116,7 @@ public:
         ~WithoutOpener() { std::filesystem::rename(instance().m_opener + "-away", instance().m_opener); }
     };
 
-    /// While it lives, a program of this one's name is the one that opens folders by default.
+    /// Makes a program with Corvane's name the default for folders, while this object lives.
     class CorvaneAsFileManager {
     public:
         CorvaneAsFileManager() { choose("corvane.desktop"); }
@@ -151,7 +151,7 @@ private:
 
 [[maybe_unused]] const ::testing::Environment *const session = ::testing::AddGlobalTestEnvironment(new Session);
 
-/// Stands for the file manager on the bus while it lives.
+/// A fake file manager on the bus, while this object lives.
 class FileManager {
 public:
     enum class Manner { answers, refuses };
@@ -170,7 +170,7 @@ public:
         g_main_context_unref(m_context);
     }
 
-    /// The addresses in each request, one after another.
+    /// The URLs of each request, in order.
     [[nodiscard]] std::vector<std::string> shown() const
     {
         const std::lock_guard lock(m_mutex);

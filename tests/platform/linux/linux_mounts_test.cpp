@@ -1,5 +1,5 @@
-// What is mounted is never removed. Every mount is made in a mount namespace of its own, so it is seen by nobody
-// else and goes with the sandbox.
+// Mounted file systems are never removed. Every mount is made in a private mount namespace, which disappears with the
+// sandbox.
 
 #include "platform/mount.h"
 
@@ -29,7 +29,7 @@ protected:
         m_home.folder.makeFolder("home/USB");
     }
 
-    /// What the probe answers where `original` is mounted a second time at `point`.
+    /// The probe's answer when `original` is bind-mounted at `point`.
     std::string removeWhereBound(const std::string &point, const std::string &item) const
     {
         return m_home.runSandboxed({"--bind", m_home.folder / "home/original", m_home.folder / point},

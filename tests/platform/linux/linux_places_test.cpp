@@ -47,7 +47,7 @@ constexpr const char *variables[] = {"HOME",
                                      "HF_HUB_CACHE",
                                      "OLLAMA_MODELS"};
 
-/// A home folder of its own; the variables that matter are unset, and come back as they were.
+/// A temporary home folder; unsets the relevant variables, and restores them.
 class LinuxPlaces : public testing::Test {
 protected:
     LinuxPlaces()
@@ -90,7 +90,7 @@ TEST_F(LinuxPlaces, WithoutVariablesTheUsualFoldersOfTheHomeHold)
     EXPECT_EQ(place(androidImages), folder / "Android/Sdk/system-images");
     EXPECT_EQ(place(pnpmStore), folder / ".local/share/pnpm/store");
     EXPECT_EQ(place(docker), folder / ".local/share/docker");
-    EXPECT_EQ(place(downloads), std::nullopt); // which the user's folders would name
+    EXPECT_EQ(place(downloads), std::nullopt); // only the user's folder settings name it
 }
 
 TEST_F(LinuxPlaces, VariablesMoveWhatBelongsToThem)
@@ -127,7 +127,7 @@ TEST_F(LinuxPlaces, DownloadsAreWhereTheUsersFoldersSay)
         {"# comment\n  XDG_DOWNLOAD_DIR=\"/mnt/downloads/\"\nXDG_MUSIC_DIR=\"$HOME/m\"\n", "/mnt/downloads"},
         {"XDG_DOWNLOAD_DIR=\"/a\"\nXDG_DOWNLOAD_DIR=\"/b\"\n", "/b"},
         {"XDG_DOWNLOAD_DIR=\"$HOME/say \\\"hi\\\"\"\n", folder / "say \"hi\""},
-        {"XDG_DOWNLOAD_DIR=\"$HOME/\"\n", std::nullopt}, // switched off
+        {"XDG_DOWNLOAD_DIR=\"$HOME/\"\n", std::nullopt}, // disabled
         {"XDG_DOWNLOAD_DIR=\"$HOME\"\n", std::nullopt},
         {"XDG_DOWNLOAD_DIR=\"incoming\"\n", std::nullopt}, // relative
         {"XDG_DOWNLOAD_DIR=\"$HOMES/x\"\n", std::nullopt},

@@ -40,7 +40,7 @@ std::string linkTarget(const std::string &path)
     return target;
 }
 
-/// The bytes of the path that a Trash record names.
+/// The original path, as bytes, in a Trash record.
 std::string originalPath(const std::string &record)
 {
     std::istringstream lines(contents(record));
@@ -110,8 +110,8 @@ TEST(LinuxTrash, DanglingLinkIsTrashed)
     EXPECT_EQ(linkTarget(home.folder / "home/data/Trash/files/dangling"), "/nowhere/at/all");
 }
 
-/// What becomes of "home/letter.txt" when a script changes the Trash while the item is on its way there. The script
-/// runs in the Trash.
+/// The outcome for "home/letter.txt" when a script changes the Trash while the item is being moved there. The script
+/// runs in the Trash folder.
 class TrashChangedMeanwhile : public ::testing::Test {
 protected:
     TrashChangedMeanwhile() : letter(home.folder.writeText("home/letter.txt", "Dear")) {}
@@ -145,7 +145,7 @@ TEST_F(TrashChangedMeanwhile, WhatSomebodyElsePutThereUnderThatNameStaysWithItsR
 
 TEST_F(TrashChangedMeanwhile, WhatSomebodyElsePutThereStaysAlsoUnderTheFileNumberOfWhatWasDeleted)
 {
-    // Many file systems give a new file the number that was freed last.
+    // Many file systems reuse the inode number that was freed last.
     static constexpr const char *script = R"sh(
         refill() {
             freed=$(stat -c %i "$1"); rm "$1"
@@ -265,7 +265,7 @@ TEST(LinuxTrash, ItemThatLeadsOverAnUnrecordedFolderKeepsBoth)
     EXPECT_EQ(contents(home.folder / "home/data/Trash/files/project.2/main.c"), "int");
 }
 
-/// The original paths of what lies in the Trash, by the contents; "none" where there is no record.
+/// The original paths of the items in the Trash, keyed by contents; "none" if there is no record.
 std::map<std::string, std::string> waysBack(const std::string &trash)
 {
     std::map<std::string, std::string> ways;
@@ -280,7 +280,7 @@ TEST(LinuxTrash, EachOfManyItemsOfARequestHasItsWayBack)
 {
     const ProbeHome home;
     std::map<std::string, std::string> expected;
-    // A record's ending takes ten bytes of a name, of which a file system takes 255.
+    // A record's suffix takes ten of the 255 bytes that file systems allow for a name.
     const std::vector<std::string> names{"a",
                                          "a.txt",
                                          "not utf-8 \xff",
@@ -321,7 +321,7 @@ TEST(LinuxTrash, ItemsOfARequestGoOverNothingThatLiesThere)
     home.folder.writeText("home/data/Trash/files/b.txt", "without a record");
     home.folder.writeText("home/data/Trash/files/c.txt", "other");
     home.folder.writeText("home/data/Trash/info/c.txt.trashinfo", info);
-    home.folder.writeText("home/data/Trash/info/d.txt.trashinfo", info); // of nothing
+    home.folder.writeText("home/data/Trash/info/d.txt.trashinfo", info); // of no item
     std::map<std::string, std::string> expected{{"without a record", "none"}, {"other", "/elsewhere"}};
     for (const char *name : {"a.txt", "b.txt", "c.txt", "d.txt"})
         expected[name] = home.folder.writeText(std::string("home/many/") + name, name);
@@ -367,8 +367,8 @@ TEST(LinuxTrash, ReadOnlyFoldersOfARequestGoToo)
                                      std::filesystem::perms::owner_all);
 }
 
-/// What becomes of "home/many/second" when a script changes the Trash after "home/many/first" has gone there in the
-/// same request. The script runs in the Trash.
+/// The outcome for "home/many/second" when a script changes the Trash after "home/many/first" was moved there in the
+/// same request. The script runs in the Trash folder.
 class TrashChangedWithinARequest : public ::testing::Test {
 protected:
     std::string trashTwoWith(const std::string &script)
@@ -427,8 +427,8 @@ TEST_F(TrashChangedWithinARequest, NothingIsKeptOpenAfterwards)
     EXPECT_EQ(waysBackFrom("Trash"), (Ways{{"1", first}, {"2", second}}));
 }
 
-/// How many of 200 items are at their own places and how many in the Trash, after a request for all of them that was
-/// ended by force; each at one of the two, and in the Trash with the way back.
+/// Of 200 items, counts those in their original places and those in the Trash after a request for all of them was
+/// killed; each must be in exactly one of the two, and in the Trash with a record.
 TEST(LinuxTrash, RequestThatIsKilledLosesNothing)
 {
     constexpr int items = 200;
@@ -441,7 +441,7 @@ TEST(LinuxTrash, RequestThatIsKilledLosesNothing)
         for (int i = 0; i < items; ++i)
             home.folder.writeText("home/many/item" + std::to_string(i), std::to_string(i));
         const std::string many = home.folder / "home/many";
-        // From before the first item goes to after the last one has gone.
+        // Covers the time from before the first item is moved to after the last.
         const std::string moment = "0.0" + std::to_string(10 + request * 40 / requests);
         (void)home.runOther({"/bin/sh", "-c",
                              "\"$probe\" trash-contents '" + many + "' > /dev/null & sleep " + moment +
@@ -523,7 +523,7 @@ TEST(LinuxTrash, FullDiskFailsAndTheItemStaysWithNothingLeftBehind)
 {
     REQUIRE_SANDBOX();
     const ProbeHome home;
-    // The Trash is there already and its first item fits: only the room for one more record is missing.
+    // The Trash already exists and its first item fits: only space for one more record is missing.
     const std::string answer = home.runSandboxed({"--size", "131072", "--tmpfs", home.folder / "home"}, R"(
         cd "$HOME"; echo first > first; echo second > second
         $probe trash "$HOME/first"
@@ -653,7 +653,7 @@ TEST(LinuxTrash, ForgettingDropsNothingButTheRecordOfAnItemThatIsGone)
     const ProbeHome home;
     home.folder.writeText("home/data/Trash/files/here", "x");
     home.folder.writeText("home/data/Trash/files/folder/files/x", "x");
-    const std::vector<std::string> records{"home/data/Trash/info/here.trashinfo", // its item is still there
+    const std::vector<std::string> records{"home/data/Trash/info/here.trashinfo", // its item still exists
                                            "home/data/Trash/info/inner.trashinfo",
                                            "home/data/Trash/files/folder/info/inner.trashinfo",
                                            "home/project/info/inner.trashinfo"};
@@ -708,7 +708,7 @@ TEST_F(LinuxTrashOfAVolume, NotesWhereEachItemOfARequestLayBelowItsTop)
               "3 done\nPath=folder/many/a\nPath=folder/many/b\nPath=folder/many/c%20d");
 }
 
-/// Which Trash GIO chooses is its own affair; that it is asked again once what it has judged has changed, is ours.
+/// GIO decides which Trash it uses; our code must ask again once the facts behind that decision have changed.
 class TrashOfAVolumeChangedWithinARequest : public LinuxTrashOfAVolume {
 protected:
     [[nodiscard]] std::string trashTwo(const std::string &before, const std::string &meanwhile) const

@@ -11,14 +11,14 @@
 namespace corvane {
 namespace {
 
-TEST(BlockCount, WhatNoSizeCanHoldIsAbsent)
+TEST(BlockCount, AnOverflowIsAbsent)
 {
     EXPECT_EQ(bytesOfBlocks(std::uint64_t{3}, 4096), 12'288);
     EXPECT_EQ(bytesOfBlocks(std::numeric_limits<std::uint64_t>::max(), 4096), std::nullopt);
     EXPECT_EQ(bytesOfBlocks(std::int64_t{-1}, 4096), std::nullopt);
 }
 
-// On a disk that keeps nothing back the two totals are the same, and this finds nothing.
+// On a disk without reserved blocks both totals are equal, and this test cannot fail.
 TEST(LinuxVolumes, WhatIsKeptForTheAdministratorIsNoCapacity)
 {
     struct statvfs volume {};
@@ -28,7 +28,7 @@ TEST(LinuxVolumes, WhatIsKeptForTheAdministratorIsNoCapacity)
     std::string name;
     std::uint64_t total = 0;
     answer >> name >> total;
-    // Used and available change together while other programs write; their sum does not.
+    // Used and available space change while other programs write; their sum does not.
     EXPECT_EQ(total, (volume.f_blocks - volume.f_bfree + volume.f_bavail) * volume.f_frsize);
 }
 

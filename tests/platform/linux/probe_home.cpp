@@ -43,7 +43,7 @@ ProgramResult runProgram(std::vector<std::string> arguments, std::vector<std::st
     return result;
 }
 
-/// Where the programs that a test starts lie; those that make a disk are not on everybody's path.
+/// PATH for programs that a test starts; those that create disks are not on a normal user's path.
 std::string searchPath()
 {
     const char *const path = std::getenv("PATH");
@@ -62,9 +62,9 @@ ProbeHome::ProbeHome()
                      {"XDG_CACHE_HOME", folder.makeFolder("home/cache")},
                      {"XDG_RUNTIME_DIR", folder.makeFolder("runtime")},
                      {"LC_ALL", "C.UTF-8"},
-                     // No bus: whoever tries to reach one fails at once.
+                     // No bus: connecting fails immediately.
                      {"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home + "/no-bus"},
-                     // Leak checking traces the process, which a sandbox forbids.
+                     // Leak checking uses ptrace, which a sandbox forbids.
                      {"ASAN_OPTIONS", "detect_leaks=0"},
                      {"probe", CORVANE_SYSTEM_PROBE}};
 }
@@ -110,7 +110,7 @@ bool ProbeHome::canMountDisks() const
 
 std::vector<std::string> ProbeHome::onDisk(const std::string &script) const
 {
-    // The mount is seen by nobody else and goes with the shell.
+    // The mount is private and disappears with the shell.
     return {"unshare", "--mount", "/bin/sh", "-c",
             "set -e; truncate -s 16M '" + folder / "image" + "'; mkfs.ext4 -q -F '" + folder / "image" +
                 "'; mkdir -p '" + folder / "disk" + "'; mount -o loop '" + folder / "image" + "' '" + folder / "disk" +

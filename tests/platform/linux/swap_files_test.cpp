@@ -18,7 +18,7 @@ TEST(SwapFiles, FilesAreListedAndPartitionsAreNot)
                 ElementsAre(SwapFile{"/swap file", 2'147'479'552}, SwapFile{"/swap/second (deleted)", 1'048'576}));
 }
 
-TEST(SwapFiles, ATextThatIsNoListHasNone)
+TEST(SwapFiles, AMalformedListHasNoFiles)
 {
     EXPECT_THAT(swapFilesIn(""), IsEmpty());
     EXPECT_THAT(swapFilesIn("Filename Type Size\n\n/a file\n/b file x\n/c file 99999999999999999999\n"), IsEmpty());

@@ -1,11 +1,11 @@
-// Removes items while a second process swaps what lies on their paths as fast as it can, and counts what was lost.
-// Run in a home of the test's own: every item is made here.
+// Removes items while a second process swaps the items on their paths as fast as it can, and counts losses. Run it in
+// a temporary home folder: every item is created here.
 //
 // usage: swapped_removals CASE COUNT FOLDER
-//   CASE    WAY-KIND-SWAP: WAY is permanent, trash or within (what lies in the Trash already); KIND is files or
-//           folders; SWAP is exchange (renameat2) or rename (three plain renames) of the items' folder and a link, or
-//           item (each item is exchanged with another one beside it)
-//   FOLDER  where the items and what must survive are made; for "within" a folder inside the Trash
+//   CASE    WAY-KIND-SWAP: WAY is permanent, trash or within (items already in the Trash); KIND is files or folders;
+//           SWAP is exchange (renameat2) or rename (three plain renames) of the items' folder and a link, or item (each
+//           item is exchanged with another one beside it)
+//   FOLDER  where the items and those that must survive are created; for "within" a folder inside the Trash
 //
 // Prints one line, "COUNT removals: D done, R times refused, L lost".
 
@@ -59,7 +59,7 @@ std::string textOf(const fs::path &path)
     return text.str();
 }
 
-/// A file of that text, or a folder that holds one.
+/// Creates a file with this text, or a folder that contains one.
 void makeItem(const fs::path &path, const std::string &kind, const std::string &text)
 {
     if (kind == "folders")
@@ -85,7 +85,7 @@ void swapByRenames(const std::string &a, const std::string &b)
     (void)std::rename(aside.c_str(), b.c_str());
 }
 
-/// A process that swaps from its making to its end. Everything is back in its place afterwards.
+/// A process that swaps items until this object is destroyed. Afterwards everything is back in its place.
 class Swapper {
 public:
     template <typename Swap>
@@ -98,7 +98,7 @@ public:
             return;
         while (!*m_isOver) {
             swap();
-            swap(); // undoes it
+            swap(); // swaps back
         }
         ::_exit(0);
     }
@@ -121,7 +121,7 @@ std::string nameOf(int number)
     return "item" + std::to_string(number);
 }
 
-/// The path that a Trash record names, joined to the top of the volume where it is relative.
+/// The original path in a Trash record, joined to the top of the volume if it is relative.
 std::string originalPath(const fs::path &record, const fs::path &top)
 {
     std::istringstream lines(textOf(record));
@@ -140,7 +140,7 @@ class Run {
 public:
     Run(const Case &which, const fs::path &folder) : m_case(which), m_folder(folder)
     {
-        // What a removal at this place would put into the Trash, without links on its way.
+        // The path that the Trash would record for an item at this place, with links resolved.
         fs::create_directories(m_folder);
         m_folder = fs::canonical(m_folder);
         m_items = m_folder / "dir";
@@ -156,7 +156,7 @@ public:
         fs::create_directories(m_strangers);
         if (m_case.swap != "item")
             fs::create_directory_symlink(m_strangers, m_link);
-        // What is not protected is told from the items by what was selected alone.
+        // Unprotected strangers can only be distinguished from the items by the identity at selection.
         m_remembersItems = !isProtected || m_case.swap == "item";
         if (isAtHome) {
             m_trash = fs::path(PathGuard::home()) / "data/Trash";
@@ -203,8 +203,8 @@ private:
     void perform(const std::vector<RemovalStep> &steps)
     {
         m_removals += steps.size();
-        // What met the swapped state when it was judged is refused. It is tried again, so that most of the items are
-        // acted on at last, and swapped while they are.
+        // Items that were in the swapped state when they were checked are refused. Retry those, so that most items are
+        // eventually removed while being swapped.
         const auto remove = [&](std::vector<RemovalStep> which) {
             constexpr int passes = 100;
             for (int pass = 0; pass < passes && !which.empty(); ++pass) {
@@ -234,8 +234,8 @@ private:
         remove(steps);
     }
 
-    /// Every stranger is where it was, and every item where it was, in the Trash with the way back noted, or, where
-    /// that was asked for, gone.
+    /// Every stranger must be in its place, and every item in its place, in the Trash with a record, or, if requested,
+    /// deleted.
     void judge(const std::string &name)
     {
         std::vector<std::string> found;

@@ -1,5 +1,5 @@
-// Nothing is lost while another process swaps what lies on the items' paths. CORVANE_SWAPPED_REMOVALS sets how many
-// items each case removes; the usual number keeps the run short.
+// Nothing is lost while another process swaps the items on the removal's paths. CORVANE_SWAPPED_REMOVALS sets the
+// number of items per case; the default keeps the run short.
 
 #include "platform/linux/probe_home.h"
 

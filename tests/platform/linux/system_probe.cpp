@@ -1,5 +1,5 @@
-// Asks the real system one thing and prints the answer, so that a test can do it in a fresh process: with a home
-// folder of its own, on a disk of its own, or where something is missing.
+// Makes one call to the real system and prints the result, so that a test can run it in a fresh process: with a private
+// home folder, on a private disk, or with something missing.
 
 #include <algorithm>
 #include <cstdlib>
@@ -19,7 +19,7 @@ namespace {
 
 using namespace corvane;
 
-/// One line for each request: "done", or the code's number and the sentence.
+/// One line per request: "done", or the error code and the message.
 template <typename T>
 int tell(const Expected<T> &result)
 {
@@ -30,7 +30,7 @@ int tell(const Expected<T> &result)
     return 0;
 }
 
-/// What `call` answers for the item's folder and name.
+/// The result of `call` for the item's folder and name.
 template <typename Call>
 auto withHeld(const Host &host, const std::string &path, const Call &call)
 {
@@ -45,7 +45,7 @@ Expected<void> erase(HeldFolder &folder, const std::string &name)
     return folder.facts(name).and_then([&](const ItemFacts &facts) { return folder.removeItem(name, facts.identity); });
 }
 
-/// The whole removal of one item, as the program carries it out.
+/// Removes one item completely, as the program does.
 int removeItem(const Host &host, const std::string &path, bool permanently)
 {
     const ProtectedLocations &locations = PathGuard::locations();
@@ -55,8 +55,8 @@ int removeItem(const Host &host, const std::string &path, bool permanently)
     return 0;
 }
 
-/// The same of everything directly inside the folder, in one request. Tells how many went, why others did not, and
-/// which parts of a Trash are still open afterwards.
+/// The same for everything directly inside the folder, in one request. Prints how many were removed, why others were
+/// not, and which parts of a Trash are still open afterwards.
 int removeContents(const Host &host, const std::string &folder)
 {
     Selection entries;
@@ -77,15 +77,14 @@ int removeContents(const Host &host, const std::string &folder)
     return 0;
 }
 
-/// Runs the shell script in MEANWHILE.
+/// Runs the shell script in the variable MEANWHILE.
 void runMeanwhile()
 {
     if (std::system(std::getenv("MEANWHILE")) != 0)
         std::cout << "the script failed\n";
 }
 
-/// Moves the items "first" and "second" of a folder to the Trash in one request while the shell runs a script in
-/// between.
+/// Moves the items "first" and "second" of a folder to the Trash in one request, with a script run in between.
 int trashTwo(const Host &host, const std::string &folder)
 {
     const auto trash = [&](const char *name) {
@@ -99,7 +98,7 @@ int trashTwo(const Host &host, const std::string &folder)
     return 0;
 }
 
-/// Tells whether the folder is a mount point before and after the shell has run a script.
+/// Prints whether the folder is a mount point before and after a script has run.
 int mountMeanwhile(const Host &host, const std::string &folder)
 {
     for (const bool isAfter : {false, true}) {
@@ -111,8 +110,8 @@ int mountMeanwhile(const Host &host, const std::string &folder)
     return 0;
 }
 
-/// Moves an item to the Trash while the shell runs the script in MEANWHILE: after a place in the Trash has been made
-/// for it, and before it gets there.
+/// Moves an item to the Trash and runs the script in MEANWHILE after its place in the Trash has been reserved, and
+/// before it is moved there.
 int trashInterrupted(const Host &host, const std::string &path)
 {
     return tell(withHeld(host, path, [](HeldFolder &folder, const std::string &name) -> Expected<void> {

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A folder in the place of a volume's top.
+/// A folder in place of a volume's root.
 class VolumeTrashesTest : public testing::Test {
 protected:
     [[nodiscard]] std::vector<std::string> trashes(const std::string &source = "/dev/sdb1") const

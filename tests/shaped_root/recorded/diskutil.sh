@@ -1,5 +1,5 @@
 #!/bin/sh
-# Answers as a Mac's diskutil did, for the one question that is asked.
+# Prints the recorded output of a Mac's diskutil for the one query that is used.
 if [ "$*" = "apfs list -plist" ]; then
     exec cat /System/Volumes/recorded/diskutil-apfs-list.plist
 fi

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Answers as a Mac's tmutil did, for the one question that is asked.
+# Prints the recorded output of a Mac's tmutil for the one query that is used.
 if [ "$*" = "listlocalsnapshots /" ]; then
     exec cat /System/Volumes/recorded/tmutil-listlocalsnapshots.txt
 fi

@@ -1,5 +1,5 @@
 #!/bin/sh
-# What removing the packages that nothing needs any more would do; nothing else is answered.
+# Prints what removing unneeded packages would do; fails for any other command.
 case "$*" in
 *--simulate*autoremove*)
     printf 'Remv linux-image-6.1.0-37-amd64 [6.1.140-1]\n'

@@ -1,3 +1,3 @@
 #!/bin/sh
-# The package manager of the Linux-shaped root: it is only there.
+# The package manager of the Linux-shaped root, which only has to exist.
 exit 0

@@ -1,5 +1,5 @@
 #!/bin/sh
-# What the containers of the Linux-shaped root take.
+# The disk usage of containers in the Linux-shaped root.
 if [ "$1" = --host ]; then
     [ "$2" = unix:///var/run/docker.sock ] || exit 1
     shift 2

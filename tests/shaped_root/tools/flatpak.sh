@@ -1,5 +1,5 @@
 #!/bin/sh
-# The runtimes of the Linux-shaped root; no application needs the two earlier ones any more.
+# The runtimes of the Linux-shaped root; no application needs the two older ones any more.
 case "$*" in
 'list --runtime --columns=ref,size')
     printf 'org.freedesktop.Platform/x86_64/24.08\t1.9 GB\n'

@@ -1,5 +1,5 @@
 #!/bin/sh
-# The Snaps of the Linux-shaped root, two of them with earlier revisions.
+# The Snaps of the Linux-shaped root, two of which have older revisions.
 [ "$*" = 'list --all' ] || exit 1
 line() { printf '%-22s %-8s %-5s %-14s %-10s %s\n' "$@"; }
 line Name Version Rev Tracking Publisher Notes

@@ -29,12 +29,12 @@ constexpr auto sheets = R"(
     }
 )";
 
-/// The sheets of the services over a window, as users work them.
+/// The sheets of the services over a window, operated by mouse and keyboard.
 class ServiceSheetsTest : public testing::Test {
 protected:
     explicit ServiceSheetsTest(bool canUpdate = true, bool onMac = true) : fake(canUpdate)
     {
-        Theme::instance()->setReducedMotion(true); // so that nothing is clicked while it moves
+        Theme::instance()->setReducedMotion(true); // nothing moves while it is clicked
         fake.defaults.setDidOnboard(true);
         if (onMac)
             fake.becomeMac();
@@ -51,7 +51,7 @@ protected:
 
     [[nodiscard]] bool isOpen(const char *sheet) const
     {
-        // Made when it is first opened.
+        // Created when first opened.
         const QObject *const made = scene->object(sheet);
         return made != nullptr && made->property("opened").toBool();
     }
@@ -82,7 +82,7 @@ protected:
         ASSERT_TRUE(waitForOpen("crashPrompt"));
     }
 
-    /// The names of the items that Tab leads to, from the one that has the keyboard on.
+    /// The names of the items that Tab reaches, starting with the focused one.
     [[nodiscard]] std::vector<std::string> tabStops(QQuickWindow *window, int count) const
     {
         std::vector<std::string> names;
@@ -93,7 +93,7 @@ protected:
         }
         return names;
     }
-    /// Every text that stands in the sheet, or the window, of that name.
+    /// Whether a visible item shows this text.
     [[nodiscard]] bool says(const QString &text) const
     {
         return scene->find([&](QQuickItem *item) {
@@ -160,7 +160,7 @@ TEST_F(ServiceSheetsTest, SheetsFollowLightAndDark)
         const int left = sheet->property("x").toInt();
         const int top = sheet->property("y").toInt();
         EXPECT_EQ(picture.pixelColor(left + 20, top + 40), Theme::instance()->raised());
-        // The card, between its outline and its first letter.
+        // A point in the card between its outline and its text.
         const QQuickItem *const status = scene->item("welcome.status");
         const QPoint card = status->mapToScene(QPointF(0, 0)).toPoint() - QPoint(40, 4);
         EXPECT_EQ(picture.pixelColor(card), Theme::instance()->window());
@@ -274,7 +274,7 @@ TEST_F(ServiceSheetsTest, DraggingTheIconHandsOutTheAddressOfTheApplication)
     ASSERT_TRUE(started.isValid() && finished.isValid());
     const QPoint centre = icon->mapToScene(QPointF(icon->width() / 2, icon->height() / 2)).toPoint();
     QTest::mousePress(scene->window(), Qt::LeftButton, Qt::NoModifier, centre);
-    // The drag has an event loop of its own, in which the button is let go.
+    // A drag runs its own event loop, in which the button is released.
     QTimer::singleShot(50, scene->window(), [&] {
         QTest::mouseRelease(scene->window(), Qt::LeftButton, Qt::NoModifier, centre + QPoint(60, 0));
     });
@@ -426,7 +426,7 @@ TEST_F(ServiceSheetsTest, AfterAFailureTheKeyboardIsBackInTheMessage)
 
 // --- The question after a crash
 
-TEST_F(ServiceSheetsTest, AReturnTooManySendsNoCrashReport)
+TEST_F(ServiceSheetsTest, AnAccidentalReturnSendsNoCrashReport)
 {
     openCrashPrompt();
     EXPECT_TRUE(says(QStringLiteral("Corvane quit unexpectedly")));
@@ -492,13 +492,13 @@ protected:
     {
         QMetaObject::invokeMethod(scene->object("sheets"), "openSettings");
         settings = qobject_cast<QQuickWindow *>(scene->object("settings"));
-        // A window counts as active while the one that it belongs to is.
+        // A window counts as active while its transient parent is.
         return QTest::qWaitFor([this] { return QGuiApplication::focusWindow() == settings; });
     }
 
     void click(const char *name)
     {
-        settings->grabWindow(); // brings every position up to date
+        settings->grabWindow(); // forces layout
         const QQuickItem *const item = settings->findChild<QQuickItem *>(QLatin1String(name));
         ASSERT_NE(item, nullptr) << name;
         QTest::mouseClick(settings, Qt::LeftButton, Qt::NoModifier,

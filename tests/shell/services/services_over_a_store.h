@@ -10,14 +10,14 @@ struct RunningServer {
     LoopbackServer server;
 };
 
-/// The program's services over a store in memory and a web service on the loopback interface.
+/// The program's services over a fake store and a web service on the loopback interface.
 struct ServicesOverAStore : FakeStore, RunningServer, FakeServices {
     explicit ServicesOverAStore(bool canUpdate = true)
         : FakeServices({.site = server.url(), .reportFolders = {home + "/reports"}, .canUpdate = canUpdate}, fake.files)
     {
     }
 
-    /// From now on the files are a Mac's, which the program may read only once it has been granted.
+    /// Makes the file system a Mac's on which full disk access has not been granted.
     void becomeMac()
     {
         fake.files.setSystemKind(SystemKind::mac);

@@ -103,7 +103,7 @@ TEST(Appcast, FirstEnclosureIsTheDownload)
     EXPECT_EQ(items[0].download.path(), QStringLiteral("/first.rpm"));
 }
 
-TEST(Appcast, LengthThatIsNoneIsNotGiven)
+TEST(Appcast, InvalidLengthIsIgnored)
 {
     for (const char *length : {"", "0", "-5", "12x", "99999999999999999999"}) {
         const auto items = itemsOf({.length = length});
@@ -112,7 +112,7 @@ TEST(Appcast, LengthThatIsNoneIsNotGiven)
     }
 }
 
-TEST(Appcast, SignatureThatCannotBeOneIsNotThere)
+TEST(Appcast, MalformedSignatureIsIgnored)
 {
     for (const QByteArray &text : {QByteArray("x"), QByteArray(64, '!'), QByteArray(63, 's').toBase64(),
                                    QByteArray(65, 's').toBase64(), signature + "!"}) {
@@ -122,7 +122,7 @@ TEST(Appcast, SignatureThatCannotBeOneIsNotThere)
     }
 }
 
-TEST(Appcast, ReleaseNotesThatAreNotOverHttpsAreNotThere)
+TEST(Appcast, ReleaseNotesWithoutHttpsAreIgnored)
 {
     for (const char *address : {"http://corvane.example/", "javascript:alert(1)", "file:///etc/passwd", "notes.html"}) {
         const auto items =
@@ -141,7 +141,7 @@ TEST(Appcast, VersionIsSafeToShow)
     EXPECT_LE(items[0].version.size(), 40);
 }
 
-TEST(Appcast, TooLongAValueLeavesItsItemOut)
+TEST(Appcast, ItemWithATooLongValueIsSkipped)
 {
     const QByteArray longest(Appcast::maximumText, '3');
     EXPECT_EQ(itemsOf({.version = longest}).size(), 1U);
@@ -160,7 +160,7 @@ TEST(Appcast, DocumentTypesAndEntitiesAreRefused)
     EXPECT_EQ(itemsOf(QByteArray(feed).replace("1.2.0", "1 &amp; 2")).at(0).version, QStringLiteral("1 & 2"));
 }
 
-TEST(Appcast, WhatIsNotWellFormedIsRefused)
+TEST(Appcast, MalformedXmlIsRefused)
 {
     const QByteArray feed = feedText({{}, {}});
     EXPECT_TRUE(isMalformed({}));

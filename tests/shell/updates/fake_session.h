@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// A session whose states a test sets, which counts what is asked of it.
+/// A session whose states are set by a test, and which counts calls.
 class FakeSession final : public UpdateSession {
 public:
     void become(UpdateState state)
@@ -33,7 +33,7 @@ private:
     UpdateState m_state;
 };
 
-/// An updater over such a session, at a version that is shown.
+/// An updater with such a session, at a displayed version.
 struct FakeUpdates {
     FakeUpdates()
     {

@@ -29,7 +29,7 @@ struct FeedSessionTest : testing::Test, UpdateServer {
     }
     void endSession() { m_session.reset(); }
 
-    /// The line that a check by the user fails with.
+    /// The failure message of a check requested by the user.
     QString failureOfCheck()
     {
         session().check(byUser, offer);
@@ -134,7 +134,7 @@ TEST_F(FeedSessionTest, FeedThatIsNotOverHttpsIsNeverAsked)
     EXPECT_EQ(plain.connections(), 0);
 }
 
-TEST_F(FeedSessionTest, KeyThatIsNoneIsRefusedBeforeTheFeedIsAsked)
+TEST_F(FeedSessionTest, InvalidKeyIsRefusedBeforeTheFeedIsFetched)
 {
     changed = [](FeedSession::Options made) {
         made.publicKey = QStringLiteral("bm90IGEga2V5");
@@ -220,9 +220,9 @@ TEST_F(FeedSessionTest, FeedThatIsCutShortIsRefused)
     EXPECT_EQ(failureOfCheck(), line(Kind::feedCut));
 }
 
-TEST_F(FeedSessionTest, FeedThatUnfoldsIsNotUnfolded)
+TEST_F(FeedSessionTest, CompressedFeedIsNotDecompressed)
 {
-    // Small on its way, however large it becomes.
+    // Small when compressed, huge when decompressed.
     server.answer("/feed.xml",
                   {.headers = {{"Content-Encoding", "deflate"}}, .body = qCompress(feedText({item()})).sliced(4)});
     EXPECT_EQ(failureOfCheck(), line(Kind::feedMalformed));
@@ -399,7 +399,7 @@ TEST_F(FeedSessionTest, VerifiedDownloadFromEarlierIsNotFetchedAgain)
     EXPECT_EQ(requests("/corvane.deb"), 1);
 }
 
-TEST_F(FeedSessionTest, DownloadFromEarlierThatIsNotRightIsReplaced)
+TEST_F(FeedSessionTest, InvalidEarlierDownloadIsReplaced)
 {
     caches.writeText("corvane/updates/Corvane-1.2.0.deb", QByteArray(package.size(), 'x').toStdString());
     checkAndDownload();
@@ -421,7 +421,7 @@ TEST_F(FeedSessionTest, EarlierFileThatIsLargerThanAnyDownloadIsNotReadButReplac
     };
     caches.writeText("corvane/updates/Corvane-1.2.0.deb", "x");
     const std::filesystem::path planted = caches / "corvane/updates/Corvane-1.2.0.deb";
-    std::filesystem::resize_file(planted, 1ULL << 40U); // without taking any space
+    std::filesystem::resize_file(planted, 1ULL << 40U); // sparse
     session().check(byUser, offer);
     ASSERT_TRUE(waitForPhase(session(), Phase::available)) << qPrintable(session().state().failure);
     session().download();

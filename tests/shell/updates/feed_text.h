@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// One item of a feed that tests write.
+/// One item of a test feed.
 struct FeedItem {
     QByteArray build = "10200";
     QByteArray version = "1.2.0";

@@ -23,7 +23,7 @@ tl::expected<std::optional<AppcastItem>, UpdateFailure> newestOf(const std::vect
                         {QStringLiteral("linux"), QStringLiteral("x86_64"), DottedVersion::parse(u"6.1")});
 }
 
-/// The build number's text of what is offered; empty for nothing.
+/// The build number of the offered update; empty if there is none.
 QString offered(const std::vector<FeedItem> &items, const char *running = "100")
 {
     const auto newest = newestOf(items, running);

@@ -13,12 +13,11 @@
 
 namespace corvane {
 
-/// A server on the loopback interface that publishes a feed and a signed package, a client that trusts it, and a
-/// folder of caches.
+/// A server on the loopback interface with a feed and a signed package, a client that trusts it, and a cache folder.
 struct UpdateServer {
     UpdateServer() { publish(item()); }
 
-    /// The version 1.2.0, signed, of the right length.
+    /// Version 1.2.0, signed, with the correct length.
     [[nodiscard]] FeedItem item() const
     {
         return {.url = server.url(QStringLiteral("corvane.deb")).toEncoded(),
@@ -45,7 +44,7 @@ struct UpdateServer {
         return made;
     }
 
-    /// How often a path has been asked for.
+    /// The number of requests for a path.
     [[nodiscard]] int requests(const QByteArray &path) const
     {
         return static_cast<int>(std::count_if(server.requests().begin(), server.requests().end(),

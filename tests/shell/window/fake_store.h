@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// A store over a home folder that holds some films and notes.
+/// A store over a home folder with some films and notes.
 struct FakeStore : StoreOverAHome {
     FakeStore()
     {

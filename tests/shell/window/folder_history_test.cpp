@@ -53,7 +53,7 @@ TEST_F(FolderHistoryTest, WalksBackAndForwardAlongWhatWasShown)
     EXPECT_FALSE(history.canGoForward());
 }
 
-TEST_F(FolderHistoryTest, ANewWayEndsWhatWasAhead)
+TEST_F(FolderHistoryTest, OpeningAnotherFolderDiscardsTheForwardHistory)
 {
     scanHome();
     open("Films");
@@ -75,7 +75,7 @@ TEST_F(FolderHistoryTest, ARemovedFolderIsPassedOver)
     EXPECT_EQ(shown(), "studio");
 }
 
-TEST_F(FolderHistoryTest, TheWayOutlivesARescan)
+TEST_F(FolderHistoryTest, TheHistorySurvivesARescan)
 {
     scanHome();
     open("Films");

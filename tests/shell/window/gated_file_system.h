@@ -15,8 +15,8 @@
 
 namespace corvane {
 
-/// A file system that keeps background threads waiting at a folder while it is shut, so that a test can look at a
-/// scan that is under way. The thread that made it passes. Opens at the end. Any thread.
+/// A file system that blocks background threads at a folder while it is shut, so that a test can inspect a running
+/// scan. The thread that created it is never blocked. Opens on destruction. Any thread.
 class GatedFileSystem final : public FileSystem {
 public:
     explicit GatedFileSystem(FileSystem &files) : m_files(files) {}

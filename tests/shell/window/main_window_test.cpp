@@ -48,14 +48,14 @@ constexpr auto source = R"(
         }
     })";
 
-/// The whole window with two screens that stand in for real ones: one that needs a scan and one that does not.
+/// The whole window with two fake screens: one that needs a scan and one that does not.
 class MainWindowTest : public testing::Test {
 protected:
     MainWindowTest()
     {
         services.defaults.setDidOnboard(true);
         setUpShell(engine);
-        Theme::instance()->setReducedMotion(true); // so that nothing is clicked while it moves
+        Theme::instance()->setReducedMotion(true); // nothing moves while it is clicked
         QQmlComponent component(&engine);
         component.setData(source, QUrl(QStringLiteral("qrc:/scene.qml")));
         window.reset(qobject_cast<QQuickWindow *>(component.create()));
@@ -71,7 +71,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
 
-    /// A shown item by its objectName; null for hidden ones.
+    /// The visible item with this objectName; null if it is hidden.
     QQuickItem *item(const char *name) const { return find(window->contentItem(), QLatin1String(name)); }
     QObject *object(const char *name) const { return window->findChild<QObject *>(QLatin1String(name)); }
     bool isOpen(const char *sheet) const
@@ -90,7 +90,7 @@ protected:
     void click(const char *name)
     {
         ASSERT_TRUE(waitForItem(name)) << name;
-        window->grabWindow(); // brings every position up to date
+        window->grabWindow(); // forces layout
         QQuickItem *target = item(name);
         const QPointF centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
         QTest::mouseClick(window.get(), Qt::LeftButton, Qt::NoModifier, centre.toPoint());

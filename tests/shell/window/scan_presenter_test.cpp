@@ -14,7 +14,7 @@ namespace {
 using Phase = StorageStore::Phase;
 
 struct ScanControls : testing::Test {
-    /// Hands the running scan's result over, as its thread would.
+    /// Delivers the running scan's result, as its thread would.
     void finish()
     {
         auto result = std::make_shared<StorageStore::ScanResult>();
@@ -130,7 +130,7 @@ TEST_F(ScanControls, ChoosingAFolderAsksTheWindowOnce)
 
 TEST_F(ScanControls, ProgressIsWrittenForPeople)
 {
-    // The walk waits at its first folder, so that the figures are this test's own.
+    // Block the walk at its first folder, so that only the test sets figures.
     fake.gate.setShut(true);
     presenter.scanHome();
     EXPECT_EQ(presenter.filesCounted(), "0");

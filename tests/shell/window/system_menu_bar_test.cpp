@@ -44,14 +44,14 @@ constexpr auto source = R"(
 
 QtMessageHandler handlerBefore = nullptr;
 
-// The bar is the system's own; where the system has none, the module misses one of widgets to stand in.
+// Ignores the warning about a missing widgets module, which the menu bar falls back to on systems without a native one.
 void leaveOutMissingWidgets(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     if (!message.contains(QLatin1String("QApplication")))
         handlerBefore(type, context, message);
 }
 
-/// The menu bar of a Mac over the commands of the window. It is not shown here; what it consists of is the same.
+/// The Mac menu bar with the window's commands. It is not displayed here, but its contents are the same.
 class SystemMenuBarTest : public testing::Test {
 protected:
     SystemMenuBarTest()
@@ -109,7 +109,7 @@ protected:
         return lines;
     }
 
-    /// Chooses a command as the system does.
+    /// Chooses a command like the system's menu bar does.
     void choose(const char *title, const char *text) const
     {
         const QQmlListReference list(menu(title), "items");

@@ -1,5 +1,5 @@
-// Where the system knows nothing of bundles: the picture that a bundle names and brings along, or the picture that was
-// found for an application.
+// For systems without bundle support: the icon file that a bundle names and contains, or the image file found for an
+// application.
 
 #include <cstddef>
 #include <optional>
@@ -20,20 +20,20 @@ constexpr std::size_t largestList = 1'000'000;    // bytes
 constexpr std::size_t largestPicture = 8'000'000; // bytes
 constexpr std::size_t largestDrawing = 512'000;   // bytes
 
-/// The bytes of a file; empty where it cannot be read or is larger than that.
+/// The contents of a file; empty if it cannot be read or exceeds `most` bytes.
 std::string contents(const std::string &path, std::size_t most)
 {
     return systemHost().files.readFile(path, most).value_or(std::string());
 }
 
-/// The name of the bundle's icon file; empty where it names none.
+/// The name of the bundle's icon file; empty if there is none.
 std::string iconName(const std::string &bundle)
 {
     const std::optional<PropertyList> info =
         PropertyList::parse(contents(bundle + "/Contents/Info.plist", largestList));
     const PropertyList *const value = info ? info->find("CFBundleIconFile") : nullptr;
     const std::string *const name = value != nullptr ? value->string() : nullptr;
-    // A name, not the way to some other place.
+    // Accept a file name only, not a path out of the bundle.
     if (name == nullptr || name->empty() || name->find('/') != std::string::npos)
         return {};
     return nameExtension(*name).empty() ? *name + ".icns" : *name;
@@ -44,7 +44,7 @@ QImage read(std::string_view picture)
     const std::string png = pixelsAlone(picture);
     const QImage image =
         QImage::fromData(reinterpret_cast<const uchar *>(png.data()), static_cast<int>(png.size()), "PNG");
-    // Scaling a picture that has a palette gives another palette, with patterns of points for the colours it lacks.
+    // Scaling an indexed image would produce another palette and dither the missing colours.
     return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 

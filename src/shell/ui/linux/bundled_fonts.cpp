@@ -1,4 +1,4 @@
-// Systems without a font of their own that a program could count on: Inter is embedded.
+// For systems without a guaranteed font: Inter is embedded.
 
 #include <QFontDatabase>
 #include <QtDebug>
@@ -21,10 +21,10 @@ void registerTextFonts()
 
 QFont textFont(Figures figures)
 {
-    // Inter Tabular has only what columns of figures need; everything else in such a text comes from Inter.
+    // Inter Tabular contains only the glyphs for columns of figures; the rest of such text falls back to Inter.
     QFont font(figures == Figures::tabular ? QStringList{QStringLiteral("Inter Tabular"), QStringLiteral("Inter Text")}
                                            : QStringList{QStringLiteral("Inter Text")});
-    // The design's widths are those of unhinted outlines.
+    // The design's widths assume unhinted outlines.
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }

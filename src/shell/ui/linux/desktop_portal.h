@@ -7,11 +7,11 @@
 
 namespace corvane {
 
-/// Where the desktop portal stands on the session bus.
+/// The desktop portal's service name on the session bus.
 [[nodiscard]] QString portalService();
 [[nodiscard]] QString portalObject();
 
-/// The session bus, if one runs already: asking for it must not start one.
+/// The session bus if it is already running; must not start one.
 [[nodiscard]] std::optional<QDBusConnection> runningSessionBus();
 
 } // namespace corvane

@@ -1,4 +1,4 @@
-// Desktops without symbols of their own: the embedded icons stand for them.
+// For desktops without symbols of their own: the embedded icons are used.
 
 #include "shell/ui/system_symbols.h"
 

@@ -1,5 +1,5 @@
-// Linux: the "color-scheme" of the desktop portal. A plain Qt program gets a light palette on most desktops,
-// whatever the user has chosen; the portal is where that choice is published.
+// Linux: reads "color-scheme" from the desktop portal. On most desktops a plain Qt program gets a light palette
+// regardless of the user's choice, which only the portal publishes.
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -17,7 +17,7 @@ const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto settingGroup = QStringLiteral("org.freedesktop.appearance");
 const auto settingKey = QStringLiteral("color-scheme");
 
-/// The setting's value lies in one variant or, from the older call, in two.
+/// The value is wrapped in one variant or, from the older call, in two.
 QVariant unwrapped(QVariant value)
 {
     while (value.metaType() == QMetaType::fromType<QDBusVariant>())
@@ -31,7 +31,7 @@ class PortalColorScheme : public ColorSchemeSetting {
 public:
     explicit PortalColorScheme(QDBusConnection bus)
     {
-        // Qt 6.4 looks the slot's types up by name and does not know this one until someone has asked for it.
+        // Qt 6.4 looks up the slot's types by name, which fails for this one until it is registered.
         qRegisterMetaType<QDBusVariant>();
         bus.connect(portalService(), portalObject(), interface, QStringLiteral("SettingChanged"), this,
                     SLOT(onSettingChanged(QString, QString, QDBusVariant)));
@@ -42,7 +42,7 @@ public:
         auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
         connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *call) {
             const QDBusPendingReply<QDBusVariant> reply = *call;
-            // No portal, or one without this setting: the palette decides.
+            // On error there is no portal, or it lacks this setting: the palette decides.
             if (!reply.isError())
                 take(QVariant::fromValue(reply.value()));
             call->deleteLater();

@@ -1,4 +1,4 @@
-// Linux: the file chooser of the desktop portal, which is the dialog that the user knows from other programs.
+// Linux: the desktop portal's file chooser, the dialog that users know from other programs.
 
 #include <functional>
 
@@ -20,10 +20,10 @@ namespace {
 const auto chooserInterface = QStringLiteral("org.freedesktop.portal.FileChooser");
 const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
 constexpr uint firstVersionWithFolders = 3;
-constexpr uint accepted = 0;    // of the answers
-constexpr int patience = 5'000; // milliseconds until a portal that does not react counts as none
+constexpr uint accepted = 0;    // response code
+constexpr int patience = 5'000; // milliseconds until an unresponsive portal counts as missing
 
-/// How the portal names a window: only X11 has a name that Qt tells.
+/// The portal's identifier of a window; Qt exposes one on X11 only.
 QString portalName(const QWindow *window)
 {
     if (window == nullptr || QGuiApplication::platformName() != QStringLiteral("xcb"))
@@ -45,7 +45,7 @@ public:
         QDBusMessage read = QDBusMessage::createMethodCall(
             portalService(), portalObject(), QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
         read << chooserInterface << QStringLiteral("version");
-        // Before that version the portal asks for a file.
+        // Earlier versions of the portal can only choose files.
         call(read, [this, question, parent = portalName(window)](const QDBusMessage &reply) {
             const QVariant version = qvariant_cast<QDBusVariant>(reply.arguments().value(0)).variant();
             if (version.toUInt() >= firstVersionWithFolders)
@@ -64,7 +64,7 @@ private slots:
         const QVariantList arguments = response.arguments();
         const QVariantMap results = qdbus_cast<QVariantMap>(arguments.value(1));
         const QStringList addresses = results.value(QStringLiteral("uris")).toStringList();
-        // Everything else means that the user closed the dialog in one way or another.
+        // Any other response means that the user dismissed the dialog.
         if (arguments.value(0).toUInt() == accepted && !addresses.isEmpty())
             emit chosen(QUrl::fromEncoded(addresses.first().toUtf8()));
         else
@@ -72,7 +72,7 @@ private slots:
     }
 
 private:
-    /// Hands the reply over unless another question has been asked meanwhile.
+    /// Passes the reply on unless another question has been asked meanwhile.
     void call(const QDBusMessage &message, const std::function<void(const QDBusMessage &)> &take)
     {
         auto *const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, patience), this);
@@ -92,7 +92,7 @@ private:
 
     void open(const Question &question, const QString &parent)
     {
-        // The answer may come before the reply does, so its place is made known beforehand.
+        // The response may arrive before the reply does, so subscribe to its path in advance.
         const QString token = QStringLiteral("corvane%1").arg(m_number);
         const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
         listenTo(portalObject() + QStringLiteral("/request/") + sender + u'/' + token);
@@ -100,7 +100,7 @@ private:
         QDBusMessage openFile = QDBusMessage::createMethodCall(portalService(), portalObject(), chooserInterface,
                                                                QStringLiteral("OpenFile"));
         QByteArray firstFolder = QByteArray::fromStdString(question.firstFolder);
-        firstFolder.append('\0'); // belongs to it
+        firstFolder.append('\0'); // the portal expects the terminating zero
         openFile << parent << question.title
                  << QVariantMap{
                         {QStringLiteral("handle_token"), token}, {QStringLiteral("accept_label"), question.acceptLabel},
@@ -108,7 +108,7 @@ private:
                         {QStringLiteral("directory"), true},     {QStringLiteral("current_folder"), firstFolder}};
         call(openFile, [this](const QDBusMessage &reply) {
             const QString place = qvariant_cast<QDBusObjectPath>(reply.arguments().value(0)).path();
-            // Answered already, or a portal that chooses the place itself.
+            // Either already answered, or the portal chose a path of its own.
             if (!m_request.isEmpty() && !place.isEmpty() && place != m_request) {
                 stopListening();
                 listenTo(place);
@@ -130,7 +130,7 @@ private:
         m_request.clear();
     }
 
-    /// Closes the dialog of a question that has no answer yet.
+    /// Closes the dialog of a pending question.
     void takeBack()
     {
         if (m_request.isEmpty())
@@ -142,7 +142,7 @@ private:
 
     QDBusConnection m_bus;
     int m_number = 0;
-    QString m_request; ///< the place of the answer that is waited for; empty for none
+    QString m_request; ///< object path of the pending response; empty for none
 };
 
 } // namespace

@@ -12,8 +12,8 @@ namespace corvane {
 
 namespace {
 
-// What icons are made of, and what drawing programs note in them. Everything else is refused: pictures, which may be
-// any file, texts, patterns, and what moves.
+// The elements that icons consist of, and the metadata of drawing programs. Everything else is rejected: images, which
+// may refer to any file, text, patterns and animations.
 constexpr auto plainElements = std::to_array<std::string_view>({"a",
                                                                 "Agent",
                                                                 "Bag",
@@ -67,16 +67,16 @@ constexpr auto plainElements = std::to_array<std::string_view>({"a",
                                                                 "Work"});
 constexpr std::string_view filterStep = "fe";
 constexpr std::string_view filterPicture = "feImage";
-// Characters that are written by their numbers would hide these words as well.
+// Character references are rejected because they could disguise the other words.
 constexpr auto refusedWords = std::to_array<std::string_view>({"&#", "\\", "@import", "url(http", "url(file"});
-constexpr std::string_view dashes = "stroke-dasharray"; // of which a line may have millions
+constexpr std::string_view dashes = "stroke-dasharray"; // a line may have millions of dashes
 constexpr int deepest = 32;
 constexpr std::size_t mostTags = 8'000;
-constexpr std::size_t mostUses = 12; // parts that repeat parts that repeat parts grow without end
+constexpr std::size_t mostUses = 12; // nested references grow exponentially
 constexpr std::string_view declaration = "<?xml";
 constexpr std::string_view declarationEnd = "?>";
 
-/// Without the line that may name an encoding: what is checked here is to be read as it is.
+/// Strips the XML declaration: it may name an encoding, but the text is to be parsed exactly as it was checked.
 std::string_view withoutDeclaration(std::string_view svg)
 {
     if (!svg.starts_with(declaration))
@@ -85,7 +85,7 @@ std::string_view withoutDeclaration(std::string_view svg)
     return end == std::string_view::npos ? std::string_view() : svg.substr(end + declarationEnd.size());
 }
 
-/// "svg:path" without the part before the colon.
+/// The element's name without its namespace prefix: "path" for "svg:path".
 std::string_view elementName(std::string_view tag)
 {
     const std::string_view name = tag.substr(0, tag.find_first_of(" \t\r\n/>"));
@@ -93,7 +93,7 @@ std::string_view elementName(std::string_view tag)
     return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
 
-/// The tag at the start of a text, up to its ">" outside of quotes; nothing where it has no end.
+/// The tag at the start of a text, up to the first ">" outside quotes; nullopt if it is not closed.
 std::optional<std::string_view> tagIn(std::string_view text)
 {
     char quote = '\0';
@@ -155,7 +155,7 @@ bool isPlainDrawing(std::string_view svg)
         if (!tag || ++tags > mostTags)
             return false;
         at += tag->size();
-        // One in brackets says what words stand for.
+        // A document type with brackets could define entities, and is rejected.
         if (tag->starts_with(documentType) && tag->find('[') == std::string_view::npos)
             continue;
         if (tag->starts_with('/')) {

@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// Whether a drawing in SVG is made of shapes, gradients and styles alone. Others refer to files and pictures, repeat
-/// their parts until there are millions, move, or nest so deep that reading them ends the program. Any thread.
+/// Whether an SVG drawing consists of shapes, gradients and styles alone. Others may refer to files and images, repeat
+/// their parts millions of times, animate, or nest so deep that parsing them crashes the program. Any thread.
 [[nodiscard]] bool isPlainDrawing(std::string_view svg);
 
 /// A plain drawing, `pixels` wide and high, in its own proportions; null for any other. Any thread.

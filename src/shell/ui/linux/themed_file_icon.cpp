@@ -1,4 +1,4 @@
-// Desktops with icon themes: the extension of a name decides.
+// For desktops with icon themes: the icon depends on the extension.
 
 #include <algorithm>
 
@@ -19,7 +19,7 @@ QIcon themedIcon(const std::string &path, FileNode::Kind kind)
 {
     if (kind == FileNode::Kind::directory)
         return QIcon::fromTheme(QStringLiteral("folder"));
-    // Themes of these desktops know nothing of packages.
+    // Icon themes have no icon for packages.
     if (kind == FileNode::Kind::package)
         return {};
     const QMimeType type = QMimeDatabase().mimeTypeForFile(QString::fromStdString(path), QMimeDatabase::MatchExtension);

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// Draws a picture into a square of that many pixels, as large as it fits; null when it cannot be drawn.
+/// Draws an image into a square of `pixels` by `pixels`, scaled to fit; null if it cannot be drawn.
 QImage rasterized(NSImage *picture, int pixels);
 
 } // namespace corvane

@@ -1,4 +1,4 @@
-// Systems whose palette follows the user's choice of light and dark.
+// For systems whose palette follows the user's choice of light or dark.
 
 #include "shell/ui/color_scheme_setting.h"
 

@@ -1,4 +1,4 @@
-// macOS draws symbols itself, by the names under which screens ask for them.
+// macOS draws symbols itself, by the names that the screens use.
 
 #import <AppKit/AppKit.h>
 

@@ -1,4 +1,4 @@
-// Systems whose own font is the program's font.
+// For systems whose own font is used as the program's.
 
 #include "shell/ui/fonts.h"
 

@@ -1,4 +1,4 @@
-// macOS knows an icon for every item.
+// macOS has an icon for every item.
 
 #import <AppKit/AppKit.h>
 
@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-/// Any thread: the workspace may be asked on each.
+/// Any thread: the workspace is thread-safe here.
 QImage workspaceIcon(const std::string &path, int pixels)
 {
     @autoreleasepool {
@@ -31,7 +31,7 @@ QImage systemBundleIcon(const std::string &path, int pixels)
     return workspaceIcon(path, pixels);
 }
 
-// An application's icon is its own, and any item may have been given one.
+// An application has its own icon, and any item may have a custom one.
 std::string iconPath(const std::string &path, FileNode::Kind)
 {
     return path;

@@ -1,7 +1,7 @@
 import Corvane.Shell
 
-/// The question whether the reports of earlier crashes may be sent. Nothing leaves the machine by a Return too many:
-/// the default is not to send.
+/// Asks whether the reports of earlier crashes may be sent. Not sending is the default, so that an accidental Return
+/// sends nothing.
 Alert {
     objectName: "crashPrompt"
     cancelName: "crashPrompt.dontSend"

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// What becomes of the reports of crashes.
+/// What to do with crash reports.
 SettingsSection {
     id: section
 

@@ -2,11 +2,11 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// The program's icon, to be dragged into a list of the system's settings: as the address of the application's file.
+/// The program's icon, to be dragged into a list in the system's settings: carries the URL of the application's file.
 Item {
     id: icon
 
-    /// The file address of what is dragged.
+    /// The file URL of the dragged application.
     required property string applicationUrl
     required property string help
     readonly property bool hovering: hover.hovered
@@ -44,7 +44,7 @@ Item {
     }
     DragHandler {
         target: null
-        // Not bound: an automatic drag ends by itself.
+        // Not a binding: an automatic drag resets this by itself.
         onActiveChanged: if (active) icon.Drag.active = true
     }
     Tip {

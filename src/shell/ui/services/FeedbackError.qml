@@ -2,12 +2,12 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// Why the message was not sent; nothing while there is no reason.
+/// Why the message was not sent; empty if there is no error.
 Row {
     id: error
 
     required property string text
-    /// The same as it is shown.
+    /// The same, broken into lines for display.
     required property string lines
 
     spacing: Theme.space6

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// What the user fills in.
+/// The fields of the form.
 Column {
     id: fields
 

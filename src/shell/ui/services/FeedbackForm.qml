@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// The inside of the feedback form. Return sends; in the message, Ctrl+Return.
+/// The content of the feedback form. Return sends; in the message field, Ctrl+Return does.
 FocusScope {
     id: form
 

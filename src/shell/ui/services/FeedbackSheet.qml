@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// The feedback form, and the thanks for what was sent.
+/// The feedback form, and the confirmation after sending.
 Sheet {
     id: sheet
 

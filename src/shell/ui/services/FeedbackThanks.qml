@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// What stands in place of the form once the message has arrived.
+/// Replaces the form once the message has been sent.
 FocusScope {
     id: thanks
 

@@ -4,7 +4,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// Whether the program may read everything, and how that is granted.
+/// Whether the program has full disk access, and how to grant it.
 Rectangle {
     id: card
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// One step of what the user does in the system's settings.
+/// One step for the user in the system's settings.
 Item {
     id: step
 

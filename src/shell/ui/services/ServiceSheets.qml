@@ -9,7 +9,7 @@ import Corvane.Services
 Item {
     id: sheets
 
-    /// Another sheet of the window is open.
+    /// Whether another sheet of the window is open.
     required property bool blocked
 
     readonly property bool asking: welcome.open || crash.open || feedback.open
@@ -19,7 +19,7 @@ Item {
 
     signal privacyPolicyWanted
 
-    /// Makes the window when it is first asked for.
+    /// Creates the window on first use.
     function openSettings() {
         if (settingsWindow === null)
             settingsWindow = settingsComponent.createObject(sheets) as SettingsWindow;

@@ -2,18 +2,18 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// One row of a section: what it is about at the left, its control at the right.
+/// One row of a section: its label on the left, its control on the right.
 Item {
     id: row
 
     default property alias control: controls.data
     required property string label
-    /// A remark, not the name of a setting.
+    /// A remark rather than the name of a setting.
     property bool remark: false
-    /// What holds now; empty for none.
+    /// The current value; empty for none.
     property string tag
     property string tagTone: "neutral"
-    /// Whether a line parts it from the row above.
+    /// Whether a line separates it from the row above.
     property bool ruled: false
 
     implicitHeight: ServicesMetrics.settingsRowHeight

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// A heading and the box of its rows.
+/// A heading and a box with the section's rows.
 Column {
     id: section
 

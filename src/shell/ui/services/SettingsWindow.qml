@@ -3,7 +3,7 @@ import QtQuick.Window
 import Corvane.Shell
 import Corvane.Services
 
-/// The settings, in a window of their own.
+/// The settings, in a separate window.
 Window {
     id: window
 
@@ -23,16 +23,16 @@ Window {
     maximumHeight: height
     color: Theme.window
 
-    // Where it is first seen; the user may move it.
+    // The initial position; the user can move it.
     Component.onCompleted: {
         x = transientParent.x + (transientParent.width - width) / 2;
         y = transientParent.y + (transientParent.height - height) / 2;
     }
 
-    /// Shows it, in front of the main window.
+    /// Shows the window in front of the main window.
     function open() {
         window.show();
-        // Elsewhere the active window is in front.
+        // On other systems the active window is in front anyway.
         if (Qt.platform.os === "osx")
             window.raise();
         window.requestActivate();
@@ -42,7 +42,7 @@ Window {
     SettingsBody {
         id: body
 
-        // The window's own content has no size before it is shown, and the height must be known by then.
+        // The content item has no width until the window is shown, but the height is needed before that.
         width: window.width
         settings: window.settings
         onPrivacyPolicyWanted: window.privacyPolicyWanted()
@@ -60,7 +60,7 @@ Window {
     Connections {
         target: window.settings
 
-        // This window would lie over what the main window shows.
+        // This window would cover what the main window shows.
         function onMainWindowWanted() {
             window.close();
             window.transientParent.requestActivate();

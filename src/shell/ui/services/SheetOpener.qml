@@ -1,13 +1,12 @@
 import QtQuick
 import Corvane.Shell
 
-/// Opens a sheet while something wants it, as soon as no other sheet is in its way, and closes it when nothing wants it
-/// any more.
+/// Opens a sheet when it is wanted, as soon as no other sheet blocks it, and closes it when it is no longer wanted.
 SheetMaker {
     id: opener
 
     required property bool wanted
-    /// Another sheet is in the way; the one that is open stays open.
+    /// Another sheet is open. Does not close this one if it is already open.
     required property bool blocked
 
     readonly property bool due: wanted && !blocked

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// Whether and how the program is kept up to date.
+/// Whether and how to check for updates.
 SettingsSection {
     id: section
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// The inside of the welcome sheet.
+/// The content of the welcome sheet.
 FocusScope {
     id: body
 
@@ -21,7 +21,7 @@ FocusScope {
         footer.defaultButton.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    // What Return presses may be another button from now on.
+    // The default button may have changed.
     Connections {
         target: body.onboarding
         enabled: body.onboarding.visible

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// One thing that the program does.
+/// One feature of the program.
 Item {
     id: feature
 

@@ -2,12 +2,12 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// The answers of the welcome sheet.
+/// The buttons of the welcome sheet.
 SheetFooter {
     id: footer
 
     required property OnboardingPresenter onboarding
-    /// What Return presses.
+    /// The button that Return presses.
     readonly property PushButton defaultButton: !onboarding.hasSettings ? start : onboarding.granted ? skip : open
 
     signal done

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Services
 
-/// What the program is for and what it must be granted: the first thing that a user sees.
+/// The purpose of the program and the access it needs: the first thing that a user sees.
 Sheet {
     id: sheet
 

@@ -32,7 +32,7 @@ void DashedFrame::setHighlighted(bool highlighted)
 void DashedFrame::paint(QPainter *painter)
 {
     constexpr double lineWidth = 1;
-    constexpr double dash = 3; // as is the space after it
+    constexpr double dash = 3; // length of a dash and of a gap
     const Theme &theme = *Theme::instance();
     QPen pen(m_highlighted ? theme.accent() : theme.controlBorder(), lineWidth);
     pen.setDashPattern({dash, dash});

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// A dashed line with round corners around its area. A Rectangle has only plain ones.
+/// A dashed, rounded outline. A Rectangle only has solid borders.
 class DashedFrame : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT

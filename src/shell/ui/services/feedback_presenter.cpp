@@ -11,7 +11,7 @@ namespace corvane {
 namespace {
 
 struct Category {
-    const char *tag; ///< of the service
+    const char *tag; ///< the service's name for it
     const char *name;
     const char *hint;
 };
@@ -55,7 +55,7 @@ void FeedbackPresenter::followStore()
     emit wantedChanged();
 }
 
-// --- What is written
+// --- Input
 
 QList<QString> FeedbackPresenter::categories()
 {
@@ -159,7 +159,7 @@ void FeedbackPresenter::receive(const std::optional<API::Failure> &failure)
     emit changed();
     if (isWanted())
         return;
-    // The form was closed meanwhile.
+    // The form was closed meanwhile, so report the outcome in a toast.
     m_isSeen = false;
     if (failure)
         m_store.showToast("Feedback not sent: " + failure->message.toStdString(), true);

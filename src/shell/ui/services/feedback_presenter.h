@@ -14,14 +14,13 @@
 
 namespace corvane {
 
-/// The feedback form. What has been written stays, also while the form is closed, until it has been sent. A message
-/// whose form is closed while it is being sent is sent nevertheless, and the toast says what became of it. Main thread
-/// only.
+/// The feedback form. Keeps its input until it has been sent, even while the form is closed. Closing the form does not
+/// cancel sending; the outcome is then shown as a toast. Main thread only.
 class FeedbackPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::API *api READ api WRITE setApi NOTIFY apiChanged)
-    /// Whether the form is to be shown.
+    /// Whether to show the form.
     Q_PROPERTY(bool wanted READ isWanted NOTIFY wantedChanged)
     Q_PROPERTY(QList<QString> categories READ categories CONSTANT)
     Q_PROPERTY(int categoryIndex READ categoryIndex WRITE setCategoryIndex NOTIFY changed)
@@ -33,7 +32,7 @@ class FeedbackPresenter : public QObject {
     Q_PROPERTY(bool sending READ isSending NOTIFY changed)
     /// Empty for none.
     Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
-    /// The same with each sentence on a line of its own.
+    /// The same with each sentence on a separate line.
     Q_PROPERTY(QString errorLines READ errorLines NOTIFY changed)
     Q_PROPERTY(bool sent READ isSent NOTIFY changed)
     Q_PROPERTY(bool canSend READ canSend NOTIFY changed)
@@ -50,11 +49,11 @@ public:
     [[nodiscard]] static QList<QString> categories();
     [[nodiscard]] int categoryIndex() const { return m_draft.category; }
     void setCategoryIndex(int index);
-    /// What the service calls the category: "idea", "bug" or "other".
+    /// The service's name for the category: "idea", "bug" or "other".
     [[nodiscard]] QString category() const;
     [[nodiscard]] QString message() const { return m_draft.message; }
     void setMessage(const QString &message);
-    /// Stands in the empty field.
+    /// The placeholder of the message field.
     [[nodiscard]] QString messageHint() const;
     [[nodiscard]] QString email() const { return m_draft.email; }
     void setEmail(const QString &email);
@@ -68,12 +67,12 @@ public:
     [[nodiscard]] bool canSend() const;
     [[nodiscard]] QString thanksText() const;
 
-    /// What is posted.
+    /// The JSON to post.
     [[nodiscard]] QJsonObject body() const;
 
-    /// Nothing while `canSend` is false.
+    /// Does nothing while `canSend` is false.
     Q_INVOKABLE void send();
-    /// The form was closed, by whatever means.
+    /// The form was closed, in any way.
     Q_INVOKABLE void close();
 
 signals:
@@ -100,7 +99,7 @@ private:
     bool m_sending = false;
     QString m_errorText;
     bool m_sent = false;
-    bool m_isSeen = false; // the form was closed over what it shows, which is not shown again
+    bool m_isSeen = false; // the current outcome has been dismissed and is not shown again
 };
 
 } // namespace corvane

@@ -12,7 +12,7 @@ namespace corvane {
 
 namespace {
 
-/// A sentence with its words between "**" in the weight that stands for bold in this program.
+/// Converts "**" around words to rich text in the weight that the program uses for bold.
 QString richText(std::string_view sentence)
 {
     QString text;

@@ -15,15 +15,15 @@
 
 namespace corvane {
 
-/// The first launch: what the program is for, and whether it may read everything. While its sheet is visible the access
-/// is tested, at once and then every second until it is granted. Main thread only.
+/// The first launch: explains the program and asks for full disk access. While its sheet is visible, the access is
+/// checked immediately and then every second until it is granted. Main thread only.
 class OnboardingPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::UserDefaults *defaults READ defaults WRITE setDefaults NOTIFY defaultsChanged)
-    /// Whether the sheet is to be shown: it has not been dismissed yet, or is asked for again.
+    /// Whether to show the sheet: it has not been dismissed yet, or was requested again.
     Q_PROPERTY(bool wanted READ isWanted NOTIFY wantedChanged)
-    /// Whether the sheet is seen.
+    /// Whether the sheet is on screen.
     Q_PROPERTY(bool visible READ isVisible WRITE setVisible NOTIFY visibleChanged)
     Q_PROPERTY(bool granted READ isGranted NOTIFY accessChanged)
     Q_PROPERTY(QString title READ title CONSTANT)
@@ -31,13 +31,14 @@ class OnboardingPresenter : public QObject {
     Q_PROPERTY(QString accessTitle READ accessTitle CONSTANT)
     Q_PROPERTY(QString accessLine READ accessLine NOTIFY accessChanged)
     Q_PROPERTY(QString status READ status NOTIFY accessChanged)
-    /// The access is granted in the system's settings, in these steps; rich text. Where it is not, there are none.
+    /// Whether the access is granted in the system's settings. The steps for that, as rich text; empty if there are
+    /// none.
     Q_PROPERTY(bool hasSettings READ hasSettings CONSTANT)
     Q_PROPERTY(QStringList steps READ steps CONSTANT)
-    /// The same as plain text.
+    /// The same in plain text.
     Q_PROPERTY(QStringList plainSteps READ plainSteps CONSTANT)
     Q_PROPERTY(QString dragHelp READ dragHelp CONSTANT)
-    /// The file address of what is dragged into the list of the settings.
+    /// The file URL to drag into the list of the settings.
     Q_PROPERTY(QString applicationUrl READ applicationUrl CONSTANT)
 
 public:
@@ -61,14 +62,14 @@ public:
     [[nodiscard]] QString dragHelp() const;
     [[nodiscard]] static QString applicationUrl();
 
-    /// The bundle around a program's file; the file itself where there is none.
+    /// The bundle that contains a program's file; the file itself if there is none.
     [[nodiscard]] static QString bundleOf(const QString &programFile);
 
-    /// The sheet was closed, by whatever means.
+    /// The sheet was closed, in any way.
     Q_INVOKABLE void dismiss();
     Q_INVOKABLE void openSettings();
 
-    /// One second unless a test sets it otherwise.
+    /// One second by default; tests shorten it.
     void setPollInterval(std::chrono::milliseconds interval) { m_poll.setInterval(interval); }
     [[nodiscard]] std::chrono::milliseconds pollInterval() const { return m_poll.intervalAsDuration(); }
     [[nodiscard]] bool isPolling() const { return m_poll.isActive(); }

@@ -13,14 +13,14 @@
 
 namespace corvane {
 
-/// What the settings window shows and sets. Main thread only.
+/// The contents of the settings window and its commands. Main thread only.
 class SettingsPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::UserDefaults *defaults READ defaults WRITE setDefaults NOTIFY defaultsChanged)
     Q_PROPERTY(corvane::API *api READ api WRITE setApi NOTIFY apiChanged)
     Q_PROPERTY(corvane::AppUpdater *updater READ updater WRITE setUpdater NOTIFY updaterChanged)
-    /// Whether the window is seen.
+    /// Whether the window is on screen.
     Q_PROPERTY(bool visible READ isVisible WRITE setVisible NOTIFY visibleChanged)
     Q_PROPERTY(bool canUpdate READ canUpdate NOTIFY updaterChanged)
     Q_PROPERTY(bool canCheckNow READ canCheckNow NOTIFY updatesChanged)
@@ -46,7 +46,7 @@ public:
     void setUpdater(AppUpdater *updater);
 
     [[nodiscard]] bool isVisible() const { return m_visible; }
-    /// The access is tested anew when the window comes into sight.
+    /// Checks the access again when the window is shown.
     void setVisible(bool visible);
 
     [[nodiscard]] bool canUpdate() const { return m_updater && m_updater->isConfigured(); }
@@ -62,7 +62,7 @@ public:
     [[nodiscard]] static QStringList crashChoices();
     [[nodiscard]] int crashChoice() const;
     void setCrashChoice(int choice);
-    /// What a crash report holds, and where it goes.
+    /// What a crash report contains, and where it is sent.
     [[nodiscard]] QString crashExplanation() const;
 
     [[nodiscard]] QString accessTitle() const;
@@ -83,7 +83,7 @@ signals:
     void crashChoiceChanged();
     void explanationChanged();
     void accessChanged();
-    /// What was asked for is in the main window.
+    /// Emitted when the result of a command is shown in the main window.
     void mainWindowWanted();
 
 private:

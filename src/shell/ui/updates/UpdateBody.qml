@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Updates
 
-/// The inside of the sheet about updates: what goes on or has come of it, and the answers.
+/// The content of the update sheet: the progress or result of a check, and the buttons.
 FocusScope {
     id: body
 
@@ -17,7 +17,7 @@ FocusScope {
     Connections {
         target: body.updates
 
-        // The button that had the keyboard may be gone.
+        // The focused button may have disappeared.
         function onStepChanged() {
             body.focusDefault();
         }
@@ -31,7 +31,7 @@ FocusScope {
     Item {
         id: words
 
-        // Enough for every step, so that the sheet stays where it is from one to the next.
+        // Enough for every step, so that the sheet does not change its size between steps.
         readonly property int usualHeight: Theme.title2Line + Theme.space4 + 3 * Theme.bodyLine
 
         width: parent.width

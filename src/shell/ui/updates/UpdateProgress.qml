@@ -1,12 +1,12 @@
 import QtQuick
 import Corvane.Shell
 
-/// How far the work is: a bar, and the figures where they are known.
+/// Progress of a check or download: a bar, and the figures if they are known.
 Column {
     id: progress
 
     required property string title
-    /// From 0 to 1; -1 for work of unknown length.
+    /// From 0 to 1; -1 if the total is unknown.
     required property double fraction
     required property string figures
 

@@ -2,12 +2,12 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Updates
 
-/// What comes of a check for updates. Opens by itself.
+/// The result of an update check. Opens by itself.
 Sheet {
     id: sheet
 
     property alias updater: updates.updater
-    /// While true it does not open: something else has the user's attention.
+    /// Prevents opening while something else needs the user's attention.
     property bool held: false
 
     readonly property bool wanted: updates.open && !held

@@ -11,25 +11,25 @@
 
 namespace corvane {
 
-/// What the sheet about updates shows and does. Main thread only.
+/// The contents and commands of the update sheet. Main thread only.
 class UpdatePresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::AppUpdater *updater READ updater WRITE setUpdater NOTIFY updaterChanged)
-    /// Whether there is something that the user is to see.
+    /// Whether the sheet should be open.
     Q_PROPERTY(bool open READ open NOTIFY changed)
-    /// Another number for every other content: the keyboard then goes to that content's button.
+    /// Identifies the sheet's content: when it changes, the focus moves to the new content's button.
     Q_PROPERTY(int step READ step NOTIFY stepChanged)
     Q_PROPERTY(QString title READ title NOTIFY changed)
-    /// Empty while there is a bar.
+    /// Empty while the progress bar is visible.
     Q_PROPERTY(QString message READ message NOTIFY changed)
     Q_PROPERTY(bool hasBar READ hasBar NOTIFY changed)
-    /// Of the work, from 0 to 1; -1 where its length is not known.
+    /// Progress from 0 to 1; -1 if the total is unknown.
     Q_PROPERTY(double fraction READ fraction NOTIFY changed)
-    /// Beside the bar: "12.3 MB of 34.5 MB".
+    /// The text beside the bar: "12.3 MB of 34.5 MB".
     Q_PROPERTY(QString progress READ progress NOTIFY changed)
     Q_PROPERTY(bool hasReleaseNotes READ hasReleaseNotes NOTIFY changed)
-    /// The buttons, from the right; empty for one that is not there.
+    /// The button labels, from right to left; empty if a button is hidden.
     Q_PROPERTY(QString acceptText READ acceptText NOTIFY changed)
     Q_PROPERTY(QString revealText READ revealText NOTIFY changed)
     Q_PROPERTY(QString dismissText READ dismissText NOTIFY changed)
@@ -52,11 +52,11 @@ public:
     [[nodiscard]] QString revealText() const;
     [[nodiscard]] QString dismissText() const;
 
-    /// What the main button does: downloads, opens the package, shows the file, or is done.
+    /// The main button: downloads, opens the package, shows the file, or closes the sheet.
     Q_INVOKABLE void accept();
     /// Shows the verified download in the file manager.
     Q_INVOKABLE void reveal();
-    /// Ends what is under way, or leaves it at that.
+    /// Cancels the current step, or closes the sheet if there is nothing to cancel.
     Q_INVOKABLE void dismiss();
     Q_INVOKABLE void openReleaseNotes() const;
 
@@ -74,7 +74,7 @@ private:
     QPointer<AppUpdater> m_updater;
     QPointer<UpdateSession> m_session;
     QMetaObject::Connection m_following;
-    int m_step = 0; // what was told last
+    int m_step = 0; // as last emitted
 };
 
 } // namespace corvane

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// The inside of the sheet about the program.
+/// The content of the About sheet.
 FocusScope {
     id: body
 

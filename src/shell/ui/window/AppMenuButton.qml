@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// Opens the menu of every command, where there is no menu bar. F10 opens it too.
+/// Opens the menu of all commands, on systems without a menu bar. F10 opens it too.
 PushButton {
     id: button
 
@@ -17,7 +17,7 @@ PushButton {
     Accessible.name: qsTr("Menu")
     onClicked: openMenu(button.visualFocus)
 
-    /// Made when it is first opened: it has some twenty rows.
+    /// Created when first opened: it has some twenty rows.
     property WindowMenu menu: null
 
     function openMenu(byKeyboard: bool) {
@@ -32,7 +32,7 @@ PushButton {
         enabled: button.visible && button.actions.enabled
         onActivated: button.openMenu(true)
     }
-    // A component that is bound to its surroundings is more than Qt 6.4 can make.
+    // Not a bound component: Qt 6.4 cannot create those here.
     Component {
         id: menuComponent
 

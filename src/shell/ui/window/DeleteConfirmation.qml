@@ -1,7 +1,7 @@
 import Corvane.Shell
 import Corvane.Window
 
-/// The question before something is deleted for good.
+/// Asks for confirmation before a permanent delete.
 Alert {
     id: alert
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// What a folder that is held over the window would do. Fills its parent.
+/// Shows what dropping the dragged folder on the window would do. Fills its parent.
 Item {
     id: indicator
 

@@ -5,18 +5,18 @@ import Corvane.Services
 import Corvane.Updates
 import Corvane.Window
 
-/// The program's one window: the screens at the left, the chosen one at the right, and over it what is selected
-/// for removal and what the store has to say. Made hidden; whoever gives it its place shows it. What nobody has asked
-/// for yet is not made, and where a module is needed by nothing else, the file of its own is not read either.
+/// The program's main window: the sidebar on the left, the selected screen on the right, and over it the selection bar
+/// and the store's toasts. Created hidden; the caller places and shows it. Parts are created on first use, and modules
+/// that only they need are loaded from a separate file at that time.
 T.ApplicationWindow {
     id: window
 
     required property SidebarModel screens
 
-    /// A sheet of the window's own or of its screen is open.
+    /// A sheet of the window or of its screen is open.
     readonly property bool asksItself: review.open || about.open || confirmation.open || screenView.asking
     readonly property bool asking: asksItself || services.asking || updates.visible
-    /// How much of a screen lies beneath the selection bar.
+    /// The height of the screen that the selection bar covers.
     readonly property real coveredHeight: selectionBar.takenHeight
 
     property QtObject folderDialog: null
@@ -32,7 +32,7 @@ T.ApplicationWindow {
     minimumHeight: Theme.minimumHeight
     color: Theme.window
 
-    // For Qt's own folder dialog; the program's parts have their colours from the theme.
+    // For Qt's own folder dialog; everything else takes its colours from the theme.
     palette {
         window: Theme.raised
         windowText: Theme.t1
@@ -128,7 +128,7 @@ T.ApplicationWindow {
 
         anchors.fill: parent
         enabled: !window.asking
-        // What is dragged out of the window itself is not meant for it.
+        // Ignore drags that start in this window.
         onEntered: drag => drag.accepted = drag.source === null && scan.accepts(drag.urls)
         onDropped: event => scan.scanDropped(event.urls)
 
@@ -137,7 +137,7 @@ T.ApplicationWindow {
             text: qsTr("Drop to scan this folder")
         }
     }
-    // The keys that some keyboards have for it; the commands' own are in the menu.
+    // The dedicated keys of some keyboards; the commands' regular shortcuts are in the menu.
     Shortcut {
         sequences: ["Back", Qt.platform.os === "osx" ? "Alt+Left" : ""]
         enabled: actions.back.enabled
@@ -148,13 +148,13 @@ T.ApplicationWindow {
         enabled: actions.forward.enabled
         onActivated: history.goForward()
     }
-    // In the settings too, and over a sheet, which keeps the keys of commands from the window.
+    // Also active in the settings window and over sheets, which block the window's command shortcuts.
     Shortcut {
         sequence: actions.quitKeys
         context: Qt.ApplicationShortcut
         onActivated: actions.quit.trigger()
     }
-    // Over everything, so that the mouse's own buttons do the same wherever the pointer is.
+    // On top of everything, so that the mouse's back and forward buttons work everywhere.
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.BackButton | Qt.ForwardButton
@@ -167,7 +167,7 @@ T.ApplicationWindow {
         onActivated: toast.dismiss()
     }
 
-    // A component that is bound to its surroundings is more than Qt 6.4 can make.
+    // Not a bound component: Qt 6.4 cannot create those here.
     SheetMaker {
         id: review
 
@@ -214,7 +214,7 @@ T.ApplicationWindow {
         acceptLabel: qsTr("Scan")
         firstFolder: scan.firstFolder
         onChosen: folder => scan.scanUrl(folder)
-        // From then on it opens by itself.
+        // Later requests open it by itself.
         onDialogWanted: {
             if (window.folderDialog === null)
                 window.folderDialog = window.make("QtFolderDialog.qml", {
@@ -222,7 +222,7 @@ T.ApplicationWindow {
                 });
         }
     }
-    // By its address, so that its module is loaded, and has to be installed, only where it is shown.
+    // Loaded by URL, so that its module is loaded, and must be installed, only where it is used.
     Component.onCompleted: {
         if (Qt.platform.os === "osx")
             window.make("SystemMenuBar.qml", {

@@ -2,7 +2,7 @@ import QtQml
 import QtQuick.Dialogs
 import Corvane.Window
 
-/// Qt's own dialog for a folder. Open when made, and whenever the chooser wants it.
+/// Qt's own folder dialog. Opens when created, and whenever the chooser requests it.
 FolderDialog {
     id: dialog
 

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Corvane.Window
 
-/// A screen. One that needs a scan has to wait for it: until there is one, what it would show and the way there;
-/// during one, how far it has come; then the screen.
+/// A screen that may need a scan. Without one, explains what the screen would show and offers a scan; during one, shows
+/// its progress; afterwards, shows the screen.
 Item {
     id: view
 
@@ -14,15 +14,15 @@ Item {
     required property string prompt
     required property string promptTitle
     required property Component screen
-    /// How much of the view lies beneath the selection bar, at its bottom.
+    /// The height of the view that the selection bar covers, at its bottom.
     required property real coveredHeight
-    /// Whether the screen leaves room for the bar by itself.
+    /// Whether the screen itself leaves room for the bar.
     required property bool goesBeneathBar
 
     readonly property bool waiting: needed && !presenter.hasScan
-    // Of any type; not every screen has questions.
+    // Of any type; not every screen has an `asking` property.
     readonly property var shownScreen: loader.item
-    /// The screen has a sheet open.
+    /// Whether the screen has a sheet open.
     readonly property bool asking: shownScreen?.asking ?? false
 
     ScanPresenter {
@@ -35,7 +35,7 @@ Item {
         anchors.bottomMargin: view.goesBeneathBar ? 0 : view.coveredHeight
         sourceComponent: view.waiting ? null : view.screen
     }
-    // A Repeater because the Loader of Qt 6.4 makes no component that refers to what surrounds it.
+    // A Repeater, because the Loader of Qt 6.4 cannot create a component that refers to outer ids.
     Repeater {
         model: view.waiting ? 1 : 0
 

@@ -2,20 +2,20 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// The inside of the review sheet: the entries and what can be done with them. Return moves them to the Trash.
+/// The content of the review sheet: the entries and the removal buttons. Return moves the entries to the Trash.
 FocusScope {
     id: body
 
     required property SelectionPresenter selection
-    /// Whether it is looked at.
+    /// Whether the sheet is open.
     required property bool active
 
     signal cancelled
     signal trashWanted
     signal deleteWanted
 
-    /// Whether the note on the Trash has a line. It keeps it until the sheet is closed, so that nothing below moves
-    /// while entries are dropped.
+    /// Whether a line is reserved for the note on the Trash. Fixed until the sheet closes, so that nothing below moves
+    /// while entries are removed.
     property bool hasNoteLine: false
 
     onActiveChanged: hasNoteLine = active && trashNote.text !== ""

@@ -4,26 +4,26 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// The selected entries. Delete and Backspace drop the one that the keyboard is at.
+/// The selected entries. Delete and Backspace deselect the current one.
 AppList {
     id: list
 
-    /// Whether the list is looked at; nothing is kept in step otherwise.
+    /// Whether the sheet is open; the rows are not updated otherwise.
     required property bool active
 
-    /// How many rows there is room for: those of the opening, so that what lies under the pointer stays there
-    /// while rows are dropped.
+    /// How many rows to leave room for: those at opening, so that nothing moves under the pointer while entries are
+    /// deselected.
     property int rowsAtFirst: 0
 
     onActiveChanged: if (!active) rowsAtFirst = 0
 
     implicitHeight: Math.min(WindowMetrics.reviewListHeight, rowsAtFirst * rowHeight)
     Accessible.name: qsTr("Selected items")
-    // The current row itself has the keyboard, so that a reader says it.
+    // The current row itself has the focus, so that screen readers announce it.
     activeFocusOnTab: false
     view.activeFocusOnTab: true
 
-    /// At a point of a row.
+    /// `x` and `y` are relative to the row.
     function showMenu(row: int, x: real, y: real) {
         currentIndex = row;
         menu.popup(itemAt(row), x, y);

@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Corvane.Shell
 import Corvane.Window
 
-/// One entry that is selected for removal, with the button that drops it from the selection.
+/// One entry that is selected for removal, with a button to deselect it.
 T.ItemDelegate {
     id: row
 

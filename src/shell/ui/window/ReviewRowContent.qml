@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// What a row of the review sheet shows: icon, name over path, size, and the button that drops the entry.
+/// The content of a row in the review sheet: icon, name over path, size, and the button that deselects the entry.
 Item {
     id: content
 

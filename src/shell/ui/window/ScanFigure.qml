@@ -2,8 +2,8 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// A large figure of the running scan above its name. As wide as large figures are, so that a growing one does
-/// not push the next.
+/// A large figure of the running scan above its label. Reserves the width of large values, so that a growing one does
+/// not move the next.
 Item {
     id: figure
 

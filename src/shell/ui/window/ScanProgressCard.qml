@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// How far the running scan has come.
+/// The progress of the running scan.
 Rectangle {
     id: card
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// The scan commands at the right of every screen's band.
+/// The scan commands on the right of every screen's header.
 FocusScope {
     id: toolbar
 
@@ -12,7 +12,7 @@ FocusScope {
     ScanPresenter {
         id: scan
 
-        // The keyboard goes over to the button that takes the place of the other.
+        // Moves the focus to the button that replaces the other.
         onStateChanged: {
             if (toolbar.activeFocus && scan.scanning)
                 stop.forceActiveFocus(Qt.OtherFocusReason);

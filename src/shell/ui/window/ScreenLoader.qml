@@ -2,14 +2,14 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// The chosen screen, made anew each time it is chosen; the change fades.
+/// The selected screen, created anew each time it is selected, with a fade.
 Item {
     id: view
 
     required property SidebarModel screens
-    /// How much of the view lies beneath the selection bar, at its bottom.
+    /// The height of the view that the selection bar covers, at its bottom.
     required property real coveredHeight
-    /// The screen has a sheet open.
+    /// Whether the screen has a sheet open.
     readonly property bool asking: screen.asking
 
     function show() {

@@ -2,8 +2,8 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// What is selected for removal, along the bottom of the detail area. Slides up when the first item is selected
-/// and away with the last.
+/// The items selected for removal, in a bar along the bottom of the detail area. Slides in with the first item and out
+/// with the last.
 FocusScope {
     id: bar
 
@@ -11,7 +11,8 @@ FocusScope {
 
     signal reviewWanted
 
-    /// The height that the bar takes from the screens. All of it from the first moment, and none as soon as it goes.
+    /// The height that the bar covers. Changes to its full value at the start of the slide-in, and to 0 at the start of
+    /// the slide-out.
     readonly property int takenHeight: shown ? height : 0
     property real hiddenPart: shown ? 0 : 1
     readonly property bool shown: !selection.empty
@@ -53,7 +54,7 @@ FocusScope {
         anchors.fill: parent
         color: Theme.raised
     }
-    // Nothing reaches the screen beneath.
+    // Blocks the pointer from the screen below.
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.AllButtons

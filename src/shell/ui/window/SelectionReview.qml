@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// Every entry that is selected for removal, to look over, to drop, to remove. Closes when none is left.
+/// All entries selected for removal, to review, deselect or remove. Closes when none is left.
 Sheet {
     id: sheet
 

@@ -2,13 +2,13 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// The list of screens at the left of the window, with the program's name above it where the title bar is
-/// separate, and the disk below.
+/// The list of screens on the left of the window, with the program's name above it if the title bar is separate, and
+/// the disk gauge below.
 Item {
     id: sidebar
 
     required property SidebarModel screens
-    /// Stands at the right of the head, where there is a head.
+    /// The control on the right of the header, if there is a header.
     property alias headControl: head.control
 
     implicitWidth: Theme.sidebarWidth

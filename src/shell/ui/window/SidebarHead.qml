@@ -2,11 +2,11 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// The program's icon and name, in the band over the sidebar.
+/// The program's icon and name, in the band above the sidebar.
 Item {
     id: head
 
-    /// Stands at the right.
+    /// The control on the right.
     property alias control: corner.data
 
     AppIcon {

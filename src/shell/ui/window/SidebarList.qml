@@ -4,7 +4,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// The screens of the program. One stop for Tab; arrow keys, Home and End move the choice.
+/// The program's screens. A single Tab stop; the arrow keys, Home and End change the selection.
 KeyboardItem {
     id: list
 

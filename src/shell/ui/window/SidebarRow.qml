@@ -3,14 +3,14 @@ import QtQuick.Window
 import Corvane.Shell
 import Corvane.Window
 
-/// One screen in the sidebar. The list that holds it has the keyboard's focus; the chosen row shows it.
+/// One screen in the sidebar. The list has the keyboard focus; the selected row shows the ring.
 Rectangle {
     id: row
 
     required property string title
     required property string symbol
     required property bool current
-    /// Whether the keyboard works on this row.
+    /// Whether this row shows the keyboard focus.
     required property bool focused
 
     signal chosen

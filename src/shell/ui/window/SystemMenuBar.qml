@@ -5,8 +5,8 @@ import QtQml
 import Qt.labs.platform
 import Corvane.Window
 
-/// The commands of the window in the system's own menu bar. The system moves the commands that have a role into the
-/// program's own menu: "About", behind it the check for updates, "Settings" and "Quit".
+/// The window's commands in the system's menu bar. The system moves commands with a role into the application menu:
+/// "About", followed by the check for updates, "Settings" and "Quit".
 MenuBar {
     id: bar
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Shell
 
-/// What a toast shows: whether all went well, and the message in at most two lines.
+/// The content of a toast: a success or warning icon, and the message in at most two lines.
 Item {
     id: content
 

@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// A short message at the bottom. A click puts it away; while the pointer rests on it, it stays.
+/// A short message at the bottom. A click dismisses it; it stays while the pointer is over it.
 Item {
     id: view
 
@@ -49,7 +49,7 @@ Item {
     HoverHandler {
         id: hover
     }
-    // An area and not a handler, so that what lies below it gets nothing of the click.
+    // A MouseArea rather than a handler, so that the item below does not receive the click.
     MouseArea {
         anchors.fill: parent
         onClicked: view.dismiss()

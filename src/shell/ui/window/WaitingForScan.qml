@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Shell
 import Corvane.Window
 
-/// What stands in place of a screen that needs a scan: the way to one, or how far it has come.
+/// Replaces a screen that needs a scan: offers one, or shows its progress.
 Rectangle {
     id: view
 

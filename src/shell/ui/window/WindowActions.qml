@@ -6,7 +6,7 @@ import QtQml
 import Corvane.Shell
 import Corvane.Window
 
-/// Every command of the window with its keys, for the menu and for the keyboard alone.
+/// The window's commands with their shortcuts, for the menus and for use without them.
 QtObject {
     id: actions
 
@@ -15,7 +15,7 @@ QtObject {
     required property SelectionPresenter selection
     required property HelpPresenter help
     required property FolderHistory history
-    /// Nothing is answered while a sheet wants an answer.
+    /// False while a modal sheet is open.
     required property bool enabled
 
     signal reviewWanted
@@ -115,7 +115,7 @@ QtObject {
         text: qsTr("Quit")
         onTriggered: Qt.quit()
     }
-    /// Of `quit`, which answers to them in every window.
+    /// For the `quit` command, whose keys work in every window.
     readonly property string quitKeys: "Ctrl+Q"
 
     /// One for each screen, in the order of the sidebar.

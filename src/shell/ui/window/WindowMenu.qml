@@ -6,13 +6,13 @@ import QtQml
 import Corvane.Shell
 import Corvane.Window
 
-/// Every command of the window in one menu, where there is no menu bar.
+/// All commands of the window in one menu, on systems without a menu bar.
 AppMenu {
     id: menu
 
     required property WindowActions actions
 
-    /// Whether the keyboard opened it, which then goes on from the first command.
+    /// Whether it was opened by keyboard, in which case the first command is highlighted.
     property bool byKeyboard: false
 
     readonly property int screensAt: 12
@@ -94,7 +94,7 @@ AppMenu {
         keys: menu.actions.quitKeys
     }
 
-    // A sheet that opens by itself is not to be read past an open menu.
+    // Close the menu when a sheet opens by itself, since the menu would cover it.
     readonly property bool answered: actions.enabled
 
     onAnsweredChanged: if (!answered) menu.close()

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// The startup volume in one line and one bar. Main thread only.
+/// The startup volume as one line of text and one bar. Main thread only.
 class DiskGaugePresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -10,7 +10,7 @@ namespace corvane {
 
 namespace {
 
-/// The list of Qt's dialog, which is shown inside the window.
+/// The list view of Qt's dialog, which is part of the window.
 const QQuickItem *listOfDialog(const QQuickItem &from)
 {
     if (from.objectName() == QStringLiteral("folderDialogListView"))

@@ -13,11 +13,11 @@
 
 namespace corvane {
 
-/// Asks for a folder with the desktop's own dialog, and tells when Qt's has to be used. Main thread only.
+/// Asks for a folder with the desktop's own dialog, and reports when Qt's dialog is needed instead. Main thread only.
 class FolderChooser : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    /// The window that asks.
+    /// The parent window of the dialog.
     Q_PROPERTY(QObject *asker MEMBER m_asker NOTIFY changed)
     Q_PROPERTY(QString title MEMBER m_title NOTIFY changed)
     Q_PROPERTY(QString acceptLabel MEMBER m_acceptLabel NOTIFY changed)
@@ -27,14 +27,13 @@ public:
     explicit FolderChooser(QObject *parent = nullptr) : QObject(parent) {}
 
     Q_INVOKABLE void ask();
-    /// Makes Qt's dialog, once it is open, list hidden folders, for which it has no switch. Does nothing to a
-    /// system's dialog.
+    /// Makes Qt's dialog, once open, list hidden folders; it has no property for that. No effect on a system dialog.
     Q_INVOKABLE void showHiddenFolders() const;
 
 signals:
     void changed();
     void chosen(const QUrl &folder);
-    /// There is no other dialog than Qt's.
+    /// Only Qt's dialog is available.
     void dialogWanted();
 
 private:

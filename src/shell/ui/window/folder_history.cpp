@@ -16,7 +16,7 @@ void FolderHistory::follow()
     const FileNode *const folder = m_store.currentFolder().get();
     std::string path = folder != nullptr ? folder->path() : std::string();
     if (!path.empty() && (m_paths.empty() || m_paths[m_place] != path)) {
-        // A new way ends what was ahead of the old one.
+        // Opening another folder discards the forward history.
         if (!m_paths.empty())
             m_paths.resize(m_place + 1);
         m_paths.push_back(std::move(path));
@@ -45,7 +45,7 @@ void FolderHistory::walk(int step)
     const std::optional<std::size_t> place = nearest(step);
     if (!place)
         return;
-    m_place = *place; // first, so that the folder is taken for the one that is here
+    m_place = *place; // before opening, so that follow() does not add it as a new folder
     m_store.open(m_store.sharedNode(m_paths[m_place]));
 }
 

@@ -12,9 +12,8 @@
 
 namespace corvane {
 
-/// The folders that the map has shown, to walk back and forward among. Remembers paths, so that the way outlives a
-/// rescan; what is no longer in the tree is passed over. Walks only while the map is the screen shown.
-/// Main thread only.
+/// The history of folders shown in the map, for Back and Forward. Stores paths, so that it survives a rescan; folders
+/// no longer in the tree are skipped. Works only while the map is the current screen. Main thread only.
 class FolderHistory : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -22,7 +21,7 @@ class FolderHistory : public QObject {
     Q_PROPERTY(bool canGoForward READ canGoForward NOTIFY changed)
 
 public:
-    /// Older folders than that many are forgotten.
+    /// The maximum length of the history.
     static constexpr std::size_t foldersKept = 100;
 
     explicit FolderHistory(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
@@ -31,10 +30,10 @@ public:
     [[nodiscard]] bool canGoForward() const { return nearest(1).has_value(); }
     Q_INVOKABLE void goBack() { walk(-1); }
     Q_INVOKABLE void goForward() { walk(1); }
-    /// The same once control is back in the event loop: a menu closes before the map takes the keyboard.
+    /// The same, deferred to the event loop: the menu must close before the map takes the focus.
     Q_INVOKABLE void goBackSoon() { walkSoon(-1); }
     Q_INVOKABLE void goForwardSoon() { walkSoon(1); }
-    /// What a button of the mouse does: Qt::BackButton and Qt::ForwardButton walk.
+    /// Handles a mouse button: Qt::BackButton and Qt::ForwardButton navigate.
     Q_INVOKABLE void go(int button);
 
 signals:
@@ -44,12 +43,12 @@ private:
     void follow();
     void walk(int step);
     void walkSoon(int step);
-    /// The place of the next folder in a direction that can be shown and is not shown already.
+    /// The index of the next folder in a direction that can be shown and is not the current one.
     [[nodiscard]] std::optional<std::size_t> nearest(int step) const;
 
     StorageStore &m_store;
     std::vector<std::string> m_paths; // bytes
-    std::size_t m_place = 0;          // of the folder shown, once there is one
+    std::size_t m_place = 0;          // index of the current folder, once there is one
 };
 
 } // namespace corvane

@@ -10,7 +10,7 @@ std::string pathOfFileUrl(const QUrl &url)
 {
     if (!url.isLocalFile())
         return {};
-    // toLocalFile() goes through text, in which bytes that are not UTF-8 are lost.
+    // toLocalFile() decodes to text, which loses bytes that are not UTF-8.
     return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toUtf8()).toStdString();
 }
 

@@ -7,11 +7,11 @@
 
 namespace corvane {
 
-/// The path, byte for byte, that a file address stands for; empty for any other address. A name that is not
-/// valid UTF-8 stands percent-encoded in the address and keeps its bytes.
+/// The path of a file URL, byte for byte; empty for any other URL. A name that is not valid UTF-8 is percent-encoded in
+/// the URL and keeps its bytes.
 [[nodiscard]] std::string pathOfFileUrl(const QUrl &url);
 
-/// The file address of a path, from which `pathOfFileUrl` makes the same bytes again.
+/// The file URL of a path; `pathOfFileUrl` restores the same bytes.
 [[nodiscard]] QUrl fileUrlOfPath(std::string_view path);
 
 } // namespace corvane

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// What the help commands do. Main thread only.
+/// The commands of the help menu. Main thread only.
 class HelpPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -16,7 +16,7 @@ class HelpPresenter : public QObject {
 public:
     explicit HelpPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
-    /// Both open a page in the browser; the toast says so where that cannot be done.
+    /// Both open a page in the browser, and show a toast if that fails.
     Q_INVOKABLE void openWebsite() const;
     Q_INVOKABLE void openPrivacyPolicy() const;
 

@@ -10,8 +10,8 @@
 
 namespace corvane {
 
-/// What the scan controls and the progress of a scan show, and what they do. The figures change with the
-/// store's own progress, a few times a second. Main thread only.
+/// The scan commands, and the texts of the scan controls and progress. The figures update with the store's progress, a
+/// few times a second. Main thread only.
 class ScanPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -23,7 +23,7 @@ class ScanPresenter : public QObject {
     Q_PROPERTY(QString partialText READ partialText NOTIFY stateChanged)
     Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT)
     Q_PROPERTY(QString folderPrompt READ folderPrompt CONSTANT)
-    /// Where a search for a folder begins.
+    /// The folder that a folder dialog opens in.
     Q_PROPERTY(QUrl firstFolder READ firstFolder CONSTANT)
     Q_PROPERTY(QString heading READ heading NOTIFY progressChanged)
     Q_PROPERTY(QString filesCounted READ filesCounted NOTIFY progressChanged)
@@ -38,27 +38,27 @@ public:
     [[nodiscard]] QString scanTitle() const;
     /// Empty before the first scan.
     [[nodiscard]] QString scanSymbol() const;
-    /// What `scan` would do.
+    /// The tool tip of `scan`.
     [[nodiscard]] QString scanHelp() const;
-    /// The remark about a scan that was stopped; empty when the last one was not.
+    /// The note about a scan that was stopped; empty if the last one was not.
     [[nodiscard]] QString partialText() const;
     [[nodiscard]] QString stopHelp() const;
     [[nodiscard]] QString folderPrompt() const;
     [[nodiscard]] QUrl firstFolder() const;
-    /// "Scanning " and the name of the folder.
+    /// "Scanning " followed by the folder's name.
     [[nodiscard]] QString heading() const;
     [[nodiscard]] QString filesCounted() const;
     [[nodiscard]] QString spaceFound() const;
     [[nodiscard]] QString currentPath() const;
 
-    /// Repeats the last scan; before the first, scans the home folder.
+    /// Repeats the last scan, or scans the home folder if there was none.
     Q_INVOKABLE void scan();
     Q_INVOKABLE void scanHome();
     Q_INVOKABLE void scanEntireDisk();
     Q_INVOKABLE void chooseFolder();
-    /// Scans the folder at a file address, byte for byte; other addresses are ignored.
+    /// Scans the folder of a file URL, byte for byte; ignores other URLs.
     Q_INVOKABLE void scanUrl(const QUrl &url);
-    /// Whether something dropped on the window could be a folder to scan: exactly one local item.
+    /// Whether dropped URLs can be a folder to scan: exactly one local item.
     Q_INVOKABLE [[nodiscard]] bool accepts(const QList<QUrl> &urls) const;
     Q_INVOKABLE void scanDropped(const QList<QUrl> &urls);
     Q_INVOKABLE void stop();
@@ -66,7 +66,7 @@ public:
 signals:
     void stateChanged();
     void progressChanged();
-    /// The user is to be asked for a folder.
+    /// Requests a folder dialog.
     void folderWanted();
 
 private:

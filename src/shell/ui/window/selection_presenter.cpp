@@ -12,7 +12,7 @@ namespace corvane {
 
 namespace {
 
-constexpr std::size_t namedItems = 3; ///< of those that a question is about
+constexpr std::size_t namedItems = 3; ///< how many items a question lists by name
 
 QString itemCount(std::size_t count)
 {

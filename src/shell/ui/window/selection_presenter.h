@@ -11,9 +11,9 @@
 
 namespace corvane {
 
-/// The words of the selection bar, the review sheet and the question before a permanent delete, and the
-/// removals that they start. Counts and sizes are those of the effective selection: what lies inside a
-/// selected folder counts through the folder. Main thread only.
+/// The texts of the selection bar, the review sheet and the confirmation of a permanent delete, and the removals that
+/// they start. Counts and sizes are those of the effective selection: items inside a selected folder are counted with
+/// the folder only. Main thread only.
 class SelectionPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -41,7 +41,7 @@ public:
     [[nodiscard]] bool canRemove() const { return !isEmpty() && !isRemoving(); }
     [[nodiscard]] QString countText() const;
     [[nodiscard]] QString totalText() const;
-    /// How many of the items lie in the Trash, from where they can only be deleted; empty when none does.
+    /// How many of the items are already in the Trash and can only be deleted permanently; empty if none is.
     [[nodiscard]] QString trashNote() const;
     [[nodiscard]] QString trashTitle() const;
     [[nodiscard]] bool canStop() const;
@@ -50,17 +50,17 @@ public:
     [[nodiscard]] QString reviewSubtitle() const;
     [[nodiscard]] QString confirmTitle() const;
     [[nodiscard]] QString confirmMessage() const;
-    /// The name of the one item, or those of the first few.
+    /// The name of the item, or the names of the first few.
     [[nodiscard]] QString confirmNames() const;
     [[nodiscard]] QString confirmDelete() const;
 
     Q_INVOKABLE void clear();
-    /// Asks first about what would be deleted for good.
+    /// Asks for confirmation first if some items would be deleted permanently.
     Q_INVOKABLE void moveToTrash();
     Q_INVOKABLE void deletePermanently();
-    /// Carries out what was asked about.
+    /// Performs the confirmed removal.
     Q_INVOKABLE void confirm();
-    /// Ends the removal after the item that it is at.
+    /// Stops the removal after the current item.
     Q_INVOKABLE void stop();
 
 signals:
@@ -68,13 +68,13 @@ signals:
     void removingChanged();
     void removableChanged();
     void questionChanged();
-    void questionWanted(); ///< before anything is deleted for good
+    void questionWanted(); ///< before anything is deleted permanently
 
 private:
-    /// What the question before a permanent delete is about.
+    /// What the confirmation of a permanent delete refers to.
     enum class Question { everything, whatIsInTrash };
 
-    /// How many items, of what size in bytes.
+    /// The number of items and their size in bytes.
     struct Figures {
         std::size_t count = 0;
         std::int64_t total = 0;
@@ -85,7 +85,7 @@ private:
     [[nodiscard]] const Figures &asked() const { return m_question == Question::everything ? m_selected : m_inTrash; }
 
     StorageStore &m_store;
-    // Of the effective selection, worked out once for each change.
+    // Of the effective selection, computed once per change.
     Figures m_selected;
     Figures m_inTrash;
     Question m_question = Question::everything;

@@ -11,7 +11,7 @@ namespace corvane {
 
 namespace {
 
-// What has no node, such as a small file, is looked at on the disk.
+// Items without a node, such as small files, are looked up on the disk.
 FileNode::Kind kindOf(const StorageStore &store, const std::string &path)
 {
     if (const FileNode *node = store.node(path))

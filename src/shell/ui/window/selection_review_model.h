@@ -10,22 +10,22 @@
 
 namespace corvane {
 
-/// The entries that a removal would take, largest first, then by path: the effective selection. Main thread
+/// The effective selection, that is, the entries that a removal would take: largest first, then by path. Main thread
 /// only.
 class SelectionReviewModel : public corvane::RowListModel {
     Q_OBJECT
     QML_ELEMENT
-    /// Whether anybody looks at the rows; there are none otherwise.
+    /// Whether a view shows the rows; the model is empty otherwise.
     Q_PROPERTY(bool active READ isActive WRITE setActive NOTIFY activeChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
     enum Role {
         NameRole = Qt::UserRole + 1,
-        PathRole, ///< to be shown: the home folder is "~"
+        PathRole, ///< for display: the home folder is "~"
         SizeRole, ///< as text
         IconKeyRole,
-        DropTitleRole, ///< the name of the button that drops the entry
+        DropTitleRole, ///< the label of the button that deselects the entry
     };
 
     explicit SelectionReviewModel(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
@@ -34,10 +34,9 @@ public:
     void setActive(bool active);
     [[nodiscard]] int count() const { return static_cast<int>(m_entries.size()); }
 
-    /// Takes the row's entry out of the selection. What it covered, if that was selected too, comes up in its
-    /// place.
+    /// Deselects the row's entry. Selected items that it covered appear in its place.
     Q_INVOKABLE void drop(int row);
-    /// Opens the row's item in the program that the desktop has for it, a folder in the file manager.
+    /// Opens the row's item in its default application, a folder in the file manager.
     Q_INVOKABLE void open(int row);
     /// Shows the row's item in the file manager.
     Q_INVOKABLE void reveal(int row);

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// What the window says of one screen. Constant data; any thread.
+/// The texts and icon of one screen. Constant data; any thread.
 struct SidebarItemInfo {
     enum class Section { storage, findAndRemove };
 
@@ -18,7 +18,7 @@ struct SidebarItemInfo {
     QString symbol;
     Section section;
     bool needsScan;
-    QString scanPrompt; ///< why a scan is wanted, where one is needed
+    QString scanPrompt; ///< why the screen needs a scan; empty if it does not
 };
 
 /// All eight screens, in the order of the sidebar.

@@ -150,7 +150,7 @@ QHash<int, QByteArray> SidebarModel::roleNames() const
 
 void SidebarModel::announceCurrent()
 {
-    // A new row moves every shortcut behind it and may take over its section's title.
+    // A new row shifts the shortcuts of all rows behind it and may take over its section's title.
     if (!m_screens.empty())
         emit dataChanged(index(0), index(rowCount() - 1), {StartsSectionRole, CurrentRole, ShortcutRole});
     emit currentChanged();

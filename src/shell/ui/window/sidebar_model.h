@@ -12,9 +12,9 @@
 
 namespace corvane {
 
-/// The rows of the sidebar: one for each screen that the program has, in the sidebar's order whatever order
-/// they were given in. Also tells the window what the chosen screen is. The choice itself lives in the store;
-/// an item without a screen shows the first one there is. Main thread only.
+/// The rows of the sidebar: one per screen, in the sidebar's order regardless of the order of addScreen(). Also
+/// describes the selected screen to the window. The store holds the selection; an item without a screen falls back to
+/// the first screen. Main thread only.
 class SidebarModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -35,7 +35,7 @@ public:
         TitleRole,
         SymbolRole,
         SectionRole,       ///< the section's title
-        StartsSectionRole, ///< whether the section's title stands above the row
+        StartsSectionRole, ///< whether the section's title is above this row
         CurrentRole,
         ShortcutRole, ///< "Ctrl+1" for the first row, and so on
     };
@@ -43,21 +43,21 @@ public:
     explicit SidebarModel(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] QQmlListProperty<WindowScreen> screens();
-    /// The model does not own the screen, which must outlive it.
+    /// Not owned; the screen must outlive the model.
     void addScreen(WindowScreen *screen);
 
-    /// -1 while there is no screen at all.
+    /// -1 if there is no screen.
     [[nodiscard]] int currentRow() const;
     [[nodiscard]] QQmlComponent *content() const;
     [[nodiscard]] bool goesBeneathBar() const;
     [[nodiscard]] bool needsScan() const;
     [[nodiscard]] QString title() const;
     [[nodiscard]] QString symbol() const;
-    /// The heading and the sentence that stand in place of a screen that needs a scan.
+    /// The heading and text that replace a screen that needs a scan.
     [[nodiscard]] QString scanTitle() const;
     [[nodiscard]] QString scanPrompt() const;
 
-    /// Shows the row's screen; rows that do not exist are ignored.
+    /// Shows the row's screen; ignores invalid rows.
     Q_INVOKABLE void choose(int row);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;

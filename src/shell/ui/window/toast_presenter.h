@@ -10,8 +10,8 @@
 
 namespace corvane {
 
-/// The short message at the bottom of the window: shown when the store has one, dismissed after its time,
-/// which stands still while the pointer rests on it. Main thread only.
+/// The toast at the bottom of the window: shown when the store has a message and dismissed after a timeout, which is
+/// paused while the pointer is over it. Main thread only.
 class ToastPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -25,14 +25,14 @@ public:
 
     [[nodiscard]] bool isShown() const { return m_shown; }
     [[nodiscard]] bool isWarning() const { return m_warning; }
-    /// The last message stays readable while it fades.
+    /// Keeps the last message while it fades out.
     [[nodiscard]] QString text() const { return m_text; }
     [[nodiscard]] bool isHovered() const { return m_hovered; }
     void setHovered(bool hovered);
 
     Q_INVOKABLE void dismiss();
 
-    /// In milliseconds; the theme's unless a test sets them otherwise.
+    /// In milliseconds; the theme's by default, overridden in tests.
     void setStay(int stay, int ofWarning);
 
 signals:
@@ -46,7 +46,7 @@ private:
     QTimer m_timer;
     int m_stay = Theme::toastStayDuration();                 // milliseconds
     int m_stayOfWarning = Theme::toastStayWarningDuration(); // milliseconds
-    int m_remaining = 0;                                     // milliseconds, while the pointer rests on it
+    int m_remaining = 0;                                     // milliseconds, while the pointer is over it
     bool m_shown = false;
     bool m_warning = false;
     bool m_hovered = false;

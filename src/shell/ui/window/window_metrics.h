@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// Sizes, in points, that only the window's own parts use.
+/// Sizes, in points, that only the main window uses.
 class WindowMetrics : public QObject {
     Q_OBJECT
     QML_ELEMENT

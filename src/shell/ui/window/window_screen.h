@@ -11,9 +11,8 @@
 
 namespace corvane {
 
-/// One screen that the program has: which item of the sidebar it is, and what is made when it is shown. What it is made
-/// of is in the file `source`, which is not read before that, so that a start takes as long as its first screen; or in
-/// the component `content`.
+/// One screen of the program: its sidebar item, and what to create when it is shown. That is either the file `source`,
+/// which is not loaded before then, so that startup loads the first screen only, or the component `content`.
 class WindowScreen : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -21,14 +20,14 @@ class WindowScreen : public QObject {
     Q_PROPERTY(corvane::StorageStore::SidebarItem item MEMBER item)
     Q_PROPERTY(QUrl source MEMBER source)
     Q_PROPERTY(QQmlComponent *content MEMBER content)
-    /// Whether the selection bar lies over the screen, which then leaves room for it by itself.
+    /// Whether the selection bar covers the screen, which must then leave room for it.
     Q_PROPERTY(bool goesBeneathBar MEMBER goesBeneathBar)
 
 public:
     explicit WindowScreen(QObject *parent = nullptr) : QObject(parent) {}
 
     StorageStore::SidebarItem item = StorageStore::SidebarItem::overview;
-    /// What the screen is made from, read now if it has not been yet; null for none.
+    /// The screen's component, loaded on first use; null if there is none.
     [[nodiscard]] QQmlComponent *loaded()
     {
         if (content == nullptr && !source.isEmpty())

@@ -13,7 +13,7 @@ namespace {
 const QString geometryKey = QStringLiteral("window.geometry");
 const QString maximisedKey = QStringLiteral("window.maximised");
 
-// A window manager sends the new size of a window before it says that it is maximised.
+// A window manager sends a window's new size before the maximised state.
 constexpr int settleTime = 400; // milliseconds
 
 qint64 area(const QRect &rect)
@@ -75,7 +75,7 @@ void WindowState::restore()
     m_maximised = m_settings.value(maximisedKey).toBool();
     if (!m_maximised)
         return;
-    // The window system has to see the place first: a window that is made maximised has none to go back to.
+    // Create the window at its normal geometry first: one created maximised has no geometry to restore to.
     m_window->create();
     m_window->setWindowState(Qt::WindowMaximized);
 }

@@ -11,7 +11,7 @@ class QWindow;
 
 namespace corvane {
 
-/// Keeps the size and place of the window from one run to the next. Main thread only.
+/// Saves and restores the size and position of the window. Main thread only.
 class WindowState : public QObject {
     Q_OBJECT
 
@@ -20,14 +20,14 @@ public:
     WindowState(QWindow &window, QSettings &settings, QObject *parent = nullptr);
     ~WindowState() override;
 
-    /// Gives the window its remembered size and place, before it is shown.
+    /// Applies the saved geometry; call before the window is shown.
     void restore();
-    /// Writes down what the window has now; happens by itself a little after each change, and at the end.
+    /// Saves the current geometry; called automatically shortly after each change, and on destruction.
     void save();
 
-    /// A remembered rectangle as it can be used with these screens (their usable areas, the first the main
-    /// one): moved and shrunk so that it lies inside the screen that it overlaps most; without any overlap
-    /// centred on the main screen. Never smaller than `minimum`.
+    /// Adjusts a saved rectangle to these screens (their available areas, the primary one first): moved and shrunk to
+    /// fit inside the screen that it overlaps most, or centred on the primary screen if it overlaps none. Never smaller
+    /// than `minimum`.
     [[nodiscard]] static QRect fitted(const QRect &remembered, const QList<QRect> &screens, const QSize &minimum);
 
 private:
@@ -36,7 +36,7 @@ private:
     QPointer<QWindow> m_window;
     QSettings &m_settings;
     QTimer m_settle;
-    QRect m_normal; // when neither maximised nor full screen
+    QRect m_normal; // while neither maximised nor full screen
     bool m_maximised = false;
 };
 
