@@ -146,15 +146,17 @@ all_scans() {
     scan uneven
 }
 
-# A home folder whose caches and derived data are the two generated folders, entered through links.
+# A home folder in which two places of the catalogue are the two generated folders, entered through links.
 measure() {
-    local home=$cache/home wide=$cache/wide-$version-$seed deep=$cache/deep-$version-$seed
+    local home=$cache/home wide=$cache/wide-$version-$seed deep=$cache/deep-$version-$seed caches=.cache
+    [[ $(uname -s) != Darwin ]] || caches=Library/Caches
     generate wide
     generate deep
-    mkdir -p "$home/Library/Developer/Xcode"
-    ln -sfn "$wide" "$home/Library/Caches"
-    ln -sfn "$deep" "$home/Library/Developer/Xcode/DerivedData"
-    local one two in_home=env\ HOME=$home\ XDG_CONFIG_HOME=$home\ XDG_DATA_HOME=$home
+    rm -rf "$home"
+    mkdir -p "$home/Library" "$home/.gradle"
+    ln -s "$wide" "$home/$caches"
+    ln -s "$deep" "$home/.gradle/caches"
+    local one two in_home=env\ -u\ GRADLE_USER_HOME\ HOME=$home\ XDG_CACHE_HOME=$home/.cache\ XDG_CONFIG_HOME=$home/config\ XDG_DATA_HOME=$home/data
     printf -v one %q "$wide"
     printf -v two %q "$deep"
     peers=()
