@@ -15,7 +15,7 @@ struct Unit {
     std::uint64_t scale; ///< ten to the power of `digits`
 };
 
-constexpr Unit units[] = {{'K', 0, 1}, {'M', 1, 10}, {'G', 2, 100}, {'T', 2, 100}, {'P', 2, 100}, {'E', 2, 100}};
+constexpr Unit largerUnits[] = {{'K', 0, 1}, {'M', 1, 10}, {'G', 2, 100}, {'T', 2, 100}, {'P', 2, 100}, {'E', 2, 100}};
 
 } // namespace
 
@@ -42,7 +42,7 @@ std::string formatByteCount(std::int64_t bytes)
     // Choose the unit by the rounded figure, so that "1000 KB" never appears. 63 bits end at 9.22 EB, so the last unit
     // always fits.
     Wide size = base;
-    for (const Unit &unit : units) {
+    for (const Unit &unit : largerUnits) {
         const auto rounded = static_cast<std::uint64_t>((static_cast<Wide>(bytes) * unit.scale + size / 2) / size);
         size *= base;
         if (rounded >= base * unit.scale)
