@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "core/systems/linux_cleanup.h"
 #include "shell/store_over_a_home.h"
 
 namespace corvane::test {
@@ -40,6 +41,16 @@ protected:
     [[nodiscard]] const CleanupItem &item(std::string_view id) const
     {
         return *std::ranges::find_if(store.cleanupItems(), [&](const CleanupItem &each) { return each.def->id == id; });
+    }
+    /// The number of system places on a Linux system; none exists at first.
+    static int systemPlaces()
+    {
+        const auto isShown = [](const CleanupDefinition &row) {
+            return row.group == CleanupGroup::system &&
+                   std::ranges::find(linuxCleanup.foreignRows, row.id) == linuxCleanup.foreignRows.end();
+        };
+        return static_cast<int>(std::ranges::count_if(CleanupCatalog::definitions, isShown) +
+                                std::ranges::count_if(linuxCleanup.rows, isShown));
     }
     void select(const std::string &relative) { StoreOverAHome::select(relative, 1); }
 };

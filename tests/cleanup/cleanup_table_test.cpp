@@ -1,6 +1,11 @@
 #include "cleanup/cleanup_catalog.h"
 
+#include <array>
+#include <string_view>
+
 #include <gtest/gtest.h>
+
+#include "core/systems/linux_cleanup.h"
 
 namespace corvane {
 namespace {
@@ -70,6 +75,72 @@ TEST(CleanupCatalogTable, IsExactlyThis)
         EXPECT_EQ(row.risk, expected[i].risk) << row.id;
         EXPECT_EQ(row.group, expected[i].group) << row.id;
         EXPECT_EQ(row.relativePath, expected[i].relativePath) << row.id;
+    }
+}
+
+// A misspelled place measures nothing, or something else.
+TEST(CleanupCatalogTable, OfALinuxSystemIsExactlyThis)
+{
+    const struct {
+        std::string_view id;
+        std::string_view title;
+        CleanupRisk risk;
+        CleanupGroup group;
+        std::string_view place;
+        std::array<std::string_view, 3> morePlaces = {};
+    } expected[] = {
+        {"thumbnails", "Thumbnails", safe, systemGroup, ".cache/thumbnails", {".thumbnails"}},
+        {"flatpakcaches", "Flatpak App Caches", safe, systemGroup, ".var/app/*/cache"},
+        {"snapcaches", "Snap App Caches", safe, systemGroup, "snap/*/common/.cache"},
+        {"shadercaches",
+         "Game Shader Caches",
+         safe,
+         systemGroup,
+         ".local/share/Steam/steamapps/shadercache",
+         {".steam/steam/steamapps/shadercache",
+          ".var/app/com.valvesoftware.Steam/.local/share/Steam/steamapps/shadercache"}},
+        {"crashdumps",
+         "Crash Dumps",
+         safe,
+         systemGroup,
+         ".cache/drkonqi",
+         {".cache/abrt", ".mozilla/firefox/Crash Reports", ".config/google-chrome/Crash Reports"}},
+        {"yarn", "Yarn Cache", safe, developer, ".cache/yarn", {".yarn/berry/cache"}},
+        {"pip", "pip Cache", safe, developer, ".cache/pip"},
+        {"uv", "uv Cache", safe, developer, ".cache/uv"},
+        {"cargo", "Cargo Registry", safe, developer, ".cargo/registry"},
+        {"gobuild", "Go Build Cache", safe, developer, ".cache/go-build"},
+        {"gomodules", "Go Module Cache", safe, developer, "go/pkg/mod"},
+        {"maven", "Maven Repository", safe, developer, ".m2/repository"},
+        {"ccache", "ccache", safe, developer, ".cache/ccache", {".ccache"}},
+        {"sccache", "sccache", safe, developer, ".cache/sccache"},
+        {"conda",
+         "Conda Packages",
+         safe,
+         developer,
+         ".conda/pkgs",
+         {"miniconda3/pkgs", "anaconda3/pkgs", "miniforge3/pkgs"}},
+        {"jetbrains", "JetBrains Caches", safe, developer, ".cache/JetBrains"},
+        {"containers", "Podman Containers", review, developer, ".local/share/containers/storage"},
+        {"hfmodels", "Hugging Face Models", review, developer, ".cache/huggingface", {".cache/huggingface/hub"}},
+        {"ollama", "Ollama Models", review, developer, ".ollama/models"},
+        {"vmdisks",
+         "Virtual Machine Disks",
+         review,
+         personal,
+         ".local/share/gnome-boxes/images",
+         {".local/share/libvirt/images", ".var/app/org.gnome.Boxes/data/gnome-boxes/images"}},
+        {"virtualbox", "VirtualBox Machines", review, personal, "VirtualBox VMs"},
+    };
+    ASSERT_EQ(linuxCleanup.rows.size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        const CleanupDefinition &row = linuxCleanup.rows[i];
+        EXPECT_EQ(row.id, expected[i].id);
+        EXPECT_EQ(row.title, expected[i].title) << row.id;
+        EXPECT_EQ(row.risk, expected[i].risk) << row.id;
+        EXPECT_EQ(row.group, expected[i].group) << row.id;
+        EXPECT_EQ(row.relativePath, expected[i].place) << row.id;
+        EXPECT_EQ(row.morePaths, expected[i].morePlaces) << row.id;
     }
 }
 

@@ -16,21 +16,14 @@ namespace {
 
 std::vector<std::string_view> sentencesOf(const SystemWords &words)
 {
-    return {words.invitation,         words.reveal,
-            words.revealFolder,       words.diskSubtitle,
-            words.nudgeTitle,         words.nudgeText,
-            words.needsAccess,        words.blockedFolder,
-            words.orphansText,        words.uninstallAdvice,
-            words.bannerTitle,        words.bannerText,
-            words.snapshotsTitle,     words.snapshotsText,
-            words.snapshotsNote,      words.listSnapshots,
-            words.thinSnapshots,      words.welcomeLine,
-            words.accessTitle,        words.accessMissing,
-            words.accessGranted,      words.includeSystemInfo,
-            words.crashReportContent, words.belongsTo,
-            words.deniedTo,           words.accessSteps[0],
-            words.accessSteps[1],     words.accessSteps[2],
-            words.dragHelp,           words.settingsFailure};
+    return {words.invitation,     words.reveal,         words.revealFolder,      words.diskSubtitle,
+            words.nudgeTitle,     words.nudgeText,      words.needsAccess,       words.blockedFolder,
+            words.blockedByOwner, words.orphansText,    words.uninstallAdvice,   words.bannerTitle,
+            words.bannerText,     words.snapshotsTitle, words.snapshotsText,     words.snapshotsNote,
+            words.listSnapshots,  words.thinSnapshots,  words.welcomeLine,       words.accessTitle,
+            words.accessMissing,  words.accessGranted,  words.includeSystemInfo, words.crashReportContent,
+            words.belongsTo,      words.deniedTo,       words.accessSteps[0],    words.accessSteps[1],
+            words.accessSteps[2], words.dragHelp,       words.settingsFailure};
 }
 
 std::vector<std::string_view> sentencesOf(const DiskTable &table)

@@ -93,6 +93,15 @@ TEST_F(ExplorerPresenterTest, AnEmptyFolderHasNothingBig)
     EXPECT_EQ(presenter.emptyText(), QStringLiteral("This folder is empty."));
 }
 
+TEST_F(ExplorerPresenterTest, AnUnreadableRootOfAnotherUserNamesTheOwner)
+{
+    fake.files.addFile("/srv/films/a", 1);
+    fake.files.setOwner("/srv/films", "studio");
+    fake.files.failListing("/srv/films", std::errc::permission_denied);
+    scan("/srv/films");
+    EXPECT_EQ(presenter.emptyText(), QStringLiteral("It belongs to studio, and you don't have permission to read it."));
+}
+
 TEST_F(ExplorerPresenterTest, AnUnreadableRootIsLocked)
 {
     fake.files.failListing(home, std::errc::permission_denied);
@@ -101,8 +110,7 @@ TEST_F(ExplorerPresenterTest, AnUnreadableRootIsLocked)
     EXPECT_TRUE(presenter.isEmpty());
     EXPECT_EQ(presenter.emptySymbol(), QStringLiteral("lock"));
     EXPECT_EQ(presenter.emptyTitle(), QStringLiteral("Can't read this folder"));
-    EXPECT_EQ(presenter.emptyText(),
-              QStringLiteral("It belongs to another user, and you don't have permission to read it."));
+    EXPECT_EQ(presenter.emptyText(), QStringLiteral("You don't have permission to read it."));
     fake.files.setSystemKind(SystemKind::mac);
     EXPECT_EQ(presenter.emptyText(),
               QStringLiteral("macOS blocked access. Granting Full Disk Access usually fixes this."));

@@ -44,6 +44,15 @@ class Documents(unittest.TestCase):
         for test in named:
             self.assertTrue(test in known, ".".join(test))
 
+    def test_of_places_name_every_variable(self):
+        table = (ROOT / "src/platform/linux/place_settings.h").read_text()
+        variables = set(re.findall(r'^    \{"[^"]+", "(\w+)"', table, re.M))
+        self.assertGreater(len(variables), 20)
+        guide = (ROOT / "docs/user-guide.md").read_text()
+        for variable in variables:
+            self.assertTrue(f"`{variable}`" in guide or f"`{variable.lower()}`" in guide,
+                            f"user-guide.md does not name {variable}")
+
     def test_of_changes_names_the_release_that_is_built(self):
         build = (ROOT / "CMakeLists.txt").read_text()
         version = re.search(r"project\(corvane VERSION ([\d.]+)", build)[1]

@@ -15,6 +15,7 @@ const SystemWords &wordsOf(SystemKind kind)
             "explore and clean.",
         .needsAccess = "Needs Full Disk Access",
         .blockedFolder = "macOS blocked access. Granting Full Disk Access usually fixes this.",
+        .blockedByOwner = {},
         .belongsTo = {},
         .deniedTo = {},
         .orphansText =
@@ -56,7 +57,8 @@ const SystemWords &wordsOf(SystemKind kind)
         .nudgeTitle = "Scan your home folder to explore it",
         .nudgeText = "A scan fills the Space Map and finds large and old files, duplicates and build folders.",
         .needsAccess = "Can't be read",
-        .blockedFolder = "It belongs to {}, and you don't have permission to read it.",
+        .blockedFolder = "You don't have permission to read it.",
+        .blockedByOwner = "It belongs to {}, and you don't have permission to read it.",
         .belongsTo = "Belongs to {}",
         .deniedTo = "; it belongs to {}",
         .orphansText =

@@ -15,11 +15,12 @@ struct SystemWords {
     std::string_view diskSubtitle; ///< on the breakdown screen
     std::string_view nudgeTitle;   ///< above the breakdown, before a scan
     std::string_view nudgeText;
-    std::string_view needsAccess;   ///< shown instead of a count for an unreadable folder
-    std::string_view blockedFolder; ///< why a folder cannot be read, with "{}" for its owner if that matters
-    std::string_view belongsTo;     ///< used instead of `needsAccess`, with "{}" for the owner; empty to omit the owner
-    std::string_view deniedTo;      ///< appended to the reason why a folder cannot be read, likewise
-    std::string_view orphansText;   ///< describes the data of deleted applications
+    std::string_view needsAccess;    ///< shown instead of a count for an unreadable folder
+    std::string_view blockedFolder;  ///< why a folder cannot be read
+    std::string_view blockedByOwner; ///< the same if it belongs to another user, "{}"; empty if that does not matter
+    std::string_view belongsTo;   ///< used instead of `needsAccess`, with "{}" for the owner; empty to omit the owner
+    std::string_view deniedTo;    ///< appended to the reason why a folder cannot be read, likewise
+    std::string_view orphansText; ///< describes the data of deleted applications
     std::string_view uninstallAdvice; ///< the last part of the confirmation of an uninstall
     std::string_view snapshotsTitle;
     std::string_view snapshotsText;

@@ -4,6 +4,7 @@
 
 #include <QKeySequence>
 
+#include "core/scan_words.h"
 #include "core/store/qt_words.h"
 #include "map/treemap_builder.h"
 
@@ -71,9 +72,8 @@ QString ExplorerPresenter::emptyTitle() const
 
 QString ExplorerPresenter::blockedText() const
 {
-    const std::string text = std::string(m_store.words().blockedFolder);
-    const std::string owner = m_store.host().files.ownerOf(folder()->path()).value_or("another user");
-    return displayText(fmt::format(fmt::runtime(text), owner));
+    const std::string owner = ownerText(m_store.words().blockedByOwner, folder()->path(), m_store.host().files);
+    return displayText(owner.empty() ? std::string(m_store.words().blockedFolder) : owner);
 }
 
 QString ExplorerPresenter::emptyText() const

@@ -1,12 +1,16 @@
 #include "platform/linux/linux_places.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
+#include <set>
+#include <string>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "platform/host.h"
+#include "platform/linux/place_settings.h"
 #include "support/temporary_folder.h"
 
 namespace corvane {
@@ -19,43 +23,26 @@ constexpr std::string_view pnpmStore = "Library/pnpm/store";
 constexpr std::string_view docker = "Library/Containers/com.docker.docker/Data/vms";
 constexpr std::string_view downloads = "Downloads";
 
-constexpr const char *variables[] = {"HOME",
-                                     "XDG_CACHE_HOME",
-                                     "XDG_CONFIG_HOME",
-                                     "XDG_DATA_HOME",
-                                     "GRADLE_USER_HOME",
-                                     "ANDROID_AVD_HOME",
-                                     "ANDROID_HOME",
-                                     "ANDROID_USER_HOME",
-                                     "ANDROID_SDK_ROOT",
-                                     "npm_config_cache",
-                                     "NPM_CONFIG_CACHE",
-                                     "PNPM_HOME",
-                                     "CARGO_HOME",
-                                     "npm_config_store_dir",
-                                     "YARN_CACHE_FOLDER",
-                                     "PIP_CACHE_DIR",
-                                     "UV_CACHE_DIR",
-                                     "GOCACHE",
-                                     "GOMODCACHE",
-                                     "GOPATH",
-                                     "YARN_GLOBAL_FOLDER",
-                                     "CCACHE_DIR",
-                                     "SCCACHE_DIR",
-                                     "CONDA_PKGS_DIRS",
-                                     "HF_HOME",
-                                     "HF_HUB_CACHE",
-                                     "OLLAMA_MODELS"};
+/// All variables that move a place.
+std::set<std::string> variables()
+{
+    std::set<std::string> names{"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"};
+    for (const PlaceSetting &setting : placeSettings) {
+        if (setting.variable != nullptr)
+            names.insert(setting.variable);
+    }
+    return names;
+}
 
 /// A temporary home folder; unsets the relevant variables, and restores them.
 class LinuxPlaces : public testing::Test {
 protected:
     LinuxPlaces()
     {
-        for (const char *const name : variables) {
-            const char *const value = std::getenv(name);
+        for (const std::string &name : variables()) {
+            const char *const value = std::getenv(name.c_str());
             m_before[name] = value != nullptr ? std::optional<std::string>(value) : std::nullopt;
-            ::unsetenv(name);
+            ::unsetenv(name.c_str());
         }
         set("HOME", folder.path());
     }
@@ -220,9 +207,19 @@ TEST_F(LinuxPlaces, EveryToolFollowsItsOwnVariable)
         {"CONDA_PKGS_DIRS", "/fast/pkgs,/slow/pkgs", ".conda/pkgs", "/fast/pkgs"},
         {"HF_HOME", "/fast/hf", ".cache/huggingface", "/fast/hf"},
         {"HF_HOME", "/fast/hf", ".cache/huggingface/hub", "/fast/hf/hub"},
+        {"HUGGINGFACE_HUB_CACHE", "/fast/face", ".cache/huggingface/hub", "/fast/face"},
         {"HF_HUB_CACHE", "/fast/hub", ".cache/huggingface/hub", "/fast/hub"},
         {"OLLAMA_MODELS", "/fast/models", ".ollama/models", "/fast/models"},
     };
+    for (const PlaceSetting &setting : placeSettings) {
+        if (setting.variable != nullptr)
+            EXPECT_TRUE(std::ranges::any_of(rows,
+                                            [&](const auto &row) {
+                                                return row.place == setting.place &&
+                                                       row.variable == std::string_view(setting.variable);
+                                            }))
+                << setting.variable << " for " << setting.place;
+    }
     for (const auto &row : rows) {
         ::unsetenv(row.variable);
         const std::optional<std::string> before = place(row.place);

@@ -48,6 +48,8 @@ Item {
         height: WindowMetrics.gaugeBarHeight
         anchors.bottom: parent.bottom
         anchors.bottomMargin: WindowMetrics.gaugeBottom
+        radius: height / 2
+        roundPart: true
         fraction: presenter.usedFraction
 
         Behavior on fraction {
