@@ -402,6 +402,20 @@ TEST_F(SelectionJourney, TheReviewKeepsItsPlaceWhileEntriesAreDropped)
     EXPECT_LT(driver().item(QStringLiteral("reviewSheet.list")).height(), place.height()) << "made for what there is";
 }
 
+TEST_F(SelectionJourney, TheReviewShowsItsRowsEachTimeItIsOpened)
+{
+    openHome();
+    tick(QStringLiteral("Projects"));
+    waitForSelectionBar();
+    for (int opening = 0; opening < 3; ++opening) {
+        openReview();
+        EXPECT_TRUE(shows(QStringLiteral("~/Projects"))) << opening;
+        EXPECT_GT(driver().item(QStringLiteral("reviewSheet.list")).height(), 30) << opening;
+        press(Qt::Key_Escape);
+        waitForPopupClosed(QStringLiteral("reviewSheet"));
+    }
+}
+
 TEST_F(SelectionJourney, TypingFindsInTheReview)
 {
     openHome();

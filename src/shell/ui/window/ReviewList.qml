@@ -33,7 +33,6 @@ AppList {
     view.objectName: "reviewSheet.list"
     view.highlightFollowsCurrentItem: true
     view.highlightMoveDuration: 0
-    view.onCountChanged: if (list.rowsAtFirst === 0) list.rowsAtFirst = list.view.count
     keys.onSelectWanted: row => entries.drop(row)
     keys.onUpWanted: entries.drop(list.currentIndex)
     keys.onMenuWanted: row => list.showMenu(row, Theme.space20, list.rowHeight)
@@ -42,6 +41,8 @@ AppList {
         id: entries
 
         active: list.active
+        // The view does not report a count that is the same at the next opening as before.
+        onCountChanged: if (list.rowsAtFirst === 0) list.rowsAtFirst = count
     }
     delegate: ReviewRow {
         width: list.width
