@@ -1,14 +1,14 @@
 #include "platform/held_folder.h"
 
-#include <utility>
+#include <string_view>
 
 #include "platform/failure.h"
 
 namespace corvane {
 
-Error replacedMeanwhile(std::string operation, std::string path)
+Error replacedMeanwhile(std::string_view operation, std::string_view path)
 {
-    return kernelError(std::move(operation), std::move(path), ESTALE, "it was replaced while it was being removed");
+    return kernelError(operation, path, ESTALE, "it was replaced while it was being removed");
 }
 
 } // namespace corvane

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/error.h"
 #include "platform/file_system.h"
@@ -40,6 +41,6 @@ public:
 };
 
 /// The failure of an operation that met another item than the one that was judged.
-[[nodiscard]] Error replacedMeanwhile(std::string operation, std::string path);
+[[nodiscard]] Error replacedMeanwhile(std::string_view operation, std::string_view path);
 
 } // namespace corvane
