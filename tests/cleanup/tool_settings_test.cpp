@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <map>
 #include <optional>
+#include <ostream>
 #include <set>
 #include <string>
 
@@ -13,6 +14,13 @@
 #include "support/temporary_folder.h"
 
 namespace corvane {
+
+// The test framework finds it in the type's own namespace.
+static void PrintTo(const PlaceSetting &setting, std::ostream *out) // NOLINT(readability-identifier-naming)
+{
+    *out << setting.place;
+}
+
 namespace {
 
 /// A temporary home folder in which each variable and configuration file that sets a tool's folder can point to any

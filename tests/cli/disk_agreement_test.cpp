@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <ostream>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -30,6 +31,8 @@ struct DiskKind {
     const char *script;
     bool needsRoot;
     bool keepsBack; ///< reserves a twentieth for the administrator
+
+    friend std::ostream &operator<<(std::ostream &out, const DiskKind &kind) { return out << kind.name; }
 };
 
 constexpr std::array<DiskKind, 4> diskKinds{{
@@ -91,6 +94,8 @@ fi'
                                          .with("user", geteuid() == 0 ? std::to_string(nobody) : "")
                                          // Leak checking uses ptrace, which a sandbox forbids.
                                          .with("ASAN_OPTIONS", "detect_leaks=0")
+                                         // The file of suppressions is not on the disk, and only Qt's code needs it.
+                                         .with("TSAN_OPTIONS", "halt_on_error=1")
                                          .run();
         if (result.exitStatus == 77)
             return std::nullopt;

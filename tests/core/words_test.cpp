@@ -1,6 +1,7 @@
 #include "core/words/figures.h"
 
 #include <limits>
+#include <ostream>
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,8 @@ const std::string bad = "\xEF\xBF\xBD"; // U+FFFD
 struct Row {
     std::int64_t bytes;
     const char *text;
+
+    friend std::ostream &operator<<(std::ostream &out, const Row &row) { return out << row.text; }
 };
 
 class ByteCountTable : public testing::TestWithParam<Row> {};

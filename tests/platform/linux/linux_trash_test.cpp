@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <ostream>
 #include <sstream>
 
 #include <glib.h>
@@ -183,6 +184,8 @@ TEST_F(TrashChangedMeanwhile, ALinkInItsPlaceLeadsNothingElsewhere)
 struct OddName {
     std::string title;
     std::string bytes;
+
+    friend std::ostream &operator<<(std::ostream &out, const OddName &name) { return out << name.title; }
 };
 
 class LinuxTrashNames : public ::testing::TestWithParam<OddName> {};
