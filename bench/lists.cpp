@@ -18,7 +18,7 @@
 
 #include <fmt/format.h>
 
-#include "duplicates/listed_files.h"
+#include "lists/listed_files.h"
 #include "median.h"
 
 namespace {

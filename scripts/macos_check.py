@@ -33,7 +33,7 @@ DEFINITIONS = ['CORVANE_VERSION="0.0.0"', 'CORVANE_BUILD="0"', 'CORVANE_APP_ID="
 # these is symlinked individually.
 LIBRARY_HEADERS = ["tl", "fmt", "openssl", "plist", "utf8proc.h"]
 # Folders with the sources of corvane-cli; code that uses Qt is in others.
-WITHOUT_QT = re.compile(r"^src/(platform|core(?!/store)|map|cleanup|apps|duplicates|disk|cli)/(?!ui/)")
+WITHOUT_QT = re.compile(r"^src/(platform|core(?!/store)|map|cleanup|apps|duplicates|lists|disk|cli)/(?!ui/)")
 FRAMEWORKS = ["AppKit", "CoreServices", "Foundation"]
 # Libraries that a Mac has, or gets from Homebrew, and whose link stubs may be missing in an SDK folder: stubs are made
 # from the exported names of this machine's libraries.

@@ -8,7 +8,7 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include "duplicates/file_lists.h"
+#include "lists/file_lists.h"
 
 namespace corvane {
 

@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "map/tree.h"
 #include "platform/fake_file_system.h"
+#include "support/tree.h"
 
 namespace corvane {
 namespace {

@@ -7,8 +7,8 @@
 #include <gtest/gtest.h>
 
 #include "cleanup/dev_junk_rule.h"
-#include "map/tree.h"
 #include "platform/fake_host.h"
+#include "support/tree.h"
 
 namespace corvane {
 namespace {

@@ -9,8 +9,8 @@
 
 #include "cleanup/dev_junk_rule.h"
 #include "core/scan_summary.h"
-#include "map/tree.h"
 #include "platform/fake_file_system.h"
+#include "support/tree.h"
 
 namespace corvane {
 namespace {

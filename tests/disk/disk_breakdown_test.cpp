@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "map/tree.h"
+#include "support/tree.h"
 
 namespace corvane {
 namespace {

@@ -9,9 +9,9 @@
 
 #include "core/file_type.h"
 #include "map/explorer_fixture.h"
-#include "map/tree.h"
 #include "map/treemap_builder.h"
 #include "shell/ui/qt_color.h"
+#include "support/tree.h"
 
 namespace corvane {
 namespace {

@@ -15,11 +15,11 @@
 #include <QTest>
 
 #include "map/explorer_fixture.h"
-#include "map/tree.h"
 #include "map/treemap_builder.h"
 #include "map/ui/folder_change.h"
 #include "map/ui/tile_tones.h"
 #include "shell/ui/theme.h"
+#include "support/tree.h"
 
 namespace corvane {
 namespace {

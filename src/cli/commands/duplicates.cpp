@@ -19,7 +19,7 @@
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
 #include "duplicates/duplicate_finder.h"
-#include "duplicates/file_lists.h"
+#include "lists/file_lists.h"
 
 namespace corvane {
 

@@ -19,7 +19,7 @@
 #include "cli/terminal_text.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
-#include "duplicates/file_lists.h"
+#include "lists/file_lists.h"
 
 namespace corvane {
 

@@ -7,7 +7,7 @@
 
 #include "core/store/latest_job.h"
 #include "core/store/storage_store.h"
-#include "duplicates/listed_files.h"
+#include "lists/listed_files.h"
 
 namespace corvane {
 

@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-#include "duplicates/listed_files.h"
+#include "lists/listed_files.h"
 
 namespace corvane {
 

@@ -8,7 +8,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include "core/store/storage_store.h"
-#include "duplicates/listed_files.h"
+#include "lists/listed_files.h"
 #include "shell/ui/node_actions.h"
 #include "shell/ui/row_list_model.h"
 

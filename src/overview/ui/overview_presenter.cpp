@@ -10,7 +10,7 @@
 #include "core/checked_add.h"
 #include "core/scan_words.h"
 #include "core/store/qt_words.h"
-#include "duplicates/file_lists.h"
+#include "lists/file_lists.h"
 #include "map/treemap_builder.h"
 #include "shell/ui/cleanup_words.h"
 #include "shell/ui/file_icons.h"

@@ -1,4 +1,4 @@
-#include "duplicates/file_lists.h"
+#include "lists/file_lists.h"
 
 #include <string>
 #include <vector>

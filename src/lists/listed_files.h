@@ -8,7 +8,7 @@
 
 #include "core/file_node.h"
 #include "core/file_type.h"
-#include "duplicates/file_lists.h"
+#include "lists/file_lists.h"
 #include "platform/time.h"
 
 namespace corvane {

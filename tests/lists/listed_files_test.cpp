@@ -1,4 +1,4 @@
-#include "duplicates/listed_files.h"
+#include "lists/listed_files.h"
 
 #include <map>
 #include <string>
