@@ -93,6 +93,22 @@ TEST_F(CleanupScreenTest, ShowsTheHeaderTheGroupsAndTheCards)
                                      "launch.")));
 }
 
+TEST_F(CleanupScreenTest, TheListRestsAtItsVeryTop)
+{
+    const auto isAtTop = [&] {
+        const auto number = [&](const char *name) { return rows()->property(name).toReal(); };
+        return number("contentY") == number("originY") - number("topMargin");
+    };
+    show({1064, 300});
+    EXPECT_TRUE(isAtTop());
+    measure();
+    ASSERT_TRUE(appears(caches));
+    EXPECT_TRUE(isAtTop());
+    clickRow(row(caches));
+    ASSERT_TRUE(appears(browser));
+    EXPECT_TRUE(isAtTop());
+}
+
 TEST_F(CleanupScreenTest, WhileMeasuringItSaysSoAndCannotBeRefreshed)
 {
     show();

@@ -1,5 +1,6 @@
 #include "disk/ui/breakdown_presenter.h"
 
+#include <algorithm>
 #include <optional>
 
 #include <gmock/gmock.h>
@@ -189,7 +190,21 @@ TEST_F(BreakdownPresenterTest, PartsAreTheSegmentsInTheirOrderAndTheFreeSpaceLas
     EXPECT_EQ(parts[7].id, presenter().freePart());
     EXPECT_EQ(parts[7].title, QStringLiteral("Free"));
     EXPECT_EQ(parts[7].info, QStringLiteral("183.37 GB"));
-    EXPECT_EQ(presenter().usedParts(), parts.first(7));
+}
+
+TEST_F(BreakdownPresenterTest, TheSummaryShowsTheUnexplainedPartLastAndPale)
+{
+    DiskBreakdown disk = test::sampleBreakdown();
+    const auto hidden = std::ranges::find(disk.segments, BreakdownSegment::Kind::hidden, &BreakdownSegment::kind);
+    ASSERT_NE(hidden, disk.segments.end());
+    std::rotate(disk.segments.begin(), hidden, hidden + 1);
+    show(disk);
+
+    QList<StackedBarPart> expected = presenter().parts().first(7);
+    StackedBarPart unexplained = expected.takeFirst();
+    unexplained.color.setAlphaF(0.55F);
+    expected.append(unexplained);
+    EXPECT_EQ(presenter().summaryParts(), expected);
 }
 
 TEST_F(BreakdownPresenterTest, PartsAndTheRestComeToTheWholeContainer)

@@ -29,7 +29,7 @@ Item {
         height: DiskMetrics.summaryBarHeight
         radius: Theme.radiusLeaf
         gap: Theme.hairlineWidth
-        parts: presenter.usedParts
+        parts: presenter.summaryParts
         Accessible.ignored: true
     }
     PlainText {

@@ -16,6 +16,7 @@ namespace {
 
 constexpr qsizetype legendLength = 5;
 constexpr std::size_t snapshotsShown = 6;
+constexpr double unexplainedOpacity = 0.55; // in the summary
 
 SnapshotText lineOf(const LocalSnapshot &snapshot)
 {
@@ -120,7 +121,7 @@ QString BreakdownPresenter::summary() const
 
 // --- The bar
 
-QList<StackedBarPart> BreakdownPresenter::usedParts() const
+QList<StackedBarPart> BreakdownPresenter::segmentParts() const
 {
     QList<StackedBarPart> parts;
     for (int row = 0; row < m_segments.rowCount(); ++row)
@@ -128,9 +129,25 @@ QList<StackedBarPart> BreakdownPresenter::usedParts() const
     return parts;
 }
 
+QList<StackedBarPart> BreakdownPresenter::summaryParts() const
+{
+    QList<StackedBarPart> parts;
+    QList<StackedBarPart> unexplained;
+    for (int row = 0; row < m_segments.rowCount(); ++row) {
+        StackedBarPart part = m_segments.barPart(row);
+        if (m_segments.isUnexplained(row)) {
+            part.color = Theme::instance()->withAlpha(part.color, unexplainedOpacity);
+            unexplained.append(part);
+        } else {
+            parts.append(part);
+        }
+    }
+    return parts + unexplained;
+}
+
 QList<StackedBarPart> BreakdownPresenter::parts() const
 {
-    QList<StackedBarPart> parts = usedParts();
+    QList<StackedBarPart> parts = segmentParts();
     if (isAvailable()) {
         const std::int64_t size = std::max<std::int64_t>(0, breakdown()->free);
         parts.append({freePart(), QStringLiteral("Free"), sizeText(size), Theme::instance()->track(), size});
@@ -150,7 +167,7 @@ double BreakdownPresenter::rest() const
 
 QList<StackedBarPart> BreakdownPresenter::legend() const
 {
-    QList<StackedBarPart> legend = usedParts().mid(0, legendLength);
+    QList<StackedBarPart> legend = segmentParts().mid(0, legendLength);
     if (isAvailable() && diskTableOf(breakdown()->system).shortensLegend) {
         for (StackedBarPart &part : legend)
             part.title = part.title.left(part.title.indexOf(QStringLiteral(" (/")));

@@ -49,8 +49,9 @@ class BreakdownPresenter : public QObject {
     Q_PROPERTY(QString free READ free NOTIFY changed)
     Q_PROPERTY(QString freeOn READ freeOn NOTIFY changed)
     Q_PROPERTY(QString summary READ summary NOTIFY changed)
-    /// The segments, and the segments followed by the free space.
-    Q_PROPERTY(QList<corvane::StackedBarPart> usedParts READ usedParts NOTIFY changed)
+    /// The explained segments, and after them what is not explained, paler.
+    Q_PROPERTY(QList<corvane::StackedBarPart> summaryParts READ summaryParts NOTIFY changed)
+    /// The segments followed by the free space.
     Q_PROPERTY(QList<corvane::StackedBarPart> parts READ parts NOTIFY changed)
     Q_PROPERTY(QString freePart READ freePart CONSTANT)
     /// Used bytes that no segment explains.
@@ -88,7 +89,7 @@ public:
     [[nodiscard]] QString freeOn() const;
     /// "95% of 811.29 GB explained"
     [[nodiscard]] QString summary() const;
-    [[nodiscard]] QList<StackedBarPart> usedParts() const;
+    [[nodiscard]] QList<StackedBarPart> summaryParts() const;
     [[nodiscard]] QList<StackedBarPart> parts() const;
     /// The id of the free space's part.
     [[nodiscard]] QString freePart() const { return QStringLiteral("free"); }
@@ -124,6 +125,7 @@ signals:
 private:
     void update();
     [[nodiscard]] const DiskBreakdown *breakdown() const;
+    [[nodiscard]] QList<StackedBarPart> segmentParts() const;
 
     StorageStore &m_store;
     SegmentModel m_segments;

@@ -62,6 +62,11 @@ StackedBarPart SegmentModel::barPart(int row) const
             toExactQColor(segment.color), segment.size};
 }
 
+bool SegmentModel::isUnexplained(int row) const
+{
+    return m_rows.at(static_cast<std::size_t>(row)).segment.kind == BreakdownSegment::Kind::hidden;
+}
+
 int SegmentModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
@@ -89,7 +94,7 @@ QVariant SegmentModel::data(const QModelIndex &index, int role) const
     case ShareTextRole:
         return share;
     case UnexplainedRole:
-        return segment.kind == BreakdownSegment::Kind::hidden;
+        return isUnexplained(index.row());
     case LargestItemsRole:
         return QVariant::fromValue(largestItems(segment));
     case ActionTitleRole:

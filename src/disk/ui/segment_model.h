@@ -62,6 +62,7 @@ public:
     Q_INVOKABLE [[nodiscard]] int rowOf(const QString &id) const;
     /// A row's part of a bar.
     [[nodiscard]] StackedBarPart barPart(int row) const;
+    [[nodiscard]] bool isUnexplained(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

@@ -50,7 +50,7 @@ OverviewBox {
         }
         ScanChoice {
             objectName: "overview.scanChoose"
-            width: choices.choiceWidth
+            width: choices.width - 2 * (choices.choiceWidth + choices.spacing)
             text: qsTr("Choose Folder…")
             note: qsTr("One folder or an external disk.")
             symbol: ""

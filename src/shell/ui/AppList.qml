@@ -40,6 +40,9 @@ KeyboardItem {
 
     Accessible.role: Accessible.List
 
+    // A view whose first current row is not row 0 starts without its top margin.
+    Component.onCompleted: view.contentY = view.originY - view.topMargin
+
     ListKeys {
         id: keys
 

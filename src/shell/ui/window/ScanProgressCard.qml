@@ -11,7 +11,7 @@ Rectangle {
     /// The object name of the button.
     property alias stopName: stop.objectName
 
-    implicitHeight: path.y + path.height + Theme.secondaryLine + Theme.boxPadding
+    implicitHeight: path.y + path.height + Theme.secondaryLine + Theme.boxPadding + Theme.hairlineWidth
     radius: Theme.radiusBox
     color: Theme.surface
     border.width: Theme.hairlineWidth
@@ -34,7 +34,7 @@ Rectangle {
 
         objectName: "requiresScan.stop"
         anchors.right: bar.right
-        y: Theme.space14
+        y: Theme.hairlineWidth + Theme.space14
         text: qsTr("Stop")
         symbol: "stop.circle"
         Accessible.description: card.scan.stopHelp
@@ -43,7 +43,7 @@ Rectangle {
     IndeterminateBar {
         id: bar
 
-        x: Theme.boxPadding
+        x: Theme.hairlineWidth + Theme.boxPadding
         y: stop.y + stop.height + Theme.space12
         width: parent.width - 2 * x
         accessibleName: card.title
