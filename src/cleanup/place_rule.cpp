@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/system_table.h"
+#include "core/systems/system_table.h"
 #include "platform/environment.h"
 #include "platform/path.h"
 #include "platform/protected_places.h"
@@ -21,8 +21,7 @@ PlaceRule::PlaceRule(FileSystem &files)
     : m_files(files),
       m_home(files.homeFolder()),
       m_realHome(real(m_home)),
-      m_locations(m_home, systemProtectedPlaces(), m_realHome,
-                  {Environment::accountHome(), real(Environment::accountHome())}),
+      m_locations(ProtectedLocations::ofSystem(files)),
       m_userFolders(files.userFolders()),
       m_mounts(files.mounts())
 {
@@ -36,7 +35,7 @@ std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) co
         return std::nullopt;
     std::string usual = joined(m_home, relativePath);
     std::string place = usual;
-    if (tableOf(m_files.systemKind()).hasOwnPlaces) {
+    if (systemTableOf(m_files.systemKind()).hasOwnPlaces) {
         if (std::optional<OwnPlace> own = m_files.ownPlaceFor(relativePath)) {
             place = std::move(own->path);
             usual = std::move(own->usual);
@@ -66,7 +65,7 @@ std::optional<std::string> PlaceRule::placeFor(std::string_view relativePath) co
 std::vector<std::string> PlaceRule::trashesOfVolumes() const
 {
     std::vector<std::string> trashes;
-    if (!tableOf(m_files.systemKind()).hasOwnPlaces)
+    if (!systemTableOf(m_files.systemKind()).hasOwnPlaces)
         return trashes;
     for (std::string &trash : m_files.volumeTrashes()) {
         const Expected<std::string> realTrash = m_files.realPath(trash);

@@ -15,7 +15,8 @@ namespace corvane {
 
 /// Bytes allocated for all files below a folder, including hidden ones and those inside packages. Does not follow
 /// links, does not count the folders' own blocks, and counts a folder that cannot be listed as 0. Opens and lists each
-/// folder once, on the calling thread; depth is unlimited. When stopped, returns the sum so far.
+/// folder once, on the caller's thread and those of the `WorkPool`; depth is unlimited. When stopped, returns the sum
+/// so far.
 [[nodiscard]] std::int64_t folderSize(const std::string &path, FileSystem &files, const StopFlag &stop = neverStopped);
 
 } // namespace corvane

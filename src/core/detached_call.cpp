@@ -85,15 +85,14 @@ Companion::~Companion()
     m_desk->thread.join();
 }
 
-void Companion::begin(std::function<void()> call)
+bool Companion::begin(std::function<void()> call)
 {
     if (!m_desk) {
         auto desk = std::make_shared<Desk>();
         try {
             desk->thread = std::thread([desk] { Desk::work(desk); });
         } catch (const std::system_error &) {
-            call(); // no more threads available: call it on this one
-            return;
+            return false;
         }
         m_desk = std::move(desk);
     }
@@ -104,6 +103,7 @@ void Companion::begin(std::function<void()> call)
         m_desk->isBusy = true;
     }
     m_desk->changed.notify_all();
+    return true;
 }
 
 void Companion::leave()

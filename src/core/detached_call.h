@@ -38,8 +38,8 @@ public:
     Companion &operator=(const Companion &) = delete;
 
     /// Starts a call, which must own everything it uses and must not throw. The previous call must have ended or been
-    /// left.
-    void begin(std::function<void()> call);
+    /// left. Returns false, without calling, if no thread can be started.
+    [[nodiscard]] bool begin(std::function<void()> call);
     /// Abandons the running call; the next one gets a new thread. The call's objects are destroyed when it returns.
     void leave();
 
@@ -52,7 +52,8 @@ private:
     std::shared_ptr<Desk> m_desk; // null without a thread
 };
 
-/// The result of `call`; empty if the wait ended first. The call must own everything it uses.
+/// The result of `call`; empty if the wait ended first. The call must own everything it uses. Without a thread for it,
+/// it is made on the caller's, however long it takes.
 template <typename Call>
 [[nodiscard]] std::optional<std::invoke_result_t<Call &>> detachedCall(Call call, const Waiting &waiting,
                                                                        const std::string &about)
@@ -64,7 +65,8 @@ template <typename Call>
     };
     const auto reply = std::make_shared<Reply>();
     Companion &companion = Companion::ofThisThread();
-    companion.begin([reply, held = std::make_shared<Call>(std::move(call))] {
+    const auto held = std::make_shared<Call>(std::move(call));
+    const bool isBegun = companion.begin([reply, held] {
         auto result = (*held)();
         {
             const std::scoped_lock lock(reply->lock);
@@ -72,6 +74,8 @@ template <typename Call>
         }
         reply->changed.notify_all();
     });
+    if (!isBegun)
+        return (*held)();
     std::unique_lock lock(reply->lock);
     if (waiting.until(
             lock, reply->changed, [&] { return reply->result.has_value(); }, about))

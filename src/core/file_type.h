@@ -26,7 +26,7 @@ public:
     /// All cases in declaration order.
     [[nodiscard]] static const std::array<FileType, count> &allCases();
 
-    /// The display name; also the type's raw value.
+    /// The display name.
     [[nodiscard]] std::string_view label() const;
 
     /// The case's own name ("diskImage"), used on command lines and in JSON.

@@ -121,8 +121,7 @@ void InstalledTree::replace(std::span<const std::shared_ptr<FileNode>> remains,
 bool isRootGone(const FileNode &root, std::span<const SelectedEntry> gone)
 {
     const std::string path = root.path();
-    return std::ranges::any_of(
-        gone, [&path](const SelectedEntry &entry) { return path == entry.path || liesBeneath(path, entry.path); });
+    return std::ranges::any_of(gone, [&path](const SelectedEntry &entry) { return isOrLiesBeneath(path, entry.path); });
 }
 
 } // namespace corvane

@@ -20,9 +20,8 @@ MountMap::MountMap(std::vector<MountedFolder> mounts) : m_mounts(std::move(mount
 
 const MountedFolder *MountMap::holding(std::string_view path) const
 {
-    const auto found = std::find_if(m_mounts.rbegin(), m_mounts.rend(), [&](const MountedFolder &mount) {
-        return mount.path == path || liesBeneath(path, mount.path);
-    });
+    const auto found = std::find_if(m_mounts.rbegin(), m_mounts.rend(),
+                                    [&](const MountedFolder &mount) { return isOrLiesBeneath(path, mount.path); });
     return found == m_mounts.rend() ? nullptr : &*found;
 }
 
@@ -44,7 +43,7 @@ std::vector<std::string> MountMap::otherPathsOf(const std::string &path) const
         return found;
     const std::string inside = moved(path, own->path, own->shown);
     for (const MountedFolder &mount : m_mounts) {
-        if (mount.fileSystem != own->fileSystem || (inside != mount.shown && !liesBeneath(inside, mount.shown)))
+        if (mount.fileSystem != own->fileSystem || !isOrLiesBeneath(inside, mount.shown))
             continue;
         std::string other = moved(inside, mount.shown, mount.path);
         // Skip a path that another mount hides.

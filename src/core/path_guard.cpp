@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/system_table.h"
+#include "core/systems/system_table.h"
 #include "platform/ascii_case.h"
 #include "platform/environment.h"
 
@@ -174,6 +174,16 @@ bool ProtectedLocations::isUsersOwn(std::string_view path) const
     return std::ranges::any_of(m_homesInVar, [&](const std::string &home) { return liesBeneath(path, home); });
 }
 
+ProtectedLocations ProtectedLocations::ofSystem(FileSystem &files)
+{
+    const std::string home = files.homeFolder();
+    const std::string account = Environment::accountHome();
+    return {home,
+            systemProtectedPlaces(),
+            files.realPath(home).value_or(home),
+            {account, files.realPath(account).value_or(account)}};
+}
+
 std::string ProtectedLocations::folded(std::string path) const
 {
     return m_ignoresCase ? lowerAscii(std::move(path)) : path;
@@ -191,14 +201,7 @@ const std::string &PathGuard::home()
 
 const ProtectedLocations &PathGuard::locations()
 {
-    static const ProtectedLocations instance = [] {
-        FileSystem &files = systemHost().files;
-        const std::string home = files.homeFolder();
-        // Environment variables are easily overridden; the account's own home stays protected regardless.
-        const std::string account = Environment::accountHome();
-        return ProtectedLocations(home, systemProtectedPlaces(), files.realPath(home).value_or(home),
-                                  {account, files.realPath(account).value_or(account)});
-    }();
+    static const ProtectedLocations instance = ProtectedLocations::ofSystem(systemHost().files);
     return instance;
 }
 
@@ -217,13 +220,13 @@ bool PathGuard::openFullDiskAccessSettings(Desktop &desktop)
 
 std::string PathGuard::accessProbePath(std::string_view home)
 {
-    return joined(home, tableOf(SystemKind::mac).accessProbe);
+    return joined(home, systemTableOf(SystemKind::mac).accessProbe);
 }
 
 bool PathGuard::probeFullDiskAccess(FileSystem &files)
 {
     const std::string home = files.homeFolder();
-    const std::string_view probe = tableOf(files.systemKind()).accessProbe;
+    const std::string_view probe = systemTableOf(files.systemKind()).accessProbe;
     return probe.empty() ? files.openFolder(home).has_value() : files.canOpen(joined(home, probe));
 }
 

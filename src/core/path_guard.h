@@ -24,6 +24,10 @@ public:
     ProtectedLocations(std::string_view home, const ProtectedPlaces &system, std::string_view realHome = {},
                        const std::vector<std::string> &otherHomes = {});
 
+    /// The system's places, the home folder, and the one that the account has by the system's records: environment
+    /// variables are easily overridden, and the account's own home stays protected regardless.
+    [[nodiscard]] static ProtectedLocations ofSystem(FileSystem &files);
+
     /// Checks only the text of the path. A path that is not absolute cannot be checked and counts as protected.
     [[nodiscard]] bool isProtected(std::string_view path) const;
 

@@ -46,9 +46,7 @@ public:
     /// link, only items given by a path inside it count: the link may point to any folder.
     [[nodiscard]] bool reallyContain(const std::string &path, const std::string &realFolder) const
     {
-        const auto isOrLiesIn = [&](const std::string &trash) {
-            return realFolder == trash || liesBeneath(realFolder, trash);
-        };
+        const auto isOrLiesIn = [&](const std::string &trash) { return isOrLiesBeneath(realFolder, trash); };
         return std::ranges::any_of(m_folders,
                                    [&](const std::string &folder) {
                                        return isOrLiesIn(folder) ||

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "core/mount_map.h"
-#include "core/system_table.h"
+#include "core/systems/system_table.h"
 #include "platform/path.h"
 #include "platform/protected_places.h"
 
@@ -123,7 +123,7 @@ bool isVolumeInside(const std::string &path, const std::string &volume, FileSyst
 ScanBounds ScanBounds::of(const std::string &root, FileSystem &files, ScanFilter::Mounts mounts)
 {
     ScanBounds bounds;
-    const SystemTable &system = tableOf(files.systemKind());
+    const SystemTable &system = systemTableOf(files.systemKind());
     for (const std::string_view path : system.skippedFolders)
         bounds.skip(path);
     for (const std::string &path : systemVirtualFolders())

@@ -82,10 +82,12 @@ public:
     {
         const auto listing = std::make_shared<Gathered>();
         Companion &companion = Companion::ofThisThread();
-        companion.begin([listing, folder = m_folder] {
+        const bool isBegun = companion.begin([listing, folder = m_folder] {
             const WalkConditions conditions;
             listing->end(folder->list([&](const DirectoryEntry &entry) { return listing->add(entry); }));
         });
+        if (!isBegun)
+            return m_folder->list(sink);
         for (;;) {
             std::unique_lock lock(listing->lock);
             const bool isReady = m_surroundings->waiting.until(

@@ -6,7 +6,7 @@
 
 #include "core/foreign_sum.h"
 #include "core/mount_map.h"
-#include "core/system_table.h"
+#include "core/systems/system_table.h"
 
 namespace corvane {
 
@@ -34,7 +34,7 @@ VolumeFacts withoutNonsense(VolumeFacts facts)
 
 std::string diskName(FileSystem &files)
 {
-    const SystemTable &system = tableOf(files.systemKind());
+    const SystemTable &system = systemTableOf(files.systemKind());
     const std::optional<std::string> name = system.isMadeOfMounts ? files.diskName() : std::nullopt;
     return name.value_or(std::string(system.diskName));
 }
@@ -42,7 +42,7 @@ std::string diskName(FileSystem &files)
 VolumeFacts startupDiskFacts(const Host &host)
 {
     VolumeFacts facts = withoutNonsense(host.volumes.facts("/"));
-    if (!tableOf(host.files.systemKind()).isMadeOfMounts)
+    if (!systemTableOf(host.files.systemKind()).isMadeOfMounts)
         return facts;
     if (!facts.name)
         facts.name = diskName(host.files);

@@ -216,7 +216,7 @@ private:
             return;
         for (const DiskAccountant::Location &location : DiskAccountant::locations) {
             const std::string path(location.path);
-            if (m_root && (path == *m_root || liesBeneath(path, *m_root)))
+            if (m_root && isOrLiesBeneath(path, *m_root))
                 continue;
             if (!m_sources.exists(path))
                 continue;
@@ -236,7 +236,7 @@ private:
             return;
         const bool replacesScan = placesReplaceScan();
         auto [segments, denied] = m_sources.places(replacesScan ? std::nullopt : m_root);
-        m_denied = replacesScan ? denied : checkedAdd(m_scan.unreadableCount, denied);
+        m_denied = replacesScan ? denied : checkedAdd(deniedToScan(), denied);
         for (BreakdownSegment &segment : segments) {
             if (segment.size <= segmentLimit)
                 continue;
@@ -303,6 +303,14 @@ private:
         add(std::move(segment));
     }
 
+    /// Folders that the scan could not read. On a Mac, only those in the tree: nearly each of the others belongs to the
+    /// system, and Full Disk Access would not open it.
+    [[nodiscard]] std::int64_t deniedToScan() const
+    {
+        return m_table.unmeasuredDetailWithDenied.empty() ? m_scan.unreadableCount
+                                                          : checkedAdd(m_scan.unreadableCount, m_scan.deniedCount);
+    }
+
     /// What may occupy the space that no segment explains.
     [[nodiscard]] std::string unmeasuredDetail() const
     {
@@ -318,7 +326,7 @@ private:
     const DiskAccountant::Sources &m_sources;
     const DiskTable &m_table = diskTableOf(m_sources.system);
     const std::string m_home;
-    std::int64_t m_denied = m_scan.unreadableCount; // folders that could not be read
+    std::int64_t m_denied = deniedToScan(); // folders that could not be read
     std::optional<std::string> m_root;
     std::int64_t m_remainder = 0;
     DiskBreakdown m_result;
@@ -390,7 +398,7 @@ DiskAccountant::Measurement DiskAccountant::measure(const std::string &path,
     for (std::string &name : names) {
         const std::string child = joined(path, name);
         // Omit a child that contains the scanned folder entirely rather than count it in part.
-        if (excluding && (child == *excluding || liesBeneath(*excluding, child)))
+        if (excluding && isOrLiesBeneath(*excluding, child))
             continue;
         const std::int64_t size = allocatedSize(child, files, stop);
         if (size > 0 && addForeign(total, size))

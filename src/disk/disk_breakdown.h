@@ -28,12 +28,12 @@ struct ScanContext {
     std::int64_t rootSize = 0;
     std::int64_t systemDirSize = 0;     ///< for a whole-disk scan, the part that belongs to the system volume
     std::vector<NamedSize> topChildren; ///< largest first; without the system folder for a whole-disk scan
-    std::int64_t unreadableCount = 0;
-    bool isPartial = false; ///< the scan was stopped: the sizes cover only what it had reached
+    std::int64_t unreadableCount = 0;   ///< folders of the tree that could not be read
+    std::int64_t deniedCount = 0;       ///< further ones, which are missing from the tree
+    bool isPartial = false;             ///< the scan was stopped: the sizes cover only what it had reached
     bool hasFullDiskAccess = false;
 
-    /// The facts in a scanned tree; `unreadableCount` comes from its summary. The caller sets the access flag and
-    /// whether the scan was stopped.
+    /// The facts in a scanned tree; `unreadableCount` comes from its summary. The caller sets the facts about the walk.
     [[nodiscard]] static ScanContext of(const FileNode &root, std::int64_t unreadableCount);
 };
 

@@ -26,7 +26,7 @@ constexpr Exemption exemptions[] = {
     {"platform/macos/", "built on a Mac only"},
     {"core/words/system_words.cpp", "the table of both systems; SystemWords tests that of a Linux system"},
     {"core/systems/mac_disk.h", "a Mac's table"},
-    {"core/system_table.cpp", "the table of both systems; a Linux system's disk has another name"},
+    {"core/systems/system_table.cpp", "the table of both systems; a Linux system's disk has another name"},
     {"core/file_node.h", "what \"/\" is called in a tree that was made without a disk's name; a scan gives it one"},
     {"disk/apfs_container_info.cpp", "the path of a tool"},
     {"disk/snapshot_listing.cpp", "the path of a tool"},

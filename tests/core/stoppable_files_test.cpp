@@ -2,12 +2,16 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <cstdlib>
 #include <map>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include "core/scanner.h"
 #include "platform/fake_host.h"
@@ -19,6 +23,8 @@ namespace corvane {
 namespace {
 
 using testing::ElementsAre;
+
+constexpr uid_t nobody = 65534;
 
 /// A network volume at "/Users/me/net" that responds until the test blocks it.
 class StoppableFilesTest : public testing::Test {
@@ -220,6 +226,42 @@ TEST_F(StoppableFilesTest, ATreeBehindANetworkIsTheSame)
     EXPECT_EQ(tree->fileCount, 3);
     EXPECT_EQ(progress.counters().denied, 0);
     EXPECT_TRUE(verify(*tree));
+}
+
+/// Ends the process with 0 if a long folder on a network disk is listed whole although no thread can be started.
+[[noreturn]] void listWithoutThreads()
+{
+    constexpr int entries = 10'000;
+    FakeFileSystem files;
+    for (int i = 0; i < entries; ++i)
+        files.addFile(fmt::format("/net/folder/{}", i), 1);
+    files.addMount({.path = "/net", .fileSystem = 2, .mayNotAnswer = true});
+    StoppableFiles stoppable(files, "/net", {.isOver = [] { return false; }});
+    // The limit does not hold for the administrator.
+    const rlimit none{0, 0};
+    if (setrlimit(RLIMIT_NPROC, &none) != 0 || (geteuid() == 0 && setuid(nobody) != 0))
+        std::_Exit(EXIT_FAILURE);
+    bool canStart = true;
+    try {
+        std::thread([] {}).join();
+    } catch (const std::system_error &) {
+        canStart = false;
+    }
+    int listed = 0;
+    const auto folder = stoppable.openFolder("/net/folder");
+    if (folder) {
+        (void)(*folder)->list([&](const DirectoryEntry &) {
+            ++listed;
+            return Listing::goOn;
+        });
+    }
+    std::_Exit(!canStart && listed == entries ? EXIT_SUCCESS : EXIT_FAILURE);
+}
+
+TEST(StoppableFilesDeathTest, WithoutAThreadTheCallerListsItself)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(listWithoutThreads(), testing::ExitedWithCode(EXIT_SUCCESS), "");
 }
 
 TEST(StoppableScan, StopsWhileTheKernelWaitsForAFileSystemOfAProgram)

@@ -524,7 +524,8 @@ TEST_F(DiskPlacesTest, FoldersThatOnlyTheAdministratorMayReadAreCountedInTheText
     fake.volumes.set("/", {.name = {}, .total = 20'000 * mb, .available = 10'000 * mb, .availableForImportantUse = {}});
     ScanContext scan;
     scan.rootPath = "/home/me";
-    scan.unreadableCount = 2;
+    scan.unreadableCount = 1;
+    scan.deniedCount = 1;
     const DiskBreakdown breakdown = DiskAccountant::compute(scan, fake.host());
     EXPECT_EQ(breakdown.segments[0].detail,
               "Folders only the administrator can read (3), deleted files that programs still hold open, snapshots and "

@@ -203,6 +203,7 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
         }
         scan = *std::move(scanned);
         context = ScanContext::of(*scan->root, scan->summary->unreadableCount);
+        context.deniedCount = scan->denied;
         context.isPartial = scan->isCancelled;
     }
     context.hasFullDiskAccess = PathGuard::probeFullDiskAccess(host.files);

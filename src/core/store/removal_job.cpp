@@ -6,28 +6,13 @@
 #include <QMetaObject>
 
 #include "core/foreign_sum.h"
-#include "core/scan_progress.h"
 #include "core/scanner.h"
+#include "core/size_walk.h"
 
 namespace corvane {
 namespace {
 
 constexpr int turn = 20; // milliseconds between two rounds of main-thread events
-
-/// Rescans a path into the root of a tree; null if there is nothing that a tree shows.
-std::shared_ptr<FileNode> measuredAnew(const std::string &path, FileSystem &files)
-{
-    const Expected<ItemFacts> facts = files.facts(path);
-    if (!facts || facts->type == EntryType::symbolicLink)
-        return nullptr;
-    ScanProgress progress;
-    if (facts->type == EntryType::directory)
-        return Scanner::scan(path, progress, files);
-    auto file = std::make_shared<FileNode>(path, FileNode::Kind::file);
-    file->size = isPlausibleSize(facts->allocated) ? facts->allocated : 0;
-    file->modified = facts->modified;
-    return file;
-}
 
 } // namespace
 
@@ -64,7 +49,30 @@ bool RemovalJob::start(const Selection &entries, bool permanently, const SeenIte
     return true;
 }
 
-std::vector<std::shared_ptr<FileNode>> RemovalJob::remainsOf(RemovalOutcome &outcome) const
+/// Rescans a path into the root of a tree; null if there is nothing that a tree shows, or if the rescan failed.
+std::shared_ptr<FileNode> RemovalJob::measuredAnew(const std::string &path)
+{
+    const Expected<ItemFacts> facts = m_host.files.facts(path);
+    if (!facts || facts->type == EntryType::symbolicLink)
+        return nullptr;
+    if (facts->type == EntryType::directory) {
+        const auto progress = std::make_shared<ScanProgress>();
+        {
+            const std::scoped_lock lock(m_lock);
+            m_rescan = progress;
+        }
+        if (m_isClosing)
+            progress->cancel(); // `close` may have come before the rescan was known to it
+        std::shared_ptr<FileNode> root = Scanner::scan(path, *progress, m_host.files);
+        return progress->shouldStop() ? nullptr : root;
+    }
+    auto file = std::make_shared<FileNode>(path, FileNode::Kind::file);
+    file->size = fileSize(*facts);
+    file->modified = facts->modified;
+    return file;
+}
+
+std::vector<std::shared_ptr<FileNode>> RemovalJob::remainsOf(RemovalOutcome &outcome)
 {
     std::vector<std::shared_ptr<FileNode>> remains;
     for (RemovalFailure &failure : outcome.failures) {
@@ -72,7 +80,7 @@ std::vector<std::shared_ptr<FileNode>> RemovalJob::remainsOf(RemovalOutcome &out
             break;
         if (failure.left != RemovalFailure::Left::aPart && failure.left != RemovalFailure::Left::somethingElse)
             continue;
-        if (std::shared_ptr<FileNode> left = measuredAnew(failure.path, m_host.files))
+        if (std::shared_ptr<FileNode> left = measuredAnew(failure.path))
             remains.push_back(std::move(left));
         else if (failure.left == RemovalFailure::Left::somethingElse)
             failure.left = RemovalFailure::Left::nothing; // trees do not show what replaced it
@@ -92,6 +100,11 @@ void RemovalJob::close()
 {
     m_isClosing = true;
     m_stop = true;
+    {
+        const std::scoped_lock lock(m_lock);
+        if (m_rescan)
+            m_rescan->cancel();
+    }
     // A removal may block on the main thread: some system services answer only there.
     while (m_isRunning && !m_pool.waitForDone(turn))
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

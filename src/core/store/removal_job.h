@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <string>
 #include <vector>
 
 #include <QObject>
@@ -10,6 +12,7 @@
 #include "core/file_node.h"
 #include "core/path_guard.h"
 #include "core/removal.h"
+#include "core/scan_progress.h"
 #include "core/selection.h"
 #include "core/stop_flag.h"
 #include "platform/host.h"
@@ -47,7 +50,8 @@ public:
     void close();
 
 private:
-    [[nodiscard]] std::vector<std::shared_ptr<FileNode>> remainsOf(RemovalOutcome &outcome) const;
+    [[nodiscard]] std::vector<std::shared_ptr<FileNode>> remainsOf(RemovalOutcome &outcome);
+    [[nodiscard]] std::shared_ptr<FileNode> measuredAnew(const std::string &path);
 
     const Host m_host;
     const ProtectedLocations &m_locations;
@@ -55,7 +59,9 @@ private:
     bool m_isRunning = false;
     StopFlag m_stop = false; // of the running removal
     StopFlag m_isClosing = false;
-    QObject m_mainThread; // receives the queued calls
+    std::mutex m_lock;
+    std::shared_ptr<ScanProgress> m_rescan; // of what is left of an item; guarded by the lock
+    QObject m_mainThread;                   // receives the queued calls
     QThreadPool m_pool;
 };
 

@@ -9,6 +9,7 @@ namespace corvane {
 ScanContext StorageStore::makeScanContext() const
 {
     ScanContext context = hasScan() ? ScanContext::of(*root(), unreadableCount()) : ScanContext();
+    context.deniedCount = deniedCount();
     context.isPartial = scanIsPartial();
     context.hasFullDiskAccess = m_hasFullDiskAccess;
     return context;

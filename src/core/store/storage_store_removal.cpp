@@ -52,7 +52,7 @@ void StorageStore::applyToTree(std::span<const SelectedEntry> gone, std::span<co
     const auto concernsScan = [&](const std::string &root) {
         return std::ranges::any_of(remains, [&](const auto &measured) {
             const std::string path = measured->path();
-            return path == root || liesBeneath(root, path) || (m_phase == Phase::scanning && liesBeneath(path, root));
+            return isOrLiesBeneath(root, path) || (m_phase == Phase::scanning && liesBeneath(path, root));
         });
     };
     if (hasScan() && isRootGone(*root(), gone)) {

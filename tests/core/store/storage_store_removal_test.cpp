@@ -1,12 +1,16 @@
 #include <algorithm>
+#include <atomic>
 #include <memory>
+#include <optional>
 #include <string>
+#include <thread>
 
 #include <gtest/gtest.h>
 
 #include <QTest>
 #include <QTimer>
 
+#include "core/detached_call.h"
 #include "core/store/store_fixture.h"
 
 namespace corvane {
@@ -30,6 +34,32 @@ TEST_F(StorageStoreTest, RemovalTakesTheItemOutOfTheTreeAndOfEveryTotal)
     EXPECT_TRUE(verify(*store.root()));
     ASSERT_TRUE(store.toast());
     EXPECT_EQ(*store.toast(), "Moved 1 item (3 MB) to Trash — empty it to free the space");
+}
+
+TEST_F(StorageStoreTest, QuittingDoesNotWaitForAHungDiskToBeScannedAgain)
+{
+    fake.files.addMount({.path = home, .fileSystem = 2, .mayNotAnswer = true});
+    std::optional<StorageStore> quitting(std::in_place, fake.host(), locations);
+    quitting->setSelected(at("Projects"), 4'005'000, true);
+    fake.files.take(at("Projects"));
+    fake.files.addFile(at("Projects/another"), 1'000'000); // what replaced it stays, and is scanned
+    Gate gate(*fake.log, "list " + at("Projects"));
+    quitting->remove(quitting->effectiveSelection(), false);
+    ASSERT_TRUE(gate.waitUntilReached());
+
+    std::atomic<bool> hasQuit = false;
+    std::atomic<bool> hung = false;
+    std::thread watch([&] {
+        hung = !QTest::qWaitFor([&] { return hasQuit.load(); }, patience);
+        if (hung)
+            gate.open();
+    });
+    quitting.reset();
+    hasQuit = true;
+    watch.join();
+    EXPECT_FALSE(hung);
+    gate.open();
+    EXPECT_TRUE(QTest::qWaitFor([] { return Companion::leftCalls() == 0; }, patience));
 }
 
 TEST_F(StorageStoreTest, RemovingTheFolderShownGoesToTheFolderAroundIt)

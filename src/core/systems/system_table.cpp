@@ -1,10 +1,10 @@
-#include "core/system_table.h"
+#include "core/systems/system_table.h"
 
 #include "core/scanner.h"
 
 namespace corvane {
 
-const SystemTable &tableOf(SystemKind kind)
+const SystemTable &systemTableOf(SystemKind kind)
 {
     static constexpr SystemTable mac{
         .skippedFolders = Scanner::skipPaths,

@@ -22,6 +22,6 @@ struct SystemTable {
 };
 
 /// Static storage.
-[[nodiscard]] const SystemTable &tableOf(SystemKind kind);
+[[nodiscard]] const SystemTable &systemTableOf(SystemKind kind);
 
 } // namespace corvane
