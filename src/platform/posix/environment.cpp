@@ -1,7 +1,9 @@
 #include "platform/environment.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <pwd.h>
@@ -26,6 +28,28 @@ std::string absolutePartsOf(std::string_view list)
     return kept;
 }
 
+/// Calls `use` with the user's account record, which is valid during the call, and returns its result. Nothing if the
+/// account does not exist or the account database cannot be read.
+template <typename Use>
+auto withAccount(uid_t user, const Use &use) -> std::optional<decltype(use(std::declval<const passwd &>()))>
+{
+    // Records from a directory service may exceed every size that the system suggests (_SC_GETPW_R_SIZE_MAX).
+    constexpr std::size_t usual = 16UL * 1024;
+    constexpr std::size_t most = 1024 * usual;
+    std::vector<char> memory(usual);
+    while (true) {
+        passwd record{};
+        passwd *found = nullptr;
+        const int code = ::getpwuid_r(user, &record, memory.data(), memory.size(), &found);
+        if (code == ERANGE && memory.size() < most)
+            memory = std::vector<char>(2 * memory.size());
+        else if (code == 0 && found != nullptr)
+            return use(*found);
+        else if (code != EINTR)
+            return std::nullopt;
+    }
+}
+
 } // namespace
 
 std::optional<std::string> Environment::homeComplaint()
@@ -40,12 +64,7 @@ std::optional<std::string> Environment::homeComplaint()
 
 std::optional<std::string> Environment::accountName(unsigned int user)
 {
-    std::vector<char> memory(16 * 1024);
-    passwd record{};
-    passwd *found = nullptr;
-    if (::getpwuid_r(user, &record, memory.data(), memory.size(), &found) == 0 && found != nullptr)
-        return found->pw_name;
-    return std::nullopt;
+    return withAccount(user, [](const passwd &account) { return std::string(account.pw_name); });
 }
 
 std::string Environment::locale(const char *category)
@@ -60,13 +79,8 @@ std::string Environment::locale(const char *category)
 
 std::string Environment::accountHome()
 {
-    std::vector<char> memory(16 * 1024);
-    passwd record{};
-    passwd *found = nullptr;
-    if (::getpwuid_r(::getuid(), &record, memory.data(), memory.size(), &found) == 0 && found != nullptr &&
-        *found->pw_dir == '/')
-        return withoutDots(found->pw_dir);
-    return "/";
+    const auto home = withAccount(::getuid(), [](const passwd &account) { return std::string(account.pw_dir); });
+    return home && home->starts_with('/') ? withoutDots(*home) : "/";
 }
 
 void Environment::useAccountHome()
