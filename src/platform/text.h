@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace corvane {
@@ -26,6 +27,24 @@ constexpr std::string_view takePart(std::string_view &text, char mark)
 constexpr std::string_view takeLine(std::string_view &text)
 {
     return takePart(text, '\n');
+}
+
+/// The value of a shell assignment without its quotes. A value that starts with a single or double quote ends at the
+/// next one, and what follows is ignored; any other value is the whole text. Except in single quotes, a backslash makes
+/// the next character literal, whichever it is. Nothing is expanded.
+[[nodiscard]] inline std::string shellUnquoted(std::string_view value)
+{
+    const char first = value.empty() ? '\0' : value.front();
+    const char quote = first == '"' || first == '\'' ? first : '\0';
+    if (quote != '\0')
+        value.remove_prefix(1);
+    std::string text;
+    for (std::size_t at = 0; at < value.size() && (quote == '\0' || value[at] != quote); ++at) {
+        if (value[at] == '\\' && quote != '\'' && at + 1 < value.size())
+            ++at;
+        text += value[at];
+    }
+    return text;
 }
 
 /// At most the first `most` bytes of a text, without splitting a UTF-8 character: some systems reject names that are

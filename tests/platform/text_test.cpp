@@ -30,6 +30,24 @@ TEST(Text, IsTakenApartAtEveryMark)
     EXPECT_EQ(parts(""), std::vector<std::string>{});
 }
 
+TEST(Text, ShellQuotesEndAtTheNextOneOfTheirKind)
+{
+    EXPECT_EQ(shellUnquoted("a b"), "a b");
+    EXPECT_EQ(shellUnquoted(R"("it's" # comment)"), "it's");
+    EXPECT_EQ(shellUnquoted(R"('say "hi"'x)"), "say \"hi\"");
+    EXPECT_EQ(shellUnquoted("\"open"), "open");
+    EXPECT_EQ(shellUnquoted("\""), "");
+    EXPECT_EQ(shellUnquoted("a\"b\""), "a\"b\"");
+    EXPECT_EQ(shellUnquoted(""), "");
+}
+
+TEST(Text, AShellsBackslashMakesTheNextCharacterLiteralExceptInSingleQuotes)
+{
+    EXPECT_EQ(shellUnquoted(R"("say \"hi\" \\ \$x")"), R"(say "hi" \ $x)");
+    EXPECT_EQ(shellUnquoted(R"(a\ b\)"), R"(a b\)");
+    EXPECT_EQ(shellUnquoted(R"('a\b')"), R"(a\b)");
+}
+
 TEST(Text, IsCutBetweenTwoCharacters)
 {
     EXPECT_EQ(startOf("abc", 3), "abc");

@@ -1,16 +1,14 @@
 #include "platform/linux/linux_places.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <system_error>
 #include <utility>
+
+#include <fcntl.h>
 
 #include "platform/linux/place_settings.h"
 #include "platform/path.h"
+#include "platform/posix/regular_file.h"
 #include "platform/text.h"
 
 namespace corvane {
@@ -44,18 +42,13 @@ std::string baseFolder(const char *variable, std::string_view usual, const std::
     return value != nullptr && *value == '/' ? withoutDots(value) : joined(home, usual);
 }
 
-/// The value of a double-quoted shell string; nothing if it is not quoted.
-std::optional<std::string> unquoted(std::string_view text)
+/// A whole configuration file; empty if it cannot be read, is not a regular file or is implausibly large.
+std::string textOf(const std::string &path)
 {
-    if (!text.starts_with('"'))
-        return std::nullopt;
-    std::string value;
-    for (std::size_t i = 1; i < text.size() && text[i] != '"'; ++i) {
-        if (text[i] == '\\' && i + 1 < text.size())
-            ++i;
-        value += text[i];
-    }
-    return value;
+    constexpr std::size_t most = 1'000'000; // bytes
+    return RegularFile::open(AT_FDCWD, path.c_str(), path, RegularFile::LinkRule::follow)
+        .and_then([](const auto &file) { return file->readAll(most); })
+        .value_or(std::string());
 }
 
 struct UserFolder {
@@ -63,7 +56,7 @@ struct UserFolder {
     std::string path;
 };
 
-/// Parses one line of the user's list of folders.
+/// Parses one line of the user's list of folders. Its format allows only double-quoted values.
 std::optional<UserFolder> userFolderIn(std::string_view line, const std::string &home)
 {
     constexpr std::string_view prefix = "XDG_";
@@ -76,13 +69,14 @@ std::optional<UserFolder> userFolderIn(std::string_view line, const std::string 
     const std::string_view key = trimmed(line.substr(0, equals));
     if (!key.starts_with(prefix) || !key.ends_with(suffix))
         return std::nullopt;
-    const std::optional<std::string> value = unquoted(trimmed(line.substr(equals + 1)));
-    if (!value)
+    const std::string_view quoted = trimmed(line.substr(equals + 1));
+    if (!quoted.starts_with('"'))
         return std::nullopt;
-    if (value->starts_with('/'))
-        return UserFolder{std::string(key), withoutDots(*value)};
-    if (value->starts_with(homeMark) && (value->size() == homeMark.size() || (*value)[homeMark.size()] == '/'))
-        return UserFolder{std::string(key), withoutDots(home + value->substr(homeMark.size()))};
+    const std::string value = shellUnquoted(quoted);
+    if (value.starts_with('/'))
+        return UserFolder{std::string(key), withoutDots(value)};
+    if (value.starts_with(homeMark) && (value.size() == homeMark.size() || value[homeMark.size()] == '/'))
+        return UserFolder{std::string(key), withoutDots(home + value.substr(homeMark.size()))};
     return std::nullopt;
 }
 
@@ -90,14 +84,9 @@ std::optional<UserFolder> userFolderIn(std::string_view line, const std::string 
 std::vector<UserFolder> readUserFolders(const std::string &home)
 {
     std::vector<UserFolder> folders;
-    const std::string list = joined(baseFolder("XDG_CONFIG_HOME", ".config", home), "user-dirs.dirs");
-    // Reading a pipe or a device might block forever.
-    std::error_code unknown;
-    if (!std::filesystem::is_regular_file(list, unknown))
-        return folders;
-    std::ifstream file(list, std::ios::binary);
-    for (std::string line; std::getline(file, line);) {
-        std::optional<UserFolder> named = userFolderIn(line, home);
+    const std::string text = textOf(joined(baseFolder("XDG_CONFIG_HOME", ".config", home), "user-dirs.dirs"));
+    for (std::string_view rest = text; !rest.empty();) {
+        std::optional<UserFolder> named = userFolderIn(takeLine(rest), home);
         if (!named)
             continue;
         std::erase_if(folders, [&](const UserFolder &earlier) { return earlier.key == named->key; });
@@ -140,18 +129,6 @@ std::optional<OwnPlace> folderOf(PlaceBase base, const std::string &home)
     return std::nullopt;
 }
 
-/// A whole configuration file; empty if it is not a regular file or implausibly large.
-std::string readSettings(const std::string &path)
-{
-    constexpr std::uintmax_t most = 1'000'000; // bytes
-    std::error_code failure;
-    // Reading a pipe or a device might block forever.
-    if (!std::filesystem::is_regular_file(path, failure) || std::filesystem::file_size(path, failure) > most || failure)
-        return {};
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 /// Expands a configuration value to an absolute path; empty for anything else.
 std::string absolutePath(std::string value, const std::string &home)
 {
@@ -170,7 +147,7 @@ std::optional<std::string> folderSetIn(const PlaceSetting &setting, const std::s
         const char *const variable = std::getenv(setting.variable);
         value = variable != nullptr ? variable : "";
     } else if (const std::optional<OwnPlace> base = folderOf(setting.base, home)) {
-        std::string text = readSettings(joined(base->path, setting.file));
+        std::string text = textOf(joined(base->path, setting.file));
         value = absolutePath(settingIn(std::move(text), setting.notation, setting.key), home);
     }
     if (setting.listMark != 0)

@@ -9,22 +9,6 @@ namespace {
 
 constexpr std::size_t mostBytes = 64UL * 1024;
 
-// Unquotes a value as a shell does: single, double or no quotes, with backslash escapes.
-std::string unquoted(std::string_view value)
-{
-    const char quote = value.empty() ? '\0' : value.front();
-    const bool isQuoted = value.size() >= 2 && (quote == '"' || quote == '\'') && value.back() == quote;
-    if (isQuoted)
-        value = value.substr(1, value.size() - 2);
-    std::string text;
-    for (std::size_t at = 0; at < value.size(); ++at) {
-        if (value[at] == '\\' && quote != '\'' && at + 1 < value.size())
-            ++at;
-        text += value[at];
-    }
-    return text;
-}
-
 } // namespace
 
 OsRelease::OsRelease(std::string_view text)
@@ -32,7 +16,7 @@ OsRelease::OsRelease(std::string_view text)
     while (!text.empty()) {
         const std::string_view line = trimmed(takeLine(text));
         if (const std::size_t equals = line.find('='); equals != std::string_view::npos && !line.starts_with('#'))
-            m_values[std::string(line.substr(0, equals))] = unquoted(line.substr(equals + 1));
+            m_values[std::string(line.substr(0, equals))] = shellUnquoted(line.substr(equals + 1));
     }
 }
 

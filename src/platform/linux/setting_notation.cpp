@@ -8,7 +8,8 @@ namespace corvane {
 
 namespace {
 
-std::string_view withoutQuotes(std::string_view text)
+/// The text between a pair of equal quotes around it, or the whole text. Escapes stay as they are.
+std::string_view withoutOuterQuotes(std::string_view text)
 {
     const bool isQuoted =
         text.size() >= 2 && (text.front() == '"' || text.front() == '\'') && text.back() == text.front();
@@ -23,7 +24,7 @@ std::string valueOfKey(std::string_view text, std::string_view key)
         const std::string_view line = takeLine(text);
         const std::size_t equals = line.find('=');
         if (equals != std::string_view::npos && trimmed(line.substr(0, equals)) == key)
-            found = withoutQuotes(trimmed(line.substr(equals + 1)));
+            found = withoutOuterQuotes(trimmed(line.substr(equals + 1)));
     }
     return std::string(found);
 }
@@ -35,7 +36,7 @@ std::string valueBehindKey(std::string_view text, std::string_view key)
     while (!text.empty()) {
         const std::string_view line = trimmed(takeLine(text));
         if (line.starts_with(key) && line.size() > key.size() && (line[key.size()] == ' ' || line[key.size()] == '\t'))
-            found = withoutQuotes(trimmed(line.substr(key.size())));
+            found = withoutOuterQuotes(trimmed(line.substr(key.size())));
     }
     return std::string(found);
 }
@@ -45,7 +46,7 @@ std::string valueInYaml(std::string_view text, std::string_view key)
 {
     const auto plain = [](std::string_view value) {
         const std::size_t comment = value.find(" #");
-        return std::string(withoutQuotes(trimmed(value.substr(0, comment))));
+        return std::string(withoutOuterQuotes(trimmed(value.substr(0, comment))));
     };
     while (!text.empty()) {
         const std::string_view line = takeLine(text);

@@ -176,6 +176,15 @@ TEST_F(LinuxPlaces, AListOfFoldersThatIsAPipeIsNotRead)
     EXPECT_TRUE(userFolders().empty());
 }
 
+TEST_F(LinuxPlaces, AnImplausiblyLongListOfFoldersIsNotRead)
+{
+    const std::string line = "XDG_DOWNLOAD_DIR=\"/a\"\n";
+    folder.writeText(".config/user-dirs.dirs", line + std::string(1'000'000 - line.size(), ' '));
+    EXPECT_EQ(userFolders(), std::vector<std::string>{"/a"});
+    folder.writeText(".config/user-dirs.dirs", line + std::string(1'000'000, ' '));
+    EXPECT_TRUE(userFolders().empty());
+}
+
 TEST_F(LinuxPlaces, EveryToolFollowsItsOwnVariable)
 {
     const struct {
@@ -212,13 +221,14 @@ TEST_F(LinuxPlaces, EveryToolFollowsItsOwnVariable)
         {"OLLAMA_MODELS", "/fast/models", ".ollama/models", "/fast/models"},
     };
     for (const PlaceSetting &setting : placeSettings) {
-        if (setting.variable != nullptr)
-            EXPECT_TRUE(std::ranges::any_of(rows,
-                                            [&](const auto &row) {
-                                                return row.place == setting.place &&
-                                                       row.variable == std::string_view(setting.variable);
-                                            }))
-                << setting.variable << " for " << setting.place;
+        if (setting.variable == nullptr)
+            continue;
+        EXPECT_TRUE(std::ranges::any_of(rows,
+                                        [&](const auto &row) {
+                                            return row.place == setting.place &&
+                                                   row.variable == std::string_view(setting.variable);
+                                        }))
+            << setting.variable << " for " << setting.place;
     }
     for (const auto &row : rows) {
         ::unsetenv(row.variable);
