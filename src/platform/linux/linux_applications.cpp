@@ -81,7 +81,7 @@ public:
     [[nodiscard]] std::string text(const char *name) const
     {
         constexpr std::size_t longest = 1024UL * 1024;
-        return RegularFile::open(m_folder.number(), name, name, RegularFile::LinkRule::refuse)
+        return RegularFile::open(m_folder.number(), name, name, LinkRule::refuse)
             .and_then([&](const auto &file) { return file->readAll(longest); })
             .value_or(std::string());
     }

@@ -41,11 +41,10 @@ Expected<std::unique_ptr<OpenFolder>> LinuxFileSystem::openFolder(const std::str
     const Expected<LongPath> item = LongPath::resolve(path);
     if (!item)
         return tl::unexpected(item.error());
-    return LinuxOpenFolder::open(item->folder(), item->name(), LinuxOpenFolder::LinkRule::follow)
-        .map_error([&](Error error) {
-            error.path = path;
-            return error;
-        });
+    return LinuxOpenFolder::open(item->folder(), item->name(), LinkRule::follow).map_error([&](Error error) {
+        error.path = path;
+        return error;
+    });
 }
 
 Expected<ItemFacts> LinuxFileSystem::facts(const std::string &path)
@@ -90,16 +89,15 @@ bool LinuxFileSystem::canOpen(const std::string &path)
 Expected<std::string> LinuxFileSystem::readFile(const std::string &path, std::size_t most)
 {
     return LongPath::resolve(path)
-        .and_then([&](const LongPath &item) {
-            return RegularFile::open(item.folder(), item.name(), path, RegularFile::LinkRule::follow);
-        })
+        .and_then(
+            [&](const LongPath &item) { return RegularFile::open(item.folder(), item.name(), path, LinkRule::follow); })
         .and_then([&](const auto &file) { return file->readAll(most); });
 }
 
 Expected<std::unique_ptr<FileReader>> LinuxFileSystem::openFile(const std::string &path)
 {
     return LongPath::resolve(path).and_then([&](const LongPath &item) -> Expected<std::unique_ptr<FileReader>> {
-        return RegularFile::open(item.folder(), item.name(), path, RegularFile::LinkRule::refuse);
+        return RegularFile::open(item.folder(), item.name(), path, LinkRule::refuse);
     });
 }
 

@@ -73,7 +73,7 @@ bool LinuxHeldFolder::isPackage(const std::string &name) const
 
 Expected<std::unique_ptr<OpenFolder>> LinuxHeldFolder::openInside(int folder, const std::string &name) const
 {
-    return LinuxOpenFolder::open(folder, name.c_str(), LinuxOpenFolder::LinkRule::refuse);
+    return LinuxOpenFolder::open(folder, name.c_str(), LinkRule::refuse);
 }
 
 ItemRemoval::ReadOnlyFolders LinuxHeldFolder::readOnlyFolders() const

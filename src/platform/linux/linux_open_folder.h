@@ -4,6 +4,7 @@
 
 #include "platform/file_descriptor.h"
 #include "platform/file_system.h"
+#include "platform/posix/item_at.h"
 
 namespace corvane {
 
@@ -11,8 +12,6 @@ namespace corvane {
 /// long.
 class LinuxOpenFolder final : public OpenFolder {
 public:
-    enum class LinkRule { follow, refuse };
-
     /// Opens `name` relative to the folder `base` (or AT_FDCWD). A rejected link fails with ELOOP or ENOTDIR.
     [[nodiscard]] static Expected<std::unique_ptr<LinuxOpenFolder>> open(int base, const char *name, LinkRule rule);
 

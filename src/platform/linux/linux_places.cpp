@@ -46,7 +46,7 @@ std::string baseFolder(const char *variable, std::string_view usual, const std::
 std::string textOf(const std::string &path)
 {
     constexpr std::size_t most = 1'000'000; // bytes
-    return RegularFile::open(AT_FDCWD, path.c_str(), path, RegularFile::LinkRule::follow)
+    return RegularFile::open(AT_FDCWD, path.c_str(), path, LinkRule::follow)
         .and_then([](const auto &file) { return file->readAll(most); })
         .value_or(std::string());
 }

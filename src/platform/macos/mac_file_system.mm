@@ -69,13 +69,13 @@ bool MacFileSystem::canOpen(const std::string &path)
 
 Expected<std::string> MacFileSystem::readFile(const std::string &path, std::size_t most)
 {
-    return RegularFile::open(AT_FDCWD, path.c_str(), path, RegularFile::LinkRule::follow)
+    return RegularFile::open(AT_FDCWD, path.c_str(), path, LinkRule::follow)
         .and_then([&](const auto &file) { return file->readAll(most); });
 }
 
 Expected<std::unique_ptr<FileReader>> MacFileSystem::openFile(const std::string &path)
 {
-    return RegularFile::open(AT_FDCWD, path.c_str(), path, RegularFile::LinkRule::refuse);
+    return RegularFile::open(AT_FDCWD, path.c_str(), path, LinkRule::refuse);
 }
 
 Expected<std::string> MacFileSystem::realPath(const std::string &path)

@@ -172,12 +172,10 @@ Expected<void> MacTrash::deleteThroughFinder(const std::string &path)
 
 std::vector<std::string> MacTrash::trashFolders()
 {
-    std::vector<std::string> folders{m_files.homeFolder() + "/.Trash"};
+    std::vector<std::string> folders{joined(m_files.homeFolder(), ".Trash")};
     for (const struct statfs &volume : mountedVolumes()) {
-        if ((volume.f_flags & MNT_DONTBROWSE) == 0) {
-            const std::string top = volume.f_mntonname;
-            folders.push_back((top == "/" ? top : top + "/") + ".Trashes/" + std::to_string(::getuid()));
-        }
+        if ((volume.f_flags & MNT_DONTBROWSE) == 0)
+            folders.push_back(joined(volume.f_mntonname, ".Trashes/" + std::to_string(::getuid())));
     }
     return folders;
 }

@@ -9,6 +9,9 @@ namespace corvane {
 
 // Operations on single items relative to an open folder's descriptor.
 
+/// What opening an item does if its name belongs to a symbolic link.
+enum class LinkRule { follow, refuse };
+
 /// Whether the text names an item directly inside a folder.
 [[nodiscard]] bool isItemName(const std::string &name);
 

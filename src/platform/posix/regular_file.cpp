@@ -49,8 +49,7 @@ Expected<FileStatus> RegularFile::status()
     struct stat facts {};
     if (::fstat(m_file.number(), &facts) != 0)
         return failure("examine", errno);
-    return FileStatus{
-        .length = facts.st_size, .modified = Time(std::chrono::seconds(facts.st_mtime)), .identity = identityOf(facts)};
+    return FileStatus{.length = facts.st_size, .modified = modificationTime(facts), .identity = identityOf(facts)};
 }
 
 Expected<std::size_t> RegularFile::read(std::int64_t offset, std::span<std::byte> buffer)

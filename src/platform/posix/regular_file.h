@@ -7,14 +7,13 @@
 #include "platform/error.h"
 #include "platform/file_descriptor.h"
 #include "platform/file_reader.h"
+#include "platform/posix/item_at.h"
 
 namespace corvane {
 
 /// A regular file, opened without blocking. Anything else (a folder, a pipe, a device) is never opened.
 class RegularFile final : public FileReader {
 public:
-    enum class LinkRule { follow, refuse };
-
     /// Opens the item of that name relative to a folder's descriptor, or AT_FDCWD; `path` is for errors.
     [[nodiscard]] static Expected<std::unique_ptr<RegularFile>> open(int folder, const char *name,
                                                                      const std::string &path, LinkRule rule);
