@@ -14,7 +14,7 @@ std::string deniedText(std::int64_t count)
 
 std::string scanFailureText(const Error &failure)
 {
-    if (hasRunOutOfFileNumbers(failure))
+    if (isOutOfDescriptors(failure))
         return "too many files are open at once; close some programs, or raise the limit (ulimit -n)";
     return failure.description();
 }

@@ -99,7 +99,7 @@ struct Walk {
     /// Counts a folder that could not be opened, unless it has just vanished or the wait for it was cancelled.
     void noteUnopened(const Error &error)
     {
-        if (hasRunOutOfFileNumbers(error))
+        if (isOutOfDescriptors(error))
             progress.fail(error);
         else if (!error.isMissing() && error.code != std::errc::operation_canceled)
             progress.recordDenied();
@@ -204,7 +204,7 @@ bool read(Walk &walk, OpenFolder &folder, const std::string &path, Visit &visit)
     const Expected<void> listed = folder.list([&reader](const DirectoryEntry &entry) { return reader.take(entry); });
     if (listed && reader.commit())
         return true;
-    if (!listed && hasRunOutOfFileNumbers(listed.error()))
+    if (!listed && isOutOfDescriptors(listed.error()))
         walk.progress.fail(listed.error());
     visit.node->unreadable = !walk.progress.shouldStop();
     return false;
@@ -244,7 +244,7 @@ public:
 
     void lost(const Error &error) override
     {
-        if (hasRunOutOfFileNumbers(error))
+        if (isOutOfDescriptors(error))
             m_walk.progress.fail(error);
     }
 
@@ -331,7 +331,7 @@ std::shared_ptr<FileNode> Scanner::scan(const std::string &path, ScanProgress &p
     if (folder) {
         TopWalk(walk).walk(std::move(*folder), root, path, 0);
     } else {
-        if (hasRunOutOfFileNumbers(folder.error()))
+        if (isOutOfDescriptors(folder.error()))
             progress.fail(folder.error());
         root->unreadable = true;
     }

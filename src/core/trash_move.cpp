@@ -40,7 +40,7 @@ Expected<void> TrashMove::performThroughFinder(const Error &refusal)
     if (!found || found->identity != m_judged.identity)
         return tl::unexpected(replacedMeanwhile(moveToTrash, m_path));
     // Its reply is unreliable, so check what is left at the path.
-    (void)m_host.trash.deleteThroughFinder(m_path);
+    (void)m_host.trash.trashThroughFinder(m_path);
     const Expected<ItemFacts> left = m_folder.facts(m_name);
     return !left && left.error().isMissing() ? Expected<void>{} : tl::unexpected(refusal);
 }

@@ -272,7 +272,7 @@ private:
     BreakdownSegment ofDeletedFiles(const DiskPlace &place) const
     {
         BreakdownSegment segment = segmentOf(place);
-        for (const HeldFiles &held : m_places.m_host.volumes.deletedFiles(m_realHome)) {
+        for (const OpenDeletedFiles &held : m_places.m_host.volumes.deletedFiles(m_realHome)) {
             if (!isPlausibleSize(held.size))
                 continue;
             segment.size = plus(segment.size, held.size);

@@ -48,7 +48,7 @@ public:
     /// in another walk, the chain closes all but its last.
     [[nodiscard]] Expected<std::unique_ptr<OpenFolder>> openChild(const std::string &name)
     {
-        if (waitingForFileNumbers.load(std::memory_order_relaxed) > 0)
+        if (waitingForDescriptors.load(std::memory_order_relaxed) > 0)
             closeAllBut(1);
         return openPatiently([&] { return innermost()->openChild(name); }, [this] { closeAllBut(1); });
     }

@@ -9,13 +9,13 @@
 namespace corvane {
 
 /// Whether the process or the system has run out of descriptors.
-[[nodiscard]] inline bool hasRunOutOfFileNumbers(const Error &error)
+[[nodiscard]] inline bool isOutOfDescriptors(const Error &error)
 {
     return error.code == std::errc::too_many_files_open || error.code == std::errc::too_many_files_open_in_system;
 }
 
 /// The number of threads waiting for a descriptor: while there are any, others keep only what they need.
-inline std::atomic<int> waitingForFileNumbers = 0;
+inline std::atomic<int> waitingForDescriptors = 0;
 
 /// Calls `open`, which returns an Expected, and retries while it fails because the process or the system has run out of
 /// descriptors: `giveBack` closes what the caller can do without, and other walks get up to a second to do the same.
@@ -25,18 +25,18 @@ template <typename Open, typename GiveBack>
 {
     constexpr int attempts = 200;
     constexpr std::chrono::milliseconds pause(5);
-    const auto hasRunOut = [](const auto &opened) { return !opened && hasRunOutOfFileNumbers(opened.error()); };
+    const auto hasRunOut = [](const auto &opened) { return !opened && isOutOfDescriptors(opened.error()); };
     auto opened = open();
     if (!hasRunOut(opened))
         return opened;
-    ++waitingForFileNumbers;
+    ++waitingForDescriptors;
     giveBack();
     opened = open();
     for (int attempt = 1; attempt < attempts && hasRunOut(opened); ++attempt) {
         std::this_thread::sleep_for(pause);
         opened = open();
     }
-    --waitingForFileNumbers;
+    --waitingForDescriptors;
     return opened;
 }
 

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] virtual Expected<TrashedItem> recycle(HeldFolder &folder, const std::string &name) = 0;
 
     /// Asks the file manager through its scripting interface; blocks until it replies.
-    [[nodiscard]] virtual Expected<void> deleteThroughFinder(const std::string &path) = 0;
+    [[nodiscard]] virtual Expected<void> trashThroughFinder(const std::string &path) = 0;
 
     /// Call when a request is finished or abandoned: releases what was kept for its further items.
     virtual void endRequest() {}

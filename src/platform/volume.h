@@ -27,11 +27,11 @@ struct SwapFile {
 };
 
 /// Deleted files that occupy space because a program still has them open.
-struct HeldFiles {
+struct OpenDeletedFiles {
     std::string program;
     std::int64_t size = 0; ///< bytes on disk, without those already counted for a previous program
 
-    friend bool operator==(const HeldFiles &, const HeldFiles &) = default;
+    friend bool operator==(const OpenDeletedFiles &, const OpenDeletedFiles &) = default;
 };
 
 /// The capacities of volumes. Any thread.
@@ -47,7 +47,7 @@ public:
 
     /// Deleted files on the file systems of "/" and of `home` that are still open, grouped by program; only programs
     /// that the user may inspect.
-    [[nodiscard]] virtual std::vector<HeldFiles> deletedFiles(const std::string & /*home*/) { return {}; }
+    [[nodiscard]] virtual std::vector<OpenDeletedFiles> deletedFiles(const std::string & /*home*/) { return {}; }
 };
 
 } // namespace corvane

@@ -52,7 +52,7 @@ protected:
     {
         std::vector<std::string> result;
         for (const std::string &line : fake.log->lines()) {
-            for (const char *deed : {"removeItem ", "trashItem ", "recycle ", "deleteThroughFinder "}) {
+            for (const char *deed : {"removeItem ", "trashItem ", "recycle ", "trashThroughFinder "}) {
                 if (line.starts_with(deed))
                     result.push_back(line);
             }
@@ -589,7 +589,7 @@ TEST_F(RemovalOf, WhatIsAtThePathAfterAFailedDeedIsToldApartFromTheItemJudged)
         EXPECT_EQ(leftAfter(permanently, [&] { fake.files.take("/Users/me/work/a"); }), Left::nothing);
     }
     fake.trash.fail(Operation::trashItem, "/Users/me/work/a", "No.");
-    fake.trash.lack(Operation::deleteThroughFinder);
+    fake.trash.lack(Operation::trashThroughFinder);
     EXPECT_EQ(leftAfter(false, [] {}), Left::asItWas);
     EXPECT_EQ(leftAfter(true, [&] { fake.files.failRemoval("/Users/me/work/a", std::errc::permission_denied); }),
               Left::asItWas);
@@ -674,7 +674,7 @@ TEST_F(RemovalOf, AnItemWhosePathLeadsElsewhereIsNotHandedToTheFinder)
     });
     EXPECT_EQ(failureLines(remove({{"/Users/me/work/key", 1}})),
               Lines{"key: it was replaced while it was being removed"});
-    EXPECT_TRUE(fake.log->linesStartingWith("deleteThroughFinder").empty());
+    EXPECT_TRUE(fake.log->linesStartingWith("trashThroughFinder").empty());
 }
 
 TEST_F(RemovalOf, AFolderThatIsOrHoldsAMountPointIsRefusedAndAFileIsNot)
@@ -810,14 +810,14 @@ TEST_F(RemovalOf, AnItemThatTheTrashRefusesAsksTheFinder)
     const RemovalOutcome outcome = remove({{"/Users/me/a", 5}});
     EXPECT_EQ(outcome.removed.size(), 1u);
     EXPECT_TRUE(outcome.failures.empty());
-    EXPECT_EQ(deeds(), (Lines{"trashItem /Users/me/a", "deleteThroughFinder /Users/me/a"}));
+    EXPECT_EQ(deeds(), (Lines{"trashItem /Users/me/a", "trashThroughFinder /Users/me/a"}));
 }
 
 TEST_F(RemovalOf, AnItemThatTheFinderLeavesWhereItIsFails)
 {
     fake.files.addFile("/Users/me/a", 5);
     fake.trash.fail(Operation::trashItem, "/Users/me/a", "The volume has no Trash.");
-    fake.trash.pretend(Operation::deleteThroughFinder, "/Users/me/a");
+    fake.trash.pretend(Operation::trashThroughFinder, "/Users/me/a");
     const RemovalOutcome outcome = remove({{"/Users/me/a", 5}});
     EXPECT_TRUE(outcome.removed.empty());
     EXPECT_EQ(failureLines(outcome), Lines{"a: The volume has no Trash."});
@@ -827,9 +827,9 @@ TEST_F(RemovalOf, AnItemThatTheFinderTookWorkedWhateverItAnswered)
 {
     fake.files.addFile("/Users/me/a", 5);
     fake.trash.fail(Operation::trashItem, "/Users/me/a", "No.");
-    fake.trash.fail(Operation::deleteThroughFinder, "/Users/me/a", "Timed out.");
+    fake.trash.fail(Operation::trashThroughFinder, "/Users/me/a", "Timed out.");
     fake.log->observe([&](const std::string &line) {
-        if (line.starts_with("deleteThroughFinder "))
+        if (line.starts_with("trashThroughFinder "))
             fake.files.take("/Users/me/a");
     });
     EXPECT_EQ(remove({{"/Users/me/a", 5}}).removed.size(), 1u);
@@ -839,9 +839,9 @@ TEST_F(RemovalOf, AnItemThatCannotBeLookedAtAfterTheFinderFails)
 {
     fake.files.addFile("/Users/me/a", 5);
     fake.trash.fail(Operation::trashItem, "/Users/me/a", "No.");
-    fake.trash.pretend(Operation::deleteThroughFinder, "/Users/me/a");
+    fake.trash.pretend(Operation::trashThroughFinder, "/Users/me/a");
     fake.log->observe([&](const std::string &line) {
-        if (line.starts_with("deleteThroughFinder "))
+        if (line.starts_with("trashThroughFinder "))
             fake.files.failFacts("/Users/me/a");
     });
     EXPECT_TRUE(remove({{"/Users/me/a", 5}}).removed.empty());
@@ -852,7 +852,7 @@ TEST_F(RemovalOf, AnItemOnASystemWithoutOtherWaysSaysWhatTheTrashSaid)
     fake.files.addFile("/Users/me/a", 5);
     fake.files.addFolder("/Users/me/A.app");
     fake.trash.lack(Operation::recycle);
-    fake.trash.lack(Operation::deleteThroughFinder);
+    fake.trash.lack(Operation::trashThroughFinder);
     fake.trash.fail(Operation::trashItem, "/Users/me/a", "Trashing on this disk is not supported.");
     fake.trash.fail(Operation::trashItem, "/Users/me/A.app", "Trashing on this disk is not supported.");
     EXPECT_EQ(failureLines(remove({{"/Users/me/a", 5}, {"/Users/me/A.app", 5}})),
@@ -883,7 +883,7 @@ TEST_F(RemovalOf, AnItemNeverTurnsFromTheTrashToDeleting)
     for (const char *path : {"/Users/me/a", "/Users/me/A.app", "/Users/me/link"})
         fake.trash.fail(Operation::trashItem, path, "No.");
     fake.trash.lack(Operation::recycle);
-    fake.trash.lack(Operation::deleteThroughFinder);
+    fake.trash.lack(Operation::trashThroughFinder);
     fake.files.addFile("/Users/me/a", 5);
     fake.files.addFolder("/Users/me/A.app");
     fake.files.addLink("/Users/me/link", "/Users/me/a");

@@ -13,8 +13,8 @@ const char *nameOf(FakeTrash::Operation operation)
         return "trashItem";
     case FakeTrash::Operation::recycle:
         return "recycle";
-    case FakeTrash::Operation::deleteThroughFinder:
-        return "deleteThroughFinder";
+    case FakeTrash::Operation::trashThroughFinder:
+        return "trashThroughFinder";
     }
     return "";
 }
@@ -63,9 +63,9 @@ Expected<TrashedItem> FakeTrash::recycle(HeldFolder &folder, const std::string &
     return perform(Operation::recycle, joined(folder.path(), name));
 }
 
-Expected<void> FakeTrash::deleteThroughFinder(const std::string &path)
+Expected<void> FakeTrash::trashThroughFinder(const std::string &path)
 {
-    return perform(Operation::deleteThroughFinder, path).map([](const TrashedItem &) {});
+    return perform(Operation::trashThroughFinder, path).map([](const TrashedItem &) {});
 }
 
 void FakeTrash::forget(HeldFolder &folder, const std::string &name)

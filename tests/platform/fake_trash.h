@@ -11,10 +11,10 @@ namespace corvane {
 /// A Trash for tests: removes trashed items from the fake file system, or fails on request. Like on a Mac, it takes the
 /// item's path and resolves it at that time. Any thread.
 ///
-/// Recorded calls: "trashItem P", "recycle P", "deleteThroughFinder P", "forget P".
+/// Recorded calls: "trashItem P", "recycle P", "trashThroughFinder P", "forget P".
 class FakeTrash final : public Trash {
 public:
-    enum class Operation { trashItem, recycle, deleteThroughFinder };
+    enum class Operation { trashItem, recycle, trashThroughFinder };
 
     /// The Trash is ".Trash" in the home folder. `files` must outlive it.
     explicit FakeTrash(FakeFileSystem &files);
@@ -36,7 +36,7 @@ public:
 
     [[nodiscard]] Expected<TrashedItem> trashItem(HeldFolder &folder, const std::string &name) override;
     [[nodiscard]] Expected<TrashedItem> recycle(HeldFolder &folder, const std::string &name) override;
-    [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
+    [[nodiscard]] Expected<void> trashThroughFinder(const std::string &path) override;
     void forget(HeldFolder &folder, const std::string &name) override;
     [[nodiscard]] std::vector<std::string> trashFolders() override;
 

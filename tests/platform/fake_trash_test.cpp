@@ -39,8 +39,8 @@ TEST(FakeTrash, PretendedSuccessLeavesTheItem)
 {
     FakeHost fake;
     fake.files.addFile("/a/f", 1);
-    fake.trash.pretend(Operation::deleteThroughFinder, "/a/f");
-    EXPECT_TRUE(fake.trash.deleteThroughFinder("/a/f"));
+    fake.trash.pretend(Operation::trashThroughFinder, "/a/f");
+    EXPECT_TRUE(fake.trash.trashThroughFinder("/a/f"));
     EXPECT_TRUE(fake.files.has("/a/f"));
     EXPECT_THAT(fake.trash.trashed(), IsEmpty());
 }

@@ -29,13 +29,16 @@ public:
     }
 
     void addSwapFile(SwapFile file) { m_swapFiles.push_back(std::move(file)); }
-    void addDeletedFiles(HeldFiles files) { m_deletedFiles.push_back(std::move(files)); }
+    void addDeletedFiles(OpenDeletedFiles files) { m_deletedFiles.push_back(std::move(files)); }
     [[nodiscard]] std::vector<SwapFile> swapFiles() override { return m_swapFiles; }
-    [[nodiscard]] std::vector<HeldFiles> deletedFiles(const std::string & /*home*/) override { return m_deletedFiles; }
+    [[nodiscard]] std::vector<OpenDeletedFiles> deletedFiles(const std::string & /*home*/) override
+    {
+        return m_deletedFiles;
+    }
 
 private:
     std::vector<SwapFile> m_swapFiles; // set before the test begins
-    std::vector<HeldFiles> m_deletedFiles;
+    std::vector<OpenDeletedFiles> m_deletedFiles;
     const std::shared_ptr<CallLog> m_log;
     std::mutex m_mutex;
     std::map<std::string, VolumeFacts> m_facts; // guarded by m_mutex

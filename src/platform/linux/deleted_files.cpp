@@ -18,7 +18,7 @@
 #include "platform/block_count.h"
 #include "platform/file_descriptor.h"
 #include "platform/linux/folder_names.h"
-#include "platform/linux/process_number.h"
+#include "platform/linux/pid_from.h"
 
 namespace corvane {
 
@@ -78,7 +78,7 @@ std::string programName(int process)
 
 } // namespace
 
-std::vector<HeldFiles> openDeletedFiles(const std::string &home)
+std::vector<OpenDeletedFiles> openDeletedFiles(const std::string &home)
 {
     const Disk disk(home);
     std::map<std::string, std::int64_t> sizes; // keyed by program
@@ -89,7 +89,7 @@ std::vector<HeldFiles> openDeletedFiles(const std::string &home)
     FileDescriptor processes = open(AT_FDCWD, "/proc");
     const int all = processes.number();
     forEachName(std::move(processes), [&](const char *number) {
-        if (processNumber(number) == 0)
+        if (pidFrom(number) == 0)
             return;
         const FileDescriptor process = open(all, number);
         FileDescriptor files = process.isOpen() ? open(process.number(), "fd") : FileDescriptor();
@@ -111,11 +111,11 @@ std::vector<HeldFiles> openDeletedFiles(const std::string &home)
                 size = sum;
         });
     });
-    std::vector<HeldFiles> held;
+    std::vector<OpenDeletedFiles> held;
     held.reserve(sizes.size());
     for (const auto &[program, size] : sizes)
         held.push_back({program, size});
-    std::ranges::stable_sort(held, std::ranges::greater(), &HeldFiles::size);
+    std::ranges::stable_sort(held, std::ranges::greater(), &OpenDeletedFiles::size);
     return held;
 }
 

@@ -9,6 +9,6 @@ namespace corvane {
 
 /// Deleted files on the file systems of "/" and of the home folder that are still open, largest first; those opened by
 /// this user's programs, or by all programs if the user is root.
-[[nodiscard]] std::vector<HeldFiles> openDeletedFiles(const std::string &home);
+[[nodiscard]] std::vector<OpenDeletedFiles> openDeletedFiles(const std::string &home);
 
 } // namespace corvane

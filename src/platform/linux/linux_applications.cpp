@@ -16,7 +16,7 @@
 
 #include "platform/file_descriptor.h"
 #include "platform/linux/folder_names.h"
-#include "platform/linux/process_number.h"
+#include "platform/linux/pid_from.h"
 #include "platform/path.h"
 #include "platform/posix/real_path.h"
 #include "platform/posix/regular_file.h"
@@ -208,7 +208,7 @@ std::vector<std::int64_t> LinuxApplications::running(const ProgramMarks &app)
         return {};
     std::vector<std::int64_t> instances;
     forEachName(std::move(processes), [&](const char *name) {
-        const pid_t number = processNumber(name);
+        const pid_t number = pidFrom(name);
         if (number > 0 && number != ::getpid() && rule.covers(Process(m_processes, name)))
             instances.push_back(number);
     });

@@ -85,7 +85,7 @@ Expected<TrashedItem> LinuxTrash::recycle(HeldFolder &folder, const std::string 
     return lackingService("recycle", joined(folder.path(), name));
 }
 
-Expected<void> LinuxTrash::deleteThroughFinder(const std::string &path)
+Expected<void> LinuxTrash::trashThroughFinder(const std::string &path)
 {
     return lackingService("delete through the file manager", path);
 }

@@ -21,7 +21,7 @@ public:
     [[nodiscard]] Expected<TrashedItem> trashItem(HeldFolder &folder, const std::string &name) override;
 
     [[nodiscard]] Expected<TrashedItem> recycle(HeldFolder &folder, const std::string &name) override;
-    [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
+    [[nodiscard]] Expected<void> trashThroughFinder(const std::string &path) override;
 
     void endRequest() override { m_known.reset(); }
 

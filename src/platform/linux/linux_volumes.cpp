@@ -35,7 +35,7 @@ std::vector<SwapFile> LinuxVolumes::swapFiles()
     return listedSwapFiles();
 }
 
-std::vector<HeldFiles> LinuxVolumes::deletedFiles(const std::string &home)
+std::vector<OpenDeletedFiles> LinuxVolumes::deletedFiles(const std::string &home)
 {
     return openDeletedFiles(home);
 }

@@ -10,7 +10,7 @@ class LinuxVolumes final : public Volumes {
 public:
     [[nodiscard]] VolumeFacts facts(const std::string &path) override;
     [[nodiscard]] std::vector<SwapFile> swapFiles() override;
-    [[nodiscard]] std::vector<HeldFiles> deletedFiles(const std::string &home) override;
+    [[nodiscard]] std::vector<OpenDeletedFiles> deletedFiles(const std::string &home) override;
 };
 
 } // namespace corvane

@@ -16,7 +16,7 @@ public:
     [[nodiscard]] Expected<TrashedItem> recycle(HeldFolder &folder, const std::string &name) override;
 
     /// Succeeds if nothing is left at the path, whatever the Finder reported.
-    [[nodiscard]] Expected<void> deleteThroughFinder(const std::string &path) override;
+    [[nodiscard]] Expected<void> trashThroughFinder(const std::string &path) override;
 
     /// Does nothing: the Finder keeps its records of all items in one file, which it updates itself.
     void forget(HeldFolder &, const std::string &) override {}

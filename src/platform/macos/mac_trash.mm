@@ -141,7 +141,7 @@ Expected<TrashedItem> MacTrash::recycle(HeldFolder &folder, const std::string &n
     return withUrlOf(operation, folder, name, m_files, recycle);
 }
 
-Expected<void> MacTrash::deleteThroughFinder(const std::string &path)
+Expected<void> MacTrash::trashThroughFinder(const std::string &path)
 {
     constexpr const char *operation = "delete through the Finder";
     return guarded(operation, path, [&]() -> Expected<void> {

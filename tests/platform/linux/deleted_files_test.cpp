@@ -22,7 +22,7 @@ namespace {
 std::int64_t heldBy(const std::string &program, const std::string &home)
 {
     std::int64_t size = 0;
-    for (const HeldFiles &held : openDeletedFiles(home)) {
+    for (const OpenDeletedFiles &held : openDeletedFiles(home)) {
         if (held.program == program)
             size += held.size;
     }

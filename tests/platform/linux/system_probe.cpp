@@ -147,7 +147,7 @@ int run(std::string_view question, const std::string &subject)
             return host.trash.recycle(folder, name);
         }));
     if (question == "finder")
-        return tell(host.trash.deleteThroughFinder(subject));
+        return tell(host.trash.trashThroughFinder(subject));
     if (question == "open")
         return tell(host.desktop.openUrl(subject));
     if (question == "log") {
