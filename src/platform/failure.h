@@ -10,15 +10,15 @@
 
 namespace corvane {
 
-/// What a call of the kernel failed at, by its number for that (`errno`), and a sentence for people where there is a
-/// better one than the system's.
+/// The error of a failed system call. `code` is an `errno` value; pass it explicitly if making the other arguments may
+/// change `errno`. `text` is the message for users if there is a better one than the system's.
 [[nodiscard]] inline Error kernelError(std::string_view operation, std::string_view path, int code = errno,
                                        std::string text = {})
 {
     return {std::string(operation), std::string(path), {code, std::generic_category()}, std::move(text)};
 }
 
-/// The same, for a function to return.
+/// The same, as the return value of a function that returns an `Expected`.
 [[nodiscard]] inline tl::unexpected<Error> failure(std::string_view operation, std::string_view path, int code = errno,
                                                    std::string text = {})
 {

@@ -9,9 +9,9 @@
 
 namespace corvane {
 
-/// The folder that contains an item which is to be removed, held open from the judgement to the deed: wherever its
-/// path leads by then, what is asked here is asked of this folder. Names are those of items directly inside it. Used
-/// by one thread at a time.
+/// The folder that contains an item to be removed. It stays open from the checks to the removal, so that both concern
+/// the same folder even if its path leads elsewhere in between. Names are those of items directly inside it; a name
+/// that is empty, ".", ".." or contains "/" fails with EINVAL. Not thread-safe: one thread at a time.
 class HeldFolder {
 public:
     HeldFolder() = default;
@@ -19,28 +19,31 @@ public:
     HeldFolder &operator=(const HeldFolder &) = delete;
     virtual ~HeldFolder() = default;
 
-    /// The path by which it was opened: absolute, without a link on its way.
+    /// The path at which it was opened: absolute, with all links resolved.
     [[nodiscard]] virtual const std::string &path() const = 0;
 
+    /// All zeros if unknown.
     [[nodiscard]] virtual FolderIdentity identity() const = 0;
 
-    /// Links are not followed.
+    /// Does not follow links. Fails with ENOENT if no item has that name.
     [[nodiscard]] virtual Expected<ItemFacts> facts(const std::string &name) = 0;
 
-    /// Deletes an item and everything beneath it for good, or fails with `replacedMeanwhile` where the name belongs
-    /// to another item than `expected` by now. Links are deleted, never followed, and nothing that is mounted is
-    /// entered. An item inside that cannot be deleted does not keep the others: the error has the path of the first.
+    /// Permanently deletes an item with everything inside. Fails with `replacedMeanwhile` if the name no longer belongs
+    /// to `expected`, and with ENOENT if it belongs to no item. Links are deleted, never followed, and folders on other
+    /// mounts are not entered. Deletes as much as possible: the error is that of the first item inside that could not
+    /// be deleted, with its path, and `Error::inPart` tells whether any other was.
     [[nodiscard]] virtual Expected<void> removeItem(const std::string &name, const ItemIdentity &expected) = 0;
 
-    /// Moves an item to a name in another held folder of the same system; fails where that name is taken.
+    /// Moves an item, whichever has the name at that moment, to a name in a held folder of the same `FileSystem`. Fails
+    /// with EEXIST if the new name is taken, and with EXDEV if the folders are on different volumes.
     [[nodiscard]] virtual Expected<void> moveItem(const std::string &name, HeldFolder &target,
                                                   const std::string &newName) = 0;
 
-    /// The system's number of the open folder; -1 where it has none.
+    /// The descriptor of the open folder, which remains owned by this object; -1 if it has none.
     [[nodiscard]] virtual int descriptor() const = 0;
 };
 
-/// The failure of an operation that met another item than the one that was judged.
+/// The error (ESTALE) of an operation that found a different item from the one that was checked.
 [[nodiscard]] Error replacedMeanwhile(std::string_view operation, std::string_view path);
 
 } // namespace corvane

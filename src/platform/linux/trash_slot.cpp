@@ -30,8 +30,9 @@ std::string linkTarget(const std::string &path)
     return target;
 }
 
-/// The path of an open folder that leads to nothing else. Under the number of the process rather than "self", so that
-/// it is the same folder to whoever reads it. Empty where the kernel's view of processes is not at hand.
+/// A path through the folder's descriptor ("/proc/PID/fd/N"), which leads to this folder even after it has been moved.
+/// Contains the PID instead of "self", so that it is valid in other processes as well. Empty if "/proc" is missing or
+/// belongs to another PID namespace.
 std::string anchoredPath(int folder)
 {
     const std::string process = linkTarget("/proc/self");
@@ -45,7 +46,7 @@ std::string anchoredPath(int folder)
     return leadsHere ? path : std::string();
 }
 
-/// GIO's sentence names the stand-in; people know the item.
+/// GIO's error, with the item's path instead of the stand-in's in its message.
 Error errorOfItem(const GError &error, const std::string &itemPath, const std::string &standInPath)
 {
     Error result = gioError(moveToTrash, itemPath, error);
@@ -56,7 +57,8 @@ Error errorOfItem(const GError &error, const std::string &itemPath, const std::s
 
 } // namespace
 
-/// The fresh folder with the stand-in; both are gone after it.
+/// A new folder beside the item that contains the stand-in. The destructor removes the folder, and the stand-in if GIO
+/// has not moved it.
 class TrashSlot::Stage {
 public:
     Stage(HeldFolder &parent, const std::string &itemName)
@@ -84,8 +86,9 @@ public:
         errno = kept;
     }
 
-    /// Not open, with `errno` set, where it could not be made. To be taken once.
+    /// Not open, with `errno` set, if the folder or the stand-in could not be created. Call once.
     [[nodiscard]] FileDescriptor takeStandIn() { return std::move(m_standIn); }
+    /// The folder's path, through its descriptor if possible.
     [[nodiscard]] const std::string &path() const { return m_path; }
 
 private:
@@ -113,15 +116,15 @@ Expected<TrashSlot> TrashSlot::make(HeldFolder &folder, const std::string &name)
     if (!slot.m_standIn.isOpen())
         return tl::unexpected(slot.failure(errno));
     const std::string standIn = joined(stage.path(), name);
-    // The local files' own implementation: the default one may leave the work to a service on the session bus.
-    // GIO tells the default one of the move afterwards; without a bus that comes to nothing and does no harm.
+    // The default GVfs may delegate to a service on the session bus; the local one does the work in this process. It
+    // still notifies the default one of the move, which has no effect without a bus.
     const GObjectPointer<GFile> file(g_vfs_get_file_for_path(g_vfs_get_local(), standIn.c_str()));
     GError *problem = nullptr;
     if (!g_file_trash(file.get(), nullptr, &problem)) {
         const GErrorPointer owner(problem);
         return tl::unexpected(errorOfItem(*problem, joined(folder.path(), name), standIn));
     }
-    // The Trash may have been made just now.
+    // Look up the places again, because GIO may just have created the Trash.
     if (!slot.find(trashPlacesFor(folder.descriptor(), folder.path())) || !slot.completeRecord()) {
         Error error = slot.failure(EIO);
         error.text = "The Trash could not record where the item came from.";
@@ -190,7 +193,8 @@ bool TrashSlot::recordIsOurs() const
 Expected<void> TrashSlot::fill()
 {
     const int items = m_trash.items.number();
-    // Where the Trash was emptied and filled meanwhile, the name may belong to an item of somebody else by now.
+    // If the Trash has been emptied and used again meanwhile, the name may belong to another program's item. So move it
+    // aside and delete it only if it is the stand-in.
     const std::string aside = uniqueName(".corvane-");
     const bool isAside = moveAt(items, m_slotName, items, aside);
     if (!isAside || !isAt(m_standIn.number(), items, aside) || !recordIsOurs()) {
@@ -198,7 +202,7 @@ Expected<void> TrashSlot::fill()
             (void)moveAt(items, aside, items, m_slotName);
         return tl::unexpected(changedMeanwhile());
     }
-    m_standIn = FileDescriptor(); // network file systems keep an open file in the folder under a name of their own
+    m_standIn = FileDescriptor(); // NFS would rename a deleted file that is open, and keep it in the folder
     const bool isMoved =
         ::unlinkat(items, aside.c_str(), 0) == 0 && moveIntoTrash(m_source->descriptor(), m_name, items, m_slotName);
     if (!isMoved)
@@ -211,7 +215,7 @@ Expected<void> TrashSlot::fill()
 
 TrashSlot::~TrashSlot()
 {
-    // Moved from, or filled: the folders are somebody else's.
+    // Nothing is to be removed after a move of this object or of the item.
     if (!m_isWaiting || !m_trash.records.isOpen())
         return;
     if (isAt(m_standIn.number(), m_trash.items.number(), m_slotName))

@@ -13,21 +13,26 @@ namespace corvane {
 /// The Trash that GIO has chosen for an item.
 struct ChosenTrash {
     OpenTrash trash;
-    bool notesWholePaths = true; ///< else paths that start at the top of its volume
+    bool notesWholePaths = true; ///< whether its records hold absolute paths; otherwise relative to its volume's top
 };
 
-/// A place in the Trash that waits for one item: its name is taken, and its record names where the item comes from.
+/// A name reserved in the Trash for one item, with a record of where the item comes from. Used by one thread.
 ///
-/// GIO moves what a path leads to, and follows whatever has taken a folder's place on the way by then; and of an item
-/// under the home it notes the very text of the path. So GIO is given an empty stand-in of the item's name, in a fresh
-/// folder beside the item that is reached by its file number alone: GIO chooses the volume's Trash, makes it, finds
-/// the name and writes the record, and nothing else can be hit. The record then gets the item's own path in place
-/// of the stand-in's. The item itself is moved last, from the held folder to the place, so whenever the program is
-/// ended the item is at its own place or in the Trash with a record that tells the way back; what may be left over
-/// is an empty file. One thread.
+/// GIO takes a path and trashes whatever that leads to by then, even if a folder on it has been replaced; and for the
+/// Trash in the home folder it records the path as given. So GIO gets an empty stand-in instead, in a new folder beside
+/// the item, by a path through that folder's descriptor ("/proc" permitting), which cannot lead elsewhere. GIO chooses
+/// the volume's Trash, creates it if missing, picks the name and writes the record. Then the stand-in's path in the
+/// record is replaced by the item's, and at last the item is moved from the held folder to the reserved name.
+///
+/// If the program is killed, the item is therefore either in its original place or in the Trash with its record. What
+/// may be left over are a folder ".corvane-…" beside the item, with the empty stand-in, and in the Trash the stand-in,
+/// under the item's name or ".corvane-…", and records of items that are not there.
 class TrashSlot {
 public:
-    /// `folder` outlives the object.
+    /// Reserves a name for the item called `name`, which is not touched; `folder` must outlive the object. Fails with
+    /// GIO's error and message; with the system's error if the stand-in cannot be created beside the item, or an item
+    /// without a record in the Trash cannot be protected from GIO (`NameReservation`); with EIO if the record cannot be
+    /// given the item's path, or the stand-in is not found in the Trash, where it then remains.
     [[nodiscard]] static Expected<TrashSlot> make(HeldFolder &folder, const std::string &name);
 
     TrashSlot(TrashSlot &&) = default;
@@ -35,16 +40,18 @@ public:
     TrashSlot(const TrashSlot &) = delete;
     TrashSlot &operator=(const TrashSlot &) = delete;
 
-    /// Takes the stand-in and its record out of the Trash again, unless the item has been moved.
+    /// Removes the stand-in and its record from the Trash, unless the item has been moved there.
     ~TrashSlot();
 
-    /// Moves the item in, whatever has its name in the folder at this moment.
+    /// Moves the item, whichever has the name in the folder at this moment, to the reserved name. Does not replace
+    /// another item that has taken that name. Fails with EBUSY if another program has changed the Trash, otherwise with
+    /// the error of the move; the item is then in its original place. Call once.
     [[nodiscard]] Expected<void> fill();
 
-    /// The Trash in which the place lies. To be taken once the item has been moved in.
+    /// The Trash that holds the item. Call after a successful `fill`.
     [[nodiscard]] ChosenTrash release() &&;
 
-    /// The name there.
+    /// The reserved name in the Trash.
     [[nodiscard]] const std::string &name() const { return m_slotName; }
 
 private:
@@ -52,8 +59,11 @@ private:
 
     class Stage;
 
+    /// Finds the stand-in in one of these Trash folders and opens its record; false if it is in none of them.
     [[nodiscard]] bool find(const std::vector<TrashPlace> &places);
+    /// Replaces the stand-in's path in the record by the item's.
     [[nodiscard]] bool completeRecord();
+    /// Whether the record in the Trash is still the one that GIO has written.
     [[nodiscard]] bool recordIsOurs() const;
     [[nodiscard]] Error failure(int code) const;
     [[nodiscard]] Error changedMeanwhile() const;
@@ -62,11 +72,11 @@ private:
     std::string m_name;
     OpenTrash m_trash;
     std::string m_slotName;
-    // Held open, so that nothing else can get their numbers while they are compared.
+    // Kept open, so that their inode numbers cannot be reused while they are compared.
     FileDescriptor m_standIn;
     FileDescriptor m_record;
     bool m_notesWholePaths = true;
-    bool m_isWaiting = false; // the stand-in lies in the Trash, or its record alone
+    bool m_isWaiting = false; // the Trash contains the stand-in or its record, and not the item
 };
 
 } // namespace corvane

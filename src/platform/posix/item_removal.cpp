@@ -24,7 +24,8 @@ namespace {
 
 constexpr const char *operationName = "delete";
 
-/// Makes a folder of the user's own writable to its owner; others stay as they are.
+/// Adds the owner's write permission to a folder that belongs to the user. Does not report failures, because deleting
+/// the folder's contents then fails.
 void makeWritable(int folder)
 {
     constexpr mode_t permissions = 07777;
@@ -33,22 +34,22 @@ void makeWritable(int folder)
         (void)::fchmod(folder, (facts.st_mode & permissions) | S_IWUSR);
 }
 
-/// Empties one folder from the bottom up.
+/// Deletes the contents of one folder, innermost folders first.
 class FolderEmptying {
 public:
-    /// `mount` is that of the folder which contains the item.
+    /// `path` is the folder's path, for errors. Only folders on `mount`, the mount of its parent, are entered.
     FolderEmptying(std::string path, const Mount &mount, ItemRemoval::ReadOnlyFolders readOnlyFolders)
         : m_path(std::move(path)), m_mount(mount), m_readOnlyFolders(readOnlyFolders)
     {
     }
 
-    /// Fails with the first item that resisted; the others are deleted.
+    /// Deletes as much as possible. Fails with the error of the first item that could not be deleted.
     Expected<void> empty(std::unique_ptr<OpenFolder> top)
     {
         enter(std::move(top), {});
         while (!m_levels.empty()) {
             Level &level = m_levels.back();
-            // Where the way back to a folder is lost, nothing above it can be reached any more.
+            // If a parent folder cannot be reopened, none of the folders above it can be reached.
             if (!(level.subfolders.empty() ? leave() : goDown(level)))
                 break;
         }
@@ -63,9 +64,10 @@ public:
 private:
     struct Level {
         std::string name;
-        std::vector<std::string> subfolders; // those still to be deleted
+        std::vector<std::string> subfolders; // still to be deleted
     };
 
+    /// Enters or deletes the next subfolder of the innermost folder. False if the walk cannot continue.
     bool goDown(Level &level)
     {
         const std::string name = std::move(level.subfolders.back());
@@ -81,8 +83,8 @@ private:
             return true;
         }
         const int descriptor = parent->descriptor();
-        // One that may not be looked into can still be deleted while it is empty, and so can a link or a file
-        // that has taken the folder's place.
+        // A folder that cannot be opened can still be deleted if it is empty. If a link or a file has replaced it,
+        // delete that: it is inside the item as well.
         if (child.error().code.value() == ENOENT)
             return true;
         if (::unlinkat(descriptor, name.c_str(), AT_REMOVEDIR) == 0 ||
@@ -93,7 +95,8 @@ private:
         return true;
     }
 
-    /// A folder that cannot be entered is passed over.
+    /// Lists a folder, makes it the innermost one and deletes everything directly inside except subfolders. Skips a
+    /// folder on another mount.
     void enter(std::unique_ptr<OpenFolder> folder, const std::string &name)
     {
         const std::optional<Mount> mount = Mount::of(folder->descriptor());
@@ -121,13 +124,15 @@ private:
         }
     }
 
+    /// Deletes the innermost folder, which has been emptied, and returns to its parent. False if the walk cannot
+    /// continue.
     bool leave()
     {
         const std::string name = std::move(m_levels.back().name);
         m_levels.pop_back();
         m_folders.pop();
         if (m_folders.empty())
-            return true; // the top itself is deleted by the caller
+            return true; // the caller deletes the top folder
         OpenFolder *const parent = m_folders.innermost();
         if (!parent) {
             noteFailure("open", ESTALE, name);
@@ -136,11 +141,11 @@ private:
         if (::unlinkat(parent->descriptor(), name.c_str(), AT_REMOVEDIR) == 0)
             m_hasDeleted = true;
         else if (errno != ENOENT)
-            noteFailure("delete", errno, name); // of a folder that is not empty, what is in it came first
+            noteFailure("delete", errno, name); // what failed inside has been noted before
         return true;
     }
 
-    /// The failure of an item of that name in the folder where the walk stands. The first one is kept.
+    /// Keeps the first failure only. `name` is that of an item in the innermost folder; empty for the folder itself.
     void noteFailure(const char *operation, int code, std::string_view name = {}, std::string text = {})
     {
         if (!m_firstFailure)
@@ -161,7 +166,7 @@ private:
     const Mount m_mount;
     const ItemRemoval::ReadOnlyFolders m_readOnlyFolders;
     FolderChain m_folders;
-    std::vector<Level> m_levels; // the same folders
+    std::vector<Level> m_levels; // the folders of m_folders, in the same order
     std::optional<Error> m_firstFailure;
     bool m_hasDeleted = false;
 };
@@ -178,19 +183,20 @@ Expected<void> ItemRemoval::remove(const std::string &name, const ItemIdentity &
     return expected.type == EntryType::directory ? removeFolder(name, expected) : removeFile(name, expected);
 }
 
-/// The kernel deletes by name only, and the name may belong to another file by then: a program may just be putting a
-/// newer version there. So the file first gets a name of its own, and is looked at under it.
+/// unlink() takes a name, and another program may just have given that name to another file, as when it saves a newer
+/// version. So the file is renamed to a unique name first, and deleted only if the file with that name is the expected
+/// one; any other file gets its name back.
 Expected<void> ItemRemoval::removeFile(const std::string &name, const ItemIdentity &expected) const
 {
     const std::string path = joined(m_parentPath, name);
-    constexpr std::size_t longest = 200; // a name has at most 255 bytes, and the ending takes its share
+    constexpr std::size_t longest = 200; // bytes; a name may have 255, and the suffix takes 25
     const std::string aside = uniqueName(std::string(startOf(name, longest)) + ".corvane-");
     if (!moveAt(m_parent, name, m_parent, aside)) {
         if (errno == ENOENT)
             return failure(operationName, path, errno);
         if (!isStill(name, expected))
             return tl::unexpected(replacedMeanwhile(operationName, path));
-        // On a full disk there may be no room for another name, but room for one fewer.
+        // A full disk may have no space left to rename a file, but deleting one still works.
         return ::unlinkat(m_parent, name.c_str(), 0) == 0 ? Expected<void>{} : failure(operationName, path, errno);
     }
     if (!isStill(aside, expected)) {
@@ -207,6 +213,8 @@ Expected<void> ItemRemoval::removeFile(const std::string &name, const ItemIdenti
     return failure(operationName, path, code);
 }
 
+/// Empties the folder through its descriptor, after comparing the identity of the open folder. If another folder gets
+/// the name after the last check, rmdir() deletes that one only if it is empty.
 Expected<void> ItemRemoval::removeFolder(const std::string &name, const ItemIdentity &expected) const
 {
     const std::string path = joined(m_parentPath, name);

@@ -8,18 +8,19 @@
 
 namespace corvane {
 
-/// Deletes one item of an open folder for good; one thread.
+/// Permanently deletes single items of an open folder. Implements `HeldFolder::removeItem` for all systems. Used by one
+/// thread.
 class ItemRemoval {
 public:
-    /// Opens the folder of that name inside the one with that number, never through a link.
+    /// Opens the folder with that name inside the one with that descriptor. Must not follow a link.
     using OpenInside = std::function<Expected<std::unique_ptr<OpenFolder>>(int, const std::string &)>;
 
-    /// What becomes of the user's own folders inside that may not be written to: they and their contents resist, or
+    /// What happens to folders inside that belong to the user and are not writable: deleting their contents fails, or
     /// they are made writable first.
     enum class ReadOnlyFolders { resist, yield };
 
-    /// `parent` is the number of the folder that contains the item and `parentPath` its path, for what is said of
-    /// failures.
+    /// `parent` is the descriptor of the folder that contains the item, and `parentPath` its path, which is used in
+    /// errors only. Both must outlive the object.
     ItemRemoval(int parent, const std::string &parentPath, OpenInside openInside,
                 ReadOnlyFolders readOnlyFolders = ReadOnlyFolders::resist)
         : m_parent(parent),
@@ -29,7 +30,8 @@ public:
     {
     }
 
-    /// As `HeldFolder::removeItem`.
+    /// As `HeldFolder::removeItem`; `name` must be the name of an item (`isItemName`). While a file is being deleted,
+    /// it has a unique name that ends in ".corvane-" and 16 digits; if the program is killed then, it keeps that name.
     [[nodiscard]] Expected<void> remove(const std::string &name, const ItemIdentity &expected) const;
 
 private:
