@@ -45,7 +45,7 @@ public:
         for (const std::string &argument : arguments) {
             if (m_optionsMayFollow && argument == "--")
                 m_optionsMayFollow = false;
-            else if (m_optionsMayFollow && isOption(argument))
+            else if (m_optionsMayFollow && isOption(argument) && !isValue(argument))
                 takeOption(argument);
             else if (m_needsValue != nullptr)
                 m_line.arguments.add(std::exchange(m_needsValue, nullptr)->name, argument);
@@ -64,6 +64,13 @@ public:
     }
 
 private:
+    /// Whether an argument that begins with a dash is the value of the option before it, such as "-1". Two dashes are
+    /// more likely a mistyped option.
+    [[nodiscard]] bool isValue(std::string_view argument) const
+    {
+        return m_needsValue != nullptr && !argument.starts_with("--") && optionWritten(argument) == nullptr;
+    }
+
     void takeWord(const std::string &word)
     {
         if (m_line.command != nullptr) {

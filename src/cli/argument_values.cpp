@@ -14,6 +14,7 @@ namespace corvane {
 
 namespace {
 
+constexpr std::int64_t mostBytes = std::numeric_limits<std::int64_t>::max();
 constexpr int mostMonths = 12 * 1'000;
 constexpr std::size_t mostLevels = 100;
 constexpr std::size_t mostLines = 1'000'000'000;
@@ -29,11 +30,17 @@ std::optional<Number> numberIn(std::string_view text, Number least, Number most)
     return number;
 }
 
+template <typename Number>
+std::string numberFrom(std::string_view noun, Number least, Number most)
+{
+    return fmt::format("a number of {}, from {} to {}", noun, least, most);
+}
+
 } // namespace
 
 std::optional<std::int64_t> byteCount(std::string_view text)
 {
-    return numberIn<std::int64_t>(text, 0, std::numeric_limits<std::int64_t>::max());
+    return numberIn<std::int64_t>(text, 0, mostBytes);
 }
 
 std::optional<int> monthCount(std::string_view text)
@@ -49,6 +56,26 @@ std::optional<std::size_t> lineCount(std::string_view text)
 std::optional<std::size_t> levelCount(std::string_view text)
 {
     return numberIn<std::size_t>(text, 1, mostLevels);
+}
+
+std::string validBytes()
+{
+    return numberFrom<std::int64_t>("bytes without a unit", 0, mostBytes);
+}
+
+std::string validMonths()
+{
+    return numberFrom("months", 1, mostMonths);
+}
+
+std::string validLines(std::string_view noun)
+{
+    return numberFrom<std::size_t>(noun, 1, mostLines);
+}
+
+std::string validLevels()
+{
+    return numberFrom<std::size_t>("levels", 1, mostLevels);
 }
 
 std::optional<FileType> fileTypeNamed(std::string_view text)

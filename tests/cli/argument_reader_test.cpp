@@ -56,6 +56,20 @@ TEST(ArgumentReader, AnOptionIsNoValue)
     EXPECT_EQ(read({"large", ".", "--name"}).fault, "--name needs a value");
 }
 
+TEST(ArgumentReader, AValueMayBeginWithOneDash)
+{
+    const CommandLine line = read({"large", ".", "--min", "-1", "--name", "-draft", "--exclude", "-"});
+    EXPECT_FALSE(line.fault.has_value());
+    EXPECT_EQ(line.arguments.text("min"), "-1");
+    EXPECT_EQ(line.arguments.text("name"), "-draft");
+    EXPECT_EQ(line.arguments.text("exclude"), "-");
+    EXPECT_EQ(line.arguments.paths, std::vector<std::string>{"."});
+
+    EXPECT_EQ(read({"remove", "a", "--units", "-y"}).fault, "--units needs a value");
+    EXPECT_EQ(read({"scan", "--depth", "--tpo", "3"}).fault, "unknown option \"--tpo\" (did you mean \"--top\"?)");
+    EXPECT_EQ(read({"scan", "--files", "-1"}).fault, "unknown option \"-1\"");
+}
+
 TEST(ArgumentReader, AnUnknownOptionComesBeforeOtherFaults)
 {
     EXPECT_EQ(read({"map", "--bogus"}).fault, "unknown option \"--bogus\"");

@@ -140,7 +140,7 @@ void writeDuplicatesTable(const DuplicatesFound &found, std::span<const FolderSc
 ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
 {
     const bool json = arguments.has("json");
-    const std::optional<std::size_t> most = arguments.value("top", lineCount, "a number of groups");
+    const std::optional<std::size_t> most = arguments.value("top", lineCount, validLines("groups"));
     const auto scans = FolderScan::ofArguments(arguments, FolderScan::Extent::treeAndSummary, console, host.files);
     if (!scans)
         return scans.error();

@@ -94,7 +94,7 @@ void writeFileListTable(const FoundFiles &found, std::span<const FolderScan> sca
 template <typename List>
 ExitStatus writeFilesOf(const Arguments &arguments, Console &console, const Host &host, const List &list)
 {
-    const std::optional<std::size_t> most = arguments.value("top", lineCount, "a number of lines");
+    const std::optional<std::size_t> most = arguments.value("top", lineCount, validLines("files"));
     const ItemOrder order = arguments.value("sort", fileOrderNamed, "size, name or modified").value_or(ItemOrder::size);
     const auto scans = FolderScan::ofArguments(arguments, FolderScan::Extent::treeAndSummary, console, host.files);
     if (!scans)
@@ -117,7 +117,7 @@ ExitStatus writeFilesOf(const Arguments &arguments, Console &console, const Host
 template <typename Filter>
 void setCommon(const Arguments &arguments, Filter &filter)
 {
-    filter.minSize = arguments.value("min", byteCount, "a number of bytes").value_or(filter.minSize);
+    filter.minSize = arguments.value("min", byteCount, validBytes()).value_or(filter.minSize);
     filter.query = arguments.text("name").value_or("");
 }
 
@@ -137,7 +137,7 @@ ExitStatus runLarge(const Arguments &arguments, Console &console, const Host &ho
 ExitStatus runOld(const Arguments &arguments, Console &console, const Host &host)
 {
     OldFilesFilter filter;
-    filter.months = arguments.value("months", monthCount, "a number of months").value_or(filter.months);
+    filter.months = arguments.value("months", monthCount, validMonths()).value_or(filter.months);
     setCommon(arguments, filter);
     return writeFilesOf(arguments, console, host, [&](const FileList &files) {
         FoundFiles found{.title = "Old Files", .subtitle = {}, .none = "Nothing stale here", .files = {}};

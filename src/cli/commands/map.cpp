@@ -138,7 +138,8 @@ std::optional<Rect> mapSize(std::string_view text)
 
 ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
 {
-    const Rect size = arguments.value("size", mapSize, "WIDTHxHEIGHT, such as 900x600", "size").value_or(usualSize);
+    const std::string validSize = fmt::format("WIDTHxHEIGHT, such as 900x600, each from 1 to {}", largestSide);
+    const Rect size = arguments.value("size", mapSize, validSize, "size").value_or(usualSize);
     const ScanFilter filter = FolderScan::filterOf(arguments);
     const Judged<std::string> folder = existingFolder(arguments.paths.front(), host.files);
     if (!folder) {
@@ -147,6 +148,8 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
     }
     const bool json = arguments.has("json");
     const std::optional<std::string> svgFile = arguments.text("svg");
+    if (svgFile && svgFile->empty())
+        throw UsageError("\"\" is not a valid --svg; use the name of a file, or \"-\" for standard output");
     const bool picturesToOutput = svgFile == standardOutput;
     if (picturesToOutput && json) {
         console.complain("--json and --svg - cannot both write to standard output; give --svg a file name");

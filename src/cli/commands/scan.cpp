@@ -341,8 +341,8 @@ void writeTable(const FolderScan &scan, const View &view, std::string_view home,
 ExitStatus run(const Arguments &given, Console &console, const Host &host)
 {
     const bool json = given.has("json");
-    const View view{.depth = given.value("depth", levelCount, "a number of levels, from 1 to 100"),
-                    .most = given.value("top", lineCount, "a number of lines"),
+    const View view{.depth = given.value("depth", levelCount, validLevels()),
+                    .most = given.value("top", lineCount, validLines()),
                     .order = given.value("sort", orderNamed, "size, files, name or modified").value_or(ItemOrder::size),
                     .countsFiles = given.has("files") || given.text("sort") == "files"};
     Arguments arguments = given;

@@ -83,7 +83,8 @@ TEST_F(FileListsCommandTest, TheTableHasSizeDateAndPath)
 TEST_F(FileListsCommandTest, InvalidValuesAreRefusedWithAHint)
 {
     EXPECT_EQ(run({"large", "set", "--min", "1 GB"}).errors,
-              "corvane-cli: \"1 GB\" is not a valid --min; use a number of bytes; see \"corvane-cli large --help\"\n");
+              "corvane-cli: \"1 GB\" is not a valid --min; use a number of bytes without a unit, from 0 to "
+              "9223372036854775807; see \"corvane-cli large --help\"\n");
     EXPECT_EQ(run({"large", "set", "--type", "folder"}).exitStatus, 2);
     EXPECT_EQ(run({"old", "set", "--months", "0"}).exitStatus, 2);
     EXPECT_EQ(run({"old", "set", "--months", "99999999999"}).exitStatus, 2);

@@ -89,13 +89,14 @@ TEST_F(MapCommandTest, TilesFillTheSizeThatIsAskedFor)
 
 TEST_F(MapCommandTest, ASizeThatIsNoneIsRefused)
 {
-    for (const char *const size : {"900", "900x", "x600", "0x600", "900x-1", "900x600x2", "900 x 600", "1e3x5", "",
-                                   "200000x5", "99999999999999999999x5", "900X600"}) {
+    for (const char *const size : {"900", "900x", "x600", "0x600", "900x-1", "-1", "-1x-1", "900x600x2", "900 x 600",
+                                   "1e3x5", "", "200000x5", "99999999999999999999x5", "900X600"}) {
         const ProgramResult result = run({"map", "tree", "--size", size});
         EXPECT_EQ(result.exitStatus, 2) << size;
-        EXPECT_EQ(result.errors,
-                  "corvane-cli: \"" + std::string(size) +
-                      "\" is not a valid size; use WIDTHxHEIGHT, such as 900x600; see \"corvane-cli map --help\"\n");
+        EXPECT_EQ(result.errors, "corvane-cli: \"" + std::string(size) +
+                                     "\" is not a valid size; use WIDTHxHEIGHT, such as 900x600, each from 1 to "
+                                     "100000; see \"corvane-cli map "
+                                     "--help\"\n");
     }
 }
 

@@ -227,7 +227,8 @@ TEST_F(ScanOptionsTest, AValueOutsideItsRangeIsRefusedWithWhatWouldBeValid)
     };
     EXPECT_EQ(complaint({"scan", "--depth", "0"}),
               "corvane-cli: \"0\" is not a valid --depth; use a number of levels, from 1 to 100");
-    EXPECT_EQ(complaint({"scan", "--top", "x"}), "corvane-cli: \"x\" is not a valid --top; use a number of lines");
+    EXPECT_EQ(complaint({"scan", "--top", "x"}),
+              "corvane-cli: \"x\" is not a valid --top; use a number of lines, from 1 to 1000000000");
     EXPECT_EQ(complaint({"scan", "--sort", "age"}),
               "corvane-cli: \"age\" is not a valid --sort; use size, files, name or modified");
     EXPECT_EQ(complaint({"large", "tree", "--sort", "files"}),
@@ -236,6 +237,53 @@ TEST_F(ScanOptionsTest, AValueOutsideItsRangeIsRefusedWithWhatWouldBeValid)
               "corvane-cli: \"KB\" is not a valid --units; use decimal, binary or bytes");
     EXPECT_EQ(complaint({"--color", "red", "snapshots"}),
               "corvane-cli: \"red\" is not a valid --color; use auto, always or never");
+}
+
+TEST_F(ScanOptionsTest, EveryValueThatMakesNoSenseIsNamedWithWhatTheOptionTakes)
+{
+    struct Case {
+        std::vector<std::string> arguments; // the command with its path, and the option
+        std::string valid;
+    };
+    const std::vector<Case> cases{
+        {{"scan", "tree", "--depth"}, "use a number of levels, from 1 to 100"},
+        {{"scan", "tree", "--top"}, "use a number of lines, from 1 to 1000000000"},
+        {{"large", "tree", "--top"}, "use a number of files, from 1 to 1000000000"},
+        {{"old", "tree", "--top"}, "use a number of files, from 1 to 1000000000"},
+        {{"duplicates", "tree", "--top"}, "use a number of groups, from 1 to 1000000000"},
+        {{"large", "tree", "--min"}, "use a number of bytes without a unit, from 0 to 9223372036854775807"},
+        {{"old", "tree", "--min"}, "use a number of bytes without a unit, from 0 to 9223372036854775807"},
+        {{"old", "tree", "--months"}, "use a number of months, from 1 to 12000"},
+        {{"scan", "tree", "--sort"}, "use size, files, name or modified"},
+        {{"large", "tree", "--sort"}, "use size, name or modified"},
+        {{"large", "tree", "--type"}, "use one of video, image, audio, archive, diskImage, app, document, code, other"},
+        {{"scan", "tree", "--units"}, "use decimal, binary or bytes"},
+        {{"scan", "tree", "--color"}, "use auto, always or never"},
+    };
+    for (const auto &[start, valid] : cases) {
+        for (const char *const value : {"", "x", "-1", "-x", "1e99", "99999999999999999999", "10 parsecs", "1.5"}) {
+            std::vector<std::string> arguments = start;
+            arguments.emplace_back(value);
+            const ProgramResult result = run(arguments);
+            EXPECT_EQ(result.exitStatus, 2);
+            EXPECT_EQ(result.out, "");
+            EXPECT_EQ(result.errors, "corvane-cli: \"" + arguments.back() + "\" is not a valid " + start.back() + "; " +
+                                         valid + "; see \"corvane-cli " + start.front() + " --help\"\n");
+        }
+    }
+    for (const char *const option : {"--depth", "--top"}) {
+        const ProgramResult result = run({"scan", "tree", option, "0"});
+        EXPECT_EQ(result.exitStatus, 2);
+        EXPECT_NE(result.errors.find(", from 1 to 100"), std::string::npos) << result.errors;
+    }
+}
+
+TEST_F(ScanOptionsTest, AnEmptyFileNameForThePictureIsRefused)
+{
+    const ProgramResult result = run({"map", "tree", "--svg", ""});
+    EXPECT_EQ(result.exitStatus, 2);
+    EXPECT_EQ(result.errors, "corvane-cli: \"\" is not a valid --svg; use the name of a file, or \"-\" for standard "
+                             "output; see \"corvane-cli map --help\"\n");
 }
 
 TEST_F(ScanOptionsTest, ColorsFollowTheOptionBeforeEverythingElse)
