@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "core/nearest_name.h"
 
@@ -19,6 +20,40 @@ std::string unknownOption(std::string_view argument)
     return error;
 }
 
+/// Whether the argument is one of these options, which Qt takes with one dash or two.
+bool isOneOf(std::span<const std::string_view> options, std::string_view argument)
+{
+    if (!argument.starts_with('-'))
+        return false;
+    argument.remove_prefix(argument.starts_with("--") ? 2 : 1);
+    return std::ranges::find(options, argument) != options.end();
+}
+
+/// Whether Qt takes the argument after this one too.
+bool isQtOptionWithValue(std::string_view argument)
+{
+    // The last six on X11 only.
+    constexpr std::array<std::string_view, 16> options{"platform",      "platformpluginpath",
+                                                       "platformtheme", "plugin",
+                                                       "session",       "qwindowgeometry",
+                                                       "qwindowtitle",  "qwindowicon",
+                                                       "style",         "qmljsdebugger",
+                                                       "geometry",      "title",
+                                                       "icon",          "display",
+                                                       "name",          "visual"};
+    return isOneOf(options, argument);
+}
+
+bool isQtOption(std::string_view argument)
+{
+    constexpr std::array<std::string_view, 4> flags{"reverse", "nograb", "dograb", "testability"};
+    const std::size_t equals = argument.find('=');
+    if (equals == std::string_view::npos)
+        return isOneOf(flags, argument);
+    constexpr std::array<std::string_view, 2> withEquals{"style", "qmljsdebugger"};
+    return isOneOf(withEquals, argument.substr(0, equals));
+}
+
 } // namespace
 
 CommandLine CommandLine::parse(std::span<const std::string_view> arguments)
@@ -26,8 +61,13 @@ CommandLine CommandLine::parse(std::span<const std::string_view> arguments)
     CommandLine line;
     bool optionsEnded = false;
     bool hasFolder = false;
+    bool isValueForQt = false;
     for (const std::string_view argument : arguments) {
-        if (!optionsEnded && argument == "--") {
+        if (std::exchange(isValueForQt, false) || (!optionsEnded && isQtOption(argument)))
+            continue;
+        if (!optionsEnded && isQtOptionWithValue(argument)) {
+            isValueForQt = true;
+        } else if (!optionsEnded && argument == "--") {
             optionsEnded = true;
         } else if (!optionsEnded && (argument == "--help" || argument == "-h")) {
             return {.request = Request::help, .folder = {}, .error = {}};

@@ -14,7 +14,8 @@ struct CommandLine {
     std::string folder; ///< to scan at once, as typed; empty for none
     std::string error;  ///< one line, if the request is wrong
 
-    /// `arguments` without the program's own name.
+    /// `arguments` without the program's own name. Skips the options that Qt takes, so that all others can be checked
+    /// before Qt is started.
     [[nodiscard]] static CommandLine parse(std::span<const std::string_view> arguments);
 
     [[nodiscard]] static std::string_view helpText();

@@ -47,39 +47,25 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString
 
 int main(int argc, char **argv)
 {
-    // Handle this first, so that help works without a display.
-    const CommandLine::Request request = commandLine(argc, argv).request;
-    if (request == CommandLine::Request::help) {
+    // Check the arguments before Qt, which ends the program where there is no display.
+    const CommandLine line = commandLine(argc, argv);
+    if (line.request == CommandLine::Request::help) {
         const std::string_view help = CommandLine::helpText();
         std::fwrite(help.data(), 1, help.size(), stdout);
         return EXIT_SUCCESS;
     }
-    if (request == CommandLine::Request::version) {
+    if (line.request == CommandLine::Request::version) {
         std::puts("corvane " CORVANE_VERSION);
         return EXIT_SUCCESS;
+    }
+    if (line.request == CommandLine::Request::wrong) {
+        std::fprintf(stderr, "corvane: %s (see corvane --help)\n", corvane::displayUtf8(line.error).c_str());
+        return 2;
     }
 
     const std::optional<std::string> refusedHome = corvane::settleEnvironment();
     const corvane::DesktopStart desktop = corvane::desktopStart();
     corvane::installCrashHandler({corvane::AppInfo::version().toStdString(), corvane::AppInfo::build().toStdString()});
-
-    QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
-    QCoreApplication::setOrganizationDomain(QStringLiteral("corvane.app"));
-    QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(CORVANE_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral(CORVANE_APP_ID));
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
-
-    const QtMessageHandler handler = qInstallMessageHandler(endWithoutDisplay);
-    const QGuiApplication application(argc, argv);
-    qInstallMessageHandler(handler);
-
-    // Qt has removed its own options by now.
-    const CommandLine line = commandLine(argc, argv);
-    if (line.request == CommandLine::Request::wrong) {
-        std::fprintf(stderr, "corvane: %s (see corvane --help)\n", corvane::displayUtf8(line.error).c_str());
-        return 2;
-    }
 
     corvane::StartRequest start{.folder = {}, .activationToken = desktop.activationToken};
     std::string refusedFolder;
@@ -94,6 +80,18 @@ int main(int argc, char **argv)
         else
             refusedFolder = judged.error();
     }
+
+    QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
+    QCoreApplication::setOrganizationDomain(QStringLiteral("corvane.app"));
+    QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(CORVANE_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral(CORVANE_APP_ID));
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+
+    const QtMessageHandler handler = qInstallMessageHandler(endWithoutDisplay);
+    const QGuiApplication application(argc, argv);
+    qInstallMessageHandler(handler);
+
     if (refusedFolder.empty() && corvane::RunningProgram::handOver(start))
         return EXIT_SUCCESS;
     QLocale::setDefault(corvane::dateLocale());

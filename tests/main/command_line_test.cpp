@@ -54,6 +54,17 @@ TEST(CommandLine, AMistypedOptionIsAnsweredWithTheNearestOne)
     EXPECT_EQ(parse({"--vers"}).error, "unknown option --vers; did you mean --version?");
 }
 
+TEST(CommandLine, OptionsOfQtAreSkipped)
+{
+    EXPECT_EQ(parse({"-platform", "offscreen", "a"}).folder, "a");
+    EXPECT_EQ(parse({"a", "--session", "id", "-reverse", "-style=Basic", "-platform"}),
+              (CommandLine{.request = Request::window, .folder = "a", .error = {}}));
+    EXPECT_EQ(parse({"-platform", "offscreen", "--fast"}).error, "unknown option --fast");
+    EXPECT_EQ(parse({"--", "-reverse"}).folder, "-reverse");
+    EXPECT_EQ(parse({"-platforms"}).error, "unknown option -platforms");
+    EXPECT_EQ(parse({"platform", "a"}).request, Request::wrong);
+}
+
 TEST(CommandLine, ASingleDashIsAFolderOfThatName)
 {
     EXPECT_EQ(parse({"-"}).folder, "-");

@@ -73,6 +73,28 @@ TEST_F(WindowProgramTest, WithoutADisplayOneLineSaysWhatIsMissing)
     EXPECT_EQ(wayland.errors, "corvane: no window can be opened on this Wayland display; is qt6-wayland installed?\n");
 }
 
+TEST_F(WindowProgramTest, ArgumentsAreCheckedWithoutADisplay)
+{
+    const auto runWithoutDisplay = [this](std::vector<std::string> arguments) {
+        return program(std::move(arguments)).with("QT_QPA_PLATFORM", "none").run();
+    };
+    const ProgramResult option = runWithoutDisplay({"--nonsense"});
+    EXPECT_EQ(option.exitStatus, 2);
+    EXPECT_EQ(option.errors, "corvane: unknown option --nonsense (see corvane --help)\n");
+    const ProgramResult folders = runWithoutDisplay({"-platform", "xcb", "a", "b"});
+    EXPECT_EQ(folders.exitStatus, 2);
+    EXPECT_EQ(folders.errors, "corvane: give one folder or none (see corvane --help)\n");
+    const ProgramResult missing = runWithoutDisplay({"/nope/a"});
+    EXPECT_EQ(missing.exitStatus, 2);
+    EXPECT_EQ(missing.errors, "corvane: /nope/a does not exist; the nearest folder that does is /\n");
+    for (const char *const question : {"--help", "--version"}) {
+        const ProgramResult answer = runWithoutDisplay({question});
+        EXPECT_EQ(answer.exitStatus, 0);
+        EXPECT_EQ(answer.errors, "");
+        EXPECT_TRUE(answer.out.find("corvane") != std::string::npos) << answer.out;
+    }
+}
+
 TEST_F(WindowProgramTest, AMistypedOptionIsAnsweredWithTheNearestOne)
 {
     const ProgramResult result = run({"--hlep"});
