@@ -9,6 +9,7 @@
 #include "core/systems/apps_table.h"
 #include "core/systems/cleanup_table.h"
 #include "core/systems/disk_table.h"
+#include "core/words/shared_texts.h"
 #include "support/mac_words.h"
 
 namespace corvane {
@@ -79,6 +80,13 @@ TEST(SystemWords, ALinuxSystemIsDescribedWithoutAWordOfAMac)
     add(sentencesOf(cleanupTableOf(SystemKind::linuxSystem)));
     for (const std::string_view sentence : sentences)
         EXPECT_EQ(macWordIn(std::string(sentence)), "") << sentence;
+}
+
+TEST(SystemWords, TheInvitationOfTheUninstallerNamesTheRowOfTheDeletedApps)
+{
+    const std::string row = "“" + std::string(orphansTitle) + "”";
+    for (const SystemKind kind : {SystemKind::mac, SystemKind::linuxSystem})
+        EXPECT_NE(appsTableOf(kind).invitation.find(row), std::string_view::npos) << appsTableOf(kind).invitation;
 }
 
 TEST(SystemWords, AWordOfAMacIsFoundWholeAndInItsOwnCase)

@@ -3,7 +3,8 @@ import pathlib
 import sys
 import unittest
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "scripts"))
 import messages
 
 QML = """
@@ -43,6 +44,18 @@ class Messages(unittest.TestCase):
 
     def test_carry_the_line_that_they_begin_in(self):
         self.assertIn((8, "It was replaced while it was removed"), list(messages.messages(CPP, is_qml=False)))
+
+
+class SharedTexts(unittest.TestCase):
+    def test_are_written_once(self):
+        texts = {}
+        for path in sorted(path for path in (ROOT / "src").rglob("*") if path.suffix in messages.SUFFIXES):
+            for _, text in messages.messages(path.read_text(), path.suffix == ".qml"):
+                texts.setdefault(text, []).append(path.relative_to(ROOT).as_posix())
+        shared = {text: paths for text, paths in texts.items() if "src/core/words/shared_texts.h" in paths}
+        self.assertIn("Left behind by deleted apps", shared)
+        for text, paths in shared.items():
+            self.assertEqual(len(paths), 1, f"{text}: {paths}")
 
 
 if __name__ == "__main__":

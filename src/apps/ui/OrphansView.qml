@@ -78,6 +78,6 @@ Item {
         visible: view.orphans.hasItems
         contents: view.orphans
         dated: true
-        Accessible.name: qsTr("Left behind by deleted apps")
+        Accessible.name: view.orphans.title
     }
 }

@@ -5,6 +5,7 @@
 #include <QCollator>
 
 #include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
 #include "shell/ui/bundle_icons.h"
 
 namespace corvane {
@@ -98,7 +99,7 @@ AppRow AppRow::ofOrphans(std::span<const OrphanGroup> groups, std::int64_t total
         count += group.items.size();
     return {.kind = Kind::orphans,
             .path = {},
-            .name = QStringLiteral("Left behind by deleted apps"),
+            .name = displayText(orphansTitle),
             .note = count == 0 ? QStringLiteral("Nothing left behind")
                                : countText(static_cast<std::int64_t>(count), "item", "items"),
             .isUnused = false,

@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
 
 namespace corvane {
 
@@ -11,6 +12,11 @@ OrphansModel::OrphansModel(StorageStore &store, QObject *parent) : LeftoverListM
     connect(&store, &StorageStore::appsChanged, this, &OrphansModel::follow);
     connect(&store, &StorageStore::selectionChanged, this, &OrphansModel::announceChecks);
     follow();
+}
+
+QString OrphansModel::title()
+{
+    return displayText(orphansTitle);
 }
 
 void OrphansModel::follow()

@@ -12,9 +12,12 @@ class OrphansModel : public corvane::LeftoverListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Given by the presenter of the screen")
+    Q_PROPERTY(QString title READ title CONSTANT)
 
 public:
     explicit OrphansModel(StorageStore &store, QObject *parent = nullptr);
+
+    [[nodiscard]] static QString title();
 
     void toggle(int row) override;
     void select(int row) override;

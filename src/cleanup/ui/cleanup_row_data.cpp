@@ -7,6 +7,7 @@
 #include "cleanup/cleanup_items.h"
 #include "cleanup/ui/cleanup_list_model.h"
 #include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
 #include "shell/ui/cleanup_words.h"
 #include "shell/ui/file_icons.h"
 
@@ -27,7 +28,7 @@ const std::array<SectionWords, 5> sections{{
     {QStringLiteral("Developer Junk"), QStringLiteral("hammer")},
     {QStringLiteral("Personal Files to Review"), QStringLiteral("person.crop.square")},
     {QStringLiteral("Project Build Artifacts"), QStringLiteral("folder.badge.gearshape")},
-    {QStringLiteral("Needs the Administrator"), QStringLiteral("lock")},
+    {displayText(adminCommandsTitle), QStringLiteral("lock")},
 }};
 
 QString kindName(Kind kind)
@@ -82,7 +83,7 @@ QVariant sectionData(const CleanupRow &row, int role)
         return words.symbol;
     case NoteRole:
         if (row.section == CleanupRows::commandSection)
-            return QStringLiteral("Corvane never runs these. Copy a command and run it in a terminal.");
+            return displayText(adminCommandsNote);
         return row.section == CleanupRows::artifactSection && row.isMeasured
                    ? QStringLiteral("Your build tools regenerate these on the next build or install.")
                    : QString();

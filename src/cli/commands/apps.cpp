@@ -17,6 +17,7 @@
 #include "core/path_guard.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "core/words/shared_texts.h"
 
 namespace corvane {
 
@@ -143,7 +144,7 @@ void writeAppsTable(const AppInventory::Result &inventory, Time now, const Calen
     console.out.write('\n');
     writeRows(apps, console);
     if (!orphans.empty()) {
-        console.out.write(fmt::format("\n{}, {}\n", console.strong("Left behind by deleted apps"),
+        console.out.write(fmt::format("\n{}, {}\n", console.strong(orphansTitle),
                                       formatByteCount(orphanTotal(inventory.orphanGroups))));
         writeRows(orphans, console);
     }

@@ -17,6 +17,7 @@
 #include "core/checked_add.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "core/words/shared_texts.h"
 #include "platform/path.h"
 
 namespace corvane {
@@ -105,14 +106,14 @@ void writeCommands(const std::vector<AdminCommand> &commands, Console &console)
 {
     if (commands.empty())
         return;
-    console.out.write(fmt::format("\n{}\n", console.strong("Needs the Administrator")));
+    console.out.write(fmt::format("\n{}\n", console.strong(adminCommandsTitle)));
     constexpr std::size_t columns = riskColumns + 2 + titleColumns;
     for (const AdminCommand &command : commands) {
         const std::string size = command.bytes ? formatByteCount(*command.bytes) : "?";
         console.out.write(fmt::format("{}  {}  {}\n", rightAligned(size, sizeColumns()),
                                       leftAligned(command.title, columns), command.command));
     }
-    console.writeHint("Corvane never runs these. Copy a command and run it in a terminal.");
+    console.writeHint(adminCommandsNote);
 }
 
 } // namespace
