@@ -63,6 +63,20 @@ TEST_F(DuplicatesCommandTest, TheTableNamesEachGroupWithItsFiles)
     EXPECT_EQ(result.errors, "");
 }
 
+TEST_F(DuplicatesCommandTest, TheTableShortensTheHomeFolderAndJsonDoesNot)
+{
+    REQUIRE_OWN_HOME();
+    m_folder.writeText("home/a/song", contents('s'));
+    m_folder.hardLink("home/b/song", "home/a/song");
+    const std::string table = run({"duplicates", "home"}).out;
+    EXPECT_NE(table.find("\n  ~/a/song"), std::string::npos) << table;
+    EXPECT_NE(table.find("\n  ~/b/song"), std::string::npos) << table;
+    EXPECT_NE(table.find("  shares its storage with ~/"), std::string::npos) << table;
+    EXPECT_EQ(table.find(m_folder / "home"), std::string::npos) << table;
+    for (const json &file : document({"duplicates", "home"})["groups"][0]["files"])
+        EXPECT_TRUE(file["path"].get<std::string>().starts_with(m_folder / "home/")) << file;
+}
+
 TEST_F(DuplicatesCommandTest, OneGroupIsOneGroup)
 {
     m_folder.writeText("set/a", contents('a'));
