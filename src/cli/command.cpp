@@ -19,7 +19,7 @@ std::span<const Option> commonOptions()
         {.name = "json", .help = "Print one JSON document instead of a table"},
         {.name = "units",
          .value = "UNITS",
-         .help = "Write sizes in a table in decimal (KB, the default), binary (KiB) or bytes"},
+         .help = "Show sizes in decimal units (KB, the default), binary units (KiB) or bytes"},
         {.name = "color", .value = "WHEN", .help = "Use colors: auto (on a terminal, the default), always or never"},
         {.name = "no-progress", .help = "Show no progress on the terminal"},
         {.name = "help", .help = "Show this help", .letter = 'h'},

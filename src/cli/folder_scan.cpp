@@ -108,15 +108,17 @@ ScanFilter FolderScan::filterOf(const Arguments &arguments)
 
 std::vector<Option> FolderScan::excludeOptions()
 {
-    return {{.name = "exclude",
-             .value = "PATTERN",
-             .help = "Leave out what matches, such as \"*.iso\", node_modules or Library/Caches; may be repeated"},
-            {.name = "one-file-system", .help = "Leave out what is mounted in the folder"}};
+    return {
+        {.name = "exclude",
+         .value = "PATTERN",
+         .help =
+             "Leave out items that match PATTERN, such as \"*.iso\", node_modules or Library/Caches; may be repeated"},
+        {.name = "one-file-system", .help = "Leave out everything mounted in the folder"}};
 }
 
 Option FolderScan::apparentOption()
 {
-    return {.name = "apparent", .help = "Count the lengths of files, not the space that they occupy"};
+    return {.name = "apparent", .help = "Count the lengths of files, not the space they take up"};
 }
 
 std::vector<std::string> filterNotes(std::span<const FolderScan> scans)

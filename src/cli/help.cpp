@@ -77,9 +77,10 @@ std::string programHelp(std::size_t columns)
     return paragraph("Explains where the space on a disk went and helps you reclaim it safely.", columns) +
            "Usage: corvane-cli COMMAND [OPTIONS] [PATH...]\n\n" + section("Commands", commands, columns) + "\n" +
            section("Options", options, columns) + "\n" +
-           paragraph("\"corvane-cli help COMMAND\" tells more of each command; \"corvane-cli PATH\" scans that folder.",
+           paragraph("\"corvane-cli help COMMAND\" tells more about a command; \"corvane-cli PATH\" scans that folder.",
                      columns) +
-           wrapped("Exit status: 0 done, 1 done with failures, 2 the command line is wrong or a path does not exist.",
+           wrapped("Exit status: 0 if all went well, 1 if something failed or was stopped, 2 if the command line is "
+                   "wrong or a path does not exist.",
                    columns, 0) +
            "\n";
 }

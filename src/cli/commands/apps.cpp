@@ -172,7 +172,7 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
 Command appsCommand()
 {
     return {.name = "apps",
-            .summary = "List the apps, the data they keep, and what deleted ones left behind.",
+            .summary = "List apps, the data they keep, and what deleted ones left behind.",
             .example = "corvane-cli apps",
             .home = Command::Home::needed,
             .run = run};

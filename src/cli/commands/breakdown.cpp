@@ -222,7 +222,7 @@ Command breakdownCommand()
 {
     return {
         .name = "breakdown",
-        .summary = "Explain where the space of the whole disk went.",
+        .summary = "Explain where the space on the whole disk went.",
         .options = {{.name = "scan", .value = "PATH", .help = "Scan this folder first, so that it is explained too"}},
         .example = "corvane-cli breakdown --scan ~",
         .home = Command::Home::needed,

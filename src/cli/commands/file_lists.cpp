@@ -157,7 +157,7 @@ Option minOption(std::string_view usual)
 /// The options that both commands accept.
 std::vector<Option> withCommonOptions(std::vector<Option> options)
 {
-    options.push_back({.name = "name", .value = "TEXT", .help = "Only files with TEXT in the name, in any case"});
+    options.push_back({.name = "name", .value = "TEXT", .help = "Only files with TEXT in the name, ignoring case"});
     options.push_back({.name = "sort", .value = "KEY", .help = "Order files by size (the default), name or modified"});
     options.push_back({.name = "top", .value = "N", .help = "List at most N files"});
     std::ranges::copy(FolderScan::excludeOptions(), std::back_inserter(options));
@@ -170,7 +170,7 @@ std::vector<Option> withCommonOptions(std::vector<Option> options)
 Command largeCommand()
 {
     return {.name = "large",
-            .summary = "List the large files of a folder.",
+            .summary = "List the large files in a folder.",
             .paths = {.help = "The folders", .least = 1, .most = PathArguments::anyNumber},
             .options = withCommonOptions(
                 {minOption("100000000"),
@@ -182,7 +182,7 @@ Command largeCommand()
 Command oldCommand()
 {
     return {.name = "old",
-            .summary = "List the files of a folder that were not modified for long.",
+            .summary = "List the files in a folder that were last modified long ago.",
             .paths = {.help = "The folders", .least = 1, .most = PathArguments::anyNumber},
             .options = withCommonOptions(
                 {{.name = "months", .value = "N", .help = "Only files not modified for N months, by default 12"},

@@ -194,7 +194,7 @@ std::vector<Option> options()
 {
     std::vector<Option> options{
         {.name = "size", .value = "WxH", .help = "The map's size in points, by default 900x600"},
-        {.name = "svg", .value = "FILE", .help = "Write the map as a picture; \"-\" is standard output"}};
+        {.name = "svg", .value = "FILE", .help = "Write the map as an SVG picture; \"-\" is standard output"}};
     std::ranges::copy(FolderScan::excludeOptions(), std::back_inserter(options));
     options.push_back(FolderScan::apparentOption());
     return options;
@@ -205,10 +205,10 @@ std::vector<Option> options()
 Command mapCommand()
 {
     return {.name = "map",
-            .summary = "Lay a folder out as a treemap.",
+            .summary = "Lay out a folder as a treemap.",
             .paths = {.help = "The folder", .least = 1, .most = 1},
             .options = options(),
-            .example = "corvane-cli map ~/Pictures --size 1600x1000 --svg pictures.svg",
+            .example = "corvane-cli map ~/Pictures --size 1600x1000 --svg map.svg",
             .run = run};
 }
 

@@ -77,8 +77,8 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
 Command protectedCommand()
 {
     return {.name = "protected",
-            .summary = "Tell which paths would never be removed; they need not exist.",
-            .paths = {.help = "The paths to judge", .least = 1, .most = PathArguments::anyNumber},
+            .summary = "Tell which paths are protected from removal; they need not exist.",
+            .paths = {.help = "The paths to check", .least = 1, .most = PathArguments::anyNumber},
             .example = "corvane-cli protected ~/Documents /opt/tool",
             .home = Command::Home::needed,
             .run = run};

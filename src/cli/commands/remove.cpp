@@ -242,12 +242,12 @@ Command removeCommand()
 {
     return {.name = "remove",
             .summary = "Move items to the Trash, after asking.",
-            .paths = {.help = "Files, folders and links; a link is removed itself",
+            .paths = {.help = "Files, folders and links; of a link, only the link is removed",
                       .least = 1,
                       .most = PathArguments::anyNumber},
             .options = {{.name = "permanently", .help = "Delete for good instead of moving to the Trash"},
-                        {.name = "yes", .help = "Do not ask; needed where there is no terminal", .letter = 'y'},
-                        {.name = "dry-run", .help = "Show what would be done, and do nothing"}},
+                        {.name = "yes", .help = "Do not ask; needed if there is no terminal to ask on", .letter = 'y'},
+                        {.name = "dry-run", .help = "Show what would be done, without doing it"}},
             .example = "corvane-cli remove ~/Downloads/old.iso ~/build",
             .home = Command::Home::needed,
             .run = run};

@@ -368,10 +368,10 @@ ExitStatus run(const Arguments &given, Console &console, const Host &host)
 std::vector<Option> options()
 {
     std::vector<Option> options{
-        {.name = "depth", .value = "N", .help = "Show a tree of N levels"},
-        {.name = "top", .value = "N", .help = "Show at most N items of a folder and N lines of a list"},
+        {.name = "depth", .value = "N", .help = "Show a tree of N levels, at most 100"},
+        {.name = "top", .value = "N", .help = "Show at most N items per folder and N lines per list"},
         {.name = "sort", .value = "KEY", .help = "Order items by size (the default), files, name or modified"},
-        {.name = "files", .help = "Show how many files are in each item"}};
+        {.name = "files", .help = "Show how many files each item contains"}};
     std::ranges::copy(FolderScan::excludeOptions(), std::back_inserter(options));
     options.push_back(FolderScan::apparentOption());
     return options;
@@ -382,8 +382,8 @@ std::vector<Option> options()
 Command scanCommand()
 {
     return {.name = "scan",
-            .summary = "Show where the space of a folder went.",
-            .paths = {.help = "The folders; your home folder where none is given", .most = PathArguments::anyNumber},
+            .summary = "Show where the space in a folder went.",
+            .paths = {.help = "The folders; your home folder if none is given", .most = PathArguments::anyNumber},
             .options = options(),
             .example = "corvane-cli scan ~/Projects --depth 2 --exclude .git",
             .home = Command::Home::neededWithoutPath,

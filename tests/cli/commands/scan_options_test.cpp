@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cli/cli_test.h"
+#include "cli/command.h"
 #include "cli/terminal_program.h"
 #include "cli/terminal_text.h"
 
@@ -333,6 +334,19 @@ TEST_F(ScanOptionsTest, EveryTableFitsItsTerminal)
                     EXPECT_LE(displayWidth(line), columns) << command.front() << ": " << line;
                 }
             }
+        }
+    }
+}
+
+TEST_F(ScanOptionsTest, TheHelpOfEveryCommandFitsATerminalOf60ColumnsWithItsExample)
+{
+    for (const Command &command : allCommands()) {
+        const Program help = program({std::string(command.name), "--help"});
+        std::istringstream lines(TerminalProgram(help, 60).finish().out);
+        for (std::string line; std::getline(lines, line);) {
+            if (line.ends_with('\r'))
+                line.pop_back();
+            EXPECT_LE(displayWidth(line), 60U) << command.name << ": " << line;
         }
     }
 }
