@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include "platform/failure.h"
+#include "platform/posix/interrupted_call.h"
 
 namespace corvane {
 
@@ -53,7 +54,7 @@ Expected<FileDescriptor> ownFolder(int parent, const std::string &name, const st
     return folder;
 }
 
-struct OpenFolder {
+struct CloseFolder {
     void operator()(DIR *folder) const { ::closedir(folder); }
 };
 
@@ -162,7 +163,7 @@ void UpdateFolder::abandonDownload(const std::string &name) const
 void UpdateFolder::removeOthers(const std::string &name) const
 {
     const int again = ::openat(m_folder.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const std::unique_ptr<DIR, OpenFolder> listing(again < 0 ? nullptr : ::fdopendir(again));
+    const std::unique_ptr<DIR, CloseFolder> listing(again < 0 ? nullptr : ::fdopendir(again));
     if (!listing) {
         if (again >= 0)
             ::close(again);
@@ -180,9 +181,8 @@ void UpdateFolder::removeOthers(const std::string &name) const
 Expected<void> writeBytes(const FileDescriptor &file, QByteArrayView bytes)
 {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(file.number(), bytes.data(), static_cast<std::size_t>(bytes.size()));
-        if (written < 0 && errno == EINTR)
-            continue;
+        const ssize_t written = uninterrupted(
+            [&] { return ::write(file.number(), bytes.data(), static_cast<std::size_t>(bytes.size())); });
         if (written < 0)
             return failure("write", {});
         bytes = bytes.sliced(written);
