@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QUrl>
 
-#include "shell/ui/window/folder_url.h"
+#include "core/store/file_url.h"
 
 namespace corvane {
 

@@ -2,7 +2,7 @@
 
 #include <QFileOpenEvent>
 
-#include "shell/ui/window/folder_url.h"
+#include "core/store/file_url.h"
 
 namespace corvane {
 

@@ -81,9 +81,4 @@ QString abbreviatedDateTime(const QDateTime &when, const QLocale &locale)
            locale.toString(when.time(), time);
 }
 
-QByteArray fileUrl(std::string_view path)
-{
-    return "file://" + QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size())).toPercentEncoding("/");
-}
-
 } // namespace corvane

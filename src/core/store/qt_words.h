@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string_view>
 
-#include <QByteArray>
 #include <QDateTime>
 #include <QLocale>
 #include <QString>
@@ -48,8 +47,5 @@ namespace corvane {
 
 /// The same with the time, without seconds: "Nov 20, 2026 at 9:14 AM", "20 Nov 2026 at 09:14", "20. Nov. 2026 09:14".
 [[nodiscard]] QString abbreviatedDateTime(const QDateTime &when, const QLocale &locale);
-
-/// The file URL of a path, percent-encoded byte by byte, so that a name that is not valid UTF-8 is preserved.
-[[nodiscard]] QByteArray fileUrl(std::string_view path);
 
 } // namespace corvane

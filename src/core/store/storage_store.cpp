@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "core/store/qt_words.h"
+#include "core/store/file_url.h"
 #include "platform/path.h"
 
 namespace corvane {

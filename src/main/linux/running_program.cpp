@@ -12,7 +12,7 @@
 #include <QObject>
 
 #include "core/path_guard.h"
-#include "core/store/qt_words.h"
+#include "core/store/file_url.h"
 #include "shell/ui/linux/desktop_portal.h"
 
 namespace corvane {

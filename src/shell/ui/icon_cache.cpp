@@ -52,8 +52,8 @@ std::string_view iconName(FileType type, FileNode::Kind kind)
 
 QImage drawnIcon(const std::string &path, FileNode::Kind kind, int pixels)
 {
-    const std::string_view name = std::string_view(path).substr(path.rfind('/') + 1);
-    const FileType type = FileType::from(nameExtension(name), kind == FileNode::Kind::package);
+    const std::string_view extension = nameExtension(lastPathComponent(path));
+    const FileType type = FileType::from(extension, kind == FileNode::Kind::package);
     return renderIcon(iconName(type, kind), IconWeight::fill, fileIconColor(type, kind), pixels);
 }
 

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include "core/store/file_url.h"
 #include "core/store/qt_words.h"
 #include "core/store/storage_store.h"
 #include "shell/ui/selecting.h"

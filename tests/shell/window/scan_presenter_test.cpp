@@ -5,7 +5,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "shell/ui/window/folder_url.h"
+#include "core/store/file_url.h"
 #include "shell/window/fake_store.h"
 
 namespace corvane {
@@ -176,24 +176,9 @@ TEST_F(ScanControls, SeveralDroppedItemsAndAddressesOfTheWebAreNotTaken)
     EXPECT_FALSE(fake.store.toast().has_value());
 }
 
-TEST(FolderUrl, KeepsEveryByteOfAPath)
-{
-    EXPECT_EQ(pathOfFileUrl(QUrl("file:///home/studio/Movies")), "/home/studio/Movies");
-    EXPECT_EQ(pathOfFileUrl(QUrl::fromLocalFile("/tmp/a b#c?d%41é")), "/tmp/a b#c?d%41é");
-    EXPECT_EQ(pathOfFileUrl(QUrl::fromEncoded("file:///tmp/x%FFy%0Az")), "/tmp/x\xffy\nz");
-    EXPECT_EQ(pathOfFileUrl(QUrl("https://example.com/tmp")), "");
-    EXPECT_EQ(pathOfFileUrl(QUrl()), "");
-}
-
 TEST_F(ScanControls, LookForAFolderFromTheHomeFolderOn)
 {
     EXPECT_EQ(presenter.firstFolder(), QUrl("file:///home/studio"));
-}
-
-TEST(FolderUrl, LeadsBackToThePath)
-{
-    for (const std::string path : {"/home/studio", "/a b/100%/#1?", "/Bücher/\xff\xfe", "/"})
-        EXPECT_EQ(pathOfFileUrl(fileUrlOfPath(path)), path);
 }
 
 } // namespace

@@ -41,8 +41,8 @@ std::string iconPath(const std::string &path, FileNode::Kind kind)
 {
     if (kind == FileNode::Kind::directory)
         return "/folder";
-    const std::string_view name = std::string_view(path).substr(path.rfind('/') + 1);
-    return (kind == FileNode::Kind::package ? "/package." : "/file.") + lowerAscii(std::string(nameExtension(name)));
+    const std::string_view extension = nameExtension(lastPathComponent(path));
+    return (kind == FileNode::Kind::package ? "/package." : "/file.") + lowerAscii(std::string(extension));
 }
 
 } // namespace corvane

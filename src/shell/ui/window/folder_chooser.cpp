@@ -4,7 +4,7 @@
 #include <QQuickWindow>
 #include <QVariant>
 
-#include "shell/ui/window/folder_url.h"
+#include "core/store/file_url.h"
 
 namespace corvane {
 

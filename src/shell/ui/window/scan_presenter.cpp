@@ -1,7 +1,8 @@
 #include "shell/ui/window/scan_presenter.h"
 
+#include "core/store/file_url.h"
 #include "core/store/qt_words.h"
-#include "shell/ui/window/folder_url.h"
+#include "platform/path.h"
 
 namespace corvane {
 
@@ -12,7 +13,7 @@ QString folderName(const StorageStore &store)
     const std::string &path = store.lastScanPath();
     if (path == "/")
         return displayText(store.volume().name);
-    return displayText(std::string_view(path).substr(path.rfind('/') + 1));
+    return displayText(lastPathComponent(path));
 }
 
 } // namespace
