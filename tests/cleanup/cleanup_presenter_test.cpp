@@ -53,13 +53,6 @@ TEST_F(CleanupPresenterTest, WithNothingSafeThereIsNothingToSelect)
     EXPECT_FALSE(presenter.canSelectSafe());
 }
 
-TEST(CleanupWords, CountsUseTheSingularForOne)
-{
-    EXPECT_EQ(itemsText(0), QStringLiteral("0 items"));
-    EXPECT_EQ(itemsText(1), QStringLiteral("1 item"));
-    EXPECT_EQ(itemsText(12'345), QStringLiteral("12,345 items"));
-}
-
 TEST(CleanupWords, WhatCannotBeReadHasNoFigures)
 {
     CleanupItem item{CleanupCatalog::definitions.data(), {}, false};

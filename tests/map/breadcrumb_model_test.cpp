@@ -159,6 +159,18 @@ TEST_F(BreadcrumbModelTest, ACollapsedFolderCanBeOpened)
     EXPECT_EQ(store.currentFolder(), node("Projects/harbor-app"));
 }
 
+TEST_F(BreadcrumbModelTest, CountOfCollapsedFoldersIsGroupedInThousands)
+{
+    std::string folder = "d";
+    for (int level = 1; level < 1'235; ++level)
+        folder += "/d";
+    addFile(folder + "/a.mov", 2'000'000);
+    scanHome();
+    open(folder);
+    model.setAvailableWidth(150);
+    EXPECT_EQ(model.collapsedText(), QStringLiteral("1,234 more folders"));
+}
+
 TEST_F(BreadcrumbModelTest, ANewScanReplacesTheCrumbs)
 {
     scanHome();

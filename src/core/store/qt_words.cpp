@@ -36,6 +36,11 @@ QString countText(std::int64_t count, std::string_view one, std::string_view man
     return QString::fromStdString(formatCount(count, one, many));
 }
 
+QString itemsText(std::size_t count)
+{
+    return countText(static_cast<std::int64_t>(count), "item", "items");
+}
+
 QString percentText(double percent, int digits)
 {
     return QString::fromStdString(formatPercent(percent, digits));

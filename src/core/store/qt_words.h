@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -28,6 +29,9 @@ namespace corvane {
 
 /// "1 file", "12,345 files".
 [[nodiscard]] QString countText(std::int64_t count, std::string_view one, std::string_view many);
+
+/// "1 item", "12,345 items".
+[[nodiscard]] QString itemsText(std::size_t count);
 
 /// "4.3%"; see `formatPercent`.
 [[nodiscard]] QString percentText(double percent, int digits = 1);

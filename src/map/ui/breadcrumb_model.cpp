@@ -7,7 +7,6 @@
 #include <QFontMetricsF>
 
 #include "core/store/qt_words.h"
-#include "core/words/figures.h"
 #include "map/ui/map_metrics.h"
 #include "map/ui/tree_path.h"
 #include "shell/ui/theme.h"
@@ -113,8 +112,7 @@ QStringList BreadcrumbModel::collapsedNames() const
 
 QString BreadcrumbModel::collapsedText() const
 {
-    const qsizetype count = collapsedNames().size();
-    return QString::number(count) + displayText(plural(count, " more folder", " more folders"));
+    return countText(collapsedNames().size(), "more folder", "more folders");
 }
 
 int BreadcrumbModel::rowCount(const QModelIndex &parent) const

@@ -4,11 +4,6 @@
 
 namespace corvane {
 
-QString itemsText(std::size_t count)
-{
-    return countText(static_cast<std::int64_t>(count), "item", "items");
-}
-
 QString totalText(const CleanupItem &item)
 {
     return item.accessible ? sizeText(item.total()) : QStringLiteral("–");

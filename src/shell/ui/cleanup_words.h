@@ -11,9 +11,6 @@ namespace corvane {
 
 // Texts about the catalogue that several screens share.
 
-/// "1 item", "31 items".
-[[nodiscard]] QString itemsText(std::size_t count);
-
 /// The total of a measured item; "–" if it could not be read.
 [[nodiscard]] QString totalText(const CleanupItem &item);
 

@@ -53,6 +53,9 @@ TEST(Figures, AreThoseOfTheEngine)
     EXPECT_EQ(countText(1'234'567), QStringLiteral("1,234,567"));
     EXPECT_EQ(countText(1, "file", "files"), QStringLiteral("1 file"));
     EXPECT_EQ(countText(2'000, "file", "files"), QStringLiteral("2,000 files"));
+    EXPECT_EQ(itemsText(0), QStringLiteral("0 items"));
+    EXPECT_EQ(itemsText(1), QStringLiteral("1 item"));
+    EXPECT_EQ(itemsText(12'345), QStringLiteral("12,345 items"));
     EXPECT_EQ(percentText(4.25), QStringLiteral("4.2%"));
     EXPECT_EQ(percentText(4.25, 0), QStringLiteral("4%"));
     EXPECT_EQ(agoText(7'200), QStringLiteral("2 hours ago"));

@@ -137,6 +137,25 @@ TEST_F(SelectionWords, TheQuestionNamesTheOneItemOrTheFirstFew)
     EXPECT_EQ(presenter.confirmNames(), "“a.zip”, “b.zip”, “c.zip” and 2 more");
 }
 
+TEST_F(SelectionWords, CountsAreGroupedInThousands)
+{
+    for (int i = 0; i < 1'234; ++i)
+        fake.select(std::to_string(i) + ".zip", 1'000);
+    EXPECT_EQ(presenter.countText(), "1,234 items selected");
+    EXPECT_EQ(presenter.reviewSubtitle(), "1,234 items · 1.2 MB");
+    presenter.deletePermanently();
+    EXPECT_EQ(presenter.confirmTitle(), "Permanently delete 1,234 items?");
+    EXPECT_TRUE(presenter.confirmNames().endsWith(" and 1,231 more")) << qPrintable(presenter.confirmNames());
+}
+
+TEST_F(SelectionWords, CountInTheTrashIsGroupedInThousands)
+{
+    fake.fake.trash.setTrashFolders({"/home/studio/.Trash"});
+    for (int i = 0; i < 1'234; ++i)
+        fake.select(".Trash/" + std::to_string(i), 1'000);
+    EXPECT_EQ(presenter.trashNote(), "1,234 of them are in the Trash and will be deleted permanently");
+}
+
 TEST_F(SelectionWords, ARemovalCanBeStoppedOnce)
 {
     EXPECT_FALSE(presenter.canStop());

@@ -14,9 +14,9 @@ namespace {
 
 constexpr std::size_t namedItems = 3; ///< how many items a question lists by name
 
-QString itemCount(std::size_t count)
+QString grouped(std::size_t count)
 {
-    return QString::number(count) + displayText(plural(static_cast<std::int64_t>(count), " item", " items"));
+    return countText(static_cast<std::int64_t>(count));
 }
 
 } // namespace
@@ -50,7 +50,7 @@ bool SelectionPresenter::isRemoving() const
 
 QString SelectionPresenter::countText() const
 {
-    return itemCount(m_selected.count) + QStringLiteral(" selected");
+    return itemsText(m_selected.count) + QStringLiteral(" selected");
 }
 
 QString SelectionPresenter::totalText() const
@@ -63,8 +63,7 @@ QString SelectionPresenter::trashNote() const
     if (m_inTrash.count == 0)
         return {};
     return QStringLiteral("%1 of them %2 in the Trash and will be deleted permanently")
-        .arg(m_inTrash.count)
-        .arg(displayText(plural(static_cast<std::int64_t>(m_inTrash.count), "is", "are")));
+        .arg(grouped(m_inTrash.count), displayText(plural(static_cast<std::int64_t>(m_inTrash.count), "is", "are")));
 }
 
 QString SelectionPresenter::trashTitle() const
@@ -89,12 +88,12 @@ QString SelectionPresenter::reviewTitle() const
 
 QString SelectionPresenter::reviewSubtitle() const
 {
-    return itemCount(m_selected.count) + QStringLiteral(" · ") + sizeText(m_selected.total);
+    return itemsText(m_selected.count) + QStringLiteral(" · ") + sizeText(m_selected.total);
 }
 
 QString SelectionPresenter::confirmTitle() const
 {
-    return QStringLiteral("Permanently delete %1?").arg(itemCount(asked().count));
+    return QStringLiteral("Permanently delete %1?").arg(itemsText(asked().count));
 }
 
 QString SelectionPresenter::confirmMessage() const
@@ -110,7 +109,7 @@ QString SelectionPresenter::confirmNames() const
     for (std::size_t i = 0; i < std::min(entries.size(), namedItems); ++i)
         names.append(QStringLiteral("“%1”").arg(displayText(lastPathComponent(entries[i].path))));
     if (entries.size() > namedItems)
-        return names.join(QStringLiteral(", ")) + QStringLiteral(" and %1 more").arg(entries.size() - namedItems);
+        return names.join(QStringLiteral(", ")) + QStringLiteral(" and %1 more").arg(grouped(entries.size() - namedItems));
     const QString last = names.isEmpty() ? QString() : names.takeLast();
     return names.isEmpty() ? last : names.join(QStringLiteral(", ")) + QStringLiteral(" and ") + last;
 }
