@@ -11,6 +11,9 @@ struct Color {
     friend constexpr bool operator==(const Color &, const Color &) = default;
 };
 
+/// The contrast of two colours as WCAG 2 defines it, from 1 to 21. Pure.
+[[nodiscard]] double contrast(const Color &a, const Color &b);
+
 inline constexpr Color brandA{0.33, 0.43, 1.0};
 inline constexpr Color brandB{0.69, 0.34, 0.98};
 

@@ -56,28 +56,12 @@ bool isLegible(const Color &fill, const Color &ink)
     return contrast(fromSteps(fill), fromSteps(mixed(fill, ink, TileColors::sizeInkOpacity))) >= leastContrast;
 }
 
-double linear(double part)
-{
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const Color &color)
-{
-    return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
-}
-
 } // namespace
 
 Color mixed(const Color &below, const Color &above, double opacity)
 {
     const auto mix = [opacity](double from, double to) { return from + (to - from) * opacity; };
     return {mix(below.red, above.red), mix(below.green, above.green), mix(below.blue, above.blue)};
-}
-
-double contrast(const Color &a, const Color &b)
-{
-    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
-    return (lighter + 0.05) / (darker + 0.05);
 }
 
 TileColors TileColors::of(const Color &color, Role role, double rank, Appearance appearance)

@@ -35,7 +35,4 @@ struct TileColors {
 /// `above` blended over `below` with this opacity, in the unit of the inputs.
 [[nodiscard]] Color mixed(const Color &below, const Color &above, double opacity);
 
-/// The contrast of two colours as WCAG 2 defines it, from 1 to 21.
-[[nodiscard]] double contrast(const Color &a, const Color &b);
-
 } // namespace corvane

@@ -91,13 +91,6 @@ TEST(TileColors, AFillOnWhichInkIsHardToReadGivesWay)
     EXPECT_GE(contrast(colors.fill, mixed(colors.fill, colors.ink, TileColors::sizeInkOpacity)), 4.5);
 }
 
-TEST(Contrast, IsThatOfTheGuideline)
-{
-    EXPECT_NEAR(contrast({0, 0, 0}, {1, 1, 1}), 21, 0.001);
-    EXPECT_NEAR(contrast(hex(0x777777), {1, 1, 1}), 4.48, 0.01);
-    EXPECT_EQ(contrast({1, 0, 0}, {1, 0, 0}), 1);
-}
-
 } // namespace
 
 } // namespace corvane

@@ -16,4 +16,9 @@ QColor toExactQColor(const Color &color)
                             static_cast<float>(color.blue));
 }
 
+Color toColor(const QColor &color)
+{
+    return {color.redF(), color.greenF(), color.blueF()};
+}
+
 } // namespace corvane

@@ -12,4 +12,7 @@ namespace corvane {
 /// The same at Qt's full precision, for colours that are blended further.
 [[nodiscard]] QColor toExactQColor(const Color &color);
 
+/// A Qt colour, without its opacity, as a colour of the engine.
+[[nodiscard]] Color toColor(const QColor &color);
+
 } // namespace corvane

@@ -1,7 +1,6 @@
 #include "shell/ui/theme.h"
 
 #include <array>
-#include <cmath>
 
 #include <QEvent>
 #include <QFontDatabase>
@@ -12,19 +11,11 @@
 
 #include "platform/host.h"
 #include "shell/ui/color_scheme_setting.h"
+#include "shell/ui/qt_color.h"
 
 namespace corvane {
 
 namespace {
-
-/// Relative luminance as WCAG 2 defines it.
-double luminance(const QColor &color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
 
 /// Body text is set slightly tighter than the font's own spacing; a fraction of its size.
 constexpr double tracking = -0.003;
@@ -101,10 +92,11 @@ void Theme::setReducedMotion(bool reduced)
 
 QColor Theme::solidFill(const QColor &color) const
 {
-    constexpr double contrast = 3.1;
+    constexpr double least = 3.1;
+    constexpr Color label{1, 1, 1};
     for (int step = 0; step < 50; ++step) {
         const QColor fill = darkened(color, 0.02f * static_cast<float>(step));
-        if (1.05 / (luminance(fill) + 0.05) >= contrast)
+        if (contrast(label, toColor(fill)) >= least)
             return fill;
     }
     return Qt::black;
