@@ -5,8 +5,6 @@
 #include <thread>
 #include <vector>
 
-#include "shell/ui/icon_cache.h"
-
 namespace corvane {
 namespace {
 
@@ -68,45 +66,47 @@ TEST(FileIcons, ProviderDrawsTheKeysIconAtTheSizeAskedFor)
     EXPECT_EQ(inkOf(image), QColor(149, 86, 230));
 }
 
-TEST(IconCache, IconsAreMadeForThirtyTwoPoints)
+/// A provider, asked for whole images.
+struct FileIconsOfAProvider : testing::Test {
+    QImage icon(const char *path, Kind kind) { return provider.requestImage(fileIconKey(path, kind), nullptr, {}); }
+
+    FileIconProvider provider;
+};
+
+TEST_F(FileIconsOfAProvider, AreMadeLargerThanTheyAreUsed)
 {
-    IconCache cache;
-    EXPECT_EQ(cache.icon("/x/film.mov", Kind::file).deviceIndependentSize(), QSizeF(32, 32));
+    EXPECT_EQ(icon("/x/film.mov", Kind::file).size(), QSize(128, 128));
 }
 
-TEST(IconCache, DrawnIconsHaveTheColorOfTheirType)
+TEST_F(FileIconsOfAProvider, DrawnIconsHaveTheColorOfTheirType)
 {
-    IconCache cache;
-    EXPECT_EQ(inkOf(cache.icon("/x", Kind::directory)), QColor(0x4e, 0x9c, 0xeb));
-    EXPECT_EQ(inkOf(cache.icon("/x/a.zip", Kind::file)), fileIconColor(FileType::archive, Kind::file));
-    EXPECT_EQ(inkOf(cache.icon("/x/a.photoslibrary", Kind::package)), fileIconColor(FileType::image, Kind::package));
+    EXPECT_EQ(inkOf(icon("/x", Kind::directory)), QColor(0x4e, 0x9c, 0xeb));
+    EXPECT_EQ(inkOf(icon("/x/a.zip", Kind::file)), fileIconColor(FileType::archive, Kind::file));
+    EXPECT_EQ(inkOf(icon("/x/a.photoslibrary", Kind::package)), fileIconColor(FileType::image, Kind::package));
 }
 
-TEST(IconCache, PackagesLookUnlikeFilesOfTheirType)
+TEST_F(FileIconsOfAProvider, PackagesLookUnlikeFilesOfTheirType)
 {
-    IconCache cache;
-    EXPECT_NE(cache.icon("/x/a.photoslibrary", Kind::package), cache.icon("/x/a.png", Kind::file));
-    EXPECT_NE(cache.icon("/x/a.app", Kind::package), cache.icon("/x/a.framework", Kind::package));
+    EXPECT_NE(icon("/x/a.photoslibrary", Kind::package), icon("/x/a.png", Kind::file));
+    EXPECT_NE(icon("/x/a.app", Kind::package), icon("/x/a.framework", Kind::package));
 }
 
-TEST(IconCache, SameIconIsHandedOutAgain)
+TEST_F(FileIconsOfAProvider, SameIconIsHandedOutAgain)
 {
-    IconCache cache;
-    const QImage first = cache.icon("/x/film.mov", Kind::file);
+    const QImage first = icon("/x/film.mov", Kind::file);
     // Copies of an image share their pixels until modified.
-    EXPECT_EQ(cache.icon("/x/film.mov", Kind::file).constBits(), first.constBits());
+    EXPECT_EQ(icon("/x/film.mov", Kind::file).constBits(), first.constBits());
 }
 
-TEST(IconCache, ManyThreadsMayAskAtOnce)
+TEST_F(FileIconsOfAProvider, ManyThreadsMayAskAtOnce)
 {
-    IconCache cache;
     const char *const paths[] = {"/a.mov", "/b.zip", "/c.png", "/d.json"};
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&] {
             for (int round = 0; round < 50; ++round)
                 for (const char *const path : paths)
-                    EXPECT_FALSE(cache.icon(path, Kind::file).isNull());
+                    EXPECT_FALSE(icon(path, Kind::file).isNull());
         });
     }
     for (std::thread &thread : threads)

@@ -2,8 +2,11 @@
 
 #include <string>
 
+#include <QByteArray>
+#include <QCache>
 #include <QColor>
 #include <QImage>
+#include <QMutex>
 #include <QQuickImageProvider>
 #include <QString>
 
@@ -23,12 +26,19 @@ namespace corvane {
 /// The colour of an item's generic icon: its type's, slightly darker; folders have their own.
 [[nodiscard]] QColor fileIconColor(FileType type, FileNode::Kind kind);
 
-/// Serves QML image://file/KEY from the icon cache, at the requested source size.
+/// Serves QML image://file/KEY, the icon of a file or folder, at the requested source size. Does not read the disk: the
+/// name and the kind determine the icon, unless the system has a better one. Keeps those used last, by path. Any thread.
 class FileIconProvider : public QQuickImageProvider {
 public:
     FileIconProvider();
 
     QImage requestImage(const QString &id, QSize *size, const QSize &requestedSize) override;
+
+private:
+    [[nodiscard]] QImage icon(const std::string &path, FileNode::Kind kind);
+
+    QMutex m_mutex;
+    QCache<QByteArray, QImage> m_icons; // guarded by m_mutex; by path, costs are bytes
 };
 
 } // namespace corvane
