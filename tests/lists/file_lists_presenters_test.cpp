@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QByteArray>
+#include <QLocale>
 #include <QSignalSpy>
 
 #include "lists/lists_fixture.h"
@@ -12,6 +14,19 @@
 
 namespace corvane {
 namespace {
+
+/// Sets or unsets the variable that overrides every category of the locale; returns its previous value.
+std::optional<QByteArray> setLocale(const std::optional<QByteArray> &name)
+{
+    std::optional<QByteArray> former;
+    if (qEnvironmentVariableIsSet("LC_ALL"))
+        former = qgetenv("LC_ALL");
+    if (name)
+        qputenv("LC_ALL", *name);
+    else
+        qunsetenv("LC_ALL");
+    return former;
+}
 
 class LargeFilesPresenterTest : public test::ListsFixture {
 protected:
@@ -102,14 +117,27 @@ TEST_F(LargeFilesPresenterTest, ATextThatMatchesNoNameGivesTheEmptyState)
 TEST_F(LargeFilesPresenterTest, AFilterByNameFollowsTheLocale)
 {
     addFile("ISPARTA.mov", 200 * megabyte);
-    const QLocale former;
-    QLocale::setDefault(QLocale(QStringLiteral("tr_TR")));
+    const std::optional<QByteArray> former = setLocale("tr_TR.UTF-8");
     scanHome();
     presenter(); // prepares the files in the current locale
-    QLocale::setDefault(former);
+    setLocale(former);
     presenter().setQuery(QStringLiteral("isparta"));
     EXPECT_TRUE(presenter().isEmpty()) << "in Turkish the small letter of I is another one";
     presenter().setQuery(QStringLiteral("ısparta"));
+    EXPECT_EQ(listed(), QStringList({"ISPARTA.mov"}));
+}
+
+TEST_F(LargeFilesPresenterTest, TheLocaleOfDatesDoesNotChangeAFilterByName)
+{
+    addFile("ISPARTA.mov", 200 * megabyte);
+    const std::optional<QByteArray> former = setLocale("en_US.UTF-8");
+    const QLocale formerOfDates;
+    QLocale::setDefault(QLocale(QStringLiteral("tr_TR")));
+    scanHome();
+    presenter(); // prepares the files in the current locale
+    QLocale::setDefault(formerOfDates);
+    setLocale(former);
+    presenter().setQuery(QStringLiteral("isparta"));
     EXPECT_EQ(listed(), QStringList({"ISPARTA.mov"}));
 }
 

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include <QLocale>
-
 namespace corvane {
 
 FileCatalog::FileCatalog(StorageStore &store)
@@ -24,8 +22,7 @@ FileCatalog &FileCatalog::of(StorageStore &store)
 
 void FileCatalog::followTree()
 {
-    auto files = std::make_shared<ListedFiles>(m_store.allFiles(), casingOf(QLocale().name().toStdString()),
-                                               m_store.locations().home());
+    auto files = std::make_shared<ListedFiles>(m_store.allFiles(), userCasing(), m_store.locations().home());
     if (files->files().size() <= mostAtOnce) {
         m_job.drop();
         files->prepare();
