@@ -91,8 +91,7 @@ int main(int argc, char **argv)
     const std::vector<std::string> groups = makeNames(bundles, random, groupName);
     const std::vector<std::string> preferences = makeNames(bundles, random, listName);
     const corvane::ProtectedLocations locations("/nowhere", corvane::ProtectedPlaces{});
-    const AppInventory::Surroundings surroundings{
-        .files = corvane::systemHost().files, .locations = locations, .now = corvane::Time{}};
+    const SearchContext context{.files = corvane::systemHost().files, .locations = locations, .now = corvane::Time{}};
 
     std::vector<double> indexing;
     std::vector<double> matching;
@@ -107,7 +106,7 @@ int main(int argc, char **argv)
         const std::vector<std::string> ids = AppInventory::allIDs(bundles);
         leftovers = 0;
         for (const BundleInfo &bundle : bundles)
-            leftovers += AppInventory::findLeftovers(bundle, ids, listings, surroundings).size();
+            leftovers += AppInventory::findLeftovers(bundle, ids, listings, context).size();
         const std::chrono::duration<double, std::milli> whole = std::chrono::steady_clock::now() - start;
         if (round < 0)
             continue;

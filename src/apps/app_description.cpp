@@ -14,7 +14,6 @@ namespace corvane {
 namespace {
 
 constexpr std::size_t longestName = 255;
-constexpr std::size_t longestVersion = 64;
 constexpr std::string_view blanks = " \t\r\n";
 
 /// The text trimmed, with its entities decoded. Empty if it is not usable as a name.
@@ -28,11 +27,10 @@ std::string plainText(std::string_view text)
         const auto *const entity =
             std::ranges::find_if(entities, [&](const auto &each) { return text.starts_with(each.first); });
         const bool isEntity = entity != entities.end();
-        const char each = isEntity ? entity->second : text.front();
-        plain += static_cast<unsigned char>(each) < 0x20 || each == 0x7F ? ' ' : each;
+        plain += isEntity ? entity->second : text.front();
         text.remove_prefix(isEntity ? entity->first.size() : 1);
     }
-    return plain.size() <= longestName && isValidUtf8(plain) ? plain : std::string();
+    return plain.size() <= longestName && isValidUtf8(plain) ? withoutControls(std::move(plain)) : std::string();
 }
 
 /// The value of an attribute in a tag; empty if missing.
@@ -59,6 +57,7 @@ AppDescription AppDescription::parse(std::string_view text)
     constexpr std::string_view comment = "!--";
     constexpr std::string_view commentEnd = "-->";
     AppDescription description;
+    bool isInDeveloper = false; // whose name may precede that of the application
     std::size_t start = 0;
     while ((description.name.empty() || description.version.empty()) &&
            (start = text.find('<', start)) != std::string_view::npos) {
@@ -73,13 +72,17 @@ AppDescription AppDescription::parse(std::string_view text)
         if (end == std::string_view::npos)
             break;
         const std::string_view tag = text.substr(start, end - start);
-        // Names in other languages have an attribute.
-        if (description.name.empty() && tag == "name") {
+        const std::string_view element = tag.substr(0, tag.find_first_of(blanks));
+        if (element == "developer") {
+            isInDeveloper = !tag.ends_with('/');
+        } else if (element == "/developer") {
+            isInDeveloper = false;
+        } else if (description.name.empty() && !isInDeveloper && tag == "name") {
+            // Names in other languages have an attribute.
             description.name = plainText(text.substr(end + 1, text.find('<', end) - end - 1));
-        } else if (description.version.empty() && tag.starts_with("release") &&
-                   blanks.find(tag.substr(0, 8).back()) != std::string_view::npos) {
+        } else if (description.version.empty() && element == "release") {
             const std::string_view version = attribute(tag, "version");
-            if (version.size() <= longestVersion && isPlainName(version))
+            if (isVersion(version))
                 description.version = version;
         }
         start = end + 1;

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -11,6 +9,7 @@
 #include "apps/installed_app.h"
 #include "apps/leftover.h"
 #include "apps/library_listings.h"
+#include "apps/search_context.h"
 #include "core/path_guard.h"
 #include "core/stop_flag.h"
 #include "platform/host.h"
@@ -31,24 +30,6 @@ struct AppInventory {
         std::vector<OrphanGroup> orphanGroups; ///< largest first
     };
 
-    /// The context of the search in the Library.
-    struct Surroundings {
-        FileSystem &files;
-        const ProtectedLocations &locations;
-        Time now;
-        const StopFlag &stop = neverStopped;
-    };
-
-    /// Names too generic to identify an application.
-    static constexpr std::array<std::string_view, 18> genericNames{
-        "google",   "microsoft", "adobe", "apple", "jetbrains", "mozilla", "electron", "crashpad", "sentry",
-        "squirrel", "app",       "data",  "cache", "caches",    "logs",    "temp",     "tmp",      "default"};
-
-    /// First components of the names of data of deleted applications.
-    static constexpr std::array<std::string_view, 29> orphanTLDs{
-        "com", "org",  "net", "io", "app", "dev", "co", "de", "me", "ai", "us", "uk", "fr", "jp", "cn",
-        "ru",  "info", "tv",  "so", "sh",  "nl",  "se", "ch", "at", "it", "es", "ca", "au", "id"};
-
     /// When stopped, what has been measured so far. The sum of all sizes does not overflow.
     [[nodiscard]] static Result load(const Host &host, const ProtectedLocations &locations, Time now,
                                      const StopFlag &stop = neverStopped);
@@ -64,20 +45,17 @@ struct AppInventory {
     /// All identifiers in lower case, in the order of the bundles.
     [[nodiscard]] static std::vector<std::string> allIDs(const std::vector<BundleInfo> &bundles);
 
-    /// The first two components of every identifier of `allIDs`.
-    [[nodiscard]] static std::unordered_set<std::string> vendors(const std::vector<std::string> &allIDs);
-
     /// The bundle's data in the Library, largest first. An item claimed by an identifier in `allIDs` is not matched to
     /// another application by name. The sum of all sizes may overflow.
     [[nodiscard]] static std::vector<Leftover> findLeftovers(const BundleInfo &bundle,
                                                              const std::vector<std::string> &allIDs,
                                                              const LibraryListings &listings,
-                                                             const Surroundings &surroundings);
+                                                             const SearchContext &context);
 
     /// The data of applications without any installed vendor, largest group first.
     [[nodiscard]] static std::vector<OrphanGroup> findOrphans(const std::unordered_set<std::string> &vendors,
                                                               const LibraryListings &listings,
-                                                              const Surroundings &surroundings);
+                                                              const SearchContext &context);
 };
 
 } // namespace corvane

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "apps/name_pieces.h"
 #include "core/words/utf8.h"
 #include "platform/environment.h"
 #include "platform/path.h"
@@ -50,9 +51,9 @@ std::string unescaped(std::string_view value)
             if (each == 's' || each == 'n' || each == 't' || each == 'r')
                 each = ' ';
         }
-        text += static_cast<unsigned char>(each) < 0x20 || each == 0x7F ? ' ' : each;
+        text += each;
     }
-    return text;
+    return withoutControls(std::move(text));
 }
 
 /// Splits a command into words; double quotes group.

@@ -5,8 +5,8 @@
 #include <set>
 #include <utility>
 
+#include "apps/folder_listing.h"
 #include "apps/leftover_rules.h"
-#include "apps/library_listings.h"
 #include "apps/name_pieces.h"
 #include "apps/program_names.h"
 #include "core/concurrent_perform.h"
@@ -20,10 +20,9 @@ bool isThisApplication(std::string_view id)
     return id == CORVANE_APP_ID;
 }
 
-std::vector<std::string> sortedNames(const std::string &folder, const AppInventory::Surroundings &surroundings,
-                                     bool &areAllKnown)
+std::vector<std::string> sortedNames(const std::string &folder, const SearchContext &context, bool &areAllKnown)
 {
-    Expected<std::vector<std::string>> names = namesIn(folder, surroundings.files, surroundings.stop);
+    Expected<std::vector<std::string>> names = namesIn(folder, context.files, context.stop);
     if (!names) {
         areAllKnown = areAllKnown && names.error().isMissing();
         return {};
@@ -32,17 +31,17 @@ std::vector<std::string> sortedNames(const std::string &folder, const AppInvento
     return *std::move(names);
 }
 
-std::vector<DesktopEntry> entriesIn(const std::string &folder, const AppInventory::Surroundings &surroundings)
+std::vector<DesktopEntry> entriesIn(const std::string &folder, const SearchContext &context)
 {
     constexpr std::size_t most = 10'000; // a desktop has hundreds
     bool areAllKnown = true;
-    std::vector<std::string> names = sortedNames(folder, surroundings, areAllKnown);
+    std::vector<std::string> names = sortedNames(folder, context, areAllKnown);
     std::erase_if(names, [](const std::string &name) { return !desktopFileID(name); });
     names.resize(std::min(names.size(), most));
     std::vector<std::optional<DesktopEntry>> read(names.size());
     concurrentPerform(names.size(), [&](std::size_t i) {
-        if (!surroundings.stop)
-            read[i] = DesktopEntry::read(joined(folder, names[i]), surroundings.files);
+        if (!context.stop)
+            read[i] = DesktopEntry::read(joined(folder, names[i]), context.files);
     });
     std::vector<DesktopEntry> entries;
     for (std::optional<DesktopEntry> &entry : read) {

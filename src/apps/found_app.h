@@ -9,6 +9,7 @@
 #include "apps/desktop_entry.h"
 #include "apps/installed_app.h"
 #include "apps/linux_data.h"
+#include "apps/search_context.h"
 
 namespace corvane {
 
@@ -23,12 +24,11 @@ struct FoundApp {
 [[nodiscard]] bool isThisApplication(std::string_view id);
 
 /// The names in a folder, sorted. If the user may not read it, sets `areAllKnown` to false.
-[[nodiscard]] std::vector<std::string> sortedNames(const std::string &folder,
-                                                   const AppInventory::Surroundings &surroundings, bool &areAllKnown);
+[[nodiscard]] std::vector<std::string> sortedNames(const std::string &folder, const SearchContext &context,
+                                                   bool &areAllKnown);
 
 /// The visible desktop files of a folder, sorted by name.
-[[nodiscard]] std::vector<DesktopEntry> entriesIn(const std::string &folder,
-                                                  const AppInventory::Surroundings &surroundings);
+[[nodiscard]] std::vector<DesktopEntry> entriesIn(const std::string &folder, const SearchContext &context);
 
 /// The identifiers and names of an application, from its entries.
 [[nodiscard]] DataOwner ownerOf(const std::vector<DesktopEntry> &entries, std::string place);

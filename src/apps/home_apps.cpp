@@ -9,7 +9,7 @@
 #include <string_view>
 #include <utility>
 
-#include "apps/library_listings.h"
+#include "apps/folder_listing.h"
 #include "apps/name_pieces.h"
 #include "apps/program_names.h"
 #include "core/allocated_size.h"
@@ -22,13 +22,13 @@ namespace corvane {
 namespace {
 
 /// The path with links resolved, but starting with the home folder as configured; nothing if it is outside.
-std::optional<std::string> placeInHome(const std::string &path, const AppInventory::Surroundings &surroundings)
+std::optional<std::string> placeInHome(const std::string &path, const SearchContext &context)
 {
-    const Expected<std::string> real = surroundings.files.realPath(path);
-    const std::string &realHome = surroundings.locations.realHome();
+    const Expected<std::string> real = context.files.realPath(path);
+    const std::string &realHome = context.locations.realHome();
     if (!real || !liesBeneath(*real, realHome))
         return std::nullopt;
-    return surroundings.locations.home() + real->substr(realHome.size());
+    return context.locations.home() + real->substr(realHome.size());
 }
 
 /// Whether it is machine code. A script in a folder of documents would turn that folder into an application.
@@ -51,7 +51,7 @@ bool hasPartsOfPrograms(const std::string &folder, FileSystem &files)
 }
 
 /// Whether it directly contains files of the user's own, or a repository in one of its subfolders.
-bool holdsOwnWork(const std::string &folder, const AppInventory::Surroundings &surroundings)
+bool holdsOwnWork(const std::string &folder, const SearchContext &context)
 {
     constexpr std::array<std::string_view, 11> ownFolders{"desktop",   "documents", "downloads", "notes",
                                                           "pictures",  "projects",  "saves",     "sketchbook",
@@ -59,19 +59,19 @@ bool holdsOwnWork(const std::string &folder, const AppInventory::Surroundings &s
     constexpr std::array<std::string_view, 26> ownFiles{
         "avi", "blend", "doc", "docx", "flac", "heic", "ino",  "jpeg", "jpg", "kdbx", "kra", "mkv", "mov",
         "mp3", "mp4",   "odp", "ods",  "odt",  "ppt",  "pptx", "psd",  "raw", "tex",  "xcf", "xls", "xlsx"};
-    const auto names = namesIn(folder, surroundings.files, surroundings.stop);
+    const auto names = namesIn(folder, context.files, context.stop);
     return !names || std::ranges::any_of(*names, [&](const std::string &name) {
         const std::string lowered = lowerCase(name);
         return std::ranges::find(ownFolders, lowered) != ownFolders.end() ||
                std::ranges::find(ownFiles, nameExtension(lowered)) != ownFiles.end() ||
-               surroundings.files.exists(joined(joined(folder, name), ".git"));
+               context.files.exists(joined(joined(folder, name), ".git"));
     });
 }
 
 /// The folder that was unpacked with the program inside. Its name must match the program or its entry, which excludes a
 /// folder with the user's own scripts. Nothing if its contents may also be the user's own.
 std::optional<std::string> unpackedFolder(const std::string &program, const DesktopEntry &entry, const LinuxData &data,
-                                          const AppInventory::Surroundings &surroundings)
+                                          const SearchContext &context)
 {
     constexpr std::array<std::string_view, 17> signsOfWork{
         ".git",        ".hg",          ".svn",    ".bzr",      "Makefile",   "CMakeLists.txt",
@@ -81,8 +81,8 @@ std::optional<std::string> unpackedFolder(const std::string &program, const Desk
     constexpr std::array<std::string_view, 17> gatheringFolders{
         "applications", "apps",  "bin",      "builds",  "dropbox", "games", "nextcloud", "onedrive", "opt",
         "programs",     "repos", "software", "sources", "sync",    "tools", "work",      "workspace"};
-    FileSystem &files = surroundings.files;
-    const std::string &home = surroundings.locations.home();
+    FileSystem &files = context.files;
+    const std::string &home = context.locations.home();
     std::string_view folder = containingFolder(program);
     const bool isInBin = lastPathComponent(folder) == "bin";
     if (isInBin)
@@ -100,60 +100,56 @@ std::optional<std::string> unpackedFolder(const std::string &program, const Desk
     if (!bearsName(name, entry.name) && !bearsName(name, entry.id) && !bearsName(name, file.substr(0, file.rfind('.'))))
         return std::nullopt;
     std::string path(folder);
-    if (surroundings.locations.isProtected(path, files) ||
+    if (context.locations.isProtected(path, files) ||
         std::ranges::any_of(signsOfWork, [&](std::string_view sign) { return files.exists(joined(path, sign)); }) ||
-        holdsOwnWork(path, surroundings))
+        holdsOwnWork(path, context))
         return std::nullopt;
     return path;
 }
 
 std::optional<FoundApp> foundInHome(const DesktopEntry &entry, const LinuxData &data, const IconSearch &icons,
-                                    const AppInventory::Surroundings &surroundings)
+                                    const SearchContext &context)
 {
     if (!entry.program.starts_with('/') || entry.isShortcut)
         return std::nullopt;
-    const std::optional<std::string> program = placeInHome(entry.program, surroundings);
+    const std::optional<std::string> program = placeInHome(entry.program, context);
     if (!program)
         return std::nullopt;
-    const Expected<ItemFacts> facts = surroundings.files.facts(*program);
-    if (!facts || facts->type != EntryType::file || surroundings.locations.isProtected(*program, surroundings.files))
+    const Expected<ItemFacts> facts = context.files.facts(*program);
+    if (!facts || facts->type != EntryType::file || context.locations.isProtected(*program, context.files))
         return std::nullopt;
     const bool isImage = isAppImage(*program);
-    const std::optional<std::string> place = isImage ? program : unpackedFolder(*program, entry, data, surroundings);
+    const std::optional<std::string> place = isImage ? program : unpackedFolder(*program, entry, data, context);
     if (!place)
         return std::nullopt;
     const bool isLauncherFree =
-        !surroundings.locations.isProtected(entry.path, surroundings.files) && !data.touchesDocuments(entry.path);
-    const bool tellsVersion = entry.version.size() <= longestVersion && isPlainName(entry.version);
-    const std::string realPlace = surroundings.files.realPath(*place).value_or(*place);
-    return FoundApp{
-        .app = {.path = *place,
-                .name = entry.name,
-                .bundleID = entry.id,
-                .version = tellsVersion ? entry.version : versionIn(programName(*place)),
-                .lastUsed = {},
-                .leftovers = {},
-                .source = isImage ? InstalledApp::Source::appImage : InstalledApp::Source::none,
-                .launcher = isLauncherFree ? entry.path : std::string(),
-                .icon = icons.find(entry.icon),
-                .programs = {realPlace}},
-        .owner = ownerOf({entry}, *place),
-        .size = [path = *place, &surroundings] { return allocatedSize(path, surroundings.files, surroundings.stop); }};
+        !context.locations.isProtected(entry.path, context.files) && !data.touchesDocuments(entry.path);
+    const std::string realPlace = context.files.realPath(*place).value_or(*place);
+    return FoundApp{.app = {.path = *place,
+                            .name = entry.name,
+                            .bundleID = entry.id,
+                            .version = isVersion(entry.version) ? entry.version : versionIn(programName(*place)),
+                            .lastUsed = {},
+                            .leftovers = {},
+                            .source = isImage ? InstalledApp::Source::appImage : InstalledApp::Source::none,
+                            .launcher = isLauncherFree ? entry.path : std::string(),
+                            .icon = icons.find(entry.icon),
+                            .programs = {realPlace}},
+                    .owner = ownerOf({entry}, *place),
+                    .size = [path = *place, &context] { return allocatedSize(path, context.files, context.stop); }};
 }
 
 } // namespace
 
-std::vector<FoundApp> appsInHome(const LinuxData &data, const IconSearch &icons,
-                                 const AppInventory::Surroundings &surroundings)
+std::vector<FoundApp> appsInHome(const LinuxData &data, const IconSearch &icons, const SearchContext &context)
 {
-    const std::string folder =
-        joined(LinuxData::dataFolder(surroundings.locations.home(), surroundings.files), "applications");
-    const std::vector<DesktopEntry> entries = entriesIn(folder, surroundings);
+    const std::string folder = joined(LinuxData::dataFolder(context.locations.home(), context.files), "applications");
+    const std::vector<DesktopEntry> entries = entriesIn(folder, context);
     std::set<std::string> programs;
     for (const DesktopEntry &entry : entries) {
-        if (!entry.program.starts_with('/') || surroundings.stop)
+        if (!entry.program.starts_with('/') || context.stop)
             continue;
-        if (std::optional<std::string> program = placeInHome(entry.program, surroundings))
+        if (std::optional<std::string> program = placeInHome(entry.program, context))
             programs.insert(*std::move(program));
     }
     const auto holdsSeveral = [&](const std::string &place) {
@@ -161,7 +157,7 @@ std::vector<FoundApp> appsInHome(const LinuxData &data, const IconSearch &icons,
     };
     std::vector<FoundApp> found;
     for (const DesktopEntry &entry : entries) {
-        std::optional<FoundApp> each = foundInHome(entry, data, icons, surroundings);
+        std::optional<FoundApp> each = foundInHome(entry, data, icons, context);
         const auto isKnown = [&](const FoundApp &other) { return other.app.path == each->app.path; };
         if (each && std::ranges::none_of(found, isKnown) && !holdsSeveral(each->app.path))
             found.push_back(*std::move(each));

@@ -28,6 +28,11 @@ std::int64_t InstalledApp::exactLeftoverSize() const
     return sum;
 }
 
+std::int64_t InstalledApp::sizeWithExactLeftovers() const
+{
+    return checkedAdd(appSize, exactLeftoverSize());
+}
+
 std::int64_t InstalledApp::dataSize() const
 {
     return std::accumulate(leftovers.begin(), leftovers.end(), std::int64_t{0},
@@ -58,7 +63,7 @@ ProgramMarks marksOf(const InstalledApp &app)
             .programs = app.programs};
 }
 
-std::string_view rawValue(InstalledApp::Source source)
+std::string_view caseName(InstalledApp::Source source)
 {
     switch (source) {
     case InstalledApp::Source::none:

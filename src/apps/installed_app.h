@@ -36,6 +36,9 @@ struct InstalledApp {
     /// The sum of the exact matches.
     [[nodiscard]] std::int64_t exactLeftoverSize() const;
 
+    /// The size including the exact matches, by which the inventory is ordered.
+    [[nodiscard]] std::int64_t sizeWithExactLeftovers() const;
+
     /// The sum of exact and possible matches, as shown for the data.
     [[nodiscard]] std::int64_t dataSize() const;
 
@@ -56,7 +59,8 @@ struct InstalledApp {
 /// Identifies its processes.
 [[nodiscard]] ProgramMarks marksOf(const InstalledApp &app);
 
-/// The display name of the case; empty for none.
-[[nodiscard]] std::string_view rawValue(InstalledApp::Source source);
+/// The name of the case, as in the output of the command line, JSON included, and in the badge of the window; empty for
+/// none.
+[[nodiscard]] std::string_view caseName(InstalledApp::Source source);
 
 } // namespace corvane

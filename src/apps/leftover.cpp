@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-std::string_view rawValue(Leftover::Match match)
+std::string_view caseName(Leftover::Match match)
 {
     switch (match) {
     case Leftover::Match::exact:

@@ -29,8 +29,8 @@ struct Leftover {
     friend bool operator==(const Leftover &, const Leftover &) = default;
 };
 
-/// The name of the case as text.
-[[nodiscard]] std::string_view rawValue(Leftover::Match match);
+/// The name of the case, as in the JSON of the command line.
+[[nodiscard]] std::string_view caseName(Leftover::Match match);
 
 /// The data of deleted applications with a common identifier, largest first. Identified by `id`.
 struct OrphanGroup {

@@ -20,8 +20,6 @@ namespace corvane {
 
 namespace {
 
-using Surroundings = AppInventory::Surroundings;
-
 constexpr std::string_view systemFlatpaks = "/var/lib/flatpak";
 constexpr std::string_view otherFlatpaks = "/etc/flatpak/installations.d";
 constexpr std::array<std::string_view, 2> systemEntries{"/usr/share/applications", "/usr/local/share/applications"};
@@ -45,23 +43,20 @@ FoundApp foundOf(const PackageRecord &package, const IconSearch &icons)
 
 class Inventory {
 public:
-    explicit Inventory(const Surroundings &surroundings)
-        : m_surroundings(surroundings), m_data(surroundings), m_icons(surroundings.files)
-    {
-    }
+    explicit Inventory(const SearchContext &context) : m_context(context), m_data(context), m_icons(context.files) {}
 
     void find(const ToolRunner &runTool)
     {
-        const std::string dataFolder = LinuxData::dataFolder(m_surroundings.locations.home(), m_surroundings.files);
+        const std::string dataFolder = LinuxData::dataFolder(m_context.locations.home(), m_context.files);
         findFlatpaks({{std::string(systemFlatpaks), "flatpak uninstall "},
                       {joined(dataFolder, "flatpak"), "flatpak uninstall --user "}});
         findSnaps();
-        for (const PackageRecord &package : readPackages(m_surroundings.files, runTool, m_surroundings.stop)) {
+        for (const PackageRecord &package : readPackages(m_context.files, runTool, m_context.stop)) {
             const auto isOwn = [](const DesktopEntry &entry) { return isThisApplication(entry.id); };
             if (std::ranges::none_of(package.entries, isOwn))
                 m_found.push_back(foundOf(package, m_icons));
         }
-        std::ranges::move(appsInHome(m_data, m_icons, m_surroundings), std::back_inserter(m_found));
+        std::ranges::move(appsInHome(m_data, m_icons, m_context), std::back_inserter(m_found));
         for (const std::string_view folder : systemEntries)
             noteEntriesIn(std::string(folder));
         noteEntriesIn(std::string(snapEntries));
@@ -73,7 +68,7 @@ public:
     {
         std::vector<std::optional<InstalledApp>> apps(m_found.size());
         concurrentPerform(m_found.size(), [&](std::size_t i) {
-            if (m_surroundings.stop)
+            if (m_context.stop)
                 return;
             apps[i] = std::move(m_found[i].app);
             apps[i]->appSize = m_found[i].size();
@@ -87,16 +82,16 @@ private:
     {
         bool areAllKnown = true;
         // If Flatpaks may be installed elsewhere too, the ones missing here may be there.
-        if (!sortedNames(std::string(otherFlatpaks), m_surroundings, areAllKnown).empty())
+        if (!sortedNames(std::string(otherFlatpaks), m_context, areAllKnown).empty())
             areAllKnown = false;
         std::unordered_set<std::string> ids;
         for (const FlatpakFolder &folder : folders) {
-            for (const std::string &id : sortedNames(joined(folder.path, "app"), m_surroundings, areAllKnown)) {
-                if (!isReverseDomainName(id) || m_surroundings.stop)
+            for (const std::string &id : sortedNames(joined(folder.path, "app"), m_context, areAllKnown)) {
+                if (!isReverseDomainName(id) || m_context.stop)
                     continue;
                 ids.insert(lowerCase(id));
                 m_installed.ids.push_back(lowerCase(id));
-                if (std::optional<FoundApp> found = flatpakAt(folder, id, m_icons, m_surroundings))
+                if (std::optional<FoundApp> found = flatpakAt(folder, id, m_icons, m_context))
                     m_found.push_back(*std::move(found));
             }
         }
@@ -108,21 +103,20 @@ private:
     void findSnaps()
     {
         bool areAllKnown = true;
-        const SnapImages images =
-            SnapImages::in(sortedNames(std::string(SnapImages::folder), m_surroundings, areAllKnown));
+        const SnapImages images = SnapImages::in(sortedNames(std::string(SnapImages::folder), m_context, areAllKnown));
         std::unordered_set<std::string> names;
         for (const auto &[name, paths] : images.byName)
             names.insert(lowerCase(name));
-        for (const std::string &name : sortedNames(std::string(mountedSnaps), m_surroundings, areAllKnown))
+        for (const std::string &name : sortedNames(std::string(mountedSnaps), m_context, areAllKnown))
             names.insert(lowerCase(name));
-        std::ranges::move(snaps(images, m_icons, m_surroundings), std::back_inserter(m_found));
+        std::ranges::move(snaps(images, m_icons, m_context), std::back_inserter(m_found));
         if (areAllKnown)
             m_installed.snaps = std::move(names);
     }
 
     void noteEntriesIn(const std::string &folder)
     {
-        for (const std::string &name : sortedNames(folder, m_surroundings, m_installed.areIDsKnown)) {
+        for (const std::string &name : sortedNames(folder, m_context, m_installed.areIDsKnown)) {
             if (const auto id = desktopFileID(name); id && isReverseDomainName(*id))
                 m_installed.ids.push_back(lowerCase(*id));
         }
@@ -142,7 +136,7 @@ private:
         m_installed.ids.erase(std::unique(m_installed.ids.begin(), m_installed.ids.end()), m_installed.ids.end());
     }
 
-    const Surroundings &m_surroundings;
+    const SearchContext &m_context;
     const LinuxData m_data;
     const IconSearch m_icons;
     InstalledNames m_installed;
@@ -154,8 +148,8 @@ private:
 AppInventory::Result loadLinuxApps(const Host &host, const ProtectedLocations &locations, Time now,
                                    const ToolRunner &runTool, const StopFlag &stop)
 {
-    const Surroundings surroundings{.files = host.files, .locations = locations, .now = now, .stop = stop};
-    Inventory inventory(surroundings);
+    const SearchContext context{.files = host.files, .locations = locations, .now = now, .stop = stop};
+    Inventory inventory(context);
     inventory.find(runTool);
     return inventory.measured();
 }

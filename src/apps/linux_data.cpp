@@ -17,7 +17,7 @@ namespace corvane {
 
 namespace {
 
-using Item = LibraryListing::Item;
+using Item = FolderListing::Item;
 using Match = Leftover::Match;
 
 struct DataPlace {
@@ -71,17 +71,17 @@ std::string LinuxData::dataFolder(const std::string &home, FileSystem &files)
     return placeOf(usualData, home, files);
 }
 
-LinuxData::LinuxData(const AppInventory::Surroundings &surroundings) : m_surroundings(surroundings)
+LinuxData::LinuxData(const SearchContext &context) : m_context(context)
 {
-    FileSystem &files = surroundings.files;
-    const std::string &home = surroundings.locations.home();
+    FileSystem &files = context.files;
+    const std::string &home = context.locations.home();
     std::vector<std::string> documents = files.userFolders();
     for (const std::string_view folder : documentFolders)
         documents.push_back(joined(home, folder));
     for (const std::string &folder : documents)
         m_documentNames.emplace_back(lastPathComponent(folder));
     // The real path of a folder behind a link may also be written relative to the home folder's other path.
-    const std::string &realHome = surroundings.locations.realHome();
+    const std::string &realHome = context.locations.realHome();
     for (std::string &folder : documents) {
         std::string real = files.realPath(folder).value_or(folder);
         if (liesBeneath(real, realHome))
@@ -91,7 +91,7 @@ LinuxData::LinuxData(const AppInventory::Surroundings &surroundings) : m_surroun
     }
 
     const auto list = [&](std::string folder, std::string_view label) {
-        LibraryListing listing(namesIn(folder, files, surroundings.stop).value_or(std::vector<std::string>()));
+        FolderListing listing(namesIn(folder, files, context.stop).value_or(std::vector<std::string>()));
         return Place{std::move(folder), label, std::move(listing)};
     };
     for (const DataPlace &place : dataPlaces) {
@@ -111,8 +111,8 @@ LinuxData::LinuxData(const AppInventory::Surroundings &surroundings) : m_surroun
 /// applications' data.
 bool LinuxData::isUsable(const std::string &folder) const
 {
-    const ProtectedLocations &locations = m_surroundings.locations;
-    const std::string real = m_surroundings.files.realPath(folder).value_or(folder);
+    const ProtectedLocations &locations = m_context.locations;
+    const std::string real = m_context.files.realPath(folder).value_or(folder);
     return !isOrLiesBeneath(locations.home(), folder) && !isOrLiesBeneath(locations.realHome(), real) &&
            !touchesDocuments(folder) && !touchesDocuments(real);
 }
@@ -134,9 +134,9 @@ bool LinuxData::isDataPlace(std::string_view path) const
 
 std::optional<Leftover> LinuxData::folderAt(const std::string &path, std::string_view label, Match match) const
 {
-    if (m_surroundings.stop || touchesDocuments(path))
+    if (m_context.stop || touchesDocuments(path))
         return std::nullopt;
-    std::optional<Leftover> leftover = leftoverAt(path, label, match, m_surroundings);
+    std::optional<Leftover> leftover = leftoverAt(path, label, match, m_context);
     return leftover && leftover->kind != FileNode::Kind::file ? leftover : std::nullopt;
 }
 
@@ -145,19 +145,19 @@ std::vector<Leftover> LinuxData::flatpakData(const std::string &id, bool isShare
     const Match usualMatch = isShared ? Match::name : Match::exact;
     std::vector<Leftover> found;
     const auto take = [&](std::string path, std::string_view label, Match match) {
-        if (m_surroundings.stop || touchesDocuments(path))
+        if (m_context.stop || touchesDocuments(path))
             return;
-        if (std::optional<Leftover> leftover = leftoverAt(std::move(path), label, match, m_surroundings))
+        if (std::optional<Leftover> leftover = leftoverAt(std::move(path), label, match, m_context))
             found.push_back(*std::move(leftover));
     };
     for (const Item &item : m_flatpaks.listing.named(id)) {
         const std::string folder = joined(m_flatpaks.folder, item.name);
         // A link may lead to any of the user's files.
-        const Expected<ItemFacts> facts = m_surroundings.files.facts(folder);
+        const Expected<ItemFacts> facts = m_context.files.facts(folder);
         if (!facts || facts->type != EntryType::directory)
             continue;
         for (const std::string &name :
-             namesIn(folder, m_surroundings.files, m_surroundings.stop).value_or(std::vector<std::string>())) {
+             namesIn(folder, m_context.files, m_context.stop).value_or(std::vector<std::string>())) {
             const auto *const part = std::ranges::find(flatpakParts, name, &DataPlace::usual);
             take(joined(folder, name), part == flatpakParts.end() ? m_flatpaks.label : part->label,
                  isFilledDocumentFolder(folder, name) ? Match::name : usualMatch);
@@ -173,10 +173,10 @@ bool LinuxData::isFilledDocumentFolder(const std::string &folder, std::string_vi
     if (std::ranges::find(m_documentNames, name) == m_documentNames.end())
         return false;
     const std::string path = joined(folder, name);
-    const Expected<ItemFacts> facts = m_surroundings.files.facts(path);
+    const Expected<ItemFacts> facts = m_context.files.facts(path);
     if (!facts || facts->type != EntryType::directory)
         return false;
-    const auto inside = namesIn(path, m_surroundings.files, m_surroundings.stop);
+    const auto inside = namesIn(path, m_context.files, m_context.stop);
     return !inside || !inside->empty();
 }
 
@@ -189,8 +189,8 @@ bool LinuxData::holdsDocuments(const std::string &folder) const
 
 bool LinuxData::snapHoldsDocuments(const std::string &snapFolder) const
 {
-    FileSystem &files = m_surroundings.files;
-    const auto revisions = namesIn(snapFolder, files, m_surroundings.stop);
+    FileSystem &files = m_context.files;
+    const auto revisions = namesIn(snapFolder, files, m_context.stop);
     return !revisions || std::ranges::any_of(*revisions, [&](const std::string &revision) {
         const std::string folder = joined(snapFolder, revision);
         const Expected<ItemFacts> facts = files.facts(folder);
@@ -206,7 +206,7 @@ std::vector<Leftover> LinuxData::dataOf(const DataOwner &owner, const InstalledN
         if (!leftover || isOrLiesBeneath(leftover->path, owner.place) || isOrLiesBeneath(owner.place, leftover->path) ||
             !taken.insert(leftover->path).second)
             return;
-        leftover->size = allocatedSize(leftover->path, m_surroundings.files, m_surroundings.stop);
+        leftover->size = allocatedSize(leftover->path, m_context.files, m_context.stop);
         found.push_back(*std::move(leftover));
     };
     const auto addAll = [&](const std::string &name, Match match) {
@@ -243,10 +243,10 @@ std::vector<Leftover> LinuxData::dataOf(const DataOwner &owner, const InstalledN
 /// Whether neither the folder nor any file directly inside it has changed recently.
 bool LinuxData::isUntouchedInside(const Leftover &folder) const
 {
-    if (!isUntouched(folder, m_surroundings.now))
+    if (!isUntouched(folder, m_context.now))
         return false;
     const WalkConditions conditions;
-    const auto opened = openPatiently([&] { return m_surroundings.files.openFolder(folder.path); });
+    const auto opened = openPatiently([&] { return m_context.files.openFolder(folder.path); });
     if (!opened)
         return false;
     bool isRecent = false;
@@ -254,8 +254,8 @@ bool LinuxData::isUntouchedInside(const Leftover &folder) const
         Leftover inside;
         if (entry.modified != distantPast)
             inside.modified = entry.modified;
-        isRecent = !isUntouched(inside, m_surroundings.now);
-        return isRecent || m_surroundings.stop ? Listing::stop : Listing::goOn;
+        isRecent = !isUntouched(inside, m_context.now);
+        return isRecent || m_context.stop ? Listing::stop : Listing::goOn;
     });
     return listed.has_value() && !isRecent;
 }
@@ -283,7 +283,7 @@ std::vector<OrphanGroup> LinuxData::orphans(const InstalledNames &installed) con
         }
     }
     if (installed.areIDsKnown) {
-        const std::unordered_set<std::string> vendors = AppInventory::vendors(installed.ids);
+        const std::unordered_set<std::string> vendors = vendorsOf(installed.ids);
         for (const Place &place : m_places) {
             for (const Item &item : place.listing.items()) {
                 if (!isReverseDomainName(item.lowered) || !isOrphanName(item.lowered, vendors))
@@ -295,7 +295,7 @@ std::vector<OrphanGroup> LinuxData::orphans(const InstalledNames &installed) con
             }
         }
     }
-    return measuredGroups(std::move(found), m_surroundings);
+    return measuredGroups(std::move(found), m_context);
 }
 
 } // namespace corvane

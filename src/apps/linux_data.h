@@ -8,8 +8,9 @@
 #include <unordered_set>
 #include <vector>
 
-#include "apps/app_inventory.h"
-#include "apps/library_listings.h"
+#include "apps/folder_listing.h"
+#include "apps/leftover.h"
+#include "apps/search_context.h"
 
 namespace corvane {
 
@@ -36,8 +37,8 @@ struct InstalledNames {
 /// state. Immutable; any thread. Never includes folders for the user's own documents, or their contents.
 class LinuxData {
 public:
-    /// The surroundings must outlive the object.
-    explicit LinuxData(const AppInventory::Surroundings &surroundings);
+    /// The context must outlive the object.
+    explicit LinuxData(const SearchContext &context);
 
     /// The base folder of applications' data, "~/.local/share" unless configured otherwise.
     [[nodiscard]] static std::string dataFolder(const std::string &home, FileSystem &files);
@@ -58,7 +59,7 @@ private:
     struct Place {
         std::string folder;
         std::string_view label;
-        LibraryListing listing;
+        FolderListing listing;
     };
 
     [[nodiscard]] bool isUsable(const std::string &folder) const;
@@ -70,7 +71,7 @@ private:
     [[nodiscard]] bool snapHoldsDocuments(const std::string &snapFolder) const;
     [[nodiscard]] bool isUntouchedInside(const Leftover &folder) const;
 
-    const AppInventory::Surroundings &m_surroundings;
+    const SearchContext &m_context;
     std::vector<std::string> m_documents;
     std::vector<std::string> m_documentNames; ///< names of document folders, in any location
     std::vector<Place> m_places;              // those shared by all applications

@@ -29,9 +29,8 @@ bool takeFrom(std::vector<InstalledApp> &apps, const Selection &gone)
         hasChanged |= takeInside(gone, app.path, app.appSize);
         hasChanged |= takeFrom(app.leftovers, gone);
     }
-    const auto size = [](const InstalledApp &app) { return checkedAdd(app.appSize, app.exactLeftoverSize()); };
     if (hasChanged)
-        std::ranges::stable_sort(apps, std::ranges::greater(), size);
+        std::ranges::stable_sort(apps, std::ranges::greater(), &InstalledApp::sizeWithExactLeftovers);
     return hasChanged;
 }
 

@@ -39,6 +39,21 @@ namespace corvane {
            });
 }
 
+/// Whether a text of a file or of a name is short and plain enough to be shown as a version.
+[[nodiscard]] inline bool isVersion(std::string_view text)
+{
+    constexpr std::size_t longest = 64;
+    return text.size() <= longest && isPlainName(text);
+}
+
+/// The text with each ASCII control character replaced by a space.
+[[nodiscard]] inline std::string withoutControls(std::string text)
+{
+    std::ranges::replace_if(
+        text, [](char each) { return static_cast<unsigned char>(each) < 0x20 || each == 0x7F; }, ' ');
+    return text;
+}
+
 /// Whether a plain name has at least three non-empty components separated by dots, like an application's identifier.
 [[nodiscard]] inline bool isReverseDomainName(std::string_view name)
 {

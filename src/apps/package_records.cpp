@@ -10,7 +10,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "apps/library_listings.h"
+#include "apps/folder_listing.h"
 #include "apps/name_pieces.h"
 #include "apps/package_files.h"
 #include "core/concurrent_perform.h"

@@ -78,8 +78,7 @@ std::string versionIn(std::string_view name)
         if (part.starts_with('v') || part.starts_with('V'))
             part.remove_prefix(1);
         const bool isNumbered = !part.empty() && part.front() >= '0' && part.front() <= '9';
-        if (isNumbered && part.find('.') != std::string_view::npos && part.size() <= longestVersion &&
-            isPlainName(part) && !part.ends_with('.'))
+        if (isNumbered && part.find('.') != std::string_view::npos && isVersion(part) && !part.ends_with('.'))
             return std::string(part);
     }
     return {};

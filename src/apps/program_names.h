@@ -1,14 +1,11 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace corvane {
 
 // Information about programs in the names of files and folders.
-
-inline constexpr std::size_t longestVersion = 64;
 
 [[nodiscard]] bool isAppImage(std::string_view path);
 

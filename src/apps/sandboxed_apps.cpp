@@ -5,7 +5,6 @@
 
 #include "apps/app_description.h"
 #include "apps/name_pieces.h"
-#include "apps/program_names.h"
 #include "core/allocated_size.h"
 #include "core/foreign_sum.h"
 #include "core/size_walk.h"
@@ -46,7 +45,7 @@ std::string snapVersion(const std::string &snap, FileSystem &files)
         return {};
     std::string version = all.substr(start + key.size(), all.find('\n', start + 1) - start - key.size());
     std::erase_if(version, [](char each) { return std::string_view(" \"'\r\t").find(each) != std::string_view::npos; });
-    return version.size() <= longestVersion && isPlainName(version) ? version : std::string();
+    return isVersion(version) ? version : std::string();
 }
 
 /// A Snap's icon is inside its mounted package, whether or not its entry refers to it.
@@ -64,9 +63,9 @@ std::string snapIcon(const std::string &snap, const DesktopEntry &entry, const I
 } // namespace
 
 std::optional<FoundApp> flatpakAt(const FlatpakFolder &folder, const std::string &id, const IconSearch &icons,
-                                  const AppInventory::Surroundings &surroundings)
+                                  const SearchContext &context)
 {
-    FileSystem &files = surroundings.files;
+    FileSystem &files = context.files;
     const std::string place = joined(folder.path, "app/" + id);
     const std::string share = joined(folder.path, "exports/share");
     const std::optional<DesktopEntry> entry =
@@ -87,13 +86,13 @@ std::optional<FoundApp> flatpakAt(const FlatpakFolder &folder, const std::string
                 .removeCommand = folder.command + id,
                 .icon = icons.find(entry ? entry->icon : id)},
         .owner = ownerOf(entry ? std::vector{*entry} : std::vector<DesktopEntry>(), place),
-        .size = [place, &surroundings]() -> std::int64_t {
+        .size = [place, &context]() -> std::int64_t {
             const WalkConditions conditions;
-            auto opened = openPatiently([&] { return surroundings.files.openFolder(place); });
+            auto opened = openPatiently([&] { return context.files.openFolder(place); });
             if (!opened)
                 return 0;
             const ExcludedItems none;
-            return SizeWalk(SizeWalk::Counting::asTheDisk, none, surroundings.stop).walk(*std::move(opened), place);
+            return SizeWalk(SizeWalk::Counting::asTheDisk, none, context.stop).walk(*std::move(opened), place);
         }};
     found.owner.flatpak = lowerCase(id);
     if (std::ranges::find(found.owner.ids, found.owner.flatpak) == found.owner.ids.end())
@@ -112,11 +111,10 @@ SnapImages SnapImages::in(const std::vector<std::string> &names)
     return images;
 }
 
-std::vector<FoundApp> snaps(const SnapImages &images, const IconSearch &icons,
-                            const AppInventory::Surroundings &surroundings)
+std::vector<FoundApp> snaps(const SnapImages &images, const IconSearch &icons, const SearchContext &context)
 {
     std::map<std::string, std::vector<DesktopEntry>> entries;
-    for (DesktopEntry &entry : entriesIn(std::string(snapEntries), surroundings)) {
+    for (DesktopEntry &entry : entriesIn(std::string(snapEntries), context)) {
         // "name_application.desktop"
         std::string snap = entry.snap.empty() ? entry.id.substr(0, entry.id.find('_')) : entry.snap;
         if (images.byName.contains(snap))
@@ -128,18 +126,18 @@ std::vector<FoundApp> snaps(const SnapImages &images, const IconSearch &icons,
         FoundApp each{.app = {.path = entry.path,
                               .name = entry.name,
                               .bundleID = snap,
-                              .version = snapVersion(snap, surroundings.files),
+                              .version = snapVersion(snap, context.files),
                               .lastUsed = {},
                               .leftovers = {},
                               .source = InstalledApp::Source::snap,
                               .removeCommand = "sudo snap remove " + snap,
-                              .icon = snapIcon(snap, entry, icons, surroundings.files)},
+                              .icon = snapIcon(snap, entry, icons, context.files)},
                       .owner = ownerOf(shown, entry.path),
-                      .size = [paths = images.byName.at(snap), &surroundings] {
+                      .size = [paths = images.byName.at(snap), &context] {
                           ForeignSum sum;
                           std::int64_t size = 0;
                           for (const std::string &path : paths) {
-                              if (const Expected<ItemFacts> facts = surroundings.files.facts(path))
+                              if (const Expected<ItemFacts> facts = context.files.facts(path))
                                   size += sum.counted(fileSize(*facts));
                           }
                           return size;

@@ -7,6 +7,7 @@
 
 #include "apps/found_app.h"
 #include "apps/icon_search.h"
+#include "apps/search_context.h"
 
 namespace corvane {
 
@@ -21,11 +22,10 @@ struct FlatpakFolder {
     std::string command; ///< the removal command, to be followed by the application ID
 };
 
-/// The Flatpak with that ID; nothing if it is hidden. Several installed branches count as one. The surroundings must
+/// The Flatpak with that ID; nothing if it is hidden. Several installed branches count as one. The context must
 /// outlive the result.
 [[nodiscard]] std::optional<FoundApp> flatpakAt(const FlatpakFolder &folder, const std::string &id,
-                                                const IconSearch &icons,
-                                                const AppInventory::Surroundings &surroundings);
+                                                const IconSearch &icons, const SearchContext &context);
 
 /// The images of installed Snaps.
 struct SnapImages {
@@ -37,8 +37,8 @@ struct SnapImages {
     std::map<std::string, std::vector<std::string>> byName; ///< paths of the revisions of each Snap
 };
 
-/// The visible Snaps. The surroundings must outlive the result.
+/// The visible Snaps. The context must outlive the result.
 [[nodiscard]] std::vector<FoundApp> snaps(const SnapImages &images, const IconSearch &icons,
-                                          const AppInventory::Surroundings &surroundings);
+                                          const SearchContext &context);
 
 } // namespace corvane

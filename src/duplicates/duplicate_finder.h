@@ -12,8 +12,9 @@
 
 namespace corvane {
 
-/// Finds files with identical contents: first by size, then by the SHA-256 fingerprint of a part, finally by that of
-/// the whole file. Blocks; any thread. Reads one file at a time.
+/// Finds files with identical contents: compares those of the same allocated size, first by the SHA-256 fingerprint of
+/// their ends, then by that of the whole file. Does not find a copy that occupies another amount of space, such as a
+/// sparse or compressed one: the nodes of a scan hold no other size. Blocks; any thread. Reads one file at a time.
 struct DuplicateFinder {
     /// Called on the search thread with the progress from 0 to 1, in steps of at least 0.01.
     using Progress = std::function<void(double)>;

@@ -15,7 +15,7 @@ bool FoundDuplicates::Pledge::holds(const Selection &selected) const
     });
 }
 
-std::vector<SelectedEntry> FoundDuplicates::copiesToSelect(bool keepNewest, const Selection &selected)
+std::vector<SelectedEntry> FoundDuplicates::copiesToSelect(KeepRule rule, const Selection &selected)
 {
     std::set<std::string_view> ids;
     for (const DuplicateGroup &group : m_groups)
@@ -24,7 +24,7 @@ std::vector<SelectedEntry> FoundDuplicates::copiesToSelect(bool keepNewest, cons
                   [&](const Pledge &pledge) { return ids.contains(pledge.group.id) || !pledge.holds(selected); });
     std::vector<SelectedEntry> entries;
     for (const DuplicateGroup &group : m_groups) {
-        const std::size_t kept = keptFile(group, keepNewest);
+        const std::size_t kept = keptFile(group, rule);
         m_pledges.push_back({.group = group, .kept = group.files[kept]->path()});
         for (std::size_t i = 0; i < group.files.size(); ++i) {
             if (i != kept)

@@ -25,9 +25,9 @@ public:
     /// The reclaimable space of all groups.
     [[nodiscard]] std::int64_t waste() const { return totalReclaimable(m_groups); }
 
-    /// All files except the newest (or oldest) of each group, to be added to the selection. From then on one file of
-    /// each group survives a removal.
-    [[nodiscard]] std::vector<SelectedEntry> copiesToSelect(bool keepNewest, const Selection &selected);
+    /// All files except the one of each group that the rule keeps, to be added to the selection. From then on one file
+    /// of each group survives a removal.
+    [[nodiscard]] std::vector<SelectedEntry> copiesToSelect(KeepRule rule, const Selection &selected);
 
     /// The conditions to check before removing each entry. `selected` is the selection that the entries come from,
     /// including redundant entries.

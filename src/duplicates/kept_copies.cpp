@@ -45,11 +45,11 @@ void addConditions(const DuplicateGroup &group, bool isOfRule, const Selection &
 
 } // namespace
 
-std::size_t keptFile(const DuplicateGroup &group, bool keepNewest)
+std::size_t keptFile(const DuplicateGroup &group, KeepRule rule)
 {
     const auto modified = [](const std::shared_ptr<FileNode> &file) { return file->modified; };
-    const auto kept = keepNewest ? std::ranges::max_element(group.files, {}, modified)
-                                 : std::ranges::min_element(group.files, {}, modified);
+    const auto kept = rule == KeepRule::newest ? std::ranges::max_element(group.files, {}, modified)
+                                               : std::ranges::min_element(group.files, {}, modified);
     return static_cast<std::size_t>(kept - group.files.begin());
 }
 

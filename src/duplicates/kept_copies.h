@@ -10,11 +10,14 @@
 
 namespace corvane {
 
+/// Which file of a group a rule keeps.
+enum class KeepRule { newest, oldest };
+
 /// For groups whose copies were selected by a rule, the path that the rule keeps, by the group's `id`.
 using CopiesKeptByRule = std::map<std::string, std::string>;
 
-/// The file of a group that the rule keeps: the first of the newest, or of the oldest.
-[[nodiscard]] std::size_t keptFile(const DuplicateGroup &group, bool keepNewest);
+/// The file of a group that the rule keeps; the first of several with the same date.
+[[nodiscard]] std::size_t keptFile(const DuplicateGroup &group, KeepRule rule);
 
 /// The conditions under which a removal leaves one copy of all contents that have several. An entry that is one of a
 /// group's files requires a file of the group that stays, both unchanged since they were compared; a folder requires

@@ -20,6 +20,20 @@ TEST(AppDescriptionTest, ItTellsTheNameAndTheNewestRelease)
     EXPECT_EQ(AppDescription::parse(text), (AppDescription{.name = "Sea & Chart", .version = "5.4.1"}));
 }
 
+TEST(AppDescriptionTest, TheDevelopersNameIsNotTheApplications)
+{
+    const std::string name = "<name>Sea Chart</name>";
+    EXPECT_EQ(AppDescription::parse("<developer id=\"org.sea\"><name>Sea</name></developer>" + name).name, "Sea Chart");
+    EXPECT_EQ(AppDescription::parse("<developer>\n<name>Sea</name>\n</developer >" + name).name, "Sea Chart");
+    EXPECT_EQ(AppDescription::parse(name + "<developer><name>Sea</name></developer>").name, "Sea Chart");
+    EXPECT_EQ(AppDescription::parse("<developer id=\"org.sea\"/>" + name).name, "Sea Chart");
+    EXPECT_EQ(AppDescription::parse("<developer/>" + name).name, "Sea Chart");
+    EXPECT_EQ(AppDescription::parse("<developer_name>Sea</developer_name>" + name).name, "Sea Chart");
+    EXPECT_EQ(AppDescription::parse("<developer><name>Sea</name>").name, "");
+    EXPECT_EQ(AppDescription::parse("<developer><name>Sea</name></developer><release version=\"1.2\"/>").version,
+              "1.2");
+}
+
 TEST(AppDescriptionTest, InvalidVersionsAndNamesAreOmitted)
 {
     EXPECT_EQ(AppDescription::parse("<release version=\"$(rm)\"/>").version, "");

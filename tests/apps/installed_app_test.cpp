@@ -35,6 +35,7 @@ TEST(InstalledApp, OnlyExactLeftoversCount)
     app.leftovers = {leftover(Leftover::Match::exact, 5), leftover(Leftover::Match::name, 100),
                      leftover(Leftover::Match::exact, 7)};
     EXPECT_EQ(app.exactLeftoverSize(), 12);
+    EXPECT_EQ(app.sizeWithExactLeftovers(), app.appSize + 12);
 }
 
 TEST(InstalledApp, PossibleMatchesCountAmongTheDataThatIsShown)
@@ -96,9 +97,9 @@ TEST(OrphanGroup, ComesToTheSumOfItsItems)
 
 TEST(Leftover, MatchesHaveTheirNames)
 {
-    EXPECT_EQ(rawValue(Leftover::Match::exact), "exact");
-    EXPECT_EQ(rawValue(Leftover::Match::name), "name");
-    EXPECT_EQ(rawValue(Leftover::Match::orphan), "orphan");
+    EXPECT_EQ(caseName(Leftover::Match::exact), "exact");
+    EXPECT_EQ(caseName(Leftover::Match::name), "name");
+    EXPECT_EQ(caseName(Leftover::Match::orphan), "orphan");
 }
 
 } // namespace

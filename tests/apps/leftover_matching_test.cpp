@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/app_fixture.h"
+#include "apps/leftover_rules.h"
 
 namespace corvane {
 namespace {
@@ -182,9 +183,9 @@ TEST_F(LeftoverMatching, WithoutAnIdentifierNothingIsTaken)
     addItem("Caches/.hidden");
     addItem("Group Containers/ends.");
     const LibraryListings listings = LibraryListings::read(home, fake.files);
-    const AppInventory::Surroundings surroundings{.files = fake.files, .locations = locations, .now = now};
+    const SearchContext context{.files = fake.files, .locations = locations, .now = now};
     const BundleInfo bundle{.path = "/A.app", .name = "A", .altName = "A", .bundleID = {}, .version = {}};
-    EXPECT_THAT(AppInventory::findLeftovers(bundle, {""}, listings, surroundings), IsEmpty());
+    EXPECT_THAT(AppInventory::findLeftovers(bundle, {""}, listings, context), IsEmpty());
 }
 
 TEST_F(LeftoverMatching, NamesThatAreNotUtf8AreTakenByTheirBytes)
@@ -321,10 +322,10 @@ TEST_F(LeftoverMatching, NamesBeyondAsciiMatchInAnyCase)
 
 TEST_F(LeftoverMatching, GenericNamesMatchNothing)
 {
-    EXPECT_THAT(AppInventory::genericNames,
+    EXPECT_THAT(genericNames,
                 ElementsAre("google", "microsoft", "adobe", "apple", "jetbrains", "mozilla", "electron", "crashpad",
                             "sentry", "squirrel", "app", "data", "cache", "caches", "logs", "temp", "tmp", "default"));
-    for (const std::string_view generic : AppInventory::genericNames) {
+    for (const std::string_view generic : genericNames) {
         const std::string name(generic);
         addApp("/Applications/" + name + ".app", "com.generic." + name);
         addItem("Caches/" + name);
@@ -362,10 +363,10 @@ TEST_F(LeftoverMatching, AnItemIsTakenOnceWhateverTheOtherIdentifiers)
 {
     addItem("Caches/seachart");
     const LibraryListings listings = LibraryListings::read(home, fake.files);
-    const AppInventory::Surroundings surroundings{.files = fake.files, .locations = locations, .now = now};
+    const SearchContext context{.files = fake.files, .locations = locations, .now = now};
     const BundleInfo bundle{
         .path = "/A.app", .name = "SeaChart", .altName = "SeaChart", .bundleID = "seachart", .version = {}};
-    const std::vector<Leftover> found = AppInventory::findLeftovers(bundle, {}, listings, surroundings);
+    const std::vector<Leftover> found = AppInventory::findLeftovers(bundle, {}, listings, context);
     ASSERT_EQ(found.size(), 1U);
     EXPECT_EQ(found[0].match, Leftover::Match::exact);
 }
@@ -442,11 +443,11 @@ TEST_F(LeftoverMatching, LookingItemsUpFindsWhatGoingThroughThemFinds)
                 names[i].insert(makeName({"", ".plist", ".savedstate", ".binarycookies"}));
             listings.listings[i] = LibraryListings::make(i, {names[i].begin(), names[i].end()});
         }
-        const AppInventory::Surroundings surroundings{.files = fake.files, .locations = locations, .now = now};
+        const SearchContext context{.files = fake.files, .locations = locations, .now = now};
         for (const std::string &id : allIDs) {
             const BundleInfo bundle{.path = "/A.app", .name = "A", .altName = "A", .bundleID = id, .version = {}};
             std::vector<std::string> found;
-            for (const Leftover &leftover : AppInventory::findLeftovers(bundle, allIDs, listings, surroundings))
+            for (const Leftover &leftover : AppInventory::findLeftovers(bundle, allIDs, listings, context))
                 found.push_back(leftover.path);
             std::vector<std::string> longerIDs;
             std::ranges::copy_if(allIDs, std::back_inserter(longerIDs),

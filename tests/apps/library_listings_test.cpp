@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -13,45 +12,7 @@
 namespace corvane {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::vector<std::string> names(std::span<const LibraryListing::Item> items)
-{
-    std::vector<std::string> result;
-    for (const LibraryListing::Item &item : items)
-        result.push_back(item.name);
-    return result;
-}
-
-TEST(LibraryListing, FindsByTheWholeName)
-{
-    const LibraryListing listing({"b", "A", "ab", "a", "abc"});
-    EXPECT_THAT(names(listing.items()), ElementsAre("A", "a", "ab", "abc", "b"));
-    EXPECT_THAT(names(listing.named("a")), ElementsAre("A", "a"));
-    EXPECT_THAT(names(listing.named("ab")), ElementsAre("ab"));
-    EXPECT_THAT(names(listing.named("c")), IsEmpty());
-    EXPECT_THAT(names(LibraryListing().named("a")), IsEmpty());
-}
-
-TEST(LibraryListing, FindsByTheBeginning)
-{
-    const LibraryListing listing({"com.a", "com.a.x", "com.a-x", "com.ab", "COM.A.y", "com"});
-    EXPECT_THAT(names(listing.startingWith("com.a.")), ElementsAre("com.a.x", "COM.A.y"));
-    EXPECT_THAT(names(listing.startingWith("com.b")), IsEmpty());
-    EXPECT_EQ(listing.startingWith("").size(), 6U);
-}
-
-TEST(LibraryListing, FindsByTheEnd)
-{
-    const LibraryListing listing({"x.com.a", "a", "group.COM.a", "com.a", "xcom.a", "x.com.b"},
-                                 LibraryListing::Ends::findable);
-    std::vector<std::string> found;
-    for (const LibraryListing::Item *item : listing.endingWith(".com.a"))
-        found.push_back(item->name);
-    EXPECT_THAT(found, ElementsAre("group.COM.a", "x.com.a"));
-    EXPECT_THAT(listing.endingWith("com.c"), IsEmpty());
-}
 
 class LibraryListingsTest : public testing::Test {
 protected:
@@ -81,7 +42,7 @@ TEST_F(LibraryListingsTest, AFolderThatCannotBeListedIsEmpty)
     fake.files.failListing("/Users/u/Library/Caches", std::errc::io_error, 1);
     fake.files.addFile("/Users/u/Library/Logs", 1);
     const LibraryListings listings = LibraryListings::read("/Users/u", fake.files);
-    for (const LibraryListing &listing : listings.listings)
+    for (const FolderListing &listing : listings.listings)
         EXPECT_THAT(listing.items(), IsEmpty());
 }
 
@@ -94,7 +55,7 @@ TEST(EndlessLibrary, FoldersWithoutEndAreEmpty)
         return DirectoryEntry{.name = "x"};
     });
     const LibraryListings listings = LibraryListings::read("/home", files);
-    for (const LibraryListing &listing : listings.listings)
+    for (const FolderListing &listing : listings.listings)
         EXPECT_THAT(listing.items(), IsEmpty());
     EXPECT_FALSE(isTooLong);
 }
@@ -111,7 +72,7 @@ TEST(EndlessLibrary, AStopIsNoticed)
         return DirectoryEntry{.name = "x"};
     });
     const LibraryListings listings = LibraryListings::read("/home", files, stop);
-    for (const LibraryListing &listing : listings.listings)
+    for (const FolderListing &listing : listings.listings)
         EXPECT_THAT(listing.items(), IsEmpty());
     EXPECT_FALSE(isTooLong);
 }

@@ -2,6 +2,7 @@
 #include <vector>
 
 #include "apps/app_fixture.h"
+#include "apps/leftover_rules.h"
 
 namespace corvane {
 namespace {
@@ -88,16 +89,16 @@ TEST_F(Orphans, WhoseVendorHasAnApplicationIsNone)
 
 TEST_F(Orphans, AVendorIsTheFirstTwoPiecesOfAnIdentifier)
 {
-    EXPECT_THAT(AppInventory::vendors({"com.foo.app", "com.foo.bar", "single", "a..b.c", "..."}),
+    EXPECT_THAT(vendorsOf({"com.foo.app", "com.foo.bar", "single", "a..b.c", "..."}),
                 UnorderedElementsAre("com.foo", "single", "a.b", ""));
 }
 
 TEST_F(Orphans, FirstPiecesAreOfThisTable)
 {
-    EXPECT_THAT(AppInventory::orphanTLDs, ElementsAre("com", "org", "net", "io", "app", "dev", "co", "de", "me", "ai",
-                                                      "us", "uk", "fr", "jp", "cn", "ru", "info", "tv", "so", "sh",
-                                                      "nl", "se", "ch", "at", "it", "es", "ca", "au", "id"));
-    for (const std::string_view piece : AppInventory::orphanTLDs)
+    EXPECT_THAT(orphanTLDs, ElementsAre("com", "org", "net", "io", "app", "dev", "co", "de", "me", "ai", "us", "uk",
+                                        "fr", "jp", "cn", "ru", "info", "tv", "so", "sh", "nl", "se", "ch", "at", "it",
+                                        "es", "ca", "au", "id"));
+    for (const std::string_view piece : orphanTLDs)
         EXPECT_TRUE(isOrphan(std::string(piece) + ".vendor.tool")) << piece;
     for (const std::string name : {"xyz.vendor.tool", "comx.vendor.tool", "Readme", "vendor.com", ".com.vendor.tool"})
         EXPECT_FALSE(isOrphan(name)) << name;

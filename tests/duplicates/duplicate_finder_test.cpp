@@ -102,6 +102,13 @@ TEST_F(DuplicateFinderTest, EqualContentsOfEqualSizeAreAGroup)
     EXPECT_THAT(findNames(), ElementsAre(ElementsAre("a", "b")));
 }
 
+TEST_F(DuplicateFinderTest, CopiesThatOccupyDifferentAmountsOfSpaceAreNotCompared)
+{
+    add("a", text(300 * kib));
+    add("sparse or compressed", text(300 * kib))->size = 100 * kib;
+    EXPECT_THAT(findNames(), IsEmpty());
+}
+
 TEST_F(DuplicateFinderTest, FilesThatDifferOnlyInTheMiddleAreToldApart)
 {
     const std::string contents = text(400 * kib);

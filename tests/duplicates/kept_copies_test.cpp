@@ -54,13 +54,13 @@ bool isHeldBack(const RemovalConditions &conditions, const std::string &path)
 TEST(KeptFile, IsTheFirstAmongTheNewestOrTheOldest)
 {
     DuplicateGroup group = groupOf("g", {"/a", "/b", "/c", "/d"});
-    EXPECT_EQ(keptFile(group, true), 3U);
-    EXPECT_EQ(keptFile(group, false), 0U);
+    EXPECT_EQ(keptFile(group, KeepRule::newest), 3U);
+    EXPECT_EQ(keptFile(group, KeepRule::oldest), 0U);
     group.files[3]->modified = group.files[2]->modified;
     group.files[1]->modified = distantPast;
     group.files[0]->modified = distantPast;
-    EXPECT_EQ(keptFile(group, true), 2U);
-    EXPECT_EQ(keptFile(group, false), 0U);
+    EXPECT_EQ(keptFile(group, KeepRule::newest), 2U);
+    EXPECT_EQ(keptFile(group, KeepRule::oldest), 0U);
 }
 
 TEST(KeptCopies, ACopyThatGoesNeedsOneThatStays)
@@ -150,7 +150,7 @@ TEST(KeptCopies, OneCopyOfEveryGroupThatARuleSelectedSurvivesWhateverElseIsSelec
         const std::size_t first = static_cast<std::size_t>(i) % folders.size();
         const std::size_t second = static_cast<std::size_t>(i * 2 + 1) % folders.size();
         groups.push_back(groupOf(id, {folders[first] + name, folders[second] + name + " copy"}));
-        const std::size_t stays = keptFile(groups.back(), i % 2 == 0);
+        const std::size_t stays = keptFile(groups.back(), i % 2 == 0 ? KeepRule::newest : KeepRule::oldest);
         kept[id] = groups.back().files[stays]->path();
         byRule[groups.back().files[1 - stays]->path()] = 10;
     }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "apps/app_inventory.h"
+#include "apps/leftover_rules.h"
 #include "core/words/lower_case.h"
 #include "fuzz/expect.h"
 #include "platform/protected_places.h"
@@ -25,14 +26,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 
     const std::string id = corvane::lowerCase(bundle->bundleID);
     const std::vector<std::string> ids = AppInventory::allIDs({*bundle});
-    corvane::fuzz::expect(ids == std::vector{id} && AppInventory::vendors(ids).size() == 1);
+    corvane::fuzz::expect(ids == std::vector{id} && corvane::vendorsOf(ids).size() == 1);
     constexpr std::size_t longestName = 255;
     if (id == "." || id == ".." || id.find('/') != std::string::npos || id.size() > longestName) // not a file name
         return 0;
 
     // None of these paths exist; the items' attributes do not matter here.
     static const corvane::ProtectedLocations locations("/nowhere/home", corvane::ProtectedPlaces{});
-    const AppInventory::Surroundings surroundings{
+    const corvane::SearchContext context{
         .files = corvane::systemHost().files, .locations = locations, .now = corvane::Time{}};
     corvane::LibraryListings listings{.library = "/nowhere/home/Library"};
     // One location for each naming scheme.
@@ -41,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         listings.listings[i] = corvane::LibraryListings::make(
             i, {bundle->bundleID, id + ".PLIST", "group." + id, id + ".savedState", bundle->altName, "Sea Chart"});
     }
-    const std::vector<corvane::Leftover> found = AppInventory::findLeftovers(*bundle, ids, listings, surroundings);
+    const std::vector<corvane::Leftover> found = AppInventory::findLeftovers(*bundle, ids, listings, context);
     corvane::fuzz::expect(found.size() >= std::size(used));
     return 0;
 }

@@ -78,7 +78,7 @@ QString AppDetailPresenter::iconKey() const
 
 QString AppDetailPresenter::badge() const
 {
-    return m_app ? displayText(rawValue(m_app->source)) : QString();
+    return m_app ? displayText(caseName(m_app->source)) : QString();
 }
 
 QString AppDetailPresenter::removeCommand() const

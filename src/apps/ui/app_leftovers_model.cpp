@@ -29,7 +29,7 @@ void addSection(std::vector<LeftoverRow> &rows, const InstalledApp &app, Match m
     }
     if (items.empty())
         return;
-    rows.push_back(LeftoverRow::ofHeading(std::string(rawValue(match)), title, note, size));
+    rows.push_back(LeftoverRow::ofHeading(std::string(caseName(match)), title, note, size));
     rows.insert(rows.end(), items.begin(), items.end());
 }
 
@@ -80,9 +80,9 @@ void AppLeftoversModel::installRowsOf(const InstalledApp &app)
                home);
     if (rows.empty()) {
         rows.push_back(
-            {.kind = LeftoverRow::Kind::heading, .id = std::string(rawValue(Match::exact)), .title = certain});
+            {.kind = LeftoverRow::Kind::heading, .id = std::string(caseName(Match::exact)), .title = certain});
         rows.push_back({.kind = LeftoverRow::Kind::none,
-                        .id = std::string(rawValue(Match::exact)),
+                        .id = std::string(caseName(Match::exact)),
                         .title = QStringLiteral("None found. This app keeps its data tidy.")});
     }
     install(std::move(rows));

@@ -21,7 +21,7 @@ AppRow makeRow(const InstalledApp &app, Time now, const Calendar &calendar)
     return {.kind = AppRow::Kind::app,
             .path = app.path,
             .name = displayText(app.name),
-            .badge = displayText(rawValue(app.source)),
+            .badge = displayText(caseName(app.source)),
             .note = months ? AppRow::unusedLabel(*months) : sizesText(app),
             .isUnused = months.has_value(),
             .sizeText = sizeText(app.totalSize()),

@@ -32,7 +32,7 @@ void writeLeftovers(std::string_view name, const std::vector<Leftover> &leftover
         json.bytes("path", leftover.path);
         json.value("size", leftover.size);
         json.bytes("location", leftover.location);
-        json.bytes("match", rawValue(leftover.match));
+        json.bytes("match", caseName(leftover.match));
         json.value("modified", leftover.modified.value_or(distantPast));
         json.endObject();
     }
@@ -51,7 +51,7 @@ void writeApp(const InstalledApp &app, Time now, const Calendar &calendar, JsonW
     json.value("unusedForMonths", app.unusedForMonths(now, calendar));
     json.bytes("path", app.path);
     if (app.source != InstalledApp::Source::none)
-        json.bytes("source", rawValue(app.source));
+        json.bytes("source", caseName(app.source));
     if (!app.removeCommand.empty())
         json.bytes("removeCommand", app.removeCommand);
     writeLeftovers("leftovers", app.leftovers, json);
@@ -72,7 +72,7 @@ Row rowOf(const InstalledApp &app, Time now, const Calendar &calendar)
     if (!app.leftovers.empty())
         contents += " + data " + formatByteCount(app.dataSize());
     if (app.source != InstalledApp::Source::none)
-        contents += fmt::format(", {}", rawValue(app.source));
+        contents += fmt::format(", {}", caseName(app.source));
     if (const std::optional<int> months = app.unusedForMonths(now, calendar))
         contents += fmt::format(", not opened in {} months", *months);
     return {app.totalSize(), displayUtf8(app.name), std::move(contents)};

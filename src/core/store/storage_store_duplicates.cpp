@@ -58,7 +58,7 @@ void StorageStore::followTreeInDuplicates()
 
 void StorageStore::autoSelectDuplicates(bool keepNewest)
 {
-    setSelected(m_duplicates.copiesToSelect(keepNewest, selection()), true);
+    setSelected(m_duplicates.copiesToSelect(keepNewest ? KeepRule::newest : KeepRule::oldest, selection()), true);
 }
 
 } // namespace corvane
