@@ -6,7 +6,6 @@
 // belongs to an installed application. None of the paths exist, so that the disk only affects the figure through the
 // checks of matching items.
 
-#include <charconv>
 #include <chrono>
 #include <cstdlib>
 #include <random>
@@ -17,8 +16,8 @@
 #include <fmt/format.h>
 
 #include "apps/app_inventory.h"
-#include "median.h"
 #include "platform/protected_places.h"
+#include "support.h"
 
 namespace {
 
@@ -80,11 +79,7 @@ std::string listName(std::string_view id, std::size_t number)
 
 int main(int argc, char **argv)
 {
-    int rounds = 7;
-    if (argc > 1) {
-        const std::string_view text = argv[1];
-        std::from_chars(text.data(), text.data() + text.size(), rounds);
-    }
+    const int rounds = roundsFrom(argc, argv, 7);
     const std::vector<BundleInfo> bundles = makeBundles();
     std::mt19937 random(7);
     const std::vector<std::string> support = makeNames(bundles, random, plainName);

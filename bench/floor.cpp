@@ -3,12 +3,12 @@
 // files and bytes.
 
 #include <algorithm>
-#include <charconv>
 #include <condition_variable>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -20,6 +20,8 @@
 #include <unistd.h>
 
 #include <fmt/format.h>
+
+#include "support.h"
 
 namespace {
 
@@ -119,16 +121,14 @@ void visitAll(Tasks &tasks, Totals &totals)
 
 int main(int argc, char **argv)
 {
-    unsigned threadCount = std::max(1U, std::thread::hardware_concurrency());
-    if (argc == 3) {
-        const std::string_view given = argv[1];
-        threadCount = 0; // remains 0 if the argument is not a number
-        std::from_chars(given.data(), given.data() + given.size(), threadCount);
-    }
-    if (argc < 2 || argc > 3 || threadCount == 0) {
+    std::optional<int> given = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+    if (argc == 3)
+        given = positiveNumber(argv[1]);
+    if (argc < 2 || argc > 3 || !given) {
         fmt::print(stderr, "usage: bench_floor [THREADS] FOLDER\n");
         return 2;
     }
+    const auto threadCount = static_cast<unsigned>(*given);
     Tasks tasks;
     tasks.setThreads(threadCount);
     std::vector<Task> top;

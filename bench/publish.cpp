@@ -5,7 +5,6 @@
 // store becomes ready is the publishing. From the second round on, starting a scan also frees the previous tree.
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <cstdlib>
 #include <string>
@@ -19,7 +18,7 @@
 
 #include "core/store/storage_store.h"
 #include "made_up_files.h"
-#include "median.h"
+#include "support.h"
 
 namespace {
 
@@ -29,11 +28,6 @@ using Clock = std::chrono::steady_clock;
 constexpr double limit = 50; // milliseconds
 
 constexpr std::int64_t fileCount = 1'000'000;
-
-double milliseconds(Clock::duration duration)
-{
-    return std::chrono::duration<double, std::milli>(duration).count();
-}
 
 /// Times every event.
 class TimedApplication final : public QCoreApplication {
@@ -67,11 +61,7 @@ void report(std::string_view what, const std::vector<double> &values)
 
 int main(int argc, char **argv)
 {
-    int rounds = 5;
-    if (argc > 1) {
-        const std::string_view text = argv[1];
-        std::from_chars(text.data(), text.data() + text.size(), rounds);
-    }
+    const int rounds = roundsFrom(argc, argv, 5);
     TimedApplication application(argc, argv);
     const corvane::Host &system = corvane::systemHost();
     // 1000 folders at the top with 100 folders each, which contain 10 files each.

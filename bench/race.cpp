@@ -15,6 +15,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <map>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -29,7 +30,7 @@
 
 #include <fmt/format.h>
 
-#include "median.h"
+#include "support.h"
 
 extern char **environ;
 
@@ -118,7 +119,10 @@ Options parse(std::span<char *> arguments)
     while (!arguments.empty()) {
         std::string name = next();
         if (name == "--rounds") {
-            options.rounds = std::max(1, std::stoi(next()));
+            const std::optional<int> rounds = positiveNumber(next());
+            if (!rounds)
+                throw std::invalid_argument("the number of rounds must be a positive number");
+            options.rounds = *rounds;
         } else if (name == "--before") {
             options.before = next();
         } else if (name == "--peak") {

@@ -17,18 +17,16 @@
 // "bench_remove make COUNT FOLDER" creates such a folder of COUNT files, and removes nothing.
 
 #include <algorithm>
-#include <cerrno>
-#include <charconv>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -44,21 +42,15 @@
 #include "core/installed_tree.h"
 #include "core/removal.h"
 #include "core/scanner.h"
-#include "median.h"
 #include "platform/host.h"
 #include "platform/path.h"
+#include "support.h"
 
 extern char **environ;
 
 namespace {
 
 using namespace corvane;
-
-void check(bool succeeded, const std::string &path)
-{
-    if (!succeeded)
-        throw std::system_error(errno, std::generic_category(), path);
-}
 
 template <typename Work>
 double secondsOf(const Work &work)
@@ -97,11 +89,23 @@ void makeFiles(std::size_t count, const std::string &top)
         }
     };
     const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
+    std::vector<std::exception_ptr> failures(cores); // one per thread
     std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < cores; ++i)
-        threads.emplace_back(makeEvery, i, cores);
+    for (std::size_t i = 0; i < cores; ++i) {
+        threads.emplace_back([&, i] {
+            try {
+                makeEvery(i, cores);
+            } catch (...) {
+                failures[i] = std::current_exception();
+            }
+        });
+    }
     for (std::thread &thread : threads)
         thread.join();
+    for (const std::exception_ptr &failure : failures) {
+        if (failure)
+            std::rethrow_exception(failure);
+    }
 }
 
 void makeLevels(std::size_t count, const std::string &top)
@@ -282,12 +286,7 @@ void run(int rounds, const std::string &folder)
 int main(int argc, char **argv)
 try {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
-    const auto number = [&](std::size_t index) {
-        int value = 0;
-        const std::string &text = arguments[index];
-        const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), value);
-        return code == std::errc{} && end == text.data() + text.size() ? value : 0;
-    };
+    const auto number = [&](std::size_t index) { return positiveNumber(arguments[index]).value_or(0); };
     if (arguments.size() == 3 && arguments[0] == "make" && number(1) > 0)
         makeFiles(static_cast<std::size_t>(number(1)), arguments[2]);
     else if (arguments.size() == 2 && number(0) > 0)

@@ -11,7 +11,6 @@
 // machine affects both alike.
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -26,7 +25,7 @@
 
 #include "cleanup/dev_junk_rule.h"
 #include "core/scan_summary.h"
-#include "median.h"
+#include "support.h"
 
 namespace {
 
@@ -126,11 +125,11 @@ public:
             m_folders[i]->size = sizes == Sizes::kept ? m_sizes[i] : 0;
         const auto start = std::chrono::steady_clock::now();
         const ScanSummary summary = ScanSummary::make(m_root, corvane::DevJunkRule::match, corvane::systemHost().files);
-        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+        const double taken = milliseconds(std::chrono::steady_clock::now() - start);
         if ((sizes == Sizes::kept) == summary.devJunk.empty())
             std::abort();
         m_recognised = std::max(m_recognised, summary.devJunk.size());
-        return taken.count();
+        return taken;
     }
 
     [[nodiscard]] std::size_t folders() const { return m_folders.size(); }
@@ -174,11 +173,7 @@ double compare(std::string_view title, Tree tree, int rounds)
 
 int main(int argc, char **argv)
 {
-    int rounds = 15;
-    if (argc > 1) {
-        const std::string_view text = argv[1];
-        std::from_chars(text.data(), text.data() + text.size(), rounds);
-    }
+    const int rounds = roundsFrom(argc, argv, 15);
     const Projects disk;
     const double added = compare("1,000,000 files of a node each", Tree(makeTree(disk.path(), Files::nodes)), rounds);
     fmt::print("    goal: adds at most {:.1f}%: {:+.2f}%, {}\n", limit, added, added <= limit ? "reached" : "MISSED");

@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -22,7 +21,6 @@
 #include <random>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 #include <fcntl.h>
@@ -30,6 +28,8 @@
 #include <unistd.h>
 
 #include <fmt/format.h>
+
+#include "support.h"
 
 namespace {
 
@@ -53,12 +53,6 @@ public:
 private:
     std::mt19937_64 m_engine;
 };
-
-void check(bool succeeded, const std::string &path)
-{
-    if (!succeeded)
-        throw std::system_error(errno, std::generic_category(), path);
-}
 
 std::string word(Dice &dice, std::size_t shortest, std::size_t longest)
 {
@@ -131,7 +125,8 @@ void makeFile(const std::string &path, Size size)
     check(file >= 0, path);
     check(::ftruncate(file, size.length) == 0, path);
 #ifdef __linux__
-    check(size.allocated == 0 || ::posix_fallocate(file, 0, size.allocated) == 0, path);
+    if (size.allocated > 0)
+        checkCode(::posix_fallocate(file, 0, size.allocated), path);
 #else
     const std::string bytes(static_cast<std::size_t>(size.allocated), 'x');
     check(::write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()), path);

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -16,6 +15,7 @@
 #include <ctime>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -40,17 +40,16 @@
 
 #include "made_up_files.h"
 #include "main/corvane_app.h"
-#include "median.h"
+#include "support.h"
 
 namespace {
 
 using corvane::StorageStore;
 using Clock = std::chrono::steady_clock;
-using std::chrono::milliseconds;
 
 double since(Clock::time_point start)
 {
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+    return milliseconds(Clock::now() - start);
 }
 
 // Flush immediately, so that an aborted run has printed its results so far.
@@ -134,7 +133,7 @@ public:
         std::array<char, 4096> part{};
         for (int quiet = 0; quiet < 4;) {
             const double before = processorTime();
-            std::this_thread::sleep_for(milliseconds(250));
+            std::this_thread::sleep_for(std::chrono::milliseconds(250));
             while (::read(m_output, part.data(), part.size()) > 0) {}
             quiet = processorTime() == before ? quiet + 1 : 0;
         }
@@ -301,8 +300,9 @@ double hover(Window &window)
         const auto due = began + std::chrono::microseconds(1'000'000 / perSecond) * (step + 1);
         // Sleep in an event loop, as the program does between events.
         QEventLoop loop;
-        QTimer::singleShot(std::max(milliseconds(0), std::chrono::ceil<milliseconds>(due - Clock::now())),
-                           Qt::PreciseTimer, &loop, &QEventLoop::quit);
+        QTimer::singleShot(
+            std::max(std::chrono::milliseconds(0), std::chrono::ceil<std::chrono::milliseconds>(due - Clock::now())),
+            Qt::PreciseTimer, &loop, &QEventLoop::quit);
         loop.exec();
     }
     return (processorTime() - start) / since(began) * 100;
@@ -399,12 +399,8 @@ int main(int argc, char **argv)
 {
     if (argc == 2 && std::string_view(argv[1]) == "--empty")
         return showEmptyWindow(argc, argv);
-    int rounds = 0;
-    if (argc == 5) {
-        const std::string_view text = argv[1];
-        std::from_chars(text.data(), text.data() + text.size(), rounds);
-    }
-    if (rounds < 1) {
+    const std::optional<int> rounds = argc == 5 ? positiveNumber(argv[1]) : std::nullopt;
+    if (!rounds) {
         fmt::print(stderr, "bench_window: name the rounds, the program, a folder of 1,000,000 files and a sandbox\n");
         return 2;
     }
@@ -418,7 +414,7 @@ int main(int argc, char **argv)
     QSettings(QString::fromStdString(sandbox + "/config/Corvane/Corvane.conf"), QSettings::NativeFormat)
         .setValue(QStringLiteral("didOnboard"), QStringLiteral("true"));
 
-    measureProgram(rounds, "/proc/self/exe", argv[2], argv[3]);
-    measureEvents(rounds, argc, argv);
+    measureProgram(*rounds, "/proc/self/exe", argv[2], argv[3]);
+    measureEvents(*rounds, argc, argv);
     return EXIT_SUCCESS;
 }

@@ -66,10 +66,11 @@ require_packages build bench
 
 # Qt is needed only by the window, so the benchmarks that need it have a separate build.
 window_targets=()
+window_programs=$PWD/build/bench-window/bin
 for name in "${names[@]}"; do
     case $name in
     publish) window_targets+=(bench_publish) ;;
-    window) window_targets+=(bench_window corvane) ;;
+    window) [[ $(uname -s) == Darwin ]] || window_targets+=(bench_window corvane) ;;
     esac
 done
 if [[ ${#window_targets[@]} -gt 0 ]]; then
@@ -77,7 +78,6 @@ if [[ ${#window_targets[@]} -gt 0 ]]; then
     [[ " ${names[*]} " != *" window "* ]] || require_packages window display
     require_assets
     build bench-window "${window_targets[@]}"
-    window_programs=$PWD/build/bench-window/bin
 fi
 if [[ ! "${names[*]}" =~ ^(publish|window| )*$ ]] || [[ " ${names[*]} " == *" window "* ]]; then
     build bench
@@ -98,6 +98,14 @@ generate() {
         sync
         touch "$folder.done"
     fi
+}
+
+# Whether a benchmark has been built: some use calls of one system. is_here NAME PROGRAM
+is_here() {
+    [[ ! -x $2 ]] || return 0
+    echo "$1: not on this system"
+    echo
+    return 1
 }
 
 # Adds a program to the race if it is installed: peer NAME COMMAND
@@ -234,8 +242,10 @@ for name in "${names[@]}"; do
     scan) all_scans ;;
     measure) measure ;;
     remove)
-        echo "remove: the Trash, the tree, and folders for good"
-        remove
+        if is_here remove ./bench_remove; then
+            echo "remove: the Trash, the tree, and folders for good"
+            remove
+        fi
         ;;
     summary)
         echo "summary: recognising build folders"
@@ -261,8 +271,10 @@ for name in "${names[@]}"; do
         echo
         ;;
     window)
-        window
-        echo
+        if is_here window "$window_programs/bench_window"; then
+            window
+            echo
+        fi
         ;;
     esac
 done
