@@ -25,13 +25,14 @@ if [[ $(uname -s) == Darwin ]]; then
 else
     export CXX=clang++-19
 fi
-build fuzz fuzz_container fuzz_snapshots fuzz_info_plist fuzz_bulk_attributes fuzz_appcast
+build fuzz fuzzers
 
 export ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=1
 export LSAN_OPTIONS=print_suppressions=0
 failed=
 summary=()
-for target in container snapshots info_plist bulk_attributes appcast; do
+for program in build/fuzz/bin/fuzz_*; do
+    target=${program##*/fuzz_}
     corpus=build/fuzz/corpus/$target
     findings=build/fuzz/findings/$target
     log=build/fuzz/$target.log
@@ -43,7 +44,7 @@ for target in container snapshots info_plist bulk_attributes appcast; do
     fi
     echo "fuzz: feeding $target for $seconds seconds"
     verdict="nothing found"
-    if ! "build/fuzz/bin/fuzz_$target" "${options[@]}" "$corpus" "tests/fuzz/$target" >"$log" 2>&1; then
+    if ! "$program" "${options[@]}" "$corpus" "tests/fuzz/$target" >"$log" 2>&1; then
         tail -n 40 "$log"
         verdict="FAILED: see $log and $findings"
         failed=yes
@@ -51,7 +52,7 @@ for target in container snapshots info_plist bulk_attributes appcast; do
     executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
     rate=$(sed -n 's/^stat::average_exec_per_sec: *//p' "$log")
     inputs=$(find "$corpus" -type f | wc -l)
-    summary+=("$(printf '%-15s %12s executions %10s per second %8s inputs kept   %s' \
+    summary+=("$(printf '%-18s %12s executions %10s per second %8s inputs kept   %s' \
         "$target" "${executions:-?}" "${rate:-?}" "$inputs" "$verdict")")
 done
 printf '%s\n' "${summary[@]}"

@@ -1,20 +1,18 @@
 #include "apps/package_records.h"
 
 #include <algorithm>
-#include <charconv>
 #include <functional>
 #include <iterator>
 #include <optional>
 #include <set>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 
 #include "apps/folder_listing.h"
 #include "apps/name_pieces.h"
+#include "apps/package_databases.h"
 #include "apps/package_files.h"
 #include "core/concurrent_perform.h"
-#include "core/foreign_sum.h"
 #include "platform/path.h"
 #include "platform/patient_open.h"
 #include "platform/text.h"
@@ -33,28 +31,11 @@ constexpr std::size_t longestDatabase = 256UL * 1024 * 1024;
 constexpr std::size_t longestList = 64UL * 1024 * 1024;
 constexpr std::size_t longestDescription = 1024UL * 1024;
 constexpr std::size_t mostPackages = 100'000;
-constexpr std::int64_t bytesOfUnit = 1024; // unit of the sizes in Debian packages
 
 std::string textOf(const std::string &path, std::size_t most, FileSystem &files)
 {
     const WalkConditions conditions;
     return openPatiently([&] { return files.readFile(path, most); }).value_or(std::string());
-}
-
-/// "1:5.4.1-2" reduced to the application's own version, without the distribution's additions.
-std::string upstreamVersion(std::string_view version)
-{
-    const std::size_t colon = version.find(':');
-    if (colon != std::string_view::npos)
-        version.remove_prefix(colon + 1);
-    return std::string(version.substr(0, version.rfind('-')));
-}
-
-std::int64_t number(std::string_view text)
-{
-    std::int64_t value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && isPlausibleSize(value) ? value : 0;
 }
 
 /// Puts the main entry first: the one with the package's name, otherwise the shortest.
@@ -104,50 +85,6 @@ std::vector<PackageRecord> readEach(std::size_t count,
 
 // --- Debian
 
-struct DebianPackage {
-    std::string version;
-    std::string architecture;
-    std::int64_t size = 0;
-};
-
-/// The installed packages, by name and by name with architecture.
-std::unordered_map<std::string, DebianPackage> debianPackages(std::string_view status)
-{
-    std::unordered_map<std::string, DebianPackage> packages;
-    std::string name;
-    bool isInstalled = false;
-    DebianPackage package;
-    const auto take = [&] {
-        if (isInstalled && isPlainName(name)) {
-            packages.emplace(name + ":" + package.architecture, package);
-            packages.emplace(name, package);
-        }
-        name.clear();
-        isInstalled = false;
-        package = {};
-    };
-    while (!status.empty()) {
-        const std::string_view line = takeLine(status);
-        const auto value = [&](std::string_view key) -> std::optional<std::string_view> {
-            return line.starts_with(key) ? std::optional(line.substr(key.size())) : std::nullopt;
-        };
-        if (line.empty())
-            take();
-        else if (const auto named = value("Package: "))
-            name = *named;
-        else if (const auto state = value("Status: "))
-            isInstalled = state->ends_with(" installed");
-        else if (const auto built = value("Architecture: "))
-            package.architecture = *built;
-        else if (const auto version = value("Version: "))
-            package.version = upstreamVersion(*version);
-        else if (const auto size = value("Installed-Size: "))
-            package.size = number(*size) <= foreignSumLimit / bytesOfUnit ? number(*size) * bytesOfUnit : 0;
-    }
-    take();
-    return packages;
-}
-
 std::vector<PackageRecord> readDebian(FileSystem &files, const StopFlag &stop)
 {
     constexpr std::string_view listEnding = ".list";
@@ -186,19 +123,6 @@ std::vector<PackageRecord> readDebian(FileSystem &files, const StopFlag &stop)
 
 // --- pacman
 
-/// The value below a heading such as "%NAME%".
-std::string_view fieldOf(std::string_view description, std::string_view heading)
-{
-    bool isNext = false;
-    std::string_view value;
-    while (!description.empty()) {
-        const std::string_view line = takeLine(description);
-        if (std::exchange(isNext, line == heading) && value.empty())
-            value = line;
-    }
-    return value;
-}
-
 std::vector<PackageRecord> readPacman(FileSystem &files, const StopFlag &stop)
 {
     std::vector<std::string> names =
@@ -224,7 +148,7 @@ std::vector<PackageRecord> readPacman(FileSystem &files, const StopFlag &stop)
             if (!isPlainName(record.name))
                 return std::nullopt;
             record.removeCommand = "sudo pacman -R " + record.name;
-            return completed(std::move(record), number(fieldOf(description, "%SIZE%")), installed, stop);
+            return completed(std::move(record), sizeIn(fieldOf(description, "%SIZE%")), installed, stop);
         },
         stop);
 }
@@ -258,35 +182,6 @@ std::vector<std::string> rpmNames(const ToolRunner &runTool)
             names.insert(std::move(name));
     }
     return {names.begin(), names.end()};
-}
-
-struct RpmPackage {
-    std::string name;
-    std::string version;
-    std::int64_t size = 0;
-    std::string list; ///< its paths, one per line
-};
-
-/// Parses lines of tab-separated name, version and size, each followed by the package's paths.
-std::vector<RpmPackage> rpmPackagesIn(std::string_view output)
-{
-    std::vector<RpmPackage> packages;
-    while (!output.empty()) {
-        const std::string_view line = takeLine(output);
-        if (line.starts_with('/')) {
-            if (!packages.empty())
-                packages.back().list.append(line).append("\n");
-            continue;
-        }
-        const std::size_t first = line.find('\t');
-        const std::size_t second = first == std::string_view::npos ? first : line.find('\t', first + 1);
-        if (second != std::string_view::npos)
-            packages.push_back({.name = std::string(line.substr(0, first)),
-                                .version = std::string(line.substr(first + 1, second - first - 1)),
-                                .size = number(line.substr(second + 1)),
-                                .list = {}});
-    }
-    return packages;
 }
 
 std::vector<PackageRecord> readRpm(FileSystem &files, const ToolRunner &runTool, const StopFlag &stop)
