@@ -5,12 +5,9 @@
 
 #include <QAccessible>
 #include <QCursor>
-#include <QDrag>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QQuickWindow>
-#include <QStyleHints>
 
 #include "core/store/qt_words.h"
 #include "core/words/figures.h"
@@ -92,8 +89,7 @@ void TreemapView::followFolder()
         m_change.start({previousFolder, previous}, {m_folder, layout()}, m_picture, paint);
         m_otherIsNew = true;
     }
-    m_hover.clear();
-    showCursor();
+    clearHover();
     lookUnderPointer();
 }
 
@@ -115,7 +111,7 @@ void TreemapView::invalidateLayout()
 {
     m_layoutIsStale = true;
     m_heightLeftFree = m_coveredHeight;
-    m_pressed = -1;
+    m_mouse.forgetPress();
     repaintPicture();
 }
 
@@ -348,12 +344,11 @@ void TreemapView::mousePressEvent(QMouseEvent *event)
     setPointer(event->position());
     const int index = layout().at(event->position());
     if (event->button() == Qt::RightButton) {
-        m_pressed = -1; // with both buttons down, the menu is meant
+        m_mouse.forgetPress(); // with both buttons down, the menu is meant
         requestMenu(index, event->position());
         return;
     }
-    m_pressed = index;
-    m_pressPosition = event->position();
+    m_mouse.press(*event);
     if (index >= 0)
         m_focused = layout().top(index);
     update();
@@ -362,47 +357,28 @@ void TreemapView::mousePressEvent(QMouseEvent *event)
 void TreemapView::mouseMoveEvent(QMouseEvent *event)
 {
     setPointer(event->position());
-    const QPointF way = event->position() - m_pressPosition;
-    if (m_pressed >= 0 && way.manhattanLength() >= QGuiApplication::styleHints()->startDragDistance())
-        startDrag(std::exchange(m_pressed, -1));
+    m_mouse.move(*event);
 }
 
 void TreemapView::mouseReleaseEvent(QMouseEvent *event)
 {
-    const int pressed = std::exchange(m_pressed, -1);
-    if (pressed < 0 || layout().at(event->position()) != pressed)
-        return;
-    m_clicked = layout().tile(pressed).node;
-    if (tileOpens(pressed))
-        openTile(pressed);
+    m_mouse.release(*event);
 }
 
-// Follows the second press. A file opens; where the first click has opened a folder, the second one hits whatever
-// stands in its place by now, and is meant for none of that.
 void TreemapView::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    const int pressed = std::exchange(m_pressed, -1);
-    if (event->button() == Qt::LeftButton && pressed >= 0 && layout().tile(pressed).node &&
-        layout().tile(pressed).node == m_clicked.lock() && !tileOpens(pressed))
-        openTile(pressed);
+    m_mouse.doubleClick(*event);
 }
 
 void TreemapView::mouseUngrabEvent()
 {
-    m_pressed = -1;
+    m_mouse.forgetPress();
 }
 
-void TreemapView::startDrag(int index)
+void TreemapView::clearHover()
 {
-    const std::shared_ptr<FileNode> node = layout().tile(index).node;
-    if (!node)
-        return;
-    auto *drag = new QDrag(this);
-    drag->setMimeData(makeMimeData(*node));
     m_hover.clear();
     showCursor();
-    drag->exec(Qt::CopyAction);
-    ungrabMouse();
 }
 
 void TreemapView::requestMenu(int index, QPointF position)

@@ -10,6 +10,7 @@
 #include "map/ui/treemap_hover.h"
 #include "map/ui/treemap_keys.h"
 #include "map/ui/treemap_layout.h"
+#include "map/ui/treemap_mouse.h"
 #include "map/ui/treemap_picture.h"
 #include "shell/ui/keyboard_item.h"
 #include "shell/ui/node_actions.h"
@@ -71,6 +72,8 @@ public:
     void toggleTile(int index);
     void selectTile(int index);
     void focusTile(int index);
+    /// No tile is under the pointer until it moves.
+    void clearHover();
 
     // --- What the keys do beside that; false where there is nothing to do it with.
     bool goUp();
@@ -143,9 +146,7 @@ private:
     TreemapHover m_hover;
     int m_highlightedRow = -1;
 
-    int m_pressed = -1;
-    QPointF m_pressPosition;
-    std::weak_ptr<FileNode> m_clicked; ///< the last item that was clicked
+    TreemapMouse m_mouse{*this};
     TreemapKeys m_keys{*this};
     int m_focused = -1;
     NodeActions m_menuTarget{m_store};
