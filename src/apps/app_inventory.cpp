@@ -193,8 +193,10 @@ AppInventory::Result loadBundles(const Host &host, const ProtectedLocations &loc
                                    .leftovers = AppInventory::findLeftovers(bundle, ids, listings, context)};
     });
 
+    std::unordered_set<std::string> vendors = vendorsOf(ids);
+    vendors.merge(vendorsOf({lowerCase(ownID)})); // not listed, but installed: its own data is no orphan
     return {.apps = largestFirst(std::move(measured)),
-            .orphanGroups = AppInventory::findOrphans(vendorsOf(ids), listings, context)};
+            .orphanGroups = AppInventory::findOrphans(vendors, listings, context)};
 }
 
 } // namespace

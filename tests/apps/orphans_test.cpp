@@ -45,6 +45,12 @@ TEST_F(Orphans, UntouchedPreferencesOfAnUnknownVendorAreOne)
                                                                          .modified = now - std::chrono::days{45}}}}}));
 }
 
+TEST_F(Orphans, ThisProgramsOwnDataIsNone)
+{
+    EXPECT_FALSE(isOrphan("app.corvane.Corvane"));
+    EXPECT_FALSE(isOrphan("app.corvane.Corvane.savedState"));
+}
+
 TEST_F(Orphans, WhatWasTouchedWithinThirtyDaysIsNone)
 {
     addItem("Caches/org.ten.days", 1, now - std::chrono::days{10});
