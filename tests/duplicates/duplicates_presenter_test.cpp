@@ -31,16 +31,16 @@ TEST_F(DuplicatesPresenterTest, DuringASearchItSaysHowFarItIsAndStartsNoOther)
 {
     addFilmAndSong();
     scanHome();
-    Gate gate(*fake.log, "openFile " + at("Songs/song.wav"));
+    Gate reading(*fake.log, "openFile " + at("Songs/song.wav"));
     presenter.search();
-    ASSERT_TRUE(gate.waitUntilReached());
+    ASSERT_TRUE(reading.waitUntilReached());
     EXPECT_EQ(presenter.content(), Content::search);
     EXPECT_EQ(presenter.subtitle(), QStringLiteral("Fingerprinting files…"));
     EXPECT_EQ(presenter.progressText(), QStringLiteral("Fingerprinting files… 0 percent"));
     EXPECT_EQ(presenter.searchText(), QStringLiteral("Find Duplicates"));
     EXPECT_FALSE(presenter.canSearch());
     EXPECT_FALSE(presenter.canAutoSelect());
-    gate.open();
+    reading.open();
     waitForSearch();
 }
 
@@ -90,13 +90,13 @@ TEST_F(DuplicatesPresenterTest, AnotherSearchIsCalledSoWhileItRuns)
 {
     addFilmAndSong();
     scanAndSearch();
-    Gate gate(*fake.log, "openFile " + at("Songs/song.wav"));
+    Gate reading(*fake.log, "openFile " + at("Songs/song.wav"));
     presenter.search();
-    ASSERT_TRUE(gate.waitUntilReached());
+    ASSERT_TRUE(reading.waitUntilReached());
     EXPECT_EQ(presenter.searchText(), QStringLiteral("Search Again"));
     DuplicatesPresenter late(store);
     EXPECT_EQ(late.searchText(), QStringLiteral("Search Again"));
-    gate.open();
+    reading.open();
     waitForSearch();
 }
 

@@ -99,16 +99,16 @@ TEST_F(DuplicatesScreenTest, ASearchShowsHowFarItIsAndThenWhatItFound)
     addFilmAndSong();
     scanHome();
     show();
-    Gate gate(*fake.log, "openFile " + at("Songs/song.wav"));
+    Gate reading(*fake.log, "openFile " + at("Songs/song.wav"));
     scene->click(button(QStringLiteral("Find Duplicates")));
-    ASSERT_TRUE(gate.waitUntilReached());
+    ASSERT_TRUE(reading.waitUntilReached());
     QQuickItem *const progress =
         scene->named(QStringLiteral("Fingerprinting files… 0 percent"), QAccessible::ProgressBar);
     ASSERT_NE(progress, nullptr);
     EXPECT_TRUE(shows(QStringLiteral("Fingerprinting files…")));
     EXPECT_FALSE(button(QStringLiteral("Find Duplicates"))->isEnabled());
     EXPECT_FALSE(autoSelect()->isEnabled());
-    gate.open();
+    reading.open();
     waitForSearch();
     ASSERT_TRUE(appears(filmGroup));
     EXPECT_TRUE(shows(QStringLiteral("2 groups · 8 MB wasted")));

@@ -27,7 +27,8 @@ namespace corvane {
 [[nodiscard]] QColor fileIconColor(FileType type, FileNode::Kind kind);
 
 /// Serves QML image://file/KEY, the icon of a file or folder, at the requested source size. Does not read the disk: the
-/// name and the kind determine the icon, unless the system has a better one. Keeps those used last, by path. Any thread.
+/// name and the kind determine the icon, unless the system has a better one. Keeps those used last, by path. Any
+/// thread.
 class FileIconProvider : public QQuickImageProvider {
 public:
     FileIconProvider();

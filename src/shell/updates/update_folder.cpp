@@ -181,8 +181,8 @@ void UpdateFolder::removeOthers(const std::string &name) const
 Expected<void> writeBytes(const FileDescriptor &file, QByteArrayView bytes)
 {
     while (!bytes.empty()) {
-        const ssize_t written = uninterrupted(
-            [&] { return ::write(file.number(), bytes.data(), static_cast<std::size_t>(bytes.size())); });
+        const ssize_t written =
+            uninterrupted([&] { return ::write(file.number(), bytes.data(), static_cast<std::size_t>(bytes.size())); });
         if (written < 0)
             return failure("write", {});
         bytes = bytes.sliced(written);

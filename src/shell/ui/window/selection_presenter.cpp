@@ -109,7 +109,8 @@ QString SelectionPresenter::confirmNames() const
     for (std::size_t i = 0; i < std::min(entries.size(), namedItems); ++i)
         names.append(QStringLiteral("“%1”").arg(displayText(lastPathComponent(entries[i].path))));
     if (entries.size() > namedItems)
-        return names.join(QStringLiteral(", ")) + QStringLiteral(" and %1 more").arg(grouped(entries.size() - namedItems));
+        return names.join(QStringLiteral(", ")) +
+               QStringLiteral(" and %1 more").arg(grouped(entries.size() - namedItems));
     const QString last = names.isEmpty() ? QString() : names.takeLast();
     return names.isEmpty() ? last : names.join(QStringLiteral(", ")) + QStringLiteral(" and ") + last;
 }
