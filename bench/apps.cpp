@@ -16,6 +16,7 @@
 #include <fmt/format.h>
 
 #include "apps/app_inventory.h"
+#include "apps/search_context.h"
 #include "platform/protected_places.h"
 #include "support.h"
 
@@ -86,7 +87,8 @@ int main(int argc, char **argv)
     const std::vector<std::string> groups = makeNames(bundles, random, groupName);
     const std::vector<std::string> preferences = makeNames(bundles, random, listName);
     const corvane::ProtectedLocations locations("/nowhere", corvane::ProtectedPlaces{});
-    const SearchContext context{.files = corvane::systemHost().files, .locations = locations, .now = corvane::Time{}};
+    const corvane::SearchContext context{
+        .files = corvane::systemHost().files, .locations = locations, .now = corvane::Time{}};
 
     std::vector<double> indexing;
     std::vector<double> matching;
