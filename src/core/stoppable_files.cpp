@@ -86,8 +86,10 @@ public:
             const WalkConditions conditions;
             listing->end(folder->list([&](const DirectoryEntry &entry) { return listing->add(entry); }));
         });
-        if (!isBegun)
+        if (!isBegun) {
+            const WalkConditions conditions;
             return m_folder->list(sink);
+        }
         for (;;) {
             std::unique_lock lock(listing->lock);
             const bool isReady = m_surroundings->waiting.until(
