@@ -194,7 +194,7 @@ AppInventory::Result loadBundles(const Host &host, const ProtectedLocations &loc
     });
 
     std::unordered_set<std::string> vendors = vendorsOf(ids);
-    vendors.merge(vendorsOf({lowerCase(ownID)})); // not listed, but installed: its own data is no orphan
+    vendors.insert(leadingPieces(lowerCase(ownID), 2)); // not listed, but installed: its own data is no orphan
     return {.apps = largestFirst(std::move(measured)),
             .orphanGroups = AppInventory::findOrphans(vendors, listings, context)};
 }

@@ -303,8 +303,7 @@ private:
         add(std::move(segment));
     }
 
-    /// Folders that the scan could not read. On a Mac, only those in the tree: nearly each of the others belongs to the
-    /// system, and Full Disk Access would not open it.
+    /// Folders that the scan could not read. A Mac's text counts only those that are in the tree.
     [[nodiscard]] std::int64_t deniedToScan() const
     {
         return m_table.unmeasuredDetailWithDenied.empty() ? m_scan.unreadableCount
