@@ -69,8 +69,9 @@ bool MacFileSystem::canOpen(const std::string &path)
 
 Expected<std::string> MacFileSystem::readFile(const std::string &path, std::size_t most)
 {
-    return RegularFile::open(AT_FDCWD, path.c_str(), path, LinkRule::follow)
-        .and_then([&](const auto &file) { return file->readAll(most); });
+    return RegularFile::open(AT_FDCWD, path.c_str(), path, LinkRule::follow).and_then([&](const auto &file) {
+        return file->readAll(most);
+    });
 }
 
 Expected<std::unique_ptr<FileReader>> MacFileSystem::openFile(const std::string &path)
