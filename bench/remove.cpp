@@ -224,7 +224,7 @@ double secondsToDetach()
     root->fileCount = folder->fileCount;
     InstalledTree tree(root, ScanSummary::make(root, DevJunkRule::match, files), ScanSummary::types(*root), {});
     std::vector<std::shared_ptr<FileNode>> left;
-    const double seconds = secondsOf([&] { left = tree.update(gone, {}, DevJunkRule::match, files); });
+    const double seconds = secondsOf([&] { left = tree.update(gone, {}); });
     if (left.size() != nodesToDetach)
         throw std::runtime_error("not all of the nodes have left the tree");
     return seconds;

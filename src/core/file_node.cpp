@@ -130,13 +130,14 @@ void changeAncestors(FileNode &folder, std::int64_t size, std::int64_t fileCount
 
 } // namespace
 
-void attach(const std::shared_ptr<FileNode> &folder, FileNode &root)
+std::shared_ptr<FileNode> attach(const std::shared_ptr<FileNode> &folder, FileNode &root)
 {
+    std::shared_ptr<FileNode> node;
     if (root.kind == FileNode::Kind::file && root.size < Scanner::smallFileLimit) {
         folder->smallFilesSize = checkedAdd(folder->smallFilesSize, root.size);
         folder->smallFilesCount = checkedAdd(folder->smallFilesCount, root.fileCount);
     } else if (root.size > 0) {
-        auto node = std::make_shared<FileNode>(folder->pathForChildren(), root.name, root.kind, folder);
+        node = std::make_shared<FileNode>(folder->pathForChildren(), root.name, root.kind, folder);
         node->size = root.size;
         node->fileCount = root.fileCount;
         node->smallFilesSize = root.smallFilesSize;
@@ -151,6 +152,7 @@ void attach(const std::shared_ptr<FileNode> &folder, FileNode &root)
         putInOrder(folder->children, *node);
     }
     changeAncestors(*folder, root.size, root.fileCount);
+    return node;
 }
 
 bool detach(FileNode &node)

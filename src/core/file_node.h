@@ -85,7 +85,8 @@ private:
 /// Adds a separately measured tree to `folder` of an installed one: the size and count of every ancestor grow, and each
 /// is moved to its place among its siblings. `root`'s children move to the node created for it. An item for which a
 /// scan creates no node is counted as a scan counts it.
-void attach(const std::shared_ptr<FileNode> &folder, FileNode &root);
+/// @return the node created for `root`; null if there is none
+std::shared_ptr<FileNode> attach(const std::shared_ptr<FileNode> &folder, FileNode &root);
 
 /// Takes a node out of the tree: removes it from its parent's `children`, subtracts its size and count from every
 /// ancestor, moves each to its place among its siblings, and marks the node `removed`. Returns false and does nothing

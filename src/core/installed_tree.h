@@ -16,6 +16,16 @@
 
 namespace corvane {
 
+/// The separately measured tree of an item of an installed tree, and what a scan would list of it. Made off the main
+/// thread: `buildFolders` reads the disk.
+struct MeasuredTree {
+    std::shared_ptr<FileNode> root;
+    std::vector<std::shared_ptr<FileNode>> files; ///< as `ScanSummary::allFiles`
+    std::vector<DevJunkItem> devJunk;
+
+    [[nodiscard]] static MeasuredTree of(std::shared_ptr<FileNode> root, DevJunkMatch buildFolders, FileSystem &files);
+};
+
 /// The tree of a finished scan together with everything derived from it; all parts are installed, changed and freed
 /// together. Not thread-safe. A moved-from tree must not be used.
 class InstalledTree {
@@ -47,17 +57,23 @@ public:
     /// The folder or package at the path, or its nearest ancestor in the tree; the root if the path is outside it.
     [[nodiscard]] std::shared_ptr<FileNode> nearestFolder(std::string path) const;
 
-    /// Removes the items in `gone` from the tree and all lists, then replaces the item at the path of each of
-    /// `remains`, a separately measured tree, with that tree. The root itself is neither removed nor replaced.
+    /// Removes the items in `gone` from the tree and all lists, then replaces the item at the path of each of `remains`
+    /// with that tree. The root itself is neither removed nor replaced. None of `remains` may lie inside another.
+    /// Called on the main thread, so the time depends on what changes, not on the size of the tree.
     /// @return the nodes that have left the tree; empty if nothing changed. Freeing them may take long.
     [[nodiscard]] std::vector<std::shared_ptr<FileNode>> update(std::span<const SelectedEntry> gone,
-                                                                std::span<const std::shared_ptr<FileNode>> remains,
-                                                                DevJunkMatch buildFolders, FileSystem &files);
+                                                                std::span<const MeasuredTree> remains);
 
 private:
-    void take(std::span<const SelectedEntry> gone, std::vector<std::shared_ptr<FileNode>> &left);
-    void replace(std::span<const std::shared_ptr<FileNode>> remains, std::vector<std::shared_ptr<FileNode>> &left,
-                 DevJunkMatch buildFolders, FileSystem &files);
+    struct Change;
+    void unlistPackages(std::span<const SelectedEntry> gone, std::span<const MeasuredTree> remains, Change &change);
+    void take(std::span<const SelectedEntry> gone, Change &change);
+    void replace(const MeasuredTree &measured, Change &change);
+    void leave(std::shared_ptr<FileNode> node, const std::shared_ptr<FileNode> &folder, Change &change);
+    void list(const std::shared_ptr<FileNode> &node, const std::shared_ptr<FileNode> &folder,
+              const MeasuredTree &measured, Change &change) const;
+    void updateFiles(Change &change);
+    void updateDevJunk(const Change &change);
 
     std::shared_ptr<FileNode> m_root;
     ScanSummary m_summary;

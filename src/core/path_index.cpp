@@ -30,7 +30,8 @@ Probe firstProbe(std::uint64_t pathHash, std::size_t capacity)
     return {.tag = std::max(tag, erasedTag + 1), .slot = static_cast<std::size_t>((hash >> 32) * capacity >> 32)};
 }
 
-/// Load factor 4/5: 15 bytes per node, about three tag comparisons for a hit.
+/// Load factor 4/5: 15 bytes per node, about three tag comparisons for a hit. It may rise to 9/10 before the index is
+/// rebuilt, so that adding some nodes to a large tree does not rehash all the others.
 constexpr std::size_t capacityFor(std::size_t count)
 {
     return count + count / 4 + 8;
@@ -60,7 +61,7 @@ void PathIndex::reserve(std::size_t count)
 
 void PathIndex::insert(FileNode &node)
 {
-    if (m_used + 1 > m_tags.size() / 5 * 4)
+    if (m_used + 1 > m_tags.size() / 10 * 9)
         rebuild(capacityFor(2 * m_size));
     place(node);
 }

@@ -1,16 +1,10 @@
 #include "core/scan_summary.h"
 
 #include <algorithm>
-#include <array>
-
-#include "core/checked_add.h"
-#include "core/file_type.h"
+#include <functional>
 
 namespace corvane {
 namespace {
-
-/// Packages of fewer bytes are not listed among the files.
-constexpr std::int64_t smallestListedPackage = 1'000'000;
 
 /// A folder whose children are being visited. An explicit stack instead of recursion: a tree may be thousands of levels
 /// deep.
@@ -97,29 +91,9 @@ ScanSummary ScanSummary::make(const std::shared_ptr<FileNode> &root, DevJunkMatc
 
 std::vector<TypeSlice> ScanSummary::types(const FileNode &root)
 {
-    std::array<std::int64_t, FileType::count> sizes{};
-    const auto add = [&](FileType type, std::int64_t size) { sizes[type] = checkedAdd(sizes[type], size); };
-
-    std::vector<const FileNode *> pending{&root};
-    while (!pending.empty()) {
-        const FileNode &node = *pending.back();
-        pending.pop_back();
-        if (node.kind != FileNode::Kind::directory) {
-            add(FileType::from(node.extension(), node.kind == FileNode::Kind::package), node.size);
-            continue;
-        }
-        add(FileType::small, node.smallFilesSize);
-        for (const std::shared_ptr<FileNode> &child : node.children)
-            pending.push_back(child.get());
-    }
-
-    std::vector<TypeSlice> slices;
-    for (const FileType type : FileType::allCases()) {
-        if (sizes[type] > 0)
-            slices.push_back({type, sizes[type]});
-    }
-    std::ranges::stable_sort(slices, std::ranges::greater{}, &TypeSlice::size);
-    return slices;
+    TypeSizes sizes;
+    sizes.add(root);
+    return sizes.slices();
 }
 
 } // namespace corvane

@@ -19,6 +19,9 @@ struct ScanSummary {
     PathIndex index;                                 ///< every node of the tree
     std::int64_t unreadableCount = 0;
 
+    /// Packages of fewer bytes are not listed among the files.
+    static constexpr std::int64_t smallestListedPackage = 1'000'000;
+
     /// `buildFolders` is called for folders outside packages and outside other build folders.
     [[nodiscard]] static ScanSummary make(const std::shared_ptr<FileNode> &root, DevJunkMatch buildFolders,
                                           FileSystem &files = systemHost().files);

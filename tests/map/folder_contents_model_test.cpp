@@ -7,7 +7,9 @@
 #include <QColor>
 #include <QSignalSpy>
 
+#include "cleanup/dev_junk_rule.h"
 #include "core/file_type.h"
+#include "core/installed_tree.h"
 #include "map/explorer_fixture.h"
 #include "map/treemap_builder.h"
 #include "shell/ui/qt_color.h"
@@ -260,7 +262,8 @@ TEST_F(FolderContentsModelTest, AFolderThatWasMeasuredAnewHasItsRowWhereItsSizeP
     const QSignalSpy reset(&model, &Model::modelReset);
     const test::NodePtr remains = test::makeRoot(at("Films"));
     test::addFile(remains, "a.mov", 15'000'000);
-    store.didRemove({.removed = {}, .failures = {}}, true, {remains});
+    const MeasuredTree measured = MeasuredTree::of(remains, DevJunkRule::match, fake.files);
+    store.didRemove({.removed = {}, .failures = {}}, true, {measured});
     EXPECT_EQ(names(), QStringList({"Projects", "Films", "film.mov", "X.app", "2 smaller files (< 1 MB)"}));
     EXPECT_EQ(data(1, Model::SizeTextRole).toString(), QStringLiteral("15 MB"));
     EXPECT_EQ(reset.count(), 0);

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QMetaObject>
 
+#include "cleanup/dev_junk_rule.h"
 #include "core/foreign_sum.h"
 #include "core/scanner.h"
 #include "core/size_walk.h"
@@ -72,16 +73,16 @@ std::shared_ptr<FileNode> RemovalJob::measuredAnew(const std::string &path)
     return file;
 }
 
-std::vector<std::shared_ptr<FileNode>> RemovalJob::remainsOf(RemovalOutcome &outcome)
+std::vector<MeasuredTree> RemovalJob::remainsOf(RemovalOutcome &outcome)
 {
-    std::vector<std::shared_ptr<FileNode>> remains;
+    std::vector<MeasuredTree> remains;
     for (RemovalFailure &failure : outcome.failures) {
         if (m_isClosing)
             break;
         if (failure.left != RemovalFailure::Left::aPart && failure.left != RemovalFailure::Left::somethingElse)
             continue;
         if (std::shared_ptr<FileNode> left = measuredAnew(failure.path))
-            remains.push_back(std::move(left));
+            remains.push_back(MeasuredTree::of(std::move(left), DevJunkRule::match, m_host.files));
         else if (failure.left == RemovalFailure::Left::somethingElse)
             failure.left = RemovalFailure::Left::nothing; // trees do not show what replaced it
     }

@@ -10,6 +10,7 @@
 #include <QThreadPool>
 
 #include "core/file_node.h"
+#include "core/installed_tree.h"
 #include "core/path_guard.h"
 #include "core/removal.h"
 #include "core/scan_progress.h"
@@ -24,8 +25,7 @@ class RemovalJob {
 public:
     /// Gets the outcome, and a rescan of what is left of each item that was removed in part or had been replaced by
     /// another item.
-    using Receiver =
-        std::function<void(const RemovalOutcome &, bool permanently, const std::vector<std::shared_ptr<FileNode>> &)>;
+    using Receiver = std::function<void(const RemovalOutcome &, bool permanently, const std::vector<MeasuredTree> &)>;
 
     /// `locations` and the objects that `host` refers to must outlive this one. `receive` is called on the main thread.
     RemovalJob(const Host &host, const ProtectedLocations &locations, Receiver receive);
@@ -50,7 +50,7 @@ public:
     void close();
 
 private:
-    [[nodiscard]] std::vector<std::shared_ptr<FileNode>> remainsOf(RemovalOutcome &outcome);
+    [[nodiscard]] std::vector<MeasuredTree> remainsOf(RemovalOutcome &outcome);
     [[nodiscard]] std::shared_ptr<FileNode> measuredAnew(const std::string &path);
 
     const Host m_host;

@@ -267,8 +267,7 @@ public:
     void stopRemoval();
     /// Applies the outcome of a removal. `remains` are rescans of what is left of each item that was removed in part or
     /// had been replaced by another item.
-    void didRemove(const RemovalOutcome &outcome, bool permanently,
-                   const std::vector<std::shared_ptr<FileNode>> &remains = {});
+    void didRemove(const RemovalOutcome &outcome, bool permanently, const std::vector<MeasuredTree> &remains = {});
 
     // --- The system
     /// The reference time for ages.
@@ -366,9 +365,9 @@ private:
     void followRemovalInApps(std::span<const SelectedEntry> gone, bool wasUninstall);
 
     // The removal.
-    void applyToTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
+    void applyToTree(std::span<const SelectedEntry> gone, std::span<const MeasuredTree> remains);
     /// Updates the installed tree and the folder shown; returns whether anything changed.
-    bool updateTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains);
+    bool updateTree(std::span<const SelectedEntry> gone, std::span<const MeasuredTree> remains);
 
     // The system.
     void refreshVolume();

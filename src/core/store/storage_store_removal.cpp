@@ -2,7 +2,6 @@
 #include <utility>
 
 #include "cleanup/cleanup_items.h"
-#include "cleanup/dev_junk_rule.h"
 #include "core/store/storage_store.h"
 #include "platform/path.h"
 
@@ -20,8 +19,7 @@ void StorageStore::stopRemoval()
         emit isRemovingChanged();
 }
 
-void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently,
-                             const std::vector<std::shared_ptr<FileNode>> &remains)
+void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently, const std::vector<MeasuredTree> &remains)
 {
     if (const std::string lines = Removal::logText(outcome); !lines.empty())
         m_host.desktop.log(lines);
@@ -47,11 +45,11 @@ void StorageStore::didRemove(const RemovalOutcome &outcome, bool permanently,
 }
 
 // The tree changes only from what was really removed.
-void StorageStore::applyToTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains)
+void StorageStore::applyToTree(std::span<const SelectedEntry> gone, std::span<const MeasuredTree> remains)
 {
     const auto concernsScan = [&](const std::string &root) {
-        return std::ranges::any_of(remains, [&](const auto &measured) {
-            const std::string path = measured->path();
+        return std::ranges::any_of(remains, [&](const MeasuredTree &measured) {
+            const std::string path = measured.root->path();
             return isOrLiesBeneath(root, path) || (m_phase == Phase::scanning && liesBeneath(path, root));
         });
     };
@@ -76,10 +74,9 @@ void StorageStore::applyToTree(std::span<const SelectedEntry> gone, std::span<co
     }
 }
 
-bool StorageStore::updateTree(std::span<const SelectedEntry> gone, std::span<const std::shared_ptr<FileNode>> remains)
+bool StorageStore::updateTree(std::span<const SelectedEntry> gone, std::span<const MeasuredTree> remains)
 {
-    auto left = std::make_shared<std::vector<std::shared_ptr<FileNode>>>(
-        m_tree.update(gone, remains, DevJunkRule::match, m_host.files));
+    auto left = std::make_shared<std::vector<std::shared_ptr<FileNode>>>(m_tree.update(gone, remains));
     if (left->empty())
         return false;
     if (m_currentFolder && !m_tree.contains(*m_currentFolder))
