@@ -5,6 +5,7 @@
 #include <chrono>
 #include <csignal>
 #include <system_error>
+#include <utility>
 
 #include <poll.h>
 #ifdef __APPLE__
@@ -41,7 +42,7 @@ TerminalProgram::~TerminalProgram()
         kill(m_child, SIGKILL);
         waitpid(m_child, nullptr, 0);
     }
-    close(m_terminal);
+    hangUp();
 }
 
 bool TerminalProgram::readSome()
@@ -74,10 +75,16 @@ void TerminalProgram::type(std::string_view text) const
         throw std::system_error(errno, std::generic_category(), "write to the terminal");
 }
 
+void TerminalProgram::hangUp()
+{
+    if (m_terminal >= 0)
+        close(std::exchange(m_terminal, -1));
+}
+
 ProgramResult TerminalProgram::finish()
 {
     const auto end = std::chrono::steady_clock::now() + longestWait;
-    while (readSome()) {
+    while (m_terminal >= 0 && readSome()) {
         if (std::chrono::steady_clock::now() > end)
             kill(m_child, SIGKILL);
     }

@@ -23,6 +23,9 @@ public:
 
     void type(std::string_view text) const;
 
+    /// Closes the terminal, as when its window is closed. The program gets SIGHUP.
+    void hangUp();
+
     /// Waits for the program to end and returns the terminal's output as `out`.
     [[nodiscard]] ProgramResult finish();
 

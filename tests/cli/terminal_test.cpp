@@ -115,6 +115,30 @@ TEST_F(TerminalTest, EverythingButYesIsANo)
     }
 }
 
+TEST_F(TerminalTest, AnAnswerThatEndsBeforeItsLineIsANo)
+{
+    m_folder.writeFile("kept.txt", 10);
+    TerminalProgram terminal(program({"remove", "--permanently", "kept.txt"}));
+    ASSERT_TRUE(terminal.waitFor("[y/N] "));
+    terminal.type("y\x04\x04"); // Ctrl-D sends the letter, and then the end of the input
+    const ProgramResult result = terminal.finish();
+    EXPECT_EQ(result.exitStatus, 0);
+    EXPECT_NE(result.out.find("Nothing was removed"), std::string::npos) << result.out;
+    EXPECT_TRUE(m_folder.has("kept.txt"));
+}
+
+TEST_F(TerminalTest, ATerminalThatIsClosedAtTheQuestionIsANo)
+{
+    m_folder.writeFile("kept.txt", 10);
+    TerminalProgram terminal(program({"remove", "--permanently", "--json", "kept.txt"})
+                                 .through({"/bin/sh", "-c", "trap '' HUP; exec \"$0\" \"$@\" > out.json 2> errors"}));
+    ASSERT_TRUE(terminal.waitFor("[y/N] "));
+    terminal.hangUp();
+    EXPECT_EQ(terminal.finish().exitStatus, 0);
+    EXPECT_EQ(outputFile()["message"], "Nothing was removed");
+    EXPECT_TRUE(m_folder.has("kept.txt"));
+}
+
 TEST_F(TerminalTest, DeletingForGoodSaysSoBeforehand)
 {
     m_folder.writeFile("old.iso", 2'000'000);

@@ -2,6 +2,7 @@
 
 #include <cctype>
 #include <cerrno>
+#include <optional>
 #include <string>
 
 #include <fcntl.h>
@@ -80,7 +81,8 @@ std::string questionText(const std::vector<RemovalStep> &steps, bool permanently
                        sum.items(), size);
 }
 
-std::string readLine()
+/// A line of the answer in lower case; nothing if the input ends or fails within it.
+std::optional<std::string> readLine()
 {
     std::string line;
     for (;;) {
@@ -88,7 +90,9 @@ std::string readLine()
         const ssize_t count = read(STDIN_FILENO, &c, 1);
         if (count < 0 && errno == EINTR)
             continue;
-        if (count != 1 || c == '\n')
+        if (count != 1)
+            return std::nullopt;
+        if (c == '\n')
             return line;
         line += lowerAscii(c);
     }
@@ -108,14 +112,12 @@ RemovalQuestion::RemovalQuestion()
 {
     if (isatty(STDIN_FILENO) != 1)
         return;
-    m_isOwned = isatty(STDERR_FILENO) != 1;
-    m_terminal = m_isOwned ? open("/dev/tty", O_WRONLY | O_CLOEXEC) : STDERR_FILENO;
-}
-
-RemovalQuestion::~RemovalQuestion()
-{
-    if (m_isOwned && m_terminal >= 0)
-        close(m_terminal);
+    if (isatty(STDERR_FILENO) == 1) {
+        m_terminal = STDERR_FILENO;
+    } else {
+        m_opened = FileDescriptor(open("/dev/tty", O_WRONLY | O_CLOEXEC));
+        m_terminal = m_opened.number();
+    }
 }
 
 bool RemovalQuestion::ask(const std::vector<RemovalStep> &steps, bool permanently) const
@@ -123,7 +125,9 @@ bool RemovalQuestion::ask(const std::vector<RemovalStep> &steps, bool permanentl
     Output terminal(m_terminal);
     terminal.write(questionText(steps, permanently));
     terminal.flush();
-    const std::string answer = readLine();
+    if (terminal.error())
+        return false; // the question was not shown
+    const std::optional<std::string> answer = readLine();
     return answer == "y" || answer == "yes";
 }
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/removal.h"
+#include "platform/file_descriptor.h"
 
 namespace corvane {
 
@@ -14,20 +15,17 @@ namespace corvane {
 class RemovalQuestion {
 public:
     RemovalQuestion();
-    ~RemovalQuestion();
-
-    RemovalQuestion(const RemovalQuestion &) = delete;
-    RemovalQuestion &operator=(const RemovalQuestion &) = delete;
 
     /// Whether there is a terminal for both the question and the answer.
     [[nodiscard]] bool canBeAsked() const { return m_terminal >= 0; }
 
-    /// Shows what would happen and waits for the answer; anything except "y" and "yes" means no.
+    /// Shows what would happen and waits for the answer; anything except a line with "y" or "yes" means no, and so does
+    /// a terminal that is closed before the line ends.
     [[nodiscard]] bool ask(const std::vector<RemovalStep> &steps, bool permanently) const;
 
 private:
-    int m_terminal = -1; ///< output for the question
-    bool m_isOwned = false;
+    FileDescriptor m_opened; ///< the terminal, if standard error is not one
+    int m_terminal = -1;     ///< output for the question
 };
 
 } // namespace corvane

@@ -164,68 +164,92 @@ void writeRemovalJson(const RemovalOutcome &outcome, std::string_view message, O
     json.finish();
 }
 
-ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
-{
-    const bool permanently = arguments.has("permanently");
-    const bool yes = arguments.has("yes");
-    const bool json = arguments.has("json");
-    const bool isDryRun = arguments.has("dry-run");
-    const ProtectedLocations &locations = PathGuard::locations();
+/// How the removal is done and reported.
+struct Manner {
+    bool permanently;
+    bool yes;
+    bool json;
+    bool isDryRun;
+};
+
+/// The items named by the arguments.
+struct NamedItems {
+    Selection selection; ///< without sizes
     std::set<std::string> refused;
-    Selection selection;
+    SeenItems seen; ///< only the items found first may be removed, not replacements
+};
+
+/// Looks up the arguments' paths; the sentence of the first that names no item.
+Judged<NamedItems> namedItems(const Arguments &arguments, const Host &host)
+{
+    const ProtectedLocations &locations = PathGuard::locations();
+    NamedItems items;
     for (const std::string &path : arguments.paths) {
         const Judged<ExistingItem> item = existingItem(path, host.files);
-        if (!item) {
-            console.complain(item.error());
-            return ExitStatus::refused;
-        }
+        if (!item)
+            return tl::unexpected(item.error());
         // Never select a protected item, so that it does not stand for selected items inside it.
         if (locations.isProtected(item->path, host.files))
-            refused.insert(item->path);
+            items.refused.insert(item->path);
         else
-            selection.emplace(item->path, 0);
+            items.selection.emplace(item->path, 0);
     }
-    // From here on, only the items found now may be removed, not replacements.
-    const SeenItems seen = Removal::look(selectedEntries(selection), locations, host);
-    RemovalQuestion question;
-    if (!yes && !isDryRun && !question.canBeAsked()) {
-        console.complain("there is no terminal to ask on; --yes removes without asking");
-        return ExitStatus::refused;
-    }
+    items.seen = Removal::look(selectedEntries(items.selection), locations, host);
+    return items;
+}
 
-    tl::expected<Selection, std::string> entries = measured(effectiveSelection(selection), console, host.files);
-    if (!entries) {
-        if (json) {
-            const RemovalOutcome nothing{.removed = {}, .failures = {}, .isStopped = true};
-            writeRemovalJson(nothing, Removal::message(nothing, permanently), console.out);
-        }
-        console.complain(entries.error() + "; nothing was removed");
-        return ExitStatus::doneWithFailures;
-    }
-    for (const std::string &path : refused)
+/// What would happen to each item; otherwise why the items could not be measured.
+tl::expected<std::vector<RemovalStep>, std::string> plan(const NamedItems &items, bool permanently,
+                                                         const Console &console, const Host &host)
+{
+    tl::expected<Selection, std::string> entries = measured(effectiveSelection(items.selection), console, host.files);
+    if (!entries)
+        return tl::unexpected(entries.error());
+    for (const std::string &path : items.refused)
         entries->emplace(path, 0);
-    std::vector<RemovalStep> steps = Removal::plan(*entries, permanently, locations, host.trash.trashFolders(), seen);
+    std::vector<RemovalStep> steps =
+        Removal::plan(*entries, permanently, PathGuard::locations(), host.trash.trashFolders(), items.seen);
     for (RemovalStep &step : steps) {
-        if (refused.contains(step.path))
+        if (items.refused.contains(step.path))
             step.action = RemovalStep::Action::refuse;
     }
+    return steps;
+}
 
-    RemovalOutcome outcome;
-    if (isDryRun) {
-        // Process only the steps that would be refused, so that they are reported as in a real run.
-        std::vector<RemovalStep> refusals;
-        std::ranges::copy_if(steps, std::back_inserter(refusals), isRefused);
-        outcome = perform(refusals, console, host);
-        if (!json)
-            console.out.write(planText(steps, permanently));
-    } else if (yes || std::ranges::all_of(steps, isRefused) || question.ask(steps, permanently)) {
-        outcome = perform(steps, console, host);
+/// Whether the steps may be performed. Asks only if something would be removed.
+bool isConfirmed(const std::vector<RemovalStep> &steps, Manner manner, const RemovalQuestion &question)
+{
+    return manner.yes || std::ranges::all_of(steps, isRefused) || question.ask(steps, manner.permanently);
+}
+
+/// Performs only the steps that would be refused, so that they are reported as in a real run.
+RemovalOutcome performRefusals(const std::vector<RemovalStep> &steps, const Console &console, const Host &host)
+{
+    std::vector<RemovalStep> refusals;
+    std::ranges::copy_if(steps, std::back_inserter(refusals), isRefused);
+    return perform(refusals, console, host);
+}
+
+ExitStatus reportNotMeasured(const std::string &reason, Manner manner, Console &console)
+{
+    if (manner.json) {
+        const RemovalOutcome nothing{.removed = {}, .failures = {}, .isStopped = true};
+        writeRemovalJson(nothing, Removal::message(nothing, manner.permanently), console.out);
     }
-    const std::string message = Removal::message(outcome, permanently);
-    if (json)
-        writeRemovalJson(outcome, message, console.out, isDryRun ? &steps : nullptr);
-    else
+    console.complain(reason + "; nothing was removed");
+    return ExitStatus::doneWithFailures;
+}
+
+ExitStatus report(const RemovalOutcome &outcome, const std::vector<RemovalStep> &steps, Manner manner, Console &console)
+{
+    const std::string message = Removal::message(outcome, manner.permanently);
+    if (manner.json) {
+        writeRemovalJson(outcome, message, console.out, manner.isDryRun ? &steps : nullptr);
+    } else {
+        if (manner.isDryRun)
+            console.out.write(planText(steps, manner.permanently));
         console.out.write(displayUtf8(message) + "\n");
+    }
     for (const RemovalFailure &failure : outcome.failures)
         console.complain(failure.line);
     if (outcome.isStopped) {
@@ -234,6 +258,34 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
                                      formatCount(static_cast<std::int64_t>(untouched), "item", "items")));
     }
     return outcome.failures.empty() && !outcome.isStopped ? ExitStatus::done : ExitStatus::doneWithFailures;
+}
+
+ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
+{
+    const Manner manner{.permanently = arguments.has("permanently"),
+                        .yes = arguments.has("yes"),
+                        .json = arguments.has("json"),
+                        .isDryRun = arguments.has("dry-run")};
+    const Judged<NamedItems> items = namedItems(arguments, host);
+    if (!items) {
+        console.complain(items.error());
+        return ExitStatus::refused;
+    }
+    const RemovalQuestion question;
+    if (!manner.yes && !manner.isDryRun && !question.canBeAsked()) {
+        console.complain("there is no terminal to ask on; --yes removes without asking");
+        return ExitStatus::refused;
+    }
+    const auto steps = plan(*items, manner.permanently, console, host);
+    if (!steps)
+        return reportNotMeasured(steps.error(), manner, console);
+
+    RemovalOutcome outcome;
+    if (manner.isDryRun)
+        outcome = performRefusals(*steps, console, host);
+    else if (isConfirmed(*steps, manner, question))
+        outcome = perform(*steps, console, host);
+    return report(outcome, *steps, manner, console);
 }
 
 } // namespace
