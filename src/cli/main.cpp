@@ -21,7 +21,7 @@ int main(int argumentCount, char *arguments[])
     } catch (const std::exception &error) {
         console.complain(error.what());
     }
-    console.out.flush();
+    console.out.close();
     if (console.out.error()) {
         console.complain(fmt::format("cannot write the result: {}", console.out.error().message()));
         status = corvane::ExitStatus::doneWithFailures;

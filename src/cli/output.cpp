@@ -42,6 +42,7 @@ void Output::flush()
         const ssize_t written = ::write(m_descriptor, rest.data(), rest.size());
         if (written >= 0) {
             rest.remove_prefix(static_cast<std::size_t>(written));
+            m_hasWritten = true;
         } else if (errno == EAGAIN) {
             waitUntilWritable(m_descriptor);
         } else if (errno != EINTR) {
@@ -51,6 +52,17 @@ void Output::flush()
         }
     }
     m_buffer.clear();
+}
+
+void Output::close()
+{
+    flush();
+    // A descriptor that was closed from the start matters only to those who write.
+    if (m_isClosed || !m_hasWritten)
+        return;
+    m_isClosed = true;
+    if (::close(m_descriptor) != 0 && errno != EINTR)
+        m_error = std::error_code(errno, std::generic_category());
 }
 
 } // namespace corvane

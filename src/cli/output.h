@@ -6,8 +6,9 @@
 
 namespace corvane {
 
-/// A buffered writer on a descriptor that it does not own. If the reader has gone away (`| head`), further text is
-/// dropped silently; any other failure is kept for the end. SIGPIPE must be ignored. One thread.
+/// A buffered writer on a descriptor that it does not own. After a failed write, further text is dropped, and the error
+/// is kept in `error()`; a reader that closed its end of the pipe (`| head`) is not an error. SIGPIPE must be ignored.
+/// Used by one thread.
 class Output {
 public:
     explicit Output(int descriptor);
@@ -19,16 +20,21 @@ public:
     void write(char character);
     void flush();
 
-    /// Whether the reader has gone away, so that producing more text is pointless.
+    /// Flushes and closes the descriptor: some file systems report a full disk only then. Nothing may be written
+    /// afterwards.
+    void close();
+
+    /// Whether a write has failed, or the reader has closed its end, so that producing more text is pointless.
     [[nodiscard]] bool isClosed() const { return m_isClosed; }
 
-    /// The write error, unless it was a reader going away.
+    /// The error of writing or closing, if there was one.
     [[nodiscard]] std::error_code error() const { return m_error; }
 
 private:
     const int m_descriptor;
     std::string m_buffer;
     std::error_code m_error;
+    bool m_hasWritten = false;
     bool m_isClosed = false;
 };
 

@@ -8,18 +8,18 @@
 
 namespace corvane {
 
-/// A file that a result is written to. Opening makes it where there is none, and leaves what is in it until
-/// `finish`.
+/// The file that a result is written to. The constructor creates the file if it does not exist; the contents of an
+/// existing one are overwritten from the start, and what remains of them is cut off by `finish`.
 class OutputFile {
 public:
     explicit OutputFile(const std::string &path);
 
     [[nodiscard]] Output &output() { return m_output; }
 
-    /// Writes out what is still buffered and cuts off what the file held beyond it.
+    /// Writes what is still buffered, cuts off what the file held beyond it, and closes the file.
     void finish();
 
-    /// What opening or writing failed at, if it failed.
+    /// The error of opening, writing or closing the file, if there was one.
     [[nodiscard]] std::error_code error() const { return m_error; }
 
 private:

@@ -64,6 +64,27 @@ std::set<std::string> optionsIn(const std::string &help)
 
 class CommandLineTest : public CliTest {};
 
+TEST_F(CommandLineTest, OutputToAFullDiskIsAFailureOfEveryCommand)
+{
+    if (access("/dev/full", W_OK) != 0)
+        GTEST_SKIP() << "there is no /dev/full on this system";
+    m_folder.writeFile("folder/a.bin", 10);
+    for (const std::string &command : commands) {
+        for (const std::string option : {"--json", "--no-progress", "--help"}) {
+            SCOPED_TRACE(testing::Message() << command << ' ' << option);
+            std::vector<std::string> arguments{command, option};
+            if (command == "remove")
+                arguments.emplace_back("--dry-run");
+            if (command != "breakdown" && command != "snapshots" && command != "cleanup" && command != "apps")
+                arguments.emplace_back("folder");
+            const ProgramResult result =
+                program(std::move(arguments)).through({"/bin/sh", "-c", "\"$0\" \"$@\" > /dev/full"}).run();
+            EXPECT_EQ(result.exitStatus, 1);
+            EXPECT_EQ(result.errors, "corvane-cli: cannot write the result: No space left on device\n");
+        }
+    }
+}
+
 TEST_F(CommandLineTest, HelpNamesEveryCommandAndLeavesNothingOut)
 {
     for (const char *const option : {"--help", "-h"}) {
