@@ -10,8 +10,8 @@
 
 namespace corvane {
 
-/// The program's input and output: standard output for the result, standard error for everything else, and the
-/// properties of the terminal behind each. One thread, except where a member says otherwise.
+/// The program's output: standard output for the result, standard error for everything else, and the width and the
+/// colors of the terminals that they are connected to. Used by one thread, except where a member says otherwise.
 class Console {
 public:
     Console();
@@ -31,17 +31,18 @@ public:
     /// The line width of the result: that of the terminal, or no limit.
     [[nodiscard]] std::size_t outColumns() const;
 
-    /// The columns left in a line of the result after `taken`; never less than a recognizable name needs.
+    /// The columns left in a line of the result beside `taken` others; at least 8, so that a name stays recognizable.
     [[nodiscard]] std::size_t roomBeside(std::size_t taken) const;
 
-    /// The width of the terminal behind standard error. Any thread.
+    /// The width of the terminal that standard error is connected to; 80 if it is none. May be called by any thread.
     [[nodiscard]] static std::size_t errorColumns();
 
     /// Writes a faint paragraph, wrapped to the width of the terminal.
     void writeHint(std::string_view text);
 
     enum class ColorUse { automatic, always, never };
-    /// Whether the result has styles; automatic: if the terminal supports them and `NO_COLOR` is not set.
+    /// Whether the result has styles and colors; automatic: if standard output is a terminal that supports them and
+    /// `NO_COLOR` is not set.
     void setColorUse(ColorUse use);
 
     /// The text in a style, or plain if standard output has no styles.

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// The watch for a running scan.
+/// Handles signals and shows progress while a scan runs.
 class ScanWatch {
 public:
     using Display = Watch::Display;

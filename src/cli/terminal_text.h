@@ -8,32 +8,32 @@
 
 namespace corvane {
 
-/// Takes a terminal back to the start of its line, which is empty then.
+/// Moves a terminal's cursor to the start of its line and clears the line.
 inline constexpr std::string_view clearLine = "\r\x1b[K";
 
-/// A moment in the user's time zone: "2026-11-22". "–" for one that has no date there.
+/// The date in the user's time zone, such as "2026-11-22"; "–" for `distantPast` and for a time that is out of range.
 [[nodiscard]] std::string dateText(Time time);
 
-/// The same to the minute: "2026-11-22 09:41".
+/// The date and the time of day, such as "2026-11-22 09:41"; "–" in the same cases.
 [[nodiscard]] std::string dateTimeText(Time time);
 
-/// How many columns of a terminal the text takes. `text` is valid UTF-8.
+/// The number of terminal columns that the text takes. For this and the functions below, texts are valid UTF-8.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);
 
-/// The text, cut at its end with "…" so that it takes at most `columns`.
+/// The text, if necessary with its end replaced by "…", so that it takes at most `columns`.
 [[nodiscard]] std::string elided(std::string_view text, std::size_t columns);
 
-/// The text, cut at its front in the same way: of a path the end says more.
+/// The text, if necessary with its start replaced by "…": for paths, whose last components matter most.
 [[nodiscard]] std::string elidedAtFront(std::string_view text, std::size_t columns);
 
-/// The text with spaces before it, so that it takes at least `columns`: for numbers.
+/// The text with spaces before it, so that it takes at least `columns`.
 [[nodiscard]] std::string rightAligned(std::string_view text, std::size_t columns);
 
-/// The text with line breaks in the place of spaces, so that it stands in `columns` where its words let it. It starts
-/// at column `start`, and so does each further line.
+/// The text with some spaces replaced by line breaks, so that no line exceeds `columns`, except one with a single
+/// longer word. The first line is written at column `start`; the others are indented by as many spaces.
 [[nodiscard]] std::string wrapped(std::string_view text, std::size_t columns, std::size_t start);
 
-/// The text with spaces after it.
+/// The text with spaces after it, so that it takes at least `columns`.
 [[nodiscard]] std::string leftAligned(std::string_view text, std::size_t columns);
 
 } // namespace corvane

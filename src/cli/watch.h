@@ -9,14 +9,15 @@
 
 namespace corvane {
 
-/// Stands beside long work: as long as it lives, Ctrl-C (SIGINT) and SIGTERM stop the work instead of the program, the
-/// second time the program, and a terminal on standard error shows how far the work is. Made and destroyed on the main
-/// thread; at most one at a time.
+/// Handles signals and shows progress during long work. While the object exists, the first SIGINT (Ctrl-C) or SIGTERM
+/// stops the work instead of the program, and the same signal again ends the program; the progress is shown in one line
+/// on standard error. Created and destroyed on the main thread; at most one exists at a time.
 class Watch {
 public:
     enum class Display { hidden, shown };
 
-    /// Both are called on a thread of the watch's own; `line` is the text to be shown in at most so many columns.
+    /// `stop` stops the work; `line` returns the text to be shown, in at most `columns`. Both are called on a thread
+    /// that this object creates.
     Watch(std::function<void()> stop, std::function<std::string(std::size_t columns)> line, Display display);
     ~Watch();
 
@@ -31,10 +32,10 @@ private:
     const std::function<std::string(std::size_t)> m_line;
     const Display m_display;
     Pipe m_wakeUp;        ///< constant after construction
-    std::thread m_thread; ///< the only one that draws
+    std::thread m_thread; ///< calls `m_stop` and `m_line`
 };
 
-/// What a line says, and as much of the end of a path as there is room for.
+/// A line of progress: the figures, and as much of the end of the path as fits beside them.
 [[nodiscard]] std::string lineWithPath(const std::string &figures, std::string_view path, std::size_t columns);
 
 } // namespace corvane

@@ -5,10 +5,11 @@
 
 namespace corvane {
 
-/// The breakdown as one JSON document with the struct's field names; for a partial scan also `cancelled`.
+/// Writes the breakdown as one JSON object. Its members are named after the fields, except that `scanIsPartial` is
+/// "cancelled".
 void writeBreakdownJson(const DiskBreakdown &breakdown, Output &out);
 
-/// The breakdown as a table: the figures, one row per segment, and notes.
+/// Writes the breakdown as a table: the disk's figures, one row per segment, and notes.
 void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console);
 
 } // namespace corvane

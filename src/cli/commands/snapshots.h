@@ -7,7 +7,8 @@
 
 namespace corvane {
 
-/// The snapshots as one JSON array: `[{"name","date"}]`.
+/// Writes the snapshots as one JSON array of objects with "name" and "date"; those that a command deletes also have
+/// "size" (null if unknown) and "command".
 void writeSnapshots(const std::vector<LocalSnapshot> &snapshots, JsonWriter &json);
 
 } // namespace corvane
