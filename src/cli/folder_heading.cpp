@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "cli/scan_report.h"
 #include "cli/terminal_text.h"
 #include "core/scan_words.h"
 #include "core/words/display_text.h"

@@ -3,15 +3,12 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/arguments.h"
 #include "cli/console.h"
 #include "cli/exit_status.h"
-#include "cli/json_writer.h"
 #include "cli/path_argument.h"
 #include "core/file_node.h"
 #include "core/scan_filter.h"
@@ -43,31 +40,6 @@ struct FolderScan {
     [[nodiscard]] static tl::expected<std::vector<FolderScan>, ExitStatus> ofArguments(const Arguments &arguments,
                                                                                        Extent extent, Console &console,
                                                                                        FileSystem &files);
-
-    /// The filter defined by the options.
-    [[nodiscard]] static ScanFilter filterOf(const Arguments &arguments);
-
-    /// Options of commands that scan folders.
-    [[nodiscard]] static std::vector<Option> excludeOptions();
-    [[nodiscard]] static Option apparentOption();
-
-    /// Reports on standard error why the result is incomplete, unless the result on the same terminal already says so.
-    [[nodiscard]] ExitStatus report(Console &console, bool resultSaysSo) const;
 };
-
-/// The same for several scans.
-[[nodiscard]] ExitStatus report(std::span<const FolderScan> scans, Console &console, bool resultSaysSo);
-
-/// What the figures of scans with a common filter leave out, as display lines.
-[[nodiscard]] std::vector<std::string> filterNotes(std::span<const FolderScan> scans);
-
-/// The same as an object member; nothing if the filter is the default one.
-void writeFilter(std::span<const FolderScan> scans, JsonWriter &json);
-
-/// The files of several folders, largest first. A file inside two of them is listed once.
-[[nodiscard]] std::vector<std::shared_ptr<FileNode>> filesOf(std::span<const FolderScan> scans);
-
-/// Shown for the result of a stopped scan.
-inline constexpr std::string_view stoppedText = "Scan stopped — showing partial results";
 
 } // namespace corvane

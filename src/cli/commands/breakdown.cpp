@@ -11,6 +11,7 @@
 #include "cli/folder_scan.h"
 #include "cli/json_writer.h"
 #include "cli/path_argument.h"
+#include "cli/scan_report.h"
 #include "cli/table.h"
 #include "core/path_guard.h"
 #include "core/systems/disk_table.h"
@@ -213,7 +214,7 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
         writeBreakdownJson(breakdown, console.out);
     else
         writeBreakdownTable(breakdown, console);
-    return scan ? scan->report(console, !json) : ExitStatus::done;
+    return scan ? report(*scan, console, !json) : ExitStatus::done;
 }
 
 } // namespace

@@ -13,6 +13,9 @@
 #include "cli/folder_heading.h"
 #include "cli/folder_scan.h"
 #include "cli/json_writer.h"
+#include "cli/scan_options.h"
+#include "cli/scan_report.h"
+#include "cli/scanned_files.h"
 #include "cli/terminal_text.h"
 #include "cli/watch.h"
 #include "core/stop_flag.h"
@@ -162,7 +165,7 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
 std::vector<Option> options()
 {
     std::vector<Option> options{{.name = "top", .value = "N", .help = "Show at most N groups"}};
-    std::ranges::copy(FolderScan::excludeOptions(), std::back_inserter(options));
+    std::ranges::copy(excludeOptions(), std::back_inserter(options));
     return options;
 }
 

@@ -15,6 +15,9 @@
 #include "cli/folder_scan.h"
 #include "cli/item_order.h"
 #include "cli/json_writer.h"
+#include "cli/scan_options.h"
+#include "cli/scan_report.h"
+#include "cli/scanned_files.h"
 #include "cli/table.h"
 #include "cli/terminal_text.h"
 #include "core/words/display_text.h"
@@ -160,8 +163,8 @@ std::vector<Option> withCommonOptions(std::vector<Option> options)
     options.push_back({.name = "name", .value = "TEXT", .help = "Only files with TEXT in the name, ignoring case"});
     options.push_back({.name = "sort", .value = "KEY", .help = "Order files by size (the default), name or modified"});
     options.push_back({.name = "top", .value = "N", .help = "List at most N files"});
-    std::ranges::copy(FolderScan::excludeOptions(), std::back_inserter(options));
-    options.push_back(FolderScan::apparentOption());
+    std::ranges::copy(excludeOptions(), std::back_inserter(options));
+    options.push_back(apparentOption());
     return options;
 }
 

@@ -15,6 +15,8 @@
 #include "cli/json_writer.h"
 #include "cli/output_file.h"
 #include "cli/path_argument.h"
+#include "cli/scan_options.h"
+#include "cli/scan_report.h"
 #include "cli/table.h"
 #include "cli/terminal_text.h"
 #include "core/words/display_text.h"
@@ -140,7 +142,7 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
 {
     const std::string validSize = fmt::format("WIDTHxHEIGHT, such as 900x600, each from 1 to {}", largestSide);
     const Rect size = arguments.value("size", mapSize, validSize, "size").value_or(usualSize);
-    const ScanFilter filter = FolderScan::filterOf(arguments);
+    const ScanFilter filter = scanFilterOf(arguments);
     const Judged<std::string> folder = existingFolder(arguments.paths.front(), host.files);
     if (!folder) {
         console.complain(folder.error());
@@ -186,7 +188,7 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
         writeMapSvg(scan, tiles, size, console.out);
     else if (!file)
         writeMapTable(scan, tiles, host.files.homeFolder(), console);
-    const ExitStatus status = scan.report(console, !json && !svgFile);
+    const ExitStatus status = report(scan, console, !json && !svgFile);
     return isWritten ? status : ExitStatus::doneWithFailures;
 }
 
@@ -195,8 +197,8 @@ std::vector<Option> options()
     std::vector<Option> options{
         {.name = "size", .value = "WxH", .help = "The map's size in points, by default 900x600"},
         {.name = "svg", .value = "FILE", .help = "Write the map as an SVG picture; \"-\" is standard output"}};
-    std::ranges::copy(FolderScan::excludeOptions(), std::back_inserter(options));
-    options.push_back(FolderScan::apparentOption());
+    std::ranges::copy(excludeOptions(), std::back_inserter(options));
+    options.push_back(apparentOption());
     return options;
 }
 

@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include "cli/commands/tile_label.h"
+#include "cli/scan_report.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
 #include "map/tile_colors.h"

@@ -15,6 +15,8 @@
 #include "cli/folder_scan.h"
 #include "cli/item_order.h"
 #include "cli/json_writer.h"
+#include "cli/scan_options.h"
+#include "cli/scan_report.h"
 #include "cli/table.h"
 #include "cli/terminal_text.h"
 #include "core/checked_add.h"
@@ -372,8 +374,8 @@ std::vector<Option> options()
         {.name = "top", .value = "N", .help = "Show at most N items per folder and N lines per list"},
         {.name = "sort", .value = "KEY", .help = "Order items by size (the default), files, name or modified"},
         {.name = "files", .help = "Show how many files each item contains"}};
-    std::ranges::copy(FolderScan::excludeOptions(), std::back_inserter(options));
-    options.push_back(FolderScan::apparentOption());
+    std::ranges::copy(excludeOptions(), std::back_inserter(options));
+    options.push_back(apparentOption());
     return options;
 }
 
