@@ -6,22 +6,22 @@
 
 namespace corvane {
 
-/// What a scan leaves out, and what it counts, by the user's choice. Immutable while a scan uses it, so safe to ask
-/// from any thread. One that nobody has changed leaves out nothing and costs nothing.
+/// What the user has chosen to leave out of a scan, and which size of files to count. By default a scan leaves out
+/// nothing and spends no time on this. Not changed while a scan uses it, so any thread may read it.
 struct ScanFilter {
-    enum class Mounts { asUsual, none };   ///< none: nothing that is mounted beneath the folder
-    enum class Sizes { onDisk, apparent }; ///< apparent: how long a file is, whatever the disk keeps for it
+    enum class Mounts { asUsual, none };   ///< none: skip everything mounted below the folder
+    enum class Sizes { onDisk, apparent }; ///< apparent: the length of a file, not its allocated size
 
-    /// Patterns as shells have them, with "*", "?" and "[a-z]". One without a slash is compared with each item's name;
-    /// one with a slash with the path from the scanned folder, or with the whole path where it starts with one, and
-    /// its "*" stops at a slash. One that ends in a slash matches folders alone.
+    /// Shell patterns with "*", "?" and "[a-z]". One without a slash is matched against each item's name, one with a
+    /// slash against the path below the scanned folder, and one that starts with a slash against the whole path; there
+    /// "*" does not match a slash. A pattern that ends in a slash matches folders only.
     std::vector<std::string> excluded = {};
     Mounts mounts = Mounts::asUsual;
     Sizes sizes = Sizes::onDisk;
 
     enum class Kind { file, folder };
 
-    /// Whether a pattern matches the item called `name` in `folder`, whose absolute path it is, in a scan of `root`.
+    /// Whether a pattern matches the item `name` in the folder at the absolute path `folder`, in a scan of `root`.
     [[nodiscard]] bool leavesOut(std::string_view name, Kind kind, std::string_view folder,
                                  std::string_view root) const;
 

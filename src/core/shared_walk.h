@@ -63,7 +63,7 @@ public:
         /// Called once for each folder when all its subfolders are finished or skipped, by the last thread to leave it;
         /// no thread uses the folder afterwards.
         virtual void finish(ListedFolder &folder) = 0;
-        /// Called when the way back up is lost: some folders are not reached.
+        /// Called if a folder on the way up cannot be reopened: what is left of it and of those above is not walked.
         virtual void lost(const Error &error) = 0;
         /// Whether to stop opening folders.
         [[nodiscard]] virtual bool shouldStop() const = 0;

@@ -34,7 +34,7 @@ std::int64_t fileSize(const ItemFacts &file)
 /// The subfolders of a listed folder.
 struct SizeWalk::Names : ListedFolder {
     std::vector<std::string> names;
-    bool isWatched = false; // something inside is excluded
+    bool hasExclusions = false; // something inside is excluded
 
     [[nodiscard]] std::size_t subfolderCount() const override { return names.size(); }
     [[nodiscard]] const std::string &subfolderName(std::size_t place) const override { return names[place]; }
@@ -47,7 +47,7 @@ public:
     [[nodiscard]] std::unique_ptr<ListedFolder> enter(ListedFolder &parent, std::size_t, OpenFolder &folder,
                                                       const std::string &path) override
     {
-        return m_sizes.enter(folder, static_cast<const Names &>(parent).isWatched ? path : std::string());
+        return m_sizes.enter(folder, static_cast<const Names &>(parent).hasExclusions ? path : std::string());
     }
     void notOpened(const Error &) override { ++m_sizes.m_unreadable; }
     void finish(ListedFolder &) override {}
@@ -79,7 +79,7 @@ std::unique_ptr<SizeWalk::Names> SizeWalk::enter(OpenFolder &folder, const std::
         return nullptr;
     auto names = std::make_unique<Names>();
     names->names = std::move(contents.subfolders);
-    names->isWatched = contents.isWatched;
+    names->hasExclusions = contents.hasExclusions;
     return names;
 }
 
@@ -87,7 +87,7 @@ SizeWalk::Contents SizeWalk::contentsOf(OpenFolder &folder, const std::string &p
 {
     const bool asTheDisk = m_counting == Counting::asTheDisk;
     Contents contents;
-    contents.isWatched = !path.empty() && m_excluded.anyBeneath(path);
+    contents.hasExclusions = !path.empty() && m_excluded.anyBeneath(path);
     if (!m_devices.empty() && !m_devices.contains(folder.identity().device))
         return contents;
     const auto add = [&contents](std::int64_t bytes) {
@@ -96,7 +96,7 @@ SizeWalk::Contents SizeWalk::contentsOf(OpenFolder &folder, const std::string &p
     if (asTheDisk)
         add(folder.allocated());
     const auto listed = folder.list([&](const DirectoryEntry &entry) {
-        if (contents.isWatched && m_excluded.holds(joined(path, entry.name)))
+        if (contents.hasExclusions && m_excluded.holds(joined(path, entry.name)))
             return Listing::goOn;
         if (entry.type == EntryType::directory) {
             contents.subfolders.emplace_back(entry.name);

@@ -57,7 +57,7 @@ public:
         std::int64_t size = 0;
         std::vector<std::string> subfolders; ///< those that are not left out
         bool isComplete = false;             ///< listed to its end
-        bool isWatched = false;              ///< something inside it is left out
+        bool hasExclusions = false;          ///< something inside it is left out
     };
     using FileVisitor = std::function<void(std::string_view name, std::int64_t size)>;
     [[nodiscard]] Contents contentsOf(OpenFolder &folder, const std::string &path, const FileVisitor &visit = {});

@@ -54,7 +54,7 @@ Expected<void> TrashMove::checked(const TrashedItem &arrived)
     return isStillThere() ? tl::unexpected(replacedMeanwhile(moveToTrash, m_path)) : Expected<void>{};
 }
 
-Expected<void> TrashMove::putBack(const TrashedItem &stranger)
+Expected<void> TrashMove::putBack(const TrashedItem &wrongItem)
 {
     Error error = replacedMeanwhile(moveToTrash, m_path);
     // If the judged item still has its name, the other item came not from this folder but from one that had this
@@ -62,19 +62,19 @@ Expected<void> TrashMove::putBack(const TrashedItem &stranger)
     std::unique_ptr<HeldFolder> other;
     HeldFolder *origin = &m_folder;
     if (isStillThere()) {
-        other = folderThatHasThePathNow();
+        other = otherFolderAtPath();
         origin = other.get();
     }
-    if (origin != nullptr && stranger.folder->moveItem(stranger.name, *origin, m_name))
-        m_host.trash.forget(*stranger.folder, stranger.name);
+    if (origin != nullptr && wrongItem.folder->moveItem(wrongItem.name, *origin, m_name))
+        m_host.trash.forget(*wrongItem.folder, wrongItem.name);
     else
         error.text += ", and what took its place is in the Trash";
     return tl::unexpected(std::move(error));
 }
 
-/// Returns null if only the judged folder is found. If two folders are swapped back and forth, a few attempts find the
-/// other.
-std::unique_ptr<HeldFolder> TrashMove::folderThatHasThePathNow()
+/// The folder that is at the judged folder's path now; null if only the judged one is found. If two folders are swapped
+/// back and forth, a few attempts find the other.
+std::unique_ptr<HeldFolder> TrashMove::otherFolderAtPath()
 {
     constexpr int looks = 1000;
     for (int look = 0; look < looks; ++look) {

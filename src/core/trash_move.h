@@ -20,9 +20,9 @@ public:
 
 private:
     [[nodiscard]] Expected<void> checked(const TrashedItem &arrived);
-    [[nodiscard]] Expected<void> putBack(const TrashedItem &stranger);
+    [[nodiscard]] Expected<void> putBack(const TrashedItem &wrongItem);
     [[nodiscard]] Expected<void> performThroughFinder(const Error &refusal);
-    [[nodiscard]] std::unique_ptr<HeldFolder> folderThatHasThePathNow();
+    [[nodiscard]] std::unique_ptr<HeldFolder> otherFolderAtPath();
     [[nodiscard]] bool isStillThere();
 
     HeldFolder &m_folder;

@@ -22,7 +22,7 @@ Figure sumOf(const Figure &a, const Figure &b)
 
 } // namespace
 
-VolumeFacts withoutNonsense(VolumeFacts facts)
+VolumeFacts withoutImplausibleFigures(VolumeFacts facts)
 {
     for (Figure VolumeFacts::*const figure : {&VolumeFacts::total, &VolumeFacts::available,
                                               &VolumeFacts::availableForImportantUse, &VolumeFacts::reserved}) {
@@ -41,7 +41,7 @@ std::string diskName(FileSystem &files)
 
 VolumeFacts startupDiskFacts(const Host &host)
 {
-    VolumeFacts facts = withoutNonsense(host.volumes.facts("/"));
+    VolumeFacts facts = withoutImplausibleFigures(host.volumes.facts("/"));
     if (!systemTableOf(host.files.systemKind()).isMadeOfMounts)
         return facts;
     if (!facts.name)
@@ -55,7 +55,7 @@ VolumeFacts startupDiskFacts(const Host &host)
     const MountedFolder *const ofHome = mounts.holding(realHome);
     if (ofRoot == nullptr || ofHome == nullptr || ofRoot->fileSystem == ofHome->fileSystem)
         return facts;
-    VolumeFacts second = withoutNonsense(host.volumes.facts(realHome));
+    VolumeFacts second = withoutImplausibleFigures(host.volumes.facts(realHome));
     // The free space of a pool is shared by its file systems, so count it once.
     if (!ofRoot->pool.empty() && ofRoot->pool == ofHome->pool && second.total && second.available) {
         second.total = std::max<std::int64_t>(0, *second.total - *second.available);

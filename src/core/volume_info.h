@@ -15,7 +15,7 @@ namespace corvane {
 [[nodiscard]] std::string diskName(FileSystem &files);
 
 /// The facts without implausible figures.
-[[nodiscard]] VolumeFacts withoutNonsense(VolumeFacts facts);
+[[nodiscard]] VolumeFacts withoutImplausibleFigures(VolumeFacts facts);
 
 /// The facts of the start-up disk.
 struct VolumeInfo {

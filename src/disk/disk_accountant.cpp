@@ -80,7 +80,7 @@ public:
     DiskBreakdown compose()
     {
         m_result.system = m_sources.system;
-        const VolumeFacts volume = withoutNonsense(m_sources.volume());
+        const VolumeFacts volume = withoutImplausibleFigures(m_sources.volume());
         const std::int64_t total = volume.total.value_or(0);
         const std::int64_t available = volume.available.value_or(0);
         const std::int64_t important = volume.availableForImportantUse.value_or(available);
