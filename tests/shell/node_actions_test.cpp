@@ -62,12 +62,22 @@ TEST_F(NodeActionsTest, AFileThatIsGoneIsNotOpened)
 
 TEST_F(NodeActionsTest, AFileShownElsewhereOpensInItsOwnProgramAndAFolderInTheMap)
 {
-    actions.setTarget(at("Films/a.mov"), 3'000'000);
+    actions.setTarget(at("Films/a.mov"), 3'000'000, FileNode::Kind::file);
     EXPECT_EQ(actions.openText(), QStringLiteral("Open"));
     EXPECT_TRUE(actions.canOpen());
-    actions.setTarget(at("Films"), 3'000'000);
+    actions.setTarget(at("Films"), 3'000'000, FileNode::Kind::directory);
     EXPECT_EQ(actions.openText(), QStringLiteral("Open in Space Map"));
     EXPECT_TRUE(actions.canOpen());
+}
+
+TEST_F(NodeActionsTest, SettingATargetMakesNoSystemCall)
+{
+    fake.log->clear();
+    actions.setTarget(at("Films/not in the tree.mov"), 3'000'000, FileNode::Kind::file);
+    EXPECT_TRUE(actions.canOpen());
+    actions.setTarget(at("Films"), 3'000'000, FileNode::Kind::directory);
+    EXPECT_TRUE(actions.canOpen());
+    EXPECT_THAT(fake.log->lines(), testing::IsEmpty());
 }
 
 TEST_F(NodeActionsTest, OpenShowsTheFolder)

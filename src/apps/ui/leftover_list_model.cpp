@@ -185,7 +185,7 @@ bool LeftoverListModel::prepareMenu(int row)
     const Leftover *const item = itemAt(row);
     if (item == nullptr)
         return false;
-    m_menuTarget.setTarget(item->path, item->size);
+    m_menuTarget.setTarget(item->path, item->size, item->kind);
     return true;
 }
 

@@ -139,7 +139,7 @@ bool UninstallerPresenter::prepareMenu()
     const InstalledApp *const app = chosenApp();
     if (app == nullptr)
         return false;
-    m_menuTarget.setTarget(app->path, app->appSize);
+    m_menuTarget.setTarget(app->path, app->appSize, FileNode::Kind::package); // the menu does not open it
     return true;
 }
 

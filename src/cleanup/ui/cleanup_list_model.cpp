@@ -337,7 +337,8 @@ bool CleanupListModel::prepareMenu(int row)
     const CleanupRow *const pressed = rowAt(row);
     if (pressed == nullptr || !pressed->isItem())
         return false;
-    m_menuTarget.setTarget(pathOf(*pressed), pressed->size);
+    const FileNode::Kind kind = pressed->kind == Kind::artifact ? pressed->artifact.node->kind : pressed->entry.kind;
+    m_menuTarget.setTarget(pathOf(*pressed), pressed->size, kind);
     return true;
 }
 

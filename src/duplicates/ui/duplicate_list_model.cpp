@@ -230,7 +230,7 @@ bool DuplicateListModel::prepareMenu(int row)
     const std::shared_ptr<FileNode> file = fileAt(row);
     if (!file)
         return false;
-    m_menuTarget.setTarget(file->path(), file->size);
+    m_menuTarget.setTarget(file->path(), file->size, file->kind);
     return true;
 }
 

@@ -277,7 +277,7 @@ void FileTableModel::open(int row)
     const FileNode *const file = fileAt(row);
     if (!file)
         return;
-    m_menuTarget.setTarget(file->path(), file->size);
+    m_menuTarget.setTarget(file->path(), file->size, file->kind);
     m_menuTarget.open();
 }
 
@@ -288,7 +288,7 @@ bool FileTableModel::prepareMenu(int row)
         return false;
     if (!m_highlighted.contains(file))
         highlight(row);
-    m_menuTarget.setTarget(file->path(), file->size);
+    m_menuTarget.setTarget(file->path(), file->size, file->kind);
     emit menuChanged();
     return true;
 }

@@ -116,7 +116,9 @@ private:
     [[nodiscard]] QString locationText(const FileNode &file) const;
 
     StorageStore &m_store;
-    std::shared_ptr<const ListedFiles> m_files; // keeps the rows' files alive
+    // Shares the ownership of every file below. A file that leaves the tree, or whose tree is replaced, therefore stays
+    // valid until `setRows` has replaced the rows, the highlight and the anchor; only then are the former files freed.
+    std::shared_ptr<const ListedFiles> m_files;
     std::vector<const FileNode *> m_rows;
     FileSort m_sort;
     std::unordered_set<const FileNode *> m_highlighted; // subset of the rows

@@ -262,7 +262,7 @@ bool OverviewPresenter::prepareMenu(int row)
     if (root() == nullptr || row < 0 || row >= m_topItems.rowCount())
         return false;
     const FileNode &node = *root()->children[static_cast<std::size_t>(row)];
-    m_menuTarget.setTarget(node.path(), node.size);
+    m_menuTarget.setTarget(node.path(), node.size, node.kind);
     return true;
 }
 

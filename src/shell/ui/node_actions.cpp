@@ -24,13 +24,12 @@ void NodeActions::setTarget(std::shared_ptr<FileNode> node)
     emit changed();
 }
 
-void NodeActions::setTarget(const std::string &path, std::int64_t size)
+void NodeActions::setTarget(const std::string &path, std::int64_t size, FileNode::Kind kind)
 {
     m_node = m_store.sharedNode(path);
     m_path = path;
     m_size = size;
-    const auto facts = m_store.host().files.facts(path);
-    m_isFile = facts && facts->type != EntryType::directory;
+    m_isFile = kind == FileNode::Kind::file;
     m_isElsewhere = true;
     emit changed();
 }

@@ -35,8 +35,9 @@ public:
 
     /// An item of the tree, shown by the explorer.
     void setTarget(std::shared_ptr<FileNode> node);
-    /// An item of another screen, in the tree or not: a folder opens in the explorer's screen.
-    void setTarget(const std::string &path, std::int64_t size);
+    /// An item of another screen, in the tree or not: a folder opens in the explorer's screen. The caller gives the
+    /// kind that it has listed, because asking a disk that does not respond would block the window.
+    void setTarget(const std::string &path, std::int64_t size, FileNode::Kind kind);
     [[nodiscard]] const std::shared_ptr<FileNode> &node() const { return m_node; }
 
     [[nodiscard]] QString title() const;
