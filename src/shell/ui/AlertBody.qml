@@ -53,6 +53,14 @@ FocusScope {
             width: appIcon.visible ? appIcon.width : sign.width
             height: width
 
+            // The sign's glyph is a hole in its shape.
+            Rectangle {
+                anchors.centerIn: sign
+                width: Math.round(sign.width * 0.3)
+                height: Math.round(sign.height * 0.5)
+                color: Theme.onFill
+                visible: sign.visible
+            }
             Icon {
                 id: sign
 
