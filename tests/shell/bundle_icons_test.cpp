@@ -80,7 +80,40 @@ TEST(BundleIcons, TheDrawnOneIsAFilledTileWithRoundCorners)
     EXPECT_EQ(tile.pixelColor(32, 3).alpha(), 255);
 }
 
+TEST(BundleIcons, OnADarkGroundADarkIconHasALightOutlineInsideItsShape)
+{
+    QImage icon(64, 64, QImage::Format_ARGB32);
+    icon.fill(Qt::transparent);
+    for (int y = 8; y < 56; ++y) {
+        for (int x = 8; x < 56; ++x)
+            icon.setPixelColor(x, y, QColor(0x20, 0x22, 0x28));
+    }
+    const QImage outlined = outlinedOnDark(icon);
+    EXPECT_GT(outlined.pixelColor(8, 32).lightness(), icon.pixelColor(8, 32).lightness() + 40);
+    EXPECT_EQ(outlined.pixelColor(32, 32), icon.pixelColor(32, 32));
+    EXPECT_EQ(outlined.pixelColor(7, 32).alpha(), 0);
+}
+
+TEST(BundleIcons, OnADarkGroundAColorfulIconStaysAsItIs)
+{
+    EXPECT_EQ(outlinedOnDark(plain(ownColor)), plain(ownColor));
+    QImage nothing(side, side, QImage::Format_ARGB32);
+    nothing.fill(Qt::transparent);
+    EXPECT_EQ(outlinedOnDark(nothing), nothing);
+}
+
 #ifndef Q_OS_MACOS // where every item has an icon
+
+TEST_F(BundleIconsTest, TheIconForADarkGroundIsThatOfTheSameBundle)
+{
+    addBundle("<string>Kite.icns</string>");
+    const QString key = bundleIconKey(folder / "Kite.app");
+    EXPECT_EQ(provider.requestImage(QStringLiteral("dark/") + key, nullptr, QSize(64, 64)), ask());
+    addBundle("<string>Kite.icns</string>", "Kite.icns", plain(QColor(0x20, 0x22, 0x28)));
+    BundleIconProvider anew;
+    EXPECT_NE(anew.requestImage(QStringLiteral("dark/") + key, nullptr, QSize(64, 64)),
+              anew.requestImage(key, nullptr, QSize(64, 64)));
+}
 
 TEST_F(BundleIconsTest, ABundleHasTheIconThatItBringsAlong)
 {

@@ -14,7 +14,7 @@ Image {
     width: size
     height: size
     asynchronous: true
-    source: iconKey === "" ? "" : "image://bundle/" + iconKey
+    source: iconKey === "" ? "" : "image://bundle/" + (Theme.dark ? "dark/" : "") + iconKey
     sourceSize.width: pixels
     sourceSize.height: pixels
     Accessible.ignored: true

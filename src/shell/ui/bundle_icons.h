@@ -17,8 +17,13 @@ namespace corvane {
 /// The fallback icon of an application without one, `pixels` wide and high. Any thread.
 [[nodiscard]] QImage drawnBundleIcon(int pixels);
 
-/// Serves QML image://bundle/KEY, the icon of an application bundle, at the requested source size. Reads the disk on a
-/// thread of the engine's, never on the render thread.
+/// The same icon for a dark ground: with a light outline, inside its shape, if its edge hardly differs from the ground.
+/// Any thread.
+[[nodiscard]] QImage outlinedOnDark(QImage icon);
+
+/// Serves QML image://bundle/KEY, the icon of an application bundle, at the requested source size, and
+/// image://bundle/dark/KEY, the same for a dark ground. Reads the disk on a thread of the engine's, never on the render
+/// thread.
 class BundleIconProvider : public QQuickImageProvider {
 public:
     BundleIconProvider();
