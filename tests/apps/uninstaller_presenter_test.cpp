@@ -150,6 +150,7 @@ TEST_F(UninstallerPresenterTest, TheChosenAppAndItsTicksStayThroughARefresh)
     EXPECT_EQ(presenter().apps()->chosenRow(), 2);
     EXPECT_EQ(app().sizes(), QStringLiteral("app 1 GB + data 6.4 GB"));
     EXPECT_EQ(app().plan(), QStringLiteral("App and 1 leftover · 3 GB"));
+    EXPECT_EQ(app().planInTwoLines(), QStringLiteral("App and 1 leftover\n3 GB"));
 }
 
 TEST_F(UninstallerPresenterTest, WhenTheChosenAppIsGoneNoneIsChosen)

@@ -28,13 +28,20 @@ Item {
         anchors.leftMargin: Theme.pageMargin
         anchors.rightMargin: Theme.space12
         height: parent.height
-        text: foot.presenter.plan
+        text: metrics.advanceWidth > width ? foot.presenter.planInTwoLines : foot.presenter.plan
         font: Theme.secondaryFiguresFont
         color: Theme.t2
         wrapMode: Text.Wrap
-        maximumLineCount: 2
+        maximumLineCount: 3
         Accessible.role: Accessible.StaticText
-        Accessible.name: text
+        Accessible.name: foot.presenter.plan
+
+        TextMetrics {
+            id: metrics
+
+            font: Theme.secondaryFiguresFont
+            text: foot.presenter.plan
+        }
     }
     Row {
         id: buttons

@@ -143,14 +143,24 @@ AppDetailPresenter::Plan AppDetailPresenter::currentPlan() const
     return plan;
 }
 
-QString AppDetailPresenter::plan() const
+QStringList AppDetailPresenter::partsOfPlan() const
 {
     const Plan plan = currentPlan();
     if (m_app && !asks())
-        return countText(plan.leftovers, "item", "items") + QStringLiteral(" of its data · ") + sizeText(plan.size);
+        return {countText(plan.leftovers, "item", "items") + QStringLiteral(" of its data"), sizeText(plan.size)};
     const QString leftovers =
         plan.leftovers == 0 ? QString() : QStringLiteral(" and ") + countText(plan.leftovers, "leftover", "leftovers");
-    return QStringLiteral("App") + leftovers + QStringLiteral(" · ") + sizeText(plan.size);
+    return {QStringLiteral("App") + leftovers, sizeText(plan.size)};
+}
+
+QString AppDetailPresenter::plan() const
+{
+    return partsOfPlan().join(QStringLiteral(" · "));
+}
+
+QString AppDetailPresenter::planInTwoLines() const
+{
+    return partsOfPlan().join(u'\n');
 }
 
 QString AppDetailPresenter::question() const

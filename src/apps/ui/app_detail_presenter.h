@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
@@ -41,6 +42,7 @@ class AppDetailPresenter : public QObject {
     Q_PROPERTY(corvane::AppLeftoversModel *leftovers READ leftovers CONSTANT)
     /// What would be moved to the Trash.
     Q_PROPERTY(QString plan READ plan NOTIFY planChanged)
+    Q_PROPERTY(QString planInTwoLines READ planInTwoLines NOTIFY planChanged)
     Q_PROPERTY(bool canUninstall READ canUninstall NOTIFY canUninstallChanged)
     /// Whether it is being moved to the Trash, or is being quit before that.
     Q_PROPERTY(bool uninstalling READ isUninstalling NOTIFY canUninstallChanged)
@@ -78,6 +80,8 @@ public:
     [[nodiscard]] AppLeftoversModel *leftovers() { return &m_leftovers; }
     /// "App and 6 leftovers · 8.95 GB", or "4 items of its data · 3.04 GB"
     [[nodiscard]] QString plan() const;
+    /// The plan with its size in a second line, for a place too narrow for one.
+    [[nodiscard]] QString planInTwoLines() const;
     /// Whether there is anything to remove.
     [[nodiscard]] bool canUninstall() const;
     [[nodiscard]] bool isUninstalling() const;
@@ -103,6 +107,8 @@ private:
 
     void lookWhetherRunning();
     [[nodiscard]] Plan currentPlan() const;
+    /// What would be removed, and its size.
+    [[nodiscard]] QStringList partsOfPlan() const;
 
     StorageStore &m_store;
     std::optional<InstalledApp> m_app;
