@@ -148,9 +148,19 @@ TEST_F(SelectionWords, CountsAreGroupedInThousands)
     EXPECT_TRUE(presenter.confirmNames().endsWith(" and 1,231 more")) << qPrintable(presenter.confirmNames());
 }
 
+TEST_F(SelectionWords, IfEverythingLiesInTheTrashItIsToldWithoutACount)
+{
+    fake.fake.trash.setTrashFolders({"/home/studio/.Trash"});
+    fake.select(".Trash/old.mov", 3'000'000);
+    EXPECT_EQ(presenter.trashNote(), "It is in the Trash and will be deleted permanently");
+    fake.select(".Trash/older.mov", 1'000'000);
+    EXPECT_EQ(presenter.trashNote(), "All of them are in the Trash and will be deleted permanently");
+}
+
 TEST_F(SelectionWords, CountInTheTrashIsGroupedInThousands)
 {
     fake.fake.trash.setTrashFolders({"/home/studio/.Trash"});
+    fake.select("Movies/one.mov", 5'000'000);
     for (int i = 0; i < 1'234; ++i)
         fake.select(".Trash/" + std::to_string(i), 1'000);
     EXPECT_EQ(presenter.trashNote(), "1,234 of them are in the Trash and will be deleted permanently");

@@ -62,6 +62,9 @@ QString SelectionPresenter::trashNote() const
 {
     if (m_inTrash.count == 0)
         return {};
+    if (m_inTrash.count == m_selected.count)
+        return m_selected.count == 1 ? QStringLiteral("It is in the Trash and will be deleted permanently")
+                                     : QStringLiteral("All of them are in the Trash and will be deleted permanently");
     return QStringLiteral("%1 of them %2 in the Trash and will be deleted permanently")
         .arg(grouped(m_inTrash.count), displayText(plural(static_cast<std::int64_t>(m_inTrash.count), "is", "are")));
 }
