@@ -69,6 +69,37 @@ TEST_F(OverviewPresenterTest, AVolumeThatTellsNothingIsNotFull)
     EXPECT_EQ(presenter.totalText(), QStringLiteral("Zero KB"));
 }
 
+TEST_F(OverviewPresenterTest, ACardWithoutRowsSaysWhy)
+{
+    EXPECT_EQ(presenter.noTypesText(), QString());
+    scanHome();
+    EXPECT_EQ(presenter.noTypesText(), QStringLiteral("This folder is empty"));
+    EXPECT_EQ(presenter.noTopItemsText(), QStringLiteral("This folder is empty"));
+
+    addFile("note.txt", 0);
+    scanHome();
+    EXPECT_EQ(presenter.noTypesText(), QStringLiteral("The files take up no space"));
+    addFile("letter.txt", 4'000);
+    scanHome();
+    EXPECT_EQ(presenter.noTypesText(), QString());
+    EXPECT_EQ(presenter.noTopItemsText(), QStringLiteral("All files are smaller than 1 MB"));
+    EXPECT_EQ(presenter.emptySymbol(), QStringLiteral("tray"));
+
+    addFile("Movies/a.mov", 5'000'000);
+    scanHome();
+    EXPECT_EQ(presenter.noTypesText(), QString());
+    EXPECT_EQ(presenter.noTopItemsText(), QString());
+}
+
+TEST_F(OverviewPresenterTest, CardsOfAFolderThatCannotBeReadSayIt)
+{
+    fake.files.failListing(home);
+    scanHome();
+    EXPECT_EQ(presenter.noTypesText(), QStringLiteral("This folder can't be read"));
+    EXPECT_EQ(presenter.noTopItemsText(), QStringLiteral("This folder can't be read"));
+    EXPECT_EQ(presenter.emptySymbol(), QStringLiteral("lock"));
+}
+
 TEST_F(OverviewPresenterTest, TheBannerIsThereWithoutAccess)
 {
     EXPECT_FALSE(presenter.needsAccess());

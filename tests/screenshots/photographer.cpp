@@ -148,6 +148,9 @@ void Photographer::takeEmptyFolders()
 {
     scan(m_example.home + "/Public");
     take(QStringLiteral("explorer-empty"));
+    show(StorageStore::SidebarItem::overview);
+    take(QStringLiteral("overview-empty"));
+    show(StorageStore::SidebarItem::explorer);
     scan(m_example.closedFolder);
     take(QStringLiteral("explorer-unreadable"));
     takeNoDuplicates();

@@ -32,7 +32,7 @@ OverviewBox {
             onClicked: card.presenter.openCleanup()
         }
     }
-    Column {
+    CardMessage {
         id: tidy
 
         anchors.left: parent.left
@@ -40,38 +40,11 @@ OverviewBox {
         anchors.margins: Theme.boxPadding
         // Centred between the header and the footer.
         y: head.height + Math.round((parent.height - head.height - card.bottomHeight - height) / 2)
-        spacing: Theme.space8
         visible: card.tall && card.presenter.tidy
-
-        IconBadge {
-            anchors.horizontalCenter: parent.horizontalCenter
-            size: Theme.largeBadgeSize
-            symbol: "sparkles"
-            tint: Theme.okText
-        }
-        PlainText {
-            width: parent.width
-            text: card.presenter.quickWinsText
-            font: Theme.bodySemiboldFont
-            wrapMode: Text.Wrap
-            elide: Text.ElideNone
-            horizontalAlignment: Text.AlignHCenter
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-        }
-        PlainText {
-            width: parent.width
-            text: qsTr("What is left needs a look before you clear it.")
-            font: Theme.secondaryFont
-            color: Theme.t2
-            wrapMode: Text.Wrap
-            elide: Text.ElideNone
-            lineHeightMode: Text.FixedHeight
-            lineHeight: Theme.secondaryLine
-            horizontalAlignment: Text.AlignHCenter
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-        }
+        symbol: "sparkles"
+        tint: Theme.okText
+        title: card.presenter.quickWinsText
+        message: qsTr("What is left needs a look before you clear it.")
     }
     Grid {
         id: wins

@@ -10,7 +10,8 @@ OverviewBox {
 
     required property OverviewPresenter presenter
 
-    contentHeight: list.y + list.height + OverviewMetrics.rowsBottom
+    contentHeight: (empty.visible ? head.height + empty.height + 2 * Theme.space16 : list.y + list.height)
+        + OverviewMetrics.rowsBottom
 
     CardHead {
         id: head
@@ -23,6 +24,19 @@ OverviewBox {
             text: qsTr("See all")
             onClicked: card.presenter.seeAll()
         }
+    }
+    CardMessage {
+        id: empty
+
+        objectName: "overview.noTopItems"
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.margins: Theme.boxPadding
+        y: head.height + Math.round((parent.height - head.height - height) / 2)
+        visible: title !== ""
+        symbol: card.presenter.emptySymbol
+        tint: Theme.t2
+        title: card.presenter.noTopItemsText
     }
     NodeMenu {
         id: menu

@@ -10,7 +10,8 @@ OverviewBox {
 
     required property OverviewPresenter presenter
 
-    contentHeight: rows.y + rows.height + OverviewMetrics.rowsBottom
+    contentHeight: (empty.visible ? head.height + empty.height + 2 * Theme.space16 : rows.y + rows.height)
+        + OverviewMetrics.rowsBottom
 
     CardHead {
         id: head
@@ -18,6 +19,19 @@ OverviewBox {
         width: parent.width
         title: qsTr("File types")
         detail: card.presenter.typesFigures
+    }
+    CardMessage {
+        id: empty
+
+        objectName: "overview.noTypes"
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.margins: Theme.boxPadding
+        y: head.height + Math.round((parent.height - head.height - height) / 2)
+        visible: title !== ""
+        symbol: card.presenter.emptySymbol
+        tint: Theme.t2
+        title: card.presenter.noTypesText
     }
     StackedBar {
         id: bar
@@ -29,6 +43,7 @@ OverviewBox {
         height: OverviewMetrics.typesBarHeight
         radius: OverviewMetrics.typesBarRadius
         parts: card.presenter.typeParts
+        visible: !empty.visible
         Accessible.ignored: true
     }
     AppList {

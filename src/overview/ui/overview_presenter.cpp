@@ -224,6 +224,32 @@ QString OverviewPresenter::typesFigures() const
     return hasScan() ? sizeText(root()->size) + QStringLiteral(" in ") + filesText(root()->fileCount) : QString();
 }
 
+QString OverviewPresenter::emptyText(const QString &ofFiles) const
+{
+    if (root()->unreadable)
+        return QStringLiteral("This folder can't be read");
+    if (root()->fileCount > 0)
+        return ofFiles;
+    return m_store.scanIsPartial() ? QStringLiteral("Nothing found before the scan was stopped")
+                                   : QStringLiteral("This folder is empty");
+}
+
+QString OverviewPresenter::noTypesText() const
+{
+    return hasScan() && m_types.rows().empty() ? emptyText(QStringLiteral("The files take up no space")) : QString();
+}
+
+QString OverviewPresenter::noTopItemsText() const
+{
+    return hasScan() && m_topItems.rows().empty() ? emptyText(QStringLiteral("All files are smaller than 1 MB"))
+                                                  : QString();
+}
+
+QString OverviewPresenter::emptySymbol() const
+{
+    return hasScan() && root()->unreadable ? QStringLiteral("lock") : QStringLiteral("tray");
+}
+
 QString OverviewPresenter::topTitle() const
 {
     return QStringLiteral("Biggest items in ") + scannedName();

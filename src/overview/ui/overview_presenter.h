@@ -43,6 +43,10 @@ class OverviewPresenter : public QObject {
     Q_PROPERTY(QString typesFigures READ typesFigures NOTIFY changed)
     Q_PROPERTY(QList<corvane::StackedBarPart> typeParts READ typeParts NOTIFY changed)
     Q_PROPERTY(corvane::OverviewRowsModel *types READ types CONSTANT)
+    /// Why there are no types or no biggest items; empty if there are.
+    Q_PROPERTY(QString noTypesText READ noTypesText NOTIFY changed)
+    Q_PROPERTY(QString noTopItemsText READ noTopItemsText NOTIFY changed)
+    Q_PROPERTY(QString emptySymbol READ emptySymbol NOTIFY changed)
     Q_PROPERTY(QString topTitle READ topTitle NOTIFY changed)
     Q_PROPERTY(QString topFigures READ topFigures NOTIFY changed)
     Q_PROPERTY(corvane::OverviewRowsModel *topItems READ topItems CONSTANT)
@@ -85,6 +89,9 @@ public:
     [[nodiscard]] QString typesFigures() const;
     [[nodiscard]] const QList<StackedBarPart> &typeParts() const { return m_typeParts; }
     [[nodiscard]] OverviewRowsModel *types() { return &m_types; }
+    [[nodiscard]] QString noTypesText() const;
+    [[nodiscard]] QString noTopItemsText() const;
+    [[nodiscard]] QString emptySymbol() const;
     [[nodiscard]] QString topTitle() const;
     [[nodiscard]] QString topFigures() const;
     [[nodiscard]] OverviewRowsModel *topItems() { return &m_topItems; }
@@ -118,6 +125,8 @@ private:
     void followTree();
     void followCleanup();
     [[nodiscard]] const FileNode *root() const;
+    /// Why a card of a scan without files is empty: `ofFiles` if the scan has found files.
+    [[nodiscard]] QString emptyText(const QString &ofFiles) const;
     /// "studio", or the volume's name for the whole disk.
     [[nodiscard]] QString scannedName() const;
 
