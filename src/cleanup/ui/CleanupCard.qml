@@ -110,10 +110,11 @@ BoxRow {
             Accessible.ignored: true
         }
     }
-    CardCaret {
+    FoldCaret {
         anchors.right: parent.right
         anchors.rightMargin: CleanupMetrics.rowInset + Theme.space4
         anchors.verticalCenter: parent.verticalCenter
+        size: CleanupMetrics.caretSize
         expanded: card.expanded
     }
 }

@@ -22,12 +22,13 @@ BoxRow {
         color: Theme.t2
         Accessible.ignored: true
     }
-    CardCaret {
+    FoldCaret {
         id: caret
 
         anchors.right: parent.right
         anchors.rightMargin: CleanupMetrics.rowInset + Theme.space4
         anchors.verticalCenter: parent.verticalCenter
+        size: CleanupMetrics.caretSize
         expanded: row.expanded
     }
 }

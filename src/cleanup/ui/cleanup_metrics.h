@@ -34,6 +34,7 @@ public:
     METRIC(int, artifactIconSize, 18)
     METRIC(int, commandWidth, 296)
     METRIC(int, copyWidth, 86)
+    METRIC(int, caretSize, 12)
     METRIC(int, commandFiguresWidth, 84)
 };
 

@@ -40,24 +40,12 @@ Item {
         anchors.rightMargin: Theme.pageMargin
 
         // In the page's margin, so that the icons align with the edge of the boxes.
-        Icon {
+        FoldCaret {
             anchors.right: parent.left
             anchors.rightMargin: Theme.space4
             anchors.verticalCenter: parent.verticalCenter
-            name: "caret-right"
-            weight: "bold"
             color: hover.hovered ? Theme.t1 : Theme.t3
-            size: Theme.caretSize
-            rotation: header.expanded ? 90 : 0
-
-            Behavior on rotation {
-                enabled: !Theme.reducedMotion
-
-                NumberAnimation {
-                    duration: Theme.expandDuration
-                    easing.type: Easing.InOutQuad
-                }
-            }
+            expanded: header.expanded
         }
         FileIcon {
             id: icon

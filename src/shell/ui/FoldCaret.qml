@@ -1,14 +1,14 @@
 import QtQuick
 import Corvane.Shell
 
-/// Shows whether the card is expanded.
+/// Shows whether the rows below its row are expanded.
 Icon {
     required property bool expanded
 
     name: "caret-right"
     weight: "bold"
     color: Theme.t3
-    size: Theme.caretSize + Theme.space2
+    size: Theme.caretSize
     rotation: expanded ? 90 : 0
 
     Behavior on rotation {
