@@ -31,7 +31,7 @@ Item {
         width: parent.width
         presenter: detail.presenter
     }
-    RunningBanner {
+    Banner {
         id: banner
 
         anchors.top: header.bottom
@@ -40,6 +40,10 @@ Item {
         height: visible ? implicitHeight : 0
         text: detail.presenter.warning
         visible: text !== ""
+        iconName: "warning"
+        iconSize: AppsMetrics.bannerIconSize
+        leftInset: Theme.space12
+        verticalInset: Theme.space8
     }
     RemoveCommand {
         id: removal

@@ -73,7 +73,7 @@ Rectangle {
             PartialScanNote {
                 width: parent.width
                 visible: presenter.partialText !== ""
-                text: presenter.partialText
+                title: presenter.partialText
                 canScan: presenter.canScan
                 buttonName: "breakdown.scanAgain"
                 onScanWanted: presenter.rescan()

@@ -80,7 +80,7 @@ Rectangle {
             PartialScanNote {
                 width: parent.width
                 visible: scan.partialText !== ""
-                text: scan.partialText
+                title: scan.partialText
                 canScan: !scan.scanning
                 buttonName: "overview.scanAgain"
                 onScanWanted: scan.scan()
