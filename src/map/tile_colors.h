@@ -4,15 +4,16 @@
 
 namespace corvane {
 
-/// How one tile of a map is drawn. The fill is the tile's own colour mixed with the ground of the map, so that
-/// the eye finds the largest item first and siblings differ without outlines:
+/// The colours of one tile. The fill is the tile's own colour mixed with the map's background colour. The larger an
+/// item, the stronger its colour, and siblings differ without outlines. Share of the background:
 ///
-///   frame (holds the tiles of its folder)     70 % ground in light, 74 % in dark
-///   leaf (any other item of the folder shown) 22 %, 34 %
-///   nested (an item inside a frame)           24 % for the largest to 46 % for the smallest, 36 % to 52 %
+///   frame (contains the tiles of its folder)      70 % in light, 74 % in dark
+///   leaf (any other item of the current folder)   22 % in light, 34 % in dark
+///   nested (an item inside a frame)               24 % for the largest to 46 % for the smallest in light,
+///                                                 36 % to 52 % in dark
 ///
-/// and with as much more of the ground as a line of small text needs to be legible on it. The ink is the own
-/// colour nearly blackened in light, nearly white in dark. Pure.
+/// The share is increased until small text has enough contrast. The ink, for the text, is in light the own colour mixed
+/// with much near-black, in dark near-white. Pure; any thread.
 struct TileColors {
     enum class Role { frame, leaf, nested };
     enum class Appearance { light, dark };
@@ -23,7 +24,7 @@ struct TileColors {
     /// `rank` is a nested tile's rank among its siblings, from 0 for the largest to 1; other roles ignore it.
     [[nodiscard]] static TileColors of(const Color &color, Role role, double rank, Appearance appearance);
 
-    /// The ink on tiles of that colour, for every role.
+    /// The ink on tiles of this colour; the same for every role.
     [[nodiscard]] static Color inkOn(const Color &color, Appearance appearance);
 
     /// The opacity of the ink that sizes are written in.

@@ -4,14 +4,14 @@ namespace corvane {
 
 class TreemapView;
 
-/// Teaches the accessibility of this program to read a map: the map is a list, each tile an entry of it.
-/// Does nothing when called again.
+/// Registers the map with Qt's accessibility: as a list whose entries are the tiles. Further calls do nothing. Main
+/// thread only, like the functions below.
 void installTreemapAccessibility();
 
-/// The map has other tiles than before.
+/// Notifies assistive tools that the map has new tiles.
 void notifyTilesChanged(TreemapView *view);
 
-/// The keyboard has come to a tile.
+/// Notifies assistive tools that the keyboard focus has moved to a tile.
 void notifyTileFocused(TreemapView *view, int index);
 
 } // namespace corvane

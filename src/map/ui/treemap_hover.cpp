@@ -11,7 +11,7 @@ TreemapHover::TreemapHover(QObject *parent) : QObject(parent)
     m_delay.setSingleShot(true);
     m_delay.setInterval(Theme::pillDelayDuration());
     connect(&m_delay, &QTimer::timeout, this, [this] {
-        m_explained = true;
+        m_isPillShown = true;
         emit changed();
     });
 }
@@ -29,12 +29,12 @@ bool TreemapHover::moveTo(QPointF pointer, int tile)
     }
     m_tile = tile;
     m_isChanged = true;
-    if (!m_explained)
+    if (!m_isPillShown)
         m_delay.start();
     return true;
 }
 
-void TreemapHover::tell()
+void TreemapHover::emitPending()
 {
     if (std::exchange(m_isMoved, false))
         emit moved();
@@ -51,11 +51,11 @@ void TreemapHover::leave()
 void TreemapHover::clear()
 {
     m_delay.stop();
-    m_explained = false;
-    forgetTile();
+    m_isPillShown = false;
+    resetTile();
 }
 
-void TreemapHover::forgetTile()
+void TreemapHover::resetTile()
 {
     m_tile = -1;
     emit changed();

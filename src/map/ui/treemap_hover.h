@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// Where the pointer is on the map, which tile it is over, and whether it has rested there for long enough that the
-/// tile is explained. Main thread.
+/// The pointer's position on the map, the tile under it, and whether the info pill of that tile is shown. The pill is
+/// shown once the pointer has been on tiles for `Theme::pillDelayDuration`, until it leaves them. Main thread only.
 class TreemapHover : public QObject {
     Q_OBJECT
 
@@ -15,33 +15,35 @@ public:
     explicit TreemapHover(QObject *parent = nullptr);
 
     [[nodiscard]] int tile() const { return m_tile; } ///< -1 for none
-    [[nodiscard]] bool isExplained() const { return m_explained; }
+    [[nodiscard]] bool isPillShown() const { return m_isPillShown; }
     [[nodiscard]] QPointF pointer() const { return m_pointer; }
     [[nodiscard]] bool isInside() const { return m_isInside; }
 
-    /// Takes note of a movement, which is told by the next `tell`: a mouse moves more often than the screen shows a
-    /// frame. No tile is told at once. True where the tile is another one than before.
+    /// Sets the pointer's position and the tile under it; -1 for none. Defers the signals until `emitPending`, because
+    /// a mouse moves more often than a frame is drawn, except that leaving the tiles is announced immediately. Returns
+    /// whether the tile has changed.
     bool moveTo(QPointF pointer, int tile);
-    /// Emits what is to be told; called once a frame.
-    void tell();
-    /// The pointer is not on the map any more.
+    /// Emits the deferred signals. Called once per frame.
+    void emitPending();
+    /// The pointer has left the map.
     void leave();
-    /// The pointer is over no tile that counts.
+    /// Treats the pointer as being over no tile, and hides the pill.
     void clear();
-    /// The tiles are made anew: that number means nothing any more.
-    void forgetTile();
+    /// Sets the tile to none, because the tiles were replaced and the index is no longer valid. The pill stays for the
+    /// next tile.
+    void resetTile();
 
 signals:
-    void moved();
-    void changed();
+    void moved();   ///< the pointer
+    void changed(); ///< the tile, or whether its pill is shown
 
 private:
     int m_tile = -1;
     QPointF m_pointer;
     bool m_isInside = false;
-    bool m_isMoved = false;   ///< moved() is still to come
-    bool m_isChanged = false; ///< changed() is still to come
-    bool m_explained = false;
+    bool m_isMoved = false;   ///< moved() is deferred
+    bool m_isChanged = false; ///< changed() is deferred
+    bool m_isPillShown = false;
     QTimer m_delay;
 };
 

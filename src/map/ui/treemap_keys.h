@@ -9,14 +9,14 @@ namespace corvane {
 
 class TreemapView;
 
-/// What the keys do in the map: they move the focus among the tiles, work the tile that has it, and find tiles by
-/// their names. Main thread only.
+/// Handles the key presses in the map: they move the focus among the tiles, act on the focused tile, and find tiles by
+/// typing their names. Owned by the view. Main thread only.
 class TreemapKeys {
 public:
-    /// Of the view that it belongs to.
+    /// `view` is the owner.
     explicit TreemapKeys(TreemapView &view) : m_view(view) {}
 
-    /// False where the key means nothing to the map.
+    /// Returns whether the map uses the key.
     [[nodiscard]] bool press(const QKeyEvent &event);
 
 private:

@@ -12,9 +12,8 @@
 
 namespace corvane {
 
-/// The tiles of one folder at one size, and what can be asked about them: which one lies under the pointer,
-/// which comes next in a direction, which row of the folder's list it belongs to. Tiles are named by their
-/// index; -1 is none. Main thread only.
+/// The tiles of one folder at one size. Finds the tile at a point, its neighbours, and its row in the folder's list.
+/// Tiles are identified by index; -1 stands for no tile. Main thread only.
 class TreemapLayout {
 public:
     enum class Direction { left, right, up, down };
@@ -30,31 +29,32 @@ public:
     /// A nested tile's place among its siblings, from 0 for the first to 1 for the last.
     [[nodiscard]] double rank(int index) const { return m_ranks[static_cast<std::size_t>(index)]; }
 
-    /// The deepest tile at the point. The thin lines between the tiles belong to the tile beside them.
+    /// The deepest tile at the point. In the thin gaps between tiles, the tile beside the gap.
     [[nodiscard]] int at(QPointF point) const;
-    /// The tile of the folder's own item that the tile is, or lies in.
+    /// The outermost tile that contains this one, or this one itself.
     [[nodiscard]] int top(int index) const;
     /// The tile of a node.
     [[nodiscard]] int indexOf(const FileNode *node) const;
-    /// The nearest tile in a direction, among those of the folder's own items; -1 at the edge.
+    /// The nearest outermost tile in a direction; -1 at the edge of the map.
     [[nodiscard]] int neighbour(int index, Direction direction) const;
     /// The largest tile.
     [[nodiscard]] int first() const { return m_tiles.empty() ? -1 : 0; }
 
-    /// The row of the folder's list that the tile belongs to: its item's, or, for the folder's small files,
-    /// the one after the last item. -1 where several items share the tile.
+    /// The row in the folder's list of the item that contains the tile. The folder's small files have the row after the
+    /// last item. -1 for a tile that stands for several items.
     [[nodiscard]] int row(int index) const;
+    /// The outermost tile of a row; -1 if it has none of its own.
     [[nodiscard]] int tileOfRow(int wanted) const;
 
 private:
     std::vector<TreemapTile> m_tiles;
-    std::vector<int> m_tops;
-    std::vector<double> m_ranks;
-    std::unordered_map<const FileNode *, int> m_rows;
+    std::vector<int> m_tops;                          // by tile
+    std::vector<double> m_ranks;                      // by tile
+    std::unordered_map<const FileNode *, int> m_rows; // of the folder's own items
     int m_smallFilesRow = -1;
 };
 
-/// A rectangle of the engine as Qt has it.
+/// Converts a rectangle of the engine.
 [[nodiscard]] QRectF toQRectF(const Rect &rect);
 
 } // namespace corvane

@@ -12,8 +12,8 @@ namespace corvane {
 
 class TreemapView;
 
-/// The left mouse button in the map: a click opens the tile, a double click the file, and a drag takes the item along.
-/// Main thread only.
+/// Handles the left mouse button in the map: a click opens a folder or package, a double click a file, and dragging a
+/// tile drags its item to another program. Owned by the view. Main thread only.
 class TreemapMouse {
 public:
     explicit TreemapMouse(TreemapView &view) : m_view(view) {}

@@ -12,26 +12,26 @@ class QSGOpacityNode;
 
 namespace corvane {
 
-/// What the screen shows of a map: its picture, during a change of folder the other folder's picture, and
-/// the rings above. A transform node for the same reason as the ring. Render thread.
+/// The scene graph node of a map: its picture, the other folder's picture while the folder changes, and the rings above
+/// them. A transform node for the same reason as `RingNode`. Render thread only.
 class TreemapNode : public QSGTransformNode {
 public:
     explicit TreemapNode(QQuickWindow &window);
 
     /// The map of the folder shown.
     void setPicture(const QImage &picture);
-    /// The map that a change of folder comes from, and that of the folder inside in the colour of its tile; both
-    /// null end the change.
+    /// For a transition between two folders: the map of the folder being left, and the inner folder's map in the colour
+    /// of its tile. Null pictures end the transition.
     void setOtherPictures(const QImage &picture, const QImage &tinted);
 
-    /// The picture's pixels fall on the screen's, wherever the item stands: `origin` is its place in the scene.
+    /// Aligns the picture's pixels with those of the screen. `origin` is the item's position in the scene.
     void alignToPixels(QPointF origin, double devicePixelRatio);
 
-    /// The folder shown fills `area`.
+    /// Shows the current folder's map alone, filling `area`.
     void showStill(const QRectF &area);
-    /// Between two folders: the map of the containing folder is drawn so large that the tile `tile` comes to
-    /// `part` of its way to the whole area, and the map of the folder inside over that tile, at first in
-    /// the tile's colour. `inward` tells which of the two is the folder shown.
+    /// Shows one moment of a transition. The outer folder's map is enlarged so that `tile`, the inner folder's, has
+    /// grown by `part`, from 0 to 1, of the way to the whole area. The inner folder's map covers that tile, at first in
+    /// the tile's colour. `inward` is true if the inner folder is the current one.
     void showBetween(const QRectF &area, const QRectF &tile, double part, bool inward);
 
     RingNode &hoverRing() { return *m_hoverRing; }
@@ -41,10 +41,11 @@ private:
     QSGImageNode *addPictureTo(QSGNode &parent, const QImage &picture);
 
     QQuickWindow &m_window;
-    QSGOpacityNode *m_back = nullptr;  ///< the containing folder's map, or the only one
-    QSGOpacityNode *m_front = nullptr; ///< the map of the folder inside
+    // All nodes are owned by the scene graph as descendants of this one.
+    QSGOpacityNode *m_back = nullptr;  ///< the outer folder's map, or the only one
+    QSGOpacityNode *m_front = nullptr; ///< the inner folder's map
     QSGOpacityNode *m_own = nullptr;   ///< that map in its own colours
-    QSGOpacityNode *m_tint = nullptr;  ///< that map in the colour of its tile, above
+    QSGOpacityNode *m_tint = nullptr;  ///< that map in the colour of its tile, on top
     QSGImageNode *m_picture = nullptr;
     QSGImageNode *m_other = nullptr;
     QSGImageNode *m_tinted = nullptr;

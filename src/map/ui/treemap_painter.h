@@ -14,7 +14,7 @@ class QPainter;
 
 namespace corvane {
 
-/// What is drawn of one tile.
+/// The appearance of one tile.
 struct TileFace {
     QRectF rect{}; ///< points
     Color color{};
@@ -22,8 +22,8 @@ struct TileFace {
     double rank = 0; ///< see TileTones::fill
     QString label{};
     QString sizeText{};
-    bool hatched = false; ///< goes with the selection
-    bool checked = false; ///< is itself selected
+    bool hatched = false; ///< selected, or inside a selected folder
+    bool checked = false; ///< selected itself
 };
 
 /// The fonts of the labels.
@@ -33,19 +33,21 @@ struct TileFonts {
     QFont size;
 };
 
-/// Draws the tiles of a map; knows nothing of the tree, of hovering or of focus.
+/// Draws the tiles of a map, independently of the tree, the pointer and the focus. Any one thread; `tones` must outlive
+/// it.
 class TreemapPainter {
 public:
     TreemapPainter(TileTones &tones, TileFonts fonts);
 
-    /// Parents come before their nested tiles. Edges fall on the picture's pixels.
+    /// Draws the tiles in this order, so parents must precede their nested tiles. Edges are aligned to the picture's
+    /// pixels.
     /// @param picture premultiplied 32-bit colours, opaque
     void paint(QImage &picture, std::span<const TileFace> tiles);
 
-    /// The corner radius of a tile, in points; 0 for one too small for round corners.
+    /// The corner radius of a tile, in points; 0 if the tile is too small for round corners.
     [[nodiscard]] static double cornerRadius(const QRectF &rect, TileRole role);
 
-    /// The rectangle with its edges on whole device pixels.
+    /// The rectangle with its edges rounded to whole device pixels.
     [[nodiscard]] static QRectF snapped(const QRectF &rect, double devicePixelRatio);
 
 private:

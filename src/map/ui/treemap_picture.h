@@ -12,17 +12,17 @@ namespace corvane {
 
 class StorageStore;
 
-/// What a map is drawn from.
+/// The input of `paintTreemap`.
 struct TreemapScene {
     const TreemapLayout &layout;
-    const FileNode *folder = nullptr; ///< whose layout it is
-    const StorageStore &store;        ///< knows what is selected
+    const FileNode *folder = nullptr; ///< the folder laid out
+    const StorageStore &store;        ///< for the selection
     QSizeF size;                      ///< points
     double devicePixelRatio = 1;
-    std::optional<Color> onlyColor = {}; ///< in place of the tiles' own
+    std::optional<Color> onlyColor = {}; ///< replaces the colours of all tiles
 };
 
-/// The whole map as one opaque picture: tiles, labels, and the marks of what is selected.
+/// Paints the whole map into one opaque picture: tiles, labels and selection marks. Main thread only.
 [[nodiscard]] QImage paintTreemap(const TreemapScene &scene, TileTones &tones);
 
 } // namespace corvane

@@ -71,7 +71,7 @@ void TreemapView::followFolder()
     if (folder == m_folder)
         return;
     const std::shared_ptr<FileNode> previousFolder = std::exchange(m_folder, folder);
-    // Only a picture that shows the previous folder can lead over to this one.
+    // A transition starts with the picture of the previous folder.
     const bool pictureFits = !m_layoutIsStale && !m_pictureIsStale;
     const TreemapLayout previous = std::exchange(m_layout, TreemapLayout());
     invalidateLayout();
@@ -90,7 +90,7 @@ void TreemapView::followFolder()
         m_otherIsNew = true;
     }
     clearHover();
-    lookUnderPointer();
+    updateHoveredTile();
 }
 
 void TreemapView::followTree()
@@ -103,8 +103,8 @@ void TreemapView::followTree()
     m_change.stop();
     const int again = layout().indexOf(focused);
     m_focused = again >= 0 ? again : layout().first();
-    m_hover.forgetTile();
-    lookUnderPointer();
+    m_hover.resetTile();
+    updateHoveredTile();
 }
 
 void TreemapView::invalidateLayout()
@@ -133,7 +133,7 @@ const TreemapLayout &TreemapView::layout() const
 void TreemapView::endChange()
 {
     m_otherIsNew = true;
-    lookUnderPointer();
+    updateHoveredTile();
     update();
 }
 
@@ -158,7 +158,7 @@ TreemapScene TreemapView::sceneOf(const TreemapLayout &layout, const FileNode *f
 
 void TreemapView::updatePolish()
 {
-    m_hover.tell();
+    m_hover.emitPending();
     if (!m_pictureIsStale || width() <= 0 || height() <= 0)
         return;
     m_picture = paintTreemap(sceneOf(layout(), m_folder.get()), m_tones);
@@ -213,7 +213,7 @@ QSGNode *TreemapView::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
 void TreemapView::componentComplete()
 {
     KeyboardItem::componentComplete();
-    invalidateLayout(); // the properties come in any order
+    invalidateLayout(); // QML sets the properties in any order
 }
 
 void TreemapView::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
@@ -231,7 +231,7 @@ void TreemapView::layOutAgain()
     m_change.stop();
     const int again = wasEmpty ? -1 : layout().indexOf(focused);
     m_focused = again >= 0 ? again : layout().first();
-    m_hover.forgetTile();
+    m_hover.resetTile();
 }
 
 void TreemapView::itemChange(ItemChange change, const ItemChangeData &data)
@@ -243,7 +243,7 @@ void TreemapView::itemChange(ItemChange change, const ItemChangeData &data)
     }
     if (change == ItemVisibleHasChanged && !data.boolValue) {
         m_hover.leave();
-        showCursor();
+        updateCursor();
     }
 }
 
@@ -301,17 +301,17 @@ QPointF TreemapView::pillPlace(QPointF pointer, QSizeF panel) const
 void TreemapView::setPointer(QPointF position)
 {
     if (m_hover.moveTo(position, isChangingFolder() ? -1 : layout().at(position)))
-        showCursor();
+        updateCursor();
     polish();
 }
 
-void TreemapView::lookUnderPointer()
+void TreemapView::updateHoveredTile()
 {
     if (m_hover.isInside())
         setPointer(m_hover.pointer());
 }
 
-void TreemapView::showCursor()
+void TreemapView::updateCursor()
 {
     if (hoveredTile() >= 0 && tileOpens(hoveredTile()))
         setCursor(Qt::PointingHandCursor);
@@ -333,7 +333,7 @@ void TreemapView::hoverMoveEvent(QHoverEvent *event)
 void TreemapView::hoverLeaveEvent(QHoverEvent *)
 {
     m_hover.leave();
-    showCursor();
+    updateCursor();
     if (m_heightLeftFree > m_coveredHeight)
         layOutAgain();
 }
@@ -344,7 +344,7 @@ void TreemapView::mousePressEvent(QMouseEvent *event)
     setPointer(event->position());
     const int index = layout().at(event->position());
     if (event->button() == Qt::RightButton) {
-        m_mouse.forgetPress(); // with both buttons down, the menu is meant
+        m_mouse.forgetPress(); // with both buttons down, only the menu opens
         requestMenu(index, event->position());
         return;
     }
@@ -378,7 +378,7 @@ void TreemapView::mouseUngrabEvent()
 void TreemapView::clearHover()
 {
     m_hover.clear();
-    showCursor();
+    updateCursor();
 }
 
 void TreemapView::requestMenu(int index, QPointF position)

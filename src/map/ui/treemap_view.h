@@ -18,23 +18,24 @@
 
 namespace corvane {
 
-/// The map of the folder shown. Draws it into one picture that is redrawn only when the folder, the size,
-/// the tree, the selection or the theme changes; what follows the pointer and the keyboard lies above it.
-/// Main thread, as every item.
+/// The map of the current folder. Painted into one picture, which is painted again only when the folder, the size, the
+/// tree, the selection or the theme changes; the hover and focus rings are separate nodes above it. Main thread only,
+/// except for `updatePaintNode`, during which the main thread waits.
 class TreemapView : public corvane::KeyboardItem { // qualified for qmllint, which looks the name up as written
     Q_OBJECT
     QML_ELEMENT
     /// The row of the folder's list that the tile under the pointer belongs to, or -1.
     Q_PROPERTY(int hoveredRow READ hoveredRow NOTIFY hoverChanged)
-    /// The row of the list under the pointer, or -1: its tile gets the ring.
+    /// The row of the list under the pointer, or -1; the ring is then around its tile.
     Q_PROPERTY(int highlightedRow READ highlightedRow WRITE setHighlightedRow NOTIFY highlightedRowChanged)
-    /// How much of the map lies beneath something, at its bottom. A folder is laid out in the room above it. What
-    /// comes while the folder is shown moves no tile, and what goes moves none under the pointer.
+    /// The height at the map's bottom that the selection bar covers. A folder is laid out above it. If the bar appears
+    /// while the folder is shown, the tiles stay where they are; if it disappears, they move once the pointer has left
+    /// the map.
     Q_PROPERTY(double coveredHeight READ coveredHeight WRITE setCoveredHeight NOTIFY coveredHeightChanged)
     Q_PROPERTY(bool pillShown READ isPillShown NOTIFY hoverChanged)
     Q_PROPERTY(QString pillTitle READ pillTitle NOTIFY hoverChanged)
     Q_PROPERTY(QString pillInfo READ pillInfo NOTIFY hoverChanged)
-    /// The icon's key; empty for what stands for several files.
+    /// The icon's key; empty for a tile that stands for several files.
     Q_PROPERTY(QString pillIcon READ pillIcon NOTIFY hoverChanged)
     Q_PROPERTY(QPointF pointer READ pointer NOTIFY pointerChanged)
     Q_PROPERTY(corvane::NodeActions *menuTarget READ menuTarget CONSTANT)
@@ -48,17 +49,17 @@ public:
     void setHighlightedRow(int row);
     [[nodiscard]] double coveredHeight() const { return m_coveredHeight; }
     void setCoveredHeight(double height);
-    [[nodiscard]] bool isPillShown() const { return m_hover.isExplained(); }
+    [[nodiscard]] bool isPillShown() const { return m_hover.isPillShown(); }
     [[nodiscard]] QString pillTitle() const;
     [[nodiscard]] QString pillInfo() const;
     [[nodiscard]] QString pillIcon() const;
     [[nodiscard]] QPointF pointer() const { return m_hover.pointer(); }
     [[nodiscard]] NodeActions *menuTarget() { return &m_menuTarget; }
 
-    /// Where a panel of this size stands beside the pointer.
+    /// The position of a panel of this size beside the pointer.
     Q_INVOKABLE [[nodiscard]] QPointF pillPlace(QPointF pointer, QSizeF panel) const;
 
-    // --- The tiles, for whoever reads the map instead of looking at it.
+    // --- The tiles, for assistive tools and the keyboard
     [[nodiscard]] const TreemapLayout &layout() const;
     [[nodiscard]] int hoveredTile() const { return m_hover.tile(); }
     [[nodiscard]] int focusedTile() const { return m_focused; }
@@ -66,22 +67,23 @@ public:
     [[nodiscard]] QString tileName(int index) const;
     [[nodiscard]] bool tileOpens(int index) const;
     [[nodiscard]] bool tileIsSelected(int index) const;
-    /// Shows a folder or package in the explorer, and a file in its own program.
+    /// Shows a folder or package in the explorer, or opens a file in its default application.
     void openTile(int index);
-    /// Selects the tile's item, or takes it out of the selection; says why where that is refused.
+    /// Toggles the selection of the tile's item; shows a toast if that is refused.
     void toggleTile(int index);
+    /// Selects the tile's item; shows a toast if that is refused.
     void selectTile(int index);
     void focusTile(int index);
-    /// No tile is under the pointer until it moves.
+    /// Treats the pointer as being over no tile until it moves.
     void clearHover();
 
-    // --- What the keys do beside that; false where there is nothing to do it with.
+    // --- Further commands of the keyboard; they return false if they cannot be carried out
     bool goUp();
     bool selectAll();
-    /// The context menu of the tile that has the focus.
+    /// Requests the context menu of the focused tile.
     bool showMenu();
 
-    /// The picture of the map as it stands; null before there is one. For tests.
+    /// The current picture of the map; null before the first. For tests.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
     [[nodiscard]] bool isChangingFolder() const { return m_change.isRunning(); }
 
@@ -90,7 +92,7 @@ signals:
     void highlightedRowChanged();
     void coveredHeightChanged();
     void pointerChanged();
-    /// A context menu for `menuTarget` is wanted at a point of the map.
+    /// Requests a context menu for `menuTarget` at a point of the map.
     void menuRequested(QPointF position);
 
 protected:
@@ -114,7 +116,7 @@ private:
     void followFolder();
     void followTree();
     void invalidateLayout();
-    /// The same folder in the room that there is now.
+    /// Lays out the same folder for the present size.
     void layOutAgain();
     [[nodiscard]] QSizeF layoutSize() const;
     void repaintPicture();
@@ -122,9 +124,9 @@ private:
     void endChange();
 
     void setPointer(QPointF position);
-    /// The tile under the pointer may be another one, with the pointer where it is.
-    void lookUnderPointer();
-    void showCursor();
+    /// Finds the tile under the pointer again, which may have changed although the pointer has not moved.
+    void updateHoveredTile();
+    void updateCursor();
     void requestMenu(int index, QPointF position);
     void startDrag(int index);
     [[nodiscard]] double devicePixelRatio() const;
@@ -134,14 +136,14 @@ private:
     mutable TreemapLayout m_layout;
     mutable bool m_layoutIsStale = true;
     double m_coveredHeight = 0;
-    double m_heightLeftFree = 0; ///< by the layout
+    double m_heightLeftFree = 0; ///< at the bottom, by the present layout
     TileTones m_tones{false};
     QImage m_picture;
     bool m_pictureIsStale = true;
-    bool m_pictureIsNew = false; ///< not handed to the screen yet
+    bool m_pictureIsNew = false; ///< not passed to the scene graph yet
 
     FolderChange m_change;
-    bool m_otherIsNew = false; ///< the picture of the change, as above
+    bool m_otherIsNew = false; ///< the same for the pictures of the transition
 
     TreemapHover m_hover;
     int m_highlightedRow = -1;
