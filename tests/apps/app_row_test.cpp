@@ -131,9 +131,9 @@ TEST(AppSort, ItsValuesAreTheLabelsInTheirOrder)
 {
     EXPECT_EQ(appSorts(true), (std::vector{AppSort::name, AppSort::lastUsed, AppSort::size}));
     EXPECT_EQ(appSorts(false), (std::vector{AppSort::name, AppSort::size}));
-    EXPECT_EQ(rawValue(AppSort::name), QStringLiteral("Name"));
-    EXPECT_EQ(rawValue(AppSort::lastUsed), QStringLiteral("Last Use"));
-    EXPECT_EQ(rawValue(AppSort::size), QStringLiteral("Size"));
+    EXPECT_EQ(label(AppSort::name), QStringLiteral("Name"));
+    EXPECT_EQ(label(AppSort::lastUsed), QStringLiteral("Last Use"));
+    EXPECT_EQ(label(AppSort::size), QStringLiteral("Size"));
 }
 
 TEST(AppSort, NamesAscendWhateverTheirCase)

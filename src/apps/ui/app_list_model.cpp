@@ -37,7 +37,7 @@ QList<QString> AppListModel::sorts() const
 {
     QList<QString> names;
     for (const AppSort sort : m_sorts)
-        names << rawValue(sort);
+        names << label(sort);
     return names;
 }
 

@@ -30,7 +30,7 @@ AppRow makeRow(const InstalledApp &app, Time now, const Calendar &calendar)
 
 } // namespace
 
-QString rawValue(AppSort sort)
+QString label(AppSort sort)
 {
     switch (sort) {
     case AppSort::name:

@@ -24,7 +24,7 @@ enum class AppSort : std::uint8_t {
 };
 
 /// The order's name in the sort control.
-[[nodiscard]] QString rawValue(AppSort sort);
+[[nodiscard]] QString label(AppSort sort);
 /// All orders as in the control; without last use if the system does not record it.
 [[nodiscard]] std::vector<AppSort> appSorts(bool tellsLastUse);
 
