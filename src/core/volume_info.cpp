@@ -76,4 +76,11 @@ VolumeInfo VolumeInfo::current(const Host &host)
             .available = std::max(facts.availableForImportantUse.value_or(0), facts.available.value_or(0))};
 }
 
+double VolumeInfo::usedFraction() const
+{
+    if (total <= 0)
+        return 0;
+    return std::clamp(1.0 - static_cast<double>(available) / static_cast<double>(total), 0.0, 1.0);
+}
+
 } // namespace corvane

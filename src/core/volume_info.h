@@ -26,6 +26,9 @@ struct VolumeInfo {
     /// Never fails: unknown figures are 0, an unknown name is that of `diskName`.
     [[nodiscard]] static VolumeInfo current(const Host &host = systemHost());
 
+    /// From 0 to 1; 0 if the total is unknown.
+    [[nodiscard]] double usedFraction() const;
+
     friend bool operator==(const VolumeInfo &, const VolumeInfo &) = default;
 };
 

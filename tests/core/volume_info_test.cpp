@@ -30,6 +30,13 @@ TEST(VolumeInfo, AvailableIsTheLargerOfTheTwoFigures)
     EXPECT_EQ(VolumeInfo::current(fake.host()).available, 130);
 }
 
+TEST(VolumeInfo, UsedFractionIsBetweenZeroAndOne)
+{
+    EXPECT_DOUBLE_EQ((VolumeInfo{.name = {}, .total = 500, .available = 130}.usedFraction()), 0.74);
+    EXPECT_EQ((VolumeInfo{.name = {}, .total = 500, .available = 600}.usedFraction()), 0);
+    EXPECT_EQ((VolumeInfo{.name = {}, .total = 0, .available = 130}.usedFraction()), 0);
+}
+
 TEST(VolumeInfo, WhatAMacDoesNotTellIsNothingAndMacintoshHD)
 {
     FakeHost fake;

@@ -122,11 +122,7 @@ QString OverviewPresenter::availableText() const
 
 double OverviewPresenter::usedFraction() const
 {
-    if (m_store.volume().total <= 0)
-        return 0;
-    const VolumeInfo &volume = m_store.volume();
-    const double available = static_cast<double>(volume.available) / static_cast<double>(volume.total);
-    return std::clamp(1.0 - available, 0.0, 1.0);
+    return m_store.volume().usedFraction();
 }
 
 QString OverviewPresenter::welcomeTitle() const

@@ -1,7 +1,5 @@
 #include "shell/ui/window/disk_gauge_presenter.h"
 
-#include <algorithm>
-
 #include "core/store/qt_words.h"
 
 namespace corvane {
@@ -19,11 +17,7 @@ QString DiskGaugePresenter::text() const
 
 double DiskGaugePresenter::usedFraction() const
 {
-    if (m_store.volume().total <= 0)
-        return 0;
-    const VolumeInfo &volume = m_store.volume();
-    const double free = static_cast<double>(volume.available) / static_cast<double>(volume.total);
-    return std::clamp(1.0 - free, 0.0, 1.0);
+    return m_store.volume().usedFraction();
 }
 
 } // namespace corvane
