@@ -9,6 +9,7 @@
 #include "core/store/qt_words.h"
 #include "core/words/shared_texts.h"
 #include "shell/ui/cleanup_words.h"
+#include "shell/ui/elide_mode.h"
 #include "shell/ui/file_icons.h"
 
 namespace corvane {
@@ -142,8 +143,7 @@ QVariant entryData(const CleanupRow &row, int role)
     case IconKeyRole:
         return fileIconKey(row.entry.path, row.entry.kind);
     case ElideRole:
-        return row.entry.kind != FileNode::Kind::directory && !nameExtension(name).empty() ? Qt::ElideMiddle
-                                                                                           : Qt::ElideRight;
+        return elideModeOf(name, row.entry.kind);
     case DescriptionRole:
         return displayText(name) + QStringLiteral(", ") + sizeText(row.size);
     default:

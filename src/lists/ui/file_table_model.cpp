@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/store/qt_words.h"
+#include "shell/ui/elide_mode.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/selecting.h"
 
@@ -78,7 +79,7 @@ QVariant FileTableModel::data(const QModelIndex &index, int role) const
     case NameRole:
         return displayText(file.name);
     case ElideRole:
-        return file.extension().empty() ? Qt::ElideRight : Qt::ElideMiddle;
+        return elideModeOf(file);
     case SizeTextRole:
         return sizeText(file.size);
     case KindRole:

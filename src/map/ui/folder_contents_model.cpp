@@ -9,6 +9,7 @@
 #include "map/treemap_builder.h"
 #include "map/ui/tile_info_pill.h"
 #include "map/ui/tree_path.h"
+#include "shell/ui/elide_mode.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/qt_color.h"
 #include "shell/ui/selecting.h"
@@ -151,7 +152,7 @@ QVariant FolderContentsModel::nodeData(const FileNode &node, int row, int role) 
     case NameRole:
         return displayText(node.name);
     case ElideRole:
-        return node.kind != FileNode::Kind::directory && !node.extension().empty() ? Qt::ElideMiddle : Qt::ElideRight;
+        return elideModeOf(node);
     case SizeTextRole:
         return sizeText(node.size);
     case IconKeyRole:

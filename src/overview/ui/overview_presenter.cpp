@@ -13,6 +13,7 @@
 #include "lists/file_lists.h"
 #include "map/treemap_builder.h"
 #include "shell/ui/cleanup_words.h"
+#include "shell/ui/elide_mode.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/qt_color.h"
 #include "shell/ui/selecting.h"
@@ -176,8 +177,7 @@ void OverviewPresenter::followTree()
                  .color = toQColor(
                      TreemapBuilder::itemColor(&node, place == places.end() ? static_cast<int>(i) : place->second)),
                  .fraction = largest > 0 ? static_cast<double>(node.size) / static_cast<double>(largest) : 0.0,
-                 .elideMode = node.kind != FileNode::Kind::directory && !node.extension().empty() ? Qt::ElideMiddle
-                                                                                                  : Qt::ElideRight});
+                 .elideMode = elideModeOf(node)});
         }
     }
     m_topItems.setRows(std::move(items));
