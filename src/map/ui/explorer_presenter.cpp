@@ -1,12 +1,11 @@
 #include "map/ui/explorer_presenter.h"
 
-#include <fmt/format.h>
-
 #include <QKeySequence>
 
 #include "core/scan_words.h"
 #include "core/store/qt_words.h"
 #include "map/treemap_builder.h"
+#include "shell/ui/scan_words.h"
 
 namespace corvane {
 
@@ -38,7 +37,7 @@ QString ExplorerPresenter::fileCount() const
 
 QString ExplorerPresenter::partialText() const
 {
-    return m_store.scanIsPartial() ? displayText(partialScanText) : QString();
+    return partialScanNote(m_store);
 }
 
 bool ExplorerPresenter::canGoUp() const

@@ -16,6 +16,7 @@
 #include "shell/ui/elide_mode.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/qt_color.h"
+#include "shell/ui/scan_words.h"
 #include "shell/ui/selecting.h"
 
 namespace corvane {
@@ -50,16 +51,10 @@ const FileNode *OverviewPresenter::root() const
     return m_store.root().get();
 }
 
-QString OverviewPresenter::scannedName() const
-{
-    const std::string &path = m_store.lastScanPath();
-    return path == "/" ? volumeName() : displayText(lastPathComponent(path));
-}
-
 QString OverviewPresenter::subtitle() const
 {
     if (isScanning())
-        return QStringLiteral("Scanning ") + scannedName();
+        return scanningText(m_store);
     return hasScan() ? volumeName() + QStringLiteral(" · scanned ") + agoText(m_store.secondsSinceScan())
                      : QStringLiteral("Nothing scanned yet");
 }
@@ -186,7 +181,7 @@ void OverviewPresenter::followTree()
 
 QString OverviewPresenter::scannedLine() const
 {
-    return hasScan() ? QStringLiteral("Scanned ") + scannedName() +
+    return hasScan() ? QStringLiteral("Scanned ") + scannedName(m_store) +
                            QString::fromStdString(fmt::format(" in {:.1f} seconds", m_store.scanDuration()))
                      : QString();
 }
@@ -248,7 +243,7 @@ QString OverviewPresenter::emptySymbol() const
 
 QString OverviewPresenter::topTitle() const
 {
-    return QStringLiteral("Biggest items in ") + scannedName();
+    return QStringLiteral("Biggest items in ") + scannedName(m_store);
 }
 
 QString OverviewPresenter::topFigures() const

@@ -127,8 +127,6 @@ private:
     [[nodiscard]] const FileNode *root() const;
     /// Why a card of a scan without files is empty: `ofFiles` if the scan has found files.
     [[nodiscard]] QString emptyText(const QString &ofFiles) const;
-    /// "studio", or the volume's name for the whole disk.
-    [[nodiscard]] QString scannedName() const;
 
     StorageStore &m_store;
     QTimer m_clock; // updates how long ago the scan was

@@ -2,21 +2,9 @@
 
 #include "core/store/file_url.h"
 #include "core/store/qt_words.h"
-#include "platform/path.h"
+#include "shell/ui/scan_words.h"
 
 namespace corvane {
-
-namespace {
-
-QString folderName(const StorageStore &store)
-{
-    const std::string &path = store.lastScanPath();
-    if (path == "/")
-        return displayText(store.volume().name);
-    return displayText(lastPathComponent(path));
-}
-
-} // namespace
 
 ScanPresenter::ScanPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
@@ -53,12 +41,12 @@ QString ScanPresenter::scanHelp() const
         return QStringLiteral("Scan your home folder");
     if (m_store.lastScanPath() == "/")
         return QStringLiteral("Scan the entire disk again");
-    return QStringLiteral("Scan “%1” again").arg(folderName(m_store));
+    return QStringLiteral("Scan “%1” again").arg(scannedName(m_store));
 }
 
 QString ScanPresenter::partialText() const
 {
-    return m_store.scanIsPartial() ? displayText(partialScanText) : QString();
+    return partialScanNote(m_store);
 }
 
 QString ScanPresenter::stopHelp() const
@@ -78,7 +66,7 @@ QUrl ScanPresenter::firstFolder() const
 
 QString ScanPresenter::heading() const
 {
-    return QStringLiteral("Scanning ") + folderName(m_store);
+    return scanningText(m_store);
 }
 
 QString ScanPresenter::filesCounted() const
