@@ -41,10 +41,9 @@ public:
     METRIC(int, winBadgeSize, 28)
     METRIC(int, rowsBottom, 10)
 
-    /// The relative widths of the three cards in a row.
+    /// The relative widths of the first two of three cards in a row; the third has the rest.
     METRIC(double, typesShare, 1.0 / 3)
     METRIC(double, foldersShare, 0.36)
-    METRIC(double, winsShare, 0.92 / 3)
 };
 
 } // namespace corvane

@@ -135,6 +135,13 @@ QString OverviewPresenter::diskChoiceText() const
 
 void OverviewPresenter::followTree()
 {
+    readTypes();
+    readTopItems();
+    emit changed();
+}
+
+void OverviewPresenter::readTypes()
+{
     std::vector<OverviewRow> types;
     m_typeParts.clear();
     for (const TypeSlice &slice : m_store.typeBreakdown()) {
@@ -152,7 +159,10 @@ void OverviewPresenter::followTree()
                          .leads = isOfFiles(slice.type)});
     }
     m_types.setRows(std::move(types));
+}
 
+void OverviewPresenter::readTopItems()
+{
     std::vector<OverviewRow> items;
     if (const FileNode *const folder = root()) {
         // Folders have the colours of their positions in the map.
@@ -176,7 +186,6 @@ void OverviewPresenter::followTree()
         }
     }
     m_topItems.setRows(std::move(items));
-    emit changed();
 }
 
 QString OverviewPresenter::scannedLine() const
@@ -198,8 +207,10 @@ QString OverviewPresenter::scannedFigures() const
 
 QString OverviewPresenter::largeFiles() const
 {
-    return countText(
-        std::ranges::count_if(m_store.allFiles(), [](const auto &file) { return file->size > largeFileLimit; }));
+    // The files are sorted by size, the largest first.
+    const auto end =
+        std::ranges::partition_point(m_store.allFiles(), [](const auto &file) { return file->size > largeFileLimit; });
+    return countText(end - m_store.allFiles().begin());
 }
 
 QString OverviewPresenter::projectJunk() const

@@ -123,6 +123,8 @@ signals:
 private:
     [[nodiscard]] const SystemWords &systemWords() const;
     void followTree();
+    void readTypes();
+    void readTopItems();
     void followCleanup();
     [[nodiscard]] const FileNode *root() const;
     /// Why a card of a scan without files is empty: `ofFiles` if the scan has found files.
