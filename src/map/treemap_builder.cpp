@@ -5,8 +5,6 @@
 #include <span>
 #include <utility>
 
-#include <fmt/format.h>
-
 #include "core/checked_add.h"
 #include "core/file_type.h"
 #include "core/words/figures.h"

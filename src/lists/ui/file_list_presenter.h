@@ -28,7 +28,6 @@ class FileListPresenter : public QObject {
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool preparing READ isPreparing NOTIFY changed)
     Q_PROPERTY(bool empty READ isEmpty NOTIFY changed)
-    Q_PROPERTY(bool allSelected READ isAllSelected NOTIFY changed)
     Q_PROPERTY(QString selectAllText READ selectAllText NOTIFY changed)
     Q_PROPERTY(corvane::FileTableModel *files READ files CONSTANT)
 
@@ -46,7 +45,6 @@ public:
     [[nodiscard]] bool isPreparing() const;
     /// Whether no file passes the filters.
     [[nodiscard]] bool isEmpty() const;
-    [[nodiscard]] bool isAllSelected() const { return m_isAllSelected; }
     [[nodiscard]] QString selectAllText() const;
     [[nodiscard]] FileTableModel *files() { return &m_files; }
 
