@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/quick_scene.h"
+#include "shell/ui/theme.h"
 
 namespace corvane {
 namespace {
@@ -198,6 +199,33 @@ TEST(SelectToggle, ProtectedPlaceNamesTheReason)
     scene.hover(toggle);
     ASSERT_TRUE(QTest::qWaitFor([&] { return tip->property("opened").toBool(); }));
     EXPECT_EQ(tip->property("text").toString(), QStringLiteral("macOS needs this folder."));
+}
+
+TEST(Tip, AKeyPressHidesItUntilThePointerMoves)
+{
+    const QuickScene scene(
+        "Loader { objectName: 'screen'; sourceComponent: PushButton {\n"
+        "objectName: 'control'; text: 'Scan'; width: 100\n"
+        "Tip { objectName: 'tip'; text: 'Help'; pointed: parent.hovered; focused: parent.visualFocus } } }");
+    ASSERT_TRUE(scene.isShown()) << qPrintable(scene.errors());
+    const auto isShown = [&] { return scene.object("tip")->property("visible").toBool(); };
+    scene.hover(scene.item("control"));
+    ASSERT_TRUE(QTest::qWaitFor(isShown));
+    scene.key(Qt::Key_F5);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isShown(); }));
+
+    // Another control in the same place.
+    scene.object("screen")->setProperty("active", false);
+    scene.object("screen")->setProperty("active", true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene.item("control")->property("hovered").toBool(); }));
+    QTest::qWait(2 * Theme::tipDelayDuration());
+    EXPECT_FALSE(isShown());
+    QTest::mouseMove(scene.window(), scene.item("control")->mapToScene(QPointF(5, 5)).toPoint());
+    EXPECT_TRUE(QTest::qWaitFor(isShown));
+    scene.key(Qt::Key_F5);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !isShown(); }));
+    scene.item("control")->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(QTest::qWaitFor(isShown)) << "the focus needs no pointer";
 }
 
 TEST(SelectToggle, SaysWhatItIs)

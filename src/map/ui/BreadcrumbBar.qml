@@ -30,7 +30,8 @@ HeaderBand {
 
         Tip {
             text: bar.presenter.upText
-            visible: up.hovered || up.visualFocus
+            pointed: up.hovered
+            focused: up.visualFocus
         }
     }
     Row {

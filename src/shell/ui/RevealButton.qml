@@ -26,6 +26,6 @@ ButtonBase {
     }
     Tip {
         text: button.text
-        visible: button.hovered
+        pointed: button.hovered
     }
 }

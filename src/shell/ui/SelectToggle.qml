@@ -40,6 +40,7 @@ T.CheckBox {
     Tip {
         objectName: "tip"
         text: control.reason
-        visible: control.protectedPlace && control.reason !== "" && (control.hovered || control.visualFocus)
+        pointed: control.protectedPlace && control.hovered
+        focused: control.protectedPlace && control.visualFocus
     }
 }

@@ -65,7 +65,8 @@ FocusScope {
 
         Tip {
             text: split.tip
-            visible: split.tip !== "" && (main.hovered || main.visualFocus)
+            pointed: main.hovered
+            focused: main.visualFocus
         }
     }
     Rectangle {

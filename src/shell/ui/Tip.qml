@@ -2,9 +2,14 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Shell
 
-/// A tool tip for the control under the pointer.
+/// A tool tip for the control under the pointer, or for the one that the keyboard has led to.
 T.ToolTip {
     id: tip
+
+    /// Whether the pointer is over the control. A key press hides the tip until the pointer is used again.
+    property bool pointed: false
+    /// Whether the control shows the keyboard focus.
+    property bool focused: false
 
     readonly property real textWidth: Theme.tipMaximumWidth - leftPadding - rightPadding
 
@@ -16,6 +21,7 @@ T.ToolTip {
     verticalPadding: Theme.space4
     margins: Theme.space6
     delay: Theme.tipDelayDuration
+    visible: text !== "" && (focused || pointed && PointerUse.active)
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent | T.Popup.CloseOnReleaseOutsideParent
 
     TextMetrics {

@@ -50,6 +50,6 @@ Item {
     Tip {
         objectName: "tip"
         text: icon.help
-        visible: icon.hovering
+        pointed: icon.hovering
     }
 }

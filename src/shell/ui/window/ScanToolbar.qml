@@ -65,7 +65,8 @@ FocusScope {
             id: tip
 
             text: scan.stopHelp
-            visible: stop.hovered || stop.visualFocus
+            pointed: stop.hovered
+            focused: stop.visualFocus
         }
     }
 }
