@@ -9,12 +9,11 @@
 
 namespace corvane {
 
-/// The program's services besides the store, as the screens see them. All references must outlive this object. Main
-/// thread only.
+/// The program's services besides the store, as the screens see them; QML uses all but the web service. All references
+/// must outlive this object. Main thread only.
 class Services : public QObject {
     Q_OBJECT
     Q_PROPERTY(corvane::UserDefaults *defaults READ defaults CONSTANT)
-    Q_PROPERTY(corvane::API *api READ api CONSTANT)
     Q_PROPERTY(corvane::CrashReporter *crashReporter READ crashReporter CONSTANT)
     Q_PROPERTY(corvane::AppUpdater *updater READ updater CONSTANT)
 

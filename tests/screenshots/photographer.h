@@ -83,6 +83,8 @@ private:
     void takeBoth(const QString &name, const std::function<QImage()> &picture);
     void save(const QString &name, const QImage &picture) const;
 
+    /// A sheet or a window that is created on first use.
+    [[nodiscard]] QObject &madeObject(const QString &name) const;
     [[nodiscard]] QQuickItem &row(const std::string &name) const;
     void tick(const std::string &name);
     /// A row of the cleanup list.

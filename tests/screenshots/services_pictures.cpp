@@ -43,6 +43,25 @@ private:
     const QString m_probe = QString::fromStdString(PathGuard::accessProbePath(PathGuard::home()));
 };
 
+/// Shows another presenter in a sheet or window while this object lives.
+class OtherPresenter {
+public:
+    OtherPresenter(QObject &shown, const char *property, QObject &other)
+        : m_shown(shown), m_property(property), m_usual(shown.property(property))
+    {
+        if (!m_shown.setProperty(m_property, QVariant::fromValue(&other)))
+            giveUp(QStringLiteral("%1 has no %2").arg(shown.objectName(), QLatin1String(property)));
+    }
+    OtherPresenter(const OtherPresenter &) = delete;
+    OtherPresenter &operator=(const OtherPresenter &) = delete;
+    ~OtherPresenter() { m_shown.setProperty(m_property, m_usual); }
+
+private:
+    QObject &m_shown;
+    const char *const m_property;
+    const QVariant m_usual;
+};
+
 } // namespace
 
 void Photographer::takeWelcome()
@@ -76,46 +95,53 @@ void Photographer::takeServices()
 
 void Photographer::takeFeedback()
 {
-    auto *const form = m_driver.window()->findChild<FeedbackPresenter *>();
     LoopbackServer server;
-    API service(server.url());
-    API *const usual = form->api();
-    form->setApi(&service);
+    API api(server.url());
+    Services answered(*m_services.defaults(), api, *m_services.crashReporter(), *m_services.updater());
+    FeedbackPresenter form(m_store, answered);
 
     m_store.setShowFeedback(true);
+    const OtherPresenter shown(madeObject(QStringLiteral("feedback")), "feedback", form);
     take(QStringLiteral("feedback-empty"));
-    form->setMessage(
+    form.setMessage(
         QStringLiteral("A way to compare two scans would be lovely: what grew since last month, shown on the map."));
     server.answerAll({.ending = LoopbackAnswer::Ending::closed});
-    form->send();
-    m_driver.waitFor([&] { return !form->errorText().isEmpty(); }, QStringLiteral("the failure"));
+    form.send();
+    m_driver.waitFor([&] { return !form.errorText().isEmpty(); }, QStringLiteral("the failure"));
     m_driver.press(Qt::Key_End, Qt::ControlModifier);
     take(QStringLiteral("feedback"));
 
     server.answerAll({});
-    form->setEmail(QStringLiteral("ada@example.org"));
-    form->send();
-    m_driver.waitFor([&] { return form->isSent(); }, QStringLiteral("the thanks"));
+    form.setEmail(QStringLiteral("ada@example.org"));
+    form.send();
+    m_driver.waitFor([&] { return form.isSent(); }, QStringLiteral("the thanks"));
     take(QStringLiteral("feedback-thanks"));
     dismiss();
-    form->setApi(usual);
 }
 
 void Photographer::takeSettings()
 {
-    auto *const choices = m_driver.window()->findChild<SettingsPresenter *>();
     m_driver.press(Qt::Key_Comma, Qt::ControlModifier);
-    auto *const settings = m_driver.window()->findChild<QQuickWindow *>(QStringLiteral("settings"));
+    QObject &made = madeObject(QStringLiteral("settings"));
+    auto *const settings = qobject_cast<QQuickWindow *>(&made);
     const WindowDriver driver(*settings);
     takeWindow(QStringLiteral("settings-noupdates"), driver);
     settings->close();
 
     AppUpdater updater(std::make_unique<FakeUpdateController>(), true);
-    choices->setUpdater(&updater);
+    Services updated(*m_services.defaults(), *m_services.api(), *m_services.crashReporter(), updater);
+    SettingsPresenter choices(m_store, updated);
+    const OtherPresenter shown(made, "settings", choices);
     m_driver.press(Qt::Key_Comma, Qt::ControlModifier);
     takeWindow(QStringLiteral("settings"), driver);
     settings->close();
-    choices->setUpdater(m_services.updater());
+}
+
+QObject &Photographer::madeObject(const QString &name) const
+{
+    QObject *made = nullptr;
+    m_driver.waitFor([&] { return (made = m_driver.window()->findChild<QObject *>(name)) != nullptr; }, name);
+    return *made;
 }
 
 } // namespace corvane

@@ -47,5 +47,11 @@ TEST_F(ServicesRegistrationTest, ServicesOutliveTheEngine)
     EXPECT_FALSE(destroyed);
 }
 
+TEST_F(ServicesRegistrationTest, WithoutServicesNoPresenterIsMade)
+{
+    ServicesRegistration::setServices(nullptr);
+    EXPECT_DEATH(static_cast<void>(ServicesRegistration::services()), "setServices was not called");
+}
+
 } // namespace
 } // namespace corvane

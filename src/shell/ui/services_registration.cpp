@@ -15,11 +15,17 @@ void ServicesRegistration::setServices(Services *services)
     registeredServices = services;
 }
 
+Services &ServicesRegistration::services()
+{
+    if (registeredServices == nullptr)
+        qFatal("ServicesRegistration::setServices was not called");
+    return *registeredServices;
+}
+
 Services *ServicesRegistration::create(QQmlEngine *, QJSEngine *)
 {
-    Q_ASSERT_X(registeredServices, "Services", "ServicesRegistration::setServices was not called");
-    QJSEngine::setObjectOwnership(registeredServices, QJSEngine::CppOwnership);
-    return registeredServices;
+    QJSEngine::setObjectOwnership(&services(), QJSEngine::CppOwnership);
+    return &services();
 }
 
 } // namespace corvane

@@ -20,6 +20,9 @@ class ServicesRegistration {
 public:
     /// The instance that QML sees. Call before the first QML file is loaded. Not owned; must outlive every engine.
     static void setServices(Services *services);
+    /// The same services, as the default argument of presenters that QML creates without arguments. The program must
+    /// set them first; otherwise this ends the program.
+    [[nodiscard]] static Services &services();
 
     static Services *create(QQmlEngine *, QJSEngine *);
 };
@@ -29,13 +32,6 @@ struct UserDefaultsRegistration {
     Q_GADGET
     QML_FOREIGN(corvane::UserDefaults)
     QML_NAMED_ELEMENT(UserDefaults)
-    QML_UNCREATABLE("one of the services")
-};
-
-struct ApiRegistration {
-    Q_GADGET
-    QML_FOREIGN(corvane::API)
-    QML_NAMED_ELEMENT(API)
     QML_UNCREATABLE("one of the services")
 };
 

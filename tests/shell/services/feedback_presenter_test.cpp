@@ -14,11 +14,7 @@ namespace {
 
 class FeedbackTest : public testing::Test {
 protected:
-    FeedbackTest()
-    {
-        presenter.setApi(&fake.api);
-        fake.store.setShowFeedback(true);
-    }
+    FeedbackTest() { fake.store.setShowFeedback(true); }
 
     void sendAndWait()
     {
@@ -32,7 +28,7 @@ protected:
     }
 
     ServicesOverAStore fake;
-    FeedbackPresenter presenter{fake.store};
+    FeedbackPresenter presenter{fake.store, fake.services};
 };
 
 TEST_F(FeedbackTest, StartsAsAnIdeaWithTheFactsAboutTheMachine)
@@ -204,8 +200,7 @@ TEST_F(FeedbackTest, WhatFailsWhileTheFormIsClosedIsToldThereAndInTheFormThatSti
 TEST_F(FeedbackTest, AFormThatIsGoneReceivesNothing)
 {
     {
-        FeedbackPresenter shortLived(fake.store);
-        shortLived.setApi(&fake.api);
+        FeedbackPresenter shortLived(fake.store, fake.services);
         shortLived.setMessage(QStringLiteral("x"));
         shortLived.send();
     }

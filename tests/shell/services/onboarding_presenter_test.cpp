@@ -15,15 +15,13 @@ using testing::ElementsAre;
 
 class OnboardingTest : public testing::Test {
 protected:
-    OnboardingTest() { presenter.setDefaults(&fake.defaults); }
-
     [[nodiscard]] std::size_t tests() const
     {
         return fake.fake.log->linesStartingWith("canOpen " + PathGuard::accessProbePath(fake.home)).size();
     }
 
     ServicesOverAStore fake;
-    OnboardingPresenter presenter{fake.store};
+    OnboardingPresenter presenter{fake.store, fake.services};
 };
 
 TEST_F(OnboardingTest, IsWantedUntilItHasBeenDismissedOnce)

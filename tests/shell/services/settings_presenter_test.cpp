@@ -13,15 +13,10 @@ namespace {
 using Mode = UserDefaults::ReportMode;
 
 struct SettingsOf {
-    explicit SettingsOf(bool canUpdate = true) : fake(canUpdate)
-    {
-        presenter.setDefaults(&fake.defaults);
-        presenter.setApi(&fake.api);
-        presenter.setUpdater(&fake.updater);
-    }
+    explicit SettingsOf(bool canUpdate = true) : fake(canUpdate) {}
 
     ServicesOverAStore fake;
-    SettingsPresenter presenter{fake.store};
+    SettingsPresenter presenter{fake.store, fake.services};
 };
 
 struct SettingsTest : testing::Test, SettingsOf {};
@@ -56,8 +51,8 @@ TEST_F(SettingsTest, ExplainsWhatACrashReportHoldsAndWhereItGoes)
 {
     fake.becomeMac();
     API site(QUrl(QStringLiteral("https://corvane.example/")));
-    presenter.setApi(&site);
-    EXPECT_EQ(presenter.crashExplanation(),
+    Services services(fake.defaults, site, fake.crashReporter, fake.updater);
+    EXPECT_EQ(SettingsPresenter(fake.store, services).crashExplanation(),
               QStringLiteral("Crash reports contain technical details: the app and macOS version, your Mac model and "
                              "the code that was running. They never include file contents, and they're sent only to "
                              "corvane.example to fix bugs."));

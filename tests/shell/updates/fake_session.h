@@ -1,10 +1,8 @@
 #pragma once
 
-#include <memory>
 #include <utility>
 
-#include "shell/app_updater.h"
-#include "shell/fake_update_controller.h"
+#include "shell/fake_services.h"
 #include "shell/updates/update_session.h"
 
 namespace corvane {
@@ -33,11 +31,11 @@ private:
     UpdateState m_state;
 };
 
-/// An updater with such a session, at a displayed version.
+/// The program's services with such a session, at a displayed version.
 struct FakeUpdates {
     FakeUpdates()
     {
-        static_cast<FakeUpdateController &>(updater.controller()).shown = &session;
+        program.updateController->shown = &session;
         state.isShown = true;
         state.version = QStringLiteral("1.2.0");
         state.runningVersion = QStringLiteral("1.0.0");
@@ -51,7 +49,7 @@ struct FakeUpdates {
 
     UpdateState state;
     FakeSession session;
-    AppUpdater updater{std::make_unique<FakeUpdateController>(), true};
+    FakeServices program;
 };
 
 } // namespace corvane

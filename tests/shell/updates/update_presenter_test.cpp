@@ -16,8 +16,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct UpdatePresenterTest : testing::Test {
-    UpdatePresenterTest() { presenter.setUpdater(&updates.updater); }
-
     [[nodiscard]] std::vector<QString> buttons() const
     {
         return {presenter.acceptText(), presenter.revealText(), presenter.dismissText()};
@@ -31,7 +29,7 @@ struct UpdatePresenterTest : testing::Test {
 
     FakeStore fake;
     FakeUpdates updates;
-    UpdatePresenter presenter{fake.store};
+    UpdatePresenter presenter{fake.store, updates.program.services};
 };
 
 TEST_F(UpdatePresenterTest, NothingIsOpenUntilSomethingIsShown)
@@ -190,12 +188,13 @@ TEST_F(UpdatePresenterTest, StepChangesWithThePhaseAndNotWithTheProgress)
 
 TEST_F(UpdatePresenterTest, ControllerWithWindowsOfItsOwnShowsNothingHere)
 {
-    presenter.setUpdater(nullptr);
-    EXPECT_FALSE(presenter.open());
-    presenter.accept();
-    presenter.dismiss();
+    updates.program.updateController->shown = nullptr;
+    UpdatePresenter other(fake.store, updates.program.services);
+    EXPECT_FALSE(other.open());
+    other.accept();
+    other.dismiss();
     updates.become(Phase::available);
-    EXPECT_FALSE(presenter.open());
+    EXPECT_FALSE(other.open());
 }
 
 } // namespace

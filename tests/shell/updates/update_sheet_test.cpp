@@ -3,7 +3,6 @@
 #include <QQmlEngine>
 
 #include "shell/quick_scene.h"
-#include "shell/ui/updates/update_presenter.h"
 #include "shell/updates/fake_session.h"
 #include "shell/window/fake_store.h"
 
@@ -17,15 +16,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(scene.isShown()) << qPrintable(scene.errors());
-        presenter = scene.window()->findChild<UpdatePresenter *>();
-        ASSERT_NE(presenter, nullptr);
-        presenter->setUpdater(&updates.updater);
         scene.item("outside")->forceActiveFocus(Qt::TabFocusReason);
-    }
-    void TearDown() override
-    {
-        if (presenter)
-            presenter->setUpdater(nullptr);
     }
 
     void open(Phase phase)
@@ -52,7 +43,6 @@ protected:
         UpdateSheet { held: window.held }
     )",
                      "import Corvane.Updates\n"};
-    UpdatePresenter *presenter = nullptr;
 };
 
 TEST_F(UpdateSheetTest, OpensByItselfAndCancelEndsTheCheck)

@@ -28,20 +28,12 @@ Item {
 
     OnboardingPresenter {
         id: welcomePresenter
-
-        defaults: Services.defaults
     }
     FeedbackPresenter {
         id: feedbackPresenter
-
-        api: Services.api
     }
     SettingsPresenter {
         id: settingsPresenter
-
-        defaults: Services.defaults
-        api: Services.api
-        updater: Services.updater
     }
 
     SheetOpener {

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include <QPointer>
+
 #include "core/store/qt_words.h"
 #include "core/words/system_words.h"
 #include "shell/app_info.h"
@@ -24,18 +26,11 @@ constexpr std::array<Category, 3> categoryList{{
 
 } // namespace
 
-FeedbackPresenter::FeedbackPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
+FeedbackPresenter::FeedbackPresenter(StorageStore &store, Services &services, QObject *parent)
+    : QObject(parent), m_store(store), m_api(*services.api())
 {
     connect(&m_store, &StorageStore::showFeedbackChanged, this, &FeedbackPresenter::followStore);
     followStore();
-}
-
-void FeedbackPresenter::setApi(API *api)
-{
-    if (m_api == api)
-        return;
-    m_api = api;
-    emit apiChanged();
 }
 
 void FeedbackPresenter::followStore()
@@ -116,7 +111,7 @@ QString FeedbackPresenter::infoText() const
 
 bool FeedbackPresenter::canSend() const
 {
-    return m_api && !m_sending && !m_sent && !m_draft.message.trimmed().isEmpty();
+    return !m_sending && !m_sent && !m_draft.message.trimmed().isEmpty();
 }
 
 QJsonObject FeedbackPresenter::body() const
@@ -139,11 +134,11 @@ void FeedbackPresenter::send()
     m_sending = true;
     m_errorText.clear();
     emit changed();
-    m_api->post(QStringLiteral("api/feedback"), body(),
-                [presenter = QPointer(this)](const std::optional<API::Failure> &failure) {
-                    if (presenter)
-                        presenter->receive(failure);
-                });
+    m_api.post(QStringLiteral("api/feedback"), body(),
+               [presenter = QPointer(this)](const std::optional<API::Failure> &failure) {
+                   if (presenter)
+                       presenter->receive(failure);
+               });
 }
 
 void FeedbackPresenter::receive(const std::optional<API::Failure> &failure)

@@ -5,10 +5,10 @@
 #include <QJsonObject>
 #include <QList>
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
+#include "shell/ui/services_registration.h"
 #include "shell/ui/store_registration.h"
 #include "shell/web_service.h"
 
@@ -19,7 +19,6 @@ namespace corvane {
 class FeedbackPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::API *api READ api WRITE setApi NOTIFY apiChanged)
     /// Whether to show the form.
     Q_PROPERTY(bool wanted READ isWanted NOTIFY wantedChanged)
     Q_PROPERTY(QList<QString> categories READ categories CONSTANT)
@@ -39,10 +38,8 @@ class FeedbackPresenter : public QObject {
     Q_PROPERTY(QString thanksText READ thanksText NOTIFY changed)
 
 public:
-    explicit FeedbackPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
-
-    [[nodiscard]] API *api() const { return m_api; }
-    void setApi(API *api);
+    explicit FeedbackPresenter(StorageStore &store = StoreRegistration::store(),
+                               Services &services = ServicesRegistration::services(), QObject *parent = nullptr);
 
     [[nodiscard]] bool isWanted() const { return m_store.showFeedback(); }
     /// The names of the categories.
@@ -76,7 +73,6 @@ public:
     Q_INVOKABLE void close();
 
 signals:
-    void apiChanged();
     void wantedChanged();
     void changed();
 
@@ -93,7 +89,7 @@ private:
     void startAnew();
 
     StorageStore &m_store;
-    QPointer<API> m_api;
+    API &m_api;
     Draft m_draft;
     bool m_wasWanted = false;
     bool m_sending = false;

@@ -5,7 +5,6 @@
 #include <QTextDocumentFragment>
 #include <QUrl>
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 
 namespace corvane {
@@ -27,22 +26,14 @@ QString richText(std::string_view sentence)
 
 } // namespace
 
-OnboardingPresenter::OnboardingPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
+OnboardingPresenter::OnboardingPresenter(StorageStore &store, Services &services, QObject *parent)
+    : QObject(parent), m_store(store), m_defaults(*services.defaults())
 {
     m_poll.setSingleShot(true);
     m_poll.setInterval(std::chrono::seconds(1));
     connect(&m_poll, &QTimer::timeout, this, &OnboardingPresenter::testAccess);
     connect(&m_store, &StorageStore::accessChanged, this, &OnboardingPresenter::accessChanged);
-}
-
-void OnboardingPresenter::setDefaults(UserDefaults *defaults)
-{
-    if (!followObject(m_defaults, defaults, this))
-        return;
-    if (m_defaults)
-        connect(m_defaults, &UserDefaults::didOnboardChanged, this, &OnboardingPresenter::wantedChanged);
-    emit defaultsChanged();
-    emit wantedChanged();
+    connect(&m_defaults, &UserDefaults::didOnboardChanged, this, &OnboardingPresenter::wantedChanged);
 }
 
 void OnboardingPresenter::setVisible(bool visible)
@@ -126,8 +117,7 @@ QString OnboardingPresenter::applicationUrl()
 
 void OnboardingPresenter::dismiss()
 {
-    if (m_defaults)
-        m_defaults->setDidOnboard(true);
+    m_defaults.setDidOnboard(true);
 }
 
 void OnboardingPresenter::openSettings()

@@ -3,13 +3,13 @@
 #include <chrono>
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
 #include "core/words/system_words.h"
+#include "shell/ui/services_registration.h"
 #include "shell/ui/store_registration.h"
 #include "shell/user_defaults.h"
 
@@ -20,7 +20,6 @@ namespace corvane {
 class OnboardingPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::UserDefaults *defaults READ defaults WRITE setDefaults NOTIFY defaultsChanged)
     /// Whether to show the sheet: it has not been dismissed yet, or was requested again.
     Q_PROPERTY(bool wanted READ isWanted NOTIFY wantedChanged)
     /// Whether the sheet is on screen.
@@ -42,12 +41,10 @@ class OnboardingPresenter : public QObject {
     Q_PROPERTY(QString applicationUrl READ applicationUrl CONSTANT)
 
 public:
-    explicit OnboardingPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
+    explicit OnboardingPresenter(StorageStore &store = StoreRegistration::store(),
+                                 Services &services = ServicesRegistration::services(), QObject *parent = nullptr);
 
-    [[nodiscard]] UserDefaults *defaults() const { return m_defaults; }
-    void setDefaults(UserDefaults *defaults);
-
-    [[nodiscard]] bool isWanted() const { return m_defaults && !m_defaults->didOnboard(); }
+    [[nodiscard]] bool isWanted() const { return !m_defaults.didOnboard(); }
     [[nodiscard]] bool isVisible() const { return m_visible; }
     void setVisible(bool visible);
     [[nodiscard]] bool isGranted() const { return m_store.hasFullDiskAccess(); }
@@ -75,7 +72,6 @@ public:
     [[nodiscard]] bool isPolling() const { return m_poll.isActive(); }
 
 signals:
-    void defaultsChanged();
     void wantedChanged();
     void visibleChanged();
     void accessChanged();
@@ -85,7 +81,7 @@ private:
     void testAccess();
 
     StorageStore &m_store;
-    QPointer<UserDefaults> m_defaults;
+    UserDefaults &m_defaults;
     QTimer m_poll;
     bool m_visible = false;
 };

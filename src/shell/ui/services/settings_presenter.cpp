@@ -1,46 +1,22 @@
 #include "shell/ui/services/settings_presenter.h"
 
-#include "core/store/followed.h"
 #include "core/store/qt_words.h"
 #include "core/words/system_words.h"
 #include "shell/app_info.h"
 
 namespace corvane {
 
-SettingsPresenter::SettingsPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
+SettingsPresenter::SettingsPresenter(StorageStore &store, Services &services, QObject *parent)
+    : QObject(parent),
+      m_store(store),
+      m_defaults(*services.defaults()),
+      m_api(*services.api()),
+      m_updater(*services.updater())
 {
     connect(&m_store, &StorageStore::accessChanged, this, &SettingsPresenter::accessChanged);
-}
-
-void SettingsPresenter::setDefaults(UserDefaults *defaults)
-{
-    if (!followObject(m_defaults, defaults, this))
-        return;
-    if (m_defaults)
-        connect(m_defaults, &UserDefaults::crashReportModeChanged, this, &SettingsPresenter::crashChoiceChanged);
-    emit defaultsChanged();
-    emit crashChoiceChanged();
-}
-
-void SettingsPresenter::setApi(API *api)
-{
-    if (m_api == api)
-        return;
-    m_api = api;
-    emit apiChanged();
-    emit explanationChanged();
-}
-
-void SettingsPresenter::setUpdater(AppUpdater *updater)
-{
-    if (!followObject(m_updater, updater, this))
-        return;
-    if (m_updater) {
-        connect(m_updater, &AppUpdater::canCheckForUpdatesChanged, this, &SettingsPresenter::updatesChanged);
-        connect(m_updater, &AppUpdater::settingsChanged, this, &SettingsPresenter::updatesChanged);
-    }
-    emit updaterChanged();
-    emit updatesChanged();
+    connect(&m_defaults, &UserDefaults::crashReportModeChanged, this, &SettingsPresenter::crashChoiceChanged);
+    connect(&m_updater, &AppUpdater::canCheckForUpdatesChanged, this, &SettingsPresenter::updatesChanged);
+    connect(&m_updater, &AppUpdater::settingsChanged, this, &SettingsPresenter::updatesChanged);
 }
 
 void SettingsPresenter::setVisible(bool visible)
@@ -55,18 +31,6 @@ void SettingsPresenter::setVisible(bool visible)
 
 // --- Updates
 
-void SettingsPresenter::setChecksAutomatically(bool automatically)
-{
-    if (m_updater)
-        m_updater->setAutomaticallyChecksForUpdates(automatically);
-}
-
-void SettingsPresenter::setInstallsAutomatically(bool automatically)
-{
-    if (m_updater)
-        m_updater->setAutomaticallyDownloadsUpdates(automatically);
-}
-
 QString SettingsPresenter::versionText() const
 {
     return QStringLiteral("Version ") + AppInfo::version();
@@ -77,7 +41,7 @@ void SettingsPresenter::checkForUpdates()
     if (!canCheckNow())
         return;
     emit mainWindowWanted();
-    m_updater->checkForUpdates();
+    m_updater.checkForUpdates();
 }
 
 // --- Crash reports
@@ -89,22 +53,20 @@ QStringList SettingsPresenter::crashChoices()
 
 int SettingsPresenter::crashChoice() const
 {
-    return static_cast<int>(m_defaults ? m_defaults->crashReportMode() : UserDefaults::ReportMode::ask);
+    return static_cast<int>(m_defaults.crashReportMode());
 }
 
 void SettingsPresenter::setCrashChoice(int choice)
 {
-    if (m_defaults && choice >= 0 && choice <= static_cast<int>(UserDefaults::ReportMode::never))
-        m_defaults->setCrashReportMode(static_cast<UserDefaults::ReportMode>(choice));
+    if (choice >= 0 && choice <= static_cast<int>(UserDefaults::ReportMode::never))
+        m_defaults.setCrashReportMode(static_cast<UserDefaults::ReportMode>(choice));
 }
 
 QString SettingsPresenter::crashExplanation() const
 {
-    if (!m_api)
-        return {};
     return QStringLiteral("Crash reports contain technical details: ") +
            displayText(m_store.words().crashReportContent) +
-           QStringLiteral(". They never include file contents, and they're sent only to ") + m_api->site().host() +
+           QStringLiteral(". They never include file contents, and they're sent only to ") + m_api.site().host() +
            QStringLiteral(" to fix bugs.");
 }
 
@@ -123,8 +85,7 @@ QString SettingsPresenter::accessStatus() const
 void SettingsPresenter::showWelcome()
 {
     emit mainWindowWanted();
-    if (m_defaults)
-        m_defaults->setDidOnboard(false);
+    m_defaults.setDidOnboard(false);
 }
 
 void SettingsPresenter::sendFeedback()

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
 #include "shell/app_updater.h"
+#include "shell/ui/services_registration.h"
 #include "shell/ui/store_registration.h"
 #include "shell/user_defaults.h"
 #include "shell/web_service.h"
@@ -17,12 +17,9 @@ namespace corvane {
 class SettingsPresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::UserDefaults *defaults READ defaults WRITE setDefaults NOTIFY defaultsChanged)
-    Q_PROPERTY(corvane::API *api READ api WRITE setApi NOTIFY apiChanged)
-    Q_PROPERTY(corvane::AppUpdater *updater READ updater WRITE setUpdater NOTIFY updaterChanged)
     /// Whether the window is on screen.
     Q_PROPERTY(bool visible READ isVisible WRITE setVisible NOTIFY visibleChanged)
-    Q_PROPERTY(bool canUpdate READ canUpdate NOTIFY updaterChanged)
+    Q_PROPERTY(bool canUpdate READ canUpdate CONSTANT)
     Q_PROPERTY(bool canCheckNow READ canCheckNow NOTIFY updatesChanged)
     Q_PROPERTY(bool checksAutomatically READ checksAutomatically WRITE setChecksAutomatically NOTIFY updatesChanged)
     Q_PROPERTY(
@@ -30,31 +27,25 @@ class SettingsPresenter : public QObject {
     Q_PROPERTY(QString versionText READ versionText CONSTANT)
     Q_PROPERTY(QStringList crashChoices READ crashChoices CONSTANT)
     Q_PROPERTY(int crashChoice READ crashChoice WRITE setCrashChoice NOTIFY crashChoiceChanged)
-    Q_PROPERTY(QString crashExplanation READ crashExplanation NOTIFY explanationChanged)
+    Q_PROPERTY(QString crashExplanation READ crashExplanation CONSTANT)
     Q_PROPERTY(QString accessTitle READ accessTitle CONSTANT)
     Q_PROPERTY(bool granted READ isGranted NOTIFY accessChanged)
     Q_PROPERTY(QString accessStatus READ accessStatus NOTIFY accessChanged)
 
 public:
-    explicit SettingsPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
-
-    [[nodiscard]] UserDefaults *defaults() const { return m_defaults; }
-    void setDefaults(UserDefaults *defaults);
-    [[nodiscard]] API *api() const { return m_api; }
-    void setApi(API *api);
-    [[nodiscard]] AppUpdater *updater() const { return m_updater; }
-    void setUpdater(AppUpdater *updater);
+    explicit SettingsPresenter(StorageStore &store = StoreRegistration::store(),
+                               Services &services = ServicesRegistration::services(), QObject *parent = nullptr);
 
     [[nodiscard]] bool isVisible() const { return m_visible; }
     /// Checks the access again when the window is shown.
     void setVisible(bool visible);
 
-    [[nodiscard]] bool canUpdate() const { return m_updater && m_updater->isConfigured(); }
-    [[nodiscard]] bool canCheckNow() const { return m_updater && m_updater->canCheckForUpdates(); }
-    [[nodiscard]] bool checksAutomatically() const { return m_updater && m_updater->automaticallyChecksForUpdates(); }
-    void setChecksAutomatically(bool automatically);
-    [[nodiscard]] bool installsAutomatically() const { return m_updater && m_updater->automaticallyDownloadsUpdates(); }
-    void setInstallsAutomatically(bool automatically);
+    [[nodiscard]] bool canUpdate() const { return m_updater.isConfigured(); }
+    [[nodiscard]] bool canCheckNow() const { return m_updater.canCheckForUpdates(); }
+    [[nodiscard]] bool checksAutomatically() const { return m_updater.automaticallyChecksForUpdates(); }
+    void setChecksAutomatically(bool automatically) { m_updater.setAutomaticallyChecksForUpdates(automatically); }
+    [[nodiscard]] bool installsAutomatically() const { return m_updater.automaticallyDownloadsUpdates(); }
+    void setInstallsAutomatically(bool automatically) { m_updater.setAutomaticallyDownloadsUpdates(automatically); }
     /// "Version 1.2.0"
     [[nodiscard]] QString versionText() const;
 
@@ -75,22 +66,18 @@ public:
     Q_INVOKABLE void sendFeedback();
 
 signals:
-    void defaultsChanged();
-    void apiChanged();
-    void updaterChanged();
     void visibleChanged();
     void updatesChanged();
     void crashChoiceChanged();
-    void explanationChanged();
     void accessChanged();
     /// Emitted when the result of a command is shown in the main window.
     void mainWindowWanted();
 
 private:
     StorageStore &m_store;
-    QPointer<UserDefaults> m_defaults;
-    QPointer<API> m_api;
-    QPointer<AppUpdater> m_updater;
+    UserDefaults &m_defaults;
+    API &m_api;
+    AppUpdater &m_updater;
     bool m_visible = false;
 };
 

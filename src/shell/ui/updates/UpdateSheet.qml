@@ -6,7 +6,6 @@ import Corvane.Updates
 Sheet {
     id: sheet
 
-    property alias updater: updates.updater
     /// Prevents opening while something else needs the user's attention.
     property bool held: false
 

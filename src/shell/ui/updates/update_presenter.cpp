@@ -14,19 +14,11 @@ using Phase = UpdateState::Phase;
 
 } // namespace
 
-UpdatePresenter::UpdatePresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store) {}
-
-void UpdatePresenter::setUpdater(AppUpdater *updater)
+UpdatePresenter::UpdatePresenter(StorageStore &store, Services &services, QObject *parent)
+    : QObject(parent), m_store(store), m_session(services.updater()->controller().session()), m_step(step())
 {
-    if (m_updater == updater)
-        return;
-    disconnect(m_following);
-    m_updater = updater;
-    m_session = updater != nullptr ? updater->controller().session() : nullptr;
-    if (m_session)
-        m_following = connect(m_session, &UpdateSession::stateChanged, this, &UpdatePresenter::follow);
-    emit updaterChanged();
-    follow();
+    if (m_session != nullptr)
+        connect(m_session, &UpdateSession::stateChanged, this, &UpdatePresenter::follow);
 }
 
 void UpdatePresenter::follow()
@@ -39,7 +31,7 @@ void UpdatePresenter::follow()
 const UpdateState &UpdatePresenter::state() const
 {
     static const UpdateState none;
-    return m_session ? m_session->state() : none;
+    return m_session != nullptr ? m_session->state() : none;
 }
 
 bool UpdatePresenter::open() const
@@ -185,7 +177,7 @@ void UpdatePresenter::reveal()
 
 void UpdatePresenter::dismiss()
 {
-    if (m_session && state().phase != Phase::idle)
+    if (state().phase != Phase::idle)
         m_session->end();
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include "shell/app_updater.h"
+#include "shell/ui/services_registration.h"
 #include "shell/ui/store_registration.h"
 #include "shell/updates/update_session.h"
 
@@ -15,7 +14,6 @@ namespace corvane {
 class UpdatePresenter : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(corvane::AppUpdater *updater READ updater WRITE setUpdater NOTIFY updaterChanged)
     /// Whether the sheet should be open.
     Q_PROPERTY(bool open READ open NOTIFY changed)
     /// Identifies the sheet's content: when it changes, the focus moves to the new content's button.
@@ -35,10 +33,8 @@ class UpdatePresenter : public QObject {
     Q_PROPERTY(QString dismissText READ dismissText NOTIFY changed)
 
 public:
-    explicit UpdatePresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
-
-    [[nodiscard]] AppUpdater *updater() const { return m_updater; }
-    void setUpdater(AppUpdater *updater);
+    explicit UpdatePresenter(StorageStore &store = StoreRegistration::store(),
+                             Services &services = ServicesRegistration::services(), QObject *parent = nullptr);
 
     [[nodiscard]] bool open() const;
     [[nodiscard]] int step() const { return static_cast<int>(state().phase); }
@@ -61,7 +57,6 @@ public:
     Q_INVOKABLE void openReleaseNotes() const;
 
 signals:
-    void updaterChanged();
     void stepChanged();
     void changed();
 
@@ -71,10 +66,8 @@ private:
     [[nodiscard]] QString showText() const;
 
     StorageStore &m_store;
-    QPointer<AppUpdater> m_updater;
-    QPointer<UpdateSession> m_session;
-    QMetaObject::Connection m_following;
-    int m_step = 0; // as last emitted
+    UpdateSession *const m_session; // null if the updates have windows of their own
+    int m_step;                     // as last emitted
 };
 
 } // namespace corvane

@@ -197,7 +197,6 @@ T.ApplicationWindow {
     UpdateSheet {
         id: updates
 
-        updater: Services.updater
         held: window.asksItself || services.asking
     }
     ServiceSheets {
