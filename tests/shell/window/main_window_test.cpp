@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QMimeData>
+#include <QQmlAbstractUrlInterceptor>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -47,6 +48,15 @@ constexpr auto source = R"(
             }
         }
     })";
+
+/// An installation without the file of Qt's folder dialog.
+class NoFolderDialog final : public QQmlAbstractUrlInterceptor {
+public:
+    QUrl intercept(const QUrl &url, DataType) override
+    {
+        return url.fileName() == QLatin1String("QtFolderDialog.qml") ? QUrl(QStringLiteral("qrc:/missing.qml")) : url;
+    }
+};
 
 /// The whole window with two fake screens: one that needs a scan and one that does not.
 class MainWindowTest : public testing::Test {
@@ -499,6 +509,22 @@ TEST_F(MainWindowTest, ChoosingAFolderOpensTheDialog)
     EXPECT_TRUE(waitFor([dialog] { return dialog->property("visible").toBool(); }));
     EXPECT_EQ(dialog->property("title").toString(), "Choose a folder or disk for Corvane to analyze");
     EXPECT_EQ(dialog->property("acceptLabel").toString(), "Scan");
+}
+
+TEST_F(MainWindowTest, WithoutAFolderDialogAToastNamesTheOtherWays)
+{
+    NoFolderDialog missing;
+    engine.addUrlInterceptor(&missing);
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        key(Qt::Key_O, Qt::ControlModifier);
+        ASSERT_TRUE(waitFor([this] { return fake.store.toast().has_value(); }));
+        EXPECT_EQ(fake.store.toast(),
+                  "No folder dialog is available. Drop a folder on the window, or start corvane with the folder.");
+        EXPECT_TRUE(fake.store.toastIsWarning());
+        EXPECT_EQ(object("folderDialog"), nullptr);
+        fake.store.dismissToast();
+    }
+    engine.removeUrlInterceptor(&missing);
 }
 
 } // namespace

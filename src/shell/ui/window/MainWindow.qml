@@ -21,8 +21,13 @@ T.ApplicationWindow {
 
     property QtObject folderDialog: null
 
+    /// Null if the file, or a module that it imports, is missing.
     function make(file: string, properties: var): QtObject {
-        return Qt.createComponent(file).createObject(window, properties);
+        const component = Qt.createComponent(file);
+        if (component.status === Component.Ready)
+            return component.createObject(window, properties);
+        console.info(component.errorString());
+        return null;
     }
 
     title: Qt.application.name
@@ -219,6 +224,8 @@ T.ApplicationWindow {
                 window.folderDialog = window.make("QtFolderDialog.qml", {
                     chooser: chooser
                 });
+            if (window.folderDialog === null)
+                scan.reportMissingDialog();
         }
     }
     // Loaded by URL, so that its module is loaded, and must be installed, only where it is used.

@@ -107,6 +107,12 @@ void ScanPresenter::chooseFolder()
     m_store.chooseFolder();
 }
 
+void ScanPresenter::reportMissingDialog()
+{
+    m_store.showToast("No folder dialog is available. Drop a folder on the window, or start corvane with the folder.",
+                      true);
+}
+
 void ScanPresenter::scanUrl(const QUrl &url)
 {
     const std::string path = pathOfFileUrl(url);

@@ -56,6 +56,8 @@ public:
     Q_INVOKABLE void scanHome();
     Q_INVOKABLE void scanEntireDisk();
     Q_INVOKABLE void chooseFolder();
+    /// Neither the desktop nor Qt has a folder dialog.
+    Q_INVOKABLE void reportMissingDialog();
     /// Scans the folder of a file URL, byte for byte; ignores other URLs.
     Q_INVOKABLE void scanUrl(const QUrl &url);
     /// Whether dropped URLs can be a folder to scan: exactly one local item.
