@@ -46,6 +46,7 @@ const SystemWords &wordsOf(SystemKind kind)
         .bannerText =
             "Without it, macOS hides Mail, Safari, Trash and some app data — and may ask for permission folder "
             "by folder. Add Corvane in System Settings › Privacy & Security › Full Disk Access, then relaunch.",
+        .automaticUpdates = "Download and install updates automatically",
         .includeSystemInfo = "Include app version, macOS version and Mac model",
         .crashReportContent = "the app and macOS version, your Mac model and the code that was running",
     };
@@ -84,6 +85,7 @@ const SystemWords &wordsOf(SystemKind kind)
         .bannerTitle = "Let Corvane read your home folder for complete results",
         .bannerText = "Your home folder can't be opened, so nothing in it can be measured. Check its permissions, then "
                       "scan again.",
+        .automaticUpdates = "Download updates automatically",
         .includeSystemInfo = "Include app and system versions and computer model",
         .crashReportContent = "the app and system version, your computer's model and the code that was running",
     };

@@ -38,6 +38,7 @@ struct SystemWords {
     std::string_view settingsFailure;            ///< the settings could not be opened
     std::string_view bannerTitle;                ///< on the overview while the access is missing
     std::string_view bannerText;
+    std::string_view automaticUpdates;  ///< the setting for updates without a question
     std::string_view includeSystemInfo; ///< the option in the feedback form
     std::string_view crashReportContent;
 };

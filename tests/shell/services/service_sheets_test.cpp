@@ -576,6 +576,14 @@ TEST_F(SettingsWindowTest, TabLeadsThroughEveryControl)
                             "Send Feedback…"));
 }
 
+TEST_F(SettingsWindowOnLinuxTest, PromisesNoInstallation)
+{
+    EXPECT_THAT(texts(), testing::Contains("Download updates automatically"));
+    QTest::keyClick(settings, Qt::Key_Tab);
+    EXPECT_THAT(tabStops(settings, 2),
+                ElementsAre("Check for updates automatically", "Download updates automatically"));
+}
+
 TEST_F(SettingsWindowTest, SpaceTurnsTheSwitches)
 {
     QTest::keyClick(settings, Qt::Key_Tab);

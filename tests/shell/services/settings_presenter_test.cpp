@@ -67,6 +67,13 @@ TEST_F(SettingsTest, NamesNoMacElsewhere)
     }
 }
 
+TEST_F(SettingsTest, UpdatesAreInstalledByThemselvesOnAMacOnly)
+{
+    EXPECT_EQ(presenter.installsText(), QStringLiteral("Download updates automatically"));
+    fake.becomeMac();
+    EXPECT_EQ(presenter.installsText(), QStringLiteral("Download and install updates automatically"));
+}
+
 TEST_F(SettingsTest, SaysWhetherTheAccessIsGrantedWhenTheWindowComesIntoSight)
 {
     fake.becomeMac();

@@ -24,13 +24,13 @@ SettingsSection {
     }
     SettingsRow {
         width: parent.width
-        label: qsTr("Download and install updates automatically")
+        label: section.settings.installsText
         ruled: true
         visible: section.settings.canUpdate
 
         ToggleSwitch {
             objectName: "settings.installs"
-            accessibleName: qsTr("Download and install updates automatically")
+            accessibleName: section.settings.installsText
             checked: section.settings.installsAutomatically
             onToggled: section.settings.installsAutomatically = checked
         }

@@ -31,6 +31,11 @@ void SettingsPresenter::setVisible(bool visible)
 
 // --- Updates
 
+QString SettingsPresenter::installsText() const
+{
+    return displayText(m_store.words().automaticUpdates);
+}
+
 QString SettingsPresenter::versionText() const
 {
     return QStringLiteral("Version ") + AppInfo::version();

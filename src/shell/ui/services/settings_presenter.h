@@ -24,6 +24,7 @@ class SettingsPresenter : public QObject {
     Q_PROPERTY(bool checksAutomatically READ checksAutomatically WRITE setChecksAutomatically NOTIFY updatesChanged)
     Q_PROPERTY(
         bool installsAutomatically READ installsAutomatically WRITE setInstallsAutomatically NOTIFY updatesChanged)
+    Q_PROPERTY(QString installsText READ installsText CONSTANT)
     Q_PROPERTY(QString versionText READ versionText CONSTANT)
     Q_PROPERTY(QStringList crashChoices READ crashChoices CONSTANT)
     Q_PROPERTY(int crashChoice READ crashChoice WRITE setCrashChoice NOTIFY crashChoiceChanged)
@@ -46,6 +47,8 @@ public:
     void setChecksAutomatically(bool automatically) { m_updater.setAutomaticallyChecksForUpdates(automatically); }
     [[nodiscard]] bool installsAutomatically() const { return m_updater.automaticallyDownloadsUpdates(); }
     void setInstallsAutomatically(bool automatically) { m_updater.setAutomaticallyDownloadsUpdates(automatically); }
+    /// The label of that setting. Only a Mac's updates are installed as well.
+    [[nodiscard]] QString installsText() const;
     /// "Version 1.2.0"
     [[nodiscard]] QString versionText() const;
 
