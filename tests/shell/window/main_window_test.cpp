@@ -511,6 +511,17 @@ TEST_F(MainWindowTest, ChoosingAFolderOpensTheDialog)
     EXPECT_EQ(dialog->property("acceptLabel").toString(), "Scan");
 }
 
+TEST_F(MainWindowTest, TheScreensStandTogetherInTheMenu)
+{
+    click("appMenuButton");
+    ASSERT_TRUE(waitForItem("appMenu.show2"));
+    window->grabWindow(); // forces layout
+    const auto top = [this](const char *name) { return item(name)->mapToScene(QPointF()).y(); };
+    EXPECT_LT(top("appMenu.forward"), top("appMenu.show1"));
+    EXPECT_EQ(top("appMenu.show1") + item("appMenu.show1")->height(), top("appMenu.show2"));
+    EXPECT_LT(top("appMenu.show2"), top("appMenu.settings"));
+}
+
 TEST_F(MainWindowTest, WithoutAFolderDialogAToastNamesTheOtherWays)
 {
     NoFolderDialog missing;

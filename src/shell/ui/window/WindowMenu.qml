@@ -15,7 +15,8 @@ AppMenu {
     /// Whether it was opened by keyboard, in which case the first command is highlighted.
     property bool byKeyboard: false
 
-    readonly property int screensAt: 12
+    /// The place after the separator.
+    readonly property int screensAt: aboveScreens.ObjectModel.index + 1
 
     onOpened: currentIndex = byKeyboard ? 0 : -1
 
@@ -57,7 +58,9 @@ AppMenu {
         objectName: "appMenu.forward"
         action: menu.actions.forward
     }
-    AppMenuSeparator {}
+    AppMenuSeparator {
+        id: aboveScreens
+    }
     AppMenuSeparator {}
     AppMenuItem {
         objectName: "appMenu.settings"
