@@ -7,8 +7,8 @@
 
 #include <fmt/format.h>
 
-#include "cli/path_argument.h"
 #include "core/nearest_name.h"
+#include "core/path_argument.h"
 
 namespace corvane {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "cli/path_argument.h"
+#include "core/path_argument.h"
 
 namespace corvane {
 

@@ -10,9 +10,9 @@
 
 #include "cli/folder_scan.h"
 #include "cli/json_writer.h"
-#include "cli/path_argument.h"
 #include "cli/scan_report.h"
 #include "cli/table.h"
+#include "core/path_argument.h"
 #include "core/path_guard.h"
 #include "core/systems/disk_table.h"
 #include "core/words/display_text.h"

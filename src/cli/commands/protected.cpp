@@ -1,7 +1,7 @@
 #include "cli/commands/commands.h"
 
 #include "cli/json_writer.h"
-#include "cli/path_argument.h"
+#include "core/path_argument.h"
 #include "core/path_guard.h"
 #include "core/second_paths.h"
 #include "core/words/display_text.h"

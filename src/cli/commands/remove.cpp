@@ -10,10 +10,10 @@
 
 #include "cli/commands/removal_question.h"
 #include "cli/json_writer.h"
-#include "cli/path_argument.h"
 #include "cli/scan_watch.h"
 #include "cli/watch.h"
 #include "core/allocated_size.h"
+#include "core/path_argument.h"
 #include "core/removal.h"
 #include "core/scan_words.h"
 #include "core/scanner.h"

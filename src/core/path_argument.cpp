@@ -1,4 +1,4 @@
-#include "cli/path_argument.h"
+#include "core/path_argument.h"
 
 #include <filesystem>
 #include <system_error>
