@@ -24,6 +24,8 @@ namespace {
 
 using corvane::CommandLine;
 
+constexpr int wrongArguments = 2; // the exit status
+
 CommandLine commandLine(int argc, char **argv)
 {
     const std::vector<std::string_view> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
@@ -43,56 +45,69 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString
     std::_Exit(EXIT_FAILURE);
 }
 
+/// Prints what the arguments request without a window, or what is wrong with them.
+/// @return the exit status; nullopt if the window is requested
+std::optional<int> answeredInTerminal(const CommandLine &line)
+{
+    switch (line.request) {
+    case CommandLine::Request::help: {
+        const std::string_view help = CommandLine::helpText();
+        std::fwrite(help.data(), 1, help.size(), stdout);
+        return EXIT_SUCCESS;
+    }
+    case CommandLine::Request::version:
+        std::puts("corvane " CORVANE_VERSION);
+        return EXIT_SUCCESS;
+    case CommandLine::Request::wrong:
+        std::fprintf(stderr, "corvane: %s (see corvane --help)\n", corvane::displayUtf8(line.error).c_str());
+        return wrongArguments;
+    case CommandLine::Request::window:
+        break;
+    }
+    return std::nullopt;
+}
+
+/// The path of the folder to scan at the start; empty if none is given.
+corvane::Judged<std::string> folderToScan(const CommandLine &line)
+{
+    return line.folder.empty() ? std::string() : corvane::folderArgument(line.folder, corvane::systemHost().files);
+}
+
+void nameApplication()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
+    QCoreApplication::setOrganizationDomain(QStringLiteral("corvane.app"));
+    QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(CORVANE_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral(CORVANE_APP_ID));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     // Check the arguments before Qt, which ends the program where there is no display.
     const CommandLine line = commandLine(argc, argv);
-    if (line.request == CommandLine::Request::help) {
-        const std::string_view help = CommandLine::helpText();
-        std::fwrite(help.data(), 1, help.size(), stdout);
-        return EXIT_SUCCESS;
-    }
-    if (line.request == CommandLine::Request::version) {
-        std::puts("corvane " CORVANE_VERSION);
-        return EXIT_SUCCESS;
-    }
-    if (line.request == CommandLine::Request::wrong) {
-        std::fprintf(stderr, "corvane: %s (see corvane --help)\n", corvane::displayUtf8(line.error).c_str());
-        return 2;
-    }
+    if (const std::optional<int> status = answeredInTerminal(line))
+        return *status;
 
     const std::optional<std::string> refusedHome = corvane::settleEnvironment();
     const corvane::DesktopStart desktop = corvane::desktopStart();
     corvane::installCrashHandler({corvane::AppInfo::version().toStdString(), corvane::AppInfo::build().toStdString()});
 
-    corvane::StartRequest start{.folder = {}, .activationToken = desktop.activationToken};
-    std::string refusedFolder;
-    if (!line.folder.empty()) {
-        const corvane::Judged<std::string> judged = corvane::folderArgument(line.folder, corvane::systemHost().files);
-        if (!judged && !desktop.isOne) {
-            std::fprintf(stderr, "corvane: %s\n", corvane::displayUtf8(judged.error()).c_str());
-            return 2;
-        }
-        if (judged)
-            start.folder = *judged;
-        else
-            refusedFolder = judged.error();
+    const corvane::Judged<std::string> folder = folderToScan(line);
+    if (!folder && !desktop.isOne) {
+        std::fprintf(stderr, "corvane: %s\n", corvane::displayUtf8(folder.error()).c_str());
+        return wrongArguments;
     }
 
-    QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
-    QCoreApplication::setOrganizationDomain(QStringLiteral("corvane.app"));
-    QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(CORVANE_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral(CORVANE_APP_ID));
+    nameApplication();
     QQuickStyle::setStyle(QStringLiteral("Basic"));
-
     const QtMessageHandler handler = qInstallMessageHandler(endWithoutDisplay);
     const QGuiApplication application(argc, argv);
     qInstallMessageHandler(handler);
 
-    if (refusedFolder.empty() && corvane::RunningProgram::handOver(start))
+    if (folder && corvane::RunningProgram::handOver({*folder, desktop.activationToken}))
         return EXIT_SUCCESS;
     QLocale::setDefault(corvane::dateLocale());
 
@@ -103,11 +118,11 @@ int main(int argc, char **argv)
     const corvane::RunningProgram running(answer);
     corvane::FolderOpener opener(answer);
     QCoreApplication::instance()->installEventFilter(&opener);
-    for (const std::string &refused : {refusedHome.value_or(""), refusedFolder}) {
-        if (!refused.empty())
-            program.store().showToast(refused, true);
-    }
-    if (!start.folder.empty())
-        program.store().scan(start.folder);
+    if (refusedHome)
+        program.store().showToast(*refusedHome, true);
+    if (!folder)
+        program.store().showToast(folder.error(), true);
+    else if (!folder->empty())
+        program.store().scan(*folder);
     return QGuiApplication::exec();
 }
