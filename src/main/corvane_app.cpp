@@ -19,12 +19,14 @@ namespace corvane {
 
 namespace {
 
-// By default Qt calls abort() if the graphics driver provides nothing to draw with.
+// By default Qt calls abort() if the graphics driver provides nothing to draw with. Ends without destructors, because
+// threads of the engine may be at work.
 void endWithoutGraphics(QQuickWindow::SceneGraphError, const QString &message)
 {
     std::fprintf(stderr, "corvane: %s; QT_QUICK_BACKEND=software draws without the graphics driver\n",
                  qPrintable(message.simplified()));
-    std::exit(EXIT_FAILURE);
+    std::fflush(nullptr);
+    std::_Exit(EXIT_FAILURE);
 }
 
 } // namespace
