@@ -23,7 +23,7 @@ UserDefaults::UserDefaults(std::unique_ptr<QSettings> settings, QObject *parent)
 
 bool UserDefaults::didOnboard() const
 {
-    return flag(didOnboardKey, false);
+    return flag(didOnboardKey);
 }
 
 void UserDefaults::setDidOnboard(bool did)
@@ -63,15 +63,11 @@ void UserDefaults::setCrashReportLastCheck(const QDateTime &when)
     setMoment(lastCheckKey, when);
 }
 
-bool UserDefaults::flag(const QString &key, bool fallback) const
+bool UserDefaults::flag(const QString &key) const
 {
     // Settings files store text; a property list returns real booleans.
     const QString text = m_settings->value(key).toString();
-    if (text == QLatin1String("true") || text == QLatin1String("1"))
-        return true;
-    if (text == QLatin1String("false") || text == QLatin1String("0"))
-        return false;
-    return fallback;
+    return text == QLatin1String("true") || text == QLatin1String("1");
 }
 
 void UserDefaults::setFlag(const QString &key, bool value)

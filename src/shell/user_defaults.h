@@ -39,8 +39,8 @@ public:
     [[nodiscard]] std::optional<QDateTime> crashReportLastCheck() const;
     void setCrashReportLastCheck(const QDateTime &when);
 
-    /// A boolean under a key that another part of the program owns.
-    [[nodiscard]] bool flag(const QString &key, bool fallback) const;
+    /// A boolean under a key that another part of the program owns; false by default.
+    [[nodiscard]] bool flag(const QString &key) const;
     void setFlag(const QString &key, bool value);
     /// A date and time under such a key; nullopt if it is not set.
     [[nodiscard]] std::optional<QDateTime> moment(const QString &key) const;

@@ -43,8 +43,7 @@ TEST_F(UserDefaultsTest, NothingSetReadsAsTheDefaults)
     EXPECT_FALSE(defaults.didOnboard());
     EXPECT_EQ(defaults.crashReportMode(), Mode::ask);
     EXPECT_EQ(defaults.crashReportLastCheck(), std::nullopt);
-    EXPECT_TRUE(defaults.flag(QStringLiteral("another"), true));
-    EXPECT_FALSE(defaults.flag(QStringLiteral("another"), false));
+    EXPECT_FALSE(defaults.flag(QStringLiteral("another")));
     EXPECT_EQ(defaults.moment(QStringLiteral("another")), std::nullopt);
     EXPECT_FALSE(folder.has("Corvane")) << "reading writes nothing";
 }

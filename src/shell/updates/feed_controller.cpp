@@ -75,7 +75,7 @@ void FeedController::checkIfDue()
 
 bool FeedController::automaticallyChecksForUpdates() const
 {
-    return m_defaults.flag(checksKey, false);
+    return m_defaults.flag(checksKey);
 }
 
 void FeedController::setAutomaticallyChecksForUpdates(bool automatically)
@@ -86,7 +86,7 @@ void FeedController::setAutomaticallyChecksForUpdates(bool automatically)
 
 bool FeedController::automaticallyDownloadsUpdates() const
 {
-    return m_defaults.flag(downloadsKey, false);
+    return m_defaults.flag(downloadsKey);
 }
 
 void FeedController::setAutomaticallyDownloadsUpdates(bool automatically)
