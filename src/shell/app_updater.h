@@ -14,11 +14,6 @@ namespace corvane {
 class AppUpdater : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates NOTIFY canCheckForUpdatesChanged)
-    Q_PROPERTY(bool isConfigured READ isConfigured CONSTANT)
-    Q_PROPERTY(bool automaticallyChecksForUpdates READ automaticallyChecksForUpdates WRITE
-                   setAutomaticallyChecksForUpdates NOTIFY settingsChanged)
-    Q_PROPERTY(bool automaticallyDownloadsUpdates READ automaticallyDownloadsUpdates WRITE
-                   setAutomaticallyDownloadsUpdates NOTIFY settingsChanged)
 
 public:
     /// Whether updates work with this public key and feed address: both must be set, and the key must not be the

@@ -17,7 +17,7 @@ TEST_F(ServicesRegistrationTest, QmlSeesTheServicesThatWereSet)
     defaults.setDidOnboard(true);
     const QuickScene scene("property bool did: Services.defaults.didOnboard\n"
                            "property bool asks: Services.crashReporter.showPrompt\n"
-                           "property bool updates: Services.updater.isConfigured");
+                           "property bool updates: Services.updater.canCheckForUpdates");
     ASSERT_TRUE(scene.isShown()) << qPrintable(scene.errors());
     EXPECT_TRUE(scene.window()->property("did").toBool());
     EXPECT_FALSE(scene.window()->property("asks").toBool());
