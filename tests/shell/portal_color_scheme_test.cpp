@@ -53,26 +53,26 @@ TEST_F(PortalColorSchemeTest, AnswersWhatThePortalSaysAndFollowsItsChanges)
     portal.scheme = preferDark;
     const std::unique_ptr<ColorSchemeSetting> setting = systemColorSchemeSetting();
     ASSERT_NE(setting, nullptr);
-    EXPECT_FALSE(setting->prefersDark().has_value());
+    EXPECT_EQ(setting->scheme(), ColorScheme::noPreference);
     QSignalSpy changed(setting.get(), &ColorSchemeSetting::changed);
 
-    ASSERT_TRUE(QTest::qWaitFor([&] { return setting->prefersDark() == true; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return setting->scheme() == ColorScheme::dark; }));
     EXPECT_EQ(changed.count(), 1);
 
     emit portal.SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
                                QDBusVariant(preferLight));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return setting->prefersDark() == false; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return setting->scheme() == ColorScheme::light; }));
 
     emit portal.SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
                                QDBusVariant(noPreference));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !setting->prefersDark().has_value(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return setting->scheme() == ColorScheme::noPreference; }));
     EXPECT_EQ(changed.count(), 3);
 
     // Another setting with such a value is ignored.
     emit portal.SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("contrast"),
                                QDBusVariant(preferDark));
     QTest::qWait(50);
-    EXPECT_FALSE(setting->prefersDark().has_value());
+    EXPECT_EQ(setting->scheme(), ColorScheme::noPreference);
 }
 
 TEST(ColorSchemeSetting, WithoutASessionBusThereIsNone)

@@ -21,15 +21,15 @@ namespace {
 
 class FakeSetting : public ColorSchemeSetting {
 public:
-    [[nodiscard]] std::optional<bool> prefersDark() const override { return m_prefersDark; }
-    void set(std::optional<bool> prefersDark)
+    [[nodiscard]] ColorScheme scheme() const override { return m_scheme; }
+    void set(ColorScheme scheme)
     {
-        m_prefersDark = prefersDark;
+        m_scheme = scheme;
         emit changed();
     }
 
 private:
-    std::optional<bool> m_prefersDark;
+    ColorScheme m_scheme = ColorScheme::noPreference;
 };
 
 /// Sets a light palette before and after each test.
@@ -80,12 +80,17 @@ TEST_F(ThemeTest, DesktopsOwnSettingOutweighsThePalette)
     const Theme theme(desktop, std::move(setting));
     EXPECT_FALSE(theme.isDark());
 
-    handle.set(true);
+    handle.set(ColorScheme::dark);
     EXPECT_TRUE(theme.isDark());
     setWindowColor(QColor(250, 250, 250));
     EXPECT_TRUE(theme.isDark());
 
-    handle.set(std::nullopt);
+    handle.set(ColorScheme::noPreference);
+    EXPECT_FALSE(theme.isDark());
+
+    setWindowColor(QColor(30, 30, 30));
+    EXPECT_TRUE(theme.isDark());
+    handle.set(ColorScheme::light);
     EXPECT_FALSE(theme.isDark());
 }
 

@@ -1,19 +1,20 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 
 #include <QObject>
 
 namespace corvane {
+
+enum class ColorScheme { noPreference, light, dark };
 
 /// The desktop's light or dark setting, on desktops that store it separately from the palette. Main thread only.
 class ColorSchemeSetting : public QObject {
     Q_OBJECT
 
 public:
-    /// nullopt if the desktop has no preference, or has not answered yet.
-    [[nodiscard]] virtual std::optional<bool> prefersDark() const = 0;
+    /// No preference until the desktop has answered.
+    [[nodiscard]] virtual ColorScheme scheme() const = 0;
 
 signals:
     void changed();

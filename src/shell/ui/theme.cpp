@@ -20,6 +20,20 @@ namespace {
 /// Body text is set slightly tighter than the font's own spacing; a fraction of its size.
 constexpr double tracking = -0.003;
 
+/// The desktop's setting; without one, the palette's.
+bool systemIsDark(const ColorSchemeSetting *setting)
+{
+    switch (setting != nullptr ? setting->scheme() : ColorScheme::noPreference) {
+    case ColorScheme::light:
+        return false;
+    case ColorScheme::dark:
+        return true;
+    case ColorScheme::noPreference:
+        break;
+    }
+    return QGuiApplication::palette().window().color().lightnessF() < 0.5f;
+}
+
 } // namespace
 
 Theme::Theme(Desktop &desktop, std::unique_ptr<ColorSchemeSetting> setting)
@@ -61,9 +75,7 @@ bool Theme::eventFilter(QObject *watched, QEvent *event)
 
 void Theme::followSystem()
 {
-    const std::optional<bool> setting = m_setting ? m_setting->prefersDark() : std::nullopt;
-    const bool dark =
-        m_darkIsFixed ? m_dark : setting.value_or(QGuiApplication::palette().window().color().lightnessF() < 0.5f);
+    const bool dark = m_darkIsFixed ? m_dark : systemIsDark(m_setting.get());
     const bool reduced = m_reducedMotionIsFixed ? m_reducedMotion : m_desktop.prefersReducedMotion();
     if (dark == m_dark && reduced == m_reducedMotion)
         return;

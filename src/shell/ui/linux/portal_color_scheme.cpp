@@ -49,7 +49,7 @@ public:
         });
     }
 
-    [[nodiscard]] std::optional<bool> prefersDark() const override { return m_prefersDark; }
+    [[nodiscard]] ColorScheme scheme() const override { return m_scheme; }
 
 private slots:
     void onSettingChanged(const QString &group, const QString &key, const QDBusVariant &value)
@@ -62,17 +62,17 @@ private:
     void take(const QVariant &value)
     {
         // 1 is dark, 2 is light, 0 and anything later is no preference.
-        const uint scheme = unwrapped(value).toUInt();
-        const std::optional<bool> prefersDark = scheme == 1   ? std::optional(true)
-                                                : scheme == 2 ? std::optional(false)
-                                                              : std::nullopt;
-        if (prefersDark == m_prefersDark)
+        const uint number = unwrapped(value).toUInt();
+        const ColorScheme scheme = number == 1   ? ColorScheme::dark
+                                   : number == 2 ? ColorScheme::light
+                                                 : ColorScheme::noPreference;
+        if (scheme == m_scheme)
             return;
-        m_prefersDark = prefersDark;
+        m_scheme = scheme;
         emit changed();
     }
 
-    std::optional<bool> m_prefersDark;
+    ColorScheme m_scheme = ColorScheme::noPreference;
 };
 
 } // namespace
