@@ -2,12 +2,7 @@
 
 #include <utility>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <QNetworkAccessManager>
-
-#include "platform/failure.h"
 
 namespace corvane {
 
@@ -21,18 +16,12 @@ bool isUnderWay(Phase phase)
     return phase == Phase::checking || phase == Phase::downloading || phase == Phase::verifying;
 }
 
-qint64 lengthOf(const FileDescriptor &file)
-{
-    struct stat facts {};
-    return ::fstat(file.number(), &facts) == 0 ? static_cast<qint64>(facts.st_size) : -1;
-}
-
 // A file that could be the download, by its length. The signature of a larger one is not checked, which could take
 // hours.
 bool hasLength(const FileDescriptor &file, std::optional<qint64> stated, qint64 most)
 {
-    const qint64 length = lengthOf(file);
-    return stated ? length == *stated : length <= most;
+    const auto length = lengthOf(file);
+    return length && (stated ? *length == *stated : *length <= most);
 }
 
 } // namespace
@@ -176,7 +165,7 @@ void FeedSession::startTransfer()
 
 std::optional<UpdateFailure> FeedSession::write(QByteArrayView bytes)
 {
-    if (const auto written = writeBytes(*m_file, bytes); !written)
+    if (const auto written = writeBytes(*m_file, {bytes.data(), static_cast<std::size_t>(bytes.size())}); !written)
         return UpdateFailure::ofWriting(written.error());
     m_state.received += bytes.size();
     if (!m_progress.isActive())
@@ -200,9 +189,11 @@ void FeedSession::verify()
     changeTo(Phase::verifying);
     m_verification.start(
         [file = m_file, key = *m_key, signature = m_update->signature, isNew = !m_isFromEarlier](const StopFlag &) {
-            // A disk that is full may say so only now.
-            if (isNew && ::fsync(file->number()) != 0)
-                return Verdict{failure("write", {})};
+            // A full disk may be reported only now.
+            if (isNew) {
+                if (const auto flushed = flushToDisk(*file); !flushed)
+                    return Verdict{tl::unexpected(flushed.error())};
+            }
             return Verdict{key.verifiesFile(file->number(), signature)};
         });
 }
@@ -223,7 +214,7 @@ void FeedSession::takeVerdict(const Verdict &verdict)
             return;
         }
     }
-    m_state.size = lengthOf(*m_file);
+    m_state.size = lengthOf(*m_file).value_or(-1);
     m_state.received = m_state.size;
     m_state.path = m_folder->path() + "/" + m_name;
     m_state.isPackage = UpdateName::isPackage(m_name);

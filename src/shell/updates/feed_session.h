@@ -17,9 +17,9 @@
 
 namespace corvane {
 
-/// Updates from a feed over https: the newest version that is signed with the build's key, downloaded to a private
-/// folder of the user's and verified there before it is offered. Nothing is ever run. Main thread only; verifying has a
-/// thread of its own.
+/// Reads a feed over https, finds the newest version, downloads it to a private folder, and verifies its signature with
+/// the build's key before the user can open it. Never runs what it downloads. Main thread only; the signature is
+/// verified on a separate thread.
 class FeedSession final : public UpdateSession {
     Q_OBJECT
 
@@ -27,26 +27,27 @@ public:
     struct Options {
         QUrl feed;
         QString publicKey; ///< base64
-        QString version;   ///< of the running program, as it is shown
-        QString build;     ///< of the running program
+        QString version;   ///< of the running program, for the user
+        QString build;     ///< of the running program, for comparison with the feed
         UpdateSystem system = UpdateSystem::ofThisMachine();
-        std::string caches;                                           ///< the user's folder of caches
-        qint64 mostBytes = 1'000'000'000;                             ///< of a download
-        std::chrono::milliseconds timeout = std::chrono::seconds(60); ///< without a byte
-        QNetworkAccessManager *network = nullptr; ///< outlives the session; one of its own by default
+        std::string caches;                                           ///< the user's cache folder
+        qint64 mostBytes = 1'000'000'000;                             ///< the maximum size of a download
+        std::chrono::milliseconds timeout = std::chrono::seconds(60); ///< the limit for a pause in a transfer
+        QNetworkAccessManager *network = nullptr; ///< must outlive the session; it creates its own by default
     };
 
-    /// Who started it: a check of the user shows everything, an automatic one only what it finds.
+    /// Who started a check. The user sees each step of their own check, but only the outcome of a scheduled one that
+    /// found an update.
     enum class Origin { user, schedule };
-    /// What becomes of a new version.
+    /// What to do with a new version.
     enum class OnUpdate { offer, download };
 
     explicit FeedSession(Options options, QObject *parent = nullptr);
     ~FeedSession() override;
 
-    /// Nothing while a check or a download is under way.
+    /// Does nothing while a check or a download is under way.
     void check(Origin origin, OnUpdate onUpdate);
-    /// The user is to see what is under way.
+    /// Shows the user the check or download that is under way.
     void show();
 
     [[nodiscard]] const UpdateState &state() const override { return m_state; }
@@ -74,7 +75,7 @@ private:
     const Options m_options;
     UpdateState m_state;
     OnUpdate m_onUpdate = OnUpdate::offer;
-    std::unique_ptr<QNetworkAccessManager> m_ownNetwork; // made with the first check
+    std::unique_ptr<QNetworkAccessManager> m_ownNetwork; // null before the first check
     std::unique_ptr<HttpsFetch> m_fetch;
     QByteArray m_feed;
     std::optional<AppcastItem> m_update;
@@ -82,8 +83,8 @@ private:
     std::optional<UpdateFolder> m_folder; // held from the start of a download to its end
     std::string m_name;                   // of the download
     std::shared_ptr<FileDescriptor> m_file;
-    bool m_isFromEarlier = false; // the file that is being verified was there already
-    QTimer m_progress;            // runs from bytes that have arrived until that is told
+    bool m_isFromEarlier = false; // the file to verify is left from an earlier download
+    QTimer m_progress;            // delays `stateChanged`, which is emitted once for all bytes of an interval
     LatestJob<Verdict> m_verification;
 };
 

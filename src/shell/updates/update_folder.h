@@ -1,58 +1,53 @@
 #pragma once
 
-#include <span>
 #include <string>
 
-#include <QByteArrayView>
 #include <QString>
 #include <QUrl>
 
-#include "platform/error.h"
-#include "platform/file_descriptor.h"
+#include "platform/private_folder.h"
 
 namespace corvane {
 
-/// The name of a downloaded update, made of its version and, where it is that of a known kind of package, the extension
-/// of its address. It names one plain visible item whatever either says.
+/// The file name of a downloaded update: its version, and the extension of its address if that belongs to a known kind
+/// of package. Always the name of a single visible item, whatever the feed contains.
 struct UpdateName {
     [[nodiscard]] static std::string of(const QString &version, const QUrl &download);
 
-    /// Whether it is a name that `of` makes, or that of a download under way to it.
+    /// Whether `of` makes this name, or it is that of a partial download.
     [[nodiscard]] static bool isOurs(const std::string &name);
 
-    /// Whether it is a package that the system installs by itself once its user opens it.
+    /// Whether the system's installer can open the file.
     [[nodiscard]] static bool isPackage(const std::string &name);
 };
 
-/// The private folder that updates are downloaded to, corvane/updates in the user's folder of caches, held for one
-/// process as long as this lives. Links in it are never followed. Main thread only.
+/// The private folder that updates are downloaded to: corvane/updates in the user's cache folder. One process holds it
+/// as long as this object lives. Main thread only.
 class UpdateFolder {
 public:
-    /// Makes the folder where it is not there. Fails with `std::errc::resource_unavailable_try_again` while another
+    /// Creates the folder if it is missing. Fails with `std::errc::resource_unavailable_try_again` while another
     /// process holds it.
     [[nodiscard]] static Expected<UpdateFolder> open(const std::string &caches);
 
-    [[nodiscard]] const std::string &path() const { return m_path; }
+    [[nodiscard]] const std::string &path() const { return m_folder.path(); }
 
-    /// An empty file that is being downloaded to become `name`; what an earlier download left of it is deleted.
+    /// Creates an empty file for the download, with a name for partial downloads. Deletes one that an earlier download
+    /// left.
     [[nodiscard]] Expected<FileDescriptor> startDownload(const std::string &name) const;
-    /// A whole download of that name from earlier.
+    /// Opens a complete download of that name.
     [[nodiscard]] Expected<FileDescriptor> finished(const std::string &name) const;
-    /// Gives the file that `startDownload` opened its own name; the other downloads are deleted.
+    /// Gives the file of `startDownload` its final name, and deletes all other downloads. Fails if another file has
+    /// taken its place.
     [[nodiscard]] Expected<void> finishDownload(const std::string &name, const FileDescriptor &file) const;
-    /// Deletes the file that `startDownload` made.
+    /// Deletes the partial download.
     void abandonDownload(const std::string &name) const;
 
 private:
-    UpdateFolder(FileDescriptor folder, std::string path) : m_folder(std::move(folder)), m_path(std::move(path)) {}
+    explicit UpdateFolder(PrivateFolder folder) : m_folder(std::move(folder)) {}
 
     void removeOthers(const std::string &name) const;
 
-    FileDescriptor m_folder;
-    std::string m_path;
+    PrivateFolder m_folder;
 };
-
-/// Writes all of it.
-[[nodiscard]] Expected<void> writeBytes(const FileDescriptor &file, QByteArrayView bytes);
 
 } // namespace corvane

@@ -181,15 +181,5 @@ TEST_F(UpdateDownloads, OnlyARegularFileIsAFinishedOne)
     EXPECT_TRUE(folder.finished("Corvane-3.deb"));
 }
 
-TEST_F(UpdateDownloads, FullDiskIsReported)
-{
-    const FileDescriptor full(::open("/dev/full", O_WRONLY));
-    if (!full.isOpen())
-        GTEST_SKIP() << "there is no /dev/full here";
-    const auto written = writeBytes(full, "one");
-    ASSERT_FALSE(written);
-    EXPECT_EQ(written.error().code, std::errc::no_space_on_device);
-}
-
 } // namespace
 } // namespace corvane
