@@ -270,28 +270,28 @@ public:
     METRIC(int, pillDelayDuration, 80)
     METRIC(int, tipDelayDuration, 600)
 
-    /// Follows the application's palette and, where there is one, the desktop's own setting of light and dark;
-    /// asks `desktop` about movement. Tests make their own; everything else takes the instance.
+    /// Follows the desktop's light or dark setting, or the application's palette if `setting` is null or has no
+    /// preference. `desktop` tells whether motion is reduced. For tests; everything else uses `instance`.
     Theme(Desktop &desktop, std::unique_ptr<ColorSchemeSetting> setting);
     ~Theme() override;
 
     static Theme *create(QQmlEngine *, QJSEngine *);
-    /// Made on first use, from the system that the program runs on; needs a QGuiApplication.
+    /// Created on first use for the current system; requires a QGuiApplication.
     static Theme *instance();
 
     [[nodiscard]] bool isDark() const { return m_dark; }
     [[nodiscard]] bool reducedMotion() const { return m_reducedMotion; }
-    /// Overrides what the system says from now on, for tests and pictures.
+    /// Override the system's settings from now on; for tests and screenshots.
     void setDark(bool dark);
     void setReducedMotion(bool reduced);
-    /// A movement's duration: as given, or 0 under reduced motion.
+    /// The duration of an animation: `duration`, or 0 if motion is reduced.
     Q_INVOKABLE [[nodiscard]] int motion(int duration) const { return m_reducedMotion ? 0 : duration; }
 
-    /// The ground of a solid badge: the colour, darkened in steps of 2 % until white stands out by 3.1 : 1.
+    /// The background of a solid badge: the colour, darkened in steps of 2 % until white has a contrast of 3.1 : 1.
     Q_INVOKABLE [[nodiscard]] QColor solidFill(const QColor &color) const;
     /// The colour with another opacity, from 0 to 1.
     Q_INVOKABLE [[nodiscard]] QColor withAlpha(const QColor &color, double alpha) const;
-    /// The font for text that holds emoji; see `fontWithEmoji`.
+    /// The font for text that contains emoji; see `fontWithEmoji`.
     Q_INVOKABLE [[nodiscard]] QFont withEmoji(const QFont &font) const;
 
 signals:
@@ -301,14 +301,14 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// Opacity from 0 to 1.
+    /// `alpha` is the opacity, from 0 to 1.
     [[nodiscard]] static QColor translucent(int red, int green, int blue, double alpha);
-    /// What two translucent colours, one over the other, come to.
+    /// The translucent colour that equals one translucent colour over another.
     [[nodiscard]] static QColor overlaid(const QColor &above, const QColor &below);
-    /// One colour at two coats: what covers a ground that the colour covers already.
+    /// A translucent colour over itself.
     [[nodiscard]] static QColor twice(const QColor &color) { return overlaid(color, color); }
     [[nodiscard]] static QColor darkened(const QColor &color, float share);
-    /// Of ordinary text, in pixels; without a letter spacing it has the usual one.
+    /// The font of ordinary text. Without `letterSpacing`, in pixels, it has the usual spacing.
     [[nodiscard]] static QFont font(int pixelSize, QFont::Weight weight, Figures figures = Figures::proportional,
                                     std::optional<double> letterSpacing = std::nullopt);
     [[nodiscard]] static QFont sized(QFont font, int pixelSize, QFont::Weight weight, double letterSpacing);
