@@ -1,22 +1,9 @@
-#include <functional>
 #include <future>
-#include <memory>
-
-#include <gtest/gtest.h>
 
 #include <QMimeData>
 #include <QQmlAbstractUrlInterceptor>
-#include <QQmlComponent>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickWindow>
-#include <QTest>
 
-#include "shell/app_info.h"
-#include "shell/fake_services.h"
-#include "shell/ui/shell_ui.h"
-#include "shell/ui/theme.h"
-#include "shell/window/fake_store.h"
+#include "shell/window/main_window_scene.h"
 
 namespace corvane {
 namespace {
@@ -24,126 +11,12 @@ namespace {
 using Item = StorageStore::SidebarItem;
 using Phase = StorageStore::Phase;
 
-constexpr auto source = R"(
-    import QtQuick
-    import Corvane.Shell
-    import Corvane.Window
-
-    MainWindow {
-        id: window
-        property int made: 0
-        function count() { ++made; }
-        screens: SidebarModel {
-            WindowScreen {
-                item: Store.SidebarItem.explorer
-                Item {
-                    objectName: "mapScreen"
-                    Component.onCompleted: window.count()
-                    ScanToolbar { anchors.right: parent.right }
-                }
-            }
-            WindowScreen {
-                item: Store.SidebarItem.cleanup
-                Item { objectName: "cleanupScreen" }
-            }
-        }
-    })";
-
 /// An installation without the file of Qt's folder dialog.
 class NoFolderDialog final : public QQmlAbstractUrlInterceptor {
 public:
     QUrl intercept(const QUrl &url, DataType) override
     {
         return url.fileName() == QLatin1String("QtFolderDialog.qml") ? QUrl(QStringLiteral("qrc:/missing.qml")) : url;
-    }
-};
-
-/// The whole window with two fake screens: one that needs a scan and one that does not.
-class MainWindowTest : public testing::Test {
-protected:
-    MainWindowTest()
-    {
-        services.defaults.setDidOnboard(true);
-        setUpShell(engine);
-        Theme::instance()->setReducedMotion(true); // nothing moves while it is clicked
-        QQmlComponent component(&engine);
-        component.setData(source, QUrl(QStringLiteral("qrc:/scene.qml")));
-        window.reset(qobject_cast<QQuickWindow *>(component.create()));
-        errors = component.errorString();
-    }
-    ~MainWindowTest() override { fake.gate.setShut(false); }
-
-    void SetUp() override
-    {
-        ASSERT_NE(window, nullptr) << qPrintable(errors);
-        window->show();
-        window->requestActivate();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    }
-
-    /// The visible item with this objectName; null if it is hidden.
-    QQuickItem *item(const char *name) const { return find(window->contentItem(), QLatin1String(name)); }
-    QObject *object(const char *name) const { return window->findChild<QObject *>(QLatin1String(name)); }
-    bool isOpen(const char *sheet) const
-    {
-        const QObject *const made = object(sheet);
-        return made != nullptr && made->property("opened").toBool();
-    }
-    bool isVisible(const char *sheet) const { return object(sheet)->property("visible").toBool(); }
-
-    bool waitFor(const std::function<bool()> &condition) const { return QTest::qWaitFor(condition, 10'000); }
-    bool waitForItem(const char *name) const
-    {
-        return waitFor([&] { return item(name) != nullptr; });
-    }
-
-    void click(const char *name)
-    {
-        ASSERT_TRUE(waitForItem(name)) << name;
-        window->grabWindow(); // forces layout
-        QQuickItem *target = item(name);
-        const QPointF centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
-        QTest::mouseClick(window.get(), Qt::LeftButton, Qt::NoModifier, centre.toPoint());
-    }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(window.get(), key, modifiers);
-    }
-    void scan()
-    {
-        fake.store.scanHome();
-        ASSERT_TRUE(waitFor([this] { return fake.store.phase() == Phase::ready; }));
-    }
-    void openReview()
-    {
-        click("reviewButton");
-        ASSERT_TRUE(waitFor([this] { return isOpen("reviewSheet"); }));
-    }
-    void openConfirmation()
-    {
-        openReview();
-        click("reviewSheet.deletePermanently");
-        ASSERT_TRUE(waitFor([this] { return isOpen("deleteConfirm"); }));
-    }
-
-    FakeStore fake;
-    FakeServices services;
-    QQmlEngine engine;
-    std::unique_ptr<QQuickWindow> window;
-    QString errors;
-
-private:
-    static QQuickItem *find(QQuickItem *top, const QString &name)
-    {
-        if (!top->isVisible())
-            return nullptr;
-        if (top->objectName() == name)
-            return top;
-        for (QQuickItem *child : top->childItems()) {
-            if (QQuickItem *found = find(child, name))
-                return found;
-        }
-        return nullptr;
     }
 };
 
@@ -241,83 +114,6 @@ TEST_F(MainWindowTest, ArrowKeysMoveThroughTheSidebar)
     key(Qt::Key_Home);
     EXPECT_EQ(fake.store.sidebar(), Item::explorer);
     EXPECT_TRUE(item("sidebar.explorer")->property("focused").toBool());
-}
-
-TEST_F(MainWindowTest, CommandsHaveTheirKeys)
-{
-    key(Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(fake.store.sidebar(), Item::cleanup);
-    fake.gate.setShut(true);
-    key(Qt::Key_R, Qt::ControlModifier);
-    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio");
-    key(Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(fake.store.lastScanPath(), "/");
-    key(Qt::Key_Period, Qt::ControlModifier);
-    EXPECT_TRUE(fake.store.progress()->isCancelled());
-}
-
-TEST_F(MainWindowTest, WhatNobodyHasAskedForIsNotMade)
-{
-    for (const char *name : {"appMenu", "reviewSheet", "deleteConfirm", "about", "folderDialog"})
-        EXPECT_EQ(object(name), nullptr) << name;
-    click("appMenuButton");
-    ASSERT_TRUE(waitForItem("appMenu.about"));
-    const QObject *const menu = object("appMenu");
-    key(Qt::Key_Escape);
-    ASSERT_TRUE(waitFor([this] { return item("appMenu.about") == nullptr; }));
-    key(Qt::Key_F10);
-    ASSERT_TRUE(waitForItem("appMenu.about"));
-    EXPECT_EQ(object("appMenu"), menu) << "made once";
-}
-
-TEST_F(MainWindowTest, TheMenuOpensByButtonAndByF10)
-{
-    click("appMenuButton");
-    ASSERT_TRUE(waitForItem("appMenu.scanHome"));
-    EXPECT_EQ(object("appMenu")->property("count").toInt(), 24) << "two screens, seventeen commands, five lines";
-    key(Qt::Key_Escape);
-    ASSERT_TRUE(waitFor([this] { return item("appMenu.scanHome") == nullptr; }));
-    key(Qt::Key_F10);
-    ASSERT_TRUE(waitForItem("appMenu.about"));
-    click("appMenu.about");
-    EXPECT_TRUE(waitFor([this] { return isOpen("about"); }));
-}
-
-TEST_F(MainWindowTest, BackAndForwardAreOfferedWhereTheyLeadSomewhere)
-{
-    const auto isOffered = [this](const char *command) { return object(command)->property("enabled").toBool(); };
-    scan();
-    fake.store.setSidebar(Item::explorer);
-    click("appMenuButton");
-    ASSERT_TRUE(waitForItem("appMenu.back"));
-    EXPECT_FALSE(isOffered("appMenu.back"));
-    EXPECT_FALSE(isOffered("appMenu.forward"));
-    key(Qt::Key_Escape);
-    ASSERT_TRUE(waitFor([this] { return item("appMenu.back") == nullptr; }));
-
-    fake.store.open(fake.store.sharedNode("/home/studio/Movies"));
-    EXPECT_TRUE(isOffered("appMenu.back"));
-    EXPECT_FALSE(isOffered("appMenu.forward"));
-    click("appMenuButton");
-    click("appMenu.back");
-    ASSERT_TRUE(waitFor([this] { return fake.store.currentFolder() == fake.store.root(); }));
-    EXPECT_FALSE(isOffered("appMenu.back"));
-    EXPECT_TRUE(isOffered("appMenu.forward"));
-
-    fake.store.setSidebar(Item::cleanup);
-    EXPECT_FALSE(isOffered("appMenu.forward"));
-}
-
-TEST_F(MainWindowTest, TheMenuLeadsToTheWebsiteAndToThePrivacyPolicy)
-{
-    click("appMenuButton");
-    click("appMenu.privacyPolicy");
-    ASSERT_TRUE(waitFor([this] { return item("appMenu.privacyPolicy") == nullptr; }));
-    click("appMenuButton");
-    click("appMenu.website");
-    EXPECT_EQ(fake.fake.log->linesStartingWith("openUrl"),
-              (std::vector<std::string>{"openUrl " + AppInfo::privacyPage().toString().toStdString(),
-                                        "openUrl " + AppInfo::site().toString().toStdString()}));
 }
 
 TEST_F(MainWindowTest, TheSelectionBarComesAndGoesWithTheSelection)
@@ -509,17 +305,6 @@ TEST_F(MainWindowTest, ChoosingAFolderOpensTheDialog)
     EXPECT_TRUE(waitFor([dialog] { return dialog->property("visible").toBool(); }));
     EXPECT_EQ(dialog->property("title").toString(), "Choose a folder or disk for Corvane to analyze");
     EXPECT_EQ(dialog->property("acceptLabel").toString(), "Scan");
-}
-
-TEST_F(MainWindowTest, TheScreensStandTogetherInTheMenu)
-{
-    click("appMenuButton");
-    ASSERT_TRUE(waitForItem("appMenu.show2"));
-    window->grabWindow(); // forces layout
-    const auto top = [this](const char *name) { return item(name)->mapToScene(QPointF()).y(); };
-    EXPECT_LT(top("appMenu.forward"), top("appMenu.show1"));
-    EXPECT_EQ(top("appMenu.show1") + item("appMenu.show1")->height(), top("appMenu.show2"));
-    EXPECT_LT(top("appMenu.show2"), top("appMenu.settings"));
 }
 
 TEST_F(MainWindowTest, WithoutAFolderDialogAToastNamesTheOtherWays)
