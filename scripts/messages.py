@@ -1,11 +1,15 @@
 #!/usr/bin/env python3
 """Prints the user-visible texts in src/ as PATH:LINE: TEXT, to proofread them or to find the source of a sentence.
-messages.py [FOLDER]
+messages.py [--find TEXT] [FOLDER]
+
+With --find, only the texts that TEXT is a part of, and those that make up TEXT or a part of it: TEXT may be copied from
+the window, with its figures and names. The longest match comes first; exit status 1 says that there is none.
 
 In QML a text is the argument of qsTr(). In C++ it is a string literal of several words, or of one capitalised word, or
 one combined with a count; paths, keys and the like are recognised by their shape and skipped, but a few remain.
 Adjacent literals are one text. A sentence that is assembled at run time is listed in pieces.
 """
+import argparse
 import os
 import pathlib
 import re
@@ -63,13 +67,36 @@ def messages(source, is_qml):
             yield source.count("\n", 0, offset) + 1, text
 
 
+def likeness(text, wanted):
+    """How many characters of a text of the window are in a text of the sources; 0 if it is another text."""
+    pieces = [re.sub(r"\s+", " ", piece) for piece in REPLACED.split(text.replace('\\"', '"').strip())]
+    wanted = re.sub(r"\s+", " ", wanted.strip())
+    if any(wanted.casefold() in piece.casefold() for piece in pieces):
+        return len(wanted)
+    fixed = sum(len(piece.strip()) for piece in pieces)
+    # A shorter one, such as "items", is in many texts.
+    if fixed < max(8, len(wanted) / 4) or not re.search(".*?".join(map(re.escape, pieces)), wanted, re.I):
+        return 0
+    return fixed
+
+
 def main():
     signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # a reader such as head may close the pipe early
-    folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parents[1] / "src"
-    for path in sorted(path for path in folder.rglob("*") if path.suffix in SUFFIXES):
-        for line, text in messages(path.read_text(), path.suffix == ".qml"):
-            print(f"{os.path.relpath(path)}:{line}: {text}")
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--find", metavar="TEXT", help="only the sources of this text")
+    parser.add_argument("folder", nargs="?", type=pathlib.Path, metavar="FOLDER",
+                        default=pathlib.Path(__file__).resolve().parents[1] / "src")
+    arguments = parser.parse_args()
+    found = [(os.path.relpath(path), line, text)
+             for path in sorted(path for path in arguments.folder.rglob("*") if path.suffix in SUFFIXES)
+             for line, text in messages(path.read_text(), path.suffix == ".qml")]
+    if arguments.find is not None:
+        found = [each for each in found if likeness(each[2], arguments.find)]
+        found.sort(key=lambda each: (-likeness(each[2], arguments.find), len(each[2])))
+    for path, line, text in found:
+        print(f"{path}:{line}: {text}")
+    return 0 if found else 1
 
 
 if __name__ == "__main__":
-    main()
+    sys.exit(main())

@@ -46,6 +46,25 @@ class Messages(unittest.TestCase):
         self.assertIn((8, "It was replaced while it was removed"), list(messages.messages(CPP, is_qml=False)))
 
 
+class TextsOfTheSources(unittest.TestCase):
+    def test_are_found_by_a_sentence_with_its_figures_and_names(self):
+        for text, sentence in (("Moved {} ({}) to Trash", "Moved 3 items (2.5 MB) to Trash"),
+                               ("%1 apps use %2", "12 apps use 8.37 GB"),
+                               ("No apps match “%1”", "No apps match “a (b”")):
+            self.assertTrue(messages.likeness(text, sentence), text)
+
+    def test_are_found_by_a_part_in_any_letter_case(self):
+        self.assertTrue(messages.likeness("See “Left behind by deleted apps” at the top", "left behind by"))
+
+    def test_are_found_as_a_part_unless_they_are_short(self):
+        self.assertTrue(messages.likeness(", including their data", "12 apps use 8.37 GB, including their data"))
+        self.assertFalse(messages.likeness("items", "Moved 3 items (2.5 MB) to Trash"))
+
+    def test_are_not_found_by_another_sentence(self):
+        self.assertFalse(messages.likeness("Moved {} ({}) to Trash", "Deleted 3 items (2.5 MB)"))
+        self.assertFalse(messages.likeness("{}  {}\\n", "Deleted 3 items (2.5 MB)"))
+
+
 class SharedTexts(unittest.TestCase):
     def test_are_written_once(self):
         texts = {}
