@@ -49,7 +49,7 @@ COMMANDS = {
     "bench": ("build bench", [configure("bench"), has_programs("hyperfine", "ncdu", "gdu")]),
     "bench publish": ("build bench ui", [configure("bench-window")]),
     "bench window": ("build bench ui window display", [configure("bench-window"), has_programs("Xvfb", "xvfb-run")]),
-    "fuzz": ("build ui fuzz", [configure("fuzz", "CXX=clang++-19")]),
+    "fuzz": ("build ui fuzz", [configure("fuzz", ". scripts/llvm.sh; CXX=clang++-$clang_llvm")]),
     "package": ("build ui package", [configure("release"), has_programs("cpack", "dpkg-shlibdeps", "file", "strip", "lintian")]),
 }
 

@@ -23,7 +23,7 @@ if [[ $(uname -s) == Darwin ]]; then
     CXX=$(brew --prefix llvm)/bin/clang++
     export CXX OBJCXX=$CXX
 else
-    export CXX=clang++-19
+    export CXX=clang++-$clang_llvm
 fi
 build fuzz fuzzers
 

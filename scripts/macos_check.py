@@ -23,9 +23,10 @@ import macos_sources
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "macos-check"
-CLANG = "clang++-19"
-LINKER = "ld64.lld-19"
-LIBCXX = "/usr/lib/llvm-19/include/c++/v1"
+LLVM = re.search(r"^clang_llvm=(\d+)$", (ROOT / "scripts" / "llvm.sh").read_text(), re.M)[1]
+CLANG = f"clang++-{LLVM}"
+LINKER = f"ld64.lld-{LLVM}"
+LIBCXX = f"/usr/lib/llvm-{LLVM}/include/c++/v1"
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Werror"]
 DEFINITIONS = ['CORVANE_VERSION="0.0.0"', 'CORVANE_BUILD="0"', 'CORVANE_APP_ID="app.corvane.Corvane"',
                'CORVANE_SITE="https://corvane.example/"', "FMT_HEADER_ONLY"]
@@ -121,7 +122,7 @@ def compile_all(sources):
 
 def exported(library):
     """The names exported by one of this machine's libraries, as mangled on a Mac."""
-    for folder in (f"/usr/lib/{multiarch()}", "/usr/lib/llvm-19/lib", "/usr/lib"):
+    for folder in (f"/usr/lib/{multiarch()}", f"/usr/lib/llvm-{LLVM}/lib", "/usr/lib"):
         if os.path.exists(f"{folder}/{library}"):
             listing = subprocess.run(["nm", "-D", "--defined-only", "--format=posix", f"{folder}/{library}"],
                                      capture_output=True, text=True, check=True).stdout

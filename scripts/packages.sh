@@ -1,5 +1,8 @@
-# The system packages that each purpose needs, and how to install them. Sourced by `dev`, from bash.
+# The system packages that each purpose needs, and how to install them. Sourced from the repository's root, by `dev` and
+# by the scripts that install packages.
 # shellcheck shell=bash
+# shellcheck source=scripts/llvm.sh
+source scripts/llvm.sh
 
 # One word per package; "a|b" means either, whichever the distribution provides.
 packages_for() {
@@ -24,10 +27,10 @@ packages_for() {
         ;;
     Linux/display) echo xvfb xauth ;;
     Linux/npm) echo nodejs npm ;;
-    Linux/lint) echo 'clang-format-14|clang-format' 'clang-tidy-14|clang-tidy' shellcheck yamllint ;;
+    Linux/lint) echo "clang-format-$lint_llvm|clang-format" "clang-tidy-$lint_llvm|clang-tidy" shellcheck yamllint ;;
     Linux/bench) echo hyperfine ncdu gdu rmlint jdupes rdfind fdupes ;;
-    Linux/fuzz) echo clang-19 libclang-rt-19-dev ;;
-    Linux/macos-check) echo clang-19 libc++-19-dev lld-19 binutils ;;
+    Linux/fuzz) echo "clang-$clang_llvm" "libclang-rt-$clang_llvm-dev" ;;
+    Linux/macos-check) echo "clang-$clang_llvm" "libc++-$clang_llvm-dev" "lld-$clang_llvm" binutils ;;
     Linux/package) echo file dpkg-dev lintian ;;
     Linux/package-check) echo debootstrap xvfb imagemagick ;;
     Darwin/build) echo cmake ninja pkg-config fmt tl-expected libplist openssl@3 utf8proc ;;
@@ -47,7 +50,7 @@ packages_for() {
 
 # Installs and lists whatever the given purposes lack; does nothing if they lack nothing.
 require_packages() {
-    local purpose wanted missing=()
+    local purpose wanted package missing=()
     for purpose in "$@"; do
         wanted=$(packages_for "$purpose")
         for package in $wanted; do

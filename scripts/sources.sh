@@ -1,5 +1,7 @@
 # Lists of the repository's hand-written files. Sourced from the repository's root.
 # shellcheck shell=bash
+# shellcheck source=scripts/llvm.sh
+source scripts/llvm.sh
 
 # C++ and Objective-C++ sources and headers.
 cxx_sources() {
@@ -14,15 +16,12 @@ shell_scripts() {
     } | LC_ALL=C sort -u
 }
 
-# The version that the formatting and the checks are based on; others differ in both.
-llvm_version=14
-
 # The wanted version of an LLVM tool, or else the installed one. Homebrew's names have no version suffix.
 llvm_tool() {
     if [[ $(uname -s) == Darwin ]]; then
         echo "$(brew --prefix llvm)/bin/$1"
-    elif command -v "$1-$llvm_version" >/dev/null; then
-        echo "$1-$llvm_version"
+    elif command -v "$1-$lint_llvm" >/dev/null; then
+        echo "$1-$lint_llvm"
     else
         echo "$1"
     fi
@@ -32,7 +31,7 @@ llvm_tool() {
 is_wanted_llvm() {
     local version
     version=$("$(llvm_tool "$1")" --version | sed -n 's/.*version \([0-9]*\).*/\1/p' | head -n 1)
-    [[ $version == "$llvm_version" ]] && return 0
-    echo "$1 is version ${version:-unknown} here, and the sources follow version $llvm_version: $2"
+    [[ $version == "$lint_llvm" ]] && return 0
+    echo "$1 is version ${version:-unknown} here, and the sources follow version $lint_llvm: $2"
     return 1
 }
