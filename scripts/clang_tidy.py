@@ -11,6 +11,7 @@ clang-tidy's version, and is not looked at again until one of them changes. How 
 
 import argparse
 import concurrent.futures
+import functools
 import hashlib
 import json
 import os
@@ -59,14 +60,13 @@ def object_of(entry):
     return output[1] if output else None
 
 
-def file_hash(path, known={}):
+@functools.cache
+def file_hash(path):
     """The hash of a file's contents; each file is read once."""
-    if path not in known:
-        try:
-            known[path] = hashlib.sha256(pathlib.Path(path).read_bytes()).hexdigest()
-        except OSError:
-            known[path] = "absent"
-    return known[path]
+    try:
+        return hashlib.sha256(pathlib.Path(path).read_bytes()).hexdigest()
+    except OSError:
+        return "absent"
 
 
 def dependencies(build):
