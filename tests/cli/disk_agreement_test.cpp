@@ -59,7 +59,9 @@ protected:
         json breakdownOfUser; ///< as an ordinary user who owns the home; only if the tests run as root
     };
 
-    /// Runs `fill` on the new disk, and the programs in its root. nullopt if no such disk can be created here.
+    /// Runs `fill` on the new disk, and the programs in its root. nullopt if no such disk can be created here. Their
+    /// temporary files lie on another disk: a program that is built with ThreadSanitizer keeps 512 KB there while it
+    /// runs, which df does not see.
     std::optional<Answers> ask(const std::string &fill)
     {
         const std::string make = R"sh(
@@ -77,7 +79,7 @@ sync -f .
 cd /
 exec bwrap --bind "$disk" / --ro-bind /usr /usr --symlink usr/lib /lib --symlink usr/lib64 /lib64 \
     --symlink usr/bin /bin --proc /proc --dev /dev --ro-bind "$tools" /run/tools --bind "$folder/answer" /run/answer \
-    $binds --setenv HOME /home/me bash -euc '
+    $binds --setenv HOME /home/me --setenv TMPDIR /run/answer bash -euc '
 df -B1 --output=used,avail / /home | tail -n 2 > /run/answer/df
 du -x -s --block-size=1 / > /run/answer/du || true
 /run/tools/corvane-cli breakdown --json > /run/answer/breakdown
