@@ -115,6 +115,6 @@ int main(int argc, char **argv)
                items, leftovers);
     fmt::print("    {:.1f} ms, of which putting the names in order {:.1f} ms (medians of {} rounds)\n", taken,
                median(indexing), rounds);
-    fmt::print("    goal: below {:.0f} ms, {}\n", limit, taken < limit ? "reached" : "MISSED");
+    fmt::print("    {}\n", goalAtMost(limit, "ms", taken));
     return EXIT_SUCCESS;
 }

@@ -139,11 +139,6 @@ Options parse(std::span<char *> arguments)
     return options;
 }
 
-std::string_view verdict(bool reached)
-{
-    return reached ? "reached" : "MISSED";
-}
-
 /// The command that a goal refers to; null if it is not run.
 const Runner *opponent(const std::vector<Runner> &runners, const Goal &goal)
 {

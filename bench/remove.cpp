@@ -258,8 +258,9 @@ void raceWithSystemTool(int rounds, const std::string &what, const std::string &
         own.push_back(inChild([&] { return secondsOf([&] { eraseForGood(path(i)); }); }));
         peer.push_back(secondsOf([&] { removeWithSystemTool(path(i + 1)); }));
     }
+    const double ratio = median(own) / median(peer);
     printRow(what, fmt::format("{:.3f} s", median(own)), fmt::format("{:.3f} s", median(peer)),
-             fmt::format("{:.2f} x (goal: at most 1.10)", median(own) / median(peer)));
+             fmt::format("{:.2f} x, {}", ratio, goalAtMost(1.1, "x", ratio)));
 }
 
 void run(int rounds, const std::string &folder)
@@ -269,9 +270,11 @@ void run(int rounds, const std::string &folder)
     printRow("", "here", "rm -rf", "");
     const double item = medianOf(
         roundsOfBig, [&](int round) { return secondsPerTrashedItem(fmt::format("{}/home{}", folder, round)); });
-    printRow("100,000 items to the Trash", fmt::format("{:.1f} us each", item * 1e6), "-", "(goal: at most 60)");
+    printRow("100,000 items to the Trash", fmt::format("{:.1f} us each", item * 1e6), "-",
+             goalAtMost(60, "us", item * 1e6));
     const double detached = medianOf(rounds, [](int) { return secondsToDetach(); });
-    printRow("detach 20,000 of one folder", fmt::format("{:.1f} ms", detached * 1e3), "-", "(goal: under 100)");
+    printRow("detach 20,000 of one folder", fmt::format("{:.1f} ms", detached * 1e3), "-",
+             goalAtMost(100, "ms", detached * 1e3));
 
     const auto levels = [](std::size_t count) { return [=](const std::string &path) { makeLevels(count, path); }; };
     raceWithSystemTool(rounds, "5,000 levels", folder, levels(5'000));

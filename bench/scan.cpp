@@ -14,6 +14,7 @@
 #include "cleanup/dev_junk_rule.h"
 #include "core/scan_summary.h"
 #include "core/scanner.h"
+#include "support.h"
 
 namespace {
 
@@ -69,6 +70,7 @@ int main(int argc, char **argv)
     fmt::print("scan {:.3f} s, summary {:.3f} s; {} files, {} bytes\n", seconds(scanned - start),
                seconds(end - scanned), root->fileCount, root->size);
     fmt::print("{} folder nodes, {} file nodes, {} in the index\n", counts.folders, counts.files, summary.index.size());
-    fmt::print("bytes per folder node: {}\n", held / counts.folders);
+    const double bytes = static_cast<double>(held) / static_cast<double>(counts.folders);
+    fmt::print("bytes per folder node, path index included: {:.0f} ({})\n", bytes, goalAtMost(250, "", bytes));
     return EXIT_SUCCESS;
 }

@@ -27,6 +27,19 @@ inline double milliseconds(std::chrono::steady_clock::duration duration)
     return std::chrono::duration<double, std::milli>(duration).count();
 }
 
+/// The word printed after a goal.
+inline std::string_view verdict(bool reached)
+{
+    return reached ? "reached" : "MISSED";
+}
+
+/// The goal of a figure with its verdict, such as "goal: at most 50 ms, reached". `unit` may be empty.
+inline std::string goalAtMost(double limit, std::string_view unit, double figure)
+{
+    return fmt::format("goal: at most {:g}{}{}, {}", limit, unit.empty() || unit.starts_with('%') ? "" : " ", unit,
+                       verdict(figure <= limit));
+}
+
 /// A number of at least 1; nothing for any other text.
 inline std::optional<int> positiveNumber(std::string_view text)
 {

@@ -56,8 +56,8 @@ double since(Clock::time_point start)
 void report(std::string_view what, std::string_view unit, const std::vector<double> &values, double goal)
 {
     const double middle = median(values);
-    fmt::print("  {:<52} median {:>7.2f} {}, worst {:>7.2f} (goal {:g}{})\n", what, middle, unit,
-               std::ranges::max(values), goal, middle <= goal ? "" : ", MISSED");
+    fmt::print("  {:<52} median {:>7.2f} {}, worst {:>7.2f} ({})\n", what, middle, unit, std::ranges::max(values),
+               goalAtMost(goal, unit, middle));
     std::fflush(stdout);
 }
 

@@ -140,7 +140,7 @@ scan() {
     ./bench_race --rounds "$rounds" "${conditions[@]}" 'corvane-cli scan' "./corvane-cli scan $quoted" "${peers[@]}"
     if [[ -x ./bench_scan ]]; then
         echo "  one scan by itself:"
-        ./bench_scan "$folder" | sed 's/^/    /; s/bytes per folder node: .*/& (goal: at most 250, path index included)/'
+        ./bench_scan "$folder" | sed 's/^/    /'
     fi
     echo
 }
