@@ -1,7 +1,7 @@
 """What the tests in the shaped roots share.
 
-    KIND_test.py --list                                                        the tests' names
-    KIND_test.py NAME --folder FOLDER --disk LIBRARY --cli PROGRAM [--probe PROGRAM]
+    SCRIPT_test.py --list                                                        the tests' names
+    SCRIPT_test.py NAME --folder FOLDER --disk LIBRARY --cli PROGRAM [--probe PROGRAM]
                                                    one test, in the root that was built in FOLDER
 
 Exit status: 0 passed, 1 failed, 77 skipped (with the reason).
