@@ -4,21 +4,16 @@
 #include <memory>
 #include <string>
 
-#include <gmock/gmock.h>
 #include <sys/stat.h>
+
+#include <gmock/gmock.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QJsonDocument>
-#include <QProcess>
-#include <QTest>
 
 #include "platform/crash_handler.h"
 #include "platform/fake_file_system.h"
-#include "platform/host.h"
-#include "shell/app_info.h"
-#include "support/loopback_server.h"
-#include "support/temporary_folder.h"
+#include "shell/crash_reporter_fixture.h"
 
 namespace corvane {
 namespace {
@@ -26,84 +21,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using Mode = UserDefaults::ReportMode;
-
-const QDateTime lastCheck(QDate(2026, 11, 1), QTime(12, 0, 0, 300), Qt::UTC);
-const QDateTime launch(QDate(2026, 11, 22), QTime(9, 0), Qt::UTC);
-
-class CrashReporterTest : public testing::Test {
-protected:
-    /// Simulates a new run of the program, which shares only the settings and the reports with earlier runs.
-    [[nodiscard]] std::unique_ptr<CrashReporter> run()
-    {
-        return std::make_unique<CrashReporter>(
-            defaults, api, systemHost().files,
-            CrashReporter::Places{.folders = {folder.path(), other}, .executable = "corvane"}, [] { return launch; });
-    }
-
-    /// Simulates a later run, after an earlier one has checked for reports.
-    [[nodiscard]] std::unique_ptr<CrashReporter> launchAgain(Mode mode)
-    {
-        defaults.setCrashReportLastCheck(lastCheck);
-        defaults.setCrashReportMode(mode);
-        auto reporter = run();
-        reporter->checkOnLaunch();
-        return reporter;
-    }
-
-    /// Writes a report with a date `after` milliseconds after the last check.
-    std::string writeReport(const std::string &name, std::int64_t after = 60'000, const std::string &text = "report")
-    {
-        std::string path = folder.writeText(name, text);
-        date(path, lastCheck.addMSecs(after));
-        return path;
-    }
-
-    static void date(const std::string &path, const QDateTime &when)
-    {
-        const timespec time{.tv_sec = static_cast<time_t>(when.toMSecsSinceEpoch() / 1000),
-                            .tv_nsec = when.toMSecsSinceEpoch() % 1000 * 1'000'000};
-        const timespec times[] = {time, time};
-        ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, AT_SYMLINK_NOFOLLOW), 0);
-    }
-
-    [[nodiscard]] std::vector<std::string> found()
-    {
-        std::vector<std::string> names;
-        for (const std::string &path : run()->findReports(lastCheck))
-            names.push_back(std::filesystem::path(path).filename());
-        return names;
-    }
-
-    [[nodiscard]] bool waitForRequests(std::size_t count)
-    {
-        return QTest::qWaitFor([&] { return server.requests().size() >= count; }, 60'000);
-    }
-
-    [[nodiscard]] QJsonObject sent(std::size_t index) const
-    {
-        return QJsonDocument::fromJson(server.requests().at(index).body).object();
-    }
-    [[nodiscard]] std::string sentName(std::size_t index) const
-    {
-        return sent(index).value(QLatin1String("reportName")).toString().toStdString();
-    }
-    [[nodiscard]] QString sentText(std::size_t index) const
-    {
-        return sent(index).value(QLatin1String("report")).toString();
-    }
-
-    /// Long enough for an unwanted request to arrive.
-    static void waitForNothing() { QTest::qWait(150); }
-
-    const TemporaryFolder folder;
-    const TemporaryFolder settingsFolder;
-    const std::string other = settingsFolder / "reports"; // does not exist unless a test creates it
-    UserDefaults defaults{
-        std::make_unique<QSettings>(QString::fromStdString(settingsFolder / "settings.conf"), QSettings::IniFormat)};
-    LoopbackServer server;
-    API api{server.url()};
-};
 
 // --- Search paths and names -----------------------------------------------------------------------------------------
 
@@ -321,181 +238,6 @@ TEST_F(CrashReporterTest, ReportIsOfferedByOneRunOnly)
     second->checkOnLaunch();
     EXPECT_FALSE(second->showPrompt());
 }
-
-// --- The answers ----------------------------------------------------------------------------------------------------
-
-TEST_F(CrashReporterTest, SendReportSendsEveryPendingReport)
-{
-    writeReport("corvane-1.ips", 1000, "first");
-    writeReport("corvane-2.crash", 2000, "second");
-    const auto reporter = launchAgain(Mode::ask);
-    reporter->sendPending(false);
-    EXPECT_THAT(reporter->pending(), IsEmpty());
-    EXPECT_FALSE(reporter->showPrompt());
-    EXPECT_EQ(defaults.crashReportMode(), Mode::ask);
-
-    ASSERT_TRUE(waitForRequests(2));
-    EXPECT_EQ(server.requests().front().method, "POST");
-    EXPECT_EQ(server.requests().front().path, "/api/crash");
-    EXPECT_EQ(sent(0).keys(),
-              (QStringList{QStringLiteral("info"), QStringLiteral("report"), QStringLiteral("reportName")}));
-    EXPECT_EQ(sent(0).value(QLatin1String("info")).toObject(), AppInfo::system(systemHost().files));
-    EXPECT_EQ(sentText(0), "first");
-    EXPECT_EQ(sentName(0), "corvane-1.ips");
-    EXPECT_EQ(sentText(1), "second");
-    EXPECT_EQ(sentName(1), "corvane-2.crash");
-}
-
-TEST_F(CrashReporterTest, AlwaysSendIsStoredBeforeAnythingIsSent)
-{
-    writeReport("corvane-1.ips");
-    const auto reporter = launchAgain(Mode::ask);
-    QObject::connect(&defaults, &UserDefaults::crashReportModeChanged, reporter.get(),
-                     [&] { EXPECT_EQ(reporter->pending().size(), 1U) << "the reports go after the choice is stored"; });
-    reporter->sendPending(true);
-    EXPECT_EQ(defaults.crashReportMode(), Mode::always);
-    EXPECT_TRUE(waitForRequests(1));
-}
-
-TEST_F(CrashReporterTest, DontSendClosesThePromptAndSendsNothing)
-{
-    writeReport("corvane-1.ips");
-    const auto reporter = launchAgain(Mode::ask);
-    reporter->setShowPrompt(false);
-    EXPECT_EQ(defaults.crashReportMode(), Mode::ask);
-    waitForNothing();
-    EXPECT_EQ(server.connections(), 0);
-}
-
-// --- Sending --------------------------------------------------------------------------------------------------------
-
-TEST_F(CrashReporterTest, ReportIsSentUpToItsFirst400000Characters)
-{
-    const std::string umlaut = "\xC3\xA4";
-    const std::string emoji = "\xF0\x9F\x92\xA1";
-    const auto repeated = [](const std::string &text, std::size_t count) {
-        std::string all;
-        for (std::size_t index = 0; index < count; ++index)
-            all += text;
-        return all;
-    };
-    writeReport("corvane-1.ips", 1000, std::string(400'000, 'a') + std::string(600'000, 'b'));
-    writeReport("corvane-2.ips", 1000, repeated(umlaut, 1'000'000));
-    writeReport("corvane-3.ips", 1000, "x" + repeated(emoji, 500'000));
-    writeReport("corvane-4.ips", 1000, repeated(umlaut, 399'999));
-    const auto reporter = launchAgain(Mode::always);
-    ASSERT_TRUE(waitForRequests(4));
-    EXPECT_TRUE(sentText(0) == QString(400'000, QLatin1Char('a')));
-    EXPECT_TRUE(sentText(1) == QString(400'000, QChar(0xE4)));
-    EXPECT_TRUE(sentText(2) == QLatin1Char('x') + QString::fromStdString(emoji).repeated(399'999));
-    EXPECT_TRUE(sentText(3) == QString(399'999, QChar(0xE4)));
-}
-
-TEST_F(CrashReporterTest, ReportOfManyGigabytesIsNotReadWhole)
-{
-    date(folder.writeSparse("corvane-1.ips", 10'000'000'000), launch);
-    const auto reporter = launchAgain(Mode::always);
-    ASSERT_TRUE(waitForRequests(1));
-    EXPECT_EQ(sentText(0).size(), 400'000);
-}
-
-TEST_F(CrashReporterTest, WhatIsNotTextIsReplaced)
-{
-    writeReport("corvane-1.ips", 1000, "a\xff\xfe\x62\xc3");
-    const auto reporter = launchAgain(Mode::always);
-    ASSERT_TRUE(waitForRequests(1));
-    EXPECT_EQ(sentText(0), QString::fromUtf8("a\uFFFD\uFFFDb\uFFFD"));
-}
-
-TEST_F(CrashReporterTest, NameThatIsNotTextIsReplaced)
-{
-    writeReport("corvane-\xff.ips");
-    const auto reporter = launchAgain(Mode::always);
-    ASSERT_TRUE(waitForRequests(1));
-    EXPECT_EQ(sentName(0), "corvane-\uFFFD.ips");
-}
-
-TEST_F(CrashReporterTest, ReportThatCannotBeReadIsSkipped)
-{
-    const std::string gone = writeReport("corvane-1.ips");
-    writeReport("corvane-2.ips");
-    const auto reporter = launchAgain(Mode::ask);
-    std::filesystem::remove(gone);
-    reporter->sendPending(false);
-    ASSERT_TRUE(waitForRequests(1));
-    waitForNothing();
-    ASSERT_EQ(server.requests().size(), 1U);
-    EXPECT_EQ(sentName(0), "corvane-2.ips");
-}
-
-TEST_F(CrashReporterTest, FailureIsSilentAndNotTriedAgain)
-{
-    server.answerAll({.status = 500});
-    for (const char *name : {"corvane-1.ips", "corvane-2.ips", "corvane-3.ips"})
-        writeReport(name);
-    const auto reporter = launchAgain(Mode::always);
-    ASSERT_TRUE(waitForRequests(3));
-    waitForNothing();
-    EXPECT_EQ(server.requests().size(), 3U);
-    EXPECT_FALSE(reporter->showPrompt());
-}
-
-TEST_F(CrashReporterTest, ReportsAreSentOneAfterTheOther)
-{
-    server.answerAll({.ending = LoopbackAnswer::Ending::silent});
-    for (int index = 0; index < 5; ++index)
-        writeReport("corvane-" + std::to_string(index) + ".ips");
-    const auto reporter = launchAgain(Mode::always);
-    ASSERT_TRUE(waitForRequests(1));
-    waitForNothing();
-    EXPECT_EQ(server.requests().size(), 1U);
-    EXPECT_EQ(server.connections(), 1);
-}
-
-TEST_F(CrashReporterTest, MayEndWhileAReportIsOnItsWay)
-{
-    server.answerAll({.ending = LoopbackAnswer::Ending::silent});
-    writeReport("corvane-1.ips");
-    writeReport("corvane-2.ips");
-    auto reporter = run();
-    reporter->upload(folder / "corvane-1.ips");
-    reporter->upload(folder / "corvane-2.ips");
-    ASSERT_TRUE(waitForRequests(1));
-    reporter.reset();
-    waitForNothing();
-    EXPECT_EQ(server.requests().size(), 1U);
-
-    // The same while a report is being read.
-    reporter = run();
-    reporter->upload(folder / "corvane-1.ips");
-    reporter.reset();
-    waitForNothing();
-    EXPECT_EQ(server.requests().size(), 1U);
-}
-
-#ifdef CORVANE_CRASHING_PROGRAM
-TEST_F(CrashReporterTest, ReportOfACrashIsFoundAndSent)
-{
-    QProcess program;
-    QProcessEnvironment environment;
-    environment.insert(QStringLiteral("XDG_STATE_HOME"), QString::fromStdString(folder.path()));
-    program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(CORVANE_CRASHING_PROGRAM), {QStringLiteral("abort")});
-    ASSERT_TRUE(program.waitForFinished());
-    if (program.exitStatus() == QProcess::NormalExit)
-        GTEST_SKIP() << "built with a sanitizer, which reports on crashes itself";
-
-    CrashReporter reporter(defaults, api, systemHost().files,
-                           {.folders = {folder / "corvane/reports"}, .executable = "crashing_program"});
-    defaults.setCrashReportLastCheck(lastCheck);
-    defaults.setCrashReportMode(Mode::always);
-    reporter.checkOnLaunch();
-    ASSERT_TRUE(waitForRequests(1));
-    EXPECT_THAT(sentName(0), testing::MatchesRegex("crashing_program-.*\\.ips"));
-    EXPECT_THAT(sentText(0).toStdString(), HasSubstr("SIGABRT"));
-    EXPECT_THAT(sentText(0).toStdString(), testing::Not(HasSubstr(folder.path())));
-}
-#endif
 
 } // namespace
 } // namespace corvane
