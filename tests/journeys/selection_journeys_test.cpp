@@ -1,88 +1,9 @@
-#include <QAbstractItemModel>
-
-#include "journeys/journey.h"
+#include "journeys/selection_journey.h"
 
 namespace corvane {
 namespace {
 
 using testing::ElementsAre;
-
-/// A home of 16 MiB: Documents 7 (a file of 7), Projects 6 (film 4, Exports 2 with one file), Games 2, a file of 1.
-class SelectionJourney : public Journey {
-protected:
-    void openHome()
-    {
-        addFile("Documents/thesis.pdf", 7);
-        addFile("Projects/build.tar", 4);
-        addFile("Projects/Exports/cut.mov", 2);
-        addFile("Games/world.dat", 2);
-        addFile("archive.zip", 1);
-        openAndScan();
-        ASSERT_THAT(rows(), ElementsAre("Documents 7.3 MB", "Projects 6.3 MB", "Games 2.1 MB", "archive.zip 1 MB"));
-    }
-    void openFolder(const QString &name)
-    {
-        driver().click(row(name));
-        waitForWay("home/" + name.toStdString());
-    }
-    void goUp()
-    {
-        press(Qt::Key_Up, Qt::ControlModifier);
-        waitForWay("home");
-    }
-    /// Selects Projects, Exports inside it, and Games: three entries, two of them effective.
-    void selectParentChildAndOther()
-    {
-        openFolder(QStringLiteral("Projects"));
-        tick(QStringLiteral("Exports"));
-        goUp();
-        tick(QStringLiteral("Projects"));
-        tick(QStringLiteral("Games"));
-        waitForSelectionBar();
-        ASSERT_EQ(store().selection().size(), 3U);
-    }
-    void openReview()
-    {
-        click(QStringLiteral("reviewButton"));
-        waitForPopup(QStringLiteral("reviewSheet"));
-    }
-    /// The entries of the review sheet, from the top: "Projects ~/Projects 6.3 MB".
-    std::vector<std::string> reviewed()
-    {
-        std::vector<std::string> entries;
-        const auto *const list = driver().item(QStringLiteral("reviewSheet.list")).property("model").value<QObject *>();
-        const auto &model = *qobject_cast<const QAbstractItemModel *>(list);
-        const auto text = [&](int row, const QByteArray &role) {
-            return model.index(row, 0).data(model.roleNames().key(role)).toString().toStdString();
-        };
-        for (int row = 0; row < model.rowCount(); ++row)
-            entries.push_back(text(row, "name") + " " + text(row, "path") + " " + text(row, "size"));
-        return entries;
-    }
-    /// Deselects an entry with its button.
-    void dropFromReview(const QString &name)
-    {
-        driver().click(driver().itemWhere(
-            [&](const QQuickItem &item) {
-                return item.objectName() == QStringLiteral("reviewSheet.drop") &&
-                       item.property("text").toString() == QStringLiteral("Remove %1 from the selection").arg(name);
-            },
-            QStringLiteral("the button that drops %1").arg(name)));
-    }
-    std::vector<QRectF> tileRects()
-    {
-        std::vector<QRectF> rects;
-        for (int i = 0; i < map().layout().count(); ++i)
-            rects.push_back(map().layout().rect(i));
-        return rects;
-    }
-    int checkState(const QString &name) { return row(name).property("checkState").toInt(); }
-    void expectNothingSelected()
-    {
-        EXPECT_TRUE(store().selection().empty());
-        EXPECT_FALSE(isShown(QStringLiteral("selectionBar")));
-    }
-};
 
 TEST_F(SelectionJourney, ATickedItemShowsInTheBarOnTheMapAndInItsRow)
 {
@@ -119,64 +40,6 @@ TEST_F(SelectionJourney, AFolderAndAnItemInsideItCountOnce)
     tick(QStringLiteral("Projects"));
 
     waitForText(QStringLiteral("6.3 MB can be reclaimed"));
-    EXPECT_TRUE(shows(QStringLiteral("1 item selected")));
-}
-
-TEST_F(SelectionJourney, ReviewListsWhatCounts)
-{
-    openHome();
-    selectParentChildAndOther();
-
-    openReview();
-
-    EXPECT_TRUE(shows(QStringLiteral("Selected for removal")));
-    EXPECT_TRUE(shows(QStringLiteral("2 items · 8.4 MB")));
-    EXPECT_THAT(reviewed(), ElementsAre("Projects ~/Projects 6.3 MB", "Games ~/Games 2.1 MB"));
-    EXPECT_TRUE(shows(QStringLiteral("~/Projects")));
-}
-
-TEST_F(SelectionJourney, DroppingAFolderInTheReviewBringsUpWhatItCovered)
-{
-    openHome();
-    selectParentChildAndOther();
-    openReview();
-
-    dropFromReview(QStringLiteral("Projects"));
-
-    waitForText(QStringLiteral("2 items · 4.2 MB"));
-    EXPECT_THAT(reviewed(), testing::UnorderedElementsAre("Exports ~/Projects/Exports 2.1 MB", "Games ~/Games 2.1 MB"));
-    EXPECT_TRUE(shows(QStringLiteral("4.2 MB can be reclaimed"))) << "the bar below follows";
-}
-
-TEST_F(SelectionJourney, DroppingTheLastEntryClosesTheReview)
-{
-    openHome();
-    tick(QStringLiteral("Projects"));
-    tick(QStringLiteral("Games"));
-    waitForSelectionBar();
-    openReview();
-
-    dropFromReview(QStringLiteral("Projects"));
-    waitForText(QStringLiteral("1 item · 2.1 MB"));
-    EXPECT_THAT(reviewed(), ElementsAre("Games ~/Games 2.1 MB"));
-    dropFromReview(QStringLiteral("Games"));
-
-    waitForPopupClosed(QStringLiteral("reviewSheet"));
-    waitUntil([&] { return !isShown(QStringLiteral("selectionBar")); }, QStringLiteral("the selection bar to go"));
-    EXPECT_TRUE(exists("Projects/build.tar"));
-    EXPECT_TRUE(exists("Games/world.dat"));
-}
-
-TEST_F(SelectionJourney, EscapeClosesTheReviewAndKeepsTheSelection)
-{
-    openHome();
-    tick(QStringLiteral("Projects"));
-    waitForSelectionBar();
-    openReview();
-
-    press(Qt::Key_Escape);
-
-    waitForPopupClosed(QStringLiteral("reviewSheet"));
     EXPECT_TRUE(shows(QStringLiteral("1 item selected")));
 }
 
@@ -297,8 +160,6 @@ TEST_F(SelectionJourney, CtrlASelectsWhatIsListedButNothingProtected)
     waitForText(QStringLiteral("3 items selected"));
 }
 
-// --- Stable positions
-
 TEST_F(SelectionJourney, TheBarThatAppearsMovesNoTile)
 {
     openHome();
@@ -370,82 +231,6 @@ TEST_F(SelectionJourney, AClickOnTheBarHitsNoTileBeneath)
     EXPECT_EQ(way(), "home");
     EXPECT_EQ(map().hoveredTile(), -1);
     EXPECT_FALSE(shows(QStringLiteral("Copy Path")));
-}
-
-TEST_F(SelectionJourney, TheReviewKeepsItsPlaceWhileEntriesAreDropped)
-{
-    openHome();
-    for (const char *name : {"Projects", "Games", "archive.zip"})
-        tick(QString::fromLatin1(name));
-    waitForSelectionBar();
-    openReview();
-    const QQuickItem &list = driver().item(QStringLiteral("reviewSheet.list"));
-    const QRectF place = list.mapRectToScene(list.boundingRect());
-    const QQuickItem &cancel = driver().item(QStringLiteral("reviewSheet.cancel"));
-    const QPointF button = cancel.mapToScene(QPointF());
-
-    // Click twice at the same point: the second click deselects the entry that has moved up.
-    const QPointF firstDrop(list.width() - 24, 23);
-    driver().clickAt(list, firstDrop);
-    waitForText(QStringLiteral("2 items · 3.1 MB"));
-    driver().rest();
-    EXPECT_EQ(list.mapRectToScene(list.boundingRect()), place);
-    EXPECT_EQ(cancel.mapToScene(QPointF()), button);
-    driver().clickAt(list, firstDrop);
-    waitForText(QStringLiteral("1 item · 1 MB"));
-    EXPECT_EQ(list.mapRectToScene(list.boundingRect()), place);
-    EXPECT_THAT(reviewed(), ElementsAre("archive.zip ~/archive.zip 1 MB"));
-
-    press(Qt::Key_Escape);
-    waitForPopupClosed(QStringLiteral("reviewSheet"));
-    openReview();
-    EXPECT_LT(driver().item(QStringLiteral("reviewSheet.list")).height(), place.height()) << "made for what there is";
-}
-
-TEST_F(SelectionJourney, TheReviewShowsItsRowsEachTimeItIsOpened)
-{
-    openHome();
-    tick(QStringLiteral("Projects"));
-    waitForSelectionBar();
-    for (int opening = 0; opening < 3; ++opening) {
-        openReview();
-        EXPECT_TRUE(shows(QStringLiteral("~/Projects"))) << opening;
-        EXPECT_GT(driver().item(QStringLiteral("reviewSheet.list")).height(), 30) << opening;
-        press(Qt::Key_Escape);
-        waitForPopupClosed(QStringLiteral("reviewSheet"));
-    }
-}
-
-TEST_F(SelectionJourney, TypingFindsInTheReview)
-{
-    openHome();
-    for (const char *name : {"Projects", "Games", "archive.zip"})
-        tick(QString::fromLatin1(name));
-    waitForSelectionBar();
-    openReview();
-    tabTo(driver().item(QStringLiteral("reviewSheet.list")));
-
-    press(Qt::Key_A);
-    press(Qt::Key_Delete);
-
-    waitForText(QStringLiteral("2 items · 8.4 MB"));
-    EXPECT_THAT(reviewed(), ElementsAre("Projects ~/Projects 6.3 MB", "Games ~/Games 2.1 MB"));
-}
-
-TEST_F(SelectionJourney, AnEntryOfTheReviewOpensByDoubleClickAndByItsMenu)
-{
-    openHome();
-    tick(QStringLiteral("Games"));
-    waitForSelectionBar();
-    openReview();
-    driver().doubleClickAt(driver().item(QStringLiteral("reviewSheet.list")), QPointF(200, 23));
-    waitUntil([&] { return Sandbox::instance().opened().size() == 1; }, QStringLiteral("the file manager"));
-    EXPECT_EQ(Sandbox::instance().opened().back(), at("Games"));
-
-    driver().clickAt(driver().item(QStringLiteral("reviewSheet.list")), QPointF(200, 23), Qt::RightButton);
-    clickText(QStringLiteral("Open"));
-    waitUntil([&] { return Sandbox::instance().opened().size() == 2; }, QStringLiteral("the file manager once more"));
-    EXPECT_TRUE(isShown(QStringLiteral("reviewSheet.list")));
 }
 
 TEST_F(SelectionJourney, AProtectedFolderCannotBeSelectedByItsMenu)

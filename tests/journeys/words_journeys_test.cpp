@@ -1,20 +1,12 @@
-#include <algorithm>
-#include <ctime>
 #include <filesystem>
-#include <set>
 
-#include <QQmlComponent>
-#include <QQmlEngine>
 #include <QStringListModel>
-#include <QWheelEvent>
 #include <QtTest/QTest>
 
 #include "cleanup/admin_command.h"
-#include "core/systems/cleanup_table.h"
 #include "disk/sample_breakdown.h"
 #include "journeys/held_listing.h"
-#include "journeys/journey.h"
-#include "journeys/shown_texts.h"
+#include "journeys/words_journey.h"
 
 namespace corvane {
 namespace {
@@ -22,114 +14,6 @@ namespace {
 using testing::Contains;
 using testing::IsEmpty;
 using testing::StartsWith;
-
-using Item = StorageStore::SidebarItem;
-
-constexpr std::time_t day = 86'400; // seconds
-constexpr QSize smallest(1'040, 660);
-
-/// Checks every text that the program can show on Linux for macOS terms.
-class WordsJourney : public Journey {
-protected:
-    void SetUp() override
-    {
-        if (systemHost().files.systemKind() == SystemKind::mac)
-            GTEST_SKIP() << "the tests run on a root that is a Mac's";
-    }
-
-    /// Checks the whole window, and expects these texts to be visible at this moment.
-    void read(const QString &place, const QStringList &expected = {})
-    {
-        driver().rest();
-        std::set<QString> texts;
-        for (const ShownText &shown : textsOf(window()))
-            texts.insert(shown.text);
-        for (const QString &text : expected)
-            EXPECT_TRUE(texts.contains(text)) << "not read on " << place.toStdString() << ": " << text.toStdString();
-        for (const std::string &found : macWordsOfOurs())
-            ADD_FAILURE() << place.toStdString() << ": " << found;
-    }
-    /// The macOS terms in the window, except in names of applications installed on this machine.
-    std::vector<std::string> macWordsOfOurs()
-    {
-        std::vector<std::string> found = macWordsIn(window());
-        std::erase_if(found, [this](const std::string &text) { return isNameOfAnApp(text); });
-        return found;
-    }
-    void show(Item screen)
-    {
-        store().setSidebar(screen);
-        driver().rest();
-    }
-    void scanHome()
-    {
-        store().scanHome();
-        waitUntil([&] { return isScanned() && !store().cleanupLoading() && !store().breakdownLoading(); },
-                  QStringLiteral("the scan's end"));
-    }
-    void waitForFigures()
-    {
-        waitUntil([&] { return store().breakdown() && !store().breakdownLoading() && !store().cleanupLoading(); },
-                  QStringLiteral("the disk to be measured"));
-    }
-    void showApps()
-    {
-        show(Item::uninstaller);
-        waitUntil([&] { return store().appsLoaded() && !store().appsLoading(); }, QStringLiteral("the inventory"));
-    }
-    void close(const QString &sheet)
-    {
-        press(Qt::Key_Escape);
-        waitForPopupClosed(sheet);
-    }
-    void chooseApp(const QString &name)
-    {
-        driver().click(driver().itemWhere(
-            [&](const QQuickItem &item) {
-                return item.property("unused").isValid() && item.property("index").toInt() >= 0 &&
-                       item.property("name").toString() == name;
-            },
-            name));
-        driver().rest();
-    }
-    void waitForRemoval()
-    {
-        waitUntil([&] { return !store().isRemoving() && !store().appsLoading() && !toast().empty(); },
-                  QStringLiteral("the removal's message"));
-    }
-    /// Adds a QML item to the window, as if a developer had left it there.
-    void put(const QByteArray &body)
-    {
-        QQmlComponent component(qmlEngine(&window()));
-        component.setData("import QtQuick\nimport QtQuick.Controls.Basic\n" + body,
-                          QUrl(QStringLiteral("qrc:/forgotten.qml")));
-        QObject *const made = component.create(qmlContext(&window()));
-        ASSERT_NE(made, nullptr) << component.errorString().toStdString();
-        made->setParent(window().contentItem());
-        if (auto *const item = qobject_cast<QQuickItem *>(made))
-            item->setParentItem(window().contentItem());
-    }
-    void addOldFolder(const std::string &place) const
-    {
-        folder().writeFile(place + "/data", mebibyte);
-        for (const std::string &item : {place + "/data", place})
-            folder().setModified(item, std::time(nullptr) - 60 * day);
-    }
-    void addLauncher(const std::string &id, const std::string &name, const std::string &program) const
-    {
-        folder().writeText("data/applications/" + id + ".desktop",
-                           "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=\"" + program + "\"\n");
-    }
-
-private:
-    /// Installed programs on this machine can have any name.
-    [[nodiscard]] bool isNameOfAnApp(const std::string &found)
-    {
-        return std::ranges::any_of(store().apps(), [&](const InstalledApp &app) {
-            return !app.path.starts_with(folder().path()) && found.find(app.name) != std::string::npos;
-        });
-    }
-};
 
 // --- The check itself
 
@@ -361,65 +245,6 @@ TEST_F(WordsJourney, NoPlaceOfTheCleanupSpeaksOfAMac)
     click(QStringLiteral("cleanup.selectSafe"));
     waitForSelectionBar();
     read(QStringLiteral("the cleanup with a selection"));
-}
-
-// --- At the smallest size of the window
-
-TEST_F(WordsJourney, InTheSmallestWindowWhatACommandIsForIsReadWhole)
-{
-    open();
-    driver().resize(smallest.width(), smallest.height());
-    waitForFigures();
-    show(Item::cleanup);
-    std::vector<AdminCommand> commands;
-    for (const CommandDefinition &each : cleanupTableOf(SystemKind::linuxSystem).commands)
-        commands.push_back({each.id, each.title, each.detail, each.symbol, each.tint, each.command, 123'400'000});
-    for (const AdminCommand &command : commands) {
-        store().finishCleanupCommands({command}, store().cleanupCommandsToken());
-        tabTo(driver().item(QStringLiteral("cleanupList")));
-        press(Qt::Key_End);
-        const QString detail = QString::fromUtf8(command.detail.data(), static_cast<qsizetype>(command.detail.size()));
-        waitForText(detail);
-        EXPECT_FALSE(textItem(detail)->property("truncated").toBool()) << command.detail;
-    }
-}
-
-TEST_F(WordsJourney, InTheSmallestWindowThePlanOfAnUninstallIsReadWhole)
-{
-    folder().writeFile("data/flatpak/app/org.tide.Tide/current/active/files/bin/tide", mebibyte);
-    folder().writeText("data/flatpak/exports/share/applications/org.tide.Tide.desktop",
-                       "[Desktop Entry]\nType=Application\nName=Tide\nExec=flatpak run org.tide.Tide\n");
-    for (const char *data : {"home/.var/app/org.tide.Tide/data/db", "config/org.tide.Tide/db"})
-        folder().writeFile(data, 12 * mebibyte);
-    open();
-    driver().resize(smallest.width(), smallest.height());
-    showApps();
-    chooseApp(QStringLiteral("Tide"));
-    const QQuickItem &plan = driver().item(QStringLiteral("uninstaller.plan"));
-    EXPECT_THAT(plan.property("text").toString().toStdString(), StartsWith("2 items of its data · "));
-    EXPECT_FALSE(plan.property("truncated").toBool());
-}
-
-TEST_F(WordsJourney, InTheSmallestWindowTheMenuIsScrolledToItsEnd)
-{
-    open();
-    driver().resize(smallest.width(), smallest.height());
-    press(Qt::Key_F10);
-    waitForPopup(QStringLiteral("appMenu"));
-    const auto *const rows =
-        window().findChild<QObject *>(QStringLiteral("appMenu"))->property("contentItem").value<QQuickItem *>();
-    ASSERT_GT(rows->property("contentHeight").toReal(), rows->height()) << "it fits";
-    const auto bars = rows->findChildren<QQuickItem *>();
-    const auto bar =
-        std::ranges::find_if(bars, [](const QQuickItem *item) { return item->inherits("QQuickScrollBar"); });
-    ASSERT_NE(bar, bars.end()) << "nothing says that the menu goes on";
-    waitUntil([&] { return (*bar)->property("contentItem").value<QQuickItem *>()->opacity() == 1; },
-              QStringLiteral("the bar of the menu"));
-    const QPointF middle = rows->mapToScene(rows->boundingRect().center());
-    QWheelEvent turn(middle, window().mapToGlobal(middle), QPoint(), QPoint(0, -1'200), Qt::NoButton, Qt::NoModifier,
-                     Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&window(), &turn);
-    waitUntil([&] { return rows->property("atYEnd").toBool(); }, QStringLiteral("the end of the menu"));
 }
 
 // --- The sheets
