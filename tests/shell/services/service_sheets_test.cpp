@@ -2,7 +2,7 @@
 #include <QSignalSpy>
 #include <QTimer>
 
-#include "shell/services/service_sheets_scene.h"
+#include "shell/services/service_sheets_fixture.h"
 
 namespace corvane {
 namespace {

@@ -1,6 +1,6 @@
 #include <QGuiApplication>
 
-#include "shell/services/service_sheets_scene.h"
+#include "shell/services/service_sheets_fixture.h"
 
 namespace corvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <QMimeData>
 #include <QQmlAbstractUrlInterceptor>
 
-#include "shell/window/main_window_scene.h"
+#include "shell/window/main_window_fixture.h"
 
 namespace corvane {
 namespace {

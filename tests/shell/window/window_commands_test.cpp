@@ -1,7 +1,7 @@
 // The commands of the window: its menu and its keys.
 
 #include "shell/app_info.h"
-#include "shell/window/main_window_scene.h"
+#include "shell/window/main_window_fixture.h"
 
 namespace corvane {
 namespace {
