@@ -22,3 +22,25 @@ function(corvane_batch_qml target)
   set_source_files_properties(${sources} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
 endfunction()
+
+# Adds a QML module with its C++ types as a static library.
+# corvane_qml_module(NAME URI Corvane.X SOURCES a.cpp a.h QML_FILES A.qml IMPORTS Corvane.Shell DEPENDENCIES QtQuick
+#   LIBRARIES x y)
+function(corvane_qml_module target)
+  cmake_parse_arguments(arg "" "URI" "SOURCES;QML_FILES;IMPORTS;DEPENDENCIES;LIBRARIES" ${ARGN})
+  qt_add_library(${target} STATIC)
+  qt_add_qml_module(${target}
+    URI ${arg_URI}
+    VERSION 1.0
+    RESOURCE_PREFIX ${CORVANE_QML_PREFIX}
+    IMPORTS ${arg_IMPORTS}
+    DEPENDENCIES ${arg_DEPENDENCIES}
+    SOURCES ${arg_SOURCES}
+    QML_FILES ${arg_QML_FILES})
+  corvane_batch_qml(${target})
+  # The generated type registration includes the headers by bare name.
+  target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${target} PUBLIC ${arg_LIBRARIES} Qt6::Quick)
+  list(FILTER arg_SOURCES INCLUDE REGEX "\\.(cpp|mm)$")
+  corvane_strict_sources(${arg_SOURCES})
+endfunction()

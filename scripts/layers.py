@@ -12,7 +12,7 @@ import sys
 INCLUDE = re.compile(r"^[ \t]*#[ \t]*(?:include|import)[ \t]*[<\"]([^>\"]+)[>\"]", re.M)
 IMPORT = re.compile(r"^[ \t]*import[ \t]+(Corvane\.\w+)", re.M)
 URI = re.compile(r"\bURI[ \t]+(Corvane\.\w+)")
-LIBRARY = re.compile(r"\bqt_add_library\((corvane_\w+)")
+LIBRARY = re.compile(r"\b(?:qt_add_library|corvane_qml_module)\((corvane_\w+)")
 LINKED = re.compile(r"\bcorvane_\w+?(?=(?:plugin)?\b)")
 QT = re.compile(r"^Q(t|[A-Z])")
 NAMED = ("platform", "core", "core/store", "cli", "shell", "shell/ui", "shell/ui/services", "shell/ui/updates",

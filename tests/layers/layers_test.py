@@ -11,8 +11,7 @@ SCRIPT = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "layers.py"
 
 
 def module(name, uri, linked=""):
-    return (f"qt_add_library({name} STATIC)\nqt_add_qml_module({name}\n  URI {uri})\n"
-            f"target_link_libraries({name} {linked})\n")
+    return f"corvane_qml_module({name}\n  URI {uri}\n  LIBRARIES {linked})\n"
 
 
 BUILD_FILES = {
