@@ -92,6 +92,14 @@ function(corvane_embed_rounded_font target)
 endfunction()
 
 # --- The program's own icon.
+# Adds the program render_icon, which draws the icon in several sizes while building.
+function(corvane_add_render_icon)
+  add_executable(render_icon ${CMAKE_SOURCE_DIR}/assets/icon/render_icon.cpp)
+  target_link_libraries(render_icon PRIVATE Qt6::Gui Qt6::Svg)
+  corvane_strict_target(render_icon)
+  set_target_properties(render_icon PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
+
 set(CORVANE_APP_ICON ${CMAKE_SOURCE_DIR}/assets/icon/corvane.svg)
 
 # Embeds the drawing under :/corvane/icon.
