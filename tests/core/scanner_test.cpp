@@ -16,7 +16,6 @@
 namespace corvane {
 namespace {
 
-using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -11,7 +11,6 @@ namespace {
 
 using test::addFile;
 using test::addFolder;
-using test::addPackage;
 using test::addSmallFiles;
 using test::makeRoot;
 using test::NodePtr;

@@ -6,7 +6,6 @@
 namespace corvane {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 TEST_F(DiskPlacesTest, WhatTheUserMayNotReadIsMeasuredByItsTool)

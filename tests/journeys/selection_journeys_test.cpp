@@ -3,8 +3,6 @@
 namespace corvane {
 namespace {
 
-using testing::ElementsAre;
-
 TEST_F(SelectionJourney, ATickedItemShowsInTheBarOnTheMapAndInItsRow)
 {
     openHome();

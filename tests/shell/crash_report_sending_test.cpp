@@ -12,7 +12,6 @@
 namespace corvane {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 

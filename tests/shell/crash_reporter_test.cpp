@@ -19,7 +19,6 @@ namespace corvane {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 // --- Search paths and names -----------------------------------------------------------------------------------------

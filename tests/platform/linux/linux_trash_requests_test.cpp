@@ -9,9 +9,6 @@
 namespace corvane {
 namespace {
 
-using ::testing::Contains;
-using ::testing::EndsWith;
-using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 TEST(LinuxTrash, EachOfManyItemsOfARequestHasItsWayBack)

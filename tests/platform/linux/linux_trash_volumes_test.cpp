@@ -11,7 +11,6 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::EndsWith;
-using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 class LinuxTrashOfAVolume : public ::testing::Test {
