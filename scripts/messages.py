@@ -3,7 +3,8 @@
 messages.py [--find TEXT] [FOLDER]
 
 With --find, only the texts that TEXT is a part of, and those that make up TEXT or a part of it: TEXT may be copied from
-the window, with its figures and names. The longest match comes first; exit status 1 says that there is none.
+the window, with its figures and names. The longest match comes first. If even that is less than half of TEXT, standard
+error says so; exit status 1 says that there is none.
 
 In QML a text is the argument of qsTr(). In C++ it is a string literal of several words, or of one capitalised word, or
 one combined with a count; paths, keys and the like are recognised by their shape and skipped, but a few remain.
@@ -80,6 +81,11 @@ def likeness(text, wanted):
     return fixed
 
 
+def is_only_a_part(text, wanted):
+    """Whether a text that was found is less than half of the sentence, which may well be another one then."""
+    return 2 * likeness(text, wanted) < sum(map(len, re.findall(r"[^\W\d]+", wanted)))
+
+
 def main():
     signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # a reader such as head may close the pipe early
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
@@ -93,6 +99,8 @@ def main():
     if arguments.find is not None:
         found = [each for each in found if likeness(each[2], arguments.find)]
         found.sort(key=lambda each: (-likeness(each[2], arguments.find), len(each[2])))
+        if found and is_only_a_part(found[0][2], arguments.find):
+            print("messages: only parts of it are found:", file=sys.stderr)
     for path, line, text in found:
         print(f"{path}:{line}: {text}")
     return 0 if found else 1

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -132,7 +133,13 @@ TEST(CleanupCatalogTable, OfALinuxSystemIsExactlyThis)
          {".local/share/libvirt/images", ".var/app/org.gnome.Boxes/data/gnome-boxes/images"}},
         {"virtualbox", "VirtualBox Machines", review, personal, "VirtualBox VMs"},
     };
-    ASSERT_EQ(linuxCleanup.rows.size(), std::size(expected));
+    std::vector<std::string_view> ids;
+    for (const CleanupDefinition &row : linuxCleanup.rows)
+        ids.push_back(row.id);
+    std::vector<std::string_view> expectedIds;
+    for (const auto &row : expected)
+        expectedIds.push_back(row.id);
+    ASSERT_EQ(ids, expectedIds);
     for (std::size_t i = 0; i < std::size(expected); ++i) {
         const CleanupDefinition &row = linuxCleanup.rows[i];
         EXPECT_EQ(row.id, expected[i].id);

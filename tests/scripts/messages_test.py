@@ -56,6 +56,11 @@ class TextsOfTheSources(unittest.TestCase):
     def test_are_found_by_a_part_in_any_letter_case(self):
         self.assertTrue(messages.likeness("See “Left behind by deleted apps” at the top", "left behind by"))
 
+    def test_of_less_than_half_of_the_sentence_are_told_apart(self):
+        self.assertTrue(messages.is_only_a_part(" selected", "Nothing is selected for removal"))
+        self.assertFalse(messages.is_only_a_part("{}% of {} explained", "14% of 811.29 GB explained"))
+        self.assertFalse(messages.is_only_a_part("%1 apps use %2", "12 apps use 8.37 GB"))
+
     def test_are_found_as_a_part_unless_they_are_short(self):
         self.assertTrue(messages.likeness(", including their data", "12 apps use 8.37 GB, including their data"))
         self.assertFalse(messages.likeness("items", "Moved 3 items (2.5 MB) to Trash"))
