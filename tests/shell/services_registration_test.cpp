@@ -1,5 +1,7 @@
 #include "shell/ui/services_registration.h"
 
+#include <QPointer>
+
 #include <gtest/gtest.h>
 
 #include "shell/fake_services.h"
@@ -38,13 +40,12 @@ TEST_F(ServicesRegistrationTest, QmlReadsAndSetsTheReportModeByItsName)
 
 TEST_F(ServicesRegistrationTest, ServicesOutliveTheEngine)
 {
-    bool destroyed = false;
-    QObject::connect(&services, &QObject::destroyed, &services, [&destroyed] { destroyed = true; });
+    const QPointer<Services> alive(&services);
     {
         const QuickScene scene("property bool did: Services.defaults.didOnboard");
         ASSERT_TRUE(scene.isShown()) << qPrintable(scene.errors());
     }
-    EXPECT_FALSE(destroyed);
+    EXPECT_TRUE(alive);
 }
 
 TEST_F(ServicesRegistrationTest, WithoutServicesNoPresenterIsMade)

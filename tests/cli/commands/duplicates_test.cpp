@@ -73,7 +73,8 @@ TEST_F(DuplicatesCommandTest, TheTableShortensTheHomeFolderAndJsonDoesNot)
     EXPECT_NE(table.find("\n  ~/b/song"), std::string::npos) << table;
     EXPECT_NE(table.find("  shares its storage with ~/"), std::string::npos) << table;
     EXPECT_EQ(table.find(m_folder / "home"), std::string::npos) << table;
-    for (const json &file : document({"duplicates", "home"})["groups"][0]["files"])
+    const json listed = document({"duplicates", "home"});
+    for (const json &file : listed["groups"][0]["files"])
         EXPECT_TRUE(file["path"].get<std::string>().starts_with(m_folder / "home/")) << file;
 }
 
