@@ -9,6 +9,7 @@
 #include "core/foreign_sum.h"
 #include "core/scanner.h"
 #include "core/size_walk.h"
+#include "core/stoppable_files.h"
 
 namespace corvane {
 namespace {
@@ -50,12 +51,12 @@ bool RemovalJob::start(const Selection &entries, bool permanently, const SeenIte
     return true;
 }
 
-/// Rescans a path into the root of a tree; null if there is nothing that a tree shows, or if the rescan failed.
-std::shared_ptr<FileNode> RemovalJob::measuredAnew(const std::string &path)
+/// Rescans a path; nothing if there is nothing that a tree shows, or if the rescan failed.
+std::optional<MeasuredTree> RemovalJob::measuredAnew(const std::string &path)
 {
     const Expected<ItemFacts> facts = m_host.files.facts(path);
     if (!facts || facts->type == EntryType::symbolicLink)
-        return nullptr;
+        return std::nullopt;
     if (facts->type == EntryType::directory) {
         const auto progress = std::make_shared<ScanProgress>();
         {
@@ -65,12 +66,15 @@ std::shared_ptr<FileNode> RemovalJob::measuredAnew(const std::string &path)
         if (m_isClosing)
             progress->cancel(); // `close` may have come before the rescan was known to it
         std::shared_ptr<FileNode> root = Scanner::scan(path, *progress, m_host.files);
-        return progress->shouldStop() ? nullptr : root;
+        if (progress->shouldStop())
+            return std::nullopt;
+        StoppableFiles files(m_host.files, path, Scanner::waiting(*progress));
+        return MeasuredTree::of(std::move(root), DevJunkRule::match, files);
     }
     auto file = std::make_shared<FileNode>(path, FileNode::Kind::file);
     file->size = fileSize(*facts);
     file->modified = facts->modified;
-    return file;
+    return MeasuredTree::of(std::move(file), DevJunkRule::match, m_host.files);
 }
 
 std::vector<MeasuredTree> RemovalJob::remainsOf(RemovalOutcome &outcome)
@@ -81,8 +85,8 @@ std::vector<MeasuredTree> RemovalJob::remainsOf(RemovalOutcome &outcome)
             break;
         if (failure.left != RemovalFailure::Left::aPart && failure.left != RemovalFailure::Left::somethingElse)
             continue;
-        if (std::shared_ptr<FileNode> left = measuredAnew(failure.path))
-            remains.push_back(MeasuredTree::of(std::move(left), DevJunkRule::match, m_host.files));
+        if (std::optional<MeasuredTree> left = measuredAnew(failure.path))
+            remains.push_back(std::move(*left));
         else if (failure.left == RemovalFailure::Left::somethingElse)
             failure.left = RemovalFailure::Left::nothing; // trees do not show what replaced it
     }

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,7 +52,7 @@ public:
 
 private:
     [[nodiscard]] std::vector<MeasuredTree> remainsOf(RemovalOutcome &outcome);
-    [[nodiscard]] std::shared_ptr<FileNode> measuredAnew(const std::string &path);
+    [[nodiscard]] std::optional<MeasuredTree> measuredAnew(const std::string &path);
 
     const Host m_host;
     const ProtectedLocations &m_locations;

@@ -36,30 +36,44 @@ TEST_F(StorageStoreTest, RemovalTakesTheItemOutOfTheTreeAndOfEveryTotal)
     EXPECT_EQ(*store.toast(), "Moved 1 item (3 MB) to Trash — empty it to free the space");
 }
 
-TEST_F(StorageStoreTest, QuittingDoesNotWaitForAHungDiskToBeScannedAgain)
-{
-    fake.files.addMount({.path = home, .fileSystem = 2, .mayNotAnswer = true});
-    std::optional<StorageStore> quitting(std::in_place, fake.host(), locations);
-    quitting->setSelected(at("Projects"), 4'005'000, true);
-    fake.files.take(at("Projects"));
-    fake.files.addFile(at("Projects/another"), 1'000'000); // what replaced it stays, and is scanned
-    Gate gate(*fake.log, "list " + at("Projects"));
-    quitting->remove(quitting->effectiveSelection(), false);
-    ASSERT_TRUE(gate.waitUntilReached());
+/// Quits while a folder is scanned that has replaced the one removed, on a disk that stops answering at a call.
+class QuittingTest : public StorageStoreTest {
+protected:
+    void quitWhileTheDiskHangsAt(const std::string &call)
+    {
+        fake.files.addMount({.path = home, .fileSystem = 2, .mayNotAnswer = true});
+        std::optional<StorageStore> quitting(std::in_place, fake.host(), locations);
+        quitting->setSelected(at("Projects"), 4'005'000, true);
+        fake.files.take(at("Projects"));
+        fake.files.addFile(at("Projects/node_modules/another"), 1'000'000);
+        Gate gate(*fake.log, call);
+        quitting->remove(quitting->effectiveSelection(), false);
+        ASSERT_TRUE(gate.waitUntilReached());
 
-    std::atomic<bool> hasQuit = false;
-    std::atomic<bool> hung = false;
-    std::thread watch([&] {
-        hung = !QTest::qWaitFor([&] { return hasQuit.load(); }, patience);
-        if (hung)
-            gate.open();
-    });
-    quitting.reset();
-    hasQuit = true;
-    watch.join();
-    EXPECT_FALSE(hung);
-    gate.open();
-    EXPECT_TRUE(QTest::qWaitFor([] { return Companion::leftCalls() == 0; }, patience));
+        std::atomic<bool> hasQuit = false;
+        std::atomic<bool> hung = false;
+        std::thread watch([&] {
+            hung = !QTest::qWaitFor([&] { return hasQuit.load(); }, patience);
+            if (hung)
+                gate.open();
+        });
+        quitting.reset();
+        hasQuit = true;
+        watch.join();
+        EXPECT_FALSE(hung);
+        gate.open();
+        EXPECT_TRUE(QTest::qWaitFor([] { return Companion::leftCalls() == 0; }, patience));
+    }
+};
+
+TEST_F(QuittingTest, DoesNotWaitForAHungDiskToBeScannedAgain)
+{
+    quitWhileTheDiskHangsAt("list " + at("Projects"));
+}
+
+TEST_F(QuittingTest, DoesNotWaitForAHungDiskToTellABuildFolder)
+{
+    quitWhileTheDiskHangsAt("exists " + at("Projects/package.json"));
 }
 
 TEST_F(StorageStoreTest, RemovingTheFolderShownGoesToTheFolderAroundIt)
