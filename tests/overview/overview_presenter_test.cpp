@@ -100,6 +100,16 @@ TEST_F(OverviewPresenterTest, CardsOfAFolderThatCannotBeReadSayIt)
     EXPECT_EQ(presenter.emptySymbol(), QStringLiteral("lock"));
 }
 
+TEST_F(OverviewPresenterTest, CardsOfAFolderWithClosedFoldersAloneDoNotCallItEmpty)
+{
+    addFile("Closed/a.mov", 5'000'000);
+    fake.files.failListing(home + "/Closed", std::errc::permission_denied);
+    scanHome();
+    ASSERT_EQ(store.deniedCount(), 1);
+    EXPECT_EQ(presenter.noTypesText(), QStringLiteral("Nothing in this folder can be read"));
+    EXPECT_EQ(presenter.noTopItemsText(), QStringLiteral("Nothing in this folder can be read"));
+}
+
 TEST_F(OverviewPresenterTest, TheBannerIsThereWithoutAccess)
 {
     EXPECT_FALSE(presenter.needsAccess());

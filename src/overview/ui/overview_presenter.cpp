@@ -232,6 +232,8 @@ QString OverviewPresenter::emptyText(const QString &ofFiles) const
         return QStringLiteral("This folder can't be read");
     if (root()->fileCount > 0)
         return ofFiles;
+    if (m_store.deniedCount() > 0)
+        return QStringLiteral("Nothing in this folder can be read");
     return m_store.scanIsPartial() ? QStringLiteral("Nothing found before the scan was stopped")
                                    : QStringLiteral("This folder is empty");
 }
