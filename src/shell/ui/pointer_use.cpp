@@ -26,7 +26,8 @@ bool PointerUse::eventFilter(QObject *receiver, QEvent *event)
     case QEvent::MouseMove: {
         // Windows also receive such events when the pointer has not moved.
         const QPointF position = static_cast<const QMouseEvent *>(event)->globalPosition();
-        if (std::exchange(m_position, position) != position)
+        const std::optional<QPointF> before = std::exchange(m_position, position);
+        if (before && *before != position)
             setActive(true);
         break;
     }

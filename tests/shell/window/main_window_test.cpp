@@ -26,6 +26,13 @@ TEST_F(MainWindowTest, HasItsMinimumSize)
     EXPECT_EQ(window->size(), QSize(1280, 800));
 }
 
+TEST_F(MainWindowTest, KnowsFromTheFirstKeyPressThatThePointerIsNotInUse)
+{
+    EXPECT_TRUE(window->property("pointerInUse").toBool());
+    QTest::keyClick(window.get(), Qt::Key_Shift);
+    EXPECT_FALSE(window->property("pointerInUse").toBool());
+}
+
 TEST_F(MainWindowTest, AScreenThatNeedsAScanAsksForItFirst)
 {
     EXPECT_EQ(item("mapScreen"), nullptr);

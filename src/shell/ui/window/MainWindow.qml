@@ -19,6 +19,9 @@ T.ApplicationWindow {
     /// The height of the screen that the selection bar covers.
     readonly property real coveredHeight: selectionBar.takenHeight
 
+    /// Read here so that key presses count from the start, not from the first tip.
+    readonly property bool pointerInUse: PointerUse.active
+
     property QtObject folderDialog: null
 
     /// Null if the file, or a module that it imports, is missing.
