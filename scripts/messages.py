@@ -75,6 +75,8 @@ def likeness(text, wanted):
     if any(wanted.casefold() in piece.casefold() for piece in pieces):
         return len(wanted)
     fixed = sum(len(piece.strip()) for piece in pieces)
+    if fixed >= 4 and re.fullmatch(".+?".join(map(re.escape, pieces)), wanted, re.I):
+        return fixed
     # A shorter one, such as "items", is in many texts.
     if fixed < max(8, len(wanted) / 4) or not re.search(".*?".join(map(re.escape, pieces)), wanted, re.I):
         return 0

@@ -50,6 +50,7 @@ class TextsOfTheSources(unittest.TestCase):
     def test_are_found_by_a_sentence_with_its_figures_and_names(self):
         for text, sentence in (("Moved {} ({}) to Trash", "Moved 3 items (2.5 MB) to Trash"),
                                ("%1 apps use %2", "12 apps use 8.37 GB"),
+                               ("About %1", "About Corvane"),
                                ("No apps match “%1”", "No apps match “a (b”")):
             self.assertTrue(messages.likeness(text, sentence), text)
 
