@@ -7,7 +7,8 @@
 namespace corvane {
 
 /// The pointer's position on the map, the tile under it, and whether the info pill of that tile is shown. The pill is
-/// shown once the pointer has been on tiles for `Theme::pillDelayDuration`, until it leaves them. Main thread only.
+/// shown once the pointer has stayed on one tile for `Theme::pillDelayDuration`; it then follows the pointer from tile
+/// to tile until it leaves them. Main thread only.
 class TreemapHover : public QObject {
     Q_OBJECT
 
