@@ -43,6 +43,7 @@ Item {
         iconName: "warning"
         iconSize: AppsMetrics.bannerIconSize
         leftInset: Theme.space12
+        rightInset: Theme.space12 - Theme.hairlineWidth
         verticalInset: Theme.space8
     }
     RemoveCommand {
