@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-constexpr int patience = 20'000; // milliseconds
+constexpr int patience = 60'000; // milliseconds; much, for a loaded machine
 constexpr int stillness = 120;   // milliseconds between two screenshots that must be identical
 constexpr QPoint nowhere{1, 1};
 
