@@ -202,10 +202,10 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
             console.complain(scanned.error());
             return ExitStatus::doneWithFailures;
         }
+        context = ScanContext::of(*scanned->root, scanned->summary->unreadableCount);
+        context.deniedCount = scanned->denied;
+        context.isPartial = scanned->isCancelled;
         scan = *std::move(scanned);
-        context = ScanContext::of(*scan->root, scan->summary->unreadableCount);
-        context.deniedCount = scan->denied;
-        context.isPartial = scan->isCancelled;
     }
     context.hasFullDiskAccess = PathGuard::probeFullDiskAccess(host.files);
 
