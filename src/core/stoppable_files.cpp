@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/mount_map.h"
+#include "platform/failure.h"
 #include "platform/file_reader.h"
 #include "platform/held_folder.h"
 #include "platform/path.h"
@@ -16,8 +17,7 @@ namespace {
 
 tl::unexpected<Error> givenUp(const char *operation, const std::string &path)
 {
-    return tl::unexpected(
-        Error{operation, path, std::make_error_code(std::errc::operation_canceled), "it does not answer"});
+    return failure(operation, path, ECANCELED, "it does not answer");
 }
 
 /// The result of a call that may fail with an `Error`.

@@ -1,17 +1,18 @@
 #include "platform/file_system.h"
 
+#include "platform/failure.h"
 #include "platform/file_reader.h"
 
 namespace corvane {
 
 Expected<std::string> FileSystem::readFile(const std::string &path, std::size_t /*most*/)
 {
-    return tl::unexpected(Error{"read", path, std::make_error_code(std::errc::not_supported), {}});
+    return failure("read", path, ENOTSUP);
 }
 
 Expected<std::unique_ptr<FileReader>> FileSystem::openFile(const std::string &path)
 {
-    return tl::unexpected(Error{"open", path, std::make_error_code(std::errc::not_supported), {}});
+    return failure("open", path, ENOTSUP);
 }
 
 std::vector<std::string> FileSystem::unsureMounts()

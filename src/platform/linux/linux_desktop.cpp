@@ -59,12 +59,12 @@ Expected<void> openWithDefault(const std::string &operation, const std::string &
 
 Expected<std::string> uriOf(const std::string &path)
 {
-    GError *failure = nullptr;
-    const GStringPointer uri(g_filename_to_uri(path.c_str(), nullptr, &failure));
+    GError *error = nullptr;
+    const GStringPointer uri(g_filename_to_uri(path.c_str(), nullptr, &error));
     if (uri)
         return std::string(uri.get());
-    const GErrorPointer owner(failure);
-    return tl::unexpected(Error{"reveal", path, std::make_error_code(std::errc::invalid_argument), failure->message});
+    const GErrorPointer owner(error);
+    return failure("reveal", path, EINVAL, error->message);
 }
 
 bool isThisProgram(GAppInfo *app)
@@ -81,7 +81,7 @@ Expected<void> openFolder(const std::string &path, const std::string &uri)
     if (!usual || !isThisProgram(usual.get()))
         return openWithDefault("open", path, uri);
     GList *const apps = g_app_info_get_all_for_type(folderType);
-    Expected<void> opened = tl::unexpected(Error{"open", path, std::make_error_code(std::errc::not_supported), {}});
+    Expected<void> opened = failure("open", path, ENOTSUP);
     for (const GList *each = apps; each != nullptr && !opened; each = each->next) {
         auto *const app = static_cast<GAppInfo *>(each->data);
         if (isThisProgram(app))

@@ -10,6 +10,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include "platform/failure.h"
 #include "platform/file_descriptor.h"
 #include "platform/linux/open_trash.h"
 #include "platform/linux/trash_slot.h"
@@ -24,8 +25,7 @@ constexpr const char *moveToTrash = "move to Trash";
 
 tl::unexpected<Error> lackingService(const char *operation, const std::string &path)
 {
-    return tl::unexpected(Error{operation, path, std::make_error_code(std::errc::not_supported),
-                                "There is no such service on this system."});
+    return failure(operation, path, ENOTSUP, "There is no such service on this system.");
 }
 
 /// Whether the folder's volume has no room for even one more block. The Trash for items of the folder is on the same
@@ -69,9 +69,8 @@ Expected<TrashedItem> LinuxTrash::trashItem(HeldFolder &folder, const std::strin
         // disk work as trashing, so do it only after a failure.
         if (!volumeIsFull(folder.descriptor()))
             return tl::unexpected(slot.error());
-        return tl::unexpected(Error{moveToTrash, joined(folder.path(), name),
-                                    std::make_error_code(std::errc::no_space_on_device),
-                                    "The disk is full: the Trash cannot record where the item came from."});
+        return failure(moveToTrash, joined(folder.path(), name), ENOSPC,
+                       "The disk is full: the Trash cannot record where the item came from.");
     }
     if (Expected<void> moved = slot->fill(); !moved)
         return tl::unexpected(moved.error());

@@ -17,22 +17,23 @@ namespace corvane {
 
 namespace {
 
-std::errc codeOfScriptError(NSInteger number)
+/// The closest `errno` value.
+int codeOfScriptError(NSInteger number)
 {
     switch (number) {
     case -1743: // denied by the user
     case -1744: // requires the user's consent
-        return std::errc::operation_not_permitted;
+        return EPERM;
     case -1728:
-        return std::errc::no_such_file_or_directory; // no such object
+        return ENOENT; // no such object
     case -1712:
-        return std::errc::timed_out;
+        return ETIMEDOUT;
     case -600:
-        return std::errc::no_such_process; // the Finder is not running
+        return ESRCH; // the Finder is not running
     case -128:
-        return std::errc::operation_canceled;
+        return ECANCELED;
     default:
-        return std::errc::io_error;
+        return EIO;
     }
 }
 
@@ -165,8 +166,8 @@ Expected<void> MacTrash::trashThroughFinder(const std::string &path)
         if (error == nil)
             return failure(operation, path, EIO);
         NSNumber *number = error[NSAppleScriptErrorNumber];
-        return tl::unexpected(Error{operation, path, std::make_error_code(codeOfScriptError(number.integerValue)),
-                                    bytesOf(error[NSAppleScriptErrorMessage])});
+        return failure(operation, path, codeOfScriptError(number.integerValue),
+                       bytesOf(error[NSAppleScriptErrorMessage]));
     });
 }
 
