@@ -16,6 +16,7 @@
 
 #include "platform/bulk_attributes.h"
 #include "platform/failure.h"
+#include "platform/posix/directory_stream.h"
 #include "platform/posix/interrupted_call.h"
 #include "platform/posix/stat_facts.h"
 
@@ -117,14 +118,10 @@ int MacOpenFolder::listInBulk(const EntrySink &sink) const
 
 int MacOpenFolder::listOneByOne(const EntrySink &sink) const
 {
-    // A separate descriptor, because the two ways of listing must not share a position.
-    FileDescriptor own(::openat(m_descriptor.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!own.isOpen())
-        return errno;
-    const std::unique_ptr<DIR, int (*)(DIR *)> stream(::fdopendir(own.number()), ::closedir);
+    // One of its own, because the two ways of listing must not share a position.
+    const DirectoryStream stream = ownStreamOf(m_descriptor.number());
     if (!stream)
         return errno;
-    static_cast<void>(own.release()); // the stream closes it
     for (;;) {
         errno = 0;
         const dirent *const found = ::readdir(stream.get());

@@ -1,7 +1,6 @@
 #include "platform/private_folder.h"
 
 #include <cerrno>
-#include <memory>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -10,6 +9,7 @@
 #include <unistd.h>
 
 #include "platform/failure.h"
+#include "platform/posix/directory_stream.h"
 #include "platform/posix/interrupted_call.h"
 
 namespace corvane {
@@ -32,10 +32,6 @@ Expected<FileDescriptor> ownFolder(int parent, const std::string &name, const st
         return failure("open", path, EPERM);
     return folder;
 }
-
-struct CloseFolder {
-    void operator()(DIR *folder) const { ::closedir(folder); }
-};
 
 } // namespace
 
@@ -103,15 +99,11 @@ void PrivateFolder::removeFile(const std::string &name) const
 
 std::vector<std::string> PrivateFolder::names() const
 {
-    const int again = ::openat(m_folder.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const std::unique_ptr<DIR, CloseFolder> listing(again < 0 ? nullptr : ::fdopendir(again));
+    const DirectoryStream stream = ownStreamOf(m_folder.number());
     std::vector<std::string> names;
-    if (!listing) {
-        if (again >= 0)
-            ::close(again);
+    if (!stream)
         return names;
-    }
-    while (const dirent *const entry = ::readdir(listing.get())) {
+    while (const dirent *const entry = ::readdir(stream.get())) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
             names.emplace_back(name);
