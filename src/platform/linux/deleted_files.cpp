@@ -9,14 +9,13 @@
 #include <utility>
 
 #include <fcntl.h>
-#include <linux/magic.h>
 #include <sys/stat.h>
-#include <sys/statfs.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include "platform/block_count.h"
 #include "platform/file_descriptor.h"
+#include "platform/linux/btrfs.h"
 #include "platform/linux/folder_names.h"
 #include "platform/linux/pid_from.h"
 
@@ -32,11 +31,9 @@ public:
     {
         for (const char *folder : {"/", home.c_str()}) {
             struct statx facts {};
-            struct statfs system {};
             if (::statx(AT_FDCWD, folder, AT_STATX_DONT_SYNC, STATX_TYPE, &facts) == 0)
                 m_devices.insert(makedev(facts.stx_dev_major, facts.stx_dev_minor));
-            if (::statfs(folder, &system) == 0 && system.f_type == BTRFS_SUPER_MAGIC)
-                m_isBtrfs = true;
+            m_isBtrfs = m_isBtrfs || isOnBtrfs(folder);
         }
     }
 
@@ -44,11 +41,7 @@ public:
     {
         if (m_devices.contains(makedev(facts.stx_dev_major, facts.stx_dev_minor)))
             return true;
-        if (!m_isBtrfs)
-            return false;
-        const std::string path = "/proc/self/fd/" + std::to_string(folder) + "/" + name;
-        struct statfs system {};
-        return ::statfs(path.c_str(), &system) == 0 && system.f_type == BTRFS_SUPER_MAGIC;
+        return m_isBtrfs && isOnBtrfs("/proc/self/fd/" + std::to_string(folder) + "/" + name);
     }
 
 private:

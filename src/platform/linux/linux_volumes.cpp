@@ -1,10 +1,9 @@
 #include "platform/linux/linux_volumes.h"
 
-#include <linux/magic.h>
-#include <sys/statfs.h>
 #include <sys/statvfs.h>
 
 #include "platform/block_count.h"
+#include "platform/linux/btrfs.h"
 #include "platform/linux/deleted_files.h"
 #include "platform/linux/swap_files.h"
 #include "platform/posix/interrupted_call.h"
@@ -23,9 +22,7 @@ VolumeFacts LinuxVolumes::facts(const std::string &path)
     facts.total = bytesOfBlocks(usedOrAvailable, volume.f_frsize);
     facts.available = bytesOfBlocks(volume.f_bavail, volume.f_frsize);
     // On btrfs, available is less than free by the space reserved for metadata.
-    struct statfs system {};
-    const bool isBtrfs = ::statfs(path.c_str(), &system) == 0 && system.f_type == BTRFS_SUPER_MAGIC;
-    if (!isBtrfs && volume.f_bfree >= volume.f_bavail)
+    if (!isOnBtrfs(path) && volume.f_bfree >= volume.f_bavail)
         facts.reserved = bytesOfBlocks(volume.f_bfree - volume.f_bavail, volume.f_frsize);
     return facts;
 }
