@@ -36,8 +36,10 @@ std::string_view withoutBlanks(std::string_view text)
 
 std::size_t characterCount(std::string_view text)
 {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xc0) != 0x80; }));
+    std::size_t count = 0;
+    for (std::size_t position = 0; position < text.size(); position += decodeUtf8(text, position).length)
+        ++count;
+    return count;
 }
 
 // Only the first dot-separated part that looks like a stamp is tried, even if it does not parse.
