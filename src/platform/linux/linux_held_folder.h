@@ -4,6 +4,8 @@
 
 namespace corvane {
 
+/// A held folder on Linux. Packages are known by their extensions. A read-only folder that contains something is
+/// deleted only in the Trash.
 class LinuxHeldFolder final : public PosixHeldFolder {
 public:
     using PosixHeldFolder::PosixHeldFolder;

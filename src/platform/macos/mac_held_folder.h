@@ -8,6 +8,7 @@ namespace corvane {
 /// Whether the Finder shows the folder at that path as a package.
 [[nodiscard]] bool isShownAsPackage(const std::string &path);
 
+/// A held folder on a Mac, where the Finder's rule decides which folders are packages.
 class MacHeldFolder final : public PosixHeldFolder {
 public:
     /// As `FileSystem::holdFolder`. `packages` must outlive the folder.
