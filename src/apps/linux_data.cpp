@@ -8,6 +8,7 @@
 #include "apps/leftover_rules.h"
 #include "apps/name_pieces.h"
 #include "core/allocated_size.h"
+#include "core/systems/home_folders.h"
 #include "core/words/lower_case.h"
 #include "platform/path.h"
 #include "platform/patient_open.h"
@@ -33,9 +34,8 @@ constexpr std::array<DataPlace, 4> dataPlaces{
 /// The parts of a Flatpak's own folder; anything else there is data as well.
 constexpr std::array<DataPlace, 2> flatpakParts{{{"config", "Settings"}, {"cache", "Cache"}}};
 
-/// Folders for the user's own documents, in a home folder and in that of a Snap.
-constexpr std::array<std::string_view, 10> documentFolders{"Desktop",  "Documents", "Downloads", "Movies", "Music",
-                                                           "Pictures", "Public",    "Templates", "Videos", "Projects"};
+/// The user's own documents as well. Not a main folder for Cleanup, because a developer may have moved caches into it.
+constexpr std::string_view projectsFolder = "Projects";
 
 /// Programs that start others, and folders shared by many programs.
 constexpr std::array<std::string_view, 40> sharedNames{"applications", "autostart",  "bash",
@@ -75,9 +75,10 @@ LinuxData::LinuxData(const SearchContext &context) : m_context(context)
 {
     FileSystem &files = context.files;
     const std::string &home = context.locations.home();
-    std::vector<std::string> documents = files.userFolders();
-    for (const std::string_view folder : documentFolders)
+    std::vector<std::string> documents = files.userFolders(); // in a home folder, and by name in that of a Snap
+    for (const std::string_view folder : mainFoldersOfHome)
         documents.push_back(joined(home, folder));
+    documents.push_back(joined(home, projectsFolder));
     for (const std::string &folder : documents)
         m_documentNames.emplace_back(lastPathComponent(folder));
     // The real path of a folder behind a link may also be written relative to the home folder's other path.

@@ -3,19 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/systems/home_folders.h"
 #include "core/systems/system_table.h"
 #include "platform/environment.h"
 #include "platform/path.h"
 #include "platform/protected_places.h"
 
 namespace corvane {
-
-namespace {
-
-constexpr std::string_view mainFoldersOfHome[] = {"Desktop",  "Documents", "Downloads", "Movies", "Music",
-                                                  "Pictures", "Public",    "Templates", "Videos"};
-
-} // namespace
 
 PlaceRule::PlaceRule(FileSystem &files)
     : m_files(files),

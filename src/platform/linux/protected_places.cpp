@@ -38,7 +38,8 @@ const ProtectedPlaces &systemProtectedPlaces()
         // folders of systems that keep the system or its packages elsewhere.
         .prefixes = {"/boot", "/efi", "/gnu", "/lib", "/lib32", "/lib64", "/libx32", "/nix", "/ostree", "/proc",
                      "/root", "/run", "/snap", "/sys", "/sysroot"},
-        // The user's standard folders, and folders with programs' data; single folders inside may be removed.
+        // The user's standard folders that a Mac does not have, and folders with programs' data; single folders inside
+        // may be removed.
         .homeExact = {"Templates", "Videos", ".cache", ".local", ".local/bin", ".local/share", ".local/share/Trash",
                       ".local/share/Trash/files", ".local/share/Trash/info", ".local/state", ".mozilla", ".thunderbird",
                       ".var/app", "snap"},
