@@ -3,37 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/systems/mac_places.h"
 #include "core/systems/system_table.h"
 #include "platform/ascii_case.h"
 #include "platform/environment.h"
 
 namespace corvane {
 namespace {
-
-constexpr std::string_view exactPlaces[] = {"/", "/Applications", "/Applications/Utilities", "/Users", "/Volumes"};
-
-constexpr std::string_view exactInHome[] = {"Library",
-                                            "Documents",
-                                            "Desktop",
-                                            "Downloads",
-                                            "Pictures",
-                                            "Movies",
-                                            "Music",
-                                            "Applications",
-                                            "Public",
-                                            ".Trash",
-                                            ".ssh",
-                                            ".config",
-                                            "Library/Caches",
-                                            "Library/Developer",
-                                            "Library/Developer/Xcode",
-                                            "Library/Preferences/ByHost"};
-
-constexpr std::string_view systemPrefixes[] = {"/System", "/usr", "/bin",   "/sbin",    "/private", "/etc",
-                                               "/var",    "/dev", "/cores", "/Library", "/opt"};
-
-constexpr std::string_view prefixesInHome[] = {"Library/Keychains", "Library/Mail", "Library/Messages",
-                                               "Library/Accounts",  ".ssh",         ".gnupg"};
 
 std::string withTildeExpanded(std::string_view path, std::string_view home)
 {
@@ -57,9 +33,9 @@ ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPla
 {
     const std::string homes[] = {m_home, m_realHome};
 
-    for (const std::string_view place : exactPlaces)
+    for (const std::string_view place : mac_places::protectedPlaces)
         protectPlace(std::string(place));
-    for (const std::string_view place : systemPrefixes)
+    for (const std::string_view place : mac_places::protectedPrefixes)
         protectWithContents(std::string(place));
     for (const std::string &place : system.exact)
         protectPlace(place);
@@ -93,11 +69,11 @@ ProtectedLocations::ProtectedLocations(std::string_view home, const ProtectedPla
 void ProtectedLocations::protectHome(const std::string &home, const ProtectedPlaces &system)
 {
     protectPlace(home);
-    for (const std::string_view place : exactInHome)
+    for (const std::string_view place : mac_places::protectedInHome)
         protectPlace(joined(home, place));
     for (const std::string &place : system.homeExact)
         protectPlace(joined(home, place));
-    for (const std::string_view place : prefixesInHome)
+    for (const std::string_view place : mac_places::protectedPrefixesInHome)
         protectWithContents(joined(home, place));
     for (const std::string &place : system.homePrefixes)
         protectWithContents(joined(home, place));

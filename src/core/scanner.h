@@ -1,16 +1,15 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "core/detached_call.h"
 #include "core/file_node.h"
 #include "core/scan_filter.h"
 #include "core/scan_progress.h"
+#include "core/systems/mac_places.h"
 #include "platform/host.h"
 
 namespace corvane {
@@ -24,10 +23,8 @@ struct Scanner {
     /// end, and counts as unreadable. Files without nodes take no memory and are not limited.
     static constexpr std::size_t keptEntriesLimit = 2'000'000;
 
-    /// Folders of a Mac that are never entered, by full path: other volumes, duplicates of other folders, and pseudo
-    /// file systems. `ScanBounds` computes the folders for one walk.
-    static constexpr std::array<std::string_view, 7> skipPaths{"/System/Volumes", "/Volumes",        "/dev",  "/net",
-                                                               "/home",           "/private/var/vm", "/cores"};
+    /// Folders of a Mac that are never entered, by full path.
+    static constexpr auto skipPaths = mac_places::skippedFolders;
 
     /// The tree of a finished or cancelled walk of the folder at `path` (absolute bytes). Blocks; never fails: a root
     /// that cannot be listed is returned as `unreadable`. If the walk could not continue, `progress` has a failure. A

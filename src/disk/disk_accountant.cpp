@@ -11,6 +11,7 @@
 #include "core/scanner.h"
 #include "core/shell.h"
 #include "core/systems/disk_table.h"
+#include "core/systems/mac_disk.h"
 #include "core/volume_info.h"
 #include "core/words/figures.h"
 #include "disk/disk_places.h"
@@ -28,11 +29,6 @@ constexpr std::size_t childrenShown = 3;
 // Snapshot lists are short, and a service that does not answer would block the whole breakdown.
 constexpr ProcessLimits snapshotToolLimits{.output = 4'000'000, .time = std::chrono::seconds(10)};
 
-constexpr Color systemColor{0.45, 0.52, 0.62};
-constexpr Color swapColor{0.2, 0.62, 0.7};
-constexpr Color otherVolumeColor{0.78, 0.52, 0.32};
-constexpr Color supportColor{0.6, 0.63, 0.69};
-constexpr Color purgeableColor{0.25, 0.75, 0.62};
 constexpr Color hiddenColor{0.93, 0.42, 0.4};
 
 using Kind = BreakdownSegment::Kind;
@@ -129,57 +125,22 @@ private:
         std::int64_t support = 0;
         for (const APFSVolumeInfo &volume : container.volumes) {
             if (hasRole(volume, "System")) {
-                add({"system",
-                     Kind::system,
-                     "macOS",
-                     "The read-only system volume, sealed and signed by Apple. It can't be cleaned, and it doesn't "
-                     "need to be.",
-                     "apple.logo",
-                     systemColor,
-                     volume.used,
-                     {},
-                     {},
-                     {}});
+                add(DiskPlaces::segmentOf(mac_disk::systemVolume, Kind::system, volume.used));
             } else if (hasRole(volume, "Data")) {
                 m_remainder = checkedAdd(m_remainder, volume.used);
             } else if (hasRole(volume, "VM")) {
-                add({"vm",
-                     Kind::vm,
-                     "Swap & Sleep Image",
-                     "Virtual memory macOS writes to disk when RAM fills up. It shrinks again after a restart.",
-                     "memorychip",
-                     swapColor,
-                     volume.used,
-                     {},
-                     {},
-                     {}});
+                add(DiskPlaces::segmentOf(mac_disk::swapVolume, Kind::vm, volume.used));
             } else if (isSupportVolume(volume)) {
                 support = checkedAdd(support, volume.used);
             } else {
-                add({"vol-" + volume.name,
-                     Kind::otherVolume,
-                     volume.name,
-                     "Another volume sharing this disk's space.",
-                     "externaldrive",
-                     otherVolumeColor,
-                     volume.used,
-                     {},
-                     {},
-                     {}});
+                BreakdownSegment segment = DiskPlaces::segmentOf(mac_disk::otherVolume, Kind::otherVolume, volume.used);
+                segment.id += volume.name;
+                segment.title = volume.name;
+                add(std::move(segment));
             }
         }
-        if (support > 0) {
-            add({"support",
-                 Kind::support,
-                 "macOS Support Files",
-                 "Boot files, the Recovery system and staged software updates. Managed by macOS.",
-                 "wrench.and.screwdriver",
-                 supportColor,
-                 support,
-                 {},
-                 {},
-                 {}});
-        }
+        if (support > 0)
+            add(DiskPlaces::segmentOf(mac_disk::supportVolumes, Kind::support, support));
     }
 
     void addScanned()
@@ -212,9 +173,9 @@ private:
 
     void addLocations()
     {
-        if (!m_table.measuresLocations || isWholeDisk())
+        if (isWholeDisk())
             return;
-        for (const DiskAccountant::Location &location : DiskAccountant::locations) {
+        for (const DiskLocation &location : m_table.locations) {
             const std::string path(location.path);
             if (m_root && isOrLiesBeneath(path, *m_root))
                 continue;
@@ -256,21 +217,11 @@ private:
         m_result.snapshots = m_sources.snapshots();
         const std::int64_t shown = std::min(purgeable, m_remainder);
         if (shown > segmentLimit) {
-            std::string detail = "Local Time Machine snapshots, iCloud copies and caches that macOS frees "
-                                 "automatically when you need room. Finder counts it as available.";
+            BreakdownSegment segment = DiskPlaces::segmentOf(mac_disk::purgeableSpace, Kind::purgeable, shown);
             if (const auto count = static_cast<std::int64_t>(m_result.snapshots.size()); count > 0)
-                detail +=
+                segment.detail +=
                     fmt::format(" {} local Time Machine {} found.", count, plural(count, "snapshot", "snapshots"));
-            add({"purgeable",
-                 Kind::purgeable,
-                 "Purgeable Space",
-                 std::move(detail),
-                 "clock.arrow.2.circlepath",
-                 purgeableColor,
-                 shown,
-                 {},
-                 {},
-                 {}});
+            add(std::move(segment));
         }
         const std::int64_t hidden = checkedSubtract(m_remainder, shown);
         if (hidden > segmentLimit)
@@ -333,25 +284,7 @@ private:
 
 } // namespace
 
-const std::array<DiskAccountant::Location, 5> DiskAccountant::locations{{
-    {"/Applications",
-     "Applications",
-     "Apps installed for everyone on this Mac. Remove ones you no longer use from Large Files or Finder.",
-     "app.badge",
-     {0.24, 0.52, 0.98}},
-    {"/Library",
-     "System-wide Library",
-     "Shared app data, iOS Simulator runtimes, fonts, audio plug-ins and printer drivers.",
-     "building.columns",
-     {0.62, 0.36, 0.96}},
-    {"/opt",
-     "Homebrew (/opt)",
-     "Homebrew packages on Apple Silicon. Tip: `brew cleanup` removes old versions.",
-     "mug",
-     {0.98, 0.56, 0.22}},
-    {"/usr/local", "/usr/local", "Command-line tools and Homebrew on Intel Macs.", "terminal", {0.9, 0.68, 0.16}},
-    {"/Users/Shared", "Shared Folder", "Files shared between all users of this Mac.", "person.2", {0.13, 0.68, 0.74}},
-}};
+const std::array<DiskLocation, 5> DiskAccountant::locations = mac_disk::locations;
 
 DiskBreakdown DiskAccountant::compute(const ScanContext &scan, const Sources &sources)
 {

@@ -5,12 +5,11 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
-#include "core/color.h"
 #include "core/stop_flag.h"
+#include "core/systems/disk_table.h"
 #include "disk/apfs_container_info.h"
 #include "disk/disk_breakdown.h"
 #include "disk/local_snapshot.h"
@@ -20,14 +19,8 @@ namespace corvane {
 
 /// Explains the whole startup disk. Stateless; every call blocks and must run off the main thread.
 struct DiskAccountant {
-    /// A folder outside the home folder that is measured for the breakdown.
-    struct Location {
-        std::string_view path;
-        std::string_view title;
-        std::string_view detail;
-        std::string_view symbol;
-        Color color;
-    };
+    using Location = DiskLocation;
+    /// A Mac's.
     static const std::array<Location, 5> locations;
 
     /// A location's size and its three largest children.

@@ -106,20 +106,6 @@ private:
         return folder == "~" ? m_realHome : std::string(folder);
     }
 
-    static BreakdownSegment segmentOf(const DiskPlace &place)
-    {
-        return {std::string(place.id),
-                BreakdownSegment::Kind::measured,
-                std::string(place.title),
-                std::string(place.detail),
-                std::string(place.symbol),
-                place.color,
-                0,
-                {},
-                {},
-                {}};
-    }
-
     [[nodiscard]] bool isScanned(std::string_view path) const { return m_root && isOrLiesBeneath(path, *m_root); }
 
     /// Whether the path is on the disk, and not inside a folder that a walk of the disk skips.
@@ -305,6 +291,20 @@ private:
     SizeWalk m_walk{SizeWalk::Counting::asTheDisk, m_excluded, m_places.m_stop};
     std::int64_t m_denied = 0;
 };
+
+BreakdownSegment DiskPlaces::segmentOf(const DiskPlace &place, BreakdownSegment::Kind kind, std::int64_t size)
+{
+    return {std::string(place.id),
+            kind,
+            std::string(place.title),
+            std::string(place.detail),
+            std::string(place.symbol),
+            place.color,
+            size,
+            {},
+            {},
+            {}};
+}
 
 DiskPlaces::DiskPlaces(const DiskTable &table, const Host &host, ToolRunner runTool, const StopFlag &stop)
     : m_table(table), m_host(host), m_runTool(std::move(runTool)), m_stop(stop)

@@ -27,6 +27,11 @@ public:
     /// The number of folders that `measure` could not read.
     [[nodiscard]] std::int64_t denied() const { return m_denied; }
 
+    /// A segment with the place's texts, and nothing inside.
+    [[nodiscard]] static BreakdownSegment segmentOf(const DiskPlace &place,
+                                                    BreakdownSegment::Kind kind = BreakdownSegment::Kind::measured,
+                                                    std::int64_t size = 0);
+
     /// The bytes reported in a tool's output; nothing if it cannot be parsed.
     [[nodiscard]] static std::optional<std::int64_t> sizeIn(const std::string &output, SizeTool::Answer answer);
 

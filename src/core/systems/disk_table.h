@@ -11,7 +11,8 @@
 namespace corvane {
 
 /// A part of the disk that the breakdown measures the way the disk counts: the contents of its folders, without other
-/// places of the same table inside them.
+/// places of the same table inside them. Without folders it provides the texts of a part whose size comes from
+/// elsewhere.
 struct DiskPlace {
     std::string_view id;
     std::array<std::string_view, 2> folders; ///< absolute, or "~" for the home folder; the second may be empty
@@ -20,6 +21,15 @@ struct DiskPlace {
     std::string_view symbol;
     Color color;
     bool scansHome = false; ///< its button scans the home folder instead of showing it
+};
+
+/// A folder outside the home folder that the breakdown measures with its largest children.
+struct DiskLocation {
+    std::string_view path;
+    std::string_view title;
+    std::string_view detail;
+    std::string_view symbol;
+    Color color;
 };
 
 /// A tool that reports the size of a folder to any user, even one who may not read the folder.
@@ -42,9 +52,10 @@ struct SizeTool {
 /// The programs that create and list snapshots of a disk.
 enum class SnapshotKeeper : std::uint8_t { timeMachine, snapper, timeshift, zfs };
 
-/// What one system's breakdown measures besides the folders of `DiskAccountant::locations`, and its texts.
+/// What one system's breakdown measures, and its texts.
 struct DiskTable {
     std::span<const DiskPlace> places;
+    std::span<const DiskLocation> locations; ///< measured unless the scan covers them
     std::span<const SizeTool> tools;
     const DiskPlace *swap;         ///< texts for swap files; null if volumes report swap
     const DiskPlace *deletedFiles; ///< texts for open deleted files; null if they are not reported
@@ -55,8 +66,7 @@ struct DiskTable {
     std::string_view wholeDiskDetail; ///< for a scan of everything; empty if the places cover the whole disk
     /// Without a scan, the rest is labelled as not scanned yet. Otherwise the home folder is one of the places.
     bool leavesHomeToTheScan;
-    bool measuresLocations; ///< the folders of `DiskAccountant::locations`
-    bool shortensLegend;    ///< the legend below the bar omits the folder in brackets
+    bool shortensLegend; ///< the legend below the bar omits the folder in brackets
 
     // What remains after measuring everything.
     std::string_view unmeasuredTitle;

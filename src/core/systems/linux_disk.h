@@ -182,6 +182,7 @@ inline constexpr auto snapshotKeepers =
 /// The disk of a Linux system: the file systems of "/" and of the home folder, described by their folders.
 inline constexpr DiskTable linuxDisk{
     .places = linux_disk::places,
+    .locations = {},
     .tools = linux_disk::tools,
     .swap = &linux_disk::swap,
     .deletedFiles = &linux_disk::deletedFiles,
@@ -191,7 +192,6 @@ inline constexpr DiskTable linuxDisk{
     .revealTitle = "Show in File Manager",
     .wholeDiskDetail = {},
     .leavesHomeToTheScan = false,
-    .measuresLocations = false,
     .shortensLegend = true,
     .unmeasuredTitle = "Not Measured",
     .unmeasuredDetail = "Deleted files that programs still hold open, snapshots and the file system's own records.",

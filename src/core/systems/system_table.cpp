@@ -1,13 +1,13 @@
 #include "core/systems/system_table.h"
 
-#include "core/scanner.h"
+#include "core/systems/mac_places.h"
 
 namespace corvane {
 
 const SystemTable &systemTableOf(SystemKind kind)
 {
     static constexpr SystemTable mac{
-        .skippedFolders = Scanner::skipPaths,
+        .skippedFolders = mac_places::skippedFolders,
         .isMadeOfMounts = false,
         .accessProbe = "Library/Application Support/com.apple.TCC/TCC.db",
         .diskName = "Macintosh HD",
