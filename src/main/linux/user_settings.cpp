@@ -10,12 +10,6 @@ namespace corvane {
 
 std::unique_ptr<QSettings> openUserSettings()
 {
-#ifdef Q_OS_MACOS
-    auto settings = std::make_unique<QSettings>();
-    // Do not read settings shared by all programs of the organisation.
-    settings->setFallbacksEnabled(false);
-    return settings;
-#else
     // The same file as QSettings would choose by itself. Given explicitly, because otherwise its constructor also reads
     // the files of the organisation and of the system.
     QString path = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QLatin1Char('/') +
@@ -31,7 +25,6 @@ std::unique_ptr<QSettings> openUserSettings()
         path = QStringLiteral("/dev/null/settings.conf"); // does not exist and cannot be created
     }
     return std::make_unique<QSettings>(path, QSettings::NativeFormat);
-#endif
 }
 
 } // namespace corvane
