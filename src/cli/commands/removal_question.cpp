@@ -13,6 +13,7 @@
 #include "cli/table.h"
 #include "cli/terminal_text.h"
 #include "core/checked_add.h"
+#include "core/removal_words.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
 #include "platform/ascii_case.h"
@@ -61,24 +62,23 @@ std::string listText(const std::vector<RemovalStep> &steps, bool permanently)
         text += fmt::format("{}  {}{}\n", rightAligned(stays ? "–" : formatByteCount(step.size), sizeColumns()),
                             displayUtf8(step.path), note(step, permanently));
     }
-    const Sum sum = sumOf(steps);
-    if (!permanently && sum.inTrash > 0)
-        text += fmt::format("{} of them {} in the Trash and will be deleted permanently\n", sum.inTrash,
-                            plural(sum.inTrash, "is", "are"));
+    const std::int64_t inTrash = sumOf(steps).inTrash;
+    if (!permanently && inTrash > 0)
+        text += inTrashText(inTrash, static_cast<std::int64_t>(steps.size())) + "\n";
     return text;
 }
 
 std::string questionText(const std::vector<RemovalStep> &steps, bool permanently)
 {
     const Sum sum = sumOf(steps);
-    const std::string size = formatByteCount(sum.bytes);
     if (!permanently)
-        return listText(steps, permanently) + fmt::format("Move {} ({}) to Trash? [y/N] ", sum.items(), size);
+        return listText(steps, permanently) +
+               fmt::format("Move {} ({}) to Trash? [y/N] ", sum.items(), formatByteCount(sum.bytes));
     return listText(steps, permanently) +
-           fmt::format("Permanently delete {}?\n"
+           fmt::format("{}\n"
                        "These items will be erased immediately and can't be recovered from the Trash.\n"
-                       "Delete {} Permanently? [y/N] ",
-                       sum.items(), size);
+                       "{}? [y/N] ",
+                       deletionQuestion(sum.count), deletionAnswer(sum.bytes));
 }
 
 /// A line of the answer in lower case; nothing if the input ends or fails within it.

@@ -5,8 +5,8 @@
 #include <QStringList>
 
 #include "core/checked_add.h"
+#include "core/removal_words.h"
 #include "core/store/qt_words.h"
-#include "core/words/figures.h"
 
 namespace corvane {
 
@@ -60,13 +60,8 @@ QString SelectionPresenter::totalText() const
 
 QString SelectionPresenter::trashNote() const
 {
-    if (m_inTrash.count == 0)
-        return {};
-    if (m_inTrash.count == m_selected.count)
-        return m_selected.count == 1 ? QStringLiteral("It is in the Trash and will be deleted permanently")
-                                     : QStringLiteral("All of them are in the Trash and will be deleted permanently");
-    return QStringLiteral("%1 of them %2 in the Trash and will be deleted permanently")
-        .arg(grouped(m_inTrash.count), displayText(plural(static_cast<std::int64_t>(m_inTrash.count), "is", "are")));
+    return displayText(
+        inTrashText(static_cast<std::int64_t>(m_inTrash.count), static_cast<std::int64_t>(m_selected.count)));
 }
 
 QString SelectionPresenter::trashTitle() const
@@ -96,7 +91,7 @@ QString SelectionPresenter::reviewSubtitle() const
 
 QString SelectionPresenter::confirmTitle() const
 {
-    return QStringLiteral("Permanently delete %1?").arg(itemsText(asked().count));
+    return displayText(deletionQuestion(static_cast<std::int64_t>(asked().count)));
 }
 
 QString SelectionPresenter::confirmMessage() const
@@ -120,7 +115,7 @@ QString SelectionPresenter::confirmNames() const
 
 QString SelectionPresenter::confirmDelete() const
 {
-    return QStringLiteral("Delete %1 Permanently").arg(sizeText(asked().total));
+    return displayText(deletionAnswer(asked().total));
 }
 
 void SelectionPresenter::clear()
