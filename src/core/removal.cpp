@@ -91,7 +91,7 @@ std::optional<std::string> mountedOn(const std::string &path, const ItemFacts &f
     if (anyPoint([&](const std::string &point) { return point == folder; }))
         return "Another disk is mounted there.";
     if (anyPoint([&](const std::string &point) { return liesBeneath(point, folder); }))
-        return "Another disk is mounted inside it.";
+        return diskMountedInside;
     return std::nullopt;
 }
 

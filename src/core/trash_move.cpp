@@ -3,13 +3,9 @@
 #include <utility>
 
 #include "platform/path.h"
+#include "platform/trash.h"
 
 namespace corvane {
-namespace {
-
-constexpr const char *moveToTrash = "move to Trash";
-
-} // namespace
 
 TrashMove::TrashMove(HeldFolder &folder, std::string name, const ItemFacts &judged, const Host &host)
     : m_folder(folder), m_name(std::move(name)), m_judged(judged), m_host(host), m_path(joined(folder.path(), m_name))

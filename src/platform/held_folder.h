@@ -43,6 +43,9 @@ public:
     [[nodiscard]] virtual int descriptor() const = 0;
 };
 
+/// Why a folder is not removed, or not entered by `HeldFolder::removeItem`.
+inline constexpr const char *diskMountedInside = "Another disk is mounted inside it.";
+
 /// The error (ESTALE) of an operation that found a different item from the one that was checked.
 [[nodiscard]] Error replacedMeanwhile(std::string_view operation, std::string_view path);
 

@@ -9,6 +9,9 @@
 
 namespace corvane {
 
+/// The operation of an `Error` of moving an item to the Trash.
+inline constexpr const char *moveToTrash = "move to Trash";
+
 /// An item after its move to the Trash: its folder there, its name and its identity. The folder is null if unknown.
 struct TrashedItem {
     std::shared_ptr<HeldFolder> folder;

@@ -21,8 +21,6 @@ namespace corvane {
 
 namespace {
 
-constexpr const char *moveToTrash = "move to Trash";
-
 tl::unexpected<Error> lackingService(const char *operation, const std::string &path)
 {
     return failure(operation, path, ENOTSUP, "There is no such service on this system.");

@@ -8,6 +8,7 @@
 
 #include "platform/failure.h"
 #include "platform/path.h"
+#include "platform/trash.h"
 
 namespace corvane {
 
@@ -46,7 +47,7 @@ Expected<NameReservation> NameReservation::make(const TrashPlace &trash, const s
             reservation.m_made.push_back(record);
         } else if (errno != EEXIST) {
             return failure(
-                "move to Trash", joined(open.itemsPath, taken), errno,
+                moveToTrash, joined(open.itemsPath, taken), errno,
                 "The Trash already holds an item with that name and no record of where it came from. Empty the "
                 "Trash first.");
         }

@@ -15,12 +15,11 @@
 #include "platform/linux/name_reservation.h"
 #include "platform/path.h"
 #include "platform/posix/item_at.h"
+#include "platform/trash.h"
 
 namespace corvane {
 
 namespace {
-
-constexpr const char *moveToTrash = "move to Trash";
 
 std::string linkTarget(const std::string &path)
 {

@@ -90,15 +90,14 @@ Expected<TrashedItem> withUrlOf(const char *operation, HeldFolder &folder, const
 
 Expected<TrashedItem> MacTrash::trashItem(HeldFolder &folder, const std::string &name)
 {
-    constexpr const char *operation = "move to Trash";
     const auto move = [&](NSURL *url, const std::string &path) -> Expected<TrashedItem> {
         NSError *error = nil;
         NSURL *arrivedAt = nil;
         if ([NSFileManager.defaultManager trashItemAtURL:url resultingItemURL:&arrivedAt error:&error])
             return arrivedItem(arrivedAt, m_files);
-        return tl::unexpected(foundationError(operation, path, error));
+        return tl::unexpected(foundationError(moveToTrash, path, error));
     };
-    return withUrlOf(operation, folder, name, m_files, move);
+    return withUrlOf(moveToTrash, folder, name, m_files, move);
 }
 
 Expected<TrashedItem> MacTrash::recycle(HeldFolder &folder, const std::string &name)

@@ -103,7 +103,7 @@ private:
         if (!mount)
             return noteFailure("examine", errno, name);
         if (!mount->isSameAs(m_mount))
-            return noteFailure("delete", EBUSY, name, "Another disk is mounted inside it.");
+            return noteFailure("delete", EBUSY, name, diskMountedInside);
         Level level{.name = name, .subfolders = {}};
         std::vector<std::string> others;
         const Expected<void> listed = folder->list([&](const DirectoryEntry &entry) {
