@@ -7,6 +7,7 @@
 #include "core/scan_words.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "core/words/shared_texts.h"
 
 namespace corvane {
 
@@ -21,7 +22,7 @@ void writeFolderHeading(const FolderScan &scan, std::string_view home, Console &
         console.out.write(deniedText(scan.denied) + "\n");
     writeNotes({&scan, 1}, console);
     if (scan.isCancelled)
-        console.out.write(console.strong(stoppedText) + "\n");
+        console.out.write(console.strong(stoppedScanText) + "\n");
     console.out.write('\n');
 }
 
@@ -33,7 +34,7 @@ void writeNotes(std::span<const FolderScan> scans, Console &console)
 
 void writeNoItems(const FileNode &folder, Console &console)
 {
-    console.out.write(folder.unreadable ? "Can't read this folder\n" : "Nothing big here\n");
+    console.out.write(fmt::format("{}\n", folder.unreadable ? unreadableFolderTitle : emptyFolderTitle));
 }
 
 } // namespace corvane

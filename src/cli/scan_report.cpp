@@ -8,6 +8,7 @@
 
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "core/words/shared_texts.h"
 
 namespace corvane {
 
@@ -28,7 +29,7 @@ ExitStatus report(const FolderScan &scan, Console &console, bool resultSaysSo)
     if (!scan.unreadableReason.empty())
         console.complain(fmt::format("cannot read {}: {}", scan.root->path(), scan.unreadableReason));
     if (scan.isCancelled && !(resultSaysSo && console.outIsTerminal()))
-        console.complain(stoppedText);
+        console.complain(stoppedScanText);
     return scan.isCancelled || !scan.unreadableReason.empty() ? ExitStatus::doneWithFailures : ExitStatus::done;
 }
 

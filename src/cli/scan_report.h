@@ -2,7 +2,6 @@
 
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/console.h"
@@ -13,9 +12,6 @@
 namespace corvane {
 
 // What a command tells about its scans beside their results: why they are incomplete, and what a filter left out.
-
-/// The note for the result of a stopped scan.
-inline constexpr std::string_view stoppedText = "Scan stopped — showing partial results";
 
 /// Reports on standard error why the result is incomplete, unless the result on the same terminal already says so.
 [[nodiscard]] ExitStatus report(const FolderScan &scan, Console &console, bool resultSaysSo);

@@ -56,7 +56,7 @@ Rectangle {
             anchors.fill: parent
             visible: presenter.content === UninstallerPresenter.Content.nothing
             symbol: "app.badge"
-            title: qsTr("No apps found")
+            title: presenter.nothingTitle
             message: presenter.nothingText
         }
         Item {

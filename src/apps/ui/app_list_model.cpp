@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
+
 namespace corvane {
 
 AppListModel::AppListModel(QObject *parent)
@@ -107,7 +110,7 @@ QString AppListModel::emptyText() const
 {
     if (rowCount() > 1)
         return {};
-    return m_search.isEmpty() ? QStringLiteral("No apps found") : QStringLiteral("No apps match “%1”").arg(m_search);
+    return m_search.isEmpty() ? displayText(noAppsTitle) : QStringLiteral("No apps match “%1”").arg(m_search);
 }
 
 // --- Rows

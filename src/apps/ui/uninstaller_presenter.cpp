@@ -6,6 +6,7 @@
 
 #include "apps/listed_items.h"
 #include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
 
 namespace corvane {
 
@@ -14,7 +15,7 @@ namespace {
 QString summaryOf(std::span<const InstalledApp> apps)
 {
     if (apps.empty())
-        return QStringLiteral("No apps found");
+        return displayText(noAppsTitle);
     const QString size = sizeText(appTotal(apps));
     if (apps.size() == 1)
         return QStringLiteral("1 app uses %1, including its data").arg(size);
@@ -100,6 +101,11 @@ QString UninstallerPresenter::loadingText() const
 QString UninstallerPresenter::invitation() const
 {
     return displayText(m_store.appsTable().invitation);
+}
+
+QString UninstallerPresenter::nothingTitle() const
+{
+    return displayText(noAppsTitle);
 }
 
 QString UninstallerPresenter::nothingText() const

@@ -26,6 +26,7 @@ class UninstallerPresenter : public QObject {
     Q_PROPERTY(QString loadingText READ loadingText CONSTANT)
     /// Shown if nothing is selected, and if there is nothing to select.
     Q_PROPERTY(QString invitation READ invitation CONSTANT)
+    Q_PROPERTY(QString nothingTitle READ nothingTitle CONSTANT)
     Q_PROPERTY(QString nothingText READ nothingText CONSTANT)
     Q_PROPERTY(corvane::UninstallerPresenter::Content content READ content NOTIFY changed)
     Q_PROPERTY(corvane::UninstallerPresenter::Shown shown READ shown NOTIFY shownChanged)
@@ -57,6 +58,7 @@ public:
     [[nodiscard]] bool isLoading() const;
     [[nodiscard]] QString loadingText() const;
     [[nodiscard]] QString invitation() const;
+    [[nodiscard]] QString nothingTitle() const;
     [[nodiscard]] QString nothingText() const;
     [[nodiscard]] Content content() const;
     [[nodiscard]] Shown shown() const;

@@ -133,7 +133,7 @@ void writeAppsTable(const AppInventory::Result &inventory, Time now, const Calen
         orphans.push_back(rowOf(group));
 
     if (apps.empty()) {
-        console.out.write(console.strong("No apps found"));
+        console.out.write(console.strong(noAppsTitle));
     } else {
         const auto count = static_cast<std::int64_t>(apps.size());
         console.out.write(

@@ -17,6 +17,7 @@
 #include "core/systems/disk_table.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "core/words/shared_texts.h"
 #include "disk/disk_accountant.h"
 #include "platform/time.h"
 
@@ -163,7 +164,7 @@ void writeBreakdownTable(const DiskBreakdown &breakdown, Console &console)
                                   formatByteCount(breakdown.total), formatByteCount(breakdown.free),
                                   displayUtf8(breakdown.volumeName)));
     if (breakdown.scanIsPartial)
-        console.out.write(console.strong(stoppedText) + "\n");
+        console.out.write(console.strong(stoppedScanText) + "\n");
     console.out.write('\n');
     ShareTable rows(console, breakdown.used());
     for (const BreakdownSegment &segment : breakdown.segments)

@@ -21,6 +21,7 @@
 #include "core/stop_flag.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "core/words/shared_texts.h"
 #include "duplicates/duplicate_finder.h"
 #include "lists/file_lists.h"
 
@@ -92,7 +93,7 @@ DuplicatesFound search(const FileList &files, const Console &console, FileSystem
     StopFlag stop = false;
     std::atomic<double> done = 0;
     const auto line = [&](std::size_t columns) {
-        return elided(fmt::format("Fingerprinting files… {:.0f} percent", done * 100), columns);
+        return elided(fmt::format("{} {:.0f} percent", fingerprintingText, done * 100), columns);
     };
     const Watch watch([&] { stop = true; }, line, console.progressDisplay());
     DuplicatesFound found;

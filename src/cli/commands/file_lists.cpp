@@ -22,6 +22,7 @@
 #include "cli/terminal_text.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "core/words/shared_texts.h"
 #include "lists/file_lists.h"
 
 namespace corvane {
@@ -130,7 +131,7 @@ ExitStatus runLarge(const Arguments &arguments, Console &console, const Host &ho
     setCommon(arguments, filter);
     filter.type = arguments.value("type", fileTypeNamed, "one of " + fileTypeNames());
     return writeFilesOf(arguments, console, host, [&](const FileList &files) {
-        FoundFiles found{.title = "Large Files", .subtitle = {}, .none = "No files match", .files = {}};
+        FoundFiles found{.title = "Large Files", .subtitle = {}, .none = noLargeFilesTitle, .files = {}};
         found.files = largeFiles(files, filter, SearchableNames(files, userCasing()));
         found.subtitle = largeFilesSubtitle(found.files);
         return found;
@@ -143,7 +144,7 @@ ExitStatus runOld(const Arguments &arguments, Console &console, const Host &host
     filter.months = arguments.value("months", monthCount, validMonths()).value_or(filter.months);
     setCommon(arguments, filter);
     return writeFilesOf(arguments, console, host, [&](const FileList &files) {
-        FoundFiles found{.title = "Old Files", .subtitle = {}, .none = "Nothing stale here", .files = {}};
+        FoundFiles found{.title = "Old Files", .subtitle = {}, .none = noOldFilesTitle, .files = {}};
         const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
         found.files = oldFiles(files, filter, systemCalendar().monthsBefore(now, filter.months),
                                SearchableNames(files, userCasing()));

@@ -8,9 +8,9 @@
 #include <fmt/format.h>
 
 #include "cli/commands/tile_label.h"
-#include "cli/scan_report.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "core/words/shared_texts.h"
 #include "map/tile_colors.h"
 
 namespace corvane {
@@ -113,7 +113,7 @@ void writeMapSvg(const FolderScan &scan, const std::vector<TreemapTile> &tiles, 
                           number(size.width), number(size.height)));
     out.write(fmt::format("<title>{} · {}</title>\n", xmlText(root.path()), formatByteCount(root.size)));
     if (scan.isCancelled)
-        out.write(fmt::format("<desc>{}</desc>\n", stoppedText));
+        out.write(fmt::format("<desc>{}</desc>\n", stoppedScanText));
     out.write("<rect width=\"100%\" height=\"100%\" fill=\"#FFFFFF\"/>\n");
     for (std::size_t i = 0; i < tiles.size();) {
         writeTile(tiles[i], 0, out);

@@ -16,6 +16,7 @@
 #include "core/removal_words.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
+#include "core/words/shared_texts.h"
 #include "platform/ascii_case.h"
 
 namespace corvane {
@@ -56,7 +57,7 @@ Sum sumOf(const std::vector<RemovalStep> &steps)
 /// The text above the question and above a plan.
 std::string listText(const std::vector<RemovalStep> &steps, bool permanently)
 {
-    std::string text = "Selected for removal\n";
+    std::string text = std::string(removalTitle) + "\n";
     for (const RemovalStep &step : steps) {
         const bool stays = step.action == RemovalStep::Action::refuse;
         text += fmt::format("{}  {}{}\n", rightAligned(stays ? "–" : formatByteCount(step.size), sizeColumns()),
@@ -75,10 +76,7 @@ std::string questionText(const std::vector<RemovalStep> &steps, bool permanently
         return listText(steps, permanently) +
                fmt::format("Move {} ({}) to Trash? [y/N] ", sum.items(), formatByteCount(sum.bytes));
     return listText(steps, permanently) +
-           fmt::format("{}\n"
-                       "These items will be erased immediately and can't be recovered from the Trash.\n"
-                       "{}? [y/N] ",
-                       deletionQuestion(sum.count), deletionAnswer(sum.bytes));
+           fmt::format("{}\n{}\n{}? [y/N] ", deletionQuestion(sum.count), deletionWarning, deletionAnswer(sum.bytes));
 }
 
 /// A line of the answer in lower case; nothing if the input ends or fails within it.

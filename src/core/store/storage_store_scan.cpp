@@ -6,6 +6,7 @@
 #include "core/scanner.h"
 #include "core/stoppable_files.h"
 #include "core/store/storage_store.h"
+#include "core/words/shared_texts.h"
 #include "platform/path.h"
 
 namespace corvane {
@@ -176,7 +177,7 @@ void StorageStore::publishScan(std::shared_ptr<ScanResult> result)
     emit revisionChanged();
     setPhase(Phase::ready);
     if (scanIsPartial())
-        showToast("Scan stopped — showing partial results");
+        showToast(std::string(stoppedScanText));
     refreshBreakdown();
     // A running measurement is as recent as the scan.
     if (!cleanupLoading())

@@ -4,14 +4,9 @@
 #include <utility>
 
 #include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
 
 namespace corvane {
-
-namespace {
-
-const QString fingerprinting = QStringLiteral("Fingerprinting files…");
-
-} // namespace
 
 DuplicatesPresenter::DuplicatesPresenter(StorageStore &store, QObject *parent) : QObject(parent), m_store(store)
 {
@@ -55,7 +50,7 @@ QString DuplicatesPresenter::subtitle() const
     case Content::introduction:
         return QStringLiteral("Identical files that exist in more than one place");
     case Content::search:
-        return fingerprinting;
+        return displayText(fingerprintingText);
     case Content::nothing:
     case Content::groups:
         return countText(static_cast<std::int64_t>(m_store.duplicateGroups().size()), "group", "groups") +
@@ -86,7 +81,7 @@ double DuplicatesPresenter::progress() const
 
 QString DuplicatesPresenter::progressText() const
 {
-    return fingerprinting + QStringLiteral(" %1 percent").arg(std::lround(progress() * 100));
+    return displayText(fingerprintingText) + QStringLiteral(" %1 percent").arg(std::lround(progress() * 100));
 }
 
 void DuplicatesPresenter::search()

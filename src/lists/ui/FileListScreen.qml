@@ -10,8 +10,6 @@ Rectangle {
     required property string title
     required property string symbol
     required property string emptySymbol
-    required property string emptyTitle
-    required property string emptyMessage
     /// The list's own filters.
     default property alias filters: filters.filters
     /// The window's own commands, shown on the right of the header.
@@ -57,7 +55,7 @@ Rectangle {
         anchors.fill: table
         visible: screen.presenter.empty
         symbol: screen.emptySymbol
-        title: screen.emptyTitle
-        message: screen.emptyMessage
+        title: screen.presenter.emptyTitle
+        message: screen.presenter.emptyText
     }
 }

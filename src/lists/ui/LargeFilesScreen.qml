@@ -11,8 +11,6 @@ FileListScreen {
     title: qsTr("Large Files")
     symbol: "scalemass"
     emptySymbol: "checkmark.seal"
-    emptyTitle: qsTr("No files match")
-    emptyMessage: qsTr("Try a smaller minimum size or a different type.")
 
     FilterChoice {
         label: qsTr("Minimum size")

@@ -11,8 +11,6 @@ FileListScreen {
     title: qsTr("Old Files")
     symbol: "clock.arrow.circlepath"
     emptySymbol: "leaf"
-    emptyTitle: qsTr("Nothing stale here")
-    emptyMessage: qsTr("No files of that size have gone untouched that long.")
 
     FilterChoice {
         label: qsTr("Untouched for")

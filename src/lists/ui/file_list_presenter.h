@@ -28,6 +28,8 @@ class FileListPresenter : public QObject {
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool preparing READ isPreparing NOTIFY changed)
     Q_PROPERTY(bool empty READ isEmpty NOTIFY changed)
+    Q_PROPERTY(QString emptyTitle READ emptyTitle CONSTANT)
+    Q_PROPERTY(QString emptyText READ emptyText CONSTANT)
     Q_PROPERTY(QString selectAllText READ selectAllText NOTIFY changed)
     Q_PROPERTY(corvane::FileTableModel *files READ files CONSTANT)
 
@@ -45,6 +47,9 @@ public:
     [[nodiscard]] bool isPreparing() const;
     /// Whether no file passes the filters.
     [[nodiscard]] bool isEmpty() const;
+    /// Shown if no file passes: what there is none of, and what would help or why.
+    [[nodiscard]] virtual QString emptyTitle() const = 0;
+    [[nodiscard]] virtual QString emptyText() const = 0;
     [[nodiscard]] QString selectAllText() const;
     [[nodiscard]] FileTableModel *files() { return &m_files; }
 

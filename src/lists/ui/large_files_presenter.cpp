@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
 
 namespace corvane {
 
@@ -45,6 +46,16 @@ LargeFilesPresenter::LargeFilesPresenter(StorageStore &store, QObject *parent)
     if (type && isOfFiles(*type))
         m_filter.type = type;
     refilter();
+}
+
+QString LargeFilesPresenter::emptyTitle() const
+{
+    return displayText(noLargeFilesTitle);
+}
+
+QString LargeFilesPresenter::emptyText() const
+{
+    return QStringLiteral("Try a smaller minimum size or a different type.");
 }
 
 QStringList LargeFilesPresenter::types() const

@@ -17,6 +17,8 @@ public:
     explicit LargeFilesPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] QString query() const override { return QString::fromStdString(m_filter.query); }
+    [[nodiscard]] QString emptyTitle() const override;
+    [[nodiscard]] QString emptyText() const override;
     [[nodiscard]] QStringList types() const;
     [[nodiscard]] int typeIndex() const;
     void setTypeIndex(int index);

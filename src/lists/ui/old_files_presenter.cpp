@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
+
 namespace corvane {
 
 namespace {
@@ -24,6 +27,16 @@ OldFilesPresenter::OldFilesPresenter(StorageStore &store, QObject *parent)
           parent)
 {
     refilter();
+}
+
+QString OldFilesPresenter::emptyTitle() const
+{
+    return displayText(noOldFilesTitle);
+}
+
+QString OldFilesPresenter::emptyText() const
+{
+    return QStringLiteral("No files of that size have gone untouched that long.");
 }
 
 QStringList OldFilesPresenter::ages() const

@@ -16,6 +16,8 @@ public:
     explicit OldFilesPresenter(StorageStore &store = StoreRegistration::store(), QObject *parent = nullptr);
 
     [[nodiscard]] QString query() const override { return QString::fromStdString(m_filter.query); }
+    [[nodiscard]] QString emptyTitle() const override;
+    [[nodiscard]] QString emptyText() const override;
     [[nodiscard]] QStringList ages() const;
     [[nodiscard]] int ageIndex() const;
     void setAgeIndex(int index);

@@ -4,6 +4,7 @@
 
 #include "core/scan_words.h"
 #include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
 #include "map/treemap_builder.h"
 #include "shell/ui/scan_words.h"
 
@@ -65,8 +66,7 @@ QString ExplorerPresenter::emptySymbol() const
 
 QString ExplorerPresenter::emptyTitle() const
 {
-    return folder() && folder()->unreadable ? QStringLiteral("Can't read this folder")
-                                            : QStringLiteral("Nothing big here");
+    return displayText(folder() && folder()->unreadable ? unreadableFolderTitle : emptyFolderTitle);
 }
 
 QString ExplorerPresenter::blockedText() const

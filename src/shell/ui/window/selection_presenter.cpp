@@ -7,6 +7,7 @@
 #include "core/checked_add.h"
 #include "core/removal_words.h"
 #include "core/store/qt_words.h"
+#include "core/words/shared_texts.h"
 
 namespace corvane {
 
@@ -81,7 +82,7 @@ QString SelectionPresenter::stopTitle() const
 
 QString SelectionPresenter::reviewTitle() const
 {
-    return QStringLiteral("Selected for removal");
+    return displayText(removalTitle);
 }
 
 QString SelectionPresenter::reviewSubtitle() const
@@ -96,7 +97,7 @@ QString SelectionPresenter::confirmTitle() const
 
 QString SelectionPresenter::confirmMessage() const
 {
-    return QStringLiteral("These items will be erased immediately and can't be recovered from the Trash.");
+    return displayText(deletionWarning);
 }
 
 QString SelectionPresenter::confirmNames() const
