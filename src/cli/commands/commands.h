@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-// Each is defined in the file with its name, together with its table and its JSON; `large` and `old` in file_lists.cpp.
+// Each is defined in the file with its name, together with its table and its JSON.
 [[nodiscard]] Command scanCommand();
 [[nodiscard]] Command mapCommand();
 [[nodiscard]] Command breakdownCommand();

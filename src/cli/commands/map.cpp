@@ -9,10 +9,10 @@
 
 #include <fmt/format.h>
 
-#include "cli/commands/map_svg.h"
 #include "cli/folder_heading.h"
 #include "cli/folder_scan.h"
 #include "cli/json_writer.h"
+#include "cli/map_svg.h"
 #include "cli/output_file.h"
 #include "cli/scan_options.h"
 #include "cli/scan_report.h"

@@ -8,8 +8,8 @@
 
 #include <fmt/format.h>
 
-#include "cli/commands/removal_question.h"
 #include "cli/json_writer.h"
+#include "cli/removal_question.h"
 #include "cli/scan_watch.h"
 #include "cli/watch.h"
 #include "core/allocated_size.h"

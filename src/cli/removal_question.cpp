@@ -1,4 +1,4 @@
-#include "cli/commands/removal_question.h"
+#include "cli/removal_question.h"
 
 #include <cctype>
 #include <cerrno>

@@ -1,4 +1,4 @@
-#include "cli/commands/tile_label.h"
+#include "cli/tile_label.h"
 
 #include <cstddef>
 

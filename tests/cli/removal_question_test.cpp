@@ -1,9 +1,9 @@
+#include "cli/removal_question.h"
+
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
-
-#include "cli/commands/removal_question.h"
 
 namespace corvane {
 

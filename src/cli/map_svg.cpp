@@ -1,4 +1,4 @@
-#include "cli/commands/map_svg.h"
+#include "cli/map_svg.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@
 
 #include <fmt/format.h>
 
-#include "cli/commands/tile_label.h"
+#include "cli/tile_label.h"
 #include "core/words/display_text.h"
 #include "core/words/figures.h"
 #include "core/words/shared_texts.h"
