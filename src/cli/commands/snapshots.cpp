@@ -38,14 +38,19 @@ ExitStatus run(const Arguments &arguments, Console &console, const Host &host)
         json.finish();
         return ExitStatus::done;
     }
-    if (snapshots.empty())
-        console.out.write("No local snapshots\n");
-    for (const LocalSnapshot &snapshot : snapshots)
-        writeLine(snapshot, console);
+    writeSnapshotsTable(snapshots, console);
     return ExitStatus::done;
 }
 
 } // namespace
+
+void writeSnapshotsTable(const std::vector<LocalSnapshot> &snapshots, Console &console)
+{
+    if (snapshots.empty())
+        console.out.write("No local snapshots\n");
+    for (const LocalSnapshot &snapshot : snapshots)
+        writeLine(snapshot, console);
+}
 
 void writeSnapshots(const std::vector<LocalSnapshot> &snapshots, JsonWriter &json)
 {

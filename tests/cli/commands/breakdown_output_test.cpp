@@ -5,10 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/commands/breakdown.h"
-#include "cli/commands/commands.h"
-#include "cli/commands/snapshots.h"
 #include "cli/written.h"
-#include "platform/fake_host.h"
 
 namespace corvane {
 
@@ -233,41 +230,6 @@ TEST(BreakdownTable, NamesHoldNoControlCharacters)
     EXPECT_EQ(text.find('\x1b'), std::string::npos);
     EXPECT_EQ(text.find('\x7f'), std::string::npos);
     EXPECT_NE(text.find("b␊c"), std::string::npos) << text;
-}
-
-TEST(Snapshots, OneThatTheUserCanDeleteComesWithItsCommandAndASizeWhereThatIsKnown)
-{
-    const std::vector<LocalSnapshot> snapshots{
-        {.name = "rpool@a", .date = {}, .size = 8'192, .listCommand = "l", .deleteCommand = "sudo zfs destroy rpool@a"},
-        {.name = "snapper root 3", .date = {}, .listCommand = "l", .deleteCommand = "sudo snapper -c root delete 3"},
-        {.name = "com.apple.a", .date = {}}};
-    EXPECT_EQ(json::parse(writtenTo([&](Output &out) {
-                  JsonWriter writer(out);
-                  writeSnapshots(snapshots, writer);
-              })),
-              (json{{{"name", "rpool@a"}, {"date", nullptr}, {"size", 8'192}, {"command", "sudo zfs destroy rpool@a"}},
-                    {{"name", "snapper root 3"},
-                     {"date", nullptr},
-                     {"size", nullptr},
-                     {"command", "sudo snapper -c root delete 3"}},
-                    {{"name", "com.apple.a"}, {"date", nullptr}}}));
-}
-
-TEST(Snapshots, TheCommandStandsBeneathItsSnapshot)
-{
-    FakeHost fake;
-    fake.files.addMount({"/", 1, "/", "/dev/sda1"});
-    fake.files.addFolder("/timeshift/snapshots/2024-05-01_10-15-00");
-    testing::internal::CaptureStdout();
-    {
-        Console console;
-        EXPECT_EQ(snapshotsCommand().run({}, console, fake.host()), ExitStatus::done);
-        console.out.flush();
-    }
-    const std::string text = testing::internal::GetCapturedStdout();
-    EXPECT_TRUE(text.ends_with("  timeshift 2024-05-01_10-15-00\n"
-                               "                  sudo timeshift --delete --snapshot 2024-05-01_10-15-00\n"))
-        << text;
 }
 
 } // namespace

@@ -124,14 +124,6 @@ TEST_F(BreakdownCommandTest, AnUnreadableFolderIsNamedAndTheRestIsExplained)
     EXPECT_EQ(result.errors, "corvane-cli: cannot read " + m_folder / "closed" + ": Permission denied\n");
 }
 
-TEST_F(BreakdownCommandTest, WhereThereAreNoSnapshotsNoneAreListed)
-{
-    if (std::filesystem::exists("/usr/bin/tmutil"))
-        GTEST_SKIP() << "this system has snapshots of its own";
-    EXPECT_EQ(document({"snapshots"}), json::array());
-    EXPECT_EQ(run({"snapshots"}).out, "No local snapshots\n");
-}
-
 } // namespace
 
 } // namespace corvane
