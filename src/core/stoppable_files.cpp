@@ -17,7 +17,7 @@ namespace {
 
 tl::unexpected<Error> givenUp(const char *operation, const std::string &path)
 {
-    return failure(operation, path, ECANCELED, "it does not answer");
+    return failure(operation, path, ECANCELED, "the disk is not responding");
 }
 
 /// The result of a call that may fail with an `Error`.
