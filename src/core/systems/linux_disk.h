@@ -109,7 +109,7 @@ inline constexpr auto places = std::to_array<DiskPlace>({
     {"/boot",
      {"/boot"},
      "Boot Files (/boot)",
-     "The kernels and what starts them. An old kernel goes with its package.",
+     "The kernels and the boot loader. To remove an old kernel, remove its package.",
      "wrench.and.screwdriver",
      rgb(153, 161, 176)},
     {"/tmp",
