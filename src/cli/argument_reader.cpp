@@ -159,7 +159,7 @@ private:
     [[nodiscard]] std::string unknownOption(const std::string &argument) const
     {
         if (existingItem(argument, m_files))
-            return fmt::format("\"{0}\" counts as an option; for the item of that name write \"./{0}\"", argument);
+            return fmt::format("\"{0}\" is treated as an option; to name the item, write \"./{0}\"", argument);
         const std::string option = argument.substr(0, argument.find('='));
         std::vector<std::string> names;
         for (const Option *const known : options())

@@ -23,7 +23,7 @@ bool hasParentComponent(std::string_view path)
 
 std::string unreachable(const std::string &path, const Error &error)
 {
-    return fmt::format("cannot look at {}: {}", path, error.description());
+    return fmt::format("cannot access {}: {}", path, error.description());
 }
 
 std::string missing(const std::string &path, FileSystem &files)
@@ -46,7 +46,7 @@ std::string failed(const std::string &path, const Error &error, FileSystem &file
 Judged<std::string> withCurrentFolder(std::string_view argument)
 {
     if (argument.empty())
-        return tl::unexpected<std::string>("the path is empty; \".\" is the current folder");
+        return tl::unexpected(std::string(emptyPathText));
     if (argument.starts_with('/'))
         return std::string(argument);
     std::error_code error;

@@ -13,6 +13,9 @@ namespace corvane {
 template <typename T>
 using Judged = tl::expected<T, std::string>;
 
+/// What is wrong with an empty path argument.
+inline constexpr std::string_view emptyPathText = "the path is empty; \".\" is the current folder";
+
 /// Prepends the current folder to a relative path argument; changes nothing else.
 [[nodiscard]] Judged<std::string> withCurrentFolder(std::string_view argument);
 

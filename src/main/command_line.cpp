@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/nearest_name.h"
+#include "core/path_argument.h"
 
 namespace corvane {
 
@@ -77,8 +78,10 @@ CommandLine CommandLine::parse(std::span<const std::string_view> arguments)
             continue;
         } else if (!optionsEnded && argument.starts_with('-') && argument.size() > 1) {
             line = {.request = Request::wrong, .folder = {}, .error = unknownOption(argument)};
-        } else if (hasFolder || argument.empty()) {
-            line = {.request = Request::wrong, .folder = {}, .error = "give one folder or none"};
+        } else if (argument.empty()) {
+            line = {.request = Request::wrong, .folder = {}, .error = std::string(emptyPathText)};
+        } else if (hasFolder) {
+            line = {.request = Request::wrong, .folder = {}, .error = "expected at most one folder"};
         } else {
             line.folder = argument;
             hasFolder = true;

@@ -180,8 +180,8 @@ TEST_F(CommandLineTest, AnItemWhoseNameCountsAsAnOptionIsNamedWithTheWayToWriteI
     m_folder.writeText("-dfoo", "");
     const ProgramResult result = run({"remove", "--yes", "-dfoo"});
     EXPECT_EQ(result.exitStatus, 2);
-    EXPECT_EQ(result.errors, "corvane-cli: \"-dfoo\" counts as an option; for the item of that name write "
-                             "\"./-dfoo\"; see \"corvane-cli remove --help\"\n");
+    EXPECT_EQ(result.errors, "corvane-cli: \"-dfoo\" is treated as an option; to name the item, write \"./-dfoo\"; "
+                             "see \"corvane-cli remove --help\"\n");
     EXPECT_TRUE(std::filesystem::exists(m_folder / "-dfoo"));
 }
 

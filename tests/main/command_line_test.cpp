@@ -45,7 +45,9 @@ TEST(CommandLine, UnknownOptionsAndSecondFoldersAreWrong)
     EXPECT_EQ(parse({"--fast"}).error, "unknown option --fast");
     EXPECT_EQ(parse({"---"}).error, "unknown option ---");
     EXPECT_EQ(parse({"a", "b"}).request, Request::wrong);
+    EXPECT_EQ(parse({"a", "b"}).error, "expected at most one folder");
     EXPECT_EQ(parse({""}).request, Request::wrong);
+    EXPECT_EQ(parse({""}).error, "the path is empty; \".\" is the current folder");
 }
 
 TEST(CommandLine, AMistypedOptionIsAnsweredWithTheNearestOne)

@@ -83,7 +83,7 @@ TEST_F(WindowProgramTest, ArgumentsAreCheckedWithoutADisplay)
     EXPECT_EQ(option.errors, "corvane: unknown option --nonsense (see corvane --help)\n");
     const ProgramResult folders = runWithoutDisplay({"-platform", "xcb", "a", "b"});
     EXPECT_EQ(folders.exitStatus, 2);
-    EXPECT_EQ(folders.errors, "corvane: give one folder or none (see corvane --help)\n");
+    EXPECT_EQ(folders.errors, "corvane: expected at most one folder (see corvane --help)\n");
     const ProgramResult missing = runWithoutDisplay({"/nope/a"});
     EXPECT_EQ(missing.exitStatus, 2);
     EXPECT_EQ(missing.errors, "corvane: /nope/a does not exist; the nearest folder that does is /\n");

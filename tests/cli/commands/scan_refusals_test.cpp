@@ -131,7 +131,7 @@ TEST_F(ScanCommandTest, AFolderBehindAClosedOneIsRefused)
     const ProgramResult result = program({"scan", "closed/inner"}).asOrdinaryUser().run();
 
     EXPECT_EQ(result.exitStatus, 2);
-    EXPECT_EQ(result.errors, "corvane-cli: cannot look at " + m_folder / "closed/inner" + ": Permission denied\n");
+    EXPECT_EQ(result.errors, "corvane-cli: cannot access " + m_folder / "closed/inner" + ": Permission denied\n");
 }
 
 TEST_F(ScanCommandTest, AnUnreadableFolderInsideIsNoFailure)
