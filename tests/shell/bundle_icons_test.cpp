@@ -7,6 +7,7 @@
 #include <QBuffer>
 
 #include "shell/icns_bytes.h"
+#include "shell/ui/theme.h"
 #include "support/temporary_folder.h"
 
 namespace corvane {
@@ -92,6 +93,12 @@ TEST(BundleIcons, OnADarkGroundADarkIconHasALightOutlineInsideItsShape)
     EXPECT_GT(outlined.pixelColor(8, 32).lightness(), icon.pixelColor(8, 32).lightness() + 40);
     EXPECT_EQ(outlined.pixelColor(32, 32), icon.pixelColor(32, 32));
     EXPECT_EQ(outlined.pixelColor(7, 32).alpha(), 0);
+}
+
+TEST(BundleIcons, AnIconOfTheColorOfTheDarkGroundHasAnOutline)
+{
+    const QImage icon = plain(Theme::surface(Theme::Scheme::dark));
+    EXPECT_NE(outlinedOnDark(icon), icon);
 }
 
 TEST(BundleIcons, OnADarkGroundAColorfulIconStaysAsItIs)

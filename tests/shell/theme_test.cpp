@@ -11,6 +11,7 @@
 #include <QPalette>
 #include <QSignalSpy>
 
+#include "core/systems/cleanup_table.h"
 #include "platform/fake_desktop.h"
 #include "shell/contrast.h"
 #include "shell/ui/color_scheme_setting.h"
@@ -185,6 +186,36 @@ TEST_F(ThemeTest, TranslucentColorsKeepTheirOpacity)
     EXPECT_EQ(theme.fillq(), QColor(255, 255, 255, qRound(0.07 * 255)));
     // Two layers of 7 % have 13.5 % opacity.
     EXPECT_NEAR(theme.fillqPress().alphaF(), 0.135, 0.005);
+}
+
+TEST_F(ThemeTest, AColorOfASchemeIsThatOfAThemeInThatScheme)
+{
+    Theme theme(desktop, nullptr);
+    EXPECT_EQ(Theme::surface(Theme::Scheme::light), theme.surface());
+    EXPECT_EQ(Theme::toastOk(), Theme::okText(Theme::Scheme::dark));
+    theme.setDark(true);
+    EXPECT_EQ(Theme::surface(Theme::Scheme::dark), theme.surface());
+    EXPECT_EQ(Theme::toastOk(), theme.okText());
+}
+
+TEST_F(ThemeTest, CleanupTintsAreInTheOrderOfTheCatalogue)
+{
+    Theme theme(desktop, nullptr);
+    for (const bool dark : {false, true}) {
+        theme.setDark(dark);
+        const QList<QColor> tints = theme.cleanupTints();
+        const auto tint = [&](CleanupTint wanted) { return tints.value(static_cast<int>(wanted)); };
+        EXPECT_EQ(tint(CleanupTint::blue), theme.cleanupBlue());
+        EXPECT_EQ(tint(CleanupTint::gray), theme.cleanupGray());
+        EXPECT_EQ(tint(CleanupTint::cyan), theme.cleanupCyan());
+        EXPECT_EQ(tint(CleanupTint::red), theme.cleanupRed());
+        EXPECT_EQ(tint(CleanupTint::indigo), theme.cleanupIndigo());
+        EXPECT_EQ(tint(CleanupTint::purple), theme.cleanupPurple());
+        EXPECT_EQ(tint(CleanupTint::teal), theme.cleanupTeal());
+        EXPECT_EQ(tint(CleanupTint::green), theme.cleanupGreen());
+        EXPECT_EQ(tint(CleanupTint::mint), theme.cleanupMint());
+        EXPECT_EQ(tint(CleanupTint::orange), theme.cleanupOrange());
+    }
 }
 
 TEST_F(ThemeTest, ALineAroundASoftGroundIsAsIfItLayOnThatGround)

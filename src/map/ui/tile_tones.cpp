@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "shell/ui/qt_color.h"
+#include "shell/ui/theme.h"
 
 namespace corvane {
 
@@ -32,7 +33,7 @@ QColor TileTones::sizeInk(const Color &color) const
 
 QColor TileTones::onInk() const
 {
-    return isDark() ? QColor(0x11, 0x11, 0x11) : QColor(Qt::white);
+    return Theme::tileCheck(isDark() ? Theme::Scheme::dark : Theme::Scheme::light);
 }
 
 } // namespace corvane

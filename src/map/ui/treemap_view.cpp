@@ -26,7 +26,7 @@ namespace {
 
 RingStyle hoverRingStyle()
 {
-    return {2, Qt::white, 1.5, QColor(0x0a, 0x0b, 0x14, 184)}; // 72 %
+    return {2, Theme::hoverRing(), 1.5, Theme::hoverRingOutline()};
 }
 
 RingStyle focusRingStyle()

@@ -10,7 +10,9 @@
 #include "core/color.h"
 #include "shell/ui/file_icons.h"
 #include "shell/ui/icon_provider.h"
+#include "shell/ui/qt_color.h"
 #include "shell/ui/system_file_icon.h"
+#include "shell/ui/theme.h"
 
 namespace corvane {
 
@@ -23,11 +25,9 @@ constexpr qsizetype largestCache = 32'000'000;
 
 constexpr double cornerPart = 0.235; // of the side
 constexpr double glyphPart = 0.56;
-const QColor tileColor(0x6b, 0x71, 0x80);
 
 const QString darkMark = QStringLiteral("dark/");
-constexpr Color darkGround{0x25 / 255.0, 0x26 / 255.0, 0x2b / 255.0}; // `Theme::surface`
-constexpr double leastContrast = 1.5;                                 // between an icon's edge and the ground
+constexpr double leastContrast = 1.5; // between an icon's edge and the ground
 constexpr double outlineOpacity = 0.3;
 constexpr int sideOfOneLine = 48; // pixels of an icon whose outline is one pixel wide; larger icons have a wider one
 
@@ -81,11 +81,11 @@ QImage drawnBundleIcon(int pixels)
     QPainter painter(&tile);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(tileColor);
+    painter.setBrush(Theme::appTile());
     painter.drawRoundedRect(tile.rect(), pixels * cornerPart, pixels * cornerPart);
     const int glyph = qRound(pixels * glyphPart);
     const int inset = (pixels - glyph) / 2;
-    painter.drawImage(inset, inset, renderIcon("app-window", IconWeight::fill, Qt::white, glyph));
+    painter.drawImage(inset, inset, renderIcon("app-window", IconWeight::fill, Theme::onFill(), glyph));
     return tile;
 }
 
@@ -93,7 +93,7 @@ QImage outlinedOnDark(QImage icon)
 {
     const QImage edge = edgeOf(icon);
     const std::optional<Color> color = colorOfEdge(icon, edge);
-    if (!color || contrast(*color, darkGround) >= leastContrast)
+    if (!color || contrast(*color, toColor(Theme::surface(Theme::Scheme::dark))) >= leastContrast)
         return icon;
     icon.convertTo(QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&icon);

@@ -6,6 +6,7 @@
 #include "shell/ui/icon_provider.h"
 #include "shell/ui/qt_color.h"
 #include "shell/ui/system_file_icon.h"
+#include "shell/ui/theme.h"
 
 namespace corvane {
 
@@ -84,7 +85,7 @@ QString fileIconKey(const FileNode &node)
 QColor fileIconColor(FileType type, FileNode::Kind kind)
 {
     if (kind == FileNode::Kind::directory)
-        return QColor(0x4e, 0x9c, 0xeb);
+        return Theme::folderIcon();
     const QColor color = toQColor(type.color());
     const auto part = [](int value) { return qRound(value * 0.94); };
     return QColor(part(color.red()), part(color.green()), part(color.blue()));

@@ -5,6 +5,8 @@
 
 #include <QColor>
 
+#include "shell/ui/theme.h"
+
 namespace corvane {
 
 namespace {
@@ -17,12 +19,8 @@ int deviation(int elevation)
 
 QColor shadowColor(int elevation, bool dark)
 {
-    QColor color = dark ? QColor(0, 0, 0) : QColor(15, 16, 30);
-    if (elevation >= 3)
-        color.setAlphaF(dark ? 0.60f : 0.26f);
-    else
-        color.setAlphaF(dark ? 0.50f : 0.16f);
-    return color;
+    const Theme::Scheme scheme = dark ? Theme::Scheme::dark : Theme::Scheme::light;
+    return elevation >= 3 ? Theme::sheetShadow(scheme) : Theme::panelShadow(scheme);
 }
 
 /// The coverage of two opposite blurred edges along one axis. A blurred rectangle is the product of two of these; with

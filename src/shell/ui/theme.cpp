@@ -1,7 +1,5 @@
 #include "shell/ui/theme.h"
 
-#include <array>
-
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -114,7 +112,7 @@ QColor Theme::solidFill(const QColor &color) const
     return Qt::black;
 }
 
-QColor Theme::withAlpha(const QColor &color, double alpha) const
+QColor Theme::withAlpha(const QColor &color, double alpha)
 {
     QColor result = color;
     result.setAlphaF(static_cast<float>(alpha));
@@ -148,26 +146,8 @@ QColor Theme::darkened(const QColor &color, float share)
 
 QList<QColor> Theme::cleanupTints() const
 {
-    struct Tint {
-        QRgb light;
-        QRgb dark;
-    };
-    static constexpr std::array<Tint, 10> tints{{
-        {0x0a63d8, 0x5aa2ff},
-        {0x62656f, 0xa6a9b3},
-        {0x0b7fa8, 0x5cc4e8},
-        {0xcc2f36, 0xff7b7f},
-        {0x4b4fd0, 0x9295ff},
-        {0x8a3fc4, 0xc78bf2},
-        {0x117e8c, 0x55c6d3},
-        {0x1f7f3e, 0x62cc84},
-        {0x0d8272, 0x58cdbb},
-        {0xb85b00, 0xffa650},
-    }};
-    QList<QColor> colors;
-    for (const Tint &tint : tints)
-        colors << QColor(m_dark ? tint.dark : tint.light);
-    return colors;
+    return {cleanupBlue(),   cleanupGray(), cleanupCyan(),  cleanupRed(),  cleanupIndigo(),
+            cleanupPurple(), cleanupTeal(), cleanupGreen(), cleanupMint(), cleanupOrange()};
 }
 
 QFont Theme::sized(QFont font, int pixelSize, QFont::Weight weight, double letterSpacing)

@@ -31,7 +31,12 @@ class Desktop;
     }
 
 // A colour by its role: in light, in dark.
-#define COLOR(name, light, dark) MIXED_COLOR(name, m_dark ? QColor(dark) : QColor(light))
+#define COLOR(name, inLight, inDark)                                                                                   \
+    MIXED_COLOR(name, name(m_dark ? Scheme::dark : Scheme::light))                                                     \
+    [[nodiscard]] static QColor name(Scheme scheme)                                                                    \
+    {                                                                                                                  \
+        return scheme == Scheme::dark ? QColor(inDark) : QColor(inLight);                                              \
+    }
 
 // What is the same in light and dark.
 #define FIXED(Type, name, value)                                                                                       \
@@ -42,8 +47,12 @@ class Desktop;
     }
 
 /// Every colour, font, size and duration of the window, one line each. QML reads `Theme.surface`, C++ that paints
-/// `Theme::instance()->surface()`, and what never changes `Theme::space4()`. Follows the system between light and dark
-/// while the program runs (`changed`). One instance, main thread only.
+/// `Theme::instance()->surface()`, what draws for one scheme `Theme::surface(Theme::Scheme::dark)`, and what never
+/// changes `Theme::space4()`. Follows the system between light and dark while the program runs (`changed`). One
+/// instance, main thread only; static colours on any thread.
+///
+/// The colours of file types, folders and tiles are the engine's (`FileType`, `TreemapBuilder`, `TileColors`), because
+/// the command line draws with them as well.
 class Theme : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -54,6 +63,8 @@ class Theme : public QObject {
     Q_PROPERTY(QList<QColor> cleanupTints READ cleanupTints NOTIFY changed)
 
 public:
+    enum class Scheme { light, dark };
+
     // --- Colours: in light, in dark
     COLOR(window, 0xf6f6f8, 0x1c1d21)
     COLOR(sidebar, 0xededf1, 0x17181b)
@@ -91,6 +102,22 @@ public:
     COLOR(toast, 0x26272d, 0x3a3b43)
     COLOR(panelOutline, translucent(0, 0, 0, 0.08), translucent(255, 255, 255, 0.10))
     COLOR(scrimNested, translucent(20, 21, 28, 0.18), translucent(0, 0, 0, 0.28))
+    COLOR(panelShadow, withAlpha(0x0f101e, 0.16), withAlpha(Qt::black, 0.50))
+    COLOR(sheetShadow, withAlpha(0x0f101e, 0.26), withAlpha(Qt::black, 0.60))
+    COLOR(tileCheck, 0xffffff, 0x111111) // on a disc of the tile's ink
+
+    // Of the cleanup catalogue's icons.
+    COLOR(cleanupBlue, 0x0a63d8, 0x5aa2ff)
+    COLOR(cleanupGray, 0x62656f, 0xa6a9b3)
+    COLOR(cleanupCyan, 0x0b7fa8, 0x5cc4e8)
+    COLOR(cleanupRed, 0xcc2f36, 0xff7b7f)
+    COLOR(cleanupIndigo, 0x4b4fd0, 0x9295ff)
+    COLOR(cleanupPurple, 0x8a3fc4, 0xc78bf2)
+    COLOR(cleanupTeal, 0x117e8c, 0x55c6d3)
+    COLOR(cleanupGreen, 0x1f7f3e, 0x62cc84)
+    COLOR(cleanupMint, 0x0d8272, 0x58cdbb)
+    COLOR(cleanupOrange, 0xb85b00, 0xffa650)
+    [[nodiscard]] QList<QColor> cleanupTints() const;
 
     MIXED_COLOR(fillqPress, twice(fillq()))
     MIXED_COLOR(accentSoftPress, twice(accentSoft()))
@@ -100,15 +127,19 @@ public:
     MIXED_COLOR(accentLine, overlaid(withAlpha(accent(), 0.3), accentSoft()))
     MIXED_COLOR(checkOutline, withAlpha(t3(), 0.72))
     MIXED_COLOR(switchTrack, withAlpha(t3(), 0.55)) // of a switch that is off
-    [[nodiscard]] QList<QColor> cleanupTints() const;
 
     FIXED(QColor, accent, 0x546eff)
     FIXED(QColor, brandA, toExactQColor(corvane::brandA))
     FIXED(QColor, brandB, toExactQColor(corvane::brandB))
-    FIXED(QColor, onFill, Qt::white)                            // text and glyphs on accentFill, dangerFill, toast
+    FIXED(QColor, onFill, Qt::white) // text and glyphs on accentFill, dangerFill, toast, appTile
     FIXED(QColor, onFillRule, translucent(255, 255, 255, 0.35)) // hairline on accentFill
-    FIXED(QColor, toastOk, 0x67d394)
-    FIXED(QColor, toastWarning, 0xf0b441)
+    FIXED(QColor, toastOk, okText(Scheme::dark))                // toast is dark in light as well
+    FIXED(QColor, toastWarning, warnIcon(Scheme::dark))
+    FIXED(QColor, folderIcon, 0x4e9ceb)
+    FIXED(QColor, appTile, 0x6b7180) // the icon of an application without one
+    FIXED(QColor, hoverRing, Qt::white)
+    FIXED(QColor, hoverRingOutline, translucent(10, 11, 20, 0.72))
+    FIXED(QColor, paletteShadow, Qt::black) // of Qt's own folder dialog
 
     // --- Fonts; the *Figures fonts have figures of one width, for columns
     FIXED(QFont, heroFont, sized(roundedFont(), 52, QFont::Bold, -1))
@@ -290,7 +321,7 @@ public:
     /// The background of a solid badge: the colour, darkened in steps of 2 % until white has a contrast of 3.1 : 1.
     Q_INVOKABLE [[nodiscard]] QColor solidFill(const QColor &color) const;
     /// The colour with another opacity, from 0 to 1.
-    Q_INVOKABLE [[nodiscard]] QColor withAlpha(const QColor &color, double alpha) const;
+    Q_INVOKABLE [[nodiscard]] static QColor withAlpha(const QColor &color, double alpha);
     /// The font for text that contains emoji; see `fontWithEmoji`.
     Q_INVOKABLE [[nodiscard]] QFont withEmoji(const QFont &font) const;
 

@@ -53,7 +53,7 @@ T.ApplicationWindow {
         midlight: Theme.hairline
         mid: Theme.controlBorder
         dark: Theme.controlBorder
-        shadow: "black"
+        shadow: Theme.paletteShadow
         highlight: Theme.accentFill
         highlightedText: Theme.t1
     }
