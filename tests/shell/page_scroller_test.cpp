@@ -82,5 +82,15 @@ TEST_F(PageScrollerTest, WhatThePointerComesToStaysInItsPlace)
     EXPECT_EQ(top(), 900);
 }
 
+TEST(PageScroller, ItemsThatPaintThemselvesAreBroughtIntoSightAsControlsAre)
+{
+    QuickScene scene("ScrollPage { objectName: \"page\"; width: 400; height: 300; contentHeight: 1200;"
+                     " KeyboardItem { objectName: \"item\"; y: 900; width: 100; height: 28 } }");
+    ASSERT_TRUE(scene.isShown()) << scene.errors().toStdString();
+    scene.key(Qt::Key_Tab);
+    ASSERT_TRUE(scene.item("item")->hasActiveFocus());
+    EXPECT_EQ(scene.item("page")->property("contentY").toReal(), 900 + 28 + 20 - 300);
+}
+
 } // namespace
 } // namespace corvane

@@ -65,6 +65,8 @@ bool FocusKeeper::eventFilter(QObject *receiver, QEvent *event)
         return false;
 
     if (event->type() == QEvent::FocusOut) {
+        // How the item got the focus; the event only says why it lost it. By name, because Qt's items with this
+        // property, its controls and text fields, are private types in C++.
         const QVariant reason = receiver->property("focusReason");
         if (reason.isValid() && isOfUser(static_cast<Qt::FocusReason>(reason.toInt())))
             m_byKeyboard = isOfKeyboard(static_cast<Qt::FocusReason>(reason.toInt()));

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <QQuickWindow>
-
 namespace corvane {
 
 namespace {
@@ -15,58 +13,28 @@ constexpr qreal room = 20;
 
 } // namespace
 
-void PageScroller::setPage(QQuickItem *page)
-{
-    if (m_page == page)
-        return;
-    if (m_page)
-        m_page->disconnect(this);
-    m_page = page;
-    if (m_page)
-        connect(m_page, &QQuickItem::windowChanged, this, &PageScroller::followWindow);
-    followWindow();
-    emit pageChanged();
-}
-
-void PageScroller::followWindow()
-{
-    disconnect(m_focus);
-    if (m_page && m_page->window() != nullptr) {
-        m_focus = connect(m_page->window(), &QQuickWindow::activeFocusItemChanged, this, &PageScroller::followFocus);
-    }
-}
-
-void PageScroller::followFocus()
-{
-    const QQuickItem *const item = m_page->window()->activeFocusItem();
-    // The item under the pointer is already visible, and must not move away.
-    if (item != nullptr && m_page->isAncestorOf(item) && item->property("visualFocus").toBool())
-        reveal(item);
-}
-
 bool PageScroller::scroll(int key, int modifiers)
 {
     if (!m_page || Qt::KeyboardModifiers(QFlag(modifiers)).setFlag(Qt::KeypadModifier, false) != Qt::NoModifier)
         return false;
-    const qreal top = m_page->property("contentY").toReal();
     switch (key) {
     case Qt::Key_Up:
-        moveTo(top - line);
+        moveTo(m_contentY - line);
         return true;
     case Qt::Key_Down:
-        moveTo(top + line);
+        moveTo(m_contentY + line);
         return true;
     case Qt::Key_PageUp:
-        moveTo(top - std::max(line, m_page->height() - kept));
+        moveTo(m_contentY - std::max(line, m_page->height() - kept));
         return true;
     case Qt::Key_PageDown:
-        moveTo(top + std::max(line, m_page->height() - kept));
+        moveTo(m_contentY + std::max(line, m_page->height() - kept));
         return true;
     case Qt::Key_Home:
         moveTo(0);
         return true;
     case Qt::Key_End:
-        moveTo(m_page->property("contentHeight").toReal());
+        moveTo(m_contentHeight);
         return true;
     default:
         return false;
@@ -75,20 +43,19 @@ bool PageScroller::scroll(int key, int modifiers)
 
 void PageScroller::reveal(const QQuickItem *item)
 {
-    if (!m_page || item == nullptr)
+    if (!m_page || item == nullptr || !m_page->isAncestorOf(item))
         return;
-    const qreal top = m_page->property("contentY").toReal();
-    const QRectF place = item->mapRectToItem(m_page, QRectF(QPointF(), item->size())).translated(0, top);
-    if (place.top() - room < top)
+    const QRectF place = item->mapRectToItem(m_page, QRectF(QPointF(), item->size())).translated(0, m_contentY);
+    if (place.top() - room < m_contentY)
         moveTo(place.top() - room);
-    else if (place.bottom() + room > top + m_page->height())
+    else if (place.bottom() + room > m_contentY + m_page->height())
         moveTo(std::min(place.top() - room, place.bottom() + room - m_page->height()));
 }
 
 void PageScroller::moveTo(qreal y)
 {
-    const qreal lowest = m_page->property("contentHeight").toReal() - m_page->height();
-    m_page->setProperty("contentY", std::clamp<qreal>(y, 0, std::max<qreal>(0, lowest)));
+    const qreal lowest = m_contentHeight - m_page->height();
+    emit moved(std::clamp<qreal>(y, 0, std::max<qreal>(0, lowest)));
 }
 
 } // namespace corvane

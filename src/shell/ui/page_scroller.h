@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMetaObject>
 #include <QPointer>
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
@@ -12,29 +11,31 @@ class PageScroller : public QObject {
     Q_OBJECT
     QML_ELEMENT
     /// The Flickable.
-    Q_PROPERTY(QQuickItem *page READ page WRITE setPage NOTIFY pageChanged REQUIRED)
+    Q_PROPERTY(QQuickItem *page MEMBER m_page NOTIFY changed REQUIRED)
+    /// The Flickable's own, which C++ can only read through here, in points.
+    Q_PROPERTY(qreal contentY MEMBER m_contentY NOTIFY changed REQUIRED)
+    Q_PROPERTY(qreal contentHeight MEMBER m_contentHeight NOTIFY changed REQUIRED)
 
 public:
     explicit PageScroller(QObject *parent = nullptr) : QObject(parent) {}
 
-    [[nodiscard]] QQuickItem *page() const { return m_page; }
-    void setPage(QQuickItem *page);
-
     /// Scrolls for a key: by a line, by most of a page, or to an end. Returns false for other keys.
     Q_INVOKABLE bool scroll(int key, int modifiers);
-    /// Scrolls an item of the page into view with a small margin, moving as little as possible.
+    /// Scrolls an item into view with a small margin, moving as little as possible. Does nothing for items that are not
+    /// on the page.
     Q_INVOKABLE void reveal(const QQuickItem *item);
 
 signals:
-    void pageChanged();
+    void changed();
+    /// The Flickable is to set its `contentY`.
+    void moved(qreal y);
 
 private:
-    void followWindow();
-    void followFocus();
     void moveTo(qreal y);
 
     QPointer<QQuickItem> m_page;
-    QMetaObject::Connection m_focus;
+    qreal m_contentY = 0;
+    qreal m_contentHeight = 0;
 };
 
 } // namespace corvane

@@ -10,7 +10,8 @@ namespace corvane {
 
 namespace {
 
-/// The list view of Qt's dialog, which is part of the window.
+/// The list view of Qt's dialog, which is part of the window. By its name, because Qt makes the dialog of private
+/// types; another version's dialog may have no such list, and then shows no hidden folders.
 const QQuickItem *listOfDialog(const QQuickItem &from)
 {
     if (from.objectName() == QStringLiteral("folderDialogListView"))
@@ -45,6 +46,7 @@ void FolderChooser::showHiddenFolders() const
     const QQuickItem *const list = window != nullptr ? listOfDialog(*window->contentItem()) : nullptr;
     if (list == nullptr)
         return;
+    // By name for the same reason: the list's type and that of its model, FolderListModel, are private in C++.
     if (auto *const model = list->property("model").value<QObject *>())
         model->setProperty("showHidden", true);
 }
