@@ -15,13 +15,11 @@ namespace corvane {
 namespace {
 
 // All in points.
-constexpr double topInset = 1.5;
 constexpr double nestedInset = 0.75;
 constexpr double smallestTop = 1;
 constexpr double smallestNested = 2;
 constexpr double nestingWidth = 70;
 constexpr double nestingHeight = 50;
-constexpr double labelBand = 22;
 constexpr double nestedMargin = 4;
 
 constexpr std::array<Color, 10> palette{{
@@ -63,8 +61,8 @@ TreemapTile makeTile(TreemapItem &&item, const Rect &rect, const Color &color, i
 
 void appendNested(const FileNode &folder, const Rect &outer, const Color &color, std::vector<TreemapTile> &tiles)
 {
-    const Rect inner{outer.x + nestedMargin, outer.y + labelBand, outer.width - 2 * nestedMargin,
-                     outer.height - (labelBand + nestedMargin)};
+    const Rect inner{outer.x + nestedMargin, outer.y + TreemapBuilder::labelBand, outer.width - 2 * nestedMargin,
+                     outer.height - (TreemapBuilder::labelBand + nestedMargin)};
     std::vector<TreemapItem> items = TreemapBuilder::items(folder, TreemapBuilder::nestedLimit);
     const std::vector<Rect> rects = layOut(items, inner);
     for (std::size_t i = 0; i < items.size(); ++i) {

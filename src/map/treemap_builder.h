@@ -34,6 +34,9 @@ struct TreemapTile {
 struct TreemapBuilder {
     static constexpr std::size_t topLimit = 60;
     static constexpr std::size_t nestedLimit = 40;
+    // In points.
+    static constexpr double topInset = 1.5; ///< half of the line between tiles of depth 0, on each side of a tile
+    static constexpr double labelBand = 22; ///< height of a tile's label above its nested tiles
 
     [[nodiscard]] static std::vector<TreemapItem> items(const FileNode &folder, std::size_t limit);
     /// Parents precede their nested tiles; at most 61 x 41 tiles.

@@ -7,9 +7,7 @@ namespace corvane {
 
 namespace {
 
-constexpr qreal gap = 16; // after a name; excluded from the shared width
-constexpr qreal wideKindWidth = 160;
-constexpr qreal narrowKindWidth = 120;
+constexpr qreal gap = ListsMetrics::columnGap(); // after a name; excluded from the shared width
 
 } // namespace
 
@@ -31,7 +29,7 @@ void FileTableColumns::setWide(bool wide)
 
 qreal FileTableColumns::kindWidth() const
 {
-    return m_kindWidth.value_or(m_isWide ? wideKindWidth : narrowKindWidth);
+    return m_kindWidth.value_or(m_isWide ? ListsMetrics::kindWidth() : ListsMetrics::narrowKindWidth());
 }
 
 qreal FileTableColumns::nameWidth() const

@@ -6,6 +6,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include "lists/listed_files.h"
+#include "lists/ui/lists_metrics.h"
 
 namespace corvane {
 
@@ -35,9 +36,9 @@ public:
     };
     Q_ENUM(Title)
 
-    static constexpr qreal leastNameWidth = 120;
-    static constexpr qreal leastLocationWidth = 80;
-    static constexpr qreal leastWidth = 64; ///< of the other columns
+    static constexpr qreal leastNameWidth = ListsMetrics::leastNameWidth();
+    static constexpr qreal leastLocationWidth = ListsMetrics::leastLocationWidth();
+    static constexpr qreal leastWidth = ListsMetrics::leastColumnWidth(); ///< of the other columns
 
     explicit FileTableColumns(QObject *parent = nullptr) : QObject(parent) {}
 
@@ -66,10 +67,10 @@ private:
 
     qreal m_room = 0;
     bool m_isWide = true;
-    qreal m_nameShare = 0.6; ///< fraction of the shared width, without the gap
-    qreal m_sizeWidth = 92;
+    qreal m_nameShare = ListsMetrics::nameShare(); ///< fraction of the shared width, without the gap
+    qreal m_sizeWidth = ListsMetrics::sizeWidth();
     std::optional<qreal> m_kindWidth; ///< if set by the user
-    qreal m_modifiedWidth = 108;
+    qreal m_modifiedWidth = ListsMetrics::modifiedWidth();
 };
 
 } // namespace corvane

@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// Sizes, in points, that only the lists of files use.
+/// Sizes, in points, and shares that only the lists of files use.
 class ListsMetrics : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -29,6 +29,15 @@ public:
     /// The width of the grip at a column's edge, and the distance that a key moves the edge.
     METRIC(int, gripWidth, 9)
     METRIC(int, resizeStep, 8)
+
+    METRIC(int, sizeWidth, 92)
+    METRIC(int, modifiedWidth, 108)
+    METRIC(int, kindWidth, 160)
+    METRIC(int, narrowKindWidth, 120)
+    METRIC(double, nameShare, 0.6) // of the width that names and locations share, without the gap after a name
+    METRIC(int, leastNameWidth, 120)
+    METRIC(int, leastLocationWidth, 80)
+    METRIC(int, leastColumnWidth, 64) // of the other columns
 };
 
 } // namespace corvane

@@ -13,13 +13,6 @@
 
 namespace corvane {
 
-namespace {
-
-constexpr double widestCrumb = 240;     // for all but the last crumb
-constexpr double narrowestCurrent = 60; // guaranteed width of the current folder
-
-} // namespace
-
 BreadcrumbModel::BreadcrumbModel(StorageStore &store, QObject *parent) : RowListModel(parent), m_store(store)
 {
     connect(&m_store, &StorageStore::currentFolderChanged, this, &BreadcrumbModel::followFolder);
@@ -83,7 +76,7 @@ void BreadcrumbModel::fit(std::vector<Crumb> &crumbs) const
     for (std::size_t i = 0; i <= last; ++i) {
         const double width = naturalWidth(crumbs[i], i == 0, i == last);
         crumbs[i].collapsed = false;
-        crumbs[i].width = i == last ? width : std::min(width, widestCrumb);
+        crumbs[i].width = i == last ? width : std::min<double>(width, MapMetrics::widestCrumb());
         total += crumbs[i].width;
     }
     if (m_availableWidth <= 0)
@@ -96,7 +89,7 @@ void BreadcrumbModel::fit(std::vector<Crumb> &crumbs) const
     }
     if (total > m_availableWidth) {
         double &width = crumbs[last].width;
-        width = std::max(width - (total - m_availableWidth), std::min(width, narrowestCurrent));
+        width = std::max(width - (total - m_availableWidth), std::min<double>(width, MapMetrics::narrowestCurrent()));
     }
 }
 

@@ -3,13 +3,12 @@
 #include <algorithm>
 
 #include "core/store/qt_words.h"
+#include "map/ui/map_metrics.h"
 #include "shell/ui/node_actions.h"
 
 namespace corvane {
 
 namespace {
-
-constexpr QPointF pointerGap{14, 18};
 
 /// The position along one axis: after the pointer, else before it, else as close as the bounds allow.
 double placed(double pointer, double gap, double length, double start, double end)
@@ -38,8 +37,8 @@ QString TileInfoPill::info(double percent) const
 
 QPointF TileInfoPill::place(QPointF pointer, QSizeF panel, const QRectF &bounds)
 {
-    return {placed(pointer.x(), pointerGap.x(), panel.width(), bounds.left(), bounds.right()),
-            placed(pointer.y(), pointerGap.y(), panel.height(), bounds.top(), bounds.bottom())};
+    return {placed(pointer.x(), MapMetrics::pillRight(), panel.width(), bounds.left(), bounds.right()),
+            placed(pointer.y(), MapMetrics::pillBelow(), panel.height(), bounds.top(), bounds.bottom())};
 }
 
 } // namespace corvane

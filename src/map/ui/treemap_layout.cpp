@@ -8,8 +8,6 @@ namespace corvane {
 
 namespace {
 
-constexpr double lineBetweenTiles = 1.5; // half of it, in points, on each side of a tile
-
 /// A rectangle turned so that the direction looked in is that of growing `near` and `far`.
 struct Turned {
     double near;
@@ -79,7 +77,7 @@ int TreemapLayout::at(QPointF point) const
     int found = -1;
     for (int i = 0; i < count(); ++i) {
         const TreemapTile &it = tile(i);
-        const bool holds = it.depth == 0 ? it.rect.inset(-lineBetweenTiles).contains(point.x(), point.y())
+        const bool holds = it.depth == 0 ? it.rect.inset(-TreemapBuilder::topInset).contains(point.x(), point.y())
                                          : it.rect.contains(point.x(), point.y());
         if (holds)
             found = i;

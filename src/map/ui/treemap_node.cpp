@@ -6,11 +6,11 @@
 #include <QSGImageNode>
 #include <QSGOpacityNode>
 
+#include "map/ui/map_metrics.h"
+
 namespace corvane {
 
 namespace {
-
-constexpr double firstOpacity = 0.4; // of the map inside, when it is as large as its tile
 
 QRectF between(const QRectF &from, const QRectF &to, double part)
 {
@@ -122,7 +122,7 @@ void TreemapNode::showBetween(const QRectF &area, const QRectF &tile, double par
     for (QSGImageNode *const node : {inner, m_tinted})
         place(node, QSGTexture::Linear, wholeSource(node), inside);
     m_tint->setOpacity(1 - part);
-    m_front->setOpacity(firstOpacity + (1 - firstOpacity) * part);
+    m_front->setOpacity(MapMetrics::insideOpacity() + (1 - MapMetrics::insideOpacity()) * part);
 }
 
 } // namespace corvane

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "map/treemap_builder.h"
+#include "map/ui/map_metrics.h"
 #include "map/ui/rounded_fill.h"
 #include "shell/ui/theme.h"
 
@@ -15,33 +17,7 @@ namespace corvane {
 
 namespace {
 
-// All in points.
-constexpr double smallestRounded = 8;
-
-constexpr double frameBand = 22;
-constexpr double frameInset = 7;
-constexpr double frameSizeGap = 26; // both insets and the gap between name and size
-
-constexpr qsizetype fewestCharacters = 8;
-
-/// Where a label stands in a tile without nested ones.
-struct LabelGeometry {
-    double left;
-    double right;
-    double top;
-    double lineHeight;
-    double smallestHeight;         ///< of a tile with a name
-    double smallestHeightWithSize; ///< of a tile with a name and a size
-};
-constexpr LabelGeometry leafLabel{7, 7, 5, 16, 24, 42};
-constexpr LabelGeometry nestedLabel{6, 5, 3, 14, 19, 34};
-
-constexpr double hatchSpacing = 6;
-constexpr double hatchStrength = 0.24;
-constexpr double checkDisc = 16;
-constexpr double checkInset = 6;
-constexpr double checkSmallestTile = 40;
-constexpr double checkStroke = 1.7;
+constexpr qsizetype fewestCharacters = 8; // of a name that had to be shortened
 
 constexpr int textFlags = Qt::AlignVCenter | Qt::TextSingleLine;
 
@@ -58,7 +34,7 @@ TreemapPainter::TreemapPainter(TileTones &tones, TileFonts fonts) : m_tones(tone
 
 double TreemapPainter::cornerRadius(const QRectF &rect, TileRole role)
 {
-    if (std::min(rect.width(), rect.height()) < smallestRounded)
+    if (std::min(rect.width(), rect.height()) < MapMetrics::smallestRounded())
         return 0;
     switch (role) {
     case TileRole::frame:
@@ -112,9 +88,10 @@ void TreemapPainter::paintFrameLabel(QPainter &painter, const TileFace &tile, co
     const QFontMetricsF sizeMetrics(m_fonts.size);
     const double nameWidth = nameMetrics.horizontalAdvance(tile.label);
     const double sizeWidth = sizeMetrics.horizontalAdvance(tile.sizeText);
-    const QRectF band(rect.left() + frameInset, rect.top(), rect.width() - 2 * frameInset, frameBand);
+    const QRectF band(rect.left() + MapMetrics::frameInset(), rect.top(), rect.width() - 2 * MapMetrics::frameInset(),
+                      TreemapBuilder::labelBand);
 
-    const bool withSize = nameWidth + sizeWidth + frameSizeGap <= rect.width();
+    const bool withSize = nameWidth + sizeWidth + MapMetrics::frameSizeGap() <= rect.width();
     painter.setFont(m_fonts.name);
     painter.setPen(m_tones.ink(tile.color));
     painter.drawText(band, textFlags | Qt::AlignLeft,
@@ -130,7 +107,7 @@ void TreemapPainter::paintFrameLabel(QPainter &painter, const TileFace &tile, co
 void TreemapPainter::paintLabel(QPainter &painter, const TileFace &tile, const QRectF &rect) const
 {
     const bool nested = tile.role == TileRole::nested;
-    const LabelGeometry &place = nested ? nestedLabel : leafLabel;
+    const TileLabelMetrics &place = nested ? MapMetrics::nestedLabel : MapMetrics::leafLabel;
     const double width = rect.width() - place.left - place.right;
     if (tile.rect.height() < place.smallestHeight || width <= 0)
         return;
@@ -164,23 +141,24 @@ void TreemapPainter::paintSelection(QPainter &painter, const TileFace &tile, con
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setClipPath(outline(rect, cornerRadius(tile.rect, tile.role)), Qt::IntersectClip);
     QColor hatch = ink;
-    hatch.setAlphaF(static_cast<float>(hatchStrength));
+    hatch.setAlphaF(static_cast<float>(MapMetrics::hatchOpacity()));
     painter.setPen(QPen(hatch, 1));
-    const double spacing = hatchSpacing * std::sqrt(2.0);
+    const double spacing = MapMetrics::hatchSpacing() * std::sqrt(2.0);
     for (double offset = spacing / 2; offset < rect.width() + rect.height(); offset += spacing)
         painter.drawLine(QPointF(rect.left() + offset, rect.top()),
                          QPointF(rect.left() + offset - rect.height(), rect.bottom()));
     painter.restore();
 
-    if (!tile.checked || std::min(tile.rect.width(), tile.rect.height()) < checkSmallestTile)
+    if (!tile.checked || std::min(tile.rect.width(), tile.rect.height()) < MapMetrics::checkSmallestTile())
         return;
-    const QRectF disc(rect.right() - checkInset - checkDisc, rect.bottom() - checkInset - checkDisc, checkDisc,
-                      checkDisc);
+    constexpr double side = MapMetrics::checkDisc();
+    constexpr double away = MapMetrics::checkInset() + side;
+    const QRectF disc(rect.right() - away, rect.bottom() - away, side, side);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ink);
     painter.drawEllipse(disc);
-    painter.setPen(QPen(m_tones.onInk(), checkStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(m_tones.onInk(), MapMetrics::checkStroke(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     const QPointF check[]{disc.topLeft() + QPointF(4.8, 8.4), disc.topLeft() + QPointF(7, 10.6),
                           disc.topLeft() + QPointF(11.2, 5.8)};

@@ -11,6 +11,7 @@
 
 #include "core/store/qt_words.h"
 #include "core/words/figures.h"
+#include "map/ui/map_metrics.h"
 #include "map/ui/tile_info_pill.h"
 #include "map/ui/tree_path.h"
 #include "map/ui/treemap_accessible.h"
@@ -26,12 +27,14 @@ namespace {
 
 RingStyle hoverRingStyle()
 {
-    return {2, Theme::hoverRing(), 1.5, Theme::hoverRingOutline()};
+    return {MapMetrics::hoverRingWidth(), Theme::hoverRing(), MapMetrics::hoverRingOutline(),
+            Theme::hoverRingOutline()};
 }
 
 RingStyle focusRingStyle()
 {
-    return {2, Theme::instance()->surface(), 3, Theme::instance()->focus()};
+    const Theme &theme = *Theme::instance();
+    return {MapMetrics::focusRingInside(), theme.surface(), MapMetrics::focusRingOutside(), theme.focus()};
 }
 
 } // namespace

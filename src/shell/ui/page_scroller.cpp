@@ -2,14 +2,15 @@
 
 #include <algorithm>
 
+#include "shell/ui/theme.h"
+
 namespace corvane {
 
 namespace {
 
-// In points.
-constexpr qreal line = 40;
-constexpr qreal kept = 40; // points of the previous page that stay visible
-constexpr qreal room = 20;
+constexpr qreal line = Theme::scrollLine();
+constexpr qreal kept = Theme::scrollPageKept();
+constexpr qreal room = Theme::revealMargin();
 
 } // namespace
 

@@ -17,14 +17,6 @@
 
 namespace corvane {
 
-namespace {
-
-constexpr double minimumPartWidth = 3; // points
-constexpr qreal labelInset = 10;       // points
-constexpr float dimmed = 0.34F;        // opacity of the other parts while one is current
-
-} // namespace
-
 StackedBar::StackedBar(QQuickItem *parent) : KeyboardItem(parent)
 {
     setFlag(ItemHasContents);
@@ -120,7 +112,8 @@ void StackedBar::layOut()
     sizes.reserve(static_cast<std::size_t>(m_parts.size()));
     for (const StackedBarPart &part : m_parts)
         sizes.push_back(part.size);
-    m_layout = barLayout({.sizes = sizes, .rest = m_rest, .width = width(), .gap = m_gap, .minimum = minimumPartWidth});
+    m_layout = barLayout(
+        {.sizes = sizes, .rest = m_rest, .width = width(), .gap = m_gap, .minimum = Theme::stackedBarPartMinimum()});
     redraw();
 }
 
@@ -156,6 +149,7 @@ QImage StackedBar::picture(qreal pixelRatio) const
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath outline;
     outline.addRoundedRect(boundingRect(), m_radius, m_radius);
+    constexpr qreal labelInset = Theme::stackedBarLabelInset();
     const Theme &theme = *Theme::instance();
     for (qsizetype i = 0; i < m_parts.size(); ++i) {
         const StackedBarPart &part = m_parts[i];
@@ -167,7 +161,7 @@ QImage StackedBar::picture(qreal pixelRatio) const
         const bool isLabelled = part.id == m_labelledPart;
         QColor color = part.color;
         if (!m_current.isEmpty() && part.id != m_current && !isLabelled)
-            color.setAlphaF(color.alphaF() * dimmed);
+            color.setAlphaF(color.alphaF() * Theme::stackedBarOtherOpacity());
         QPainterPath shape;
         shape.addRect(rect);
         painter.fillPath(shape.intersected(outline), color);

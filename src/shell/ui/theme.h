@@ -268,6 +268,11 @@ public:
     METRIC(int, popupMaximumHeight, 320)
     METRIC(int, scrollBarWidth, 11)
     METRIC(int, scrollThumbWidth, 7)
+    METRIC(int, scrollLine, 40)     // that an arrow key scrolls
+    METRIC(int, scrollPageKept, 40) // of the previous page, that stays visible
+    METRIC(int, revealMargin, 20)   // around a control that is scrolled into view
+    METRIC(int, stackedBarPartMinimum, 3)
+    METRIC(int, stackedBarLabelInset, 10)
     METRIC(int, indeterminateHeight, 4)
     METRIC(int, tipMaximumWidth, 320)
     METRIC(int, fileIconSize, 16)
@@ -281,11 +286,12 @@ public:
     METRIC(double, disabledOpacity, 0.5)
     METRIC(double, disabledPlainOpacity, 0.55)
     METRIC(double, protectedOpacity, 0.4)
-    METRIC(double, badgeOpacity, 0.13)      // the tint behind a badge's glyph
-    METRIC(double, nestedRowOpacity, 0.45)  // of the hover ground behind nested rows
-    METRIC(double, sizeBarMinimum, 0.015)   // of the bar's width
-    METRIC(double, indeterminatePart, 0.28) // of the bar's width
-    METRIC(double, sheetCentre, 0.46)       // of the window's height
+    METRIC(float, stackedBarOtherOpacity, 0.34F) // of a bar's other parts while one is current
+    METRIC(double, badgeOpacity, 0.13)           // the tint behind a badge's glyph
+    METRIC(double, nestedRowOpacity, 0.45)       // of the hover ground behind nested rows
+    METRIC(double, sizeBarMinimum, 0.015)        // of the bar's width
+    METRIC(double, indeterminatePart, 0.28)      // of the bar's width
+    METRIC(double, sheetCentre, 0.46)            // of the window's height
 
     // --- Durations, in milliseconds; those of movements go through `motion`
     METRIC(int, fastDuration, 90)

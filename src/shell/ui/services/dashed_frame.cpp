@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "shell/ui/services/services_metrics.h"
 #include "shell/ui/theme.h"
 
 namespace corvane {
@@ -31,8 +32,8 @@ void DashedFrame::setHighlighted(bool highlighted)
 
 void DashedFrame::paint(QPainter *painter)
 {
-    constexpr double lineWidth = 1;
-    constexpr double dash = 3; // length of a dash and of a gap
+    constexpr double lineWidth = Theme::hairlineWidth();
+    constexpr double dash = ServicesMetrics::dashLength();
     const Theme &theme = *Theme::instance();
     QPen pen(m_highlighted ? theme.accent() : theme.controlBorder(), lineWidth);
     pen.setDashPattern({dash, dash});

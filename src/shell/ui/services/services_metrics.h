@@ -25,6 +25,7 @@ public:
     METRIC(int, stepSpace, 3)
     METRIC(int, dragSize, 92)
     METRIC(int, dragIconSize, 56)
+    METRIC(int, dashLength, 3) // of a dash and of a gap
 
     METRIC(int, feedbackWidth, 480)
     METRIC(int, feedbackIconSize, 24)
