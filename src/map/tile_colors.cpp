@@ -10,8 +10,8 @@ namespace {
 constexpr double leastContrast = 4.55; ///< WCAG 2 requires 4.5 for small text; the rest allows for rounding
 constexpr double step = 0.02;
 
-// Channels here are 0 to 255, in screen steps: the design blends whole steps, and values halfway between two steps are
-// exact only in this unit.
+// Channels here are 0 to 255, in screen steps: a blend of whole steps can end exactly halfway between two, and only
+// this unit represents that exactly, so that it is always rounded up.
 constexpr Color lightGround{0xFF, 0xFF, 0xFF};
 constexpr Color darkGround{0x18, 0x19, 0x1D};
 constexpr Color lightInk{0x08, 0x09, 0x12};

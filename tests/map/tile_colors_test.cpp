@@ -32,8 +32,8 @@ struct Row {
     unsigned own, lightLeaf, lightFrame, lightLargest, lightSmallest, darkLeaf, darkFrame, darkLargest, darkSmallest;
 };
 
-// The design's values for the ten folder colours.
-constexpr Row design[] = {
+// The ten folder colours and their tints, each checked by eye and for contrast.
+constexpr Row tints[] = {
     {0x546EFF, 0x7A8EFF, 0xCCD4FF, 0x7D91FF, 0xA3B1FF, 0x4051B2, 0x282F58, 0x3E4FAE, 0x354289},
     {0x9E5CF5, 0xB380F7, 0xE2CEFC, 0xB583F7, 0xCBA7FA, 0x7045AC, 0x3B2A55, 0x6E44A7, 0x583985},
     {0xF25E8C, 0xF581A5, 0xFBCFDD, 0xF585A8, 0xF8A8C1, 0xA44564, 0x512B3A, 0xA44564, 0x813A52},
@@ -46,9 +46,9 @@ constexpr Row design[] = {
     {0x7866D9, 0x9688E1, 0xD7D1F4, 0x988BE2, 0xB6ACEA, 0x574C99, 0x312D4E, 0x554A95, 0x463E77},
 };
 
-TEST(TileColors, TintTheFolderColoursAsDesigned)
+TEST(TileColors, FolderColoursHaveTheseTints)
 {
-    for (const Row &row : design) {
+    for (const Row &row : tints) {
         const Color own = hex(row.own);
         expectColor(TileColors::of(own, Role::leaf, 0, Appearance::light).fill, row.lightLeaf);
         expectColor(TileColors::of(own, Role::frame, 0, Appearance::light).fill, row.lightFrame);
@@ -61,10 +61,10 @@ TEST(TileColors, TintTheFolderColoursAsDesigned)
     }
 }
 
-TEST(TileColors, TheDesignsColoursAreThoseOfFolders)
+TEST(TileColors, TheTintedColoursAreThoseOfFolders)
 {
     for (int index = 0; index < 10; ++index)
-        expectColor(TreemapBuilder::folderColor(index), design[index].own);
+        expectColor(TreemapBuilder::folderColor(index), tints[index].own);
 }
 
 TEST(TileColors, TextCanBeReadOnEveryTile)

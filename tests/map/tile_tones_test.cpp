@@ -31,10 +31,10 @@ void expectRow(TileTones &tones, const Row &row, int index)
     EXPECT_EQ(name(tones.fill(row.color, TileRole::nested, 1)), row.smallest);
 }
 
-// The palette as designed; each colour has been checked visually and for contrast.
-TEST(TileTones, FillsInLightAreThoseOfTheDesign)
+// Each colour was checked by eye and for contrast.
+TEST(TileTones, FillsInLightAreTheseTints)
 {
-    constexpr std::array<std::array<const char *, 4>, 10> designed{{
+    constexpr std::array<std::array<const char *, 4>, 10> tints{{
         {"#7A8EFF", "#CCD4FF", "#7D91FF", "#A3B1FF"},
         {"#B380F7", "#E2CEFC", "#B583F7", "#CBA7FA"},
         {"#F581A5", "#FBCFDD", "#F585A8", "#F8A8C1"},
@@ -48,14 +48,14 @@ TEST(TileTones, FillsInLightAreThoseOfTheDesign)
     }};
     TileTones tones(false);
     for (int i = 0; i < 10; ++i) {
-        const auto &[leaf, frame, largest, smallest] = designed[static_cast<std::size_t>(i)];
+        const auto &[leaf, frame, largest, smallest] = tints[static_cast<std::size_t>(i)];
         expectRow(tones, {TreemapBuilder::folderColor(i), leaf, frame, largest, smallest}, i);
     }
 }
 
-TEST(TileTones, FillsInDarkAreThoseOfTheDesign)
+TEST(TileTones, FillsInDarkAreTheseTints)
 {
-    constexpr std::array<std::array<const char *, 4>, 10> designed{{
+    constexpr std::array<std::array<const char *, 4>, 10> tints{{
         {"#4051B2", "#282F58", "#3E4FAE", "#354289"},
         {"#7045AC", "#3B2A55", "#6E44A7", "#583985"},
         {"#A44564", "#512B3A", "#A44564", "#813A52"},
@@ -69,12 +69,12 @@ TEST(TileTones, FillsInDarkAreThoseOfTheDesign)
     }};
     TileTones tones(true);
     for (int i = 0; i < 10; ++i) {
-        const auto &[leaf, frame, largest, smallest] = designed[static_cast<std::size_t>(i)];
+        const auto &[leaf, frame, largest, smallest] = tints[static_cast<std::size_t>(i)];
         expectRow(tones, {TreemapBuilder::folderColor(i), leaf, frame, largest, smallest}, i);
     }
 }
 
-TEST(TileTones, AggregatesAreThoseOfTheDesign)
+TEST(TileTones, AggregatesAreTheseGreys)
 {
     const Color grey = TreemapBuilder::itemColor(nullptr, 0);
     TileTones light(false);

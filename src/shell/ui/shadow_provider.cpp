@@ -11,7 +11,7 @@ namespace corvane {
 
 namespace {
 
-/// The standard deviation of the blur: half the design's blur radius, which is 22 or 60 points.
+/// The standard deviation of the blur, in points.
 int deviation(int elevation)
 {
     return elevation >= 3 ? 30 : 11;

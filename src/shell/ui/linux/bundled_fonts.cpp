@@ -24,7 +24,7 @@ QFont textFont(Figures figures)
     // Inter Tabular contains only the glyphs for columns of figures; the rest of such text falls back to Inter.
     QFont font(figures == Figures::tabular ? QStringList{QStringLiteral("Inter Tabular"), QStringLiteral("Inter Text")}
                                            : QStringList{QStringLiteral("Inter Text")});
-    // The design's widths assume unhinted outlines.
+    // Hinting rounds the width of each letter to whole pixels, and texts might not fit the widths of the metrics.
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }
