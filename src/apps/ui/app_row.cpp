@@ -6,6 +6,7 @@
 
 #include "core/store/qt_words.h"
 #include "core/words/shared_texts.h"
+#include "platform/text.h"
 #include "shell/ui/bundle_icons.h"
 
 namespace corvane {
@@ -65,10 +66,7 @@ QString bundleText(std::string_view text)
 {
     if (text.size() <= longestBundleText)
         return displayText(text);
-    std::size_t end = longestBundleText;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) // inside a UTF-8 sequence
-        --end;
-    return displayText(text.substr(0, end)) + QStringLiteral("…");
+    return displayText(startOf(text, longestBundleText)) + QStringLiteral("…");
 }
 
 // --- One row
