@@ -14,7 +14,7 @@ T.ApplicationWindow {
     required property SidebarModel screens
 
     /// A sheet of the window or of its screen is open.
-    readonly property bool asksItself: review.open || about.open || confirmation.open || screenView.asking
+    readonly property bool asksItself: selectionSheets.open || about.open || screenView.asking
     readonly property bool asking: asksItself || services.asking || updates.visible
     /// The height of the screen that the selection bar covers.
     readonly property real coveredHeight: selectionBar.takenHeight
@@ -65,8 +65,6 @@ T.ApplicationWindow {
     }
     SelectionPresenter {
         id: selectionPresenter
-
-        onQuestionWanted: confirmation.show()
     }
     HelpPresenter {
         id: help
@@ -83,7 +81,7 @@ T.ApplicationWindow {
         help: help
         history: history
         enabled: !window.asking
-        onReviewWanted: review.show()
+        onReviewWanted: selectionSheets.showReview()
         onAboutWanted: about.show()
         onSettingsWanted: services.openSettings()
     }
@@ -118,7 +116,7 @@ T.ApplicationWindow {
             anchors.bottom: parent.bottom
             width: parent.width
             selection: selectionPresenter
-            onReviewWanted: review.show()
+            onReviewWanted: selectionSheets.showReview()
         }
         ToastView {
             id: toast
@@ -145,29 +143,17 @@ T.ApplicationWindow {
             text: qsTr("Drop to scan this folder")
         }
     }
-    // The dedicated keys of some keyboards; the commands' regular shortcuts are in the menu.
-    Shortcut {
-        sequences: ["Back", Qt.platform.os === "osx" ? "Alt+Left" : ""]
-        enabled: actions.back.enabled
-        onActivated: history.goBack()
-    }
-    Shortcut {
-        sequences: ["Forward", Qt.platform.os === "osx" ? "Alt+Right" : ""]
-        enabled: actions.forward.enabled
-        onActivated: history.goForward()
-    }
     // Also active in the settings window and over sheets, which block the window's command shortcuts.
     Shortcut {
         sequence: actions.quitKeys
         context: Qt.ApplicationShortcut
         onActivated: actions.quit.trigger()
     }
-    // On top of everything, so that the mouse's back and forward buttons work everywhere.
-    MouseArea {
+    // On top of everything, so that the mouse's buttons work everywhere.
+    HistoryInput {
         anchors.fill: parent
-        acceptedButtons: Qt.BackButton | Qt.ForwardButton
-        enabled: actions.enabled
-        onPressed: event => history.go(event.button)
+        actions: actions
+        history: history
     }
     Shortcut {
         sequence: "Escape"
@@ -175,25 +161,10 @@ T.ApplicationWindow {
         onActivated: toast.dismiss()
     }
 
-    // Not a bound component: Qt 6.4 cannot create those here.
-    SheetMaker {
-        id: review
+    SelectionSheets {
+        id: selectionSheets
 
-        component: Component {
-            SelectionReview {
-                selection: selectionPresenter // qmllint disable unqualified
-            }
-        }
-    }
-    SheetMaker {
-        id: confirmation
-
-        component: Component {
-            DeleteConfirmation {
-                selection: selectionPresenter // qmllint disable unqualified
-                nested: review.open // qmllint disable unqualified
-            }
-        }
+        selection: selectionPresenter
     }
     SheetMaker {
         id: about
