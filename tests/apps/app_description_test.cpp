@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-TEST(AppDescriptionTest, ItTellsTheNameAndTheNewestRelease)
+TEST(AppDescriptionTest, HasTheNameAndTheNewestRelease)
 {
     const std::string text = "<?xml version=\"1.0\"?><!-- <name>Wrong</name> --><component type=\"desktop\">\n"
                              "<name xml:lang=\"de\">Karte</name><name> Sea &amp; Chart </name>"
@@ -48,7 +48,7 @@ TEST(AppDescriptionTest, InvalidVersionsAndNamesAreOmitted)
     EXPECT_EQ(AppDescription::parse("<!DOCTYPE a [<!ENTITY b \"c\">]><name>&b;</name>").name, "&b;");
 }
 
-TEST(AppDescriptionTest, GarbageIsReadWithoutHarm)
+TEST(AppDescriptionTest, InvalidInputDoesNotCrash)
 {
     std::mt19937 random(3);
     const std::string alphabet = "<>/=\"' &;!-namerelsvion\n\xff";

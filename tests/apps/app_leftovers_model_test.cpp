@@ -167,7 +167,7 @@ TEST_F(AppLeftoversModelTest, WhatTurnsOutToShareTheNameOnlyLosesItsTick)
     EXPECT_THAT(chosen(), ElementsAre(caches));
 }
 
-TEST_F(AppLeftoversModelTest, AnotherAppBeginsAnew)
+TEST_F(AppLeftoversModelTest, AnotherAppResetsTheTicks)
 {
     const InstalledApp deck = addSignalDeck();
     model.show(deck);
@@ -181,7 +181,7 @@ TEST_F(AppLeftoversModelTest, AnotherAppBeginsAnew)
     EXPECT_EQ(model.rowCount(), 0);
 }
 
-TEST_F(AppLeftoversModelTest, ItemsKnowTheCornersOfTheirBox)
+TEST_F(AppLeftoversModelTest, TheFirstAndLastItemsHaveTheCornersOfTheirBox)
 {
     model.show(addSignalDeck());
     const auto is = [&](int row, int role) { return model.data(model.index(row), role).toBool(); };

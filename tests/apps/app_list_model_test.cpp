@@ -115,7 +115,7 @@ TEST_F(AppListModelTest, AnotherChoiceIsAnnouncedForBothRows)
     EXPECT_EQ(model.chosenRow(), -1);
 }
 
-TEST_F(AppListModelTest, AnotherOrderMovesRowsAndMakesNoneAnew)
+TEST_F(AppListModelTest, AnotherOrderMovesRowsAndRecreatesNone)
 {
     setApps({{"Alpha", 1}, {"Beta", 3}, {"Gamma", 2}});
     QSignalSpy resets(&model, &Model::modelReset);

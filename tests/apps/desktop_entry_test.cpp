@@ -29,7 +29,7 @@ std::string programOf(const std::string &exec)
     return entry ? entry->program : "no entry";
 }
 
-TEST(DesktopEntryTest, ItTellsWhatItStartsAndHowItIsShown)
+TEST(DesktopEntryTest, HasEveryFieldOfTheFile)
 {
     const std::optional<DesktopEntry> entry = DesktopEntry::parse(
         "/apps/org.sea.Chart.desktop", "# comment\n[Other]\nName=Wrong\n\n[Desktop Entry]\n"
@@ -144,14 +144,14 @@ TEST(DesktopEntryTest, OfAShellTheShellIsTheProgram)
     EXPECT_EQ(programOf("~/Documents/x.sh"), "~/Documents/x.sh");
 }
 
-TEST(DesktopEntryTest, AnEndlessLineAndNullBytesAreReadWithoutHarm)
+TEST(DesktopEntryTest, AnEndlessLineAndNullBytesDoNotCrash)
 {
     EXPECT_EQ(programOf(std::string(200'000, 'x')).size(), 200'000u);
     EXPECT_EQ(programOf(std::string("/home/u\0/chart", 14)), "/home/u"); // a path ends at a null byte
     EXPECT_EQ(parse(entryWith("Icon=" + std::string("a\0b", 3) + "\n"))->icon, "a b");
 }
 
-TEST(DesktopEntryTest, GarbageIsReadWithoutHarm)
+TEST(DesktopEntryTest, InvalidInputDoesNotCrash)
 {
     std::mt19937 random(7);
     const std::string alphabet = "[]=\n\r\\\"%# \tNameExcTypD\xff\0\x01";

@@ -17,7 +17,7 @@ using Source = InstalledApp::Source;
 
 class HomeAppsTest : public test::LinuxAppsFixture {};
 
-TEST_F(HomeAppsTest, TheVersionOfAnAppImageIsToldByItsEntryOrItsName)
+TEST_F(HomeAppsTest, TheVersionOfAnAppImageComesFromItsEntryOrItsName)
 {
     int number = 0;
     const auto version = [&](const std::string &file, const std::string &more = {}) {

@@ -165,7 +165,7 @@ TEST_F(LeftoverMatching, TwoApplicationsOfOneIdentifierHaveTheSameLeftovers)
     EXPECT_THAT(exactOf("com.Foo.app"), ElementsAre("Caches/com.foo.app"));
 }
 
-TEST_F(LeftoverMatching, NamesWithEmptyPiecesDoNoHarm)
+TEST_F(LeftoverMatching, EmptyComponentsOfNamesAreHandled)
 {
     addApp("/Applications/Odd.app", "com..odd");
     addApp("/Applications/Dots.app", "..");

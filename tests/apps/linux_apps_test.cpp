@@ -83,7 +83,7 @@ TEST_F(LinuxAppsTest, TheLargestStandsFirst)
     EXPECT_THAT(names(), ElementsAre("Large", "Small"));
 }
 
-TEST_F(LinuxAppsTest, GarbageInTheDatabasesIsReadWithoutHarm)
+TEST_F(LinuxAppsTest, InvalidDatabasesDoNotCrash)
 {
     std::mt19937 random(11);
     for (int round = 0; round < 60; ++round) {

@@ -37,7 +37,7 @@ TEST_F(LinuxDataTest, DataThatBearsTheIdentifierBelongsToTheApplication)
     EXPECT_THAT(dataOf("Sea Chart", Match::name), ElementsAre(".config/sea-chart", ".cache/ChartWindow"));
 }
 
-TEST_F(LinuxDataTest, AFlatpaksDataIsToldByItsParts)
+TEST_F(LinuxDataTest, AFlatpaksDataIsListedByItsParts)
 {
     addFlatpak("org.sea.Chart", "Sea Chart", "/usr/bin/flatpak run --command=sea-chart org.sea.Chart");
     addData(".var/app/org.sea.Chart/data", 4'000);

@@ -46,7 +46,7 @@ TEST_F(OrphansModelTest, EveryGroupHasItsHeadingAndItsItems)
     EXPECT_FALSE(model.flags(model.index(3)).testFlag(Qt::ItemIsEnabled));
 }
 
-TEST_F(OrphansModelTest, TheyTellWhenTheyWereChangedLast)
+TEST_F(OrphansModelTest, ItemsShowWhenTheyWereLastModified)
 {
     const QDateTime when(QDate(2024, 2, 3), QTime(12, 0));
     inventory.orphanGroups[0].items[0].modified = Time{std::chrono::seconds(when.toSecsSinceEpoch())};

@@ -189,7 +189,7 @@ TEST_F(Orphans, TheLargestGroupByItsSumComesFirst)
     EXPECT_THAT(groups(), ElementsAre("com.two.small", "com.one.large"));
 }
 
-TEST_F(Orphans, NamesWithEmptyPiecesDoNoHarm)
+TEST_F(Orphans, EmptyComponentsOfNamesAreHandled)
 {
     addItem("Caches/com..vendor..tool");
     addItem("Caches/com..", 2);

@@ -82,7 +82,7 @@ TEST_F(UninstallerPresenterTest, WithAnInventoryNoneIsAskedForUntilTheUserDoes)
     EXPECT_EQ(presenter().subtitle(), QStringLiteral("Finding your apps and the files they leave behind…"));
 }
 
-TEST_F(UninstallerPresenterTest, TheSubtitleTellsHowManyAppsUseHowMuch)
+TEST_F(UninstallerPresenterTest, TheSubtitleShowsTheNumberOfAppsAndTheirSize)
 {
     addSignalDeck();
     addApp("Kite", 260'000'000);
@@ -188,7 +188,7 @@ TEST_F(UninstallerPresenterTest, TheMenuIsAboutTheAppShown)
 
 // --- The application
 
-TEST_F(UninstallerPresenterTest, TheHeaderTellsWhatIsKnown)
+TEST_F(UninstallerPresenterTest, TheHeaderShowsWhatIsKnown)
 {
     InstalledApp &deck = addSignalDeck();
     const QDateTime when(QDate(2026, 11, 20), QTime(12, 0));
@@ -219,7 +219,7 @@ TEST_F(UninstallerPresenterTest, WhatIsNotKnownIsLeftOutOfTheHeader)
     EXPECT_EQ(app().sizes(), QStringLiteral("app 5 MB"));
 }
 
-TEST_F(UninstallerPresenterTest, TheFootTellsWhatGoesInTheSingularToo)
+TEST_F(UninstallerPresenterTest, TheFooterCountsInTheSingularToo)
 {
     openSignalDeck();
     EXPECT_EQ(app().plan(), QStringLiteral("App and 2 leftovers · 6.74 GB"));
@@ -231,7 +231,7 @@ TEST_F(UninstallerPresenterTest, TheFootTellsWhatGoesInTheSingularToo)
     EXPECT_EQ(app().plan(), QStringLiteral("App and 1 leftover · 1.14 GB"));
 }
 
-TEST_F(UninstallerPresenterTest, TheQuestionTellsWhatGoes)
+TEST_F(UninstallerPresenterTest, TheQuestionNamesWhatIsRemoved)
 {
     openSignalDeck();
     const QString rest = QStringLiteral(" go to the Trash, so you can restore them if needed. macOS may ask for your "

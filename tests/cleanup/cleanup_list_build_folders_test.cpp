@@ -97,7 +97,7 @@ TEST_F(CleanupListModelTest, ABuildFolderThatARemovalEmptiesIsNotOfferedAnyMore)
     EXPECT_EQ(text(header, Model::SizeTextRole), QStringLiteral("2 MB"));
 }
 
-TEST_F(CleanupListModelTest, BuildFoldersOfAStoppedScanCarryARemarkAndTheWayToANewScan)
+TEST_F(CleanupListModelTest, BuildFoldersOfAStoppedScanAreMarkedAndANewScanIsOffered)
 {
     addProject("harbor", 5'000'000);
     store.scan(at("Projects"));

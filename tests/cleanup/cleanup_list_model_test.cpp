@@ -68,7 +68,7 @@ TEST_F(CleanupListModelTest, ALocationThatCannotBeReadSaysWhatItNeeds)
     EXPECT_TRUE(entries().isEmpty());
 }
 
-TEST_F(CleanupListModelTest, RowsKnowTheCornersOfTheirBox)
+TEST_F(CleanupListModelTest, TheFirstAndLastRowsHaveTheCornersOfTheirBox)
 {
     measure();
     expand(QStringLiteral("Downloads"));
@@ -286,7 +286,7 @@ TEST_F(CleanupListModelTest, BeforeAMeasurementNoWayToALocationIsOffered)
     EXPECT_TRUE(titles(QStringLiteral("missing")).isEmpty());
 }
 
-TEST_F(CleanupListModelTest, AnEntryHasAMenuThatKnowsWhetherTheMapCanShowIt)
+TEST_F(CleanupListModelTest, TheMenuOfAnEntryOffersTheMapOnlyWhereItCanShowIt)
 {
     addFile("Library/Caches/a/x", 3'000'000);
     measure();
@@ -336,7 +336,7 @@ TEST_F(CleanupListModelTest, TheCardOfARowIsTheOneAboveIt)
 
 // --- Many
 
-TEST_F(CleanupListModelTest, OfTenThousandEntriesAndFiveThousandBuildFoldersOnlyWhatChangesIsTold)
+TEST_F(CleanupListModelTest, WithThousandsOfItemsOnlyChangesAreAnnounced)
 {
     addCaches(10'000);
     for (int i = 0; i < 5'000; ++i)

@@ -126,7 +126,7 @@ TEST(Calendar, AFutureTimeIsZeroMonthsAgo)
     EXPECT_EQ(utc.wholeMonths(at(2030y / 1 / 1), at(2025y / 5 / 19)), 0);
 }
 
-TEST(Calendar, TimesBeyondAllCalendarsDoNoHarm)
+TEST(Calendar, TimesBeyondTheCalendarAreClamped)
 {
     const Time first{seconds{std::numeric_limits<std::int64_t>::min()}};
     const Time last{seconds{std::numeric_limits<std::int64_t>::max()}};

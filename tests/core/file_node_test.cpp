@@ -142,7 +142,7 @@ TEST(FileNode, ParentPathLeavesANeighbourOfTheHomeFolderAlone)
     EXPECT_EQ(file->parentPath(""), "/home/ute");
 }
 
-TEST(FileNode, ParentPathKnowsTheHomeOfTheUser)
+TEST(FileNode, ParentPathShortensTheHomeOfTheCurrentUser)
 {
     const NodePtr root = makeRoot(PathGuard::home());
     EXPECT_EQ(addFile(addFolder(root, "Movies"), "a.mp4", 5)->parentPath(), "~/Movies");

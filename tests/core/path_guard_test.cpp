@@ -388,7 +388,7 @@ TEST(ProtectedLocations, OtherHomesAreProtectedLikeTheUsersOwn)
     EXPECT_EQ(locations.home(), "/tmp/pretended");
 }
 
-TEST(PathGuard, KnowsTheUserOfThisSystem)
+TEST(PathGuard, UsesTheHomeOfTheCurrentUser)
 {
     const std::string own = standardizedPath(systemHost().files.homeFolder(), {});
     EXPECT_EQ(PathGuard::home(), own);

@@ -132,7 +132,7 @@ TEST_F(SelectionFactsTest, ALocationAsksNoFurtherThanTheFirstEntryThatMayBeSelec
 
 // --- A folder
 
-TEST_F(SelectionFactsTest, AFolderTellsOfEachItemWhatIsSelected)
+TEST_F(SelectionFactsTest, AFolderReportsTheStateOfEachItem)
 {
     // In byte order "-" and "." come before "/", which comes before "0".
     selection = {{"/f/a/x", 1}, {"/f/a-b", 1}, {"/f/a0/1", 1}, {"/f/a0/2", 1}, {"/f/c", 1}, {"/f/c/x", 1}, {"/g/d", 1}};

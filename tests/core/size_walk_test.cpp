@@ -95,7 +95,7 @@ TEST_F(SizeWalkTest, OnADiskAHardLinkIsCountedOnceAndTheFoldersBlocksToo)
               own(folder / "a") + own(folder.path()) + own(folder / "deep"));
 }
 
-TEST(ExcludedItems, KnowWhetherOneLiesBeneath)
+TEST(ExcludedItems, FindAnExcludedItemBeneathAFolder)
 {
     ExcludedItems excluded;
     excluded.add("/home/me/x");

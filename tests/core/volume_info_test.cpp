@@ -37,7 +37,7 @@ TEST(VolumeInfo, UsedFractionIsBetweenZeroAndOne)
     EXPECT_EQ((VolumeInfo{.name = {}, .total = 0, .available = 130}.usedFraction()), 0);
 }
 
-TEST(VolumeInfo, WhatAMacDoesNotTellIsNothingAndMacintoshHD)
+TEST(VolumeInfo, UnknownFactsOfAMacHaveDefaults)
 {
     FakeHost fake;
     fake.files.setSystemKind(SystemKind::mac);
@@ -120,7 +120,7 @@ TEST_F(LinuxDisk, AHomeBehindALinkIsLookedForWhereItReallyLies)
     EXPECT_EQ(current(), (VolumeInfo{.name = "Debian", .total = 520, .available = 105}));
 }
 
-TEST_F(LinuxDisk, FiguresThatCannotBeAddedUpCountAsNotTold)
+TEST_F(LinuxDisk, FiguresThatOverflowCountAsUnknown)
 {
     fake.volumes.set("/home/me",
                      {.name = {}, .total = foreignSumLimit, .available = 900, .availableForImportantUse = {}});

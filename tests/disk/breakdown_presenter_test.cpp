@@ -138,7 +138,7 @@ TEST_F(BreakdownPresenterTest, WithoutABreakdownThereIsNothingButTheTextOfMeasur
     EXPECT_EQ(presenter().rest(), 0);
 }
 
-TEST_F(BreakdownPresenterTest, TellsHowMuchIsExplainedUsedAndFree)
+TEST_F(BreakdownPresenterTest, ShowsTheExplainedUsedAndFreeSpace)
 {
     show(test::sampleBreakdown());
 

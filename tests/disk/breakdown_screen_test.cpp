@@ -186,7 +186,7 @@ TEST_F(BreakdownScreenTest, EverySegmentHasItsRow)
     EXPECT_EQ(std::ranges::count(names(), "Unexplained"), 1);
 }
 
-TEST_F(BreakdownScreenTest, APartUnderThePointerLightsItsRowAndTellsItsSize)
+TEST_F(BreakdownScreenTest, APartUnderThePointerHighlightsItsRowAndShowsItsSize)
 {
     show(test::sampleBreakdown());
     EXPECT_THAT(litRows(), ElementsAre());
@@ -206,7 +206,7 @@ TEST_F(BreakdownScreenTest, APartUnderThePointerLightsItsRowAndTellsItsSize)
     EXPECT_EQ(visibleItem(QStringLiteral("breakdown.current")), nullptr);
 }
 
-TEST_F(BreakdownScreenTest, ARowUnderThePointerLightsItsPart)
+TEST_F(BreakdownScreenTest, ARowUnderThePointerHighlightsItsPart)
 {
     show(test::sampleBreakdown());
     scene->hover(rows()[3]);
@@ -223,7 +223,7 @@ TEST_F(BreakdownScreenTest, ARowUnderThePointerLightsItsPart)
     EXPECT_EQ(bar().current(), QString());
 }
 
-TEST_F(BreakdownScreenTest, ArrowsOnTheBarLightTheRows)
+TEST_F(BreakdownScreenTest, ArrowsOnTheBarHighlightTheRows)
 {
     show(test::sampleBreakdown());
     ASSERT_TRUE(tabTo("breakdown.bar"));
@@ -261,7 +261,7 @@ TEST_F(BreakdownScreenTest, TabBringsTheActionsIntoSight)
     EXPECT_LE(button->mapToScene(QPointF(0, button->height())).y(), 400);
 }
 
-TEST_F(BreakdownScreenTest, TheNudgeStandsThereOnlyWithoutAScan)
+TEST_F(BreakdownScreenTest, TheNudgeIsShownOnlyWithoutAScan)
 {
     show(test::unscannedBreakdown());
     ASSERT_NE(visibleItem(QStringLiteral("breakdown.nudge")), nullptr);
@@ -339,7 +339,7 @@ TEST_F(BreakdownScreenTest, ACopyButtonSaysCopiedAndKeepsItsWidth)
     EXPECT_EQ(button->property("symbol").toString(), QStringLiteral("doc.on.clipboard"));
 }
 
-TEST_F(BreakdownScreenTest, WhereEachSnapshotHasItsOwnCommandThatIsOfferedAndNoOther)
+TEST_F(BreakdownScreenTest, ASnapshotsOwnCommandReplacesTheGeneralOne)
 {
     fake.fake.files.setSystemKind(SystemKind::linuxSystem);
     DiskBreakdown disk = test::sampleBreakdown();
@@ -397,7 +397,7 @@ TEST_F(BreakdownScreenTest, NothingIsCutOffInTheSmallestWindow)
     }
 }
 
-TEST_F(BreakdownScreenTest, TheSummaryTellsHowMuchIsExplainedAndLeadsToTheScreen)
+TEST_F(BreakdownScreenTest, TheSummaryShowsTheExplainedShareAndOpensTheScreen)
 {
     fake.store.finishBreakdown(test::sampleBreakdown(), fake.store.breakdownToken());
     showFile("BreakdownSummaryCard", {900, 44});
@@ -416,7 +416,7 @@ TEST_F(BreakdownScreenTest, TheSummaryWaitsForABreakdown)
     EXPECT_TRUE(fake.store.breakdownLoading());
 }
 
-TEST_F(BreakdownScreenTest, FiguresOfAStoppedScanCarryARemarkAndTheWayToANewScan)
+TEST_F(BreakdownScreenTest, FiguresOfAStoppedScanAreMarkedAndANewScanIsOffered)
 {
     show(test::sampleBreakdown());
     EXPECT_THAT(names(), Not(Contains("Partial: the scan was stopped")));
@@ -429,7 +429,7 @@ TEST_F(BreakdownScreenTest, FiguresOfAStoppedScanCarryARemarkAndTheWayToANewScan
     EXPECT_EQ(fake.store.lastScanPath(), "/home/studio") << "nothing else was scanned before";
 }
 
-TEST_F(BreakdownScreenTest, TheSummaryOfAStoppedScanCarriesTheRemark)
+TEST_F(BreakdownScreenTest, TheSummaryOfAStoppedScanIsMarked)
 {
     DiskBreakdown disk = test::sampleBreakdown();
     disk.scanIsPartial = true;

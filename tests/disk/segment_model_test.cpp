@@ -44,7 +44,7 @@ TEST_F(SegmentModelTest, RowsAreTheSegmentsInTheirOrder)
     EXPECT_THAT(ids(), ElementsAre("scanned", "/Applications", "hidden", "/Library", "system", "support", "vm"));
 }
 
-TEST_F(SegmentModelTest, ARowTellsAllThatIsKnownOfItsSegment)
+TEST_F(SegmentModelTest, ARowHasEveryFieldOfItsSegment)
 {
     show(test::sampleBreakdown());
     EXPECT_EQ(text(1, SegmentModel::TitleRole), "Applications");

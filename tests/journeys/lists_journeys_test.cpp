@@ -106,7 +106,7 @@ TEST_F(ListsJourney, AFilterAndASortChangeTheList)
     waitForList({"Kite.mov", "Alps.mov"});
 }
 
-TEST_F(ListsJourney, TheFiltersBeginAnewWithEachVisit)
+TEST_F(ListsJourney, TheFiltersAreResetOnEachVisit)
 {
     openAndShow(QStringLiteral("large"));
     choose(minimumSize, tenMegabytes);

@@ -80,7 +80,7 @@ TEST_F(ScanJourney, ScanButtonScansTheHomeFolderAndShowsWhatItsItemsReallyOccupy
     EXPECT_TRUE(shows(QStringLiteral("Rescan")));
 }
 
-TEST_F(ScanJourney, WhileItScansTheWindowTellsHowFarItHasCome)
+TEST_F(ScanJourney, DuringAScanTheWindowShowsTheProgress)
 {
     addSlowHome();
     openSpaceMap();

@@ -46,7 +46,7 @@ protected:
     }
 };
 
-TEST_F(SheetsJourney, BehindTheWelcomeOfAFirstLaunchTheWindowComesToRest)
+TEST_F(SheetsJourney, TheWindowBehindTheWelcomeStopsMoving)
 {
     launch();
     waitForPopup(QStringLiteral("welcome"));

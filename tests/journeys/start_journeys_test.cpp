@@ -86,7 +86,7 @@ TEST_F(StartJourney, AFolderThatDoesNotExistIsNotHandedOver)
     EXPECT_EQ(store().phase(), StorageStore::Phase::idle);
 }
 
-TEST_F(StartJourney, AFolderThatIsBeingScannedIsNotScannedAnew)
+TEST_F(StartJourney, AFolderThatIsBeingScannedIsNotScannedAgain)
 {
     HeldListing slow(photos);
     program().answer({.folder = photos, .activationToken = {}});

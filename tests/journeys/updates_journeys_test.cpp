@@ -73,7 +73,7 @@ TEST_F(UpdatesJourney, ForgedDownloadIsRefusedInOneLine)
     waitForPopupClosed(QStringLiteral("update"));
 }
 
-TEST_F(UpdatesJourney, FindOfAnAutomaticCheckOpensByItself)
+TEST_F(UpdatesJourney, AnUpdateFoundByAnAutomaticCheckOpensTheSheet)
 {
     setDefault("SUEnableAutomaticChecks", "true");
     open();

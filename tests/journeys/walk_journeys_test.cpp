@@ -164,7 +164,7 @@ TEST_F(WalkJourney, ACrumbOpensItsFolder)
     EXPECT_THAT(rows(), ElementsAre("Movies 9.4 MB", "Music 2.1 MB", "archive.zip 1 MB"));
 }
 
-TEST_F(WalkJourney, ThePanelBesideThePointerTellsThatAFolderOpens)
+TEST_F(WalkJourney, ThePanelBesideThePointerSaysThatAFolderOpens)
 {
     openHome();
 
@@ -173,7 +173,7 @@ TEST_F(WalkJourney, ThePanelBesideThePointerTellsThatAFolderOpens)
     EXPECT_TRUE(shows(QStringLiteral("9.4 MB · 75.0% · click to open")));
 }
 
-TEST_F(WalkJourney, ThePanelBesideThePointerTellsOfAFileOnlySizeAndShare)
+TEST_F(WalkJourney, ThePanelBesideThePointerShowsOnlySizeAndShareOfAFile)
 {
     openMovies();
 

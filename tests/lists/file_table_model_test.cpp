@@ -193,7 +193,7 @@ TEST_F(FileTableModelTest, AFileThatIsRemovedTakesItsRowAndItsHighlightAlong)
     EXPECT_EQ(highlighted(), QStringList({"new.mov", "Interview.mov", "Old.zip", "undated.pdf"}));
 }
 
-TEST_F(FileTableModelTest, AnotherFilterBeginsTheListAnewARemovalDoesNot)
+TEST_F(FileTableModelTest, AnotherFilterResetsTheListAndARemovalDoesNot)
 {
     show();
     const QSignalSpy anew(&model, &Model::startedAnew);

@@ -256,7 +256,7 @@ TEST_F(FolderContentsModelTest, ARemovalInsideAChildChangesItsSize)
     EXPECT_EQ(model.rowCount(), 5);
 }
 
-TEST_F(FolderContentsModelTest, AFolderThatWasMeasuredAnewHasItsRowWhereItsSizePutsIt)
+TEST_F(FolderContentsModelTest, AFolderThatWasMeasuredAgainMovesToThePlaceOfItsSize)
 {
     scanHome();
     const QSignalSpy reset(&model, &Model::modelReset);

@@ -21,7 +21,7 @@ TEST_F(TreemapViewTest, TheDeepestTileUnderThePointerIsHovered)
     EXPECT_EQ(view->hoveredRow(), 0);
 }
 
-TEST_F(TreemapViewTest, ManyMovementsWithinOneFrameAreToldOnce)
+TEST_F(TreemapViewTest, ManyMovementsWithinOneFrameAreAnnouncedOnce)
 {
     show();
     drawFrame();

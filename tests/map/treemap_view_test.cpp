@@ -186,7 +186,7 @@ TEST_F(TreemapViewTest, AChangeToAnUnrelatedFolderIsNotAnimated)
     EXPECT_FALSE(view->isChangingFolder());
 }
 
-TEST_F(TreemapViewTest, AnotherChangeWhileOneRunsIsHarmless)
+TEST_F(TreemapViewTest, AnotherChangeDuringAnAnimationEndsIt)
 {
     show();
     allowMotion();

@@ -60,7 +60,7 @@ TEST_F(OverviewPresenterTest, TheVolumesFiguresFollowARemoval)
     EXPECT_GT(changed.count(), 0);
 }
 
-TEST_F(OverviewPresenterTest, AVolumeThatTellsNothingIsNotFull)
+TEST_F(OverviewPresenterTest, AVolumeOfUnknownSizeIsNotShownAsFull)
 {
     fake.volumes.set("/", {});
     addFile("a.mov", 5'000'000);

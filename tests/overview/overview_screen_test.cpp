@@ -60,7 +60,7 @@ protected:
     std::unique_ptr<ScreenScene> scene;
 };
 
-TEST_F(OverviewScreenTest, BeforeAScanItOffersTheWaysToOne)
+TEST_F(OverviewScreenTest, BeforeAScanItOffersTheScanCommands)
 {
     measure();
     show();

@@ -122,7 +122,7 @@ std::optional<BulkEntry> only(const Buffer &buffer)
     return takeBulkEntry(bytes);
 }
 
-TEST(BulkAttributes, FileTellsItsAllocatedSizeAndItsDate)
+TEST(BulkAttributes, FileHasItsAllocatedSizeAndItsDate)
 {
     const Buffer buffer(
         Packed("movie.mov").type(regular).modified(1'700'000'000).finderFlags(0).total(8192).data(4096).bytes());
@@ -148,14 +148,14 @@ TEST(BulkAttributes, LengthOfTheDataStandsBeforeItsSpace)
     EXPECT_EQ(entry->allocated, 8192);
 }
 
-TEST(BulkAttributes, SizeIsAbsentWhereTheSystemTellsNone)
+TEST(BulkAttributes, SizeIsAbsentWhereTheSystemReportsNone)
 {
     const Buffer buffer(Packed("f").type(regular).modified(5).bytes());
     EXPECT_EQ(only(buffer)->allocated, std::nullopt);
     EXPECT_EQ(only(buffer)->modified, Time(std::chrono::seconds(5)));
 }
 
-TEST(BulkAttributes, LinkAndFolderAreToldApartFromEverythingElse)
+TEST(BulkAttributes, LinksAndFoldersAreDistinguishedFromEverythingElse)
 {
     EXPECT_EQ(only(Buffer(Packed("l").type(link).total(0).bytes()))->type, EntryType::symbolicLink);
     EXPECT_EQ(only(Buffer(Packed("d").type(directory).bytes()))->type, EntryType::directory);
@@ -182,7 +182,7 @@ TEST(BulkAttributes, EntryThatFailedHasItsNameAndItsError)
     EXPECT_FALSE(entry->isComplete());
 }
 
-TEST(BulkAttributes, FileTellsItsNumberAndHowManyNamesItHas)
+TEST(BulkAttributes, FileHasItsInodeAndItsNumberOfLinks)
 {
     // The count of names takes four bytes, so the following field is at an odd multiple of four.
     const Buffer buffer(

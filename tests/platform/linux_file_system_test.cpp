@@ -106,7 +106,7 @@ TEST_F(LinuxFileSystemTest, AFileIsReadThroughALinkAsLongAsItIsNotTooLarge)
     EXPECT_TRUE(files.readFile(temporary / "gone", 10).error().isMissing());
 }
 
-TEST_F(LinuxFileSystemTest, AFileThatTellsNoSizeIsReadUpToTheLimit)
+TEST_F(LinuxFileSystemTest, AFileOfUnknownSizeIsReadUpToTheLimit)
 {
     const Expected<std::string> mounts = files.readFile("/proc/self/mounts", 10'000'000);
     ASSERT_TRUE(mounts);
@@ -170,7 +170,7 @@ TEST_F(LinuxFileSystemTest, PathsLongerThanTheSystemAllowsWork)
     EXPECT_FALSE(files.exists(deepest));
 }
 
-TEST_F(LinuxFileSystemTest, ThousandsOfSlashesAtTheEndSayNoMoreThanOne)
+TEST_F(LinuxFileSystemTest, ThousandsOfTrailingSlashesEqualOne)
 {
     temporary.writeText("folder/inside", "x");
     temporary.link("link", "folder");

@@ -92,7 +92,7 @@ std::size_t compareTree(const std::string &path)
     return count;
 }
 
-TEST(Listing, OfEveryKindOfItemIsWhatEachItemTells)
+TEST(Listing, EveryKindOfItemIsListedWithItsFacts)
 {
     const TemporaryFolder folder;
     const std::string empty = folder.writeFile("empty", 0);
@@ -113,7 +113,7 @@ TEST(Listing, OfEveryKindOfItemIsWhatEachItemTells)
     EXPECT_EQ(compareTree(folder.path()), 17U);
 }
 
-TEST(Listing, OfMoreItemsThanOneCallTellsHoldsEachOnce)
+TEST(Listing, ItemsOfSeveralCallsAreEachListedOnce)
 {
     const TemporaryFolder folder;
     for (int i = 0; i < 5'000; ++i)
@@ -121,7 +121,7 @@ TEST(Listing, OfMoreItemsThanOneCallTellsHoldsEachOnce)
     EXPECT_EQ(compareTree(folder.path()), 5'000U);
 }
 
-TEST(Listing, CanBeMadeAgainOfTheSameOpenFolder)
+TEST(Listing, CanBeRepeatedOnTheSameOpenFolder)
 {
     const TemporaryFolder folder;
     for (int i = 0; i < 300; ++i)
@@ -135,7 +135,7 @@ TEST(Listing, CanBeMadeAgainOfTheSameOpenFolder)
     }
 }
 
-TEST(Listing, EndsWhereItsReaderHasEnough)
+TEST(Listing, EndsWhereTheSinkStopsIt)
 {
     const TemporaryFolder folder;
     for (int i = 0; i < 10; ++i)
@@ -150,7 +150,7 @@ TEST(Listing, EndsWhereItsReaderHasEnough)
     EXPECT_EQ(count, 3);
 }
 
-TEST(Listing, OfTheSystemsProgramsIsWhatEachOfThemTells)
+TEST(Listing, TheSystemsProgramsAreListedWithTheirFacts)
 {
     EXPECT_GT(compareTree("/usr/bin"), 100U);
 }

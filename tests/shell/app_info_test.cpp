@@ -120,14 +120,14 @@ TEST(AppInfo, FullDiskAccessIsWhetherTheTestFileOpens)
     EXPECT_EQ(access(), "false");
 }
 
-TEST(SystemFacts, ThisMachineTellsItsSystemAndItsArchitecture)
+TEST(SystemFacts, ThisMachineHasASystemAndAnArchitecture)
 {
     EXPECT_FALSE(SystemFacts::system(systemHost().files).empty());
     EXPECT_FALSE(SystemFacts::architecture().empty());
 }
 
 #ifdef __linux__
-TEST(SystemFacts, SystemIsTheNameForPeople)
+TEST(SystemFacts, SystemOnLinuxIsItsDisplayName)
 {
     FakeFileSystem files;
     files.addText(osRelease, "# what this is\nNAME=\"Debian GNU/Linux\"\nVERSION_ID=\"12\"\n"
@@ -135,7 +135,7 @@ TEST(SystemFacts, SystemIsTheNameForPeople)
     EXPECT_EQ(AppInfo::macOS(files), "Debian GNU/Linux 12 (bookworm)");
 }
 
-TEST(SystemFacts, SystemIsReadWithEveryQuotingAndFromItsSecondPlace)
+TEST(SystemFacts, SystemIsReadWithAnyQuotingAndFromEitherPlace)
 {
     const auto system = [](const std::string &text, const char *path = osRelease) {
         FakeFileSystem files;
@@ -164,14 +164,14 @@ TEST(SystemFacts, SystemWithoutANameIsItsKernel)
     EXPECT_TRUE(SystemFacts::system(huge).starts_with("Linux "));
 }
 
-TEST(SystemFacts, NameThatSteersIsShownHarmless)
+TEST(SystemFacts, ControlCharactersInTheSystemsNameAreReplaced)
 {
     FakeFileSystem files;
     files.addText(osRelease, "PRETTY_NAME=\"A\x1b[31m\xff\"\n");
     EXPECT_FALSE(AppInfo::macOS(files).contains(QChar(0x1B)));
 }
 
-TEST(SystemFacts, ModelIsTheMakersNameOfTheProduct)
+TEST(SystemFacts, ModelIsTheManufacturersProductName)
 {
     FakeFileSystem files;
     files.addText(productName, "ThinkPad X1 Carbon\n");
@@ -190,7 +190,7 @@ TEST(SystemFacts, PlaceholderModelIsEmpty)
     }
 }
 
-TEST(SystemFacts, BoardWithoutABiosTellsItsModelElsewhere)
+TEST(SystemFacts, BoardWithoutABiosHasItsModelInTheDeviceTree)
 {
     FakeFileSystem files;
     files.addText("/sys/firmware/devicetree/base/model", std::string("Raspberry Pi 5\0", 15));

@@ -137,7 +137,7 @@ TEST_F(AppListTest, TypingFinds)
     EXPECT_EQ(current(), 57);
 }
 
-TEST_F(AppListTest, OnlyTheKeysThatMeanSomethingAreTaken)
+TEST_F(AppListTest, OnlyKeysWithAFunctionAreAccepted)
 {
     scene.key(Qt::Key_Down);
     scene.key(Qt::Key_Return);

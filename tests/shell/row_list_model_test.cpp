@@ -105,7 +105,7 @@ TEST_F(RowListModelTest, ChangedNeighboursAreAnnouncedTogether)
     EXPECT_EQ(removed.count() + moved.count(), 0);
 }
 
-TEST_F(RowListModelTest, OneRowThatWandersAndChangesIsOneMoveAndOneChange)
+TEST_F(RowListModelTest, AMovedAndChangedRowIsOneMoveAndOneChange)
 {
     model.show(withKeys(0, 5));
     const auto indexes = held();

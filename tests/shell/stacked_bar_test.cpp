@@ -208,7 +208,7 @@ TEST_F(StackedBarTest, APartThatIsGoneIsNoLongerTheCurrentOne)
     EXPECT_EQ(bar->current(), QString());
 }
 
-TEST_F(StackedBarTest, ABarThatIsOnlyLookedAtAnswersToNothing)
+TEST_F(StackedBarTest, ANonInteractiveBarIgnoresMouseAndKeyboard)
 {
     bar->setInteractive(false);
     pointAt(30);

@@ -64,7 +64,7 @@ TEST_F(UserDefaultsTest, EverythingIsReadBackByASecondProcess)
     EXPECT_EQ(readElsewhere(), "false ask 2026-11-22T14:15:16.789Z");
 }
 
-TEST_F(UserDefaultsTest, KeysAndValuesAreTheStatedOnes)
+TEST_F(UserDefaultsTest, KeysAndValuesInTheFileAreExactlyThese)
 {
     UserDefaults defaults(settingsAt(file));
     defaults.setDidOnboard(true);
@@ -107,7 +107,7 @@ TEST_F(UserDefaultsTest, ValuesThatTheKeysCannotHaveReadAsTheDefaults)
     EXPECT_EQ(readElsewhere(), "true ask none");
 }
 
-TEST_F(UserDefaultsTest, FileOfGarbageStopsNothingAndIsWrittenAnew)
+TEST_F(UserDefaultsTest, InvalidFileIsIgnoredAndRewritten)
 {
     std::string garbage;
     for (int byte = 0; byte < 4'096; ++byte)

@@ -181,7 +181,7 @@ TEST_F(AppsStoreTest, ARemovalBeforeTheFirstInventoryLoadsNone)
     EXPECT_FALSE(store.appsLoading());
 }
 
-TEST_F(AppsStoreTest, ARemovalDuringAnInventoryStartsItAnew)
+TEST_F(AppsStoreTest, ARemovalDuringAnInventoryRestartsIt)
 {
     store.refreshApps();
     const int token = store.appsToken();
@@ -278,7 +278,7 @@ TEST_F(AppsStoreTest, AnApplicationHasTwoSecondsToQuit)
     EXPECT_EQ(StoreTiming().quitDelay, 2s);
 }
 
-TEST_F(AppsStoreTest, WhatAnApplicationWritesAnewWhileItQuitsGoesWithIt)
+TEST_F(AppsStoreTest, ALeftoverThatIsReplacedWhileTheApplicationQuitsIsRemoved)
 {
     load();
     fake.applications.setRunning(deck, {11});

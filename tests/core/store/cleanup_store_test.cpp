@@ -200,7 +200,7 @@ TEST_F(CleanupStoreTest, WhatIsRemovedElsewhereChangesNothing)
     EXPECT_EQ(store.cleanupItems(), before);
 }
 
-TEST_F(CleanupStoreTest, ARemovalDuringAMeasurementStartsItAnew)
+TEST_F(CleanupStoreTest, ARemovalDuringAMeasurementRestartsIt)
 {
     store.refreshCleanup();
     const int token = store.cleanupToken();

@@ -57,7 +57,7 @@ TEST_F(StorageStoreTest, ARescanBeforeTheFirstBreakdownIsThereMeasuresTheDiskWit
     ASSERT_TRUE(waitForReady());
 }
 
-TEST_F(StorageStoreTest, ARescanLeavesTheLastBreakdownToBeLookedAt)
+TEST_F(StorageStoreTest, ARescanKeepsTheLastBreakdownVisible)
 {
     scanHome();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !store.breakdownLoading(); }, patience));

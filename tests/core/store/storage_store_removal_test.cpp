@@ -71,7 +71,7 @@ TEST_F(QuittingTest, DoesNotWaitForAHungDiskToBeScannedAgain)
     quitWhileTheDiskHangsAt("list " + at("Projects"));
 }
 
-TEST_F(QuittingTest, DoesNotWaitForAHungDiskToTellABuildFolder)
+TEST_F(QuittingTest, DoesNotWaitForAHungDiskToIdentifyABuildFolder)
 {
     quitWhileTheDiskHangsAt("exists " + at("Projects/package.json"));
 }
@@ -167,7 +167,7 @@ TEST_F(StorageStoreTest, AnItemThatIsGoneAlreadyLeavesTheSelectionAndTheTree)
     EXPECT_TRUE(verify(*store.root()));
 }
 
-TEST_F(StorageStoreTest, AnItemThatTookTheSelectedOnesPlaceStaysUntilItIsSelectedAnew)
+TEST_F(StorageStoreTest, AnItemThatReplacedTheSelectedOneStaysUntilItIsSelectedAgain)
 {
     scanHome();
     store.setSelected(at("Movies/a.mov"), 3'000'000, true);

@@ -47,7 +47,7 @@ TEST_F(StorageStoreTest, TheSelectionOutlivesARescanAndItsSizesFollow)
     EXPECT_EQ(store.selection().at(at("Movies/a.mov")), sizeOf("Movies/a.mov"));
 }
 
-TEST_F(StorageStoreTest, WhatIsSelectedInTheTrashIsTold)
+TEST_F(StorageStoreTest, SelectedItemsInTheTrashAreReported)
 {
     fake.files.addFile(at(".Trash/old"), 1'000'000);
     fake.trash.setTrashFolders({at(".Trash")});

@@ -66,7 +66,7 @@ TEST_F(BlockDeviceTest, AnUnknownDeviceIsNotRotational)
     EXPECT_FALSE(isOnSpinningDisk("/proc"));
 }
 
-TEST(ThreadUse, GrowsWithWorkAndTellsOfWaiting)
+TEST(ThreadUse, IncreasesWithWorkAndCountsWaits)
 {
     const ThreadUse before = threadUse();
     volatile double sum = 0;

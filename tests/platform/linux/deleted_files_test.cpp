@@ -97,7 +97,7 @@ TEST(DeletedFiles, OneOnAnotherFileSystemIsLeftOut)
     EXPECT_GE(heldBy(program, "/dev/shm"), before + 1'000'000) << "there it is the home folder's";
 }
 
-TEST(DeletedFiles, AnOrdinaryUserSeesThoseOfNobodyElse)
+TEST(DeletedFiles, AnOrdinaryUserSeesOnlyTheirOwnFiles)
 {
     if (::geteuid() != 0)
         GTEST_SKIP() << "only the administrator has programs that another user may not look into";
@@ -131,7 +131,7 @@ TEST(DeletedFiles, OneThatHasAnotherNameIsNotDeleted)
     EXPECT_EQ(heldBy(program, folder.path()), before);
 }
 
-TEST(DeletedFiles, MemoryIsNoDisk)
+TEST(DeletedFiles, FilesInMemoryAreLeftOut)
 {
     const TemporaryFolder folder;
     const std::string program = ownProgram();

@@ -344,7 +344,7 @@ protected:
     const TemporaryFolder disk;
 };
 
-TEST_F(MadeUpProcessesTest, AFlatpakIsToldByItsGroup)
+TEST_F(MadeUpProcessesTest, AFlatpakIsRecognisedByItsControlGroup)
 {
     const std::string slice = "0::/user.slice/user-1000.slice/app.slice/";
     add("11", "/app/bin/chart", slice + "app-flatpak-org.sea.Chart-4711.scope\n");
@@ -356,7 +356,7 @@ TEST_F(MadeUpProcessesTest, AFlatpakIsToldByItsGroup)
     EXPECT_THAT(runningFlatpak("org.sea"), IsEmpty());
 }
 
-TEST_F(MadeUpProcessesTest, AFlatpakWithoutAGroupIsToldByItsSandbox)
+TEST_F(MadeUpProcessesTest, AFlatpakWithoutAControlGroupIsRecognisedByItsSandbox)
 {
     add("11", "/app/bin/chart", "0::/\n", {}, "11\t2");
     disk.writeText("11/root/.flatpak-info", "[Application]\nname=org.sea.Chart\nruntime=x\n");
@@ -369,7 +369,7 @@ TEST_F(MadeUpProcessesTest, AFlatpakWithoutAGroupIsToldByItsSandbox)
     EXPECT_THAT(runningFlatpak("org.sea.Chart"), ElementsAre(11));
 }
 
-TEST_F(MadeUpProcessesTest, ASnapIsToldByItsGroup)
+TEST_F(MadeUpProcessesTest, ASnapIsRecognisedByItsControlGroup)
 {
     add("21", "/snap/chart/1/bin/chart", "0::/user.slice/app.slice/snap.chart.chart-0a1b.scope\n");
     add("22", "/usr/bin/python3", "0::/user.slice/app.slice/snap.sea\\x2dchart.map-0a1b.scope\n");
@@ -379,7 +379,7 @@ TEST_F(MadeUpProcessesTest, ASnapIsToldByItsGroup)
     EXPECT_THAT(runningSnap("sea"), IsEmpty());
 }
 
-TEST_F(MadeUpProcessesTest, AnAppImageIsToldByWhereItIsMounted)
+TEST_F(MadeUpProcessesTest, AnAppImageIsRecognisedByItsMountPoint)
 {
     const std::string image = "/home/u/Chart.AppImage";
     const std::string environment = std::string("HOME=/home/u") + '\0' + "APPIMAGE=" + image + '\0';
@@ -390,7 +390,7 @@ TEST_F(MadeUpProcessesTest, AnAppImageIsToldByWhereItIsMounted)
     EXPECT_THAT(runningPrograms({image}), UnorderedElementsAre(31, 32));
 }
 
-TEST_F(MadeUpProcessesTest, APackageIsToldByItsProgramsAndFoldersOfPrograms)
+TEST_F(MadeUpProcessesTest, APackageIsRecognisedByItsProgramsAndTheirFolders)
 {
     add("41", "/usr/bin/chart");
     add("42", "/usr/lib/chart/helper (deleted)");

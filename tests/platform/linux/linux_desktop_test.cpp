@@ -372,7 +372,7 @@ TEST(LinuxDesktop, EachLineOfALogMessageGoesToTheSystemsLog)
     EXPECT_THAT(messages[0], StartsWith("<13>")); // user, notice
 }
 
-TEST(LinuxDesktop, MovementIsUsualWhereNothingIsSaid)
+TEST(LinuxDesktop, MovementIsUsualWithoutASetting)
 {
     ProbeHome home;
     home.setVariable("XDG_DATA_DIRS", home.folder.makeFolder("no-schemas"));
@@ -423,7 +423,7 @@ TEST_F(LinuxDesktopSettings, AnimationsSwitchedOnMeanUsualMovement)
     EXPECT_EQ(m_home.ask("motion"), "as usual");
 }
 
-TEST_F(LinuxDesktopSettings, SchemaThatLacksTheKeyIsNoHarm)
+TEST_F(LinuxDesktopSettings, SchemaWithoutTheKeyMeansUsualMovement)
 {
     declareSchema("other-key");
     EXPECT_EQ(m_home.ask("motion"), "as usual");

@@ -70,7 +70,7 @@ private:
     std::map<std::string, std::optional<std::string>> m_before;
 };
 
-TEST_F(LinuxPlaces, WithoutVariablesTheUsualFoldersOfTheHomeHold)
+TEST_F(LinuxPlaces, WithoutVariablesTheDefaultFoldersAreUsed)
 {
     EXPECT_EQ(place(caches), folder / ".cache");
     EXPECT_EQ(place(trash), folder / ".local/share/Trash/files");
@@ -129,7 +129,7 @@ TEST_F(LinuxPlaces, DownloadsAreWhereTheUsersFoldersSay)
     }
 }
 
-TEST_F(LinuxPlaces, TheUsualPlaceIsToldBesideTheOneThatIsSet)
+TEST_F(LinuxPlaces, TheDefaultPlaceIsReportedBesideTheConfiguredOne)
 {
     set("XDG_CACHE_HOME", "/fast/cache");
     set("XDG_DATA_HOME", "/big/data");
@@ -299,13 +299,13 @@ TEST_F(LinuxPlaces, AConfigurationThatIsAPipeOrTooLongIsNotRead)
     EXPECT_EQ(place(".m2/repository"), std::nullopt);
 }
 
-TEST_F(LinuxPlaces, OfWhatHasNoOtherPlaceNothingIsKnown)
+TEST_F(LinuxPlaces, OtherFoldersHaveNoConfiguredPlace)
 {
     for (const std::string_view other : {"Library/Logs", ".gradle/caches", ".npm/_cacache", "", "Library"})
         EXPECT_EQ(place(other), std::nullopt) << other;
 }
 
-TEST_F(LinuxPlaces, TheSystemAnswersForTheUsersHome)
+TEST_F(LinuxPlaces, TheFileSystemUsesTheUsersHome)
 {
     EXPECT_EQ(systemHost().files.ownPlaceFor(caches), (OwnPlace{folder / ".cache", folder / ".cache"}));
     EXPECT_EQ(systemHost().files.ownPlaceFor("Library/Logs"), std::nullopt);

@@ -128,20 +128,20 @@ TEST_F(TrashChangedWithinARequest, AnEmptiedOneTakesTheNextItem)
     EXPECT_EQ(waysBackFrom("Trash"), (Ways{{"2", second}}));
 }
 
-TEST_F(TrashChangedWithinARequest, ADeletedOneIsMadeAnew)
+TEST_F(TrashChangedWithinARequest, ADeletedTrashIsCreatedAgain)
 {
     EXPECT_EQ(trashTwoWith("rm -r ../Trash"), "done\ndone");
     EXPECT_EQ(waysBackFrom("Trash"), (Ways{{"2", second}}));
 }
 
-TEST_F(TrashChangedWithinARequest, NothingFollowsOneThatWasMovedAway)
+TEST_F(TrashChangedWithinARequest, NothingIsPutIntoATrashThatWasMovedAway)
 {
     EXPECT_EQ(trashTwoWith("mv ../Trash ../old"), "done\ndone");
     EXPECT_EQ(waysBackFrom("old"), (Ways{{"1", first}}));
     EXPECT_EQ(waysBackFrom("Trash"), (Ways{{"2", second}}));
 }
 
-TEST_F(TrashChangedWithinARequest, NothingFollowsItsItemsThatWereMovedAwayToBeDeleted)
+TEST_F(TrashChangedWithinARequest, NothingIsPutIntoAFilesFolderThatWasMovedAway)
 {
     EXPECT_EQ(trashTwoWith("mv files ../expunged && mkdir files && rm info/*"), "done\ndone");
     EXPECT_EQ(waysBackFrom("Trash"), (Ways{{"2", second}}));

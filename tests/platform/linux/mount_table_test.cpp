@@ -27,7 +27,7 @@ TEST(LinuxMountTable, IsReadWithPathsAsTheKernelWritesThem)
     EXPECT_EQ(mounts[4], (MountedFolder{"/net", 43, "/", "", "", true}));
 }
 
-TEST(LinuxMountTable, TellsWhatIsSeenWhereAndOfWhichFileSystem)
+TEST(LinuxMountTable, ListsTheRootTheMountPointAndTheFileSystem)
 {
     if (!ProbeHome::canSandbox())
         GTEST_SKIP() << "bwrap cannot make a sandbox here";
@@ -50,7 +50,7 @@ TEST(LinuxMountTable, TellsWhatIsSeenWhereAndOfWhichFileSystem)
     EXPECT_EQ(line, again + " " + fileSystem + " " + shown + "/inner");
 }
 
-TEST(LinuxMountTable, OfTwoMountsOnOneFolderOnlyTheUpperIsTold)
+TEST(LinuxMountTable, OfTwoMountsOnOneFolderOnlyTheUpperIsListed)
 {
     if (!ProbeHome::canSandbox())
         GTEST_SKIP() << "bwrap cannot make a sandbox here";

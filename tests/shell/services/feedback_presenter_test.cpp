@@ -113,7 +113,7 @@ TEST_F(FeedbackTest, IsSentOnceHoweverOftenTheButtonIsPressed)
     EXPECT_EQ(fake.server.requests().size(), 1u);
 }
 
-TEST_F(FeedbackTest, AFailureIsToldAndTheTextStaysToBeSentAgain)
+TEST_F(FeedbackTest, AFailureIsShownAndTheTextIsKept)
 {
     fake.server.answerAll({.status = 500, .body = R"({"error": "The inbox is full."})"});
     presenter.setMessage(QStringLiteral("A way to compare two scans"));
@@ -169,7 +169,7 @@ TEST_F(FeedbackTest, AfterItWasSentTheNextFormIsEmpty)
     EXPECT_TRUE(presenter.includesInfo());
 }
 
-TEST_F(FeedbackTest, WhatIsClosedWhileItIsSentArrivesAndTheToastSaysSo)
+TEST_F(FeedbackTest, AFormThatIsClosedWhileItIsSentIsConfirmedByTheToast)
 {
     presenter.setMessage(QStringLiteral("x"));
     presenter.send();
@@ -182,7 +182,7 @@ TEST_F(FeedbackTest, WhatIsClosedWhileItIsSentArrivesAndTheToastSaysSo)
     EXPECT_TRUE(presenter.message().isEmpty());
 }
 
-TEST_F(FeedbackTest, WhatFailsWhileTheFormIsClosedIsToldThereAndInTheFormThatStillHoldsIt)
+TEST_F(FeedbackTest, AFailureAfterTheFormWasClosedIsShownInTheToastAndTheForm)
 {
     fake.server.answerAll({.ending = LoopbackAnswer::Ending::closed});
     presenter.setMessage(QStringLiteral("x"));

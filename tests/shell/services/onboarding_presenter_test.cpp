@@ -43,7 +43,7 @@ TEST_F(OnboardingTest, IsWantedAgainWhenTheFlagIsTakenBack)
     EXPECT_TRUE(presenter.isWanted());
 }
 
-TEST_F(OnboardingTest, WhoGrantedTheAccessAlreadySeesItAtOnceWithoutWaiting)
+TEST_F(OnboardingTest, AccessThatIsAlreadyGrantedIsShownAtOnce)
 {
     fake.becomeMac();
     fake.grantAccess();
@@ -97,7 +97,7 @@ TEST_F(OnboardingTest, TestsNothingWhileItIsNotSeen)
     EXPECT_EQ(tests(), closed);
 }
 
-TEST_F(OnboardingTest, ReadsAsStatedOnAMac)
+TEST_F(OnboardingTest, TextsOnAMacAreExactlyThese)
 {
     fake.becomeMac();
     EXPECT_EQ(presenter.title(), QStringLiteral("Welcome to Corvane"));

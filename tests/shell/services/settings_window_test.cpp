@@ -70,7 +70,7 @@ TEST_F(SettingsWindowTest, BelongsToTheMainWindowAndHasItsSize)
     EXPECT_LE((settings->geometry().center() - scene->window()->geometry().center()).manhattanLength(), 2);
 }
 
-TEST_F(SettingsWindowTest, SaysWhatIsStated)
+TEST_F(SettingsWindowTest, ShowsEverySetting)
 {
     EXPECT_THAT(texts(), testing::IsSupersetOf({"Updates", "Check for updates automatically",
                                                 "Download and install updates automatically", "Check for Updates…",

@@ -126,7 +126,7 @@ TEST_F(FeedControllerTest, FindIsNotReplacedByTheNextAutomaticCheck)
     EXPECT_EQ(controller->session()->state().phase, Phase::available);
 }
 
-TEST_F(FeedControllerTest, DownloadsBeforeItTellsWhereThatIsTurnedOn)
+TEST_F(FeedControllerTest, DownloadsBeforeItNotifiesWhereThatIsTurnedOn)
 {
     controller->setAutomaticallyChecksForUpdates(true);
     controller->setAutomaticallyDownloadsUpdates(true);

@@ -36,7 +36,7 @@ TEST(UpdateName, IsMadeOfTheVersionAndTheKindOfPackage)
     EXPECT_EQ(name("https://u.example/run.sh"), "Corvane-1.2.0.download");
 }
 
-TEST(UpdateName, IsHarmlessWhateverTheFeedSays)
+TEST(UpdateName, HasNoUnsafeCharactersWhateverTheFeedSays)
 {
     for (const char *version : {"../../.bashrc", "/etc/passwd", ".hidden", "a\nb", "a\x7f", "~", "ä", ""}) {
         for (const char *address : {"https://u.example/..%2f..%2f.ssh%2fid", "https://u.example/%00.deb",

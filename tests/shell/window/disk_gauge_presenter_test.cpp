@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-TEST(DiskGauge, TellsWhatIsFreeAndDrawsWhatIsUsed)
+TEST(DiskGauge, ShowsTheFreeSpaceAsTextAndTheUsedSpaceAsABar)
 {
     FakeStore fake;
     DiskGaugePresenter presenter{fake.store};

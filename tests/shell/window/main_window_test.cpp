@@ -26,7 +26,7 @@ TEST_F(MainWindowTest, HasItsMinimumSize)
     EXPECT_EQ(window->size(), QSize(1280, 800));
 }
 
-TEST_F(MainWindowTest, KnowsFromTheFirstKeyPressThatThePointerIsNotInUse)
+TEST_F(MainWindowTest, TheFirstKeyPressEndsTheUseOfThePointer)
 {
     EXPECT_TRUE(window->property("pointerInUse").toBool());
     QTest::keyClick(window.get(), Qt::Key_Shift);
@@ -95,7 +95,7 @@ TEST_F(MainWindowTest, AScreenThatNeedsNoScanIsShownAtOnce)
     EXPECT_EQ(item("requiresScan.scan"), nullptr);
 }
 
-TEST_F(MainWindowTest, AScreenIsMadeAnewEachTimeItIsShown)
+TEST_F(MainWindowTest, AScreenIsRecreatedEachTimeItIsShown)
 {
     scan();
     ASSERT_TRUE(waitForItem("mapScreen"));
@@ -215,7 +215,7 @@ TEST_F(MainWindowTest, OnlyTheDeleteButtonDeletesForGood)
     EXPECT_TRUE(waitFor([this] { return !isVisible("reviewSheet") && !isVisible("deleteConfirm"); }));
 }
 
-TEST_F(MainWindowTest, WhatLiesInTheTrashIsAskedAboutBeforeTheBarDeletesIt)
+TEST_F(MainWindowTest, DeletingItemsInTheTrashFromTheBarAsksFirst)
 {
     fake.fake.files.addFile("/home/studio/.Trash/old.mov", 3'000'000);
     fake.fake.trash.setTrashFolders({"/home/studio/.Trash"});
@@ -267,7 +267,7 @@ TEST_F(MainWindowTest, ARemovalIsStoppedFromTheBar)
     EXPECT_TRUE(waitForItem("clearButton"));
 }
 
-TEST_F(MainWindowTest, CommandsWaitWhileASheetWantsAnAnswer)
+TEST_F(MainWindowTest, CommandsAreDisabledWhileASheetIsOpen)
 {
     fake.select("Movies/one.mov", 5'000'000);
     openReview();
@@ -279,7 +279,7 @@ TEST_F(MainWindowTest, CommandsWaitWhileASheetWantsAnAnswer)
     EXPECT_EQ(fake.store.sidebar(), Item::overview);
 }
 
-TEST_F(MainWindowTest, AClickOrEscapePutsTheToastAway)
+TEST_F(MainWindowTest, AClickOrEscapeDismissesTheToast)
 {
     fake.store.showToast("Done");
     click("toast");

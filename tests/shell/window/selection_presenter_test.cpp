@@ -95,7 +95,7 @@ TEST_F(SelectionWords, AFailedRemovalLeavesTheSelectionAndCanBeTriedAgain)
     EXPECT_EQ(presenter.countText(), "1 item selected");
 }
 
-TEST_F(SelectionWords, WhatLiesInTheTrashIsToldAndAskedAboutFirst)
+TEST_F(SelectionWords, ItemsInTheTrashAreMentionedAndDeletedOnlyAfterAQuestion)
 {
     fake.fake.files.addFile("/home/studio/.Trash/old.mov", 3'000'000);
     fake.fake.files.addFile("/home/studio/.Trash/older.mov", 1'000'000);
@@ -148,7 +148,7 @@ TEST_F(SelectionWords, CountsAreGroupedInThousands)
     EXPECT_TRUE(presenter.confirmNames().endsWith(" and 1,231 more")) << qPrintable(presenter.confirmNames());
 }
 
-TEST_F(SelectionWords, IfEverythingLiesInTheTrashItIsToldWithoutACount)
+TEST_F(SelectionWords, IfEverythingLiesInTheTrashTheNoteHasNoCount)
 {
     fake.fake.trash.setTrashFolders({"/home/studio/.Trash"});
     fake.select(".Trash/old.mov", 3'000'000);

@@ -84,7 +84,7 @@ TEST_F(Review, EqualSizesStandByPath)
     EXPECT_THAT(names(), ElementsAre("a", "b", "c"));
 }
 
-TEST_F(Review, DroppingAnEntryTakesItAloneOut)
+TEST_F(Review, DroppingAnEntryRemovesOnlyThatEntry)
 {
     for (const char *name : {"a", "b", "c"})
         fake.select(name, 5);
@@ -148,7 +148,7 @@ TEST_F(Review, FollowsInRunsAndNeverResets)
     EXPECT_EQ(resets.size(), 0);
 }
 
-TEST_F(Review, TellsItsCountWhenItChanges)
+TEST_F(Review, AnnouncesItsCountWhenItChanges)
 {
     QSignalSpy counts(&model, &SelectionReviewModel::countChanged);
     fake.select("a", 3);

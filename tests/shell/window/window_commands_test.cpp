@@ -21,7 +21,7 @@ TEST_F(MainWindowTest, CommandsHaveTheirKeys)
     EXPECT_TRUE(fake.store.progress()->isCancelled());
 }
 
-TEST_F(MainWindowTest, WhatNobodyHasAskedForIsNotMade)
+TEST_F(MainWindowTest, MenusAndSheetsAreCreatedOnFirstUse)
 {
     for (const char *name : {"appMenu", "reviewSheet", "deleteConfirm", "about", "folderDialog"})
         EXPECT_EQ(object(name), nullptr) << name;
