@@ -10,7 +10,6 @@
 
 #include "core/path_guard.h"
 #include "platform/fake_file_system.h"
-#include "platform/host.h"
 #include "platform/system_facts.h"
 
 namespace corvane {
@@ -120,14 +119,8 @@ TEST(AppInfo, FullDiskAccessIsWhetherTheTestFileOpens)
     EXPECT_EQ(access(), "false");
 }
 
-TEST(SystemFacts, ThisMachineHasASystemAndAnArchitecture)
-{
-    EXPECT_FALSE(SystemFacts::system(systemHost().files).empty());
-    EXPECT_FALSE(SystemFacts::architecture().empty());
-}
-
 #ifdef __linux__
-TEST(SystemFacts, SystemOnLinuxIsItsDisplayName)
+TEST(AppInfo, SystemOnLinuxIsItsDisplayName)
 {
     FakeFileSystem files;
     files.addText(osRelease, "# what this is\nNAME=\"Debian GNU/Linux\"\nVERSION_ID=\"12\"\n"
@@ -135,66 +128,18 @@ TEST(SystemFacts, SystemOnLinuxIsItsDisplayName)
     EXPECT_EQ(AppInfo::macOS(files), "Debian GNU/Linux 12 (bookworm)");
 }
 
-TEST(SystemFacts, SystemIsReadWithAnyQuotingAndFromEitherPlace)
-{
-    const auto system = [](const std::string &text, const char *path = osRelease) {
-        FakeFileSystem files;
-        files.addText(path, text);
-        return SystemFacts::system(files);
-    };
-    EXPECT_EQ(system("PRETTY_NAME='Arch Linux'"), "Arch Linux");
-    EXPECT_EQ(system("PRETTY_NAME=Alpine\r\n"), "Alpine");
-    EXPECT_EQ(system("PRETTY_NAME=\"The \\\"Box\\\" \\$1\"\n"), "The \"Box\" $1");
-    EXPECT_EQ(system("NAME=Fedora\nVERSION=\"39 (Workstation)\"\n"), "Fedora 39 (Workstation)");
-    EXPECT_EQ(system("NAME=Void\nPRETTY_NAME=\"\"\nVERSION_ID=7\n"), "Void 7");
-    EXPECT_EQ(system("NAME=Void\n"), "Void");
-    EXPECT_EQ(system("PRETTY_NAME=\"Second\"", "/usr/lib/os-release"), "Second");
-}
-
-TEST(SystemFacts, SystemWithoutANameIsItsKernel)
-{
-    for (const char *text : {"", "=", "\"", "PRETTY_NAME", "#PRETTY_NAME=x"}) {
-        FakeFileSystem files;
-        files.addText(osRelease, text);
-        const std::string system = SystemFacts::system(files);
-        EXPECT_TRUE(system.starts_with("Linux ")) << text << ": " << system;
-    }
-    FakeFileSystem huge;
-    huge.addText(osRelease, std::string(200'000, '\n') + "PRETTY_NAME=x");
-    EXPECT_TRUE(SystemFacts::system(huge).starts_with("Linux "));
-}
-
-TEST(SystemFacts, ControlCharactersInTheSystemsNameAreReplaced)
+TEST(AppInfo, ControlCharactersInTheSystemsNameAreReplaced)
 {
     FakeFileSystem files;
     files.addText(osRelease, "PRETTY_NAME=\"A\x1b[31m\xff\"\n");
     EXPECT_FALSE(AppInfo::macOS(files).contains(QChar(0x1B)));
 }
 
-TEST(SystemFacts, ModelIsTheManufacturersProductName)
+TEST(AppInfo, ModelIsTheManufacturersProductName)
 {
     FakeFileSystem files;
     files.addText(productName, "ThinkPad X1 Carbon\n");
     EXPECT_EQ(AppInfo::model(files), "ThinkPad X1 Carbon");
-}
-
-TEST(SystemFacts, PlaceholderModelIsEmpty)
-{
-    FakeFileSystem none;
-    EXPECT_EQ(AppInfo::model(none), "");
-    for (const char *name :
-         {"To Be Filled By O.E.M.\n", "System Product Name\n", "Default string", "Not Specified", "None", " \n", ""}) {
-        FakeFileSystem files;
-        files.addText(productName, name);
-        EXPECT_EQ(AppInfo::model(files), "") << name;
-    }
-}
-
-TEST(SystemFacts, BoardWithoutABiosHasItsModelInTheDeviceTree)
-{
-    FakeFileSystem files;
-    files.addText("/sys/firmware/devicetree/base/model", std::string("Raspberry Pi 5\0", 15));
-    EXPECT_EQ(AppInfo::model(files), "Raspberry Pi 5");
 }
 #endif
 

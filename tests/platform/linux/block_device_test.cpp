@@ -1,15 +1,11 @@
 #include "platform/linux/block_device.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include "platform/spinning_disk.h"
-#include "platform/thread_use.h"
 #include "support/temporary_folder.h"
 
 namespace corvane {
@@ -64,19 +60,6 @@ TEST_F(BlockDeviceTest, AnUnknownDeviceIsNotRotational)
     EXPECT_FALSE(spins(""));
     EXPECT_FALSE(isOnSpinningDisk("/no such folder"));
     EXPECT_FALSE(isOnSpinningDisk("/proc"));
-}
-
-TEST(ThreadUse, IncreasesWithWorkAndCountsWaits)
-{
-    const ThreadUse before = threadUse();
-    volatile double sum = 0;
-    for (int i = 0; threadUse().processor == before.processor && i < 100'000'000; ++i)
-        sum = sum + i;
-    EXPECT_GT(threadUse().processor, before.processor);
-    ASSERT_TRUE(threadUse().waits.has_value());
-    const std::int64_t waits = *threadUse().waits;
-    ::usleep(1'000);
-    EXPECT_GT(*threadUse().waits, waits);
 }
 
 } // namespace

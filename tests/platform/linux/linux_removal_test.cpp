@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux_file_system_fixture.h"
+#include "platform/linux/linux_file_system_fixture.h"
 #include "support/few_open_files.h"
 
 namespace corvane {

@@ -8,7 +8,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/linux_file_system_fixture.h"
+#include "platform/linux/linux_file_system_fixture.h"
 #include "platform/posix/interrupted_call.h"
 
 namespace corvane {

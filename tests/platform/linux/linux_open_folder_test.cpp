@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/linux_file_system_fixture.h"
+#include "platform/linux/linux_file_system_fixture.h"
 
 namespace corvane {
 namespace {
