@@ -9,6 +9,7 @@
 
 #include "apps/apps_ui_fixture.h"
 #include "core/store/qt_words.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -16,8 +17,6 @@ namespace {
 using Content = UninstallerPresenter::Content;
 using Shown = UninstallerPresenter::Shown;
 using testing::Contains;
-
-constexpr int patience = 20'000; // milliseconds
 
 class UninstallerPresenterTest : public test::AppsFixture {
 protected:

@@ -11,10 +11,9 @@
 #include "apps/apps_ui_fixture.h"
 #include "core/store/qt_words.h"
 #include "shell/screen_scene.h"
+#include "support/patience.h"
 
 namespace corvane {
-
-constexpr int patience = 5'000; // milliseconds
 
 inline const QString deckRow = QStringLiteral("Signal Deck, app 740 MB + data 6.4 GB, 7.14 GB");
 inline const QString atlasRow = QStringLiteral("Atlas, app 900 MB, 900 MB");

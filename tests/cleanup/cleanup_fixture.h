@@ -5,6 +5,7 @@
 
 #include "core/systems/linux_cleanup.h"
 #include "shell/store_over_a_home.h"
+#include "support/patience.h"
 
 namespace corvane::test {
 
@@ -36,7 +37,7 @@ protected:
     }
     void waitForMeasurement()
     {
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !store.cleanupLoading(); }, 20'000));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !store.cleanupLoading(); }, patience));
     }
     [[nodiscard]] const CleanupItem &item(std::string_view id) const
     {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "cleanup/cleanup_list_fixture.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -102,7 +103,7 @@ TEST_F(CleanupListModelTest, BuildFoldersOfAStoppedScanAreMarkedAndANewScanIsOff
     addProject("harbor", 5'000'000);
     store.scan(at("Projects"));
     store.stopScan();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, 20'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
     const int row = rowOf(QStringLiteral("Partial: the scan was stopped"));
     ASSERT_GE(row, 0);
     EXPECT_EQ(text(row, Model::KindRole), QStringLiteral("partial"));
@@ -111,7 +112,7 @@ TEST_F(CleanupListModelTest, BuildFoldersOfAStoppedScanAreMarkedAndANewScanIsOff
     EXPECT_TRUE(titles(QStringLiteral("none")).isEmpty()) << "nothing was found where nothing was looked for";
     model.activate(row);
     EXPECT_EQ(store.lastScanPath(), at("Projects"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, 20'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
     EXPECT_TRUE(titles(QStringLiteral("partial")).isEmpty());
     EXPECT_EQ(titles(QStringLiteral("artifact")).size(), 1);
 }

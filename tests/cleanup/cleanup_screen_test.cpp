@@ -15,11 +15,10 @@
 
 #include "cleanup/cleanup_fixture.h"
 #include "shell/screen_scene.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
-
-constexpr int patience = 5'000; // milliseconds
 
 /// The whole screen in its own window, operated by mouse and keyboard.
 class CleanupScreenTest : public test::CleanupFixture {
@@ -339,7 +338,7 @@ protected:
     {
         store.refreshCleanup();
         ASSERT_TRUE(
-            QTest::qWaitFor([&] { return !store.cleanupLoading() && !store.cleanupCommands().empty(); }, 20'000));
+            QTest::qWaitFor([&] { return !store.cleanupLoading() && !store.cleanupCommands().empty(); }, patience));
         show();
     }
     void goToEnd()

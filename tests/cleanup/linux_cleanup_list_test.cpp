@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "cleanup/cleanup_list_fixture.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -17,7 +18,7 @@ protected:
     void measureWithCommands(std::size_t count)
     {
         measure();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return store.cleanupCommands().size() == count; }, 20'000));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return store.cleanupCommands().size() == count; }, patience));
     }
 };
 

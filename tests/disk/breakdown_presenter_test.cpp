@@ -13,6 +13,7 @@
 #include "disk/sample_breakdown.h"
 #include "shell/ui/theme.h"
 #include "shell/window/fake_store.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -20,8 +21,6 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr int patience = 10'000; // milliseconds
 
 class BreakdownPresenterTest : public testing::Test {
 protected:

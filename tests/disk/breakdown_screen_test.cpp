@@ -15,6 +15,7 @@
 #include "shell/ui/stacked_bar.h"
 #include "shell/ui/theme.h"
 #include "shell/window/fake_store.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -150,7 +151,7 @@ TEST_F(BreakdownScreenTest, BeforeThereIsABreakdownItSaysThatItMeasures)
     EXPECT_NE(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
 
     fake.gate.setShut(false);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return visibleItem(QStringLiteral("breakdown.page")) != nullptr; }, 10'000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return visibleItem(QStringLiteral("breakdown.page")) != nullptr; }, patience));
     EXPECT_EQ(visibleItem(QStringLiteral("breakdown.loading")), nullptr);
 }
 
@@ -170,7 +171,7 @@ TEST_F(BreakdownScreenTest, RefreshGivesItsPlaceToTheProgressAndComesBack)
     EXPECT_NE(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
     EXPECT_THAT(names(), Contains("95% explained")) << "the old one stays";
     fake.gate.setShut(false);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.store.breakdownLoading(); }, 10'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.store.breakdownLoading(); }, patience));
     EXPECT_TRUE(button->isEnabled());
     EXPECT_NE(visibleItem(QStringLiteral("breakdown.refresh")), nullptr);
 }
@@ -335,7 +336,7 @@ TEST_F(BreakdownScreenTest, ACopyButtonSaysCopiedAndKeepsItsWidth)
     EXPECT_EQ(button->width(), width);
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return button->property("text").toString() == QStringLiteral("Copy “free snapshots” command"); },
-        10'000));
+        patience));
     EXPECT_EQ(button->property("symbol").toString(), QStringLiteral("doc.on.clipboard"));
 }
 

@@ -7,6 +7,7 @@
 #include "journeys/held_listing.h"
 #include "journeys/journey.h"
 #include "shell/ui/theme.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -24,7 +25,6 @@ protected:
     /// Runs the program until its last window is closed or a timeout expires.
     int runUntilClosed()
     {
-        constexpr int patience = 20'000; // milliseconds
         QTimer::singleShot(0, &window(), &QWindow::close);
         QTimer::singleShot(patience, &window(), [] { QCoreApplication::exit(1); });
         return QGuiApplication::exec();

@@ -11,6 +11,7 @@
 #include "lists/ui/file_catalog.h"
 #include "lists/ui/large_files_presenter.h"
 #include "lists/ui/old_files_presenter.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -226,7 +227,7 @@ TEST_F(LargeFilesPresenterTest, MoreFilesThanAreReadyAtOnceComeFromTheBackground
     scanHome();
     EXPECT_TRUE(presenter().isPreparing());
     EXPECT_FALSE(presenter().isEmpty()) << "nothing is known yet";
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter().isPreparing(); }, 20'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter().isPreparing(); }, patience));
     EXPECT_EQ(presenter().files()->rowCount(), 20'001);
     EXPECT_EQ(data(*presenter().files(), 0, FileTableModel::NameRole), QStringLiteral("film20000.mov"));
 }

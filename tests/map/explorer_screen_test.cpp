@@ -12,11 +12,10 @@
 #include "map/ui/treemap_view.h"
 #include "shell/screen_scene.h"
 #include "shell/ui/theme.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
-
-constexpr int patience = 5'000; // milliseconds
 
 /// The whole screen in its own window, operated by mouse and keyboard.
 class ExplorerScreenTest : public test::ExplorerFixture, WithoutMotion {

@@ -10,10 +10,9 @@
 #include "map/explorer_fixture.h"
 #include "map/ui/treemap_view.h"
 #include "shell/ui/theme.h"
+#include "support/patience.h"
 
 namespace corvane {
-
-constexpr int patience = 5'000; // milliseconds
 
 /// The map of a small home in its own window, operated by real mouse and key events.
 class TreemapViewTest : public test::ExplorerFixture {

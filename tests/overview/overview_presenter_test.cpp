@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 
 #include "cleanup/cleanup_fixture.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -36,8 +37,8 @@ TEST_F(OverviewPresenterTest, TheSubtitleFollowsTheScan)
     store.scanHome();
     EXPECT_EQ(presenter.subtitle(), QStringLiteral("Scanning studio"));
     EXPECT_TRUE(presenter.isScanning());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return presenter.hasScan(); }, 20'000));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter.isScanning(); }, 20'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return presenter.hasScan(); }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter.isScanning(); }, patience));
     EXPECT_EQ(presenter.subtitle(), QStringLiteral("Macintosh HD · scanned just now"));
 }
 

@@ -11,11 +11,10 @@
 #include "cleanup/cleanup_fixture.h"
 #include "shell/fake_services.h"
 #include "shell/screen_scene.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
-
-constexpr int patience = 5'000; // milliseconds
 
 /// The whole screen in its own window, operated by mouse and keyboard.
 class OverviewScreenTest : public test::CleanupFixture {

@@ -33,7 +33,8 @@ namespace {
 
 using namespace corvane;
 
-constexpr int patience = 60'000; // milliseconds; only a hang takes that long
+// Milliseconds. Longer than in other tests: the probe reads a whole root from the disk.
+constexpr int patience = 60'000;
 
 void insist(bool holds, const char *what)
 {

@@ -12,6 +12,7 @@
 
 #include "shell/session_bus.h"
 #include "shell/ui/system_folder_chooser.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -105,7 +106,7 @@ protected:
     }
     [[nodiscard]] static bool waitFor(const QSignalSpy &spy)
     {
-        return QTest::qWaitFor([&] { return !spy.isEmpty(); }, 20'000);
+        return QTest::qWaitFor([&] { return !spy.isEmpty(); }, patience);
     }
 
     FakePortal portal;
@@ -146,7 +147,7 @@ TEST_F(PortalFolderChooserTest, FollowsAPortalThatChoosesThePlaceOfTheAnswerItse
             portal.answer(portal.requests.last(), 0, {QStringLiteral("file:///tmp")});
             return !chosen->isEmpty();
         },
-        20'000));
+        patience));
     EXPECT_EQ(chosen->first().first().toUrl(), QUrl(QStringLiteral("file:///tmp")));
 }
 

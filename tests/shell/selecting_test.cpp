@@ -4,6 +4,7 @@
 
 #include "cleanup/cleanup_fixture.h"
 #include "cleanup/cleanup_items.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -93,7 +94,7 @@ TEST_F(SelectingTest, WhatMayNotBeSelectedStaysOutAndDoesNotKeepTheLocationMixed
     fake.files.addLink(at("Library/Logs"), "/srv/files");
     StorageStore guarded(host(), strict);
     guarded.refreshCleanup();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !guarded.cleanupLoading(); }, 20'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !guarded.cleanupLoading(); }, patience));
     const CleanupItem logs =
         *std::ranges::find_if(guarded.cleanupItems(), [](const CleanupItem &each) { return each.def->id == "logs"; });
     ASSERT_EQ(logs.entries.size(), 2u);
@@ -117,7 +118,7 @@ TEST_F(SelectingTest, ALocationOfNothingButProtectedItemsCannotBeChecked)
                                                           .trashParts = {}}};
     StorageStore guarded(host(), strict);
     guarded.refreshCleanup();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !guarded.cleanupLoading(); }, 20'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !guarded.cleanupLoading(); }, patience));
     const CleanupItem npm =
         *std::ranges::find_if(guarded.cleanupItems(), [](const CleanupItem &each) { return each.def->id == "npm"; });
     ASSERT_EQ(npm.entries.size(), 2u);

@@ -14,14 +14,13 @@
 
 #include "core/store/storage_store.h"
 #include "platform/fake_host.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr int patience = 20'000; // milliseconds; only a hang takes that long
 
 const std::size_t allRows = 18 + cleanupTableOf(SystemKind::linuxSystem).rows.size();
 

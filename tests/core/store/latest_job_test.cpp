@@ -15,13 +15,13 @@
 #include <QTest>
 #include <QThread>
 
+#include "support/patience.h"
+
 namespace corvane {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr int patience = 20'000; // milliseconds; only a hang takes that long
 
 void waitUntilStopped(const StopFlag &stop)
 {

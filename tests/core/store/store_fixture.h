@@ -15,10 +15,9 @@
 #include "cleanup/dev_junk_rule.h"
 #include "core/store/storage_store.h"
 #include "platform/fake_host.h"
+#include "support/patience.h"
 
 namespace corvane {
-
-inline constexpr int patience = 20'000; // milliseconds; only a hang takes that long
 
 /// Blocks a background thread at a system call until the test opens the gate. Other threads may still be waiting when
 /// it is destroyed.

@@ -20,6 +20,7 @@
 
 #include "platform/file_descriptor.h"
 #include "platform/linux/probe_home.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -28,12 +29,10 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
-constexpr std::chrono::seconds patience{20};
-
 template <typename Condition>
 bool waitFor(Condition condition)
 {
-    const auto end = std::chrono::steady_clock::now() + patience;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(patience);
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end)
             return false;

@@ -15,6 +15,7 @@
 #include "shell/ui/shell_ui.h"
 #include "shell/ui/theme.h"
 #include "shell/window/fake_store.h"
+#include "support/patience.h"
 
 namespace corvane {
 
@@ -76,7 +77,7 @@ protected:
     }
     bool isVisible(const char *sheet) const { return object(sheet)->property("visible").toBool(); }
 
-    bool waitFor(const std::function<bool()> &condition) const { return QTest::qWaitFor(condition, 10'000); }
+    bool waitFor(const std::function<bool()> &condition) const { return QTest::qWaitFor(condition, patience); }
     bool waitForItem(const char *name) const
     {
         return waitFor([&] { return item(name) != nullptr; });

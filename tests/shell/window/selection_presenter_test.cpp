@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "shell/window/fake_store.h"
+#include "support/patience.h"
 
 namespace corvane {
 namespace {
@@ -116,7 +117,7 @@ TEST_F(SelectionWords, ItemsInTheTrashAreMentionedAndDeletedOnlyAfterAQuestion)
     EXPECT_EQ(presenter.confirmDelete(), "Delete 4 MB Permanently");
     presenter.confirm();
     EXPECT_TRUE(fake.store.isRemoving());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.store.isRemoving(); }, 20'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.store.isRemoving(); }, patience));
     EXPECT_EQ(*fake.store.toast(), "Moved 3 items (9 MB) to Trash — empty it to free the space");
     EXPECT_EQ(fake.fake.trash.trashed(), std::vector<std::string>{"/home/studio/Movies/one.mov"});
 }
