@@ -6,15 +6,16 @@
 #include <utility>
 
 #include "apps/app_inventory.h"
-#include "shell/store_over_a_home.h"
+#include "shell/registered_store.h"
+#include "shell/without_motion.h"
 
 namespace corvane::test {
 
 /// A store for tests of the applications' UI. Tests fill the inventory and then publish it; its paths exist on the fake
 /// disk too.
-class AppsFixture : public testing::Test, protected StoreOverAHome, WithoutMotion {
+class AppsFixture : public testing::Test, protected RegisteredStore, WithoutMotion {
 protected:
-    AppsFixture() : StoreOverAHome(SystemKind::mac) { fake.files.setPackageExtensions({"app"}); }
+    AppsFixture() : RegisteredStore(SystemKind::mac) { fake.files.setPackageExtensions({"app"}); }
 
     InstalledApp &addApp(const std::string &name, std::int64_t size, const std::string &bundleID = {})
     {

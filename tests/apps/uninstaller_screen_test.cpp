@@ -29,7 +29,7 @@ TEST_F(UninstallerScreenTest, ShowsTheListAndWhatToDoWithIt)
 
 TEST_F(UninstallerScreenTest, WhileTheFirstInventoryIsMadeItSaysSo)
 {
-    gate.setShut(true);
+    const Gate gate = blockFolders();
     show();
     EXPECT_TRUE(shows(QStringLiteral("Finding your apps and the files they leave behind…")));
     EXPECT_TRUE(shows(QStringLiteral("Measuring apps and their leftovers…")));

@@ -4,15 +4,16 @@
 #include <string>
 
 #include "core/systems/linux_cleanup.h"
-#include "shell/store_over_a_home.h"
+#include "shell/registered_store.h"
+#include "shell/without_motion.h"
 #include "support/patience.h"
 
 namespace corvane::test {
 
 /// A store for tests of the catalogue's UI; a Mac unless specified otherwise.
-class CleanupFixture : public testing::Test, protected StoreOverAHome, WithoutMotion {
+class CleanupFixture : public testing::Test, protected RegisteredStore, WithoutMotion {
 protected:
-    explicit CleanupFixture(SystemKind system = SystemKind::mac) : StoreOverAHome(system)
+    explicit CleanupFixture(SystemKind system = SystemKind::mac) : RegisteredStore(system)
     {
         fake.files.setPackageExtensions({"app", "xcarchive"});
     }
@@ -53,7 +54,7 @@ protected:
         return static_cast<int>(std::ranges::count_if(CleanupCatalog::definitions, isShown) +
                                 std::ranges::count_if(linuxCleanup.rows, isShown));
     }
-    void select(const std::string &relative) { StoreOverAHome::select(relative, 1); }
+    void select(const std::string &relative) { RegisteredStore::select(relative, 1); }
 };
 
 } // namespace corvane::test

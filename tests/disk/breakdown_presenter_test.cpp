@@ -11,8 +11,8 @@
 #include <QTest>
 
 #include "disk/sample_breakdown.h"
+#include "shell/store_with_films.h"
 #include "shell/ui/theme.h"
-#include "shell/window/fake_store.h"
 #include "support/patience.h"
 
 namespace corvane {
@@ -22,15 +22,15 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class BreakdownPresenterTest : public testing::Test {
+class BreakdownPresenterTest : public testing::Test, protected StoreWithFilms {
 protected:
-    BreakdownPresenterTest() { fake.fake.files.setSystemKind(SystemKind::mac); }
+    BreakdownPresenterTest() { fake.files.setSystemKind(SystemKind::mac); }
     ~BreakdownPresenterTest() override { Theme::instance()->setDark(false); }
 
     /// Sets the store's breakdown, which the presenter then shows.
     void show(const DiskBreakdown &breakdown)
     {
-        store().finishBreakdown(breakdown, store().breakdownToken());
+        store.finishBreakdown(breakdown, store.breakdownToken());
         presenter();
     }
     void showSnapshots(std::vector<LocalSnapshot> snapshots)
@@ -46,7 +46,6 @@ protected:
             snapshots.push_back(test::snapshotAt(i));
         showSnapshots(std::move(snapshots));
     }
-    StorageStore &store() { return fake.store; }
     [[nodiscard]] std::vector<std::string> legend()
     {
         std::vector<std::string> titles;
@@ -71,12 +70,11 @@ protected:
         return -1;
     }
 
-    FakeStore fake;
     /// Created on first use, with the store's state at that time.
     BreakdownPresenter &presenter()
     {
         if (!made)
-            made.emplace(store());
+            made.emplace(store);
         return *made;
     }
 
@@ -100,9 +98,9 @@ TEST_F(BreakdownPresenterTest, AsksForABreakdownWhereThereIsNone)
 TEST_F(BreakdownPresenterTest, AsksForNoneWhereThereIsOneOrOneIsUnderWay)
 {
     show(test::sampleBreakdown());
-    EXPECT_EQ(store().breakdownToken(), 0);
+    EXPECT_EQ(store.breakdownToken(), 0);
 
-    FakeStore other;
+    StoreWithFilms other;
     other.store.refreshBreakdown();
     const BreakdownPresenter late(other.store);
     EXPECT_EQ(other.store.breakdownToken(), 1);
@@ -114,7 +112,7 @@ TEST_F(BreakdownPresenterTest, RefreshAsksForANewBreakdownAndTheOldOneStaysMeanw
 
     presenter().refresh();
 
-    EXPECT_EQ(store().breakdownToken(), 1);
+    EXPECT_EQ(store.breakdownToken(), 1);
     EXPECT_TRUE(presenter().isLoading());
     EXPECT_TRUE(presenter().isAvailable());
     EXPECT_EQ(presenter().percentage(), QStringLiteral("95%"));
@@ -170,7 +168,7 @@ TEST_F(BreakdownPresenterTest, NegativeFiguresAreShownAsZero)
 
     disk.total = 0;
     disk.free = -5;
-    store().finishBreakdown(disk, store().breakdownToken());
+    store.finishBreakdown(disk, store.breakdownToken());
     EXPECT_EQ(presenter().free(), QStringLiteral("Zero KB"));
     EXPECT_EQ(presenter().parts().constLast().size, 0);
 }
@@ -364,7 +362,7 @@ TEST_F(BreakdownPresenterTest, TheCommandsAreThoseOfTheSystem)
 
 TEST_F(BreakdownPresenterTest, ASnapshotWithACommandOfItsOwnShowsWhatItTakesAndOffersIt)
 {
-    fake.fake.files.setSystemKind(SystemKind::linuxSystem);
+    fake.files.setSystemKind(SystemKind::linuxSystem);
     DiskBreakdown disk = test::sampleBreakdown();
     disk.system = SystemKind::linuxSystem;
     LocalSnapshot snapper = test::snapshotAt(0);
@@ -389,22 +387,22 @@ TEST_F(BreakdownPresenterTest, AMeasuredFolderIsRevealed)
 {
     show(test::sampleBreakdown());
     presenter().perform(rowOf("/Applications"));
-    EXPECT_THAT(fake.fake.log->lines(), Contains("reveal /Applications"));
+    EXPECT_THAT(fake.log->lines(), Contains("reveal /Applications"));
 }
 
 TEST_F(BreakdownPresenterTest, TheScannedFolderOpensInTheSpaceMap)
 {
     show(test::sampleBreakdown());
-    store().setSidebar(StorageStore::SidebarItem::breakdown);
+    store.setSidebar(StorageStore::SidebarItem::breakdown);
     presenter().perform(rowOf("scanned"));
-    EXPECT_EQ(store().sidebar(), StorageStore::SidebarItem::explorer);
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::explorer);
 }
 
 TEST_F(BreakdownPresenterTest, HiddenDataLeadsToTheSettingsOfFullDiskAccess)
 {
     show(test::sampleBreakdown());
     presenter().perform(rowOf("hidden"));
-    EXPECT_THAT(fake.fake.log->lines(),
+    EXPECT_THAT(fake.log->lines(),
                 Contains("openUrl x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"));
 }
 
@@ -413,15 +411,15 @@ TEST_F(BreakdownPresenterTest, WhatIsNotScannedYetStartsAScanOfTheHome)
     show(test::unscannedBreakdown());
     EXPECT_TRUE(presenter().canScan());
     const QSignalSpy changes(&presenter(), &BreakdownPresenter::canScanChanged);
-    fake.gate.setShut(true);
+    Gate gate = blockFolders();
 
     presenter().perform(rowOf("hidden"));
 
-    EXPECT_EQ(store().phase(), StorageStore::Phase::scanning);
-    EXPECT_EQ(store().lastScanPath(), fake.home);
+    EXPECT_EQ(store.phase(), StorageStore::Phase::scanning);
+    EXPECT_EQ(store.lastScanPath(), home);
     EXPECT_FALSE(presenter().canScan());
     EXPECT_GE(changes.count(), 1);
-    fake.gate.setShut(false);
+    gate.open();
     EXPECT_TRUE(QTest::qWaitFor([&] { return presenter().canScan(); }, patience));
 }
 
@@ -429,25 +427,25 @@ TEST_F(BreakdownPresenterTest, TheNudgeStartsAScanOfTheHome)
 {
     show(test::unscannedBreakdown());
     presenter().scanHome();
-    EXPECT_EQ(store().lastScanPath(), fake.home);
+    EXPECT_EQ(store.lastScanPath(), home);
 }
 
 TEST_F(BreakdownPresenterTest, ARowWithoutAnActionDoesNothing)
 {
     show(test::sampleBreakdown());
-    const auto before = fake.fake.log->lines().size();
+    const auto before = fake.log->lines().size();
     presenter().perform(rowOf("system"));
     presenter().perform(-1);
     presenter().perform(100);
-    EXPECT_EQ(fake.fake.log->lines().size(), before);
-    EXPECT_EQ(store().phase(), StorageStore::Phase::idle);
+    EXPECT_EQ(fake.log->lines().size(), before);
+    EXPECT_EQ(store.phase(), StorageStore::Phase::idle);
 }
 
 TEST_F(BreakdownPresenterTest, TheSummaryLeadsToTheScreen)
 {
     show(test::sampleBreakdown());
     presenter().openBreakdown();
-    EXPECT_EQ(store().sidebar(), StorageStore::SidebarItem::breakdown);
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::breakdown);
 }
 
 TEST_F(BreakdownPresenterTest, ANewBreakdownTakesTheOldOnesPlaceAfterAScan)
@@ -458,7 +456,7 @@ TEST_F(BreakdownPresenterTest, ANewBreakdownTakesTheOldOnesPlaceAfterAScan)
     EXPECT_GE(rowOf("scanned"), 0);
     const QString before = presenter().parts().constFirst().info;
 
-    store().didRemove({.removed = {{fake.home + "/Movies/rushes.mov", 27'880'000'000}}, .failures = {}}, false);
+    store.didRemove({.removed = {{home + "/Movies/rushes.mov", 27'880'000'000}}, .failures = {}}, false);
     EXPECT_TRUE(presenter().isLoading());
     ASSERT_TRUE(QTest::qWaitFor([&] { return !presenter().isLoading(); }, patience));
     EXPECT_NE(presenter().parts()[rowOf("scanned")].info, before);

@@ -12,9 +12,10 @@
 
 #include "disk/sample_breakdown.h"
 #include "shell/quick_scene.h"
+#include "shell/store_with_films.h"
 #include "shell/ui/stacked_bar.h"
 #include "shell/ui/theme.h"
-#include "shell/window/fake_store.h"
+#include "shell/without_motion.h"
 #include "support/patience.h"
 
 namespace corvane {
@@ -26,18 +27,18 @@ using testing::ElementsAre;
 using testing::Not;
 
 /// The whole screen in its own window, operated by mouse and keyboard.
-class BreakdownScreenTest : public testing::Test, WithoutMotion {
+class BreakdownScreenTest : public testing::Test, protected StoreWithFilms, WithoutMotion {
 protected:
     BreakdownScreenTest()
     {
-        fake.fake.files.setSystemKind(SystemKind::mac);
+        fake.files.setSystemKind(SystemKind::mac);
         // A folder at which a test can block the measurement.
-        fake.fake.files.addFile("/Applications/Harbor.app", 60'000'000);
+        fake.files.addFile("/Applications/Harbor.app", 60'000'000);
     }
 
     void show(const DiskBreakdown &disk, QSize size = {1064, 800})
     {
-        fake.store.finishBreakdown(disk, fake.store.breakdownToken());
+        store.finishBreakdown(disk, store.breakdownToken());
         showFile("BreakdownScreen", size);
     }
     void showFile(const char *file, QSize size)
@@ -126,7 +127,6 @@ protected:
         return item->hasActiveFocus();
     }
 
-    FakeStore fake;
     std::unique_ptr<QuickScene> scene;
 };
 
@@ -142,7 +142,7 @@ TEST_F(BreakdownScreenTest, SaysWhatItShows)
 
 TEST_F(BreakdownScreenTest, BeforeThereIsABreakdownItSaysThatItMeasures)
 {
-    fake.gate.setShut(true);
+    Gate gate = blockFolders();
     showFile("BreakdownScreen", {1064, 800});
 
     EXPECT_NE(visibleItem(QStringLiteral("breakdown.loading")), nullptr);
@@ -150,7 +150,7 @@ TEST_F(BreakdownScreenTest, BeforeThereIsABreakdownItSaysThatItMeasures)
     EXPECT_EQ(visibleItem(QStringLiteral("breakdown.page")), nullptr);
     EXPECT_NE(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
 
-    fake.gate.setShut(false);
+    gate.open();
     EXPECT_TRUE(QTest::qWaitFor([&] { return visibleItem(QStringLiteral("breakdown.page")) != nullptr; }, patience));
     EXPECT_EQ(visibleItem(QStringLiteral("breakdown.loading")), nullptr);
 }
@@ -161,17 +161,17 @@ TEST_F(BreakdownScreenTest, RefreshGivesItsPlaceToTheProgressAndComesBack)
     QQuickItem *const button = visibleItem(QStringLiteral("breakdown.refresh"));
     ASSERT_NE(button, nullptr);
     EXPECT_EQ(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
-    fake.gate.setShut(true);
+    Gate gate = blockFolders();
 
     scene->click(button);
 
-    EXPECT_TRUE(fake.store.breakdownLoading());
+    EXPECT_TRUE(store.breakdownLoading());
     EXPECT_FALSE(button->isEnabled());
     EXPECT_EQ(visibleItem(QStringLiteral("breakdown.refresh")), nullptr);
     EXPECT_NE(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
     EXPECT_THAT(names(), Contains("95% explained")) << "the old one stays";
-    fake.gate.setShut(false);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.store.breakdownLoading(); }, patience));
+    gate.open();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store.breakdownLoading(); }, patience));
     EXPECT_TRUE(button->isEnabled());
     EXPECT_NE(visibleItem(QStringLiteral("breakdown.refresh")), nullptr);
 }
@@ -273,7 +273,7 @@ TEST_F(BreakdownScreenTest, TheNudgeIsShownOnlyWithoutAScan)
                       Contains("Not Scanned Yet, 680.55 GB, 84%")));
     EXPECT_EQ(std::ranges::count(names(), "Scan Home Folder"), 2) << "the nudge's and the row's";
 
-    fake.store.finishBreakdown(test::sampleBreakdown(), fake.store.breakdownToken());
+    store.finishBreakdown(test::sampleBreakdown(), store.breakdownToken());
     EXPECT_EQ(visibleItem(QStringLiteral("breakdown.nudge")), nullptr);
     EXPECT_THAT(names(), Not(Contains("Scan Home Folder")));
 }
@@ -281,9 +281,9 @@ TEST_F(BreakdownScreenTest, TheNudgeIsShownOnlyWithoutAScan)
 TEST_F(BreakdownScreenTest, WhileAScanRunsNoneCanBeStarted)
 {
     show(test::unscannedBreakdown());
-    fake.gate.setShut(true);
+    Gate gate = blockFolders();
     scene->click(visibleItem(QStringLiteral("breakdown.nudge")));
-    ASSERT_EQ(fake.store.phase(), StorageStore::Phase::scanning);
+    ASSERT_EQ(store.phase(), StorageStore::Phase::scanning);
     EXPECT_FALSE(visibleItem(QStringLiteral("breakdown.nudge"))->isEnabled());
     EXPECT_FALSE(visibleItem(QStringLiteral("breakdown.action.hidden"))->isEnabled());
     EXPECT_TRUE(visibleItem(QStringLiteral("breakdown.action./Library"))->isEnabled());
@@ -293,10 +293,10 @@ TEST_F(BreakdownScreenTest, ActionsAreCarriedOutByClickAndByKey)
 {
     show(test::sampleBreakdown());
     scene->click(visibleItem(QStringLiteral("breakdown.action./Applications")));
-    EXPECT_THAT(fake.fake.log->lines(), Contains("reveal /Applications"));
+    EXPECT_THAT(fake.log->lines(), Contains("reveal /Applications"));
     ASSERT_TRUE(tabTo("breakdown.action./Library"));
     scene->key(Qt::Key_Return);
-    EXPECT_THAT(fake.fake.log->lines(), Contains("reveal /Library"));
+    EXPECT_THAT(fake.log->lines(), Contains("reveal /Library"));
 }
 
 TEST_F(BreakdownScreenTest, TheSnapshotsCardIsThereOnlyWithSnapshots)
@@ -308,7 +308,7 @@ TEST_F(BreakdownScreenTest, TheSnapshotsCardIsThereOnlyWithSnapshots)
 
     for (int i = 0; i < 9; ++i)
         disk.snapshots.push_back(test::snapshotAt(i));
-    fake.store.finishBreakdown(disk, fake.store.breakdownToken());
+    store.finishBreakdown(disk, store.breakdownToken());
     EXPECT_THAT(names(),
                 AllOf(Contains("Local Time Machine Snapshots"), Contains("9 found"), Contains("+ 3 more"),
                       Contains("macOS keeps these hourly copies when Time Machine is on and deletes them by itself "
@@ -342,7 +342,7 @@ TEST_F(BreakdownScreenTest, ACopyButtonSaysCopiedAndKeepsItsWidth)
 
 TEST_F(BreakdownScreenTest, ASnapshotsOwnCommandReplacesTheGeneralOne)
 {
-    fake.fake.files.setSystemKind(SystemKind::linuxSystem);
+    fake.files.setSystemKind(SystemKind::linuxSystem);
     DiskBreakdown disk = test::sampleBreakdown();
     disk.system = SystemKind::linuxSystem;
     disk.snapshots = {{.name = "snapper root 3",
@@ -400,21 +400,21 @@ TEST_F(BreakdownScreenTest, NothingIsCutOffInTheSmallestWindow)
 
 TEST_F(BreakdownScreenTest, TheSummaryShowsTheExplainedShareAndOpensTheScreen)
 {
-    fake.store.finishBreakdown(test::sampleBreakdown(), fake.store.breakdownToken());
+    store.finishBreakdown(test::sampleBreakdown(), store.breakdownToken());
     showFile("BreakdownSummaryCard", {900, 44});
     EXPECT_THAT(names(), AllOf(Contains("Where's my space?"), Contains("95% of 811.29 GB explained")));
     EXPECT_EQ(scene->window()->findChild<StackedBar *>(QStringLiteral("summary.bar"))->parts().size(), 7);
 
     scene->click(visibleItem(QStringLiteral("summary.seeBreakdown")));
-    EXPECT_EQ(fake.store.sidebar(), StorageStore::SidebarItem::breakdown);
+    EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::breakdown);
 }
 
 TEST_F(BreakdownScreenTest, TheSummaryWaitsForABreakdown)
 {
-    fake.gate.setShut(true);
+    Gate gate = blockFolders();
     showFile("BreakdownSummaryCard", {900, 44});
     EXPECT_THAT(names(), AllOf(Contains("Where's my space?"), Contains("Measuring your disk…")));
-    EXPECT_TRUE(fake.store.breakdownLoading());
+    EXPECT_TRUE(store.breakdownLoading());
 }
 
 TEST_F(BreakdownScreenTest, FiguresOfAStoppedScanAreMarkedAndANewScanIsOffered)
@@ -427,14 +427,14 @@ TEST_F(BreakdownScreenTest, FiguresOfAStoppedScanAreMarkedAndANewScanIsOffered)
     show(disk);
     EXPECT_THAT(names(), Contains("Partial: the scan was stopped"));
     scene->click(visibleItem(QStringLiteral("breakdown.scanAgain")));
-    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio") << "nothing else was scanned before";
+    EXPECT_EQ(store.lastScanPath(), "/home/studio") << "nothing else was scanned before";
 }
 
 TEST_F(BreakdownScreenTest, TheSummaryOfAStoppedScanIsMarked)
 {
     DiskBreakdown disk = test::sampleBreakdown();
     disk.scanIsPartial = true;
-    fake.store.finishBreakdown(disk, fake.store.breakdownToken());
+    store.finishBreakdown(disk, store.breakdownToken());
     showFile("BreakdownSummaryCard", {772, 44});
     EXPECT_THAT(names(), AllOf(Contains("95% of 811.29 GB explained"), Contains("Partial: the scan was stopped")));
     const QQuickItem *const words = visibleItem(QStringLiteral("summary.text"));

@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "core/store/store_fixture.h"
-#include "shell/store_over_a_home.h"
+#include "shell/registered_store.h"
+#include "shell/without_motion.h"
+#include "support/patience.h"
 
 namespace corvane::test {
 
 /// A store for tests of the duplicates' UI. Tests add files and then run a scan and a search.
-class DuplicatesFixture : public testing::Test, protected StoreOverAHome, WithoutMotion {
+class DuplicatesFixture : public testing::Test, protected RegisteredStore, WithoutMotion {
 protected:
     /// Adds a file with this content, last modified `day` days after the start of 2024; negative for an unknown date.
     void add(const std::string &relative, const std::string &content, std::int64_t size, int day)

@@ -5,7 +5,8 @@
 #include <string_view>
 
 #include "lists/ui/file_table_model.h"
-#include "shell/store_over_a_home.h"
+#include "shell/registered_store.h"
+#include "shell/without_motion.h"
 
 namespace corvane::test {
 
@@ -20,11 +21,11 @@ struct SetClock {
 };
 
 /// A store for tests of lists of files, on 22 November 2026.
-class ListsFixture : public testing::Test, protected SetClock, protected StoreOverAHome, WithoutMotion {
+class ListsFixture : public testing::Test, protected SetClock, protected RegisteredStore, WithoutMotion {
 protected:
     static constexpr std::int64_t megabyte = 1'000'000;
 
-    ListsFixture() : StoreOverAHome(SystemKind::linuxSystem, {.now = [this] { return now; }})
+    ListsFixture() : RegisteredStore(SystemKind::linuxSystem, {.now = [this] { return now; }})
     {
         fake.files.setPackageExtensions({"photoslibrary"});
     }

@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "cleanup/dev_junk_rule.h"
-#include "shell/store_over_a_home.h"
+#include "shell/registered_store.h"
 
 namespace corvane::test {
 
 /// A store for tests of the explorer.
-class ExplorerFixture : public testing::Test, protected StoreOverAHome {
+class ExplorerFixture : public testing::Test, protected RegisteredStore {
 protected:
     ExplorerFixture() { fake.files.setPackageExtensions({"app", "fcpbundle", "photoslibrary"}); }
 
@@ -39,7 +39,7 @@ protected:
         return nullptr;
     }
     void open(const std::string &relative) { store.open(node(relative)); }
-    void select(const std::string &relative) { StoreOverAHome::select(relative, node(relative)->size); }
+    void select(const std::string &relative) { RegisteredStore::select(relative, node(relative)->size); }
     void deselect(const std::string &relative) { store.setSelected(at(relative), 0, false); }
 };
 

@@ -12,6 +12,7 @@
 #include "map/ui/treemap_view.h"
 #include "shell/screen_scene.h"
 #include "shell/ui/theme.h"
+#include "shell/without_motion.h"
 #include "support/patience.h"
 
 namespace corvane {

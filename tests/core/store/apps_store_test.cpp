@@ -11,7 +11,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "core/store/store_fixture.h"
+#include "core/store/store_over_a_home.h"
 
 namespace corvane {
 namespace {
@@ -23,22 +23,20 @@ using testing::IsEmpty;
 constexpr Time someDay{std::chrono::seconds{1'700'000'000}};
 
 /// A store over a fake disk with two applications, the leftovers of one of them, and those of a deleted one.
-class AppsStoreTest : public testing::Test {
+class AppsStoreTest : public testing::Test, protected StoreOverAHome {
 protected:
-    AppsStoreTest()
+    AppsStoreTest() : StoreOverAHome(SystemKind::mac, {.now = [] { return someDay; }, .quitDelay = 1ms})
     {
-        fake.files.setHome(home);
-        fake.files.setSystemKind(SystemKind::mac);
         addInfo(deck, "com.deck.app");
         addInfo(mill, "net.mill.layout");
         fake.files.addFile(deck + "/Contents/MacOS/Deck", 5'000'000);
         fake.files.addFile(deck + "/Contents/Frameworks/Kit", 2'000'000);
         fake.files.addFile(mill + "/Contents/MacOS/Mill", 6'000'000);
-        fake.files.addFile(at("Library/Caches/com.deck.app/entry"), 3'000'000);
-        fake.files.addFile(at("Library/Preferences/com.deck.app.plist"), 4'096);
-        fake.files.addFile(at("Library/Caches/org.gone.tool/old"), 1'000'000);
-        fake.files.addFile(at("Library/Logs/org.gone.tool/log"), 500'000);
-        fake.files.addFile(at("Movies/a.mov"), 3'000'000);
+        addFile("Library/Caches/com.deck.app/entry", 3'000'000);
+        addFile("Library/Preferences/com.deck.app.plist", 4'096);
+        addFile("Library/Caches/org.gone.tool/old", 1'000'000);
+        addFile("Library/Logs/org.gone.tool/log", 500'000);
+        addFile("Movies/a.mov", 3'000'000);
     }
 
     void addInfo(const std::string &bundle, const std::string &identifier)
@@ -71,15 +69,10 @@ protected:
 
     std::vector<std::string> requests() const { return fake.log->linesStartingWith("requestQuit "); }
     std::vector<std::string> moves() const { return fake.log->linesStartingWith("trashItem "); }
-    std::string at(const std::string &relative) const { return home + "/" + relative; }
 
     std::vector<InstalledApp> loaded;
-    const std::string home = "/Users/u";
     const std::string deck = "/Applications/Deck.app";
     const std::string mill = "/Applications/Mill.app";
-    FakeHost fake;
-    ProtectedLocations locations{home, ProtectedPlaces{}};
-    StorageStore store{fake.host(), locations, {.now = [] { return someDay; }, .quitDelay = 1ms}};
 };
 
 // --- The inventory

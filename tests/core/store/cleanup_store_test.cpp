@@ -12,9 +12,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "core/store/storage_store.h"
-#include "platform/fake_host.h"
-#include "support/patience.h"
+#include "core/store/store_over_a_home.h"
 
 namespace corvane {
 namespace {
@@ -25,16 +23,15 @@ using testing::IsEmpty;
 const std::size_t allRows = 18 + cleanupTableOf(SystemKind::linuxSystem).rows.size();
 
 /// A store over a fake home folder with caches of 9 MB, a Trash of 2 MB and downloads of 20 MB.
-class CleanupStoreTest : public testing::Test {
+class CleanupStoreTest : public testing::Test, protected StoreOverAHome {
 protected:
     CleanupStoreTest()
     {
-        fake.files.setHome(home);
-        fake.files.addFile(at("Library/Caches/app/deep/a"), 5'000'000);
-        fake.files.addFile(at("Library/Caches/app/b"), 1'000'000);
-        fake.files.addFile(at("Library/Caches/other"), 3'000'000);
-        fake.files.addFile(at(".Trash/old"), 2'000'000);
-        fake.files.addFile(at("Downloads/film.mov"), 20'000'000);
+        addFile("Library/Caches/app/deep/a", 5'000'000);
+        addFile("Library/Caches/app/b", 1'000'000);
+        addFile("Library/Caches/other", 3'000'000);
+        addFile(".Trash/old", 2'000'000);
+        addFile("Downloads/film.mov", 20'000'000);
     }
 
     void measure()
@@ -42,10 +39,7 @@ protected:
         store.refreshCleanup();
         waitForMeasurement();
     }
-    void waitForMeasurement()
-    {
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !store.cleanupLoading(); }, patience));
-    }
+    void waitForMeasurement() { ASSERT_TRUE(waitForCleanup()); }
     const CleanupItem &item(std::string_view id) const
     {
         return *std::ranges::find_if(store.cleanupItems(), [&](const CleanupItem &each) { return each.def->id == id; });
@@ -57,12 +51,6 @@ protected:
             paths.push_back(path);
         return paths;
     }
-    std::string at(const std::string &relative) const { return home + "/" + relative; }
-
-    const std::string home = "/Users/u";
-    FakeHost fake;
-    ProtectedLocations locations{home, ProtectedPlaces{}};
-    StorageStore store{fake.host(), locations};
 };
 
 TEST_F(CleanupStoreTest, NothingIsMeasuredUntilAsked)
@@ -119,7 +107,7 @@ TEST_F(CleanupStoreTest, WhatCannotBeListedNeedsAccessAndAddsNothing)
 TEST_F(CleanupStoreTest, AFinishedScanMeasuresTheCatalogue)
 {
     store.scanHome();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
+    ASSERT_TRUE(waitForReady());
     waitForMeasurement();
     EXPECT_EQ(store.cleanupItems().size(), allRows);
 }
@@ -301,7 +289,7 @@ TEST_F(CleanupStoreTest, AFolderOfTheTreeIsShownInTheMap)
 {
     store.setSidebar(StorageStore::SidebarItem::cleanup);
     store.scanHome();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience));
+    ASSERT_TRUE(waitForReady());
     const std::shared_ptr<FileNode> downloads = store.root()->children.front();
     store.showInMap(downloads);
     EXPECT_EQ(store.currentFolder(), downloads);

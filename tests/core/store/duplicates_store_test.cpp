@@ -8,8 +8,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "core/store/storage_store.h"
-#include "core/store/store_fixture.h"
+#include "core/store/store_over_a_home.h"
 
 namespace corvane {
 namespace {
@@ -20,11 +19,10 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 /// A store over a home with three copies of one film and two of one song, after a search.
-class DuplicatesStoreTest : public testing::Test {
+class DuplicatesStoreTest : public testing::Test, protected StoreOverAHome {
 protected:
     DuplicatesStoreTest()
     {
-        fake.files.setHome(home);
         add("Films/film.mov", "film", 3'000'000, 3'000);
         add("Films/film copy.mov", "film", 3'000'000, 2'000);
         add("Archive/film.mov", "film", 3'000'000, 1'000);
@@ -32,7 +30,7 @@ protected:
         add("Archive/song.wav", "song", 2'000'000, 2'000);
         add("Films/other.mov", "other", 3'000'000, 1'000);
         store.scanHome();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return store.phase() == Phase::ready; }, patience));
+        EXPECT_TRUE(waitForReady());
     }
 
     void add(const std::string &relative, const std::string &content, std::int64_t size, std::int64_t modified)
@@ -73,12 +71,6 @@ protected:
             paths.push_back(path.substr(home.size() + 1));
         return paths;
     }
-    std::string at(const std::string &relative) const { return home + "/" + relative; }
-
-    const std::string home = "/Users/me";
-    FakeHost fake;
-    const ProtectedLocations locations{home, {}};
-    StorageStore store{fake.host(), locations};
 };
 
 TEST_F(DuplicatesStoreTest, AreNotSearchedUnasked)
@@ -151,7 +143,7 @@ TEST_F(DuplicatesStoreTest, AreClearedByANewScanAndAResultOfTheOldOneIsDropped)
     EXPECT_EQ(store.duplicatePhase(), Phase::idle);
     EXPECT_THAT(store.duplicateGroups(), IsEmpty());
     gate.open();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == Phase::ready; }, patience));
+    ASSERT_TRUE(waitForReady());
     QTest::qWait(50);
     EXPECT_EQ(store.duplicatePhase(), Phase::idle);
     EXPECT_THAT(store.duplicateGroups(), IsEmpty());
@@ -240,7 +232,7 @@ TEST_F(DuplicatesStoreTest, AGroupThatIsNoneAnyMoreAfterARescanStillGuardsWhatTh
     fake.files.take(at("Films/film.mov"));
     fake.files.take(at("Films/film copy.mov"));
     store.scanHome();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == Phase::ready; }, patience));
+    ASSERT_TRUE(waitForReady());
     search();
     remove({{at("Archive/film.mov"), 3'000'000}});
     EXPECT_TRUE(fake.files.has(at("Archive/film.mov"))) << "the last one of its kind";

@@ -250,8 +250,9 @@ TEST_F(StorageStoreTest, AScanThatCouldNotGoOnShowsNothingAndSaysWhy)
     ASSERT_TRUE(QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::idle; }, patience));
     EXPECT_FALSE(store.hasScan());
     EXPECT_TRUE(store.toastIsWarning());
-    EXPECT_EQ(store.toast(), "Can't scan u: too many files are open at once; close some programs, or raise the limit "
-                             "(ulimit -n)");
+    EXPECT_EQ(store.toast(),
+              "Can't scan studio: too many files are open at once; close some programs, or raise the limit "
+              "(ulimit -n)");
 }
 
 TEST_F(StorageStoreTest, TheProgramKeepsItsFullSpeedUntilTheScanHasEnded)

@@ -14,7 +14,7 @@ namespace {
 
 class FeedbackTest : public testing::Test {
 protected:
-    FeedbackTest() { fake.store.setShowFeedback(true); }
+    FeedbackTest() { program.store.setShowFeedback(true); }
 
     void sendAndWait()
     {
@@ -24,11 +24,11 @@ protected:
     }
     [[nodiscard]] QJsonObject posted() const
     {
-        return QJsonDocument::fromJson(fake.server.requests().back().body).object();
+        return QJsonDocument::fromJson(program.server.requests().back().body).object();
     }
 
-    ServicesOverAStore fake;
-    FeedbackPresenter presenter{fake.store, fake.services};
+    ServicesOverAStore program;
+    FeedbackPresenter presenter{program.store, program.services};
 };
 
 TEST_F(FeedbackTest, StartsAsAnIdeaWithTheFactsAboutTheMachine)
@@ -65,7 +65,7 @@ TEST_F(FeedbackTest, AMessageOfOnlySpacesCannotBeSent)
     }
     presenter.setMessage(QStringLiteral(" x "));
     EXPECT_TRUE(presenter.canSend());
-    EXPECT_EQ(fake.server.connections(), 0);
+    EXPECT_EQ(program.server.connections(), 0);
 }
 
 TEST_F(FeedbackTest, PostsWhatWasWrittenWithoutTheSpaceAroundIt)
@@ -75,14 +75,14 @@ TEST_F(FeedbackTest, PostsWhatWasWrittenWithoutTheSpaceAroundIt)
     presenter.setEmail(QStringLiteral("  ada@example.org\n"));
     sendAndWait();
 
-    ASSERT_EQ(fake.server.requests().size(), 1u);
-    EXPECT_EQ(fake.server.requests()[0].method, "POST");
-    EXPECT_EQ(fake.server.requests()[0].path, "/api/feedback");
+    ASSERT_EQ(program.server.requests().size(), 1u);
+    EXPECT_EQ(program.server.requests()[0].method, "POST");
+    EXPECT_EQ(program.server.requests()[0].path, "/api/feedback");
     const QJsonObject expected{{QStringLiteral("message"), QStringLiteral("It hangs.\n\nOften.")},
                                {QStringLiteral("email"), QStringLiteral("ada@example.org")},
                                {QStringLiteral("category"), QStringLiteral("bug")},
                                {QStringLiteral("source"), QStringLiteral("app")},
-                               {QStringLiteral("info"), AppInfo::system(fake.fake.files)}};
+                               {QStringLiteral("info"), AppInfo::system(program.fake.files)}};
     EXPECT_EQ(posted(), expected);
     EXPECT_TRUE(presenter.isSent());
     EXPECT_EQ(presenter.thanksText(), QStringLiteral("We'll reply to ada@example.org"));
@@ -110,12 +110,12 @@ TEST_F(FeedbackTest, IsSentOnceHoweverOftenTheButtonIsPressed)
     ASSERT_TRUE(QTest::qWaitFor([&] { return presenter.isSent(); }));
     presenter.send();
     QTest::qWait(20);
-    EXPECT_EQ(fake.server.requests().size(), 1u);
+    EXPECT_EQ(program.server.requests().size(), 1u);
 }
 
 TEST_F(FeedbackTest, AFailureIsShownAndTheTextIsKept)
 {
-    fake.server.answerAll({.status = 500, .body = R"({"error": "The inbox is full."})"});
+    program.server.answerAll({.status = 500, .body = R"({"error": "The inbox is full."})"});
     presenter.setMessage(QStringLiteral("A way to compare two scans"));
     presenter.setEmail(QStringLiteral("ada@example.org"));
     sendAndWait();
@@ -123,9 +123,9 @@ TEST_F(FeedbackTest, AFailureIsShownAndTheTextIsKept)
     EXPECT_FALSE(presenter.isSent());
     EXPECT_EQ(presenter.message(), QStringLiteral("A way to compare two scans"));
     EXPECT_EQ(presenter.email(), QStringLiteral("ada@example.org"));
-    EXPECT_FALSE(fake.store.toast().has_value()) << "the form tells it";
+    EXPECT_FALSE(program.store.toast().has_value()) << "the form tells it";
 
-    fake.server.answerAll({.status = 200});
+    program.server.answerAll({.status = 200});
     ASSERT_TRUE(presenter.canSend());
     presenter.send();
     EXPECT_TRUE(presenter.errorText().isEmpty());
@@ -136,18 +136,18 @@ TEST_F(FeedbackTest, ClosesTheFormInTheStore)
 {
     EXPECT_TRUE(presenter.isWanted());
     presenter.close();
-    EXPECT_FALSE(fake.store.showFeedback());
+    EXPECT_FALSE(program.store.showFeedback());
     EXPECT_FALSE(presenter.isWanted());
 }
 
 TEST_F(FeedbackTest, WhatWasWrittenIsThereWhenTheFormIsOpenedAgain)
 {
-    fake.server.answerAll({.status = 500});
+    program.server.answerAll({.status = 500});
     presenter.setMessage(QStringLiteral("half a thought"));
     sendAndWait();
     EXPECT_EQ(presenter.errorText(), QStringLiteral("The server had a problem (500)."));
     presenter.close();
-    fake.store.setShowFeedback(true);
+    program.store.setShowFeedback(true);
     EXPECT_EQ(presenter.message(), QStringLiteral("half a thought"));
     EXPECT_TRUE(presenter.errorText().isEmpty()) << "it has been read";
 }
@@ -161,7 +161,7 @@ TEST_F(FeedbackTest, AfterItWasSentTheNextFormIsEmpty)
     sendAndWait();
     presenter.close();
     EXPECT_TRUE(presenter.isSent()) << "nothing changes while the sheet fades";
-    fake.store.setShowFeedback(true);
+    program.store.setShowFeedback(true);
     EXPECT_FALSE(presenter.isSent());
     EXPECT_EQ(presenter.category(), QStringLiteral("idea"));
     EXPECT_TRUE(presenter.message().isEmpty());
@@ -174,24 +174,24 @@ TEST_F(FeedbackTest, AFormThatIsClosedWhileItIsSentIsConfirmedByTheToast)
     presenter.setMessage(QStringLiteral("x"));
     presenter.send();
     presenter.close();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return fake.store.toast().has_value(); }));
-    EXPECT_EQ(fake.store.toast(), "Feedback sent. Thank you!");
-    EXPECT_FALSE(fake.store.toastIsWarning());
-    fake.store.setShowFeedback(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.store.toast().has_value(); }));
+    EXPECT_EQ(program.store.toast(), "Feedback sent. Thank you!");
+    EXPECT_FALSE(program.store.toastIsWarning());
+    program.store.setShowFeedback(true);
     EXPECT_FALSE(presenter.isSent());
     EXPECT_TRUE(presenter.message().isEmpty());
 }
 
 TEST_F(FeedbackTest, AFailureAfterTheFormWasClosedIsShownInTheToastAndTheForm)
 {
-    fake.server.answerAll({.ending = LoopbackAnswer::Ending::closed});
+    program.server.answerAll({.ending = LoopbackAnswer::Ending::closed});
     presenter.setMessage(QStringLiteral("x"));
     presenter.send();
     presenter.close();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return fake.store.toast().has_value(); }));
-    EXPECT_EQ(fake.store.toast(), "Feedback not sent: Couldn't reach the server. Check your internet connection.");
-    EXPECT_TRUE(fake.store.toastIsWarning());
-    fake.store.setShowFeedback(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.store.toast().has_value(); }));
+    EXPECT_EQ(program.store.toast(), "Feedback not sent: Couldn't reach the server. Check your internet connection.");
+    EXPECT_TRUE(program.store.toastIsWarning());
+    program.store.setShowFeedback(true);
     EXPECT_EQ(presenter.message(), QStringLiteral("x"));
     EXPECT_EQ(presenter.errorText(), QStringLiteral("Couldn't reach the server. Check your internet connection."));
     EXPECT_TRUE(presenter.canSend());
@@ -200,18 +200,18 @@ TEST_F(FeedbackTest, AFailureAfterTheFormWasClosedIsShownInTheToastAndTheForm)
 TEST_F(FeedbackTest, AFormThatIsGoneReceivesNothing)
 {
     {
-        FeedbackPresenter shortLived(fake.store, fake.services);
+        FeedbackPresenter shortLived(program.store, program.services);
         shortLived.setMessage(QStringLiteral("x"));
         shortLived.send();
     }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !fake.server.requests().empty(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !program.server.requests().empty(); }));
     QTest::qWait(20);
 }
 
 TEST_F(FeedbackTest, SaysWhatItWouldSendInTheWordsOfTheSystem)
 {
     EXPECT_EQ(presenter.infoText(), QStringLiteral("Include app and system versions and computer model"));
-    fake.becomeMac();
+    program.becomeMac();
     EXPECT_EQ(presenter.infoText(), QStringLiteral("Include app version, macOS version and Mac model"));
 }
 

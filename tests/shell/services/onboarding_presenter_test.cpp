@@ -17,11 +17,11 @@ class OnboardingTest : public testing::Test {
 protected:
     [[nodiscard]] std::size_t tests() const
     {
-        return fake.fake.log->linesStartingWith("canOpen " + PathGuard::accessProbePath(fake.home)).size();
+        return program.fake.log->linesStartingWith("canOpen " + PathGuard::accessProbePath(program.home)).size();
     }
 
-    ServicesOverAStore fake;
-    OnboardingPresenter presenter{fake.store, fake.services};
+    ServicesOverAStore program;
+    OnboardingPresenter presenter{program.store, program.services};
 };
 
 TEST_F(OnboardingTest, IsWantedUntilItHasBeenDismissedOnce)
@@ -32,21 +32,21 @@ TEST_F(OnboardingTest, IsWantedUntilItHasBeenDismissedOnce)
     EXPECT_FALSE(presenter.isWanted());
     EXPECT_EQ(changes.size(), 1);
 
-    const UserDefaults later(std::make_unique<QSettings>(fake.settingsFile(), QSettings::IniFormat));
+    const UserDefaults later(std::make_unique<QSettings>(program.settingsFile(), QSettings::IniFormat));
     EXPECT_TRUE(later.didOnboard()) << "the next launch does not show it again";
 }
 
 TEST_F(OnboardingTest, IsWantedAgainWhenTheFlagIsTakenBack)
 {
     presenter.dismiss();
-    fake.defaults.setDidOnboard(false);
+    program.defaults.setDidOnboard(false);
     EXPECT_TRUE(presenter.isWanted());
 }
 
 TEST_F(OnboardingTest, AccessThatIsAlreadyGrantedIsShownAtOnce)
 {
-    fake.becomeMac();
-    fake.grantAccess();
+    program.becomeMac();
+    program.grantAccess();
     ASSERT_FALSE(presenter.isGranted());
     presenter.setVisible(true);
     EXPECT_TRUE(presenter.isGranted());
@@ -56,7 +56,7 @@ TEST_F(OnboardingTest, AccessThatIsAlreadyGrantedIsShownAtOnce)
 
 TEST_F(OnboardingTest, TestsTheAccessUntilItIsGrantedAndThenStops)
 {
-    fake.becomeMac();
+    program.becomeMac();
     presenter.setPollInterval(std::chrono::milliseconds(5));
     const std::size_t before = tests();
     presenter.setVisible(true);
@@ -66,16 +66,16 @@ TEST_F(OnboardingTest, TestsTheAccessUntilItIsGrantedAndThenStops)
     EXPECT_TRUE(presenter.isPolling());
 
     const QSignalSpy changes(&presenter, &OnboardingPresenter::accessChanged);
-    fake.grantAccess();
+    program.grantAccess();
     ASSERT_TRUE(QTest::qWaitFor([&] { return presenter.isGranted(); }));
     EXPECT_EQ(changes.size(), 1);
-    EXPECT_TRUE(fake.store.hasFullDiskAccess()) << "the overview's banner goes too";
+    EXPECT_TRUE(program.store.hasFullDiskAccess()) << "the overview's banner goes too";
     EXPECT_FALSE(presenter.isPolling());
 }
 
 TEST_F(OnboardingTest, WaitsASecondBetweenTwoTests)
 {
-    fake.becomeMac();
+    program.becomeMac();
     presenter.setVisible(true);
     ASSERT_TRUE(presenter.isPolling());
     EXPECT_EQ(presenter.pollInterval(), std::chrono::seconds(1));
@@ -83,7 +83,7 @@ TEST_F(OnboardingTest, WaitsASecondBetweenTwoTests)
 
 TEST_F(OnboardingTest, TestsNothingWhileItIsNotSeen)
 {
-    fake.becomeMac();
+    program.becomeMac();
     presenter.setPollInterval(std::chrono::milliseconds(1));
     const std::size_t before = tests();
     QTest::qWait(20);
@@ -99,7 +99,7 @@ TEST_F(OnboardingTest, TestsNothingWhileItIsNotSeen)
 
 TEST_F(OnboardingTest, TextsOnAMacAreExactlyThese)
 {
-    fake.becomeMac();
+    program.becomeMac();
     EXPECT_EQ(presenter.title(), QStringLiteral("Welcome to Corvane"));
     EXPECT_EQ(presenter.welcomeLine(), QStringLiteral("See what's filling your Mac and sweep it out safely."));
     EXPECT_EQ(presenter.accessTitle(), QStringLiteral("Full Disk Access"));
@@ -107,14 +107,14 @@ TEST_F(OnboardingTest, TextsOnAMacAreExactlyThese)
                                                      "without asking folder by folder."));
     EXPECT_TRUE(presenter.hasSettings());
     EXPECT_EQ(presenter.dragHelp(), QStringLiteral("Drag me into the Full Disk Access list"));
-    fake.grantAccess();
+    program.grantAccess();
     presenter.setVisible(true);
     EXPECT_EQ(presenter.accessLine(), QStringLiteral("All set! Corvane can see your whole home folder."));
 }
 
 TEST_F(OnboardingTest, StepsHaveTheirWordsAndTheirBoldOnes)
 {
-    fake.becomeMac();
+    program.becomeMac();
     const auto bold = [](const QString &text) {
         QStringList pieces;
         const QRegularExpression rule(QStringLiteral("<span style=\"font-weight:600\">(.*?)</span>"));
@@ -141,8 +141,8 @@ TEST_F(OnboardingTest, NamesNoMacElsewhere)
     EXPECT_TRUE(presenter.isGranted()) << "the home folder can be read";
     for (const bool granted : {true, false}) {
         if (!granted) {
-            fake.fake.files.failOpening(fake.home);
-            fake.store.refreshAccess();
+            program.fake.files.failOpening(program.home);
+            program.store.refreshAccess();
         }
         for (const QString &text : {presenter.welcomeLine(), presenter.accessTitle(), presenter.accessLine()}) {
             EXPECT_FALSE(text.isEmpty());
@@ -155,7 +155,7 @@ TEST_F(OnboardingTest, NamesNoMacElsewhere)
 TEST_F(OnboardingTest, OpensThePaneOfTheSystemsSettings)
 {
     presenter.openSettings();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"),
+    EXPECT_THAT(program.fake.log->linesStartingWith("openUrl"),
                 ElementsAre("openUrl x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"));
 }
 

@@ -30,12 +30,12 @@ inline constexpr auto serviceSheets = R"(
 /// The sheets of the services over a window, operated by mouse and keyboard.
 class ServiceSheetsTest : public testing::Test {
 protected:
-    explicit ServiceSheetsTest(bool canUpdate = true, bool onMac = true) : fake(canUpdate)
+    explicit ServiceSheetsTest(bool canUpdate = true, bool onMac = true) : program(canUpdate)
     {
         Theme::instance()->setReducedMotion(true); // nothing moves while it is clicked
-        fake.defaults.setDidOnboard(true);
+        program.defaults.setDidOnboard(true);
         if (onMac)
-            fake.becomeMac();
+            program.becomeMac();
         scene.emplace(serviceSheets, "import Corvane.Services\n");
     }
     ~ServiceSheetsTest() override { Theme::instance()->setDark(false); }
@@ -63,20 +63,20 @@ protected:
     }
     void openWelcome()
     {
-        fake.defaults.setDidOnboard(false);
+        program.defaults.setDidOnboard(false);
         ASSERT_TRUE(waitForOpen("welcome"));
     }
     void openFeedback()
     {
-        fake.store.setShowFeedback(true);
+        program.store.setShowFeedback(true);
         ASSERT_TRUE(waitForOpen("feedback"));
     }
     void openCrashPrompt()
     {
-        fake.fake.files.addText(fake.home + "/reports/corvane-1.ips", "one", 4'096, fake.store.now());
-        fake.defaults.setCrashReportLastCheck(QDateTime::fromSecsSinceEpoch(0));
-        fake.crashReporter.checkOnLaunch();
-        ASSERT_TRUE(fake.crashReporter.showPrompt());
+        program.fake.files.addText(program.home + "/reports/corvane-1.ips", "one", 4'096, program.store.now());
+        program.defaults.setCrashReportLastCheck(QDateTime::fromSecsSinceEpoch(0));
+        program.crashReporter.checkOnLaunch();
+        ASSERT_TRUE(program.crashReporter.showPrompt());
         ASSERT_TRUE(waitForOpen("crashPrompt"));
     }
 
@@ -105,10 +105,10 @@ protected:
     }
     [[nodiscard]] QJsonObject posted() const
     {
-        return QJsonDocument::fromJson(fake.server.requests().back().body).object();
+        return QJsonDocument::fromJson(program.server.requests().back().body).object();
     }
 
-    ServicesOverAStore fake;
+    ServicesOverAStore program;
     std::optional<QuickScene> scene;
 };
 

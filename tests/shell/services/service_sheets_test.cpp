@@ -63,7 +63,7 @@ TEST_F(ServiceSheetsTest, SkippingTheWelcomeDismissesItForGood)
     openWelcome();
     scene->click(scene->item("welcome.skip"));
     ASSERT_TRUE(waitForClosed("welcome"));
-    EXPECT_TRUE(fake.defaults.didOnboard());
+    EXPECT_TRUE(program.defaults.didOnboard());
 }
 
 TEST_F(ServiceSheetsTest, EscapeDismissesTheWelcomeForGood)
@@ -71,7 +71,7 @@ TEST_F(ServiceSheetsTest, EscapeDismissesTheWelcomeForGood)
     openWelcome();
     scene->key(Qt::Key_Escape);
     ASSERT_TRUE(waitForClosed("welcome"));
-    EXPECT_TRUE(fake.defaults.didOnboard());
+    EXPECT_TRUE(program.defaults.didOnboard());
     EXPECT_TRUE(scene->item("before")->hasActiveFocus());
 }
 
@@ -80,16 +80,16 @@ TEST_F(ServiceSheetsTest, ReturnOpensTheSystemsSettingsAndTheWelcomeStays)
     openWelcome();
     EXPECT_TRUE(scene->item("welcome.openSettings")->hasActiveFocus());
     scene->key(Qt::Key_Return);
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"),
+    EXPECT_THAT(program.fake.log->linesStartingWith("openUrl"),
                 ElementsAre("openUrl x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"));
     EXPECT_TRUE(isOpen("welcome"));
-    EXPECT_FALSE(fake.defaults.didOnboard());
+    EXPECT_FALSE(program.defaults.didOnboard());
 }
 
 TEST_F(ServiceSheetsTest, WelcomeShowsTheGrantAndHasNoMoreStepsThen)
 {
     openWelcome();
-    fake.grantAccess();
+    program.grantAccess();
     ASSERT_TRUE(QTest::qWaitFor([&] { return says(QStringLiteral("Granted")); }));
     EXPECT_TRUE(says(QStringLiteral("All set! Corvane can see your whole home folder.")));
     EXPECT_EQ(scene->named(QStringLiteral("Drag me into the Full Disk Access list"), QAccessible::Graphic), nullptr);
@@ -108,7 +108,7 @@ TEST_F(ServiceSheetsTest, WelcomeOpensAgainWhenItIsAskedFor)
 TEST_F(ServiceSheetsTest, WelcomeWaitsForTheSheetThatIsOpen)
 {
     scene->window()->setProperty("inTheWay", true);
-    fake.defaults.setDidOnboard(false);
+    program.defaults.setDidOnboard(false);
     QTest::qWait(20);
     EXPECT_FALSE(isOpen("welcome"));
     scene->window()->setProperty("inTheWay", false);
@@ -118,8 +118,8 @@ TEST_F(ServiceSheetsTest, WelcomeWaitsForTheSheetThatIsOpen)
 TEST_F(ServiceSheetsTest, OneSheetFollowsTheOther)
 {
     openFeedback();
-    fake.crashReporter.setShowPrompt(true);
-    fake.defaults.setDidOnboard(false);
+    program.crashReporter.setShowPrompt(true);
+    program.defaults.setDidOnboard(false);
     QTest::qWait(20);
     EXPECT_FALSE(isOpen("welcome"));
     EXPECT_FALSE(isOpen("crashPrompt"));
@@ -135,7 +135,7 @@ TEST_F(ServiceSheetsTest, AHiddenWindowThatShowsAgainStillHasItsWelcome)
     openWelcome();
     scene->window()->hide();
     QTest::qWait(20);
-    EXPECT_FALSE(fake.defaults.didOnboard()) << "closing the window dismisses nothing";
+    EXPECT_FALSE(program.defaults.didOnboard()) << "closing the window dismisses nothing";
 }
 
 TEST_F(ServiceSheetsTest, TheIconShowsThatItCanBeDragged)
@@ -190,7 +190,7 @@ TEST_F(ServiceSheetsOnLinuxTest, WelcomeHasOneButtonAndNoStepsAndNamesNoMac)
               nullptr);
     scene->key(Qt::Key_Return);
     ASSERT_TRUE(waitForClosed("welcome"));
-    EXPECT_TRUE(fake.defaults.didOnboard());
+    EXPECT_TRUE(program.defaults.didOnboard());
 }
 
 // --- The feedback form
@@ -222,7 +222,7 @@ TEST_F(ServiceSheetsTest, FeedbackFormIsWorkedByKeyboardAndThanks)
     EXPECT_TRUE(scene->item("feedback.done")->hasActiveFocus());
     scene->key(Qt::Key_Return);
     ASSERT_TRUE(waitForClosed("feedback"));
-    EXPECT_FALSE(fake.store.showFeedback());
+    EXPECT_FALSE(program.store.showFeedback());
 }
 
 TEST_F(ServiceSheetsTest, ReturnInTheAddressSendsAndTheToggleLeavesTheFactsOut)
@@ -233,14 +233,14 @@ TEST_F(ServiceSheetsTest, ReturnInTheAddressSendsAndTheToggleLeavesTheFactsOut)
     scene->item("feedback.email")->forceActiveFocus();
     scene->key(Qt::Key_Return);
     ASSERT_TRUE(QTest::qWaitFor([&] { return says(QStringLiteral("Thank you!")); }));
-    EXPECT_EQ(fake.server.requests().size(), 1u);
+    EXPECT_EQ(program.server.requests().size(), 1u);
     EXPECT_FALSE(posted().contains(QStringLiteral("info")));
     EXPECT_FALSE(scene->item("feedback.thanks")->isVisible());
 }
 
 TEST_F(ServiceSheetsTest, FeedbackThatFailsSaysWhyAndKeepsItsText)
 {
-    fake.server.answerAll({.status = 503, .body = "<html>"});
+    program.server.answerAll({.status = 503, .body = "<html>"});
     openFeedback();
     EXPECT_FALSE(scene->item("feedback.send")->isEnabled());
     type(QStringLiteral("words"));
@@ -252,12 +252,12 @@ TEST_F(ServiceSheetsTest, FeedbackThatFailsSaysWhyAndKeepsItsText)
     EXPECT_TRUE(scene->item("feedback.send")->isEnabled());
     scene->key(Qt::Key_Escape);
     ASSERT_TRUE(waitForClosed("feedback"));
-    EXPECT_FALSE(fake.store.showFeedback());
+    EXPECT_FALSE(program.store.showFeedback());
 }
 
 TEST_F(ServiceSheetsTest, ALongAnswerOfTheServerStaysInsideTheForm)
 {
-    fake.server.answerAll(
+    program.server.answerAll(
         {.status = 500, .body = "{\"error\": \"" + QByteArray("very long <b>words</b> ").repeated(60) + "\"}"});
     openFeedback();
     type(QStringLiteral("x"));
@@ -300,13 +300,13 @@ TEST_F(ServiceSheetsTest, TheFormCanBeClosedWhileItIsSentAndSaysThen)
     EXPECT_FALSE(scene->item("feedback.send")->isEnabled());
     scene->key(Qt::Key_Escape);
     ASSERT_TRUE(waitForClosed("feedback"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return fake.store.toast().has_value(); }));
-    EXPECT_EQ(fake.server.requests().size(), 1u);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.store.toast().has_value(); }));
+    EXPECT_EQ(program.server.requests().size(), 1u);
 }
 
 TEST_F(ServiceSheetsTest, AfterAFailureTheKeyboardIsBackInTheMessage)
 {
-    fake.server.answerAll({.status = 500});
+    program.server.answerAll({.status = 500});
     openFeedback();
     type(QStringLiteral("x"));
     scene->key(Qt::Key_Return, Qt::ControlModifier);
@@ -324,10 +324,10 @@ TEST_F(ServiceSheetsTest, AnAccidentalReturnSendsNoCrashReport)
     EXPECT_TRUE(scene->item("crashPrompt.dontSend")->hasActiveFocus());
     scene->key(Qt::Key_Return);
     ASSERT_TRUE(waitForClosed("crashPrompt"));
-    EXPECT_FALSE(fake.crashReporter.showPrompt());
+    EXPECT_FALSE(program.crashReporter.showPrompt());
     QTest::qWait(20);
-    EXPECT_EQ(fake.server.connections(), 0);
-    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::ask);
+    EXPECT_EQ(program.server.connections(), 0);
+    EXPECT_EQ(program.defaults.crashReportMode(), Mode::ask);
 }
 
 TEST_F(ServiceSheetsTest, EscapeSendsNoCrashReport)
@@ -335,8 +335,8 @@ TEST_F(ServiceSheetsTest, EscapeSendsNoCrashReport)
     openCrashPrompt();
     scene->key(Qt::Key_Escape);
     ASSERT_TRUE(waitForClosed("crashPrompt"));
-    EXPECT_FALSE(fake.crashReporter.showPrompt());
-    EXPECT_EQ(fake.server.connections(), 0);
+    EXPECT_FALSE(program.crashReporter.showPrompt());
+    EXPECT_EQ(program.server.connections(), 0);
 }
 
 TEST_F(ServiceSheetsTest, SendReportSendsThisTimeOnly)
@@ -344,11 +344,11 @@ TEST_F(ServiceSheetsTest, SendReportSendsThisTimeOnly)
     openCrashPrompt();
     scene->click(scene->item("crashPrompt.send"));
     ASSERT_TRUE(waitForClosed("crashPrompt"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.server.requests().empty(); }));
-    EXPECT_EQ(fake.server.requests()[0].path, "/api/crash");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !program.server.requests().empty(); }));
+    EXPECT_EQ(program.server.requests()[0].path, "/api/crash");
     EXPECT_EQ(posted().value(QStringLiteral("reportName")).toString(), QStringLiteral("corvane-1.ips"));
-    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::ask);
-    EXPECT_FALSE(fake.crashReporter.showPrompt());
+    EXPECT_EQ(program.defaults.crashReportMode(), Mode::ask);
+    EXPECT_FALSE(program.crashReporter.showPrompt());
 }
 
 TEST_F(ServiceSheetsTest, AlwaysSendSendsFromNowOn)
@@ -356,8 +356,8 @@ TEST_F(ServiceSheetsTest, AlwaysSendSendsFromNowOn)
     openCrashPrompt();
     scene->click(scene->item("crashPrompt.always"));
     ASSERT_TRUE(waitForClosed("crashPrompt"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !fake.server.requests().empty(); }));
-    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::always);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !program.server.requests().empty(); }));
+    EXPECT_EQ(program.defaults.crashReportMode(), Mode::always);
 }
 
 TEST_F(ServiceSheetsTest, CrashPromptIsWorkedByKeyboard)

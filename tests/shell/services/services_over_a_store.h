@@ -1,7 +1,7 @@
 #pragma once
 
 #include "shell/fake_services.h"
-#include "shell/window/fake_store.h"
+#include "shell/store_with_films.h"
 #include "support/loopback_server.h"
 
 namespace corvane {
@@ -10,8 +10,8 @@ struct RunningServer {
     LoopbackServer server;
 };
 
-/// The program's services over a fake store and a web service on the loopback interface.
-struct ServicesOverAStore : FakeStore, RunningServer, FakeServices {
+/// The program's services over a store with films and a web service on the loopback interface.
+struct ServicesOverAStore : StoreWithFilms, RunningServer, FakeServices {
     explicit ServicesOverAStore(bool canUpdate = true)
         : FakeServices({.site = server.url(), .reportFolders = {home + "/reports"}, .canUpdate = canUpdate}, fake.files)
     {

@@ -13,10 +13,10 @@ namespace {
 using Mode = UserDefaults::ReportMode;
 
 struct SettingsOf {
-    explicit SettingsOf(bool canUpdate = true) : fake(canUpdate) {}
+    explicit SettingsOf(bool canUpdate = true) : program(canUpdate) {}
 
-    ServicesOverAStore fake;
-    SettingsPresenter presenter{fake.store, fake.services};
+    ServicesOverAStore program;
+    SettingsPresenter presenter{program.store, program.services};
 };
 
 struct SettingsTest : testing::Test, SettingsOf {};
@@ -28,31 +28,31 @@ TEST_F(SettingsTest, OffersTheThreeModesOfCrashReports)
                            QStringLiteral("Never send")}));
     EXPECT_EQ(presenter.crashChoice(), 0) << "asked unless it was chosen otherwise";
     presenter.setCrashChoice(1);
-    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::always);
+    EXPECT_EQ(program.defaults.crashReportMode(), Mode::always);
     presenter.setCrashChoice(2);
-    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::never);
+    EXPECT_EQ(program.defaults.crashReportMode(), Mode::never);
     for (const int none : {-1, 3}) {
         presenter.setCrashChoice(none);
-        EXPECT_EQ(fake.defaults.crashReportMode(), Mode::never);
+        EXPECT_EQ(program.defaults.crashReportMode(), Mode::never);
     }
-    const UserDefaults later(std::make_unique<QSettings>(fake.settingsFile(), QSettings::IniFormat));
+    const UserDefaults later(std::make_unique<QSettings>(program.settingsFile(), QSettings::IniFormat));
     EXPECT_EQ(later.crashReportMode(), Mode::never);
 }
 
 TEST_F(SettingsTest, FollowsTheModeThatIsSetElsewhere)
 {
     const QSignalSpy changes(&presenter, &SettingsPresenter::crashChoiceChanged);
-    fake.crashReporter.sendPending(true);
+    program.crashReporter.sendPending(true);
     EXPECT_EQ(presenter.crashChoice(), 1);
     EXPECT_EQ(changes.size(), 1);
 }
 
 TEST_F(SettingsTest, ExplainsWhatACrashReportHoldsAndWhereItGoes)
 {
-    fake.becomeMac();
+    program.becomeMac();
     API site(QUrl(QStringLiteral("https://corvane.example/")));
-    Services services(fake.defaults, site, fake.crashReporter, fake.updater);
-    EXPECT_EQ(SettingsPresenter(fake.store, services).crashExplanation(),
+    Services services(program.defaults, site, program.crashReporter, program.updater);
+    EXPECT_EQ(SettingsPresenter(program.store, services).crashExplanation(),
               QStringLiteral("Crash reports contain technical details: the app and macOS version, your Mac model and "
                              "the code that was running. They never include file contents, and they're sent only to "
                              "corvane.example to fix bugs."));
@@ -70,16 +70,16 @@ TEST_F(SettingsTest, NamesNoMacElsewhere)
 TEST_F(SettingsTest, UpdatesAreInstalledByThemselvesOnAMacOnly)
 {
     EXPECT_EQ(presenter.installsText(), QStringLiteral("Download updates automatically"));
-    fake.becomeMac();
+    program.becomeMac();
     EXPECT_EQ(presenter.installsText(), QStringLiteral("Download and install updates automatically"));
 }
 
 TEST_F(SettingsTest, SaysWhetherTheAccessIsGrantedWhenTheWindowComesIntoSight)
 {
-    fake.becomeMac();
+    program.becomeMac();
     EXPECT_EQ(presenter.accessTitle(), QStringLiteral("Full Disk Access"));
     EXPECT_EQ(presenter.accessStatus(), QStringLiteral("Not granted"));
-    fake.grantAccess();
+    program.grantAccess();
     presenter.setVisible(true);
     EXPECT_TRUE(presenter.isGranted());
     EXPECT_EQ(presenter.accessStatus(), QStringLiteral("Granted"));
@@ -93,8 +93,8 @@ TEST_F(SettingsTest, SetsWhatTheUpdaterKeeps)
     const QSignalSpy changes(&presenter, &SettingsPresenter::updatesChanged);
     presenter.setChecksAutomatically(false);
     presenter.setInstallsAutomatically(true);
-    EXPECT_FALSE(fake.updateController->checksAutomatically);
-    EXPECT_TRUE(fake.updateController->installsAutomatically);
+    EXPECT_FALSE(program.updateController->checksAutomatically);
+    EXPECT_TRUE(program.updateController->installsAutomatically);
     EXPECT_FALSE(presenter.checksAutomatically());
     EXPECT_TRUE(presenter.installsAutomatically());
     EXPECT_EQ(changes.size(), 2);
@@ -104,12 +104,12 @@ TEST_F(SettingsTest, ChecksForUpdatesOnlyWhileThatIsPossible)
 {
     const QSignalSpy wanted(&presenter, &SettingsPresenter::mainWindowWanted);
     presenter.checkForUpdates();
-    EXPECT_EQ(fake.updateController->checks, 1);
+    EXPECT_EQ(program.updateController->checks, 1);
     EXPECT_EQ(wanted.size(), 1);
-    fake.updateController->setCanCheck(false);
+    program.updateController->setCanCheck(false);
     EXPECT_FALSE(presenter.canCheckNow());
     presenter.checkForUpdates();
-    EXPECT_EQ(fake.updateController->checks, 1);
+    EXPECT_EQ(program.updateController->checks, 1);
     EXPECT_EQ(wanted.size(), 1);
 }
 
@@ -120,9 +120,9 @@ TEST(SettingsOfADevelopmentBuild, HaveNoUpdates)
     EXPECT_FALSE(settings.presenter.canCheckNow());
     settings.presenter.setChecksAutomatically(false);
     settings.presenter.checkForUpdates();
-    EXPECT_EQ(settings.fake.updateController->starts, 0);
-    EXPECT_EQ(settings.fake.updateController->checks, 0);
-    EXPECT_TRUE(settings.fake.updateController->checksAutomatically) << "never asked for anything";
+    EXPECT_EQ(settings.program.updateController->starts, 0);
+    EXPECT_EQ(settings.program.updateController->checks, 0);
+    EXPECT_TRUE(settings.program.updateController->checksAutomatically) << "never asked for anything";
     EXPECT_EQ(settings.presenter.versionText(), QStringLiteral("Version ") + AppInfo::version());
 }
 
@@ -133,10 +133,10 @@ TEST_F(SettingsTest, SaysTheVersion)
 
 TEST_F(SettingsTest, ShowsTheWelcomeAgainInTheMainWindow)
 {
-    fake.defaults.setDidOnboard(true);
+    program.defaults.setDidOnboard(true);
     const QSignalSpy wanted(&presenter, &SettingsPresenter::mainWindowWanted);
     presenter.showWelcome();
-    EXPECT_FALSE(fake.defaults.didOnboard());
+    EXPECT_FALSE(program.defaults.didOnboard());
     EXPECT_EQ(wanted.size(), 1);
 }
 
@@ -144,7 +144,7 @@ TEST_F(SettingsTest, OpensTheFeedbackFormInTheMainWindow)
 {
     const QSignalSpy wanted(&presenter, &SettingsPresenter::mainWindowWanted);
     presenter.sendFeedback();
-    EXPECT_TRUE(fake.store.showFeedback());
+    EXPECT_TRUE(program.store.showFeedback());
     EXPECT_EQ(wanted.size(), 1);
 }
 

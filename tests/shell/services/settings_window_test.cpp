@@ -119,12 +119,12 @@ TEST_F(SettingsWindowTest, SpaceTurnsTheSwitches)
 {
     QTest::keyClick(settings, Qt::Key_Tab);
     QTest::keyClick(settings, Qt::Key_Space);
-    EXPECT_FALSE(fake.updateController->checksAutomatically);
+    EXPECT_FALSE(program.updateController->checksAutomatically);
     QTest::keyClick(settings, Qt::Key_Tab);
     QTest::keyClick(settings, Qt::Key_Space);
-    EXPECT_TRUE(fake.updateController->installsAutomatically);
+    EXPECT_TRUE(program.updateController->installsAutomatically);
     click("settings.checks");
-    EXPECT_TRUE(fake.updateController->checksAutomatically);
+    EXPECT_TRUE(program.updateController->checksAutomatically);
 }
 
 TEST_F(SettingsWindowTest, TheModeOfCrashReportsIsChosenByKeyboard)
@@ -132,8 +132,8 @@ TEST_F(SettingsWindowTest, TheModeOfCrashReportsIsChosenByKeyboard)
     settings->findChild<QQuickItem *>(QStringLiteral("settings.crashChoice"))->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(settings, Qt::Key_Down);
     QTest::keyClick(settings, Qt::Key_Down);
-    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::never);
-    fake.defaults.setCrashReportMode(Mode::always);
+    EXPECT_EQ(program.defaults.crashReportMode(), Mode::never);
+    program.defaults.setCrashReportMode(Mode::always);
     EXPECT_EQ(settings->findChild<QQuickItem *>(QStringLiteral("settings.crashChoice"))->property("displayText"),
               QStringLiteral("Send the report automatically"));
 }
@@ -158,7 +158,7 @@ TEST_F(SettingsWindowTest, EscapeClosesOnlyTheOpenListOfChoices)
     QTest::keyClick(settings, Qt::Key_Escape);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !isListOpen(); }));
     EXPECT_TRUE(settings->isVisible());
-    EXPECT_EQ(fake.defaults.crashReportMode(), Mode::ask);
+    EXPECT_EQ(program.defaults.crashReportMode(), Mode::ask);
 }
 
 TEST_F(SettingsWindowTest, WhatIsShownInTheMainWindowBringsItToTheFront)
@@ -181,19 +181,19 @@ TEST_F(SettingsWindowTest, ChecksForUpdatesAndLeadsToThePrivacyPolicy)
     click("settings.privacy");
     EXPECT_EQ(scene->window()->property("policies").toInt(), 1);
     click("settings.checkNow");
-    EXPECT_EQ(fake.updateController->checks, 1);
+    EXPECT_EQ(program.updateController->checks, 1);
 }
 
 TEST_F(SettingsWindowTest, ButtonIsOffWhileACheckRuns)
 {
-    fake.updateController->setCanCheck(false);
+    program.updateController->setCanCheck(false);
     EXPECT_FALSE(settings->findChild<QQuickItem *>(QStringLiteral("settings.checkNow"))->isEnabled());
 }
 
 TEST_F(SettingsWindowTest, SaysWhetherTheAccessIsGranted)
 {
     QTest::keyClick(settings, Qt::Key_Escape);
-    fake.grantAccess();
+    program.grantAccess();
     ASSERT_TRUE(openSettings());
     EXPECT_THAT(texts(), testing::Contains("Granted"));
 }

@@ -4,9 +4,9 @@
 
 #include <QSignalSpy>
 
+#include "shell/store_with_films.h"
 #include "shell/updates/fake_session.h"
 #include "shell/updates/update_failure.h"
-#include "shell/window/fake_store.h"
 
 namespace corvane {
 namespace {
@@ -15,21 +15,20 @@ using Phase = UpdateState::Phase;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct UpdatePresenterTest : testing::Test {
+struct UpdatePresenterTest : testing::Test, StoreWithFilms {
     [[nodiscard]] std::vector<QString> buttons() const
     {
         return {presenter.acceptText(), presenter.revealText(), presenter.dismissText()};
     }
     void becomeReady(bool isPackage)
     {
-        updates.state.path = fake.home + "/notes.txt";
+        updates.state.path = home + "/notes.txt";
         updates.state.isPackage = isPackage;
         updates.become(Phase::ready);
     }
 
-    FakeStore fake;
     FakeUpdates updates;
-    UpdatePresenter presenter{fake.store, updates.program.services};
+    UpdatePresenter presenter{store, updates.program.services};
 };
 
 TEST_F(UpdatePresenterTest, NothingIsOpenUntilSomethingIsShown)
@@ -95,12 +94,12 @@ TEST_F(UpdatePresenterTest, ReleaseNotesOpenInTheBrowser)
     updates.become(Phase::available);
     EXPECT_FALSE(presenter.hasReleaseNotes());
     presenter.openReleaseNotes();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), IsEmpty());
+    EXPECT_THAT(fake.log->linesStartingWith("openUrl"), IsEmpty());
     updates.state.releaseNotes = QUrl(QStringLiteral("https://corvane.example/1.2.0.html"));
     updates.become(Phase::available);
     EXPECT_TRUE(presenter.hasReleaseNotes());
     presenter.openReleaseNotes();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl https://corvane.example/1.2.0.html"));
+    EXPECT_THAT(fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl https://corvane.example/1.2.0.html"));
 }
 
 TEST_F(UpdatePresenterTest, Downloading)
@@ -129,9 +128,9 @@ TEST_F(UpdatePresenterTest, PackageIsOpenedOnlyWhenTheUserSaysSo)
     EXPECT_EQ(presenter.title(), QStringLiteral("Corvane 1.2.0 has been downloaded"));
     EXPECT_THAT(buttons(), ElementsAre(QStringLiteral("Open Package"), QStringLiteral("Show in File Manager"),
                                        QStringLiteral("Later")));
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), IsEmpty());
+    EXPECT_THAT(fake.log->linesStartingWith("openUrl"), IsEmpty());
     presenter.accept();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl file:///home/studio/notes.txt"));
+    EXPECT_THAT(fake.log->linesStartingWith("openUrl"), ElementsAre("openUrl file:///home/studio/notes.txt"));
     EXPECT_FALSE(presenter.open());
 }
 
@@ -139,8 +138,8 @@ TEST_F(UpdatePresenterTest, PackageIsShownInTheFileManagerToo)
 {
     becomeReady(true);
     presenter.reveal();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("reveal"), ElementsAre("reveal /home/studio/notes.txt"));
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), IsEmpty());
+    EXPECT_THAT(fake.log->linesStartingWith("reveal"), ElementsAre("reveal /home/studio/notes.txt"));
+    EXPECT_THAT(fake.log->linesStartingWith("openUrl"), IsEmpty());
     EXPECT_FALSE(presenter.open());
 }
 
@@ -149,18 +148,18 @@ TEST_F(UpdatePresenterTest, WhatIsNoPackageIsOnlyShown)
     becomeReady(false);
     EXPECT_THAT(buttons(), ElementsAre(QStringLiteral("Show in File Manager"), QString(), QStringLiteral("Later")));
     presenter.accept();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("reveal"), ElementsAre("reveal /home/studio/notes.txt"));
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), IsEmpty());
+    EXPECT_THAT(fake.log->linesStartingWith("reveal"), ElementsAre("reveal /home/studio/notes.txt"));
+    EXPECT_THAT(fake.log->linesStartingWith("openUrl"), IsEmpty());
 }
 
 TEST_F(UpdatePresenterTest, DismissedDownloadIsNeitherOpenedNorShown)
 {
     becomeReady(true);
     presenter.dismiss();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("openUrl"), IsEmpty());
-    EXPECT_THAT(fake.fake.log->linesStartingWith("reveal"), IsEmpty());
+    EXPECT_THAT(fake.log->linesStartingWith("openUrl"), IsEmpty());
+    EXPECT_THAT(fake.log->linesStartingWith("reveal"), IsEmpty());
     presenter.reveal();
-    EXPECT_THAT(fake.fake.log->linesStartingWith("reveal"), IsEmpty()) << "it is not ready any more";
+    EXPECT_THAT(fake.log->linesStartingWith("reveal"), IsEmpty()) << "it is not ready any more";
 }
 
 TEST_F(UpdatePresenterTest, FailureIsOneLine)
@@ -189,7 +188,7 @@ TEST_F(UpdatePresenterTest, StepChangesWithThePhaseAndNotWithTheProgress)
 TEST_F(UpdatePresenterTest, ControllerWithWindowsOfItsOwnShowsNothingHere)
 {
     updates.program.updateController->shown = nullptr;
-    UpdatePresenter other(fake.store, updates.program.services);
+    UpdatePresenter other(store, updates.program.services);
     EXPECT_FALSE(other.open());
     other.accept();
     other.dismiss();

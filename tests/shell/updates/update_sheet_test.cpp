@@ -3,15 +3,15 @@
 #include <QQmlEngine>
 
 #include "shell/quick_scene.h"
+#include "shell/store_with_films.h"
 #include "shell/updates/fake_session.h"
-#include "shell/window/fake_store.h"
 
 namespace corvane {
 namespace {
 
 using Phase = UpdateState::Phase;
 
-class UpdateSheetTest : public testing::Test {
+class UpdateSheetTest : public testing::Test, protected StoreWithFilms {
 protected:
     void SetUp() override
     {
@@ -34,7 +34,6 @@ protected:
         return item ? item->objectName() : QString();
     }
 
-    FakeStore fake;
     FakeUpdates updates;
     QuickScene scene{R"(
         id: window

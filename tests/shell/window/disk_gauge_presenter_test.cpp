@@ -4,47 +4,45 @@
 
 #include <QSignalSpy>
 
-#include "shell/window/fake_store.h"
+#include "shell/store_with_films.h"
 
 namespace corvane {
 namespace {
 
-TEST(DiskGauge, ShowsTheFreeSpaceAsTextAndTheUsedSpaceAsABar)
+struct DiskGauge : testing::Test, StoreWithFilms {};
+
+TEST_F(DiskGauge, ShowsTheFreeSpaceAsTextAndTheUsedSpaceAsABar)
 {
-    FakeStore fake;
-    DiskGaugePresenter presenter{fake.store};
+    DiskGaugePresenter presenter{store};
     EXPECT_EQ(presenter.text(), "183.37 GB free of 994.66 GB");
     EXPECT_NEAR(presenter.usedFraction(), 0.8156, 0.0001);
 }
 
-TEST(DiskGauge, FollowsTheVolumeAfterARemoval)
+TEST_F(DiskGauge, FollowsTheVolumeAfterARemoval)
 {
-    FakeStore fake;
-    DiskGaugePresenter presenter{fake.store};
+    DiskGaugePresenter presenter{store};
     QSignalSpy changed(&presenter, &DiskGaugePresenter::changed);
-    fake.setAvailable(497'331'292'160);
-    fake.store.didRemove({}, false);
+    setAvailable(497'331'292'160);
+    store.didRemove({}, false);
     EXPECT_EQ(changed.size(), 1);
     EXPECT_EQ(presenter.text(), "497.33 GB free of 994.66 GB");
     EXPECT_DOUBLE_EQ(presenter.usedFraction(), 0.5);
 }
 
-TEST(DiskGauge, AnUnknownVolumeIsAnEmptyBar)
+TEST_F(DiskGauge, AnUnknownVolumeIsAnEmptyBar)
 {
-    FakeStore fake;
-    fake.fake.volumes.set("/", {});
-    fake.store.didRemove({}, false);
-    DiskGaugePresenter presenter{fake.store};
+    fake.volumes.set("/", {});
+    store.didRemove({}, false);
+    DiskGaugePresenter presenter{store};
     EXPECT_EQ(presenter.usedFraction(), 0);
     EXPECT_EQ(presenter.text(), "Zero KB free of Zero KB");
 }
 
-TEST(DiskGauge, MoreFreeThanThereIsStaysInTheBar)
+TEST_F(DiskGauge, MoreFreeThanThereIsStaysInTheBar)
 {
-    FakeStore fake;
-    fake.setAvailable(2'000'000'000'000);
-    fake.store.didRemove({}, false);
-    DiskGaugePresenter presenter{fake.store};
+    setAvailable(2'000'000'000'000);
+    store.didRemove({}, false);
+    DiskGaugePresenter presenter{store};
     EXPECT_EQ(presenter.usedFraction(), 0);
 }
 

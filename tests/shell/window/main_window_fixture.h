@@ -12,9 +12,9 @@
 #include <QTest>
 
 #include "shell/fake_services.h"
+#include "shell/store_with_films.h"
 #include "shell/ui/shell_ui.h"
-#include "shell/ui/theme.h"
-#include "shell/window/fake_store.h"
+#include "shell/without_motion.h"
 #include "support/patience.h"
 
 namespace corvane {
@@ -45,19 +45,17 @@ inline constexpr auto mainWindowSource = R"(
     })";
 
 /// The whole window with two fake screens: one that needs a scan and one that does not.
-class MainWindowTest : public testing::Test {
+class MainWindowTest : public testing::Test, protected StoreWithFilms, WithoutMotion {
 protected:
     MainWindowTest()
     {
         services.defaults.setDidOnboard(true);
         setUpShell(engine);
-        Theme::instance()->setReducedMotion(true); // nothing moves while it is clicked
         QQmlComponent component(&engine);
         component.setData(mainWindowSource, QUrl(QStringLiteral("qrc:/scene.qml")));
         window.reset(qobject_cast<QQuickWindow *>(component.create()));
         errors = component.errorString();
     }
-    ~MainWindowTest() override { fake.gate.setShut(false); }
 
     void SetUp() override
     {
@@ -97,8 +95,8 @@ protected:
     }
     void scan()
     {
-        fake.store.scanHome();
-        ASSERT_TRUE(waitFor([this] { return fake.store.phase() == StorageStore::Phase::ready; }));
+        store.scanHome();
+        ASSERT_TRUE(waitFor([this] { return store.phase() == StorageStore::Phase::ready; }));
     }
     void openReview()
     {
@@ -112,7 +110,6 @@ protected:
         ASSERT_TRUE(waitFor([this] { return isOpen("deleteConfirm"); }));
     }
 
-    FakeStore fake;
     FakeServices services;
     QQmlEngine engine;
     std::unique_ptr<QQuickWindow> window;

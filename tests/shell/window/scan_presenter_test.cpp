@@ -6,24 +6,23 @@
 #include <QTest>
 
 #include "core/store/file_url.h"
-#include "shell/window/fake_store.h"
+#include "shell/store_with_films.h"
 
 namespace corvane {
 namespace {
 
 using Phase = StorageStore::Phase;
 
-struct ScanControls : testing::Test {
+struct ScanControls : testing::Test, StoreWithFilms {
     /// Delivers the running scan's result, as its thread would.
     void finish()
     {
         auto result = std::make_shared<StorageStore::ScanResult>();
-        result->root = std::make_shared<FileNode>(fake.store.lastScanPath(), FileNode::Kind::directory);
-        fake.store.finishScan(std::move(result), fake.store.progress());
+        result->root = std::make_shared<FileNode>(store.lastScanPath(), FileNode::Kind::directory);
+        store.finishScan(std::move(result), store.progress());
     }
 
-    FakeStore fake;
-    ScanPresenter presenter{fake.store};
+    ScanPresenter presenter{store};
 };
 
 TEST_F(ScanControls, OfferAScanBeforeTheFirstOne)
@@ -58,7 +57,7 @@ TEST_F(ScanControls, ARescanHidesTheOldScan)
 TEST_F(ScanControls, ARescanRepeatsTheLastScanAndItsTipNamesIt)
 {
     presenter.scan();
-    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio");
+    EXPECT_EQ(store.lastScanPath(), "/home/studio");
     finish();
     EXPECT_EQ(presenter.scanHelp(), "Scan your home folder");
 
@@ -69,25 +68,25 @@ TEST_F(ScanControls, ARescanRepeatsTheLastScanAndItsTipNamesIt)
     EXPECT_EQ(presenter.scanHelp(), "Scan “Movies” again");
     presenter.scan();
     EXPECT_TRUE(presenter.isScanning());
-    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio/Movies");
+    EXPECT_EQ(store.lastScanPath(), "/home/studio/Movies");
     finish();
 
     presenter.scanEntireDisk();
     finish();
     EXPECT_EQ(presenter.scanHelp(), "Scan the entire disk again");
     presenter.scan();
-    EXPECT_EQ(fake.store.lastScanPath(), "/");
+    EXPECT_EQ(store.lastScanPath(), "/");
 }
 
 TEST_F(ScanControls, WithoutAScanToRepeatTheHomeFolderIsScanned)
 {
     presenter.scanUrl(fileUrlOfPath("/home/studio/Movies"));
     finish();
-    fake.store.didRemove({.removed = {{"/home/studio/Movies", 1}}, .failures = {}}, false);
+    store.didRemove({.removed = {{"/home/studio/Movies", 1}}, .failures = {}}, false);
     EXPECT_EQ(presenter.scanTitle(), "Scan");
     EXPECT_EQ(presenter.scanHelp(), "Scan your home folder");
     presenter.scan();
-    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio");
+    EXPECT_EQ(store.lastScanPath(), "/home/studio");
 }
 
 TEST_F(ScanControls, AStoppedScanIsMarkedUntilTheNext)
@@ -104,19 +103,19 @@ TEST_F(ScanControls, AStoppedScanIsMarkedUntilTheNext)
 TEST_F(ScanControls, ScanWhatTheyNameAndNothingElse)
 {
     presenter.scanHome();
-    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio");
+    EXPECT_EQ(store.lastScanPath(), "/home/studio");
     EXPECT_EQ(presenter.heading(), "Scanning studio");
     presenter.scanEntireDisk();
-    EXPECT_EQ(fake.store.lastScanPath(), "/");
+    EXPECT_EQ(store.lastScanPath(), "/");
     EXPECT_EQ(presenter.heading(), "Scanning Macintosh HD");
 }
 
 TEST_F(ScanControls, StopAsksTheWalkToStop)
 {
     presenter.scanHome();
-    EXPECT_FALSE(fake.store.progress()->isCancelled());
+    EXPECT_FALSE(store.progress()->isCancelled());
     presenter.stop();
-    EXPECT_TRUE(fake.store.progress()->isCancelled());
+    EXPECT_TRUE(store.progress()->isCancelled());
 }
 
 TEST_F(ScanControls, ChoosingAFolderAsksTheWindowOnce)
@@ -124,21 +123,21 @@ TEST_F(ScanControls, ChoosingAFolderAsksTheWindowOnce)
     QSignalSpy wanted(&presenter, &ScanPresenter::folderWanted);
     presenter.chooseFolder();
     EXPECT_EQ(wanted.size(), 1);
-    EXPECT_EQ(fake.store.phase(), Phase::idle);
+    EXPECT_EQ(store.phase(), Phase::idle);
     EXPECT_EQ(presenter.folderPrompt(), "Choose a folder or disk for Corvane to analyze");
 }
 
 TEST_F(ScanControls, ProgressIsWrittenForPeople)
 {
     // Block the walk at its first folder, so that only the test sets figures.
-    fake.gate.setShut(true);
+    Gate gate = blockFolders();
     presenter.scanHome();
     EXPECT_EQ(presenter.filesCounted(), "0");
     EXPECT_EQ(presenter.spaceFound(), "Zero KB");
 
-    fake.store.progress()->record(187'406, 418'920'000'000,
-                                  "/home/studio/Mov\xff"
-                                  "ies");
+    store.progress()->record(187'406, 418'920'000'000,
+                             "/home/studio/Mov\xff"
+                             "ies");
     QTRY_COMPARE(presenter.filesCounted(), QStringLiteral("187,406"));
     EXPECT_TRUE(presenter.isScanning());
     EXPECT_EQ(presenter.filesCounted(), "187,406");
@@ -152,16 +151,16 @@ TEST_F(ScanControls, ADroppedFolderIsScanned)
     const QList<QUrl> folder{QUrl::fromLocalFile("/home/studio/Movies")};
     EXPECT_TRUE(presenter.accepts(folder));
     presenter.scanDropped(folder);
-    EXPECT_EQ(fake.store.phase(), Phase::scanning);
-    EXPECT_EQ(fake.store.lastScanPath(), "/home/studio/Movies");
+    EXPECT_EQ(store.phase(), Phase::scanning);
+    EXPECT_EQ(store.lastScanPath(), "/home/studio/Movies");
 }
 
 TEST_F(ScanControls, ADroppedFileIsExplainedInTheToast)
 {
     presenter.scanDropped({QUrl::fromLocalFile("/home/studio/notes.txt")});
-    EXPECT_EQ(fake.store.phase(), Phase::idle);
-    ASSERT_TRUE(fake.store.toast().has_value());
-    EXPECT_TRUE(fake.store.toastIsWarning());
+    EXPECT_EQ(store.phase(), Phase::idle);
+    ASSERT_TRUE(store.toast().has_value());
+    EXPECT_TRUE(store.toastIsWarning());
 }
 
 TEST_F(ScanControls, SeveralDroppedItemsAndAddressesOfTheWebAreNotTaken)
@@ -172,8 +171,8 @@ TEST_F(ScanControls, SeveralDroppedItemsAndAddressesOfTheWebAreNotTaken)
         EXPECT_FALSE(presenter.accepts(urls));
         presenter.scanDropped(urls);
     }
-    EXPECT_EQ(fake.store.phase(), Phase::idle);
-    EXPECT_FALSE(fake.store.toast().has_value());
+    EXPECT_EQ(store.phase(), Phase::idle);
+    EXPECT_FALSE(store.toast().has_value());
 }
 
 TEST_F(ScanControls, LookForAFolderFromTheHomeFolderOn)

@@ -8,7 +8,7 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
-#include "shell/window/fake_store.h"
+#include "shell/store_with_films.h"
 
 namespace corvane {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Review : testing::Test {
+struct Review : testing::Test, StoreWithFilms {
     Review() { model.setActive(true); }
 
     std::vector<std::string> texts(int role) const
@@ -28,8 +28,7 @@ struct Review : testing::Test {
     }
     std::vector<std::string> names() const { return texts(SelectionReviewModel::NameRole); }
 
-    FakeStore fake;
-    SelectionReviewModel model{fake.store};
+    SelectionReviewModel model{store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy resets{&model, &QAbstractItemModel::modelReset};
     QSignalSpy inserted{&model, &QAbstractItemModel::rowsInserted};
@@ -38,9 +37,9 @@ struct Review : testing::Test {
 
 TEST_F(Review, ListsTheLargestFirstWithPathsFromTheHomeFolder)
 {
-    fake.select("small.zip", 2'000'000);
-    fake.select("Movies/large.mov", 8'120'000'000);
-    fake.store.setSelected("/mnt/disk/medium.iso", 5'000'000, true);
+    select("small.zip", 2'000'000);
+    select("Movies/large.mov", 8'120'000'000);
+    store.setSelected("/mnt/disk/medium.iso", 5'000'000, true);
     EXPECT_THAT(names(), ElementsAre("large.mov", "medium.iso", "small.zip"));
     EXPECT_THAT(texts(SelectionReviewModel::PathRole),
                 ElementsAre("~/Movies/large.mov", "/mnt/disk/medium.iso", "~/small.zip"));
@@ -50,7 +49,7 @@ TEST_F(Review, ListsTheLargestFirstWithPathsFromTheHomeFolder)
 
 TEST_F(Review, AFolderBesideTheHomeFolderIsNotShortened)
 {
-    fake.store.setSelected("/home/studio2/a.zip", 1, true);
+    store.setSelected("/home/studio2/a.zip", 1, true);
     EXPECT_THAT(texts(SelectionReviewModel::PathRole), ElementsAre("/home/studio2/a.zip"));
 }
 
@@ -70,57 +69,57 @@ TEST(ReviewOfAnotherHome, AHomeThatIsTheRootOfTheDiskShortensNothing)
 
 TEST_F(Review, NamesThatAreNotTextAreShownAndDropped)
 {
-    fake.select("bad\xff\nname", 2'000'000);
+    select("bad\xff\nname", 2'000'000);
     EXPECT_THAT(names(), ElementsAre("bad\xef\xbf\xbd\xe2\x90\x8aname"));
     model.drop(0);
-    EXPECT_THAT(fake.store.selection(), IsEmpty());
+    EXPECT_THAT(store.selection(), IsEmpty());
 }
 
 TEST_F(Review, EqualSizesStandByPath)
 {
-    fake.select("b", 5);
-    fake.select("a", 5);
-    fake.select("c", 5);
+    select("b", 5);
+    select("a", 5);
+    select("c", 5);
     EXPECT_THAT(names(), ElementsAre("a", "b", "c"));
 }
 
 TEST_F(Review, DroppingAnEntryRemovesOnlyThatEntry)
 {
     for (const char *name : {"a", "b", "c"})
-        fake.select(name, 5);
+        select(name, 5);
     inserted.clear();
     model.drop(1);
     EXPECT_THAT(names(), ElementsAre("a", "c"));
     EXPECT_EQ(removed.size(), 1);
     EXPECT_EQ(inserted.size(), 0);
-    EXPECT_FALSE(fake.store.isSelected("/home/studio/b"));
+    EXPECT_FALSE(store.isSelected("/home/studio/b"));
 }
 
 TEST_F(Review, DroppingAFolderBringsUpWhatItCovered)
 {
-    fake.select("Films", 9'000'000);
-    fake.select("Films/one.mov", 5'000'000);
-    fake.select("Films/two.mov", 4'000'000);
+    select("Films", 9'000'000);
+    select("Films/one.mov", 5'000'000);
+    select("Films/two.mov", 4'000'000);
     EXPECT_THAT(names(), ElementsAre("Films"));
     model.drop(0);
     EXPECT_THAT(names(), ElementsAre("one.mov", "two.mov"));
-    EXPECT_EQ(fake.store.selectedTotal(), 9'000'000);
+    EXPECT_EQ(store.selectedTotal(), 9'000'000);
 }
 
 TEST_F(Review, SelectingAFolderHidesWhatItCovers)
 {
-    fake.select("other", 1);
-    fake.select("Films/one.mov", 5'000'000);
-    fake.select("Films/two.mov", 4'000'000);
-    fake.select("Films", 9'000'000);
+    select("other", 1);
+    select("Films/one.mov", 5'000'000);
+    select("Films/two.mov", 4'000'000);
+    select("Films", 9'000'000);
     EXPECT_THAT(names(), ElementsAre("Films", "other"));
 }
 
 TEST_F(Review, AChangedSizeMovesTheEntryToItsPlace)
 {
-    fake.select("a", 3);
-    fake.select("b", 2);
-    fake.select("a", 1);
+    select("a", 3);
+    select("b", 2);
+    select("a", 1);
     EXPECT_THAT(names(), ElementsAre("b", "a"));
     EXPECT_THAT(texts(SelectionReviewModel::SizeRole), ElementsAre("2 bytes", "1 byte"));
 }
@@ -130,20 +129,20 @@ TEST_F(Review, FollowsInRunsAndNeverResets)
     std::vector<SelectedEntry> entries;
     for (int i = 0; i < 10; ++i)
         entries.push_back({"/home/studio/" + std::string(1, static_cast<char>('a' + i)), 100 - i});
-    fake.store.setSelected(entries, true);
+    store.setSelected(entries, true);
     EXPECT_EQ(inserted.size(), 1);
 
     const std::vector<SelectedEntry> dropped{entries[2], entries[3], entries[4], entries[8]};
-    fake.store.setSelected(dropped, false);
+    store.setSelected(dropped, false);
     EXPECT_THAT(names(), ElementsAre("a", "b", "f", "g", "h", "j"));
     EXPECT_EQ(removed.size(), 2);
 
     inserted.clear();
-    fake.store.setSelected(dropped, true);
+    store.setSelected(dropped, true);
     EXPECT_THAT(names(), ElementsAre("a", "b", "c", "d", "e", "f", "g", "h", "i", "j"));
     EXPECT_EQ(inserted.size(), 2);
 
-    fake.store.clearSelection();
+    store.clearSelection();
     EXPECT_THAT(names(), IsEmpty());
     EXPECT_EQ(resets.size(), 0);
 }
@@ -151,7 +150,7 @@ TEST_F(Review, FollowsInRunsAndNeverResets)
 TEST_F(Review, AnnouncesItsCountWhenItChanges)
 {
     QSignalSpy counts(&model, &SelectionReviewModel::countChanged);
-    fake.select("a", 3);
+    select("a", 3);
     EXPECT_EQ(counts.size(), 1);
     EXPECT_EQ(model.count(), 1);
     model.drop(0);
@@ -161,10 +160,10 @@ TEST_F(Review, AnnouncesItsCountWhenItChanges)
 
 TEST_F(Review, NothingIsDroppedWhileRemoving)
 {
-    fake.select("a", 3);
-    fake.store.remove(fake.store.effectiveSelection(), false);
+    select("a", 3);
+    store.remove(store.effectiveSelection(), false);
     model.drop(0);
-    EXPECT_TRUE(fake.store.isSelected("/home/studio/a"));
+    EXPECT_TRUE(store.isSelected("/home/studio/a"));
 }
 
 TEST_F(Review, TenThousandEntriesComeAndGoInOneRunEach)
@@ -172,7 +171,7 @@ TEST_F(Review, TenThousandEntriesComeAndGoInOneRunEach)
     std::vector<SelectedEntry> entries;
     for (int i = 0; i < 10'000; ++i)
         entries.push_back({"/home/studio/folder/file" + std::to_string(i), i % 100});
-    fake.store.setSelected(entries, true);
+    store.setSelected(entries, true);
     EXPECT_EQ(model.count(), 10'000);
     EXPECT_EQ(inserted.size(), 1);
     EXPECT_EQ(model.index(0).data(SelectionReviewModel::SizeRole).toString(), "99 bytes");
@@ -181,7 +180,7 @@ TEST_F(Review, TenThousandEntriesComeAndGoInOneRunEach)
     model.drop(0);
     EXPECT_EQ(model.count(), 9'998);
     EXPECT_EQ(removed.size(), 2);
-    fake.store.clearSelection();
+    store.clearSelection();
     EXPECT_EQ(removed.size(), 3);
 }
 

@@ -13,7 +13,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
-#include "shell/window/fake_store.h"
+#include "shell/store_with_films.h"
 
 namespace corvane {
 namespace {
@@ -21,7 +21,7 @@ namespace {
 using Item = StorageStore::SidebarItem;
 using testing::ElementsAre;
 
-struct Sidebar : testing::Test {
+struct Sidebar : testing::Test, StoreWithFilms {
     WindowScreen &add(Item item)
     {
         WindowScreen &screen = screens.emplace_back();
@@ -38,9 +38,8 @@ struct Sidebar : testing::Test {
         return all;
     }
 
-    FakeStore fake;
     std::list<WindowScreen> screens;
-    SidebarModel model{fake.store};
+    SidebarModel model{store};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
@@ -96,7 +95,7 @@ TEST_F(Sidebar, FollowsTheStoresChoice)
     EXPECT_EQ(model.scanTitle(), "Scan first to see Space Map");
 
     QSignalSpy changed(&model, &SidebarModel::currentChanged);
-    fake.store.setSidebar(Item::large);
+    store.setSidebar(Item::large);
     EXPECT_EQ(changed.size(), 1);
     EXPECT_EQ(model.currentRow(), 1);
     EXPECT_EQ(model.title(), "Large Files");
@@ -108,7 +107,7 @@ TEST_F(Sidebar, AnItemWithoutAScreenShowsTheFirst)
 {
     add(Item::explorer);
     add(Item::large);
-    fake.store.setSidebar(Item::cleanup);
+    store.setSidebar(Item::cleanup);
     EXPECT_EQ(model.currentRow(), 0);
 }
 
@@ -117,10 +116,10 @@ TEST_F(Sidebar, ChoosingARowSetsTheStoresChoice)
     add(Item::explorer);
     add(Item::duplicates);
     model.choose(1);
-    EXPECT_EQ(fake.store.sidebar(), Item::duplicates);
+    EXPECT_EQ(store.sidebar(), Item::duplicates);
     model.choose(2);
     model.choose(-1);
-    EXPECT_EQ(fake.store.sidebar(), Item::duplicates);
+    EXPECT_EQ(store.sidebar(), Item::duplicates);
 }
 
 TEST_F(Sidebar, WithoutScreensThereIsNothingChosen)
@@ -128,7 +127,7 @@ TEST_F(Sidebar, WithoutScreensThereIsNothingChosen)
     EXPECT_EQ(model.currentRow(), -1);
     EXPECT_EQ(model.content(), nullptr);
     model.choose(1);
-    EXPECT_EQ(fake.store.sidebar(), Item::overview);
+    EXPECT_EQ(store.sidebar(), Item::overview);
 }
 
 TEST_F(Sidebar, AScreensFileIsReadWhenTheScreenIsFirstShown)
@@ -148,7 +147,7 @@ TEST_F(Sidebar, AScreensFileIsReadWhenTheScreenIsFirstShown)
     static_cast<void>(model.content());
     EXPECT_EQ(cleanup.content, nullptr) << "another screen is shown";
 
-    fake.store.setSidebar(Item::cleanup);
+    store.setSidebar(Item::cleanup);
     QQmlComponent *const content = model.content();
     ASSERT_NE(content, nullptr);
     EXPECT_TRUE(content->isReady()) << qPrintable(content->errorString());

@@ -11,8 +11,8 @@
 #include <QQmlListReference>
 
 #include "shell/fake_services.h"
+#include "shell/store_with_films.h"
 #include "shell/ui/shell_ui.h"
-#include "shell/window/fake_store.h"
 
 namespace corvane {
 namespace {
@@ -52,7 +52,7 @@ void leaveOutMissingWidgets(QtMsgType type, const QMessageLogContext &context, c
 }
 
 /// The Mac menu bar with the window's commands. It is not displayed here, but its contents are the same.
-class SystemMenuBarTest : public testing::Test {
+class SystemMenuBarTest : public testing::Test, protected StoreWithFilms {
 protected:
     SystemMenuBarTest()
     {
@@ -120,7 +120,6 @@ protected:
         }
     }
 
-    FakeStore fake;
     FakeServices services;
     QQmlEngine engine;
     std::unique_ptr<QObject> root;
@@ -161,7 +160,7 @@ TEST_F(SystemMenuBarTest, TheHelpMenuHoldsFeedbackWelcomeAndTheSite)
 TEST_F(SystemMenuBarTest, TheCommandsDoWhatTheySay)
 {
     choose("Help", "Send Feedback…");
-    EXPECT_TRUE(fake.store.showFeedback());
+    EXPECT_TRUE(store.showFeedback());
     choose("Help", "Welcome & Permissions…");
     EXPECT_FALSE(services.defaults.didOnboard());
     choose("File", "Settings…");

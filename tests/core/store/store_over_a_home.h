@@ -2,31 +2,29 @@
 
 #include <cstdint>
 #include <string>
+#include <thread>
 #include <utility>
 
 #include <gtest/gtest.h>
 
 #include <QTest>
 
+#include "core/store/gate.h"
 #include "core/store/storage_store.h"
 #include "platform/fake_host.h"
-#include "shell/ui/store_registration.h"
-#include "shell/ui/theme.h"
-#include "shell/window/gated_file_system.h"
+#include "support/patience.h"
 
 namespace corvane {
 
-/// A store, also visible to QML, over a fake home folder "/home/studio" on a volume of 994.66 GB. Tests add items to
-/// the home and then scan it. Paths are relative to the home folder.
+/// A store over a fake home folder "/home/studio" on a volume of 994.66 GB. Tests add items to the home and then scan
+/// it. Paths are relative to the home folder.
 struct StoreOverAHome {
     explicit StoreOverAHome(SystemKind system = SystemKind::linuxSystem, StoreTiming timing = {})
         : store(host(), locations, std::move(timing))
     {
         fake.files.setSystemKind(system);
         fake.files.setHome(home);
-        StoreRegistration::setStore(&store);
     }
-    ~StoreOverAHome() { gate.setShut(false); }
     StoreOverAHome(const StoreOverAHome &) = delete;
     StoreOverAHome &operator=(const StoreOverAHome &) = delete;
 
@@ -34,7 +32,7 @@ struct StoreOverAHome {
     [[nodiscard]] Host host()
     {
         setAvailable(183'370'000'000);
-        return {gate, fake.trash, fake.volumes, fake.desktop, fake.applications};
+        return fake.host();
     }
     [[nodiscard]] std::string at(const std::string &relative) const { return home + "/" + relative; }
     void addFile(const std::string &relative, std::int64_t size, Time modified = distantPast)
@@ -49,12 +47,28 @@ struct StoreOverAHome {
             {.name = "Macintosh HD", .total = 994'662'584'320, .available = bytes, .availableForImportantUse = {}});
     }
 
+    /// A gate at which every other thread that opens a folder waits, so that a test can inspect a running scan.
+    [[nodiscard]] Gate blockFolders() const
+    {
+        return {*fake.log, [caller = std::this_thread::get_id()](const std::string &line) {
+                    return line.starts_with("openFolder ") && std::this_thread::get_id() != caller;
+                }};
+    }
+
+    [[nodiscard]] bool waitForReady()
+    {
+        return QTest::qWaitFor([&] { return store.phase() == StorageStore::Phase::ready; }, patience);
+    }
+    [[nodiscard]] bool waitForCleanup()
+    {
+        return QTest::qWaitFor([&] { return !store.cleanupLoading(); }, patience);
+    }
     /// Scans, and waits for the scan and its measurements.
     void scan(const std::string &path)
     {
         store.scan(path);
-        ASSERT_TRUE(QTest::qWaitFor(
-            [&] { return store.phase() == StorageStore::Phase::ready && !store.cleanupLoading(); }, 20'000));
+        ASSERT_TRUE(waitForReady());
+        ASSERT_TRUE(waitForCleanup());
     }
     void scanHome() { scan(home); }
     void select(const std::string &relative, std::int64_t size) { store.setSelected(at(relative), size, true); }
@@ -66,19 +80,11 @@ struct StoreOverAHome {
         store.didRemove({.removed = {{at(relative), size}}, .failures = {}}, false);
     }
 
+    // The store uses the members before it until it is destroyed.
     const std::string home = "/home/studio";
     FakeHost fake;
-    GatedFileSystem gate{fake.files};
     ProtectedLocations locations{home, ProtectedPlaces{}};
     StorageStore store;
-};
-
-/// Disables animations while this object lives.
-struct WithoutMotion {
-    WithoutMotion() { Theme::instance()->setReducedMotion(true); }
-    ~WithoutMotion() { Theme::instance()->setReducedMotion(false); }
-    WithoutMotion(const WithoutMotion &) = delete;
-    WithoutMotion &operator=(const WithoutMotion &) = delete;
 };
 
 } // namespace corvane

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "shell/store_over_a_home.h"
+#include "shell/registered_store.h"
 
 namespace corvane {
 
 /// A store over a home folder with some films and notes.
-struct FakeStore : StoreOverAHome {
-    FakeStore()
+struct StoreWithFilms : RegisteredStore {
+    StoreWithFilms()
     {
         addFile("Movies/rushes.mov", 27'880'000'000);
         addFile("Movies/one.mov", 5'000'000);
