@@ -77,12 +77,8 @@ protected:
         return scene->find([&](QQuickItem *item) { return item->property("text").toString() == text; });
     }
     [[nodiscard]] bool shows(const QString &text) const { return textItem(text) != nullptr; }
-    [[nodiscard]] bool isVisible(const char *objectName) const
-    {
-        return scene->find([&](QQuickItem *item) { return item->objectName() == QLatin1String(objectName); }) !=
-               nullptr;
-    }
-    [[nodiscard]] bool isAsking() const { return scene->object("uninstallConfirm")->property("opened").toBool(); }
+    [[nodiscard]] bool isVisible(const char *objectName) const { return scene->visibleItem(objectName) != nullptr; }
+    [[nodiscard]] bool isAsking() const { return scene->isOpen("uninstallConfirm"); }
     [[nodiscard]] bool isChosen(const QString &description) const
     {
         QQuickItem *const found = row(description);
@@ -92,11 +88,10 @@ protected:
     [[nodiscard]] std::vector<QQuickItem *> checkBoxes(const QString &name) const
     {
         std::vector<QQuickItem *> found;
-        static_cast<void>(scene->find([&](QQuickItem *item) {
-            if (QuickScene::accessibleRole(item) == QAccessible::CheckBox && QuickScene::accessibleName(item) == name)
-                found.push_back(item);
-            return false;
-        }));
+        scene->visit([&](QQuickItem &item) {
+            if (QuickScene::accessibleRole(&item) == QAccessible::CheckBox && QuickScene::accessibleName(&item) == name)
+                found.push_back(&item);
+        });
         std::ranges::sort(found, {}, [](QQuickItem *item) { return item->mapToScene({}).y(); });
         return found;
     }
@@ -104,13 +99,12 @@ protected:
     [[nodiscard]] QStringList appNames() const
     {
         std::vector<QQuickItem *> rows;
-        static_cast<void>(scene->find([&](QQuickItem *item) {
+        scene->visit([&](QQuickItem &item) {
             // Skip delegates that the list keeps for reuse.
-            if (item->property("unused").isValid() && !item->property("orphans").toBool() &&
-                item->property("index").toInt() >= 0)
-                rows.push_back(item);
-            return false;
-        }));
+            if (item.property("unused").isValid() && !item.property("orphans").toBool() &&
+                item.property("index").toInt() >= 0)
+                rows.push_back(&item);
+        });
         std::ranges::sort(rows, {}, [](QQuickItem *item) { return item->mapToScene({}).y(); });
         QStringList names;
         for (const QQuickItem *item : rows)

@@ -306,7 +306,7 @@ TEST_F(UninstallerScreenTest, TheMenuKeyOpensTheMenuOfAnAppAndOfALeftover)
     tabTo("uninstaller.list");
     press(Qt::Key_Down);
     const auto opens = [this](const char *menu) {
-        return QTest::qWaitFor([&] { return scene->object(menu)->property("opened").toBool(); }, patience);
+        return QTest::qWaitFor([&] { return scene->isOpen(menu); }, patience);
     };
     press(Qt::Key_Menu);
     ASSERT_TRUE(opens("uninstaller.menu"));
@@ -335,8 +335,7 @@ TEST_F(UninstallerScreenTest, ARightClickOpensTheMenuOfTheAppThatItChooses)
     publishAndShow();
     QQuickItem *const kite = row(kiteRow);
     QTest::mouseClick(scene->window(), Qt::RightButton, Qt::NoModifier, kite->mapToScene({60, 20}).toPoint());
-    ASSERT_TRUE(
-        QTest::qWaitFor([&] { return scene->object("uninstaller.menu")->property("opened").toBool(); }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("uninstaller.menu"); }, patience));
     EXPECT_TRUE(isChosen(kiteRow));
     scene->click(textItem(QStringLiteral("Reveal in Finder")));
     EXPECT_THAT(fake.log->lines(), testing::Contains("reveal /Applications/Kite Mail.app"));

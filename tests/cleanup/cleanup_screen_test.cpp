@@ -201,7 +201,7 @@ TEST_F(CleanupScreenTest, ARightClickOnAnEntryOpensItsMenu)
     clickRow(row(caches));
     ASSERT_TRUE(appears(browser));
     clickRow(row(browser), Qt::RightButton);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->object("cleanupMenu")->property("opened").toBool(); }, patience));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("cleanupMenu"); }, patience));
     clickRow(row(caches), Qt::RightButton);
 }
 
@@ -245,7 +245,7 @@ TEST_F(CleanupScreenTest, TheMenuKeyOpensTheMenuOfAnEntry)
     scene->key(Qt::Key_Right);
     scene->key(Qt::Key_Down);
     scene->key(Qt::Key_Menu);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->object("cleanupMenu")->property("opened").toBool(); }, patience));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("cleanupMenu"); }, patience));
 }
 
 TEST_F(CleanupScreenTest, AReaderHearsWhatALocationAndTheBuildFoldersAre)

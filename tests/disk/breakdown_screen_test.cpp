@@ -1,4 +1,3 @@
-#include <functional>
 #include <memory>
 
 #include <gmock/gmock.h>
@@ -11,7 +10,7 @@
 #include <QTest>
 
 #include "disk/sample_breakdown.h"
-#include "shell/quick_scene.h"
+#include "shell/screen_scene.h"
 #include "shell/store_with_films.h"
 #include "shell/ui/stacked_bar.h"
 #include "shell/ui/theme.h"
@@ -43,13 +42,8 @@ protected:
     }
     void showFile(const char *file, QSize size)
     {
-        scene = std::make_unique<QuickScene>(
-            QByteArray("Loader { anchors.fill: parent; source: \"qrc:/qt/qml/Corvane/Disk/") + file + ".qml\" }");
+        scene = std::make_unique<ScreenScene>(QByteArray("Disk/") + file, size);
         ASSERT_TRUE(scene->isShown()) << scene->errors().toStdString();
-        scene->window()->resize(size);
-        pointAtNothing();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return scene->window()->contentItem()->size() == QSizeF(size); }));
-        scene->window()->grabWindow(); // forces layout
     }
     void pointAtNothing()
     {
@@ -57,22 +51,11 @@ protected:
         QTest::qWait(1);
     }
 
-    void visit(const std::function<void(QQuickItem &)> &each) const
-    {
-        const std::function<void(QQuickItem &)> from = [&](QQuickItem &item) {
-            if (!item.isVisible() || item.opacity() == 0)
-                return;
-            each(item);
-            for (QQuickItem *child : item.childItems())
-                from(*child);
-        };
-        from(*scene->window()->contentItem());
-    }
     /// All accessible names, in screen order.
     [[nodiscard]] std::vector<std::string> names() const
     {
         std::vector<std::string> all;
-        visit([&](QQuickItem &item) {
+        scene->visit([&](QQuickItem &item) {
             if (const QString name = QuickScene::accessibleName(&item); !name.isEmpty())
                 all.push_back(name.toStdString());
         });
@@ -81,7 +64,7 @@ protected:
     [[nodiscard]] std::vector<QQuickItem *> rows() const
     {
         std::vector<QQuickItem *> all;
-        visit([&](QQuickItem &item) {
+        scene->visit([&](QQuickItem &item) {
             if (item.property("segmentId").isValid())
                 all.push_back(&item);
         });
@@ -101,11 +84,12 @@ protected:
     {
         return *scene->window()->findChild<StackedBar *>(QStringLiteral("breakdown.bar"));
     }
-    [[nodiscard]] QQuickItem *visibleItem(const QString &objectName) const
+    /// The item with this objectName; null if it is hidden or transparent.
+    [[nodiscard]] QQuickItem *visibleItem(const char *name) const
     {
         QQuickItem *found = nullptr;
-        visit([&](QQuickItem &item) {
-            if (item.objectName() == objectName)
+        scene->visit([&](QQuickItem &item) {
+            if (item.objectName() == QLatin1String(name))
                 found = &item;
         });
         return found;
@@ -117,17 +101,9 @@ protected:
         QTest::mouseMove(scene->window(), bar().mapToScene(QPointF(place.x + place.width / 2, 10)).toPoint());
         QTest::qWait(1);
     }
-    [[nodiscard]] bool tabTo(const char *name)
-    {
-        const QQuickItem *const item = visibleItem(QLatin1String(name));
-        if (item == nullptr)
-            return false;
-        for (int i = 0; i < 20 && !item->hasActiveFocus(); ++i)
-            scene->key(Qt::Key_Tab);
-        return item->hasActiveFocus();
-    }
+    [[nodiscard]] bool tabTo(const char *name) { return scene->tabTo(visibleItem(name)); }
 
-    std::unique_ptr<QuickScene> scene;
+    std::unique_ptr<ScreenScene> scene;
 };
 
 TEST_F(BreakdownScreenTest, SaysWhatItShows)
@@ -145,35 +121,35 @@ TEST_F(BreakdownScreenTest, BeforeThereIsABreakdownItSaysThatItMeasures)
     Gate gate = blockFolders();
     showFile("BreakdownScreen", {1064, 800});
 
-    EXPECT_NE(visibleItem(QStringLiteral("breakdown.loading")), nullptr);
+    EXPECT_NE(visibleItem("breakdown.loading"), nullptr);
     EXPECT_THAT(names(), Contains("Measuring your disk…"));
-    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.page")), nullptr);
-    EXPECT_NE(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
+    EXPECT_EQ(visibleItem("breakdown.page"), nullptr);
+    EXPECT_NE(visibleItem("breakdown.progress"), nullptr);
 
     gate.open();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return visibleItem(QStringLiteral("breakdown.page")) != nullptr; }, patience));
-    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.loading")), nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return visibleItem("breakdown.page") != nullptr; }, patience));
+    EXPECT_EQ(visibleItem("breakdown.loading"), nullptr);
 }
 
 TEST_F(BreakdownScreenTest, RefreshGivesItsPlaceToTheProgressAndComesBack)
 {
     show(test::sampleBreakdown());
-    QQuickItem *const button = visibleItem(QStringLiteral("breakdown.refresh"));
+    QQuickItem *const button = visibleItem("breakdown.refresh");
     ASSERT_NE(button, nullptr);
-    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
+    EXPECT_EQ(visibleItem("breakdown.progress"), nullptr);
     Gate gate = blockFolders();
 
     scene->click(button);
 
     EXPECT_TRUE(store.breakdownLoading());
     EXPECT_FALSE(button->isEnabled());
-    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.refresh")), nullptr);
-    EXPECT_NE(visibleItem(QStringLiteral("breakdown.progress")), nullptr);
+    EXPECT_EQ(visibleItem("breakdown.refresh"), nullptr);
+    EXPECT_NE(visibleItem("breakdown.progress"), nullptr);
     EXPECT_THAT(names(), Contains("95% explained")) << "the old one stays";
     gate.open();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !store.breakdownLoading(); }, patience));
     EXPECT_TRUE(button->isEnabled());
-    EXPECT_NE(visibleItem(QStringLiteral("breakdown.refresh")), nullptr);
+    EXPECT_NE(visibleItem("breakdown.refresh"), nullptr);
 }
 
 TEST_F(BreakdownScreenTest, EverySegmentHasItsRow)
@@ -195,7 +171,7 @@ TEST_F(BreakdownScreenTest, APartUnderThePointerHighlightsItsRowAndShowsItsSize)
     pointAtPart(1);
 
     EXPECT_THAT(litRows(), ElementsAre("/Applications"));
-    QQuickItem *const told = visibleItem(QStringLiteral("breakdown.current"));
+    QQuickItem *const told = visibleItem("breakdown.current");
     ASSERT_NE(told, nullptr);
     EXPECT_EQ(told->childItems()[1]->property("text").toString(), QStringLiteral("Applications"));
     EXPECT_EQ(told->childItems()[2]->property("text").toString(), QStringLiteral("73.8 GB · 9%"));
@@ -204,7 +180,7 @@ TEST_F(BreakdownScreenTest, APartUnderThePointerHighlightsItsRowAndShowsItsSize)
     EXPECT_THAT(litRows(), ElementsAre());
     EXPECT_EQ(told->childItems()[1]->property("text").toString(), QStringLiteral("Free"));
     pointAtNothing();
-    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.current")), nullptr);
+    EXPECT_EQ(visibleItem("breakdown.current"), nullptr);
 }
 
 TEST_F(BreakdownScreenTest, ARowUnderThePointerHighlightsItsPart)
@@ -256,7 +232,7 @@ TEST_F(BreakdownScreenTest, TabBringsTheActionsIntoSight)
 {
     show(test::sampleBreakdown(), {824, 400});
     ASSERT_TRUE(tabTo("breakdown.action./Library"));
-    const QQuickItem *button = visibleItem(QStringLiteral("breakdown.action./Library"));
+    const QQuickItem *button = visibleItem("breakdown.action./Library");
     EXPECT_GT(top(), 0);
     EXPECT_GE(button->mapToScene(QPointF()).y(), 56);
     EXPECT_LE(button->mapToScene(QPointF(0, button->height())).y(), 400);
@@ -265,7 +241,7 @@ TEST_F(BreakdownScreenTest, TabBringsTheActionsIntoSight)
 TEST_F(BreakdownScreenTest, TheNudgeIsShownOnlyWithoutAScan)
 {
     show(test::unscannedBreakdown());
-    ASSERT_NE(visibleItem(QStringLiteral("breakdown.nudge")), nullptr);
+    ASSERT_NE(visibleItem("breakdown.nudge"), nullptr);
     EXPECT_THAT(names(),
                 AllOf(Contains("Scan your home folder to explain the rest"),
                       Contains("Right now Corvane only knows the volume sizes. A scan turns “Not Scanned Yet” into "
@@ -274,7 +250,7 @@ TEST_F(BreakdownScreenTest, TheNudgeIsShownOnlyWithoutAScan)
     EXPECT_EQ(std::ranges::count(names(), "Scan Home Folder"), 2) << "the nudge's and the row's";
 
     store.finishBreakdown(test::sampleBreakdown(), store.breakdownToken());
-    EXPECT_EQ(visibleItem(QStringLiteral("breakdown.nudge")), nullptr);
+    EXPECT_EQ(visibleItem("breakdown.nudge"), nullptr);
     EXPECT_THAT(names(), Not(Contains("Scan Home Folder")));
 }
 
@@ -282,17 +258,17 @@ TEST_F(BreakdownScreenTest, WhileAScanRunsNoneCanBeStarted)
 {
     show(test::unscannedBreakdown());
     Gate gate = blockFolders();
-    scene->click(visibleItem(QStringLiteral("breakdown.nudge")));
+    scene->click(visibleItem("breakdown.nudge"));
     ASSERT_EQ(store.phase(), StorageStore::Phase::scanning);
-    EXPECT_FALSE(visibleItem(QStringLiteral("breakdown.nudge"))->isEnabled());
-    EXPECT_FALSE(visibleItem(QStringLiteral("breakdown.action.hidden"))->isEnabled());
-    EXPECT_TRUE(visibleItem(QStringLiteral("breakdown.action./Library"))->isEnabled());
+    EXPECT_FALSE(visibleItem("breakdown.nudge")->isEnabled());
+    EXPECT_FALSE(visibleItem("breakdown.action.hidden")->isEnabled());
+    EXPECT_TRUE(visibleItem("breakdown.action./Library")->isEnabled());
 }
 
 TEST_F(BreakdownScreenTest, ActionsAreCarriedOutByClickAndByKey)
 {
     show(test::sampleBreakdown());
-    scene->click(visibleItem(QStringLiteral("breakdown.action./Applications")));
+    scene->click(visibleItem("breakdown.action./Applications"));
     EXPECT_THAT(fake.log->lines(), Contains("reveal /Applications"));
     ASSERT_TRUE(tabTo("breakdown.action./Library"));
     scene->key(Qt::Key_Return);
@@ -303,7 +279,7 @@ TEST_F(BreakdownScreenTest, TheSnapshotsCardIsThereOnlyWithSnapshots)
 {
     DiskBreakdown disk = test::sampleBreakdown();
     show(disk);
-    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyList")), nullptr);
+    EXPECT_EQ(visibleItem("snapshots.copyList"), nullptr);
     EXPECT_THAT(names(), Not(Contains("Local Time Machine Snapshots")));
 
     for (int i = 0; i < 9; ++i)
@@ -323,7 +299,7 @@ TEST_F(BreakdownScreenTest, ACopyButtonSaysCopiedAndKeepsItsWidth)
     DiskBreakdown disk = test::sampleBreakdown();
     disk.snapshots.push_back(test::snapshotAt(0));
     show(disk, {1064, 1200});
-    QQuickItem *const button = visibleItem(QStringLiteral("snapshots.copyThin"));
+    QQuickItem *const button = visibleItem("snapshots.copyThin");
     ASSERT_NE(button, nullptr);
     const qreal width = button->width();
 
@@ -331,7 +307,7 @@ TEST_F(BreakdownScreenTest, ACopyButtonSaysCopiedAndKeepsItsWidth)
 
     EXPECT_EQ(button->property("text").toString(), QStringLiteral("Copied!"));
     EXPECT_EQ(button->property("symbol").toString(), QStringLiteral("checkmark"));
-    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyList"))->property("text").toString(),
+    EXPECT_EQ(visibleItem("snapshots.copyList")->property("text").toString(),
               QStringLiteral("Copy “list snapshots” command"));
     EXPECT_EQ(button->width(), width);
     ASSERT_TRUE(QTest::qWaitFor(
@@ -350,14 +326,13 @@ TEST_F(BreakdownScreenTest, ASnapshotsOwnCommandReplacesTheGeneralOne)
                        .listCommand = "sudo snapper list",
                        .deleteCommand = "sudo snapper -c root delete 3"}};
     show(disk, {1064, 1200});
-    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyThin")), nullptr);
-    ASSERT_NE(visibleItem(QStringLiteral("snapshots.copyList")), nullptr);
+    EXPECT_EQ(visibleItem("snapshots.copyThin"), nullptr);
+    ASSERT_NE(visibleItem("snapshots.copyList"), nullptr);
     EXPECT_THAT(names(), AllOf(Contains("Snapshots"), Contains("snapper root 3")));
     ASSERT_TRUE(tabTo("snapshots.copyDelete"));
     scene->key(Qt::Key_Return);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo snapper -c root delete 3"));
-    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyDelete"))->property("text").toString(),
-              QStringLiteral("Copied!"));
+    EXPECT_EQ(visibleItem("snapshots.copyDelete")->property("text").toString(), QStringLiteral("Copied!"));
 }
 
 TEST_F(BreakdownScreenTest, AMacsSnapshotsHaveNoCommandsOfTheirOwn)
@@ -365,8 +340,8 @@ TEST_F(BreakdownScreenTest, AMacsSnapshotsHaveNoCommandsOfTheirOwn)
     DiskBreakdown disk = test::sampleBreakdown();
     disk.snapshots = {test::snapshotAt(0)};
     show(disk, {1064, 1200});
-    EXPECT_EQ(visibleItem(QStringLiteral("snapshots.copyDelete")), nullptr);
-    EXPECT_NE(visibleItem(QStringLiteral("snapshots.copyThin")), nullptr);
+    EXPECT_EQ(visibleItem("snapshots.copyDelete"), nullptr);
+    EXPECT_NE(visibleItem("snapshots.copyThin"), nullptr);
 }
 
 TEST_F(BreakdownScreenTest, NothingIsCutOffInTheSmallestWindow)
@@ -385,7 +360,7 @@ TEST_F(BreakdownScreenTest, NothingIsCutOffInTheSmallestWindow)
     disk.snapshots.push_back({"com.apple.TimeMachine.unreadable", {}});
     show(disk, {1040 - 216, 660});
 
-    visit([&](QQuickItem &item) {
+    scene->visit([&](QQuickItem &item) {
         if (!item.property("truncated").isValid() || item.property("text").toString().isEmpty())
             return;
         EXPECT_FALSE(item.property("truncated").toBool()) << item.property("text").toString().toStdString();
@@ -405,7 +380,7 @@ TEST_F(BreakdownScreenTest, TheSummaryShowsTheExplainedShareAndOpensTheScreen)
     EXPECT_THAT(names(), AllOf(Contains("Where's my space?"), Contains("95% of 811.29 GB explained")));
     EXPECT_EQ(scene->window()->findChild<StackedBar *>(QStringLiteral("summary.bar"))->parts().size(), 7);
 
-    scene->click(visibleItem(QStringLiteral("summary.seeBreakdown")));
+    scene->click(visibleItem("summary.seeBreakdown"));
     EXPECT_EQ(store.sidebar(), StorageStore::SidebarItem::breakdown);
 }
 
@@ -426,7 +401,7 @@ TEST_F(BreakdownScreenTest, FiguresOfAStoppedScanAreMarkedAndANewScanIsOffered)
     disk.scanIsPartial = true;
     show(disk);
     EXPECT_THAT(names(), Contains("Partial: the scan was stopped"));
-    scene->click(visibleItem(QStringLiteral("breakdown.scanAgain")));
+    scene->click(visibleItem("breakdown.scanAgain"));
     EXPECT_EQ(store.lastScanPath(), "/home/studio") << "nothing else was scanned before";
 }
 
@@ -437,7 +412,7 @@ TEST_F(BreakdownScreenTest, TheSummaryOfAStoppedScanIsMarked)
     store.finishBreakdown(disk, store.breakdownToken());
     showFile("BreakdownSummaryCard", {772, 44});
     EXPECT_THAT(names(), AllOf(Contains("95% of 811.29 GB explained"), Contains("Partial: the scan was stopped")));
-    const QQuickItem *const words = visibleItem(QStringLiteral("summary.text"));
+    const QQuickItem *const words = visibleItem("summary.text");
     EXPECT_GE(words->width(), words->implicitWidth()) << "both are read whole in the smallest window";
 }
 

@@ -56,7 +56,7 @@ protected:
     [[nodiscard]] int currentRow() const { return rows()->property("currentIndex").toInt(); }
     [[nodiscard]] bool opens(const char *menu) const
     {
-        return QTest::qWaitFor([&] { return scene->object(menu)->property("opened").toBool(); }, patience);
+        return QTest::qWaitFor([&] { return scene->isOpen(menu); }, patience);
     }
     void clickRow(QQuickItem *item, Qt::MouseButton mouseButton = Qt::LeftButton)
     {

@@ -156,7 +156,7 @@ TEST_F(FileListsScreensTest, TheKeyboardMovesReachesSelectsAndFinds)
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(model->highlightedCount(), 5);
     press(Qt::Key_Menu);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->object("lists.severalMenu")->property("opened").toBool(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("lists.severalMenu"); }));
     EXPECT_TRUE(shows(QStringLiteral("Select 5 for Removal")));
 }
 
@@ -169,7 +169,7 @@ TEST_F(FileListsScreensTest, PressesWithCtrlAndShiftHighlightSeveralRows)
     clickRow(QStringLiteral("rushes.zip"), Qt::ControlModifier);
     EXPECT_EQ(highlighted(*model), QStringList({"Interview.mov", "Old.zip"}));
     clickRow(QStringLiteral("Old.zip"), Qt::NoModifier, Qt::RightButton);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->object("lists.severalMenu")->property("opened").toBool(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("lists.severalMenu"); }));
     scene->click(scene->named(QStringLiteral("Select 2 for Removal"), QAccessible::MenuItem));
     EXPECT_EQ(store.selectedTotal(), 1'400 * megabyte);
 }
@@ -178,7 +178,7 @@ TEST_F(FileListsScreensTest, OneRowHasTheCommonMenu)
 {
     showLarge();
     clickRow(QStringLiteral("Old.zip"), Qt::NoModifier, Qt::RightButton);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->object("lists.menu")->property("opened").toBool(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("lists.menu"); }));
     EXPECT_TRUE(shows(QStringLiteral("Copy Path")));
     scene->click(scene->named(QStringLiteral("Select for Removal"), QAccessible::MenuItem));
     EXPECT_TRUE(store.isSelected(at("Downloads/Old.zip")));

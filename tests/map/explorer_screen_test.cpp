@@ -47,34 +47,16 @@ protected:
 
     [[nodiscard]] TreemapView *map() const { return scene->window()->findChild<TreemapView *>("map"); }
     [[nodiscard]] QQuickItem *list() const { return scene->item("list"); }
-    /// The first visible item with this accessible name.
     [[nodiscard]] QQuickItem *named(const QString &name, QAccessible::Role role) const
     {
-        std::function<QQuickItem *(QQuickItem *)> search = [&](QQuickItem *item) -> QQuickItem * {
-            if (!item->isVisible())
-                return nullptr;
-            if (QuickScene::accessibleName(item) == name && QuickScene::accessibleRole(item) == role)
-                return item;
-            for (QQuickItem *child : item->childItems()) {
-                if (QQuickItem *found = search(child))
-                    return found;
-            }
-            return nullptr;
-        };
-        return search(scene->window()->contentItem());
+        return scene->named(name, role);
     }
     /// The number of visible items that show this symbol.
     [[nodiscard]] int countSymbols(const QString &symbol) const
     {
-        std::function<int(const QQuickItem *)> count = [&](const QQuickItem *item) {
-            if (!item->isVisible())
-                return 0;
-            int found = item->property("symbol") == symbol ? 1 : 0;
-            for (const QQuickItem *child : item->childItems())
-                found += count(child);
-            return found;
-        };
-        return count(scene->window()->contentItem());
+        int count = 0;
+        scene->visit([&](QQuickItem &item) { count += item.property("symbol") == symbol ? 1 : 0; });
+        return count;
     }
     [[nodiscard]] QQuickItem *row(const QString &description) const
     {
@@ -82,7 +64,6 @@ protected:
     }
     [[nodiscard]] QQuickItem *button(const QString &name) const { return named(name, QAccessible::Button); }
     [[nodiscard]] QQuickItem *checkBox(const QString &name) const { return named(name, QAccessible::CheckBox); }
-    [[nodiscard]] bool isMenuOpen(const char *name) const { return scene->object(name)->property("opened").toBool(); }
     void clickAt(QQuickItem *item, QPointF place, Qt::MouseButton mouseButton = Qt::LeftButton)
     {
         QTest::mouseClick(scene->window(), mouseButton, Qt::NoModifier, item->mapToScene(place).toPoint());
@@ -262,7 +243,7 @@ TEST_F(ExplorerScreenTest, ALongWayCollapsesIntoAMenu)
     EXPECT_NE(button(QStringLiteral("a folder with a long name 11")), nullptr);
     EXPECT_EQ(button(QStringLiteral("Deep")), nullptr);
     scene->click(ellipsis);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return isMenuOpen("collapsedMenu"); }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("collapsedMenu"); }, patience));
     scene->click(named(QStringLiteral("Deep"), QAccessible::MenuItem));
     EXPECT_EQ(store.currentFolder(), node("Deep"));
 }
@@ -323,7 +304,7 @@ TEST_F(ExplorerScreenTest, ARightClickOnARowOpensItsMenu)
 {
     show();
     clickAt(row(film), {150, 19}, Qt::RightButton);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return isMenuOpen("rowMenu"); }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("rowMenu"); }, patience));
     QQuickItem *select = named(QStringLiteral("Select for Removal"), QAccessible::MenuItem);
     ASSERT_NE(select, nullptr);
     EXPECT_TRUE(named(QStringLiteral("Open"), QAccessible::MenuItem)->isEnabled()) << "a file";
@@ -337,7 +318,7 @@ TEST_F(ExplorerScreenTest, ARightClickOnATileOpensItsMenu)
     const QPointF place =
         map()->layout().rect(map()->layout().indexOf(node("Projects").get())).topLeft() + QPointF(20, 8);
     clickAt(map(), place, Qt::RightButton);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return isMenuOpen("tileMenu"); }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("tileMenu"); }, patience));
     scene->click(named(QStringLiteral("Open"), QAccessible::MenuItem));
     EXPECT_EQ(store.currentFolder(), node("Projects"));
 }
@@ -347,7 +328,7 @@ TEST_F(ExplorerScreenTest, TheMenuKeyOpensTheMenuOfTheCurrentRow)
     show();
     list()->forceActiveFocus(Qt::TabFocusReason);
     scene->key(Qt::Key_Menu);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return isMenuOpen("rowMenu"); }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("rowMenu"); }, patience));
     EXPECT_TRUE(named(QStringLiteral("Open"), QAccessible::MenuItem)->isEnabled());
 }
 

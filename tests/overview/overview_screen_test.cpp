@@ -183,7 +183,7 @@ TEST_F(OverviewScreenTest, TheMenuKeyOpensTheMenuOfAnItem)
     scanAndShow();
     ASSERT_TRUE(tabTo(scene->item("overview.topFolders")));
     scene->key(Qt::Key_Menu);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->object("overviewMenu")->property("opened").toBool(); }, patience));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene->isOpen("overviewMenu"); }, patience));
 }
 
 TEST_F(OverviewScreenTest, TheKeyboardStartsAScan)

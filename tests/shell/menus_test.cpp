@@ -63,7 +63,7 @@ TEST(SplitButton, SecondHalfOpensTheMenuByMouseSpaceReturnAndDown)
             more->forceActiveFocus(Qt::TabFocusReason);
             scene.key(key);
         }
-        ASSERT_TRUE(QTest::qWaitFor([&] { return scene.object("menu")->property("opened").toBool(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return scene.isOpen("menu"); }));
         EXPECT_EQ(scene.window()->property("scans").toInt(), 0);
     }
 }
@@ -108,7 +108,7 @@ TEST(AppMenu, ClickChooses)
     const QuickScene scene(splitButton);
     ASSERT_TRUE(scene.isShown()) << qPrintable(scene.errors());
     scene.click(halves(scene).at(1));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return scene.object("menu")->property("opened").toBool(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene.isOpen("menu"); }));
     scene.click(scene.item("home"));
     EXPECT_EQ(chosen(scene), QStringLiteral("Scan Home Folder"));
 }
@@ -138,7 +138,7 @@ TEST(AppMenu, IsWideEnoughForItsLongestRow)
         })");
     ASSERT_TRUE(scene.isShown()) << qPrintable(scene.errors());
     QMetaObject::invokeMethod(scene.object("menu"), "open");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return scene.object("menu")->property("opened").toBool(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene.isOpen("menu"); }));
     EXPECT_GT(scene.object("menu")->property("width").toDouble(), 400);
 }
 

@@ -19,17 +19,25 @@ class QuickScene {
 public:
     /// `body` is placed in a Window of 600 x 400 points; imports other than Corvane.Shell go in `imports`.
     explicit QuickScene(const QByteArray &body, const QByteArray &imports = {})
+        : QuickScene(Document{"import QtQuick\nimport QtQuick.Window\nimport QtQuick.Controls.Basic\n"
+                              "import Corvane.Shell\n" +
+                              imports + "Window { width: 600; height: 400; visible: true; color: Theme.window\n" +
+                              body + "\n}"})
+    {
+    }
+    /// A whole QML file, whose root is a window.
+    struct Document {
+        QByteArray text;
+    };
+    explicit QuickScene(const Document &document)
     {
         setUpShell(m_engine);
         QQmlComponent component(&m_engine);
-        component.setData("import QtQuick\nimport QtQuick.Window\nimport QtQuick.Controls.Basic\n"
-                          "import Corvane.Shell\n" +
-                              imports + "Window { width: 600; height: 400; visible: true; color: Theme.window\n" +
-                              body + "\n}",
-                          QUrl(QStringLiteral("qrc:/scene.qml")));
+        component.setData(document.text, QUrl(QStringLiteral("qrc:/scene.qml")));
         m_window.reset(qobject_cast<QQuickWindow *>(component.create()));
         m_errors = component.errorString();
         if (m_window) {
+            m_window->show();
             m_window->requestActivate();
             m_shown = QTest::qWaitForWindowActive(m_window.get());
         }
@@ -38,6 +46,7 @@ public:
     [[nodiscard]] bool isShown() const { return m_shown; }
     [[nodiscard]] const QString &errors() const { return m_errors; }
     [[nodiscard]] QQuickWindow *window() const { return m_window.get(); }
+    [[nodiscard]] QQmlEngine &engine() { return m_engine; }
 
     /// The object with this objectName.
     [[nodiscard]] QObject *object(const char *name) const
@@ -46,10 +55,24 @@ public:
     }
     [[nodiscard]] QQuickItem *item(const char *name) const { return qobject_cast<QQuickItem *>(object(name)); }
 
+    /// Whether the sheet or menu with this objectName is open; it may be created when it is first opened.
+    [[nodiscard]] bool isOpen(const char *name) const
+    {
+        const QObject *const made = object(name);
+        return made != nullptr && made->property("opened").toBool();
+    }
+
     /// The first visible item that matches; null if there is none.
     [[nodiscard]] QQuickItem *find(const std::function<bool(QQuickItem *)> &rule) const
     {
         return findBelow(m_window->contentItem(), rule);
+    }
+    /// Calls `each` with every item that is visible and not transparent, parents before their children.
+    void visit(const std::function<void(QQuickItem &)> &each) const { visitBelow(*m_window->contentItem(), each); }
+    /// The visible item with this objectName; null if there is none.
+    [[nodiscard]] QQuickItem *visibleItem(const char *name) const
+    {
+        return find([&](QQuickItem *item) { return item->objectName() == QLatin1String(name); });
     }
     /// The visible item with this accessible name and role; null if there is none.
     [[nodiscard]] QQuickItem *named(const QString &name, QAccessible::Role role) const
@@ -99,6 +122,15 @@ private:
                 return found;
         }
         return nullptr;
+    }
+
+    static void visitBelow(QQuickItem &item, const std::function<void(QQuickItem &)> &each)
+    {
+        if (!item.isVisible() || item.opacity() == 0)
+            return;
+        each(item);
+        for (QQuickItem *child : item.childItems())
+            visitBelow(*child, each);
     }
 
     QQmlEngine m_engine;

@@ -30,6 +30,8 @@ public:
     /// Presses Tab until the item has the focus.
     [[nodiscard]] bool tabTo(const QQuickItem *item) const
     {
+        if (item == nullptr)
+            return false;
         for (int stops = 0; stops < 20 && !item->hasActiveFocus(); ++stops)
             key(Qt::Key_Tab);
         return item->hasActiveFocus();

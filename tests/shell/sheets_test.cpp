@@ -32,7 +32,7 @@ protected:
         scene.window()->setProperty("hard", destructive);
         scene.item("outside")->forceActiveFocus(Qt::TabFocusReason);
         QMetaObject::invokeMethod(scene.object("alert"), "open");
-        ASSERT_TRUE(QTest::qWaitFor([&] { return scene.object("alert")->property("opened").toBool(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return scene.isOpen("alert"); }));
     }
     [[nodiscard]] int count(const char *name) const { return scene.window()->property(name).toInt(); }
     [[nodiscard]] bool isClosed() const
@@ -127,7 +127,7 @@ TEST_F(AlertTest, ClickOutsideDoesNothing)
     open(true);
     QTest::mouseClick(scene.window(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 395));
     scene.click(scene.item("outside"));
-    EXPECT_TRUE(scene.object("alert")->property("opened").toBool());
+    EXPECT_TRUE(scene.isOpen("alert"));
     EXPECT_EQ(count("no"), 0);
 }
 

@@ -47,12 +47,7 @@ protected:
         scene->item("before")->forceActiveFocus(Qt::TabFocusReason);
     }
 
-    [[nodiscard]] bool isOpen(const char *sheet) const
-    {
-        // Created when first opened.
-        const QObject *const made = scene->object(sheet);
-        return made != nullptr && made->property("opened").toBool();
-    }
+    [[nodiscard]] bool isOpen(const char *sheet) const { return scene->isOpen(sheet); }
     [[nodiscard]] bool waitForOpen(const char *sheet) const
     {
         return QTest::qWaitFor([&] { return isOpen(sheet); });

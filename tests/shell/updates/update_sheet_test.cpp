@@ -22,7 +22,7 @@ protected:
     void open(Phase phase)
     {
         updates.become(phase);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return scene.object("update")->property("opened").toBool(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return scene.isOpen("update"); }));
     }
     [[nodiscard]] bool isClosed() const
     {
@@ -141,7 +141,7 @@ TEST_F(UpdateSheetTest, WhatIsFoundMeanwhileWaitsForAnotherSheet)
     QTest::qWait(20);
     EXPECT_FALSE(scene.object("update")->property("visible").toBool());
     scene.window()->setProperty("held", false);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return scene.object("update")->property("opened").toBool(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene.isOpen("update"); }));
     EXPECT_EQ(updates.session.ends, 0);
 }
 

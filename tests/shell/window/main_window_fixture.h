@@ -1,19 +1,13 @@
 #pragma once
 
 #include <functional>
-#include <memory>
+#include <optional>
 
 #include <gtest/gtest.h>
 
-#include <QQmlComponent>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickWindow>
-#include <QTest>
-
 #include "shell/fake_services.h"
+#include "shell/quick_scene.h"
 #include "shell/store_with_films.h"
-#include "shell/ui/shell_ui.h"
 #include "shell/without_motion.h"
 #include "support/patience.h"
 
@@ -50,29 +44,16 @@ protected:
     MainWindowTest()
     {
         services.defaults.setDidOnboard(true);
-        setUpShell(engine);
-        QQmlComponent component(&engine);
-        component.setData(mainWindowSource, QUrl(QStringLiteral("qrc:/scene.qml")));
-        window.reset(qobject_cast<QQuickWindow *>(component.create()));
-        errors = component.errorString();
+        scene.emplace(QuickScene::Document{mainWindowSource});
+        window = scene->window();
     }
 
-    void SetUp() override
-    {
-        ASSERT_NE(window, nullptr) << qPrintable(errors);
-        window->show();
-        window->requestActivate();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    }
+    void SetUp() override { ASSERT_TRUE(scene->isShown()) << qPrintable(scene->errors()); }
 
     /// The visible item with this objectName; null if it is hidden.
-    QQuickItem *item(const char *name) const { return find(window->contentItem(), QLatin1String(name)); }
-    QObject *object(const char *name) const { return window->findChild<QObject *>(QLatin1String(name)); }
-    bool isOpen(const char *sheet) const
-    {
-        const QObject *const made = object(sheet);
-        return made != nullptr && made->property("opened").toBool();
-    }
+    QQuickItem *item(const char *name) const { return scene->visibleItem(name); }
+    QObject *object(const char *name) const { return scene->object(name); }
+    bool isOpen(const char *sheet) const { return scene->isOpen(sheet); }
     bool isVisible(const char *sheet) const { return object(sheet)->property("visible").toBool(); }
 
     bool waitFor(const std::function<bool()> &condition) const { return QTest::qWaitFor(condition, patience); }
@@ -85,18 +66,13 @@ protected:
     {
         ASSERT_TRUE(waitForItem(name)) << name;
         window->grabWindow(); // forces layout
-        QQuickItem *target = item(name);
-        const QPointF centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
-        QTest::mouseClick(window.get(), Qt::LeftButton, Qt::NoModifier, centre.toPoint());
+        scene->click(item(name));
     }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(window.get(), key, modifiers);
-    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { scene->key(key, modifiers); }
     void scan()
     {
         store.scanHome();
-        ASSERT_TRUE(waitFor([this] { return store.phase() == StorageStore::Phase::ready; }));
+        ASSERT_TRUE(waitForReady());
     }
     void openReview()
     {
@@ -111,23 +87,8 @@ protected:
     }
 
     FakeServices services;
-    QQmlEngine engine;
-    std::unique_ptr<QQuickWindow> window;
-    QString errors;
-
-private:
-    static QQuickItem *find(QQuickItem *top, const QString &name)
-    {
-        if (!top->isVisible())
-            return nullptr;
-        if (top->objectName() == name)
-            return top;
-        for (QQuickItem *child : top->childItems()) {
-            if (QQuickItem *found = find(child, name))
-                return found;
-        }
-        return nullptr;
-    }
+    std::optional<QuickScene> scene;
+    QQuickWindow *window = nullptr;
 };
 
 } // namespace corvane

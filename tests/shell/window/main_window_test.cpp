@@ -29,7 +29,7 @@ TEST_F(MainWindowTest, HasItsMinimumSize)
 TEST_F(MainWindowTest, TheFirstKeyPressEndsTheUseOfThePointer)
 {
     EXPECT_TRUE(window->property("pointerInUse").toBool());
-    QTest::keyClick(window.get(), Qt::Key_Shift);
+    QTest::keyClick(window, Qt::Key_Shift);
     EXPECT_FALSE(window->property("pointerInUse").toBool());
 }
 
@@ -296,10 +296,10 @@ TEST_F(MainWindowTest, AFolderDroppedOnTheWindowIsScanned)
     data.setUrls({QUrl::fromLocalFile("/home/studio/Movies")});
     const QPoint place(700, 400);
     QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window.get(), &enter);
+    QCoreApplication::sendEvent(window, &enter);
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window.get(), &drop);
+    QCoreApplication::sendEvent(window, &drop);
     EXPECT_EQ(store.phase(), Phase::scanning);
     EXPECT_EQ(store.lastScanPath(), "/home/studio/Movies");
 }
@@ -317,7 +317,7 @@ TEST_F(MainWindowTest, ChoosingAFolderOpensTheDialog)
 TEST_F(MainWindowTest, WithoutAFolderDialogAToastNamesTheOtherWays)
 {
     NoFolderDialog missing;
-    engine.addUrlInterceptor(&missing);
+    scene->engine().addUrlInterceptor(&missing);
     for (int attempt = 0; attempt < 2; ++attempt) {
         key(Qt::Key_O, Qt::ControlModifier);
         ASSERT_TRUE(waitFor([this] { return store.toast().has_value(); }));
@@ -327,7 +327,7 @@ TEST_F(MainWindowTest, WithoutAFolderDialogAToastNamesTheOtherWays)
         EXPECT_EQ(object("folderDialog"), nullptr);
         store.dismissToast();
     }
-    engine.removeUrlInterceptor(&missing);
+    scene->engine().removeUrlInterceptor(&missing);
 }
 
 } // namespace
