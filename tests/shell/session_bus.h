@@ -34,6 +34,8 @@ public:
             return {};
         const QByteArray address = m_daemon.readLine().trimmed();
         qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        // Settings otherwise come from dconf, whose connection ends the process with SIGTERM when the bus goes.
+        qputenv("GSETTINGS_BACKEND", "memory");
         return QString::fromLatin1(address);
     }
 
