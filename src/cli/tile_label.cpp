@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "cli/character_width.h"
+#include "map/treemap_builder.h"
 
 namespace corvane {
 
@@ -18,7 +19,6 @@ struct LabelStyle {
     double leastTileHeightForSize;
 };
 
-constexpr double frameBand = 22;
 constexpr double frameGap = 26; ///< space in a frame besides the name and the size
 constexpr std::size_t leastCharacters = 8;
 
@@ -26,7 +26,7 @@ LabelStyle styleOf(TileColors::Role role)
 {
     switch (role) {
     case TileColors::Role::frame:
-        return {12, 600, 7, 15, 15, frameBand, frameBand};
+        return {12, 600, 7, 15, 15, TreemapBuilder::labelBand, TreemapBuilder::labelBand};
     case TileColors::Role::leaf:
         return {12, 600, 7, 16, 31, 24, 42};
     case TileColors::Role::nested:
