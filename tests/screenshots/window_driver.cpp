@@ -5,13 +5,12 @@
 #include <QImage>
 #include <QtTest/QTest>
 
+#include "support/patience.h"
+
 namespace corvane {
 
 namespace {
 
-// Milliseconds. Longer than in other tests: the search of the example's duplicates took more than 20 seconds while
-// other programs were built.
-constexpr int patience = 60'000;
 constexpr int stillness = 120; // milliseconds between two screenshots that must be identical
 constexpr QPoint nowhere{1, 1};
 

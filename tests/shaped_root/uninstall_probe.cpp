@@ -28,13 +28,11 @@
 #include "core/path_guard.h"
 #include "core/store/storage_store.h"
 #include "platform/host.h"
+#include "support/patience.h"
 
 namespace {
 
 using namespace corvane;
-
-// Milliseconds. Longer than in other tests: the probe reads a whole root from the disk.
-constexpr int patience = 60'000;
 
 void insist(bool holds, const char *what)
 {
