@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "cli/console.h"
 #include "cli/output.h"
 
 namespace corvane {
@@ -27,6 +28,18 @@ inline std::string writtenTo(const std::function<void(Output &)> &write)
     ::close(ends[0]);
     text.resize(static_cast<std::size_t>(count));
     return text;
+}
+
+/// Captures what is printed on a console.
+inline std::string printedOn(const std::function<void(Console &)> &print)
+{
+    testing::internal::CaptureStdout();
+    {
+        Console console;
+        print(console);
+        console.out.flush();
+    }
+    return testing::internal::GetCapturedStdout();
 }
 
 } // namespace corvane

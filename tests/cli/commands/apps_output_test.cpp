@@ -54,13 +54,7 @@ AppInventory::Result inventory()
 
 std::string table(const AppInventory::Result &result)
 {
-    testing::internal::CaptureStdout();
-    {
-        Console console;
-        writeAppsTable(result, now, utc, console);
-        console.out.flush();
-    }
-    return testing::internal::GetCapturedStdout();
+    return printedOn([&](Console &console) { writeAppsTable(result, now, utc, console); });
 }
 
 TEST(AppsJson, HasEveryFieldOfAppsAndGroupsInTheGivenOrder)

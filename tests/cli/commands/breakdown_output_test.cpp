@@ -68,13 +68,7 @@ json document(const DiskBreakdown &breakdown)
 
 std::string table(const DiskBreakdown &breakdown)
 {
-    testing::internal::CaptureStdout();
-    {
-        Console console;
-        writeBreakdownTable(breakdown, console);
-        console.out.flush();
-    }
-    return testing::internal::GetCapturedStdout();
+    return printedOn([&](Console &console) { writeBreakdownTable(breakdown, console); });
 }
 
 TEST(BreakdownJson, HasEveryFieldOfABreakdown)

@@ -40,13 +40,9 @@ CleanupItem closed(std::string_view id)
 std::string table(const std::vector<CleanupItem> &items, SystemKind kind = SystemKind::mac,
                   const std::vector<AdminCommand> &commands = {})
 {
-    testing::internal::CaptureStdout();
-    {
-        Console console;
+    return printedOn([&](Console &console) {
         writeCleanupTable({items, commands, cleanupTableOf(kind), "/home/u"}, console);
-        console.out.flush();
-    }
-    return testing::internal::GetCapturedStdout();
+    });
 }
 
 TEST(CleanupJson, HasEveryFieldOfAnItemInTheGivenOrder)

@@ -18,13 +18,7 @@ using nlohmann::json;
 
 std::string table(const std::vector<LocalSnapshot> &snapshots)
 {
-    testing::internal::CaptureStdout();
-    {
-        Console console;
-        writeSnapshotsTable(snapshots, console);
-        console.out.flush();
-    }
-    return testing::internal::GetCapturedStdout();
+    return printedOn([&](Console &console) { writeSnapshotsTable(snapshots, console); });
 }
 
 TEST(SnapshotsJson, OneThatTheUserCanDeleteComesWithItsCommandAndASizeWhereThatIsKnown)
@@ -74,13 +68,8 @@ TEST(SnapshotsTable, TheCommandStandsBeneathItsSnapshot)
     FakeHost fake;
     fake.files.addMount({"/", 1, "/", "/dev/sda1"});
     fake.files.addFolder("/timeshift/snapshots/2024-05-01_10-15-00");
-    testing::internal::CaptureStdout();
-    {
-        Console console;
-        EXPECT_EQ(snapshotsCommand().run({}, console, fake.host()), ExitStatus::done);
-        console.out.flush();
-    }
-    const std::string text = testing::internal::GetCapturedStdout();
+    const std::string text = printedOn(
+        [&](Console &console) { EXPECT_EQ(snapshotsCommand().run({}, console, fake.host()), ExitStatus::done); });
     EXPECT_TRUE(text.ends_with("  timeshift 2024-05-01_10-15-00\n"
                                "                  sudo timeshift --delete --snapshot 2024-05-01_10-15-00\n"))
         << text;
